@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace mergeloom {
+
+using ErrorNumber = std::uint32_t;
+
+/// The base of the errors that the program itself raises.
+inline constexpr ErrorNumber kAutomationErrorBase = 0x80040000;
+/// The program's own first error, 513 above the base: missing options, a drop on a field, a selection that
+/// cannot take a composite drop.
+inline constexpr ErrorNumber kApplicationError = kAutomationErrorBase + 513;
+
+/// Errors of the object models that callers tell apart by their number.
+inline constexpr ErrorNumber kSubscriptOutOfRange = 9;
+inline constexpr ErrorNumber kObjectDeleted = 5825;
+inline constexpr ErrorNumber kMemberNotFound = 5941;
+inline constexpr ErrorNumber kCommandFailed = 4198;
+inline constexpr ErrorNumber kFileCouldNotBeRead = 5792;
+inline constexpr ErrorNumber kFileCouldNotBeSaved = 5155;
+inline constexpr ErrorNumber kNotAvailable = 4605;
+
+/// An error with the number and the text that a caller of an automation interface would see.
+class AutomationError : public std::runtime_error {
+  public:
+    AutomationError(ErrorNumber number, const std::string& description)
+        : std::runtime_error(description), number_(number) {}
+
+    [[nodiscard]] ErrorNumber number() const { return number_; }
+    [[nodiscard]] std::string description() const { return what(); }
+
+  private:
+    ErrorNumber number_;
+};
+
+}  // namespace mergeloom

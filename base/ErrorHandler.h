@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "base/AutomationError.h"
+
+namespace mergeloom {
+
+/// What a procedure's trap knows of an unexpected error.
+struct ErrorReport {
+    ErrorNumber number = 0;
+    std::string description;
+    std::string comment;  ///< what the procedure was working on; may be empty
+    std::string module;
+    std::string procedure;
+};
+
+/// Where unexpected errors end: each procedure's trap reports here and then answers as its rules say.
+class ErrorHandler {
+  public:
+    ErrorHandler() = default;
+    ErrorHandler(const ErrorHandler&) = delete;
+    ErrorHandler& operator=(const ErrorHandler&) = delete;
+    virtual ~ErrorHandler() = default;
+
+    virtual void report(const ErrorReport& report) = 0;
+};
+
+}  // namespace mergeloom

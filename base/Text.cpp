@@ -1,0 +1,132 @@
+#include "base/Text.h"
+
+#include <algorithm>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kLastOfOneUnit = 0xFFFF;
+
+char toLower(char character) {
+    const bool capital = character >= 'A' && character <= 'Z';
+    return capital ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+std::int64_t unitsOf(char32_t codePoint) { return codePoint > kLastOfOneUnit ? 2 : 1; }
+
+}  // namespace
+
+char32_t takeCodePoint(std::string_view& text) {
+    const char* bytes = text.data();
+    std::int32_t next = 0;
+    const auto length = static_cast<std::int32_t>(std::min<std::size_t>(text.size(), 4));
+    UChar32 codePoint = 0;
+    U8_NEXT(bytes, next, length, codePoint);
+    text.remove_prefix(static_cast<std::size_t>(next));
+    return codePoint < 0 ? kReplacement : static_cast<char32_t>(codePoint);
+}
+
+char32_t firstCodePoint(std::string_view text) { return takeCodePoint(text); }
+
+void appendCodePoint(std::string& text, char32_t codePoint) {
+    char bytes[U8_MAX_LENGTH];
+    std::int32_t length = 0;
+    U8_APPEND_UNSAFE(bytes, length, codePoint);
+    text.append(bytes, static_cast<std::size_t>(length));
+}
+
+CharacterCount utf16Length(std::string_view text) {
+    // Every byte that does not continue a character starts one; those of four bytes take two units.
+    std::int64_t units = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        units += (byte & 0xC0) != 0x80 ? 1 : 0;
+        units += byte >= 0xF0 ? 1 : 0;
+    }
+    return {units};
+}
+
+std::size_t byteOffset(std::string_view text, CharacterCount units) {
+    std::string_view rest = text;
+    for (std::int64_t counted = 0; counted < units.value && !rest.empty();) {
+        counted += unitsOf(takeCodePoint(rest));
+    }
+    return text.size() - rest.size();
+}
+
+std::string_view lastCharacters(std::string_view text, CharacterCount units) {
+    const CharacterCount length = utf16Length(text);
+    if (length <= units) return text;
+    return text.substr(byteOffset(text, length - units));
+}
+
+std::string foldCase(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    while (!text.empty()) {
+        const auto codePoint = static_cast<UChar32>(takeCodePoint(text));
+        appendCodePoint(folded, static_cast<char32_t>(u_foldCase(codePoint, U_FOLD_CASE_DEFAULT)));
+    }
+    return folded;
+}
+
+bool equalsIgnoringCase(std::string_view a, std::string_view b) {
+    while (!a.empty() && !b.empty()) {
+        const auto left = static_cast<UChar32>(takeCodePoint(a));
+        const auto right = static_cast<UChar32>(takeCodePoint(b));
+        if (u_foldCase(left, U_FOLD_CASE_DEFAULT) != u_foldCase(right, U_FOLD_CASE_DEFAULT)) return false;
+    }
+    return a.empty() && b.empty();
+}
+
+std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from) {
+    if (from > text.size()) return std::string_view::npos;
+    const auto same = [](char a, char b) { return toLower(a) == toLower(b); };
+    const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
+    const auto found = std::search(start, text.end(), part.begin(), part.end(), same);
+    if (found == text.end() && !part.empty()) return std::string_view::npos;
+    return static_cast<std::size_t>(found - text.begin());
+}
+
+std::string toLowerAscii(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), toLower);
+    return lower;
+}
+
+std::string_view trimBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    for (std::size_t start = 0;;) {
+        const std::size_t end = text.find(separator, start);
+        pieces.push_back(text.substr(start, end - start));
+        if (end == std::string_view::npos) return pieces;
+        start = end + 1;
+    }
+}
+
+std::string replaceAll(std::string_view text, std::string_view part, std::string_view replacement) {
+    std::string result;
+    for (std::size_t start = 0;;) {
+        const std::size_t found = text.find(part, start);
+        result.append(text.substr(start, found - start));
+        if (found == std::string_view::npos) return result;
+        result.append(replacement);
+        start = found + part.size();
+    }
+}
+
+bool isNameLetter(char32_t codePoint) {
+    return codePoint <= kLastOfOneUnit && u_isalpha(static_cast<UChar32>(codePoint)) != 0;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Units.h"
+
+/// Text is UTF-8 throughout the program; these routines are the only places that look at its bytes.
+namespace mergeloom {
+
+/// The first code point of a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
+char32_t firstCodePoint(std::string_view text);
+
+/// Takes the first code point off a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
+char32_t takeCodePoint(std::string_view& text);
+
+void appendCodePoint(std::string& text, char32_t codePoint);
+
+/// How many UTF-16 code units a text has.
+CharacterCount utf16Length(std::string_view text);
+
+/// The byte offset at which the given number of UTF-16 code units of a text end; the text's size when it has
+/// fewer. A count that ends between the halves of a surrogate pair rounds up behind the character.
+std::size_t byteOffset(std::string_view text, CharacterCount units);
+
+/// The last characters of a text, at most the given number of UTF-16 code units; never half a character.
+std::string_view lastCharacters(std::string_view text, CharacterCount units);
+
+/// The text as it is compared where letter case does not count (simple case folding of Unicode).
+std::string foldCase(std::string_view text);
+bool equalsIgnoringCase(std::string_view a, std::string_view b);
+/// The byte offset of the first occurrence, ignoring ASCII case, at or after from; npos when there is none.
+std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from = 0);
+
+std::string toLowerAscii(std::string_view text);
+/// Takes blanks (U+0020 only) off both ends.
+std::string_view trimBlanks(std::string_view text);
+std::vector<std::string_view> split(std::string_view text, char separator);
+/// Replaces every occurrence of a non-empty part.
+std::string replaceAll(std::string_view text, std::string_view part, std::string_view replacement);
+
+/// A letter by its Unicode property that Word takes in a bookmark's name: one UTF-16 code unit long.
+bool isNameLetter(char32_t codePoint);
+constexpr bool isDigit(char32_t codePoint) { return codePoint >= U'0' && codePoint <= U'9'; }
+
+}  // namespace mergeloom

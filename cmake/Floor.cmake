@@ -1,0 +1,20 @@
+# A floor of the house is one static library. Its headers are reached through an include folder of its own
+# that holds nothing but a link to the floor's folder, so a file that includes a floor which its library does
+# not link to does not compile.
+
+# mergeloom_floor(NAME FOLDER SOURCES... ) adds the library mergeloom_NAME for the sources in FOLDER.
+function(mergeloom_floor name folder)
+  set(root ${CMAKE_BINARY_DIR}/include/${name})
+  get_filename_component(parent ${root}/${folder} DIRECTORY)
+  file(MAKE_DIRECTORY ${parent})
+  if(NOT EXISTS ${root}/${folder})
+    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+  endif()
+  if(ARGN)
+    add_library(mergeloom_${name} STATIC ${ARGN})
+    target_include_directories(mergeloom_${name} PUBLIC ${root})
+  else()
+    add_library(mergeloom_${name} INTERFACE)
+    target_include_directories(mergeloom_${name} INTERFACE ${root})
+  endif()
+endfunction()

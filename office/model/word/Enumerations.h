@@ -1,0 +1,23 @@
+#pragma once
+
+namespace mergeloom::word {
+
+/// WdSaveFormat: the numbers pass through SaveAs unchanged. Only those that code tells apart have names here;
+/// any other number of the enumeration may be cast to it.
+enum class WdSaveFormat : int {
+    wdFormatXMLDocument = 12,
+    wdFormatXMLDocumentMacroEnabled = 13,
+    wdFormatXMLTemplate = 14,
+    wdFormatXMLTemplateMacroEnabled = 15,
+};
+
+/// WdUnits, as far as ranges are moved by them.
+enum class WdUnits : int { wdCharacter = 1 };
+
+/// WdCollapseDirection.
+enum class WdCollapseDirection : int { wdCollapseEnd = 0, wdCollapseStart = 1 };
+
+/// WdSaveOptions.
+enum class WdSaveOptions : int { wdSaveChanges = -1, wdDoNotSaveChanges = 0 };
+
+}  // namespace mergeloom::word

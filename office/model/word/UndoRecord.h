@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "office/model/word/Forward.h"
+
+namespace mergeloom::word {
+
+/// Gathers what is done between start and end into one step that Document.Undo takes back whole.
+class UndoRecord : public Object {
+  public:
+    virtual void StartCustomRecord(const std::string& name) = 0;
+    virtual void EndCustomRecord() = 0;
+};
+
+}  // namespace mergeloom::word
