@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/AutomationError.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+/// What the program knows of Word's file formats. A format is its WdSaveFormat number; the numbers go to
+/// SaveAs unchanged.
+namespace mergeloom {
+
+inline constexpr int kWordDocument97 = 0;
+inline constexpr int kWordDocument = 12;
+/// Stands for whatever format Word saves in by default.
+inline constexpr int kWordDefaultFormat = 16;
+
+inline constexpr ErrorNumber kUnknownOfficeDocumentType = 30000;
+
+enum class WordOfficeDocumentType : int { Document = 1, Template = 2 };
+enum class LeadingDot { Without, With };
+
+/// The name that dialogs show for the format; empty for an unknown number.
+std::string wordFormatName(int format);
+
+/// The extension of the format; empty when it has none or is unknown. Format 16 has the extension of
+/// defaultFormat, the answer of wordDefaultSaveFormat for the Word at hand.
+std::string wordExtension(int format, LeadingDot dot = LeadingDot::Without,
+                          int defaultFormat = kWordDocument);
+
+/// The longer form of an extension that is written in two ways (without a dot); empty for all others.
+std::string secondWordExtension(std::string_view extension);
+
+/// Raises kUnknownOfficeDocumentType for a number outside 0 to 23.
+WordOfficeDocumentType wordOfficeDocumentType(int format);
+
+/// The pattern of a file dialog for the format, such as "*.htm;*.html".
+std::string wordFilter(int format, int defaultFormat = kWordDocument);
+
+/// The formats that dialogs offer, in their order there.
+std::span<const int> offeredWordFormats();
+
+/// The first offered format whose first or second extension is the given one (without a dot, in the same
+/// letter case); 0 when there is none.
+int wordFormatByExtension(std::string_view extension);
+
+/// The format that the value of Word's option DefaultSaveFormat stands for; a value that is not known, the
+/// empty one included, is the document format of that version (its major number).
+int wordDefaultSaveFormat(std::string_view defaultSaveFormat, int wordVersion);
+
+}  // namespace mergeloom

@@ -1,0 +1,48 @@
+#include "office/formats/mOfficeVersion.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+namespace {
+
+constexpr int kFirstFormat = -1;
+constexpr int kLastFormat = 24;
+
+TEST(OfficeVersion, ReadsTheMajorNumber) {
+    const struct {
+        std::string version;
+        int major;
+    } cases[] = {
+        {"16.0", 16}, {"11.0.8169", 11}, {" 9", 9}, {"", 0}, {"beta", 0}, {"300.1", 0}, {"-3", 0},
+    };
+    for (const auto& [version, major] : cases) {
+        EXPECT_EQ(majorOfficeVersion(version), major) << version;
+    }
+}
+
+TEST(OfficeVersion, DecidesWhatAWordCanSave) {
+    const struct {
+        int version;
+        std::vector<int> formats;
+    } cases[] = {
+        {10, {0, 1, 2, 3, 6, 8}},
+        {11, {0, 1, 2, 3, 6, 8, 11}},
+        {12, {0, 1, 2, 3, 6, 8, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 23}},
+        {13, {0, 1, 2, 3, 6, 8, 11, 12, 13, 14, 15, 16}},
+        {14, {0, 1, 2, 3, 6, 8, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 23}},
+    };
+    for (const auto& [version, formats] : cases) {
+        std::vector<int> saved;
+        for (int format = kFirstFormat; format <= kLastFormat; ++format) {
+            if (canWordSave(format, version)) saved.push_back(format);
+        }
+        EXPECT_EQ(saved, formats) << "version " << version;
+    }
+    EXPECT_TRUE(canWordSave(7, kUnknownOfficeVersion));
+}
+
+}  // namespace
+}  // namespace mergeloom
