@@ -15,6 +15,10 @@ class Range : public Object {
     virtual CharacterPosition Start() = 0;
     virtual CharacterPosition End() = 0;
 
+    /// Where the range stands: "body", or the kind of story with its number among those of the kind, such as
+    /// "header 1", "footnote 2" or "text box 1".
+    virtual std::string storyName() = 0;
+
     /// The text: a paragraph mark reads as CR, the mark of a cell as CR and U+0007.
     virtual std::string Text() = 0;
     /// Replaces the text; the range then covers the new text. CR, LF or both together end a paragraph. A
