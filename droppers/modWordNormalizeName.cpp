@@ -1,0 +1,85 @@
+#include "droppers/modWordNormalizeName.h"
+
+#include "base/Text.h"
+#include "droppers/BookmarkNames.h"
+
+#include <algorithm>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr CharacterCount kLongestBookmarkName{40};
+constexpr CharacterCount kLongestScannedName{255};
+
+bool beginsWithDigit(std::string_view text) {
+    return !text.empty() && isDigit(firstCodePoint(text));
+}
+
+std::string usableCharacters(std::string_view name) {
+    std::string result = beginsWithDigit(name) ? "x" : "";
+    while (!name.empty()) {
+        const char32_t character = takeCodePoint(name);
+        if (isNameLetter(character) || isDigit(character) || character == U'_') {
+            appendCodePoint(result, character);
+        }
+    }
+    return result;
+}
+
+/// Matches a whole text against a pattern in which "#" stands for one digit.
+bool matchesDigits(std::string_view text, std::string_view pattern) {
+    return std::ranges::equal(text, pattern, [](char character, char wanted) {
+        return wanted == '#' ? character >= '0' && character <= '9' : character == wanted;
+    });
+}
+
+/// Whether the bookmark is a further place of the name. The counter pushes the name's beginning out of the
+/// 40 characters, so as much of the name is left as the suffix leaves room for.
+bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
+    for (const std::string_view digits : {"##", "#"}) {
+        const std::string suffix = std::string(kFurtherPlaceSuffix) + std::string(digits);
+        const std::string_view rest = lastCharacters(name, kLongestBookmarkName - utf16Length(suffix));
+        if (matchesDigits(bookmarkName, std::string(rest) + suffix)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
+    if (rstrName.empty()) return {};
+    const std::string name = std::string(rstrName) + (vfAppendT ? "T" : "");
+    if (utf16Length(name) > kLongestScannedName) return {};
+
+    std::string result{lastCharacters(usableCharacters(name), kLongestBookmarkName)};
+    // A digit that only now stands first is replaced: a letter before it would break the 40 characters.
+    if (beginsWithDigit(result)) result.front() = 'x';
+    return result;
+}
+
+std::string SimplifyName(std::string_view vstrName) {
+    const std::string name = (beginsWithDigit(vstrName) ? "x" : "") + std::string(vstrName);
+    return RemoveChars(name, ". ");
+}
+
+std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars) {
+    std::string result;
+    while (!vstrText.empty()) {
+        const std::string_view rest = vstrText;
+        takeCodePoint(vstrText);
+        const std::string_view character = rest.substr(0, rest.size() - vstrText.size());
+        if (vstrChars.find(character) == std::string_view::npos) result += character;
+    }
+    return result;
+}
+
+bool IsBookmarkOfName(std::string_view vstrBaseName, std::string_view vstrBookmarkName) {
+    const std::string whole = std::string(vstrBaseName) + std::string(kBoundValueSuffix);
+    const std::string_view boundValueName = lastCharacters(whole, kLongestBookmarkName);
+    return equalsIgnoringCase(vstrBookmarkName, vstrBaseName) ||
+           equalsIgnoringCase(vstrBookmarkName, boundValueName) ||
+           isFurtherPlace(boundValueName, vstrBookmarkName) || isFurtherPlace(vstrBaseName, vstrBookmarkName);
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// The rules that make a bookmark's name from a name of the structure document. Characters are counted in
+/// UTF-16 code units.
+namespace mergeloom {
+
+/// The bookmark name for a name: letters, digits and "_" only, the last 40 characters at most, never a digit
+/// first. Empty when nothing usable is left, or when the name (with its "T") is longer than 255 characters.
+std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT);
+
+/// The name with "x" before a leading digit and without "." and blanks.
+std::string SimplifyName(std::string_view vstrName);
+
+/// The text without every character that occurs in vstrChars.
+std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars);
+
+/// Whether a bookmark's name was made from the base name: the name itself, its bound value, or a further
+/// place of either with a counter of one or two digits.
+bool IsBookmarkOfName(std::string_view vstrBaseName, std::string_view vstrBookmarkName);
+
+}  // namespace mergeloom
