@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "base/AutomationError.h"
+
+#include <string>
 
 namespace mergeloom {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/ByteSink.h"
+
 #include <functional>
 #include <string>
-
-#include "base/ByteSink.h"
 
 namespace mergeloom {
 

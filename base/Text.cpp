@@ -1,8 +1,11 @@
 #include "base/Text.h"
 
-#include <algorithm>
 #include <unicode/uchar.h>
+#include <unicode/utf16.h>
 #include <unicode/utf8.h>
+
+#include <algorithm>
+#include <cstring>
 
 namespace mergeloom {
 
@@ -10,13 +13,24 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kLastOfOneUnit = 0xFFFF;
+constexpr std::uint64_t kHighBitsOfEight = 0x8080808080808080;
 
 char toLower(char character) {
     const bool capital = character >= 'A' && character <= 'Z';
     return capital ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
-std::int64_t unitsOf(char32_t codePoint) { return codePoint > kLastOfOneUnit ? 2 : 1; }
+std::int64_t unitsOf(char32_t codePoint) {
+    return codePoint > kLastOfOneUnit ? 2 : 1;
+}
+
+/// Texts are mostly ASCII and long, so they are looked at in pieces of eight bytes.
+bool startsWithEightAscii(std::string_view text) {
+    std::uint64_t eight = 0;
+    if (text.size() < sizeof eight) return false;
+    std::memcpy(&eight, text.data(), sizeof eight);
+    return (eight & kHighBitsOfEight) == 0;
+}
 
 }  // namespace
 
@@ -30,22 +44,48 @@ char32_t takeCodePoint(std::string_view& text) {
     return codePoint < 0 ? kReplacement : static_cast<char32_t>(codePoint);
 }
 
-char32_t firstCodePoint(std::string_view text) { return takeCodePoint(text); }
+char32_t firstCodePoint(std::string_view text) {
+    return takeCodePoint(text);
+}
+
+bool isUtf8(std::string_view text) {
+    constexpr std::size_t kReplacementLength = 3;
+    while (!text.empty()) {
+        const std::size_t before = text.size();
+        if (takeCodePoint(text) == kReplacement && before - text.size() != kReplacementLength) return false;
+    }
+    return true;
+}
 
 void appendCodePoint(std::string& text, char32_t codePoint) {
     char bytes[U8_MAX_LENGTH];
     std::int32_t length = 0;
-    U8_APPEND_UNSAFE(bytes, length, codePoint);
+    const char32_t written =
+        U_IS_UNICODE_CHAR(codePoint) || U_IS_UNICODE_NONCHAR(codePoint) ? codePoint : kReplacement;
+    U8_APPEND_UNSAFE(bytes, length, written);
     text.append(bytes, static_cast<std::size_t>(length));
 }
 
+std::string fromUtf16(std::u16string_view units) {
+    std::string text;
+    text.reserve(units.size());
+    for (std::size_t next = 0; next < units.size();) {
+        char32_t codePoint = 0;
+        U16_NEXT(units, next, units.size(), codePoint);
+        appendCodePoint(text, codePoint);
+    }
+    return text;
+}
+
 CharacterCount utf16Length(std::string_view text) {
-    // Every byte that does not continue a character starts one; those of four bytes take two units.
     std::int64_t units = 0;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        units += (byte & 0xC0) != 0x80 ? 1 : 0;
-        units += byte >= 0xF0 ? 1 : 0;
+    while (!text.empty()) {
+        if (startsWithEightAscii(text)) {
+            units += 8;
+            text.remove_prefix(8);
+        } else {
+            units += unitsOf(takeCodePoint(text));
+        }
     }
     return {units};
 }

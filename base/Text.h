@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/Units.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "base/Units.h"
 
 /// Text is UTF-8 throughout the program; these routines are the only places that look at its bytes.
 namespace mergeloom {
@@ -16,7 +16,13 @@ char32_t firstCodePoint(std::string_view text);
 /// Takes the first code point off a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
 char32_t takeCodePoint(std::string_view& text);
 
+/// True when every byte of a text belongs to a well-formed UTF-8 character.
+bool isUtf8(std::string_view text);
+
+/// Half of a surrogate pair and a number beyond Unicode are written as U+FFFD.
 void appendCodePoint(std::string& text, char32_t codePoint);
+/// A surrogate that has lost its other half becomes U+FFFD.
+std::string fromUtf16(std::u16string_view units);
 
 /// How many UTF-16 code units a text has.
 CharacterCount utf16Length(std::string_view text);
@@ -43,6 +49,8 @@ std::string replaceAll(std::string_view text, std::string_view part, std::string
 
 /// A letter by its Unicode property that Word takes in a bookmark's name: one UTF-16 code unit long.
 bool isNameLetter(char32_t codePoint);
-constexpr bool isDigit(char32_t codePoint) { return codePoint >= U'0' && codePoint <= U'9'; }
+constexpr bool isDigit(char32_t codePoint) {
+    return codePoint >= U'0' && codePoint <= U'9';
+}
 
 }  // namespace mergeloom

@@ -1,0 +1,115 @@
+#include "base/DiskFileStore.h"
+
+#include "base/Paths.h"
+#include "base/SystemError.h"
+#include "base/TemporaryFile.h"
+
+#include <fcntl.h>
+#include <limits.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr int kMostLinks = 40;
+constexpr std::size_t kLeastGrowth = 64 * 1024;
+constexpr mode_t kPermissionBits = 07777;
+
+/// A file open for reading.
+class OpenFile {
+  public:
+    OpenFile(FileSystemCalls& calls, const std::string& path)
+        : calls_(calls),
+          path_(path),
+          file_(repeatInterrupted([&] { return calls.open(path.c_str(), O_RDONLY | O_CLOEXEC, 0); })) {
+        if (file_ < 0) raiseNotRead(path, errno);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() { calls_.close(file_); }
+
+    /// The size is only what is expected; what is there to be read counts.
+    std::string readAll(std::size_t expectedSize) {
+        // One byte more, so that the end shows without growing.
+        std::string bytes(expectedSize + 1, '\0');
+        for (std::size_t filled = 0;;) {
+            if (filled == bytes.size()) bytes.resize(filled + std::max(filled, kLeastGrowth));
+            const std::size_t count = readInto(bytes.data() + filled, bytes.size() - filled);
+            filled += count;
+            if (count > 0) continue;
+            bytes.resize(filled);
+            return bytes;
+        }
+    }
+
+  private:
+    std::size_t readInto(char* bytes, std::size_t count) {
+        const ssize_t taken = repeatInterrupted([&] { return calls_.read(file_, bytes, count); });
+        if (taken < 0) raiseNotRead(path_, errno);
+        return static_cast<std::size_t>(taken);
+    }
+
+    FileSystemCalls& calls_;
+    std::string path_;
+    int file_;
+};
+
+}  // namespace
+
+bool DiskFileStore::fileExists(const std::string& path) {
+    struct stat status {};
+    return calls_.stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+std::string DiskFileStore::read(const std::string& path) {
+    struct stat status {};
+    if (calls_.stat(path.c_str(), &status) < 0) raiseNotRead(path, errno);
+    const std::size_t size = S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
+    return OpenFile(calls_, path).readAll(size);
+}
+
+void DiskFileStore::save(const std::string& path, const std::function<void(ByteSink&)>& writer) {
+    const std::string target = followLinks(path);
+    TemporaryFile file(calls_, target, modeOf(target));
+    writer(file);
+    file.replaceTarget();
+}
+
+std::string DiskFileStore::followLinks(const std::string& path) {
+    std::string target = path;
+    for (int links = 0; links < kMostLinks; ++links) {
+        const std::optional<std::string> next = readLink(target);
+        if (!next) return target;
+        target = next->starts_with('/') ? *next : joinPath(parentFolder(target), *next);
+    }
+    raiseNotSaved(path, ELOOP);
+}
+
+std::optional<std::string> DiskFileStore::readLink(const std::string& path) {
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = calls_.readlink(path.c_str(), target.data(), target.size());
+    if (length >= 0) return std::string(target.data(), static_cast<std::size_t>(length));
+    const bool isNoLink = errno == EINVAL || errno == ENOENT;
+    if (!isNoLink) raiseNotSaved(path, errno);
+    return std::nullopt;
+}
+
+/// The permissions of the file that is to be replaced; none when there is no file yet.
+std::optional<mode_t> DiskFileStore::modeOf(const std::string& path) {
+    struct stat status {};
+    if (calls_.stat(path.c_str(), &status) < 0) {
+        if (errno == ENOENT) return std::nullopt;
+        raiseNotSaved(path, errno);
+    }
+    if (S_ISDIR(status.st_mode)) raiseNotSaved(path, EISDIR);
+    if (!S_ISREG(status.st_mode)) raiseNotSaved(path, "it is a device");
+    // A rename asks the folder alone, so a file that its owner protects has to be asked here.
+    if (calls_.access(path.c_str(), W_OK) < 0) raiseNotSaved(path, "it is write-protected");
+    return status.st_mode & kPermissionBits;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "base/FileSystemCalls.h"
+
+#include <optional>
+
+namespace mergeloom {
+
+/// The files of the disk.
+///
+/// A save writes a temporary file beside the target, brings it safely to the disk and renames it over the
+/// target: whoever reads sees the old file or the new one, whole. A symbolic link stays and the file that it
+/// leads to is replaced. The new file has the permissions of the one it replaces.
+class DiskFileStore final : public FileStore {
+  public:
+    explicit DiskFileStore(FileSystemCalls& calls = systemFileCalls()) : calls_(calls) {}
+
+    bool fileExists(const std::string& path) override;
+    std::string read(const std::string& path) override;
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
+
+  private:
+    std::string followLinks(const std::string& path);
+    std::optional<std::string> readLink(const std::string& path);
+    std::optional<mode_t> modeOf(const std::string& path);
+
+    FileSystemCalls& calls_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include <cstddef>
+
+namespace mergeloom {
+
+/// The system's calls on files, under the names and with the answers that POSIX.1 gives them: -1 and errno
+/// tell of a failure. A double of them shows what a save does when one of them fails.
+class FileSystemCalls {
+  public:
+    FileSystemCalls() = default;
+    FileSystemCalls(const FileSystemCalls&) = delete;
+    FileSystemCalls& operator=(const FileSystemCalls&) = delete;
+    virtual ~FileSystemCalls() = default;
+
+    virtual int open(const char* path, int flags, mode_t mode) = 0;
+    virtual ssize_t read(int file, void* bytes, std::size_t count) = 0;
+    virtual ssize_t write(int file, const void* bytes, std::size_t count) = 0;
+    virtual int fsync(int file) = 0;
+    virtual int fchmod(int file, mode_t mode) = 0;
+    virtual int close(int file) = 0;
+    virtual int stat(const char* path, struct stat* status) = 0;
+    virtual int access(const char* path, int mode) = 0;
+    virtual ssize_t readlink(const char* path, char* target, std::size_t size) = 0;
+    virtual int rename(const char* from, const char* to) = 0;
+    virtual int unlink(const char* path) = 0;
+};
+
+/// The calls of the system that the program runs on.
+FileSystemCalls& systemFileCalls();
+
+}  // namespace mergeloom

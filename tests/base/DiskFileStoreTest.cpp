@@ -1,0 +1,269 @@
+#include "base/AutomationError.h"
+#include "base/DiskFileStore.h"
+#include "doubles/FaultyFileSystemCalls.h"
+#include "doubles/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace mergeloom {
+namespace {
+
+using testing::AnyOf;
+using testing::HasSubstr;
+
+const std::string kOld = "the old file";
+/// Longer than the buffer, so that a save writes before its end.
+const std::string kNew(200 * 1024 + 1, 'n');
+
+void saveText(FileStore& store, const std::string& path, const std::string& text) {
+    store.save(path, [&](ByteSink& sink) {
+        for (std::size_t start = 0; start < text.size(); start += 30'000) {
+            sink.write(std::string_view(text).substr(start, 30'000));
+        }
+    });
+}
+
+std::string failureOf(const std::function<void()>& action, ErrorNumber number) {
+    try {
+        action();
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), number);
+        return error.description();
+    }
+    return "no failure";
+}
+
+mode_t modeOf(const std::string& path) {
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777;
+}
+
+TEST(DiskFileStore, ReadsWhatItSaved) {
+    const TemporaryFolder folder;
+    DiskFileStore store;
+    for (const std::size_t size : {0, 1, 65'535, 65'536, 65'537, 1'000'000}) {
+        std::string text(size, '\0');
+        std::generate(text.begin(), text.end(),
+                      [next = 0]() mutable { return static_cast<char>(next++ % 251); });
+        saveText(store, folder / "a file", text);
+        EXPECT_TRUE(store.read(folder / "a file") == text) << size;
+    }
+    store.save(folder / "a file", [](ByteSink& sink) {
+        sink.write(std::string_view("before "));
+        sink.write(kNew);
+        sink.write(std::string_view(" behind"));
+    });
+    EXPECT_TRUE(store.read(folder / "a file") == "before " + kNew + " behind");
+}
+
+TEST(DiskFileStore, LeavesTheOldFileWholeWhicheverCallFails) {
+    const TemporaryFolder folder;
+    for (int call = 1;; ++call) {
+        folder.put("orders.dotx", kOld);
+        FaultyFileSystemCalls calls(call, EIO);
+        DiskFileStore store(calls);
+        const std::string failure =
+            failureOf([&] { saveText(store, folder / "orders.dotx", kNew); }, kFileCouldNotBeSaved);
+        EXPECT_EQ(folder.entryCount(), 1) << "call " << call;
+        if (!calls.hasFailed()) {
+            EXPECT_GT(call, 12);
+            EXPECT_EQ(failure, "no failure");
+            EXPECT_TRUE(folder.bytesOf("orders.dotx") == kNew);
+            break;
+        }
+        // Only what comes after the rename may find the new file there, and the message says so.
+        const bool isReplaced = failure.find("was written") != std::string::npos;
+        EXPECT_TRUE(folder.bytesOf("orders.dotx") == (isReplaced || failure == "no failure" ? kNew : kOld))
+            << call;
+        EXPECT_THAT(failure, AnyOf("no failure", HasSubstr(folder / "orders.dotx")));
+    }
+}
+
+TEST(DiskFileStore, LeavesNothingOfANewFileWhicheverCallFails) {
+    const TemporaryFolder folder;
+    for (int call = 1;; ++call) {
+        FaultyFileSystemCalls calls(call, ENOSPC);
+        DiskFileStore store(calls);
+        const std::string failure =
+            failureOf([&] { saveText(store, folder / "orders.dotx", kNew); }, kFileCouldNotBeSaved);
+        if (!calls.hasFailed()) break;
+        const bool stands = failure == "no failure" || failure.find("was written") != std::string::npos;
+        EXPECT_EQ(folder.entryCount(), stands ? 1 : 0) << "call " << call;
+        EXPECT_TRUE(stands || failure.ends_with("the disk is full.")) << failure;
+        std::filesystem::remove(folder / "orders.dotx");
+    }
+}
+
+TEST(DiskFileStore, LetsTheWritersErrorPassAndKeepsTheOldFile) {
+    const TemporaryFolder folder;
+    folder.put("orders.dotx", kOld);
+    DiskFileStore store;
+    const auto failingWriter = [](ByteSink& sink) {
+        sink.write(kNew);
+        throw std::runtime_error("out of words");
+    };
+    EXPECT_THROW(store.save(folder / "orders.dotx", failingWriter), std::runtime_error);
+    EXPECT_EQ(folder.bytesOf("orders.dotx"), kOld);
+    EXPECT_EQ(folder.entryCount(), 1);
+}
+
+/// A system that is interrupted before every transfer and then moves only a few bytes.
+class HaltingCalls final : public FileSystemCalls {
+  public:
+    int open(const char* path, int flags, mode_t mode) override {
+        return halts() ? -1 : system_.open(path, flags, mode);
+    }
+    ssize_t read(int file, void* bytes, std::size_t count) override {
+        return halts() ? -1 : system_.read(file, bytes, std::min(count, kMost));
+    }
+    ssize_t write(int file, const void* bytes, std::size_t count) override {
+        return halts() ? -1 : system_.write(file, bytes, std::min(count, kMost));
+    }
+    int fsync(int file) override { return halts() ? -1 : system_.fsync(file); }
+    int fchmod(int file, mode_t mode) override { return system_.fchmod(file, mode); }
+    int close(int file) override {
+        system_.close(file);
+        errno = EINTR;
+        return -1;
+    }
+    int stat(const char* path, struct stat* status) override { return system_.stat(path, status); }
+    int access(const char* path, int mode) override { return system_.access(path, mode); }
+    ssize_t readlink(const char* path, char* target, std::size_t size) override {
+        return system_.readlink(path, target, size);
+    }
+    int rename(const char* from, const char* to) override { return system_.rename(from, to); }
+    int unlink(const char* path) override { return system_.unlink(path); }
+
+  private:
+    static constexpr std::size_t kMost = 1000;
+    bool halts() {
+        halts_ = !halts_;
+        errno = EINTR;
+        return halts_;
+    }
+
+    FileSystemCalls& system_ = systemFileCalls();
+    bool halts_ = false;
+};
+
+TEST(DiskFileStore, GoesOnAfterInterruptionsAndShortTransfers) {
+    const TemporaryFolder folder;
+    HaltingCalls calls;
+    DiskFileStore store(calls);
+    saveText(store, folder / "orders.dotx", kNew);
+    EXPECT_TRUE(store.read(folder / "orders.dotx") == kNew);
+    EXPECT_TRUE(folder.bytesOf("orders.dotx") == kNew);
+}
+
+TEST(DiskFileStore, FollowsLinksAndKeepsThem) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "real");
+    folder.put("real/orders.dotx", kOld);
+    std::filesystem::create_symlink("real/orders.dotx", folder / "near");
+    std::filesystem::create_symlink(folder / "near", folder / "far");
+    std::filesystem::create_symlink("real/new.dotx", folder / "dangling");
+    std::filesystem::create_symlink("circle", folder / "circle");
+    DiskFileStore store;
+    saveText(store, folder / "far", "new");
+    saveText(store, folder / "dangling", "newer");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "far"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "near"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "dangling"));
+    EXPECT_EQ(folder.bytesOf("real/orders.dotx"), "new");
+    EXPECT_EQ(folder.bytesOf("real/new.dotx"), "newer");
+    EXPECT_THAT(failureOf([&] { saveText(store, folder / "circle", "new"); }, kFileCouldNotBeSaved),
+                HasSubstr("circle"));
+}
+
+TEST(DiskFileStore, KeepsTheModeOfAFileAndGivesANewOneWhatTheMaskLeaves) {
+    const TemporaryFolder folder;
+    folder.put("old", kOld);
+    DiskFileStore store;
+    const mode_t mask = ::umask(027);
+    for (const mode_t mode : {0600U, 0664U, 0666U}) {
+        ASSERT_EQ(::chmod((folder / "old").c_str(), mode), 0);
+        saveText(store, folder / "old", "new");
+        EXPECT_EQ(modeOf(folder / "old"), mode);
+    }
+    saveText(store, folder / "new", "new");
+    EXPECT_EQ(modeOf(folder / "new"), 0640U);
+    ::umask(mask);
+}
+
+TEST(DiskFileStore, SavesUnderTheLongestNameOfTheDisk) {
+    const TemporaryFolder folder;
+    const std::string name(255, 'n');
+    DiskFileStore store;
+    saveText(store, folder / name, "new");
+    EXPECT_EQ(folder.bytesOf(name), "new");
+}
+
+TEST(DiskFileStore, PassesByTemporaryFilesThatAnEarlierProcessLeft) {
+    const TemporaryFolder folder;
+    const std::string left = ".mergeloom-" + std::to_string(::getpid()) + "-0.tmp";
+    folder.put(left, "left");
+    DiskFileStore store;
+    saveText(store, folder / "orders.dotx", "new");
+    EXPECT_EQ(folder.bytesOf("orders.dotx"), "new");
+    EXPECT_EQ(folder.bytesOf(left), "left");
+}
+
+TEST(DiskFileStore, SaysWhatIsWrongWithTheFile) {
+    const TemporaryFolder folder;
+    folder.put("plain", "");
+    DiskFileStore store;
+    const auto saving = [&](const std::string& name) {
+        return failureOf([&] { saveText(store, folder / name, "new"); }, kFileCouldNotBeSaved);
+    };
+    const auto reading = [&](const std::string& name) {
+        return failureOf([&] { (void)store.read(folder / name); }, kFileCouldNotBeRead);
+    };
+    const std::string notSaved = "' could not be saved: ";
+    const std::string notRead = "' could not be read: ";
+    const std::string file = "The file '" + folder.path();
+    EXPECT_EQ(saving("no/a"),
+              file + "/no/a" + notSaved + "the folder '" + folder.path() + "/no' does not exist.");
+    EXPECT_EQ(saving("plain/a"),
+              file + "/plain/a" + notSaved + "the folder '" + (folder / "plain") + "' does not exist.");
+    EXPECT_EQ(saving("."), file + "/." + notSaved + "it is a folder.");
+    EXPECT_EQ(reading("no"), file + "/no" + notRead + "it does not exist.");
+    EXPECT_EQ(reading("."), file + "/." + notRead + "it is a folder.");
+    EXPECT_FALSE(store.fileExists(folder.path()));
+    EXPECT_TRUE(store.fileExists(folder / "plain"));
+}
+
+TEST(DiskFileStore, SaysThatTheFolderOrTheFileIsProtected) {
+    if (::geteuid() == 0) {
+        // Nothing is protected from this user, so the system's answers are played.
+        const TemporaryFolder folder;
+        folder.put("old", kOld);
+        std::string failures;
+        for (int call = 1; call < 6; ++call) {
+            FaultyFileSystemCalls calls(call, EACCES);
+            DiskFileStore store(calls);
+            failures += failureOf([&] { saveText(store, folder / "old", "new"); }, kFileCouldNotBeSaved);
+        }
+        EXPECT_THAT(failures, HasSubstr("it is write-protected."));
+        EXPECT_THAT(failures, HasSubstr("the folder '" + folder.path() + "' cannot be written."));
+        return;
+    }
+    const TemporaryFolder folder;
+    folder.put("old", kOld);
+    DiskFileStore store;
+    ::chmod((folder / "old").c_str(), 0444);
+    EXPECT_THAT(failureOf([&] { saveText(store, folder / "old", "new"); }, kFileCouldNotBeSaved),
+                HasSubstr("it is write-protected."));
+    ::chmod(folder.path().c_str(), 0555);
+    EXPECT_THAT(failureOf([&] { saveText(store, folder / "new", "new"); }, kFileCouldNotBeSaved),
+                HasSubstr("cannot be written."));
+    ::chmod(folder.path().c_str(), 0755);
+}
+
+}  // namespace
+}  // namespace mergeloom
