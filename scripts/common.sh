@@ -1,0 +1,45 @@
+# shellcheck shell=bash
+# Shared by the scripts: what is told to whom. On a terminal every step and its output show; in a pipe only
+# failures and results do.
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
+
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+fi
+
+tell() {
+    if [ -t 2 ]; then echo "== $*" >&2; fi
+}
+
+# The last line of a script that cannot go on.
+fail() {
+    echo "$(basename "$0"): $*" >&2
+    exit 1
+}
+
+# run LABEL COMMAND...: runs the command; in a pipe its output shows only when it fails.
+run() {
+    local label=$1 log
+    shift
+    tell "$label"
+    if [ -t 1 ]; then
+        "$@" || fail "$label failed."
+        return
+    fi
+    log=$(mktemp)
+    if ! "$@" >"$log" 2>&1; then
+        cat "$log"
+        rm -f "$log"
+        fail "$label failed."
+    fi
+    rm -f "$log"
+}
+
+# build PRESET: configures once and builds what changed.
+build() {
+    if [ ! -f "build/$1/build.ninja" ]; then
+        run "Configuring $1" cmake --preset "$1"
+    fi
+    run "Building $1" cmake --build --preset "$1"
+}
