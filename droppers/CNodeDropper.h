@@ -1,0 +1,58 @@
+#pragma once
+
+#include "droppers/DropContext.h"
+#include "office/model/word/Document.h"
+#include "xml/TreeView.h"
+#include "xml/XmlNode.h"
+#include "xml/modNamedItems.h"
+
+#include <functional>
+
+namespace mergeloom {
+
+/// Decides what a dropped tree node stands for and hands it to the dropper that fits. A drop is one step of
+/// the document's undo list; a drop that is refused or fails leaves the document as it was.
+class CNodeDropper {
+  public:
+    CNodeDropper(ErrorHandler& errors, Messages& messages, PictureFinder findPicture, Progress& progress)
+        : errors_(errors), messages_(messages), findPicture_(std::move(findPicture)), progress_(progress) {}
+
+    /// Drops the node at the document's selection and tells whether something was dropped.
+    bool NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
+                  const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
+                  const FieldKeys* rcolFields);
+
+    /// Adds a place for an optional blank or line break, of each of which a document takes 20 at most.
+    bool SpecialDrop(DropKind item, const word::DocumentPtr& robjDocument);
+
+  private:
+    /// One call of NodeDrop.
+    struct Drop {
+        DropContext& context;
+        const TreeNode& node;
+        const word::DocumentPtr& document;
+    };
+    struct FieldOptions {
+        bool labelRequired = false;
+        bool boundValueUse = false;
+    };
+
+    bool dropAsOneStep(DropReports& reports, const Procedure& procedure, const word::DocumentPtr& document,
+                       const std::string& name, const std::function<bool()>& drop);
+    static bool dropNode(const Drop& drop);
+    static bool dropKind(const Drop& drop, DropKind kind);
+    static bool dropObject(const Drop& drop, const XmlNode& element);
+    static bool dropControl(const Drop& drop, const XmlNode& element);
+
+    static bool fieldDrop(const Drop& drop, const TreeNode& control, const FieldOptions& options);
+    static bool formDrop(const Drop& drop, const XmlNode& element);
+    static bool tableDrop(const Drop& drop, const XmlNode& element);
+    static bool labelDocumentDrop(const Drop& drop, const XmlNode& element);
+
+    ErrorHandler& errors_;
+    Messages& messages_;
+    PictureFinder findPicture_;
+    Progress& progress_;
+};
+
+}  // namespace mergeloom

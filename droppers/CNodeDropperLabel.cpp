@@ -1,0 +1,36 @@
+#include "droppers/CNodeDropperLabel.h"
+
+#include "droppers/modBookmarkAdd.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Selection.h"
+#include "xml/modMSXMLHelper.h"
+
+#include <string>
+
+namespace mergeloom {
+
+namespace {
+
+std::string asLabel(std::string caption) {
+    if (!caption.ends_with(':')) caption += ':';
+    return caption + " ";
+}
+
+}  // namespace
+
+bool CNodeDropperLabel::LabelDrop(const XmlNode& robjXMLNode, const word::DocumentPtr& robjDocument,
+                                  bool vfAddTab) {
+    return reports_.trap({"CNodeDropperLabel", "LabelDrop"}, [&] {
+        if (!robjDocument || !robjXMLNode) return false;
+        const word::SelectionPtr selection = robjDocument->Application()->Selection();
+        TouchingBookmarks unused;
+        if (!ValidateBookmark(reports_, *selection->Range(), unused)) return false;
+
+        const std::string caption = GetControlCaption(reports_, robjXMLNode);
+        if (caption.empty()) return false;
+        selection->TypeText(vfAddTab ? asLabel(caption) : caption);
+        return true;
+    });
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "droppers/DropReports.h"
+#include "office/model/word/Document.h"
+#include "xml/XmlNode.h"
+
+namespace mergeloom {
+
+/// Types the caption of a structure node as plain text.
+class CNodeDropperLabel {
+  public:
+    explicit CNodeDropperLabel(DropReports& reports) : reports_(reports) {}
+
+    /// Types the caption over the selection and tells whether a text was typed. With vfAddTab the caption
+    /// ends in a colon and a blank.
+    bool LabelDrop(const XmlNode& robjXMLNode, const word::DocumentPtr& robjDocument, bool vfAddTab);
+
+  private:
+    DropReports& reports_;
+};
+
+}  // namespace mergeloom

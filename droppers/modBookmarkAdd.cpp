@@ -1,0 +1,133 @@
+#include "droppers/modBookmarkAdd.h"
+
+#include "base/Text.h"
+#include "droppers/BookmarkNames.h"
+#include "droppers/CellCount.h"
+#include "droppers/modWordNormalizeName.h"
+#include "office/model/word/Bookmarks.h"
+#include "office/model/word/InlineShapes.h"
+#include "xml/modNamedItems.h"
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kModule = "modBookmarkAdd";
+
+/// The guard characters at the two sides of a new place, empty where no other bookmark touches it.
+struct Guards {
+    std::string leading;
+    std::string trailing;
+};
+
+bool isField(word::Bookmark& bookmark) {
+    return equalsIgnoringCase(bookmark.Range()->Text(), bookmark.Name());
+}
+
+/// Finds the bookmarks that touch the range; false when a field lies there.
+bool findTouching(word::Range& range, TouchingBookmarks& touching) {
+    const word::BookmarksPtr bookmarks = range.Bookmarks();
+    const int count = bookmarks->Count();
+    if (count == 0 || cellCount(range) >= 2) return true;
+
+    for (int number = 1; number <= count; ++number) {
+        const word::BookmarkPtr bookmark = bookmarks->Item(number);
+        if (coversSeveralCells(*bookmark->Range())) continue;
+        if (bookmark->Start() == range.Start()) {
+            touching.atStart = bookmark;
+        } else if (isField(*bookmark)) {
+            return false;
+        }
+    }
+    const word::RangePtr previous = range.Previous(word::WdUnits::wdCharacter, 1);
+    if (!previous) return true;
+    const word::BookmarksPtr onPrevious = previous->Bookmarks();
+    if (onPrevious->Count() == 1) touching.before = onPrevious->Item(1);
+    return true;
+}
+
+Guards guardsAgainst(const TouchingBookmarks& touching) {
+    return {touching.before ? ZeroWidthJoiner() : "", touching.atStart ? ZeroWidthJoiner() : ""};
+}
+
+void writePicture(word::Range& range, const std::string& pictureFile) {
+    range.SetText(" ");
+    range.InlineShapes()->AddPicture(pictureFile);
+}
+
+void writeText(word::Range& range, const std::string& placeholder, const Guards& guards) {
+    const bool isEmpty = range.Start() == range.End();
+    // Writing a range's own text back would cost its formatting and its pictures.
+    if (!isEmpty && guards.leading.empty() && guards.trailing.empty()) return;
+    range.SetText(guards.leading + (isEmpty ? placeholder : range.Text()) + guards.trailing);
+}
+
+/// Moves a bookmark's start behind a text that was written where it starts. A bookmark whose text was
+/// replaced is gone.
+void moveStartBehind(word::Document& document, const std::string& bookmarkName, CharacterCount length) {
+    const word::BookmarksPtr bookmarks = document.Bookmarks();
+    if (!bookmarks->Exists(bookmarkName)) return;
+    const word::BookmarkPtr bookmark = bookmarks->Item(bookmarkName);
+    bookmark->SetStart(bookmark->Start() + length);
+}
+
+/// Writes what the place shows and returns the guards that stand around it.
+Guards fillRange(word::Document& document, word::Range& range, const TouchingBookmarks& touching,
+                 const std::string& name, const PlaceContent& content) {
+    if (coversSeveralCells(range)) return {};
+    if (!content.pictureFile.empty()) {
+        writePicture(range, content.pictureFile);
+        return {};
+    }
+    const Guards guards = guardsAgainst(touching);
+    const std::string atStart = touching.atStart ? touching.atStart->Name() : "";
+    writeText(range, content.text.empty() ? name : content.text, guards);
+    if (!atStart.empty()) moveStartBehind(document, atStart, range.End() - range.Start());
+    return guards;
+}
+
+/// The name, or the first of its further names that no bookmark of the document has.
+std::string freeName(word::Bookmarks& bookmarks, const std::string& name) {
+    if (!bookmarks.Exists(name)) return name;
+    const std::string stem = name + std::string(kFurtherPlaceSuffix);
+    return stem + std::to_string(bookmarks.firstFreeCounter(stem));
+}
+
+void leaveOut(word::Bookmark& bookmark, const Guards& guards) {
+    if (!guards.leading.empty()) bookmark.SetStart(bookmark.Start() + utf16Length(guards.leading));
+    if (!guards.trailing.empty()) bookmark.SetEnd(bookmark.End() - utf16Length(guards.trailing));
+}
+
+}  // namespace
+
+bool ValidateBookmark(DropReports& reports, word::Range& robjRange, TouchingBookmarks& touching) {
+    return reports.trap({kModule, "ValidateBookmark"}, [&] {
+        if (findTouching(robjRange, touching)) return true;
+        return reports.refuse("Do not drop fields on top of existing fields.");
+    });
+}
+
+word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDocument, word::Range& robjRange,
+                                   std::string& rstrName, const PlaceContent& content) {
+    TouchingBookmarks touching;
+    if (!ValidateBookmark(reports, robjRange, touching)) return {};
+
+    word::BookmarkPtr added;
+    std::string candidate;
+    const auto add = [&] {
+        const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
+        rstrName.insert(0, content.prefix);
+        if (content.boundValueUse) rstrName += kBoundValueSuffix;
+        // Whether a name is taken is asked before it is shortened to a bookmark's name.
+        const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
+        candidate = freeName(*bookmarks, rstrName);
+        candidate = WordNormalizeName(candidate, false);
+        added = bookmarks->Add(candidate, robjRange);
+        leaveOut(*added, guards);
+        return true;
+    };
+    reports.trap({kModule, "rWordBookmarkAdd"}, add, [&] { return "Bookmark Name = '" + candidate + "'"; });
+    return added;
+}
+
+}  // namespace mergeloom
