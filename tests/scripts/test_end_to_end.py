@@ -1,6 +1,7 @@
 """Runs the program as its users do and reads what it wrote with programs of other makers.
 
-MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Where MERGELOOM_VALIDATOR names a
+validator of Office Open XML, it judges every document, too.
 """
 import json
 import os
@@ -14,6 +15,7 @@ from pathlib import Path
 import read_docx
 
 PROGRAM = os.environ["MERGELOOM"]
+VALIDATOR = os.environ.get("MERGELOOM_VALIDATOR")
 ROOT = Path(os.environ["MERGELOOM_ROOT"])
 SAMPLE = ROOT / "samples" / "orders.xml"
 
@@ -66,7 +68,13 @@ class Mapping(unittest.TestCase):
         done = run("--exit-status", "-xmlfile", structure, "-template", target, "-hidden", *more)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
         self.assertTrue(target.exists(), done.stdout + done.stderr)
-        return done
+        self.validate(target)
+
+    def validate(self, document):
+        """The document keeps to the schemas of the standard."""
+        if VALIDATOR:
+            judged = subprocess.run([VALIDATOR, document], capture_output=True, text=True, check=False)
+            self.assertEqual(json.loads(judged.stdout)["errors"], [])
 
     def write_form(self):
         structure = self.folder / "letter.xml"
