@@ -8,15 +8,16 @@
 namespace mergeloom {
 
 /// Runs the body of a procedure under its trap: an error ends the body and goes to the error handler under
-/// the procedure's name.
+/// the procedure's name, with the comment as it reads then.
 template <typename Body>
-void trap(ErrorHandler& errors, const char* module, const char* procedure, const Body& body) {
+void trap(ErrorHandler& errors, const char* module, const char* procedure, const Body& body,
+          const std::string& comment = {}) {
     try {
         body();
     } catch (const AutomationError& error) {
-        errors.report({error.number(), error.description(), {}, module, procedure});
+        errors.report({error.number(), error.description(), comment, module, procedure});
     } catch (const std::exception& error) {
-        errors.report({0, error.what(), {}, module, procedure});
+        errors.report({0, error.what(), comment, module, procedure});
     }
 }
 

@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
-struct _xmlNode;
+namespace pugi {
+struct xml_node_struct;
+}
 
 namespace mergeloom {
 
@@ -16,12 +18,12 @@ class XmlNode {
     enum class Type { Element = 1, Text = 3, CData = 4, ProcessingInstruction = 7, Comment = 8, Other = 0 };
 
     XmlNode() = default;
-    explicit XmlNode(_xmlNode* node) : node_(node) {}
+    explicit XmlNode(pugi::xml_node_struct* node) : node_(node) {}
 
     explicit operator bool() const { return node_ != nullptr; }
     friend bool operator==(const XmlNode&, const XmlNode&) = default;
 
-    /// The qualified name of an element; "#text" and the like for other nodes.
+    /// The qualified name of an element; "#text" and the like for other nodes; empty for none.
     [[nodiscard]] std::string_view nodeName() const;
     [[nodiscard]] Type nodeType() const;
     [[nodiscard]] XmlNode parentNode() const;
@@ -33,17 +35,18 @@ class XmlNode {
     /// Attributes.GetNamedItem(name).nodeValue: the name is matched exactly.
     [[nodiscard]] std::optional<std::string> namedAttribute(const char* name) const;
     [[nodiscard]] std::size_t attributeCount() const;
+    /// Attributes in the order in which they are written; namespace declarations do not count.
     [[nodiscard]] std::string_view attributeName(std::size_t index) const;
-    [[nodiscard]] std::string attributeValue(std::size_t index) const;
+    [[nodiscard]] std::string_view attributeValue(std::size_t index) const;
 
     /// The first node in document order that an XPath 1.0 expression selects from here, or none. Raises an
     /// AutomationError for an expression that does not parse.
     [[nodiscard]] XmlNode selectSingleNode(const std::string& expression) const;
 
-    [[nodiscard]] _xmlNode* handle() const { return node_; }
+    [[nodiscard]] pugi::xml_node_struct* handle() const { return node_; }
 
   private:
-    _xmlNode* node_ = nullptr;
+    pugi::xml_node_struct* node_ = nullptr;
 };
 
 }  // namespace mergeloom

@@ -1,0 +1,27 @@
+#include "xml/COptions.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "xml/modMSXMLHelper.h"
+
+namespace mergeloom {
+
+void COptions::init(XmlNode documentElement) {
+    const XmlNode options = SearchNodeNotCaseSensitive(errors_, documentElement, "Options");
+    const XmlNode locations = SearchNodeNotCaseSensitive(errors_, options, "FileLocations");
+    if (!locations) {
+        throw AutomationError(kApplicationError,
+                              "The structure document has no Options element with a FileLocations element.");
+    }
+    const std::size_t count = locations.attributeCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string_view name = locations.attributeName(i);
+        if (equalsIgnoringCase(name, "DocumentsFolder")) {
+            documentsFolder_ = locations.attributeValue(i);
+        } else if (equalsIgnoringCase(name, "TemplatesFolder")) {
+            templatesFolder_ = locations.attributeValue(i);
+        }
+    }
+}
+
+}  // namespace mergeloom

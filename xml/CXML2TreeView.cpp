@@ -1,0 +1,174 @@
+#include "xml/CXML2TreeView.h"
+
+#include "base/Text.h"
+#include "base/Trap.h"
+#include "xml/modMSXMLHelper.h"
+
+#include <charconv>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kClass = "CXML2TreeView";
+constexpr ErrorNumber kTypeMismatch = 13;
+
+constexpr int kFormState = 1;
+constexpr int kDatasheetState = 2;
+constexpr const char* kFormImage = "Form";
+constexpr const char* kDatasheetImage = "Datasheet";
+
+/// The tag of a control without a section: the number of the detail section.
+constexpr const char* kDetailSection = "0";
+
+std::optional<int> wholeNumber(std::string_view text) {
+    text = trimBlanks(text);
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+bool isControl(XmlNode node) {
+    return node.nodeType() == XmlNode::Type::Element &&
+           structureElementOf(node.nodeName()) == StructureElement::Control;
+}
+
+std::string objectText(XmlNode object) {
+    const auto name = object.namedAttribute(AttributeName(Attribute::Name).c_str());
+    const std::string element(object.nodeName());
+    return name ? element + " \"" + *name + '"' : element;
+}
+
+int objectView(XmlNode object) {
+    const auto view = object.namedAttribute(AttributeName(Attribute::CurrentView).c_str());
+    if (!view) return 0;
+    if (const std::optional<int> number = wholeNumber(*view)) return *number;
+    throw AutomationError(kTypeMismatch,
+                          "The CurrentView '" + *view + "' of " + objectText(object) + " is no whole number.");
+}
+
+/// The icon of what has no view: that of its control type. What is no known control, such as a table without
+/// a view, gets the icon of the controls that are of no other kind.
+std::string typeImage(const std::string& typeName) {
+    const ControlType type = controlTypeOf(typeName);
+    return ControlTypeName(type == ControlType::Unknown ? ControlType::CustomControl : type);
+}
+
+void markView(TreeNode& node, const std::string& typeName, int viewState, bool showIcons) {
+    const bool hasView = viewState == kDatasheetState || viewState == kFormState;
+    if (hasView) node.SetTag(std::to_string(viewState));
+    if (!showIcons) return;
+    const char* const viewImage = viewState == kDatasheetState ? kDatasheetImage : kFormImage;
+    node.SetImage(hasView ? viewImage : typeImage(typeName));
+}
+
+}  // namespace
+
+void CXML2TreeView::DisplayXMLNode(int parentIndex, XmlNode node, bool showIcons) {
+    trap(errors_, kClass, "DisplayXMLNode", [&] {
+        if (node) displayNode(parentIndex, node, showIcons);
+    });
+}
+
+// Recurses through DisplayXMLNode: the loader keeps documents from being nested deep.
+void CXML2TreeView::displayNode(int parentIndex, XmlNode node, bool showIcons) {
+    std::string typeName;
+    int viewState = 0;
+    const std::string text = FormatNodeString(node, typeName, viewState);
+    TreeNode* shown = nullptr;
+    if (!text.empty()) {
+        shown = &addNode(parentIndex, node, text);
+        markView(*shown, typeName, viewState, showIcons);
+    }
+    if (!node.firstChild()) {
+        if (shown != nullptr && isControl(node)) addDropKinds(*shown, node);
+        return;
+    }
+    if (structureElementOf(node.nodeName()) == StructureElement::Data) return;
+    const int childrenParent = shown != nullptr ? shown->Index() : parentIndex;
+    for (XmlNode child = node.firstChild(); child; child = child.nextSibling()) {
+        DisplayXMLNode(childrenParent, child, showIcons);
+    }
+}
+
+TreeNode& CXML2TreeView::addNode(int parentIndex, XmlNode node, const std::string& text) {
+    return tree_.Add(parentIndex, xmlNodes_.Add(node), text);
+}
+
+void CXML2TreeView::addDropKinds(TreeNode& controlNode, XmlNode control) {
+    const auto section = control.namedAttribute(AttributeName(Attribute::Section).c_str());
+    controlNode.SetTag(section.value_or(kDetailSection));
+    const bool picture = !document_.findPicture(GetAttributeValue(control, Attribute::Image)).empty();
+    addDropKind(controlNode, DropKind::Label);
+    addDropKind(controlNode, picture ? DropKind::Image : DropKind::Value);
+    addDropKind(controlNode, picture ? DropKind::LabelAndImage : DropKind::LabelAndValue);
+
+    const TreeNode* const parent = controlNode.Parent();
+    const XmlNode parentElement = parent != nullptr ? xmlNodes_.Item(parent->Key()) : XmlNode();
+    if (ContolHasBoundValue(control, parentElement)) addDropKind(controlNode, DropKind::BoundValue);
+}
+
+void CXML2TreeView::addDropKind(TreeNode& controlNode, DropKind kind) {
+    const std::string name = DropKindName(kind);
+    tree_.Add(controlNode.Index(), 0, name).SetTag(name);
+}
+
+std::string CXML2TreeView::FormatNodeString(XmlNode node, std::string& typeName, int& viewState) {
+    std::string text;
+    trap(errors_, kClass, "FormatNodeString", [&] {
+        if (node.nodeType() != XmlNode::Type::Element) return;
+        switch (structureElementOf(node.nodeName())) {
+            case StructureElement::Table:
+            case StructureElement::Query:
+            case StructureElement::Form:
+                if (isControl(node.parentNode())) break;
+                text = objectText(node);
+                typeName = node.nodeName();
+                viewState = objectView(node);
+                break;
+            case StructureElement::Control:
+                text = controlText(node, typeName, viewState);
+                break;
+            default:
+                break;
+        }
+    });
+    return text;
+}
+
+std::string CXML2TreeView::controlText(XmlNode control, std::string& typeName, int& viewState) {
+    std::string text = GetControlCaption(errors_, control);
+    if (text.ends_with(':')) {
+        text.pop_back();
+        text = trimBlanks(text);
+    }
+    const auto type = control.namedAttribute(AttributeName(Attribute::ControlType).c_str());
+    if (!type) return text;
+    typeName = *type;
+    if (controlTypeOf(typeName) == ControlType::TabControl) return {};
+    if (controlTypeOf(typeName) != ControlType::Subform) return text;
+
+    const XmlNode form = control.firstChild();
+    if (const auto recordset = form.namedAttribute(AttributeName(Attribute::HasRecordset).c_str())) {
+        viewState = wholeNumber(*recordset) == 1 ? kDatasheetState : kFormState;
+    }
+    return text;
+}
+
+bool CXML2TreeView::ContolHasBoundValue(XmlNode controlNode, XmlNode parentNode) {
+    bool hasBoundValue = false;
+    trap(errors_, kClass, "ContolHasBoundValue", [&] {
+        if (!boundValues_) {
+            boundValues_.emplace(SearchNodeNotCaseSensitive(
+                errors_, document_.documentElement(), StructureElementName(StructureElement::Data)));
+        }
+        const std::string outerName =
+            isControl(parentNode) ? GetAttributeValue(parentNode, Attribute::Name) : std::string();
+        hasBoundValue =
+            boundValues_->hasBoundValue(outerName, GetAttributeValue(controlNode, Attribute::Name));
+    });
+    return hasBoundValue;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,92 @@
+#include "xml/NodeBuilder.h"
+
+#include <new>
+
+namespace mergeloom {
+
+namespace {
+
+/// White space as XML 1.0 defines it (production 3).
+constexpr const char* kWhiteSpace = " \t\r\n";
+
+/// The length of "<a/>".
+constexpr std::size_t kSmallestNode = 4;
+
+/// The tree tells of exhausted memory by an answer that is false.
+void require(bool done) {
+    if (!done) throw std::bad_alloc();
+}
+
+template <typename Named>
+void setQualifiedName(Named named, const char* prefix, const char* localName) {
+    if (prefix == nullptr) {
+        require(named.set_name(localName));
+    } else {
+        require(named.set_name((std::string(prefix) + ":" + localName).c_str()));
+    }
+}
+
+}  // namespace
+
+void NodeBuilder::startElement(const char* prefix, const char* localName) {
+    if (++depth_ > kDeepestNesting) {
+        throw DocumentRefused("Elements are nested more than " + std::to_string(kDeepestNesting) +
+                              " levels deep");
+    }
+    current_ = appendChild(pugi::node_element);
+    setQualifiedName(current_, prefix, localName);
+}
+
+void NodeBuilder::addAttribute(const char* prefix, const char* localName, std::string_view value) {
+    pugi::xml_attribute attribute = current_.append_attribute("");
+    require(!attribute.empty());
+    setQualifiedName(attribute, prefix, localName);
+    require(attribute.set_value(value.data(), value.size()));
+    size_ += value.size();
+}
+
+void NodeBuilder::endElement() {
+    finishText();
+    current_ = current_.parent();
+    --depth_;
+}
+
+void NodeBuilder::addText(std::string_view text) {
+    text_ += text;
+    size_ += text.size();
+}
+
+void NodeBuilder::addCData(std::string_view text) {
+    size_ += text.size();
+    require(appendChild(pugi::node_cdata).set_value(text.data(), text.size()));
+}
+
+void NodeBuilder::addComment(const char* text) {
+    // What stands around the document element is of no use to anyone.
+    if (depth_ > 0) require(appendChild(pugi::node_comment).set_value(text));
+}
+
+void NodeBuilder::addProcessingInstruction(const char* target, const char* data) {
+    if (depth_ == 0) return;
+    pugi::xml_node instruction = appendChild(pugi::node_pi);
+    require(instruction.set_name(target));
+    require(instruction.set_value(data == nullptr ? "" : data));
+}
+
+pugi::xml_node NodeBuilder::appendChild(pugi::xml_node_type type) {
+    finishText();
+    pugi::xml_node child = current_.append_child(type);
+    require(!child.empty());
+    size_ += kSmallestNode;
+    return child;
+}
+
+void NodeBuilder::finishText() {
+    if (text_.find_first_not_of(kWhiteSpace) != std::string::npos) {
+        pugi::xml_node text = current_.append_child(pugi::node_pcdata);
+        require(!text.empty() && text.set_value(text_.data(), text_.size()));
+    }
+    text_.clear();
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <pugixml.hpp>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace mergeloom {
+
+/// Why a document that may be well-formed is not taken; the text is a sentence without its full stop.
+class DocumentRefused : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Builds the document's tree from what a parser reports. Text between two other nodes becomes one node, or
+/// none when it is nothing but white space. Elements may be nested kDeepestNesting levels deep, so that
+/// whoever walks the tree may recurse.
+class NodeBuilder {
+  public:
+    static constexpr int kDeepestNesting = 250;
+
+    /// The document must be empty and outlive the builder.
+    explicit NodeBuilder(pugi::xml_document& document) : current_(document) {}
+
+    /// Raises DocumentRefused for an element that is nested too deep.
+    void startElement(const char* prefix, const char* localName);
+    /// Adds an attribute to the element that was started last.
+    void addAttribute(const char* prefix, const char* localName, std::string_view value);
+    void endElement();
+    void addText(std::string_view text);
+    void addCData(std::string_view text);
+    void addComment(const char* text);
+    void addProcessingInstruction(const char* target, const char* data);
+
+    /// How many bytes were built, about as they would be written without entities.
+    [[nodiscard]] std::size_t size() const { return size_; }
+
+  private:
+    pugi::xml_node appendChild(pugi::xml_node_type type);
+    void finishText();
+
+    pugi::xml_node current_;
+    int depth_ = 0;
+    std::size_t size_ = 0;
+    std::string text_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,98 @@
+#include "xml/StructureDocument.h"
+
+#include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "base/SystemError.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <pugixml.hpp>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr std::size_t kLargestFile = std::size_t{1} << 30;
+
+/// The bytes of a file, read from its start to its end. A folder can be opened; reading from it fails.
+class FileBytes {
+  public:
+    explicit FileBytes(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rb")) {
+        if (file_ == nullptr) raiseNotRead(path_, errno);
+        // The parser asks for large pieces itself.
+        std::setvbuf(file_, nullptr, _IONBF, 0);
+    }
+    FileBytes(const FileBytes&) = delete;
+    FileBytes& operator=(const FileBytes&) = delete;
+    ~FileBytes() { std::fclose(file_); }
+
+    std::size_t read(char* buffer, std::size_t size) {
+        const std::size_t count = std::fread(buffer, 1, size, file_);
+        if (count == 0 && std::ferror(file_) != 0) raiseNotRead(path_, errno);
+        total_ += count;
+        if (total_ > kLargestFile) {
+            throw AutomationError(kFileCouldNotBeRead,
+                                  "The file '" + path_ + "' could not be read: it is larger than 1 GB.");
+        }
+        return count;
+    }
+
+  private:
+    const std::string& path_;
+    std::FILE* file_;
+    std::size_t total_ = 0;
+};
+
+}  // namespace
+
+StructureDocument::StructureDocument() : document_(std::make_unique<pugi::xml_document>()) {}
+
+StructureDocument::~StructureDocument() = default;
+
+bool StructureDocument::Load(const std::string& path) {
+    folder_ = parentFolder(fullPath(path));
+    try {
+        FileBytes file(path);
+        return read([&](char* buffer, std::size_t size) { return file.read(buffer, size); },
+                    "The structure document '" + path + "'");
+    } catch (const AutomationError& error) {
+        document_->reset();
+        parseError_ = {error.description(), 0};
+        return false;
+    }
+}
+
+bool StructureDocument::loadXML(std::string_view text) {
+    folder_.clear();
+    const auto takeBytes = [&](char* buffer, std::size_t size) {
+        const std::size_t count = text.copy(buffer, size);
+        text.remove_prefix(count);
+        return count;
+    };
+    return read(takeBytes, "The structure document");
+}
+
+bool StructureDocument::read(const ByteReader& bytes, const std::string& name) {
+    document_->reset();
+    parseError_ = readStructure(bytes, *document_);
+    if (parseError_.reason.empty()) return true;
+    document_->reset();
+    parseError_.reason = name + " could not be read, line " + std::to_string(parseError_.line) + ": " +
+                         parseError_.reason + ".";
+    return false;
+}
+
+XmlNode StructureDocument::documentElement() const {
+    return XmlNode(document_->document_element().internal_object());
+}
+
+std::string StructureDocument::findPicture(const std::string& image) const {
+    if (image.empty()) return {};
+    const bool relative = image.front() != '/';
+    const std::string beside = joinPath(folder_, image);
+    if (relative && !folder_.empty() && fileExists(beside)) return beside;
+    return fileExists(image) ? fullPath(image) : std::string();
+}
+
+}  // namespace mergeloom

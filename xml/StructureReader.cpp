@@ -1,0 +1,203 @@
+#include "xml/StructureReader.h"
+
+#include "xml/NodeBuilder.h"
+
+#include <exception>
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+#include <libxml/xmlerror.h>
+#include <memory>
+#include <string_view>
+
+namespace mergeloom {
+
+namespace {
+
+// Entities are replaced, so that a text reads as its author meant it; the reader itself keeps external ones
+// out, which this option alone would let in.
+constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOENT;
+/// How many fields stand for one attribute in what the parser reports of an element.
+constexpr int kAttributeFields = 5;
+
+// How far entities may blow a document up: the parser's own bound lets one large entity be used any number of
+// times. Text in an encoding of one byte a character may become three times as long without any entity.
+constexpr std::size_t kLargestExpansion = 10;
+constexpr std::size_t kAlwaysAllowedSize = std::size_t{1} << 20;
+
+struct ContextDeleter {
+    void operator()(xmlParserCtxt* context) const {
+        xmlFreeDoc(context->myDoc);
+        xmlFreeParserCtxt(context);
+    }
+};
+
+const char* chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
+
+std::string_view textOf(const xmlChar* text, int length) {
+    return {chars(text), static_cast<std::size_t>(length)};
+}
+
+/// Routes the errors that the parser raises without a context (bytes that its encoding lacks) away from the
+/// standard error stream, and restores what was set before.
+class ErrorRoute {
+  public:
+    ErrorRoute(void* receiver, xmlStructuredErrorFunc function)
+        : formerReceiver_(xmlStructuredErrorContext), formerFunction_(xmlStructuredError) {
+        xmlSetStructuredErrorFunc(receiver, function);
+    }
+    ErrorRoute(const ErrorRoute&) = delete;
+    ErrorRoute& operator=(const ErrorRoute&) = delete;
+    ~ErrorRoute() { xmlSetStructuredErrorFunc(formerReceiver_, formerFunction_); }
+
+  private:
+    void* formerReceiver_;
+    xmlStructuredErrorFunc formerFunction_;
+};
+
+/// One reading of one document: receives the parser's reports and hands them to the builder.
+class StructureReader {
+  public:
+    StructureReader(const ByteReader& bytes, pugi::xml_document& document)
+        : bytes_(bytes), builder_(document), context_(xmlNewParserCtxt()) {
+        if (!context_) throw std::bad_alloc();
+        context_->_private = this;
+        setHandlers(*context_->sax);
+    }
+
+    ParseError read() {
+        const ErrorRoute route(this, [](void* reader, xmlErrorPtr error) {
+            static_cast<StructureReader*>(reader)->keepError(*error);
+        });
+        xmlDoc* const document =
+            xmlCtxtReadIO(context_.get(), readBytes, nullptr, this, nullptr, nullptr, kOptions);
+        xmlFreeDoc(document);
+        if (unexpected_) std::rethrow_exception(unexpected_);
+        if (document == nullptr && !failed()) refuse("It is not well-formed");
+        return error_;
+    }
+
+  private:
+    static void setHandlers(xmlSAXHandler& handlers);
+
+    static StructureReader& of(void* context) {
+        return *static_cast<StructureReader*>(static_cast<xmlParserCtxt*>(context)->_private);
+    }
+
+    /// Runs a report's handling. No exception may pass through the parser, and after the first error nothing
+    /// more is handled.
+    template <typename Body>
+    static void handle(void* context, const Body& body) {
+        StructureReader& reader = of(context);
+        try {
+            if (!reader.failed()) body(reader);
+            reader.checkExpansion();
+        } catch (const DocumentRefused& refusal) {
+            reader.refuse(refusal.what());
+        } catch (...) {
+            reader.unexpected_ = std::current_exception();
+        }
+        if (reader.failed()) xmlStopParser(static_cast<xmlParserCtxt*>(context));
+    }
+
+    static int readBytes(void* receiver, char* buffer, int size) {
+        auto& reader = *static_cast<StructureReader*>(receiver);
+        try {
+            const std::size_t count = reader.bytes_(buffer, static_cast<std::size_t>(size));
+            reader.size_ += count;
+            return static_cast<int>(count);
+        } catch (...) {
+            reader.unexpected_ = std::current_exception();
+            return -1;
+        }
+    }
+
+    void checkExpansion() const {
+        if (builder_.size() <= kAlwaysAllowedSize || builder_.size() / kLargestExpansion <= size_) return;
+        throw DocumentRefused("Entities expand to more than " + std::to_string(kLargestExpansion) +
+                              " times the document's size");
+    }
+
+    /// Only external entities are refused here; the parser itself tells of unknown ones.
+    static xmlEntity* ownEntity(void* context, xmlEntity* entity) {
+        if (entity == nullptr) return nullptr;
+        const bool external = entity->etype == XML_EXTERNAL_GENERAL_PARSED_ENTITY ||
+                              entity->etype == XML_EXTERNAL_PARAMETER_ENTITY;
+        if (!external) return entity;
+        handle(context, [&](StructureReader&) {
+            throw DocumentRefused("The external entity '" + std::string(chars(entity->name)) +
+                                  "' is not allowed");
+        });
+        return nullptr;
+    }
+
+    static void startElement(void* context, const xmlChar* localName, const xmlChar* prefix, const xmlChar*,
+                             int, const xmlChar**, int attributeCount, int, const xmlChar** attributes) {
+        handle(context, [&](StructureReader& reader) {
+            reader.builder_.startElement(chars(prefix), chars(localName));
+            for (int i = 0; i < attributeCount; ++i, attributes += kAttributeFields) {
+                const auto length = static_cast<int>(attributes[4] - attributes[3]);
+                reader.builder_.addAttribute(chars(attributes[1]), chars(attributes[0]),
+                                             textOf(attributes[3], length));
+            }
+        });
+    }
+
+    /// The first error counts: what follows is often only its consequence.
+    void keepError(const xmlError& error) {
+        if (failed() || error.level < XML_ERR_ERROR) return;
+        std::string_view message = error.message == nullptr ? "It is not well-formed" : error.message;
+        message = message.substr(0, message.find_last_not_of(" \n\r.") + 1);
+        error_ = {std::string(message), error.line > 0 ? error.line : currentLine()};
+    }
+
+    void refuse(const std::string& reason) { error_ = {reason, currentLine()}; }
+
+    [[nodiscard]] int currentLine() const { return xmlSAX2GetLineNumber(context_.get()); }
+
+    [[nodiscard]] bool failed() const { return unexpected_ || !error_.reason.empty(); }
+
+    const ByteReader& bytes_;
+    NodeBuilder builder_;
+    std::unique_ptr<xmlParserCtxt, ContextDeleter> context_;
+    std::size_t size_ = 0;  // the bytes read so far
+    ParseError error_;
+    std::exception_ptr unexpected_;
+};
+
+void StructureReader::setHandlers(xmlSAXHandler& handlers) {
+    handlers.startElementNs = startElement;
+    handlers.endElementNs = [](void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+        handle(context, [](StructureReader& reader) { reader.builder_.endElement(); });
+    };
+    handlers.characters = [](void* context, const xmlChar* text, int length) {
+        handle(context, [&](StructureReader& reader) { reader.builder_.addText(textOf(text, length)); });
+    };
+    handlers.ignorableWhitespace = handlers.characters;
+    handlers.cdataBlock = [](void* context, const xmlChar* text, int length) {
+        handle(context, [&](StructureReader& reader) { reader.builder_.addCData(textOf(text, length)); });
+    };
+    handlers.comment = [](void* context, const xmlChar* text) {
+        handle(context, [&](StructureReader& reader) { reader.builder_.addComment(chars(text)); });
+    };
+    handlers.processingInstruction = [](void* context, const xmlChar* target, const xmlChar* data) {
+        handle(context, [&](StructureReader& reader) {
+            reader.builder_.addProcessingInstruction(chars(target), chars(data));
+        });
+    };
+    handlers.getEntity = [](void* context, const xmlChar* name) {
+        return ownEntity(context, xmlSAX2GetEntity(context, name));
+    };
+    handlers.getParameterEntity = [](void* context, const xmlChar* name) {
+        return ownEntity(context, xmlSAX2GetParameterEntity(context, name));
+    };
+    handlers.externalSubset = nullptr;
+    handlers.serror = [](void* context, xmlErrorPtr error) { of(context).keepError(*error); };
+}
+
+}  // namespace
+
+ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document) {
+    return StructureReader(bytes, document).read();
+}
+
+}  // namespace mergeloom
