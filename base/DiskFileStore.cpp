@@ -16,7 +16,7 @@ namespace mergeloom {
 namespace {
 
 constexpr int kMostLinks = 40;
-constexpr std::size_t kLeastGrowth = 64 * 1024;
+constexpr std::size_t kLeastGrowth = 65536;
 constexpr mode_t kPermissionBits = 07777;
 
 /// A file open for reading.

@@ -11,7 +11,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = 65536;
 constexpr int kMostNames = 1000;
 constexpr mode_t kModeOfNewFile = 0666;
 constexpr mode_t kPrivateMode = 0600;

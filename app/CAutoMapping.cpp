@@ -1,0 +1,161 @@
+#include "app/CAutoMapping.h"
+
+#include "app/MappingFields.h"
+#include "app/MergeloomErrorCodes.h"
+#include "app/StartedOffice.h"
+#include "app/modMain.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "droppers/CNodeDropper.h"
+#include "office/formats/mWordFileExtensions.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Documents.h"
+#include "office/model/word/Selection.h"
+#include "xml/COptions.h"
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kModule = "CAutoMapping";
+constexpr const char* kExecute = "Execute";
+
+DocumentType documentTypeOf(MappingType type) {
+    switch (type) {
+        case MappingType::Listing:
+            return DocumentType::Table;
+        case MappingType::LabelDocument:
+            return DocumentType::LabelDocument;
+        case MappingType::Form:
+            return DocumentType::Form;
+        default:
+            return DocumentType::ByView;
+    }
+}
+
+/// Word's file names carry no case; the table of extensions does.
+std::string extensionOf(const std::string& path) {
+    return toLowerAscii(extension(path));
+}
+
+/// The lookup's answer for an extension that it does not know is a format with an extension of its own.
+bool isKnownExtension(const std::string& fileExtension) {
+    const int format = wordFormatByExtension(fileExtension);
+    return wordExtension(format) == fileExtension ||
+           secondWordExtension(wordExtension(format)) == fileExtension;
+}
+
+/// Whether the document that was just opened came up with a selection, without which nothing can be dropped.
+bool canDropInto(word::Application& application) {
+    try {
+        return application.Selection() != nullptr;
+    } catch (const AutomationError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+void CAutoMapping::ReadArguments() {
+    arguments_ = readMappingArguments(allowExistingTemplate_);
+    templatesFolder_ = GetParentFolder(arguments_.targetPath, false);
+}
+
+bool CAutoMapping::Execute() {
+    try {
+        return map();
+    } catch (const AutomationError& error) {
+        if (isMappingError(error.number())) throw;
+        errors_.report({error.number(), error.description(), {}, kModule, kExecute});
+    } catch (const std::exception& error) {
+        errors_.report({0, error.what(), {}, kModule, kExecute});
+    }
+    return false;
+}
+
+bool CAutoMapping::map() {
+    if (gExcelMode != 0) return refuse("Mapping into an Excel workbook is not available yet.");
+    const std::string& target = arguments_.targetPath;
+    if (!target.empty() && !isKnownExtension(extensionOf(target))) {
+        return refuse("The template '" + target + "' has no file extension that Word knows.");
+    }
+
+    MappingSource source{arguments_.xmlFile, errors_, messages_};
+    const TreeNode* object = source.firstObject();
+    if (!object) RaiseMappingError(kXmlFileIncorrect);
+    readFolders(source.document());
+
+    const StartedOffice office{startWord_(), errors_};
+    if (!canWriteTarget(*office)) return false;
+    const word::DocumentPtr document = makeDocument(*office);
+    return dropObject(source, *object, document) && save(*document);
+}
+
+void CAutoMapping::readFolders(const StructureDocument& document) {
+    COptions options{errors_};
+    try {
+        options.init(document.documentElement());
+    } catch (const AutomationError& error) {
+        // A structure document may come without options; there is no user whom this could help.
+        if (error.number() != kApplicationError) throw;
+    }
+    if (documentsFolder_.empty()) documentsFolder_ = options.DocumentsFolder();
+    if (templatesFolder_.empty()) templatesFolder_ = options.TemplatesFolder();
+}
+
+bool CAutoMapping::canWriteTarget(word::Application& application) {
+    if (arguments_.targetPath.empty() || application.canSaveAs(targetFormat())) return true;
+    return refuse("The template '" + arguments_.targetPath + "' cannot be written: saving as \"" +
+                  wordFormatName(static_cast<int>(targetFormat())) + "\" is not available.");
+}
+
+word::DocumentPtr CAutoMapping::makeDocument(word::Application& application) {
+    const word::DocumentsPtr documents = application.Documents();
+    if (arguments_.useDocument.empty()) {
+        return documents->Add(fileExists(arguments_.targetPath) ? arguments_.targetPath : "");
+    }
+    const word::DocumentPtr document = documents->Open(arguments_.useDocument);
+    if (!canDropInto(application)) RaiseMappingError(kLabelDocumentIncorrect);
+    return document;
+}
+
+bool CAutoMapping::dropObject(const MappingSource& source, const TreeNode& object,
+                              const word::DocumentPtr& document) {
+    const bool chooses = arguments_.type == MappingType::Listing && listsFields(arguments_.fields);
+    const FieldKeys keys = chooses ? fieldKeys(object, source.xmlNodes(), arguments_.fields) : FieldKeys{};
+    const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
+    CNodeDropper dropper{errors_, messages_, findPicture, progress_};
+    return dropper.NodeDrop(object, document, source.xmlNodes(), false, documentTypeOf(arguments_.type),
+                            chooses ? &keys : nullptr);
+}
+
+bool CAutoMapping::save(word::Document& document) {
+    const std::string target = arguments_.targetPath.empty() ? document.FullName() : arguments_.targetPath;
+    if (fileExists(target)) {
+        const bool mayReplace = allowExistingTemplate_ || arguments_.targetPath.empty();
+        // Another program may have written the file while the mapping ran.
+        if (!mayReplace) RaiseMappingError(kTemplateAlreadyExists);
+        if (IsFileLocked(target)) {
+            return refuse("Word cannot save the template " + GetFileNameOnly(target) +
+                          " because this file is already open elsewhere.");
+        }
+    }
+    if (target == document.FullName()) {
+        document.Save();
+    } else {
+        document.SaveAs(target, targetFormat());
+    }
+    document.SetSaved(true);
+    return true;
+}
+
+bool CAutoMapping::refuse(const std::string& text) {
+    messages_.show({text, MessageIcon::Exclamation, MessageButtons::Ok});
+    return false;
+}
+
+word::WdSaveFormat CAutoMapping::targetFormat() const {
+    return static_cast<word::WdSaveFormat>(wordFormatByExtension(extensionOf(arguments_.targetPath)));
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,28 @@
+#include "app/ConsoleErrorHandler.h"
+
+#include "app/ConsoleText.h"
+
+#include <sstream>
+
+namespace mergeloom {
+
+namespace {
+
+/// Numbers of automation errors are known by their hexadecimal digits, all others by their decimal ones.
+std::string numberText(ErrorNumber number) {
+    if (number < kAutomationErrorBase) return std::to_string(number);
+    std::ostringstream text;
+    text << "0x" << std::hex << std::uppercase << number;
+    return text.str();
+}
+
+}  // namespace
+
+void ConsoleErrorHandler::report(const ErrorReport& report) {
+    std::string text = "error " + numberText(report.number) + ": " + report.description;
+    if (!report.comment.empty()) text += "\n" + report.comment;
+    text += "\nin " + report.module + "." + report.procedure;
+    writeConsoleText(stream_, text);
+}
+
+}  // namespace mergeloom

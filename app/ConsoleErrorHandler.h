@@ -1,0 +1,21 @@
+#pragma once
+
+#include "base/ErrorHandler.h"
+
+#include <ostream>
+
+namespace mergeloom {
+
+/// The unexpected errors of a run without a user: number, description, comment and where the error was
+/// caught.
+class ConsoleErrorHandler final : public ErrorHandler {
+  public:
+    explicit ConsoleErrorHandler(std::ostream& stream) : stream_(stream) {}
+
+    void report(const ErrorReport& report) override;
+
+  private:
+    std::ostream& stream_;
+};
+
+}  // namespace mergeloom

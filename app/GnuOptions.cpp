@@ -1,0 +1,136 @@
+#include "app/GnuOptions.h"
+
+#include "base/AutomationError.h"
+
+#include <string_view>
+
+namespace mergeloom {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& what) {
+    throw AutomationError(kOptionNotUnderstood, what + " 'mergeloom --help' lists what there is.");
+}
+
+/// An option as it is written, with the value that follows its "=" or stands in the next argument.
+class OptionReader {
+  public:
+    explicit OptionReader(std::span<const std::string> arguments) : arguments_(arguments) {}
+
+    [[nodiscard]] bool isAtOption() const {
+        return next_ < arguments_.size() && arguments_[next_].starts_with("--");
+    }
+    [[nodiscard]] std::size_t position() const { return next_; }
+
+    bool takeFlag(std::string_view name) {
+        if (arguments_[next_] != name) return false;
+        ++next_;
+        return true;
+    }
+
+    bool takeWithValue(std::string_view name, std::string_view meaning, std::string& value) {
+        const std::string& argument = arguments_[next_];
+        const bool isGlued = argument.starts_with(std::string(name) + "=");
+        if (!isGlued && argument != name) return false;
+        ++next_;
+        if (isGlued) {
+            value = argument.substr(name.size() + 1);
+        } else {
+            value = next_ < arguments_.size() ? arguments_[next_++] : std::string();
+        }
+        if (value.empty()) refuse("Option '" + std::string(name) + "' needs " + std::string(meaning) + ".");
+        return true;
+    }
+
+    [[noreturn]] void refuseOption() const { refuse("Unknown option '" + arguments_[next_] + "'."); }
+
+  private:
+    std::span<const std::string> arguments_;
+    std::size_t next_ = 0;
+};
+
+OfficeChoice officeNamed(const std::string& name) {
+    if (name == "embedded") return OfficeChoice::Embedded;
+    if (name == "libreoffice") return OfficeChoice::LibreOffice;
+    refuse("Unknown office '" + name + "': it is 'embedded' or 'libreoffice'.");
+}
+
+void readOption(OptionReader& reader, GnuOptions& options) {
+    std::string value;
+    if (reader.takeFlag("--help")) {
+        options.task = Task::ShowHelp;
+    } else if (reader.takeFlag("--version")) {
+        options.task = Task::ShowVersion;
+    } else if (reader.takeFlag("--exit-status")) {
+        options.exitStatus = ExitStatus::TellsFailure;
+    } else if (reader.takeFlag("--json")) {
+        options.placesFormat = PlacesFormat::Json;
+    } else if (reader.takeWithValue("--office", "'embedded' or 'libreoffice'", value)) {
+        options.office = officeNamed(value);
+    } else if (reader.takeWithValue("--places", "a file", value)) {
+        options.task = Task::ListPlaces;
+        options.placesFile = value;
+    } else {
+        reader.refuseOption();
+    }
+}
+
+bool isAnsweredAtOnce(Task task) {
+    return task == Task::ShowHelp || task == Task::ShowVersion;
+}
+
+/// What is ignored would leave the user with another result than the one that was asked for.
+void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::string> arguments) {
+    if (options.task == Task::ListPlaces && options.firstArgument < arguments.size()) {
+        refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '--places'.");
+    }
+    if (options.task != Task::ListPlaces && options.placesFormat == PlacesFormat::Json) {
+        refuse("Option '--json' needs '--places FILE'.");
+    }
+}
+
+}  // namespace
+
+GnuOptions readGnuOptions(std::span<const std::string> arguments) {
+    GnuOptions options;
+    OptionReader reader(arguments);
+    while (reader.isAtOption()) {
+        readOption(reader, options);
+        options.firstArgument = reader.position();
+        if (isAnsweredAtOnce(options.task)) return options;
+    }
+    refuseWhatHasNoEffect(options, arguments);
+    return options;
+}
+
+std::string helpText() {
+    return R"(Usage: mergeloom [OPTION]... [-SWITCH [VALUE]]...
+Makes a Word template from a structure document.
+
+  -xmlfile FILE       the structure document
+  -template FILE      the template to be written; it must not exist yet
+  -usedocument FILE   an existing document to build on
+  -listing            make a table
+  -full               accepted; changes nothing
+  -label FILE         make labels in this label document
+  -fields LIST        the fields of a table, joined by "," or ";"
+  -hidden [formview]  map and end, without a window; "formview" makes a form
+  -deletexmlfile      delete the structure document at the end
+  -excel              make an Excel workbook instead
+  -directory          make a form
+
+  --places FILE       list the named places of a document and end
+  --json              list them as JSON
+  --office=NAME       the office that does the work: embedded or libreoffice
+  --exit-status       end with 1 when the mapping failed
+  --version, --help   tell the version; show this text
+
+Options stand before the switches. Write ./FILE for a FILE that begins with "-".
+)";
+}
+
+std::string versionText() {
+    return "mergeloom " MERGELOOM_VERSION "\n";
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "base/AutomationError.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+namespace mergeloom {
+
+inline constexpr ErrorNumber kOptionNotUnderstood = 5;
+
+enum class Task { Map, ShowHelp, ShowVersion, ListPlaces };
+enum class OfficeChoice { Embedded, LibreOffice };
+enum class PlacesFormat { Text, Json };
+/// Whether the program's exit status tells that a mapping failed; without that it stays 0.
+enum class ExitStatus { AlwaysZero, TellsFailure };
+
+/// The options that begin with "--" and stand before the switches.
+struct GnuOptions {
+    Task task = Task::Map;
+    OfficeChoice office = OfficeChoice::Embedded;
+    ExitStatus exitStatus = ExitStatus::AlwaysZero;
+    PlacesFormat placesFormat = PlacesFormat::Text;
+    std::string placesFile;         ///< the document whose places are listed
+    std::size_t firstArgument = 0;  ///< the index of the first argument that is no such option
+};
+
+/// Reads the options at the beginning of the arguments (without the program's name). Raises
+/// kOptionNotUnderstood with a sentence that names the option that is not understood.
+GnuOptions readGnuOptions(std::span<const std::string> arguments);
+
+std::string helpText();
+std::string versionText();
+
+}  // namespace mergeloom

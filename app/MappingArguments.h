@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+namespace mergeloom {
+
+/// What a mapping makes of the structure document's first object.
+enum class MappingType { Listing = 0, ByView = 1, LabelDocument = 2, Form = 3 };
+
+/// What the command line says of a mapping. Paths lead from the root.
+struct MappingArguments {
+    std::string xmlFile;
+    std::string useDocument;  ///< the document to build on; may be empty
+    std::string targetPath;   ///< the template to write; empty: the document to build on is changed in place
+    std::string labelDocument;  ///< may be empty
+    std::string fields;         ///< the field list as it was given
+    bool listing = false;
+    bool directory = false;
+    MappingType type = MappingType::ByView;
+};
+
+/// Reads and checks the parsed command line. Raises the mapping error of the first check that fails. A
+/// template without a folder lies in the current folder, as with any other program.
+MappingArguments readMappingArguments(bool allowExistingTemplate);
+
+}  // namespace mergeloom

@@ -1,0 +1,64 @@
+#include "app/mCommandLine.h"
+
+#include "app/modMainText.h"
+#include "base/Text.h"
+
+#include <optional>
+
+namespace mergeloom {
+
+std::vector<std::string> gCommandLineArguments;
+
+namespace {
+
+constexpr char kSeparator = ';';
+
+/// What follows a switch's name, up to the line's end; nothing when the switch is absent. The first prefix
+/// that is found decides, even when another one stands earlier in the line.
+std::optional<std::string_view> restBehindSwitch(std::string_view line, std::string_view name) {
+    for (const std::string_view prefix : split(kSwitchPrefixes, kSeparator)) {
+        const std::string written = std::string(prefix).append(name);
+        const std::size_t found = findIgnoringAsciiCase(line, written);
+        if (found != std::string_view::npos) return line.substr(found + written.size());
+    }
+    return std::nullopt;
+}
+
+/// Where the value ends with which the rest begins. Only the first place of each prefix counts, and quotes do
+/// not protect from the last prefix; existing command lines depend on both.
+std::size_t endOfValue(std::string_view rest) {
+    const std::vector<std::string_view> prefixes = split(kSwitchPrefixes, kSeparator);
+    for (const std::string_view& prefix : prefixes) {
+        const std::size_t found = findIgnoringAsciiCase(rest, std::string(1, ' ').append(prefix));
+        if (found == std::string_view::npos) continue;
+        if (&prefix == &prefixes.back() || !IsInsideQuotes(rest, found)) return found;
+    }
+    return rest.size();
+}
+
+std::string valueIn(std::string_view rest) {
+    const std::string_view written = trimBlanks(rest.substr(0, endOfValue(rest)));
+    const std::string unquoted = TrimCharacter(written, "\"", TrimMode::Both);
+    const std::string_view value = trimBlanks(unquoted);
+    return std::string(value.empty() ? kEmptyValue : value);
+}
+
+}  // namespace
+
+void GetCommandLineArguments(const CommandLineText& commandLine, std::string& rstrCommandLine) {
+    rstrCommandLine = commandLine.restore(commandLine.text());
+    const std::vector<std::string_view> names = split(kSwitchNames, kSeparator);
+    gCommandLineArguments.assign(names.size(), {});
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        const auto rest = restBehindSwitch(commandLine.text(), names[index]);
+        if (rest) gCommandLineArguments[index] = commandLine.restore(valueIn(*rest));
+    }
+}
+
+std::string GetCommandLineArgument(std::int32_t vlngIndex) {
+    if (vlngIndex < 0) return {};
+    const auto index = static_cast<std::size_t>(vlngIndex);
+    return index < gCommandLineArguments.size() ? gCommandLineArguments[index] : std::string();
+}
+
+}  // namespace mergeloom

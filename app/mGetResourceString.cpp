@@ -1,0 +1,29 @@
+#include "app/mGetResourceString.h"
+
+#include "app/ResourceStrings.h"
+#include "base/AutomationError.h"
+#include "base/DiskFileStore.h"
+#include "base/Text.h"
+
+namespace mergeloom {
+
+namespace {
+
+/// What a buffer of 260 characters holds before its closing zero.
+constexpr std::size_t kMostCharacters = 259;
+
+}  // namespace
+
+std::string GetResourceString(const std::string& vstrLibraryFile, std::int32_t vlngId) {
+    if (vlngId < 0) return {};
+    try {
+        const std::string library = DiskFileStore().read(vstrLibraryFile);
+        const std::u16string text = resourceString(library, static_cast<std::uint32_t>(vlngId));
+        return fromUtf16(std::u16string_view(text).substr(0, kMostCharacters));
+    } catch (const AutomationError&) {
+        // Whoever asks cannot tell a library that is missing from a string that is.
+        return {};
+    }
+}
+
+}  // namespace mergeloom

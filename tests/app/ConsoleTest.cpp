@@ -1,0 +1,49 @@
+#include "app/ConsoleErrorHandler.h"
+#include "app/ConsoleMessages.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace mergeloom {
+namespace {
+
+TEST(ConsoleMessages, AnswerQuestionsWithTheirDefaultButton) {
+    struct Case {
+        std::string text;
+        MessageButtons buttons;
+        MessageAnswer answer;
+        std::string printed;
+    };
+    const std::vector<Case> cases = {
+        {"XML file does not exist.", MessageButtons::Ok, MessageAnswer::Ok,
+         "mergeloom: XML file does not exist.\n"},
+        {"Make a table?", MessageButtons::YesNo, MessageAnswer::Yes, "mergeloom: Make a table? [Yes]\n"},
+        {"Save it?", MessageButtons::YesNoCancel, MessageAnswer::Yes, "mergeloom: Save it? [Yes]\n"},
+        {"Go on?", MessageButtons::OkCancel, MessageAnswer::Ok, "mergeloom: Go on? [OK]\n"},
+        {"It is open.\r\nClose it\rnow.\nPlease.", MessageButtons::Ok, MessageAnswer::Ok,
+         "mergeloom: It is open.\n           Close it\n           now.\n           Please.\n"},
+    };
+    for (const Case& one : cases) {
+        std::ostringstream stream;
+        ConsoleMessages messages(stream);
+        EXPECT_EQ(messages.show({one.text, MessageIcon::None, one.buttons}), one.answer);
+        EXPECT_EQ(stream.str(), one.printed);
+    }
+}
+
+TEST(ConsoleErrorHandler, TellsWhatItKnowsOfAnError) {
+    std::ostringstream stream;
+    ConsoleErrorHandler handler(stream);
+    handler.report({0x8004020A, "It broke.", "orders.xml", "COptions", "Load"});
+    handler.report({5941, "No such member.", "", "modMain", "Main"});
+    EXPECT_EQ(stream.str(),
+              "mergeloom: error 0x8004020A: It broke.\n"
+              "           orders.xml\n"
+              "           in COptions.Load\n"
+              "mergeloom: error 5941: No such member.\n"
+              "           in modMain.Main\n");
+}
+
+}  // namespace
+}  // namespace mergeloom
