@@ -1,15 +1,8 @@
 #include "droppers/DropReports.h"
 
-#include <exception>
+#include "base/Trap.h"
 
 namespace mergeloom {
-
-namespace {
-
-/// The number of an error that no automation interface raised.
-constexpr ErrorNumber kInternalError = 51;
-
-}  // namespace
 
 void DropReports::report(const ErrorReport& report) {
     failed_ = true;
@@ -27,22 +20,11 @@ bool DropReports::ask(const std::string& question) {
 }
 
 bool DropReports::trap(const Procedure& procedure, const std::function<bool()>& body,
-                       const std::function<std::string()>& comment) {
-    ErrorReport failure;
-    try {
-        return body();
-    } catch (const AutomationError& error) {
-        failure.number = error.number();
-        failure.description = error.description();
-    } catch (const std::exception& error) {
-        failure.number = kInternalError;
-        failure.description = error.what();
-    }
-    if (comment) failure.comment = comment();
-    failure.module = procedure.module;
-    failure.procedure = procedure.name;
-    report(failure);
-    return false;
+                       const std::string& comment) {
+    bool answer = false;
+    mergeloom::trap(
+        *this, procedure.module, procedure.name, [&] { answer = body(); }, comment);
+    return answer;
 }
 
 }  // namespace mergeloom

@@ -31,8 +31,7 @@ class DropReports : public ErrorHandler {
 
     /// Runs a procedure's body under its trap and returns the body's answer. An error goes to the error
     /// handler with the comment as it reads then, and the answer is false.
-    bool trap(const Procedure& procedure, const std::function<bool()>& body,
-              const std::function<std::string()>& comment = {});
+    bool trap(const Procedure& procedure, const std::function<bool()>& body, const std::string& comment = {});
 
     /// Whether any procedure met an error. Whoever drops several places stops then.
     [[nodiscard]] bool failed() const { return failed_; }

@@ -113,20 +113,20 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
     if (!ValidateBookmark(reports, robjRange, touching)) return {};
 
     word::BookmarkPtr added;
-    std::string candidate;
+    std::string comment = "Bookmark Name = ''";
     const auto add = [&] {
         const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
         rstrName.insert(0, content.prefix);
         if (content.boundValueUse) rstrName += kBoundValueSuffix;
         // Whether a name is taken is asked before it is shortened to a bookmark's name.
         const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
-        candidate = freeName(*bookmarks, rstrName);
-        candidate = WordNormalizeName(candidate, false);
+        const std::string candidate = WordNormalizeName(freeName(*bookmarks, rstrName), false);
+        comment = "Bookmark Name = '" + candidate + "'";
         added = bookmarks->Add(candidate, robjRange);
         leaveOut(*added, guards);
         return true;
     };
-    reports.trap({kModule, "rWordBookmarkAdd"}, add, [&] { return "Bookmark Name = '" + candidate + "'"; });
+    reports.trap({kModule, "rWordBookmarkAdd"}, add, comment);
     return added;
 }
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "app/GnuOptions.h"
+#include "app/Place.h"
+#include "office/model/word/Document.h"
+
+#include <ostream>
+#include <vector>
+
+namespace mergeloom {
+
+/// All named places, in the order of reading: the body's first, then those of the other stories.
+std::vector<Place> placesOf(word::Document& document);
+
+/// Writes the places as an aligned table with a heading, or as a JSON array of objects.
+void writePlaces(std::ostream& stream, const std::vector<Place>& places, PlacesFormat format);
+
+}  // namespace mergeloom

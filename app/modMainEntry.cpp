@@ -1,0 +1,164 @@
+#include "app/modMainEntry.h"
+
+#include "app/CAutoMapping.h"
+#include "app/ConsoleErrorHandler.h"
+#include "app/ConsoleMessages.h"
+#include "app/ConsoleProgress.h"
+#include "app/ConsoleText.h"
+#include "app/GnuOptions.h"
+#include "app/MergeloomErrorCodes.h"
+#include "app/Places.h"
+#include "app/StartedOffice.h"
+#include "app/mCommandLine.h"
+#include "app/modMain.h"
+#include "base/DiskFileStore.h"
+#include "base/Paths.h"
+#include "office/factory/OfficeFactory.h"
+#include "office/model/word/Documents.h"
+
+#include <memory>
+
+namespace mergeloom {
+
+namespace {
+
+/// An object was unloaded while the program ended.
+constexpr ErrorNumber kObjectUnloaded = 364;
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+
+OfficeKind officeKindOf(OfficeChoice choice) {
+    return choice == OfficeChoice::LibreOffice ? OfficeKind::LibreOffice : OfficeKind::Embedded;
+}
+
+/// One run of the program.
+class Run {
+  public:
+    Run(const GnuOptions& options, const Console& console)
+        : options_(options), console_(console), messages_(console.errors), errors_(console.errors) {
+        if (console.errorsAreWatched) progress_ = std::make_unique<ConsoleProgress>(console.errors);
+    }
+
+    int map(std::span<const std::string> arguments);
+    int listPlaces();
+
+  private:
+    void start(std::span<const std::string> arguments);
+    bool mapUnattended();
+    void mapBeforeDesigner();
+    bool showDesigner();
+    void tell(const AutomationError& error);
+    CAutoMapping makeMapping();
+    word::ApplicationPtr startWord() { return makeWordApplication(officeKindOf(options_.office), files_); }
+
+    const GnuOptions& options_;
+    const Console& console_;
+    DiskFileStore files_;
+    ConsoleMessages messages_;
+    ConsoleErrorHandler errors_;
+    NoProgress noProgress_;
+    std::unique_ptr<Progress> progress_;
+};
+
+/// The order of the steps is the order in which the designer and the unattended run share them.
+int Run::map(std::span<const std::string> arguments) {
+    bool done = false;
+    bool isUnattended = false;
+    try {
+        start(arguments);
+        isUnattended = !GetCommandLineArgument(kHiddenSwitch).empty();
+        done = isUnattended ? mapUnattended() : showDesigner();
+    } catch (const AutomationError& error) {
+        tell(error);
+    } catch (const std::exception& error) {
+        errors_.report({0, error.what(), {}, "modMain", "Main"});
+    }
+    // Callers that never learned of a failure by the status rely on its being 0.
+    const bool tellsFailure = !isUnattended || options_.exitStatus == ExitStatus::TellsFailure;
+    return done || !tellsFailure ? kSuccess : kFailure;
+}
+
+void Run::start(std::span<const std::string> arguments) {
+    std::string commandLine;
+    GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
+    gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
+}
+
+bool Run::mapUnattended() {
+    CAutoMapping mapping = makeMapping();
+    mapping.ReadArguments();
+    // After a mapping that failed its structure document is still needed.
+    if (!mapping.Execute()) return false;
+    DeleteXmlFileIfRequested();
+    return true;
+}
+
+bool Run::showDesigner() {
+    if (!GetCommandLineArgument(kFieldsSwitch).empty()) mapBeforeDesigner();
+    writeConsoleText(console_.errors,
+                     "The designer is not available yet. Add -hidden to make the template without it, or see "
+                     "'mergeloom --help'.");
+    return false;
+}
+
+void Run::mapBeforeDesigner() {
+    CAutoMapping mapping = makeMapping();
+    mapping.SetAllowExistingTemplate(true);
+    mapping.ReadArguments();
+    if (!mapping.Execute()) RaiseMappingError(kMappingStopped);
+}
+
+void Run::tell(const AutomationError& error) {
+    if (error.number() == kObjectUnloaded) return;
+    if (!isMappingError(error.number())) {
+        errors_.report({error.number(), error.description(), {}, "modMain", "Main"});
+    } else if (!error.description().empty()) {
+        messages_.show({error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
+    }
+}
+
+CAutoMapping Run::makeMapping() {
+    Progress& progress = progress_ ? *progress_ : noProgress_;
+    return {[this] { return startWord(); }, errors_, messages_, progress};
+}
+
+int Run::listPlaces() {
+    try {
+        const StartedOffice office{startWord(), errors_};
+        const word::DocumentPtr document = office->Documents()->Open(fullPath(options_.placesFile));
+        writePlaces(console_.output, placesOf(*document), options_.placesFormat);
+        return kSuccess;
+    } catch (const AutomationError& error) {
+        writeConsoleText(console_.errors, error.description());
+        return kFailure;
+    }
+}
+
+int runTask(const GnuOptions& options, std::span<const std::string> arguments, const Console& console) {
+    switch (options.task) {
+        case Task::ShowHelp:
+            console.output << helpText();
+            return kSuccess;
+        case Task::ShowVersion:
+            console.output << versionText();
+            return kSuccess;
+        case Task::ListPlaces:
+            return Run(options, console).listPlaces();
+        default:
+            return Run(options, console).map(arguments.subspan(options.firstArgument));
+    }
+}
+
+}  // namespace
+
+int Main(std::span<const std::string> arguments, const Console& console) {
+    try {
+        return runTask(readGnuOptions(arguments), arguments, console);
+    } catch (const AutomationError& error) {
+        writeConsoleText(console.errors, error.description());
+        return kFailure;
+    }
+}
+
+}  // namespace mergeloom

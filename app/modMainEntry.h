@@ -1,0 +1,19 @@
+#pragma once
+
+#include <ostream>
+#include <span>
+#include <string>
+
+namespace mergeloom {
+
+/// Where the program's answers and its messages go.
+struct Console {
+    std::ostream& output;
+    std::ostream& errors;
+    bool errorsAreWatched = false;  ///< the errors go to a terminal, where progress can be shown
+};
+
+/// The entry routine: takes the arguments without the program's name and returns the process's exit status.
+int Main(std::span<const std::string> arguments, const Console& console);
+
+}  // namespace mergeloom
