@@ -9,7 +9,7 @@ namespace mergeloom {
 struct CharacterCount {
     std::int64_t value = 0;
 
-    friend auto operator<=>(const CharacterCount&, const CharacterCount&) = default;
+    friend auto operator<=>(const CharacterCount&, const CharacterCount&) = default;  // NOLINT
     friend CharacterCount operator+(CharacterCount a, CharacterCount b) { return {a.value + b.value}; }
     friend CharacterCount operator-(CharacterCount a, CharacterCount b) { return {a.value - b.value}; }
 };
@@ -19,7 +19,7 @@ struct CharacterCount {
 struct CharacterPosition {
     std::int64_t value = 0;
 
-    friend auto operator<=>(const CharacterPosition&, const CharacterPosition&) = default;
+    friend auto operator<=>(const CharacterPosition&, const CharacterPosition&) = default;  // NOLINT
     friend CharacterPosition operator+(CharacterPosition p, CharacterCount n) { return {p.value + n.value}; }
     friend CharacterPosition operator-(CharacterPosition p, CharacterCount n) { return {p.value - n.value}; }
     friend CharacterCount operator-(CharacterPosition a, CharacterPosition b) { return {a.value - b.value}; }
@@ -29,7 +29,7 @@ struct CharacterPosition {
 struct Emu {
     std::int64_t value = 0;
 
-    friend auto operator<=>(const Emu&, const Emu&) = default;
+    friend auto operator<=>(const Emu&, const Emu&) = default;  // NOLINT
 };
 
 inline constexpr std::int64_t kEmuPerInch = 914400;
