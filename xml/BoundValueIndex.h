@@ -36,7 +36,9 @@ class BoundValueIndex {
         std::string_view name;
         Number number;
 
-        friend auto operator<=>(const NamedControl&, const NamedControl&) = default;
+        friend bool operator<(const NamedControl& a, const NamedControl& b) {
+            return a.name != b.name ? a.name < b.name : a.number < b.number;
+        }
     };
 
     bool addBelow(pugi::xml_node parent);

@@ -44,8 +44,8 @@ int objectView(XmlNode object) {
     const auto view = object.namedAttribute(AttributeName(Attribute::CurrentView).c_str());
     if (!view) return 0;
     if (const std::optional<int> number = wholeNumber(*view)) return *number;
-    throw AutomationError(kTypeMismatch,
-                          "The CurrentView '" + *view + "' of " + objectText(object) + " is no whole number.");
+    throw AutomationError(
+        kTypeMismatch, "The CurrentView '" + *view + "' of " + objectText(object) + " is no whole number.");
 }
 
 /// The icon of what has no view: that of its control type. What is no known control, such as a table without
@@ -160,8 +160,8 @@ bool CXML2TreeView::ContolHasBoundValue(XmlNode controlNode, XmlNode parentNode)
     bool hasBoundValue = false;
     trap(errors_, kClass, "ContolHasBoundValue", [&] {
         if (!boundValues_) {
-            boundValues_.emplace(SearchNodeNotCaseSensitive(
-                errors_, document_.documentElement(), StructureElementName(StructureElement::Data)));
+            boundValues_.emplace(SearchNodeNotCaseSensitive(errors_, document_.documentElement(),
+                                                            StructureElementName(StructureElement::Data)));
         }
         const std::string outerName =
             isControl(parentNode) ? GetAttributeValue(parentNode, Attribute::Name) : std::string();

@@ -90,7 +90,7 @@ XmlNode StructureDocument::documentElement() const {
 std::string StructureDocument::findPicture(const std::string& image) const {
     if (image.empty()) return {};
     const bool relative = image.front() != '/';
-    const std::string beside = joinPath(folder_, image);
+    std::string beside = joinPath(folder_, image);
     if (relative && !folder_.empty() && fileExists(beside)) return beside;
     return fileExists(image) ? fullPath(image) : std::string();
 }

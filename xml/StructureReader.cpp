@@ -2,10 +2,11 @@
 
 #include "xml/NodeBuilder.h"
 
-#include <exception>
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
+
+#include <exception>
 #include <memory>
 #include <string_view>
 
@@ -31,7 +32,9 @@ struct ContextDeleter {
     }
 };
 
-const char* chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
+const char* chars(const xmlChar* text) {
+    return reinterpret_cast<const char*>(text);
+}
 
 std::string_view textOf(const xmlChar* text, int length) {
     return {chars(text), static_cast<std::size_t>(length)};
@@ -96,7 +99,11 @@ class StructureReader {
         } catch (...) {
             reader.unexpected_ = std::current_exception();
         }
-        if (reader.failed()) xmlStopParser(static_cast<xmlParserCtxt*>(context));
+        // What an entity stands for is parsed in a context of its own; the document around it is over as
+        // well.
+        if (!reader.failed()) return;
+        xmlStopParser(static_cast<xmlParserCtxt*>(context));
+        xmlStopParser(reader.context_.get());
     }
 
     static int readBytes(void* receiver, char* buffer, int size) {

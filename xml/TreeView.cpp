@@ -11,25 +11,37 @@ constexpr ErrorNumber kIndexOutOfBounds = 35600;
 
 }  // namespace
 
-const std::string& TreeNode::Text() const { return tree_->texts_[text_]; }
+const std::string& TreeNode::Text() const {
+    return tree_->texts_[text_];
+}
 
 std::string TreeNode::Key() const {
     return keyNumber_ > 0 ? std::to_string(keyNumber_) + "k" : std::string();
 }
 
-const std::string& TreeNode::Tag() const { return tree_->texts_[tag_]; }
+const std::string& TreeNode::Tag() const {
+    return tree_->texts_[tag_];
+}
 
-void TreeNode::SetTag(std::string_view tag) { tag_ = tree_->addSharedText(tag); }
+void TreeNode::SetTag(std::string_view tag) {
+    tag_ = tree_->addSharedText(tag);
+}
 
-const std::string& TreeNode::Image() const { return tree_->texts_[image_]; }
+const std::string& TreeNode::Image() const {
+    return tree_->texts_[image_];
+}
 
-void TreeNode::SetImage(std::string_view image) { image_ = tree_->addSharedText(image); }
+void TreeNode::SetImage(std::string_view image) {
+    image_ = tree_->addSharedText(image);
+}
 
 TreeNode* TreeNode::LastSibling() const {
     return nodeOrNone(tree_->nodes_[static_cast<std::size_t>(parent_)].lastChild_);
 }
 
-TreeNode* TreeNode::nodeOrNone(int index) const { return tree_->Item(index); }
+TreeNode* TreeNode::nodeOrNone(int index) const {
+    return tree_->Item(index);
+}
 
 TreeNode& TreeView::Add(int parentIndex, int keyNumber, std::string_view text) {
     if (parentIndex < 0 || parentIndex > Count()) {

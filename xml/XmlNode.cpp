@@ -1,9 +1,9 @@
 #include "xml/XmlNode.h"
 
+#include "base/AutomationError.h"
+
 #include <iterator>
 #include <pugixml.hpp>
-
-#include "base/AutomationError.h"
 
 namespace mergeloom {
 
@@ -51,9 +51,13 @@ XmlNode::Type XmlNode::nodeType() const {
     }
 }
 
-XmlNode XmlNode::parentNode() const { return XmlNode(pugi::xml_node(node_).parent().internal_object()); }
+XmlNode XmlNode::parentNode() const {
+    return XmlNode(pugi::xml_node(node_).parent().internal_object());
+}
 
-XmlNode XmlNode::firstChild() const { return XmlNode(pugi::xml_node(node_).first_child().internal_object()); }
+XmlNode XmlNode::firstChild() const {
+    return XmlNode(pugi::xml_node(node_).first_child().internal_object());
+}
 
 XmlNode XmlNode::nextSibling() const {
     return XmlNode(pugi::xml_node(node_).next_sibling().internal_object());
@@ -70,7 +74,9 @@ std::size_t XmlNode::attributeCount() const {
     return static_cast<std::size_t>(std::distance(attributes.begin(), attributes.end()));
 }
 
-std::string_view XmlNode::attributeName(std::size_t index) const { return attributeAt(node_, index).name(); }
+std::string_view XmlNode::attributeName(std::size_t index) const {
+    return attributeAt(node_, index).name();
+}
 
 std::string_view XmlNode::attributeValue(std::size_t index) const {
     return attributeAt(node_, index).value();

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "xml/XmlNode.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "xml/XmlNode.h"
 
 namespace mergeloom {
 

@@ -13,7 +13,8 @@ namespace mergeloom {
 
 /// The first element below a node, in document order, whose local name is the given one, ASCII case aside, or
 /// none. With an attribute's name the element must carry such an attribute; with a value as well, that value
-/// exactly, less its double quotes when it holds both kinds of quote. An error is reported; the answer is none.
+/// exactly, less its double quotes when it holds both kinds of quote. An error is reported; the answer is
+/// none.
 XmlNode SearchNodeNotCaseSensitive(ErrorHandler& errors, XmlNode contextNode, std::string_view elementName,
                                    std::string_view attributeName = {}, std::string_view attributeValue = {},
                                    bool childrenOnly = false);

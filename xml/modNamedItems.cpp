@@ -14,10 +14,12 @@ constexpr char kSeparator = ';';
 constexpr std::int32_t kNotInList = -2;
 
 constexpr std::string_view kStructureElements =
-    ";Table;Query;Form;Structure;Sections;Section;Controls;Control;Data;Records;Record;DisplayValue;BoundValue;"
+    ";Table;Query;Form;Structure;Sections;Section;Controls;Control;Data;Records;Record;DisplayValue;"
+    "BoundValue;"
     "Page;Image;RichText;PlainText;";
 constexpr std::string_view kAttributes =
-    ";Name;Caption;ControlType;CurrentView;Number;HasRecordset;ControlSource;DefaultView;Section;SelTop;Image;"
+    ";Name;Caption;ControlType;CurrentView;Number;HasRecordset;ControlSource;DefaultView;Section;SelTop;"
+    "Image;"
     "TextFormat;";
 constexpr std::string_view kControlTypes =
     ";Textbox;Combobox;Listbox;OptionGroup;BoundObjectFrame;Checkbox;ToggleButton;OptionButton;Subform;"
@@ -48,9 +50,9 @@ struct NamedItems {
     std::size_t count = 0;
 };
 
-constexpr std::array kLists = {NamedItems(kStructureElements), NamedItems(kAttributes),
-                               NamedItems(kControlTypes),      NamedItems(kDropKinds),
-                               NamedItems(kViews),             NamedItems(kDefaultViews)};
+constexpr std::array kLists = {
+    NamedItems(kStructureElements), NamedItems(kAttributes), NamedItems(kControlTypes),
+    NamedItems(kDropKinds),         NamedItems(kViews),      NamedItems(kDefaultViews)};
 
 std::string itemName(NamedItemList list, std::int32_t index) {
     const NamedItems& items = kLists[static_cast<std::size_t>(list)];

@@ -1,8 +1,9 @@
 #include "xml/StructureDocument.h"
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace mergeloom {
 namespace {
@@ -14,8 +15,8 @@ using testing::internal::GetCapturedStderr;
 class StructureDocumentFile : public testing::Test {
   protected:
     StructureDocumentFile() {
-        folder_ = testing::TempDir() + "structure." +
-                  testing::UnitTest::GetInstance()->current_test_info()->name();
+        folder_ =
+            testing::TempDir() + "structure." + testing::UnitTest::GetInstance()->current_test_info()->name();
         std::filesystem::create_directories(folder_);
         CaptureStderr();
     }
@@ -48,15 +49,16 @@ class StructureDocumentFile : public testing::Test {
 
 std::string manyLevels(int levels) {
     std::string xml;
-    for (int i = 0; i < levels; ++i) xml += "<a>\n";
-    for (int i = 0; i < levels; ++i) xml += "</a>";
+    for (int i = 0; i < levels; ++i)
+        xml += "<a>\n";
+    for (int i = 0; i < levels; ++i)
+        xml += "</a>";
     return xml;
 }
 
 TEST_F(StructureDocumentFile, NamesFileLineAndReason) {
     EXPECT_EQ(refusalOf(""), prefix(1) + "Document is empty.");
-    EXPECT_EQ(refusalOf("<a>\n <b>\n</a>"),
-              prefix(3) + "Opening and ending tag mismatch: b line 2 and a.");
+    EXPECT_EQ(refusalOf("<a>\n <b>\n</a>"), prefix(3) + "Opening and ending tag mismatch: b line 2 and a.");
     EXPECT_EQ(document_.parseError().line, 3);
     EXPECT_EQ(refusalOf("<a>\n<b>").find(prefix(2) + "Premature end of data in tag b"), 0U);
     EXPECT_EQ(refusalOf("no xml").find(prefix(1) + "Start tag expected"), 0U);
@@ -93,18 +95,22 @@ TEST_F(StructureDocumentFile, RefusesEntityBombs) {
         nested += "<!ENTITY e" + std::to_string(i) + " '" + inner + inner + inner + inner + "'>";
     }
     EXPECT_EQ(refusalOf(nested + "]><a>&e29;</a>").find(prefix(1) + "Detected an entity reference loop"), 0U);
-    EXPECT_EQ(refusalOf(nested + "]><a x='&e29;'/>").find(prefix(1) + "Detected an entity reference loop"), 0U);
+    EXPECT_EQ(refusalOf(nested + "]><a x='&e29;'/>").find(prefix(1) + "Detected an entity reference loop"),
+              0U);
 
     std::string wide = "<!DOCTYPE a [<!ENTITY e '" + std::string(100000, 'x') + "'>]><a>";
-    for (int i = 0; i < 10000; ++i) wide += "&e;";
-    EXPECT_EQ(refusalOf(wide + "</a>"), prefix(1) + "Entities expand to more than 10 times the document's size.");
+    for (int i = 0; i < 10000; ++i)
+        wide += "&e;";
+    EXPECT_EQ(refusalOf(wide + "</a>"),
+              prefix(1) + "Entities expand to more than 10 times the document's size.");
 
     EXPECT_NE(refusalOf("<!DOCTYPE a [<!ENTITY e '<b>&e;</b>'>]><a>&e;</a>"), "");
 }
 
 TEST_F(StructureDocumentFile, ReplacesSmallEntitiesOfItsOwn) {
-    ASSERT_TRUE(document_.loadXML("<!DOCTYPE a [<!ENTITY firm 'Smith &#38;amp; Co'><!ENTITY el '<b/>'>]>"
-                                  "<a x='&firm;'>to &firm; <c/>&el;&el;</a>"));
+    ASSERT_TRUE(
+        document_.loadXML("<!DOCTYPE a [<!ENTITY firm 'Smith &#38;amp; Co'><!ENTITY el '<b/>'>]>"
+                          "<a x='&firm;'>to &firm; <c/>&el;&el;</a>"));
     const XmlNode root = document_.documentElement();
     EXPECT_EQ(root.namedAttribute("x"), "Smith & Co");
     EXPECT_EQ(root.firstChild().nodeType(), XmlNode::Type::Text);
@@ -152,7 +158,8 @@ TEST_F(StructureDocumentFile, FindsPicturesBesideIt) {
     ASSERT_TRUE(document_.Load(write("a.xml", "<a/>")));
     EXPECT_EQ(document_.findPicture("logo.png"), picture);
     EXPECT_EQ(document_.findPicture(picture), picture);
-    for (const char* none : {"", "none.png", ".", "/none.png"}) EXPECT_EQ(document_.findPicture(none), "");
+    for (const char* none : {"", "none.png", ".", "/none.png"})
+        EXPECT_EQ(document_.findPicture(none), "");
 }
 
 // Children as text: names of elements, "#text" and the like, each followed by a blank.

@@ -1,7 +1,6 @@
-#include "xml/modMSXMLHelper.h"
-
 #include "RecordingErrorHandler.h"
 #include "xml/StructureDocument.h"
+#include "xml/modMSXMLHelper.h"
 
 #include <gtest/gtest.h>
 
@@ -91,9 +90,11 @@ TEST(StripAmpersands, ResolvesAccelerators) {
     struct {
         const char* text;
         const char* stripped;
-    } const cases[] = {{"&Name", "Name"}, {"A && B", "A & B"}, {"Save&", "Save"}, {"&&&Co", "&Co"},
-                       {"&&&&", "&&"},    {"", ""},            {"&", ""},        {"\xC3\x96&l", "\xC3\x96l"}};
-    for (const auto& c : cases) EXPECT_EQ(StripAmpersands(c.text), c.stripped) << c.text;
+    } const cases[] = {
+        {"&Name", "Name"}, {"A && B", "A & B"}, {"Save&", "Save"},          {"&&&Co", "&Co"}, {"&&&&", "&&"},
+        {"", ""},          {"&", ""},           {"\xC3\x96&l", "\xC3\x96l"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(StripAmpersands(c.text), c.stripped) << c.text;
 }
 
 }  // namespace

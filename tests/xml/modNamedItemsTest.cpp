@@ -1,8 +1,8 @@
+#include "base/AutomationError.h"
 #include "xml/modNamedItems.h"
 
-#include "base/AutomationError.h"
-
 #include <gtest/gtest.h>
+
 #include <limits>
 
 namespace mergeloom {
@@ -14,13 +14,33 @@ TEST(NamedItems, IndexByName) {
         const char* name;
         std::int32_t index;
     } const cases[] = {
-        {0, "Table", 0},       {0, "control", 7},        {0, "CONTROLS", 6},       {0, "Plaintext", 16},
-        {0, "Contro", -2},     {0, "", 0},               {0, "Form;Structure", 0}, {1, "", 0},
-        {1, "Name;Caption", 0}, {1, "Label", -2},        {1, "textFormat", 11},    {2, "attachment", 4},
-        {2, "ATTACHMENT", 4},  {2, "BoundObjectFrame", 4}, {2, "CustomControl", 10}, {3, "label and value", 8},
-        {3, "Label and Image", 12}, {3, "label  and value", -2}, {4, "Datasheet", 2}, {5, "Datasheet", 2},
-        {5, "Preview", -2},    {5, "SPLITFORM", 5},      {9, "Table", -2},         {-1, "Table", -2},
-        {9, "", 0},            {9, "a;b", 0},            {0, "\xC3\x89", -2},
+        {0, "Table", 0},
+        {0, "control", 7},
+        {0, "CONTROLS", 6},
+        {0, "Plaintext", 16},
+        {0, "Contro", -2},
+        {0, "", 0},
+        {0, "Form;Structure", 0},
+        {1, "", 0},
+        {1, "Name;Caption", 0},
+        {1, "Label", -2},
+        {1, "textFormat", 11},
+        {2, "attachment", 4},
+        {2, "ATTACHMENT", 4},
+        {2, "BoundObjectFrame", 4},
+        {2, "CustomControl", 10},
+        {3, "label and value", 8},
+        {3, "Label and Image", 12},
+        {3, "label  and value", -2},
+        {4, "Datasheet", 2},
+        {5, "Datasheet", 2},
+        {5, "Preview", -2},
+        {5, "SPLITFORM", 5},
+        {9, "Table", -2},
+        {-1, "Table", -2},
+        {9, "", 0},
+        {9, "a;b", 0},
+        {0, "\xC3\x89", -2},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(NamedItemIndex(c.list, c.name), c.index) << "list " << c.list << ", name " << c.name;
@@ -34,8 +54,10 @@ TEST(NamedItems, ItemByIndex) {
         std::int32_t last;
         const char* lastItem;
     } const lists[] = {
-        {StructureElementName, 16, "PlainText"}, {AttributeName, 11, "TextFormat"},
-        {ControlTypeName, 11, "Attachment"},     {DropKindName, 12, "Label and Image"},
+        {StructureElementName, 16, "PlainText"},
+        {AttributeName, 11, "TextFormat"},
+        {ControlTypeName, 11, "Attachment"},
+        {DropKindName, 12, "Label and Image"},
         {ViewName, 7, "Layout"},
     };
     for (const auto& list : lists) {
@@ -65,7 +87,9 @@ TEST(NamedItems, EnumeratorsStandForTheirWords) {
               static_cast<std::int32_t>(DefaultView::ContinuousForm));
 }
 
-TEST(NamedItems, ZeroWidthJoinerIsOneCharacter) { EXPECT_EQ(ZeroWidthJoiner(), "\xE2\x80\x8D"); }
+TEST(NamedItems, ZeroWidthJoinerIsOneCharacter) {
+    EXPECT_EQ(ZeroWidthJoiner(), "\xE2\x80\x8D");
+}
 
 }  // namespace
 }  // namespace mergeloom
