@@ -14,8 +14,10 @@ namespace mergeloom {
 namespace {
 
 using testing::AnyOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 
+constexpr int kNever = 1'000'000;
 const std::string kOld = "the old file";
 /// Longer than the buffer, so that a save writes before its end.
 const std::string kNew(200 * 1024 + 1, 'n');
@@ -97,6 +99,27 @@ TEST(DiskFileStore, LeavesNothingOfANewFileWhicheverCallFails) {
         EXPECT_EQ(folder.entryCount(), stands ? 1 : 0) << "call " << call;
         EXPECT_TRUE(stands || failure.ends_with("the disk is full.")) << failure;
         std::filesystem::remove(folder / "orders.dotx");
+    }
+}
+
+TEST(DiskFileStore, BringsTheBytesToTheDiskBeforeTheNameAndThenTheName) {
+    const TemporaryFolder folder;
+    FaultyFileSystemCalls calls(kNever, 0);
+    DiskFileStore store(calls);
+    saveText(store, folder / "orders.dotx", "new");
+    EXPECT_THAT(calls.names(), ElementsAre("readlink", "stat", "open", "write", "fsync", "close", "open",
+                                           "rename", "fsync", "close"));
+}
+
+TEST(DiskFileStore, TellsOfEveryFailureToRead) {
+    const TemporaryFolder folder;
+    folder.put("orders.dotx", kOld);
+    for (int call = 1; call <= 4; ++call) {
+        FaultyFileSystemCalls calls(call, EIO);
+        DiskFileStore store(calls);
+        EXPECT_THAT(failureOf([&] { (void)store.read(folder / "orders.dotx"); }, kFileCouldNotBeRead),
+                    HasSubstr("The file '" + (folder / "orders.dotx") + "' could not be read: "))
+            << call;
     }
 }
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/Messages.h"
+
+namespace mergeloom {
+
+/// Keeps what is shown and answers every question as it is told.
+class RecordingMessages final : public Messages {
+  public:
+    MessageAnswer show(const Message& message) override {
+        messages.push_back(message);
+        return message.buttons == MessageButtons::YesNo ? yesNoAnswer : defaultAnswer(message.buttons);
+    }
+
+    /// The texts of the messages, a line each.
+    [[nodiscard]] std::string texts() const {
+        std::string result;
+        for (const Message& message : messages) result += message.text + "\n";
+        return result;
+    }
+
+    MessageAnswer yesNoAnswer = MessageAnswer::Yes;
+    std::vector<Message> messages;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <string>
+
+#include "doubles/MemoryFileStore.h"
+#include "office/embedded/package/Package.h"
+#include "office/embedded/package/RelationshipTypes.h"
+#include "office/model/word/Document.h"
+
+/// Word files in memory, made of and shown as plain texts.
+namespace mergeloom {
+
+inline const std::string kMainPart = "/word/document.xml";
+
+inline std::string packageBytes(embedded::Package& package) {
+    struct Sink final : ByteSink {
+        void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }
+        std::string bytes;
+    } sink;
+    package.write(sink);
+    return sink.bytes;
+}
+
+/// A document file with the given XML in its body.
+inline std::string wordFile(const std::string& bodyXml) {
+    const std::string type = "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml";
+    embedded::Package package = embedded::Package::empty();
+    package.addPart(kMainPart, type,
+                    "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">"
+                    "<w:body>" +
+                        bodyXml + "</w:body></w:document>");
+    const auto conformance = embedded::Conformance::Transitional;
+    package.relationshipsOf("/").addPart(embedded::officeRelationshipType("officeDocument", conformance),
+                                         kMainPart);
+    return packageBytes(package);
+}
+
+inline std::string attributeOf(const std::string& tag, const std::string& name) {
+    const std::size_t start = tag.find(" " + name + "=\"");
+    if (start == std::string::npos) return {};
+    const std::size_t value = start + name.size() + 3;
+    return tag.substr(value, tag.find('"', value) - value);
+}
+
+/// What one tag of a document shows: the ends of places, paragraphs and cells, and pictures.
+inline std::string shownTag(const std::string& tag) {
+    if (tag.starts_with("w:bookmarkStart")) return "[" + attributeOf(tag, "w:name") + ":";
+    if (tag.starts_with("w:bookmarkEnd")) return "]";
+    if (tag == "/w:p" || tag == "w:p/") return "\n";
+    if (tag == "/w:tc") return "|";
+    return tag == "/w:drawing" ? "<picture>" : "";
+}
+
+/// The body of a document file as a text: places stand in brackets behind their names, a line is a paragraph,
+/// and the guard character reads as "^".
+inline std::string shownBody(const std::string& bytes) {
+    const std::string xml = embedded::Package::read(bytes, "test.docx").readPart(kMainPart);
+    std::string shown;
+    std::size_t at = xml.find("<w:body>") + 8;
+    while (at < xml.size()) {
+        const std::size_t tag = xml.find('<', at);
+        if (tag == std::string::npos) break;
+        shown += xml.substr(at, tag - at);
+        at = xml.find('>', tag) + 1;
+        shown += shownTag(xml.substr(tag + 1, at - tag - 2));
+    }
+    const std::string guard = "\u200D";
+    for (std::size_t i = shown.find(guard); i != std::string::npos; i = shown.find(guard, i)) {
+        shown.replace(i, guard.size(), "^");
+    }
+    return shown;
+}
+
+/// An open document as `shownBody` shows its file.
+inline std::string shown(word::Document& document, MemoryFileStore& files) {
+    document.SaveAs("/shown.docx", word::WdSaveFormat::wdFormatXMLDocument);
+    return shownBody(files.files["/shown.docx"]);
+}
+
+}  // namespace mergeloom
