@@ -1,0 +1,69 @@
+#include "office/embedded/parts/WordSkeletons.h"
+
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+bool isBlank(char character) {
+    return character == ' ' || character == '\t' || character == '\n';
+}
+
+}  // namespace
+
+WordSkeletons::WordSkeletons(XmlPart& part, const WordNames& names) : part_(part), names_(names) {
+    const auto element = [&](std::string_view name, const std::string& inside) {
+        return "<" + names.element(name) + inside + "</" + names.element(name) + ">";
+    };
+    const std::string id = " " + names.attribute("id") + "=\"0\"";
+    const std::string name = " " + names.attribute("name") + "=\"n\"";
+    const std::string source = "<skeletons>" + element("p", ">") + element("r", ">") + element("t", ">x") +
+                               element("bookmarkStart", id + name + ">") + element("bookmarkEnd", id + ">") +
+                               "</skeletons>";
+    part.attic().append_buffer(source.data(), source.size());
+    paragraph_ = part.attic().last_child().first_child();
+    run_ = paragraph_.next_sibling();
+    text_ = run_.next_sibling();
+    bookmarkStart_ = text_.next_sibling();
+    bookmarkEnd_ = bookmarkStart_.next_sibling();
+}
+
+pugi::xml_node WordSkeletons::makeText(const std::string& text) {
+    pugi::xml_node element = copy(text_);
+    element.first_child().set_value(text.c_str());
+    keepBlanks(element);
+    return element;
+}
+
+pugi::xml_node WordSkeletons::makeBookmarkStart(const std::string& id, const std::string& name) {
+    pugi::xml_node element = copy(bookmarkStart_);
+    element.first_attribute().set_value(id.c_str());
+    element.last_attribute().set_value(name.c_str());
+    return element;
+}
+
+pugi::xml_node WordSkeletons::makeBookmarkEnd(const std::string& id) {
+    pugi::xml_node element = copy(bookmarkEnd_);
+    element.first_attribute().set_value(id.c_str());
+    return element;
+}
+
+pugi::xml_node WordSkeletons::makeElement(std::string_view localName) {
+    return part_.attic().append_child(names_.element(localName).c_str());
+}
+
+pugi::xml_node WordSkeletons::makeLike(pugi::xml_node node) {
+    pugi::xml_node element = part_.attic().append_child(node.name());
+    for (const pugi::xml_attribute attribute : node.attributes())
+        element.append_copy(attribute);
+    return element;
+}
+
+void keepBlanks(pugi::xml_node textElement) {
+    const std::string_view text = textElement.child_value();
+    if (text.empty() || (!isBlank(text.front()) && !isBlank(text.back()))) return;
+    if (!textElement.attribute("xml:space")) textElement.append_attribute("xml:space") = "preserve";
+}
+
+}  // namespace mergeloom::embedded

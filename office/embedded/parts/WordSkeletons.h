@@ -1,0 +1,44 @@
+#pragma once
+
+#include "office/embedded/parts/WordNames.h"
+#include "office/embedded/parts/XmlPart.h"
+
+#include <pugixml.hpp>
+#include <string>
+
+namespace mergeloom::embedded {
+
+/// Makes the elements that edits put into a part. They come into being in the part's attic, as copies of a
+/// skeleton whose names they share, since the same few elements are made a hundred thousand times.
+class WordSkeletons {
+  public:
+    WordSkeletons(XmlPart& part, const WordNames& names);
+    WordSkeletons(const WordSkeletons&) = delete;
+    WordSkeletons& operator=(const WordSkeletons&) = delete;
+
+    pugi::xml_node makeParagraph() { return copy(paragraph_); }
+    pugi::xml_node makeRun() { return copy(run_); }
+    /// A text element with its text; blanks at its ends are marked to be kept.
+    pugi::xml_node makeText(const std::string& text);
+    pugi::xml_node makeBookmarkStart(const std::string& id, const std::string& name);
+    pugi::xml_node makeBookmarkEnd(const std::string& id);
+    /// Any other element of WordprocessingML, empty.
+    pugi::xml_node makeElement(std::string_view localName);
+    /// An empty element with the name and the attributes of another.
+    pugi::xml_node makeLike(pugi::xml_node node);
+    pugi::xml_node copy(pugi::xml_node node) { return part_.attic().append_copy(node); }
+
+  private:
+    XmlPart& part_;
+    const WordNames& names_;
+    pugi::xml_node paragraph_;
+    pugi::xml_node run_;
+    pugi::xml_node text_;
+    pugi::xml_node bookmarkStart_;
+    pugi::xml_node bookmarkEnd_;
+};
+
+/// Marks a text element whose text begins or ends with a blank, so that the blank is kept (XML 1.0, 2.10).
+void keepBlanks(pugi::xml_node textElement);
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,132 @@
+#include "office/embedded/text/BookmarkEditor.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+
+namespace mergeloom::embedded {
+
+namespace {
+
+constexpr CharacterCount kLongestName{40};
+
+int columnOf(const WordNames& names, pugi::xml_node cell) {
+    int column = 0;
+    for (pugi::xml_node before = cell.previous_sibling(); before; before = before.previous_sibling()) {
+        if (names.tagOf(before) == WordTag::CellElement) ++column;
+    }
+    return column;
+}
+
+}  // namespace
+
+bool isBookmarkName(std::string_view name) {
+    if (name.empty() || utf16Length(name) > kLongestName || isDigit(firstCodePoint(name))) return false;
+    while (!name.empty()) {
+        const char32_t character = takeCodePoint(name);
+        if (character != U'_' && !isDigit(character) && !isNameLetter(character)) return false;
+    }
+    return true;
+}
+
+BookmarkRecord& BookmarkEditor::add(const std::string& name, std::int64_t id, CharacterPosition start,
+                                    CharacterPosition end) {
+    story_.check(start, end);
+    editor_.splitRun(start);
+    if (end != start) editor_.splitRun(end);
+    BookmarkRecord& record = table_.create(name, id, story_);
+    const std::string number = std::to_string(id);
+    const pugi::xml_node startMark = skeletons_.makeBookmarkStart(number, name);
+    setColumns(startMark, start, end);
+    record.start = insertStart(startMark, start);
+    record.end = insertEnd(skeletons_.makeBookmarkEnd(number), end, record.start);
+    record.start->bookmark = record.end->bookmark = &record;
+    journal_.listBookmark(table_, record);
+    return record;
+}
+
+void BookmarkEditor::remove(BookmarkRecord& record) {
+    for (const BookmarkCopy& copy : table_.copiesOf(record))
+        journal_.remove(*copy.part, copy.node);
+    removeMark(record.start);
+    removeMark(record.end);
+    journal_.unlistBookmark(table_, record);
+}
+
+void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) {
+    story_.check(start, start);
+    if (start > ItemTree::positionOf(record.end)) moveEnd(record, start);
+    editor_.splitRun(start);
+    removeMark(record.start);
+    Item* next = story_.items().itemAt(start);
+    const DomPlace place = DomPlaces(story_).forRun(next ? ItemTree::previous(next) : nullptr, next);
+    // A bookmark that becomes empty keeps its marks in order.
+    const bool passesEnd = ItemTree::positionOf(record.end) == start;
+    if (passesEnd) removeMark(record.end);
+    insertMark(record.start, place, next);
+    if (passesEnd) {
+        const pugi::xml_node mark = record.start->node;
+        insertMark(record.end, {mark.parent(), mark}, ItemTree::next(record.start));
+    }
+}
+
+void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
+    story_.check(end, end);
+    if (end < ItemTree::positionOf(record.start)) moveStart(record, end);
+    if (end == ItemTree::positionOf(record.end)) return;
+    editor_.splitRun(end);
+    removeMark(record.end);
+    if (end == ItemTree::positionOf(record.start)) {
+        const pugi::xml_node mark = record.start->node;
+        return insertMark(record.end, {mark.parent(), mark}, ItemTree::next(record.start));
+    }
+    Item* previous = story_.items().itemAt(end - CharacterCount{1});
+    Item* next = ItemTree::next(previous);
+    insertMark(record.end, DomPlaces(story_).forEndMark(previous, next), next);
+}
+
+Item* BookmarkEditor::insertStart(pugi::xml_node mark, CharacterPosition start) {
+    Item* next = story_.items().itemAt(start);
+    const DomPlace place = DomPlaces(story_).forRun(next ? ItemTree::previous(next) : nullptr, next);
+    Item* item = story_.makeItem(ItemKind::BookmarkStart, mark, {0});
+    insertMark(item, place, next);
+    return item;
+}
+
+Item* BookmarkEditor::insertEnd(pugi::xml_node mark, CharacterPosition end, const Item* start) {
+    Item* item = story_.makeItem(ItemKind::BookmarkEnd, mark, {0});
+    if (ItemTree::positionOf(start) == end) {
+        insertMark(item, {start->node.parent(), start->node}, ItemTree::next(start));
+        return item;
+    }
+    Item* previous = story_.items().itemAt(end - CharacterCount{1});
+    Item* next = ItemTree::next(previous);
+    insertMark(item, DomPlaces(story_).forEndMark(previous, next), next);
+    return item;
+}
+
+void BookmarkEditor::insertMark(Item* item, DomPlace place, Item* next) {
+    journal_.move(story_.part(), item->node, place.parent, place.after);
+    journal_.insertItem(story_.items(), next, item);
+}
+
+void BookmarkEditor::removeMark(Item* item) {
+    journal_.remove(story_.part(), item->node);
+    journal_.removeItem(story_.items(), item);
+}
+
+void BookmarkEditor::setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const {
+    if (start == end) return;
+    const Item* first = story_.items().itemAt(start);
+    const Item* last = story_.items().itemAt(end - CharacterCount{1});
+    const pugi::xml_node firstCell = story_.cellOf(first);
+    const pugi::xml_node lastCell = story_.cellOf(last);
+    const bool columns = firstCell && lastCell && firstCell != lastCell && last->kind != ItemKind::RowMark &&
+                         story_.tableOf(first) == story_.tableOf(last);
+    if (!columns) return;
+    const WordNames& names = story_.names();
+    pugi::xml_node target = mark;
+    target.append_attribute(names.attribute("colFirst").c_str()) = columnOf(names, firstCell);
+    target.append_attribute(names.attribute("colLast").c_str()) = columnOf(names, lastCell);
+}
+
+}  // namespace mergeloom::embedded

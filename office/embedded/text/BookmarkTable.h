@@ -1,0 +1,89 @@
+#pragma once
+
+#include "office/embedded/text/Item.h"
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+class Story;
+class XmlPart;
+
+/// A bookmark of the document: its name as written, its id and the marks where it starts and ends. The marks
+/// are items of their story, so the bookmark moves with the text without being touched.
+struct BookmarkRecord {
+    std::string name;
+    std::int64_t id = 0;
+    Story* story = nullptr;
+    Item* start = nullptr;
+    Item* end = nullptr;
+    bool listed = false;  ///< in the table; false once the bookmark is deleted
+
+    /// Word keeps bookmarks of such names out of its collections, though they are found by name.
+    [[nodiscard]] bool isHidden() const { return name.starts_with('_'); }
+};
+
+/// A mark in the fallback branch of a text box, which repeats the text box for programs that cannot show it
+/// (ECMA-376 Part 3, 10.2.3). It carries the name and id of the real mark and has to go with it.
+struct BookmarkCopy {
+    std::string name;  ///< of a start; an end carries none
+    std::string id;
+    XmlPart* part = nullptr;
+    pugi::xml_node node;
+};
+
+/// The bookmarks of a document over all its stories: one name space that does not regard letter case
+/// (ECMA-376 Part 1, 17.13.6.2).
+class BookmarkTable {
+  public:
+    /// A record that is not listed yet; it lives as long as the table.
+    BookmarkRecord& create(std::string name, std::int64_t id, Story& story);
+
+    /// Lists a record whose name no other listed record has.
+    void list(BookmarkRecord& record);
+    void unlist(BookmarkRecord& record);
+
+    [[nodiscard]] BookmarkRecord* find(std::string_view name) const;
+    /// The records that are not hidden, in name order.
+    [[nodiscard]] const std::vector<BookmarkRecord*>& inNameOrder();
+
+    /// The smallest number n from 1 for which no record is named stem followed by n.
+    [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
+
+    void addCopy(BookmarkCopy copy) { copies_.push_back(std::move(copy)); }
+    /// The marks in fallback branches that repeat a bookmark.
+    [[nodiscard]] std::vector<BookmarkCopy> copiesOf(const BookmarkRecord& record) const;
+
+  private:
+    // A record looks itself up by its name, so that no key is stored twice.
+    struct NameHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const;
+        std::size_t operator()(const BookmarkRecord* record) const { return (*this)(record->name); }
+    };
+    struct NameEqual {
+        using is_transparent = void;
+        bool operator()(const BookmarkRecord* a, const BookmarkRecord* b) const { return a == b; }
+        bool operator()(std::string_view a, const BookmarkRecord* b) const;
+        bool operator()(const BookmarkRecord* a, std::string_view b) const { return (*this)(b, a); }
+    };
+
+    void lowerCountersOf(const std::string& name);
+
+    std::deque<BookmarkRecord> records_;
+    std::vector<BookmarkCopy> copies_;
+    std::unordered_set<BookmarkRecord*, NameHash, NameEqual> byName_;
+    std::vector<BookmarkRecord*> ordered_;
+    bool orderIsStale_ = false;
+    // For each stem asked for, a number below which all counters are taken.
+    std::unordered_map<std::string, std::int64_t> takenBelow_;
+};
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "office/embedded/parts/XmlPart.h"
+#include "office/embedded/text/BookmarkTable.h"
+#include "office/embedded/text/ItemTree.h"
+
+#include <cstdint>
+#include <pugixml.hpp>
+#include <string>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+/// Every change to a document's trees goes through here, so that it can be taken back: while the journal
+/// records, each primitive step leaves its inverse, and undo plays them from the last to the first.
+class EditJournal {
+  public:
+    /// Forgets what was recorded and records from now on.
+    void start();
+    void stop() { recording_ = false; }
+    [[nodiscard]] bool isEmpty() const { return entries_.empty(); }
+    /// Takes back all that was recorded; the journal is empty then.
+    void undo();
+
+    /// Moves a node of the part behind a sibling, or to the first place when after is none.
+    void move(XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
+    /// Takes a node out of the part; it rests in the attic.
+    void remove(XmlPart& part, pugi::xml_node node);
+    /// Sets the value of a text node.
+    void setText(XmlPart& part, pugi::xml_node text, const std::string& value);
+    void appendText(XmlPart& part, pugi::xml_node text, const std::string& more);
+
+    void insertItem(ItemTree& tree, Item* next, Item* item);
+    void removeItem(ItemTree& tree, Item* item);
+    void setLength(ItemTree& tree, Item* item, CharacterCount length);
+    void setNode(Item* item, pugi::xml_node node);
+
+    void listBookmark(BookmarkTable& table, BookmarkRecord& record);
+    void unlistBookmark(BookmarkTable& table, BookmarkRecord& record);
+
+  private:
+    enum class Step : std::uint8_t {
+        PartTouched,
+        NodeMoved,
+        TextSet,
+        TextAppended,
+        ItemInserted,
+        ItemRemoved,
+        LengthSet,
+        NodeSet,
+        BookmarkListed,
+        BookmarkUnlisted,
+    };
+
+    /// What a step needs to be taken back; which fields say what is the step's own matter. Kept small: a
+    /// drop of a large form records a dozen steps for each of its controls.
+    struct Entry {
+        Step step;
+        std::uint32_t number = 0;
+        void* first = nullptr;
+        void* second = nullptr;
+        void* third = nullptr;
+    };
+
+    void record(const Entry& entry);
+    void touch(XmlPart& part);
+    void takeBack(const Entry& entry);
+
+    std::vector<Entry> entries_;
+    std::vector<std::string> oldTexts_;
+    bool recording_ = false;
+};
+
+/// Places a node without recording it; for nodes that a journal is about to take over.
+void moveNode(pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
+
+}  // namespace mergeloom::embedded

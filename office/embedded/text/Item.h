@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/Units.h"
+
+#include <cstdint>
+#include <pugixml.hpp>
+
+namespace mergeloom::embedded {
+
+struct BookmarkRecord;
+
+/// What an item of a story is. The order of the groups matters to nobody; the lengths do.
+enum class ItemKind : std::uint8_t {
+    Text,            ///< the text of w:t or w:delText, one unit per UTF-16 code unit
+    FieldCode,       ///< the text of w:instrText, not part of what a range reads as its text
+    Character,       ///< a tab, break, hyphen, symbol, note reference or another single character
+    InlineObject,    ///< a picture or object that stands in the text
+    FieldBegin,      ///< w:fldChar begin; for w:fldSimple, the begin, the code and the separator together
+    FieldSeparator,  ///< w:fldChar separate
+    FieldEnd,        ///< w:fldChar end, or the end of w:fldSimple
+    ParagraphMark,   ///< the end of w:p; in the last paragraph of a cell, the end-of-cell mark
+    RowMark,         ///< the end of w:tr
+    Anchor,          ///< a floating shape; takes no place in the text
+    BookmarkStart,   ///< takes no place in the text
+    BookmarkEnd,     ///< takes no place in the text
+};
+
+/// One piece of a story between its start and its end, tied to the element that it stands for. Items of a
+/// story form an ordered tree (ItemTree), whose fields stand here too so that an item costs one allocation.
+struct Item {
+    Item* left = nullptr;
+    Item* right = nullptr;
+    Item* parent = nullptr;
+    std::uint32_t priority = 0;
+    std::uint32_t length = 0;         ///< in UTF-16 code units; 0 for marks and anchors
+    std::uint32_t lengthBelow = 0;    ///< of this item and all below it in the tree
+    std::int32_t openMarksBelow = 0;  ///< bookmark starts less bookmark ends, likewise
+    std::uint32_t marksBelow = 0;     ///< bookmark starts and ends, likewise
+    ItemKind kind = ItemKind::Text;
+    pugi::xml_node node;
+    BookmarkRecord* bookmark = nullptr;  ///< of a bookmark's mark
+
+    [[nodiscard]] bool takesPlace() const { return length > 0; }
+    [[nodiscard]] bool isMark() const {
+        return kind == ItemKind::BookmarkStart || kind == ItemKind::BookmarkEnd;
+    }
+};
+
+}  // namespace mergeloom::embedded

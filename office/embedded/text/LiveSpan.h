@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/Units.h"
+
+namespace mergeloom::embedded {
+
+class Story;
+
+/// A stretch of a story that is kept true through edits: the story moves the ends of every live span when
+/// text goes in or out. Ranges and the selection hang on it.
+class LiveSpan {
+  public:
+    LiveSpan(Story& story, CharacterPosition start, CharacterPosition end);
+    LiveSpan(const LiveSpan&) = delete;
+    LiveSpan& operator=(const LiveSpan&) = delete;
+    ~LiveSpan();
+
+    [[nodiscard]] Story& story() const { return *story_; }
+    [[nodiscard]] CharacterPosition start() const { return start_; }
+    [[nodiscard]] CharacterPosition end() const { return end_; }
+    [[nodiscard]] bool isCaret() const { return start_ == end_; }
+
+    void set(CharacterPosition start, CharacterPosition end);
+    void moveTo(Story& story, CharacterPosition start, CharacterPosition end);
+
+  private:
+    friend class Story;
+
+    Story* story_;
+    CharacterPosition start_;
+    CharacterPosition end_;
+};
+
+}  // namespace mergeloom::embedded

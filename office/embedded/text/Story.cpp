@@ -1,0 +1,161 @@
+#include "office/embedded/text/Story.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/embedded/text/LiveSpan.h"
+#include "office/embedded/text/StoryReader.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// ECMA-376 Part 1, 17.3.3: what a child of a run reads as where it stands for one character.
+std::string characterText(std::string_view name, const char* breakType) {
+    if (name == "tab" || name == "ptab") return "\t";
+    if (name == "noBreakHyphen") return "\x1E";
+    if (name == "softHyphen") return "\x1F";
+    if (name == "footnoteReference" || name == "endnoteReference") return "\x02";
+    if (name == "commentReference") return "\x05";
+    if (name == "br" && std::string_view(breakType) == "page") return "\f";
+    if (name == "br" && std::string_view(breakType) == "column") return "\x0E";
+    if (name == "br" || name == "cr") return "\v";
+    return "(";
+}
+
+std::string_view localName(pugi::xml_node node) {
+    const std::string_view name = node.name();
+    return name.substr(name.find(':') + 1);
+}
+
+/// The part of an item's text between two units, counted from the item's start.
+std::string slice(const std::string& text, std::int64_t from, std::int64_t to) {
+    const std::size_t first = byteOffset(text, {from});
+    return text.substr(first, byteOffset(text, {to}) - first);
+}
+
+}  // namespace
+
+std::string textOf(const Story& story, const Item* item) {
+    switch (item->kind) {
+        case ItemKind::Text:
+            return item->node.child_value();
+        case ItemKind::Character:
+            return characterText(localName(item->node), story.names().value(item->node, "type"));
+        case ItemKind::InlineObject:
+            return "/";
+        case ItemKind::ParagraphMark:
+            return story.endsCell(item) ? "\r\a" : "\r";
+        case ItemKind::RowMark:
+            return "\r\a";
+        default:
+            return {};
+    }
+}
+
+bool isInside(pugi::xml_node node, pugi::xml_node element) {
+    while (node && node != element)
+        node = node.parent();
+    return static_cast<bool>(node);
+}
+
+Story::Story(XmlPart& part, const WordNames& names, pugi::xml_node root, std::string name,
+             BookmarkTable& bookmarks)
+    : part_(part), names_(names), root_(root), name_(std::move(name)) {
+    StoryReader(*this, bookmarks).read();
+}
+
+Item* Story::makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length) {
+    Item& item = pool_.emplace_back();
+    item.kind = kind;
+    item.node = node;
+    item.length = static_cast<std::uint32_t>(length.value);
+    return &item;
+}
+
+void Story::check(CharacterPosition start, CharacterPosition end) const {
+    if (start.value >= 0 && start <= end && end.value <= length().value) return;
+    throw AutomationError(kCommandFailed, "The range from " + std::to_string(start.value) + " to " +
+                                              std::to_string(end.value) + " lies outside the text.");
+}
+
+Item* Story::firstItemAt(CharacterPosition position) const {
+    Item* item = items_.itemAt(position);
+    if (!item) {
+        item = items_.last();
+        if (!item || item->takesPlace()) return nullptr;
+    } else if (ItemTree::positionOf(item) != position) {
+        return item;
+    }
+    for (Item* before = ItemTree::previous(item); before && !before->takesPlace();) {
+        item = before;
+        before = ItemTree::previous(before);
+    }
+    return item;
+}
+
+std::string Story::text(CharacterPosition start, CharacterPosition end) const {
+    std::string result;
+    CharacterPosition position = start;
+    for (const Item* item = items_.itemAt(start); item && position < end; item = ItemTree::next(item)) {
+        if (!item->takesPlace()) continue;
+        const CharacterPosition itemStart = ItemTree::positionOf(item);
+        const std::int64_t from = std::max<std::int64_t>(0, start.value - itemStart.value);
+        const std::int64_t to = std::min<std::int64_t>(item->length, end.value - itemStart.value);
+        const std::string whole = textOf(*this, item);
+        result += item->kind == ItemKind::Text ? slice(whole, from, to) : whole;
+        position = itemStart + CharacterCount{item->length};
+    }
+    return result;
+}
+
+pugi::xml_node Story::paragraphOf(const Item* item) const {
+    if (item->kind == ItemKind::ParagraphMark) return item->node;
+    if (item->kind == ItemKind::RowMark) return {};
+    return names_.ancestor(item->node, WordTag::Paragraph);
+}
+
+pugi::xml_node Story::cellOf(const Item* item) const {
+    for (pugi::xml_node node = item->node; node && node != root_; node = node.parent()) {
+        if (names_.tagOf(node) == WordTag::CellElement) return node;
+    }
+    return {};
+}
+
+pugi::xml_node Story::tableOf(const Item* item) const {
+    for (pugi::xml_node node = item->node; node && node != root_; node = node.parent()) {
+        if (names_.tagOf(node) == WordTag::Table) return node;
+    }
+    return {};
+}
+
+bool Story::endsCell(const Item* paragraphMark) const {
+    const pugi::xml_node cell = cellOf(paragraphMark);
+    if (!cell) return false;
+    const Item* next = ItemTree::next(paragraphMark);
+    while (next && !next->takesPlace())
+        next = ItemTree::next(next);
+    return !next || !isInside(next->node, cell);
+}
+
+void Story::shift(CharacterPosition position, CharacterCount removed, CharacterCount inserted) {
+    const CharacterPosition removedEnd = position + removed;
+    const auto shifted = [&](CharacterPosition place) {
+        if (place <= position) return place;
+        if (place < removedEnd) return position;
+        return place - removed + inserted;
+    };
+    for (LiveSpan* span : spans_)
+        span->set(shifted(span->start_), shifted(span->end_));
+}
+
+void Story::clampSpans() {
+    const CharacterPosition last{length().value};
+    for (LiveSpan* span : spans_)
+        span->set(std::min(span->start_, last), std::min(span->end_, last));
+}
+
+}  // namespace mergeloom::embedded

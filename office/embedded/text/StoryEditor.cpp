@@ -1,0 +1,260 @@
+#include "office/embedded/text/StoryEditor.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// Where the plain text that a text begins with ends.
+std::size_t plainLength(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && static_cast<unsigned char>(text[length]) >= ' ')
+        ++length;
+    return length;
+}
+
+bool endsParagraph(char character) {
+    return character == '\r' || character == '\n';
+}
+
+/// Takes the paragraph end off that a text begins with; CR and LF together are one.
+void takeParagraphEnd(std::string_view& text) {
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
+}
+
+bool isFormattingChange(std::string_view localName) {
+    return localName == "rPrChange" || localName == "pPrChange" || localName == "ins" || localName == "del" ||
+           localName == "moveFrom" || localName == "moveTo";
+}
+
+/// Takes the records of tracked changes out of copied properties: the copy was never changed.
+void dropFormattingChanges(pugi::xml_node properties) {
+    for (pugi::xml_node child = properties.first_child(); child;) {
+        const pugi::xml_node next = child.next_sibling();
+        const std::string_view name = child.name();
+        if (isFormattingChange(name.substr(name.find(':') + 1))) {
+            properties.remove_child(child);
+        } else {
+            dropFormattingChanges(child);
+        }
+        child = next;
+    }
+}
+
+bool canBeSplit(WordTag tag) {
+    return tag == WordTag::Hyperlink || tag == WordTag::SmartTag || tag == WordTag::CustomXml ||
+           tag == WordTag::Insertion || tag == WordTag::MoveTo || tag == WordTag::Direction;
+}
+
+}  // namespace
+
+CharacterCount StoryEditor::insertText(CharacterPosition position, const std::string& text) {
+    const CharacterPosition start = position;
+    for (std::string_view rest = text; !rest.empty();) {
+        if (endsParagraph(rest.front())) {
+            insertParagraphMark(position);
+            takeParagraphEnd(rest);
+            position = position + CharacterCount{1};
+        } else if (const std::size_t plain = plainLength(rest); plain > 0) {
+            insertPlain(position, rest.substr(0, plain));
+            position = position + utf16Length(rest.substr(0, plain));
+            rest.remove_prefix(plain);
+        } else {
+            const bool known = rest.front() == '\t' || rest.front() == '\v' || rest.front() == '\f';
+            if (known) insertBreak(position, rest.front());
+            position = position + CharacterCount{known ? 1 : 0};
+            rest.remove_prefix(1);
+        }
+    }
+    return position - start;
+}
+
+void StoryEditor::insertPlain(CharacterPosition position, std::string_view text) {
+    Item* next = itemBehind(position);
+    if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
+    if (appendToPrevious(ItemTree::previous(next), position, text)) return;
+    const pugi::xml_node run = makeRun(formattingAt(ItemTree::previous(next), next));
+    const pugi::xml_node element = skeletons_.makeText(std::string(text));
+    moveNode(element, run, run.last_child());
+    insertRun(position, run, element, ItemKind::Text, utf16Length(text));
+}
+
+void StoryEditor::insertBreak(CharacterPosition position, char character) {
+    splitRun(position);
+    const Item* next = itemBehind(position);
+    const pugi::xml_node run = makeRun(formattingAt(ItemTree::previous(next), next));
+    pugi::xml_node element = skeletons_.makeElement(character == '\t' ? "tab" : "br");
+    if (character == '\f') element.append_attribute(story_.names().attribute("type").c_str()) = "page";
+    moveNode(element, run, run.last_child());
+    insertRun(position, run, element, ItemKind::Character, {1});
+}
+
+void StoryEditor::insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child) {
+    splitRun(position);
+    insertRun(position, run, child, ItemKind::InlineObject, {1});
+}
+
+void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::string_view text) {
+    const WordTag tag = story_.names().tagOf(item->node);
+    if (tag != WordTag::TextElement && tag != WordTag::InstructionText) {
+        throw AutomationError(kCommandFailed, "No text can stand at this place.");
+    }
+    std::string whole = item->node.child_value();
+    whole.insert(byteOffset(whole, position - ItemTree::positionOf(item)), text);
+    journal_.setText(story_.part(), item->node.first_child(), whole);
+    journal_.setLength(story_.items(), item, CharacterCount{item->length} + utf16Length(text));
+    story_.shift(position, {}, utf16Length(text));
+}
+
+bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, std::string_view text) {
+    if (!previous || previous->kind != ItemKind::Text) return false;
+    const pugi::xml_node run = previous->node.parent();
+    const bool plain = story_.names().tagOf(previous->node) == WordTag::TextElement &&
+                       story_.names().tagOf(run.parent()) == WordTag::Paragraph;
+    if (!plain) return false;
+    journal_.appendText(story_.part(), previous->node.first_child(), std::string(text));
+    keepBlanks(previous->node);
+    journal_.setLength(story_.items(), previous, CharacterCount{previous->length} + utf16Length(text));
+    story_.shift(position, {}, utf16Length(text));
+    return true;
+}
+
+void StoryEditor::insertRun(CharacterPosition position, pugi::xml_node run, pugi::xml_node child,
+                            ItemKind kind, CharacterCount length) {
+    Item* next = itemBehind(position);
+    const DomPlace place = places_.forRun(ItemTree::previous(next), next);
+    journal_.move(story_.part(), run, place.parent, place.after);
+    journal_.insertItem(story_.items(), next, story_.makeItem(kind, child, length));
+    story_.shift(position, {}, length);
+}
+
+void StoryEditor::insertParagraphMark(CharacterPosition position) {
+    splitRun(position);
+    Item* next = itemBehind(position);
+    const pugi::xml_node paragraph = story_.paragraphOf(next);
+    const DomPlace place = splitContainers(places_.forRun(ItemTree::previous(next), next), paragraph);
+    Item* oldMark = next;
+    while (oldMark->node != paragraph)
+        oldMark = ItemTree::next(oldMark);
+
+    const pugi::xml_node second = makeParagraphLike(paragraph);
+    journal_.move(story_.part(), second, paragraph.parent(), paragraph);
+    pugi::xml_node moving = place.after ? place.after.next_sibling() : paragraph.first_child();
+    while (moving) {
+        const pugi::xml_node following = moving.next_sibling();
+        const bool isContent = story_.names().tagOf(moving) != WordTag::ParagraphProperties;
+        if (isContent) journal_.move(story_.part(), moving, second, second.last_child());
+        moving = following;
+    }
+    journal_.insertItem(story_.items(), next, story_.makeItem(ItemKind::ParagraphMark, paragraph, {1}));
+    journal_.setNode(oldMark, second);
+    story_.shift(position, {}, {1});
+}
+
+void StoryEditor::splitRun(CharacterPosition position) {
+    Item* next = story_.items().itemAt(position);
+    if (!next) return;
+    const CharacterPosition start = ItemTree::positionOf(next);
+    if (start != position) return splitText(next, position - start);
+    const Item* previous = ItemTree::previous(next);
+    if (!previous || previous->node.parent() != next->node.parent()) return;
+    const pugi::xml_node run = next->node.parent();
+    if (story_.names().tagOf(run) == WordTag::Run) splitRunBehind(run, previous->node);
+}
+
+void StoryEditor::splitText(Item* item, CharacterCount before) {
+    if (item->kind != ItemKind::Text) {
+        throw AutomationError(kCommandFailed, "A field's code cannot be split at this place.");
+    }
+    const std::string whole = item->node.child_value();
+    const std::size_t bytes = byteOffset(whole, before);
+    const pugi::xml_node second = splitRunBehind(item->node.parent(), item->node);
+    const pugi::xml_node text = skeletons_.copy(item->node);
+    text.first_child().set_value(whole.substr(bytes).c_str());
+    keepBlanks(text);
+    const pugi::xml_node properties = story_.names().child(second, WordTag::RunProperties);
+    journal_.move(story_.part(), text, second, properties);
+
+    journal_.setText(story_.part(), item->node.first_child(), whole.substr(0, bytes));
+    keepBlanks(item->node);
+    const CharacterCount rest = CharacterCount{item->length} - before;
+    journal_.setLength(story_.items(), item, before);
+    journal_.insertItem(story_.items(), ItemTree::next(item), story_.makeItem(ItemKind::Text, text, rest));
+}
+
+pugi::xml_node StoryEditor::splitRunBehind(pugi::xml_node run, pugi::xml_node child) {
+    const pugi::xml_node second = makeRun(story_.names().child(run, WordTag::RunProperties));
+    journal_.move(story_.part(), second, run.parent(), run);
+    while (const pugi::xml_node moving = child.next_sibling()) {
+        journal_.move(story_.part(), moving, second, second.last_child());
+    }
+    return second;
+}
+
+DomPlace StoryEditor::splitContainers(DomPlace place, pugi::xml_node paragraph) {
+    while (place.parent != paragraph) {
+        const pugi::xml_node container = place.parent;
+        if (!place.after) {
+            place = {container.parent(), container.previous_sibling()};
+            continue;
+        }
+        if (place.after.next_sibling()) {
+            if (!canBeSplit(story_.names().tagOf(container))) {
+                throw AutomationError(kCommandFailed, "No paragraph can end at this place.");
+            }
+            const pugi::xml_node second = skeletons_.makeLike(container);
+            journal_.move(story_.part(), second, container.parent(), container);
+            while (const pugi::xml_node moving = place.after.next_sibling()) {
+                journal_.move(story_.part(), moving, second, second.last_child());
+            }
+        }
+        place = {container.parent(), container};
+    }
+    return place;
+}
+
+pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
+    const pugi::xml_node second = skeletons_.makeParagraph();
+    const pugi::xml_node properties = story_.names().child(paragraph, WordTag::ParagraphProperties);
+    if (!properties) return second;
+    const pugi::xml_node copy = skeletons_.copy(properties);
+    dropFormattingChanges(copy);
+    moveNode(copy, second, {});
+    // A section ends with the last of the paragraphs.
+    const pugi::xml_node section = story_.names().child(properties, WordTag::SectionProperties);
+    if (section) journal_.remove(story_.part(), section);
+    return second;
+}
+
+pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next) const {
+    const WordNames& names = story_.names();
+    while (previous && !previous->takesPlace())
+        previous = ItemTree::previous(previous);
+    const pugi::xml_node paragraph = story_.paragraphOf(next);
+    if (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == paragraph) {
+        return names.child(places_.inlineElementOf(previous), WordTag::RunProperties);
+    }
+    if (next->kind != ItemKind::ParagraphMark) {
+        return names.child(places_.inlineElementOf(next), WordTag::RunProperties);
+    }
+    return names.child(names.child(paragraph, WordTag::ParagraphProperties), WordTag::RunProperties);
+}
+
+pugi::xml_node StoryEditor::makeRun(pugi::xml_node formatting) {
+    const pugi::xml_node run = skeletons_.makeRun();
+    if (!formatting) return run;
+    const pugi::xml_node copy = skeletons_.copy(formatting);
+    dropFormattingChanges(copy);
+    moveNode(copy, run, {});
+    return run;
+}
+
+Item* StoryEditor::itemBehind(CharacterPosition position) const {
+    Item* item = story_.items().itemAt(position);
+    if (!item) throw AutomationError(kCommandFailed, "No text can stand behind the last paragraph.");
+    return item;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "office/embedded/parts/WordSkeletons.h"
+#include "office/embedded/text/DomPlace.h"
+#include "office/embedded/text/EditJournal.h"
+#include "office/embedded/text/Story.h"
+
+#include <string>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+/// Puts text and elements into a story. What comes in at a place stands behind every mark there, so it falls
+/// into a bookmark that starts at the place and not into one that ends there.
+class StoryEditor {
+  public:
+    StoryEditor(Story& story, WordSkeletons& skeletons, EditJournal& journal)
+        : story_(story), skeletons_(skeletons), journal_(journal), places_(story) {}
+
+    /// Puts in text in the formatting that stands there. CR, LF or both together end a paragraph; a tab, a
+    /// vertical tab (line break) and a form feed (page break) become their elements; other control
+    /// characters are left out. Returns how many characters came in.
+    CharacterCount insertText(CharacterPosition position, const std::string& text);
+    void insertParagraphMark(CharacterPosition position);
+    /// Puts in a run, made in the attic, whose child counts as one character.
+    void insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child);
+
+    /// Makes a run end and another begin at the position, if text stands there.
+    void splitRun(CharacterPosition position);
+
+  private:
+    void insertPlain(CharacterPosition position, std::string_view text);
+    void insertBreak(CharacterPosition position, char character);
+    void insertIntoItem(Item* item, CharacterPosition position, std::string_view text);
+    bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text);
+    void insertRun(CharacterPosition position, pugi::xml_node run, pugi::xml_node child, ItemKind kind,
+                   CharacterCount length);
+    Item* itemBehind(CharacterPosition position) const;
+
+    [[nodiscard]] pugi::xml_node formattingAt(const Item* previous, const Item* next) const;
+    pugi::xml_node makeRun(pugi::xml_node formatting);
+    void splitText(Item* item, CharacterCount before);
+    pugi::xml_node splitRunBehind(pugi::xml_node run, pugi::xml_node child);
+    DomPlace splitContainers(DomPlace place, pugi::xml_node paragraph);
+    pugi::xml_node makeParagraphLike(pugi::xml_node paragraph);
+
+    Story& story_;
+    WordSkeletons& skeletons_;
+    EditJournal& journal_;
+    DomPlaces places_;
+};
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,200 @@
+#include "office/embedded/text/StoryReader.h"
+
+#include "base/Text.h"
+
+#include <cstdlib>
+#include <string_view>
+#include <unordered_map>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// A shape of VML floats when its style says so (ECMA-376 Part 4, 19.1.2.19).
+bool floats(pugi::xml_node picture) {
+    const pugi::xml_node shape = picture.find_child(
+        [](pugi::xml_node child) { return !std::string_view(child.attribute("style").value()).empty(); });
+    return std::string_view(shape.attribute("style").value()).find("position:absolute") !=
+           std::string_view::npos;
+}
+
+bool isAnchor(pugi::xml_node drawing) {
+    return std::string_view(drawing.first_child().name()).ends_with("anchor");
+}
+
+/// A text element's value in one node; comments or CDATA sections may have split it.
+void joinText(pugi::xml_node element) {
+    std::string text;
+    for (const pugi::xml_node child : element.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) text += child.value();
+    }
+    element.remove_children();
+    element.append_child(pugi::node_pcdata).set_value(text.c_str());
+}
+
+}  // namespace
+
+void StoryReader::read() {
+    readChildren(story_.root_);
+    pairMarks();
+    story_.items_.build(items_);
+}
+
+void StoryReader::pairMarks() {
+    std::unordered_map<std::string_view, Item*> starts;
+    for (Item* item : items_) {
+        const std::string_view id = item->isMark() ? names_.value(item->node, "id") : "";
+        if (item->kind == ItemKind::BookmarkStart) starts.try_emplace(id, item);
+        if (item->kind != ItemKind::BookmarkEnd) continue;
+        const auto start = starts.find(id);
+        if (start == starts.end()) continue;
+        listBookmark(start->second, item);
+        starts.erase(start);
+    }
+    std::erase_if(items_, [](const Item* item) { return item->isMark() && !item->bookmark; });
+}
+
+void StoryReader::listBookmark(Item* start, Item* end) {
+    const std::string name = names_.value(start->node, "name");
+    if (name.empty() || bookmarks_.find(name)) return;
+    const std::int64_t id = std::strtoll(names_.value(start->node, "id"), nullptr, 10);
+    BookmarkRecord& record = bookmarks_.create(name, id, story_);
+    record.start = start;
+    record.end = end;
+    start->bookmark = end->bookmark = &record;
+    bookmarks_.list(record);
+}
+
+void StoryReader::add(ItemKind kind, pugi::xml_node node, CharacterCount length) {
+    items_.push_back(story_.makeItem(kind, node, length));
+}
+
+void StoryReader::readChildren(pugi::xml_node container) {
+    for (const pugi::xml_node child : container.children())
+        readElement(child);
+}
+
+void StoryReader::readElement(pugi::xml_node node) {
+    switch (names_.tagOf(node)) {
+        case WordTag::Run:
+            return readRun(node);
+        case WordTag::Paragraph:
+            readChildren(node);
+            return add(ItemKind::ParagraphMark, node);
+        case WordTag::Row:
+            readChildren(node);
+            return add(ItemKind::RowMark, node);
+        case WordTag::AlternateContent:
+            return readChildren(names_.child(node, WordTag::Choice));
+        case WordTag::ContentControl:
+            return readChildren(names_.child(node, WordTag::ContentControlContent));
+        case WordTag::Table:
+        case WordTag::CellElement:
+        case WordTag::CustomXml:
+        case WordTag::SmartTag:
+        case WordTag::Hyperlink:
+        case WordTag::Insertion:
+        case WordTag::Deletion:
+        case WordTag::MoveFrom:
+        case WordTag::MoveTo:
+        case WordTag::Direction:
+            return readChildren(node);
+        case WordTag::SimpleField:
+            return readSimpleField(node);
+        case WordTag::Math:
+            return add(ItemKind::InlineObject, node);
+        case WordTag::BookmarkStart:
+            return add(ItemKind::BookmarkStart, node, {0});
+        case WordTag::BookmarkEnd:
+            return add(ItemKind::BookmarkEnd, node, {0});
+        default:
+            return;
+    }
+}
+
+void StoryReader::readRun(pugi::xml_node run) {
+    for (const pugi::xml_node child : run.children())
+        readRunChild(child);
+}
+
+void StoryReader::readRunChild(pugi::xml_node node) {
+    switch (names_.tagOf(node)) {
+        case WordTag::TextElement:
+        case WordTag::DeletedText:
+            return readText(node, ItemKind::Text);
+        case WordTag::InstructionText:
+        case WordTag::DeletedInstructionText:
+            return readText(node, ItemKind::FieldCode);
+        case WordTag::Tab:
+        case WordTag::Break:
+        case WordTag::SingleCharacter:
+            return add(ItemKind::Character, node);
+        case WordTag::Ruby:
+        case WordTag::EmbeddedObject:
+            collectTextBoxes(node);
+            return add(ItemKind::InlineObject, node);
+        case WordTag::Drawing:
+        case WordTag::VmlPicture:
+            return readDrawing(node, node);
+        case WordTag::AlternateContent:
+            readDrawing(node, names_.child(node, WordTag::Choice).first_child());
+            for (const pugi::xml_node branch : node.children()) {
+                if (names_.tagOf(branch) != WordTag::Choice) collectCopies(branch);
+            }
+            return;
+        case WordTag::FieldCharacter:
+            return readFieldCharacter(node);
+        default:
+            return;
+    }
+}
+
+void StoryReader::readText(pugi::xml_node node, ItemKind kind) {
+    if (node.first_child() != node.last_child()) joinText(node);
+    const CharacterCount length = utf16Length(node.child_value());
+    if (length.value > 0) add(kind, node, length);
+}
+
+void StoryReader::readFieldCharacter(pugi::xml_node node) {
+    const std::string_view type = names_.value(node, "fldCharType");
+    if (type == "begin") return add(ItemKind::FieldBegin, node);
+    if (type == "separate") return add(ItemKind::FieldSeparator, node);
+    add(ItemKind::FieldEnd, node);
+}
+
+void StoryReader::readSimpleField(pugi::xml_node node) {
+    // The begin, the code and the separator have no elements of their own; they count as Word counts them.
+    add(ItemKind::FieldBegin, node, utf16Length(names_.value(node, "instr")) + CharacterCount{2});
+    readChildren(node);
+    add(ItemKind::FieldEnd, node);
+}
+
+void StoryReader::readDrawing(pugi::xml_node runChild, pugi::xml_node drawing) {
+    const bool floating = names_.tagOf(drawing) == WordTag::VmlPicture ? floats(drawing) : isAnchor(drawing);
+    add(floating ? ItemKind::Anchor : ItemKind::InlineObject, runChild, {floating ? 0 : 1});
+    collectTextBoxes(drawing);
+}
+
+void StoryReader::collectTextBoxes(pugi::xml_node node) {
+    for (const pugi::xml_node child : node.children()) {
+        if (names_.tagOf(child) == WordTag::TextBoxContent) {
+            story_.textBoxes_.push_back(child);
+        } else {
+            collectTextBoxes(child);
+        }
+    }
+}
+
+void StoryReader::collectCopies(pugi::xml_node fallback) {
+    for (const pugi::xml_node child : fallback.children()) {
+        const WordTag tag = names_.tagOf(child);
+        if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) {
+            bookmarks_.addCopy(
+                {names_.value(child, "name"), names_.value(child, "id"), &story_.part_, child});
+        } else {
+            collectCopies(child);
+        }
+    }
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,79 @@
+#include "office/embedded/word/EmbeddedApplication.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/parts/NewDocument.h"
+#include "office/embedded/word/EmbeddedDocuments.h"
+#include "office/embedded/word/EmbeddedSelection.h"
+#include "office/embedded/word/EmbeddedUndoRecord.h"
+#include "office/embedded/word/WordSaveFormats.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+Package newPackage() {
+    Package package = Package::empty();
+    for (SeedPart& part : newDocumentParts()) {
+        package.addPart(part.name, part.contentType, std::move(part.xml));
+        package.relationshipsOf(part.source).addPart(part.relationshipType, part.name);
+    }
+    return package;
+}
+
+}  // namespace
+
+word::DocumentsPtr EmbeddedApplication::Documents() {
+    return std::make_shared<EmbeddedDocuments>(shared_from_this());
+}
+
+word::SelectionPtr EmbeddedApplication::Selection() {
+    return std::make_shared<EmbeddedSelection>(activeContent());
+}
+
+word::UndoRecordPtr EmbeddedApplication::UndoRecord() {
+    return std::make_shared<EmbeddedUndoRecord>(activeContent());
+}
+
+bool EmbeddedApplication::canSaveAs(word::WdSaveFormat format) {
+    return canWrite(format);
+}
+
+void EmbeddedApplication::Quit(word::WdSaveOptions saveChanges) {
+    while (!documents_.empty()) {
+        const std::shared_ptr<EmbeddedDocument> last = documents_.back();
+        last->Close(saveChanges);
+    }
+}
+
+word::DocumentPtr EmbeddedApplication::open(const std::string& fileName) {
+    Package package = Package::read(files_.read(fileName), fileName);
+    return list(std::make_shared<WordContent>(std::move(package), files_), fileName, true);
+}
+
+word::DocumentPtr EmbeddedApplication::add(const std::string& templatePath) {
+    Package package =
+        templatePath.empty() ? newPackage() : Package::read(files_.read(templatePath), templatePath);
+    auto content = std::make_shared<WordContent>(std::move(package), files_);
+    return list(std::move(content), "Document" + std::to_string(++added_), false);
+}
+
+void EmbeddedApplication::remove(const EmbeddedDocument& document) {
+    std::erase_if(documents_, [&](const auto& candidate) { return candidate.get() == &document; });
+}
+
+word::DocumentPtr EmbeddedApplication::list(std::shared_ptr<WordContent> content, const std::string& fullName,
+                                            bool wasOpened) {
+    documents_.push_back(std::make_shared<EmbeddedDocument>(weak_from_this(), files_, std::move(content),
+                                                            fullName, wasOpened));
+    return documents_.back();
+}
+
+const std::shared_ptr<WordContent>& EmbeddedApplication::activeContent() const {
+    if (documents_.empty()) throw AutomationError(kNotAvailable, "No document is open.");
+    return documents_.back()->content();
+}
+
+}  // namespace mergeloom::embedded

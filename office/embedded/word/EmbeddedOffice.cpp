@@ -1,0 +1,13 @@
+#include "office/embedded/word/EmbeddedOffice.h"
+
+#include <memory>
+
+#include "office/embedded/word/EmbeddedApplication.h"
+
+namespace mergeloom::embedded {
+
+word::ApplicationPtr makeWordApplication(FileStore& files) {
+    return std::make_shared<EmbeddedApplication>(files);
+}
+
+}  // namespace mergeloom::embedded

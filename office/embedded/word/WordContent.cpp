@@ -1,0 +1,181 @@
+#include "office/embedded/word/WordContent.h"
+
+#include "base/AutomationError.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+constexpr ErrorNumber kBadBookmarkName = 5828;
+
+/// Ids are 32-bit numbers; some programs use random ones near the top, above which there is no room. New ids
+/// go on from the highest of the ordinary ones.
+constexpr std::int64_t kOrdinaryIds = 1'000'000'000;
+
+bool holdsStories(const std::string& kind) {
+    return kind == "footnote" || kind == "endnote" || kind == "comment";
+}
+
+[[noreturn]] void refuse(const std::string& fileName, const std::string& why) {
+    throw AutomationError(kFileCouldNotBeRead, "The file '" + fileName + "' " + why);
+}
+
+void checkKind(Package& package, const std::string& mainPart) {
+    const std::string type = package.contentTypes().of(mainPart);
+    const bool isWord =
+        type.find("wordprocessingml") != std::string::npos || type.find("ms-word") != std::string::npos;
+    if (!isWord) refuse(package.fileName(), "is not a Word document.");
+    if (package.isSigned()) {
+        refuse(package.fileName(), "is digitally signed; a change would make the signature invalid.");
+    }
+}
+
+std::int64_t numberOf(const char* text) {
+    char* end = nullptr;
+    const std::int64_t number = std::strtoll(text, &end, 10);
+    return end != text && *end == '\0' && number < kOrdinaryIds ? number : -1;
+}
+
+/// The element after a node in document order, within the root.
+pugi::xml_node nextInOrder(pugi::xml_node node, pugi::xml_node root) {
+    if (node.first_child()) return node.first_child();
+    while (node != root && !node.next_sibling())
+        node = node.parent();
+    return node == root ? pugi::xml_node() : node.next_sibling();
+}
+
+}  // namespace
+
+WordContent::WordContent(Package package, FileStore& files) : package_(std::move(package)), files_(files) {
+    const std::string mainPart = package_.mainPart();
+    checkKind(package_, mainPart);
+    loadPart(mainPart, "body");
+    for (const char* kind : {"header", "footer"})
+        loadRelated(mainPart, kind, kind);
+    loadRelated(mainPart, "footnotes", "footnote");
+    loadRelated(mainPart, "endnotes", "endnote");
+    loadRelated(mainPart, "comments", "comment");
+    selection_.emplace(body().story(), CharacterPosition{0}, CharacterPosition{0});
+}
+
+EditableStory& WordContent::editable(const Story& story) {
+    const auto isIt = [&](EditableStory& candidate) { return &candidate.story() == &story; };
+    return *std::find_if(stories_.begin(), stories_.end(), isIt);
+}
+
+Story& WordContent::storyNamed(const std::string& name) {
+    const auto isIt = [&](EditableStory& candidate) { return candidate.story().name() == name; };
+    const auto found = std::find_if(stories_.begin(), stories_.end(), isIt);
+    if (found == stories_.end()) throw AutomationError(kMemberNotFound, "There is no story '" + name + "'.");
+    return found->story();
+}
+
+CharacterCount WordContent::replace(Story& story, CharacterPosition start, CharacterPosition end,
+                                    const std::string& text) {
+    touch();
+    EditableStory& target = editable(story);
+    target.eraser().erase(start, end);
+    return target.editor().insertText(start, text);
+}
+
+BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, CharacterPosition start,
+                                         CharacterPosition end) {
+    if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
+    touch();
+    if (BookmarkRecord* former = bookmarks_.find(name)) {
+        editable(*former->story).bookmarks().remove(*former);
+    }
+    return editable(story).bookmarks().add(name, ++highestId_, start, end);
+}
+
+void WordContent::startRecord() {
+    journal_.start();
+    recorded_ = {&selection_->story(), selection_->start(), selection_->end(), saved_};
+}
+
+bool WordContent::undo() {
+    journal_.stop();
+    if (journal_.isEmpty() || !recorded_) return false;
+    journal_.undo();
+    for (EditableStory& editable : stories_)
+        editable.story().clampSpans();
+    selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);
+    saved_ = recorded_->saved;
+    return true;
+}
+
+void WordContent::storeParts() {
+    for (EditablePart& editable : parts_) {
+        if (!editable.part->isDirty()) continue;
+        package_.writePart(editable.part->partName(), editable.part->toXml());
+        editable.part->setDirty(false);
+    }
+}
+
+void WordContent::loadRelated(const std::string& mainPart, const std::string& type, const std::string& kind) {
+    std::vector<std::string> partNames;
+    Relationships& relationships = package_.relationshipsOf(mainPart);
+    for (const Relationship* relationship : relationships.ofOfficeType(type)) {
+        const std::string partName = relationships.targetPart(*relationship);
+        const bool isNew = std::find(partNames.begin(), partNames.end(), partName) == partNames.end();
+        if (isNew && package_.hasPart(partName)) partNames.push_back(partName);
+    }
+    int number = 0;
+    for (const std::string& partName : partNames) {
+        loadPart(partName, holdsStories(kind) ? kind : kind + " " + std::to_string(++number));
+    }
+}
+
+void WordContent::loadPart(const std::string& partName, const std::string& kind) {
+    parts_.emplace_back(XmlPart::parse(package_.readPart(partName), partName, package_.fileName()));
+    readIds(parts_.back());
+    loadStories(parts_.back(), kind);
+}
+
+void WordContent::loadStories(EditablePart& part, const std::string& kind) {
+    const pugi::xml_node root = part.part->root();
+    if (kind == "body") {
+        const pugi::xml_node body = root.child(part.names.element("body").c_str());
+        if (!body) refuse(package_.fileName(), "is damaged: its main part has no body.");
+        return addStory(part, body, kind);
+    }
+    if (!holdsStories(kind)) return addStory(part, root, kind);
+    const std::string element = part.names.element(kind);
+    int number = 0;
+    for (const pugi::xml_node story : root.children(element.c_str())) {
+        // The separators between text and notes are kept as notes too; they hold no text of the user's.
+        const std::string_view type = part.names.value(story, "type");
+        if (!type.empty() && type != "normal") continue;
+        addStory(part, story, kind + " " + std::to_string(++number));
+    }
+}
+
+void WordContent::addStory(EditablePart& part, pugi::xml_node root, const std::string& name) {
+    stories_.emplace_back(part, root, name, bookmarks_, journal_);
+    // By value: reading a text box's own story may find further ones.
+    const std::vector<pugi::xml_node> inside = stories_.back().story().textBoxes();
+    for (const pugi::xml_node textBox : inside) {
+        addStory(part, textBox, "text box " + std::to_string(++textBoxes_));
+    }
+}
+
+void WordContent::readIds(const EditablePart& part) {
+    const std::string id = part.names.attribute("id");
+    const pugi::xml_node root = part.part->root();
+    for (pugi::xml_node node = root; node; node = nextInOrder(node, root)) {
+        if (node.type() != pugi::node_element) continue;
+        if (const pugi::xml_attribute attribute = node.attribute(id.c_str())) {
+            highestId_ = std::max(highestId_, numberOf(attribute.value()));
+        }
+        if (std::string_view(node.name()).ends_with(":docPr")) {
+            highestDrawingId_ = std::max(highestDrawingId_, numberOf(node.attribute("id").value()));
+        }
+    }
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/embedded/package/Package.h"
+#include "office/embedded/text/LiveSpan.h"
+#include "office/embedded/word/EditableStory.h"
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace mergeloom::embedded {
+
+/// What is in a Word document while it is open: its package, the stories of its parts, the bookmarks over all
+/// of them and the selection. Ranges and bookmarks handed out share it, so it lives as long as any of them.
+class WordContent {
+  public:
+    /// Reads the main part, headers, footers, notes and comments. Raises kFileCouldNotBeRead for a package
+    /// that is no Word document or that cannot be edited safely.
+    /// Pictures are read from the file store, which has to outlive the content.
+    WordContent(Package package, FileStore& files);
+    WordContent(const WordContent&) = delete;
+    WordContent& operator=(const WordContent&) = delete;
+
+    [[nodiscard]] Package& package() { return package_; }
+    [[nodiscard]] FileStore& files() { return files_; }
+    [[nodiscard]] BookmarkTable& bookmarks() { return bookmarks_; }
+    [[nodiscard]] EditJournal& journal() { return journal_; }
+    [[nodiscard]] LiveSpan& selection() { return *selection_; }
+    [[nodiscard]] EditableStory& body() { return stories_.front(); }
+    [[nodiscard]] EditableStory& editable(const Story& story);
+    /// Every story has a name of its own. Raises kMemberNotFound for a name that none has.
+    [[nodiscard]] Story& storyNamed(const std::string& name);
+
+    /// Replaces the text of a stretch; answers how many characters came in.
+    CharacterCount replace(Story& story, CharacterPosition start, CharacterPosition end,
+                           const std::string& text);
+    /// Marks a stretch; a bookmark of that name anywhere in the document moves here.
+    BookmarkRecord& addBookmark(const std::string& name, Story& story, CharacterPosition start,
+                                CharacterPosition end);
+
+    /// One recorded step at a time can be taken back, together with the selection.
+    void startRecord();
+    void stopRecord() { journal_.stop(); }
+    bool undo();
+
+    [[nodiscard]] bool isSaved() const { return saved_; }
+    void setSaved(bool saved) { saved_ = saved; }
+    /// Says that an edit begins.
+    void touch() { saved_ = false; }
+
+    /// Hands the parts that were edited to the package, which can be written then.
+    void storeParts();
+
+    [[nodiscard]] std::int64_t nextDrawingId() { return ++highestDrawingId_; }
+
+  private:
+    struct RecordedState {
+        Story* story;
+        CharacterPosition start;
+        CharacterPosition end;
+        bool saved;
+    };
+
+    void loadPart(const std::string& partName, const std::string& kind);
+    void loadRelated(const std::string& mainPart, const std::string& type, const std::string& kind);
+    void loadStories(EditablePart& part, const std::string& kind);
+    void addStory(EditablePart& part, pugi::xml_node root, const std::string& name);
+    void readIds(const EditablePart& part);
+
+    Package package_;
+    FileStore& files_;
+    BookmarkTable bookmarks_;
+    EditJournal journal_;
+    std::deque<EditablePart> parts_;
+    std::deque<EditableStory> stories_;
+    std::optional<LiveSpan> selection_;
+    std::optional<RecordedState> recorded_;
+    std::int64_t highestId_ = -1;  // of bookmarks, tracked changes and comments, which share their ids
+    std::int64_t highestDrawingId_ = 0;
+    int textBoxes_ = 0;
+    bool saved_ = true;
+};
+
+}  // namespace mergeloom::embedded

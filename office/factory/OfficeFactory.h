@@ -1,0 +1,15 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/model/word/Application.h"
+
+namespace mergeloom {
+
+/// The offices that can stand behind the object model.
+enum class OfficeKind { Embedded, LibreOffice };
+
+/// Starts an office that plays Word's part. The file store has to outlive it. Raises kNotAvailable, with a
+/// sentence that says what to choose, for an office that this program does not have.
+word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files);
+
+}  // namespace mergeloom
