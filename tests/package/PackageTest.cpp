@@ -129,6 +129,7 @@ TEST(Package, isWholeAfterAFailedWrite) {
 TEST(Package, survivesMoves) {
     const std::string bytes = buildZip(documentEntries());
     std::vector<Package> packages;
+    packages.reserve(1);
     for (int i = 0; i < 5; ++i)
         packages.push_back(Package::read(bytes, "orders.docx"));
     Package moved = std::move(packages.front());
@@ -160,6 +161,8 @@ TEST(Package, removesAPartWithAllThatIsItsOwn) {
     Package package = Package::read(buildZip(entries), "orders.docx");
     (void)package.relationshipsOf("/word/document.xml").addPart("type", "/word/x.xml");
     package.removePart("/word/document.xml");
+    EXPECT_FALSE(package.hasPart("/word/document.xml"));
+    EXPECT_TRUE(package.relationshipsOf("/word/document.xml").all().empty());
     Package again = Package::read(written(package), "orders.docx");
     EXPECT_FALSE(again.hasPart("/word/document.xml"));
     EXPECT_FALSE(again.hasPart("/word/_rels/document.xml.rels"));

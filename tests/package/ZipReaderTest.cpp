@@ -136,6 +136,7 @@ TEST(ZipReader, refusesWithAReason) {
         {named("word/../../x"), "path with \".\" or \"..\""},
         {named("word\\..\\x"), "path with \".\" or \"..\""},
         {named("word/%2E%2e/x"), "path with \".\" or \"..\""},
+        {named("word%5C..%5cx"), "path with \".\" or \"..\""},
         {named("word//x"), "empty folder name"},
         {named("word/a\0b"s), "control character"},
         {named(""), "has no name"},
