@@ -68,7 +68,6 @@ bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, word::Sel
     std::string name = SimplifyName(GetAttributeValue(arguments.node, Attribute::Name));
     const PlaceContent content{.boundValueUse = arguments.boundValueUse,
                                .prefix = arguments.parentName,
-                               .text = {},
                                .pictureFile = pictureOf(arguments.node)};
     const word::RangePtr dropPoint = selection.Range();
     const word::BookmarkPtr bookmark =

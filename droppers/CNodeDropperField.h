@@ -12,10 +12,10 @@ namespace mergeloom {
 
 /// What is dropped by a field drop, and how.
 struct FieldDropArguments {
-    XmlNode node;  ///< the control's element
-    word::DocumentPtr document;
+    XmlNode node{};  ///< the control's element
+    word::DocumentPtr document{};
     bool labelRequired = false;
-    std::string parentName;              ///< the enclosing table's or subform's name; empty for a free field
+    std::string parentName{};            ///< the enclosing table's or subform's name; empty for a free field
     const TreeNode* treeNode = nullptr;  ///< the control's tree node, if there is one
     bool boundValueUse = false;
     bool isTableField = false;

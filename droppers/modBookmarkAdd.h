@@ -18,9 +18,9 @@ struct TouchingBookmarks {
 /// What a new place is made of, besides its name.
 struct PlaceContent {
     bool boundValueUse = false;
-    std::string prefix;       ///< stands before the name in the bookmark's name
-    std::string text;         ///< the text of an empty range; empty: the name
-    std::string pictureFile;  ///< a picture's full path; it becomes the place's content instead of a text
+    std::string prefix{};       ///< stands before the name in the bookmark's name
+    std::string text{};         ///< the text of an empty range; empty: the name
+    std::string pictureFile{};  ///< a picture's full path; it becomes the place's content instead of a text
 };
 
 /// Whether a drop on the range may go on, and which bookmarks touch it. A drop on top of a field, which is a

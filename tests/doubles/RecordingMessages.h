@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/Messages.h"
+
 #include <string>
 #include <vector>
-
-#include "base/Messages.h"
 
 namespace mergeloom {
 
@@ -18,7 +18,8 @@ class RecordingMessages final : public Messages {
     /// The texts of the messages, a line each.
     [[nodiscard]] std::string texts() const {
         std::string result;
-        for (const Message& message : messages) result += message.text + "\n";
+        for (const Message& message : messages)
+            result += message.text + "\n";
         return result;
     }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-
 #include "doubles/MemoryFileStore.h"
 #include "office/embedded/package/Package.h"
 #include "office/embedded/package/RelationshipTypes.h"
 #include "office/model/word/Document.h"
+
+#include <string>
 
 /// Word files in memory, made of and shown as plain texts.
 namespace mergeloom {
@@ -23,7 +23,8 @@ inline std::string packageBytes(embedded::Package& package) {
 
 /// A document file with the given XML in its body.
 inline std::string wordFile(const std::string& bodyXml) {
-    const std::string type = "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml";
+    const std::string type =
+        "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml";
     embedded::Package package = embedded::Package::empty();
     package.addPart(kMainPart, type,
                     "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">"
