@@ -123,6 +123,11 @@ bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return a.empty() && b.empty();
 }
 
+bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b) {
+    const auto same = [](char x, char y) { return toLower(x) == toLower(y); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
+}
+
 std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from) {
     if (from > text.size()) return std::string_view::npos;
     const auto same = [](char a, char b) { return toLower(a) == toLower(b); };

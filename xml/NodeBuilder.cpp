@@ -1,5 +1,7 @@
 #include "xml/NodeBuilder.h"
 
+#include "xml/modNamedItems.h"
+
 #include <new>
 
 namespace mergeloom {
@@ -17,32 +19,63 @@ void require(bool done) {
     if (!done) throw std::bad_alloc();
 }
 
-template <typename Named>
-void setQualifiedName(Named named, const char* prefix, const char* localName) {
-    if (prefix == nullptr) {
-        require(named.set_name(localName));
-    } else {
-        require(named.set_name((std::string(prefix) + ":" + localName).c_str()));
-    }
+std::string qualifiedName(const char* prefix, const char* localName) {
+    return prefix == nullptr ? localName : std::string(prefix) + ":" + localName;
+}
+
+/// An element with all attributes of the vocabulary and one with all its elements.
+std::string vocabulary() {
+    std::string name;
+    std::string attributes;
+    for (std::int32_t i = 0; !(name = AttributeName(i)).empty(); ++i)
+        attributes += " " + name + "=''";
+    std::string elements;
+    for (std::int32_t i = 0; !(name = StructureElementName(i)).empty(); ++i)
+        elements += "<" + name + "/>";
+    return "<attributes" + attributes + "/><elements>" + elements + "</elements>";
 }
 
 }  // namespace
+
+NodeBuilder::NodeBuilder(pugi::xml_document& document)
+    : vocabulary_(document.append_child("vocabulary")), current_(document) {
+    const std::string xml = vocabulary();
+    require(vocabulary_.append_buffer(xml.data(), xml.size()));
+}
+
+NodeBuilder::~NodeBuilder() {
+    vocabulary_.parent().remove_child(vocabulary_);
+}
 
 void NodeBuilder::startElement(const char* prefix, const char* localName) {
     if (++depth_ > kDeepestNesting) {
         throw DocumentRefused("Elements are nested more than " + std::to_string(kDeepestNesting) +
                               " levels deep");
     }
-    current_ = appendChild(pugi::node_element);
-    setQualifiedName(current_, prefix, localName);
+    finishText();
+    current_ = appendElement(qualifiedName(prefix, localName).c_str());
+    size_ += kSmallestNode;
 }
 
 void NodeBuilder::addAttribute(const char* prefix, const char* localName, std::string_view value) {
-    pugi::xml_attribute attribute = current_.append_attribute("");
-    require(!attribute.empty());
-    setQualifiedName(attribute, prefix, localName);
+    pugi::xml_attribute attribute = appendAttribute(qualifiedName(prefix, localName).c_str());
     require(attribute.set_value(value.data(), value.size()));
     size_ += value.size();
+}
+
+pugi::xml_node NodeBuilder::appendElement(const char* name) {
+    const pugi::xml_node known = vocabulary_.last_child().child(name);
+    const pugi::xml_node element = known ? current_.append_copy(known) : current_.append_child(name);
+    require(!element.empty());
+    return element;
+}
+
+pugi::xml_attribute NodeBuilder::appendAttribute(const char* name) {
+    const pugi::xml_attribute known = vocabulary_.first_child().attribute(name);
+    const pugi::xml_attribute attribute =
+        known ? current_.append_copy(known) : current_.append_attribute(name);
+    require(!attribute.empty());
+    return attribute;
 }
 
 void NodeBuilder::endElement() {

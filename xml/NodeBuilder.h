@@ -20,7 +20,10 @@ class NodeBuilder {
     static constexpr int kDeepestNesting = 250;
 
     /// The document must be empty and outlive the builder.
-    explicit NodeBuilder(pugi::xml_document& document) : current_(document) {}
+    explicit NodeBuilder(pugi::xml_document& document);
+    NodeBuilder(const NodeBuilder&) = delete;
+    NodeBuilder& operator=(const NodeBuilder&) = delete;
+    ~NodeBuilder();
 
     /// Raises DocumentRefused for an element that is nested too deep.
     void startElement(const char* prefix, const char* localName);
@@ -36,9 +39,14 @@ class NodeBuilder {
     [[nodiscard]] std::size_t size() const { return size_; }
 
   private:
+    pugi::xml_node appendElement(const char* name);
+    pugi::xml_attribute appendAttribute(const char* name);
     pugi::xml_node appendChild(pugi::xml_node_type type);
     void finishText();
 
+    // The elements and attributes of the vocabulary. They were parsed, and a copy of a parsed node shares its
+    // name; a name of its own for every node would make the tree a quarter larger.
+    pugi::xml_node vocabulary_;
     pugi::xml_node current_;
     int depth_ = 0;
     std::size_t size_ = 0;

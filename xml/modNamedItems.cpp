@@ -64,10 +64,6 @@ std::string itemName(NamedItemList list, std::int32_t index) {
     return std::string(items.pieces[static_cast<std::size_t>(piece)]);
 }
 
-bool sameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && findIgnoringAsciiCase(a, b) == 0;
-}
-
 }  // namespace
 
 std::string StructureElementName(std::int32_t index) {
@@ -97,7 +93,7 @@ std::int32_t NamedItemIndex(std::int32_t listKind, std::string_view name) {
     const NamedItems& items = kLists[static_cast<std::size_t>(listKind)];
     const auto end = items.pieces.begin() + static_cast<std::ptrdiff_t>(items.count);
     const auto found = std::find_if(items.pieces.begin(), end,
-                                    [&](std::string_view piece) { return sameName(piece, name); });
+                                    [&](std::string_view piece) { return equalsIgnoringAsciiCase(piece, name); });
     if (found == end) return kNotInList;
 
     const auto index = static_cast<std::int32_t>(found - items.pieces.begin()) - 1;
