@@ -39,8 +39,18 @@ bool Package::hasPart(const std::string& partName) const {
 
 std::string Package::readPart(const std::string& partName) const {
     std::optional<std::string> content = parts_.read(partName);
-    if (!content) raiseUnreadable(fileName_, "its part " + quoted(partName) + " is missing");
+    if (!content) refuseMissing(partName);
     return std::move(*content);
+}
+
+PartDigest Package::digestOfPart(const std::string& partName) const {
+    const std::optional<PartDigest> digest = parts_.digest(partName);
+    if (!digest) refuseMissing(partName);
+    return *digest;
+}
+
+void Package::refuseMissing(const std::string& partName) const {
+    raiseUnreadable(fileName_, "its part " + quoted(partName) + " is missing");
 }
 
 std::vector<std::string> Package::partNames() const {

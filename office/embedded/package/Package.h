@@ -29,6 +29,9 @@ class Package {
     [[nodiscard]] bool hasPart(const std::string& partName) const;
     /// A part's content. Raises kFileCouldNotBeRead when it is missing or damaged.
     [[nodiscard]] std::string readPart(const std::string& partName) const;
+    /// What a part's content is told apart by, without unpacking it. Raises kFileCouldNotBeRead when there is
+    /// no such part.
+    [[nodiscard]] PartDigest digestOfPart(const std::string& partName) const;
     /// All parts in the archive's order, except those that hold relationships.
     [[nodiscard]] std::vector<std::string> partNames() const;
 
@@ -59,6 +62,7 @@ class Package {
     Package() : Package("", PartStore(), ContentTypes()) {}
     Package(std::string fileName, PartStore parts, ContentTypes contentTypes);
 
+    [[noreturn]] void refuseMissing(const std::string& partName) const;
     [[nodiscard]] Relationships loadRelationships(const std::string& partName) const;
     [[nodiscard]] const Relationships& ownRelationships() const;
     void storeRelationships();

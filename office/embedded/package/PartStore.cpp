@@ -30,6 +30,10 @@ std::string unpack(const PackedContent& packed) {
 
 }  // namespace
 
+PartDigest digestOf(std::string_view content) {
+    return {content.size(), crc32(content)};
+}
+
 PartStore::PartStore(std::string archive, const std::string& fileName, const ZipLimits& limits)
     : archive_(std::make_unique<const Archive>(std::move(archive), fileName, limits)) {
     for (const ZipEntry& entry : archive_->reader.entries())
@@ -57,6 +61,18 @@ std::optional<std::string> PartStore::read(std::string_view partName) const {
         return archive_->reader.read(**entry);
     if (const auto* packed = std::get_if<PackedContent>(&slot->content)) return unpack(*packed);
     return std::get<std::string>(slot->content);
+}
+
+std::optional<PartDigest> PartStore::digest(std::string_view partName) const {
+    const Slot* const slot = find(partName);
+    if (slot == nullptr) return std::nullopt;
+    if (const auto* entry = std::get_if<const ZipEntry*>(&slot->content)) {
+        return PartDigest{(*entry)->size, (*entry)->crc};
+    }
+    if (const auto* packed = std::get_if<PackedContent>(&slot->content)) {
+        return PartDigest{packed->size, packed->crc};
+    }
+    return digestOf(std::get<std::string>(slot->content));
 }
 
 std::vector<std::string> PartStore::names() const {

@@ -4,7 +4,9 @@
 #include "office/embedded/package/ZipReader.h"
 #include "office/embedded/package/ZipWriter.h"
 
+#include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,6 +16,16 @@
 #include <vector>
 
 namespace mergeloom::embedded {
+
+/// What tells the contents of most parts apart without looking at them.
+struct PartDigest {
+    std::uint64_t size = 0;
+    std::uint32_t crc = 0;
+
+    friend auto operator<=>(const PartDigest&, const PartDigest&) = default;
+};
+
+PartDigest digestOf(std::string_view content);
 
 /// The parts of a package in the order of its archive: those of the archive that was read, until they are
 /// replaced, and new ones behind them. Names are looked up as partKey compares them.
@@ -26,6 +38,8 @@ class PartStore {
     [[nodiscard]] bool has(std::string_view partName) const;
     /// Nothing when there is no such part. Raises kFileCouldNotBeRead when it is damaged.
     [[nodiscard]] std::optional<std::string> read(std::string_view partName) const;
+    /// Nothing when there is no such part. Costs no unpacking.
+    [[nodiscard]] std::optional<PartDigest> digest(std::string_view partName) const;
     /// All names as stored, with a leading "/"; folders' entries are left out.
     [[nodiscard]] std::vector<std::string> names() const;
 

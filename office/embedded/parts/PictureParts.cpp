@@ -1,0 +1,89 @@
+#include "office/embedded/parts/PictureParts.h"
+
+#include "office/embedded/package/PartName.h"
+
+namespace mergeloom::embedded {
+
+namespace {
+
+std::string stemOf(const std::string& partName) {
+    const std::string key = partKey(partName);
+    const std::string_view extension = extensionOf(key);
+    return key.substr(0, key.size() - extension.size() - (extension.empty() ? 0 : 1));
+}
+
+bool isMedia(const std::string& partName) {
+    return folderOf(partKey(partName)).ends_with("/media/");
+}
+
+/// The relationship of an image type that leads to a part already; empty when there is none.
+std::string findRelationship(const Relationships& relationships, const std::string& partName) {
+    for (const Relationship* relationship : relationships.ofOfficeType("image")) {
+        if (relationship->mode != TargetMode::Internal) continue;
+        if (partKey(relationships.targetPart(*relationship)) == partKey(partName)) return relationship->id;
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string PictureParts::add(const std::string& documentPart, std::string bytes,
+                              const PictureFile& picture) {
+    if (!mediaRead_) readMedia();
+    std::string partName = partWith(bytes, picture);
+    if (partName.empty()) {
+        partName = addPart(std::string(folderOf(documentPart)) + "media/", std::move(bytes), picture);
+    }
+    return relationshipTo(documentPart, partName);
+}
+
+void PictureParts::readMedia() {
+    for (const std::string& partName : package_.partNames()) {
+        if (isMedia(partName)) remember(partName);
+    }
+    mediaRead_ = true;
+}
+
+void PictureParts::remember(const std::string& partName) {
+    parts_.emplace(package_.digestOfPart(partName), partName);
+    stems_.insert(stemOf(partName));
+}
+
+std::string PictureParts::partWith(const std::string& bytes, const PictureFile& picture) const {
+    const auto [first, last] = parts_.equal_range(digestOf(bytes));
+    for (auto candidate = first; candidate != last; ++candidate) {
+        const std::string& partName = candidate->second;
+        // An undone drop may have taken the part out again.
+        const bool fits = package_.hasPart(partName) &&
+                          package_.contentTypes().of(partName) == picture.contentType() &&
+                          package_.readPart(partName) == bytes;
+        if (fits) return partName;
+    }
+    return {};
+}
+
+std::string PictureParts::addPart(const std::string& folder, std::string bytes, const PictureFile& picture) {
+    const std::string extension = picture.extension();
+    std::string stem;
+    do {
+        stem = folder + "image" + std::to_string(++lastNumber_);
+    } while (stems_.contains(partKey(stem)));
+    const std::string partName = stem + "." + extension;
+    package_.contentTypes().ensureDefault(extension, picture.contentType());
+    package_.addPart(partName, picture.contentType(), std::move(bytes));
+    remember(partName);
+    return partName;
+}
+
+std::string PictureParts::relationshipTo(const std::string& documentPart, const std::string& partName) {
+    Relationships& relationships = package_.relationshipsOf(documentPart);
+    std::string& id = relationshipIds_[{partKey(documentPart), partKey(partName)}];
+    // Looked for once only: a document with thousands of pictures has thousands of relationships.
+    if (id.empty()) id = findRelationship(relationships, partName);
+    if (relationships.find(id) == nullptr) {
+        id = relationships.addPart(officeRelationshipType("image", package_.conformance()), partName);
+    }
+    return id;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,85 @@
+#include "base/ByteSink.h"
+#include "office/embedded/parts/PictureParts.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace mergeloom::embedded {
+namespace {
+
+using testing::ElementsAre;
+
+const std::string kDocument = "/word/document.xml";
+const std::string kHeader = "/word/header1.xml";
+
+std::string gif(const std::string& pixels) {
+    return std::string("GIF89a\2\0\2\0\0\0\0", 13) + pixels;
+}
+
+std::string addTo(PictureParts& pictures, const std::string& documentPart, const std::string& bytes) {
+    return pictures.add(documentPart, bytes, PictureFile::read(bytes, "logo.gif"));
+}
+
+class StringSink : public ByteSink {
+  public:
+    void write(std::span<const char> bytes) override { text.append(bytes.data(), bytes.size()); }
+
+    std::string text;
+};
+
+TEST(PictureParts, addsEachPictureOnce) {
+    Package package = Package::empty();
+    package.addPart("/word/media/IMAGE2.png", "image/png", "another");
+    PictureParts pictures(package);
+    const std::string first = addTo(pictures, kDocument, gif("a"));
+    const std::string second = addTo(pictures, kDocument, gif("b"));
+    EXPECT_NE(first, second);
+    EXPECT_EQ(addTo(pictures, kDocument, gif("a")), first);
+    (void)addTo(pictures, kHeader, gif("b"));
+    EXPECT_THAT(package.partNames(),
+                ElementsAre("/word/media/IMAGE2.png", "/word/media/image1.gif", "/word/media/image3.gif"));
+    EXPECT_EQ(package.contentTypes().of("/word/media/image9.gif"), "image/gif");
+    const Relationships& ofHeader = package.relationshipsOf(kHeader);
+    ASSERT_EQ(ofHeader.all().size(), 1U);
+    EXPECT_EQ(ofHeader.targetPart(ofHeader.all()[0]), "/word/media/image3.gif");
+    EXPECT_EQ(package.relationshipsOf(kDocument).find(second)->target, "media/image3.gif");
+    EXPECT_EQ(package.readPart("/word/media/image3.gif"), gif("b"));
+}
+
+TEST(PictureParts, usesWhatThePackageHolds) {
+    Package package = Package::empty();
+    PictureParts earlier(package);
+    const std::string id = addTo(earlier, kDocument, gif("a"));
+    StringSink sink;
+    package.write(sink);
+
+    Package again = Package::read(sink.text, "orders.docx");
+    PictureParts pictures(again);
+    EXPECT_EQ(addTo(pictures, kDocument, gif("a")), id);
+    EXPECT_EQ(again.partNames().size(), 1U);
+    EXPECT_FALSE(again.contentTypes().isChanged());
+}
+
+TEST(PictureParts, addsAgainWhatAnUndoneDropTookOut) {
+    Package package = Package::empty();
+    PictureParts pictures(package);
+    const std::string id = addTo(pictures, kDocument, gif("a"));
+    package.removePart("/word/media/image1.gif");
+    package.relationshipsOf(kDocument).remove(id);
+    const std::string second = addTo(pictures, kDocument, gif("a"));
+    const Relationships& relationships = package.relationshipsOf(kDocument);
+    ASSERT_NE(relationships.find(second), nullptr);
+    EXPECT_TRUE(package.hasPart(relationships.targetPart(*relationships.find(second))));
+}
+
+TEST(PictureParts, namesATypeThatTheExtensionDoesNotGive) {
+    Package package = Package::empty();
+    package.contentTypes().ensureDefault("gif", "image/other");
+    PictureParts pictures(package);
+    (void)addTo(pictures, kDocument, gif("a"));
+    EXPECT_EQ(package.contentTypes().of("/word/media/image1.gif"), "image/gif");
+    EXPECT_EQ(package.contentTypes().of("/word/media/image2.gif"), "image/other");
+}
+
+}  // namespace
+}  // namespace mergeloom::embedded
