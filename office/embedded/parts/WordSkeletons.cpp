@@ -53,6 +53,11 @@ pugi::xml_node WordSkeletons::makeElement(std::string_view localName) {
     return part_.attic().append_child(names_.element(localName).c_str());
 }
 
+pugi::xml_node WordSkeletons::parse(const std::string& xml) {
+    part_.attic().append_buffer(xml.data(), xml.size());
+    return part_.attic().last_child();
+}
+
 pugi::xml_node WordSkeletons::makeLike(pugi::xml_node node) {
     pugi::xml_node element = part_.attic().append_child(node.name());
     for (const pugi::xml_attribute attribute : node.attributes())

@@ -24,6 +24,8 @@ class WordSkeletons {
     pugi::xml_node makeBookmarkEnd(const std::string& id);
     /// Any other element of WordprocessingML, empty.
     pugi::xml_node makeElement(std::string_view localName);
+    /// An element from its XML.
+    pugi::xml_node parse(const std::string& xml);
     /// An empty element with the name and the attributes of another.
     pugi::xml_node makeLike(pugi::xml_node node);
     pugi::xml_node copy(pugi::xml_node node) { return part_.attic().append_copy(node); }

@@ -10,16 +10,17 @@ namespace mergeloom::embedded {
 
 class EmbeddedInlineShapes final : public word::InlineShapes {
   public:
-    EmbeddedInlineShapes(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
-                         CharacterPosition end)
-        : content_(std::move(content)), span_(story, start, end) {}
+    /// The span is the one of the range or selection whose pictures these are: a picture put in is covered by
+    /// it then.
+    EmbeddedInlineShapes(std::shared_ptr<WordContent> content, std::shared_ptr<LiveSpan> span)
+        : content_(std::move(content)), span_(std::move(span)) {}
 
     int Count() override;
     void AddPicture(const std::string& fileName) override;
 
   private:
     std::shared_ptr<WordContent> content_;
-    LiveSpan span_;
+    std::shared_ptr<LiveSpan> span_;
 };
 
 }  // namespace mergeloom::embedded

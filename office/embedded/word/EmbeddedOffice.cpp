@@ -1,8 +1,8 @@
 #include "office/embedded/word/EmbeddedOffice.h"
 
-#include <memory>
-
 #include "office/embedded/word/EmbeddedApplication.h"
+
+#include <memory>
 
 namespace mergeloom::embedded {
 

@@ -11,39 +11,39 @@
 namespace mergeloom::embedded {
 
 void EmbeddedRange::SetText(const std::string& text) {
-    const CharacterPosition start = span_.start();
-    const CharacterCount inserted = content_->replace(span_.story(), start, span_.end(), text);
-    span_.set(start, start + inserted);
+    const CharacterPosition start = span_->start();
+    const CharacterCount inserted = content_->replace(span_->story(), start, span_->end(), text);
+    span_->set(start, start + inserted);
 }
 
 word::BookmarksPtr EmbeddedRange::Bookmarks() {
-    return std::make_shared<RangeBookmarks>(content_, span_.story(), span_.start(), span_.end());
+    return std::make_shared<RangeBookmarks>(content_, span_->story(), span_->start(), span_->end());
 }
 
 word::CellsPtr EmbeddedRange::Cells() {
-    const int count = RangeCounts(span_.story(), span_.start(), span_.end()).cells();
+    const int count = RangeCounts(span_->story(), span_->start(), span_->end()).cells();
     return std::make_shared<EmbeddedCount<word::Cells>>(count);
 }
 
 word::InlineShapesPtr EmbeddedRange::InlineShapes() {
-    return std::make_shared<EmbeddedInlineShapes>(content_, span_.story(), span_.start(), span_.end());
+    return std::make_shared<EmbeddedInlineShapes>(content_, span_);
 }
 
 word::TablesPtr EmbeddedRange::Tables() {
-    const int count = RangeCounts(span_.story(), span_.start(), span_.end()).tables();
+    const int count = RangeCounts(span_->story(), span_->start(), span_->end()).tables();
     return std::make_shared<EmbeddedCount<word::Tables>>(count);
 }
 
 word::RangePtr EmbeddedRange::Previous(word::WdUnits, int count) {
-    const CharacterPosition start = span_.start();
+    const CharacterPosition start = span_->start();
     if (start.value == 0) return nullptr;
     const CharacterPosition before{std::max<std::int64_t>(0, start.value - count)};
     const CharacterPosition end = before + CharacterCount{1};
-    return std::make_shared<EmbeddedRange>(content_, span_.story(), before, end);
+    return std::make_shared<EmbeddedRange>(content_, span_->story(), before, end);
 }
 
 void EmbeddedRange::Select() {
-    content_->selection().moveTo(span_.story(), span_.start(), span_.end());
+    content_->selection().moveTo(span_->story(), span_->start(), span_->end());
 }
 
 }  // namespace mergeloom::embedded

@@ -13,13 +13,13 @@ class EmbeddedRange final : public word::Range {
   public:
     EmbeddedRange(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
                   CharacterPosition end)
-        : content_(std::move(content)), span_(story, start, end) {}
+        : content_(std::move(content)), span_(std::make_shared<LiveSpan>(story, start, end)) {}
 
-    CharacterPosition Start() override { return span_.start(); }
-    CharacterPosition End() override { return span_.end(); }
-    std::string storyName() override { return span_.story().name(); }
+    CharacterPosition Start() override { return span_->start(); }
+    CharacterPosition End() override { return span_->end(); }
+    std::string storyName() override { return span_->story().name(); }
 
-    std::string Text() override { return span_.story().text(span_.start(), span_.end()); }
+    std::string Text() override { return span_->story().text(span_->start(), span_->end()); }
     void SetText(const std::string& text) override;
 
     word::BookmarksPtr Bookmarks() override;
@@ -32,7 +32,7 @@ class EmbeddedRange final : public word::Range {
 
   private:
     std::shared_ptr<WordContent> content_;
-    LiveSpan span_;
+    std::shared_ptr<LiveSpan> span_;  // shared with the collections that change what the range holds
 };
 
 }  // namespace mergeloom::embedded

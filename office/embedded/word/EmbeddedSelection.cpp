@@ -46,7 +46,9 @@ word::FieldsPtr EmbeddedSelection::Fields() {
 }
 
 word::InlineShapesPtr EmbeddedSelection::InlineShapes() {
-    return std::make_shared<EmbeddedInlineShapes>(content_, span().story(), span().start(), span().end());
+    // The content owns its selection.
+    const std::shared_ptr<LiveSpan> selection(content_, &span());
+    return std::make_shared<EmbeddedInlineShapes>(content_, selection);
 }
 
 word::ShapeRangePtr EmbeddedSelection::ShapeRange() {

@@ -1,6 +1,9 @@
 #include "office/embedded/word/WordContent.h"
 
 #include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "office/embedded/word/InlinePicture.h"
+#include "office/embedded/word/TextArea.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -83,6 +86,56 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     return target.editor().insertText(start, text);
 }
 
+CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,
+                                             const std::string& fileName) {
+    std::string bytes = files_.read(fileName);
+    const PictureFile file = PictureFile::read(bytes, fileName);
+    touch();
+    EditableStory& target = editable(story);
+    target.eraser().erase(start, end);
+
+    InlinePicture picture;
+    picture.name = fileNameOnly(fileName);
+    picture.relationshipId = addPicturePart(story.part().partName(), std::move(bytes), file);
+    picture.drawingId = ++highestDrawingId_;
+    picture.width = file.naturalWidth();
+    picture.height = file.naturalHeight();
+    fitInto(textAreaWidth(story, start), picture);
+    const pugi::xml_node run = target.skeletons().parse(pictureRunXml(picture, story.names()));
+    target.editor().insertObject(start, run, run.last_child());
+    return {1};
+}
+
+std::string WordContent::addPicturePart(const std::string& documentPart, std::string bytes,
+                                        const PictureFile& picture) {
+    const std::size_t before = package_.relationshipsOf(documentPart).all().size();
+    const std::string id = pictures_.add(documentPart, std::move(bytes), picture);
+    const bool isNew = package_.relationshipsOf(documentPart).all().size() > before;
+    if (isNew) addedPictures_.push_back({documentPart, id});
+    return id;
+}
+
+void WordContent::removeAddedPictures() {
+    for (const AddedPicture& added : addedPictures_) {
+        Relationships& relationships = package_.relationshipsOf(added.documentPart);
+        const std::string part = relationships.targetPart(*relationships.find(added.relationshipId));
+        relationships.remove(added.relationshipId);
+        if (!isShown(part)) package_.removePart(part);
+    }
+    addedPictures_.clear();
+}
+
+bool WordContent::isShown(const std::string& picturePart) {
+    for (const EditablePart& editable : parts_) {
+        const Relationships& relationships = package_.relationshipsOf(editable.part->partName());
+        for (const Relationship& relationship : relationships.all()) {
+            const bool internal = relationship.mode == TargetMode::Internal;
+            if (internal && relationships.targetPart(relationship) == picturePart) return true;
+        }
+    }
+    return false;
+}
+
 BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, CharacterPosition start,
                                          CharacterPosition end) {
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
@@ -95,6 +148,7 @@ BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, 
 
 void WordContent::startRecord() {
     journal_.start();
+    addedPictures_.clear();
     recorded_ = {&selection_->story(), selection_->start(), selection_->end(), saved_};
 }
 
@@ -102,6 +156,7 @@ bool WordContent::undo() {
     journal_.stop();
     if (journal_.isEmpty() || !recorded_) return false;
     journal_.undo();
+    removeAddedPictures();
     for (EditableStory& editable : stories_)
         editable.story().clampSpans();
     selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);

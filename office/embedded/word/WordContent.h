@@ -2,6 +2,7 @@
 
 #include "base/FileStore.h"
 #include "office/embedded/package/Package.h"
+#include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/text/LiveSpan.h"
 #include "office/embedded/word/EditableStory.h"
 
@@ -25,7 +26,6 @@ class WordContent {
     WordContent& operator=(const WordContent&) = delete;
 
     [[nodiscard]] Package& package() { return package_; }
-    [[nodiscard]] FileStore& files() { return files_; }
     [[nodiscard]] BookmarkTable& bookmarks() { return bookmarks_; }
     [[nodiscard]] EditJournal& journal() { return journal_; }
     [[nodiscard]] LiveSpan& selection() { return *selection_; }
@@ -37,6 +37,10 @@ class WordContent {
     /// Replaces the text of a stretch; answers how many characters came in.
     CharacterCount replace(Story& story, CharacterPosition start, CharacterPosition end,
                            const std::string& text);
+    /// Replaces a stretch by a picture in the text, one character; answers that count. The formats and errors
+    /// are those of PictureFile.
+    CharacterCount replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,
+                                    const std::string& fileName);
     /// Marks a stretch; a bookmark of that name anywhere in the document moves here.
     BookmarkRecord& addBookmark(const std::string& name, Story& story, CharacterPosition start,
                                 CharacterPosition end);
@@ -54,9 +58,12 @@ class WordContent {
     /// Hands the parts that were edited to the package, which can be written then.
     void storeParts();
 
-    [[nodiscard]] std::int64_t nextDrawingId() { return ++highestDrawingId_; }
-
   private:
+    /// A relationship to a picture that came in while a step was recorded.
+    struct AddedPicture {
+        std::string documentPart;
+        std::string relationshipId;
+    };
     struct RecordedState {
         Story* story;
         CharacterPosition start;
@@ -69,15 +76,21 @@ class WordContent {
     void loadStories(EditablePart& part, const std::string& kind);
     void addStory(EditablePart& part, pugi::xml_node root, const std::string& name);
     void readIds(const EditablePart& part);
+    std::string addPicturePart(const std::string& documentPart, std::string bytes,
+                               const PictureFile& picture);
+    void removeAddedPictures();
+    [[nodiscard]] bool isShown(const std::string& picturePart);
 
     Package package_;
     FileStore& files_;
+    PictureParts pictures_{package_};
     BookmarkTable bookmarks_;
     EditJournal journal_;
     std::deque<EditablePart> parts_;
     std::deque<EditableStory> stories_;
     std::optional<LiveSpan> selection_;
     std::optional<RecordedState> recorded_;
+    std::vector<AddedPicture> addedPictures_;
     std::int64_t highestId_ = -1;  // of bookmarks, tracked changes and comments, which share their ids
     std::int64_t highestDrawingId_ = 0;
     int textBoxes_ = 0;
