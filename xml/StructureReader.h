@@ -12,7 +12,7 @@ namespace mergeloom {
 
 /// What is wrong with a document. Loaded documents have an empty reason.
 struct ParseError {
-    std::string reason;  ///< the parser's own words, then a sentence that names the document
+    std::string reason;  ///< from readStructure the words of the parser; from a document a whole sentence
     int line = 0;        ///< from 1; 0 when the document could not be read at all
 };
 

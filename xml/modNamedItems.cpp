@@ -92,8 +92,9 @@ std::int32_t NamedItemIndex(std::int32_t listKind, std::string_view name) {
 
     const NamedItems& items = kLists[static_cast<std::size_t>(listKind)];
     const auto end = items.pieces.begin() + static_cast<std::ptrdiff_t>(items.count);
-    const auto found = std::find_if(items.pieces.begin(), end,
-                                    [&](std::string_view piece) { return equalsIgnoringAsciiCase(piece, name); });
+    const auto found = std::find_if(items.pieces.begin(), end, [&](std::string_view piece) {
+        return equalsIgnoringAsciiCase(piece, name);
+    });
     if (found == end) return kNotInList;
 
     const auto index = static_cast<std::int32_t>(found - items.pieces.begin()) - 1;
