@@ -33,7 +33,7 @@ def open_package(path):
 
 
 def stories(package):
-    """Yields each part that holds text, as its name and root element, the main part first."""
+    """Yields each part that holds text with its root element, the main part first."""
     main = package.main_document_part
     others = sorted((part for part in package.iter_parts() if part is not main), key=lambda part: part.partname)
     for part in [main, *others]:
@@ -41,7 +41,7 @@ def stories(package):
             continue
         root = etree.fromstring(part.blob)
         if root.tag in STORY_ROOTS:
-            yield str(part.partname), root
+            yield part, root
 
 
 def text_of(element):
@@ -52,9 +52,15 @@ def text_of(element):
     return CHARACTERS.get(element.tag, "") if inside_run else ""
 
 
-def read_story(name, root, problems):
+def pictures_of(element, part):
+    """The name of the part with the picture that an element shows, as a list of one or none."""
+    embedded = element.get(qn("r:embed")) if element.tag == qn("a:blip") else None
+    return [part.related_parts[embedded].partname] if embedded else []
+
+
+def read_story(part, root, problems):
     """The bookmarks of one story in the order of their starts."""
-    found, open_by_id = [], {}
+    name, found, open_by_id = str(part.partname), [], {}
     paragraph = -1
     for event, element in etree.iterwalk(root, events=("start", "end")):
         if event == "end":
@@ -67,7 +73,7 @@ def read_story(name, root, problems):
         elif element.tag == qn("w:bookmarkStart"):
             bookmark = {
                 "name": element.get(qn("w:name")), "id": element.get(qn("w:id")), "text": "",
-                "paragraph": paragraph, "part": name,
+                "pictures": [], "paragraph": paragraph, "part": name,
             }
             found.append(bookmark)
             open_by_id[bookmark["id"]] = bookmark
@@ -76,8 +82,10 @@ def read_story(name, root, problems):
                 problems.append(f"{name}: the end of id {element.get(qn('w:id'))} has no start before it")
         else:
             text = text_of(element)
+            pictures = [str(picture) for picture in pictures_of(element, part)]
             for bookmark in open_by_id.values():
                 bookmark["text"] += text
+                bookmark["pictures"] += pictures
     problems.extend(f"{name}: bookmark {bookmark['name']} has no end" for bookmark in open_by_id.values())
     return found
 
@@ -86,7 +94,7 @@ def read_bookmarks(path):
     """The bookmarks of all stories, and what is not sound about them as a list of sentences."""
     problems = []
     found = [
-        bookmark for name, root in stories(open_package(path)) for bookmark in read_story(name, root, problems)
+        bookmark for part, root in stories(open_package(path)) for bookmark in read_story(part, root, problems)
     ]
     for key in ("id", "name"):
         counts = Counter((bookmark[key] or "").casefold() for bookmark in found)
