@@ -112,7 +112,7 @@ bool CAutoMapping::canWriteTarget(word::Application& application) {
 word::DocumentPtr CAutoMapping::makeDocument(word::Application& application) {
     const word::DocumentsPtr documents = application.Documents();
     if (arguments_.useDocument.empty()) {
-        return documents->Add(fileExists(arguments_.targetPath) ? arguments_.targetPath : "");
+        return documents->Add(arguments_.targetExists ? arguments_.targetPath : "");
     }
     const word::DocumentPtr document = documents->Open(arguments_.useDocument);
     if (!canDropInto(application)) RaiseMappingError(kLabelDocumentIncorrect);
@@ -132,7 +132,7 @@ bool CAutoMapping::dropObject(const MappingSource& source, const TreeNode& objec
 bool CAutoMapping::save(word::Document& document) {
     const std::string target = arguments_.targetPath.empty() ? document.FullName() : arguments_.targetPath;
     if (fileExists(target)) {
-        const bool mayReplace = allowExistingTemplate_ || arguments_.targetPath.empty();
+        const bool mayReplace = arguments_.targetExists || arguments_.targetPath.empty();
         // Another program may have written the file while the mapping ran.
         if (!mayReplace) RaiseMappingError(kTemplateAlreadyExists);
         if (IsFileLocked(target)) {

@@ -55,6 +55,7 @@ MappingArguments readMappingArguments(bool allowExistingTemplate) {
     arguments.directory = isGiven(kDirectorySwitch);
     arguments.useDocument = existingFile(kUseDocumentSwitch, kUseDocumentDoesNotExist);
     arguments.targetPath = readTarget(!arguments.useDocument.empty(), allowExistingTemplate);
+    arguments.targetExists = fileExists(arguments.targetPath);
     arguments.listing = isGiven(kListingSwitch);
     arguments.labelDocument = existingFile(kLabelSwitch, kLabelDocumentDoesNotExist);
     arguments.fields = GetCommandLineArgument(kFieldsSwitch);

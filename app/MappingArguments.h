@@ -12,6 +12,7 @@ struct MappingArguments {
     std::string xmlFile;
     std::string useDocument;  ///< the document to build on; may be empty
     std::string targetPath;   ///< the template to write; empty: the document to build on is changed in place
+    bool targetExists = false;  ///< the new template is made from the one that it replaces
     std::string labelDocument;  ///< may be empty
     std::string fields;         ///< the field list as it was given
     bool listing = false;

@@ -1,0 +1,293 @@
+#include "app/CAutoMapping.h"
+#include "app/ConsoleProgress.h"
+#include "app/MappingFields.h"
+#include "app/MergeloomErrorCodes.h"
+#include "app/mCommandLine.h"
+#include "app/modMain.h"
+#include "base/DiskFileStore.h"
+#include "doubles/FaultyFileStore.h"
+#include "doubles/FaultyWord.h"
+#include "doubles/RecordingMessages.h"
+#include "doubles/TemporaryFolder.h"
+#include "doubles/WordFiles.h"
+#include "office/factory/OfficeFactory.h"
+#include "xml/RecordingErrorHandler.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <vector>
+
+namespace mergeloom {
+namespace {
+
+constexpr const char* kLetter =
+    "<db><Form Name='Letter' CurrentView='1'><Control Name='Customer'/></Form>"
+    "<Options><FileLocations DocumentsFolder='/docs' TemplatesFolder='/templates'/></Options></db>";
+constexpr const char* kSheet = "<db><Table Name='Sheet' CurrentView='2'><Control Name='A'/></Table></db>";
+
+class AutoMapping : public testing::Test {
+  protected:
+    void SetUp() override {
+        folder.put("letter.xml", kLetter);
+        folder.put("sheet.xml", kSheet);
+        folder.put("design.xml", "<db><Form Name='F' CurrentView='0'><Control Name='A'/></Form></db>");
+        folder.put("broken.xml", "<db><Form></db>");
+        folder.put("empty.xml", "<db/>");
+        folder.put("exists.dotx", "precious");
+        folder.put("given.docx", wordFile("<w:p><w:r><w:t>Dear </w:t></w:r></w:p>"));
+        entriesBefore = folder.entryCount();
+    }
+    void TearDown() override { gExcelMode = 0; }
+
+    /// Runs a mapping; "%" in an argument stands for the test's folder. Gives the mapping error that it
+    /// raises, or 0.
+    ErrorNumber run(std::vector<std::string> arguments, bool allowExisting = false) {
+        for (std::string& argument : arguments) {
+            if (argument.starts_with("%")) argument.replace(0, 1, folder.path());
+        }
+        std::string commandLine;
+        GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
+        CAutoMapping mapping{[this] { return startWord(); }, errors, messages, progress};
+        mapping.SetAllowExistingTemplate(allowExisting);
+        made = false;
+        started = 0;
+        try {
+            mapping.ReadArguments();
+            made = mapping.Execute();
+        } catch (const AutomationError& error) {
+            return error.number();
+        }
+        templatesFolder = mapping.TemplatesFolder();
+        documentsFolder = mapping.DocumentsFolder();
+        return 0;
+    }
+
+    word::ApplicationPtr startWord() {
+        ++started;
+        return wrap(makeWordApplication(OfficeKind::Embedded, *store));
+    }
+
+    TemporaryFolder folder;
+    int entriesBefore = 0;
+    DiskFileStore disk;
+    FileStore* store = &disk;
+    std::function<word::ApplicationPtr(word::ApplicationPtr)> wrap = [](auto office) { return office; };
+    RecordingErrorHandler errors;
+    RecordingMessages messages;
+    NoProgress progress;
+    bool made = false;
+    int started = 0;
+    std::string templatesFolder, documentsFolder;
+};
+
+TEST_F(AutoMapping, RefusesWithTheNumbersOfItsErrors) {
+    struct Case {
+        std::vector<std::string> arguments;
+        ErrorNumber expected;
+    };
+    const std::string target = "%/new.dotx";
+    const std::vector<Case> cases{
+        {{"-hidden"}, kXmlFileNotDefined},
+        {{"-hidden", "-xmlfile", "%/none.xml", "-template", target}, kXmlFileDoesNotExist},
+        {{"-hidden", "-xmlfile", "%/none.xml", "-usedocument", "%/none.docx"}, kXmlFileDoesNotExist},
+        {{"-hidden", "-xmlfile", "%/empty.xml", "-template", target}, kXmlFileIncorrect},
+        {{"-hidden", "-xmlfile", "%/broken.xml", "-template", target}, kXmlFileIncorrect},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-usedocument", "%/none.docx"}, kUseDocumentDoesNotExist},
+        {{"-hidden", "-xmlfile", "%/letter.xml"}, kTemplateNotDefined},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-template"}, kTemplateNotDefined},
+        {{"-xmlfile", "%/letter.xml", "-usedocument", "%/given.docx", "-template"}, kTemplateNotDefined},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-template", "%/"}, kTemplateNotDefined},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-template", "%"}, kTemplateNotDefined},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-template", "%/no/new.dotx"}, kTemplateFolderDoesNotExist},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-template", "%/exists.dotx"}, kTemplateAlreadyExists},
+        {{"-hidden", "-xmlfile", "%/letter.xml", "-template", target, "-label", "%/none.docx"},
+         kLabelDocumentDoesNotExist},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(run(c.arguments), c.expected) << testing::PrintToString(c.arguments);
+        EXPECT_EQ(started, 0) << testing::PrintToString(c.arguments);
+    }
+    EXPECT_EQ(folder.entryCount(), entriesBefore);
+    EXPECT_EQ(folder.bytesOf("exists.dotx"), "precious");
+    EXPECT_TRUE(errors.reports.empty());
+}
+
+TEST_F(AutoMapping, TellsWhyADocumentDoesNotLoad) {
+    run({"-xmlfile", "%/broken.xml", "-template", "%/new.dotx"});
+    ASSERT_EQ(messages.messages.size(), 1U);
+    EXPECT_NE(messages.messages[0].text.find("broken.xml"), std::string::npos) << messages.texts();
+}
+
+TEST_F(AutoMapping, MakesATemplate) {
+    EXPECT_EQ(run({"-hidden", "-xmlfile", "%/letter.xml", "-template", "%/new.dotx"}), 0U);
+    EXPECT_TRUE(made);
+    EXPECT_EQ(shownBody(folder.bytesOf("new.dotx")), "Customer: [Customer:Customer]\n\n");
+    EXPECT_EQ(templatesFolder, folder.path());
+    EXPECT_EQ(documentsFolder, "/docs");
+    EXPECT_EQ(messages.texts(), "");
+}
+
+TEST_F(AutoMapping, TheLettersOfTheExtensionMayBeCapitals) {
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-template", "%/NEW.DOTX"}), 0U);
+    EXPECT_TRUE(made) << messages.texts();
+}
+
+TEST_F(AutoMapping, BuildsOnADocument) {
+    const std::string given = folder.bytesOf("given.docx");
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-template", "%/new.docx", "-usedocument", "%/given.docx"}),
+              0U);
+    EXPECT_TRUE(made);
+    EXPECT_EQ(folder.bytesOf("given.docx"), given);
+    EXPECT_EQ(shownBody(folder.bytesOf("new.docx")), "Customer: [Customer:Customer]\nDear \n");
+    EXPECT_EQ(templatesFolder, folder.path());
+}
+
+TEST_F(AutoMapping, ADocumentAloneIsChangedInPlace) {
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-usedocument", "%/given.docx"}), 0U);
+    EXPECT_TRUE(made);
+    EXPECT_EQ(shownBody(folder.bytesOf("given.docx")), "Customer: [Customer:Customer]\nDear \n");
+    EXPECT_EQ(templatesFolder, "/templates");
+}
+
+TEST_F(AutoMapping, AnExistingTemplateIsBuiltOnWhereThatIsAllowed) {
+    folder.put("old.dotx", folder.bytesOf("given.docx"));
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-template", "%/old.dotx"}, true), 0U);
+    EXPECT_TRUE(made) << messages.texts();
+    EXPECT_EQ(shownBody(folder.bytesOf("old.dotx")), "Customer: [Customer:Customer]\nDear \n");
+}
+
+TEST_F(AutoMapping, TheSwitchesChooseWhatIsMade) {
+    struct Case {
+        std::vector<std::string> switches;
+        std::string structure;
+        std::string expectedMessage;  ///< none: a form is made
+    };
+    const std::string noTable = "\"Sheet\" is left out: dropping a table is not available yet.\n";
+    const std::string noLabels = "\"Sheet\" is left out: dropping a label document is not available yet.\n";
+    const std::vector<Case> cases{
+        {{"-hidden"}, "sheet.xml", noTable},
+        {{"-hidden", "-listing"}, "sheet.xml", noTable},
+        {{"-hidden", "FormView"}, "sheet.xml", ""},
+        {{"-hidden", "formview", "-listing"}, "sheet.xml", noTable},
+        {{"-hidden", "formview", "-label", "%/given.docx"}, "sheet.xml", ""},
+        {{"-hidden", "-label", "%/given.docx"}, "sheet.xml", noLabels},
+        {{"-hidden", "-label", "%/given.docx", "-directory"}, "sheet.xml", noLabels},
+        {{"-hidden", "-directory"}, "sheet.xml", ""},
+        {{"-hidden"}, "design.xml", "Support for Design view is not realised yet.\n"},
+    };
+    int number = 0;
+    for (const Case& c : cases) {
+        const std::string target = "made" + std::to_string(++number) + ".dotx";
+        std::vector<std::string> arguments{"-xmlfile", "%/" + c.structure, "-template", "%/" + target};
+        arguments.insert(arguments.end(), c.switches.begin(), c.switches.end());
+        messages.messages.clear();
+        EXPECT_EQ(run(arguments), 0U);
+        EXPECT_EQ(made, c.expectedMessage.empty()) << target;
+        EXPECT_EQ(std::filesystem::exists(folder / target), made) << target;
+        EXPECT_TRUE(messages.texts().starts_with(c.expectedMessage)) << messages.texts();
+    }
+    EXPECT_TRUE(errors.reports.empty());
+}
+
+TEST_F(AutoMapping, WhatCannotBeWrittenIsRefusedBeforeTheWork) {
+    for (const char* name : {"new", "new.", "new.foo", "new.pdf", "new.dot", "new.odt"}) {
+        messages.messages.clear();
+        EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-template", std::string("%/") + name}), 0U);
+        EXPECT_FALSE(made) << name;
+        ASSERT_EQ(messages.messages.size(), 1U) << name;
+        EXPECT_NE(messages.messages[0].text.find(name), std::string::npos) << messages.texts();
+    }
+    gExcelMode = 1;
+    messages.messages.clear();
+    EXPECT_EQ(run({"-excel", "-xmlfile", "%/letter.xml", "-template", "%/new.xltx"}), 0U);
+    EXPECT_EQ(started, 0);
+    EXPECT_EQ(messages.texts(), "Mapping into an Excel workbook is not available yet.\n");
+    EXPECT_EQ(folder.entryCount(), entriesBefore);
+}
+
+TEST_F(AutoMapping, ADocumentThatCannotBeReadEndsTheRun) {
+    folder.put("bad.docx", "no zip");
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-usedocument", "%/bad.docx"}), 0U);
+    EXPECT_FALSE(made);
+    ASSERT_EQ(errors.reports.size(), 1U);
+    EXPECT_EQ(errors.reports[0].module, "CAutoMapping");
+    EXPECT_EQ(errors.reports[0].procedure, "Execute");
+    EXPECT_NE(errors.reports[0].description.find("bad.docx"), std::string::npos);
+    EXPECT_EQ(folder.bytesOf("bad.docx"), "no zip");
+}
+
+TEST_F(AutoMapping, ADocumentWithoutASelectionIsRefused) {
+    CallCounter counter{1};
+    wrap = [&](word::ApplicationPtr office) {
+        return std::make_shared<FaultyApplication>(std::move(office), counter);
+    };
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-usedocument", "%/given.docx"}), kLabelDocumentIncorrect);
+}
+
+/// Whatever part of the run's reading and writing fails, nothing new stays and nothing old is changed.
+TEST_F(AutoMapping, AFailingDiskLosesNothing) {
+    const std::string given = folder.bytesOf("given.docx");
+    int failingCall = 1;
+    for (bool failed = true; failed; ++failingCall) {
+        ASSERT_LT(failingCall, 1000);
+        FaultyFileStore faulty{disk, failingCall};
+        store = &faulty;
+        errors.reports.clear();
+        EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-usedocument", "%/given.docx"}), 0U);
+        store = &disk;
+        failed = faulty.hasFailed();
+        EXPECT_EQ(made, !failed) << failingCall;
+        EXPECT_EQ(errors.reports.size(), failed ? 1U : 0U) << failingCall;
+        EXPECT_EQ(folder.entryCount(), entriesBefore);
+        if (failed) {
+            EXPECT_EQ(folder.bytesOf("given.docx"), given) << failingCall;
+        }
+    }
+    EXPECT_GT(failingCall, 3);
+}
+
+TEST_F(AutoMapping, ATemplateThatAppearsMeanwhileStays) {
+    wrap = [&](word::ApplicationPtr office) {
+        folder.put("new.dotx", "another's");
+        return office;
+    };
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-template", "%/new.dotx"}), kTemplateAlreadyExists);
+    EXPECT_EQ(folder.bytesOf("new.dotx"), "another's");
+}
+
+TEST_F(AutoMapping, AFileThatIsOpenElsewhereIsNotReplaced) {
+    const std::string given = folder.bytesOf("given.docx");
+    folder.put(".~lock.given.docx#", "");
+    EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-usedocument", "%/given.docx"}), 0U);
+    EXPECT_FALSE(made);
+    EXPECT_EQ(messages.texts(),
+              "Word cannot save the template given.docx because this file is already open elsewhere.\n");
+    EXPECT_EQ(folder.bytesOf("given.docx"), given);
+}
+
+TEST_F(AutoMapping, FieldListsNameTheObjectsChildren) {
+    folder.put("fields.xml",
+               "<db><Table Name='T'><Control Name='a'/><Control Name='B'/><Control Name='c;d'/>"
+               "<Control Name='A' Caption='second'/></Table></db>");
+    MappingSource source{folder / "fields.xml", errors, messages};
+    struct Case {
+        std::string list;
+        FieldKeys expected;
+    };
+    const std::vector<Case> cases{
+        {"B,a", {"3k", "2k"}},   {"b;A", {"3k", "2k"}}, {"none,B,", {"3k"}},
+        {"a,c;d", {"2k", "4k"}}, {"B,b", {"3k", "3k"}}, {"B, a", {"3k"}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(fieldKeys(*source.firstObject(), source.xmlNodes(), c.list), c.expected) << c.list;
+    }
+    EXPECT_FALSE(listsFields(""));
+    EXPECT_FALSE(listsFields("{empty}"));
+    EXPECT_TRUE(listsFields("a"));
+}
+
+}  // namespace
+}  // namespace mergeloom
