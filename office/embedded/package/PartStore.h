@@ -4,7 +4,6 @@
 #include "office/embedded/package/ZipReader.h"
 #include "office/embedded/package/ZipWriter.h"
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -22,7 +21,9 @@ struct PartDigest {
     std::uint64_t size = 0;
     std::uint32_t crc = 0;
 
-    friend auto operator<=>(const PartDigest&, const PartDigest&) = default;
+    friend bool operator<(const PartDigest& a, const PartDigest& b) {
+        return a.size != b.size ? a.size < b.size : a.crc < b.crc;
+    }
 };
 
 PartDigest digestOf(std::string_view content);

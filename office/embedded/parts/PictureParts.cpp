@@ -68,7 +68,7 @@ std::string PictureParts::addPart(const std::string& folder, std::string bytes, 
     do {
         stem = folder + "image" + std::to_string(++lastNumber_);
     } while (stems_.contains(partKey(stem)));
-    const std::string partName = stem + "." + extension;
+    std::string partName = stem + "." + extension;
     package_.contentTypes().ensureDefault(extension, picture.contentType());
     package_.addPart(partName, picture.contentType(), std::move(bytes));
     remember(partName);
