@@ -65,10 +65,12 @@ pugi::xml_node WordSkeletons::makeLike(pugi::xml_node node) {
     return element;
 }
 
-void keepBlanks(pugi::xml_node textElement) {
+bool keepBlanks(pugi::xml_node textElement) {
     const std::string_view text = textElement.child_value();
-    if (text.empty() || (!isBlank(text.front()) && !isBlank(text.back()))) return;
-    if (!textElement.attribute("xml:space")) textElement.append_attribute("xml:space") = "preserve";
+    if (text.empty() || (!isBlank(text.front()) && !isBlank(text.back()))) return false;
+    if (textElement.attribute(kSpaceAttribute)) return false;
+    textElement.append_attribute(kSpaceAttribute) = "preserve";
+    return true;
 }
 
 }  // namespace mergeloom::embedded

@@ -40,7 +40,11 @@ class WordSkeletons {
     pugi::xml_node bookmarkEnd_;
 };
 
-/// Marks a text element whose text begins or ends with a blank, so that the blank is kept (XML 1.0, 2.10).
-void keepBlanks(pugi::xml_node textElement);
+/// The attribute that keeps the blanks at the ends of a text (XML 1.0, 2.10).
+inline constexpr const char* kSpaceAttribute = "xml:space";
+
+/// Marks a text element whose text begins or ends with a blank, so that the blank is kept. False when it
+/// needs no mark or has one.
+bool keepBlanks(pugi::xml_node textElement);
 
 }  // namespace mergeloom::embedded

@@ -28,18 +28,28 @@ bool isBookmarkName(std::string_view name) {
     return true;
 }
 
+void BookmarkEditor::check(CharacterPosition start, CharacterPosition end) const {
+    story_.check(start, end);
+    Item* next = story_.items().itemAt(start);
+    (void)DomPlaces(story_).forStartMark(next ? ItemTree::previous(next) : nullptr, next);
+    editor_.checkSplit(start);
+    editor_.checkSplit(end);
+}
+
 BookmarkRecord& BookmarkEditor::add(const std::string& name, std::int64_t id, CharacterPosition start,
                                     CharacterPosition end) {
-    story_.check(start, end);
+    check(start, end);
     editor_.splitRun(start);
     if (end != start) editor_.splitRun(end);
     BookmarkRecord& record = table_.create(name, id, story_);
     const std::string number = std::to_string(id);
     const pugi::xml_node startMark = skeletons_.makeBookmarkStart(number, name);
     setColumns(startMark, start, end);
-    record.start = insertStart(startMark, start);
-    record.end = insertEnd(skeletons_.makeBookmarkEnd(number), end, record.start);
+    record.start = story_.makeItem(ItemKind::BookmarkStart, startMark, {0});
+    record.end = story_.makeItem(ItemKind::BookmarkEnd, skeletons_.makeBookmarkEnd(number), {0});
     record.start->bookmark = record.end->bookmark = &record;
+    insertStart(record.start, start);
+    insertEnd(record.end, end, record.start);
     journal_.listBookmark(table_, record);
     return record;
 }
@@ -52,21 +62,25 @@ void BookmarkEditor::remove(BookmarkRecord& record) {
     journal_.unlistBookmark(table_, record);
 }
 
-void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) {
-    story_.check(start, start);
-    if (start > ItemTree::positionOf(record.end)) moveEnd(record, start);
-    editor_.splitRun(start);
-    removeMark(record.start);
-    Item* next = story_.items().itemAt(start);
-    const DomPlace place = DomPlaces(story_).forRun(next ? ItemTree::previous(next) : nullptr, next);
-    // A bookmark that becomes empty keeps its marks in order.
-    const bool passesEnd = ItemTree::positionOf(record.end) == start;
-    if (passesEnd) removeMark(record.end);
-    insertMark(record.start, place, next);
-    if (passesEnd) {
-        const pugi::xml_node mark = record.start->node;
-        insertMark(record.end, {mark.parent(), mark}, ItemTree::next(record.start));
+void BookmarkEditor::unlistTextBoxes(pugi::xml_node element) {
+    for (const pugi::xml_node child : element.children()) {
+        unlistTextBoxes(child);
+        if (story_.names().tagOf(child) != WordTag::BookmarkStart) continue;
+        BookmarkRecord* record = table_.find(story_.names().value(child, "name"));
+        const bool isIt = record && record->start->node == child && record->story != &story_;
+        if (isIt) journal_.unlistBookmark(table_, *record);
     }
+}
+
+void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) {
+    check(start, start);
+    editor_.splitRun(start);
+    // A bookmark that becomes empty keeps its marks in order.
+    const bool isEmpty = start >= ItemTree::positionOf(record.end);
+    removeMark(record.start);
+    if (isEmpty) removeMark(record.end);
+    insertStart(record.start, start);
+    if (isEmpty) insertBehind(record.end, record.start);
 }
 
 void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
@@ -75,33 +89,23 @@ void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
     if (end == ItemTree::positionOf(record.end)) return;
     editor_.splitRun(end);
     removeMark(record.end);
-    if (end == ItemTree::positionOf(record.start)) {
-        const pugi::xml_node mark = record.start->node;
-        return insertMark(record.end, {mark.parent(), mark}, ItemTree::next(record.start));
-    }
-    Item* previous = story_.items().itemAt(end - CharacterCount{1});
-    Item* next = ItemTree::next(previous);
-    insertMark(record.end, DomPlaces(story_).forEndMark(previous, next), next);
+    insertEnd(record.end, end, record.start);
 }
 
-Item* BookmarkEditor::insertStart(pugi::xml_node mark, CharacterPosition start) {
+void BookmarkEditor::insertStart(Item* mark, CharacterPosition start) {
     Item* next = story_.items().itemAt(start);
-    const DomPlace place = DomPlaces(story_).forRun(next ? ItemTree::previous(next) : nullptr, next);
-    Item* item = story_.makeItem(ItemKind::BookmarkStart, mark, {0});
-    insertMark(item, place, next);
-    return item;
+    insertMark(mark, DomPlaces(story_).forStartMark(ItemTree::previous(next), next), next);
 }
 
-Item* BookmarkEditor::insertEnd(pugi::xml_node mark, CharacterPosition end, const Item* start) {
-    Item* item = story_.makeItem(ItemKind::BookmarkEnd, mark, {0});
-    if (ItemTree::positionOf(start) == end) {
-        insertMark(item, {start->node.parent(), start->node}, ItemTree::next(start));
-        return item;
-    }
+void BookmarkEditor::insertEnd(Item* mark, CharacterPosition end, Item* start) {
+    if (ItemTree::positionOf(start) == end) return insertBehind(mark, start);
     Item* previous = story_.items().itemAt(end - CharacterCount{1});
     Item* next = ItemTree::next(previous);
-    insertMark(item, DomPlaces(story_).forEndMark(previous, next), next);
-    return item;
+    insertMark(mark, DomPlaces(story_).forEndMark(previous, next), next);
+}
+
+void BookmarkEditor::insertBehind(Item* mark, Item* start) {
+    insertMark(mark, {start->node.parent(), start->node}, ItemTree::next(start));
 }
 
 void BookmarkEditor::insertMark(Item* item, DomPlace place, Item* next) {

@@ -15,17 +15,23 @@ class BookmarkEditor {
 
     /// Marks a stretch of the story; the name must be free. A stretch of some but not all columns of a table
     /// is marked by its columns (ECMA-376 Part 1, 17.13.6.2).
+    /// Raises an AutomationError, and changes nothing, where no bookmark can start or end.
     BookmarkRecord& add(const std::string& name, std::int64_t id, CharacterPosition start,
                         CharacterPosition end);
+    /// The check that add makes first.
+    void check(CharacterPosition start, CharacterPosition end) const;
     /// Takes a bookmark of this story away; its text stays.
     void remove(BookmarkRecord& record);
-    /// Moves one end; the other end goes along where it would be passed.
+    /// Lets the bookmarks go that stand in text boxes inside an element that is about to be removed.
+    void unlistTextBoxes(pugi::xml_node element);
+    /// Moves one end; the other end goes along where it would be passed. Errors as for add.
     void moveStart(BookmarkRecord& record, CharacterPosition start);
     void moveEnd(BookmarkRecord& record, CharacterPosition end);
 
   private:
-    Item* insertStart(pugi::xml_node mark, CharacterPosition start);
-    Item* insertEnd(pugi::xml_node mark, CharacterPosition end, const Item* start);
+    void insertStart(Item* mark, CharacterPosition start);
+    void insertEnd(Item* mark, CharacterPosition end, Item* start);
+    void insertBehind(Item* mark, Item* start);
     void insertMark(Item* item, DomPlace place, Item* next);
     void removeMark(Item* item);
     void setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const;

@@ -16,15 +16,19 @@ int depthOf(pugi::xml_node node) {
 }  // namespace
 
 DomPlace DomPlaces::forRun(const Item* previous, const Item* next) const {
-    const pugi::xml_node paragraph = next ? story_.paragraphOf(next) : pugi::xml_node();
-    if (!paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
-    const bool sameParagraph =
-        previous && story_.paragraphOf(previous) == paragraph && previous->kind != ItemKind::ParagraphMark;
-    const DomPlace place = sameParagraph ? inParagraph(previous, next) : before(next);
+    const DomPlace place = forStartMark(previous, next);
     const bool inDeleted =
         names_.tagOf(place.parent) == WordTag::Deletion || names_.tagOf(place.parent) == WordTag::MoveFrom;
     if (inDeleted) throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
     return place;
+}
+
+DomPlace DomPlaces::forStartMark(const Item* previous, const Item* next) const {
+    const pugi::xml_node paragraph = next ? story_.paragraphOf(next) : pugi::xml_node();
+    if (!paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
+    const bool sameParagraph =
+        previous && story_.paragraphOf(previous) == paragraph && previous->kind != ItemKind::ParagraphMark;
+    return sameParagraph ? inParagraph(previous, next) : before(next);
 }
 
 DomPlace DomPlaces::forEndMark(const Item* previous, const Item* next) const {

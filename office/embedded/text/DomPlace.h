@@ -22,6 +22,8 @@ class DomPlaces {
     /// For a run or another element of the paragraph that next stands in or ends. Raises an AutomationError
     /// where no text can stand: behind the last cell of a row, in deleted text.
     [[nodiscard]] DomPlace forRun(const Item* previous, const Item* next) const;
+    /// For the start mark of a bookmark, which may stand in deleted text, too.
+    [[nodiscard]] DomPlace forStartMark(const Item* previous, const Item* next) const;
     /// For the end mark of a bookmark whose last character is the previous item.
     [[nodiscard]] DomPlace forEndMark(const Item* previous, const Item* next) const;
 

@@ -1,5 +1,7 @@
 #include "office/embedded/text/EditJournal.h"
 
+#include "office/embedded/parts/WordSkeletons.h"
+
 namespace mergeloom::embedded {
 
 namespace {
@@ -60,6 +62,10 @@ void EditJournal::appendText(XmlPart& part, pugi::xml_node text, const std::stri
     touch(part);
     record({Step::TextAppended, static_cast<std::uint32_t>(more.size()), text.internal_object()});
     appendToText(text, more);
+}
+
+void EditJournal::keepBlanks(pugi::xml_node textElement) {
+    if (embedded::keepBlanks(textElement)) record({Step::BlanksKept, 0, textElement.internal_object()});
 }
 
 void EditJournal::insertItem(ItemTree& tree, Item* next, Item* item) {
@@ -125,6 +131,9 @@ void EditJournal::takeBack(const Entry& entry) {
             nodeOf(entry.first).set_value(value.c_str());
             return;
         }
+        case Step::BlanksKept:
+            nodeOf(entry.first).remove_attribute(kSpaceAttribute);
+            return;
         case Step::ItemInserted:
             static_cast<ItemTree*>(entry.first)->remove(item);
             return;

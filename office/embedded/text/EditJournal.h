@@ -29,6 +29,8 @@ class EditJournal {
     /// Sets the value of a text node.
     void setText(XmlPart& part, pugi::xml_node text, const std::string& value);
     void appendText(XmlPart& part, pugi::xml_node text, const std::string& more);
+    /// Marks a text element whose text begins or ends with a blank.
+    void keepBlanks(pugi::xml_node textElement);
 
     void insertItem(ItemTree& tree, Item* next, Item* item);
     void removeItem(ItemTree& tree, Item* item);
@@ -44,6 +46,7 @@ class EditJournal {
         NodeMoved,
         TextSet,
         TextAppended,
+        BlanksKept,
         ItemInserted,
         ItemRemoved,
         LengthSet,

@@ -77,9 +77,21 @@ Item* Story::makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length)
 }
 
 void Story::check(CharacterPosition start, CharacterPosition end) const {
-    if (start.value >= 0 && start <= end && end.value <= length().value) return;
-    throw AutomationError(kCommandFailed, "The range from " + std::to_string(start.value) + " to " +
-                                              std::to_string(end.value) + " lies outside the text.");
+    const std::string range =
+        "The range from " + std::to_string(start.value) + " to " + std::to_string(end.value);
+    const bool within = start.value >= 0 && start <= end && end.value <= length().value;
+    if (!within) throw AutomationError(kCommandFailed, range + " lies outside the text.");
+    if (splitsCharacter(start) || splitsCharacter(end)) {
+        throw AutomationError(kCommandFailed, range + " begins or ends inside a character.");
+    }
+}
+
+bool Story::splitsCharacter(CharacterPosition position) const {
+    const Item* item = items_.itemAt(position);
+    if (!item || (item->kind != ItemKind::Text && item->kind != ItemKind::FieldCode)) return false;
+    const CharacterCount before = position - ItemTree::positionOf(item);
+    const std::string_view text = item->node.child_value();
+    return before.value > 0 && utf16Length(text.substr(0, byteOffset(text, before))) != before;
 }
 
 Item* Story::firstItemAt(CharacterPosition position) const {

@@ -37,7 +37,8 @@ class Story {
     Item* makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length);
 
     [[nodiscard]] CharacterCount length() const { return items_.length(); }
-    /// Raises an AutomationError for a position outside the story.
+    /// Raises an AutomationError for a position outside the story or between the halves of a character that
+    /// takes two units.
     void check(CharacterPosition start, CharacterPosition end) const;
 
     /// The item behind a position and before every mark that stands at it: the first item at the position.
@@ -69,6 +70,7 @@ class Story {
     friend class LiveSpan;
     friend class StoryReader;
 
+    [[nodiscard]] bool splitsCharacter(CharacterPosition position) const;
     void add(LiveSpan& span) { spans_.push_back(&span); }
     void remove(LiveSpan& span) { std::erase(spans_, &span); }
 

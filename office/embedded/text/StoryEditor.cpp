@@ -51,6 +51,7 @@ bool canBeSplit(WordTag tag) {
 }  // namespace
 
 CharacterCount StoryEditor::insertText(CharacterPosition position, const std::string& text) {
+    story_.check(position, position);
     const CharacterPosition start = position;
     for (std::string_view rest = text; !rest.empty();) {
         if (endsParagraph(rest.front())) {
@@ -75,6 +76,7 @@ void StoryEditor::insertPlain(CharacterPosition position, std::string_view text)
     Item* next = itemBehind(position);
     if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
     if (appendToPrevious(ItemTree::previous(next), position, text)) return;
+    splitRun(position);
     const pugi::xml_node run = makeRun(formattingAt(ItemTree::previous(next), next));
     const pugi::xml_node element = skeletons_.makeText(std::string(text));
     moveNode(element, run, run.last_child());
@@ -104,6 +106,7 @@ void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::st
     std::string whole = item->node.child_value();
     whole.insert(byteOffset(whole, position - ItemTree::positionOf(item)), text);
     journal_.setText(story_.part(), item->node.first_child(), whole);
+    journal_.keepBlanks(item->node);
     journal_.setLength(story_.items(), item, CharacterCount{item->length} + utf16Length(text));
     story_.shift(position, {}, utf16Length(text));
 }
@@ -115,7 +118,7 @@ bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, s
                        story_.names().tagOf(run.parent()) == WordTag::Paragraph;
     if (!plain) return false;
     journal_.appendText(story_.part(), previous->node.first_child(), std::string(text));
-    keepBlanks(previous->node);
+    journal_.keepBlanks(previous->node);
     journal_.setLength(story_.items(), previous, CharacterCount{previous->length} + utf16Length(text));
     story_.shift(position, {}, utf16Length(text));
     return true;
@@ -157,6 +160,7 @@ void StoryEditor::splitRun(CharacterPosition position) {
     Item* next = story_.items().itemAt(position);
     if (!next) return;
     const CharacterPosition start = ItemTree::positionOf(next);
+    checkSplit(position);
     if (start != position) return splitText(next, position - start);
     const Item* previous = ItemTree::previous(next);
     if (!previous || previous->node.parent() != next->node.parent()) return;
@@ -164,10 +168,13 @@ void StoryEditor::splitRun(CharacterPosition position) {
     if (story_.names().tagOf(run) == WordTag::Run) splitRunBehind(run, previous->node);
 }
 
+void StoryEditor::checkSplit(CharacterPosition position) const {
+    const Item* item = story_.items().itemAt(position);
+    const bool splits = item && item->kind != ItemKind::Text && ItemTree::positionOf(item) != position;
+    if (splits) throw AutomationError(kCommandFailed, "A field's code cannot be split at this place.");
+}
+
 void StoryEditor::splitText(Item* item, CharacterCount before) {
-    if (item->kind != ItemKind::Text) {
-        throw AutomationError(kCommandFailed, "A field's code cannot be split at this place.");
-    }
     const std::string whole = item->node.child_value();
     const std::size_t bytes = byteOffset(whole, before);
     const pugi::xml_node second = splitRunBehind(item->node.parent(), item->node);
@@ -178,7 +185,7 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
     journal_.move(story_.part(), text, second, properties);
 
     journal_.setText(story_.part(), item->node.first_child(), whole.substr(0, bytes));
-    keepBlanks(item->node);
+    journal_.keepBlanks(item->node);
     const CharacterCount rest = CharacterCount{item->length} - before;
     journal_.setLength(story_.items(), item, before);
     journal_.insertItem(story_.items(), ItemTree::next(item), story_.makeItem(ItemKind::Text, text, rest));
@@ -196,14 +203,16 @@ pugi::xml_node StoryEditor::splitRunBehind(pugi::xml_node run, pugi::xml_node ch
 DomPlace StoryEditor::splitContainers(DomPlace place, pugi::xml_node paragraph) {
     while (place.parent != paragraph) {
         const pugi::xml_node container = place.parent;
+        const bool isField = story_.names().tagOf(container) == WordTag::SimpleField;
+        const bool splits = place.after && place.after.next_sibling();
+        if (isField || (splits && !canBeSplit(story_.names().tagOf(container)))) {
+            throw AutomationError(kCommandFailed, "No paragraph can end at this place.");
+        }
         if (!place.after) {
             place = {container.parent(), container.previous_sibling()};
             continue;
         }
-        if (place.after.next_sibling()) {
-            if (!canBeSplit(story_.names().tagOf(container))) {
-                throw AutomationError(kCommandFailed, "No paragraph can end at this place.");
-            }
+        if (splits) {
             const pugi::xml_node second = skeletons_.makeLike(container);
             journal_.move(story_.part(), second, container.parent(), container);
             while (const pugi::xml_node moving = place.after.next_sibling()) {

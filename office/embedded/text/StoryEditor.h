@@ -27,6 +27,8 @@ class StoryEditor {
 
     /// Makes a run end and another begin at the position, if text stands there.
     void splitRun(CharacterPosition position);
+    /// Raises an AutomationError where splitRun cannot do that: in the code of a field.
+    void checkSplit(CharacterPosition position) const;
 
   private:
     void insertPlain(CharacterPosition position, std::string_view text);

@@ -15,6 +15,21 @@ namespace {
 }
 
 constexpr const char* kPartOfTable = "The range covers a part of a table's structure.";
+constexpr const char* kPartOfField = "The range covers only one end of a field.";
+
+const Item* nextInText(const Item* item) {
+    item = ItemTree::next(item);
+    while (item && !item->takesPlace())
+        item = ItemTree::next(item);
+    return item;
+}
+
+const Item* previousInText(const Item* item) {
+    item = ItemTree::previous(item);
+    while (item && !item->takesPlace())
+        item = ItemTree::previous(item);
+    return item;
+}
 
 }  // namespace
 
@@ -30,13 +45,13 @@ void StoryEraser::erase(CharacterPosition start, CharacterPosition end) {
 }
 
 CharacterPosition StoryEraser::withoutLastMark(CharacterPosition start, CharacterPosition end) const {
+    if (end > start && end.value == story_.length().value) end = end - CharacterCount{1};
     if (start == end) return end;
     const Item* first = story_.items().itemAt(start);
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
-    const bool endsStory = end.value == story_.length().value;
     const bool endsOwnCell = last->kind == ItemKind::ParagraphMark && story_.endsCell(last) &&
-                             story_.cellOf(last) == story_.cellOf(first);
-    return endsStory || endsOwnCell ? end - CharacterCount{1} : end;
+                             story_.cellOf(last) == commonCell(first, last);
+    return endsOwnCell ? end - CharacterCount{1} : end;
 }
 
 void StoryEraser::checkStructure(CharacterPosition start, CharacterPosition end) const {
@@ -46,29 +61,46 @@ void StoryEraser::checkStructure(CharacterPosition start, CharacterPosition end)
     const pugi::xml_node container = commonCell(first, last);
     const pugi::xml_node firstTable = outermostTable(first, container);
     if (firstTable) {
-        const Item* before = ItemTree::previous(first);
-        while (before && !before->takesPlace())
-            before = ItemTree::previous(before);
+        const Item* before = previousInText(first);
         const bool startsInside = ItemTree::positionOf(first) != start;
         if (startsInside || (before && isInside(before->node, firstTable))) refuse(kPartOfTable);
     }
     const pugi::xml_node lastTable = outermostTable(last, container);
-    const Item* next = ItemTree::next(last);
-    while (next && !next->takesPlace())
-        next = ItemTree::next(next);
+    const Item* next = nextInText(last);
     if (lastTable && next && isInside(next->node, lastTable)) refuse(kPartOfTable);
+    const bool endsParagraph = last->kind == ItemKind::ParagraphMark && !lastTable;
+    const bool intoTable = endsParagraph && (!next || story_.cellOf(next) != story_.cellOf(last));
+    if (intoTable && !firstTable && hasTextBefore(first, start))
+        refuse("A paragraph cannot run into a table.");
+}
+
+bool StoryEraser::hasTextBefore(const Item* item, CharacterPosition start) const {
+    if (ItemTree::positionOf(item) != start) return true;
+    const pugi::xml_node paragraph = story_.paragraphOf(item);
+    for (item = ItemTree::previous(item); item && isInside(item->node, paragraph);
+         item = ItemTree::previous(item)) {
+        if (!item->isMark()) return true;
+    }
+    return false;
 }
 
 void StoryEraser::checkFields(CharacterPosition start, CharacterPosition end) const {
+    checkWhole(start);
+    checkWhole(end);
     int depth = 0;
     for (const Item* item = story_.items().itemAt(start); item; item = ItemTree::next(item)) {
         if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->kind == ItemKind::FieldSeparator && depth == 0) refuse(kPartOfField);
         if (item->kind == ItemKind::FieldBegin) ++depth;
-        const bool alone = item->kind == ItemKind::FieldSeparator && depth == 0;
-        if (item->kind == ItemKind::FieldEnd) --depth;
-        if (depth < 0 || alone) break;
+        if (item->kind == ItemKind::FieldEnd && --depth < 0) refuse(kPartOfField);
     }
-    if (depth != 0) refuse("The range covers only one end of a field.");
+    if (depth != 0) refuse(kPartOfField);
+}
+
+void StoryEraser::checkWhole(CharacterPosition position) const {
+    const Item* item = story_.items().itemAt(position);
+    if (!item || ItemTree::positionOf(item) == position) return;
+    if (item->kind != ItemKind::Text && item->kind != ItemKind::FieldCode) refuse(kPartOfField);
 }
 
 void StoryEraser::removeCoveredBookmarks(CharacterPosition start, CharacterPosition end) {
@@ -86,64 +118,52 @@ void StoryEraser::removeCoveredBookmarks(CharacterPosition start, CharacterPosit
 }
 
 void StoryEraser::eraseItems(CharacterPosition start, CharacterPosition end) {
-    const Item* first = story_.items().itemAt(start);
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
-    const pugi::xml_node container = commonCell(first, last);
-    std::int64_t left = (end - start).value;
     Item* item = story_.items().itemAt(start);
-    while (left > 0) {
-        if (!item->takesPlace()) {
-            Item* next = ItemTree::next(item);
-            if (item->kind == ItemKind::Anchor) eraseItem(item);
-            item = next;
-            continue;
-        }
-        const CharacterPosition position = ItemTree::positionOf(item);
-        const std::int64_t from = std::max<std::int64_t>(0, start.value - position.value);
-        const std::int64_t count = std::min<std::int64_t>(item->length - from, left);
+    const pugi::xml_node container = commonCell(item, last);
+    // Paragraphs run together once nothing stands between them any more.
+    std::vector<Item*> paragraphMarks;
+    for (std::int64_t left = (end - start).value; left > 0;) {
         if (const pugi::xml_node table = outermostTable(item, container)) {
-            Item* next = item;
-            while (next && isInside(next->node, table)) {
-                left -= next->length;
-                next = ItemTree::next(next);
-            }
-            eraseTable(item, table);
-            item = next;
+            left -= eraseTable(item, table);
             continue;
         }
         Item* next = ItemTree::next(item);
-        left -= count;
-        if (count < item->length) {
+        const std::int64_t from = std::max<std::int64_t>(0, (start - ItemTree::positionOf(item)).value);
+        const std::int64_t count = std::min<std::int64_t>(item->length - from, left);
+        if (item->kind == ItemKind::ParagraphMark) {
+            paragraphMarks.push_back(item);
+        } else if (count < item->length) {
             trim(item, {from}, {from + count});
-        } else {
-            eraseItem(item);
+        } else if (!item->isMark()) {
+            erasePartOfRun(item);
         }
+        left -= count;
         item = next;
     }
-}
-
-void StoryEraser::eraseItem(Item* item) {
-    if (item->kind == ItemKind::ParagraphMark) return eraseParagraphMark(item);
-    erasePartOfRun(item);
-    journal_.removeItem(story_.items(), item);
+    for (Item* mark : paragraphMarks)
+        eraseParagraphMark(mark);
 }
 
 void StoryEraser::trim(Item* item, CharacterPosition start, CharacterPosition end) {
-    if (item->kind != ItemKind::Text && item->kind != ItemKind::FieldCode) {
-        refuse("The range covers only one end of a field.");
-    }
     std::string text = item->node.child_value();
     const std::size_t first = byteOffset(text, {start.value});
     text.erase(first, byteOffset(text, {end.value}) - first);
     journal_.setText(story_.part(), item->node.first_child(), text);
-    keepBlanks(item->node);
+    journal_.keepBlanks(item->node);
     journal_.setLength(story_.items(), item, utf16Length(text));
 }
 
-void StoryEraser::eraseTable(Item* first, pugi::xml_node table) {
+std::int64_t StoryEraser::eraseTable(Item*& item, pugi::xml_node table) {
+    for (Item* before = ItemTree::previous(item); before && isInside(before->node, table);) {
+        item = before;
+        before = ItemTree::previous(before);
+    }
+    std::int64_t length = 0;
     pugi::xml_node behind = table;
-    for (Item* item = first; item && isInside(item->node, table);) {
+    while (item && isInside(item->node, table)) {
         Item* next = ItemTree::next(item);
+        length += item->length;
         if (item->isMark()) {
             // The mark of a bookmark that begins or ends outside lives on where the table stood.
             journal_.move(story_.part(), item->node, table.parent(), behind);
@@ -153,69 +173,83 @@ void StoryEraser::eraseTable(Item* first, pugi::xml_node table) {
         }
         item = next;
     }
-    journal_.remove(story_.part(), table);
+    removeElement(table);
+    return length;
 }
 
 void StoryEraser::eraseParagraphMark(Item* mark) {
     const pugi::xml_node first = mark->node;
-    const Item* next = ItemTree::next(mark);
-    while (next && !next->takesPlace())
-        next = ItemTree::next(next);
+    const Item* next = nextInText(mark);
     const pugi::xml_node second = next ? story_.paragraphOf(next) : pugi::xml_node();
-    const bool intoTable = !second || story_.cellOf(next) != story_.cellOf(mark);
-    const Item* before = ItemTree::previous(mark);
-    while (before && !before->takesPlace())
-        before = ItemTree::previous(before);
-    const bool hasText = before && before->kind != ItemKind::ParagraphMark && isInside(before->node, first);
-    if (intoTable && hasText) refuse("A paragraph cannot run into a table.");
+    if (!second || story_.cellOf(next) != story_.cellOf(mark)) {
+        // Nothing but marks is left in a paragraph that goes in front of a table.
+        rescueMarks(mark, first);
+        rescueOthers(first);
+    } else {
+        moveContent(mark, next, second);
+    }
+    removeElement(first);
+    journal_.removeItem(story_.items(), mark);
+}
 
+void StoryEraser::moveContent(const Item* mark, const Item* next, pugi::xml_node second) {
     pugi::xml_node behind = story_.names().child(second, WordTag::ParagraphProperties);
     const auto take = [&](pugi::xml_node node) {
-        if (intoTable) {
-            journal_.move(story_.part(), node, first.parent(), first.previous_sibling());
-        } else {
-            journal_.move(story_.part(), node, second, behind);
-            behind = node;
-        }
+        journal_.move(story_.part(), node, second, behind);
+        behind = node;
     };
-    for (pugi::xml_node child = first.first_child(); child;) {
+    for (pugi::xml_node child = mark->node.first_child(); child;) {
         const pugi::xml_node following = child.next_sibling();
         if (story_.names().tagOf(child) != WordTag::ParagraphProperties) take(child);
         child = following;
     }
     // Marks between the paragraphs stand behind what came out of the first one.
-    for (pugi::xml_node node = first.next_sibling(); node && node != second && !intoTable;) {
-        const pugi::xml_node following = node.next_sibling();
-        const WordTag tag = story_.names().tagOf(node);
-        if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) take(node);
-        node = following;
+    for (const Item* between = ItemTree::next(mark); between != next; between = ItemTree::next(between)) {
+        if (!isInside(between->node, second)) take(between->node);
     }
-    journal_.remove(story_.part(), first);
-    journal_.removeItem(story_.items(), mark);
 }
 
 void StoryEraser::erasePartOfRun(Item* item) {
     const WordNames& names = story_.names();
     const pugi::xml_node run = item->node.parent();
-    const bool isSimpleFieldBegin =
-        item->kind == ItemKind::FieldBegin && names.tagOf(item->node) == WordTag::SimpleField;
-    if (isSimpleFieldBegin) return;  // its element goes with the end
-    if (names.tagOf(item->node) == WordTag::SimpleField) rescueMarks(item->node);
-    journal_.remove(story_.part(), item->node);
+    const bool isSimpleField = names.tagOf(item->node) == WordTag::SimpleField;
+    // The element of a simple field goes with its end.
+    if (!isSimpleField || item->kind == ItemKind::FieldEnd) {
+        rescueMarks(item, item->node);
+        removeElement(item->node);
+    }
+    journal_.removeItem(story_.items(), item);
     if (names.tagOf(run) != WordTag::Run) return;
     const pugi::xml_node rest = run.first_child();
     const bool empty = !rest || (rest == run.last_child() && names.tagOf(rest) == WordTag::RunProperties);
     if (empty) journal_.remove(story_.part(), run);
 }
 
-void StoryEraser::rescueMarks(pugi::xml_node field) {
-    for (pugi::xml_node child = field.first_child(); child;) {
+void StoryEraser::rescueMarks(const Item* item, pugi::xml_node element) {
+    const pugi::xml_node behind = element.previous_sibling();
+    for (item = ItemTree::previous(item); item && isInside(item->node, element);
+         item = ItemTree::previous(item)) {
+        if (item->isMark()) journal_.move(story_.part(), item->node, element.parent(), behind);
+    }
+}
+
+void StoryEraser::rescueOthers(pugi::xml_node paragraph) {
+    for (pugi::xml_node child = paragraph.first_child(); child;) {
         const pugi::xml_node following = child.next_sibling();
-        const WordTag tag = story_.names().tagOf(child);
-        const bool isMark = tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd;
-        if (isMark) journal_.move(story_.part(), child, field.parent(), field.previous_sibling());
+        const bool isOther = story_.names().tagOf(child) == WordTag::Other;
+        if (isOther) journal_.move(story_.part(), child, paragraph.parent(), paragraph.previous_sibling());
         child = following;
     }
+}
+
+void StoryEraser::removeElement(pugi::xml_node element) {
+    bookmarks_.unlistTextBoxes(element);
+    const pugi::xml_node content = element.parent();
+    journal_.remove(story_.part(), element);
+    const bool isEmptied = !content.first_child() &&
+                           story_.names().tagOf(content) == WordTag::ContentControlContent &&
+                           !story_.names().ancestor(content, WordTag::Paragraph);
+    if (isEmptied) journal_.remove(story_.part(), content.parent());
 }
 
 pugi::xml_node StoryEraser::commonCell(const Item* first, const Item* last) const {

@@ -19,15 +19,26 @@ class StoryEraser {
     [[nodiscard]] CharacterPosition withoutLastMark(CharacterPosition start, CharacterPosition end) const;
     void checkStructure(CharacterPosition start, CharacterPosition end) const;
     void checkFields(CharacterPosition start, CharacterPosition end) const;
+    /// Refuses a place inside of what counts as several characters but is one element.
+    void checkWhole(CharacterPosition position) const;
+    /// Whether a part of the item's paragraph stands before it or, within it, before the position.
+    [[nodiscard]] bool hasTextBefore(const Item* item, CharacterPosition start) const;
     void removeCoveredBookmarks(CharacterPosition start, CharacterPosition end);
     void eraseItems(CharacterPosition start, CharacterPosition end);
-    void eraseItem(Item* item);
     void trim(Item* item, CharacterPosition start, CharacterPosition end);
-    void eraseTable(Item* first, pugi::xml_node table);
+    /// Erases the table that an item stands in; answers how many characters went and sets the item to the
+    /// one behind them.
+    std::int64_t eraseTable(Item*& item, pugi::xml_node table);
     void eraseParagraphMark(Item* mark);
     void erasePartOfRun(Item* item);
-    /// Moves marks of bookmarks out of a field that is about to go.
-    void rescueMarks(pugi::xml_node field);
+    void moveContent(const Item* mark, const Item* next, pugi::xml_node second);
+    /// Moves the marks of bookmarks before an item out of an element that is about to go.
+    void rescueMarks(const Item* item, pugi::xml_node element);
+    /// The same for ends of comments and of other ranges that may reach beyond a paragraph.
+    void rescueOthers(pugi::xml_node paragraph);
+    /// Removes an element with the text boxes in it, and a content control around blocks when it was the
+    /// last.
+    void removeElement(pugi::xml_node element);
     /// The innermost cell that holds both items; none when no cell does.
     [[nodiscard]] pugi::xml_node commonCell(const Item* first, const Item* last) const;
     [[nodiscard]] pugi::xml_node outermostTable(const Item* item, pugi::xml_node within) const;
