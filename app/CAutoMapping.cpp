@@ -114,7 +114,7 @@ word::DocumentPtr CAutoMapping::makeDocument(word::Application& application) {
     if (arguments_.useDocument.empty()) {
         return documents->Add(arguments_.targetExists ? arguments_.targetPath : "");
     }
-    const word::DocumentPtr document = documents->Open(arguments_.useDocument);
+    word::DocumentPtr document = documents->Open(arguments_.useDocument);
     if (!canDropInto(application)) RaiseMappingError(kLabelDocumentIncorrect);
     return document;
 }

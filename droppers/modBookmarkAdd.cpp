@@ -79,7 +79,7 @@ Guards fillRange(word::Document& document, word::Range& range, const TouchingBoo
         writePicture(range, content.pictureFile);
         return {};
     }
-    const Guards guards = guardsAgainst(touching);
+    Guards guards = guardsAgainst(touching);
     const std::string atStart = touching.atStart ? touching.atStart->Name() : "";
     writeText(range, content.text.empty() ? name : content.text, guards);
     if (!atStart.empty()) moveStartBehind(document, atStart, range.End() - range.Start());
