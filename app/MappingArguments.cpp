@@ -34,7 +34,7 @@ std::string readTarget(bool hasDocument, bool allowExistingTemplate) {
     if (value.empty() || value == kEmptyValue || value.ends_with('/') || folderExists(value)) {
         RaiseMappingError(kTemplateNotDefined);
     }
-    const std::string target = fullPath(value);
+    std::string target = fullPath(value);
     if (GetParentFolder(target, true).empty()) RaiseMappingError(kTemplateFolderDoesNotExist);
     if (!allowExistingTemplate && fileExists(target)) RaiseMappingError(kTemplateAlreadyExists);
     return target;
