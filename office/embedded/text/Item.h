@@ -37,6 +37,7 @@ struct Item {
     std::int32_t openMarksBelow = 0;  ///< bookmark starts less bookmark ends, likewise
     std::uint32_t marksBelow = 0;     ///< bookmark starts and ends, likewise
     ItemKind kind = ItemKind::Text;
+    bool placed = false;  ///< in its story's tree; false once an edit took it out
     pugi::xml_node node;
     BookmarkRecord* bookmark = nullptr;  ///< of a bookmark's mark
 

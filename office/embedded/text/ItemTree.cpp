@@ -70,6 +70,7 @@ void ItemTree::build(const std::vector<Item*>& items) {
     for (Item* item : items) {
         item->priority = nextRandom(random_);
         item->left = item->right = item->parent = nullptr;
+        item->placed = true;
         Item* below = nullptr;
         while (!spine.empty() && spine.back()->priority < item->priority) {
             below = spine.back();
@@ -93,6 +94,7 @@ void ItemTree::build(const std::vector<Item*>& items) {
 
 void ItemTree::insertBefore(Item* next, Item* item) {
     item->left = item->right = nullptr;
+    item->placed = true;
     item->priority = nextRandom(random_);
     Item* parent = nullptr;
     if (next && !next->left) {
@@ -118,6 +120,7 @@ void ItemTree::remove(Item* item) {
     Item* parent = item->parent;
     replaceChild(parent, item, nullptr);
     item->parent = nullptr;
+    item->placed = false;
     updateUpward(parent);
 }
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -60,6 +61,18 @@ bool isInside(pugi::xml_node node, pugi::xml_node element) {
     while (node && node != element)
         node = node.parent();
     return static_cast<bool>(node);
+}
+
+Stretch stretchOf(pugi::xml_node element, const Item* inside) {
+    const Item* first = inside;
+    const Item* last = inside;
+    for (const Item* item = inside; item && isInside(item->node, element); item = ItemTree::previous(item)) {
+        first = item;
+    }
+    for (const Item* item = inside; item && isInside(item->node, element); item = ItemTree::next(item)) {
+        last = item;
+    }
+    return {ItemTree::positionOf(first), ItemTree::positionOf(last) + CharacterCount{last->length}};
 }
 
 Story::Story(XmlPart& part, const WordNames& names, pugi::xml_node root, std::string name,
@@ -120,6 +133,30 @@ std::string Story::text(CharacterPosition start, CharacterPosition end) const {
         const std::string whole = textOf(*this, item);
         result += item->kind == ItemKind::Text ? slice(whole, from, to) : whole;
         position = itemStart + CharacterCount{item->length};
+    }
+    return result;
+}
+
+std::string Story::code(CharacterPosition start, CharacterPosition end) const {
+    std::string result;
+    std::vector<bool>
+        nestedInCode;  // of the fields nested in the code that are open, whether their code runs
+    for (const Item* item = items_.itemAt(start); item; item = ItemTree::next(item)) {
+        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->kind == ItemKind::FieldBegin && names_.tagOf(item->node) == WordTag::SimpleField) {
+            if (ItemTree::positionOf(item) <= start) return names_.value(item->node, "instr");
+            nestedInCode.push_back(false);
+        } else if (item->kind == ItemKind::FieldBegin) {
+            nestedInCode.push_back(true);
+        } else if (item->kind == ItemKind::FieldSeparator && !nestedInCode.empty()) {
+            nestedInCode.back() = false;
+        } else if (item->kind == ItemKind::FieldEnd && !nestedInCode.empty()) {
+            nestedInCode.pop_back();
+        } else if (nestedInCode.empty() && item->kind == ItemKind::FieldCode) {
+            result += item->node.child_value();
+        } else if (nestedInCode.empty() || !nestedInCode.back()) {
+            result += textOf(*this, item);
+        }
     }
     return result;
 }

@@ -47,6 +47,9 @@ class Story {
     /// The text as a range reads it: field codes and field characters are left out.
     [[nodiscard]] std::string text(CharacterPosition start, CharacterPosition end) const;
 
+    /// The code of a field whose code stands between the positions; a nested field counts with its result.
+    [[nodiscard]] std::string code(CharacterPosition start, CharacterPosition end) const;
+
     /// The element of the paragraph that an item stands in or ends; none for marks between paragraphs.
     [[nodiscard]] pugi::xml_node paragraphOf(const Item* item) const;
     /// The innermost cell or table around an item; none outside tables. A row mark stands in its table but
@@ -86,6 +89,13 @@ class Story {
 
 /// The text that one item adds to what a range reads.
 std::string textOf(const Story& story, const Item* item);
+
+/// Where the items inside an element of the story begin and end, told from one of them.
+struct Stretch {
+    CharacterPosition start;
+    CharacterPosition end;
+};
+Stretch stretchOf(pugi::xml_node element, const Item* inside);
 
 /// Whether a node is the element or stands somewhere below it.
 bool isInside(pugi::xml_node node, pugi::xml_node element);

@@ -50,7 +50,8 @@ bool canBeSplit(WordTag tag) {
 
 }  // namespace
 
-CharacterCount StoryEditor::insertText(CharacterPosition position, const std::string& text) {
+CharacterCount StoryEditor::insertText(CharacterPosition position, const std::string& text,
+                                       Formatting formatting) {
     story_.check(position, position);
     const CharacterPosition start = position;
     for (std::string_view rest = text; !rest.empty();) {
@@ -59,12 +60,12 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
             takeParagraphEnd(rest);
             position = position + CharacterCount{1};
         } else if (const std::size_t plain = plainLength(rest); plain > 0) {
-            insertPlain(position, rest.substr(0, plain));
+            insertPlain(position, rest.substr(0, plain), formatting);
             position = position + utf16Length(rest.substr(0, plain));
             rest.remove_prefix(plain);
         } else {
             const bool known = rest.front() == '\t' || rest.front() == '\v' || rest.front() == '\f';
-            if (known) insertBreak(position, rest.front());
+            if (known) insertBreak(position, rest.front(), formatting);
             position = position + CharacterCount{known ? 1 : 0};
             rest.remove_prefix(1);
         }
@@ -72,21 +73,24 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
     return position - start;
 }
 
-void StoryEditor::insertPlain(CharacterPosition position, std::string_view text) {
+void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, Formatting formatting) {
+    if (formatting) splitRun(position);
     Item* next = itemBehind(position);
     if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
-    if (appendToPrevious(ItemTree::previous(next), position, text)) return;
+    if (!formatting && appendToPrevious(ItemTree::previous(next), position, text)) return;
     splitRun(position);
-    const pugi::xml_node run = makeRun(formattingAt(ItemTree::previous(next), next));
+    const pugi::xml_node run =
+        makeRun(formatting ? *formatting : formattingAt(ItemTree::previous(next), next));
     const pugi::xml_node element = skeletons_.makeText(std::string(text));
     moveNode(element, run, run.last_child());
     insertRun(position, run, element, ItemKind::Text, utf16Length(text));
 }
 
-void StoryEditor::insertBreak(CharacterPosition position, char character) {
+void StoryEditor::insertBreak(CharacterPosition position, char character, Formatting formatting) {
     splitRun(position);
     const Item* next = itemBehind(position);
-    const pugi::xml_node run = makeRun(formattingAt(ItemTree::previous(next), next));
+    const pugi::xml_node run =
+        makeRun(formatting ? *formatting : formattingAt(ItemTree::previous(next), next));
     pugi::xml_node element = skeletons_.makeElement(character == '\t' ? "tab" : "br");
     if (character == '\f') element.append_attribute(story_.names().attribute("type").c_str()) = "page";
     moveNode(element, run, run.last_child());
@@ -235,6 +239,19 @@ pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
     const pugi::xml_node section = story_.names().child(properties, WordTag::SectionProperties);
     if (section) journal_.remove(story_.part(), section);
     return second;
+}
+
+Formatting StoryEditor::formattingBetween(CharacterPosition start, CharacterPosition end) const {
+    Formatting ofField;
+    for (const Item* item = story_.items().itemAt(start); item; item = ItemTree::next(item)) {
+        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        const pugi::xml_node run = places_.inlineElementOf(item);
+        if (story_.names().tagOf(run) != WordTag::Run) continue;
+        const pugi::xml_node properties = story_.names().child(run, WordTag::RunProperties);
+        if (item->kind == ItemKind::Text) return properties;
+        if (!ofField) ofField = properties;
+    }
+    return ofField;
 }
 
 pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next) const {

@@ -5,10 +5,15 @@
 #include "office/embedded/text/EditJournal.h"
 #include "office/embedded/text/Story.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace mergeloom::embedded {
+
+/// Run properties that new text takes on; no run properties where the node is none. Absent: those of the
+/// place.
+using Formatting = std::optional<pugi::xml_node>;
 
 /// Puts text and elements into a story. What comes in at a place stands behind every mark there, so it falls
 /// into a bookmark that starts at the place and not into one that ends there.
@@ -17,13 +22,18 @@ class StoryEditor {
     StoryEditor(Story& story, WordSkeletons& skeletons, EditJournal& journal)
         : story_(story), skeletons_(skeletons), journal_(journal), places_(story) {}
 
-    /// Puts in text in the formatting that stands there. CR, LF or both together end a paragraph; a tab, a
-    /// vertical tab (line break) and a form feed (page break) become their elements; other control
-    /// characters are left out. Returns how many characters came in.
-    CharacterCount insertText(CharacterPosition position, const std::string& text);
+    /// Puts in text in the formatting given, run properties or none, or else in the one that stands there.
+    /// CR, LF or both together end a paragraph; a tab, a vertical tab (line break) and a form feed (page
+    /// break) become their elements; other control characters are left out. Returns how many characters came
+    /// in.
+    CharacterCount insertText(CharacterPosition position, const std::string& text,
+                              Formatting formatting = {});
     void insertParagraphMark(CharacterPosition position);
     /// Puts in a run, made in the attic, whose child counts as one character.
     void insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child);
+
+    /// The formatting of the first text between two positions; of a field without a result, the code's.
+    [[nodiscard]] Formatting formattingBetween(CharacterPosition start, CharacterPosition end) const;
 
     /// Makes a run end and another begin at the position, if text stands there.
     void splitRun(CharacterPosition position);
@@ -31,8 +41,8 @@ class StoryEditor {
     void checkSplit(CharacterPosition position) const;
 
   private:
-    void insertPlain(CharacterPosition position, std::string_view text);
-    void insertBreak(CharacterPosition position, char character);
+    void insertPlain(CharacterPosition position, std::string_view text, Formatting formatting);
+    void insertBreak(CharacterPosition position, char character, Formatting formatting);
     void insertIntoItem(Item* item, CharacterPosition position, std::string_view text);
     bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text);
     void insertRun(CharacterPosition position, pugi::xml_node run, pugi::xml_node child, ItemKind kind,

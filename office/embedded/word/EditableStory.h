@@ -3,9 +3,11 @@
 #include "office/embedded/text/BookmarkEditor.h"
 #include "office/embedded/text/BookmarkFinder.h"
 #include "office/embedded/text/EditJournal.h"
+#include "office/embedded/text/FontEditor.h"
 #include "office/embedded/text/Story.h"
 #include "office/embedded/text/StoryEditor.h"
 #include "office/embedded/text/StoryEraser.h"
+#include "office/embedded/text/TableEditor.h"
 
 #include <string>
 
@@ -31,6 +33,8 @@ class EditableStory {
           editor_(story_, part.skeletons, journal),
           bookmarks_(story_, editor_, part.skeletons, journal, bookmarks),
           eraser_(story_, bookmarks_, journal),
+          tables_(story_, editor_, part.skeletons, journal),
+          fonts_(story_, editor_, part.skeletons, journal),
           finder_(story_) {}
 
     Story& story() { return story_; }
@@ -38,6 +42,8 @@ class EditableStory {
     StoryEditor& editor() { return editor_; }
     BookmarkEditor& bookmarks() { return bookmarks_; }
     StoryEraser& eraser() { return eraser_; }
+    TableEditor& tables() { return tables_; }
+    FontEditor& fonts() { return fonts_; }
     BookmarkFinder& finder() { return finder_; }
 
   private:
@@ -46,6 +52,8 @@ class EditableStory {
     StoryEditor editor_;
     BookmarkEditor bookmarks_;
     StoryEraser eraser_;
+    TableEditor tables_;
+    FontEditor fonts_;
     BookmarkFinder finder_;
 };
 

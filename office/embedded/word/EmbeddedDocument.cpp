@@ -4,6 +4,9 @@
 #include "base/Paths.h"
 #include "office/embedded/word/EmbeddedApplication.h"
 #include "office/embedded/word/EmbeddedBookmarks.h"
+#include "office/embedded/word/EmbeddedFields.h"
+#include "office/embedded/word/EmbeddedTables.h"
+#include "office/embedded/word/EmbeddedWindow.h"
 #include "office/embedded/word/WordSaveFormats.h"
 
 #include <utility>
@@ -24,6 +27,24 @@ word::ApplicationPtr EmbeddedDocument::Application() {
 
 word::BookmarksPtr EmbeddedDocument::Bookmarks() {
     return std::make_shared<DocumentBookmarks>(content_);
+}
+
+word::WindowPtr EmbeddedDocument::ActiveWindow() {
+    return std::make_shared<EmbeddedWindow>(content_);
+}
+
+word::FieldsPtr EmbeddedDocument::Fields() {
+    return fieldsOf(content_);
+}
+
+word::MailMergePtr EmbeddedDocument::MailMerge() {
+    return std::make_shared<EmbeddedMailMerge>(content_);
+}
+
+word::TablesPtr EmbeddedDocument::Tables() {
+    Story& body = content_->body().story();
+    return std::make_shared<EmbeddedTables>(StoryPlace{content_, &body}, CharacterPosition{0},
+                                            CharacterPosition{body.length().value});
 }
 
 std::string EmbeddedDocument::Name() {

@@ -18,7 +18,11 @@ class EmbeddedDocument final : public word::Document {
                      std::shared_ptr<WordContent> content, std::string fullName, bool wasOpened);
 
     word::ApplicationPtr Application() override;
+    word::WindowPtr ActiveWindow() override;
     word::BookmarksPtr Bookmarks() override;
+    word::FieldsPtr Fields() override;
+    word::MailMergePtr MailMerge() override;
+    word::TablesPtr Tables() override;
 
     std::string Name() override;
     std::string FullName() override { return fullName_; }

@@ -1,11 +1,11 @@
 #include "office/embedded/word/EmbeddedInlineShapes.h"
 
-#include "office/embedded/word/RangeCounts.h"
+#include "office/embedded/word/RangeContents.h"
 
 namespace mergeloom::embedded {
 
 int EmbeddedInlineShapes::Count() {
-    return RangeCounts(span_->story(), span_->start(), span_->end()).inlineShapes();
+    return RangeContents(span_->story(), span_->start(), span_->end()).inlineShapes();
 }
 
 void EmbeddedInlineShapes::AddPicture(const std::string& fileName) {

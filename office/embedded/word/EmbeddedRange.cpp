@@ -2,13 +2,20 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/word/EmbeddedBookmarks.h"
-#include "office/embedded/word/EmbeddedCount.h"
+#include "office/embedded/word/EmbeddedCells.h"
 #include "office/embedded/word/EmbeddedInlineShapes.h"
-#include "office/embedded/word/RangeCounts.h"
+#include "office/embedded/word/EmbeddedTables.h"
+#include "office/embedded/word/RangeContents.h"
 
 #include <algorithm>
 
 namespace mergeloom::embedded {
+
+std::string EmbeddedRange::Text() {
+    const Story& story = span_->story();
+    return text_ == RangeText::FieldCode ? story.code(span_->start(), span_->end())
+                                         : story.text(span_->start(), span_->end());
+}
 
 void EmbeddedRange::SetText(const std::string& text) {
     const CharacterPosition start = span_->start();
@@ -21,8 +28,11 @@ word::BookmarksPtr EmbeddedRange::Bookmarks() {
 }
 
 word::CellsPtr EmbeddedRange::Cells() {
-    const int count = RangeCounts(span_->story(), span_->start(), span_->end()).cells();
-    return std::make_shared<EmbeddedCount<word::Cells>>(count);
+    const RangeContents contents(span_->story(), span_->start(), span_->end());
+    std::vector<pugi::xml_node> cells = contents.cells();
+    const FoundTable table = contents.tables().front();
+    return std::make_shared<EmbeddedCells>(
+        makeTable({content_, &span_->story()}, table.element, table.inside), std::move(cells));
 }
 
 word::InlineShapesPtr EmbeddedRange::InlineShapes() {
@@ -30,8 +40,8 @@ word::InlineShapesPtr EmbeddedRange::InlineShapes() {
 }
 
 word::TablesPtr EmbeddedRange::Tables() {
-    const int count = RangeCounts(span_->story(), span_->start(), span_->end()).tables();
-    return std::make_shared<EmbeddedCount<word::Tables>>(count);
+    return std::make_shared<EmbeddedTables>(StoryPlace{content_, &span_->story()}, span_->start(),
+                                            span_->end());
 }
 
 word::RangePtr EmbeddedRange::Previous(word::WdUnits, int count) {

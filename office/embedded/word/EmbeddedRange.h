@@ -9,17 +9,20 @@
 
 namespace mergeloom::embedded {
 
+/// What a range over a field's code reads as its text: its part of the document's text, or the code.
+enum class RangeText { Result, FieldCode };
+
 class EmbeddedRange final : public word::Range {
   public:
     EmbeddedRange(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
-                  CharacterPosition end)
-        : content_(std::move(content)), span_(std::make_shared<LiveSpan>(story, start, end)) {}
+                  CharacterPosition end, RangeText text = RangeText::Result)
+        : content_(std::move(content)), span_(std::make_shared<LiveSpan>(story, start, end)), text_(text) {}
 
     CharacterPosition Start() override { return span_->start(); }
     CharacterPosition End() override { return span_->end(); }
     std::string storyName() override { return span_->story().name(); }
 
-    std::string Text() override { return span_->story().text(span_->start(), span_->end()); }
+    std::string Text() override;
     void SetText(const std::string& text) override;
 
     word::BookmarksPtr Bookmarks() override;
@@ -33,6 +36,7 @@ class EmbeddedRange final : public word::Range {
   private:
     std::shared_ptr<WordContent> content_;
     std::shared_ptr<LiveSpan> span_;  // shared with the collections that change what the range holds
+    RangeText text_;
 };
 
 }  // namespace mergeloom::embedded

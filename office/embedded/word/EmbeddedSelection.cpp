@@ -2,15 +2,18 @@
 
 #include "office/embedded/word/EmbeddedBookmarks.h"
 #include "office/embedded/word/EmbeddedCount.h"
+#include "office/embedded/word/EmbeddedFields.h"
+#include "office/embedded/word/EmbeddedFont.h"
 #include "office/embedded/word/EmbeddedInlineShapes.h"
 #include "office/embedded/word/EmbeddedRange.h"
-#include "office/embedded/word/RangeCounts.h"
+#include "office/embedded/word/EmbeddedTables.h"
+#include "office/embedded/word/RangeContents.h"
 
 namespace mergeloom::embedded {
 
 namespace {
 
-RangeCounts countsOf(const LiveSpan& span) {
+RangeContents contentsOf(const LiveSpan& span) {
     return {span.story(), span.start(), span.end()};
 }
 
@@ -37,12 +40,16 @@ void EmbeddedSelection::Collapse(word::WdCollapseDirection direction) {
     span().set(place, place);
 }
 
+word::FontPtr EmbeddedSelection::Font() {
+    return std::make_shared<EmbeddedFont>(content_);
+}
+
 word::BookmarksPtr EmbeddedSelection::Bookmarks() {
     return std::make_shared<RangeBookmarks>(content_, span().story(), span().start(), span().end());
 }
 
 word::FieldsPtr EmbeddedSelection::Fields() {
-    return std::make_shared<EmbeddedCount<word::Fields>>(countsOf(span()).fields());
+    return fieldsOf(StoryPlace{content_, &span().story()}, span().start(), span().end());
 }
 
 word::InlineShapesPtr EmbeddedSelection::InlineShapes() {
@@ -52,11 +59,12 @@ word::InlineShapesPtr EmbeddedSelection::InlineShapes() {
 }
 
 word::ShapeRangePtr EmbeddedSelection::ShapeRange() {
-    return std::make_shared<EmbeddedCount<word::ShapeRange>>(countsOf(span()).floatingShapes());
+    return std::make_shared<EmbeddedCount<word::ShapeRange>>(contentsOf(span()).floatingShapes());
 }
 
 word::TablesPtr EmbeddedSelection::Tables() {
-    return std::make_shared<EmbeddedCount<word::Tables>>(countsOf(span()).tables());
+    return std::make_shared<EmbeddedTables>(StoryPlace{content_, &span().story()}, span().start(),
+                                            span().end());
 }
 
 }  // namespace mergeloom::embedded

@@ -18,6 +18,8 @@ class EmbeddedSelection final : public word::Selection {
     void TypeParagraph() override { TypeText("\r"); }
     void Collapse(word::WdCollapseDirection direction) override;
 
+    word::FontPtr Font() override;
+
     word::BookmarksPtr Bookmarks() override;
     word::FieldsPtr Fields() override;
     word::InlineShapesPtr InlineShapes() override;

@@ -78,12 +78,30 @@ Story& WordContent::storyNamed(const std::string& name) {
     return found->story();
 }
 
+std::vector<Story*> WordContent::stories() {
+    std::vector<Story*> all;
+    for (EditableStory& editable : stories_)
+        all.push_back(&editable.story());
+    return all;
+}
+
+bool WordContent::hasStyle(const std::string& styleId) {
+    if (!styles_) {
+        const Relationships& relationships = package_.relationshipsOf(package_.mainPart());
+        const auto found = relationships.ofOfficeType("styles");
+        const std::string part = found.empty() ? "" : relationships.targetPart(*found.front());
+        styles_ = package_.hasPart(part) ? package_.readPart(part) : "";
+    }
+    return styles_->find("styleId=\"" + styleId + "\"") != std::string::npos;
+}
+
 CharacterCount WordContent::replace(Story& story, CharacterPosition start, CharacterPosition end,
                                     const std::string& text) {
     touch();
     EditableStory& target = editable(story);
+    const Formatting formatting = target.editor().formattingBetween(start, end);
     target.eraser().erase(start, end);
-    return target.editor().insertText(start, text);
+    return target.editor().insertText(start, text, formatting);
 }
 
 CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,

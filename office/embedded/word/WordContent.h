@@ -34,7 +34,12 @@ class WordContent {
     /// Every story has a name of its own. Raises kMemberNotFound for a name that none has.
     [[nodiscard]] Story& storyNamed(const std::string& name);
 
-    /// Replaces the text of a stretch; answers how many characters came in.
+    [[nodiscard]] std::vector<Story*> stories();
+    /// Whether the document defines a style of that id.
+    [[nodiscard]] bool hasStyle(const std::string& styleId);
+
+    /// Replaces the text of a stretch, in the formatting of its first text; answers how many characters came
+    /// in.
     CharacterCount replace(Story& story, CharacterPosition start, CharacterPosition end,
                            const std::string& text);
     /// Replaces a stretch by a picture in the text, one character; answers that count. The formats and errors
@@ -94,6 +99,7 @@ class WordContent {
     std::int64_t highestId_ = -1;  // of bookmarks, tracked changes and comments, which share their ids
     std::int64_t highestDrawingId_ = 0;
     int textBoxes_ = 0;
+    std::optional<std::string> styles_;  // the part's XML, read when it is asked for first
     bool saved_ = true;
 };
 

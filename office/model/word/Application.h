@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
+
+#include <string>
 
 namespace mergeloom::word {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "office/model/word/Counted.h"
+
 #include <cstdint>
 #include <string>
-
-#include "office/model/word/Counted.h"
 
 namespace mergeloom::word {
 
@@ -25,7 +25,8 @@ class Bookmarks : public Counted {
     /// tell faster than by trying does so.
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
         std::int64_t counter = 1;
-        while (Exists(stem + std::to_string(counter))) ++counter;
+        while (Exists(stem + std::to_string(counter)))
+            ++counter;
         return counter;
     }
 };

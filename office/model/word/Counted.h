@@ -10,13 +10,9 @@ class Counted : public Object {
     virtual int Count() = 0;
 };
 
-/// Range.Cells: raises an AutomationError where the range is not in a table.
-class Cells : public Counted {};
-/// The fields whose first character lies in the range.
-class Fields : public Counted {};
 /// The floating shapes whose anchors lie in the range.
 class ShapeRange : public Counted {};
-/// The tables that the range touches; inside a table, that table.
-class Tables : public Counted {};
+/// The columns of a table.
+class Columns : public Counted {};
 
 }  // namespace mergeloom::word

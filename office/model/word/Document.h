@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
+
+#include <string>
 
 namespace mergeloom::word {
 
@@ -11,7 +11,12 @@ namespace mergeloom::word {
 class Document : public Object {
   public:
     virtual ApplicationPtr Application() = 0;
+    virtual WindowPtr ActiveWindow() = 0;
     virtual BookmarksPtr Bookmarks() = 0;
+    /// The fields of all stories.
+    virtual FieldsPtr Fields() = 0;
+    virtual MailMergePtr MailMerge() = 0;
+    virtual TablesPtr Tables() = 0;
 
     /// The file's name without its folder, or the name of a document that was never saved.
     virtual std::string Name() = 0;

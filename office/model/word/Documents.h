@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "office/model/word/Counted.h"
+
+#include <string>
 
 namespace mergeloom::word {
 

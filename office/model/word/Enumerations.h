@@ -11,6 +11,19 @@ enum class WdSaveFormat : int {
     wdFormatXMLTemplateMacroEnabled = 15,
 };
 
+/// WdFieldType, as far as code tells fields apart; every other field has the type of none of these.
+enum class WdFieldType : int {
+    wdFieldEmpty = -1,
+    wdFieldIf = 7,
+    wdFieldNextIf = 10,
+    wdFieldSkipIf = 12,
+    wdFieldQuote = 35,
+    wdFieldNext = 41,
+    wdFieldMergeRec = 44,
+    wdFieldMergeField = 59,
+    wdFieldMergeSeq = 75,
+};
+
 /// WdUnits, as far as ranges are moved by them.
 enum class WdUnits : int { wdCharacter = 1 };
 

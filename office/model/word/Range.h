@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "base/Units.h"
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
+
+#include <string>
 
 namespace mergeloom::word {
 
@@ -23,7 +23,8 @@ class Range : public Object {
     virtual std::string Text() = 0;
     /// Replaces the text; the range then covers the new text. CR, LF or both together end a paragraph. A
     /// bookmark all of whose text is replaced goes. Text that goes in where a bookmark starts falls into that
-    /// bookmark; where it ends, it does not.
+    /// bookmark; where it ends, it does not. The
+    /// new text takes the formatting of the first text replaced.
     virtual void SetText(const std::string& text) = 0;
 
     /// The bookmarks that the range holds, overlaps or, being a caret, stands in or touches, in place order.

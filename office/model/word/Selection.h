@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
+
+#include <string>
 
 namespace mergeloom::word {
 
@@ -20,6 +20,8 @@ class Selection : public Object {
     virtual void TypeText(const std::string& text) = 0;
     virtual void TypeParagraph() = 0;
     virtual void Collapse(WdCollapseDirection direction) = 0;
+
+    virtual FontPtr Font() = 0;
 
     virtual BookmarksPtr Bookmarks() = 0;
     virtual FieldsPtr Fields() = 0;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "office/model/word/Forward.h"
+
+#include <string>
 
 namespace mergeloom::word {
 

@@ -1,0 +1,85 @@
+#include "office/embedded/text/FontEditor.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// The properties of a run that the schema wants behind its size (ECMA-376 Part 1, 17.3.2.28 and annex A).
+constexpr std::array<std::string_view, 15> kBehindSize{
+    "highlight", "u",    "effect",          "bdr",        "shd",   "fitText",  "vertAlign", "rtl", "cs",
+    "em",        "lang", "eastAsianLayout", "specVanish", "oMath", "rPrChange"};
+
+bool standsBehindSize(std::string_view name) {
+    const std::string_view local = name.substr(name.find(':') + 1);
+    return std::find(kBehindSize.begin(), kBehindSize.end(), local) != kBehindSize.end();
+}
+
+}  // namespace
+
+void FontEditor::setSize(CharacterPosition start, CharacterPosition end, int halfPoints) {
+    if (start == end) return;
+    editor_.splitRun(start);
+    editor_.splitRun(end);
+    pugi::xml_node lastRun;
+    for (Item* item = story_.items().itemAt(start); item; item = ItemTree::next(item)) {
+        if (!item->takesPlace()) continue;
+        if (ItemTree::positionOf(item) >= end) break;
+        if (item->kind == ItemKind::ParagraphMark) {
+            setMarkSize(item->node, halfPoints);
+            continue;
+        }
+        const pugi::xml_node run = item->node.parent();
+        if (run == lastRun || story_.names().tagOf(run) != WordTag::Run) continue;
+        setRunSize(run, halfPoints);
+        lastRun = run;
+    }
+}
+
+void FontEditor::setRunSize(pugi::xml_node run, int halfPoints) {
+    writeSize(renewProperties(run, WordTag::RunProperties, "rPr"), halfPoints);
+}
+
+void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
+    const pugi::xml_node properties = renewProperties(paragraph, WordTag::ParagraphProperties, "pPr");
+    pugi::xml_node mark = story_.names().child(properties, WordTag::RunProperties);
+    if (!mark) {
+        // The mark's formatting stands before the section and the record of a change only.
+        const pugi::xml_node last = properties.last_child();
+        const pugi::xml_node section = story_.names().child(properties, WordTag::SectionProperties);
+        const bool changed = std::string_view(last.name()).ends_with("pPrChange");
+        const pugi::xml_node behind = section ? section : changed ? last : pugi::xml_node();
+        const std::string name = story_.names().element("rPr");
+        mark = behind ? pugi::xml_node(properties).insert_child_before(name.c_str(), behind)
+                      : pugi::xml_node(properties).append_child(name.c_str());
+    }
+    writeSize(mark, halfPoints);
+}
+
+pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, WordTag tag, std::string_view name) {
+    const pugi::xml_node former = story_.names().child(element, tag);
+    const pugi::xml_node renewed = former ? skeletons_.copy(former) : skeletons_.makeElement(name);
+    if (former) journal_.remove(story_.part(), former);
+    journal_.move(story_.part(), renewed, element, {});
+    return renewed;
+}
+
+void FontEditor::writeSize(pugi::xml_node runProperties, int halfPoints) {
+    const WordNames& names = story_.names();
+    pugi::xml_node behind;
+    for (const pugi::xml_node child : runProperties.children()) {
+        if (!behind && standsBehindSize(child.name())) behind = child;
+    }
+    for (const char* local : {"sz", "szCs"}) {
+        const std::string name = names.element(local);
+        runProperties.remove_child(name.c_str());
+        pugi::xml_node size = behind ? runProperties.insert_child_before(name.c_str(), behind)
+                                     : runProperties.append_child(name.c_str());
+        size.append_attribute(names.attribute("val").c_str()) = halfPoints;
+    }
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,153 @@
+#include "office/embedded/text/TableEditor.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/text/TableElements.h"
+
+#include <vector>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// The width of column i when so many share a width, in whole twips that add up to it.
+std::int64_t shareOf(std::int64_t width, int columns, int column) {
+    return width * (column + 1) / columns - width * column / columns;
+}
+
+}  // namespace
+
+Item* TableEditor::insertTable(CharacterPosition position, const TableShape& shape) {
+    Item* next = story_.items().itemAt(position);
+    const pugi::xml_node before = next ? story_.paragraphOf(next) : pugi::xml_node();
+    if (!before) throw AutomationError(kCommandFailed, "No table can stand at this place.");
+    const Item* previous = ItemTree::previous(next);
+    while (previous && !previous->takesPlace())
+        previous = ItemTree::previous(previous);
+    const bool behindText =
+        ItemTree::positionOf(next) != position ||
+        (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == before);
+    if (behindText) {
+        editor_.insertParagraphMark(position);
+        position = position + CharacterCount{1};
+        next = story_.items().itemAt(position);
+    }
+    const pugi::xml_node paragraph = story_.paragraphOf(next);
+    // Marks at the paragraph's start stay in it, behind the table.
+    for (Item* mark = ItemTree::previous(next); mark && isInside(mark->node, paragraph);) {
+        if (mark->takesPlace()) break;
+        next = mark;
+        mark = ItemTree::previous(mark);
+    }
+    const pugi::xml_node table = makeTable(shape);
+    journal_.move(story_.part(), table, paragraph.parent(), paragraph.previous_sibling());
+    Item* firstRow = nullptr;
+    for (const pugi::xml_node row : rowsOf(table, story_.names())) {
+        Item* mark = insertRowItems(row, next);
+        if (!firstRow) firstRow = mark;
+    }
+    story_.shift(position, {}, {static_cast<std::int64_t>(shape.rows) * (shape.columns + 1)});
+    return firstRow;
+}
+
+Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
+    const pugi::xml_node last = rowsOf(table, story_.names()).back();
+    const pugi::xml_node row = makeRowLike(last);
+    const CharacterPosition end = stretchOf(table, inside).end;
+    Item* next = ItemTree::next(story_.items().itemAt(end - CharacterCount{1}));
+    journal_.move(story_.part(), row, last.parent(), last);
+    const CharacterCount before = story_.length();
+    Item* mark = insertRowItems(row, next);
+    // What stood behind the table moves; what ended with it now ends with the new row.
+    story_.shift(end - CharacterCount{1}, {}, story_.length() - before);
+    return mark;
+}
+
+pugi::xml_node TableEditor::makeTable(const TableShape& shape) {
+    const pugi::xml_node table = skeletons_.makeElement("tbl");
+    addProperties(table, shape);
+    const pugi::xml_node grid = append(table, "tblGrid");
+    const pugi::xml_node row = append(table, "tr");
+    for (int column = 0; column < shape.columns; ++column) {
+        const std::int64_t width = shareOf(shape.width, shape.columns, column);
+        set(append(grid, "gridCol"), "w", width);
+        const pugi::xml_node cell = append(row, "tc");
+        const pugi::xml_node cellWidth = append(append(cell, "tcPr"), "tcW");
+        set(cellWidth, "w", width);
+        set(cellWidth, "type", "dxa");
+        append(cell, "p");
+    }
+    for (int further = 1; further < shape.rows; ++further)
+        pugi::xml_node(table).append_copy(row);
+    return table;
+}
+
+void TableEditor::addProperties(pugi::xml_node table, const TableShape& shape) {
+    const pugi::xml_node properties = append(table, "tblPr");
+    if (shape.hasGridStyle) set(append(properties, "tblStyle"), "val", "TableGrid");
+    const pugi::xml_node width = append(properties, "tblW");
+    set(width, "w", 0);
+    set(width, "type", "auto");
+    if (!shape.hasGridStyle) addBorders(properties);
+    const pugi::xml_node look = append(properties, "tblLook");
+    set(look, "val", "04A0");
+    for (const char* on : {"firstRow", "firstColumn", "noVBand"})
+        set(look, on, 1);
+    for (const char* off : {"lastRow", "lastColumn", "noHBand"})
+        set(look, off, 0);
+}
+
+void TableEditor::addBorders(pugi::xml_node properties) {
+    const pugi::xml_node borders = append(properties, "tblBorders");
+    for (const char* side : {"top", "left", "bottom", "right", "insideH", "insideV"}) {
+        const pugi::xml_node border = append(borders, side);
+        set(border, "val", "single");
+        set(border, "sz", 4);
+        set(border, "space", 0);
+        set(border, "color", "auto");
+    }
+}
+
+pugi::xml_node TableEditor::makeRowLike(pugi::xml_node row) {
+    const WordNames& names = story_.names();
+    const pugi::xml_node made = skeletons_.makeElement("tr");
+    const auto copyChild = [&](pugi::xml_node from, const char* name, pugi::xml_node to) {
+        const pugi::xml_node child = from.child(names.element(name).c_str());
+        if (child) to.append_copy(child);
+        return to.last_child();
+    };
+    copyChild(row, "trPr", made);
+    for (const pugi::xml_node cell : cellsOf(row, names)) {
+        const pugi::xml_node madeCell = append(made, "tc");
+        pugi::xml_node properties = copyChild(cell, "tcPr", madeCell);
+        // A cell of the new row stands for itself, whatever the one above hangs on.
+        properties.remove_child(names.element("vMerge").c_str());
+        const pugi::xml_node paragraph = append(madeCell, "p");
+        const pugi::xml_node sample = cell.child(names.element("p").c_str());
+        copyChild(sample, "pPr", paragraph);
+    }
+    return made;
+}
+
+Item* TableEditor::insertRowItems(pugi::xml_node row, Item* next) {
+    for (const pugi::xml_node cell : cellsOf(row, story_.names())) {
+        const pugi::xml_node paragraph = story_.names().child(cell, WordTag::Paragraph);
+        journal_.insertItem(story_.items(), next, story_.makeItem(ItemKind::ParagraphMark, paragraph, {1}));
+    }
+    Item* mark = story_.makeItem(ItemKind::RowMark, row, {1});
+    journal_.insertItem(story_.items(), next, mark);
+    return mark;
+}
+
+pugi::xml_node TableEditor::append(pugi::xml_node parent, std::string_view name) {
+    return parent.append_child(story_.names().element(name).c_str());
+}
+
+void TableEditor::set(pugi::xml_node node, std::string_view name, const std::string& value) {
+    node.append_attribute(story_.names().attribute(name).c_str()) = value.c_str();
+}
+
+void TableEditor::set(pugi::xml_node node, std::string_view name, std::int64_t value) {
+    set(node, name, std::to_string(value));
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,70 @@
+#include "office/embedded/text/TableElements.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+void collect(pugi::xml_node container, WordTag wanted, const WordNames& names,
+             std::vector<pugi::xml_node>& found) {
+    for (const pugi::xml_node child : container.children()) {
+        switch (const WordTag tag = names.tagOf(child)) {
+            case WordTag::ContentControl:
+            case WordTag::ContentControlContent:
+            case WordTag::CustomXml:
+            case WordTag::Insertion:
+            case WordTag::Deletion:
+                collect(child, wanted, names, found);
+                break;
+            default:
+                if (tag == wanted) found.push_back(child);
+        }
+    }
+}
+
+bool spans(pugi::xml_node cell, const WordNames& names) {
+    const pugi::xml_node properties = cell.child(names.element("tcPr").c_str());
+    return properties.child(names.element("vMerge").c_str()) ||
+           properties.child(names.element("hMerge").c_str()) ||
+           properties.child(names.element("gridSpan").c_str());
+}
+
+}  // namespace
+
+std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const WordNames& names) {
+    std::vector<pugi::xml_node> rows;
+    collect(table, WordTag::Row, names, rows);
+    return rows;
+}
+
+std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const WordNames& names) {
+    std::vector<pugi::xml_node> cells;
+    collect(row, WordTag::CellElement, names, cells);
+    return cells;
+}
+
+int columnCountOf(pugi::xml_node table, const WordNames& names) {
+    const pugi::xml_node grid = table.child(names.element("tblGrid").c_str());
+    const auto columns = grid.children(names.element("gridCol").c_str());
+    const auto count = static_cast<int>(std::distance(columns.begin(), columns.end()));
+    if (count > 0) return count;
+    std::size_t longest = 0;
+    for (const pugi::xml_node row : rowsOf(table, names))
+        longest = std::max(longest, cellsOf(row, names).size());
+    return static_cast<int>(longest);
+}
+
+bool isUniform(pugi::xml_node table, const WordNames& names) {
+    const std::vector<pugi::xml_node> rows = rowsOf(table, names);
+    const std::size_t width = rows.empty() ? 0 : cellsOf(rows.front(), names).size();
+    return std::all_of(rows.begin(), rows.end(), [&](pugi::xml_node row) {
+        const std::vector<pugi::xml_node> cells = cellsOf(row, names);
+        const bool plain =
+            std::none_of(cells.begin(), cells.end(), [&](pugi::xml_node cell) { return spans(cell, names); });
+        return plain && cells.size() == width;
+    });
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,63 @@
+#include "office/embedded/word/EmbeddedTable.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/text/TableElements.h"
+#include "office/embedded/word/EmbeddedCount.h"
+#include "office/embedded/word/EmbeddedRange.h"
+#include "office/embedded/word/EmbeddedRows.h"
+
+namespace mergeloom::embedded {
+
+word::RowsPtr EmbeddedTable::Rows() {
+    static_cast<void>(element());
+    return std::make_shared<EmbeddedRows>(shared_from_this());
+}
+
+word::ColumnsPtr EmbeddedTable::Columns() {
+    return std::make_shared<EmbeddedCount<word::Columns>>(columnCountOf(element(), names()));
+}
+
+bool EmbeddedTable::Uniform() {
+    return isUniform(element(), names());
+}
+
+void EmbeddedTable::Select() {
+    Range()->Select();
+}
+
+void EmbeddedTable::Delete() {
+    const Stretch whole = stretch(element());
+    place_.content->replace(*place_.story, whole.start, whole.end, "");
+}
+
+pugi::xml_node EmbeddedTable::element() const {
+    if (!rowMark_->placed) throw AutomationError(kObjectDeleted, "The table has been deleted.");
+    return table_;
+}
+
+word::RangePtr EmbeddedTable::rangeOf(pugi::xml_node part) const {
+    const Stretch found = stretch(part);
+    return std::make_shared<EmbeddedRange>(place_.content, *place_.story, found.start, found.end);
+}
+
+void EmbeddedTable::appendRow() {
+    place_.content->touch();
+    place_.editable().tables().appendRow(element(), rowMark_);
+}
+
+Stretch EmbeddedTable::stretch(pugi::xml_node part) const {
+    if (part == table_) return stretchOf(table_, rowMark_);
+    const Item* item = place_.story->items().itemAt(stretchOf(table_, rowMark_).start);
+    while (!isInside(item->node, part))
+        item = ItemTree::next(item);
+    return stretchOf(part, item);
+}
+
+std::shared_ptr<EmbeddedTable> makeTable(const StoryPlace& place, pugi::xml_node table, Item* inside) {
+    const pugi::xml_node lastRow = rowsOf(table, place.story->names()).back();
+    while (inside->kind != ItemKind::RowMark || inside->node != lastRow)
+        inside = ItemTree::next(inside);
+    return std::make_shared<EmbeddedTable>(place, table, inside);
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,43 @@
+#include "office/embedded/word/EmbeddedTables.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/word/RangeContents.h"
+#include "office/embedded/word/TextArea.h"
+#include "office/model/word/Range.h"
+
+namespace mergeloom::embedded {
+
+namespace {
+
+constexpr int kMostColumns = 63;
+
+}  // namespace
+
+EmbeddedTables::EmbeddedTables(StoryPlace place, CharacterPosition start, CharacterPosition end)
+    : place_(std::move(place)) {
+    for (const FoundTable& found : RangeContents(*place_.story, start, end).tables()) {
+        tables_.push_back(makeTable(place_, found.element, found.inside));
+    }
+}
+
+word::TablePtr EmbeddedTables::Item(int number) {
+    if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such table.");
+    return tables_[static_cast<std::size_t>(number) - 1];
+}
+
+word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {
+    if (columns > kMostColumns) {
+        throw AutomationError(kCommandFailed, "A Word table has at most 63 columns; " +
+                                                  std::to_string(columns) + " were asked for.");
+    }
+    if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
+    place_.content->touch();
+    Story& story = place_.content->storyNamed(range.storyName());
+    const TableShape shape{rows, columns, textAreaWidth(story, range.Start()).value / kEmuPerTwip,
+                           place_.content->hasStyle("TableGrid")};
+    const StoryPlace place{place_.content, &story};
+    embedded::Item* rowMark = place.editable().tables().insertTable(range.Start(), shape);
+    return makeTable(place, story.tableOf(rowMark), rowMark);
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "office/model/word/Counted.h"
+
+namespace mergeloom::word {
+
+/// The cells of a row or of a range. A range outside tables has none: Range.Cells raises an AutomationError.
+class Cells : public Counted {
+  public:
+    /// Raises kMemberNotFound for a number outside 1 to Count.
+    virtual CellPtr Item(int number) = 0;
+};
+
+}  // namespace mergeloom::word
