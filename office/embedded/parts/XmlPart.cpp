@@ -1,6 +1,7 @@
 #include "office/embedded/parts/XmlPart.h"
 
 #include "base/AutomationError.h"
+#include "base/Text.h"
 
 #include <utility>
 
@@ -40,11 +41,18 @@ bool isDeeperThan(pugi::xml_node root, int limit) {
     return false;
 }
 
-bool hasDocumentType(const pugi::xml_document& document) {
-    for (const pugi::xml_node node : document.children()) {
-        if (node.type() == pugi::node_doctype) return true;
-    }
-    return false;
+int countOf(const pugi::xml_document& document, pugi::xml_node_type type) {
+    int count = 0;
+    for (const pugi::xml_node node : document.children())
+        count += node.type() == type ? 1 : 0;
+    return count;
+}
+
+/// A part is written as UTF-8 whatever it was read from, and has to say so.
+void declareUtf8(pugi::xml_document& document) {
+    pugi::xml_attribute encoding = document.first_child().attribute("encoding");
+    if (document.first_child().type() != pugi::node_declaration || !encoding) return;
+    if (!equalsIgnoringAsciiCase(encoding.value(), "UTF-8")) encoding.set_value("UTF-8");
 }
 
 [[noreturn]] void refuse(const std::string& fileName, const std::string& partName, const std::string& what) {
@@ -66,8 +74,14 @@ std::unique_ptr<XmlPart> XmlPart::parse(std::string xml, const std::string& part
                "is not well-formed XML (" + std::string(result.description()) + " at byte " +
                    std::to_string(result.offset) + ")");
     }
-    if (hasDocumentType(part->document_)) refuse(fileName, partName, "carries a document type definition");
+    if (countOf(part->document_, pugi::node_doctype) > 0) {
+        refuse(fileName, partName, "carries a document type definition");
+    }
+    if (countOf(part->document_, pugi::node_element) > 1) {
+        refuse(fileName, partName, "is not well-formed XML (more than one root element)");
+    }
     if (isDeeperThan(part->root(), kDeepest)) refuse(fileName, partName, "nests its elements too deep");
+    declareUtf8(part->document_);
     part->attic_ = part->document_.append_child("attic");
     return part;
 }

@@ -4,22 +4,14 @@
 
 namespace mergeloom::embedded {
 
-namespace {
-
-int depthOf(pugi::xml_node node) {
-    int depth = 0;
-    for (; node; node = node.parent())
-        ++depth;
-    return depth;
-}
-
-}  // namespace
-
 DomPlace DomPlaces::forRun(const Item* previous, const Item* next) const {
     const DomPlace place = forStartMark(previous, next);
-    const bool inDeleted =
-        names_.tagOf(place.parent) == WordTag::Deletion || names_.tagOf(place.parent) == WordTag::MoveFrom;
-    if (inDeleted) throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
+    for (pugi::xml_node node = place.parent; names_.tagOf(node) != WordTag::Paragraph; node = node.parent()) {
+        const WordTag tag = names_.tagOf(node);
+        if (tag == WordTag::Deletion || tag == WordTag::MoveFrom) {
+            throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
+        }
+    }
     return place;
 }
 
@@ -28,7 +20,7 @@ DomPlace DomPlaces::forStartMark(const Item* previous, const Item* next) const {
     if (!paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
     const bool sameParagraph =
         previous && story_.paragraphOf(previous) == paragraph && previous->kind != ItemKind::ParagraphMark;
-    return sameParagraph ? inParagraph(previous, next) : before(next);
+    return sameParagraph ? inParagraph(previous, next) : firstInParagraph(next, paragraph);
 }
 
 DomPlace DomPlaces::forEndMark(const Item* previous, const Item* next) const {
@@ -47,10 +39,20 @@ pugi::xml_node DomPlaces::inlineElementOf(const Item* item) const {
 }
 
 DomPlace DomPlaces::inParagraph(const Item* previous, const Item* next) const {
-    const DomPlace first = behind(previous);
-    if (next->kind == ItemKind::ParagraphMark && first.parent == next->node) return first;
-    const DomPlace second = before(next);
-    return depthOf(first.parent) <= depthOf(second.parent) ? first : second;
+    pugi::xml_node both = before(next).parent;
+    while (!isInside(previous->node, both))
+        both = both.parent();
+    DomPlace place = behind(previous);
+    while (place.parent != both)
+        place = {place.parent.parent(), place.parent};
+    return place;
+}
+
+DomPlace DomPlaces::firstInParagraph(const Item* next, pugi::xml_node paragraph) const {
+    DomPlace place = before(next);
+    while (place.parent != paragraph)
+        place = {place.parent.parent(), place.parent.previous_sibling()};
+    return place;
 }
 
 DomPlace DomPlaces::behind(const Item* item) const {

@@ -14,7 +14,7 @@ struct DomPlace {
 
 /// Finds where elements go between two neighbouring items of a story. Between two characters there are often
 /// several places (inside a hyperlink or behind it); the outermost one is taken, so that what is put in at
-/// the end of a container does not fall into it.
+/// the start or the end of a container does not fall into it.
 class DomPlaces {
   public:
     explicit DomPlaces(const Story& story) : story_(story), names_(story.names()) {}
@@ -33,7 +33,10 @@ class DomPlaces {
   private:
     [[nodiscard]] DomPlace behind(const Item* item) const;
     [[nodiscard]] DomPlace before(const Item* item) const;
+    /// Right behind the previous item and outside of all that ends there.
     [[nodiscard]] DomPlace inParagraph(const Item* previous, const Item* next) const;
+    /// Before the paragraph's first item and outside of all that begins there.
+    [[nodiscard]] DomPlace firstInParagraph(const Item* next, pugi::xml_node paragraph) const;
     [[nodiscard]] bool isSimpleField(const Item* item) const;
 
     const Story& story_;

@@ -18,8 +18,13 @@ bool floats(pugi::xml_node picture) {
            std::string_view::npos;
 }
 
+/// The first child that is no white space.
+pugi::xml_node firstElement(pugi::xml_node node) {
+    return node.find_child([](pugi::xml_node child) { return child.type() == pugi::node_element; });
+}
+
 bool isAnchor(pugi::xml_node drawing) {
-    return std::string_view(drawing.first_child().name()).ends_with("anchor");
+    return std::string_view(firstElement(drawing).name()).ends_with("anchor");
 }
 
 /// A text element's value in one node; comments or CDATA sections may have split it.
@@ -137,7 +142,7 @@ void StoryReader::readRunChild(pugi::xml_node node) {
         case WordTag::VmlPicture:
             return readDrawing(node, node);
         case WordTag::AlternateContent:
-            readDrawing(node, names_.child(node, WordTag::Choice).first_child());
+            readDrawing(node, firstElement(names_.child(node, WordTag::Choice)));
             for (const pugi::xml_node branch : node.children()) {
                 if (names_.tagOf(branch) != WordTag::Choice) collectCopies(branch);
             }
