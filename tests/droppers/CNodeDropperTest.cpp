@@ -175,7 +175,7 @@ TEST_F(Dispatcher, TwentySpecialPlacesOfAKind) {
     const std::string full = body();
     EXPECT_FALSE(drop(space));
     EXPECT_EQ(messages.texts(), "The max number of the special bookmarks is exceeded!\n");
-    EXPECT_EQ(messages.messages[0].icon, MessageIcon::Exclamation);
+    EXPECT_EQ(messages.messages.at(0).icon, MessageIcon::Exclamation);
     EXPECT_EQ(body(), full);
     EXPECT_TRUE(errors.reports.empty());
 

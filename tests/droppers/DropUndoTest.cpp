@@ -8,6 +8,7 @@ constexpr const char* kForm = R"(<db><Form Name="F" CurrentView="1">
   <Control Name="A" ControlType="Textbox"/>
   <Control Name="B" ControlType="Subform"><Form><Control Name="C" Caption="See"/></Form></Control>
   <Control Name="D" ControlType="Textbox" Image="d.png"/>
+  <Control Name="E" ControlType="Textbox" Image="d.png"/>
 </Form></db>)";
 
 class DropUndo : public DropTest {
@@ -44,10 +45,10 @@ TEST_F(DropUndo, AFailureAtAnyStepChangesNothing) {
         }
     }
     EXPECT_GT(failingCall, 10);
-    EXPECT_EQ(body(), "[Before:kept]\nA: [A:A]\nB: \nSee: [BC:C]\nD: [D:D]\n\n");
+    EXPECT_EQ(body(), "[Before:kept]\nA: [A:A]\nB: \nSee: [BC:C]\nD: [D:D]\nE: [E:E]\n\n");
 }
 
-/// An error in the middle of a form takes back what was dropped before it.
+/// An error in the middle of a form takes back what was dropped before it, and nothing is tried behind it.
 TEST_F(DropUndo, APictureThatIsNoneEndsTheForm) {
     pictures["d.png"] = "/d.png";
     files.files["/d.png"] = "no picture";
@@ -58,6 +59,7 @@ TEST_F(DropUndo, APictureThatIsNoneEndsTheForm) {
     EXPECT_EQ(errors.reports[0].number, kFileCouldNotBeRead);
     EXPECT_NE(errors.reports[0].description.find("/d.png"), std::string::npos);
     EXPECT_EQ(errors.reports[0].procedure, "rWordBookmarkAdd");
+    EXPECT_EQ(progress.last, std::pair(2L, 4L));
 }
 
 TEST_F(DropUndo, ADropIsOneStep) {
