@@ -1,7 +1,8 @@
 #include "droppers/CellCount.h"
 
 #include "base/AutomationError.h"
-#include "office/model/word/Counted.h"
+#include "office/model/word/Cells.h"
+#include "office/model/word/Tables.h"
 
 namespace mergeloom {
 

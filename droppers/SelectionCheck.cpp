@@ -2,7 +2,9 @@
 
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Counted.h"
+#include "office/model/word/Fields.h"
 #include "office/model/word/InlineShapes.h"
+#include "office/model/word/Tables.h"
 
 namespace mergeloom {
 

@@ -59,6 +59,10 @@ class FaultyDocument final : public word::Document {
         counter_.count();
         return document_->Bookmarks();
     }
+    word::WindowPtr ActiveWindow() override { return document_->ActiveWindow(); }
+    word::FieldsPtr Fields() override { return document_->Fields(); }
+    word::MailMergePtr MailMerge() override { return document_->MailMerge(); }
+    word::TablesPtr Tables() override { return document_->Tables(); }
     std::string Name() override { return document_->Name(); }
     std::string FullName() override { return document_->FullName(); }
     bool Saved() override { return document_->Saved(); }
