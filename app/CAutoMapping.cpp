@@ -13,6 +13,8 @@
 #include "office/model/word/Selection.h"
 #include "xml/COptions.h"
 
+#include <memory>
+
 namespace mergeloom {
 
 namespace {
@@ -80,15 +82,18 @@ bool CAutoMapping::map() {
         return refuse("The template '" + target + "' has no file extension that Word knows.");
     }
 
-    MappingSource source{arguments_.xmlFile, errors_, messages_};
-    const TreeNode* object = source.firstObject();
+    auto source = std::make_unique<MappingSource>(arguments_.xmlFile, errors_, messages_);
+    const TreeNode* object = source->firstObject();
     if (!object) RaiseMappingError(kXmlFileIncorrect);
-    readFolders(source.document());
+    readFolders(source->document());
 
     const StartedOffice office{startWord_(), errors_};
     if (!canWriteTarget(*office)) return false;
     const word::DocumentPtr document = makeDocument(*office);
-    return dropObject(source, *object, document) && save(*document);
+    if (!dropObject(*source, *object, document)) return false;
+    // Saving takes memory in proportion to the document; the tree's is free for it from here on.
+    source.reset();
+    return save(*document);
 }
 
 void CAutoMapping::readFolders(const StructureDocument& document) {

@@ -5,9 +5,9 @@
 #include "office/embedded/text/ItemTree.h"
 
 #include <cstdint>
+#include <deque>
 #include <pugixml.hpp>
 #include <string>
-#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -69,8 +69,9 @@ class EditJournal {
     void touch(XmlPart& part);
     void takeBack(const Entry& entry);
 
-    std::vector<Entry> entries_;
-    std::vector<std::string> oldTexts_;
+    // Queues, which grow without moving what they hold: a large drop records much.
+    std::deque<Entry> entries_;
+    std::deque<std::string> oldTexts_;
     bool recording_ = false;
 };
 

@@ -182,8 +182,9 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
     const std::string whole = item->node.child_value();
     const std::size_t bytes = byteOffset(whole, before);
     const pugi::xml_node second = splitRunBehind(item->node.parent(), item->node);
-    const pugi::xml_node text = skeletons_.copy(item->node);
+    pugi::xml_node text = skeletons_.copy(item->node);
     text.first_child().set_value(whole.substr(bytes).c_str());
+    text.remove_attribute("xml:space");
     keepBlanks(text);
     const pugi::xml_node properties = story_.names().child(second, WordTag::RunProperties);
     journal_.move(story_.part(), text, second, properties);
