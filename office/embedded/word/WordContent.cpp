@@ -100,8 +100,29 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     touch();
     EditableStory& target = editable(story);
     const Formatting formatting = target.editor().formattingBetween(start, end);
+    const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
     target.eraser().erase(start, end);
-    return target.editor().insertText(start, text, formatting);
+    const CharacterCount inserted = target.editor().insertText(start, text, formatting);
+    keepBehind(target, behind, start, inserted);
+    return inserted;
+}
+
+std::vector<BookmarkRecord*> WordContent::startingBehind(EditableStory& target, CharacterPosition start,
+                                                         CharacterPosition end) {
+    target.story().check(start, end);
+    if (start == end) return {};
+    std::vector<BookmarkRecord*> found = target.finder().in(end, end);
+    std::erase_if(found, [&](const auto* record) { return ItemTree::positionOf(record->start) != end; });
+    return found;
+}
+
+void WordContent::keepBehind(EditableStory& target, const std::vector<BookmarkRecord*>& records,
+                             CharacterPosition start, CharacterCount inserted) {
+    if (inserted.value == 0) return;
+    for (BookmarkRecord* record : records) {
+        const bool touches = ItemTree::positionOf(record->start) == start;
+        if (touches) target.bookmarks().moveStart(*record, start + inserted);
+    }
 }
 
 CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,
@@ -110,6 +131,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     const PictureFile file = PictureFile::read(bytes, fileName);
     touch();
     EditableStory& target = editable(story);
+    const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
     target.eraser().erase(start, end);
 
     InlinePicture picture;
@@ -121,6 +143,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     fitInto(textAreaWidth(story, start), picture);
     const pugi::xml_node run = target.skeletons().parse(pictureRunXml(picture, story.names()));
     target.editor().insertObject(start, run, run.last_child());
+    keepBehind(target, behind, start, {1});
     return {1};
 }
 
@@ -157,16 +180,19 @@ bool WordContent::isShown(const std::string& picturePart) {
 BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, CharacterPosition start,
                                          CharacterPosition end) {
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
+    BookmarkEditor& editor = editable(story).bookmarks();
+    editor.check(start, end);
     touch();
     if (BookmarkRecord* former = bookmarks_.find(name)) {
         editable(*former->story).bookmarks().remove(*former);
     }
-    return editable(story).bookmarks().add(name, ++highestId_, start, end);
+    return editor.add(name, ++highestId_, start, end);
 }
 
 void WordContent::startRecord() {
     journal_.start();
     addedPictures_.clear();
+    stored_.clear();
     recorded_ = {&selection_->story(), selection_->start(), selection_->end(), saved_};
 }
 
@@ -178,7 +204,10 @@ bool WordContent::undo() {
     for (EditableStory& editable : stories_)
         editable.story().clampSpans();
     selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);
-    saved_ = recorded_->saved;
+    // The package has what was taken back from the parts that were stored meanwhile.
+    for (XmlPart* part : stored_)
+        part->setDirty(true);
+    saved_ = recorded_->saved && stored_.empty();
     return true;
 }
 
@@ -187,6 +216,7 @@ void WordContent::storeParts() {
         if (!editable.part->isDirty()) continue;
         package_.writePart(editable.part->partName(), editable.part->toXml());
         editable.part->setDirty(false);
+        stored_.push_back(editable.part.get());
     }
 }
 

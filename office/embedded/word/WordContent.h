@@ -81,6 +81,12 @@ class WordContent {
     void loadStories(EditablePart& part, const std::string& kind);
     void addStory(EditablePart& part, pugi::xml_node root, const std::string& name);
     void readIds(const EditablePart& part);
+    /// The bookmarks that start right behind a stretch that is about to be replaced. What replaces it stands
+    /// where the stretch stood and does not fall into them.
+    static std::vector<BookmarkRecord*> startingBehind(EditableStory& target, CharacterPosition start,
+                                                       CharacterPosition end);
+    static void keepBehind(EditableStory& target, const std::vector<BookmarkRecord*>& records,
+                           CharacterPosition start, CharacterCount inserted);
     std::string addPicturePart(const std::string& documentPart, std::string bytes,
                                const PictureFile& picture);
     void removeAddedPictures();
@@ -96,7 +102,8 @@ class WordContent {
     std::optional<LiveSpan> selection_;
     std::optional<RecordedState> recorded_;
     std::vector<AddedPicture> addedPictures_;
-    std::int64_t highestId_ = -1;  // of bookmarks, tracked changes and comments, which share their ids
+    std::vector<XmlPart*> stored_;  // since a step was recorded
+    std::int64_t highestId_ = -1;   // of bookmarks, tracked changes and comments, which share their ids
     std::int64_t highestDrawingId_ = 0;
     int textBoxes_ = 0;
     std::optional<std::string> styles_;  // the part's XML, read when it is asked for first
