@@ -58,8 +58,16 @@ void EmbeddedDocument::Save() {
 
 void EmbeddedDocument::SaveAs(const std::string& fileName, word::WdSaveFormat format) {
     Package& package = content_->package();
-    setSaveFormat(package, package.mainPart(), format, fileName);
-    write(fileName);
+    const std::string mainPart = package.mainPart();
+    const std::string formerType = package.contentTypes().of(mainPart);
+    setSaveFormat(package, mainPart, format, fileName);
+    try {
+        write(fileName);
+    } catch (const AutomationError&) {
+        // The document keeps its former name, and with it the kind of file that the name says.
+        package.contentTypes().setOverride(mainPart, formerType);
+        throw;
+    }
     fullName_ = fileName;
     hasFile_ = true;
 }
