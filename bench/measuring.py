@@ -1,0 +1,84 @@
+"""Runs programs and tells how long they took and how much memory they held."""
+
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import time
+import zipfile
+from dataclasses import dataclass
+
+
+@dataclass
+class Contender:
+    """A program that is measured: what it is called with, and the file that it writes."""
+
+    command: list
+    target: pathlib.Path
+
+    def run(self):
+        """The timing of one run from a start without the target; a failure ends the benchmark."""
+        self.target.unlink(missing_ok=True)
+        begin = time.perf_counter()
+        process = os.posix_spawn(self.command[0], self.command, os.environ)
+        _, status, usage = os.wait4(process, 0)
+        wall = time.perf_counter() - begin
+        if status != 0:
+            sys.exit(f"failed with status {status}: {' '.join(self.command)}")
+        return Timing(wall, usage.ru_utime + usage.ru_stime)
+
+    def peak_memory(self):
+        """The peak resident memory of a run in MB, the median of three runs.
+
+        A process inherits the peak of the one that starts it, so a small program has to start it, not this one.
+        """
+        def run():
+            self.target.unlink(missing_ok=True)
+            command = ["/usr/bin/time", "-q", "-f", "%M", *self.command]
+            told = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=True)
+            return int(told.stderr.split()[-1]) / 1024
+        return statistics.median(run() for _ in range(3))
+
+    def require_bookmarks(self, expected):
+        """Ends the benchmark when a run does not write what it is measured for."""
+        self.run()
+        with zipfile.ZipFile(self.target) as archive:
+            found = archive.read("word/document.xml").count(b"<w:bookmarkStart")
+        if found != expected:
+            sys.exit(f"{self.target.name} holds {found} bookmarks where {expected} were expected")
+
+
+@dataclass
+class Timing:
+    wall: float  # seconds
+    processor: float  # seconds of user and system time together
+
+
+def take_turns(contenders, runs):
+    """The timings of each contender. They take turns, so that whatever else the machine does falls on all of
+    them alike; a first round fills the file cache and is not counted."""
+    rounds = [[contender.run() for contender in contenders] for _ in range(runs + 1)]
+    return [list(timings) for timings in zip(*rounds[1:])]
+
+
+def ratios(timings, others, kind="wall"):
+    """How many times as long the one took as the other, round by round."""
+    return [getattr(a, kind) / getattr(b, kind) for a, b in zip(timings, others)]
+
+
+def with_range(values, digits=1):
+    """The median, the lowest and the highest."""
+    return f"{statistics.median(values):.{digits}f} ({min(values):.{digits}f}–{max(values):.{digits}f})"
+
+
+def milliseconds(timings, kind="wall"):
+    return with_range([1000 * getattr(timing, kind) for timing in timings])
+
+
+def print_table(title, head, rows):
+    print(f"\n{title}\n\n| " + " | ".join(head) + " |")
+    print("|---|" + "--:|" * (len(head) - 1))
+    for row in rows:
+        print("| " + " | ".join(str(cell) for cell in row) + " |")
+    sys.stdout.flush()
