@@ -2,18 +2,15 @@
 
 #include "app/MappingArguments.h"
 #include "app/MappingSource.h"
+#include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "office/model/word/Application.h"
 
-#include <functional>
 #include <string>
 
 namespace mergeloom {
-
-/// Starts the office that makes the template.
-using WordStarter = std::function<word::ApplicationPtr()>;
 
 /// Makes a template without a user: drops the structure document's first object into a new or given document,
 /// saves that and closes the office that it started.

@@ -70,6 +70,11 @@ void readOption(OptionReader& reader, GnuOptions& options) {
     } else if (reader.takeWithValue("--places", "a file", value)) {
         options.task = Task::ListPlaces;
         options.placesFile = value;
+    } else if (reader.takeWithValue("--convert-fields", "a file", value)) {
+        options.task = Task::ConvertFields;
+        options.fieldsFile = value;
+    } else if (reader.takeWithValue("--output", "a file", value)) {
+        options.outputFile = value;
     } else {
         reader.refuseOption();
     }
@@ -81,11 +86,19 @@ bool isAnsweredAtOnce(Task task) {
 
 /// What is ignored would leave the user with another result than the one that was asked for.
 void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::string> arguments) {
-    if (options.task == Task::ListPlaces && options.firstArgument < arguments.size()) {
-        refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '--places'.");
+    if (!options.placesFile.empty() && !options.fieldsFile.empty()) {
+        refuse("Options '--places' and '--convert-fields' cannot stand together.");
+    }
+    if (options.task != Task::Map && options.firstArgument < arguments.size()) {
+        const bool lists = options.task == Task::ListPlaces;
+        refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '" +
+               (lists ? "--places" : "--convert-fields") + "'.");
     }
     if (options.task != Task::ListPlaces && options.placesFormat == PlacesFormat::Json) {
         refuse("Option '--json' needs '--places FILE'.");
+    }
+    if (options.task != Task::ConvertFields && !options.outputFile.empty()) {
+        refuse("Option '--output' needs '--convert-fields FILE'.");
     }
 }
 
@@ -121,6 +134,10 @@ Makes a Word template from a structure document.
 
   --places FILE       list the named places of a document and end
   --json              list them as JSON
+  --convert-fields FILE
+                      turn the merge fields of a document into places and end;
+                      the file as it was is kept as FILE.bak
+  --output FILE       write the converted document there instead
   --office=NAME       the office that does the work: embedded or libreoffice
   --exit-status       end with 1 when the mapping failed
   --version, --help   tell the version; show this text

@@ -10,7 +10,7 @@ namespace mergeloom {
 
 inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
-enum class Task { Map, ShowHelp, ShowVersion, ListPlaces };
+enum class Task { Map, ShowHelp, ShowVersion, ListPlaces, ConvertFields };
 enum class OfficeChoice { Embedded, LibreOffice };
 enum class PlacesFormat { Text, Json };
 /// Whether the program's exit status tells that a mapping failed; without that it stays 0.
@@ -23,6 +23,8 @@ struct GnuOptions {
     ExitStatus exitStatus = ExitStatus::AlwaysZero;
     PlacesFormat placesFormat = PlacesFormat::Text;
     std::string placesFile;         ///< the document whose places are listed
+    std::string fieldsFile;         ///< the document whose merge fields are converted
+    std::string outputFile;         ///< where the converted document goes; empty: in place
     std::size_t firstArgument = 0;  ///< the index of the first argument that is no such option
 };
 

@@ -5,6 +5,7 @@
 #include "app/ConsoleMessages.h"
 #include "app/ConsoleProgress.h"
 #include "app/ConsoleText.h"
+#include "app/ConvertFieldsCommand.h"
 #include "app/GnuOptions.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/Places.h"
@@ -42,8 +43,11 @@ class Run {
 
     int map(std::span<const std::string> arguments);
     int listPlaces();
+    int convertFields();
 
   private:
+    template <typename Body>
+    int tellErrorsOf(const Body& body);
     void start(std::span<const std::string> arguments);
     bool mapUnattended();
     void mapBeforeDesigner();
@@ -124,11 +128,27 @@ CAutoMapping Run::makeMapping() {
 }
 
 int Run::listPlaces() {
-    try {
+    return tellErrorsOf([this] {
         const StartedOffice office{startWord(), errors_};
         const word::DocumentPtr document = office->Documents()->Open(fullPath(options_.placesFile));
         writePlaces(console_.output, placesOf(*document), options_.placesFormat);
-        return kSuccess;
+        return true;
+    });
+}
+
+int Run::convertFields() {
+    return tellErrorsOf([this] {
+        const StartedOffice office{startWord(), errors_};
+        ConvertFieldsCommand command{*office, files_, errors_};
+        return command.run(options_.fieldsFile, options_.outputFile, console_.output);
+    });
+}
+
+/// The exit status of a command that ends with its own error.
+template <typename Body>
+int Run::tellErrorsOf(const Body& body) {
+    try {
+        return body() ? kSuccess : kFailure;
     } catch (const AutomationError& error) {
         writeConsoleText(console_.errors, error.description());
         return kFailure;
@@ -145,6 +165,8 @@ int runTask(const GnuOptions& options, std::span<const std::string> arguments, c
             return kSuccess;
         case Task::ListPlaces:
             return Run(options, console).listPlaces();
+        case Task::ConvertFields:
+            return Run(options, console).convertFields();
         default:
             return Run(options, console).map(arguments.subspan(options.firstArgument));
     }

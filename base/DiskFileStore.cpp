@@ -79,6 +79,15 @@ void DiskFileStore::save(const std::string& path, const std::function<void(ByteS
     file.replaceTarget();
 }
 
+void DiskFileStore::copy(const std::string& from, const std::string& to) {
+    const std::string bytes = read(from);
+    struct stat status {};
+    if (calls_.stat(from.c_str(), &status) < 0) raiseNotRead(from, errno);
+    TemporaryFile file(calls_, followLinks(to), status.st_mode & kPermissionBits);
+    file.write(bytes);
+    file.replaceTarget();
+}
+
 std::string DiskFileStore::followLinks(const std::string& path) {
     std::string target = path;
     for (int links = 0; links < kMostLinks; ++links) {

@@ -19,6 +19,7 @@ class DiskFileStore final : public FileStore {
     bool fileExists(const std::string& path) override;
     std::string read(const std::string& path) override;
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
+    void copy(const std::string& from, const std::string& to) override;
 
   private:
     std::string followLinks(const std::string& path);

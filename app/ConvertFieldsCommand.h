@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/ConvertMailMergeFields.h"
+#include "base/ErrorHandler.h"
+#include "base/FileStore.h"
+#include "office/model/word/Application.h"
+
+#include <ostream>
+#include <string>
+
+namespace mergeloom {
+
+/// Converts the old merge fields of a document file without a user and tells what became of them.
+///
+/// A file that would be replaced, be it the document itself or an output that is there already, is kept
+/// first: as FILE.bak or, where that holds something else, as FILE.bak1, FILE.bak2 and so on, so that no
+/// backup is ever lost. A document without such fields that would be replaced by itself is not written at
+/// all.
+class ConvertFieldsCommand {
+  public:
+    ConvertFieldsCommand(word::Application& office, FileStore& files, ErrorHandler& errors)
+        : office_(office), files_(files), errors_(errors) {}
+
+    /// Works in place when the output is empty or the file itself; otherwise the output's extension decides
+    /// the format. Tells false when an error was reported, though what could be converted is saved. Raises an
+    /// AutomationError with a sentence for the user, and leaves all files as they were, when nothing can be
+    /// read or written.
+    bool run(const std::string& file, const std::string& output, std::ostream& report);
+
+  private:
+    ConversionResult convert(const word::DocumentPtr& document);
+    void checkTarget(const std::string& target, bool isInPlace);
+    /// Answers the backup's path; empty when there is nothing to keep.
+    std::string keep(const std::string& target);
+    std::string backupPath(const std::string& target, const std::string& bytes);
+
+    word::Application& office_;
+    FileStore& files_;
+    ErrorHandler& errors_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "app/WordStarter.h"
+#include "base/ErrorHandler.h"
+#include "base/FileStore.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Field.h"
+
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+inline constexpr ErrorNumber kTemplateNotFound = 30014;
+
+/// What a conversion did.
+struct ConversionResult {
+    int places = 0;       ///< fields that became a text with a bookmark around it
+    int removed = 0;      ///< fields that could not be converted and went without a trace
+    bool failed = false;  ///< an error ended a pass and was reported
+    /// Bookmarks, in the order of their fields, that moved to a field from another place of their name. That
+    /// place is plain text then.
+    std::vector<std::string> movedBookmarks;
+};
+
+/// Turns the fields with which other tools mark their data places into places of this program: the fields of
+/// Word's mail merge and the QUOTE and IF fields that Quillbind writes. A field becomes its data name as
+/// text, in the formatting of its result, with a bookmark of that name around it; a field that has no such
+/// name is removed. Conversion is for one document at a time.
+class ConvertMailMergeFields {
+  public:
+    /// The office is started only for a document that is named by its path.
+    ConvertMailMergeFields(WordStarter startWord, FileStore& files, ErrorHandler& errors)
+        : startWord_(std::move(startWord)), files_(files), errors_(errors) {}
+    ConvertMailMergeFields(const ConvertMailMergeFields&) = delete;
+    ConvertMailMergeFields& operator=(const ConvertMailMergeFields&) = delete;
+    /// Releases the template.
+    ~ConvertMailMergeFields() { ReleaseTemplate(); }
+
+    void SetTemplatePath(const std::string& path) { templatePath_ = path; }
+    /// A document that is open already; it is neither saved nor closed here.
+    void SetTemplate(word::DocumentPtr document) { template_ = std::move(document); }
+    /// The document, which is opened from the template's path on first use. Raises kTemplateNotFound when it
+    /// is not there or cannot be opened.
+    word::DocumentPtr Template();
+
+    /// Converts the fields of both kinds and releases the template. Raises kTemplateNotFound; all other
+    /// errors are reported.
+    void Execute();
+
+    /// Converts QUOTE fields, named by the second word of their code, and IF fields, named by the fifth. A
+    /// code of fewer words is reported and ends the pass.
+    void ConvertQuillbindFields(word::Document& document);
+    /// Converts the fields that serve a mail merge, named by the second word of their code. C++ keeps the
+    /// name of the class itself for its constructors; in reports this procedure goes by that name.
+    void ConvertMergeFields(word::Document& document);
+    /// Replaces a field by the name without its quotes, made a bookmark's name, and marks it with a bookmark
+    /// of that name. An empty name changes nothing. Errors of the office pass through; the text may stand in
+    /// the field's place then.
+    void ReplaceFieldWithBookmark(word::Document& document, word::Field& field, const std::string& name);
+
+    /// Saves and closes a document that was opened here, and its office when that has no other document.
+    void ReleaseTemplate();
+
+    [[nodiscard]] const ConversionResult& result() const { return result_; }
+
+  private:
+    word::DocumentPtr open();
+    void replaceOrDelete(word::Document& document, word::Field& field, const std::string& name);
+    void removeField(word::Field& field);
+    template <typename Body>
+    void trapPass(const char* procedure, const Body& body);
+
+    WordStarter startWord_;
+    FileStore& files_;
+    ErrorHandler& errors_;
+    std::string templatePath_;
+    word::ApplicationPtr application_;  // of a document that was opened here
+    word::DocumentPtr template_;
+    bool openedHere_ = false;
+    ConversionResult result_;
+};
+
+}  // namespace mergeloom
