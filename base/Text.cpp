@@ -13,7 +13,19 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kLastOfOneUnit = 0xFFFF;
+constexpr char32_t kLastAscii = 0x7F;
 constexpr std::uint64_t kHighBitsOfEight = 0x8080808080808080;
+
+// Most characters are ASCII, which needs neither decoding nor tables.
+bool startsWithAscii(std::string_view text) {
+    return static_cast<unsigned char>(text.front()) <= kLastAscii;
+}
+
+char takeAscii(std::string_view& text) {
+    const char character = text.front();
+    text.remove_prefix(1);
+    return character;
+}
 
 char toLower(char character) {
     const bool capital = character >= 'A' && character <= 'Z';
@@ -35,6 +47,7 @@ bool startsWithEightAscii(std::string_view text) {
 }  // namespace
 
 char32_t takeCodePoint(std::string_view& text) {
+    if (startsWithAscii(text)) return static_cast<char32_t>(takeAscii(text));
     const char* bytes = text.data();
     std::int32_t next = 0;
     const auto length = static_cast<std::int32_t>(std::min<std::size_t>(text.size(), 4));
@@ -58,6 +71,7 @@ bool isUtf8(std::string_view text) {
 }
 
 void appendCodePoint(std::string& text, char32_t codePoint) {
+    if (codePoint <= kLastAscii) return text.push_back(static_cast<char>(codePoint));
     char bytes[U8_MAX_LENGTH];
     std::int32_t length = 0;
     const char32_t written =
@@ -104,21 +118,23 @@ std::string_view lastCharacters(std::string_view text, CharacterCount units) {
     return text.substr(byteOffset(text, length - units));
 }
 
+char32_t takeFoldedCodePoint(std::string_view& text) {
+    if (startsWithAscii(text)) return static_cast<char32_t>(toLower(takeAscii(text)));
+    const auto codePoint = static_cast<UChar32>(takeCodePoint(text));
+    return static_cast<char32_t>(u_foldCase(codePoint, U_FOLD_CASE_DEFAULT));
+}
+
 std::string foldCase(std::string_view text) {
     std::string folded;
     folded.reserve(text.size());
-    while (!text.empty()) {
-        const auto codePoint = static_cast<UChar32>(takeCodePoint(text));
-        appendCodePoint(folded, static_cast<char32_t>(u_foldCase(codePoint, U_FOLD_CASE_DEFAULT)));
-    }
+    while (!text.empty())
+        appendCodePoint(folded, takeFoldedCodePoint(text));
     return folded;
 }
 
 bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     while (!a.empty() && !b.empty()) {
-        const auto left = static_cast<UChar32>(takeCodePoint(a));
-        const auto right = static_cast<UChar32>(takeCodePoint(b));
-        if (u_foldCase(left, U_FOLD_CASE_DEFAULT) != u_foldCase(right, U_FOLD_CASE_DEFAULT)) return false;
+        if (takeFoldedCodePoint(a) != takeFoldedCodePoint(b)) return false;
     }
     return a.empty() && b.empty();
 }

@@ -36,6 +36,8 @@ std::string_view lastCharacters(std::string_view text, CharacterCount units);
 
 /// The text as it is compared where letter case does not count (simple case folding of Unicode).
 std::string foldCase(std::string_view text);
+/// Takes the first code point off a non-empty text and folds its case.
+char32_t takeFoldedCodePoint(std::string_view& text);
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b);
 /// The byte offset of the first occurrence, ignoring ASCII case, at or after from; npos when there is none.

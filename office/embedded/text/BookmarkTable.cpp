@@ -81,7 +81,11 @@ void BookmarkTable::lowerCountersOf(const std::string& name) {
 }
 
 std::size_t BookmarkTable::NameHash::operator()(std::string_view name) const {
-    return std::hash<std::string>()(foldCase(name));
+    // FNV-1a over the folded characters, without making a folded copy.
+    std::uint64_t hash = 0xCBF29CE484222325;
+    while (!name.empty())
+        hash = (hash ^ takeFoldedCodePoint(name)) * 0x100000001B3;
+    return hash;
 }
 
 bool BookmarkTable::NameEqual::operator()(std::string_view a, const BookmarkRecord* b) const {

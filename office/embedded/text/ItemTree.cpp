@@ -93,6 +93,7 @@ void ItemTree::build(const std::vector<Item*>& items) {
 }
 
 void ItemTree::insertBefore(Item* next, Item* item) {
+    lastFound_ = nullptr;
     item->left = item->right = nullptr;
     item->placed = true;
     item->priority = nextRandom(random_);
@@ -113,6 +114,7 @@ void ItemTree::insertBefore(Item* next, Item* item) {
 }
 
 void ItemTree::remove(Item* item) {
+    lastFound_ = nullptr;
     while (item->left || item->right) {
         const bool leftHigher = !item->right || (item->left && item->left->priority > item->right->priority);
         rotateUp(leftHigher ? item->left : item->right);
@@ -125,6 +127,7 @@ void ItemTree::remove(Item* item) {
 }
 
 void ItemTree::setLength(Item* item, CharacterCount length) {
+    lastFound_ = nullptr;
     item->length = static_cast<std::uint32_t>(length.value);
     updateUpward(item);
 }
@@ -174,12 +177,16 @@ CharacterPosition ItemTree::positionOf(const Item* item) {
 }
 
 Item* ItemTree::itemAt(CharacterPosition position) const {
+    const std::int64_t fromLast = (position - lastPosition_).value;
+    if (lastFound_ && fromLast >= 0 && fromLast < lastFound_->length) return lastFound_;
     std::int64_t rest = position.value;
     for (Item* item = root_; item;) {
         const std::int64_t before = lengthBelow(item->left);
         if (rest < before) {
             item = item->left;
         } else if (rest < before + item->length) {
+            lastFound_ = item;
+            lastPosition_ = position - CharacterCount{rest - before};
             return item;
         } else {
             rest -= before + item->length;

@@ -41,6 +41,9 @@ class ItemTree {
     void replaceChild(Item* parent, const Item* child, Item* replacement);
 
     Item* root_ = nullptr;
+    // What itemAt found last, since an edit asks for the same place several times; any change forgets it.
+    mutable Item* lastFound_ = nullptr;
+    mutable CharacterPosition lastPosition_;
     std::uint32_t random_ = 0x9E3779B9;
 };
 

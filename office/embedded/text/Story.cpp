@@ -38,6 +38,11 @@ std::string slice(const std::string& text, std::int64_t from, std::int64_t to) {
     return text.substr(first, byteOffset(text, {to}) - first);
 }
 
+[[noreturn]] void refuseRange(CharacterPosition start, CharacterPosition end, const char* why) {
+    throw AutomationError(kCommandFailed, "The range from " + std::to_string(start.value) + " to " +
+                                              std::to_string(end.value) + why);
+}
+
 }  // namespace
 
 std::string textOf(const Story& story, const Item* item) {
@@ -90,13 +95,10 @@ Item* Story::makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length)
 }
 
 void Story::check(CharacterPosition start, CharacterPosition end) const {
-    const std::string range =
-        "The range from " + std::to_string(start.value) + " to " + std::to_string(end.value);
     const bool within = start.value >= 0 && start <= end && end.value <= length().value;
-    if (!within) throw AutomationError(kCommandFailed, range + " lies outside the text.");
-    if (splitsCharacter(start) || splitsCharacter(end)) {
-        throw AutomationError(kCommandFailed, range + " begins or ends inside a character.");
-    }
+    if (!within) refuseRange(start, end, " lies outside the text.");
+    const bool splits = splitsCharacter(start) || (end != start && splitsCharacter(end));
+    if (splits) refuseRange(start, end, " begins or ends inside a character.");
 }
 
 bool Story::splitsCharacter(CharacterPosition position) const {

@@ -255,6 +255,12 @@ Formatting StoryEditor::formattingBetween(CharacterPosition start, CharacterPosi
     return ofField;
 }
 
+Formatting StoryEditor::formattingAtPlace(CharacterPosition position) const {
+    const Item* next = itemBehind(position);
+    if (ItemTree::positionOf(next) != position) return {};
+    return formattingAt(ItemTree::previous(next), next);
+}
+
 pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next) const {
     const WordNames& names = story_.names();
     while (previous && !previous->takesPlace())

@@ -35,6 +35,9 @@ class StoryEditor {
     /// The formatting of the first text between two positions; of a field without a result, the code's.
     [[nodiscard]] Formatting formattingBetween(CharacterPosition start, CharacterPosition end) const;
 
+    /// The formatting that text typed at a place takes on; absent inside a run's text, which it would join.
+    [[nodiscard]] Formatting formattingAtPlace(CharacterPosition position) const;
+
     /// Makes a run end and another begin at the position, if text stands there.
     void splitRun(CharacterPosition position);
     /// Raises an AutomationError where splitRun cannot do that: in the code of a field.

@@ -19,7 +19,7 @@ std::string EmbeddedRange::Text() {
 
 void EmbeddedRange::SetText(const std::string& text) {
     const CharacterPosition start = span_->start();
-    const CharacterCount inserted = content_->replace(span_->story(), start, span_->end(), text);
+    const CharacterCount inserted = content_->replace(span_->story(), start, span_->end(), text, RunUse::Own);
     span_->set(start, start + inserted);
 }
 

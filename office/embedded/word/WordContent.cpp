@@ -96,10 +96,11 @@ bool WordContent::hasStyle(const std::string& styleId) {
 }
 
 CharacterCount WordContent::replace(Story& story, CharacterPosition start, CharacterPosition end,
-                                    const std::string& text) {
+                                    const std::string& text, RunUse runs) {
     touch();
     EditableStory& target = editable(story);
-    const Formatting formatting = target.editor().formattingBetween(start, end);
+    Formatting formatting = target.editor().formattingBetween(start, end);
+    if (!formatting && runs == RunUse::Own) formatting = target.editor().formattingAtPlace(start);
     const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
     target.eraser().erase(start, end);
     const CharacterCount inserted = target.editor().insertText(start, text, formatting);
@@ -181,9 +182,9 @@ BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, 
                                          CharacterPosition end) {
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
     BookmarkEditor& editor = editable(story).bookmarks();
-    editor.check(start, end);
     touch();
     if (BookmarkRecord* former = bookmarks_.find(name)) {
+        editor.check(start, end);
         editable(*former->story).bookmarks().remove(*former);
     }
     return editor.add(name, ++highestId_, start, end);

@@ -14,6 +14,10 @@
 
 namespace mergeloom::embedded {
 
+/// Whether new text may join the run that it comes in behind. Typing does, lest each key made a run; what a
+/// range writes gets runs of its own, which a bookmark around it then need not split off.
+enum class RunUse { Shared, Own };
+
 /// What is in a Word document while it is open: its package, the stories of its parts, the bookmarks over all
 /// of them and the selection. Ranges and bookmarks handed out share it, so it lives as long as any of them.
 class WordContent {
@@ -41,7 +45,7 @@ class WordContent {
     /// Replaces the text of a stretch, in the formatting of its first text; answers how many characters came
     /// in.
     CharacterCount replace(Story& story, CharacterPosition start, CharacterPosition end,
-                           const std::string& text);
+                           const std::string& text, RunUse runs = RunUse::Shared);
     /// Replaces a stretch by a picture in the text, one character; answers that count. The formats and errors
     /// are those of PictureFile.
     CharacterCount replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,
