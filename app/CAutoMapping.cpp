@@ -86,11 +86,12 @@ bool CAutoMapping::map() {
     const TreeNode* object = source->firstObject();
     if (!object) RaiseMappingError(kXmlFileIncorrect);
     readFolders(source->document());
+    const std::optional<FieldKeys> fields = chosenFields(*source, *object);
 
     const StartedOffice office{startWord_(), errors_};
     if (!canWriteTarget(*office)) return false;
     const word::DocumentPtr document = makeDocument(*office);
-    if (!dropObject(*source, *object, document)) return false;
+    if (!dropObject(*source, *object, fields, document)) return false;
     // Saving takes memory in proportion to the document; the tree's is free for it from here on.
     source.reset();
     return save(*document);
@@ -116,22 +117,42 @@ bool CAutoMapping::canWriteTarget(word::Application& application) {
 
 word::DocumentPtr CAutoMapping::makeDocument(word::Application& application) {
     const word::DocumentsPtr documents = application.Documents();
-    if (arguments_.useDocument.empty()) {
-        return documents->Add(arguments_.targetExists ? arguments_.targetPath : "");
+    if (!arguments_.useDocument.empty()) {
+        word::DocumentPtr document = documents->Open(arguments_.useDocument);
+        if (!canDropInto(application)) RaiseMappingError(kLabelDocumentIncorrect);
+        return document;
     }
-    word::DocumentPtr document = documents->Open(arguments_.useDocument);
-    if (!canDropInto(application)) RaiseMappingError(kLabelDocumentIncorrect);
-    return document;
+    if (arguments_.type == MappingType::LabelDocument) return openLabelDocument(application);
+    return documents->Add(arguments_.targetExists ? arguments_.targetPath : "");
+}
+
+word::DocumentPtr CAutoMapping::openLabelDocument(word::Application& application) {
+    try {
+        word::DocumentPtr document = application.Documents()->Open(arguments_.labelDocument);
+        if (canDropInto(application)) return document;
+    } catch (const AutomationError& error) {
+        if (error.number() != kFileCouldNotBeRead) throw;
+        // The mapping error does not say what is wrong with the file.
+        refuse(error.description());
+    }
+    RaiseMappingError(kLabelDocumentIncorrect);
+}
+
+std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source,
+                                                    const TreeNode& object) const {
+    if (arguments_.type != MappingType::Listing || !listsFields(arguments_.fields)) return {};
+    if (!namesFields(arguments_.fields)) RaiseMappingError(kFieldListNotDefined);
+    FieldKeys keys = fieldKeys(object, source.xmlNodes(), arguments_.fields);
+    if (keys.empty()) RaiseMappingError(kFieldListIncorrect);
+    return keys;
 }
 
 bool CAutoMapping::dropObject(const MappingSource& source, const TreeNode& object,
-                              const word::DocumentPtr& document) {
-    const bool chooses = arguments_.type == MappingType::Listing && listsFields(arguments_.fields);
-    const FieldKeys keys = chooses ? fieldKeys(object, source.xmlNodes(), arguments_.fields) : FieldKeys{};
+                              const std::optional<FieldKeys>& fields, const word::DocumentPtr& document) {
     const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
     CNodeDropper dropper{errors_, messages_, findPicture, progress_};
     return dropper.NodeDrop(object, document, source.xmlNodes(), false, documentTypeOf(arguments_.type),
-                            chooses ? &keys : nullptr);
+                            fields ? &*fields : nullptr);
 }
 
 bool CAutoMapping::save(word::Document& document) {

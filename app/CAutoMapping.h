@@ -6,8 +6,10 @@
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "droppers/DropContext.h"
 #include "office/model/word/Application.h"
 
+#include <optional>
 #include <string>
 
 namespace mergeloom {
@@ -39,7 +41,12 @@ class CAutoMapping {
     void readFolders(const StructureDocument& document);
     bool canWriteTarget(word::Application& application);
     word::DocumentPtr makeDocument(word::Application& application);
-    bool dropObject(const MappingSource& source, const TreeNode& object, const word::DocumentPtr& document);
+    word::DocumentPtr openLabelDocument(word::Application& application);
+    /// The keys of the fields that a table is to have, if the command line lists any.
+    [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source,
+                                                        const TreeNode& object) const;
+    bool dropObject(const MappingSource& source, const TreeNode& object,
+                    const std::optional<FieldKeys>& fields, const word::DocumentPtr& document);
     bool save(word::Document& document);
     bool refuse(const std::string& text);
     [[nodiscard]] word::WdSaveFormat targetFormat() const;

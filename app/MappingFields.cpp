@@ -12,6 +12,10 @@ bool listsFields(const std::string& fieldList) {
     return !fieldList.empty() && fieldList != kEmptyValue;
 }
 
+bool namesFields(const std::string& fieldList) {
+    return fieldList.find_first_not_of(",; ") != std::string::npos;
+}
+
 FieldKeys fieldKeys(const TreeNode& object, const XmlNodeCollection& xmlNodes, const std::string& fieldList) {
     std::unordered_map<std::string, std::string> keysByName;
     for (const TreeNode* child = object.Child(); child; child = child->Next()) {

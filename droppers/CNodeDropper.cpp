@@ -3,11 +3,13 @@
 #include "droppers/CNodeDropperField.h"
 #include "droppers/CNodeDropperForm.h"
 #include "droppers/CNodeDropperLabel.h"
+#include "droppers/CNodeDropperLabelDoc.h"
+#include "droppers/CNodeDropperTable.h"
 #include "droppers/DropRecord.h"
 #include "droppers/ObjectLayout.h"
-#include "droppers/Refusals.h"
 #include "droppers/SpecialPlace.h"
 #include "droppers/StructureNodes.h"
+#include "droppers/TableBookmark.h"
 #include "xml/modMSXMLHelper.h"
 
 namespace mergeloom {
@@ -20,6 +22,12 @@ std::string nameOf(const XmlNode& element) {
     return GetAttributeValue(element, Attribute::Name);
 }
 
+/// The bookmark of the table of the object or subform that a control stands in.
+std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& control) {
+    const TreeNode* parent = control.Parent();
+    return parent ? tableBookmarkName(*parent, nameOf(elementOf(xmlNodes, parent))) : "";
+}
+
 }  // namespace
 
 bool CNodeDropper::NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
@@ -30,7 +38,8 @@ bool CNodeDropper::NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr&
 
     DropReports reports{errors_, messages_};
     DropContext context{
-        reports, rcolXMLNodes, findPicture_, progress_, {vfShowDialog, vDocumentType, rcolFields}};
+        reports,     rcolXMLNodes, findPicture_, progress_, {vfShowDialog, vDocumentType, rcolFields},
+        fieldDialog_};
     return dropAsOneStep(reports, {kModule, "NodeDrop"}, robjDocument, robjTVNode.Text(), [&] {
         return dropNode({context, robjTVNode, robjDocument});
     });
@@ -103,15 +112,17 @@ bool CNodeDropper::dropControl(const Drop& drop, const XmlNode& element) {
 }
 
 bool CNodeDropper::fieldDrop(const Drop& drop, const TreeNode& control, const FieldOptions& options) {
-    const XmlNode element = elementOf(drop.context.xmlNodes, &control);
-    if (isTableField(control)) return refuseTableField(drop.context.reports, nameOf(element));
-    return CNodeDropperField(drop.context)
-        .FieldDrop({.node = element,
-                    .document = drop.document,
-                    .labelRequired = options.labelRequired,
-                    .parentName = enclosingSubformName(drop.context.xmlNodes, control),
-                    .treeNode = &control,
-                    .boundValueUse = options.boundValueUse});
+    const XmlNodeCollection& xmlNodes = drop.context.xmlNodes;
+    const FieldDropArguments arguments{.node = elementOf(xmlNodes, &control),
+                                       .document = drop.document,
+                                       .labelRequired = options.labelRequired,
+                                       .parentName = enclosingSubformName(xmlNodes, control),
+                                       .treeNode = &control,
+                                       .boundValueUse = options.boundValueUse,
+                                       .isTableField = isTableField(control),
+                                       .tableName = tableNameOf(xmlNodes, control)};
+    CNodeDropperField dropper{drop.context};
+    return arguments.isTableField ? dropper.TableFieldDrop(arguments) : dropper.FieldDrop(arguments);
 }
 
 bool CNodeDropper::formDrop(const Drop& drop, const XmlNode& element) {
@@ -120,11 +131,13 @@ bool CNodeDropper::formDrop(const Drop& drop, const XmlNode& element) {
 }
 
 bool CNodeDropper::tableDrop(const Drop& drop, const XmlNode& element) {
-    return refuseTable(drop.context.reports, nameOf(element));
+    return CNodeDropperTable(drop.context)
+        .TableDrop(drop.node, drop.document, nameOf(element), drop.context.settings.fields);
 }
 
 bool CNodeDropper::labelDocumentDrop(const Drop& drop, const XmlNode& element) {
-    return refuseLabelDocument(drop.context.reports, nameOf(element));
+    return CNodeDropperLabelDoc(drop.context)
+        .LabelDocumentDrop(drop.node, drop.document, nameOf(element), drop.context.settings.fields);
 }
 
 }  // namespace mergeloom

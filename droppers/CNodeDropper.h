@@ -14,8 +14,14 @@ namespace mergeloom {
 /// the document's undo list; a drop that is refused or fails leaves the document as it was.
 class CNodeDropper {
   public:
-    CNodeDropper(ErrorHandler& errors, Messages& messages, PictureFinder findPicture, Progress& progress)
-        : errors_(errors), messages_(messages), findPicture_(std::move(findPicture)), progress_(progress) {}
+    /// Without a dialog all fields of an object become columns of its table.
+    CNodeDropper(ErrorHandler& errors, Messages& messages, PictureFinder findPicture, Progress& progress,
+                 FieldDialog* fieldDialog = nullptr)
+        : errors_(errors),
+          messages_(messages),
+          findPicture_(std::move(findPicture)),
+          progress_(progress),
+          fieldDialog_(fieldDialog) {}
 
     /// Drops the node at the document's selection and tells whether something was dropped.
     bool NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
@@ -53,6 +59,7 @@ class CNodeDropper {
     Messages& messages_;
     PictureFinder findPicture_;
     Progress& progress_;
+    FieldDialog* fieldDialog_;
 };
 
 }  // namespace mergeloom

@@ -2,23 +2,32 @@
 
 #include "droppers/CNodeDropperForm.h"
 #include "droppers/CNodeDropperLabel.h"
-#include "droppers/Refusals.h"
+#include "droppers/CNodeDropperTable.h"
+#include "droppers/CellCount.h"
 #include "droppers/StructureNodes.h"
+#include "droppers/TableBookmark.h"
 #include "droppers/modBookmarkAdd.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
+#include "office/model/word/Cells.h"
+#include "office/model/word/Rows.h"
+#include "office/model/word/Tables.h"
 #include "xml/modMSXMLHelper.h"
 
 namespace mergeloom {
 
 namespace {
 
+constexpr const char* kModule = "CNodeDropperField";
+/// An empty cell's text is the mark of its end.
+constexpr const char* kEmptyCell = "\r\a";
+
 /// Whether the selection lies outside the table that the field belongs to, and that table was dropped.
 bool isOutsideItsTable(const FieldDropArguments& arguments, word::Selection& selection) {
     if (!arguments.isTableField) return false;
-    const std::string tableName = WordNormalizeName(arguments.parentName, false);
-    return arguments.document->Bookmarks()->Exists(tableName) && !selection.Bookmarks()->Exists(tableName);
+    return arguments.document->Bookmarks()->Exists(arguments.tableName) &&
+           !selection.Bookmarks()->Exists(arguments.tableName);
 }
 
 /// Moves the caret behind a new place, where the next drop does not touch it.
@@ -32,10 +41,24 @@ void leavePlace(word::Bookmark& bookmark, word::Selection& selection, bool endPa
     }
 }
 
+/// A table of captions over fields: merged cells would leave it open which caption a field has.
+bool isMergeTable(word::Table& table) {
+    return table.Uniform() && table.Rows()->Count() >= 2;
+}
+
+/// The cell above a place in a table; none when the place stands in the first row or the cell is not empty.
+word::CellPtr emptyCellAbove(word::Table& table, word::Range& place) {
+    const word::CellPtr cell = place.Cells()->Item(1);
+    const int row = cell->RowIndex();
+    if (row == 1) return {};
+    const word::CellPtr above = table.Rows()->Item(row - 1)->Cells()->Item(cell->ColumnIndex());
+    return above->Range()->Text() == kEmptyCell ? above : nullptr;
+}
+
 }  // namespace
 
 bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments) {
-    return context_.reports.trap({"CNodeDropperField", "FieldDrop"}, [&] { return drop(arguments); });
+    return context_.reports.trap({kModule, "FieldDrop"}, [&] { return drop(arguments); });
 }
 
 bool CNodeDropperField::drop(const FieldDropArguments& arguments) {
@@ -43,11 +66,17 @@ bool CNodeDropperField::drop(const FieldDropArguments& arguments) {
     const word::SelectionPtr selection = arguments.document->Application()->Selection();
     if (!mayDrop(arguments, *selection)) return false;
 
+    const bool becomesSubform = isSubform(arguments.node);
+    if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments);
+    if (!typeLabel(arguments)) return false;
+    return becomesSubform ? dropForm(arguments, *selection) : dropPlace(arguments, *selection);
+}
+
+bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments) {
     if (arguments.labelRequired) {
         CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, arguments.document, true);
-        if (context_.reports.failed()) return false;
     }
-    return isSubform(arguments.node) ? dropSubform(arguments, *selection) : dropPlace(arguments, *selection);
+    return !context_.reports.failed();
 }
 
 bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, word::Selection& selection) {
@@ -57,11 +86,7 @@ bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, word::Selec
     }
     TouchingBookmarks unused;
     if (!ValidateBookmark(context_.reports, *selection.Range(), unused)) return false;
-    if (!isSubform(arguments.node)) return true;
-    // All that speaks against a subform is told before its caption is typed.
-    if (!arguments.treeNode) return false;
-    return !isBoundSubform(arguments.node) ||
-           refuseTable(context_.reports, GetAttributeValue(arguments.node, Attribute::Name));
+    return arguments.treeNode || !isSubform(arguments.node);
 }
 
 bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, word::Selection& selection) {
@@ -77,12 +102,56 @@ bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, word::Sel
     return true;
 }
 
-bool CNodeDropperField::dropSubform(const FieldDropArguments& arguments, word::Selection& selection) {
+bool CNodeDropperField::dropTable(const FieldDropArguments& arguments) {
+    CNodeDropperTable table{context_};
+    // Where nothing is chosen, no caption may stand alone. A choice among the outer form's controls says
+    // nothing of the subform's own.
+    const FieldKeys columns = table.chooseFields(*arguments.treeNode);
+    if (columns.empty() || !typeLabel(arguments)) return false;
+    return table.TableDrop(*arguments.treeNode, arguments.document,
+                           GetAttributeValue(arguments.node, Attribute::Name), &columns);
+}
+
+bool CNodeDropperField::dropForm(const FieldDropArguments& arguments, word::Selection& selection) {
     selection.TypeParagraph();
-    // The subform's own name is the prefix of its places. A choice of fields is one among the outer form's
-    // controls, so a chosen subform comes with all of its own.
+    // The subform's own name is the prefix of its places; as a chosen control it comes with all of its own.
     return CNodeDropperForm(context_).FormDrop(*arguments.treeNode, arguments.document,
                                                GetAttributeValue(arguments.node, Attribute::Name), nullptr);
+}
+
+bool CNodeDropperField::TableFieldDrop(const FieldDropArguments& arguments) {
+    if (!arguments.node || !arguments.document) return false;
+    const word::SelectionPtr selection = arguments.document->Application()->Selection();
+    if (cellCount(*selection->Range()) == 0) {
+        return context_.reports.refuse("The tablefield may only be dropped on a table.");
+    }
+    const word::TablePtr table = selection->Tables()->Item(1);
+    if (!isMergeTable(*table)) throw AutomationError(kApplicationError, "Incorrect Word Table.");
+    return context_.reports.trap({kModule, "TableFieldDrop"},
+                                 [&] { return dropIntoTable(arguments, *table); });
+}
+
+bool CNodeDropperField::dropIntoTable(const FieldDropArguments& arguments, word::Table& table) {
+    const word::BookmarksPtr bookmarks = arguments.document->Bookmarks();
+    const bool isNewTable = !arguments.tableName.empty() && !bookmarks->Exists(arguments.tableName);
+    if (isNewTable && !markTable(context_.reports, *arguments.document, table, arguments.tableName)) {
+        return false;
+    }
+    FieldDropArguments place = arguments;
+    if (arguments.labelRequired) place.labelRequired = !typeCaptionAbove(arguments, table);
+    return !context_.reports.failed() && FieldDrop(place);
+}
+
+bool CNodeDropperField::typeCaptionAbove(const FieldDropArguments& arguments, word::Table& table) {
+    const word::SelectionPtr selection = arguments.document->Application()->Selection();
+    const word::RangePtr place = selection->Range();
+    const word::CellPtr above = emptyCellAbove(table, *place);
+    if (!above) return false;
+    above->Select();
+    selection->Collapse(word::WdCollapseDirection::wdCollapseStart);
+    CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, arguments.document, false);
+    place->Select();
+    return true;
 }
 
 std::string CNodeDropperField::pictureOf(const XmlNode& control) const {

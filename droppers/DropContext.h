@@ -27,6 +27,8 @@ struct DropSettings {
     const FieldKeys* fields = nullptr;  ///< none: every field
 };
 
+class FieldDialog;
+
 /// What all droppers of one drop work with.
 struct DropContext {
     DropReports& reports;
@@ -34,6 +36,7 @@ struct DropContext {
     const PictureFinder& findPicture;
     Progress& progress;
     DropSettings settings;
+    FieldDialog* fieldDialog = nullptr;  ///< none where there is no user to choose
 };
 
 }  // namespace mergeloom

@@ -19,6 +19,11 @@ bool DropReports::ask(const std::string& question) {
     return messages_.show(message) == MessageAnswer::Yes;
 }
 
+bool DropReports::confirm(const std::string& announcement) {
+    const Message message{announcement, MessageIcon::Exclamation, MessageButtons::OkCancel};
+    return messages_.show(message) == MessageAnswer::Ok;
+}
+
 bool DropReports::trap(const Procedure& procedure, const std::function<bool()>& body,
                        const std::string& comment) {
     bool answer = false;

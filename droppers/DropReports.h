@@ -15,7 +15,7 @@ struct Procedure {
 };
 
 /// Where the procedures of one drop tell the user and report errors. It remembers whether any of them met an
-/// error, since the drop is taken back then.
+/// error, or the user cancelled, since the drop is taken back then.
 class DropReports : public ErrorHandler {
   public:
     DropReports(ErrorHandler& errors, Messages& messages) : errors_(errors), messages_(messages) {}
@@ -28,12 +28,17 @@ class DropReports : public ErrorHandler {
     bool refuse(const std::string& text, MessageIcon icon = MessageIcon::Exclamation);
     /// Asks a question that is answered with yes or no.
     bool ask(const std::string& question);
+    /// Announces what is about to happen; false when the user cancels.
+    bool confirm(const std::string& announcement);
+    /// The user called the drop off, which ends it as an error does.
+    void cancel() { failed_ = true; }
 
     /// Runs a procedure's body under its trap and returns the body's answer. An error goes to the error
     /// handler with the comment as it reads then, and the answer is false.
     bool trap(const Procedure& procedure, const std::function<bool()>& body, const std::string& comment = {});
 
-    /// Whether any procedure met an error. Whoever drops several places stops then.
+    /// Whether any procedure met an error or the user called the drop off. Whoever drops several places stops
+    /// then.
     [[nodiscard]] bool failed() const { return failed_; }
 
   private:

@@ -1,17 +1,39 @@
 #include "droppers/SelectionCheck.h"
 
+#include "droppers/CellCount.h"
+#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Counted.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/InlineShapes.h"
+#include "office/model/word/Range.h"
 #include "office/model/word/Tables.h"
 
 namespace mergeloom {
 
+namespace {
+
+/// A caret in the paragraph below a table touches the bookmark over it, yet nobody sees anything selected.
+bool endsWithTableBefore(word::Bookmark& bookmark, word::Range& selected) {
+    return selected.Start() == selected.End() && bookmark.End() == selected.Start() &&
+           coversSeveralCells(*bookmark.Range());
+}
+
+int heldBookmarks(word::Selection& selection) {
+    const word::BookmarksPtr bookmarks = selection.Bookmarks();
+    const word::RangePtr selected = selection.Range();
+    int held = 0;
+    for (int number = 1; number <= bookmarks->Count(); ++number) {
+        if (!endsWithTableBefore(*bookmarks->Item(number), *selected)) ++held;
+    }
+    return held;
+}
+
+}  // namespace
+
 bool takesCompositeDrop(word::Selection& selection) {
-    const int held = selection.Tables()->Count() + selection.Bookmarks()->Count() +
-                     selection.Fields()->Count() + selection.InlineShapes()->Count() +
-                     selection.ShapeRange()->Count();
+    const int held = selection.Tables()->Count() + heldBookmarks(selection) + selection.Fields()->Count() +
+                     selection.InlineShapes()->Count() + selection.ShapeRange()->Count();
     return held == 0;
 }
 

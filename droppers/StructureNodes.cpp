@@ -28,8 +28,17 @@ std::string enclosingSubformName(const XmlNodeCollection& xmlNodes, const TreeNo
     return parent && isSubform(parent) ? GetAttributeValue(parent, Attribute::Name) : "";
 }
 
+std::string placePrefix(const XmlNodeCollection& xmlNodes, const TreeNode& node, const std::string& name) {
+    const XmlNode element = elementOf(xmlNodes, &node);
+    return structureElementOf(element.nodeName()) == StructureElement::Control ? name : "";
+}
+
+bool isInDetailSection(const TreeNode& control) {
+    return control.Tag() == kDetailSection;
+}
+
 bool isTableField(const TreeNode& control) {
-    return control.Tag() == kDetailSection && control.Parent() && control.Parent()->Tag() == kDatasheetTag;
+    return isInDetailSection(control) && control.Parent() && control.Parent()->Tag() == kDatasheetTag;
 }
 
 }  // namespace mergeloom

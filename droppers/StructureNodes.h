@@ -20,6 +20,11 @@ bool isBoundSubform(const XmlNode& subform);
 /// of its own.
 std::string enclosingSubformName(const XmlNodeCollection& xmlNodes, const TreeNode& control);
 
+/// What stands before the names of the places below a node: nothing for an object, the node's name for a
+/// subform.
+std::string placePrefix(const XmlNodeCollection& xmlNodes, const TreeNode& node, const std::string& name);
+
+bool isInDetailSection(const TreeNode& control);
 /// Whether a control is a column of its object: it stands in the detail section of an object that is shown as
 /// a datasheet, or of a subform bound to records.
 bool isTableField(const TreeNode& control);

@@ -20,10 +20,6 @@ struct Guards {
     std::string trailing;
 };
 
-bool isField(word::Bookmark& bookmark) {
-    return equalsIgnoringCase(bookmark.Range()->Text(), bookmark.Name());
-}
-
 /// Finds the bookmarks that touch the range; false when a field lies there.
 bool findTouching(word::Range& range, TouchingBookmarks& touching) {
     const word::BookmarksPtr bookmarks = range.Bookmarks();
@@ -99,6 +95,10 @@ void leaveOut(word::Bookmark& bookmark, const Guards& guards) {
 }
 
 }  // namespace
+
+bool isField(word::Bookmark& bookmark) {
+    return equalsIgnoringCase(bookmark.Range()->Text(), bookmark.Name());
+}
 
 bool ValidateBookmark(DropReports& reports, word::Range& robjRange, TouchingBookmarks& touching) {
     return reports.trap({kModule, "ValidateBookmark"}, [&] {

@@ -23,6 +23,9 @@ struct PlaceContent {
     std::string pictureFile{};  ///< a picture's full path; it becomes the place's content instead of a text
 };
 
+/// Whether a bookmark is a field: its text is its own name, letter case aside.
+bool isField(word::Bookmark& bookmark);
+
 /// Whether a drop on the range may go on, and which bookmarks touch it. A drop on top of a field, which is a
 /// bookmark whose text equals its name, is refused with a message.
 bool ValidateBookmark(DropReports& reports, word::Range& robjRange, TouchingBookmarks& touching);

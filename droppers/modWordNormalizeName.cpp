@@ -27,6 +27,17 @@ std::string usableCharacters(std::string_view name) {
     return result;
 }
 
+/// The counters that the name of a further place may end in.
+std::vector<std::string> counters() {
+    std::vector<std::string> texts;
+    for (int number = 0; number < 100; ++number) {
+        const std::string text = std::to_string(number);
+        texts.push_back(text);
+        if (number < 10) texts.push_back("0" + text);
+    }
+    return texts;
+}
+
 /// Matches a whole text against a pattern in which "#" stands for one digit.
 bool matchesDigits(std::string_view text, std::string_view pattern) {
     return std::ranges::equal(text, pattern, [](char character, char wanted) {
@@ -80,6 +91,22 @@ bool IsBookmarkOfName(std::string_view vstrBaseName, std::string_view vstrBookma
     return equalsIgnoringCase(vstrBookmarkName, vstrBaseName) ||
            equalsIgnoringCase(vstrBookmarkName, boundValueName) ||
            isFurtherPlace(boundValueName, vstrBookmarkName) || isFurtherPlace(vstrBaseName, vstrBookmarkName);
+}
+
+std::vector<std::string> PossibleBookmarkNames(std::string_view vstrBaseName) {
+    static const std::vector<std::string> allCounters = counters();
+    const std::string base(vstrBaseName);
+    const std::string boundValueName{
+        lastCharacters(base + std::string(kBoundValueSuffix), kLongestBookmarkName)};
+    std::vector<std::string> names{base, boundValueName};
+    for (const std::string& name : {base, boundValueName}) {
+        for (const std::string& counter : allCounters) {
+            const std::string suffix = std::string(kFurtherPlaceSuffix) + counter;
+            const CharacterCount room = kLongestBookmarkName - utf16Length(suffix);
+            names.push_back(std::string(lastCharacters(name, room)) + suffix);
+        }
+    }
+    return names;
 }
 
 }  // namespace mergeloom

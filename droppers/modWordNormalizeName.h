@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The rules that make a bookmark's name from a name of the structure document. Characters are counted in
 /// UTF-16 code units.
@@ -20,5 +21,8 @@ std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars);
 /// Whether a bookmark's name was made from the base name: the name itself, its bound value, or a further
 /// place of either with a counter of one or two digits.
 bool IsBookmarkOfName(std::string_view vstrBaseName, std::string_view vstrBookmarkName);
+
+/// Every name that `IsBookmarkOfName` recognises for the base name, letter case aside.
+std::vector<std::string> PossibleBookmarkNames(std::string_view vstrBaseName);
 
 }  // namespace mergeloom

@@ -38,6 +38,7 @@ class AutoMapping : public testing::Test {
         folder.put("empty.xml", "<db/>");
         folder.put("exists.dotx", "precious");
         folder.put("given.docx", wordFile("<w:p><w:r><w:t>Dear </w:t></w:r></w:p>"));
+        folder.put("other.docx", wordFile("<w:p><w:r><w:t>Other</w:t></w:r></w:p>"));
         entriesBefore = folder.entryCount();
     }
     void TearDown() override { gExcelMode = 0; }
@@ -162,34 +163,89 @@ TEST_F(AutoMapping, AnExistingTemplateIsBuiltOnWhereThatIsAllowed) {
 TEST_F(AutoMapping, TheSwitchesChooseWhatIsMade) {
     struct Case {
         std::vector<std::string> switches;
-        std::string structure;
-        std::string expectedMessage;  ///< none: a form is made
+        std::string expected;
     };
-    const std::string noTable = "\"Sheet\" is left out: dropping a table is not available yet.\n";
-    const std::string noLabels = "\"Sheet\" is left out: dropping a label document is not available yet.\n";
+    const std::string form = "A: [A:A]\n\n";
+    const std::string table = "\n[SheetT:A\n|[A:A] \n|]\n";
+    const std::string labels = "[A:A] Dear \n";
     const std::vector<Case> cases{
-        {{"-hidden"}, "sheet.xml", noTable},
-        {{"-hidden", "-listing"}, "sheet.xml", noTable},
-        {{"-hidden", "FormView"}, "sheet.xml", ""},
-        {{"-hidden", "formview", "-listing"}, "sheet.xml", noTable},
-        {{"-hidden", "formview", "-label", "%/given.docx"}, "sheet.xml", ""},
-        {{"-hidden", "-label", "%/given.docx"}, "sheet.xml", noLabels},
-        {{"-hidden", "-label", "%/given.docx", "-directory"}, "sheet.xml", noLabels},
-        {{"-hidden", "-directory"}, "sheet.xml", ""},
-        {{"-hidden"}, "design.xml", "Support for Design view is not realised yet.\n"},
+        {{"-hidden"}, table},
+        {{"-hidden", "-listing"}, table},
+        {{"-hidden", "FormView"}, form},
+        {{"-hidden", "formview", "-listing"}, table},
+        {{"-hidden", "-listing", "-label", "%/given.docx"}, table},
+        {{"-hidden", "formview", "-label", "%/given.docx"}, form},
+        {{"-hidden", "-label", "%/given.docx"}, labels},
+        {{"-hidden", "-label", "%/given.docx", "-directory"}, labels},
+        {{"-hidden", "-label", "%/given.docx", "-usedocument", "%/other.docx"}, "[A:A] Other\n"},
+        {{"-hidden", "-directory"}, form},
     };
     int number = 0;
     for (const Case& c : cases) {
         const std::string target = "made" + std::to_string(++number) + ".dotx";
-        std::vector<std::string> arguments{"-xmlfile", "%/" + c.structure, "-template", "%/" + target};
+        std::vector<std::string> arguments{"-xmlfile", "%/sheet.xml", "-template", "%/" + target};
         arguments.insert(arguments.end(), c.switches.begin(), c.switches.end());
-        messages.messages.clear();
         EXPECT_EQ(run(arguments), 0U);
-        EXPECT_EQ(made, c.expectedMessage.empty()) << target;
-        EXPECT_EQ(std::filesystem::exists(folder / target), made) << target;
-        EXPECT_TRUE(messages.texts().starts_with(c.expectedMessage)) << messages.texts();
+        ASSERT_TRUE(made) << testing::PrintToString(c.switches);
+        EXPECT_EQ(shownBody(folder.bytesOf(target)), c.expected) << testing::PrintToString(c.switches);
     }
     EXPECT_TRUE(errors.reports.empty());
+    EXPECT_EQ(messages.texts(), "");
+}
+
+TEST_F(AutoMapping, ADropThatIsRefusedWritesNothing) {
+    EXPECT_EQ(run({"-hidden", "-xmlfile", "%/design.xml", "-template", "%/new.dotx"}), 0U);
+    EXPECT_FALSE(made);
+    EXPECT_EQ(messages.texts(), "Support for Design view is not realised yet.\n");
+    EXPECT_EQ(folder.entryCount(), entriesBefore);
+}
+
+TEST_F(AutoMapping, AFieldListChoosesTheColumns) {
+    folder.put(
+        "abc.xml",
+        "<db><Table Name='T' CurrentView='2'><Control Name='A'/><Control Name='B'/><Control Name='C'/>"
+        "<Control Name='S' ControlType='Subform'><Form><Control Name='X'/></Form></Control></Table></db>");
+    struct Case {
+        std::vector<std::string> switches;
+        ErrorNumber expectedError;
+        std::string expected;  ///< empty: nothing is made
+    };
+    const std::vector<Case> cases{
+        {{"-listing", "-fields", "B;a"}, 0, "\n[TT:B\n|A\n|[B:B] \n|[A:A] \n|]\n"},
+        {{"-listing", "-fields", "C,none,B"}, 0, "\n[TT:C\n|B\n|[C:C] \n|[B:B] \n|]\n"},
+        {{"-listing", "-fields"}, 0, "\n[TT:A\n|B\n|C\n|[A:A] \n|[B:B] \n|[C:C] \n|]\n"},
+        {{"-fields", "B"}, 0, "\n[TT:A\n|B\n|C\n|[A:A] \n|[B:B] \n|[C:C] \n|]\n"},
+        {{"-listing", "-fields", "none;X"}, kFieldListIncorrect, ""},
+        {{"-listing", "-fields", " ; ,"}, kFieldListNotDefined, ""},
+        {{"-listing", "-fields", "A;S"}, 0, ""},
+    };
+    for (const Case& c : cases) {
+        std::vector<std::string> arguments{"-hidden", "-xmlfile", "%/abc.xml", "-template", "%/abc.dotx"};
+        arguments.insert(arguments.end(), c.switches.begin(), c.switches.end());
+        EXPECT_EQ(run(arguments), c.expectedError) << testing::PrintToString(c.switches);
+        EXPECT_EQ(made, !c.expected.empty()) << testing::PrintToString(c.switches);
+        EXPECT_EQ(folder.entryCount(), entriesBefore + 1 + made);
+        if (made) {
+            EXPECT_EQ(shownBody(folder.bytesOf("abc.dotx")), c.expected);
+        }
+        std::filesystem::remove(folder / "abc.dotx");
+    }
+    EXPECT_EQ(messages.texts(), "The subform \"S\" cannot be a column of a table.\n");
+}
+
+TEST_F(AutoMapping, ALabelDocumentIsBuiltOnAndStaysAsItIs) {
+    const std::string given = folder.bytesOf("given.docx");
+    EXPECT_EQ(
+        run({"-hidden", "-xmlfile", "%/sheet.xml", "-template", "%/new.docx", "-label", "%/given.docx"}), 0U);
+    EXPECT_TRUE(made);
+    EXPECT_EQ(folder.bytesOf("given.docx"), given);
+
+    folder.put("bad.docx", "no zip");
+    EXPECT_EQ(run({"-hidden", "-xmlfile", "%/sheet.xml", "-template", "%/more.docx", "-label", "%/bad.docx"}),
+              kLabelDocumentIncorrect);
+    ASSERT_EQ(messages.messages.size(), 1U);
+    EXPECT_NE(messages.texts().find("bad.docx"), std::string::npos) << messages.texts();
+    EXPECT_FALSE(std::filesystem::exists(folder / "more.docx"));
 }
 
 TEST_F(AutoMapping, WhatCannotBeWrittenIsRefusedBeforeTheWork) {

@@ -12,7 +12,8 @@ class RecordingMessages final : public Messages {
   public:
     MessageAnswer show(const Message& message) override {
         messages.push_back(message);
-        return message.buttons == MessageButtons::YesNo ? yesNoAnswer : defaultAnswer(message.buttons);
+        if (message.buttons == MessageButtons::YesNo) return yesNoAnswer;
+        return message.buttons == MessageButtons::OkCancel ? okCancelAnswer : defaultAnswer(message.buttons);
     }
 
     /// The texts of the messages, a line each.
@@ -24,6 +25,7 @@ class RecordingMessages final : public Messages {
     }
 
     MessageAnswer yesNoAnswer = MessageAnswer::Yes;
+    MessageAnswer okCancelAnswer = MessageAnswer::Ok;
     std::vector<Message> messages;
 };
 

@@ -28,8 +28,9 @@ constexpr const char* kStructure = R"(<db>
   <Data><Control Name="Customer No."><BoundValue>1</BoundValue></Control></Data>
 </db>)";
 
-const std::string kTable = "dropping a table is not available yet.\n";
-const std::string kTableField = "dropping a field into a table is not available yet.\n";
+const std::string kNoTable = "The tablefield may only be dropped on a table.\n";
+/// The table of the one field in the subform's detail section.
+const std::string kLines = "[Lines:Price\n|[LinesPrice:Price] \n|]";
 
 class Dispatcher : public DropTest {
   protected:
@@ -53,14 +54,14 @@ TEST_F(Dispatcher, EveryKindOfNode) {
         {"4k", "", "City: [ShipCity:City]\n\n", ""},
         {"5k", "Value", "[ShipCity:City] \n", ""},
         {"5k", "Label and Value", "City: [ShipCity:City]\n\n", ""},
-        {"6k", "", "", "\"Lines\" is left out: " + kTable},
-        {"7k", "Value", "", "\"Price\" is left out: " + kTableField},
+        {"6k", "", "\n" + kLines + "\n", ""},
+        {"7k", "Value", "", kNoTable},
         {"7k", "Label", "Price\n", ""},
         {"8k", "Value", "[LinesRemark:Remark] \n", ""},
         {"9k", "", "", ""},
-        {"10k", "", "", "\"Sheet\" is left out: " + kTable},
-        {"11k", "", "", "\"Column\" is left out: " + kTableField},
-        {"12k", "", "", "Present Data in the Table Form?\n\"Continuous\" is left out: " + kTable},
+        {"10k", "", "\n[SheetT:Column\n|[Column:Column] \n|]\n", ""},
+        {"11k", "", "", kNoTable},
+        {"12k", "", "\n[ContinuousT:A\n|[A:A] \n|]\n", "Present Data in the Table Form?\n"},
         {"14k", "", "", "Support for Design view is not realised yet.\n"},
         {"15k", "", "", "Support for Layout view is not realised yet.\n"},
         {"16k", "", "", "Support for 12 view is not realised yet.\n"},
@@ -83,15 +84,17 @@ TEST_F(Dispatcher, TheDocumentTypeGoesBeforeTheView) {
         MessageAnswer answer;
         std::string expectedBody, expectedMessage;
     };
-    const std::string label = "dropping a label document is not available yet.\n";
     const std::vector<Case> cases{
-        {"1k", DocumentType::Table, MessageAnswer::Yes, "\n", "\"Letter\" is left out: " + kTable},
+        {"1k", DocumentType::Table, MessageAnswer::Yes,
+         "\n[LetterT:Customer:\n|[CustomerNo:CustomerNo] \n|]\n", ""},
         {"12k", DocumentType::Form, MessageAnswer::Yes, "A: [A:A]\n\n", ""},
         {"12k", DocumentType::ByView, MessageAnswer::No, "A: [A:A]\n\n", "Present Data in the Table Form?\n"},
         {"10k", DocumentType::Form, MessageAnswer::Yes, "Column: [Column:Column]\n\n", ""},
-        {"1k", DocumentType::LabelDocument, MessageAnswer::Yes, "\n", "\"Letter\" is left out: " + label},
+        {"1k", DocumentType::LabelDocument, MessageAnswer::Yes, "[CustomerNo:CustomerNo] [Logo:Logo] \n", ""},
+        {"12k", DocumentType::LabelDocument, MessageAnswer::No, "[A:A] \n",
+         "Present Data in the Table Form?\n"},
         {"14k", DocumentType::LabelDocument, MessageAnswer::Yes, "\n",
-         "Support for Design view is not realised yet.\n\"Design\" is left out: " + label},
+         "Support for Design view is not realised yet.\n"},
     };
     for (const Case& c : cases) {
         open();
@@ -122,9 +125,11 @@ TEST_F(Dispatcher, AFormComesWithAllItsControls) {
               "Logo: [Logo:Logo]\n"
               "Ship to: \n"
               "City: [ShipCity:City]\n"
-              "Empty: \n"
-              "\n");
-    EXPECT_EQ(messages.texts(), "\"Lines\" is left out: " + kTable);
+              "Lines: \n" +
+                  kLines +
+                  "Empty: \n"
+                  "\n");
+    EXPECT_EQ(messages.texts(), "");
     EXPECT_EQ(progress.last, std::pair(5L, 5L));
 }
 

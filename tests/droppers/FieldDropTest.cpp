@@ -68,7 +68,7 @@ TEST_F(FieldDrop, AnImageControlShowsItsPicture) {
 
 TEST_F(FieldDrop, ATableFieldBelongsIntoItsTable) {
     load("<db><Form Name='F'><Control Name='Price'/></Form></db>");
-    const FieldDropArguments arguments{.parentName = "Order Lines", .isTableField = true};
+    const FieldDropArguments arguments{.isTableField = true, .tableName = "OrderLines"};
     open();
     EXPECT_TRUE(dropField(arguments)) << "no table of that name is there";
 

@@ -13,16 +13,18 @@ constexpr int kMostColumns = 63;
 
 }  // namespace
 
-EmbeddedTables::EmbeddedTables(StoryPlace place, CharacterPosition start, CharacterPosition end)
-    : place_(std::move(place)) {
-    for (const FoundTable& found : RangeContents(*place_.story, start, end).tables()) {
-        tables_.push_back(makeTable(place_, found.element, found.inside));
+const std::vector<std::shared_ptr<EmbeddedTable>>& EmbeddedTables::tables() {
+    if (tables_) return *tables_;
+    tables_.emplace();
+    for (const FoundTable& found : RangeContents(*place_.story, start_, end_).tables()) {
+        tables_->push_back(makeTable(place_, found.element, found.inside));
     }
+    return *tables_;
 }
 
 word::TablePtr EmbeddedTables::Item(int number) {
     if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such table.");
-    return tables_[static_cast<std::size_t>(number) - 1];
+    return tables()[static_cast<std::size_t>(number) - 1];
 }
 
 word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "droppers/ControlNodes.h"
+#include "droppers/DropContext.h"
+#include "droppers/FieldSelection.h"
+#include "office/model/word/Cell.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Table.h"
+#include "xml/TreeView.h"
+
+#include <map>
+#include <string>
+
+namespace mergeloom {
+
+/// Makes a table of an object's or subform's fields: captions in the first row, places in the second. A
+/// dropper serves one drop.
+class CNodeDropperTable {
+  public:
+    explicit CNodeDropperTable(DropContext& context) : context_(context) {}
+
+    /// Puts the table behind a new paragraph at the selection, under its bookmark, in place of an earlier
+    /// table of that name, and tells whether it did. The name is the object's or the subform control's. Keys
+    /// choose the columns and their order; without keys the user does, or all fields become columns where no
+    /// user is asked. The caret stands behind the table then.
+    bool TableDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument, const std::string& name,
+                   const FieldKeys* fieldKeys);
+
+    /// Has the fields of a node chosen by the user, or takes all where no user is asked. No keys when there
+    /// are no fields or the user closed the window.
+    FieldKeys chooseFields(const TreeNode& node);
+
+  private:
+    /// One call of TableDrop.
+    struct Drop {
+        const TreeNode& node;
+        const word::DocumentPtr& document;
+        const std::string& name;
+    };
+
+    void ShowFields(const TreeNode& node);
+    void CollectSelectedFields();
+    void mbtnInsert_Click();
+    bool areColumns(const ControlNodes& chosen);
+    bool insertTable(const Drop& drop, const ControlNodes& columns);
+    bool FillTable(const Drop& drop, word::Table& table, const ControlNodes& columns);
+    void fillColumn(const Drop& drop, word::Table& table, word::Cell& caption, const ControlNodes& places);
+    void dropIntoCell(const Drop& drop, word::Cell& cell, const TreeNode& field);
+
+    DropContext& context_;
+    FieldSelection mDialogFields;
+    std::map<int, std::string> keysByIndex_;
+    FieldKeys selectedKeys_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "droppers/ControlNodes.h"
+#include "xml/XmlNodeCollection.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mergeloom {
+
+/// The names that stand in square brackets in a calculated control source, in its order. They count when the
+/// source applies a function or a parenthesis to a field: somewhere in it "(" is followed by "[" (blanks
+/// aside) and closed by ")". Then every name in brackets counts, also outside the parenthesis, so that
+/// "=Sum([Price])*[Qty]" gives Price and Qty. What stands in double quotes is a text and names nothing.
+std::vector<std::string> linkedNames(std::string_view controlSource);
+
+/// The fields among the siblings, other than the field itself, that the field's control source names, letter
+/// case aside, in the order in which it names them.
+ControlNodes GetLinkedFields(const XmlNodeCollection& xmlNodes, const TreeNode& field,
+                             const ControlNodes& siblings);
+
+}  // namespace mergeloom
