@@ -90,6 +90,12 @@ TEST(StoryReader, readsWhatProgramsWrite) {
         EXPECT_EQ(itemsOf(OpenBody(c.body).body().story), c.items) << c.what;
 }
 
+TEST(StoryReader, keepsCommentsThatSplitAText) {
+    OpenBody part("<w:p><w:r><w:t><!-- c -->a<!-- d --><![CDATA[<]]></w:t></w:r></w:p>");
+    part.body().insert(1, "x");
+    EXPECT_EQ(part.bodyXml(), "<w:p><w:r><w:t>ax&lt;<!-- c --><!-- d --></w:t></w:r></w:p>");
+}
+
 TEST(XmlPart, isWrittenAsUtf8WhateverItWasReadFrom) {
     const string xml = "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>\u00FC\u20AC</a>";
     string utf16 = "\xFF\xFE";

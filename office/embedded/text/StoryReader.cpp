@@ -27,14 +27,18 @@ bool isAnchor(pugi::xml_node drawing) {
     return std::string_view(firstElement(drawing).name()).ends_with("anchor");
 }
 
-/// A text element's value in one node; comments or CDATA sections may have split it.
+/// A text element's value in its first node; comments, which stay, or CDATA sections may have split it.
 void joinText(pugi::xml_node element) {
     std::string text;
-    for (const pugi::xml_node child : element.children()) {
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) text += child.value();
+    for (pugi::xml_node child = element.first_child(); child;) {
+        const pugi::xml_node next = child.next_sibling();
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
+            text += child.value();
+            element.remove_child(child);
+        }
+        child = next;
     }
-    element.remove_children();
-    element.append_child(pugi::node_pcdata).set_value(text.c_str());
+    element.prepend_child(pugi::node_pcdata).set_value(text.c_str());
 }
 
 }  // namespace
