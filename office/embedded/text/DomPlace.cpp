@@ -4,8 +4,9 @@
 
 namespace mergeloom::embedded {
 
-DomPlace DomPlaces::forRun(const Item* previous, const Item* next) const {
-    const DomPlace place = forStartMark(previous, next);
+DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_node container) const {
+    DomPlace place = container ? inContainer(previous, next, container) : DomPlace{};
+    if (!place.parent) place = forStartMark(previous, next);
     for (pugi::xml_node node = place.parent; names_.tagOf(node) != WordTag::Paragraph; node = node.parent()) {
         const WordTag tag = names_.tagOf(node);
         if (tag == WordTag::Deletion || tag == WordTag::MoveFrom) {
@@ -53,6 +54,28 @@ DomPlace DomPlaces::firstInParagraph(const Item* next, pugi::xml_node paragraph)
     while (place.parent != paragraph)
         place = {place.parent.parent(), place.parent.previous_sibling()};
     return place;
+}
+
+DomPlace DomPlaces::inContainer(const Item* previous, const Item* next, pugi::xml_node container) const {
+    if (previous && isInside(previous->node, container)) {
+        DomPlace place = behind(previous);
+        while (place.parent != container)
+            place = {place.parent.parent(), place.parent};
+        return place;
+    }
+    if (isInside(next->node, container)) {
+        DomPlace place = before(next);
+        while (place.parent != container)
+            place = {place.parent.parent(), place.parent.previous_sibling()};
+        return place;
+    }
+    // An empty container stands right before next or before the marks there, behind which the text has to go.
+    for (pugi::xml_node behind = container.next_sibling(); behind && previous && previous->isMark();
+         behind = behind.next_sibling()) {
+        if (behind == previous->node) return {};
+        if (names_.tagOf(behind) == WordTag::Run) break;
+    }
+    return {container, container.last_child()};
 }
 
 DomPlace DomPlaces::behind(const Item* item) const {

@@ -19,9 +19,11 @@ class DomPlaces {
   public:
     explicit DomPlaces(const Story& story) : story_(story), names_(story.names()) {}
 
-    /// For a run or another element of the paragraph that next stands in or ends. Raises an AutomationError
+    /// For a run or another element of the paragraph that next stands in or ends. It goes into the container,
+    /// which may be none, when that stands between the two or around one of them. Raises an AutomationError
     /// where no text can stand: behind the last cell of a row, in deleted text.
-    [[nodiscard]] DomPlace forRun(const Item* previous, const Item* next) const;
+    [[nodiscard]] DomPlace forRun(const Item* previous, const Item* next,
+                                  pugi::xml_node container = {}) const;
     /// For the start mark of a bookmark, which may stand in deleted text, too.
     [[nodiscard]] DomPlace forStartMark(const Item* previous, const Item* next) const;
     /// For the end mark of a bookmark whose last character is the previous item.
@@ -37,6 +39,9 @@ class DomPlaces {
     [[nodiscard]] DomPlace inParagraph(const Item* previous, const Item* next) const;
     /// Before the paragraph's first item and outside of all that begins there.
     [[nodiscard]] DomPlace firstInParagraph(const Item* next, pugi::xml_node paragraph) const;
+    /// In a container that stands at the place; a place without parent when it does not.
+    [[nodiscard]] DomPlace inContainer(const Item* previous, const Item* next,
+                                       pugi::xml_node container) const;
     [[nodiscard]] bool isSimpleField(const Item* item) const;
 
     const Story& story_;

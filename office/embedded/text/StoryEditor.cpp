@@ -48,24 +48,40 @@ bool canBeSplit(WordTag tag) {
            tag == WordTag::Insertion || tag == WordTag::MoveTo || tag == WordTag::Direction;
 }
 
+/// Whether what comes behind an item stands in the code of a field. Fields before the place are passed over;
+/// the first other text tells.
+bool standsInCode(const Story& story, const Item* item) {
+    int closed = 0;
+    for (; item; item = ItemTree::previous(item)) {
+        if (item->kind == ItemKind::FieldEnd) ++closed;
+        if (item->kind == ItemKind::FieldBegin && --closed < 0) {
+            return story.names().tagOf(item->node) != WordTag::SimpleField;
+        }
+        const bool tells = closed == 0 && item->takesPlace() && item->kind != ItemKind::FieldBegin;
+        if (tells) return item->kind == ItemKind::FieldCode;
+    }
+    return false;
+}
+
 }  // namespace
 
 CharacterCount StoryEditor::insertText(CharacterPosition position, const std::string& text,
-                                       Formatting formatting) {
+                                       TextSetting setting) {
     story_.check(position, position);
     const CharacterPosition start = position;
     for (std::string_view rest = text; !rest.empty();) {
         if (endsParagraph(rest.front())) {
             insertParagraphMark(position);
+            setting.container = {};  // what follows stands in another paragraph
             takeParagraphEnd(rest);
             position = position + CharacterCount{1};
         } else if (const std::size_t plain = plainLength(rest); plain > 0) {
-            insertPlain(position, rest.substr(0, plain), formatting);
+            insertPlain(position, rest.substr(0, plain), setting);
             position = position + utf16Length(rest.substr(0, plain));
             rest.remove_prefix(plain);
         } else {
             const bool known = rest.front() == '\t' || rest.front() == '\v' || rest.front() == '\f';
-            if (known) insertBreak(position, rest.front(), formatting);
+            if (known) insertBreak(position, rest.front(), setting);
             position = position + CharacterCount{known ? 1 : 0};
             rest.remove_prefix(1);
         }
@@ -73,33 +89,42 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
     return position - start;
 }
 
-void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, Formatting formatting) {
-    if (formatting) splitRun(position);
+void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, const TextSetting& setting) {
+    if (setting.formatting) splitRun(position);
     Item* next = itemBehind(position);
     if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
-    if (!formatting && appendToPrevious(ItemTree::previous(next), position, text)) return;
+    if (!setting.formatting && appendToPrevious(ItemTree::previous(next), position, text)) return;
     splitRun(position);
+    const bool isCode = standsInCode(story_, ItemTree::previous(next));
     const pugi::xml_node run =
-        makeRun(formatting ? *formatting : formattingAt(ItemTree::previous(next), next));
-    const pugi::xml_node element = skeletons_.makeText(std::string(text));
+        makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
+    const pugi::xml_node element = isCode ? makeCode(text) : skeletons_.makeText(std::string(text));
     moveNode(element, run, run.last_child());
-    insertRun(position, run, element, ItemKind::Text, utf16Length(text));
+    const ItemKind kind = isCode ? ItemKind::FieldCode : ItemKind::Text;
+    insertRun(position, run, story_.makeItem(kind, element, utf16Length(text)), setting.container);
 }
 
-void StoryEditor::insertBreak(CharacterPosition position, char character, Formatting formatting) {
+pugi::xml_node StoryEditor::makeCode(std::string_view text) {
+    pugi::xml_node element = skeletons_.makeElement("instrText");
+    element.append_child(pugi::node_pcdata).set_value(std::string(text).c_str());
+    keepBlanks(element);
+    return element;
+}
+
+void StoryEditor::insertBreak(CharacterPosition position, char character, const TextSetting& setting) {
     splitRun(position);
     const Item* next = itemBehind(position);
     const pugi::xml_node run =
-        makeRun(formatting ? *formatting : formattingAt(ItemTree::previous(next), next));
+        makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
     pugi::xml_node element = skeletons_.makeElement(character == '\t' ? "tab" : "br");
     if (character == '\f') element.append_attribute(story_.names().attribute("type").c_str()) = "page";
     moveNode(element, run, run.last_child());
-    insertRun(position, run, element, ItemKind::Character, {1});
+    insertRun(position, run, story_.makeItem(ItemKind::Character, element, {1}), setting.container);
 }
 
 void StoryEditor::insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child) {
     splitRun(position);
-    insertRun(position, run, child, ItemKind::InlineObject, {1});
+    insertRun(position, run, story_.makeItem(ItemKind::InlineObject, child, {1}), {});
 }
 
 void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::string_view text) {
@@ -128,13 +153,13 @@ bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, s
     return true;
 }
 
-void StoryEditor::insertRun(CharacterPosition position, pugi::xml_node run, pugi::xml_node child,
-                            ItemKind kind, CharacterCount length) {
+void StoryEditor::insertRun(CharacterPosition position, pugi::xml_node run, Item* item,
+                            pugi::xml_node container) {
     Item* next = itemBehind(position);
-    const DomPlace place = places_.forRun(ItemTree::previous(next), next);
+    const DomPlace place = places_.forRun(ItemTree::previous(next), next, container);
     journal_.move(story_.part(), run, place.parent, place.after);
-    journal_.insertItem(story_.items(), next, story_.makeItem(kind, child, length));
-    story_.shift(position, {}, length);
+    journal_.insertItem(story_.items(), next, item);
+    story_.shift(position, {}, CharacterCount{item->length});
 }
 
 void StoryEditor::insertParagraphMark(CharacterPosition position) {
@@ -240,19 +265,6 @@ pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
     const pugi::xml_node section = story_.names().child(properties, WordTag::SectionProperties);
     if (section) journal_.remove(story_.part(), section);
     return second;
-}
-
-Formatting StoryEditor::formattingBetween(CharacterPosition start, CharacterPosition end) const {
-    Formatting ofField;
-    for (const Item* item = story_.items().itemAt(start); item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
-        const pugi::xml_node run = places_.inlineElementOf(item);
-        if (story_.names().tagOf(run) != WordTag::Run) continue;
-        const pugi::xml_node properties = story_.names().child(run, WordTag::RunProperties);
-        if (item->kind == ItemKind::Text) return properties;
-        if (!ofField) ofField = properties;
-    }
-    return ofField;
 }
 
 Formatting StoryEditor::formattingAtPlace(CharacterPosition position) const {

@@ -15,6 +15,14 @@ namespace mergeloom::embedded {
 /// place.
 using Formatting = std::optional<pugi::xml_node>;
 
+/// What new text takes on.
+struct TextSetting {
+    Formatting formatting{};
+    /// An element of the paragraph, such as a hyperlink, that the text goes into if it stands at the place;
+    /// it may be empty. None: the text goes outside of what begins or ends at the place.
+    pugi::xml_node container{};
+};
+
 /// Puts text and elements into a story. What comes in at a place stands behind every mark there, so it falls
 /// into a bookmark that starts at the place and not into one that ends there.
 class StoryEditor {
@@ -22,18 +30,15 @@ class StoryEditor {
     StoryEditor(Story& story, WordSkeletons& skeletons, EditJournal& journal)
         : story_(story), skeletons_(skeletons), journal_(journal), places_(story) {}
 
-    /// Puts in text in the formatting given, run properties or none, or else in the one that stands there.
+    /// Puts in text in the formatting given, run properties or none, or else in the one that stands there. In
+    /// a field's code it becomes code.
     /// CR, LF or both together end a paragraph; a tab, a vertical tab (line break) and a form feed (page
     /// break) become their elements; other control characters are left out. Returns how many characters came
     /// in.
-    CharacterCount insertText(CharacterPosition position, const std::string& text,
-                              Formatting formatting = {});
+    CharacterCount insertText(CharacterPosition position, const std::string& text, TextSetting setting = {});
     void insertParagraphMark(CharacterPosition position);
     /// Puts in a run, made in the attic, whose child counts as one character.
     void insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child);
-
-    /// The formatting of the first text between two positions; of a field without a result, the code's.
-    [[nodiscard]] Formatting formattingBetween(CharacterPosition start, CharacterPosition end) const;
 
     /// The formatting that text typed at a place takes on; absent inside a run's text, which it would join.
     [[nodiscard]] Formatting formattingAtPlace(CharacterPosition position) const;
@@ -44,12 +49,12 @@ class StoryEditor {
     void checkSplit(CharacterPosition position) const;
 
   private:
-    void insertPlain(CharacterPosition position, std::string_view text, Formatting formatting);
-    void insertBreak(CharacterPosition position, char character, Formatting formatting);
+    void insertPlain(CharacterPosition position, std::string_view text, const TextSetting& setting);
+    void insertBreak(CharacterPosition position, char character, const TextSetting& setting);
     void insertIntoItem(Item* item, CharacterPosition position, std::string_view text);
     bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text);
-    void insertRun(CharacterPosition position, pugi::xml_node run, pugi::xml_node child, ItemKind kind,
-                   CharacterCount length);
+    void insertRun(CharacterPosition position, pugi::xml_node run, Item* item, pugi::xml_node container);
+    pugi::xml_node makeCode(std::string_view text);
     Item* itemBehind(CharacterPosition position) const;
 
     [[nodiscard]] pugi::xml_node formattingAt(const Item* previous, const Item* next) const;

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Paths.h"
+#include "office/embedded/text/ReplacedText.h"
 #include "office/embedded/word/InlinePicture.h"
 #include "office/embedded/word/TextArea.h"
 
@@ -97,13 +98,18 @@ bool WordContent::hasStyle(const std::string& styleId) {
 
 CharacterCount WordContent::replace(Story& story, CharacterPosition start, CharacterPosition end,
                                     const std::string& text, RunUse runs) {
+    story.check(start, end);
+    const ReplacedText replaced(story, start, end);
+    if (!text.empty()) replaced.checkIsThere();
     touch();
     EditableStory& target = editable(story);
-    Formatting formatting = target.editor().formattingBetween(start, end);
-    if (!formatting && runs == RunUse::Own) formatting = target.editor().formattingAtPlace(start);
+    TextSetting setting = replaced.setting();
+    if (!setting.formatting && runs == RunUse::Own) {
+        setting.formatting = target.editor().formattingAtPlace(start);
+    }
     const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
     target.eraser().erase(start, end);
-    const CharacterCount inserted = target.editor().insertText(start, text, formatting);
+    const CharacterCount inserted = target.editor().insertText(start, text, setting);
     keepBehind(target, behind, start, inserted);
     return inserted;
 }

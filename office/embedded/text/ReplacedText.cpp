@@ -1,0 +1,97 @@
+#include "office/embedded/text/ReplacedText.h"
+
+#include "base/AutomationError.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// Follows the fields that open and close along a story and tells what is code of one of them.
+class CodeTracker {
+  public:
+    explicit CodeTracker(const WordNames& names) : names_(names) {}
+
+    /// Whether the item is part of a field's code or one of its marks.
+    bool isCode(const Item* item) {
+        switch (item->kind) {
+            case ItemKind::FieldBegin:
+                // A simple field's begin holds its code.
+                inCode_.push_back(names_.tagOf(item->node) != WordTag::SimpleField);
+                return true;
+            case ItemKind::FieldSeparator:
+                if (!inCode_.empty()) inCode_.back() = false;
+                return true;
+            case ItemKind::FieldEnd:
+                if (!inCode_.empty()) inCode_.pop_back();
+                return true;
+            default:
+                return item->kind == ItemKind::FieldCode ||
+                       std::find(inCode_.begin(), inCode_.end(), true) != inCode_.end();
+        }
+    }
+
+  private:
+    const WordNames& names_;
+    std::vector<bool> inCode_;  // of the fields that are open, whether their code runs
+};
+
+bool keepsText(WordTag tag) {
+    return tag == WordTag::Hyperlink || tag == WordTag::SmartTag || tag == WordTag::CustomXml ||
+           tag == WordTag::Insertion || tag == WordTag::MoveTo || tag == WordTag::Direction ||
+           tag == WordTag::ContentControlContent;
+}
+
+}  // namespace
+
+ReplacedText::ReplacedText(const Story& story, CharacterPosition start, CharacterPosition end)
+    : story_(story), end_(end) {
+    if (start == end) return;
+    first_ = story.items().itemAt(start);
+    last_ = story.items().itemAt(end - CharacterCount{1});
+}
+
+TextSetting ReplacedText::setting() const {
+    return first_ ? TextSetting{formatting(), container()} : TextSetting{};
+}
+
+void ReplacedText::checkIsThere() const {
+    if (!first_ || !isDeleted(first_) || !isDeleted(last_)) return;
+    throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
+}
+
+Formatting ReplacedText::formatting() const {
+    CodeTracker tracker(story_.names());
+    Formatting ofMark;
+    Formatting ofCode;
+    for (const Item* item = first_; item; item = ItemTree::next(item)) {
+        if (item->takesPlace() && ItemTree::positionOf(item) >= end_) break;
+        const bool isCode = tracker.isCode(item);
+        const pugi::xml_node run = item->node.parent();
+        if (!item->takesPlace() || story_.names().tagOf(run) != WordTag::Run) continue;
+        const pugi::xml_node properties = story_.names().child(run, WordTag::RunProperties);
+        if (!isCode) return properties;
+        if (!ofMark) ofMark = properties;
+        if (!ofCode && item->kind == ItemKind::FieldCode) ofCode = properties;
+    }
+    return ofCode ? ofCode : ofMark;
+}
+
+pugi::xml_node ReplacedText::container() const {
+    if (first_->kind == ItemKind::ParagraphMark || first_->kind == ItemKind::RowMark) return {};
+    pugi::xml_node element = first_->node.parent();
+    while (element && element != story_.root() && story_.names().tagOf(element) != WordTag::Paragraph) {
+        if (keepsText(story_.names().tagOf(element)) && isInside(last_->node, element)) return element;
+        element = element.parent();
+    }
+    return {};
+}
+
+bool ReplacedText::isDeleted(const Item* item) const {
+    return story_.names().ancestor(item->node, WordTag::Deletion) ||
+           story_.names().ancestor(item->node, WordTag::MoveFrom);
+}
+
+}  // namespace mergeloom::embedded

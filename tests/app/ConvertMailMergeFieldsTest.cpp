@@ -1,0 +1,277 @@
+#include "app/ConvertMailMergeFields.h"
+#include "base/Text.h"
+#include "doubles/WordFiles.h"
+#include "office/factory/OfficeFactory.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Documents.h"
+#include "office/model/word/Fields.h"
+
+#include <gmock/gmock.h>
+
+#include <vector>
+
+namespace mergeloom {
+namespace {
+
+class RecordingErrors final : public ErrorHandler {
+  public:
+    void report(const ErrorReport& report) override {
+        reports.push_back(report.module + "." + report.procedure + ": " + report.description);
+    }
+    std::vector<std::string> reports;
+};
+
+std::string paragraph(const std::string& content) {
+    return "<w:p>" + content + "</w:p>";
+}
+std::string run(const std::string& content, const std::string& formatting = "") {
+    return "<w:r>" + (formatting.empty() ? "" : "<w:rPr>" + formatting + "</w:rPr>") + content + "</w:r>";
+}
+std::string text(const std::string& text, const std::string& formatting = "") {
+    return run("<w:t>" + text + "</w:t>", formatting);
+}
+std::string code(const std::string& text, const std::string& formatting = "") {
+    return run("<w:instrText xml:space=\"preserve\">" + text + "</w:instrText>", formatting);
+}
+std::string mark(const std::string& type, const std::string& formatting = "") {
+    return run("<w:fldChar w:fldCharType=\"" + type + "\"/>", formatting);
+}
+const std::string kBegin = mark("begin");
+const std::string kSeparate = mark("separate");
+const std::string kEnd = mark("end");
+std::string field(const std::string& codeText, const std::string& result = text("old")) {
+    return kBegin + code(codeText) + kSeparate + result + kEnd;
+}
+std::string simple(const std::string& codeText, const std::string& result = text("old")) {
+    return "<w:fldSimple w:instr=\"" + replaceAll(codeText, "\"", "&quot;") + "\">" + result +
+           "</w:fldSimple>";
+}
+
+class Conversion : public testing::Test {
+  protected:
+    word::DocumentPtr open(const std::string& body) {
+        files.files["/letter.docx"] = wordFile(body);
+        return office->Documents()->Open("/letter.docx");
+    }
+    /// The body after both passes, as `shownBody` shows it.
+    std::string converted(const std::string& body) {
+        errors.reports.clear();
+        const word::DocumentPtr document = open(body);
+        ConvertMailMergeFields conversion{[this] { return office; }, files, errors};
+        conversion.SetTemplate(document);
+        conversion.Execute();
+        result = conversion.result();
+        return shown(*document, files);
+    }
+    /// The XML of the body after both passes.
+    std::string convertedXml(const std::string& body) {
+        (void)converted(body);
+        const std::string xml =
+            embedded::Package::read(files.files["/shown.docx"], "shown.docx").readPart(kMainPart);
+        const std::size_t start = xml.find("<w:body>") + 8;
+        return xml.substr(start, xml.find("</w:body>") - start);
+    }
+
+    MemoryFileStore files;
+    RecordingErrors errors;
+    word::ApplicationPtr office = makeWordApplication(OfficeKind::Embedded, files);
+    ConversionResult result;
+};
+
+TEST_F(Conversion, FieldShapes) {
+    struct Case {
+        std::string fields;
+        std::string expected;
+        int places;
+        int removed;
+    };
+    const std::string nameInCode = kBegin + code(" QUOTE ") + field(" MERGEFIELD Inner ", text("Result")) +
+                                   code(" ") + kSeparate + text("old") + kEnd;
+    const std::vector<Case> cases{
+        // the name and what stands around it in the code
+        {field(" MERGEFIELD Town "), "[Town:Town]", 1, 0},
+        {field("MERGEFIELD \"Town\" \\* MERGEFORMAT"), "[Town:Town]", 1, 0},
+        {field(" mergefield 2nd-Town \\b \"before\" "), "[x2ndTown:x2ndTown]", 1, 0},
+        {field(" MERGEFIELD \"Post Code\" "), "[Post:Post]", 1, 0},
+        {field(" QUOTE \"Town\" "), "[Town:Town]", 1, 0},
+        {field(" QUOTE Stra\u00DFe "), "[Stra\u00DFe:Stra\u00DFe]", 1, 0},
+        {field(" IF x = y \"Town\" \"\" "), "[Town:Town]", 1, 0},
+        // the shape
+        {simple(" MERGEFIELD Town "), "[Town:Town]", 1, 0},
+        {simple(" MERGEFIELD Town ", ""), "[Town:Town]", 1, 0},
+        {kBegin + code(" MERGE") + code("FIELD To") + code("wn ") + kSeparate + text("o") + text("ld") + kEnd,
+         "[Town:Town]", 1, 0},
+        {kBegin + code(" MERGEFIELD Town ") + kEnd, "[Town:Town]", 1, 0},
+        {run("<w:fldChar w:fldCharType=\"begin\"/><w:instrText>MERGEFIELD Town</w:instrText>"
+             "<w:fldChar w:fldCharType=\"separate\"/><w:t>old</w:t><w:fldChar w:fldCharType=\"end\"/>"),
+         "[Town:Town]", 1, 0},
+        {field("MERGEFIELD A") + field("MERGEFIELD B"), "[A:A][B:B]", 2, 0},
+        // fields in fields
+        {nameInCode, "[Result:Result]", 1, 0},
+        {field("QUOTE Outer", text("a") + field("QUOTE Inner") + text("b")), "[Outer:Outer]", 1, 0},
+        {field("PAGE", field("MERGEFIELD Inner")), "PAGE[Inner:Inner]", 1, 0},
+        {simple("PAGE", field("MERGEFIELD Inner")), "[Inner:Inner]", 1, 0},
+        {kBegin + code(" INCLUDEPICTURE ") + field("MERGEFIELD Path") + kSeparate + text("old") + kEnd,
+         " INCLUDEPICTURE [Path:Path]old", 1, 0},
+        // what is no old field, or names nothing
+        {field(" PAGE "), " PAGE old", 0, 0},
+        {kBegin + code("MERGEFIELD Open"), "MERGEFIELD Open", 0, 0},
+        {kBegin + code("MERGEFIELD Open") + field("MERGEFIELD Town"), "MERGEFIELD Open[Town:Town]", 1, 0},
+        {field("MERGEFIELD Town") + kEnd, "[Town:Town]", 1, 0},
+        {field("MERGEFIELD"), "", 0, 1},
+        {field("NEXT"), "", 0, 1},
+        {field("MERGEFIELD ***"), "", 0, 1},
+        {field("MERGEFIELD \"\""), "MERGEFIELD \"\"old", 0, 0},
+        // where a name occurs twice, the later place has the bookmark
+        {field("MERGEFIELD A") + text(",") + field("MERGEFIELD a"), "A,[a:a]", 2, 0},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(converted(paragraph(text("&lt;") + c.fields + text("&gt;"))),
+                  "&lt;" + c.expected + "&gt;\n")
+            << c.fields;
+        EXPECT_EQ(result.places, c.places) << c.fields;
+        EXPECT_EQ(result.removed, c.removed) << c.fields;
+        EXPECT_THAT(errors.reports, testing::IsEmpty()) << c.fields;
+    }
+    EXPECT_THAT(result.movedBookmarks, testing::ElementsAre("a"));
+}
+
+TEST_F(Conversion, PlacesOfFields) {
+    const std::string town = field("MERGEFIELD Town");
+    const auto cell = [](const std::string& content) { return "<w:tc>" + paragraph(content) + "</w:tc>"; };
+    const auto table = [](const std::string& cells) { return "<w:tbl><w:tr>" + cells + "</w:tr></w:tbl>"; };
+    struct Case {
+        std::string body;
+        std::string expected;
+    };
+    const std::vector<Case> cases{
+        {paragraph(town), "[Town:Town]\n"},
+        {paragraph(kBegin + code("MERGEFIELD ")) + paragraph(code("Town")) +
+             paragraph(kSeparate + text("old")) + paragraph(kEnd + text("b")),
+         "[Town:Town]b\n"},
+        {paragraph(kBegin + code("IF a = b Town") + kSeparate + text("x")) + table(cell(text("y"))) +
+             paragraph(text("z") + kEnd),
+         "[Town:Town]\n"},
+        {table(cell(town) + cell(text("b"))), "[Town:Town]\n|b\n|"},
+        // a field that begins and ends in different cells cannot go without the table
+        {table(cell(kBegin + code("MERGEFIELD Town") + kSeparate) + cell(kEnd)), "MERGEFIELD Town\n|\n|"},
+        // the place stays in what surrounds the field
+        {paragraph("<w:hyperlink w:anchor=\"a\">" + town + "</w:hyperlink>"), "[Town:Town]\n"},
+        {paragraph("<w:sdt><w:sdtContent>" + town + "</w:sdtContent></w:sdt>"), "[Town:Town]\n"},
+        {paragraph("<w:del w:id=\"1\">" + text("a") + "</w:del>" + town + "<w:del w:id=\"2\">" + text("b") +
+                   "</w:del>"),
+         "a[Town:Town]b\n"},
+        // a field that was deleted does not come back as a place
+        {paragraph(text("a") + "<w:del w:id=\"1\">" + town + "</w:del>" + text("b")), "ab\n"},
+        {paragraph("<w:del w:id=\"1\">" + text("a") + town + text("b") + "</w:del>"), "ab\n"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(converted(c.body), c.expected) << c.body;
+        EXPECT_THAT(errors.reports, testing::IsEmpty()) << c.body;
+    }
+}
+
+TEST_F(Conversion, TheTextTakesTheFormattingOfTheResult) {
+    const std::string bold = "<w:b/>", italic = "<w:i/>";
+    struct Case {
+        std::string fields;
+        std::string formatting;
+    };
+    const std::vector<Case> cases{
+        {field("MERGEFIELD Town", text("old", bold)), bold},
+        {kBegin + code("MERGEFIELD Town", italic) + kSeparate + text("o", bold) + text("ld") + kEnd, bold},
+        {simple("MERGEFIELD Town", text("old", bold)), bold},
+        {mark("begin", italic) + code("MERGEFIELD Town", italic) + kSeparate + text("old") +
+             mark("end", italic),
+         ""},
+        // without a result the code is what there is
+        {kBegin + code("MERGEFIELD Town", bold) + kEnd, bold},
+        // the result of a field in the code is not the field's own
+        {kBegin + code("QUOTE Town ") + field("QUOTE", text("x", italic)) + kSeparate + text("old", bold) +
+             kEnd,
+         bold},
+        {field("MERGEFIELD Town", run("<w:tab/>", bold) + text("old")), bold},
+    };
+    for (const Case& c : cases) {
+        const std::string properties = c.formatting.empty() ? "" : "<w:rPr>" + c.formatting + "</w:rPr>";
+        EXPECT_THAT(convertedXml(paragraph(text("a", "<w:u/>") + c.fields + text("b", "<w:u/>"))),
+                    testing::HasSubstr("<w:r>" + properties + "<w:t>Town</w:t></w:r>"))
+            << c.fields;
+    }
+}
+
+TEST_F(Conversion, ContainersKeepTheirPlaces) {
+    const std::string town = field("MERGEFIELD Town");
+    for (const std::string container : {"w:hyperlink", "w:ins", "w:smartTag"}) {
+        EXPECT_THAT(
+            convertedXml(paragraph("<" + container + ">" + town + "</" + container + ">")),
+            testing::ContainsRegex("<" + container + "><w:r><w:t>Town</w:t></w:r></" + container + ">"));
+    }
+    EXPECT_THAT(convertedXml(paragraph("<w:sdt><w:sdtContent>" + town + "</w:sdtContent></w:sdt>")),
+                testing::HasSubstr("<w:sdtContent><w:r>"));
+}
+
+TEST_F(Conversion, TextInTheCodeOfAnotherFieldIsCode) {
+    const std::string fields =
+        kBegin + code("INCLUDEPICTURE ") + field("MERGEFIELD Path") + kSeparate + text("old") + kEnd;
+    EXPECT_THAT(convertedXml(paragraph(fields)), testing::HasSubstr("<w:instrText>Path</w:instrText>"));
+}
+
+TEST_F(Conversion, ACodeOfTooFewWordsEndsTheQuillbindPassOnly) {
+    EXPECT_EQ(
+        converted(paragraph(field("QUOTE A") + field("IF a = b") + field("QUOTE B") + field("MERGEFIELD C"))),
+        "[A:A]IF a = boldQUOTE Bold[C:C]\n");
+    EXPECT_TRUE(result.failed);
+    EXPECT_THAT(errors.reports,
+                testing::ElementsAre("ConvertMailMergeFields.ConvertQuillbindFields: The field "
+                                     "'IF a = b' has too few words."));
+}
+
+TEST_F(Conversion, ADocumentThatWasHandedInIsNotClosed) {
+    const word::DocumentPtr document = open(paragraph(field("MERGEFIELD A")));
+    const std::string before = files.files["/letter.docx"];
+    {
+        ConvertMailMergeFields conversion{[this] { return office; }, files, errors};
+        conversion.SetTemplate(document);
+        conversion.Execute();
+    }
+    EXPECT_EQ(office->Documents()->Count(), 1);
+    EXPECT_EQ(files.files["/letter.docx"], before);
+    EXPECT_FALSE(document->Saved());
+}
+
+TEST_F(Conversion, ADocumentThatWasNamedIsSavedAndClosed) {
+    for (const bool runs : {true, false}) {
+        const word::DocumentPtr other = runs ? office->Documents()->Add("") : nullptr;
+        files.files["/letter.docx"] = wordFile(paragraph(field("MERGEFIELD A")));
+        {
+            ConvertMailMergeFields conversion{[this] { return office; }, files, errors};
+            conversion.SetTemplatePath("/letter.docx");
+            conversion.Template();
+            if (runs) conversion.Execute();
+        }
+        EXPECT_EQ(shownBody(files.files["/letter.docx"]), runs ? "[A:A]\n" : "MERGEFIELD Aold\n");
+        EXPECT_EQ(office->Documents()->Count(), runs ? 1 : 0);
+        office->Quit(word::WdSaveOptions::wdDoNotSaveChanges);
+    }
+}
+
+TEST_F(Conversion, ATemplateThatCannotBeOpenedIsNotFound) {
+    files.files["/broken.docx"] = "no document";
+    for (const char* path : {"/missing.docx", "/broken.docx", ""}) {
+        ConvertMailMergeFields conversion{[this] { return office; }, files, errors};
+        conversion.SetTemplatePath(path);
+        try {
+            conversion.Execute();
+            ADD_FAILURE() << path;
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.number(), kTemplateNotFound);
+            EXPECT_EQ(error.description(), "Template is not found");
+        }
+    }
+    EXPECT_EQ(files.files["/broken.docx"], "no document");
+    EXPECT_THAT(errors.reports, testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace mergeloom
