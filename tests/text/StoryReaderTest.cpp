@@ -48,7 +48,8 @@ TEST(StoryReader, readsWhatProgramsWrite) {
     const string text = "<w:r><w:t>a</w:t></w:r>";
     const std::vector<Case> cases = {
         {"a printed layout", "\n <w:p>\n  <w:r>\n   <w:t>a</w:t>\n  </w:r>\n </w:p>\n", "'a' P"},
-        {"a story that ends with a table", "<w:tbl><w:tr><w:tc><w:p/></w:tc></w:tr></w:tbl>", "P R"},
+        {"a story that ends with a table", "<w:tbl><w:tr><w:tc><w:p/></w:tc></w:tr></w:tbl>", "P R P"},
+        {"a story without a paragraph", "<w:sectPr/>", "P"},
         {"text in pieces",
          "<w:p><w:r><w:t>a<!-- c -->b<![CDATA[<]]></w:t><w:t/><w:t><!-- --></w:t></w:r></w:p>", "'ab<' P"},
         {"alternatives in a paragraph",

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <unordered_map>
@@ -45,8 +46,19 @@ void joinText(pugi::xml_node element) {
 
 void StoryReader::read() {
     readChildren(story_.root_);
+    endWithParagraph();
     pairMarks();
     story_.items_.build(items_);
+}
+
+void StoryReader::endWithParagraph() {
+    const auto takesPlace = [](const Item* item) { return item->takesPlace(); };
+    const auto last = std::find_if(items_.rbegin(), items_.rend(), takesPlace);
+    if (last != items_.rend() && (*last)->kind == ItemKind::ParagraphMark) return;
+    const std::string name = names_.element("p");
+    const pugi::xml_node section = names_.child(story_.root_, WordTag::SectionProperties);
+    add(ItemKind::ParagraphMark, section ? story_.root_.insert_child_before(name.c_str(), section)
+                                         : story_.root_.append_child(name.c_str()));
 }
 
 void StoryReader::pairMarks() {

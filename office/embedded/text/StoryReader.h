@@ -28,6 +28,8 @@ class StoryReader {
     void readDrawing(pugi::xml_node runChild, pugi::xml_node drawing);
     void collectTextBoxes(pugi::xml_node node);
     void add(ItemKind kind, pugi::xml_node node, CharacterCount length = {1});
+    /// Word's stories end with a paragraph, those of other programs now and then with a table or nothing.
+    void endWithParagraph();
     void pairMarks();
     void listBookmark(Item* start, Item* end);
     void collectCopies(pugi::xml_node fallback);
