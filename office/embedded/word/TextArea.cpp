@@ -59,7 +59,24 @@ class SectionReader {
                 return section;
             }
         }
-        return names_.child(story_.root(), WordTag::SectionProperties);
+        return lastSection();
+    }
+
+    /// The properties that end the body. They stand last in it (ECMA-376 Part 1, 17.2.2), with nothing but
+    /// marks behind them, so the body is not searched from its start.
+    [[nodiscard]] pugi::xml_node lastSection() const {
+        for (pugi::xml_node node = story_.root().last_child(); node; node = node.previous_sibling()) {
+            switch (names_.tagOf(node)) {
+                case WordTag::SectionProperties:
+                    return node;
+                case WordTag::Paragraph:
+                case WordTag::Table:
+                    return {};
+                default:
+                    break;
+            }
+        }
+        return {};
     }
 
     [[nodiscard]] std::int64_t columnWidth(pugi::xml_node section) const {
