@@ -31,8 +31,8 @@ class Contender:
             sys.exit(f"failed with status {status}: {' '.join(self.command)}")
         return Timing(wall, usage.ru_utime + usage.ru_stime)
 
-    def peak_memory(self):
-        """The peak resident memory of a run in MB, the median of three runs.
+    def peak_memory(self, runs=3):
+        """The peak resident memory of a run in MB, the median of several runs.
 
         A process inherits the peak of the one that starts it, so a small program has to start it, not this one.
         """
@@ -41,7 +41,7 @@ class Contender:
             command = ["/usr/bin/time", "-q", "-f", "%M", *self.command]
             told = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=True)
             return int(told.stderr.split()[-1]) / 1024
-        return statistics.median(run() for _ in range(3))
+        return statistics.median(run() for _ in range(runs))
 
     def require_bookmarks(self, expected):
         """Ends the benchmark when a run does not write what it is measured for."""
@@ -59,10 +59,10 @@ class Timing:
 
 
 def take_turns(contenders, runs):
-    """The timings of each contender. They take turns, so that whatever else the machine does falls on all of
-    them alike; a first round fills the file cache and is not counted."""
-    rounds = [[contender.run() for contender in contenders] for _ in range(runs + 1)]
-    return [list(timings) for timings in zip(*rounds[1:])]
+    """The timings of each contender, which ran once before. They take turns, so that whatever else the machine
+    does falls on all of them alike."""
+    rounds = [[contender.run() for contender in contenders] for _ in range(runs)]
+    return [list(timings) for timings in zip(*rounds)]
 
 
 def ratios(timings, others, kind="wall"):
