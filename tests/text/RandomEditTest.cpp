@@ -182,7 +182,7 @@ class RandomEdits {
         string fault;
         const string error = errorOf([&] { edit(story); });
         if (!error.empty()) ++refused_;
-        const bool mayBeHalfDone = edit_.starts_with("insert");
+        const bool mayBeHalfDone = edit_.starts_with("insert") || edit_.starts_with("size");
         if (!error.empty() && !mayBeHalfDone && state() != before) return edit_ + error + ": not whole";
         fault = check() + checkFinder(story);
         if (error.empty() && fault.empty() && charactersOf(story.story) != characters_)
@@ -215,7 +215,7 @@ class RandomEdits {
         end = std::min(end, CharacterPosition{story.story.length().value});
         const auto places = std::to_string(start.value) + "-" + std::to_string(end.value);
         BookmarkRecord* record = part_.table.find(kNames[number(kNames.size())]);
-        switch (number(6)) {
+        switch (number(8)) {
             case 0:
             case 1:
                 return insert(story, start, kTexts[number(kTexts.size())]);
@@ -234,6 +234,11 @@ class RandomEdits {
                 edit_ = "remove " + record->name;
                 places_.erase(record->name);
                 return story.bookmarks.remove(*record);
+            case 5:
+                edit_ = "size of " + places;
+                return story.fonts.setSize(start, end, 24);
+            case 6:
+                return insertTable(story, start);
             default:
                 if (record && record->story == &story.story) move(story, *record, start);
         }
@@ -253,6 +258,16 @@ class RandomEdits {
             if (place.second > at.value) place.second += count;
         }
         EXPECT_EQ(story.editor.insertText(at, text).value, count);
+    }
+
+    void insertTable(OpenStory& story, CharacterPosition at) {
+        edit_ = "insert a table at " + std::to_string(at.value);
+        Item* row =
+            story.tables.insertTable(at, {.rows = 1, .columns = 2, .width = 100, .hasGridStyle = true});
+        story.tables.appendRow(story.story.tableOf(row), row);
+        // Where it stands is for the tests of tables to say.
+        characters_ = charactersOf(story.story);
+        places_ = placesOf(story.story);
     }
 
     void erase(OpenStory& story, CharacterPosition start, CharacterPosition end) {

@@ -4,10 +4,12 @@
 #include "base/Text.h"
 #include "office/embedded/text/BookmarkEditor.h"
 #include "office/embedded/text/BookmarkFinder.h"
+#include "office/embedded/text/FontEditor.h"
 #include "office/embedded/text/LiveSpan.h"
 #include "office/embedded/text/Story.h"
 #include "office/embedded/text/StoryEditor.h"
 #include "office/embedded/text/StoryEraser.h"
+#include "office/embedded/text/TableEditor.h"
 
 #include <deque>
 #include <memory>
@@ -32,6 +34,8 @@ struct OpenStory {
           editor(story, skeletons, journal),
           bookmarks(story, editor, skeletons, journal, table),
           eraser(story, bookmarks, journal),
+          tables(story, editor, skeletons, journal),
+          fonts(story, editor, skeletons, journal),
           finder(story) {}
 
     void erase(int start, int end) { eraser.erase({start}, {end}); }
@@ -41,6 +45,8 @@ struct OpenStory {
     StoryEditor editor;
     BookmarkEditor bookmarks;
     StoryEraser eraser;
+    TableEditor tables;
+    FontEditor fonts;
     BookmarkFinder finder;
 };
 

@@ -188,8 +188,8 @@ void StoryEditor::insertParagraphMark(CharacterPosition position) {
 void StoryEditor::splitRun(CharacterPosition position) {
     Item* next = story_.items().itemAt(position);
     if (!next) return;
-    const CharacterPosition start = ItemTree::positionOf(next);
     checkSplit(position);
+    const CharacterPosition start = ItemTree::positionOf(next);
     if (start != position) return splitText(next, position - start);
     const Item* previous = ItemTree::previous(next);
     if (!previous || previous->node.parent() != next->node.parent()) return;
@@ -199,8 +199,10 @@ void StoryEditor::splitRun(CharacterPosition position) {
 
 void StoryEditor::checkSplit(CharacterPosition position) const {
     const Item* item = story_.items().itemAt(position);
-    const bool splits = item && item->kind != ItemKind::Text && ItemTree::positionOf(item) != position;
-    if (splits) throw AutomationError(kCommandFailed, "A field's code cannot be split at this place.");
+    if (!item || ItemTree::positionOf(item) == position) return;
+    story_.check(position, position);
+    const bool isText = item->kind == ItemKind::Text;
+    if (!isText) throw AutomationError(kCommandFailed, "A field's code cannot be split at this place.");
 }
 
 void StoryEditor::splitText(Item* item, CharacterCount before) {

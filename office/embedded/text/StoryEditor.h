@@ -45,7 +45,7 @@ class StoryEditor {
 
     /// Makes a run end and another begin at the position, if text stands there.
     void splitRun(CharacterPosition position);
-    /// Raises an AutomationError where splitRun cannot do that: in the code of a field.
+    /// Raises an AutomationError where splitRun cannot do that: in the code of a field, in a character.
     void checkSplit(CharacterPosition position) const;
 
   private:
