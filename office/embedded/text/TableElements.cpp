@@ -1,6 +1,7 @@
 #include "office/embedded/text/TableElements.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace mergeloom::embedded {
@@ -47,7 +48,9 @@ std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const WordNames& names) 
 
 int columnCountOf(pugi::xml_node table, const WordNames& names) {
     const pugi::xml_node grid = table.child(names.element("tblGrid").c_str());
-    const auto columns = grid.children(names.element("gridCol").c_str());
+    // The children keep no copy of the name that they are asked for.
+    const std::string name = names.element("gridCol");
+    const auto columns = grid.children(name.c_str());
     const auto count = static_cast<int>(std::distance(columns.begin(), columns.end()));
     if (count > 0) return count;
     std::size_t longest = 0;
