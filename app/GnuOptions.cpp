@@ -134,10 +134,8 @@ Makes a Word template from a structure document.
 
   --places FILE       list the named places of a document and end
   --json              list them as JSON
-  --convert-fields FILE
-                      turn the merge fields of a document into places and end;
-                      the file as it was is kept as FILE.bak
-  --output FILE       write the converted document there instead
+  --convert-fields FILE  make places of a document's merge fields and end
+  --output FILE       write that document here; without it FILE.bak is kept
   --office=NAME       the office that does the work: embedded or libreoffice
   --exit-status       end with 1 when the mapping failed
   --version, --help   tell the version; show this text

@@ -152,9 +152,10 @@ TEST_F(Conversion, PlacesOfFields) {
         {paragraph(kBegin + code("IF a = b Town") + kSeparate + text("x")) + table(cell(text("y"))) +
              paragraph(text("z") + kEnd),
          "[Town:Town]\n"},
-        {table(cell(town) + cell(text("b"))), "[Town:Town]\n|b\n|"},
+        {table(cell(town) + cell(text("b"))) + paragraph(""), "[Town:Town]\n|b\n|\n"},
         // a field that begins and ends in different cells cannot go without the table
-        {table(cell(kBegin + code("MERGEFIELD Town") + kSeparate) + cell(kEnd)), "MERGEFIELD Town\n|\n|"},
+        {table(cell(kBegin + code("MERGEFIELD Town") + kSeparate) + cell(kEnd)) + paragraph(""),
+         "MERGEFIELD Town\n|\n|\n"},
         // the place stays in what surrounds the field
         {paragraph("<w:hyperlink w:anchor=\"a\">" + town + "</w:hyperlink>"), "[Town:Town]\n"},
         {paragraph("<w:sdt><w:sdtContent>" + town + "</w:sdtContent></w:sdt>"), "[Town:Town]\n"},
@@ -215,6 +216,55 @@ TEST_F(Conversion, TextInTheCodeOfAnotherFieldIsCode) {
     const std::string fields =
         kBegin + code("INCLUDEPICTURE ") + field("MERGEFIELD Path") + kSeparate + text("old") + kEnd;
     EXPECT_THAT(convertedXml(paragraph(fields)), testing::HasSubstr("<w:instrText>Path</w:instrText>"));
+}
+
+/// A text box that stands again, as another program would show it.
+std::string textBox(const std::string& content, const std::string& copy) {
+    return run("<mc:AlternateContent xmlns:mc=\"m\"><mc:Choice><w:drawing><w:txbxContent>" + content +
+               "</w:txbxContent></w:drawing></mc:Choice><mc:Fallback>" + copy +
+               "</mc:Fallback></mc:AlternateContent>");
+}
+std::string picture(const std::string& content) {
+    return "<w:pict><w:txbxContent>" + content + "</w:txbxContent></w:pict>";
+}
+
+TEST_F(Conversion, TheOtherBranchesOfTextBoxesFollow) {
+    const std::string inside = paragraph(field("MERGEFIELD Town"));
+    const std::string place = paragraph("<w:bookmarkStart w:id=\"0\" w:name=\"Town\"/>" + text("Town") +
+                                        "<w:bookmarkEnd w:id=\"0\"/>");
+    const std::string placeCopy = paragraph(text("Town"));
+    const std::string inner = textBox(inside, picture(inside));
+    struct Case {
+        std::string body;
+        std::string expected;
+    };
+    const std::vector<Case> cases{
+        {textBox(inside, picture(inside)), textBox(place, picture(placeCopy))},
+        {textBox(inside, "<w:pict/>"), textBox(place, "<w:pict/>")},
+        {textBox(paragraph(inner), picture(paragraph(inner))),
+         textBox(paragraph(textBox(place, picture(placeCopy))),
+                 picture(paragraph(textBox(placeCopy, picture(placeCopy)))))},
+        // copies that cannot be told apart go
+        {textBox(inside, picture(inside) + picture(inside)),
+         replaceAll(textBox(place, ""), "<mc:Fallback></mc:Fallback>", "")},
+        {replaceAll(textBox(inside, inside), "w:txbxContent", "w:other"),
+         replaceAll(textBox(inside, inside), "w:txbxContent", "w:other")},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(convertedXml(paragraph(c.body)), paragraph(c.expected));
+    }
+    const std::string branches = "<mc:AlternateContent xmlns:mc=\"m\"><mc:Choice>" +
+                                 field("MERGEFIELD Town") + "</mc:Choice><mc:Fallback>" +
+                                 field("MERGEFIELD Town") + "</mc:Fallback></mc:AlternateContent>";
+    EXPECT_THAT(convertedXml(paragraph(branches)), testing::Not(testing::HasSubstr("MERGEFIELD")));
+}
+
+TEST_F(Conversion, FieldsInTheTextBoxOfAFieldGoWithIt) {
+    const std::string box = run("<w:drawing><w:txbxContent>" + paragraph(field("MERGEFIELD Town")) +
+                                "</w:txbxContent></w:drawing>");
+    EXPECT_EQ(converted(paragraph(field("QUOTE A", box) + field("MERGEFIELD Town"))), "[A:A][Town:Town]\n");
+    EXPECT_EQ(result.places, 2);
+    EXPECT_THAT(result.movedBookmarks, testing::IsEmpty());
 }
 
 TEST_F(Conversion, ACodeOfTooFewWordsEndsTheQuillbindPassOnly) {

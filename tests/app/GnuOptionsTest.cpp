@@ -39,6 +39,10 @@ TEST(GnuOptions, ChooseTheTask) {
     const GnuOptions json = read({"--json", "--places=a=b.docx"});
     EXPECT_EQ(json.placesFile, "a=b.docx");
     EXPECT_EQ(json.placesFormat, PlacesFormat::Json);
+    const GnuOptions fields = read({"--output", "b.docx", "--convert-fields=a.docx"});
+    EXPECT_EQ(fields.task, Task::ConvertFields);
+    EXPECT_EQ(fields.fieldsFile, "a.docx");
+    EXPECT_EQ(fields.outputFile, "b.docx");
 }
 
 TEST(GnuOptions, SayWhatIsWrong) {
@@ -57,6 +61,10 @@ TEST(GnuOptions, SayWhatIsWrong) {
         {{"--office="}, "Option '--office' needs 'embedded' or 'libreoffice'."},
         {{"--json", "-hidden"}, "Option '--json' needs '--places FILE'."},
         {{"--places", "a.docx", "b.docx"}, "'b.docx' has no meaning behind '--places'."},
+        {{"--convert-fields", "a.docx", "b.docx"}, "'b.docx' has no meaning behind '--convert-fields'."},
+        {{"--places=a", "--convert-fields=a"},
+         "Options '--places' and '--convert-fields' cannot stand together."},
+        {{"--output", "a.docx", "-hidden"}, "Option '--output' needs '--convert-fields FILE'."},
     };
     for (const Case& one : cases) {
         try {
@@ -74,8 +82,8 @@ TEST(GnuOptions, HaveAHelpOfOneScreen) {
     for (const std::string_view name : split(kSwitchNames, ';')) {
         EXPECT_THAT(help, HasSubstr("\n  -" + std::string(name) + " "));
     }
-    for (const char* option :
-         {"--places FILE", "--json", "--office=NAME", "--exit-status", "--version", "--help"}) {
+    for (const char* option : {"--places FILE", "--json", "--convert-fields FILE", "--output FILE",
+                               "--office=NAME", "--exit-status", "--version", "--help"}) {
         EXPECT_THAT(help, HasSubstr(option));
     }
     const std::vector<std::string_view> lines = split(help, '\n');

@@ -86,6 +86,10 @@ Story::Story(XmlPart& part, const WordNames& names, pugi::xml_node root, std::st
     StoryReader(*this, bookmarks).read();
 }
 
+bool Story::isPlaced() const {
+    return isInside(root_, part_.root());
+}
+
 Item* Story::makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length) {
     Item& item = pool_.emplace_back();
     item.kind = kind;

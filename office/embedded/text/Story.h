@@ -30,6 +30,8 @@ class Story {
     [[nodiscard]] XmlPart& part() const { return part_; }
     [[nodiscard]] const WordNames& names() const { return names_; }
     [[nodiscard]] pugi::xml_node root() const { return root_; }
+    /// Whether the story is in its part; that of a text box goes with the text that the box stood in.
+    [[nodiscard]] bool isPlaced() const;
     [[nodiscard]] ItemTree& items() { return items_; }
     [[nodiscard]] const ItemTree& items() const { return items_; }
 

@@ -59,7 +59,7 @@ void EmbeddedField::Delete() {
 }
 
 Stretch EmbeddedField::whole() const {
-    if (!items_.begin->placed || !items_.end->placed) {
+    if (!place_.story->isPlaced() || !items_.begin->placed || !items_.end->placed) {
         throw AutomationError(kObjectDeleted, "The field has been deleted.");
     }
     return {ItemTree::positionOf(items_.begin), ItemTree::positionOf(items_.end) + CharacterCount{1}};

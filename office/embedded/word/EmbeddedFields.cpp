@@ -30,7 +30,7 @@ void collect(const StoryPlace& place, CharacterPosition start, CharacterPosition
 std::vector<word::FieldPtr> allFields(const std::shared_ptr<WordContent>& content) {
     std::vector<word::FieldPtr> fields;
     for (Story* story : content->stories()) {
-        collect({content, story}, {0}, {story->length().value}, fields);
+        if (story->isPlaced()) collect({content, story}, {0}, {story->length().value}, fields);
     }
     return fields;
 }

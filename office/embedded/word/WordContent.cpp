@@ -102,6 +102,7 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     const ReplacedText replaced(story, start, end);
     if (!text.empty()) replaced.checkIsThere();
     touch();
+    fallbacks_.noteEdit(story, start);
     EditableStory& target = editable(story);
     TextSetting setting = replaced.setting();
     if (!setting.formatting && runs == RunUse::Own) {
@@ -221,6 +222,7 @@ bool WordContent::undo() {
 void WordContent::storeParts() {
     for (EditablePart& editable : parts_) {
         if (!editable.part->isDirty()) continue;
+        fallbacks_.renew(*editable.part);
         package_.writePart(editable.part->partName(), editable.part->toXml());
         editable.part->setDirty(false);
         stored_.push_back(editable.part.get());

@@ -5,6 +5,7 @@
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/text/LiveSpan.h"
 #include "office/embedded/word/EditableStory.h"
+#include "office/embedded/word/Fallbacks.h"
 
 #include <cstdint>
 #include <deque>
@@ -101,6 +102,7 @@ class WordContent {
     PictureParts pictures_{package_};
     BookmarkTable bookmarks_;
     EditJournal journal_;
+    Fallbacks fallbacks_{journal_};
     std::deque<EditablePart> parts_;
     std::deque<EditableStory> stories_;
     std::optional<LiveSpan> selection_;

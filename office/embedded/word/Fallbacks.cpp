@@ -1,0 +1,107 @@
+#include "office/embedded/word/Fallbacks.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+using Nodes = std::vector<pugi::xml_node>;
+
+/// The text boxes below a node, without those inside of them.
+void collectTextBoxes(const WordNames& names, pugi::xml_node node, Nodes& found) {
+    for (const pugi::xml_node child : node.children()) {
+        if (names.tagOf(child) == WordTag::TextBoxContent) {
+            found.push_back(child);
+        } else {
+            collectTextBoxes(names, child, found);
+        }
+    }
+}
+
+Nodes textBoxesOf(const WordNames& names, pugi::xml_node branch) {
+    Nodes found;
+    collectTextBoxes(names, branch, found);
+    return found;
+}
+
+/// The branches beside one of them.
+Nodes branchesBeside(pugi::xml_node branch) {
+    Nodes found;
+    for (const pugi::xml_node sibling : branch.parent().children()) {
+        if (sibling.type() == pugi::node_element && sibling != branch) found.push_back(sibling);
+    }
+    return found;
+}
+
+void removeBookmarks(const WordNames& names, pugi::xml_node node) {
+    for (pugi::xml_node child = node.first_child(); child;) {
+        const pugi::xml_node next = child.next_sibling();
+        const WordTag tag = names.tagOf(child);
+        if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) {
+            node.remove_child(child);
+        } else {
+            removeBookmarks(names, child);
+        }
+        child = next;
+    }
+}
+
+/// What an edit may still know of goes to the attic instead of being destroyed.
+void discard(const XmlPart& part, pugi::xml_node node) {
+    moveNode(node, part.attic(), part.attic().last_child());
+}
+
+void repeatContent(const XmlPart& part, const WordNames& names, pugi::xml_node from, pugi::xml_node to) {
+    while (const pugi::xml_node old = to.first_child())
+        discard(part, old);
+    for (const pugi::xml_node child : from.children())
+        to.append_copy(child);
+    removeBookmarks(names, to);
+}
+
+void renewBeside(const Story& story, pugi::xml_node textBox) {
+    const WordNames& names = story.names();
+    const pugi::xml_node choice = names.ancestor(textBox, WordTag::Choice);
+    if (!choice) return;
+    const Nodes boxes = textBoxesOf(names, choice);
+    const auto found = std::find(boxes.begin(), boxes.end(), textBox);
+    if (found == boxes.end()) return;
+    const auto number = static_cast<std::size_t>(found - boxes.begin());
+    for (const pugi::xml_node branch : branchesBeside(choice)) {
+        const Nodes copies = textBoxesOf(names, branch);
+        if (copies.size() == boxes.size()) {
+            repeatContent(story.part(), names, textBox, copies[number]);
+        } else if (!copies.empty()) {
+            discard(story.part(), branch);  // it shows something else; nobody knows where the text belongs
+        }
+    }
+}
+
+}  // namespace
+
+void Fallbacks::noteEdit(Story& story, CharacterPosition place) {
+    const WordNames& names = story.names();
+    if (names.tagOf(story.root()) == WordTag::TextBoxContent) editedTextBoxes_.insert(&story);
+    const Item* item = story.items().itemAt(place);
+    for (pugi::xml_node node = item ? item->node.parent() : pugi::xml_node(); node && node != story.root();
+         node = node.parent()) {
+        if (names.tagOf(node) != WordTag::Choice) continue;
+        for (const pugi::xml_node branch : branchesBeside(node))
+            journal_.remove(story.part(), branch);
+    }
+}
+
+void Fallbacks::renew(const XmlPart& part) {
+    for (const Story* story : editedTextBoxes_) {
+        if (&story->part() != &part) continue;
+        // A text box around this one is repeated with all that is in it.
+        for (pugi::xml_node textBox = story->root(); textBox;
+             textBox = story->names().ancestor(textBox, WordTag::TextBoxContent)) {
+            renewBeside(*story, textBox);
+        }
+    }
+}
+
+}  // namespace mergeloom::embedded
