@@ -13,12 +13,6 @@ constexpr int kDeepest = 1000;
 
 constexpr unsigned kParseFlags = pugi::parse_full | pugi::parse_ws_pcdata;
 
-class CountingWriter : public pugi::xml_writer {
-  public:
-    void write(const void*, std::size_t size) override { count += size; }
-    std::size_t count = 0;
-};
-
 class StringWriter : public pugi::xml_writer {
   public:
     explicit StringWriter(std::string& target) : target_(target) {}
@@ -93,23 +87,16 @@ std::unique_ptr<XmlPart> XmlPart::parse(std::string xml, const std::string& part
 }
 
 std::string XmlPart::toXml() const {
-    // Counted first: a string that grew as it went would for a while take up twice what a large part needs.
-    CountingWriter counter;
-    print(counter);
     std::string xml;
-    xml.reserve(counter.count);
+    xml.reserve(source_.size());
     StringWriter writer(xml);
-    print(writer);
-    return xml;
-}
-
-void XmlPart::print(pugi::xml_writer& writer) const {
     constexpr unsigned kFormat = pugi::format_raw | pugi::format_no_declaration;
     for (const pugi::xml_node node : document_.children()) {
         if (node == attic_) continue;
         node.print(writer, "", kFormat);
-        if (node.type() == pugi::node_declaration) writer.write("\n", 1);
+        if (node.type() == pugi::node_declaration) xml += '\n';
     }
+    return xml;
 }
 
 }  // namespace mergeloom::embedded

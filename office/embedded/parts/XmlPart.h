@@ -33,7 +33,6 @@ class XmlPart {
 
   private:
     XmlPart() = default;
-    void print(pugi::xml_writer& writer) const;
 
     std::string partName_;
     std::string source_;  // names and values of the tree point into it
