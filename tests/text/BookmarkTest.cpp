@@ -69,6 +69,19 @@ TEST(BookmarkEditor, marksCellsByTheirColumns) {
     EXPECT_NE(whole.find("</w:tbl>]"), string::npos) << whole;
 }
 
+TEST(BookmarkEditor, keepsColumnsTrueWhenABookmarkMoves) {
+    OpenBody part(kTable);
+    BookmarkRecord& record = part.add("N", 0, 4);
+    const string before = part.bodyXml();
+    part.journal.start();
+    part.body().bookmarks.moveEnd(record, {6});
+    EXPECT_NE(part.bodyXml().find("w:colFirst=\"0\" w:colLast=\"2\""), string::npos);
+    part.body().bookmarks.moveStart(record, {4});
+    EXPECT_EQ(part.bodyXml().find("w:col"), string::npos) << "one cell";
+    part.journal.undo();
+    EXPECT_EQ(part.bodyXml(), before);
+}
+
 TEST(BookmarkEditor, refusesPlacesWhereNothingCanStand) {
     OpenBody part(kTable);
     EXPECT_EQ(errorOf([&] { part.add("N", 6, 8); }), "No text can stand at this place.");

@@ -81,6 +81,7 @@ void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) 
     if (isEmpty) removeMark(record.end);
     insertStart(record.start, start);
     if (isEmpty) insertBehind(record.end, record.start);
+    renewColumns(record);
 }
 
 void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
@@ -90,6 +91,7 @@ void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
     editor_.splitRun(end);
     removeMark(record.end);
     insertEnd(record.end, end, record.start);
+    renewColumns(record);
 }
 
 void BookmarkEditor::insertStart(Item* mark, CharacterPosition start) {
@@ -118,19 +120,39 @@ void BookmarkEditor::removeMark(Item* item) {
     journal_.removeItem(story_.items(), item);
 }
 
-void BookmarkEditor::setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const {
-    if (start == end) return;
+void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
+    Item* start = record.start;
+    const CharacterPosition from = ItemTree::positionOf(start);
+    const CharacterPosition to = ItemTree::positionOf(record.end);
+    const WordNames& names = story_.names();
+    const bool hadColumns = names.value(start->node, "colFirst")[0] != '\0';
+    if (!hadColumns && !isStretchOfColumns(from, to)) return;
+    const pugi::xml_node mark = skeletons_.makeBookmarkStart(names.value(start->node, "id"), record.name);
+    setColumns(mark, from, to);
+    journal_.move(story_.part(), mark, start->node.parent(), start->node);
+    journal_.remove(story_.part(), start->node);
+    journal_.setNode(start, mark);
+}
+
+bool BookmarkEditor::isStretchOfColumns(CharacterPosition start, CharacterPosition end) const {
+    if (start == end) return false;
     const Item* first = story_.items().itemAt(start);
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
     const pugi::xml_node firstCell = story_.cellOf(first);
     const pugi::xml_node lastCell = story_.cellOf(last);
-    const bool columns = firstCell && lastCell && firstCell != lastCell && last->kind != ItemKind::RowMark &&
-                         story_.tableOf(first) == story_.tableOf(last);
-    if (!columns) return;
+    return firstCell && lastCell && firstCell != lastCell && last->kind != ItemKind::RowMark &&
+           story_.tableOf(first) == story_.tableOf(last);
+}
+
+void BookmarkEditor::setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const {
+    if (!isStretchOfColumns(start, end)) return;
     const WordNames& names = story_.names();
-    pugi::xml_node target = mark;
-    target.append_attribute(names.attribute("colFirst").c_str()) = columnOf(names, firstCell);
-    target.append_attribute(names.attribute("colLast").c_str()) = columnOf(names, lastCell);
+    const auto set = [&](const char* name, CharacterPosition place) {
+        const pugi::xml_node cell = story_.cellOf(story_.items().itemAt(place));
+        pugi::xml_node(mark).append_attribute(names.attribute(name).c_str()) = columnOf(names, cell);
+    };
+    set("colFirst", start);
+    set("colLast", end - CharacterCount{1});
 }
 
 }  // namespace mergeloom::embedded

@@ -34,6 +34,10 @@ class BookmarkEditor {
     void insertBehind(Item* mark, Item* start);
     void insertMark(Item* item, DomPlace place, Item* next);
     void removeMark(Item* item);
+    /// Whether a stretch covers several cells of a table but no whole row.
+    [[nodiscard]] bool isStretchOfColumns(CharacterPosition start, CharacterPosition end) const;
+    /// Makes the columns of a bookmark that was moved true again.
+    void renewColumns(const BookmarkRecord& record);
     void setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const;
 
     Story& story_;
