@@ -20,6 +20,11 @@ struct Guards {
     std::string trailing;
 };
 
+/// Whether a bookmark is that of the table in which the range stands: a cell before it does not touch it.
+bool isTableAround(word::Bookmark& bookmark, word::Range& range) {
+    return bookmark.End() > range.Start() && coversSeveralCells(*bookmark.Range());
+}
+
 /// Finds the bookmarks that touch the range; false when a field lies there.
 bool findTouching(word::Range& range, TouchingBookmarks& touching) {
     const word::BookmarksPtr bookmarks = range.Bookmarks();
@@ -38,7 +43,9 @@ bool findTouching(word::Range& range, TouchingBookmarks& touching) {
     const word::RangePtr previous = range.Previous(word::WdUnits::wdCharacter, 1);
     if (!previous) return true;
     const word::BookmarksPtr onPrevious = previous->Bookmarks();
-    if (onPrevious->Count() == 1) touching.before = onPrevious->Item(1);
+    if (onPrevious->Count() != 1) return true;
+    const word::BookmarkPtr before = onPrevious->Item(1);
+    if (!isTableAround(*before, range)) touching.before = before;
     return true;
 }
 

@@ -7,9 +7,14 @@
 #include "office/factory/OfficeFactory.h"
 #include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
+#include "office/model/word/Cell.h"
+#include "office/model/word/Cells.h"
 #include "office/model/word/Documents.h"
 #include "office/model/word/Range.h"
+#include "office/model/word/Rows.h"
 #include "office/model/word/Selection.h"
+#include "office/model/word/Table.h"
+#include "office/model/word/Tables.h"
 #include "xml/CXML2TreeView.h"
 #include "xml/RecordingErrorHandler.h"
 
@@ -42,6 +47,7 @@ class DropTest : public testing::Test {
 
     void load(const std::string& xml) {
         ASSERT_TRUE(structure.loadXML(xml)) << structure.parseError().reason;
+        tree.Clear();
         CXML2TreeView view{tree, structure, errors};
         view.DisplayXMLNode(0, structure.documentElement(), false);
         xmlNodes = std::move(view.XMLNodes());
@@ -62,8 +68,8 @@ class DropTest : public testing::Test {
     bool drop(const TreeNode& dropped, DocumentType type = DocumentType::ByView,
               const FieldKeys* fields = nullptr) {
         CNodeDropper dropper{errors, messages, [&](const std::string& image) { return pictures[image]; },
-                             progress};
-        return dropper.NodeDrop(dropped, document, xmlNodes, false, type, fields);
+                             progress, dialog};
+        return dropper.NodeDrop(dropped, document, xmlNodes, dialog != nullptr, type, fields);
     }
 
     word::SelectionPtr selection() { return application->Selection(); }
@@ -74,6 +80,12 @@ class DropTest : public testing::Test {
     void goTo(const std::string& name, word::WdCollapseDirection side) {
         bookmark(name)->Select();
         selection()->Collapse(side);
+    }
+
+    /// Puts the caret into a cell of a table of the body.
+    void goToCell(int table, int row, int column) {
+        document->Tables()->Item(table)->Rows()->Item(row)->Cells()->Item(column)->Select();
+        selection()->Collapse(word::WdCollapseDirection::wdCollapseStart);
     }
 
     /// Makes a place at the caret in the way of other programs.
@@ -87,6 +99,7 @@ class DropTest : public testing::Test {
     RecordingErrorHandler errors;
     RecordingMessages messages;
     SilentProgress progress;
+    FieldDialog* dialog = nullptr;
     word::ApplicationPtr application;
     word::DocumentPtr document;
     StructureDocument structure;

@@ -106,6 +106,11 @@ TEST(IsBookmarkOfName, AgreesWithTheNameRule) {
         for (const char* suffix : {"", "_bv", "_ref1", "_ref99", "_bv_ref1", "_bv_ref99"}) {
             EXPECT_TRUE(IsBookmarkOfName(base, WordNormalizeName(base + suffix, false))) << length << suffix;
         }
+        const std::vector<std::string> possible = PossibleBookmarkNames(base);
+        EXPECT_EQ(possible.size(), 2U + 2U * 110U);
+        for (const std::string& name : possible) {
+            EXPECT_TRUE(IsBookmarkOfName(base, name)) << name;
+        }
     }
 }
 
