@@ -9,7 +9,7 @@
 #include "office/model/word/Fields.h"
 #include "office/model/word/MailMerge.h"
 
-#include <set>
+#include <map>
 
 namespace mergeloom {
 
@@ -24,7 +24,11 @@ std::string counted(int count, const char* one, const char* several) {
 }
 
 void tellMovedBookmarks(const std::vector<std::string>& names, std::ostream& report) {
-    for (const std::string& name : std::set(names.begin(), names.end())) {
+    // Bookmarks are the same whatever their letter case; the last one's is what the document shows.
+    std::map<std::string, std::string> last;
+    for (const std::string& name : names)
+        last[foldCase(name)] = name;
+    for (const auto& [folded, name] : last) {
         report << "The bookmark '" << name
                << "' stands around the last place of that name; the others are plain text.\n";
     }
@@ -62,7 +66,8 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     const ConversionResult result = convert(document);
     std::string backup;
     if (!isInPlace || !document->Saved()) {
-        backup = keep(target);
+        // The document itself is there, even if the disk fails to say so now.
+        if (isInPlace || files_.fileExists(target)) backup = keep(target);
         isInPlace ? document->Save() : document->SaveAs(target, formatOf(target));
     }
     tell(result, oldFieldsLeft(*document), backup, report);
@@ -88,7 +93,6 @@ void ConvertFieldsCommand::checkTarget(const std::string& target, bool isInPlace
 }
 
 std::string ConvertFieldsCommand::keep(const std::string& target) {
-    if (!files_.fileExists(target)) return {};
     const std::string path = backupPath(target, files_.read(target));
     if (!files_.fileExists(path)) files_.copy(target, path);
     return path;

@@ -30,7 +30,7 @@ class ConvertFieldsCommand {
   private:
     ConversionResult convert(const word::DocumentPtr& document);
     void checkTarget(const std::string& target, bool isInPlace);
-    /// Answers the backup's path; empty when there is nothing to keep.
+    /// Answers the backup's path.
     std::string keep(const std::string& target);
     std::string backupPath(const std::string& target, const std::string& bytes);
 
