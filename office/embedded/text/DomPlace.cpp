@@ -18,7 +18,7 @@ DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_nod
 
 DomPlace DomPlaces::forStartMark(const Item* previous, const Item* next) const {
     const pugi::xml_node paragraph = next ? story_.paragraphOf(next) : pugi::xml_node();
-    if (!paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
+    if (!next || !paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
     const bool sameParagraph =
         previous && story_.paragraphOf(previous) == paragraph && previous->kind != ItemKind::ParagraphMark;
     return sameParagraph ? inParagraph(previous, next) : firstInParagraph(next, paragraph);

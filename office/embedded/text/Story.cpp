@@ -71,10 +71,12 @@ bool isInside(pugi::xml_node node, pugi::xml_node element) {
 Stretch stretchOf(pugi::xml_node element, const Item* inside) {
     const Item* first = inside;
     const Item* last = inside;
-    for (const Item* item = inside; item && isInside(item->node, element); item = ItemTree::previous(item)) {
+    for (const Item* item = ItemTree::previous(inside); item && isInside(item->node, element);
+         item = ItemTree::previous(item)) {
         first = item;
     }
-    for (const Item* item = inside; item && isInside(item->node, element); item = ItemTree::next(item)) {
+    for (const Item* item = ItemTree::next(inside); item && isInside(item->node, element);
+         item = ItemTree::next(item)) {
         last = item;
     }
     return {ItemTree::positionOf(first), ItemTree::positionOf(last) + CharacterCount{last->length}};
