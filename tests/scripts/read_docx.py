@@ -13,6 +13,7 @@ import docx
 from docx.opc.part import PartFactory
 from docx.oxml.ns import qn
 from docx.parts.document import DocumentPart
+from docx.text.paragraph import Paragraph
 from lxml import etree
 
 # python-docx opens nothing but .docx by itself; the main parts of the other kinds are built alike.
@@ -103,8 +104,15 @@ def read_bookmarks(path):
 
 
 def read_paragraphs(path):
-    """The texts of the body's paragraphs as python3-docx gives them."""
-    return [paragraph.text for paragraph in open_package(path).main_document_part.document.paragraphs]
+    """The texts of the body's paragraphs, those in tables too, as python3-docx gives them."""
+    body = open_package(path).main_document_part.document.element.body
+    return [Paragraph(paragraph, None).text for paragraph in body.iter(qn("w:p"))]
+
+
+def read_tables(path):
+    """The texts of the cells of the body's tables, row by row, as python3-docx gives them."""
+    tables = open_package(path).main_document_part.document.tables
+    return [[[cell.text.strip() for cell in row.cells] for row in table.rows] for table in tables]
 
 
 def main():

@@ -73,6 +73,13 @@ SAMPLE_PLACES = [
     ("Required by: RequiredDate", "RequiredDate", "RequiredDate"),
     ("Remarks: Remarks", "Remarks", "Remarks"),
     ("Sketch or photo:", "Sketch", ""),
+    ("Line", "OrderLines", "Line\rProduct\rQuantity\rUnit price\rTotal\r"
+                           "LineNumber \rProductID \rQuantity \rUnitPrice \rLineTotal \r"),
+    ("LineNumber", "OrderLinesLineNumber", "LineNumber"),
+    ("ProductID", "OrderLinesProductID", "ProductID"),
+    ("Quantity", "OrderLinesQuantity", "Quantity"),
+    ("UnitPrice", "OrderLinesUnitPrice", "UnitPrice"),
+    ("LineTotal", "OrderLinesLineTotal", "LineTotal"),
     ("Net total: NetTotal", "TotalsNetTotal", "NetTotal"),
     ("Freight: Freight", "TotalsFreight", "Freight"),
     ("To pay: GrossTotal", "TotalsGrossTotal", "GrossTotal"),
