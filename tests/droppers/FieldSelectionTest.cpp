@@ -44,7 +44,6 @@ TEST_F(FieldSelectionTest, TheRulesOfItsButtons) {
     EXPECT_EQ(shownList(list), "bc(d)a");
     EXPECT_EQ(list.SelCount(), 0);
     list.MoveListItem(true);
-    list.MoveListItem(false);
     EXPECT_EQ(shownList(list), "bc(d)a") << "nothing moves while nothing is selected";
     list.SelectAll(true);
     EXPECT_EQ(shownList(list), "BC(D)A");
