@@ -93,7 +93,7 @@ void ConvertFieldsCommand::checkTarget(const std::string& target, bool isInPlace
 }
 
 std::string ConvertFieldsCommand::keep(const std::string& target) {
-    const std::string path = backupPath(target, files_.read(target));
+    std::string path = backupPath(target, files_.read(target));
     if (!files_.fileExists(path)) files_.copy(target, path);
     return path;
 }

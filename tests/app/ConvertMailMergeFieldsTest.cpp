@@ -203,10 +203,10 @@ TEST_F(Conversion, TheTextTakesTheFormattingOfTheResult) {
 
 TEST_F(Conversion, ContainersKeepTheirPlaces) {
     const std::string town = field("MERGEFIELD Town");
-    for (const std::string container : {"w:hyperlink", "w:ins", "w:smartTag"}) {
-        EXPECT_THAT(
-            convertedXml(paragraph("<" + container + ">" + town + "</" + container + ">")),
-            testing::ContainsRegex("<" + container + "><w:r><w:t>Town</w:t></w:r></" + container + ">"));
+    for (const char* container : {"hyperlink", "ins", "smartTag"}) {
+        const std::string body = paragraph("<w:x>" + town + "</w:x>");
+        EXPECT_THAT(convertedXml(replaceAll(body, "w:x", std::string("w:") + container)),
+                    testing::HasSubstr(std::string(container) + "><w:r><w:t>Town</w:t></w:r></w:"));
     }
     EXPECT_THAT(convertedXml(paragraph("<w:sdt><w:sdtContent>" + town + "</w:sdtContent></w:sdt>")),
                 testing::HasSubstr("<w:sdtContent><w:r>"));
