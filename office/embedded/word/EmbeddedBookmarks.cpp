@@ -32,8 +32,8 @@ word::BookmarkPtr EmbeddedBookmarks::make(BookmarkRecord& record) {
     return std::make_shared<EmbeddedBookmark>(content_, record);
 }
 
-RangeBookmarks::RangeBookmarks(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
-                               CharacterPosition end)
+RangeBookmarks::RangeBookmarks(const std::shared_ptr<WordContent>& content, Story& story,
+                               CharacterPosition start, CharacterPosition end)
     : EmbeddedBookmarks(content), all_(content->editable(story).finder().in(start, end)) {
     const auto counts = [](const BookmarkRecord* record) { return !record->isHidden(); };
     std::copy_if(all_.begin(), all_.end(), std::back_inserter(listed_), counts);

@@ -49,7 +49,7 @@ class DocumentBookmarks final : public EmbeddedBookmarks {
 /// The bookmarks of a range as they were when it was asked for them, in place order.
 class RangeBookmarks final : public EmbeddedBookmarks {
   public:
-    RangeBookmarks(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
+    RangeBookmarks(const std::shared_ptr<WordContent>& content, Story& story, CharacterPosition start,
                    CharacterPosition end);
 
   private:

@@ -158,7 +158,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
 std::string WordContent::addPicturePart(const std::string& documentPart, std::string bytes,
                                         const PictureFile& picture) {
     const std::size_t before = package_.relationshipsOf(documentPart).all().size();
-    const std::string id = pictures_.add(documentPart, std::move(bytes), picture);
+    std::string id = pictures_.add(documentPart, std::move(bytes), picture);
     const bool isNew = package_.relationshipsOf(documentPart).all().size() > before;
     if (isNew) addedPictures_.push_back({documentPart, id});
     return id;
