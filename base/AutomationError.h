@@ -16,6 +16,8 @@ inline constexpr ErrorNumber kApplicationError = kAutomationErrorBase + 513;
 
 /// Errors of the object models that callers tell apart by their number.
 inline constexpr ErrorNumber kSubscriptOutOfRange = 9;
+/// What Excel raises for nearly everything that it refuses.
+inline constexpr ErrorNumber kApplicationDefined = 1004;
 inline constexpr ErrorNumber kObjectDeleted = 5825;
 inline constexpr ErrorNumber kMemberNotFound = 5941;
 inline constexpr ErrorNumber kCommandFailed = 4198;

@@ -32,6 +32,20 @@ struct Emu {
     friend auto operator<=>(const Emu&, const Emu&) = default;  // NOLINT
 };
 
+/// A length in points, 72 to an inch, in which Excel gives the places and sizes of cells and pictures.
+struct Points {
+    double value = 0;
+
+    friend auto operator<=>(const Points&, const Points&) = default;  // NOLINT
+};
+
+/// The width of a column as Excel shows it: how many digits of the workbook's default font fit into it.
+struct ColumnWidth {
+    double value = 0;
+
+    friend auto operator<=>(const ColumnWidth&, const ColumnWidth&) = default;  // NOLINT
+};
+
 inline constexpr std::int64_t kEmuPerInch = 914400;
 inline constexpr std::int64_t kEmuPerPoint = 12700;
 inline constexpr std::int64_t kEmuPerTwip = 635;

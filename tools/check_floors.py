@@ -21,7 +21,11 @@ FLOORS = {
     "office/embedded/word": [
         "office/embedded/text", "office/embedded/parts", "office/embedded/package", "office/model", "base",
     ],
-    "office/factory": ["office/embedded/word", "office/model", "base"],
+    "office/embedded/sheet": ["office/embedded/parts", "office/embedded/package", "base"],
+    "office/embedded/excel": [
+        "office/embedded/sheet", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+    ],
+    "office/factory": ["office/embedded/word", "office/embedded/excel", "office/model", "base"],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
 }
@@ -33,7 +37,7 @@ LIBRARIES = {
     "libdeflate.h": ["office/embedded/package"],
     "pugixml.hpp": [
         "xml", "office/embedded/package", "office/embedded/parts", "office/embedded/text",
-        "office/embedded/word",
+        "office/embedded/word", "office/embedded/sheet", "office/embedded/excel",
     ],
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
 
 namespace mergeloom {
@@ -11,5 +12,7 @@ enum class OfficeKind { Embedded, LibreOffice };
 /// Starts an office that plays Word's part. The file store has to outlive it. Raises kNotAvailable, with a
 /// sentence that says what to choose, for an office that this program does not have.
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files);
+/// The same for an office that plays Excel's part.
+excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
 
 }  // namespace mergeloom

@@ -8,7 +8,7 @@
 #include "office/model/word/Documents.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/UndoRecord.h"
+#include "office/model/UndoRecord.h"
 
 #include <gtest/gtest.h>
 

@@ -14,7 +14,7 @@
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
 #include "office/model/word/Tables.h"
-#include "office/model/word/UndoRecord.h"
+#include "office/model/UndoRecord.h"
 
 #include <gtest/gtest.h>
 

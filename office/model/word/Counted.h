@@ -4,11 +4,7 @@
 
 namespace mergeloom::word {
 
-/// A collection of which callers ask no more than how many there are.
-class Counted : public Object {
-  public:
-    virtual int Count() = 0;
-};
+using model::Counted;
 
 /// The floating shapes whose anchors lie in the range.
 class ShapeRange : public Counted {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/model/OfficeDocument.h"
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
 
@@ -8,7 +9,7 @@
 namespace mergeloom::word {
 
 /// One open document.
-class Document : public Object {
+class Document : public model::OfficeDocument {
   public:
     virtual ApplicationPtr Application() = 0;
     virtual WindowPtr ActiveWindow() = 0;
@@ -18,19 +19,9 @@ class Document : public Object {
     virtual MailMergePtr MailMerge() = 0;
     virtual TablesPtr Tables() = 0;
 
-    /// The file's name without its folder, or the name of a document that was never saved.
-    virtual std::string Name() = 0;
-    virtual std::string FullName() = 0;
-    virtual bool Saved() = 0;
-    virtual void SetSaved(bool saved) = 0;
-
-    /// Raises kFileCouldNotBeSaved, with a sentence that says why, and leaves an existing file whole.
-    virtual void Save() = 0;
+    /// Errors as for Save.
     virtual void SaveAs(const std::string& fileName, WdSaveFormat format) = 0;
     virtual void Close(WdSaveOptions saveChanges) = 0;
-
-    /// Takes back the last steps; false when there was nothing to take back.
-    virtual bool Undo(int times) = 0;
 };
 
 }  // namespace mergeloom::word

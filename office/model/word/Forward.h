@@ -1,11 +1,18 @@
 #pragma once
 
+#include "office/model/Object.h"
+#include "office/model/UndoRecord.h"
+
 #include <memory>
 
 /// The part of Word's object model that the product calls, under Word's own member names. An office
 /// implements these interfaces over its own engine; callers hold its objects as a late-bound client would, by
 /// counted reference, and every call may raise an AutomationError.
 namespace mergeloom::word {
+
+using model::Object;
+using model::UndoRecord;
+using model::UndoRecordPtr;
 
 class Application;
 class Bookmark;
@@ -27,7 +34,6 @@ class Selection;
 class ShapeRange;
 class Table;
 class Tables;
-class UndoRecord;
 class Window;
 
 using ApplicationPtr = std::shared_ptr<Application>;
@@ -50,16 +56,6 @@ using SelectionPtr = std::shared_ptr<Selection>;
 using ShapeRangePtr = std::shared_ptr<ShapeRange>;
 using TablePtr = std::shared_ptr<Table>;
 using TablesPtr = std::shared_ptr<Tables>;
-using UndoRecordPtr = std::shared_ptr<UndoRecord>;
 using WindowPtr = std::shared_ptr<Window>;
-
-/// What every interface of the model is: used through references, never copied.
-class Object {
-  public:
-    Object() = default;
-    Object(const Object&) = delete;
-    Object& operator=(const Object&) = delete;
-    virtual ~Object() = default;
-};
 
 }  // namespace mergeloom::word

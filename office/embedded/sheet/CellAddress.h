@@ -1,0 +1,56 @@
+#pragma once
+
+#include <compare>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Cells and blocks of cells as SpreadsheetML writes them (ECMA-376 Part 1, 18.18.7, 18.18.62, 18.18.76).
+namespace mergeloom::embedded {
+
+inline constexpr int kLastRow = 1048576;
+inline constexpr int kLastColumn = 16384;
+
+/// A cell by its row and column, both counted from 1. Ordered as a sheet stores its cells: by row, then by
+/// column.
+struct CellPosition {
+    int row = 1;
+    int column = 1;
+
+    friend auto operator<=>(const CellPosition&, const CellPosition&) = default;  // NOLINT
+};
+
+/// A block of cells, both corners included.
+struct CellArea {
+    CellPosition first;
+    CellPosition last;
+
+    friend bool operator==(const CellArea&, const CellArea&) = default;
+    [[nodiscard]] int rows() const { return last.row - first.row + 1; }
+    [[nodiscard]] int columns() const { return last.column - first.column + 1; }
+    [[nodiscard]] bool contains(const CellPosition& cell) const;
+};
+
+/// Whether the area lies within the rows and columns that a sheet has.
+bool isInSheet(const CellArea& area);
+/// The cells that both areas hold.
+std::optional<CellArea> intersection(const CellArea& a, const CellArea& b);
+
+/// "A" for 1, "XFD" for the last column.
+std::string columnLetters(int column);
+/// "B3".
+std::string addressOf(const CellPosition& cell);
+/// "B3", or "B3:D4" for more than one cell; whole rows and columns as "3:4" and "B:D".
+std::string addressOf(const CellArea& area);
+/// "$B$3", "$B$3:$D$4", "$3:$4", "$B:$D".
+std::string absoluteAddressOf(const CellArea& area);
+
+/// Reads a cell, with or without "$"; nothing when the text is no cell of a sheet. Letters count in any case.
+std::optional<CellPosition> parseCell(std::string_view text);
+/// Reads what addressOf and absoluteAddressOf write, corners in any order.
+std::optional<CellArea> parseArea(std::string_view text);
+/// Reads a list of areas with blanks between them (ST_Sqref); what is no area is left out.
+std::vector<CellArea> parseAreas(std::string_view text);
+
+}  // namespace mergeloom::embedded

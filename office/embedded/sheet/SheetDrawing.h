@@ -1,0 +1,72 @@
+#pragma once
+
+#include "base/Units.h"
+#include "office/embedded/package/Package.h"
+#include "office/embedded/parts/PictureFile.h"
+#include "office/embedded/parts/PictureParts.h"
+#include "office/embedded/sheet/SheetGeometry.h"
+#include "office/embedded/sheet/SheetPart.h"
+#include "office/embedded/sheet/UndoLog.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+enum class ShapeKind { Picture, Chart, Other };
+
+/// A rectangle on the sheet.
+struct ShapeFrame {
+    Points left;
+    Points top;
+    Points width;
+    Points height;
+};
+
+/// The drawing of a sheet (ECMA-376 Part 1, 20.5): the objects anchored to its cells. It is read when it is
+/// asked for first; a sheet without one gets it with its first picture. A shape is known by a number that no
+/// other shape of the drawing ever has.
+class SheetDrawing {
+  public:
+    using ShapeId = std::int64_t;
+
+    /// All must outlive the drawing.
+    SheetDrawing(Package& package, SheetPart& sheet, const SheetGeometry& geometry, PictureParts& pictures,
+                 UndoLog& undo);
+    SheetDrawing(const SheetDrawing&) = delete;
+    SheetDrawing& operator=(const SheetDrawing&) = delete;
+    ~SheetDrawing();
+
+    /// The shapes from back to front. A group is one shape.
+    [[nodiscard]] std::vector<ShapeId> shapes();
+    /// The first one of that name, letter case aside.
+    [[nodiscard]] std::optional<ShapeId> find(const std::string& name);
+    [[nodiscard]] bool has(ShapeId shape);
+
+    [[nodiscard]] std::string name(ShapeId shape);
+    [[nodiscard]] ShapeKind kind(ShapeId shape);
+    /// By its anchor: one cell and a size, two cells, or absolute.
+    [[nodiscard]] ShapeFrame frame(ShapeId shape);
+    [[nodiscard]] CellPosition topLeftCell(ShapeId shape);
+
+    void setName(ShapeId shape, const std::string& name);
+    /// Moves and sizes a shape. Its anchor keeps its kind.
+    void setFrame(ShapeId shape, const ShapeFrame& frame);
+    /// Takes the anchor with all that it holds out. A picture's part that nothing else shows goes with it.
+    void remove(ShapeId shape);
+    /// Adds a picture anchored to one cell, in its natural size, in front of all others.
+    ShapeId addPicture(const CellPosition& cell, std::string bytes, const PictureFile& picture);
+
+    [[nodiscard]] bool isDirty() const;
+    /// Hands the edited part to the package.
+    void store();
+
+  private:
+    class Data;
+    std::unique_ptr<Data> data_;
+};
+
+}  // namespace mergeloom::embedded

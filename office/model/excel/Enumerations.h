@@ -1,0 +1,21 @@
+#pragma once
+
+namespace mergeloom::excel {
+
+/// XlFileFormat, the numbers that SaveAs takes; the formats of which the program itself speaks.
+enum class XlFileFormat : int {
+    xlExcel12 = 50,
+    xlOpenXMLWorkbook = 51,
+    xlOpenXMLWorkbookMacroEnabled = 52,
+    xlOpenXMLTemplateMacroEnabled = 53,
+    xlOpenXMLTemplate = 54,
+    xlExcel8 = 56,
+};
+
+/// What Workbook.Close does with changes that were not saved.
+enum class SaveChanges { No, Yes };
+
+/// MsoShapeType; every other kind of shape has its own number.
+enum class MsoShapeType : int { msoChart = 3, msoPicture = 13, msoShapeTypeMixed = -2 };
+
+}  // namespace mergeloom::excel
