@@ -1,8 +1,8 @@
 #include "droppers/DropRecord.h"
 
 #include "base/AutomationError.h"
+#include "office/model/UndoRecord.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/UndoRecord.h"
 
 namespace mergeloom {
 

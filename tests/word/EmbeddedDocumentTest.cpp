@@ -2,13 +2,13 @@
 #include "doubles/MemoryFileStore.h"
 #include "doubles/WordFiles.h"
 #include "office/embedded/word/EmbeddedOffice.h"
+#include "office/model/UndoRecord.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Documents.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
-#include "office/model/UndoRecord.h"
 
 #include <gtest/gtest.h>
 

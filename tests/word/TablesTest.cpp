@@ -1,6 +1,7 @@
 #include "base/AutomationError.h"
 #include "doubles/MemoryFileStore.h"
 #include "office/embedded/word/EmbeddedOffice.h"
+#include "office/model/UndoRecord.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
@@ -14,7 +15,6 @@
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
 #include "office/model/word/Tables.h"
-#include "office/model/UndoRecord.h"
 
 #include <gtest/gtest.h>
 
