@@ -2,7 +2,10 @@
 
 #include "office/embedded/parts/NewDocumentStyles.h"
 #include "office/embedded/parts/NewDocumentTheme.h"
+#include "office/embedded/parts/NewProperties.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace mergeloom::embedded {
@@ -11,11 +14,8 @@ namespace {
 
 constexpr std::string_view kWordType = "application/vnd.openxmlformats-officedocument.wordprocessingml.";
 constexpr std::string_view kOfficeType = "application/vnd.openxmlformats-officedocument.";
-constexpr std::string_view kPackageType = "application/vnd.openxmlformats-package.";
 constexpr std::string_view kOfficeRelation =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
-constexpr std::string_view kPackageRelation =
-    "http://schemas.openxmlformats.org/package/2006/relationships/metadata/";
 
 // A page of A4 with margins of one inch, measured in twentieths of a point. Line breaks stand inside tags
 // only: between the elements they would be text.
@@ -65,29 +65,10 @@ constexpr std::string_view kFontTable = R"(<?xml version="1.0" encoding="UTF-8" 
 </w:fonts>
 )";
 
-constexpr std::string_view kCoreProperties = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
-<cp:coreProperties xmlns:cp="http://schemas.openxmlformats.org/package/2006/metadata/core-properties"
- xmlns:dc="http://purl.org/dc/elements/1.1/">
-<dc:title></dc:title><dc:creator></dc:creator><cp:revision>1</cp:revision>
-</cp:coreProperties>
-)";
-
-constexpr std::string_view kExtendedProperties = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
-<Properties xmlns="http://schemas.openxmlformats.org/officeDocument/2006/extended-properties">
-<Application>Mergeloom</Application>
-</Properties>
-)";
-
-SeedPart packagePart(std::string_view name, std::string_view contentType, std::string_view relation,
-                     std::string_view xml) {
-    return {std::string(name), std::string(contentType), "/", std::string(relation), std::string(xml)};
-}
-
 SeedPart documentPart(std::string_view name, std::string_view contentType, std::string_view relation,
                       std::string_view xml) {
-    SeedPart part = packagePart(name, contentType, relation, xml);
-    part.source = "/word/document.xml";
-    return part;
+    return {std::string(name), std::string(contentType), "/word/document.xml", std::string(relation),
+            std::string(xml)};
 }
 
 std::string join(std::string_view stem, std::string_view rest) {
@@ -97,9 +78,9 @@ std::string join(std::string_view stem, std::string_view rest) {
 }  // namespace
 
 std::vector<SeedPart> newDocumentParts() {
-    return {
-        packagePart("/word/document.xml", join(kWordType, "document.main+xml"),
-                    join(kOfficeRelation, "officeDocument"), kDocument),
+    std::vector<SeedPart> parts = {
+        {"/word/document.xml", join(kWordType, "document.main+xml"), "/",
+         join(kOfficeRelation, "officeDocument"), std::string(kDocument)},
         documentPart("/word/styles.xml", join(kWordType, "styles+xml"), join(kOfficeRelation, "styles"),
                      newDocumentStyles()),
         documentPart("/word/settings.xml", join(kWordType, "settings+xml"), join(kOfficeRelation, "settings"),
@@ -108,11 +89,9 @@ std::vector<SeedPart> newDocumentParts() {
                      join(kOfficeRelation, "fontTable"), kFontTable),
         documentPart("/word/theme/theme1.xml", join(kOfficeType, "theme+xml"), join(kOfficeRelation, "theme"),
                      newDocumentTheme()),
-        packagePart("/docProps/core.xml", join(kPackageType, "core-properties+xml"),
-                    join(kPackageRelation, "core-properties"), kCoreProperties),
-        packagePart("/docProps/app.xml", join(kOfficeType, "extended-properties+xml"),
-                    join(kOfficeRelation, "extended-properties"), kExtendedProperties),
     };
+    std::ranges::copy(newPropertyParts(), std::back_inserter(parts));
+    return parts;
 }
 
 }  // namespace mergeloom::embedded

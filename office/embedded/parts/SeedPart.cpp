@@ -1,0 +1,14 @@
+#include "office/embedded/parts/SeedPart.h"
+
+namespace mergeloom::embedded {
+
+Package seededPackage(const std::vector<SeedPart>& parts) {
+    Package package = Package::empty();
+    for (const SeedPart& part : parts) {
+        package.addPart(part.name, part.contentType, part.xml);
+        package.relationshipsOf(part.source).addPart(part.relationshipType, part.name);
+    }
+    return package;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "office/embedded/package/Package.h"
+
+#include <string>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+/// A part that a new document starts with. Each is the target of one relationship.
+struct SeedPart {
+    std::string name;         ///< such as "/word/styles.xml" (ECMA-376 Part 2, 6.2.2)
+    std::string contentType;  ///< the main part's is that of a document without macros
+    std::string source;       ///< the part whose relationships name this one; "/" for the package itself
+    std::string relationshipType;
+    std::string xml;
+};
+
+/// The package of a new document. The relationships of a source get the ids "rId1", "rId2" and so on, in the
+/// order of the parts.
+Package seededPackage(const std::vector<SeedPart>& parts);
+
+}  // namespace mergeloom::embedded
