@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "droppers/BookmarkNames.h"
+#include "droppers/NameRule.h"
 
 #include <algorithm>
 
@@ -11,21 +12,6 @@ namespace {
 
 constexpr CharacterCount kLongestBookmarkName{40};
 constexpr CharacterCount kLongestScannedName{255};
-
-bool beginsWithDigit(std::string_view text) {
-    return !text.empty() && isDigit(firstCodePoint(text));
-}
-
-std::string usableCharacters(std::string_view name) {
-    std::string result = beginsWithDigit(name) ? "x" : "";
-    while (!name.empty()) {
-        const char32_t character = takeCodePoint(name);
-        if (isNameLetter(character) || isDigit(character) || character == U'_') {
-            appendCodePoint(result, character);
-        }
-    }
-    return result;
-}
 
 /// The counters that the name of a further place may end in.
 std::vector<std::string> counters() {
@@ -59,14 +45,8 @@ bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
 }  // namespace
 
 std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
-    if (rstrName.empty()) return {};
-    const std::string name = std::string(rstrName) + (vfAppendT ? "T" : "");
-    if (utf16Length(name) > kLongestScannedName) return {};
-
-    std::string result{lastCharacters(usableCharacters(name), kLongestBookmarkName)};
-    // A digit that only now stands first is replaced: a letter before it would break the 40 characters.
-    if (beginsWithDigit(result)) result.front() = 'x';
-    return result;
+    const std::string name = nameToNormalize(rstrName, vfAppendT);
+    return utf16Length(name) > kLongestScannedName ? "" : normalizedName(name, kLongestBookmarkName);
 }
 
 std::string SimplifyName(std::string_view vstrName) {

@@ -1,0 +1,37 @@
+#include "droppers/NameRule.h"
+
+#include "base/Text.h"
+
+namespace mergeloom {
+
+namespace {
+
+std::string usableCharacters(std::string_view name) {
+    std::string result = beginsWithDigit(name) ? "x" : "";
+    while (!name.empty()) {
+        const char32_t character = takeCodePoint(name);
+        if (isNameLetter(character) || isDigit(character) || character == U'_') {
+            appendCodePoint(result, character);
+        }
+    }
+    return result;
+}
+
+}  // namespace
+
+bool beginsWithDigit(std::string_view text) {
+    return !text.empty() && isDigit(firstCodePoint(text));
+}
+
+std::string nameToNormalize(std::string_view name, bool appendT) {
+    return name.empty() ? "" : std::string(name) + (appendT ? "T" : "");
+}
+
+std::string normalizedName(std::string_view name, CharacterCount longest) {
+    std::string result{lastCharacters(usableCharacters(name), longest)};
+    // A digit that only now stands first is replaced: a letter before it would break the longest length.
+    if (beginsWithDigit(result)) result.front() = 'x';
+    return result;
+}
+
+}  // namespace mergeloom
