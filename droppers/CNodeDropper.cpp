@@ -1,16 +1,16 @@
 #include "droppers/CNodeDropper.h"
 
-#include "droppers/CNodeDropperField.h"
-#include "droppers/CNodeDropperForm.h"
-#include "droppers/CNodeDropperLabel.h"
-#include "droppers/CNodeDropperLabelDoc.h"
-#include "droppers/CNodeDropperTable.h"
 #include "droppers/DropRecord.h"
+#include "droppers/ExcelDropRoutes.h"
 #include "droppers/ObjectLayout.h"
 #include "droppers/SpecialPlace.h"
 #include "droppers/StructureNodes.h"
-#include "droppers/TableBookmark.h"
+#include "droppers/WordDropRoutes.h"
+#include "office/model/excel/Application.h"
+#include "office/model/word/Application.h"
 #include "xml/modMSXMLHelper.h"
+
+#include <functional>
 
 namespace mergeloom {
 
@@ -22,10 +22,27 @@ std::string nameOf(const XmlNode& element) {
     return GetAttributeValue(element, Attribute::Name);
 }
 
-/// The bookmark of the table of the object or subform that a control stands in.
-std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& control) {
-    const TreeNode* parent = control.Parent();
-    return parent ? tableBookmarkName(*parent, nameOf(elementOf(xmlNodes, parent))) : "";
+bool keepOrTakeBack(DropReports& reports, const Procedure& procedure, DropRecord& record,
+                    const std::function<bool()>& drop) {
+    const bool dropped = reports.trap(procedure, drop) && !reports.failed();
+    if (dropped) {
+        record.keep();
+    } else {
+        record.takeBack();
+    }
+    return dropped;
+}
+
+/// Documents and workbooks have no common way to their applications.
+template <class DocumentPtr>
+bool dropAsOneStep(DropReports& reports, const Procedure& procedure, const DocumentPtr& document,
+                   const std::string& name, const std::function<bool()>& drop) {
+    if (!document) return false;
+    return reports.trap(procedure, [&] {
+        const model::UndoRecordPtr undoRecord = document->Application()->UndoRecord();
+        DropRecord record{*document, *undoRecord, "Drop " + name};
+        return keepOrTakeBack(reports, procedure, record, drop);
+    });
 }
 
 }  // namespace
@@ -33,15 +50,28 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
 bool CNodeDropper::NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                             const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog,
                             DocumentType vDocumentType, const FieldKeys* rcolFields) {
-    const DropKind kind = dropKindOf(robjTVNode.Tag());
-    if (isSpecialPlace(kind)) return SpecialDrop(kind, robjDocument);
+    return dropInto<WordDropRoutes>(robjDocument, robjTVNode, rcolXMLNodes,
+                                    {vfShowDialog, vDocumentType, rcolFields});
+}
+
+bool CNodeDropper::NodeDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
+                            const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog,
+                            DocumentType vDocumentType, const FieldKeys* rcolFields) {
+    return dropInto<ExcelDropRoutes>(robjWorkbook, robjTVNode, rcolXMLNodes,
+                                     {vfShowDialog, vDocumentType, rcolFields});
+}
+
+template <class Routes, class DocumentPtr>
+bool CNodeDropper::dropInto(const DocumentPtr& document, const TreeNode& node,
+                            const XmlNodeCollection& xmlNodes, const DropSettings& settings) {
+    const DropKind kind = dropKindOf(node.Tag());
+    if (isSpecialPlace(kind)) return SpecialDrop(kind, document);
 
     DropReports reports{errors_, messages_};
-    DropContext context{
-        reports,     rcolXMLNodes, findPicture_, progress_, {vfShowDialog, vDocumentType, rcolFields},
-        fieldDialog_};
-    return dropAsOneStep(reports, {kModule, "NodeDrop"}, robjDocument, robjTVNode.Text(), [&] {
-        return dropNode({context, robjTVNode, robjDocument});
+    DropContext context{reports, xmlNodes, findPicture_, progress_, settings, fieldDialog_};
+    Routes routes{context, document};
+    return dropAsOneStep(reports, {kModule, "NodeDrop"}, document, node.Text(), [&] {
+        return dropNode({context, node, routes});
     });
 }
 
@@ -51,20 +81,8 @@ bool CNodeDropper::SpecialDrop(DropKind item, const word::DocumentPtr& robjDocum
                          [&] { return addSpecialPlace(reports, item, *robjDocument); });
 }
 
-bool CNodeDropper::dropAsOneStep(DropReports& reports, const Procedure& procedure,
-                                 const word::DocumentPtr& document, const std::string& name,
-                                 const std::function<bool()>& drop) {
-    if (!document) return false;
-    return reports.trap(procedure, [&] {
-        DropRecord record{*document, "Drop " + name};
-        const bool dropped = reports.trap(procedure, drop) && !reports.failed();
-        if (dropped) {
-            record.keep();
-        } else {
-            record.takeBack();
-        }
-        return dropped;
-    });
+bool CNodeDropper::SpecialDrop(DropKind /*item*/, const excel::WorkbookPtr& /*robjWorkbook*/) {
+    return false;
 }
 
 bool CNodeDropper::dropNode(const Drop& drop) {
@@ -88,56 +106,35 @@ bool CNodeDropper::dropNode(const Drop& drop) {
 bool CNodeDropper::dropKind(const Drop& drop, DropKind kind) {
     const TreeNode* control = drop.node.Parent();
     if (!control) return false;
-    if (kind == DropKind::Label) {
-        const XmlNode element = elementOf(drop.context.xmlNodes, control);
-        return CNodeDropperLabel(drop.context.reports).LabelDrop(element, drop.document, false);
-    }
+    if (kind == DropKind::Label) return drop.routes.labelDrop(elementOf(drop.context.xmlNodes, control));
     const bool labelRequired = kind == DropKind::LabelAndValue || kind == DropKind::LabelAndImage;
-    return fieldDrop(drop, *control, {labelRequired, kind == DropKind::BoundValue});
+    return dropField(drop, *control, {labelRequired, kind == DropKind::BoundValue});
 }
 
 bool CNodeDropper::dropObject(const Drop& drop, const XmlNode& element) {
     const ObjectLayout layout = layoutOf(drop.context, element);
     if (drop.context.settings.documentType == DocumentType::LabelDocument) {
-        return labelDocumentDrop(drop, element);
+        return drop.routes.labelDocumentDrop(drop.node, nameOf(element));
     }
     if (layout == ObjectLayout::None) return false;
-    return layout == ObjectLayout::Table ? tableDrop(drop, element) : formDrop(drop, element);
+    return layout == ObjectLayout::Table ? drop.routes.tableDrop(drop.node, nameOf(element))
+                                         : drop.routes.formDrop(drop.node, nameOf(element));
 }
 
 bool CNodeDropper::dropControl(const Drop& drop, const XmlNode& element) {
-    if (!isSubform(element)) return fieldDrop(drop, drop.node, {});
+    if (!isSubform(element)) return dropField(drop, drop.node, {});
     if (!element.firstChild()) return false;
-    return isBoundSubform(element) ? tableDrop(drop, element) : formDrop(drop, element);
+    return isBoundSubform(element) ? drop.routes.tableDrop(drop.node, nameOf(element))
+                                   : drop.routes.formDrop(drop.node, nameOf(element));
 }
 
-bool CNodeDropper::fieldDrop(const Drop& drop, const TreeNode& control, const FieldOptions& options) {
-    const XmlNodeCollection& xmlNodes = drop.context.xmlNodes;
-    const FieldDropArguments arguments{.node = elementOf(xmlNodes, &control),
-                                       .document = drop.document,
-                                       .labelRequired = options.labelRequired,
-                                       .parentName = enclosingSubformName(xmlNodes, control),
-                                       .treeNode = &control,
-                                       .boundValueUse = options.boundValueUse,
-                                       .isTableField = isTableField(control),
-                                       .tableName = tableNameOf(xmlNodes, control)};
-    CNodeDropperField dropper{drop.context};
-    return arguments.isTableField ? dropper.TableFieldDrop(arguments) : dropper.FieldDrop(arguments);
-}
-
-bool CNodeDropper::formDrop(const Drop& drop, const XmlNode& element) {
-    return CNodeDropperForm(drop.context)
-        .FormDrop(drop.node, drop.document, nameOf(element), drop.context.settings.fields);
-}
-
-bool CNodeDropper::tableDrop(const Drop& drop, const XmlNode& element) {
-    return CNodeDropperTable(drop.context)
-        .TableDrop(drop.node, drop.document, nameOf(element), drop.context.settings.fields);
-}
-
-bool CNodeDropper::labelDocumentDrop(const Drop& drop, const XmlNode& element) {
-    return CNodeDropperLabelDoc(drop.context)
-        .LabelDocumentDrop(drop.node, drop.document, nameOf(element), drop.context.settings.fields);
+bool CNodeDropper::dropField(const Drop& drop, const TreeNode& control, const FieldOptions& options) {
+    return drop.routes.fieldDrop({.node = elementOf(drop.context.xmlNodes, &control),
+                                  .labelRequired = options.labelRequired,
+                                  .parentName = enclosingSubformName(drop.context.xmlNodes, control),
+                                  .treeNode = &control,
+                                  .boundValueUse = options.boundValueUse,
+                                  .isTableField = isTableField(control)});
 }
 
 }  // namespace mergeloom

@@ -1,17 +1,20 @@
 #pragma once
 
 #include "droppers/DropContext.h"
+#include "droppers/DropRoutes.h"
+#include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "xml/TreeView.h"
 #include "xml/XmlNode.h"
 #include "xml/modNamedItems.h"
 
-#include <functional>
+#include <utility>
 
 namespace mergeloom {
 
-/// Decides what a dropped tree node stands for and hands it to the dropper that fits. A drop is one step of
-/// the document's undo list; a drop that is refused or fails leaves the document as it was.
+/// Decides what a dropped tree node stands for and hands it to the dropper that fits, in a Word document or a
+/// workbook. A drop is one step of the document's undo list; a drop that is refused or fails leaves the
+/// document as it was.
 class CNodeDropper {
   public:
     /// Without a dialog all fields of an object become columns of its table.
@@ -27,33 +30,36 @@ class CNodeDropper {
     bool NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                   const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
                   const FieldKeys* rcolFields);
+    /// The same at a workbook's active cell.
+    bool NodeDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
+                  const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
+                  const FieldKeys* rcolFields);
 
     /// Adds a place for an optional blank or line break, of each of which a document takes 20 at most.
     bool SpecialDrop(DropKind item, const word::DocumentPtr& robjDocument);
+    /// Only Word takes such places, so nothing is dropped.
+    static bool SpecialDrop(DropKind item, const excel::WorkbookPtr& robjWorkbook);
 
   private:
     /// One call of NodeDrop.
     struct Drop {
         DropContext& context;
         const TreeNode& node;
-        const word::DocumentPtr& document;
+        DropRoutes& routes;
     };
     struct FieldOptions {
         bool labelRequired = false;
         bool boundValueUse = false;
     };
 
-    bool dropAsOneStep(DropReports& reports, const Procedure& procedure, const word::DocumentPtr& document,
-                       const std::string& name, const std::function<bool()>& drop);
+    template <class Routes, class DocumentPtr>
+    bool dropInto(const DocumentPtr& document, const TreeNode& node, const XmlNodeCollection& xmlNodes,
+                  const DropSettings& settings);
     static bool dropNode(const Drop& drop);
     static bool dropKind(const Drop& drop, DropKind kind);
     static bool dropObject(const Drop& drop, const XmlNode& element);
     static bool dropControl(const Drop& drop, const XmlNode& element);
-
-    static bool fieldDrop(const Drop& drop, const TreeNode& control, const FieldOptions& options);
-    static bool formDrop(const Drop& drop, const XmlNode& element);
-    static bool tableDrop(const Drop& drop, const XmlNode& element);
-    static bool labelDocumentDrop(const Drop& drop, const XmlNode& element);
+    static bool dropField(const Drop& drop, const TreeNode& control, const FieldOptions& options);
 
     ErrorHandler& errors_;
     Messages& messages_;

@@ -24,9 +24,10 @@ constexpr const char* kModule = "CNodeDropperField";
 constexpr const char* kEmptyCell = "\r\a";
 
 /// Whether the selection lies outside the table that the field belongs to, and that table was dropped.
-bool isOutsideItsTable(const FieldDropArguments& arguments, word::Selection& selection) {
+bool isOutsideItsTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                       word::Selection& selection) {
     if (!arguments.isTableField) return false;
-    return arguments.document->Bookmarks()->Exists(arguments.tableName) &&
+    return document->Bookmarks()->Exists(arguments.tableName) &&
            !selection.Bookmarks()->Exists(arguments.tableName);
 }
 
@@ -57,99 +58,105 @@ word::CellPtr emptyCellAbove(word::Table& table, word::Range& place) {
 
 }  // namespace
 
-bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments) {
-    return context_.reports.trap({kModule, "FieldDrop"}, [&] { return drop(arguments); });
+bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
+    return context_.reports.trap({kModule, "FieldDrop"}, [&] { return drop(arguments, document); });
 }
 
-bool CNodeDropperField::drop(const FieldDropArguments& arguments) {
-    if (!arguments.node || !arguments.document) return false;
-    const word::SelectionPtr selection = arguments.document->Application()->Selection();
-    if (!mayDrop(arguments, *selection)) return false;
+bool CNodeDropperField::drop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
+    if (!arguments.node || !document) return false;
+    const word::SelectionPtr selection = document->Application()->Selection();
+    if (!mayDrop(arguments, document, *selection)) return false;
 
     const bool becomesSubform = isSubform(arguments.node);
-    if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments);
-    if (!typeLabel(arguments)) return false;
-    return becomesSubform ? dropForm(arguments, *selection) : dropPlace(arguments, *selection);
+    if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments, document);
+    if (!typeLabel(arguments, document)) return false;
+    return becomesSubform ? dropForm(arguments, document, *selection)
+                          : dropPlace(arguments, document, *selection);
 }
 
-bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments) {
+bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
     if (arguments.labelRequired) {
-        CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, arguments.document, true);
+        CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, document, true);
     }
     return !context_.reports.failed();
 }
 
-bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, word::Selection& selection) {
-    if (isOutsideItsTable(arguments, selection)) {
-        return context_.reports.refuse(
-            "The field may only be dropped on a table\u2019s merge area if it is a tablefield.");
+bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                word::Selection& selection) {
+    if (isOutsideItsTable(arguments, document, selection)) {
+        return context_.reports.refuse(kOutsideItsTable);
     }
     TouchingBookmarks unused;
     if (!ValidateBookmark(context_.reports, *selection.Range(), unused)) return false;
     return arguments.treeNode || !isSubform(arguments.node);
 }
 
-bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, word::Selection& selection) {
+bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                  word::Selection& selection) {
     std::string name = SimplifyName(GetAttributeValue(arguments.node, Attribute::Name));
     const PlaceContent content{.boundValueUse = arguments.boundValueUse,
                                .prefix = arguments.parentName,
                                .pictureFile = pictureOf(arguments.node)};
     const word::RangePtr dropPoint = selection.Range();
     const word::BookmarkPtr bookmark =
-        rWordBookmarkAdd(context_.reports, *arguments.document, *dropPoint, name, content);
+        rWordBookmarkAdd(context_.reports, *document, *dropPoint, name, content);
     if (!bookmark || context_.reports.failed()) return false;
     leavePlace(*bookmark, selection, arguments.addCrLf || arguments.labelRequired);
     return true;
 }
 
-bool CNodeDropperField::dropTable(const FieldDropArguments& arguments) {
+bool CNodeDropperField::dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
     CNodeDropperTable table{context_};
     // Where nothing is chosen, no caption may stand alone. A choice among the outer form's controls says
     // nothing of the subform's own.
     const FieldKeys columns = table.chooseFields(*arguments.treeNode);
-    if (columns.empty() || !typeLabel(arguments)) return false;
-    return table.TableDrop(*arguments.treeNode, arguments.document,
-                           GetAttributeValue(arguments.node, Attribute::Name), &columns);
+    if (columns.empty() || !typeLabel(arguments, document)) return false;
+    return table.TableDrop(*arguments.treeNode, document, GetAttributeValue(arguments.node, Attribute::Name),
+                           &columns);
 }
 
-bool CNodeDropperField::dropForm(const FieldDropArguments& arguments, word::Selection& selection) {
+bool CNodeDropperField::dropForm(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                 word::Selection& selection) {
     selection.TypeParagraph();
     // The subform's own name is the prefix of its places; as a chosen control it comes with all of its own.
-    return CNodeDropperForm(context_).FormDrop(*arguments.treeNode, arguments.document,
+    return CNodeDropperForm(context_).FormDrop(*arguments.treeNode, document,
                                                GetAttributeValue(arguments.node, Attribute::Name), nullptr);
 }
 
-bool CNodeDropperField::TableFieldDrop(const FieldDropArguments& arguments) {
-    if (!arguments.node || !arguments.document) return false;
-    const word::SelectionPtr selection = arguments.document->Application()->Selection();
+bool CNodeDropperField::TableFieldDrop(const FieldDropArguments& arguments,
+                                       const word::DocumentPtr& document) {
+    if (!arguments.node || !document) return false;
+    const word::SelectionPtr selection = document->Application()->Selection();
     if (cellCount(*selection->Range()) == 0) {
         return context_.reports.refuse("The tablefield may only be dropped on a table.");
     }
     const word::TablePtr table = selection->Tables()->Item(1);
     if (!isMergeTable(*table)) throw AutomationError(kApplicationError, "Incorrect Word Table.");
     return context_.reports.trap({kModule, "TableFieldDrop"},
-                                 [&] { return dropIntoTable(arguments, *table); });
+                                 [&] { return dropIntoTable(arguments, document, *table); });
 }
 
-bool CNodeDropperField::dropIntoTable(const FieldDropArguments& arguments, word::Table& table) {
-    const word::BookmarksPtr bookmarks = arguments.document->Bookmarks();
+bool CNodeDropperField::dropIntoTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                      word::Table& table) {
+    const word::BookmarksPtr bookmarks = document->Bookmarks();
     const bool isNewTable = !arguments.tableName.empty() && !bookmarks->Exists(arguments.tableName);
-    if (isNewTable && !markTable(context_.reports, *arguments.document, table, arguments.tableName)) {
+    if (isNewTable && !markTable(context_.reports, *document, table, arguments.tableName)) {
         return false;
     }
     FieldDropArguments place = arguments;
-    if (arguments.labelRequired) place.labelRequired = !typeCaptionAbove(arguments, table);
-    return !context_.reports.failed() && FieldDrop(place);
+    if (arguments.labelRequired) place.labelRequired = !typeCaptionAbove(arguments, document, table);
+    return !context_.reports.failed() && FieldDrop(place, document);
 }
 
-bool CNodeDropperField::typeCaptionAbove(const FieldDropArguments& arguments, word::Table& table) {
-    const word::SelectionPtr selection = arguments.document->Application()->Selection();
+bool CNodeDropperField::typeCaptionAbove(const FieldDropArguments& arguments,
+                                         const word::DocumentPtr& document, word::Table& table) {
+    const word::SelectionPtr selection = document->Application()->Selection();
     const word::RangePtr place = selection->Range();
     const word::CellPtr above = emptyCellAbove(table, *place);
     if (!above) return false;
     above->Select();
     selection->Collapse(word::WdCollapseDirection::wdCollapseStart);
-    CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, arguments.document, false);
+    CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, document, false);
     place->Select();
     return true;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "droppers/DropContext.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
@@ -14,15 +16,18 @@ namespace mergeloom {
 /// What is dropped by a field drop, and how.
 struct FieldDropArguments {
     XmlNode node{};  ///< the control's element
-    word::DocumentPtr document{};
     bool labelRequired = false;
     std::string parentName{};            ///< the enclosing subform's name; empty for a free field
     const TreeNode* treeNode = nullptr;  ///< the control's tree node, if there is one
     bool boundValueUse = false;
     bool isTableField = false;
-    std::string tableName{};  ///< the bookmark of the table that a table field belongs to
-    bool addCrLf = false;     ///< end the drop with a paragraph mark
+    std::string tableName{};  ///< the bookmark or range of the table that a table field belongs to
+    bool addCrLf = false;     ///< end the drop with a paragraph mark; in Word only
 };
+
+/// What a table field is told outside its table.
+inline constexpr const char* kOutsideItsTable =
+    "The field may only be dropped on a table\u2019s merge area if it is a tablefield.";
 
 /// Turns one control into one named place, with its caption before it if that is wanted.
 class CNodeDropperField {
@@ -32,22 +37,41 @@ class CNodeDropperField {
     /// Drops at the selection and tells whether a place was made. A subform becomes a form of its controls,
     /// or a table of its fields when it is bound to records. A table field is refused outside its table where
     /// that is there.
-    bool FieldDrop(const FieldDropArguments& arguments);
+    bool FieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
 
     /// Drops a table field into the Word table at the selection and makes that table the field's own, unless
     /// that is there already. A caption that is wanted goes into the cell above when that is empty, else
     /// before the place. Raises kApplicationError for a table that is not a plain grid of two rows or more.
-    bool TableFieldDrop(const FieldDropArguments& arguments);
+    bool TableFieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
+
+    /// Drops at the active cell and answers how many rows were used, 0 when nothing was written. A caption
+    /// that is wanted goes into that cell and the place right of it. A subform becomes what it becomes in
+    /// Word. A table field is refused outside its table where that is there.
+    int xlFieldDrop(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook);
 
   private:
-    bool drop(const FieldDropArguments& arguments);
-    bool mayDrop(const FieldDropArguments& arguments, word::Selection& selection);
-    bool dropPlace(const FieldDropArguments& arguments, word::Selection& selection);
-    bool dropTable(const FieldDropArguments& arguments);
-    bool dropIntoTable(const FieldDropArguments& arguments, word::Table& table);
-    bool typeCaptionAbove(const FieldDropArguments& arguments, word::Table& table);
-    bool typeLabel(const FieldDropArguments& arguments);
-    bool dropForm(const FieldDropArguments& arguments, word::Selection& selection);
+    bool drop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
+    bool mayDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                 word::Selection& selection);
+    bool dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                   word::Selection& selection);
+    bool dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document);
+    bool dropIntoTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                       word::Table& table);
+    bool typeCaptionAbove(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                          word::Table& table);
+    bool typeLabel(const FieldDropArguments& arguments, const word::DocumentPtr& document);
+    bool dropForm(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                  word::Selection& selection);
+
+    int xlDrop(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook);
+    int xlTypeLabel(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook,
+                    excel::Range& cell);
+    int xlDropPlace(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook);
+    int xlDropTable(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook,
+                    excel::Range& cell);
+    int xlDropForm(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook);
+
     std::string pictureOf(const XmlNode& control) const;
 
     DropContext& context_;

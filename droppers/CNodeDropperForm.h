@@ -1,9 +1,13 @@
 #pragma once
 
+#include "droppers/CNodeDropperField.h"
+#include "droppers/ControlNodes.h"
 #include "droppers/DropContext.h"
+#include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "xml/TreeView.h"
 
+#include <cstdint>
 #include <string>
 
 namespace mergeloom {
@@ -19,9 +23,18 @@ class CNodeDropperForm {
     bool FormDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                   const std::string& baseName, const FieldKeys* rcolFields);
 
+    /// The same at the active cell: captions in one column, places right of them. Answers how many rows were
+    /// used, 0 when nothing was written. The cell below is the active one then, where there is one.
+    int xlFormDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
+                   const std::string& baseName, const FieldKeys* rcolFields);
+
   private:
-    bool dropControls(const TreeNode& form, const word::DocumentPtr& document, const std::string& prefix,
-                      const FieldKeys* keys);
+    bool dropControls(const TreeNode& form, const ControlNodes& controls, const std::string& prefix,
+                      const word::DocumentPtr& document);
+    int xlDropControls(const TreeNode& form, const ControlNodes& controls, const std::string& prefix,
+                       const excel::WorkbookPtr& workbook);
+    FieldDropArguments argumentsFor(const TreeNode& control, const std::string& prefix) const;
+    void advance(const TreeNode& form, std::int64_t handled, std::int64_t total);
 
     DropContext& context_;
 };

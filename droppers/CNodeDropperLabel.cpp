@@ -1,6 +1,8 @@
 #include "droppers/CNodeDropperLabel.h"
 
 #include "droppers/modBookmarkAdd.h"
+#include "office/model/excel/Application.h"
+#include "office/model/excel/Selection.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Selection.h"
 #include "xml/modMSXMLHelper.h"
@@ -29,6 +31,16 @@ bool CNodeDropperLabel::LabelDrop(const XmlNode& robjXMLNode, const word::Docume
         const std::string caption = GetControlCaption(reports_, robjXMLNode);
         if (caption.empty()) return false;
         selection->TypeText(vfAddTab ? asLabel(caption) : caption);
+        return true;
+    });
+}
+
+bool CNodeDropperLabel::xlLabelDrop(const XmlNode& robjXMLNode, const excel::WorkbookPtr& robjWorkbook) {
+    return reports_.trap({"CNodeDropperLabel", "xlLabelDrop"}, [&] {
+        if (!robjWorkbook || !robjXMLNode) return false;
+        const std::string caption = GetControlCaption(reports_, robjXMLNode);
+        if (caption.empty()) return false;
+        robjWorkbook->Application()->Selection()->SetValue2(caption);
         return true;
     });
 }

@@ -37,10 +37,9 @@ bool CNodeDropperLabelDoc::dropControls(const TreeNode& object, const word::Docu
     bool dropped = false;
     std::int64_t handled = 0;
     for (const TreeNode* control : controls) {
-        dropped |= CNodeDropperField(context_).FieldDrop({.node = elementOf(context_.xmlNodes, control),
-                                                          .document = document,
-                                                          .parentName = prefix,
-                                                          .treeNode = control});
+        const FieldDropArguments arguments{
+            .node = elementOf(context_.xmlNodes, control), .parentName = prefix, .treeNode = control};
+        dropped |= CNodeDropperField(context_).FieldDrop(arguments, document);
         if (context_.reports.failed()) return false;
         context_.progress.advance(++handled, std::ssize(controls));
     }

@@ -17,7 +17,6 @@
 #include "xml/modMSXMLHelper.h"
 
 #include <algorithm>
-#include <set>
 
 namespace mergeloom {
 
@@ -26,21 +25,6 @@ namespace {
 constexpr const char* kModule = "CNodeDropperTable";
 constexpr int kCaptionRow = 1;
 constexpr int kFieldRow = 2;
-
-/// The columns, each with the fields that get a place in it: its own, and under it those that its control
-/// source needs and that have no place yet.
-std::vector<ControlNodes> placesOfColumns(const XmlNodeCollection& xmlNodes, const ControlNodes& columns,
-                                          const ControlNodes& siblings) {
-    std::set<const TreeNode*> placed(columns.begin(), columns.end());
-    std::vector<ControlNodes> places;
-    for (const TreeNode* column : columns) {
-        places.push_back({column});
-        for (const TreeNode* linked : GetLinkedFields(xmlNodes, *column, siblings)) {
-            if (placed.insert(linked).second) places.back().push_back(linked);
-        }
-    }
-    return places;
-}
 
 word::CellPtr cellOf(word::Table& table, int row, int column) {
     const word::RowsPtr rows = table.Rows();
@@ -170,10 +154,10 @@ void CNodeDropperTable::fillColumn(const Drop& drop, word::Table& table, word::C
 void CNodeDropperTable::dropIntoCell(const Drop& drop, word::Cell& cell, const TreeNode& field) {
     cell.Select();
     drop.document->Application()->Selection()->Collapse(word::WdCollapseDirection::wdCollapseStart);
-    CNodeDropperField(context_).FieldDrop({.node = elementOf(context_.xmlNodes, &field),
-                                           .document = drop.document,
-                                           .parentName = placePrefix(context_.xmlNodes, drop.node, drop.name),
-                                           .treeNode = &field});
+    const FieldDropArguments arguments{.node = elementOf(context_.xmlNodes, &field),
+                                       .parentName = placePrefix(context_.xmlNodes, drop.node, drop.name),
+                                       .treeNode = &field};
+    CNodeDropperField(context_).FieldDrop(arguments, drop.document);
 }
 
 }  // namespace mergeloom

@@ -3,6 +3,8 @@
 #include "droppers/ControlNodes.h"
 #include "droppers/DropContext.h"
 #include "droppers/FieldSelection.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Workbook.h"
 #include "office/model/word/Cell.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Table.h"
@@ -10,6 +12,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -30,11 +33,28 @@ class CNodeDropperTable {
     /// are no fields or the user closed the window.
     FieldKeys chooseFields(const TreeNode& node);
 
+    /// The same in a workbook: the table takes the cells from the active one on, whatever they hold, under
+    /// its range name. Answers how many rows it has, 0 when none was made. Refused where it has no room. The
+    /// cell of the last field is selected then.
+    int xlTableDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
+                    const std::string& name, const FieldKeys* fieldKeys);
+
+    /// Whether a table of these columns can stand with its first cell there: on the sheet, and on no merged
+    /// cells.
+    bool xlHasRoom(const TreeNode& node, excel::Range& cell, const FieldKeys& columns);
+    /// Tells that the table has no room. Answers false.
+    bool xlRefuse();
+
   private:
     /// One call of TableDrop.
     struct Drop {
         const TreeNode& node;
         const word::DocumentPtr& document;
+        const std::string& name;
+    };
+    struct ExcelDrop {
+        const TreeNode& node;
+        const excel::WorkbookPtr& workbook;
         const std::string& name;
     };
 
@@ -46,6 +66,11 @@ class CNodeDropperTable {
     bool FillTable(const Drop& drop, word::Table& table, const ControlNodes& columns);
     void fillColumn(const Drop& drop, word::Table& table, word::Cell& caption, const ControlNodes& places);
     void dropIntoCell(const Drop& drop, word::Cell& cell, const TreeNode& field);
+
+    std::vector<ControlNodes> xlPlaces(const TreeNode& node, const FieldKeys& columns) const;
+    int xlInsertTable(const ExcelDrop& drop, excel::Range& cell, const std::vector<ControlNodes>& places);
+    bool xlFillTable(const ExcelDrop& drop, excel::Range& block, const std::vector<ControlNodes>& places);
+    void xlFillColumn(const ExcelDrop& drop, excel::Range& block, int column, const ControlNodes& fields);
 
     DropContext& context_;
     FieldSelection mDialogFields;

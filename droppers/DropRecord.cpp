@@ -1,14 +1,12 @@
 #include "droppers/DropRecord.h"
 
 #include "base/AutomationError.h"
-#include "office/model/UndoRecord.h"
-#include "office/model/word/Application.h"
 
 namespace mergeloom {
 
-DropRecord::DropRecord(word::Document& document, const std::string& name)
-    : document_(document), wasSaved_(document.Saved()) {
-    document_.Application()->UndoRecord()->StartCustomRecord(name);
+DropRecord::DropRecord(model::OfficeDocument& document, model::UndoRecord& record, const std::string& name)
+    : document_(document), record_(record), wasSaved_(document.Saved()) {
+    record_.StartCustomRecord(name);
     // Every change of a document clears this mark, which tells whether the record holds anything.
     document_.SetSaved(true);
 }
@@ -25,7 +23,7 @@ void DropRecord::takeBack() {
 }
 
 bool DropRecord::end() {
-    document_.Application()->UndoRecord()->EndCustomRecord();
+    record_.EndCustomRecord();
     return !document_.Saved();
 }
 

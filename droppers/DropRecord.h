@@ -1,6 +1,7 @@
 #pragma once
 
-#include "office/model/word/Document.h"
+#include "office/model/OfficeDocument.h"
+#include "office/model/UndoRecord.h"
 
 #include <string>
 
@@ -9,8 +10,8 @@ namespace mergeloom {
 /// Makes a drop one step of the document's undo list, which can be taken back at once.
 class DropRecord {
   public:
-    /// Starts to record under the name that the undo list shows.
-    DropRecord(word::Document& document, const std::string& name);
+    /// Starts to record under the name that the undo list shows. Document and record must outlive it.
+    DropRecord(model::OfficeDocument& document, model::UndoRecord& record, const std::string& name);
     DropRecord(const DropRecord&) = delete;
     DropRecord& operator=(const DropRecord&) = delete;
 
@@ -25,7 +26,8 @@ class DropRecord {
     /// Ends the record and tells whether anything was changed in it.
     bool end();
 
-    word::Document& document_;
+    model::OfficeDocument& document_;
+    model::UndoRecord& record_;
     bool wasSaved_;
 };
 

@@ -5,6 +5,7 @@
 #include "xml/modMSXMLHelper.h"
 
 #include <algorithm>
+#include <set>
 
 namespace mergeloom {
 
@@ -58,6 +59,19 @@ ControlNodes GetLinkedFields(const XmlNodeCollection& xmlNodes, const TreeNode& 
         if (std::ranges::find(linked, *found) == linked.end()) linked.push_back(*found);
     }
     return linked;
+}
+
+std::vector<ControlNodes> placesOfColumns(const XmlNodeCollection& xmlNodes, const ControlNodes& columns,
+                                          const ControlNodes& siblings) {
+    std::set<const TreeNode*> placed(columns.begin(), columns.end());
+    std::vector<ControlNodes> places;
+    for (const TreeNode* column : columns) {
+        places.push_back({column});
+        for (const TreeNode* linked : GetLinkedFields(xmlNodes, *column, siblings)) {
+            if (placed.insert(linked).second) places.back().push_back(linked);
+        }
+    }
+    return places;
 }
 
 }  // namespace mergeloom

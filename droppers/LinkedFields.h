@@ -20,4 +20,9 @@ std::vector<std::string> linkedNames(std::string_view controlSource);
 ControlNodes GetLinkedFields(const XmlNodeCollection& xmlNodes, const TreeNode& field,
                              const ControlNodes& siblings);
 
+/// The columns of a table, each with the fields that get a place in it: its own, and under it those that its
+/// control source needs and that have no place yet.
+std::vector<ControlNodes> placesOfColumns(const XmlNodeCollection& xmlNodes, const ControlNodes& columns,
+                                          const ControlNodes& siblings);
+
 }  // namespace mergeloom

@@ -1,10 +1,14 @@
 #include "droppers/TableBookmark.h"
 
 #include "droppers/CellCount.h"
+#include "droppers/RangeNames.h"
+#include "droppers/StructureNodes.h"
 #include "droppers/modBookmarkAdd.h"
+#include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Tables.h"
+#include "xml/modMSXMLHelper.h"
 
 namespace mergeloom {
 
@@ -23,6 +27,19 @@ word::TablePtr tableUnder(word::Range& marked) {
 
 std::string tableBookmarkName(const TreeNode& node, const std::string& name) {
     return WordNormalizeName(name, !node.Parent());
+}
+
+std::string tableRangeName(const TreeNode& node, const std::string& name) {
+    const std::string usable = ExcelNormalizeName(name, !node.Parent());
+    // Nothing could find the table under the prefix alone. With it the name may have become too long.
+    return usable.empty() ? "" : ExcelNormalizeName(std::string(kRangeNamePrefix) + usable, false);
+}
+
+std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& control,
+                        std::string (*rule)(const TreeNode&, const std::string&)) {
+    const TreeNode* parent = control.Parent();
+    if (!parent) return {};
+    return rule(*parent, GetAttributeValue(elementOf(xmlNodes, parent), Attribute::Name));
 }
 
 void deleteTableOf(word::Document& document, const std::string& bookmarkName) {

@@ -159,8 +159,9 @@ TEST_F(Dispatcher, NodesWithoutAnElementAreNotDropped) {
     TreeNode& special = tree.Add(0, 0, "Special");
     special.SetTag("NoDrag");
     EXPECT_FALSE(drop(special));
-    EXPECT_FALSE(CNodeDropper(errors, messages, {}, progress)
-                     .NodeDrop(node("1k"), nullptr, xmlNodes, false, DocumentType::ByView, nullptr));
+    EXPECT_FALSE(
+        CNodeDropper(errors, messages, {}, progress)
+            .NodeDrop(node("1k"), word::DocumentPtr{}, xmlNodes, false, DocumentType::ByView, nullptr));
     EXPECT_EQ(body(), "\n");
 }
 

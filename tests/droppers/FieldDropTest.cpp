@@ -19,9 +19,8 @@ class FieldDrop : public DropTest {
     bool dropField(FieldDropArguments arguments) {
         arguments.node = xmlNodes.Item("2k");
         arguments.treeNode = &node("2k");
-        arguments.document = document;
         DropContext context{reports, xmlNodes, findPicture, progress, {}};
-        return CNodeDropperField(context).FieldDrop(arguments);
+        return CNodeDropperField(context).FieldDrop(arguments, document);
     }
 
     DropReports reports{errors, messages};
@@ -89,8 +88,8 @@ TEST_F(FieldDrop, NothingIsDroppedWithoutAnElement) {
     load("<db><Form Name='F'/></db>");
     open();
     DropContext context{reports, xmlNodes, findPicture, progress, {}};
-    EXPECT_FALSE(CNodeDropperField(context).FieldDrop({.node = {}, .document = document}));
-    EXPECT_FALSE(CNodeDropperField(context).FieldDrop({.node = xmlNodes.Item("1k"), .document = nullptr}));
+    EXPECT_FALSE(CNodeDropperField(context).FieldDrop({}, document));
+    EXPECT_FALSE(CNodeDropperField(context).FieldDrop({.node = xmlNodes.Item("1k")}, nullptr));
     EXPECT_FALSE(CNodeDropperLabel(reports).LabelDrop({}, document, false));
     EXPECT_EQ(body(), "\n");
 }

@@ -1,0 +1,125 @@
+#include "droppers/CNodeDropperField.h"
+#include "droppers/CNodeDropperTable.h"
+#include "droppers/LinkedFields.h"
+#include "droppers/SheetCells.h"
+#include "droppers/StructureNodes.h"
+#include "droppers/TableBookmark.h"
+#include "office/model/excel/Application.h"
+#include "office/model/excel/Columns.h"
+#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Names.h"
+#include "office/model/excel/Selection.h"
+#include "xml/modMSXMLHelper.h"
+
+#include <algorithm>
+
+/// The Excel half of CNodeDropperTable.
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kModule = "CNodeDropperTable";
+constexpr int kCaptionRow = 1;
+constexpr int kFieldRow = 2;
+
+int rowsFor(const std::vector<ControlNodes>& places) {
+    const auto longest = std::ranges::max_element(places, {}, &ControlNodes::size);
+    return kCaptionRow + static_cast<int>(longest->size());
+}
+
+/// The cells of a table from its first one on; none where the sheet ends or cells are merged.
+excel::RangePtr blockAt(excel::Range& first, const std::vector<ControlNodes>& places) {
+    const int columns = static_cast<int>(places.size());
+    excel::RangePtr block = rangeOrNone([&] { return first.Resize(rowsFor(places), columns); });
+    return block && !block->MergeCells() ? block : nullptr;
+}
+
+/// The active cell; none when no cells are selected.
+excel::RangePtr selectedCell(excel::Application& application) {
+    if (application.Selection()->TypeName() != "Range") return {};
+    return rangeOrNone([&] { return application.ActiveCell(); });
+}
+
+std::string refersTo(excel::Range& block) {
+    return "=" + block.AddressLocal();
+}
+
+}  // namespace
+
+int CNodeDropperTable::xlTableDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
+                                   const std::string& name, const FieldKeys* fieldKeys) {
+    int rows = 0;
+    context_.reports.trap({kModule, "xlTableDrop"}, [&] {
+        if (!robjTVNode.Child()) return false;
+        const excel::RangePtr cell = selectedCell(*robjWorkbook->Application());
+        if (!cell) return xlRefuse();
+        const FieldKeys keys = fieldKeys ? *fieldKeys : chooseFields(robjTVNode);
+        if (!areColumns(chosenControls(robjTVNode, keys))) return false;
+        if (!xlHasRoom(robjTVNode, *cell, keys)) return xlRefuse();
+        rows = xlInsertTable({robjTVNode, robjWorkbook, name}, *cell, xlPlaces(robjTVNode, keys));
+        return true;
+    });
+    return context_.reports.failed() ? 0 : rows;
+}
+
+bool CNodeDropperTable::xlHasRoom(const TreeNode& node, excel::Range& cell, const FieldKeys& columns) {
+    return blockAt(cell, xlPlaces(node, columns)) != nullptr;
+}
+
+bool CNodeDropperTable::xlRefuse() {
+    return context_.reports.refuse("It is impossible to insert the table into current selection.");
+}
+
+std::vector<ControlNodes> CNodeDropperTable::xlPlaces(const TreeNode& node, const FieldKeys& columns) const {
+    return placesOfColumns(context_.xmlNodes, chosenControls(node, columns),
+                           fieldsOf(context_.xmlNodes, node));
+}
+
+int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
+                                     const std::vector<ControlNodes>& places) {
+    const int columns = static_cast<int>(places.size());
+    excel::RangePtr block = cell.Resize(kFieldRow, columns);
+    const std::string rangeName = tableRangeName(drop.node, drop.name);
+    excel::DefinedNamePtr tableName;
+    // Nothing could find a table under an empty name.
+    if (!rangeName.empty()) tableName = drop.workbook->Names()->Add(rangeName, refersTo(*block));
+    if (!xlFillTable(drop, *block, places)) return 0;
+
+    if (rowsFor(places) > kFieldRow) {
+        block = block->Resize(rowsFor(places), columns);
+        if (tableName) tableName->SetRefersToLocal(refersTo(*block));
+    }
+    block->Columns()->AutoFit();
+    return block->Rows()->Count();
+}
+
+bool CNodeDropperTable::xlFillTable(const ExcelDrop& drop, excel::Range& block,
+                                    const std::vector<ControlNodes>& places) {
+    return context_.reports.trap({kModule, "xlFillTable"}, [&] {
+        int column = 1;
+        for (const ControlNodes& fields : places) {
+            xlFillColumn(drop, block, column, fields);
+            if (context_.reports.failed()) return false;
+            ++column;
+        }
+        return true;
+    });
+}
+
+void CNodeDropperTable::xlFillColumn(const ExcelDrop& drop, excel::Range& block, int column,
+                                     const ControlNodes& fields) {
+    const std::string prefix = placePrefix(context_.xmlNodes, drop.node, drop.name);
+    const XmlNode first = elementOf(context_.xmlNodes, fields.front());
+    block.Cells(kCaptionRow, column)->SetValue(GetControlCaption(context_.reports, first));
+    int row = kFieldRow;
+    for (const TreeNode* field : fields) {
+        block.Cells(row, column)->Select();
+        const FieldDropArguments arguments{
+            .node = elementOf(context_.xmlNodes, field), .parentName = prefix, .treeNode = field};
+        CNodeDropperField(context_).xlFieldDrop(arguments, drop.workbook);
+        if (context_.reports.failed()) return;
+        ++row;
+    }
+}
+
+}  // namespace mergeloom

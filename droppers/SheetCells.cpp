@@ -1,0 +1,32 @@
+#include "droppers/SheetCells.h"
+
+#include "base/AutomationError.h"
+#include "office/model/excel/Columns.h"
+
+namespace mergeloom {
+
+excel::RangePtr rangeOrNone(const std::function<excel::RangePtr()>& question) {
+    try {
+        return question();
+    } catch (const AutomationError& error) {
+        if (error.number() != kApplicationDefined) throw;
+        return {};
+    }
+}
+
+excel::RangePtr cellRightOf(excel::Range& cell) {
+    return cell.Offset(0, cell.MergeArea()->Columns()->Count());
+}
+
+excel::RangePtr cellBelow(excel::Range& cell, int rows) {
+    const excel::RangePtr below = cell.Offset(rows, 0);
+    const excel::RangePtr area = below->MergeArea();
+    if (area->Row() == below->Row()) return below;
+    return cell.Offset(area->Row() + area->Rows()->Count() - cell.Row(), 0);
+}
+
+int rowsOf(excel::Range& cell) {
+    return cell.MergeArea()->Rows()->Count();
+}
+
+}  // namespace mergeloom
