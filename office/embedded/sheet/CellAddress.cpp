@@ -89,6 +89,11 @@ std::optional<CellArea> intersection(const CellArea& a, const CellArea& b) {
     return common;
 }
 
+CellArea enclosing(const CellArea& a, const CellArea& b) {
+    return {{std::min(a.first.row, b.first.row), std::min(a.first.column, b.first.column)},
+            {std::max(a.last.row, b.last.row), std::max(a.last.column, b.last.column)}};
+}
+
 std::string columnLetters(int column) {
     std::string letters;
     for (; column > 0; column = (column - 1) / kLetterCount) {

@@ -36,6 +36,8 @@ struct CellArea {
 bool isInSheet(const CellArea& area);
 /// The cells that both areas hold.
 std::optional<CellArea> intersection(const CellArea& a, const CellArea& b);
+/// The smallest area that holds both.
+CellArea enclosing(const CellArea& a, const CellArea& b);
 
 /// "A" for 1, "XFD" for the last column.
 std::string columnLetters(int column);

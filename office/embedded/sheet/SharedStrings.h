@@ -22,9 +22,12 @@ class SharedStrings {
     [[nodiscard]] std::string text(std::size_t index) const;
 
   private:
+    void readOffsets();
+
     std::string xml_;
     std::string partName_;
     std::string fileName_;
+    std::string prefix_;  // of the elements' names, with its colon
     std::vector<std::uint32_t> offsets_;
 };
 

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+/// What is wrong with a part: a clause that goes on from "its part ...", such as "is not well-formed XML".
+class BadXml : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+enum class TagKind { Start, Empty, End };
+
+/// Goes through the tags of an XML text without building anything. What stands between them (text, comments,
+/// CDATA, processing instructions) is passed over. Nesting and the form of tags and attributes are checked on
+/// the way. The text must outlive the scanner, which answers pieces of it.
+class XmlScanner {
+  public:
+    explicit XmlScanner(std::string_view xml);
+
+    /// Goes to the next tag; false behind the last one. Raises BadXml for what is not well-formed, for a
+    /// document type definition, and for nesting deeper than any real part's.
+    bool next();
+    /// From a start tag to the end tag of its element.
+    void skipElement();
+    /// Calls visit on the tag of each child of the element whose start tag the scanner stands on, and ends on
+    /// the end tag. The visit may go through the child to its end tag.
+    template <typename Visit>
+    void forEachChild(Visit visit) {
+        if (kind_ != TagKind::Start) return;
+        const std::size_t depth = depth_;
+        while (next() && depth_ > depth) {
+            visit();
+            skipElement();
+        }
+    }
+    /// The whole element on whose start tag the scanner stands; it ends on the end tag.
+    std::string_view takeElement();
+
+    [[nodiscard]] TagKind kind() const { return kind_; }
+    /// As written, with its prefix.
+    [[nodiscard]] std::string_view name() const { return name_; }
+    /// What stands between the name and the end of the tag.
+    [[nodiscard]] std::string_view attributes() const { return attributes_; }
+    [[nodiscard]] std::string_view tag() const { return xml_.substr(begin_, end_ - begin_); }
+    /// Offsets of the tag in the text.
+    [[nodiscard]] std::size_t begin() const { return begin_; }
+    [[nodiscard]] std::size_t end() const { return end_; }
+    /// Of the element that the tag belongs to; 1 for the outermost.
+    [[nodiscard]] std::size_t depth() const { return depth_; }
+
+  private:
+    [[noreturn]] void refuse(const std::string& reason, std::size_t offset) const;
+    [[nodiscard]] char at(std::size_t offset) const { return offset < xml_.size() ? xml_[offset] : '\0'; }
+    void checkBlank(std::size_t from, std::size_t to) const;
+    std::size_t skipMarkup(std::size_t open) const;
+    std::size_t skipPast(std::string_view closing, std::size_t open, std::size_t from) const;
+    std::size_t skipName(std::size_t offset) const;
+    std::size_t skipSpaces(std::size_t offset) const;
+    std::size_t skipAttribute(std::size_t offset) const;
+    void readStartTag(std::size_t open);
+    void readEndTag(std::size_t open);
+
+    std::string_view xml_;
+    std::vector<std::string_view> open_;
+    TagKind kind_ = TagKind::End;
+    std::string_view name_;
+    std::string_view attributes_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    std::size_t depth_ = 0;
+};
+
+/// A name without its namespace prefix.
+std::string_view localNameOf(std::string_view name);
+/// What stands before the local name: "x:" or nothing.
+std::string_view prefixOf(std::string_view name);
+/// Whether a name is that local name behind that prefix.
+bool isElement(std::string_view name, std::string_view prefix, std::string_view localName);
+
+}  // namespace mergeloom::embedded
