@@ -1,17 +1,23 @@
 #pragma once
 
-#include "office/embedded/sheet/UndoLog.h"
+#include "office/embedded/parts/XmlPart.h"
+#include "office/embedded/sheet/DefinedNameRule.h"
+#include "office/embedded/sheet/PartState.h"
 
 #include <cstdint>
 #include <optional>
 #include <pugixml.hpp>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace mergeloom::embedded {
 
 /// The defined names of a workbook (ECMA-376 Part 1, 18.2.5). Names are one space for the workbook and one
 /// for each sheet, compared without regard to letter case. Names keep their index as long as no step is taken
-/// back; what is not touched stays as it stands.
+/// back; what is not touched stays as it stands. An entry without a name, or of a sheet that the workbook
+/// does not list, does not count.
 class DefinedNames {
   public:
     /// The scope of a name of the whole workbook.
@@ -24,7 +30,10 @@ class DefinedNames {
         std::string formula;  ///< without "="
     };
 
-    // Made by WorkbookPart over its tree.
+    /// Reads the names of a workbook with that many sheets. Part and state must outlive the names.
+    DefinedNames(XmlPart& part, PartState& state, std::size_t sheetCount);
+    DefinedNames(const DefinedNames&) = delete;
+    DefinedNames& operator=(const DefinedNames&) = delete;
 
     [[nodiscard]] std::size_t count() const;
     [[nodiscard]] Entry at(std::size_t index) const;
@@ -36,10 +45,19 @@ class DefinedNames {
     /// The smallest number n from 1 for which no name of the workbook is stem followed by n. Does not try all
     /// numbers again at each question.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
-};
 
-/// Whether a text can be a defined name: letters, digits, "_", ".", "\" and "?", no digit first, at most 255
-/// characters, and nothing that reads as a cell in either notation ("A1", "R1C1", "R", "C").
-bool isDefinedName(const std::string& text);
+  private:
+    void list(pugi::xml_node node, int sheet);
+    std::size_t append(const std::string& name, const std::string& formula);
+    pugi::xml_node ensureList();
+    void takeBack(pugi::xml_node node);
+    void forgetCounters(const std::string& name);
+
+    XmlPart& part_;
+    PartState& state_;
+    std::vector<pugi::xml_node> nodes_;
+    std::unordered_map<std::string, std::size_t> indexes_;         ///< by folded name and scope
+    std::unordered_map<std::string, std::int64_t> firstCounters_;  ///< by folded stem; all before are taken
+};
 
 }  // namespace mergeloom::embedded

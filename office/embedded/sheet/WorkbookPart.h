@@ -3,47 +3,54 @@
 #include "office/embedded/package/Package.h"
 #include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/DefinedNames.h"
+#include "office/embedded/sheet/PartState.h"
+#include "office/embedded/sheet/SheetList.h"
 #include "office/embedded/sheet/UndoLog.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace mergeloom::embedded {
-
-enum class SheetKind { Worksheet, ChartSheet, Other };
-
-/// A sheet as the workbook lists it (ECMA-376 Part 1, 18.2.19).
-struct SheetEntry {
-    std::string name;
-    std::string partName;
-    int sheetId = 0;  ///< by which the calculation chain knows it
-    SheetKind kind = SheetKind::Worksheet;
-    bool hidden = false;
-};
 
 /// The workbook part (ECMA-376 Part 1, 18.2): its sheets, which of them is active, and its defined names.
 class WorkbookPart {
   public:
     /// Reads the package's main part. Raises kFileCouldNotBeRead, with a sentence that names the file, for a
     /// package that is no workbook (a Word document, a binary workbook .xlsb), for a workbook without a
-    /// visible sheet and for one whose sheets' parts are missing. Package and log must outlive the part.
+    /// visible sheet, for one whose sheets' parts are missing and for one that is digitally signed. Package
+    /// and log must outlive the part.
     WorkbookPart(Package& package, UndoLog& undo);
+    WorkbookPart(const WorkbookPart&) = delete;
+    WorkbookPart& operator=(const WorkbookPart&) = delete;
 
-    [[nodiscard]] const std::string& partName() const;
-    [[nodiscard]] const std::vector<SheetEntry>& sheets() const;
+    [[nodiscard]] const std::string& partName() const { return part_->partName(); }
+    [[nodiscard]] const std::vector<SheetEntry>& sheets() const { return sheets_; }
     /// The index of the active sheet; that of the first visible one where the workbook names none or a hidden
     /// one.
     [[nodiscard]] std::size_t activeSheet() const;
+    /// Raises kApplicationDefined for a sheet that is hidden or not there.
     void setActiveSheet(std::size_t index);
 
-    [[nodiscard]] DefinedNames& names();
+    [[nodiscard]] DefinedNames& names() { return *names_; }
 
-    [[nodiscard]] bool isDirty() const;
-    [[nodiscard]] std::string toXml() const;
+    /// Whether the package does not have the part as it stands now.
+    [[nodiscard]] bool isDirty() const { return state_.isDirty(); }
+    [[nodiscard]] std::string toXml() const { return part_->toXml(); }
+    /// Hands the edited part to the package.
+    void store();
 
   private:
+    [[nodiscard]] bool canBeActive(std::size_t index) const;
+    [[nodiscard]] pugi::xml_node view() const;
+    pugi::xml_node ensureView();
+
+    Package& package_;
+    PartState state_;
     std::unique_ptr<XmlPart> part_;
+    std::vector<SheetEntry> sheets_;
+    std::optional<DefinedNames> names_;
 };
 
 }  // namespace mergeloom::embedded

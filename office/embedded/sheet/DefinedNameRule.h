@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace mergeloom::embedded {
+
+/// Whether a text can be a defined name: letters, digits, "_", ".", "\" and "?", the first one a letter, "_"
+/// or "\", at most 255 characters, and nothing that reads as a cell in either notation ("A1", "R1C1", "R",
+/// "C") or as a truth value.
+bool isDefinedName(const std::string& text);
+
+}  // namespace mergeloom::embedded

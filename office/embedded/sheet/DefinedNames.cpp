@@ -1,0 +1,163 @@
+#include "office/embedded/sheet/DefinedNames.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/embedded/sheet/TreeEdit.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+constexpr std::size_t kMostDigits = 18;  // of a counter that fits into 64 bits
+
+std::string keyOf(std::string_view name, int sheet) {
+    return foldCase(name) + "!" + std::to_string(sheet);
+}
+
+/// The number that a text is, nothing else before or behind it.
+std::optional<std::int64_t> numberOf(std::string_view text) {
+    std::int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (result.ec != std::errc() || result.ptr != end) return {};
+    return number;
+}
+
+/// The sheet of a name; nothing when the workbook does not list it.
+std::optional<int> scopeOf(pugi::xml_node node, std::size_t sheetCount) {
+    const pugi::xml_attribute attribute = node.attribute("localSheetId");
+    if (!attribute) return DefinedNames::kWorkbook;
+    const std::optional<std::int64_t> sheet = numberOf(attribute.value());
+    if (!sheet || *sheet < 0 || *sheet >= static_cast<std::int64_t>(sheetCount)) return {};
+    return static_cast<int>(*sheet);
+}
+
+int knownScopeOf(pugi::xml_node node) {
+    return node.attribute("localSheetId").as_int(DefinedNames::kWorkbook);
+}
+
+std::string_view nameOf(pugi::xml_node node) {
+    return node.attribute("name").value();
+}
+
+/// The child of the workbook behind which the list of names has its place (ECMA-376 Part 1, A.2,
+/// CT_Workbook).
+pugi::xml_node predecessor(pugi::xml_node root) {
+    for (const char* name : {"externalReferences", "functionGroups", "sheets"}) {
+        if (const pugi::xml_node found = childNamed(root, name)) return found;
+    }
+    return {};
+}
+
+}  // namespace
+
+DefinedNames::DefinedNames(XmlPart& part, PartState& state, std::size_t sheetCount)
+    : part_(part), state_(state) {
+    const pugi::xml_node names = childNamed(part.root(), "definedNames");
+    if (!names) return;
+    for (const pugi::xml_node node : names.children(nameLike(names, "definedName").c_str())) {
+        const std::optional<int> sheet = scopeOf(node, sheetCount);
+        if (sheet && !nameOf(node).empty()) list(node, *sheet);
+    }
+}
+
+void DefinedNames::list(pugi::xml_node node, int sheet) {
+    indexes_.emplace(keyOf(nameOf(node), sheet), nodes_.size());
+    nodes_.push_back(node);
+}
+
+std::size_t DefinedNames::count() const {
+    return nodes_.size();
+}
+
+DefinedNames::Entry DefinedNames::at(std::size_t index) const {
+    const pugi::xml_node node = nodes_.at(index);
+    return {std::string(nameOf(node)), knownScopeOf(node), node.attribute("hidden").as_bool(), textOf(node)};
+}
+
+std::optional<std::size_t> DefinedNames::find(const std::string& name, int sheet) const {
+    const auto found = indexes_.find(keyOf(name, sheet));
+    if (found == indexes_.end()) return {};
+    return found->second;
+}
+
+std::size_t DefinedNames::define(const std::string& name, const std::string& formula) {
+    const std::optional<std::size_t> former = find(name);
+    if (former) {
+        setFormula(*former, formula);
+        return *former;
+    }
+    if (!isDefinedName(name)) {
+        throw AutomationError(kApplicationDefined,
+                              "'" + name + "' cannot be the name of a place in a workbook.");
+    }
+    return append(name, formula);
+}
+
+void DefinedNames::setFormula(std::size_t index, const std::string& formula) {
+    const pugi::xml_node node = nodes_.at(index);
+    if (textOf(node) != formula) setText(node, formula, state_);
+}
+
+std::size_t DefinedNames::append(const std::string& name, const std::string& formula) {
+    pugi::xml_node names = ensureList();
+    pugi::xml_node node = names.append_child(nameLike(names, "definedName").c_str());
+    node.append_attribute("name").set_value(name.c_str());
+    node.append_child(pugi::node_pcdata).set_value(formula.c_str());
+    list(node, kWorkbook);
+    state_.change([this, node] { takeBack(node); });
+    return nodes_.size() - 1;
+}
+
+pugi::xml_node DefinedNames::ensureList() {
+    pugi::xml_node root = part_.root();
+    pugi::xml_node names = childNamed(root, "definedNames");
+    if (names) return names;
+    names = root.insert_child_after(nameLike(root, "definedNames").c_str(), predecessor(root));
+    // Names may have come in after the recorded step, so the list goes only when it is empty again.
+    state_.change([names, attic = part_.attic()]() mutable {
+        if (!names.first_child()) attic.append_move(names);
+    });
+    return names;
+}
+
+void DefinedNames::takeBack(pugi::xml_node node) {
+    const std::string name(nameOf(node));
+    const std::string key = keyOf(name, kWorkbook);
+    const std::size_t index = indexes_.at(key);
+    indexes_.erase(key);
+    nodes_.erase(nodes_.begin() + static_cast<std::ptrdiff_t>(index));
+    // What is taken back stands last, unless names came after the recorded step.
+    if (index < nodes_.size()) {
+        for (auto& [other, position] : indexes_) {
+            if (position > index) --position;
+        }
+    }
+    part_.attic().append_move(node);
+    forgetCounters(name);
+}
+
+std::int64_t DefinedNames::firstFreeCounter(const std::string& stem) {
+    const std::string folded = foldCase(stem);
+    std::int64_t& counter = firstCounters_.emplace(folded, 1).first->second;
+    while (find(stem + std::to_string(counter)))
+        ++counter;
+    return counter;
+}
+
+void DefinedNames::forgetCounters(const std::string& name) {
+    const std::string folded = foldCase(name);
+    const std::size_t stem = folded.find_last_not_of("0123456789") + 1;
+    const std::size_t first = std::max(stem, folded.size() < kMostDigits ? 0 : folded.size() - kMostDigits);
+    for (std::size_t at = first; at < folded.size(); ++at) {
+        const auto found = firstCounters_.find(folded.substr(0, at));
+        const std::int64_t number = *numberOf(std::string_view(folded).substr(at));
+        if (found != firstCounters_.end() && number > 0) found->second = std::min(found->second, number);
+    }
+}
+
+}  // namespace mergeloom::embedded

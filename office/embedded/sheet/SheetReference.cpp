@@ -1,0 +1,81 @@
+#include "office/embedded/sheet/SheetReference.h"
+
+#include "base/Text.h"
+#include "office/embedded/sheet/DefinedNameRule.h"
+
+namespace mergeloom::embedded {
+
+namespace {
+
+constexpr char32_t kLastAscii = 0x7F;
+
+/// What may stand in a sheet's name without quotes. Programs differ in what they quote, so this is wider than
+/// what is written here.
+bool isPlain(char32_t character) {
+    return isNameLetter(character) || isDigit(character) || character == U'_' || character == U'.' ||
+           character > kLastAscii;
+}
+
+bool isPlainName(std::string_view name) {
+    if (name.empty()) return false;
+    while (!name.empty()) {
+        if (!isPlain(takeCodePoint(name))) return false;
+    }
+    return true;
+}
+
+/// Whether a sheet can have the name. A colon stands for several sheets, brackets for another workbook.
+bool isSheetName(std::string_view name) {
+    return !name.empty() && name.find_first_of(":[]\\/?*") == std::string_view::npos;
+}
+
+/// Takes a name in quotes and the "!" behind it off a formula; nothing when they do not stand there.
+std::optional<std::string> takeQuotedName(std::string_view& formula) {
+    std::string name;
+    for (std::size_t at = 1; at + 1 < formula.size(); ++at) {
+        const bool quote = formula[at] == '\'';
+        if (quote && formula[at + 1] == '!') {
+            formula.remove_prefix(at + 2);
+            return isSheetName(name) ? std::optional(name) : std::nullopt;
+        }
+        if (quote && formula[++at] != '\'') return {};
+        name += formula[at];
+    }
+    return {};
+}
+
+/// Takes a name without quotes and its "!" off a formula; the empty name where no sheet is named.
+std::optional<std::string> takePlainName(std::string_view& formula) {
+    const std::size_t mark = formula.find('!');
+    if (mark == std::string_view::npos) return "";
+    const std::string_view name = formula.substr(0, mark);
+    if (!isPlainName(name)) return {};
+    formula.remove_prefix(mark + 1);
+    return std::string(name);
+}
+
+bool needsQuotes(const std::string& name) {
+    return !isPlainName(name) || !isDefinedName(name);
+}
+
+std::string written(const std::string& name) {
+    return needsQuotes(name) ? "'" + replaceAll(name, "'", "''") + "'" : name;
+}
+
+}  // namespace
+
+std::optional<SheetReference> parseReference(std::string_view formula) {
+    const std::optional<std::string> name =
+        formula.starts_with('\'') ? takeQuotedName(formula) : takePlainName(formula);
+    if (!name) return {};
+    const std::optional<CellArea> area = parseArea(formula);
+    if (!area) return {};
+    return SheetReference{*name, *area};
+}
+
+std::string referenceText(const SheetReference& reference) {
+    const std::string area = absoluteAddressOf(reference.area);
+    return reference.sheetName.empty() ? area : written(reference.sheetName) + "!" + area;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,93 @@
+#include "office/embedded/sheet/WorkbookPart.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/embedded/package/PackageXml.h"
+#include "office/embedded/package/UnreadableFile.h"
+#include "office/embedded/sheet/TreeEdit.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// What a file is by its main part's content type; nothing for a workbook that can be read.
+std::string_view foreignKind(const std::string& contentType) {
+    const std::string type = toLowerAscii(contentType);
+    const auto has = [&](std::string_view word) { return type.find(word) != std::string::npos; };
+    if (has("ms-excel.sheet.binary")) {
+        return "it is a binary workbook (.xlsb), which has to be saved as .xlsx or .xlsm first";
+    }
+    if (type.ends_with("main+xml") && (has("spreadsheetml") || has("ms-excel"))) return "";
+    if (has("wordprocessingml") || has("ms-word")) return "it is a Word document and no workbook";
+    if (has("presentationml") || has("ms-powerpoint")) return "it is a presentation and no workbook";
+    return "it is no workbook";
+}
+
+std::string workbookXml(const Package& package, const std::string& partName) {
+    const std::string_view foreign = foreignKind(package.contentTypes().of(partName));
+    if (!foreign.empty()) raiseUnreadable(package.fileName(), std::string(foreign));
+    if (package.isSigned()) {
+        raiseUnreadable(package.fileName(),
+                        "it is digitally signed; a change would make the signature invalid");
+    }
+    return package.readPart(partName);
+}
+
+}  // namespace
+
+WorkbookPart::WorkbookPart(Package& package, UndoLog& undo) : package_(package), state_(undo) {
+    const std::string name = package.mainPart();
+    part_ = XmlPart::parse(workbookXml(package, name), name, package.fileName());
+    if (localName(part_->root()) != "workbook") {
+        raiseUnreadable(package.fileName(),
+                        "its part " + quoted(name) + " has no root element " + quoted("workbook"));
+    }
+    sheets_ = readSheets(part_->root(), name, package);
+    names_.emplace(*part_, state_, sheets_.size());
+}
+
+bool WorkbookPart::canBeActive(std::size_t index) const {
+    return index < sheets_.size() && !sheets_[index].hidden;
+}
+
+std::size_t WorkbookPart::activeSheet() const {
+    const std::size_t named = view().attribute("activeTab").as_uint();
+    if (canBeActive(named)) return named;
+    return static_cast<std::size_t>(std::ranges::find(sheets_, false, &SheetEntry::hidden) - sheets_.begin());
+}
+
+void WorkbookPart::setActiveSheet(std::size_t index) {
+    if (!canBeActive(index)) {
+        throw AutomationError(kApplicationDefined, "A sheet that is hidden or not there cannot be active.");
+    }
+    if (index == activeSheet()) return;
+    setAttribute(ensureView(), "activeTab", std::to_string(index), state_);
+}
+
+pugi::xml_node WorkbookPart::view() const {
+    return childNamed(childNamed(part_->root(), "bookViews"), "workbookView");
+}
+
+pugi::xml_node WorkbookPart::ensureView() {
+    if (const pugi::xml_node known = view()) return known;
+    pugi::xml_node root = part_->root();
+    pugi::xml_node views = childNamed(root, "bookViews");
+    if (!views) {
+        views = root.insert_child_before(nameLike(root, "bookViews").c_str(), childNamed(root, "sheets"));
+        noteNew(views, *part_, state_);
+    }
+    const pugi::xml_node added = views.prepend_child(nameLike(root, "workbookView").c_str());
+    noteNew(added, *part_, state_);
+    return added;
+}
+
+void WorkbookPart::store() {
+    if (!isDirty()) return;
+    package_.writePart(partName(), toXml());
+    state_.setStored();
+}
+
+}  // namespace mergeloom::embedded
