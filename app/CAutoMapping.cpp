@@ -40,13 +40,6 @@ std::string extensionOf(const std::string& path) {
     return toLowerAscii(extension(path));
 }
 
-/// The lookup's answer for an extension that it does not know is a format with an extension of its own.
-bool isKnownExtension(const std::string& fileExtension) {
-    const int format = wordFormatByExtension(fileExtension);
-    return wordExtension(format) == fileExtension ||
-           secondWordExtension(wordExtension(format)) == fileExtension;
-}
-
 /// Whether the document that was just opened came up with a selection, without which nothing can be dropped.
 bool canDropInto(word::Application& application) {
     try {
@@ -78,7 +71,7 @@ bool CAutoMapping::Execute() {
 bool CAutoMapping::map() {
     if (gExcelMode != 0) return refuse("Mapping into an Excel workbook is not available yet.");
     const std::string& target = arguments_.targetPath;
-    if (!target.empty() && !isKnownExtension(extensionOf(target))) {
+    if (!target.empty() && !isWordExtension(extensionOf(target))) {
         return refuse("The template '" + target + "' has no file extension that Word knows.");
     }
 

@@ -75,11 +75,6 @@ const WordFormat* findFormat(int format) {
     return &kFormats[static_cast<std::size_t>(format)];
 }
 
-bool hasExtension(int format, std::string_view extension) {
-    const std::string first = wordExtension(format);
-    return first == extension || secondWordExtension(first) == extension;
-}
-
 }  // namespace
 
 std::string wordFormatName(int format) {
@@ -89,14 +84,7 @@ std::string wordFormatName(int format) {
 
 std::string wordExtension(int format, LeadingDot dot, int defaultFormat) {
     const WordFormat* const found = findFormat(format == kWordDefaultFormat ? defaultFormat : format);
-    if (found == nullptr || found->extension.empty()) return {};
-    return (dot == LeadingDot::With ? "." : "") + std::string(found->extension);
-}
-
-std::string secondWordExtension(std::string_view extension) {
-    if (extension == "htm") return "html";
-    if (extension == "mht") return "mhtml";
-    return {};
+    return found == nullptr ? std::string() : dottedExtension(found->extension, dot);
 }
 
 WordOfficeDocumentType wordOfficeDocumentType(int format) {
@@ -109,9 +97,7 @@ WordOfficeDocumentType wordOfficeDocumentType(int format) {
 }
 
 std::string wordFilter(int format, int defaultFormat) {
-    const std::string extension = wordExtension(format, LeadingDot::Without, defaultFormat);
-    const std::string second = secondWordExtension(extension);
-    return "*." + extension + (second.empty() ? "" : ";*." + second);
+    return extensionFilter(wordExtension(format, LeadingDot::Without, defaultFormat));
 }
 
 std::span<const int> offeredWordFormats() {
@@ -119,10 +105,13 @@ std::span<const int> offeredWordFormats() {
 }
 
 int wordFormatByExtension(std::string_view extension) {
-    if (extension.empty()) return kWordDocument97;
-    const auto found = std::find_if(kOffered.begin(), kOffered.end(),
-                                    [&](int format) { return hasExtension(format, extension); });
+    const auto* const found = std::ranges::find_if(
+        kOffered, [&](int format) { return fitsFormat(extension, wordExtension(format)); });
     return found == kOffered.end() ? kWordDocument97 : *found;
+}
+
+bool isWordExtension(std::string_view extension) {
+    return fitsFormat(extension, wordExtension(wordFormatByExtension(extension)));
 }
 
 int wordDefaultSaveFormat(std::string_view defaultSaveFormat, int wordVersion) {

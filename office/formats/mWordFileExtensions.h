@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/AutomationError.h"
+#include "office/formats/mFileExtensions.h"
 
 #include <span>
 #include <string>
@@ -15,10 +15,7 @@ inline constexpr int kWordDocument = 12;
 /// Stands for whatever format Word saves in by default.
 inline constexpr int kWordDefaultFormat = 16;
 
-inline constexpr ErrorNumber kUnknownOfficeDocumentType = 30000;
-
 enum class WordOfficeDocumentType : int { Document = 1, Template = 2 };
-enum class LeadingDot { Without, With };
 
 /// The name that dialogs show for the format; empty for an unknown number.
 std::string wordFormatName(int format);
@@ -27,9 +24,6 @@ std::string wordFormatName(int format);
 /// defaultFormat, the answer of wordDefaultSaveFormat for the Word at hand.
 std::string wordExtension(int format, LeadingDot dot = LeadingDot::Without,
                           int defaultFormat = kWordDocument);
-
-/// The longer form of an extension that is written in two ways (without a dot); empty for all others.
-std::string secondWordExtension(std::string_view extension);
 
 /// Raises kUnknownOfficeDocumentType for a number outside 0 to 23.
 WordOfficeDocumentType wordOfficeDocumentType(int format);
@@ -43,6 +37,9 @@ std::span<const int> offeredWordFormats();
 /// The first offered format whose first or second extension is the given one (without a dot, in the same
 /// letter case); 0 when there is none.
 int wordFormatByExtension(std::string_view extension);
+
+/// Whether an offered format has the extension, which wordFormatByExtension's 0 leaves open.
+bool isWordExtension(std::string_view extension);
 
 /// The format that the value of Word's option DefaultSaveFormat stands for; a value that is not known, the
 /// empty one included, is the document format of that version (its major number).

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,34 @@ TEST(OfficeVersion, DecidesWhatAWordCanSave) {
         EXPECT_EQ(saved, formats) << "version " << version;
     }
     EXPECT_TRUE(canWordSave(7, kUnknownOfficeVersion));
+}
+
+TEST(OfficeVersion, DecidesWhatAnExcelCanSave) {
+    const std::vector<int> always{-4158, -4143, 2, 6, 9, 17, 19, 21, 22, 24, 36, 39, 42, 44};
+    const struct {
+        int version;
+        std::vector<int> further;
+    } cases[] = {
+        {9, {43}},
+        {10, {43, 45, 46}},
+        {11, {43, 45, 46}},
+        {12, {45, 46, 50, 51, 52, 53, 54, 56, 60}},
+        {13, {45, 46, 50, 51, 52, 53, 54, 56}},
+        {14, {45, 46, 50, 51, 52, 53, 54, 56, 60}},
+        {16, {45, 46, 50, 51, 52, 53, 54, 56, 60}},
+    };
+    for (const auto& [version, further] : cases) {
+        std::vector<int> saved;
+        for (int format = -4200; format <= 70; ++format) {
+            const bool isAlways = std::ranges::find(always, format) != always.end();
+            if (canExcelSave(format, version) && !isAlways) saved.push_back(format);
+            if (isAlways) {
+                EXPECT_TRUE(canExcelSave(format, version)) << format << " in version " << version;
+            }
+        }
+        EXPECT_EQ(saved, further) << "version " << version;
+    }
+    EXPECT_TRUE(canExcelSave(7, kUnknownOfficeVersion));
 }
 
 }  // namespace

@@ -70,6 +70,7 @@ TEST(WordFileExtensions, FindTheFormatOfAnExtension) {
     };
     for (const auto& [extension, format] : cases) {
         EXPECT_EQ(wordFormatByExtension(extension), format) << extension;
+        EXPECT_EQ(isWordExtension(extension), format != 0 || extension == "doc") << extension;
     }
 }
 
