@@ -64,6 +64,7 @@ bool CNodeDropperForm::dropControls(const TreeNode& form, const ControlNodes& co
 int CNodeDropperForm::xlDropControls(const TreeNode& form, const ControlNodes& controls,
                                      const std::string& prefix, const excel::WorkbookPtr& workbook) {
     const excel::ApplicationPtr application = workbook->Application();
+    const int firstRow = application->ActiveCell()->Row();
     int rows = 0;
     std::int64_t handled = 0;
     for (const TreeNode* control : controls) {
@@ -71,11 +72,12 @@ int CNodeDropperForm::xlDropControls(const TreeNode& form, const ControlNodes& c
         const FieldDropArguments arguments = argumentsFor(*control, prefix);
         const int used = CNodeDropperField(context_).xlFieldDrop(arguments, workbook);
         if (context_.reports.failed()) return 0;
-        rows += used;
+        // Rows between two controls, which merged cells took, count as well.
+        if (used > 0) rows = cell->Row() + used - firstRow;
         advance(form, ++handled, std::ssize(controls));
         const auto below = [&] { return cellBelow(*cell, used); };
         // Only what comes behind needs the row, which the sheet's last one has not.
-        const excel::RangePtr next = control == controls.back() ? rangeOrNone(below) : below();
+        const excel::RangePtr next = handled == std::ssize(controls) ? rangeOrNone(below) : below();
         if (next) next->Activate();
     }
     return rows;

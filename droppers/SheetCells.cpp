@@ -19,7 +19,7 @@ excel::RangePtr cellRightOf(excel::Range& cell) {
 }
 
 excel::RangePtr cellBelow(excel::Range& cell, int rows) {
-    const excel::RangePtr below = cell.Offset(rows, 0);
+    excel::RangePtr below = cell.Offset(rows, 0);
     const excel::RangePtr area = below->MergeArea();
     if (area->Row() == below->Row()) return below;
     return cell.Offset(area->Row() + area->Rows()->Count() - cell.Row(), 0);
