@@ -1,7 +1,6 @@
 #pragma once
 
-#include "doubles/MemoryFileStore.h"
-#include "doubles/RecordingMessages.h"
+#include "StructureTest.h"
 #include "doubles/WordFiles.h"
 #include "droppers/CNodeDropper.h"
 #include "office/factory/OfficeFactory.h"
@@ -15,24 +14,14 @@
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
 #include "office/model/word/Tables.h"
-#include "xml/CXML2TreeView.h"
-#include "xml/RecordingErrorHandler.h"
-
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 
 namespace mergeloom {
 
-class SilentProgress final : public Progress {
-  public:
-    void advance(std::int64_t done, std::int64_t total) override { last = {done, total}; }
-    std::pair<std::int64_t, std::int64_t> last;
-};
-
 /// An open document, and a structure document with its tree.
-class DropTest : public testing::Test {
+class DropTest : public StructureTest {
   protected:
     /// Opens an empty document, or one with this body.
     void open(const std::string& bodyXml = "") {
@@ -43,26 +32,6 @@ class DropTest : public testing::Test {
             files.files["/given.docx"] = wordFile(bodyXml);
             document = application->Documents()->Open("/given.docx");
         }
-    }
-
-    void load(const std::string& xml) {
-        ASSERT_TRUE(structure.loadXML(xml)) << structure.parseError().reason;
-        tree.Clear();
-        CXML2TreeView view{tree, structure, errors};
-        view.DisplayXMLNode(0, structure.documentElement(), false);
-        xmlNodes = std::move(view.XMLNodes());
-    }
-
-    /// The tree node of a key, or the drop kind of that name below it.
-    TreeNode& node(const std::string& key, const std::string& kind = "") {
-        for (int index = 1; index <= tree.Count(); ++index) {
-            TreeNode& found = *tree.Item(index);
-            if (kind.empty() ? found.Key() == key : found.Text() == kind && found.Parent()->Key() == key) {
-                return found;
-            }
-        }
-        ADD_FAILURE() << "no node " << key << " " << kind;
-        return *tree.First();
     }
 
     bool drop(const TreeNode& dropped, DocumentType type = DocumentType::ByView,
@@ -95,17 +64,8 @@ class DropTest : public testing::Test {
         selection()->Collapse(word::WdCollapseDirection::wdCollapseEnd);
     }
 
-    MemoryFileStore files;
-    RecordingErrorHandler errors;
-    RecordingMessages messages;
-    SilentProgress progress;
-    FieldDialog* dialog = nullptr;
     word::ApplicationPtr application;
     word::DocumentPtr document;
-    StructureDocument structure;
-    TreeView tree;
-    XmlNodeCollection xmlNodes;
-    std::map<std::string, std::string> pictures;
 };
 
 }  // namespace mergeloom
