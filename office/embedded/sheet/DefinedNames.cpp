@@ -59,7 +59,7 @@ DefinedNames::DefinedNames(XmlPart& part, PartState& state, std::size_t sheetCou
     : part_(part), state_(state) {
     const pugi::xml_node names = childNamed(part.root(), "definedNames");
     if (!names) return;
-    for (const pugi::xml_node node : names.children(nameLike(names, "definedName").c_str())) {
+    for (const pugi::xml_node node : childrenNamed(names, "definedName")) {
         const std::optional<int> sheet = scopeOf(node, sheetCount);
         if (sheet && !nameOf(node).empty()) list(node, *sheet);
     }

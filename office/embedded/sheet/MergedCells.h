@@ -7,7 +7,8 @@
 
 namespace mergeloom::embedded {
 
-/// The merged cells of a sheet (ECMA-376 Part 1, 18.3.1.55).
+/// The merged cells of a sheet (ECMA-376 Part 1, 18.3.1.55). A merged area that overlaps an earlier one,
+/// which Excel would take for damage, does not count.
 class MergedCells {
   public:
     explicit MergedCells(const SheetPart& sheet);
@@ -20,8 +21,13 @@ class MergedCells {
     [[nodiscard]] bool isCovered(const CellPosition& cell) const { return areaAt(cell).first != cell; }
 
   private:
+    void list(const CellArea& area);
+
     std::vector<CellArea> areas_;
-    // whatever makes areaAt faster than a walk over tens of thousands of areas
+    // An area is listed by the first cell of each of its rows, or of each of its columns when it is tall:
+    // merged areas do not overlap, so the nearest entry at or before a cell is the only one that can hold it.
+    std::map<CellPosition, CellArea> byRows_;
+    std::map<CellPosition, CellArea> byColumns_;  ///< rows and columns stand in each other's place
 };
 
 }  // namespace mergeloom::embedded

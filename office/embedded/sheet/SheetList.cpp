@@ -42,7 +42,7 @@ std::vector<SheetEntry> readSheets(pugi::xml_node workbook, const std::string& p
     std::unordered_set<std::string> parts;
     const Relationships& relationships = package.relationshipsOf(partName);
     const pugi::xml_node list = childNamed(workbook, "sheets");
-    for (const pugi::xml_node node : list.children(nameLike(list, "sheet").c_str())) {
+    for (const pugi::xml_node node : childrenNamed(list, "sheet")) {
         sheets.push_back(readSheet(node, package, relationships));
         // Each sheet is edited and written on its own, so one of the two would be lost.
         if (!parts.insert(partKey(sheets.back().partName)).second) {

@@ -20,6 +20,7 @@ SheetSelection readSelection(const SheetPart& sheet);
 /// Writes it there; a sheet without a view gets one. Nothing is changed when it is selected already.
 void writeSelection(SheetPart& sheet, const SheetSelection& selection);
 /// Whether the view shows the sheet's tab as selected (tabSelected), and the change of that.
+bool isTabSelected(const SheetPart& sheet);
 void setTabSelected(SheetPart& sheet, bool selected);
 
 }  // namespace mergeloom::embedded

@@ -19,7 +19,7 @@ class StyleSheet {
     /// Without a styles part everything has the defaults.
     StyleSheet() = default;
     /// Raises kFileCouldNotBeRead, with a sentence that names file and part, when it is malformed.
-    StyleSheet(std::string xml, const std::string& partName, const std::string& fileName);
+    StyleSheet(std::string_view xml, const std::string& partName, const std::string& fileName);
 
     /// The font of the style "Normal", whose digits are the unit of column widths.
     [[nodiscard]] const CellFont& defaultFont() const { return defaultFont_; }
@@ -36,6 +36,9 @@ class StyleSheet {
         bool locked = true;
         bool fitsItself = false;
     };
+
+    /// Null for an index without a format.
+    [[nodiscard]] const CellFormat* formatOf(int style) const;
 
     CellFont defaultFont_;
     std::vector<CellFormat> formats_;

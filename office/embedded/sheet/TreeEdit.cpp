@@ -51,6 +51,12 @@ pugi::xml_node childNamed(pugi::xml_node parent, std::string_view localName) {
     return parent.child(nameLike(parent, localName).c_str());
 }
 
+std::vector<pugi::xml_node> childrenNamed(pugi::xml_node parent, std::string_view localName) {
+    const std::string name = nameLike(parent, localName);
+    const auto found = parent.children(name.c_str());
+    return {found.begin(), found.end()};
+}
+
 pugi::xml_node nextElement(pugi::xml_node node) {
     do {
         node = node.next_sibling();

@@ -6,6 +6,7 @@
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Elements of SpreadsheetML in a tree and changes of them that can be taken back. A part writes all its
 /// elements with the prefix of its root, or with none.
@@ -15,6 +16,8 @@ namespace mergeloom::embedded {
 std::string nameLike(pugi::xml_node element, std::string_view localName);
 /// The first child of that local name in the parent's namespace.
 pugi::xml_node childNamed(pugi::xml_node parent, std::string_view localName);
+/// All children of that local name in the parent's namespace.
+std::vector<pugi::xml_node> childrenNamed(pugi::xml_node parent, std::string_view localName);
 /// The first sibling behind a node that is an element.
 pugi::xml_node nextElement(pugi::xml_node node);
 /// The text of an element, its CDATA sections included.

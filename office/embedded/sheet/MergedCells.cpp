@@ -1,0 +1,84 @@
+#include "office/embedded/sheet/MergedCells.h"
+
+#include "office/embedded/sheet/SheetSection.h"
+#include "office/embedded/sheet/TreeEdit.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+using AreaMap = std::map<CellPosition, CellArea>;
+
+CellPosition turned(const CellPosition& cell) {
+    return {cell.column, cell.row};
+}
+
+CellArea turned(const CellArea& area) {
+    return {turned(area.first), turned(area.last)};
+}
+
+bool isTall(const CellArea& area) {
+    return area.rows() > area.columns();
+}
+
+void listRows(AreaMap& areas, const CellArea& area) {
+    for (int row = area.first.row; row <= area.last.row; ++row)
+        areas.emplace(CellPosition{row, area.first.column}, area);
+}
+
+/// The area whose entry is the nearest one at or before the cell.
+const CellArea* nearest(const AreaMap& areas, const CellPosition& cell) {
+    const auto behind = areas.upper_bound(cell);
+    return behind == areas.begin() ? nullptr : &std::prev(behind)->second;
+}
+
+bool hasRowIn(const AreaMap& areas, const CellArea& area) {
+    if (areas.empty()) return false;
+    for (int row = area.first.row; row <= area.last.row; ++row) {
+        const CellArea* const found = nearest(areas, {row, area.last.column});
+        if (found != nullptr && intersection(*found, area)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+MergedCells::MergedCells(const SheetPart& sheet) {
+    const SheetSection section(sheet, "mergeCells");
+    for (const pugi::xml_node node : childrenNamed(section.root(), "mergeCell")) {
+        const std::optional<CellArea> area = parseArea(node.attribute("ref").value());
+        if (area && area->first != area->last && !touches(*area)) list(*area);
+    }
+}
+
+void MergedCells::list(const CellArea& area) {
+    areas_.push_back(area);
+    if (isTall(area)) {
+        listRows(byColumns_, turned(area));
+    } else {
+        listRows(byRows_, area);
+    }
+}
+
+CellArea MergedCells::areaAt(const CellPosition& cell) const {
+    const CellArea* const wide = nearest(byRows_, cell);
+    if (wide != nullptr && wide->contains(cell)) return *wide;
+    const CellArea* const tall = nearest(byColumns_, turned(cell));
+    if (tall != nullptr && tall->contains(turned(cell))) return turned(*tall);
+    return {cell, cell};
+}
+
+bool MergedCells::touches(const CellArea& area) const {
+    // Of a very large area, each of the merged areas is the shorter way.
+    if (areas_.size() < static_cast<std::size_t>(area.rows() + area.columns())) {
+        return std::ranges::any_of(areas_,
+                                   [&](const CellArea& one) { return intersection(one, area).has_value(); });
+    }
+    return hasRowIn(byRows_, area) || hasRowIn(byColumns_, turned(area));
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,131 @@
+#include "office/embedded/sheet/SheetView.h"
+
+#include "office/embedded/sheet/SheetSection.h"
+#include "office/embedded/sheet/TreeEdit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+constexpr const char* kSection = "sheetViews";
+constexpr const char* kFirstPane = "topLeft";
+
+/// The view in the workbook's first window.
+pugi::xml_node viewOf(pugi::xml_node views) {
+    const std::string name = nameLike(views, "sheetView");
+    const pugi::xml_node found = views.find_child_by_attribute(name.c_str(), "workbookViewId", "0");
+    return found ? found : views.child(name.c_str());
+}
+
+std::string paneOf(pugi::xml_node element, const char* attribute) {
+    return element.attribute(attribute).as_string(kFirstPane);
+}
+
+/// The selection of the pane that has the focus.
+pugi::xml_node selectionOf(pugi::xml_node view) {
+    const std::string active = paneOf(childNamed(view, "pane"), "activePane");
+    for (const pugi::xml_node selection : childrenNamed(view, "selection")) {
+        if (paneOf(selection, "pane") == active) return selection;
+    }
+    return {};
+}
+
+SheetSelection parseSelection(pugi::xml_node element) {
+    std::vector<CellArea> areas = parseAreas(element.attribute("sqref").value());
+    const CellPosition first = areas.empty() ? CellPosition() : areas.front().first;
+    const pugi::xml_attribute written = element.attribute("activeCell");
+    const CellPosition active = parseCell(written.value()).value_or(written ? CellPosition() : first);
+    const auto holdsActive = [&](const CellArea& area) { return area.contains(active); };
+    if (std::ranges::none_of(areas, holdsActive)) areas = {{active, active}};
+    return {active, std::move(areas)};
+}
+
+/// With both corners also for whole rows and columns, as Excel writes a selection.
+std::string addressesOf(const std::vector<CellArea>& areas) {
+    std::string addresses;
+    for (const CellArea& area : areas) {
+        if (!addresses.empty()) addresses += ' ';
+        addresses += addressOf(area.first);
+        if (area.first != area.last) addresses += ":" + addressOf(area.last);
+    }
+    return addresses;
+}
+
+/// The number of the area that the active cell is counted to.
+std::size_t activeArea(const SheetSelection& selection) {
+    const auto holdsActive = [&](const CellArea& area) { return area.contains(selection.activeCell); };
+    const auto found = std::ranges::find_if(selection.areas, holdsActive);
+    return found == selection.areas.end() ? 0 : static_cast<std::size_t>(found - selection.areas.begin());
+}
+
+void set(pugi::xml_node element, const char* name, const std::string& value) {
+    pugi::xml_attribute attribute = element.attribute(name);
+    if (!attribute) attribute = element.append_attribute(name);
+    attribute.set_value(value.c_str());
+}
+
+/// Puts a selection for the pane with the focus into a view that has none: behind the pane and the selections
+/// of other panes (ECMA-376 Part 1, A.2, CT_SheetView).
+pugi::xml_node addSelection(pugi::xml_node view) {
+    const std::string name = nameLike(view, "selection");
+    const pugi::xml_node pane = childNamed(view, "pane");
+    pugi::xml_node last = pane;
+    for (const pugi::xml_node other : view.children(name.c_str()))
+        last = other;
+    pugi::xml_node added =
+        last ? view.insert_child_after(name.c_str(), last) : view.prepend_child(name.c_str());
+    const std::string active = paneOf(pane, "activePane");
+    if (active != kFirstPane) set(added, "pane", active);
+    return added;
+}
+
+void write(pugi::xml_node element, const SheetSelection& selection) {
+    const std::size_t area = activeArea(selection);
+    set(element, "activeCell", addressOf(selection.activeCell));
+    if (area > 0 || element.attribute("activeCellId")) set(element, "activeCellId", std::to_string(area));
+    set(element, "sqref", addressesOf(selection.areas));
+}
+
+std::string newViews(const SheetPart& sheet) {
+    const std::string views = sheet.elementName(kSection);
+    return "<" + views + "><" + sheet.elementName("sheetView") + " workbookViewId=\"0\"/></" + views + ">";
+}
+
+/// Changes the view in the workbook's first window; a sheet without one gets it.
+template <typename Change>
+void changeView(SheetPart& sheet, const Change& change) {
+    if (!viewOf(SheetSection(sheet, kSection).root())) sheet.setSection(kSection, newViews(sheet));
+    const SheetSection section(sheet, kSection);
+    change(viewOf(section.root()));
+    sheet.setSection(kSection, section.toXml());
+}
+
+}  // namespace
+
+SheetSelection readSelection(const SheetPart& sheet) {
+    const SheetSection section(sheet, kSection);
+    return parseSelection(selectionOf(viewOf(section.root())));
+}
+
+void writeSelection(SheetPart& sheet, const SheetSelection& selection) {
+    if (readSelection(sheet) == selection) return;
+    changeView(sheet, [&](pugi::xml_node view) {
+        const pugi::xml_node known = selectionOf(view);
+        write(known ? known : addSelection(view), selection);
+    });
+}
+
+bool isTabSelected(const SheetPart& sheet) {
+    const SheetSection section(sheet, kSection);
+    return viewOf(section.root()).attribute("tabSelected").as_bool();
+}
+
+void setTabSelected(SheetPart& sheet, bool selected) {
+    if (isTabSelected(sheet) == selected) return;
+    changeView(sheet, [&](pugi::xml_node view) { set(view, "tabSelected", selected ? "1" : "0"); });
+}
+
+}  // namespace mergeloom::embedded
