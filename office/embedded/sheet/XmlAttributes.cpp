@@ -9,19 +9,32 @@ namespace {
 
 constexpr std::string_view kSpaces = " \t\r\n";
 
+bool isSpace(char character) {
+    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
 }  // namespace
 
 bool XmlAttributes::next() {
-    const std::size_t nameBegin = text_.find_first_not_of(kSpaces, end_);
-    if (nameBegin == std::string_view::npos) return false;
-    const std::size_t equals = text_.find('=', nameBegin);
-    const std::size_t open = text_.find_first_of("\"'", equals);
-    const std::size_t close = text_.find(text_[open], open + 1);
-    const std::string_view name = text_.substr(nameBegin, equals - nameBegin);
-    name_ = name.substr(0, name.find_last_not_of(kSpaces) + 1);
-    value_ = text_.substr(open + 1, close - open - 1);
+    // Plain loops: a sheet has millions of attributes of a few bytes each, and the scanner has checked them.
+    const std::size_t size = text_.size();
+    std::size_t offset = end_;
+    while (offset < size && isSpace(text_[offset]))
+        ++offset;
+    if (offset == size) return false;
     begin_ = end_;
-    end_ = close + 1;
+    const std::size_t nameBegin = offset;
+    while (text_[offset] != '=' && !isSpace(text_[offset]))
+        ++offset;
+    name_ = text_.substr(nameBegin, offset - nameBegin);
+    while (text_[offset] != '"' && text_[offset] != '\'')
+        ++offset;
+    const char quote = text_[offset];
+    const std::size_t valueBegin = ++offset;
+    while (text_[offset] != quote)
+        ++offset;
+    value_ = text_.substr(valueBegin, offset - valueBegin);
+    end_ = offset + 1;
     return true;
 }
 

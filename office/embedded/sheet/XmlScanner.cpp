@@ -33,6 +33,26 @@ CharacterClass classOf(char character) {
     return kClasses[static_cast<unsigned char>(character)];
 }
 
+// The next three run millions of times in a large sheet; what they look at is most often one byte long.
+
+char characterAt(std::string_view text, std::size_t offset) {
+    return offset < text.size() ? text[offset] : '\0';
+}
+
+std::size_t skipSpaces(std::string_view text, std::size_t offset) {
+    while (offset < text.size() && classOf(text[offset]) == kSpace)
+        ++offset;
+    return offset;
+}
+
+/// The end of the name that begins at the offset; the offset itself where none does.
+std::size_t skipName(std::string_view text, std::size_t offset) {
+    if (classOf(characterAt(text, offset)) != kNameStart) return offset;
+    while (offset < text.size() && classOf(text[offset]) >= kNameStart)
+        ++offset;
+    return offset;
+}
+
 /// The offset of a character at or behind from; the size of the text when there is none.
 std::size_t findCharacter(std::string_view text, char character, std::size_t from) {
     const void* found =
@@ -49,13 +69,14 @@ XmlScanner::XmlScanner(std::string_view xml) : xml_(xml) {
 bool XmlScanner::next() {
     std::size_t from = end_;
     while (true) {
-        const std::size_t open = findCharacter(xml_, '<', from);
+        const bool isNext = characterAt(xml_, from) == '<';
+        const std::size_t open = isNext ? from : findCharacter(xml_, '<', from);
         if (open_.empty()) checkBlank(from, open);
         if (open == xml_.size()) {
             if (!open_.empty()) refuse("an element does not end", open);
             return false;
         }
-        const char character = at(open + 1);
+        const char character = characterAt(xml_, open + 1);
         if (character == '!' || character == '?') {
             from = skipMarkup(open);
             continue;
@@ -87,7 +108,7 @@ void XmlScanner::refuse(const std::string& reason, std::size_t offset) const {
 }
 
 void XmlScanner::checkBlank(std::size_t from, std::size_t to) const {
-    if (skipSpaces(from) < to) refuse("text outside of all elements", from);
+    if (skipSpaces(xml_, from) < to) refuse("text outside of all elements", from);
 }
 
 std::size_t XmlScanner::skipMarkup(std::size_t open) const {
@@ -105,24 +126,17 @@ std::size_t XmlScanner::skipPast(std::string_view closing, std::size_t open, std
     return found + closing.size();
 }
 
-std::size_t XmlScanner::skipName(std::size_t offset) const {
-    if (classOf(at(offset)) != kNameStart) refuse("a name was expected", offset);
-    while (classOf(at(offset)) >= kNameStart)
-        ++offset;
-    return offset;
-}
-
-std::size_t XmlScanner::skipSpaces(std::size_t offset) const {
-    while (classOf(at(offset)) == kSpace)
-        ++offset;
-    return offset;
+std::size_t XmlScanner::nameEnd(std::size_t begin) const {
+    const std::size_t end = skipName(xml_, begin);
+    if (end == begin) refuse("a name was expected", begin);
+    return end;
 }
 
 std::size_t XmlScanner::skipAttribute(std::size_t offset) const {
-    const std::size_t equals = skipSpaces(skipName(offset));
-    if (at(equals) != '=') refuse("an attribute without a value", offset);
-    std::size_t end = skipSpaces(equals + 1);
-    const char quote = at(end);
+    const std::size_t equals = skipSpaces(xml_, nameEnd(offset));
+    if (characterAt(xml_, equals) != '=') refuse("an attribute without a value", offset);
+    std::size_t end = skipSpaces(xml_, equals + 1);
+    const char quote = characterAt(xml_, end);
     if (quote != '"' && quote != '\'') refuse("a value without quotes", offset);
     // Most values are shorter than a call of memchr is worth.
     for (++end; end < xml_.size() && xml_[end] != quote; ++end) {
@@ -133,11 +147,11 @@ std::size_t XmlScanner::skipAttribute(std::size_t offset) const {
 }
 
 void XmlScanner::readStartTag(std::size_t open) {
-    const std::size_t nameEnd = skipName(open + 1);
-    std::size_t offset = nameEnd;
+    const std::size_t tagNameEnd = nameEnd(open + 1);
+    std::size_t offset = tagNameEnd;
     while (true) {
-        const std::size_t behindSpaces = skipSpaces(offset);
-        const char character = at(behindSpaces);
+        const std::size_t behindSpaces = skipSpaces(xml_, offset);
+        const char character = characterAt(xml_, behindSpaces);
         if (character == '>' || character == '/') {
             offset = behindSpaces;
             break;
@@ -145,11 +159,11 @@ void XmlScanner::readStartTag(std::size_t open) {
         if (behindSpaces == offset) refuse("a tag that does not end", open);
         offset = skipAttribute(behindSpaces);
     }
-    const bool isEmpty = at(offset) == '/';
-    if (isEmpty && at(offset + 1) != '>') refuse("\"/\" inside of a tag", offset);
+    const bool isEmpty = characterAt(xml_, offset) == '/';
+    if (isEmpty && characterAt(xml_, offset + 1) != '>') refuse("\"/\" inside of a tag", offset);
     kind_ = isEmpty ? TagKind::Empty : TagKind::Start;
-    name_ = xml_.substr(open + 1, nameEnd - open - 1);
-    attributes_ = xml_.substr(nameEnd, offset - nameEnd);
+    name_ = xml_.substr(open + 1, tagNameEnd - open - 1);
+    attributes_ = xml_.substr(tagNameEnd, offset - tagNameEnd);
     begin_ = open;
     end_ = offset + (isEmpty ? 2 : 1);
     depth_ = open_.size() + 1;
@@ -158,11 +172,11 @@ void XmlScanner::readStartTag(std::size_t open) {
 }
 
 void XmlScanner::readEndTag(std::size_t open) {
-    const std::size_t nameEnd = skipName(open + 2);
-    const std::size_t close = skipSpaces(nameEnd);
-    if (at(close) != '>') refuse("a tag that does not end", open);
+    const std::size_t tagNameEnd = nameEnd(open + 2);
+    const std::size_t close = skipSpaces(xml_, tagNameEnd);
+    if (characterAt(xml_, close) != '>') refuse("a tag that does not end", open);
     kind_ = TagKind::End;
-    name_ = xml_.substr(open + 2, nameEnd - open - 2);
+    name_ = xml_.substr(open + 2, tagNameEnd - open - 2);
     attributes_ = {};
     begin_ = open;
     end_ = close + 1;

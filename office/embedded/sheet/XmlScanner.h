@@ -56,12 +56,10 @@ class XmlScanner {
 
   private:
     [[noreturn]] void refuse(const std::string& reason, std::size_t offset) const;
-    [[nodiscard]] char at(std::size_t offset) const { return offset < xml_.size() ? xml_[offset] : '\0'; }
     void checkBlank(std::size_t from, std::size_t to) const;
     std::size_t skipMarkup(std::size_t open) const;
     std::size_t skipPast(std::string_view closing, std::size_t open, std::size_t from) const;
-    std::size_t skipName(std::size_t offset) const;
-    std::size_t skipSpaces(std::size_t offset) const;
+    std::size_t nameEnd(std::size_t begin) const;
     std::size_t skipAttribute(std::size_t offset) const;
     void readStartTag(std::size_t open);
     void readEndTag(std::size_t open);

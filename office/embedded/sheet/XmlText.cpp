@@ -74,6 +74,14 @@ bool mustEscape(char32_t character) {
            character == 0xFFFF;
 }
 
+/// Whether a text begins with what would read as an escape once the character behind it is written.
+bool looksEscaped(std::string_view text) {
+    if (escapeAt(text)) return true;
+    if (text.size() < kEscapeSize || text.front() != '_') return false;
+    std::string probe(text.substr(0, kEscapeSize - 1));
+    return mustEscape(firstCodePoint(text.substr(probe.size()))) && escapeAt(probe += '_');
+}
+
 void appendEscape(std::string& text, char32_t character) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     text += "_x";
@@ -140,9 +148,9 @@ std::string encodeXstring(std::string_view text) {
     std::string encoded;
     encoded.reserve(text.size());
     while (!text.empty()) {
-        const bool looksEscaped = escapeAt(text).has_value();
+        const bool isAmbiguous = looksEscaped(text);
         const char32_t character = takeCodePoint(text);
-        if (looksEscaped) {
+        if (isAmbiguous) {
             encoded += kUnderscore;
         } else if (mustEscape(character)) {
             appendEscape(encoded, character);
