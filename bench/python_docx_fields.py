@@ -5,18 +5,12 @@ Each control of the first form becomes a paragraph with the caption, and a bookm
 """
 
 import sys
-import xml.etree.ElementTree as ElementTree
 
 from docx import Document
 from docx.oxml import OxmlElement
 from docx.oxml.ns import qn
 
-
-def labelled_fields(structure_file):
-    form = ElementTree.parse(structure_file).getroot().find("Structure/Form")
-    for control in form.iter("Control"):
-        name = control.get("Name")
-        yield control.get("Caption", name).rstrip(":").strip(), name
+from labelled_fields import labelled_fields
 
 
 def add_bookmarked_text(paragraph, text, name, number):

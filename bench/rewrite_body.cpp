@@ -1,8 +1,7 @@
-#include "base/ByteSink.h"
+#include "WholeFile.h"
 #include "office/embedded/package/Package.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <pugixml.hpp>
 #include <string>
@@ -15,21 +14,6 @@ namespace {
 using namespace mergeloom;
 using embedded::Package;
 
-class FileSink : public ByteSink {
-  public:
-    explicit FileSink(const char* path) : file_(path, std::ios::binary) {}
-    void write(std::span<const char> bytes) override {
-        file_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-    bool close() {
-        file_.close();
-        return !file_.fail();
-    }
-
-  private:
-    std::ofstream file_;
-};
-
 class StringWriter : public pugi::xml_writer {
   public:
     explicit StringWriter(std::size_t expected) { text.reserve(expected); }
@@ -39,13 +23,6 @@ class StringWriter : public pugi::xml_writer {
 
     std::string text;
 };
-
-std::string contentOf(const char* path) {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
-    file.seekg(0).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return bytes;
-}
 
 std::string parsedAndWritten(std::string xml) {
     pugi::xml_document tree;

@@ -11,10 +11,9 @@ from docx import Document
 from docx.oxml import parse_xml
 from docx.oxml.ns import nsdecls
 
-import measuring
-from measuring import Contender, milliseconds, with_range
-
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+import comparisons
+from inputs import ROOT
+from measuring import Contender
 
 MERGE_FIELD = (
     "<w:p " + nsdecls("w") + '><w:r><w:fldChar w:fldCharType="begin"/></w:r>'
@@ -56,12 +55,6 @@ def map_tables(program, folder, count, columns):
     return contender
 
 
-def grown(name, contenders, runs):
-    once, twice = measuring.take_turns(contenders, runs)
-    return [name, milliseconds(once), milliseconds(twice), with_range(measuring.ratios(twice, once), 2),
-            with_range(measuring.ratios(twice, once, "processor"), 2)]
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", default=str(ROOT / "build" / "release" / "mergeloom"))
@@ -70,14 +63,13 @@ def main():
     program, runs = arguments.program, arguments.runs
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        rows = [grown(f"{count:,} and {2 * count:,} tables of {columns} columns",
-                      [map_tables(program, folder, times * count, columns) for times in (1, 2)], runs)
+        rows = [(f"{count:,} and {2 * count:,} tables of {columns} columns",
+                 *(map_tables(program, folder, times * count, columns) for times in (1, 2)))
                 for count, columns in ((250, 5), (500, 5), (20, 63))]
-        rows += [grown(f"{count:,} and {2 * count:,} merge fields",
-                       [convert_fields(program, folder, times * count) for times in (1, 2)], runs)
+        rows += [(f"{count:,} and {2 * count:,} merge fields",
+                  *(convert_fields(program, folder, times * count) for times in (1, 2)))
                  for count in (2_500, 5_000, 10_000)]
-        measuring.print_table("Doubling the job", ["n and 2n", "ms for n", "ms for 2n", "time(2n)/time(n)",
-                                                   "by processor time"], rows)
+        comparisons.growth("Doubling the job", rows, runs)
 
 
 if __name__ == "__main__":
