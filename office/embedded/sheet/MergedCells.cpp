@@ -74,7 +74,7 @@ CellArea MergedCells::areaAt(const CellPosition& cell) const {
 
 bool MergedCells::touches(const CellArea& area) const {
     // Of a very large area, each of the merged areas is the shorter way.
-    if (areas_.size() < static_cast<std::size_t>(area.rows() + area.columns())) {
+    if (areas_.size() < static_cast<std::size_t>(area.rows()) + static_cast<std::size_t>(area.columns())) {
         return std::ranges::any_of(areas_,
                                    [&](const CellArea& one) { return intersection(one, area).has_value(); });
     }

@@ -69,7 +69,7 @@ bool TableHeader::isTaken(const std::string& name, pugi::xml_node besides) const
 
 std::string TableHeader::allowedText(const CellPosition& cell, const std::string& text) const {
     const pugi::xml_node column = columnAt(cell);
-    const std::string cut = text.substr(0, byteOffset(text, kLongestName));
+    std::string cut = text.substr(0, byteOffset(text, kLongestName));
     if (!cut.empty() && !isTaken(cut, column)) return cut;
     const std::string stem = cut.empty() ? kUnnamed : cut;
     int number = cut.empty() ? 1 : 2;
