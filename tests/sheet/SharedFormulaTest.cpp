@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
         ShiftCase{"Tax2026X+Tax.A1+_A1+\\A1+TRUE", 1, 1, "Tax2026X+Tax.A1+_A1+\\A1+TRUE"},
         ShiftCase{"1E5+1.5E+3+12", 1, 1, "1E5+1.5E+3+12"},
         ShiftCase{"T1[A1]+Sales[[#This Row],[B2]:[C3]]+A1", 1, 0, "T1[A1]+Sales[[#This Row],[B2]:[C3]]+A2"},
-        ShiftCase{"Sales[a'[A1']b]+A1", 1, 0, "Sales[a'[A1']b]+A2"},
+        ShiftCase{"Sales[a']A1]+A1", 1, 0, "Sales[a']A1]+A2"},
         ShiftCase{"IF(A1=#N/A,#DIV/0!,#NAME?)", 1, 0, "IF(A2=#N/A,#DIV/0!,#NAME?)"},
         ShiftCase{"{1,2;3,4}", 1, 1, "{1,2;3,4}"},
         ShiftCase{"XFE1+ABCD1+A1048577+A0", 1, 0, "XFE1+ABCD1+A1048577+A0"},

@@ -27,6 +27,7 @@ TEST(SheetPart, ReadsCellsOfAllTypes) {
         {"<c r=\"A1\" t=\"n\"><v>-1</v></c>", CellType::Number, "-1"},
         {"<c r=\"A1\" t=\"s\"><v>7</v></c>", CellType::SharedText, "7"},
         {"<c r=\"A1\" t=\"str\"><f>B1</f><v>a&amp;b_x000D_</v></c>", CellType::FormulaText, "a&b\r"},
+        {"<c r=\"A1\" t=\"str\"><f>B1</f><v></v></c>", CellType::FormulaText, ""},
         {"<c r=\"A1\" t=\"inlineStr\"><is><r><t>a</t></r><r><t> b</t></r><rPh><t>no</t></rPh></is></c>",
          CellType::InlineText, "a b"},
         {"<c r=\"A1\" t=\"b\"><v>1</v></c>", CellType::Boolean, "1"},
@@ -77,6 +78,16 @@ TEST(SheetPart, KnowsTheCellsOfArrayFormulasAndDataTables) {
         EXPECT_EQ(areaAt(address), area) << address;
 }
 
+TEST(SheetPart, KnowsNoArrayFormulaThatWasWrittenOver) {
+    LoggedSheet sheet(
+        sheetOf("<row r=\"1\"><c r=\"A1\"><f t=\"array\" ref=\"A1:C1\">D1:F1</f><v>1</v></c></row>"));
+    sheet.part.setText(at("B1"), "x");
+    EXPECT_EQ(sheet.part.cell(at("B1")).arrayArea, std::nullopt);
+    EXPECT_NE(sheet.part.cell(at("C1")).arrayArea, std::nullopt);
+    sheet.part.setText(at("A1"), "x");
+    EXPECT_EQ(sheet.part.cell(at("C1")).arrayArea, std::nullopt);
+}
+
 TEST(SheetPart, ReadsAnEditedCellAsEdited) {
     LoggedSheet sheet(sheetOf("<row r=\"2\"><c r=\"B2\" s=\"4\"><f>1+1</f><v>2</v></c></row>"));
     sheet.part.setText(at("B2"), "a<b> _x0041_\r\n");
@@ -100,6 +111,17 @@ TEST(SheetPart, AnswersTheFormulaOfEachCellOfAGroup) {
     EXPECT_EQ(sheet.part.cell(at("A2")).formula, "B2&$C$1");
     EXPECT_EQ(sheet.part.cell(at("A4")).formula, "D4");
     EXPECT_EQ(sheet.part.cell(at("B4")).formula, "");
+}
+
+TEST(SheetPart, FindsAMasterBehindTheCellsOfItsGroup) {
+    LoggedSheet sheet(
+        sheetOf("<row r=\"1\"><c r=\"A1\"><f t=\"shared\" si=\"0\"/></c>"
+                "<c r=\"B1\"><f t=\"shared\" ref=\"A1:C1\" si=\"0\">E1</f></c>"
+                "<c r=\"C1\"><f t=\"shared\" si=\"0\"/></c></row>"));
+    EXPECT_EQ(sheet.part.cell(at("A1")).formula, "D1");
+    sheet.part.setText(at("B1"), "x");
+    EXPECT_EQ(sheet.part.cell(at("A1")).formula, "D1");
+    EXPECT_EQ(sheet.part.cell(at("C1")).formula, "F1");
 }
 
 std::vector<std::pair<int, double>> heightsOf(const SheetPart& part) {
@@ -221,7 +243,8 @@ TEST(SheetPart, AnswersSectionsOfOneNameTogether) {
 
 TEST(SheetPart, DeclaresANamespaceOnce) {
     LoggedSheet sheet("<worksheet xmlns=\"" + std::string(kMainNamespace) +
-                      "\" xmlns:rel=\"urn:a&amp;b\" xmlns:r=\"urn:other\"><sheetData/></worksheet>");
+                      "\" xmlns:rel=\"urn:a&amp;b\" xmlns:r=\"urn:other\" ><sheetData/></worksheet>");
+    const std::string before = sheet.part.toXml();
     EXPECT_EQ(sheet.part.declareNamespace("r", "urn:a&b"), "rel");
     EXPECT_FALSE(sheet.part.isDirty());
     sheet.undo.start();
@@ -230,6 +253,7 @@ TEST(SheetPart, DeclaresANamespaceOnce) {
     EXPECT_THAT(sheet.part.toXml(), HasSubstr(" xmlns:r1=\"urn:c&amp;&quot;d\"><sheetData/>"));
     sheet.undo.undo();
     EXPECT_FALSE(sheet.part.isDirty());
+    EXPECT_EQ(sheet.part.toXml(), before);
     EXPECT_EQ(sheet.part.declareNamespace("s", "urn:c&\"d"), "s");
 }
 

@@ -267,6 +267,12 @@ INSTANTIATE_TEST_SUITE_P(
             sheetOf("<row r=\"1\">" + x("A1") + x("B1") +
                     "<c r=\"C1\"><f t=\"shared\" si=\"1\"/></c><c r=\"D1\"><f>1</f></c></row><row r=\"2\">" +
                     newMaster("A2", "A2:D2", "E2") + heir("F2") + "</row>")},
+        WritingCase{"passes over cells beside its area",
+                    sheetOf("<row r=\"1\">" + master("B1", "B1:C2", "E1") + heir("D1") +
+                            "</row><row r=\"2\">" + heir("A2") + heir("B2") + "</row>"),
+                    setting("B1", "x"),
+                    sheetOf("<row r=\"1\">" + x("B1") + heir("D1") + "</row><row r=\"2\">" + heir("A2") +
+                            newMaster("B2", "B2:C2", "E2") + "</row>")},
         WritingCase{"a cell without the text",
                     sheetOf("<row r=\"1\">" + master("A1", "A1:B1", "C1") + heir("B1") + "</row>"),
                     setting("B1", "x"),
