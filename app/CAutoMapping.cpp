@@ -1,19 +1,13 @@
 #include "app/CAutoMapping.h"
 
+#include "app/MappedExcel.h"
+#include "app/MappedWord.h"
 #include "app/MappingFields.h"
+#include "app/MappingRefusal.h"
 #include "app/MergeloomErrorCodes.h"
-#include "app/StartedOffice.h"
 #include "app/modMain.h"
 #include "base/Paths.h"
-#include "base/Text.h"
-#include "droppers/CNodeDropper.h"
-#include "office/formats/mWordFileExtensions.h"
-#include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
-#include "office/model/word/Selection.h"
 #include "xml/COptions.h"
-
-#include <memory>
 
 namespace mergeloom {
 
@@ -35,20 +29,6 @@ DocumentType documentTypeOf(MappingType type) {
     }
 }
 
-/// Word's file names carry no case; the table of extensions does.
-std::string extensionOf(const std::string& path) {
-    return toLowerAscii(extension(path));
-}
-
-/// Whether the document that was just opened came up with a selection, without which nothing can be dropped.
-bool canDropInto(word::Application& application) {
-    try {
-        return application.Selection() != nullptr;
-    } catch (const AutomationError&) {
-        return false;
-    }
-}
-
 }  // namespace
 
 void CAutoMapping::ReadArguments() {
@@ -59,6 +39,8 @@ void CAutoMapping::ReadArguments() {
 bool CAutoMapping::Execute() {
     try {
         return map();
+    } catch (const MappingRefusal& refusal) {
+        tell(refusal.what());
     } catch (const AutomationError& error) {
         if (isMappingError(error.number())) throw;
         errors_.report({error.number(), error.description(), {}, kModule, kExecute});
@@ -69,25 +51,40 @@ bool CAutoMapping::Execute() {
 }
 
 bool CAutoMapping::map() {
-    if (gExcelMode != 0) return refuse("Mapping into an Excel workbook is not available yet.");
-    const std::string& target = arguments_.targetPath;
-    if (!target.empty() && !isWordExtension(extensionOf(target))) {
-        return refuse("The template '" + target + "' has no file extension that Word knows.");
-    }
-
+    const std::unique_ptr<MappingOffice> office = makeOffice();
+    checkArguments(*office);
     auto source = std::make_unique<MappingSource>(arguments_.xmlFile, errors_, messages_);
     const TreeNode* object = source->firstObject();
     if (!object) RaiseMappingError(kXmlFileIncorrect);
     readFolders(source->document());
     const std::optional<FieldKeys> fields = chosenFields(*source, *object);
 
-    const StartedOffice office{startWord_(), errors_};
-    if (!canWriteTarget(*office)) return false;
-    const word::DocumentPtr document = makeDocument(*office);
-    if (!dropObject(*source, *object, fields, document)) return false;
+    office->start();
+    checkTarget(*office);
+    makeDocument(*office);
+    const MappedObject mapped{*object, source->xmlNodes(), documentTypeOf(arguments_.type),
+                              fields ? &*fields : nullptr};
+    if (!dropObject(*office, *source, mapped)) return false;
     // Saving takes memory in proportion to the document; the tree's is free for it from here on.
     source.reset();
-    return save(*document);
+    save(*office);
+    return true;
+}
+
+std::unique_ptr<MappingOffice> CAutoMapping::makeOffice() {
+    if (gExcelMode == 0) return std::make_unique<MappedWord>(startWord_, errors_);
+    return std::make_unique<MappedExcel>(startExcel_, errors_);
+}
+
+void CAutoMapping::checkArguments(const MappingOffice& office) const {
+    const std::string& target = arguments_.targetPath;
+    if (!target.empty() && !office.knowsExtensionOf(target)) {
+        throw MappingRefusal("The template '" + target + "' has no file extension that " + office.name() +
+                             " knows.");
+    }
+    if (arguments_.type == MappingType::LabelDocument && !office.makesLabels()) {
+        throw MappingRefusal(office.name() + " makes no labels; leave out -label or make them with Word.");
+    }
 }
 
 void CAutoMapping::readFolders(const StructureDocument& document) {
@@ -102,33 +99,32 @@ void CAutoMapping::readFolders(const StructureDocument& document) {
     if (templatesFolder_.empty()) templatesFolder_ = options.TemplatesFolder();
 }
 
-bool CAutoMapping::canWriteTarget(word::Application& application) {
-    if (arguments_.targetPath.empty() || application.canSaveAs(targetFormat())) return true;
-    return refuse("The template '" + arguments_.targetPath + "' cannot be written: saving as \"" +
-                  wordFormatName(static_cast<int>(targetFormat())) + "\" is not available.");
+void CAutoMapping::checkTarget(MappingOffice& office) const {
+    const std::string& target = arguments_.targetPath;
+    if (target.empty() || office.canSaveAs(target)) return;
+    throw MappingRefusal("The template '" + target + "' cannot be written: saving as \"" +
+                         office.formatNameOf(target) + "\" is not available.");
 }
 
-word::DocumentPtr CAutoMapping::makeDocument(word::Application& application) {
-    const word::DocumentsPtr documents = application.Documents();
+void CAutoMapping::makeDocument(MappingOffice& office) {
     if (!arguments_.useDocument.empty()) {
-        word::DocumentPtr document = documents->Open(arguments_.useDocument);
-        if (!canDropInto(application)) RaiseMappingError(kLabelDocumentIncorrect);
-        return document;
+        office.openDocument(arguments_.useDocument);
+    } else if (arguments_.type == MappingType::LabelDocument) {
+        openLabelDocument(office);
+    } else {
+        office.addDocument(arguments_.targetExists ? arguments_.targetPath : "");
     }
-    if (arguments_.type == MappingType::LabelDocument) return openLabelDocument(application);
-    return documents->Add(arguments_.targetExists ? arguments_.targetPath : "");
 }
 
-word::DocumentPtr CAutoMapping::openLabelDocument(word::Application& application) {
+void CAutoMapping::openLabelDocument(MappingOffice& office) {
     try {
-        word::DocumentPtr document = application.Documents()->Open(arguments_.labelDocument);
-        if (canDropInto(application)) return document;
+        office.openDocument(arguments_.labelDocument);
     } catch (const AutomationError& error) {
         if (error.number() != kFileCouldNotBeRead) throw;
         // The mapping error does not say what is wrong with the file.
-        refuse(error.description());
+        tell(error.description());
+        RaiseMappingError(kLabelDocumentIncorrect);
     }
-    RaiseMappingError(kLabelDocumentIncorrect);
 }
 
 std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source,
@@ -140,41 +136,38 @@ std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source,
     return keys;
 }
 
-bool CAutoMapping::dropObject(const MappingSource& source, const TreeNode& object,
-                              const std::optional<FieldKeys>& fields, const word::DocumentPtr& document) {
+bool CAutoMapping::dropObject(MappingOffice& office, const MappingSource& source,
+                              const MappedObject& object) {
     const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
     CNodeDropper dropper{errors_, messages_, findPicture, progress_};
-    return dropper.NodeDrop(object, document, source.xmlNodes(), false, documentTypeOf(arguments_.type),
-                            fields ? &*fields : nullptr);
+    return office.drop(dropper, object);
 }
 
-bool CAutoMapping::save(word::Document& document) {
+void CAutoMapping::save(MappingOffice& office) {
+    model::OfficeDocument& document = office.document();
     const std::string target = arguments_.targetPath.empty() ? document.FullName() : arguments_.targetPath;
-    if (fileExists(target)) {
-        const bool mayReplace = arguments_.targetExists || arguments_.targetPath.empty();
-        // Another program may have written the file while the mapping ran.
-        if (!mayReplace) RaiseMappingError(kTemplateAlreadyExists);
-        if (IsFileLocked(target)) {
-            return refuse("Word cannot save the template " + GetFileNameOnly(target) +
-                          " because this file is already open elsewhere.");
-        }
-    }
+    checkMayReplace(office, target);
     if (target == document.FullName()) {
         document.Save();
     } else {
-        document.SaveAs(target, targetFormat());
+        office.saveAs(target);
     }
     document.SetSaved(true);
-    return true;
 }
 
-bool CAutoMapping::refuse(const std::string& text) {
+void CAutoMapping::checkMayReplace(const MappingOffice& office, const std::string& target) const {
+    if (!fileExists(target)) return;
+    const bool mayReplace = arguments_.targetExists || arguments_.targetPath.empty();
+    // Another program may have written the file while the mapping ran.
+    if (!mayReplace) RaiseMappingError(kTemplateAlreadyExists);
+    if (IsFileLocked(target)) {
+        throw MappingRefusal(office.name() + " cannot save the template " + GetFileNameOnly(target) +
+                             " because this file is already open elsewhere.");
+    }
+}
+
+void CAutoMapping::tell(const std::string& text) {
     messages_.show({text, MessageIcon::Exclamation, MessageButtons::Ok});
-    return false;
-}
-
-word::WdSaveFormat CAutoMapping::targetFormat() const {
-    return static_cast<word::WdSaveFormat>(wordFormatByExtension(extensionOf(arguments_.targetPath)));
 }
 
 }  // namespace mergeloom

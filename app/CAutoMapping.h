@@ -1,25 +1,32 @@
 #pragma once
 
+#include "app/ExcelStarter.h"
 #include "app/MappingArguments.h"
+#include "app/MappingOffice.h"
 #include "app/MappingSource.h"
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "droppers/DropContext.h"
-#include "office/model/word/Application.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace mergeloom {
 
-/// Makes a template without a user: drops the structure document's first object into a new or given document,
-/// saves that and closes the office that it started.
+/// Makes a template without a user: drops the structure document's first object into a new or given document
+/// of Word or, in the Excel mode, of Excel, saves that and closes the office that it started.
 class CAutoMapping {
   public:
-    CAutoMapping(WordStarter startWord, ErrorHandler& errors, Messages& messages, Progress& progress)
-        : startWord_(std::move(startWord)), errors_(errors), messages_(messages), progress_(progress) {}
+    CAutoMapping(WordStarter startWord, ExcelStarter startExcel, ErrorHandler& errors, Messages& messages,
+                 Progress& progress)
+        : startWord_(std::move(startWord)),
+          startExcel_(std::move(startExcel)),
+          errors_(errors),
+          messages_(messages),
+          progress_(progress) {}
 
     /// Whether a template that is there already may be replaced; it may not unless this is set.
     void SetAllowExistingTemplate(bool allow) { allowExistingTemplate_ = allow; }
@@ -39,19 +46,22 @@ class CAutoMapping {
   private:
     bool map();
     void readFolders(const StructureDocument& document);
-    bool canWriteTarget(word::Application& application);
-    word::DocumentPtr makeDocument(word::Application& application);
-    word::DocumentPtr openLabelDocument(word::Application& application);
+    std::unique_ptr<MappingOffice> makeOffice();
+    /// Refuses what can be seen to fail before an office is started.
+    void checkArguments(const MappingOffice& office) const;
+    void checkTarget(MappingOffice& office) const;
+    void makeDocument(MappingOffice& office);
+    void openLabelDocument(MappingOffice& office);
     /// The keys of the fields that a table is to have, if the command line lists any.
     [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source,
                                                         const TreeNode& object) const;
-    bool dropObject(const MappingSource& source, const TreeNode& object,
-                    const std::optional<FieldKeys>& fields, const word::DocumentPtr& document);
-    bool save(word::Document& document);
-    bool refuse(const std::string& text);
-    [[nodiscard]] word::WdSaveFormat targetFormat() const;
+    bool dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object);
+    void save(MappingOffice& office);
+    void checkMayReplace(const MappingOffice& office, const std::string& target) const;
+    void tell(const std::string& text);
 
     WordStarter startWord_;
+    ExcelStarter startExcel_;
     ErrorHandler& errors_;
     Messages& messages_;
     Progress& progress_;

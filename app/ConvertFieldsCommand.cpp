@@ -1,10 +1,10 @@
 #include "app/ConvertFieldsCommand.h"
 
+#include "app/FileFormats.h"
 #include "app/modMain.h"
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Documents.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/MailMerge.h"
@@ -14,10 +14,6 @@
 namespace mergeloom {
 
 namespace {
-
-word::WdSaveFormat formatOf(const std::string& path) {
-    return static_cast<word::WdSaveFormat>(wordFormatByExtension(toLowerAscii(extension(path))));
-}
 
 std::string counted(int count, const char* one, const char* several) {
     return std::to_string(count) + " " + (count == 1 ? one : several);
@@ -68,7 +64,7 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     if (!isInPlace || !document->Saved()) {
         // The document itself is there, even if the disk fails to say so now.
         if (isInPlace || files_.fileExists(target)) backup = keep(target);
-        isInPlace ? document->Save() : document->SaveAs(target, formatOf(target));
+        isInPlace ? document->Save() : document->SaveAs(target, wordFormatOf(target));
     }
     tell(result, oldFieldsLeft(*document), backup, report);
     return !result.failed;
@@ -83,7 +79,7 @@ ConversionResult ConvertFieldsCommand::convert(const word::DocumentPtr& document
 
 void ConvertFieldsCommand::checkTarget(const std::string& target, bool isInPlace) {
     const std::string start = "The file '" + target + "' cannot be saved: ";
-    if (!isInPlace && !office_.canSaveAs(formatOf(target))) {
+    if (!isInPlace && !office_.canSaveAs(wordFormatOf(target))) {
         throw AutomationError(kFileCouldNotBeSaved,
                               start + "its format is not available. Choose docx, docm, dotx or dotm.");
     }

@@ -118,23 +118,23 @@ GnuOptions readGnuOptions(std::span<const std::string> arguments) {
 
 std::string helpText() {
     return R"(Usage: mergeloom [OPTION]... [-SWITCH [VALUE]]...
-Makes a Word template from a structure document.
+Makes a Word template or an Excel workbook from a structure document.
 
   -xmlfile FILE       the structure document
   -template FILE      the template to be written; it must not exist yet
-  -usedocument FILE   an existing document to build on
+  -usedocument FILE   an existing document or workbook to build on
   -listing            make a table
   -full               accepted; changes nothing
-  -label FILE         make labels in this label document
+  -label FILE         make labels in this label document (not in Excel)
   -fields LIST        the fields of a table, joined by "," or ";"
   -hidden [formview]  map and end, without a window; "formview" makes a form
   -deletexmlfile      delete the structure document at the end
   -excel              make an Excel workbook instead
   -directory          make a form
 
-  --places FILE       list the named places of a document and end
+  --places FILE       list the named places of a document or workbook and end
   --json              list them as JSON
-  --convert-fields FILE  make places of a document's merge fields and end
+  --convert-fields FILE  make places of a Word document's merge fields and end
   --output FILE       write that document here; without it FILE.bak is kept
   --office=NAME       the office that does the work: embedded or libreoffice
   --exit-status       end with 1 when the mapping failed

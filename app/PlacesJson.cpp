@@ -1,5 +1,6 @@
 #include "app/PlacesJson.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace mergeloom {
@@ -24,16 +25,48 @@ void writeText(std::ostream& stream, std::string_view text) {
     stream << '"';
 }
 
+void writeKey(std::ostream& stream, std::string_view key) {
+    stream << ", \"" << key << "\": ";
+}
+
+void writeMember(std::ostream& stream, std::string_view key, std::string_view text) {
+    writeKey(stream, key);
+    writeText(stream, text);
+}
+
+void writeMember(std::ostream& stream, std::string_view key, std::int64_t number) {
+    writeKey(stream, key);
+    stream << number;
+}
+
+/// What is empty or 0 in a location is not there.
+template <typename Value>
+void writeOptional(std::ostream& stream, std::string_view key, const Value& value) {
+    if (value != Value{}) return writeMember(stream, key, value);
+    writeKey(stream, key);
+    stream << "null";
+}
+
+void writeLocation(std::ostream& stream, const TextLocation& location) {
+    writeMember(stream, "story", location.story);
+    writeMember(stream, "start", location.start.value);
+    writeMember(stream, "end", location.end.value);
+}
+
+void writeLocation(std::ostream& stream, const CellLocation& location) {
+    writeOptional(stream, "refersTo", location.refersTo);
+    writeOptional(stream, "sheet", location.sheet);
+    writeOptional(stream, "row", location.row);
+    writeOptional(stream, "column", location.column);
+}
+
 void writePlace(std::ostream& stream, const Place& place) {
     stream << "{\"name\": ";
     writeText(stream, place.name);
-    stream << ", \"kind\": ";
-    writeText(stream, place.kind);
-    stream << ", \"text\": ";
-    writeText(stream, place.text);
-    stream << ", \"story\": ";
-    writeText(stream, place.story);
-    stream << ", \"start\": " << place.start.value << ", \"end\": " << place.end.value << "}";
+    writeMember(stream, "kind", place.kind);
+    writeMember(stream, "text", place.text);
+    std::visit([&](const auto& location) { writeLocation(stream, location); }, place.location);
+    stream << "}";
 }
 
 }  // namespace

@@ -42,9 +42,7 @@ std::string shownText(std::string_view text) {
 }
 
 Row rowOf(const Place& place) {
-    const std::string where =
-        place.story + " " + std::to_string(place.start.value) + "-" + std::to_string(place.end.value);
-    return {place.name, place.kind, where, shownText(place.text)};
+    return {place.name, place.kind, shownText(place.where), shownText(place.text)};
 }
 
 void writeRow(std::ostream& stream, const Row& row, const Widths& widths) {

@@ -1,27 +1,34 @@
 #include "app/StartedOffice.h"
 
-#include "base/AutomationError.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/excel/Workbooks.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Documents.h"
 
 namespace mergeloom {
 
-StartedOffice::~StartedOffice() {
-    try {
-        close();
-    } catch (const AutomationError& error) {
-        errors_.report({error.number(), error.description(), {}, "CAutoMapping", "Execute"});
+namespace {
+
+/// The last document first, so that the numbers of the others stay.
+template <typename Documents, typename Discard>
+void closeAll(Documents& documents, Discard discard) {
+    for (int number = documents.Count(); number > 0; --number) {
+        const auto document = documents.Item(number);
+        document->SetSaved(true);
+        document->Close(discard);
     }
 }
 
-void StartedOffice::close() {
-    const word::DocumentsPtr documents = application_->Documents();
-    for (int count = documents->Count(); count > 0; --count) {
-        const word::DocumentPtr document = documents->Item(count);
-        document->SetSaved(true);
-        document->Close(word::WdSaveOptions::wdDoNotSaveChanges);
-    }
-    application_->Quit(word::WdSaveOptions::wdDoNotSaveChanges);
+}  // namespace
+
+void closeOffice(word::Application& office) {
+    closeAll(*office.Documents(), word::WdSaveOptions::wdDoNotSaveChanges);
+    office.Quit(word::WdSaveOptions::wdDoNotSaveChanges);
+}
+
+void closeOffice(excel::Application& office) {
+    closeAll(*office.Workbooks(), excel::SaveChanges::No);
+    office.Quit();
 }
 
 }  // namespace mergeloom

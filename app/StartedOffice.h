@@ -1,26 +1,36 @@
 #pragma once
 
 #include "base/ErrorHandler.h"
+#include "base/Trap.h"
+#include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
+
+#include <memory>
+#include <utility>
 
 namespace mergeloom {
 
-/// An office that a mapping started for itself. It is closed with all its documents, unsaved, at the end.
+/// Closes all documents of an office unsaved and ends it.
+void closeOffice(word::Application& office);
+void closeOffice(excel::Application& office);
+
+/// An office that a run started for itself. It is closed with all its documents, unsaved, at the end.
+template <typename Application>
 class StartedOffice {
   public:
-    StartedOffice(word::ApplicationPtr application, ErrorHandler& errors)
+    StartedOffice(std::shared_ptr<Application> application, ErrorHandler& errors)
         : application_(std::move(application)), errors_(errors) {}
     StartedOffice(const StartedOffice&) = delete;
     StartedOffice& operator=(const StartedOffice&) = delete;
-    ~StartedOffice();
+    ~StartedOffice() {
+        trap(errors_, "CAutoMapping", "Execute", [this] { closeOffice(*application_); });
+    }
 
-    word::Application& operator*() const { return *application_; }
-    word::Application* operator->() const { return application_.get(); }
+    Application& operator*() const { return *application_; }
+    Application* operator->() const { return application_.get(); }
 
   private:
-    void close();
-
-    word::ApplicationPtr application_;
+    std::shared_ptr<Application> application_;
     ErrorHandler& errors_;
 };
 

@@ -6,6 +6,7 @@
 #include "app/ConsoleProgress.h"
 #include "app/ConsoleText.h"
 #include "app/ConvertFieldsCommand.h"
+#include "app/FileFormats.h"
 #include "app/GnuOptions.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/Places.h"
@@ -15,9 +16,11 @@
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
 #include "office/factory/OfficeFactory.h"
+#include "office/model/excel/Workbooks.h"
 #include "office/model/word/Documents.h"
 
 #include <memory>
+#include <vector>
 
 namespace mergeloom {
 
@@ -55,6 +58,8 @@ class Run {
     void tell(const AutomationError& error);
     CAutoMapping makeMapping();
     word::ApplicationPtr startWord() { return makeWordApplication(officeKindOf(options_.office), files_); }
+    excel::ApplicationPtr startExcel() { return makeExcelApplication(officeKindOf(options_.office), files_); }
+    std::vector<Place> readPlaces();
 
     const GnuOptions& options_;
     const Console& console_;
@@ -124,16 +129,25 @@ void Run::tell(const AutomationError& error) {
 
 CAutoMapping Run::makeMapping() {
     Progress& progress = progress_ ? *progress_ : noProgress_;
-    return {[this] { return startWord(); }, errors_, messages_, progress};
+    return {[this] { return startWord(); }, [this] { return startExcel(); }, errors_, messages_, progress};
 }
 
 int Run::listPlaces() {
     return tellErrorsOf([this] {
-        const StartedOffice office{startWord(), errors_};
-        const word::DocumentPtr document = office->Documents()->Open(fullPath(options_.placesFile));
-        writePlaces(console_.output, placesOf(*document), options_.placesFormat);
+        writePlaces(console_.output, readPlaces(), options_.placesFormat);
         return true;
     });
+}
+
+std::vector<Place> Run::readPlaces() {
+    const std::string file = fullPath(options_.placesFile);
+    // What both offices can have written is taken for Word's, and so is a file of any other name.
+    if (hasExcelExtension(file) && !hasWordExtension(file)) {
+        const StartedOffice office{startExcel(), errors_};
+        return placesOf(*office->Workbooks()->Open(file));
+    }
+    const StartedOffice office{startWord(), errors_};
+    return placesOf(*office->Documents()->Open(file));
 }
 
 int Run::convertFields() {

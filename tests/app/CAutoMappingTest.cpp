@@ -1,87 +1,23 @@
-#include "app/CAutoMapping.h"
-#include "app/ConsoleProgress.h"
+#include "AutoMappingTest.h"
 #include "app/MappingFields.h"
 #include "app/MergeloomErrorCodes.h"
-#include "app/mCommandLine.h"
-#include "app/modMain.h"
-#include "base/DiskFileStore.h"
 #include "doubles/FaultyFileStore.h"
 #include "doubles/FaultyWord.h"
-#include "doubles/RecordingMessages.h"
-#include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
-#include "office/factory/OfficeFactory.h"
-#include "xml/RecordingErrorHandler.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 #include <vector>
 
 namespace mergeloom {
 namespace {
 
-constexpr const char* kLetter =
-    "<db><Form Name='Letter' CurrentView='1'><Control Name='Customer'/></Form>"
-    "<Options><FileLocations DocumentsFolder='/docs' TemplatesFolder='/templates'/></Options></db>";
-constexpr const char* kSheet = "<db><Table Name='Sheet' CurrentView='2'><Control Name='A'/></Table></db>";
-
-class AutoMapping : public testing::Test {
+class AutoMapping : public AutoMappingTest {
   protected:
-    void SetUp() override {
-        folder.put("letter.xml", kLetter);
-        folder.put("sheet.xml", kSheet);
-        folder.put("design.xml", "<db><Form Name='F' CurrentView='0'><Control Name='A'/></Form></db>");
-        folder.put("broken.xml", "<db><Form></db>");
-        folder.put("empty.xml", "<db/>");
-        folder.put("exists.dotx", "precious");
+    void putDocuments() override {
         folder.put("given.docx", wordFile("<w:p><w:r><w:t>Dear </w:t></w:r></w:p>"));
         folder.put("other.docx", wordFile("<w:p><w:r><w:t>Other</w:t></w:r></w:p>"));
-        entriesBefore = folder.entryCount();
     }
-    void TearDown() override { gExcelMode = 0; }
-
-    /// Runs a mapping; "%" in an argument stands for the test's folder. Gives the mapping error that it
-    /// raises, or 0.
-    ErrorNumber run(std::vector<std::string> arguments, bool allowExisting = false) {
-        for (std::string& argument : arguments) {
-            if (argument.starts_with("%")) argument.replace(0, 1, folder.path());
-        }
-        std::string commandLine;
-        GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
-        CAutoMapping mapping{[this] { return startWord(); }, errors, messages, progress};
-        mapping.SetAllowExistingTemplate(allowExisting);
-        made = false;
-        started = 0;
-        try {
-            mapping.ReadArguments();
-            made = mapping.Execute();
-        } catch (const AutomationError& error) {
-            return error.number();
-        }
-        templatesFolder = mapping.TemplatesFolder();
-        documentsFolder = mapping.DocumentsFolder();
-        return 0;
-    }
-
-    word::ApplicationPtr startWord() {
-        ++started;
-        return wrap(makeWordApplication(OfficeKind::Embedded, *store));
-    }
-
-    TemporaryFolder folder;
-    int entriesBefore = 0;
-    DiskFileStore disk;
-    FileStore* store = &disk;
-    std::function<word::ApplicationPtr(word::ApplicationPtr)> wrap = [](auto office) { return office; };
-    RecordingErrorHandler errors;
-    RecordingMessages messages;
-    NoProgress progress;
-    bool made = false;
-    int started = 0;
-    std::string templatesFolder, documentsFolder;
 };
 
 TEST_F(AutoMapping, RefusesWithTheNumbersOfItsErrors) {
@@ -109,7 +45,7 @@ TEST_F(AutoMapping, RefusesWithTheNumbersOfItsErrors) {
     };
     for (const Case& c : cases) {
         EXPECT_EQ(run(c.arguments), c.expected) << testing::PrintToString(c.arguments);
-        EXPECT_EQ(started, 0) << testing::PrintToString(c.arguments);
+        EXPECT_EQ(startedWords, 0) << testing::PrintToString(c.arguments);
     }
     EXPECT_EQ(folder.entryCount(), entriesBefore);
     EXPECT_EQ(folder.bytesOf("exists.dotx"), "precious");
@@ -256,11 +192,6 @@ TEST_F(AutoMapping, WhatCannotBeWrittenIsRefusedBeforeTheWork) {
         ASSERT_EQ(messages.messages.size(), 1U) << name;
         EXPECT_NE(messages.messages[0].text.find(name), std::string::npos) << messages.texts();
     }
-    gExcelMode = 1;
-    messages.messages.clear();
-    EXPECT_EQ(run({"-excel", "-xmlfile", "%/letter.xml", "-template", "%/new.xltx"}), 0U);
-    EXPECT_EQ(started, 0);
-    EXPECT_EQ(messages.texts(), "Mapping into an Excel workbook is not available yet.\n");
     EXPECT_EQ(folder.entryCount(), entriesBefore);
 }
 

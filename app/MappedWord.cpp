@@ -1,0 +1,54 @@
+#include "app/MappedWord.h"
+
+#include "app/FileFormats.h"
+#include "app/MergeloomErrorCodes.h"
+#include "office/formats/mWordFileExtensions.h"
+#include "office/model/word/Documents.h"
+#include "office/model/word/Selection.h"
+
+namespace mergeloom {
+
+namespace {
+
+/// Whether the document that was just opened came up with a selection, without which nothing can be dropped.
+bool hasSelection(word::Application& office) {
+    try {
+        return office.Selection() != nullptr;
+    } catch (const AutomationError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+bool MappedWord::knowsExtensionOf(const std::string& path) const {
+    return hasWordExtension(path);
+}
+
+std::string MappedWord::formatNameOf(const std::string& path) const {
+    return wordFormatName(static_cast<int>(wordFormatOf(path)));
+}
+
+bool MappedWord::canSaveAs(const std::string& path) {
+    return (*office_)->canSaveAs(wordFormatOf(path));
+}
+
+void MappedWord::addDocument(const std::string& templatePath) {
+    document_ = (*office_)->Documents()->Add(templatePath);
+}
+
+void MappedWord::openDocument(const std::string& path) {
+    document_ = (*office_)->Documents()->Open(path);
+    if (!hasSelection(**office_)) RaiseMappingError(kLabelDocumentIncorrect);
+}
+
+bool MappedWord::drop(CNodeDropper& dropper, const MappedObject& object) {
+    return dropper.NodeDrop(object.node, document_, object.xmlNodes, false, object.documentType,
+                            object.fields);
+}
+
+void MappedWord::saveAs(const std::string& path) {
+    document_->SaveAs(path, wordFormatOf(path));
+}
+
+}  // namespace mergeloom

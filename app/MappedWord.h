@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/MappingOffice.h"
+#include "app/StartedOffice.h"
+#include "app/WordStarter.h"
+#include "base/ErrorHandler.h"
+#include "office/model/word/Document.h"
+
+#include <optional>
+
+namespace mergeloom {
+
+/// Word and the document that a mapping makes in it.
+class MappedWord final : public MappingOffice {
+  public:
+    /// Both have to outlive it.
+    MappedWord(const WordStarter& startWord, ErrorHandler& errors) : startWord_(startWord), errors_(errors) {}
+
+    [[nodiscard]] std::string name() const override { return "Word"; }
+    [[nodiscard]] bool makesLabels() const override { return true; }
+    [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
+    [[nodiscard]] std::string formatNameOf(const std::string& path) const override;
+    void start() override { office_.emplace(startWord_(), errors_); }
+    bool canSaveAs(const std::string& path) override;
+    void addDocument(const std::string& templatePath) override;
+    void openDocument(const std::string& path) override;
+    bool drop(CNodeDropper& dropper, const MappedObject& object) override;
+    model::OfficeDocument& document() override { return *document_; }
+    void saveAs(const std::string& path) override;
+
+  private:
+    const WordStarter& startWord_;
+    ErrorHandler& errors_;
+    std::optional<StartedOffice<word::Application>> office_;
+    word::DocumentPtr document_;
+};
+
+}  // namespace mergeloom

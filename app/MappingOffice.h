@@ -1,0 +1,53 @@
+#pragma once
+
+#include "droppers/CNodeDropper.h"
+#include "droppers/DropContext.h"
+#include "office/model/OfficeDocument.h"
+#include "xml/TreeView.h"
+#include "xml/XmlNodeCollection.h"
+#include "xml/modNamedItems.h"
+
+#include <string>
+
+namespace mergeloom {
+
+/// The object that a mapping drops, and as what.
+struct MappedObject {
+    const TreeNode& node;
+    const XmlNodeCollection& xmlNodes;
+    DocumentType documentType;
+    const FieldKeys* fields;  ///< the columns of a table; none: all of them
+};
+
+/// An office that a mapping starts for itself, and the one document that the mapping makes in it. The office
+/// is closed with the document, unsaved, at the end.
+class MappingOffice {
+  public:
+    MappingOffice() = default;
+    MappingOffice(const MappingOffice&) = delete;
+    MappingOffice& operator=(const MappingOffice&) = delete;
+    virtual ~MappingOffice() = default;
+
+    /// What sentences for the user call it.
+    [[nodiscard]] virtual std::string name() const = 0;
+    [[nodiscard]] virtual bool makesLabels() const = 0;
+    [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;
+    /// What dialogs call the format of the path's extension.
+    [[nodiscard]] virtual std::string formatNameOf(const std::string& path) const = 0;
+
+    /// Comes before all that follows.
+    virtual void start() = 0;
+    virtual bool canSaveAs(const std::string& path) = 0;
+    /// Makes the document from a template, or an empty one when the path is empty.
+    virtual void addDocument(const std::string& templatePath) = 0;
+    /// Opens the document. One into which nothing can be dropped raises a mapping error or a MappingRefusal.
+    virtual void openDocument(const std::string& path) = 0;
+
+    /// Whether something was dropped.
+    virtual bool drop(CNodeDropper& dropper, const MappedObject& object) = 0;
+    virtual model::OfficeDocument& document() = 0;
+    /// Saves the document in the format of the path's extension.
+    virtual void saveAs(const std::string& path) = 0;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/CAutoMapping.h"
+#include "app/ConsoleProgress.h"
+#include "app/mCommandLine.h"
+#include "app/modMain.h"
+#include "base/DiskFileStore.h"
+#include "doubles/RecordingMessages.h"
+#include "doubles/TemporaryFolder.h"
+#include "office/factory/OfficeFactory.h"
+#include "xml/RecordingErrorHandler.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// Mappings in a folder of structure documents.
+class AutoMappingTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        folder.put(
+            "letter.xml",
+            "<db><Form Name='Letter' CurrentView='1'><Control Name='Customer'/></Form>"
+            "<Options><FileLocations DocumentsFolder='/docs' TemplatesFolder='/templates'/></Options></db>");
+        folder.put("sheet.xml", "<db><Table Name='Sheet' CurrentView='2'><Control Name='A'/></Table></db>");
+        folder.put("design.xml", "<db><Form Name='F' CurrentView='0'><Control Name='A'/></Form></db>");
+        folder.put("broken.xml", "<db><Form></db>");
+        folder.put("empty.xml", "<db/>");
+        folder.put("exists.dotx", "precious");
+        putDocuments();
+        entriesBefore = folder.entryCount();
+    }
+    void TearDown() override { gExcelMode = 0; }
+
+    /// Puts the documents into the folder on which mappings are to build.
+    virtual void putDocuments() = 0;
+
+    /// Runs a mapping; "%" in an argument stands for the test's folder. Gives the mapping error that it
+    /// raises, or 0.
+    ErrorNumber run(std::vector<std::string> arguments, bool allowExisting = false) {
+        for (std::string& argument : arguments) {
+            if (argument.starts_with("%")) argument.replace(0, 1, folder.path());
+        }
+        std::string commandLine;
+        GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
+        CAutoMapping mapping{[this] { return startWord(); }, [this] { return startExcel(); }, errors,
+                             messages, progress};
+        mapping.SetAllowExistingTemplate(allowExisting);
+        made = false;
+        startedWords = 0;
+        startedExcels = 0;
+        try {
+            mapping.ReadArguments();
+            made = mapping.Execute();
+        } catch (const AutomationError& error) {
+            return error.number();
+        }
+        templatesFolder = mapping.TemplatesFolder();
+        documentsFolder = mapping.DocumentsFolder();
+        return 0;
+    }
+
+    word::ApplicationPtr startWord() {
+        ++startedWords;
+        return wrap(makeWordApplication(OfficeKind::Embedded, *store));
+    }
+
+    excel::ApplicationPtr startExcel() {
+        ++startedExcels;
+        whenExcelStarts();
+        return makeExcelApplication(OfficeKind::Embedded, *store);
+    }
+
+    [[nodiscard]] bool exists(const std::string& name) const {
+        return std::filesystem::exists(folder / name);
+    }
+
+    TemporaryFolder folder;
+    int entriesBefore = 0;
+    DiskFileStore disk;
+    FileStore* store = &disk;
+    std::function<word::ApplicationPtr(word::ApplicationPtr)> wrap = [](auto office) { return office; };
+    std::function<void()> whenExcelStarts = [] {};
+    RecordingErrorHandler errors;
+    RecordingMessages messages;
+    NoProgress progress;
+    bool made = false;
+    int startedWords = 0;
+    int startedExcels = 0;
+    std::string templatesFolder, documentsFolder;
+};
+
+}  // namespace mergeloom
