@@ -1,7 +1,7 @@
 #pragma once
 
 #include "doubles/MemoryFileStore.h"
-#include "office/embedded/package/Package.h"
+#include "doubles/PackageBytes.h"
 #include "office/embedded/package/RelationshipTypes.h"
 #include "office/model/word/Document.h"
 
@@ -11,15 +11,6 @@
 namespace mergeloom {
 
 inline const std::string kMainPart = "/word/document.xml";
-
-inline std::string packageBytes(embedded::Package& package) {
-    struct Sink final : ByteSink {
-        void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }
-        std::string bytes;
-    } sink;
-    package.write(sink);
-    return sink.bytes;
-}
 
 /// A document file with the given XML in its body.
 inline std::string wordFile(const std::string& bodyXml) {

@@ -1,11 +1,13 @@
 #include "office/embedded/excel/EmbeddedExcel.h"
 
-#include "base/AutomationError.h"
+#include "office/embedded/excel/EmbeddedExcelApplication.h"
+
+#include <memory>
 
 namespace mergeloom::embedded {
 
-excel::ApplicationPtr makeExcelApplication(FileStore& /*files*/) {
-    throw AutomationError(kNotAvailable, "The workbook engine is not available yet.");
+excel::ApplicationPtr makeExcelApplication(FileStore& files) {
+    return std::make_shared<EmbeddedExcelApplication>(files);
 }
 
 }  // namespace mergeloom::embedded

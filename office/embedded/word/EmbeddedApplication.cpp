@@ -38,7 +38,7 @@ word::UndoRecordPtr EmbeddedApplication::UndoRecord() {
 }
 
 bool EmbeddedApplication::canSaveAs(word::WdSaveFormat format) {
-    return canWrite(format);
+    return wordSaveFormats().find(static_cast<int>(format)) != nullptr;
 }
 
 void EmbeddedApplication::Quit(word::WdSaveOptions saveChanges) {
@@ -66,8 +66,8 @@ void EmbeddedApplication::remove(const EmbeddedDocument& document) {
 
 word::DocumentPtr EmbeddedApplication::list(std::shared_ptr<WordContent> content, const std::string& fullName,
                                             bool wasOpened) {
-    documents_.push_back(std::make_shared<EmbeddedDocument>(weak_from_this(), files_, std::move(content),
-                                                            fullName, wasOpened));
+    documents_.push_back(std::make_shared<EmbeddedDocument>(weak_from_this(), std::move(content),
+                                                            DocumentFile(files_, fullName, wasOpened)));
     return documents_.back();
 }
 

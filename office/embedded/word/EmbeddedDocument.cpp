@@ -1,7 +1,5 @@
 #include "office/embedded/word/EmbeddedDocument.h"
 
-#include "base/AutomationError.h"
-#include "base/Paths.h"
 #include "office/embedded/word/EmbeddedApplication.h"
 #include "office/embedded/word/EmbeddedBookmarks.h"
 #include "office/embedded/word/EmbeddedFields.h"
@@ -13,13 +11,9 @@
 
 namespace mergeloom::embedded {
 
-EmbeddedDocument::EmbeddedDocument(std::weak_ptr<EmbeddedApplication> application, FileStore& files,
-                                   std::shared_ptr<WordContent> content, std::string fullName, bool wasOpened)
-    : application_(std::move(application)),
-      files_(files),
-      content_(std::move(content)),
-      fullName_(std::move(fullName)),
-      hasFile_(wasOpened) {}
+EmbeddedDocument::EmbeddedDocument(std::weak_ptr<EmbeddedApplication> application,
+                                   std::shared_ptr<WordContent> content, DocumentFile file)
+    : application_(std::move(application)), content_(std::move(content)), file_(std::move(file)) {}
 
 word::ApplicationPtr EmbeddedDocument::Application() {
     return application_.lock();
@@ -47,29 +41,16 @@ word::TablesPtr EmbeddedDocument::Tables() {
                                             CharacterPosition{body.length().value});
 }
 
-std::string EmbeddedDocument::Name() {
-    return fileNameOnly(fullName_);
-}
-
 void EmbeddedDocument::Save() {
-    if (!hasFile_) throw AutomationError(kFileCouldNotBeSaved, "The document has no file name yet.");
-    write(fullName_);
+    content_->storeParts();
+    file_.save(content_->package());
+    content_->setSaved(true);
 }
 
 void EmbeddedDocument::SaveAs(const std::string& fileName, word::WdSaveFormat format) {
-    Package& package = content_->package();
-    const std::string mainPart = package.mainPart();
-    const std::string formerType = package.contentTypes().of(mainPart);
-    setSaveFormat(package, mainPart, format, fileName);
-    try {
-        write(fileName);
-    } catch (const AutomationError&) {
-        // The document keeps its former name, and with it the kind of file that the name says.
-        package.contentTypes().setOverride(mainPart, formerType);
-        throw;
-    }
-    fullName_ = fileName;
-    hasFile_ = true;
+    content_->storeParts();
+    file_.saveAs(content_->package(), wordSaveFormats(), static_cast<int>(format), fileName);
+    content_->setSaved(true);
 }
 
 void EmbeddedDocument::Close(word::WdSaveOptions saveChanges) {
@@ -79,12 +60,6 @@ void EmbeddedDocument::Close(word::WdSaveOptions saveChanges) {
 
 bool EmbeddedDocument::Undo(int times) {
     return times > 0 && content_->undo();
-}
-
-void EmbeddedDocument::write(const std::string& fileName) {
-    content_->storeParts();
-    files_.save(fileName, [this](ByteSink& sink) { content_->package().write(sink); });
-    content_->setSaved(true);
 }
 
 }  // namespace mergeloom::embedded

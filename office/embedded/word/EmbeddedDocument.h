@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/FileStore.h"
+#include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/word/WordContent.h"
 #include "office/model/word/Document.h"
 
@@ -13,9 +13,8 @@ class EmbeddedApplication;
 
 class EmbeddedDocument final : public word::Document {
   public:
-    /// A document that was opened has its path as full name, a new one a name without a folder.
-    EmbeddedDocument(std::weak_ptr<EmbeddedApplication> application, FileStore& files,
-                     std::shared_ptr<WordContent> content, std::string fullName, bool wasOpened);
+    EmbeddedDocument(std::weak_ptr<EmbeddedApplication> application, std::shared_ptr<WordContent> content,
+                     DocumentFile file);
 
     word::ApplicationPtr Application() override;
     word::WindowPtr ActiveWindow() override;
@@ -24,8 +23,8 @@ class EmbeddedDocument final : public word::Document {
     word::MailMergePtr MailMerge() override;
     word::TablesPtr Tables() override;
 
-    std::string Name() override;
-    std::string FullName() override { return fullName_; }
+    std::string Name() override { return file_.name(); }
+    std::string FullName() override { return file_.fullName(); }
     bool Saved() override { return content_->isSaved(); }
     void SetSaved(bool saved) override { content_->setSaved(saved); }
 
@@ -37,13 +36,9 @@ class EmbeddedDocument final : public word::Document {
     [[nodiscard]] const std::shared_ptr<WordContent>& content() const { return content_; }
 
   private:
-    void write(const std::string& fileName);
-
     std::weak_ptr<EmbeddedApplication> application_;
-    FileStore& files_;
     std::shared_ptr<WordContent> content_;
-    std::string fullName_;
-    bool hasFile_;
+    DocumentFile file_;
 };
 
 }  // namespace mergeloom::embedded

@@ -1,0 +1,52 @@
+#include "office/embedded/excel/EmbeddedNames.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/embedded/excel/EmbeddedDefinedName.h"
+#include "office/embedded/excel/NameFormula.h"
+
+#include <algorithm>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// The sheet's index in the workbook's list, of whatever kind it is.
+std::optional<int> sheetNamed(const WorkbookPart& workbook, const std::string& name) {
+    const auto& sheets = workbook.sheets();
+    const auto found = std::ranges::find_if(
+        sheets, [&](const SheetEntry& entry) { return equalsIgnoringCase(entry.name, name); });
+    if (found == sheets.end()) return {};
+    return static_cast<int>(found - sheets.begin());
+}
+
+}  // namespace
+
+excel::DefinedNamePtr EmbeddedNames::Item(int number) {
+    if (number < 1 || number > Count())
+        throw AutomationError(kApplicationDefined, "There is no name of that number.");
+    return std::make_shared<EmbeddedDefinedName>(content_, static_cast<std::size_t>(number) - 1);
+}
+
+excel::DefinedNamePtr EmbeddedNames::Item(const std::string& name) {
+    const std::optional<std::size_t> index = find(name);
+    if (!index) throw AutomationError(kApplicationDefined, "There is no name '" + name + "'.");
+    return std::make_shared<EmbeddedDefinedName>(content_, *index);
+}
+
+excel::DefinedNamePtr EmbeddedNames::Add(const std::string& name, const std::string& refersToLocal) {
+    const std::string formula = nameFormula(*content_, refersToLocal);
+    const std::size_t index = names().define(name, formula);
+    content_->touch();
+    return std::make_shared<EmbeddedDefinedName>(content_, index);
+}
+
+std::optional<std::size_t> EmbeddedNames::find(const std::string& name) const {
+    const std::size_t mark = name.rfind('!');
+    if (mark == std::string::npos) return names().find(name);
+    const std::optional<int> sheet = sheetNamed(content_->workbook(), name.substr(0, mark));
+    if (!sheet) return {};
+    return names().find(name.substr(mark + 1), *sheet);
+}
+
+}  // namespace mergeloom::embedded

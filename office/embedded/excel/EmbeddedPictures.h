@@ -1,0 +1,25 @@
+#pragma once
+
+#include "office/embedded/excel/WorkbookContent.h"
+#include "office/model/excel/Pictures.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+class EmbeddedPictures final : public excel::Pictures {
+  public:
+    EmbeddedPictures(std::shared_ptr<WorkbookContent> content, std::size_t sheet)
+        : content_(std::move(content)), sheet_(sheet) {}
+
+    excel::PicturePtr Insert(const std::string& fileName) override;
+
+  private:
+    std::shared_ptr<WorkbookContent> content_;
+    std::size_t sheet_;
+};
+
+}  // namespace mergeloom::embedded

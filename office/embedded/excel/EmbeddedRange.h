@@ -1,0 +1,63 @@
+#pragma once
+
+#include "office/embedded/excel/WorkbookContent.h"
+#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/Range.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+class EmbeddedRange final : public excel::Range {
+  public:
+    /// The area lies in the sheet.
+    EmbeddedRange(std::shared_ptr<WorkbookContent> content, std::size_t sheet, const CellArea& area)
+        : content_(std::move(content)), sheet_(sheet), area_(area) {}
+
+    excel::WorksheetPtr Worksheet() override;
+    int Row() override { return area_.first.row; }
+    int Column() override { return area_.first.column; }
+    excel::CountedPtr Rows() override;
+    excel::ColumnsPtr Columns() override;
+    std::string AddressLocal() override { return absoluteAddressOf(area_); }
+
+    excel::RangePtr Cells(int row, int column) override;
+    excel::RangePtr Resize(int rowSize, int columnSize) override;
+    excel::RangePtr Offset(int rowOffset, int columnOffset) override;
+    excel::RangePtr MergeArea() override;
+    bool MergeCells() override { return sheet().merged().touches(area_); }
+
+    std::string Value() override { return content_->textOf(sheet_, area_.first); }
+    void SetValue(const std::string& text) override;
+
+    void Select() override;
+    void Activate() override;
+
+    mergeloom::ColumnWidth ColumnWidth() override { return geometry().columnWidth(area_.first.column); }
+    void SetColumnWidth(mergeloom::ColumnWidth width) override;
+    Points RowHeight() override { return geometry().rowHeight(area_.first.row); }
+    void SetRowHeight(Points height) override;
+
+    Points Left() override { return geometry().left(area_.first.column); }
+    Points Top() override { return geometry().top(area_.first.row); }
+    Points Width() override;
+    Points Height() override;
+
+  private:
+    [[nodiscard]] SheetContent& sheet() const { return content_->sheet(sheet_); }
+    [[nodiscard]] SheetGeometry& geometry() const { return sheet().geometry(); }
+    [[nodiscard]] excel::RangePtr block(const CellArea& area) const;
+
+    std::shared_ptr<WorkbookContent> content_;
+    std::size_t sheet_;
+    CellArea area_;
+};
+
+/// Raises kApplicationDefined for an area that leads out of the sheet.
+excel::RangePtr rangeOf(const std::shared_ptr<WorkbookContent>& content, std::size_t sheet,
+                        const CellArea& area);
+
+}  // namespace mergeloom::embedded

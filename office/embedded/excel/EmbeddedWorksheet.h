@@ -1,0 +1,30 @@
+#pragma once
+
+#include "office/embedded/excel/WorkbookContent.h"
+#include "office/model/excel/Worksheet.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+class EmbeddedWorksheet final : public excel::Worksheet {
+  public:
+    /// The index is that of a sheet with cells.
+    EmbeddedWorksheet(std::shared_ptr<WorkbookContent> content, std::size_t sheet)
+        : content_(std::move(content)), sheet_(sheet) {}
+
+    std::string Name() override { return content_->workbook().sheets()[sheet_].name; }
+    excel::RangePtr Cells(int row, int column) override;
+    excel::ShapesPtr Shapes() override;
+    excel::PicturesPtr Pictures() override;
+    void Activate() override { content_->activate(sheet_); }
+
+  private:
+    std::shared_ptr<WorkbookContent> content_;
+    std::size_t sheet_;
+};
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,19 @@
+#include "office/embedded/excel/NameFormula.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/sheet/SheetReference.h"
+
+namespace mergeloom::embedded {
+
+std::string nameFormula(const WorkbookContent& content, const std::string& refersToLocal) {
+    if (refersToLocal.size() < 2 || refersToLocal.front() != '=') {
+        throw AutomationError(kApplicationDefined, "'" + refersToLocal + "' is no formula.");
+    }
+    std::string formula = refersToLocal.substr(1);
+    std::optional<SheetReference> reference = parseReference(formula);
+    if (!reference || !reference->sheetName.empty()) return formula;
+    reference->sheetName = content.workbook().sheets()[content.activeWorksheet()].name;
+    return referenceText(*reference);
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,63 @@
+#include "office/embedded/excel/SheetContent.h"
+
+#include "office/embedded/parts/XmlPart.h"
+
+#include <algorithm>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// The cells that the sheet's pivot tables fill (ECMA-376 Part 1, 18.10.1.49).
+std::vector<CellArea> pivotTablesOf(Package& package, const std::string& sheetPart) {
+    std::vector<CellArea> areas;
+    const Relationships& relationships = package.relationshipsOf(sheetPart);
+    for (const Relationship* relationship : relationships.ofOfficeType("pivotTable")) {
+        const std::string partName = relationships.targetPart(*relationship);
+        if (!package.hasPart(partName)) continue;
+        const auto part = XmlPart::parse(package.readPart(partName), partName, package.fileName());
+        for (const pugi::xml_node child : part->root().children()) {
+            const auto area = parseArea(child.attribute("ref").value());
+            if (std::string_view(child.name()).ends_with("location") && area) areas.push_back(*area);
+        }
+    }
+    return areas;
+}
+
+}  // namespace
+
+SheetContent::SheetContent(const SheetEntry& entry, const SheetSurroundings& surroundings)
+    : entry_(entry),
+      package_(surroundings.package),
+      undo_(surroundings.undo),
+      part_(package_.readPart(entry.partName), entry.partName, package_.fileName(), undo_),
+      merged_(part_),
+      protection_(readProtection(part_)),
+      geometry_(part_, surroundings.styles, undo_),
+      drawing_(package_, part_, geometry_, surroundings.pictures, undo_),
+      tables_(package_, entry.partName, undo_),
+      pivotTables_(pivotTablesOf(package_, entry.partName)),
+      selection_(readSelection(part_)) {}
+
+bool SheetContent::isInPivotTable(const CellPosition& cell) const {
+    return std::ranges::any_of(pivotTables_, [&](const CellArea& area) { return area.contains(cell); });
+}
+
+void SheetContent::select(const SheetSelection& selection) {
+    if (selection_ == selection) return;
+    if (undo_.isRecording()) undo_.record([this, former = selection_] { selection_ = former; });
+    selection_ = selection;
+}
+
+void SheetContent::store() {
+    tables_.store();
+    drawing_.store();
+    geometry_.store();
+    writeSelection(part_, selection_);
+    // What was handed over once may have been taken back since.
+    if (!part_.isDirty() && !handedOver_) return;
+    package_.writePart(entry_.partName, part_.toXml());
+    handedOver_ = true;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "office/embedded/package/Package.h"
+#include "office/embedded/parts/PictureParts.h"
+#include "office/embedded/sheet/MergedCells.h"
+#include "office/embedded/sheet/SheetDrawing.h"
+#include "office/embedded/sheet/SheetGeometry.h"
+#include "office/embedded/sheet/SheetPart.h"
+#include "office/embedded/sheet/SheetProtection.h"
+#include "office/embedded/sheet/SheetTables.h"
+#include "office/embedded/sheet/SheetView.h"
+#include "office/embedded/sheet/StyleSheet.h"
+#include "office/embedded/sheet/UndoLog.h"
+#include "office/embedded/sheet/WorkbookPart.h"
+
+#include <string>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+/// What the sheets of a workbook share.
+struct SheetSurroundings {
+    Package& package;
+    PictureParts& pictures;
+    const StyleSheet& styles;
+    UndoLog& undo;
+};
+
+/// What is in one worksheet while its workbook is open.
+class SheetContent {
+  public:
+    /// Reads the sheet's part. The entry and the surroundings must outlive the content. Raises
+    /// kFileCouldNotBeRead.
+    SheetContent(const SheetEntry& entry, const SheetSurroundings& surroundings);
+    SheetContent(const SheetContent&) = delete;
+    SheetContent& operator=(const SheetContent&) = delete;
+
+    [[nodiscard]] const SheetEntry& entry() const { return entry_; }
+    [[nodiscard]] SheetPart& part() { return part_; }
+    [[nodiscard]] const MergedCells& merged() const { return merged_; }
+    [[nodiscard]] const SheetProtection& protection() const { return protection_; }
+    [[nodiscard]] SheetGeometry& geometry() { return geometry_; }
+    [[nodiscard]] SheetDrawing& drawing() { return drawing_; }
+    [[nodiscard]] SheetTables& tables() { return tables_; }
+
+    /// Whether any of the cells shows the result of a pivot table.
+    [[nodiscard]] bool isInPivotTable(const CellPosition& cell) const;
+
+    [[nodiscard]] const SheetSelection& selection() const { return selection_; }
+    void select(const SheetSelection& selection);
+
+    /// Hands what was edited to the package.
+    void store();
+
+  private:
+    const SheetEntry& entry_;
+    Package& package_;
+    UndoLog& undo_;
+    SheetPart part_;
+    MergedCells merged_;
+    SheetProtection protection_;
+    SheetGeometry geometry_;
+    SheetDrawing drawing_;
+    SheetTables tables_;
+    std::vector<CellArea> pivotTables_;
+    SheetSelection selection_;
+    bool handedOver_ = false;
+};
+
+}  // namespace mergeloom::embedded

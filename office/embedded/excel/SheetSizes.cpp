@@ -1,0 +1,70 @@
+#include "office/embedded/excel/SheetSizes.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/sheet/FontMetrics.h"
+#include "office/model/excel/Range.h"
+
+#include <algorithm>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& sentence) {
+    throw AutomationError(kApplicationDefined, sentence);
+}
+
+void refuseProtected(const SheetContent& sheet, const char* what) {
+    refuse("The sheet '" + sheet.entry().name + "' is protected: its " + what + " cannot be changed.");
+}
+
+void checkColumns(const SheetContent& sheet) {
+    if (sheet.protection().formatColumns) refuseProtected(sheet, "columns");
+}
+
+/// The width in pixels of the widest text of a column's cells; 0 when none asks for room.
+double widestText(WorkbookContent& content, std::size_t sheetIndex, const CellArea& column) {
+    SheetContent& sheet = content.sheet(sheetIndex);
+    double widest = 0;
+    for (CellPosition cell = column.first; cell.row <= column.last.row; ++cell.row) {
+        const CellArea merged = sheet.merged().areaAt(cell);
+        if (merged.first != merged.last) continue;
+        const int style = sheet.part().cell(cell).style;
+        if (content.styles().fitsItself(style)) continue;
+        widest =
+            std::max(widest, textWidth(content.textOf(sheetIndex, cell), content.styles().fontOf(style)));
+    }
+    return widest;
+}
+
+}  // namespace
+
+void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const CellArea& area, ColumnWidth width) {
+    checkColumns(sheet);
+    if (width < ColumnWidth{0} || width > excel::kWidestColumn) refuse("A column cannot have that width.");
+    content.touch();
+    for (int column = area.first.column; column <= area.last.column; ++column)
+        sheet.geometry().setColumnWidth(column, width);
+}
+
+void setRowHeight(WorkbookContent& content, SheetContent& sheet, const CellArea& area, Points height) {
+    if (sheet.protection().formatRows) refuseProtected(sheet, "rows");
+    if (height < Points{0} || height > excel::kHighestRow) refuse("A row cannot have that height.");
+    content.touch();
+    for (int row = area.first.row; row <= area.last.row; ++row)
+        sheet.geometry().setRowHeight(row, height);
+}
+
+void fitColumns(WorkbookContent& content, std::size_t sheetIndex, const CellArea& area) {
+    SheetContent& sheet = content.sheet(sheetIndex);
+    checkColumns(sheet);
+    for (int column = area.first.column; column <= area.last.column; ++column) {
+        const double pixels =
+            widestText(content, sheetIndex, {{area.first.row, column}, {area.last.row, column}});
+        if (pixels == 0) continue;
+        content.touch();
+        sheet.geometry().fitColumn(column, pixels);
+    }
+}
+
+}  // namespace mergeloom::embedded

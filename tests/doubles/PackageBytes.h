@@ -1,0 +1,19 @@
+#pragma once
+
+#include "office/embedded/package/Package.h"
+
+#include <string>
+
+namespace mergeloom {
+
+/// A package as the bytes of its file.
+inline std::string packageBytes(embedded::Package& package) {
+    struct Sink final : ByteSink {
+        void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }
+        std::string bytes;
+    } sink;
+    package.write(sink);
+    return sink.bytes;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,185 @@
+#include "excel/WorkbookTest.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace mergeloom {
+namespace {
+
+using excel::XlFileFormat;
+using testing::AllOf;
+using testing::HasSubstr;
+
+const std::string kMacros(3000, '\x7F');
+
+std::string sample(const std::string& name) {
+    std::ifstream stream(std::string(MERGELOOM_SAMPLES) + "/pictures/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+TEST(Workbook, isWrittenInTheFormatsOfTheEngine) {
+    struct Case {
+        XlFileFormat format;
+        const char* type;
+        bool takesMacros;
+    };
+    const std::vector<Case> cases{
+        {XlFileFormat::xlOpenXMLWorkbook,
+         "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml", false},
+        {XlFileFormat::xlOpenXMLTemplate,
+         "application/vnd.openxmlformats-officedocument.spreadsheetml.template.main+xml", false},
+        {XlFileFormat::xlOpenXMLWorkbookMacroEnabled, "application/vnd.ms-excel.sheet.macroEnabled.main+xml",
+         true},
+        {XlFileFormat::xlOpenXMLTemplateMacroEnabled,
+         "application/vnd.ms-excel.template.macroEnabled.main+xml", true},
+    };
+    embedded::Package package = workbookPackage({{"One"}});
+    package.addPart("/xl/vbaProject.bin", "application/vnd.ms-office.vbaProject", kMacros);
+    package.relationshipsOf(kWorkbookPart)
+        .addPart("http://schemas.microsoft.com/office/2006/relationships/vbaProject", "/xl/vbaProject.bin");
+    for (const Case& test : cases) {
+        OpenWorkbook book{packageBytes(package)};
+        book.files.files["/target"] = "precious";
+        const std::string error = errorOf([&] { book.workbook->SaveAs("/target", test.format); });
+        if (!test.takesMacros) {
+            EXPECT_THAT(error, AllOf(HasSubstr("the workbook holds macros"), HasSubstr("xlsm or xltm")));
+            EXPECT_EQ(book.files.files["/target"], "precious");
+            continue;
+        }
+        EXPECT_EQ(error, "no error");
+        const embedded::Package saved = embedded::Package::read(book.files.files["/target"], "/target");
+        EXPECT_EQ(saved.readPart("/xl/vbaProject.bin"), kMacros);
+        EXPECT_EQ(saved.contentTypes().of(kWorkbookPart), test.type);
+    }
+    for (const Case& test : cases) {
+        OpenWorkbook book;
+        book.workbook->SaveAs("/target", test.format);
+        const embedded::Package saved = embedded::Package::read(book.files.files["/target"], "/target");
+        EXPECT_EQ(saved.contentTypes().of(saved.mainPart()), test.type);
+        EXPECT_TRUE(book.application->canSaveAs(test.format));
+    }
+    EXPECT_FALSE(OpenWorkbook().application->canSaveAs(XlFileFormat::xlExcel8));
+}
+
+TEST(Workbook, isRefusedWhenNobodyCouldDropIntoIt) {
+    struct Case {
+        std::string bytes;
+        const char* reason;
+    };
+    embedded::Package noPart = workbookPackage({{"One"}});
+    noPart.removePart(sheetPart(1));
+    const std::vector<Case> cases{
+        {workbookFile({{"One", "", "state=\"hidden\""}, {"Two", "", "state=\"veryHidden\""}}), "visible"},
+        {workbookFile({}), "visible"},
+        {packageBytes(noPart), "\"One\" is missing"},
+        {workbookFile({{"One", "<sheetData><row r=\"1\"><c r=\"A1\"></row></sheetData>"}}), "sheet1.xml"},
+        {workbookFile({{"One", "<sheetData><row r=\"2\"/><row r=\"1\"/></sheetData>"}}), "sheet1.xml"},
+    };
+    for (std::size_t index = 0; index < cases.size(); ++index) {
+        const std::string error = errorOf([&] { const OpenWorkbook book(cases[index].bytes); });
+        EXPECT_THAT(error, AllOf(HasSubstr("/book.xlsx"), HasSubstr(cases[index].reason))) << index;
+    }
+}
+
+TEST(Workbook, knowsWhenItsActiveSheetHasNoCells) {
+    const std::string active = "<bookViews><workbookView activeTab=\"1\"/></bookViews>";
+    OpenWorkbook book{workbookFile({{"One"}, {"Sales", "", "", "chartsheet"}}, "", active)};
+    EXPECT_EQ(book.application->Selection()->TypeName(), "ChartArea");
+    EXPECT_THAT(errorOf([&] { book.application->ActiveCell(); }), HasSubstr("'Sales' has no cells"));
+    EXPECT_THAT(errorOf([&] { book.application->Selection()->SetValue2("x"); }), HasSubstr("no cells"));
+    EXPECT_THAT(errorOf([&] { book.workbook->Names()->Add("a", "=$A$1"); }), HasSubstr("no cells"));
+    EXPECT_EQ(book.workbook->Worksheets()->Count(), 1);
+    book.workbook->Worksheets()->Item("one")->Activate();
+    EXPECT_EQ(book.application->ActiveCell()->AddressLocal(), "$A$1");
+}
+
+void editEverything(OpenWorkbook& book) {
+    book.files.files["/p.png"] = sample("letterhead.png");
+    book.cell(2, 2)->SetValue("text");
+    book.cell(1, 1)->SetValue("over a formula");
+    book.cell(9, 9)->Activate();
+    book.workbook->Names()->Add("ammNew", "=$B$2");
+    book.workbook->Names()->Add("Old", "=$B$2");
+    book.cell(1, 1)->Resize(2, 2)->Columns()->AutoFit();
+    book.cell(4, 4)->SetColumnWidth({33});
+    book.cell(4, 4)->SetRowHeight({99});
+    const excel::PicturePtr picture = book.workbook->Worksheets()->Item(1)->Pictures()->Insert("/p.png");
+    picture->SetName("ammNew");
+    picture->SetWidth({50});
+    picture->SetLeft({10});
+    book.workbook->Worksheets()->Item(1)->Shapes()->Item("AMMNEW")->Delete();
+    book.workbook->Worksheets()->Item(1)->Pictures()->Insert("/p.png");
+    book.cell(3, 3, 2)->Select();
+}
+
+TEST(Workbook, takesAStepBackAltogether) {
+    const std::string formula = "<sheetData><row r=\"1\"><c r=\"A1\"><f>B1</f><v>0</v></c></row></sheetData>";
+    embedded::Package package =
+        workbookPackage({{"One", formula}, {"Two"}},
+                        "<definedNames><definedName name=\"Old\">1</definedName></definedNames>");
+    package.addPart("/xl/calcChain.xml", kSpreadsheetType + "calcChain+xml",
+                    "<calcChain xmlns=\"" + kSpreadsheet + "\"><c r=\"A1\" i=\"1\"/></calcChain>");
+    package.relationshipsOf(kWorkbookPart).addPart(officeType("calcChain"), "/xl/calcChain.xml");
+    OpenWorkbook untouched{packageBytes(package)};
+    untouched.workbook->Save();
+    OpenWorkbook book{packageBytes(package)};
+    const excel::UndoRecordPtr record = book.application->UndoRecord();
+    record->StartCustomRecord("Drop");
+    editEverything(book);
+    record->EndCustomRecord();
+    EXPECT_FALSE(book.workbook->Saved());
+    EXPECT_TRUE(book.workbook->Undo(1));
+    EXPECT_FALSE(book.workbook->Undo(1));
+    book.workbook->Save();
+    EXPECT_EQ(book.files.files["/book.xlsx"], untouched.files.files["/book.xlsx"]);
+
+    editEverything(book);
+    book.workbook->Save();
+    const embedded::Package saved = embedded::Package::read(book.files.files["/book.xlsx"], "/book.xlsx");
+    EXPECT_FALSE(saved.hasPart("/xl/calcChain.xml"));
+    EXPECT_TRUE(saved.hasPart("/xl/media/image1.png"));
+    const std::string once = book.files.files["/book.xlsx"];
+    book.workbook->Save();
+    EXPECT_EQ(book.files.files["/book.xlsx"], once);
+}
+
+TEST(Pictures, standWhereTheyArePut) {
+    OpenWorkbook book;
+    book.files.files["/p.png"] = sample("letterhead.png");
+    book.files.files["/no.png"] = "this is no picture";
+    book.cell(3, 2)->Select();
+    const excel::WorksheetPtr sheet = book.workbook->Worksheets()->Item(1);
+    EXPECT_THAT(errorOf([&] { sheet->Pictures()->Insert("/no.png"); }), HasSubstr("/no.png"));
+    EXPECT_EQ(sheet->Shapes()->Count(), 0);
+
+    const excel::PicturePtr picture = sheet->Pictures()->Insert("/p.png");
+    picture->SetName("ammLogo");
+    EXPECT_EQ(picture->Left().value, book.cell(3, 2)->Left().value);
+    EXPECT_EQ(picture->Top().value, book.cell(3, 2)->Top().value);
+    picture->SetWidth({120});
+    picture->SetHeight({60});
+    picture->SetLeft({100});
+    const excel::ShapePtr shape = sheet->Shapes()->Item("AMMLOGO");
+    EXPECT_EQ(shape->Type(), excel::MsoShapeType::msoPicture);
+    EXPECT_EQ(shape->Width().value, 120);
+    EXPECT_EQ(shape->Height().value, 60);
+    EXPECT_EQ(shape->Left().value, 100);
+    EXPECT_EQ(shape->TopLeftCell()->AddressLocal(), "$C$3");
+    shape->Delete();
+    EXPECT_THAT(errorOf([&] { picture->Width(); }), HasSubstr("deleted"));
+    EXPECT_THAT(errorOf([&] { sheet->Shapes()->Item("ammLogo"); }), HasSubstr("ammLogo"));
+}
+
+TEST(Pictures, stayAsTheyAreOnSheetsWithProtectedObjects) {
+    OpenWorkbook book{workbookFile({{"Shut", "<sheetData/><sheetProtection sheet=\"1\" objects=\"1\"/>"}})};
+    book.files.files["/p.png"] = sample("letterhead.png");
+    EXPECT_THAT(errorOf([&] { book.workbook->Worksheets()->Item(1)->Pictures()->Insert("/p.png"); }),
+                HasSubstr("'Shut' is protected"));
+    EXPECT_TRUE(book.workbook->Saved());
+}
+
+}  // namespace
+}  // namespace mergeloom

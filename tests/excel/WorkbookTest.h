@@ -1,0 +1,58 @@
+#pragma once
+
+#include "base/AutomationError.h"
+#include "doubles/ExcelFiles.h"
+#include "doubles/MemoryFileStore.h"
+#include "office/embedded/excel/EmbeddedExcel.h"
+#include "office/model/excel/Application.h"
+#include "office/model/excel/Columns.h"
+#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Names.h"
+#include "office/model/excel/Picture.h"
+#include "office/model/excel/Pictures.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Selection.h"
+#include "office/model/excel/Shape.h"
+#include "office/model/excel/Shapes.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/excel/Workbooks.h"
+#include "office/model/excel/Worksheet.h"
+#include "office/model/excel/Worksheets.h"
+
+#include <functional>
+#include <string>
+
+namespace mergeloom {
+
+/// A workbook that is open in the engine.
+struct OpenWorkbook {
+    explicit OpenWorkbook(const std::string& bytes = "") : files{{{"/book.xlsx", bytes}}} {
+        workbook =
+            bytes.empty() ? application->Workbooks()->Add("") : application->Workbooks()->Open("/book.xlsx");
+    }
+
+    excel::RangePtr cell(int row, int column, int sheet = 1) const {
+        return workbook->Worksheets()->Item(sheet)->Cells(row, column);
+    }
+    /// Saves the workbook and answers one of its parts.
+    std::string savedPart(const std::string& partName) {
+        workbook->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
+        return embedded::Package::read(files.files["/saved.xlsx"], "/saved.xlsx").readPart(partName);
+    }
+
+    MemoryFileStore files;
+    excel::ApplicationPtr application = embedded::makeExcelApplication(files);
+    excel::WorkbookPtr workbook;
+};
+
+/// The error that a call raises, or "no error".
+inline std::string errorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const AutomationError& error) {
+        return error.description();
+    }
+    return "no error";
+}
+
+}  // namespace mergeloom

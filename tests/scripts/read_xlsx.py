@@ -1,0 +1,42 @@
+"""Reads workbooks through python3-openpyxl, a reader that knows nothing of ours."""
+import warnings
+
+import openpyxl
+
+warnings.filterwarnings("ignore", module="openpyxl")
+
+
+def read_workbook(path):
+    return openpyxl.load_workbook(path, keep_vba=str(path).endswith("m"))
+
+
+def read_names(path):
+    """Maps each name of the workbook to what it refers to, those of sheets and built-in ones aside."""
+    names = {}
+    for defined in read_workbook(path).defined_names.definedName:
+        if defined.localSheetId is None and not defined.name.startswith("_xlnm"):
+            names[defined.name] = defined.attr_text
+    return names
+
+
+def cells_of(workbook, reference):
+    """The texts of the cells that a name refers to, row by row."""
+    sheet, area = reference.rsplit("!", 1)
+    block = workbook[sheet.strip("'").replace("''", "'")][area.replace("$", "")]
+    rows = block if isinstance(block, tuple) else ((block,),)
+    return [[cell.value for cell in row] for row in rows]
+
+
+def read_places(path):
+    """Each name with the texts of its cells, in the order of the sheet."""
+    workbook = read_workbook(path)
+    places = [(name, reference, cells_of(workbook, reference)) for name, reference in read_names(path).items()
+              if "!$" in reference]
+    return {name: texts for name, _, texts in places}
+
+
+def read_texts(path, sheet=None):
+    """The texts of a sheet's rows, the active one's if none is named."""
+    workbook = read_workbook(path)
+    worksheet = workbook[sheet] if sheet else workbook.active
+    return [[cell.value for cell in row] for row in worksheet.iter_rows()]
