@@ -27,8 +27,8 @@ class SheetGeometry {
 
     /// What Range.ColumnWidth tells; 0 for a hidden column.
     [[nodiscard]] ColumnWidth columnWidth(int column) const;
-    /// Rounded to whole pixels; a hidden column shows again. The widths of its neighbours stay, also where
-    /// one <col> spans them all.
+    /// Rounded to whole pixels; a hidden column shows again, and no width hides it. The widths of its
+    /// neighbours stay, also where one <col> spans them all.
     void setColumnWidth(int column, ColumnWidth width);
     /// Makes the column wide enough for a text of that many pixels, as AutoFit does (bestFit).
     void fitColumn(int column, double pixels);
@@ -43,6 +43,15 @@ class SheetGeometry {
     [[nodiscard]] Points top(int row) const;
     /// The place at a distance from the sheet's edges; what lies outside of the sheet is moved to its edge.
     [[nodiscard]] SheetPlace placeAt(Points left, Points top) const;
+    /// The distance of a place from the sheet's edges. What would lie beyond the cell lies at its far edge.
+    [[nodiscard]] Emu left(const SheetPlace& place) const;
+    [[nodiscard]] Emu top(const SheetPlace& place) const;
+
+    /// Whether the sheet does not have all widths of columns yet.
+    [[nodiscard]] bool isDirty() const;
+    /// Hands the columns to the sheet, which has to happen before the sheet is written. Rows are there
+    /// already.
+    void store();
 
   private:
     class Data;
