@@ -25,7 +25,14 @@ FLOORS = {
     "office/embedded/excel": [
         "office/embedded/sheet", "office/embedded/parts", "office/embedded/package", "office/model", "base",
     ],
-    "office/factory": ["office/embedded/word", "office/embedded/excel", "office/model", "base"],
+    "office/libreoffice/entry": ["office/model", "base"],
+    "office/libreoffice/session": ["office/model", "base"],
+    "office/libreoffice/module": [
+        "office/libreoffice/session", "office/libreoffice/entry", "office/model", "base",
+    ],
+    "office/factory": [
+        "office/embedded/word", "office/embedded/excel", "office/libreoffice/entry", "office/model", "base",
+    ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
 }
@@ -35,6 +42,8 @@ LIBRARIES = {
     "unicode/": ["base"],
     "libxml/": ["xml"],
     "libdeflate.h": ["office/embedded/package"],
+    **{library: ["office/libreoffice/session", "office/libreoffice/module"]
+       for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
     "pugixml.hpp": [
         "xml", "office/embedded/package", "office/embedded/parts", "office/embedded/text",
         "office/embedded/word", "office/embedded/sheet", "office/embedded/excel",

@@ -1,28 +1,24 @@
 #include "office/factory/OfficeFactory.h"
 
-#include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/word/EmbeddedOffice.h"
+#include "office/factory/LazyFileConverter.h"
+#include "office/factory/OfficeModuleLoader.h"
 
 namespace mergeloom {
 
-namespace {
-
-[[noreturn]] void refuseLibreOffice() {
-    throw AutomationError(kNotAvailable,
-                          "The office 'libreoffice' is not available in this version. Choose 'embedded'.");
-}
-
-}  // namespace
-
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files) {
     if (kind == OfficeKind::Embedded) return embedded::makeWordApplication(files);
-    refuseLibreOffice();
+    return libreOfficeModule().makeWordApplication(files);
 }
 
 excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files) {
     if (kind == OfficeKind::Embedded) return embedded::makeExcelApplication(files);
-    refuseLibreOffice();
+    return libreOfficeModule().makeExcelApplication(files);
+}
+
+std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {
+    return std::make_unique<LazyFileConverter>(files);
 }
 
 }  // namespace mergeloom

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/model/FileConverter.h"
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
+
+#include <memory>
 
 namespace mergeloom {
 
@@ -14,5 +17,9 @@ enum class OfficeKind { Embedded, LibreOffice };
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files);
 /// The same for an office that plays Excel's part.
 excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
+
+/// A converter by an installed LibreOffice, for what the embedded office does not write. Costs nothing until
+/// it is first asked; without a LibreOffice it writes no format. The file store has to outlive it.
+std::unique_ptr<FileConverter> makeFileConverter(FileStore& files);
 
 }  // namespace mergeloom

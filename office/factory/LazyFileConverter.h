@@ -1,0 +1,33 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/model/FileConverter.h"
+
+#include <memory>
+
+namespace mergeloom {
+
+/// A converter that loads the module for LibreOffice only when it is first asked.
+class LazyFileConverter final : public FileConverter {
+  public:
+    explicit LazyFileConverter(FileStore& files) : files_(files) {}
+
+    bool canWrite(word::WdSaveFormat format) override { return canWriteFormat(format); }
+    bool canWrite(excel::XlFileFormat format) override { return canWriteFormat(format); }
+    void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) override {
+        converter().convert(from, to, format);
+    }
+    void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) override {
+        converter().convert(from, to, format);
+    }
+
+  private:
+    template <typename Format>
+    bool canWriteFormat(Format format);
+    FileConverter& converter();
+
+    FileStore& files_;
+    std::unique_ptr<FileConverter> converter_;
+};
+
+}  // namespace mergeloom

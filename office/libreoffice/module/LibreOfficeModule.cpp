@@ -1,0 +1,30 @@
+#include "base/AutomationError.h"
+#include "office/libreoffice/entry/OfficeModule.h"
+#include "office/libreoffice/session/LibreOfficeConverter.h"
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+[[noreturn]] void refusePart(const std::string& program) {
+    throw AutomationError(kNotAvailable, "The office 'libreoffice' cannot play the part of " + program +
+                                             " in this version. Choose 'embedded'.");
+}
+
+class LibreOfficeModule final : public OfficeModule {
+  public:
+    word::ApplicationPtr makeWordApplication(FileStore&) override { refusePart("Microsoft Word"); }
+    excel::ApplicationPtr makeExcelApplication(FileStore&) override { refusePart("Microsoft Excel"); }
+    std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
+        return std::make_unique<LibreOfficeConverter>(files);
+    }
+};
+
+}  // namespace
+
+}  // namespace mergeloom::libreoffice
+
+extern "C" mergeloom::OfficeModule* mergeloom_office_module(int edition) {
+    static mergeloom::libreoffice::LibreOfficeModule module;
+    return edition == mergeloom::kOfficeModuleEdition ? &module : nullptr;
+}

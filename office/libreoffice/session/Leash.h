@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+namespace mergeloom::libreoffice {
+
+/// A channel to the input of another process. The other one sees its end when this process ends in whatever
+/// way, since nobody else holds the near end.
+class Leash {
+  public:
+    /// Raises kNotAvailable when the system has no channel left.
+    Leash();
+    Leash(const Leash&) = delete;
+    Leash& operator=(const Leash&) = delete;
+    ~Leash();
+
+    /// What the other process is to get as its input.
+    [[nodiscard]] int farEnd() const { return ends_[1]; }
+    /// Closes this process's hold on the far end, after the other process was started.
+    void handOver();
+    /// Does nothing when the other process is gone.
+    void send(std::string_view line) const;
+
+  private:
+    int ends_[2] = {-1, -1};
+};
+
+}  // namespace mergeloom::libreoffice

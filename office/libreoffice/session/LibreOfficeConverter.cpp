@@ -1,0 +1,77 @@
+#include "office/libreoffice/session/LibreOfficeConverter.h"
+
+#include "base/AutomationError.h"
+#include "office/libreoffice/session/ExcelFilters.h"
+#include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/session/WordFilters.h"
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+bool isInstalled() try {
+    findOfficeProgram();
+    return true;
+} catch (const AutomationError&) {
+    return false;
+}
+
+/// A document that is closed whatever becomes of the work with it.
+class OpenDocument {
+  public:
+    OpenDocument(LibreOfficeFiles& files, const std::string& path, OfficePart part)
+        : files_(files), document_(files.open(path, part)) {}
+    OpenDocument(const OpenDocument&) = delete;
+    OpenDocument& operator=(const OpenDocument&) = delete;
+    ~OpenDocument() { files_.close(document_); }
+
+    [[nodiscard]] const DocumentReference& get() const { return document_; }
+
+  private:
+    LibreOfficeFiles& files_;
+    DocumentReference document_;
+};
+
+}  // namespace
+
+LibreOfficeConverter::LibreOfficeConverter(FileStore& files, TimeBounds bounds)
+    : files_(files), bounds_(bounds) {}
+
+LibreOfficeConverter::~LibreOfficeConverter() = default;
+
+bool LibreOfficeConverter::canWrite(word::WdSaveFormat format) {
+    return filterFor(format).has_value() && isInstalled();
+}
+
+bool LibreOfficeConverter::canWrite(excel::XlFileFormat format) {
+    return filterFor(format).has_value() && isInstalled();
+}
+
+void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
+                                   word::WdSaveFormat format) {
+    convertAs(OfficePart::Word, from, to, format);
+}
+
+void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
+                                   excel::XlFileFormat format) {
+    convertAs(OfficePart::Excel, from, to, format);
+}
+
+template <typename Format>
+void LibreOfficeConverter::convertAs(OfficePart part, const std::string& from, const std::string& to,
+                                     Format format) {
+    LibreOfficeFiles& office = session().files();
+    const OpenDocument document(office, from, part);
+    office.save(document.get(), to, format);
+}
+
+LibreOfficeSession& LibreOfficeConverter::session() {
+    const bool runs = session_ && session_->process().isRunning();
+    if (!runs) {
+        session_.reset();
+        session_ = std::make_unique<LibreOfficeSession>(files_, bounds_);
+    }
+    return *session_;
+}
+
+}  // namespace mergeloom::libreoffice

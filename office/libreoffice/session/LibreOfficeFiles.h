@@ -1,0 +1,54 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/libreoffice/session/OfficeConnection.h"
+#include "office/libreoffice/session/OfficeFilter.h"
+#include "office/libreoffice/session/OfficePart.h"
+#include "office/model/excel/Enumerations.h"
+#include "office/model/word/Enumerations.h"
+
+#include <com/sun/star/lang/XComponent.hpp>
+#include <string>
+
+namespace mergeloom::libreoffice {
+
+using DocumentReference = Reference<css::lang::XComponent>;
+
+/// The way of documents between a file store and an office.
+///
+/// The office works on copies in a folder that goes with its process: it locks nothing, changes nothing that
+/// it was not told to, and what it writes reaches its place whole or not at all. Documents are without a
+/// window, macros never run, links are not updated, and every question is declined.
+class LibreOfficeFiles {
+  public:
+    /// The file store has to outlive this, the folder is the office's.
+    LibreOfficeFiles(OfficeConnection& connection, FileStore& files, std::string workFolder)
+        : connection_(connection), files_(files), workFolder_(std::move(workFolder)) {}
+
+    /// An empty document of LibreOffice's own making.
+    DocumentReference create(OfficePart part);
+    /// Raises kFileCouldNotBeRead with a sentence that names the file when it is missing, damaged, protected
+    /// by a password or none of the part's. A template opens as the template itself. Its URL in the office is
+    /// that of the copy.
+    DocumentReference open(const std::string& path, OfficePart part);
+    /// Raises kNotAvailable for a format that the office does not write, kFileCouldNotBeSaved for other
+    /// failures, with sentences that name the file. The document's own URL does not change and its mark of
+    /// changes stays.
+    void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format);
+    void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format);
+    /// Closes without saving and forgets the document's copy. One that is closed already is left alone.
+    void close(const DocumentReference& document);
+
+  private:
+    std::string makePlace(const std::string& path);
+    DocumentReference load(const std::string& path, const std::string& copy, OfficePart part);
+    void check(const DocumentReference& document, const std::string& path, OfficePart part);
+    void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter);
+
+    OfficeConnection& connection_;
+    FileStore& files_;
+    std::string workFolder_;
+    int places_ = 0;
+};
+
+}  // namespace mergeloom::libreoffice

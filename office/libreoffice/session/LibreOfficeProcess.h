@@ -1,0 +1,53 @@
+#pragma once
+
+#include "office/libreoffice/session/Leash.h"
+#include "office/libreoffice/session/OrphanGuard.h"
+#include "office/libreoffice/session/PrivateFolder.h"
+#include "office/libreoffice/session/ProcessGroup.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// An installed LibreOffice as a process of our own: without a window, with a fresh profile that goes with
+/// it, listening on a pipe of its own. Nothing of it stays behind, however this process ends.
+class LibreOfficeProcess {
+  public:
+    /// Starts the program and does not wait until it listens. Raises kNotAvailable with a sentence that says
+    /// what hinders it.
+    explicit LibreOfficeProcess(const std::string& program);
+    LibreOfficeProcess(const LibreOfficeProcess&) = delete;
+    LibreOfficeProcess& operator=(const LibreOfficeProcess&) = delete;
+    ~LibreOfficeProcess();
+
+    /// The name of the pipe at which it listens.
+    [[nodiscard]] const std::string& pipeName() const { return pipeName_; }
+    /// A folder for passing files that goes with the process.
+    [[nodiscard]] std::string workFolder() const;
+    /// The number of the process group.
+    [[nodiscard]] pid_t group() const { return process_->id(); }
+    [[nodiscard]] bool isRunning() const { return process_->isRunning(); }
+    /// Ends it at once; may be called by any thread.
+    void kill() const;
+    /// Waits until it ends as it was asked to; presses and then kills it when it does not. Bounded in time.
+    void end() const;
+    /// The last lines that it wrote, in one; empty when it wrote none.
+    [[nodiscard]] std::string lastWords() const;
+
+  private:
+    void stop() const;
+    [[nodiscard]] std::string logPath() const;
+    [[nodiscard]] std::string profileUrl() const;
+    [[nodiscard]] std::vector<std::string> command(const std::string& program) const;
+
+    std::optional<OrphanGuard> guard_;  ///< the last to go
+    PrivateFolder folder_;
+    std::string pipeName_;
+    std::vector<std::string> sockets_;
+    Leash start_;
+    std::optional<ProcessGroup> process_;
+};
+
+}  // namespace mergeloom::libreoffice

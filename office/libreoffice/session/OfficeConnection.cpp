@@ -1,0 +1,101 @@
+#include "office/libreoffice/session/OfficeConnection.h"
+
+#include "base/AutomationError.h"
+#include "office/libreoffice/session/BlockedSignals.h"
+#include "office/libreoffice/session/UnoContext.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <com/sun/star/bridge/UnoUrlResolver.hpp>
+#include <com/sun/star/frame/Desktop.hpp>
+#include <com/sun/star/lang/DisposedException.hpp>
+#include <thread>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPause{20};
+constexpr std::chrono::seconds kBoundOfFarewell{10};
+
+[[noreturn]] void raiseNotStarted(const LibreOfficeProcess& process, const std::string& reason) {
+    const std::string words = process.lastWords();
+    throw AutomationError(kNotAvailable, "LibreOffice could not be started: " + reason + "." +
+                                             (words.empty() ? "" : " Its last words: " + words));
+}
+
+std::string inSeconds(std::chrono::milliseconds time) {
+    return std::to_string(std::chrono::ceil<std::chrono::seconds>(time).count()) + " seconds";
+}
+
+}  // namespace
+
+OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bounds)
+    : process_(process), watchdog_(bounds.call, [&process] { process.kill(); }) {
+    // The threads that UNO reads and writes with are started here.
+    const BlockedSignals blocked;
+    connect(bounds.start);
+    desktop_ = call([this] { return css::frame::Desktop::create(context_); });
+}
+
+OfficeConnection::~OfficeConnection() {
+    askToEnd();
+    desktop_.clear();
+    context_.clear();
+    process_.end();
+}
+
+void OfficeConnection::askToEnd() try {
+    if (!process_.isRunning()) return;
+    Watchdog impatient(kBoundOfFarewell, [this] { process_.kill(); });
+    const Watchdog::Watch watch(impatient);
+    desktop_->terminate();
+} catch (const css::uno::Exception&) {
+    // It ends while it answers, or is made to end.
+}
+
+void OfficeConnection::connect(std::chrono::milliseconds bound) {
+    Watchdog watchdog(bound, [this] { process_.kill(); });
+    const Watchdog::Watch watch(watchdog);
+    while (!tryToConnect()) {
+        if (watchdog.hasBitten()) raiseNotStarted(process_, "it did not answer within " + inSeconds(bound));
+        if (!process_.isRunning()) raiseNotStarted(process_, "it ended by itself");
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+/// False as well when the line breaks meanwhile: whoever asks looks at the process.
+bool OfficeConnection::tryToConnect() try {
+    const auto resolver = css::bridge::UnoUrlResolver::create(localContext());
+    const OUString address =
+        toUno("uno:pipe,name=" + process_.pipeName() + ";urp;StarOffice.ComponentContext");
+    context_.set(resolver->resolve(address), UNO_QUERY_THROW);
+    return true;
+} catch (const css::uno::Exception&) {
+    return false;
+}
+
+bool OfficeConnection::answers() const try {
+    return desktop_.is() && desktop_->getFrames().is();
+} catch (const css::uno::Exception&) {
+    return false;
+}
+
+/// Tells the kinds of the exception that is being handled apart.
+void OfficeConnection::raiseCurrent() try { throw; } catch (const css::lang::DisposedException& error) {
+    if (!answers()) raiseEnded();
+    throw AutomationError(kObjectDeleted, "The object has been deleted. (" + fromUno(error.Message) + ")");
+} catch (const css::uno::Exception& error) {
+    if (!answers()) raiseEnded();
+    throw AutomationError(kCommandFailed, "LibreOffice could not do it: " + fromUno(error.Message));
+}
+
+void OfficeConnection::raiseEnded() {
+    const std::string loss = " Changes that were not saved are lost.";
+    if (watchdog_.hasBitten()) {
+        throw AutomationError(kNotAvailable, "LibreOffice did not answer within " +
+                                                 inSeconds(watchdog_.bound()) + " and was ended." + loss);
+    }
+    throw AutomationError(kNotAvailable, "LibreOffice ended unexpectedly." + loss);
+}
+
+}  // namespace mergeloom::libreoffice

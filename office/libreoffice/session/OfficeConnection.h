@@ -1,0 +1,66 @@
+#pragma once
+
+#include "office/libreoffice/session/LibreOfficeProcess.h"
+#include "office/libreoffice/session/Uno.h"
+#include "office/libreoffice/session/Watchdog.h"
+
+#include <chrono>
+#include <com/sun/star/frame/XDesktop2.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <string>
+
+namespace mergeloom::libreoffice {
+
+/// How long an office may take.
+struct TimeBounds {
+    std::chrono::milliseconds start{60'000};  ///< until it listens
+    std::chrono::milliseconds call{120'000};  ///< for one call
+};
+
+/// The line to an office. All that crosses it goes through call(), which bounds the time and turns UNO's
+/// exceptions into the program's errors; a remote call takes about half a millisecond, so one should carry
+/// much.
+class OfficeConnection {
+  public:
+    /// Waits until the office listens. Raises kNotAvailable when it does not within the bound or ends before.
+    explicit OfficeConnection(LibreOfficeProcess& process, TimeBounds bounds = {});
+    OfficeConnection(const OfficeConnection&) = delete;
+    OfficeConnection& operator=(const OfficeConnection&) = delete;
+    /// Asks the office to end, and waits until it has.
+    ~OfficeConnection();
+
+    /// The office's own context, for making its services: `SomeService::create(connection.context())` within
+    /// a call.
+    [[nodiscard]] const Reference<css::uno::XComponentContext>& context() const { return context_; }
+    [[nodiscard]] const Reference<css::frame::XDesktop2>& desktop() const { return desktop_; }
+
+    /// Does what calls into UNO and gives its result. Calls within a call share its time. Raises
+    /// - kNotAvailable when the office ended or took too long and was ended; nothing works after that,
+    /// - kObjectDeleted when the object that was called is gone, such as a document that was closed,
+    /// - kCommandFailed, with UNO's own message, for everything else that UNO complains of.
+    /// AutomationErrors pass through.
+    template <typename Call>
+    auto call(const Call& body) -> decltype(body()) {
+        const Watchdog::Watch watch(watchdog_);
+        try {
+            return body();
+        } catch (const css::uno::Exception&) {
+            raiseCurrent();
+        }
+    }
+
+  private:
+    void connect(std::chrono::milliseconds bound);
+    [[nodiscard]] bool tryToConnect();
+    void askToEnd();
+    [[nodiscard]] bool answers() const;
+    [[noreturn]] void raiseCurrent();
+    [[noreturn]] void raiseEnded();
+
+    LibreOfficeProcess& process_;
+    Watchdog watchdog_;
+    Reference<css::uno::XComponentContext> context_;
+    Reference<css::frame::XDesktop2> desktop_;
+};
+
+}  // namespace mergeloom::libreoffice

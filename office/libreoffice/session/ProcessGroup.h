@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// A program that runs in a session and process group of its own, with all that it starts. Its number is not
+/// given back before the end of this object's life, so a signal never meets a stranger.
+class ProcessGroup {
+  public:
+    /// Starts the command, found in the path. Its input is the file descriptor, its output and its errors go
+    /// to the end of the log. Raises kNotAvailable when the system cannot start it.
+    ProcessGroup(const std::vector<std::string>& command, int input, const std::string& log);
+    ProcessGroup(const ProcessGroup&) = delete;
+    ProcessGroup& operator=(const ProcessGroup&) = delete;
+    /// Kills what still runs.
+    ~ProcessGroup();
+
+    /// The number of the group and of its first process.
+    [[nodiscard]] pid_t id() const { return id_; }
+    /// Whether the first process runs.
+    [[nodiscard]] bool isRunning() const;
+    /// Waits until no process of the group runs; false when one still does after the time.
+    [[nodiscard]] bool waitForEnd(std::chrono::milliseconds bound) const;
+    /// Sends all processes of the group a signal; may be called by any thread.
+    void signal(int number) const;
+
+  private:
+    pid_t id_ = 0;
+};
+
+}  // namespace mergeloom::libreoffice

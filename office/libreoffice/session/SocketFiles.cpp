@@ -1,0 +1,40 @@
+#include "office/libreoffice/session/SocketFiles.h"
+
+#include <rtl/digest.h>
+#include <unistd.h>
+
+#include <array>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+/// The office names the pipe by the digest of the URL in UTF-16, written without the zeros that a byte below
+/// 16 would begin with. The URL is plain ASCII.
+std::string nameOfProfile(const std::string& url) {
+    std::string units;
+    for (const char unit : url)
+        units += {unit, '\0'};
+    std::array<sal_uInt8, RTL_DIGEST_LENGTH_MD5> digest{};
+    rtl_digest_MD5(units.data(), static_cast<sal_uInt32>(units.size()), digest.data(), digest.size());
+    std::string name = "SingleOfficeIPC_";
+    constexpr const char* digits = "0123456789abcdef";
+    for (const sal_uInt8 byte : digest) {
+        if (byte >= 16) name += digits[byte / 16];
+        name += digits[byte % 16];
+    }
+    return name;
+}
+
+}  // namespace
+
+std::vector<std::string> socketFiles(const std::string& pipeName, const std::string& profileUrl) {
+    std::vector<std::string> files;
+    // The office takes the second folder only where the first cannot be written.
+    for (const std::string folder : {"/tmp", "/var/tmp"})
+        for (const std::string& name : {pipeName, nameOfProfile(profileUrl)})
+            files.push_back(folder + "/OSL_PIPE_" + std::to_string(::getuid()) + "_" + name);
+    return files;
+}
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "office/libreoffice/session/Uno.h"
+
+#include <com/sun/star/uno/XComponentContext.hpp>
+
+namespace mergeloom::libreoffice {
+
+/// What this process needs of UNO in order to talk to an office: made once and kept to the program's end.
+/// Raises kNotAvailable when the installed libraries are not complete.
+const Reference<css::uno::XComponentContext>& localContext();
+
+}  // namespace mergeloom::libreoffice

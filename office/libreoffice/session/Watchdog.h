@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace mergeloom::libreoffice {
+
+/// Looks at how long calls into another process last, on a thread of its own, and bites once when one lasts
+/// too long. Calls of one call count as part of it.
+class Watchdog {
+  public:
+    using Milliseconds = std::chrono::milliseconds;
+
+    /// The bite runs on the watchdog's thread, at most an eighth of the bound too late.
+    Watchdog(Milliseconds bound, std::function<void()> bite);
+    Watchdog(const Watchdog&) = delete;
+    Watchdog& operator=(const Watchdog&) = delete;
+    ~Watchdog();
+
+    [[nodiscard]] Milliseconds bound() const { return bound_; }
+    [[nodiscard]] bool hasBitten();
+
+    /// A call under watch for as long as this object lives.
+    class Watch {
+      public:
+        explicit Watch(Watchdog& watchdog) : watchdog_(watchdog) { watchdog_.begin(); }
+        Watch(const Watch&) = delete;
+        Watch& operator=(const Watch&) = delete;
+        ~Watch() { watchdog_.end(); }
+
+      private:
+        Watchdog& watchdog_;
+    };
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    void begin();
+    void end();
+    void keepWatch();
+    [[nodiscard]] bool isOverdue() const { return depth_ > 0 && Clock::now() - start_ >= bound_; }
+
+    const Milliseconds bound_;
+    const std::function<void()> bite_;
+    std::mutex mutex_;
+    std::condition_variable dismissal_;
+    int depth_ = 0;
+    Clock::time_point start_;
+    bool isDismissed_ = false;
+    bool hasBitten_ = false;
+    std::thread thread_;
+};
+
+}  // namespace mergeloom::libreoffice

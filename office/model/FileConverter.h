@@ -1,0 +1,34 @@
+#pragma once
+
+#include "office/model/excel/Enumerations.h"
+#include "office/model/word/Enumerations.h"
+
+#include <string>
+
+namespace mergeloom {
+
+/// Turns a file into another one of another format, for offices that do not write the format themselves.
+class FileConverter {
+  public:
+    FileConverter() = default;
+    FileConverter(const FileConverter&) = delete;
+    FileConverter& operator=(const FileConverter&) = delete;
+    virtual ~FileConverter() = default;
+
+    /// Whether documents can be written in the format here and now; an answer that costs no office's start.
+    virtual bool canWrite(word::WdSaveFormat format) = 0;
+    /// The same for workbooks.
+    virtual bool canWrite(excel::XlFileFormat format) = 0;
+
+    /// Reads the document at one path, by its extension and content, and writes it to the other in the format
+    /// of that number. Macros are not run and links not updated. What stood at the target stays whole until
+    /// the new file is complete. Raises, with sentences that name the file,
+    /// - kNotAvailable when no office is installed, it ended meanwhile, or it does not write the format,
+    /// - kFileCouldNotBeRead for a file that is missing, damaged, protected by a password or no document,
+    /// - kFileCouldNotBeSaved when the target cannot be written.
+    virtual void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) = 0;
+    /// The same for workbooks.
+    virtual void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) = 0;
+};
+
+}  // namespace mergeloom
