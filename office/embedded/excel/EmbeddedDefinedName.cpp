@@ -1,7 +1,7 @@
 #include "office/embedded/excel/EmbeddedDefinedName.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/excel/EmbeddedRange.h"
+#include "office/embedded/excel/EmbeddedCellRange.h"
 #include "office/embedded/excel/NameFormula.h"
 #include "office/embedded/sheet/SheetReference.h"
 

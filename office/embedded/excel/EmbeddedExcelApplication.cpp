@@ -1,7 +1,7 @@
 #include "office/embedded/excel/EmbeddedExcelApplication.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/excel/EmbeddedRange.h"
+#include "office/embedded/excel/EmbeddedCellRange.h"
 #include "office/embedded/excel/EmbeddedSheetSelection.h"
 #include "office/embedded/excel/EmbeddedWorkbookUndoRecord.h"
 #include "office/embedded/excel/EmbeddedWorkbooks.h"
@@ -44,7 +44,7 @@ excel::RangePtr EmbeddedExcelApplication::ActiveCell() {
     const std::size_t sheet = content->activeWorksheet();
     SheetContent& active = content->sheet(sheet);
     const CellPosition cell = active.merged().areaAt(active.selection().activeCell).first;
-    return std::make_shared<EmbeddedRange>(content, sheet, CellArea{cell, cell});
+    return std::make_shared<EmbeddedCellRange>(content, sheet, CellArea{cell, cell});
 }
 
 excel::SelectionPtr EmbeddedExcelApplication::Selection() {

@@ -1,6 +1,6 @@
 #include "office/embedded/excel/EmbeddedShape.h"
 
-#include "office/embedded/excel/EmbeddedRange.h"
+#include "office/embedded/excel/EmbeddedCellRange.h"
 
 namespace mergeloom::embedded {
 

@@ -1,7 +1,7 @@
 #include "office/embedded/excel/EmbeddedWorksheet.h"
 
+#include "office/embedded/excel/EmbeddedCellRange.h"
 #include "office/embedded/excel/EmbeddedPictures.h"
-#include "office/embedded/excel/EmbeddedRange.h"
 #include "office/embedded/excel/EmbeddedShapes.h"
 
 namespace mergeloom::embedded {

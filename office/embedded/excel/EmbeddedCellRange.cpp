@@ -1,4 +1,4 @@
-#include "office/embedded/excel/EmbeddedRange.h"
+#include "office/embedded/excel/EmbeddedCellRange.h"
 
 #include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedColumns.h"
@@ -34,49 +34,49 @@ CellArea areaFrom(const CellPosition& first, int rows, int columns) {
 excel::RangePtr rangeOf(const std::shared_ptr<WorkbookContent>& content, std::size_t sheet,
                         const CellArea& area) {
     if (!isInSheet(area)) throw AutomationError(kApplicationDefined, "The sheet has no such cells.");
-    return std::make_shared<EmbeddedRange>(content, sheet, area);
+    return std::make_shared<EmbeddedCellRange>(content, sheet, area);
 }
 
-excel::WorksheetPtr EmbeddedRange::Worksheet() {
+excel::WorksheetPtr EmbeddedCellRange::Worksheet() {
     return std::make_shared<EmbeddedWorksheet>(content_, sheet_);
 }
 
-excel::CountedPtr EmbeddedRange::Rows() {
+excel::CountedPtr EmbeddedCellRange::Rows() {
     return std::make_shared<CountedRows>(area_.rows());
 }
 
-excel::ColumnsPtr EmbeddedRange::Columns() {
+excel::ColumnsPtr EmbeddedCellRange::Columns() {
     return std::make_shared<EmbeddedColumns>(content_, sheet_, area_);
 }
 
-excel::RangePtr EmbeddedRange::Cells(int row, int column) {
+excel::RangePtr EmbeddedCellRange::Cells(int row, int column) {
     const CellPosition cell{sum(area_.first.row, row - 1), sum(area_.first.column, column - 1)};
     return block({cell, cell});
 }
 
-excel::RangePtr EmbeddedRange::Resize(int rowSize, int columnSize) {
+excel::RangePtr EmbeddedCellRange::Resize(int rowSize, int columnSize) {
     return block(areaFrom(area_.first, rowSize, columnSize));
 }
 
-excel::RangePtr EmbeddedRange::Offset(int rowOffset, int columnOffset) {
+excel::RangePtr EmbeddedCellRange::Offset(int rowOffset, int columnOffset) {
     const CellPosition first{sum(area_.first.row, rowOffset), sum(area_.first.column, columnOffset)};
     return block(areaFrom(first, area_.rows(), area_.columns()));
 }
 
-excel::RangePtr EmbeddedRange::MergeArea() {
+excel::RangePtr EmbeddedCellRange::MergeArea() {
     return block(sheet().merged().areaAt(area_.first));
 }
 
-void EmbeddedRange::SetValue(const std::string& text) {
+void EmbeddedCellRange::SetValue(const std::string& text) {
     content_->fill(sheet_, area_, text);
 }
 
-void EmbeddedRange::Select() {
+void EmbeddedCellRange::Select() {
     content_->activate(sheet_);
     sheet().select({area_.first, {area_}});
 }
 
-void EmbeddedRange::Activate() {
+void EmbeddedCellRange::Activate() {
     content_->activate(sheet_);
     const CellArea merged = sheet().merged().areaAt(area_.first);
     SheetSelection selection = sheet().selection();
@@ -86,23 +86,23 @@ void EmbeddedRange::Activate() {
     sheet().select(selection);
 }
 
-void EmbeddedRange::SetColumnWidth(mergeloom::ColumnWidth width) {
+void EmbeddedCellRange::SetColumnWidth(mergeloom::ColumnWidth width) {
     setColumnWidth(*content_, sheet(), area_, width);
 }
 
-void EmbeddedRange::SetRowHeight(Points height) {
+void EmbeddedCellRange::SetRowHeight(Points height) {
     setRowHeight(*content_, sheet(), area_, height);
 }
 
-Points EmbeddedRange::Width() {
+Points EmbeddedCellRange::Width() {
     return {geometry().left(area_.last.column + 1).value - geometry().left(area_.first.column).value};
 }
 
-Points EmbeddedRange::Height() {
+Points EmbeddedCellRange::Height() {
     return {geometry().top(area_.last.row + 1).value - geometry().top(area_.first.row).value};
 }
 
-excel::RangePtr EmbeddedRange::block(const CellArea& area) const {
+excel::RangePtr EmbeddedCellRange::block(const CellArea& area) const {
     return rangeOf(content_, sheet_, area);
 }
 

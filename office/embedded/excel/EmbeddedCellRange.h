@@ -11,10 +11,10 @@
 
 namespace mergeloom::embedded {
 
-class EmbeddedRange final : public excel::Range {
+class EmbeddedCellRange final : public excel::Range {
   public:
     /// The area lies in the sheet.
-    EmbeddedRange(std::shared_ptr<WorkbookContent> content, std::size_t sheet, const CellArea& area)
+    EmbeddedCellRange(std::shared_ptr<WorkbookContent> content, std::size_t sheet, const CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
 
     excel::WorksheetPtr Worksheet() override;
