@@ -1,4 +1,5 @@
 #include "app/modMainEntry.h"
+#include "doubles/ExcelFiles.h"
 #include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
 
@@ -113,6 +114,59 @@ TEST_F(EntryRoutine, ListsPlaces) {
     EXPECT_EQ(run({"--places", "%/none.docx"}), 1);
     EXPECT_THAT(errors.str(), HasSubstr("none.docx"));
     EXPECT_EQ(output.str(), "");
+}
+
+TEST_F(EntryRoutine, MapsIntoAWorkbook) {
+    EXPECT_EQ(
+        run({"--exit-status", "-excel", "-hidden", "-xmlfile", "%/letter.xml", "-template", "%/o.xltx"}), 0);
+    EXPECT_EQ(output.str() + errors.str(), "");
+    EXPECT_EQ(run({"--places", "%/o.xltx"}), 0);
+    EXPECT_EQ(output.str(),
+              "NAME         KIND  WHERE        TEXT\n"
+              "ammCustomer  name  Sheet1!$B$1  [Customer]\n");
+}
+
+TEST_F(EntryRoutine, ListsThePlacesOfAWorkbook) {
+    const std::string cells =
+        "<sheetData><row r=\"3\"><c r=\"B3\"><v>7</v></c><c r=\"C3\" t=\"inlineStr\"><is><t>a \"b\"</t></is>"
+        "</c></row></sheetData>";
+    const std::string names =
+        "<definedNames><definedName name=\"Rate\">0.25</definedName>"
+        "<definedName name=\"Later\">'My Sheet'!$C$3</definedName>"
+        "<definedName name=\"First\" localSheetId=\"1\">Data!$C$3:$D$4</definedName>"
+        "<definedName name=\"Lost\">#REF!</definedName>"
+        "<definedName name=\"Unseen\" hidden=\"1\">Data!$A$1</definedName>"
+        "<definedName name=\"Before\">Data!$B$3</definedName>"
+        "<definedName name=\"Above\">Data!$Z$2</definedName></definedNames>";
+    folder.put("places.XLSX", workbookFile({{"Data", cells}, {"My Sheet", cells}}, names));
+    EXPECT_EQ(run({"--places", "%/places.XLSX"}), 0) << errors.str();
+    EXPECT_EQ(output.str(),
+              "NAME            KIND  WHERE            TEXT\n"
+              "Above           name  Data!$Z$2        \n"
+              "Before          name  Data!$B$3        7\n"
+              "My Sheet!First  name  Data!$C$3:$D$4   a \"b\"\n"
+              "Later           name  'My Sheet'!$C$3  a \"b\"\n"
+              "Lost            name  =#REF!           \n"
+              "Rate            name  =0.25            \n");
+    EXPECT_EQ(run({"--json", "--places", "%/places.XLSX"}), 0);
+    EXPECT_THAT(
+        output.str(),
+        HasSubstr("\n  {\"name\": \"Before\", \"kind\": \"name\", \"text\": \"7\", "
+                  "\"refersTo\": \"=Data!$B$3\", \"sheet\": \"Data\", \"row\": 3, \"column\": 2},\n"));
+    EXPECT_THAT(
+        output.str(),
+        HasSubstr("\n  {\"name\": \"Rate\", \"kind\": \"name\", \"text\": \"\", \"refersTo\": \"=0.25\", "
+                  "\"sheet\": null, \"row\": null, \"column\": null}\n]\n"));
+    EXPECT_EQ(run({"--places", "%/none.xlsx"}), 1);
+    EXPECT_THAT(errors.str(), HasSubstr("none.xlsx"));
+}
+
+TEST_F(EntryRoutine, ConvertsNoFieldsOfAWorkbook) {
+    const std::string book = workbookFile({{"Data"}});
+    folder.put("book.xlsx", book);
+    EXPECT_EQ(run({"--convert-fields", "%/book.xlsx"}), 1);
+    EXPECT_THAT(errors.str(), testing::AllOf(HasSubstr("book.xlsx"), HasSubstr("Word document")));
+    EXPECT_EQ(folder.bytesOf("book.xlsx"), book);
 }
 
 TEST_F(EntryRoutine, AnswersOptions) {
