@@ -66,13 +66,15 @@ class AutoMappingTest : public testing::Test {
 
     word::ApplicationPtr startWord() {
         ++startedWords;
-        return wrap(makeWordApplication(OfficeKind::Embedded, *store));
+        lastWord = makeWordApplication(OfficeKind::Embedded, *store);
+        return wrap(lastWord);
     }
 
     excel::ApplicationPtr startExcel() {
         ++startedExcels;
         whenExcelStarts();
-        return makeExcelApplication(OfficeKind::Embedded, *store);
+        lastExcel = makeExcelApplication(OfficeKind::Embedded, *store);
+        return lastExcel;
     }
 
     [[nodiscard]] bool exists(const std::string& name) const {
@@ -88,6 +90,8 @@ class AutoMappingTest : public testing::Test {
     RecordingErrorHandler errors;
     RecordingMessages messages;
     NoProgress progress;
+    word::ApplicationPtr lastWord;
+    excel::ApplicationPtr lastExcel;
     bool made = false;
     int startedWords = 0;
     int startedExcels = 0;

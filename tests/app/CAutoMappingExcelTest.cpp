@@ -57,6 +57,7 @@ TEST_F(AutoMappingExcel, MakesATemplate) {
     EXPECT_EQ(startedWords, 0);
     EXPECT_EQ(shown("NEW.XLTX"), kLetterShown);
     EXPECT_EQ(messages.texts(), "");
+    EXPECT_EQ(lastExcel->Workbooks()->Count(), 0) << "the workbook is closed";
     EXPECT_TRUE(errors.reports.empty());
 }
 

@@ -4,6 +4,7 @@
 #include "doubles/FaultyFileStore.h"
 #include "doubles/FaultyWord.h"
 #include "doubles/WordFiles.h"
+#include "office/model/word/Documents.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +66,7 @@ TEST_F(AutoMapping, MakesATemplate) {
     EXPECT_EQ(templatesFolder, folder.path());
     EXPECT_EQ(documentsFolder, "/docs");
     EXPECT_EQ(messages.texts(), "");
+    EXPECT_EQ(lastWord->Documents()->Count(), 0) << "the document is closed";
 }
 
 TEST_F(AutoMapping, TheLettersOfTheExtensionMayBeCapitals) {
