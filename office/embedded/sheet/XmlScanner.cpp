@@ -172,16 +172,20 @@ void XmlScanner::readStartTag(std::size_t open) {
 }
 
 void XmlScanner::readEndTag(std::size_t open) {
-    const std::size_t tagNameEnd = nameEnd(open + 2);
-    const std::size_t close = skipSpaces(xml_, tagNameEnd);
-    if (characterAt(xml_, close) != '>') refuse("a tag that does not end", open);
+    const std::string_view rest = xml_.substr(open + 2);
+    if (open_.empty() || !rest.starts_with(open_.back())) refuse("an end tag without its start tag", open);
+    const std::size_t size = open_.back().size();
+    const std::size_t close = skipSpaces(rest, size);
+    if (close == size && classOf(characterAt(rest, close)) >= kNameStart) {
+        refuse("an end tag without its start tag", open);
+    }
+    if (characterAt(rest, close) != '>') refuse("a tag that does not end", open);
     kind_ = TagKind::End;
-    name_ = xml_.substr(open + 2, tagNameEnd - open - 2);
+    name_ = rest.substr(0, size);
     attributes_ = {};
     begin_ = open;
-    end_ = close + 1;
+    end_ = open + 2 + close + 1;
     depth_ = open_.size();
-    if (open_.empty() || open_.back() != name_) refuse("an end tag without its start tag", open);
     open_.pop_back();
 }
 
