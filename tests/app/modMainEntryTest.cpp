@@ -137,13 +137,15 @@ TEST_F(EntryRoutine, ListsThePlacesOfAWorkbook) {
         "<definedName name=\"Lost\">#REF!</definedName>"
         "<definedName name=\"Unseen\" hidden=\"1\">Data!$A$1</definedName>"
         "<definedName name=\"Before\">Data!$B$3</definedName>"
-        "<definedName name=\"Above\">Data!$Z$2</definedName></definedNames>";
+        "<definedName name=\"Aside\">Data!$C$3</definedName>"
+        "<definedName name=\"Upper\">Data!$Z$2</definedName></definedNames>";
     folder.put("places.XLSX", workbookFile({{"Data", cells}, {"My Sheet", cells}}, names));
     EXPECT_EQ(run({"--places", "%/places.XLSX"}), 0) << errors.str();
     EXPECT_EQ(output.str(),
               "NAME            KIND  WHERE            TEXT\n"
-              "Above           name  Data!$Z$2        \n"
+              "Upper           name  Data!$Z$2        \n"
               "Before          name  Data!$B$3        7\n"
+              "Aside           name  Data!$C$3        a \"b\"\n"
               "My Sheet!First  name  Data!$C$3:$D$4   a \"b\"\n"
               "Later           name  'My Sheet'!$C$3  a \"b\"\n"
               "Lost            name  =#REF!           \n"
@@ -159,6 +161,11 @@ TEST_F(EntryRoutine, ListsThePlacesOfAWorkbook) {
                   "\"sheet\": null, \"row\": null, \"column\": null}\n]\n"));
     EXPECT_EQ(run({"--places", "%/none.xlsx"}), 1);
     EXPECT_THAT(errors.str(), HasSubstr("none.xlsx"));
+
+    // Both offices have files of this extension.
+    folder.put("book.xml", workbookFile({{"Data"}}));
+    EXPECT_EQ(run({"--places", "%/book.xml"}), 1);
+    EXPECT_THAT(errors.str(), HasSubstr("is not a Word document"));
 }
 
 TEST_F(EntryRoutine, ConvertsNoFieldsOfAWorkbook) {
