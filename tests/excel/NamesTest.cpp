@@ -71,6 +71,23 @@ TEST(Names, refuseWhatExcelWouldCallDamaged) {
     EXPECT_TRUE(book.workbook->Saved());
 }
 
+TEST(Names, keepClearOfTheNamesOfTables) {
+    embedded::Package package = workbookPackage({{"One"}});
+    for (const std::string name : {"ammOrders", "AMMORDERS_REF1"}) {
+        const std::string part = "/xl/tables/" + name + ".xml";
+        package.addPart(
+            part, kSpreadsheetType + "table+xml",
+            "<table xmlns=\"" + kSpreadsheet + "\" id=\"1\" displayName=\"" + name + "\" ref=\"D1:D2\"/>");
+        package.relationshipsOf(sheetPart(1)).addPart(officeType("table"), part);
+    }
+    const OpenWorkbook book{packageBytes(package)};
+    const excel::NamesPtr names = book.workbook->Names();
+    EXPECT_TRUE(names->Exists("ammorders"));
+    EXPECT_EQ(names->firstFreeCounter("ammOrders_ref"), 2);
+    EXPECT_THAT(errorOf([&] { names->Add("AmmOrders", "=$A$1"); }), HasSubstr("table"));
+    EXPECT_EQ(names->Count(), 0);
+}
+
 TEST(Names, countOnFromTheFirstFreeOne) {
     OpenWorkbook book;
     const excel::NamesPtr names = book.workbook->Names();

@@ -12,6 +12,7 @@ namespace {
 using excel::XlFileFormat;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 const std::string kMacros(3000, '\x7F');
 
@@ -144,6 +145,19 @@ TEST(Workbook, takesAStepBackAltogether) {
     const std::string once = book.files.files["/book.xlsx"];
     book.workbook->Save();
     EXPECT_EQ(book.files.files["/book.xlsx"], once);
+}
+
+TEST(Workbook, hasItsFormulasCalculatedAgain) {
+    embedded::Package package = workbookPackage({{"One"}});
+    package.addPart("/xl/calcChain.xml", kSpreadsheetType + "calcChain+xml",
+                    "<calcChain xmlns=\"" + kSpreadsheet + "\"><c r=\"C1\" i=\"1\"/></calcChain>");
+    package.relationshipsOf(kWorkbookPart).addPart(officeType("calcChain"), "/xl/calcChain.xml");
+    OpenWorkbook book{packageBytes(package)};
+    book.workbook->Names()->Add("a", "=$A$1");
+    EXPECT_THAT(book.savedPart(kWorkbookPart), Not(HasSubstr("fullCalcOnLoad")));
+    book.cell(1, 1)->SetValue("x");
+    EXPECT_THAT(book.savedPart(kWorkbookPart), HasSubstr("</definedNames><calcPr fullCalcOnLoad=\"1\"/>"));
+    EXPECT_THAT(OpenWorkbook().savedPart(kWorkbookPart), Not(HasSubstr("fullCalcOnLoad")));
 }
 
 TEST(Pictures, standWhereTheyArePut) {

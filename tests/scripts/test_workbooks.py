@@ -106,14 +106,17 @@ class Workbooks(unittest.TestCase):
         target.unlink(missing_ok=True)
         done = self.run_mapping(structure, target, *more)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        self.validate(target)
+        source = more[more.index("-usedocument") + 1] if "-usedocument" in more else None
+        self.assertEqual(self.faults(target), self.faults(source) if source else [])
         return target
 
-    def validate(self, workbook):
-        """The workbook keeps to the schemas of the standard."""
-        if VALIDATOR:
-            judged = subprocess.run([VALIDATOR, workbook], capture_output=True, text=True, check=False)
-            self.assertEqual(json.loads(judged.stdout)["errors"], [])
+    @staticmethod
+    def faults(workbook):
+        """What breaks the schemas of the standard; the programs that make the tests' workbooks do here and there."""
+        if not VALIDATOR:
+            return []
+        judged = subprocess.run([VALIDATOR, workbook], capture_output=True, text=True, check=False)
+        return [(error["path"], error["description"]) for error in json.loads(judged.stdout)["errors"]]
 
     def by_libreoffice(self, workbook, extension="xlsx"):
         """The workbook after LibreOffice has read and written it."""
@@ -166,9 +169,12 @@ class Workbooks(unittest.TestCase):
                 drawing = {entry for entry in before if "drawings/" in entry and entry.endswith(("g1.xml", "g1.xml.rels"))}
                 allowed = {sheet, "xl/workbook.xml", "[Content_Types].xml", *drawing,
                            sheet.replace("sheets/", "sheets/_rels/") + ".rels"}
+                # LibreOffice forgets the active cell behind frozen panes, so the header of a table is written over.
+                overwrites = name in ("pivot", "again")
+                allowed |= {"xl/tables/table1.xml"} if name == "again" else set()
                 self.assertLessEqual(changed, allowed)
                 self.assertLessEqual({sheet, "xl/workbook.xml"}, changed)
-                self.check_sheet(root_of(source, sheet), root_of(target, sheet), overwrites=name == "pivot")
+                self.check_sheet(root_of(source, sheet), root_of(target, sheet), overwrites)
                 self.check_workbook(source, target)
                 self.by_libreoffice(target)
 
@@ -214,14 +220,14 @@ class Workbooks(unittest.TestCase):
         done = subprocess.run([PROGRAM, "--places", target, "--json"], capture_output=True, text=True, check=True)
         told = json.loads(done.stdout)
         names = {place["name"]: place["refersTo"] for place in told if place["kind"] == "name"}
-        self.assertEqual(names, {name: f"Sheet1!{cells}" for name, cells in FORM_NAMES.items()})
+        self.assertEqual(names, {name: f"=Sheet1!{cells}" for name, cells in FORM_NAMES.items()})
         self.assertEqual([place["name"] for place in told if place["kind"] == "picture"], ["ammLogo"])
 
     def test_the_sample(self):
         target = self.folder / "orders.xltx"
         done = self.run_mapping(SAMPLE, target)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        self.validate(target)
+        self.assertEqual(self.faults(target), [])
         places = read_xlsx.read_places(target)
         self.assertEqual(places["ammOrderNumber"], [["[OrderNumber]"]])
         pdf = self.by_libreoffice(target, "pdf")

@@ -24,15 +24,6 @@ CellArea areaOf(excel::Range& range) {
     return {first, last};
 }
 
-Package newPackage() {
-    Package package = Package::empty();
-    for (SeedPart& part : newWorkbookParts()) {
-        package.addPart(part.name, part.contentType, std::move(part.xml));
-        package.relationshipsOf(part.source).addPart(part.relationshipType, part.name);
-    }
-    return package;
-}
-
 }  // namespace
 
 excel::WorkbooksPtr EmbeddedExcelApplication::Workbooks() {
@@ -76,8 +67,8 @@ excel::WorkbookPtr EmbeddedExcelApplication::open(const std::string& fileName) {
 }
 
 excel::WorkbookPtr EmbeddedExcelApplication::add(const std::string& templatePath) {
-    Package package =
-        templatePath.empty() ? newPackage() : Package::read(files_.read(templatePath), templatePath);
+    Package package = templatePath.empty() ? seededPackage(newWorkbookParts())
+                                           : Package::read(files_.read(templatePath), templatePath);
     return list(std::move(package), "Book" + std::to_string(added_ + 1), false);
 }
 

@@ -34,7 +34,22 @@ excel::DefinedNamePtr EmbeddedNames::Item(const std::string& name) {
     return std::make_shared<EmbeddedDefinedName>(content_, *index);
 }
 
+/// A table's name is taken, although it is none of the names that can be got.
+bool EmbeddedNames::Exists(const std::string& name) {
+    return find(name) || content_->tableNames().has(name);
+}
+
+std::int64_t EmbeddedNames::firstFreeCounter(const std::string& stem) {
+    std::int64_t counter = names().firstFreeCounter(stem);
+    while (Exists(stem + std::to_string(counter)))
+        ++counter;
+    return counter;
+}
+
 excel::DefinedNamePtr EmbeddedNames::Add(const std::string& name, const std::string& refersToLocal) {
+    if (content_->tableNames().has(name)) {
+        throw AutomationError(kApplicationDefined, "The name '" + name + "' is that of a table.");
+    }
     const std::string formula = nameFormula(*content_, refersToLocal);
     const std::size_t index = names().define(name, formula);
     content_->touch();

@@ -19,9 +19,9 @@ class EmbeddedNames final : public excel::Names {
     int Count() override { return static_cast<int>(names().count()); }
     excel::DefinedNamePtr Item(int number) override;
     excel::DefinedNamePtr Item(const std::string& name) override;
-    bool Exists(const std::string& name) override { return find(name).has_value(); }
+    bool Exists(const std::string& name) override;
     excel::DefinedNamePtr Add(const std::string& name, const std::string& refersToLocal) override;
-    std::int64_t firstFreeCounter(const std::string& stem) override { return names().firstFreeCounter(stem); }
+    std::int64_t firstFreeCounter(const std::string& stem) override;
 
   private:
     [[nodiscard]] DefinedNames& names() const { return content_->workbook().names(); }

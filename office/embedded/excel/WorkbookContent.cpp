@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/embedded/package/UnreadableFile.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -33,7 +34,7 @@ StyleSheet readStyles(Package& package, const std::string& workbookPart) {
 
 SharedStrings readSharedStrings(Package& package, const std::string& workbookPart) {
     const std::string partName = relatedPart(package, workbookPart, "sharedStrings");
-    if (partName.empty()) return {};
+    if (partName.empty()) raiseUnreadable(package.fileName(), "it refers to a shared text, but it has none");
     return {package.readPart(partName), partName, package.fileName()};
 }
 
@@ -55,6 +56,7 @@ WorkbookContent::WorkbookContent(Package package, FileStore& files)
       workbook_(package_, undo_),
       styles_(readStyles(package_, workbook_.partName())),
       calculationChain_(package_, workbook_.partName(), undo_),
+      hasCalculated_(!relatedPart(package_, workbook_.partName(), "calcChain").empty()),
       sheets_(workbook_.sheets().size()) {}
 
 SheetContent& WorkbookContent::sheet(std::size_t index) {
@@ -116,6 +118,8 @@ void WorkbookContent::setText(std::size_t sheetIndex, const CellPosition& cell, 
     const std::string written = content.tables().allowedText(cell, text);
     content.part().setText(cell, written);
     content.tables().textWasSet(cell, written);
+    // Formulas anywhere may look at the cell, and their results are no longer true.
+    if (hasCalculated_) workbook_.calculateOnLoad();
     if (!stored.formula.empty()) calculationChain_.remove(content.entry().sheetId, cell);
 }
 

@@ -7,6 +7,7 @@
 #include "office/embedded/sheet/CalculationChain.h"
 #include "office/embedded/sheet/SharedStrings.h"
 #include "office/embedded/sheet/StyleSheet.h"
+#include "office/embedded/sheet/TableNames.h"
 #include "office/embedded/sheet/UndoLog.h"
 #include "office/embedded/sheet/WorkbookPart.h"
 
@@ -35,6 +36,7 @@ class WorkbookContent {
     [[nodiscard]] WorkbookPart& workbook() { return workbook_; }
     [[nodiscard]] const WorkbookPart& workbook() const { return workbook_; }
     [[nodiscard]] const StyleSheet& styles() const { return styles_; }
+    [[nodiscard]] TableNames& tableNames() { return tableNames_; }
     [[nodiscard]] UndoLog& undo() { return undo_; }
 
     /// The content of a worksheet, which is read when it is asked for first.
@@ -75,6 +77,8 @@ class WorkbookContent {
     WorkbookPart workbook_;
     StyleSheet styles_;
     CalculationChain calculationChain_;
+    TableNames tableNames_{package_};
+    bool hasCalculated_;                          ///< whether the workbook keeps results of formulas
     std::optional<SharedStrings> sharedStrings_;  // read when they are asked for first
     std::vector<std::unique_ptr<SheetContent>> sheets_;
     bool saved_ = true;

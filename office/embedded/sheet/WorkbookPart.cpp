@@ -13,6 +13,8 @@ namespace mergeloom::embedded {
 
 namespace {
 
+constexpr const char* kCalculateOnLoad = "fullCalcOnLoad";
+
 /// What a file is by its main part's content type; nothing for a workbook that can be read.
 std::string_view foreignKind(const std::string& contentType) {
     const std::string type = toLowerAscii(contentType);
@@ -80,6 +82,24 @@ pugi::xml_node WorkbookPart::ensureView() {
         noteNew(views, *part_, state_);
     }
     const pugi::xml_node added = views.prepend_child(nameLike(root, "workbookView").c_str());
+    noteNew(added, *part_, state_);
+    return added;
+}
+
+void WorkbookPart::calculateOnLoad() {
+    const pugi::xml_node calculation = ensureCalculation();
+    if (calculation.attribute(kCalculateOnLoad).as_bool()) return;
+    setAttribute(calculation, kCalculateOnLoad, "1", state_);
+}
+
+pugi::xml_node WorkbookPart::ensureCalculation() {
+    pugi::xml_node root = part_->root();
+    if (const pugi::xml_node known = childNamed(root, "calcPr")) return known;
+    pugi::xml_node before = childNamed(root, "sheets");
+    for (const char* name : {"functionGroups", "externalReferences", "definedNames"}) {
+        if (const pugi::xml_node later = childNamed(root, name)) before = later;
+    }
+    const pugi::xml_node added = root.insert_child_after(nameLike(root, "calcPr").c_str(), before);
     noteNew(added, *part_, state_);
     return added;
 }

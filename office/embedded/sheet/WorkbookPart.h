@@ -33,6 +33,9 @@ class WorkbookPart {
     /// Raises kApplicationDefined for a sheet that is hidden or not there.
     void setActiveSheet(std::size_t index);
 
+    /// Has Excel calculate all formulas when it opens the workbook (fullCalcOnLoad, ECMA-376 Part 1, 18.2.2).
+    void calculateOnLoad();
+
     [[nodiscard]] DefinedNames& names() { return *names_; }
 
     /// Whether the package does not have the part as it stands now.
@@ -45,6 +48,7 @@ class WorkbookPart {
     [[nodiscard]] bool canBeActive(std::size_t index) const;
     [[nodiscard]] pugi::xml_node view() const;
     pugi::xml_node ensureView();
+    pugi::xml_node ensureCalculation();
 
     Package& package_;
     PartState state_;

@@ -12,19 +12,6 @@
 
 namespace mergeloom::embedded {
 
-namespace {
-
-Package newPackage() {
-    Package package = Package::empty();
-    for (SeedPart& part : newDocumentParts()) {
-        package.addPart(part.name, part.contentType, std::move(part.xml));
-        package.relationshipsOf(part.source).addPart(part.relationshipType, part.name);
-    }
-    return package;
-}
-
-}  // namespace
-
 word::DocumentsPtr EmbeddedApplication::Documents() {
     return std::make_shared<EmbeddedDocuments>(shared_from_this());
 }
@@ -54,8 +41,8 @@ word::DocumentPtr EmbeddedApplication::open(const std::string& fileName) {
 }
 
 word::DocumentPtr EmbeddedApplication::add(const std::string& templatePath) {
-    Package package =
-        templatePath.empty() ? newPackage() : Package::read(files_.read(templatePath), templatePath);
+    Package package = templatePath.empty() ? seededPackage(newDocumentParts())
+                                           : Package::read(files_.read(templatePath), templatePath);
     auto content = std::make_shared<WordContent>(std::move(package), files_);
     return list(std::move(content), "Document" + std::to_string(++added_), false);
 }

@@ -15,7 +15,8 @@ class Names : public Counted {
     /// A name of the workbook, or of a sheet when it is given as Sheet!Name. Raises kApplicationDefined for a
     /// name that is not defined.
     virtual DefinedNamePtr Item(const std::string& name) = 0;
-    /// Whether Item finds the name; a question that is asked for each place should not cost an error.
+    /// Whether the name is taken: Item finds it, or it is that of a table, which Add refuses. A question that
+    /// is asked for each place should not cost an error.
     virtual bool Exists(const std::string& name) = 0;
 
     /// Names.Add: defines a name of the workbook. A name of the workbook that is there already is defined
