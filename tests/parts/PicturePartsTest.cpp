@@ -72,6 +72,55 @@ TEST(PictureParts, addsAgainWhatAnUndoneDropTookOut) {
     EXPECT_TRUE(package.hasPart(relationships.targetPart(*relationships.find(second))));
 }
 
+TEST(PictureParts, putsPicturesIntoTheFolderThatIsAskedFor) {
+    Package package = Package::empty();
+    PictureParts pictures(package);
+    const std::string drawing = "/xl/drawings/drawing1.xml";
+    const PictureFile file = PictureFile::read(gif("a"), "logo.gif");
+    const std::string id = pictures.add(drawing, "/xl/media/", gif("a"), file);
+    const Relationships& relationships = package.relationshipsOf(drawing);
+    EXPECT_EQ(relationships.targetPart(*relationships.find(id)), "/xl/media/image1.gif");
+    EXPECT_TRUE(package.hasPart("/xl/media/image1.gif"));
+}
+
+TEST(PictureParts, takesAPictureOutWithItsLastRelationship) {
+    const std::string picture = "/word/media/image1.gif";
+    Package package = Package::empty();
+    package.addPart(kDocument, "text/xml", "<d/>");
+    package.addPart(kHeader, "text/xml", "<h/>");
+    PictureParts pictures(package);
+    const std::string inDocument = addTo(pictures, kDocument, gif("a"));
+    const std::string inHeader = addTo(pictures, kHeader, gif("a"));
+    const ReleasedPicture first = pictures.release(kDocument, inDocument);
+    EXPECT_FALSE(first.bytes);
+    EXPECT_EQ(package.relationshipsOf(kDocument).find(inDocument), nullptr);
+    EXPECT_TRUE(package.hasPart(picture));
+    const ReleasedPicture last = pictures.release(kHeader, inHeader);
+    EXPECT_FALSE(package.hasPart(picture));
+
+    const std::string again = pictures.restore(kHeader, last);
+    EXPECT_EQ(package.readPart(picture), gif("a"));
+    Relationships& ofHeader = package.relationshipsOf(kHeader);
+    EXPECT_EQ(ofHeader.targetPart(*ofHeader.find(again)), picture);
+    (void)addTo(pictures, kDocument, gif("a"));
+    (void)pictures.release(kHeader, again);
+    EXPECT_TRUE(package.hasPart(picture));
+}
+
+TEST(PictureParts, doesNotTakeAnothersRelationshipForItsOwn) {
+    Package package = Package::empty();
+    PictureParts earlier(package);
+    const std::string id = addTo(earlier, kDocument, gif("a"));
+    StringSink sink;
+    package.write(sink);
+    Package again = Package::read(sink.text, "orders.docx");
+    PictureParts pictures(again);
+    (void)pictures.release(kDocument, addTo(pictures, kDocument, gif("a")));
+    // The id is free again and goes to the next picture.
+    EXPECT_EQ(addTo(pictures, kDocument, gif("b")), id);
+    EXPECT_NE(addTo(pictures, kDocument, gif("a")), id);
+}
+
 TEST(PictureParts, namesATypeThatTheExtensionDoesNotGive) {
     Package package = Package::empty();
     package.contentTypes().ensureDefault("gif", "image/other");

@@ -2,6 +2,8 @@
 
 #include "office/embedded/package/PartName.h"
 
+#include <vector>
+
 namespace mergeloom::embedded {
 
 namespace {
@@ -29,12 +31,52 @@ std::string findRelationship(const Relationships& relationships, const std::stri
 
 std::string PictureParts::add(const std::string& documentPart, std::string bytes,
                               const PictureFile& picture) {
+    return add(documentPart, std::string(folderOf(documentPart)) + "media/", std::move(bytes), picture);
+}
+
+std::string PictureParts::add(const std::string& documentPart, const std::string& mediaFolder,
+                              std::string bytes, const PictureFile& picture) {
     if (!mediaRead_) readMedia();
     std::string partName = partWith(bytes, picture);
-    if (partName.empty()) {
-        partName = addPart(std::string(folderOf(documentPart)) + "media/", std::move(bytes), picture);
-    }
+    if (partName.empty()) partName = addPart(mediaFolder, std::move(bytes), picture);
     return relationshipTo(documentPart, partName);
+}
+
+ReleasedPicture PictureParts::release(const std::string& documentPart, const std::string& relationshipId) {
+    if (!uses_) countUses();
+    Relationships& relationships = package_.relationshipsOf(documentPart);
+    const Relationship& relationship = *relationships.find(relationshipId);
+    const std::string partName = relationships.targetPart(relationship);
+    ReleasedPicture released{relationship.type, partName, package_.contentTypes().of(partName), {}};
+    const std::string key = partKey(partName);
+    const bool isLast = (*uses_)[key] == 1 && package_.hasPart(partName);
+    if (isLast) released.bytes = package_.readPart(partName);
+    --(*uses_)[key];
+    relationships.remove(relationshipId);
+    // Its id may be given to another relationship.
+    relationshipIds_.erase({partKey(documentPart), key});
+    if (isLast) package_.removePart(partName);
+    return released;
+}
+
+std::string PictureParts::restore(const std::string& documentPart, const ReleasedPicture& released) {
+    if (released.bytes) package_.addPart(released.partName, released.contentType, *released.bytes);
+    if (uses_) ++(*uses_)[partKey(released.partName)];
+    return package_.relationshipsOf(documentPart).addPart(released.relationshipType, released.partName);
+}
+
+void PictureParts::countUses() {
+    std::map<std::string, std::int64_t> uses;
+    std::vector<std::string> sources = package_.partNames();
+    sources.emplace_back(kPackageItself);
+    for (const std::string& source : sources) {
+        const Relationships& relationships = package_.relationshipsOf(source);
+        for (const Relationship& relationship : relationships.all()) {
+            if (relationship.mode != TargetMode::Internal) continue;
+            ++uses[partKey(relationships.targetPart(relationship))];
+        }
+    }
+    uses_ = std::move(uses);
 }
 
 void PictureParts::readMedia() {
@@ -82,6 +124,7 @@ std::string PictureParts::relationshipTo(const std::string& documentPart, const 
     if (id.empty()) id = findRelationship(relationships, partName);
     if (relationships.find(id) == nullptr) {
         id = relationships.addPart(officeRelationshipType("image", package_.conformance()), partName);
+        if (uses_) ++(*uses_)[partKey(partName)];
     }
     return id;
 }

@@ -5,11 +5,20 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
 
 namespace mergeloom::embedded {
+
+/// A relationship to a picture that was taken out, and the picture where it went along.
+struct ReleasedPicture {
+    std::string relationshipType;
+    std::string partName;
+    std::string contentType;
+    std::optional<std::string> bytes;
+};
 
 /// The picture parts of a package, each picture once however often it is shown.
 class PictureParts {
@@ -21,12 +30,22 @@ class PictureParts {
     /// package with the same bytes and a relationship to it are used again; otherwise they are added, as
     /// "media/imageN.ext" beside the document's part.
     std::string add(const std::string& documentPart, std::string bytes, const PictureFile& picture);
+    /// The same for a part whose pictures do not stand beside it; the folder ends in "/".
+    std::string add(const std::string& documentPart, const std::string& mediaFolder, std::string bytes,
+                    const PictureFile& picture);
+
+    /// Takes a relationship of a part to a picture out, and the picture's part when no relationship of the
+    /// package leads to it any more.
+    ReleasedPicture release(const std::string& documentPart, const std::string& relationshipId);
+    /// Brings back what release took out; the relationship has a new id.
+    std::string restore(const std::string& documentPart, const ReleasedPicture& released);
 
   private:
     void readMedia();
     void remember(const std::string& partName);
     [[nodiscard]] std::string partWith(const std::string& bytes, const PictureFile& picture) const;
     std::string addPart(const std::string& folder, std::string bytes, const PictureFile& picture);
+    void countUses();
     std::string relationshipTo(const std::string& documentPart, const std::string& partName);
 
     Package& package_;
@@ -35,6 +54,8 @@ class PictureParts {
     std::set<std::string> stems_;  ///< keys of the parts without their extensions
     std::int64_t lastNumber_ = 0;
     std::map<std::pair<std::string, std::string>, std::string> relationshipIds_;  ///< by source and target
+    /// How many relationships lead to a part, by its key; counted when the first one is taken out.
+    std::optional<std::map<std::string, std::int64_t>> uses_;
 };
 
 }  // namespace mergeloom::embedded

@@ -4,19 +4,19 @@
 #include "office/embedded/package/Package.h"
 #include "office/embedded/parts/PictureFile.h"
 #include "office/embedded/parts/PictureParts.h"
+#include "office/embedded/sheet/DrawnElement.h"
 #include "office/embedded/sheet/SheetGeometry.h"
 #include "office/embedded/sheet/SheetPart.h"
 #include "office/embedded/sheet/UndoLog.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace mergeloom::embedded {
-
-enum class ShapeKind { Picture, Chart, Other };
 
 /// A rectangle on the sheet.
 struct ShapeFrame {
@@ -33,7 +33,8 @@ class SheetDrawing {
   public:
     using ShapeId = std::int64_t;
 
-    /// All must outlive the drawing.
+    /// All must outlive the drawing. Every member that asks for the drawing raises kFileCouldNotBeRead when
+    /// its part cannot be read, and kObjectDeleted for a shape that the drawing does not have.
     SheetDrawing(Package& package, SheetPart& sheet, const SheetGeometry& geometry, PictureParts& pictures,
                  UndoLog& undo);
     SheetDrawing(const SheetDrawing&) = delete;
@@ -59,6 +60,10 @@ class SheetDrawing {
     void remove(ShapeId shape);
     /// Adds a picture anchored to one cell, in its natural size, in front of all others.
     ShapeId addPicture(const CellPosition& cell, std::string bytes, const PictureFile& picture);
+
+    /// Runs a change of widths or heights of the sheet, after which the shapes that are to keep their sizes
+    /// (or their places as well) still do so. What is anchored to one cell moves with it by itself.
+    void keepSizes(const std::function<void()>& change);
 
     [[nodiscard]] bool isDirty() const;
     /// Hands the edited part to the package.
