@@ -2,7 +2,7 @@
 #include "droppers/CNodeDropperForm.h"
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
-#include "droppers/SheetCells.h"
+#include "droppers/CellSteps.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 #include "droppers/modExcelNormalizeName.h"

@@ -1,8 +1,8 @@
 #include "droppers/CNodeDropperForm.h"
 
 #include "droppers/CNodeDropperField.h"
+#include "droppers/CellSteps.h"
 #include "droppers/SelectionCheck.h"
-#include "droppers/SheetCells.h"
 #include "droppers/StructureNodes.h"
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Selection.h"

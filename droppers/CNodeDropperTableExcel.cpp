@@ -1,7 +1,7 @@
 #include "droppers/CNodeDropperField.h"
 #include "droppers/CNodeDropperTable.h"
+#include "droppers/CellSteps.h"
 #include "droppers/LinkedFields.h"
-#include "droppers/SheetCells.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "office/model/excel/Application.h"

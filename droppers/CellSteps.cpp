@@ -1,4 +1,4 @@
-#include "droppers/SheetCells.h"
+#include "droppers/CellSteps.h"
 
 #include "base/AutomationError.h"
 #include "office/model/excel/Columns.h"
