@@ -82,7 +82,8 @@ class SheetPart::Data {
     UndoLog& undo_;
 };
 
-SheetPart::SheetPart(std::string xml, std::string partName, std::string fileName, UndoLog& undo) {
+SheetPart::SheetPart(std::string xml, const std::string& partName, const std::string& fileName,
+                     UndoLog& undo) {
     std::string text = toUtf8Xml(std::move(xml), partName, fileName);
     try {
         data_ = std::make_unique<Data>(std::move(text), partName, undo);

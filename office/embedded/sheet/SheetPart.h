@@ -38,7 +38,7 @@ class SheetPart {
     /// Raises kFileCouldNotBeRead, with a sentence that names the file and the part, for a part that is not
     /// well-formed, carries a document type, is no worksheet, or holds its rows or cells out of order. The
     /// log must outlive the part.
-    SheetPart(std::string xml, std::string partName, std::string fileName, UndoLog& undo);
+    SheetPart(std::string xml, const std::string& partName, const std::string& fileName, UndoLog& undo);
     SheetPart(const SheetPart&) = delete;
     SheetPart& operator=(const SheetPart&) = delete;
     ~SheetPart();
@@ -49,12 +49,12 @@ class SheetPart {
     /// The name of an element as this part writes it: "x:row" where the namespace has a prefix.
     [[nodiscard]] std::string elementName(std::string_view localName) const;
 
-    /// The XML of a child of the root, such as "sheetViews", as it stands now; empty when there is none. Not
-    /// for sheetData, which has members of its own.
+    /// The XML of a child of the root, such as "sheetViews", as it stands now; empty when there is none. All
+    /// children of that name one after the other ("conditionalFormatting" may stand several times). Not for
+    /// sheetData, which has members of its own.
     [[nodiscard]] std::string section(std::string_view localName) const;
-    /// All children of that name one after the other ("conditionalFormatting" may stand several times) .
-    /// Replaces a child of the root, or puts it in where the schema has its place (ECMA-376 Part 1, A.2,
-    /// CT_Worksheet); an empty text takes it out. Namespaces that the root declares may be used.
+    /// Replaces all children of that name, or puts them in where the schema has their place (ECMA-376 Part 1,
+    /// A.2, CT_Worksheet); an empty text takes them out. Namespaces that the root declares may be used.
     void setSection(std::string_view localName, std::string xml);
     /// Declares a namespace on the root, unless it is declared there, and answers its prefix.
     std::string declareNamespace(std::string_view preferredPrefix, std::string_view uri);

@@ -96,6 +96,7 @@ std::vector<Insertion> SheetSections::insertions(const std::string& newSheetData
     if (!newSheetData.empty()) add("sheetData", newSheetData);
     std::ranges::sort(found);
     std::vector<Insertion> insertions;
+    insertions.reserve(found.size());
     for (auto& [place, rank, xml] : found)
         insertions.push_back({place, std::move(xml)});
     return insertions;
