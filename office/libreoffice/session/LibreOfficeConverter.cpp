@@ -1,9 +1,8 @@
 #include "office/libreoffice/session/LibreOfficeConverter.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/session/ExcelFilters.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
-#include "office/libreoffice/session/WordFilters.h"
+#include "office/libreoffice/session/RequiredFilter.h"
 
 namespace mergeloom::libreoffice {
 
@@ -60,6 +59,7 @@ void LibreOfficeConverter::convert(const std::string& from, const std::string& t
 template <typename Format>
 void LibreOfficeConverter::convertAs(OfficePart part, const std::string& from, const std::string& to,
                                      Format format) {
+    requiredFilter(format, to);  // a refusal needs no office
     LibreOfficeFiles& office = session().files();
     const OpenDocument document(office, from, part);
     office.save(document.get(), to, format);

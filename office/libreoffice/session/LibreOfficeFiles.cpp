@@ -5,11 +5,10 @@
 #include "base/Paths.h"
 #include "base/SystemError.h"
 #include "office/libreoffice/session/DecliningHandler.h"
-#include "office/libreoffice/session/ExcelFilters.h"
 #include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/InputFilters.h"
+#include "office/libreoffice/session/RequiredFilter.h"
 #include "office/libreoffice/session/UnoText.h"
-#include "office/libreoffice/session/WordFilters.h"
 
 #include <algorithm>
 #include <com/sun/star/beans/PropertyValue.hpp>
@@ -85,14 +84,6 @@ bool isOfPart(const DocumentReference& document, OfficePart part) {
 
 [[noreturn]] void raiseNotReadable(const std::string& path, const std::string& reason) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + path + "' could not be read: " + reason + ".");
-}
-
-OfficeFilter requireFilter(const std::optional<OfficeFilter>& filter, const std::string& path, int format) {
-    if (filter) return *filter;
-    throw AutomationError(kNotAvailable, "The file '" + path +
-                                             "' could not be saved: LibreOffice does not write the format of "
-                                             "number " +
-                                             std::to_string(format) + ".");
 }
 
 /// A folder of a copy's own, gone with this object.
@@ -174,12 +165,12 @@ void LibreOfficeFiles::check(const DocumentReference& document, const std::strin
 
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
                             word::WdSaveFormat format) {
-    write(document, path, requireFilter(filterFor(format), path, static_cast<int>(format)));
+    write(document, path, requiredFilter(format, path));
 }
 
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
                             excel::XlFileFormat format) {
-    write(document, path, requireFilter(filterFor(format), path, static_cast<int>(format)));
+    write(document, path, requiredFilter(format, path));
 }
 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
@@ -202,16 +193,22 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
 }
 
-void LibreOfficeFiles::close(const DocumentReference& document) {
-    std::string url;
-    try {
-        connection_.call([&] {
-            url = fromUno(Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL());
-            Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);
-        });
-    } catch (const AutomationError&) {
-        // It is closed already, or the office is.
-    }
+void LibreOfficeFiles::close(const DocumentReference& document) try {
+    const std::string url = connection_.call([&] {
+        const OUString place = Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL();
+        Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);
+        return fromUno(place);
+    });
+    removePlace(url);
+} catch (const AutomationError&) {
+    // It is closed already, or the office is.
+}
+
+void LibreOfficeFiles::removePlace(const std::string& url) {
+    const std::string folders = fileUrl(workFolder_) + "/";
+    if (!url.starts_with(folders)) return;
+    const std::string number = url.substr(folders.size(), url.find('/', folders.size()) - folders.size());
+    const Place place(joinPath(workFolder_, number));
 }
 
 }  // namespace mergeloom::libreoffice

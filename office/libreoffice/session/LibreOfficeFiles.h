@@ -41,6 +41,7 @@ class LibreOfficeFiles {
 
   private:
     std::string makePlace(const std::string& path);
+    void removePlace(const std::string& url);
     DocumentReference load(const std::string& path, const std::string& copy, OfficePart part);
     void check(const DocumentReference& document, const std::string& path, OfficePart part);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter);

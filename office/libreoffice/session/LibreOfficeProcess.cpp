@@ -22,7 +22,9 @@ constexpr std::chrono::seconds kBoundOfKill{5};
 constexpr std::size_t kLastLines = 3;
 
 /// The program starts only after the word that its guard is at its post; the input's end instead is the end.
-constexpr const char* kStartScript = "read -r line && exec \"$@\" </dev/null";
+/// The office forgets temporary folders even when it ends well, so they are made where they go with the rest.
+constexpr const char* kStartScript =
+    "read -r line && TMPDIR=$1 && export TMPDIR && shift && exec \"$@\" </dev/null";
 
 std::vector<std::string> leftovers(const std::string& folder, const std::vector<std::string>& sockets) {
     std::vector<std::string> files = sockets;
@@ -36,6 +38,7 @@ LibreOfficeProcess::LibreOfficeProcess(const std::string& program)
     : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())),
       sockets_(socketFiles(pipeName_, profileUrl())) {
     std::filesystem::create_directory(workFolder());
+    std::filesystem::create_directory(temporaryFolder());
     process_.emplace(command(program), start_.farEnd(), logPath());
     start_.handOver();
     guard_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
@@ -50,16 +53,27 @@ LibreOfficeProcess::~LibreOfficeProcess() {
 }
 
 std::vector<std::string> LibreOfficeProcess::command(const std::string& program) const {
-    return {"/bin/sh",     "-c",
-            kStartScript,  "start",
-            program,       "-env:UserInstallation=" + profileUrl(),
-            "--norestore", "--nologo",
-            "--nodefault", "--nofirststartwizard",
-            "--headless",  "--accept=pipe,name=" + pipeName_ + ";urp"};
+    return {"/bin/sh",
+            "-c",
+            kStartScript,
+            "start",
+            temporaryFolder(),
+            program,
+            "-env:UserInstallation=" + profileUrl(),
+            "--norestore",
+            "--nologo",
+            "--nodefault",
+            "--nofirststartwizard",
+            "--headless",
+            "--accept=pipe,name=" + pipeName_ + ";urp"};
 }
 
 std::string LibreOfficeProcess::workFolder() const {
     return joinPath(folder_.path(), "work");
+}
+
+std::string LibreOfficeProcess::temporaryFolder() const {
+    return joinPath(folder_.path(), "temporary");
 }
 
 std::string LibreOfficeProcess::logPath() const {

@@ -38,6 +38,7 @@ class LibreOfficeProcess {
 
   private:
     void stop() const;
+    [[nodiscard]] std::string temporaryFolder() const;
     [[nodiscard]] std::string logPath() const;
     [[nodiscard]] std::string profileUrl() const;
     [[nodiscard]] std::vector<std::string> command(const std::string& program) const;

@@ -24,7 +24,8 @@ constexpr std::chrono::seconds kBoundOfFarewell{10};
 }
 
 std::string inSeconds(std::chrono::milliseconds time) {
-    return std::to_string(std::chrono::ceil<std::chrono::seconds>(time).count()) + " seconds";
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(time).count();
+    return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
 }
 
 }  // namespace

@@ -1,0 +1,110 @@
+#include "office/libreoffice/excel/CalcApplication.h"
+
+#include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcOffice.h"
+#include "office/libreoffice/excel/CalcRange.h"
+#include "office/libreoffice/excel/CalcSelection.h"
+#include "office/libreoffice/excel/CalcWorkbooks.h"
+#include "office/libreoffice/session/ExcelFilters.h"
+#include "office/model/excel/Columns.h"
+#include "office/model/excel/Worksheet.h"
+
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+class CalcUndoRecord final : public model::UndoRecord {
+  public:
+    explicit CalcUndoRecord(CalcContentPtr content) : content_(std::move(content)) {}
+
+    void StartCustomRecord(const std::string& name) override { content_->undo().start(name); }
+    void EndCustomRecord() override { content_->undo().stop(); }
+
+  private:
+    CalcContentPtr content_;
+};
+
+CalcArea areaOf(excel::Range& range) {
+    const CalcCell first{range.Row(), range.Column()};
+    return {first,
+            {first.row + range.Rows()->Count() - 1, first.column + range.Columns()->Count() - 1}};
+}
+
+}  // namespace
+
+excel::ApplicationPtr makeExcelApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files) {
+    return std::make_shared<CalcApplication>(std::move(session), files);
+}
+
+excel::WorkbooksPtr CalcApplication::Workbooks() {
+    return std::make_shared<CalcWorkbooks>(shared_from_this());
+}
+
+excel::RangePtr CalcApplication::ActiveCell() {
+    const CalcContentPtr& content = activeContent();
+    CalcSheet& sheet = content->sheet(content->activeSheet());
+    const CalcCell cell = sheet.mergedAt(sheet.selection().activeCell).first;
+    return calcRangeOf(content, content->activeSheet(), {cell, cell});
+}
+
+excel::SelectionPtr CalcApplication::Selection() {
+    return std::make_shared<CalcSelection>(activeContent());
+}
+
+excel::RangePtr CalcApplication::Intersect(excel::Range& first, excel::Range& second) {
+    const excel::WorksheetPtr sheet = first.Worksheet();
+    if (sheet->Name() != second.Worksheet()->Name()) return {};
+    const std::optional<CalcArea> common = intersection(areaOf(first), areaOf(second));
+    if (!common) return {};
+    return sheet->Cells(common->first.row, common->first.column)->Resize(common->rows(), common->columns());
+}
+
+excel::UndoRecordPtr CalcApplication::UndoRecord() {
+    return std::make_shared<CalcUndoRecord>(activeContent());
+}
+
+bool CalcApplication::canSaveAs(excel::XlFileFormat format) {
+    return filterFor(format).has_value();
+}
+
+void CalcApplication::Quit() {
+    for (const std::shared_ptr<CalcWorkbook>& workbook : std::exchange(workbooks_, {}))
+        workbook->closeDocument();
+}
+
+excel::WorkbookPtr CalcApplication::open(const std::string& fileName) {
+    return list(session_->files().open(fileName, OfficePart::Excel), fileName, true);
+}
+
+excel::WorkbookPtr CalcApplication::add(const std::string& templatePath) {
+    DocumentReference document;
+    if (templatePath.empty()) {
+        document = session_->files().create(OfficePart::Excel);
+        dressAsNewWorkbook(session_->connection(), document);
+    } else {
+        document = session_->files().open(templatePath, OfficePart::Excel);
+    }
+    return list(document, "Book" + std::to_string(added_ + 1), false);
+}
+
+excel::WorkbookPtr CalcApplication::list(const DocumentReference& document, const std::string& fullName,
+                                         bool hasFile) {
+    auto content = std::make_shared<CalcContent>(session_, files_, document);
+    workbooks_.push_back(
+        std::make_shared<CalcWorkbook>(weak_from_this(), std::move(content), fullName, hasFile));
+    if (!hasFile) ++added_;
+    return workbooks_.back();
+}
+
+void CalcApplication::remove(const CalcWorkbook& workbook) {
+    std::erase_if(workbooks_, [&](const auto& candidate) { return candidate.get() == &workbook; });
+}
+
+const CalcContentPtr& CalcApplication::activeContent() const {
+    if (workbooks_.empty()) throw AutomationError(kNotAvailable, "No workbook is open.");
+    return workbooks_.back()->content();
+}
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "office/libreoffice/excel/CalcSizes.h"
+#include "office/model/excel/Columns.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+class CalcColumns final : public excel::Columns {
+  public:
+    CalcColumns(CalcContentPtr content, std::size_t sheet, const CalcArea& area)
+        : content_(std::move(content)), sheet_(sheet), area_(area) {}
+
+    int Count() override { return area_.columns(); }
+    void AutoFit() override { fitColumns(*content_, sheet_, area_); }
+
+  private:
+    CalcContentPtr content_;
+    std::size_t sheet_;
+    CalcArea area_;
+};
+
+}  // namespace mergeloom::libreoffice

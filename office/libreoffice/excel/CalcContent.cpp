@@ -1,0 +1,184 @@
+#include "office/libreoffice/excel/CalcContent.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/libreoffice/excel/CalcViewState.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/util/NumberFormat.hpp>
+#include <com/sun/star/util/XNumberFormatsSupplier.hpp>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+Reference<css::document::XUndoManager> undoManagerOf(OfficeConnection& connection,
+                                                     const DocumentReference& document) {
+    return connection.call([&] {
+        const Reference<css::document::XUndoManagerSupplier> supplier(document, UNO_QUERY_THROW);
+        return supplier->getUndoManager();
+    });
+}
+
+template <typename Interface>
+Reference<Interface> faceOf(OfficeConnection& connection, const DocumentReference& document) {
+    return connection.call([&] { return Reference<Interface>(document, UNO_QUERY_THROW); });
+}
+
+/// The style of all cells that have no other one. Its name differs with the language of the office, but it is
+/// always the first.
+Reference<css::beans::XPropertySet> defaultStyleOf(const DocumentReference& document) {
+    const Reference<css::style::XStyleFamiliesSupplier> supplier(document, UNO_QUERY_THROW);
+    const Reference<css::container::XIndexAccess> styles(
+        supplier->getStyleFamilies()->getByName("CellStyles"), UNO_QUERY_THROW);
+    return {styles->getByIndex(0), UNO_QUERY_THROW};
+}
+
+CalcFont defaultFontOf(const DocumentReference& document) {
+    const Reference<css::beans::XPropertySet> style = defaultStyleOf(document);
+    CalcFont font;
+    OUString name;
+    float points = 0;
+    if (style->getPropertyValue("CharFontName") >>= name) font.name = fromUno(name);
+    if (style->getPropertyValue("CharHeight") >>= points) font.points = static_cast<double>(points);
+    return font;
+}
+
+Reference<css::sheet::XNamedRanges> namesIn(const Reference<css::uno::XInterface>& owner) {
+    const Reference<css::beans::XPropertySet> properties(owner, UNO_QUERY_THROW);
+    return {properties->getPropertyValue("NamedRanges"), UNO_QUERY_THROW};
+}
+
+}  // namespace
+
+CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
+                         DocumentReference document)
+    : session_(std::move(session)),
+      files_(files),
+      document_(std::move(document)),
+      workbook_(faceOf<css::sheet::XSpreadsheetDocument>(connection(), document_)),
+      factory_(faceOf<css::lang::XMultiServiceFactory>(connection(), document_)),
+      undo_(connection(), undoManagerOf(connection(), document_),
+            faceOf<css::frame::XModel>(connection(), document_)),
+      fonts_(connection()) {
+    connection().call([&] {
+        readSheets();
+        readNames();
+    });
+}
+
+CalcContent::~CalcContent() {
+    session_->files().close(document_);
+}
+
+void CalcContent::readSheets() {
+    const Reference<css::frame::XModel> model(document_, UNO_QUERY_THROW);
+    const CalcViewState view = readViewState(model->getCurrentController());
+    const css::uno::Sequence<OUString> names = workbook_->getSheets()->getElementNames();
+    const Reference<css::container::XIndexAccess> sheets(workbook_->getSheets(), UNO_QUERY_THROW);
+    for (sal_Int32 index = 0; index < names.getLength(); ++index) {
+        const Reference<css::sheet::XSpreadsheet> sheet(sheets->getByIndex(index), UNO_QUERY_THROW);
+        const auto position = static_cast<std::size_t>(index);
+        sheets_.push_back(
+            std::make_unique<CalcSheet>(connection(), sheet, fromUno(names[index]), view.cellOf(position)));
+    }
+    activeSheet_ = std::min(view.activeSheet, sheets_.size() - 1);
+}
+
+void CalcContent::readNames() {
+    documentNames_ = namesIn(document_);
+    readNames(documentNames_, CalcNameIndex::kDocument);
+    for (std::size_t index = 0; index < sheets_.size(); ++index) {
+        const int sheet = static_cast<int>(index);
+        readNames(namesOf(sheet), sheet);
+    }
+    const Reference<css::beans::XPropertySet> properties(document_, UNO_QUERY_THROW);
+    const Reference<css::container::XNameAccess> tables(properties->getPropertyValue("DatabaseRanges"),
+                                                        UNO_QUERY_THROW);
+    for (const OUString& name : tables->getElementNames())
+        names_.reserveTableName(fromUno(name));
+}
+
+void CalcContent::readNames(const Reference<css::sheet::XNamedRanges>& names, int sheet) {
+    for (const OUString& name : names->getElementNames())
+        names_.append(fromUno(name), sheet);
+}
+
+std::optional<std::size_t> CalcContent::sheetNamed(const std::string& name) const {
+    const auto found = std::ranges::find_if(
+        sheets_, [&](const auto& sheet) { return equalsIgnoringCase(sheet->name(), name); });
+    if (found == sheets_.end()) return {};
+    return static_cast<std::size_t>(found - sheets_.begin());
+}
+
+void CalcContent::activate(std::size_t index) {
+    if (index == activeSheet_) return;
+    if (sheet(index).isHidden()) {
+        throw AutomationError(kApplicationDefined, "The sheet '" + sheet(index).name() + "' is hidden.");
+    }
+    undo_.keep([this, former = activeSheet_] { activeSheet_ = former; });
+    activeSheet_ = index;
+}
+
+void CalcContent::select(std::size_t index, const CalcSelectedCells& selection) {
+    const CalcSelectedCells former = sheet(index).selection();
+    if (former == selection) return;
+    undo_.keep([this, index, former] { sheet(index).select(former); });
+    sheet(index).select(selection);
+}
+
+Reference<css::sheet::XNamedRanges> CalcContent::namesOf(int sheet) const {
+    if (sheet == CalcNameIndex::kDocument) return documentNames_;
+    return namesIn(sheets_.at(static_cast<std::size_t>(sheet))->uno());
+}
+
+const CalcColumnUnits& CalcContent::columnUnits() {
+    if (!columnUnits_) {
+        const CalcFont font = connection().call([&] { return defaultFontOf(document_); });
+        columnUnits_.emplace(fonts_.digitWidth(font));
+    }
+    return *columnUnits_;
+}
+
+bool CalcContent::showsTruth(sal_Int32 numberFormat) {
+    if (!numberFormats_.is()) {
+        const Reference<css::util::XNumberFormatsSupplier> supplier(document_, UNO_QUERY_THROW);
+        numberFormats_ = supplier->getNumberFormats();
+    }
+    sal_Int16 type = 0;
+    numberFormats_->getByKey(numberFormat)->getPropertyValue("Type") >>= type;
+    return (type & css::util::NumberFormat::LOGICAL) != 0;
+}
+
+void CalcContent::touch() {
+    undo_.change();
+    isSaved_ = false;
+}
+
+void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& document) {
+    constexpr int kColumnPixels = 64;
+    constexpr float kFontPoints = 11;
+    connection.call([&] {
+        const Reference<css::beans::XPropertySet> style = defaultStyleOf(document);
+        style->setPropertyValue("CharFontName", css::uno::Any(OUString("Calibri")));
+        style->setPropertyValue("CharHeight", css::uno::Any(kFontPoints));
+        const Reference<css::sheet::XSpreadsheetDocument> workbook(document, UNO_QUERY_THROW);
+        const Reference<css::container::XIndexAccess> sheets(workbook->getSheets(), UNO_QUERY_THROW);
+        const Reference<css::container::XNamed> sheet(sheets->getByIndex(0), UNO_QUERY_THROW);
+        sheet->setName("Sheet1");
+        const Reference<css::table::XColumnRowRange> cells(sheet, UNO_QUERY_THROW);
+        const Reference<css::beans::XPropertySet> columns(cells->getColumns(), UNO_QUERY_THROW);
+        columns->setPropertyValue("Width", css::uno::Any(lengthOfPixels(kColumnPixels)));
+    });
+}
+
+}  // namespace mergeloom::libreoffice

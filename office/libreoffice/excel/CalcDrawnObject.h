@@ -1,0 +1,50 @@
+#pragma once
+
+#include "base/Units.h"
+#include "office/libreoffice/excel/CalcContent.h"
+#include "office/model/excel/Enumerations.h"
+
+#include <com/sun/star/awt/Point.hpp>
+#include <com/sun/star/awt/Size.hpp>
+#include <cstddef>
+#include <string>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+/// An object on a sheet's drawing layer, as shapes and pictures hold it. Every member raises kObjectDeleted
+/// once it is gone; those that change it raise kApplicationDefined for a protected sheet.
+class CalcDrawnObject {
+  public:
+    CalcDrawnObject(CalcContentPtr content, std::size_t sheet, CalcShapeEntryPtr entry)
+        : content_(std::move(content)), sheet_(sheet), entry_(std::move(entry)) {}
+
+    /// Puts a picture at a cell, in its natural size.
+    static CalcDrawnObject insertPicture(const CalcContentPtr& content, std::size_t sheet,
+                                         const CalcCell& cell, const std::string& fileName);
+
+    [[nodiscard]] const CalcContentPtr& content() const { return content_; }
+    [[nodiscard]] std::size_t sheet() const { return sheet_; }
+    [[nodiscard]] std::string name() const;
+    [[nodiscard]] excel::MsoShapeType type() const;
+    [[nodiscard]] CalcCell topLeftCell() const;
+    [[nodiscard]] css::awt::Point place() const;
+    [[nodiscard]] css::awt::Size size() const;
+
+    void setName(const std::string& name) const;
+    void setPlace(const css::awt::Point& place) const;
+    void setSize(const css::awt::Size& size) const;
+    void remove() const;
+
+  private:
+    void moveTo(const css::awt::Point& place) const;
+    [[nodiscard]] CalcShapeEntry& entry() const;
+    [[nodiscard]] CalcShapeEntry& changedEntry() const;
+    [[nodiscard]] CalcShapeTable& table() const { return content_->sheet(sheet_).shapes(); }
+
+    CalcContentPtr content_;
+    std::size_t sheet_;
+    CalcShapeEntryPtr entry_;
+};
+
+}  // namespace mergeloom::libreoffice

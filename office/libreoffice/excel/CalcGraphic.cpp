@@ -1,0 +1,49 @@
+#include "office/libreoffice/excel/CalcGraphic.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/parts/PictureFile.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/graphic/GraphicProvider.hpp>
+#include <com/sun/star/io/SequenceInputStream.hpp>
+#include <cstdint>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+css::uno::Sequence<sal_Int8> sequenceOf(const std::string& bytes) {
+    return {reinterpret_cast<const sal_Int8*>(bytes.data()), static_cast<sal_Int32>(bytes.size())};
+}
+
+Reference<css::graphic::XGraphic> decode(OfficeConnection& connection, const std::string& bytes) try {
+    return connection.call([&] {
+        css::beans::PropertyValue input;
+        input.Name = "InputStream";
+        input.Value <<= css::io::SequenceInputStream::createStreamFromSequence(connection.context(),
+                                                                                sequenceOf(bytes));
+        return css::graphic::GraphicProvider::create(connection.context())->queryGraphic({input});
+    });
+} catch (const AutomationError& error) {
+    if (error.number() == kNotAvailable) throw;
+    return {};
+}
+
+sal_Int32 lengthOf(Emu length) {
+    constexpr std::int64_t kEmuPerLength = 360;
+    return static_cast<sal_Int32>(std::max<std::int64_t>(1, (length.value + kEmuPerLength / 2) / kEmuPerLength));
+}
+
+}  // namespace
+
+CalcGraphic readGraphic(OfficeConnection& connection, FileStore& files, const std::string& fileName) {
+    const std::string bytes = files.read(fileName);
+    const auto picture = embedded::PictureFile::read(bytes, fileName);
+    const Reference<css::graphic::XGraphic> graphic = decode(connection, bytes);
+    if (graphic.is()) return {graphic, {lengthOf(picture.naturalWidth()), lengthOf(picture.naturalHeight())}};
+    throw AutomationError(kFileCouldNotBeRead,
+                          "The file '" + fileName + "' could not be read: it is a damaged picture.");
+}
+
+}  // namespace mergeloom::libreoffice

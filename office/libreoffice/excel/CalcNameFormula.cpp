@@ -1,0 +1,75 @@
+#include "office/libreoffice/excel/CalcNameFormula.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/sheet/AddressConvention.hpp>
+#include <com/sun/star/sheet/XFormulaTokens.hpp>
+#include <regex>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+using Tokens = css::uno::Sequence<css::sheet::FormulaToken>;
+
+constexpr const char* kLostReference = "#REF!";
+/// Calc's code of what its parser did not understand.
+constexpr sal_Int32 kBadOperation = 14;
+
+/// The notation of the file format: commas between arguments and English names, whatever the locale.
+Reference<css::sheet::XFormulaParser> makeParser(CalcContent& content) {
+    const Reference<css::sheet::XFormulaParser> parser(
+        content.factory()->createInstance("com.sun.star.sheet.FormulaParser"), UNO_QUERY_THROW);
+    const Reference<css::beans::XPropertySet> properties(parser, UNO_QUERY_THROW);
+    const sal_Int32 convention = css::sheet::AddressConvention::XL_OOX;
+    properties->setPropertyValue("FormulaConvention", css::uno::Any(convention));
+    properties->setPropertyValue("CompileEnglish", css::uno::Any(true));
+    return parser;
+}
+
+/// Whether the formula is nothing but one block of cells without a sheet.
+bool isPlainReference(const std::string& formula) {
+    static const std::regex cells(R"(\$?[A-Za-z]{1,3}\$?[0-9]{1,7}(:\$?[A-Za-z]{1,3}\$?[0-9]{1,7})?)");
+    static const std::regex lines(R"(\$?[A-Za-z]{1,3}:\$?[A-Za-z]{1,3}|\$?[0-9]{1,7}:\$?[0-9]{1,7})");
+    return std::regex_match(formula, cells) || std::regex_match(formula, lines);
+}
+
+std::string onSheet(const std::string& sheet, const std::string& reference) {
+    return "$'" + replaceAll(sheet, "'", "''") + "'." + reference;
+}
+
+[[noreturn]] void refuse(const std::string& formula) {
+    throw AutomationError(kApplicationDefined, "'" + formula + "' is no formula.");
+}
+
+}  // namespace
+
+CalcNameContent parseNameFormula(CalcContent& content, const std::string& refersToLocal) {
+    if (refersToLocal.size() < 2 || refersToLocal.front() != '=') refuse(refersToLocal);
+    const std::string formula = refersToLocal.substr(1);
+    if (isPlainReference(formula)) return onSheet(content.sheet(content.activeSheet()).name(), formula);
+    if (findIgnoringAsciiCase(formula, kLostReference) != std::string::npos) return kLostReference;
+    const Tokens tokens =
+        content.connection().call([&] { return makeParser(content)->parseFormula(toUno(formula), {}); });
+    const auto isBad = [](const css::sheet::FormulaToken& token) { return token.OpCode == kBadOperation; };
+    if (!tokens.hasElements() || std::any_of(tokens.begin(), tokens.end(), isBad)) refuse(refersToLocal);
+    return tokens;
+}
+
+/// Calc prints a reference that leads nowhere as an empty text.
+std::string nameFormulaOf(CalcContent& content, const Reference<css::sheet::XNamedRange>& name) {
+    return content.connection().call([&] {
+        const std::string own = fromUno(name->getContent());
+        if (findIgnoringAsciiCase(own, kLostReference) != std::string::npos)
+            return "=" + std::string(kLostReference);
+        const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
+        const OUString formula =
+            makeParser(content)->printFormula(tokens->getTokens(), name->getReferencePosition());
+        return "=" + fromUno(formula);
+    });
+}
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,51 @@
+#include "office/libreoffice/excel/CalcNameIndex.h"
+
+#include "base/Text.h"
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+/// No name holds a "!".
+std::string keyOf(const std::string& name, int sheet) {
+    return std::to_string(sheet) + "!" + foldCase(name);
+}
+
+}  // namespace
+
+void CalcNameIndex::append(const std::string& name, int sheet) {
+    indexes_.emplace(keyOf(name, sheet), entries_.size());
+    entries_.push_back({name, sheet});
+}
+
+void CalcNameIndex::removeLast() {
+    indexes_.erase(keyOf(entries_.back().name, entries_.back().sheet));
+    entries_.pop_back();
+    firstCounters_.clear();
+}
+
+void CalcNameIndex::reserveTableName(const std::string& name) {
+    tables_.insert(foldCase(name));
+}
+
+std::optional<std::size_t> CalcNameIndex::find(const std::string& name, int sheet) const {
+    const auto found = indexes_.find(keyOf(name, sheet));
+    if (found == indexes_.end()) return {};
+    return found->second;
+}
+
+bool CalcNameIndex::isTableName(const std::string& name) const {
+    return tables_.contains(foldCase(name));
+}
+
+std::int64_t CalcNameIndex::firstFreeCounter(const std::string& stem) {
+    std::int64_t& counter = firstCounters_.emplace(foldCase(stem), 1).first->second;
+    const auto isTaken = [&](const std::string& name) {
+        return find(name, kDocument).has_value() || isTableName(name);
+    };
+    while (isTaken(stem + std::to_string(counter)))
+        ++counter;
+    return counter;
+}
+
+}  // namespace mergeloom::libreoffice

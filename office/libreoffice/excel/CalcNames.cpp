@@ -1,0 +1,94 @@
+#include "office/libreoffice/excel/CalcNames.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/libreoffice/excel/CalcDefinedName.h"
+#include "office/libreoffice/excel/CalcNameFormula.h"
+
+#include <com/sun/star/lang/DisposedException.hpp>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+constexpr CharacterCount kLongestName{255};
+
+[[noreturn]] void refuse(const std::string& name) {
+    throw AutomationError(kApplicationDefined, "'" + name + "' cannot be the name of cells.");
+}
+
+/// What Calc would take and Excel would not; Calc itself refuses the rest.
+void check(const std::string& name) {
+    const bool isTruth = equalsIgnoringAsciiCase(name, "TRUE") || equalsIgnoringAsciiCase(name, "FALSE");
+    if (name.empty() || isTruth || utf16Length(name) > kLongestName) refuse(name);
+}
+
+/// What a name stands for until a parsed formula is handed over.
+constexpr const char* kPreliminary = "0";
+
+}  // namespace
+
+excel::DefinedNamePtr CalcNames::Item(int number) {
+    if (number < 1 || number > Count())
+        throw AutomationError(kApplicationDefined, "There is no name of that number.");
+    return std::make_shared<CalcDefinedName>(content_, static_cast<std::size_t>(number) - 1);
+}
+
+excel::DefinedNamePtr CalcNames::Item(const std::string& name) {
+    const std::optional<std::size_t> index = find(name);
+    if (!index) throw AutomationError(kApplicationDefined, "There is no name '" + name + "'.");
+    return std::make_shared<CalcDefinedName>(content_, *index);
+}
+
+/// A table's name is taken, although it is none of the names that can be got.
+bool CalcNames::Exists(const std::string& name) {
+    return find(name) || content_->names().isTableName(name);
+}
+
+std::int64_t CalcNames::firstFreeCounter(const std::string& stem) {
+    return content_->names().firstFreeCounter(stem);
+}
+
+excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string& refersToLocal) {
+    if (content_->names().isTableName(name))
+        throw AutomationError(kApplicationDefined, "The name '" + name + "' is that of a table.");
+    if (const auto found = content_->names().find(name, CalcNameIndex::kDocument)) {
+        auto defined = std::make_shared<CalcDefinedName>(content_, *found);
+        defined->SetRefersToLocal(refersToLocal);
+        return defined;
+    }
+    check(name);
+    return define(name, refersToLocal);
+}
+
+excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::string& refersToLocal) {
+    const CalcNameContent meaning = parseNameFormula(*content_, refersToLocal);
+    const auto* const text = std::get_if<std::string>(&meaning);
+    content_->connection().call([&] {
+        const Reference<css::sheet::XNamedRanges> names = content_->namesOf(CalcNameIndex::kDocument);
+        try {
+            names->addNewByName(toUno(name), toUno(text ? *text : kPreliminary), {}, 0);
+        } catch (const css::lang::DisposedException&) {
+            throw;
+        } catch (const css::uno::RuntimeException&) {
+            refuse(name);
+        }
+    });
+    content_->touch();
+    CalcNameIndex& index = content_->names();
+    index.append(name, CalcNameIndex::kDocument);
+    content_->undo().keep([&index] { index.removeLast(); });
+    auto defined = std::make_shared<CalcDefinedName>(content_, index.entries().size() - 1);
+    if (text == nullptr) defined->SetRefersToLocal(refersToLocal);
+    return defined;
+}
+
+std::optional<std::size_t> CalcNames::find(const std::string& name) const {
+    const std::size_t mark = name.rfind('!');
+    if (mark == std::string::npos) return content_->names().find(name, CalcNameIndex::kDocument);
+    const std::optional<std::size_t> sheet = content_->sheetNamed(name.substr(0, mark));
+    if (!sheet) return {};
+    return content_->names().find(name.substr(mark + 1), static_cast<int>(*sheet));
+}
+
+}  // namespace mergeloom::libreoffice

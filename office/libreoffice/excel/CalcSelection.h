@@ -1,0 +1,28 @@
+#pragma once
+
+#include "office/libreoffice/excel/CalcTexts.h"
+#include "office/model/excel/Selection.h"
+
+#include <string>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+/// What is selected in the active sheet. Calc has no sheets without cells, and here nobody selects a shape.
+class CalcSelection final : public excel::Selection {
+  public:
+    explicit CalcSelection(CalcContentPtr content)
+        : content_(std::move(content)), sheet_(content_->activeSheet()) {}
+
+    std::string TypeName() override { return "Range"; }
+    void SetValue2(const std::string& text) override {
+        for (const CalcArea& area : content_->sheet(sheet_).selection().areas)
+            fill(*content_, sheet_, area, text);
+    }
+
+  private:
+    CalcContentPtr content_;
+    std::size_t sheet_;
+};
+
+}  // namespace mergeloom::libreoffice

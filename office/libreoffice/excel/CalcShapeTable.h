@@ -1,0 +1,54 @@
+#pragma once
+
+#include "office/libreoffice/excel/CalcArea.h"
+#include "office/libreoffice/session/OfficeConnection.h"
+
+#include <com/sun/star/drawing/XDrawPage.hpp>
+#include <com/sun/star/drawing/XShape.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// One shape of a sheet. Its name is kept on this side, since shapes are looked for by their names.
+struct CalcShapeEntry {
+    Reference<css::drawing::XShape> shape;
+    std::string name;
+    bool isGone = false;
+};
+
+using CalcShapeEntryPtr = std::shared_ptr<CalcShapeEntry>;
+
+/// The shapes of a sheet from back to front, read once. What a step deleted is hidden for as long as the step
+/// can be taken back, since UNO cannot put a removed shape back.
+class CalcShapeTable {
+  public:
+    CalcShapeTable(OfficeConnection& connection, const Reference<css::sheet::XSpreadsheet>& sheet);
+
+    /// Those that are not gone.
+    [[nodiscard]] const std::vector<CalcShapeEntryPtr>& all() const { return all_; }
+    /// The first one of that name, letter case aside; none when there is none.
+    [[nodiscard]] CalcShapeEntryPtr find(const std::string& name) const;
+
+    CalcShapeEntryPtr append(const Reference<css::drawing::XShape>& shape);
+    void rename(const CalcShapeEntryPtr& entry, const std::string& name);
+    void hide(const CalcShapeEntryPtr& entry);
+    void showAgain(const CalcShapeEntryPtr& entry, std::size_t position);
+    /// Removes the shape for good.
+    void remove(const CalcShapeEntryPtr& entry);
+    [[nodiscard]] std::size_t positionOf(const CalcShapeEntryPtr& entry) const;
+
+  private:
+    void list(const CalcShapeEntryPtr& entry, std::size_t position);
+    void unlist(const CalcShapeEntryPtr& entry);
+
+    OfficeConnection& connection_;
+    Reference<css::drawing::XDrawPage> page_;
+    std::vector<CalcShapeEntryPtr> all_;
+    std::multimap<std::string, CalcShapeEntryPtr> byName_;
+};
+
+}  // namespace mergeloom::libreoffice

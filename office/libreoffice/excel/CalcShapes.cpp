@@ -1,0 +1,21 @@
+#include "office/libreoffice/excel/CalcShapes.h"
+
+#include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcShape.h"
+
+namespace mergeloom::libreoffice {
+
+excel::ShapePtr CalcShapes::Item(int number) {
+    if (number < 1 || number > Count())
+        throw AutomationError(kApplicationDefined, "There is no object of that number.");
+    const CalcShapeEntryPtr entry = table().all()[static_cast<std::size_t>(number) - 1];
+    return std::make_shared<CalcShape>(CalcDrawnObject(content_, sheet_, entry));
+}
+
+excel::ShapePtr CalcShapes::Item(const std::string& name) {
+    const CalcShapeEntryPtr entry = table().find(name);
+    if (!entry) throw AutomationError(kApplicationDefined, "There is no object '" + name + "'.");
+    return std::make_shared<CalcShape>(CalcDrawnObject(content_, sheet_, entry));
+}
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,183 @@
+#include "office/libreoffice/excel/CalcSheet.h"
+
+#include "base/AutomationError.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangesQuery.hpp>
+#include <com/sun/star/sheet/XDataPilotTable.hpp>
+#include <com/sun/star/sheet/XDataPilotTablesSupplier.hpp>
+#include <com/sun/star/sheet/XSheetCellCursor.hpp>
+#include <com/sun/star/sheet/XSheetCellRange.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/util/CellProtection.hpp>
+#include <com/sun/star/util/XMergeable.hpp>
+#include <com/sun/star/util/XProtectable.hpp>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& sentence) {
+    throw AutomationError(kApplicationDefined, sentence);
+}
+
+CalcArea addressOf(const Reference<css::uno::XInterface>& range) {
+    return areaOf(Reference<css::sheet::XCellRangeAddressable>(range, UNO_QUERY_THROW)->getRangeAddress());
+}
+
+bool touches(const std::vector<CalcArea>& areas, const CalcArea& area) {
+    return std::ranges::any_of(areas,
+                               [&](const CalcArea& other) { return intersection(other, area).has_value(); });
+}
+
+}  // namespace
+
+CalcSheet::CalcSheet(OfficeConnection& connection, Reference<css::sheet::XSpreadsheet> sheet,
+                     std::string name, const CalcCell& activeCell)
+    : connection_(connection),
+      sheet_(std::move(sheet)),
+      name_(std::move(name)),
+      selection_{activeCell, {{activeCell, activeCell}}} {}
+
+bool CalcSheet::isHidden() {
+    return connection_.call([&] {
+        const Reference<css::beans::XPropertySet> properties(sheet_, UNO_QUERY_THROW);
+        return !properties->getPropertyValue("IsVisible").get<bool>();
+    });
+}
+
+CalcShapeTable& CalcSheet::shapes() {
+    if (!shapes_) shapes_.emplace(connection_, sheet_);
+    return *shapes_;
+}
+
+CalcArea CalcSheet::merged(const CalcArea& area) {
+    return connection_.call([&] {
+        const Reference<css::sheet::XSheetCellRange> cells(range(area), UNO_QUERY_THROW);
+        const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(cells));
+        cursor->collapseToMergedArea();
+        return addressOf(cursor);
+    });
+}
+
+CalcArea CalcSheet::mergedAt(const CalcCell& cell) {
+    const CalcArea single{cell, cell};
+    return hasMerged() ? merged(single) : single;
+}
+
+bool CalcSheet::hasMerged(const CalcArea& area) {
+    if (!hasMerged()) return false;
+    if (merged(area) != area) return true;
+    return connection_.call(
+        [&] { return Reference<css::util::XMergeable>(range(area), UNO_QUERY_THROW)->getIsMerged(); });
+}
+
+bool CalcSheet::hasMerged() {
+    if (!hasMerged_) {
+        hasMerged_ = connection_.call(
+            [&] { return Reference<css::util::XMergeable>(sheet_, UNO_QUERY_THROW)->getIsMerged(); });
+    }
+    return *hasMerged_;
+}
+
+bool CalcSheet::isProtected() {
+    if (!isProtected_) {
+        isProtected_ = connection_.call(
+            [&] { return Reference<css::util::XProtectable>(sheet_, UNO_QUERY_THROW)->isProtected(); });
+    }
+    return *isProtected_;
+}
+
+void CalcSheet::checkMayChange(const char* what) {
+    if (isProtected()) refuse("The sheet '" + name_ + "' is protected: its " + what + " cannot be changed.");
+}
+
+void CalcSheet::checkMayWrite(const CalcArea& area) {
+    const bool isOne = area.first == area.last;
+    const std::string what = (isOne ? "The cell " : "A cell of ") + absoluteAddressOf(area) +
+                             " of the sheet '" + name_ + "' ";
+    if (isProtected() && isLocked(area)) {
+        refuse(what + "is protected. Take the sheet's protection off first.");
+    }
+    if (hasArray(area)) refuse(what + "is part of an array formula, which can only be changed as a whole.");
+    if (hasPivotTable(area)) refuse(what + "is part of a pivot table.");
+}
+
+Reference<css::table::XCell> CalcSheet::cell(const CalcCell& cell) const {
+    return sheet_->getCellByPosition(cell.column - 1, cell.row - 1);
+}
+
+Reference<css::table::XCellRange> CalcSheet::range(const CalcArea& area) const {
+    return sheet_->getCellRangeByPosition(area.first.column - 1, area.first.row - 1, area.last.column - 1,
+                                          area.last.row - 1);
+}
+
+/// Of cells that differ UNO says nothing; then one of them is locked.
+bool CalcSheet::isLocked(const CalcArea& area) {
+    return connection_.call([&] {
+        const Reference<css::beans::XPropertySet> properties(range(area), UNO_QUERY_THROW);
+        css::util::CellProtection protection;
+        protection.IsLocked = true;
+        properties->getPropertyValue("CellProtection") >>= protection;
+        return protection.IsLocked;
+    });
+}
+
+bool CalcSheet::hasArray(const CalcArea& area) {
+    for (const CalcArea& formula : formulas()) {
+        const std::optional<CalcArea> common = intersection(formula, area);
+        if (!common) continue;
+        // Where several formulas stand side by side the cursor finds the array of the first cell only.
+        for (CalcCell cell = common->first; cell.row <= common->last.row; ++cell.row) {
+            for (cell.column = common->first.column; cell.column <= common->last.column; ++cell.column) {
+                const CalcArea array = connection_.call([&] {
+                    const Reference<css::sheet::XSheetCellRange> start(range({cell, cell}), UNO_QUERY_THROW);
+                    const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(start));
+                    cursor->collapseToCurrentArray();
+                    return addressOf(cursor);
+                });
+                if (array.first != array.last) return true;
+            }
+        }
+    }
+    return false;
+}
+
+bool CalcSheet::hasPivotTable(const CalcArea& area) {
+    return touches(pivotTables(), area);
+}
+
+/// Cells that hold formulas become fewer only, as nothing here writes one.
+const std::vector<CalcArea>& CalcSheet::formulas() {
+    if (formulas_) return *formulas_;
+    formulas_.emplace();
+    const auto addresses = connection_.call([&] {
+        const Reference<css::sheet::XCellRangesQuery> query(sheet_, UNO_QUERY_THROW);
+        return query->queryContentCells(css::sheet::CellFlags::FORMULA)->getRangeAddresses();
+    });
+    for (const css::table::CellRangeAddress& address : addresses)
+        formulas_->push_back(areaOf(address));
+    return *formulas_;
+}
+
+const std::vector<CalcArea>& CalcSheet::pivotTables() {
+    if (pivotTables_) return *pivotTables_;
+    pivotTables_.emplace();
+    connection_.call([&] {
+        const Reference<css::sheet::XDataPilotTablesSupplier> supplier(sheet_, UNO_QUERY_THROW);
+        const Reference<css::container::XIndexAccess> tables(supplier->getDataPilotTables(), UNO_QUERY_THROW);
+        for (sal_Int32 index = 0, count = tables->getCount(); index < count; ++index) {
+            const Reference<css::sheet::XDataPilotTable> table(tables->getByIndex(index), UNO_QUERY_THROW);
+            pivotTables_->push_back(areaOf(table->getOutputRange()));
+        }
+    });
+    return *pivotTables_;
+}
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,93 @@
+#include "office/libreoffice/excel/CalcSizes.h"
+
+#include "base/AutomationError.h"
+#include "office/model/excel/Range.h"
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+using Properties = Reference<css::beans::XPropertySet>;
+
+Properties columnsOf(const CalcSheet& sheet, const CalcArea& area) {
+    const Reference<css::table::XColumnRowRange> range(sheet.range(area), UNO_QUERY_THROW);
+    return {range->getColumns(), UNO_QUERY_THROW};
+}
+
+Properties rowsOf(const CalcSheet& sheet, const CalcArea& area) {
+    const Reference<css::table::XColumnRowRange> range(sheet.range(area), UNO_QUERY_THROW);
+    return {range->getRows(), UNO_QUERY_THROW};
+}
+
+sal_Int32 lengthIn(const Properties& lines, const char* name) {
+    if (!lines->getPropertyValue("IsVisible").get<bool>()) return 0;
+    sal_Int32 length = 0;
+    lines->getPropertyValue(OUString::createFromAscii(name)) >>= length;
+    return length;
+}
+
+/// Nothing hides a line but its size 0.
+void setLength(const Properties& lines, const char* name, int pixels) {
+    lines->setPropertyValue("IsVisible", css::uno::Any(pixels > 0));
+    if (pixels > 0) {
+        lines->setPropertyValue(OUString::createFromAscii(name), css::uno::Any(lengthOfPixels(pixels)));
+    }
+}
+
+[[noreturn]] void refuse(const std::string& sentence) {
+    throw AutomationError(kApplicationDefined, sentence);
+}
+
+template <typename Structure>
+Structure valueIn(CalcContent& content, std::size_t sheet, const CalcArea& area, const char* name) {
+    return content.connection().call([&] {
+        const Properties properties(content.sheet(sheet).range(area), UNO_QUERY_THROW);
+        return properties->getPropertyValue(OUString::createFromAscii(name)).get<Structure>();
+    });
+}
+
+}  // namespace
+
+ColumnWidth columnWidth(CalcContent& content, std::size_t sheet, int column) {
+    const sal_Int32 length = content.connection().call([&] {
+        return lengthIn(columnsOf(content.sheet(sheet), {{1, column}, {1, column}}), "Width");
+    });
+    return content.columnUnits().widthOf(pixelsOf(length));
+}
+
+Points rowHeight(CalcContent& content, std::size_t sheet, int row) {
+    const sal_Int32 length = content.connection().call(
+        [&] { return lengthIn(rowsOf(content.sheet(sheet), {{row, 1}, {row, 1}}), "Height"); });
+    constexpr double kPointsPerPixel = 0.75;
+    return {pixelsOf(length) * kPointsPerPixel};
+}
+
+void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& area, ColumnWidth width) {
+    CalcSheet& sheet = content.sheet(index);
+    sheet.checkMayChange("columns");
+    if (width < ColumnWidth{0} || width > excel::kWidestColumn) refuse("A column cannot have that width.");
+    const int pixels = content.columnUnits().pixelsOf(width);
+    content.touch();
+    content.connection().call([&] { setLength(columnsOf(sheet, area), "Width", pixels); });
+}
+
+void setRowHeight(CalcContent& content, std::size_t index, const CalcArea& area, Points height) {
+    CalcSheet& sheet = content.sheet(index);
+    sheet.checkMayChange("rows");
+    if (height < Points{0} || height > excel::kHighestRow) refuse("A row cannot have that height.");
+    content.touch();
+    content.connection().call([&] { setLength(rowsOf(sheet, area), "Height", pixelsOf(height)); });
+}
+
+css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const CalcCell& cell) {
+    return valueIn<css::awt::Point>(content, sheet, {cell, cell}, "Position");
+}
+
+css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const CalcArea& area) {
+    return valueIn<css::awt::Size>(content, sheet, area, "Size");
+}
+
+}  // namespace mergeloom::libreoffice

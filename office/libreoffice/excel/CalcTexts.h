@@ -1,0 +1,16 @@
+#pragma once
+
+#include "office/libreoffice/excel/CalcContent.h"
+
+#include <cstddef>
+#include <string>
+
+namespace mergeloom::libreoffice {
+
+/// What a cell shows for a text, number or truth value.
+std::string textOf(CalcContent& content, std::size_t sheet, const CalcCell& cell);
+/// Writes a text into every cell of the area, as a text whatever it looks like; of merged cells into the
+/// first one. Raises kApplicationDefined before anything is written.
+void fill(CalcContent& content, std::size_t sheet, const CalcArea& area, const std::string& text);
+
+}  // namespace mergeloom::libreoffice

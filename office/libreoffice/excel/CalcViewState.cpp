@@ -1,0 +1,47 @@
+#include "office/libreoffice/excel/CalcViewState.h"
+
+#include "base/Text.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <charconv>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+constexpr std::size_t kActiveSheetField = 1;
+constexpr std::size_t kFirstSheetField = 3;
+
+int numberOf(std::string_view text) {
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+CalcCell cursorOf(std::string_view text) {
+    // Where numbers are large, the office separates them by "+" instead.
+    const auto parts = split(text, text.find('/') == std::string_view::npos ? '+' : '/');
+    if (parts.size() < 2) return {};
+    const CalcCell cell{numberOf(parts[1]) + 1, numberOf(parts[0]) + 1};
+    return isInSheet({cell, cell}) ? cell : CalcCell{};
+}
+
+}  // namespace
+
+CalcViewState parseViewState(std::string_view text) {
+    const auto fields = split(text, ';');
+    CalcViewState state;
+    if (fields.size() <= kFirstSheetField) return state;
+    state.activeSheet = static_cast<std::size_t>(std::max(0, numberOf(fields[kActiveSheetField])));
+    for (std::size_t field = kFirstSheetField; field < fields.size(); ++field)
+        state.activeCells.push_back(cursorOf(fields[field]));
+    return state;
+}
+
+CalcViewState readViewState(const Reference<css::frame::XController>& view) {
+    OUString text;
+    if (view.is()) view->getViewData() >>= text;
+    return parseViewState(fromUno(text));
+}
+
+}  // namespace mergeloom::libreoffice

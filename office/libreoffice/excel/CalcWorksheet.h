@@ -1,0 +1,27 @@
+#pragma once
+
+#include "office/libreoffice/excel/CalcContent.h"
+#include "office/model/excel/Worksheet.h"
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+class CalcWorksheet final : public excel::Worksheet {
+  public:
+    CalcWorksheet(CalcContentPtr content, std::size_t sheet) : content_(std::move(content)), sheet_(sheet) {}
+
+    std::string Name() override { return content_->sheet(sheet_).name(); }
+    excel::RangePtr Cells(int row, int column) override;
+    excel::ShapesPtr Shapes() override;
+    excel::PicturesPtr Pictures() override;
+    void Activate() override { content_->activate(sheet_); }
+
+  private:
+    CalcContentPtr content_;
+    std::size_t sheet_;
+};
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "office/embedded/parts/PictureFile.h"
+#include "office/libreoffice/word/WriterContent.h"
+
+#include <string>
+
+namespace mergeloom::libreoffice {
+
+/// A picture file on its way into a text.
+class InlinePicture {
+  public:
+    /// Raises kFileCouldNotBeRead when the file is missing or no picture.
+    InlinePicture(WriterContent& content, const std::string& fileName);
+
+    /// Puts it into the text as one character, in the size that its pixels and resolution give, never wider
+    /// than the text area.
+    void insert(WriterStory& story, CharacterPosition position) const;
+
+  private:
+    WriterContent& content_;
+    std::string bytes_;
+    embedded::PictureFile file_;
+    std::string name_;
+};
+
+}  // namespace mergeloom::libreoffice

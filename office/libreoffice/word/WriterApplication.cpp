@@ -1,0 +1,97 @@
+#include "office/libreoffice/word/WriterApplication.h"
+
+#include "base/AutomationError.h"
+#include "office/libreoffice/session/WordFilters.h"
+#include "office/libreoffice/word/WriterSelection.h"
+#include "office/libreoffice/word/WriterUndoRecord.h"
+
+#include <exception>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+class WriterDocuments final : public word::Documents {
+  public:
+    explicit WriterDocuments(std::shared_ptr<WriterApplication> application)
+        : application_(std::move(application)) {}
+
+    int Count() override { return static_cast<int>(application_->documents().size()); }
+    word::DocumentPtr Add(const std::string& templatePath) override {
+        return application_->add(templatePath);
+    }
+    word::DocumentPtr Open(const std::string& fileName) override { return application_->open(fileName); }
+    word::DocumentPtr Item(int number) override {
+        if (number < 1 || number > Count())
+            throw AutomationError(kMemberNotFound, "There is no such document.");
+        return application_->documents()[static_cast<std::size_t>(number) - 1];
+    }
+
+  private:
+    std::shared_ptr<WriterApplication> application_;
+};
+
+}  // namespace
+
+WriterApplication::~WriterApplication() {
+    for (const std::shared_ptr<WriterDocument>& document : documents_) {
+        try {
+            document->content()->close();
+        } catch (const std::exception&) {
+            // The office ended before; so did the document.
+        }
+    }
+}
+
+word::DocumentsPtr WriterApplication::Documents() {
+    return std::make_shared<WriterDocuments>(shared_from_this());
+}
+
+word::SelectionPtr WriterApplication::Selection() {
+    return std::make_shared<WriterSelection>(activeContent());
+}
+
+word::UndoRecordPtr WriterApplication::UndoRecord() {
+    return std::make_shared<WriterUndoRecord>(activeContent());
+}
+
+bool WriterApplication::canSaveAs(word::WdSaveFormat format) {
+    return filterFor(format).has_value();
+}
+
+void WriterApplication::Quit(word::WdSaveOptions saveChanges) {
+    while (!documents_.empty()) {
+        const std::shared_ptr<WriterDocument> last = documents_.back();
+        last->Close(saveChanges);
+    }
+}
+
+word::DocumentPtr WriterApplication::open(const std::string& fileName) {
+    return list(session_->files().open(fileName, OfficePart::Word), fileName, true);
+}
+
+word::DocumentPtr WriterApplication::add(const std::string& templatePath) {
+    const DocumentReference document = templatePath.empty()
+                                           ? session_->files().create(OfficePart::Word)
+                                           : session_->files().open(templatePath, OfficePart::Word);
+    return list(document, "Document" + std::to_string(++added_), false);
+}
+
+void WriterApplication::remove(const WriterDocument& document) {
+    std::erase_if(documents_, [&](const auto& candidate) { return candidate.get() == &document; });
+}
+
+word::DocumentPtr WriterApplication::list(const DocumentReference& document, const std::string& fullName,
+                                          bool wasOpened) {
+    auto content = std::make_shared<WriterContent>(session_, files_, document);
+    documents_.push_back(
+        std::make_shared<WriterDocument>(weak_from_this(), std::move(content), fullName, wasOpened));
+    return documents_.back();
+}
+
+std::shared_ptr<WriterContent> WriterApplication::activeContent() const {
+    if (documents_.empty()) throw AutomationError(kNotAvailable, "No document is open.");
+    return documents_.back()->content();
+}
+
+}  // namespace mergeloom::libreoffice

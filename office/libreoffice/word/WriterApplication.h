@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/word/WriterDocument.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Documents.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// LibreOffice in Word's part. The documents are without windows; the one opened last is the active one.
+class WriterApplication final : public word::Application,
+                                public std::enable_shared_from_this<WriterApplication> {
+  public:
+    WriterApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files)
+        : session_(std::move(session)), files_(files) {}
+    ~WriterApplication() override;
+
+    std::string Name() override { return "Microsoft Word"; }
+    /// The Word whose compatibility mode LibreOffice writes into its documents: what is newer than Word 2013
+    /// may be unknown to it. What it can write canSaveAs tells, whatever the version says.
+    std::string Version() override { return "15.0"; }
+    word::DocumentsPtr Documents() override;
+    word::SelectionPtr Selection() override;
+    word::UndoRecordPtr UndoRecord() override;
+    bool canSaveAs(word::WdSaveFormat format) override;
+    void Quit(word::WdSaveOptions saveChanges) override;
+
+    [[nodiscard]] const std::vector<std::shared_ptr<WriterDocument>>& documents() const { return documents_; }
+    word::DocumentPtr open(const std::string& fileName);
+    word::DocumentPtr add(const std::string& templatePath);
+    void remove(const WriterDocument& document);
+
+  private:
+    word::DocumentPtr list(const DocumentReference& document, const std::string& fullName, bool wasOpened);
+    [[nodiscard]] std::shared_ptr<WriterContent> activeContent() const;
+
+    std::shared_ptr<LibreOfficeSession> session_;
+    FileStore& files_;
+    std::vector<std::shared_ptr<WriterDocument>> documents_;
+    int added_ = 0;
+};
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/word/ContentReader.h"
+#include "office/libreoffice/word/MarkWriter.h"
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace mergeloom::libreoffice {
+
+/// What a document of Writer's holds, and all changes of it. What is known of stories, tables and bookmarks
+/// is kept here and moved with each edit, for Writer takes a call to answer each question; nobody else edits
+/// a document that has no window.
+class WriterContent : public std::enable_shared_from_this<WriterContent> {
+  public:
+    WriterContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files, DocumentReference document);
+
+    /// Everything that reaches Writer goes through this; see OfficeConnection::call.
+    template <typename Call>
+    auto call(const Call& body) -> decltype(body()) {
+        return session_->connection().call([&] {
+            checkIsOpen();
+            if (stories_.empty()) read();
+            return body();
+        });
+    }
+
+    [[nodiscard]] LibreOfficeSession& session() { return *session_; }
+    [[nodiscard]] FileStore& files() { return files_; }
+    [[nodiscard]] const WriterModel& model() const { return *model_; }
+    [[nodiscard]] MarkTable& marks() { return marks_; }
+    [[nodiscard]] Needle& needle() { return needle_; }
+    [[nodiscard]] std::deque<WriterStory>& stories() { return stories_; }
+    [[nodiscard]] WriterStory& body() { return stories_.front(); }
+    /// Raises kMemberNotFound when there is none of that name.
+    WriterStory& storyNamed(const std::string& name);
+    StoryPosition positionOf(const Reference<css::text::XTextRange>& range);
+
+    [[nodiscard]] const std::shared_ptr<LiveStretch>& selection() const { return selection_; }
+    void select(const LiveStretch& stretch);
+    /// A stretch of its own that lives through edits.
+    std::shared_ptr<LiveStretch> live(WriterStory& story, CharacterPosition start, CharacterPosition end);
+
+    /// The cursor with the stretch selected, which lies within one of Writer's texts.
+    const CursorReference& cursorOver(WriterStory& story, Stretch stretch);
+
+    /// To be called after every change of the text; brings Writer's bookmarks to their places unless a record
+    /// runs, whose end does it once for all.
+    void settle();
+    /// Where Writer has a bookmark elsewhere than Word would.
+    void bringMarksToTheirPlaces();
+
+    MarkPtr addMark(const std::string& name, WriterStory& story, Stretch stretch);
+    void removeMark(const MarkPtr& mark);
+
+    void startRecord(const std::string& name);
+    void endRecord();
+    bool undo(int times);
+
+    void close();
+    [[nodiscard]] bool isOpen() const { return model_.has_value(); }
+
+  private:
+    struct Snapshot {
+        std::vector<std::shared_ptr<const StoryMap::State>> stories;
+        std::vector<MarkPtr> marks;
+        LiveStretch selection;
+    };
+
+    void read();
+    void checkIsOpen() const;
+    [[nodiscard]] Snapshot snapshot();
+    void restore(const Snapshot& snapshot);
+
+    std::shared_ptr<LibreOfficeSession> session_;
+    FileStore& files_;
+    std::optional<WriterModel> model_;
+    std::deque<WriterStory> stories_;
+    MarkTable marks_;
+    Needle needle_;
+    MarkWriter markWriter_{needle_};
+    std::shared_ptr<LiveStretch> selection_ = std::make_shared<LiveStretch>();
+    std::optional<Snapshot> recorded_;  ///< before the step that was recorded last
+    bool isRecording_ = false;
+    bool isWatched_ = false;  ///< whether the selection's story keeps it true
+};
+
+}  // namespace mergeloom::libreoffice

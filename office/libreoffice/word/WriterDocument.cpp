@@ -1,0 +1,134 @@
+#include "office/libreoffice/word/WriterDocument.h"
+
+#include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "office/libreoffice/word/WholeBookmarks.h"
+#include "office/libreoffice/word/WriterApplication.h"
+#include "office/libreoffice/word/WriterBookmarks.h"
+#include "office/libreoffice/word/WriterFields.h"
+#include "office/libreoffice/word/WriterSelection.h"
+#include "office/libreoffice/word/WriterTables.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+struct ExtensionFormat {
+    std::string_view extension;
+    int format;
+};
+
+/// The formats that a document can be written back in, by the extension that it was opened with.
+constexpr ExtensionFormat kFormats[] = {
+    {"docx", 12}, {"docm", 13}, {"dotx", 14}, {"doc", 0},  {"dot", 1},
+    {"rtf", 6},   {"odt", 23},  {"txt", 7},   {"htm", 10}, {"html", 10},
+};
+
+word::WdSaveFormat formatOf(const std::string& fileName) {
+    const std::string suffix = toLowerAscii(extension(fileName));
+    const auto* const found = std::ranges::find(kFormats, suffix, &ExtensionFormat::extension);
+    if (found != std::end(kFormats)) return word::WdSaveFormat{found->format};
+    throw AutomationError(kFileCouldNotBeSaved, "The file '" + fileName +
+                                                    "' could not be saved: LibreOffice does not write "
+                                                    "documents with that extension.");
+}
+
+bool isOpenPackaging(word::WdSaveFormat format) {
+    return format >= word::WdSaveFormat::wdFormatXMLDocument &&
+           format <= word::WdSaveFormat::wdFormatXMLTemplateMacroEnabled;
+}
+
+}  // namespace
+
+WriterDocument::WriterDocument(std::weak_ptr<WriterApplication> application,
+                               std::shared_ptr<WriterContent> content, std::string fullName, bool wasOpened)
+    : application_(std::move(application)),
+      content_(std::move(content)),
+      fullName_(std::move(fullName)),
+      hasFile_(wasOpened) {}
+
+word::ApplicationPtr WriterDocument::Application() {
+    return application_.lock();
+}
+
+word::WindowPtr WriterDocument::ActiveWindow() {
+    return std::make_shared<WriterWindow>(content_);
+}
+
+word::BookmarksPtr WriterDocument::Bookmarks() {
+    return std::make_shared<DocumentBookmarks>(content_);
+}
+
+word::FieldsPtr WriterDocument::Fields() {
+    return allFields(content_);
+}
+
+word::MailMergePtr WriterDocument::MailMerge() {
+    return std::make_shared<WriterMailMerge>(content_);
+}
+
+word::TablesPtr WriterDocument::Tables() {
+    return content_->call([&] {
+        WriterStory& body = content_->body();
+        const CharacterPosition end{body.map().length().value};
+        return std::make_shared<WriterTables>(content_, LiveStretch{&body, {0}, end});
+    });
+}
+
+std::string WriterDocument::Name() {
+    return fileNameOnly(fullName_);
+}
+
+bool WriterDocument::Saved() {
+    return content_->call([&] { return !content_->model().modifiable->isModified(); });
+}
+
+void WriterDocument::SetSaved(bool saved) {
+    content_->call([&] { content_->model().modifiable->setModified(!saved); });
+}
+
+void WriterDocument::Save() {
+    if (!hasFile_) throw AutomationError(kFileCouldNotBeSaved, "The document has no file name yet.");
+    write(fullName_, formatOf(fullName_));
+}
+
+void WriterDocument::SaveAs(const std::string& fileName, word::WdSaveFormat format) {
+    write(fileName, format);
+    fullName_ = fileName;
+    hasFile_ = true;
+}
+
+void WriterDocument::write(const std::string& fileName, word::WdSaveFormat format) {
+    content_->call([&] {
+        content_->bringMarksToTheirPlaces();
+        content_->session().files().save(content_->model().document, fileName, format);
+    });
+    if (isOpenPackaging(format)) mendBookmarks(fileName);
+    SetSaved(true);
+}
+
+void WriterDocument::mendBookmarks(const std::string& fileName) {
+    FileStore& files = content_->files();
+    const std::optional<std::string> mended = packageWithWholeBookmarks(files.read(fileName), fileName);
+    if (mended) files.save(fileName, [&](ByteSink& sink) { sink.write(*mended); });
+}
+
+void WriterDocument::Close(word::WdSaveOptions saveChanges) {
+    if (!content_->isOpen()) return;
+    if (saveChanges == word::WdSaveOptions::wdSaveChanges && !Saved()) Save();
+    content_->close();
+    if (const auto application = application_.lock()) application->remove(*this);
+}
+
+bool WriterDocument::Undo(int times) {
+    return times > 0 && content_->call([&] { return content_->undo(times); });
+}
+
+}  // namespace mergeloom::libreoffice

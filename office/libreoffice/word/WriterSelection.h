@@ -1,0 +1,48 @@
+#pragma once
+
+#include "office/libreoffice/word/WriterContent.h"
+#include "office/model/word/Selection.h"
+#include "office/model/word/Window.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+class WriterSelection final : public word::Selection {
+  public:
+    explicit WriterSelection(std::shared_ptr<WriterContent> content) : content_(std::move(content)) {}
+
+    word::RangePtr Range() override;
+    void SetText(const std::string& text) override;
+    void TypeText(const std::string& text) override;
+    void TypeParagraph() override { TypeText("\r"); }
+    void Collapse(word::WdCollapseDirection direction) override;
+
+    word::FontPtr Font() override;
+    word::BookmarksPtr Bookmarks() override;
+    word::FieldsPtr Fields() override;
+    word::InlineShapesPtr InlineShapes() override;
+    word::ShapeRangePtr ShapeRange() override;
+    word::TablesPtr Tables() override;
+
+  private:
+    /// What is selected now; the document is read by then.
+    [[nodiscard]] std::shared_ptr<LiveStretch> stretch() const;
+
+    std::shared_ptr<WriterContent> content_;
+};
+
+/// A document without a window has a selection all the same.
+class WriterWindow final : public word::Window {
+  public:
+    explicit WriterWindow(std::shared_ptr<WriterContent> content) : content_(std::move(content)) {}
+
+    word::SelectionPtr Selection() override { return std::make_shared<WriterSelection>(content_); }
+
+  private:
+    std::shared_ptr<WriterContent> content_;
+};
+
+}  // namespace mergeloom::libreoffice

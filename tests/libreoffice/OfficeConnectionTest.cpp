@@ -1,0 +1,83 @@
+#include "base/AutomationError.h"
+#include "doubles/MemoryFileStore.h"
+#include "libreoffice/OfficeProcesses.h"
+#include "office/libreoffice/session/LibreOfficeSession.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/text/XTextDocument.hpp>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+using ::testing::HasSubstr;
+using namespace std::chrono_literals;
+
+class OfficeConnectionTest : public ::testing::Test {
+  protected:
+    /// Asks the document for its text.
+    void ask() {
+        session.connection().call([this] {
+            return Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText()->getString();
+        });
+    }
+    AutomationError errorOfAsking() {
+        try {
+            ask();
+        } catch (const AutomationError& error) {
+            return error;
+        }
+        return {0, "no error"};
+    }
+
+    OwnTemporaryFolder temporary;
+    MemoryFileStore files;
+    LibreOfficeSession session{files, {60s, 2s}};
+    DocumentReference document = session.files().create(OfficePart::Word);
+};
+
+TEST_F(OfficeConnectionTest, tellsOfAnOfficeThatWasKilled) {
+    const auto start = std::chrono::steady_clock::now();
+    temporary.killWorkers();
+    const AutomationError error = errorOfAsking();
+    EXPECT_EQ(error.number(), kNotAvailable);
+    EXPECT_THAT(error.description(), HasSubstr("LibreOffice ended unexpectedly."));
+    EXPECT_EQ(errorOfAsking().number(), kNotAvailable) << "and stays so";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+}
+
+TEST_F(OfficeConnectionTest, endsAnOfficeThatHangs) {
+    EXPECT_EQ(errorOfAsking().number(), 0U);
+    const auto start = std::chrono::steady_clock::now();
+    ::kill(-session.process().group(), SIGSTOP);
+    const AutomationError error = errorOfAsking();
+    EXPECT_EQ(error.number(), kNotAvailable);
+    EXPECT_THAT(error.description(), HasSubstr("did not answer within 2 seconds and was ended"));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 2s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    EXPECT_FALSE(session.process().isRunning());
+}
+
+TEST_F(OfficeConnectionTest, tellsErrorsOfAnOfficeThatLivesApart) {
+    try {
+        session.connection().call([this] {
+            const Reference<css::beans::XPropertySet> properties(document, UNO_QUERY_THROW);
+            return properties->getPropertyValue("Nonsense");
+        });
+        ADD_FAILURE() << "no error";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), kCommandFailed);
+        EXPECT_THAT(error.description(), HasSubstr("Nonsense"));
+    }
+    session.files().close(document);
+    EXPECT_EQ(errorOfAsking().number(), kObjectDeleted);
+    document = session.files().create(OfficePart::Word);
+    EXPECT_EQ(errorOfAsking().number(), 0U) << "it goes on";
+}
+
+}  // namespace
+
+}  // namespace mergeloom::libreoffice

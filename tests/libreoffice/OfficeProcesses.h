@@ -1,0 +1,96 @@
+#pragma once
+
+#include "doubles/TemporaryFolder.h"
+
+#include <signal.h>
+#include <stdlib.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+/// What tests see and do of the processes of an office, past the code that is tested.
+namespace mergeloom {
+
+/// An environment variable that has a value for as long as this object lives.
+class Variable {
+  public:
+    Variable(std::string name, const std::string& value) : name_(std::move(name)) {
+        if (const char* const before = ::getenv(name_.c_str())) before_ = before;
+        ::setenv(name_.c_str(), value.c_str(), 1);
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+    ~Variable() {
+        if (before_) {
+            ::setenv(name_.c_str(), before_->c_str(), 1);
+        } else {
+            ::unsetenv(name_.c_str());
+        }
+    }
+
+  private:
+    std::string name_;
+    std::optional<std::string> before_;
+};
+
+/// Arguments end with a zero. Empty for a process that has ended.
+inline std::string commandLine(pid_t process) {
+    std::ostringstream text;
+    text << std::ifstream("/proc/" + std::to_string(process) + "/cmdline").rdbuf();
+    return text.str();
+}
+
+/// The processes whose command lines hold the text; those that ended have none.
+inline std::vector<pid_t> processesNaming(const std::string& text) {
+    std::vector<pid_t> found;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        const std::string name = entry.path().filename();
+        if (name.find_first_not_of("0123456789") != std::string::npos) continue;
+        const pid_t process = std::stoi(name);
+        if (commandLine(process).find(text) != std::string::npos) found.push_back(process);
+    }
+    return found;
+}
+
+template <typename Condition>
+bool becomesTrue(const Condition& condition, std::chrono::milliseconds bound = std::chrono::seconds(10)) {
+    const auto last = std::chrono::steady_clock::now() + bound;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= last) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return true;
+}
+
+/// The system's folder for temporary files is one of the test's own: what an office leaves behind shows.
+class OwnTemporaryFolder {
+  public:
+    [[nodiscard]] std::string operator/(const std::string& name) const { return folder_ / name; }
+    /// What stands in the folder.
+    [[nodiscard]] std::vector<std::string> entries() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+    /// The processes of all offices that were started by the test.
+    [[nodiscard]] std::vector<pid_t> processes() const { return processesNaming(folder_.path()); }
+    /// Kills their workers, as the system does when it is short of memory.
+    void killWorkers() const {
+        for (const pid_t process : processes())
+            if (std::filesystem::path(commandLine(process).c_str()).filename() == "soffice.bin")
+                ::kill(process, SIGKILL);
+    }
+
+  private:
+    TemporaryFolder folder_;
+    Variable variable_{"TMPDIR", folder_.path()};
+};
+
+}  // namespace mergeloom

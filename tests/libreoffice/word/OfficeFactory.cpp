@@ -1,0 +1,20 @@
+#include "office/factory/OfficeFactory.h"
+
+#include "libreoffice/word/SharedOffice.h"
+#include "office/embedded/excel/EmbeddedExcel.h"
+#include "office/libreoffice/word/WriterOffice.h"
+
+namespace mergeloom {
+
+// In this program the factory gives Writer to whoever asks for Word, so that what is tested over our own
+// engine is tested over Writer unchanged.
+
+word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files) {
+    return libreoffice::makeWordApplication(sharedOffice(files), files);
+}
+
+excel::ApplicationPtr makeExcelApplication(OfficeKind, FileStore& files) {
+    return embedded::makeExcelApplication(files);
+}
+
+}  // namespace mergeloom

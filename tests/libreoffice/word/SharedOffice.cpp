@@ -1,0 +1,40 @@
+#include "libreoffice/word/SharedOffice.h"
+
+#include <gtest/gtest.h>
+
+namespace mergeloom {
+
+namespace {
+
+/// Stands for the store of the test that runs.
+class CurrentStore final : public FileStore {
+  public:
+    bool fileExists(const std::string& path) override { return files->fileExists(path); }
+    std::string read(const std::string& path) override { return files->read(path); }
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override {
+        files->save(path, writer);
+    }
+
+    FileStore* files = nullptr;
+};
+
+CurrentStore currentStore;
+std::shared_ptr<libreoffice::LibreOfficeSession> office;
+
+/// Ends the office before the program's end, where nothing that it needs is left.
+class OfficeEnd final : public testing::Environment {
+  public:
+    void TearDown() override { office.reset(); }
+};
+
+const testing::Environment* const kEnd = testing::AddGlobalTestEnvironment(new OfficeEnd);
+
+}  // namespace
+
+std::shared_ptr<libreoffice::LibreOfficeSession> sharedOffice(FileStore& files) {
+    currentStore.files = &files;
+    if (!office) office = std::make_shared<libreoffice::LibreOfficeSession>(currentStore);
+    return office;
+}
+
+}  // namespace mergeloom
