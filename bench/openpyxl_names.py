@@ -18,7 +18,7 @@ from labelled_fields import labelled_fields
 def put_fields(workbook, structure_file, first_row, column):
     sheet = workbook.active
     for row, (caption, name) in enumerate(labelled_fields(structure_file), first_row):
-        sheet.cell(row, column, caption)
+        sheet.cell(row, column, caption + ":")
         place = sheet.cell(row, column + 1, f"[{name}]")
         reference = f"{quote_sheetname(sheet.title)}!{absolute_coordinate(place.coordinate)}"
         workbook.defined_names.append(DefinedName("amm" + name, attr_text=reference))
