@@ -98,12 +98,12 @@ TEST(PictureParts, takesAPictureOutWithItsLastRelationship) {
     const ReleasedPicture last = pictures.release(kHeader, inHeader);
     EXPECT_FALSE(package.hasPart(picture));
 
-    const std::string again = pictures.restore(kHeader, last);
+    pictures.restore(kHeader, last);
     EXPECT_EQ(package.readPart(picture), gif("a"));
     Relationships& ofHeader = package.relationshipsOf(kHeader);
-    EXPECT_EQ(ofHeader.targetPart(*ofHeader.find(again)), picture);
+    EXPECT_EQ(ofHeader.targetPart(*ofHeader.find(inHeader)), picture);
     (void)addTo(pictures, kDocument, gif("a"));
-    (void)pictures.release(kHeader, again);
+    (void)pictures.release(kHeader, inHeader);
     EXPECT_TRUE(package.hasPart(picture));
 }
 

@@ -82,6 +82,10 @@ std::string Relationships::addPart(const std::string& type, const std::string& p
     return add({freeId(), type, targetFrom(sourcePart_, partName), TargetMode::Internal});
 }
 
+void Relationships::restorePart(const std::string& id, const std::string& type, const std::string& partName) {
+    add({id, type, targetFrom(sourcePart_, partName), TargetMode::Internal});
+}
+
 std::string Relationships::addExternal(const std::string& type, const std::string& target) {
     return add({freeId(), type, target, TargetMode::External});
 }

@@ -47,6 +47,8 @@ class Relationships {
 
     /// Adds a relationship to a part and answers its new id.
     std::string addPart(const std::string& type, const std::string& partName);
+    /// Brings a relationship to a part back that was removed, under the id that it had. The id is free.
+    void restorePart(const std::string& id, const std::string& type, const std::string& partName);
     /// Adds a relationship to a resource outside of the package and answers its new id.
     std::string addExternal(const std::string& type, const std::string& target);
     /// False when there is none of that id.

@@ -47,7 +47,8 @@ ReleasedPicture PictureParts::release(const std::string& documentPart, const std
     Relationships& relationships = package_.relationshipsOf(documentPart);
     const Relationship& relationship = *relationships.find(relationshipId);
     const std::string partName = relationships.targetPart(relationship);
-    ReleasedPicture released{relationship.type, partName, package_.contentTypes().of(partName), {}};
+    ReleasedPicture released{
+        relationshipId, relationship.type, partName, package_.contentTypes().of(partName), {}};
     const std::string key = partKey(partName);
     const bool isLast = (*uses_)[key] == 1 && package_.hasPart(partName);
     if (isLast) released.bytes = package_.readPart(partName);
@@ -59,10 +60,11 @@ ReleasedPicture PictureParts::release(const std::string& documentPart, const std
     return released;
 }
 
-std::string PictureParts::restore(const std::string& documentPart, const ReleasedPicture& released) {
+void PictureParts::restore(const std::string& documentPart, const ReleasedPicture& released) {
     if (released.bytes) package_.addPart(released.partName, released.contentType, *released.bytes);
     if (uses_) ++(*uses_)[partKey(released.partName)];
-    return package_.relationshipsOf(documentPart).addPart(released.relationshipType, released.partName);
+    package_.relationshipsOf(documentPart)
+        .restorePart(released.relationshipId, released.relationshipType, released.partName);
 }
 
 void PictureParts::countUses() {

@@ -14,6 +14,7 @@ namespace mergeloom::embedded {
 
 /// A relationship to a picture that was taken out, and the picture where it went along.
 struct ReleasedPicture {
+    std::string relationshipId;
     std::string relationshipType;
     std::string partName;
     std::string contentType;
@@ -37,8 +38,8 @@ class PictureParts {
     /// Takes a relationship of a part to a picture out, and the picture's part when no relationship of the
     /// package leads to it any more.
     ReleasedPicture release(const std::string& documentPart, const std::string& relationshipId);
-    /// Brings back what release took out; the relationship has a new id.
-    std::string restore(const std::string& documentPart, const ReleasedPicture& released);
+    /// Brings back what release took out, the relationship under its former id, which is free.
+    void restore(const std::string& documentPart, const ReleasedPicture& released);
 
   private:
     void readMedia();

@@ -147,16 +147,6 @@ std::vector<std::string> DrawingPart::usedOnlyBy(ShapeId shape) const {
     return ids;
 }
 
-void DrawingPart::renameRelationship(ShapeId shape, const std::string& from, const std::string& to) {
-    for (pugi::xml_attribute reference : referencesIn(node(shape))) {
-        if (reference.value() != from) continue;
-        reference.set_value(to.c_str());
-        --uses_[from];
-        ++uses_[to];
-    }
-    state_.change([] {});
-}
-
 void DrawingPart::enter(ShapeId shape, pugi::xml_node node) {
     Shape& entered = shapes_[shape];
     entered = {node, nameOfShape(node)};

@@ -50,8 +50,6 @@ class DrawingPart {
     [[nodiscard]] int uses(const std::string& relationshipId) const;
     /// The relationships that nothing but the shape refers to.
     [[nodiscard]] std::vector<std::string> usedOnlyBy(ShapeId shape) const;
-    /// Lets a shape refer to a relationship by another id, for good.
-    void renameRelationship(ShapeId shape, const std::string& from, const std::string& to);
 
   private:
     struct Shape {

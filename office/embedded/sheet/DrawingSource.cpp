@@ -123,17 +123,13 @@ void DrawingSource::releasePictures(DrawingPart& drawing, DrawingPart::ShapeId s
         const Relationship* const relationship = relationships.find(id);
         const bool isPicture = relationship != nullptr && relationship->mode == TargetMode::Internal &&
                                officeShortName(relationship->type) == "image";
-        if (isPicture) releasePicture(drawing, shape, id);
+        if (isPicture) releasePicture(relationships.sourcePart(), id);
     }
 }
 
-void DrawingSource::releasePicture(DrawingPart& drawing, DrawingPart::ShapeId shape,
-                                   const std::string& relationshipId) {
-    const std::string& source = drawing.xml().partName();
+void DrawingSource::releasePicture(const std::string& source, const std::string& relationshipId) {
     ReleasedPicture released = pictures_.release(source, relationshipId);
-    undo_.record([this, &drawing, shape, source, relationshipId, released = std::move(released)] {
-        drawing.renameRelationship(shape, relationshipId, pictures_.restore(source, released));
-    });
+    undo_.record([this, source, released = std::move(released)] { pictures_.restore(source, released); });
 }
 
 }  // namespace mergeloom::embedded

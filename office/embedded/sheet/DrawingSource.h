@@ -36,7 +36,7 @@ class DrawingSource {
     void load();
     void create();
     [[nodiscard]] std::string freePartName() const;
-    void releasePicture(DrawingPart& drawing, DrawingPart::ShapeId shape, const std::string& relationshipId);
+    void releasePicture(const std::string& source, const std::string& relationshipId);
 
     Package& package_;
     SheetPart& sheet_;
