@@ -48,6 +48,7 @@ WorkbookPart::WorkbookPart(Package& package, UndoLog& undo) : package_(package),
                         "its part " + quoted(name) + " has no root element " + quoted("workbook"));
     }
     sheets_ = readSheets(part_->root(), name, package);
+    activeSheet_ = readActiveSheet();
     names_.emplace(*part_, state_, sheets_.size());
 }
 
@@ -55,7 +56,7 @@ bool WorkbookPart::canBeActive(std::size_t index) const {
     return index < sheets_.size() && !sheets_[index].hidden;
 }
 
-std::size_t WorkbookPart::activeSheet() const {
+std::size_t WorkbookPart::readActiveSheet() const {
     const std::size_t named = view().attribute("activeTab").as_uint();
     if (canBeActive(named)) return named;
     return static_cast<std::size_t>(std::ranges::find(sheets_, false, &SheetEntry::hidden) - sheets_.begin());
@@ -67,6 +68,8 @@ void WorkbookPart::setActiveSheet(std::size_t index) {
     }
     if (index == activeSheet()) return;
     setAttribute(ensureView(), "activeTab", std::to_string(index), state_);
+    state_.change([this, former = activeSheet_] { activeSheet_ = former; });
+    activeSheet_ = index;
 }
 
 pugi::xml_node WorkbookPart::view() const {

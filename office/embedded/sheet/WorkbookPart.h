@@ -29,7 +29,7 @@ class WorkbookPart {
     [[nodiscard]] const std::vector<SheetEntry>& sheets() const { return sheets_; }
     /// The index of the active sheet; that of the first visible one where the workbook names none or a hidden
     /// one.
-    [[nodiscard]] std::size_t activeSheet() const;
+    [[nodiscard]] std::size_t activeSheet() const { return activeSheet_; }
     /// Raises kApplicationDefined for a sheet that is hidden or not there.
     void setActiveSheet(std::size_t index);
 
@@ -45,6 +45,7 @@ class WorkbookPart {
     void store();
 
   private:
+    [[nodiscard]] std::size_t readActiveSheet() const;
     [[nodiscard]] bool canBeActive(std::size_t index) const;
     [[nodiscard]] pugi::xml_node view() const;
     pugi::xml_node ensureView();
@@ -54,6 +55,7 @@ class WorkbookPart {
     PartState state_;
     std::unique_ptr<XmlPart> part_;
     std::vector<SheetEntry> sheets_;
+    std::size_t activeSheet_ = 0;
     std::optional<DefinedNames> names_;
 };
 
