@@ -28,8 +28,7 @@ class CalcUndoRecord final : public model::UndoRecord {
 
 CalcArea areaOf(excel::Range& range) {
     const CalcCell first{range.Row(), range.Column()};
-    return {first,
-            {first.row + range.Rows()->Count() - 1, first.column + range.Columns()->Count() - 1}};
+    return {first, {first.row + range.Rows()->Count() - 1, first.column + range.Columns()->Count() - 1}};
 }
 
 }  // namespace

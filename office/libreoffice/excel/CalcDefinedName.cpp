@@ -32,7 +32,8 @@ void CalcDefinedName::SetRefersToLocal(const std::string& formula) {
     const Reference<css::sheet::XNamedRange> name = uno();
     content_->touch();
     content_->connection().call([&] {
-        if (const auto* const text = std::get_if<std::string>(&meaning)) return name->setContent(toUno(*text));
+        if (const auto* const text = std::get_if<std::string>(&meaning))
+            return name->setContent(toUno(*text));
         const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
         tokens->setTokens(std::get<css::uno::Sequence<css::sheet::FormulaToken>>(meaning));
     });

@@ -59,8 +59,8 @@ bool holds(CalcContent& content, std::size_t sheet, const CalcCell& cell, const 
 
 std::optional<CalcCell> anchorOf(CalcContent& content, const CalcShapeEntry& entry) {
     return content.connection().call([&]() -> std::optional<CalcCell> {
-        const Reference<css::sheet::XCellAddressable> cell(
-            propertiesOf(entry)->getPropertyValue("Anchor"), UNO_QUERY);
+        const Reference<css::sheet::XCellAddressable> cell(propertiesOf(entry)->getPropertyValue("Anchor"),
+                                                           UNO_QUERY);
         if (!cell.is()) return {};
         const css::table::CellAddress address = cell->getCellAddress();
         return CalcCell{address.Row + 1, address.Column + 1};

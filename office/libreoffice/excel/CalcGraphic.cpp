@@ -21,9 +21,10 @@ Reference<css::graphic::XGraphic> decode(OfficeConnection& connection, const std
     return connection.call([&] {
         css::beans::PropertyValue input;
         input.Name = "InputStream";
-        input.Value <<= css::io::SequenceInputStream::createStreamFromSequence(connection.context(),
-                                                                                sequenceOf(bytes));
-        return css::graphic::GraphicProvider::create(connection.context())->queryGraphic({input});
+        input.Value <<=
+            css::io::SequenceInputStream::createStreamFromSequence(connection.context(), sequenceOf(bytes));
+        return css::graphic::GraphicProvider::create(connection.context())
+            ->queryGraphic(css::uno::Sequence<css::beans::PropertyValue>(&input, 1));
     });
 } catch (const AutomationError& error) {
     if (error.number() == kNotAvailable) throw;
@@ -32,7 +33,8 @@ Reference<css::graphic::XGraphic> decode(OfficeConnection& connection, const std
 
 sal_Int32 lengthOf(Emu length) {
     constexpr std::int64_t kEmuPerLength = 360;
-    return static_cast<sal_Int32>(std::max<std::int64_t>(1, (length.value + kEmuPerLength / 2) / kEmuPerLength));
+    return static_cast<sal_Int32>(
+        std::max<std::int64_t>(1, (length.value + kEmuPerLength / 2) / kEmuPerLength));
 }
 
 }  // namespace

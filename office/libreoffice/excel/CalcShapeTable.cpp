@@ -16,6 +16,14 @@ void setName(const CalcShapeEntry& entry, const std::string& name) {
     Reference<css::container::XNamed>(entry.shape, UNO_QUERY_THROW)->setName(toUno(name));
 }
 
+// The SDK calls the interface deprecated, but a sheet has no other one that leads to its page.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+Reference<css::drawing::XDrawPage> pageOf(const Reference<css::sheet::XSpreadsheet>& sheet) {
+    return Reference<css::drawing::XDrawPageSupplier>(sheet, UNO_QUERY_THROW)->getDrawPage();
+}
+#pragma GCC diagnostic pop
+
 void setVisible(const CalcShapeEntry& entry, bool isVisible) {
     const Reference<css::beans::XPropertySet> properties(entry.shape, UNO_QUERY_THROW);
     properties->setPropertyValue("Visible", css::uno::Any(isVisible));
@@ -23,11 +31,10 @@ void setVisible(const CalcShapeEntry& entry, bool isVisible) {
 
 }  // namespace
 
-CalcShapeTable::CalcShapeTable(OfficeConnection& connection,
-                               const Reference<css::sheet::XSpreadsheet>& sheet)
+CalcShapeTable::CalcShapeTable(OfficeConnection& connection, const Reference<css::sheet::XSpreadsheet>& sheet)
     : connection_(connection) {
     connection_.call([&] {
-        page_ = Reference<css::drawing::XDrawPageSupplier>(sheet, UNO_QUERY_THROW)->getDrawPage();
+        page_ = pageOf(sheet);
         for (sal_Int32 index = 0, count = page_->getCount(); index < count; ++index) {
             const Reference<css::drawing::XShape> shape(page_->getByIndex(index), UNO_QUERY_THROW);
             const Reference<css::container::XNamed> named(shape, UNO_QUERY);

@@ -100,8 +100,8 @@ void CalcSheet::checkMayChange(const char* what) {
 
 void CalcSheet::checkMayWrite(const CalcArea& area) {
     const bool isOne = area.first == area.last;
-    const std::string what = (isOne ? "The cell " : "A cell of ") + absoluteAddressOf(area) +
-                             " of the sheet '" + name_ + "' ";
+    const std::string what =
+        (isOne ? "The cell " : "A cell of ") + absoluteAddressOf(area) + " of the sheet '" + name_ + "' ";
     if (isProtected() && isLocked(area)) {
         refuse(what + "is protected. Take the sheet's protection off first.");
     }

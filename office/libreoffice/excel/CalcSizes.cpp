@@ -59,8 +59,9 @@ ColumnWidth columnWidth(CalcContent& content, std::size_t sheet, int column) {
 }
 
 Points rowHeight(CalcContent& content, std::size_t sheet, int row) {
-    const sal_Int32 length = content.connection().call(
-        [&] { return lengthIn(rowsOf(content.sheet(sheet), {{row, 1}, {row, 1}}), "Height"); });
+    const sal_Int32 length = content.connection().call([&] {
+        return lengthIn(rowsOf(content.sheet(sheet), {{row, 1}, {row, 1}}), "Height");
+    });
     constexpr double kPointsPerPixel = 0.75;
     return {pixelsOf(length) * kPointsPerPixel};
 }

@@ -31,7 +31,8 @@ std::string writtenNumber(double number) {
     return text;
 }
 
-bool isNumber(const Reference<css::table::XCell>& cell, const Reference<css::beans::XPropertySet>& properties) {
+bool isNumber(const Reference<css::table::XCell>& cell,
+              const Reference<css::beans::XPropertySet>& properties) {
     if (cell->getType() == css::table::CellContentType_VALUE) return true;
     if (cell->getType() != css::table::CellContentType_FORMULA || cell->getError() != 0) return false;
     sal_Int32 result = 0;
