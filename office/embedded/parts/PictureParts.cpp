@@ -18,15 +18,6 @@ bool isMedia(const std::string& partName) {
     return folderOf(partKey(partName)).ends_with("/media/");
 }
 
-/// The relationship of an image type that leads to a part already; empty when there is none.
-std::string findRelationship(const Relationships& relationships, const std::string& partName) {
-    for (const Relationship* relationship : relationships.ofOfficeType("image")) {
-        if (relationship->mode != TargetMode::Internal) continue;
-        if (partKey(relationships.targetPart(*relationship)) == partKey(partName)) return relationship->id;
-    }
-    return {};
-}
-
 }  // namespace
 
 std::string PictureParts::add(const std::string& documentPart, std::string bytes,
@@ -55,14 +46,17 @@ ReleasedPicture PictureParts::release(const std::string& documentPart, const std
     --(*uses_)[key];
     relationships.remove(relationshipId);
     // Its id may be given to another relationship.
-    relationshipIds_.erase({partKey(documentPart), key});
+    const auto known = relationshipIds_.find({partKey(documentPart), key});
+    if (known != relationshipIds_.end() && known->second == relationshipId) relationshipIds_.erase(known);
     if (isLast) package_.removePart(partName);
     return released;
 }
 
 void PictureParts::restore(const std::string& documentPart, const ReleasedPicture& released) {
     if (released.bytes) package_.addPart(released.partName, released.contentType, *released.bytes);
-    if (uses_) ++(*uses_)[partKey(released.partName)];
+    const std::string key = partKey(released.partName);
+    if (uses_) ++(*uses_)[key];
+    relationshipIds_.emplace(std::pair(partKey(documentPart), key), released.relationshipId);
     package_.relationshipsOf(documentPart)
         .restorePart(released.relationshipId, released.relationshipType, released.partName);
 }
@@ -120,15 +114,26 @@ std::string PictureParts::addPart(const std::string& folder, std::string bytes, 
 }
 
 std::string PictureParts::relationshipTo(const std::string& documentPart, const std::string& partName) {
+    readRelationships(documentPart);
     Relationships& relationships = package_.relationshipsOf(documentPart);
     std::string& id = relationshipIds_[{partKey(documentPart), partKey(partName)}];
-    // Looked for once only: a document with thousands of pictures has thousands of relationships.
-    if (id.empty()) id = findRelationship(relationships, partName);
     if (relationships.find(id) == nullptr) {
         id = relationships.addPart(officeRelationshipType("image", package_.conformance()), partName);
         if (uses_) ++(*uses_)[partKey(partName)];
     }
     return id;
+}
+
+void PictureParts::readRelationships(const std::string& documentPart) {
+    // Once only: a document with thousands of pictures has thousands of relationships.
+    const std::string source = partKey(documentPart);
+    if (!sourcesRead_.insert(source).second) return;
+    const Relationships& relationships = package_.relationshipsOf(documentPart);
+    for (const Relationship* relationship : relationships.ofOfficeType("image")) {
+        if (relationship->mode != TargetMode::Internal) continue;
+        relationshipIds_.emplace(std::pair(source, partKey(relationships.targetPart(*relationship))),
+                                 relationship->id);
+    }
 }
 
 }  // namespace mergeloom::embedded

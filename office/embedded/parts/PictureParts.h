@@ -47,6 +47,7 @@ class PictureParts {
     [[nodiscard]] std::string partWith(const std::string& bytes, const PictureFile& picture) const;
     std::string addPart(const std::string& folder, std::string bytes, const PictureFile& picture);
     void countUses();
+    void readRelationships(const std::string& documentPart);
     std::string relationshipTo(const std::string& documentPart, const std::string& partName);
 
     Package& package_;
@@ -55,6 +56,7 @@ class PictureParts {
     std::set<std::string> stems_;  ///< keys of the parts without their extensions
     std::int64_t lastNumber_ = 0;
     std::map<std::pair<std::string, std::string>, std::string> relationshipIds_;  ///< by source and target
+    std::set<std::string> sourcesRead_;  ///< the parts whose relationships were looked at, by their keys
     /// How many relationships lead to a part, by its key; counted when the first one is taken out.
     std::optional<std::map<std::string, std::int64_t>> uses_;
 };
