@@ -27,8 +27,17 @@ FLOORS = {
     ],
     "office/libreoffice/entry": ["office/model", "base"],
     "office/libreoffice/session": ["office/model", "base"],
+    # Both offices read from a picture's file how large it is, so that they agree, and see to what LibreOffice
+    # writes wrongly.
+    "office/libreoffice/word": [
+        "office/libreoffice/session", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+    ],
+    "office/libreoffice/excel": [
+        "office/libreoffice/session", "office/embedded/parts", "office/model", "base",
+    ],
     "office/libreoffice/module": [
-        "office/libreoffice/session", "office/libreoffice/entry", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel",
+        "office/libreoffice/entry", "office/model", "base",
     ],
     "office/factory": [
         "office/embedded/word", "office/embedded/excel", "office/libreoffice/entry", "office/model", "base",
@@ -42,7 +51,7 @@ LIBRARIES = {
     "unicode/": ["base"],
     "libxml/": ["xml"],
     "libdeflate.h": ["office/embedded/package"],
-    **{library: ["office/libreoffice/session", "office/libreoffice/module"]
+    **{library: ["office/libreoffice/" + floor for floor in ("session", "word", "excel", "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
     "pugixml.hpp": [
         "xml", "office/embedded/package", "office/embedded/parts", "office/embedded/text",

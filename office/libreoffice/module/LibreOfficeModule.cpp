@@ -1,6 +1,7 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/entry/OfficeModule.h"
 #include "office/libreoffice/session/LibreOfficeConverter.h"
+#include "office/libreoffice/word/WriterOffice.h"
 
 namespace mergeloom::libreoffice {
 
@@ -13,7 +14,9 @@ namespace {
 
 class LibreOfficeModule final : public OfficeModule {
   public:
-    word::ApplicationPtr makeWordApplication(FileStore&) override { refusePart("Microsoft Word"); }
+    word::ApplicationPtr makeWordApplication(FileStore& files) override {
+        return libreoffice::makeWordApplication(std::make_shared<LibreOfficeSession>(files), files);
+    }
     excel::ApplicationPtr makeExcelApplication(FileStore&) override { refusePart("Microsoft Excel"); }
     std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
         return std::make_unique<LibreOfficeConverter>(files);

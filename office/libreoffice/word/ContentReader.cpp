@@ -67,38 +67,35 @@ void ContentReader::readTables() {
 bool ContentReader::placeTable(const std::string& name) {
     const Reference<css::text::XTextTable> table(model_.tables->getTextTables()->getByName(toUno(name)),
                                                  UNO_QUERY_THROW);
-    const FoundText parent = textOf(table->getAnchor());
-    if (!parent.story) return false;
     const auto found = std::make_shared<MappedTable>();
     found->name = name;
     found->rows = rowsOfCells(cellsOf(table));
-    if (found->rows.empty()) return true;
+    const RangeReference behind = placeBehind(table);
+    const FoundText parent = behind.is() ? textOf(behind) : FoundText{};
+    if (!parent.story) return false;
+    // A table takes no step of a cursor, so what stands behind it says where it stands.
+    const std::int64_t steps = stepsBefore(parent.story->textOf(parent.key), behind);
     StoryMap& map = parent.story->map();
-    found->start = map.positionOf({parent.key, stepsBeforeTable(table, parent)});
+    found->start = map.positionOf({parent.key, steps});
     map.insertTable(found);
     return true;
 }
 
-/// The view's cursor is the one that leaves a table; what it finds before the first cell is the place before
-/// it.
-std::int64_t ContentReader::stepsBeforeTable(const Reference<css::text::XTextTable>& table,
-                                             const FoundText& parent) {
+/// The view's cursor is the one that leaves a table. Behind the last cell there may be more that others
+/// cover.
+RangeReference ContentReader::placeBehind(const Reference<css::text::XTextTable>& table) {
     const Reference<css::text::XTextViewCursorSupplier> view(model_.model->getCurrentController(),
                                                              UNO_QUERY_THROW);
     const auto cursor = view->getViewCursor();
     const css::uno::Sequence<OUString> names = table->getCellNames();
-    const TextReference cell(table->getCellByName(names[0]), UNO_QUERY_THROW);
-    cursor->gotoRange(cell->getStart(), false);
-    if (!cursor->goLeft(1, false)) return 0;
-    const Reference<css::text::XTextRange> before = cursor->getStart();
-    const FoundText found = textOf(before);
-    if (found.story == parent.story && found.key == parent.key) {
-        return stepsBefore(parent.story->textOf(parent.key), before) + 1;
+    const TextReference last(table->getCellByName(names[names.getLength() - 1]), UNO_QUERY_THROW);
+    cursor->gotoRange(last->getEnd(), false);
+    while (cursor->goRight(1, false)) {
+        const RangeReference place = cursor->getStart();
+        const Reference<css::uno::XInterface> found = around(place, "TextTable");
+        if (!found.is() || nameOf(found) != nameOf(table)) return place;
     }
-    const bool followsTable =
-        found.story == parent.story && found.key.table && found.key.table != parent.key.table;
-    if (!followsTable) return 0;
-    return parent.story->map().placeOf(found.key.table->end()).steps;
+    return {};
 }
 
 void ContentReader::readMarks(MarkTable& marks) {
@@ -143,6 +140,7 @@ FoundText ContentReader::textOf(const Reference<css::text::XTextRange>& range) {
         return cellOf(nameOf(table), cellName(around(range, "Cell")));
     }
     const TextReference text = range->getText();
+    if (!text.is()) return {};
     // A bookmark that begins in a table names the cell's text for its end behind the table, too.
     const Reference<css::beans::XPropertySet> properties(text, UNO_QUERY);
     const bool isCell = properties.is() && properties->getPropertySetInfo()->hasPropertyByName("CellName");

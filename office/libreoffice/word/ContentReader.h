@@ -35,8 +35,7 @@ class ContentReader {
 
   private:
     bool placeTable(const std::string& name);
-    [[nodiscard]] std::int64_t stepsBeforeTable(const Reference<css::text::XTextTable>& table,
-                                                const FoundText& parent);
+    [[nodiscard]] RangeReference placeBehind(const Reference<css::text::XTextTable>& table);
     void readMark(MarkTable& marks, const std::string& name);
     FoundText textOf(const Reference<css::text::XTextRange>& range);
     FoundText cellOf(const std::string& table, const std::string& cell);

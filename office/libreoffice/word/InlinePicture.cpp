@@ -66,7 +66,8 @@ void InlinePicture::insert(WriterStory& story, CharacterPosition position) const
     properties->setPropertyValue("Width", css::uno::Any(hundredths(width)));
     properties->setPropertyValue("Height", css::uno::Any(hundredths(height)));
     const TextReference& text = story.textOf(story.map().placeOf(position).text);
-    text->insertTextContent(rangeOf(cursor), Reference<css::text::XTextContent>(made, UNO_QUERY_THROW), false);
+    text->insertTextContent(rangeOf(cursor), Reference<css::text::XTextContent>(made, UNO_QUERY_THROW),
+                            false);
 }
 
 }  // namespace mergeloom::libreoffice

@@ -25,8 +25,9 @@ void MarkWriter::put(const WriterModel& model, MarkRecord& mark) {
         putOverCells(story, from, to, bookmark);
     } else {
         const TextReference& text = story.textOf(from.text);
+        const NeedleText way = story.needleText(from.text);
         const CursorReference& cursor =
-            from.steps == to.steps ? needle_.at(text, from.steps) : needle_.over(text, from.steps, to.steps);
+            from.steps == to.steps ? needle_.at(way, from.steps) : needle_.over(way, from.steps, to.steps);
         text->insertTextContent(rangeOf(cursor), bookmark, true);
     }
     mark.inWriter = stretch;
@@ -36,9 +37,10 @@ void MarkWriter::put(const WriterModel& model, MarkRecord& mark) {
 void MarkWriter::putOverCells(WriterStory& story, const TextPlace& from, const TextPlace& to,
                               const Reference<css::text::XTextContent>& bookmark) {
     const TextReference& first = story.textOf(from.text);
-    const CursorReference cursor = first->createTextCursorByRange(rangeOf(needle_.at(first, from.steps)));
+    const CursorReference cursor =
+        first->createTextCursorByRange(rangeOf(needle_.at(story.needleText(from.text), from.steps)));
     const TextReference& last = story.textOf(to.text);
-    cursor->gotoRange(rangeOf(needle_.at(last, to.steps)), true);
+    cursor->gotoRange(rangeOf(needle_.at(story.needleText(to.text), to.steps)), true);
     last->insertTextContent(rangeOf(cursor), bookmark, true);
 }
 

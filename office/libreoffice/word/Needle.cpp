@@ -42,25 +42,40 @@ void Needle::move(std::int64_t by, bool expand) {
     if (!expand) mark_ = point_;
 }
 
-const CursorReference& Needle::at(const TextReference& text, std::int64_t steps) {
-    enter(text);
+/// Over a table it goes by a step of its own.
+void Needle::go(const NeedleText& text, std::int64_t steps, bool expand) {
+    const std::int64_t from = point_;
+    for (const std::int64_t behind : text.behindTables) {
+        if (from >= behind || steps < behind) continue;
+        move(behind - 1 - point_, expand);
+        move(1, expand);
+    }
+    for (auto behind = text.behindTables.rbegin(); behind != text.behindTables.rend(); ++behind) {
+        if (from < *behind || steps >= *behind) continue;
+        move(*behind - point_, expand);
+        move(-1, expand);
+    }
+    move(steps - point_, expand);
+}
+
+const CursorReference& Needle::at(const NeedleText& text, std::int64_t steps) {
+    enter(text.text);
     collapse();
     if (steps < std::abs(steps - point_)) {
         cursor_->gotoStart(false);
         point_ = mark_ = 0;
     }
-    move(steps - point_, false);
+    go(text, steps, false);
     return cursor_;
 }
 
-const CursorReference& Needle::over(const TextReference& text, std::int64_t from, std::int64_t to) {
-    enter(text);
+const CursorReference& Needle::over(const NeedleText& text, std::int64_t from, std::int64_t to) {
+    enter(text.text);
     collapse();
     // From the end that is nearer: what was just typed lies before the cursor.
     const bool backwards = std::abs(to - point_) < std::abs(from - point_);
     at(text, backwards ? to : from);
-    move(backwards ? from - to : to - from, true);
-    from_ = from;
+    go(text, backwards ? from : to, true);
     return cursor_;
 }
 

@@ -134,6 +134,13 @@ CharacterPosition StoryMap::positionOf(const TextPlace& place) const {
     return position;
 }
 
+std::vector<std::int64_t> StoryMap::stepsBehindTables(const TextKey& text) const {
+    std::vector<std::int64_t> steps;
+    for (const TablePtr& table : tablesIn(text))
+        steps.push_back(placeOf(table->end()).steps);
+    return steps;
+}
+
 std::vector<MarkPtr> StoryMap::marksIn(Stretch stretch) const {
     std::vector<MarkPtr> found;
     std::ranges::copy_if(marks_, std::back_inserter(found),

@@ -36,6 +36,8 @@ class StoryMap {
 
     [[nodiscard]] TextPlace placeOf(CharacterPosition position) const;
     [[nodiscard]] CharacterPosition positionOf(const TextPlace& place) const;
+    /// The places right behind the tables that stand in the text itself, in order.
+    [[nodiscard]] std::vector<std::int64_t> stepsBehindTables(const TextKey& text) const;
     /// In place order, an outer table before those inside it.
     [[nodiscard]] const std::vector<TablePtr>& tables() const { return tables_; }
     /// The innermost table that holds the position, or none.

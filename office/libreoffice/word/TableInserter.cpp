@@ -45,7 +45,8 @@ TablePtr TableInserter::insert(WriterStory& story, CharacterPosition position, i
         content_.model().factory->createInstance("com.sun.star.text.TextTable"), UNO_QUERY_THROW);
     made->initialize(rows, columns);
     const Reference<css::text::XTextContent> inserted(made.get());
-    text->insertTextContent(rangeOf(content_.needle().at(text, place.steps)), inserted, false);
+    text->insertTextContent(rangeOf(content_.needle().at(story.needleText(place.text), place.steps)),
+                            inserted, false);
     content_.needle().forget();
     Reference<css::beans::XPropertySet>(made, UNO_QUERY_THROW)
         ->setPropertyValue("RepeatHeadline", css::uno::Any(false));

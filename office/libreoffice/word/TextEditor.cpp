@@ -135,7 +135,8 @@ void TextEditor::removeWithinText(WriterStory& story, Stretch stretch) {
         throw AutomationError(kCommandFailed, "The range covers a part of a table's structure.");
     }
     content_.cursorOver(story, stretch)->setString(OUString());
-    content_.needle().emptied();
+    // A cursor whose text was taken out keeps two ends, which the next text would drive apart.
+    content_.needle().forget();
     story.map().removeText(stretch);
 }
 
@@ -171,7 +172,8 @@ void TextEditor::insertPlain(WriterStory& story, CharacterPosition position, con
     const TextPlace place = story.map().placeOf(position);
     const TextReference& writerText = story.textOf(place.text);
     const OUString inserted = toUno(text);
-    writerText->insertString(rangeOf(content_.needle().at(writerText, place.steps)), inserted, false);
+    const NeedleText way = story.needleText(place.text);
+    writerText->insertString(rangeOf(content_.needle().at(way, place.steps)), inserted, false);
     content_.needle().passed(inserted.getLength());
     story.map().insertText(position, {inserted.getLength()});
 }
@@ -179,7 +181,7 @@ void TextEditor::insertPlain(WriterStory& story, CharacterPosition position, con
 void TextEditor::insertBreak(WriterStory& story, CharacterPosition position, char character) {
     const TextPlace place = story.map().placeOf(position);
     const TextReference& text = story.textOf(place.text);
-    const CursorReference& cursor = content_.needle().at(text, place.steps);
+    const CursorReference& cursor = content_.needle().at(story.needleText(place.text), place.steps);
     const auto kind = character == '\v' ? css::text::ControlCharacter::LINE_BREAK
                                         : css::text::ControlCharacter::PARAGRAPH_BREAK;
     text->insertControlCharacter(rangeOf(cursor), kind, false);

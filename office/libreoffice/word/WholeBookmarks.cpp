@@ -27,6 +27,7 @@ struct Marks {
 
 constexpr std::string_view kStart = "<w:bookmarkStart ";
 constexpr std::string_view kEnd = "<w:bookmarkEnd ";
+constexpr std::string_view kTableEnd = "</w:tbl>";
 
 std::string attribute(std::string_view tag, std::string_view name) {
     const std::string before = " " + std::string(name) + "=\"";
@@ -57,6 +58,17 @@ std::map<std::string, Marks> marksByName(std::string_view xml) {
     return marks;
 }
 
+/// What goes out at a place of the XML, and what comes in there.
+struct Change {
+    std::size_t removed = 0;
+    std::string added;
+};
+
+std::size_t behindTable(std::string_view xml, std::size_t at) {
+    const std::size_t end = xml.find(kTableEnd, at);
+    return end == std::string_view::npos ? at : end + kTableEnd.size();
+}
+
 class BytesSink final : public ByteSink {
   public:
     void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }
@@ -65,33 +77,38 @@ class BytesSink final : public ByteSink {
 
 }  // namespace
 
-std::optional<std::string> withWholeBookmarks(const std::string& xml) {
-    std::map<std::size_t, std::pair<std::size_t, std::string>> changes;
+std::optional<std::string> withWholeBookmarks(const std::string& xml,
+                                              const std::set<std::string>& namesOverTables) {
+    std::map<std::size_t, Change> changes;
     for (const auto& [name, marks] : marksByName(xml)) {
-        if (marks.starts.size() < 2 || marks.ends.empty()) continue;
+        const bool isOverTable = namesOverTables.contains(name);
+        if (marks.starts.empty() || marks.ends.empty()) continue;
+        if (marks.starts.size() < 2 && !isOverTable) continue;
         for (std::size_t i = 1; i < marks.starts.size(); ++i)
-            changes[marks.starts[i].at] = {marks.starts[i].length, ""};
+            changes[marks.starts[i].at].removed = marks.starts[i].length;
         for (const MarkTag& end : marks.ends)
-            changes[end.at] = {end.length, ""};
-        const MarkTag& last = marks.ends.back();
-        changes[last.at].second = std::string(kEnd) + "w:id=\"" + marks.starts.front().id + "\"/>";
+            changes[end.at].removed = end.length;
+        const std::size_t last = marks.ends.back().at;
+        changes[isOverTable ? behindTable(xml, last) : last].added +=
+            std::string(kEnd) + "w:id=\"" + marks.starts.front().id + "\"/>";
     }
     if (changes.empty()) return std::nullopt;
     std::string mended;
     std::size_t from = 0;
     for (const auto& [at, change] : changes) {
-        mended.append(xml, from, at - from).append(change.second);
-        from = at + change.first;
+        mended.append(xml, from, at - from).append(change.added);
+        from = at + change.removed;
     }
     return mended.append(xml, from);
 }
 
-std::optional<std::string> packageWithWholeBookmarks(const std::string& bytes, const std::string& fileName) {
+std::optional<std::string> packageWithWholeBookmarks(const std::string& bytes, const std::string& fileName,
+                                                     const std::set<std::string>& namesOverTables) {
     embedded::Package package = embedded::Package::read(bytes, fileName);
     bool isMended = false;
     for (const std::string& part : package.partNames()) {
         if (!part.starts_with("/word/") || !part.ends_with(".xml")) continue;
-        const std::optional<std::string> mended = withWholeBookmarks(package.readPart(part));
+        const std::optional<std::string> mended = withWholeBookmarks(package.readPart(part), namesOverTables);
         if (mended) package.writePart(part, *mended);
         isMended |= mended.has_value();
     }

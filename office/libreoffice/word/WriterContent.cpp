@@ -62,7 +62,7 @@ void WriterContent::select(const LiveStretch& stretch) {
 const CursorReference& WriterContent::cursorOver(WriterStory& story, Stretch stretch) {
     const TextPlace from = story.map().placeOf(stretch.start);
     const TextPlace to = story.map().placeOf(stretch.end);
-    const TextReference& text = story.textOf(from.text);
+    const NeedleText text = story.needleText(from.text);
     if (stretch.start == stretch.end) return needle_.at(text, from.steps);
     // What ends before a cell's mark or a table still ends in the text that it began in.
     const bool isSame = from.text == to.text;

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -38,6 +39,17 @@ word::WdSaveFormat formatOf(const std::string& fileName) {
     throw AutomationError(kFileCouldNotBeSaved, "The file '" + fileName +
                                                     "' could not be saved: LibreOffice does not write "
                                                     "documents with that extension.");
+}
+
+std::set<std::string> namesOverTables(WriterContent& content) {
+    std::set<std::string> names;
+    for (const MarkPtr& mark : content.marks().all()) {
+        const Stretch place = mark->place;
+        for (const TablePtr& table : mark->story->map().tables()) {
+            if (place.start == table->start && place.end == table->end()) names.insert(mark->name);
+        }
+    }
+    return names;
 }
 
 bool isOpenPackaging(word::WdSaveFormat format) {
@@ -116,7 +128,8 @@ void WriterDocument::write(const std::string& fileName, word::WdSaveFormat forma
 
 void WriterDocument::mendBookmarks(const std::string& fileName) {
     FileStore& files = content_->files();
-    const std::optional<std::string> mended = packageWithWholeBookmarks(files.read(fileName), fileName);
+    const std::optional<std::string> mended =
+        packageWithWholeBookmarks(files.read(fileName), fileName, namesOverTables(*content_));
     if (mended) files.save(fileName, [&](ByteSink& sink) { sink.write(*mended); });
 }
 

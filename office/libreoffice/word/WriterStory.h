@@ -24,6 +24,8 @@ class WriterStory {
 
     /// Writer's text of that key; the same reference whenever it is asked for.
     const TextReference& textOf(const TextKey& key);
+    /// The same for a cursor that goes through it.
+    NeedleText needleText(const TextKey& key) { return {textOf(key), map_.stepsBehindTables(key)}; }
     [[nodiscard]] Reference<css::text::XTextTable> writerTable(const MappedTable& table) const;
     /// Forgets the texts of cells, whose objects may have been replaced.
     void forgetCells() { cells_.clear(); }

@@ -1,7 +1,6 @@
 #include "office/factory/OfficeFactory.h"
 
 #include "libreoffice/word/SharedOffice.h"
-#include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/libreoffice/word/WriterOffice.h"
 
 namespace mergeloom {
@@ -11,10 +10,6 @@ namespace mergeloom {
 
 word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files) {
     return libreoffice::makeWordApplication(sharedOffice(files), files);
-}
-
-excel::ApplicationPtr makeExcelApplication(OfficeKind, FileStore& files) {
-    return embedded::makeExcelApplication(files);
 }
 
 }  // namespace mergeloom

@@ -8,7 +8,8 @@
 namespace mergeloom::libreoffice {
 namespace {
 
-/// A story "ab", a table of two rows with cells of the lengths 1, 0, 2 and 0, then "cd": the table takes 3 to 12.
+/// A story "ab", a table of two rows with cells of the lengths 1, 0, 2 and 0, then "cd": the table takes 3
+/// to 12.
 class StoryMapTest : public testing::Test {
   protected:
     StoryMapTest() {
@@ -37,8 +38,8 @@ TEST_F(StoryMapTest, PlacesOfWritersAndBack) {
         std::string cell;  ///< empty in the story's own text
         std::int64_t steps;
     };
-    const std::vector<Case> cases{{0, "", 0},  {2, "", 2},   {3, "A1", 0},  {4, "A1", 1},  {5, "B1", 0},
-                                  {7, "A2", 0}, {9, "A2", 2}, {10, "B2", 0}, {12, "", 3}, {14, "", 5}};
+    const std::vector<Case> cases{{0, "", 0},   {2, "", 2},   {3, "A1", 0},  {4, "A1", 1}, {5, "B1", 0},
+                                  {7, "A2", 0}, {9, "A2", 2}, {10, "B2", 0}, {12, "", 3},  {14, "", 5}};
     for (const Case& c : cases) {
         const TextPlace place = map.placeOf({c.position});
         EXPECT_EQ(place.text.table ? place.text.table->at(place.text.cell).name : "", c.cell) << c.position;
