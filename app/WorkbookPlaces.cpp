@@ -93,7 +93,7 @@ std::vector<Place> placesOf(excel::Workbook& workbook) {
         sheets[sheet->Name()] = number;
         addPictures(*sheet->Shapes(), places);
     }
-    std::ranges::sort(places, {}, [&](const Place& place) { return orderOf(place, sheets); });
+    std::ranges::stable_sort(places, {}, [&](const Place& place) { return orderOf(place, sheets); });
     return places;
 }
 

@@ -46,7 +46,7 @@ class LibraryFile {
         optional.resize(directories - 4);
         optional +=
             number(16, 4) + std::string(16, '\0') + number(kResourcesAddress, 4) + number(resourceSize, 4);
-        optional.resize(directories + 16 * 8);
+        optional.resize(directories + std::size_t{16} * 8);
         std::string section = ".rsrc" + std::string(3, '\0') + number(resourceSize, 4) +
                               number(kResourcesAddress, 4) + number(resourceSize, 4) +
                               number(kResourcesPlace, 4);

@@ -168,6 +168,28 @@ TEST_F(EntryRoutine, ListsThePlacesOfAWorkbook) {
     EXPECT_THAT(errors.str(), HasSubstr("is not a Word document"));
 }
 
+TEST_F(EntryRoutine, ListsThePicturesOfAWorkbook) {
+    std::filesystem::copy_file(MERGELOOM_SAMPLES "/pictures/letterhead.png", folder / "logo.png");
+    folder.put("logo.xml",
+               "<db><Form Name='F' CurrentView='1'><Control Name='Logo' ControlType='BoundObjectFrame' "
+               "Image='logo.png'/></Form></db>");
+    const struct {
+        std::string sheet, written;
+    } cases[] = {{"Data_1", "Data_1"}, {"Bob's data", "'Bob''s data'"}, {"1st", "'1st'"}};
+    for (const auto& [sheet, written] : cases) {
+        folder.put("book.xlsx", workbookFile({{sheet}}));
+        run({"-excel", "-hidden", "-xmlfile", "%/logo.xml", "-usedocument", "%/book.xlsx"});
+        ASSERT_EQ(errors.str(), "");
+        EXPECT_EQ(run({"--places", "%/book.xlsx"}), 0);
+        const std::string name = "ammLogo  name     " + written + "!$B$1  \n";
+        const std::string picture = "ammLogo  picture  " + written + "!$B$1  \n";
+        EXPECT_THAT(output.str(), testing::EndsWith("\n" + name + picture));
+    }
+    EXPECT_EQ(run({"--json", "--places", "%/book.xlsx"}), 0);
+    EXPECT_THAT(output.str(), HasSubstr("\"kind\": \"picture\", \"text\": \"\", \"refersTo\": null, "
+                                        "\"sheet\": \"1st\", \"row\": 1, \"column\": 2}"));
+}
+
 TEST_F(EntryRoutine, ConvertsNoFieldsOfAWorkbook) {
     const std::string book = workbookFile({{"Data"}});
     folder.put("book.xlsx", book);
