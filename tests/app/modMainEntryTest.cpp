@@ -181,9 +181,10 @@ TEST_F(EntryRoutine, ListsThePicturesOfAWorkbook) {
         run({"-excel", "-hidden", "-xmlfile", "%/logo.xml", "-usedocument", "%/book.xlsx"});
         ASSERT_EQ(errors.str(), "");
         EXPECT_EQ(run({"--places", "%/book.xlsx"}), 0);
-        const std::string name = "ammLogo  name     " + written + "!$B$1  \n";
-        const std::string picture = "ammLogo  picture  " + written + "!$B$1  \n";
-        EXPECT_THAT(output.str(), testing::EndsWith("\n" + name + picture));
+        const std::string cell = written + "!$B$1  \n";
+        std::string lines = "\nammLogo  name     " + cell;
+        lines += "ammLogo  picture  " + cell;
+        EXPECT_THAT(output.str(), testing::EndsWith(lines));
     }
     EXPECT_EQ(run({"--json", "--places", "%/book.xlsx"}), 0);
     EXPECT_THAT(output.str(), HasSubstr("\"kind\": \"picture\", \"text\": \"\", \"refersTo\": null, "
