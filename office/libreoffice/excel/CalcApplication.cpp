@@ -19,7 +19,7 @@ class CalcUndoRecord final : public model::UndoRecord {
   public:
     explicit CalcUndoRecord(CalcContentPtr content) : content_(std::move(content)) {}
 
-    void StartCustomRecord(const std::string& name) override { content_->undo().start(name); }
+    void StartCustomRecord(const std::string&) override { content_->undo().start(); }
     void EndCustomRecord() override { content_->undo().stop(); }
 
   private:

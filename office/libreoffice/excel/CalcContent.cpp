@@ -167,6 +167,7 @@ void CalcContent::touch() {
 void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& document) {
     constexpr int kColumnPixels = 64;
     constexpr float kFontPoints = 11;
+    CalcFonts fonts(connection);
     connection.call([&] {
         const Reference<css::beans::XPropertySet> style = defaultStyleOf(document);
         style->setPropertyValue("CharFontName", css::uno::Any(OUString("Calibri")));
@@ -175,9 +176,10 @@ void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& d
         const Reference<css::container::XIndexAccess> sheets(workbook->getSheets(), UNO_QUERY_THROW);
         const Reference<css::container::XNamed> sheet(sheets->getByIndex(0), UNO_QUERY_THROW);
         sheet->setName("Sheet1");
+        const CalcColumnUnits units(fonts.digitWidth(defaultFontOf(document)));
         const Reference<css::table::XColumnRowRange> cells(sheet, UNO_QUERY_THROW);
         const Reference<css::beans::XPropertySet> columns(cells->getColumns(), UNO_QUERY_THROW);
-        columns->setPropertyValue("Width", css::uno::Any(lengthOfPixels(kColumnPixels)));
+        columns->setPropertyValue("Width", css::uno::Any(units.lengthOf(kColumnPixels)));
     });
 }
 

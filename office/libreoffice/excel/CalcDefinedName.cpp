@@ -32,9 +32,12 @@ void CalcDefinedName::SetRefersToLocal(const std::string& formula) {
     const Reference<css::sheet::XNamedRange> name = uno();
     content_->touch();
     content_->connection().call([&] {
+        const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
+        content_->undo().keep([&connection = content_->connection(), tokens, former = tokens->getTokens()] {
+            connection.call([&] { tokens->setTokens(former); });
+        });
         if (const auto* const text = std::get_if<std::string>(&meaning))
             return name->setContent(toUno(*text));
-        const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
         tokens->setTokens(std::get<css::uno::Sequence<css::sheet::FormulaToken>>(meaning));
     });
 }

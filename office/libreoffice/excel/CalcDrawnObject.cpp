@@ -75,6 +75,7 @@ CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, st
     target.checkMayChange("pictures");
     const CalcGraphic graphic = readGraphic(content->connection(), content->files(), fileName);
     const css::awt::Point place = cellPlace(*content, sheet, cell);
+    const css::awt::Size size{content->columnUnits().lengthOf(graphic.width), lengthOf(graphic.height)};
     content->touch();
     CalcShapeTable& table = target.shapes();
     const CalcShapeEntryPtr entry = table.append(content->connection().call([&] {
@@ -85,7 +86,7 @@ CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, st
     content->connection().call([&] {
         propertiesOf(*entry)->setPropertyValue("Graphic", css::uno::Any(graphic.graphic));
         anchor(*entry, target.cell(cell));
-        entry->shape->setSize(graphic.size);
+        entry->shape->setSize(size);
         entry->shape->setPosition(place);
     });
     table.rename(entry, "Picture " + std::to_string(table.all().size()));

@@ -28,15 +28,24 @@ class CalcDrawnObject {
     [[nodiscard]] std::string name() const;
     [[nodiscard]] excel::MsoShapeType type() const;
     [[nodiscard]] CalcCell topLeftCell() const;
-    [[nodiscard]] css::awt::Point place() const;
-    [[nodiscard]] css::awt::Size size() const;
+    [[nodiscard]] Points left() const { return units().pointsOf(place().X); }
+    [[nodiscard]] Points top() const { return pointsOf(place().Y); }
+    [[nodiscard]] Points width() const { return units().pointsOf(size().Width); }
+    [[nodiscard]] Points height() const { return pointsOf(size().Height); }
 
     void setName(const std::string& name) const;
-    void setPlace(const css::awt::Point& place) const;
-    void setSize(const css::awt::Size& size) const;
+    void setLeft(Points left) const { setPlace({units().lengthOf(left), place().Y}); }
+    void setTop(Points top) const { setPlace({place().X, lengthOf(top)}); }
+    void setWidth(Points width) const { setSize({units().lengthOf(width), size().Height}); }
+    void setHeight(Points height) const { setSize({size().Width, lengthOf(height)}); }
     void remove() const;
 
   private:
+    [[nodiscard]] const CalcColumnUnits& units() const { return content_->columnUnits(); }
+    [[nodiscard]] css::awt::Point place() const;
+    [[nodiscard]] css::awt::Size size() const;
+    void setPlace(const css::awt::Point& place) const;
+    void setSize(const css::awt::Size& size) const;
     void moveTo(const css::awt::Point& place) const;
     [[nodiscard]] CalcShapeEntry& entry() const;
     [[nodiscard]] CalcShapeEntry& changedEntry() const;

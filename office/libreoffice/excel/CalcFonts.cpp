@@ -3,7 +3,6 @@
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
-#include <cmath>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XFont.hpp>
 
@@ -24,11 +23,11 @@ double CalcFonts::textWidth(const std::string& text, const CalcFont& font) {
     return connection_.call([&] { return scaled(large(font)->getStringWidth(toUno(text)), font); });
 }
 
-int CalcFonts::digitWidth(const CalcFont& font) {
+double CalcFonts::digitWidth(const CalcFont& font) {
     const css::uno::Sequence<sal_Int16> widths =
         connection_.call([&] { return large(font)->getCharWidths('0', '9'); });
     const sal_Int16 widest = *std::ranges::max_element(widths);
-    return std::max(1, static_cast<int>(std::lround(scaled(widest, font))));
+    return scaled(widest, font);
 }
 
 const Reference<css::awt::XFont>& CalcFonts::large(const CalcFont& font) {

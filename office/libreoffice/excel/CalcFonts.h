@@ -24,8 +24,8 @@ class CalcFonts {
     /// The width of one line of text in pixels, 96 to an inch. Measured large and scaled, so no pixel rounds
     /// the widths of single characters.
     double textWidth(const std::string& text, const CalcFont& font);
-    /// Of the widest digit, in whole pixels: the unit of column widths (ECMA-376 Part 1, 18.3.1.13).
-    int digitWidth(const CalcFont& font);
+    /// Of the widest digit, in the same unit.
+    double digitWidth(const CalcFont& font);
 
   private:
     const Reference<css::awt::XFont>& large(const CalcFont& font);

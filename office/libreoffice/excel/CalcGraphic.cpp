@@ -3,11 +3,9 @@
 #include "base/AutomationError.h"
 #include "office/embedded/parts/PictureFile.h"
 
-#include <algorithm>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/graphic/GraphicProvider.hpp>
 #include <com/sun/star/io/SequenceInputStream.hpp>
-#include <cstdint>
 
 namespace mergeloom::libreoffice {
 
@@ -31,10 +29,8 @@ Reference<css::graphic::XGraphic> decode(OfficeConnection& connection, const std
     return {};
 }
 
-sal_Int32 lengthOf(Emu length) {
-    constexpr std::int64_t kEmuPerLength = 360;
-    return static_cast<sal_Int32>(
-        std::max<std::int64_t>(1, (length.value + kEmuPerLength / 2) / kEmuPerLength));
+Points pointsOf(Emu length) {
+    return {static_cast<double>(length.value) / kEmuPerPoint};
 }
 
 }  // namespace
@@ -43,7 +39,7 @@ CalcGraphic readGraphic(OfficeConnection& connection, FileStore& files, const st
     const std::string bytes = files.read(fileName);
     const auto picture = embedded::PictureFile::read(bytes, fileName);
     const Reference<css::graphic::XGraphic> graphic = decode(connection, bytes);
-    if (graphic.is()) return {graphic, {lengthOf(picture.naturalWidth()), lengthOf(picture.naturalHeight())}};
+    if (graphic.is()) return {graphic, pointsOf(picture.naturalWidth()), pointsOf(picture.naturalHeight())};
     throw AutomationError(kFileCouldNotBeRead,
                           "The file '" + fileName + "' could not be read: it is a damaged picture.");
 }

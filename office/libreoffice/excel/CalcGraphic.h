@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "base/Units.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 
-#include <com/sun/star/awt/Size.hpp>
 #include <com/sun/star/graphic/XGraphic.hpp>
 #include <string>
 
@@ -12,7 +12,7 @@ namespace mergeloom::libreoffice {
 /// A picture that the office has read.
 struct CalcGraphic {
     Reference<css::graphic::XGraphic> graphic;
-    css::awt::Size size;  ///< the natural one in UNO's unit; 96 dots per inch where the file says nothing
+    Points width, height;  ///< the natural ones; 96 dots per inch where the file says nothing
 };
 
 /// Raises kFileCouldNotBeRead with a sentence that names the file when it is no picture.

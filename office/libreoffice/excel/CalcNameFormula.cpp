@@ -24,7 +24,7 @@ Reference<css::sheet::XFormulaParser> makeParser(CalcContent& content) {
     const Reference<css::sheet::XFormulaParser> parser(
         content.factory()->createInstance("com.sun.star.sheet.FormulaParser"), UNO_QUERY_THROW);
     const Reference<css::beans::XPropertySet> properties(parser, UNO_QUERY_THROW);
-    const sal_Int32 convention = css::sheet::AddressConvention::XL_OOX;
+    const sal_Int16 convention = css::sheet::AddressConvention::XL_OOX;
     properties->setPropertyValue("FormulaConvention", css::uno::Any(convention));
     properties->setPropertyValue("CompileEnglish", css::uno::Any(true));
     return parser;

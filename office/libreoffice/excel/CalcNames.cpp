@@ -77,7 +77,11 @@ excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::stri
     content_->touch();
     CalcNameIndex& index = content_->names();
     index.append(name, CalcNameIndex::kDocument);
-    content_->undo().keep([&index] { index.removeLast(); });
+    content_->undo().keep([content = content_.get(), name] {
+        content->connection().call(
+            [&] { content->namesOf(CalcNameIndex::kDocument)->removeByName(toUno(name)); });
+        content->names().removeLast();
+    });
     auto defined = std::make_shared<CalcDefinedName>(content_, index.entries().size() - 1);
     if (text == nullptr) defined->SetRefersToLocal(refersToLocal);
     return defined;

@@ -14,14 +14,14 @@ class CalcPicture final : public excel::Picture {
 
     std::string Name() override { return object_.name(); }
     void SetName(const std::string& name) override { object_.setName(name); }
-    Points Left() override { return pointsOf(object_.place().X); }
-    void SetLeft(Points left) override { object_.setPlace({lengthOf(left), object_.place().Y}); }
-    Points Top() override { return pointsOf(object_.place().Y); }
-    void SetTop(Points top) override { object_.setPlace({object_.place().X, lengthOf(top)}); }
-    Points Width() override { return pointsOf(object_.size().Width); }
-    void SetWidth(Points width) override { object_.setSize({lengthOf(width), object_.size().Height}); }
-    Points Height() override { return pointsOf(object_.size().Height); }
-    void SetHeight(Points height) override { object_.setSize({object_.size().Width, lengthOf(height)}); }
+    Points Left() override { return object_.left(); }
+    void SetLeft(Points left) override { object_.setLeft(left); }
+    Points Top() override { return object_.top(); }
+    void SetTop(Points top) override { object_.setTop(top); }
+    Points Width() override { return object_.width(); }
+    void SetWidth(Points width) override { object_.setWidth(width); }
+    Points Height() override { return object_.height(); }
+    void SetHeight(Points height) override { object_.setHeight(height); }
 
   private:
     CalcDrawnObject object_;

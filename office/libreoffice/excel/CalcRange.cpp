@@ -112,7 +112,7 @@ void CalcRange::SetRowHeight(Points height) {
 }
 
 Points CalcRange::Left() {
-    return pointsOf(cellPlace(*content_, sheet_, area_.first).X);
+    return content_->columnUnits().pointsOf(cellPlace(*content_, sheet_, area_.first).X);
 }
 
 Points CalcRange::Top() {
@@ -120,7 +120,7 @@ Points CalcRange::Top() {
 }
 
 Points CalcRange::Width() {
-    return pointsOf(blockSize(*content_, sheet_, area_).Width);
+    return content_->columnUnits().pointsOf(blockSize(*content_, sheet_, area_).Width);
 }
 
 Points CalcRange::Height() {

@@ -19,10 +19,10 @@ class CalcShape final : public excel::Shape {
         const CalcCell cell = object_.topLeftCell();
         return calcRangeOf(object_.content(), object_.sheet(), {cell, cell});
     }
-    Points Left() override { return pointsOf(object_.place().X); }
-    Points Top() override { return pointsOf(object_.place().Y); }
-    Points Width() override { return pointsOf(object_.size().Width); }
-    Points Height() override { return pointsOf(object_.size().Height); }
+    Points Left() override { return object_.left(); }
+    Points Top() override { return object_.top(); }
+    Points Width() override { return object_.width(); }
+    Points Height() override { return object_.height(); }
     void Delete() override { object_.remove(); }
 
   private:

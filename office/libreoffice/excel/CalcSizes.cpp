@@ -4,7 +4,10 @@
 #include "office/model/excel/Range.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
+#include <string_view>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -30,11 +33,44 @@ sal_Int32 lengthIn(const Properties& lines, const char* name) {
 }
 
 /// Nothing hides a line but its size 0.
-void setLength(const Properties& lines, const char* name, int pixels) {
-    lines->setPropertyValue("IsVisible", css::uno::Any(pixels > 0));
-    if (pixels > 0) {
-        lines->setPropertyValue(OUString::createFromAscii(name), css::uno::Any(lengthOfPixels(pixels)));
+void setLength(const Properties& lines, const char* name, sal_Int32 length) {
+    lines->setPropertyValue("IsVisible", css::uno::Any(length > 0));
+    if (length > 0) lines->setPropertyValue(OUString::createFromAscii(name), css::uno::Any(length));
+}
+
+/// A column or row and what it takes to make it again what it was.
+class FormerLine {
+  public:
+    FormerLine(Properties line, const char* name)
+        : line_(std::move(line)), name_(name), length_(lengthIn(line_, name)) {
+        // A row that no one has set grows and shrinks with its texts.
+        if (std::string_view(name) == "Height") line_->getPropertyValue("OptimalHeight") >>= isFree_;
     }
+    void restore() const {
+        if (isFree_) return line_->setPropertyValue("OptimalHeight", css::uno::Any(true));
+        setLength(line_, name_, length_);
+    }
+
+  private:
+    Properties line_;
+    const char* name_;
+    sal_Int32 length_;
+    bool isFree_ = false;
+};
+
+/// Sets the sizes of columns or rows; a step keeps what each of them was.
+void change(CalcContent& content, const Properties& lines, const char* name, sal_Int32 length) {
+    content.touch();
+    content.connection().call([&] {
+        const Reference<css::container::XIndexAccess> single(lines, UNO_QUERY_THROW);
+        const sal_Int32 count = content.undo().isRecording() ? single->getCount() : 0;
+        for (sal_Int32 index = 0; index < count; ++index) {
+            const FormerLine former({single->getByIndex(index), UNO_QUERY_THROW}, name);
+            content.undo().keep(
+                [&connection = content.connection(), former] { connection.call([&] { former.restore(); }); });
+        }
+        setLength(lines, name, length);
+    });
 }
 
 [[noreturn]] void refuse(const std::string& sentence) {
@@ -55,7 +91,7 @@ ColumnWidth columnWidth(CalcContent& content, std::size_t sheet, int column) {
     const sal_Int32 length = content.connection().call([&] {
         return lengthIn(columnsOf(content.sheet(sheet), {{1, column}, {1, column}}), "Width");
     });
-    return content.columnUnits().widthOf(pixelsOf(length));
+    return content.columnUnits().widthOf(content.columnUnits().pixelsOf(length));
 }
 
 Points rowHeight(CalcContent& content, std::size_t sheet, int row) {
@@ -71,16 +107,16 @@ void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& are
     sheet.checkMayChange("columns");
     if (width < ColumnWidth{0} || width > excel::kWidestColumn) refuse("A column cannot have that width.");
     const int pixels = content.columnUnits().pixelsOf(width);
-    content.touch();
-    content.connection().call([&] { setLength(columnsOf(sheet, area), "Width", pixels); });
+    const auto columns = content.connection().call([&] { return columnsOf(sheet, area); });
+    change(content, columns, "Width", content.columnUnits().lengthOf(pixels));
 }
 
 void setRowHeight(CalcContent& content, std::size_t index, const CalcArea& area, Points height) {
     CalcSheet& sheet = content.sheet(index);
     sheet.checkMayChange("rows");
     if (height < Points{0} || height > excel::kHighestRow) refuse("A row cannot have that height.");
-    content.touch();
-    content.connection().call([&] { setLength(rowsOf(sheet, area), "Height", pixelsOf(height)); });
+    const auto rows = content.connection().call([&] { return rowsOf(sheet, area); });
+    change(content, rows, "Height", lengthOfPixels(pixelsOf(height)));
 }
 
 css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const CalcCell& cell) {

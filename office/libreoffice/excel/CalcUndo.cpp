@@ -1,35 +1,22 @@
 #include "office/libreoffice/excel/CalcUndo.h"
 
-#include "office/libreoffice/session/UnoText.h"
-
 namespace mergeloom::libreoffice {
 
-CalcUndo::CalcUndo(OfficeConnection& connection, Reference<css::document::XUndoManager> manager,
+CalcUndo::CalcUndo(OfficeConnection& connection, const Reference<css::document::XUndoManager>& manager,
                    Reference<css::frame::XModel> model)
-    : connection_(connection), manager_(std::move(manager)), model_(std::move(model)) {
-    connection_.call([&] { manager_->lock(); });
+    : connection_(connection), model_(std::move(model)) {
+    connection_.call([&] { manager->lock(); });
 }
 
-void CalcUndo::start(const std::string& name) {
-    if (depth_ == 0) {
-        forget();
-        connection_.call([&] {
-            manager_->unlock();
-            manager_->clear();
-            manager_->enterUndoContext(toUno(name));
-            model_->lockControllers();
-        });
-    }
-    ++depth_;
+void CalcUndo::start() {
+    if (depth_++ > 0) return;
+    forget();
+    connection_.call([&] { model_->lockControllers(); });
 }
 
 void CalcUndo::stop() {
     if (depth_ == 0 || --depth_ > 0) return;
-    connection_.call([&] {
-        model_->unlockControllers();
-        manager_->leaveUndoContext();
-        manager_->lock();
-    });
+    connection_.call([&] { model_->unlockControllers(); });
 }
 
 void CalcUndo::change() {
@@ -47,9 +34,6 @@ void CalcUndo::whenForgotten(std::function<void()> cleanup) {
 
 bool CalcUndo::undo() {
     if (depth_ > 0 || !hasStep_) return false;
-    connection_.call([&] {
-        if (manager_->isUndoPossible()) manager_->undo();
-    });
     for (auto back = waysBack_.rbegin(); back != waysBack_.rend(); ++back)
         (*back)();
     waysBack_.clear();

@@ -1,5 +1,6 @@
 #include "office/libreoffice/excel/CalcUnits.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace mergeloom::libreoffice {
@@ -9,6 +10,7 @@ namespace {
 constexpr double kPerPoint = 2540.0 / 72.0;
 constexpr double kPerPixel = 2540.0 / 96.0;
 constexpr double kPointsPerPixel = 0.75;
+constexpr double kTwipsPerPixel = 15;
 
 template <typename Whole>
 Whole rounded(double value) {
@@ -35,6 +37,27 @@ int pixelsOf(sal_Int32 length) {
 
 int pixelsOf(Points points) {
     return rounded<int>(points.value / kPointsPerPixel);
+}
+
+CalcColumnUnits::CalcColumnUnits(double digitWidth)
+    : digit_(std::max(1, rounded<int>(digitWidth))),
+      padding_(2 * ((digit_ + 3) / 4) + 1),
+      stretch_(std::floor(digitWidth * kTwipsPerPixel) / kTwipsPerPixel / digit_) {}
+
+int CalcColumnUnits::pixelsOf(sal_Int32 length) const {
+    return rounded<int>(length / kPerPixel / stretch_);
+}
+
+sal_Int32 CalcColumnUnits::lengthOf(int pixels) const {
+    return rounded<sal_Int32>(pixels * kPerPixel * stretch_);
+}
+
+Points CalcColumnUnits::pointsOf(sal_Int32 length) const {
+    return {length / kPerPoint / stretch_};
+}
+
+sal_Int32 CalcColumnUnits::lengthOf(Points points) const {
+    return rounded<sal_Int32>(points.value * kPerPoint * stretch_);
 }
 
 int CalcColumnUnits::pixelsOf(ColumnWidth width) const {
