@@ -95,6 +95,7 @@ bool anyRunsInGroup(pid_t group) {
 ProcessGroup::ProcessGroup(const std::vector<std::string>& command, int input, const std::string& log) {
     std::vector<std::string> texts = command;
     std::vector<char*> arguments;
+    arguments.reserve(texts.size() + 1);
     for (std::string& text : texts)
         arguments.push_back(text.data());
     arguments.push_back(nullptr);

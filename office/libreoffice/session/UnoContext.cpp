@@ -7,6 +7,9 @@
 #include <com/sun/star/uno/Exception.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <rtl/bootstrap.hxx>
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
 
 namespace mergeloom::libreoffice {
 
@@ -15,6 +18,10 @@ namespace {
 const std::string kFolder = MERGELOOM_UNO_FOLDER;
 
 Reference<css::uno::XComponentContext> makeContext() try {
+#ifdef __SANITIZE_ADDRESS__
+    // What UNO's libraries keep to the program's end they let go of without giving it back.
+    const __lsan::ScopedDisabler kept;
+#endif
     rtl::Bootstrap::set("URE_BOOTSTRAP", toUno("vnd.sun.star.pathname:" + kFolder + "/fundamentalrc"));
     return cppu::defaultBootstrap_InitialComponentContext(toUno(fileUrl(kFolder + "/unorc")));
 } catch (const css::uno::Exception& error) {
