@@ -43,8 +43,9 @@ std::vector<CalcArea> filledCells(CalcContent& content, const CalcSheet& sheet, 
         return query->queryContentCells(flags)->getRangeAddresses();
     });
     std::vector<CalcArea> areas;
+    // Of a column behind the last one with a content Calc tells that one's cells.
     for (const css::table::CellRangeAddress& address : addresses)
-        areas.push_back(areaOf(address));
+        if (const auto cells = intersection(areaOf(address), column)) areas.push_back(*cells);
     return areas;
 }
 

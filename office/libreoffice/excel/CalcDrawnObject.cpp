@@ -5,6 +5,7 @@
 #include "office/libreoffice/excel/CalcGraphic.h"
 #include "office/libreoffice/excel/CalcSizes.h"
 
+#include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/sheet/XCellAddressable.hpp>
@@ -161,7 +162,9 @@ void CalcDrawnObject::moveTo(const css::awt::Point& wanted) const {
     });
 }
 
-void CalcDrawnObject::setSize(const css::awt::Size& wanted) const {
+void CalcDrawnObject::setSize(css::awt::Size wanted) const {
+    // Thinner than a hundredth of a millimetre is nothing.
+    wanted = {std::max<sal_Int32>(1, wanted.Width), std::max<sal_Int32>(1, wanted.Height)};
     const CalcShapeEntry& changed = changedEntry();
     const css::awt::Size former = size();
     content_->connection().call([&] { changed.shape->setSize(wanted); });

@@ -45,7 +45,7 @@ class CalcDrawnObject {
     [[nodiscard]] css::awt::Point place() const;
     [[nodiscard]] css::awt::Size size() const;
     void setPlace(const css::awt::Point& place) const;
-    void setSize(const css::awt::Size& size) const;
+    void setSize(css::awt::Size wanted) const;
     void moveTo(const css::awt::Point& place) const;
     [[nodiscard]] CalcShapeEntry& entry() const;
     [[nodiscard]] CalcShapeEntry& changedEntry() const;

@@ -95,11 +95,7 @@ ColumnWidth columnWidth(CalcContent& content, std::size_t sheet, int column) {
 }
 
 Points rowHeight(CalcContent& content, std::size_t sheet, int row) {
-    const sal_Int32 length = content.connection().call([&] {
-        return lengthIn(rowsOf(content.sheet(sheet), {{row, 1}, {row, 1}}), "Height");
-    });
-    constexpr double kPointsPerPixel = 0.75;
-    return {pixelsOf(length) * kPointsPerPixel};
+    return pointsOf(blockSize(content, sheet, {{row, 1}, {row, 1}}).Height);
 }
 
 void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& area, ColumnWidth width) {
@@ -124,7 +120,12 @@ css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const CalcCel
 }
 
 css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const CalcArea& area) {
-    return valueIn<css::awt::Size>(content, sheet, area, "Size");
+    // What is hidden keeps the thickness of a twip.
+    constexpr sal_Int32 kTwip = 2;
+    css::awt::Size size = valueIn<css::awt::Size>(content, sheet, area, "Size");
+    if (size.Width <= kTwip) size.Width = 0;
+    if (size.Height <= kTwip) size.Height = 0;
+    return size;
 }
 
 }  // namespace mergeloom::libreoffice

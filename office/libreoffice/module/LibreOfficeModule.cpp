@@ -1,5 +1,5 @@
-#include "base/AutomationError.h"
 #include "office/libreoffice/entry/OfficeModule.h"
+#include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/session/LibreOfficeConverter.h"
 #include "office/libreoffice/word/WriterOffice.h"
 
@@ -7,17 +7,14 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-[[noreturn]] void refusePart(const std::string& program) {
-    throw AutomationError(kNotAvailable, "The office 'libreoffice' cannot play the part of " + program +
-                                             " in this version. Choose 'embedded'.");
-}
-
 class LibreOfficeModule final : public OfficeModule {
   public:
     word::ApplicationPtr makeWordApplication(FileStore& files) override {
         return libreoffice::makeWordApplication(std::make_shared<LibreOfficeSession>(files), files);
     }
-    excel::ApplicationPtr makeExcelApplication(FileStore&) override { refusePart("Microsoft Excel"); }
+    excel::ApplicationPtr makeExcelApplication(FileStore& files) override {
+        return libreoffice::makeExcelApplication(std::make_shared<LibreOfficeSession>(files), files);
+    }
     std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
         return std::make_unique<LibreOfficeConverter>(files);
     }

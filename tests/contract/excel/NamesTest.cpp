@@ -1,0 +1,99 @@
+#include "contract/excel/OfficeTest.h"
+
+namespace mergeloom {
+namespace {
+
+const std::string kNames =
+    "<definedNames><definedName name=\"Gone\">#REF!</definedName>"
+    "<definedName name=\"Local\" localSheetId=\"1\">'Year ''26'!$A$1</definedName>"
+    "<definedName name=\"Moving\">OFFSET(Plain!$A$1,1,1)</definedName>"
+    "<definedName name=\"Rate\">0.19</definedName>"
+    "<definedName name=\"Total\">'Year ''26'!$B$2:$C$3</definedName>"
+    "<definedName name=\"Two\">Plain!$A$1,Plain!$B$2</definedName></definedNames>";
+
+class OfficeNames : public OfficeTest {
+  protected:
+    void openNamed() { open(workbookFile({{"Plain"}, {"Year '26"}}, kNames)); }
+    /// The formula of a name in the file that is saved.
+    std::string saved(const std::string& name) { return reopened()->Names()->Item(name)->RefersToLocal(); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Offices, OfficeNames, testing::Values(OfficeKind::Embedded, OfficeKind::LibreOffice),
+                         nameOfOffice);
+
+TEST_P(OfficeNames, TellWhichCellsTheyStandFor) {
+    openNamed();
+    const excel::NamesPtr names = workbook->Names();
+    EXPECT_EQ(names->Count(), 6);
+    const excel::RangePtr total = names->Item("TOTAL")->RefersToRange();
+    EXPECT_EQ(total->AddressLocal(), "$B$2:$C$3");
+    EXPECT_EQ(total->Worksheet()->Name(), "Year '26");
+    EXPECT_EQ(names->Item("total")->Name(), "Total");
+    EXPECT_EQ(names->Item("Year '26!local")->Name(), "Year '26!Local");
+    EXPECT_EQ(names->Item("Year '26!local")->RefersToRange()->AddressLocal(), "$A$1");
+    for (const auto& [name, formula] :
+         std::vector<std::pair<std::string, std::string>>{{"Rate", "=0.19"},
+                                                          {"Gone", "=#REF!"},
+                                                          {"Two", "=Plain!$A$1,Plain!$B$2"},
+                                                          {"Moving", "=OFFSET(Plain!$A$1,1,1)"}}) {
+        EXPECT_EQ(names->Item(name)->RefersToLocal(), formula);
+        EXPECT_EQ(errorOf([&] { names->Item(name)->RefersToRange(); }).number(), kApplicationDefined) << name;
+    }
+    for (const std::string name : {"Nothing", "Local", "Plain!Local", "Nowhere!Local"}) {
+        EXPECT_FALSE(names->Exists(name)) << name;
+        EXPECT_EQ(errorOf([&] { names->Item(name); }).number(), kApplicationDefined) << name;
+    }
+    EXPECT_EQ(errorOf([&] { names->Item(7); }).number(), kApplicationDefined);
+}
+
+TEST_P(OfficeNames, AreAddedForTheActiveSheetAndSaved) {
+    openNamed();
+    const excel::NamesPtr names = workbook->Names();
+    cell(1, 1, 2)->Select();
+    EXPECT_EQ(names->Add("ammOrderDate", "=$B$3")->RefersToLocal(), "='Year ''26'!$B$3");
+    EXPECT_EQ(names->Add("local", "=Plain!$A$5")->RefersToRange()->Worksheet()->Name(), "Plain");
+    EXPECT_EQ(names->Item("Year '26!Local")->RefersToRange()->AddressLocal(), "$A$1");
+    EXPECT_EQ(names->Add("ammLost", "=#REF!")->RefersToLocal(), "=#REF!");
+    EXPECT_EQ(names->Add("ammMoving", "=OFFSET(Plain!$A$1,1,2)")->RefersToLocal(), "=OFFSET(Plain!$A$1,1,2)");
+    names->Item("TOTAL")->SetRefersToLocal("=$D$4:$E$9");
+    names->Add("tWo", "=1");
+    EXPECT_EQ(names->Count(), 10);
+    EXPECT_EQ(saved("ammOrderDate"), "='Year ''26'!$B$3");
+    EXPECT_EQ(saved("Total"), "='Year ''26'!$D$4:$E$9");
+    EXPECT_EQ(saved("Two"), "=1");
+    EXPECT_EQ(saved("Moving"), "=OFFSET(Plain!$A$1,1,1)");
+    EXPECT_EQ(saved("ammLost"), "=#REF!");
+}
+
+TEST_P(OfficeNames, RefuseWhatExcelWouldCallDamaged) {
+    add();
+    const excel::NamesPtr names = workbook->Names();
+    for (const std::string name :
+         {"", "1st", "a b", "amm1", "AMM2024", "xfd1", "R1C1", "r", "C", "a-b", "TRUE", "false"}) {
+        EXPECT_EQ(errorOf([&] { names->Add(name, "=$A$1"); }).number(), kApplicationDefined) << name;
+    }
+    EXPECT_EQ(errorOf([&] { names->Add(std::string(256, 'a'), "=$A$1"); }).number(), kApplicationDefined);
+    for (const std::string formula : {"$A$1", "=", ""})
+        EXPECT_EQ(errorOf([&] { names->Add("good", formula); }).number(), kApplicationDefined) << formula;
+    EXPECT_EQ(names->Count(), 0);
+    EXPECT_FALSE(names->Exists("good"));
+    EXPECT_TRUE(workbook->Saved());
+}
+
+TEST_P(OfficeNames, CountOnFromTheFirstFreeOne) {
+    add();
+    const excel::NamesPtr names = workbook->Names();
+    for (const std::string name : {"ammA_ref1", "AMMA_REF2", "ammA_ref4"})
+        names->Add(name, "=$A$1");
+    EXPECT_EQ(names->firstFreeCounter("amma_ref"), 3);
+    application->UndoRecord()->StartCustomRecord("Drop");
+    names->Add("ammA_ref3", "=$A$1");
+    EXPECT_EQ(names->firstFreeCounter("ammA_ref"), 5);
+    application->UndoRecord()->EndCustomRecord();
+    EXPECT_TRUE(workbook->Undo(1));
+    EXPECT_EQ(names->firstFreeCounter("ammA_ref"), 3);
+    EXPECT_EQ(names->firstFreeCounter("ammB_ref"), 1);
+}
+
+}  // namespace
+}  // namespace mergeloom

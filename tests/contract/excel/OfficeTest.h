@@ -1,0 +1,89 @@
+#pragma once
+
+#include "base/AutomationError.h"
+#include "doubles/ExcelFiles.h"
+#include "doubles/MemoryFileStore.h"
+#include "libreoffice/word/SharedOffice.h"
+#include "office/embedded/excel/EmbeddedExcel.h"
+#include "office/factory/OfficeFactory.h"
+#include "office/libreoffice/excel/CalcOffice.h"
+#include "office/model/excel/Columns.h"
+#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Names.h"
+#include "office/model/excel/Picture.h"
+#include "office/model/excel/Pictures.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Selection.h"
+#include "office/model/excel/Shape.h"
+#include "office/model/excel/Shapes.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/excel/Workbooks.h"
+#include "office/model/excel/Worksheet.h"
+#include "office/model/excel/Worksheets.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// The error that a call raises: its number and its sentence.
+inline AutomationError errorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const AutomationError& error) {
+        return error;
+    }
+    return {0, "no error"};
+}
+
+/// What Excel's object model promises, asked of each office that plays Excel's part.
+class OfficeTest : public testing::TestWithParam<OfficeKind> {
+  protected:
+    void SetUp() override { application = start(GetParam()); }
+
+    excel::ApplicationPtr start(OfficeKind kind) {
+        return kind == OfficeKind::Embedded ? embedded::makeExcelApplication(files)
+                                            : libreoffice::makeExcelApplication(sharedOffice(files), files);
+    }
+    void add() { workbook = application->Workbooks()->Add(""); }
+    void open(const std::string& bytes) {
+        files.files["/book.xlsx"] = bytes;
+        workbook = application->Workbooks()->Open("/book.xlsx");
+    }
+    /// Saves the workbook and opens the file in the embedded office, which reads it without a second opinion.
+    excel::WorkbookPtr reopened() {
+        workbook->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
+        reader = start(OfficeKind::Embedded);
+        return reader->Workbooks()->Open("/saved.xlsx");
+    }
+    void putPicture(const std::string& sample) {
+        std::ifstream stream(std::string(MERGELOOM_SAMPLES) + "/pictures/" + sample, std::ios::binary);
+        files.files["/" + sample] = {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    excel::WorksheetPtr sheet(int number = 1) const { return workbook->Worksheets()->Item(number); }
+    excel::RangePtr cell(int row, int column, int number = 1) const {
+        return sheet(number)->Cells(row, column);
+    }
+    std::string active() const {
+        const excel::RangePtr found = application->ActiveCell();
+        return found->Worksheet()->Name() + "!" + found->AddressLocal();
+    }
+
+    MemoryFileStore files;
+    excel::ApplicationPtr application;
+    excel::ApplicationPtr reader;
+    excel::WorkbookPtr workbook;
+};
+
+inline std::string nameOfOffice(const testing::TestParamInfo<OfficeKind>& info) {
+    return info.param == OfficeKind::Embedded ? "Embedded" : "LibreOffice";
+}
+
+}  // namespace mergeloom
