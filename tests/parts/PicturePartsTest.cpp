@@ -107,6 +107,18 @@ TEST(PictureParts, takesAPictureOutWithItsLastRelationship) {
     EXPECT_TRUE(package.hasPart(picture));
 }
 
+TEST(PictureParts, keepsThePictureOfThePackageItself) {
+    Package package = Package::empty();
+    package.addPart(kDocument, "text/xml", "<d/>");
+    PictureParts pictures(package);
+    const std::string id = addTo(pictures, kDocument, gif("a"));
+    package.relationshipsOf("/").addPart(
+        "http://schemas.openxmlformats.org/package/2006/relationships/metadata/thumbnail",
+        "/word/media/image1.gif");
+    (void)pictures.release(kDocument, id);
+    EXPECT_TRUE(package.hasPart("/word/media/image1.gif"));
+}
+
 TEST(PictureParts, doesNotTakeAnothersRelationshipForItsOwn) {
     Package package = Package::empty();
     PictureParts earlier(package);

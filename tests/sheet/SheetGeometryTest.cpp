@@ -102,8 +102,14 @@ TEST(SheetGeometry, setsWidthsByWholePixels) {
 
 TEST(SheetGeometry, splitsColumnsThatAreDefinedTogether) {
     const std::string others = R"( style="5" outlineLevel="1" x:more="1")";
-    const std::string former =
-        R"(<cols><col min="2" max="6" width="20.7109375" hidden="1" bestFit="1")" + others + "/></cols>";
+    const std::string hidden = R"( width="20.7109375" hidden="1" bestFit="1")";
+    const std::string own = R"( width="10.7109375" customWidth="1")";
+    const std::string ownBesideOthers = R"( width="10.7109375")" + others + R"( customWidth="1")";
+    const auto definition = [](int first, int last, const std::string& attributes) {
+        return "<col min=\"" + std::to_string(first) + "\" max=\"" + std::to_string(last) + "\"" +
+               attributes + "/>";
+    };
+    const std::string former = "<cols>" + definition(2, 6, hidden + others) + "</cols>";
     struct {
         int column;
         std::vector<std::pair<int, int>> kept;
@@ -112,15 +118,10 @@ TEST(SheetGeometry, splitsColumnsThatAreDefinedTogether) {
         MeasuredSheet sheet(former);
         sheet.geometry.setColumnWidth(column, {10});
         const std::string columns = sheet.columns();
-        for (const auto& [first, last] : kept) {
-            EXPECT_THAT(columns,
-                        HasSubstr("<col min=\"" + std::to_string(first) + "\" max=\"" + std::to_string(last) +
-                                  "\" width=\"20.7109375\" hidden=\"1\" bestFit=\"1\"" + others + "/>"));
-        }
-        const std::string number = std::to_string(column);
-        EXPECT_THAT(columns,
-                    HasSubstr("<col min=\"" + number + "\" max=\"" + number + "\" width=\"10.7109375\"" +
-                              (column < 7 ? others : "") + " customWidth=\"1\"/>"));
+        for (const auto& [first, last] : kept)
+            EXPECT_THAT(columns, HasSubstr(definition(first, last, hidden + others)));
+        const std::string& changed = column < 7 ? ownBesideOthers : own;
+        EXPECT_THAT(columns, HasSubstr(definition(column, column, changed)));
         EXPECT_EQ(sheet.width(column), 10);
         EXPECT_EQ(sheet.width(column == 4 ? 5 : 4), 0);
     }
