@@ -12,7 +12,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// A cell holds no more (Excel's specification of its limits).
+/// A cell holds no more: Excel's own limit.
 constexpr CharacterCount kLongestCellText{32767};
 
 /// A whole column may be filled; the whole sheet with its thousands of millions of cells fits in no memory.
