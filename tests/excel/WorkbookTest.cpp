@@ -199,6 +199,34 @@ TEST(Pictures, standWhereTheyArePut) {
     EXPECT_THAT(errorOf([&] { sheet->Shapes()->Item("ammLogo"); }), HasSubstr("ammLogo"));
 }
 
+TEST(Pictures, ofOthersKeepTheirSizesWhenColumnsAndRowsChange) {
+    const std::string drawing =
+        "<xdr:wsDr xmlns:xdr=\"http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing\">"
+        "<xdr:twoCellAnchor "
+        "editAs=\"oneCell\"><xdr:from><xdr:col>1</xdr:col><xdr:colOff>0</xdr:colOff><xdr:row>1"
+        "</xdr:row><xdr:rowOff>0</xdr:rowOff></xdr:from><xdr:to><xdr:col>3</xdr:col><xdr:colOff>0</"
+        "xdr:colOff>"
+        "<xdr:row>4</xdr:row><xdr:rowOff>0</xdr:rowOff></xdr:to><xdr:sp><xdr:nvSpPr><xdr:cNvPr id=\"2\" "
+        "name=\"Box\"/></xdr:nvSpPr></xdr:sp><xdr:clientData/></xdr:twoCellAnchor></xdr:wsDr>";
+    const std::string link =
+        "<sheetData/><drawing xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/"
+        "relationships\" r:id=\"rId1\"/>";
+    embedded::Package package = workbookPackage({{"One", link}});
+    package.addPart("/xl/drawings/drawing1.xml", "application/vnd.openxmlformats-officedocument.drawing+xml",
+                    drawing);
+    package.relationshipsOf(sheetPart(1)).addPart(officeType("drawing"), "/xl/drawings/drawing1.xml");
+    const OpenWorkbook book{packageBytes(package)};
+    const excel::ShapePtr box = book.workbook->Worksheets()->Item(1)->Shapes()->Item("Box");
+    const Points width = box->Width();
+    const Points height = box->Height();
+    book.cell(2, 2)->SetColumnWidth({40});
+    book.cell(3, 3)->SetRowHeight({90});
+    book.cell(1, 3)->SetValue("a text that is wider than the column was");
+    book.cell(1, 3)->Columns()->AutoFit();
+    EXPECT_NEAR(box->Width().value, width.value, 0.01);
+    EXPECT_NEAR(box->Height().value, height.value, 0.01);
+}
+
 TEST(Pictures, stayAsTheyAreOnSheetsWithProtectedObjects) {
     OpenWorkbook book{workbookFile({{"Shut", "<sheetData/><sheetProtection sheet=\"1\" objects=\"1\"/>"}})};
     book.files.files["/p.png"] = sample("letterhead.png");

@@ -43,16 +43,20 @@ void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const CellAre
     checkColumns(sheet);
     if (width < ColumnWidth{0} || width > excel::kWidestColumn) refuse("A column cannot have that width.");
     content.touch();
-    for (int column = area.first.column; column <= area.last.column; ++column)
-        sheet.geometry().setColumnWidth(column, width);
+    sheet.drawing().keepSizes([&] {
+        for (int column = area.first.column; column <= area.last.column; ++column)
+            sheet.geometry().setColumnWidth(column, width);
+    });
 }
 
 void setRowHeight(WorkbookContent& content, SheetContent& sheet, const CellArea& area, Points height) {
     if (sheet.protection().formatRows) refuseProtected(sheet, "rows");
     if (height < Points{0} || height > excel::kHighestRow) refuse("A row cannot have that height.");
     content.touch();
-    for (int row = area.first.row; row <= area.last.row; ++row)
-        sheet.geometry().setRowHeight(row, height);
+    sheet.drawing().keepSizes([&] {
+        for (int row = area.first.row; row <= area.last.row; ++row)
+            sheet.geometry().setRowHeight(row, height);
+    });
 }
 
 void fitColumns(WorkbookContent& content, std::size_t sheetIndex, const CellArea& area) {
@@ -63,7 +67,7 @@ void fitColumns(WorkbookContent& content, std::size_t sheetIndex, const CellArea
             widestText(content, sheetIndex, {{area.first.row, column}, {area.last.row, column}});
         if (pixels == 0) continue;
         content.touch();
-        sheet.geometry().fitColumn(column, pixels);
+        sheet.drawing().keepSizes([&] { sheet.geometry().fitColumn(column, pixels); });
     }
 }
 
