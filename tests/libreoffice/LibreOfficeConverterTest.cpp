@@ -2,6 +2,7 @@
 #include "base/DiskFileStore.h"
 #include "doubles/FaultyFileStore.h"
 #include "doubles/MemoryFileStore.h"
+#include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
 #include "libreoffice/OfficeProcesses.h"
 #include "office/formats/mExcelFileExtensions.h"
@@ -227,6 +228,20 @@ TEST(LibreOfficeFiles, leavesSafetyOnTheDiskToTheStore) {
     EXPECT_THAT(files.read("/out.odt"), StartsWith("PK"));
 }
 
+TEST(LibreOfficeConverter, keepsRelativeLinksOnTheDiskAndLeavesNothingBesideThem) {
+    const TemporaryFolder folder;
+    folder.put("in.htm", "<html><body><a href=\"other.docx\">link</a></body></html>");
+    folder.put("bad.docx", "bad");
+    DiskFileStore files;
+    LibreOfficeConverter office(files);
+    office.convert(folder / "in.htm", folder / "out.htm", WdSaveFormat{8});
+    EXPECT_THAT(folder.bytesOf("out.htm"), HasSubstr("href=\"other.docx\""));
+    EXPECT_THROW(office.convert(folder / "bad.docx", folder / "out.odt", WdSaveFormat{23}), AutomationError);
+    EXPECT_THROW(office.convert(folder / "in.htm", folder / "none/out.odt", WdSaveFormat{23}),
+                 AutomationError);
+    EXPECT_EQ(folder.entryCount(), 3);
+}
+
 TEST(LibreOfficeConverter, startsAnewAfterItsOfficeDied) {
     const OwnTemporaryFolder temporary;
     MemoryFileStore files;
@@ -246,6 +261,16 @@ TEST(LibreOfficeConverter, writesNothingWithoutAnOffice) {
     LibreOfficeConverter office(files);
     EXPECT_FALSE(office.canWrite(WdSaveFormat{23}));
     EXPECT_THROW(office.convert("/in.docx", "/out.odt", WdSaveFormat{23}), AutomationError);
+}
+
+TEST(LibreOfficeFiles, locksNothingThatItOpens) {
+    const TemporaryFolder folder;
+    folder.put("in.docx", wordFile("<w:p/>"));
+    DiskFileStore files;
+    LibreOfficeSession session(files);
+    const DocumentReference document = session.files().open(folder / "in.docx", OfficePart::Word);
+    EXPECT_TRUE(document.is());
+    EXPECT_EQ(folder.entryCount(), 1);
 }
 
 /// Documents with secrets can only be made by an office: the archive of Open Packaging takes one way of

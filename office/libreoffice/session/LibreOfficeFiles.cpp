@@ -10,6 +10,8 @@
 #include "office/libreoffice/session/RequiredFilter.h"
 #include "office/libreoffice/session/UnoText.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
@@ -52,20 +54,6 @@ void append(Properties& properties, const OfficeFilter& filter) {
     if (!filter.options.empty()) properties.push_back(property("FilterOptions", toUno(filter.options)));
 }
 
-/// So that relative links lead from where the file lies and not from where its copy does.
-void appendBase(Properties& properties, const std::string& path) {
-    const OUString url = toUno(fileUrl(fullPath(path)));
-    properties.push_back(property("DocumentBaseURL", url));
-}
-
-/// The name that a file's copy bears: plain, so that no locale has a say in it.
-std::string plainName(const std::string& path) {
-    const std::string suffix = extension(path);
-    const bool isPlain = std::ranges::all_of(
-        suffix, [](char letter) { return std::isalnum(static_cast<unsigned char>(letter)) != 0; });
-    return isPlain && !suffix.empty() ? "document." + suffix : "document";
-}
-
 std::string filterOf(const DocumentReference& document) {
     const Reference<css::frame::XModel> model(document, UNO_QUERY_THROW);
     for (const css::beans::PropertyValue& value : model->getArgs()) {
@@ -86,19 +74,28 @@ bool isOfPart(const DocumentReference& document, OfficePart part) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + path + "' could not be read: " + reason + ".");
 }
 
-/// A folder of a copy's own, gone with this object.
-class Place {
+/// Whether the disk holds what the store holds, in a file that an office may open for editing.
+bool liesOnDisk(const std::string& path, const std::string& bytes) try {
+    return ::access(path.c_str(), W_OK) == 0 && DiskFileStore().read(path) == bytes;
+} catch (const AutomationError&) {
+    return false;
+}
+
+std::string urlOf(const DocumentReference& document) {
+    return fromUno(Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL());
+}
+
+/// A file that is gone with this object.
+class PassingFile {
   public:
-    explicit Place(std::string folder) : folder_(std::move(folder)) {}
-    Place(const Place&) = delete;
-    Place& operator=(const Place&) = delete;
-    ~Place() {
-        std::error_code error;
-        std::filesystem::remove_all(folder_, error);
-    }
+    PassingFile(const WorkPlaces& places, std::string path) : places_(places), path_(std::move(path)) {}
+    PassingFile(const PassingFile&) = delete;
+    PassingFile& operator=(const PassingFile&) = delete;
+    ~PassingFile() { places_.remove(path_); }
 
   private:
-    std::string folder_;
+    const WorkPlaces& places_;
+    std::string path_;
 };
 
 }  // namespace
@@ -113,9 +110,12 @@ DocumentReference LibreOfficeFiles::create(OfficePart part) {
 
 DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart part) {
     const std::string bytes = files_.read(path);
-    const std::string copy = makePlace(path);
-    DiskFileStore().save(copy, [&](ByteSink& sink) { sink.write(bytes); });
-    DocumentReference document = load(path, copy, part);
+    std::string source = fullPath(path);
+    if (!liesOnDisk(source, bytes)) {
+        source = places_.forCopy(path);
+        DiskFileStore().save(source, [&](ByteSink& sink) { sink.write(bytes); });
+    }
+    DocumentReference document = load(path, source, part);
     try {
         connection_.call([&] { check(document, path, part); });
     } catch (const AutomationError&) {
@@ -125,25 +125,18 @@ DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart par
     return document;
 }
 
-/// The path for a copy of the file, in a folder that holds nothing else.
-std::string LibreOfficeFiles::makePlace(const std::string& path) {
-    const std::string folder = joinPath(workFolder_, std::to_string(++places_));
-    std::filesystem::create_directory(folder);
-    return joinPath(folder, plainName(path));
-}
-
-DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& copy, OfficePart part) {
+DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source,
+                                         OfficePart part) {
     const rtl::Reference<DecliningHandler> handler(new DecliningHandler);
     Properties properties = quiet();
     properties.push_back(property("AsTemplate", false));
     properties.push_back(
         property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
     append(properties, inputFilter(part, extension(path)));
-    appendBase(properties, path);
     DocumentReference document;
     try {
         document = connection_.call([&] {
-            return connection_.desktop()->loadComponentFromURL(toUno(fileUrl(copy)), "_blank", 0,
+            return connection_.desktop()->loadComponentFromURL(toUno(fileUrl(source)), "_blank", 0,
                                                                sequenceOf(properties));
         });
     } catch (const AutomationError& error) {
@@ -173,13 +166,18 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
     write(document, path, requiredFilter(format, path));
 }
 
+/// A document that was opened where it lies has links that lead from there.
+std::string LibreOfficeFiles::placeOfWriting(const DocumentReference& document, const std::string& path) {
+    const std::string url = connection_.call([&] { return urlOf(document); });
+    return url.empty() || places_.holds(url) ? places_.forCopy(path) : places_.beside(path);
+}
+
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
                              const OfficeFilter& filter) {
-    const std::string copy = makePlace(path);
-    const Place place(parentFolder(copy));
+    const std::string copy = placeOfWriting(document, path);
+    const PassingFile passing(places_, copy);
     Properties properties{property("Overwrite", true)};
     append(properties, filter);
-    appendBase(properties, path);
     try {
         connection_.call([&] {
             const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
@@ -195,20 +193,13 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
 
 void LibreOfficeFiles::close(const DocumentReference& document) try {
     const std::string url = connection_.call([&] {
-        const OUString place = Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL();
+        std::string place = urlOf(document);
         Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);
-        return fromUno(place);
+        return place;
     });
-    removePlace(url);
+    places_.removeCopy(url);
 } catch (const AutomationError&) {
     // It is closed already, or the office is.
-}
-
-void LibreOfficeFiles::removePlace(const std::string& url) {
-    const std::string folders = fileUrl(workFolder_) + "/";
-    if (!url.starts_with(folders)) return;
-    const std::string number = url.substr(folders.size(), url.find('/', folders.size()) - folders.size());
-    const Place place(joinPath(workFolder_, number));
 }
 
 }  // namespace mergeloom::libreoffice

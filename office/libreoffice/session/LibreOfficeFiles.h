@@ -4,6 +4,7 @@
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/OfficeFilter.h"
 #include "office/libreoffice/session/OfficePart.h"
+#include "office/libreoffice/session/WorkPlaces.h"
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 
@@ -23,7 +24,7 @@ class LibreOfficeFiles {
   public:
     /// The file store has to outlive this, the folder is the office's.
     LibreOfficeFiles(OfficeConnection& connection, FileStore& files, std::string workFolder)
-        : connection_(connection), files_(files), workFolder_(std::move(workFolder)) {}
+        : connection_(connection), files_(files), places_(std::move(workFolder)) {}
 
     /// An empty document of LibreOffice's own making.
     DocumentReference create(OfficePart part);
@@ -40,16 +41,14 @@ class LibreOfficeFiles {
     void close(const DocumentReference& document);
 
   private:
-    std::string makePlace(const std::string& path);
-    void removePlace(const std::string& url);
-    DocumentReference load(const std::string& path, const std::string& copy, OfficePart part);
+    DocumentReference load(const std::string& path, const std::string& source, OfficePart part);
     void check(const DocumentReference& document, const std::string& path, OfficePart part);
+    std::string placeOfWriting(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter);
 
     OfficeConnection& connection_;
     FileStore& files_;
-    std::string workFolder_;
-    int places_ = 0;
+    WorkPlaces places_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/OfficeProfile.h"
 #include "office/libreoffice/session/SocketFiles.h"
 
 #include <signal.h>
@@ -20,6 +21,7 @@ constexpr std::chrono::seconds kBoundOfPoliteEnd{5};
 constexpr std::chrono::seconds kBoundOfTermination{3};
 constexpr std::chrono::seconds kBoundOfKill{5};
 constexpr std::size_t kLastLines = 3;
+constexpr const char* kProfile = "profile";
 
 /// The program starts only after the word that its guard is at its post; the input's end instead is the end.
 /// The office forgets temporary folders even when it ends well, so they are made where they go with the rest.
@@ -37,6 +39,7 @@ std::vector<std::string> leftovers(const std::string& folder, const std::vector<
 LibreOfficeProcess::LibreOfficeProcess(const std::string& program)
     : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())),
       sockets_(socketFiles(pipeName_, profileUrl())) {
+    makeOfficeProfile(joinPath(folder_.path(), kProfile));
     std::filesystem::create_directory(workFolder());
     std::filesystem::create_directory(temporaryFolder());
     process_.emplace(command(program), start_.farEnd(), logPath());
@@ -81,7 +84,7 @@ std::string LibreOfficeProcess::logPath() const {
 }
 
 std::string LibreOfficeProcess::profileUrl() const {
-    return fileUrl(joinPath(folder_.path(), "profile"));
+    return fileUrl(joinPath(folder_.path(), kProfile));
 }
 
 void LibreOfficeProcess::kill() const {

@@ -29,7 +29,7 @@ std::string variable(const char* name) {
 std::string findInPath() {
     std::istringstream folders(variable("PATH"));
     for (std::string folder; std::getline(folders, folder, ':');) {
-        const std::string path = joinPath(folder, "soffice");
+        std::string path = joinPath(folder, "soffice");
         if (isProgram(path)) return path;
     }
     return {};
@@ -38,7 +38,7 @@ std::string findInPath() {
 }  // namespace
 
 std::string findOfficeProgram() {
-    const std::string chosen = variable(kVariable);
+    std::string chosen = variable(kVariable);
     if (!chosen.empty()) {
         if (isProgram(chosen)) return chosen;
         throw AutomationError(kNotAvailable, std::string("The environment variable ") + kVariable +

@@ -29,11 +29,13 @@ std::string nameOfProfile(const std::string& url) {
 }  // namespace
 
 std::vector<std::string> socketFiles(const std::string& pipeName, const std::string& profileUrl) {
+    const std::string prefix = "/OSL_PIPE_" + std::to_string(::getuid()) + "_";
+    const std::string names[] = {prefix + pipeName, prefix + nameOfProfile(profileUrl)};
     std::vector<std::string> files;
     // The office takes the second folder only where the first cannot be written.
     for (const std::string folder : {"/tmp", "/var/tmp"})
-        for (const std::string& name : {pipeName, nameOfProfile(profileUrl)})
-            files.push_back(folder + "/OSL_PIPE_" + std::to_string(::getuid()) + "_" + name);
+        for (const std::string& name : names)
+            files.push_back(folder + name);
     return files;
 }
 
