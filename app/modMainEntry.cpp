@@ -39,8 +39,12 @@ OfficeKind officeKindOf(OfficeChoice choice) {
 /// One run of the program.
 class Run {
   public:
-    Run(const GnuOptions& options, const Console& console)
-        : options_(options), console_(console), messages_(console.errors), errors_(console.errors) {
+    Run(const GnuOptions& options, const Console& console, const DesignerStarter& startDesigner)
+        : options_(options),
+          console_(console),
+          startDesigner_(startDesigner),
+          messages_(console.errors),
+          errors_(console.errors) {
         if (console.errorsAreWatched) progress_ = std::make_unique<ConsoleProgress>(console.errors);
     }
 
@@ -54,7 +58,7 @@ class Run {
     void start(std::span<const std::string> arguments);
     bool mapUnattended();
     void mapBeforeDesigner();
-    bool showDesigner();
+    bool showDesigner(std::span<const std::string> arguments);
     void tell(const AutomationError& error);
     CAutoMapping makeMapping();
     word::ApplicationPtr startWord() { return makeWordApplication(officeKindOf(options_.office), files_); }
@@ -63,6 +67,7 @@ class Run {
 
     const GnuOptions& options_;
     const Console& console_;
+    const DesignerStarter& startDesigner_;
     DiskFileStore files_;
     ConsoleMessages messages_;
     ConsoleErrorHandler errors_;
@@ -77,7 +82,7 @@ int Run::map(std::span<const std::string> arguments) {
     try {
         start(arguments);
         isUnattended = !GetCommandLineArgument(kHiddenSwitch).empty();
-        done = isUnattended ? mapUnattended() : showDesigner();
+        done = isUnattended ? mapUnattended() : showDesigner(arguments);
     } catch (const AutomationError& error) {
         tell(error);
     } catch (const std::exception& error) {
@@ -103,12 +108,9 @@ bool Run::mapUnattended() {
     return true;
 }
 
-bool Run::showDesigner() {
+bool Run::showDesigner(std::span<const std::string> arguments) {
     if (!GetCommandLineArgument(kFieldsSwitch).empty()) mapBeforeDesigner();
-    writeConsoleText(console_.errors,
-                     "The designer is not available yet. Add -hidden to make the template without it, or see "
-                     "'mergeloom --help'.");
-    return false;
+    return startDesigner_(arguments) == kSuccess;
 }
 
 void Run::mapBeforeDesigner() {
@@ -169,7 +171,8 @@ int Run::tellErrorsOf(const Body& body) {
     }
 }
 
-int runTask(const GnuOptions& options, std::span<const std::string> arguments, const Console& console) {
+int runTask(const GnuOptions& options, std::span<const std::string> arguments, const Console& console,
+            const DesignerStarter& startDesigner) {
     switch (options.task) {
         case Task::ShowHelp:
             console.output << helpText();
@@ -178,19 +181,20 @@ int runTask(const GnuOptions& options, std::span<const std::string> arguments, c
             console.output << versionText();
             return kSuccess;
         case Task::ListPlaces:
-            return Run(options, console).listPlaces();
+            return Run(options, console, startDesigner).listPlaces();
         case Task::ConvertFields:
-            return Run(options, console).convertFields();
+            return Run(options, console, startDesigner).convertFields();
         default:
-            return Run(options, console).map(arguments.subspan(options.firstArgument));
+            return Run(options, console, startDesigner).map(arguments.subspan(options.firstArgument));
     }
 }
 
 }  // namespace
 
-int Main(std::span<const std::string> arguments, const Console& console) {
+int Main(std::span<const std::string> arguments, const Console& console,
+         const DesignerStarter& startDesigner) {
     try {
-        return runTask(readGnuOptions(arguments), arguments, console);
+        return runTask(readGnuOptions(arguments), arguments, console, startDesigner);
     } catch (const AutomationError& error) {
         writeConsoleText(console.errors, error.description());
         return kFailure;

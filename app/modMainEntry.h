@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <span>
 #include <string>
@@ -13,7 +14,11 @@ struct Console {
     bool errorsAreWatched = false;  ///< the errors go to a terminal, where progress can be shown
 };
 
+/// Shows the designer to a user with the switches of the command line and gives the exit status.
+using DesignerStarter = std::function<int(std::span<const std::string> arguments)>;
+
 /// The entry routine: takes the arguments without the program's name and returns the process's exit status.
-int Main(std::span<const std::string> arguments, const Console& console);
+int Main(std::span<const std::string> arguments, const Console& console,
+         const DesignerStarter& startDesigner);
 
 }  // namespace mergeloom

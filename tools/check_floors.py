@@ -35,8 +35,11 @@ FLOORS = {
     "office/libreoffice/excel": [
         "office/libreoffice/session", "office/embedded/parts", "office/model", "base",
     ],
+    "office/libreoffice/host": [
+        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/model", "base",
+    ],
     "office/libreoffice/module": [
-        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel",
+        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/libreoffice/host",
         "office/libreoffice/entry", "office/model", "base",
     ],
     "office/factory": [
@@ -44,6 +47,13 @@ FLOORS = {
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
+    "ui/services": ["base"],
+    "ui/dialogs": ["ui/services", "droppers", "base"],
+    "ui/help": ["ui/services", "base"],
+    "ui/designer": [
+        "ui/services", "ui/dialogs", "ui/help", "app", "droppers", "office/factory", "office/formats", "office/model",
+        "xml", "base",
+    ],
 }
 
 # Where a library may be seen.
@@ -51,7 +61,10 @@ LIBRARIES = {
     "unicode/": ["base"],
     "libxml/": ["xml"],
     "libdeflate.h": ["office/embedded/package"],
-    **{library: ["office/libreoffice/" + floor for floor in ("session", "word", "excel", "module")]
+    "X11/": ["office/libreoffice/host"],
+    "chm_lib.h": ["ui/help"],
+    "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
+    **{library: ["office/libreoffice/" + floor for floor in ("session", "word", "excel", "host", "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
     "pugixml.hpp": [
         "xml", "office/embedded/package", "office/embedded/parts", "office/embedded/text",

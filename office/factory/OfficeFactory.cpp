@@ -21,4 +21,9 @@ std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {
     return std::make_unique<LazyFileConverter>(files);
 }
 
+std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, HostedPart part,
+                                               HostListener& listener) {
+    return libreOfficeModule().makeDocumentHost(files, window, part, listener);
+}
+
 }  // namespace mergeloom

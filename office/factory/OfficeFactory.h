@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/model/DocumentHost.h"
 #include "office/model/FileConverter.h"
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
@@ -21,5 +22,11 @@ excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
 /// A converter by an installed LibreOffice, for what the embedded office does not write. Costs nothing until
 /// it is first asked; without a LibreOffice it writes no format. The file store has to outlive it.
 std::unique_ptr<FileConverter> makeFileConverter(FileStore& files);
+
+/// Starts LibreOffice inside a window of ours, which takes about a second. The file store and the listener
+/// have to outlive the host. Raises kNotAvailable, with a sentence that says what to install, when it cannot
+/// be started.
+std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, HostedPart part,
+                                               HostListener& listener);
 
 }  // namespace mergeloom

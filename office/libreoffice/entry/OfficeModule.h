@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/model/DocumentHost.h"
 #include "office/model/FileConverter.h"
 #include "office/model/excel/Forward.h"
 #include "office/model/word/Forward.h"
@@ -25,13 +26,16 @@ class OfficeModule {
     virtual excel::ApplicationPtr makeExcelApplication(FileStore& files) = 0;
     /// An office is started with the first conversion only, and again after it died in one.
     virtual std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) = 0;
+    /// An office of its own; the listener has to outlive it, too.
+    virtual std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
+                                                           HostedPart part, HostListener& listener) = 0;
 };
 
 /// The module's file and the one function that it exports.
 inline constexpr const char* kOfficeModuleFile = "mergeloom_libreoffice.so";
 inline constexpr const char* kOfficeModuleFunction = "mergeloom_office_module";
 /// To be raised with every change of an interface that both sides see.
-inline constexpr int kOfficeModuleEdition = 1;
+inline constexpr int kOfficeModuleEdition = 2;
 
 /// The module, for the program's whole life; none when it was built for another edition.
 using OfficeModuleFunction = OfficeModule* (*)(int edition);

@@ -1,5 +1,6 @@
 #include "office/libreoffice/entry/OfficeModule.h"
 #include "office/libreoffice/excel/CalcOffice.h"
+#include "office/libreoffice/host/LibreOfficeHost.h"
 #include "office/libreoffice/session/LibreOfficeConverter.h"
 #include "office/libreoffice/word/WriterOffice.h"
 
@@ -17,6 +18,10 @@ class LibreOfficeModule final : public OfficeModule {
     }
     std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
         return std::make_unique<LibreOfficeConverter>(files);
+    }
+    std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
+                                                   HostedPart part, HostListener& listener) override {
+        return std::make_unique<LibreOfficeHost>(files, window, part, listener);
     }
 };
 

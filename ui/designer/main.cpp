@@ -1,0 +1,5 @@
+#include "ui/designer/DesignerMain.h"
+
+int main(int count, char** values) {
+    return mergeloom::runDesigner(count, values);
+}
