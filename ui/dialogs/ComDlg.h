@@ -1,0 +1,72 @@
+#pragma once
+
+#include "ui/dialogs/FileDialog.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// A file dialog with properties: what is set before it is shown, and the result after that. What is read
+/// under a name that can be written, too, is the result.
+class ComDlg {
+  public:
+    explicit ComDlg(FileDialog& dialog);
+
+    void SetAllowMultiSelect(bool allowed);
+    void SetDialogTitle(const std::string& title) { texts_.lpstrTitle = title; }
+    /// "description|pattern|…". Read, it ends in "|".
+    void SetFilter(const std::string& filter);
+    void SetFilter(const std::vector<std::string>& parts);
+    [[nodiscard]] std::string Filter() const;
+    /// Counted from 1. After the dialog, the entry that the user chose.
+    void SetFilterIndex(int index) { record_.nFilterIndex = static_cast<std::uint32_t>(index); }
+    [[nodiscard]] int FilterIndex() const { return static_cast<int>(record_.nFilterIndex); }
+    void SetRestoreCurDir(bool restored);
+    /// Adds flags; none is taken away.
+    void SetExistFlags(std::uint32_t flags) { record_.Flags |= flags; }
+    void SetCheckBoxVisible(bool visible);
+    void SetCheckBoxSelected(bool selected);
+    [[nodiscard]] bool CheckBoxSelected() const { return (record_.Flags & OFN_READONLY) != 0; }
+    void SetFileName(const std::string& name) { initialName_ = name; }
+    void SetDirectory(const std::string& folder) { texts_.lpstrInitialDir = folder; }
+    /// The extension that a name without one gets; three characters of it count.
+    void SetExtension(const std::string& extension);
+
+    /// True when a file was chosen. Otherwise the results stay as they were.
+    bool ShowOpen() { return show(FileDialogKind::Open); }
+    /// Asks for one file, in a folder that exists, and before one is overwritten.
+    bool ShowSave();
+
+    /// The path; of several files, the folder and the names with a NUL between them.
+    [[nodiscard]] const std::string& FileName() const { return result_.fileName; }
+    /// The name without its folder; empty for several files.
+    [[nodiscard]] const std::string& FileTitle() const { return result_.fileTitle; }
+    [[nodiscard]] const std::string& Directory() const { return result_.directory; }
+    /// Without the "."; empty for several files.
+    [[nodiscard]] const std::string& Extension() const { return result_.extension; }
+    /// The paths of all files that were chosen.
+    [[nodiscard]] const std::vector<std::string>& FileNames() const { return result_.fileNames; }
+    [[nodiscard]] const std::vector<std::string>& FileTitles() const { return result_.fileTitles; }
+    [[nodiscard]] const OpenFileName& Record() const { return record_; }
+
+  private:
+    struct Result {
+        std::string fileName, fileTitle, directory, extension;
+        std::vector<std::string> fileNames, fileTitles;
+    };
+
+    void setFlag(std::uint32_t flag, bool on);
+    bool show(FileDialogKind kind);
+    void prepare();
+    [[nodiscard]] Result resultOfDialog() const;
+
+    FileDialog& dialog_;
+    OpenFileName record_;
+    OpenFileTexts texts_;
+    std::string initialName_;
+    Result result_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace mergeloom {
+
+/// The record OPENFILENAME of the common dialogs of Windows as its 32-bit ANSI edition lays it out. Its texts
+/// do not fit behind addresses of 32 bits: they stand in OpenFileTexts under the same names, the members here
+/// stay 0.
+struct OpenFileName {
+    std::uint32_t lStructSize = 0;
+    std::uint32_t hwndOwner = 0;
+    std::uint32_t hInstance = 0;
+    std::uint32_t lpstrFilter = 0;
+    std::uint32_t lpstrCustomFilter = 0;
+    std::uint32_t nMaxCustFilter = 0;
+    std::uint32_t nFilterIndex = 0;  ///< counted from 1
+    std::uint32_t lpstrFile = 0;
+    std::uint32_t nMaxFile = 0;  ///< the size of lpstrFile with the NUL at its end
+    std::uint32_t lpstrFileTitle = 0;
+    std::uint32_t nMaxFileTitle = 0;
+    std::uint32_t lpstrInitialDir = 0;
+    std::uint32_t lpstrTitle = 0;
+    std::uint32_t Flags = 0;
+    std::uint16_t nFileOffset = 0;     ///< where the file's name begins in lpstrFile, counted from 0
+    std::uint16_t nFileExtension = 0;  ///< where its extension begins; 0 without one
+    std::uint32_t lpstrDefExt = 0;
+    std::uint32_t lCustData = 0;
+    std::uint32_t lpfnHook = 0;
+    std::uint32_t lpTemplateName = 0;
+};
+static_assert(sizeof(OpenFileName) == 76);
+
+/// The texts of the record in UTF-8; positions and sizes count bytes. An empty text stands for a null
+/// pointer.
+struct OpenFileTexts {
+    std::string lpstrFilter;  ///< descriptions and patterns in turn, each ended by a NUL
+    std::string
+        lpstrFile;  ///< a buffer; a dialog that needs more room makes it longer and tells so in nMaxFile
+    std::string lpstrFileTitle;
+    std::string lpstrInitialDir;
+    std::string lpstrTitle;
+    std::string lpstrDefExt;
+};
+
+/// Bits of Flags, under their published names.
+inline constexpr std::uint32_t OFN_READONLY = 0x1;
+inline constexpr std::uint32_t OFN_OVERWRITEPROMPT = 0x2;
+inline constexpr std::uint32_t OFN_HIDEREADONLY = 0x4;
+inline constexpr std::uint32_t OFN_NOCHANGEDIR = 0x8;
+inline constexpr std::uint32_t OFN_ALLOWMULTISELECT = 0x200;
+inline constexpr std::uint32_t OFN_EXTENSIONDIFFERENT = 0x400;
+inline constexpr std::uint32_t OFN_PATHMUSTEXIST = 0x800;
+inline constexpr std::uint32_t OFN_FILEMUSTEXIST = 0x1000;
+inline constexpr std::uint32_t OFN_EXPLORER = 0x80000;
+inline constexpr std::uint32_t OFN_LONGNAMES = 0x200000;
+
+}  // namespace mergeloom

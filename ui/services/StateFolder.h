@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace mergeloom {
+
+/// The user's folder for what the program keeps from run to run: $XDG_STATE_HOME/mergeloom, by default
+/// ~/.local/state/mergeloom. It need not exist yet.
+std::string stateFolder();
+
+}  // namespace mergeloom
