@@ -1,0 +1,77 @@
+#include "ui/help/HelpBrowser.h"
+
+#include "base/AutomationError.h"
+#include "ui/help/HelpSitemap.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr int kSmallestZoom = -6;
+constexpr int kLargestZoom = 20;
+
+/// Topics have addresses of this kind, against which the links in them are resolved.
+QUrl addressOf(const QString& topic) {
+    QUrl address;
+    address.setScheme(QStringLiteral("chm"));
+    address.setPath(u'/' + topic.section(u'#', 0, 0));
+    if (topic.contains(u'#')) address.setFragment(topic.section(u'#', 1));
+    return address;
+}
+
+}  // namespace
+
+HelpBrowser::HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> tellProblem,
+                         QWidget* parent)
+    : QTextBrowser(parent), file_(std::move(file)), tellProblem_(std::move(tellProblem)) {
+    setOpenLinks(false);
+    connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::follow);
+}
+
+void HelpBrowser::showTopic(const QString& topic) {
+    follow(addressOf(normalizedTopic(topic)));
+}
+
+QString HelpBrowser::topic() const {
+    return source().path().mid(1);
+}
+
+void HelpBrowser::follow(const QUrl& link) {
+    const QUrl address = source().resolved(link);
+    try {
+        if (address.scheme() == QLatin1String("chm") && file_->topicHtml(address.path())) {
+            setSource(address);
+        } else {
+            tellProblem_(tr("The help file '%1' has no topic '%2'.")
+                             .arg(QString::fromStdString(file_->path()), link.toString()));
+        }
+    } catch (const AutomationError& error) {
+        tellProblem_(QString::fromStdString(error.description()));
+    }
+}
+
+void HelpBrowser::zoomBy(int steps) {
+    const int wanted = std::clamp(zoom_ + steps, kSmallestZoom, kLargestZoom);
+    zoomIn(wanted - zoom_);
+    zoom_ = wanted;
+}
+
+void HelpBrowser::resetZoom() {
+    zoomBy(-zoom_);
+}
+
+QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
+    const QUrl address = source().resolved(name);
+    try {
+        if (type == QTextDocument::HtmlResource) return file_->topicHtml(address.path()).value_or(QString());
+        return file_->read(address.path()).value_or(QByteArray());
+    } catch (const AutomationError& error) {
+        tellProblem_(QString::fromStdString(error.description()));
+        return {};
+    }
+}
+
+}  // namespace mergeloom

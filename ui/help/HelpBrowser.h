@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ui/help/HelpFile.h"
+
+#include <QTextBrowser>
+
+#include <functional>
+#include <memory>
+
+namespace mergeloom {
+
+/// Shows the topics of a help file, with their pictures, and follows the links between them.
+class HelpBrowser final : public QTextBrowser {
+    Q_OBJECT
+
+  public:
+    /// Problems are sentences about a topic that is not there or cannot be read.
+    HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> tellProblem,
+                QWidget* parent);
+
+    /// Shows a topic, by its path in the help file; "#" and a place may follow. A topic that is not there is
+    /// told and what was shown stays.
+    void showTopic(const QString& topic);
+    /// The path of the topic that is shown, without a place.
+    [[nodiscard]] QString topic() const;
+    /// Steps larger or, below 0, smaller than the font of the desktop.
+    void zoomBy(int steps);
+    void resetZoom();
+
+    QVariant loadResource(int type, const QUrl& name) override;
+
+  private:
+    void follow(const QUrl& link);
+
+    std::shared_ptr<HelpFile> file_;
+    std::function<void(const QString&)> tellProblem_;
+    int zoom_ = 0;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ui/help/ChmArchive.h"
+#include "ui/help/HelpEntry.h"
+#include "ui/help/HelpSearch.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// A help file: its topics, contents, index, context numbers and the search in it. Its texts are UTF-8. All
+/// members raise kFileCouldNotBeRead with a sentence that names the file when it turns out to be damaged.
+class HelpFile {
+  public:
+    /// Raises kFileCouldNotBeRead with a sentence that names the file, too, when it is missing or is no help
+    /// file.
+    explicit HelpFile(const std::string& path);
+
+    [[nodiscard]] const std::string& path() const { return archive_.path(); }
+    [[nodiscard]] const QString& title() const { return title_; }
+    /// The topic that is shown when none is asked for.
+    [[nodiscard]] const QString& defaultTopic() const { return defaultTopic_; }
+    [[nodiscard]] const std::vector<HelpEntry>& contents() const { return contents_; }
+    [[nodiscard]] const std::vector<HelpEntry>& index() const { return index_; }
+    /// The topic of each context number.
+    [[nodiscard]] const std::map<std::uint32_t, QString>& contexts() const { return contexts_; }
+
+    /// The paths of all topics.
+    [[nodiscard]] QStringList topics() const;
+    /// The text of a topic as HTML; none when there is no such topic. A place behind "#" is passed over.
+    [[nodiscard]] std::optional<QString> topicHtml(const QString& topic) const;
+    /// The bytes of a picture or style sheet; none when there is no such file.
+    [[nodiscard]] std::optional<QByteArray> read(const QString& name) const;
+    /// The topics that hold all words of the query (HelpSearch::find). The first search reads all topics.
+    [[nodiscard]] std::vector<HelpHit> search(const QString& query);
+
+  private:
+    void readSystem();
+    void readContexts();
+    [[nodiscard]] std::vector<HelpEntry> readEntries(const QString& name) const;
+    [[nodiscard]] HelpSearch makeSearch() const;
+
+    ChmArchive archive_;
+    QString title_;
+    QString defaultTopic_;
+    QString contentsName_;
+    QString indexName_;
+    std::vector<HelpEntry> contents_;
+    std::vector<HelpEntry> index_;
+    std::map<std::uint32_t, QString> contexts_;
+    std::optional<HelpSearch> search_;
+};
+
+}  // namespace mergeloom

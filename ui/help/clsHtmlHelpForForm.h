@@ -1,0 +1,46 @@
+#pragma once
+
+#include "ui/help/clsHtmlHelp.h"
+
+#include <QObject>
+
+#include <string>
+
+class QAbstractButton;
+class QWidget;
+
+namespace mergeloom {
+
+/// The property of a control, a form or anything between them that names the topic about it, by the topic's
+/// path in the help file.
+inline constexpr const char* kHelpTopicProperty = "helpTopic";
+
+/// Attaches help to a form: its help button and F1, wherever the focus is in it, open the help about the
+/// control that has the focus, or else about what stands around that, or else the contents. When the form
+/// closes, so do its help windows.
+class clsHtmlHelpForForm final : public QObject {
+    Q_OBJECT
+
+  public:
+    /// An empty help file means the program's own, which comes after it. The form, the button and the port
+    /// have to outlive it.
+    clsHtmlHelpForForm(QWidget& form, QAbstractButton& helpButton, const std::string& helpFile,
+                       const std::string& defaultHelpFile, HtmlHelpPort& port);
+
+    void mcmdHelp_Click() { openHelp(); }
+    /// Opens the help for Qt::Key_F1 and leaves other keys alone.
+    void mfrm_KeyDown(int key);
+    /// Closes the form's help windows; with nothing open it does nothing.
+    void mfrm_QueryUnload() { help_.CloseHelpWindows(); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void openHelp();
+    [[nodiscard]] std::string topicOfFocus() const;
+
+    QWidget& form_;
+    clsHtmlHelp help_;
+};
+
+}  // namespace mergeloom
