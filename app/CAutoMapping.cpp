@@ -60,7 +60,6 @@ bool CAutoMapping::map() {
     const std::optional<FieldKeys> fields = chosenFields(*source, *object);
 
     office->start();
-    checkTarget(*office);
     makeDocument(*office);
     const MappedObject mapped{*object, source->xmlNodes(), documentTypeOf(arguments_.type),
                               fields ? &*fields : nullptr};
@@ -72,19 +71,54 @@ bool CAutoMapping::map() {
 }
 
 std::unique_ptr<MappingOffice> CAutoMapping::makeOffice() {
-    if (gExcelMode == 0) return std::make_unique<MappedWord>(startWord_, errors_);
-    return std::make_unique<MappedExcel>(startExcel_, errors_);
+    if (gExcelMode == 0) return std::make_unique<MappedWord>(startWord_, formats_, errors_);
+    return std::make_unique<MappedExcel>(startExcel_, formats_, errors_);
 }
 
 void CAutoMapping::checkArguments(const MappingOffice& office) const {
-    const std::string& target = arguments_.targetPath;
-    if (!target.empty() && !office.knowsExtensionOf(target)) {
-        throw MappingRefusal("The template '" + target + "' has no file extension that " + office.name() +
-                             " knows.");
-    }
     if (arguments_.type == MappingType::LabelDocument && !office.makesLabels()) {
         throw MappingRefusal(office.name() + " makes no labels; leave out -label or make them with Word.");
     }
+    arguments_.targetPath.empty() ? checkInPlace(office) : checkTarget(office);
+    checkSource(office);
+}
+
+void CAutoMapping::checkTarget(const MappingOffice& office) const {
+    const std::string& target = arguments_.targetPath;
+    if (!office.knowsExtensionOf(target)) {
+        throw MappingRefusal("The template '" + target + "' has no file extension that " + office.name() +
+                             " knows.");
+    }
+    const std::string refusal = office.refusalToSave(target);
+    if (refusal.empty()) return;
+    throw MappingRefusal("The template '" + target + "' cannot be written: saving as \"" +
+                         office.formatNameOf(target) + "\" is not available. " + refusal);
+}
+
+/// A file of the office's own kind is saved as what it is, whatever its name.
+void CAutoMapping::checkInPlace(const MappingOffice& office) const {
+    const std::string& document = arguments_.useDocument;
+    if (!office.isForeign(document)) return;
+    const std::string start = "The document '" + document + "' cannot be changed in place: ";
+    if (!office.knowsExtensionOf(document)) {
+        throw MappingRefusal(start + office.name() +
+                             " does not save in its format. Let -template name the file to write.");
+    }
+    const std::string refusal = office.refusalToSave(document);
+    if (refusal.empty()) return;
+    throw MappingRefusal(start + "saving as \"" + office.formatNameOf(document) + "\" is not available. " +
+                         refusal);
+}
+
+void CAutoMapping::checkSource(const MappingOffice& office) const {
+    const std::string refusal = office.refusalToOpen(documentToBuildOn());
+    if (!refusal.empty()) throw MappingRefusal(refusal);
+}
+
+std::string CAutoMapping::documentToBuildOn() const {
+    if (!arguments_.useDocument.empty()) return arguments_.useDocument;
+    if (arguments_.type == MappingType::LabelDocument) return arguments_.labelDocument;
+    return arguments_.targetExists ? arguments_.targetPath : "";
 }
 
 void CAutoMapping::readFolders(const StructureDocument& document) {
@@ -99,20 +133,13 @@ void CAutoMapping::readFolders(const StructureDocument& document) {
     if (templatesFolder_.empty()) templatesFolder_ = options.TemplatesFolder();
 }
 
-void CAutoMapping::checkTarget(MappingOffice& office) const {
-    const std::string& target = arguments_.targetPath;
-    if (target.empty() || office.canSaveAs(target)) return;
-    throw MappingRefusal("The template '" + target + "' cannot be written: saving as \"" +
-                         office.formatNameOf(target) + "\" is not available.");
-}
-
 void CAutoMapping::makeDocument(MappingOffice& office) {
     if (!arguments_.useDocument.empty()) {
         office.openDocument(arguments_.useDocument);
     } else if (arguments_.type == MappingType::LabelDocument) {
         openLabelDocument(office);
     } else {
-        office.addDocument(arguments_.targetExists ? arguments_.targetPath : "");
+        office.addDocument(documentToBuildOn());
     }
 }
 

@@ -4,6 +4,7 @@
 #include "app/MappingArguments.h"
 #include "app/MappingOffice.h"
 #include "app/MappingSource.h"
+#include "app/OfficeFormats.h"
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
@@ -20,10 +21,12 @@ namespace mergeloom {
 /// of Word or, in the Excel mode, of Excel, saves that and closes the office that it started.
 class CAutoMapping {
   public:
-    CAutoMapping(WordStarter startWord, ExcelStarter startExcel, ErrorHandler& errors, Messages& messages,
-                 Progress& progress)
+    /// The formats are those of the office that is started. All have to outlive it.
+    CAutoMapping(WordStarter startWord, ExcelStarter startExcel, const OfficeFormats& formats,
+                 ErrorHandler& errors, Messages& messages, Progress& progress)
         : startWord_(std::move(startWord)),
           startExcel_(std::move(startExcel)),
+          formats_(formats),
           errors_(errors),
           messages_(messages),
           progress_(progress) {}
@@ -49,7 +52,11 @@ class CAutoMapping {
     std::unique_ptr<MappingOffice> makeOffice();
     /// Refuses what can be seen to fail before an office is started.
     void checkArguments(const MappingOffice& office) const;
-    void checkTarget(MappingOffice& office) const;
+    void checkTarget(const MappingOffice& office) const;
+    void checkInPlace(const MappingOffice& office) const;
+    void checkSource(const MappingOffice& office) const;
+    /// The file on which the document is built; empty for a new one.
+    [[nodiscard]] std::string documentToBuildOn() const;
     void makeDocument(MappingOffice& office);
     void openLabelDocument(MappingOffice& office);
     /// The keys of the fields that a table is to have, if the command line lists any.
@@ -62,6 +69,7 @@ class CAutoMapping {
 
     WordStarter startWord_;
     ExcelStarter startExcel_;
+    const OfficeFormats& formats_;
     ErrorHandler& errors_;
     Messages& messages_;
     Progress& progress_;

@@ -1,6 +1,7 @@
 #include "app/ConvertFieldsCommand.h"
 
 #include "app/FileFormats.h"
+#include "app/StartedOffice.h"
 #include "app/modMain.h"
 #include "base/AutomationError.h"
 #include "base/Paths.h"
@@ -50,6 +51,10 @@ int oldFieldsLeft(word::Document& document) {
     return count;
 }
 
+[[noreturn]] void raiseNotSaved(const std::string& target, const std::string& reason) {
+    throw AutomationError(kFileCouldNotBeSaved, "The file '" + target + "' cannot be saved: " + reason);
+}
+
 }  // namespace
 
 bool ConvertFieldsCommand::run(const std::string& file, const std::string& output, std::ostream& report) {
@@ -57,14 +62,16 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     const std::string target = output.empty() ? source : fullPath(output);
     const bool isInPlace = target == source;
     checkTarget(target, isInPlace);
+    checkSource(source);
 
-    const word::DocumentPtr document = office_.Documents()->Open(source);
+    const StartedOffice office{startWord_(), errors_};
+    const word::DocumentPtr document = office->Documents()->Open(source);
     const ConversionResult result = convert(document);
     std::string backup;
     if (!isInPlace || !document->Saved()) {
         // The document itself is there, even if the disk fails to say so now.
         if (isInPlace || files_.fileExists(target)) backup = keep(target);
-        isInPlace ? document->Save() : document->SaveAs(target, wordFormatOf(target));
+        isInPlace ? document->Save() : document->SaveAs(target, formats_.documentFormatOf(target));
     }
     tell(result, oldFieldsLeft(*document), backup, report);
     return !result.failed;
@@ -78,14 +85,21 @@ ConversionResult ConvertFieldsCommand::convert(const word::DocumentPtr& document
 }
 
 void ConvertFieldsCommand::checkTarget(const std::string& target, bool isInPlace) {
-    const std::string start = "The file '" + target + "' cannot be saved: ";
-    if (!isInPlace && !office_.canSaveAs(wordFormatOf(target))) {
-        throw AutomationError(kFileCouldNotBeSaved,
-                              start + "its format is not available. Choose docx, docm, dotx or dotm.");
-    }
-    if (files_.fileExists(target) && IsFileLocked(target)) {
-        throw AutomationError(kFileCouldNotBeSaved, start + "it is open elsewhere.");
-    }
+    // A file of Word's own kind is saved as what it is, whatever its name.
+    if (!isInPlace || isForeignWordFile(target)) checkFormat(target);
+    if (files_.fileExists(target) && IsFileLocked(target)) raiseNotSaved(target, "it is open elsewhere.");
+}
+
+void ConvertFieldsCommand::checkFormat(const std::string& target) const {
+    const std::string reason = "its format is not available. ";
+    if (!hasWordExtension(target)) raiseNotSaved(target, reason + "Choose docx, docm, dotx or dotm.");
+    const std::string refusal = formats_.refusalToWrite(formats_.documentFormatOf(target));
+    if (!refusal.empty()) raiseNotSaved(target, reason + refusal);
+}
+
+void ConvertFieldsCommand::checkSource(const std::string& source) const {
+    const std::string refusal = formats_.refusalToOpenDocument(source);
+    if (!refusal.empty()) throw AutomationError(kNotAvailable, refusal);
 }
 
 std::string ConvertFieldsCommand::keep(const std::string& target) {

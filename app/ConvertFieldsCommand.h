@@ -1,9 +1,10 @@
 #pragma once
 
 #include "app/ConvertMailMergeFields.h"
+#include "app/OfficeFormats.h"
+#include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
-#include "office/model/word/Application.h"
 
 #include <ostream>
 #include <string>
@@ -18,8 +19,10 @@ namespace mergeloom {
 /// all.
 class ConvertFieldsCommand {
   public:
-    ConvertFieldsCommand(word::Application& office, FileStore& files, ErrorHandler& errors)
-        : office_(office), files_(files), errors_(errors) {}
+    /// The formats are those of the office that is started. All have to outlive it.
+    ConvertFieldsCommand(WordStarter startWord, const OfficeFormats& formats, FileStore& files,
+                         ErrorHandler& errors)
+        : startWord_(std::move(startWord)), formats_(formats), files_(files), errors_(errors) {}
 
     /// Works in place when the output is empty or the file itself; otherwise the output's extension decides
     /// the format. Tells false when an error was reported, though what could be converted is saved. Raises an
@@ -30,11 +33,14 @@ class ConvertFieldsCommand {
   private:
     ConversionResult convert(const word::DocumentPtr& document);
     void checkTarget(const std::string& target, bool isInPlace);
+    void checkFormat(const std::string& target) const;
+    void checkSource(const std::string& source) const;
     /// Answers the backup's path.
     std::string keep(const std::string& target);
     std::string backupPath(const std::string& target, const std::string& bytes);
 
-    word::Application& office_;
+    WordStarter startWord_;
+    const OfficeFormats& formats_;
     FileStore& files_;
     ErrorHandler& errors_;
 };

@@ -2,6 +2,8 @@
 
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "office/formats/ForeignFormats.h"
+#include "office/formats/OfferedFormats.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
 
@@ -23,12 +25,33 @@ word::WdSaveFormat wordFormatOf(const std::string& path) {
     return static_cast<word::WdSaveFormat>(wordFormatByExtension(lowerExtension(path)));
 }
 
+word::WdSaveFormat wordFormatToWrite(const std::string& path,
+                                     const std::function<bool(word::WdSaveFormat)>& canWrite) {
+    return static_cast<word::WdSaveFormat>(writableWordFormat(
+        lowerExtension(path), [&](int format) { return canWrite(static_cast<word::WdSaveFormat>(format)); }));
+}
+
+bool isForeignWordFile(const std::string& path) {
+    return isForeignWordExtension(lowerExtension(path));
+}
+
 bool hasExcelExtension(const std::string& path) {
     return isExcelExtension(lowerExtension(path));
 }
 
 excel::XlFileFormat excelFormatOf(const std::string& path) {
     return static_cast<excel::XlFileFormat>(excelFormatByExtension(lowerExtension(path)));
+}
+
+excel::XlFileFormat excelFormatToWrite(const std::string& path,
+                                       const std::function<bool(excel::XlFileFormat)>& canWrite) {
+    return static_cast<excel::XlFileFormat>(writableExcelFormat(lowerExtension(path), [&](int format) {
+        return canWrite(static_cast<excel::XlFileFormat>(format));
+    }));
+}
+
+bool isForeignExcelFile(const std::string& path) {
+    return isForeignExcelExtension(lowerExtension(path));
 }
 
 }  // namespace mergeloom

@@ -36,8 +36,16 @@ std::string MappedExcel::formatNameOf(const std::string& path) const {
     return excelFormatName(static_cast<int>(excelFormatOf(path)));
 }
 
-bool MappedExcel::canSaveAs(const std::string& path) {
-    return (*office_)->canSaveAs(excelFormatOf(path));
+std::string MappedExcel::refusalToSave(const std::string& path) const {
+    return formats_.refusalToWrite(formats_.workbookFormatOf(path));
+}
+
+std::string MappedExcel::refusalToOpen(const std::string& path) const {
+    return formats_.refusalToOpenWorkbook(path);
+}
+
+bool MappedExcel::isForeign(const std::string& path) const {
+    return isForeignExcelFile(path);
 }
 
 void MappedExcel::addDocument(const std::string& templatePath) {
@@ -56,7 +64,7 @@ bool MappedExcel::drop(CNodeDropper& dropper, const MappedObject& object) {
 }
 
 void MappedExcel::saveAs(const std::string& path) {
-    workbook_->SaveAs(path, excelFormatOf(path));
+    workbook_->SaveAs(path, formats_.workbookFormatOf(path));
 }
 
 }  // namespace mergeloom

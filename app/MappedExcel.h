@@ -2,6 +2,7 @@
 
 #include "app/ExcelStarter.h"
 #include "app/MappingOffice.h"
+#include "app/OfficeFormats.h"
 #include "app/StartedOffice.h"
 #include "base/ErrorHandler.h"
 #include "office/model/excel/Workbook.h"
@@ -13,16 +14,18 @@ namespace mergeloom {
 /// Excel and the workbook that a mapping makes in it.
 class MappedExcel final : public MappingOffice {
   public:
-    /// Both have to outlive it.
-    MappedExcel(const ExcelStarter& startExcel, ErrorHandler& errors)
-        : startExcel_(startExcel), errors_(errors) {}
+    /// All have to outlive it.
+    MappedExcel(const ExcelStarter& startExcel, const OfficeFormats& formats, ErrorHandler& errors)
+        : startExcel_(startExcel), formats_(formats), errors_(errors) {}
 
     [[nodiscard]] std::string name() const override { return "Excel"; }
     [[nodiscard]] bool makesLabels() const override { return false; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     [[nodiscard]] std::string formatNameOf(const std::string& path) const override;
+    [[nodiscard]] std::string refusalToSave(const std::string& path) const override;
+    [[nodiscard]] std::string refusalToOpen(const std::string& path) const override;
+    [[nodiscard]] bool isForeign(const std::string& path) const override;
     void start() override { office_.emplace(startExcel_(), errors_); }
-    bool canSaveAs(const std::string& path) override;
     void addDocument(const std::string& templatePath) override;
     void openDocument(const std::string& path) override;
     bool drop(CNodeDropper& dropper, const MappedObject& object) override;
@@ -31,6 +34,7 @@ class MappedExcel final : public MappingOffice {
 
   private:
     const ExcelStarter& startExcel_;
+    const OfficeFormats& formats_;
     ErrorHandler& errors_;
     std::optional<StartedOffice<excel::Application>> office_;
     excel::WorkbookPtr workbook_;

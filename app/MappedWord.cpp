@@ -29,8 +29,16 @@ std::string MappedWord::formatNameOf(const std::string& path) const {
     return wordFormatName(static_cast<int>(wordFormatOf(path)));
 }
 
-bool MappedWord::canSaveAs(const std::string& path) {
-    return (*office_)->canSaveAs(wordFormatOf(path));
+std::string MappedWord::refusalToSave(const std::string& path) const {
+    return formats_.refusalToWrite(formats_.documentFormatOf(path));
+}
+
+std::string MappedWord::refusalToOpen(const std::string& path) const {
+    return formats_.refusalToOpenDocument(path);
+}
+
+bool MappedWord::isForeign(const std::string& path) const {
+    return isForeignWordFile(path);
 }
 
 void MappedWord::addDocument(const std::string& templatePath) {
@@ -48,7 +56,7 @@ bool MappedWord::drop(CNodeDropper& dropper, const MappedObject& object) {
 }
 
 void MappedWord::saveAs(const std::string& path) {
-    document_->SaveAs(path, wordFormatOf(path));
+    document_->SaveAs(path, formats_.documentFormatOf(path));
 }
 
 }  // namespace mergeloom

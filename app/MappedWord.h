@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/MappingOffice.h"
+#include "app/OfficeFormats.h"
 #include "app/StartedOffice.h"
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
@@ -13,15 +14,18 @@ namespace mergeloom {
 /// Word and the document that a mapping makes in it.
 class MappedWord final : public MappingOffice {
   public:
-    /// Both have to outlive it.
-    MappedWord(const WordStarter& startWord, ErrorHandler& errors) : startWord_(startWord), errors_(errors) {}
+    /// All have to outlive it.
+    MappedWord(const WordStarter& startWord, const OfficeFormats& formats, ErrorHandler& errors)
+        : startWord_(startWord), formats_(formats), errors_(errors) {}
 
     [[nodiscard]] std::string name() const override { return "Word"; }
     [[nodiscard]] bool makesLabels() const override { return true; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     [[nodiscard]] std::string formatNameOf(const std::string& path) const override;
+    [[nodiscard]] std::string refusalToSave(const std::string& path) const override;
+    [[nodiscard]] std::string refusalToOpen(const std::string& path) const override;
+    [[nodiscard]] bool isForeign(const std::string& path) const override;
     void start() override { office_.emplace(startWord_(), errors_); }
-    bool canSaveAs(const std::string& path) override;
     void addDocument(const std::string& templatePath) override;
     void openDocument(const std::string& path) override;
     bool drop(CNodeDropper& dropper, const MappedObject& object) override;
@@ -30,6 +34,7 @@ class MappedWord final : public MappingOffice {
 
   private:
     const WordStarter& startWord_;
+    const OfficeFormats& formats_;
     ErrorHandler& errors_;
     std::optional<StartedOffice<word::Application>> office_;
     word::DocumentPtr document_;

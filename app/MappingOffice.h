@@ -35,9 +35,15 @@ class MappingOffice {
     /// What dialogs call the format of the path's extension.
     [[nodiscard]] virtual std::string formatNameOf(const std::string& path) const = 0;
 
+    /// Why the office cannot save in the format of the path's extension, or cannot open a file of that name,
+    /// as sentences that say what to install or to choose; empty when it can.
+    [[nodiscard]] virtual std::string refusalToSave(const std::string& path) const = 0;
+    [[nodiscard]] virtual std::string refusalToOpen(const std::string& path) const = 0;
+    /// Whether the file is none of the office's own kind: it is saved in the format of its extension.
+    [[nodiscard]] virtual bool isForeign(const std::string& path) const = 0;
+
     /// Comes before all that follows.
     virtual void start() = 0;
-    virtual bool canSaveAs(const std::string& path) = 0;
     /// Makes the document from a template, or an empty one when the path is empty.
     virtual void addDocument(const std::string& templatePath) = 0;
     /// Opens the document. One into which nothing can be dropped raises a mapping error or a MappingRefusal.

@@ -1,6 +1,7 @@
 #include "app/modMainEntry.h"
 
 #include "app/CAutoMapping.h"
+#include "app/ChosenOffice.h"
 #include "app/ConsoleErrorHandler.h"
 #include "app/ConsoleMessages.h"
 #include "app/ConsoleProgress.h"
@@ -43,6 +44,7 @@ class Run {
         : options_(options),
           console_(console),
           startDesigner_(startDesigner),
+          office_(officeKindOf(options.office), files_),
           messages_(console.errors),
           errors_(console.errors) {
         if (console.errorsAreWatched) progress_ = std::make_unique<ConsoleProgress>(console.errors);
@@ -61,14 +63,13 @@ class Run {
     bool showDesigner(std::span<const std::string> arguments);
     void tell(const AutomationError& error);
     CAutoMapping makeMapping();
-    word::ApplicationPtr startWord() { return makeWordApplication(officeKindOf(options_.office), files_); }
-    excel::ApplicationPtr startExcel() { return makeExcelApplication(officeKindOf(options_.office), files_); }
     std::vector<Place> readPlaces();
 
     const GnuOptions& options_;
     const Console& console_;
     const DesignerStarter& startDesigner_;
     DiskFileStore files_;
+    ChosenOffice office_;
     ConsoleMessages messages_;
     ConsoleErrorHandler errors_;
     NoProgress noProgress_;
@@ -131,7 +132,12 @@ void Run::tell(const AutomationError& error) {
 
 CAutoMapping Run::makeMapping() {
     Progress& progress = progress_ ? *progress_ : noProgress_;
-    return {[this] { return startWord(); }, [this] { return startExcel(); }, errors_, messages_, progress};
+    return {[this] { return office_.startWord(); },
+            [this] { return office_.startExcel(); },
+            office_.formats(),
+            errors_,
+            messages_,
+            progress};
 }
 
 int Run::listPlaces() {
@@ -144,18 +150,19 @@ int Run::listPlaces() {
 std::vector<Place> Run::readPlaces() {
     const std::string file = fullPath(options_.placesFile);
     // What both offices can have written is taken for Word's, and so is a file of any other name.
-    if (hasExcelExtension(file) && !hasWordExtension(file)) {
-        const StartedOffice office{startExcel(), errors_};
+    const bool isExcels = hasExcelExtension(file) || isForeignExcelFile(file);
+    if (isExcels && !hasWordExtension(file)) {
+        const StartedOffice office{office_.startExcel(), errors_};
         return placesOf(*office->Workbooks()->Open(file));
     }
-    const StartedOffice office{startWord(), errors_};
+    const StartedOffice office{office_.startWord(), errors_};
     return placesOf(*office->Documents()->Open(file));
 }
 
 int Run::convertFields() {
     return tellErrorsOf([this] {
-        const StartedOffice office{startWord(), errors_};
-        ConvertFieldsCommand command{*office, files_, errors_};
+        ConvertFieldsCommand command{[this] { return office_.startWord(); }, office_.formats(), files_,
+                                     errors_};
         return command.run(options_.fieldsFile, options_.outputFile, console_.output);
     });
 }

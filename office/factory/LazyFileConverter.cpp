@@ -6,14 +6,16 @@
 namespace mergeloom {
 
 template <typename Format>
-bool LazyFileConverter::canWriteFormat(Format format) try {
-    return converter().canWrite(format);
+std::string LazyFileConverter::refusalOf(Format format) try {
+    return converter().refusal(format);
 } catch (const AutomationError&) {
-    return false;
+    // The loader's own sentence speaks to those who chose LibreOffice for the whole work.
+    return "The program's module for LibreOffice could not be loaded. Install LibreOffice (on Debian: "
+           "libreoffice-writer and libreoffice-calc) and the module.";
 }
 
-template bool LazyFileConverter::canWriteFormat(word::WdSaveFormat);
-template bool LazyFileConverter::canWriteFormat(excel::XlFileFormat);
+template std::string LazyFileConverter::refusalOf(word::WdSaveFormat);
+template std::string LazyFileConverter::refusalOf(excel::XlFileFormat);
 
 FileConverter& LazyFileConverter::converter() {
     if (!converter_) converter_ = libreOfficeModule().makeFileConverter(files_);

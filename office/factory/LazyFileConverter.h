@@ -4,6 +4,7 @@
 #include "office/model/FileConverter.h"
 
 #include <memory>
+#include <string>
 
 namespace mergeloom {
 
@@ -12,8 +13,8 @@ class LazyFileConverter final : public FileConverter {
   public:
     explicit LazyFileConverter(FileStore& files) : files_(files) {}
 
-    bool canWrite(word::WdSaveFormat format) override { return canWriteFormat(format); }
-    bool canWrite(excel::XlFileFormat format) override { return canWriteFormat(format); }
+    std::string refusal(word::WdSaveFormat format) override { return refusalOf(format); }
+    std::string refusal(excel::XlFileFormat format) override { return refusalOf(format); }
     void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) override {
         converter().convert(from, to, format);
     }
@@ -23,7 +24,7 @@ class LazyFileConverter final : public FileConverter {
 
   private:
     template <typename Format>
-    bool canWriteFormat(Format format);
+    std::string refusalOf(Format format);
     FileConverter& converter();
 
     FileStore& files_;

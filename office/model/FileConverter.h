@@ -15,10 +15,13 @@ class FileConverter {
     FileConverter& operator=(const FileConverter&) = delete;
     virtual ~FileConverter() = default;
 
-    /// Whether documents can be written in the format here and now; an answer that costs no office's start.
-    virtual bool canWrite(word::WdSaveFormat format) = 0;
+    /// Why documents cannot be written in the format here and now, as a sentence that says what to install
+    /// where that would help; empty when they can. An answer that costs no office's start.
+    virtual std::string refusal(word::WdSaveFormat format) = 0;
     /// The same for workbooks.
-    virtual bool canWrite(excel::XlFileFormat format) = 0;
+    virtual std::string refusal(excel::XlFileFormat format) = 0;
+    [[nodiscard]] bool canWrite(word::WdSaveFormat format) { return refusal(format).empty(); }
+    [[nodiscard]] bool canWrite(excel::XlFileFormat format) { return refusal(format).empty(); }
 
     /// Reads the document at one path, by its extension and content, and writes it to the other in the format
     /// of that number. Macros are not run and links not updated. What stood at the target stays whole until

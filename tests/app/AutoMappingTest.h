@@ -1,7 +1,10 @@
 #pragma once
 
+#include "LabellingConverter.h"
 #include "app/CAutoMapping.h"
 #include "app/ConsoleProgress.h"
+#include "app/ConvertingExcel.h"
+#include "app/ConvertingWord.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/DiskFileStore.h"
@@ -31,6 +34,7 @@ class AutoMappingTest : public testing::Test {
         folder.put("broken.xml", "<db><Form></db>");
         folder.put("empty.xml", "<db/>");
         folder.put("exists.dotx", "precious");
+        converter.isInstalled = false;
         putDocuments();
         entriesBefore = folder.entryCount();
     }
@@ -47,8 +51,12 @@ class AutoMappingTest : public testing::Test {
         }
         std::string commandLine;
         GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
-        CAutoMapping mapping{[this] { return startWord(); }, [this] { return startExcel(); }, errors,
-                             messages, progress};
+        CAutoMapping mapping{[this] { return startWord(); },
+                             [this] { return startExcel(); },
+                             formats,
+                             errors,
+                             messages,
+                             progress};
         mapping.SetAllowExistingTemplate(allowExisting);
         made = false;
         startedWords = 0;
@@ -67,14 +75,14 @@ class AutoMappingTest : public testing::Test {
     word::ApplicationPtr startWord() {
         ++startedWords;
         lastWord = makeWordApplication(OfficeKind::Embedded, *store);
-        return wrap(lastWord);
+        return wrap(std::make_shared<ConvertingWord>(lastWord, converter));
     }
 
     excel::ApplicationPtr startExcel() {
         ++startedExcels;
         whenExcelStarts();
         lastExcel = makeExcelApplication(OfficeKind::Embedded, *store);
-        return lastExcel;
+        return std::make_shared<ConvertingExcel>(lastExcel, converter);
     }
 
     [[nodiscard]] bool exists(const std::string& name) const {
@@ -85,6 +93,8 @@ class AutoMappingTest : public testing::Test {
     int entriesBefore = 0;
     DiskFileStore disk;
     FileStore* store = &disk;
+    LabellingConverter converter{store};
+    OfficeFormats formats{OfficeKind::Embedded, disk, converter};
     std::function<word::ApplicationPtr(word::ApplicationPtr)> wrap = [](auto office) { return office; };
     std::function<void()> whenExcelStarts = [] {};
     RecordingErrorHandler errors;

@@ -170,7 +170,8 @@ TEST_F(AutoMappingExcel, RefusesFormatsThatTheOfficeCannotWrite) {
     EXPECT_FALSE(made);
     EXPECT_EQ(messages.texts(), "The template '" + folder / "new.xls" +
                                     "' cannot be written: saving as \"Excel 97-2003 Workbook\" is not "
-                                    "available.\n");
+                                    "available. Install the converter. Choose xlsx, xlsm, xltx or xltm "
+                                    "otherwise.\n");
     for (const char* name : {"new.xlsb", "new.xlt", "new.ods", "new.csv", "new.txt"}) {
         run({"-xmlfile", "%/letter.xml", "-template", std::string("%/") + name});
         EXPECT_FALSE(made) << name;

@@ -1,5 +1,7 @@
+#include "LabellingConverter.h"
 #include "app/ConsoleErrorHandler.h"
 #include "app/ConvertFieldsCommand.h"
+#include "app/ConvertingWord.h"
 #include "base/DiskFileStore.h"
 #include "doubles/FaultyFileSystemCalls.h"
 #include "doubles/TemporaryFolder.h"
@@ -19,12 +21,17 @@ std::string mergeField(const std::string& name) {
 }
 
 /// Converts in place; an error's description where one is raised, else what was reported.
-std::string convert(const std::string& file, FileStore& files) {
+std::string convert(const std::string& file, FileStore& files, const std::string& output = "") {
     std::ostringstream errors, report;
     ConsoleErrorHandler errorHandler{errors};
-    const word::ApplicationPtr office = makeWordApplication(OfficeKind::Embedded, files);
+    FileStore* store = &files;
+    LabellingConverter converter{store};
+    const OfficeFormats formats{OfficeKind::Embedded, files, converter};
+    const auto startWord = [&] {
+        return std::make_shared<ConvertingWord>(makeWordApplication(OfficeKind::Embedded, files), converter);
+    };
     try {
-        ConvertFieldsCommand(*office, files, errorHandler).run(file, "", report);
+        ConvertFieldsCommand(startWord, formats, files, errorHandler).run(file, output, report);
     } catch (const AutomationError& error) {
         return error.description();
     }
@@ -68,6 +75,28 @@ TEST(ConvertFieldsCommand, TellsWhatBecameOfTheFields) {
     const std::string original = folder.bytesOf("letter.docx.bak");
     folder.put("letter.docx", original);
     EXPECT_THAT(convert(folder / "letter.docx", files), testing::EndsWith(kept));
+}
+
+TEST(ConvertFieldsCommand, ConvertsFilesOfOtherFormatsAndKeepsThem) {
+    const TemporaryFolder folder;
+    DiskFileStore files;
+    const std::string original = LabellingConverter::labelled(23, wordFile(mergeField("Town")));
+    folder.put("letter.odt", original);
+    folder.put("letter.ott", original);
+    EXPECT_THAT(convert(folder / "letter.odt", files, folder / "new.rtf"), testing::StartsWith("1 field"));
+    EXPECT_EQ(shownBody(folder.bytesOf("new.rtf").substr(9)), "[Town:Town]\n");
+    EXPECT_EQ(folder.bytesOf("letter.odt"), original);
+    EXPECT_THAT(convert(folder / "letter.odt", files), testing::StartsWith("1 field"));
+    EXPECT_EQ(shownBody(folder.bytesOf("letter.odt").substr(10)), "[Town:Town]\n");
+    EXPECT_EQ(folder.bytesOf("letter.odt.bak"), original);
+
+    for (const std::string target : {"letter.ott", "new.xps", "new.foo"}) {
+        const std::string told = convert(folder / "letter.ott", files, folder / target);
+        EXPECT_THAT(told, testing::StartsWith("The file '" + folder / target +
+                                              "' cannot be saved: its format is not available. "));
+        EXPECT_THAT(told, testing::HasSubstr("Choose docx, docm, dotx or dotm"));
+    }
+    EXPECT_EQ(folder.entryCount(), 4);
 }
 
 }  // namespace

@@ -7,6 +7,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+
 namespace mergeloom {
 
 namespace {
@@ -31,6 +34,34 @@ TEST(OfficeFactory, convertsThroughTheModule) {
     }
     converter->convert("/in.docx", "/out.rtf", word::WdSaveFormat{6});
     EXPECT_THAT(files.read("/out.rtf"), HasSubstr("text"));
+}
+
+/// How many offices run: their worker is one process each.
+std::ptrdiff_t officesIn(const OwnTemporaryFolder& temporary) {
+    return std::ranges::count_if(temporary.processes(), [](pid_t process) {
+        return std::filesystem::path(commandLine(process).c_str()).filename() == "soffice.bin";
+    });
+}
+
+TEST(OfficeFactory, allPartsShareOneOfficeAndTheNextOneWhenItDied) {
+    const OwnTemporaryFolder temporary;
+    MemoryFileStore files;
+    files.files["/in.csv"] = "a,b\n";
+    word::ApplicationPtr word = makeWordApplication(OfficeKind::LibreOffice, files);
+    excel::ApplicationPtr excel = makeExcelApplication(OfficeKind::LibreOffice, files);
+    const std::unique_ptr<FileConverter> converter = makeFileConverter(files);
+    converter->convert("/in.csv", "/out.ods", excel::XlFileFormat{60});
+    EXPECT_EQ(officesIn(temporary), 1);
+    EXPECT_EQ(word->Version(), "16.0");
+    EXPECT_EQ(excel->Version(), "16.0");
+
+    temporary.killWorkers();
+    EXPECT_TRUE(becomesTrue([&] { return officesIn(temporary) == 0; }));
+    word.reset();
+    excel = makeExcelApplication(OfficeKind::LibreOffice, files);
+    converter->convert("/in.csv", "/again.ods", excel::XlFileFormat{60});
+    EXPECT_TRUE(files.fileExists("/again.ods"));
+    EXPECT_EQ(officesIn(temporary), 1);
 }
 
 }  // namespace

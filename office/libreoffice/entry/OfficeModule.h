@@ -35,7 +35,7 @@ class OfficeModule {
 inline constexpr const char* kOfficeModuleFile = "mergeloom_libreoffice.so";
 inline constexpr const char* kOfficeModuleFunction = "mergeloom_office_module";
 /// To be raised with every change of an interface that both sides see.
-inline constexpr int kOfficeModuleEdition = 2;
+inline constexpr int kOfficeModuleEdition = 3;
 
 /// The module, for the program's whole life; none when it was built for another edition.
 using OfficeModuleFunction = OfficeModule* (*)(int edition);

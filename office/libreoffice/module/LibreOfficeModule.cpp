@@ -11,18 +11,33 @@ namespace {
 class LibreOfficeModule final : public OfficeModule {
   public:
     word::ApplicationPtr makeWordApplication(FileStore& files) override {
-        return libreoffice::makeWordApplication(std::make_shared<LibreOfficeSession>(files), files);
+        return libreoffice::makeWordApplication(session(files), files);
     }
     excel::ApplicationPtr makeExcelApplication(FileStore& files) override {
-        return libreoffice::makeExcelApplication(std::make_shared<LibreOfficeSession>(files), files);
+        return libreoffice::makeExcelApplication(session(files), files);
     }
     std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
-        return std::make_unique<LibreOfficeConverter>(files);
+        return std::make_unique<LibreOfficeConverter>([this, &files] { return session(files); });
     }
     std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
                                                    HostedPart part, HostListener& listener) override {
         return std::make_unique<LibreOfficeHost>(files, window, part, listener);
     }
+
+  private:
+    /// The office that all parts share as long as one of them holds it, or a new one where that has died or
+    /// serves other files.
+    std::shared_ptr<LibreOfficeSession> session(FileStore& files) {
+        std::shared_ptr<LibreOfficeSession> shared = session_.lock();
+        if (shared && files_ == &files && shared->process().isRunning()) return shared;
+        shared = std::make_shared<LibreOfficeSession>(files);
+        session_ = shared;
+        files_ = &files;
+        return shared;
+    }
+
+    std::weak_ptr<LibreOfficeSession> session_;
+    FileStore* files_ = nullptr;  ///< of the shared office; only compared
 };
 
 }  // namespace

@@ -4,15 +4,19 @@
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/RequiredFilter.h"
 
+#include <utility>
+
 namespace mergeloom::libreoffice {
 
 namespace {
 
-bool isInstalled() try {
+template <typename Format>
+std::string refusalOf(Format format) try {
+    if (!filterFor(format)) return "LibreOffice does not write this format.";
     findOfficeProgram();
-    return true;
-} catch (const AutomationError&) {
-    return false;
+    return {};
+} catch (const AutomationError& error) {
+    return error.description();
 }
 
 /// A document that is closed whatever becomes of the work with it.
@@ -33,17 +37,20 @@ class OpenDocument {
 
 }  // namespace
 
+LibreOfficeConverter::LibreOfficeConverter(SessionSource source) : source_(std::move(source)) {}
+
 LibreOfficeConverter::LibreOfficeConverter(FileStore& files, TimeBounds bounds)
-    : files_(files), bounds_(bounds) {}
+    : LibreOfficeConverter([&files, bounds] { return std::make_shared<LibreOfficeSession>(files, bounds); }) {
+}
 
 LibreOfficeConverter::~LibreOfficeConverter() = default;
 
-bool LibreOfficeConverter::canWrite(word::WdSaveFormat format) {
-    return filterFor(format).has_value() && isInstalled();
+std::string LibreOfficeConverter::refusal(word::WdSaveFormat format) {
+    return refusalOf(format);
 }
 
-bool LibreOfficeConverter::canWrite(excel::XlFileFormat format) {
-    return filterFor(format).has_value() && isInstalled();
+std::string LibreOfficeConverter::refusal(excel::XlFileFormat format) {
+    return refusalOf(format);
 }
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
@@ -69,7 +76,7 @@ LibreOfficeSession& LibreOfficeConverter::session() {
     const bool runs = session_ && session_->process().isRunning();
     if (!runs) {
         session_.reset();
-        session_ = std::make_unique<LibreOfficeSession>(files_, bounds_);
+        session_ = source_();
     }
     return *session_;
 }

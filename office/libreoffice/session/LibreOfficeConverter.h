@@ -5,22 +5,28 @@
 #include "office/libreoffice/session/OfficePart.h"
 #include "office/model/FileConverter.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace mergeloom::libreoffice {
 
 class LibreOfficeSession;
 
+/// Gives an office that runs, a new one or one that others work with.
+using SessionSource = std::function<std::shared_ptr<LibreOfficeSession>()>;
+
 /// Conversions by an office that is started with the first of them, serves all of them and is started anew
 /// when it has died.
 class LibreOfficeConverter final : public FileConverter {
   public:
-    /// The file store has to outlive it.
+    explicit LibreOfficeConverter(SessionSource source);
+    /// With an office of its own. The file store has to outlive it.
     explicit LibreOfficeConverter(FileStore& files, TimeBounds bounds = {});
     ~LibreOfficeConverter() override;
 
-    bool canWrite(word::WdSaveFormat format) override;
-    bool canWrite(excel::XlFileFormat format) override;
+    std::string refusal(word::WdSaveFormat format) override;
+    std::string refusal(excel::XlFileFormat format) override;
     void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) override;
     void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) override;
 
@@ -29,9 +35,8 @@ class LibreOfficeConverter final : public FileConverter {
     void convertAs(OfficePart part, const std::string& from, const std::string& to, Format format);
     LibreOfficeSession& session();
 
-    FileStore& files_;
-    TimeBounds bounds_;
-    std::unique_ptr<LibreOfficeSession> session_;
+    SessionSource source_;
+    std::shared_ptr<LibreOfficeSession> session_;
 };
 
 }  // namespace mergeloom::libreoffice

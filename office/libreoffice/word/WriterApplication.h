@@ -22,9 +22,9 @@ class WriterApplication final : public word::Application,
     ~WriterApplication() override;
 
     std::string Name() override { return "Microsoft Word"; }
-    /// The Word whose compatibility mode LibreOffice writes into its documents: what is newer than Word 2013
-    /// may be unknown to it. What it can write canSaveAs tells, whatever the version says.
-    std::string Version() override { return "15.0"; }
+    /// The formats and calls that Writer answers for are those of Word 2016 and later. What it can write
+    /// canSaveAs tells, whatever the version says.
+    std::string Version() override { return "16.0"; }
     word::DocumentsPtr Documents() override;
     word::SelectionPtr Selection() override;
     word::UndoRecordPtr UndoRecord() override;
@@ -37,7 +37,8 @@ class WriterApplication final : public word::Application,
     void remove(const WriterDocument& document);
 
   private:
-    word::DocumentPtr list(const DocumentReference& document, const std::string& fullName, bool wasOpened);
+    word::DocumentPtr list(const DocumentReference& document, const std::string& fullName,
+                           ContentOrigin origin, bool wasOpened);
     [[nodiscard]] std::shared_ptr<WriterContent> activeContent() const;
 
     std::shared_ptr<LibreOfficeSession> session_;

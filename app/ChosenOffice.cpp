@@ -1,0 +1,20 @@
+#include "app/ChosenOffice.h"
+
+#include "app/ConvertingExcel.h"
+#include "app/ConvertingWord.h"
+
+namespace mergeloom {
+
+word::ApplicationPtr ChosenOffice::startWord() {
+    word::ApplicationPtr office = makeWordApplication(kind_, files_);
+    if (kind_ == OfficeKind::LibreOffice) return office;
+    return std::make_shared<ConvertingWord>(std::move(office), *converter_);
+}
+
+excel::ApplicationPtr ChosenOffice::startExcel() {
+    excel::ApplicationPtr office = makeExcelApplication(kind_, files_);
+    if (kind_ == OfficeKind::LibreOffice) return office;
+    return std::make_shared<ConvertingExcel>(std::move(office), *converter_);
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/factory/OfficeFactory.h"
+#include "office/model/FileConverter.h"
+
+#include <string>
+
+namespace mergeloom {
+
+/// What the chosen office can write and open, by itself or through a converter. No answer starts one: what
+/// cannot be done is refused before that.
+class OfficeFormats {
+  public:
+    /// Store and converter have to outlive it.
+    OfficeFormats(OfficeKind kind, FileStore& files, FileConverter& converter)
+        : kind_(kind), files_(files), converter_(converter) {}
+
+    /// Why the office does not write the format, as sentences that say what to install or to choose; empty
+    /// when it does.
+    [[nodiscard]] std::string refusalToWrite(word::WdSaveFormat format) const;
+    [[nodiscard]] std::string refusalToWrite(excel::XlFileFormat format) const;
+    /// The format in which the office writes a file of that name. Several formats may share an extension.
+    [[nodiscard]] word::WdSaveFormat documentFormatOf(const std::string& path) const;
+    [[nodiscard]] excel::XlFileFormat workbookFormatOf(const std::string& path) const;
+    /// Why the office does not open a file of that name, in the same way. What the file holds is not looked
+    /// at.
+    [[nodiscard]] std::string refusalToOpenDocument(const std::string& path) const;
+    [[nodiscard]] std::string refusalToOpenWorkbook(const std::string& path) const;
+
+  private:
+    OfficeKind kind_;
+    FileStore& files_;
+    FileConverter& converter_;
+};
+
+}  // namespace mergeloom
