@@ -16,6 +16,7 @@
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
+#include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
@@ -44,8 +45,7 @@ css::uno::Sequence<css::beans::PropertyValue> sequenceOf(const Properties& prope
 
 /// What makes a document quiet, wherever it comes from.
 Properties quiet() {
-    return {property("Hidden", true),
-            property("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
+    return {property("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
             property("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE)};
 }
 
@@ -98,14 +98,40 @@ class PassingFile {
     std::string path_;
 };
 
+/// A frame that goes again when no document comes into it.
+class NewFrame {
+  public:
+    explicit NewFrame(Reference<css::frame::XFrame> frame) : frame_(std::move(frame)) {}
+    NewFrame(const NewFrame&) = delete;
+    NewFrame& operator=(const NewFrame&) = delete;
+    ~NewFrame() try {
+        if (!frame_->getController().is()) frame_->dispose();
+    } catch (const css::uno::Exception&) {
+        // The office ended; so did its frames.
+    }
+
+    [[nodiscard]] const Reference<css::frame::XFrame>& get() const { return frame_; }
+
+  private:
+    Reference<css::frame::XFrame> frame_;
+};
+
 }  // namespace
 
 DocumentReference LibreOfficeFiles::create(OfficePart part) {
     const char* const url = part == OfficePart::Word ? "private:factory/swriter" : "private:factory/scalc";
-    return connection_.call([&] {
-        return connection_.desktop()->loadComponentFromURL(OUString::createFromAscii(url), "_blank", 0,
-                                                           sequenceOf(quiet()));
-    });
+    return connection_.call([&] { return loadFrom(url, quiet()); });
+}
+
+/// None when the office refuses.
+DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties properties) {
+    if (!frames_) {
+        properties.push_back(property("Hidden", true));
+        return connection_.desktop()->loadComponentFromURL(toUno(url), "_blank", 0, sequenceOf(properties));
+    }
+    const NewFrame frame(frames_());
+    const Reference<css::frame::XComponentLoader> loader(frame.get(), UNO_QUERY_THROW);
+    return loader->loadComponentFromURL(toUno(url), "_self", 0, sequenceOf(properties));
 }
 
 DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart part) {
@@ -135,10 +161,7 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
     append(properties, inputFilter(part, extension(path)));
     DocumentReference document;
     try {
-        document = connection_.call([&] {
-            return connection_.desktop()->loadComponentFromURL(toUno(fileUrl(source)), "_blank", 0,
-                                                               sequenceOf(properties));
-        });
+        document = connection_.call([&] { return loadFrom(fileUrl(source), properties); });
     } catch (const AutomationError& error) {
         if (error.number() == kNotAvailable) throw;
     }

@@ -8,24 +8,35 @@
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 
+#include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
 using DocumentReference = Reference<css::lang::XComponent>;
 
+/// Makes an empty frame for the next document.
+using FrameSource = std::function<Reference<css::frame::XFrame>()>;
+
 /// The way of documents between a file store and an office.
 ///
 /// The office works on copies in a folder that goes with its process: it locks nothing, changes nothing that
 /// it was not told to, and what it writes reaches its place whole or not at all. Documents are without a
-/// window, macros never run, links are not updated, and every question is declined.
+/// window unless frames are made for them, macros never run, links are not updated, and every question is
+/// declined.
 class LibreOfficeFiles {
   public:
     /// The file store has to outlive this, the folder is the office's.
     LibreOfficeFiles(OfficeConnection& connection, FileStore& files, std::string workFolder)
         : connection_(connection), files_(files), places_(std::move(workFolder)) {}
 
+    /// Documents are shown in frames from here on, one in each.
+    void showIn(FrameSource frames) { frames_ = std::move(frames); }
     /// An empty document of LibreOffice's own making.
     DocumentReference create(OfficePart part);
     /// Raises kFileCouldNotBeRead with a sentence that names the file when it is missing, damaged, protected
@@ -42,6 +53,8 @@ class LibreOfficeFiles {
 
   private:
     DocumentReference load(const std::string& path, const std::string& source, OfficePart part);
+    [[nodiscard]] DocumentReference loadFrom(const std::string& url,
+                                             std::vector<css::beans::PropertyValue> properties);
     void check(const DocumentReference& document, const std::string& path, OfficePart part);
     std::string placeOfWriting(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter);
@@ -49,6 +62,7 @@ class LibreOfficeFiles {
     OfficeConnection& connection_;
     FileStore& files_;
     WorkPlaces places_;
+    FrameSource frames_;
 };
 
 }  // namespace mergeloom::libreoffice

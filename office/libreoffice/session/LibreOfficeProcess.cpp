@@ -36,13 +36,13 @@ std::vector<std::string> leftovers(const std::string& folder, const std::vector<
 
 }  // namespace
 
-LibreOfficeProcess::LibreOfficeProcess(const std::string& program)
+LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mode)
     : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())),
       sockets_(socketFiles(pipeName_, profileUrl())) {
-    makeOfficeProfile(joinPath(folder_.path(), kProfile));
+    makeOfficeProfile(joinPath(folder_.path(), kProfile), mode);
     std::filesystem::create_directory(workFolder());
     std::filesystem::create_directory(temporaryFolder());
-    process_.emplace(command(program), start_.farEnd(), logPath());
+    process_.emplace(command(program, mode), start_.farEnd(), logPath());
     start_.handOver();
     guard_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
     start_.send("go\n");
@@ -55,20 +55,15 @@ LibreOfficeProcess::~LibreOfficeProcess() {
         std::filesystem::remove(socket, error);
 }
 
-std::vector<std::string> LibreOfficeProcess::command(const std::string& program) const {
-    return {"/bin/sh",
-            "-c",
-            kStartScript,
-            "start",
-            temporaryFolder(),
-            program,
-            "-env:UserInstallation=" + profileUrl(),
-            "--norestore",
-            "--nologo",
-            "--nodefault",
-            "--nofirststartwizard",
-            "--headless",
-            "--accept=pipe,name=" + pipeName_ + ";urp"};
+std::vector<std::string> LibreOfficeProcess::command(const std::string& program, OfficeMode mode) const {
+    std::vector<std::string> words{"/bin/sh", "-c", kStartScript, "start", temporaryFolder()};
+    // Of the toolkits that it can draw with, this one alone comes up inside a window of another program.
+    if (mode == OfficeMode::Shown) words.insert(words.end(), {"env", "SAL_USE_VCLPLUGIN=gen"});
+    words.insert(words.end(), {program, "-env:UserInstallation=" + profileUrl(), "--norestore", "--nologo",
+                               "--nodefault", "--nofirststartwizard"});
+    if (mode == OfficeMode::Hidden) words.emplace_back("--headless");
+    words.push_back("--accept=pipe,name=" + pipeName_ + ";urp");
+    return words;
 }
 
 std::string LibreOfficeProcess::workFolder() const {

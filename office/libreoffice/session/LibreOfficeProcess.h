@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/session/Leash.h"
+#include "office/libreoffice/session/OfficeMode.h"
 #include "office/libreoffice/session/OrphanGuard.h"
 #include "office/libreoffice/session/PrivateFolder.h"
 #include "office/libreoffice/session/ProcessGroup.h"
@@ -11,13 +12,13 @@
 
 namespace mergeloom::libreoffice {
 
-/// An installed LibreOffice as a process of our own: without a window, with a fresh profile that goes with
-/// it, listening on a pipe of its own. Nothing of it stays behind, however this process ends.
+/// An installed LibreOffice as a process of our own: with a fresh profile that goes with it, listening on a
+/// pipe of its own. Nothing of it stays behind, however this process ends.
 class LibreOfficeProcess {
   public:
     /// Starts the program and does not wait until it listens. Raises kNotAvailable with a sentence that says
     /// what hinders it.
-    explicit LibreOfficeProcess(const std::string& program);
+    explicit LibreOfficeProcess(const std::string& program, OfficeMode mode = OfficeMode::Hidden);
     LibreOfficeProcess(const LibreOfficeProcess&) = delete;
     LibreOfficeProcess& operator=(const LibreOfficeProcess&) = delete;
     ~LibreOfficeProcess();
@@ -41,7 +42,7 @@ class LibreOfficeProcess {
     [[nodiscard]] std::string temporaryFolder() const;
     [[nodiscard]] std::string logPath() const;
     [[nodiscard]] std::string profileUrl() const;
-    [[nodiscard]] std::vector<std::string> command(const std::string& program) const;
+    [[nodiscard]] std::vector<std::string> command(const std::string& program, OfficeMode mode) const;
 
     std::optional<OrphanGuard> guard_;  ///< the last to go
     PrivateFolder folder_;

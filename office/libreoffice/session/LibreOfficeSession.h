@@ -13,8 +13,9 @@ class LibreOfficeSession {
   public:
     /// Starts an office; takes about a second. Raises kNotAvailable with a sentence that says what hinders
     /// it.
-    explicit LibreOfficeSession(FileStore& store, TimeBounds bounds = {})
-        : process_(findOfficeProgram()),
+    explicit LibreOfficeSession(FileStore& store, TimeBounds bounds = {},
+                                OfficeMode mode = OfficeMode::Hidden)
+        : process_(findOfficeProgram(), mode),
           connection_(process_, bounds),
           files_(connection_, store, process_.workFolder()) {}
 

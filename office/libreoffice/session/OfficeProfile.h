@@ -1,11 +1,14 @@
 #pragma once
 
+#include "office/libreoffice/session/OfficeMode.h"
+
 #include <string>
 
 namespace mergeloom::libreoffice {
 
 /// Makes the profile of an office in a folder that does not exist yet: one that leaves no marks beside the
-/// documents that it opens. Raises kNotAvailable when the folder cannot be written.
-void makeOfficeProfile(const std::string& folder);
+/// documents that it opens, and that of a shown office greets nobody. Raises kNotAvailable when the folder
+/// cannot be written.
+void makeOfficeProfile(const std::string& folder, OfficeMode mode);
 
 }  // namespace mergeloom::libreoffice
