@@ -9,12 +9,12 @@
 namespace mergeloom {
 
 /// A file dialog with properties: what is set before it is shown, and the result after that. What is read
-/// under a name that can be written, too, is the result.
+/// under a name that can be written, too, is the result, but for the filter and the flags.
 class ComDlg {
   public:
-    explicit ComDlg(FileDialog& dialog);
+    explicit ComDlg(FileDialog& dialog) : dialog_(dialog) {}
 
-    void SetAllowMultiSelect(bool allowed);
+    void SetAllowMultiSelect(bool allowed) { setFlag(OFN_ALLOWMULTISELECT, allowed); }
     void SetDialogTitle(const std::string& title) { texts_.lpstrTitle = title; }
     /// "description|pattern|…". Read, it ends in "|".
     void SetFilter(const std::string& filter);
@@ -23,11 +23,11 @@ class ComDlg {
     /// Counted from 1. After the dialog, the entry that the user chose.
     void SetFilterIndex(int index) { record_.nFilterIndex = static_cast<std::uint32_t>(index); }
     [[nodiscard]] int FilterIndex() const { return static_cast<int>(record_.nFilterIndex); }
-    void SetRestoreCurDir(bool restored);
+    void SetRestoreCurDir(bool restored) { setFlag(OFN_NOCHANGEDIR, restored); }
     /// Adds flags; none is taken away.
     void SetExistFlags(std::uint32_t flags) { record_.Flags |= flags; }
-    void SetCheckBoxVisible(bool visible);
-    void SetCheckBoxSelected(bool selected);
+    void SetCheckBoxVisible(bool visible) { setFlag(OFN_HIDEREADONLY, !visible); }
+    void SetCheckBoxSelected(bool selected) { setFlag(OFN_READONLY, selected); }
     [[nodiscard]] bool CheckBoxSelected() const { return (record_.Flags & OFN_READONLY) != 0; }
     void SetFileName(const std::string& name) { initialName_ = name; }
     void SetDirectory(const std::string& folder) { texts_.lpstrInitialDir = folder; }
@@ -46,7 +46,7 @@ class ComDlg {
     [[nodiscard]] const std::string& Directory() const { return result_.directory; }
     /// Without the "."; empty for several files.
     [[nodiscard]] const std::string& Extension() const { return result_.extension; }
-    /// The paths of all files that were chosen.
+    /// The paths of all files that were chosen, of a single one, too.
     [[nodiscard]] const std::vector<std::string>& FileNames() const { return result_.fileNames; }
     [[nodiscard]] const std::vector<std::string>& FileTitles() const { return result_.fileTitles; }
     [[nodiscard]] const OpenFileName& Record() const { return record_; }
@@ -59,11 +59,12 @@ class ComDlg {
 
     void setFlag(std::uint32_t flag, bool on);
     bool show(FileDialogKind kind);
-    void prepare();
+    void prepareRecord();
     [[nodiscard]] Result resultOfDialog() const;
+    static void addChosenFiles(Result& result);
 
     FileDialog& dialog_;
-    OpenFileName record_;
+    OpenFileName record_{.Flags = OFN_EXPLORER | OFN_LONGNAMES | OFN_HIDEREADONLY};
     OpenFileTexts texts_;
     std::string initialName_;
     Result result_;

@@ -23,6 +23,8 @@ class DiskFileSystem final : public FileSystem {
     void createFolder(const std::string& path) override;
 
   private:
+    [[nodiscard]] bool exists(const std::string& path);
+    void checkTarget(const std::string& to, Overwriting overwriting);
     void moveToAnotherDisk(const std::string& from, const std::string& to);
 
     FileSystemCalls& calls_;

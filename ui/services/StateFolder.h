@@ -8,4 +8,7 @@ namespace mergeloom {
 /// ~/.local/state/mergeloom. It need not exist yet.
 std::string stateFolder();
 
+/// Makes a folder that is the user's alone, with those above it. False when there is none afterwards.
+bool makePrivateFolder(const std::string& path);
+
 }  // namespace mergeloom

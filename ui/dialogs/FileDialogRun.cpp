@@ -1,0 +1,170 @@
+#include "ui/dialogs/FileDialogRun.h"
+
+#include "base/Paths.h"
+#include "ui/dialogs/ChosenFiles.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QMessageBox>
+#include <algorithm>
+
+namespace mergeloom {
+
+namespace {
+
+QString textOf(const std::string& buffer) {
+    return QString::fromStdString(buffer.substr(0, buffer.find('\0')));
+}
+
+/// The toolkit reads the patterns from the brackets at the entry's end, with blanks between them.
+QString shownFilter(const FileFilter& filter) {
+    QStringList patterns;
+    for (const std::string& pattern : filter.patterns)
+        patterns += QString::fromStdString(pattern);
+    return QStringLiteral("%1 (%2)").arg(QString::fromStdString(filter.description),
+                                         patterns.join(QChar(u' ')));
+}
+
+QFileDialog::FileMode fileModeOf(FileDialogKind kind, std::uint32_t flags) {
+    if (kind == FileDialogKind::Save) return QFileDialog::AnyFile;
+    if ((flags & OFN_ALLOWMULTISELECT) != 0) return QFileDialog::ExistingFiles;
+    return (flags & OFN_FILEMUSTEXIST) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile;
+}
+
+}  // namespace
+
+FileDialogRun::FileDialogRun(QWidget* owner, FileDialogKind kind, OpenFileName& record, OpenFileTexts& texts)
+    : kind_(kind),
+      record_(record),
+      texts_(texts),
+      filters_(parseFileFilters(texts.lpstrFilter)),
+      dialog_(owner) {
+    setUpFiles();
+    setUpFilters();
+    setUpStart();
+    if (!has(OFN_HIDEREADONLY)) setUpCheckBox();
+}
+
+bool FileDialogRun::show() {
+    while (dialog_.exec() == QDialog::Accepted) {
+        const std::vector<std::string> paths = chosenPaths();
+        if (!accepts(paths)) continue;
+        if (paths.size() == 1) {
+            fillWithFile(record_, texts_, paths.front());
+        } else {
+            fillWithFiles(record_, texts_, paths);
+        }
+        record_.nFilterIndex = static_cast<std::uint32_t>(filters_.empty() ? 0 : filterIndex() + 1);
+        return true;
+    }
+    return false;
+}
+
+void FileDialogRun::setUpFiles() {
+    const bool saves = kind_ == FileDialogKind::Save;
+    dialog_.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog_.setFileMode(fileModeOf(kind_, record_.Flags));
+    // The question comes when the name is complete, with its extension.
+    dialog_.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!texts_.lpstrTitle.empty()) dialog_.setWindowTitle(textOf(texts_.lpstrTitle));
+}
+
+/// Descriptions that name their patterns already should not do so twice.
+void FileDialogRun::setUpFilters() {
+    dialog_.setOption(QFileDialog::HideNameFilterDetails);
+    QStringList shown;
+    for (const FileFilter& filter : filters_)
+        shown += shownFilter(filter);
+    if (shown.isEmpty()) return;
+    dialog_.setNameFilters(shown);
+    const auto last = static_cast<std::uint32_t>(shown.size());
+    dialog_.selectNameFilter(shown.at(std::clamp(record_.nFilterIndex, 1U, last) - 1));
+}
+
+void FileDialogRun::setUpStart() {
+    if (!texts_.lpstrInitialDir.empty()) dialog_.setDirectory(textOf(texts_.lpstrInitialDir));
+    const QString fileName = textOf(texts_.lpstrFile);
+    if (!fileName.isEmpty()) dialog_.selectFile(fileName);
+    takeExtensionOfFilter();
+    QObject::connect(&dialog_, &QFileDialog::filterSelected, &dialog_, [this] { takeExtensionOfFilter(); });
+}
+
+/// Only the toolkit's own dialog has room for it.
+void FileDialogRun::setUpCheckBox() {
+    dialog_.setOption(QFileDialog::DontUseNativeDialog);
+    auto* layout = qobject_cast<QGridLayout*>(dialog_.layout());
+    if (layout == nullptr) return;
+    auto* box = new QCheckBox(tr("Open as &read-only"), &dialog_);
+    box->setChecked(has(OFN_READONLY));
+    QObject::connect(box, &QCheckBox::toggled, &dialog_, [this](bool on) {
+        record_.Flags = on ? record_.Flags | OFN_READONLY : record_.Flags & ~OFN_READONLY;
+    });
+    layout->addWidget(box, layout->rowCount(), 0, 1, layout->columnCount());
+}
+
+/// The dialog looks with it for a file that is opened, too.
+void FileDialogRun::takeExtensionOfFilter() {
+    dialog_.setDefaultSuffix(QString::fromStdString(defaultExtension()));
+}
+
+std::size_t FileDialogRun::filterIndex() const {
+    const qsizetype index = dialog_.nameFilters().indexOf(dialog_.selectedNameFilter());
+    return static_cast<std::size_t>(std::max<qsizetype>(index, 0));
+}
+
+FileFilter FileDialogRun::filter() const {
+    return filters_.empty() ? FileFilter() : filters_.at(filterIndex());
+}
+
+/// Three characters cannot tell "docx" from "doc", so the entry that the user chose decides where it can.
+/// Without a default extension, names stay as they are.
+std::string FileDialogRun::defaultExtension() const {
+    if (texts_.lpstrDefExt.empty()) return {};
+    const std::string ofFilter = extensionOf(filter());
+    return ofFilter.empty() ? texts_.lpstrDefExt : ofFilter;
+}
+
+std::vector<std::string> FileDialogRun::chosenPaths() const {
+    std::vector<std::string> paths;
+    for (const QString& path : dialog_.selectedFiles())
+        paths.push_back(path.toStdString());
+    const bool completes = kind_ == FileDialogKind::Save && paths.size() == 1 && !defaultExtension().empty();
+    if (completes && !hasExtension(paths.front(), filter())) paths.front() += "." + defaultExtension();
+    return paths;
+}
+
+bool FileDialogRun::accepts(const std::vector<std::string>& paths) {
+    if (paths.empty()) return false;
+    const std::string folder = parentFolder(paths.front());
+    const auto liesElsewhere = [&](const std::string& path) { return parentFolder(path) != folder; };
+    if (std::ranges::any_of(paths, liesElsewhere)) {
+        refuse(tr("Please choose files of one folder."));
+        return false;
+    }
+    if (has(OFN_PATHMUSTEXIST) && !folderExists(folder)) {
+        refuse(tr("The folder '%1' does not exist.").arg(QString::fromStdString(folder)));
+        return false;
+    }
+    const bool asks = kind_ == FileDialogKind::Save && has(OFN_OVERWRITEPROMPT);
+    return !asks || !fileExists(paths.front()) || mayReplace(paths.front());
+}
+
+bool FileDialogRun::mayReplace(const std::string& path) {
+    QMessageBox box(
+        QMessageBox::Warning, dialog_.windowTitle(),
+        tr("The file '%1' already exists.\nDo you want to replace it?").arg(QString::fromStdString(path)),
+        QMessageBox::Yes | QMessageBox::No, dialog_.parentWidget());
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+void FileDialogRun::refuse(const QString& reason) {
+    QMessageBox box(QMessageBox::Warning, dialog_.windowTitle(), reason, QMessageBox::Ok,
+                    dialog_.parentWidget());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// An entry in the list of file types: what the user reads and the patterns of names.
+struct FileFilter {
+    std::string description;
+    std::vector<std::string> patterns;
+};
+
+/// The entries of a record's filter: descriptions and patterns in turn, each ended by a NUL; several patterns
+/// have a
+/// ";" between them. "*.*" means every file, also one without an extension.
+std::vector<FileFilter> parseFileFilters(const std::string& filter);
+
+/// The extension of an entry's first pattern without the "."; empty when the pattern leaves it open.
+std::string extensionOf(const FileFilter& filter);
+
+/// Whether a name carries an extension: up to five letters and digits behind its last ".", not digits alone,
+/// or any that one of the patterns names. So "Offer No. 5" has none.
+bool hasExtension(const std::string& fileName, const FileFilter& filter);
+
+}  // namespace mergeloom

@@ -1,0 +1,84 @@
+#include "ui/dialogs/MessageBoxes.h"
+
+#include "ui/dialogs/DialogOwner.h"
+#include "ui/services/GuiThread.h"
+
+#include <QMessageBox>
+
+namespace mergeloom {
+
+namespace {
+
+QMessageBox::Icon iconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::None:
+            return QMessageBox::NoIcon;
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::Question:
+            return QMessageBox::Question;
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::Critical:
+            return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+struct Buttons {
+    QMessageBox::StandardButtons all;
+    QMessageBox::StandardButton atEscape;
+};
+
+Buttons buttonsOf(MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::Ok:
+            return {QMessageBox::Ok, QMessageBox::Ok};
+        case MessageButtons::OkCancel:
+            return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel};
+        case MessageButtons::YesNo:
+            return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+        case MessageButtons::YesNoCancel:
+            return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel};
+    }
+    return {QMessageBox::Ok, QMessageBox::Ok};
+}
+
+QMessageBox::StandardButton firstOf(MessageButtons buttons) {
+    return defaultAnswer(buttons) == MessageAnswer::Yes ? QMessageBox::Yes : QMessageBox::Ok;
+}
+
+MessageAnswer answerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return MessageAnswer::Yes;
+        case QMessageBox::No:
+            return MessageAnswer::No;
+        case QMessageBox::Cancel:
+            return MessageAnswer::Cancel;
+        default:
+            return MessageAnswer::Ok;
+    }
+}
+
+MessageAnswer ask(QWidget* owner, const Message& message) {
+    const Buttons buttons = buttonsOf(message.buttons);
+    QMessageBox box(iconOf(message.icon), QStringLiteral("Mergeloom"), QString::fromStdString(message.text),
+                    buttons.all, ownerOfDialog(owner));
+    // A path or a name may look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setDefaultButton(firstOf(message.buttons));
+    box.setEscapeButton(buttons.atEscape);
+    return answerOf(box.exec());
+}
+
+}  // namespace
+
+MessageAnswer MessageBoxes::show(const Message& message) {
+    MessageAnswer answer = defaultAnswer(message.buttons);
+    callOnGuiThread([&] { answer = ask(owner_, message); });
+    return answer;
+}
+
+}  // namespace mergeloom
