@@ -44,7 +44,7 @@ excel::WorkbooksPtr CalcApplication::Workbooks() {
 excel::RangePtr CalcApplication::ActiveCell() {
     const CalcContentPtr& content = activeContent();
     CalcSheet& sheet = content->sheet(content->activeSheet());
-    const CalcCell cell = sheet.mergedAt(sheet.selection().activeCell).first;
+    const CalcCell cell = sheet.merged().at(sheet.selection().activeCell).first;
     return calcRangeOf(content, content->activeSheet(), {cell, cell});
 }
 

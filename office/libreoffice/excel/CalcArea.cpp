@@ -1,6 +1,11 @@
 #include "office/libreoffice/excel/CalcArea.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <system_error>
 
 namespace mergeloom::libreoffice {
 
@@ -51,6 +56,25 @@ std::string absoluteAddressOf(const CalcArea& area) {
     if (area.columns() == kSheetColumns) return rowOf(area.first) + ":" + rowOf(area.last);
     if (area.rows() == kSheetRows) return columnOf(area.first) + ":" + columnOf(area.last);
     return addressOf(area.first) + ":" + addressOf(area.last);
+}
+
+std::optional<CalcCell> cellOfAbsoluteAddress(std::string_view address) {
+    const std::size_t second = address.rfind('$');
+    if (address.size() < 4 || address.front() != '$' || second < 2) return {};
+    std::int64_t column = 0;
+    for (const char letter : address.substr(1, second - 1)) {
+        if (letter < 'A' || letter > 'Z' || column > kSheetColumns) return {};
+        column = column * kLetterCount + (letter - 'A' + 1);
+    }
+    const std::string_view digits = address.substr(second + 1);
+    CalcCell cell{0, static_cast<int>(column)};
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), cell.row);
+    if (error != std::errc{} || end != digits.data() + digits.size() || !isInSheet({cell, cell})) return {};
+    return cell;
+}
+
+std::string referenceOnSheet(const std::string& sheet, const std::string& address) {
+    return "$'" + replaceAll(sheet, "'", "''") + "'." + address;
 }
 
 CalcArea areaOf(const css::table::CellRangeAddress& address) {

@@ -6,6 +6,7 @@
 #include <compare>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace mergeloom::libreoffice {
 
@@ -36,6 +37,10 @@ struct CalcArea {
 [[nodiscard]] std::optional<CalcArea> intersection(const CalcArea& a, const CalcArea& b);
 /// Excel's absolute address: "$B$3", "$B$3:$D$4", "$3:$4", "$B:$D".
 [[nodiscard]] std::string absoluteAddressOf(const CalcArea& area);
+/// The cell of such an address; none for anything but one cell of a sheet.
+[[nodiscard]] std::optional<CalcCell> cellOfAbsoluteAddress(std::string_view address);
+/// Calc's notation of an address on a sheet: "$'Sheet1'.$B$3".
+[[nodiscard]] std::string referenceOnSheet(const std::string& sheet, const std::string& address);
 [[nodiscard]] CalcArea areaOf(const css::table::CellRangeAddress& address);
 
 }  // namespace mergeloom::libreoffice

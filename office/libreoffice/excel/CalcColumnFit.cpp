@@ -3,11 +3,9 @@
 #include "office/model/excel/Range.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/sheet/CellFlags.hpp>
-#include <com/sun/star/sheet/XCellRangesQuery.hpp>
-#include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/beans/XMultiPropertySet.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
 
 /// Calc's own fitting looks at the whole column, so the cells are measured here.
@@ -22,44 +20,32 @@ struct ShownText {
 
 /// The text of a cell that asks for room; empty where the text fits itself into what there is.
 ShownText shownIn(const Reference<css::table::XCell>& cell) {
-    const Reference<css::beans::XPropertySet> properties(cell, UNO_QUERY_THROW);
+    // In the order of their names, as the interface wants it.
+    const std::array<OUString, 5> names{"CharFontName", "CharHeight", "CharWeight", "IsTextWrapped",
+                                        "ShrinkToFit"};
+    const Reference<css::beans::XMultiPropertySet> properties(cell, UNO_QUERY_THROW);
+    const css::uno::Sequence<css::uno::Any> values =
+        properties->getPropertyValues({names.data(), static_cast<sal_Int32>(names.size())});
     ShownText shown;
-    const bool fitsItself = properties->getPropertyValue("IsTextWrapped").get<bool>() ||
-                            properties->getPropertyValue("ShrinkToFit").get<bool>();
-    if (fitsItself) return shown;
+    if (values[3].get<bool>() || values[4].get<bool>()) return shown;
     shown.text = fromUno(Reference<css::text::XTextRange>(cell, UNO_QUERY_THROW)->getString());
-    shown.font.name = fromUno(properties->getPropertyValue("CharFontName").get<OUString>());
-    shown.font.points = static_cast<double>(properties->getPropertyValue("CharHeight").get<float>());
-    shown.font.weight = properties->getPropertyValue("CharWeight").get<float>();
+    shown.font.name = fromUno(values[0].get<OUString>());
+    shown.font.points = static_cast<double>(values[1].get<float>());
+    shown.font.weight = values[2].get<float>();
     return shown;
-}
-
-std::vector<CalcArea> filledCells(CalcContent& content, const CalcSheet& sheet, const CalcArea& column) {
-    using namespace css::sheet;
-    const auto addresses = content.connection().call([&] {
-        const Reference<XCellRangesQuery> query(sheet.range(column), UNO_QUERY_THROW);
-        const sal_Int16 flags =
-            CellFlags::VALUE | CellFlags::DATETIME | CellFlags::STRING | CellFlags::FORMULA;
-        return query->queryContentCells(flags)->getRangeAddresses();
-    });
-    std::vector<CalcArea> areas;
-    // Of a column behind the last one with a content Calc tells that one's cells.
-    for (const css::table::CellRangeAddress& address : addresses)
-        if (const auto cells = intersection(areaOf(address), column)) areas.push_back(*cells);
-    return areas;
 }
 
 /// In pixels; 0 when no cell asks for room.
 double widestText(CalcContent& content, CalcSheet& sheet, const CalcArea& column) {
+    content.pending().settle();
     double widest = 0;
-    for (const CalcArea& area : filledCells(content, sheet, column)) {
-        for (CalcCell cell = area.first; cell.row <= area.last.row; ++cell.row) {
-            const CalcArea merged = sheet.mergedAt(cell);
-            if (merged.first != merged.last) continue;
+    for (const CalcArea& area : content.connection().call([&] { return filledIn(sheet.uno(), column); })) {
+        forEachCell(area, [&](const CalcCell& cell) {
+            if (sheet.merged().at(cell) != CalcArea{cell, cell}) return;
             const ShownText shown = content.connection().call([&] { return shownIn(sheet.cell(cell)); });
             if (!shown.text.empty())
                 widest = std::max(widest, content.fonts().textWidth(shown.text, shown.font));
-        }
+        });
     }
     return widest;
 }

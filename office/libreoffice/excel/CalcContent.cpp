@@ -69,6 +69,7 @@ CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore&
       factory_(faceOf<css::lang::XMultiServiceFactory>(connection(), document_)),
       undo_(connection(), undoManagerOf(connection(), document_),
             faceOf<css::frame::XModel>(connection(), document_)),
+      pending_(connection(), undo_),
       fonts_(connection()) {
     connection().call([&] {
         readSheets();
@@ -87,19 +88,21 @@ void CalcContent::readSheets() {
     const Reference<css::container::XIndexAccess> sheets(workbook_->getSheets(), UNO_QUERY_THROW);
     for (sal_Int32 index = 0; index < names.getLength(); ++index) {
         const Reference<css::sheet::XSpreadsheet> sheet(sheets->getByIndex(index), UNO_QUERY_THROW);
-        const auto position = static_cast<std::size_t>(index);
-        sheets_.push_back(
-            std::make_unique<CalcSheet>(connection(), sheet, fromUno(names[index]), view.cellOf(position)));
+        const std::string name = fromUno(names[index]);
+        const CalcCell activeCell = view.cellOf(static_cast<std::size_t>(index));
+        sheets_.push_back(std::make_unique<CalcSheet>(connection(), pending_, sheet, name, activeCell));
+        pending_.addSheet(sheet, name);
     }
     activeSheet_ = std::min(view.activeSheet, sheets_.size() - 1);
 }
 
 void CalcContent::readNames() {
     documentNames_ = namesIn(document_);
+    pending_.setNames(documentNames_);
     readNames(documentNames_, CalcNameIndex::kDocument);
     for (std::size_t index = 0; index < sheets_.size(); ++index) {
         const int sheet = static_cast<int>(index);
-        readNames(namesOf(sheet), sheet);
+        readNames(ownNamesOf(sheet), sheet);
     }
     const Reference<css::beans::XPropertySet> properties(document_, UNO_QUERY_THROW);
     const Reference<css::container::XNameAccess> tables(properties->getPropertyValue("DatabaseRanges"),
@@ -136,7 +139,12 @@ void CalcContent::select(std::size_t index, const CalcSelectedCells& selection) 
     sheet(index).select(selection);
 }
 
-Reference<css::sheet::XNamedRanges> CalcContent::namesOf(int sheet) const {
+Reference<css::sheet::XNamedRanges> CalcContent::namesOf(int sheet) {
+    pending_.settle();
+    return ownNamesOf(sheet);
+}
+
+Reference<css::sheet::XNamedRanges> CalcContent::ownNamesOf(int sheet) const {
     if (sheet == CalcNameIndex::kDocument) return documentNames_;
     return namesIn(sheets_.at(static_cast<std::size_t>(sheet))->uno());
 }

@@ -3,6 +3,7 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/excel/CalcFonts.h"
 #include "office/libreoffice/excel/CalcNameIndex.h"
+#include "office/libreoffice/excel/CalcPending.h"
 #include "office/libreoffice/excel/CalcSheet.h"
 #include "office/libreoffice/excel/CalcUndo.h"
 #include "office/libreoffice/excel/CalcUnits.h"
@@ -45,10 +46,11 @@ class CalcContent {
     void select(std::size_t index, const CalcSelectedCells& selection);
 
     [[nodiscard]] CalcNameIndex& names() { return names_; }
-    /// The names of the workbook or of one of its sheets. Within a call.
-    [[nodiscard]] Reference<css::sheet::XNamedRanges> namesOf(int sheet) const;
+    /// The names of the workbook or of one of its sheets, when none waits any more. Within a call.
+    [[nodiscard]] Reference<css::sheet::XNamedRanges> namesOf(int sheet);
 
     [[nodiscard]] CalcUndo& undo() { return undo_; }
+    [[nodiscard]] CalcPending& pending() { return pending_; }
     [[nodiscard]] CalcFonts& fonts() { return fonts_; }
     [[nodiscard]] const CalcColumnUnits& columnUnits();
     /// Whether a number format shows truth values. Within a call.
@@ -61,6 +63,7 @@ class CalcContent {
 
   private:
     void readSheets();
+    [[nodiscard]] Reference<css::sheet::XNamedRanges> ownNamesOf(int sheet) const;
     void readNames();
     void readNames(const Reference<css::sheet::XNamedRanges>& names, int sheet);
 
@@ -70,6 +73,7 @@ class CalcContent {
     Reference<css::sheet::XSpreadsheetDocument> workbook_;
     Reference<css::lang::XMultiServiceFactory> factory_;
     CalcUndo undo_;
+    CalcPending pending_;
     CalcFonts fonts_;
     std::optional<CalcColumnUnits> columnUnits_;
     Reference<css::util::XNumberFormats> numberFormats_;

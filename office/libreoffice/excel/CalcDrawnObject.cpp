@@ -130,7 +130,9 @@ CalcCell CalcDrawnObject::topLeftCell() const {
     return cellAt(*content_, sheet_, corner);
 }
 
+/// Texts that waited may make rows higher.
 css::awt::Point CalcDrawnObject::place() const {
+    content_->pending().settle();
     return content_->connection().call([&] { return entry().shape->getPosition(); });
 }
 

@@ -37,10 +37,6 @@ bool isPlainReference(const std::string& formula) {
     return std::regex_match(formula, cells) || std::regex_match(formula, lines);
 }
 
-std::string onSheet(const std::string& sheet, const std::string& reference) {
-    return "$'" + replaceAll(sheet, "'", "''") + "'." + reference;
-}
-
 [[noreturn]] void refuse(const std::string& formula) {
     throw AutomationError(kApplicationDefined, "'" + formula + "' is no formula.");
 }
@@ -50,8 +46,11 @@ std::string onSheet(const std::string& sheet, const std::string& reference) {
 CalcNameContent parseNameFormula(CalcContent& content, const std::string& refersToLocal) {
     if (refersToLocal.size() < 2 || refersToLocal.front() != '=') refuse(refersToLocal);
     const std::string formula = refersToLocal.substr(1);
-    if (isPlainReference(formula)) return onSheet(content.sheet(content.activeSheet()).name(), formula);
+    if (isPlainReference(formula)) {
+        return referenceOnSheet(content.sheet(content.activeSheet()).name(), formula);
+    }
     if (findIgnoringAsciiCase(formula, kLostReference) != std::string::npos) return kLostReference;
+    content.pending().settle();
     const Tokens tokens =
         content.connection().call([&] { return makeParser(content)->parseFormula(toUno(formula), {}); });
     const auto isBad = [](const css::sheet::FormulaToken& token) { return token.OpCode == kBadOperation; };

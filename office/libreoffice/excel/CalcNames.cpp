@@ -23,6 +23,12 @@ void check(const std::string& name) {
     if (name.empty() || isTruth || utf16Length(name) > kLongestName) refuse(name);
 }
 
+/// The one cell of the active sheet to which a formula leads; none for other formulas.
+std::optional<CalcCell> cellMeantBy(const std::string& refersToLocal) {
+    if (refersToLocal.empty() || refersToLocal.front() != '=') return {};
+    return cellOfAbsoluteAddress(std::string_view(refersToLocal).substr(1));
+}
+
 /// What a name stands for until a parsed formula is handed over.
 constexpr const char* kPreliminary = "0";
 
@@ -58,7 +64,13 @@ excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string&
         return defined;
     }
     check(name);
-    return define(name, refersToLocal);
+    const std::optional<CalcCell> cell = cellMeantBy(refersToLocal);
+    if (!cell || !CalcPending::mayWait(name)) return define(name, refersToLocal);
+    content_->touch();
+    content_->names().append(name, CalcNameIndex::kDocument);
+    content_->undo().keep([content = content_.get()] { content->names().removeLast(); });
+    content_->pending().addName(content_->activeSheet(), *cell, name);
+    return std::make_shared<CalcDefinedName>(content_, content_->names().entries().size() - 1);
 }
 
 excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::string& refersToLocal) {

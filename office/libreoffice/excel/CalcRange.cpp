@@ -69,7 +69,7 @@ excel::RangePtr CalcRange::Offset(int rowOffset, int columnOffset) {
 }
 
 excel::RangePtr CalcRange::MergeArea() {
-    return block(sheet().mergedAt(area_.first));
+    return block(sheet().merged().at(area_.first));
 }
 
 std::string CalcRange::Value() {
@@ -87,7 +87,7 @@ void CalcRange::Select() {
 
 void CalcRange::Activate() {
     content_->activate(sheet_);
-    const CalcArea merged = sheet().mergedAt(area_.first);
+    const CalcArea merged = sheet().merged().at(area_.first);
     CalcSelectedCells selection = sheet().selection();
     const auto holdsCell = [&](const CalcArea& area) { return area.contains(merged.first); };
     if (!std::ranges::any_of(selection.areas, holdsCell)) selection.areas = {merged};

@@ -26,7 +26,7 @@ class CalcRange final : public excel::Range {
     excel::RangePtr Resize(int rowSize, int columnSize) override;
     excel::RangePtr Offset(int rowOffset, int columnOffset) override;
     excel::RangePtr MergeArea() override;
-    bool MergeCells() override { return sheet().hasMerged(area_); }
+    bool MergeCells() override { return sheet().merged().existIn(area_); }
 
     std::string Value() override;
     void SetValue(const std::string& text) override;

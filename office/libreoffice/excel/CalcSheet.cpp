@@ -15,7 +15,6 @@
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/util/CellProtection.hpp>
-#include <com/sun/star/util/XMergeable.hpp>
 #include <com/sun/star/util/XProtectable.hpp>
 #include <utility>
 
@@ -38,12 +37,14 @@ bool touches(const std::vector<CalcArea>& areas, const CalcArea& area) {
 
 }  // namespace
 
-CalcSheet::CalcSheet(OfficeConnection& connection, Reference<css::sheet::XSpreadsheet> sheet,
-                     std::string name, const CalcCell& activeCell)
+CalcSheet::CalcSheet(OfficeConnection& connection, CalcPending& pending,
+                     Reference<css::sheet::XSpreadsheet> sheet, std::string name, const CalcCell& activeCell)
     : connection_(connection),
+      pending_(pending),
       sheet_(std::move(sheet)),
       name_(std::move(name)),
-      selection_{activeCell, {{activeCell, activeCell}}} {}
+      selection_{activeCell, {{activeCell, activeCell}}},
+      merged_(connection_, sheet_) {}
 
 bool CalcSheet::isHidden() {
     return connection_.call([&] {
@@ -55,35 +56,6 @@ bool CalcSheet::isHidden() {
 CalcShapeTable& CalcSheet::shapes() {
     if (!shapes_) shapes_.emplace(connection_, sheet_);
     return *shapes_;
-}
-
-CalcArea CalcSheet::merged(const CalcArea& area) {
-    return connection_.call([&] {
-        const Reference<css::sheet::XSheetCellRange> cells(range(area), UNO_QUERY_THROW);
-        const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(cells));
-        cursor->collapseToMergedArea();
-        return addressOf(cursor);
-    });
-}
-
-CalcArea CalcSheet::mergedAt(const CalcCell& cell) {
-    const CalcArea single{cell, cell};
-    return hasMerged() ? merged(single) : single;
-}
-
-bool CalcSheet::hasMerged(const CalcArea& area) {
-    if (!hasMerged()) return false;
-    if (merged(area) != area) return true;
-    return connection_.call(
-        [&] { return Reference<css::util::XMergeable>(range(area), UNO_QUERY_THROW)->getIsMerged(); });
-}
-
-bool CalcSheet::hasMerged() {
-    if (!hasMerged_) {
-        hasMerged_ = connection_.call(
-            [&] { return Reference<css::util::XMergeable>(sheet_, UNO_QUERY_THROW)->getIsMerged(); });
-    }
-    return *hasMerged_;
 }
 
 bool CalcSheet::isProtected() {
@@ -110,18 +82,19 @@ void CalcSheet::checkMayWrite(const CalcArea& area) {
 }
 
 Reference<css::table::XCell> CalcSheet::cell(const CalcCell& cell) const {
-    return sheet_->getCellByPosition(cell.column - 1, cell.row - 1);
+    pending_.settle();
+    return cellOf(sheet_, cell);
 }
 
 Reference<css::table::XCellRange> CalcSheet::range(const CalcArea& area) const {
-    return sheet_->getCellRangeByPosition(area.first.column - 1, area.first.row - 1, area.last.column - 1,
-                                          area.last.row - 1);
+    pending_.settle();
+    return rangeOf(sheet_, area);
 }
 
 /// Of cells that differ UNO says nothing; then one of them is locked.
 bool CalcSheet::isLocked(const CalcArea& area) {
     return connection_.call([&] {
-        const Reference<css::beans::XPropertySet> properties(range(area), UNO_QUERY_THROW);
+        const Reference<css::beans::XPropertySet> properties(rangeOf(sheet_, area), UNO_QUERY_THROW);
         css::util::CellProtection protection;
         protection.IsLocked = true;
         properties->getPropertyValue("CellProtection") >>= protection;
@@ -137,7 +110,8 @@ bool CalcSheet::hasArray(const CalcArea& area) {
         for (CalcCell cell = common->first; cell.row <= common->last.row; ++cell.row) {
             for (cell.column = common->first.column; cell.column <= common->last.column; ++cell.column) {
                 const CalcArea array = connection_.call([&] {
-                    const Reference<css::sheet::XSheetCellRange> start(range({cell, cell}), UNO_QUERY_THROW);
+                    const Reference<css::sheet::XSheetCellRange> start(rangeOf(sheet_, {cell, cell}),
+                                                                       UNO_QUERY_THROW);
                     const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(start));
                     cursor->collapseToCurrentArray();
                     return addressOf(cursor);

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
+#include "office/libreoffice/excel/CalcCells.h"
+#include "office/libreoffice/excel/CalcMergedCells.h"
+#include "office/libreoffice/excel/CalcPending.h"
 #include "office/libreoffice/excel/CalcShapeTable.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 
@@ -23,8 +25,8 @@ struct CalcSelectedCells {
 /// asked once and remembered.
 class CalcSheet {
   public:
-    CalcSheet(OfficeConnection& connection, Reference<css::sheet::XSpreadsheet> sheet, std::string name,
-              const CalcCell& activeCell);
+    CalcSheet(OfficeConnection& connection, CalcPending& pending, Reference<css::sheet::XSpreadsheet> sheet,
+              std::string name, const CalcCell& activeCell);
 
     [[nodiscard]] const Reference<css::sheet::XSpreadsheet>& uno() const { return sheet_; }
     [[nodiscard]] const std::string& name() const { return name_; }
@@ -35,11 +37,7 @@ class CalcSheet {
 
     [[nodiscard]] CalcShapeTable& shapes();
 
-    /// The merged cells that hold the cell; the cell itself where it is not merged.
-    [[nodiscard]] CalcArea mergedAt(const CalcCell& cell);
-    /// Whether any of the cells is merged.
-    [[nodiscard]] bool hasMerged(const CalcArea& area);
-    [[nodiscard]] bool hasMerged();
+    [[nodiscard]] CalcMergedCells& merged() { return merged_; }
 
     [[nodiscard]] bool isProtected();
     /// Raises kApplicationDefined with a sentence when the sheet is protected.
@@ -47,12 +45,11 @@ class CalcSheet {
     /// Raises kApplicationDefined, with a sentence that says why, for cells that take no text.
     void checkMayWrite(const CalcArea& area);
 
-    /// Within a call.
+    /// Cells as they are when nothing waits any more. Within a call.
     [[nodiscard]] Reference<css::table::XCell> cell(const CalcCell& cell) const;
     [[nodiscard]] Reference<css::table::XCellRange> range(const CalcArea& area) const;
 
   private:
-    [[nodiscard]] CalcArea merged(const CalcArea& area);
     [[nodiscard]] bool isLocked(const CalcArea& area);
     [[nodiscard]] bool hasArray(const CalcArea& area);
     [[nodiscard]] bool hasPivotTable(const CalcArea& area);
@@ -60,12 +57,13 @@ class CalcSheet {
     [[nodiscard]] const std::vector<CalcArea>& pivotTables();
 
     OfficeConnection& connection_;
+    CalcPending& pending_;
     Reference<css::sheet::XSpreadsheet> sheet_;
     std::string name_;
     CalcSelectedCells selection_;
+    CalcMergedCells merged_;
     std::optional<CalcShapeTable> shapes_;
     std::optional<bool> isProtected_;
-    std::optional<bool> hasMerged_;
     std::optional<std::vector<CalcArea>> formulas_;
     std::optional<std::vector<CalcArea>> pivotTables_;
 };

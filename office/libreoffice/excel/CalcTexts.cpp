@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/libreoffice/excel/CalcFormerCells.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -40,42 +41,6 @@ bool isNumber(const Reference<css::table::XCell>& cell,
     return result == css::sheet::FormulaResult::VALUE;
 }
 
-void setOne(const CalcSheet& sheet, const CalcCell& cell, const std::string& text) {
-    Reference<css::text::XTextRange>(sheet.cell(cell), UNO_QUERY_THROW)->setString(toUno(text));
-}
-
-/// Makes a cell hold again what it held.
-void restore(const Reference<css::table::XCell>& cell, css::table::CellContentType type, double number,
-             const OUString& text) {
-    if (type == css::table::CellContentType_VALUE) return cell->setValue(number);
-    if (type == css::table::CellContentType_FORMULA) return cell->setFormula(text);
-    Reference<css::text::XTextRange>(cell, UNO_QUERY_THROW)->setString(text);
-}
-
-/// Keeps what a cell holds, its text without the formats of single letters. Within a call.
-void keepCell(CalcContent& content, const Reference<css::table::XCell>& cell) {
-    const css::table::CellContentType type = cell->getType();
-    const double number = type == css::table::CellContentType_VALUE ? cell->getValue() : 0;
-    OUString text;
-    if (type == css::table::CellContentType_FORMULA) text = cell->getFormula();
-    if (type == css::table::CellContentType_TEXT)
-        text = Reference<css::text::XTextRange>(cell, UNO_QUERY_THROW)->getString();
-    content.undo().keep([&connection = content.connection(), cell, type, number, text] {
-        connection.call([&] { restore(cell, type, number, text); });
-    });
-}
-
-/// Keeps what the cells of an area hold for the step that is being recorded.
-void keepCells(CalcContent& content, const CalcSheet& sheet, const CalcArea& area) {
-    if (!content.undo().isRecording()) return;
-    content.connection().call([&] {
-        for (CalcCell cell = area.first; cell.row <= area.last.row; ++cell.row) {
-            for (cell.column = area.first.column; cell.column <= area.last.column; ++cell.column)
-                keepCell(content, sheet.cell(cell));
-        }
-    });
-}
-
 void setBlock(const CalcSheet& sheet, const CalcArea& area, const std::string& text) {
     const css::uno::Any value(toUno(text));
     css::uno::Sequence<css::uno::Any> row(area.columns());
@@ -85,22 +50,23 @@ void setBlock(const CalcSheet& sheet, const CalcArea& area, const std::string& t
     Reference<css::sheet::XCellRangeData>(sheet.range(area), UNO_QUERY_THROW)->setDataArray(rows);
 }
 
+/// Keeps what the cells of an area hold for the step that is being recorded.
+void keepCells(CalcContent& content, const CalcSheet& sheet, const CalcArea& area) {
+    if (!content.undo().isRecording()) return;
+    const CalcFormerCells former =
+        content.connection().call([&] { return CalcFormerCells(sheet.uno(), area); });
+    content.undo().keep(
+        [&connection = content.connection(), former] { connection.call([&] { former.restore(); }); });
+}
+
 void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const CalcArea& area,
                   const std::string& text) {
+    content.pending().settle();
+    keepCells(content, sheet, area);
     const int height = static_cast<int>(std::max<std::int64_t>(1, kCellsAtOnce / area.columns()));
     for (CalcArea block = area; block.first.row <= area.last.row; block.first.row += height) {
         block.last.row = std::min(area.last.row, block.first.row + height - 1);
         content.connection().call([&] { setBlock(sheet, block, text); });
-    }
-}
-
-/// Cell by cell, past those that others cover.
-void fillAmongMerged(CalcContent& content, CalcSheet& sheet, const CalcArea& area, const std::string& text) {
-    for (CalcCell cell = area.first; cell.row <= area.last.row; ++cell.row) {
-        for (cell.column = area.first.column; cell.column <= area.last.column; ++cell.column) {
-            if (sheet.mergedAt(cell).first != cell) continue;
-            content.connection().call([&] { setOne(sheet, cell, text); });
-        }
     }
 }
 
@@ -136,10 +102,11 @@ void fill(CalcContent& content, std::size_t index, const CalcArea& area, const s
     CalcSheet& sheet = content.sheet(index);
     check(sheet, area, text);
     content.touch();
-    keepCells(content, sheet, area);
-    if (sheet.hasMerged()) return fillAmongMerged(content, sheet, area, text);
-    if (area.first != area.last) return fillInBlocks(content, sheet, area, text);
-    content.connection().call([&] { setOne(sheet, area.first, text); });
+    if (area.first != area.last && !sheet.merged().exist()) return fillInBlocks(content, sheet, area, text);
+    forEachCell(area, [&](const CalcCell& cell) {
+        // What others cover keeps what it holds.
+        if (sheet.merged().at(cell).first == cell) content.pending().setText(index, cell, text);
+    });
 }
 
 }  // namespace mergeloom::libreoffice

@@ -25,6 +25,10 @@ class CalcUndo {
     void change();
     /// Keeps the way back from a change; outside a record it is dropped.
     void keep(std::function<void()> wayBack);
+    /// Whether there is a step that undo() may be asked for, be it one that is still recorded.
+    [[nodiscard]] bool mayTakeBack() const { return depth_ > 0 || hasStep_; }
+    /// Keeps the way back from what is done later on behalf of the step; only while there is one.
+    void keepLater(std::function<void()> wayBack) { waysBack_.push_back(std::move(wayBack)); }
     /// Called when the recorded step can no longer be taken back, in order to remove what it hid.
     void whenForgotten(std::function<void()> cleanup);
     /// False when there is no step with a change.

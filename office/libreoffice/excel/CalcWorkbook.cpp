@@ -95,6 +95,7 @@ void CalcWorkbook::SaveAs(const std::string& fileName, excel::XlFileFormat forma
 }
 
 void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format) {
+    content_->pending().settle();
     content_->undo().removeWhatIsHidden();
     content_->session().files().save(content_->document(), fileName, format);
     content_->setSaved(true);

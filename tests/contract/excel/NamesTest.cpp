@@ -95,5 +95,71 @@ TEST_P(OfficeNames, CountOnFromTheFirstFreeOne) {
     EXPECT_EQ(names->firstFreeCounter("ammB_ref"), 1);
 }
 
+/// Many places side by side and below one another, in whatever order and with whatever stands beside them.
+TEST_P(OfficeNames, ReachTheFileWhateverStandsBesideTheirCells) {
+    open(workbookFile({{"One",
+                        "<sheetData><row r=\"8\"><c r=\"A8\" t=\"inlineStr\"><is><t>kept</t></is></c></row>"
+                        "</sheetData>"},
+                       {"Two"}}));
+    const excel::NamesPtr names = workbook->Names();
+    std::vector<std::pair<std::string, std::string>> expected;
+    const auto add = [&](const std::string& name, int row, int column) {
+        const std::string address = cell(row, column)->AddressLocal();
+        names->Add(name, "=" + address);
+        expected.emplace_back(name, "=One!" + address);
+    };
+    for (const int row : {3, 1, 2}) {
+        cell(row, 1)->SetValue("Caption " + std::to_string(row));
+        add("ammPlace" + std::to_string(row), row, 2);
+        cell(row, 2)->SetValue("[" + std::to_string(row) + "]");
+    }
+    add("ammAgain", 2, 2);
+    add("ammÖrtlich", 4, 2);
+    for (const int row : {7, 8, 9})
+        add("ammBeside" + std::to_string(row), row, 2);
+    add("ammEdge", 5, 1);
+    add("ammEdge2", 6, 1);
+
+    const excel::WorkbookPtr saved = reopened();
+    EXPECT_EQ(saved->Names()->Count(), static_cast<int>(expected.size()));
+    for (const auto& [name, formula] : expected)
+        EXPECT_EQ(saved->Names()->Item(name)->RefersToLocal(), formula) << name;
+    std::string shown;
+    for (int row = 1; row <= 9; ++row) {
+        const excel::WorksheetPtr first = saved->Worksheets()->Item(1);
+        shown += first->Cells(row, 1)->Value() + "|" + first->Cells(row, 2)->Value() + " ";
+    }
+    EXPECT_EQ(shown, "Caption 1|[1] Caption 2|[2] Caption 3|[3] | | | | kept| | ");
+}
+
+/// What a step wrote goes with it, also where it has reached the document already, and what was there comes
+/// back.
+TEST_P(OfficeNames, GoWithTheStepThatMadeThem) {
+    add();
+    const excel::NamesPtr names = workbook->Names();
+    cell(1, 1)->SetValue("former");
+    const auto step = application->UndoRecord();
+    step->StartCustomRecord("A drop");
+    for (const int row : {1, 2, 3}) {
+        cell(row, 1)->SetValue("Caption");
+        names->Add("ammPlace" + std::to_string(row), "=" + cell(row, 2)->AddressLocal());
+        cell(row, 2)->SetValue("first");
+        cell(row, 2)->SetValue("last");
+        if (row == 2) {
+            EXPECT_EQ(cell(1, 2)->Value(), "last");
+            EXPECT_EQ(names->Item("ammPlace1")->RefersToLocal(), "=Sheet1!$B$1");
+        }
+    }
+    step->EndCustomRecord();
+    EXPECT_EQ(cell(3, 2)->Value(), "last");
+    ASSERT_TRUE(workbook->Undo(1));
+    EXPECT_EQ(names->Count(), 0);
+    EXPECT_EQ(cell(1, 1)->Value() + cell(1, 2)->Value() + cell(2, 1)->Value() + cell(3, 2)->Value(),
+              "former");
+    names->Add("ammPlace2", "=$C$1");
+    EXPECT_EQ(saved("ammPlace2"), "=Sheet1!$C$1");
+    EXPECT_EQ(reader->Workbooks()->Item(1)->Names()->Count(), 1);
+}
+
 }  // namespace
 }  // namespace mergeloom

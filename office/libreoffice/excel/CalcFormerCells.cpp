@@ -1,0 +1,42 @@
+#include "office/libreoffice/excel/CalcFormerCells.h"
+
+#include "office/libreoffice/excel/CalcCells.h"
+
+#include <com/sun/star/sheet/XSheetOperation.hpp>
+#include <com/sun/star/text/XTextRange.hpp>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+Reference<css::text::XTextRange> textIn(const Reference<css::table::XCell>& cell) {
+    return {cell, UNO_QUERY_THROW};
+}
+
+}  // namespace
+
+CalcFormerCells::CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet, const CalcArea& area)
+    : cells_(rangeOf(sheet, area)) {
+    for (const CalcArea& filled : filledIn(sheet, area)) {
+        forEachCell(filled, [&](const CalcCell& cell) { read(cellOf(sheet, cell)); });
+    }
+}
+
+void CalcFormerCells::read(const Reference<css::table::XCell>& cell) {
+    Content content{cell, cell->getType(), 0, {}};
+    if (content.type == css::table::CellContentType_VALUE) content.number = cell->getValue();
+    if (content.type == css::table::CellContentType_FORMULA) content.text = cell->getFormula();
+    if (content.type == css::table::CellContentType_TEXT) content.text = textIn(cell)->getString();
+    contents_.push_back(content);
+}
+
+void CalcFormerCells::restore() const {
+    Reference<css::sheet::XSheetOperation>(cells_, UNO_QUERY_THROW)->clearContents(kContentFlags);
+    for (const Content& content : contents_) {
+        if (content.type == css::table::CellContentType_VALUE) content.cell->setValue(content.number);
+        if (content.type == css::table::CellContentType_FORMULA) content.cell->setFormula(content.text);
+        if (content.type == css::table::CellContentType_TEXT) textIn(content.cell)->setString(content.text);
+    }
+}
+
+}  // namespace mergeloom::libreoffice
