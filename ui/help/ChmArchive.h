@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,8 +18,9 @@ class ChmArchive {
     explicit ChmArchive(const std::string& path);
 
     [[nodiscard]] const std::string& path() const { return path_; }
-    /// The bytes of a file, by its path from the help file's root, without a "/" before it and with any letter
-    /// case; none when there is no such file. Raises kFileCouldNotBeRead when its bytes cannot be read.
+    /// The bytes of a file, by its path from the help file's root, without a "/" before it and with any
+    /// letter case; none when there is no such file. Raises kFileCouldNotBeRead when its bytes cannot be
+    /// read.
     [[nodiscard]] std::optional<QByteArray> read(const QString& name) const;
     /// The paths of the files that the author put in. Raises kFileCouldNotBeRead when they cannot be listed.
     [[nodiscard]] QStringList names() const;

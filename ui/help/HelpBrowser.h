@@ -3,7 +3,6 @@
 #include "ui/help/HelpFile.h"
 
 #include <QTextBrowser>
-
 #include <functional>
 #include <memory>
 

@@ -1,7 +1,6 @@
 #include "ui/help/HelpSearch.h"
 
 #include <QRegularExpression>
-
 #include <algorithm>
 #include <utility>
 
@@ -34,7 +33,8 @@ void HelpSearch::addWords(const QString& text, int weight) {
 
 HelpSearch::Weights HelpSearch::weightsOf(const QString& beginning) const {
     Weights weights;
-    for (auto at = words_.lower_bound(beginning); at != words_.end() && at->first.startsWith(beginning); ++at) {
+    for (auto at = words_.lower_bound(beginning); at != words_.end() && at->first.startsWith(beginning);
+         ++at) {
         for (const auto& [topic, weight] : at->second) {
             weights[topic] += weight;
         }

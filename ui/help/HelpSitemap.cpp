@@ -55,7 +55,8 @@ class SitemapReader {
     }
 
     void beginObject(const QString& tag) {
-        isInEntry_ = attribute(tag, QStringLiteral("type")).compare(u"text/sitemap", Qt::CaseInsensitive) == 0;
+        isInEntry_ =
+            attribute(tag, QStringLiteral("type")).compare(u"text/sitemap", Qt::CaseInsensitive) == 0;
         entry_ = {};
     }
 

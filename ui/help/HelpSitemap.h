@@ -3,7 +3,6 @@
 #include "ui/help/HelpEntry.h"
 
 #include <QString>
-
 #include <vector>
 
 namespace mergeloom {

@@ -58,7 +58,8 @@ HelpWindow::HelpWindow(const std::shared_ptr<HelpFile>& file, QWidget* owner)
     : QMainWindow(owner, Qt::Window), file_(file) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(file->title().isEmpty() ? tr("Help") : file->title());
-    browser_ = new HelpBrowser(file, [this](const QString& sentence) { tellProblem(sentence); }, this);
+    browser_ = new HelpBrowser(
+        file, [this](const QString& sentence) { tellProblem(sentence); }, this);
     browser_->setAccessibleName(tr("Topic"));
     makePages();
     makeActions();
@@ -134,10 +135,10 @@ void HelpWindow::makeActions() {
         action->setShortcut(key);
         return action;
     };
-    QAction* const back = add(QStyle::SP_ArrowBack, tr("&Back"), QKeySequence::Back,
-                              [this] { browser_->backward(); });
-    QAction* const forward = add(QStyle::SP_ArrowForward, tr("&Forward"), QKeySequence::Forward,
-                                 [this] { browser_->forward(); });
+    QAction* const back =
+        add(QStyle::SP_ArrowBack, tr("&Back"), QKeySequence::Back, [this] { browser_->backward(); });
+    QAction* const forward =
+        add(QStyle::SP_ArrowForward, tr("&Forward"), QKeySequence::Forward, [this] { browser_->forward(); });
     add(QStyle::SP_DirHomeIcon, tr("&Home"), Qt::ALT | Qt::Key_Home,
         [this] { showTopic(file_->defaultTopic()); });
     back->setEnabled(false);
@@ -148,7 +149,8 @@ void HelpWindow::makeActions() {
     bar->addSeparator();
     bar->addAction(tr("Lar&ger"), this, [this] { browser_->zoomBy(1); })
         ->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    bar->addAction(tr("S&maller"), this, [this] { browser_->zoomBy(-1); })->setShortcut(QKeySequence::ZoomOut);
+    bar->addAction(tr("S&maller"), this, [this] { browser_->zoomBy(-1); })
+        ->setShortcut(QKeySequence::ZoomOut);
     bar->addAction(tr("&Normal Size"), this, [this] { browser_->resetZoom(); })
         ->setShortcut(Qt::CTRL | Qt::Key_0);
 

@@ -4,7 +4,6 @@
 #include "ui/help/HelpFile.h"
 
 #include <QMainWindow>
-
 #include <memory>
 #include <vector>
 

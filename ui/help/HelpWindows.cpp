@@ -5,7 +5,6 @@
 #include "ui/help/HelpWindow.h"
 
 #include <QCoreApplication>
-
 #include <algorithm>
 
 namespace mergeloom {
@@ -54,7 +53,8 @@ WindowHandle HelpWindows::HtmlHelp(WindowHandle owner, const std::string& file, 
 
 /// The owner stands behind the new window and leaves it usable while it is modal itself.
 HelpWindow& HelpWindows::windowFor(WindowHandle owner, const std::string& file) {
-    std::erase_if(entries_, [](const Entry& entry) { return entry.window.isNull() || entry.window->isHidden(); });
+    std::erase_if(entries_,
+                  [](const Entry& entry) { return entry.window.isNull() || entry.window->isHidden(); });
     const auto found = std::ranges::find_if(
         entries_, [&](const Entry& entry) { return entry.owner == owner && entry.file == file; });
     if (found != entries_.end()) return *found->window;

@@ -8,8 +8,9 @@
 
 namespace mergeloom {
 
-clsHtmlHelpForForm::clsHtmlHelpForForm(QWidget& form, QAbstractButton& helpButton, const std::string& helpFile,
-                                       const std::string& defaultHelpFile, HtmlHelpPort& port)
+clsHtmlHelpForForm::clsHtmlHelpForForm(QWidget& form, QAbstractButton& helpButton,
+                                       const std::string& helpFile, const std::string& defaultHelpFile,
+                                       HtmlHelpPort& port)
     : form_(form), help_(port) {
     help_.SetFile(helpFile.empty() ? defaultHelpFile : helpFile);
     form.installEventFilter(this);

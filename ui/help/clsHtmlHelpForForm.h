@@ -3,7 +3,6 @@
 #include "ui/help/clsHtmlHelp.h"
 
 #include <QObject>
-
 #include <string>
 
 class QAbstractButton;
