@@ -1,12 +1,75 @@
 #include "ui/designer/DesignerMain.h"
 
+#include "app/CommandLineText.h"
+#include "app/mCommandLine.h"
+#include "app/modMain.h"
+#include "ui/designer/frmMain.h"
+
 #include <QApplication>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+#include <vector>
 
 namespace mergeloom {
 
-int runDesigner(int& count, char** values) {
-    const QApplication application(count, values);
+namespace {
+
+constexpr int kFailure = 1;
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+constexpr const char* kXcb = "xcb";
+constexpr const char* kNoDisplay =
+    "The designer needs a display (X11, on Wayland through XWayland), and there is none that it can open. "
+    "Set "
+    "DISPLAY, or add -hidden to make the template without a window.\n";
+
+void readSwitches(int count, char** values) {
+    const std::vector<std::string> arguments(values + (count > 0 ? 1 : 0), values + count);
+    std::string commandLine;
+    GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
+    gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
+}
+
+/// The office takes its place in a window of X11's only.
+void choosePlatform() {
+    const QByteArray chosen = qgetenv(kPlatform);
+    if (chosen.isEmpty() || chosen.startsWith("wayland")) qputenv(kPlatform, kXcb);
+}
+
+/// The toolkit would abort with words for developers where it finds no display.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+    if (type != QtFatalMsg) return;
+    std::fputs(kNoDisplay, stderr);
+    std::_Exit(kFailure);
+}
+
+int showWindow() {
+    frmMain window(gExcelMode == 0 ? HostedPart::Word : HostedPart::Excel);
+    window.show();
+    QTimer::singleShot(0, &window, [&window] { window.start(); });
     return QApplication::exec();
+}
+
+}  // namespace
+
+int runDesigner(int& count, char** values) {
+    readSwitches(count, values);
+    choosePlatform();
+    // The toolkit takes switches of its own out of the arguments, so it sees none.
+    int programAlone = 1;
+    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
+    const QApplication application(programAlone, values);
+    qInstallMessageHandler(usual);
+    QApplication::setApplicationName(QStringLiteral("Mergeloom"));
+    try {
+        return showWindow();
+    } catch (const std::exception& error) {
+        std::fputs(error.what(), stderr);
+        std::fputs("\n", stderr);
+        return kFailure;
+    }
 }
 
 }  // namespace mergeloom

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <vector>
+
+class QAction;
+class QKeySequence;
+class QMenu;
+class QMenuBar;
+
+namespace mergeloom {
+
+/// The commands of the window in its menu bar.
+class DesignerActions final : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Merge fields are converted in Word alone.
+    enum class FieldConversion { Offered, Missing };
+
+    DesignerActions(QMenuBar& bar, FieldConversion conversion);
+
+    /// Commands on the document make no sense without one.
+    void setDocumentThere(bool isThere);
+
+  Q_SIGNALS:
+    void newTemplate();
+    void open();
+    void save();
+    void saveAs();
+    void closeWindow();
+    void loadStructure();
+    void insertNode();
+    void convertFields();
+    void helpContents();
+    void helpIndex();
+    void helpSearch();
+    void about();
+
+  private:
+    using Signal = void (DesignerActions::*)();
+
+    QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys, Signal signal);
+    void addForDocument(QMenu& menu, const QString& text, const QKeySequence& keys, Signal signal);
+    void addFileMenu(QMenuBar& bar);
+    void addWorkMenus(QMenuBar& bar, FieldConversion conversion);
+    void addHelpMenu(QMenuBar& bar);
+
+    std::vector<QAction*> forDocument_;
+};
+
+}  // namespace mergeloom

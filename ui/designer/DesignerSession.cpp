@@ -1,0 +1,216 @@
+#include "ui/designer/DesignerSession.h"
+
+#include "base/AutomationError.h"
+#include "base/Trap.h"
+#include "office/factory/OfficeFactory.h"
+#include "ui/designer/ExcelTemplates.h"
+#include "ui/designer/HostedFields.h"
+#include "ui/designer/OfficeModuleFile.h"
+#include "ui/designer/WordTemplates.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kModule = "frmMain";
+
+QString sentenceOf(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (const std::exception& raised) {
+        return QString::fromUtf8(raised.what());
+    }
+}
+
+}  // namespace
+
+DesignerSession::DesignerSession(HostedPart part, Ports ports)
+    : part_(part),
+      ports_(std::move(ports)),
+      office_([this](const HostWindow& window, HostedPart shown) {
+          return ports_.startHost(window, shown, events_);
+      }),
+      files_(ports_.files),
+      templates_(makeTemplates()),
+      lifecycle_({.access = office_,
+                  .office = *templates_,
+                  .messages = ports_.messages,
+                  .errors = ports_.errors,
+                  .dialog = ports_.fileDialog,
+                  .files = files_,
+                  .view = *this}),
+      dropFlow_({.jobs = worker_,
+                 .access = office_,
+                 .tree = ports_.tree,
+                 .errors = ports_.errors,
+                 .messages = ports_.messages,
+                 .progress = progress_,
+                 .fieldDialog = ports_.fieldDialog,
+                 .runPendingEvents = [] { QCoreApplication::processEvents(); }}) {
+    connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
+    connect(&events_, &HostEvents::ended, this, &DesignerSession::whenEnded);
+}
+
+std::unique_ptr<TemplateOffice> DesignerSession::makeTemplates() {
+    if (part_ == HostedPart::Excel) return std::make_unique<ExcelTemplates>(office_);
+    return std::make_unique<WordTemplates>(office_, ports_.messages, ports_.errors, files_, [this] {
+        return makeWordApplication(OfficeKind::Embedded, ports_.files);
+    });
+}
+
+DesignerSession::~DesignerSession() {
+    if (attempt_) attempt_->isGivenUp = true;
+    worker_.run([this] { office_.end(); });
+}
+
+std::string DesignerSession::officeBuild() const {
+    const std::scoped_lock lock(buildMutex_);
+    return build_;
+}
+
+void DesignerSession::start(const HostWindow& window) {
+    if (state_ != OfficeState::Stopped) return;
+    setState(OfficeState::Starting);
+    const auto attempt = std::make_shared<Attempt>();
+    attempt_ = attempt;
+    worker_.post([this, window, attempt] { startOffice(window, *attempt); },
+                 [this, attempt](const std::exception_ptr& error) {
+                     if (!attempt->isGivenUp) whenStarted(error);
+                 });
+}
+
+void DesignerSession::startOffice(const HostWindow& window, const Attempt& attempt) {
+    if (attempt.isGivenUp) return;
+    office_.start(window, part_);
+    if (attempt.isGivenUp) {
+        office_.end();
+        return;
+    }
+    logOffice();
+}
+
+void DesignerSession::logOffice() {
+    const std::string build = office_.host().build();
+    ports_.log("Size of dsoframer.ocx: " + std::to_string(officeModuleSize()));
+    ports_.log("Word Application Build: " + build);
+    const std::scoped_lock lock(buildMutex_);
+    build_ = build;
+}
+
+void DesignerSession::cancelStart() {
+    if (state_ != OfficeState::Starting) return;
+    attempt_->isGivenUp = true;
+    setState(OfficeState::Stopped, tr("The office was not started."));
+}
+
+void DesignerSession::whenStarted(const std::exception_ptr& error) {
+    if (state_ != OfficeState::Starting) return;
+    if (error) {
+        setState(OfficeState::Stopped, sentenceOf(error));
+        return;
+    }
+    setState(OfficeState::Opening);
+    openFirst();
+}
+
+void DesignerSession::openFirst() {
+    const bool again = std::exchange(hasOpened_, true);
+    const auto isHosted = std::make_shared<bool>(false);
+    worker_.post([this, again, isHosted] { *isHosted = again ? lifecycle_.Restart() : lifecycle_.Start(); },
+                 [this, isHosted](const std::exception_ptr& /*none leaves it*/) {
+                     if (state_ != OfficeState::Opening) return;
+                     if (*isHosted) {
+                         setState(OfficeState::Running);
+                         return;
+                     }
+                     post([this] { office_.end(); });
+                     setState(OfficeState::Stopped, tr("No document is shown."));
+                 });
+}
+
+void DesignerSession::whenEnded() {
+    if (state_ == OfficeState::Stopped) return;
+    if (attempt_) attempt_->isGivenUp = true;
+    post([this] { office_.end(); });
+    setState(OfficeState::Stopped, tr("The office has ended unexpectedly. What was not saved is lost."));
+}
+
+void DesignerSession::setState(OfficeState state, const QString& stopReason) {
+    state_ = state;
+    stopReason_ = stopReason;
+    Q_EMIT stateChanged();
+}
+
+void DesignerSession::execute(HostCommand command) {
+    if (!isFree()) return;
+    if (command == HostCommand::Close) {
+        Q_EMIT closeRequested();
+        return;
+    }
+    worker_.run([this, command] { lifecycle_.Execute(command); });
+}
+
+void DesignerSession::convertFields() {
+    if (!isFree()) return;
+    trap(ports_.errors, kModule, "ConvertMergeFields", [this] {
+        worker_.run(
+            [this] { convertHostedFields(office_.host(), ports_.files, ports_.errors, ports_.messages); });
+    });
+}
+
+bool DesignerSession::drop(HostPoint point) {
+    if (isFree()) return dropFlow_.drop(point);
+    ports_.tree.unhook();
+    return false;
+}
+
+bool DesignerSession::insertAtCaret() {
+    return isFree() && dropFlow_.insertAtCaret();
+}
+
+void DesignerSession::setFolders(const std::string& documents, const std::string& templates) {
+    post([this, documents, templates] {
+        lifecycle_.SetDocumentsFolder(documents);
+        lifecycle_.SetTemplatesFolder(templates);
+    });
+}
+
+void DesignerSession::placeCaret(HostPoint point) {
+    if (!isFree()) return;
+    worker_.postNewest([this, point] { (void)office_.host().placeCaret(point); });
+}
+
+void DesignerSession::resize(int width, int height) {
+    post([this, width, height] {
+        if (office_.isRunning()) office_.host().resize(width, height);
+    });
+}
+
+void DesignerSession::focusDocument() {
+    if (!isFree()) return;
+    post([this] { office_.host().focus(); });
+}
+
+/// What fails was meant for an office that has ended meanwhile, which is told in another way.
+void DesignerSession::post(OfficeJobs::Job job) {
+    worker_.post(std::move(job), [](const std::exception_ptr& /*error*/) {});
+}
+
+bool DesignerSession::unload() {
+    if (worker_.isWaitedFor()) return false;
+    cancelStart();
+    bool mayClose = false;
+    worker_.run([&] { mayClose = lifecycle_.Unload(); });
+    return mayClose;
+}
+
+void DesignerSession::showCaption(const std::string& caption) {
+    QMetaObject::invokeMethod(
+        this, [this, text = QString::fromStdString(caption)] { Q_EMIT captionChanged(text); },
+        Qt::QueuedConnection);
+}
+
+}  // namespace mergeloom

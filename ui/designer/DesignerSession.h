@@ -1,0 +1,122 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "ui/designer/DiskTemplateFiles.h"
+#include "ui/designer/DropFlow.h"
+#include "ui/designer/DropProgress.h"
+#include "ui/designer/HostEvents.h"
+#include "ui/designer/HostedOffice.h"
+#include "ui/designer/LifecycleView.h"
+#include "ui/designer/OfficeWorker.h"
+#include "ui/designer/TemplateLifecycle.h"
+
+#include <QObject>
+#include <atomic>
+#include <memory>
+#include <string>
+
+namespace mergeloom {
+
+/// Whether the office in the window can be worked with.
+enum class OfficeState {
+    Starting,
+    Opening,  ///< it runs, and the first template is brought up
+    Running,
+    Stopped
+};
+
+/// The office in the window and what is done with it, from the start of the program to its end. Belongs to
+/// the windows' thread and hands all work to the office's own.
+class DesignerSession final : public QObject, private LifecycleView {
+    Q_OBJECT
+
+  public:
+    using HostStarter = std::function<std::unique_ptr<DocumentHost>(const HostWindow& window, HostedPart part,
+                                                                    HostListener& listener)>;
+    using Diagnostics = std::function<void(const std::string& line)>;
+    /// What has to outlive it, and the way to an office.
+    struct Ports {
+        HostStarter startHost;
+        Diagnostics log;
+        Messages& messages;
+        ErrorHandler& errors;
+        FileDialog& fileDialog;
+        FieldDialog& fieldDialog;
+        DropTree& tree;
+        FileStore& files;
+    };
+
+    DesignerSession(HostedPart part, Ports ports);
+    /// Ends the office.
+    ~DesignerSession() override;
+
+    [[nodiscard]] OfficeState state() const { return state_; }
+    /// Why there is no document, in the state Stopped.
+    [[nodiscard]] const QString& stopReason() const { return stopReason_; }
+    /// The office's build; empty while none runs. May be asked by any thread.
+    [[nodiscard]] std::string officeBuild() const;
+    [[nodiscard]] OfficeWorker& worker() { return worker_; }
+    [[nodiscard]] DropProgress& progress() { return progress_; }
+
+    /// Starts the office, also anew: what was saved last is opened then. Does not wait.
+    void start(const HostWindow& window);
+    /// Gives up an office that is starting.
+    void cancelStart();
+
+    /// Does nothing while no office runs or another command does.
+    void execute(HostCommand command);
+    void convertFields();
+    bool drop(HostPoint point);
+    bool insertAtCaret();
+    void setFolders(const std::string& documents, const std::string& templates);
+
+    /// These do not wait.
+    void placeCaret(HostPoint point);
+    void resize(int width, int height);
+    void focusDocument();
+
+    /// The window is about to close; false when it has to stay.
+    bool unload();
+
+  Q_SIGNALS:
+    void stateChanged();
+    void captionChanged(const QString& caption);
+    /// The office's own menu asked for it.
+    void closeRequested();
+
+  private:
+    /// One attempt to start an office, which the user may give up.
+    struct Attempt {
+        std::atomic<bool> isGivenUp = false;
+    };
+
+    std::unique_ptr<TemplateOffice> makeTemplates();
+    void showCaption(const std::string& caption) override;
+    void setState(OfficeState state, const QString& stopReason = {});
+    void startOffice(const HostWindow& window, const Attempt& attempt);
+    void logOffice();
+    void whenStarted(const std::exception_ptr& error);
+    void openFirst();
+    void whenEnded();
+    void post(OfficeJobs::Job job);
+    [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
+
+    HostedPart part_;
+    Ports ports_;
+    HostEvents events_;
+    HostedOffice office_;
+    DiskTemplateFiles files_;
+    std::unique_ptr<TemplateOffice> templates_;
+    TemplateLifecycle lifecycle_;
+    OfficeState state_ = OfficeState::Stopped;
+    QString stopReason_;
+    bool hasOpened_ = false;
+    std::shared_ptr<Attempt> attempt_;
+    mutable std::mutex buildMutex_;
+    std::string build_;
+    DropProgress progress_;
+    OfficeWorker worker_;
+    DropFlow dropFlow_;
+};
+
+}  // namespace mergeloom

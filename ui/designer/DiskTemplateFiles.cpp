@@ -1,0 +1,46 @@
+#include "ui/designer/DiskTemplateFiles.h"
+
+#include "app/modMain.h"
+#include "base/Paths.h"
+#include "base/SystemError.h"
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace mergeloom {
+
+namespace {
+
+/// An empty file that nobody else can open.
+std::string makeTemporaryFile(const std::string& suffix) {
+    std::string path = joinPath(temporaryFolder(), "mergeloom-XXXXXX" + suffix);
+    const int file = ::mkstemps(path.data(), static_cast<int>(suffix.size()));
+    if (file < 0) raiseNotSaved(path, errno);
+    ::close(file);
+    return path;
+}
+
+}  // namespace
+
+bool DiskTemplateFiles::isLocked(const std::string& path) {
+    return IsFileLocked(path);
+}
+
+std::string DiskTemplateFiles::copyToTemporaryFolder(const std::string& path) {
+    std::string copied = makeTemporaryFile("." + extension(path));
+    try {
+        store_.copy(path, copied);
+    } catch (...) {
+        ::unlink(copied.c_str());
+        throw;
+    }
+    return copied;
+}
+
+void DiskTemplateFiles::remove(const std::string& path) {
+    removeFile(path);
+}
+
+}  // namespace mergeloom

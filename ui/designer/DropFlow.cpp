@@ -1,0 +1,72 @@
+#include "ui/designer/DropFlow.h"
+
+#include "app/modMain.h"
+#include "base/Trap.h"
+#include "droppers/CNodeDropper.h"
+#include "ui/designer/HostEditing.h"
+
+#include <variant>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kModule = "frmMain";
+constexpr const char* kProcedure = "NodeDrop";
+
+/// Unhooks the tree at the end, whatever came in between.
+class TreeUnhooking {
+  public:
+    explicit TreeUnhooking(DropTree& tree) : tree_(tree) {}
+    TreeUnhooking(const TreeUnhooking&) = delete;
+    TreeUnhooking& operator=(const TreeUnhooking&) = delete;
+    ~TreeUnhooking() { tree_.unhook(); }
+
+  private:
+    DropTree& tree_;
+};
+
+}  // namespace
+
+bool DropFlow::drop(HostPoint point) {
+    const TreeUnhooking unhooking(ports_.tree);
+    // A drag that never left the tree was none into the document.
+    if (!ports_.tree.hasLostFocus() && gExcelMode == 0) return false;
+    ports_.runPendingEvents();
+    return dropSelected(&point);
+}
+
+bool DropFlow::insertAtCaret() {
+    const TreeUnhooking unhooking(ports_.tree);
+    return dropSelected(nullptr);
+}
+
+bool DropFlow::dropSelected(const HostPoint* point) {
+    const std::shared_ptr<LoadedStructure> structure = ports_.tree.structure();
+    const TreeNode* const node = ports_.tree.selectedNode();
+    if (node == nullptr || structure == nullptr) return false;
+    bool dropped = false;
+    trap(ports_.errors, kModule, kProcedure, [&] {
+        ports_.jobs.run([&] {
+            if (point == nullptr || ports_.access.host().placeCaret(*point))
+                dropped = dropInto(*node, *structure);
+        });
+    });
+    return dropped;
+}
+
+bool DropFlow::dropInto(const TreeNode& node, const LoadedStructure& structure) {
+    const HostEditing editing(ports_.access.host());
+    CNodeDropper dropper{ports_.errors, ports_.messages,
+                         [&](const std::string& image) { return structure.document.findPicture(image); },
+                         ports_.progress, &ports_.fieldDialog};
+    const auto dropAt = [&](const auto& document) {
+        return dropper.NodeDrop(node, document, structure.xmlNodes, true, DocumentType::ByView, nullptr);
+    };
+    const HostedDocument hosted = ports_.access.host().ActiveDocument();
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted)) return dropAt(*document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted)) return dropAt(*workbook);
+    return false;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,83 @@
+#include "ui/designer/ExcelTemplates.h"
+
+#include "app/FileFormats.h"
+#include "base/AutomationError.h"
+#include "office/formats/mExcelFileExtensions.h"
+#include "office/formats/mOfficeVersion.h"
+#include "office/model/excel/Application.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Worksheet.h"
+#include "office/model/excel/Worksheets.h"
+#include "ui/designer/HostEditing.h"
+
+namespace mergeloom {
+
+namespace {
+
+constexpr TemplateTexts kTexts{
+    .officeName = "Excel",
+    .newCaption = "New Excel Template",
+    .typeName = "Excel Template",
+    .wrongFile = "The file selected is not Excel file.",
+    .openProcedure = "OpenExcelTemplate",
+    .saveProcedure = "SaveExcelTemplate",
+};
+
+}  // namespace
+
+const TemplateTexts& ExcelTemplates::texts() const {
+    return kTexts;
+}
+
+bool ExcelTemplates::createNew() {
+    access_.host().CreateNew("Excel.Template");
+    return true;
+}
+
+void ExcelTemplates::setUpView() {
+    selectFirstCell();
+    access_.host().focus();
+}
+
+void ExcelTemplates::selectFirstCell() {
+    const HostEditing editing(access_.host());
+    const excel::WorksheetsPtr sheets = hosted()->Worksheets();
+    if (sheets->Count() == 0) return;
+    const excel::WorksheetPtr first = sheets->Item(1);
+    try {
+        first->Activate();
+        first->Cells(1, 1)->Select();
+    } catch (const AutomationError& error) {
+        // A hidden sheet cannot be shown; the workbook stays as it was opened then.
+        if (error.number() != kApplicationDefined) throw;
+    }
+}
+
+excel::WorkbookPtr ExcelTemplates::hosted() {
+    const HostedDocument document = access_.host().ActiveDocument();
+    const auto* const found = std::get_if<excel::WorkbookPtr>(&document);
+    return found == nullptr ? nullptr : *found;
+}
+
+model::OfficeDocument* ExcelTemplates::document() {
+    workbook_ = hosted();
+    return workbook_.get();
+}
+
+std::vector<OfferedFormat> ExcelTemplates::templateFormats() {
+    const excel::ApplicationPtr office = hosted()->Application();
+    return offeredExcelFormats(majorOfficeVersion(office->Version()), [&](int format) {
+        return excelOfficeDocumentType(format) == ExcelOfficeDocumentType::Template &&
+               office->canSaveAs(static_cast<excel::XlFileFormat>(format));
+    });
+}
+
+bool ExcelTemplates::knowsExtensionOf(const std::string& path) const {
+    return hasExcelExtension(path);
+}
+
+void ExcelTemplates::saveAs(const std::string& path) {
+    hosted()->SaveAs(path, excelFormatOf(path));
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,106 @@
+#include "ui/designer/HostPane.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <chrono>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kShortestBetweenCarets = 50ms;
+constexpr auto kShortestBetweenSizes = 50ms;
+
+/// Drags of this program, which are the tree's, carry the source's widget.
+bool isFromTree(const QDropEvent& event) {
+    return event.source() != nullptr && event.mimeData()->hasText();
+}
+
+int pixels(double length) {
+    return static_cast<int>(length);
+}
+
+}  // namespace
+
+HostPane::HostPane(QWidget* parent) : QWidget(parent) {
+    // The office paints here; the windows around stay the toolkit's.
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_NativeWindow);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    setAccessibleName(tr("Document"));
+    setAccessibleDescription(tr("The template, edited in the office. Fields are dropped here."));
+    resizeTimer_.setSingleShot(true);
+    resizeTimer_.setInterval(kShortestBetweenSizes);
+    connect(&resizeTimer_, &QTimer::timeout, this, [this] {
+        const HostWindow window = hostWindow();
+        Q_EMIT resized(window.width, window.height);
+    });
+    dragTimer_.setSingleShot(true);
+    dragTimer_.setInterval(kShortestBetweenCarets);
+    connect(&dragTimer_, &QTimer::timeout, this, &HostPane::tellDragPoint);
+}
+
+HostWindow HostPane::hostWindow() const {
+    const double scale = devicePixelRatioF();
+    return {winId(), pixels(width() * scale), pixels(height() * scale)};
+}
+
+std::optional<HostPoint> HostPane::takeDropPoint() {
+    return std::exchange(dropPoint_, std::nullopt);
+}
+
+HostPoint HostPane::pixelsAt(QPointF position) const {
+    const double scale = devicePixelRatioF();
+    return {pixels(position.x() * scale), pixels(position.y() * scale)};
+}
+
+void HostPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!resizeTimer_.isActive()) resizeTimer_.start();
+}
+
+void HostPane::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    Q_EMIT focused();
+}
+
+void HostPane::dragEnterEvent(QDragEnterEvent* event) {
+    if (!isFromTree(*event)) return;
+    dropPoint_.reset();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void HostPane::dragMoveEvent(QDragMoveEvent* event) {
+    if (!isFromTree(*event)) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    dragPoint_ = pixelsAt(event->position());
+    if (!dragTimer_.isActive()) tellDragPoint();
+}
+
+void HostPane::tellDragPoint() {
+    if (!dragPoint_) return;
+    Q_EMIT draggedOver(*std::exchange(dragPoint_, std::nullopt));
+    dragTimer_.start();
+}
+
+void HostPane::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    dragPoint_.reset();
+}
+
+/// The drop itself waits for the end of the drag, whose own loop still runs here.
+void HostPane::dropEvent(QDropEvent* event) {
+    if (!isFromTree(*event)) return;
+    dragPoint_.reset();
+    dropPoint_ = pixelsAt(event->position());
+    setFocus(Qt::OtherFocusReason);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,106 @@
+#include "ui/designer/OfficeWorker.h"
+
+#include "ui/designer/InputBlock.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+std::exception_ptr errorOf(const OfficeJobs::Job& job) {
+    try {
+        job();
+    } catch (...) {
+        return std::current_exception();
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+OfficeWorker::OfficeWorker(std::chrono::milliseconds patience)
+    : patience_(patience), thread_(QThread::create([this] { work(); })) {
+    thread_->start();
+}
+
+OfficeWorker::~OfficeWorker() {
+    {
+        const std::scoped_lock lock(mutex_);
+        ends_ = true;
+    }
+    changed_.notify_one();
+    // The job that runs may be about to ask the user, which needs this thread.
+    while (!thread_->wait(10))
+        QCoreApplication::processEvents();
+}
+
+void OfficeWorker::run(const Job& job) {
+    const InputBlock block;
+    QObject listener;
+    bool done = false;
+    std::exception_ptr error;
+    add([&] {
+        error = errorOf(job);
+        QMetaObject::invokeMethod(
+            &listener, [&done] { done = true; }, Qt::QueuedConnection);
+    });
+    bool toldBusy = false;
+    QTimer::singleShot(patience_, &listener, [&] {
+        toldBusy = true;
+        Q_EMIT busy();
+    });
+    ++waiters_;
+    // No event loop of Qt's: one ends with the program, and the job has to be waited for even then.
+    while (!done)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    --waiters_;
+    if (toldBusy) Q_EMIT idle();
+    if (error) std::rethrow_exception(error);
+}
+
+void OfficeWorker::post(Job job, Completion completion) {
+    add([this, job = std::move(job), completion = std::move(completion)] {
+        const std::exception_ptr error = errorOf(job);
+        QMetaObject::invokeMethod(
+            this, [completion, error] { completion(error); }, Qt::QueuedConnection);
+    });
+}
+
+void OfficeWorker::postNewest(Job job) {
+    {
+        const std::scoped_lock lock(mutex_);
+        newest_ = std::move(job);
+    }
+    changed_.notify_one();
+}
+
+void OfficeWorker::add(Job job) {
+    {
+        const std::scoped_lock lock(mutex_);
+        newest_.reset();
+        jobs_.push_back(std::move(job));
+    }
+    changed_.notify_one();
+}
+
+void OfficeWorker::work() {
+    while (const std::optional<Job> job = nextJob())
+        (void)errorOf(*job);
+}
+
+/// None at the end.
+std::optional<OfficeJobs::Job> OfficeWorker::nextJob() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return ends_ || !jobs_.empty() || newest_; });
+    if (ends_) return std::nullopt;
+    if (jobs_.empty()) return std::exchange(newest_, std::nullopt);
+    Job job = std::move(jobs_.front());
+    jobs_.pop_front();
+    return job;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,103 @@
+#include "ui/designer/TemplateConversion.h"
+
+#include "app/FileFormats.h"
+#include "app/StartedOffice.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "base/Trap.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Documents.h"
+
+#include <optional>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kBackupSuffix = ".bak";
+
+/// The extension of the document that a template becomes; empty for what is no such template.
+std::string documentExtension(const std::string& path) {
+    const std::string templates = toLowerAscii(extension(path));
+    if (templates == "dotx") return "docx";
+    return templates == "dotm" ? "docm" : "";
+}
+
+/// A file that is removed at the end.
+class PassingCopy {
+  public:
+    PassingCopy(TemplateFiles& files, const std::string& path, ErrorHandler& errors)
+        : files_(files), errors_(errors), path_(files.copyToTemporaryFolder(path)) {}
+    PassingCopy(const PassingCopy&) = delete;
+    PassingCopy& operator=(const PassingCopy&) = delete;
+    ~PassingCopy() {
+        trap(
+            errors_, "frmMain", "ConvertTemplate", [this] { files_.remove(path_); }, path_);
+    }
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+  private:
+    TemplateFiles& files_;
+    ErrorHandler& errors_;
+    std::string path_;
+};
+
+}  // namespace
+
+bool TemplateConversion::isConverted(const std::string& path) {
+    return !documentExtension(path).empty();
+}
+
+std::string TemplateConversion::targetOf(const std::string& path) {
+    return path.substr(0, path.size() - extension(path).size()) + documentExtension(path);
+}
+
+// The template stands until its document does: whatever fails on the way, one of both is whole.
+bool TemplateConversion::convert(const std::string& path, const std::string& target) {
+    const bool made = succeeds(path, [&] { makeDocument(path, target); }) && files_.exists(target);
+    if (made) {
+        (void)succeeds(path, [&] { removeTemplate(path, target); });
+    } else {
+        (void)succeeds(path, [&] { bringBack(path); });
+    }
+    return made;
+}
+
+void TemplateConversion::makeDocument(const std::string& path, const std::string& target) {
+    const PassingCopy copy(files_, path, errors_);
+    files_.copy(path, path + kBackupSuffix);
+    saveDocument(copy.path(), target);
+}
+
+/// A save puts the new file in the place of an earlier target only when it is complete.
+void TemplateConversion::saveDocument(const std::string& temporaryCopy, const std::string& target) {
+    const StartedOffice office{startWord_(), errors_};
+    const word::DocumentPtr document = office->Documents()->Add(temporaryCopy);
+    document->SaveAs(target, wordFormatOf(target));
+    document->SetSaved(true);
+    document->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+}
+
+void TemplateConversion::removeTemplate(const std::string& path, const std::string& target) {
+    if (path != target) files_.remove(path);
+}
+
+void TemplateConversion::bringBack(const std::string& path) {
+    if (!files_.exists(path)) files_.copy(path + kBackupSuffix, path);
+}
+
+template <typename Body>
+bool TemplateConversion::succeeds(const std::string& path, const Body& body) {
+    bool done = false;
+    trap(
+        errors_, "frmMain", "ConvertTemplate",
+        [&] {
+            body();
+            done = true;
+        },
+        path);
+    return done;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/WordStarter.h"
+#include "base/ErrorHandler.h"
+#include "ui/designer/TemplateFiles.h"
+
+#include <string>
+#include <utility>
+
+namespace mergeloom {
+
+/// Makes a document of a template: dotx becomes docx and dotm docm, which is what is edited from then on. The
+/// template goes, its copy remains under its name with ".bak" behind it.
+class TemplateConversion {
+  public:
+    /// The office is one that nobody sees. Files and errors have to outlive it.
+    TemplateConversion(WordStarter startWord, TemplateFiles& files, ErrorHandler& errors)
+        : startWord_(std::move(startWord)), files_(files), errors_(errors) {}
+
+    /// Whether a file of that name is converted before it is opened.
+    static bool isConverted(const std::string& path);
+    /// The document's path for a template's.
+    static std::string targetOf(const std::string& path);
+
+    /// Converts the template to the target, which is replaced when it is there, and tells whether the target
+    /// exists then. Whatever fails is reported; the template is whole then.
+    bool convert(const std::string& path, const std::string& target);
+
+  private:
+    void makeDocument(const std::string& path, const std::string& target);
+    void saveDocument(const std::string& temporaryCopy, const std::string& target);
+    void removeTemplate(const std::string& path, const std::string& target);
+    void bringBack(const std::string& path);
+    template <typename Body>
+    bool succeeds(const std::string& path, const Body& body);
+
+    WordStarter startWord_;
+    TemplateFiles& files_;
+    ErrorHandler& errors_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,227 @@
+#include "ui/designer/TemplateLifecycle.h"
+
+#include "app/MergeloomErrorCodes.h"
+#include "app/mCommandLine.h"
+#include "app/modMain.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "base/Trap.h"
+
+namespace mergeloom {
+
+namespace {
+
+constexpr const char* kModule = "frmMain";
+
+/// The file that the command line names to begin with; empty when it names none.
+std::string commandLineFile() {
+    for (const std::int32_t place : {kTemplateSwitch, kUseDocumentSwitch}) {
+        const std::string file = GetCommandLineArgument(place);
+        if (!file.empty() && file != kEmptyValue) return fullPath(file);
+    }
+    return {};
+}
+
+bool isFileOf(model::OfficeDocument& document, const std::string& path) {
+    return equalsIgnoringCase(document.FullName(), path);
+}
+
+}  // namespace
+
+bool TemplateLifecycle::Start() {
+    bool isHosted = false;
+    trapped("Form_Load", [&] { isHosted = createNew(); });
+    const std::string file = commandLineFile();
+    if (isHosted && !file.empty()) OpenTemplate(file);
+    return isHosted;
+}
+
+bool TemplateLifecycle::Restart() {
+    bool isHosted = false;
+    trapped("Form_Load", [&] { isHosted = templatePath_.empty() ? createNew() : show(templatePath_); });
+    return isHosted;
+}
+
+bool TemplateLifecycle::createNew() {
+    if (!ports_.office.createNew()) return false;
+    templatePath_.clear();
+    ports_.view.showCaption(ports_.office.texts().newCaption);
+    ports_.office.setUpView();
+    return true;
+}
+
+bool TemplateLifecycle::OpenTemplate(const std::string& path) {
+    bool opened = false;
+    trapped(ports_.office.texts().openProcedure, [&] {
+        const std::string file = path.empty() ? dialogs_.askToOpen(ports_.office, startFolder()) : path;
+        if (file.empty()) return;
+        if (!ports_.files.exists(file)) RaiseMappingError(kFileDoesNotExist, {file});
+        if (ports_.files.isLocked(file)) RaiseMappingError(kTemplateAlreadyOpened, {file});
+        opened = show(ports_.office.fileToOpen(file));
+    });
+    return opened;
+}
+
+bool TemplateLifecycle::show(const std::string& path) {
+    ports_.access.host().Open(path);
+    if (ports_.office.document() == nullptr) {
+        tell(ports_.office.texts().wrongFile, MessageIcon::None);
+        bringBackFormer();
+        return false;
+    }
+    templatePath_ = path;
+    ports_.view.showCaption(fileNameOnly(path));
+    ports_.office.setUpView();
+    return true;
+}
+
+/// The former document was saved, or its changes were given up, before another one was opened.
+void TemplateLifecycle::bringBackFormer() {
+    if (templatePath_.empty()) {
+        (void)createNew();
+        return;
+    }
+    ports_.access.host().Open(templatePath_);
+    ports_.office.setUpView();
+}
+
+bool TemplateLifecycle::SaveTemplate(SaveTarget target) {
+    bool saved = false;
+    trapped(ports_.office.texts().saveProcedure, [&] {
+        if (ports_.office.document() == nullptr) return;
+        std::string path = target == SaveTarget::Same ? templatePath_ : std::string();
+        if (path.empty()) path = dialogs_.askToSave(ports_.office, startFolder());
+        if (!path.empty()) saved = saveIn(path);
+    });
+    return saved;
+}
+
+bool TemplateLifecycle::saveIn(const std::string& path) {
+    const std::string office = ports_.office.texts().officeName;
+    model::OfficeDocument& document = *ports_.office.document();
+    // The office itself holds the lock on the file that it shows.
+    const bool isOwn = isFileOf(document, path);
+    if (!isOwn && ports_.files.exists(path) && ports_.files.isLocked(path)) {
+        tell(office + " cannot save the template " + path + " because this file is already open elsewhere.",
+             MessageIcon::Exclamation);
+        return false;
+    }
+    if (!ports_.office.knowsExtensionOf(path)) {
+        throw AutomationError(kFileCouldNotBeSaved, "The template '" + path + "' could not be saved: " +
+                                                        office + " has no format for its extension.");
+    }
+    if (isOwn) {
+        document.Save();
+    } else {
+        ports_.office.saveAs(path);
+    }
+    document.SetSaved(true);
+    if (!isFileOf(document, path)) return false;
+    templatePath_ = path;
+    ports_.view.showCaption(fileNameOnly(path));
+    return true;
+}
+
+bool TemplateLifecycle::CloseTemplate() {
+    bool closed = false;
+    trapped("CloseTemplate", [&] { closed = mayGo() && createNew(); });
+    return closed;
+}
+
+bool TemplateLifecycle::mayGo() {
+    model::OfficeDocument* const document = documentOrNone();
+    if (document == nullptr || document->Saved()) return true;
+    const Message question{"Do you want to save changes to " + document->Name(), MessageIcon::Question,
+                           MessageButtons::YesNoCancel};
+    const MessageAnswer answer = ports_.messages.show(question);
+    if (answer == MessageAnswer::Yes) return SaveTemplate(SaveTarget::Same);
+    return answer == MessageAnswer::No;
+}
+
+/// An office that has ended has no document that could be saved.
+model::OfficeDocument* TemplateLifecycle::documentOrNone() {
+    try {
+        return ports_.office.document();
+    } catch (const AutomationError& error) {
+        if (error.number() != kNotAvailable) throw;
+        return nullptr;
+    }
+}
+
+void TemplateLifecycle::Execute(HostCommand command) {
+    switch (command) {
+        case HostCommand::New:
+            if (mayStartAnother()) (void)CloseTemplate();
+            return;
+        case HostCommand::Open:
+            if (mayStartAnother()) openAnother();
+            return;
+        case HostCommand::Save:
+            (void)SaveTemplate(SaveTarget::Same);
+            return;
+        case HostCommand::SaveAs:
+            (void)SaveTemplate(SaveTarget::Asked);
+            return;
+        case HostCommand::PrintPreview:
+            tell("PrintPreview is disabled.", MessageIcon::Exclamation);
+            return;
+        case HostCommand::Close:
+            return;
+    }
+}
+
+void TemplateLifecycle::openAnother() {
+    bool goesOn = false;
+    trapped(ports_.office.texts().openProcedure, [&] { goesOn = mayGo(); });
+    if (goesOn) (void)OpenTemplate();
+}
+
+/// Whoever started the program with a template expects that one back.
+bool TemplateLifecycle::mayStartAnother() {
+    if (GetCommandLineArgument(kTemplateSwitch).empty()) return true;
+    tell("The operation is disabled in this context.", MessageIcon::Exclamation);
+    return false;
+}
+
+bool TemplateLifecycle::Unload() {
+    bool mayClose = true;
+    trapped("Form_Unload", [&] { mayClose = mayGo(); });
+    if (!mayClose) return false;
+    Terminate();
+    restoreView();
+    return true;
+}
+
+void TemplateLifecycle::Terminate() {
+    trap(ports_.errors, kModule, "Form_Terminate", [] { DeleteXmlFileIfRequested(); });
+}
+
+void TemplateLifecycle::restoreView() {
+    if (documentOrNone() == nullptr) return;
+    trapped("Form_Unload", [&] { ports_.office.restoreView(); });
+}
+
+std::string TemplateLifecycle::startFolder() const {
+    return templatesFolder_.empty() ? documentsFolder_ : templatesFolder_;
+}
+
+template <typename Body>
+void TemplateLifecycle::trapped(const char* procedure, const Body& body) {
+    try {
+        body();
+    } catch (const AutomationError& error) {
+        if (isMappingError(error.number())) {
+            tell(error.description(), MessageIcon::Exclamation);
+        } else {
+            ports_.errors.report({error.number(), error.description(), templatePath_, kModule, procedure});
+        }
+    } catch (const std::exception& error) {
+        ports_.errors.report({0, error.what(), templatePath_, kModule, procedure});
+    }
+}
+
+void TemplateLifecycle::tell(const std::string& text, MessageIcon icon) {
+    (void)ports_.messages.show({text, icon, MessageButtons::Ok});
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
+#include "office/model/DocumentHost.h"
+#include "ui/designer/HostAccess.h"
+#include "ui/designer/LifecycleView.h"
+#include "ui/designer/TemplateDialogs.h"
+#include "ui/designer/TemplateFiles.h"
+#include "ui/designer/TemplateOffice.h"
+
+#include <string>
+
+namespace mergeloom {
+
+enum class SaveTarget { Same, Asked };
+
+/// How the template in the window comes and goes: the rules without the window. All of it runs on the
+/// office's thread. No error leaves it: mapping errors are shown to the user, all others go to the error
+/// handler.
+class TemplateLifecycle {
+  public:
+    /// What has to outlive it.
+    struct Ports {
+        HostAccess& access;
+        TemplateOffice& office;
+        Messages& messages;
+        ErrorHandler& errors;
+        FileDialog& dialog;
+        TemplateFiles& files;
+        LifecycleView& view;
+    };
+
+    explicit TemplateLifecycle(const Ports& ports) : ports_(ports), dialogs_(ports.dialog) {}
+
+    /// Where the dialogs begin; empty for no folder in particular.
+    void SetTemplatesFolder(const std::string& folder) { templatesFolder_ = folder; }
+    void SetDocumentsFolder(const std::string& folder) { documentsFolder_ = folder; }
+    /// The file that is open, or where the template was saved last; empty for a new one.
+    [[nodiscard]] const std::string& TemplatePath() const { return templatePath_; }
+
+    /// Shows an empty template, then the one that the command line names, if it names one. False when nothing
+    /// is hosted.
+    bool Start();
+    /// Shows what was saved last in an office that was started anew.
+    bool Restart();
+    /// Opens a template, which the user is asked for when the path is empty.
+    bool OpenTemplate(const std::string& path = {});
+    bool SaveTemplate(SaveTarget target);
+    /// Shows an empty template in place of the one that is open, unless the user cancels.
+    bool CloseTemplate();
+    /// What the window's menus and the office's own ask for. To close the window is the window's own task.
+    void Execute(HostCommand command);
+
+    /// The window is about to close; false when it has to stay.
+    bool Unload();
+    /// The program ends.
+    void Terminate();
+
+  private:
+    bool createNew();
+    bool show(const std::string& path);
+    void bringBackFormer();
+    void openAnother();
+    bool saveIn(const std::string& path);
+    /// Whether the document may go: it is saved, or the user gives up the changes.
+    bool mayGo();
+    bool mayStartAnother();
+    void restoreView();
+    model::OfficeDocument* documentOrNone();
+    [[nodiscard]] std::string startFolder() const;
+    template <typename Body>
+    void trapped(const char* procedure, const Body& body);
+    void tell(const std::string& text, MessageIcon icon);
+
+    Ports ports_;
+    TemplateDialogs dialogs_;
+    std::string templatesFolder_;
+    std::string documentsFolder_;
+    std::string templatePath_;
+};
+
+}  // namespace mergeloom

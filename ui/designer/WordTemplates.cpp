@@ -1,0 +1,118 @@
+#include "ui/designer/WordTemplates.h"
+
+#include "app/FileFormats.h"
+#include "app/MergeloomErrorCodes.h"
+#include "office/formats/mOfficeVersion.h"
+#include "office/formats/mWordFileExtensions.h"
+#include "office/model/word/Application.h"
+
+#include <algorithm>
+#include <array>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr TemplateTexts kTexts{
+    .officeName = "Word",
+    .newCaption = "New Template",
+    .typeName = "Word Template",
+    .wrongFile = "The file selected is not Word file.",
+    .openProcedure = "OpenWordTemplate",
+    .saveProcedure = "SaveWordTemplate",
+};
+
+/// The newest that an office may know stands last: the others open in the view that users expect.
+constexpr std::array kProgramIdentifiers{"Word.Template.8", "Word.Template", "Word.Template.12"};
+
+constexpr int kZoomPercent = 100;
+
+}  // namespace
+
+const TemplateTexts& WordTemplates::texts() const {
+    return kTexts;
+}
+
+bool WordTemplates::createNew() {
+    if (createOfAnyProgram()) return true;
+    messages_.show(
+        {"Word.Template.8 and Word.Template are not registered.\r\n"
+         "Try to reinstall Microsoft Word.",
+         MessageIcon::Critical, MessageButtons::Ok});
+    return false;
+}
+
+bool WordTemplates::createOfAnyProgram() {
+    return std::ranges::any_of(kProgramIdentifiers,
+                               [this](const char* identifier) { return create(identifier); });
+}
+
+bool WordTemplates::create(const char* programIdentifier) {
+    try {
+        access_.host().CreateNew(programIdentifier);
+        return true;
+    } catch (const AutomationError& error) {
+        // An office that has ended knows no program at all.
+        if (error.number() == kNotAvailable) throw;
+        return false;
+    }
+}
+
+std::string WordTemplates::fileToOpen(const std::string& path) {
+    if (!TemplateConversion::isConverted(path)) return path;
+    std::string target = savedAsName_.empty() ? TemplateConversion::targetOf(path) : savedAsName_;
+    savedAsName_.clear();
+    if (!conversion_.convert(path, target)) RaiseMappingError(kTemplateFormatNotSupported, {path});
+    return target;
+}
+
+void WordTemplates::setUpView() {
+    DocumentHost& host = access_.host();
+    host.setCommandBarVisible("Standard", true);
+    host.setCommandBarVisible("Formatting", true);
+    host.setCommandBarVisible("Web", false);
+    host.setZoom(kZoomPercent);
+    if (!earlierShowBookmarks_) earlierShowBookmarks_ = host.showsBookmarks();
+    host.setShowsBookmarks(true);
+    host.focus();
+    if (host.allowsDragAndDrop()) return;
+    messages_.show(
+        {"For the Mergeloom to work it is necessary that in Microsoft Word \r\n"
+         "you switch on the option \"Allow text to be dragged and dropped\"",
+         MessageIcon::Information, MessageButtons::Ok});
+}
+
+void WordTemplates::restoreView() {
+    if (!earlierShowBookmarks_) return;
+    access_.host().setShowsBookmarks(*earlierShowBookmarks_);
+    earlierShowBookmarks_.reset();
+}
+
+word::DocumentPtr WordTemplates::hosted() {
+    const HostedDocument document = access_.host().ActiveDocument();
+    const auto* const found = std::get_if<word::DocumentPtr>(&document);
+    return found == nullptr ? nullptr : *found;
+}
+
+model::OfficeDocument* WordTemplates::document() {
+    document_ = hosted();
+    return document_.get();
+}
+
+std::vector<OfferedFormat> WordTemplates::templateFormats() {
+    const word::ApplicationPtr office = hosted()->Application();
+    return offeredWordFormats(majorOfficeVersion(office->Version()), [&](int format) {
+        return wordOfficeDocumentType(format) == WordOfficeDocumentType::Template &&
+               office->canSaveAs(static_cast<word::WdSaveFormat>(format));
+    });
+}
+
+bool WordTemplates::knowsExtensionOf(const std::string& path) const {
+    return hasWordExtension(path);
+}
+
+void WordTemplates::saveAs(const std::string& path) {
+    hosted()->SaveAs(path, wordFormatOf(path));
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/WordStarter.h"
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
+#include "office/model/word/Document.h"
+#include "ui/designer/HostAccess.h"
+#include "ui/designer/TemplateConversion.h"
+#include "ui/designer/TemplateFiles.h"
+#include "ui/designer/TemplateOffice.h"
+
+#include <optional>
+
+namespace mergeloom {
+
+/// Word's templates in the window.
+class WordTemplates final : public TemplateOffice {
+  public:
+    /// Templates of Open Packaging are converted by an office that nobody sees, which is started for that.
+    WordTemplates(HostAccess& access, Messages& messages, ErrorHandler& errors, TemplateFiles& files,
+                  WordStarter startHiddenWord)
+        : access_(access), messages_(messages), conversion_(std::move(startHiddenWord), files, errors) {}
+
+    /// The name under which the next template that is converted is saved, in place of its own.
+    void SetSavedAsName(const std::string& path) { savedAsName_ = path; }
+
+    [[nodiscard]] const TemplateTexts& texts() const override;
+    bool createNew() override;
+    std::string fileToOpen(const std::string& path) override;
+    void setUpView() override;
+    void restoreView() override;
+    model::OfficeDocument* document() override;
+    std::vector<OfferedFormat> templateFormats() override;
+    [[nodiscard]] const char* defaultExtension() const override { return "dotx"; }
+    [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
+    void saveAs(const std::string& path) override;
+
+  private:
+    bool createOfAnyProgram();
+    bool create(const char* programIdentifier);
+    word::DocumentPtr hosted();
+
+    HostAccess& access_;
+    Messages& messages_;
+    TemplateConversion conversion_;
+    std::string savedAsName_;
+    std::optional<bool> earlierShowBookmarks_;
+    word::DocumentPtr document_;
+};
+
+}  // namespace mergeloom

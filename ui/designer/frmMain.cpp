@@ -1,0 +1,207 @@
+#include "ui/designer/frmMain.h"
+
+#include "app/GnuOptions.h"
+#include "app/mCommandLine.h"
+#include "app/modMain.h"
+#include "base/Paths.h"
+#include "office/factory/OfficeFactory.h"
+#include "ui/designer/DesignerActions.h"
+#include "ui/designer/HostArea.h"
+#include "ui/designer/HostPane.h"
+#include "ui/designer/OfficePanel.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStatusBar>
+
+namespace mergeloom {
+
+namespace {
+
+using FieldConversion = DesignerActions::FieldConversion;
+
+/// The tree takes a third of the window until the user decides otherwise.
+constexpr int kTreeShare = 1;
+constexpr int kDocumentShare = 2;
+
+FieldConversion conversionIn(HostedPart part) {
+    return part == HostedPart::Word ? FieldConversion::Offered : FieldConversion::Missing;
+}
+
+/// Empty when the switch is absent or has no value.
+std::string fileOfSwitch(std::int32_t place) {
+    const std::string value = GetCommandLineArgument(place);
+    return value.empty() || value == kEmptyValue ? std::string() : fullPath(value);
+}
+
+}  // namespace
+
+frmMain::frmMain(HostedPart part)
+    : messages_(this),
+      errors_(this, {.officeBuild = [this] { return session_.officeBuild(); }}),
+      fileDialog_(this),
+      fieldDialog_(this, errors_),
+      actions_(new DesignerActions(*menuBar(), conversionIn(part))),
+      splitter_(new QSplitter(this)),
+      tree_(new TreePane(splitter_)),
+      area_(new HostArea(splitter_)),
+      status_(new QLabel(this)),
+      busy_(new QProgressBar(this)),
+      cmdHelp_(new QPushButton(tr("Hel&p"), this)),
+      dropTree_(*tree_),
+      structureLoad_(fileDialog_, messages_, errors_),
+      helpWindows_(messages_),
+      help_(helpWindows_),
+      formHelp_(*this, *cmdHelp_, "", GetHelpFilePath(), helpWindows_),
+      session_(part, {.startHost =
+                          [this](const HostWindow& window, HostedPart shown, HostListener& listener) {
+                              return makeDocumentHost(files_, window, shown, listener);
+                          },
+                      .log = [this](const std::string& line) { log_.append(line); },
+                      .messages = messages_,
+                      .errors = errors_,
+                      .fileDialog = fileDialog_,
+                      .fieldDialog = fieldDialog_,
+                      .tree = dropTree_,
+                      .files = files_}) {
+    help_.SetFile(GetHelpFilePath());
+    layOut();
+    connectActions();
+    connectStructure();
+    connectOffice();
+    connectBusy();
+    showState();
+}
+
+void frmMain::layOut() {
+    setWindowTitle(tr("Mergeloom"));
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setStretchFactor(0, kTreeShare);
+    splitter_->setStretchFactor(1, kDocumentShare);
+    setCentralWidget(splitter_);
+    cmdHelp_->setObjectName(QStringLiteral("cmdHelp"));
+    cmdHelp_->setAccessibleDescription(tr("Opens the help about what has the keyboard."));
+    busy_->setAccessibleName(tr("Progress"));
+    busy_->setTextVisible(false);
+    busy_->hide();
+    statusBar()->addWidget(status_, 1);
+    statusBar()->addPermanentWidget(busy_);
+    statusBar()->addPermanentWidget(cmdHelp_);
+    resize(sizeHint().expandedTo(screen()->availableSize() * 3 / 4));
+    memory_.restore(*this, *splitter_);
+}
+
+void frmMain::connectActions() {
+    const auto executes = [this](HostCommand command) {
+        return [this, command] { session_.execute(command); };
+    };
+    connect(actions_, &DesignerActions::newTemplate, this, executes(HostCommand::New));
+    connect(actions_, &DesignerActions::open, this, executes(HostCommand::Open));
+    connect(actions_, &DesignerActions::save, this, executes(HostCommand::Save));
+    connect(actions_, &DesignerActions::saveAs, this, executes(HostCommand::SaveAs));
+    connect(actions_, &DesignerActions::closeWindow, this, &QWidget::close);
+    connect(actions_, &DesignerActions::loadStructure, this, [this] { structureLoad_.cmdLoadXML_Click(); });
+    connect(actions_, &DesignerActions::insertNode, this, [this] { session_.insertAtCaret(); });
+    connect(actions_, &DesignerActions::convertFields, this, [this] { session_.convertFields(); });
+    connect(actions_, &DesignerActions::helpContents, this, [this] { help_.OpenTOC(handle()); });
+    connect(actions_, &DesignerActions::helpIndex, this, [this] { help_.OpenIndex(handle()); });
+    connect(actions_, &DesignerActions::helpSearch, this, [this] { help_.OpenSearch(handle()); });
+    connect(actions_, &DesignerActions::about, this, &frmMain::showAbout);
+}
+
+void frmMain::connectStructure() {
+    connect(tree_, &TreePane::loadRequested, this, [this] { structureLoad_.cmdLoadXML_Click(); });
+    connect(tree_, &TreePane::cancelRequested, this, [this] { structureLoad_.cancel(); });
+    connect(tree_, &TreePane::insertRequested, this, [this] { session_.insertAtCaret(); });
+    connect(tree_, &TreePane::dragFinished, this, &frmMain::endDrag);
+    connect(&structureLoad_, &StructureLoad::started, this, [this] {
+        tree_->clear();
+        tree_->setLoading(true);
+    });
+    connect(&structureLoad_, &StructureLoad::loaded, this,
+            [this](const std::shared_ptr<LoadedStructure>& structure) { tree_->show(structure); });
+    connect(&structureLoad_, &StructureLoad::ended, this, [this] {
+        tree_->setLoading(false);
+        session_.setFolders(structureLoad_.documentsFolder(), structureLoad_.templatesFolder());
+    });
+}
+
+void frmMain::connectOffice() {
+    HostPane& pane = area_->pane();
+    connect(&pane, &HostPane::resized, &session_, &DesignerSession::resize);
+    connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::placeCaret);
+    connect(&pane, &HostPane::focused, &session_, &DesignerSession::focusDocument);
+    OfficePanel& panel = area_->panel();
+    connect(&panel, &OfficePanel::cancelRequested, &session_, &DesignerSession::cancelStart);
+    connect(&panel, &OfficePanel::startRequested, this,
+            [this] { session_.start(area_->pane().hostWindow()); });
+    connect(&session_, &DesignerSession::stateChanged, this, &frmMain::showState);
+    connect(&session_, &DesignerSession::captionChanged, this, &QWidget::setWindowTitle);
+    connect(&session_, &DesignerSession::closeRequested, this, &QWidget::close);
+}
+
+void frmMain::connectBusy() {
+    connect(&session_.worker(), &OfficeWorker::busy, this, [this] {
+        busy_->setRange(0, 0);
+        busy_->show();
+    });
+    connect(&session_.worker(), &OfficeWorker::idle, busy_, &QWidget::hide);
+    connect(&session_.progress(), &DropProgress::advanced, this, [this](int percent) {
+        busy_->setRange(0, 100);
+        busy_->setValue(percent);
+    });
+}
+
+void frmMain::start() {
+    session_.start(area_->pane().hostWindow());
+    const std::string templatePath = fileOfSwitch(kTemplateSwitch);
+    if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
+    session_.setFolders(structureLoad_.documentsFolder(), structureLoad_.templatesFolder());
+    const std::string xmlFile = fileOfSwitch(kXmlFileSwitch);
+    if (!xmlFile.empty()) structureLoad_.load(xmlFile);
+}
+
+void frmMain::showState() {
+    const bool isRunning = session_.state() == OfficeState::Running;
+    actions_->setDocumentThere(isRunning);
+    area_->setPanelVisible(!isRunning);
+    if (session_.state() == OfficeState::Stopped) {
+        area_->panel().showStopped(session_.stopReason());
+        status_->setText(tr("There is no document."));
+    } else {
+        area_->panel().showStarting();
+        status_->setText(isRunning ? tr("Drag a field into the document, or press Insert.")
+                                   : tr("The office is starting…"));
+    }
+}
+
+/// The drop waits for the drag's end, which comes here wherever the drag ended.
+void frmMain::endDrag() {
+    if (const std::optional<HostPoint> point = area_->pane().takeDropPoint()) {
+        session_.drop(*point);
+    } else {
+        dropTree_.unhook();
+    }
+}
+
+void frmMain::showAbout() {
+    QMessageBox::about(this, tr("About Mergeloom"), QString::fromStdString(versionText()));
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (!session_.unload()) {
+        event->ignore();
+        return;
+    }
+    memory_.keep(*this, *splitter_);
+    formHelp_.mfrm_QueryUnload();
+    help_.CloseAll();
+    event->accept();
+}
+
+}  // namespace mergeloom

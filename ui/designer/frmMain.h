@@ -1,0 +1,79 @@
+#pragma once
+
+#include "base/DiskFileStore.h"
+#include "ui/designer/DesignerSession.h"
+#include "ui/designer/PaneDropTree.h"
+#include "ui/designer/StructureLoad.h"
+#include "ui/designer/WindowMemory.h"
+#include "ui/dialogs/ErrorDialog.h"
+#include "ui/dialogs/MessageBoxes.h"
+#include "ui/dialogs/QtFileDialog.h"
+#include "ui/dialogs/frmFields.h"
+#include "ui/help/HelpWindows.h"
+#include "ui/help/clsHtmlHelp.h"
+#include "ui/help/clsHtmlHelpForForm.h"
+#include "ui/services/DiagnosticsLog.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QSplitter;
+
+namespace mergeloom {
+
+class DesignerActions;
+class HostArea;
+
+/// The designer's window: the structure's tree on the left, the template in its office on the right.
+class frmMain final : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit frmMain(HostedPart part);
+
+    /// Loads the structure document of the command line and starts the office; comes back at once. The window
+    /// is shown before.
+    void start();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void layOut();
+    void connectActions();
+    void connectStructure();
+    void connectOffice();
+    void connectBusy();
+    void showState();
+    void endDrag();
+    void showAbout();
+    [[nodiscard]] WindowHandle handle() const { return winId(); }
+
+    DiskFileStore files_;
+    MessageBoxes messages_;
+    ErrorDialog errors_;
+    QtFileDialog fileDialog_;
+    frmFields fieldDialog_;
+    DiagnosticsLog log_;
+    WindowMemory memory_;
+
+    // The toolkit's parents own these.
+    DesignerActions* actions_;
+    QSplitter* splitter_;
+    TreePane* tree_;
+    HostArea* area_;
+    QLabel* status_;
+    QProgressBar* busy_;
+    QPushButton* cmdHelp_;
+
+    PaneDropTree dropTree_;
+    StructureLoad structureLoad_;
+    HelpWindows helpWindows_;
+    clsHtmlHelp help_;
+    clsHtmlHelpForForm formHelp_;
+    DesignerSession session_;
+};
+
+}  // namespace mergeloom
