@@ -4,20 +4,28 @@
 #include "xml/TreeView.h"
 #include "xml/XmlNodeCollection.h"
 
+#include <optional>
 #include <string>
 
 namespace mergeloom {
+
+/// The folders that a structure document's options name; empty for what they do not name.
+struct StructureFolders {
+    std::string documents;
+    std::string templates;
+};
 
 /// A structure document as the designer works with it. Once it is loaded nobody changes it, so any thread may
 /// read it.
 struct LoadedStructure {
     StructureDocument document;
     TreeView tree;
+    /// The Index of the node that is expanded at first, that of the key "1k"; 0 for none.
+    int firstObject = 0;
     /// The elements of the tree's keys, for the droppers.
     XmlNodeCollection xmlNodes;
-    /// The folders that the document's options name; empty for what they do not name.
-    std::string documentsFolder;
-    std::string templatesFolder;
+    /// None when the document has no options.
+    std::optional<StructureFolders> folders;
 };
 
 }  // namespace mergeloom

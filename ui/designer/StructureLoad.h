@@ -1,31 +1,31 @@
 #pragma once
 
-#include "ui/designer/LoadedStructure.h"
-
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
-
-#include <memory>
-#include <string>
+#include "ui/designer/LoadedStructure.h"
 
 #include <QObject>
+#include <map>
+#include <memory>
+#include <string>
+#include <thread>
 
 namespace mergeloom {
 
 class FileDialog;
-class StructureLoadThread;
 struct StructureLoadResult;
 
-/// The loading of structure documents and the folders that they bring. All members belong to the GUI's thread;
-/// the work is done in another.
+/// The loading of structure documents and the folders that they bring. All members belong to the GUI's
+/// thread; the work is done in another one.
 class StructureLoad : public QObject {
     Q_OBJECT
   public:
     StructureLoad(FileDialog& dialog, Messages& messages, ErrorHandler& errors, QObject* parent = nullptr);
+    /// Waits for a load that is going on.
     ~StructureLoad() override;
 
-    /// What the load button does: asks for a file and loads it. After each load by the button the templates
-    /// folder is taken from the documents that are loaded later.
+    /// What the load button does: asks for a file and loads it. From the first load by the button on, the
+    /// templates folder is taken from each document that is loaded later.
     void cmdLoadXML_Click();
     /// Asks for a file and loads it.
     void LoadXMLFile();
@@ -33,7 +33,7 @@ class StructureLoad : public QObject {
     void load(const std::string& path);
     /// Gives up the load that is going on, if one is. The tree stays cleared.
     void cancel();
-    [[nodiscard]] bool isLoading() const;
+    [[nodiscard]] bool isLoading() const { return current_ != 0; }
 
     [[nodiscard]] const std::string& documentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& templatesFolder() const { return templatesFolder_; }
@@ -43,27 +43,33 @@ class StructureLoad : public QObject {
   Q_SIGNALS:
     /// A load begins: the tree is to be cleared.
     void started();
-    /// The document to show. Messages about it come after this.
-    void loaded(std::shared_ptr<LoadedStructure> structure);
-    /// A load is over: shown, failed (the user was told why) or cancelled.
+    /// The document to show.
+    void loaded(const std::shared_ptr<LoadedStructure>& structure);
+    /// A load is over: shown, failed or cancelled. What is to be told about it comes after this.
     void ended();
 
   private:
     enum class Origin { Elsewhere, Button };
+    /// Loads are numbered from 1.
+    using LoadNumber = int;
 
     void askAndLoad(Origin origin);
     void begin(const std::string& path, Origin origin);
-    void finish(const StructureLoadResult& result);
-    void takeFolders(const LoadedStructure& structure);
+    void finish(LoadNumber number, const StructureLoadResult& result);
+    void takeFolders(const StructureFolders& folders);
+    void tell(const StructureLoadResult& result);
 
     FileDialog& dialog_;
     Messages& messages_;
     ErrorHandler& errors_;
-    std::unique_ptr<StructureLoadThread> thread_;
     std::string documentsFolder_;
     std::string templatesFolder_;
     Origin origin_ = Origin::Elsewhere;
     bool loadedByButton_ = false;
+    LoadNumber last_ = 0;
+    LoadNumber current_ = 0;  // 0 while nothing is loading
+    // What was given up runs to the end of its step, unheard.
+    std::map<LoadNumber, std::jthread> threads_;
 };
 
 }  // namespace mergeloom

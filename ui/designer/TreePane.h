@@ -1,19 +1,20 @@
 #pragma once
 
 #include "ui/designer/LoadedStructure.h"
+#include "ui/designer/TreeIcons.h"
 
+#include <QTimer>
+#include <QWidget>
 #include <memory>
 
-#include <QWidget>
-
+class QAction;
+class QLayout;
 class QLineEdit;
-class QProgressBar;
-class QPushButton;
 
 namespace mergeloom {
 
-class TreeFilter;
 class TreeModel;
+class TreePaneSearch;
 class TreePaneView;
 
 /// The left pane: the load button, the search box and the tree of the structure document.
@@ -21,14 +22,13 @@ class TreePane : public QWidget {
     Q_OBJECT
   public:
     explicit TreePane(QWidget* parent = nullptr);
-    ~TreePane() override;
 
     using QWidget::show;
-    /// Shows a structure from its first object on, which is expanded; the search box is emptied.
+    /// Shows a structure with its first object expanded; the search box is emptied.
     void show(std::shared_ptr<LoadedStructure> structure);
     /// Shows nothing.
     void clear();
-    /// While a structure is loading, the pane shows that and a button that cancels it.
+    /// While a structure is loading, the pane tells so and offers a button that cancels it.
     void setLoading(bool loading);
 
     /// The node that a drop inserts, or none.
@@ -43,17 +43,31 @@ class TreePane : public QWidget {
     void loadRequested();
     /// The button that cancels a load was pressed.
     void cancelRequested();
-    /// The selected node is to be inserted at the document's caret.
+    /// The selected node is to be inserted at the document's caret. It is one that may be.
     void insertRequested();
     /// A drag of the selected node is over, wherever it ended, or was refused. The tree is hooked; whoever
     /// receives this unhooks it.
     void dragFinished();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
+    QWidget* makeLoadingBar();
+    QLayout* makeSearchRow();
+    void makeInsertAction();
+    void showContextMenu(const QPoint& place);
+    [[nodiscard]] bool canInsert() const;
+
     std::shared_ptr<LoadedStructure> structure_;
-    QPushButton* cmdLoadXML_;
-    QLineEdit* search_;
-    TreePaneView* view_;
+    TreeIcons icons_;
+    TreeModel* model_;
+    TreePaneView* tvXML_;
+    QWidget* loadingBar_;
+    QLineEdit* searchBox_ = nullptr;
+    TreePaneSearch* search_ = nullptr;
+    QAction* insert_ = nullptr;
+    QTimer loadingShown_;
 };
 
 }  // namespace mergeloom

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
+#include "ui/designer/LoadedStructure.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// What loading a structure document came to. Whom it tells is the GUI's affair, so what is to be told is
+/// kept.
+struct StructureLoadResult {
+    std::shared_ptr<LoadedStructure> structure;  ///< none when the document was not read
+    std::vector<Message> messages;
+    std::vector<ErrorReport> errors;  ///< of several alike the first, with their number as its comment
+};
+
+/// Loads a structure document and builds its tree with icons; in Word mode the special nodes stand before it.
+/// May run in any thread. When isCancelled becomes true, the result may be left unfinished.
+StructureLoadResult loadStructure(const std::string& path, const std::function<bool()>& isCancelled);
+
+}  // namespace mergeloom

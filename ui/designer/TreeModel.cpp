@@ -1,0 +1,99 @@
+#include "ui/designer/TreeModel.h"
+
+#include "base/Text.h"
+
+#include <QMimeData>
+#include <QStringList>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+int nodeNumber(const QModelIndex& index) {
+    return static_cast<int>(index.internalId());
+}
+
+}  // namespace
+
+bool isDraggable(const TreeNode& node) {
+    return !equalsIgnoringAsciiCase(node.Tag(), kNoDragTag);
+}
+
+TreeModel::TreeModel(IconOf iconOf, QObject* parent)
+    : QAbstractItemModel(parent), iconOf_(std::move(iconOf)) {}
+
+void TreeModel::setTree(std::shared_ptr<TreeView> tree) {
+    beginResetModel();
+    tree_ = std::move(tree);
+    rows_ = tree_ ? TreeModelRows(*tree_) : TreeModelRows();
+    endResetModel();
+}
+
+void TreeModel::setRows(TreeModelRows rows) {
+    beginResetModel();
+    rows_ = std::move(rows);
+    endResetModel();
+}
+
+const TreeNode* TreeModel::node(const QModelIndex& index) const {
+    return index.isValid() ? tree_->Item(nodeNumber(index)) : nullptr;
+}
+
+QModelIndex TreeModel::indexOf(int node) const {
+    const int row = rows_.row(node);
+    return row < 0 ? QModelIndex() : createIndex(row, 0, static_cast<quintptr>(node));
+}
+
+QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
+    if (column != 0 || row < 0 || row >= rowCount(parent)) return {};
+    // An invalid index has the number 0, which is what stands above the top level.
+    return createIndex(row, 0, static_cast<quintptr>(rows_.child(nodeNumber(parent), row)));
+}
+
+QModelIndex TreeModel::parent(const QModelIndex& child) const {
+    const TreeNode* const parent = child.isValid() ? node(child)->Parent() : nullptr;
+    return parent != nullptr ? indexOf(parent->Index()) : QModelIndex();
+}
+
+int TreeModel::rowCount(const QModelIndex& parent) const {
+    return parent.column() > 0 ? 0 : rows_.childCount(nodeNumber(parent));
+}
+
+int TreeModel::columnCount(const QModelIndex&) const {
+    return 1;
+}
+
+bool TreeModel::hasChildren(const QModelIndex& parent) const {
+    return rowCount(parent) > 0;
+}
+
+QVariant TreeModel::data(const QModelIndex& index, int role) const {
+    const TreeNode* const shown = node(index);
+    if (shown == nullptr) return {};
+    if (role == Qt::DisplayRole) return QString::fromStdString(shown->Text());
+    if (role == Qt::DecorationRole) return iconOf_(QString::fromStdString(shown->Image()));
+    return {};
+}
+
+Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) return Qt::NoItemFlags;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    flags.setFlag(Qt::ItemIsDragEnabled, isDraggable(*node(index)));
+    // Views ask about every node, and this answer spares them further questions.
+    flags.setFlag(Qt::ItemNeverHasChildren, !hasChildren(index));
+    return flags;
+}
+
+QStringList TreeModel::mimeTypes() const {
+    return {QStringLiteral("text/plain")};
+}
+
+QMimeData* TreeModel::mimeData(const QModelIndexList& indexes) const {
+    if (indexes.isEmpty()) return nullptr;
+    auto* const data = new QMimeData;
+    data->setText(u""_qs);
+    return data;
+}
+
+}  // namespace mergeloom

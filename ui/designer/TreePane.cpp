@@ -1,0 +1,157 @@
+#include "ui/designer/TreePane.h"
+
+#include "ui/designer/TreeModel.h"
+#include "ui/designer/TreePaneSearch.h"
+#include "ui/designer/TreePaneView.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+/// A load that is over sooner needs no bar, which would only flicker, in milliseconds.
+constexpr int kLoadingShownAfter = 300;
+
+}  // namespace
+
+TreePane::TreePane(QWidget* parent)
+    : QWidget(parent),
+      icons_(palette()),
+      model_(new TreeModel([this](const QString& key) { return icons_.icon(key); }, this)),
+      tvXML_(new TreePaneView(*model_, this)),
+      loadingBar_(makeLoadingBar()) {
+    auto* const load = new QPushButton(tr("&Load XML…"), this);
+    load->setObjectName(QStringLiteral("cmdLoadXML"));
+    connect(load, &QPushButton::clicked, this, &TreePane::loadRequested);
+
+    tvXML_->setObjectName(QStringLiteral("tvXML"));
+    tvXML_->setAccessibleName(tr("Fields of the database"));
+    tvXML_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tvXML_, &QWidget::customContextMenuRequested, this, &TreePane::showContextMenu);
+    connect(tvXML_, &TreePaneView::dragFinished, this, &TreePane::dragFinished);
+    makeInsertAction();
+
+    auto* const rows = new QVBoxLayout(this);
+    rows->addWidget(load);
+    rows->addWidget(loadingBar_);
+    rows->addLayout(makeSearchRow());
+    rows->addWidget(tvXML_, 1);
+    setTabOrder(load, searchBox_);
+    setTabOrder(searchBox_, tvXML_);
+
+    loadingShown_.setSingleShot(true);
+    connect(&loadingShown_, &QTimer::timeout, loadingBar_, &QWidget::show);
+}
+
+QWidget* TreePane::makeLoadingBar() {
+    auto* const bar = new QWidget(this);
+    auto* const busy = new QProgressBar(bar);
+    busy->setRange(0, 0);
+    busy->setAccessibleName(tr("Loading"));
+    auto* const cancel = new QPushButton(tr("&Cancel"), bar);
+    connect(cancel, &QPushButton::clicked, this, &TreePane::cancelRequested);
+    auto* const row = new QHBoxLayout(bar);
+    row->setContentsMargins({});
+    row->addWidget(busy, 1);
+    row->addWidget(cancel);
+    bar->hide();
+    return bar;
+}
+
+QLayout* TreePane::makeSearchRow() {
+    searchBox_ = new QLineEdit(this);
+    searchBox_->setObjectName(QStringLiteral("search"));
+    searchBox_->setClearButtonEnabled(true);
+    auto* const label = new QLabel(tr("&Search:"), this);
+    label->setBuddy(searchBox_);
+    auto* const result = new QLabel(this);
+    result->setAlignment(Qt::AlignTrailing);
+    search_ = new TreePaneSearch(*searchBox_, *result, *tvXML_, *model_);
+
+    auto* const row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(searchBox_, 1);
+    auto* const rows = new QVBoxLayout;
+    rows->addLayout(row);
+    rows->addWidget(result);
+    return rows;
+}
+
+void TreePane::makeInsertAction() {
+    insert_ = new QAction(tr("&Insert at the caret"), this);
+    insert_->setShortcuts({QKeySequence(Qt::Key_Insert), QKeySequence(Qt::CTRL | Qt::Key_Return),
+                           QKeySequence(Qt::CTRL | Qt::Key_Enter)});
+    insert_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    insert_->setShortcutVisibleInContextMenu(true);
+    addAction(insert_);
+    connect(insert_, &QAction::triggered, this, [this] {
+        if (canInsert()) Q_EMIT insertRequested();
+    });
+}
+
+void TreePane::show(std::shared_ptr<LoadedStructure> structure) {
+    structure_ = std::move(structure);
+    // The tree lives as long as its structure does.
+    const auto tree = structure_ ? std::shared_ptr<TreeView>(structure_, &structure_->tree) : nullptr;
+    model_->setTree(tree);
+    search_->setTree(tree);
+    if (structure_ && structure_->firstObject > 0) {
+        tvXML_->expand(model_->indexOf(structure_->firstObject));
+        tvXML_->scrollToPosition(0);
+    }
+}
+
+void TreePane::clear() {
+    show(nullptr);
+}
+
+void TreePane::setLoading(bool loading) {
+    if (loading) {
+        loadingShown_.start(kLoadingShownAfter);
+    } else {
+        loadingShown_.stop();
+        loadingBar_->hide();
+    }
+}
+
+const TreeNode* TreePane::selectedNode() const {
+    return tvXML_->selectedNode();
+}
+
+QWidget& TreePane::tvXML() {
+    return *tvXML_;
+}
+
+bool TreePane::canInsert() const {
+    const TreeNode* const node = selectedNode();
+    return node != nullptr && isDraggable(*node);
+}
+
+void TreePane::showContextMenu(const QPoint& place) {
+    if (selectedNode() == nullptr) return;
+    QMenu menu(this);
+    menu.addAction(insert_);
+    // A key that is pressed asks anew whether it can be done.
+    insert_->setEnabled(canInsert());
+    menu.exec(tvXML_->viewport()->mapToGlobal(place));
+    insert_->setEnabled(true);
+}
+
+void TreePane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    icons_.setPalette(palette());
+    tvXML_->viewport()->update();
+}
+
+}  // namespace mergeloom

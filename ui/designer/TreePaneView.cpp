@@ -1,0 +1,158 @@
+#include "ui/designer/TreePaneView.h"
+
+#include "ui/designer/TreeModel.h"
+#include "ui/designer/mTVHook.h"
+
+#include <QDrag>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+/// More nodes than any window has lines.
+constexpr std::size_t kExpandedAtOnce = 500;
+/// So many that laying the whole tree out anew, which each step does, is not done too often.
+constexpr std::size_t kExpandedPerStep = 20000;
+
+// Measures of the picture that is dragged, in the height of its line of text.
+constexpr int kPictureWidth = 20;
+constexpr int kPictureDistance = 1;
+
+}  // namespace
+
+TreePaneView::TreePaneView(TreeModel& model, QWidget* parent) : QTreeView(parent), model_(model) {
+    setModel(&model);
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setSelectionMode(SingleSelection);
+    setDragEnabled(true);
+    setDragDropMode(DragOnly);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // A node's width counts while it is in view; measuring all of them would take long.
+    header()->setResizeContentsPrecision(0);
+    connect(&expanding_, &QTimer::timeout, this, [this] { expandNext(kExpandedPerStep); });
+}
+
+const TreeNode* TreePaneView::selectedNode() const {
+    const QModelIndexList selected = selectedIndexes();
+    return selected.isEmpty() ? nullptr : model_.node(selected.front());
+}
+
+void TreePaneView::selectNode(int node) {
+    select(node);
+    scrollTo(model_.indexOf(node));
+}
+
+void TreePaneView::select(int node) {
+    const QModelIndex index = model_.indexOf(node);
+    if (!index.isValid()) return;
+    setAutoScroll(false);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    setAutoScroll(true);
+}
+
+std::vector<int> TreePaneView::expandedNodes() const {
+    std::vector<int> nodes;
+    addExpanded({}, nodes);
+    nodes.insert(nodes.end(), toExpand_.begin() + static_cast<std::ptrdiff_t>(nextToExpand_),
+                 toExpand_.end());
+    return nodes;
+}
+
+void TreePaneView::addExpanded(const QModelIndex& parent, std::vector<int>& nodes) const {
+    for (int row = 0; row < model_.rowCount(parent); ++row) {
+        const QModelIndex child = model_.index(row, 0, parent);
+        if (!isExpanded(child)) continue;
+        nodes.push_back(model_.node(child)->Index());
+        addExpanded(child, nodes);
+    }
+}
+
+int TreePaneView::scrollPosition() const {
+    return verticalScrollBar()->value();
+}
+
+void TreePaneView::scrollToPosition(int position) {
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(position);
+}
+
+void TreePaneView::showRows(TreeModelRows rows, std::vector<int> expanded) {
+    const TreeNode* const selected = selectedNode();
+    model_.setRows(std::move(rows));
+    toExpand_ = std::move(expanded);
+    nextToExpand_ = 0;
+    expandNext(kExpandedAtOnce);
+    if (selected != nullptr) select(selected->Index());
+    verticalScrollBar()->setValue(0);
+}
+
+// While a layout is awaited, expanding a node costs next to nothing. Otherwise each one moves all rows below.
+void TreePaneView::expandNext(std::size_t most) {
+    scheduleDelayedItemsLayout();
+    const std::size_t end = std::min(toExpand_.size(), nextToExpand_ + most);
+    for (; nextToExpand_ < end; ++nextToExpand_)
+        expand(model_.indexOf(toExpand_[nextToExpand_]));
+    nextToExpand_ < toExpand_.size() ? expanding_.start() : expanding_.stop();
+}
+
+void TreePaneView::startDrag(Qt::DropActions supportedActions) {
+    HookTreeView(*this);
+    const QModelIndex dragged = currentIndex();
+    if (dragged.flags().testFlag(Qt::ItemIsDragEnabled)) {
+        auto* const drag = new QDrag(this);
+        drag->setMimeData(model_.mimeData({dragged}));
+        const QPixmap picture = dragPicture(dragged.data().toString());
+        drag->setPixmap(picture);
+        // Beside the pointer, so that what is under it stays visible.
+        const int distance = kPictureDistance * fontMetrics().height();
+        drag->setHotSpot({-distance, -distance});
+        drag->exec(supportedActions);
+    }
+    Q_EMIT dragFinished();
+}
+
+QPixmap TreePaneView::dragPicture(const QString& text) const {
+    const QFontMetrics metrics = fontMetrics();
+    const int space = metrics.height() / 4;
+    const QString shown = metrics.elidedText(text, Qt::ElideRight, kPictureWidth * metrics.height());
+    const QSize size(metrics.horizontalAdvance(shown) + 4 * space, metrics.height() + 2 * space);
+    QPixmap picture(size * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(palette().color(QPalette::ToolTipBase));
+    QPainter painter(&picture);
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::ToolTipText));
+    painter.drawRect(QRect(QPoint(), size).adjusted(0, 0, -1, -1));
+    painter.drawText(QRect(QPoint(), size), Qt::AlignCenter, shown);
+    return picture;
+}
+
+QItemSelectionModel::SelectionFlags TreePaneView::selectionCommand(const QModelIndex& index,
+                                                                   const QEvent* event) const {
+    // A drag carries the node under the mouse, whatever keys are held.
+    if (event != nullptr && event->type() == QEvent::MouseButtonPress && index.isValid()) {
+        return QItemSelectionModel::ClearAndSelect;
+    }
+    return QTreeView::selectionCommand(index, event);
+}
+
+bool TreePaneView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex index = indexAt(help.pos());
+    const QRect shown = visualRect(index) & viewport()->rect();
+    const bool isCut = index.isValid() && visualRect(index).width() > shown.width();
+    QToolTip::showText(help.globalPos(), isCut ? index.data().toString() : QString(), viewport(), shown);
+    return true;
+}
+
+}  // namespace mergeloom

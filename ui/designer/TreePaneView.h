@@ -1,0 +1,58 @@
+#pragma once
+
+#include "ui/designer/TreeModelRows.h"
+
+#include <QTimer>
+#include <QTreeView>
+#include <vector>
+
+namespace mergeloom {
+
+class TreeModel;
+class TreeNode;
+
+/// The tree itself: which of its nodes are expanded and selected, and how one is dragged. Nodes are named by
+/// their Index.
+class TreePaneView : public QTreeView {
+    Q_OBJECT
+  public:
+    explicit TreePaneView(TreeModel& model, QWidget* parent = nullptr);
+
+    /// The selected node, or none.
+    [[nodiscard]] const TreeNode* selectedNode() const;
+    /// Selects a node and scrolls to it; does nothing for one that is not shown.
+    void selectNode(int node);
+    [[nodiscard]] std::vector<int> expandedNodes() const;
+    /// The row at the top of the view, as the scroll bar counts it.
+    [[nodiscard]] int scrollPosition() const;
+
+    /// Shows other rows, with these nodes expanded: the first ones at once, a large number of others little
+    /// by little. The selected node stays selected if it is shown; the view goes to the top.
+    void showRows(TreeModelRows rows, std::vector<int> expanded);
+    /// Scrolls so that a row stands at the top as scrollPosition told it.
+    void scrollToPosition(int position);
+
+  Q_SIGNALS:
+    /// A drag is over or was refused. The view is hooked (mTVHook.h).
+    void dragFinished();
+
+  protected:
+    void startDrag(Qt::DropActions supportedActions) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    bool viewportEvent(QEvent* event) override;
+
+  private:
+    void select(int node);
+    void expandNext(std::size_t most);
+    void addExpanded(const QModelIndex& parent, std::vector<int>& nodes) const;
+    [[nodiscard]] QPixmap dragPicture(const QString& text) const;
+
+    TreeModel& model_;
+    QTimer expanding_;
+    // What is still to be expanded: from a place in the list on.
+    std::vector<int> toExpand_;
+    std::size_t nextToExpand_ = 0;
+};
+
+}  // namespace mergeloom
