@@ -35,10 +35,6 @@ void HelpBrowser::showTopic(const QString& topic) {
     follow(addressOf(normalizedTopic(topic)));
 }
 
-QString HelpBrowser::topic() const {
-    return source().path().mid(1);
-}
-
 void HelpBrowser::follow(const QUrl& link) {
     const QUrl address = source().resolved(link);
     try {

@@ -21,7 +21,9 @@ class HelpBrowser final : public QTextBrowser {
     /// told and what was shown stays.
     void showTopic(const QString& topic);
     /// The path of the topic that is shown, without a place.
-    [[nodiscard]] QString topic() const;
+    [[nodiscard]] QString topic() const { return topicOf(source()); }
+    /// The topic of an address that the browser shows or tells of.
+    static QString topicOf(const QUrl& address) { return address.path().mid(1); }
     /// Steps larger or, below 0, smaller than the font of the desktop.
     void zoomBy(int steps);
     void resetZoom();

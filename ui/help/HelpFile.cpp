@@ -16,18 +16,17 @@ constexpr quint16 kDefaultTopicPiece = 2;
 constexpr quint16 kTitlePiece = 3;
 constexpr qsizetype kSystemHeader = 4;
 constexpr qsizetype kPieceHeader = 4;
-constexpr qsizetype kContextHeader = 4;
-constexpr qsizetype kContextSize = 8;
+/// Lines of a context number, a blank and a topic. The compiler of help files would write its own table, but
+/// with the paths of the machine that it runs on.
+const QString kContextsName = QStringLiteral("contexts.txt");
 
-template <class Number>
-Number numberAt(const QByteArray& bytes, qsizetype position) {
-    return qFromLittleEndian<Number>(bytes.constData() + position);
+quint16 numberAt(const QByteArray& bytes, qsizetype position) {
+    return qFromLittleEndian<quint16>(bytes.constData() + position);
 }
 
-/// The text from the position up to the next zero byte or the end.
-QString textAt(const QByteArray& bytes, qsizetype position) {
-    const qsizetype end = bytes.indexOf('\0', position);
-    return QString::fromUtf8(bytes.mid(position, end < 0 ? -1 : end - position));
+/// The text up to the first zero byte or the end.
+QString textOf(const QByteArray& bytes) {
+    return QString::fromUtf8(bytes.left(bytes.indexOf('\0')));
 }
 
 bool isTopic(const QString& name) {
@@ -48,9 +47,9 @@ void HelpFile::readSystem() {
     const std::optional<QByteArray> system = archive_.read(QStringLiteral("#SYSTEM"));
     if (!system) archive_.refuseDamaged();
     for (qsizetype at = kSystemHeader; at + kPieceHeader <= system->size();) {
-        const auto number = numberAt<quint16>(*system, at);
-        const auto length = numberAt<quint16>(*system, at + 2);
-        const QString text = textAt(system->mid(at + kPieceHeader, length), 0);
+        const auto number = numberAt(*system, at);
+        const auto length = numberAt(*system, at + 2);
+        const QString text = textOf(system->mid(at + kPieceHeader, length));
         if (number == kContentsPiece) contentsName_ = text;
         if (number == kIndexPiece) indexName_ = text;
         if (number == kDefaultTopicPiece) defaultTopic_ = normalizedTopic(text);
@@ -60,13 +59,13 @@ void HelpFile::readSystem() {
 }
 
 void HelpFile::readContexts() {
-    const std::optional<QByteArray> table = archive_.read(QStringLiteral("#IVB"));
-    const std::optional<QByteArray> texts = archive_.read(QStringLiteral("#STRINGS"));
-    if (!table || !texts) return;
-    for (qsizetype at = kContextHeader; at + kContextSize <= table->size(); at += kContextSize) {
-        const auto position = static_cast<qsizetype>(numberAt<quint32>(*table, at + 4));
-        if (position >= texts->size()) archive_.refuseDamaged();
-        contexts_[numberAt<quint32>(*table, at)] = normalizedTopic(textAt(*texts, position));
+    const QByteArray lines = archive_.read(kContextsName).value_or(QByteArray());
+    for (const QByteArray& line : lines.split('\n')) {
+        const QList<QByteArray> words = line.simplified().split(' ');
+        bool isNumber = false;
+        const std::uint32_t number = words.front().toUInt(&isNumber);
+        if (isNumber && words.size() == 2)
+            contexts_[number] = normalizedTopic(QString::fromUtf8(words.back()));
     }
 }
 

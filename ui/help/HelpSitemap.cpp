@@ -1,5 +1,6 @@
 #include "ui/help/HelpSitemap.h"
 
+#include <QMap>
 #include <QRegularExpression>
 #include <QTextDocumentFragment>
 #include <QUrl>
@@ -11,12 +12,15 @@ namespace {
 /// Lists nested deeper than this continue the one at this depth.
 constexpr std::size_t kDeepestList = 50;
 
-QString attribute(const QString& tag, const QString& name) {
-    const QRegularExpression pattern(
-        QStringLiteral(R"re(\b%1\s*=\s*(?:"([^"]*)"|'([^']*)'|([^\s>]+)))re").arg(name),
-        QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = pattern.match(tag);
-    return match.captured(1) + match.captured(2) + match.captured(3);
+/// The attributes of a tag by their names in lower case.
+QMap<QString, QString> attributes(const QString& tag) {
+    static const QRegularExpression pattern(
+        QStringLiteral(R"re(([\w-]+)\s*=\s*(?:"([^"]*)"|'([^']*)'|([^\s>]+)))re"));
+    QMap<QString, QString> found;
+    for (const QRegularExpressionMatch& match : pattern.globalMatch(tag)) {
+        found[match.captured(1).toLower()] = match.captured(2) + match.captured(3) + match.captured(4);
+    }
+    return found;
 }
 
 QString withoutEntities(const QString& text) {
@@ -55,8 +59,8 @@ class SitemapReader {
     }
 
     void beginObject(const QString& tag) {
-        isInEntry_ =
-            attribute(tag, QStringLiteral("type")).compare(u"text/sitemap", Qt::CaseInsensitive) == 0;
+        const QString type = attributes(tag).value(QStringLiteral("type"));
+        isInEntry_ = type.compare(u"text/sitemap", Qt::CaseInsensitive) == 0;
         entry_ = {};
     }
 
@@ -67,8 +71,9 @@ class SitemapReader {
 
     /// An entry of an index may have several names and places; the first of each counts.
     void takeParameter(const QString& tag) {
-        const QString name = attribute(tag, QStringLiteral("name"));
-        const QString value = withoutEntities(attribute(tag, QStringLiteral("value")));
+        const QMap<QString, QString> found = attributes(tag);
+        const QString name = found.value(QStringLiteral("name"));
+        const QString value = withoutEntities(found.value(QStringLiteral("value")));
         if (name.compare(u"Name", Qt::CaseInsensitive) == 0 && entry_.title.isEmpty()) entry_.title = value;
         if (name.compare(u"Local", Qt::CaseInsensitive) == 0 && entry_.topic.isEmpty()) {
             entry_.topic = normalizedTopic(value);

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
@@ -71,9 +72,9 @@ HelpWindow::HelpWindow(const std::shared_ptr<HelpFile>& file, QWidget* owner)
     panes->setChildrenCollapsible(false);
     setCentralWidget(panes);
     resize(screen()->availableSize() * kShareOfScreen);
-    connect(browser_, &QTextBrowser::sourceChanged, this, [this] {
+    connect(browser_, &QTextBrowser::sourceChanged, this, [this](const QUrl& source) {
         statusBar()->clearMessage();
-        markInContents();
+        markInContents(HelpBrowser::topicOf(source));
     });
     showTopic(file->defaultTopic());
 }
@@ -93,7 +94,7 @@ QWidget* HelpWindow::makeContentsPage() {
     contents_->expandAll();
     connect(contents_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
         const QString topic = item == nullptr ? QString() : item->data(0, kTopicRole).toString();
-        if (!topic.isEmpty() && topic != browser_->topic()) showTopic(topic);
+        if (!topic.isEmpty()) showTopic(topic);
     });
     return contents_;
 }
@@ -204,11 +205,12 @@ void HelpWindow::search() {
 }
 
 /// A topic may stand in the contents several times; the first one is marked, unless another one is already.
-void HelpWindow::markInContents() {
+void HelpWindow::markInContents(const QString& topic) {
     const QTreeWidgetItem* const current = contents_->currentItem();
-    if (current != nullptr && current->data(0, kTopicRole) == browser_->topic()) return;
+    if (current != nullptr && current->data(0, kTopicRole) == topic) return;
+    const QSignalBlocker quiet(contents_);
     for (QTreeWidgetItemIterator at(contents_); *at != nullptr; ++at) {
-        if ((*at)->data(0, kTopicRole) == browser_->topic()) return contents_->setCurrentItem(*at);
+        if ((*at)->data(0, kTopicRole) == topic) return contents_->setCurrentItem(*at);
     }
 }
 

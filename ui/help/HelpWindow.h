@@ -42,7 +42,7 @@ class HelpWindow final : public QMainWindow {
     void makeActions();
     void narrowIndex(const QString& beginning);
     void search();
-    void markInContents();
+    void markInContents(const QString& topic);
     void tellProblem(const QString& sentence);
 
     std::shared_ptr<HelpFile> file_;
