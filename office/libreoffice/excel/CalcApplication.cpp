@@ -49,7 +49,9 @@ excel::RangePtr CalcApplication::ActiveCell() {
 }
 
 excel::SelectionPtr CalcApplication::Selection() {
-    return std::make_shared<CalcSelection>(activeContent());
+    const CalcContentPtr& content = activeContent();
+    if (!content->hasActiveCells()) return std::make_shared<CalcSelectedChart>();
+    return std::make_shared<CalcSelection>(content);
 }
 
 excel::RangePtr CalcApplication::Intersect(excel::Range& first, excel::Range& second) {

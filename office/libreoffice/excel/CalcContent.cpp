@@ -73,6 +73,7 @@ CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore&
       fonts_(connection()) {
     connection().call([&] {
         readSheets();
+        readSheetKinds();
         readNames();
     });
 }
@@ -96,6 +97,13 @@ void CalcContent::readSheets() {
     activeSheet_ = std::min(view.activeSheet, sheets_.size() - 1);
 }
 
+void CalcContent::readSheetKinds() {
+    const std::vector<CalcSheetKind> kinds = sheetKindsOf(connection(), document_);
+    if (kinds.size() != sheets_.size()) return;
+    for (std::size_t index = 0; index < kinds.size(); ++index)
+        sheets_[index]->setKind(kinds[index]);
+}
+
 void CalcContent::readNames() {
     documentNames_ = namesIn(document_);
     pending_.setNames(documentNames_);
@@ -117,10 +125,17 @@ void CalcContent::readNames(const Reference<css::sheet::XNamedRanges>& names, in
 }
 
 std::optional<std::size_t> CalcContent::sheetNamed(const std::string& name) const {
-    const auto found = std::ranges::find_if(
-        sheets_, [&](const auto& sheet) { return equalsIgnoringCase(sheet->name(), name); });
+    const auto found = std::ranges::find_if(sheets_, [&](const auto& sheet) {
+        return sheet->hasCells() && equalsIgnoringCase(sheet->name(), name);
+    });
     if (found == sheets_.end()) return {};
     return static_cast<std::size_t>(found - sheets_.begin());
+}
+
+std::size_t CalcContent::activeSheet() const {
+    if (hasActiveCells()) return activeSheet_;
+    throw AutomationError(kApplicationDefined,
+                          "The active sheet '" + sheets_[activeSheet_]->name() + "' has no cells.");
 }
 
 void CalcContent::activate(std::size_t index) {

@@ -37,9 +37,12 @@ class CalcContent {
 
     [[nodiscard]] std::size_t sheetCount() const { return sheets_.size(); }
     [[nodiscard]] CalcSheet& sheet(std::size_t index) { return *sheets_.at(index); }
-    /// The sheet of that name, without regard to case.
+    /// The worksheet of that name, without regard to case.
     [[nodiscard]] std::optional<std::size_t> sheetNamed(const std::string& name) const;
-    [[nodiscard]] std::size_t activeSheet() const { return activeSheet_; }
+    /// Whether the active sheet is a worksheet.
+    [[nodiscard]] bool hasActiveCells() const { return sheets_[activeSheet_]->hasCells(); }
+    /// Raises kApplicationDefined when it has no cells.
+    [[nodiscard]] std::size_t activeSheet() const;
     /// Raises kApplicationDefined for a hidden sheet.
     void activate(std::size_t index);
     /// What is selected in a sheet; a recorded step takes it back.
@@ -63,6 +66,7 @@ class CalcContent {
 
   private:
     void readSheets();
+    void readSheetKinds();
     [[nodiscard]] Reference<css::sheet::XNamedRanges> ownNamesOf(int sheet) const;
     void readNames();
     void readNames(const Reference<css::sheet::XNamedRanges>& names, int sheet);

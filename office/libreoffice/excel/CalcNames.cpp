@@ -66,10 +66,11 @@ excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string&
     check(name);
     const std::optional<CalcCell> cell = cellMeantBy(refersToLocal);
     if (!cell || !CalcPending::mayWait(name)) return define(name, refersToLocal);
+    const std::size_t sheet = content_->activeSheet();
     content_->touch();
     content_->names().append(name, CalcNameIndex::kDocument);
     content_->undo().keep([content = content_.get()] { content->names().removeLast(); });
-    content_->pending().addName(content_->activeSheet(), *cell, name);
+    content_->pending().addName(sheet, *cell, name);
     return std::make_shared<CalcDefinedName>(content_, content_->names().entries().size() - 1);
 }
 

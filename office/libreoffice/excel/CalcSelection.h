@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AutomationError.h"
 #include "office/libreoffice/excel/CalcTexts.h"
 #include "office/model/excel/Selection.h"
 
@@ -8,7 +9,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// What is selected in the active sheet. Calc has no sheets without cells, and here nobody selects a shape.
+/// What is selected in the active sheet, where nobody selects a shape.
 class CalcSelection final : public excel::Selection {
   public:
     explicit CalcSelection(CalcContentPtr content)
@@ -23,6 +24,15 @@ class CalcSelection final : public excel::Selection {
   private:
     CalcContentPtr content_;
     std::size_t sheet_;
+};
+
+/// What is selected in a sheet without cells.
+class CalcSelectedChart final : public excel::Selection {
+  public:
+    std::string TypeName() override { return "ChartArea"; }
+    void SetValue2(const std::string&) override {
+        throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
+    }
 };
 
 }  // namespace mergeloom::libreoffice

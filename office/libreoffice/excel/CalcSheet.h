@@ -4,6 +4,7 @@
 #include "office/libreoffice/excel/CalcMergedCells.h"
 #include "office/libreoffice/excel/CalcPending.h"
 #include "office/libreoffice/excel/CalcShapeTable.h"
+#include "office/libreoffice/excel/CalcSheetKinds.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
@@ -31,6 +32,9 @@ class CalcSheet {
     [[nodiscard]] const Reference<css::sheet::XSpreadsheet>& uno() const { return sheet_; }
     [[nodiscard]] const std::string& name() const { return name_; }
     [[nodiscard]] bool isHidden();
+    /// Calc has cells in all sheets; some of them have none in the file.
+    [[nodiscard]] bool hasCells() const { return kind_ == CalcSheetKind::Worksheet; }
+    void setKind(CalcSheetKind kind) { kind_ = kind; }
 
     [[nodiscard]] const CalcSelectedCells& selection() const { return selection_; }
     void select(const CalcSelectedCells& selection) { selection_ = selection; }
@@ -60,6 +64,7 @@ class CalcSheet {
     CalcPending& pending_;
     Reference<css::sheet::XSpreadsheet> sheet_;
     std::string name_;
+    CalcSheetKind kind_ = CalcSheetKind::Worksheet;
     CalcSelectedCells selection_;
     CalcMergedCells merged_;
     std::optional<CalcShapeTable> shapes_;

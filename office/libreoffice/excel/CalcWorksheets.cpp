@@ -3,6 +3,8 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/excel/CalcWorksheet.h"
 
+#include <utility>
+
 namespace mergeloom::libreoffice {
 
 namespace {
@@ -13,9 +15,14 @@ namespace {
 
 }  // namespace
 
+CalcWorksheets::CalcWorksheets(CalcContentPtr content) : content_(std::move(content)) {
+    for (std::size_t index = 0; index < content_->sheetCount(); ++index)
+        if (content_->sheet(index).hasCells()) sheets_.push_back(index);
+}
+
 excel::WorksheetPtr CalcWorksheets::Item(int number) {
     if (number < 1 || number > Count()) refuse();
-    return std::make_shared<CalcWorksheet>(content_, static_cast<std::size_t>(number) - 1);
+    return std::make_shared<CalcWorksheet>(content_, sheets_[static_cast<std::size_t>(number) - 1]);
 }
 
 excel::WorksheetPtr CalcWorksheets::Item(const std::string& name) {
