@@ -12,14 +12,8 @@ class HostEvents final : public QObject, public HostListener {
     Q_OBJECT
 
   public:
-    void fileCommand(HostCommand command) override {
-        QMetaObject::invokeMethod(
-            this, [this, command] { Q_EMIT commandGiven(command); }, Qt::QueuedConnection);
-    }
-    void officeEnded() override {
-        QMetaObject::invokeMethod(
-            this, [this] { Q_EMIT ended(); }, Qt::QueuedConnection);
-    }
+    void fileCommand(HostCommand command) override;
+    void officeEnded() override;
 
   Q_SIGNALS:
     void commandGiven(mergeloom::HostCommand command);
