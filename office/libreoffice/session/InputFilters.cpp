@@ -12,6 +12,13 @@ namespace {
 constexpr std::string_view kWordText = "Text";
 constexpr std::string_view kWordTextEncoded = "Text (encoded)";
 constexpr std::string_view kExcelText = "Text - txt - csv (StarCalc)";
+/// The filter that writes web pages does not read them.
+constexpr std::string_view kExcelHtml = "calc_HTML_WebQuery";
+
+/// Without options the office would ask for them. Of a web page's: the language of its numbers (the system's)
+/// and whether texts that look like dates become some; of DIF: the encoding, here UTF-8.
+constexpr std::string_view kPlainCells = "0 0";
+constexpr std::string_view kUtf8 = "76";
 
 struct InputFilter {
     OfficePart part;
@@ -23,8 +30,9 @@ constexpr InputFilter kFilters[] = {
     {OfficePart::Word, "htm", {"HTML (StarWriter)"}},
     {OfficePart::Word, "html", {"HTML (StarWriter)"}},
     {OfficePart::Word, "txt", {kWordText}},
-    {OfficePart::Excel, "htm", {"HTML (StarCalc)"}},
-    {OfficePart::Excel, "html", {"HTML (StarCalc)"}},
+    {OfficePart::Excel, "htm", {kExcelHtml, kPlainCells}},
+    {OfficePart::Excel, "html", {kExcelHtml, kPlainCells}},
+    {OfficePart::Excel, "dif", {"DIF", kUtf8}},
     {OfficePart::Excel, "csv", {kExcelText, "44,34,76,1"}},
     {OfficePart::Excel, "txt", {kExcelText, "9,34,76,1"}},
 };
