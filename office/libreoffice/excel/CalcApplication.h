@@ -20,7 +20,8 @@ class CalcApplication final : public excel::Application,
         : files_(files), session_(std::move(session)) {}
 
     std::string Name() override { return "Microsoft Excel"; }
-    /// The formats and calls that Calc answers for are those of Excel 2016 and later.
+    /// The formats and calls that Calc answers for are those of Excel 2016 and later. What it can write
+    /// canSaveAs tells, whatever the version says.
     std::string Version() override { return "16.0"; }
 
     excel::WorkbooksPtr Workbooks() override;
