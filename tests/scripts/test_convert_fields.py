@@ -219,7 +219,7 @@ class ConvertingFields(unittest.TestCase):
             ([self.folder / "missing.docx"], "missing.docx"),
             ([damaged], "damaged.docx"),
             ([source, "--output", self.folder / "none" / "target.docx"], "none"),
-            ([source, "--output", self.folder / "target.odt"], "Choose docx, docm, dotx or dotm."),
+            ([source, "--output", self.folder / "target.xps"], "Choose docx, docm, dotx or dotm otherwise."),
             ([self.folder], str(self.folder)),
         ]
         before = {path: path.read_bytes() for path in self.folder.iterdir()}
