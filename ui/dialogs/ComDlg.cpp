@@ -35,7 +35,7 @@ void ComDlg::SetFilter(const std::string& filter) {
     std::ranges::replace(texts_.lpstrFilter, '|', kNul);
 }
 
-void ComDlg::SetFilter(const std::vector<std::string>& parts) {
+void ComDlg::SetFilterParts(const std::vector<std::string>& parts) {
     SetFilter(joined(parts, kNul));
 }
 

@@ -18,7 +18,7 @@ class ComDlg {
     void SetDialogTitle(const std::string& title) { texts_.lpstrTitle = title; }
     /// "description|pattern|…". Read, it ends in "|".
     void SetFilter(const std::string& filter);
-    void SetFilter(const std::vector<std::string>& parts);
+    void SetFilterParts(const std::vector<std::string>& parts);
     [[nodiscard]] std::string Filter() const;
     /// Counted from 1. After the dialog, the entry that the user chose.
     void SetFilterIndex(int index) { record_.nFilterIndex = static_cast<std::uint32_t>(index); }

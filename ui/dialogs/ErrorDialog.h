@@ -9,28 +9,31 @@
 
 namespace mergeloom {
 
-/// Where the reports of problems go and what the dialog cannot find out by itself.
+/// What the dialog of errors cannot find out by itself.
 struct ErrorDialogSettings {
     /// Asked on the thread that reports, which may be the office's own; empty while no office runs.
     std::function<std::string()> officeBuild = [] { return std::string(); };
-    /// Empty for a program that has no address to write to.
-    std::string supportAddress = builtInSupportAddress();
-    /// The folder for the reports' text files.
-    std::string reportFolder = defaultReportFolder();
+    /// Where users write to: by default the address of this build. Without one there is no button for it.
+    std::string supportAddress = addressOfBuild();
+    /// Where the reports are kept: by default the user's state folder.
+    std::string reportFolder = folderOfUser();
 
-    static std::string builtInSupportAddress();
-    static std::string defaultReportFolder();
+    static std::string addressOfBuild();
+    static std::string folderOfUser();
 };
 
 /// Tells the user of an unexpected error and keeps a report of it, which the user can read and send. May be
 /// called by any thread.
 class ErrorDialog final : public ErrorHandler {
   public:
-    explicit ErrorDialog(QWidget* owner, ErrorDialogSettings settings = {});
+    explicit ErrorDialog(QWidget* owner, ErrorDialogSettings settings = {})
+        : owner_(owner), settings_(std::move(settings)) {}
 
     void report(const ErrorReport& report) override;
 
   private:
+    [[nodiscard]] std::string reportText(const ErrorReport& report) const;
+
     QPointer<QWidget> owner_;
     ErrorDialogSettings settings_;
 };

@@ -69,9 +69,10 @@ void FileDialogRun::setUpFiles() {
     if (!texts_.lpstrTitle.empty()) dialog_.setWindowTitle(textOf(texts_.lpstrTitle));
 }
 
-/// Descriptions that name their patterns already should not do so twice.
+/// The patterns are shown where the descriptions are meant to show them.
 void FileDialogRun::setUpFilters() {
-    dialog_.setOption(QFileDialog::HideNameFilterDetails);
+    dialog_.setOption(QFileDialog::HideNameFilterDetails,
+                      std::ranges::none_of(filters_, &FileFilter::showsPatterns));
     QStringList shown;
     for (const FileFilter& filter : filters_)
         shown += shownFilter(filter);

@@ -36,13 +36,20 @@ std::vector<std::string> parsePatterns(std::string_view text) {
     return patterns;
 }
 
+FileFilter makeFilter(const std::string& description, const std::string& patterns) {
+    const std::string shown = " (" + patterns + ")";
+    const bool showsPatterns = description.ends_with(shown);
+    const std::size_t length = description.size() - (showsPatterns ? shown.size() : 0);
+    return {description.substr(0, length), parsePatterns(patterns), showsPatterns};
+}
+
 }  // namespace
 
 std::vector<FileFilter> parseFileFilters(const std::string& filter) {
     std::vector<FileFilter> filters;
     const std::vector<std::string_view> parts = split(filter, '\0');
     for (std::size_t i = 0; i + 1 < parts.size() && !parts[i].empty(); i += 2)
-        filters.push_back({std::string(parts[i]), parsePatterns(parts[i + 1])});
+        filters.push_back(makeFilter(std::string(parts[i]), std::string(parts[i + 1])));
     return filters;
 }
 

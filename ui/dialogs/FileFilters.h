@@ -7,8 +7,9 @@ namespace mergeloom {
 
 /// An entry in the list of file types: what the user reads and the patterns of names.
 struct FileFilter {
-    std::string description;
+    std::string description;  ///< without the patterns in brackets that it may end in
     std::vector<std::string> patterns;
+    bool showsPatterns = false;  ///< the description ended in them
 };
 
 /// The entries of a record's filter: descriptions and patterns in turn, each ended by a NUL; several patterns

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+namespace mergeloom {
+
+/// A user who waits in front of modal windows: each step is what is done in the next window that opens or
+/// comes back. Whoever waits too long closes what is open, and the test has failed.
+class ModalUser {
+  public:
+    using Step = std::function<void(QWidget& window)>;
+
+    explicit ModalUser(std::vector<Step> steps) : steps_(std::move(steps)) {
+        waiting_.start();
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
+        timer_.start(kInterval);
+    }
+    ModalUser(const ModalUser&) = delete;
+    ModalUser& operator=(const ModalUser&) = delete;
+    ~ModalUser() { EXPECT_EQ(done_, steps_.size()) << "as many windows opened as were expected"; }
+
+  private:
+    static constexpr int kInterval = 5;
+    static constexpr qint64 kPatience = 10000;
+
+    void look() {
+        QWidget* window = QApplication::activeModalWidget();
+        if (window != nullptr && window != last_ && done_ < steps_.size()) {
+            last_ = window;
+            waiting_.restart();
+            return steps_[done_++](*window);
+        }
+        if (window == nullptr || waiting_.elapsed() < kPatience) return;
+        ADD_FAILURE() << "nobody answers the window \"" << window->windowTitle().toStdString() << '"';
+        window->close();
+    }
+
+    std::vector<Step> steps_;
+    std::size_t done_ = 0;
+    QPointer<QWidget> last_;
+    QElapsedTimer waiting_;
+    QTimer timer_;
+};
+
+}  // namespace mergeloom

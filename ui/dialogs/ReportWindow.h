@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/dialogs/ErrorWindow.h"
+
+#include <QDialog>
+
+namespace mergeloom {
+
+/// The text of a report, to be read before it is sent.
+class ReportWindow final : public QDialog {
+    Q_OBJECT
+
+  public:
+    ReportWindow(QWidget* parent, const KeptReport& report);
+
+  private:
+    [[nodiscard]] QWidget* makeText();
+    [[nodiscard]] QWidget* makePlace();
+    [[nodiscard]] QWidget* makeButtons();
+    void writeMail();
+
+    KeptReport report_;
+};
+
+}  // namespace mergeloom

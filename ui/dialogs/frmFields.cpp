@@ -1,0 +1,15 @@
+#include "ui/dialogs/frmFields.h"
+
+#include "ui/dialogs/DialogOwner.h"
+#include "ui/dialogs/FieldsWindow.h"
+#include "ui/services/GuiThread.h"
+
+namespace mergeloom {
+
+void frmFields::Show(FieldSelection& fields) {
+    callOnGuiThread([&] { FieldsWindow(ownerOfDialog(owner_), fields, errors_).exec(); });
+    // Closed by its frame or the Escape key, the window leaves a list that still counts as shown.
+    fields.SetVisible(false);
+}
+
+}  // namespace mergeloom
