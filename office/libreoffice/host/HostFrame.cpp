@@ -1,34 +1,133 @@
 #include "office/libreoffice/host/HostFrame.h"
 
+#include "office/libreoffice/session/UnoText.h"
+
+#include <algorithm>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XSystemChildFactory.hpp>
 #include <com/sun/star/frame/Frame.hpp>
+#include <com/sun/star/frame/XDispatchProviderInterception.hpp>
+#include <com/sun/star/frame/XLayoutManager.hpp>
+#include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/SystemDependent.hpp>
+#include <com/sun/star/view/DocumentZoomType.hpp>
+#include <com/sun/star/view/XViewSettingsSupplier.hpp>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
-HostFrame::HostFrame(OfficeConnection& connection, const HostWindow& window) {
+namespace {
+
+using Properties = Reference<css::beans::XPropertySet>;
+
+constexpr const char* kMarks = "ShowNonprintingCharacters";
+constexpr const char* kBookmarks = "ShowBookmarks";
+/// What Writer shows besides bookmarks while it shows marks at all.
+constexpr const char* kOtherMarks[] = {"ShowParaBreaks", "ShowSpaces",          "ShowTabstops",
+                                       "ShowBreaks",     "ShowProtectedSpaces", "ShowSoftHyphens"};
+
+bool isOn(const Properties& settings, const char* name) {
+    bool isOn = false;
+    settings->getPropertyValue(OUString::createFromAscii(name)) >>= isOn;
+    return isOn;
+}
+
+void turn(const Properties& settings, const char* name, bool on) {
+    settings->setPropertyValue(OUString::createFromAscii(name), css::uno::Any(on));
+}
+
+void turnOtherMarks(const Properties& settings, bool on) {
+    for (const char* const mark : kOtherMarks)
+        turn(settings, mark, on);
+}
+
+bool hasBookmarks(const Properties& settings) {
+    return settings.is() &&
+           settings->getPropertySetInfo()->hasPropertyByName(OUString::createFromAscii(kBookmarks));
+}
+
+}  // namespace
+
+HostFrame::HostFrame(OfficeConnection& connection, const HostWindow& window, CommandSink commands)
+    : interceptor_(new CommandInterceptor(std::move(commands))) {
     const Reference<css::awt::XSystemChildFactory> factory(css::awt::Toolkit::create(connection.context()),
                                                            UNO_QUERY_THROW);
     const css::uno::Any parent(static_cast<sal_Int64>(window.id));
     container_.set(factory->createSystemChild(parent, {}, css::lang::SystemDependent::SYSTEM_XWINDOW),
                    UNO_QUERY_THROW);
+    caret_.emplace(container_);
     resize(window.width, window.height);
     frame_.set(css::frame::Frame::create(connection.context()), UNO_QUERY_THROW);
     frame_->initialize(container_);
     connection.desktop()->getFrames()->append(frame_);
+    const Reference<css::frame::XDispatchProviderInterception> commandsOfFrame(frame_, UNO_QUERY_THROW);
+    commandsOfFrame->registerDispatchProviderInterceptor(interceptor_.get());
     container_->setVisible(true);
 }
 
-bool HostFrame::isOpen() const try {
-    return frame_->getController().is();
-} catch (const css::uno::RuntimeException&) {
-    return false;
+DocumentReference HostFrame::document() const try {
+    const Reference<css::frame::XController> controller = frame_->getController();
+    return controller.is() ? DocumentReference(controller->getModel(), UNO_QUERY) : DocumentReference();
+} catch (const css::lang::DisposedException&) {
+    return {};
 }
 
-void HostFrame::resize(int width, int height) const {
+void HostFrame::resize(int width, int height) {
+    caret_->forget();
     container_->setPosSize(0, 0, width, height, css::awt::PosSize::POSSIZE);
+}
+
+/// None for a view that has no settings of that kind.
+Properties HostFrame::viewSettings() const {
+    const Reference<css::view::XViewSettingsSupplier> supplier(frame_->getController(), UNO_QUERY);
+    if (supplier.is()) return supplier->getViewSettings();
+    return {frame_->getController(), UNO_QUERY};
+}
+
+bool HostFrame::showsBookmarks() const {
+    const Properties settings = viewSettings();
+    return hasBookmarks(settings) && isOn(settings, kMarks) && isOn(settings, kBookmarks);
+}
+
+/// Writer shows bookmarks only while it shows marks. Where the user does not want to see those, the others
+/// are put out meanwhile.
+void HostFrame::setShowsBookmarks(bool shown) const {
+    const Properties settings = viewSettings();
+    if (!hasBookmarks(settings)) return;
+    const bool showsMarks = isOn(settings, kMarks);
+    turn(settings, kBookmarks, shown);
+    if (shown == showsMarks) return;
+    if (shown) {
+        turnOtherMarks(settings, false);
+        return turn(settings, kMarks, true);
+    }
+    const bool showsOthers =
+        std::ranges::any_of(kOtherMarks, [&](const char* mark) { return isOn(settings, mark); });
+    if (showsOthers) return;
+    turn(settings, kMarks, false);
+    turnOtherMarks(settings, true);
+}
+
+void HostFrame::setZoom(int percent) const {
+    const Properties settings = viewSettings();
+    if (!settings.is()) return;
+    settings->setPropertyValue("ZoomType", css::uno::Any(css::view::DocumentZoomType::BY_VALUE));
+    settings->setPropertyValue("ZoomValue", css::uno::Any(static_cast<sal_Int16>(percent)));
+}
+
+void HostFrame::setBarVisible(const std::string& bar, bool visible) {
+    const Properties properties(frame_, UNO_QUERY_THROW);
+    const Reference<css::frame::XLayoutManager> layout(properties->getPropertyValue("LayoutManager"),
+                                                       UNO_QUERY_THROW);
+    const OUString address = toUno("private:resource/toolbar/" + bar);
+    if (visible) {
+        layout->createElement(address);
+        layout->showElement(address);
+    } else {
+        layout->hideElement(address);
+    }
+    caret_->forget();
 }
 
 }  // namespace mergeloom::libreoffice

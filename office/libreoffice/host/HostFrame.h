@@ -1,10 +1,17 @@
 #pragma once
 
+#include "office/libreoffice/host/CaretPlacer.h"
+#include "office/libreoffice/host/CommandInterceptor.h"
+#include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/model/DocumentHost.h"
 
 #include <com/sun/star/awt/XWindow.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
+#include <optional>
+#include <rtl/ref.hxx>
+#include <string>
 
 namespace mergeloom::libreoffice {
 
@@ -12,17 +19,30 @@ namespace mergeloom::libreoffice {
 /// are to be called within a call of the connection.
 class HostFrame {
   public:
-    HostFrame(OfficeConnection& connection, const HostWindow& window);
+    HostFrame(OfficeConnection& connection, const HostWindow& window, CommandSink commands);
 
     [[nodiscard]] const Reference<css::frame::XFrame>& uno() const { return frame_; }
-    /// Whether it shows a document still; it goes with its document.
-    [[nodiscard]] bool isOpen() const;
-    void resize(int width, int height) const;
-    void setVisible(bool visible) const { container_->setVisible(visible); }
+    /// None when its document is closed, with which it goes.
+    [[nodiscard]] DocumentReference document() const;
+    [[nodiscard]] CaretPlacer& caret() { return *caret_; }
+
+    void resize(int width, int height);
+    void setEnabled(bool enabled) const { container_->setEnable(enabled); }
+    /// Lets the keys that the frame's window gets go to the document.
+    void focus() const { frame_->getComponentWindow()->setFocus(); }
+    [[nodiscard]] bool showsBookmarks() const;
+    void setShowsBookmarks(bool shown) const;
+    void setZoom(int percent) const;
+    /// Under the office's own name, which ends the bar's address.
+    void setBarVisible(const std::string& bar, bool visible);
 
   private:
+    [[nodiscard]] Reference<css::beans::XPropertySet> viewSettings() const;
+
     Reference<css::awt::XWindow> container_;
     Reference<css::frame::XFrame> frame_;
+    rtl::Reference<CommandInterceptor> interceptor_;
+    std::optional<CaretPlacer> caret_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -1,16 +1,63 @@
 #include "office/libreoffice/host/LibreOfficeHost.h"
 
 #include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
+#include "office/libreoffice/session/UnoText.h"
+#include "office/libreoffice/word/WriterHosting.h"
 #include "office/libreoffice/word/WriterOffice.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/excel/Workbooks.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Documents.h"
 
+#include <algorithm>
+#include <com/sun/star/awt/Toolkit.hpp>
+#include <com/sun/star/awt/XToolkitExperimental.hpp>
+#include <com/sun/star/util/theMacroExpander.hpp>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace mergeloom::libreoffice {
+
+namespace {
+
+constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
+constexpr std::string_view kExcelIdentifier = "Excel.Template";
+constexpr std::string_view kWorkbookExtensions[] = {"xlsx", "xlsm", "xltx", "xltm", "xlsb",
+                                                    "xls",  "xlt",  "ods",  "ots",  "csv"};
+
+bool holdsWorkbook(const std::string& path) {
+    return std::ranges::find(kWorkbookExtensions, toLowerAscii(extension(path))) !=
+           std::end(kWorkbookExtensions);
+}
+
+DocumentReference componentOf(const HostedDocument& hosted) {
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
+        return libreoffice::componentOf(**document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        return libreoffice::componentOf(**workbook);
+    return {};
+}
+
+void close(const HostedDocument& hosted) {
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
+        (*document)->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        (*workbook)->Close(excel::SaveChanges::No);
+}
+
+/// The office's names for a bar under Word's name; each part has its own.
+std::vector<std::string> barsOf(const std::string& name) {
+    if (name == "Standard") return {"standardbar"};
+    if (name == "Formatting") return {"textobjectbar", "formatobjectbar"};
+    return {};
+}
+
+}  // namespace
 
 LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, HostedPart,
                                  HostListener& listener)
@@ -20,56 +67,152 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Hos
       word_(makeWordApplication(session_, files)),
       excel_(makeExcelApplication(session_, files)) {
     session_->files().showIn([this] { return makeFrame(); });
+    keyboard_.emplace(static_cast<xcb_window_t>(window.id));
+    watch_.emplace(session_->process(), [this] { listener_.officeEnded(); });
 }
 
-LibreOfficeHost::~LibreOfficeHost() = default;
+LibreOfficeHost::~LibreOfficeHost() {
+    watch_.reset();
+    keyboard_.reset();
+    // A document that is asked about its end would ask the user.
+    word_.reset();
+    excel_.reset();
+}
+
+void LibreOfficeHost::checkIsAlive() const {
+    if (session_->process().isRunning()) return;
+    throw AutomationError(kNotAvailable,
+                          "LibreOffice ended unexpectedly. Changes that were not saved are lost.");
+}
 
 Reference<css::frame::XFrame> LibreOfficeHost::makeFrame() {
-    return frames_.emplace_back(session_->connection(), window_).uno();
+    const auto tell = [this](HostCommand command) { listener_.fileCommand(command); };
+    return frames_.emplace_back(session_->connection(), window_, tell).uno();
+}
+
+HostFrame* LibreOfficeHost::front() {
+    std::erase_if(frames_, [](const HostFrame& frame) { return !frame.document().is(); });
+    return frames_.empty() ? nullptr : &frames_.back();
 }
 
 void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
-    if (programIdentifier == "Excel.Template") return show(excel_->Workbooks()->Add(""));
-    if (programIdentifier.starts_with("Word.Template")) return show(word_->Documents()->Add(""));
+    if (programIdentifier == kExcelIdentifier) return closeAllBut(excel_->Workbooks()->Add({}));
+    if (std::ranges::find(kWordIdentifiers, programIdentifier) != std::end(kWordIdentifiers))
+        return closeAllBut(word_->Documents()->Add({}));
     throw AutomationError(kCommandFailed,
                           "LibreOffice knows no documents of the kind '" + programIdentifier + "'.");
 }
 
 void LibreOfficeHost::Open(const std::string& path) {
-    show(word_->Documents()->Open(path));
+    if (holdsWorkbook(path)) return closeAllBut(excel_->Workbooks()->Open(path));
+    closeAllBut(word_->Documents()->Open(path));
 }
 
-void LibreOfficeHost::show(HostedDocument document) {
-    document_ = std::move(document);
+HostedDocument LibreOfficeHost::ActiveDocument() {
+    const DocumentReference shown = call([this] {
+        HostFrame* const frame = front();
+        return frame == nullptr ? DocumentReference() : frame->document();
+    });
+    if (!shown.is()) return {};
+    const std::vector<HostedDocument> all = documents();
+    const auto found =
+        std::ranges::find(all, shown, [](const HostedDocument& document) { return componentOf(document); });
+    return found == all.end() ? HostedDocument() : *found;
+}
+
+std::vector<HostedDocument> LibreOfficeHost::documents() {
+    std::vector<HostedDocument> all;
+    for (int number = 1; number <= word_->Documents()->Count(); ++number)
+        all.emplace_back(word_->Documents()->Item(number));
+    for (int number = 1; number <= excel_->Workbooks()->Count(); ++number)
+        all.emplace_back(excel_->Workbooks()->Item(number));
+    return all;
+}
+
+void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
+    for (const HostedDocument& document : documents())
+        if (document != kept) close(document);
+}
+
+void LibreOfficeHost::beginEditing() {}
+void LibreOfficeHost::endEditing() {}
+
+bool LibreOfficeHost::placeCaret(HostPoint point) {
+    const CaretPlacement placement = call([&] {
+        HostFrame* const frame = front();
+        return frame == nullptr ? CaretPlacement::Nowhere : frame->caret().place(point);
+    });
+    if (placement == CaretPlacement::Blank) click(point);
+    return placement != CaretPlacement::Nowhere;
+}
+
+/// Waits until the office has done what a click does.
+void LibreOfficeHost::click(HostPoint point) {
+    windows_.click(windows_.innerWindow(static_cast<xcb_window_t>(window_.id)), point);
+    call([this] {
+        const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
+        Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
+    });
+}
+
+void LibreOfficeHost::setEnabled(bool enabled) {
+    keyboard_->setEnabled(enabled);
+    call([&] {
+        for (const HostFrame& frame : frames_)
+            frame.setEnabled(enabled);
+    });
 }
 
 void LibreOfficeHost::resize(int width, int height) {
     window_.width = width;
     window_.height = height;
     call([&] {
-        for (const HostFrame& frame : frames_)
+        for (HostFrame& frame : frames_)
             frame.resize(width, height);
     });
 }
 
-void LibreOfficeHost::beginEditing() {}
-void LibreOfficeHost::endEditing() {}
-bool LibreOfficeHost::placeCaret(HostPoint) {
-    return false;
+void LibreOfficeHost::focus() {
+    call([this] {
+        if (const HostFrame* const frame = front()) frame->focus();
+    });
+    const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+    if (inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
 }
-void LibreOfficeHost::setEnabled(bool) {}
-void LibreOfficeHost::focus() {}
+
 bool LibreOfficeHost::showsBookmarks() {
-    return false;
+    return call([this] {
+        const HostFrame* const frame = front();
+        return frame != nullptr && frame->showsBookmarks();
+    });
 }
-void LibreOfficeHost::setShowsBookmarks(bool) {}
-void LibreOfficeHost::setZoom(int) {}
-void LibreOfficeHost::setCommandBarVisible(const std::string&, bool) {}
-bool LibreOfficeHost::allowsDragAndDrop() {
-    return true;
+
+void LibreOfficeHost::setShowsBookmarks(bool shown) {
+    call([&] {
+        if (const HostFrame* const frame = front()) frame->setShowsBookmarks(shown);
+    });
 }
+
+void LibreOfficeHost::setZoom(int percent) {
+    call([&] {
+        if (const HostFrame* const frame = front()) frame->setZoom(percent);
+    });
+}
+
+void LibreOfficeHost::setCommandBarVisible(const std::string& name, bool visible) {
+    call([&] {
+        HostFrame* const frame = front();
+        if (frame == nullptr) return;
+        for (const std::string& bar : barsOf(name))
+            frame->setBarVisible(bar, visible);
+    });
+}
+
 std::string LibreOfficeHost::build() {
-    return {};
+    return call([this] {
+        const auto expander = css::util::theMacroExpander::get(session_->connection().context());
+        return fromUno(expander->expandMacros("${$BRAND_BASE_DIR/program/versionrc:buildid}"));
+    });
 }
 
 }  // namespace mergeloom::libreoffice

@@ -2,17 +2,23 @@
 
 #include "base/FileStore.h"
 #include "office/libreoffice/host/HostFrame.h"
+#include "office/libreoffice/host/KeyboardKeeper.h"
+#include "office/libreoffice/host/OfficeWatch.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
 
+#include <list>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace mergeloom::libreoffice {
 
-/// LibreOffice inside a window of ours, over X11.
+/// LibreOffice inside a window of ours, over X11. Each document has a frame of its own that fills the window;
+/// the one that came last covers the others.
 class LibreOfficeHost final : public DocumentHost {
   public:
     /// Starts an office of its own. Raises kNotAvailable with a sentence that says what hinders it.
@@ -21,7 +27,7 @@ class LibreOfficeHost final : public DocumentHost {
 
     void CreateNew(const std::string& programIdentifier) override;
     void Open(const std::string& path) override;
-    HostedDocument ActiveDocument() override { return document_; }
+    HostedDocument ActiveDocument() override;
     void beginEditing() override;
     void endEditing() override;
     bool placeCaret(HostPoint point) override;
@@ -32,24 +38,34 @@ class LibreOfficeHost final : public DocumentHost {
     void setShowsBookmarks(bool shown) override;
     void setZoom(int percent) override;
     void setCommandBarVisible(const std::string& name, bool visible) override;
-    bool allowsDragAndDrop() override;
+    /// LibreOffice has no switch for it.
+    bool allowsDragAndDrop() override { return true; }
     std::string build() override;
 
   private:
-    [[nodiscard]] Reference<css::frame::XFrame> makeFrame();
-    void show(HostedDocument document);
     template <typename Call>
     auto call(const Call& body) -> decltype(body()) {
+        checkIsAlive();
         return session_->connection().call(body);
     }
+    /// A frame that is gone tells only of its document's end.
+    void checkIsAlive() const;
+    [[nodiscard]] Reference<css::frame::XFrame> makeFrame();
+    /// The one that the user sees; none without a document.
+    [[nodiscard]] HostFrame* front();
+    [[nodiscard]] std::vector<HostedDocument> documents();
+    void closeAllBut(const HostedDocument& kept);
+    void click(HostPoint point);
 
     HostWindow window_;
     HostListener& listener_;
+    WindowSystem windows_;
     std::shared_ptr<LibreOfficeSession> session_;
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
-    std::vector<HostFrame> frames_;  ///< the last one is in front
-    HostedDocument document_;
+    std::list<HostFrame> frames_;  ///< the last one is in front
+    std::optional<KeyboardKeeper> keyboard_;
+    std::optional<OfficeWatch> watch_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "office/libreoffice/session/Uno.h"
+#include "office/model/DocumentHost.h"
+
+#include <com/sun/star/accessibility/XAccessibleComponent.hpp>
+#include <com/sun/star/accessibility/XAccessibleContext.hpp>
+#include <com/sun/star/awt/XWindow.hpp>
+
+namespace mergeloom::libreoffice {
+
+/// What became of the wish for a caret at a point.
+enum class CaretPlacement {
+    Placed,
+    Blank,  ///< the point is in a page where nothing stands; a click finds what is next to it
+    Nowhere
+};
+
+/// Puts the caret or the cell cursor where a point of a window is, by the objects that the office offers to
+/// aids for the blind. A click would do more: open what is under it, or begin a selection. Its members are to
+/// be called within a call of the connection.
+class CaretPlacer {
+  public:
+    explicit CaretPlacer(Reference<css::awt::XWindow> window) : window_(std::move(window)) {}
+
+    CaretPlacement place(HostPoint point);
+    /// The document's place in the window may be another from here on.
+    void forget() { document_ = {}; }
+
+  private:
+    /// An object, and the point as its own coordinates tell it.
+    struct Spot {
+        Reference<css::accessibility::XAccessibleContext> object;
+        Reference<css::accessibility::XAccessibleComponent> area;
+        css::awt::Point point;
+    };
+
+    [[nodiscard]] static Spot spotOf(const Reference<css::uno::XInterface>& object, css::awt::Point around);
+    [[nodiscard]] static bool goInto(Spot& spot);
+    [[nodiscard]] bool goToDocument(Spot& spot);
+    [[nodiscard]] bool isInKnownDocument(Spot& spot) const;
+    [[nodiscard]] static CaretPlacement placeInText(Spot spot);
+    [[nodiscard]] static CaretPlacement placeInCells(Spot spot);
+
+    Reference<css::awt::XWindow> window_;
+    Spot document_;  ///< the one found last; its point counts for nothing
+    sal_Int16 role_ = 0;
+};
+
+}  // namespace mergeloom::libreoffice

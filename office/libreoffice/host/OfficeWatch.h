@@ -1,0 +1,32 @@
+#pragma once
+
+#include "office/libreoffice/session/LibreOfficeProcess.h"
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace mergeloom::libreoffice {
+
+/// Tells once when an office ends while it is watched, though nobody calls it.
+class OfficeWatch {
+  public:
+    /// The sink is called on the watch's own thread.
+    OfficeWatch(const LibreOfficeProcess& process, std::function<void()> whenEnded);
+    OfficeWatch(const OfficeWatch&) = delete;
+    OfficeWatch& operator=(const OfficeWatch&) = delete;
+    ~OfficeWatch();
+
+  private:
+    void watch();
+
+    const LibreOfficeProcess& process_;
+    const std::function<void()> whenEnded_;
+    std::mutex mutex_;
+    std::condition_variable dismissal_;
+    bool isDismissed_ = false;
+    std::thread thread_;
+};
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,110 @@
+#include "office/libreoffice/host/WindowSystem.h"
+
+#include "base/AutomationError.h"
+
+#include <cstdlib>
+#include <string_view>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+/// More than the time within which two clicks are one double click.
+constexpr xcb_timestamp_t kBetweenClicks = 5000;
+constexpr std::uint8_t kLeftButton = 1;
+
+/// What the server answers with has to be freed.
+template <typename Reply>
+using ReplyPtr = std::unique_ptr<Reply, void (*)(void*)>;
+
+template <typename Reply>
+ReplyPtr<Reply> owned(Reply* reply) {
+    return {reply, std::free};
+}
+
+xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name) {
+    const auto cookie = xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.data());
+    const auto reply = owned(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+bool isVisible(xcb_connection_t* connection, xcb_window_t window) {
+    const auto reply = owned(
+        xcb_get_window_attributes_reply(connection, xcb_get_window_attributes(connection, window), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+}  // namespace
+
+WindowSystem::WindowSystem() : connection_(xcb_connect(nullptr, nullptr), xcb_disconnect) {
+    if (xcb_connection_has_error(get()) == 0) return;
+    throw AutomationError(kNotAvailable,
+                          "LibreOffice could not be started: there is no X server for its window.");
+}
+
+xcb_window_t WindowSystem::innerWindow(xcb_window_t host) const {
+    const auto reply = owned(xcb_query_tree_reply(get(), xcb_query_tree(get(), host), nullptr));
+    if (!reply) return XCB_WINDOW_NONE;
+    const xcb_window_t* const children = xcb_query_tree_children(reply.get());
+    for (int index = xcb_query_tree_children_length(reply.get()); index > 0; --index) {
+        if (isVisible(get(), children[index - 1])) return children[index - 1];
+    }
+    return XCB_WINDOW_NONE;
+}
+
+xcb_window_t WindowSystem::parentOf(xcb_window_t window) const {
+    const auto reply = owned(xcb_query_tree_reply(get(), xcb_query_tree(get(), window), nullptr));
+    if (!reply || reply->parent == reply->root) return XCB_WINDOW_NONE;
+    return reply->parent;
+}
+
+bool WindowSystem::hasProperty(xcb_window_t window, xcb_atom_t property) const {
+    const auto cookie = xcb_get_property(get(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    const auto reply = owned(xcb_get_property_reply(get(), cookie, nullptr));
+    return reply && reply->type != XCB_ATOM_NONE;
+}
+
+/// Window managers mark the program's own window, which they put into one of theirs.
+xcb_window_t WindowSystem::topWindow(xcb_window_t window) const {
+    const xcb_atom_t mark = atomOf(get(), "WM_STATE");
+    xcb_window_t top = window;
+    while (mark == XCB_ATOM_NONE || !hasProperty(top, mark)) {
+        const xcb_window_t parent = parentOf(top);
+        if (parent == XCB_WINDOW_NONE) return top;
+        top = parent;
+    }
+    return top;
+}
+
+bool WindowSystem::isMouseOver(xcb_window_t window) const {
+    const auto mouse = owned(xcb_query_pointer_reply(get(), xcb_query_pointer(get(), window), nullptr));
+    const auto size = owned(xcb_get_geometry_reply(get(), xcb_get_geometry(get(), window), nullptr));
+    if (!mouse || !size) return false;
+    return mouse->win_x >= 0 && mouse->win_y >= 0 && mouse->win_x < size->width &&
+           mouse->win_y < size->height;
+}
+
+void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const {
+    xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, window, time);
+    xcb_flush(get());
+}
+
+void WindowSystem::click(xcb_window_t window, HostPoint point) {
+    clicks_ += kBetweenClicks;
+    xcb_button_press_event_t event{};
+    event.response_type = XCB_BUTTON_PRESS;
+    event.detail = kLeftButton;
+    event.time = clicks_;
+    event.event = window;
+    event.event_x = static_cast<std::int16_t>(point.x);
+    event.event_y = static_cast<std::int16_t>(point.y);
+    event.same_screen = 1;
+    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_BUTTON_PRESS, reinterpret_cast<const char*>(&event));
+    event.response_type = XCB_BUTTON_RELEASE;
+    event.state = XCB_BUTTON_MASK_1;
+    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_BUTTON_RELEASE, reinterpret_cast<const char*>(&event));
+    // The server hands out in order, so an answer means that the events are on their way.
+    owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+}
+
+}  // namespace mergeloom::libreoffice
