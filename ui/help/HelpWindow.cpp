@@ -24,7 +24,7 @@ namespace mergeloom {
 namespace {
 
 constexpr int kTopicRole = Qt::UserRole;
-constexpr double kShareOfScreen = 0.6;
+constexpr double kShareOfScreen = 0.75;
 constexpr int kShareOfPages = 1;
 constexpr int kShareOfTopic = 2;
 

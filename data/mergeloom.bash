@@ -1,0 +1,48 @@
+# Completes the arguments of mergeloom(1) in bash.                                  -*- shell-script -*-
+
+_mergeloom() {
+    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
+    local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
+    local options='--places --json --convert-fields --output --office= --exit-status --version --help'
+    COMPREPLY=()
+
+    # bash takes "--office=name" apart into three words.
+    if [[ $cur == = ]]; then
+        cur=
+    elif [[ $prev == = ]]; then
+        prev=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+
+    case ${prev,,} in
+        -xmlfile | /xmlfile) _mergeloom_files 'xml' ;;
+        -template | /template | -usedocument | /usedocument | --places)
+            _mergeloom_files 'doc|docx|docm|dot|dotx|dotm|odt|rtf|xls|xlsx|xlsm|xlt|xltx|xltm|ods' ;;
+        -label | /label | --convert-fields | --output)
+            _mergeloom_files 'doc|docx|docm|dot|dotx|dotm|odt|rtf' ;;
+        --office) mapfile -t COMPREPLY < <(compgen -W 'embedded libreoffice' -- "$cur") ;;
+        -fields | /fields) ;;
+        *)
+            if [[ ${prev,,} == -hidden && $cur != -* ]]; then
+                mapfile -t COMPREPLY < <(compgen -W 'formview' -- "$cur")
+            elif [[ $cur == --* ]]; then
+                mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
+                if [[ ${COMPREPLY[0]} == *= ]]; then compopt -o nospace; fi
+            else
+                mapfile -t COMPREPLY < <(compgen -W "$switches $options" -- "$cur")
+            fi
+            ;;
+    esac
+}
+
+# Folders, and the files that have one of the extensions, in any letter case.
+_mergeloom_files() {
+    local path folders=() extension
+    compopt -o filenames
+    while IFS= read -r path; do
+        extension=${path##*.}
+        if [[ -d $path || ${extension,,} =~ ^($1)$ ]]; then folders+=("$path"); fi
+    done < <(compgen -f -- "$cur")
+    COMPREPLY=("${folders[@]}")
+}
+
+complete -F _mergeloom mergeloom

@@ -1,0 +1,139 @@
+"""Looks at what a desktop and a shell are told of the program, and at the installed tree.
+
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
+"""
+import configparser
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+from pathlib import Path
+
+PROGRAM = Path(os.environ["MERGELOOM"])
+ROOT = Path(os.environ["MERGELOOM_ROOT"])
+DATA = ROOT / "data"
+MIME = "{http://www.freedesktop.org/standards/shared-mime-info}"
+# As a word of its own, with or without a value behind it.
+ARGUMENT = re.compile(r"(?<![\w.-])--?[a-z][a-z-]+")
+
+
+def own_arguments():
+    """The switches and options that the program itself lists."""
+    text = subprocess.run([PROGRAM, "--help"], capture_output=True, text=True, check=True).stdout
+    found = set()
+    for line in text.splitlines():
+        if line.startswith("  -"):
+            found.update(ARGUMENT.findall(re.split(r"  +", line.strip())[0]))
+    return found
+
+
+def complete(*words, folder="."):
+    """What bash offers for the last word."""
+    script = ("compopt() { :; }; source " + str(DATA / "mergeloom.bash") + "; COMP_WORDS=(\"$@\"); "
+              "COMP_CWORD=$(($# - 1)); _mergeloom; printf '%s\\n' \"${COMPREPLY[@]}\"")
+    run = subprocess.run(["bash", "-c", script, "bash", "mergeloom", *words], capture_output=True, text=True,
+                         check=True, cwd=folder)
+    assert not run.stderr, run.stderr
+    return set(run.stdout.split("\n")) - {""}
+
+
+class Arguments(unittest.TestCase):
+    def test_all_places_list_the_same(self):
+        own = own_arguments()
+        self.assertGreaterEqual(len(own), 19)
+        manual = (DATA / "mergeloom.1").read_text().replace("\\-", "-")
+        page = (ROOT / "docs/help/command-line.html").read_text()
+        tables = "".join(re.findall(r"<tr><td><code>.*?</td>", page, re.DOTALL))
+        headings = "".join(re.findall(r"^\.TP\n(.*)$", manual, re.MULTILINE))
+        self.assertEqual(set(ARGUMENT.findall(headings.replace('"', " "))) - {"-designer"}, own)
+        self.assertEqual(set(ARGUMENT.findall(tables)), own)
+        self.assertEqual({word.rstrip("=") for word in complete("")}, own)
+
+
+class Completion(unittest.TestCase):
+    def test_values(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("a b.xml", "LETTER.DOTX", "old.doc", "notes.log", "list.xlsx"):
+                (Path(folder) / name).touch()
+            (Path(folder) / "sub").mkdir()
+            cases = [
+                (["-tem"], {"-template"}),
+                (["--office", ""], {"embedded", "libreoffice"}),
+                (["--office", "=", "lib"], {"libreoffice"}),
+                (["--off"], {"--office="}),
+                (["-hidden", ""], {"formview"}),
+                (["-hidden", "-ex"], {"-excel"}),
+                (["-fields", ""], set()),
+                (["-xmlfile", ""], {"a b.xml", "sub"}),
+                (["-XmlFile", "a"], {"a b.xml"}),
+                (["-template", ""], {"LETTER.DOTX", "old.doc", "list.xlsx", "sub"}),
+                (["--convert-fields", "="], {"LETTER.DOTX", "old.doc", "sub"}),
+                (["-label", "o"], {"old.doc"}),
+            ]
+            for words, expected in cases:
+                with self.subTest(words=words):
+                    self.assertEqual(complete(*words, folder=folder), expected)
+
+
+class Desktop(unittest.TestCase):
+    def test_entries_name_what_is_there(self):
+        types = {kind.get("type") for kind in ElementTree.parse(DATA / "mergeloom.xml").iter(MIME + "mime-type")}
+        entries = sorted(DATA.glob("*.desktop"))
+        self.assertEqual(len(entries), 2)
+        for path in entries:
+            entry = configparser.RawConfigParser(delimiters=["="], strict=True)
+            entry.optionxform = str
+            entry.read(path, encoding="utf-8")
+            for section in entry.sections():
+                command, *arguments = entry[section]["Exec"].split()
+                self.assertEqual(command, "mergeloom")
+                switches = {word for word in arguments if word.startswith("-")}
+                self.assertLessEqual(switches, own_arguments(), path.name)
+            main = entry["Desktop Entry"]
+            self.assertTrue((DATA / "icons" / (main["Icon"] + ".svg")).is_file())
+            self.assertLessEqual(set(main.get("MimeType", "").split(";")) - {""}, types)
+            if shutil.which("desktop-file-validate"):
+                subprocess.run(["desktop-file-validate", path], check=True)
+
+    def test_other_xml_files_keep_their_type(self):
+        globs = [glob.get("pattern") for glob in ElementTree.parse(DATA / "mergeloom.xml").iter(MIME + "glob")]
+        self.assertEqual(globs, ["*.mergeloom.xml"])
+
+
+class InstalledTree(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.prefix = Path(cls.folder.name)
+        subprocess.run(["cmake", "--install", PROGRAM.parent, "--prefix", cls.prefix], check=True,
+                       capture_output=True)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.folder.cleanup()
+
+    def test_what_belongs_to_the_program_lies_where_it_looks(self):
+        names = {path.name for path in (self.prefix / "lib/mergeloom").iterdir()}
+        for name in ("mergeloom-designer", "mergeloom-designer.chm", "mergeloom_libreoffice.so"):
+            self.assertEqual(name in names, (PROGRAM.parent / name).exists(), name)
+        manual = (self.prefix / "share/man/man1/mergeloom.1").read_text()
+        self.assertNotIn("@", manual)
+
+    def test_the_installed_program_maps_the_installed_sample(self):
+        program = self.prefix / "bin/mergeloom"
+        sample = self.prefix / "share/doc/mergeloom/examples/orders.xml"
+        if not sample.exists():
+            sample = next(self.prefix.rglob("orders.xml"))
+        template = self.prefix / "orders.dotx"
+        subprocess.run([program, "--exit-status", "-xmlfile", sample, "-template", template, "-hidden"], check=True,
+                       capture_output=True)
+        places = subprocess.run([program, "--places", template], check=True, capture_output=True, text=True).stdout
+        self.assertIn("OrderLinesLineTotal", places)
+        self.assertRegex(places, r"Letterhead +bookmark .*/", "the picture comes with the sample")
+
+
+if __name__ == "__main__":
+    unittest.main()
