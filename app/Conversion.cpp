@@ -20,13 +20,13 @@ std::string replaced(std::string text, const std::string& what, const std::strin
     return text;
 }
 
-/// Errors of the body that name the passing file name the user's instead.
+/// Errors of the body that name the passing file call it by another name, since users know none of it.
 template <typename Body>
-void namingUserFile(const PassingFile& passing, const std::string& path, const Body& body) {
+void calling(const PassingFile& passing, const std::string& name, const Body& body) {
     try {
         body();
     } catch (const AutomationError& error) {
-        throw AutomationError(error.number(), replaced(error.description(), passing.path(), path));
+        throw AutomationError(error.number(), replaced(error.description(), passing.path(), name));
     }
 }
 
@@ -37,16 +37,16 @@ void Conversion<Format>::read(const std::string& path, const Step& open) {
     const std::string refusal = refusalToRead<Format>(converter_, path);
     if (!refusal.empty()) throw AutomationError(kNotAvailable, refusal);
     const PassingFile passing(path, passingExtension(Format{}));
-    namingUserFile(passing, path, [&] {
-        converter_.convert(path, passing.path(), passingFormat(Format{}));
-        open(passing.path());
-    });
+    // What cannot be kept in it is no fault of the user's file.
+    calling(passing, path + " as " + passingExtension(Format{}),
+            [&] { converter_.convert(path, passing.path(), passingFormat(Format{})); });
+    calling(passing, path, [&] { open(passing.path()); });
 }
 
 template <typename Format>
 void Conversion<Format>::write(const std::string& path, Format format, const Step& save) {
     const PassingFile passing(path, passingExtension(format));
-    namingUserFile(passing, path, [&] {
+    calling(passing, path, [&] {
         save(passing.path());
         converter_.convert(passing.path(), path, format);
     });
