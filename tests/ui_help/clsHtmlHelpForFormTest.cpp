@@ -68,6 +68,10 @@ TEST_F(clsHtmlHelpForFormTest, F1OpensTheTopicOfTheFocus) {
         QTest::keyClick(item.focus, Qt::Key_F1);
         EXPECT_THAT(control.takeCalls(), ElementsAre(EndsWith(item.call)));
     }
+    form.list->setFocus();
+    QTest::mouseClick(form.button, Qt::LeftButton);
+    EXPECT_TRUE(form.button->hasFocus());
+    EXPECT_THAT(control.takeCalls(), ElementsAre(EndsWith("/opt/own.chm 0 topic tree.html")));
     form.setProperty(kHelpTopicProperty, QStringLiteral("window.html"));
     form.other->setFocus();
     form.button->click();

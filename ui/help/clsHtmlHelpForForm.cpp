@@ -18,6 +18,10 @@ clsHtmlHelpForForm::clsHtmlHelpForForm(QWidget& form, QAbstractButton& helpButto
     auto* const key = new QShortcut(QKeySequence(Qt::Key_F1), &form);
     connect(key, &QShortcut::activated, this, [this] { mfrm_KeyDown(Qt::Key_F1); });
     connect(&helpButton, &QAbstractButton::clicked, this, &clsHtmlHelpForForm::mcmdHelp_Click);
+    // A click gives the button the focus first; what had it before is what the user asks about.
+    connect(qApp, &QApplication::focusChanged, this, [this, &helpButton](QWidget* old, const QWidget* now) {
+        beforeButton_ = now == &helpButton ? old : nullptr;
+    });
 }
 
 void clsHtmlHelpForForm::mfrm_KeyDown(int key) {
@@ -37,7 +41,7 @@ void clsHtmlHelpForForm::openHelp() {
 }
 
 std::string clsHtmlHelpForForm::topicOfFocus() const {
-    const QWidget* at = form_.window()->focusWidget();
+    const QWidget* at = beforeButton_ ? beforeButton_.data() : form_.window()->focusWidget();
     if (at == nullptr || !form_.isAncestorOf(at)) at = &form_;
     while (at != nullptr) {
         const QString topic = at->property(kHelpTopicProperty).toString();

@@ -3,6 +3,7 @@
 #include "ui/help/clsHtmlHelp.h"
 
 #include <QObject>
+#include <QPointer>
 #include <string>
 
 class QAbstractButton;
@@ -16,7 +17,7 @@ inline constexpr const char* kHelpTopicProperty = "helpTopic";
 
 /// Attaches help to a form: its help button and F1, wherever the focus is in it, open the help about the
 /// control that has the focus, or else about what stands around that, or else the contents. When the form
-/// closes, so do its help windows.
+/// closes, so do its help windows. A click on the button asks about what had the focus before.
 class clsHtmlHelpForForm final : public QObject {
     Q_OBJECT
 
@@ -40,6 +41,7 @@ class clsHtmlHelpForForm final : public QObject {
 
     QWidget& form_;
     clsHtmlHelp help_;
+    QPointer<QWidget> beforeButton_;
 };
 
 }  // namespace mergeloom
