@@ -1,0 +1,102 @@
+#pragma once
+
+#include "app/FileFormats.h"
+#include "base/AutomationError.h"
+#include "base/FileStore.h"
+#include "office/factory/OfficeFactory.h"
+#include "office/model/DocumentHost.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/excel/Workbooks.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Documents.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// A host without a window: its documents are those of the embedded office, and what else it is asked for is
+/// kept as a list of calls.
+class FakeDocumentHost final : public DocumentHost {
+  public:
+    explicit FakeDocumentHost(FileStore& files)
+        : word_(makeWordApplication(OfficeKind::Embedded, files)),
+          excel_(makeExcelApplication(OfficeKind::Embedded, files)) {}
+
+    void CreateNew(const std::string& programIdentifier) override {
+        call("CreateNew " + programIdentifier);
+        if (unknownPrograms.count(programIdentifier) > 0)
+            throw AutomationError(kCommandFailed, "The office does not know it.");
+        if (programIdentifier.starts_with("Excel")) {
+            document_ = excel_->Workbooks()->Add("");
+        } else {
+            document_ = word_->Documents()->Add("");
+        }
+    }
+    void Open(const std::string& path) override {
+        call("Open");
+        if (hasExcelExtension(path)) {
+            document_ = excel_->Workbooks()->Open(path);
+        } else {
+            document_ = word_->Documents()->Open(path);
+        }
+    }
+    HostedDocument ActiveDocument() override {
+        failWhenEnded();
+        return document_;
+    }
+
+    void beginEditing() override { call("beginEditing"); }
+    void endEditing() override { call("endEditing"); }
+    bool placeCaret(HostPoint point) override {
+        call("placeCaret " + std::to_string(point.x) + "," + std::to_string(point.y));
+        return hasTextAtPoint;
+    }
+    void setEnabled(bool enabled) override { call(enabled ? "enable" : "disable"); }
+    void resize(int width, int height) override {
+        call("resize " + std::to_string(width) + "x" + std::to_string(height));
+    }
+    void focus() override { call("focus"); }
+    bool showsBookmarks() override { return bookmarksShown; }
+    void setShowsBookmarks(bool shown) override {
+        failWhenEnded();
+        bookmarksShown = shown;
+    }
+    void setZoom(int percent) override { call("zoom " + std::to_string(percent)); }
+    void setCommandBarVisible(const std::string& name, bool visible) override {
+        call((visible ? "show " : "hide ") + name);
+    }
+    bool allowsDragAndDrop() override { return dragAllowed; }
+    std::string build() override { return "4711"; }
+
+    /// The hosted document of either office; none when nothing is hosted.
+    [[nodiscard]] model::OfficeDocument* hosted() const {
+        if (const auto* const document = std::get_if<word::DocumentPtr>(&document_)) return document->get();
+        if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&document_)) return workbook->get();
+        return nullptr;
+    }
+    [[nodiscard]] std::string hostedName() const { return hosted() == nullptr ? "" : hosted()->FullName(); }
+
+    std::vector<std::string> calls;
+    std::set<std::string> unknownPrograms;
+    bool hasTextAtPoint = true;
+    bool bookmarksShown = false;
+    bool dragAllowed = true;
+    bool ended = false;  ///< every call fails from here on
+
+  private:
+    void failWhenEnded() const {
+        if (ended) throw AutomationError(kNotAvailable, "The office has ended.");
+    }
+    void call(std::string name) {
+        failWhenEnded();
+        calls.push_back(std::move(name));
+    }
+
+    word::ApplicationPtr word_;
+    excel::ApplicationPtr excel_;
+    HostedDocument document_;
+};
+
+}  // namespace mergeloom

@@ -1,0 +1,173 @@
+#include "ui/designer/DesignerSession.h"
+#include "ui_designer/DropScene.h"
+#include "ui_designer/TemplateScene.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <semaphore>
+#include <stdexcept>
+#include <utility>
+
+namespace mergeloom {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct NoFieldDialog final : FieldDialog {
+    void Show(FieldSelection&) override {}
+};
+
+/// A session over hosts that nobody sees. They are started by the office's thread.
+class Session : public TemplateScene {
+  protected:
+    Session() {
+        QObject::connect(&session, &DesignerSession::stateChanged, &session,
+                         [this] { states.push_back(session.state()); });
+        QObject::connect(&session, &DesignerSession::closeRequested, &session, [this] { ++closings; });
+        QObject::connect(&session, &DesignerSession::captionChanged, &session,
+                         [this](const QString& text) { shownCaption = text.toStdString(); });
+    }
+
+    void waitFor(OfficeState state) {
+        QElapsedTimer waiting;
+        waiting.start();
+        while (session.state() != state && waiting.elapsed() < 5000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        ASSERT_EQ(session.state(), state);
+        settle();
+    }
+    /// Lets the office's thread and the events from it come to their ends.
+    void settle() {
+        session.worker().run([] {});
+        QCoreApplication::processEvents();
+    }
+    std::unique_ptr<DocumentHost> startHost(HostListener& heard) {
+        ++starts;
+        begun.release();
+        if (!startFailure.empty()) throw AutomationError(kNotAvailable, startFailure);
+        if (holdsStart) goOn.acquire();
+        auto started = std::make_unique<FakeDocumentHost>(disk);
+        running = started.get();
+        listener = &heard;
+        return started;
+    }
+
+    FakeDropTree tree;
+    NoFieldDialog fieldDialog;
+    std::string startFailure;
+    bool holdsStart = false;
+    std::counting_semaphore<> begun{0};
+    std::binary_semaphore goOn{0};
+    int starts = 0;
+    FakeDocumentHost* running = nullptr;
+    HostListener* listener = nullptr;
+    std::vector<std::string> logged;
+    std::vector<OfficeState> states;
+    int closings = 0;
+    std::string shownCaption;
+    DesignerSession session{
+        HostedPart::Word,
+        {.startHost = [this](const HostWindow&, HostedPart, HostListener& heard) { return startHost(heard); },
+         .log = [this](const std::string& line) { logged.push_back(line); },
+         .messages = messages,
+         .errors = errors,
+         .fileDialog = *dialog,
+         .fieldDialog = fieldDialog,
+         .tree = tree,
+         .files = disk}};
+};
+
+TEST_F(Session, StartsInTheBackground) {
+    session.start({});
+    EXPECT_EQ(session.state(), OfficeState::Starting);
+    waitFor(OfficeState::Running);
+    EXPECT_THAT(states, ElementsAre(OfficeState::Starting, OfficeState::Opening, OfficeState::Running));
+    EXPECT_EQ(shownCaption, "New Template");
+    EXPECT_EQ(session.officeBuild(), "4711");
+    EXPECT_THAT(logged, ElementsAre(testing::MatchesRegex("Size of dsoframer.ocx: [0-9]+"),
+                                    "Word Application Build: 4711"));
+}
+
+TEST_F(Session, TellsWhyThereIsNoOffice) {
+    startFailure = "Install LibreOffice.";
+    session.start({});
+    waitFor(OfficeState::Stopped);
+    EXPECT_EQ(session.stopReason().toStdString(), "Install LibreOffice.");
+    EXPECT_THAT(errors.reports, IsEmpty());
+    startFailure.clear();
+    session.start({});
+    waitFor(OfficeState::Running);
+}
+
+TEST_F(Session, AStartCanBeGivenUp) {
+    holdsStart = true;
+    session.start({});
+    begun.acquire();
+    session.cancelStart();
+    EXPECT_EQ(session.state(), OfficeState::Stopped);
+    goOn.release();
+    settle();
+    EXPECT_EQ(session.state(), OfficeState::Stopped);
+    EXPECT_THAT(logged, IsEmpty()) << "the office that was given up is not used";
+
+    holdsStart = false;
+    session.start({});
+    waitFor(OfficeState::Running);
+    EXPECT_EQ(starts, 2);
+}
+
+TEST_F(Session, AnOfficeThatEndsIsStartedAgainWithWhatWasSaved) {
+    const std::string letter = makeTemplate("letter.docx");
+    setCommandLine({"-usedocument", letter});
+    session.start({});
+    waitFor(OfficeState::Running);
+    std::thread([this] { listener->officeEnded(); }).join();
+    waitFor(OfficeState::Stopped);
+    EXPECT_FALSE(session.insertAtCaret());
+    EXPECT_TRUE(session.unload()) << "nothing can be saved";
+
+    session.start({});
+    waitFor(OfficeState::Running);
+    EXPECT_EQ(running->hostedName(), letter);
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
+TEST_F(Session, CarriesOutWhatTheOfficesMenusAskFor) {
+    session.start({});
+    waitFor(OfficeState::Running);
+    std::thread([this] { listener->fileCommand(HostCommand::PrintPreview); }).join();
+    EXPECT_THAT(messages.messages, IsEmpty()) << "the office waits for its thread meanwhile";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(messages.takeTexts(), "PrintPreview is disabled.\n");
+    listener->fileCommand(HostCommand::Close);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(closings, 1);
+}
+
+TEST_F(Session, ACommandInsideAnotherIsPassedOver) {
+    session.start({});
+    waitFor(OfficeState::Running);
+    session.worker().run([&] {
+        listener->fileCommand(HostCommand::PrintPreview);
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    });
+    settle();
+    EXPECT_THAT(messages.messages, IsEmpty());
+}
+
+TEST_F(Session, DropsAndUnhooks) {
+    EXPECT_FALSE(session.drop({}));
+    EXPECT_EQ(tree.unhooked, 1) << "no office runs";
+    session.start({});
+    waitFor(OfficeState::Running);
+    EXPECT_TRUE(session.drop({}));
+    EXPECT_EQ(tree.unhooked, 2);
+    session.convertFields();
+    EXPECT_EQ(messages.takeTexts(), "0 fields became places, 0 were removed.\n");
+}
+
+}  // namespace
+}  // namespace mergeloom

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "doubles/RecordingErrors.h"
+#include "ui/designer/DropTree.h"
+#include "xml/CXML2TreeView.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace mergeloom {
+
+/// The structure of one form with two fields.
+inline std::shared_ptr<LoadedStructure> letterStructure() {
+    auto structure = std::make_shared<LoadedStructure>();
+    structure->document.loadXML(
+        "<Form Name=\"Letter\" CurrentView=\"1\" DefaultView=\"0\">"
+        "<Control Name=\"Customer\" Caption=\"&amp;Customer\" ControlType=\"Textbox\"/>"
+        "<Control Name=\"Order Date\" Caption=\"Order date:\" ControlType=\"Textbox\"/>"
+        "</Form>");
+    RecordingErrors errors;
+    CXML2TreeView display(structure->tree, structure->document, errors);
+    display.DisplayXMLNode(0, structure->document.documentElement(), true);
+    structure->xmlNodes = std::move(display.XMLNodes());
+    return structure;
+}
+
+/// A tree of which the first field is selected.
+class FakeDropTree final : public DropTree {
+  public:
+    bool hasLostFocus() override { return lostFocus; }
+    const TreeNode* selectedNode() override { return node; }
+    std::shared_ptr<LoadedStructure> structure() override { return shown; }
+    void unhook() override { ++unhooked; }
+
+    std::shared_ptr<LoadedStructure> shown = letterStructure();
+    const TreeNode* node = shown->tree.First()->Child();
+    bool lostFocus = true;
+    int unhooked = 0;
+};
+
+}  // namespace mergeloom

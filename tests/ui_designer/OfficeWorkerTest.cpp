@@ -1,0 +1,147 @@
+#include "base/AutomationError.h"
+#include "ui/designer/OfficeWorker.h"
+#include "ui/services/GuiThread.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <chrono>
+#include <semaphore>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace mergeloom {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+/// Lets the windows' thread work until something has come true.
+template <typename Condition>
+bool becomesTrue(const Condition& condition) {
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!condition() && waiting.elapsed() < 5000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return condition();
+}
+
+TEST(OfficeWorker, RunsJobsInTheirOrderOnOneThreadOfItsOwn) {
+    OfficeWorker worker;
+    std::vector<std::thread::id> threads;
+    std::vector<int> order;
+    const auto job = [&](int number) {
+        return [&, number] {
+            threads.push_back(std::this_thread::get_id());
+            order.push_back(number);
+        };
+    };
+    worker.post(job(1), [](const std::exception_ptr&) {});
+    worker.run(job(2));
+    worker.run(job(3));
+    EXPECT_THAT(order, ElementsAre(1, 2, 3));
+    EXPECT_THAT(threads, ElementsAre(threads[0], threads[0], threads[0]));
+    EXPECT_NE(threads[0], std::this_thread::get_id());
+}
+
+TEST(OfficeWorker, CarriesErrorsBack) {
+    OfficeWorker worker;
+    const auto failing = [] { throw AutomationError(kCommandFailed, "no"); };
+    try {
+        worker.run(failing);
+        FAIL() << "the error is lost";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), kCommandFailed);
+    }
+    std::exception_ptr told;
+    worker.post(failing, [&](const std::exception_ptr& error) { told = error; });
+    EXPECT_TRUE(becomesTrue([&] { return told != nullptr; }));
+    EXPECT_THROW(std::rethrow_exception(told), AutomationError);
+}
+
+TEST(OfficeWorker, AJobMayAskTheUserWhileItIsWaitedFor) {
+    OfficeWorker worker;
+    std::thread::id asked;
+    worker.run([&] { callOnGuiThread([&] { asked = std::this_thread::get_id(); }); });
+    EXPECT_EQ(asked, std::this_thread::get_id());
+}
+
+TEST(OfficeWorker, OnlyTheNewestCounts) {
+    OfficeWorker worker;
+    std::binary_semaphore goOn{0};
+    std::vector<int> ran;
+    const auto busy = [&] { worker.post([&] { goOn.acquire(); }, [](const std::exception_ptr&) {}); };
+    busy();
+    for (int number = 1; number <= 3; ++number)
+        worker.postNewest([&ran, number] { ran.push_back(number); });
+    goOn.release();
+    EXPECT_TRUE(becomesTrue([&] { return !ran.empty(); }));
+    EXPECT_THAT(ran, ElementsAre(3));
+
+    busy();
+    worker.postNewest([&ran] { ran.push_back(4); });
+    goOn.release();
+    worker.run([&ran] { ran.push_back(5); });
+    worker.run([] {});
+    EXPECT_THAT(ran, ElementsAre(3, 5)) << "a caret of before the drop has no place after it";
+}
+
+TEST(OfficeWorker, WindowsLiveButTakeNoInputMeanwhile) {
+    OfficeWorker worker;
+    QPushButton button;
+    button.show();
+    int clicks = 0;
+    int ticks = 0;
+    QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++clicks; });
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        ++ticks;
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QTest::keyClick(&button, Qt::Key_Space);
+    });
+    timer.start(5);
+    worker.run([] { std::this_thread::sleep_for(100ms); });
+    timer.stop();
+    EXPECT_GT(ticks, 3);
+    EXPECT_EQ(clicks, 0);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(OfficeWorker, TellsOnlyOfLongJobs) {
+    OfficeWorker worker(50ms);
+    std::vector<std::string> told;
+    QObject::connect(&worker, &OfficeWorker::busy, &worker, [&] { told.emplace_back("busy"); });
+    QObject::connect(&worker, &OfficeWorker::idle, &worker, [&] { told.emplace_back("idle"); });
+    worker.run([] {});
+    EXPECT_THAT(told, testing::IsEmpty());
+    EXPECT_FALSE(worker.isWaitedFor());
+    worker.run([&] { std::this_thread::sleep_for(150ms); });
+    EXPECT_THAT(told, ElementsAre("busy", "idle"));
+}
+
+TEST(OfficeWorker, EndsWithTheJobThatRunsAndForgetsTheOthers) {
+    int ran = 0;
+    {
+        OfficeWorker worker;
+        std::binary_semaphore begun{0};
+        const auto forget = [](const std::exception_ptr&) {};
+        worker.post(
+            [&] {
+                begun.release();
+                callOnGuiThread([&] { ++ran; });
+            },
+            forget);
+        worker.post([&] { ran += 10; }, forget);
+        begun.acquire();
+    }
+    EXPECT_EQ(ran, 1);
+}
+
+}  // namespace
+}  // namespace mergeloom

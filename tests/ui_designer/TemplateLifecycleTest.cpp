@@ -1,0 +1,319 @@
+#include "app/MergeloomErrorCodes.h"
+#include "ui_designer/TemplateScene.h"
+
+#include <gmock/gmock.h>
+
+namespace mergeloom {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using TemplateStart = TemplateScene;
+using TemplateOpening = TemplateScene;
+using TemplateSaving = TemplateScene;
+using TemplateEnd = TemplateScene;
+
+TEST_F(TemplateStart, WordsViewIsSetUp) {
+    EXPECT_TRUE(lifecycle->Start());
+    EXPECT_THAT(host().calls, ElementsAre("CreateNew Word.Template.8", "show Standard", "show Formatting",
+                                          "hide Web", "zoom 100", "focus"));
+    EXPECT_EQ(caption.text, "New Template");
+    EXPECT_TRUE(host().bookmarksShown);
+    EXPECT_THAT(messages.messages, IsEmpty());
+}
+
+TEST_F(TemplateStart, TriesTheProgramsInTheirOrder) {
+    host().unknownPrograms = {"Word.Template.8", "Word.Template"};
+    EXPECT_TRUE(lifecycle->Start());
+    EXPECT_EQ(callCount("CreateNew Word.Template.12"), 1);
+
+    host().unknownPrograms.insert("Word.Template.12");
+    makeLifecycle();
+    EXPECT_FALSE(lifecycle->Start());
+    ASSERT_EQ(messages.messages.size(), 1U);
+    EXPECT_EQ(messages.messages[0].text,
+              "Word.Template.8 and Word.Template are not registered.\r\nTry to reinstall Microsoft Word.");
+    EXPECT_EQ(messages.messages[0].icon, MessageIcon::Critical);
+}
+
+TEST_F(TemplateStart, TellsThatDraggingIsSwitchedOff) {
+    host().dragAllowed = false;
+    EXPECT_TRUE(lifecycle->Start());
+    ASSERT_EQ(messages.messages.size(), 1U);
+    EXPECT_EQ(messages.messages[0].text,
+              "For the Mergeloom to work it is necessary that in Microsoft Word \r\n"
+              "you switch on the option \"Allow text to be dragged and dropped\"");
+    EXPECT_EQ(messages.messages[0].icon, MessageIcon::Information);
+}
+
+TEST_F(TemplateStart, OpensWhatTheCommandLineNames) {
+    const std::string document = makeTemplate("letter.docx");
+    const std::string workbook = makeTemplate("budget.xltx");
+    setCommandLine({"-usedocument", document});
+    lifecycle->Start();
+    EXPECT_EQ(host().hostedName(), document);
+    EXPECT_EQ(caption.text, "letter.docx");
+
+    useExcel();
+    setCommandLine({"-excel", "-template", workbook, "-usedocument", document});
+    lifecycle->Start();
+    EXPECT_EQ(callCount("CreateNew Excel.Template"), 1);
+    EXPECT_EQ(host().hostedName(), workbook);
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
+TEST_F(TemplateStart, AnOfficeThatEndedIsNoMissingProgram) {
+    host().ended = true;
+    EXPECT_FALSE(lifecycle->Start());
+    EXPECT_THAT(messages.messages, IsEmpty());
+    EXPECT_THAT(errors.reports, ElementsAre("frmMain.Form_Load: The office has ended."));
+}
+
+TEST_F(TemplateStart, AnOfficeStartedAnewShowsWhatWasSavedLast) {
+    const std::string document = makeTemplate("letter.docx");
+    lifecycle->Start();
+    EXPECT_TRUE(lifecycle->Restart());
+    EXPECT_EQ(caption.text, "New Template");
+    lifecycle->OpenTemplate(document);
+    host().CreateNew("Word.Template.8");
+    EXPECT_TRUE(lifecycle->Restart());
+    EXPECT_EQ(host().hostedName(), document);
+}
+
+TEST_F(TemplateOpening, AsksInTheTemplatesFolder) {
+    chooseFiles({makeTemplate("letter.docx")});
+    lifecycle->SetDocumentsFolder("/documents");
+    lifecycle->SetTemplatesFolder("/templates");
+    lifecycle->Start();
+    EXPECT_TRUE(lifecycle->OpenTemplate());
+    ASSERT_EQ(dialog->questions.size(), 1U);
+    const ScriptedFileDialog::Question& question = dialog->questions[0];
+    EXPECT_EQ(question.kind, FileDialogKind::Open);
+    EXPECT_EQ(question.texts.lpstrTitle, "Open");
+    EXPECT_EQ(question.texts.lpstrInitialDir, "/templates");
+    using namespace std::string_literals;
+    EXPECT_THAT(question.texts.lpstrFilter,
+                testing::StartsWith("Word Template\0*.dotx;*.dotm\0All Files\0"s));
+    EXPECT_FALSE(lifecycle->OpenTemplate()) << "the user cancels";
+    EXPECT_EQ(caption.text, "letter.docx");
+}
+
+TEST_F(TemplateOpening, ShowsMappingErrors) {
+    lifecycle->Start();
+    const std::string missing = folder / "missing.docx";
+    EXPECT_FALSE(lifecycle->OpenTemplate(missing));
+    EXPECT_EQ(messages.messages.back().icon, MessageIcon::Exclamation);
+    EXPECT_EQ(messages.takeTexts(), "File '" + missing + "' does not exist.\n");
+
+    const std::string locked = makeTemplate("locked.docx");
+    folder.put(".~lock.locked.docx#", "");
+    EXPECT_FALSE(lifecycle->OpenTemplate(locked));
+    EXPECT_EQ(messages.takeTexts(), GetMappingErrorText(kTemplateAlreadyOpened, {locked}) + "\n");
+
+    folder.put("damaged.dotx", "no package");
+    const std::string damaged = folder / "damaged.dotx";
+    EXPECT_FALSE(lifecycle->OpenTemplate(damaged));
+    EXPECT_EQ(messages.takeTexts(), GetMappingErrorText(kTemplateFormatNotSupported, {damaged}) + "\n");
+    EXPECT_EQ(folder.bytesOf("damaged.dotx"), "no package");
+    EXPECT_EQ(caption.text, "New Template");
+    EXPECT_EQ(callCount("Open"), 0);
+}
+
+TEST_F(TemplateOpening, OtherErrorsGoToTheErrorHandler) {
+    lifecycle->Start();
+    folder.put("damaged.docx", "no package");
+    EXPECT_FALSE(lifecycle->OpenTemplate(folder / "damaged.docx"));
+    EXPECT_THAT(messages.messages, IsEmpty());
+    EXPECT_THAT(errors.reports, ElementsAre(testing::StartsWith("frmMain.OpenWordTemplate: ")));
+}
+
+TEST_F(TemplateOpening, BringsTheFormerDocumentBack) {
+    const std::string document = makeTemplate("letter.docx");
+    const std::string workbook = makeTemplate("budget.xlsx");
+    lifecycle->Start();
+    EXPECT_FALSE(lifecycle->OpenTemplate(workbook));
+    EXPECT_EQ(messages.takeTexts(), "The file selected is not Word file.\n");
+    EXPECT_EQ(callCount("CreateNew Word.Template.8"), 2);
+
+    lifecycle->OpenTemplate(document);
+    EXPECT_FALSE(lifecycle->OpenTemplate(workbook));
+    EXPECT_EQ(host().hostedName(), document);
+    EXPECT_EQ(lifecycle->TemplatePath(), document);
+
+    useExcel();
+    lifecycle->Start();
+    EXPECT_FALSE(lifecycle->OpenTemplate(document));
+    EXPECT_EQ(messages.takeTexts(),
+              "The file selected is not Word file.\nThe file selected is not Excel file.\n");
+}
+
+TEST_F(TemplateOpening, ATemplateBecomesADocument) {
+    const std::string path = makeTemplate("Letter.DOTX");
+    lifecycle->Start();
+    EXPECT_TRUE(lifecycle->OpenTemplate(path));
+    EXPECT_EQ(host().hostedName(), folder / "Letter.docx");
+    EXPECT_FALSE(disk.fileExists(path));
+    EXPECT_TRUE(disk.fileExists(path + ".bak"));
+}
+
+TEST_F(TemplateOpening, AWorkbookComesUpAtItsFirstCell) {
+    const std::string path = makeTemplate("budget.xltx");
+    useExcel();
+    lifecycle->Start();
+    host().calls.clear();
+    EXPECT_TRUE(lifecycle->OpenTemplate(path));
+    EXPECT_THAT(host().calls,
+                ElementsAre("Open", "disable", "beginEditing", "endEditing", "enable", "focus"));
+    EXPECT_TRUE(disk.fileExists(path)) << "Excel's templates are not converted";
+}
+
+TEST_F(TemplateSaving, ANewTemplateAsksForItsFile) {
+    chooseFiles({folder / "letter.dotx"});
+    lifecycle->Start();
+    change();
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same));
+    EXPECT_EQ(dialog->questions[0].texts.lpstrTitle, "Save Template As");
+    EXPECT_EQ(dialog->questions[0].texts.lpstrDefExt.substr(0, 3), "dot");
+    EXPECT_TRUE(disk.fileExists(folder / "letter.dotx"));
+    EXPECT_TRUE(host().hosted()->Saved());
+    EXPECT_EQ(caption.text, "letter.dotx");
+
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same)) << "its file is known now";
+    EXPECT_EQ(dialog->questions.size(), 1U);
+    EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked)) << "the user cancels";
+    EXPECT_EQ(dialog->questions.size(), 2U);
+}
+
+TEST_F(TemplateSaving, TheExtensionDecidesTheFormat) {
+    chooseFiles({folder / "letter.docm", folder / "letter.none"});
+    lifecycle->Start();
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Asked));
+    EXPECT_NO_THROW(startWord()->Documents()->Open(folder / "letter.docm"));
+    EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked));
+    EXPECT_THAT(errors.reports, ElementsAre("frmMain.SaveWordTemplate: The template '" + folder.path() +
+                                            "/letter.none' could not be saved: Word has no format for its "
+                                            "extension."));
+    EXPECT_EQ(lifecycle->TemplatePath(), folder / "letter.docm");
+}
+
+TEST_F(TemplateSaving, AFileThatIsOpenElsewhereStays) {
+    const std::string open = makeTemplate("open.dotx");
+    const std::string bytes = folder.bytesOf("open.dotx");
+    folder.put(".~lock.open.dotx#", "");
+    chooseFiles({open});
+    lifecycle->Start();
+    change();
+    EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked));
+    EXPECT_EQ(messages.takeTexts(),
+              "Word cannot save the template " + open + " because this file is already open elsewhere.\n");
+    EXPECT_EQ(folder.bytesOf("open.dotx"), bytes);
+    EXPECT_FALSE(host().hosted()->Saved());
+}
+
+/// What becomes of changes that were not saved, by the user's answer and the file that is chosen then.
+struct Question {
+    const char* description;
+    bool isChanged;
+    MessageAnswer answer;
+    bool choosesFile;
+    bool goes;
+    bool isSaved;
+};
+
+void PrintTo(const Question& question, std::ostream* out) {
+    *out << question.description;
+}
+
+class UnsavedChanges : public TemplateScene, public testing::WithParamInterface<Question> {
+  protected:
+    void prepare() {
+        if (GetParam().choosesFile) chooseFiles({folder / "letter.dotx"});
+        lifecycle->Start();
+        messages.answers = {GetParam().answer};
+        if (GetParam().isChanged) change();
+    }
+    void expectQuestion() {
+        EXPECT_EQ(messages.messages.size(), GetParam().isChanged ? 1U : 0U);
+        if (!GetParam().isChanged) return;
+        EXPECT_EQ(messages.messages[0].text, "Do you want to save changes to Document1");
+        EXPECT_EQ(messages.messages[0].icon, MessageIcon::Question);
+        EXPECT_EQ(messages.messages[0].buttons, MessageButtons::YesNoCancel);
+        EXPECT_EQ(disk.fileExists(folder / "letter.dotx"), GetParam().isSaved);
+    }
+};
+
+TEST_P(UnsavedChanges, BeforeANewTemplate) {
+    prepare();
+    lifecycle->Execute(HostCommand::New);
+    expectQuestion();
+    EXPECT_EQ(callCount("CreateNew Word.Template.8"), GetParam().goes ? 2 : 1);
+}
+
+TEST_P(UnsavedChanges, BeforeAnotherIsOpened) {
+    prepare();
+    lifecycle->Execute(HostCommand::Open);
+    expectQuestion();
+    const std::size_t asked = dialog->questions.size();
+    const bool askedToSave = GetParam().isChanged && GetParam().answer == MessageAnswer::Yes;
+    EXPECT_EQ(asked, (askedToSave ? 1U : 0U) + (GetParam().goes ? 1U : 0U));
+}
+
+TEST_P(UnsavedChanges, BeforeTheWindowCloses) {
+    prepare();
+    host().bookmarksShown = true;
+    EXPECT_EQ(lifecycle->Unload(), GetParam().goes);
+    expectQuestion();
+    EXPECT_EQ(host().bookmarksShown, !GetParam().goes) << "the view is what it was before the start";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers, UnsavedChanges,
+    testing::Values(Question{"saved", false, MessageAnswer::Cancel, false, true, false},
+                    Question{"yes", true, MessageAnswer::Yes, true, true, true},
+                    Question{"yes, then no file", true, MessageAnswer::Yes, false, false, false},
+                    Question{"no", true, MessageAnswer::No, false, true, false},
+                    Question{"cancel", true, MessageAnswer::Cancel, true, false, false}));
+
+TEST_F(TemplateEnd, DeletesTheStructureDocument) {
+    folder.put("structure.xml", "<Structure/>");
+    setCommandLine({"-xmlfile", folder / "structure.xml", "-deletexmlfile"});
+    lifecycle->Start();
+    change();
+    EXPECT_FALSE(lifecycle->Unload());
+    EXPECT_TRUE(disk.fileExists(folder / "structure.xml")) << "the window stays";
+    messages.answers = {MessageAnswer::No};
+    EXPECT_TRUE(lifecycle->Unload());
+    EXPECT_FALSE(disk.fileExists(folder / "structure.xml"));
+    lifecycle->Terminate();
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
+TEST_F(TemplateEnd, AnOfficeThatEndedKeepsNoWindowOpen) {
+    lifecycle->Start();
+    change();
+    host().ended = true;
+    EXPECT_TRUE(lifecycle->Unload());
+    EXPECT_THAT(errors.reports, IsEmpty());
+    EXPECT_THAT(messages.messages, IsEmpty());
+}
+
+TEST_F(TemplateEnd, CommandsThatAreDisabled) {
+    lifecycle->Start();
+    lifecycle->Execute(HostCommand::PrintPreview);
+    EXPECT_EQ(messages.messages.back().icon, MessageIcon::Exclamation);
+    EXPECT_EQ(messages.takeTexts(), "PrintPreview is disabled.\n");
+
+    setCommandLine({"-template", folder / "letter.dotx"});
+    host().calls.clear();
+    lifecycle->Execute(HostCommand::New);
+    lifecycle->Execute(HostCommand::Open);
+    EXPECT_EQ(messages.messages.back().icon, MessageIcon::Exclamation);
+    EXPECT_EQ(messages.takeTexts(),
+              "The operation is disabled in this context.\nThe operation is disabled in this context.\n");
+    EXPECT_THAT(host().calls, IsEmpty());
+    EXPECT_THAT(dialog->questions, IsEmpty());
+}
+
+}  // namespace
+}  // namespace mergeloom
