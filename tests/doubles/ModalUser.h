@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QObject>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -20,8 +21,7 @@ class ModalUser {
 
     explicit ModalUser(std::vector<Step> steps) : steps_(std::move(steps)) {
         waiting_.start();
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
-        timer_.start(kInterval);
+        lookLater();
     }
     ModalUser(const ModalUser&) = delete;
     ModalUser& operator=(const ModalUser&) = delete;
@@ -31,9 +31,19 @@ class ModalUser {
     static constexpr int kInterval = 5;
     static constexpr qint64 kPatience = 10000;
 
+    /// A new timer each time: one that runs a step, which may open the next window, does not come again
+    /// meanwhile.
+    void lookLater() {
+        QTimer::singleShot(kInterval, &context_, [this] { look(); });
+    }
+
     void look() {
+        lookLater();
         QWidget* window = QApplication::activeModalWidget();
-        if (window != nullptr && window != last_ && done_ < steps_.size()) {
+        const bool isNext = window != nullptr && window != last_ && done_ < steps_.size();
+        // A window that comes back has to be clicked first.
+        if (isNext && !window->isActiveWindow()) window->activateWindow();
+        if (isNext && window->isActiveWindow()) {
             last_ = window;
             waiting_.restart();
             return steps_[done_++](*window);
@@ -47,7 +57,7 @@ class ModalUser {
     std::size_t done_ = 0;
     QPointer<QWidget> last_;
     QElapsedTimer waiting_;
-    QTimer timer_;
+    QObject context_;
 };
 
 }  // namespace mergeloom

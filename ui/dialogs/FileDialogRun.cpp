@@ -86,6 +86,8 @@ void FileDialogRun::setUpStart() {
     if (!texts_.lpstrInitialDir.empty()) dialog_.setDirectory(textOf(texts_.lpstrInitialDir));
     const QString fileName = textOf(texts_.lpstrFile);
     if (!fileName.isEmpty()) dialog_.selectFile(fileName);
+    // A name to save gets its extension when it is chosen.
+    if (kind_ == FileDialogKind::Save) return;
     takeExtensionOfFilter();
     QObject::connect(&dialog_, &QFileDialog::filterSelected, &dialog_, [this] { takeExtensionOfFilter(); });
 }
@@ -103,14 +105,20 @@ void FileDialogRun::setUpCheckBox() {
     layout->addWidget(box, layout->rowCount(), 0, 1, layout->columnCount());
 }
 
-/// The dialog looks with it for a file that is opened, too.
+/// The dialog looks for a file with it where there is none without.
 void FileDialogRun::takeExtensionOfFilter() {
     dialog_.setDefaultSuffix(QString::fromStdString(defaultExtension()));
 }
 
+/// Where patterns are hidden, the toolkit tells the chosen entry without them.
 std::size_t FileDialogRun::filterIndex() const {
-    const qsizetype index = dialog_.nameFilters().indexOf(dialog_.selectedNameFilter());
-    return static_cast<std::size_t>(std::max<qsizetype>(index, 0));
+    const QString chosen = dialog_.selectedNameFilter();
+    const auto isChosen = [&](const FileFilter& filter) {
+        return shownFilter(filter) == chosen ||
+               QString::fromStdString(filter.description).simplified() == chosen.simplified();
+    };
+    const auto found = std::ranges::find_if(filters_, isChosen);
+    return found == filters_.end() ? 0 : static_cast<std::size_t>(found - filters_.begin());
 }
 
 FileFilter FileDialogRun::filter() const {

@@ -1,0 +1,163 @@
+#include "doubles/ModalUser.h"
+#include "ui/dialogs/frmFields.h"
+
+#include <gtest/gtest.h>
+
+#include <QListView>
+#include <QPushButton>
+#include <QtTest>
+
+namespace mergeloom {
+namespace {
+
+class NoErrors final : public ErrorHandler {
+  public:
+    void report(const ErrorReport& report) override { ADD_FAILURE() << report.description; }
+};
+
+QListView& listOf(QWidget& window) {
+    return *window.findChild<QListView*>(QStringLiteral("lstFields"));
+}
+
+QPushButton& buttonOf(QWidget& window, const char* name) {
+    return *window.findChild<QPushButton*>(QLatin1String(name));
+}
+
+/// Presses a button by its letter, which takes as long as the button is seen to go down.
+void press(QWidget& window, const char* name, Qt::Key letter) {
+    QSignalSpy clicked(&buttonOf(window, name), &QPushButton::clicked);
+    QTest::keyClick(&window, letter, Qt::AltModifier);
+    EXPECT_TRUE(clicked.count() > 0 || clicked.wait(2000)) << name;
+}
+
+/// Where the check mark of a row is.
+QPoint checkMark(const QListView& list, int row) {
+    QStyleOptionViewItem option;
+    option.initFrom(&list);
+    option.rect = list.visualRect(list.model()->index(row, 0));
+    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+    return list.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &list).center();
+}
+
+class frmFieldsTest : public testing::Test {
+  protected:
+    frmFieldsTest() {
+        for (const char* text : {"A", "B", "C", "D"})
+            fields.AddItem(text, text[0]);
+        fields.SetInsertHandler([this] {
+            inserted = shown();
+            fields.SetVisible(false);
+        });
+    }
+
+    /// A letter for each field, a small one for one that is not selected.
+    [[nodiscard]] std::string shown() const {
+        std::string text;
+        for (const FieldSelection::Item& item : fields.items())
+            text += item.selected ? item.text : std::string(1, static_cast<char>(item.text[0] + 32));
+        return text;
+    }
+    void run(const ModalUser::Step& step) {
+        const ModalUser user({step});
+        fields.SetVisible(true);
+        frmFields(nullptr, errors).Show(fields);
+        EXPECT_FALSE(fields.Visible());
+    }
+
+    NoErrors errors;
+    FieldSelection fields;
+    std::string inserted = "nothing";
+};
+
+TEST_F(frmFieldsTest, CaptionsAndTabOrder) {
+    run([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Select Fields"));
+        const std::pair<const char*, const char*> captions[] = {{"btnInsert", "&Insert"},
+                                                                {"btnUp", "&Up"},
+                                                                {"btnDown", "&Down "},
+                                                                {"btnSelect", "&Select All"},
+                                                                {"btnUnSelect", "U&nselect All"}};
+        const QWidget* control = &listOf(window);
+        EXPECT_EQ(window.focusWidget(), control) << "where the keys go first";
+        for (const auto& [name, caption] : captions) {
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(window.focusWidget()->objectName(), QLatin1String(name));
+            EXPECT_EQ(buttonOf(window, name).text(), QLatin1String(caption));
+        }
+        window.close();
+    });
+}
+
+TEST_F(frmFieldsTest, InsertsByKeys) {
+    run([](QWidget& window) {
+        QTest::keyClick(&listOf(window), Qt::Key_Space);
+        press(window, "btnDown", Qt::Key_D);
+        press(window, "btnDown", Qt::Key_D);
+        QTest::keyClick(&listOf(window), Qt::Key_Down);
+        press(window, "btnUp", Qt::Key_U);
+        QTest::keyClick(&listOf(window), Qt::Key_Return);
+    });
+    EXPECT_EQ(inserted, "BCDa");
+    EXPECT_EQ(fields.ListIndex(), 2) << "the current field goes along";
+}
+
+TEST_F(frmFieldsTest, InsertsByMouse) {
+    run([](QWidget& window) {
+        QListView& list = listOf(window);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, checkMark(list, 1));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                          list.visualRect(list.model()->index(3, 0)).center());
+        QTest::mouseClick(&buttonOf(window, "btnUp"), Qt::LeftButton);
+        QTest::mouseClick(&buttonOf(window, "btnInsert"), Qt::LeftButton);
+    });
+    EXPECT_EQ(inserted, "AbDC");
+}
+
+TEST_F(frmFieldsTest, AllAndNone) {
+    run([this](QWidget& window) {
+        press(window, "btnUnSelect", Qt::Key_N);
+        EXPECT_EQ(shown(), "abcd");
+        press(window, "btnDown", Qt::Key_D);
+        EXPECT_EQ(shown(), "abcd") << "nothing moves while no field is selected";
+        EXPECT_FALSE(listOf(window).model()->moveRow({}, 0, {}, 3)) << "nor is it dragged";
+        press(window, "btnSelect", Qt::Key_S);
+        EXPECT_EQ(shown(), "ABCD");
+        EXPECT_EQ(listOf(window).model()->index(2, 0).data(Qt::CheckStateRole), Qt::Checked);
+        window.close();
+    });
+}
+
+TEST_F(frmFieldsTest, ClosedItChoosesNothing) {
+    run([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    EXPECT_EQ(inserted, "nothing");
+}
+
+TEST_F(frmFieldsTest, RowsCanBeDragged) {
+    run([this](QWidget& window) {
+        QListView& list = listOf(window);
+        list.setCurrentIndex(list.model()->index(0, 0));
+        QAbstractItemModel& model = *list.model();
+        EXPECT_TRUE(model.moveRow({}, 0, {}, 3));
+        EXPECT_EQ(shown(), "BCAD");
+        EXPECT_EQ(list.currentIndex().row(), 2);
+        EXPECT_TRUE(model.moveRow({}, 3, {}, 0));
+        EXPECT_EQ(shown(), "DBCA");
+        EXPECT_FALSE(model.moveRow({}, 1, {}, 1)) << "onto itself";
+        EXPECT_FALSE(model.moveRow({}, 1, {}, 2)) << "behind itself";
+        EXPECT_EQ(model.index(0, 0).data(), QStringLiteral("D"));
+        EXPECT_EQ(list.currentIndex().row(), fields.ListIndex());
+        window.close();
+    });
+}
+
+TEST_F(frmFieldsTest, AnEmptyListCanBeClosed) {
+    fields = FieldSelection();
+    run([](QWidget& window) {
+        for (const char* name : {"btnUp", "btnDown", "btnSelect", "btnUnSelect"})
+            buttonOf(window, name).click();
+        window.close();
+    });
+}
+
+}  // namespace
+}  // namespace mergeloom
