@@ -25,9 +25,9 @@ namespace {
 
 using FieldConversion = DesignerActions::FieldConversion;
 
-/// The tree takes a third of the window until the user decides otherwise.
-constexpr int kTreeShare = 1;
-constexpr int kDocumentShare = 2;
+/// The tree takes a quarter of the window until the user decides otherwise, and what the window gains is the
+/// document's.
+constexpr int kTreePart = 4;
 
 FieldConversion conversionIn(HostedPart part) {
     return part == HostedPart::Word ? FieldConversion::Offered : FieldConversion::Missing;
@@ -81,8 +81,7 @@ frmMain::frmMain(HostedPart part)
 void frmMain::layOut() {
     setWindowTitle(tr("Mergeloom"));
     splitter_->setChildrenCollapsible(false);
-    splitter_->setStretchFactor(0, kTreeShare);
-    splitter_->setStretchFactor(1, kDocumentShare);
+    splitter_->setStretchFactor(splitter_->indexOf(area_), 1);
     setCentralWidget(splitter_);
     cmdHelp_->setObjectName(QStringLiteral("cmdHelp"));
     cmdHelp_->setAccessibleDescription(tr("Opens the help about what has the keyboard."));
@@ -92,7 +91,9 @@ void frmMain::layOut() {
     statusBar()->addWidget(status_, 1);
     statusBar()->addPermanentWidget(busy_);
     statusBar()->addPermanentWidget(cmdHelp_);
-    resize(sizeHint().expandedTo(screen()->availableSize() * 3 / 4));
+    const QSize room = screen()->availableSize() * 9 / 10;
+    resize(room);
+    splitter_->setSizes({room.width() / kTreePart, room.width() - room.width() / kTreePart});
     memory_.restore(*this, *splitter_);
 }
 
