@@ -92,7 +92,8 @@ TEST_F(TableFieldDrop, NeedsAPlainTable) {
         table(row(kCell + kCell)),
         table(row(kCell + kCell) + row(kCell)),
         table(row(cell("<w:vMerge w:val='restart'/>")) + row(cell("<w:vMerge/>"))),
-        table(row(cell("<w:gridSpan w:val='2'/>")) + row(cell("<w:gridSpan w:val='2'/>"))),
+        table("<w:tblGrid><w:gridCol w:w='900'/><w:gridCol w:w='900'/><w:gridCol w:w='900'/></w:tblGrid>" +
+              row(cell("<w:gridSpan w:val='2'/>") + kCell) + row(kCell + cell("<w:gridSpan w:val='2'/>"))),
     };
     for (const std::string& given : bodies) {
         open(given);

@@ -25,11 +25,17 @@ void collect(pugi::xml_node container, WordTag wanted, const WordNames& names,
     }
 }
 
-bool spans(pugi::xml_node cell, const WordNames& names) {
+bool isMerged(pugi::xml_node cell, const WordNames& names) {
     const pugi::xml_node properties = cell.child(names.element("tcPr").c_str());
     return properties.child(names.element("vMerge").c_str()) ||
-           properties.child(names.element("hMerge").c_str()) ||
-           properties.child(names.element("gridSpan").c_str());
+           properties.child(names.element("hMerge").c_str());
+}
+
+/// How many columns of the grid the cell takes.
+int columnsOf(pugi::xml_node cell, const WordNames& names) {
+    const pugi::xml_node span =
+        cell.child(names.element("tcPr").c_str()).child(names.element("gridSpan").c_str());
+    return span.attribute(names.attribute("val").c_str()).as_int(1);
 }
 
 }  // namespace
@@ -61,12 +67,15 @@ int columnCountOf(pugi::xml_node table, const WordNames& names) {
 
 bool isUniform(pugi::xml_node table, const WordNames& names) {
     const std::vector<pugi::xml_node> rows = rowsOf(table, names);
-    const std::size_t width = rows.empty() ? 0 : cellsOf(rows.front(), names).size();
-    return std::all_of(rows.begin(), rows.end(), [&](pugi::xml_node row) {
-        const std::vector<pugi::xml_node> cells = cellsOf(row, names);
-        const bool plain =
-            std::none_of(cells.begin(), cells.end(), [&](pugi::xml_node cell) { return spans(cell, names); });
-        return plain && cells.size() == width;
+    const auto columns = [&](pugi::xml_node row) {
+        std::vector<int> found;
+        for (const pugi::xml_node cell : cellsOf(row, names))
+            found.push_back(isMerged(cell, names) ? 0 : columnsOf(cell, names));
+        return found;
+    };
+    return std::ranges::all_of(rows, [&](pugi::xml_node row) {
+        const std::vector<int> found = columns(row);
+        return std::ranges::find(found, 0) == found.end() && found == columns(rows.front());
     });
 }
 

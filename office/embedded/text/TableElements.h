@@ -15,7 +15,7 @@ std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const WordNames& names);
 /// How many columns the table's grid has; for a table without a grid, its longest row's cells.
 int columnCountOf(pugi::xml_node table, const WordNames& names);
 
-/// Whether all rows have the same number of cells and no cell spans several rows or columns.
+/// Whether all rows have the same cells over the same columns of the grid, and no cell spans several rows.
 bool isUniform(pugi::xml_node table, const WordNames& names);
 
 }  // namespace mergeloom::embedded

@@ -46,6 +46,7 @@ void EmbeddedTable::appendRow() {
 }
 
 Stretch EmbeddedTable::stretch(pugi::xml_node part) const {
+    static_cast<void>(element());
     if (part == table_) return stretchOf(table_, rowMark_);
     const Item* item = place_.story->items().itemAt(stretchOf(table_, rowMark_).start);
     while (!isInside(item->node, part))

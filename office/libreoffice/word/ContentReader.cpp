@@ -1,171 +1,102 @@
 #include "office/libreoffice/word/ContentReader.h"
 
-#include "office/libreoffice/session/UnoText.h"
-#include "office/libreoffice/word/StoryNames.h"
-#include "office/libreoffice/word/TextMeasure.h"
+#include "office/libreoffice/word/StoryReader.h"
+#include "office/libreoffice/word/StoryTexts.h"
 
 #include <algorithm>
-#include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/container/XNamed.hpp>
-#include <com/sun/star/text/XTextTable.hpp>
-#include <com/sun/star/text/XTextViewCursorSupplier.hpp>
-#include <vector>
+#include <string_view>
 
 namespace mergeloom::libreoffice {
 
 namespace {
 
-std::string nameOf(const Reference<css::uno::XInterface>& object) {
-    return fromUno(Reference<css::container::XNamed>(object, UNO_QUERY_THROW)->getName());
-}
+struct Marginal {
+    const char* element;
+    const char* kind;
+    const char* property;
+};
 
-std::string cellName(const Reference<css::uno::XInterface>& cell) {
-    OUString name;
-    Reference<css::beans::XPropertySet>(cell, UNO_QUERY_THROW)->getPropertyValue("CellName") >>= name;
-    return fromUno(name);
-}
+constexpr Marginal kMarginals[] = {
+    {"style:header", "header", "HeaderText"},
+    {"style:header-left", "header", "HeaderTextLeft"},
+    {"style:header-first", "header", "HeaderTextFirst"},
+    {"style:footer", "footer", "FooterText"},
+    {"style:footer-left", "footer", "FooterTextLeft"},
+    {"style:footer-first", "footer", "FooterTextFirst"},
+};
 
-/// The object that a property of the range names, such as the table around it; none outside.
-Reference<css::uno::XInterface> around(const Reference<css::text::XTextRange>& range, const char* property) {
-    const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY);
-    Reference<css::uno::XInterface> found;
-    if (properties.is()) properties->getPropertyValue(OUString::createFromAscii(property)) >>= found;
-    return found;
-}
-
-std::vector<MappedCell> cellsOf(const Reference<css::text::XTextTable>& table) {
-    std::vector<MappedCell> cells;
-    for (const OUString& name : table->getCellNames()) {
-        const TextReference text(table->getCellByName(name), UNO_QUERY_THROW);
-        cells.push_back({fromUno(name), {stepsOf(text)}});
-    }
-    return cells;
-}
-
-Stretch wholeOf(const MappedTable& table) {
-    return {table.start, table.end()};
+/// The name that a style has for users; the one in the file cannot have blanks.
+std::string shownName(const pugi::xml_node& style) {
+    const pugi::xml_attribute shown = style.attribute("style:display-name");
+    return (shown ? shown : style.attribute("style:name")).value();
 }
 
 }  // namespace
 
-void ContentReader::readTables() {
-    if (stories_.empty()) stories_.emplace_back("body", model_.text->getText(), model_.tables);
-    for (WriterStory& story : stories_) {
+void ContentReader::read() {
+    for (WriterStory& story : stories_)
         story.map().clear();
-        story.map().setLength({stepsOf(story.text()) + 1});
+    marks_.clear();
+    const StoredContent stored = storedContentOf(session_, model_.document);
+    readStory("body", bodyText(), stored.content->root().child("office:body").child("office:text"));
+    readPages(stored.styles->root());
+}
+
+void ContentReader::readEmpty() {
+    storyOf("body", bodyText()).map().clear();
+    marks_.clear();
+}
+
+TextSource ContentReader::bodyText() const {
+    return [text = model_.text] { return text->getText(); };
+}
+
+WriterStory& ContentReader::storyOf(const std::string& name, const TextSource& source) {
+    const auto known = std::ranges::find(stories_, name, &WriterStory::name);
+    if (known == stories_.end()) return stories_.emplace_back(name, source, model_.tables);
+    known->renew(source);
+    return *known;
+}
+
+void ContentReader::readStory(const std::string& name, const TextSource& source, const pugi::xml_node& root) {
+    const OnStory onStory = [this](const pugi::xml_node& element) { readWithin(element); };
+    StoryReader(storyOf(name, source), marks_, onStory).read(root);
+}
+
+/// A note, or a drawing with the boxes in it.
+void ContentReader::readWithin(const pugi::xml_node& element) {
+    if (std::string_view(element.name()) == "text:note") return readNote(element);
+    const std::string name = element.attribute("draw:name").value();
+    if (const pugi::xml_node box = element.child("draw:text-box")) return readBox(name, box);
+    // A shape's own text stands in it without a box.
+    if (element.child("text:p") || element.child("text:list")) return readBox(name, element);
+    for (const pugi::xml_node child : element.children()) {
+        if (std::string_view(child.name()).starts_with("draw:")) readWithin(child);
     }
-    std::vector<std::string> names;
-    for (const OUString& name : model_.tables->getTextTables()->getElementNames())
-        names.push_back(fromUno(name));
-    // A table is placed once those around it are.
-    for (std::size_t before = names.size() + 1; names.size() < before;) {
-        before = names.size();
-        std::erase_if(names, [this](const std::string& name) { return placeTable(name); });
-    }
 }
 
-bool ContentReader::placeTable(const std::string& name) {
-    const Reference<css::text::XTextTable> table(model_.tables->getTextTables()->getByName(toUno(name)),
-                                                 UNO_QUERY_THROW);
-    const auto found = std::make_shared<MappedTable>();
-    found->name = name;
-    found->rows = rowsOfCells(cellsOf(table));
-    const RangeReference behind = placeBehind(table);
-    const FoundText parent = behind.is() ? textOf(behind) : FoundText{};
-    if (!parent.story) return false;
-    // A table takes no step of a cursor, so what stands behind it says where it stands.
-    const std::int64_t steps = stepsBefore(parent.story->textOf(parent.key), behind);
-    StoryMap& map = parent.story->map();
-    found->start = map.positionOf({parent.key, steps});
-    map.insertTable(found);
-    return true;
-}
-
-/// The view's cursor is the one that leaves a table. Behind the last cell there may be more that others
-/// cover.
-RangeReference ContentReader::placeBehind(const Reference<css::text::XTextTable>& table) {
-    const Reference<css::text::XTextViewCursorSupplier> view(model_.model->getCurrentController(),
-                                                             UNO_QUERY_THROW);
-    const auto cursor = view->getViewCursor();
-    const css::uno::Sequence<OUString> names = table->getCellNames();
-    const TextReference last(table->getCellByName(names[names.getLength() - 1]), UNO_QUERY_THROW);
-    cursor->gotoRange(last->getEnd(), false);
-    while (cursor->goRight(1, false)) {
-        const RangeReference place = cursor->getStart();
-        const Reference<css::uno::XInterface> found = around(place, "TextTable");
-        if (!found.is() || nameOf(found) != nameOf(table)) return place;
-    }
-    return {};
-}
-
-void ContentReader::readMarks(MarkTable& marks) {
-    marks.clear();
-    for (const OUString& name : model_.bookmarks->getBookmarks()->getElementNames())
-        readMark(marks, fromUno(name));
-}
-
-void ContentReader::readMark(MarkTable& marks, const std::string& name) {
-    const Reference<css::text::XTextContent> content(model_.bookmarks->getBookmarks()->getByName(toUno(name)),
-                                                     UNO_QUERY_THROW);
-    const Reference<css::text::XTextRange> anchor = content->getAnchor();
-    const StoryPosition start = positionOf(anchor->getStart());
-    const StoryPosition end = positionOf(anchor->getEnd());
-    if (!start.story || start.story != end.story) return;
-    const auto mark = std::make_shared<MarkRecord>();
-    mark->name = name;
-    mark->story = start.story;
-    mark->inWriter = {start.position, end.position};
-    mark->place = *mark->inWriter;
-    StoryMap& map = start.story->map();
-    // Over a whole table Writer has a bookmark from its first cell to the end of its last.
-    const TablePtr table = map.tableAt(start.position);
-    if (table && map.inWriter(wholeOf(*table)) == mark->place &&
-        table->rows.size() * table->rows[0].size() > 1) {
-        mark->place = wholeOf(*table);
-    }
-    map.addMark(mark);
-    marks.list(mark);
-}
-
-StoryPosition ContentReader::positionOf(const Reference<css::text::XTextRange>& range) {
-    const FoundText found = textOf(range);
-    if (!found.story) return {};
-    const std::int64_t steps = stepsBefore(found.story->textOf(found.key), range);
-    if (steps < 0) return {};
-    return {found.story, found.story->map().positionOf({found.key, steps})};
-}
-
-FoundText ContentReader::textOf(const Reference<css::text::XTextRange>& range) {
-    if (const Reference<css::uno::XInterface> table = around(range, "TextTable"); table.is()) {
-        return cellOf(nameOf(table), cellName(around(range, "Cell")));
-    }
-    const TextReference text = range->getText();
-    if (!text.is()) return {};
-    // A bookmark that begins in a table names the cell's text for its end behind the table, too.
-    const Reference<css::beans::XPropertySet> properties(text, UNO_QUERY);
-    const bool isCell = properties.is() && properties->getPropertySetInfo()->hasPropertyByName("CellName");
-    return {isCell ? &stories_.front() : &storyOf(text), {}};
-}
-
-FoundText ContentReader::cellOf(const std::string& table, const std::string& cell) {
-    for (WriterStory& story : stories_) {
-        const TablePtr found = story.map().tableNamed(table);
-        if (!found) continue;
-        for (std::size_t row = 0; row < found->rows.size(); ++row) {
-            const auto place = std::ranges::find(found->rows[row], cell, &MappedCell::name);
-            if (place == found->rows[row].end()) continue;
-            return {&story, {found, {row, static_cast<std::size_t>(place - found->rows[row].begin())}}};
+void ContentReader::readPages(const pugi::xml_node& styles) {
+    for (const pugi::xml_node page : styles.child("office:master-styles").children("style:master-page")) {
+        for (const Marginal& marginal : kMarginals) {
+            const pugi::xml_node root = page.child(marginal.element);
+            if (!root) continue;
+            const std::string number = std::to_string(++counts_[marginal.kind]);
+            readStory(marginal.kind + (" " + number), pageText(model_, shownName(page), marginal.property),
+                      root);
         }
     }
-    return {};
 }
 
-WriterStory& ContentReader::storyOf(const TextReference& text) {
-    const auto found = std::ranges::find(stories_, text, &WriterStory::text);
-    if (found != stories_.end()) return *found;
-    WriterStory& story = stories_.emplace_back(storyNameOf(model_, text), text, model_.tables);
-    story.map().setLength({stepsOf(text) + 1});
-    return story;
+void ContentReader::readNote(const pugi::xml_node& note) {
+    const bool isFootnote = std::string_view(note.attribute("text:note-class").value()) == "footnote";
+    const std::string kind = isFootnote ? "footnote" : "endnote";
+    const int number = counts_[kind]++;
+    const TextSource source = isFootnote ? footnoteText(model_, number) : endnoteText(model_, number);
+    readStory(kind + " " + std::to_string(number + 1), source, note.child("text:note-body"));
+}
+
+void ContentReader::readBox(const std::string& drawing, const pugi::xml_node& root) {
+    readStory("text box " + std::to_string(++counts_["text box"]), boxText(model_, drawing), root);
 }
 
 }  // namespace mergeloom::libreoffice

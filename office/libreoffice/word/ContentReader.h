@@ -1,48 +1,43 @@
 #pragma once
 
+#include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/word/MarkTable.h"
+#include "office/libreoffice/word/StoredContent.h"
 #include "office/libreoffice/word/WriterModel.h"
 #include "office/libreoffice/word/WriterStory.h"
 
 #include <deque>
+#include <map>
 #include <string>
 
 namespace mergeloom::libreoffice {
 
-/// A place in a story, as found for a range of Writer's.
-struct StoryPosition {
-    WriterStory* story = nullptr;
-    CharacterPosition position;
-};
-
-/// One of Writer's texts, and the story that it belongs to.
-struct FoundText {
-    WriterStory* story = nullptr;
-    TextKey key;
-};
-
-/// Finds out what a document of Writer's holds: its stories with their tables, and its bookmarks.
+/// Finds out what a document of Writer's holds: its stories with their tables, bookmarks and objects.
 class ContentReader {
   public:
-    ContentReader(const WriterModel& model, std::deque<WriterStory>& stories)
-        : model_(model), stories_(stories) {}
+    /// Stories that are known already keep their places in the list.
+    ContentReader(LibreOfficeSession& session, const WriterModel& model, std::deque<WriterStory>& stories,
+                  MarkTable& marks)
+        : session_(session), model_(model), stories_(stories), marks_(marks) {}
 
-    /// Reads the body and all tables; other stories follow when something is found in them.
-    void readTables();
-    void readMarks(MarkTable& marks);
-    /// Where the range starts.
-    StoryPosition positionOf(const Reference<css::text::XTextRange>& range);
+    void read();
+    /// The same for a document of one empty paragraph, without asking.
+    void readEmpty();
 
   private:
-    bool placeTable(const std::string& name);
-    [[nodiscard]] RangeReference placeBehind(const Reference<css::text::XTextTable>& table);
-    void readMark(MarkTable& marks, const std::string& name);
-    FoundText textOf(const Reference<css::text::XTextRange>& range);
-    FoundText cellOf(const std::string& table, const std::string& cell);
-    WriterStory& storyOf(const TextReference& text);
+    [[nodiscard]] TextSource bodyText() const;
+    WriterStory& storyOf(const std::string& name, const TextSource& source);
+    void readStory(const std::string& name, const TextSource& source, const pugi::xml_node& root);
+    void readWithin(const pugi::xml_node& element);
+    void readPages(const pugi::xml_node& styles);
+    void readNote(const pugi::xml_node& note);
+    void readBox(const std::string& drawing, const pugi::xml_node& root);
 
+    LibreOfficeSession& session_;
     const WriterModel& model_;
     std::deque<WriterStory>& stories_;
+    MarkTable& marks_;
+    std::map<std::string, int> counts_;  ///< of the stories of each kind
 };
 
 }  // namespace mergeloom::libreoffice

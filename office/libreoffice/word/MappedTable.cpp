@@ -16,6 +16,10 @@ CharacterCount lengthOf(const MappedRow& row) {
     return length;
 }
 
+bool takesLike(const MappedCell& one, const MappedCell& other) {
+    return one.columns == other.columns && one.rows == other.rows;
+}
+
 /// The number of the row that a cell's name says, from 1.
 int rowOf(const std::string& cellName) {
     const std::size_t digits = cellName.find_first_of("0123456789");
@@ -42,6 +46,13 @@ CharacterPosition MappedTable::startOf(CellPlace cell) const {
 
 CharacterPosition MappedTable::endOf(CellPlace cell) const {
     return startOf(cell) + at(cell).length;
+}
+
+bool MappedTable::isUniform() const {
+    return std::ranges::all_of(rows, [&](const MappedRow& row) {
+        const bool isPlain = std::ranges::all_of(row, [](const MappedCell& cell) { return cell.rows == 1; });
+        return isPlain && std::ranges::equal(row, rows.front(), takesLike);
+    });
 }
 
 CellPlace MappedTable::cellAt(CharacterPosition position) const {

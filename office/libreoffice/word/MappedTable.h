@@ -12,6 +12,8 @@ namespace mergeloom::libreoffice {
 struct MappedCell {
     std::string name;
     CharacterCount length;
+    int columns = 1;  ///< how many of the table's columns it takes
+    int rows = 1;     ///< how many rows it takes; 0 below one that takes several
 };
 
 using MappedRow = std::vector<MappedCell>;
@@ -38,6 +40,9 @@ struct MappedTable {
     [[nodiscard]] CellPlace lastCell() const { return {rows.size() - 1, rows.back().size() - 1}; }
     [[nodiscard]] MappedCell& at(CellPlace cell) { return rows[cell.row][cell.column]; }
     [[nodiscard]] const MappedCell& at(CellPlace cell) const { return rows[cell.row][cell.column]; }
+
+    /// Whether all rows have the same cells and none takes several rows.
+    [[nodiscard]] bool isUniform() const;
 
     [[nodiscard]] bool holds(CharacterPosition position) const {
         return start <= position && position < end();

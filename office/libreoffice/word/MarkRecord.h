@@ -25,7 +25,8 @@ struct MarkRecord {
     WriterStory* story = nullptr;
     Stretch place;
     std::optional<Stretch> inWriter;
-    bool listed = true;  ///< false once the bookmark is deleted
+    bool isWritten = true;  ///< false until Writer is told of it for the first time
+    bool listed = true;     ///< false once the bookmark is deleted
 
     /// Word keeps bookmarks of such names out of its collections, though they are found by name.
     [[nodiscard]] bool isHidden() const { return name.starts_with('_'); }

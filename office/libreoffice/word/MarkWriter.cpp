@@ -8,20 +8,45 @@
 
 namespace mergeloom::libreoffice {
 
-void MarkWriter::put(const WriterModel& model, MarkRecord& mark) {
-    WriterStory& story = *mark.story;
-    const Stretch stretch = story.map().inWriter(mark.place);
-    const TextPlace from = story.map().placeOf(stretch.start);
-    const TextPlace to = story.map().placeOf(stretch.end);
-    const bool isOverCells = from.text != to.text;
-    if (isOverCells && (!from.text.table || from.text.table != to.text.table)) {
-        throw AutomationError(kCommandFailed,
-                              "LibreOffice cannot mark a text that goes from outside a table into it.");
+namespace {
+
+/// Where a bookmark goes in Writer.
+struct MarkPlace {
+    Stretch stretch;
+    TextPlace from;
+    TextPlace to;
+
+    [[nodiscard]] bool isPossible() const {
+        return from.text == to.text || (from.text.table && from.text.table == to.text.table);
     }
+};
+
+MarkPlace placeOf(const MarkRecord& mark) {
+    const StoryMap& map = mark.story->map();
+    const Stretch stretch = map.inWriter(mark.place);
+    return {stretch, map.placeOf(stretch.start), map.placeOf(stretch.end)};
+}
+
+}  // namespace
+
+bool MarkWriter::canPut(const MarkRecord& mark) {
+    return placeOf(mark).isPossible();
+}
+
+void MarkWriter::check(const MarkRecord& mark) {
+    if (canPut(mark)) return;
+    throw AutomationError(kCommandFailed,
+                          "LibreOffice cannot mark a text that goes from outside a table into it.");
+}
+
+void MarkWriter::put(const WriterModel& model, MarkRecord& mark) {
+    check(mark);
+    WriterStory& story = *mark.story;
+    const auto [stretch, from, to] = placeOf(mark);
     const Reference<css::uno::XInterface> made = model.factory->createInstance("com.sun.star.text.Bookmark");
     const Reference<css::text::XTextContent> bookmark(made, UNO_QUERY_THROW);
     Reference<css::container::XNamed>(made, UNO_QUERY_THROW)->setName(toUno(mark.name));
-    if (isOverCells) {
+    if (from.text != to.text) {
         putOverCells(story, from, to, bookmark);
     } else {
         const TextReference& text = story.textOf(from.text);
@@ -31,6 +56,7 @@ void MarkWriter::put(const WriterModel& model, MarkRecord& mark) {
         text->insertTextContent(rangeOf(cursor), bookmark, true);
     }
     mark.inWriter = stretch;
+    mark.isWritten = true;
 }
 
 /// A cursor may go from one cell of a table to another, and the last one's text takes it.
@@ -45,6 +71,7 @@ void MarkWriter::putOverCells(WriterStory& story, const TextPlace& from, const T
 }
 
 void MarkWriter::take(const WriterModel& model, const MarkRecord& mark) try {
+    if (!mark.isWritten) return;
     const Reference<css::text::XTextContent> bookmark(
         model.bookmarks->getBookmarks()->getByName(toUno(mark.name)), UNO_QUERY_THROW);
     bookmark->dispose();

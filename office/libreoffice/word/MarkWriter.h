@@ -11,7 +11,11 @@ class MarkWriter {
   public:
     explicit MarkWriter(Needle& needle) : needle_(needle) {}
 
-    /// Raises kCommandFailed for a stretch that begins and ends in different texts but is none of cells.
+    /// Writer has no bookmarks that begin and end in different texts, but for those over cells of a table.
+    [[nodiscard]] static bool canPut(const MarkRecord& mark);
+    /// Raises kCommandFailed for a bookmark that Writer cannot have.
+    static void check(const MarkRecord& mark);
+    /// Raises what check does.
     void put(const WriterModel& model, MarkRecord& mark);
     /// Does nothing where Writer has dropped it already.
     static void take(const WriterModel& model, const MarkRecord& mark);

@@ -21,8 +21,10 @@ inline RangeReference rangeOf(const CursorReference& cursor) {
 /// One of Writer's texts for a cursor to go through, with the places right behind the tables in it, by their
 /// steps: a cursor that is sent over a table stops there and says nothing.
 struct NeedleText {
-    const TextReference& text;
+    TextReference text;
     std::vector<std::int64_t> behindTables;
+    /// Whether a cursor that is sent to the text's start would land in a table that stands there.
+    bool beginsWithTable = false;
 };
 
 /// One cursor that goes through a document's texts and remembers where it is, so that the next place, which
@@ -41,7 +43,8 @@ class Needle {
     void forget() { cursor_.clear(); }
 
   private:
-    void enter(const TextReference& text);
+    void enter(const NeedleText& text);
+    void goToStart(const NeedleText& text);
     void collapse();
     void go(const NeedleText& text, std::int64_t steps, bool expand);
     void move(std::int64_t by, bool expand);

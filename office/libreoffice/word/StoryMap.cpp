@@ -1,6 +1,7 @@
 #include "office/libreoffice/word/StoryMap.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace mergeloom::libreoffice {
 
@@ -34,6 +35,8 @@ struct StoryMap::State {
     CharacterCount length;
     std::vector<std::pair<TablePtr, MappedTable>> tables;
     std::vector<std::pair<MarkPtr, MarkRecord>> marks;
+    std::vector<std::pair<ObjectPtr, TextObject>> objects;
+    std::vector<CharacterPosition> pairs;
 };
 
 std::shared_ptr<const StoryMap::State> StoryMap::state() const {
@@ -43,6 +46,9 @@ std::shared_ptr<const StoryMap::State> StoryMap::state() const {
         state->tables.emplace_back(table, *table);
     for (const MarkPtr& mark : marks_)
         state->marks.emplace_back(mark, *mark);
+    for (const ObjectPtr& object : objects_)
+        state->objects.emplace_back(object, *object);
+    state->pairs = pairs_;
     return state;
 }
 
@@ -51,8 +57,12 @@ void StoryMap::clear() {
         table->placed = false;
     for (const MarkPtr& mark : marks_)
         mark->listed = false;
+    for (const ObjectPtr& object : objects_)
+        object->placed = false;
     tables_.clear();
     marks_.clear();
+    objects_.clear();
+    pairs_.clear();
 }
 
 void StoryMap::restore(const State& state) {
@@ -66,6 +76,11 @@ void StoryMap::restore(const State& state) {
         *mark = former;
         marks_.push_back(mark);
     }
+    for (const auto& [object, former] : state.objects) {
+        *object = former;
+        objects_.push_back(object);
+    }
+    pairs_ = state.pairs;
     const CharacterPosition last{length_.value};
     moveStretches([&](CharacterPosition place) { return std::min(place, last); });
 }
@@ -119,26 +134,50 @@ TextPlace StoryMap::placeOf(CharacterPosition position) const {
         text.cell = text.table->cellAt(position);
         position = std::min(position, text.table->endOf(text.cell));
     }
-    std::int64_t steps = (position - startOf(text)).value;
+    CharacterPosition from = startOf(text);
+    std::int64_t steps = 0;
     for (const TablePtr& table : tablesIn(text)) {
-        if (table->end() <= position) steps -= sizeOf(*table).value;
+        if (table->end() > position) break;
+        steps += stepsOver({from, table->start});
+        from = table->end();
     }
-    return {text, steps};
-}
-
-CharacterPosition StoryMap::positionOf(const TextPlace& place) const {
-    CharacterPosition position = startOf(place.text) + CharacterCount{place.steps};
-    for (const TablePtr& table : tablesIn(place.text)) {
-        if (table->start <= position) position = position + sizeOf(*table);
-    }
-    return position;
+    return {text, steps + stepsOver({from, position})};
 }
 
 std::vector<std::int64_t> StoryMap::stepsBehindTables(const TextKey& text) const {
-    std::vector<std::int64_t> steps;
-    for (const TablePtr& table : tablesIn(text))
-        steps.push_back(placeOf(table->end()).steps);
-    return steps;
+    std::vector<std::int64_t> found;
+    CharacterPosition from = startOf(text);
+    std::int64_t steps = 0;
+    for (const TablePtr& table : tablesIn(text)) {
+        steps += stepsOver({from, table->start});
+        from = table->end();
+        found.push_back(steps);
+    }
+    return found;
+}
+
+std::int64_t StoryMap::stepsOver(Stretch stretch) const {
+    const auto first = std::ranges::lower_bound(pairs_, stretch.start);
+    const auto last = std::ranges::lower_bound(first, pairs_.end(), stretch.end);
+    return (stretch.end - stretch.start).value - std::distance(first, last);
+}
+
+void StoryMap::addPair(CharacterPosition position) {
+    pairs_.insert(std::ranges::lower_bound(pairs_, position), position);
+}
+
+std::vector<ObjectPtr> StoryMap::objectsIn(Stretch stretch, ObjectKind kind) const {
+    std::vector<ObjectPtr> found;
+    std::ranges::copy_if(objects_, std::back_inserter(found), [&](const ObjectPtr& object) {
+        const CharacterPosition start = object->place.start;
+        return object->kind == kind && stretch.start <= start && start < stretch.end;
+    });
+    std::ranges::sort(found, [](const ObjectPtr& one, const ObjectPtr& other) {
+        const Stretch a = one->place;
+        const Stretch b = other->place;
+        return a.start == b.start ? a.end > b.end : a.start < b.start;
+    });
+    return found;
 }
 
 std::vector<MarkPtr> StoryMap::marksIn(Stretch stretch) const {
@@ -179,6 +218,36 @@ void StoryMap::moveStretches(const auto& moved) {
     }
 }
 
+/// What goes in where an object begins stands before it; the place of a floating one stays.
+void StoryMap::insertAmongObjects(CharacterPosition position, CharacterCount count) {
+    for (const ObjectPtr& object : objects_) {
+        Stretch& place = object->place;
+        const bool moves = place.start == place.end ? place.start > position : place.start >= position;
+        if (moves) place.start = place.start + count;
+        if (moves || place.end > position) place.end = place.end + count;
+    }
+}
+
+void StoryMap::removeFromObjects(Stretch stretch) {
+    const auto moved = [&](CharacterPosition place) {
+        if (place <= stretch.start) return place;
+        return place < stretch.end ? stretch.start : place - (stretch.end - stretch.start);
+    };
+    for (const ObjectPtr& object : objects_) {
+        const Stretch before = object->place;
+        object->place = {moved(before.start), moved(before.end)};
+        const bool isFloating = before.start == before.end;
+        object->placed = isFloating ? before.start <= stretch.start || stretch.end <= before.start
+                                    : object->place.start != object->place.end;
+    }
+    std::erase_if(objects_, [](const ObjectPtr& object) { return !object->placed; });
+}
+
+void StoryMap::insertAmongPairs(CharacterPosition position, CharacterCount count) {
+    for (auto pair = std::ranges::lower_bound(pairs_, position); pair != pairs_.end(); ++pair)
+        *pair = *pair + count;
+}
+
 void StoryMap::insertText(CharacterPosition position, CharacterCount count) {
     for (const TablePtr& table : tables_) {
         if (table->holds(position)) {
@@ -194,6 +263,8 @@ void StoryMap::insertText(CharacterPosition position, CharacterCount count) {
         insertInWriter(*mark, position, count);
     }
     moveStretches(moved);
+    insertAmongObjects(position, count);
+    insertAmongPairs(position, count);
     length_ = length_ + count;
 }
 
@@ -219,6 +290,10 @@ void StoryMap::removeText(Stretch stretch) {
         if (mark->inWriter) mark->inWriter = {moved(mark->inWriter->start), moved(mark->inWriter->end)};
     }
     moveStretches(moved);
+    removeFromObjects(stretch);
+    std::erase_if(pairs_,
+                  [&](CharacterPosition pair) { return stretch.start <= pair && pair < stretch.end; });
+    insertAmongPairs(stretch.end, {-count.value});
     length_ = length_ - count;
 }
 
@@ -243,6 +318,8 @@ void StoryMap::insertTable(const TablePtr& table) {
         if (mark->inWriter) mark->inWriter = {moved(mark->inWriter->start), moved(mark->inWriter->end)};
     }
     moveStretches([&](CharacterPosition place) { return place <= position ? place : place + size; });
+    insertAmongObjects(position, size);
+    insertAmongPairs(position, size);
     length_ = length_ + size;
     addTable(table);
 }
@@ -266,6 +343,8 @@ void StoryMap::appendRow(MappedTable& table, MappedRow row) {
         if (mark->inWriter) mark->inWriter = {moved(mark->inWriter->start), moved(mark->inWriter->end)};
     }
     moveStretches(moved);
+    insertAmongObjects(end, size);
+    insertAmongPairs(end, size);
     length_ = length_ + size;
 }
 

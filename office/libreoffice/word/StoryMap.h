@@ -3,6 +3,7 @@
 #include "office/libreoffice/word/LiveStretch.h"
 #include "office/libreoffice/word/MappedTable.h"
 #include "office/libreoffice/word/MarkRecord.h"
+#include "office/libreoffice/word/TextObject.h"
 
 #include <cstdint>
 #include <memory>
@@ -26,18 +27,22 @@ struct TextPlace {
     std::int64_t steps = 0;
 };
 
-/// What is known of a story's positions without asking Writer: its tables, bookmarks and live stretches, and
-/// how edits move them. Word counts the positions of a story through all its tables; for Writer each cell is
-/// a text of its own, and a table takes no step of a cursor.
+/// What is known of a story's positions without asking Writer: its tables, bookmarks, objects and live
+/// stretches, and how edits move them. Word counts the positions of a story through all its tables, and in
+/// UTF-16 code units; for Writer each cell is a text of its own, a table takes no step of a cursor, and a
+/// character is one step however many units it has.
 class StoryMap {
   public:
     [[nodiscard]] CharacterCount length() const { return length_; }
     void setLength(CharacterCount length) { length_ = length; }
 
     [[nodiscard]] TextPlace placeOf(CharacterPosition position) const;
-    [[nodiscard]] CharacterPosition positionOf(const TextPlace& place) const;
     /// The places right behind the tables that stand in the text itself, in order.
     [[nodiscard]] std::vector<std::int64_t> stepsBehindTables(const TextKey& text) const;
+    /// How many steps a stretch takes that holds no table.
+    [[nodiscard]] std::int64_t stepsOver(Stretch stretch) const;
+    /// Says that the character that begins there has two units.
+    void addPair(CharacterPosition position);
     /// In place order, an outer table before those inside it.
     [[nodiscard]] const std::vector<TablePtr>& tables() const { return tables_; }
     /// The innermost table that holds the position, or none.
@@ -59,6 +64,10 @@ class StoryMap {
     /// The stretch as Writer can mark it: without the marks of cells and rows at its end.
     [[nodiscard]] Stretch inWriter(Stretch stretch) const;
 
+    void addObject(const ObjectPtr& object) { objects_.push_back(object); }
+    /// The objects of a kind that begin in the stretch, in place order, an outer one before those inside it.
+    [[nodiscard]] std::vector<ObjectPtr> objectsIn(Stretch stretch, ObjectKind kind) const;
+
     void watch(const std::shared_ptr<LiveStretch>& stretch) { stretches_.push_back(stretch); }
 
     /// The changes that were made in Writer. Text stays within one of its texts.
@@ -72,17 +81,22 @@ class StoryMap {
     struct State;
     [[nodiscard]] std::shared_ptr<const State> state() const;
     void restore(const State& state);
-    /// Forgets tables and bookmarks, which are gone then.
+    /// Forgets all but the live stretches; what it held is gone then.
     void clear();
 
   private:
     void moveStretches(const auto& moved);
+    void insertAmongObjects(CharacterPosition position, CharacterCount count);
+    void removeFromObjects(Stretch stretch);
+    void insertAmongPairs(CharacterPosition position, CharacterCount count);
     [[nodiscard]] CharacterPosition startOf(const TextKey& text) const;
     [[nodiscard]] std::vector<TablePtr> tablesIn(const TextKey& text) const;
 
     CharacterCount length_{1};
     std::vector<TablePtr> tables_;
     std::vector<MarkPtr> marks_;
+    std::vector<ObjectPtr> objects_;
+    std::vector<CharacterPosition> pairs_;  ///< in order
     std::vector<std::weak_ptr<LiveStretch>> stretches_;
 };
 

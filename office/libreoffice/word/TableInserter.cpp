@@ -61,6 +61,7 @@ TablePtr TableInserter::insert(WriterStory& story, CharacterPosition position, i
 }
 
 void TableInserter::appendRow(WriterStory& story, MappedTable& table) {
+    content_.flush();
     const Reference<css::text::XTextTable> writerTable = story.writerTable(table);
     const auto rows = writerTable->getRows();
     rows->insertByIndex(rows->getCount(), 1);

@@ -18,16 +18,19 @@ namespace {
 
 constexpr CharacterCount kOne{1};
 
-/// Where the plain text that a text begins with ends; tabs are plain for Writer.
-std::size_t plainLength(std::string_view text) {
-    std::size_t length = 0;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) >= ' ' || text[length] == '\t'))
-        ++length;
-    return length;
-}
-
-bool isBreak(char character) {
-    return character == '\r' || character == '\n' || character == '\v' || character == '\f';
+/// The text with breaks as Writer takes them, CR for a paragraph's end and LF for a line's, and without the
+/// other control characters, which no document holds.
+std::string withWritersMarks(std::string_view text) {
+    std::string marked;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char character = text[at];
+        const bool isPlain = static_cast<unsigned char>(character) >= ' ' || character == '\t';
+        const bool endsPair = character == '\n' && at > 0 && text[at - 1] == '\r';
+        if (isPlain || character == '\r' || character == '\f') marked += character;
+        if (character == '\n' && !endsPair) marked += '\r';
+        if (character == '\v') marked += '\n';
+    }
+    return marked;
 }
 
 }  // namespace
@@ -92,6 +95,10 @@ CharacterCount TextEditor::replaceByPicture(WriterStory& story, Stretch stretch,
     remove(story, stretch);
     picture.insert(story, stretch.start);
     story.map().insertText(stretch.start, kOne);
+    TextObject shape;
+    shape.kind = ObjectKind::InlineShape;
+    shape.place = {stretch.start, stretch.start + kOne};
+    story.map().addObject(std::make_shared<TextObject>(shape));
     // Whether the cursor stands before the picture now or behind it is left open.
     content_.needle().forget();
     keepBehind(behind, stretch.start, kOne);
@@ -141,6 +148,7 @@ void TextEditor::removeWithinText(WriterStory& story, Stretch stretch) {
 }
 
 void TextEditor::removeTable(WriterStory& story, const TablePtr& table) {
+    content_.flush();
     for (const MarkPtr& mark : story.map().marksCoveredBy({table->start, table->end()}))
         content_.removeMark(mark);
     story.writerTable(*table)->dispose();
@@ -151,45 +159,29 @@ void TextEditor::removeTable(WriterStory& story, const TablePtr& table) {
 
 CharacterCount TextEditor::insert(WriterStory& story, CharacterPosition position, const std::string& text) {
     const CharacterPosition start = position;
-    for (std::string_view rest = text; !rest.empty();) {
-        if (const std::size_t plain = plainLength(rest); plain > 0) {
-            const std::string part(rest.substr(0, plain));
-            insertPlain(story, position, part);
-            position = position + utf16Length(part);
-            rest.remove_prefix(plain);
-            continue;
-        }
-        if (isBreak(rest.front())) {
-            insertBreak(story, position, rest.front());
-            position = position + kOne;
-        }
-        rest.remove_prefix(rest.starts_with("\r\n") ? 2 : 1);
+    const std::string marked = withWritersMarks(text);
+    for (std::string_view rest = marked; !rest.empty();) {
+        const std::string part(rest.substr(0, rest.find('\f')));
+        if (!part.empty()) content_.type(story, position, part);
+        position = position + utf16Length(part);
+        rest.remove_prefix(part.size());
+        if (rest.empty()) break;
+        insertPageBreak(story, position);
+        position = position + kOne;
+        rest.remove_prefix(1);
     }
     return position - start;
 }
 
-void TextEditor::insertPlain(WriterStory& story, CharacterPosition position, const std::string& text) {
-    const TextPlace place = story.map().placeOf(position);
-    const TextReference& writerText = story.textOf(place.text);
-    const OUString inserted = toUno(text);
-    const NeedleText way = story.needleText(place.text);
-    writerText->insertString(rangeOf(content_.needle().at(way, place.steps)), inserted, false);
-    content_.needle().passed(inserted.getLength());
-    story.map().insertText(position, {inserted.getLength()});
-}
-
-void TextEditor::insertBreak(WriterStory& story, CharacterPosition position, char character) {
+void TextEditor::insertPageBreak(WriterStory& story, CharacterPosition position) {
     const TextPlace place = story.map().placeOf(position);
     const TextReference& text = story.textOf(place.text);
-    const CursorReference& cursor = content_.needle().at(story.needleText(place.text), place.steps);
-    const auto kind = character == '\v' ? css::text::ControlCharacter::LINE_BREAK
-                                        : css::text::ControlCharacter::PARAGRAPH_BREAK;
-    text->insertControlCharacter(rangeOf(cursor), kind, false);
-    if (character == '\f') {
-        Reference<css::beans::XPropertySet>(cursor, UNO_QUERY_THROW)
-            ->setPropertyValue("BreakType", css::uno::Any(css::style::BreakType_PAGE_BEFORE));
-    }
-    content_.needle().passed(1);
+    Needle& needle = content_.needle();
+    const CursorReference& cursor = needle.at(story.needleText(place.text), place.steps);
+    text->insertControlCharacter(rangeOf(cursor), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
+    Reference<css::beans::XPropertySet>(cursor, UNO_QUERY_THROW)
+        ->setPropertyValue("BreakType", css::uno::Any(css::style::BreakType_PAGE_BEFORE));
+    needle.passed(1);
     story.map().insertText(position, kOne);
 }
 

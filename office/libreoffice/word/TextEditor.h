@@ -24,8 +24,7 @@ class TextEditor {
     void removeWithinText(WriterStory& story, Stretch stretch);
     [[nodiscard]] std::vector<MarkPtr> startingBehind(WriterStory& story, Stretch stretch);
     void keepBehind(const std::vector<MarkPtr>& marks, CharacterPosition start, CharacterCount inserted);
-    void insertPlain(WriterStory& story, CharacterPosition position, const std::string& text);
-    void insertBreak(WriterStory& story, CharacterPosition position, char character);
+    void insertPageBreak(WriterStory& story, CharacterPosition position);
     [[nodiscard]] bool beginsWithCharacter(WriterStory& story, Stretch stretch);
 
     WriterContent& content_;

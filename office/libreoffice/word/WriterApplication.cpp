@@ -67,14 +67,15 @@ void WriterApplication::Quit(word::WdSaveOptions saveChanges) {
 }
 
 word::DocumentPtr WriterApplication::open(const std::string& fileName) {
-    return list(session_->files().open(fileName, OfficePart::Word), fileName, true);
+    return list(session_->files().open(fileName, OfficePart::Word), fileName, ContentOrigin::File, true);
 }
 
 word::DocumentPtr WriterApplication::add(const std::string& templatePath) {
-    const DocumentReference document = templatePath.empty()
-                                           ? session_->files().create(OfficePart::Word)
-                                           : session_->files().open(templatePath, OfficePart::Word);
-    return list(document, "Document" + std::to_string(++added_), false);
+    const bool isEmpty = templatePath.empty();
+    const DocumentReference document = isEmpty ? session_->files().create(OfficePart::Word)
+                                               : session_->files().open(templatePath, OfficePart::Word);
+    const ContentOrigin origin = isEmpty ? ContentOrigin::Empty : ContentOrigin::File;
+    return list(document, "Document" + std::to_string(++added_), origin, false);
 }
 
 void WriterApplication::remove(const WriterDocument& document) {
@@ -82,8 +83,8 @@ void WriterApplication::remove(const WriterDocument& document) {
 }
 
 word::DocumentPtr WriterApplication::list(const DocumentReference& document, const std::string& fullName,
-                                          bool wasOpened) {
-    auto content = std::make_shared<WriterContent>(session_, files_, document);
+                                          ContentOrigin origin, bool wasOpened) {
+    auto content = std::make_shared<WriterContent>(session_, files_, document, origin);
     documents_.push_back(
         std::make_shared<WriterDocument>(weak_from_this(), std::move(content), fullName, wasOpened));
     return documents_.back();

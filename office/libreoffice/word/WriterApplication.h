@@ -37,7 +37,8 @@ class WriterApplication final : public word::Application,
     void remove(const WriterDocument& document);
 
   private:
-    word::DocumentPtr list(const DocumentReference& document, const std::string& fullName, bool wasOpened);
+    word::DocumentPtr list(const DocumentReference& document, const std::string& fullName,
+                           ContentOrigin origin, bool wasOpened);
     [[nodiscard]] std::shared_ptr<WriterContent> activeContent() const;
 
     std::shared_ptr<LibreOfficeSession> session_;

@@ -13,18 +13,12 @@ word::RangePtr WriterBookmark::Range() {
 
 void WriterBookmark::SetStart(CharacterPosition start) {
     check(start);
-    content_->call([&] {
-        mark_->place = {start, std::max(start, mark_->place.end)};
-        content_->settle();
-    });
+    content_->call([&] { content_->moveMark(*mark_, {start, std::max(start, mark_->place.end)}); });
 }
 
 void WriterBookmark::SetEnd(CharacterPosition end) {
     check(end);
-    content_->call([&] {
-        mark_->place = {std::min(mark_->place.start, end), end};
-        content_->settle();
-    });
+    content_->call([&] { content_->moveMark(*mark_, {std::min(mark_->place.start, end), end}); });
 }
 
 void WriterBookmark::Select() {

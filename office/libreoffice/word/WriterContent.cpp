@@ -1,7 +1,7 @@
 #include "office/libreoffice/word/WriterContent.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/session/UnoText.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,11 +12,32 @@ namespace {
 
 constexpr ErrorNumber kBadBookmarkName = 5828;
 
+/// The bookmarks that Writer has elsewhere than Word would, in the order in which they are to be put in: of
+/// those that begin at one place, Writer takes the last one for the outermost.
+std::vector<MarkPtr> misplacedMarks(const StoryMap& map) {
+    std::vector<MarkPtr> found;
+    for (auto mark = map.marks().rbegin(); mark != map.marks().rend(); ++mark) {
+        if (!MarkWriter::isInPlace(**mark) && MarkWriter::canPut(**mark)) found.push_back(*mark);
+    }
+    std::ranges::stable_sort(
+        found, {}, [](const MarkPtr& mark) { return std::pair(mark->place.start, mark->place.end); });
+    return found;
+}
+
+/// Tells the map of the characters of two units.
+void addPairs(StoryMap& map, CharacterPosition position, std::string_view text) {
+    while (!text.empty()) {
+        const bool isPair = takeCodePoint(text) > 0xFFFF;
+        if (isPair) map.addPair(position);
+        position = position + CharacterCount{isPair ? 2 : 1};
+    }
+}
+
 }  // namespace
 
 WriterContent::WriterContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
-                             DocumentReference document)
-    : session_(std::move(session)), files_(files) {
+                             DocumentReference document, ContentOrigin origin)
+    : session_(std::move(session)), files_(files), origin_(origin) {
     session_->connection().call([&] { model_.emplace(document); });
 }
 
@@ -24,23 +45,33 @@ void WriterContent::checkIsOpen() const {
     if (!isOpen()) throw AutomationError(kObjectDeleted, "The document is closed.");
 }
 
-void WriterContent::read() {
-    ContentReader reader(*model_, stories_);
-    reader.readTables();
-    reader.readMarks(marks_);
+void WriterContent::read(ContentOrigin origin) {
+    ContentReader reader(*session_, *model_, stories_, marks_);
+    if (origin == ContentOrigin::Empty) {
+        reader.readEmpty();
+    } else {
+        reader.read();
+    }
     needle_.forget();
+    isKnown_ = true;
     isWatched_ = false;
     select({&body(), {0}, {0}});
+}
+
+void WriterContent::forget() {
+    callOutside([this] { flush(); });
+    needle_.forget();
+    for (WriterStory& story : stories_)
+        story.forgetCells();
+    recorded_.reset();
+    origin_ = ContentOrigin::File;
+    isKnown_ = false;
 }
 
 WriterStory& WriterContent::storyNamed(const std::string& name) {
     const auto found = std::ranges::find(stories_, name, &WriterStory::name);
     if (found == stories_.end()) throw AutomationError(kMemberNotFound, "There is no story '" + name + "'.");
     return *found;
-}
-
-StoryPosition WriterContent::positionOf(const Reference<css::text::XTextRange>& range) {
-    return ContentReader(*model_, stories_).positionOf(range);
 }
 
 std::shared_ptr<LiveStretch> WriterContent::live(WriterStory& story, CharacterPosition start,
@@ -59,15 +90,44 @@ void WriterContent::select(const LiveStretch& stretch) {
     *selection_ = stretch;
 }
 
+Needle& WriterContent::needle() {
+    flush();
+    return needle_;
+}
+
+void WriterContent::type(WriterStory& story, CharacterPosition position, const std::string& text) {
+    const bool goesOn = typed_ && typed_->story == &story && typed_->end == position;
+    if (!goesOn) {
+        flush();
+        const TextPlace place = story.map().placeOf(position);
+        typed_ = TypedText{&story, position, story.needleText(place.text), place.steps, {}, 0};
+    }
+    const OUString added = toUno(text);
+    const CharacterCount length{added.getLength()};
+    story.map().insertText(position, length);
+    addPairs(story.map(), position, text);
+    typed_->text += added;
+    typed_->textSteps += story.map().stepsOver({position, position + length});
+    typed_->end = position + length;
+    if (!isRecording_) flush();
+}
+
+void WriterContent::flush() {
+    if (!typed_) return;
+    const TypedText typed = *std::exchange(typed_, std::nullopt);
+    typed.way.text->insertString(rangeOf(needle_.at(typed.way, typed.steps)), typed.text, false);
+    needle_.passed(typed.textSteps);
+}
+
 const CursorReference& WriterContent::cursorOver(WriterStory& story, Stretch stretch) {
+    flush();
     const TextPlace from = story.map().placeOf(stretch.start);
-    const TextPlace to = story.map().placeOf(stretch.end);
     const NeedleText text = story.needleText(from.text);
     if (stretch.start == stretch.end) return needle_.at(text, from.steps);
+    const TextPlace to = story.map().placeOf(stretch.end);
     // What ends before a cell's mark or a table still ends in the text that it began in.
     const bool isSame = from.text == to.text;
-    const std::int64_t steps = isSame ? to.steps : from.steps + (stretch.end - stretch.start).value;
-    return needle_.over(text, from.steps, steps);
+    return needle_.over(text, from.steps, isSame ? to.steps : from.steps + story.map().stepsOver(stretch));
 }
 
 void WriterContent::settle() {
@@ -77,9 +137,9 @@ void WriterContent::settle() {
 }
 
 void WriterContent::bringMarksToTheirPlaces() {
+    flush();
     for (WriterStory& story : stories_) {
-        for (const MarkPtr& mark : story.map().marks()) {
-            if (MarkWriter::isInPlace(*mark)) continue;
+        for (const MarkPtr& mark : misplacedMarks(story.map())) {
             MarkWriter::take(*model_, *mark);
             markWriter_.put(*model_, *mark);
         }
@@ -88,16 +148,25 @@ void WriterContent::bringMarksToTheirPlaces() {
 
 MarkPtr WriterContent::addMark(const std::string& name, WriterStory& story, Stretch stretch) {
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
-    if (const MarkPtr former = marks_.find(name)) removeMark(former);
     const auto mark = std::make_shared<MarkRecord>();
     mark->name = name;
     mark->story = &story;
     mark->place = stretch;
-    markWriter_.put(*model_, *mark);
+    mark->isWritten = false;
+    MarkWriter::check(*mark);
+    if (const MarkPtr former = marks_.find(name)) removeMark(former);
     story.map().addMark(mark);
     marks_.list(mark);
     settle();
     return mark;
+}
+
+void WriterContent::moveMark(MarkRecord& mark, Stretch stretch) {
+    MarkRecord moved = mark;
+    moved.place = stretch;
+    MarkWriter::check(moved);
+    mark.place = stretch;
+    settle();
 }
 
 void WriterContent::removeMark(const MarkPtr& mark) {
@@ -125,6 +194,7 @@ void WriterContent::restore(const Snapshot& snapshot) {
 
 void WriterContent::startRecord(const std::string& name) {
     if (isRecording_) endRecord();
+    flush();
     recorded_ = snapshot();
     model_->undo->enterUndoContext(toUno(name));
     model_->model->lockControllers();
@@ -133,10 +203,19 @@ void WriterContent::startRecord(const std::string& name) {
 
 void WriterContent::endRecord() {
     if (!isRecording_) return;
-    bringMarksToTheirPlaces();
+    try {
+        bringMarksToTheirPlaces();
+    } catch (...) {
+        leaveRecord();
+        throw;
+    }
+    leaveRecord();
+}
+
+void WriterContent::leaveRecord() {
+    isRecording_ = false;
     model_->model->unlockControllers();
     model_->undo->leaveUndoContext();
-    isRecording_ = false;
 }
 
 bool WriterContent::undo(int times) {
@@ -151,7 +230,7 @@ bool WriterContent::undo(int times) {
     if (times == 1 && recorded_) {
         restore(*recorded_);
     } else {
-        read();
+        read(ContentOrigin::File);
     }
     recorded_.reset();
     return true;
@@ -160,6 +239,7 @@ bool WriterContent::undo(int times) {
 void WriterContent::close() {
     if (!isOpen()) return;
     const DocumentReference document = model_->document;
+    typed_.reset();
     needle_.forget();
     for (WriterStory& story : stories_)
         story.forgetCells();

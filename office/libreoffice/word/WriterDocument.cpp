@@ -99,11 +99,17 @@ std::string WriterDocument::Name() {
 }
 
 bool WriterDocument::Saved() {
-    return content_->call([&] { return !content_->model().modifiable->isModified(); });
+    return content_->callOutside([&] {
+        content_->flush();
+        return !content_->model().modifiable->isModified();
+    });
 }
 
 void WriterDocument::SetSaved(bool saved) {
-    content_->call([&] { content_->model().modifiable->setModified(!saved); });
+    content_->callOutside([&] {
+        content_->flush();
+        content_->model().modifiable->setModified(!saved);
+    });
 }
 
 void WriterDocument::Save() {

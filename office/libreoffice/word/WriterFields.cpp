@@ -4,8 +4,7 @@
 #include "office/libreoffice/word/WriterField.h"
 
 #include <algorithm>
-#include <com/sun/star/text/XTextFieldsSupplier.hpp>
-#include <tuple>
+#include <iterator>
 
 namespace mergeloom::libreoffice {
 
@@ -13,42 +12,29 @@ namespace {
 
 using word::WdFieldType;
 
-struct FoundField {
-    StoryPosition place;
-    FieldReference field;
-};
-
 bool servesMailMerge(WdFieldType type) {
     return type == WdFieldType::wdFieldMergeField || type == WdFieldType::wdFieldMergeRec ||
            type == WdFieldType::wdFieldMergeSeq || type == WdFieldType::wdFieldNext ||
            type == WdFieldType::wdFieldNextIf || type == WdFieldType::wdFieldSkipIf;
 }
 
-std::size_t numberOf(WriterContent& content, const WriterStory* story) {
-    const auto found = std::ranges::find(content.stories(), story, [](WriterStory& each) { return &each; });
-    return static_cast<std::size_t>(found - content.stories().begin());
+std::vector<word::FieldPtr> fieldsOf(const std::shared_ptr<WriterContent>& content,
+                                     const LiveStretch& stretch) {
+    std::vector<word::FieldPtr> fields;
+    for (const ObjectPtr& field : objectsIn(stretch, ObjectKind::Field))
+        fields.push_back(std::make_shared<WriterField>(content, *stretch.story, field));
+    return fields;
 }
 
-std::vector<FoundField> fieldsOf(WriterContent& content) {
-    const Reference<css::text::XTextFieldsSupplier> supplier(content.model().document, UNO_QUERY_THROW);
-    const auto fields = supplier->getTextFields()->createEnumeration();
-    std::vector<FoundField> found;
-    while (fields->hasMoreElements()) {
-        const FieldReference field(fields->nextElement(), UNO_QUERY);
-        if (!field.is()) continue;
-        const StoryPosition place = content.positionOf(field->getAnchor()->getStart());
-        if (place.story) found.push_back({place, field});
-    }
-    std::ranges::sort(found, {}, [&](const FoundField& each) {
-        return std::tuple(numberOf(content, each.place.story), each.place.position);
+/// The fields of all stories, in order.
+std::vector<word::FieldPtr> fieldsOf(const std::shared_ptr<WriterContent>& content) {
+    return content->call([&] {
+        std::vector<word::FieldPtr> fields;
+        for (WriterStory& story : content->stories())
+            std::ranges::copy(fieldsOf(content, {&story, {0}, {story.map().length().value}}),
+                              std::back_inserter(fields));
+        return fields;
     });
-    return found;
-}
-
-word::FieldPtr makeField(const std::shared_ptr<WriterContent>& content, const FoundField& found) {
-    const CharacterPosition end = found.place.position + CharacterCount{1};
-    return std::make_shared<WriterField>(
-        content, content->live(*found.place.story, found.place.position, end), found.field);
 }
 
 }  // namespace
@@ -59,34 +45,17 @@ word::FieldPtr WriterFields::Item(int number) {
 }
 
 word::FieldsPtr WriterMailMerge::Fields() {
-    return content_->call([&] {
-        std::vector<word::FieldPtr> fields;
-        for (const FoundField& found : fieldsOf(*content_)) {
-            if (servesMailMerge(typeOf(found.field))) fields.push_back(makeField(content_, found));
-        }
-        return std::make_shared<WriterFields>(std::move(fields));
-    });
+    std::vector<word::FieldPtr> fields = fieldsOf(content_);
+    std::erase_if(fields, [](const word::FieldPtr& field) { return !servesMailMerge(field->Type()); });
+    return std::make_shared<WriterFields>(std::move(fields));
 }
 
 word::FieldsPtr fieldsIn(const std::shared_ptr<WriterContent>& content, const LiveStretch& stretch) {
-    return content->call([&] {
-        std::vector<word::FieldPtr> fields;
-        for (const FoundField& found : stretch.isCaret() ? std::vector<FoundField>{} : fieldsOf(*content)) {
-            const bool isInside = found.place.story == stretch.story &&
-                                  stretch.start <= found.place.position && found.place.position < stretch.end;
-            if (isInside) fields.push_back(makeField(content, found));
-        }
-        return std::make_shared<WriterFields>(std::move(fields));
-    });
+    return std::make_shared<WriterFields>(fieldsOf(content, stretch));
 }
 
 word::FieldsPtr allFields(const std::shared_ptr<WriterContent>& content) {
-    return content->call([&] {
-        std::vector<word::FieldPtr> fields;
-        for (const FoundField& found : fieldsOf(*content))
-            fields.push_back(makeField(content, found));
-        return std::make_shared<WriterFields>(std::move(fields));
-    });
+    return std::make_shared<WriterFields>(fieldsOf(content));
 }
 
 }  // namespace mergeloom::libreoffice

@@ -9,5 +9,9 @@ namespace mergeloom::libreoffice {
 
 /// None when the document is closed.
 DocumentReference componentOf(word::Document& document);
+/// The object model is to know the document as the user has left it, and selects what the view does. Nothing
+/// shows until the second is called, which lets the view select what the model does.
+void beginEditing(word::Document& document);
+void endEditing(word::Document& document);
 
 }  // namespace mergeloom::libreoffice

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "office/libreoffice/word/Pictures.h"
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/model/word/InlineShapes.h"
 
@@ -15,9 +14,7 @@ class WriterInlineShapes final : public word::InlineShapes {
     WriterInlineShapes(std::shared_ptr<WriterContent> content, std::shared_ptr<LiveStretch> stretch)
         : content_(std::move(content)), stretch_(std::move(stretch)) {}
 
-    int Count() override {
-        return content_->call([&] { return countShapes(*content_, *stretch_, ShapeKind::Inline); });
-    }
+    int Count() override { return static_cast<int>(objectsIn(*stretch_, ObjectKind::InlineShape).size()); }
     void AddPicture(const std::string& fileName) override {
         content_->call([&] {
             const CharacterPosition start = stretch_->start;

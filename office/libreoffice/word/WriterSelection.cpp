@@ -1,6 +1,5 @@
 #include "office/libreoffice/word/WriterSelection.h"
 
-#include "office/libreoffice/word/Pictures.h"
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/libreoffice/word/WriterBookmarks.h"
 #include "office/libreoffice/word/WriterCount.h"
@@ -60,9 +59,8 @@ word::InlineShapesPtr WriterSelection::InlineShapes() {
 }
 
 word::ShapeRangePtr WriterSelection::ShapeRange() {
-    const LiveStretch selected = *stretch();
-    const int count = content_->call([&] { return countShapes(*content_, selected, ShapeKind::Floating); });
-    return std::make_shared<WriterCount<word::ShapeRange>>(count);
+    const std::size_t count = objectsIn(*stretch(), ObjectKind::FloatingShape).size();
+    return std::make_shared<WriterCount<word::ShapeRange>>(static_cast<int>(count));
 }
 
 word::TablesPtr WriterSelection::Tables() {

@@ -1,27 +1,13 @@
 #include "office/libreoffice/word/WriterTable.h"
 
-#include "office/libreoffice/session/UnoText.h"
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/libreoffice/word/WriterCount.h"
 #include "office/libreoffice/word/WriterRange.h"
 #include "office/libreoffice/word/WriterRows.h"
 
 #include <algorithm>
-#include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/text/XTextTable.hpp>
 
 namespace mergeloom::libreoffice {
-
-namespace {
-
-bool spansRows(const Reference<css::text::XTextTable>& table, const MappedCell& cell) {
-    const Reference<css::beans::XPropertySet> properties(table->getCellByName(toUno(cell.name)), UNO_QUERY);
-    sal_Int32 span = 1;
-    if (properties.is()) properties->getPropertyValue("RowSpan") >>= span;
-    return span != 1;
-}
-
-}  // namespace
 
 word::RangePtr WriterTable::Range() {
     const MappedTable& table = place_.get();
@@ -41,17 +27,7 @@ word::ColumnsPtr WriterTable::Columns() {
 }
 
 bool WriterTable::Uniform() {
-    const MappedTable& table = place_.get();
-    const std::size_t columns = table.rows.front().size();
-    if (!std::ranges::all_of(table.rows, [&](const MappedRow& row) { return row.size() == columns; }))
-        return false;
-    return place_.content->call([&] {
-        const Reference<css::text::XTextTable> writerTable = place_.story->writerTable(table);
-        return std::ranges::none_of(table.rows, [&](const MappedRow& row) {
-            return std::ranges::any_of(row,
-                                       [&](const MappedCell& cell) { return spansRows(writerTable, cell); });
-        });
-    });
+    return place_.get().isUniform();
 }
 
 void WriterTable::Select() {

@@ -1,0 +1,66 @@
+#include "office/libreoffice/word/StoredContent.h"
+
+#include "base/AutomationError.h"
+#include "base/DiskFileStore.h"
+#include "base/Paths.h"
+#include "office/embedded/package/ZipReader.h"
+#include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <algorithm>
+#include <array>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <filesystem>
+#include <system_error>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+/// A file that is gone with this object.
+class PassingFile {
+  public:
+    explicit PassingFile(std::string path) : path_(std::move(path)) {}
+    PassingFile(const PassingFile&) = delete;
+    PassingFile& operator=(const PassingFile&) = delete;
+    ~PassingFile() {
+        std::error_code ignored;
+        std::filesystem::remove(path_, ignored);
+    }
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+template <typename Value>
+css::beans::PropertyValue property(const char* name, const Value& value) {
+    css::beans::PropertyValue result;
+    result.Name = OUString::createFromAscii(name);
+    result.Value <<= value;
+    return result;
+}
+
+std::unique_ptr<embedded::XmlPart> partOf(const embedded::ZipReader& archive, const std::string& name) {
+    const auto& entries = archive.entries();
+    const auto found = std::ranges::find(entries, name, &embedded::ZipEntry::name);
+    if (found == entries.end())
+        throw AutomationError(kCommandFailed, "LibreOffice does not tell what the document holds.");
+    return embedded::XmlPart::parse(archive.read(*found), name, "document");
+}
+
+}  // namespace
+
+StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document) {
+    const PassingFile file(joinPath(session.process().workFolder(), "content.odt"));
+    const std::array how{property("FilterName", OUString("writer8")), property("NoThumbnail", true),
+                         property("Overwrite", true)};
+    const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
+    storable->storeToURL(toUno(fileUrl(file.path())), {how.data(), how.size()});
+    const std::string bytes = DiskFileStore().read(file.path());
+    const embedded::ZipReader archive(bytes, "document");
+    return {partOf(archive, "content.xml"), partOf(archive, "styles.xml")};
+}
+
+}  // namespace mergeloom::libreoffice
