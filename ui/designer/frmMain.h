@@ -48,6 +48,7 @@ class frmMain final : public QMainWindow {
     void connectBusy();
     void showState();
     void endDrag();
+    void tellDrop(bool isDropped);
     void showAbout();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 
