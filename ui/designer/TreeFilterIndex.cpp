@@ -83,7 +83,7 @@ std::vector<int> numbersOf(const std::vector<bool>& flags) {
 
 std::string foldForSearch(const QString& text) {
     QString folded;
-    for (const QChar character : text.normalized(QString::NormalizationForm_KD).toCaseFolded()) {
+    for (const QChar character : text.normalized(QString::NormalizationForm_KD).toUpper().toCaseFolded()) {
         if (character.category() != QChar::Mark_NonSpacing) folded += character;
     }
     return folded.toStdString();

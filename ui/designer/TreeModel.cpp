@@ -78,8 +78,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
 
 Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    flags.setFlag(Qt::ItemIsDragEnabled, isDraggable(*node(index)));
+    // A drag begins on every node; what it carries decides whether it goes on.
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
     // Views ask about every node, and this answer spares them further questions.
     flags.setFlag(Qt::ItemNeverHasChildren, !hasChildren(index));
     return flags;
@@ -90,7 +90,8 @@ QStringList TreeModel::mimeTypes() const {
 }
 
 QMimeData* TreeModel::mimeData(const QModelIndexList& indexes) const {
-    if (indexes.isEmpty()) return nullptr;
+    const TreeNode* const dragged = node(indexes.value(0));
+    if (dragged == nullptr || !isDraggable(*dragged)) return nullptr;
     auto* const data = new QMimeData;
     data->setText(u""_qs);
     return data;

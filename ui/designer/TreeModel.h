@@ -46,8 +46,9 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// A drag carries an empty text, so that nobody can insert anything by himself.
     [[nodiscard]] QStringList mimeTypes() const override;
+    /// A drag carries an empty text, so that nobody can insert anything by himself. None for a node that must
+    /// not be dragged.
     [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
     [[nodiscard]] Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 

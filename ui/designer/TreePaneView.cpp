@@ -7,6 +7,7 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
@@ -107,11 +108,10 @@ void TreePaneView::expandNext(std::size_t most) {
 void TreePaneView::startDrag(Qt::DropActions supportedActions) {
     HookTreeView(*this);
     const QModelIndex dragged = currentIndex();
-    if (dragged.flags().testFlag(Qt::ItemIsDragEnabled)) {
+    if (QMimeData* const carried = model_.mimeData({dragged})) {
         auto* const drag = new QDrag(this);
-        drag->setMimeData(model_.mimeData({dragged}));
-        const QPixmap picture = dragPicture(dragged.data().toString());
-        drag->setPixmap(picture);
+        drag->setMimeData(carried);
+        drag->setPixmap(dragPicture(dragged.data().toString()));
         // Beside the pointer, so that what is under it stays visible.
         const int distance = kPictureDistance * fontMetrics().height();
         drag->setHotSpot({-distance, -distance});
