@@ -3,10 +3,12 @@
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "ui/services/StateFolder.h"
 
 #include <unistd.h>
 
 #include <QFile>
+#include <QStandardPaths>
 #include <array>
 #include <cerrno>
 #include <filesystem>
@@ -43,6 +45,20 @@ std::string reasonNotMoved(int error, const std::string& to) {
     }
 }
 
+[[noreturn]] void raiseNotTrashed(const std::string& path, const std::string& reason) {
+    throw AutomationError(kPermissionDenied,
+                          "The file '" + path + "' could not be moved to the trash: " + reason + ".");
+}
+
+/// Without a trash, the toolkit (seen with Qt 6.4) would move the file to a folder below the current one and
+/// tell of success.
+bool makeTrashOfUser() {
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const std::string trash = joinPath(data.toStdString(), "Trash");
+    return !data.isEmpty() && makePrivateFolder(joinPath(trash, "files")) &&
+           makePrivateFolder(joinPath(trash, "info"));
+}
+
 void checkNewName(const std::string& path, const std::string& name) {
     const bool isOneName =
         !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
@@ -72,15 +88,10 @@ void DiskFileSystem::rename(const std::string& path, const std::string& newName,
 }
 
 void DiskFileSystem::moveToTrash(const std::string& path) {
-    if (!exists(path)) {
-        throw AutomationError(kPermissionDenied, "The file '" + path +
-                                                     "' could not be moved to the trash: "
-                                                     "it does not exist.");
-    }
+    if (!exists(path)) raiseNotTrashed(path, "it does not exist");
+    if (!makeTrashOfUser()) raiseNotTrashed(path, "there is no trash on this system");
     QFile file(QString::fromStdString(path));
-    if (file.moveToTrash()) return;
-    throw AutomationError(kPermissionDenied, "The file '" + path + "' could not be moved to the trash: " +
-                                                 file.errorString().toStdString() + ".");
+    if (!file.moveToTrash()) raiseNotTrashed(path, file.errorString().toStdString());
 }
 
 void DiskFileSystem::createFolder(const std::string& path) {
