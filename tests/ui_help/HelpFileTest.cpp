@@ -114,6 +114,9 @@ TEST(BuiltHelpFile, SearchFinds) {
     ASSERT_FALSE(hits.empty());
     EXPECT_EQ(hits.front().topic, QStringLiteral("optional-space.html"));
     EXPECT_EQ(hits.front().title, QStringLiteral("Optional Space and Optional Carriage Return"));
+    const std::vector<HelpHit> inText = file.search(QStringLiteral("pivot design"));
+    ASSERT_EQ(inText.size(), 1U);
+    EXPECT_EQ(inText.front().topic, QStringLiteral("drag-form.html"));
     EXPECT_TRUE(file.search(QStringLiteral("charset")).empty()) << "tags are no text";
 }
 
