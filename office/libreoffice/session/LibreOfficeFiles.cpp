@@ -5,7 +5,9 @@
 #include "base/Paths.h"
 #include "base/SystemError.h"
 #include "office/libreoffice/session/DecliningHandler.h"
+#include "office/libreoffice/session/DocumentMacros.h"
 #include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/FragmentGuard.h"
 #include "office/libreoffice/session/InputFilters.h"
 #include "office/libreoffice/session/RequiredFilter.h"
 #include "office/libreoffice/session/UnoText.h"
@@ -181,12 +183,16 @@ void LibreOfficeFiles::check(const DocumentReference& document, const std::strin
 
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
                             word::WdSaveFormat format) {
-    write(document, path, requiredFilter(format, path));
+    const OfficeFilter filter = requiredFilter(format, path);
+    refuseToLoseMacros(connection_, document, path, format);
+    write(document, path, filter);
 }
 
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
                             excel::XlFileFormat format) {
-    write(document, path, requiredFilter(format, path));
+    const OfficeFilter filter = requiredFilter(format, path);
+    refuseToLoseMacros(connection_, document, path, format);
+    write(document, path, filter);
 }
 
 /// A document that was opened where it lies has links that lead from there.
@@ -199,6 +205,7 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
                              const OfficeFilter& filter) {
     const std::string copy = placeOfWriting(document, path);
     const PassingFile passing(places_, copy);
+    const FragmentGuard guard(connection_.process(), copy);
     Properties properties{property("Overwrite", true)};
     append(properties, filter);
     try {

@@ -37,15 +37,17 @@ class LibreOfficeFiles {
 
     /// Documents are shown in frames from here on, one in each.
     void showIn(FrameSource frames) { frames_ = std::move(frames); }
+    /// Whether users see documents, and change them.
+    [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
     /// An empty document of LibreOffice's own making.
     DocumentReference create(OfficePart part);
     /// Raises kFileCouldNotBeRead with a sentence that names the file when it is missing, damaged, protected
     /// by a password or none of the part's. A template opens as the template itself. Its URL in the office is
     /// that of the copy.
     DocumentReference open(const std::string& path, OfficePart part);
-    /// Raises kNotAvailable for a format that the office does not write, kFileCouldNotBeSaved for other
-    /// failures, with sentences that name the file. The document's own URL does not change and its mark of
-    /// changes stays.
+    /// Raises kNotAvailable for a format that the office does not write, kFileCouldNotBeSaved for macros in a
+    /// format that has no place for them and for other failures, with sentences that name the file. The
+    /// document's own URL does not change and its mark of changes stays.
     void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format);
     void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format);
     /// Closes without saving and forgets the document's copy. One that is closed already is left alone.

@@ -30,6 +30,11 @@ class LibreOfficeProcess {
     /// The number of the process group.
     [[nodiscard]] pid_t group() const { return process_->id(); }
     [[nodiscard]] bool isRunning() const { return process_->isRunning(); }
+    /// The numbers of all processes of the group.
+    [[nodiscard]] std::vector<pid_t> members() const { return process_->members(); }
+    /// Until the next call, files whose paths begin so are removed as well when this process ends without
+    /// having ended the office.
+    void lookAfter(const std::vector<std::string>& beginnings) const { guard_->lookAfter(beginnings); }
     /// Ends it at once; may be called by any thread.
     void kill() const;
     /// Waits until it ends as it was asked to; presses and then kills it when it does not. Bounded in time.

@@ -32,9 +32,8 @@ std::string inSeconds(std::chrono::milliseconds time) {
 
 OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bounds)
     : process_(process), watchdog_(bounds.call, [&process] { process.kill(); }) {
-    // The threads that UNO reads and writes with are started here.
-    const BlockedSignals blocked;
     connect(bounds.start);
+    const BlockedSignals blocked;
     desktop_ = call([this] { return css::frame::Desktop::create(context_); });
 }
 
@@ -66,6 +65,9 @@ void OfficeConnection::connect(std::chrono::milliseconds bound) {
 
 /// False as well when the line breaks meanwhile: whoever asks looks at the process.
 bool OfficeConnection::tryToConnect() try {
+    // The threads that UNO reads and writes with are started here. Between two attempts a signal gets
+    // through.
+    const BlockedSignals blocked;
     const auto resolver = css::bridge::UnoUrlResolver::create(localContext());
     const OUString address =
         toUno("uno:pipe,name=" + process_.pipeName() + ";urp;StarOffice.ComponentContext");

@@ -33,6 +33,7 @@ class OfficeConnection {
     /// a call.
     [[nodiscard]] const Reference<css::uno::XComponentContext>& context() const { return context_; }
     [[nodiscard]] const Reference<css::frame::XDesktop2>& desktop() const { return desktop_; }
+    [[nodiscard]] const LibreOfficeProcess& process() const { return process_; }
 
     /// Does what calls into UNO and gives its result. Calls within a call share its time. Raises
     /// - kNotAvailable when the office ended or took too long and was ended; nothing works after that,

@@ -16,6 +16,8 @@ class OrphanGuard {
     OrphanGuard(pid_t group, const std::vector<std::string>& leftovers, const std::string& log);
     /// Dismisses the guard.
     ~OrphanGuard();
+    /// Until the next call, the files whose paths from the root begin so are to be removed as well.
+    void lookAfter(const std::vector<std::string>& beginnings) const;
     OrphanGuard(const OrphanGuard&) = delete;
     OrphanGuard& operator=(const OrphanGuard&) = delete;
 

@@ -80,16 +80,6 @@ bool runsInGroup(const std::string& process, pid_t group) {
     return std::strtol(rest, nullptr, 10) == group && state != 'Z' && state != 'X';
 }
 
-bool anyRunsInGroup(pid_t group) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> processes(::opendir("/proc"), ::closedir);
-    if (processes == nullptr) return false;
-    while (const dirent* const entry = ::readdir(processes.get())) {
-        const std::string name = entry->d_name;
-        if (name[0] >= '1' && name[0] <= '9' && runsInGroup(name, group)) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 ProcessGroup::ProcessGroup(const std::vector<std::string>& command, int input, const std::string& log) {
@@ -119,9 +109,21 @@ bool ProcessGroup::isRunning() const {
     return result == 0 && end.si_pid == 0;
 }
 
+std::vector<pid_t> ProcessGroup::members() const {
+    std::vector<pid_t> found;
+    const std::unique_ptr<DIR, int (*)(DIR*)> processes(::opendir("/proc"), ::closedir);
+    if (processes == nullptr) return found;
+    while (const dirent* const entry = ::readdir(processes.get())) {
+        const std::string name = entry->d_name;
+        const bool isProcess = name[0] >= '1' && name[0] <= '9';
+        if (isProcess && runsInGroup(name, id_)) found.push_back(std::stoi(name));
+    }
+    return found;
+}
+
 bool ProcessGroup::waitForEnd(std::chrono::milliseconds bound) const {
     const auto last = std::chrono::steady_clock::now() + bound;
-    while (isRunning() || anyRunsInGroup(id_)) {
+    while (isRunning() || !members().empty()) {
         if (std::chrono::steady_clock::now() >= last) return false;
         std::this_thread::sleep_for(kPause);
     }

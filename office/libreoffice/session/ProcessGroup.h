@@ -24,6 +24,8 @@ class ProcessGroup {
     [[nodiscard]] pid_t id() const { return id_; }
     /// Whether the first process runs.
     [[nodiscard]] bool isRunning() const;
+    /// The numbers of its processes that run.
+    [[nodiscard]] std::vector<pid_t> members() const;
     /// Waits until no process of the group runs; false when one still does after the time.
     [[nodiscard]] bool waitForEnd(std::chrono::milliseconds bound) const;
     /// Sends all processes of the group a signal; may be called by any thread.

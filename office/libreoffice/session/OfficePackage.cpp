@@ -1,0 +1,65 @@
+#include "office/libreoffice/session/OfficePackage.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/beans/StringPair.hpp>
+#include <com/sun/star/embed/ElementModes.hpp>
+#include <com/sun/star/embed/StorageFactory.hpp>
+#include <com/sun/star/embed/XRelationshipAccess.hpp>
+#include <map>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+constexpr const char* kFormat = "OFOPXMLFormat";
+
+std::vector<PackageRelationship> relationshipsOf(const Reference<css::uno::XInterface>& source) {
+    const Reference<css::embed::XRelationshipAccess> access(source, UNO_QUERY_THROW);
+    std::vector<PackageRelationship> relationships;
+    for (const css::uno::Sequence<css::beans::StringPair>& pairs : access->getAllRelationships()) {
+        std::map<std::string, std::string> values;
+        for (const css::beans::StringPair& pair : pairs)
+            values[fromUno(pair.First)] = fromUno(pair.Second);
+        const std::string type = values["Type"];
+        relationships.push_back({values["Id"], type.substr(type.rfind('/') + 1), values["Target"]});
+    }
+    return relationships;
+}
+
+// The SDK calls the factory's interface deprecated, but there is no other one that takes the kind of storage.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+Reference<css::uno::XInterface> openPackage(OfficeConnection& connection, const OUString& url) {
+    css::beans::PropertyValue format;
+    format.Name = "StorageFormat";
+    format.Value <<= OUString::createFromAscii(kFormat);
+    css::uno::Sequence<css::uno::Any> arguments(3);
+    arguments.getArray()[0] <<= url;
+    arguments.getArray()[1] <<= css::embed::ElementModes::READ;
+    arguments.getArray()[2] <<= css::uno::Sequence<css::beans::PropertyValue>(&format, 1);
+    return css::embed::StorageFactory::create(connection.context())->createInstanceWithArguments(arguments);
+}
+#pragma GCC diagnostic pop
+
+}  // namespace
+
+OfficePackage::OfficePackage(OfficeConnection& connection, const OUString& url)
+    : package_(openPackage(connection, url), UNO_QUERY_THROW) {
+    const std::vector<PackageRelationship> relationships = relationshipsOf(package_);
+    const auto main = std::ranges::find(relationships, "officeDocument", &PackageRelationship::type);
+    if (main == relationships.end()) return;
+    // From the package's root on, whether a slash says so or not.
+    const std::string path = main->target.starts_with('/') ? main->target.substr(1) : main->target;
+    mainPart_ = package_->openStreamElementByHierarchicalName(toUno(path), css::embed::ElementModes::READ);
+}
+
+std::vector<PackageRelationship> OfficePackage::relationshipsOfMainPart() const {
+    return relationshipsOf(mainPart_);
+}
+
+Reference<css::io::XInputStream> OfficePackage::contentOfMainPart() const {
+    return mainPart_->getInputStream();
+}
+
+}  // namespace mergeloom::libreoffice

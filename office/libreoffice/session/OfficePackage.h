@@ -1,0 +1,34 @@
+#pragma once
+
+#include "office/libreoffice/session/OfficeConnection.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <com/sun/star/embed/XHierarchicalStorageAccess.hpp>
+#include <com/sun/star/io/XInputStream.hpp>
+#include <string>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// A relationship of a package's part, with the last word of its type's URL.
+struct PackageRelationship {
+    std::string id, type, target;
+};
+
+/// A file of Open Packaging as the office reads it, for what its documents do not tell (ECMA-376 Part 2).
+/// Everything is asked for within a call; UNO's exceptions pass for a file that is no such package.
+class OfficePackage {
+  public:
+    OfficePackage(OfficeConnection& connection, const OUString& url);
+
+    /// Whether the package has a part that holds the document.
+    [[nodiscard]] bool hasMainPart() const { return mainPart_.is(); }
+    [[nodiscard]] std::vector<PackageRelationship> relationshipsOfMainPart() const;
+    [[nodiscard]] Reference<css::io::XInputStream> contentOfMainPart() const;
+
+  private:
+    Reference<css::embed::XHierarchicalStorageAccess> package_;
+    Reference<css::embed::XExtendedStorageStream> mainPart_;
+};
+
+}  // namespace mergeloom::libreoffice
