@@ -57,6 +57,8 @@ int showWindow() {
 int runDesigner(int& count, char** values) {
     readSwitches(count, values);
     choosePlatform();
+    // The office's window is native; the tree and the bars need not become so with it.
+    QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     // The toolkit takes switches of its own out of the arguments, so it sees none.
     int programAlone = 1;
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);

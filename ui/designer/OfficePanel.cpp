@@ -14,13 +14,15 @@ OfficePanel::OfficePanel(QWidget* parent)
       progress_(new QProgressBar(this)),
       cmdCancel_(new QPushButton(tr("&Cancel"), this)),
       cmdStart_(new QPushButton(tr("&Start again"), this)) {
+    // What lies over a native window has to be one, too.
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_NativeWindow);
     setAutoFillBackground(true);
     sentence_->setWordWrap(true);
     sentence_->setAlignment(Qt::AlignCenter);
     sentence_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     progress_->setRange(0, 0);
     progress_->setTextVisible(false);
-    progress_->setAccessibleName(tr("The office is starting"));
     connect(cmdCancel_, &QPushButton::clicked, this, &OfficePanel::cancelRequested);
     connect(cmdStart_, &QPushButton::clicked, this, &OfficePanel::startRequested);
 
@@ -38,9 +40,18 @@ OfficePanel::OfficePanel(QWidget* parent)
 }
 
 void OfficePanel::showStarting() {
-    sentence_->setText(tr("The office is starting…"));
+    showProgress(tr("The office is starting…"), true);
+}
+
+void OfficePanel::showOpening() {
+    showProgress(tr("The template is being opened…"), false);
+}
+
+void OfficePanel::showProgress(const QString& sentence, bool canBeGivenUp) {
+    sentence_->setText(sentence);
+    progress_->setAccessibleName(sentence);
     progress_->show();
-    cmdCancel_->show();
+    cmdCancel_->setVisible(canBeGivenUp);
     cmdStart_->hide();
 }
 

@@ -16,6 +16,8 @@ class OfficePanel final : public QWidget {
     explicit OfficePanel(QWidget* parent);
 
     void showStarting();
+    /// The office runs; what it opens cannot be given up any more.
+    void showOpening();
     /// The sentence tells why there is no document.
     void showStopped(const QString& sentence);
 
@@ -24,6 +26,8 @@ class OfficePanel final : public QWidget {
     void startRequested();
 
   private:
+    void showProgress(const QString& sentence, bool canBeGivenUp);
+
     QLabel* sentence_;
     QProgressBar* progress_;
     QPushButton* cmdCancel_;

@@ -171,13 +171,21 @@ void frmMain::showState() {
     const bool isRunning = session_.state() == OfficeState::Running;
     actions_->setDocumentThere(isRunning);
     area_->setPanelVisible(!isRunning);
-    if (session_.state() == OfficeState::Stopped) {
-        area_->panel().showStopped(session_.stopReason());
-        status_->setText(tr("There is no document."));
-    } else {
-        area_->panel().showStarting();
-        status_->setText(isRunning ? tr("Drag a field into the document, or press Insert.")
-                                   : tr("The office is starting…"));
+    switch (session_.state()) {
+        case OfficeState::Starting:
+            area_->panel().showStarting();
+            status_->setText(tr("The office is starting…"));
+            break;
+        case OfficeState::Opening:
+            area_->panel().showOpening();
+            break;
+        case OfficeState::Running:
+            status_->setText(tr("Drag a field into the document, or press Insert."));
+            break;
+        case OfficeState::Stopped:
+            area_->panel().showStopped(session_.stopReason());
+            status_->setText(tr("There is no document."));
+            break;
     }
 }
 
