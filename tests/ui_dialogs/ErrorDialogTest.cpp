@@ -101,6 +101,16 @@ TEST_F(ErrorDialogTest, AReportThatCannotBeKeptIsStillShown) {
     EXPECT_EQ(folder.entryCount(), 1);
 }
 
+TEST_F(ErrorDialogTest, ALongDescriptionIsWholeInTheReport) {
+    const ModalUser user({[](QWidget& window) {
+        EXPECT_LT(window.height(), 768);
+        window.close();
+    }});
+    const std::string description(20000, 'x');
+    make("", folder.path()).report({1, description, "", "frmMain", "Form_Load"});
+    EXPECT_THAT(keptReport(), HasSubstr("\nDescription: " + description + "\n"));
+}
+
 TEST_F(ErrorDialogTest, AnOfficeThatFailsIsUnknown) {
     const ModalUser user({[](QWidget& window) { window.close(); }});
     ErrorDialog(nullptr, {.officeBuild = []() -> std::string { throw AutomationError(70, "gone"); },

@@ -13,10 +13,13 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kCharactersInLine = 60;
+constexpr int kCharactersInLine = 50;
+/// A longer text would make the window higher than the screen; the report has all of it.
+constexpr int kMostCharacters = 600;
 
 QLabel* makeText(const QString& text) {
-    auto* label = new QLabel(text);
+    const bool isWhole = text.size() <= kMostCharacters;
+    auto* label = new QLabel(isWhole ? text : text.left(kMostCharacters) + QChar(u'…'));
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);

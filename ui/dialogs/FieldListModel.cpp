@@ -11,7 +11,8 @@ int FieldListModel::rowCount(const QModelIndex& parent) const {
 QVariant FieldListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const FieldSelection::Item& item = fields_.items().at(static_cast<std::size_t>(index.row()));
-    if (role == Qt::DisplayRole) return QString::fromStdString(item.text);
+    // The list may be too narrow for a long name.
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return QString::fromStdString(item.text);
     if (role == Qt::CheckStateRole) return item.selected ? Qt::Checked : Qt::Unchecked;
     return {};
 }

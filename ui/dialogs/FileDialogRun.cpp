@@ -6,11 +6,14 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QMessageBox>
+#include <QScreen>
 #include <algorithm>
 
 namespace mergeloom {
 
 namespace {
+
+constexpr double kShareOfScreen = 0.95;
 
 QString textOf(const std::string& buffer) {
     return QString::fromStdString(buffer.substr(0, buffer.find('\0')));
@@ -43,6 +46,8 @@ FileDialogRun::FileDialogRun(QWidget* owner, FileDialogKind kind, OpenFileName& 
     setUpFilters();
     setUpStart();
     if (!has(OFN_HIDEREADONLY)) setUpCheckBox();
+    // The toolkit's own dialog is larger than a small screen with large writing.
+    dialog_.resize(dialog_.size().boundedTo(dialog_.screen()->availableSize() * kShareOfScreen));
 }
 
 bool FileDialogRun::show() {

@@ -19,7 +19,7 @@ namespace mergeloom {
 namespace {
 
 constexpr int kCharactersInLine = 72;
-constexpr int kLines = 16;
+constexpr int kLines = 22;
 
 }  // namespace
 
