@@ -201,6 +201,9 @@ std::vector<MarkPtr> StoryMap::marksCoveredBy(Stretch stretch) const {
 }
 
 Stretch StoryMap::inWriter(Stretch stretch) const {
+    // No cursor goes behind the last paragraph's mark.
+    const CharacterPosition last{length_.value - 1};
+    stretch = {std::min(stretch.start, last), std::min(stretch.end, last)};
     if (stretch.start == stretch.end || placeOf(stretch.start).text == placeOf(stretch.end).text) {
         return stretch;
     }

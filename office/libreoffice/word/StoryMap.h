@@ -61,7 +61,8 @@ class StoryMap {
     [[nodiscard]] std::vector<MarkPtr> marksIn(Stretch stretch) const;
     /// The bookmarks all of whose text the stretch covers.
     [[nodiscard]] std::vector<MarkPtr> marksCoveredBy(Stretch stretch) const;
-    /// The stretch as Writer can mark it: without the marks of cells and rows at its end.
+    /// The stretch as Writer can mark it: without the marks of cells and rows at its end, and without the
+    /// story's last mark.
     [[nodiscard]] Stretch inWriter(Stretch stretch) const;
 
     void addObject(const ObjectPtr& object) { objects_.push_back(object); }

@@ -4,6 +4,7 @@
 #include "office/libreoffice/word/WriterDocument.h"
 
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/text/XTextViewCursorSupplier.hpp>
 
 namespace mergeloom::libreoffice {
@@ -28,7 +29,8 @@ ViewCursor cursorOf(const WriterModel& model) {
 /// What is done meanwhile is no step that can be taken back, and the document's mark of changes stays.
 class Unnoticed {
   public:
-    explicit Unnoticed(const WriterModel& model) : model_(model), wasModified_(model.modifiable->isModified()) {
+    explicit Unnoticed(const WriterModel& model)
+        : model_(model), wasModified_(model.modifiable->isModified()) {
         model_.undo->lock();
     }
     Unnoticed(const Unnoticed&) = delete;
@@ -51,7 +53,7 @@ void markViewSelection(const WriterModel& model) try {
     const Reference<css::text::XTextContent> mark(model.factory->createInstance("com.sun.star.text.Bookmark"),
                                                   UNO_QUERY_THROW);
     Reference<css::container::XNamed>(mark, UNO_QUERY_THROW)->setName(OUString::createFromAscii(kViewMark));
-    cursor->getText()->insertTextContent(cursor, mark, true);
+    cursor->getText()->insertTextContent(RangeReference(cursor.get()), mark, true);
 } catch (const css::lang::DisposedException&) {
     throw;
 } catch (const css::uno::Exception&) {

@@ -100,12 +100,12 @@ TEST_P(OfficeTables, LieAroundTheCaret) {
         const std::string name = "P" + std::to_string(id);
         EXPECT_EQ(bookmark(name)->Range()->Text(), "m") << name;
         goToEnd(name);
-        selection->TypeText("x");
+        selection->TypeText("xy");
         document->Bookmarks()->Add("New", *selection->Range()->Previous(word::WdUnits::wdCharacter, 1));
         selection->TypeText("\rz");
         goTo(name);
         selection->TypeText("s");
-        const std::string expected = "t[" + name + ":sm][New:x]\nzu\n";
+        const std::string expected = "t[" + name + ":sm]x[New:y]\nzu\n";
         const std::string found = body();
         EXPECT_NE(found.find(expected), std::string::npos) << name << " in " << found;
     }
