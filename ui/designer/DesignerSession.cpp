@@ -63,7 +63,10 @@ std::unique_ptr<TemplateOffice> DesignerSession::makeTemplates() {
 
 DesignerSession::~DesignerSession() {
     if (attempt_) attempt_->isGivenUp = true;
-    worker_.run([this] { office_.end(); });
+    worker_.run([this] {
+        office_.end();
+        lifecycle_.Terminate();
+    });
 }
 
 std::string DesignerSession::officeBuild() const {
@@ -201,7 +204,12 @@ void DesignerSession::post(OfficeJobs::Job job) {
 
 bool DesignerSession::unload() {
     if (worker_.isWaitedFor()) return false;
-    cancelStart();
+    if (state_ == OfficeState::Starting || state_ == OfficeState::Stopped) {
+        // Nothing is there to be saved, so the office's thread need not be waited for.
+        cancelStart();
+        lifecycle_.Terminate();
+        return true;
+    }
     bool mayClose = false;
     worker_.run([&] { mayClose = lifecycle_.Unload(); });
     return mayClose;

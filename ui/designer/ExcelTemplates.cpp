@@ -64,11 +64,11 @@ model::OfficeDocument* ExcelTemplates::document() {
     return workbook_.get();
 }
 
-std::vector<OfferedFormat> ExcelTemplates::templateFormats() {
+std::vector<OfferedFormat> ExcelTemplates::templateFormats(FormatUse use) {
     const excel::ApplicationPtr office = hosted()->Application();
     return offeredExcelFormats(majorOfficeVersion(office->Version()), [&](int format) {
         return excelOfficeDocumentType(format) == ExcelOfficeDocumentType::Template &&
-               office->canSaveAs(static_cast<excel::XlFileFormat>(format));
+               (use == FormatUse::Open || office->canSaveAs(static_cast<excel::XlFileFormat>(format)));
     });
 }
 

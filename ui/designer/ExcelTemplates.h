@@ -17,7 +17,7 @@ class ExcelTemplates final : public TemplateOffice {
     void setUpView() override;
     void restoreView() override {}
     model::OfficeDocument* document() override;
-    std::vector<OfferedFormat> templateFormats() override;
+    std::vector<OfferedFormat> templateFormats(FormatUse use) override;
     [[nodiscard]] const char* defaultExtension() const override { return "xltx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     void saveAs(const std::string& path) override;

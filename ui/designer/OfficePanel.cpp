@@ -13,7 +13,7 @@ OfficePanel::OfficePanel(QWidget* parent)
       sentence_(new QLabel(this)),
       progress_(new QProgressBar(this)),
       cmdCancel_(new QPushButton(tr("&Cancel"), this)),
-      cmdStart_(new QPushButton(tr("&Start again"), this)) {
+      cmdStart_(new QPushButton(tr("Start &again"), this)) {
     // What lies over a native window has to be one, too.
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_NativeWindow);

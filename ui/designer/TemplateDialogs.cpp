@@ -19,14 +19,14 @@ std::string patternsOf(const std::vector<OfferedFormat>& formats) {
 /// An entry for all templates, and one for everything else that the office opens.
 std::string openFilter(TemplateOffice& office) {
     const std::string templates =
-        AddFilter("", office.texts().typeName, patternsOf(office.templateFormats()));
+        AddFilter("", office.texts().typeName, patternsOf(office.templateFormats(FormatUse::Open)));
     return AddFilter(templates, "All Files", "*");
 }
 
 /// An entry for each format, since the entry that is chosen decides the format.
 std::string saveFilter(TemplateOffice& office) {
     std::string filter;
-    for (const OfferedFormat& format : office.templateFormats())
+    for (const OfferedFormat& format : office.templateFormats(FormatUse::Save))
         filter = AddFilter(filter, format.name, format.filter);
     return filter;
 }

@@ -19,6 +19,9 @@ struct TemplateTexts {
     const char* saveProcedure;
 };
 
+/// What a format is offered for. An office writes fewer than it reads.
+enum class FormatUse { Open, Save };
+
 /// What opening and saving templates is in one kind of office, inside the window. Members raise what the host
 /// raises.
 class TemplateOffice {
@@ -42,8 +45,8 @@ class TemplateOffice {
 
     /// The hosted document when it is one of this office, or none.
     virtual model::OfficeDocument* document() = 0;
-    /// The formats of templates that the office can write, in the order of dialogs.
-    virtual std::vector<OfferedFormat> templateFormats() = 0;
+    /// The formats of templates, in the order of dialogs.
+    virtual std::vector<OfferedFormat> templateFormats(FormatUse use) = 0;
     [[nodiscard]] virtual const char* defaultExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;
     /// Saves the hosted document in the format of the path's extension.

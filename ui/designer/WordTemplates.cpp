@@ -99,11 +99,11 @@ model::OfficeDocument* WordTemplates::document() {
     return document_.get();
 }
 
-std::vector<OfferedFormat> WordTemplates::templateFormats() {
+std::vector<OfferedFormat> WordTemplates::templateFormats(FormatUse use) {
     const word::ApplicationPtr office = hosted()->Application();
     return offeredWordFormats(majorOfficeVersion(office->Version()), [&](int format) {
         return wordOfficeDocumentType(format) == WordOfficeDocumentType::Template &&
-               office->canSaveAs(static_cast<word::WdSaveFormat>(format));
+               (use == FormatUse::Open || office->canSaveAs(static_cast<word::WdSaveFormat>(format)));
     });
 }
 

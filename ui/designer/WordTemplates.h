@@ -30,7 +30,7 @@ class WordTemplates final : public TemplateOffice {
     void setUpView() override;
     void restoreView() override;
     model::OfficeDocument* document() override;
-    std::vector<OfferedFormat> templateFormats() override;
+    std::vector<OfferedFormat> templateFormats(FormatUse use) override;
     [[nodiscard]] const char* defaultExtension() const override { return "dotx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     void saveAs(const std::string& path) override;

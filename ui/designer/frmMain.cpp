@@ -33,6 +33,10 @@ FieldConversion conversionIn(HostedPart part) {
     return part == HostedPart::Word ? FieldConversion::Offered : FieldConversion::Missing;
 }
 
+void setHelpTopic(QWidget& widget, const char* topic) {
+    widget.setProperty(kHelpTopicProperty, QString::fromLatin1(topic));
+}
+
 /// Empty when the switch is absent or has no value.
 std::string fileOfSwitch(std::int32_t place) {
     const std::string value = GetCommandLineArgument(place);
@@ -83,6 +87,10 @@ void frmMain::layOut() {
     splitter_->setChildrenCollapsible(false);
     splitter_->setStretchFactor(splitter_->indexOf(area_), 1);
     setCentralWidget(splitter_);
+    setHelpTopic(*this, "window.html");
+    setHelpTopic(*tree_, "tree.html");
+    setHelpTopic(area_->pane(), "drag-field.html");
+    setHelpTopic(area_->panel(), "office-ended.html");
     cmdHelp_->setObjectName(QStringLiteral("cmdHelp"));
     cmdHelp_->setAccessibleDescription(tr("Opens the help about what has the keyboard."));
     busy_->setAccessibleName(tr("Progress"));
