@@ -71,7 +71,7 @@ TEST(TreeFilter, FindsWhatAPlainSearchFinds) {
             const Expected expected = searchPlainly(
                 *tree, [&](const TreeNode& node) { return search.texts.contains(node.Text()); });
             ASSERT_TRUE(found);
-            EXPECT_EQ(shownIn(found->rows, tree->Count()), expected.shown);
+            EXPECT_EQ(shownIn(*found->rows, tree->Count()), expected.shown);
             EXPECT_EQ(std::set(found->expanded.begin(), found->expanded.end()), expected.expanded);
             EXPECT_TRUE(std::ranges::is_sorted(found->expanded));
             EXPECT_EQ(found->count, expected.count);

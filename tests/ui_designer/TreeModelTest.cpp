@@ -15,10 +15,10 @@ QIcon noIcon(const QString& /*key*/) {
 }
 
 /// The shown nodes below a parent as the tree's own links tell them: a line each, indented by level.
-std::string linesOf(const TreeNode* node, const std::vector<bool>& shown, int level = 0) {
+std::string linesOf(const TreeNode* node, const std::vector<char>& shown, int level = 0) {
     std::string lines;
     for (; node != nullptr; node = node->Next()) {
-        if (!shown[static_cast<std::size_t>(node->Index())]) continue;
+        if (shown[static_cast<std::size_t>(node->Index())] == 0) continue;
         lines += std::string(static_cast<std::size_t>(level), ' ') + std::to_string(node->Index()) + " " +
                  node->Text() + "\n" + linesOf(node->Child(), shown, level + 1);
     }
@@ -47,13 +47,13 @@ TEST(TreeModel, ShowsRandomTreesAndPartsOfThem) {
     EXPECT_EQ(linesOf(model), "");
     for (int round = 0; round < 60; ++round) {
         const std::shared_ptr<TreeView> tree = randomTree(chance);
-        std::vector<bool> shown(static_cast<std::size_t>(tree->Count()) + 1, true);
+        std::vector<char> shown(static_cast<std::size_t>(tree->Count()) + 1, 1);
         model.setTree(tree);
         EXPECT_EQ(linesOf(model), linesOf(tree->First(), shown));
 
         for (std::size_t node = 1; node < shown.size(); ++node)
-            shown[node] = chance() % 4 != 0;
-        model.setRows(TreeModelRows(*tree, shown));
+            shown[node] = chance() % 4 != 0 ? 1 : 0;
+        model.setRows(std::make_shared<TreeModelRows>(TreeModelRows::parentsIn(*tree), shown));
         EXPECT_EQ(linesOf(model), linesOf(tree->First(), shown)) << "round " << round;
     }
     model.setTree(nullptr);
@@ -67,7 +67,8 @@ TEST(TreeModel, TellsWhatIsHidden) {
     tree->Add(2, 0, "Label");
     TreeModel model(noIcon);
     model.setTree(tree);
-    model.setRows(TreeModelRows(*tree, {true, true, false, true}));
+    model.setRows(
+        std::make_shared<TreeModelRows>(TreeModelRows::parentsIn(*tree), std::vector<char>{1, 1, 0, 1}));
     EXPECT_TRUE(model.indexOf(1).isValid());
     EXPECT_FALSE(model.indexOf(2).isValid());
     EXPECT_FALSE(model.indexOf(3).isValid()) << "its parent is hidden";

@@ -37,44 +37,16 @@ bool containsAll(std::string_view text, const std::vector<std::string>& words) {
         words, [&](const std::string& word) { return text.find(word) != std::string_view::npos; });
 }
 
-/// The nodes that a search shows, by their Index.
-struct ShownNodes {
-    explicit ShownNodes(std::size_t size) : matching(size), shown(size), expanded(size) {}
-
-    std::vector<bool> matching;
-    std::vector<bool> shown;
-    std::vector<bool> expanded;
-};
-
-/// Parents have smaller numbers than their children, so one way back over the nodes reaches every ancestor.
-void showAncestors(TreeView& tree, ShownNodes& nodes) {
-    for (int number = tree.Count(); number > 0; --number) {
-        const auto at = static_cast<std::size_t>(number);
-        if (nodes.matching[at]) nodes.shown[at] = true;
-        if (!nodes.shown[at]) continue;
-        const TreeNode* const parent = tree.Item(number)->Parent();
-        if (parent == nullptr) continue;
-        const auto above = static_cast<std::size_t>(parent->Index());
-        nodes.shown[above] = true;
-        nodes.expanded[above] = true;
-    }
-}
-
 /// Drop kinds are the nodes without a key below one with a key.
-void showDropKindsOfMatches(TreeView& tree, ShownNodes& nodes) {
-    for (int number = 1; number <= tree.Count(); ++number) {
-        const TreeNode& node = *tree.Item(number);
-        const TreeNode* const parent = node.Key().empty() ? node.Parent() : nullptr;
-        if (parent == nullptr || parent->Key().empty()) continue;
-        const auto at = static_cast<std::size_t>(number);
-        if (nodes.matching[static_cast<std::size_t>(parent->Index())]) nodes.shown[at] = true;
-    }
+bool isDropKind(const TreeNode& node) {
+    const TreeNode* const parent = node.Key().empty() ? node.Parent() : nullptr;
+    return parent != nullptr && !parent->Key().empty();
 }
 
-std::vector<int> numbersOf(const std::vector<bool>& flags) {
+std::vector<int> numbersOf(const std::vector<char>& flags) {
     std::vector<int> numbers;
     for (std::size_t at = 0; at < flags.size(); ++at) {
-        if (flags[at]) numbers.push_back(static_cast<int>(at));
+        if (flags[at] != 0) numbers.push_back(static_cast<int>(at));
     }
     return numbers;
 }
@@ -89,12 +61,13 @@ std::string foldForSearch(const QString& text) {
     return folded.toStdString();
 }
 
-TreeFilterIndex::TreeFilterIndex(TreeView& tree) : tree_(tree) {
+TreeFilterIndex::TreeFilterIndex(TreeView& tree) : parents_(TreeModelRows::parentsIn(tree)) {
     std::unordered_map<const std::string*, std::uint32_t> known;
-    textOfNode_.reserve(static_cast<std::size_t>(tree.Count()) + 1);
     textOfNode_.push_back(0);
+    isDropKind_.push_back(0);
     for (int number = 1; number <= tree.Count(); ++number) {
         const TreeNode& node = *tree.Item(number);
+        isDropKind_.push_back(isDropKind(node) ? 1 : 0);
         // Nodes with the same text share it, so its place in memory tells it from the others.
         const auto next = static_cast<std::uint32_t>(textEnds_.size());
         const auto [place, isNew] = known.try_emplace(&node.Text(), next);
@@ -113,21 +86,37 @@ std::string_view TreeFilterIndex::text(std::size_t number) const {
 std::optional<TreeFilterMatches> TreeFilterIndex::find(const QString& words,
                                                        const std::function<bool()>& isOutdated) const {
     const std::vector<std::string> folded = foldedWords(words);
-    std::vector<bool> matchingTexts(textEnds_.size());
-    for (std::size_t number = 0; number < matchingTexts.size(); ++number) {
+    std::vector<char> textMatches(textEnds_.size());
+    for (std::size_t number = 0; number < textMatches.size(); ++number) {
         if (number % kAskingEvery == 0 && isOutdated()) return {};
-        matchingTexts[number] = containsAll(text(number), folded);
+        textMatches[number] = containsAll(text(number), folded) ? 1 : 0;
     }
-
-    ShownNodes nodes(textOfNode_.size());
-    for (std::size_t at = 1; at < textOfNode_.size(); ++at)
-        nodes.matching[at] = matchingTexts[textOfNode_[at]];
-    showAncestors(tree_, nodes);
-    showDropKindsOfMatches(tree_, nodes);
+    std::vector<char> matching(parents_.size());
+    for (std::size_t node = 1; node < parents_.size(); ++node)
+        matching[node] = textMatches[textOfNode_[node]];
     if (isOutdated()) return {};
-    const std::vector<int> matching = numbersOf(nodes.matching);
-    return TreeFilterMatches{TreeModelRows(tree_, nodes.shown), numbersOf(nodes.expanded),
-                             static_cast<int>(matching.size()), matching.empty() ? 0 : matching.front()};
+    return show(matching);
+}
+
+TreeFilterMatches TreeFilterIndex::show(const std::vector<char>& matching) const {
+    std::vector<char> shown = matching;
+    std::vector<char> expanded(parents_.size());
+    // Parents have smaller numbers than their children, so one way back over the nodes reaches every
+    // ancestor.
+    for (std::size_t node = parents_.size() - 1; node > 0; --node) {
+        if (shown[node] == 0) continue;
+        const auto parent = static_cast<std::size_t>(parents_[node]);
+        shown[parent] = 1;
+        expanded[parent] = 1;
+    }
+    expanded[0] = 0;
+    for (std::size_t node = 1; node < parents_.size(); ++node) {
+        if (isDropKind_[node] != 0 && matching[static_cast<std::size_t>(parents_[node])] != 0)
+            shown[node] = 1;
+    }
+    const std::vector<int> matches = numbersOf(matching);
+    return {std::make_shared<TreeModelRows>(parents_, shown), numbersOf(expanded),
+            static_cast<int>(matches.size()), matches.empty() ? 0 : matches.front()};
 }
 
 }  // namespace mergeloom

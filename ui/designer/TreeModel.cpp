@@ -21,16 +21,20 @@ bool isDraggable(const TreeNode& node) {
 }
 
 TreeModel::TreeModel(IconOf iconOf, QObject* parent)
-    : QAbstractItemModel(parent), iconOf_(std::move(iconOf)) {}
+    : QAbstractItemModel(parent),
+      iconOf_(std::move(iconOf)),
+      allRows_(std::make_shared<TreeModelRows>()),
+      rows_(allRows_) {}
 
 void TreeModel::setTree(std::shared_ptr<TreeView> tree) {
     beginResetModel();
     tree_ = std::move(tree);
-    rows_ = tree_ ? TreeModelRows(*tree_) : TreeModelRows();
+    allRows_ = tree_ ? std::make_shared<TreeModelRows>(*tree_) : std::make_shared<TreeModelRows>();
+    rows_ = allRows_;
     endResetModel();
 }
 
-void TreeModel::setRows(TreeModelRows rows) {
+void TreeModel::setRows(std::shared_ptr<const TreeModelRows> rows) {
     beginResetModel();
     rows_ = std::move(rows);
     endResetModel();
@@ -41,14 +45,14 @@ const TreeNode* TreeModel::node(const QModelIndex& index) const {
 }
 
 QModelIndex TreeModel::indexOf(int node) const {
-    const int row = rows_.row(node);
+    const int row = rows_->row(node);
     return row < 0 ? QModelIndex() : createIndex(row, 0, static_cast<quintptr>(node));
 }
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
     if (column != 0 || row < 0 || row >= rowCount(parent)) return {};
     // An invalid index has the number 0, which is what stands above the top level.
-    return createIndex(row, 0, static_cast<quintptr>(rows_.child(nodeNumber(parent), row)));
+    return createIndex(row, 0, static_cast<quintptr>(rows_->child(nodeNumber(parent), row)));
 }
 
 QModelIndex TreeModel::parent(const QModelIndex& child) const {
@@ -57,7 +61,7 @@ QModelIndex TreeModel::parent(const QModelIndex& child) const {
 }
 
 int TreeModel::rowCount(const QModelIndex& parent) const {
-    return parent.column() > 0 ? 0 : rows_.childCount(nodeNumber(parent));
+    return parent.column() > 0 ? 0 : rows_->childCount(nodeNumber(parent));
 }
 
 int TreeModel::columnCount(const QModelIndex&) const {

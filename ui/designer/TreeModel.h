@@ -29,7 +29,9 @@ class TreeModel : public QAbstractItemModel {
     /// Shows all nodes of a tree, or none for none. A tree that is shown must not be changed.
     void setTree(std::shared_ptr<TreeView> tree);
     /// Shows other rows of the same tree.
-    void setRows(TreeModelRows rows);
+    void setRows(std::shared_ptr<const TreeModelRows> rows);
+    /// The rows of the whole tree.
+    [[nodiscard]] const std::shared_ptr<const TreeModelRows>& allRows() const { return allRows_; }
     [[nodiscard]] const std::shared_ptr<TreeView>& tree() const { return tree_; }
 
     /// The node of an index; none for an invalid one.
@@ -55,7 +57,8 @@ class TreeModel : public QAbstractItemModel {
   private:
     IconOf iconOf_;
     std::shared_ptr<TreeView> tree_;
-    TreeModelRows rows_;
+    std::shared_ptr<const TreeModelRows> allRows_;
+    std::shared_ptr<const TreeModelRows> rows_;
 };
 
 }  // namespace mergeloom

@@ -8,38 +8,38 @@ namespace {
 
 constexpr int kNotShown = -1;
 
-int parentOf(const TreeNode& node) {
-    const TreeNode* const parent = node.Parent();
-    return parent != nullptr ? parent->Index() : 0;
-}
-
 }  // namespace
 
+std::vector<int> TreeModelRows::parentsIn(TreeView& tree) {
+    std::vector<int> parents{0};
+    parents.reserve(static_cast<std::size_t>(tree.Count()) + 1);
+    for (int node = 1; node <= tree.Count(); ++node) {
+        const TreeNode* const parent = tree.Item(node)->Parent();
+        parents.push_back(parent != nullptr ? parent->Index() : 0);
+    }
+    return parents;
+}
+
 TreeModelRows::TreeModelRows(TreeView& tree)
-    : TreeModelRows(tree, std::vector<bool>(static_cast<std::size_t>(tree.Count()) + 1, true)) {}
+    : TreeModelRows(parentsIn(tree), std::vector<char>(static_cast<std::size_t>(tree.Count()) + 1, 1)) {}
 
 // Nodes are numbered in the order in which they were added: a parent before its children, children in their
 // order.
-TreeModelRows::TreeModelRows(TreeView& tree, const std::vector<bool>& shown)
-    : firstChild_(static_cast<std::size_t>(tree.Count()) + 2),
-      rows_(static_cast<std::size_t>(tree.Count()) + 1, kNotShown) {
+TreeModelRows::TreeModelRows(const std::vector<int>& parents, const std::vector<char>& shown)
+    : firstChild_(parents.size() + 1), rows_(parents.size(), kNotShown) {
     // Counts the children of each node behind its place; the sums over that are where the next one's begin.
-    const auto countBehind = [&](int parent) -> int& {
-        return firstChild_[static_cast<std::size_t>(parent) + 1];
-    };
     rows_[0] = 0;
-    for (int node = 1; node <= tree.Count(); ++node) {
-        const auto at = static_cast<std::size_t>(node);
-        const int parent = shown[at] ? parentOf(*tree.Item(node)) : 0;
-        if (shown[at] && row(parent) != kNotShown) rows_[at] = countBehind(parent)++;
+    for (std::size_t node = 1; node < parents.size(); ++node) {
+        const auto parent = static_cast<std::size_t>(parents[node]);
+        if (shown[node] != 0 && rows_[parent] != kNotShown) rows_[node] = firstChild_[parent + 1]++;
     }
     rows_[0] = kNotShown;
     std::partial_sum(firstChild_.begin(), firstChild_.end(), firstChild_.begin());
     children_.resize(static_cast<std::size_t>(firstChild_.back()));
-    for (int node = 1; node <= tree.Count(); ++node) {
-        if (row(node) == kNotShown) continue;
-        const auto first = firstChild_[static_cast<std::size_t>(parentOf(*tree.Item(node)))];
-        children_[static_cast<std::size_t>(first + row(node))] = node;
+    for (std::size_t node = 1; node < parents.size(); ++node) {
+        if (rows_[node] == kNotShown) continue;
+        const int first = firstChild_[static_cast<std::size_t>(parents[node])];
+        children_[static_cast<std::size_t>(first + rows_[node])] = static_cast<int>(node);
     }
 }
 

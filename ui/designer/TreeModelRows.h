@@ -10,13 +10,16 @@ namespace mergeloom {
 /// Index; 0 stands for what is above the top level. Every question is answered at once.
 class TreeModelRows {
   public:
+    /// The parents of a tree's nodes at the nodes' Index, 0 for those of the top level.
+    static std::vector<int> parentsIn(TreeView& tree);
+
     /// The rows of no tree.
     TreeModelRows() = default;
     /// The rows of all nodes of a tree.
     explicit TreeModelRows(TreeView& tree);
-    /// The rows of the nodes whose flag, at their Index, is set. A node whose parent is not shown is not
-    /// shown.
-    TreeModelRows(TreeView& tree, const std::vector<bool>& shown);
+    /// The rows of the nodes whose flag is set. A node whose parent is not shown is not shown. Flags and
+    /// parents stand at the nodes' Index; what stands at 0 is of no account.
+    TreeModelRows(const std::vector<int>& parents, const std::vector<char>& shown);
 
     [[nodiscard]] int childCount(int node) const;
     /// The node in a row from 0 to childCount - 1.

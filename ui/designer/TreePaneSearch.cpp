@@ -53,7 +53,7 @@ void TreePaneSearch::showAll() {
     if (!former_) return;
     const Look look = *std::exchange(former_, std::nullopt);
     result_.hide();
-    view_.showRows(TreeModelRows(*model_.tree()), look.expanded);
+    view_.showRows(model_.allRows(), look.expanded);
     view_.clearSelection();
     view_.selectNode(look.selected);
     view_.scrollToPosition(look.scrollPosition);

@@ -86,7 +86,7 @@ void TreePaneView::scrollToPosition(int position) {
     verticalScrollBar()->setValue(position);
 }
 
-void TreePaneView::showRows(TreeModelRows rows, std::vector<int> expanded) {
+void TreePaneView::showRows(std::shared_ptr<const TreeModelRows> rows, std::vector<int> expanded) {
     const TreeNode* const selected = selectedNode();
     model_.setRows(std::move(rows));
     toExpand_ = std::move(expanded);

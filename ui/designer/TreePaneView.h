@@ -28,7 +28,7 @@ class TreePaneView : public QTreeView {
 
     /// Shows other rows, with these nodes expanded: the first ones at once, a large number of others little
     /// by little. The selected node stays selected if it is shown; the view goes to the top.
-    void showRows(TreeModelRows rows, std::vector<int> expanded);
+    void showRows(std::shared_ptr<const TreeModelRows> rows, std::vector<int> expanded);
     /// Scrolls so that a row stands at the top as scrollPosition told it.
     void scrollToPosition(int position);
 
