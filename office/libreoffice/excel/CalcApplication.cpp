@@ -19,8 +19,8 @@ class CalcUndoRecord final : public model::UndoRecord {
   public:
     explicit CalcUndoRecord(CalcContentPtr content) : content_(std::move(content)) {}
 
-    void StartCustomRecord(const std::string&) override { content_->undo().start(); }
-    void EndCustomRecord() override { content_->undo().stop(); }
+    void StartCustomRecord(const std::string& name) override { content_->startRecord(name); }
+    void EndCustomRecord() override { content_->endRecord(); }
 
   private:
     CalcContentPtr content_;

@@ -15,6 +15,7 @@
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 
 namespace mergeloom::libreoffice {
@@ -53,6 +54,10 @@ CalcFont defaultFontOf(const DocumentReference& document) {
     return font;
 }
 
+UndoUser userOf(LibreOfficeSession& session) {
+    return session.files().showsDocuments() ? UndoUser::Everybody : UndoUser::Model;
+}
+
 Reference<css::sheet::XNamedRanges> namesIn(const Reference<css::uno::XInterface>& owner) {
     const Reference<css::beans::XPropertySet> properties(owner, UNO_QUERY_THROW);
     return {properties->getPropertyValue("NamedRanges"), UNO_QUERY_THROW};
@@ -68,9 +73,10 @@ CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore&
       workbook_(faceOf<css::sheet::XSpreadsheetDocument>(connection(), document_)),
       factory_(faceOf<css::lang::XMultiServiceFactory>(connection(), document_)),
       undo_(connection(), undoManagerOf(connection(), document_),
-            faceOf<css::frame::XModel>(connection(), document_)),
+            faceOf<css::frame::XModel>(connection(), document_), userOf(*session_)),
       pending_(connection(), undo_),
-      fonts_(connection()) {
+      fonts_(connection()),
+      isShown_(session_->files().showsDocuments()) {
     connection().call([&] {
         readSheets();
         readSheetKinds();
@@ -78,8 +84,14 @@ CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore&
     });
 }
 
+CalcContent::CalcContent(CalcContent& former)
+    : CalcContent(former.session_, former.files_, former.document_) {
+    isSaved_ = former.isSaved_;
+    former.closesDocument_ = false;
+}
+
 CalcContent::~CalcContent() {
-    session_->files().close(document_);
+    if (closesDocument_) session_->files().close(document_);
 }
 
 void CalcContent::readSheets() {
@@ -182,6 +194,30 @@ bool CalcContent::showsTruth(sal_Int32 numberFormat) {
     return (type & css::util::NumberFormat::LOGICAL) != 0;
 }
 
+void CalcContent::startRecord(const std::string& name) {
+    if (isShown_) pending_.settle();
+    undo_.start(name);
+}
+
+/// What waits belongs to the step that a user may take back.
+void CalcContent::endRecord() {
+    if (isShown_) pending_.settle();
+    undo_.stop();
+}
+
+bool CalcContent::isSaved() {
+    if (!isShown_ || !isSaved_) return isSaved_;
+    return connection().call(
+        [&] { return !Reference<css::util::XModifiable>(document_, UNO_QUERY_THROW)->isModified(); });
+}
+
+void CalcContent::setSaved(bool isSaved) {
+    isSaved_ = isSaved;
+    if (!isShown_) return;
+    connection().call(
+        [&] { Reference<css::util::XModifiable>(document_, UNO_QUERY_THROW)->setModified(!isSaved); });
+}
+
 void CalcContent::touch() {
     undo_.change();
     isSaved_ = false;
@@ -203,6 +239,9 @@ void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& d
         const Reference<css::table::XColumnRowRange> cells(sheet, UNO_QUERY_THROW);
         const Reference<css::beans::XPropertySet> columns(cells->getColumns(), UNO_QUERY_THROW);
         columns->setPropertyValue("Width", css::uno::Any(units.lengthOf(kColumnPixels)));
+        // Nobody is to take that back, or to be asked whether to save it.
+        Reference<css::document::XUndoManagerSupplier>(document, UNO_QUERY_THROW)->getUndoManager()->clear();
+        Reference<css::util::XModifiable>(document, UNO_QUERY_THROW)->setModified(false);
     });
 }
 

@@ -20,10 +20,14 @@
 namespace mergeloom::libreoffice {
 
 /// An open workbook: the office's document and what this side remembers of it, so that questions which are
-/// asked for each place need no remote call. Nobody else changes the document.
+/// asked for each place need no remote call. Nobody else changes the document; where it is shown to a user,
+/// there is a new one for each time that the object model works with it.
 class CalcContent {
   public:
     CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files, DocumentReference document);
+    /// Takes over the document of another one, which somebody else may have changed since; what the other
+    /// holds serves to take steps back.
+    explicit CalcContent(CalcContent& former);
     CalcContent(const CalcContent&) = delete;
     CalcContent& operator=(const CalcContent&) = delete;
     /// Closes the document without saving it.
@@ -52,6 +56,8 @@ class CalcContent {
     /// The names of the workbook or of one of its sheets, when none waits any more. Within a call.
     [[nodiscard]] Reference<css::sheet::XNamedRanges> namesOf(int sheet);
 
+    void startRecord(const std::string& name);
+    void endRecord();
     [[nodiscard]] CalcUndo& undo() { return undo_; }
     [[nodiscard]] CalcPending& pending() { return pending_; }
     [[nodiscard]] CalcFonts& fonts() { return fonts_; }
@@ -59,8 +65,8 @@ class CalcContent {
     /// Whether a number format shows truth values. Within a call.
     [[nodiscard]] bool showsTruth(sal_Int32 numberFormat);
 
-    [[nodiscard]] bool isSaved() const { return isSaved_; }
-    void setSaved(bool isSaved) { isSaved_ = isSaved; }
+    [[nodiscard]] bool isSaved();
+    void setSaved(bool isSaved);
     /// A change is about to be made.
     void touch();
 
@@ -85,7 +91,9 @@ class CalcContent {
     std::vector<std::unique_ptr<CalcSheet>> sheets_;
     std::size_t activeSheet_ = 0;
     CalcNameIndex names_;
+    const bool isShown_;
     bool isSaved_ = true;
+    bool closesDocument_ = true;
 };
 
 using CalcContentPtr = std::shared_ptr<CalcContent>;

@@ -2,6 +2,13 @@
 
 #include "office/libreoffice/excel/CalcWorkbook.h"
 
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
+#include <utility>
+#include <vector>
+
 namespace mergeloom::libreoffice {
 
 namespace {
@@ -10,10 +17,71 @@ CalcWorkbook& calcOf(excel::Workbook& workbook) {
     return dynamic_cast<CalcWorkbook&>(workbook);
 }
 
+Reference<css::frame::XModel> modelOf(CalcWorkbook& workbook) {
+    return {workbook.document(), UNO_QUERY_THROW};
+}
+
+/// None when something else than cells is selected.
+std::vector<CalcArea> areasOf(const Reference<css::uno::XInterface>& selection) {
+    const Reference<css::sheet::XCellRangeAddressable> one(selection, UNO_QUERY);
+    if (one.is()) return {areaOf(one->getRangeAddress())};
+    std::vector<CalcArea> areas;
+    const Reference<css::sheet::XSheetCellRanges> several(selection, UNO_QUERY);
+    if (!several.is()) return areas;
+    for (const css::table::CellRangeAddress& address : several->getRangeAddresses())
+        areas.push_back(areaOf(address));
+    return areas;
+}
+
+/// The active cell and the active sheet come with the content.
+void takeSelection(CalcContent& content, const Reference<css::frame::XModel>& model) {
+    if (!content.hasActiveCells()) return;
+    CalcSheet& sheet = content.sheet(content.activeSheet());
+    std::vector<CalcArea> areas = areasOf(model->getCurrentSelection());
+    if (!areas.empty()) sheet.select({sheet.selection().activeCell, std::move(areas)});
+}
+
+void showSelection(CalcContent& content, const Reference<css::frame::XController>& view) {
+    if (!content.hasActiveCells()) return;
+    CalcSheet& sheet = content.sheet(content.activeSheet());
+    Reference<css::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheet.uno());
+    const std::vector<CalcArea>& areas = sheet.selection().areas;
+    if (areas.size() != 1) return;
+    const CalcArea& area = areas.front();
+    const Reference<css::view::XSelectionSupplier> selection(view, UNO_QUERY_THROW);
+    // One cell as a range would be marked.
+    const bool isOne = area.first == area.last;
+    selection->select(isOne ? css::uno::Any(sheet.cell(area.first)) : css::uno::Any(sheet.range(area)));
+}
+
 }  // namespace
 
 DocumentReference componentOf(excel::Workbook& workbook) {
-    return calcOf(workbook).content()->document();
+    return calcOf(workbook).document();
+}
+
+void beginEditing(excel::Workbook& workbook) {
+    CalcWorkbook& calc = calcOf(workbook);
+    calc.endInput();
+    calc.forgetContent();
+    CalcContent& content = *calc.content();
+    content.connection().call([&] {
+        const Reference<css::frame::XModel> model = modelOf(calc);
+        takeSelection(content, model);
+        model->lockControllers();
+    });
+}
+
+void endEditing(excel::Workbook& workbook) {
+    CalcWorkbook& calc = calcOf(workbook);
+    CalcContent& content = *calc.content();
+    content.pending().settle();
+    content.connection().call([&] {
+        const Reference<css::frame::XModel> model = modelOf(calc);
+        model->unlockControllers();
+        showSelection(content, model->getCurrentController());
+    });
+    calc.forgetContent();
 }
 
 }  // namespace mergeloom::libreoffice

@@ -8,5 +8,9 @@
 namespace mergeloom::libreoffice {
 
 DocumentReference componentOf(excel::Workbook& workbook);
+/// The object model is to know the workbook as the user has left it, and selects what the view does. Nothing
+/// shows until the second is called, which lets the view select what the model does.
+void beginEditing(excel::Workbook& workbook);
+void endEditing(excel::Workbook& workbook);
 
 }  // namespace mergeloom::libreoffice

@@ -1,24 +1,35 @@
 #pragma once
 
+#include "office/libreoffice/excel/CalcStep.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 
 #include <com/sun/star/document/XUndoManager.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <functional>
+#include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
 namespace mergeloom::libreoffice {
 
-/// The one step that can be taken back. The step keeps its own way back from each change: Calc's undo manager
+/// Who takes steps back: the object model alone, or through the office's own list a user, too.
+enum class UndoUser { Model, Everybody };
+
+/// The steps that can be taken back. A step keeps its own way back from each change: Calc's undo manager
 /// knows nothing of shapes, copies all names of the document with each one that is added, and ended the
-/// office when a drop with a picture was taken back. It is kept from collecting steps.
+/// office when a drop with a picture was taken back. It is kept from collecting steps; where a user works
+/// with the document, too, only while a step is recorded, which then becomes one of its list. Without a user
+/// there is one step.
 class CalcUndo {
   public:
-    CalcUndo(OfficeConnection& connection, const Reference<css::document::XUndoManager>& manager,
-             Reference<css::frame::XModel> model);
+    CalcUndo(OfficeConnection& connection, Reference<css::document::XUndoManager> manager,
+             Reference<css::frame::XModel> model, UndoUser user);
+    CalcUndo(const CalcUndo&) = delete;
+    CalcUndo& operator=(const CalcUndo&) = delete;
+    ~CalcUndo();
 
-    void start();
+    void start(const std::string& name);
     void stop();
     [[nodiscard]] bool isRecording() const { return depth_ > 0; }
     /// A change is about to be made: what was recorded before cannot be taken back past it.
@@ -33,18 +44,25 @@ class CalcUndo {
     void whenForgotten(std::function<void()> cleanup);
     /// False when there is no step with a change.
     bool undo();
-    /// Forgets the step where something is hidden for its sake, so that no file gets it.
+    /// Forgets the steps where something is hidden for their sake, so that no file gets it.
     void removeWhatIsHidden();
 
   private:
     void forget();
+    void handOver();
+    [[nodiscard]] bool undoInOffice();
 
     OfficeConnection& connection_;
+    Reference<css::document::XUndoManager> manager_;
     Reference<css::frame::XModel> model_;
-    std::vector<std::function<void()>> waysBack_;
-    std::vector<std::function<void()>> cleanups_;
+    const UndoUser user_;
+    std::string name_;
+    CalcStep::Actions waysBack_;
+    CalcStep::Actions cleanups_;
+    std::vector<std::shared_ptr<CalcStep>> handedOver_;
     int depth_ = 0;
     bool hasStep_ = false;
+    bool wasEmpty_ = false;  ///< the last record
 };
 
 }  // namespace mergeloom::libreoffice

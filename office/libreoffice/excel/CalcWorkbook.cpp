@@ -8,7 +8,11 @@
 #include "office/libreoffice/excel/CalcWorksheets.h"
 
 #include <algorithm>
+#include <com/sun/star/frame/DispatchHelper.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
 #include <iterator>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -48,6 +52,9 @@ std::optional<XlFileFormat> formatOf(const std::string& path) {
     return found->format;
 }
 
+/// As many as the office keeps in its list.
+constexpr std::size_t kMostSteps = 100;
+
 [[noreturn]] void refuse(const std::string& sentence) {
     throw AutomationError(kFileCouldNotBeSaved, sentence);
 }
@@ -67,11 +74,41 @@ excel::ApplicationPtr CalcWorkbook::Application() {
 }
 
 excel::NamesPtr CalcWorkbook::Names() {
-    return std::make_shared<CalcNames>(content_);
+    return std::make_shared<CalcNames>(content());
 }
 
 excel::WorksheetsPtr CalcWorkbook::Worksheets() {
-    return std::make_shared<CalcWorksheets>(content_);
+    return std::make_shared<CalcWorksheets>(content());
+}
+
+const CalcContentPtr& CalcWorkbook::content() {
+    if (!content_) content_ = std::make_shared<CalcContent>(*formers_.back());
+    return content_;
+}
+
+/// Calc leaves it out of files. Of all that ends it, this alone does nothing else but take the selection
+/// away, which comes back.
+void CalcWorkbook::endInput() {
+    LibreOfficeSession& session = latest()->session();
+    if (!session.files().showsDocuments()) return;
+    session.connection().call([&] {
+        const Reference<css::frame::XModel> model(document(), UNO_QUERY_THROW);
+        const Reference<css::frame::XController> view = model->getCurrentController();
+        const css::uno::Any selection(model->getCurrentSelection());
+        const Reference<css::frame::XDispatchProvider> commands(view->getFrame(), UNO_QUERY_THROW);
+        css::frame::DispatchHelper::create(session.connection().context())
+            ->executeDispatch(commands, ".uno:Deselect", {}, 0, {});
+        Reference<css::view::XSelectionSupplier>(view, UNO_QUERY_THROW)->select(selection);
+    });
+}
+
+void CalcWorkbook::forgetContent() {
+    if (!content_) return;
+    content_->pending().settle();
+    formers_.push_back(std::exchange(content_, {}));
+    if (formers_.size() <= kMostSteps) return;
+    formers_.front()->undo().removeWhatIsHidden();
+    formers_.pop_front();
 }
 
 std::string CalcWorkbook::Name() {
@@ -95,10 +132,13 @@ void CalcWorkbook::SaveAs(const std::string& fileName, excel::XlFileFormat forma
 }
 
 void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format) {
-    content_->pending().settle();
-    content_->undo().removeWhatIsHidden();
-    content_->session().files().save(content_->document(), fileName, format);
-    content_->setSaved(true);
+    endInput();
+    if (content_) content_->pending().settle();
+    for (const CalcContentPtr& former : formers_)
+        former->undo().removeWhatIsHidden();
+    latest()->undo().removeWhatIsHidden();
+    latest()->session().files().save(document(), fileName, format);
+    latest()->setSaved(true);
 }
 
 void CalcWorkbook::Close(excel::SaveChanges saveChanges) {
@@ -107,8 +147,15 @@ void CalcWorkbook::Close(excel::SaveChanges saveChanges) {
     if (const auto application = application_.lock()) application->remove(*this);
 }
 
+/// While a cell takes what is typed, taking a step back ends the office.
+bool CalcWorkbook::Undo(int times) {
+    if (times <= 0) return false;
+    endInput();
+    return content()->undo().undo();
+}
+
 void CalcWorkbook::closeDocument() {
-    content_->session().files().close(content_->document());
+    latest()->session().files().close(document());
 }
 
 }  // namespace mergeloom::libreoffice

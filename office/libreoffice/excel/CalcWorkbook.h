@@ -3,6 +3,7 @@
 #include "office/libreoffice/excel/CalcContent.h"
 #include "office/model/excel/Workbook.h"
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,23 +24,30 @@ class CalcWorkbook final : public excel::Workbook {
 
     std::string Name() override;
     std::string FullName() override { return fullName_; }
-    bool Saved() override { return content_->isSaved(); }
-    void SetSaved(bool saved) override { content_->setSaved(saved); }
+    bool Saved() override { return latest()->isSaved(); }
+    void SetSaved(bool saved) override { latest()->setSaved(saved); }
 
     void Save() override;
     void SaveAs(const std::string& fileName, excel::XlFileFormat format) override;
     void Close(excel::SaveChanges saveChanges) override;
-    bool Undo(int times) override { return times > 0 && content_->undo().undo(); }
+    bool Undo(int times) override;
 
-    [[nodiscard]] const CalcContentPtr& content() const { return content_; }
+    [[nodiscard]] const CalcContentPtr& content();
+    /// Somebody else may change the document: it is read anew when something is asked of it.
+    void forgetContent();
+    /// Lets the cell take what a user types into it.
+    void endInput();
+    [[nodiscard]] const DocumentReference& document() const { return latest()->document(); }
     /// Closes the document without saving it.
     void closeDocument();
 
   private:
     void write(const std::string& fileName, excel::XlFileFormat format);
+    [[nodiscard]] const CalcContentPtr& latest() const { return content_ ? content_ : formers_.back(); }
 
     std::weak_ptr<CalcApplication> application_;
-    CalcContentPtr content_;
+    CalcContentPtr content_;              ///< none while somebody else may change the document
+    std::deque<CalcContentPtr> formers_;  ///< serve to take steps back
     std::string fullName_;
     bool hasFile_;
     std::optional<excel::XlFileFormat> format_;

@@ -134,8 +134,21 @@ void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
         if (document != kept) close(document);
 }
 
-void LibreOfficeHost::beginEditing() {}
-void LibreOfficeHost::endEditing() {}
+void LibreOfficeHost::beginEditing() {
+    edited_ = ActiveDocument();
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&edited_))
+        libreoffice::beginEditing(**document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&edited_))
+        libreoffice::beginEditing(**workbook);
+}
+
+void LibreOfficeHost::endEditing() {
+    const HostedDocument edited = std::exchange(edited_, {});
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&edited))
+        libreoffice::endEditing(**document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&edited))
+        libreoffice::endEditing(**workbook);
+}
 
 bool LibreOfficeHost::placeCaret(HostPoint point) {
     const CaretPlacement placement = call([&] {

@@ -64,6 +64,7 @@ class LibreOfficeHost final : public DocumentHost {
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
     std::list<HostFrame> frames_;  ///< the last one is in front
+    HostedDocument edited_;        ///< by the object model at the moment
     std::optional<KeyboardKeeper> keyboard_;
     std::optional<OfficeWatch> watch_;
 };
