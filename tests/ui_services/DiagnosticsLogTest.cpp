@@ -3,8 +3,13 @@
 #include "ui/services/DiagnosticsLog.h"
 #include "ui/services/StateFolder.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/file.h>
+#include <unistd.h>
 
+#include <chrono>
+#include <future>
 #include <regex>
 #include <thread>
 #include <vector>
@@ -68,20 +73,31 @@ TEST(DiagnosticsLog, GivesUpItsOldestLines) {
 TEST(DiagnosticsLog, ThreadsShareIt) {
     const TemporaryFolder folder;
     DiagnosticsLog log(folder / "log");
-    DiagnosticsLog another(folder / "log");
-    const auto write = [](DiagnosticsLog& target) {
+    const auto write = [&log] {
         for (int i = 0; i < 100; ++i)
-            target.append("0123456789");
+            log.append("0123456789");
     };
-    std::thread first(write, std::ref(log));
-    std::thread second(write, std::ref(log));
-    write(another);
-    first.join();
-    second.join();
+    std::thread other(write);
+    write();
+    other.join();
     const std::vector<std::string> lines = linesOf(folder.bytesOf("log"));
-    EXPECT_EQ(lines.size(), 300U);
+    EXPECT_EQ(lines.size(), 200U);
     for (const std::string& line : lines)
         EXPECT_TRUE(line.ends_with("Z 0123456789")) << line;
+}
+
+TEST(DiagnosticsLog, WaitsWhileAnotherWrites) {
+    const TemporaryFolder folder;
+    folder.put("log", "");
+    const int another = open((folder / "log").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(flock(another, LOCK_EX), 0);
+    DiagnosticsLog log(folder / "log");
+    const auto written = std::async(std::launch::async, [&] { log.append("later"); });
+    EXPECT_EQ(written.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    EXPECT_EQ(folder.bytesOf("log"), "");
+    close(another);
+    written.wait();
+    EXPECT_THAT(folder.bytesOf("log"), testing::EndsWith("later\n"));
 }
 
 TEST(DiagnosticsLog, CannotBeWritten) {

@@ -42,11 +42,10 @@ void giveUpOldest(QFile& file, std::size_t limit) {
 DiagnosticsLog::DiagnosticsLog() : DiagnosticsLog(joinPath(stateFolder(), "diagnostics.log")) {}
 
 void DiagnosticsLog::append(const std::string& text) {
-    const std::lock_guard lock(mutex_);
     if (!makePrivateFolder(parentFolder(path_))) return;
     QFile file(QString::fromStdString(path_));
     if (!file.open(QFile::ReadWrite | QFile::Append)) return;
-    // Another run of the program may be writing to it; closing the file gives the lock back.
+    // Another thread or run of the program may be writing to it; closing the file gives the lock back.
     if (flock(file.handle(), LOCK_EX) != 0) return;
     const std::string line = lineOf(text);
     if (static_cast<std::size_t>(file.size()) + line.size() > limit_) giveUpOldest(file, limit_);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <mutex>
 #include <string>
 
 namespace mergeloom {
@@ -28,7 +27,6 @@ class DiagnosticsLog {
   private:
     std::string path_;
     std::size_t limit_;
-    std::mutex mutex_;
 };
 
 }  // namespace mergeloom
