@@ -213,6 +213,16 @@ TEST_F(TemplateSaving, AFileThatIsOpenElsewhereStays) {
     EXPECT_FALSE(host().hosted()->Saved());
 }
 
+TEST_F(TemplateSaving, TheOfficesOwnLockIsNone) {
+    const std::string path = makeTemplate("letter.docx");
+    lifecycle->Start();
+    lifecycle->OpenTemplate(path);
+    folder.put(".~lock.letter.docx#", "");
+    change();
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same));
+    EXPECT_THAT(messages.messages, IsEmpty());
+}
+
 /// What becomes of changes that were not saved, by the user's answer and the file that is chosen then.
 struct Question {
     const char* description;
