@@ -1,0 +1,226 @@
+"""The designer's real window on a screen of its own: found through what it tells assistive programs, driven
+with real keys and mouse moves.
+"""
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402  (the version comes first)
+
+SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 960
+PATIENCE = 60  # seconds; only a program that hangs takes so long
+
+
+def wait_for(what, condition, patience=PATIENCE):
+    """The first answer of the condition that is true."""
+    end = time.monotonic() + patience
+    while time.monotonic() < end:
+        answer = condition()
+        if answer:
+            return answer
+        time.sleep(0.05)
+    raise AssertionError(f"waited {patience} s in vain for {what}")
+
+
+def first_line(process):
+    return process.stdout.readline().strip()
+
+
+class Screen:
+    """A display with a window manager and a message bus, for the whole test program."""
+
+    def __init__(self):
+        self.processes = []
+        display = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", f"{SCREEN_WIDTH}x{SCREEN_HEIGHT}x24"])
+        os.environ["DISPLAY"] = ":" + first_line(display)
+        bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"])
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = first_line(bus)
+        self.start(["openbox"])
+
+    def start(self, command):
+        self.processes.append(
+            subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        )
+        return self.processes[-1]
+
+    def close(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+
+
+def xdotool(*arguments):
+    return subprocess.run(["xdotool", *map(str, arguments)], check=True, capture_output=True, text=True).stdout
+
+
+def key(*names):
+    xdotool("key", "--delay", 20, *names)
+
+
+def type_text(text):
+    xdotool("type", "--delay", 15, text)
+
+
+def click(place, button=1):
+    xdotool("mousemove", *place)
+    xdotool("click", button)
+
+
+def drag(start, end):
+    """As a hand does it: a small move that starts the drag, then a way of several steps."""
+    xdotool("mousemove", *start)
+    xdotool("mousedown", 1)
+    steps = 8
+    for step in range(1, steps + 1):
+        place = [a + (b - a) * step // steps for a, b in zip(start, end)]
+        xdotool("mousemove", *place)
+        time.sleep(0.04)
+    time.sleep(0.15)
+    xdotool("mouseup", 1)
+
+
+def screenshot(path):
+    subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+
+def children(element):
+    return [element.get_child_at_index(k) for k in range(element.get_child_count())]
+
+
+def is_showing(element):
+    return element.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def find(element, role, name=None):
+    """The showing elements of a role below another, of a name if one is given."""
+    found = []
+    for child in children(element):
+        if child is None or not is_showing(child):
+            continue
+        if child.get_role_name() == role and name in (None, child.get_name()):
+            found.append(child)
+        found += find(child, role, name)
+    return found
+
+
+def middle(element):
+    box = element.get_extents(Atspi.CoordType.SCREEN)
+    return box.x + box.width // 2, box.y + box.height // 2
+
+
+class Designer:
+    """A run of the program with a home of its own."""
+
+    def __init__(self, program, arguments, home=None):
+        self.home = Path(home or tempfile.mkdtemp(prefix="designer-"))
+        environment = dict(
+            os.environ, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / "config"),
+            XDG_STATE_HOME=str(self.home / "state"), XDG_DATA_HOME=str(self.home / "data"),
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL="C.UTF-8",
+        )
+        self.process = subprocess.Popen([program, *map(str, arguments)], env=environment)
+        self.application = wait_for("the program", self.find_application)
+
+    def find_application(self):
+        if self.process.poll() is not None:
+            raise AssertionError(f"the designer ended with {self.process.returncode}")
+        for application in children(Atspi.get_desktop(0)):
+            if application is not None and application.get_process_id() == self.process.pid:
+                return application
+        return None
+
+    def window(self):
+        """The main window."""
+        return wait_for("the window", lambda: next(iter(find(self.application, "frame")), None))
+
+    def title(self):
+        return self.window().get_name()
+
+    def dialog(self, name=None):
+        """The dialog or message box that is shown."""
+        def shown():
+            boxes = find(self.application, "dialog", name) + find(self.application, "alert", name)
+            return next(iter(boxes), None)
+        return wait_for(f"the dialog {name or ''}", shown)
+
+    def has_dialog(self):
+        return bool(find(self.application, "dialog") + find(self.application, "alert"))
+
+    def element(self, role, name):
+        return wait_for(f"the {role} {name}", lambda: next(iter(find(self.application, role, name)), None))
+
+    def press(self, name, within=None):
+        """Presses a button with the mouse."""
+        place = within or self.application
+        click(middle(wait_for(f"the button {name}", lambda: next(iter(find(place, "push button", name)), None))))
+
+    def texts_of(self, box):
+        return " ".join(label.get_name() for label in find(box, "label"))
+
+    def status(self):
+        """What the status line says."""
+        bar = next(iter(find(self.application, "status bar")), None)
+        return self.texts_of(bar) if bar else ""
+
+    def wait_until_ready(self):
+        wait_for("the hosted document", lambda: self.status().startswith("Drag a field"))
+
+    def node(self, text):
+        """Where a node of the tree can be taken hold of."""
+        cells = wait_for(f"the node {text}", lambda: find(self.application, "table cell", text))
+        box = cells[0].get_extents(Atspi.CoordType.SCREEN)
+        return box.x + min(40, box.width // 2), box.y + box.height // 2
+
+    def expand(self, text):
+        click(self.node(text))
+        key("Right")
+
+    def document(self):
+        """A place on the first lines of the hosted document."""
+        box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
+        return box.x + box.width // 3, box.y + box.height // 3
+
+    def insert_by_drag(self, text, place=None):
+        before = self.status()
+        drag(self.node(text), place or self.document())
+        return before
+
+    def answer_file_dialog(self, path):
+        box = self.dialog()
+        time.sleep(0.3)
+        key("ctrl+a")
+        type_text(str(path))
+        key("Return")
+        return box
+
+    def office_process(self):
+        """The number of the office's own process."""
+        listing = subprocess.run(["ps", "-eo", "pid,ppid,args"], capture_output=True, text=True, check=True).stdout
+        rows = [line.split(None, 2) for line in listing.splitlines()[1:]]
+        return next(int(pid) for pid, _, args in rows if "soffice.bin" in args and str(self.process.pid) in self.ancestors(pid, rows))
+
+    @staticmethod
+    def ancestors(pid, rows):
+        parents = {row[0]: row[1] for row in rows}
+        chain = []
+        while pid in parents:
+            chain.append(pid)
+            pid = parents[pid]
+        return chain
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGTERM)
+            try:
+                self.process.wait(10)
+            except subprocess.TimeoutExpired:
+                self.process.kill()
+                self.process.wait()
+        shutil.rmtree(self.home, ignore_errors=True)

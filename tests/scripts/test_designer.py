@@ -1,0 +1,216 @@
+"""Drives the designer's real window with mouse and keys and reads what it saved with programs of other makers.
+
+MERGELOOM names the unattended program, beside which the designer lies; MERGELOOM_ROOT the folder of the sources.
+With MERGELOOM_PICTURES a picture of each scene is kept in that folder.
+"""
+import os
+import signal
+import shutil
+import subprocess
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+import read_docx
+import read_xlsx
+from designer_window import Designer, Screen, click, drag, find, key, middle, screenshot, type_text, wait_for
+
+PROGRAM = Path(os.environ["MERGELOOM"])
+DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
+ROOT = Path(os.environ["MERGELOOM_ROOT"])
+SAMPLE = ROOT / "samples" / "orders.xml"
+PICTURES = os.environ.get("MERGELOOM_PICTURES")
+
+SCREEN = None
+
+
+def setUpModule():
+    global SCREEN
+    SCREEN = Screen()
+
+
+def tearDownModule():
+    SCREEN.close()
+
+
+class DesignerTest(unittest.TestCase):
+    """One window; what it saves lies in a folder of its own."""
+
+    SWITCHES = []
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="designed-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.designer = None
+
+    def start(self, *switches, structure=SAMPLE):
+        self.designer = Designer(DESIGNER, ["-xmlfile", structure, *self.SWITCHES, *switches])
+        self.addCleanup(self.designer.close)
+        self.designer.wait_until_ready()
+        return self.designer
+
+    def picture(self, name):
+        if PICTURES:
+            time.sleep(0.5)
+            screenshot(Path(PICTURES) / f"{name}.png")
+
+    def drop(self, node, place=None):
+        """Drags a node into the document and waits until it is inserted."""
+        drag(self.designer.node(node), place or self.designer.document())
+        self.wait_for_insertion(node)
+
+    def wait_for_insertion(self, node):
+        wait_for(f"the insertion of {node}", lambda: f"“{node}” was inserted" in self.designer.status())
+
+    def save_as(self, name):
+        path = self.folder / name
+        key("ctrl+shift+s")
+        self.designer.answer_file_dialog(path)
+        wait_for(f"the file {path}", path.exists)
+        wait_for("the end of saving", lambda: not self.designer.has_dialog())
+        return path
+
+
+class InWord(DesignerTest):
+    def names(self, path):
+        found, problems = read_docx.read_bookmarks(path)
+        self.assertEqual(problems, [])
+        return [place["name"] for place in found]
+
+    def test_fields_labels_and_a_picture(self):
+        designer = self.start()
+        self.assertEqual(designer.title(), "New Template")
+        self.drop("Customer")
+        self.picture("field")
+        designer.expand("Order date")
+        self.drop("Label and Value")
+        self.picture("label")
+        self.drop("Letterhead")
+        self.picture("picture")
+        path = self.save_as("letter.docx")
+        self.assertCountEqual(self.names(path), ["CustomerID", "OrderDate", "Letterhead"])
+        self.assertIn("Order date", " ".join(read_docx.read_paragraphs(path)))
+
+    def test_a_form_is_one_step_and_equals_the_unattended_one(self):
+        designer = self.start()
+        drag(designer.node('Form "Orders"'), designer.document())
+        designer.press("Insert", designer.dialog("Select Fields"))
+        self.wait_for_insertion('Form "Orders"')
+        self.picture("form")
+        dropped = self.save_as("form.docx")
+        mapped = self.folder / "mapped.docx"
+        subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
+        self.assertEqual(self.names(dropped), self.names(mapped))
+
+        click(self.designer.document())
+        key("ctrl+z")
+        time.sleep(1)
+        self.assertEqual(self.names(self.save_as("empty.docx")), [])
+
+    def test_a_table_has_the_chosen_fields(self):
+        designer = self.start()
+        drag(designer.node('Query "Open orders"'), designer.document())
+        box = designer.dialog("Select Fields")
+        self.picture("fields")
+        items = find(box, "list item") + find(box, "check box") + find(box, "table cell")
+        chosen = [items[0].get_name(), items[2].get_name()]
+        designer.press("Unselect All", box)
+        for item in (items[0], items[2]):
+            click(middle(item))
+            key("space")
+        designer.press("Insert", box)
+        self.wait_for_insertion('Query "Open orders"')
+        self.picture("table")
+        tables = read_docx.read_tables(self.save_as("table.docx"))
+        self.assertEqual(tables[0][0], chosen)
+
+    def test_special_places_and_refused_drags(self):
+        designer = self.start()
+        drag(designer.node("Special"), designer.document())
+        drag(designer.node("Customer"), designer.node("Priority"))
+        click(designer.node("Special"))
+        key("Right")
+        self.drop("Optional Space")
+        self.picture("special")
+        self.assertEqual(self.names(self.save_as("special.docx")), ["OptionalSpace0"])
+
+    def test_without_a_mouse(self):
+        designer = self.start()
+        click(designer.node("Customer"))
+        key("Insert")
+        self.wait_for_insertion("Customer")
+        self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID"])
+
+    def test_unsaved_work_is_asked_about(self):
+        designer = self.start()
+        self.drop("Customer")
+        key("ctrl+q")
+        box = designer.dialog()
+        self.assertIn("Do you want to save changes to ", designer.texts_of(box))
+        designer.press("Cancel", box)
+        self.assertEqual(self.names(self.save_as("kept.docx")), ["CustomerID"])
+        key("ctrl+q")
+        self.assertEqual(designer.process.wait(20), 0)
+
+    def test_a_template_of_the_command_line(self):
+        template = self.folder / "given.dotx"
+        subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", template], check=True)
+        before = template.read_bytes()
+        designer = self.start("-template", template)
+        self.assertEqual((self.folder / "given.dotx.bak").read_bytes(), before)
+        self.assertTrue((self.folder / "given.docx").exists())
+        key("ctrl+n")
+        box = designer.dialog()
+        self.assertIn("The operation is disabled in this context.", designer.texts_of(box))
+        key("Escape")
+
+    def test_an_office_that_dies_is_started_again(self):
+        designer = self.start()
+        self.drop("Customer")
+        path = self.save_as("safe.docx")
+        before = path.read_bytes()
+        os.kill(designer.office_process(), signal.SIGKILL)
+        designer.element("push button", "Start again")
+        self.picture("ended")
+        self.assertEqual(path.read_bytes(), before)
+        designer.press("Start again")
+        designer.wait_until_ready()
+        self.drop("Priority")
+        self.assertCountEqual(self.names(self.save_as("again.docx")), ["CustomerID", "Priority"])
+
+    def test_a_broken_structure_document(self):
+        broken = self.folder / "broken.xml"
+        broken.write_text("<Database><Form></Database>")
+        self.designer = Designer(DESIGNER, ["-xmlfile", broken])
+        self.addCleanup(self.designer.close)
+        box = self.designer.dialog()
+        self.assertIn("broken.xml", self.designer.texts_of(box))
+        key("Return")
+        self.designer.wait_until_ready()
+        self.assertEqual(find(self.designer.application, "table cell", "Special"), [])
+
+
+class InExcel(DesignerTest):
+    SWITCHES = ["-excel"]
+
+    def test_a_field_a_form_and_a_table(self):
+        designer = self.start()
+        self.assertEqual(designer.title(), "New Excel Template")
+        self.assertEqual(find(designer.application, "table cell", "Special"), [])
+        self.drop("Customer")
+        self.picture("cell")
+        path = self.save_as("cells.xlsx")
+        self.assertEqual(list(read_xlsx.read_names(path)), ["ammCustomerID"])
+
+
+class WithoutAScreen(unittest.TestCase):
+    def test_is_told(self):
+        environment = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        run = subprocess.run([DESIGNER], env=environment, capture_output=True, text=True, timeout=30)
+        self.assertEqual(run.returncode, 1)
+        self.assertRegex(run.stderr, r"^The designer needs a display")
+
+
+if __name__ == "__main__":
+    unittest.main()
