@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
+#include <algorithm>
 
 namespace mergeloom {
 
@@ -101,7 +102,8 @@ void frmMain::layOut() {
     statusBar()->addPermanentWidget(cmdHelp_);
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(room);
-    splitter_->setSizes({room.width() / kTreePart, room.width() - room.width() / kTreePart});
+    const int treeWidth = std::max(room.width() / kTreePart, tree_->sizeHint().width());
+    splitter_->setSizes({treeWidth, room.width() - treeWidth});
     memory_.restore(*this, *splitter_);
 }
 
