@@ -1,5 +1,6 @@
 #include "office/libreoffice/excel/CalcHosting.h"
 
+#include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/excel/CalcWorkbook.h"
 
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
@@ -49,9 +50,9 @@ void showSelection(CalcContent& content, const Reference<css::frame::XController
     if (areas.size() != 1) return;
     const CalcArea& area = areas.front();
     const Reference<css::view::XSelectionSupplier> selection(view, UNO_QUERY_THROW);
-    // One cell as a range would be marked.
-    const bool isOne = area.first == area.last;
-    selection->select(isOne ? css::uno::Any(sheet.cell(area.first)) : css::uno::Any(sheet.range(area)));
+    selection->select(css::uno::Any(sheet.range(area)));
+    // One cell is the active one and not marked.
+    if (area.first == area.last) unmarkCells(content.connection(), view);
 }
 
 }  // namespace

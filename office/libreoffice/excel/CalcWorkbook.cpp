@@ -5,11 +5,12 @@
 #include "base/Text.h"
 #include "office/libreoffice/excel/CalcApplication.h"
 #include "office/libreoffice/excel/CalcNames.h"
+#include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/excel/CalcWorksheets.h"
 
 #include <algorithm>
-#include <com/sun/star/frame/DispatchHelper.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/sheet/XCellAddressable.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 #include <iterator>
 #include <utility>
@@ -86,19 +87,19 @@ const CalcContentPtr& CalcWorkbook::content() {
     return content_;
 }
 
-/// Calc leaves it out of files. Of all that ends it, this alone does nothing else but take the selection
-/// away, which comes back.
+/// Calc leaves it out of files. Of all that ends it, unmarking cells alone does nothing else but what can be
+/// put right.
 void CalcWorkbook::endInput() {
     LibreOfficeSession& session = latest()->session();
     if (!session.files().showsDocuments()) return;
     session.connection().call([&] {
         const Reference<css::frame::XModel> model(document(), UNO_QUERY_THROW);
         const Reference<css::frame::XController> view = model->getCurrentController();
-        const css::uno::Any selection(model->getCurrentSelection());
-        const Reference<css::frame::XDispatchProvider> commands(view->getFrame(), UNO_QUERY_THROW);
-        css::frame::DispatchHelper::create(session.connection().context())
-            ->executeDispatch(commands, ".uno:Deselect", {}, 0, {});
-        Reference<css::view::XSelectionSupplier>(view, UNO_QUERY_THROW)->select(selection);
+        const Reference<css::uno::XInterface> selection = model->getCurrentSelection();
+        unmarkCells(session.connection(), view);
+        const bool isOne = Reference<css::sheet::XCellAddressable>(selection, UNO_QUERY).is();
+        if (isOne) return;
+        Reference<css::view::XSelectionSupplier>(view, UNO_QUERY_THROW)->select(css::uno::Any(selection));
     });
 }
 

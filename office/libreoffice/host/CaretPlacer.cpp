@@ -105,7 +105,7 @@ CaretPlacement CaretPlacer::placeInText(Spot spot) {
     const Reference<a11y::XAccessibleText> text(spot.object, UNO_QUERY_THROW);
     const sal_Int32 index = text->getIndexAtPoint(spot.point);
     if (index < 0) return CaretPlacement::Blank;
-    return text->setCaretPosition(index) ? CaretPlacement::Placed : CaretPlacement::Blank;
+    return text->setCaretPosition(index) ? CaretPlacement::InText : CaretPlacement::Blank;
 }
 
 CaretPlacement CaretPlacer::placeInCells(Spot spot) {
@@ -114,7 +114,7 @@ CaretPlacement CaretPlacer::placeInCells(Spot spot) {
         role = spot.object->getAccessibleRole();
     if (role != a11y::AccessibleRole::TABLE_CELL) return CaretPlacement::Nowhere;
     spot.area->grabFocus();
-    return CaretPlacement::Placed;
+    return CaretPlacement::InCells;
 }
 
 }  // namespace mergeloom::libreoffice

@@ -11,7 +11,8 @@ namespace mergeloom::libreoffice {
 
 /// What became of the wish for a caret at a point.
 enum class CaretPlacement {
-    Placed,
+    InText,
+    InCells,
     Blank,  ///< the point is in a page where nothing stands; a click finds what is next to it
     Nowhere
 };

@@ -11,6 +11,7 @@
 #include <com/sun/star/frame/XLayoutManager.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/SystemDependent.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/view/DocumentZoomType.hpp>
 #include <com/sun/star/view/XViewSettingsSupplier.hpp>
 #include <utility>
@@ -71,6 +72,11 @@ DocumentReference HostFrame::document() const try {
     return controller.is() ? DocumentReference(controller->getModel(), UNO_QUERY) : DocumentReference();
 } catch (const css::lang::DisposedException&) {
     return {};
+}
+
+HostedPart HostFrame::part() const {
+    const Reference<css::sheet::XSpreadsheetView> cells(frame_->getController(), UNO_QUERY);
+    return cells.is() ? HostedPart::Excel : HostedPart::Word;
 }
 
 void HostFrame::resize(int width, int height) {

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
+#include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/libreoffice/word/WriterHosting.h"
 #include "office/libreoffice/word/WriterOffice.h"
@@ -50,11 +51,11 @@ void close(const HostedDocument& hosted) {
         (*workbook)->Close(excel::SaveChanges::No);
 }
 
-/// The office's names for a bar under Word's name; each part has its own.
-std::vector<std::string> barsOf(const std::string& name) {
-    if (name == "Standard") return {"standardbar"};
-    if (name == "Formatting") return {"textobjectbar", "formatobjectbar"};
-    return {};
+/// The office's name for a bar under Word's name; empty when it has none.
+std::string barOf(const std::string& name, HostedPart part) {
+    if (name == "Standard") return "standardbar";
+    if (name != "Formatting") return {};
+    return part == HostedPart::Word ? "textobjectbar" : "formatobjectbar";
 }
 
 }  // namespace
@@ -153,19 +154,24 @@ void LibreOfficeHost::endEditing() {
 bool LibreOfficeHost::placeCaret(HostPoint point) {
     const CaretPlacement placement = call([&] {
         HostFrame* const frame = front();
-        return frame == nullptr ? CaretPlacement::Nowhere : frame->caret().place(point);
+        if (frame == nullptr) return CaretPlacement::Nowhere;
+        const CaretPlacement found = frame->caret().place(point);
+        if (found == CaretPlacement::InCells)
+            unmarkCells(session_->connection(), frame->uno()->getController());
+        return found;
     });
     if (placement == CaretPlacement::Blank) click(point);
     return placement != CaretPlacement::Nowhere;
 }
 
-/// Waits until the office has done what a click does.
 void LibreOfficeHost::click(HostPoint point) {
     windows_.click(windows_.innerWindow(static_cast<xcb_window_t>(window_.id)), point);
-    call([this] {
-        const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
-        Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
-    });
+    call([this] { letOfficeCatchUp(); });
+}
+
+void LibreOfficeHost::letOfficeCatchUp() {
+    const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
+    Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
 }
 
 void LibreOfficeHost::setEnabled(bool enabled) {
@@ -185,12 +191,15 @@ void LibreOfficeHost::resize(int width, int height) {
     });
 }
 
+/// The office gives the keyboard away again when it is told to take it before its window has it.
 void LibreOfficeHost::focus() {
+    const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+    if (inner == XCB_WINDOW_NONE) return;
+    windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     call([this] {
+        letOfficeCatchUp();
         if (const HostFrame* const frame = front()) frame->focus();
     });
-    const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
-    if (inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
 }
 
 bool LibreOfficeHost::showsBookmarks() {
@@ -216,8 +225,8 @@ void LibreOfficeHost::setCommandBarVisible(const std::string& name, bool visible
     call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return;
-        for (const std::string& bar : barsOf(name))
-            frame->setBarVisible(bar, visible);
+        const std::string bar = barOf(name, frame->part());
+        if (!bar.empty()) frame->setBarVisible(bar, visible);
     });
 }
 

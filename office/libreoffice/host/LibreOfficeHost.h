@@ -56,6 +56,8 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] std::vector<HostedDocument> documents();
     void closeAllBut(const HostedDocument& kept);
     void click(HostPoint point);
+    /// Waits until it has done what it was sent as events. Within a call.
+    void letOfficeCatchUp();
 
     HostWindow window_;
     HostListener& listener_;

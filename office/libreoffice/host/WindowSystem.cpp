@@ -86,7 +86,7 @@ bool WindowSystem::isMouseOver(xcb_window_t window) const {
 
 void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const {
     xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, window, time);
-    xcb_flush(get());
+    waitForServer();
 }
 
 void WindowSystem::click(xcb_window_t window, HostPoint point) {
@@ -103,7 +103,11 @@ void WindowSystem::click(xcb_window_t window, HostPoint point) {
     event.response_type = XCB_BUTTON_RELEASE;
     event.state = XCB_BUTTON_MASK_1;
     xcb_send_event(get(), 0, window, XCB_EVENT_MASK_BUTTON_RELEASE, reinterpret_cast<const char*>(&event));
-    // The server hands out in order, so an answer means that the events are on their way.
+    waitForServer();
+}
+
+/// It works in order, so an answer means that the events are on their way.
+void WindowSystem::waitForServer() const {
     owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
 }
 

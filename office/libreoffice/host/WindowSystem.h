@@ -30,6 +30,7 @@ class WindowSystem {
     void click(xcb_window_t window, HostPoint point);
 
   private:
+    void waitForServer() const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
 

@@ -1,0 +1,71 @@
+#include "libreoffice/host/HostTest.h"
+
+#include "doubles/WordFiles.h"
+#include "office/model/excel/Workbook.h"
+
+namespace mergeloom {
+
+namespace {
+
+constexpr auto kSaveFormat = word::WdSaveFormat::wdFormatXMLDocument;
+
+}  // namespace
+
+HostTest::Stage& HostTest::stage() {
+    static Stage stage;
+    return stage;
+}
+
+void HostTest::startOffice() {
+    const HostWindow pane{window().pane(), TestWindow::kPaneWidth, TestWindow::kPaneHeight};
+    stage().host = std::make_unique<libreoffice::LibreOfficeHost>(stage().files, pane, HostedPart::Word,
+                                                                  stage().listener);
+}
+
+void HostTest::endOffice() {
+    stage().host.reset();
+}
+
+word::DocumentPtr HostTest::document() {
+    return std::get<word::DocumentPtr>(host().ActiveDocument());
+}
+
+excel::WorkbookPtr HostTest::workbook() {
+    return std::get<excel::WorkbookPtr>(host().ActiveDocument());
+}
+
+std::string HostTest::body() {
+    document()->SaveAs("/saved.docx", kSaveFormat);
+    return shownBody(stage().files.read("/saved.docx"));
+}
+
+bool HostTest::bodyBecomes(const std::string& expected) {
+    if (becomesTrue([&] { return body() == expected; })) return true;
+    ADD_FAILURE() << "the body is " << body();
+    return false;
+}
+
+void HostTest::openBody(const std::string& bodyXml) {
+    stage().files.files["/given.docx"] = wordFile(bodyXml);
+    host().Open("/given.docx");
+}
+
+bool HostTest::drop(const TreeNode& dropped) {
+    CNodeDropper dropper{errors, messages, [this](const std::string& image) { return pictures[image]; },
+                         progress, nullptr};
+    const HostedDocument active = host().ActiveDocument();
+    host().beginEditing();
+    bool done = false;
+    if (const auto* const text = std::get_if<word::DocumentPtr>(&active))
+        done = dropper.NodeDrop(dropped, *text, xmlNodes, false, DocumentType::ByView, nullptr);
+    if (const auto* const cells = std::get_if<excel::WorkbookPtr>(&active))
+        done = dropper.NodeDrop(dropped, *cells, xmlNodes, false, DocumentType::ByView, nullptr);
+    host().endEditing();
+    return done;
+}
+
+bool HostTest::dropAt(HostPoint point, const TreeNode& dropped) {
+    return host().placeCaret(point) && drop(dropped);
+}
+
+}  // namespace mergeloom

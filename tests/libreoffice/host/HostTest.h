@@ -1,0 +1,69 @@
+#pragma once
+
+#include "droppers/StructureTest.h"
+#include "libreoffice/OfficeProcesses.h"
+#include "libreoffice/host/TestWindow.h"
+#include "libreoffice/host/VirtualScreen.h"
+#include "office/libreoffice/host/LibreOfficeHost.h"
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace mergeloom {
+
+/// Remembers what an office told.
+class RecordingListener final : public HostListener {
+  public:
+    void fileCommand(HostCommand command) override {
+        const std::lock_guard lock(mutex_);
+        commands_.push_back(command);
+    }
+    void officeEnded() override { ++ends; }
+
+    std::vector<HostCommand> takeCommands() {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(commands_, {});
+    }
+
+    std::atomic<int> ends = 0;
+
+  private:
+    std::mutex mutex_;
+    std::vector<HostCommand> commands_;
+};
+
+/// A window with an office in it. One office serves the tests of all fixtures.
+class HostTest : public StructureTest {
+  public:
+    static void startOffice();
+    static void endOffice();
+
+  protected:
+    struct Stage {
+        VirtualScreen screen;
+        TestWindow window;
+        MemoryFileStore files;
+        RecordingListener listener;
+        std::unique_ptr<DocumentHost> host;
+    };
+
+    static Stage& stage();
+    static DocumentHost& host() { return *stage().host; }
+    static TestWindow& window() { return stage().window; }
+    static word::DocumentPtr document();
+    static excel::WorkbookPtr workbook();
+    /// The body of the Word document as it is saved.
+    static std::string body();
+    /// Whether the body becomes this one within the time that an office may take.
+    static bool bodyBecomes(const std::string& expected);
+    /// Opens a Word document with this body.
+    static void openBody(const std::string& bodyXml);
+
+    /// Drops the structure document's node at a point as a user does.
+    bool dropAt(HostPoint point, const TreeNode& dropped);
+    bool drop(const TreeNode& dropped);
+};
+
+}  // namespace mergeloom

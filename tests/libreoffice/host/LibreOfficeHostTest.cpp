@@ -1,0 +1,322 @@
+#include "libreoffice/host/HostTest.h"
+#include "office/model/excel/Application.h"
+#include "office/model/excel/Names.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Bookmarks.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Documents.h"
+#include "office/model/word/Range.h"
+#include "office/model/word/Selection.h"
+
+#include <gmock/gmock.h>
+
+namespace mergeloom {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using namespace std::chrono_literals;
+
+/// Where the first lines of a document stand in the pane, and the page below them.
+constexpr HostPoint kBelowText{400, 600};
+constexpr HostPoint kOtherCells[] = {{300, 300}, {500, 400}};
+
+const std::string kField = "<db><Form Name='F'><Control Name='City'/></Form></db>";
+
+ErrorNumber errorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const AutomationError& error) {
+        EXPECT_THAT(error.description(), Not(IsEmpty()));
+        return error.number();
+    }
+    return 0;
+}
+
+/// The first row of pixels, from the top, in which the caret finds the document.
+int topOfDocument(DocumentHost& host) {
+    for (int y = 0; y < TestWindow::kPaneHeight; y += 2)
+        if (host.placeCaret({400, y})) return y;
+    return TestWindow::kPaneHeight;
+}
+
+class HostedText : public HostTest {
+  protected:
+    void SetUp() override {
+        host().CreateNew("Word.Template.8");
+        window().clickInPane(kBelowText.x, kBelowText.y);
+    }
+};
+
+class HostedCells : public HostTest {
+  protected:
+    void SetUp() override { host().CreateNew("Excel.Template"); }
+
+    excel::RangePtr activeCell() { return workbook()->Application()->ActiveCell(); }
+    std::string placedCell(HostPoint point) {
+        EXPECT_TRUE(host().placeCaret(point));
+        host().beginEditing();
+        const std::string address = activeCell()->AddressLocal();
+        host().endEditing();
+        return address;
+    }
+};
+
+TEST_F(HostedText, TakesKeysAfterAClick) {
+    EXPECT_TRUE(document()->Saved());
+    TestWindow::type("Dear");
+    EXPECT_TRUE(becomesTrue([&] { return !document()->Saved(); }));
+    EXPECT_TRUE(bodyBecomes("Dear\n"));
+    EXPECT_TRUE(document()->Saved());
+}
+
+TEST_F(HostedText, LeavesTheKeyboardToTheWindowAroundIt) {
+    TestWindow::type("a");
+    ASSERT_TRUE(bodyBecomes("a\n"));
+    window().keysTaken();
+    window().click(TestWindow::kPaneX / 2, 400);
+    TestWindow::press("b");
+    EXPECT_TRUE(becomesTrue([&] { return window().keysTaken() == 1; }));
+    host().focus();
+    TestWindow::press("c");
+    EXPECT_TRUE(bodyBecomes("ac\n"));
+}
+
+TEST_F(HostedText, TakesNeitherKeysNorClicksWhileDisabled) {
+    host().setEnabled(false);
+    window().clickInPane(kBelowText.x, kBelowText.y);
+    TestWindow::type("x");
+    host().setEnabled(true);
+    window().clickInPane(kBelowText.x, kBelowText.y);
+    TestWindow::type("y");
+    EXPECT_TRUE(bodyBecomes("y\n"));
+}
+
+TEST_F(HostedText, ADropIsOneStepForUserAndModel) {
+    load(kField);
+    TestWindow::type("Dear ");
+    ASSERT_TRUE(bodyBecomes("Dear \n"));
+    EXPECT_TRUE(drop(node("2k")));
+    EXPECT_FALSE(document()->Saved());
+    EXPECT_TRUE(bodyBecomes("Dear [City:City] \n"));
+    TestWindow::type("!");
+    ASSERT_TRUE(bodyBecomes("Dear [City:City] !\n"));
+    TestWindow::press("ctrl+z");
+    TestWindow::press("ctrl+z");
+    EXPECT_TRUE(bodyBecomes("Dear \n"));
+    EXPECT_TRUE(drop(node("2k")));
+    EXPECT_TRUE(document()->Undo(1));
+    EXPECT_TRUE(bodyBecomes("Dear \n"));
+    EXPECT_TRUE(errors.reports.empty());
+}
+
+TEST_F(HostedText, DropsBesideWhatTheUserTypedMeanwhile) {
+    load(kField);
+    ASSERT_TRUE(drop(node("2k")));
+    TestWindow::type("and ");
+    ASSERT_TRUE(bodyBecomes("[City:City] and \n"));
+    EXPECT_TRUE(drop(node("2k")));
+    EXPECT_TRUE(bodyBecomes("[City:City] and [City_ref1:City] \n"));
+}
+
+TEST_F(HostedText, TheCaretGoesOnlyWhereTextIs) {
+    EXPECT_TRUE(host().placeCaret(kBelowText));
+    struct Case {
+        const char* what;
+        HostPoint point;
+    };
+    const Case cases[] = {
+        {"menu", {60, 8}},
+        {"bar", {200, 40}},
+        {"ruler", {400, topOfDocument(host()) - 4}},
+        {"scroll bar", {TestWindow::kPaneWidth - 54, 400}},
+        {"status bar", {300, TestWindow::kPaneHeight - 6}},
+        {"outside", {TestWindow::kPaneWidth + 50, 400}},
+    };
+    for (const Case& c : cases)
+        EXPECT_FALSE(host().placeCaret(c.point)) << c.what;
+}
+
+/// In a cell, in a header and between paragraphs.
+TEST_F(HostedText, DropsWhereThePointIs) {
+    load(kField);
+    openBody(
+        "<w:p><w:r><w:t>one</w:t></w:r></w:p><w:p><w:r><w:t>two</w:t></w:r></w:p><w:tbl><w:tblPr/>"
+        "<w:tblGrid><w:gridCol w:w='4000'/></w:tblGrid><w:tr><w:tc><w:tcPr><w:tcW w:w='4000' w:type='dxa'/>"
+        "</w:tcPr><w:p><w:r><w:t>in</w:t></w:r></w:p></w:tc></w:tr></w:tbl><w:p/>");
+    const int top = topOfDocument(host());
+    std::vector<std::string> before;
+    // Each line is met somewhere on the way down.
+    for (int y = top; y < top + 250; y += 6) {
+        ASSERT_TRUE(host().placeCaret({250, y}));
+        host().beginEditing();
+        document()->Application()->Selection()->TypeText("*");
+        const std::string story = document()->Application()->Selection()->Range()->storyName();
+        host().endEditing();
+        const std::string now = body();
+        ASSERT_TRUE(document()->Undo(1));
+        if (before.empty() || before.back() != now) before.push_back(now);
+        EXPECT_EQ(story, "body");
+    }
+    EXPECT_THAT(before,
+                ::testing::IsSupersetOf({std::string("one*\ntwo\nin\n|\n"), std::string("one\ntwo*\nin\n|\n"),
+                                         std::string("one\ntwo\nin*\n|\n")}));
+}
+
+TEST_F(HostedText, TellsTheWindowWhatItAnswers) {
+    struct Case {
+        const char* key;
+        HostCommand command;
+    };
+    const Case cases[] = {
+        {"ctrl+s", HostCommand::Save},   {"ctrl+shift+s", HostCommand::SaveAs},
+        {"ctrl+n", HostCommand::New},    {"ctrl+o", HostCommand::Open},
+        {"ctrl+w", HostCommand::Close},  {"ctrl+q", HostCommand::Close},
+        {"ctrl+F4", HostCommand::Close}, {"ctrl+shift+o", HostCommand::PrintPreview},
+    };
+    for (const Case& c : cases) {
+        TestWindow::press(c.key);
+        std::vector<HostCommand> told;
+        EXPECT_TRUE(becomesTrue([&] { return !(told = stage().listener.takeCommands()).empty(); })) << c.key;
+        EXPECT_THAT(told, ElementsAre(c.command)) << c.key;
+    }
+    EXPECT_TRUE(document() != nullptr) << "the office did nothing by itself";
+}
+
+TEST_F(HostedText, FollowsTheSizeOfItsWindow) {
+    constexpr int kWidth = 700;
+    constexpr int kHeight = 500;
+    const HostPoint inside{kWidth - 200, kHeight - 100};
+    window().resizePane(kWidth, kHeight);
+    host().resize(kWidth, kHeight);
+    EXPECT_TRUE(becomesTrue([&] { return window().widthInside() == kWidth; }));
+    EXPECT_TRUE(becomesTrue([&] { return !host().placeCaret({300, kHeight - 6}); })) << "the status bar";
+    EXPECT_TRUE(host().placeCaret(inside));
+    window().resizePane(TestWindow::kPaneWidth, TestWindow::kPaneHeight);
+    host().resize(TestWindow::kPaneWidth, TestWindow::kPaneHeight);
+}
+
+TEST_F(HostedText, ShowsBarsAndBookmarksAsItIsTold) {
+    const int top = topOfDocument(host());
+    for (const char* const bar : {"Standard", "Formatting", "Web"})
+        host().setCommandBarVisible(bar, false);
+    EXPECT_TRUE(becomesTrue([&] { return topOfDocument(host()) < top - 30; }));
+    for (const char* const bar : {"Standard", "Formatting"})
+        host().setCommandBarVisible(bar, true);
+    EXPECT_TRUE(becomesTrue([&] { return topOfDocument(host()) == top; }));
+    for (const bool shown : {true, false, true}) {
+        host().setShowsBookmarks(shown);
+        EXPECT_EQ(host().showsBookmarks(), shown);
+    }
+    host().setZoom(150);
+    EXPECT_THAT(host().build(), Not(IsEmpty()));
+    EXPECT_TRUE(host().allowsDragAndDrop());
+}
+
+TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
+    TestWindow::type("Kept");
+    ASSERT_TRUE(bodyBecomes("Kept\n"));
+    stage().files.files["/damaged.docx"] = std::string(3000, '\1');
+    EXPECT_EQ(errorOf([] { host().Open("/damaged.docx"); }), kFileCouldNotBeRead);
+    EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx"); }), kFileCouldNotBeRead);
+    EXPECT_EQ(errorOf([] { host().CreateNew("Paint.Picture"); }), kCommandFailed);
+    TestWindow::type("!");
+    EXPECT_TRUE(bodyBecomes("Kept!\n"));
+}
+
+TEST_F(HostedText, ShowsTheDocumentThatCameLast) {
+    const word::ApplicationPtr application = document()->Application();
+    openBody("<w:p><w:r><w:t>opened</w:t></w:r></w:p>");
+    EXPECT_EQ(document()->FullName(), "/given.docx");
+    EXPECT_EQ(application->Documents()->Count(), 1);
+    const word::DocumentPtr added = application->Documents()->Add("/given.docx");
+    EXPECT_EQ(document(), added);
+    added->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    EXPECT_EQ(document()->FullName(), "/given.docx");
+    document()->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(host().ActiveDocument()));
+    EXPECT_FALSE(host().placeCaret(kBelowText));
+}
+
+TEST_F(HostedCells, TheCellCursorGoesToThePoint) {
+    EXPECT_NE(placedCell(kOtherCells[0]), placedCell(kOtherCells[1]));
+    EXPECT_FALSE(host().placeCaret({10, 400})) << "the rows' numbers";
+    EXPECT_FALSE(host().placeCaret({60, 8})) << "the menu";
+}
+
+TEST_F(HostedCells, PlacingLeavesTheKeyboardWhereItIs) {
+    window().click(TestWindow::kPaneX / 2, 400);
+    window().keysTaken();
+    ASSERT_TRUE(host().placeCaret(kOtherCells[0]));
+    TestWindow::press("b");
+    EXPECT_TRUE(becomesTrue([] { return window().keysTaken() == 1; }));
+}
+
+TEST_F(HostedCells, ADropIsOneStepForUserAndModel) {
+    load(kField);
+    EXPECT_TRUE(workbook()->Saved());
+    ASSERT_TRUE(dropAt(kOtherCells[0], node("2k")));
+    EXPECT_FALSE(workbook()->Saved());
+    EXPECT_EQ(workbook()->Names()->Count(), 1);
+    window().clickInPane(kOtherCells[1].x, kOtherCells[1].y);
+    TestWindow::press("ctrl+z");
+    const auto count = [] {
+        host().beginEditing();
+        const int names = workbook()->Names()->Count();
+        host().endEditing();
+        return names;
+    };
+    EXPECT_TRUE(becomesTrue([&] { return count() == 0; }));
+    TestWindow::press("ctrl+y");
+    ASSERT_TRUE(dropAt(kOtherCells[0], node("2k")));
+    EXPECT_EQ(count(), 1);
+    EXPECT_TRUE(workbook()->Undo(1));
+    EXPECT_EQ(count(), 0);
+}
+
+TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
+    window().clickInPane(kOtherCells[0].x, kOtherCells[0].y);
+    TestWindow::type("typed");
+    std::this_thread::sleep_for(300ms);
+    workbook()->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
+    host().Open("/saved.xlsx");
+    ASSERT_TRUE(host().placeCaret(kOtherCells[0]));
+    host().beginEditing();
+    EXPECT_EQ(activeCell()->Value(), "typed");
+    host().endEditing();
+}
+
+class EndOfOffice : public HostedText {};
+
+/// The last one: it takes the office away.
+TEST_F(EndOfOffice, IsToldOnce) {
+    const std::vector<pid_t> processes = processesNaming("mergeloom-office-");
+    for (const pid_t process : processes)
+        if (commandLine(process).find("-" + std::to_string(::getpid()) + ";") != std::string::npos)
+            ::kill(process, SIGKILL);
+    EXPECT_TRUE(becomesTrue([&] { return stage().listener.ends == 1; }));
+    EXPECT_EQ(errorOf([] { host().CreateNew("Word.Template"); }), kNotAvailable);
+    EXPECT_EQ(errorOf([] { host().placeCaret(kBelowText); }), kNotAvailable);
+    EXPECT_EQ(errorOf([] { host().ActiveDocument(); }), kNotAvailable);
+    const auto start = std::chrono::steady_clock::now();
+    endOffice();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+    EXPECT_EQ(stage().listener.ends, 1);
+}
+
+/// All tests share one office, for one takes a second to start.
+class Office final : public testing::Environment {
+  public:
+    void SetUp() override { HostTest::startOffice(); }
+    void TearDown() override { HostTest::endOffice(); }
+};
+
+const testing::Environment* const kOffice = testing::AddGlobalTestEnvironment(new Office);
+
+}  // namespace
+
+}  // namespace mergeloom

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace mergeloom {
+
+/// A window of the test with a pane in it, in which an office comes up.
+class TestWindow {
+  public:
+    static constexpr int kWidth = 1000;
+    static constexpr int kHeight = 800;
+    static constexpr int kPaneX = 100;
+    static constexpr int kPaneWidth = 880;
+    static constexpr int kPaneHeight = 780;
+
+    TestWindow() : connection_(xcb_connect(nullptr, nullptr)) {
+        const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
+        top_ = make(screen.root, 0, kWidth, kHeight);
+        pane_ = make(top_, kPaneX, kPaneWidth, kPaneHeight);
+        xcb_map_window(connection_, pane_);
+        xcb_map_window(connection_, top_);
+        while (!isVisible(pane_)) {
+        }
+    }
+    TestWindow(const TestWindow&) = delete;
+    TestWindow& operator=(const TestWindow&) = delete;
+    ~TestWindow() { xcb_disconnect(connection_); }
+
+    [[nodiscard]] xcb_window_t pane() const { return pane_; }
+    void resizePane(std::uint32_t width, std::uint32_t height) const {
+        const std::uint32_t size[] = {width, height};
+        xcb_configure_window(connection_, pane_, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
+        xcb_flush(connection_);
+    }
+    /// The width of the first window inside the pane.
+    [[nodiscard]] int widthInside() const {
+        const auto tree =
+            owned(xcb_query_tree_reply(connection_, xcb_query_tree(connection_, pane_), nullptr));
+        if (!tree || tree->children_len == 0) return 0;
+        const xcb_window_t inner = *xcb_query_tree_children(tree.get());
+        const auto size =
+            owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, inner), nullptr));
+        return size ? size->width : 0;
+    }
+    /// How many keys the window itself got since the last question.
+    int keysTaken() const {
+        int keys = 0;
+        while (const auto event = owned(xcb_poll_for_event(connection_)))
+            keys += (event->response_type & 0x7f) == XCB_KEY_PRESS ? 1 : 0;
+        return keys;
+    }
+
+    /// Clicks at a place of the window, and types, as a user does.
+    void click(int x, int y) const {
+        play("mousemove --window " + std::to_string(top_) + " " + std::to_string(x) + " " +
+             std::to_string(y) + " click 1");
+    }
+    void clickInPane(int x, int y) const { click(kPaneX + x, y); }
+    static void type(const std::string& text) { play("type --delay 5 '" + text + "'"); }
+    static void press(const std::string& key) { play("key " + key); }
+
+  private:
+    template <typename Reply>
+    static std::unique_ptr<Reply, void (*)(void*)> owned(Reply* reply) {
+        return {reply, std::free};
+    }
+    static void play(const std::string& command) {
+        [[maybe_unused]] const int status = std::system(("xdotool " + command).c_str());
+    }
+
+    xcb_window_t make(xcb_window_t parent, int x, int width, int height) const {
+        const xcb_window_t window = xcb_generate_id(connection_);
+        const std::uint32_t events[] = {XCB_EVENT_MASK_KEY_PRESS};
+        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, parent, static_cast<std::int16_t>(x), 0,
+                          static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height), 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                          parent == top_ ? 0 : XCB_CW_EVENT_MASK, events);
+        return window;
+    }
+    [[nodiscard]] bool isVisible(xcb_window_t window) const {
+        const auto reply = owned(xcb_get_window_attributes_reply(
+            connection_, xcb_get_window_attributes(connection_, window), nullptr));
+        return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
+
+    xcb_connection_t* connection_;
+    xcb_window_t top_ = 0;
+    xcb_window_t pane_ = 0;
+};
+
+}  // namespace mergeloom
