@@ -8,7 +8,7 @@ configure_file(${PROJECT_SOURCE_DIR}/data/debian/changelog ${documents}/changelo
 # The same input gives the same bytes: gzip notes neither name nor time.
 execute_process(COMMAND gzip -9nc ${documents}/changelog OUTPUT_FILE ${documents}/changelog.Debian.gz)
 install(FILES ${documents}/changelog.Debian.gz ${PROJECT_SOURCE_DIR}/data/debian/copyright
-  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/mergeloom)
 install(FILES ${PROJECT_SOURCE_DIR}/data/debian/lintian-overrides
   DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME mergeloom)
 
@@ -35,6 +35,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/PackageWithoutLdconfig.cmake)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libreoffice-writer, libreoffice-calc")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS fonts-crosextra-carlito)
 include(CPack)

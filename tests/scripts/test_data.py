@@ -3,6 +3,7 @@
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
 import configparser
+import gzip
 import os
 import re
 import shutil
@@ -119,14 +120,13 @@ class InstalledTree(unittest.TestCase):
         names = {path.name for path in (self.prefix / "lib/mergeloom").iterdir()}
         for name in ("mergeloom-designer", "mergeloom-designer.chm", "mergeloom_libreoffice.so"):
             self.assertEqual(name in names, (PROGRAM.parent / name).exists(), name)
-        manual = (self.prefix / "share/man/man1/mergeloom.1").read_text()
+        manual = gzip.decompress((self.prefix / "share/man/man1/mergeloom.1.gz").read_bytes()).decode()
+        self.assertIn(".SH NAME", manual)
         self.assertNotIn("@", manual)
 
     def test_the_installed_program_maps_the_installed_sample(self):
         program = self.prefix / "bin/mergeloom"
         sample = self.prefix / "share/doc/mergeloom/examples/orders.xml"
-        if not sample.exists():
-            sample = next(self.prefix.rglob("orders.xml"))
         template = self.prefix / "orders.dotx"
         subprocess.run([program, "--exit-status", "-xmlfile", sample, "-template", template, "-hidden"], check=True,
                        capture_output=True)
