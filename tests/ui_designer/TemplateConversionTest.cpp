@@ -1,5 +1,7 @@
 #include "base/Paths.h"
+#include "doubles/ChangedVariable.h"
 #include "doubles/FaultyFileStore.h"
+#include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
 #include "office/model/word/Selection.h"
 #include "office/model/word/Window.h"
@@ -29,16 +31,18 @@ class ConvertingTemplates : public TemplateScene {
     [[nodiscard]] std::string bodyOf(const std::string& name) const {
         return shownBody(folder.bytesOf(name));
     }
-    /// Files of conversions that the system's folder for temporary files holds.
-    static long temporaryCopies() {
+    /// Files of conversions that the folder for temporary files holds, which is this test's own.
+    [[nodiscard]] long temporaryCopies() const {
         long count = 0;
-        for (const auto& entry :
-             std::filesystem::directory_iterator(std::filesystem::temp_directory_path())) {
+        for (const auto& entry : std::filesystem::directory_iterator(temporary.path())) {
             const std::string name = entry.path().filename().string();
             if (name.starts_with("mergeloom-") && name.ends_with(".dotx")) ++count;
         }
         return count;
     }
+
+    TemporaryFolder temporary;
+    ChangedVariable temporaryFolder{"TMPDIR", temporary.path()};
 };
 
 TEST_F(ConvertingTemplates, KnowsWhatIsConverted) {
