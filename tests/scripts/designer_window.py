@@ -118,14 +118,20 @@ def middle(element):
 class Designer:
     """A run of the program with a home of its own."""
 
-    def __init__(self, program, arguments, home=None):
-        self.home = Path(home or tempfile.mkdtemp(prefix="designer-"))
+    def __init__(self, program, arguments, wait=True):
+        self.home = Path(tempfile.mkdtemp(prefix="designer-"))
         environment = dict(
             os.environ, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / "config"),
             XDG_STATE_HOME=str(self.home / "state"), XDG_DATA_HOME=str(self.home / "data"),
             QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL="C.UTF-8",
         )
         self.process = subprocess.Popen([program, *map(str, arguments)], env=environment)
+        self.application = None
+        if wait:
+            self.attach()
+
+    def attach(self):
+        """Waits until the program can be asked what it shows."""
         self.application = wait_for("the program", self.find_application)
 
     def find_application(self):
@@ -170,6 +176,8 @@ class Designer:
         return self.texts_of(bar) if bar else ""
 
     def wait_until_ready(self):
+        if self.application is None:
+            self.attach()
         wait_for("the hosted document", lambda: self.status().startswith("Drag a field"))
 
     def node(self, text):
@@ -187,24 +195,19 @@ class Designer:
         box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
         return box.x + box.width // 3, box.y + box.height // 3
 
-    def insert_by_drag(self, text, place=None):
-        before = self.status()
-        drag(self.node(text), place or self.document())
-        return before
-
     def answer_file_dialog(self, path):
-        box = self.dialog()
+        self.dialog()
         time.sleep(0.3)
         key("ctrl+a")
         type_text(str(path))
         key("Return")
-        return box
 
     def office_process(self):
         """The number of the office's own process."""
         listing = subprocess.run(["ps", "-eo", "pid,ppid,args"], capture_output=True, text=True, check=True).stdout
         rows = [line.split(None, 2) for line in listing.splitlines()[1:]]
-        return next(int(pid) for pid, _, args in rows if "soffice.bin" in args and str(self.process.pid) in self.ancestors(pid, rows))
+        return next(int(pid) for pid, _, args in rows
+                    if "soffice.bin" in args and str(self.process.pid) in self.ancestors(pid, rows))
 
     @staticmethod
     def ancestors(pid, rows):

@@ -142,6 +142,16 @@ class InWord(DesignerTest):
         self.wait_for_insertion("Customer")
         self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID"])
 
+    def test_the_search_keeps_its_keys_to_itself(self):
+        designer = self.start()
+        click(middle(designer.element("text", "Search:")))
+        type_text("contact")
+        wait_for("the search", lambda: not find(designer.application, "table cell", "Priority"))
+        self.picture("search")
+        self.drop("Buyer's contact")
+        path = self.save_as("found.docx")
+        self.assertEqual("".join(read_docx.read_paragraphs(path)), self.names(path)[0])
+
     def test_unsaved_work_is_asked_about(self):
         designer = self.start()
         self.drop("Customer")
@@ -194,14 +204,33 @@ class InWord(DesignerTest):
 class InExcel(DesignerTest):
     SWITCHES = ["-excel"]
 
-    def test_a_field_a_form_and_a_table(self):
+    def test_fields_fall_where_the_mouse_is(self):
         designer = self.start()
         self.assertEqual(designer.title(), "New Excel Template")
         self.assertEqual(find(designer.application, "table cell", "Special"), [])
-        self.drop("Customer")
-        self.picture("cell")
-        path = self.save_as("cells.xlsx")
-        self.assertEqual(list(read_xlsx.read_names(path)), ["ammCustomerID"])
+        left, top = designer.document()
+        self.drop("Customer", (left, top))
+        self.drop("Priority", (left, top + 80))
+        self.drop("Town", (left + 200, top + 80))
+        self.picture("cells")
+        names = read_xlsx.read_names(self.save_as("cells.xlsx"))
+        columns, rows = zip(*(names[name].split("$")[1:] for name in ("ammCustomerID", "ammPriority", "ammTown")))
+        self.assertEqual(columns[0], columns[1])
+        self.assertLess(columns[1], columns[2])
+        self.assertLess(int(rows[0]), int(rows[1]))
+        self.assertEqual(rows[1], rows[2])
+
+    def test_a_form_and_a_table_equal_the_unattended_ones(self):
+        designer = self.start()
+        key("ctrl+Home")
+        drag(designer.node('Form "Orders"'), designer.document())
+        designer.press("Insert", designer.dialog("Select Fields"))
+        self.wait_for_insertion('Form "Orders"')
+        self.picture("workbook")
+        mapped = self.folder / "mapped.xlsx"
+        subprocess.run([PROGRAM, "-excel", "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
+        dropped = self.save_as("form.xlsx")
+        self.assertCountEqual(read_xlsx.read_names(dropped), read_xlsx.read_names(mapped))
 
 
 class WithoutAScreen(unittest.TestCase):
