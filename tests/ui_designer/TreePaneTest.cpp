@@ -161,6 +161,16 @@ TEST_F(TreePaneTest, LargeTreesOpenToTheLastMatch) {
     EXPECT_EQ(view().verticalScrollBar()->value(), 100);
 }
 
+TEST_F(TreePaneTest, LongTextsAreReachedByScrolling) {
+    const auto structure = sampleStructure();
+    pane_.show(structure);
+    QApplication::processEvents();
+    EXPECT_EQ(view().columnWidth(0), view().viewport()->width());
+    structure->tree.Add(structure->firstObject, 99, std::string(200, 'w'));
+    pane_.show(structure);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view().horizontalScrollBar()->maximum() > 0; }));
+}
+
 TEST_F(TreePaneTest, KeysLeadFromTheBoxToTheTree) {
     pane_.show(sampleStructure());
     box().setFocus();

@@ -36,9 +36,11 @@ TreePaneView::TreePaneView(TreeModel& model, QWidget* parent) : QTreeView(parent
     setSelectionMode(SingleSelection);
     setDragEnabled(true);
     setDragDropMode(DragOnly);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::Fixed);
     // A node's width counts while it is in view; measuring all of them would take long.
     header()->setResizeContentsPrecision(0);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TreePaneView::fitColumn);
     connect(&expanding_, &QTimer::timeout, this, [this] { expandNext(kExpandedPerStep); });
 }
 
@@ -143,6 +145,17 @@ QItemSelectionModel::SelectionFlags TreePaneView::selectionCommand(const QModelI
         return QItemSelectionModel::ClearAndSelect;
     }
     return QTreeView::selectionCommand(index, event);
+}
+
+void TreePaneView::updateGeometries() {
+    QTreeView::updateGeometries();
+    fitColumn();
+}
+
+/// Makes the column as wide as the view and as the nodes that are in it.
+void TreePaneView::fitColumn() {
+    const int width = std::max(viewport()->width(), sizeHintForColumn(0));
+    if (header()->sectionSize(0) != width) header()->resizeSection(0, width);
 }
 
 bool TreePaneView::viewportEvent(QEvent* event) {

@@ -40,10 +40,12 @@ class TreePaneView : public QTreeView {
     void startDrag(Qt::DropActions supportedActions) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
+    void updateGeometries() override;
     bool viewportEvent(QEvent* event) override;
 
   private:
     void select(int node);
+    void fitColumn();
     void expandNext(std::size_t most);
     void addExpanded(const QModelIndex& parent, std::vector<int>& nodes) const;
     [[nodiscard]] QPixmap dragPicture(const QString& text) const;
