@@ -6,6 +6,7 @@
 #include "ui/designer/frmMain.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -65,6 +66,9 @@ int runDesigner(int& count, char** values) {
     const QApplication application(programAlone, values);
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(QStringLiteral("Mergeloom"));
+    // Under this name the desktop knows the program and has its picture.
+    QApplication::setDesktopFileName(QStringLiteral("mergeloom"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("mergeloom")));
     try {
         return showWindow();
     } catch (const std::exception& error) {
