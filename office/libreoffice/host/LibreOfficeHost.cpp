@@ -15,6 +15,7 @@
 #include "office/model/word/Documents.h"
 
 #include <algorithm>
+#include <chrono>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
@@ -26,6 +27,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
+constexpr std::chrono::seconds kBoundOfClosing{5};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 constexpr std::string_view kWorkbookExtensions[] = {"xlsx", "xlsm", "xltx", "xltm", "xlsb",
@@ -75,9 +77,22 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Hos
 LibreOfficeHost::~LibreOfficeHost() {
     watch_.reset();
     keyboard_.reset();
-    // A document that is asked about its end would ask the user.
+    LibreOfficeProcess& process = session_->process();
+    {
+        Watchdog impatient(kBoundOfClosing, [&process] { process.kill(); });
+        const Watchdog::Watch watch(impatient);
+        closeDocuments();
+    }
+    edited_ = {};
     word_.reset();
     excel_.reset();
+    // Whoever still holds a document holds the session with it, but not the office.
+    if (session_.use_count() > 1) process.kill();
+}
+
+/// An office that is asked to end asks the user about documents that were not saved.
+void LibreOfficeHost::closeDocuments() try { closeAllBut({}); } catch (const AutomationError&) {
+    // The office has ended; so have its documents.
 }
 
 void LibreOfficeHost::checkIsAlive() const {

@@ -55,6 +55,7 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] HostFrame* front();
     [[nodiscard]] std::vector<HostedDocument> documents();
     void closeAllBut(const HostedDocument& kept);
+    void closeDocuments();
     void click(HostPoint point);
     /// Waits until it has done what it was sent as events. Within a call.
     void letOfficeCatchUp();

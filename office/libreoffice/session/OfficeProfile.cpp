@@ -34,6 +34,15 @@ constexpr Setting kShown[] = {
     {"Office.UI.Infobar/Enabled", "HyphenationMissing", "false"},
     {"Setup/Office", "MigrationCompleted", "true"},
     {"Office.Recovery/AutoSave", "Enabled", "false"},
+    // Writer shows bookmarks, which stand for places, only while it shows marks at all.
+    {"Office.Writer/Content/NonprintingCharacter", "MetaCharacters", "true"},
+    {"Office.Writer/Content/NonprintingCharacter", "Bookmarks", "true"},
+    {"Office.Writer/Content/NonprintingCharacter", "ParagraphEnd", "false"},
+    {"Office.Writer/Content/NonprintingCharacter", "OptionalHyphen", "false"},
+    {"Office.Writer/Content/NonprintingCharacter", "Space", "false"},
+    {"Office.Writer/Content/NonprintingCharacter", "ProtectedSpace", "false"},
+    {"Office.Writer/Content/NonprintingCharacter", "Tab", "false"},
+    {"Office.Writer/Content/NonprintingCharacter", "Break", "false"},
     {"Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
 };
 
@@ -44,13 +53,31 @@ void write(std::ostream& file, std::span<const Setting> settings) {
     }
 }
 
+/// Commands that would leave the one document or lead to others; menus and bars do not show them.
+constexpr const char* kDisabledCommands[] = {
+    "RecentFileList",  "OpenRemote",    "SaveAsRemote",  "NewWindow", "FullScreen",
+    "Reload",          "EditDoc",       "ReadOnlyDoc",   "OpenUrl",   "SaveAsTemplate",
+    "TemplateManager", "AutoPilotMenu", "VersionDialog",
+};
+
+void disableCommands(std::ostream& file) {
+    for (const char* const command : kDisabledCommands) {
+        file << R"(<item oor:path="/org.openoffice.Office.Commands/Execute/Disabled"><node oor:name=")"
+             << command << R"(" oor:op="replace"><prop oor:name="Command"><value>)" << command
+             << "</value></prop></node></item>\n";
+    }
+}
+
 void writeSettings(std::ostream& file, OfficeMode mode) {
     file << R"(<?xml version="1.0" encoding="UTF-8"?>)"
             "\n"
          << R"(<oor:items xmlns:oor="http://openoffice.org/2001/registry">)"
             "\n";
     write(file, kQuiet);
-    if (mode == OfficeMode::Shown) write(file, kShown);
+    if (mode == OfficeMode::Shown) {
+        write(file, kShown);
+        disableCommands(file);
+    }
     file << "</oor:items>\n" << std::flush;
 }
 
