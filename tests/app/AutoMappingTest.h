@@ -8,6 +8,7 @@
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/DiskFileStore.h"
+#include "doubles/FaultyFileStore.h"
 #include "doubles/RecordingMessages.h"
 #include "doubles/TemporaryFolder.h"
 #include "office/factory/OfficeFactory.h"
@@ -83,6 +84,29 @@ class AutoMappingTest : public testing::Test {
         whenExcelStarts();
         lastExcel = makeExcelApplication(OfficeKind::Embedded, *store);
         return std::make_shared<ConvertingExcel>(lastExcel, converter);
+    }
+
+    /// Maps into a document of the folder, and each time another call of the run's reading and writing fails:
+    /// nothing new stays and nothing old is changed. Gives how many calls there were.
+    int failAtEachCall(
+        const std::string& document, const std::function<void()>& whenFailed = [] {}) {
+        const std::string given = folder.bytesOf(document);
+        int failingCall = 1;
+        for (bool failed = true; failed && failingCall < 1000; ++failingCall) {
+            FaultyFileStore faulty{disk, failingCall};
+            store = &faulty;
+            errors.reports.clear();
+            EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-usedocument", "%/" + document}), 0U);
+            store = &disk;
+            failed = faulty.hasFailed();
+            EXPECT_EQ(made, !failed) << failingCall;
+            EXPECT_EQ(errors.reports.size(), failed ? 1U : 0U) << failingCall;
+            EXPECT_EQ(folder.entryCount(), entriesBefore);
+            EXPECT_EQ(folder.bytesOf(document) == given, failed) << failingCall;
+            if (failed) whenFailed();
+        }
+        EXPECT_TRUE(made);
+        return failingCall;
     }
 
     [[nodiscard]] bool exists(const std::string& name) const {

@@ -10,6 +10,7 @@
 #include "office/libreoffice/session/FragmentGuard.h"
 #include "office/libreoffice/session/InputFilters.h"
 #include "office/libreoffice/session/RequiredFilter.h"
+#include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <unistd.h>
@@ -32,14 +33,6 @@ namespace mergeloom::libreoffice {
 namespace {
 
 using Properties = std::vector<css::beans::PropertyValue>;
-
-template <typename Value>
-css::beans::PropertyValue property(const char* name, const Value& value) {
-    css::beans::PropertyValue result;
-    result.Name = OUString::createFromAscii(name);
-    result.Value <<= value;
-    return result;
-}
 
 css::uno::Sequence<css::beans::PropertyValue> sequenceOf(const Properties& properties) {
     return {properties.data(), static_cast<sal_Int32>(properties.size())};

@@ -5,6 +5,7 @@
 #include "base/Paths.h"
 #include "office/embedded/package/ZipReader.h"
 #include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -33,14 +34,6 @@ class PassingFile {
   private:
     std::string path_;
 };
-
-template <typename Value>
-css::beans::PropertyValue property(const char* name, const Value& value) {
-    css::beans::PropertyValue result;
-    result.Name = OUString::createFromAscii(name);
-    result.Value <<= value;
-    return result;
-}
 
 std::unique_ptr<embedded::XmlPart> partOf(const embedded::ZipReader& archive, const std::string& name) {
     const auto& entries = archive.entries();
