@@ -38,7 +38,7 @@ class Screen:
 
     def __init__(self):
         self.processes = []
-        display = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", f"{SCREEN_WIDTH}x{SCREEN_HEIGHT}x24"])
+        display = self.start(["Xvfb", "-displayfd", "1", "-noreset", "-screen", "0", f"{SCREEN_WIDTH}x{SCREEN_HEIGHT}x24"])
         os.environ["DISPLAY"] = ":" + first_line(display)
         bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = first_line(bus)

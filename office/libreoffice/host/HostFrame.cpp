@@ -50,11 +50,12 @@ bool hasBookmarks(const Properties& settings) {
 
 }  // namespace
 
-HostFrame::HostFrame(OfficeConnection& connection, const HostWindow& window, CommandSink commands)
-    : interceptor_(new CommandInterceptor(std::move(commands))) {
+HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
+                     CommandSink commands)
+    : nest_(windows, window), interceptor_(new CommandInterceptor(std::move(commands))) {
     const Reference<css::awt::XSystemChildFactory> factory(css::awt::Toolkit::create(connection.context()),
                                                            UNO_QUERY_THROW);
-    const css::uno::Any parent(static_cast<sal_Int64>(window.id));
+    const css::uno::Any parent(static_cast<sal_Int64>(nest_.id()));
     container_.set(factory->createSystemChild(parent, {}, css::lang::SystemDependent::SYSTEM_XWINDOW),
                    UNO_QUERY_THROW);
     caret_.emplace(container_);
@@ -65,6 +66,8 @@ HostFrame::HostFrame(OfficeConnection& connection, const HostWindow& window, Com
     const Reference<css::frame::XDispatchProviderInterception> commandsOfFrame(frame_, UNO_QUERY_THROW);
     commandsOfFrame->registerDispatchProviderInterceptor(interceptor_.get());
     container_->setVisible(true);
+    // Moved before it was shown, the office's window stays blank.
+    nest_.moveIntoHost();
 }
 
 DocumentReference HostFrame::document() const try {
@@ -82,6 +85,7 @@ HostedPart HostFrame::part() const {
 void HostFrame::resize(int width, int height) {
     caret_->forget();
     container_->setPosSize(0, 0, width, height, css::awt::PosSize::POSSIZE);
+    nest_.resize(width, height);
 }
 
 /// None for a view that has no settings of that kind.

@@ -2,6 +2,7 @@
 
 #include "office/libreoffice/host/CaretPlacer.h"
 #include "office/libreoffice/host/CommandInterceptor.h"
+#include "office/libreoffice/host/OfficeNest.h"
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/model/DocumentHost.h"
@@ -19,7 +20,8 @@ namespace mergeloom::libreoffice {
 /// are to be called within a call of the connection.
 class HostFrame {
   public:
-    HostFrame(OfficeConnection& connection, const HostWindow& window, CommandSink commands);
+    HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
+              CommandSink commands);
 
     [[nodiscard]] const Reference<css::frame::XFrame>& uno() const { return frame_; }
     /// None when its document is closed, with which it goes.
@@ -40,6 +42,7 @@ class HostFrame {
   private:
     [[nodiscard]] Reference<css::beans::XPropertySet> viewSettings() const;
 
+    OfficeNest nest_;
     Reference<css::awt::XWindow> container_;
     Reference<css::frame::XFrame> frame_;
     rtl::Reference<CommandInterceptor> interceptor_;

@@ -103,7 +103,7 @@ void LibreOfficeHost::checkIsAlive() const {
 
 Reference<css::frame::XFrame> LibreOfficeHost::makeFrame() {
     const auto tell = [this](HostCommand command) { listener_.fileCommand(command); };
-    return frames_.emplace_back(session_->connection(), window_, tell).uno();
+    return frames_.emplace_back(session_->connection(), windows_, window_, tell).uno();
 }
 
 HostFrame* LibreOfficeHost::front() {
@@ -119,9 +119,13 @@ void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
                           "LibreOffice knows no documents of the kind '" + programIdentifier + "'.");
 }
 
-void LibreOfficeHost::Open(const std::string& path) {
+void LibreOfficeHost::Open(const std::string& path) try {
     if (holdsWorkbook(path)) return closeAllBut(excel_->Workbooks()->Open(path));
     closeAllBut(word_->Documents()->Open(path));
+} catch (const AutomationError&) {
+    // The frame that was made for the file must not cover the former document.
+    (void)front();
+    throw;
 }
 
 HostedDocument LibreOfficeHost::ActiveDocument() {

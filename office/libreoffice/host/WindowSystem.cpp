@@ -43,13 +43,23 @@ WindowSystem::WindowSystem() : connection_(xcb_connect(nullptr, nullptr), xcb_di
 }
 
 xcb_window_t WindowSystem::innerWindow(xcb_window_t host) const {
-    const auto reply = owned(xcb_query_tree_reply(get(), xcb_query_tree(get(), host), nullptr));
+    const xcb_window_t nest = topChild(host);
+    return nest == XCB_WINDOW_NONE ? nest : topChild(nest);
+}
+
+xcb_window_t WindowSystem::topChild(xcb_window_t window) const {
+    const auto reply = owned(xcb_query_tree_reply(get(), xcb_query_tree(get(), window), nullptr));
     if (!reply) return XCB_WINDOW_NONE;
     const xcb_window_t* const children = xcb_query_tree_children(reply.get());
     for (int index = xcb_query_tree_children_length(reply.get()); index > 0; --index) {
         if (isVisible(get(), children[index - 1])) return children[index - 1];
     }
     return XCB_WINDOW_NONE;
+}
+
+xcb_window_t WindowSystem::screenOf(xcb_window_t window) const {
+    const auto reply = owned(xcb_query_tree_reply(get(), xcb_query_tree(get(), window), nullptr));
+    return reply ? reply->root : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 xcb_window_t WindowSystem::parentOf(xcb_window_t window) const {

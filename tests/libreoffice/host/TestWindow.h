@@ -36,12 +36,9 @@ class TestWindow {
         xcb_configure_window(connection_, pane_, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
         xcb_flush(connection_);
     }
-    /// The width of the first window inside the pane.
+    /// The width of the office's window inside the pane: of the one in front, in its nest.
     [[nodiscard]] int widthInside() const {
-        const auto tree =
-            owned(xcb_query_tree_reply(connection_, xcb_query_tree(connection_, pane_), nullptr));
-        if (!tree || tree->children_len == 0) return 0;
-        const xcb_window_t inner = *xcb_query_tree_children(tree.get());
+        const xcb_window_t inner = frontChild(frontChild(pane_));
         const auto size =
             owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, inner), nullptr));
         return size ? size->width : 0;
@@ -67,6 +64,13 @@ class TestWindow {
     template <typename Reply>
     static std::unique_ptr<Reply, void (*)(void*)> owned(Reply* reply) {
         return {reply, std::free};
+    }
+    /// Children stand from the one behind to the one in front.
+    [[nodiscard]] xcb_window_t frontChild(xcb_window_t window) const {
+        const auto tree =
+            owned(xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));
+        if (!tree || tree->children_len == 0) return XCB_WINDOW_NONE;
+        return xcb_query_tree_children(tree.get())[tree->children_len - 1];
     }
     static void play(const std::string& command) {
         [[maybe_unused]] const int status = std::system(("xdotool " + command).c_str());
