@@ -1,6 +1,5 @@
 #include "ui/designer/TreeFilter.h"
 
-#include <optional>
 #include <utility>
 
 namespace mergeloom {
@@ -39,7 +38,7 @@ void TreeFilter::ask(const QString& words) {
 
 void TreeFilter::work(const std::stop_token& stop) {
     Search search;
-    std::optional<TreeFilterIndex> index;
+    std::unique_ptr<TreeFilterIndex> index;
     while (true) {
         Search next;
         {
@@ -49,7 +48,7 @@ void TreeFilter::work(const std::stop_token& stop) {
         }
         if (next.tree != search.tree) {
             index.reset();
-            if (next.tree) index.emplace(*next.tree);
+            if (next.tree) index = std::make_unique<TreeFilterIndex>(*next.tree);
         }
         search = std::move(next);
         if (index && !search.words.isEmpty()) answer(search, *index);
