@@ -67,7 +67,9 @@ TEST_F(BookmarkAdd, TheCounterPushesOutTheBeginningOfALongName) {
 }
 
 TEST_F(BookmarkAdd, SelectedTextIsThePlacesText) {
-    open("<w:p><w:r><w:t xml:space='preserve'>Dear </w:t></w:r><w:r><w:rPr><w:b/></w:rPr><w:t>you</w:t></w:r></w:p>");
+    open(
+        "<w:p><w:r><w:t xml:space='preserve'>Dear "
+        "</w:t></w:r><w:r><w:rPr><w:b/></w:rPr><w:t>you</w:t></w:r></w:p>");
     document->Bookmarks()->Add("All", *selection()->Range());
     bookmark("All")->SetEnd(CharacterPosition{8});
     bookmark("All")->SetStart(CharacterPosition{5});

@@ -38,8 +38,8 @@ TreeModelRows::TreeModelRows(const std::vector<int>& parents, const std::vector<
     children_.resize(static_cast<std::size_t>(firstChild_.back()));
     for (std::size_t node = 1; node < parents.size(); ++node) {
         if (rows_[node] == kNotShown) continue;
-        const int first = firstChild_[static_cast<std::size_t>(parents[node])];
-        children_[static_cast<std::size_t>(first + rows_[node])] = static_cast<int>(node);
+        const int place = firstChild_[static_cast<std::size_t>(parents[node])] + rows_[node];
+        children_[static_cast<std::size_t>(place)] = static_cast<int>(node);
     }
 }
 
@@ -49,7 +49,8 @@ int TreeModelRows::childCount(int node) const {
 }
 
 int TreeModelRows::child(int parent, int row) const {
-    return children_[static_cast<std::size_t>(firstChild_[static_cast<std::size_t>(parent)] + row)];
+    const int place = firstChild_[static_cast<std::size_t>(parent)] + row;
+    return children_[static_cast<std::size_t>(place)];
 }
 
 int TreeModelRows::row(int node) const {

@@ -66,10 +66,10 @@ Reference<css::sheet::XNamedRanges> namesIn(const Reference<css::uno::XInterface
 }  // namespace
 
 CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
-                         DocumentReference document)
+                         const DocumentReference& document)
     : session_(std::move(session)),
       files_(files),
-      document_(std::move(document)),
+      document_(document),
       workbook_(faceOf<css::sheet::XSpreadsheetDocument>(connection(), document_)),
       factory_(faceOf<css::lang::XMultiServiceFactory>(connection(), document_)),
       undo_(connection(), undoManagerOf(connection(), document_),

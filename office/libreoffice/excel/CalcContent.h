@@ -24,7 +24,8 @@ namespace mergeloom::libreoffice {
 /// there is a new one for each time that the object model works with it.
 class CalcContent {
   public:
-    CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files, DocumentReference document);
+    CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
+                const DocumentReference& document);
     /// Takes over the document of another one, which somebody else may have changed since; what the other
     /// holds serves to take steps back.
     explicit CalcContent(CalcContent& former);

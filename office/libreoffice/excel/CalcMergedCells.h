@@ -15,8 +15,8 @@ namespace mergeloom::libreoffice {
 /// since the question is put for each place.
 class CalcMergedCells {
   public:
-    CalcMergedCells(OfficeConnection& connection, Reference<css::sheet::XSpreadsheet> sheet)
-        : connection_(connection), sheet_(std::move(sheet)) {}
+    CalcMergedCells(OfficeConnection& connection, const Reference<css::sheet::XSpreadsheet>& sheet)
+        : connection_(connection), sheet_(sheet) {}
 
     /// Whether the sheet has any.
     [[nodiscard]] bool exist();

@@ -24,7 +24,8 @@ class CalcRows final : public excel::Counted {
 
 /// The sum of two numbers that may come from a caller's mistake.
 int sum(int a, int b) {
-    return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{a} + b, -kSheetRows, 2 * kSheetRows));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(std::int64_t{a} + b, -kSheetRows, std::int64_t{2} * kSheetRows));
 }
 
 CalcArea areaFrom(const CalcCell& first, int rows, int columns) {

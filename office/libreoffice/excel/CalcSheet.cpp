@@ -38,10 +38,11 @@ bool touches(const std::vector<CalcArea>& areas, const CalcArea& area) {
 }  // namespace
 
 CalcSheet::CalcSheet(OfficeConnection& connection, CalcPending& pending,
-                     Reference<css::sheet::XSpreadsheet> sheet, std::string name, const CalcCell& activeCell)
+                     const Reference<css::sheet::XSpreadsheet>& sheet, std::string name,
+                     const CalcCell& activeCell)
     : connection_(connection),
       pending_(pending),
-      sheet_(std::move(sheet)),
+      sheet_(sheet),
       name_(std::move(name)),
       selection_{activeCell, {{activeCell, activeCell}}},
       merged_(connection_, sheet_) {}

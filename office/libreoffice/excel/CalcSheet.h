@@ -26,8 +26,8 @@ struct CalcSelectedCells {
 /// asked once and remembered.
 class CalcSheet {
   public:
-    CalcSheet(OfficeConnection& connection, CalcPending& pending, Reference<css::sheet::XSpreadsheet> sheet,
-              std::string name, const CalcCell& activeCell);
+    CalcSheet(OfficeConnection& connection, CalcPending& pending,
+              const Reference<css::sheet::XSpreadsheet>& sheet, std::string name, const CalcCell& activeCell);
 
     [[nodiscard]] const Reference<css::sheet::XSpreadsheet>& uno() const { return sheet_; }
     [[nodiscard]] const std::string& name() const { return name_; }

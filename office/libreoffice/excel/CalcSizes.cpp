@@ -41,8 +41,8 @@ void setLength(const Properties& lines, const char* name, sal_Int32 length) {
 /// A column or row and what it takes to make it again what it was.
 class FormerLine {
   public:
-    FormerLine(Properties line, const char* name)
-        : line_(std::move(line)), name_(name), length_(lengthIn(line_, name)) {
+    FormerLine(const Properties& line, const char* name)
+        : line_(line), name_(name), length_(lengthIn(line_, name)) {
         // A row that no one has set grows and shrinks with its texts.
         if (std::string_view(name) == "Height") line_->getPropertyValue("OptimalHeight") >>= isFree_;
     }

@@ -43,12 +43,9 @@ class CalcStep {
 class CalcStepAction final : public cppu::WeakImplHelper2<css::document::XUndoAction, css::awt::XCallback> {
   public:
     CalcStepAction(const std::string& title, std::shared_ptr<CalcStep> step,
-                   Reference<css::document::XUndoManager> manager,
-                   Reference<css::awt::XRequestCallback> later)
-        : title_(toUno(title)),
-          step_(std::move(step)),
-          manager_(std::move(manager)),
-          later_(std::move(later)) {}
+                   const Reference<css::document::XUndoManager>& manager,
+                   const Reference<css::awt::XRequestCallback>& later)
+        : title_(toUno(title)), step_(std::move(step)), manager_(manager), later_(later) {}
 
     OUString SAL_CALL getTitle() override { return title_; }
     void SAL_CALL undo() override;

@@ -4,9 +4,9 @@
 
 namespace mergeloom::libreoffice {
 
-CalcUndo::CalcUndo(OfficeConnection& connection, Reference<css::document::XUndoManager> manager,
-                   Reference<css::frame::XModel> model, UndoUser user)
-    : connection_(connection), manager_(std::move(manager)), model_(std::move(model)), user_(user) {
+CalcUndo::CalcUndo(OfficeConnection& connection, const Reference<css::document::XUndoManager>& manager,
+                   const Reference<css::frame::XModel>& model, UndoUser user)
+    : connection_(connection), manager_(manager), model_(model), user_(user) {
     if (user_ == UndoUser::Model) connection_.call([&] { manager_->lock(); });
 }
 

@@ -23,8 +23,8 @@ enum class UndoUser { Model, Everybody };
 /// there is one step.
 class CalcUndo {
   public:
-    CalcUndo(OfficeConnection& connection, Reference<css::document::XUndoManager> manager,
-             Reference<css::frame::XModel> model, UndoUser user);
+    CalcUndo(OfficeConnection& connection, const Reference<css::document::XUndoManager>& manager,
+             const Reference<css::frame::XModel>& model, UndoUser user);
     CalcUndo(const CalcUndo&) = delete;
     CalcUndo& operator=(const CalcUndo&) = delete;
     ~CalcUndo();

@@ -22,7 +22,7 @@ enum class CaretPlacement {
 /// be called within a call of the connection.
 class CaretPlacer {
   public:
-    explicit CaretPlacer(Reference<css::awt::XWindow> window) : window_(std::move(window)) {}
+    explicit CaretPlacer(const Reference<css::awt::XWindow>& window) : window_(window) {}
 
     CaretPlacement place(HostPoint point);
     /// The document's place in the window may be another from here on.

@@ -96,7 +96,7 @@ class PassingFile {
 /// A frame that goes again when no document comes into it.
 class NewFrame {
   public:
-    explicit NewFrame(Reference<css::frame::XFrame> frame) : frame_(std::move(frame)) {}
+    explicit NewFrame(const Reference<css::frame::XFrame>& frame) : frame_(frame) {}
     NewFrame(const NewFrame&) = delete;
     NewFrame& operator=(const NewFrame&) = delete;
     ~NewFrame() try {

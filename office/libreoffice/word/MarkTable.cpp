@@ -42,6 +42,7 @@ std::vector<MarkPtr> MarkTable::inNameOrder() const {
     }
     std::ranges::sort(keyed, {}, &std::pair<std::string, MarkPtr>::first);
     std::vector<MarkPtr> ordered;
+    ordered.reserve(keyed.size());
     for (const auto& [folded, mark] : keyed)
         ordered.push_back(mark);
     return ordered;

@@ -81,6 +81,7 @@ std::vector<Row> storedRows(const pugi::xml_node& table) {
     std::vector<pugi::xml_node> elements;
     collectRows(table, elements);
     std::vector<Row> rows;
+    rows.reserve(elements.size());
     Reach reach;
     for (const pugi::xml_node element : elements)
         rows.push_back(storedRow(element, std::to_string(rows.size() + 1), reach));

@@ -148,7 +148,7 @@ void WriterContent::bringMarksToTheirPlaces() {
 
 MarkPtr WriterContent::addMark(const std::string& name, WriterStory& story, Stretch stretch) {
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
-    const auto mark = std::make_shared<MarkRecord>();
+    auto mark = std::make_shared<MarkRecord>();
     mark->name = name;
     mark->story = &story;
     mark->place = stretch;

@@ -120,7 +120,7 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     std::optional<TypedText> typed_;
     std::shared_ptr<LiveStretch> selection_ = std::make_shared<LiveStretch>();
     std::optional<Snapshot> recorded_;  ///< before the step that was recorded last
-    bool isKnown_ = false;  ///< what the document holds
+    bool isKnown_ = false;              ///< what the document holds
     bool isRecording_ = false;
     bool isWatched_ = false;  ///< whether the selection's story keeps it true
 };

@@ -19,8 +19,8 @@ using TextSource = std::function<TextReference()>;
 class WriterStory {
   public:
     /// The name as Range.storyName gives it.
-    WriterStory(std::string name, TextSource source, Reference<css::text::XTextTablesSupplier> tables)
-        : name_(std::move(name)), source_(std::move(source)), tables_(std::move(tables)) {}
+    WriterStory(std::string name, TextSource source, const Reference<css::text::XTextTablesSupplier>& tables)
+        : name_(std::move(name)), source_(std::move(source)), tables_(tables) {}
 
     [[nodiscard]] const std::string& name() const { return name_; }
     [[nodiscard]] StoryMap& map() { return map_; }
