@@ -12,6 +12,9 @@ import time
 import unittest
 from pathlib import Path
 
+import docx
+from lxml import etree
+
 import read_docx
 import read_xlsx
 from designer_window import Designer, Screen, click, drag, find, key, middle, screenshot, type_text, wait_for
@@ -21,6 +24,9 @@ DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
 ROOT = Path(os.environ["MERGELOOM_ROOT"])
 SAMPLE = ROOT / "samples" / "orders.xml"
 PICTURES = os.environ.get("MERGELOOM_PICTURES")
+
+MERGE_FIELD = """<w:fldSimple w:instr=" MERGEFIELD Customer "
+    xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"><w:r><w:t>«Customer»</w:t></w:r></w:fldSimple>"""
 
 SCREEN = None
 
@@ -174,6 +180,18 @@ class InWord(DesignerTest):
         box = designer.dialog()
         self.assertIn("The operation is disabled in this context.", designer.texts_of(box))
         key("Escape")
+
+    def test_merge_fields_become_places(self):
+        document = docx.Document()
+        paragraph = document.add_paragraph("Dear ")
+        paragraph._p.append(etree.fromstring(MERGE_FIELD))
+        document.save(self.folder / "old.docx")
+        designer = self.start("-usedocument", self.folder / "old.docx")
+        click(middle(designer.element("menu item", "Tools")))
+        key("Down", "Return")
+        self.assertIn("1 field became a place", designer.texts_of(designer.dialog()))
+        key("Return")
+        self.assertEqual(self.names(self.save_as("new.docx")), ["Customer"])
 
     def test_an_office_that_dies_is_started_again(self):
         designer = self.start()
