@@ -36,7 +36,7 @@ if(LibreOffice_FOUND AND NOT TARGET LibreOffice::Uno)
     VERBATIM)
   add_custom_target(LibreOffice_headers DEPENDS ${headers}.stamp)
 
-  add_library(LibreOffice::Uno INTERFACE IMPORTED)
+  add_library(LibreOffice::Uno INTERFACE IMPORTED GLOBAL)
   # Include folders of imported targets count as the system's, so our warnings leave them alone.
   target_include_directories(LibreOffice::Uno INTERFACE ${headers} ${LIBREOFFICE_INCLUDE})
   target_compile_definitions(LibreOffice::Uno INTERFACE UNX LINUX GCC CPPU_ENV=gcc3)
