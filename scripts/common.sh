@@ -43,3 +43,18 @@ build() {
     fi
     run "Building $1" cmake --build --preset "$1"
 }
+
+# run_tests PRESET: the summary shows in any case, the output of tests only when they fail.
+run_tests() {
+    local log=build/$1/tests.log
+    tell "Testing $1"
+    if [ -t 1 ]; then
+        ctest --preset "$1" --progress -j "$(nproc)" || fail "tests of the $1 build failed."
+        return
+    fi
+    if ! ctest --preset "$1" -j "$(nproc)" >"$log" 2>&1; then
+        cat "$log"
+        fail "tests of the $1 build failed."
+    fi
+    grep "tests passed" "$log"
+}
