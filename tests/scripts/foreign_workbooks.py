@@ -14,6 +14,7 @@ from openpyxl.worksheet.datavalidation import DataValidation
 from openpyxl.worksheet.table import Table
 
 import foreign_documents
+import read_xlsx
 
 # In each workbook the active cell is H3 of the second sheet, with nothing below it or right of it.
 ACTIVE_SHEET = "Year '26"
@@ -81,7 +82,7 @@ def by_openpyxl(folder, picture):
     sheet.print_title_rows = "1:1"
     for name, text in (("Total", "'Year ''26'!$B$2:$B$8"), ("Rate", "0.19"), ("Gone", "#REF!"),
                        ("ammcustomer", "Data!$A$1")):
-        workbook.defined_names.append(DefinedName(name, attr_text=text, hidden=name == "Rate"))
+        read_xlsx.define_name(workbook, DefinedName(name, attr_text=text, hidden=name == "Rate"))
     workbook.active = 1
     for view in sheet.views.sheetView:
         view.selection[-1].activeCell = view.selection[-1].sqref = "H3"

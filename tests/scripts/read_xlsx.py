@@ -10,13 +10,21 @@ def read_workbook(path):
     return openpyxl.load_workbook(path, keep_vba=str(path).endswith("m"))
 
 
+def define_name(workbook, defined):
+    """Adds a name to an openpyxl workbook, whose names are a list up to openpyxl 3.0 and a dictionary after it."""
+    names = workbook.defined_names
+    if isinstance(names, dict):
+        names[defined.name] = defined
+    else:
+        names.append(defined)
+
+
 def read_names(path):
     """Maps each name of the workbook to what it refers to, those of sheets and built-in ones aside."""
-    names = {}
-    for defined in read_workbook(path).defined_names.definedName:
-        if defined.localSheetId is None and not defined.name.startswith("_xlnm"):
-            names[defined.name] = defined.attr_text
-    return names
+    names = read_workbook(path).defined_names
+    return {defined.name: defined.attr_text
+            for defined in (names.values() if isinstance(names, dict) else names.definedName)
+            if defined.localSheetId is None and not defined.name.startswith("_xlnm")}
 
 
 def cells_of(workbook, reference):

@@ -18,6 +18,8 @@ from pathlib import Path
 import docx
 import openpyxl
 
+import read_xlsx
+
 PROGRAM = Path(os.environ["MERGELOOM"])
 MODULE = PROGRAM.parent / "mergeloom_libreoffice.so"
 RUN_BOUND = 120
@@ -61,8 +63,7 @@ def bookmarks(path):
 
 
 def named_cells(path):
-    return len([name for name in openpyxl.load_workbook(path).defined_names.definedName
-                if name.name.startswith("ammField")])
+    return len([name for name in read_xlsx.read_names(path) if name.startswith("ammField")])
 
 
 KINDS = [

@@ -110,7 +110,7 @@ TEST(TreeFilter, CaseAndAccentsDoNotCount) {
 TEST(TreeFilter, GivesUpWhatNobodyWaitsFor) {
     TreeView tree;
     tree.Add(0, 1, "order");
-    EXPECT_FALSE(TreeFilterIndex(tree).find(u"order"_qs, [] { return true; }));
+    EXPECT_FALSE(TreeFilterIndex(tree).find(QStringLiteral("order"), [] { return true; }));
 }
 
 class TreeFilterThread : public testing::Test {
@@ -144,22 +144,22 @@ TEST_F(TreeFilterThread, OnlyTheNewestSearchIsAnswered) {
     QTest::qWait(30);
     EXPECT_EQ(counts_, std::vector{1});
     // An answer that is on its way when the next search comes is not given any more.
-    filter_.find(u"1"_qs);
+    filter_.find(QStringLiteral("1"));
     QThread::msleep(30);
-    filter_.find(u"zero"_qs);
+    filter_.find(QStringLiteral("zero"));
     ASSERT_TRUE(waitForAnswer());
     EXPECT_EQ(counts_, (std::vector{1, 0}));
 }
 
 TEST_F(TreeFilterThread, ATreeTakesThePlaceOfAnother) {
-    filter_.find(u"1"_qs);  // in no tree
+    filter_.find(QStringLiteral("1"));  // in no tree
     filter_.setTree(treeOf(100));
-    filter_.find(u"9"_qs);
+    filter_.find(QStringLiteral("9"));
     filter_.cancel();
     QTest::qWait(30);
     EXPECT_TRUE(counts_.empty());
     filter_.setTree(treeOf(9));
-    filter_.find(u"9"_qs);
+    filter_.find(QStringLiteral("9"));
     ASSERT_TRUE(waitForAnswer());
     EXPECT_EQ(counts_, std::vector{1});
 }

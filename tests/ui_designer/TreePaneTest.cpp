@@ -124,7 +124,7 @@ TEST_F(TreePaneTest, TypingNarrowsTheTreeAndEmptyingBringsItBack) {
     search(u"nowhere", "");
     search(u"", before);
     // A search that is cleared before its answer comes changes nothing.
-    box().setText(u"grosse"_qs);
+    box().setText(QStringLiteral("grosse"));
     box().clear();
     QTest::qWait(30);
     EXPECT_EQ(rows(), before);
@@ -147,7 +147,7 @@ TEST_F(TreePaneTest, LargeTreesOpenToTheLastMatch) {
     constexpr int kControls = 30000;
     pane_.show(sampleStructure(kControls));
     view().verticalScrollBar()->setValue(100);
-    box().setText(u"label"_qs);
+    box().setText(QStringLiteral("label"));
     const auto lastIsOpen = [&] {
         const QModelIndex form = view().model()->index(0, 0);
         const int controls = view().model()->rowCount(form);

@@ -97,7 +97,7 @@ QMimeData* TreeModel::mimeData(const QModelIndexList& indexes) const {
     const TreeNode* const dragged = node(indexes.value(0));
     if (dragged == nullptr || !isDraggable(*dragged)) return nullptr;
     auto* const data = new QMimeData;
-    data->setText(u""_qs);
+    data->setText(QStringLiteral(""));
     return data;
 }
 
