@@ -3,6 +3,7 @@
 #include "doubles/MemoryFileStore.h"
 #include "libreoffice/OfficeProcesses.h"
 #include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/FragmentGuard.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/SocketFiles.h"
 
@@ -18,11 +19,13 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
 using namespace std::chrono_literals;
 
 /// Those of an office's socket files that are there.
@@ -127,12 +130,52 @@ TEST_F(LibreOfficeProcessTest, doesNotWaitForeverForAnOfficeThatDoesNotListen) {
     EXPECT_THAT(temporary.entries(), Not(Contains(StartsWith("mergeloom-office"))));
 }
 
+/// Runs the body while an office writes into a folder in which files of the user's begin like the office's
+/// own.
+template <typename Body>
+void runWhileWriting(const LibreOfficeProcess& office, const std::string& folder, const Body& body) {
+    const std::string beginning = "lu" + std::to_string(office.members().front());
+    const auto put = [&](const std::string& name) { std::ofstream(joinPath(folder, name)) << name; };
+    put(beginning + " budget.txt");
+    put(beginning + "earlier.tmp");
+    const FragmentGuard guard(office, joinPath(folder, "document.docx"));
+    put("document.docx");
+    put(beginning + "10i0y.tmp");
+    put(beginning + "notes.txt");
+    body();
+}
+
+std::vector<std::string> namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.push_back(entry.path().filename());
+    return names;
+}
+
+bool holdsOnlyTheUsersFiles(const std::string& folder) {
+    return ::testing::Matches(UnorderedElementsAre(EndsWith(" budget.txt"), EndsWith("earlier.tmp"),
+                                                   EndsWith("notes.txt")))(namesIn(folder));
+}
+
+TEST_F(LibreOfficeProcessTest, aFailedSaveTakesNoFileOfTheUserAlong) {
+    const TemporaryFolder folder;
+    LibreOfficeSession session(files);
+    const auto fail = [] { throw AutomationError(kFileCouldNotBeSaved, "The disk is full."); };
+    EXPECT_THROW(runWhileWriting(session.process(), folder.path(), fail), AutomationError);
+    EXPECT_TRUE(holdsOnlyTheUsersFiles(folder.path()));
+}
+
 /// Not a test: what the test below starts and ends.
 TEST(LibreOfficeOwner, DISABLED_holdsAnOffice) {
     MemoryFileStore files;
     LibreOfficeSession session(files);
-    std::ofstream(std::string(::getenv("TMPDIR")) + "/ready");
-    ::pause();
+    const std::string temporary = ::getenv("TMPDIR");
+    const std::string folder = joinPath(temporary, "user");
+    std::filesystem::create_directory(folder);
+    runWhileWriting(session.process(), folder, [&] {
+        std::ofstream(joinPath(temporary, "ready")) << "";
+        ::pause();
+    });
 }
 
 class LibreOfficeOwnerTest : public LibreOfficeProcessTest, public ::testing::WithParamInterface<int> {
@@ -156,7 +199,8 @@ TEST_P(LibreOfficeOwnerTest, takesItsOfficeAlong) {
     ::waitpid(owner, nullptr, 0);
     ASSERT_TRUE(isReady);
     EXPECT_TRUE(becomesTrue([&] { return temporary.processes().empty(); }));
-    EXPECT_TRUE(becomesTrue([&] { return temporary.entries().size() == 1; })) << "only what the owner made";
+    EXPECT_TRUE(becomesTrue([&] { return temporary.entries().size() == 2; })) << "only what the owner made";
+    EXPECT_TRUE(becomesTrue([&] { return holdsOnlyTheUsersFiles(temporary / "user"); }));
     for (const std::string& entry : entries) {
         const std::string pipeName = entry + "-" + std::to_string(owner);
         EXPECT_THAT(socketsOf(pipeName, temporary / entry), IsEmpty());

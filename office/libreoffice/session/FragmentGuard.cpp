@@ -5,33 +5,44 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
+namespace {
+
+/// The office names its files by the number of its process.
+std::vector<std::string> beginningsOfNames(const LibreOfficeProcess& process) {
+    std::vector<std::string> beginnings;
+    for (const pid_t member : process.members())
+        beginnings.push_back("lu" + std::to_string(member));
+    return beginnings;
+}
+
+Fragments fragmentsBeside(const std::string& path, const std::vector<std::string>& beginnings) {
+    Fragments fragments{.files = {path}, .beginnings = {}, .kept = {}};
+    const std::string folder = parentFolder(path);
+    for (const std::string& beginning : beginnings)
+        fragments.beginnings.push_back(joinPath(folder, beginning));
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename();
+        const auto begins = [&](const std::string& beginning) { return name.starts_with(beginning); };
+        if (std::ranges::any_of(beginnings, begins)) fragments.kept.push_back(joinPath(folder, name));
+    }
+    return fragments;
+}
+
+}  // namespace
+
 FragmentGuard::FragmentGuard(const LibreOfficeProcess& process, const std::string& path)
-    : process_(process),
-      folder_(parentFolder(path)),
-      beginnings_{fileNameOnly(path)},
-      errors_(std::uncaught_exceptions()) {
-    // The office names its files by the number of its process.
-    for (const pid_t member : process_.members())
-        beginnings_.push_back("lu" + std::to_string(member));
-    std::vector<std::string> paths;
-    for (const std::string& beginning : beginnings_)
-        paths.push_back(joinPath(folder_, beginning));
-    process_.lookAfter(paths);
+    : process_(process), errors_(std::uncaught_exceptions()) {
+    process_.lookAfter(fragmentsBeside(path, beginningsOfNames(process)));
 }
 
 FragmentGuard::~FragmentGuard() {
+    if (std::uncaught_exceptions() > errors_) process_.sweep();
     process_.lookAfter({});
-    if (std::uncaught_exceptions() == errors_) return;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_, error)) {
-        const std::string name = entry.path().filename();
-        const bool isOurs = std::ranges::any_of(
-            beginnings_, [&](const std::string& beginning) { return name.starts_with(beginning); });
-        if (isOurs) std::filesystem::remove(entry.path(), error);
-    }
 }
 
 }  // namespace mergeloom::libreoffice

@@ -3,12 +3,12 @@
 #include "office/libreoffice/session/LibreOfficeProcess.h"
 
 #include <string>
-#include <vector>
 
 namespace mergeloom::libreoffice {
 
-/// Looks after the folder in which an office writes a file. The office first writes into a file of a name of
-/// its own beside it, which it leaves there when it is killed; then, or when this process is killed, both go.
+/// Looks after the file that an office writes. The office first writes into one of a name of its own beside
+/// it, which it leaves there when it is killed; then, or when this process is killed, both go, and no other
+/// file.
 class FragmentGuard {
   public:
     /// The process has to outlive it.
@@ -20,8 +20,6 @@ class FragmentGuard {
 
   private:
     const LibreOfficeProcess& process_;
-    std::string folder_;
-    std::vector<std::string> beginnings_;  ///< of the names of the files
     int errors_;
 };
 

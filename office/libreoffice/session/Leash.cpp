@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -29,6 +30,18 @@ void Leash::handOver() {
 void Leash::send(std::string_view line) const {
     // A plain write to a process that is gone would end this one.
     [[maybe_unused]] const ssize_t sent = ::send(ends_[0], line.data(), line.size(), MSG_NOSIGNAL);
+}
+
+void Leash::waitForLine(std::chrono::milliseconds bound) const {
+    const auto last = std::chrono::steady_clock::now() + bound;
+    for (char letter = 0; letter != '\n';) {
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(last - std::chrono::steady_clock::now());
+        pollfd source{ends_[0], POLLIN, 0};
+        const int ready = left.count() > 0 ? ::poll(&source, 1, static_cast<int>(left.count())) : 0;
+        if (ready < 0 && errno == EINTR) continue;
+        if (ready <= 0 || ::recv(ends_[0], &letter, 1, 0) <= 0) return;
+    }
 }
 
 }  // namespace mergeloom::libreoffice

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string_view>
 
 namespace mergeloom::libreoffice {
@@ -20,6 +21,8 @@ class Leash {
     void handOver();
     /// Does nothing when the other process is gone.
     void send(std::string_view line) const;
+    /// Waits until the other process writes a line back or is gone. Bounded in time.
+    void waitForLine(std::chrono::milliseconds bound) const;
 
   private:
     int ends_[2] = {-1, -1};

@@ -32,9 +32,11 @@ class LibreOfficeProcess {
     [[nodiscard]] bool isRunning() const { return process_->isRunning(); }
     /// The numbers of all processes of the group.
     [[nodiscard]] std::vector<pid_t> members() const { return process_->members(); }
-    /// Until the next call, files whose paths begin so are removed as well when this process ends without
-    /// having ended the office.
-    void lookAfter(const std::vector<std::string>& beginnings) const { guard_->lookAfter(beginnings); }
+    /// Until the next call, these files are removed as well when this process ends without having ended the
+    /// office.
+    void lookAfter(const Fragments& fragments) const { guard_->lookAfter(fragments); }
+    /// Removes these files now.
+    void sweep() const { guard_->sweep(); }
     /// Ends it at once; may be called by any thread.
     void kill() const;
     /// Waits until it ends as it was asked to; presses and then kills it when it does not. Bounded in time.

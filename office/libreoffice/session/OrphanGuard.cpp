@@ -4,21 +4,50 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// The line "done" on the input is the dismissal; the input's end without it is the owner's death. Other
-/// lines tell how the paths of further files begin, and "forget" takes them back.
+/// The lines on the input: "done" dismisses the guard, the input's end without it is the owner's death;
+/// "file" and "fragments" name what is to be removed, "keep" what is not, "forget" takes these back, and
+/// "sweep" removes at once and gets an empty line in return. Fragments are known by the name that the office
+/// makes: after the beginning, digits and small letters up to ".tmp". A longer number that is that of a
+/// running process names another office.
 constexpr const char* kScript =
-    "more=\n"
+    "LC_ALL=C\n"
+    "newline='\n'\n"
+    "forget() { files= beginnings= kept=$newline; }\n"
+    "is_fragment() {\n"
+    "  [ -f \"$2\" ] && [ ! -h \"$2\" ] || return 1\n"
+    "  case $kept in *\"$newline$2$newline\"*) return 1 ;; esac\n"
+    "  number=${1##*/lu} token=${2#\"$1\"} token=${token%.tmp}\n"
+    "  case $token in '' | *[!0-9a-z]*) return 1 ;; esac\n"
+    "  while digit=${token%\"${token#?}\"}; do\n"
+    "    case $digit in [0-9]) ;; *) return 0 ;; esac\n"
+    "    number=$number$digit token=${token#?}\n"
+    "    [ ! -e \"/proc/$number\" ] || return 1\n"
+    "  done\n"
+    "}\n"
+    "sweep() {\n"
+    "  printf %s \"$files\" | while IFS= read -r file; do rm -f -- \"$file\"; done\n"
+    "  printf %s \"$beginnings\" | while IFS= read -r beginning; do\n"
+    "    for file in \"$beginning\"*.tmp; do\n"
+    "      if is_fragment \"$beginning\" \"$file\"; then rm -f -- \"$file\"; fi\n"
+    "    done\n"
+    "  done\n"
+    "}\n"
+    "forget\n"
     "while IFS= read -r line; do\n"
+    "  path=${line#* }\n"
     "  case $line in\n"
     "    done) exit 0 ;;\n"
-    "    forget) more= ;;\n"
-    "    *) more=\"$more$line\n\" ;;\n"
+    "    forget) forget ;;\n"
+    "    sweep) sweep; echo >&0 ;;\n"
+    "    'file '*) files=$files$path$newline ;;\n"
+    "    'fragments '*) beginnings=$beginnings$path$newline ;;\n"
+    "    'keep '*) kept=$kept$path$newline ;;\n"
     "  esac\n"
     "done\n"
     "kill -s KILL -- \"-$1\"\n"
     "shift\n"
     "rm -rf -- \"$@\"\n"
-    "printf %s \"$more\" | while IFS= read -r beginning; do rm -f -- \"$beginning\"*; done\n";
+    "sweep\n";
 
 std::vector<std::string> commandOf(pid_t group, const std::vector<std::string>& leftovers) {
     std::vector<std::string> command{"/bin/sh", "-c", kScript, "guard", std::to_string(group)};
@@ -27,6 +56,7 @@ std::vector<std::string> commandOf(pid_t group, const std::vector<std::string>& 
 }
 
 constexpr std::chrono::seconds kBoundOfDismissal{1};
+constexpr std::chrono::seconds kBoundOfSweep{10};
 
 }  // namespace
 
@@ -35,13 +65,23 @@ OrphanGuard::OrphanGuard(pid_t group, const std::vector<std::string>& leftovers,
     leash_.handOver();
 }
 
-void OrphanGuard::lookAfter(const std::vector<std::string>& beginnings) const {
+void OrphanGuard::lookAfter(const Fragments& fragments) const {
     std::string lines = "forget\n";
-    for (const std::string& beginning : beginnings) {
-        // A line cannot hold such a path.
-        if (beginning.find('\n') == std::string::npos) lines += beginning + "\n";
-    }
+    const auto add = [&](const char* command, const std::vector<std::string>& paths) {
+        for (const std::string& path : paths) {
+            // A line cannot hold such a path.
+            if (path.find('\n') == std::string::npos) lines += command + (" " + path) + "\n";
+        }
+    };
+    add("file", fragments.files);
+    add("fragments", fragments.beginnings);
+    add("keep", fragments.kept);
     leash_.send(lines);
+}
+
+void OrphanGuard::sweep() const {
+    leash_.send("sweep\n");
+    leash_.waitForLine(kBoundOfSweep);
 }
 
 OrphanGuard::~OrphanGuard() {

@@ -8,6 +8,14 @@
 
 namespace mergeloom::libreoffice {
 
+/// Files that an office leaves in a folder of the user's when it is killed. Paths from the root.
+struct Fragments {
+    std::vector<std::string> files;
+    /// Of the paths of files that the office names itself, up to the number of its process.
+    std::vector<std::string> beginnings;
+    std::vector<std::string> kept;  ///< begin so, but were there before
+};
+
 /// A small process that outlives this one in order to clean up behind it: when this process ends without
 /// having dismissed the guard, whatever ended it, the guard kills a process group and removes files.
 class OrphanGuard {
@@ -16,8 +24,10 @@ class OrphanGuard {
     OrphanGuard(pid_t group, const std::vector<std::string>& leftovers, const std::string& log);
     /// Dismisses the guard.
     ~OrphanGuard();
-    /// Until the next call, the files whose paths from the root begin so are to be removed as well.
-    void lookAfter(const std::vector<std::string>& beginnings) const;
+    /// Until the next call, these are to be removed as well.
+    void lookAfter(const Fragments& fragments) const;
+    /// Removes these now; returns when it is done.
+    void sweep() const;
     OrphanGuard(const OrphanGuard&) = delete;
     OrphanGuard& operator=(const OrphanGuard&) = delete;
 

@@ -3,6 +3,7 @@
 #include "base/Paths.h"
 #include "office/libreoffice/session/FileUrl.h"
 
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -31,10 +32,12 @@ std::string WorkPlaces::forCopy(const std::string& path) {
 std::string WorkPlaces::beside(const std::string& path) {
     const std::string folder = parentFolder(fullPath(path));
     if (::access(folder.c_str(), W_OK | X_OK) != 0) return forCopy(path);
-    // Those of other processes bear their numbers, so a name that is taken is one that a crash left behind.
-    const std::string name =
-        ".mergeloom-office-" + std::to_string(::getpid()) + "-" + std::to_string(++places_);
-    return joinPath(folder, withExtensionOf(path, name));
+    const std::string suffix = withExtensionOf(path, "");
+    std::string name = joinPath(folder, ".mergeloom-office-XXXXXX" + suffix);
+    const int file = ::mkstemps(name.data(), static_cast<int>(suffix.size()));
+    if (file < 0) return forCopy(path);
+    ::close(file);
+    return name;
 }
 
 bool WorkPlaces::holds(const std::string& url) const {

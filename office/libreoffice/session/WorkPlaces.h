@@ -13,7 +13,8 @@ class WorkPlaces {
 
     /// A path for a copy of the file. The name is plain, so that no locale has a say in it.
     std::string forCopy(const std::string& path);
-    /// A path in the file's own folder; one for a copy where that folder cannot be written.
+    /// The path of a new, empty file in the file's own folder; one for a copy where that folder cannot be
+    /// written.
     std::string beside(const std::string& path);
     /// Whether the URL leads to a copy.
     [[nodiscard]] bool holds(const std::string& url) const;
