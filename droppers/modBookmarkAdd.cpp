@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "droppers/BookmarkNames.h"
 #include "droppers/CellCount.h"
+#include "droppers/PlaceNames.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/InlineShapes.h"
@@ -89,11 +90,10 @@ Guards fillRange(word::Document& document, word::Range& range, const TouchingBoo
     return guards;
 }
 
-/// The name, or the first of its further names that no bookmark of the document has.
+/// The bookmark's name for a name, or the first of its further names that no bookmark of the document has.
 std::string freeName(word::Bookmarks& bookmarks, const std::string& name) {
-    if (!bookmarks.Exists(name)) return name;
-    const std::string stem = name + std::string(kFurtherPlaceSuffix);
-    return stem + std::to_string(bookmarks.firstFreeCounter(stem));
+    const PlaceNames names{bookmarks, name, WordNormalizeName};
+    return names.usable(names.firstFreeCounter());
 }
 
 void leaveOut(word::Bookmark& bookmark, const Guards& guards) {
@@ -125,9 +125,8 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
         const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
         rstrName.insert(0, content.prefix);
         if (content.boundValueUse) rstrName += kBoundValueSuffix;
-        // Whether a name is taken is asked before it is shortened to a bookmark's name.
         const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
-        const std::string candidate = WordNormalizeName(freeName(*bookmarks, rstrName), false);
+        const std::string candidate = freeName(*bookmarks, rstrName);
         comment = "Bookmark Name = '" + candidate + "'";
         added = bookmarks->Add(candidate, robjRange);
         leaveOut(*added, guards);

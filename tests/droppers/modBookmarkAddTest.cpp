@@ -66,6 +66,45 @@ TEST_F(BookmarkAdd, TheCounterPushesOutTheBeginningOfALongName) {
     EXPECT_EQ(add(longName)->Name(), std::string(35, 'z') + "_ref1");
 }
 
+TEST_F(BookmarkAdd, NoPlaceTakesTheNameOfAnother) {
+    const std::string longName = std::string(5, 'a') + std::string(40, 'z');
+    struct Case {
+        std::vector<std::string> names;
+        std::vector<std::string> expectedNames;
+    };
+    const std::vector<Case> cases{
+        {{"Order-Date", "Order-Date", "Order/Date", "Order%Date"},
+         {"OrderDate", "OrderDate_ref1", "OrderDate_ref2", "OrderDate_ref3"}},
+        {{"Order-Date", "OrderDate", "ORDERDATE"}, {"OrderDate", "OrderDate_ref1", "ORDERDATE_ref2"}},
+        {{longName, longName.substr(2), longName},
+         {std::string(40, 'z'), std::string(35, 'z') + "_ref1", std::string(35, 'z') + "_ref2"}},
+    };
+    for (const Case& c : cases) {
+        open();
+        for (std::size_t i = 0; i < c.names.size(); ++i) {
+            EXPECT_EQ(add(c.names[i])->Name(), c.expectedNames[i]);
+            selection()->TypeText(" ");
+        }
+        EXPECT_EQ(document->Bookmarks()->Count(), std::ssize(c.names));
+    }
+}
+
+/// Longer counters push out more of the name, which leads to new names.
+TEST_F(BookmarkAdd, ManyPlacesOfALongName) {
+    constexpr int kPlaces = 112;
+    for (const std::size_t length : {33U, 34U, 40U, 60U}) {
+        open();
+        for (int i = 0; i < kPlaces; ++i) {
+            ASSERT_TRUE(add(std::string(length, 'z'), {.text = "x"}));
+            selection()->TypeText(" ");
+        }
+        EXPECT_EQ(document->Bookmarks()->Count(), kPlaces) << length;
+        const std::string last = std::string(std::min<std::size_t>(length, 33), 'z') + "_ref111";
+        EXPECT_TRUE(document->Bookmarks()->Exists(last)) << length;
+        EXPECT_FALSE(document->Bookmarks()->Exists(last.substr(1))) << length;
+    }
+}
+
 TEST_F(BookmarkAdd, SelectedTextIsThePlacesText) {
     open(
         "<w:p><w:r><w:t xml:space='preserve'>Dear "

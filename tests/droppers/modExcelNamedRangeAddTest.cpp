@@ -34,6 +34,10 @@ TEST_F(NamedRangeAdd, NamesAndTexts) {
         {"Price", {.boundValueUse = true, .prefix = "My Lines"}, "ammMyLinesPrice_bv", "[My LinesPrice_bv]"},
         {"2nd", {}, "amm2nd", "[2nd]"},
         {std::string(300, 'n'), {}, std::string(255, 'n'), "[" + std::string(300, 'n') + "]"},
+        {std::string(299, 'n'), {}, std::string(250, 'n') + "_ref1", "[" + std::string(299, 'n') + "]"},
+        {"Lines/Price", {}, "ammLinesPrice_ref1", "[Lines/Price]"},
+        {"Lines/Price", {}, "ammLinesPrice_ref2", "[Lines/Price]"},
+        {"OrderDate_bv", {}, "ammOrderDate_bv_ref2", "[OrderDate_bv]"},
     };
     open();
     int row = 1;
@@ -45,6 +49,7 @@ TEST_F(NamedRangeAdd, NamesAndTexts) {
         EXPECT_EQ(named->AddressLocal(), cell(row, 2)->AddressLocal()) << c.expectedName;
         ++row;
     }
+    EXPECT_EQ(workbook->Names()->Count(), std::ssize(cases));
     EXPECT_TRUE(errors.reports.empty());
 }
 
