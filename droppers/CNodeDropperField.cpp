@@ -101,6 +101,7 @@ bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const wor
     const word::BookmarkPtr bookmark =
         rWordBookmarkAdd(context_.reports, *document, *dropPoint, name, content);
     if (!bookmark || context_.reports.failed()) return false;
+    context_.places.add(bookmark->Name());
     leavePlace(*bookmark, selection, arguments.addCrLf || arguments.labelRequired);
     return true;
 }
@@ -140,7 +141,7 @@ bool CNodeDropperField::dropIntoTable(const FieldDropArguments& arguments, const
                                       word::Table& table) {
     const word::BookmarksPtr bookmarks = document->Bookmarks();
     const bool isNewTable = !arguments.tableName.empty() && !bookmarks->Exists(arguments.tableName);
-    if (isNewTable && !markTable(context_.reports, *document, table, arguments.tableName)) {
+    if (isNewTable && !markTable(context_, *document, table, arguments.tableName)) {
         return false;
     }
     FieldDropArguments place = arguments;

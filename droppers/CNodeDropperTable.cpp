@@ -8,6 +8,7 @@
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "droppers/TableFontSize.h"
+#include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Cells.h"
 #include "office/model/word/Font.h"
@@ -108,7 +109,8 @@ bool CNodeDropperTable::areColumns(const ControlNodes& chosen) {
 
 bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& columns) {
     const word::SelectionPtr selection = drop.document->Application()->Selection();
-    const std::string bookmarkName = tableBookmarkName(drop.node, drop.name);
+    const std::string bookmarkName =
+        tableNameInDrop(context_, tableBookmarkName(drop.node, drop.name), WordNormalizeName);
     deleteTableOf(*drop.document, bookmarkName);
 
     const word::RangePtr place = selection->Range();
@@ -120,7 +122,7 @@ bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& column
         drop.document->Tables()->Add(*selection->Range(), kFieldRow, static_cast<int>(columns.size()));
     if (!FillTable(drop, *table, columns)) return false;
     // Nothing could find a table under an empty name.
-    if (!bookmarkName.empty() && !markTable(context_.reports, *drop.document, *table, bookmarkName)) {
+    if (!bookmarkName.empty() && !markTable(context_, *drop.document, *table, bookmarkName)) {
         return false;
     }
     finishTable(*table, *selection);

@@ -35,7 +35,7 @@ class CNodeDropperTable {
 
     /// The same in a workbook: the table takes the cells from the active one on, whatever they hold, under
     /// its range name. Answers how many rows it has, 0 when none was made. Refused where it has no room. The
-    /// cell of the last field is selected then.
+    /// cell below the table is selected then, or on the sheet's last row that of the last field.
     int xlTableDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
                     const std::string& name, const FieldKeys* fieldKeys);
 

@@ -4,10 +4,10 @@
 #include "droppers/LinkedFields.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
+#include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Columns.h"
 #include "office/model/excel/DefinedName.h"
-#include "office/model/excel/Names.h"
 #include "office/model/excel/Selection.h"
 #include "xml/modMSXMLHelper.h"
 
@@ -38,6 +38,13 @@ excel::RangePtr blockAt(excel::Range& first, const std::vector<ControlNodes>& pl
 excel::RangePtr selectedCell(excel::Application& application) {
     if (application.Selection()->TypeName() != "Range") return {};
     return rangeOrNone([&] { return application.ActiveCell(); });
+}
+
+/// Makes the cell below the table the active one, so that the next drop does not damage the table. The
+/// sheet's last row has none.
+void leaveTable(excel::Range& first, int rows) {
+    const excel::RangePtr below = rangeOrNone([&] { return cellBelow(first, rows); });
+    if (below) below->Select();
 }
 
 std::string refersTo(excel::Range& block) {
@@ -79,10 +86,11 @@ int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
                                      const std::vector<ControlNodes>& places) {
     const int columns = static_cast<int>(places.size());
     excel::RangePtr block = cell.Resize(kFieldRow, columns);
-    const std::string rangeName = tableRangeName(drop.node, drop.name);
+    const std::string rangeName =
+        tableNameInDrop(context_, tableRangeName(drop.node, drop.name), ExcelNormalizeName);
     excel::DefinedNamePtr tableName;
     // Nothing could find a table under an empty name.
-    if (!rangeName.empty()) tableName = drop.workbook->Names()->Add(rangeName, refersTo(*block));
+    if (!rangeName.empty()) tableName = nameTable(context_, *drop.workbook, rangeName, refersTo(*block));
     if (!xlFillTable(drop, *block, places)) return 0;
 
     if (rowsFor(places) > kFieldRow) {
@@ -90,6 +98,7 @@ int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
         if (tableName) tableName->SetRefersToLocal(refersTo(*block));
     }
     block->Columns()->AutoFit();
+    leaveTable(cell, rowsFor(places));
     return block->Rows()->Count();
 }
 

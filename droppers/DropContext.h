@@ -2,6 +2,7 @@
 
 #include "base/Progress.h"
 #include "droppers/DropReports.h"
+#include "droppers/DroppedNames.h"
 #include "xml/XmlNodeCollection.h"
 
 #include <functional>
@@ -37,6 +38,8 @@ struct DropContext {
     Progress& progress;
     DropSettings settings;
     FieldDialog* fieldDialog = nullptr;  ///< none where there is no user to choose
+    DroppedNames places{};               ///< those of the places that this drop made
+    DroppedNames tables{};               ///< those of its tables; what it made itself is no earlier table
 };
 
 }  // namespace mergeloom

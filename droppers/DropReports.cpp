@@ -14,6 +14,10 @@ bool DropReports::refuse(const std::string& text, MessageIcon icon) {
     return false;
 }
 
+void DropReports::tell(const std::string& text) {
+    messages_.show({text, MessageIcon::Information, MessageButtons::Ok});
+}
+
 bool DropReports::ask(const std::string& question) {
     const Message message{question, MessageIcon::Question, MessageButtons::YesNo};
     return messages_.show(message) == MessageAnswer::Yes;

@@ -26,6 +26,8 @@ class DropReports : public ErrorHandler {
     /// Tells why something is not dropped. A refusal is no error: nothing was changed. Answers false, as the
     /// procedure that refuses does.
     bool refuse(const std::string& text, MessageIcon icon = MessageIcon::Exclamation);
+    /// Tells what was done other than the user may expect.
+    void tell(const std::string& text);
     /// Asks a question that is answered with yes or no.
     bool ask(const std::string& question);
     /// Announces what is about to happen; false when the user cancels.

@@ -1,14 +1,23 @@
 #include "droppers/TableBookmark.h"
 
+#include "base/AutomationError.h"
+#include "droppers/BookmarkNames.h"
 #include "droppers/CellCount.h"
+#include "droppers/CellSteps.h"
+#include "droppers/PlaceNames.h"
 #include "droppers/RangeNames.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modBookmarkAdd.h"
 #include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
+#include "office/model/excel/Columns.h"
+#include "office/model/excel/Names.h"
+#include "office/model/excel/Range.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Tables.h"
 #include "xml/modMSXMLHelper.h"
+
+#include <cstdint>
 
 namespace mergeloom {
 
@@ -21,6 +30,21 @@ word::TablePtr tableUnder(word::Range& marked) {
     word::TablePtr table = tables->Item(1);
     const bool marksTable = coversSeveralCells(marked) || marked.End() >= table->Range()->End();
     return marksTable ? table : nullptr;
+}
+
+/// Whether a name of the workbook may move to a new table: it is that of a table, which has two rows or more,
+/// or has lost its cells.
+bool mayMove(excel::Names& names, const std::string& rangeName) {
+    excel::RangePtr cells;
+    try {
+        const excel::DefinedNamePtr name = names.Item(rangeName);
+        cells = rangeOrNone([&] { return name->RefersToRange(); });
+    } catch (const AutomationError& error) {
+        // A name that is taken and cannot be read is that of one of Excel's own tables.
+        if (error.number() != kApplicationDefined) throw;
+        return false;
+    }
+    return !cells || cells->Rows()->Count() > 1;
 }
 
 }  // namespace
@@ -42,6 +66,20 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
     return rule(*parent, GetAttributeValue(elementOf(xmlNodes, parent), Attribute::Name));
 }
 
+std::string tableNameInDrop(DropContext& context, const std::string& tableName,
+                            std::string (*normalize)(std::string_view, bool)) {
+    std::string name = tableName;
+    for (std::int64_t counter = 1; context.tables.contains(name); ++counter) {
+        name = normalize(tableName + std::string(kFurtherPlaceSuffix) + std::to_string(counter), false);
+    }
+    if (name != tableName) {
+        context.reports.tell("This drop has made the table \"" + tableName +
+                             "\" already; the further one is named \"" + name + "\".");
+    }
+    if (!name.empty()) context.tables.add(name);
+    return name;
+}
+
 void deleteTableOf(word::Document& document, const std::string& bookmarkName) {
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     if (!bookmarks->Exists(bookmarkName)) return;
@@ -49,7 +87,7 @@ void deleteTableOf(word::Document& document, const std::string& bookmarkName) {
     if (table) table->Delete();
 }
 
-bool markTable(DropReports& reports, word::Document& document, word::Table& table,
+bool markTable(DropContext& context, word::Document& document, word::Table& table,
                const std::string& bookmarkName) {
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     const word::RangePtr whole = table.Range();
@@ -58,7 +96,21 @@ bool markTable(DropReports& reports, word::Document& document, word::Table& tabl
         return true;
     }
     std::string name = bookmarkName;
-    return rWordBookmarkAdd(reports, document, *whole, name) && !reports.failed();
+    const word::BookmarkPtr added = rWordBookmarkAdd(context.reports, document, *whole, name);
+    if (!added || context.reports.failed()) return false;
+    context.tables.add(added->Name());
+    return true;
+}
+
+excel::DefinedNamePtr nameTable(DropContext& context, excel::Workbook& workbook, const std::string& rangeName,
+                                const std::string& refersTo) {
+    const excel::NamesPtr names = workbook.Names();
+    const bool isFree = !names->Exists(rangeName) || mayMove(*names, rangeName);
+    const PlaceNames further{*names, rangeName, ExcelNormalizeName};
+    excel::DefinedNamePtr added =
+        names->Add(isFree ? rangeName : further.usable(further.firstFreeCounter()), refersTo);
+    context.tables.add(added->Name());
+    return added;
 }
 
 }  // namespace mergeloom

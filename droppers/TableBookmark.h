@@ -1,12 +1,15 @@
 #pragma once
 
-#include "droppers/DropReports.h"
+#include "droppers/DropContext.h"
+#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Table.h"
 #include "xml/TreeView.h"
 #include "xml/XmlNodeCollection.h"
 
 #include <string>
+#include <string_view>
 
 /// The bookmark, and in a workbook the range name, by which the table of an object or subform is known.
 namespace mergeloom {
@@ -23,13 +26,23 @@ std::string tableRangeName(const TreeNode& node, const std::string& name);
 std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& control,
                         std::string (*rule)(const TreeNode&, const std::string&));
 
+/// The name of a table in this drop: the given one, or a further one when the drop made a table of that name
+/// already, which is no earlier table to replace. The user is told then.
+std::string tableNameInDrop(DropContext& context, const std::string& tableName,
+                            std::string (*normalize)(std::string_view, bool));
+
 /// Deletes the table under the bookmark. A bookmark that holds no table any more, and one over a single cell
 /// of a table, which is a place in another table, stay.
 void deleteTableOf(word::Document& document, const std::string& bookmarkName);
 
 /// Puts the bookmark over the whole table. A bookmark of that name that has lost its table moves here; a
 /// field of that name keeps it, and the table gets a further name. False when it failed.
-bool markTable(DropReports& reports, word::Document& document, word::Table& table,
+bool markTable(DropContext& context, word::Document& document, word::Table& table,
                const std::string& bookmarkName);
+
+/// Names the cells of a table in a workbook. The name of an earlier table moves here; a place of that name
+/// keeps it, and the table gets a further name. The formula leads to the cells.
+excel::DefinedNamePtr nameTable(DropContext& context, excel::Workbook& workbook, const std::string& rangeName,
+                                const std::string& refersTo);
 
 }  // namespace mergeloom

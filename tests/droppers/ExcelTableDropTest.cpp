@@ -59,7 +59,7 @@ TEST_F(ExcelTableDrop, ColumnsFollowTheTreeOrTheKeys) {
     open();
     EXPECT_TRUE(drop(node("1k")));
     EXPECT_EQ(cells(), "First:|Second|C\n[A]|[B]|[C]\n");
-    EXPECT_EQ(active(), "C2") << "the last field's cell";
+    EXPECT_EQ(active(), "A3") << "the cell below the table";
     EXPECT_FALSE(drop(node("6k")));
     EXPECT_EQ(messages.texts(), "");
     EXPECT_TRUE(errors.reports.empty());
@@ -73,6 +73,42 @@ TEST_F(ExcelTableDrop, WhatTheCellsHeldIsOverwrittenAndTheNameMoves) {
     EXPECT_TRUE(dropSheet({"3k"}));
     EXPECT_EQ(cells(), "First:\n[A]\n\n\n|Second\n|[B]\n");
     EXPECT_EQ(names(), "ammA=A2 ammB=B6 ammSheetT=B5:B6 ");
+}
+
+TEST_F(ExcelTableDrop, TheNextTableStandsBelow) {
+    open();
+    EXPECT_TRUE(drop(node("9k")));
+    EXPECT_TRUE(dropSheet({"2k"}));
+    EXPECT_EQ(cells(), "Unit Price|2nd\n[LinesUnitPrice]|[Linesx2nd]\nFirst:\n[A]\n");
+    EXPECT_EQ(names(), "ammA=A4 ammLines=A1:B2 ammLinesUnitPrice=A2 ammLinesx2nd=B2 ammSheetT=A3:A4 ");
+}
+
+TEST_F(ExcelTableDrop, OneDropKeepsAllItsTables) {
+    const std::string lines =
+        "<Control Name='Lines' ControlType='Subform'><Form HasRecordset='1'>"
+        "<Control Name='P'/></Form></Control>";
+    load("<db><Form Name='F' CurrentView='1'>" + lines + lines +
+         "<Control Name='Lines'/></Form><Form Name='G' "
+         "CurrentView='1'><Control Name='Lines'/>" +
+         lines + lines + "</Form></db>");
+    struct Case {
+        const char* key;
+        std::string expectedNames, expectedMessages;
+    };
+    const std::string told = "This drop has made the table \"ammLines\" already; the further one is named \"";
+    const std::vector<Case> cases{
+        {"1k", "ammLines=B1:B2 ammLinesP=B2 ammLinesP_ref1=B4 ammLines_ref1=B3:B4 ammLines_ref2=B5 ",
+         told + "ammLines_ref1\".\n"},
+        {"7k", "ammLines=B1 ammLinesP=B3 ammLinesP_ref1=B5 ammLines_ref1=B2:B3 ammLines_ref2=B4:B5 ",
+         told + "ammLines_ref2\".\n"},
+    };
+    for (const Case& c : cases) {
+        open();
+        messages.messages.clear();
+        EXPECT_TRUE(drop(node(c.key)));
+        EXPECT_EQ(names(), c.expectedNames);
+        EXPECT_EQ(messages.texts(), c.expectedMessages);
+    }
 }
 
 TEST_F(ExcelTableDrop, LinkedFieldsStandUnderTheFieldTheyServe) {

@@ -113,6 +113,30 @@ TEST_F(TableDrop, TakesThePlaceOfTheEarlierTable) {
     EXPECT_EQ(body(), "\n" + kSheet + "end\n");
 }
 
+/// A second drop replaces both tables of the first one.
+TEST_F(TableDrop, OneDropKeepsAllItsTables) {
+    const std::string lines =
+        "<Control Name='Lines' ControlType='Subform'><Form HasRecordset='1'>"
+        "<Control Name='P'/></Form></Control>";
+    const std::string part =
+        "<Control Name='Part' ControlType='Subform'><Form>" + lines + "</Form></Control>";
+    load("<db><Form Name='F' CurrentView='1'><Control Name='LinesP'/>" + part + part + "</Form></db>");
+    open();
+    EXPECT_TRUE(drop(node("1k")));
+    const std::string before = "LinesP: [LinesP:LinesP]\nPart: \nLines: \n";
+    EXPECT_EQ(body(), before +
+                          "[Lines:P\n|[LinesP_ref1:P] \n|]Part: \nLines: \n"
+                          "[Lines_ref1:P\n|[LinesP_ref2:P] \n|]\n");
+    EXPECT_EQ(messages.texts(),
+              "This drop has made the table \"Lines\" already; the further one is named \"Lines_ref1\".\n");
+    EXPECT_TRUE(errors.reports.empty());
+
+    goToEnd();
+    const FieldKeys parts{"3k", "6k"};
+    EXPECT_TRUE(drop(node("1k"), DocumentType::ByView, &parts));
+    EXPECT_EQ(document->Tables()->Count(), 2);
+}
+
 TEST_F(TableDrop, ABookmarkWithoutItsTable) {
     const std::string table = "<w:tbl><w:tr><w:tc>%</w:tc><w:tc><w:p/></w:tc></w:tr></w:tbl>";
     const auto marked = [](const std::string& text) {
@@ -166,6 +190,24 @@ TEST_F(TableDrop, SeparateFieldsOfItsSourceGo) {
     goToEnd();
     EXPECT_TRUE(drop(node("9k"))) << "the earlier table's own fields go with it";
     EXPECT_EQ(messages.messages.size(), 1U);
+}
+
+/// They bear no prefix, as the places of an object do.
+TEST_F(TableDrop, SeparateFieldsOfAnObjectGo) {
+    load(R"(<db><Table Name="Order" CurrentView="2"><Control Name="Date"/></Table>
+        <Table Name="Bill" CurrentView="2"><Control Name="Date"/></Table></db>)");
+    open();
+    ASSERT_TRUE(drop(node("3k")));
+    for (const char* name : {"OrderDate", "Date_ref1"}) {
+        placeAtCaret(name, name);
+        selection()->TypeText(" ");
+    }
+    const std::string bill = "\n[BillT:Date\n|[Date:Date] \n|]";
+    ASSERT_EQ(body(), bill + "[OrderDate:OrderDate] [Date_ref1:Date_ref1] \n");
+    EXPECT_TRUE(drop(node("1k")));
+    EXPECT_EQ(messages.messages.size(), 1U);
+    EXPECT_EQ(body(), bill + "[OrderDate:OrderDate]  \n[OrderT:Date\n|[Date_ref1:Date] \n|]\n")
+        << "neither another field nor the field of another table";
 }
 
 TEST_F(TableDrop, ManyColumnsTakeASmallerFont) {
