@@ -1,5 +1,6 @@
 #include "app/CAutoMapping.h"
 
+#include "app/LeftOutControls.h"
 #include "app/MappedExcel.h"
 #include "app/MappedWord.h"
 #include "app/MappingFields.h"
@@ -58,6 +59,8 @@ bool CAutoMapping::map() {
     if (!object) RaiseMappingError(kXmlFileIncorrect);
     readFolders(source->document());
     const std::optional<FieldKeys> fields = chosenFields(*source, *object);
+    const std::string leftOut = fields ? "" : leftOutControls(*source, *object);
+    if (!leftOut.empty()) tell(leftOut);
 
     office->start();
     makeDocument(*office);
@@ -167,7 +170,9 @@ bool CAutoMapping::dropObject(MappingOffice& office, const MappingSource& source
                               const MappedObject& object) {
     const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
     CNodeDropper dropper{errors_, messages_, findPicture, progress_};
-    return office.drop(dropper, object);
+    const bool dropped = office.drop(dropper, object);
+    if (!dropper.nothingDropped().empty()) tell(dropper.nothingDropped());
+    return dropped;
 }
 
 void CAutoMapping::save(MappingOffice& office) {

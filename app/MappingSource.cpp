@@ -14,6 +14,7 @@ MappingSource::MappingSource(const std::string& path, ErrorHandler& errors, Mess
     CXML2TreeView view{tree_, document_, errors};
     view.DisplayXMLNode(0, document_.documentElement(), false);
     xmlNodes_ = std::move(view.XMLNodes());
+    leftOut_ = view.leftOut();
 }
 
 }  // namespace mergeloom

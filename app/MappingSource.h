@@ -7,6 +7,7 @@
 #include "xml/XmlNodeCollection.h"
 
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -20,12 +21,15 @@ class MappingSource {
     /// The object that is mapped: the tree's first node, or none when the tree is empty.
     [[nodiscard]] const TreeNode* firstObject() { return tree_.First(); }
     [[nodiscard]] const XmlNodeCollection& xmlNodes() const { return xmlNodes_; }
+    /// The controls that have no text to be shown under; they are in no tree and in no template.
+    [[nodiscard]] const std::vector<XmlNode>& leftOut() const { return leftOut_; }
     [[nodiscard]] const StructureDocument& document() const { return document_; }
 
   private:
     StructureDocument document_;
     TreeView tree_;
     XmlNodeCollection xmlNodes_;
+    std::vector<XmlNode> leftOut_;
 };
 
 }  // namespace mergeloom

@@ -1,8 +1,8 @@
 #include "droppers/CNodeDropper.h"
 
 #include "droppers/DropRecord.h"
+#include "droppers/EmptyDrop.h"
 #include "droppers/ExcelDropRoutes.h"
-#include "droppers/ObjectLayout.h"
 #include "droppers/SpecialPlace.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/WordDropRoutes.h"
@@ -31,6 +31,10 @@ bool keepOrTakeBack(DropReports& reports, const Procedure& procedure, DropRecord
         record.takeBack();
     }
     return dropped;
+}
+
+void noteWhatIsMissing(DropContext& context, const TreeNode& node, ObjectLayout layout) {
+    if (!context.reports.hasTold()) context.nothingDropped = nothingToDrop(context, node, layout);
 }
 
 /// Documents and workbooks have no common way to their applications.
@@ -70,9 +74,11 @@ bool CNodeDropper::dropInto(const DocumentPtr& document, const TreeNode& node,
     DropReports reports{errors_, messages_};
     DropContext context{reports, xmlNodes, findPicture_, progress_, settings, fieldDialog_};
     Routes routes{context, document};
-    return dropAsOneStep(reports, {kModule, "NodeDrop"}, document, node.Text(), [&] {
+    const bool dropped = dropAsOneStep(reports, {kModule, "NodeDrop"}, document, node.Text(), [&] {
         return dropNode({context, node, routes});
     });
+    nothingDropped_ = context.nothingDropped;
+    return dropped;
 }
 
 bool CNodeDropper::SpecialDrop(DropKind item, const word::DocumentPtr& robjDocument) {
@@ -113,19 +119,25 @@ bool CNodeDropper::dropKind(const Drop& drop, DropKind kind) {
 
 bool CNodeDropper::dropObject(const Drop& drop, const XmlNode& element) {
     const ObjectLayout layout = layoutOf(drop.context, element);
-    if (drop.context.settings.documentType == DocumentType::LabelDocument) {
-        return drop.routes.labelDocumentDrop(drop.node, nameOf(element));
-    }
-    if (layout == ObjectLayout::None) return false;
+    const bool becomesLabels = drop.context.settings.documentType == DocumentType::LabelDocument;
+    if (layout == ObjectLayout::None && !becomesLabels) return false;
+    const bool dropped = becomesLabels ? drop.routes.labelDocumentDrop(drop.node, nameOf(element))
+                                       : dropLaidOut(drop, element, layout);
+    if (!dropped) noteWhatIsMissing(drop.context, drop.node, layout);
+    return dropped;
+}
+
+bool CNodeDropper::dropLaidOut(const Drop& drop, const XmlNode& element, ObjectLayout layout) {
     return layout == ObjectLayout::Table ? drop.routes.tableDrop(drop.node, nameOf(element))
                                          : drop.routes.formDrop(drop.node, nameOf(element));
 }
 
 bool CNodeDropper::dropControl(const Drop& drop, const XmlNode& element) {
     if (!isSubform(element)) return dropField(drop, drop.node, {});
-    if (!element.firstChild()) return false;
-    return isBoundSubform(element) ? drop.routes.tableDrop(drop.node, nameOf(element))
-                                   : drop.routes.formDrop(drop.node, nameOf(element));
+    const ObjectLayout layout = isBoundSubform(element) ? ObjectLayout::Table : ObjectLayout::Form;
+    const bool dropped = element.firstChild() && dropLaidOut(drop, element, layout);
+    if (!dropped) noteWhatIsMissing(drop.context, drop.node, layout);
+    return dropped;
 }
 
 bool CNodeDropper::dropField(const Drop& drop, const TreeNode& control, const FieldOptions& options) {

@@ -2,12 +2,14 @@
 
 #include "droppers/DropContext.h"
 #include "droppers/DropRoutes.h"
+#include "droppers/ObjectLayout.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "xml/TreeView.h"
 #include "xml/XmlNode.h"
 #include "xml/modNamedItems.h"
 
+#include <string>
 #include <utility>
 
 namespace mergeloom {
@@ -35,6 +37,10 @@ class CNodeDropper {
                   const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
                   const FieldKeys* rcolFields);
 
+    /// Says in a sentence what the last drop looked for in an object and did not find; empty when it dropped
+    /// something or the user was told why not.
+    [[nodiscard]] const std::string& nothingDropped() const { return nothingDropped_; }
+
     /// Adds a place for an optional blank or line break, of each of which a document takes 20 at most.
     bool SpecialDrop(DropKind item, const word::DocumentPtr& robjDocument);
     /// Only Word takes such places, so nothing is dropped.
@@ -59,6 +65,7 @@ class CNodeDropper {
     static bool dropKind(const Drop& drop, DropKind kind);
     static bool dropObject(const Drop& drop, const XmlNode& element);
     static bool dropControl(const Drop& drop, const XmlNode& element);
+    static bool dropLaidOut(const Drop& drop, const XmlNode& element, ObjectLayout layout);
     static bool dropField(const Drop& drop, const TreeNode& control, const FieldOptions& options);
 
     ErrorHandler& errors_;
@@ -66,6 +73,7 @@ class CNodeDropper {
     PictureFinder findPicture_;
     Progress& progress_;
     FieldDialog* fieldDialog_;
+    std::string nothingDropped_;
 };
 
 }  // namespace mergeloom

@@ -40,6 +40,8 @@ struct DropContext {
     FieldDialog* fieldDialog = nullptr;  ///< none where there is no user to choose
     DroppedNames places{};               ///< those of the places that this drop made
     DroppedNames tables{};               ///< those of its tables; what it made itself is no earlier table
+    /// Why nothing of an object was dropped, where the user was not told.
+    std::string nothingDropped = {};
 };
 
 }  // namespace mergeloom

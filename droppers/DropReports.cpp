@@ -10,6 +10,7 @@ void DropReports::report(const ErrorReport& report) {
 }
 
 bool DropReports::refuse(const std::string& text, MessageIcon icon) {
+    hasTold_ = true;
     messages_.show({text, icon, MessageButtons::Ok});
     return false;
 }

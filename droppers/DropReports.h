@@ -43,10 +43,15 @@ class DropReports : public ErrorHandler {
     /// then.
     [[nodiscard]] bool failed() const { return failed_; }
 
+    /// Whether the user knows of a reason why something was not dropped: a refusal, an error or a
+    /// cancellation.
+    [[nodiscard]] bool hasTold() const { return hasTold_ || failed_; }
+
   private:
     ErrorHandler& errors_;
     Messages& messages_;
     bool failed_ = false;
+    bool hasTold_ = false;
 };
 
 }  // namespace mergeloom

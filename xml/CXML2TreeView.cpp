@@ -80,6 +80,8 @@ void CXML2TreeView::displayNode(int parentIndex, XmlNode node, bool showIcons) {
     if (!text.empty()) {
         shown = &addNode(parentIndex, node, text);
         markView(*shown, typeName, viewState, showIcons);
+    } else if (isControl(node) && controlTypeOf(typeName) != ControlType::TabControl) {
+        leftOut_.push_back(node);
     }
     if (!node.firstChild()) {
         if (shown != nullptr && isControl(node)) addDropKinds(*shown, node);

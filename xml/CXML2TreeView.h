@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -31,6 +32,9 @@ class CXML2TreeView {
     /// Whether the data holds a bound value for a control; the parent is the element of the tree node above.
     bool ContolHasBoundValue(XmlNode controlNode, XmlNode parentNode);
 
+    /// The controls that have no text to be shown under, and so no tree node.
+    [[nodiscard]] const std::vector<XmlNode>& leftOut() const { return leftOut_; }
+
     /// The elements of the tree's keys. Whoever needs them for longer moves them out of here.
     [[nodiscard]] XmlNodeCollection& XMLNodes() { return xmlNodes_; }
 
@@ -45,6 +49,7 @@ class CXML2TreeView {
     const StructureDocument& document_;
     ErrorHandler& errors_;
     XmlNodeCollection xmlNodes_;
+    std::vector<XmlNode> leftOut_;
     std::optional<BoundValueIndex> boundValues_;
 };
 

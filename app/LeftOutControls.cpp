@@ -1,0 +1,43 @@
+#include "app/LeftOutControls.h"
+
+#include "xml/modMSXMLHelper.h"
+
+namespace mergeloom {
+
+namespace {
+
+bool isBelow(XmlNode node, XmlNode ancestor) {
+    while (node && node != ancestor)
+        node = node.parentNode();
+    return static_cast<bool>(node);
+}
+
+/// Names joined by commas, and after them how many controls have none.
+std::string namesOf(const std::vector<XmlNode>& controls) {
+    std::string names;
+    int nameless = 0;
+    for (const XmlNode& control : controls) {
+        const std::string name = GetAttributeValue(control, Attribute::Name);
+        if (name.empty()) {
+            ++nameless;
+        } else {
+            names += (names.empty() ? "\"" : ", \"") + name + '"';
+        }
+    }
+    if (nameless == 0) return names;
+    const std::string rest =
+        std::to_string(nameless) + (nameless == 1 ? " control" : " controls") + " without a name";
+    return names.empty() ? rest : names + " and " + rest;
+}
+
+}  // namespace
+
+std::string leftOutControls(const MappingSource& source, const TreeNode& object) {
+    const XmlNode element = source.xmlNodes().Item(object.Key());
+    std::vector<XmlNode> controls = source.leftOut();
+    std::erase_if(controls, [&](const XmlNode& control) { return !isBelow(control, element); });
+    if (controls.empty()) return {};
+    return "Left out of " + object.Text() + " for want of a caption: " + namesOf(controls) + ".";
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/MappingSource.h"
+
+#include <string>
+
+namespace mergeloom {
+
+/// Names the controls of an object that become no place because they have no caption to be known by. Empty
+/// when there are none.
+std::string leftOutControls(const MappingSource& source, const TreeNode& object);
+
+}  // namespace mergeloom

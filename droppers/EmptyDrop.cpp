@@ -1,0 +1,69 @@
+#include "droppers/EmptyDrop.h"
+
+#include "droppers/ControlNodes.h"
+#include "droppers/StructureNodes.h"
+#include "xml/modMSXMLHelper.h"
+#include "xml/modNamedItems.h"
+
+namespace mergeloom {
+
+namespace {
+
+/// A tab control only holds others.
+bool canBeDropped(const XmlNode& element) {
+    return structureElementOf(element.nodeName()) == StructureElement::Control &&
+           controlTypeOf(GetAttributeValue(element, Attribute::ControlType)) != ControlType::TabControl;
+}
+
+/// The loader keeps documents from being nested deep.
+int controlElements(const XmlNode& element) {
+    int count = 0;
+    for (XmlNode child = element.firstChild(); child; child = child.nextSibling()) {
+        count += canBeDropped(child) ? 1 : 0;
+        count += controlElements(child);
+    }
+    return count;
+}
+
+std::string nameOf(const XmlNode& element, const TreeNode& node) {
+    return isSubform(element) ? "Subform \"" + node.Text() + '"' : node.Text();
+}
+
+std::string noControls(const XmlNode& element, const std::string& object) {
+    const int count = controlElements(element);
+    if (count == 0) return "no Control element was found in " + object + ".";
+    const std::string subject =
+        count == 1 ? "the only Control element in " + object + " has"
+                   : "all " + std::to_string(count) + " Control elements in " + object + " have";
+    return subject + " an empty caption, or no attribute that is spelt \"Caption\" or \"Name\".";
+}
+
+std::string noFields(const std::string& object) {
+    return "no field was found in the detail section of " + object + " that can be a column of a table.";
+}
+
+std::string noLabels(const std::string& object) {
+    return "only subforms were found in " + object + ", which no label can hold.";
+}
+
+std::string noPlaces(const std::string& object) {
+    return "only subforms were found in " + object + ", and no control in them that can be dropped.";
+}
+
+std::string reason(const DropContext& context, const TreeNode& node, ObjectLayout layout) {
+    const XmlNode element = elementOf(context.xmlNodes, &node);
+    const std::string object = nameOf(element, node);
+    if (!node.Child()) return noControls(element, object);
+    if (context.settings.documentType == DocumentType::LabelDocument) return noLabels(object);
+    if (layout == ObjectLayout::Form) return noPlaces(object);
+    return fieldsOf(context.xmlNodes, node).empty() ? noFields(object) : "";
+}
+
+}  // namespace
+
+std::string nothingToDrop(const DropContext& context, const TreeNode& node, ObjectLayout layout) {
+    const std::string text = reason(context, node, layout);
+    return text.empty() ? "" : "Nothing was dropped: " + text;
+}
+
+}  // namespace mergeloom
