@@ -11,13 +11,13 @@ word::RangePtr EmbeddedBookmark::Range() {
 
 void EmbeddedBookmark::SetStart(CharacterPosition start) {
     BookmarkRecord& bookmark = record();
-    content_->touch();
+    content_->beginMarking(*bookmark.story, start, start);
     editor().moveStart(bookmark, start);
 }
 
 void EmbeddedBookmark::SetEnd(CharacterPosition end) {
     BookmarkRecord& bookmark = record();
-    content_->touch();
+    content_->beginMarking(*bookmark.story, end, end);
     editor().moveEnd(bookmark, end);
 }
 

@@ -16,7 +16,7 @@ class EmbeddedFont final : public word::Font {
 
     void SetSize(double points) override {
         const LiveSpan& span = content_->selection();
-        content_->touch();
+        content_->beginEdit(span.story(), span.start(), span.end());
         const auto halfPoints = static_cast<int>(std::lround(points * 2));
         content_->editable(span.story()).fonts().setSize(span.start(), span.end(), halfPoints);
     }

@@ -41,8 +41,9 @@ word::RangePtr EmbeddedTable::rangeOf(pugi::xml_node part) const {
 }
 
 void EmbeddedTable::appendRow() {
-    place_.content->touch();
-    place_.editable().tables().appendRow(element(), rowMark_);
+    const Stretch whole = stretch(element());
+    place_.content->beginEdit(*place_.story, whole.end - CharacterCount{1}, whole.end);
+    place_.editable().tables().appendRow(table_, rowMark_);
 }
 
 Stretch EmbeddedTable::stretch(pugi::xml_node part) const {

@@ -33,8 +33,8 @@ word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {
                                                   std::to_string(columns) + " were asked for.");
     }
     if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
-    place_.content->touch();
     Story& story = place_.content->storyNamed(range.storyName());
+    place_.content->beginEdit(story, range.Start(), range.Start());
     const TableShape shape{rows, columns, textAreaWidth(story, range.Start()).value / kEmuPerTwip,
                            place_.content->hasStyle("TableGrid")};
     const StoryPlace place{place_.content, &story};

@@ -101,7 +101,7 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     story.check(start, end);
     const ReplacedText replaced(story, start, end);
     if (!text.empty()) replaced.checkIsThere();
-    touch();
+    beginEdit(story, start, end);
     fallbacks_.noteEdit(story, start);
     EditableStory& target = editable(story);
     TextSetting setting = replaced.setting();
@@ -137,7 +137,8 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
                                              const std::string& fileName) {
     std::string bytes = files_.read(fileName);
     const PictureFile file = PictureFile::read(bytes, fileName);
-    touch();
+    story.check(start, end);
+    beginEdit(story, start, end);
     EditableStory& target = editable(story);
     const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
     target.eraser().erase(start, end);
@@ -189,12 +190,22 @@ BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, 
                                          CharacterPosition end) {
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
     BookmarkEditor& editor = editable(story).bookmarks();
-    touch();
+    editor.check(start, end);
+    beginMarking(story, start, end);
     if (BookmarkRecord* former = bookmarks_.find(name)) {
-        editor.check(start, end);
         editable(*former->story).bookmarks().remove(*former);
     }
     return editor.add(name, ++highestId_, start, end);
+}
+
+void WordContent::beginEdit(const Story& story, CharacterPosition start, CharacterPosition end) {
+    permission_.checkText(story, start, end);
+    saved_ = false;
+}
+
+void WordContent::beginMarking(const Story& story, CharacterPosition start, CharacterPosition end) {
+    permission_.checkMarks(story, start, end);
+    saved_ = false;
 }
 
 void WordContent::startRecord() {

@@ -4,6 +4,7 @@
 #include "office/embedded/package/Package.h"
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/text/LiveSpan.h"
+#include "office/embedded/word/EditPermission.h"
 #include "office/embedded/word/EditableStory.h"
 #include "office/embedded/word/Fallbacks.h"
 
@@ -62,8 +63,10 @@ class WordContent {
 
     [[nodiscard]] bool isSaved() const { return saved_; }
     void setSaved(bool saved) { saved_ = saved; }
-    /// Says that an edit begins.
-    void touch() { saved_ = false; }
+    /// Says that an edit begins which replaces the text of a stretch, or moves or adds marks at its ends.
+    /// Raises kNotAvailable where the document is protected against it.
+    void beginEdit(const Story& story, CharacterPosition start, CharacterPosition end);
+    void beginMarking(const Story& story, CharacterPosition start, CharacterPosition end);
 
     /// Hands the parts that were edited to the package, which can be written then.
     void storeParts();
@@ -100,6 +103,7 @@ class WordContent {
     Package package_;
     FileStore& files_;
     PictureParts pictures_{package_};
+    EditPermission permission_{package_};
     BookmarkTable bookmarks_;
     EditJournal journal_;
     Fallbacks fallbacks_{journal_};

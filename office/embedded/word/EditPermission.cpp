@@ -1,0 +1,132 @@
+#include "office/embedded/word/EditPermission.h"
+
+#include "base/AutomationError.h"
+#include "office/embedded/text/DomPlace.h"
+
+#include <string>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+pugi::xml_node propertiesOf(const WordNames& names, pugi::xml_node control) {
+    return control.child(names.element("sdtPr").c_str());
+}
+
+/// ECMA-376 Part 1, 17.5.2.23: the other lock, "sdtLocked", only keeps the control from being deleted.
+bool isContentLocked(const WordNames& names, pugi::xml_node control) {
+    const pugi::xml_node lock = propertiesOf(names, control).child(names.element("lock").c_str());
+    const std::string_view value = names.value(lock, "val");
+    return value == "contentLocked" || value == "sdtContentLocked";
+}
+
+/// ECMA-376 Part 1, 17.5.2.16: a group protects all of its content but for the controls inside.
+bool isGroup(const WordNames& names, pugi::xml_node control) {
+    return static_cast<bool>(propertiesOf(names, control).child(names.element("group").c_str()));
+}
+
+/// The control that locks what is inside an element, which may be that control's own content; none otherwise.
+pugi::xml_node lockedControlAround(const WordNames& names, pugi::xml_node element) {
+    bool isInControl = false;
+    for (pugi::xml_node node = element; node; node = node.parent()) {
+        if (names.tagOf(node) != WordTag::ContentControl) continue;
+        if (isContentLocked(names, node)) return node;
+        if (!isInControl && isGroup(names, node)) return node;
+        isInControl = true;
+    }
+    return {};
+}
+
+std::string titleOf(const WordNames& names, pugi::xml_node control) {
+    for (const char* title : {"alias", "tag"}) {
+        const pugi::xml_node named = propertiesOf(names, control).child(names.element(title).c_str());
+        const std::string value = names.value(named, "val");
+        if (!value.empty()) return "content control '" + value + "'";
+    }
+    return "content control at this place";
+}
+
+void checkInside(const Story& story, pugi::xml_node element) {
+    const WordNames& names = story.names();
+    const pugi::xml_node control = lockedControlAround(names, element);
+    if (!control) return;
+    throw AutomationError(kNotAvailable,
+                          "The " + titleOf(names, control) +
+                              " is locked: its content cannot be changed. Take the lock off in the "
+                              "control's properties first.");
+}
+
+const Item* itemBefore(const Item* item) {
+    return item ? ItemTree::previous(item) : nullptr;
+}
+
+/// The element into which text or a mark at a position goes; none behind the story's end.
+pugi::xml_node elementAt(const Story& story, CharacterPosition position) {
+    const Item* next = story.items().itemAt(position);
+    if (!next) return {};
+    // What is no place for text is refused by the edit itself.
+    if (ItemTree::positionOf(next) != position || !story.paragraphOf(next)) return next->node;
+    return DomPlaces(story).forStartMark(itemBefore(next), next).parent;
+}
+
+/// The element into which a mark behind the last character of a stretch goes.
+pugi::xml_node elementBehind(const Story& story, CharacterPosition end) {
+    const Item* last = story.items().itemAt(end - CharacterCount{1});
+    const Item* next = story.items().itemAt(end);
+    const bool splits = next == last;
+    return splits ? last->node : DomPlaces(story).forEndMark(last, ItemTree::next(last)).parent;
+}
+
+/// Sections of a form may be left open to editing (ECMA-376 Part 1, 17.6.6).
+bool isOpenSection(const WordNames& names, pugi::xml_node section) {
+    const pugi::xml_node switched = section.child(names.element("formProt").c_str());
+    return switched && isOff(names.value(switched, "val"));
+}
+
+/// The properties of the section in which an element of the body stands: those of the next paragraph that
+/// ends one, or the body's own.
+pugi::xml_node sectionOf(const Story& story, pugi::xml_node element) {
+    const WordNames& names = story.names();
+    while (element && element.parent() != story.root())
+        element = element.parent();
+    for (; element; element = element.next_sibling()) {
+        if (names.tagOf(element) == WordTag::SectionProperties) return element;
+        const pugi::xml_node properties = names.child(element, WordTag::ParagraphProperties);
+        const pugi::xml_node section = names.child(properties, WordTag::SectionProperties);
+        if (section) return section;
+    }
+    return {};
+}
+
+}  // namespace
+
+void EditPermission::checkText(const Story& story, CharacterPosition start, CharacterPosition end) {
+    checkDocument(story, start);
+    if (start == end) return checkInside(story, elementAt(story, start));
+    for (const Item* item = story.items().itemAt(start); item; item = ItemTree::next(item)) {
+        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        checkInside(story, item->node);
+    }
+}
+
+void EditPermission::checkMarks(const Story& story, CharacterPosition start, CharacterPosition end) {
+    checkDocument(story, start);
+    checkInside(story, elementAt(story, start));
+    if (start < end) checkInside(story, elementBehind(story, end));
+}
+
+void EditPermission::checkDocument(const Story& story, CharacterPosition position) {
+    if (protection() == DocumentProtection::None) return;
+    const bool isForm = protection() == DocumentProtection::Forms;
+    const Item* item = isForm ? story.items().itemAt(position) : nullptr;
+    if (item && isOpenSection(story.names(), sectionOf(story, item->node))) return;
+    refuseProtected(package_.fileName(), protection());
+}
+
+DocumentProtection EditPermission::protection() {
+    if (!protection_) protection_ = readDocumentProtection(package_);
+    return *protection_;
+}
+
+}  // namespace mergeloom::embedded
