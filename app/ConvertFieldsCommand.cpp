@@ -5,50 +5,19 @@
 #include "app/modMain.h"
 #include "base/AutomationError.h"
 #include "base/Paths.h"
-#include "base/Text.h"
 #include "office/model/word/Documents.h"
-#include "office/model/word/Fields.h"
-#include "office/model/word/MailMerge.h"
 
-#include <map>
+#include <algorithm>
 
 namespace mergeloom {
 
 namespace {
 
-std::string counted(int count, const char* one, const char* several) {
-    return std::to_string(count) + " " + (count == 1 ? one : several);
-}
-
-void tellMovedBookmarks(const std::vector<std::string>& names, std::ostream& report) {
-    // Bookmarks are the same whatever their letter case; the last one's is what the document shows.
-    std::map<std::string, std::string> last;
-    for (const std::string& name : names)
-        last[foldCase(name)] = name;
-    for (const auto& [folded, name] : last) {
-        report << "The bookmark '" << name
-               << "' stands around the last place of that name; the others are plain text.\n";
-    }
-}
-
-void tell(const ConversionResult& result, int left, const std::string& backup, std::ostream& report) {
-    report << counted(result.places, "field", "fields") << " became "
-           << (result.places == 1 ? "a place, " : "places, ")
-           << counted(result.removed, "was removed.\n", "were removed.\n");
-    if (left > 0) report << counted(left, "field has", "fields have") << " no usable name and stayed.\n";
-    tellMovedBookmarks(result.movedBookmarks, report);
-    if (!backup.empty()) report << "The file as it was is kept in '" << backup << "'.\n";
-}
-
-/// How many fields of the old kinds a document still has.
-int oldFieldsLeft(word::Document& document) {
-    int count = document.MailMerge()->Fields()->Count();
-    const word::FieldsPtr fields = document.Fields();
-    for (int number = 1; number <= fields->Count(); ++number) {
-        const word::WdFieldType type = fields->Item(number)->Type();
-        if (type == word::WdFieldType::wdFieldQuote || type == word::WdFieldType::wdFieldIf) ++count;
-    }
-    return count;
+/// A field whose code the office does not keep would be saved without it.
+void checkCodes(const std::vector<LeftField>& left, const std::string& source) {
+    const auto unknown = std::ranges::find(left, WhyLeft::CodeUnknown, &LeftField::why);
+    if (unknown == left.end()) return;
+    throw AutomationError(kNotAvailable, "The file '" + source + "' is not converted: " + unknown->text);
 }
 
 [[noreturn]] void raiseNotSaved(const std::string& target, const std::string& reason) {
@@ -67,13 +36,15 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     const StartedOffice office{startWord_(), errors_};
     const word::DocumentPtr document = office->Documents()->Open(source);
     const ConversionResult result = convert(document);
+    checkCodes(result.left, source);
     std::string backup;
     if (!isInPlace || !document->Saved()) {
         // The document itself is there, even if the disk fails to say so now.
         if (isInPlace || files_.fileExists(target)) backup = keep(target);
         isInPlace ? document->Save() : document->SaveAs(target, formats_.documentFormatOf(target));
     }
-    tell(result, oldFieldsLeft(*document), backup, report);
+    report << toldConversion(result);
+    if (!backup.empty()) report << "The file as it was is kept in '" << backup << "'.\n";
     return !result.failed;
 }
 

@@ -1,10 +1,14 @@
 #include "app/ConvertMailMergeFields.h"
 
-#include "base/Text.h"
+#include "app/DataNames.h"
 #include "base/Trap.h"
+#include "droppers/DropRecord.h"
 #include "droppers/modWordNormalizeName.h"
+#include "office/model/UndoRecord.h"
+#include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Documents.h"
+#include "office/model/word/FieldCode.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/MailMerge.h"
 #include "office/model/word/Range.h"
@@ -13,7 +17,6 @@
 
 #include <exception>
 #include <optional>
-#include <string_view>
 
 namespace mergeloom {
 
@@ -21,7 +24,7 @@ namespace {
 
 constexpr const char* kModule = "ConvertMailMergeFields";
 
-// Which word of a field's code names the data, counted from 0.
+// Which piece of a field's code names the data, counted from 0.
 constexpr std::size_t kNameInQuote = 1;
 constexpr std::size_t kNameInIf = 4;
 constexpr std::size_t kNameInMergeField = 1;
@@ -41,30 +44,50 @@ bool succeeds(const Body& body) {
     throw AutomationError(kTemplateNotFound, "Template is not found");
 }
 
-/// None for a field that went together with one around it.
-std::optional<std::string> codeOf(word::Field& field) {
+/// Returns true unless the field went together with one around it.
+bool isThere(word::Field& field) {
     try {
-        return field.Code()->Text();
+        (void)field.Type();
+        return true;
     } catch (const AutomationError& error) {
         if (error.number() != kObjectDeleted) throw;
+        return false;
+    }
+}
+
+bool canBecomeText(word::Field& field) {
+    return isThere(field) && !field.isInCode();
+}
+
+/// None where the office does not keep the code: nobody knows what such a field stands for, so it stays.
+std::optional<std::vector<std::string>> namesOf(word::Field& field, std::size_t ownPiece) {
+    try {
+        return dataNames(field, ownPiece);
+    } catch (const AutomationError& error) {
+        if (error.number() != kNotAvailable) throw;
         return std::nullopt;
     }
 }
 
-/// A word of the code, where every single blank ends a word. Raises kSubscriptOutOfRange beyond the last one.
-std::string wordOf(const std::string& code, std::size_t index) {
-    const std::vector<std::string_view> words = split(trimBlanks(code), ' ');
-    if (index >= words.size()) {
-        throw AutomationError(kSubscriptOutOfRange,
-                              "The field '" + std::string(trimBlanks(code)) + "' has too few words.");
+LeftField leftField(word::Field& field) {
+    try {
+        return {word::shownCode(field.Code()->Text()),
+                field.isInCode() ? WhyLeft::InCode : WhyLeft::NotConverted};
+    } catch (const AutomationError& error) {
+        if (error.number() != kNotAvailable) throw;
+        return {error.description(), WhyLeft::CodeUnknown};
     }
-    return std::string(words[index]);
 }
 
-std::string quillbindName(word::WdFieldType type, const std::string& code) {
-    if (type == word::WdFieldType::wdFieldQuote) return wordOf(code, kNameInQuote);
-    if (type == word::WdFieldType::wdFieldIf) return wordOf(code, kNameInIf);
-    return {};
+/// Returns the fields of the old kinds; every other field has no type.
+std::vector<LeftField> leftFields(word::Document& document) {
+    std::vector<LeftField> left;
+    const word::FieldsPtr fields = document.Fields();
+    for (int number = 1; number <= fields->Count(); ++number) {
+        const word::FieldPtr field = fields->Item(number);
+        if (field->Type() != word::WdFieldType::wdFieldEmpty) left.push_back(leftField(*field));
+    }
+    return left;
 }
 
 std::string withoutQuotes(const std::string& name) {
@@ -93,6 +116,7 @@ void ConvertMailMergeFields::Execute() {
     trapPass("Execute", [&] {
         ConvertQuillbindFields(*document);
         ConvertMergeFields(*document);
+        result_.left = leftFields(*document);
     });
     ReleaseTemplate();
 }
@@ -102,8 +126,12 @@ void ConvertMailMergeFields::ConvertQuillbindFields(word::Document& document) {
         const word::FieldsPtr fields = document.Fields();
         for (int number = 1; number <= fields->Count(); ++number) {
             const word::FieldPtr field = fields->Item(number);
-            const std::optional<std::string> code = codeOf(*field);
-            if (code) replaceOrDelete(document, *field, quillbindName(field->Type(), *code));
+            if (!canBecomeText(*field)) continue;
+            const word::WdFieldType type = field->Type();
+            const bool isIf = type == word::WdFieldType::wdFieldIf;
+            if (!isIf && type != word::WdFieldType::wdFieldQuote) continue;
+            const auto names = namesOf(*field, isIf ? kNameInIf : kNameInQuote);
+            if (names) replaceOrDelete(document, *field, *names);
         }
     });
 }
@@ -113,27 +141,61 @@ void ConvertMailMergeFields::ConvertMergeFields(word::Document& document) {
         const word::FieldsPtr fields = document.MailMerge()->Fields();
         for (int number = 1; number <= fields->Count(); ++number) {
             const word::FieldPtr field = fields->Item(number);
-            std::optional<std::string> code;
-            std::string name;
-            const bool isNamed = succeeds([&] {
-                code = codeOf(*field);
-                if (code) name = wordOf(*code, kNameInMergeField);
-            });
-            isNamed ? replaceOrDelete(document, *field, name) : removeField(*field);
+            if (!canBecomeText(*field)) continue;
+            std::optional<std::vector<std::string>> names;
+            const bool isNamed = succeeds([&] { names = namesOf(*field, kNameInMergeField); });
+            if (!isNamed) {
+                removeField(document, *field);
+            } else if (names) {
+                replaceOrDelete(document, *field, *names);
+            }
         }
     });
 }
 
-void ConvertMailMergeFields::replaceOrDelete(word::Document& document, word::Field& field,
-                                             const std::string& name) {
-    if (!succeeds([&] { ReplaceFieldWithBookmark(document, field, name); })) removeField(field);
+template <typename Body>
+bool ConvertMailMergeFields::isDone(word::Document& document, const Body& body) {
+    const model::UndoRecordPtr steps = document.Application()->UndoRecord();
+    DropRecord record(document, *steps, "Convert Merge Fields");
+    const bool isDone = succeeds([&] {
+        body();
+        record.keep();
+    });
+    if (!isDone) record.takeBack();
+    return isDone;
 }
 
-void ConvertMailMergeFields::removeField(word::Field& field) {
-    bool isGone = succeeds([&] { field.Delete(); });
-    // The office may have taken the field away before it failed to mark the text.
-    if (!isGone) succeeds([&] { isGone = !codeOf(field); });
-    if (isGone) ++result_.removed;
+void ConvertMailMergeFields::replaceOrDelete(word::Document& document, word::Field& field,
+                                             const std::vector<std::string>& names) {
+    const int placesBefore = result_.places;
+    const std::size_t movedBefore = result_.movedBookmarks.size();
+    if (isDone(document, [&] { replaceField(document, field, names); })) {
+        if (result_.places > placesBefore) ++result_.fields;
+        return;
+    }
+    result_.places = placesBefore;
+    result_.movedBookmarks.resize(movedBefore);
+    removeField(document, field);
+}
+
+void ConvertMailMergeFields::removeField(word::Document& document, word::Field& field) {
+    std::string code;
+    const bool isRemoved = isDone(document, [&] {
+        code = field.Code()->Text();
+        field.Delete();
+    });
+    if (isRemoved) result_.removed.push_back(word::shownCode(code));
+}
+
+void ConvertMailMergeFields::replaceField(word::Document& document, word::Field& field,
+                                          const std::vector<std::string>& names) {
+    ReplaceFieldWithBookmark(document, field, names.front());
+    const word::SelectionPtr selection = document.ActiveWindow()->Selection();
+    for (auto name = names.begin() + 1; name != names.end(); ++name) {
+        selection->Collapse(word::WdCollapseDirection::wdCollapseEnd);
+        selection->TypeText(" ");
+        markSelection(document, WordNormalizeName(*name, false));
+    }
 }
 
 void ConvertMailMergeFields::ReplaceFieldWithBookmark(word::Document& document, word::Field& field,
@@ -141,7 +203,13 @@ void ConvertMailMergeFields::ReplaceFieldWithBookmark(word::Document& document, 
     const std::string dataName = withoutQuotes(name);
     if (dataName.empty()) return;
     const std::string bookmarkName = WordNormalizeName(dataName, false);
+    if (bookmarkName.empty())
+        throw AutomationError(kCommandFailed, "No bookmark can be named '" + dataName + "'.");
     field.Select();
+    markSelection(document, bookmarkName);
+}
+
+void ConvertMailMergeFields::markSelection(word::Document& document, const std::string& bookmarkName) {
     const word::SelectionPtr selection = document.ActiveWindow()->Selection();
     selection->SetText(bookmarkName);
     const word::BookmarksPtr bookmarks = document.Bookmarks();

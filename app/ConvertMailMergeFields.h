@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ConversionResult.h"
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
@@ -13,20 +14,12 @@ namespace mergeloom {
 
 inline constexpr ErrorNumber kTemplateNotFound = 30014;
 
-/// What a conversion did.
-struct ConversionResult {
-    int places = 0;       ///< fields that became a text with a bookmark around it
-    int removed = 0;      ///< fields that could not be converted and went without a trace
-    bool failed = false;  ///< an error ended a pass and was reported
-    /// Bookmarks, in the order of their fields, that moved to a field from another place of their name. That
-    /// place is plain text then.
-    std::vector<std::string> movedBookmarks;
-};
-
 /// Turns the fields with which other tools mark their data places into places of this program: the fields of
 /// Word's mail merge and the QUOTE and IF fields that Quillbind writes. A field becomes its data name as
 /// text, in the formatting of its result, with a bookmark of that name around it; a field that has no such
-/// name is removed. Conversion is for one document at a time.
+/// name is removed. A field in whose code several merge fields are nested becomes a place for each of their
+/// names, with a blank between them. In the code of a field that stays nothing is converted. Conversion is
+/// for one document at a time.
 class ConvertMailMergeFields {
   public:
     /// The office is started only for a document that is named by its path.
@@ -48,15 +41,15 @@ class ConvertMailMergeFields {
     /// errors are reported.
     void Execute();
 
-    /// Converts QUOTE fields, named by the second word of their code, and IF fields, named by the fifth. A
-    /// code of fewer words is reported and ends the pass.
+    /// Converts QUOTE fields, named by the second piece of their code, and IF fields, named by the fifth,
+    /// unless fields nested in the code have the names. A code of fewer pieces is reported and ends the pass.
     void ConvertQuillbindFields(word::Document& document);
-    /// Converts the fields that serve a mail merge, named by the second word of their code. C++ keeps the
+    /// Converts the fields that serve a mail merge, named by the second piece of their code. C++ keeps the
     /// name of the class itself for its constructors; in reports this procedure goes by that name.
     void ConvertMergeFields(word::Document& document);
     /// Replaces a field by the name without its quotes, made a bookmark's name, and marks it with a bookmark
-    /// of that name. An empty name changes nothing. Errors of the office pass through; the text may stand in
-    /// the field's place then.
+    /// of that name. An empty name changes nothing. Raises kCommandFailed for a name of which nothing is
+    /// left. Errors of the office pass through; the text may be in the field's place then.
     void ReplaceFieldWithBookmark(word::Document& document, word::Field& field, const std::string& name);
 
     /// Saves and closes a document that was opened here, and its office when that has no other document.
@@ -66,8 +59,13 @@ class ConvertMailMergeFields {
 
   private:
     word::DocumentPtr open();
-    void replaceOrDelete(word::Document& document, word::Field& field, const std::string& name);
-    void removeField(word::Field& field);
+    /// Runs what changes the document; returns false, with the document as it was before, when that fails.
+    template <typename Body>
+    bool isDone(word::Document& document, const Body& body);
+    void replaceOrDelete(word::Document& document, word::Field& field, const std::vector<std::string>& names);
+    void replaceField(word::Document& document, word::Field& field, const std::vector<std::string>& names);
+    void removeField(word::Document& document, word::Field& field);
+    void markSelection(word::Document& document, const std::string& bookmarkName);
     template <typename Body>
     void trapPass(const char* procedure, const Body& body);
 

@@ -64,11 +64,13 @@ TEST(ConvertFieldsCommand, TellsWhatBecameOfTheFields) {
     const TemporaryFolder folder;
     DiskFileStore files;
     folder.put("letter.docx", wordFile(mergeField("Town") + mergeField("town") + mergeField("") +
-                                       mergeField(" Name") + mergeField("TOWN")));
+                                       mergeField("&quot;&quot;") + mergeField("TOWN")));
     const std::string kept = "The file as it was is kept in '" + folder / "letter.docx.bak" + "'.\n";
     EXPECT_EQ(convert(folder / "letter.docx", files),
               "3 fields became places, 1 was removed.\n"
-              "1 field has no usable name and stayed.\n"
+              "Removed: MERGEFIELD\n"
+              "1 field stayed.\n"
+              "Stayed: MERGEFIELD \"\"\n"
               "The bookmark 'TOWN' stands around the last place of that name; the others are plain text.\n" +
                   kept);
     // What is kept already is not kept twice.

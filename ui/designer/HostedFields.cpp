@@ -11,17 +11,8 @@ namespace mergeloom {
 
 namespace {
 
-std::string counted(int count, const char* one, const char* several) {
-    return std::to_string(count) + " " + (count == 1 ? one : several);
-}
-
-std::string summaryOf(const ConversionResult& result) {
-    std::string text = counted(result.places, "field became a place", "fields became places") + ", " +
-                       counted(result.removed, "was removed.", "were removed.");
-    if (!result.movedBookmarks.empty()) {
-        text += "\r\n" + counted(static_cast<int>(result.movedBookmarks.size()), "bookmark", "bookmarks") +
-                " moved to the last place of that name; the others are plain text.";
-    }
+std::string withoutLastBreak(std::string text) {
+    if (text.ends_with('\n')) text.pop_back();
     return text;
 }
 
@@ -42,7 +33,8 @@ void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& err
         result = conversion.result();
     }
     if (!result.failed)
-        (void)messages.show({summaryOf(result), MessageIcon::Information, MessageButtons::Ok});
+        (void)messages.show(
+            {withoutLastBreak(toldConversion(result)), MessageIcon::Information, MessageButtons::Ok});
 }
 
 }  // namespace mergeloom

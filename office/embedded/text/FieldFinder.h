@@ -11,6 +11,7 @@ struct FieldItems {
     Item* begin = nullptr;
     Item* separator = nullptr;  ///< none where the field has no result, and for w:fldSimple
     Item* end = nullptr;
+    bool isInCode = false;  ///< part of the code of another one of the fields
 };
 
 /// The fields that begin between two positions, in order; an outer field before those inside it. A begin

@@ -1,52 +1,18 @@
 #include "office/embedded/word/EmbeddedField.h"
 
 #include "base/AutomationError.h"
-#include "base/Text.h"
 #include "office/embedded/word/EmbeddedRange.h"
-
-#include <algorithm>
-#include <array>
-#include <string_view>
+#include "office/model/word/FieldCode.h"
 
 namespace mergeloom::embedded {
-
-namespace {
-
-using word::WdFieldType;
-
-struct FieldKeyword {
-    std::string_view keyword;
-    WdFieldType type;
-};
-
-constexpr auto kKeywords = std::to_array<FieldKeyword>({
-    {"IF", WdFieldType::wdFieldIf},
-    {"NEXTIF", WdFieldType::wdFieldNextIf},
-    {"SKIPIF", WdFieldType::wdFieldSkipIf},
-    {"QUOTE", WdFieldType::wdFieldQuote},
-    {"NEXT", WdFieldType::wdFieldNext},
-    {"MERGEREC", WdFieldType::wdFieldMergeRec},
-    {"MERGEFIELD", WdFieldType::wdFieldMergeField},
-    {"MERGESEQ", WdFieldType::wdFieldMergeSeq},
-});
-
-}  // namespace
-
-WdFieldType fieldTypeOf(const std::string& code) {
-    const std::string_view trimmed = trimBlanks(code);
-    const std::string_view keyword = trimmed.substr(0, trimmed.find_first_of(" \t\""));
-    const auto isIt = [&](const FieldKeyword& entry) { return equalsIgnoringCase(entry.keyword, keyword); };
-    const auto* found = std::find_if(kKeywords.begin(), kKeywords.end(), isIt);
-    return found == kKeywords.end() ? WdFieldType::wdFieldEmpty : found->type;
-}
 
 word::RangePtr EmbeddedField::Code() {
     return std::make_shared<EmbeddedRange>(place_.content, *place_.story, code().start, code().end,
                                            RangeText::FieldCode);
 }
 
-WdFieldType EmbeddedField::Type() {
-    return fieldTypeOf(place_.story->code(code().start, code().end));
+word::WdFieldType EmbeddedField::Type() {
+    return word::typeOfCode(place_.story->code(code().start, code().end));
 }
 
 void EmbeddedField::Select() {

@@ -11,6 +11,7 @@ class EmbeddedField final : public word::Field {
     EmbeddedField(StoryPlace place, const FieldItems& items) : place_(std::move(place)), items_(items) {}
 
     word::RangePtr Code() override;
+    bool isInCode() override { return items_.isInCode; }
     word::WdFieldType Type() override;
     void Select() override;
     void Delete() override;
@@ -23,8 +24,5 @@ class EmbeddedField final : public word::Field {
     StoryPlace place_;
     FieldItems items_;
 };
-
-/// The type of a field by the keyword that its code begins with (ECMA-376 Part 1, 17.16.5).
-word::WdFieldType fieldTypeOf(const std::string& code);
 
 }  // namespace mergeloom::embedded

@@ -1,24 +1,10 @@
 #include "office/embedded/word/EmbeddedFields.h"
 
+#include "office/model/word/FieldCode.h"
+
 namespace mergeloom::embedded {
 
 namespace {
-
-using word::WdFieldType;
-
-bool servesMailMerge(WdFieldType type) {
-    switch (type) {
-        case WdFieldType::wdFieldMergeField:
-        case WdFieldType::wdFieldMergeRec:
-        case WdFieldType::wdFieldMergeSeq:
-        case WdFieldType::wdFieldNext:
-        case WdFieldType::wdFieldNextIf:
-        case WdFieldType::wdFieldSkipIf:
-            return true;
-        default:
-            return false;
-    }
-}
 
 void collect(const StoryPlace& place, CharacterPosition start, CharacterPosition end,
              std::vector<word::FieldPtr>& fields) {
@@ -49,7 +35,8 @@ word::FieldsPtr fieldsOf(const std::shared_ptr<WordContent>& content) {
 
 word::FieldsPtr EmbeddedMailMerge::Fields() {
     std::vector<word::FieldPtr> fields = allFields(content_);
-    std::erase_if(fields, [](const word::FieldPtr& field) { return !servesMailMerge(field->Type()); });
+    std::erase_if(fields,
+                  [](const word::FieldPtr& field) { return !word::isInMailMergeFields(field->Type()); });
     return std::make_shared<EmbeddedFields>(std::move(fields));
 }
 

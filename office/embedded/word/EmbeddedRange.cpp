@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/embedded/word/EmbeddedBookmarks.h"
 #include "office/embedded/word/EmbeddedCells.h"
+#include "office/embedded/word/EmbeddedFields.h"
 #include "office/embedded/word/EmbeddedInlineShapes.h"
 #include "office/embedded/word/EmbeddedTables.h"
 #include "office/embedded/word/RangeContents.h"
@@ -33,6 +34,10 @@ word::CellsPtr EmbeddedRange::Cells() {
     const FoundTable table = contents.tables().front();
     return std::make_shared<EmbeddedCells>(
         makeTable({content_, &span_->story()}, table.element, table.inside), std::move(cells));
+}
+
+word::FieldsPtr EmbeddedRange::Fields() {
+    return fieldsOf(StoryPlace{content_, &span_->story()}, span_->start(), span_->end());
 }
 
 word::InlineShapesPtr EmbeddedRange::InlineShapes() {

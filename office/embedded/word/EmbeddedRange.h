@@ -27,6 +27,7 @@ class EmbeddedRange final : public word::Range {
 
     word::BookmarksPtr Bookmarks() override;
     word::CellsPtr Cells() override;
+    word::FieldsPtr Fields() override;
     word::InlineShapesPtr InlineShapes() override;
     word::TablesPtr Tables() override;
 

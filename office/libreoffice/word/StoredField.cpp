@@ -1,8 +1,8 @@
 #include "office/libreoffice/word/StoredField.h"
 
 #include "base/Text.h"
+#include "office/model/word/FieldCode.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace mergeloom::libreoffice {
@@ -11,33 +11,12 @@ namespace {
 
 using word::WdFieldType;
 
-struct CodeWord {
-    std::string_view word;
-    WdFieldType type;
-};
-
-constexpr CodeWord kCodeWords[] = {
-    {"IF", WdFieldType::wdFieldIf},
-    {"MERGEFIELD", WdFieldType::wdFieldMergeField},
-    {"MERGEREC", WdFieldType::wdFieldMergeRec},
-    {"MERGESEQ", WdFieldType::wdFieldMergeSeq},
-    {"NEXT", WdFieldType::wdFieldNext},
-    {"NEXTIF", WdFieldType::wdFieldNextIf},
-    {"QUOTE", WdFieldType::wdFieldQuote},
-    {"SKIPIF", WdFieldType::wdFieldSkipIf},
-};
-
 TextObject fieldOf(WdFieldType type, const std::string& code) {
     return {.kind = ObjectKind::Field, .place = {}, .fieldType = type, .fieldCode = code};
 }
 
 TextObject fieldOfCode(const std::string& code) {
-    const std::string_view trimmed = trimBlanks(code);
-    const std::string_view word = trimmed.substr(0, trimmed.find(' '));
-    const auto isIt = [&](const CodeWord& known) { return equalsIgnoringAsciiCase(known.word, word); };
-    const auto* const found = std::ranges::find_if(kCodeWords, isIt);
-    const bool isKnown = found != std::end(kCodeWords);
-    return fieldOf(isKnown ? found->type : WdFieldType::wdFieldEmpty, " " + std::string(trimmed) + " ");
+    return fieldOf(word::typeOfCode(code), " " + std::string(trimBlanks(code)) + " ");
 }
 
 /// A field that Writer does not know carries its code as a parameter.
@@ -54,19 +33,31 @@ bool hasCondition(const pugi::xml_node& element) {
     return !condition.empty() && condition != "ooow:" && condition != "ooow:TRUE";
 }
 
+/// The name and the argument after it. Writer keeps the prompt of ASK with the quotes around it.
+std::string nameAnd(const pugi::xml_node& element, const char* argument) {
+    const std::string name = word::asPieceOfCode(element.attribute("text:name").value());
+    const std::string text(trimBlanks(element.attribute(argument).value()));
+    return name + " " + (text.starts_with('"') ? text : word::asPieceOfCode(text));
+}
+
 }  // namespace
 
 TextObject storedField(const pugi::xml_node& element) {
     const std::string_view name = element.name();
     if (name == "field:fieldmark-start") return unknownField(element);
     if (name == "text:database-display")
-        return fieldOfCode("MERGEFIELD " + std::string(element.attribute("text:column-name").value()));
+        return fieldOfCode("MERGEFIELD " +
+                           word::asPieceOfCode(element.attribute("text:column-name").value()));
     if (name == "text:conditional-text") return fieldOf(WdFieldType::wdFieldIf, "");
     if (name == "text:database-next")
         return hasCondition(element) ? fieldOf(WdFieldType::wdFieldNextIf, "") : fieldOfCode("NEXT");
     // Writer takes MERGEREC for the choice of a record.
     if (name == "text:database-row-select" || name == "text:database-row-number")
         return fieldOfCode("MERGEREC");
+    if (name == "text:variable-input") return fieldOfCode("ASK " + nameAnd(element, "text:description"));
+    if (name == "text:variable-set") return fieldOfCode("SET " + nameAnd(element, "office:string-value"));
+    if (name == "text:text-input")
+        return fieldOfCode("FILLIN " + word::asPieceOfCode(element.attribute("text:description").value()));
     return {};
 }
 

@@ -180,6 +180,11 @@ std::vector<ObjectPtr> StoryMap::objectsIn(Stretch stretch, ObjectKind kind) con
     return found;
 }
 
+void StoryMap::removeObject(const ObjectPtr& object) {
+    object->placed = false;
+    std::erase(objects_, object);
+}
+
 std::vector<MarkPtr> StoryMap::marksIn(Stretch stretch) const {
     std::vector<MarkPtr> found;
     std::ranges::copy_if(marks_, std::back_inserter(found),

@@ -66,6 +66,8 @@ class StoryMap {
     [[nodiscard]] Stretch inWriter(Stretch stretch) const;
 
     void addObject(const ObjectPtr& object) { objects_.push_back(object); }
+    /// Forgets the object, whose characters may stay; it is gone then.
+    void removeObject(const ObjectPtr& object);
     /// The objects of a kind that begin in the stretch, in place order, an outer one before those inside it.
     [[nodiscard]] std::vector<ObjectPtr> objectsIn(Stretch stretch, ObjectKind kind) const;
 

@@ -145,9 +145,11 @@ void StoryReader::readElement(const pugi::xml_node& element, std::string_view na
     if (isAmong(kCharacters, name)) return skip(1);
     if (isAmong(kNothing, name) || readMark(element, name) || readFieldMark(element, name)) return;
     if (isAmong(kMetas, name) || isAmong(kBrackets, name)) {
+        const CharacterPosition start = at_;
         skip(1);
         readInline(element);
         skip(isAmong(kBrackets, name) ? 1 : 0);
+        if (name == "text:text-input") addObject(storedField(element), start);
     } else if (name == "text:note") {
         skip(1);
         onStory_(element);
@@ -183,6 +185,10 @@ bool StoryReader::readFieldMark(const pugi::xml_node& element, std::string_view 
     if (!name.starts_with("field:fieldmark")) return false;
     if (name == "field:fieldmark-start") openFields_.emplace_back(storedField(element), at_);
     skip(1);
+    if (name == "field:fieldmark-separator" && !openFields_.empty()) {
+        auto& [field, start] = openFields_.back();
+        field.codeLength = at_ - start;
+    }
     if (name == "field:fieldmark-end" && !openFields_.empty()) {
         const auto [field, start] = openFields_.back();
         openFields_.pop_back();

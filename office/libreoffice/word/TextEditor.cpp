@@ -4,7 +4,9 @@
 #include "base/Text.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/libreoffice/word/InlinePicture.h"
+#include "office/libreoffice/word/UnknownField.h"
 
+#include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/style/BreakType.hpp>
 #include <com/sun/star/text/ControlCharacter.hpp>
@@ -42,6 +44,10 @@ CharacterCount TextEditor::replace(WriterStory& story, Stretch stretch, const st
         content_.removeMark(mark);
     }
     const std::vector<MarkPtr> behind = startingBehind(story, stretch);
+    // The text goes in after the first character replaced, which must not be the mark that begins a field's
+    // code.
+    for (ObjectPtr field; !text.empty() && (field = unknownFieldAtStart(story.map(), stretch));)
+        stretch.end = stretch.end - dissolveUnknownField(content_, story, field);
     CharacterCount inserted;
     if (!text.empty() && beginsWithCharacter(story, stretch)) {
         // The new text takes the formatting of the first character replaced when it goes in behind that.
@@ -64,7 +70,10 @@ bool TextEditor::beginsWithCharacter(WriterStory& story, Stretch stretch) {
     const StoryMap& map = story.map();
     if (map.placeOf(stretch.start).text != map.placeOf(stretch.start + kOne).text) return false;
     const Stretch first{stretch.start, stretch.start + kOne};
-    return content_.cursorOver(story, first)->getString() != "\n";
+    const bool isBracket =
+        std::ranges::any_of(map.objectsIn(first, ObjectKind::Field),
+                            [&](const ObjectPtr& field) { return field->place.end > first.end; });
+    return !isBracket && content_.cursorOver(story, first)->getString() != "\n";
 }
 
 std::vector<MarkPtr> TextEditor::startingBehind(WriterStory& story, Stretch stretch) {

@@ -9,7 +9,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// A code is no text of the document: it can be read, and its place is the field's.
+/// A code is no text of the document, though fields may be nested in it: it can be read only.
 class CodeRange final : public WriterRange {
   public:
     CodeRange(std::shared_ptr<WriterContent> content, std::shared_ptr<LiveStretch> stretch, std::string code)
@@ -28,12 +28,13 @@ class CodeRange final : public WriterRange {
 
 word::RangePtr WriterField::Code() {
     const Stretch place = field().place;
+    const Stretch code = codeOf(field());
     if (field().fieldCode.empty()) {
         const std::string shown = content_->call([&] { return textOf(*content_, story_, place); });
         throw AutomationError(kNotAvailable,
                               "LibreOffice does not keep the code of the field that shows '" + shown + "'.");
     }
-    return std::make_shared<CodeRange>(content_, content_->live(story_, place.start, place.end),
+    return std::make_shared<CodeRange>(content_, content_->live(story_, code.start, code.end),
                                        field().fieldCode);
 }
 

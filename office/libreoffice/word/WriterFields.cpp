@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/word/WriterField.h"
+#include "office/model/word/FieldCode.h"
 
 #include <algorithm>
 #include <iterator>
@@ -10,19 +11,15 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-using word::WdFieldType;
-
-bool servesMailMerge(WdFieldType type) {
-    return type == WdFieldType::wdFieldMergeField || type == WdFieldType::wdFieldMergeRec ||
-           type == WdFieldType::wdFieldMergeSeq || type == WdFieldType::wdFieldNext ||
-           type == WdFieldType::wdFieldNextIf || type == WdFieldType::wdFieldSkipIf;
-}
-
 std::vector<word::FieldPtr> fieldsOf(const std::shared_ptr<WriterContent>& content,
                                      const LiveStretch& stretch) {
     std::vector<word::FieldPtr> fields;
-    for (const ObjectPtr& field : objectsIn(stretch, ObjectKind::Field))
-        fields.push_back(std::make_shared<WriterField>(content, *stretch.story, field));
+    CharacterPosition endOfCodes;
+    for (const ObjectPtr& field : objectsIn(stretch, ObjectKind::Field)) {
+        const FieldPlace place = field->place.start < endOfCodes ? FieldPlace::InCode : FieldPlace::InText;
+        fields.push_back(std::make_shared<WriterField>(content, *stretch.story, field, place));
+        endOfCodes = std::max(endOfCodes, field->place.start + field->codeLength);
+    }
     return fields;
 }
 
@@ -46,7 +43,8 @@ word::FieldPtr WriterFields::Item(int number) {
 
 word::FieldsPtr WriterMailMerge::Fields() {
     std::vector<word::FieldPtr> fields = fieldsOf(content_);
-    std::erase_if(fields, [](const word::FieldPtr& field) { return !servesMailMerge(field->Type()); });
+    std::erase_if(fields,
+                  [](const word::FieldPtr& field) { return !word::isInMailMergeFields(field->Type()); });
     return std::make_shared<WriterFields>(std::move(fields));
 }
 

@@ -4,6 +4,7 @@
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/libreoffice/word/WriterBookmarks.h"
 #include "office/libreoffice/word/WriterCells.h"
+#include "office/libreoffice/word/WriterFields.h"
 #include "office/libreoffice/word/WriterInlineShapes.h"
 #include "office/libreoffice/word/WriterTables.h"
 
@@ -37,6 +38,10 @@ word::CellsPtr WriterRange::Cells() {
 
 word::InlineShapesPtr WriterRange::InlineShapes() {
     return std::make_shared<WriterInlineShapes>(content_, stretch_);
+}
+
+word::FieldsPtr WriterRange::Fields() {
+    return fieldsIn(content_, *stretch_);
 }
 
 word::TablesPtr WriterRange::Tables() {

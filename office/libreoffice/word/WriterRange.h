@@ -21,6 +21,7 @@ class WriterRange : public word::Range {
     void SetText(const std::string& text) override;
     word::BookmarksPtr Bookmarks() override;
     word::CellsPtr Cells() override;
+    word::FieldsPtr Fields() override;
     word::InlineShapesPtr InlineShapes() override;
     word::TablesPtr Tables() override;
     word::RangePtr Previous(word::WdUnits unit, int count) override;

@@ -14,14 +14,19 @@ enum class WdSaveFormat : int {
 /// WdFieldType, as far as code tells fields apart; every other field has the type of none of these.
 enum class WdFieldType : int {
     wdFieldEmpty = -1,
+    wdFieldSet = 6,
     wdFieldIf = 7,
-    wdFieldNextIf = 10,
-    wdFieldSkipIf = 12,
     wdFieldQuote = 35,
+    wdFieldAsk = 38,
+    wdFieldFillIn = 39,
     wdFieldNext = 41,
+    wdFieldNextIf = 42,
+    wdFieldSkipIf = 43,
     wdFieldMergeRec = 44,
     wdFieldMergeField = 59,
     wdFieldMergeSeq = 75,
+    wdFieldAddressBlock = 93,
+    wdFieldGreetingLine = 94,
 };
 
 /// WdUnits, as far as ranges are moved by them.

@@ -30,6 +30,7 @@ class Range : public Object {
     /// The bookmarks that the range holds, overlaps or, being a caret, stands in or touches, in place order.
     virtual BookmarksPtr Bookmarks() = 0;
     virtual CellsPtr Cells() = 0;
+    virtual FieldsPtr Fields() = 0;
     virtual InlineShapesPtr InlineShapes() = 0;
     virtual TablesPtr Tables() = 0;
 

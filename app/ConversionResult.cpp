@@ -1,0 +1,73 @@
+#include "app/ConversionResult.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+std::string counted(std::size_t count, const char* one, const char* several) {
+    return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
+std::string toldPlaces(const ConversionResult& result) {
+    const std::string fields =
+        counted(static_cast<std::size_t>(result.fields), "field", "fields") + " became ";
+    if (result.places == result.fields) return fields + (result.places == 1 ? "a place" : "places");
+    return fields + std::to_string(result.places) + " places";
+}
+
+/// Returns a line for each text, in the order in which they came first, and how often it occurs.
+std::string toldEach(const std::string& what, const std::vector<std::string>& texts) {
+    std::vector<std::pair<std::string, int>> lines;
+    for (const std::string& text : texts) {
+        const auto known = std::ranges::find(lines, text, &std::pair<std::string, int>::first);
+        if (known == lines.end()) {
+            lines.emplace_back(text, 1);
+        } else {
+            ++known->second;
+        }
+    }
+    std::string told;
+    for (const auto& [text, count] : lines)
+        told += what + text + (count == 1 ? "" : " (" + std::to_string(count) + " times)") + "\n";
+    return told;
+}
+
+std::string toldText(const LeftField& field) {
+    return field.why == WhyLeft::InCode ? field.text + " (in the code of another field)" : field.text;
+}
+
+std::string toldLeft(const std::vector<LeftField>& left) {
+    if (left.empty()) return {};
+    std::vector<std::string> texts;
+    std::ranges::transform(left, std::back_inserter(texts), toldText);
+    return counted(left.size(), "field", "fields") + " stayed.\n" + toldEach("Stayed: ", texts);
+}
+
+std::string toldMovedBookmarks(const std::vector<std::string>& names) {
+    // Bookmarks are the same whatever their letter case; the last one's is what the document shows.
+    std::map<std::string, std::string> last;
+    for (const std::string& name : names)
+        last[foldCase(name)] = name;
+    std::string told;
+    for (const auto& [folded, name] : last) {
+        told += "The bookmark '" + name +
+                "' stands around the last place of that name; the others are plain text.\n";
+    }
+    return told;
+}
+
+}  // namespace
+
+std::string toldConversion(const ConversionResult& result) {
+    return toldPlaces(result) + ", " + counted(result.removed.size(), "was removed.\n", "were removed.\n") +
+           toldEach("Removed: ", result.removed) + toldLeft(result.left) +
+           toldMovedBookmarks(result.movedBookmarks);
+}
+
+}  // namespace mergeloom
