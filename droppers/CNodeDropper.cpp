@@ -72,7 +72,8 @@ bool CNodeDropper::dropInto(const DocumentPtr& document, const TreeNode& node,
     if (isSpecialPlace(kind)) return SpecialDrop(kind, document);
 
     DropReports reports{errors_, messages_};
-    DropContext context{reports, xmlNodes, findPicture_, progress_, settings, fieldDialog_};
+    DropContext context{reports,  xmlNodes,     findPicture_,     progress_,
+                        settings, fieldDialog_, Routes::kNameRule};
     Routes routes{context, document};
     const bool dropped = dropAsOneStep(reports, {kModule, "NodeDrop"}, document, node.Text(), [&] {
         return dropNode({context, node, routes});

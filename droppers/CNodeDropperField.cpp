@@ -4,6 +4,7 @@
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
 #include "droppers/CellCount.h"
+#include "droppers/ControlNames.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "droppers/modBookmarkAdd.h"
@@ -88,7 +89,8 @@ bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, const word:
     }
     TouchingBookmarks unused;
     if (!ValidateBookmark(context_.reports, *selection.Range(), unused)) return false;
-    return arguments.treeNode || !isSubform(arguments.node);
+    if (!isSubform(arguments.node)) return takesName(context_, arguments);
+    return arguments.treeNode && takesSubform(context_, arguments);
 }
 
 bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
@@ -131,6 +133,7 @@ bool CNodeDropperField::TableFieldDrop(const FieldDropArguments& arguments,
     if (cellCount(*selection->Range()) == 0) {
         return context_.reports.refuse("The tablefield may only be dropped on a table.");
     }
+    if (!takesName(context_, arguments)) return false;
     const word::TablePtr table = selection->Tables()->Item(1);
     if (!isMergeTable(*table)) throw AutomationError(kApplicationError, "Incorrect Word Table.");
     return context_.reports.trap({kModule, "TableFieldDrop"},

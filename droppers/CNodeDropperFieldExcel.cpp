@@ -3,6 +3,7 @@
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
 #include "droppers/CellSteps.h"
+#include "droppers/ControlNames.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 #include "droppers/modExcelNormalizeName.h"
@@ -46,6 +47,7 @@ int CNodeDropperField::xlDrop(const FieldDropArguments& arguments, const excel::
 
     const bool becomesSubform = isSubform(arguments.node);
     if (becomesSubform && !arguments.treeNode) return 0;
+    if (becomesSubform ? !takesSubform(context_, arguments) : !takesName(context_, arguments)) return 0;
     if (becomesSubform && isBoundSubform(arguments.node)) return xlDropTable(arguments, workbook, *cell);
     const int labelRows = xlTypeLabel(arguments, workbook, *cell);
     if (context_.reports.failed()) return 0;

@@ -1,6 +1,7 @@
 #include "droppers/CNodeDropperTable.h"
 
 #include "droppers/CNodeDropperField.h"
+#include "droppers/ControlNames.h"
 #include "droppers/FieldDialog.h"
 #include "droppers/LinkedFields.h"
 #include "droppers/SelectionCheck.h"
@@ -8,7 +9,6 @@
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "droppers/TableFontSize.h"
-#include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Cells.h"
 #include "office/model/word/Font.h"
@@ -52,8 +52,7 @@ bool CNodeDropperTable::TableDrop(const TreeNode& robjTVNode, const word::Docume
         if (!takesCompositeDrop(*robjDocument->Application()->Selection())) {
             return context_.reports.refuse("It is impossible to insert the table into current selection.");
         }
-        const ControlNodes columns =
-            chosenControls(robjTVNode, fieldKeys ? *fieldKeys : chooseFields(robjTVNode));
+        const ControlNodes columns = columnsOf(robjTVNode, fieldKeys ? *fieldKeys : chooseFields(robjTVNode));
         return areColumns(columns) && insertTable({robjTVNode, robjDocument, name}, columns);
     });
 }
@@ -68,7 +67,22 @@ FieldKeys CNodeDropperTable::chooseFields(const TreeNode& node) {
     } else {
         mbtnInsert_Click();
     }
-    return selectedKeys_;
+    FieldKeys columns;
+    for (const TreeNode* column : columnsOf(node, selectedKeys_))
+        columns.push_back(column->Key());
+    return columns;
+}
+
+ControlNodes CNodeDropperTable::columnsOf(const TreeNode& node, const FieldKeys& keys) {
+    const std::string nodeName = GetAttributeValue(elementOf(context_.xmlNodes, &node), Attribute::Name);
+    const std::string prefix = placePrefix(context_.xmlNodes, node, nodeName);
+    ControlNodes columns = chosenControls(node, keys);
+    std::erase_if(columns, [&](const TreeNode* column) {
+        const XmlNode element = elementOf(context_.xmlNodes, column);
+        return !isSubform(element) &&
+               !takesName(context_, {.node = element, .parentName = prefix, .treeNode = column});
+    });
+    return columns;
 }
 
 void CNodeDropperTable::ShowFields(const TreeNode& node) {
@@ -109,8 +123,7 @@ bool CNodeDropperTable::areColumns(const ControlNodes& chosen) {
 
 bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& columns) {
     const word::SelectionPtr selection = drop.document->Application()->Selection();
-    const std::string bookmarkName =
-        tableNameInDrop(context_, tableBookmarkName(drop.node, drop.name), WordNormalizeName);
+    const std::string bookmarkName = tableNameInDrop(context_, tableBookmarkName(drop.node, drop.name));
     deleteTableOf(*drop.document, bookmarkName);
 
     const word::RangePtr place = selection->Range();

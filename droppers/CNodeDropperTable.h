@@ -61,13 +61,15 @@ class CNodeDropperTable {
     void ShowFields(const TreeNode& node);
     void CollectSelectedFields();
     void mbtnInsert_Click();
+    /// The chosen controls but for those that no place can be named after, which are told.
+    ControlNodes columnsOf(const TreeNode& node, const FieldKeys& keys);
     bool areColumns(const ControlNodes& chosen);
     bool insertTable(const Drop& drop, const ControlNodes& columns);
     bool FillTable(const Drop& drop, word::Table& table, const ControlNodes& columns);
     void fillColumn(const Drop& drop, word::Table& table, word::Cell& caption, const ControlNodes& places);
     void dropIntoCell(const Drop& drop, word::Cell& cell, const TreeNode& field);
 
-    std::vector<ControlNodes> xlPlaces(const TreeNode& node, const FieldKeys& columns) const;
+    std::vector<ControlNodes> xlPlaces(const TreeNode& node, const ControlNodes& columns) const;
     int xlInsertTable(const ExcelDrop& drop, excel::Range& cell, const std::vector<ControlNodes>& places);
     bool xlFillTable(const ExcelDrop& drop, excel::Range& block, const std::vector<ControlNodes>& places);
     void xlFillColumn(const ExcelDrop& drop, excel::Range& block, int column, const ControlNodes& fields);

@@ -1,12 +1,11 @@
 #include "droppers/CNodeDropperField.h"
 #include "droppers/CNodeDropperTable.h"
 #include "droppers/CellSteps.h"
+#include "droppers/ColumnFit.h"
 #include "droppers/LinkedFields.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
-#include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Application.h"
-#include "office/model/excel/Columns.h"
 #include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Selection.h"
 #include "xml/modMSXMLHelper.h"
@@ -60,34 +59,34 @@ int CNodeDropperTable::xlTableDrop(const TreeNode& robjTVNode, const excel::Work
         if (!robjTVNode.Child()) return false;
         const excel::RangePtr cell = selectedCell(*robjWorkbook->Application());
         if (!cell) return xlRefuse();
-        const FieldKeys keys = fieldKeys ? *fieldKeys : chooseFields(robjTVNode);
-        if (!areColumns(chosenControls(robjTVNode, keys))) return false;
-        if (!xlHasRoom(robjTVNode, *cell, keys)) return xlRefuse();
-        rows = xlInsertTable({robjTVNode, robjWorkbook, name}, *cell, xlPlaces(robjTVNode, keys));
+        const ControlNodes columns = columnsOf(robjTVNode, fieldKeys ? *fieldKeys : chooseFields(robjTVNode));
+        if (!areColumns(columns)) return false;
+        const std::vector<ControlNodes> places = xlPlaces(robjTVNode, columns);
+        if (!blockAt(*cell, places)) return xlRefuse();
+        rows = xlInsertTable({robjTVNode, robjWorkbook, name}, *cell, places);
         return true;
     });
     return context_.reports.failed() ? 0 : rows;
 }
 
 bool CNodeDropperTable::xlHasRoom(const TreeNode& node, excel::Range& cell, const FieldKeys& columns) {
-    return blockAt(cell, xlPlaces(node, columns)) != nullptr;
+    return blockAt(cell, xlPlaces(node, chosenControls(node, columns))) != nullptr;
 }
 
 bool CNodeDropperTable::xlRefuse() {
     return context_.reports.refuse("It is impossible to insert the table into current selection.");
 }
 
-std::vector<ControlNodes> CNodeDropperTable::xlPlaces(const TreeNode& node, const FieldKeys& columns) const {
-    return placesOfColumns(context_.xmlNodes, chosenControls(node, columns),
-                           fieldsOf(context_.xmlNodes, node));
+std::vector<ControlNodes> CNodeDropperTable::xlPlaces(const TreeNode& node,
+                                                      const ControlNodes& columns) const {
+    return placesOfColumns(context_.xmlNodes, columns, fieldsOf(context_.xmlNodes, node));
 }
 
 int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
                                      const std::vector<ControlNodes>& places) {
     const int columns = static_cast<int>(places.size());
     excel::RangePtr block = cell.Resize(kFieldRow, columns);
-    const std::string rangeName =
-        tableNameInDrop(context_, tableRangeName(drop.node, drop.name), ExcelNormalizeName);
+    const std::string rangeName = tableNameInDrop(context_, tableRangeName(drop.node, drop.name));
     excel::DefinedNamePtr tableName;
     // Nothing could find a table under an empty name.
     if (!rangeName.empty()) tableName = nameTable(context_, *drop.workbook, rangeName, refersTo(*block));
@@ -97,7 +96,7 @@ int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
         block = block->Resize(rowsFor(places), columns);
         if (tableName) tableName->SetRefersToLocal(refersTo(*block));
     }
-    block->Columns()->AutoFit();
+    fitColumns(*block);
     leaveTable(cell, rowsFor(places));
     return block->Rows()->Count();
 }

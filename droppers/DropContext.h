@@ -3,6 +3,8 @@
 #include "base/Progress.h"
 #include "droppers/DropReports.h"
 #include "droppers/DroppedNames.h"
+#include "droppers/NameRule.h"
+#include "droppers/modWordNormalizeName.h"
 #include "xml/XmlNodeCollection.h"
 
 #include <functional>
@@ -37,9 +39,10 @@ struct DropContext {
     const PictureFinder& findPicture;
     Progress& progress;
     DropSettings settings;
-    FieldDialog* fieldDialog = nullptr;  ///< none where there is no user to choose
-    DroppedNames places{};               ///< those of the places that this drop made
-    DroppedNames tables{};               ///< those of its tables; what it made itself is no earlier table
+    FieldDialog* fieldDialog = nullptr;          ///< none where there is no user to choose
+    NameRule normalizeName = WordNormalizeName;  ///< of the kind of document
+    DroppedNames places{};                       ///< those of the places that this drop made
+    DroppedNames tables{};  ///< those of its tables; what it made itself is no earlier table
     /// Why nothing of an object was dropped, where the user was not told.
     std::string nothingDropped = {};
 };

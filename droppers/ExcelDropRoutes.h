@@ -2,6 +2,7 @@
 
 #include "droppers/DropContext.h"
 #include "droppers/DropRoutes.h"
+#include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Workbook.h"
 
 namespace mergeloom {
@@ -9,6 +10,8 @@ namespace mergeloom {
 /// Drops at the active cell of a workbook.
 class ExcelDropRoutes final : public DropRoutes {
   public:
+    static constexpr NameRule kNameRule = ExcelNormalizeName;
+
     ExcelDropRoutes(DropContext& context, const excel::WorkbookPtr& workbook)
         : context_(context), workbook_(workbook) {}
 

@@ -8,6 +8,9 @@
 /// The steps that names of Word's and of Excel's places have in common.
 namespace mergeloom {
 
+/// Makes a name of a document of a name of the structure document, as `WordNormalizeName` does.
+using NameRule = std::string (*)(std::string_view name, bool appendT);
+
 bool beginsWithDigit(std::string_view text);
 
 /// The name with the "T" of a table if that is wanted; nothing stays nothing.

@@ -2,19 +2,14 @@
 
 #include "xml/modMSXMLHelper.h"
 
-#include <charconv>
 #include <cstdint>
 
 namespace mergeloom {
 
 namespace {
 
-/// An attribute's whole number: 0 when the attribute is absent or no number.
 std::int32_t numberOf(const XmlNode& element, Attribute attribute) {
-    const std::string value = GetAttributeValue(element, attribute);
-    std::int32_t number = 0;
-    std::from_chars(value.data(), value.data() + value.size(), number);
-    return number;
+    return GetWholeNumber(element, attribute).value_or(0);
 }
 
 std::string viewName(std::int32_t view) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "droppers/BookmarkNames.h"
+#include "droppers/NameRule.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <ranges>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace mergeloom {
@@ -16,16 +16,13 @@ namespace mergeloom {
 template <class Collection>
 class PlaceNames {
   public:
-    using NameRule = std::string (*)(std::string_view name, bool appendT);
-
     PlaceNames(Collection& taken, std::string name, NameRule normalize)
-        : taken_(taken), name_(std::move(name)), normalize_(normalize) {}
+        : taken_(taken), name_(std::move(name)), usable_(normalize(name_, false)), normalize_(normalize) {}
 
     /// The counter of the first free name; 0 for the name itself.
     [[nodiscard]] std::int64_t firstFreeCounter() const {
-        if (!isTaken(0)) return 0;
+        if (usable_.empty() || !isTaken(0)) return 0;
         const std::string first = usable(1);
-        if (first.empty()) return 1;
         std::int64_t counter = taken_.firstFreeCounter(first.substr(0, first.size() - 1));
         // In a long name a longer counter pushes out more of the beginning, so it leads to other names.
         if (isTaken(counter)) counter = endOfTaken(counter);
@@ -36,15 +33,17 @@ class PlaceNames {
 
     /// Other names than one's own may have the same usable characters, so both spellings count.
     [[nodiscard]] bool isTaken(std::int64_t counter) const {
-        return taken_.Exists(raw(counter)) || taken_.Exists(usable(counter));
+        return taken_.Exists(counted(name_, counter)) || taken_.Exists(usable(counter));
     }
 
     /// The name with that counter; empty when nothing usable is left of it.
-    [[nodiscard]] std::string usable(std::int64_t counter) const { return normalize_(raw(counter), false); }
+    [[nodiscard]] std::string usable(std::int64_t counter) const {
+        return usable_.empty() ? "" : normalize_(counted(usable_, counter), false);
+    }
 
   private:
-    [[nodiscard]] std::string raw(std::int64_t counter) const {
-        return counter == 0 ? name_ : name_ + std::string(kFurtherPlaceSuffix) + std::to_string(counter);
+    static std::string counted(const std::string& name, std::int64_t counter) {
+        return counter == 0 ? name : name + std::string(kFurtherPlaceSuffix) + std::to_string(counter);
     }
     /// The end of the taken counters, in few steps: trying each would make a thousand drops of a name slow.
     [[nodiscard]] std::int64_t endOfTaken(std::int64_t counter) const {
@@ -56,6 +55,7 @@ class PlaceNames {
 
     Collection& taken_;
     std::string name_;
+    std::string usable_;
     NameRule normalize_;
 };
 

@@ -20,7 +20,7 @@ bool isSubform(const XmlNode& element) {
 }
 
 bool isBoundSubform(const XmlNode& subform) {
-    return GetAttributeValue(subform.firstChild(), Attribute::HasRecordset) == "1";
+    return IsBoundToRecords(subform.firstChild());
 }
 
 std::string enclosingSubformName(const XmlNodeCollection& xmlNodes, const TreeNode& control) {

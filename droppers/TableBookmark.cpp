@@ -66,11 +66,11 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
     return rule(*parent, GetAttributeValue(elementOf(xmlNodes, parent), Attribute::Name));
 }
 
-std::string tableNameInDrop(DropContext& context, const std::string& tableName,
-                            std::string (*normalize)(std::string_view, bool)) {
+std::string tableNameInDrop(DropContext& context, const std::string& tableName) {
     std::string name = tableName;
     for (std::int64_t counter = 1; context.tables.contains(name); ++counter) {
-        name = normalize(tableName + std::string(kFurtherPlaceSuffix) + std::to_string(counter), false);
+        name = context.normalizeName(tableName + std::string(kFurtherPlaceSuffix) + std::to_string(counter),
+                                     false);
     }
     if (name != tableName) {
         context.reports.tell("This drop has made the table \"" + tableName +

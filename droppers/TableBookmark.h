@@ -9,7 +9,6 @@
 #include "xml/XmlNodeCollection.h"
 
 #include <string>
-#include <string_view>
 
 /// The bookmark, and in a workbook the range name, by which the table of an object or subform is known.
 namespace mergeloom {
@@ -28,8 +27,7 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
 
 /// The name of a table in this drop: the given one, or a further one when the drop made a table of that name
 /// already, which is no earlier table to replace. The user is told then.
-std::string tableNameInDrop(DropContext& context, const std::string& tableName,
-                            std::string (*normalize)(std::string_view, bool));
+std::string tableNameInDrop(DropContext& context, const std::string& tableName);
 
 /// Deletes the table under the bookmark. A bookmark that holds no table any more, and one over a single cell
 /// of a table, which is a place in another table, stay.

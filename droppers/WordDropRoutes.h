@@ -9,6 +9,8 @@ namespace mergeloom {
 /// Drops at the selection of a Word document.
 class WordDropRoutes final : public DropRoutes {
   public:
+    static constexpr NameRule kNameRule = WordNormalizeName;
+
     WordDropRoutes(DropContext& context, const word::DocumentPtr& document)
         : context_(context), document_(document) {}
 

@@ -4,7 +4,7 @@
 #include "base/Trap.h"
 #include "xml/modMSXMLHelper.h"
 
-#include <charconv>
+#include <optional>
 
 namespace mergeloom {
 
@@ -21,14 +21,6 @@ constexpr const char* kDatasheetImage = "Datasheet";
 /// The tag of a control without a section: the number of the detail section.
 constexpr const char* kDetailSection = "0";
 
-std::optional<int> wholeNumber(std::string_view text) {
-    text = trimBlanks(text);
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    return number;
-}
-
 bool isControl(XmlNode node) {
     return node.nodeType() == XmlNode::Type::Element &&
            structureElementOf(node.nodeName()) == StructureElement::Control;
@@ -41,9 +33,9 @@ std::string objectText(XmlNode object) {
 }
 
 int objectView(XmlNode object) {
+    if (const std::optional<int> number = GetWholeNumber(object, Attribute::CurrentView)) return *number;
     const auto view = object.namedAttribute(AttributeName(Attribute::CurrentView).c_str());
     if (!view) return 0;
-    if (const std::optional<int> number = wholeNumber(*view)) return *number;
     throw AutomationError(
         kTypeMismatch, "The CurrentView '" + *view + "' of " + objectText(object) + " is no whole number.");
 }
@@ -152,8 +144,8 @@ std::string CXML2TreeView::controlText(XmlNode control, std::string& typeName, i
     if (controlTypeOf(typeName) != ControlType::Subform) return text;
 
     const XmlNode form = control.firstChild();
-    if (const auto recordset = form.namedAttribute(AttributeName(Attribute::HasRecordset).c_str())) {
-        viewState = wholeNumber(*recordset) == 1 ? kDatasheetState : kFormState;
+    if (form.namedAttribute(AttributeName(Attribute::HasRecordset).c_str())) {
+        viewState = IsBoundToRecords(form) ? kDatasheetState : kFormState;
     }
     return text;
 }

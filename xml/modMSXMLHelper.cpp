@@ -3,6 +3,8 @@
 #include "base/Text.h"
 #include "base/Trap.h"
 
+#include <charconv>
+
 namespace mergeloom {
 
 namespace {
@@ -56,6 +58,19 @@ std::string GetControlCaption(ErrorHandler& errors, XmlNode node) {
 
 std::string GetAttributeValue(XmlNode node, const std::string& attributeName) {
     return node.namedAttribute(attributeName.c_str()).value_or("");
+}
+
+std::optional<int> GetWholeNumber(XmlNode node, Attribute attribute) {
+    const std::string value = GetAttributeValue(node, attribute);
+    const std::string_view text = trimBlanks(value);
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+bool IsBoundToRecords(XmlNode form) {
+    return GetWholeNumber(form, Attribute::HasRecordset) == 1;
 }
 
 std::string StripAmpersands(std::string_view text) {

@@ -4,6 +4,7 @@
 #include "xml/XmlNode.h"
 #include "xml/modNamedItems.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,12 @@ std::string GetAttributeValue(XmlNode node, const std::string& attributeName);
 inline std::string GetAttributeValue(XmlNode node, Attribute attribute) {
     return GetAttributeValue(node, AttributeName(attribute));
 }
+
+/// The whole number in an attribute, with or without blanks around it; none when it is absent or holds
+/// anything else.
+std::optional<int> GetWholeNumber(XmlNode node, Attribute attribute);
+/// Returns whether a form shows the records of a table or query.
+bool IsBoundToRecords(XmlNode form);
 
 /// Takes out the ampersands that mark accelerators; "&&" stands for one ampersand.
 std::string StripAmpersands(std::string_view text);

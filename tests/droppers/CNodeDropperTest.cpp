@@ -106,6 +106,32 @@ TEST_F(Dispatcher, TheDocumentTypeGoesBeforeTheView) {
     }
 }
 
+/// The tree reads the same values, from which it knows what a field of a datasheet is.
+TEST_F(Dispatcher, NumbersMayHaveBlanksAroundAndLeadingZeros) {
+    load(R"(<db><Form Name="F" CurrentView=" 1 " DefaultView="01"><Control Name="Lines" ControlType="Subform">
+        <Form HasRecordset="01"><Control Name="P"/></Form></Control></Form>
+        <Table Name="T" CurrentView="02 "><Control Name="A"/></Table></db>)");
+    const std::string table = "\n[Lines:P\n|[LinesP:P] \n|]\n";
+    struct Case {
+        const char* key;
+        std::string expectedBody, expectedMessage;
+    };
+    const std::vector<Case> cases{
+        {"1k", "Lines: " + table, "Present Data in the Table Form?\n"},
+        {"2k", table, ""},
+        {"4k", "\n[TT:A\n|[A:A] \n|]\n", ""},
+    };
+    messages.yesNoAnswer = MessageAnswer::No;
+    for (const Case& c : cases) {
+        open();
+        messages.messages.clear();
+        EXPECT_TRUE(drop(node(c.key))) << c.key;
+        EXPECT_EQ(body(), c.expectedBody) << c.key;
+        EXPECT_EQ(messages.texts(), c.expectedMessage) << c.key;
+    }
+    EXPECT_EQ(node("2k").Tag(), "2");
+}
+
 TEST_F(Dispatcher, MessagesLookAsTheyAreMeant) {
     open();
     messages.yesNoAnswer = MessageAnswer::No;
@@ -131,6 +157,36 @@ TEST_F(Dispatcher, AFormComesWithAllItsControls) {
                   "\n");
     EXPECT_EQ(messages.texts(), "");
     EXPECT_EQ(progress.last, std::pair(5L, 5L));
+}
+
+TEST_F(Dispatcher, ControlsThatNoPlaceCanBeNamedAfter) {
+    const std::string longName(256, 'n');
+    load(
+        "<db><Form Name='F' CurrentView='1'><Control Name='%'/><Control Caption='Total'/><Control "
+        "Name='" +
+        longName +
+        "'/><Control Name='Sub' ControlType='Subform'><Form><Control Name='#'/>"
+        "<Control Name='Lines' ControlType='Subform'><Form HasRecordset='1'><Control "
+        "Name='-'/></Form></Control>"
+        "</Form></Control><Control Name='Mixed' ControlType='Subform'><Form HasRecordset='1'><Control "
+        "Name='\u2603'/>"
+        "<Control Name='B'/></Form></Control><Control Name='A'/></Form></db>");
+    open();
+    EXPECT_TRUE(drop(node("1k")));
+    EXPECT_EQ(body(), "Mixed: \n[Mixed:B\n|[MixedB:B] \n|]A: [A:A]\n\n");
+    const std::string nothingLeft = " is left out: its name holds no letter, no digit and no underscore.\n";
+    const std::string noControl = " is left out: none of its controls can be dropped.\n";
+    EXPECT_EQ(messages.texts(), "The control \"%\"" + nothingLeft +
+                                    "The control with the caption \"Total\" is left out: it has no name.\n"
+
+                                    "The control \"" +
+                                    longName +
+                                    "\" is left out: its name is too long.\n"
+                                    "The control \"#\"" +
+                                    nothingLeft + "The control \"-\"" + nothingLeft +
+                                    "The subform \"Lines\"" + noControl + "The subform \"Sub\"" + noControl +
+                                    "The control \"\u2603\"" + nothingLeft);
+    EXPECT_TRUE(errors.reports.empty());
 }
 
 TEST_F(Dispatcher, ChosenControlsComeInTheirOwnOrder) {

@@ -104,6 +104,23 @@ TEST_F(ExcelFormDrop, ATableWithoutRoomIsLeftOutWithItsCaption) {
     EXPECT_TRUE(errors.reports.empty());
 }
 
+TEST_F(ExcelFormDrop, ControlsThatNoPlaceCanBeNamedAfter) {
+    load(
+        R"(<db><Form Name="F" CurrentView="1"><Control Name="%"/><Control Name="Sub" ControlType="Subform"><Form>
+        <Control Name="#"/></Form></Control><Control Name="Lines" ControlType="Subform"><Form HasRecordset="1">
+        <Control Name="-"/><Control Name="P"/></Form></Control><Control Name="A"/></Form></db>)");
+    open();
+    EXPECT_TRUE(drop(node("1k")));
+    EXPECT_EQ(cells(), "Lines|P\n|[LinesP]\nA|[A]\n");
+    EXPECT_EQ(names(), "ammA=B3 ammLines=B1:B2 ammLinesP=B2 ");
+    const std::string nothingLeft = " is left out: its name holds no letter, no digit and no underscore.\n";
+    EXPECT_EQ(messages.texts(), "The control \"%\"" + nothingLeft + "The control \"#\"" + nothingLeft +
+                                    "The subform \"Sub\" is left out: none of its controls can be dropped.\n"
+                                    "The control \"-\"" +
+                                    nothingLeft);
+    EXPECT_TRUE(errors.reports.empty());
+}
+
 TEST_F(ExcelFormDrop, ACaptionDoesNotFillALargerSelection) {
     open();
     cell(2, 2)->Resize(3, 3)->Select();

@@ -189,6 +189,23 @@ TEST_F(ExcelTableDrop, ColumnsBecomeAsWideAsTheirTexts) {
     EXPECT_EQ(cell(1, 3)->ColumnWidth().value, narrow);
 }
 
+TEST_F(ExcelTableDrop, AColumnStaysAsWideAsItsPicture) {
+    load(
+        R"(<db><Table Name="T" CurrentView="2"><Control Name="P" Image="p.gif"/><Control Name="Long caption"/>
+        </Table><Table Name="U" CurrentView="2"><Control Name="A"/><Control Name="B"/></Table></db>)");
+    pictures["p.gif"] = "/p.gif";
+    files.files["/p.gif"] = pictureFile(400, 20);
+    open();
+    for (const char* key : {"1k", "4k"}) {
+        ASSERT_TRUE(drop(node(key)));
+        const excel::ShapePtr picture = sheet()->Shapes()->Item("ammP");
+        EXPECT_NEAR(picture->Width().value, cell(2, 1)->Width().value, 0.05) << key;
+        EXPECT_GT(picture->Width().value, 250) << key;
+    }
+    EXPECT_LT(cell(1, 2)->Width().value, 100);
+    EXPECT_TRUE(errors.reports.empty());
+}
+
 TEST_F(ExcelTableDrop, ASubformIsNoColumn) {
     open();
     const FieldKeys keys{"8k", "9k"};

@@ -87,6 +87,16 @@ TEST_F(TableFieldDrop, AFieldGoesIntoTheTableThatWasDropped) {
     EXPECT_EQ(body(), "\n[Lines:[LinesPrice_ref1:Price] Unit price\n|[LinesPrice:Price] \n|]\n");
 }
 
+TEST_F(TableFieldDrop, AFieldThatNoPlaceCanBeNamedAfterLeavesTheTable) {
+    load("<db><Table Name='T' CurrentView='2'><Control Name='%' Caption='Share'/></Table></db>");
+    open(table(row(kCell) + row(kCell)));
+    goToCell(1, 2, 1);
+    EXPECT_FALSE(drop(node("2k", "Label and Value")));
+    EXPECT_EQ(body(), "\n|\n|\n");
+    EXPECT_EQ(messages.messages.size(), 1U);
+    EXPECT_TRUE(errors.reports.empty());
+}
+
 TEST_F(TableFieldDrop, NeedsAPlainTable) {
     const std::vector<std::string> bodies{
         table(row(kCell + kCell)),
