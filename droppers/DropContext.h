@@ -44,7 +44,7 @@ struct DropContext {
     DroppedNames places{};                       ///< those of the places that this drop made
     DroppedNames tables{};  ///< those of its tables; what it made itself is no earlier table
     /// Why nothing of an object was dropped, where the user was not told.
-    std::string nothingDropped = {};
+    std::string nothingDropped{};
 };
 
 }  // namespace mergeloom
