@@ -27,6 +27,19 @@ inline std::string wordFile(const std::string& bodyXml) {
     return packageBytes(package);
 }
 
+/// A document file whose settings hold this.
+inline std::string fileWithSettings(const std::string& body, const std::string& settings) {
+    embedded::Package package = embedded::Package::read(wordFile(body), "settings.docx");
+    package.addPart("/word/settings.xml",
+                    "application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml",
+                    "<w:settings xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">" +
+                        settings + "</w:settings>");
+    package.relationshipsOf(kMainPart).addPart(
+        embedded::officeRelationshipType("settings", embedded::Conformance::Transitional),
+        "/word/settings.xml");
+    return packageBytes(package);
+}
+
 inline std::string attributeOf(const std::string& tag, const std::string& name) {
     const std::size_t start = tag.find(" " + name + "=\"");
     if (start == std::string::npos) return {};

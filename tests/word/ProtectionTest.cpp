@@ -36,19 +36,6 @@ string lock(const string& kind) {
     return "<w:alias w:val=\"Box\"/><w:lock w:val=\"" + kind + "\"/>";
 }
 
-/// A document file whose settings hold this.
-string fileWithSettings(const string& body, const string& settings) {
-    embedded::Package package = embedded::Package::read(wordFile(body), "given.docx");
-    package.addPart("/word/settings.xml",
-                    "application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml",
-                    "<w:settings xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">" +
-                        settings + "</w:settings>");
-    package.relationshipsOf(kMainPart).addPart(
-        embedded::officeRelationshipType("settings", embedded::Conformance::Transitional),
-        "/word/settings.xml");
-    return packageBytes(package);
-}
-
 string withMarks(string body) {
     const auto replace = [&](const string& sign, const string& mark) {
         const std::size_t found = body.find(sign);

@@ -36,6 +36,7 @@ std::string nameBelow(const std::string& name) {
 }  // namespace
 
 TablePtr TableInserter::insert(WriterStory& story, CharacterPosition position, int rows, int columns) {
+    content_.checkMayEdit();
     if (!isParagraphStart(content_.cursorOver(story, {position, position}))) {
         position = position + TextEditor(content_).insert(story, position, "\r");
     }
@@ -61,6 +62,7 @@ TablePtr TableInserter::insert(WriterStory& story, CharacterPosition position, i
 }
 
 void TableInserter::appendRow(WriterStory& story, MappedTable& table) {
+    content_.checkMayEdit();
     content_.flush();
     const Reference<css::text::XTextTable> writerTable = story.writerTable(table);
     const auto rows = writerTable->getRows();

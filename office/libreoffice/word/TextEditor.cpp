@@ -38,6 +38,7 @@ std::string withWritersMarks(std::string_view text) {
 }  // namespace
 
 CharacterCount TextEditor::replace(WriterStory& story, Stretch stretch, const std::string& text) {
+    content_.checkMayEdit();
     stretch = withoutLastMark(story, stretch);
     for (const MarkPtr& mark :
          stretch.start == stretch.end ? std::vector<MarkPtr>{} : story.map().marksCoveredBy(stretch)) {
@@ -94,6 +95,7 @@ void TextEditor::keepBehind(const std::vector<MarkPtr>& marks, CharacterPosition
 
 CharacterCount TextEditor::replaceByPicture(WriterStory& story, Stretch stretch,
                                             const std::string& fileName) {
+    content_.checkMayEdit();
     const InlinePicture picture(content_, fileName);
     stretch = withoutLastMark(story, stretch);
     for (const MarkPtr& mark :
@@ -157,6 +159,7 @@ void TextEditor::removeWithinText(WriterStory& story, Stretch stretch) {
 }
 
 void TextEditor::removeTable(WriterStory& story, const TablePtr& table) {
+    content_.checkMayEdit();
     content_.flush();
     for (const MarkPtr& mark : story.map().marksCoveredBy({table->start, table->end()}))
         content_.removeMark(mark);

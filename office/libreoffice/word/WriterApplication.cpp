@@ -1,6 +1,7 @@
 #include "office/libreoffice/word/WriterApplication.h"
 
 #include "base/AutomationError.h"
+#include "office/embedded/parts/DocumentProtection.h"
 #include "office/libreoffice/session/WordFilters.h"
 #include "office/libreoffice/word/WriterSelection.h"
 #include "office/libreoffice/word/WriterUndoRecord.h"
@@ -30,6 +31,18 @@ class WriterDocuments final : public word::Documents {
   private:
     std::shared_ptr<WriterApplication> application_;
 };
+
+/// Writer has no answer that holds for all kinds of protection. What is no package of Word's is protected in
+/// ways of its own.
+embedded::DocumentProtection protectionOf(FileStore& files, const std::string& path) {
+    try {
+        embedded::Package package = embedded::Package::read(files.read(path), path);
+        return embedded::readDocumentProtection(package);
+    } catch (const AutomationError& error) {
+        if (error.number() != kFileCouldNotBeRead) throw;
+        return embedded::DocumentProtection::None;
+    }
+}
 
 }  // namespace
 
@@ -67,24 +80,25 @@ void WriterApplication::Quit(word::WdSaveOptions saveChanges) {
 }
 
 word::DocumentPtr WriterApplication::open(const std::string& fileName) {
-    return list(session_->files().open(fileName, OfficePart::Word), fileName, ContentOrigin::File, true);
+    return list(session_->files().open(fileName, OfficePart::Word), fileName, fileName, true);
 }
 
 word::DocumentPtr WriterApplication::add(const std::string& templatePath) {
     const bool isEmpty = templatePath.empty();
     const DocumentReference document = isEmpty ? session_->files().create(OfficePart::Word)
                                                : session_->files().open(templatePath, OfficePart::Word);
-    const ContentOrigin origin = isEmpty ? ContentOrigin::Empty : ContentOrigin::File;
-    return list(document, "Document" + std::to_string(++added_), origin, false);
+    return list(document, templatePath, "Document" + std::to_string(++added_), false);
 }
 
 void WriterApplication::remove(const WriterDocument& document) {
     std::erase_if(documents_, [&](const auto& candidate) { return candidate.get() == &document; });
 }
 
-word::DocumentPtr WriterApplication::list(const DocumentReference& document, const std::string& fullName,
-                                          ContentOrigin origin, bool wasOpened) {
+word::DocumentPtr WriterApplication::list(const DocumentReference& document, const std::string& sourceFile,
+                                          const std::string& fullName, bool wasOpened) {
+    const ContentOrigin origin = sourceFile.empty() ? ContentOrigin::Empty : ContentOrigin::File;
     auto content = std::make_shared<WriterContent>(session_, files_, document, origin);
+    if (!sourceFile.empty()) content->setProtection(sourceFile, protectionOf(files_, sourceFile));
     documents_.push_back(
         std::make_shared<WriterDocument>(weak_from_this(), std::move(content), fullName, wasOpened));
     return documents_.back();

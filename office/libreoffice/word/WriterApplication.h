@@ -37,8 +37,9 @@ class WriterApplication final : public word::Application,
     void remove(const WriterDocument& document);
 
   private:
-    word::DocumentPtr list(const DocumentReference& document, const std::string& fullName,
-                           ContentOrigin origin, bool wasOpened);
+    /// The source is the file that the document was read from, none for an empty one.
+    word::DocumentPtr list(const DocumentReference& document, const std::string& sourceFile,
+                           const std::string& fullName, bool wasOpened);
     [[nodiscard]] std::shared_ptr<WriterContent> activeContent() const;
 
     std::shared_ptr<LibreOfficeSession> session_;

@@ -45,6 +45,15 @@ void WriterContent::checkIsOpen() const {
     if (!isOpen()) throw AutomationError(kObjectDeleted, "The document is closed.");
 }
 
+void WriterContent::setProtection(const std::string& fileName, embedded::DocumentProtection protection) {
+    fileName_ = fileName;
+    protection_ = protection;
+}
+
+void WriterContent::checkMayEdit() const {
+    if (protection_ != embedded::DocumentProtection::None) embedded::refuseProtected(fileName_, protection_);
+}
+
 void WriterContent::read(ContentOrigin origin) {
     ContentReader reader(*session_, *model_, stories_, marks_);
     if (origin == ContentOrigin::Empty) {
@@ -147,6 +156,7 @@ void WriterContent::bringMarksToTheirPlaces() {
 }
 
 MarkPtr WriterContent::addMark(const std::string& name, WriterStory& story, Stretch stretch) {
+    checkMayEdit();
     if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
     auto mark = std::make_shared<MarkRecord>();
     mark->name = name;
@@ -162,6 +172,7 @@ MarkPtr WriterContent::addMark(const std::string& name, WriterStory& story, Stre
 }
 
 void WriterContent::moveMark(MarkRecord& mark, Stretch stretch) {
+    checkMayEdit();
     MarkRecord moved = mark;
     moved.place = stretch;
     MarkWriter::check(moved);

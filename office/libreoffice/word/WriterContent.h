@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/embedded/parts/DocumentProtection.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/libreoffice/word/ContentReader.h"
@@ -40,6 +41,12 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
             return body();
         });
     }
+
+    /// What the file that the document was read from forbids. Writer shows it to its user, but edits all the
+    /// same when a program asks.
+    void setProtection(const std::string& fileName, embedded::DocumentProtection protection);
+    /// Raises kNotAvailable for a protected document; to be called before every change.
+    void checkMayEdit() const;
 
     /// Somebody else may change the document: it is read anew when something is asked of it.
     void forget();
@@ -120,7 +127,9 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     std::optional<TypedText> typed_;
     std::shared_ptr<LiveStretch> selection_ = std::make_shared<LiveStretch>();
     std::optional<Snapshot> recorded_;  ///< before the step that was recorded last
-    bool isKnown_ = false;              ///< what the document holds
+    std::string fileName_;
+    embedded::DocumentProtection protection_ = embedded::DocumentProtection::None;
+    bool isKnown_ = false;  ///< what the document holds
     bool isRecording_ = false;
     bool isWatched_ = false;  ///< whether the selection's story keeps it true
 };

@@ -18,6 +18,7 @@ constexpr const char* kHeights[] = {"CharHeight", "CharHeightAsian", "CharHeight
 void WriterFont::SetSize(double points) {
     const auto size = static_cast<float>(std::lround(points * 2)) / 2;
     content_->call([&] {
+        content_->checkMayEdit();
         const LiveStretch& selected = *content_->selection();
         for (const Stretch part : partsOf(selected.story->map(), {selected.start, selected.end}))
             setSize(content_->cursorOver(*selected.story, part), size);

@@ -108,5 +108,27 @@ TEST_P(OfficeDocuments, AreRefusedWithTheFilesName) {
     EXPECT_EQ(errorOf([&] { application->Documents()->Item(1); }), kMemberNotFound);
 }
 
+TEST_P(OfficeDocuments, ThatAreProtectedTakeNoEdit) {
+    for (const std::string edit : {"readOnly", "comments", "trackedChanges", "forms"}) {
+        const std::string protection = "<w:documentProtection w:edit='" + edit + "' w:enforcement='1'/>";
+        openFile(fileWithSettings(
+            para("text") + tableXml({cellXml(para("1")) + cellXml(para("2"))}) + para(""), protection));
+        const std::string before = body();
+        const std::vector<std::function<void()>> edits{
+            [&] { selection->TypeText("new"); },
+            [&] { selection->TypeParagraph(); },
+            [&] { selection->SetText("new"); },
+            [&] { document->Bookmarks()->Add("New", *selection->Range()); },
+            [&] { document->Tables()->Add(*selection->Range(), 2, 2); },
+            [&] { document->Tables()->Item(1)->Rows()->Add(); },
+            [&] { document->Tables()->Item(1)->Delete(); },
+            [&] { selection->Font()->SetSize(20); },
+        };
+        for (const auto& makeEdit : edits)
+            EXPECT_EQ(errorOf(makeEdit), kNotAvailable) << edit;
+        EXPECT_EQ(body(), before) << edit;
+    }
+}
+
 }  // namespace
 }  // namespace mergeloom
