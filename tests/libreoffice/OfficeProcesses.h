@@ -59,7 +59,7 @@ inline std::vector<pid_t> processesNaming(const std::string& text) {
 }
 
 template <typename Condition>
-bool becomesTrue(const Condition& condition, std::chrono::milliseconds bound = std::chrono::seconds(10)) {
+bool becomesTrue(const Condition& condition, std::chrono::milliseconds bound = std::chrono::seconds(60)) {
     const auto last = std::chrono::steady_clock::now() + bound;
     while (!condition()) {
         if (std::chrono::steady_clock::now() >= last) return false;

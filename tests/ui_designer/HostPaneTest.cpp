@@ -25,6 +25,17 @@ TEST(HostPane, TellsOnlyTheLastOfManySizes) {
     EXPECT_EQ(pane.hostWindow().width, 200);
 }
 
+TEST(HostPane, TellsItsSizeBeforeADrop) {
+    QWidget window;
+    HostPane pane(&window);
+    window.show();
+    QSignalSpy sizes(&pane, &HostPane::resized);
+    pane.resize(300, 50);
+    (void)pane.takeDropPoint();
+    ASSERT_EQ(sizes.count(), 1);
+    EXPECT_EQ(sizes[0][0].toInt(), 300);
+}
+
 /// A drag whose source is no widget of this program.
 TEST(HostPane, TakesNoDragOfAnotherProgram) {
     QWidget window;

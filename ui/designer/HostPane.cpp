@@ -35,10 +35,7 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
     setAccessibleDescription(tr("The template, edited in the office. Fields are dropped here."));
     resizeTimer_.setSingleShot(true);
     resizeTimer_.setInterval(kShortestBetweenSizes);
-    connect(&resizeTimer_, &QTimer::timeout, this, [this] {
-        const HostWindow window = hostWindow();
-        Q_EMIT resized(window.width, window.height);
-    });
+    connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::tellSize);
     dragTimer_.setSingleShot(true);
     dragTimer_.setInterval(kShortestBetweenCarets);
     connect(&dragTimer_, &QTimer::timeout, this, &HostPane::tellDragPoint);
@@ -49,7 +46,15 @@ HostWindow HostPane::hostWindow() const {
     return {winId(), pixels(width() * scale), pixels(height() * scale)};
 }
 
+void HostPane::tellSize() {
+    resizeTimer_.stop();
+    const HostWindow window = hostWindow();
+    Q_EMIT resized(window.width, window.height);
+}
+
+/// The point is one of the pane as it is now, so the office has to know its size before.
 std::optional<HostPoint> HostPane::takeDropPoint() {
+    if (resizeTimer_.isActive()) tellSize();
     return std::exchange(dropPoint_, std::nullopt);
 }
 

@@ -39,6 +39,7 @@ class HostPane final : public QWidget {
   private:
     [[nodiscard]] HostPoint pixelsAt(QPointF position) const;
     void tellDragPoint();
+    void tellSize();
 
     QTimer resizeTimer_;
     QTimer dragTimer_;

@@ -8,7 +8,6 @@
 #include <com/sun/star/awt/XSystemChildFactory.hpp>
 #include <com/sun/star/frame/Frame.hpp>
 #include <com/sun/star/frame/XDispatchProviderInterception.hpp>
-#include <com/sun/star/frame/XLayoutManager.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/SystemDependent.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
@@ -82,10 +81,32 @@ HostedPart HostFrame::part() const {
     return cells.is() ? HostedPart::Excel : HostedPart::Word;
 }
 
-void HostFrame::resize(int width, int height) {
+void HostFrame::beginLayout() {
     caret_->forget();
+    isLaidOut_ = false;
+}
+
+void HostFrame::resize(int width, int height) {
+    beginLayout();
+    width_ = width;
+    height_ = height;
     container_->setPosSize(0, 0, width, height, css::awt::PosSize::POSSIZE);
     nest_.resize(width, height);
+}
+
+/// The office lays out by itself some time after a change.
+bool HostFrame::layOut() {
+    const css::awt::Rectangle size = container_->getPosSize();
+    if (size.Width != width_ || size.Height != height_) return false;
+    layoutManager()->doLayout();
+    const css::awt::Rectangle document = frame_->getComponentWindow()->getPosSize();
+    isLaidOut_ = document.X + document.Width <= width_ && document.Y + document.Height <= height_;
+    return isLaidOut_;
+}
+
+Reference<css::frame::XLayoutManager> HostFrame::layoutManager() const {
+    const Properties properties(frame_, UNO_QUERY_THROW);
+    return {properties->getPropertyValue("LayoutManager"), UNO_QUERY_THROW};
 }
 
 /// None for a view that has no settings of that kind.
@@ -119,17 +140,16 @@ void HostFrame::setShowsBookmarks(bool shown) const {
     turnOtherMarks(settings, true);
 }
 
-void HostFrame::setZoom(int percent) const {
+void HostFrame::setZoom(int percent) {
     const Properties settings = viewSettings();
     if (!settings.is()) return;
     settings->setPropertyValue("ZoomType", css::uno::Any(css::view::DocumentZoomType::BY_VALUE));
     settings->setPropertyValue("ZoomValue", css::uno::Any(static_cast<sal_Int16>(percent)));
+    beginLayout();
 }
 
 void HostFrame::setBarVisible(const std::string& bar, bool visible) {
-    const Properties properties(frame_, UNO_QUERY_THROW);
-    const Reference<css::frame::XLayoutManager> layout(properties->getPropertyValue("LayoutManager"),
-                                                       UNO_QUERY_THROW);
+    const Reference<css::frame::XLayoutManager> layout = layoutManager();
     const OUString address = toUno("private:resource/toolbar/" + bar);
     if (visible) {
         layout->createElement(address);
@@ -137,7 +157,7 @@ void HostFrame::setBarVisible(const std::string& bar, bool visible) {
     } else {
         layout->hideElement(address);
     }
-    caret_->forget();
+    beginLayout();
 }
 
 }  // namespace mergeloom::libreoffice

@@ -10,6 +10,7 @@
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/frame/XLayoutManager.hpp>
 #include <optional>
 #include <rtl/ref.hxx>
 #include <string>
@@ -30,19 +31,28 @@ class HostFrame {
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
     void resize(int width, int height);
+    /// Whether bars and document are where they belong since the last change of them.
+    [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }
+    /// Lays them out; false while the office has not yet taken over the size of the window.
+    bool layOut();
     void setEnabled(bool enabled) const { container_->setEnable(enabled); }
     /// Lets the keys that the frame's window gets go to the document.
     void focus() const { frame_->getComponentWindow()->setFocus(); }
     [[nodiscard]] bool showsBookmarks() const;
     void setShowsBookmarks(bool shown) const;
-    void setZoom(int percent) const;
+    void setZoom(int percent);
     /// Under the office's own name, which ends the bar's address.
     void setBarVisible(const std::string& bar, bool visible);
 
   private:
     [[nodiscard]] Reference<css::beans::XPropertySet> viewSettings() const;
+    [[nodiscard]] Reference<css::frame::XLayoutManager> layoutManager() const;
+    void beginLayout();
 
     OfficeNest nest_;
+    int width_ = 0;
+    int height_ = 0;
+    bool isLaidOut_ = false;
     Reference<css::awt::XWindow> container_;
     Reference<css::frame::XFrame> frame_;
     rtl::Reference<CommandInterceptor> interceptor_;

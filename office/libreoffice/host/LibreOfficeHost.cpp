@@ -21,6 +21,7 @@
 #include <com/sun/star/util/theMacroExpander.hpp>
 #include <iterator>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 namespace mergeloom::libreoffice {
@@ -28,6 +29,8 @@ namespace mergeloom::libreoffice {
 namespace {
 
 constexpr std::chrono::seconds kBoundOfClosing{5};
+constexpr std::chrono::seconds kBoundOfLayout{10};
+constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 constexpr std::string_view kWorkbookExtensions[] = {"xlsx", "xlsm", "xltx", "xltm", "xlsb",
@@ -174,6 +177,7 @@ bool LibreOfficeHost::placeCaret(HostPoint point) {
     const CaretPlacement placement = call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return CaretPlacement::Nowhere;
+        waitForLayout(*frame);
         const CaretPlacement found = frame->caret().place(point);
         if (found == CaretPlacement::InCells)
             unmarkCells(session_->connection(), frame->uno()->getController());
@@ -189,8 +193,18 @@ void LibreOfficeHost::click(HostPoint point) {
 }
 
 void LibreOfficeHost::letOfficeCatchUp() {
+    windows_.waitForServer();
     const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
     Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
+}
+
+/// A view that is never laid out, whatever hinders it, does not hold the caller.
+void LibreOfficeHost::waitForLayout(HostFrame& frame) {
+    const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
+    while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
+        letOfficeCatchUp();
+        if (!frame.layOut()) std::this_thread::sleep_for(kPauseOfLayout);
+    }
 }
 
 void LibreOfficeHost::setEnabled(bool enabled) {
@@ -236,7 +250,7 @@ void LibreOfficeHost::setShowsBookmarks(bool shown) {
 
 void LibreOfficeHost::setZoom(int percent) {
     call([&] {
-        if (const HostFrame* const frame = front()) frame->setZoom(percent);
+        if (HostFrame* const frame = front()) frame->setZoom(percent);
     });
 }
 

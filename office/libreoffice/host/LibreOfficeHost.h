@@ -59,6 +59,8 @@ class LibreOfficeHost final : public DocumentHost {
     void click(HostPoint point);
     /// Waits until it has done what it was sent as events. Within a call.
     void letOfficeCatchUp();
+    /// Waits until the document is where it belongs after a change of the window or a load. Within a call.
+    void waitForLayout(HostFrame& frame);
 
     HostWindow window_;
     HostListener& listener_;
