@@ -36,7 +36,7 @@ FLOORS = {
         "office/libreoffice/session", "office/embedded/parts", "office/model", "base",
     ],
     "office/libreoffice/host": [
-        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/formats", "office/model", "base",
     ],
     "office/libreoffice/module": [
         "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/libreoffice/host",

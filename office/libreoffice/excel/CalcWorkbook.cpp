@@ -42,6 +42,8 @@ constexpr FileKind kFileKinds[] = {
     {"ods", numbered(60)},
     {"csv", numbered(6)},
     {"txt", numbered(-4158)},
+    {"slk", numbered(2)},
+    {"dif", numbered(9)},
     {"htm", numbered(44)},
     {"html", numbered(44)},
 };

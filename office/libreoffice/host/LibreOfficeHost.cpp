@@ -3,6 +3,9 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "office/formats/ForeignFormats.h"
+#include "office/formats/mExcelFileExtensions.h"
+#include "office/formats/mWordFileExtensions.h"
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
@@ -33,12 +36,14 @@ constexpr std::chrono::seconds kBoundOfLayout{10};
 constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
-constexpr std::string_view kWorkbookExtensions[] = {"xlsx", "xlsm", "xltx", "xltm", "xlsb",
-                                                    "xls",  "xlt",  "ods",  "ots",  "csv"};
 
-bool holdsWorkbook(const std::string& path) {
-    return std::ranges::find(kWorkbookExtensions, toLowerAscii(extension(path))) !=
-           std::end(kWorkbookExtensions);
+/// The part of an office that a file belongs to; the given one when both know its extension, or neither does.
+HostedPart partOf(const std::string& path, HostedPart shown) {
+    const std::string suffix = toLowerAscii(extension(path));
+    const bool isWords = isWordExtension(suffix) || isForeignWordExtension(suffix);
+    const bool isExcels = isExcelExtension(suffix) || isForeignExcelExtension(suffix);
+    if (isWords == isExcels) return shown;
+    return isWords ? HostedPart::Word : HostedPart::Excel;
 }
 
 DocumentReference componentOf(const HostedDocument& hosted) {
@@ -65,9 +70,10 @@ std::string barOf(const std::string& name, HostedPart part) {
 
 }  // namespace
 
-LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, HostedPart,
+LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, HostedPart part,
                                  HostListener& listener)
     : window_(window),
+      part_(part),
       listener_(listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown)),
       word_(makeWordApplication(session_, files)),
@@ -123,7 +129,7 @@ void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
 }
 
 void LibreOfficeHost::Open(const std::string& path) try {
-    if (holdsWorkbook(path)) return closeAllBut(excel_->Workbooks()->Open(path));
+    if (partOf(path, part_) == HostedPart::Excel) return closeAllBut(excel_->Workbooks()->Open(path));
     closeAllBut(word_->Documents()->Open(path));
 } catch (const AutomationError&) {
     // The frame that was made for the file must not cover the former document.

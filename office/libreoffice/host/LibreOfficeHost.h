@@ -63,6 +63,7 @@ class LibreOfficeHost final : public DocumentHost {
     void waitForLayout(HostFrame& frame);
 
     HostWindow window_;
+    HostedPart part_;
     HostListener& listener_;
     WindowSystem windows_;
     std::shared_ptr<LibreOfficeSession> session_;

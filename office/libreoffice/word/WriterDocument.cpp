@@ -28,8 +28,8 @@ struct ExtensionFormat {
 
 /// The formats that a document can be written back in, by the extension that it was opened with.
 constexpr ExtensionFormat kFormats[] = {
-    {"docx", 12}, {"docm", 13}, {"dotx", 14}, {"doc", 0},  {"dot", 1},
-    {"rtf", 6},   {"odt", 23},  {"txt", 7},   {"htm", 10}, {"html", 10},
+    {"docx", 12}, {"docm", 13}, {"dotx", 14}, {"doc", 0},   {"dot", 1},  {"rtf", 6},
+    {"odt", 23},  {"txt", 7},   {"htm", 10},  {"html", 10}, {"xml", 11},
 };
 
 word::WdSaveFormat formatOf(const std::string& fileName) {

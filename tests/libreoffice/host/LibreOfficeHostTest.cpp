@@ -295,6 +295,46 @@ TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
     host().endEditing();
 }
 
+/// What may be opened is what the program's documentation promises; what is saved again keeps its text.
+TEST_F(HostedCells, OpensWorkbooksOfOtherFormats) {
+    struct Case {
+        const char* path;
+        std::string bytes;
+        bool isSavedAgain;
+    };
+    const Case cases[] = {
+        {"/given.slk", "ID;PWXL;N;E\nC;Y1;X1;K\"kept\"\nE\n", true},
+        {"/given.dif",
+         "TABLE\n0,1\n\"\"\nVECTORS\n0,1\n\"\"\nTUPLES\n0,1\n\"\"\nDATA\n0,0\n\"\"\n-1,0\nBOT\n1,"
+         "0\n\"kept\"\n"
+         "-1,0\nEOD\n",
+         true},
+        {"/given.FODS",
+         "<?xml version='1.0' encoding='UTF-8'?><office:document "
+         "xmlns:office='urn:oasis:names:tc:opendocument:xmlns:office:1.0' "
+         "xmlns:table='urn:oasis:names:tc:opendocument:xmlns:table:1.0' "
+         "xmlns:text='urn:oasis:names:tc:opendocument:xmlns:text:1.0' office:version='1.3' "
+         "office:mimetype=\"application/"
+         "vnd.oasis.opendocument.spreadsheet\"><office:body><office:spreadsheet>"
+         "<table:table table:name='One'><table:table-row><table:table-cell "
+         "office:value-type='string'><text:p>"
+         "kept</text:p></table:table-cell></table:table-row></table:table></office:spreadsheet></office:body>"
+         "</office:document>",
+         false},
+    };
+    for (const Case& c : cases) {
+        stage().files.files[c.path] = c.bytes;
+        host().Open(c.path);
+        ASSERT_TRUE(std::holds_alternative<excel::WorkbookPtr>(host().ActiveDocument())) << c.path;
+        host().beginEditing();
+        EXPECT_EQ(activeCell()->Value(), "kept") << c.path;
+        host().endEditing();
+        if (!c.isSavedAgain) continue;
+        workbook()->Save();
+        EXPECT_THAT(stage().files.read(c.path), ::testing::HasSubstr("kept")) << c.path;
+    }
+}
+
 class EndOfOffice : public HostedText {};
 
 /// The last one: it takes the office away.
