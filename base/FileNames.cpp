@@ -1,4 +1,4 @@
-#include "ui/services/FileNames.h"
+#include "base/FileNames.h"
 
 #include "base/Text.h"
 
@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::string_view kReplacement = "_";
 constexpr std::string_view kRefusedByWindows = R"(<>:"/\|?*)";
-constexpr std::size_t kLongestName = 255;
 /// What is longer behind a "." is part of the name.
 constexpr std::size_t kLongestExtension = 32;
 constexpr char32_t kFirstPrintable = 0x20;
@@ -70,22 +69,22 @@ std::string_view firstBytes(std::string_view text, std::size_t count) {
     return text.substr(0, taken);
 }
 
-std::string shortened(const std::string& name) {
-    if (name.size() <= kLongestName) return name;
+std::string shortened(const std::string& name, std::size_t longest) {
+    if (name.size() <= longest) return name;
     const std::size_t dot = name.rfind('.');
     const bool hasExtension = dot != std::string::npos && name.size() - dot <= kLongestExtension;
     const std::string extension = hasExtension ? name.substr(dot) : std::string();
-    return std::string(firstBytes(name, kLongestName - extension.size())) + extension;
+    return std::string(firstBytes(name, longest - extension.size())) + extension;
 }
 
 }  // namespace
 
-std::string validFileName(const std::string& name) {
+std::string validFileName(const std::string& name, std::size_t longest) {
     std::string result = withoutRefused(name);
     trimEnd(result);
     const std::string stem = result.substr(0, result.find('.'));
     if (isReserved(stem)) result.insert(stem.size(), kReplacement);
-    result = shortened(result);
+    result = shortened(result, longest);
     trimEnd(result);
     return result.empty() ? std::string(kReplacement) : result;
 }

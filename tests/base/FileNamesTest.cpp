@@ -1,4 +1,4 @@
-#include "ui/services/FileNames.h"
+#include "base/FileNames.h"
 
 #include <gtest/gtest.h>
 
