@@ -1,5 +1,6 @@
 #include "office/embedded/excel/EmbeddedWorksheet.h"
 
+#include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
 #include "office/embedded/excel/EmbeddedPictures.h"
 #include "office/embedded/excel/EmbeddedShapes.h"
@@ -8,6 +9,16 @@ namespace mergeloom::embedded {
 
 excel::RangePtr EmbeddedWorksheet::Cells(int row, int column) {
     return rangeOf(content_, sheet_, {{row, column}, {row, column}});
+}
+
+excel::RangePtr EmbeddedWorksheet::Range(const std::string& address) {
+    const std::optional<CellPosition> cell = parseCell(address);
+    if (!cell) throw AutomationError(kApplicationDefined, "'" + address + "' is no address of a cell.");
+    return rangeOf(content_, sheet_, {*cell, *cell});
+}
+
+excel::RangePtr EmbeddedWorksheet::UsedRange() {
+    return rangeOf(content_, sheet_, content_->sheet(sheet_).part().usedArea().value_or(CellArea{}));
 }
 
 excel::ShapesPtr EmbeddedWorksheet::Shapes() {

@@ -18,6 +18,8 @@ class EmbeddedWorksheet final : public excel::Worksheet {
 
     std::string Name() override { return content_->workbook().sheets()[sheet_].name; }
     excel::RangePtr Cells(int row, int column) override;
+    excel::RangePtr Range(const std::string& address) override;
+    excel::RangePtr UsedRange() override;
     excel::ShapesPtr Shapes() override;
     excel::PicturesPtr Pictures() override;
     void Activate() override { content_->activate(sheet_); }

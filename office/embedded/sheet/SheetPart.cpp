@@ -143,6 +143,24 @@ void SheetPart::setText(const CellPosition& position, const std::string& text) {
     data_->change(position, std::move(edit));
 }
 
+std::optional<CellArea> SheetPart::usedArea() const {
+    const SheetState& state = data_->state;
+    std::optional<CellArea> used;
+    const auto take = [&used](const CellPosition& cell) {
+        used = used ? enclosing(*used, {cell, cell}) : CellArea{cell, cell};
+    };
+    const auto takeStored = [&](const CellPosition& cell, std::string_view) {
+        take(cell);
+        return true;
+    };
+    state.cells.forEachIn({{1, 1}, {kLastRow, kLastColumn}}, takeStored);
+    for (const auto& [row, edits] : state.edits.rows()) {
+        for (const auto& [column, edit] : edits.cells)
+            take({row, column});
+    }
+    return used;
+}
+
 void SheetPart::forEachRowHeight(const std::function<void(const StoredRowHeight&)>& visit) const {
     visitRowHeights(data_->state, visit);
 }

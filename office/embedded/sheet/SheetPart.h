@@ -65,6 +65,9 @@ class SheetPart {
     /// shared formula that other cells refer to moves on to the first of them.
     void setText(const CellPosition& position, const std::string& text);
 
+    /// The smallest area that holds all cells; nothing in a sheet without any.
+    [[nodiscard]] std::optional<CellArea> usedArea() const;
+
     /// The rows that have a height of their own or are hidden, in order.
     void forEachRowHeight(const std::function<void(const StoredRowHeight&)>& visit) const;
     /// Gives a row a height that stays (customHeight); a hidden row shows again.

@@ -185,6 +185,21 @@ void StoryEditor::insertParagraphMark(CharacterPosition position) {
     story_.shift(position, {}, {1});
 }
 
+bool StoryEditor::endsWithOwnParagraph() const {
+    const Item* last = story_.items().last();
+    return last->kind == ItemKind::ParagraphMark && last->node.parent() == story_.root();
+}
+
+void StoryEditor::appendParagraph() {
+    const pugi::xml_node root = story_.root();
+    const pugi::xml_node section = story_.names().child(root, WordTag::SectionProperties);
+    const pugi::xml_node paragraph = skeletons_.makeParagraph();
+    const CharacterPosition end{story_.length().value};
+    journal_.move(story_.part(), paragraph, root, section ? section.previous_sibling() : root.last_child());
+    journal_.insertItem(story_.items(), nullptr, story_.makeItem(ItemKind::ParagraphMark, paragraph, {1}));
+    story_.shift(end, {}, {1});
+}
+
 void StoryEditor::splitRun(CharacterPosition position) {
     Item* next = story_.items().itemAt(position);
     if (!next) return;

@@ -37,6 +37,11 @@ class StoryEditor {
     /// in.
     CharacterCount insertText(CharacterPosition position, const std::string& text, TextSetting setting = {});
     void insertParagraphMark(CharacterPosition position);
+    /// Whether the story's last item is the mark of a paragraph that is no part of a content control or the
+    /// like.
+    [[nodiscard]] bool endsWithOwnParagraph() const;
+    /// Puts an empty paragraph at the end of the story.
+    void appendParagraph();
     /// Puts in a run, made in the attic, whose child counts as one character.
     void insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child);
 

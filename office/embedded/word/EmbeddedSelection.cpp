@@ -40,6 +40,11 @@ void EmbeddedSelection::Collapse(word::WdCollapseDirection direction) {
     span().set(place, place);
 }
 
+void EmbeddedSelection::EndKey(word::WdUnits /*unit*/) {
+    const CharacterPosition end = content_->endOf(span().story());
+    span().set(end, end);
+}
+
 word::FontPtr EmbeddedSelection::Font() {
     return std::make_shared<EmbeddedFont>(content_);
 }

@@ -17,6 +17,7 @@ class EmbeddedSelection final : public word::Selection {
     void TypeText(const std::string& text) override;
     void TypeParagraph() override { TypeText("\r"); }
     void Collapse(word::WdCollapseDirection direction) override;
+    void EndKey(word::WdUnits unit) override;
 
     word::FontPtr Font() override;
 

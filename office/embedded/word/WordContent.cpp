@@ -115,6 +115,15 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     return inserted;
 }
 
+CharacterPosition WordContent::endOf(Story& story) {
+    StoryEditor& editor = editable(story).editor();
+    if (!editor.endsWithOwnParagraph()) {
+        touch();
+        editor.appendParagraph();
+    }
+    return CharacterPosition{story.length().value - 1};
+}
+
 std::vector<BookmarkRecord*> WordContent::startingBehind(EditableStory& target, CharacterPosition start,
                                                          CharacterPosition end) {
     target.story().check(start, end);

@@ -73,6 +73,18 @@ std::optional<CalcCell> cellOfAbsoluteAddress(std::string_view address) {
     return cell;
 }
 
+std::optional<CalcCell> cellOfAddress(std::string_view address) {
+    if (address.starts_with('$')) address.remove_prefix(1);
+    const std::size_t letters = std::min(address.find_first_of("$0123456789"), address.size());
+    std::string column(address.substr(0, letters));
+    std::ranges::transform(column, column.begin(), [](char letter) {
+        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+    });
+    std::string_view row = address.substr(letters);
+    if (row.starts_with('$')) row.remove_prefix(1);
+    return cellOfAbsoluteAddress("$" + column + "$" + std::string(row));
+}
+
 std::string referenceOnSheet(const std::string& sheet, const std::string& address) {
     return "$'" + replaceAll(sheet, "'", "''") + "'." + address;
 }

@@ -39,6 +39,8 @@ struct CalcArea {
 [[nodiscard]] std::string absoluteAddressOf(const CalcArea& area);
 /// The cell of such an address; none for anything but one cell of a sheet.
 [[nodiscard]] std::optional<CalcCell> cellOfAbsoluteAddress(std::string_view address);
+/// The same with or without "$", in any letter case.
+[[nodiscard]] std::optional<CalcCell> cellOfAddress(std::string_view address);
 /// Calc's notation of an address on a sheet: "$'Sheet1'.$B$3".
 [[nodiscard]] std::string referenceOnSheet(const std::string& sheet, const std::string& address);
 [[nodiscard]] CalcArea areaOf(const css::table::CellRangeAddress& address);

@@ -1,13 +1,39 @@
 #include "office/libreoffice/excel/CalcWorksheet.h"
 
+#include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcArea.h"
 #include "office/libreoffice/excel/CalcPictures.h"
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcShapes.h"
+
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XSheetCellCursor.hpp>
+#include <com/sun/star/sheet/XUsedAreaCursor.hpp>
+#include <optional>
 
 namespace mergeloom::libreoffice {
 
 excel::RangePtr CalcWorksheet::Cells(int row, int column) {
     return calcRangeOf(content_, sheet_, {{row, column}, {row, column}});
+}
+
+excel::RangePtr CalcWorksheet::Range(const std::string& address) {
+    const std::optional<CalcCell> cell = cellOfAddress(address);
+    if (!cell) throw AutomationError(kApplicationDefined, "'" + address + "' is no address of a cell.");
+    return calcRangeOf(content_, sheet_, {*cell, *cell});
+}
+
+excel::RangePtr CalcWorksheet::UsedRange() {
+    content_->pending().settle();
+    const CalcArea used = content_->connection().call([&] {
+        const auto cursor = content_->sheet(sheet_).uno()->createCursor();
+        const Reference<css::sheet::XUsedAreaCursor> usedArea(cursor, UNO_QUERY_THROW);
+        usedArea->gotoStartOfUsedArea(false);
+        usedArea->gotoEndOfUsedArea(true);
+        const Reference<css::sheet::XCellRangeAddressable> address(cursor, UNO_QUERY_THROW);
+        return areaOf(address->getRangeAddress());
+    });
+    return calcRangeOf(content_, sheet_, used);
 }
 
 excel::ShapesPtr CalcWorksheet::Shapes() {

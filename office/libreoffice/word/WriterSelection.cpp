@@ -42,6 +42,13 @@ void WriterSelection::Collapse(word::WdCollapseDirection direction) {
     selected.start = selected.end = toEnd ? selected.end : selected.start;
 }
 
+/// Writer keeps a paragraph at the end of each text.
+void WriterSelection::EndKey(word::WdUnits /*unit*/) {
+    const std::shared_ptr<LiveStretch> selected = stretch();
+    const CharacterPosition end{selected->story->map().length().value - 1};
+    selected->start = selected->end = end;
+}
+
 word::FontPtr WriterSelection::Font() {
     return std::make_shared<WriterFont>(content_);
 }

@@ -29,8 +29,8 @@ enum class WdFieldType : int {
     wdFieldGreetingLine = 94,
 };
 
-/// WdUnits, as far as ranges are moved by them.
-enum class WdUnits : int { wdCharacter = 1 };
+/// WdUnits, as far as ranges and the selection are moved by them.
+enum class WdUnits : int { wdCharacter = 1, wdStory = 6 };
 
 /// WdCollapseDirection.
 enum class WdCollapseDirection : int { wdCollapseEnd = 0, wdCollapseStart = 1 };

@@ -20,6 +20,9 @@ class Selection : public Object {
     virtual void TypeText(const std::string& text) = 0;
     virtual void TypeParagraph() = 0;
     virtual void Collapse(WdCollapseDirection direction) = 0;
+    /// Selection.EndKey with the unit wdStory: the caret moves before the last paragraph mark of its story. A
+    /// story that ends with a table or a content control gets an empty paragraph after it for that.
+    virtual void EndKey(WdUnits unit) = 0;
 
     virtual FontPtr Font() = 0;
 

@@ -22,6 +22,20 @@ TEST_P(OfficeSheet, HasTheSizesOfExcelsNewWorkbook) {
     EXPECT_NEAR(cell(3, 5)->Left().value, 4 * 48.0, kNear);
 }
 
+TEST_P(OfficeSheet, FindsCellsByAddressAndTheUsedOnes) {
+    add();
+    EXPECT_EQ(sheet()->UsedRange()->AddressLocal(), "$A$1");
+    for (const char* address : {"C5", "$C$5", "c$5"})
+        EXPECT_EQ(sheet()->Range(address)->AddressLocal(), "$C$5") << address;
+    EXPECT_EQ(sheet()->Range("XFD1048576")->Column(), 16384);
+    for (const char* address : {"", "C", "5", "XFE1", "A1048577", "A0", "A-1", "Name", "$$A1", "A1 "})
+        EXPECT_EQ(errorOf([&] { sheet()->Range(address); }).number(), kApplicationDefined) << address;
+    open(workbookFile({{"Data", "<sheetData><row r='2'><c r='B2'><v>7</v></c></row></sheetData>"}}));
+    EXPECT_EQ(sheet()->UsedRange()->AddressLocal(), "$B$2");
+    cell(5, 4)->SetValue("x");
+    EXPECT_EQ(sheet()->UsedRange()->AddressLocal(), "$B$2:$D$5");
+}
+
 TEST_P(OfficeSheet, SizesAreRoundedToPixelsAndSaved) {
     add();
     cell(2, 2)->SetColumnWidth({20.1});

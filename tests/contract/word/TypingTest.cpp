@@ -60,6 +60,23 @@ TEST_P(OfficeTyping, ReplacesWhatIsSelected) {
     EXPECT_EQ(at(*selection->Range()), "0-0");
 }
 
+TEST_P(OfficeTyping, TheEndOfTheStoryIsBeforeItsLastMark) {
+    const struct {
+        std::string body, typed;
+    } cases[] = {
+        {para("one") + para("two"), "one\ntwo!\n"},
+        {"<w:p>" + run("a") + marked(1, "End", "") + "</w:p>", "a[End:]!\n"},
+        {tableXml({cellXml(para("a"))}, 1) + "<w:p/>", "a\n|!\n"},
+    };
+    for (const auto& [bodyXml, typed] : cases) {
+        open(bodyXml);
+        selection->EndKey(word::WdUnits::wdStory);
+        EXPECT_EQ(selection->Tables()->Count(), 0);
+        selection->TypeText("!");
+        EXPECT_EQ(body(), typed);
+    }
+}
+
 TEST_P(OfficeTyping, AStorysLastMarkStays) {
     add();
     selection->TypeText("one\rtwo");
