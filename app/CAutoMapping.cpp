@@ -30,16 +30,25 @@ DocumentType documentTypeOf(MappingType type) {
     }
 }
 
+void tellWarning(Messages& messages, const std::string& text) {
+    if (!text.empty()) messages.show({text, MessageIcon::Exclamation, MessageButtons::Ok});
+}
+
 }  // namespace
 
 void CAutoMapping::ReadArguments() {
-    arguments_ = readMappingArguments(allowExistingTemplate_);
-    templatesFolder_ = GetParentFolder(arguments_.targetPath, false);
+    arguments_ = readMappingArguments(options_, allowExistingTemplate_);
+    templatesFolder_ =
+        options_.mapsAll() ? fullPath(options_.folder) : GetParentFolder(arguments_.targetPath, false);
 }
 
 bool CAutoMapping::Execute() {
+    return trapped([this] { return map(); });
+}
+
+bool CAutoMapping::trapped(const std::function<bool()>& body) {
     try {
-        return map();
+        return body();
     } catch (const MappingRefusal& refusal) {
         tell(refusal.what());
     } catch (const AutomationError& error) {
@@ -53,24 +62,22 @@ bool CAutoMapping::Execute() {
 
 bool CAutoMapping::map() {
     const std::unique_ptr<MappingOffice> office = makeOffice();
-    checkArguments(*office);
+    checkArguments(*office, arguments_.targetPath);
     auto source = std::make_unique<MappingSource>(arguments_.xmlFile, errors_, messages_);
-    const TreeNode* object = source->firstObject();
-    if (!object) RaiseMappingError(kXmlFileIncorrect);
+    const TreeNode& object = chosenObject(*source);
     readFolders(source->document());
-    const std::optional<FieldKeys> fields = chosenFields(*source, *object);
-    const std::string leftOut = fields ? "" : leftOutControls(*source, *object);
-    if (!leftOut.empty()) tell(leftOut);
-
-    office->start();
-    makeDocument(*office);
-    const MappedObject mapped{*object, source->xmlNodes(), documentTypeOf(arguments_.type),
-                              fields ? &*fields : nullptr};
-    if (!dropObject(*office, *source, mapped)) return false;
+    const DropPorts ports{errors_, messages_, progress_};
+    if (!mapObject(*office, *source, object, ports)) return false;
     // Saving takes memory in proportion to the document; the tree's is free for it from here on.
     source.reset();
-    save(*office);
+    save(*office, arguments_.targetPath);
     return true;
+}
+
+const TreeNode& CAutoMapping::chosenObject(MappingSource& source) const {
+    const TreeNode* first = source.firstObject();
+    if (!first) RaiseMappingError(kXmlFileIncorrect);
+    return options_.object.empty() ? *first : *objectNamed(objectsOf(source), options_.object).node;
 }
 
 std::unique_ptr<MappingOffice> CAutoMapping::makeOffice() {
@@ -78,16 +85,16 @@ std::unique_ptr<MappingOffice> CAutoMapping::makeOffice() {
     return std::make_unique<MappedExcel>(startExcel_, formats_, errors_);
 }
 
-void CAutoMapping::checkArguments(const MappingOffice& office) const {
+void CAutoMapping::checkArguments(const MappingOffice& office, const std::string& target) const {
     if (arguments_.type == MappingType::LabelDocument && !office.makesLabels()) {
         throw MappingRefusal(office.name() + " makes no labels; leave out -label or make them with Word.");
     }
-    arguments_.targetPath.empty() ? checkInPlace(office) : checkTarget(office);
+    target.empty() ? checkInPlace(office) : checkTarget(office, target);
     checkSource(office);
+    checkStart();
 }
 
-void CAutoMapping::checkTarget(const MappingOffice& office) const {
-    const std::string& target = arguments_.targetPath;
+void CAutoMapping::checkTarget(const MappingOffice& office, const std::string& target) {
     if (!office.knowsExtensionOf(target)) {
         throw MappingRefusal("The template '" + target + "' has no file extension that " + office.name() +
                              " knows.");
@@ -116,6 +123,12 @@ void CAutoMapping::checkInPlace(const MappingOffice& office) const {
 void CAutoMapping::checkSource(const MappingOffice& office) const {
     const std::string refusal = office.refusalToOpen(documentToBuildOn());
     if (!refusal.empty()) throw MappingRefusal(refusal);
+}
+
+void CAutoMapping::checkStart() const {
+    const bool hasChoice = !documentToBuildOn().empty();
+    if (options_.at.empty() || hasChoice) return;
+    throw MappingRefusal("Option '--at' needs a document to build on; name it with -usedocument.");
 }
 
 std::string CAutoMapping::documentToBuildOn() const {
@@ -157,27 +170,40 @@ void CAutoMapping::openLabelDocument(MappingOffice& office) {
     }
 }
 
-std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source,
-                                                    const TreeNode& object) const {
-    if (arguments_.type != MappingType::Listing || !listsFields(arguments_.fields)) return {};
-    if (!namesFields(arguments_.fields)) RaiseMappingError(kFieldListNotDefined);
-    FieldKeys keys = fieldKeys(object, source.xmlNodes(), arguments_.fields);
-    if (keys.empty()) RaiseMappingError(kFieldListIncorrect);
-    return keys;
+bool CAutoMapping::mapObject(MappingOffice& office, const MappingSource& source, const TreeNode& object,
+                             const DropPorts& ports) {
+    const std::optional<FieldKeys> fields = chosenFields(source, object, ports.messages);
+    if (!fields) tellWarning(ports.messages, leftOutControls(source, object));
+    if (!office.isStarted()) office.start();
+    makeDocument(office);
+    if (!options_.at.empty() && options_.at != kAtStart) office.beginAt(options_.at);
+    const MappedObject mapped{object, source.xmlNodes(), documentTypeOf(arguments_.type),
+                              fields ? &*fields : nullptr};
+    return dropObject(office, source, mapped, ports);
 }
 
-bool CAutoMapping::dropObject(MappingOffice& office, const MappingSource& source,
-                              const MappedObject& object) {
+std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source, const TreeNode& object,
+                                                    Messages& messages) const {
+    if (arguments_.type != MappingType::Listing || !listsFields(arguments_.fields)) return {};
+    if (!namesFields(arguments_.fields)) RaiseMappingError(kFieldListNotDefined);
+    const NamedFields named = fieldsNamed(object, source.xmlNodes(), arguments_.fields);
+    tellWarning(messages, unmatchedSentence(named, object.Text()));
+    if (named.keys.empty()) RaiseMappingError(kFieldListIncorrect);
+    return named.keys;
+}
+
+bool CAutoMapping::dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object,
+                              const DropPorts& ports) {
     const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
-    CNodeDropper dropper{errors_, messages_, findPicture, progress_};
+    CNodeDropper dropper{ports.errors, ports.messages, findPicture, ports.progress};
     const bool dropped = office.drop(dropper, object);
-    if (!dropper.nothingDropped().empty()) tell(dropper.nothingDropped());
+    tellWarning(ports.messages, dropper.nothingDropped());
     return dropped;
 }
 
-void CAutoMapping::save(MappingOffice& office) {
+void CAutoMapping::save(MappingOffice& office, const std::string& givenTarget) {
     model::OfficeDocument& document = office.document();
-    const std::string target = arguments_.targetPath.empty() ? document.FullName() : arguments_.targetPath;
+    const std::string target = givenTarget.empty() ? document.FullName() : givenTarget;
     checkMayReplace(office, target);
     if (target == document.FullName()) {
         document.Save();
@@ -189,7 +215,8 @@ void CAutoMapping::save(MappingOffice& office) {
 
 void CAutoMapping::checkMayReplace(const MappingOffice& office, const std::string& target) const {
     if (!fileExists(target)) return;
-    const bool mayReplace = arguments_.targetExists || arguments_.targetPath.empty();
+    const bool isInPlace = arguments_.targetPath.empty() && !options_.mapsAll();
+    const bool mayReplace = arguments_.targetExists || isInPlace;
     // Another program may have written the file while the mapping ran.
     if (!mayReplace) RaiseMappingError(kTemplateAlreadyExists);
     if (IsFileLocked(target)) {
@@ -199,7 +226,7 @@ void CAutoMapping::checkMayReplace(const MappingOffice& office, const std::strin
 }
 
 void CAutoMapping::tell(const std::string& text) {
-    messages_.show({text, MessageIcon::Exclamation, MessageButtons::Ok});
+    tellWarning(messages_, text);
 }
 
 }  // namespace mergeloom

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/DatabaseObjects.h"
 #include "app/ExcelStarter.h"
 #include "app/MappingArguments.h"
 #include "app/MappingOffice.h"
+#include "app/MappingOptions.h"
 #include "app/MappingSource.h"
 #include "app/OfficeFormats.h"
 #include "app/WordStarter.h"
@@ -11,14 +13,17 @@
 #include "base/Progress.h"
 #include "droppers/DropContext.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
-/// Makes a template without a user: drops the structure document's first object into a new or given document
-/// of Word or, in the Excel mode, of Excel, saves that and closes the office that it started.
+/// Makes a template without a user: drops an object of the structure document, the first one unless the
+/// options name another, into a new or given document of Word or, in the Excel mode, of Excel, saves that and
+/// closes the office that it started.
 class CAutoMapping {
   public:
     /// The formats are those of the office that is started. All have to outlive it.
@@ -34,6 +39,8 @@ class CAutoMapping {
     /// Whether a template that is there already may be replaced; it may not unless this is set.
     void SetAllowExistingTemplate(bool allow) { allowExistingTemplate_ = allow; }
 
+    void SetOptions(MappingOptions options) { options_ = std::move(options); }
+
     /// Reads the parsed command line. Raises a mapping error when it asks for something impossible.
     void ReadArguments();
 
@@ -42,30 +49,67 @@ class CAutoMapping {
     /// was.
     bool Execute();
 
+    /// Makes a template of each object in the folder that the options name, and returns whether all were
+    /// made. The structure document is read once. Objects that are refused are named at the end, the others
+    /// are made. Nothing is written when one of the files exists; any other error ends the work, and so does
+    /// isStopped, which is asked before each object. Whatever ends it early, the number of templates made is
+    /// told.
+    bool ExecuteAll(const std::function<bool()>& isStopped);
+
     /// The folders that the structure document's options name; the template's own folder goes before theirs.
     [[nodiscard]] const std::string& DocumentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& TemplatesFolder() const { return templatesFolder_; }
 
   private:
+    /// Runs the body; its return value, or false after an error that is reported.
+    bool trapped(const std::function<bool()>& body);
     bool map();
+    [[nodiscard]] const TreeNode& chosenObject(MappingSource& source) const;
     void readFolders(const StructureDocument& document);
     std::unique_ptr<MappingOffice> makeOffice();
     /// Refuses what can be seen to fail before an office is started.
-    void checkArguments(const MappingOffice& office) const;
-    void checkTarget(const MappingOffice& office) const;
+    void checkArguments(const MappingOffice& office, const std::string& target) const;
+    static void checkTarget(const MappingOffice& office, const std::string& target);
     void checkInPlace(const MappingOffice& office) const;
     void checkSource(const MappingOffice& office) const;
+    void checkStart() const;
     /// The file on which the document is built; empty for a new one.
     [[nodiscard]] std::string documentToBuildOn() const;
     void makeDocument(MappingOffice& office);
     void openLabelDocument(MappingOffice& office);
+
+    /// What a drop reports to.
+    struct DropPorts {
+        ErrorHandler& errors;
+        Messages& messages;
+        Progress& progress;
+    };
     /// The keys of the fields that a table is to have, if the command line lists any.
-    [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source,
-                                                        const TreeNode& object) const;
-    bool dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object);
-    void save(MappingOffice& office);
+    [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source, const TreeNode& object,
+                                                        Messages& messages) const;
+    /// Makes a document and drops the object into it. Returns whether something was dropped.
+    bool mapObject(MappingOffice& office, const MappingSource& source, const TreeNode& object,
+                   const DropPorts& ports);
+    static bool dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object,
+                           const DropPorts& ports);
+    void save(MappingOffice& office, const std::string& target);
     void checkMayReplace(const MappingOffice& office, const std::string& target) const;
     void tell(const std::string& text);
+
+    /// An object and the template that it gets.
+    struct Task {
+        DatabaseObject object;
+        std::string target;
+    };
+    bool mapAll(const std::function<bool()>& isStopped);
+    [[nodiscard]] std::vector<Task> tasksOf(const std::vector<DatabaseObject>& objects,
+                                            const MappingOffice& office) const;
+    void checkFolder() const;
+    static void refuseExisting(const std::vector<Task>& tasks);
+    void tellOtherNames(const std::vector<Task>& tasks);
+    bool makeTemplate(MappingOffice& office, const MappingSource& source, const Task& task);
+    bool makeTemplates(MappingOffice& office, const MappingSource& source, const std::vector<Task>& tasks,
+                       const std::function<bool()>& isStopped);
 
     WordStarter startWord_;
     ExcelStarter startExcel_;
@@ -74,6 +118,7 @@ class CAutoMapping {
     Messages& messages_;
     Progress& progress_;
     bool allowExistingTemplate_ = false;
+    MappingOptions options_;
     MappingArguments arguments_;
     std::string documentsFolder_;
     std::string templatesFolder_;

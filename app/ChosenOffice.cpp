@@ -17,4 +17,13 @@ excel::ApplicationPtr ChosenOffice::startExcel() {
     return std::make_shared<ConvertingExcel>(std::move(office), *converter_);
 }
 
+CAutoMapping ChosenOffice::makeMapping(ErrorHandler& errors, Messages& messages, Progress& progress) {
+    return {[this] { return startWord(); },
+            [this] { return startExcel(); },
+            formats_,
+            errors,
+            messages,
+            progress};
+}
+
 }  // namespace mergeloom

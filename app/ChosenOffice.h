@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/CAutoMapping.h"
+#include "app/GnuOptions.h"
 #include "app/OfficeFormats.h"
 #include "base/FileStore.h"
 #include "office/factory/OfficeFactory.h"
@@ -14,16 +16,18 @@ namespace mergeloom {
 class ChosenOffice {
   public:
     /// The file store has to outlive it, and it the offices that it starts.
-    ChosenOffice(OfficeKind kind, FileStore& files)
-        : kind_(kind),
+    ChosenOffice(OfficeChoice choice, FileStore& files)
+        : kind_(choice == OfficeChoice::LibreOffice ? OfficeKind::LibreOffice : OfficeKind::Embedded),
           files_(files),
           converter_(makeFileConverter(files)),
-          formats_(kind, files, *converter_) {}
+          formats_(kind_, files, *converter_) {}
 
     [[nodiscard]] const OfficeFormats& formats() const { return formats_; }
     /// Errors as for makeWordApplication.
     word::ApplicationPtr startWord();
     excel::ApplicationPtr startExcel();
+    /// A mapping by this office, which has to outlive it, as have the ports.
+    CAutoMapping makeMapping(ErrorHandler& errors, Messages& messages, Progress& progress);
 
   private:
     OfficeKind kind_;

@@ -55,27 +55,73 @@ OfficeChoice officeNamed(const std::string& name) {
     refuse("Unknown office '" + name + "': it is 'embedded' or 'libreoffice'.");
 }
 
-void readOption(OptionReader& reader, GnuOptions& options) {
-    std::string value;
+std::string optionOf(Task task) {
+    switch (task) {
+        case Task::MapAll:
+            return "--all";
+        case Task::ListObjects:
+            return "--list-objects";
+        case Task::ListPlaces:
+            return "--places";
+        case Task::ConvertFields:
+            return "--convert-fields";
+        default:
+            return {};
+    }
+}
+
+[[noreturn]] void refuseTogether(const std::string& first, const std::string& second) {
+    refuse("Options '" + first + "' and '" + second + "' cannot stand together.");
+}
+
+void choose(GnuOptions& options, Task task) {
+    const bool isChosen = options.task != Task::Map && options.task != task;
+    if (isChosen) refuseTogether(optionOf(options.task), optionOf(task));
+    options.task = task;
+}
+
+std::string withoutDot(const std::string& extension) {
+    return extension.starts_with('.') ? extension.substr(1) : extension;
+}
+
+bool readTask(OptionReader& reader, GnuOptions& options) {
     if (reader.takeFlag("--help")) {
         options.task = Task::ShowHelp;
     } else if (reader.takeFlag("--version")) {
         options.task = Task::ShowVersion;
-    } else if (reader.takeFlag("--exit-status")) {
+    } else if (reader.takeFlag("--list-objects")) {
+        choose(options, Task::ListObjects);
+    } else if (reader.takeWithValue("--all", "a folder", options.mapping.folder)) {
+        choose(options, Task::MapAll);
+    } else if (reader.takeWithValue("--places", "a file", options.placesFile)) {
+        choose(options, Task::ListPlaces);
+    } else if (reader.takeWithValue("--convert-fields", "a file", options.fieldsFile)) {
+        choose(options, Task::ConvertFields);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool readMappingOption(OptionReader& reader, MappingOptions& mapping) {
+    if (reader.takeWithValue("--format", "a file extension", mapping.format)) {
+        mapping.format = withoutDot(mapping.format);
+        return true;
+    }
+    return reader.takeWithValue("--object", "an object's name", mapping.object) ||
+           reader.takeWithValue("--at", "'start', 'end' or the name of a place", mapping.at);
+}
+
+void readOption(OptionReader& reader, GnuOptions& options) {
+    std::string value;
+    if (readTask(reader, options) || readMappingOption(reader, options.mapping)) return;
+    if (reader.takeFlag("--exit-status")) {
         options.exitStatus = ExitStatus::TellsFailure;
     } else if (reader.takeFlag("--json")) {
-        options.placesFormat = PlacesFormat::Json;
+        options.listFormat = ListFormat::Json;
     } else if (reader.takeWithValue("--office", "'embedded' or 'libreoffice'", value)) {
         options.office = officeNamed(value);
-    } else if (reader.takeWithValue("--places", "a file", value)) {
-        options.task = Task::ListPlaces;
-        options.placesFile = value;
-    } else if (reader.takeWithValue("--convert-fields", "a file", value)) {
-        options.task = Task::ConvertFields;
-        options.fieldsFile = value;
-    } else if (reader.takeWithValue("--output", "a file", value)) {
-        options.outputFile = value;
-    } else {
+    } else if (!reader.takeWithValue("--output", "a file", options.outputFile)) {
         reader.refuseOption();
     }
 }
@@ -84,22 +130,36 @@ bool isAnsweredAtOnce(Task task) {
     return task == Task::ShowHelp || task == Task::ShowVersion;
 }
 
+bool takesSwitches(Task task) {
+    return task == Task::Map || task == Task::MapAll || task == Task::ListObjects;
+}
+
+void refuseWithoutMapping(const GnuOptions& options) {
+    const MappingOptions& mapping = options.mapping;
+    if (!mapping.object.empty() && options.task != Task::Map) {
+        refuseTogether("--object", optionOf(options.task));
+    }
+    const bool maps = options.task == Task::Map || options.task == Task::MapAll;
+    if (!mapping.at.empty() && !maps) refuseTogether("--at", optionOf(options.task));
+    if (!mapping.format.empty() && options.task != Task::MapAll) {
+        refuse("Option '--format' needs '--all FOLDER'.");
+    }
+}
+
 /// What is ignored would leave the user with another result than the one that was asked for.
 void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::string> arguments) {
-    if (!options.placesFile.empty() && !options.fieldsFile.empty()) {
-        refuse("Options '--places' and '--convert-fields' cannot stand together.");
+    if (!takesSwitches(options.task) && options.firstArgument < arguments.size()) {
+        refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '" + optionOf(options.task) +
+               "'.");
     }
-    if (options.task != Task::Map && options.firstArgument < arguments.size()) {
-        const bool lists = options.task == Task::ListPlaces;
-        refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '" +
-               (lists ? "--places" : "--convert-fields") + "'.");
-    }
-    if (options.task != Task::ListPlaces && options.placesFormat == PlacesFormat::Json) {
-        refuse("Option '--json' needs '--places FILE'.");
+    const bool lists = options.task == Task::ListPlaces || options.task == Task::ListObjects;
+    if (!lists && options.listFormat == ListFormat::Json) {
+        refuse("Option '--json' needs '--places FILE' or '--list-objects'.");
     }
     if (options.task != Task::ConvertFields && !options.outputFile.empty()) {
         refuse("Option '--output' needs '--convert-fields FILE'.");
     }
+    refuseWithoutMapping(options);
 }
 
 }  // namespace
@@ -132,8 +192,14 @@ Makes a Word template or an Excel workbook from a structure document.
   -excel              make an Excel workbook instead
   -directory          make a form
 
+  --object NAME       the object to map, not the first: Orders, "Form Orders"
+  --at PLACE          where to begin in the document of -usedocument: start, end,
+                      a bookmark's or a name's name, or a cell such as Sheet2!B7
+  --all FOLDER        make a template of each object in this folder
+  --format EXT        their file extension: dotx, with -excel xltx, if not given
+  --list-objects      list the objects of the structure document and end
   --places FILE       list the named places of a document or workbook and end
-  --json              list them as JSON
+  --json              list objects or places as JSON
   --convert-fields FILE  make places of a Word document's merge fields and end
   --output FILE       write that document here; without it FILE.bak is kept
   --office=NAME       the office that does the work: embedded or libreoffice

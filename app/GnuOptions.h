@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/MappingOptions.h"
 #include "base/AutomationError.h"
 
 #include <cstddef>
@@ -10,9 +11,10 @@ namespace mergeloom {
 
 inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
-enum class Task { Map, ShowHelp, ShowVersion, ListPlaces, ConvertFields };
+enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, ShowHelp, ShowVersion };
 enum class OfficeChoice { Embedded, LibreOffice };
-enum class PlacesFormat { Text, Json };
+/// How a list is written.
+enum class ListFormat { Text, Json };
 /// Whether the program's exit status tells that a mapping failed; without that it stays 0.
 enum class ExitStatus { AlwaysZero, TellsFailure };
 
@@ -21,7 +23,8 @@ struct GnuOptions {
     Task task = Task::Map;
     OfficeChoice office = OfficeChoice::Embedded;
     ExitStatus exitStatus = ExitStatus::AlwaysZero;
-    PlacesFormat placesFormat = PlacesFormat::Text;
+    ListFormat listFormat = ListFormat::Text;
+    MappingOptions mapping;
     std::string placesFile;         ///< the document whose places are listed
     std::string fieldsFile;         ///< the document whose merge fields are converted
     std::string outputFile;         ///< where the converted document goes; empty: in place

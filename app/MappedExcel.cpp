@@ -1,5 +1,6 @@
 #include "app/MappedExcel.h"
 
+#include "app/ExcelStart.h"
 #include "app/FileFormats.h"
 #include "app/MappingRefusal.h"
 #include "office/formats/mExcelFileExtensions.h"
@@ -58,6 +59,10 @@ void MappedExcel::openDocument(const std::string& path) {
     refuseWithoutCells(**office_, path);
 }
 
+void MappedExcel::beginAt(const std::string& place) {
+    activateStart(*workbook_, place);
+}
+
 bool MappedExcel::drop(CNodeDropper& dropper, const MappedObject& object) {
     return dropper.NodeDrop(object.node, workbook_, object.xmlNodes, false, object.documentType,
                             object.fields);
@@ -65,6 +70,12 @@ bool MappedExcel::drop(CNodeDropper& dropper, const MappedObject& object) {
 
 void MappedExcel::saveAs(const std::string& path) {
     workbook_->SaveAs(path, formats_.workbookFormatOf(path));
+}
+
+void MappedExcel::closeDocument() {
+    workbook_->SetSaved(true);
+    workbook_->Close(excel::SaveChanges::No);
+    workbook_.reset();
 }
 
 }  // namespace mergeloom

@@ -20,17 +20,21 @@ class MappedExcel final : public MappingOffice {
 
     [[nodiscard]] std::string name() const override { return "Excel"; }
     [[nodiscard]] bool makesLabels() const override { return false; }
+    [[nodiscard]] std::string templateExtension() const override { return "xltx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     [[nodiscard]] std::string formatNameOf(const std::string& path) const override;
     [[nodiscard]] std::string refusalToSave(const std::string& path) const override;
     [[nodiscard]] std::string refusalToOpen(const std::string& path) const override;
     [[nodiscard]] bool isForeign(const std::string& path) const override;
     void start() override { office_.emplace(startExcel_(), errors_); }
+    [[nodiscard]] bool isStarted() const override { return office_.has_value(); }
     void addDocument(const std::string& templatePath) override;
     void openDocument(const std::string& path) override;
+    void beginAt(const std::string& place) override;
     bool drop(CNodeDropper& dropper, const MappedObject& object) override;
     model::OfficeDocument& document() override { return *workbook_; }
     void saveAs(const std::string& path) override;
+    void closeDocument() override;
 
   private:
     const ExcelStarter& startExcel_;

@@ -2,6 +2,7 @@
 
 #include "app/FileFormats.h"
 #include "app/MergeloomErrorCodes.h"
+#include "app/WordStart.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Documents.h"
 #include "office/model/word/Selection.h"
@@ -50,6 +51,10 @@ void MappedWord::openDocument(const std::string& path) {
     if (!hasSelection(**office_)) RaiseMappingError(kLabelDocumentIncorrect);
 }
 
+void MappedWord::beginAt(const std::string& place) {
+    selectStart(*document_, place);
+}
+
 bool MappedWord::drop(CNodeDropper& dropper, const MappedObject& object) {
     return dropper.NodeDrop(object.node, document_, object.xmlNodes, false, object.documentType,
                             object.fields);
@@ -57,6 +62,12 @@ bool MappedWord::drop(CNodeDropper& dropper, const MappedObject& object) {
 
 void MappedWord::saveAs(const std::string& path) {
     document_->SaveAs(path, formats_.documentFormatOf(path));
+}
+
+void MappedWord::closeDocument() {
+    document_->SetSaved(true);
+    document_->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    document_.reset();
 }
 
 }  // namespace mergeloom

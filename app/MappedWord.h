@@ -20,17 +20,21 @@ class MappedWord final : public MappingOffice {
 
     [[nodiscard]] std::string name() const override { return "Word"; }
     [[nodiscard]] bool makesLabels() const override { return true; }
+    [[nodiscard]] std::string templateExtension() const override { return "dotx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     [[nodiscard]] std::string formatNameOf(const std::string& path) const override;
     [[nodiscard]] std::string refusalToSave(const std::string& path) const override;
     [[nodiscard]] std::string refusalToOpen(const std::string& path) const override;
     [[nodiscard]] bool isForeign(const std::string& path) const override;
     void start() override { office_.emplace(startWord_(), errors_); }
+    [[nodiscard]] bool isStarted() const override { return office_.has_value(); }
     void addDocument(const std::string& templatePath) override;
     void openDocument(const std::string& path) override;
+    void beginAt(const std::string& place) override;
     bool drop(CNodeDropper& dropper, const MappedObject& object) override;
     model::OfficeDocument& document() override { return *document_; }
     void saveAs(const std::string& path) override;
+    void closeDocument() override;
 
   private:
     const WordStarter& startWord_;

@@ -21,11 +21,6 @@ std::string existingFile(std::int32_t commandLineSwitch, ErrorNumber missing) {
     return fullPath(path);
 }
 
-std::string readXmlFile() {
-    if (!isGiven(kXmlFileSwitch)) RaiseMappingError(kXmlFileNotDefined);
-    return existingFile(kXmlFileSwitch, kXmlFileDoesNotExist);
-}
-
 /// A document to build on may be changed in place, so only then the template may be left out altogether. A
 /// switch without a value is a mistake, and a folder is no template.
 std::string readTarget(bool hasDocument, bool allowExistingTemplate) {
@@ -49,12 +44,19 @@ MappingType typeOf(const MappingArguments& arguments) {
 
 }  // namespace
 
-MappingArguments readMappingArguments(bool allowExistingTemplate) {
+std::string existingXmlFile() {
+    if (!isGiven(kXmlFileSwitch)) RaiseMappingError(kXmlFileNotDefined);
+    return existingFile(kXmlFileSwitch, kXmlFileDoesNotExist);
+}
+
+MappingArguments readMappingArguments(const MappingOptions& options, bool allowExistingTemplate) {
     MappingArguments arguments;
-    arguments.xmlFile = readXmlFile();
+    arguments.xmlFile = existingXmlFile();
     arguments.directory = isGiven(kDirectorySwitch);
     arguments.useDocument = existingFile(kUseDocumentSwitch, kUseDocumentDoesNotExist);
-    arguments.targetPath = readTarget(!arguments.useDocument.empty(), allowExistingTemplate);
+    if (!options.mapsAll()) {
+        arguments.targetPath = readTarget(!arguments.useDocument.empty(), allowExistingTemplate);
+    }
     arguments.targetExists = fileExists(arguments.targetPath);
     arguments.listing = isGiven(kListingSwitch);
     arguments.labelDocument = existingFile(kLabelSwitch, kLabelDocumentDoesNotExist);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/MappingOptions.h"
+
 #include <string>
 
 namespace mergeloom {
@@ -11,7 +13,9 @@ enum class MappingType { Listing = 0, ByView = 1, LabelDocument = 2, Form = 3 };
 struct MappingArguments {
     std::string xmlFile;
     std::string useDocument;  ///< the document to build on; may be empty
-    std::string targetPath;   ///< the template to write; empty: the document to build on is changed in place
+    /// The template to write; empty: the document to build on is changed in place. Unused where each object
+    /// gets a template.
+    std::string targetPath;
     bool targetExists = false;  ///< the new template is made from the one that it replaces
     std::string labelDocument;  ///< may be empty
     std::string fields;         ///< the field list as it was given
@@ -20,8 +24,12 @@ struct MappingArguments {
     MappingType type = MappingType::ByView;
 };
 
+/// The full path of the structure document. Raises the mapping error when there is none.
+std::string existingXmlFile();
+
 /// Reads and checks the parsed command line. Raises the mapping error of the first check that fails. A
-/// template without a folder lies in the current folder, as with any other program.
-MappingArguments readMappingArguments(bool allowExistingTemplate);
+/// template without a folder lies in the current folder, as with any other program. The options may name a
+/// folder for the templates of all objects, which takes the place of the template.
+MappingArguments readMappingArguments(const MappingOptions& options, bool allowExistingTemplate);
 
 }  // namespace mergeloom

@@ -5,6 +5,7 @@
 #include "xml/XmlNodeCollection.h"
 
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -13,9 +14,18 @@ bool listsFields(const std::string& fieldList);
 /// Whether a list holds anything but separators and blanks.
 bool namesFields(const std::string& fieldList);
 
-/// The tree keys of the fields that a list names, in the list's order. The names stand between commas, or
-/// between semicolons where there is no comma, and are those of children of the object's node, letter case
-/// aside. A name that no child has is passed over.
-FieldKeys fieldKeys(const TreeNode& object, const XmlNodeCollection& xmlNodes, const std::string& fieldList);
+/// What a list of fields names.
+struct NamedFields {
+    FieldKeys keys;                      ///< of the fields in the tree, in the list's order
+    std::vector<std::string> unmatched;  ///< the names that no field has
+};
+
+/// Says which names match no field of the object with that title; empty when all match.
+std::string unmatchedSentence(const NamedFields& fields, const std::string& object);
+
+/// Finds the fields that a list names. The names are separated by commas, or by semicolons where there is no
+/// comma, and are those of children of the object's node, letter case and the blanks around them aside.
+NamedFields fieldsNamed(const TreeNode& object, const XmlNodeCollection& xmlNodes,
+                        const std::string& fieldList);
 
 }  // namespace mergeloom

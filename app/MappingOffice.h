@@ -19,8 +19,8 @@ struct MappedObject {
     const FieldKeys* fields;  ///< the columns of a table; none: all of them
 };
 
-/// An office that a mapping starts for itself, and the one document that the mapping makes in it. The office
-/// is closed with the document, unsaved, at the end.
+/// An office that a mapping starts for itself, and the document that the mapping makes in it, one at a time.
+/// The office is closed with the document, unsaved, at the end.
 class MappingOffice {
   public:
     MappingOffice() = default;
@@ -31,6 +31,8 @@ class MappingOffice {
     /// What sentences for the user call it.
     [[nodiscard]] virtual std::string name() const = 0;
     [[nodiscard]] virtual bool makesLabels() const = 0;
+    /// The extension of templates that nobody gave one, without its dot.
+    [[nodiscard]] virtual std::string templateExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;
     /// What dialogs call the format of the path's extension.
     [[nodiscard]] virtual std::string formatNameOf(const std::string& path) const = 0;
@@ -44,16 +46,23 @@ class MappingOffice {
 
     /// Comes before all that follows.
     virtual void start() = 0;
+    [[nodiscard]] virtual bool isStarted() const = 0;
     /// Makes the document from a template, or an empty one when the path is empty.
     virtual void addDocument(const std::string& templatePath) = 0;
     /// Opens the document. One into which nothing can be dropped raises a mapping error or a MappingRefusal.
     virtual void openDocument(const std::string& path) = 0;
+
+    /// Makes the mapping begin at a place of the document: kAtEnd, or the name of a place. Raises
+    /// MappingRefusal when there is no such place.
+    virtual void beginAt(const std::string& place) = 0;
 
     /// Whether something was dropped.
     virtual bool drop(CNodeDropper& dropper, const MappedObject& object) = 0;
     virtual model::OfficeDocument& document() = 0;
     /// Saves the document in the format of the path's extension.
     virtual void saveAs(const std::string& path) = 0;
+    /// Closes the document as it is on the disk. Another one may follow.
+    virtual void closeDocument() = 0;
 };
 
 }  // namespace mergeloom

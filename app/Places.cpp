@@ -5,8 +5,8 @@
 
 namespace mergeloom {
 
-void writePlaces(std::ostream& stream, const std::vector<Place>& places, PlacesFormat format) {
-    if (format == PlacesFormat::Json) {
+void writePlaces(std::ostream& stream, const std::vector<Place>& places, ListFormat format) {
+    if (format == ListFormat::Json) {
         writePlacesJson(stream, places);
     } else {
         writePlacesTable(stream, places);

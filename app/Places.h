@@ -18,6 +18,6 @@ std::vector<Place> placesOf(word::Document& document);
 std::vector<Place> placesOf(excel::Workbook& workbook);
 
 /// Writes the places as an aligned table with a heading, or as a JSON array of objects.
-void writePlaces(std::ostream& stream, const std::vector<Place>& places, PlacesFormat format);
+void writePlaces(std::ostream& stream, const std::vector<Place>& places, ListFormat format);
 
 }  // namespace mergeloom

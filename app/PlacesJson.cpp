@@ -1,5 +1,7 @@
 #include "app/PlacesJson.h"
 
+#include "app/JsonText.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -7,31 +9,13 @@ namespace mergeloom {
 
 namespace {
 
-constexpr std::string_view kHexDigits = "0123456789abcdef";
-
-/// A JSON string (RFC 8259, section 7).
-void writeText(std::ostream& stream, std::string_view text) {
-    stream << '"';
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\') {
-            stream << '\\' << character;
-        } else if (code < 0x20 || code == 0x7F) {
-            stream << "\\u00" << kHexDigits[code / 16] << kHexDigits[code % 16];
-        } else {
-            stream << character;
-        }
-    }
-    stream << '"';
-}
-
 void writeKey(std::ostream& stream, std::string_view key) {
     stream << ", \"" << key << "\": ";
 }
 
 void writeMember(std::ostream& stream, std::string_view key, std::string_view text) {
     writeKey(stream, key);
-    writeText(stream, text);
+    writeJsonText(stream, text);
 }
 
 void writeMember(std::ostream& stream, std::string_view key, std::int64_t number) {
@@ -62,7 +46,7 @@ void writeLocation(std::ostream& stream, const CellLocation& location) {
 
 void writePlace(std::ostream& stream, const Place& place) {
     stream << "{\"name\": ";
-    writeText(stream, place.name);
+    writeJsonText(stream, place.name);
     writeMember(stream, "kind", place.kind);
     writeMember(stream, "text", place.text);
     std::visit([&](const auto& location) { writeLocation(stream, location); }, place.location);

@@ -9,14 +9,18 @@
 #include "app/ConvertFieldsCommand.h"
 #include "app/FileFormats.h"
 #include "app/GnuOptions.h"
+#include "app/MappingArguments.h"
+#include "app/MappingSource.h"
 #include "app/MergeloomErrorCodes.h"
+#include "app/ObjectList.h"
 #include "app/Places.h"
 #include "app/StartedOffice.h"
+#include "app/StopSignal.h"
+#include "app/ToldErrors.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
-#include "office/factory/OfficeFactory.h"
 #include "office/model/excel/Workbooks.h"
 #include "office/model/word/Documents.h"
 
@@ -27,14 +31,19 @@ namespace mergeloom {
 
 namespace {
 
-/// An object was unloaded while the program ended.
-constexpr ErrorNumber kObjectUnloaded = 364;
-
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
+constexpr int kEndedBySignal = 128;
 
-OfficeKind officeKindOf(OfficeChoice choice) {
-    return choice == OfficeChoice::LibreOffice ? OfficeKind::LibreOffice : OfficeKind::Embedded;
+/// Without a mapping such options would be passed over.
+void refuseOptionsOfMappings(const GnuOptions& options) {
+    if (!GetCommandLineArgument(kFieldsSwitch).empty()) return;
+    const bool isGiven = !options.mapping.object.empty() || !options.mapping.at.empty();
+    if (!isGiven) return;
+    throw AutomationError(
+        kOptionNotUnderstood,
+        "Options '--object' and '--at' belong to a mapping: add -hidden, or -fields to have "
+        "one made before the window opens.");
 }
 
 /// One run of the program.
@@ -44,13 +53,15 @@ class Run {
         : options_(options),
           console_(console),
           startDesigner_(startDesigner),
-          office_(officeKindOf(options.office), files_),
+          office_(options.office, files_),
           messages_(console.errors),
           errors_(console.errors) {
         if (console.errorsAreWatched) progress_ = std::make_unique<ConsoleProgress>(console.errors);
     }
 
     int map(std::span<const std::string> arguments);
+    int mapAll(std::span<const std::string> arguments);
+    int listObjects(std::span<const std::string> arguments);
     int listPlaces();
     int convertFields();
 
@@ -58,10 +69,12 @@ class Run {
     template <typename Body>
     int tellErrorsOf(const Body& body);
     void start(std::span<const std::string> arguments);
+    template <typename Body>
+    bool succeeds(const Body& body);
+    [[nodiscard]] int statusOf(bool mapped) const;
     bool mapUnattended();
-    void mapBeforeDesigner();
+    bool mapAllObjects();
     bool showDesigner(std::span<const std::string> arguments);
-    void tell(const AutomationError& error);
     CAutoMapping makeMapping();
     std::vector<Place> readPlaces();
 
@@ -76,27 +89,38 @@ class Run {
     std::unique_ptr<Progress> progress_;
 };
 
-/// The order of the steps is the order in which the designer and the unattended run share them.
 int Run::map(std::span<const std::string> arguments) {
-    bool done = false;
-    bool isUnattended = false;
+    start(arguments);
+    if (!GetCommandLineArgument(kHiddenSwitch).empty()) {
+        return statusOf(succeeds([this] { return mapUnattended(); }));
+    }
+    refuseOptionsOfMappings(options_);
+    return succeeds([&] { return showDesigner(arguments); }) ? kSuccess : kFailure;
+}
+
+/// Runs the body under the entry routine's own trap. Returns false after an error, which is told.
+template <typename Body>
+bool Run::succeeds(const Body& body) {
     try {
-        start(arguments);
-        isUnattended = !GetCommandLineArgument(kHiddenSwitch).empty();
-        done = isUnattended ? mapUnattended() : showDesigner(arguments);
+        return body();
     } catch (const AutomationError& error) {
-        tell(error);
+        tellError(error, errors_, messages_);
     } catch (const std::exception& error) {
         errors_.report({0, error.what(), {}, "modMain", "Main"});
     }
-    // Callers that never learned of a failure by the status rely on its being 0.
-    const bool tellsFailure = !isUnattended || options_.exitStatus == ExitStatus::TellsFailure;
-    return done || !tellsFailure ? kSuccess : kFailure;
+    return false;
+}
+
+/// Callers that never learned of a failure by the status rely on its being 0.
+int Run::statusOf(bool mapped) const {
+    const bool tellsFailure = options_.exitStatus == ExitStatus::TellsFailure;
+    return mapped || !tellsFailure ? kSuccess : kFailure;
 }
 
 void Run::start(std::span<const std::string> arguments) {
     std::string commandLine;
-    GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
+    GetCommandLineArguments(CommandLineText::fromArguments(arguments.subspan(options_.firstArgument)),
+                            commandLine);
     gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
 }
 
@@ -109,40 +133,48 @@ bool Run::mapUnattended() {
     return true;
 }
 
-bool Run::showDesigner(std::span<const std::string> arguments) {
-    if (!GetCommandLineArgument(kFieldsSwitch).empty()) mapBeforeDesigner();
-    return startDesigner_(arguments) == kSuccess;
+int Run::mapAll(std::span<const std::string> arguments) {
+    start(arguments);
+    const StopSignal stop;
+    const bool mapped = succeeds([this] { return mapAllObjects(); });
+    const int signal = StopSignal::received();
+    // The status that a shell reports of a process that the signal ended.
+    return signal != 0 && !mapped ? kEndedBySignal + signal : statusOf(mapped);
 }
 
-void Run::mapBeforeDesigner() {
+bool Run::mapAllObjects() {
     CAutoMapping mapping = makeMapping();
-    mapping.SetAllowExistingTemplate(true);
     mapping.ReadArguments();
-    if (!mapping.Execute()) RaiseMappingError(kMappingStopped);
+    if (!mapping.ExecuteAll([] { return StopSignal::received() != 0; })) return false;
+    DeleteXmlFileIfRequested();
+    return true;
 }
 
-void Run::tell(const AutomationError& error) {
-    if (error.number() == kObjectUnloaded) return;
-    if (!isMappingError(error.number())) {
-        errors_.report({error.number(), error.description(), {}, "modMain", "Main"});
-    } else if (!error.description().empty()) {
-        messages_.show({error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
-    }
+int Run::listObjects(std::span<const std::string> arguments) {
+    start(arguments);
+    return tellErrorsOf([this] {
+        MappingSource source{existingXmlFile(), errors_, messages_};
+        if (!source.firstObject()) RaiseMappingError(kXmlFileIncorrect);
+        writeObjects(console_.output, objectsOf(source), options_.listFormat);
+        return true;
+    });
+}
+
+/// The designer makes the mapping that comes before it, since there is a user who wants to see its messages.
+bool Run::showDesigner(std::span<const std::string> arguments) {
+    return startDesigner_(arguments) == kSuccess;
 }
 
 CAutoMapping Run::makeMapping() {
     Progress& progress = progress_ ? *progress_ : noProgress_;
-    return {[this] { return office_.startWord(); },
-            [this] { return office_.startExcel(); },
-            office_.formats(),
-            errors_,
-            messages_,
-            progress};
+    CAutoMapping mapping = office_.makeMapping(errors_, messages_, progress);
+    mapping.SetOptions(options_.mapping);
+    return mapping;
 }
 
 int Run::listPlaces() {
     return tellErrorsOf([this] {
-        writePlaces(console_.output, readPlaces(), options_.placesFormat);
+        writePlaces(console_.output, readPlaces(), options_.listFormat);
         return true;
     });
 }
@@ -187,12 +219,16 @@ int runTask(const GnuOptions& options, std::span<const std::string> arguments, c
         case Task::ShowVersion:
             console.output << versionText();
             return kSuccess;
+        case Task::MapAll:
+            return Run(options, console, startDesigner).mapAll(arguments);
+        case Task::ListObjects:
+            return Run(options, console, startDesigner).listObjects(arguments);
         case Task::ListPlaces:
             return Run(options, console, startDesigner).listPlaces();
         case Task::ConvertFields:
             return Run(options, console, startDesigner).convertFields();
         default:
-            return Run(options, console, startDesigner).map(arguments.subspan(options.firstArgument));
+            return Run(options, console, startDesigner).map(arguments);
     }
 }
 

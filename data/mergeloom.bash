@@ -3,7 +3,7 @@
 _mergeloom() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
     local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
-    local options='--places --json --convert-fields --output --office= --exit-status --version --help'
+    local options='--object --at --all --format --list-objects --places --json --convert-fields --output --office= --exit-status --version --help'
     COMPREPLY=()
 
     # bash takes "--office=name" apart into three words.
@@ -20,7 +20,10 @@ _mergeloom() {
         -label | /label | --convert-fields | --output)
             _mergeloom_files 'doc|docx|docm|dot|dotx|dotm|odt|rtf' ;;
         --office) mapfile -t COMPREPLY < <(compgen -W 'embedded libreoffice' -- "$cur") ;;
-        -fields | /fields) ;;
+        --all) _mergeloom_files '' ;;
+        --format) mapfile -t COMPREPLY < <(compgen -W 'docx docm dotx dotm xlsx xlsm xltx xltm' -- "$cur") ;;
+        --at) mapfile -t COMPREPLY < <(compgen -W 'start end' -- "$cur") ;;
+        -fields | /fields | --object) ;;
         *)
             if [[ ${prev,,} == -hidden && $cur != -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W 'formview' -- "$cur")

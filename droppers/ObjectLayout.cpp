@@ -45,4 +45,9 @@ ObjectLayout layoutOf(DropContext& context, const XmlNode& object) {
     }
 }
 
+std::string viewNameOf(const XmlNode& object) {
+    if (GetAttributeValue(object, Attribute::CurrentView).empty()) return {};
+    return viewName(numberOf(object, Attribute::CurrentView));
+}
+
 }  // namespace mergeloom

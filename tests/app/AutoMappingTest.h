@@ -59,12 +59,13 @@ class AutoMappingTest : public testing::Test {
                              messages,
                              progress};
         mapping.SetAllowExistingTemplate(allowExisting);
+        mapping.SetOptions(options);
         made = false;
         startedWords = 0;
         startedExcels = 0;
         try {
             mapping.ReadArguments();
-            made = mapping.Execute();
+            made = options.mapsAll() ? mapping.ExecuteAll(isStopped) : mapping.Execute();
         } catch (const AutomationError& error) {
             return error.number();
         }
@@ -121,6 +122,8 @@ class AutoMappingTest : public testing::Test {
     OfficeFormats formats{OfficeKind::Embedded, disk, converter};
     std::function<word::ApplicationPtr(word::ApplicationPtr)> wrap = [](auto office) { return office; };
     std::function<void()> whenExcelStarts = [] {};
+    MappingOptions options;
+    std::function<bool()> isStopped = [] { return false; };
     RecordingErrorHandler errors;
     RecordingMessages messages;
     NoProgress progress;

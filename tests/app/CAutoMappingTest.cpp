@@ -149,7 +149,7 @@ TEST_F(AutoMapping, AFieldListChoosesTheColumns) {
     };
     const std::vector<Case> cases{
         {{"-listing", "-fields", "B;a"}, 0, "\n[TT:B\n|A\n|[B:B] \n|[A:A] \n|]\n"},
-        {{"-listing", "-fields", "C,none,B"}, 0, "\n[TT:C\n|B\n|[C:C] \n|[B:B] \n|]\n"},
+        {{"-listing", "-fields", "C, none ,B"}, 0, "\n[TT:C\n|B\n|[C:C] \n|[B:B] \n|]\n"},
         {{"-listing", "-fields"}, 0, "\n[TT:A\n|B\n|C\n|[A:A] \n|[B:B] \n|[C:C] \n|]\n"},
         {{"-fields", "B"}, 0, "\n[TT:A\n|B\n|C\n|[A:A] \n|[B:B] \n|[C:C] \n|]\n"},
         {{"-listing", "-fields", "none;X"}, kFieldListIncorrect, ""},
@@ -167,7 +167,10 @@ TEST_F(AutoMapping, AFieldListChoosesTheColumns) {
         }
         std::filesystem::remove(folder / "abc.dotx");
     }
-    EXPECT_EQ(messages.texts(), "The subform \"S\" cannot be a column of a table.\n");
+    const std::string lacks = "The list of fields names ";
+    EXPECT_EQ(messages.texts(), lacks + "\"none\": Table \"T\" has no such field.\n" + lacks +
+                                    "\"none\", \"X\": Table \"T\" has no such field.\n"
+                                    "The subform \"S\" cannot be a column of a table.\n");
 }
 
 TEST_F(AutoMapping, ALabelDocumentIsBuiltOnAndStaysAsItIs) {
@@ -248,11 +251,12 @@ TEST_F(AutoMapping, FieldListsNameTheObjectsChildren) {
         FieldKeys expected;
     };
     const std::vector<Case> cases{
-        {"B,a", {"3k", "2k"}},   {"b;A", {"3k", "2k"}}, {"none,B,", {"3k"}},
-        {"a,c;d", {"2k", "4k"}}, {"B,b", {"3k", "3k"}}, {"B, a", {"3k"}},
+        {"B,a", {"3k", "2k"}}, {"b;A", {"3k", "2k"}},       {"none,B,", {"3k"}},    {"a,c;d", {"2k", "4k"}},
+        {"B,b", {"3k", "3k"}}, {" B ;\ta\n", {"3k", "2k"}}, {"B, a", {"3k", "2k"}},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(fieldKeys(*source.firstObject(), source.xmlNodes(), c.list), c.expected) << c.list;
+        const NamedFields named = fieldsNamed(*source.firstObject(), source.xmlNodes(), c.list);
+        EXPECT_EQ(named.keys, c.expected) << c.list;
     }
     EXPECT_FALSE(listsFields(""));
     EXPECT_FALSE(listsFields("{empty}"));

@@ -1,8 +1,13 @@
+#include "app/ConsoleProgress.h"
+#include "app/MappingBeforeDesigner.h"
+#include "app/mCommandLine.h"
 #include "app/modMainEntry.h"
 #include "doubles/ExcelFiles.h"
+#include "doubles/RecordingMessages.h"
 #include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
 #include "libreoffice/OfficeProcesses.h"
+#include "xml/RecordingErrorHandler.h"
 
 #include <gmock/gmock.h>
 
@@ -88,19 +93,82 @@ TEST_F(EntryRoutine, OnlyASuccessfulRunDeletesTheStructureDocument) {
 
 TEST_F(EntryRoutine, WithoutHiddenTheDesignerIsStarted) {
     EXPECT_EQ(run({"--exit-status", "-xmlfile", "%/letter.xml"}), 0);
-    // What stood before the switches was for this program.
-    EXPECT_THAT(designed, ElementsAre(ElementsAre("-xmlfile", folder / "letter.xml")));
+    EXPECT_THAT(designed, ElementsAre(ElementsAre("--exit-status", "-xmlfile", folder / "letter.xml")));
 
-    // A mapping that the designer follows is made before.
-    run({"-fields", "-xmlfile", "%/letter.xml", "-template", "%/letter.dotx"});
-    EXPECT_TRUE(exists("letter.dotx"));
+    // The designer makes the mapping before it, for that is where the user is.
+    run({"--object=Letter", "-fields", "-xmlfile", "%/design.xml", "-template", "%/design.dotx"});
     EXPECT_EQ(designed.size(), 2U);
     EXPECT_EQ(errors.str(), "");
 
-    // After one that fails there is nothing to design.
-    run({"-fields", "-xmlfile", "%/design.xml", "-template", "%/design.dotx"});
-    EXPECT_EQ(errors.str(), "mergeloom: Support for Design view is not realised yet.\n");
+    EXPECT_EQ(run({"--object=Letter", "-xmlfile", "%/letter.xml"}), 1);
+    EXPECT_THAT(errors.str(), HasSubstr("add -hidden, or -fields"));
     EXPECT_EQ(designed.size(), 2U);
+}
+
+TEST_F(EntryRoutine, AMappingBeforeTheDesignerTellsItsUser) {
+    const struct {
+        std::string structure, template_;
+        bool expected;
+        std::string told;
+    } cases[] = {
+        {"letter.xml", "letter.dotx", true, ""},
+        {"design.xml", "new.dotx", false, "Support for Design view is not realised yet.\n"},
+        {"none.xml", "new.dotx", false, "XML file does not exist.\n"},
+    };
+    for (const auto& [structure, target, expected, told] : cases) {
+        std::string commandLine;
+        GetCommandLineArguments(CommandLineText::fromArguments(std::vector<std::string>{
+                                    "-fields", "-xmlfile", folder / structure, "-template", folder / target}),
+                                commandLine);
+        RecordingMessages messages;
+        RecordingErrorHandler reports;
+        NoProgress progress;
+        EXPECT_EQ(mapBeforeDesigner({}, reports, messages, progress), expected) << structure;
+        EXPECT_EQ(messages.texts(), told);
+        EXPECT_TRUE(reports.reports.empty());
+        EXPECT_EQ(exists(target), expected);
+    }
+}
+
+TEST_F(EntryRoutine, ListsObjects) {
+    folder.put("many.xml",
+               "<db><TABLE Name='A \"b\"' CurrentView='2'><Control Name='X'/><Control Name='S' "
+               "ControlType='Subform'><Form><Control Name='Y'/></Form></Control></TABLE>"
+               "<Control Name='Stray'/><Query Name='Bö'/><Form Name='C' CurrentView='9'/></db>");
+    EXPECT_EQ(run({"--list-objects", "-xmlfile", "%/many.xml"}), 0);
+    EXPECT_EQ(output.str(),
+              "KIND   NAME   VIEW       CONTROLS\n"
+              "Table  A \"b\"  Datasheet  3\n"
+              "Query  Bö                0\n"
+              "Form   C      9          0\n");
+    EXPECT_EQ(run({"--list-objects", "--json", "-hidden", "-xmlfile", "%/many.xml"}), 0);
+    EXPECT_EQ(
+        output.str(),
+        "[\n"
+        "  {\"kind\": \"Table\", \"name\": \"A \\\"b\\\"\", \"view\": \"Datasheet\", \"controls\": 3},\n"
+        "  {\"kind\": \"Query\", \"name\": \"Bö\", \"view\": null, \"controls\": 0},\n"
+        "  {\"kind\": \"Form\", \"name\": \"C\", \"view\": \"9\", \"controls\": 0}\n"
+        "]\n");
+    EXPECT_EQ(run({"--list-objects"}), 1);
+    EXPECT_EQ(errors.str(), "mergeloom: XML file is not defined.\n");
+    EXPECT_EQ(run({"--list-objects", "-xmlfile", "%/none.xml"}), 1);
+    EXPECT_EQ(errors.str(), "mergeloom: XML file does not exist.\n");
+}
+
+TEST_F(EntryRoutine, MapsAllObjects) {
+    const std::string letter = "<Form Name='Letter' CurrentView='1'><Control Name='A'/></Form>";
+    folder.put("all.xml", "<db>" + letter + "</db>");
+    folder.put("some.xml", "<db>" + letter + "<Form Name='Raw' CurrentView='0'/></db>");
+    std::filesystem::create_directory(folder / "a");
+    std::filesystem::create_directory(folder / "b");
+    EXPECT_EQ(run({"--exit-status", "--all", "%/a", "-xmlfile", "%/all.xml", "-deletexmlfile"}), 0);
+    EXPECT_EQ(output.str() + errors.str(), "");
+    EXPECT_TRUE(exists("a/Letter.dotx"));
+    EXPECT_FALSE(exists("all.xml"));
+    EXPECT_EQ(run({"--exit-status", "--all", "%/b", "-xmlfile", "%/some.xml", "-deletexmlfile"}), 1);
+    EXPECT_TRUE(exists("b/Letter.dotx"));
+    EXPECT_TRUE(exists("some.xml"));
+    EXPECT_EQ(run({"--all", "%/b", "-xmlfile", "%/some.xml"}), 0) << "the status is not asked for";
 }
 
 TEST_F(EntryRoutine, ListsPlaces) {

@@ -17,7 +17,7 @@ from lxml import etree
 
 import read_docx
 import read_xlsx
-from designer_window import Designer, Screen, click, drag, find, key, middle, screenshot, type_text, wait_for
+from designer_window import PATIENCE, Designer, Screen, click, drag, find, key, middle, screenshot, type_text, wait_for
 
 PROGRAM = Path(os.environ["MERGELOOM"])
 DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
@@ -249,6 +249,32 @@ class InExcel(DesignerTest):
         subprocess.run([PROGRAM, "-excel", "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
         dropped = self.save_as("form.xlsx")
         self.assertCountEqual(read_xlsx.read_names(dropped), read_xlsx.read_names(mapped))
+
+
+class MappingFirst(DesignerTest):
+    def start_mapping(self, *options_and_switches):
+        self.designer = Designer(PROGRAM, [*options_and_switches, "-listing", "-xmlfile", SAMPLE, "-template",
+                                           self.folder / "list.dotx"])
+        self.addCleanup(self.designer.close)
+        return self.designer
+
+    def test_what_it_tells_comes_in_a_window(self):
+        """The status of one that failed is asked for or stays 0, and no designer follows."""
+        for options, status in (([], 0), (["--exit-status"], 1)):
+            with self.subTest(options=options):
+                designer = self.start_mapping(*options, "-fields", "Nothing")
+                for sentence in ('The list of fields names "Nothing"', "FieldList is incorrect."):
+                    wait_for(sentence, lambda: sentence in self.designer.texts_of(designer.dialog()))
+                    designer.press("OK", designer.dialog())
+                self.assertEqual(designer.process.wait(PATIENCE), status)
+                self.assertFalse((self.folder / "list.dotx").exists())
+
+    def test_the_designer_follows(self):
+        designer = self.start_mapping("-fields", "OrderDate, OrderNumber")
+        designer.wait_until_ready()
+        self.assertIn("list.dotx", designer.title())
+        names = [place["name"] for place in read_docx.read_bookmarks(self.folder / "list.dotx")[0]]
+        self.assertEqual(names, ["OrdersT", "OrderDate", "OrderNumber"])
 
 
 class WithoutAScreen(unittest.TestCase):

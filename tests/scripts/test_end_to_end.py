@@ -5,6 +5,7 @@ validator of Office Open XML, it judges every document, too.
 """
 import json
 import os
+import signal
 import struct
 import subprocess
 import tempfile
@@ -45,6 +46,8 @@ FORM = """<?xml version="1.0" encoding="UTF-8"?>
   </Form>
 </Database>
 """
+
+FORM_OF_ITS_OWN = '<Form Name="In/Out" CurrentView="1"><Control Name="Amount" ControlType="Textbox"/></Form>'
 
 # Each line of the letter with the bookmark in it.
 FORM_PLACES = [
@@ -205,6 +208,43 @@ class Mapping(unittest.TestCase):
         self.assertEqual(done.returncode, 1)
         self.assertIn("Template already exists.", done.stderr)
         self.assertEqual(target.read_text(), "precious")
+
+    def test_all_objects(self):
+        """Each template of a database is the one that the object gets alone."""
+        structure = self.folder / "database.xml"
+        structure.write_text(FORM.replace("</Database>", FORM_OF_ITS_OWN + "</Database>"), encoding="utf-8")
+        done = run("--list-objects", "--json", "-xmlfile", structure)
+        self.assertEqual([one["name"] for one in json.loads(done.stdout)], ["Letter", "In/Out"])
+        together = self.folder / "together"
+        together.mkdir()
+        done = run("--exit-status", "--all", together, "--format", "docx", "-xmlfile", structure)
+        self.assertEqual((done.returncode, done.stdout), (0, ""))
+        self.assertEqual({path.name for path in together.iterdir()}, {"Letter.docx", "In_Out.docx"})
+        for name in ("Letter", "In/Out"):
+            alone = self.folder / "alone" / f"{name.replace('/', '_')}.docx"
+            alone.parent.mkdir(exist_ok=True)
+            self.assertEqual(run("--object", name, "-hidden", "-xmlfile", structure, "-template", alone).stderr, "")
+            self.validate(together / alone.name)
+            self.assertEqual(packed_entries(together / alone.name), packed_entries(alone))
+
+    def test_an_interruption_leaves_whole_templates(self):
+        structure = self.folder / "database.xml"
+        forms = (FORM_OF_ITS_OWN.replace("In/Out", f"Form{number}") for number in range(20_000))
+        structure.write_text(f"<Database>{''.join(forms)}</Database>", encoding="utf-8")
+        templates = self.folder / "templates"
+        templates.mkdir()
+        process = subprocess.Popen([PROGRAM, "--all", templates, "-xmlfile", structure], stderr=subprocess.PIPE,
+                                   text=True)
+        self.addCleanup(process.stderr.close)
+        while not any(templates.glob("*.dotx")):
+            self.assertIsNone(process.poll())
+        process.send_signal(signal.SIGINT)
+        told = process.communicate(timeout=60)[1]
+        self.assertEqual(process.returncode, 128 + signal.SIGINT, told)
+        made = list(templates.iterdir())
+        self.assertRegex(told, f"{len(made)} of 20000 templates were made")
+        for template in made:
+            self.assertEqual([place["name"] for place in self.places(template)], ["Amount"])
 
     def test_the_sample(self):
         target = self.folder / "orders.dotx"

@@ -1,9 +1,14 @@
 #include "ui/designer/DesignerMain.h"
 
 #include "app/CommandLineText.h"
+#include "app/ConsoleProgress.h"
+#include "app/GnuOptions.h"
+#include "app/MappingBeforeDesigner.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "ui/designer/frmMain.h"
+#include "ui/dialogs/ErrorDialog.h"
+#include "ui/dialogs/MessageBoxes.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -11,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,6 +24,7 @@ namespace mergeloom {
 
 namespace {
 
+constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 constexpr const char* kXcb = "xcb";
@@ -26,11 +33,14 @@ constexpr const char* kNoDisplay =
     "Set "
     "DISPLAY, or add -hidden to make the template without a window.\n";
 
-void readSwitches(int count, char** values) {
+GnuOptions readCommandLine(int count, char** values) {
     const std::vector<std::string> arguments(values + (count > 0 ? 1 : 0), values + count);
+    const GnuOptions options = readGnuOptions(arguments);
     std::string commandLine;
-    GetCommandLineArguments(CommandLineText::fromArguments(arguments), commandLine);
+    GetCommandLineArguments(
+        CommandLineText::fromArguments(std::span(arguments).subspan(options.firstArgument)), commandLine);
     gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
+    return options;
 }
 
 /// The office takes its place in a window of X11's only.
@@ -53,10 +63,25 @@ int showWindow() {
     return QApplication::exec();
 }
 
-}  // namespace
+/// Makes the mapping that the window is to show, with messages and questions in windows of their own.
+bool mapFirst(const GnuOptions& options) {
+    if (GetCommandLineArgument(kFieldsSwitch).empty()) return true;
+    // The last of these windows is not the end of the program.
+    QApplication::setQuitOnLastWindowClosed(false);
+    MessageBoxes messages{nullptr};
+    ErrorDialog errors{nullptr};
+    NoProgress progress;
+    const bool mapped = mapBeforeDesigner(options, errors, messages, progress);
+    QApplication::setQuitOnLastWindowClosed(true);
+    return mapped;
+}
 
-int runDesigner(int& count, char** values) {
-    readSwitches(count, values);
+int mapAndShow(const GnuOptions& options) {
+    if (mapFirst(options)) return showWindow();
+    return options.exitStatus == ExitStatus::TellsFailure ? kFailure : kSuccess;
+}
+
+int runWith(const GnuOptions& options, char** values) {
     choosePlatform();
     // The office's window is native; the tree and the bars need not become so with it.
     QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
@@ -69,8 +94,14 @@ int runDesigner(int& count, char** values) {
     // Under this name the desktop knows the program and has its picture.
     QApplication::setDesktopFileName(QStringLiteral("mergeloom"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("mergeloom")));
+    return mapAndShow(options);
+}
+
+}  // namespace
+
+int runDesigner(int& count, char** values) {
     try {
-        return showWindow();
+        return runWith(readCommandLine(count, values), values);
     } catch (const std::exception& error) {
         std::fputs(error.what(), stderr);
         std::fputs("\n", stderr);

@@ -1,0 +1,138 @@
+#include "app/CAutoMapping.h"
+#include "app/ConsoleProgress.h"
+#include "app/MappingRefusal.h"
+#include "app/MergeloomErrorCodes.h"
+#include "app/ObjectReports.h"
+#include "app/TemplateNames.h"
+#include "app/mCommandLine.h"
+#include "base/Paths.h"
+
+#include <algorithm>
+#include <iterator>
+
+/// The templates of all objects.
+namespace mergeloom {
+
+namespace {
+
+/// More names than these would hide what a sentence says.
+constexpr std::size_t kMostNames = 20;
+
+std::string listOf(const std::vector<std::string>& names) {
+    std::string list;
+    for (std::size_t index = 0; index < std::min(names.size(), kMostNames); ++index)
+        list += (index == 0 ? "" : ", ") + names[index];
+    if (names.size() <= kMostNames) return list;
+    return list + " and " + std::to_string(names.size() - kMostNames) + " more";
+}
+
+std::string countText(std::size_t made, std::size_t total) {
+    return std::to_string(made) + " of " + std::to_string(total) + " templates were made";
+}
+
+}  // namespace
+
+bool CAutoMapping::ExecuteAll(const std::function<bool()>& isStopped) {
+    return trapped([&] { return mapAll(isStopped); });
+}
+
+bool CAutoMapping::mapAll(const std::function<bool()>& isStopped) {
+    checkFolder();
+    const std::unique_ptr<MappingOffice> office = makeOffice();
+    MappingSource source(arguments_.xmlFile, errors_, messages_);
+    const std::vector<DatabaseObject> objects = objectsOf(source);
+    if (objects.empty()) RaiseMappingError(kXmlFileIncorrect);
+    readFolders(source.document());
+    const std::vector<Task> tasks = tasksOf(objects, *office);
+    checkArguments(*office, tasks.front().target);
+    refuseExisting(tasks);
+    return makeTemplates(*office, source, tasks, isStopped);
+}
+
+void CAutoMapping::checkFolder() const {
+    if (!GetCommandLineArgument(kTemplateSwitch).empty()) {
+        throw MappingRefusal(
+            "The switch -template has no meaning behind '--all': each template is called "
+            "after its object. '--format' chooses their extension.");
+    }
+    if (folderExists(options_.folder)) return;
+    throw MappingRefusal("There is no folder '" + options_.folder + "' for the templates.");
+}
+
+std::vector<CAutoMapping::Task> CAutoMapping::tasksOf(const std::vector<DatabaseObject>& objects,
+                                                      const MappingOffice& office) const {
+    TemplateNames names(options_.format.empty() ? office.templateExtension() : options_.format);
+    std::vector<Task> tasks;
+    for (const DatabaseObject& object : objects) {
+        const std::string name = object.name().empty() ? object.kind() : object.name();
+        tasks.push_back({object, joinPath(templatesFolder_, names.nameFor(name))});
+    }
+    return tasks;
+}
+
+void CAutoMapping::refuseExisting(const std::vector<Task>& tasks) {
+    std::vector<std::string> existing;
+    for (const Task& task : tasks) {
+        if (fileExists(task.target) || folderExists(task.target))
+            existing.push_back("'" + fileNameOnly(task.target) + "'");
+    }
+    if (existing.empty()) return;
+    throw MappingRefusal("No template was made: the folder '" + parentFolder(tasks.front().target) +
+                         "' has files of their names already: " + listOf(existing) + ".");
+}
+
+void CAutoMapping::tellOtherNames(const std::vector<Task>& tasks) {
+    for (const Task& task : tasks) {
+        const std::string name = fileNameOnly(task.target);
+        const bool isItsOwn = name == task.object.name() + "." + extension(name);
+        if (isItsOwn) continue;
+        tell("The template of " + task.object.title() + " is called '" + name +
+             "', since its own name is taken or cannot be that of a file.");
+    }
+}
+
+bool CAutoMapping::makeTemplates(MappingOffice& office, const MappingSource& source,
+                                 const std::vector<Task>& tasks, const std::function<bool()>& isStopped) {
+    tellOtherNames(tasks);
+    std::size_t made = 0;
+    std::string refused;
+    for (std::size_t index = 0; index < tasks.size(); ++index) {
+        const Task& task = tasks[index];
+        progress_.advance(static_cast<std::int64_t>(index), std::ssize(tasks));
+        try {
+            if (isStopped()) throw MappingRefusal("It was stopped.");
+            if (makeTemplate(office, source, task)) {
+                ++made;
+            } else {
+                refused += (refused.empty() ? "" : ", ") + task.object.title();
+            }
+        } catch (const std::exception&) {
+            tell(countText(made, tasks.size()) + "; the mapping ended at " + task.object.title() + ":");
+            throw;
+        }
+    }
+    if (!refused.empty()) tell(countText(made, tasks.size()) + ". Refused: " + refused + ".");
+    return refused.empty();
+}
+
+bool CAutoMapping::makeTemplate(MappingOffice& office, const MappingSource& source, const Task& task) {
+    ObjectErrors errors{errors_, task.object.title()};
+    ObjectMessages messages{messages_, task.object.title()};
+    NoProgress progress;
+    try {
+        if (mapObject(office, source, *task.object.node, {errors, messages, progress})) {
+            save(office, task.target);
+            office.closeDocument();
+            return true;
+        }
+    } catch (const AutomationError& error) {
+        // Another object may have the fields that this one lacks.
+        if (error.number() != kFieldListIncorrect) throw;
+        messages.show({error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
+        return false;
+    }
+    office.closeDocument();
+    return false;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,38 @@
+#include "app/MappingBeforeDesigner.h"
+
+#include "app/CAutoMapping.h"
+#include "app/ChosenOffice.h"
+#include "app/MergeloomErrorCodes.h"
+#include "app/ToldErrors.h"
+#include "base/DiskFileStore.h"
+
+namespace mergeloom {
+
+namespace {
+
+void mapOrRaise(const GnuOptions& options, ErrorHandler& errors, Messages& messages, Progress& progress) {
+    DiskFileStore files;
+    ChosenOffice office(options.office, files);
+    CAutoMapping mapping = office.makeMapping(errors, messages, progress);
+    mapping.SetAllowExistingTemplate(true);
+    mapping.SetOptions(options.mapping);
+    mapping.ReadArguments();
+    if (!mapping.Execute()) RaiseMappingError(kMappingStopped);
+}
+
+}  // namespace
+
+bool mapBeforeDesigner(const GnuOptions& options, ErrorHandler& errors, Messages& messages,
+                       Progress& progress) {
+    try {
+        mapOrRaise(options, errors, messages, progress);
+        return true;
+    } catch (const AutomationError& error) {
+        tellError(error, errors, messages);
+    } catch (const std::exception& error) {
+        errors.report({0, error.what(), {}, "modMain", "Main"});
+    }
+    return false;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,23 @@
+#include "app/ToldErrors.h"
+
+#include "app/MergeloomErrorCodes.h"
+
+namespace mergeloom {
+
+namespace {
+
+/// An object was unloaded while the program ended.
+constexpr ErrorNumber kObjectUnloaded = 364;
+
+}  // namespace
+
+void tellError(const AutomationError& error, ErrorHandler& errors, Messages& messages) {
+    if (error.number() == kObjectUnloaded) return;
+    if (!isMappingError(error.number())) {
+        errors.report({error.number(), error.description(), {}, "modMain", "Main"});
+    } else if (!error.description().empty()) {
+        messages.show({error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
+    }
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "base/AutomationError.h"
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
+
+namespace mergeloom {
+
+/// Tells an error that reached the entry routine: a mapping error by its text, if it has one, any other to
+/// the error handler.
+void tellError(const AutomationError& error, ErrorHandler& errors, Messages& messages);
+
+}  // namespace mergeloom

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "office/model/word/Document.h"
+
+#include <string>
+
+namespace mergeloom {
+
+/// Puts the caret where a mapping is to begin, on a line of its own: at the end of the document (kAtEnd) or
+/// after the bookmark of that name. Raises MappingRefusal when there is no such bookmark or when it is in a
+/// table, where nothing can begin.
+void selectStart(word::Document& document, const std::string& place);
+
+}  // namespace mergeloom
