@@ -26,9 +26,9 @@ FLOORS = {
         "office/embedded/sheet", "office/embedded/parts", "office/embedded/package", "office/model", "base",
     ],
     "office/libreoffice/entry": ["office/model", "base"],
-    "office/libreoffice/session": ["office/model", "base"],
-    # Both offices read from a picture's file how large it is, so that they agree, and see to what LibreOffice
-    # writes wrongly.
+    # What LibreOffice reads or writes wrongly is mended in the file. Both offices read from a picture's file how large it
+    # is, so that they agree.
+    "office/libreoffice/session": ["office/embedded/package", "office/model", "base"],
     "office/libreoffice/word": [
         "office/libreoffice/session", "office/embedded/parts", "office/embedded/package", "office/model", "base",
     ],

@@ -18,6 +18,8 @@
 #include <com/sun/star/beans/NamedValue.hpp>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/text/XBookmarksSupplier.hpp>
+#include <com/sun/star/text/XTextContent.hpp>
 #include <iterator>
 
 namespace mergeloom::libreoffice {
@@ -270,6 +272,32 @@ TEST(LibreOfficeFiles, locksNothingThatItOpens) {
     LibreOfficeSession session(files);
     const DocumentReference document = session.files().open(folder / "in.docx", OfficePart::Word);
     EXPECT_TRUE(document.is());
+    EXPECT_EQ(folder.entryCount(), 1);
+}
+
+/// The text that a bookmark covers.
+std::string markedText(const DocumentReference& document, const char* name) {
+    const Reference<css::text::XBookmarksSupplier> supplier(document, UNO_QUERY_THROW);
+    const Reference<css::text::XTextContent> mark(supplier->getBookmarks()->getByName(toUno(name)),
+                                                  UNO_QUERY_THROW);
+    return fromUno(mark->getAnchor()->getString());
+}
+
+TEST(LibreOfficeFiles, opensAMarkedTableForEditingWhereItLies) {
+    const TemporaryFolder folder;
+    folder.put("in.docx",
+               wordFile("<w:p/><w:tbl><w:tblPr/><w:tblGrid><w:gridCol w:w=\"2256\"/></w:tblGrid><w:tr><w:tc>"
+                        "<w:p><w:bookmarkStart w:id=\"1\" w:name=\"T\"/><w:r><w:t>cell</w:t></w:r></w:p>"
+                        "</w:tc></w:tr></w:tbl><w:bookmarkEnd w:id=\"1\"/><w:p/>"));
+    DiskFileStore files;
+    LibreOfficeSession session(files);
+    const DocumentReference document = session.files().open(folder / "in.docx", OfficePart::Word);
+    session.connection().call([&] {
+        EXPECT_EQ(markedText(document, "T"), "cell");
+        const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
+        EXPECT_EQ(fromUno(storable->getLocation()), fileUrl(folder / "in.docx"));
+        EXPECT_FALSE(storable->isReadonly());
+    });
     EXPECT_EQ(folder.entryCount(), 1);
 }
 

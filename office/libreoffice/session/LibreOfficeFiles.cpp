@@ -6,6 +6,7 @@
 #include "base/SystemError.h"
 #include "office/libreoffice/session/DecliningHandler.h"
 #include "office/libreoffice/session/DocumentMacros.h"
+#include "office/libreoffice/session/EndsInCells.h"
 #include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/FragmentGuard.h"
 #include "office/libreoffice/session/InputFilters.h"
@@ -23,6 +24,7 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <filesystem>
 #include <rtl/ref.hxx>
@@ -74,6 +76,10 @@ bool liesOnDisk(const std::string& path, const std::string& bytes) try {
     return ::access(path.c_str(), W_OK) == 0 && DiskFileStore().read(path) == bytes;
 } catch (const AutomationError&) {
     return false;
+}
+
+void saveOnDisk(const std::string& path, const std::string& bytes) {
+    DiskFileStore().save(path, [&](ByteSink& sink) { sink.write(bytes); });
 }
 
 std::string urlOf(const DocumentReference& document) {
@@ -131,12 +137,14 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
 
 DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart part) {
     const std::string bytes = files_.read(path);
+    std::optional<std::string> mended;
+    if (part == OfficePart::Word) mended = packageWithEndsInCells(bytes, path);
     std::string source = fullPath(path);
     if (!liesOnDisk(source, bytes)) {
         source = places_.forCopy(path);
-        DiskFileStore().save(source, [&](ByteSink& sink) { sink.write(bytes); });
+        saveOnDisk(source, bytes);
     }
-    DocumentReference document = load(path, source, part);
+    DocumentReference document = load(path, source, part, mended);
     try {
         connection_.call([&] { check(document, path, part); });
     } catch (const AutomationError&) {
@@ -146,14 +154,28 @@ DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart par
     return document;
 }
 
-DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source,
-                                         OfficePart part) {
+/// Returns what the office reads the content from in place of the file.
+Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& path,
+                                                            const std::string& content) {
+    const std::string copy = places_.forCopy(path);
+    // The office has it open then, so it may lose its name.
+    const PassingFile passing(places_, copy);
+    saveOnDisk(copy, content);
+    return connection_.call([&] {
+        return css::ucb::SimpleFileAccess::create(connection_.context())->openFileRead(toUno(fileUrl(copy)));
+    });
+}
+
+/// The document stands at the source for links and for its title, whatever it is read from.
+DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source, OfficePart part,
+                                         const std::optional<std::string>& content) {
     const rtl::Reference<DecliningHandler> handler(new DecliningHandler);
     Properties properties = quiet();
     properties.push_back(property("AsTemplate", false));
     properties.push_back(
         property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
     append(properties, inputFilter(part, extension(path)));
+    if (content) properties.push_back(property("InputStream", streamOf(path, *content)));
     DocumentReference document;
     try {
         document = connection_.call([&] { return loadFrom(fileUrl(source), properties); });

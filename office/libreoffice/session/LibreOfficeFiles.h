@@ -10,8 +10,10 @@
 
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/io/XInputStream.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -54,7 +56,9 @@ class LibreOfficeFiles {
     void close(const DocumentReference& document);
 
   private:
-    DocumentReference load(const std::string& path, const std::string& source, OfficePart part);
+    DocumentReference load(const std::string& path, const std::string& source, OfficePart part,
+                           const std::optional<std::string>& content);
+    Reference<css::io::XInputStream> streamOf(const std::string& path, const std::string& content);
     [[nodiscard]] DocumentReference loadFrom(const std::string& url,
                                              std::vector<css::beans::PropertyValue> properties);
     void check(const DocumentReference& document, const std::string& path, OfficePart part);

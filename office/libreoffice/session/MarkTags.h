@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// The start or the end of a bookmark in the XML of a document's part.
+struct MarkTag {
+    std::size_t at = 0;
+    std::size_t length = 0;
+    std::string id;
+    std::string name;  ///< of a start
+};
+
+std::vector<MarkTag> startTags(std::string_view xml);
+std::vector<MarkTag> endTags(std::string_view xml);
+std::string endTag(const std::string& id);
+
+/// Characters to remove at a place of the XML, and what to add there.
+struct XmlChange {
+    std::size_t removed = 0;
+    std::string added;
+};
+
+/// The XML with the changes at their places; none without changes.
+std::optional<std::string> withChanges(const std::string& xml,
+                                       const std::map<std::size_t, XmlChange>& changes);
+
+/// Mends the XML of one part; none where there is nothing to mend.
+using PartMender = std::function<std::optional<std::string>(const std::string& xml)>;
+
+/// Mends the parts of a Word document; none where there is nothing to mend. Raises kFileCouldNotBeRead for
+/// what is no package.
+std::optional<std::string> packageWithMendedParts(const std::string& bytes, const std::string& fileName,
+                                                  const PartMender& mend);
+
+}  // namespace mergeloom::libreoffice
