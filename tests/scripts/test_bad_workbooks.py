@@ -104,16 +104,16 @@ def unreadable():
 
 def unwritable():
     """What hinders the drop, the workbook, the structure, and words of what is said."""
-    def array(sheet):
+    def formula(sheet):
         sheet["A1"] = "=C5:C7"
-        sheet.formula_attributes["A1"] = {"t": "array", "ref": "A1:A3"}
 
     def merged(sheet):
         sheet.merge_cells("B2:C2")
 
     return [
         ("protected", book(protect), FORM, "protected"),
-        ("an array formula", book(array), FORM, "array formula"),
+        ("an array formula", replaced(book(formula), SHEET, "<f>", '<f t="array" ref="A1:A3">'), FORM,
+         "array formula"),
         ("a chart sheet", chart_sheet(), FORM, "the sheet that it shows has no cells"),
         ("the last row", book(active="A1048576"), TABLE, NO_TABLE),
         ("the last column", book(active="XFD1"), TABLE, NO_TABLE),
