@@ -33,12 +33,18 @@ const Item* previousInText(const Item* item) {
 
 }  // namespace
 
-void StoryEraser::erase(CharacterPosition start, CharacterPosition end) {
+void StoryEraser::check(CharacterPosition start, CharacterPosition end) const {
     story_.check(start, end);
     end = withoutLastMark(start, end);
     if (start == end) return;
     checkStructure(start, end);
     checkFields(start, end);
+}
+
+void StoryEraser::erase(CharacterPosition start, CharacterPosition end) {
+    check(start, end);
+    end = withoutLastMark(start, end);
+    if (start == end) return;
     removeCoveredBookmarks(start, end);
     eraseItems(start, end);
     story_.shift(start, end - start, {});

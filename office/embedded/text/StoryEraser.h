@@ -14,6 +14,8 @@ class StoryEraser {
     /// begins in, stays. Raises an AutomationError, and changes nothing, for a range that covers a part of
     /// a table's structure or only one end of a field.
     void erase(CharacterPosition start, CharacterPosition end);
+    /// Raises what erase would raise.
+    void check(CharacterPosition start, CharacterPosition end) const;
 
   private:
     [[nodiscard]] CharacterPosition withoutLastMark(CharacterPosition start, CharacterPosition end) const;

@@ -101,6 +101,8 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     story.check(start, end);
     const ReplacedText replaced(story, start, end);
     if (!text.empty()) replaced.checkIsThere();
+    // What is refused must not count as an edit.
+    editable(story).eraser().check(start, end);
     beginEdit(story, start, end);
     fallbacks_.noteEdit(story, start);
     EditableStory& target = editable(story);
@@ -146,9 +148,9 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
                                              const std::string& fileName) {
     std::string bytes = files_.read(fileName);
     const PictureFile file = PictureFile::read(bytes, fileName);
-    story.check(start, end);
-    beginEdit(story, start, end);
     EditableStory& target = editable(story);
+    target.eraser().check(start, end);
+    beginEdit(story, start, end);
     const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
     target.eraser().erase(start, end);
 

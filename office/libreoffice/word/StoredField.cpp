@@ -33,11 +33,15 @@ bool hasCondition(const pugi::xml_node& element) {
     return !condition.empty() && condition != "ooow:" && condition != "ooow:TRUE";
 }
 
+std::string asPiece(const std::string& name) {
+    return word::piecesOfCode(name) == std::vector{name} ? name : word::quotedPiece(name);
+}
+
 /// The name and the argument after it. Writer keeps the prompt of ASK with the quotes around it.
 std::string nameAnd(const pugi::xml_node& element, const char* argument) {
-    const std::string name = word::asPieceOfCode(element.attribute("text:name").value());
+    const std::string name = asPiece(element.attribute("text:name").value());
     const std::string text(trimBlanks(element.attribute(argument).value()));
-    return name + " " + (text.starts_with('"') ? text : word::asPieceOfCode(text));
+    return name + " " + (text.starts_with('"') ? text : word::quotedPiece(text));
 }
 
 }  // namespace
@@ -46,8 +50,7 @@ TextObject storedField(const pugi::xml_node& element) {
     const std::string_view name = element.name();
     if (name == "field:fieldmark-start") return unknownField(element);
     if (name == "text:database-display")
-        return fieldOfCode("MERGEFIELD " +
-                           word::asPieceOfCode(element.attribute("text:column-name").value()));
+        return fieldOfCode("MERGEFIELD " + asPiece(element.attribute("text:column-name").value()));
     if (name == "text:conditional-text") return fieldOf(WdFieldType::wdFieldIf, "");
     if (name == "text:database-next")
         return hasCondition(element) ? fieldOf(WdFieldType::wdFieldNextIf, "") : fieldOfCode("NEXT");
@@ -57,7 +60,7 @@ TextObject storedField(const pugi::xml_node& element) {
     if (name == "text:variable-input") return fieldOfCode("ASK " + nameAnd(element, "text:description"));
     if (name == "text:variable-set") return fieldOfCode("SET " + nameAnd(element, "office:string-value"));
     if (name == "text:text-input")
-        return fieldOfCode("FILLIN " + word::asPieceOfCode(element.attribute("text:description").value()));
+        return fieldOfCode("FILLIN " + word::quotedPiece(element.attribute("text:description").value()));
     return {};
 }
 

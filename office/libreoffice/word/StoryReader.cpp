@@ -28,8 +28,17 @@ constexpr std::string_view kGroups[] = {
 };
 /// What holds characters without being one.
 constexpr std::string_view kSpans[] = {"text:span", "text:a", "text:ruby", "text:ruby-base", "draw:a"};
+/// A field whose text is part of the document's; that of a variable is only when it is no number.
+bool isInput(const pugi::xml_node& element) {
+    const std::string_view name = element.name();
+    return name == "text:text-input" ||
+           (name == "text:variable-input" &&
+            std::string_view(element.attribute("office:value-type").value()) == "string");
+}
 /// What takes a character where it begins, and another one where it ends.
-constexpr std::string_view kBrackets[] = {"text:text-input", "loext:content-control"};
+bool isBracket(const pugi::xml_node& element) {
+    return isInput(element) || std::string_view(element.name()) == "loext:content-control";
+}
 /// What takes a character where it begins.
 constexpr std::string_view kMetas[] = {"text:meta", "text:meta-field"};
 constexpr std::string_view kCharacters[] = {
@@ -144,12 +153,12 @@ void StoryReader::readElement(const pugi::xml_node& element, std::string_view na
     if (name == "text:s") return skip(element.attribute("text:c").as_int(1));
     if (isAmong(kCharacters, name)) return skip(1);
     if (isAmong(kNothing, name) || readMark(element, name) || readFieldMark(element, name)) return;
-    if (isAmong(kMetas, name) || isAmong(kBrackets, name)) {
+    if (isAmong(kMetas, name) || isBracket(element)) {
         const CharacterPosition start = at_;
         skip(1);
         readInline(element);
-        skip(isAmong(kBrackets, name) ? 1 : 0);
-        if (name == "text:text-input") addObject(storedField(element), start);
+        skip(isBracket(element) ? 1 : 0);
+        if (isInput(element)) addObject(storedField(element), start);
     } else if (name == "text:note") {
         skip(1);
         onStory_(element);

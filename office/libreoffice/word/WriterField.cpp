@@ -24,6 +24,12 @@ class CodeRange final : public WriterRange {
     std::string code_;
 };
 
+std::string called(word::WdFieldType type) {
+    if (type == word::WdFieldType::wdFieldIf) return "an IF field";
+    if (type == word::WdFieldType::wdFieldNextIf) return "a NEXTIF field";
+    return "a field";
+}
+
 }  // namespace
 
 word::RangePtr WriterField::Code() {
@@ -31,8 +37,9 @@ word::RangePtr WriterField::Code() {
     const Stretch code = codeOf(field());
     if (field().fieldCode.empty()) {
         const std::string shown = content_->call([&] { return textOf(*content_, story_, place); });
-        throw AutomationError(kNotAvailable,
-                              "LibreOffice does not keep the code of the field that shows '" + shown + "'.");
+        throw AutomationError(kNotAvailable, "LibreOffice does not keep the code of " +
+                                                 called(field().fieldType) +
+                                                 (shown.empty() ? "." : " that shows '" + shown + "'."));
     }
     return std::make_shared<CodeRange>(content_, content_->live(story_, code.start, code.end),
                                        field().fieldCode);

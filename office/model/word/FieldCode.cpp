@@ -70,9 +70,8 @@ std::vector<std::string> piecesOfCode(std::string_view code) {
     return pieces;
 }
 
-std::string asPieceOfCode(const std::string& text) {
-    const bool isPlain = !text.empty() && text.find_first_of(" \t\r\n\v\f\"") == std::string::npos;
-    return isPlain ? text : '"' + replaceAll(replaceAll(text, "\\", "\\\\"), "\"", "\\\"") + '"';
+std::string quotedPiece(const std::string& text) {
+    return '"' + replaceAll(replaceAll(text, "\\", "\\\\"), "\"", "\\\"") + '"';
 }
 
 std::string shownCode(std::string_view code) {

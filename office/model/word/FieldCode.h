@@ -14,8 +14,8 @@ namespace mergeloom::word {
 /// alone.
 std::vector<std::string> piecesOfCode(std::string_view code);
 
-/// Returns the text such that piecesOfCode reads it as one piece: in quotes where it needs them.
-std::string asPieceOfCode(const std::string& text);
+/// Returns the text in quotes, such that piecesOfCode reads it as one piece.
+std::string quotedPiece(const std::string& text);
 
 /// Returns the code in one line, as people are shown it: with a blank for each run of separators and none at
 /// the ends.

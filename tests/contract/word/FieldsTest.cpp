@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "contract/word/WordFixture.h"
 
 #include <fstream>
@@ -33,21 +34,24 @@ TEST_P(OfficeFields, TellWhatTheyAre) {
         {"MERGEREC", word::WdFieldType::wdFieldMergeRec, true},
         {"MERGESEQ", word::WdFieldType::wdFieldMergeSeq, true},
         {"QUOTE abc", word::WdFieldType::wdFieldQuote, false},
+        {"QUOTE\"abc\"", word::WdFieldType::wdFieldQuote, false},
+        {"ADDRESSBLOCK \\f", word::WdFieldType::wdFieldAddressBlock, false},
+        {"GREETINGLINE", word::WdFieldType::wdFieldGreetingLine, false},
+        {"ASK Mark \"Who?\"", word::WdFieldType::wdFieldAsk, false},
+        {"FILLIN \"Who is it?\"", word::WdFieldType::wdFieldFillIn, false},
+        {"SET Mark \"a value\"", word::WdFieldType::wdFieldSet, false},
     };
-    std::string given;
-    for (const Case& c : cases)
-        given += "<w:p>" + run("a") + fieldXml(" " + c.code + " ", "result") + run("b") + "</w:p>";
-    open(given + "<w:p>" + marked(1, "Behind", run("end")) + "</w:p>");
-    const word::FieldsPtr fields = document->Fields();
-    ASSERT_EQ(fields->Count(), 6);
-    for (std::size_t i = 0; i < cases.size(); ++i) {
-        const word::FieldPtr field = fields->Item(static_cast<int>(i) + 1);
-        EXPECT_EQ(field->Type(), cases[i].type) << cases[i].code;
-        EXPECT_EQ(trimmed(field->Code()->Text()), cases[i].code);
+    for (const Case& c : cases) {
+        open("<w:p>" + run("a") + fieldXml(" " + c.code + " ", "result") + run("b") + "</w:p><w:p>" +
+             marked(1, "Behind", run("end")) + "</w:p>");
+        const word::FieldsPtr fields = document->Fields();
+        ASSERT_EQ(fields->Count(), 1) << c.code;
+        EXPECT_EQ(fields->Item(1)->Type(), c.type) << c.code;
+        EXPECT_EQ(trimmed(fields->Item(1)->Code()->Text()), c.code);
+        EXPECT_EQ(document->MailMerge()->Fields()->Count(), c.isOfMailMerge ? 1 : 0) << c.code;
+        EXPECT_EQ(bookmark("Behind")->Range()->Text(), "end") << c.code;
+        EXPECT_EQ(errorOf([&] { fields->Item(2); }), kMemberNotFound);
     }
-    EXPECT_EQ(document->MailMerge()->Fields()->Count(), 5);
-    EXPECT_EQ(bookmark("Behind")->Range()->Text(), "end");
-    EXPECT_EQ(errorOf([&] { fields->Item(7); }), kMemberNotFound);
 }
 
 TEST_P(OfficeFields, AreSelectedAndGo) {
@@ -62,6 +66,57 @@ TEST_P(OfficeFields, AreSelectedAndGo) {
     fields->Item(2)->Delete();
     EXPECT_EQ(document->Fields()->Count(), 0);
     EXPECT_EQ(body(), "Dear you,\nx[Behind:y]\n");
+}
+
+/// Whether the office has a field of its own for it or keeps it with its code, and with or without a result.
+TEST_P(OfficeFields, BecomePlaces) {
+    const auto withoutResult = [](const std::string& code) {
+        return "<w:r><w:fldChar w:fldCharType='begin'/></w:r><w:r><w:instrText xml:space='preserve'>" + code +
+               "</w:instrText></w:r><w:r><w:fldChar w:fldCharType='end'/></w:r>";
+    };
+    const std::string nested =
+        "<w:r><w:fldChar w:fldCharType='begin'/></w:r><w:r><w:instrText>QUOTE "
+        "</w:instrText></w:r>" +
+        fieldXml(" MERGEFIELD X ", "inner") + "<w:r><w:fldChar w:fldCharType='separate'/></w:r>" +
+        run("shown") + "<w:r><w:fldChar w:fldCharType='end'/></w:r>";
+    const std::string bold =
+        replaceAll(fieldXml(" QUOTE word ", "word"), "<w:r><w:t", "<w:r><w:rPr><w:b/></w:rPr><w:t");
+    const std::string simple = "<w:fldSimple w:instr=' QUOTE \"word\" '>" + run("word") + "</w:fldSimple>";
+    for (const std::string& field :
+         {fieldXml(" MERGEFIELD  Town \\* MERGEFORMAT ", "Town"), fieldXml(" QUOTE \"word\" ", "word"),
+          withoutResult(" QUOTE word "), simple, bold, nested, fieldXml(" SKIPIF 1 = 2 ", "shown"),
+          withoutResult(" SKIPIF 1 = 2 "), fieldXml(" MERGESEQ ", "1"),
+          fieldXml(" QUOTE word ", "&#x1F600;")}) {
+        open("<w:p>" + run("a ") + field + run(" b ") + fieldXml(" MERGEFIELD Name ", "Name") + run(" c ") +
+             marked(1, "Behind", run("end")) + "</w:p>");
+        const word::FieldsPtr fields = document->Fields();
+        for (const auto& [number, name] : {std::pair(1, "First"), std::pair(fields->Count(), "Last")}) {
+            fields->Item(number)->Select();
+            selection->SetText(name);
+            document->Bookmarks()->Add(name, *selection->Range());
+        }
+        EXPECT_EQ(errorOf([&] { fields->Item(1)->Type(); }), kObjectDeleted) << field;
+        EXPECT_EQ(document->Fields()->Count(), 0) << field;
+        EXPECT_EQ(body(), "a [First:First] b [Last:Last] c [Behind:end]\n") << field;
+    }
+}
+
+TEST_P(OfficeFields, InTheCodeOfAnother) {
+    open("<w:p><w:r><w:fldChar w:fldCharType='begin'/></w:r><w:r><w:instrText>QUOTE </w:instrText></w:r>" +
+         fieldXml(" MERGEFIELD \"First Name\" ", "x") + "<w:r><w:fldChar w:fldCharType='separate'/></w:r>" +
+         run("shown") + "<w:r><w:fldChar w:fldCharType='end'/></w:r>" +
+         fieldXml("\tmergefield\tStreet", "Street") + "</w:p>");
+    const word::FieldsPtr fields = document->Fields();
+    ASSERT_EQ(fields->Count(), 3);
+    const word::FieldsPtr nested = fields->Item(1)->Code()->Fields();
+    ASSERT_EQ(nested->Count(), 1);
+    EXPECT_EQ(trimmed(nested->Item(1)->Code()->Text()), "MERGEFIELD \"First Name\"");
+    EXPECT_FALSE(fields->Item(1)->isInCode());
+    EXPECT_TRUE(fields->Item(2)->isInCode());
+    EXPECT_FALSE(fields->Item(3)->isInCode());
+    EXPECT_EQ(fields->Item(3)->Code()->Fields()->Count(), 0);
+    EXPECT_EQ(fields->Item(3)->Type(), word::WdFieldType::wdFieldMergeField);
+    EXPECT_EQ(document->MailMerge()->Fields()->Count(), 2);
 }
 
 TEST_P(OfficeFields, MoveWithTheText) {
