@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Measures how the time of two jobs grows when the job doubles: bound subforms that become tables (of 5 and of 63
-columns), and merge fields that become places."""
+"""Measures how the time of three jobs grows when the job doubles: bound subforms that become tables (of 5 and of 63
+columns), formula fields that become columns of a workbook's table, and merge fields that become places."""
 
 import argparse
 import pathlib
@@ -39,6 +39,12 @@ def write_subforms(path, count, columns):
     path.write_text(f'<Database><Form Name="Tables" CurrentView="1" DefaultView="0">{subforms}</Form></Database>')
 
 
+def write_formula_fields(path, count):
+    fields = "".join(f'<Control Name="F{number}" ControlSource="=Sum([F{(number + 1) % count}])"/>'
+                     for number in range(count))
+    path.write_text(f'<Database><Table Name="Linked" CurrentView="2">{fields}</Table></Database>')
+
+
 def convert_fields(program, folder, count):
     source, target = folder / f"fields{count}.docx", folder / f"converted{count}.docx"
     write_merge_fields(source, count)
@@ -55,6 +61,15 @@ def map_tables(program, folder, count, columns):
     return contender
 
 
+def map_formula_fields(program, folder, count):
+    source, target = folder / f"linked{count}.xml", folder / f"linked{count}.xlsx"
+    write_formula_fields(source, count)
+    contender = Contender([program, "-excel", "-hidden", "-xmlfile", str(source), "-template", str(target)], target)
+    contender.run()
+    contender.require(count + 1, "names", "xl/workbook.xml", b"<definedName ")
+    return contender
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", default=str(ROOT / "build" / "release" / "mergeloom"))
@@ -66,6 +81,9 @@ def main():
         rows = [(f"{count:,} and {2 * count:,} tables of {columns} columns",
                  *(map_tables(program, folder, times * count, columns) for times in (1, 2)))
                 for count, columns in ((250, 5), (500, 5), (20, 63))]
+        rows += [(f"{count:,} and {2 * count:,} formula fields",
+                  *(map_formula_fields(program, folder, times * count) for times in (1, 2)))
+                 for count in (2_000, 4_000)]
         rows += [(f"{count:,} and {2 * count:,} merge fields",
                   *(convert_fields(program, folder, times * count) for times in (1, 2)))
                  for count in (2_500, 5_000, 10_000)]

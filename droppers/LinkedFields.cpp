@@ -4,7 +4,6 @@
 #include "droppers/StructureNodes.h"
 #include "xml/modMSXMLHelper.h"
 
-#include <algorithm>
 #include <set>
 
 namespace mergeloom {
@@ -46,28 +45,38 @@ std::vector<std::string> linkedNames(std::string_view controlSource) {
     return names;
 }
 
+FieldsByName::FieldsByName(const XmlNodeCollection& xmlNodes, const ControlNodes& fields) {
+    for (const TreeNode* field : fields) {
+        const std::string name = GetAttributeValue(elementOf(xmlNodes, field), Attribute::Name);
+        byFoldedName_.emplace(foldCase(name), field);
+    }
+}
+
+const TreeNode* FieldsByName::find(std::string_view name) const {
+    const auto found = byFoldedName_.find(foldCase(name));
+    return found == byFoldedName_.end() ? nullptr : found->second;
+}
+
 ControlNodes GetLinkedFields(const XmlNodeCollection& xmlNodes, const TreeNode& field,
-                             const ControlNodes& siblings) {
+                             const FieldsByName& siblings) {
     const std::string source = GetAttributeValue(elementOf(xmlNodes, &field), Attribute::ControlSource);
     ControlNodes linked;
+    std::set<const TreeNode*> seen{&field};
     for (const std::string& name : linkedNames(source)) {
-        const auto isNamed = [&](const TreeNode* sibling) {
-            return equalsIgnoringCase(GetAttributeValue(elementOf(xmlNodes, sibling), Attribute::Name), name);
-        };
-        const auto found = std::ranges::find_if(siblings, isNamed);
-        if (found == siblings.end() || *found == &field) continue;
-        if (std::ranges::find(linked, *found) == linked.end()) linked.push_back(*found);
+        const TreeNode* sibling = siblings.find(name);
+        if (sibling && seen.insert(sibling).second) linked.push_back(sibling);
     }
     return linked;
 }
 
 std::vector<ControlNodes> placesOfColumns(const XmlNodeCollection& xmlNodes, const ControlNodes& columns,
                                           const ControlNodes& siblings) {
+    const FieldsByName byName{xmlNodes, siblings};
     std::set<const TreeNode*> placed(columns.begin(), columns.end());
     std::vector<ControlNodes> places;
     for (const TreeNode* column : columns) {
         places.push_back({column});
-        for (const TreeNode* linked : GetLinkedFields(xmlNodes, *column, siblings)) {
+        for (const TreeNode* linked : GetLinkedFields(xmlNodes, *column, byName)) {
             if (placed.insert(linked).second) places.back().push_back(linked);
         }
     }

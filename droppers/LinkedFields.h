@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace mergeloom {
@@ -15,10 +16,23 @@ namespace mergeloom {
 /// "=Sum([Price])*[Qty]" gives Price and Qty. What stands in double quotes is a text and names nothing.
 std::vector<std::string> linkedNames(std::string_view controlSource);
 
+/// The fields of an object by their names, without regard to letter case. Of several fields of one name the
+/// first one counts. Found in the same time however many fields there are.
+class FieldsByName {
+  public:
+    FieldsByName(const XmlNodeCollection& xmlNodes, const ControlNodes& fields);
+
+    /// The field of that name; none when there is none.
+    [[nodiscard]] const TreeNode* find(std::string_view name) const;
+
+  private:
+    std::unordered_map<std::string, const TreeNode*> byFoldedName_;
+};
+
 /// The fields among the siblings, other than the field itself, that the field's control source names, letter
 /// case aside, in the order in which it names them.
 ControlNodes GetLinkedFields(const XmlNodeCollection& xmlNodes, const TreeNode& field,
-                             const ControlNodes& siblings);
+                             const FieldsByName& siblings);
 
 /// The columns of a table, each with the fields that get a place in it: its own, and under it those that its
 /// control source needs and that have no place yet.

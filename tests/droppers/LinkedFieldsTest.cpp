@@ -39,7 +39,7 @@ TEST_F(LinkedFields, AreTheNamedSiblings) {
     load(
         "<db><Table Name='T'><Control Name='A' ControlSource='=Sum([C]+[a]+[none]+[B]+[c])'/>"
         "<Control Name='B'/><Control Name='c'/></Table></db>");
-    const ControlNodes siblings{&node("2k"), &node("3k"), &node("4k")};
+    const FieldsByName siblings{xmlNodes, {&node("2k"), &node("3k"), &node("4k")}};
     const ControlNodes expected{&node("4k"), &node("3k")};
     EXPECT_EQ(GetLinkedFields(xmlNodes, node("2k"), siblings), expected);
     EXPECT_EQ(GetLinkedFields(xmlNodes, node("3k"), siblings), ControlNodes{});
