@@ -60,7 +60,7 @@ bool CNodeDropperTable::TableDrop(const TreeNode& robjTVNode, const word::Docume
 FieldKeys CNodeDropperTable::chooseFields(const TreeNode& node) {
     ShowFields(node);
     if (mDialogFields.ListCount() == 0) return {};
-    mDialogFields.SetInsertHandler([this] { mbtnInsert_Click(); });
+    mDialogFields_Load();
     if (context_.settings.showDialog && context_.fieldDialog) {
         mDialogFields.SetVisible(true);
         context_.fieldDialog->Show(mDialogFields);
@@ -104,6 +104,10 @@ void CNodeDropperTable::CollectSelectedFields() {
         }
         return true;
     });
+}
+
+void CNodeDropperTable::mDialogFields_Load() {
+    mDialogFields.SetInsertHandler([this] { mbtnInsert_Click(); });
 }
 
 void CNodeDropperTable::mbtnInsert_Click() {

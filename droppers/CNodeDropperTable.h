@@ -60,6 +60,7 @@ class CNodeDropperTable {
 
     void ShowFields(const TreeNode& node);
     void CollectSelectedFields();
+    void mDialogFields_Load();
     void mbtnInsert_Click();
     /// The chosen controls but for those that no place can be named after, which are told.
     ControlNodes columnsOf(const TreeNode& node, const FieldKeys& keys);

@@ -1,9 +1,9 @@
 #include "droppers/TableBookmark.h"
 
-#include "base/AutomationError.h"
 #include "droppers/BookmarkNames.h"
 #include "droppers/CellCount.h"
 #include "droppers/CellSteps.h"
+#include "droppers/CollectionHasKey.h"
 #include "droppers/PlaceNames.h"
 #include "droppers/RangeNames.h"
 #include "droppers/StructureNodes.h"
@@ -35,15 +35,10 @@ word::TablePtr tableUnder(word::Range& marked) {
 /// Whether a name of the workbook may move to a new table: it is that of a table, which has two rows or more,
 /// or has lost its cells.
 bool mayMove(excel::Names& names, const std::string& rangeName) {
-    excel::RangePtr cells;
-    try {
-        const excel::DefinedNamePtr name = names.Item(rangeName);
-        cells = rangeOrNone([&] { return name->RefersToRange(); });
-    } catch (const AutomationError& error) {
-        // A name that is taken and cannot be read is that of one of Excel's own tables.
-        if (error.number() != kApplicationDefined) throw;
-        return false;
-    }
+    // A name that is taken and cannot be read is that of one of Excel's own tables.
+    if (!CollectionHasKey(names, rangeName)) return false;
+    const excel::DefinedNamePtr name = names.Item(rangeName);
+    const excel::RangePtr cells = rangeOrNone([&] { return name->RefersToRange(); });
     return !cells || cells->Rows()->Count() > 1;
 }
 

@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QListView>
 #include <QPushButton>
+#include <QScreen>
 #include <QtTest>
 
 namespace mergeloom {
@@ -86,6 +88,41 @@ TEST_F(frmFieldsTest, CaptionsAndTabOrder) {
         }
         window.close();
     });
+}
+
+TEST_F(frmFieldsTest, ControlsAreWhereTheyWereDrawn) {
+    const QFont font = QApplication::font();
+    for (const int pixelSize : {9, 40}) {
+        QFont sized = font;
+        sized.setPixelSize(pixelSize);
+        QApplication::setFont(sized);
+        run([pixelSize](QWidget& window) {
+            const double across = window.width() / 4830.0;
+            const double down = window.height() / 3780.0;
+            if (pixelSize == 9) {
+                EXPECT_NEAR(across, window.screen()->logicalDotsPerInchX() / 1440, 0.001);
+                EXPECT_NEAR(down, window.screen()->logicalDotsPerInchY() / 1440, 0.001);
+            }
+            const auto expectPlace = [&](const char* name, const QRect& twips) {
+                const QRect place = window.findChild<QWidget*>(QLatin1String(name))->geometry();
+                EXPECT_NEAR(place.x(), twips.x() * across, 1) << name;
+                EXPECT_NEAR(place.y(), twips.y() * down, 1) << name;
+                EXPECT_NEAR(place.width(), twips.width() * across, 1) << name;
+                EXPECT_NEAR(place.height(), twips.height() * down, 1) << name;
+            };
+            expectPlace("lstFields", {60, 60, 3315, 3660});
+            expectPlace("btnInsert", {3480, 120, 1215, 375});
+            expectPlace("btnUp", {3480, 1620, 1215, 375});
+            expectPlace("btnDown", {3480, 2100, 1215, 375});
+            expectPlace("btnSelect", {3480, 2820, 1215, 375});
+            expectPlace("btnUnSelect", {3480, 3300, 1215, 375});
+            const QPushButton& widest = buttonOf(window, "btnUnSelect");
+            EXPECT_LT(widest.fontMetrics().horizontalAdvance(QStringLiteral("Unselect All")), widest.width());
+            EXPECT_LT(widest.fontMetrics().height(), widest.height());
+            window.close();
+        });
+    }
+    QApplication::setFont(font);
 }
 
 TEST_F(frmFieldsTest, InsertsByKeys) {

@@ -2,26 +2,28 @@
 
 #include "base/Trap.h"
 
-#include <QHBoxLayout>
 #include <QScreen>
-#include <QVBoxLayout>
+#include <QStyle>
 #include <cmath>
 
 namespace mergeloom {
 
 namespace {
 
-/// Lengths of the window as it was drawn, in twips, 1440 to an inch.
-constexpr QSize kClient(4830, 3780);
-constexpr QSize kList(3315, 3660);
-constexpr QSize kButton(1215, 375);
+/// The window as it was drawn, in twips, 1440 to an inch.
+constexpr QRect kClient(0, 0, 4830, 3780);
+constexpr QRect kList(60, 60, 3315, 3660);
+constexpr QRect kInsert(3480, 120, 1215, 375);
+constexpr QRect kUp(3480, 1620, 1215, 375);
+constexpr QRect kDown(3480, 2100, 1215, 375);
+constexpr QRect kSelect(3480, 2820, 1215, 375);
+constexpr QRect kUnSelect(3480, 3300, 1215, 375);
 constexpr double kTwipsOfInch = 1440;
+/// Between a caption and the edge of its button, in pixels.
+constexpr QSize kPadding(4, 2);
 
-/// At the screen's resolution; larger writing gets larger controls by their own hints.
-QSize pixels(const QWidget& widget, QSize twips) {
-    const QScreen* screen = widget.screen();
-    return {static_cast<int>(std::lround(twips.width() * screen->logicalDotsPerInchX() / kTwipsOfInch)),
-            static_cast<int>(std::lround(twips.height() * screen->logicalDotsPerInchY() / kTwipsOfInch))};
+int scaled(int twips, double dotsPerInch) {
+    return static_cast<int>(std::lround(twips * dotsPerInch / kTwipsOfInch));
 }
 
 }  // namespace
@@ -36,7 +38,8 @@ FieldsWindow::FieldsWindow(QWidget* parent, FieldSelection& fields, ErrorHandler
     setWindowTitle(tr("Select Fields"));
     setUpList();
     setUpButtons();
-    setUpLayout();
+    setMinimumSize(pixels(kClient).size());
+    resize(minimumSize());
 }
 
 void FieldsWindow::setUpList() {
@@ -52,44 +55,71 @@ void FieldsWindow::setUpList() {
 }
 
 void FieldsWindow::setUpButtons() {
-    QPushButton* insertButton = addButton("btnInsert", tr("&Insert"), tr("Insert"));
+    QPushButton* insertButton = addButton("btnInsert", tr("&Insert"), kInsert);
     insertButton->setDefault(true);
-    connect(insertButton, &QPushButton::clicked, this, [this] { insert(); });
-    connect(addButton("btnUp", tr("&Up"), tr("Up")), &QPushButton::clicked, this,
-            [this] { model_.moveCurrent(true); });
-    connect(addButton("btnDown", tr("&Down "), tr("Down")), &QPushButton::clicked, this,
-            [this] { model_.moveCurrent(false); });
-    connect(addButton("btnSelect", tr("&Select All"), tr("Select All")), &QPushButton::clicked, this,
-            [this] { model_.selectAll(true); });
-    connect(addButton("btnUnSelect", tr("U&nselect All"), tr("Unselect All")), &QPushButton::clicked, this,
-            [this] { model_.selectAll(false); });
+    connect(insertButton, &QPushButton::clicked, this, &FieldsWindow::insert);
+    connect(addButton("btnUp", tr("&Up"), kUp), &QPushButton::clicked, this, &FieldsWindow::btnUp_Click);
+    connect(addButton("btnDown", tr("&Down "), kDown), &QPushButton::clicked, this,
+            &FieldsWindow::btnDown_Click);
+    connect(addButton("btnSelect", tr("&Select All"), kSelect), &QPushButton::clicked, this,
+            &FieldsWindow::btnSelect_Click);
+    connect(addButton("btnUnSelect", tr("U&nselect All"), kUnSelect), &QPushButton::clicked, this,
+            &FieldsWindow::btnUnSelect_Click);
 }
 
-QPushButton* FieldsWindow::addButton(const char* name, const QString& caption,
-                                     const QString& accessibleName) {
+QPushButton* FieldsWindow::addButton(const char* name, const QString& caption, const QRect& place) {
     auto* button = new QPushButton(caption, this);
     button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(accessibleName);
+    button->setAccessibleName(QString(caption).remove(u'&').trimmed());
     button->setAutoDefault(false);
-    button->setMinimumSize(pixels(*this, kButton));
-    buttons_ += button;
+    buttons_ += {button, place};
     return button;
 }
 
-void FieldsWindow::setUpLayout() {
-    auto* column = new QVBoxLayout;
-    for (QPushButton* button : buttons_)
-        column->addWidget(button);
-    column->addStretch();
-    auto* layout = new QHBoxLayout(this);
-    layout->addWidget(lstFields_, 1);
-    layout->addLayout(column);
-    const QSize list = pixels(*this, kList);
-    const QSize client = pixels(*this, kClient);
-    const int margin = (client.height() - list.height()) / 2;
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(client.width() - list.width() - pixels(*this, kButton).width() - 2 * margin);
-    resize(client.expandedTo(sizeHint()));
+QSizeF FieldsWindow::dotsPerInch() const {
+    QSizeF resolution(screen()->logicalDotsPerInchX(), screen()->logicalDotsPerInchY());
+    for (const PlacedButton& placed : buttons_) {
+        const QString caption = placed.button->text();
+        const QSizeF needed = placed.button->fontMetrics().size(Qt::TextShowMnemonic, caption) + 2 * kPadding;
+        resolution = resolution.expandedTo({needed.width() * kTwipsOfInch / placed.place.width(),
+                                            needed.height() * kTwipsOfInch / placed.place.height()});
+    }
+    return resolution;
+}
+
+QRect FieldsWindow::pixels(const QRect& twips) const {
+    const QSizeF resolution = dotsPerInch();
+    return {scaled(twips.x(), resolution.width()), scaled(twips.y(), resolution.height()),
+            scaled(twips.width(), resolution.width()), scaled(twips.height(), resolution.height())};
+}
+
+/// What the window is larger than it was drawn goes to the list.
+void FieldsWindow::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    const QSize extra = size() - pixels(kClient).size();
+    const auto visual = [this](const QRect& place) {
+        return QStyle::visualRect(layoutDirection(), rect(), place);
+    };
+    const QRect list = pixels(kList);
+    lstFields_->setGeometry(visual({list.topLeft(), list.size() + extra}));
+    for (const PlacedButton& placed : buttons_)
+        placed.button->setGeometry(visual(pixels(placed.place).translated(extra.width(), 0)));
+}
+
+void FieldsWindow::btnUp_Click() {
+    model_.moveCurrent(true);
+}
+
+void FieldsWindow::btnDown_Click() {
+    model_.moveCurrent(false);
+}
+
+void FieldsWindow::btnSelect_Click() {
+    model_.selectAll(true);
+}
+
+void FieldsWindow::btnUnSelect_Click() {
+    model_.selectAll(false);
 }
 
 void FieldsWindow::insert() {

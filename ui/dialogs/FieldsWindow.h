@@ -15,19 +15,33 @@ class FieldsWindow final : public QDialog {
   public:
     FieldsWindow(QWidget* parent, FieldSelection& fields, ErrorHandler& errors);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
+    struct PlacedButton {
+        QPushButton* button;
+        QRect place;  ///< in twips
+    };
+
     void setUpList();
     void setUpButtons();
-    void setUpLayout();
-    QPushButton* addButton(const char* name, const QString& caption, const QString& accessibleName);
+    QPushButton* addButton(const char* name, const QString& caption, const QRect& place);
+    /// The resolution at which the captions fit into the buttons: the screen's, or more for larger writing.
+    [[nodiscard]] QSizeF dotsPerInch() const;
+    [[nodiscard]] QRect pixels(const QRect& twips) const;
     void insert();
+    void btnUp_Click();
+    void btnDown_Click();
+    void btnSelect_Click();
+    void btnUnSelect_Click();
     void showCurrent();
 
     FieldSelection& fields_;
     ErrorHandler& errors_;
     FieldListModel model_;
     QListView* lstFields_;
-    QList<QPushButton*> buttons_;
+    QList<PlacedButton> buttons_;
 };
 
 }  // namespace mergeloom
