@@ -96,9 +96,9 @@ bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, const word:
 bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                                   word::Selection& selection) {
     std::string name = SimplifyName(GetAttributeValue(arguments.node, Attribute::Name));
-    const PlaceContent content{.boundValueUse = arguments.boundValueUse,
-                               .prefix = arguments.parentName,
-                               .pictureFile = pictureOf(arguments.node)};
+    const PlaceContent content{.vfBoundValueUse = arguments.boundValueUse,
+                               .vstrPrefix = arguments.parentName,
+                               .vstrPictureFile = pictureOf(arguments.node)};
     const word::RangePtr dropPoint = selection.Range();
     const word::BookmarkPtr bookmark =
         rWordBookmarkAdd(context_.reports, *document, *dropPoint, name, content);

@@ -67,9 +67,9 @@ int CNodeDropperField::xlTypeLabel(const FieldDropArguments& arguments, const ex
 
 int CNodeDropperField::xlDropPlace(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook) {
     const std::string name = ExcelNormalizeName(GetAttributeValue(arguments.node, Attribute::Name), false);
-    const NamedRangeContent content{.boundValueUse = arguments.boundValueUse,
-                                    .prefix = arguments.parentName,
-                                    .pictureFile = pictureOf(arguments.node)};
+    const NamedRangeContent content{.vfBoundValueUse = arguments.boundValueUse,
+                                    .vstrPrefix = arguments.parentName,
+                                    .vstrPictureFile = pictureOf(arguments.node)};
     const excel::RangePtr cell = workbook->Application()->ActiveCell();
     return ExcelNamedRangeAdd(context_.reports, *workbook, name, content) ? rowsOf(*cell) : 0;
 }

@@ -30,7 +30,7 @@ bool addSpecialPlace(DropReports& reports, DropKind kind, word::Document& docume
     std::string name = freeSpecialName(*document.Bookmarks(), kind);
     if (name.empty()) return reports.refuse("The max number of the special bookmarks is exceeded!");
 
-    const PlaceContent content{.text = kind == DropKind::OptionalSpace ? " " : "\r\n"};
+    const PlaceContent content{.vstrText = kind == DropKind::OptionalSpace ? " " : "\r\n"};
     const word::RangePtr selected = application->Selection()->Range();
     return rWordBookmarkAdd(reports, document, *selected, name, content) != nullptr;
 }

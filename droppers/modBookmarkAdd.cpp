@@ -79,13 +79,13 @@ void moveStartBehind(word::Document& document, const std::string& bookmarkName, 
 Guards fillRange(word::Document& document, word::Range& range, const TouchingBookmarks& touching,
                  const std::string& name, const PlaceContent& content) {
     if (coversSeveralCells(range)) return {};
-    if (!content.pictureFile.empty()) {
-        writePicture(range, content.pictureFile);
+    if (!content.vstrPictureFile.empty()) {
+        writePicture(range, content.vstrPictureFile);
         return {};
     }
     Guards guards = guardsAgainst(touching);
     const std::string atStart = touching.atStart ? touching.atStart->Name() : "";
-    writeText(range, content.text.empty() ? name : content.text, guards);
+    writeText(range, content.vstrText.empty() ? name : content.vstrText, guards);
     if (!atStart.empty()) moveStartBehind(document, atStart, range.End() - range.Start());
     return guards;
 }
@@ -123,8 +123,8 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
     std::string comment = "Bookmark Name = ''";
     const auto add = [&] {
         const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
-        rstrName.insert(0, content.prefix);
-        if (content.boundValueUse) rstrName += kBoundValueSuffix;
+        rstrName.insert(0, content.vstrPrefix);
+        if (content.vfBoundValueUse) rstrName += kBoundValueSuffix;
         const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
         const std::string candidate = freeName(*bookmarks, rstrName);
         comment = "Bookmark Name = '" + candidate + "'";

@@ -17,10 +17,11 @@ struct TouchingBookmarks {
 
 /// What a new place is made of, besides its name.
 struct PlaceContent {
-    bool boundValueUse = false;
-    std::string prefix{};       ///< stands before the name in the bookmark's name
-    std::string text{};         ///< the text of an empty range; empty: the name
-    std::string pictureFile{};  ///< a picture's full path; it becomes the place's content instead of a text
+    bool vfBoundValueUse = false;
+    std::string vstrPrefix{};  ///< stands before the name in the bookmark's name
+    std::string vstrText{};    ///< the text of an empty range; empty: the name
+    std::string
+        vstrPictureFile{};  ///< a picture's full path; it becomes the place's content instead of a text
 };
 
 /// Whether a bookmark is a field: its text is its own name, letter case aside.

@@ -52,8 +52,8 @@ excel::DefinedNamePtr ExcelNamedRangeAdd(DropReports& reports, excel::Workbook& 
     excel::DefinedNamePtr added;
     std::string comment = "Bookmark Name = ''";
     const auto add = [&] {
-        std::string shownName = content.prefix + name;
-        if (content.boundValueUse) shownName += kBoundValueSuffix;
+        std::string shownName = content.vstrPrefix + name;
+        if (content.vfBoundValueUse) shownName += kBoundValueSuffix;
         const excel::NamesPtr names = workbook.Names();
         const RangeNames rangeNames{*names, std::string(kRangeNamePrefix) + shownName, ExcelNormalizeName};
         const std::int64_t counter = rangeNames.firstFreeCounter();
@@ -61,12 +61,12 @@ excel::DefinedNamePtr ExcelNamedRangeAdd(DropReports& reports, excel::Workbook& 
         comment = "Bookmark Name = '" + candidate + "'";
 
         const excel::RangePtr cell = workbook.Application()->ActiveCell();
-        if (!content.pictureFile.empty()) deleteFormerPictures(*cell, earlierNames(rangeNames, counter));
+        if (!content.vstrPictureFile.empty()) deleteFormerPictures(*cell, earlierNames(rangeNames, counter));
         added = names->Add(candidate, "=" + cell->AddressLocal());
-        if (content.pictureFile.empty()) {
+        if (content.vstrPictureFile.empty()) {
             cell->SetValue("[" + shownName + "]");
         } else {
-            InsertPictureFromFile(reports, *cell, candidate, content.pictureFile, CellFit::FitPicture);
+            InsertPictureFromFile(reports, *cell, candidate, content.vstrPictureFile, CellFit::FitPicture);
         }
         return true;
     };

@@ -10,9 +10,9 @@ namespace mergeloom {
 
 /// What a new named cell is made of, besides its name.
 struct NamedRangeContent {
-    bool boundValueUse = false;
-    std::string prefix{};       ///< stands before the name
-    std::string pictureFile{};  ///< a picture's full path; it stands on the cell instead of a text
+    bool vfBoundValueUse = false;
+    std::string vstrPrefix{};       ///< stands before the name
+    std::string vstrPictureFile{};  ///< a picture's full path; it stands on the cell instead of a text
 };
 
 /// Makes the active cell a named place and returns its name; none when it failed. Without a picture the cell

@@ -30,10 +30,10 @@ TEST_F(BookmarkAdd, NamesAndTextsOfPlaces) {
     const std::vector<Case> cases{
         {"Customer", {}, "[Customer:Customer]\n", "Customer"},
         {"Order-Date", {}, "[OrderDate:Order-Date]\n", "Order-Date"},
-        {"City", {.boundValueUse = true}, "[City_bv:City]\n", "City_bv"},
-        {"City", {.boundValueUse = true, .prefix = "Ship"}, "[ShipCity_bv:City]\n", "ShipCity_bv"},
-        {"City", {.text = "Berlin"}, "[City:Berlin]\n", "City"},
-        {"Break", {.text = "\r\n"}, "[Break:\n]\n", "Break"},
+        {"City", {.vfBoundValueUse = true}, "[City_bv:City]\n", "City_bv"},
+        {"City", {.vfBoundValueUse = true, .vstrPrefix = "Ship"}, "[ShipCity_bv:City]\n", "ShipCity_bv"},
+        {"City", {.vstrText = "Berlin"}, "[City:Berlin]\n", "City"},
+        {"Break", {.vstrText = "\r\n"}, "[Break:\n]\n", "Break"},
     };
     for (const Case& c : cases) {
         open();
@@ -49,7 +49,7 @@ TEST_F(BookmarkAdd, NamesAndTextsOfPlaces) {
 TEST_F(BookmarkAdd, FurtherPlacesCount) {
     open();
     for (const bool bound : {false, false, true, false, true}) {
-        ASSERT_TRUE(add("Name", {.boundValueUse = bound, .text = "x"}));
+        ASSERT_TRUE(add("Name", {.vfBoundValueUse = bound, .vstrText = "x"}));
         selection()->TypeText(" ");
     }
     for (const char* name : {"Name", "Name_ref1", "Name_ref2", "Name_bv", "Name_bv_ref1"}) {
@@ -95,7 +95,7 @@ TEST_F(BookmarkAdd, ManyPlacesOfALongName) {
     for (const std::size_t length : {33U, 34U, 40U, 60U}) {
         open();
         for (int i = 0; i < kPlaces; ++i) {
-            ASSERT_TRUE(add(std::string(length, 'z'), {.text = "x"}));
+            ASSERT_TRUE(add(std::string(length, 'z'), {.vstrText = "x"}));
             selection()->TypeText(" ");
         }
         EXPECT_EQ(document->Bookmarks()->Count(), kPlaces) << length;
@@ -115,7 +115,7 @@ TEST_F(BookmarkAdd, SelectedTextIsThePlacesText) {
     const word::RangePtr you = bookmark("All")->Range();
     you->SetText("you");  // the bookmark goes with its text
     you->Select();
-    ASSERT_TRUE(add("Person", {.text = "unused"}));
+    ASSERT_TRUE(add("Person", {.vstrText = "unused"}));
     EXPECT_EQ(body(), "Dear [Person:you]\n");
 }
 
@@ -205,7 +205,7 @@ TEST_F(BookmarkAdd, SeveralCellsKeepTheirText) {
     cells->Select();
     ASSERT_EQ(selection()->Range()->Cells()->Count(), 2);
 
-    const word::BookmarkPtr added = add("Both", {.pictureFile = "/none.png"});
+    const word::BookmarkPtr added = add("Both", {.vstrPictureFile = "/none.png"});
     ASSERT_TRUE(added) << messages.texts();
     EXPECT_EQ(added->Range()->Cells()->Count(), 2);
     EXPECT_EQ(added->Range()->Text(), cells->Range()->Text());

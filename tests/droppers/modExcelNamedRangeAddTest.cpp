@@ -28,10 +28,13 @@ TEST_F(NamedRangeAdd, NamesAndTexts) {
         {"OrderDate", {}, "ammOrderDate", "[OrderDate]"},
         {"OrderDate", {}, "ammOrderDate_ref1", "[OrderDate]"},
         {"orderdate", {}, "ammorderdate_ref2", "[orderdate]"},
-        {"OrderDate", {.boundValueUse = true}, "ammOrderDate_bv", "[OrderDate_bv]"},
-        {"OrderDate", {.boundValueUse = true}, "ammOrderDate_bv_ref1", "[OrderDate_bv]"},
-        {"Price", {.prefix = "Lines"}, "ammLinesPrice", "[LinesPrice]"},
-        {"Price", {.boundValueUse = true, .prefix = "My Lines"}, "ammMyLinesPrice_bv", "[My LinesPrice_bv]"},
+        {"OrderDate", {.vfBoundValueUse = true}, "ammOrderDate_bv", "[OrderDate_bv]"},
+        {"OrderDate", {.vfBoundValueUse = true}, "ammOrderDate_bv_ref1", "[OrderDate_bv]"},
+        {"Price", {.vstrPrefix = "Lines"}, "ammLinesPrice", "[LinesPrice]"},
+        {"Price",
+         {.vfBoundValueUse = true, .vstrPrefix = "My Lines"},
+         "ammMyLinesPrice_bv",
+         "[My LinesPrice_bv]"},
         {"2nd", {}, "amm2nd", "[2nd]"},
         {std::string(300, 'n'), {}, std::string(255, 'n'), "[" + std::string(300, 'n') + "]"},
         {std::string(299, 'n'), {}, std::string(250, 'n') + "_ref1", "[" + std::string(299, 'n') + "]"},
@@ -66,7 +69,7 @@ TEST_F(NamedRangeAdd, AnErrorIsReportedWithTheName) {
 TEST_F(NamedRangeAdd, ACellBearsOnePictureOfAField) {
     open();
     files.files["/p.gif"] = pictureFile(40, 20);
-    const NamedRangeContent picture{.pictureFile = "/p.gif"};
+    const NamedRangeContent picture{.vstrPictureFile = "/p.gif"};
     const auto addAt = [&](int row, const std::string& name) {
         goTo(row, 2);
         add(name, picture);
@@ -80,7 +83,7 @@ TEST_F(NamedRangeAdd, ACellBearsOnePictureOfAField) {
     EXPECT_EQ(cells(), "");
 
     goTo(2, 2);
-    EXPECT_EQ(add("X", {.pictureFile = "/none.gif"}), "");
+    EXPECT_EQ(add("X", {.vstrPictureFile = "/none.gif"}), "");
     ASSERT_EQ(errors.reports.size(), 1U);
     EXPECT_EQ(errors.reports[0].procedure, "InsertPictureFromFile");
     EXPECT_EQ(errors.reports[0].module, "modExcelNamedRangeAdd");
@@ -170,7 +173,7 @@ TEST_F(PictureOnCell, TheFirstOfMergedCellsBearsIt) {
     files.files["/p.gif"] = pictureFile(60, 40);
     goTo(4, 3);
     ASSERT_EQ(active(), "B3");
-    add("X", {.pictureFile = "/p.gif"});
+    add("X", {.vstrPictureFile = "/p.gif"});
     EXPECT_EQ(names() + shapes(), "ammX=B3 ammX:B3 ");
     EXPECT_NEAR(GetShapeByName(*sheet(), "ammX")->Width().value, cell(3, 2)->Width().value, 0.01);
 }
