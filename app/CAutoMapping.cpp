@@ -8,6 +8,7 @@
 #include "app/MergeloomErrorCodes.h"
 #include "app/modMain.h"
 #include "base/Paths.h"
+#include "base/SourcePlace.h"
 #include "xml/COptions.h"
 
 namespace mergeloom {
@@ -53,9 +54,10 @@ bool CAutoMapping::trapped(const std::function<bool()>& body) {
         tell(refusal.what());
     } catch (const AutomationError& error) {
         if (isMappingError(error.number())) throw;
-        errors_.report({error.number(), error.description(), {}, kModule, kExecute});
+        errors_.report(
+            {error.number(), error.description(), {}, kModule, kExecute, shownPlace(error.place())});
     } catch (const std::exception& error) {
-        errors_.report({0, error.what(), {}, kModule, kExecute});
+        errors_.report({0, error.what(), {}, kModule, kExecute, shownPlace(std::source_location::current())});
     }
     return false;
 }
@@ -139,12 +141,7 @@ std::string CAutoMapping::documentToBuildOn() const {
 
 void CAutoMapping::readFolders(const StructureDocument& document) {
     COptions options{errors_};
-    try {
-        options.init(document.documentElement());
-    } catch (const AutomationError& error) {
-        // A structure document may come without options; there is no user whom this could help.
-        if (error.number() != kApplicationError) throw;
-    }
+    options.initIfThere(document.documentElement());
     if (documentsFolder_.empty()) documentsFolder_ = options.DocumentsFolder();
     if (templatesFolder_.empty()) templatesFolder_ = options.TemplatesFolder();
 }

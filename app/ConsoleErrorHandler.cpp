@@ -21,7 +21,7 @@ std::string numberText(ErrorNumber number) {
 void ConsoleErrorHandler::report(const ErrorReport& report) {
     std::string text = "error " + numberText(report.number) + ": " + report.description;
     if (!report.comment.empty()) text += "\n" + report.comment;
-    text += "\nin " + report.module + "." + report.procedure;
+    text += "\nin " + shownProcedure(report);
     writeConsoleText(stream_, text);
 }
 

@@ -5,6 +5,7 @@
 #include "app/MergeloomErrorCodes.h"
 #include "app/ToldErrors.h"
 #include "base/DiskFileStore.h"
+#include "base/SourcePlace.h"
 
 namespace mergeloom {
 
@@ -30,7 +31,7 @@ bool mapBeforeDesigner(const GnuOptions& options, ErrorHandler& errors, Messages
     } catch (const AutomationError& error) {
         tellError(error, errors, messages);
     } catch (const std::exception& error) {
-        errors.report({0, error.what(), {}, "modMain", "Main"});
+        errors.report({0, error.what(), {}, "modMain", "Main", shownPlace(std::source_location::current())});
     }
     return false;
 }

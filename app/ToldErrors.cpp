@@ -1,6 +1,7 @@
 #include "app/ToldErrors.h"
 
 #include "app/MergeloomErrorCodes.h"
+#include "base/SourcePlace.h"
 
 namespace mergeloom {
 
@@ -14,7 +15,8 @@ constexpr ErrorNumber kObjectUnloaded = 364;
 void tellError(const AutomationError& error, ErrorHandler& errors, Messages& messages) {
     if (error.number() == kObjectUnloaded) return;
     if (!isMappingError(error.number())) {
-        errors.report({error.number(), error.description(), {}, "modMain", "Main"});
+        errors.report(
+            {error.number(), error.description(), {}, "modMain", "Main", shownPlace(error.place())});
     } else if (!error.description().empty()) {
         messages.show({error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
     }

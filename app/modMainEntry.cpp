@@ -21,6 +21,7 @@
 #include "app/modMain.h"
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
+#include "base/SourcePlace.h"
 #include "office/model/excel/Workbooks.h"
 #include "office/model/word/Documents.h"
 
@@ -106,7 +107,7 @@ bool Run::succeeds(const Body& body) {
     } catch (const AutomationError& error) {
         tellError(error, errors_, messages_);
     } catch (const std::exception& error) {
-        errors_.report({0, error.what(), {}, "modMain", "Main"});
+        errors_.report({0, error.what(), {}, "modMain", "Main", shownPlace(std::source_location::current())});
     }
     return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <source_location>
 #include <stdexcept>
 #include <string>
 
@@ -28,14 +29,18 @@ inline constexpr ErrorNumber kNotAvailable = 4605;
 /// An error with the number and the text that a caller of an automation interface would see.
 class AutomationError : public std::runtime_error {
   public:
-    AutomationError(ErrorNumber number, const std::string& description)
-        : std::runtime_error(description), number_(number) {}
+    /// The place is the one that throws.
+    AutomationError(ErrorNumber number, const std::string& description,
+                    const std::source_location& place = std::source_location::current())
+        : std::runtime_error(description), number_(number), place_(place) {}
 
     [[nodiscard]] ErrorNumber number() const { return number_; }
     [[nodiscard]] std::string description() const { return what(); }
+    [[nodiscard]] const std::source_location& place() const { return place_; }
 
   private:
     ErrorNumber number_;
+    std::source_location place_;
 };
 
 }  // namespace mergeloom

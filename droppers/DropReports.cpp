@@ -30,10 +30,10 @@ bool DropReports::confirm(const std::string& announcement) {
 }
 
 bool DropReports::trap(const Procedure& procedure, const std::function<bool()>& body,
-                       const std::string& comment) {
+                       const std::string& comment, const std::source_location& place) {
     bool answer = false;
     mergeloom::trap(
-        *this, procedure.module, procedure.name, [&] { answer = body(); }, comment);
+        *this, procedure.module, procedure.name, [&] { answer = body(); }, comment, place);
     return answer;
 }
 

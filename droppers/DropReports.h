@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 
 #include <functional>
+#include <source_location>
 #include <string>
 
 namespace mergeloom {
@@ -37,7 +38,8 @@ class DropReports : public ErrorHandler {
 
     /// Runs a procedure's body under its trap and returns the body's answer. An error goes to the error
     /// handler with the comment as it reads then, and the answer is false.
-    bool trap(const Procedure& procedure, const std::function<bool()>& body, const std::string& comment = {});
+    bool trap(const Procedure& procedure, const std::function<bool()>& body, const std::string& comment = {},
+              const std::source_location& place = std::source_location::current());
 
     /// Whether any procedure met an error or the user called the drop off. Whoever drops several places stops
     /// then.

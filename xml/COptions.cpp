@@ -24,4 +24,14 @@ void COptions::init(XmlNode documentElement) {
     }
 }
 
+bool COptions::initIfThere(XmlNode documentElement) {
+    try {
+        init(documentElement);
+        return true;
+    } catch (const AutomationError& error) {
+        if (error.number() != kApplicationError) throw;
+        return false;
+    }
+}
+
 }  // namespace mergeloom

@@ -16,6 +16,9 @@ class COptions {
     /// folders then stay as they were.
     void init(XmlNode documentElement);
 
+    /// The same for a document that may come without options: returns whether it has them.
+    bool initIfThere(XmlNode documentElement);
+
     /// Empty when the options do not name it. Whether the folder exists is not looked at.
     [[nodiscard]] const std::string& DocumentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& TemplatesFolder() const { return templatesFolder_; }

@@ -6,6 +6,7 @@
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 
+#include <algorithm>
 #include <exception>
 #include <memory>
 #include <string_view>
@@ -15,15 +16,18 @@ namespace mergeloom {
 namespace {
 
 // Entities are replaced, so that a text reads as its author meant it; the reader itself keeps external ones
-// out, which this option alone would let in.
-constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOENT;
+// out, which this option alone would let in. The parser's bounds of texts and depth are off, since the
+// document's own ones decide; its bound of entities goes with them, so they are counted here.
+constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_HUGE;
 /// How many fields stand for one attribute in what the parser reports of an element.
 constexpr int kAttributeFields = 5;
 
-// How far entities may blow a document up: the parser's own bound lets one large entity be used any number of
-// times. Text in an encoding of one byte a character may become three times as long without any entity.
+// How far entities may blow a document up. Text in an encoding of one byte a character may become three times
+// as long without any entity.
 constexpr std::size_t kLargestExpansion = 10;
 constexpr std::size_t kAlwaysAllowedSize = std::size_t{1} << 20;
+/// What a reference counts besides the entity's length: references to nothing take time, too.
+constexpr std::size_t kReferenceSize = 16;
 
 struct ContextDeleter {
     void operator()(xmlParserCtxt* context) const {
@@ -119,22 +123,26 @@ class StructureReader {
     }
 
     void checkExpansion() const {
-        if (builder_.size() <= kAlwaysAllowedSize || builder_.size() / kLargestExpansion <= size_) return;
+        const std::size_t expanded = std::max(builder_.size(), referenced_);
+        if (expanded <= kAlwaysAllowedSize || expanded / kLargestExpansion <= size_) return;
         throw DocumentRefused("Entities expand to more than " + std::to_string(kLargestExpansion) +
                               " times the document's size");
     }
 
-    /// Only external entities are refused here; the parser itself tells of unknown ones.
+    /// Refuses external entities; the parser itself tells of unknown ones. Of the others each use is counted,
+    /// since an attribute's value is expanded before it is reported.
     static xmlEntity* ownEntity(void* context, xmlEntity* entity) {
         if (entity == nullptr) return nullptr;
         const bool external = entity->etype == XML_EXTERNAL_GENERAL_PARSED_ENTITY ||
                               entity->etype == XML_EXTERNAL_PARAMETER_ENTITY;
-        if (!external) return entity;
-        handle(context, [&](StructureReader&) {
-            throw DocumentRefused("The external entity '" + std::string(chars(entity->name)) +
-                                  "' is not allowed");
+        handle(context, [&](StructureReader& reader) {
+            if (external) {
+                throw DocumentRefused("The external entity '" + std::string(chars(entity->name)) +
+                                      "' is not allowed");
+            }
+            reader.referenced_ += static_cast<std::size_t>(entity->length) + kReferenceSize;
         });
-        return nullptr;
+        return of(context).failed() ? nullptr : entity;
     }
 
     static void startElement(void* context, const xmlChar* localName, const xmlChar* prefix, const xmlChar*,
@@ -166,7 +174,8 @@ class StructureReader {
     const ByteReader& bytes_;
     NodeBuilder builder_;
     std::unique_ptr<xmlParserCtxt, ContextDeleter> context_;
-    std::size_t size_ = 0;  // the bytes read so far
+    std::size_t size_ = 0;        // the bytes read so far
+    std::size_t referenced_ = 0;  // the lengths of the entities that were used
     ParseError error_;
     std::exception_ptr unexpected_;
 };

@@ -35,12 +35,12 @@ TEST(ConsoleMessages, AnswerQuestionsWithTheirDefaultButton) {
 TEST(ConsoleErrorHandler, TellsWhatItKnowsOfAnError) {
     std::ostringstream stream;
     ConsoleErrorHandler handler(stream);
-    handler.report({0x8004020A, "It broke.", "orders.xml", "COptions", "Load"});
+    handler.report({0x8004020A, "It broke.", "orders.xml", "COptions", "Load", "xml/COptions.cpp:14"});
     handler.report({5941, "No such member.", "", "modMain", "Main"});
     EXPECT_EQ(stream.str(),
               "mergeloom: error 0x8004020A: It broke.\n"
               "           orders.xml\n"
-              "           in COptions.Load\n"
+              "           in COptions.Load (xml/COptions.cpp:14)\n"
               "mergeloom: error 5941: No such member.\n"
               "           in modMain.Main\n");
 }

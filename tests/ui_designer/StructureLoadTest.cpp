@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QStandardPaths>
 #include <QTest>
 
 namespace mergeloom {
@@ -165,18 +166,22 @@ TEST_F(StructureLoading, ADocumentWithoutObjectsIsIncorrect) {
     EXPECT_THAT(errors_.reports, IsEmpty());
 }
 
-TEST_F(StructureLoading, OtherErrorsAreReportedOnceTheTreeIsShown) {
+TEST_F(StructureLoading, ADocumentWithoutOptionsUsesTheUsersFolder) {
+    const std::string own = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
     folder_.put("bare.xml", document("Bare", ""));
-    load_.setTemplatesFolder("/given");
     loadFile("bare.xml");
     EXPECT_THAT(topLevel(), ElementsAre("Special", "Form \"Bare\""));
-    ASSERT_EQ(errors_.reports.size(), 1U);
-    EXPECT_EQ(errors_.reports.front().number, kApplicationError);
-    EXPECT_EQ(errors_.reports.front().module, "frmMain");
-    EXPECT_EQ(errors_.reports.front().procedure, "mXMLDocument_onreadystatechange");
-    EXPECT_EQ(load_.templatesFolder(), "/given");
+    EXPECT_THAT(errors_.reports, IsEmpty());
+    EXPECT_EQ(messages_.texts(), "");
+    EXPECT_EQ(load_.documentsFolder(), own);
+    EXPECT_EQ(load_.templatesFolder(), own);
 
-    errors_.reports.clear();
+    load_.setTemplatesFolder("/given");
+    loadFile("bare.xml");
+    EXPECT_EQ(load_.templatesFolder(), "/given");
+}
+
+TEST_F(StructureLoading, OtherErrorsAreReportedOnceTheTreeIsShown) {
     folder_.put("views.xml",
                 "<db><Form Name='A'/><Form CurrentView='x'/><Form CurrentView='y'/><Options><FileLocations/>"
                 "</Options></db>");

@@ -15,7 +15,8 @@ namespace {
 
 using testing::HasSubstr;
 
-const ErrorReport kError{5941, "The <bookmark> is gone.", "Bookmark Name = 'a'", "frmMain", "Form_Load"};
+const ErrorReport kError{5941,        "The <bookmark> is gone.",  "Bookmark Name = 'a'", "frmMain",
+                         "Form_Load", "ui/designer/frmMain.cpp:7"};
 
 QPushButton* buttonOf(QWidget& window, const char* name) {
     return window.findChild<QPushButton*>(QLatin1String(name));
@@ -32,6 +33,7 @@ class ErrorDialogTest : public testing::Test {
   protected:
     ErrorDialog make(const std::string& address, const std::string& reportFolder) {
         return ErrorDialog(nullptr, {.officeBuild = [] { return std::string("Office 7.4"); },
+                                     .log = [this](const std::string& line) { logged += line + "\n"; },
                                      .supportAddress = address,
                                      .reportFolder = reportFolder});
     }
@@ -43,12 +45,14 @@ class ErrorDialogTest : public testing::Test {
     }
 
     TemporaryFolder folder;
+    std::string logged;
 };
 
 TEST_F(ErrorDialogTest, ShowsTheErrorAndKeepsAReport) {
     const ModalUser user({[](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Mergeloom"));
-        for (const char* text : {"5941", "The <bookmark> is gone.", "frmMain", "Form_Load"})
+        for (const char* text :
+             {"5941", "The <bookmark> is gone.", "frmMain", "Form_Load", "ui/designer/frmMain.cpp:7"})
             EXPECT_THAT(textsOf(window), HasSubstr(text));
         QTest::keyClick(&window, Qt::Key_Return);
     }});
@@ -56,6 +60,10 @@ TEST_F(ErrorDialogTest, ShowsTheErrorAndKeepsAReport) {
     EXPECT_EQ(folder.entryCount(), 1);
     EXPECT_THAT(keptReport(), HasSubstr("\nOffice: Office 7.4\n"));
     EXPECT_THAT(keptReport(), HasSubstr("\nError number: 5941\n"));
+    EXPECT_THAT(keptReport(), HasSubstr("\nPlace: ui/designer/frmMain.cpp:7\n"));
+    EXPECT_EQ(logged,
+              "Error 5941 in frmMain.Form_Load (ui/designer/frmMain.cpp:7): The <bookmark> is gone. "
+              "(Bookmark Name = 'a')\n");
 }
 
 TEST_F(ErrorDialogTest, TheReportIsReadBeforeItIsSent) {

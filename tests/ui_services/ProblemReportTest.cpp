@@ -23,21 +23,22 @@ ProblemCircumstances circumstances() {
 }
 
 TEST(ProblemReport, ALineForEachFact) {
-    EXPECT_EQ(
-        problemReportText({0x80040201, "First.\r\nSecond.", "Bookmark Name = 'x'", "frmMain", "Form_Load"},
-                          circumstances()),
-        "Time: 2024-05-06T07:08:09Z\n"
-        "Program: Mergeloom 1.2\n"
-        "Qt: 6.4.2\n"
-        "Office: 7.4.7\n"
-        "System: Debian, x86_64\n"
-        "Locale: de_DE\n"
-        "Error number: 0x80040201\n"
-        "Description: First.\n"
-        "  Second.\n"
-        "Module: frmMain\n"
-        "Procedure: Form_Load\n"
-        "Comment: Bookmark Name = 'x'\n");
+    EXPECT_EQ(problemReportText({0x80040201, "First.\r\nSecond.", "Bookmark Name = 'x'", "frmMain",
+                                 "Form_Load", "ui/designer/frmMain.cpp:7"},
+                                circumstances()),
+              "Time: 2024-05-06T07:08:09Z\n"
+              "Program: Mergeloom 1.2\n"
+              "Qt: 6.4.2\n"
+              "Office: 7.4.7\n"
+              "System: Debian, x86_64\n"
+              "Locale: de_DE\n"
+              "Error number: 0x80040201\n"
+              "Description: First.\n"
+              "  Second.\n"
+              "Module: frmMain\n"
+              "Procedure: Form_Load\n"
+              "Place: ui/designer/frmMain.cpp:7\n"
+              "Comment: Bookmark Name = 'x'\n");
 }
 
 TEST(ProblemReport, WhatIsNotKnown) {

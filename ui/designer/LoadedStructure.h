@@ -24,7 +24,7 @@ struct LoadedStructure {
     int firstObject = 0;
     /// The elements of the tree's keys, for the droppers.
     XmlNodeCollection xmlNodes;
-    /// None when the document has no options.
+    /// None when the document has no options: the user's documents folder stands in for both then.
     std::optional<StructureFolders> folders;
 };
 

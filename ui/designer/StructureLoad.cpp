@@ -15,11 +15,19 @@ namespace {
 
 constexpr const char* kForm = "frmMain";
 
+std::string usersDocuments() {
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+}
+
 /// Where documents are looked for: beside the program, else among the user's own.
 std::string startFolder() {
     std::string beside = joinPath(parentFolder(programPath()), "XML");
     if (folderExists(beside)) return beside;
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+    return usersDocuments();
+}
+
+StructureFolders usersFolders() {
+    return {usersDocuments(), usersDocuments()};
 }
 
 FileQuestion question() {
@@ -90,7 +98,7 @@ void StructureLoad::finish(LoadNumber number, const StructureLoadResult& result)
     if (number != current_) return;
     current_ = 0;
     if (result.structure) {
-        if (result.structure->folders) takeFolders(*result.structure->folders);
+        takeFolders(result.structure->folders.value_or(usersFolders()));
         Q_EMIT loaded(result.structure);
     }
     if (origin_ == Origin::Button) loadedByButton_ = true;

@@ -70,10 +70,10 @@ int firstObject(TreeView& tree) {
     throw AutomationError(kElementNotFound, "Element not found");
 }
 
-StructureFolders readFolders(ErrorHandler& errors, const StructureDocument& document) {
+std::optional<StructureFolders> readFolders(ErrorHandler& errors, const StructureDocument& document) {
     COptions options{errors};
-    options.init(document.documentElement());
-    return {options.DocumentsFolder(), options.TemplatesFolder()};
+    if (!options.initIfThere(document.documentElement())) return std::nullopt;
+    return StructureFolders{options.DocumentsFolder(), options.TemplatesFolder()};
 }
 
 void showInTree(LoadedStructure& structure, ErrorHandler& errors) {

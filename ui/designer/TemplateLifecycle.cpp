@@ -4,6 +4,7 @@
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/Paths.h"
+#include "base/SourcePlace.h"
 #include "base/Text.h"
 #include "base/Trap.h"
 
@@ -206,17 +207,18 @@ std::string TemplateLifecycle::startFolder() const {
 }
 
 template <typename Body>
-void TemplateLifecycle::trapped(const char* procedure, const Body& body) {
+void TemplateLifecycle::trapped(const char* procedure, const Body& body, const std::source_location& place) {
     try {
         body();
     } catch (const AutomationError& error) {
         if (isMappingError(error.number())) {
             tell(error.description(), MessageIcon::Exclamation);
         } else {
-            ports_.errors.report({error.number(), error.description(), templatePath_, kModule, procedure});
+            ports_.errors.report({error.number(), error.description(), templatePath_, kModule, procedure,
+                                  shownPlace(error.place())});
         }
     } catch (const std::exception& error) {
-        ports_.errors.report({0, error.what(), templatePath_, kModule, procedure});
+        ports_.errors.report({0, error.what(), templatePath_, kModule, procedure, shownPlace(place)});
     }
 }
 

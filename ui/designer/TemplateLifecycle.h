@@ -9,6 +9,7 @@
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateOffice.h"
 
+#include <source_location>
 #include <string>
 
 namespace mergeloom {
@@ -70,7 +71,8 @@ class TemplateLifecycle {
     model::OfficeDocument* documentOrNone();
     [[nodiscard]] std::string startFolder() const;
     template <typename Body>
-    void trapped(const char* procedure, const Body& body);
+    void trapped(const char* procedure, const Body& body,
+                 const std::source_location& place = std::source_location::current());
     void tell(const std::string& text, MessageIcon icon);
 
     Ports ports_;

@@ -48,7 +48,8 @@ std::string fileOfSwitch(std::int32_t place) {
 
 frmMain::frmMain(HostedPart part)
     : messages_(this),
-      errors_(this, {.officeBuild = [this] { return session_.officeBuild(); }}),
+      errors_(this, {.officeBuild = [this] { return session_.officeBuild(); },
+                     .log = [this](const std::string& line) { log_.append(line); }}),
       fileDialog_(this),
       fieldDialog_(this, errors_),
       actions_(new DesignerActions(*menuBar(), conversionIn(part))),

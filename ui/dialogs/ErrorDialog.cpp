@@ -21,6 +21,12 @@ QString keep(const std::string& text, const std::string& folder) {
     }
 }
 
+std::string logLine(const ErrorReport& report) {
+    const std::string comment = report.comment.empty() ? "" : " (" + report.comment + ")";
+    return "Error " + shownErrorNumber(report.number) + " in " + shownProcedure(report) + ": " +
+           report.description + comment;
+}
+
 }  // namespace
 
 std::string ErrorDialogSettings::addressOfBuild() {
@@ -32,6 +38,7 @@ std::string ErrorDialogSettings::folderOfUser() {
 }
 
 void ErrorDialog::report(const ErrorReport& report) {
+    settings_.log(logLine(report));
     const std::string text = reportText(report);
     const QString path = keep(text, settings_.reportFolder);
     callOnGuiThread([&] {

@@ -13,6 +13,8 @@ namespace mergeloom {
 struct ErrorDialogSettings {
     /// Asked on the thread that reports, which may be the office's own; empty while no office runs.
     std::function<std::string()> officeBuild = [] { return std::string(); };
+    /// Takes a line for each error, from the thread that reports.
+    std::function<void(const std::string&)> log = [](const std::string&) {};
     /// Where users write to: by default the address of this build. Without one there is no button for it.
     std::string supportAddress = addressOfBuild();
     /// Where the reports are kept: by default the user's state folder.

@@ -62,6 +62,7 @@ QLayout* ErrorWindow::makeDetails(const ErrorReport& error) {
     addDetail(tr("Number:"), error.number == 0 ? std::string() : shownErrorNumber(error.number));
     addDetail(tr("Module:"), error.module);
     addDetail(tr("Procedure:"), error.procedure);
+    addDetail(tr("Place:"), error.place);
     addDetail(tr("Working on:"), error.comment);
     return details;
 }

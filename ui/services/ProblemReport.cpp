@@ -62,7 +62,7 @@ std::string problemReportText(const ErrorReport& error, const ProblemCircumstanc
                        line("System", circumstances.system) + line("Locale", circumstances.locale) +
                        line("Error number", shownErrorNumber(error.number)) +
                        line("Description", error.description) + line("Module", error.module) +
-                       line("Procedure", error.procedure);
+                       line("Procedure", error.procedure) + line("Place", error.place);
     if (!error.comment.empty()) text += line("Comment", error.comment);
     for (const std::string& folder : circumstances.homeFolders)
         if (folder.size() > 1) text = withoutFolder(text, folder);

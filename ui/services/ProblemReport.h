@@ -23,8 +23,9 @@ ProblemCircumstances currentCircumstances();
 
 /// The report that a user can read, keep and send. It holds no content of documents, and the user's home
 /// folder reads "~". A line for each fact, "Name: value", in this order: Time, Program, Qt, Office, System,
-/// Locale, Error number, Description, Module, Procedure, Comment. What is not known reads "unknown"; without
-/// a comment there is no line for it. A value of several lines goes on in lines that start with two blanks.
+/// Locale, Error number, Description, Module, Procedure, Place, Comment. What is not known reads "unknown";
+/// without a comment there is no line for it. A value of several lines goes on in lines that start with two
+/// blanks.
 std::string problemReportText(const ErrorReport& error, const ProblemCircumstances& circumstances);
 
 /// An error's number as it is known: small ones as they are, those of automation hexadecimal.
