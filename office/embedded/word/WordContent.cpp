@@ -120,7 +120,8 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
 CharacterPosition WordContent::endOf(Story& story) {
     StoryEditor& editor = editable(story).editor();
     if (!editor.endsWithOwnParagraph()) {
-        touch();
+        const CharacterPosition last{story.length().value - 1};
+        beginEdit(story, last, last);
         editor.appendParagraph();
     }
     return CharacterPosition{story.length().value - 1};
