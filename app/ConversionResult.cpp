@@ -66,7 +66,7 @@ std::string toldMovedBookmarks(const std::vector<std::string>& names) {
 
 std::string toldConversion(const ConversionResult& result) {
     return toldPlaces(result) + ", " + counted(result.removed.size(), "was removed.\n", "were removed.\n") +
-           toldEach("Removed: ", result.removed) + toldLeft(result.left) +
+           toldEach("Removed: ", result.removed) + toldLeft(result.left) + toldEach("", result.refusals) +
            toldMovedBookmarks(result.movedBookmarks);
 }
 

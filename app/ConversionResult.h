@@ -23,8 +23,9 @@ struct ConversionResult {
     int places = 0;  ///< those texts
     std::vector<std::string>
         removed;  ///< codes of the fields that could not be converted and went without a trace
-    std::vector<LeftField> left;  ///< the fields of the old kinds that the document still has, in order
-    bool failed = false;          ///< an error ended a pass and was reported
+    std::vector<LeftField> left;        ///< the fields of the old kinds that the document still has, in order
+    std::vector<std::string> refusals;  ///< why fields stayed that the document protects, a sentence each
+    bool failed = false;                ///< an error ended a pass and was reported
     /// Bookmarks, in the order of their fields, that moved to a field from another place of their name. That
     /// place is plain text then.
     std::vector<std::string> movedBookmarks;

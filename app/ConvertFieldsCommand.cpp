@@ -45,7 +45,7 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     }
     report << toldConversion(result);
     if (!backup.empty()) report << "The file as it was is kept in '" << backup << "'.\n";
-    return !result.failed;
+    return !result.failed && result.refusals.empty();
 }
 
 ConversionResult ConvertFieldsCommand::convert(const word::DocumentPtr& document) {

@@ -25,9 +25,9 @@ class ConvertFieldsCommand {
         : startWord_(std::move(startWord)), formats_(formats), files_(files), errors_(errors) {}
 
     /// Works in place when the output is empty or the file itself; otherwise the output's extension decides
-    /// the format. Tells false when an error was reported, though what could be converted is saved. Raises an
-    /// AutomationError with a sentence for the user, and leaves all files as they were, when nothing can be
-    /// read or written.
+    /// the format. Returns false when an error was reported or the document protects a field, though what
+    /// could be converted is saved. Raises an AutomationError with a sentence for the user, and leaves all
+    /// files as they were, when nothing can be read or written.
     bool run(const std::string& file, const std::string& output, std::ostream& report);
 
   private:

@@ -15,6 +15,7 @@
 #include "office/model/word/Selection.h"
 #include "office/model/word/Window.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 
@@ -157,12 +158,23 @@ template <typename Body>
 bool ConvertMailMergeFields::isDone(word::Document& document, const Body& body) {
     const model::UndoRecordPtr steps = document.Application()->UndoRecord();
     DropRecord record(document, *steps, "Convert Merge Fields");
-    const bool isDone = succeeds([&] {
+    try {
         body();
         record.keep();
-    });
-    if (!isDone) record.takeBack();
-    return isDone;
+        return true;
+    } catch (const AutomationError& error) {
+        noteRefusal(error);
+    } catch (const std::exception&) {
+        // As a field that cannot be converted in another way, it is told among those that stayed.
+    }
+    record.takeBack();
+    return false;
+}
+
+void ConvertMailMergeFields::noteRefusal(const AutomationError& error) {
+    if (error.number() != kNotAvailable) return;
+    const auto known = std::ranges::find(result_.refusals, error.description());
+    if (known == result_.refusals.end()) result_.refusals.push_back(error.description());
 }
 
 void ConvertMailMergeFields::replaceOrDelete(word::Document& document, word::Field& field,

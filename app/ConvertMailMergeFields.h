@@ -62,6 +62,8 @@ class ConvertMailMergeFields {
     /// Runs what changes the document; returns false, with the document as it was before, when that fails.
     template <typename Body>
     bool isDone(word::Document& document, const Body& body);
+    /// Keeps the sentence of an office that may not edit a place.
+    void noteRefusal(const AutomationError& error);
     void replaceOrDelete(word::Document& document, word::Field& field, const std::vector<std::string>& names);
     void replaceField(word::Document& document, word::Field& field, const std::vector<std::string>& names);
     void removeField(word::Document& document, word::Field& field);

@@ -101,5 +101,22 @@ TEST(ConvertFieldsCommand, ConvertsFilesOfOtherFormatsAndKeepsThem) {
     EXPECT_EQ(folder.entryCount(), 4);
 }
 
+TEST(ConvertFieldsCommand, TellsWhatTheDocumentProtects) {
+    const TemporaryFolder folder;
+    const std::string protection = "<w:documentProtection w:edit='readOnly' w:enforcement='1'/>";
+    const std::string original = fileWithSettings(mergeField("Town") + mergeField("Street"), protection);
+    folder.put("letter.docx", original);
+    DiskFileStore files;
+    EXPECT_EQ(convert(folder / "letter.docx", files),
+              "0 fields became places, 0 were removed.\n"
+              "2 fields stayed.\n"
+              "Stayed: MERGEFIELD Town\n"
+              "Stayed: MERGEFIELD Street\n"
+              "The document '" +
+                  (folder / "letter.docx") +
+                  "' is protected: it may only be read. Take the document's protection off first.\n");
+    EXPECT_EQ(folder.bytesOf("letter.docx"), original);
+}
+
 }  // namespace
 }  // namespace mergeloom
