@@ -33,12 +33,14 @@ class PlaceNames {
 
     /// Other names than one's own may have the same usable characters, so both spellings count.
     [[nodiscard]] bool isTaken(std::int64_t counter) const {
-        return taken_.Exists(counted(name_, counter)) || taken_.Exists(usable(counter));
+        const std::string written = counted(name_, counter);
+        const std::string name = usable(counter);
+        return taken_.Exists(name) || (written != name && taken_.Exists(written));
     }
 
     /// The name with that counter; empty when nothing usable is left of it.
     [[nodiscard]] std::string usable(std::int64_t counter) const {
-        return usable_.empty() ? "" : normalize_(counted(usable_, counter), false);
+        return counter == 0 ? usable_ : normalize_(counted(usable_, counter), false);
     }
 
   private:

@@ -1,5 +1,6 @@
 #include "droppers/TableBookmark.h"
 
+#include "base/Text.h"
 #include "droppers/BookmarkNames.h"
 #include "droppers/CellCount.h"
 #include "droppers/CellSteps.h"
@@ -30,6 +31,14 @@ word::TablePtr tableUnder(word::Range& marked) {
     word::TablePtr table = tables->Item(1);
     const bool marksTable = coversSeveralCells(marked) || marked.End() >= table->Range()->End();
     return marksTable ? table : nullptr;
+}
+
+/// Whether a bookmark is that of a field or another place of this drop, and not one that has lost its table.
+/// The text of a field may have characters that its bookmark's name cannot have.
+bool isPlace(const DropContext& context, word::Bookmark& bookmark) {
+    const std::string name = bookmark.Name();
+    const std::string named = WordNormalizeName(bookmark.Range()->Text(), false);
+    return context.places.contains(name) || equalsIgnoringCase(named, name);
 }
 
 /// Whether a name of the workbook may move to a new table: it is that of a table, which has two rows or more,
@@ -86,7 +95,7 @@ bool markTable(DropContext& context, word::Document& document, word::Table& tabl
                const std::string& bookmarkName) {
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     const word::RangePtr whole = table.Range();
-    if (bookmarks->Exists(bookmarkName) && !isField(*bookmarks->Item(bookmarkName))) {
+    if (bookmarks->Exists(bookmarkName) && !isPlace(context, *bookmarks->Item(bookmarkName))) {
         bookmarks->Add(bookmarkName, *whole);
         return true;
     }

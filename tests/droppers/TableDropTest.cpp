@@ -149,6 +149,8 @@ TEST_F(TableDrop, ABookmarkWithoutItsTable) {
     };
     const std::vector<Case> cases{
         {"its name moves to the new table", marked("old text"), "\n[SheetT:C\n|[C:C] \n|]\nold text\n"},
+        {"a field keeps its name, whatever its characters", marked("Sheet-T"),
+         "\n[SheetT_ref1:C\n|[C:C] \n|]\n[SheetT:Sheet-T]\n"},
         {"a field keeps its name", marked("SheetT"), "\n[SheetT_ref1:C\n|[C:C] \n|]\n[SheetT:SheetT]\n"},
         {"a place in another table does not take that along",
          replaceAll(table, "%", marked("SheetT")) + "<w:p/>",
@@ -190,6 +192,18 @@ TEST_F(TableDrop, SeparateFieldsOfItsSourceGo) {
     goToEnd();
     EXPECT_TRUE(drop(node("9k"))) << "the earlier table's own fields go with it";
     EXPECT_EQ(messages.messages.size(), 1U);
+}
+
+TEST_F(TableDrop, APictureOfTheSameDropKeepsItsName) {
+    load(R"(<db><Form Name="F" CurrentView="1"><Control Name="Lines" Image="p.gif"/>
+        <Control Name="Lines" ControlType="Subform"><Form HasRecordset="1"><Control Name="P"/></Form></Control>
+        </Form></db>)");
+    pictures["p.gif"] = "/p.gif";
+    files.files["/p.gif"] = std::string("GIF89a\x08\0\x08\0\0\0\0;", 14);
+    open();
+    EXPECT_TRUE(drop(node("1k")));
+    EXPECT_EQ(body(), "Lines: [Lines:<picture>]\nLines: \n[Lines_ref1:P\n|[LinesP:P] \n|]\n");
+    EXPECT_TRUE(errors.reports.empty());
 }
 
 /// They bear no prefix, as the places of an object do.

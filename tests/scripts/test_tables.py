@@ -124,6 +124,18 @@ class Tables(unittest.TestCase):
                 self.assertEqual(names, ["Customer", "Lines", "LinesItem", "LinesUnitPrice", "Town"])
         self.assertEqual(self.tables_in_office(target), [[["Item", "Unit Price"], ["Item", "UnitPrice"]]])
 
+    def test_two_subforms_of_one_name_stay(self):
+        start, end = ORDER.index('<Control Name="Lines"'), ORDER.index('<Control Name="Town"')
+        target = self.folder / "twice.docx"
+        done = self.run_mapping(ORDER[:end] + ORDER[start:], target, "-hidden")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn('the further one is named "Lines_ref1"', done.stderr)
+        names = [place["name"] for place in read_docx.read_bookmarks(target)[0]]
+        self.assertEqual(names, ["Customer", "Lines", "LinesItem", "LinesUnitPrice", "Lines_ref1", "LinesItem_ref1",
+                                 "LinesUnitPrice_ref1", "Town"])
+        lines = [["Item", "Unit Price"], ["Item", "UnitPrice"]]
+        self.assertEqual(self.tables_in_office(target), [lines, lines])
+
     def test_labels_go_into_the_label_document(self):
         sheet = self.folder / "sheet.docx"
         document = docx.Document()

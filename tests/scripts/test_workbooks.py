@@ -158,6 +158,11 @@ class Workbooks(unittest.TestCase):
                 self.assertEqual({name: [[f"[{name[3:]}]"]] for name in places}, places)
                 self.assertEqual([f"[{name[3:]}]" for name in places], fields_placed)
 
+    def test_a_second_table_stands_below_the_first(self):
+        first = self.map("products.xml", "first.xlsx", "-listing", "-fields", "A")
+        second = self.map("products.xml", "second.xlsx", "-listing", "-fields", "B", "-usedocument", first)
+        self.assertEqual(read_xlsx.read_texts(second), [["Article:"], ["[A]"], ["Größe"], ["[B]"]])
+
     def test_other_content_stays(self):
         for name, source in self.workbooks.items():
             with self.subTest(name):
