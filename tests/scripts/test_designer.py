@@ -25,8 +25,14 @@ ROOT = Path(os.environ["MERGELOOM_ROOT"])
 SAMPLE = ROOT / "samples" / "orders.xml"
 PICTURES = os.environ.get("MERGELOOM_PICTURES")
 
-MERGE_FIELD = """<w:fldSimple w:instr=" MERGEFIELD Customer "
-    xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"><w:r><w:t>«Customer»</w:t></w:r></w:fldSimple>"""
+MERGE_FIELDS = """<w:p xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main">
+    <w:r><w:t xml:space="preserve">Dear </w:t></w:r>
+    <w:fldSimple w:instr=" QUOTE &quot;Form of Address&quot; "><w:r><w:t>Mr</w:t></w:r></w:fldSimple>
+    <w:r><w:t xml:space="preserve"> and </w:t></w:r>
+    <w:fldSimple w:instr=" MERGEFIELD  Customer  \\* MERGEFORMAT "><w:r><w:t>«Customer»</w:t></w:r></w:fldSimple>
+    <w:r><w:t xml:space="preserve"> of </w:t></w:r>
+    <w:fldSimple w:instr=" SKIPIF Count = 1 "><w:r><w:t>x</w:t></w:r></w:fldSimple>
+    <w:fldSimple w:instr=" GREETINGLINE "><w:r><w:t>greeting</w:t></w:r></w:fldSimple></w:p>"""
 
 SCREEN = None
 
@@ -183,15 +189,20 @@ class InWord(DesignerTest):
 
     def test_merge_fields_become_places(self):
         document = docx.Document()
-        paragraph = document.add_paragraph("Dear ")
-        paragraph._p.append(etree.fromstring(MERGE_FIELD))
+        document.add_paragraph()._p.extend(etree.fromstring(MERGE_FIELDS))
         document.save(self.folder / "old.docx")
         designer = self.start("-usedocument", self.folder / "old.docx")
         click(middle(designer.element("menu item", "Tools")))
         key("Down", "Return")
-        self.assertIn("1 field became a place", designer.texts_of(designer.dialog()))
+        told = designer.texts_of(designer.dialog())
+        self.assertIn("3 fields became places, 0 were removed.\n1 field stayed.\nStayed: GREETINGLINE", told)
         key("Return")
-        self.assertEqual(self.names(self.save_as("new.docx")), ["Customer"])
+        saved = self.save_as("new.docx")
+        places, problems = read_docx.read_bookmarks(saved)
+        self.assertEqual(problems, [])
+        self.assertEqual({place["name"]: place["text"] for place in places},
+                         {name: name for name in ("FormofAddress", "Customer", "Count")})
+        self.assertEqual(docx.Document(saved).paragraphs[0].text, "Dear FormofAddress and Customer of Countgreeting")
 
     def test_an_office_that_dies_is_started_again(self):
         designer = self.start()

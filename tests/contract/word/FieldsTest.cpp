@@ -101,6 +101,27 @@ TEST_P(OfficeFields, BecomePlaces) {
     }
 }
 
+TEST_P(OfficeFields, ComeBackWhenTheirReplacementIsTakenBack) {
+    open("<w:p>" + run("a ") + fieldXml(" QUOTE word ", "shown") + run(" b ") +
+         fieldXml(" MERGEFIELD Name ", "Name") + run(" c") + "</w:p>");
+    const model::UndoRecordPtr record = application->UndoRecord();
+    record->StartCustomRecord("Convert");
+    document->Fields()->Item(1)->Select();
+    selection->SetText("Place");
+    document->Bookmarks()->Add("Place", *selection->Range());
+    record->EndCustomRecord();
+    ASSERT_TRUE(document->Undo(1));
+    EXPECT_FALSE(document->Bookmarks()->Exists("Place"));
+    const word::FieldsPtr fields = document->Fields();
+    ASSERT_EQ(fields->Count(), 2);
+    EXPECT_EQ(trimmed(fields->Item(1)->Code()->Text()), "QUOTE word");
+    for (const auto& [number, name] : {std::pair(1, "First"), std::pair(2, "Last")}) {
+        fields->Item(number)->Select();
+        selection->SetText(name);
+    }
+    EXPECT_EQ(body(), "a First b Last c\n");
+}
+
 TEST_P(OfficeFields, InTheCodeOfAnother) {
     open("<w:p><w:r><w:fldChar w:fldCharType='begin'/></w:r><w:r><w:instrText>QUOTE </w:instrText></w:r>" +
          fieldXml(" MERGEFIELD \"First Name\" ", "x") + "<w:r><w:fldChar w:fldCharType='separate'/></w:r>" +
