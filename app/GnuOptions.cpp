@@ -193,7 +193,7 @@ Makes a Word template or an Excel workbook from a structure document.
   -directory          make a form
 
   --object NAME       the object to map, not the first: Orders, "Form Orders"
-  --at PLACE          where to begin in the document of -usedocument: start, end,
+  --at PLACE          where to begin in the document built on: start, end,
                       a bookmark's or a name's name, or a cell such as Sheet2!B7
   --all FOLDER        make a template of each object in this folder
   --format EXT        their file extension: dotx, with -excel xltx, if not given

@@ -120,8 +120,9 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
 CharacterPosition WordContent::endOf(Story& story) {
     StoryEditor& editor = editable(story).editor();
     if (!editor.endsWithOwnParagraph()) {
-        const CharacterPosition last{story.length().value - 1};
-        beginEdit(story, last, last);
+        // Nothing that is inside the last paragraph's control changes, so its lock does not count.
+        const CharacterPosition end{story.length().value};
+        beginEdit(story, end, end);
         editor.appendParagraph();
     }
     return CharacterPosition{story.length().value - 1};

@@ -48,8 +48,8 @@ class WordContent {
     /// in.
     CharacterCount replace(Story& story, CharacterPosition start, CharacterPosition end,
                            const std::string& text, RunUse runs = RunUse::Shared);
-    /// The place before the last paragraph mark of a story, which gets a paragraph at its end for that when the
-    /// last one is inside something else.
+    /// Returns the place before the last paragraph mark of a story. A story whose last paragraph is inside
+    /// something else gets another one for that; errors as for beginEdit.
     CharacterPosition endOf(Story& story);
     /// Replaces a stretch by a picture in the text, one character; answers that count. The formats and errors
     /// are those of PictureFile.
