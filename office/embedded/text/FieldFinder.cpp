@@ -1,7 +1,6 @@
 #include "office/embedded/text/FieldFinder.h"
 
-#include <algorithm>
-#include <iterator>
+#include <optional>
 #include <utility>
 
 namespace mergeloom::embedded {
@@ -29,29 +28,40 @@ class FieldScan {
     /// Returns the fields, with those that never ended.
     std::vector<FieldItems> result() {
         for (std::size_t field = 0; field < fields_.size(); ++field)
-            fields_[field].isInCode = std::ranges::any_of(
-                codesAround_[field], [&](std::size_t outer) { return fields_[outer].end; });
+            fields_[field].isInCode = isInCode(places_[field]);
         return std::move(fields_);
     }
 
   private:
+    /// Where a field begins: in the code or the result of the innermost field that is open there.
+    struct Place {
+        std::optional<std::size_t> outer;
+        bool codeRuns = false;
+    };
+
     void begin(Item* item) {
-        codesAround_.emplace_back();
-        std::ranges::copy_if(open_, std::back_inserter(codesAround_.back()),
-                             [&](std::size_t outer) { return isInCodeNow(fields_[outer]); });
+        Place place;
+        if (!open_.empty()) place = {open_.back(), codeRuns(fields_[open_.back()])};
+        places_.push_back(place);
         open_.push_back(fields_.size());
         fields_.push_back({item});
     }
 
     /// The code of w:fldSimple is an attribute.
-    [[nodiscard]] bool isInCodeNow(const FieldItems& outer) const {
-        return !outer.separator && names_.tagOf(outer.begin->node) != WordTag::SimpleField;
+    [[nodiscard]] bool codeRuns(const FieldItems& field) const {
+        return !field.separator && names_.tagOf(field.begin->node) != WordTag::SimpleField;
+    }
+
+    /// The outer field is known by then. One that never ended is none, but there may be others around it.
+    [[nodiscard]] bool isInCode(const Place& place) const {
+        if (!place.outer) return false;
+        const FieldItems& outer = fields_[*place.outer];
+        return outer.isInCode || (place.codeRuns && outer.end);
     }
 
     const WordNames& names_;
     std::vector<FieldItems> fields_;
-    std::vector<std::vector<std::size_t>>
-        codesAround_;  ///< for each field, those whose code ran when it began
+    std::vector<Place> places_;  ///< of the fields
     std::vector<std::size_t> open_;
 };
 
