@@ -17,6 +17,9 @@ namespace {
 
 constexpr const char* kModule = "CAutoMapping";
 constexpr const char* kExecute = "Execute";
+constexpr const char* kOtherStart =
+    "The document begins with a table, a field or a place, where nothing can be inserted. Option '--at end' "
+    "begins the mapping at its end.";
 
 DocumentType documentTypeOf(MappingType type) {
     switch (type) {
@@ -176,7 +179,16 @@ bool CAutoMapping::mapObject(MappingOffice& office, const MappingSource& source,
     if (!options_.at.empty() && options_.at != kAtStart) office.beginAt(options_.at);
     const MappedObject mapped{object, source.xmlNodes(), documentTypeOf(arguments_.type),
                               fields ? &*fields : nullptr};
-    return dropObject(office, source, mapped, ports);
+    const bool dropped = dropObject(office, source, mapped, ports);
+    if (!dropped && beginsAtRefusedStart(office)) tellWarning(ports.messages, kOtherStart);
+    return dropped;
+}
+
+/// Nobody selected anything in an unattended run, so the droppers' own sentence does not help alone.
+bool CAutoMapping::beginsAtRefusedStart(MappingOffice& office) const {
+    const bool isGiven = !documentToBuildOn().empty() && arguments_.type != MappingType::LabelDocument;
+    const bool isStart = options_.at.empty() || options_.at == kAtStart;
+    return isGiven && isStart && !office.takesDrops();
 }
 
 std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source, const TreeNode& object,

@@ -90,6 +90,7 @@ class CAutoMapping {
     /// Makes a document and drops the object into it. Returns whether something was dropped.
     bool mapObject(MappingOffice& office, const MappingSource& source, const TreeNode& object,
                    const DropPorts& ports);
+    [[nodiscard]] bool beginsAtRefusedStart(MappingOffice& office) const;
     static bool dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object,
                            const DropPorts& ports);
     void save(MappingOffice& office, const std::string& target);

@@ -31,6 +31,7 @@ class MappedExcel final : public MappingOffice {
     void addDocument(const std::string& templatePath) override;
     void openDocument(const std::string& path) override;
     void beginAt(const std::string& place) override;
+    bool takesDrops() override { return true; }
     bool drop(CNodeDropper& dropper, const MappedObject& object) override;
     model::OfficeDocument& document() override { return *workbook_; }
     void saveAs(const std::string& path) override;

@@ -3,6 +3,7 @@
 #include "app/FileFormats.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/WordStart.h"
+#include "droppers/SelectionCheck.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Documents.h"
 #include "office/model/word/Selection.h"
@@ -53,6 +54,10 @@ void MappedWord::openDocument(const std::string& path) {
 
 void MappedWord::beginAt(const std::string& place) {
     selectStart(*document_, place);
+}
+
+bool MappedWord::takesDrops() {
+    return takesCompositeDrop(*(*office_)->Selection());
 }
 
 bool MappedWord::drop(CNodeDropper& dropper, const MappedObject& object) {

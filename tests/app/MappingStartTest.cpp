@@ -89,6 +89,16 @@ TEST_F(MappingStart, ABookmarkIsFollowedByWhatIsDropped) {
         EXPECT_EQ(mapInto(body, "letter.xml", place), expected) << body;
 }
 
+TEST_F(MappingStart, ARefusedStartIsToldWithTheWayOut) {
+    const std::string refusal = "It is impossible to insert the form into current selection.\n";
+    const std::string wayOut =
+        "The document begins with a table, a field or a place, where nothing can be inserted. Option '--at "
+        "end' "
+        "begins the mapping at its end.\n";
+    EXPECT_EQ(mapInto(tableOf(para("")) + para(""), "letter.xml", ""), refusal + wayOut);
+    EXPECT_EQ(mapInto(para(""), "design.xml", ""), "Support for Design view is not realised yet.\n");
+}
+
 TEST_F(MappingStart, NeedsADocument) {
     options.at = "end";
     EXPECT_EQ(run({"-xmlfile", "%/letter.xml", "-template", "%/new.dotx"}), 0U);
