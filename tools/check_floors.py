@@ -29,18 +29,22 @@ FLOORS = {
     # What LibreOffice reads or writes wrongly is mended in the file. Both offices read from a picture's file how large it
     # is, so that they agree.
     "office/libreoffice/session": ["office/embedded/package", "office/model", "base"],
-    "office/libreoffice/word": [
+    "office/libreoffice/readback": [
         "office/libreoffice/session", "office/embedded/parts", "office/embedded/package", "office/model", "base",
     ],
+    "office/libreoffice/word": [
+        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+    ],
     "office/libreoffice/excel": [
-        "office/libreoffice/session", "office/embedded/parts", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/model", "base",
     ],
     "office/libreoffice/host": [
-        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/formats", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/formats",
+        "office/model", "base",
     ],
     "office/libreoffice/module": [
-        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/libreoffice/host",
-        "office/libreoffice/entry", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/word",
+        "office/libreoffice/excel", "office/libreoffice/host", "office/libreoffice/entry", "office/model", "base",
     ],
     "office/factory": [
         "office/embedded/word", "office/embedded/excel", "office/libreoffice/entry", "office/model", "base",
@@ -64,7 +68,8 @@ LIBRARIES = {
     "X11/": ["office/libreoffice/host"],
     "chm_lib.h": ["ui/help"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
-    **{library: ["office/libreoffice/" + floor for floor in ("session", "word", "excel", "host", "module")]
+    **{library: ["office/libreoffice/" + floor for floor in (
+        "session", "readback", "word", "excel", "host", "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
     "pugixml.hpp": [
         "xml", "office/embedded/package", "office/embedded/parts", "office/embedded/text",

@@ -213,6 +213,10 @@ TEST_F(LibreOfficeConverterTest, keepsAnExistingTargetWhenItFails) {
     EXPECT_EQ(files.read("/out.odt"), "old");
 }
 
+std::string asWritten(std::string bytes) {
+    return bytes;
+}
+
 TEST(LibreOfficeFiles, leavesSafetyOnTheDiskToTheStore) {
     MemoryFileStore files;
     files.files["/out.odt"] = "old";
@@ -220,13 +224,13 @@ TEST(LibreOfficeFiles, leavesSafetyOnTheDiskToTheStore) {
     LibreOfficeSession session(faulty);
     const DocumentReference document = session.files().create(OfficePart::Word);
     try {
-        session.files().save(document, "/out.odt", WdSaveFormat{23});
+        session.files().save(document, "/out.odt", WdSaveFormat{23}, asWritten);
         ADD_FAILURE() << "no error";
     } catch (const AutomationError& error) {
         EXPECT_EQ(error.description(), "The file '/out.odt' could not be saved: the disk is full.");
     }
     EXPECT_EQ(files.read("/out.odt"), "old");
-    session.files().save(document, "/out.odt", WdSaveFormat{23});
+    session.files().save(document, "/out.odt", WdSaveFormat{23}, asWritten);
     EXPECT_THAT(files.read("/out.odt"), StartsWith("PK"));
 }
 

@@ -17,6 +17,8 @@ from pathlib import Path
 
 import docx
 import openpyxl
+from docx.oxml import parse_xml
+from docx.oxml.ns import nsdecls
 
 import read_xlsx
 
@@ -349,6 +351,26 @@ class LibreOffice(unittest.TestCase):
                 done = self.map(kind, "-usedocument", source, "-template", self.documents / f"new.{kind.extension}")
                 self.assert_refused(done, source, "could not be read", documents=[source.name])
                 source.unlink()
+
+    def test_what_would_be_written_otherwise_keeps_the_file(self):
+        """LibreOffice 7.4 repeats the text of a content control in whose paragraph a place is inserted before it."""
+        source = self.documents / "source.docx"
+        document = docx.Document()
+        paragraph = document.add_paragraph()
+        paragraph._p.append(parse_xml(
+            f"<w:sdt {nsdecls('w')}><w:sdtPr><w:text/></w:sdtPr><w:sdtContent><w:r><w:t>Customer</w:t></w:r>"
+            "</w:sdtContent></w:sdt>"))
+        paragraph.add_run(" and more")
+        document.save(source)
+        before = source.read_bytes()
+        done = self.map(KINDS[0], "-usedocument", source)
+        if done.returncode == 0:
+            text = "".join(docx.Document(source).element.xpath("//w:t/text()"))
+            self.assertEqual(text.count("Customer"), 1, text)
+            self.assertEqual(bookmarks(source), 2)
+        else:
+            self.assert_refused(done, f"The file '{source}' was not written", "Customer", documents=[source.name])
+            self.assertEqual(source.read_bytes(), before)
 
     def test_macros_are_not_lost(self):
         for kind in KINDS:

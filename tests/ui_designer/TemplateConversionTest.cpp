@@ -128,6 +128,7 @@ class StayingFiles final : public TemplateFiles {
         return copies.back();
     }
     void copy(const std::string& from, const std::string& to) override { files_.copy(from, to); }
+    void write(const std::string& path, const std::string& bytes) override { files_.write(path, bytes); }
     void remove(const std::string& path) override {
         throw AutomationError(kPermissionDenied, "The file '" + path + "' could not be deleted.");
     }

@@ -213,6 +213,58 @@ TEST_F(TemplateSaving, AFileThatIsOpenElsewhereStays) {
     EXPECT_FALSE(host().hosted()->Saved());
 }
 
+/// What an office over it writes is never what the document shows.
+class DifferingStore final : public FileStore {
+  public:
+    explicit DifferingStore(FileStore& files) : files_(files) {}
+
+    bool fileExists(const std::string& path) override { return files_.fileExists(path); }
+    std::string read(const std::string& path) override { return files_.read(path); }
+    void save(const std::string&, const std::function<void(ByteSink&)>&) override {
+        throw model::DifferingCopy("It differs.", "written");
+    }
+
+  private:
+    FileStore& files_;
+};
+
+TEST_F(TemplateSaving, WhatDiffersIsOfferedAsACopyUnderAnotherName) {
+    struct Case {
+        MessageAnswer answer;
+        std::string chosen;
+        std::string kept;
+    };
+    const std::string path = makeTemplate("letter.docx");
+    const std::string before = folder.bytesOf("letter.docx");
+    DifferingStore store(disk);
+    FakeAccess differing(store);
+    WordTemplates templates(differing, messages, errors, files, [this] { return startWord(); });
+    const Case cases[] = {
+        {MessageAnswer::No, "", ""},
+        {MessageAnswer::Yes, "", ""},
+        {MessageAnswer::Yes, "letter.docx", ""},
+        {MessageAnswer::Yes, "copy.docx", "copy.docx"},
+        {MessageAnswer::Yes, "copy.dotx", "copy.dotx.docx"},
+    };
+    for (const Case& c : cases) {
+        chooseFiles(c.chosen.empty() ? std::vector<std::string>() : std::vector{folder / c.chosen});
+        TemplateLifecycle saving({differing, templates, messages, errors, *dialog, files, caption});
+        ASSERT_TRUE(saving.OpenTemplate(path));
+        differing.fake.hosted()->SetSaved(false);
+        messages.answers.push_back(c.answer);
+        messages.messages.clear();
+        EXPECT_FALSE(saving.SaveTemplate(SaveTarget::Same));
+        EXPECT_EQ(messages.messages.front().text,
+                  "It differs.\r\nDo you want to save this as a copy under another name?");
+        EXPECT_FALSE(differing.fake.hosted()->Saved());
+        EXPECT_EQ(folder.bytesOf("letter.docx"), before);
+        if (!c.kept.empty()) EXPECT_EQ(folder.bytesOf(c.kept), "written");
+        EXPECT_EQ(folder.entryCount(), c.kept.empty() ? 1 : 2);
+        if (!c.kept.empty()) files.remove(folder / c.kept);
+    }
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
 TEST_F(TemplateSaving, TheOfficesOwnLockIsNone) {
     const std::string path = makeTemplate("letter.docx");
     lifecycle->Start();

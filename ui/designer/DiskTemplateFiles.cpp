@@ -39,6 +39,10 @@ std::string DiskTemplateFiles::copyToTemporaryFolder(const std::string& path) {
     return copied;
 }
 
+void DiskTemplateFiles::write(const std::string& path, const std::string& bytes) {
+    store_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+}
+
 void DiskTemplateFiles::remove(const std::string& path) {
     removeFile(path);
 }

@@ -15,6 +15,7 @@ class DiskTemplateFiles final : public TemplateFiles {
     bool isLocked(const std::string& path) override;
     std::string copyToTemporaryFolder(const std::string& path) override;
     void copy(const std::string& from, const std::string& to) override { store_.copy(from, to); }
+    void write(const std::string& path, const std::string& bytes) override;
     void remove(const std::string& path) override;
 
   private:

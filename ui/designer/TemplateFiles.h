@@ -20,6 +20,8 @@ class TemplateFiles {
     virtual std::string copyToTemporaryFolder(const std::string& path) = 0;
     /// Makes or replaces a file by a copy of another, whole or not at all; errors in the same way.
     virtual void copy(const std::string& from, const std::string& to) = 0;
+    /// Makes or replaces a file, whole or not at all; errors in the same way.
+    virtual void write(const std::string& path, const std::string& bytes) = 0;
     /// Raises kPermissionDenied with a sentence that names the file. A file that is not there is no error.
     virtual void remove(const std::string& path) = 0;
 };

@@ -111,16 +111,41 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
         throw AutomationError(kFileCouldNotBeSaved, "The template '" + path + "' could not be saved: " +
                                                         office + " has no format for its extension.");
     }
-    if (isOwn) {
-        document.Save();
-    } else {
-        ports_.office.saveAs(path);
+    try {
+        write(path);
+    } catch (const model::DifferingCopy& copy) {
+        offerToKeep(copy, path);
+        return false;
     }
     document.SetSaved(true);
     if (!isFileOf(document, path)) return false;
     templatePath_ = path;
     ports_.view.showCaption(fileNameOnly(path));
     return true;
+}
+
+void TemplateLifecycle::write(const std::string& path) {
+    model::OfficeDocument& document = *ports_.office.document();
+    if (isFileOf(document, path)) {
+        document.Save();
+    } else {
+        ports_.office.saveAs(path);
+    }
+}
+
+/// The copy is in the format that the template was to be saved in, which its name has to say.
+void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std::string& path) {
+    const Message question{copy.description() + "\r\nDo you want to save this as a copy under another name?",
+                           MessageIcon::Exclamation, MessageButtons::YesNo};
+    if (ports_.messages.show(question) != MessageAnswer::Yes) return;
+    std::string target = dialogs_.askToSave(ports_.office, startFolder());
+    if (target.empty()) return;
+    if (!equalsIgnoringCase(extension(target), extension(path))) target += "." + extension(path);
+    if (equalsIgnoringCase(target, path)) {
+        tell("The copy was not saved: " + path + " is the name of the template.", MessageIcon::Exclamation);
+        return;
+    }
+    ports_.files.write(target, copy.bytes());
 }
 
 bool TemplateLifecycle::CloseTemplate() {

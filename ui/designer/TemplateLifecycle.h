@@ -2,6 +2,7 @@
 
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
+#include "office/model/DifferingCopy.h"
 #include "office/model/DocumentHost.h"
 #include "ui/designer/HostAccess.h"
 #include "ui/designer/LifecycleView.h"
@@ -64,6 +65,8 @@ class TemplateLifecycle {
     void bringBackFormer();
     void openAnother();
     bool saveIn(const std::string& path);
+    void write(const std::string& path);
+    void offerToKeep(const model::DifferingCopy& copy, const std::string& path);
     /// Whether the document may go: it is saved, or the user gives up the changes.
     bool mayGo();
     bool mayStartAnother();

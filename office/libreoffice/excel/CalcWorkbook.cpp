@@ -7,6 +7,7 @@
 #include "office/libreoffice/excel/CalcNames.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/excel/CalcWorksheets.h"
+#include "office/libreoffice/readback/ReadBack.h"
 
 #include <algorithm>
 #include <com/sun/star/frame/XModel.hpp>
@@ -140,7 +141,11 @@ void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format
     for (const CalcContentPtr& former : formers_)
         former->undo().removeWhatIsHidden();
     latest()->undo().removeWhatIsHidden();
-    latest()->session().files().save(document(), fileName, format);
+    LibreOfficeSession& session = latest()->session();
+    session.files().save(document(), fileName, format, [&](std::string bytes) {
+        checkWritten(session, document(), fileName, format, bytes);
+        return bytes;
+    });
     latest()->setSaved(true);
 }
 

@@ -1,12 +1,23 @@
 #include "office/libreoffice/entry/OfficeModule.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/host/LibreOfficeHost.h"
+#include "office/libreoffice/readback/ReadBack.h"
 #include "office/libreoffice/session/LibreOfficeConverter.h"
 #include "office/libreoffice/word/WriterOffice.h"
 
 namespace mergeloom::libreoffice {
 
 namespace {
+
+using ReadBackWord = void (*)(LibreOfficeSession&, const DocumentReference&, const std::string&,
+                              word::WdSaveFormat, const std::string&);
+using ReadBackExcel = void (*)(LibreOfficeSession&, const DocumentReference&, const std::string&,
+                               excel::XlFileFormat, const std::string&);
+
+WrittenChecks checks() {
+    return {.word = static_cast<ReadBackWord>(checkWritten),
+            .excel = static_cast<ReadBackExcel>(checkWritten)};
+}
 
 class LibreOfficeModule final : public OfficeModule {
   public:
@@ -17,7 +28,7 @@ class LibreOfficeModule final : public OfficeModule {
         return libreoffice::makeExcelApplication(session(files), files);
     }
     std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
-        return std::make_unique<LibreOfficeConverter>([this, &files] { return session(files); });
+        return std::make_unique<LibreOfficeConverter>([this, &files] { return session(files); }, checks());
     }
     std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
                                                    HostedPart part, HostListener& listener) override {

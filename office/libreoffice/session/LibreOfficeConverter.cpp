@@ -19,29 +19,14 @@ std::string refusalOf(Format format) try {
     return error.description();
 }
 
-/// A document that is closed whatever becomes of the work with it.
-class OpenDocument {
-  public:
-    OpenDocument(LibreOfficeFiles& files, const std::string& path, OfficePart part)
-        : files_(files), document_(files.open(path, part)) {}
-    OpenDocument(const OpenDocument&) = delete;
-    OpenDocument& operator=(const OpenDocument&) = delete;
-    ~OpenDocument() { files_.close(document_); }
-
-    [[nodiscard]] const DocumentReference& get() const { return document_; }
-
-  private:
-    LibreOfficeFiles& files_;
-    DocumentReference document_;
-};
-
 }  // namespace
 
-LibreOfficeConverter::LibreOfficeConverter(SessionSource source) : source_(std::move(source)) {}
+LibreOfficeConverter::LibreOfficeConverter(SessionSource source, WrittenChecks checks)
+    : source_(std::move(source)), checks_(std::move(checks)) {}
 
 LibreOfficeConverter::LibreOfficeConverter(FileStore& files, TimeBounds bounds)
-    : LibreOfficeConverter([&files, bounds] { return std::make_shared<LibreOfficeSession>(files, bounds); }) {
-}
+    : LibreOfficeConverter([&files, bounds] { return std::make_shared<LibreOfficeSession>(files, bounds); },
+                           {}) {}
 
 LibreOfficeConverter::~LibreOfficeConverter() = default;
 
@@ -55,21 +40,24 @@ std::string LibreOfficeConverter::refusal(excel::XlFileFormat format) {
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    word::WdSaveFormat format) {
-    convertAs(OfficePart::Word, from, to, format);
+    convertAs(OfficePart::Word, from, to, format, checks_.word);
 }
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    excel::XlFileFormat format) {
-    convertAs(OfficePart::Excel, from, to, format);
+    convertAs(OfficePart::Excel, from, to, format, checks_.excel);
 }
 
 template <typename Format>
 void LibreOfficeConverter::convertAs(OfficePart part, const std::string& from, const std::string& to,
-                                     Format format) {
+                                     Format format, const WrittenCheck<Format>& check) {
     requiredFilter(format, to);  // a refusal needs no office
     LibreOfficeFiles& office = session().files();
-    const OpenDocument document(office, from, part);
-    office.save(document.get(), to, format);
+    const OpenDocument document(office, office.open(from, part));
+    office.save(document.get(), to, format, [&](std::string bytes) {
+        if (check) check(*session_, document.get(), to, format, bytes);
+        return bytes;
+    });
 }
 
 LibreOfficeSession& LibreOfficeConverter::session() {

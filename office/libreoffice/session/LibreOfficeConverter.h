@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/OfficePart.h"
 #include "office/model/FileConverter.h"
@@ -16,12 +17,21 @@ class LibreOfficeSession;
 /// Gives an office that runs, a new one or one that others work with.
 using SessionSource = std::function<std::shared_ptr<LibreOfficeSession>()>;
 
+/// Looks at what was written of a document for a path, and raises what keeps the former file.
+template <typename Format>
+using WrittenCheck = std::function<void(LibreOfficeSession& session, const DocumentReference& document,
+                                        const std::string& path, Format format, const std::string& bytes)>;
+struct WrittenChecks {
+    WrittenCheck<word::WdSaveFormat> word;
+    WrittenCheck<excel::XlFileFormat> excel;
+};
+
 /// Conversions by an office that is started with the first of them, serves all of them and is started anew
 /// when it has died.
 class LibreOfficeConverter final : public FileConverter {
   public:
-    explicit LibreOfficeConverter(SessionSource source);
-    /// With an office of its own. The file store has to outlive it.
+    LibreOfficeConverter(SessionSource source, WrittenChecks checks);
+    /// With an office of its own, without checks. The file store has to outlive it.
     explicit LibreOfficeConverter(FileStore& files, TimeBounds bounds = {});
     ~LibreOfficeConverter() override;
 
@@ -32,10 +42,12 @@ class LibreOfficeConverter final : public FileConverter {
 
   private:
     template <typename Format>
-    void convertAs(OfficePart part, const std::string& from, const std::string& to, Format format);
+    void convertAs(OfficePart part, const std::string& from, const std::string& to, Format format,
+                   const WrittenCheck<Format>& check);
     LibreOfficeSession& session();
 
     SessionSource source_;
+    WrittenChecks checks_;
     std::shared_ptr<LibreOfficeSession> session_;
 };
 

@@ -27,6 +27,7 @@
 #include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <filesystem>
+#include <optional>
 #include <rtl/ref.hxx>
 #include <vector>
 
@@ -121,30 +122,73 @@ class NewFrame {
 
 DocumentReference LibreOfficeFiles::create(OfficePart part) {
     const char* const url = part == OfficePart::Word ? "private:factory/swriter" : "private:factory/scalc";
-    return connection_.call([&] { return loadFrom(url, quiet()); });
+    return connection_.call([&] { return loadFrom(url, quiet(), frames_); });
 }
 
 /// None when the office refuses.
-DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties properties) {
-    if (!frames_) {
+DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties properties,
+                                             const FrameSource& frames) {
+    if (!frames) {
         properties.push_back(property("Hidden", true));
         return connection_.desktop()->loadComponentFromURL(toUno(url), "_blank", 0, sequenceOf(properties));
     }
-    const NewFrame frame(frames_());
+    const NewFrame frame(frames());
     const Reference<css::frame::XComponentLoader> loader(frame.get(), UNO_QUERY_THROW);
     return loader->loadComponentFromURL(toUno(url), "_self", 0, sequenceOf(properties));
 }
 
 DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart part) {
     const std::string bytes = files_.read(path);
+    const std::string source = fullPath(path);
+    return load(path, liesOnDisk(source, bytes) ? source : copyOf(path, bytes), bytes, part, frames_);
+}
+
+DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std::string& bytes,
+                                             OfficePart part) {
+    return load(path, copyOf(path, bytes), bytes, part, {});
+}
+
+std::string LibreOfficeFiles::copyOf(const std::string& path, const std::string& bytes) {
+    std::string copy = places_.forCopy(path);
+    saveOnDisk(copy, bytes);
+    return copy;
+}
+
+/// Returns what the office reads the content from in place of the file.
+Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& path,
+                                                            const std::string& content) {
+    const std::string copy = copyOf(path, content);
+    // The office has it open then, so it may lose its name.
+    const PassingFile passing(places_, copy);
+    return connection_.call([&] {
+        return css::ucb::SimpleFileAccess::create(connection_.context())->openFileRead(toUno(fileUrl(copy)));
+    });
+}
+
+/// The document stays at the source for links and for its title, even where it is read from its mended bytes.
+DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source,
+                                         const std::string& bytes, OfficePart part,
+                                         const FrameSource& frames) {
     std::optional<std::string> mended;
     if (part == OfficePart::Word) mended = packageWithEndsInCells(bytes, path);
-    std::string source = fullPath(path);
-    if (!liesOnDisk(source, bytes)) {
-        source = places_.forCopy(path);
-        saveOnDisk(source, bytes);
+    const rtl::Reference<DecliningHandler> handler(new DecliningHandler);
+    Properties properties = quiet();
+    properties.push_back(property("AsTemplate", false));
+    properties.push_back(
+        property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
+    append(properties, inputFilter(part, extension(path)));
+    if (mended) properties.push_back(property("InputStream", streamOf(path, *mended)));
+    DocumentReference document;
+    try {
+        document = connection_.call([&] { return loadFrom(fileUrl(source), properties, frames); });
+    } catch (const AutomationError& error) {
+        if (error.number() == kNotAvailable) throw;
     }
-    DocumentReference document = load(path, source, part, mended);
+    if (!document.is()) {
+        raiseNotReadable(path, handler->asked() == Question::Password
+                                   ? "it is protected by a password"
+                                   : "it is damaged, or of a format that LibreOffice does not know");
+    }
     try {
         connection_.call([&] { check(document, path, part); });
     } catch (const AutomationError&) {
@@ -152,40 +196,6 @@ DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart par
         throw;
     }
     return document;
-}
-
-/// Returns what the office reads the content from in place of the file.
-Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& path,
-                                                            const std::string& content) {
-    const std::string copy = places_.forCopy(path);
-    // The office has it open then, so it may lose its name.
-    const PassingFile passing(places_, copy);
-    saveOnDisk(copy, content);
-    return connection_.call([&] {
-        return css::ucb::SimpleFileAccess::create(connection_.context())->openFileRead(toUno(fileUrl(copy)));
-    });
-}
-
-/// The document stands at the source for links and for its title, whatever it is read from.
-DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source, OfficePart part,
-                                         const std::optional<std::string>& content) {
-    const rtl::Reference<DecliningHandler> handler(new DecliningHandler);
-    Properties properties = quiet();
-    properties.push_back(property("AsTemplate", false));
-    properties.push_back(
-        property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
-    append(properties, inputFilter(part, extension(path)));
-    if (content) properties.push_back(property("InputStream", streamOf(path, *content)));
-    DocumentReference document;
-    try {
-        document = connection_.call([&] { return loadFrom(fileUrl(source), properties); });
-    } catch (const AutomationError& error) {
-        if (error.number() == kNotAvailable) throw;
-    }
-    if (document.is()) return document;
-    raiseNotReadable(path, handler->asked() == Question::Password
-                               ? "it is protected by a password"
-                               : "it is damaged, or of a format that LibreOffice does not know");
 }
 
 void LibreOfficeFiles::check(const DocumentReference& document, const std::string& path, OfficePart part) {
@@ -197,17 +207,17 @@ void LibreOfficeFiles::check(const DocumentReference& document, const std::strin
 }
 
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
-                            word::WdSaveFormat format) {
+                            word::WdSaveFormat format, const Revision& revise) {
     const OfficeFilter filter = requiredFilter(format, path);
     refuseToLoseMacros(connection_, document, path, format);
-    write(document, path, filter);
+    write(document, path, filter, revise);
 }
 
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
-                            excel::XlFileFormat format) {
+                            excel::XlFileFormat format, const Revision& revise) {
     const OfficeFilter filter = requiredFilter(format, path);
     refuseToLoseMacros(connection_, document, path, format);
-    write(document, path, filter);
+    write(document, path, filter, revise);
 }
 
 /// A document that was opened where it lies has links that lead from there.
@@ -217,7 +227,7 @@ std::string LibreOfficeFiles::placeOfWriting(const DocumentReference& document, 
 }
 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
-                             const OfficeFilter& filter) {
+                             const OfficeFilter& filter, const Revision& revise) {
     const std::string copy = placeOfWriting(document, path);
     const PassingFile passing(places_, copy);
     const FragmentGuard guard(connection_.process(), copy);
@@ -232,7 +242,7 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
         if (error.number() != kCommandFailed) throw;
         raiseNotSaved(path, error.description());
     }
-    const std::string bytes = DiskFileStore().read(copy);
+    const std::string bytes = revise(DiskFileStore().read(copy));
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
 }
 

@@ -13,7 +13,6 @@
 #include <com/sun/star/io/XInputStream.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 #include <functional>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +23,10 @@ using DocumentReference = Reference<css::lang::XComponent>;
 
 /// Makes an empty frame for the next document.
 using FrameSource = std::function<Reference<css::frame::XFrame>()>;
+
+/// What is still done with the bytes that were written before they take their place: gives those that do, and
+/// raises what keeps the former file.
+using Revision = std::function<std::string(std::string bytes)>;
 
 /// The way of documents between a file store and an office.
 ///
@@ -49,26 +52,49 @@ class LibreOfficeFiles {
     DocumentReference open(const std::string& path, OfficePart part);
     /// Raises kNotAvailable for a format that the office does not write, kFileCouldNotBeSaved for macros in a
     /// format that has no place for them and for other failures, with sentences that name the file. The
-    /// document's own URL does not change and its mark of changes stays.
-    void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format);
-    void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format);
+    /// document's own URL does not change and its mark of changes stays. Errors of the revision pass through.
+    void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format,
+              const Revision& revise);
+    void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format,
+              const Revision& revise);
+    /// Opens the bytes that a path is to get, without showing them; errors as for open.
+    DocumentReference openCopy(const std::string& path, const std::string& bytes, OfficePart part);
     /// Closes without saving and forgets the document's copy. One that is closed already is left alone.
     void close(const DocumentReference& document);
 
   private:
-    DocumentReference load(const std::string& path, const std::string& source, OfficePart part,
-                           const std::optional<std::string>& content);
+    DocumentReference load(const std::string& path, const std::string& source, const std::string& bytes,
+                           OfficePart part, const FrameSource& frames);
     Reference<css::io::XInputStream> streamOf(const std::string& path, const std::string& content);
     [[nodiscard]] DocumentReference loadFrom(const std::string& url,
-                                             std::vector<css::beans::PropertyValue> properties);
+                                             std::vector<css::beans::PropertyValue> properties,
+                                             const FrameSource& frames);
+    [[nodiscard]] std::string copyOf(const std::string& path, const std::string& bytes);
     void check(const DocumentReference& document, const std::string& path, OfficePart part);
     std::string placeOfWriting(const DocumentReference& document, const std::string& path);
-    void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter);
+    void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter,
+               const Revision& revise);
 
     OfficeConnection& connection_;
     FileStore& files_;
     WorkPlaces places_;
     FrameSource frames_;
+};
+
+/// A document that is closed whatever becomes of the work with it.
+class OpenDocument {
+  public:
+    OpenDocument(LibreOfficeFiles& files, DocumentReference document)
+        : files_(files), document_(std::move(document)) {}
+    OpenDocument(const OpenDocument&) = delete;
+    OpenDocument& operator=(const OpenDocument&) = delete;
+    ~OpenDocument() { files_.close(document_); }
+
+    [[nodiscard]] const DocumentReference& get() const { return document_; }
+
+  private:
+    LibreOfficeFiles& files_;
+    DocumentReference document_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -2,7 +2,7 @@
 
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/word/MarkTable.h"
-#include "office/libreoffice/word/StoredContent.h"
+#include "office/libreoffice/readback/StoredContent.h"
 #include "office/libreoffice/word/WriterModel.h"
 #include "office/libreoffice/word/WriterStory.h"
 

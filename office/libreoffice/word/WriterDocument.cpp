@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "office/libreoffice/readback/ReadBack.h"
 #include "office/libreoffice/word/WholeBookmarks.h"
 #include "office/libreoffice/word/WriterApplication.h"
 #include "office/libreoffice/word/WriterBookmarks.h"
@@ -126,17 +127,19 @@ void WriterDocument::SaveAs(const std::string& fileName, word::WdSaveFormat form
 void WriterDocument::write(const std::string& fileName, word::WdSaveFormat format) {
     content_->call([&] {
         content_->bringMarksToTheirPlaces();
-        content_->session().files().save(content_->model().document, fileName, format);
+        LibreOfficeSession& session = content_->session();
+        const DocumentReference& document = content_->model().document;
+        session.files().save(document, fileName, format, [&](std::string bytes) {
+            std::string mended = isOpenPackaging(format) ? withMendedBookmarks(bytes, fileName) : bytes;
+            checkWritten(session, document, fileName, format, mended);
+            return mended;
+        });
     });
-    if (isOpenPackaging(format)) mendBookmarks(fileName);
     SetSaved(true);
 }
 
-void WriterDocument::mendBookmarks(const std::string& fileName) {
-    FileStore& files = content_->files();
-    const std::optional<std::string> mended =
-        packageWithWholeBookmarks(files.read(fileName), fileName, namesOverTables(*content_));
-    if (mended) files.save(fileName, [&](ByteSink& sink) { sink.write(*mended); });
+std::string WriterDocument::withMendedBookmarks(const std::string& bytes, const std::string& fileName) {
+    return packageWithWholeBookmarks(bytes, fileName, namesOverTables(*content_)).value_or(bytes);
 }
 
 void WriterDocument::Close(word::WdSaveOptions saveChanges) {

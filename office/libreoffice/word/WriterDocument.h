@@ -37,7 +37,7 @@ class WriterDocument final : public word::Document {
 
   private:
     void write(const std::string& fileName, word::WdSaveFormat format);
-    void mendBookmarks(const std::string& fileName);
+    std::string withMendedBookmarks(const std::string& bytes, const std::string& fileName);
 
     std::weak_ptr<WriterApplication> application_;
     std::shared_ptr<WriterContent> content_;

@@ -2,19 +2,21 @@
 
 #include "office/embedded/parts/XmlPart.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/session/OfficePart.h"
 
 #include <memory>
 
 namespace mergeloom::libreoffice {
 
-/// A document as Writer stores it (OpenDocument 1.3, part 3), for finding out what it holds: to ask Writer
-/// for each paragraph, table and bookmark would take a dozen calls each.
+/// A document as LibreOffice stores it (OpenDocument 1.3, part 3), for finding out what it holds: to ask
+/// it for each paragraph, table and bookmark would take a dozen calls each.
 struct StoredContent {
     std::unique_ptr<embedded::XmlPart> content;
     std::unique_ptr<embedded::XmlPart> styles;  ///< where headers and footers stand
 };
 
 /// Does not change the document or its mark of changes.
-StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document);
+StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
+                              OfficePart part = OfficePart::Word);
 
 }  // namespace mergeloom::libreoffice

@@ -1,4 +1,4 @@
-#include "office/libreoffice/word/StoredContent.h"
+#include "office/libreoffice/readback/StoredContent.h"
 
 #include "base/AutomationError.h"
 #include "base/DiskFileStore.h"
@@ -45,10 +45,12 @@ std::unique_ptr<embedded::XmlPart> partOf(const embedded::ZipReader& archive, co
 
 }  // namespace
 
-StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document) {
-    const PassingFile file(joinPath(session.process().workFolder(), "content.odt"));
-    const std::array how{property("FilterName", OUString("writer8")), property("NoThumbnail", true),
-                         property("Overwrite", true)};
+StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
+                              OfficePart part) {
+    const PassingFile file(joinPath(session.process().workFolder(), "content"));
+    const std::array how{
+        property("FilterName", part == OfficePart::Word ? OUString("writer8") : OUString("calc8")),
+        property("NoThumbnail", true), property("Overwrite", true)};
     const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
     storable->storeToURL(toUno(fileUrl(file.path())), {how.data(), how.size()});
     const std::string bytes = DiskFileStore().read(file.path());

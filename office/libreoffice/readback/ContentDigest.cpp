@@ -1,0 +1,93 @@
+#include "office/libreoffice/readback/ContentDigest.h"
+
+#include <algorithm>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+constexpr std::size_t kShownLength = 40;
+constexpr std::size_t kLongestName = 40;
+
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+std::size_t lengthOfCharacter(std::string_view text) {
+    std::size_t length = 1;
+    while (length < text.size() && isContinuation(text[length]))
+        ++length;
+    return length;
+}
+
+/// White space, hyphens that are elements in some formats, characters without a width, and those of symbols'
+/// fonts, which Word writes as elements.
+bool isLeftOut(std::string_view character) {
+    if (character.size() == 1) return static_cast<unsigned char>(character[0]) <= ' ';
+    if (character.size() == 2) return character == "\u00A0" || character == "\u00AD";
+    if (character.size() != 3) return false;
+    const bool isSpace = character >= "\u2000" && character <= "\u200F";
+    const bool isPrivate = character >= "\uE000" && character <= "\uF8FF";
+    return isSpace || isPrivate || character == "\u2011" || character == "\u2028" || character == "\u2029" ||
+           character == "\u202F" || character == "\uFEFF";
+}
+
+/// Names of other kinds are written in other ways, or are the office's own.
+bool isKeptName(std::string_view name) {
+    const auto isPlain = [](char byte) {
+        return byte == '_' || static_cast<unsigned char>(byte) >= 0x80 || (byte >= '0' && byte <= '9') ||
+               (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+    };
+    return !name.empty() && name.size() <= kLongestName && name[0] != '_' &&
+           std::ranges::all_of(name, isPlain);
+}
+
+std::string shown(std::string_view text, std::size_t from) {
+    while (from > 0 && from < text.size() && isContinuation(text[from]))
+        --from;
+    std::size_t end = std::min(text.size(), from + kShownLength);
+    while (end < text.size() && isContinuation(text[end]))
+        ++end;
+    return "\"" + std::string(text.substr(from, end - from)) + (end < text.size() ? "…\"" : "\"");
+}
+
+std::string differenceOfTexts(std::string_view expected, std::string_view written) {
+    const auto [there, here] = std::ranges::mismatch(expected, written);
+    const auto from = static_cast<std::size_t>(there - expected.begin());
+    return shown(written, from) + " instead of " + shown(expected, from);
+}
+
+}  // namespace
+
+void DigestedStory::add(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = lengthOfCharacter(text);
+        if (!isLeftOut(text.substr(0, length))) text_ += text.substr(0, length);
+        text.remove_prefix(length);
+    }
+}
+
+void DigestedStory::beginPlace(const std::string& identifier, const std::string& name) {
+    starts_[identifier] = {name, text_.size()};
+}
+
+void DigestedStory::endPlace(const std::string& identifier) {
+    const auto start = starts_.find(identifier);
+    if (start == starts_.end()) return;
+    digest_.places[start->second.name] = text_.substr(start->second.at);
+    starts_.erase(start);
+}
+
+std::string difference(const ContentDigest& expected, const ContentDigest& written) {
+    for (const auto& [name, text] : expected.places) {
+        if (!isKeptName(name)) continue;
+        const auto found = written.places.find(name);
+        if (found == written.places.end()) return "the place '" + name + "' is missing in it";
+        if (found->second != text)
+            return "the place '" + name + "' holds " + differenceOfTexts(text, found->second);
+    }
+    if (expected.text == written.text) return {};
+    return "its text has " + differenceOfTexts(expected.text, written.text);
+}
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,150 @@
+#include "office/libreoffice/readback/OpenDocumentDigest.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+/// Of the elements of text those whose texts are the document's own; the others are fields and indexes, whose
+/// texts each office makes anew.
+constexpr std::string_view kPlain[] = {
+    "text:p",    "text:h",           "text:span",    "text:a",    "text:list",      "text:list-item",
+    "text:meta", "text:list-header", "text:section", "text:ruby", "text:ruby-base",
+};
+
+constexpr std::string_view kFormText = "vnd.oasis.opendocument.field.FORMTEXT";
+
+class OpenDocumentReader {
+  public:
+    explicit OpenDocumentReader(ContentDigest& digest) : story_(digest) {}
+
+    void read(const pugi::xml_node& parent) {
+        for (const pugi::xml_node child : parent.children()) {
+            if (child.type() == pugi::node_pcdata) {
+                if (hidden_ == 0) story_.add(child.value());
+            } else {
+                readElement(child);
+            }
+        }
+    }
+    [[nodiscard]] const std::string& text() const { return story_.text(); }
+
+  private:
+    void readElement(const pugi::xml_node& element) {
+        const std::string_view name = element.name();
+        const std::string place = element.attribute("text:name").value();
+        if (name == "text:bookmark") return story_.addEmptyPlace(place);
+        if (name == "text:bookmark-start") return story_.beginPlace(place, place);
+        if (name == "text:bookmark-end") return story_.endPlace(place);
+        if (name == "field:fieldmark-start") return beginField(element.attribute("field:type").value());
+        if (name == "field:fieldmark-end") return endField();
+        if (name == "text:note") return readApart(element.child("text:note-body"));
+        if (name.starts_with("draw:")) return readApart(element);
+        if (isRead(name)) read(element);
+    }
+    static bool isRead(std::string_view name) {
+        if (name.starts_with("text:")) return std::ranges::find(kPlain, name) != std::end(kPlain);
+        return !name.starts_with("office:") && name != "table:covered-table-cell";
+    }
+    void readApart(const pugi::xml_node& element) const { OpenDocumentReader(story_.digest()).read(element); }
+    void beginField(std::string_view type) {
+        if (hidden_ > 0 || type != kFormText) ++hidden_;
+        ++fields_;
+    }
+    void endField() {
+        if (fields_ == 0) return;
+        --fields_;
+        if (hidden_ > 0) --hidden_;
+    }
+
+    DigestedStory story_;
+    int fields_ = 0;
+    int hidden_ = 0;  ///< of the open fields, from the first one whose text does not count
+};
+
+/// Reads sheets in which equal cells and rows that follow one another stand once.
+class CellReader {
+  public:
+    explicit CellReader(ContentDigest& digest) : digest_(digest), story_(digest) {}
+
+    void read(const pugi::xml_node& spreadsheet) {
+        for (const pugi::xml_node sheet : spreadsheet.children("table:table")) {
+            row_ = 0;
+            sheet_ = sheet.attribute("table:name").value();
+            readRows(sheet);
+            readNames(sheet);
+        }
+        readNames(spreadsheet);
+    }
+    [[nodiscard]] const std::string& text() const { return story_.text(); }
+
+  private:
+    void readNames(const pugi::xml_node& parent) {
+        for (const pugi::xml_node name :
+             parent.child("table:named-expressions").children("table:named-range"))
+            digest_.places[name.attribute("table:name").value()] =
+                name.attribute("table:cell-range-address").value();
+    }
+    void readRows(const pugi::xml_node& parent) {
+        for (const pugi::xml_node child : parent.children()) {
+            const std::string_view name = child.name();
+            if (name == "table:table-row") {
+                readCells(child);
+                row_ += child.attribute("table:number-rows-repeated").as_int(1);
+            } else if (name == "table:table-header-rows" || name == "table:table-row-group" ||
+                       name == "table:table-rows") {
+                readRows(child);
+            }
+        }
+    }
+    void readCells(const pugi::xml_node& row) {
+        int column = 0;
+        for (const pugi::xml_node cell : row.children()) {
+            const bool isText = std::string_view(cell.attribute("office:value-type").value()) == "string";
+            const bool counts = isText && std::string_view(cell.name()) == "table:table-cell" &&
+                                !cell.attribute("table:formula");
+            const int count = cell.attribute("table:number-columns-repeated").as_int(1);
+            if (counts) addText(cell, column, count * row.attribute("table:number-rows-repeated").as_int(1));
+            column += count;
+        }
+    }
+    /// Offices differ in what they put together, but hardly ever for texts.
+    void addText(const pugi::xml_node& cell, int column, int count) {
+        ContentDigest unused;
+        OpenDocumentReader text(unused);
+        text.read(cell);
+        if (text.text().empty()) return;
+        story_.add(sheet_ + "!" + std::to_string(row_ + 1) + "," + std::to_string(column + 1) + "x" +
+                   std::to_string(count) + ":" + text.text() + ";");
+    }
+
+    ContentDigest& digest_;
+    DigestedStory story_;
+    std::string sheet_;
+    int row_ = 0;
+};
+
+}  // namespace
+
+ContentDigest digestOfText(const StoredContent& stored) {
+    ContentDigest digest;
+    OpenDocumentReader body(digest);
+    body.read(stored.content->root().child("office:body").child("office:text"));
+    OpenDocumentReader(digest).read(stored.styles->root().child("office:master-styles"));
+    digest.text = body.text();
+    return digest;
+}
+
+ContentDigest digestOfCells(const StoredContent& stored) {
+    ContentDigest digest;
+    CellReader reader(digest);
+    reader.read(stored.content->root().child("office:body").child("office:spreadsheet"));
+    digest.text = reader.text();
+    return digest;
+}
+
+}  // namespace mergeloom::libreoffice
