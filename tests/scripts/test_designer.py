@@ -266,7 +266,7 @@ class InExcel(DesignerTest):
 class MappingFirst(DesignerTest):
     def start_mapping(self, *options_and_switches):
         self.designer = Designer(PROGRAM, [*options_and_switches, "-listing", "-xmlfile", SAMPLE, "-template",
-                                           self.folder / "list.dotx"])
+                                           self.folder / "list.docx"])
         self.addCleanup(self.designer.close)
         return self.designer
 
@@ -297,12 +297,12 @@ class MappingFirst(DesignerTest):
                     wait_for(sentence, lambda: self.shows(sentence))
                     wait_for(f"the end of {sentence}", lambda: self.closes(sentence))
                 self.assertEqual(designer.process.wait(PATIENCE), status)
-                self.assertFalse((self.folder / "list.dotx").exists())
+                self.assertFalse((self.folder / "list.docx").exists())
 
     def test_the_designer_follows(self):
         designer = self.start_mapping("-fields", "OrderDate, OrderNumber")
         designer.wait_until_ready()
-        names = [place["name"] for place in read_docx.read_bookmarks(self.folder / "list.dotx")[0]]
+        names = [place["name"] for place in read_docx.read_bookmarks(self.folder / "list.docx")[0]]
         self.assertEqual(names, ["OrdersT", "OrderDate", "OrderNumber"])
 
 
