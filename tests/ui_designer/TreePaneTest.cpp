@@ -41,7 +41,8 @@ class TreePaneTest : public testing::Test {
     TreePaneTest() {
         pane_.resize(300, 400);
         pane_.show();
-        QApplication::setActiveWindow(&pane_);
+        pane_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&pane_));
     }
 
     QTreeView& view() { return *pane_.findChild<QTreeView*>(QStringLiteral("tvXML")); }

@@ -47,7 +47,8 @@ class clsHtmlHelpForFormTest : public testing::Test {
   protected:
     clsHtmlHelpForFormTest() {
         form.show();
-        QApplication::setActiveWindow(&form);
+        form.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
         control.takeCalls();
     }
 
