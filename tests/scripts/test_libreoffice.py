@@ -352,8 +352,7 @@ class LibreOffice(unittest.TestCase):
                 self.assert_refused(done, source, "could not be read", documents=[source.name])
                 source.unlink()
 
-    def test_what_would_be_written_otherwise_keeps_the_file(self):
-        """LibreOffice 7.4 repeats the text of a content control in whose paragraph a place is inserted before it."""
+    def test_a_content_control_is_no_difference(self):
         source = self.documents / "source.docx"
         document = docx.Document()
         paragraph = document.add_paragraph()
@@ -362,15 +361,10 @@ class LibreOffice(unittest.TestCase):
             "</w:sdtContent></w:sdt>"))
         paragraph.add_run(" and more")
         document.save(source)
-        before = source.read_bytes()
         done = self.map(KINDS[0], "-usedocument", source)
-        if done.returncode == 0:
-            text = "".join(docx.Document(source).element.xpath("//w:t/text()"))
-            self.assertEqual(text.count("Customer"), 1, text)
-            self.assertEqual(bookmarks(source), 2)
-        else:
-            self.assert_refused(done, f"The file '{source}' was not written", "Customer", documents=[source.name])
-            self.assertEqual(source.read_bytes(), before)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual("".join(docx.Document(source).element.xpath("//w:t/text()")).count("Customer"), 1)
+        self.assertEqual(bookmarks(source), 2)
 
     def test_macros_are_not_lost(self):
         for kind in KINDS:

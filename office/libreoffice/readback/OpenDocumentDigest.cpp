@@ -12,8 +12,19 @@ namespace {
 /// Of the elements of text those whose texts are the document's own; the others are fields and indexes, whose
 /// texts each office makes anew.
 constexpr std::string_view kPlain[] = {
-    "text:p",    "text:h",           "text:span",    "text:a",    "text:list",      "text:list-item",
-    "text:meta", "text:list-header", "text:section", "text:ruby", "text:ruby-base",
+    "text:p",
+    "text:h",
+    "text:span",
+    "text:a",
+    "text:list",
+    "text:list-item",
+    "text:list-header",
+    "text:section",
+    "text:meta",
+    "text:ruby",
+    "text:ruby-base",
+    // A content control of plain text, too.
+    "text:text-input",
 };
 
 constexpr std::string_view kFormText = "vnd.oasis.opendocument.field.FORMTEXT";

@@ -21,7 +21,7 @@ bool hasOwnText(std::string_view code) {
     const std::size_t from = code.find_first_not_of(' ');
     if (from == std::string_view::npos) return false;
     code.remove_prefix(from);
-    return code.starts_with("FORMTEXT") || code.starts_with("HYPERLINK");
+    return code.starts_with("FORMTEXT") || code.starts_with("HYPERLINK") || code.starts_with("FILLIN");
 }
 
 class WordReader {
