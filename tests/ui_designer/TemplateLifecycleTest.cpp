@@ -258,7 +258,9 @@ TEST_F(TemplateSaving, WhatDiffersIsOfferedAsACopyUnderAnotherName) {
                   "It differs.\r\nDo you want to save this as a copy under another name?");
         EXPECT_FALSE(differing.fake.hosted()->Saved());
         EXPECT_EQ(folder.bytesOf("letter.docx"), before);
-        if (!c.kept.empty()) EXPECT_EQ(folder.bytesOf(c.kept), "written");
+        if (!c.kept.empty()) {
+            EXPECT_EQ(folder.bytesOf(c.kept), "written");
+        }
         EXPECT_EQ(folder.entryCount(), c.kept.empty() ? 1 : 2);
         if (!c.kept.empty()) files.remove(folder / c.kept);
     }
