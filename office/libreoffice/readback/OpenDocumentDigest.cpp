@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -77,7 +78,39 @@ class OpenDocumentReader {
     int hidden_ = 0;  ///< of the open fields, from the first one whose text does not count
 };
 
-/// Reads sheets in which equal cells and rows that follow one another stand once.
+/// Puts equal texts that follow one another together. LibreOffice does so itself, though not in all cases
+/// where it could, so the same sheet may be stored in several ways.
+class Runs {
+  public:
+    void add(int at, int count, const std::string& text) {
+        const bool continues = end_ == at && text == text_;
+        if (!continues) {
+            flush();
+            start_ = at;
+            text_ = text;
+        }
+        end_ = at + count;
+    }
+    /// Returns the runs so far, each with its place and length.
+    std::string take() {
+        flush();
+        return std::exchange(runs_, {});
+    }
+
+  private:
+    void flush() {
+        if (!text_.empty())
+            runs_ += std::to_string(start_ + 1) + "x" + std::to_string(end_ - start_) + ":" + text_ + ";";
+        text_.clear();
+    }
+
+    std::string runs_;
+    std::string text_;
+    int start_ = 0;
+    int end_ = 0;
+};
+
+/// Reads the texts of cells and the names of cells.
 class CellReader {
   public:
     explicit CellReader(ContentDigest& digest) : digest_(digest), story_(digest) {}
@@ -85,8 +118,9 @@ class CellReader {
     void read(const pugi::xml_node& spreadsheet) {
         for (const pugi::xml_node sheet : spreadsheet.children("table:table")) {
             row_ = 0;
-            sheet_ = sheet.attribute("table:name").value();
             readRows(sheet);
+            const std::string rows = rows_.take();
+            if (!rows.empty()) story_.add(sheet.attribute("table:name").value() + ("!" + rows));
             readNames(sheet);
         }
         readNames(spreadsheet);
@@ -104,38 +138,40 @@ class CellReader {
         for (const pugi::xml_node child : parent.children()) {
             const std::string_view name = child.name();
             if (name == "table:table-row") {
-                readCells(child);
-                row_ += child.attribute("table:number-rows-repeated").as_int(1);
+                const int count = child.attribute("table:number-rows-repeated").as_int(1);
+                rows_.add(row_, count, cellsOf(child));
+                row_ += count;
             } else if (name == "table:table-header-rows" || name == "table:table-row-group" ||
                        name == "table:table-rows") {
                 readRows(child);
             }
         }
     }
-    void readCells(const pugi::xml_node& row) {
+    static std::string cellsOf(const pugi::xml_node& row) {
+        Runs cells;
         int column = 0;
         for (const pugi::xml_node cell : row.children()) {
-            const bool isText = std::string_view(cell.attribute("office:value-type").value()) == "string";
-            const bool counts = isText && std::string_view(cell.name()) == "table:table-cell" &&
-                                !cell.attribute("table:formula");
             const int count = cell.attribute("table:number-columns-repeated").as_int(1);
-            if (counts) addText(cell, column, count * row.attribute("table:number-rows-repeated").as_int(1));
+            cells.add(column, count, textOf(cell));
             column += count;
         }
+        return cells.take();
     }
-    /// Offices differ in what they put together, but hardly ever for texts.
-    void addText(const pugi::xml_node& cell, int column, int count) {
+    /// Empty where the cell holds no text of its own.
+    static std::string textOf(const pugi::xml_node& cell) {
+        const bool isText = std::string_view(cell.attribute("office:value-type").value()) == "string";
+        const bool counts =
+            isText && std::string_view(cell.name()) == "table:table-cell" && !cell.attribute("table:formula");
+        if (!counts) return {};
         ContentDigest unused;
         OpenDocumentReader text(unused);
         text.read(cell);
-        if (text.text().empty()) return;
-        story_.add(sheet_ + "!" + std::to_string(row_ + 1) + "," + std::to_string(column + 1) + "x" +
-                   std::to_string(count) + ":" + text.text() + ";");
+        return text.text();
     }
 
     ContentDigest& digest_;
     DigestedStory story_;
-    std::string sheet_;
+    Runs rows_;
     int row_ = 0;
 };
 
