@@ -2,7 +2,6 @@
 
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "office/formats/ForeignFormats.h"
 #include "office/formats/OfferedFormats.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
@@ -27,12 +26,13 @@ word::WdSaveFormat wordFormatOf(const std::string& path) {
 
 word::WdSaveFormat wordFormatToWrite(const std::string& path,
                                      const std::function<bool(word::WdSaveFormat)>& canWrite) {
-    return static_cast<word::WdSaveFormat>(writableWordFormat(
-        lowerExtension(path), [&](int format) { return canWrite(static_cast<word::WdSaveFormat>(format)); }));
+    return static_cast<word::WdSaveFormat>(
+        writableFormat(DocumentFamily::Word, lowerExtension(path),
+                       [&](int format) { return canWrite(static_cast<word::WdSaveFormat>(format)); }));
 }
 
 bool isForeignWordFile(const std::string& path) {
-    return isForeignWordExtension(lowerExtension(path));
+    return isForeignExtension(DocumentFamily::Word, lowerExtension(path));
 }
 
 bool hasExcelExtension(const std::string& path) {
@@ -45,13 +45,17 @@ excel::XlFileFormat excelFormatOf(const std::string& path) {
 
 excel::XlFileFormat excelFormatToWrite(const std::string& path,
                                        const std::function<bool(excel::XlFileFormat)>& canWrite) {
-    return static_cast<excel::XlFileFormat>(writableExcelFormat(lowerExtension(path), [&](int format) {
-        return canWrite(static_cast<excel::XlFileFormat>(format));
-    }));
+    return static_cast<excel::XlFileFormat>(
+        writableFormat(DocumentFamily::Excel, lowerExtension(path),
+                       [&](int format) { return canWrite(static_cast<excel::XlFileFormat>(format)); }));
 }
 
 bool isForeignExcelFile(const std::string& path) {
-    return isForeignExcelExtension(lowerExtension(path));
+    return isForeignExtension(DocumentFamily::Excel, lowerExtension(path));
+}
+
+bool isWorkbookFile(const std::string& path) {
+    return familyOf(lowerExtension(path)) == DocumentFamily::Excel;
 }
 
 }  // namespace mergeloom

@@ -25,4 +25,8 @@ excel::XlFileFormat excelFormatToWrite(const std::string& path,
                                        const std::function<bool(excel::XlFileFormat)>& canWrite);
 bool isForeignExcelFile(const std::string& path);
 
+/// Returns whether the file is a workbook's by its name. What both families use, and any other name, is taken
+/// for Word's.
+bool isWorkbookFile(const std::string& path);
+
 }  // namespace mergeloom

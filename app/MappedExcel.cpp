@@ -34,7 +34,7 @@ bool MappedExcel::knowsExtensionOf(const std::string& path) const {
 }
 
 std::string MappedExcel::formatNameOf(const std::string& path) const {
-    return excelFormatName(static_cast<int>(excelFormatOf(path)));
+    return formatName(DocumentFamily::Excel, static_cast<int>(excelFormatOf(path)));
 }
 
 std::string MappedExcel::refusalToSave(const std::string& path) const {

@@ -28,7 +28,7 @@ bool MappedWord::knowsExtensionOf(const std::string& path) const {
 }
 
 std::string MappedWord::formatNameOf(const std::string& path) const {
-    return wordFormatName(static_cast<int>(wordFormatOf(path)));
+    return formatName(DocumentFamily::Word, static_cast<int>(wordFormatOf(path)));
 }
 
 std::string MappedWord::refusalToSave(const std::string& path) const {

@@ -182,9 +182,7 @@ int Run::listPlaces() {
 
 std::vector<Place> Run::readPlaces() {
     const std::string file = fullPath(options_.placesFile);
-    // What both offices can have written is taken for Word's, and so is a file of any other name.
-    const bool isExcels = hasExcelExtension(file) || isForeignExcelFile(file);
-    if (isExcels && !hasWordExtension(file)) {
+    if (isWorkbookFile(file)) {
         const StartedOffice office{office_.startExcel(), errors_};
         return placesOf(*office->Workbooks()->Open(file));
     }

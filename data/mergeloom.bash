@@ -4,6 +4,8 @@ _mergeloom() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
     local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
     local options='--object --at --all --format --list-objects --places --json --convert-fields --output --office= --exit-status --version --help'
+    local documents='docx|docm|doc|dotx|dotm|dot|pdf|htm|html|rtf|txt|xml|odt|ott|fodt'
+    local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|xml|csv|txt|prn|dif|slk|ots|fods'
     COMPREPLY=()
 
     # bash takes "--office=name" apart into three words.
@@ -16,9 +18,9 @@ _mergeloom() {
     case ${prev,,} in
         -xmlfile | /xmlfile) _mergeloom_files 'xml' ;;
         -template | /template | -usedocument | /usedocument | --places)
-            _mergeloom_files 'doc|docx|docm|dot|dotx|dotm|odt|rtf|xls|xlsx|xlsm|xlt|xltx|xltm|ods' ;;
+            _mergeloom_files "$documents|$workbooks" ;;
         -label | /label | --convert-fields | --output)
-            _mergeloom_files 'doc|docx|docm|dot|dotx|dotm|odt|rtf' ;;
+            _mergeloom_files "$documents" ;;
         --office) mapfile -t COMPREPLY < <(compgen -W 'embedded libreoffice' -- "$cur") ;;
         --all) _mergeloom_files '' ;;
         --format) mapfile -t COMPREPLY < <(compgen -W 'docx docm dotx dotm xlsx xlsm xltx xltm' -- "$cur") ;;

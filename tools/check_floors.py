@@ -16,31 +16,34 @@ FLOORS = {
     "office/formats": ["base"],
     "office/model": ["base"],
     "office/embedded/package": ["base"],
-    "office/embedded/parts": ["office/embedded/package", "base"],
+    "office/embedded/parts": ["office/embedded/package", "office/formats", "base"],
     "office/embedded/text": ["office/embedded/parts", "base"],
     "office/embedded/word": [
-        "office/embedded/text", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+        "office/embedded/text", "office/embedded/parts", "office/embedded/package", "office/model", "office/formats", "base",
     ],
     "office/embedded/sheet": ["office/embedded/parts", "office/embedded/package", "base"],
     "office/embedded/excel": [
-        "office/embedded/sheet", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+        "office/embedded/sheet", "office/embedded/parts", "office/embedded/package", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/entry": ["office/model", "base"],
     # What LibreOffice reads or writes wrongly is mended in the file. Both offices read from a picture's file how large it
     # is, so that they agree.
-    "office/libreoffice/session": ["office/embedded/package", "office/model", "base"],
+    "office/libreoffice/session": ["office/embedded/package", "office/model", "office/formats", "base"],
     "office/libreoffice/readback": [
-        "office/libreoffice/session", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+        "office/libreoffice/session", "office/embedded/parts", "office/embedded/package", "office/model",
+        "office/formats", "base",
     ],
     "office/libreoffice/word": [
-        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/embedded/package", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/embedded/package",
+        "office/model", "office/formats", "base",
     ],
     "office/libreoffice/excel": [
-        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/model",
+        "office/formats", "base",
     ],
     "office/libreoffice/host": [
-        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/formats",
-        "office/model", "base",
+        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/model",
+        "office/formats", "base",
     ],
     "office/libreoffice/module": [
         "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/word",

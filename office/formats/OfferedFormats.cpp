@@ -4,40 +4,24 @@
 #include "office/formats/mOfficeVersion.h"
 #include "office/formats/mWordFileExtensions.h"
 
-#include <algorithm>
-
 namespace mergeloom {
 
-std::vector<OfferedFormat> offeredWordFormats(int wordVersion, const FormatPredicate& canWrite) {
+std::vector<OfferedFormat> offeredFormats(DocumentFamily family, int version,
+                                          const FormatPredicate& canWrite) {
     std::vector<OfferedFormat> offered;
-    for (const int format : offeredWordFormats()) {
-        if (canWordSave(format, wordVersion) && canWrite(format))
-            offered.push_back({format, wordFormatName(format), wordFilter(format)});
+    for (const FileFormat& format : offeredFormats(family)) {
+        if (canSave(format.savedBy, version) && canWrite(format.number))
+            offered.push_back({format.number, std::string(format.name), extensionFilter(format.extension)});
     }
     return offered;
 }
 
-std::vector<OfferedFormat> offeredExcelFormats(int excelVersion, const FormatPredicate& canWrite) {
-    std::vector<OfferedFormat> offered;
-    for (const int format : offeredExcelFormats()) {
-        if (canExcelSave(format, excelVersion) && canWrite(format))
-            offered.push_back({format, excelFormatName(format), excelFilter(format)});
+int writableFormat(DocumentFamily family, std::string_view extension, const FormatPredicate& canWrite) {
+    for (const FileFormat& format : offeredFormats(family)) {
+        if (fitsFormat(extension, format.extension) && canWrite(format.number)) return format.number;
     }
-    return offered;
-}
-
-int writableWordFormat(std::string_view extension, const FormatPredicate& canWrite) {
-    const auto found = std::ranges::find_if(offeredWordFormats(), [&](int format) {
-        return fitsFormat(extension, wordExtension(format)) && canWrite(format);
-    });
-    return found == offeredWordFormats().end() ? wordFormatByExtension(extension) : *found;
-}
-
-int writableExcelFormat(std::string_view extension, const FormatPredicate& canWrite) {
-    const auto found = std::ranges::find_if(offeredExcelFormats(), [&](int format) {
-        return fitsFormat(extension, excelExtension(format)) && canWrite(format);
-    });
-    return found == offeredExcelFormats().end() ? excelFormatByExtension(extension) : *found;
+    return family == DocumentFamily::Word ? wordFormatByExtension(extension)
+                                          : excelFormatByExtension(extension);
 }
 
 }  // namespace mergeloom

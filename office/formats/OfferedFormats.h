@@ -1,5 +1,7 @@
 #pragma once
 
+#include "office/formats/FormatTable.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -18,15 +20,13 @@ struct OfferedFormat {
 /// Whether a format, by its number, can be written here and now.
 using FormatPredicate = std::function<bool(int format)>;
 
-/// Word's formats in the order of dialogs. The version is a major number (majorOfficeVersion).
-std::vector<OfferedFormat> offeredWordFormats(int wordVersion, const FormatPredicate& canWrite);
-/// The same for Excel.
-std::vector<OfferedFormat> offeredExcelFormats(int excelVersion, const FormatPredicate& canWrite);
+/// Returns the family's formats in the order of dialogs. The version is a major number (majorOfficeVersion).
+std::vector<OfferedFormat> offeredFormats(DocumentFamily family, int version,
+                                          const FormatPredicate& canWrite);
 
-/// The format in which a file with the extension is written: of those that dialogs offer the first that has
-/// the extension and can be written; where none can, what wordFormatByExtension tells.
-int writableWordFormat(std::string_view extension, const FormatPredicate& canWrite);
-/// The same for Excel.
-int writableExcelFormat(std::string_view extension, const FormatPredicate& canWrite);
+/// Returns the format in which a file with the extension is written: of those that dialogs offer the first
+/// that has the extension and can be written; where none can, what wordFormatByExtension or
+/// excelFormatByExtension returns.
+int writableFormat(DocumentFamily family, std::string_view extension, const FormatPredicate& canWrite);
 
 }  // namespace mergeloom

@@ -2,7 +2,6 @@
 
 #include "office/formats/mFileExtensions.h"
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,29 +13,14 @@ namespace mergeloom {
 inline constexpr int kNoExcelFormat = 0;
 inline constexpr int kExcelDefaultFormat = 51;
 
-enum class ExcelOfficeDocumentType : int { Workbook = 1, Template = 2, AddIn = 3 };
-
-/// The name that dialogs show for the format; empty when no dialog shows it or the number is unknown.
-std::string excelFormatName(int format);
-
-/// The extension of the format; empty when it has none or is unknown.
-std::string excelExtension(int format, LeadingDot dot = LeadingDot::Without);
-
-/// Raises kUnknownOfficeDocumentType for a number that is no format's.
-ExcelOfficeDocumentType excelOfficeDocumentType(int format);
-
-/// The pattern of a file dialog for the format, such as "*.htm;*.html".
+/// Returns the pattern of a file dialog for the format, such as "*.htm;*.html".
 std::string excelFilter(int format);
 
-/// The formats that dialogs offer, in their order there. The first of those with one extension is the one
-/// that users mean by it.
-std::span<const int> offeredExcelFormats();
-
-/// The first offered format whose first or second extension is the given one (without a dot, in the same
-/// letter case); kNoExcelFormat when there is none.
+/// Returns the first offered format whose first or second extension is the given one (without a dot, in the
+/// same letter case); kNoExcelFormat when there is none.
 int excelFormatByExtension(std::string_view extension);
 
-/// Whether an offered format has the extension.
+/// Returns whether an offered format has the extension.
 bool isExcelExtension(std::string_view extension);
 
 }  // namespace mergeloom

@@ -1,5 +1,7 @@
 #include "office/formats/mFileExtensions.h"
 
+#include <algorithm>
+
 namespace mergeloom {
 
 std::string secondExtension(std::string_view extension) {
@@ -21,6 +23,37 @@ std::string dottedExtension(std::string_view extension, LeadingDot dot) {
 std::string extensionFilter(std::string_view extension) {
     const std::string second = secondExtension(extension);
     return "*." + std::string(extension) + (second.empty() ? "" : ";*." + second);
+}
+
+std::string formatName(DocumentFamily family, int format) {
+    const FileFormat* const found = findFormat(family, format);
+    return found == nullptr ? std::string() : std::string(found->name);
+}
+
+std::string formatExtension(DocumentFamily family, int format, LeadingDot dot) {
+    const FileFormat* const found = findFormat(family, format);
+    return found == nullptr ? std::string() : dottedExtension(found->extension, dot);
+}
+
+OfficeDocumentType officeDocumentType(DocumentFamily family, int format) {
+    const FileFormat* const found = findFormat(family, format);
+    if (found != nullptr) return found->type;
+    const char* const application = family == DocumentFamily::Word ? "Word" : "Excel";
+    throw AutomationError(kUnknownOfficeDocumentType, "unknown " + std::string(application) +
+                                                          "OfficeDocumentType " + std::to_string(format));
+}
+
+std::span<const FileFormat> offeredFormats(DocumentFamily family) {
+    const std::span<const FileFormat> formats = fileFormats(family);
+    const auto end = std::ranges::find(formats, InDialogs::Hidden, &FileFormat::dialogs);
+    return {formats.begin(), end};
+}
+
+const FileFormat* findOfferedFormat(DocumentFamily family, std::string_view extension) {
+    const std::span<const FileFormat> offered = offeredFormats(family);
+    const auto found = std::ranges::find_if(
+        offered, [&](const FileFormat& format) { return fitsFormat(extension, format.extension); });
+    return found == offered.end() ? nullptr : &*found;
 }
 
 }  // namespace mergeloom

@@ -1,29 +1,46 @@
 #pragma once
 
 #include "base/AutomationError.h"
+#include "office/formats/FormatTable.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
-/// What the file formats of Word and Excel have in common.
+/// What the file formats of Word and Excel have in common: the answers of the table of formats by number and
+/// by extension. Extensions are without a dot and in lower case.
 namespace mergeloom {
 
 inline constexpr ErrorNumber kUnknownOfficeDocumentType = 30000;
 
 enum class LeadingDot { Without, With };
 
-/// The longer form of an extension that is written in two ways (without a dot); empty for all others.
+/// Returns the longer form of an extension that is written in two ways; empty for all others.
 std::string secondExtension(std::string_view extension);
 
-/// Whether a file with the extension may have the format whose own extension is the second argument: it is
-/// that one or its longer form. Extensions stand without a dot and in the same letter case; the empty one
-/// fits no format.
+/// Returns whether a file with the extension may have the format whose own extension is the second argument:
+/// it is that one or its longer form. The empty extension fits no format.
 bool fitsFormat(std::string_view extension, std::string_view formatExtension);
 
-/// The extension behind a dot, where one is asked for and there is an extension.
+/// Returns the extension after a dot, where one is asked for and there is an extension.
 std::string dottedExtension(std::string_view extension, LeadingDot dot);
 
-/// The pattern of a file dialog for the extension, such as "*.htm;*.html".
+/// Returns the pattern of a file dialog for the extension, such as "*.htm;*.html".
 std::string extensionFilter(std::string_view extension);
+
+/// Returns the name that dialogs show for the format; empty for an unknown number.
+std::string formatName(DocumentFamily family, int format);
+
+/// Returns the extension of the format; empty when it has none or is unknown.
+std::string formatExtension(DocumentFamily family, int format, LeadingDot dot = LeadingDot::Without);
+
+/// Raises kUnknownOfficeDocumentType for a number that is no format's.
+OfficeDocumentType officeDocumentType(DocumentFamily family, int format);
+
+/// Returns the formats that dialogs offer, in their order there.
+std::span<const FileFormat> offeredFormats(DocumentFamily family);
+
+/// Returns the first offered format with the extension, or null.
+const FileFormat* findOfferedFormat(DocumentFamily family, std::string_view extension);
 
 }  // namespace mergeloom

@@ -2,7 +2,6 @@
 
 #include "office/formats/mFileExtensions.h"
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,34 +14,23 @@ inline constexpr int kWordDocument = 12;
 /// Stands for whatever format Word saves in by default.
 inline constexpr int kWordDefaultFormat = 16;
 
-enum class WordOfficeDocumentType : int { Document = 1, Template = 2 };
-
-/// The name that dialogs show for the format; empty for an unknown number.
-std::string wordFormatName(int format);
-
-/// The extension of the format; empty when it has none or is unknown. Format 16 has the extension of
-/// defaultFormat, the answer of wordDefaultSaveFormat for the Word at hand.
+/// Returns the extension of the format; empty when it has none or is unknown. Format 16 has the extension of
+/// defaultFormat, which wordDefaultSaveFormat returns for the Word at hand.
 std::string wordExtension(int format, LeadingDot dot = LeadingDot::Without,
                           int defaultFormat = kWordDocument);
 
-/// Raises kUnknownOfficeDocumentType for a number outside 0 to 23.
-WordOfficeDocumentType wordOfficeDocumentType(int format);
-
-/// The pattern of a file dialog for the format, such as "*.htm;*.html".
+/// Returns the pattern of a file dialog for the format, such as "*.htm;*.html".
 std::string wordFilter(int format, int defaultFormat = kWordDocument);
 
-/// The formats that dialogs offer, in their order there.
-std::span<const int> offeredWordFormats();
-
-/// The first offered format whose first or second extension is the given one (without a dot, in the same
-/// letter case); 0 when there is none.
+/// Returns the first offered format whose first or second extension is the given one (without a dot, in the
+/// same letter case); 0 when there is none.
 int wordFormatByExtension(std::string_view extension);
 
-/// Whether an offered format has the extension, which wordFormatByExtension's 0 leaves open.
+/// Returns whether an offered format has the extension, which wordFormatByExtension's 0 leaves open.
 bool isWordExtension(std::string_view extension);
 
-/// The format that the value of Word's option DefaultSaveFormat stands for; a value that is not known, the
-/// empty one included, is the document format of that version (its major number).
+/// Returns the format that the value of Word's option DefaultSaveFormat stands for; a value that is not
+/// known, the empty one included, is the document format of that version (its major number).
 int wordDefaultSaveFormat(std::string_view defaultSaveFormat, int wordVersion);
 
 }  // namespace mergeloom

@@ -8,6 +8,7 @@
 namespace mergeloom {
 namespace {
 
+constexpr auto kExcel = DocumentFamily::Excel;
 constexpr int kAllNumbers[] = {-4158, -4143, 2,  4,  5,  6,  7,  8,  9,  11, 14, 15, 16, 17, 18, 19, 20,
                                21,    22,    23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 38,
                                39,    40,    41, 42, 43, 44, 45, 46, 50, 51, 52, 53, 54, 55, 56, 60};
@@ -41,9 +42,10 @@ TEST(ExcelFileExtensions, NameTheFormatsOfTheDialogs) {
         {60, "OpenDocument Spreadsheet"},
     };
     for (const auto& [format, name] : cases)
-        EXPECT_EQ(excelFormatName(format), name);
-    EXPECT_EQ(std::ranges::count_if(kAllNumbers, [](int format) { return !excelFormatName(format).empty(); }),
-              std::size(cases));
+        EXPECT_EQ(formatName(kExcel, format), name);
+    EXPECT_EQ(
+        std::ranges::count_if(kAllNumbers, [](int format) { return !formatName(kExcel, format).empty(); }),
+        std::size(cases));
 }
 
 TEST(ExcelFileExtensions, GiveEachFormatItsExtension) {
@@ -83,8 +85,9 @@ TEST(ExcelFileExtensions, GiveEachFormatItsExtension) {
     for (const auto& [extension, formats] : cases) {
         count += formats.size();
         for (const int format : formats) {
-            EXPECT_EQ(excelExtension(format), extension) << format;
-            EXPECT_EQ(excelExtension(format, LeadingDot::With), extension.empty() ? "" : "." + extension);
+            EXPECT_EQ(formatExtension(kExcel, format), extension) << format;
+            EXPECT_EQ(formatExtension(kExcel, format, LeadingDot::With),
+                      extension.empty() ? "" : "." + extension);
         }
     }
     EXPECT_EQ(count, std::size(kAllNumbers));
@@ -99,17 +102,17 @@ TEST(ExcelFileExtensions, TellTemplatesAndAddInsFromWorkbooks) {
         const bool isTemplate = format == 17 || format == 53 || format == 54;
         const bool isAddIn = format == 18 || format == 26 || format == 55;
         const int expected = isTemplate ? 2 : isAddIn ? 3 : 1;
-        EXPECT_EQ(static_cast<int>(excelOfficeDocumentType(format)), expected) << format;
+        EXPECT_EQ(static_cast<int>(officeDocumentType(kExcel, format)), expected) << format;
     }
 }
 
 TEST(ExcelFileExtensions, KnowNoOtherNumbers) {
     for (const int format : {-4157, -1, 0, 1, 3, 10, 12, 13, 37, 47, 49, 57, 59, 61}) {
         SCOPED_TRACE(format);
-        EXPECT_EQ(excelFormatName(format), "");
-        EXPECT_EQ(excelExtension(format, LeadingDot::With), "");
+        EXPECT_EQ(formatName(kExcel, format), "");
+        EXPECT_EQ(formatExtension(kExcel, format, LeadingDot::With), "");
         try {
-            excelOfficeDocumentType(format);
+            officeDocumentType(kExcel, format);
             FAIL() << "a kind was found";
         } catch (const AutomationError& error) {
             EXPECT_EQ(error.number(), 30000U);
@@ -119,11 +122,11 @@ TEST(ExcelFileExtensions, KnowNoOtherNumbers) {
 }
 
 TEST(ExcelFileExtensions, OfferEveryFormatThatHasAName) {
-    const std::span<const int> offered = offeredExcelFormats();
-    EXPECT_EQ(offered.front(), kExcelDefaultFormat);
+    const std::span<const FileFormat> offered = offeredFormats(kExcel);
+    EXPECT_EQ(offered.front().number, kExcelDefaultFormat);
     for (const int format : kAllNumbers) {
-        const std::ptrdiff_t times = std::ranges::count(offered, format);
-        EXPECT_EQ(times, excelFormatName(format).empty() ? 0 : 1) << format;
+        const std::ptrdiff_t times = std::ranges::count(offered, format, &FileFormat::number);
+        EXPECT_EQ(times, formatName(kExcel, format).empty() ? 0 : 1) << format;
     }
 }
 

@@ -3,17 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace mergeloom {
 namespace {
 
-constexpr auto kDocument = WordOfficeDocumentType::Document;
-constexpr auto kTemplate = WordOfficeDocumentType::Template;
+constexpr auto kDocument = OfficeDocumentType::Document;
+constexpr auto kTemplate = OfficeDocumentType::Template;
+constexpr auto kWord = DocumentFamily::Word;
 
 TEST(WordFileExtensions, DescribeAFormat) {
     const struct {
         int format;
         std::string name, extension, filter;
-        WordOfficeDocumentType type;
+        OfficeDocumentType type;
     } cases[] = {
         {0, "Word 97-2003 Document", "doc", "*.doc", kDocument},
         {1, "Word Template", "dot", "*.dot", kTemplate},
@@ -31,21 +34,21 @@ TEST(WordFileExtensions, DescribeAFormat) {
     };
     for (const auto& [format, name, extension, filter, type] : cases) {
         SCOPED_TRACE(format);
-        EXPECT_EQ(wordFormatName(format), name);
+        EXPECT_EQ(formatName(kWord, format), name);
         EXPECT_EQ(wordExtension(format), extension);
         EXPECT_EQ(wordExtension(format, LeadingDot::With), extension.empty() ? "" : "." + extension);
         EXPECT_EQ(wordFilter(format), filter);
-        EXPECT_EQ(wordOfficeDocumentType(format), type);
+        EXPECT_EQ(officeDocumentType(kWord, format), type);
     }
 }
 
 TEST(WordFileExtensions, KnowNoFormatOutsideTheEnumeration) {
     for (const int format : {-1, 24, 100}) {
         SCOPED_TRACE(format);
-        EXPECT_EQ(wordFormatName(format), "");
+        EXPECT_EQ(formatName(kWord, format), "");
         EXPECT_EQ(wordExtension(format, LeadingDot::With), "");
         try {
-            wordOfficeDocumentType(format);
+            officeDocumentType(kWord, format);
             FAIL() << "a kind was found";
         } catch (const AutomationError& error) {
             EXPECT_EQ(error.number(), 30000U);
@@ -55,8 +58,10 @@ TEST(WordFileExtensions, KnowNoFormatOutsideTheEnumeration) {
 }
 
 TEST(WordFileExtensions, OfferFormatsInOrder) {
-    EXPECT_THAT(offeredWordFormats(),
-                testing::ElementsAre(12, 13, 0, 14, 15, 1, 17, 18, 9, 8, 10, 6, 2, 3, 19, 11, 23));
+    std::vector<int> numbers;
+    for (const FileFormat& format : offeredFormats(kWord))
+        numbers.push_back(format.number);
+    EXPECT_THAT(numbers, testing::ElementsAre(12, 13, 0, 14, 15, 1, 17, 18, 9, 8, 10, 6, 2, 3, 19, 11, 23));
 }
 
 TEST(WordFileExtensions, FindTheFormatOfAnExtension) {

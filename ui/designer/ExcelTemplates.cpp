@@ -66,8 +66,8 @@ model::OfficeDocument* ExcelTemplates::document() {
 
 std::vector<OfferedFormat> ExcelTemplates::templateFormats(FormatUse use) {
     const excel::ApplicationPtr office = hosted()->Application();
-    return offeredExcelFormats(majorOfficeVersion(office->Version()), [&](int format) {
-        return excelOfficeDocumentType(format) == ExcelOfficeDocumentType::Template &&
+    return offeredFormats(DocumentFamily::Excel, majorOfficeVersion(office->Version()), [&](int format) {
+        return officeDocumentType(DocumentFamily::Excel, format) == OfficeDocumentType::Template &&
                (use == FormatUse::Open || office->canSaveAs(static_cast<excel::XlFileFormat>(format)));
     });
 }

@@ -101,8 +101,8 @@ model::OfficeDocument* WordTemplates::document() {
 
 std::vector<OfferedFormat> WordTemplates::templateFormats(FormatUse use) {
     const word::ApplicationPtr office = hosted()->Application();
-    return offeredWordFormats(majorOfficeVersion(office->Version()), [&](int format) {
-        return wordOfficeDocumentType(format) == WordOfficeDocumentType::Template &&
+    return offeredFormats(DocumentFamily::Word, majorOfficeVersion(office->Version()), [&](int format) {
+        return officeDocumentType(DocumentFamily::Word, format) == OfficeDocumentType::Template &&
                (use == FormatUse::Open || office->canSaveAs(static_cast<word::WdSaveFormat>(format)));
     });
 }

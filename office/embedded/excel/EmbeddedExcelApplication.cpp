@@ -5,8 +5,8 @@
 #include "office/embedded/excel/EmbeddedSheetSelection.h"
 #include "office/embedded/excel/EmbeddedWorkbookUndoRecord.h"
 #include "office/embedded/excel/EmbeddedWorkbooks.h"
-#include "office/embedded/excel/ExcelSaveFormats.h"
 #include "office/embedded/parts/NewWorkbook.h"
+#include "office/embedded/parts/SaveFormats.h"
 #include "office/model/excel/Columns.h"
 #include "office/model/excel/Worksheet.h"
 
@@ -55,7 +55,7 @@ excel::UndoRecordPtr EmbeddedExcelApplication::UndoRecord() {
 }
 
 bool EmbeddedExcelApplication::canSaveAs(excel::XlFileFormat format) {
-    return excelSaveFormats().find(static_cast<int>(format)) != nullptr;
+    return canWrite(DocumentFamily::Excel, static_cast<int>(format));
 }
 
 void EmbeddedExcelApplication::Quit() {

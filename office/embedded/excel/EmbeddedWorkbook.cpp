@@ -3,7 +3,6 @@
 #include "office/embedded/excel/EmbeddedExcelApplication.h"
 #include "office/embedded/excel/EmbeddedNames.h"
 #include "office/embedded/excel/EmbeddedWorksheets.h"
-#include "office/embedded/excel/ExcelSaveFormats.h"
 
 #include <utility>
 
@@ -33,7 +32,7 @@ void EmbeddedWorkbook::Save() {
 
 void EmbeddedWorkbook::SaveAs(const std::string& fileName, excel::XlFileFormat format) {
     content_->storeParts();
-    file_.saveAs(content_->package(), excelSaveFormats(), static_cast<int>(format), fileName);
+    file_.saveAs(content_->package(), DocumentFamily::Excel, static_cast<int>(format), fileName);
     content_->setSaved(true);
 }
 

@@ -14,11 +14,10 @@ void DocumentFile::save(Package& package) {
     write(package, fullName_);
 }
 
-void DocumentFile::saveAs(Package& package, const SaveFormats& formats, int number,
-                          const std::string& fileName) {
+void DocumentFile::saveAs(Package& package, DocumentFamily family, int number, const std::string& fileName) {
     const std::string mainPart = package.mainPart();
     const std::string formerType = package.contentTypes().of(mainPart);
-    setSaveFormat(package, formats, number, fileName);
+    setSaveFormat(package, family, number, fileName);
     try {
         write(package, fileName);
     } catch (const AutomationError&) {

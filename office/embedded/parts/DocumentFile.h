@@ -23,7 +23,7 @@ class DocumentFile {
     void save(Package& package);
     /// Writes the document as another file, whose name it has from then on. Errors as for save and for
     /// setSaveFormat; the document stays what it was then.
-    void saveAs(Package& package, const SaveFormats& formats, int number, const std::string& fileName);
+    void saveAs(Package& package, DocumentFamily family, int number, const std::string& fileName);
 
   private:
     void write(Package& package, const std::string& fileName);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <vector>
 
 namespace mergeloom::embedded {
@@ -30,14 +31,19 @@ std::string joined(const std::vector<std::string_view>& words) {
     return text;
 }
 
-enum class Offered { All, WithMacros };
-
-std::string extensions(const SaveFormats& formats, Offered offered) {
+/// Returns the extensions of the formats that the engine writes, of those that keep macros alone where asked
+/// for.
+std::string extensions(DocumentFamily family, Macros least) {
     std::vector<std::string_view> words;
-    for (const SaveFormat& format : formats.formats) {
-        if (offered == Offered::All || format.takesMacros) words.push_back(format.extension);
+    for (const FileFormat& format : fileFormats(family)) {
+        if (format.engine && (least == Macros::Refused || format.engine->macros == Macros::Kept))
+            words.push_back(format.extension);
     }
     return joined(words);
+}
+
+const char* documentName(DocumentFamily family) {
+    return family == DocumentFamily::Word ? "document" : "workbook";
 }
 
 bool holdsMacros(Package& package, const std::string& mainPart) {
@@ -48,24 +54,24 @@ bool holdsMacros(Package& package, const std::string& mainPart) {
 
 }  // namespace
 
-const SaveFormat* SaveFormats::find(int number) const {
-    const auto found = std::ranges::find(formats, number, &SaveFormat::number);
-    return found == formats.end() ? nullptr : &*found;
+bool canWrite(DocumentFamily family, int number) {
+    const FileFormat* const format = findFormat(family, number);
+    return format != nullptr && format->engine;
 }
 
-void setSaveFormat(Package& package, const SaveFormats& formats, int number, const std::string& fileName) {
-    const SaveFormat* target = formats.find(number);
-    if (!target) {
+void setSaveFormat(Package& package, DocumentFamily family, int number, const std::string& fileName) {
+    if (!canWrite(family, number)) {
         refuse(fileName, "its format can only be written by another office. Choose " +
-                             extensions(formats, Offered::All) + ".");
+                             extensions(family, Macros::Refused) + ".");
     }
+    const OpenPackagingKind& target = *findFormat(family, number)->engine;
     const std::string mainPart = package.mainPart();
-    if (!target->takesMacros && holdsMacros(package, mainPart)) {
-        refuse(fileName, "the " + std::string(formats.document) +
+    if (target.macros == Macros::Refused && holdsMacros(package, mainPart)) {
+        refuse(fileName, "the " + std::string(documentName(family)) +
                              " holds macros, which its format cannot keep. Choose " +
-                             extensions(formats, Offered::WithMacros) + ".");
+                             extensions(family, Macros::Kept) + ".");
     }
-    const std::string type(target->contentType);
+    const std::string type(target.contentType);
     if (package.contentTypes().of(mainPart) != type) package.contentTypes().setOverride(mainPart, type);
 }
 

@@ -2,10 +2,10 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/parts/NewDocument.h"
+#include "office/embedded/parts/SaveFormats.h"
 #include "office/embedded/word/EmbeddedDocuments.h"
 #include "office/embedded/word/EmbeddedSelection.h"
 #include "office/embedded/word/EmbeddedUndoRecord.h"
-#include "office/embedded/word/WordSaveFormats.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,7 +25,7 @@ word::UndoRecordPtr EmbeddedApplication::UndoRecord() {
 }
 
 bool EmbeddedApplication::canSaveAs(word::WdSaveFormat format) {
-    return wordSaveFormats().find(static_cast<int>(format)) != nullptr;
+    return canWrite(DocumentFamily::Word, static_cast<int>(format));
 }
 
 void EmbeddedApplication::Quit(word::WdSaveOptions saveChanges) {

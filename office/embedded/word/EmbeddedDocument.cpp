@@ -5,7 +5,6 @@
 #include "office/embedded/word/EmbeddedFields.h"
 #include "office/embedded/word/EmbeddedTables.h"
 #include "office/embedded/word/EmbeddedWindow.h"
-#include "office/embedded/word/WordSaveFormats.h"
 
 #include <utility>
 
@@ -49,7 +48,7 @@ void EmbeddedDocument::Save() {
 
 void EmbeddedDocument::SaveAs(const std::string& fileName, word::WdSaveFormat format) {
     content_->storeParts();
-    file_.saveAs(content_->package(), wordSaveFormats(), static_cast<int>(format), fileName);
+    file_.saveAs(content_->package(), DocumentFamily::Word, static_cast<int>(format), fileName);
     content_->setSaved(true);
 }
 

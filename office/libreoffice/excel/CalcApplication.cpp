@@ -5,7 +5,7 @@
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcSelection.h"
 #include "office/libreoffice/excel/CalcWorkbooks.h"
-#include "office/libreoffice/session/ExcelFilters.h"
+#include "office/libreoffice/session/OfficeFilters.h"
 #include "office/model/excel/Columns.h"
 #include "office/model/excel/Worksheet.h"
 

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "office/formats/FormatTable.h"
 #include "office/libreoffice/excel/CalcApplication.h"
 #include "office/libreoffice/excel/CalcNames.h"
 #include "office/libreoffice/excel/CalcView.h"
@@ -22,38 +23,11 @@ namespace {
 
 using excel::XlFileFormat;
 
-struct FileKind {
-    std::string_view extension;
-    XlFileFormat format;
-};
-
-constexpr XlFileFormat numbered(int number) {
-    return static_cast<XlFileFormat>(number);
-}
-
-/// In what format a file that was opened is saved again.
-constexpr FileKind kFileKinds[] = {
-    {"xlsx", XlFileFormat::xlOpenXMLWorkbook},
-    {"xlsm", XlFileFormat::xlOpenXMLWorkbookMacroEnabled},
-    {"xltx", XlFileFormat::xlOpenXMLTemplate},
-    {"xltm", XlFileFormat::xlOpenXMLTemplateMacroEnabled},
-    {"xlsb", XlFileFormat::xlExcel12},
-    {"xls", XlFileFormat::xlExcel8},
-    {"xlt", numbered(17)},
-    {"ods", numbered(60)},
-    {"csv", numbered(6)},
-    {"txt", numbered(-4158)},
-    {"slk", numbered(2)},
-    {"dif", numbered(9)},
-    {"htm", numbered(44)},
-    {"html", numbered(44)},
-};
-
+/// Returns the format in which a workbook is written back, by the extension that it was opened with.
 std::optional<XlFileFormat> formatOf(const std::string& path) {
-    const std::string wanted = toLowerAscii(extension(path));
-    const auto* const found = std::ranges::find(kFileKinds, wanted, &FileKind::extension);
-    if (found == std::end(kFileKinds)) return {};
-    return found->format;
+    const FileFormat* const format = findFormatToOpen(DocumentFamily::Excel, toLowerAscii(extension(path)));
+    if (format == nullptr || !format->saving) return {};
+    return static_cast<XlFileFormat>(format->number);
 }
 
 /// As many as the office keeps in its list.

@@ -3,9 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "office/formats/ForeignFormats.h"
-#include "office/formats/mExcelFileExtensions.h"
-#include "office/formats/mWordFileExtensions.h"
+#include "office/formats/FormatTable.h"
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
@@ -37,13 +35,11 @@ constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
-/// The part of an office that a file belongs to; the given one when both know its extension, or neither does.
+/// Returns the part of an office that a file belongs to; the given one when both know its extension, or neither does.
 HostedPart partOf(const std::string& path, HostedPart shown) {
-    const std::string suffix = toLowerAscii(extension(path));
-    const bool isWords = isWordExtension(suffix) || isForeignWordExtension(suffix);
-    const bool isExcels = isExcelExtension(suffix) || isForeignExcelExtension(suffix);
-    if (isWords == isExcels) return shown;
-    return isWords ? HostedPart::Word : HostedPart::Excel;
+    const std::optional<DocumentFamily> family = familyOf(toLowerAscii(extension(path)));
+    if (!family) return shown;
+    return family == DocumentFamily::Word ? HostedPart::Word : HostedPart::Excel;
 }
 
 DocumentReference componentOf(const HostedDocument& hosted) {

@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
-#include "office/libreoffice/session/RequiredFilter.h"
+#include "office/libreoffice/session/OfficeFilters.h"
 
 #include <utility>
 

@@ -9,8 +9,7 @@
 #include "office/libreoffice/session/EndsInCells.h"
 #include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/FragmentGuard.h"
-#include "office/libreoffice/session/InputFilters.h"
-#include "office/libreoffice/session/RequiredFilter.h"
+#include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 

@@ -2,7 +2,6 @@
 
 #include "base/FileStore.h"
 #include "office/libreoffice/session/OfficeConnection.h"
-#include "office/libreoffice/session/OfficeFilter.h"
 #include "office/libreoffice/session/OfficePart.h"
 #include "office/libreoffice/session/WorkPlaces.h"
 #include "office/model/excel/Enumerations.h"
@@ -16,6 +15,10 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+namespace mergeloom {
+struct OfficeFilter;
+}
 
 namespace mergeloom::libreoffice {
 

@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/parts/DocumentProtection.h"
-#include "office/libreoffice/session/WordFilters.h"
+#include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/word/WriterSelection.h"
 #include "office/libreoffice/word/WriterUndoRecord.h"
 

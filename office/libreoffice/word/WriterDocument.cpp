@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "office/formats/FormatTable.h"
 #include "office/libreoffice/readback/ReadBack.h"
 #include "office/libreoffice/word/WholeBookmarks.h"
 #include "office/libreoffice/word/WriterApplication.h"
@@ -22,21 +23,11 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-struct ExtensionFormat {
-    std::string_view extension;
-    int format;
-};
-
-/// The formats that a document can be written back in, by the extension that it was opened with.
-constexpr ExtensionFormat kFormats[] = {
-    {"docx", 12}, {"docm", 13}, {"dotx", 14}, {"doc", 0},   {"dot", 1},  {"rtf", 6},
-    {"odt", 23},  {"txt", 7},   {"htm", 10},  {"html", 10}, {"xml", 11},
-};
-
+/// Returns the format in which a document is written back, by the extension that it was opened with.
 word::WdSaveFormat formatOf(const std::string& fileName) {
-    const std::string suffix = toLowerAscii(extension(fileName));
-    const auto* const found = std::ranges::find(kFormats, suffix, &ExtensionFormat::extension);
-    if (found != std::end(kFormats)) return word::WdSaveFormat{found->format};
+    const FileFormat* const format =
+        findFormatToOpen(DocumentFamily::Word, toLowerAscii(extension(fileName)));
+    if (format != nullptr && format->saving) return word::WdSaveFormat{format->number};
     throw AutomationError(kFileCouldNotBeSaved, "The file '" + fileName +
                                                     "' could not be saved: LibreOffice does not write "
                                                     "documents with that extension.");

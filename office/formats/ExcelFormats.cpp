@@ -1,0 +1,142 @@
+#include "office/formats/FormatTable.h"
+
+namespace mergeloom {
+
+namespace {
+
+constexpr auto kDocument = OfficeDocumentType::Document;
+constexpr auto kTemplate = OfficeDocumentType::Template;
+constexpr auto kAddIn = OfficeDocumentType::AddIn;
+constexpr auto kOffered = InDialogs::Offered;
+constexpr auto kHidden = InDialogs::Hidden;
+constexpr auto kNoVersion = SavedBy::NoVersion;
+constexpr auto kEveryVersion = SavedBy::EveryVersion;
+constexpr auto kBefore2007 = SavedBy::VersionsBefore2007;
+constexpr auto kSince2002 = SavedBy::VersionsSince2002;
+constexpr auto kSince2007 = SavedBy::VersionsSince2007;
+constexpr auto kExchange = SavedBy::VersionsThatExchange;
+
+constexpr OfficeFilter kFoundOut{};
+constexpr auto kNone = std::nullopt;
+
+constexpr OfficeFilter filter(std::string_view name, std::string_view options = {}) {
+    return {name, options};
+}
+
+constexpr std::string_view kExcel97 = "MS Excel 97";
+/// The filter that writes web pages does not read them. Its options are the language of numbers (the
+/// system's) and whether texts that look like dates become some; without them the office would ask.
+constexpr std::string_view kHtmlQuery = "calc_HTML_WebQuery";
+constexpr std::string_view kPlainCells = "0 0";
+constexpr std::string_view kUtf8 = "76";
+
+/// Options of a text: separator, quotation mark and encoding as numbers, first line; then what is quoted, and
+/// cells as they show. Separators: 44 comma, 9 tab, FIX columns of fixed width. Encodings: 76 UTF-8, 65535
+/// UTF-16, 1 Windows, 2 Macintosh, 4 DOS.
+constexpr std::string_view kText = "Text - txt - csv (StarCalc)";
+constexpr std::string_view kCommaUtf8 = "44,34,76,1,,0,false,true,false";
+constexpr std::string_view kCommaWindows = "44,34,1,1,,0,false,true,false";
+constexpr std::string_view kCommaMacintosh = "44,34,2,1,,0,false,true,false";
+constexpr std::string_view kCommaDos = "44,34,4,1,,0,false,true,false";
+constexpr std::string_view kTabUtf8 = "9,34,76,1,,0,false,true,false";
+constexpr std::string_view kTabUtf16 = "9,34,65535,1,,0,false,true,false";
+constexpr std::string_view kTabWindows = "9,34,1,1,,0,false,true,false";
+constexpr std::string_view kTabMacintosh = "9,34,2,1,,0,false,true,false";
+constexpr std::string_view kTabDos = "9,34,4,1,,0,false,true,false";
+constexpr std::string_view kColumnsUtf8 = "FIX,34,76,1,,0,false,true,false";
+
+constexpr OpenPackagingKind kXlsx{
+    "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml"};
+constexpr OpenPackagingKind kXlsm{"application/vnd.ms-excel.sheet.macroEnabled.main+xml", Macros::Kept};
+constexpr OpenPackagingKind kXltx{
+    "application/vnd.openxmlformats-officedocument.spreadsheetml.template.main+xml"};
+constexpr OpenPackagingKind kXltm{"application/vnd.ms-excel.template.macroEnabled.main+xml", Macros::Kept};
+
+/// Documents, templates, then what else keeps a workbook whole and last what keeps a part of it. Add-ins are
+/// not offered, since nobody sees the sheets of one. LibreOffice has no filter that writes workbooks and
+/// templates of before Excel 97, add-ins, the binary workbook (50), a template with macros (53) or a single
+/// file web page (45), and its filter for the XML of Excel 2003 (46) fails.
+constexpr FileFormat kExcelFormats[] = {
+    // What Excel makes by itself, with and without macros, and what "xls" has meant since 97; then the
+    // templates of these.
+    {51, "Excel Workbook", "xlsx", kDocument, kOffered, kSince2007, kXlsx, filter("Calc MS Excel 2007 XML"),
+     kFoundOut},
+    {52, "Excel Macro-Enabled Workbook", "xlsm", kDocument, kOffered, kSince2007, kXlsm,
+     filter("Calc MS Excel 2007 VBA XML"), kFoundOut},
+    {56, "Excel 97-2003 Workbook", "xls", kDocument, kOffered, kSince2007, kNone, filter(kExcel97),
+     kFoundOut},
+    {54, "Excel Template", "xltx", kTemplate, kOffered, kSince2007, kXltx,
+     filter("Calc MS Excel 2007 XML Template"), kFoundOut},
+    {53, "Excel Template Macro Enabled", "xltm", kTemplate, kOffered, kSince2007, kXltm, kNone, kFoundOut},
+    {17, "Excel 97 - 2003 Template", "xlt", kTemplate, kOffered, kEveryVersion, kNone,
+     filter("MS Excel 97 Vorlage/Template"), kFoundOut},
+    // It keeps everything, but few programs read it.
+    {50, "Excel Binary Workbook", "xlsb", kDocument, kOffered, kSince2007, kNone, kNone, kFoundOut},
+    // What other office programs read.
+    {60, "OpenDocument Spreadsheet", "ods", kDocument, kOffered, kExchange, kNone, filter("calc8"),
+     kFoundOut},
+    // All sheets in one file of a browser, the same beside a folder, and the cells of all sheets.
+    {45, "Single File Web Page", "mht", kDocument, kOffered, kSince2002},
+    {44, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kNone, filter("HTML (StarCalc)"),
+     filter(kHtmlQuery, kPlainCells)},
+    {46, "XML Spreadsheet 2003", "xml", kDocument, kOffered, kSince2002, kNone, kNone, kFoundOut},
+    // The plain list of other programs; then the texts, first the one in which no letter is lost.
+    {6, "CSV (Comma delimited)", "csv", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kCommaUtf8),
+     filter(kText, "44,34,76,1")},
+    {42, "Unicode Text", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kTabUtf16)},
+    {-4158, "Current Platform Text", "txt", kDocument, kOffered, kEveryVersion, kNone,
+     filter(kText, kTabUtf8), filter(kText, "9,34,76,1")},
+    // For printing; then values alone, and with formulas, for old programs.
+    {36, "Formatted Text (Space delimited)", "prn", kDocument, kOffered, kEveryVersion, kNone,
+     filter(kText, kColumnsUtf8)},
+    {9, "DIF (Data Interchange Format)", "dif", kDocument, kOffered, kEveryVersion, kNone, filter("DIF"),
+     filter("DIF", kUtf8)},
+    {2, "SYLK (Symbolic Link)", "slk", kDocument, kOffered, kEveryVersion, kNone, filter("SYLK"), kFoundOut},
+    // After 56, whose extension it shares.
+    {39, "Microsoft Excel 5.0/95 Workbook", "xls", kDocument, kOffered, kEveryVersion},
+    // The encodings of systems that are gone.
+    {24, "CSV (MS-DOS)", "csv", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kCommaDos)},
+    {22, "CSV (Macintosh)", "csv", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kCommaMacintosh)},
+    {21, "Text (MS-DOS)", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kTabDos)},
+    {19, "Text (Macintosh)", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kTabMacintosh)},
+    {-4143, "", "xls", kDocument, kHidden, kEveryVersion, kNone, filter(kExcel97)},
+    {4, "", "wks"},
+    {5, "", "wk1"},
+    {7, "", "dbf"},
+    {8, "", "dbf"},
+    {11, "", "dbf"},
+    {14, "", "wj2"},
+    {15, "", "wk3"},
+    {16, "", "xls"},
+    {18, "", "xls", kAddIn},
+    {20, "", "txt", kDocument, kHidden, kNoVersion, kNone, filter(kText, kTabWindows)},
+    {23, "", "csv", kDocument, kHidden, kNoVersion, kNone, filter(kText, kCommaWindows)},
+    {25, "", ""},
+    {26, "", "", kAddIn},
+    {27, "", "xls"},
+    {28, "", ""},
+    {29, "", "xls"},
+    {30, "", "wk1"},
+    {31, "", "wk1"},
+    {32, "", "wk3"},
+    {33, "", "xls"},
+    {34, "", "wq1"},
+    {35, "", "xlw"},
+    {38, "", "wk4"},
+    {40, "", "wj3"},
+    {41, "", "wj3"},
+    {43, "", "xls", kDocument, kHidden, kBefore2007, kNone, filter(kExcel97)},
+    {55, "", "xlam", kAddIn},
+    {kOpenedOnly, "OpenDocument Spreadsheet Template", "ots", kTemplate, kHidden, kNoVersion, kNone, kNone,
+     kFoundOut},
+    {kOpenedOnly, "Flat OpenDocument Spreadsheet", "fods", kDocument, kHidden, kNoVersion, kNone, kNone,
+     kFoundOut},
+};
+
+}  // namespace
+
+std::span<const FileFormat> excelFormats() {
+    return kExcelFormats;
+}
+
+}  // namespace mergeloom

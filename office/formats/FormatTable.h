@@ -1,0 +1,84 @@
+#pragma once
+
+#include <limits>
+#include <optional>
+#include <span>
+#include <string_view>
+
+/// The one table of file formats: a row for each format that Word or Excel has a number for, and for each
+/// that can only be opened. Everything that the program knows of extensions, names, filters and abilities is
+/// derived from it, so a new format is a new row.
+namespace mergeloom {
+
+enum class DocumentFamily { Word, Excel };
+
+/// The kinds of files, as numbers that callers store.
+enum class OfficeDocumentType : int { Document = 1, Template = 2, AddIn = 3 };
+
+/// The versions of Word or Excel that save in a format.
+enum class SavedBy {
+    NoVersion,
+    EveryVersion,
+    VersionsBefore2007,
+    VersionsSince2002,
+    VersionsSince2003,
+    VersionsSince2007,
+    /// 2007 with its second service pack, then from 2010 on.
+    VersionsThatExchange,
+};
+
+enum class Macros { Refused, Kept };
+
+/// What the embedded engine needs to know of a format that it reads and writes.
+struct OpenPackagingKind {
+    /// The content type of the main part (ECMA-376 Part 1, 11.3.10 and 12.3.23; those with macros:
+    /// [MS-OFFMACRO2]).
+    std::string_view contentType;
+    Macros macros = Macros::Refused;
+};
+
+/// One of LibreOffice's own names for a way of reading or writing files, with the options that it takes.
+/// Without a name LibreOffice finds out by itself what a file is.
+struct OfficeFilter {
+    std::string_view name = {};
+    std::string_view options = {};
+};
+
+/// The number of a format that can only be opened.
+inline constexpr int kOpenedOnly = std::numeric_limits<int>::min();
+
+enum class InDialogs { Hidden, Offered };
+
+/// A row of the table. The columns are in the order in which rows differ: what is left out at the end is not
+/// there.
+struct FileFormat {
+    int number;                  ///< WdSaveFormat's or XlFileFormat's
+    std::string_view name;       ///< as dialogs show it
+    std::string_view extension;  ///< without a dot, in lower case; secondExtension knows its longer form
+    OfficeDocumentType type = OfficeDocumentType::Document;
+    InDialogs dialogs = InDialogs::Hidden;
+    SavedBy savedBy = SavedBy::NoVersion;
+    std::optional<OpenPackagingKind> engine = {};  ///< none where the engine does not know the format
+    std::optional<OfficeFilter> saving = {};       ///< LibreOffice's way to write it; none where it has none
+    std::optional<OfficeFilter> opening = {};      ///< LibreOffice's way to read it; none where it has none
+};
+
+/// The formats of a family. Those that dialogs offer come first, in the order of the dialogs: the first one
+/// with an extension is the one that users mean by it.
+std::span<const FileFormat> fileFormats(DocumentFamily family);
+std::span<const FileFormat> wordFormats();
+std::span<const FileFormat> excelFormats();
+
+/// Returns the format with the number, or null.
+const FileFormat* findFormat(DocumentFamily family, int number);
+
+/// Returns the first format with the extension that can be opened, by the engine or by LibreOffice, or null.
+const FileFormat* findFormatToOpen(DocumentFamily family, std::string_view extension);
+
+/// Returns whether files with the extension hold documents that the engine cannot open and LibreOffice can.
+bool isForeignExtension(DocumentFamily family, std::string_view extension);
+
+/// Returns the family that alone knows the extension; none when both do, or neither.
+std::optional<DocumentFamily> familyOf(std::string_view extension);
+
+}  // namespace mergeloom
