@@ -164,7 +164,7 @@ TEST_F(LibreOfficeConverterTest, writesTheWorkbooksThatItSaysItWrites) {
         if (!office->canWrite(number)) continue;
         ASSERT_NE(next, expected.end());
         ASSERT_EQ(format, next->format);
-        const std::string target = "/out." + excelExtension(format);
+        const std::string target = "/out." + formatExtension(DocumentFamily::Excel, format);
         office->convert("/in.csv", target, number);
         EXPECT_THAT(kindOf(files.read(target)), HasSubstr(next++->hint)) << format;
     }
