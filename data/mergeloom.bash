@@ -5,7 +5,7 @@ _mergeloom() {
     local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
     local options='--object --at --all --format --list-objects --places --json --convert-fields --output --office= --exit-status --version --help'
     local documents='docx|docm|doc|dotx|dotm|dot|pdf|htm|html|rtf|txt|xml|odt|ott|fodt'
-    local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|xml|csv|txt|prn|dif|slk|ots|fods'
+    local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|xml|csv|txt|prn|dif|slk|wk1|ots|fods'
     COMPREPLY=()
 
     # bash takes "--office=name" apart into three words.

@@ -17,6 +17,8 @@ constexpr auto kSince2007 = SavedBy::VersionsSince2007;
 constexpr auto kExchange = SavedBy::VersionsThatExchange;
 
 constexpr OfficeFilter kFoundOut{};
+constexpr auto kMarked = Places::Kept;
+constexpr auto kPlain = Places::Lost;
 constexpr auto kNone = std::nullopt;
 
 constexpr OfficeFilter filter(std::string_view name, std::string_view options = {}) {
@@ -59,49 +61,54 @@ constexpr OpenPackagingKind kXltm{"application/vnd.ms-excel.template.macroEnable
 constexpr FileFormat kExcelFormats[] = {
     // What Excel makes by itself, with and without macros, and what "xls" has meant since 97; then the
     // templates of these.
-    {51, "Excel Workbook", "xlsx", kDocument, kOffered, kSince2007, kXlsx, filter("Calc MS Excel 2007 XML"),
-     kFoundOut},
-    {52, "Excel Macro-Enabled Workbook", "xlsm", kDocument, kOffered, kSince2007, kXlsm,
+    {51, "Excel Workbook", "xlsx", kDocument, kOffered, kSince2007, kMarked, kXlsx,
+     filter("Calc MS Excel 2007 XML"), kFoundOut},
+    {52, "Excel Macro-Enabled Workbook", "xlsm", kDocument, kOffered, kSince2007, kMarked, kXlsm,
      filter("Calc MS Excel 2007 VBA XML"), kFoundOut},
-    {56, "Excel 97-2003 Workbook", "xls", kDocument, kOffered, kSince2007, kNone, filter(kExcel97),
+    {56, "Excel 97-2003 Workbook", "xls", kDocument, kOffered, kSince2007, kMarked, kNone, filter(kExcel97),
      kFoundOut},
-    {54, "Excel Template", "xltx", kTemplate, kOffered, kSince2007, kXltx,
+    {54, "Excel Template", "xltx", kTemplate, kOffered, kSince2007, kMarked, kXltx,
      filter("Calc MS Excel 2007 XML Template"), kFoundOut},
-    {53, "Excel Template Macro Enabled", "xltm", kTemplate, kOffered, kSince2007, kXltm, kNone, kFoundOut},
-    {17, "Excel 97 - 2003 Template", "xlt", kTemplate, kOffered, kEveryVersion, kNone,
+    {53, "Excel Template Macro Enabled", "xltm", kTemplate, kOffered, kSince2007, kMarked, kXltm, kNone,
+     kFoundOut},
+    {17, "Excel 97 - 2003 Template", "xlt", kTemplate, kOffered, kEveryVersion, kMarked, kNone,
      filter("MS Excel 97 Vorlage/Template"), kFoundOut},
     // It keeps everything, but few programs read it.
-    {50, "Excel Binary Workbook", "xlsb", kDocument, kOffered, kSince2007, kNone, kNone, kFoundOut},
+    {50, "Excel Binary Workbook", "xlsb", kDocument, kOffered, kSince2007, kMarked, kNone, kNone, kFoundOut},
     // What other office programs read.
-    {60, "OpenDocument Spreadsheet", "ods", kDocument, kOffered, kExchange, kNone, filter("calc8"),
+    {60, "OpenDocument Spreadsheet", "ods", kDocument, kOffered, kExchange, kMarked, kNone, filter("calc8"),
      kFoundOut},
     // All sheets in one file of a browser, the same beside a folder, and the cells of all sheets.
     {45, "Single File Web Page", "mht", kDocument, kOffered, kSince2002},
-    {44, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kNone, filter("HTML (StarCalc)"),
+    {44, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter("HTML (StarCalc)"),
      filter(kHtmlQuery, kPlainCells)},
-    {46, "XML Spreadsheet 2003", "xml", kDocument, kOffered, kSince2002, kNone, kNone, kFoundOut},
+    {46, "XML Spreadsheet 2003", "xml", kDocument, kOffered, kSince2002, kPlain, kNone, kNone, kFoundOut},
     // The plain list of other programs; then the texts, first the one in which no letter is lost.
-    {6, "CSV (Comma delimited)", "csv", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kCommaUtf8),
-     filter(kText, "44,34,76,1")},
-    {42, "Unicode Text", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kTabUtf16)},
-    {-4158, "Current Platform Text", "txt", kDocument, kOffered, kEveryVersion, kNone,
+    {6, "CSV (Comma delimited)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kText, kCommaUtf8), filter(kText, "44,34,76,1")},
+    {42, "Unicode Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, kTabUtf16)},
+    {-4158, "Current Platform Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
      filter(kText, kTabUtf8), filter(kText, "9,34,76,1")},
     // For printing; then values alone, and with formulas, for old programs.
-    {36, "Formatted Text (Space delimited)", "prn", kDocument, kOffered, kEveryVersion, kNone,
+    {36, "Formatted Text (Space delimited)", "prn", kDocument, kOffered, kEveryVersion, kPlain, kNone,
      filter(kText, kColumnsUtf8)},
-    {9, "DIF (Data Interchange Format)", "dif", kDocument, kOffered, kEveryVersion, kNone, filter("DIF"),
-     filter("DIF", kUtf8)},
-    {2, "SYLK (Symbolic Link)", "slk", kDocument, kOffered, kEveryVersion, kNone, filter("SYLK"), kFoundOut},
+    {9, "DIF (Data Interchange Format)", "dif", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter("DIF"), filter("DIF", kUtf8)},
+    {2, "SYLK (Symbolic Link)", "slk", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter("SYLK"),
+     kFoundOut},
     // After 56, whose extension it shares.
     {39, "Microsoft Excel 5.0/95 Workbook", "xls", kDocument, kOffered, kEveryVersion},
     // The encodings of systems that are gone.
-    {24, "CSV (MS-DOS)", "csv", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kCommaDos)},
-    {22, "CSV (Macintosh)", "csv", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kCommaMacintosh)},
-    {21, "Text (MS-DOS)", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kTabDos)},
-    {19, "Text (Macintosh)", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, kTabMacintosh)},
-    {-4143, "", "xls", kDocument, kHidden, kEveryVersion, kNone, filter(kExcel97)},
+    {24, "CSV (MS-DOS)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, kCommaDos)},
+    {22, "CSV (Macintosh)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kText, kCommaMacintosh)},
+    {21, "Text (MS-DOS)", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, kTabDos)},
+    {19, "Text (Macintosh)", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kText, kTabMacintosh)},
+    {-4143, "", "xls", kDocument, kHidden, kEveryVersion, kMarked, kNone, filter(kExcel97)},
     {4, "", "wks"},
-    {5, "", "wk1"},
+    // Worksheets of Lotus 1-2-3.
+    {5, "", "wk1", kDocument, kHidden, kNoVersion, kPlain, kNone, kNone, kFoundOut},
     {7, "", "dbf"},
     {8, "", "dbf"},
     {11, "", "dbf"},
@@ -109,8 +116,8 @@ constexpr FileFormat kExcelFormats[] = {
     {15, "", "wk3"},
     {16, "", "xls"},
     {18, "", "xls", kAddIn},
-    {20, "", "txt", kDocument, kHidden, kNoVersion, kNone, filter(kText, kTabWindows)},
-    {23, "", "csv", kDocument, kHidden, kNoVersion, kNone, filter(kText, kCommaWindows)},
+    {20, "", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, kTabWindows)},
+    {23, "", "csv", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, kCommaWindows)},
     {25, "", ""},
     {26, "", "", kAddIn},
     {27, "", "xls"},
@@ -125,12 +132,12 @@ constexpr FileFormat kExcelFormats[] = {
     {38, "", "wk4"},
     {40, "", "wj3"},
     {41, "", "wj3"},
-    {43, "", "xls", kDocument, kHidden, kBefore2007, kNone, filter(kExcel97)},
+    {43, "", "xls", kDocument, kHidden, kBefore2007, kMarked, kNone, filter(kExcel97)},
     {55, "", "xlam", kAddIn},
-    {kOpenedOnly, "OpenDocument Spreadsheet Template", "ots", kTemplate, kHidden, kNoVersion, kNone, kNone,
-     kFoundOut},
-    {kOpenedOnly, "Flat OpenDocument Spreadsheet", "fods", kDocument, kHidden, kNoVersion, kNone, kNone,
-     kFoundOut},
+    {kOpenedOnly, "OpenDocument Spreadsheet Template", "ots", kTemplate, kHidden, kNoVersion, kMarked, kNone,
+     kNone, kFoundOut},
+    {kOpenedOnly, "Flat OpenDocument Spreadsheet", "fods", kDocument, kHidden, kNoVersion, kMarked, kNone,
+     kNone, kFoundOut},
 };
 
 }  // namespace

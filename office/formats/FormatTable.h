@@ -27,6 +27,9 @@ enum class SavedBy {
     VersionsThatExchange,
 };
 
+/// What becomes of the named places when a file is written in a format.
+enum class Places { Lost, Kept };
+
 enum class Macros { Refused, Kept };
 
 /// What the embedded engine needs to know of a format that it reads and writes.
@@ -58,6 +61,7 @@ struct FileFormat {
     OfficeDocumentType type = OfficeDocumentType::Document;
     InDialogs dialogs = InDialogs::Hidden;
     SavedBy savedBy = SavedBy::NoVersion;
+    Places places = Places::Lost;
     std::optional<OpenPackagingKind> engine = {};  ///< none where the engine does not know the format
     std::optional<OfficeFilter> saving = {};       ///< LibreOffice's way to write it; none where it has none
     std::optional<OfficeFilter> opening = {};      ///< LibreOffice's way to read it; none where it has none

@@ -15,6 +15,8 @@ constexpr auto kSince2007 = SavedBy::VersionsSince2007;
 constexpr auto kExchange = SavedBy::VersionsThatExchange;
 
 constexpr OfficeFilter kFoundOut{};
+constexpr auto kMarked = Places::Kept;
+constexpr auto kPlain = Places::Lost;
 constexpr auto kNone = std::nullopt;
 
 constexpr OfficeFilter filter(std::string_view name, std::string_view options = {}) {
@@ -35,42 +37,48 @@ constexpr OpenPackagingKind kDotm{"application/vnd.ms-word.template.macroEnabled
 /// LibreOffice has no filter that writes a single file web page (9), a template with macros (15), XPS (18) or
 /// the flat forms of Open Packaging (19 to 22).
 constexpr FileFormat kWordFormats[] = {
-    {12, "Word Document", "docx", kDocument, kOffered, kSince2007, kDocx, filter("MS Word 2007 XML"),
+    {12, "Word Document", "docx", kDocument, kOffered, kSince2007, kMarked, kDocx, filter("MS Word 2007 XML"),
      kFoundOut},
-    {13, "Word Macro-Enabled Document", "docm", kDocument, kOffered, kSince2007, kDocm,
+    {13, "Word Macro-Enabled Document", "docm", kDocument, kOffered, kSince2007, kMarked, kDocm,
      filter("MS Word 2007 XML VBA"), kFoundOut},
-    {0, "Word 97-2003 Document", "doc", kDocument, kOffered, kEveryVersion, kNone, filter("MS Word 97"),
+    {0, "Word 97-2003 Document", "doc", kDocument, kOffered, kEveryVersion, kMarked, kNone,
+     filter("MS Word 97"), kFoundOut},
+    {14, "XML Template", "dotx", kTemplate, kOffered, kSince2007, kMarked, kDotx,
+     filter("MS Word 2007 XML Template"), kFoundOut},
+    {15, "XML Template Macro Enabled", "dotm", kTemplate, kOffered, kSince2007, kMarked, kDotm, kNone,
      kFoundOut},
-    {14, "XML Template", "dotx", kTemplate, kOffered, kSince2007, kDotx, filter("MS Word 2007 XML Template"),
-     kFoundOut},
-    {15, "XML Template Macro Enabled", "dotm", kTemplate, kOffered, kSince2007, kDotm, kNone, kFoundOut},
-    {1, "Word Template", "dot", kTemplate, kOffered, kEveryVersion, kNone, filter("MS Word 97 Vorlage"),
-     kFoundOut},
-    {17, "PDF", "pdf", kDocument, kOffered, kExchange, kNone, filter("writer_pdf_Export")},
+    {1, "Word Template", "dot", kTemplate, kOffered, kEveryVersion, kMarked, kNone,
+     filter("MS Word 97 Vorlage"), kFoundOut},
+    {17, "PDF", "pdf", kDocument, kOffered, kExchange, kPlain, kNone, filter("writer_pdf_Export")},
     {18, "XPS Document", "xps", kDocument, kOffered, kExchange},
     {9, "Single File Web Page", "mht", kDocument, kOffered},
-    {8, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kNone, filter(kHtml, "EmbedImages"),
+    {8, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kHtml, "EmbedImages"),
      filter(kHtml)},
-    {10, "Web Page, Filtered", "htm", kDocument, kOffered, kNoVersion, kNone, filter(kHtml, "EmbedImages")},
-    {6, "Rich Text Format", "rtf", kDocument, kOffered, kEveryVersion, kNone, filter("Rich Text Format"),
-     kFoundOut},
-    {2, "Plain Text", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, "UTF8,LF"),
+    {10, "Web Page, Filtered", "htm", kDocument, kOffered, kNoVersion, kPlain, kNone,
+     filter(kHtml, "EmbedImages")},
+    {6, "Rich Text Format", "rtf", kDocument, kOffered, kEveryVersion, kMarked, kNone,
+     filter("Rich Text Format"), kFoundOut},
+    {2, "Plain Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, "UTF8,LF"),
      filter("Text")},
-    {3, "Text Line Breaks", "txt", kDocument, kOffered, kEveryVersion, kNone, filter(kText, "UTF8,LF")},
+    {3, "Text Line Breaks", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kText, "UTF8,LF")},
     {19, "Word XML Document", "xml", kDocument, kOffered, kExchange},
-    {11, "Word 2003 XML Document", "xml", kDocument, kOffered, kSince2003, kNone, filter("MS Word 2003 XML"),
+    {11, "Word 2003 XML Document", "xml", kDocument, kOffered, kSince2003, kMarked, kNone,
+     filter("MS Word 2003 XML"), kFoundOut},
+    {23, "OpenDocument Text", "odt", kDocument, kOffered, kExchange, kMarked, kNone, filter("writer8"),
      kFoundOut},
-    {23, "OpenDocument Text", "odt", kDocument, kOffered, kExchange, kNone, filter("writer8"), kFoundOut},
-    {4, "DOS Text", "txt", kDocument, kHidden, kNoVersion, kNone, filter(kText, "IBM_850,CRLF")},
-    {5, "DOS Text Line Breaks", "txt", kDocument, kHidden, kNoVersion, kNone, filter(kText, "IBM_850,CRLF")},
-    {7, "Unicode Text", "txt", kDocument, kHidden, kNoVersion, kNone, filter(kText, "UCS2,CRLF")},
+    {4, "DOS Text", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, "IBM_850,CRLF")},
+    {5, "DOS Text Line Breaks", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone,
+     filter(kText, "IBM_850,CRLF")},
+    {7, "Unicode Text", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, "UCS2,CRLF")},
     {16, "Document Default", "", kDocument, kHidden, kSince2007},
     {20, "Word XML Document Macro Enabled", "", kDocument, kHidden, kExchange},
     {21, "Word XML Template", "", kTemplate},
     {22, "Word XML Template Macro Enabled", "", kTemplate},
-    {kOpenedOnly, "OpenDocument Text Template", "ott", kTemplate, kHidden, kNoVersion, kNone, kNone,
+    {kOpenedOnly, "OpenDocument Text Template", "ott", kTemplate, kHidden, kNoVersion, kMarked, kNone, kNone,
      kFoundOut},
-    {kOpenedOnly, "Flat OpenDocument Text", "fodt", kDocument, kHidden, kNoVersion, kNone, kNone, kFoundOut},
+    {kOpenedOnly, "Flat OpenDocument Text", "fodt", kDocument, kHidden, kNoVersion, kMarked, kNone, kNone,
+     kFoundOut},
 };
 
 }  // namespace

@@ -7,6 +7,7 @@ MERGELOOM names the program.
 """
 import os
 import re
+import struct
 import subprocess
 import tempfile
 import unittest
@@ -39,6 +40,12 @@ SPREADSHEET_2003 = """<?xml version="1.0"?><?mso-application progid="Excel.Sheet
 <Workbook xmlns="urn:schemas-microsoft-com:office:spreadsheet"
     xmlns:ss="urn:schemas-microsoft-com:office:spreadsheet"><Worksheet ss:Name="Data"><Table><Row ss:Index="5"><Cell>
 <Data ss:Type="String">Dear</Data></Cell></Row></Table></Worksheet></Workbook>"""
+
+
+def lotus_worksheet(text):
+    """A worksheet of Lotus 1-2-3 (WK1) with a text in its fifth row: the records begin, label and end."""
+    label = struct.pack("<BHH", 0xFF, 0, 4) + b"'" + text.encode("ascii") + b"\0"
+    return struct.pack("<HHH", 0, 2, 0x0406) + struct.pack("<HH", 15, len(label)) + label + struct.pack("<HH", 1, 0)
 
 
 def without_office():
@@ -158,11 +165,12 @@ class Formats(unittest.TestCase):
         (self.folder / "given.txt").write_text("Dear", encoding="utf-8")
         (self.folder / "book.csv").write_text("\n\n\n\nDear\n", encoding="utf-8")
         (self.folder / "book.xml").write_text(SPREADSHEET_2003, encoding="utf-8")
+        (self.folder / "old.wk1").write_bytes(lotus_worksheet("Dear"))
         [ott] = self.by_libreoffice([self.folder / "given.txt"], "ott").values()
         [ots] = self.by_libreoffice([self.folder / "book.csv"], "ots").values()
         [made] = self.chain([], [".docx"], ott)
         self.assertEqual(read_docx.read_paragraphs(made)[:3], [*LINES, "Dear"])
-        for source in (ots, self.folder / "book.xml"):
+        for source in (ots, self.folder / "book.xml", self.folder / "old.wk1"):
             [made] = self.chain(["-excel"], [".xlsx"], source)
             rows = read_xlsx.read_texts(made)
             self.assertEqual((rows[:2], rows[4][0]), (CELLS, "Dear"), source)

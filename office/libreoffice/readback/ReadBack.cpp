@@ -1,20 +1,19 @@
 #include "office/libreoffice/readback/ReadBack.h"
 
+#include "office/formats/FormatTable.h"
 #include "office/libreoffice/readback/OpenDocumentDigest.h"
 #include "office/libreoffice/readback/WordPackageDigest.h"
 #include "office/model/DifferingCopy.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Of the formats besides Open Packaging those that hold texts and places both: Word's of 97, rich text, the
-/// XML of 2003, OpenDocument; Excel's of 2007 and of 97, OpenDocument.
-constexpr int kWordFormats[] = {0, 1, 6, 11, 23};
-constexpr int kExcelFormats[] = {-4143, 17, 43, 51, 52, 54, 56, 60};
+/// Formats that lose the places hold less of the texts, too, so there is nothing to compare exactly.
+bool isCompared(DocumentFamily family, int number) {
+    const FileFormat* const format = findFormat(family, number);
+    return format != nullptr && format->places == Places::Kept;
+}
 
 bool isOpenPackaging(word::WdSaveFormat format) {
     return format >= word::WdSaveFormat::wdFormatXMLDocument &&
@@ -54,7 +53,7 @@ void checkWritten(LibreOfficeSession& session, const DocumentReference& document
     if (isOpenPackaging(format)) {
         refuseDifference(digestOfDocument(session, document, part), digestOfWordPackage(bytes, path), path,
                          bytes);
-    } else if (std::ranges::find(kWordFormats, static_cast<int>(format)) != std::end(kWordFormats)) {
+    } else if (isCompared(DocumentFamily::Word, static_cast<int>(format))) {
         refuseDifference(digestOfDocument(session, document, part), digestOfBytes(session, path, bytes, part),
                          path, bytes);
     }
@@ -62,7 +61,7 @@ void checkWritten(LibreOfficeSession& session, const DocumentReference& document
 
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   excel::XlFileFormat format, const std::string& bytes) {
-    if (std::ranges::find(kExcelFormats, static_cast<int>(format)) == std::end(kExcelFormats)) return;
+    if (!isCompared(DocumentFamily::Excel, static_cast<int>(format))) return;
     const OfficePart part = OfficePart::Excel;
     refuseDifference(digestOfDocument(session, document, part), digestOfBytes(session, path, bytes, part),
                      path, bytes);
