@@ -21,6 +21,7 @@
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -35,7 +36,8 @@ constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
-/// Returns the part of an office that a file belongs to; the given one when both know its extension, or neither does.
+/// Returns the part of an office that a file belongs to; the given one when both know its extension, or
+/// neither does.
 HostedPart partOf(const std::string& path, HostedPart shown) {
     const std::optional<DocumentFamily> family = familyOf(toLowerAscii(extension(path)));
     if (!family) return shown;

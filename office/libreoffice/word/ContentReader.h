@@ -1,8 +1,8 @@
 #pragma once
 
+#include "office/libreoffice/readback/StoredContent.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/word/MarkTable.h"
-#include "office/libreoffice/readback/StoredContent.h"
 #include "office/libreoffice/word/WriterModel.h"
 #include "office/libreoffice/word/WriterStory.h"
 
