@@ -15,6 +15,8 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402  (the version comes first)
 
 SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 960
+# AT-SPI's own word for a button, which is another one since its release 2.56.
+BUTTON = Atspi.role_get_name(Atspi.Role.PUSH_BUTTON)
 PATIENCE = 60  # seconds; only a program that hangs takes so long
 
 
@@ -165,7 +167,7 @@ class Designer:
     def press(self, name, within=None):
         """Presses a button with the mouse."""
         place = within or self.application
-        click(middle(wait_for(f"the button {name}", lambda: next(iter(find(place, "push button", name)), None))))
+        click(middle(wait_for(f"the button {name}", lambda: next(iter(find(place, BUTTON, name)), None))))
 
     def texts_of(self, box):
         return " ".join(label.get_name() for label in find(box, "label"))

@@ -18,7 +18,9 @@ from lxml import etree
 
 import read_docx
 import read_xlsx
-from designer_window import PATIENCE, Designer, Screen, click, drag, find, key, middle, screenshot, type_text, wait_for
+from designer_window import (
+    BUTTON, PATIENCE, Designer, Screen, click, drag, find, key, middle, screenshot, type_text, wait_for,
+)
 
 PROGRAM = Path(os.environ["MERGELOOM"])
 DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
@@ -211,7 +213,7 @@ class InWord(DesignerTest):
         path = self.save_as("safe.docx")
         before = path.read_bytes()
         os.kill(designer.office_process(), signal.SIGKILL)
-        designer.element("push button", "Start again")
+        designer.element(BUTTON, "Start again")
         self.picture("ended")
         self.assertEqual(path.read_bytes(), before)
         designer.press("Start again")
@@ -276,7 +278,7 @@ class MappingFirst(DesignerTest):
             if not self.designer.has_dialog():
                 return None
             box = self.designer.dialog()
-            return sentence in self.designer.texts_of(box) and next(iter(find(box, "push button", "OK")), None)
+            return sentence in self.designer.texts_of(box) and next(iter(find(box, BUTTON, "OK")), None)
         except GLib.Error:
             return None
 
