@@ -132,7 +132,15 @@ class CellReader {
         for (const pugi::xml_node name :
              parent.child("table:named-expressions").children("table:named-range"))
             digest_.places[name.attribute("table:name").value()] =
-                name.attribute("table:cell-range-address").value();
+                cellsUnder(name.attribute("table:cell-range-address").value());
+    }
+    /// Returns the address with a single cell as such: 25.2 has names of its own for what it reads from HTML,
+    /// which it stores as ranges from a cell to the same cell, "$Sheet.$A$1:.$A$1", and reads again as cells.
+    static std::string cellsUnder(const std::string& address) {
+        const std::size_t range = address.rfind(":.");
+        if (range == std::string::npos) return address;
+        const std::string first = address.substr(0, range);
+        return first.ends_with(address.substr(range + 1)) ? first : address;
     }
     void readRows(const pugi::xml_node& parent) {
         for (const pugi::xml_node child : parent.children()) {
