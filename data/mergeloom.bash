@@ -4,8 +4,8 @@ _mergeloom() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
     local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
     local options='--object --at --all --format --list-objects --places --json --convert-fields --output --office= --exit-status --version --help'
-    local documents='docx|docm|doc|dotx|dotm|dot|pdf|htm|html|rtf|txt|xml|odt|ott|fodt'
-    local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|xml|csv|txt|prn|dif|slk|wk1|ots|fods'
+    local documents='docx|docm|doc|dotx|dotm|dot|pdf|htm|html|rtf|txt|odt|ott|fodt'
+    local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|csv|txt|prn|dif|slk|wk1|ots|fods'
     COMPREPLY=()
 
     # bash takes "--office=name" apart into three words.

@@ -83,8 +83,9 @@ TEST(FormatDocuments, ReadmeListsTheTable) {
 TEST(FormatDocuments, CompletionKnowsEveryFileThatCanBeOpenedOrSaved) {
     const std::string completion = contentOf("data/mergeloom.bash");
     for (const auto& [family, variable] : {std::pair{kWord, "documents"}, std::pair{kExcel, "workbooks"}}) {
+        // Most files called xml are structure documents.
         const auto isUsed = [&](const FileFormat& format) {
-            return isOpened(family, format) || isSaved(family, format);
+            return format.extension != "xml" && (isOpened(family, format) || isSaved(family, format));
         };
         EXPECT_THAT(completion, HasSubstr("local " + std::string(variable) + "='" +
                                           joined(extensions(family, isUsed), "|") + "'\n"));
