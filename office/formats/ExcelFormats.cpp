@@ -107,8 +107,8 @@ constexpr FileFormat kExcelFormats[] = {
      filter(kText, kTabMacintosh)},
     {-4143, "", "xls", kDocument, kHidden, kEveryVersion, kMarked, kNone, filter(kExcel97)},
     {4, "", "wks"},
-    // Worksheets of Lotus 1-2-3.
-    {5, "", "wk1", kDocument, kHidden, kNoVersion, kPlain, kNone, kNone, kFoundOut},
+    // Worksheets of Lotus 1-2-3, written under DOS; without the encoding LibreOffice would ask for it.
+    {5, "", "wk1", kDocument, kHidden, kNoVersion, kPlain, kNone, kNone, filter("Lotus", "4")},
     {7, "", "dbf"},
     {8, "", "dbf"},
     {11, "", "dbf"},
