@@ -78,7 +78,7 @@ class CAutoMapping {
     void makeDocument(MappingOffice& office);
     void openLabelDocument(MappingOffice& office);
 
-    /// What a drop reports to.
+    /// The ports that a drop reports to.
     struct DropPorts {
         ErrorHandler& errors;
         Messages& messages;

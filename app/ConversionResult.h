@@ -17,7 +17,7 @@ struct LeftField {
     WhyLeft why = WhyLeft::NotConverted;
 };
 
-/// What a conversion did.
+/// The outcome of a conversion.
 struct ConversionResult {
     int fields = 0;  ///< fields that became one or more texts with a bookmark around each
     int places = 0;  ///< those texts

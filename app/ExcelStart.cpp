@@ -17,7 +17,7 @@ namespace mergeloom {
 
 namespace {
 
-/// What Excel raises where there is nothing of that name.
+/// Returns true for the errors that Excel raises where nothing has that name.
 bool saysNothingThere(const AutomationError& error) {
     return error.number() == kApplicationDefined || error.number() == kSubscriptOutOfRange;
 }

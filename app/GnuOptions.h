@@ -13,7 +13,7 @@ inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
 enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, ShowHelp, ShowVersion };
 enum class OfficeChoice { Embedded, LibreOffice };
-/// How a list is written.
+/// The form in which a list is written.
 enum class ListFormat { Text, Json };
 /// Whether the program's exit status tells that a mapping failed; without that it stays 0.
 enum class ExitStatus { AlwaysZero, TellsFailure };

@@ -14,7 +14,7 @@ bool listsFields(const std::string& fieldList);
 /// Whether a list holds anything but separators and blanks.
 bool namesFields(const std::string& fieldList);
 
-/// What a list of fields names.
+/// The fields that a list names.
 struct NamedFields {
     FieldKeys keys;                      ///< of the fields in the tree, in the list's order
     std::vector<std::string> unmatched;  ///< the names that no field has

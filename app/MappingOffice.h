@@ -56,7 +56,7 @@ class MappingOffice {
     /// MappingRefusal when there is no such place.
     virtual void beginAt(const std::string& place) = 0;
 
-    /// Whether forms and tables can be dropped where the mapping begins.
+    /// Returns true when forms and tables can be dropped where the mapping begins.
     [[nodiscard]] virtual bool takesDrops() = 0;
     /// Whether something was dropped.
     virtual bool drop(CNodeDropper& dropper, const MappedObject& object) = 0;
