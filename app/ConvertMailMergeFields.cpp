@@ -60,7 +60,7 @@ bool canBecomeText(word::Field& field) {
     return isThere(field) && !field.isInCode();
 }
 
-/// None where the office does not keep the code: nobody knows what such a field stands for, so it stays.
+/// Returns none where the office does not keep the code: nobody knows what the field means, so it stays.
 std::optional<std::vector<std::string>> namesOf(word::Field& field, std::size_t ownPiece) {
     try {
         return dataNames(field, ownPiece);

@@ -27,7 +27,7 @@ enum class SavedBy {
     VersionsThatExchange,
 };
 
-/// What becomes of the named places when a file is written in a format.
+/// The fate of the named places when a file is written in a format.
 enum class Places { Lost, Kept };
 
 enum class Macros { Refused, Kept };
