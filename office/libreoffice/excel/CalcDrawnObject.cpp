@@ -150,7 +150,10 @@ void CalcDrawnObject::setPlace(const css::awt::Point& wanted) const {
     static_cast<void>(changedEntry());
     const css::awt::Point former = place();
     moveTo(wanted);
-    content_->undo().keep([object = *this, former] { object.moveTo(former); });
+    // The content owns the step, so the step must not own the content.
+    content_->undo().keep([content = std::weak_ptr(content_), sheet = sheet_, entry = entry_, former] {
+        if (const CalcContentPtr owner = content.lock()) CalcDrawnObject(owner, sheet, entry).moveTo(former);
+    });
 }
 
 /// A shape moves with the cell to which it was tied, not with the one to which it was moved.

@@ -21,10 +21,15 @@ class CurrentStore final : public FileStore {
 CurrentStore currentStore;
 std::shared_ptr<libreoffice::LibreOfficeSession> office;
 
-/// Ends the office before the program's end, where nothing that it needs is left.
+/// Ends the office before the program's end, where nothing that it needs is left. Whoever still held it there would
+/// call an office through libraries that are being unloaded.
 class OfficeEnd final : public testing::Environment {
   public:
-    void TearDown() override { office.reset(); }
+    void TearDown() override {
+        const std::weak_ptr<libreoffice::LibreOfficeSession> ended = office;
+        office.reset();
+        EXPECT_TRUE(ended.expired()) << "A test, or what it tested, kept the office.";
+    }
 };
 
 const testing::Environment* const kEnd = testing::AddGlobalTestEnvironment(new OfficeEnd);
