@@ -21,8 +21,8 @@ class CurrentStore final : public FileStore {
 CurrentStore currentStore;
 std::shared_ptr<libreoffice::LibreOfficeSession> office;
 
-/// Ends the office before the program's end, where nothing that it needs is left. Whoever still held it there would
-/// call an office through libraries that are being unloaded.
+/// Ends the office before the program's end, where nothing that it needs is left. Whoever still held it there
+/// would call an office through libraries that are being unloaded.
 class OfficeEnd final : public testing::Environment {
   public:
     void TearDown() override {
