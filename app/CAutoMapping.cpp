@@ -15,7 +15,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "CAutoMapping";
+constexpr const char* kMappingModule = "CAutoMapping";
 constexpr const char* kExecute = "Execute";
 constexpr const char* kOtherStart =
     "The document begins with a table, a field or a place, where nothing can be inserted. Option '--at end' "
@@ -58,9 +58,10 @@ bool CAutoMapping::trapped(const std::function<bool()>& body) {
     } catch (const AutomationError& error) {
         if (isMappingError(error.number())) throw;
         errors_.report(
-            {error.number(), error.description(), {}, kModule, kExecute, shownPlace(error.place())});
+            {error.number(), error.description(), {}, kMappingModule, kExecute, shownPlace(error.place())});
     } catch (const std::exception& error) {
-        errors_.report({0, error.what(), {}, kModule, kExecute, shownPlace(std::source_location::current())});
+        errors_.report(
+            {0, error.what(), {}, kMappingModule, kExecute, shownPlace(std::source_location::current())});
     }
     return false;
 }

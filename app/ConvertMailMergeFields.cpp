@@ -23,7 +23,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "ConvertMailMergeFields";
+constexpr const char* kConversionModule = "ConvertMailMergeFields";
 
 // Which piece of a field's code names the data, counted from 0.
 constexpr std::size_t kNameInQuote = 1;
@@ -249,7 +249,7 @@ void ConvertMailMergeFields::ReleaseTemplate() {
 template <typename Body>
 void ConvertMailMergeFields::trapPass(const char* procedure, const Body& body) {
     bool done = false;
-    trap(errors_, kModule, procedure, [&] {
+    trap(errors_, kConversionModule, procedure, [&] {
         body();
         done = true;
     });

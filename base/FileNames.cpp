@@ -10,7 +10,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr std::string_view kReplacement = "_";
+constexpr std::string_view kReplacementText = "_";
 constexpr std::string_view kRefusedByWindows = R"(<>:"/\|?*)";
 /// What is longer behind a "." is part of the name.
 constexpr std::size_t kLongestExtension = 32;
@@ -27,7 +27,7 @@ std::string withoutRefused(std::string_view name) {
     while (!name.empty()) {
         const char32_t letter = takeCodePoint(name);
         if (isRefused(letter)) {
-            result += kReplacement;
+            result += kReplacementText;
         } else {
             appendCodePoint(result, letter);
         }
@@ -83,10 +83,10 @@ std::string validFileName(const std::string& name, std::size_t longest) {
     std::string result = withoutRefused(name);
     trimEnd(result);
     const std::string stem = result.substr(0, result.find('.'));
-    if (isReserved(stem)) result.insert(stem.size(), kReplacement);
+    if (isReserved(stem)) result.insert(stem.size(), kReplacementText);
     result = shortened(result, longest);
     trimEnd(result);
-    return result.empty() ? std::string(kReplacement) : result;
+    return result.empty() ? std::string(kReplacementText) : result;
 }
 
 }  // namespace mergeloom

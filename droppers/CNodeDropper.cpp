@@ -16,7 +16,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "CNodeDropper";
+constexpr const char* kDropperModule = "CNodeDropper";
 
 std::string nameOf(const XmlNode& element) {
     return GetAttributeValue(element, Attribute::Name);
@@ -75,7 +75,7 @@ bool CNodeDropper::dropInto(const DocumentPtr& document, const TreeNode& node,
     DropContext context{reports,  xmlNodes,     findPicture_,     progress_,
                         settings, fieldDialog_, Routes::kNameRule};
     Routes routes{context, document};
-    const bool dropped = dropAsOneStep(reports, {kModule, "NodeDrop"}, document, node.Text(), [&] {
+    const bool dropped = dropAsOneStep(reports, {kDropperModule, "NodeDrop"}, document, node.Text(), [&] {
         return dropNode({context, node, routes});
     });
     nothingDropped_ = context.nothingDropped;
@@ -84,7 +84,7 @@ bool CNodeDropper::dropInto(const DocumentPtr& document, const TreeNode& node,
 
 bool CNodeDropper::SpecialDrop(DropKind item, const word::DocumentPtr& robjDocument) {
     DropReports reports{errors_, messages_};
-    return dropAsOneStep(reports, {kModule, "SpecialDrop"}, robjDocument, DropKindName(item),
+    return dropAsOneStep(reports, {kDropperModule, "SpecialDrop"}, robjDocument, DropKindName(item),
                          [&] { return addSpecialPlace(reports, item, *robjDocument); });
 }
 

@@ -20,7 +20,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "CNodeDropperField";
+constexpr const char* kFieldModule = "CNodeDropperField";
 /// An empty cell's text is the mark of its end.
 constexpr const char* kEmptyCell = "\r\a";
 
@@ -60,7 +60,7 @@ word::CellPtr emptyCellAbove(word::Table& table, word::Range& place) {
 }  // namespace
 
 bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
-    return context_.reports.trap({kModule, "FieldDrop"}, [&] { return drop(arguments, document); });
+    return context_.reports.trap({kFieldModule, "FieldDrop"}, [&] { return drop(arguments, document); });
 }
 
 bool CNodeDropperField::drop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
@@ -136,7 +136,7 @@ bool CNodeDropperField::TableFieldDrop(const FieldDropArguments& arguments,
     if (!takesName(context_, arguments)) return false;
     const word::TablePtr table = selection->Tables()->Item(1);
     if (!isMergeTable(*table)) throw AutomationError(kApplicationError, "Incorrect Word Table.");
-    return context_.reports.trap({kModule, "TableFieldDrop"},
+    return context_.reports.trap({kFieldModule, "TableFieldDrop"},
                                  [&] { return dropIntoTable(arguments, document, *table); });
 }
 

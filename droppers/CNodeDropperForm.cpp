@@ -12,7 +12,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "CNodeDropperForm";
+constexpr const char* kFormModule = "CNodeDropperForm";
 constexpr const char* kRefused = "It is impossible to insert the form into current selection.";
 
 ControlNodes controlsOf(const TreeNode& form, const FieldKeys* keys) {
@@ -23,7 +23,7 @@ ControlNodes controlsOf(const TreeNode& form, const FieldKeys* keys) {
 
 bool CNodeDropperForm::FormDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                                 const std::string& baseName, const FieldKeys* rcolFields) {
-    return context_.reports.trap({kModule, "FormDrop"}, [&] {
+    return context_.reports.trap({kFormModule, "FormDrop"}, [&] {
         if (!robjTVNode.Child()) return false;
         if (!takesCompositeDrop(*robjDocument->Application()->Selection())) {
             return context_.reports.refuse(kRefused);
@@ -36,7 +36,7 @@ bool CNodeDropperForm::FormDrop(const TreeNode& robjTVNode, const word::Document
 int CNodeDropperForm::xlFormDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
                                  const std::string& baseName, const FieldKeys* rcolFields) {
     int rows = 0;
-    context_.reports.trap({kModule, "xlFormDrop"}, [&] {
+    context_.reports.trap({kFormModule, "xlFormDrop"}, [&] {
         if (!robjTVNode.Child()) return false;
         if (robjWorkbook->Application()->Selection()->TypeName() != "Range") {
             return context_.reports.refuse(kRefused);

@@ -23,10 +23,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "CNodeDropperTable";
-constexpr int kCaptionRow = 1;
-constexpr int kFieldRow = 2;
-
 word::CellPtr cellOf(word::Table& table, int row, int column) {
     const word::RowsPtr rows = table.Rows();
     while (rows->Count() < row)
@@ -47,7 +43,7 @@ void finishTable(word::Table& table, word::Selection& selection) {
 
 bool CNodeDropperTable::TableDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                                   const std::string& name, const FieldKeys* fieldKeys) {
-    return context_.reports.trap({kModule, "TableDrop"}, [&] {
+    return context_.reports.trap({kTableModule, "TableDrop"}, [&] {
         if (!robjTVNode.Child()) return false;
         if (!takesCompositeDrop(*robjDocument->Application()->Selection())) {
             return context_.reports.refuse("It is impossible to insert the table into current selection.");
@@ -86,7 +82,7 @@ ControlNodes CNodeDropperTable::columnsOf(const TreeNode& node, const FieldKeys&
 }
 
 void CNodeDropperTable::ShowFields(const TreeNode& node) {
-    context_.reports.trap({kModule, "ShowFields"}, [&] {
+    context_.reports.trap({kTableModule, "ShowFields"}, [&] {
         for (const TreeNode* field : fieldsOf(context_.xmlNodes, node)) {
             mDialogFields.AddItem(field->Text(), field->Index());
             keysByIndex_.emplace(field->Index(), field->Key());
@@ -96,7 +92,7 @@ void CNodeDropperTable::ShowFields(const TreeNode& node) {
 }
 
 void CNodeDropperTable::CollectSelectedFields() {
-    context_.reports.trap({kModule, "CollectSelectedFields"}, [&] {
+    context_.reports.trap({kTableModule, "CollectSelectedFields"}, [&] {
         selectedKeys_.clear();
         for (const FieldSelection::Item& item : mDialogFields.items()) {
             // A node's number and its key differ, since not every node has a key.
@@ -147,7 +143,7 @@ bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& column
 }
 
 bool CNodeDropperTable::FillTable(const Drop& drop, word::Table& table, const ControlNodes& columns) {
-    return context_.reports.trap({kModule, "FillTable"}, [&] {
+    return context_.reports.trap({kTableModule, "FillTable"}, [&] {
         const std::vector<ControlNodes> places =
             placesOfColumns(context_.xmlNodes, columns, fieldsOf(context_.xmlNodes, drop.node));
         const word::CellsPtr captions = table.Rows()->Item(kCaptionRow)->Cells();

@@ -16,6 +16,10 @@
 
 namespace mergeloom {
 
+inline constexpr const char* kTableModule = "CNodeDropperTable";
+inline constexpr int kCaptionRow = 1;
+inline constexpr int kFieldRow = 2;
+
 /// Makes a table of an object's or subform's fields: captions in the first row, places in the second. A
 /// dropper serves one drop.
 class CNodeDropperTable {

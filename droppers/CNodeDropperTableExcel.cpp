@@ -17,10 +17,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "CNodeDropperTable";
-constexpr int kCaptionRow = 1;
-constexpr int kFieldRow = 2;
-
 int rowsFor(const std::vector<ControlNodes>& places) {
     const auto longest = std::ranges::max_element(places, {}, &ControlNodes::size);
     return kCaptionRow + static_cast<int>(longest->size());
@@ -55,7 +51,7 @@ std::string refersTo(excel::Range& block) {
 int CNodeDropperTable::xlTableDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
                                    const std::string& name, const FieldKeys* fieldKeys) {
     int rows = 0;
-    context_.reports.trap({kModule, "xlTableDrop"}, [&] {
+    context_.reports.trap({kTableModule, "xlTableDrop"}, [&] {
         if (!robjTVNode.Child()) return false;
         const excel::RangePtr cell = selectedCell(*robjWorkbook->Application());
         if (!cell) return xlRefuse();
@@ -103,7 +99,7 @@ int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
 
 bool CNodeDropperTable::xlFillTable(const ExcelDrop& drop, excel::Range& block,
                                     const std::vector<ControlNodes>& places) {
-    return context_.reports.trap({kModule, "xlFillTable"}, [&] {
+    return context_.reports.trap({kTableModule, "xlFillTable"}, [&] {
         int column = 1;
         for (const ControlNodes& fields : places) {
             xlFillColumn(drop, block, column, fields);

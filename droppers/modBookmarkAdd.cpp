@@ -13,7 +13,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "modBookmarkAdd";
+constexpr const char* kBookmarkModule = "modBookmarkAdd";
 
 /// The guard characters at the two sides of a new place, empty where no other bookmark touches it.
 struct Guards {
@@ -108,7 +108,7 @@ bool isField(word::Bookmark& bookmark) {
 }
 
 bool ValidateBookmark(DropReports& reports, word::Range& robjRange, TouchingBookmarks& touching) {
-    return reports.trap({kModule, "ValidateBookmark"}, [&] {
+    return reports.trap({kBookmarkModule, "ValidateBookmark"}, [&] {
         if (findTouching(robjRange, touching)) return true;
         return reports.refuse("Do not drop fields on top of existing fields.");
     });
@@ -132,7 +132,7 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
         leaveOut(*added, guards);
         return true;
     };
-    reports.trap({kModule, "rWordBookmarkAdd"}, add, comment);
+    reports.trap({kBookmarkModule, "rWordBookmarkAdd"}, add, comment);
     return added;
 }
 

@@ -1,29 +1,10 @@
-#include "office/formats/FormatTable.h"
+#include "office/formats/FormatColumns.h"
 
 namespace mergeloom {
 
 namespace {
 
-constexpr auto kDocument = OfficeDocumentType::Document;
-constexpr auto kTemplate = OfficeDocumentType::Template;
-constexpr auto kAddIn = OfficeDocumentType::AddIn;
-constexpr auto kOffered = InDialogs::Offered;
-constexpr auto kHidden = InDialogs::Hidden;
-constexpr auto kNoVersion = SavedBy::NoVersion;
-constexpr auto kEveryVersion = SavedBy::EveryVersion;
-constexpr auto kBefore2007 = SavedBy::VersionsBefore2007;
-constexpr auto kSince2002 = SavedBy::VersionsSince2002;
-constexpr auto kSince2007 = SavedBy::VersionsSince2007;
-constexpr auto kExchange = SavedBy::VersionsThatExchange;
-
-constexpr OfficeFilter kFoundOut{};
-constexpr auto kMarked = Places::Kept;
-constexpr auto kPlain = Places::Lost;
-constexpr auto kNone = std::nullopt;
-
-constexpr OfficeFilter filter(std::string_view name, std::string_view options = {}) {
-    return {name, options};
-}
+using namespace columns;
 
 constexpr std::string_view kExcel97 = "MS Excel 97";
 /// The filter that writes web pages does not read them. Its options are the language of numbers (the
@@ -35,7 +16,7 @@ constexpr std::string_view kUtf8 = "76";
 /// Options of a text: separator, quotation mark and encoding as numbers, first line; then what is quoted, and
 /// cells as they show. Separators: 44 comma, 9 tab, FIX columns of fixed width. Encodings: 76 UTF-8, 65535
 /// UTF-16, 1 Windows, 2 Macintosh, 4 DOS.
-constexpr std::string_view kText = "Text - txt - csv (StarCalc)";
+constexpr std::string_view kTextTable = "Text - txt - csv (StarCalc)";
 constexpr std::string_view kCommaUtf8 = "44,34,76,1,,0,false,true,false";
 constexpr std::string_view kCommaWindows = "44,34,1,1,,0,false,true,false";
 constexpr std::string_view kCommaMacintosh = "44,34,2,1,,0,false,true,false";
@@ -85,13 +66,14 @@ constexpr FileFormat kExcelFormats[] = {
     {46, "XML Spreadsheet 2003", "xml", kDocument, kOffered, kSince2002, kPlain, kNone, kNone, kFoundOut},
     // The plain list of other programs; then the texts, first the one in which no letter is lost.
     {6, "CSV (Comma delimited)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone,
-     filter(kText, kCommaUtf8), filter(kText, "44,34,76,1")},
-    {42, "Unicode Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, kTabUtf16)},
+     filter(kTextTable, kCommaUtf8), filter(kTextTable, "44,34,76,1")},
+    {42, "Unicode Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kTextTable, kTabUtf16)},
     {-4158, "Current Platform Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
-     filter(kText, kTabUtf8), filter(kText, "9,34,76,1")},
+     filter(kTextTable, kTabUtf8), filter(kTextTable, "9,34,76,1")},
     // For printing; then values alone, and with formulas, for old programs.
     {36, "Formatted Text (Space delimited)", "prn", kDocument, kOffered, kEveryVersion, kPlain, kNone,
-     filter(kText, kColumnsUtf8)},
+     filter(kTextTable, kColumnsUtf8)},
     {9, "DIF (Data Interchange Format)", "dif", kDocument, kOffered, kEveryVersion, kPlain, kNone,
      filter("DIF"), filter("DIF", kUtf8)},
     {2, "SYLK (Symbolic Link)", "slk", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter("SYLK"),
@@ -99,12 +81,14 @@ constexpr FileFormat kExcelFormats[] = {
     // After 56, whose extension it shares.
     {39, "Microsoft Excel 5.0/95 Workbook", "xls", kDocument, kOffered, kEveryVersion},
     // The encodings of systems that are gone.
-    {24, "CSV (MS-DOS)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, kCommaDos)},
+    {24, "CSV (MS-DOS)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kTextTable, kCommaDos)},
     {22, "CSV (Macintosh)", "csv", kDocument, kOffered, kEveryVersion, kPlain, kNone,
-     filter(kText, kCommaMacintosh)},
-    {21, "Text (MS-DOS)", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, kTabDos)},
+     filter(kTextTable, kCommaMacintosh)},
+    {21, "Text (MS-DOS)", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kTextTable, kTabDos)},
     {19, "Text (Macintosh)", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
-     filter(kText, kTabMacintosh)},
+     filter(kTextTable, kTabMacintosh)},
     {-4143, "", "xls", kDocument, kHidden, kEveryVersion, kMarked, kNone, filter(kExcel97)},
     {4, "", "wks"},
     // Worksheets of Lotus 1-2-3, written under DOS; without the encoding LibreOffice would ask for it.
@@ -116,8 +100,8 @@ constexpr FileFormat kExcelFormats[] = {
     {15, "", "wk3"},
     {16, "", "xls"},
     {18, "", "xls", kAddIn},
-    {20, "", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, kTabWindows)},
-    {23, "", "csv", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, kCommaWindows)},
+    {20, "", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kTextTable, kTabWindows)},
+    {23, "", "csv", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kTextTable, kCommaWindows)},
     {25, "", ""},
     {26, "", "", kAddIn},
     {27, "", "xls"},

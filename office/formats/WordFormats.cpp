@@ -1,30 +1,13 @@
-#include "office/formats/FormatTable.h"
+#include "office/formats/FormatColumns.h"
 
 namespace mergeloom {
 
 namespace {
 
-constexpr auto kDocument = OfficeDocumentType::Document;
-constexpr auto kTemplate = OfficeDocumentType::Template;
-constexpr auto kOffered = InDialogs::Offered;
-constexpr auto kHidden = InDialogs::Hidden;
-constexpr auto kNoVersion = SavedBy::NoVersion;
-constexpr auto kEveryVersion = SavedBy::EveryVersion;
-constexpr auto kSince2003 = SavedBy::VersionsSince2003;
-constexpr auto kSince2007 = SavedBy::VersionsSince2007;
-constexpr auto kExchange = SavedBy::VersionsThatExchange;
+using namespace columns;
 
-constexpr OfficeFilter kFoundOut{};
-constexpr auto kMarked = Places::Kept;
-constexpr auto kPlain = Places::Lost;
-constexpr auto kNone = std::nullopt;
-
-constexpr OfficeFilter filter(std::string_view name, std::string_view options = {}) {
-    return {name, options};
-}
-
-constexpr std::string_view kText = "Text (encoded)";
-constexpr std::string_view kHtml = "HTML (StarWriter)";
+constexpr std::string_view kTextFilter = "Text (encoded)";
+constexpr std::string_view kHtmlFilter = "HTML (StarWriter)";
 
 constexpr OpenPackagingKind kDocx{
     "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml"};
@@ -52,25 +35,27 @@ constexpr FileFormat kWordFormats[] = {
     {17, "PDF", "pdf", kDocument, kOffered, kExchange, kPlain, kNone, filter("writer_pdf_Export")},
     {18, "XPS Document", "xps", kDocument, kOffered, kExchange},
     {9, "Single File Web Page", "mht", kDocument, kOffered},
-    {8, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kHtml, "EmbedImages"),
-     filter(kHtml)},
+    {8, "Web Page", "htm", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kHtmlFilter, "EmbedImages"), filter(kHtmlFilter)},
     {10, "Web Page, Filtered", "htm", kDocument, kOffered, kNoVersion, kPlain, kNone,
-     filter(kHtml, "EmbedImages")},
+     filter(kHtmlFilter, "EmbedImages")},
     {6, "Rich Text Format", "rtf", kDocument, kOffered, kEveryVersion, kMarked, kNone,
      filter("Rich Text Format"), kFoundOut},
-    {2, "Plain Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone, filter(kText, "UTF8,LF"),
-     filter("Text")},
+    {2, "Plain Text", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
+     filter(kTextFilter, "UTF8,LF"), filter("Text")},
     {3, "Text Line Breaks", "txt", kDocument, kOffered, kEveryVersion, kPlain, kNone,
-     filter(kText, "UTF8,LF")},
+     filter(kTextFilter, "UTF8,LF")},
     {19, "Word XML Document", "xml", kDocument, kOffered, kExchange},
     {11, "Word 2003 XML Document", "xml", kDocument, kOffered, kSince2003, kMarked, kNone,
      filter("MS Word 2003 XML"), kFoundOut},
     {23, "OpenDocument Text", "odt", kDocument, kOffered, kExchange, kMarked, kNone, filter("writer8"),
      kFoundOut},
-    {4, "DOS Text", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, "IBM_850,CRLF")},
+    {4, "DOS Text", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone,
+     filter(kTextFilter, "IBM_850,CRLF")},
     {5, "DOS Text Line Breaks", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone,
-     filter(kText, "IBM_850,CRLF")},
-    {7, "Unicode Text", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone, filter(kText, "UCS2,CRLF")},
+     filter(kTextFilter, "IBM_850,CRLF")},
+    {7, "Unicode Text", "txt", kDocument, kHidden, kNoVersion, kPlain, kNone,
+     filter(kTextFilter, "UCS2,CRLF")},
     {16, "Document Default", "", kDocument, kHidden, kSince2007},
     {20, "Word XML Document Macro Enabled", "", kDocument, kHidden, kExchange},
     {21, "Word XML Template", "", kTemplate},

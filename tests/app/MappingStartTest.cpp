@@ -27,7 +27,7 @@ class MappingStart : public AutoMappingTest {
 std::string para(const std::string& content) {
     return "<w:p>" + content + "</w:p>";
 }
-std::string text(const std::string& content) {
+std::string textRun(const std::string& content) {
     return "<w:r><w:t>" + content + "</w:t></w:r>";
 }
 std::string marked(const std::string& name, const std::string& content) {
@@ -37,11 +37,11 @@ std::string tableOf(const std::string& block) {
     return "<w:tbl><w:tblPr/><w:tblGrid><w:gridCol w:w='2000'/></w:tblGrid><w:tr><w:tc><w:tcPr/>" + block +
            "</w:tc></w:tr></w:tbl>";
 }
-std::string control(const std::string& content) {
+std::string controlOf(const std::string& content) {
     return "<w:sdt><w:sdtPr/><w:sdtContent>" + content + "</w:sdtContent></w:sdt>";
 }
 
-const std::string kField = "<w:fldSimple w:instr='DATE'>" + text("today") + "</w:fldSimple>";
+const std::string kField = "<w:fldSimple w:instr='DATE'>" + textRun("today") + "</w:fldSimple>";
 const std::string kSection = "<w:sectPr><w:pgSz w:w='11906' w:h='16838'/></w:sectPr>";
 
 TEST_F(MappingStart, TheEndOfADocumentAlwaysTakesWhatIsDropped) {
@@ -50,16 +50,16 @@ TEST_F(MappingStart, TheEndOfADocumentAlwaysTakesWhatIsDropped) {
     } cases[] = {
         {"", ""},
         {para(""), ""},
-        {para(text("a")) + kSection, "a\n"},
-        {tableOf(para(text("a"))) + para(text("b")) + kSection, "a\n|b\n"},
+        {para(textRun("a")) + kSection, "a\n"},
+        {tableOf(para(textRun("a"))) + para(textRun("b")) + kSection, "a\n|b\n"},
         {tableOf(para("")) + kSection, "\n|"},
         {para(kField), "today\n"},
-        {para(text("a")) + control(para(text("in"))) + kSection, "a\nin\n"},
-        {para(text("a") + control(text("in"))) + kSection, "ain\n"},
+        {para(textRun("a")) + controlOf(para(textRun("in"))) + kSection, "a\nin\n"},
+        {para(textRun("a") + controlOf(textRun("in"))) + kSection, "ain\n"},
         {para(marked("_GoBack", "")), "[_GoBack:]"},
-        {para(text("a") + marked("_GoBack", "")), "a[_GoBack:]\n"},
-        {marked("All", para(text("a"))) + kSection, "[All:a\n]\n"},
-        {para("<w:pPr>" + kSection + "</w:pPr>" + text("a")) + kSection, "a\n"},
+        {para(textRun("a") + marked("_GoBack", "")), "a[_GoBack:]\n"},
+        {marked("All", para(textRun("a"))) + kSection, "[All:a\n]\n"},
+        {para("<w:pPr>" + kSection + "</w:pPr>" + textRun("a")) + kSection, "a\n"},
     };
     for (const auto& [body, before] : cases) {
         EXPECT_EQ(mapInto(body, "letter.xml", "end"), before + "Customer: [Customer:Customer]\n\n") << body;
@@ -72,16 +72,16 @@ TEST_F(MappingStart, ABookmarkIsFollowedByWhatIsDropped) {
     const struct {
         std::string body, place, expected;
     } cases[] = {
-        {para(text("a")) + para(marked("Here", "")) + para(text("b")), "here",
+        {para(textRun("a")) + para(marked("Here", "")) + para(textRun("b")), "here",
          "a\n[Here:]\n" + dropped + "\nb\n"},
-        {para(text("a") + marked("Here", text("N")) + text(", b")), "Here",
+        {para(textRun("a") + marked("Here", textRun("N")) + textRun(", b")), "Here",
          "a[Here:N]\n" + dropped + ", b\n"},
-        {marked("End", para(text("a"))) + para(text("b")), "End", "[End:a\n]\n" + dropped + "b\n"},
-        {para(text("a")), "start", dropped + "a\n"},
-        {para(text("a")), "Nowhere",
+        {marked("End", para(textRun("a"))) + para(textRun("b")), "End", "[End:a\n]\n" + dropped + "b\n"},
+        {para(textRun("a")), "start", dropped + "a\n"},
+        {para(textRun("a")), "Nowhere",
          "The mapping cannot begin at 'Nowhere': the document '" + (folder / "given.docx") +
              "' has no bookmark of that name.\n"},
-        {tableOf(para(marked("Here", text("a")))) + para(""), "Here",
+        {tableOf(para(marked("Here", textRun("a")))) + para(""), "Here",
          "The mapping cannot begin at 'Here': that bookmark ends in a table. Choose one outside of "
          "tables.\n"},
     };

@@ -22,6 +22,9 @@
 
 namespace mergeloom {
 
+inline constexpr int kLastRow = 1048576;
+inline constexpr int kLastColumn = 16384;
+
 /// A picture file of that many pixels (GIF), three quarters of a point each.
 inline std::string pictureFile(int width, int height) {
     const auto number = [](int value) {

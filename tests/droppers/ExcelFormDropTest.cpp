@@ -6,7 +6,7 @@ namespace mergeloom {
 namespace {
 
 /// Keys: 1 F, 2 A, 3 Sub (not bound), 4 to 6 C to E, 7 B.
-constexpr const char* kForm = R"(<db><Form Name="F" CurrentView="1">
+constexpr const char* kWideForm = R"(<db><Form Name="F" CurrentView="1">
   <Control Name="A"/>
   <Control Name="Sub" Caption="More" ControlType="Subform"><Form>
     <Control Name="C"/>
@@ -16,12 +16,9 @@ constexpr const char* kForm = R"(<db><Form Name="F" CurrentView="1">
   <Control Name="B"/>
 </Form></db>)";
 
-constexpr int kLastRow = 1048576;
-constexpr int kLastColumn = 16384;
-
 class ExcelFormDrop : public ExcelDropTest {
   protected:
-    void SetUp() override { load(kForm); }
+    void SetUp() override { load(kWideForm); }
     bool dropControls(const FieldKeys& keys) { return drop(node("1k"), DocumentType::ByView, &keys); }
 };
 

@@ -7,7 +7,7 @@ namespace {
 
 /// Keys: 1 Sheet, 2 to 4 A to C, 5 Foot; 6 Empty; 7 Letter, 8 Town, 9 Lines, 10 Unit Price, 11 2nd, 12 Sum;
 /// 13 ?!, 14 X.
-constexpr const char* kStructure = R"(<db>
+constexpr const char* kTables = R"(<db>
   <Table Name="Sheet" CurrentView="2">
     <Control Name="A" Caption="&amp;First:"/><Control Name="B" Caption="Second"/><Control Name="C"/>
     <Control Name="Foot" Section="2"/>
@@ -21,13 +21,11 @@ constexpr const char* kStructure = R"(<db>
   </Form>
 </db>)";
 
-constexpr int kLastRow = 1048576;
-constexpr int kLastColumn = 16384;
 const std::string kNoRoom = "It is impossible to insert the table into current selection.\n";
 
 class ExcelTableDrop : public ExcelDropTest {
   protected:
-    void SetUp() override { load(kStructure); }
+    void SetUp() override { load(kTables); }
     bool dropSheet(const FieldKeys& keys) { return drop(node("1k"), DocumentType::ByView, &keys); }
 };
 

@@ -10,7 +10,7 @@ namespace mergeloom {
 namespace {
 
 /// Keys: 1 Sheet, 2 to 4 A to C, 5 Foot; 6 Empty; 7 Letter, 8 Town, 9 Lines, 10 Unit Price, 11 2nd, 12 Sum.
-constexpr const char* kStructure = R"(<db>
+constexpr const char* kTables = R"(<db>
   <Table Name="Sheet" CurrentView="2">
     <Control Name="A" Caption="&amp;First:"/><Control Name="B" Caption="Second"/><Control Name="C"/>
     <Control Name="Foot" Section="2"/>
@@ -24,11 +24,12 @@ constexpr const char* kStructure = R"(<db>
 </db>)";
 
 const std::string kSheet = "[SheetT:First:\n|Second\n|C\n|[A:A] \n|[B:B] \n|[C:C] \n|]";
-const std::string kLines = "[Lines:Unit Price\n|2nd\n|[LinesUnitPrice:UnitPrice] \n|[Linesx2nd:x2nd] \n|]";
+const std::string kLinesTable =
+    "[Lines:Unit Price\n|2nd\n|[LinesUnitPrice:UnitPrice] \n|[Linesx2nd:x2nd] \n|]";
 
 class TableDrop : public DropTest {
   protected:
-    void SetUp() override { load(kStructure); }
+    void SetUp() override { load(kTables); }
 
     bool dropSheet(const FieldKeys& keys) { return drop(node("1k"), DocumentType::ByView, &keys); }
     /// Puts the caret into the last paragraph.
@@ -99,7 +100,7 @@ TEST_F(TableDrop, ATableMayStandRightBelowAnother) {
     open();
     EXPECT_TRUE(drop(node("1k")));
     EXPECT_TRUE(drop(node("9k")));
-    EXPECT_EQ(body(), "\n" + kSheet + "\n" + kLines + "\n");
+    EXPECT_EQ(body(), "\n" + kSheet + "\n" + kLinesTable + "\n");
     EXPECT_EQ(messages.texts(), "");
 }
 
@@ -180,7 +181,7 @@ TEST_F(TableDrop, SeparateFieldsOfItsSourceGo) {
     messages.okCancelAnswer = MessageAnswer::Ok;
     messages.messages.clear();
     EXPECT_TRUE(drop(node("9k")));
-    EXPECT_EQ(body(), "   [Linesx2nd_REF8:Linesx2nd_REF8] [LinesSum:LinesSum] \n" + kLines + "\n");
+    EXPECT_EQ(body(), "   [Linesx2nd_REF8:Linesx2nd_REF8] [LinesSum:LinesSum] \n" + kLinesTable + "\n");
     ASSERT_EQ(messages.messages.size(), 1U);
     EXPECT_EQ(messages.messages[0].text,
               "You can't have fields from the same data source table\n"
@@ -357,7 +358,7 @@ TEST_F(TableDrop, AFailureAtAnyStepChangesNothing) {
         }
     }
     EXPECT_GT(failingCall, 20);
-    EXPECT_EQ(body(), "\nend Town: [Town:Town]\nItems: \n" + kLines + "\n");
+    EXPECT_EQ(body(), "\nend Town: [Town:Town]\nItems: \n" + kLinesTable + "\n");
 }
 
 TEST_F(TableDrop, LabelDocumentsHoldPlainPlaces) {
@@ -368,7 +369,7 @@ TEST_F(TableDrop, LabelDocumentsHoldPlainPlaces) {
     open();
     const FieldKeys keys{"9k", "8k"};
     EXPECT_TRUE(drop(node("7k"), DocumentType::LabelDocument, &keys));
-    EXPECT_EQ(body(), "\n" + kLines + "^[Town:Town] \n") << "but for those that are asked for";
+    EXPECT_EQ(body(), "\n" + kLinesTable + "^[Town:Town] \n") << "but for those that are asked for";
 
     open("<w:tbl><w:tr><w:tc><w:p/></w:tc></w:tr></w:tbl><w:p/>");
     EXPECT_FALSE(drop(node("7k"), DocumentType::LabelDocument));

@@ -6,7 +6,7 @@ namespace mergeloom {
 namespace {
 
 /// Keys: 1 Orders, 2 Lines, 3 Price, 4 Sum; 5 Sheet, 6 A.
-constexpr const char* kStructure = R"(<db>
+constexpr const char* kTableFields = R"(<db>
   <Form Name="Orders" CurrentView="1">
     <Control Name="Lines" ControlType="Subform"><Form HasRecordset="1">
       <Control Name="Price" Caption="Unit price"/><Control Name="Sum" Section="2"/></Form></Control>
@@ -28,7 +28,7 @@ std::string cell(const std::string& properties, const std::string& text = "") {
 
 class TableFieldDrop : public DropTest {
   protected:
-    void SetUp() override { load(kStructure); }
+    void SetUp() override { load(kTableFields); }
 };
 
 TEST_F(TableFieldDrop, MakesTheTableTheTableOfItsSource) {

@@ -1,3 +1,4 @@
+#include "formats/Families.h"
 #include "office/formats/mFileExtensions.h"
 
 #include <gmock/gmock.h>
@@ -15,9 +16,6 @@ namespace mergeloom {
 namespace {
 
 using testing::HasSubstr;
-
-constexpr auto kWord = DocumentFamily::Word;
-constexpr auto kExcel = DocumentFamily::Excel;
 
 std::string contentOf(const std::string& path) {
     std::ifstream file(std::string(MERGELOOM_SAMPLES) + "/../" + path);

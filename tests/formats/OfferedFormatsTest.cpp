@@ -1,3 +1,4 @@
+#include "formats/Families.h"
 #include "office/formats/OfferedFormats.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
@@ -9,9 +10,6 @@ namespace mergeloom {
 namespace {
 
 using testing::ElementsAre;
-
-constexpr auto kWord = DocumentFamily::Word;
-constexpr auto kExcel = DocumentFamily::Excel;
 
 std::vector<int> numbersOf(const std::vector<OfferedFormat>& offered) {
     std::vector<int> numbers;

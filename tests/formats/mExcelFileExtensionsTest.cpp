@@ -1,3 +1,4 @@
+#include "formats/Families.h"
 #include "office/formats/mExcelFileExtensions.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,6 @@
 namespace mergeloom {
 namespace {
 
-constexpr auto kExcel = DocumentFamily::Excel;
 constexpr int kAllNumbers[] = {-4158, -4143, 2,  4,  5,  6,  7,  8,  9,  11, 14, 15, 16, 17, 18, 19, 20,
                                21,    22,    23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 38,
                                39,    40,    41, 42, 43, 44, 45, 46, 50, 51, 52, 53, 54, 55, 56, 60};

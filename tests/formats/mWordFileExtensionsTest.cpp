@@ -1,3 +1,4 @@
+#include "formats/Families.h"
 #include "office/formats/mWordFileExtensions.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr auto kDocument = OfficeDocumentType::Document;
 constexpr auto kTemplate = OfficeDocumentType::Template;
-constexpr auto kWord = DocumentFamily::Word;
 
 TEST(WordFileExtensions, DescribeAFormat) {
     const struct {

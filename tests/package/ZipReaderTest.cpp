@@ -11,7 +11,7 @@ namespace {
 using testing::HasSubstr;
 using namespace std::string_literals;
 
-const std::string kXml = "<w:document><w:body><w:p/><w:p/><w:p/><w:p/><w:p/></w:body></w:document>";
+const std::string kDocumentXml = "<w:document><w:body><w:p/><w:p/><w:p/><w:p/><w:p/></w:body></w:document>";
 
 std::string readAll(const std::string& bytes, const ZipLimits& limits = {}) {
     return errorOf([&] {
@@ -40,7 +40,7 @@ TEST(ZipReader, readsAndCopiesLegalArchives) {
         std::vector<BuiltEntry> entries;
         BuiltArchive archive;
     };
-    const BuiltEntry plain{.name = "word/document.xml", .content = kXml};
+    const BuiltEntry plain{.name = "word/document.xml", .content = kDocumentXml};
     const auto with = [&](auto change) {
         BuiltEntry entry = plain;
         change(entry);
@@ -95,12 +95,12 @@ TEST(ZipReader, refusesWithAReason) {
         const char* reason;
     };
     const auto one = [](auto change) {
-        BuiltEntry entry{.name = "word/document.xml", .content = kXml};
+        BuiltEntry entry{.name = "word/document.xml", .content = kDocumentXml};
         change(entry);
-        return buildZip({{.name = "first", .content = kXml}, entry});
+        return buildZip({{.name = "first", .content = kDocumentXml}, entry});
     };
     const auto named = [&](const std::string& name) { return one([&](BuiltEntry& e) { e.name = name; }); };
-    const std::vector<BuiltEntry> good = {{.name = "a.xml", .content = kXml}};
+    const std::vector<BuiltEntry> good = {{.name = "a.xml", .content = kDocumentXml}};
     const std::string whole = buildZip(good);
     const std::vector<Case> cases = {
         {"", "it is empty"},
@@ -162,8 +162,8 @@ TEST(ZipReader, namesAreDecoded) {
 
 // One entry's data named by two records: the way to a bomb that is larger than its parts.
 TEST(ZipReader, refusesOverlappingEntries) {
-    const BuiltEntry a{.name = "a", .content = kXml};
-    const BuiltEntry b{.name = "b", .content = kXml};
+    const BuiltEntry a{.name = "a", .content = kDocumentXml};
+    const BuiltEntry b{.name = "b", .content = kDocumentXml};
     const std::string both = buildZip({a, b});
     std::string bytes = both;
     const std::size_t record = bytes.rfind("PK\x01\x02");
@@ -188,7 +188,7 @@ TEST(ZipReader, boundsWhatInflatingYields) {
     EXPECT_THAT(readAll(bomb, {.ratioFreeSize = zeros.size() - 1}), HasSubstr("too large when unpacked"));
     EXPECT_EQ(readAll(bomb, {.ratioFreeSize = zeros.size()}), "");
     // A size that only claims to be huge is refused before memory for it is taken.
-    const std::string liar = buildZip({{.name = "a", .content = kXml, .sizeLie = 500 << 20}});
+    const std::string liar = buildZip({{.name = "a", .content = kDocumentXml, .sizeLie = 500 << 20}});
     EXPECT_THAT(readAll(liar), HasSubstr("too large when unpacked"));
     EXPECT_THAT(readAll(liar, {.highestRatio = 1U << 30U}), HasSubstr("does not have the size"));
 }

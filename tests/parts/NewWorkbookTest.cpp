@@ -11,7 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 
-pugi::xml_document parsed(const std::string& partName) {
+pugi::xml_document parsedWorkbookPart(const std::string& partName) {
     pugi::xml_document document;
     document.load_string(seededPackage(newWorkbookParts()).readPart(partName).c_str());
     return document;
@@ -27,7 +27,7 @@ std::vector<std::string> childrenOf(pugi::xml_node element) {
 TEST(NewWorkbook, SheetIsFoundBehindTheWorkbooksRelationship) {
     Package package = seededPackage(newWorkbookParts());
     ASSERT_EQ(package.mainPart(), "/xl/workbook.xml");
-    const pugi::xml_document workbook = parsed("/xl/workbook.xml");
+    const pugi::xml_document workbook = parsedWorkbookPart("/xl/workbook.xml");
     EXPECT_THAT(childrenOf(workbook.child("workbook")), ElementsAre("workbookPr", "bookViews", "sheets"));
     const pugi::xml_node sheets = workbook.child("workbook").child("sheets");
     ASSERT_THAT(childrenOf(sheets), ElementsAre("sheet"));
@@ -40,7 +40,7 @@ TEST(NewWorkbook, SheetIsFoundBehindTheWorkbooksRelationship) {
 }
 
 TEST(NewWorkbook, SheetIsEmptyAndInTheSchemasOrder) {
-    const pugi::xml_document document = parsed("/xl/worksheets/sheet1.xml");
+    const pugi::xml_document document = parsedWorkbookPart("/xl/worksheets/sheet1.xml");
     const pugi::xml_node sheet = document.child("worksheet");
     EXPECT_THAT(childrenOf(sheet),
                 ElementsAre("dimension", "sheetViews", "sheetFormatPr", "sheetData", "pageMargins"));
@@ -48,7 +48,7 @@ TEST(NewWorkbook, SheetIsEmptyAndInTheSchemasOrder) {
 }
 
 TEST(NewWorkbook, StylesReferToWhatThereIs) {
-    const pugi::xml_document document = parsed("/xl/styles.xml");
+    const pugi::xml_document document = parsedWorkbookPart("/xl/styles.xml");
     const pugi::xml_node styles = document.child("styleSheet");
     EXPECT_THAT(childrenOf(styles), ElementsAre("fonts", "fills", "borders", "cellStyleXfs", "cellXfs",
                                                 "cellStyles", "dxfs", "tableStyles"));

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct NoFieldDialog final : FieldDialog {
+struct UnusedFieldDialog final : FieldDialog {
     void Show(FieldSelection&) override {}
 };
 
@@ -42,7 +42,7 @@ class Dropping : public TemplateScene {
     JobsAtOnce jobs;
     FakeDropTree tree;
     SilentProgress progress;
-    NoFieldDialog fieldDialog;
+    UnusedFieldDialog fieldDialog;
     int eventRuns = 0;
     DropFlow flow{{.jobs = jobs,
                    .access = access,

@@ -21,13 +21,13 @@ QListView& listOf(QWidget& window) {
     return *window.findChild<QListView*>(QStringLiteral("lstFields"));
 }
 
-QPushButton& buttonOf(QWidget& window, const char* name) {
+QPushButton& namedButton(QWidget& window, const char* name) {
     return *window.findChild<QPushButton*>(QLatin1String(name));
 }
 
 /// Presses a button by its letter, which takes as long as the button is seen to go down.
 void press(QWidget& window, const char* name, Qt::Key letter) {
-    QSignalSpy clicked(&buttonOf(window, name), &QPushButton::clicked);
+    QSignalSpy clicked(&namedButton(window, name), &QPushButton::clicked);
     QTest::keyClick(&window, letter, Qt::AltModifier);
     EXPECT_TRUE(clicked.count() > 0 || clicked.wait(2000)) << name;
 }
@@ -84,7 +84,7 @@ TEST_F(frmFieldsTest, CaptionsAndTabOrder) {
         for (const auto& [name, caption] : captions) {
             QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
             EXPECT_EQ(window.focusWidget()->objectName(), QLatin1String(name));
-            EXPECT_EQ(buttonOf(window, name).text(), QLatin1String(caption));
+            EXPECT_EQ(namedButton(window, name).text(), QLatin1String(caption));
         }
         window.close();
     });
@@ -116,7 +116,7 @@ TEST_F(frmFieldsTest, ControlsAreWhereTheyWereDrawn) {
             expectPlace("btnDown", {3480, 2100, 1215, 375});
             expectPlace("btnSelect", {3480, 2820, 1215, 375});
             expectPlace("btnUnSelect", {3480, 3300, 1215, 375});
-            const QPushButton& widest = buttonOf(window, "btnUnSelect");
+            const QPushButton& widest = namedButton(window, "btnUnSelect");
             EXPECT_LT(widest.fontMetrics().horizontalAdvance(QStringLiteral("Unselect All")), widest.width());
             EXPECT_LT(widest.fontMetrics().height(), widest.height());
             window.close();
@@ -144,8 +144,8 @@ TEST_F(frmFieldsTest, InsertsByMouse) {
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, checkMark(list, 1));
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
                           list.visualRect(list.model()->index(3, 0)).center());
-        QTest::mouseClick(&buttonOf(window, "btnUp"), Qt::LeftButton);
-        QTest::mouseClick(&buttonOf(window, "btnInsert"), Qt::LeftButton);
+        QTest::mouseClick(&namedButton(window, "btnUp"), Qt::LeftButton);
+        QTest::mouseClick(&namedButton(window, "btnInsert"), Qt::LeftButton);
     });
     EXPECT_EQ(inserted, "AbDC");
 }
@@ -191,7 +191,7 @@ TEST_F(frmFieldsTest, AnEmptyListCanBeClosed) {
     fields = FieldSelection();
     run([](QWidget& window) {
         for (const char* name : {"btnUp", "btnDown", "btnSelect", "btnUnSelect"})
-            buttonOf(window, name).click();
+            namedButton(window, name).click();
         window.close();
     });
 }

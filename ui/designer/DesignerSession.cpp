@@ -5,6 +5,7 @@
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/ExcelTemplates.h"
 #include "ui/designer/HostedFields.h"
+#include "ui/designer/MainForm.h"
 #include "ui/designer/OfficeModuleFile.h"
 #include "ui/designer/WordTemplates.h"
 
@@ -14,8 +15,6 @@
 namespace mergeloom {
 
 namespace {
-
-constexpr const char* kModule = "frmMain";
 
 QString sentenceOf(const std::exception_ptr& error) {
     try {
@@ -158,7 +157,7 @@ void DesignerSession::execute(HostCommand command) {
 
 void DesignerSession::convertFields() {
     if (!isFree()) return;
-    trap(ports_.errors, kModule, "ConvertMergeFields", [this] {
+    trap(ports_.errors, kMainForm, "ConvertMergeFields", [this] {
         worker_.run(
             [this] { convertHostedFields(office_.host(), ports_.files, ports_.errors, ports_.messages); });
     });

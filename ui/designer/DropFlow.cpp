@@ -4,6 +4,7 @@
 #include "base/Trap.h"
 #include "droppers/CNodeDropper.h"
 #include "ui/designer/HostEditing.h"
+#include "ui/designer/MainForm.h"
 
 #include <variant>
 
@@ -11,7 +12,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kModule = "frmMain";
 constexpr const char* kProcedure = "NodeDrop";
 
 /// Unhooks the tree at the end, whatever came in between.
@@ -46,7 +46,7 @@ bool DropFlow::dropSelected(const HostPoint* point) {
     const TreeNode* const node = ports_.tree.selectedNode();
     if (node == nullptr || structure == nullptr) return false;
     bool dropped = false;
-    trap(ports_.errors, kModule, kProcedure, [&] {
+    trap(ports_.errors, kMainForm, kProcedure, [&] {
         ports_.jobs.run([&] {
             if (point == nullptr || ports_.access.host().placeCaret(*point))
                 dropped = dropInto(*node, *structure);

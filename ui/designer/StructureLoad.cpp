@@ -2,6 +2,7 @@
 
 #include "base/Paths.h"
 #include "base/Trap.h"
+#include "ui/designer/MainForm.h"
 #include "ui/designer/StructureLoadWork.h"
 #include "ui/dialogs/mComDlg.h"
 
@@ -12,8 +13,6 @@
 namespace mergeloom {
 
 namespace {
-
-constexpr const char* kForm = "frmMain";
 
 std::string usersDocuments() {
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
@@ -60,7 +59,7 @@ void StructureLoad::load(const std::string& path) {
 
 void StructureLoad::askAndLoad(Origin origin) {
     std::string path;
-    trap(errors_, kForm, "LoadXMLFile", [&] {
+    trap(errors_, kMainForm, "LoadXMLFile", [&] {
         std::vector<std::string> paths;
         SelectFile(dialog_, question(), path, paths);
     });

@@ -2,6 +2,7 @@
 
 #include "app/modMain.h"
 #include "base/Trap.h"
+#include "ui/designer/MainForm.h"
 #include "ui/designer/TreeModel.h"
 #include "xml/COptions.h"
 #include "xml/CXML2TreeView.h"
@@ -14,7 +15,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kForm = "frmMain";
 constexpr const char* kProcedure = "mXMLDocument_onreadystatechange";
 constexpr const char* kFirstKey = "1k";
 /// The tree control's error for a key that no node has.
@@ -107,7 +107,7 @@ void readAndShow(const std::string& path, const std::function<bool()>& isCancell
 StructureLoadResult loadStructure(const std::string& path, const std::function<bool()>& isCancelled) {
     StructureLoadResult result;
     KeptErrors errors;
-    trap(errors, kForm, kProcedure, [&] { readAndShow(path, isCancelled, result, errors); });
+    trap(errors, kMainForm, kProcedure, [&] { readAndShow(path, isCancelled, result, errors); });
     result.errors = errors.reports();
     return result;
 }

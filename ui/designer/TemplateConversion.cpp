@@ -7,6 +7,7 @@
 #include "base/Trap.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Documents.h"
+#include "ui/designer/MainForm.h"
 
 #include <optional>
 
@@ -32,7 +33,7 @@ class PassingCopy {
     PassingCopy& operator=(const PassingCopy&) = delete;
     ~PassingCopy() {
         trap(
-            errors_, "frmMain", "ConvertTemplate", [this] { files_.remove(path_); }, path_);
+            errors_, kMainForm, "ConvertTemplate", [this] { files_.remove(path_); }, path_);
     }
 
     [[nodiscard]] const std::string& path() const { return path_; }
@@ -91,7 +92,7 @@ template <typename Body>
 bool TemplateConversion::succeeds(const std::string& path, const Body& body) {
     bool done = false;
     trap(
-        errors_, "frmMain", "ConvertTemplate",
+        errors_, kMainForm, "ConvertTemplate",
         [&] {
             body();
             done = true;

@@ -7,12 +7,11 @@
 #include "base/SourcePlace.h"
 #include "base/Text.h"
 #include "base/Trap.h"
+#include "ui/designer/MainForm.h"
 
 namespace mergeloom {
 
 namespace {
-
-constexpr const char* kModule = "frmMain";
 
 /// The file that the command line names to begin with; empty when it names none.
 std::string commandLineFile() {
@@ -219,7 +218,7 @@ bool TemplateLifecycle::Unload() {
 }
 
 void TemplateLifecycle::Terminate() {
-    trap(ports_.errors, kModule, "Form_Terminate", [] { DeleteXmlFileIfRequested(); });
+    trap(ports_.errors, kMainForm, "Form_Terminate", [] { DeleteXmlFileIfRequested(); });
 }
 
 void TemplateLifecycle::restoreView() {
@@ -239,11 +238,11 @@ void TemplateLifecycle::trapped(const char* procedure, const Body& body, const s
         if (isMappingError(error.number())) {
             tell(error.description(), MessageIcon::Exclamation);
         } else {
-            ports_.errors.report({error.number(), error.description(), templatePath_, kModule, procedure,
+            ports_.errors.report({error.number(), error.description(), templatePath_, kMainForm, procedure,
                                   shownPlace(error.place())});
         }
     } catch (const std::exception& error) {
-        ports_.errors.report({0, error.what(), templatePath_, kModule, procedure, shownPlace(place)});
+        ports_.errors.report({0, error.what(), templatePath_, kMainForm, procedure, shownPlace(place)});
     }
 }
 

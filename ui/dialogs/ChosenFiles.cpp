@@ -8,8 +8,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr char kNul = '\0';
-
 /// Puts a text into a buffer of the given size with the NUL at its end; NULs fill what is left of it.
 void fillBuffer(std::string& buffer, std::uint32_t& size, const std::string& text) {
     size = std::max(size, static_cast<std::uint32_t>(text.size() + 1));

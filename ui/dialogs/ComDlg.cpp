@@ -10,7 +10,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr char kNul = '\0';
 constexpr std::string_view kTwoNuls("\0\0", 2);
 constexpr CharacterCount kExtensionLength{3};
 constexpr std::uint32_t kSizeForOneFile = 261;

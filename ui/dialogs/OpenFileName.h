@@ -5,6 +5,9 @@
 
 namespace mergeloom {
 
+/// Ends each text of a record that holds several.
+inline constexpr char kNul = '\0';
+
 /// The record OPENFILENAME of the common dialogs of Windows as its 32-bit ANSI edition lays it out. Its texts
 /// do not fit behind addresses of 32 bits: they stand in OpenFileTexts under the same names, the members here
 /// stay 0.

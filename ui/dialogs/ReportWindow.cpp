@@ -18,7 +18,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kCharactersInLine = 72;
+constexpr int kReportWidth = 72;
 constexpr int kLines = 22;
 
 }  // namespace
@@ -40,8 +40,8 @@ QWidget* ReportWindow::makeText() {
     text->setTabChangesFocus(true);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     const QFontMetrics metrics = text->fontMetrics();
-    text->setMinimumSize(metrics.averageCharWidth() * kCharactersInLine / 2, metrics.lineSpacing() * 4);
-    resize(metrics.averageCharWidth() * kCharactersInLine, metrics.lineSpacing() * kLines);
+    text->setMinimumSize(metrics.averageCharWidth() * kReportWidth / 2, metrics.lineSpacing() * 4);
+    resize(metrics.averageCharWidth() * kReportWidth, metrics.lineSpacing() * kLines);
     return text;
 }
 

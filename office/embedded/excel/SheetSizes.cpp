@@ -10,12 +10,12 @@ namespace mergeloom::embedded {
 
 namespace {
 
-[[noreturn]] void refuse(const std::string& sentence) {
+[[noreturn]] void refuseSize(const std::string& sentence) {
     throw AutomationError(kApplicationDefined, sentence);
 }
 
 void refuseProtected(const SheetContent& sheet, const char* what) {
-    refuse("The sheet '" + sheet.entry().name + "' is protected: its " + what + " cannot be changed.");
+    refuseSize("The sheet '" + sheet.entry().name + "' is protected: its " + what + " cannot be changed.");
 }
 
 void checkColumns(const SheetContent& sheet) {
@@ -41,7 +41,8 @@ double widestText(WorkbookContent& content, std::size_t sheetIndex, const CellAr
 
 void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const CellArea& area, ColumnWidth width) {
     checkColumns(sheet);
-    if (width < ColumnWidth{0} || width > excel::kWidestColumn) refuse("A column cannot have that width.");
+    if (width < ColumnWidth{0} || width > excel::kWidestColumn)
+        refuseSize("A column cannot have that width.");
     content.touch();
     sheet.drawing().keepSizes([&] {
         for (int column = area.first.column; column <= area.last.column; ++column)
@@ -51,7 +52,7 @@ void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const CellAre
 
 void setRowHeight(WorkbookContent& content, SheetContent& sheet, const CellArea& area, Points height) {
     if (sheet.protection().formatRows) refuseProtected(sheet, "rows");
-    if (height < Points{0} || height > excel::kHighestRow) refuse("A row cannot have that height.");
+    if (height < Points{0} || height > excel::kHighestRow) refuseSize("A row cannot have that height.");
     content.touch();
     sheet.drawing().keepSizes([&] {
         for (int row = area.first.row; row <= area.last.row; ++row)

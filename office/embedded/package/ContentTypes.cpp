@@ -11,7 +11,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr const char* kEmpty =
+constexpr const char* kNoTypes =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
     "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
     "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
@@ -26,7 +26,7 @@ pugi::xml_node findOverride(const pugi::xml_document& document, const std::strin
 
 }  // namespace
 
-ContentTypes::ContentTypes() : ContentTypes(kEmpty, "") {
+ContentTypes::ContentTypes() : ContentTypes(kNoTypes, "") {
     changed_ = true;
 }
 

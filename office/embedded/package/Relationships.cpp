@@ -13,7 +13,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr const char* kEmpty =
+constexpr const char* kNoRelationships =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
     "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>";
 
@@ -29,7 +29,8 @@ Relationship readRelationship(const pugi::xml_node& node) {
 
 }  // namespace
 
-Relationships::Relationships(std::string sourcePart) : Relationships(std::move(sourcePart), kEmpty, "") {}
+Relationships::Relationships(std::string sourcePart)
+    : Relationships(std::move(sourcePart), kNoRelationships, "") {}
 
 Relationships::Relationships(std::string sourcePart, std::string_view xml, const std::string& fileName)
     : sourcePart_(std::move(sourcePart)), document_(std::make_unique<pugi::xml_document>()) {

@@ -13,9 +13,6 @@ namespace mergeloom::embedded {
 namespace {
 
 constexpr std::string_view kWordType = "application/vnd.openxmlformats-officedocument.wordprocessingml.";
-constexpr std::string_view kOfficeType = "application/vnd.openxmlformats-officedocument.";
-constexpr std::string_view kOfficeRelation =
-    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
 
 // A page of A4 with margins of one inch, measured in twentieths of a point. Line breaks stand inside tags
 // only: between the elements they would be text.
@@ -69,10 +66,6 @@ SeedPart documentPart(std::string_view name, std::string_view contentType, std::
                       std::string_view xml) {
     return {std::string(name), std::string(contentType), "/word/document.xml", std::string(relation),
             std::string(xml)};
-}
-
-std::string join(std::string_view stem, std::string_view rest) {
-    return std::string(stem).append(rest);
 }
 
 }  // namespace

@@ -13,9 +13,6 @@ namespace mergeloom::embedded {
 namespace {
 
 constexpr std::string_view kSheetType = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
-constexpr std::string_view kOfficeType = "application/vnd.openxmlformats-officedocument.";
-constexpr std::string_view kOfficeRelation =
-    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
 
 constexpr std::string_view kWorkbook = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <workbook xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main"
@@ -53,10 +50,6 @@ constexpr std::string_view kStyles = R"(<?xml version="1.0" encoding="UTF-8" sta
 <tableStyles count="0" defaultTableStyle="TableStyleMedium2" defaultPivotStyle="PivotStyleLight16"/>
 </styleSheet>
 )";
-
-std::string join(std::string_view stem, std::string_view rest) {
-    return std::string(stem).append(rest);
-}
 
 SeedPart workbookPart(std::string_view name, std::string contentType, std::string_view relation,
                       std::string_view xml) {

@@ -3,6 +3,7 @@
 #include "office/embedded/package/Package.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mergeloom::embedded {
@@ -15,6 +16,15 @@ struct SeedPart {
     std::string relationshipType;
     std::string xml;
 };
+
+inline constexpr std::string_view kOfficeType = "application/vnd.openxmlformats-officedocument.";
+inline constexpr std::string_view kOfficeRelation =
+    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+
+/// Appends the rest of a type's name to its stem, such as kOfficeType.
+inline std::string join(std::string_view stem, std::string_view rest) {
+    return std::string(stem).append(rest);
+}
 
 /// The package of a new document. The relationships of a source get the ids "rId1", "rId2" and so on, in the
 /// order of the parts.

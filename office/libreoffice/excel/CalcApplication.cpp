@@ -26,7 +26,7 @@ class CalcUndoRecord final : public model::UndoRecord {
     CalcContentPtr content_;
 };
 
-CalcArea areaOf(excel::Range& range) {
+CalcArea cellsOf(excel::Range& range) {
     const CalcCell first{range.Row(), range.Column()};
     return {first, {first.row + range.Rows()->Count() - 1, first.column + range.Columns()->Count() - 1}};
 }
@@ -57,7 +57,7 @@ excel::SelectionPtr CalcApplication::Selection() {
 excel::RangePtr CalcApplication::Intersect(excel::Range& first, excel::Range& second) {
     const excel::WorksheetPtr sheet = first.Worksheet();
     if (sheet->Name() != second.Worksheet()->Name()) return {};
-    const std::optional<CalcArea> common = intersection(areaOf(first), areaOf(second));
+    const std::optional<CalcArea> common = intersection(cellsOf(first), cellsOf(second));
     if (!common) return {};
     return sheet->Cells(common->first.row, common->first.column)->Resize(common->rows(), common->columns());
 }

@@ -23,7 +23,7 @@ Reference<css::frame::XModel> modelOf(CalcWorkbook& workbook) {
 }
 
 /// None when something else than cells is selected.
-std::vector<CalcArea> areasOf(const Reference<css::uno::XInterface>& selection) {
+std::vector<CalcArea> selectedAreas(const Reference<css::uno::XInterface>& selection) {
     const Reference<css::sheet::XCellRangeAddressable> one(selection, UNO_QUERY);
     if (one.is()) return {areaOf(one->getRangeAddress())};
     std::vector<CalcArea> areas;
@@ -38,7 +38,7 @@ std::vector<CalcArea> areasOf(const Reference<css::uno::XInterface>& selection) 
 void takeSelection(CalcContent& content, const Reference<css::frame::XModel>& model) {
     if (!content.hasActiveCells()) return;
     CalcSheet& sheet = content.sheet(content.activeSheet());
-    std::vector<CalcArea> areas = areasOf(model->getCurrentSelection());
+    std::vector<CalcArea> areas = selectedAreas(model->getCurrentSelection());
     if (!areas.empty()) sheet.select({sheet.selection().activeCell, std::move(areas)});
 }
 

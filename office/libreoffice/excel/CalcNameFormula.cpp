@@ -37,14 +37,14 @@ bool isPlainReference(const std::string& formula) {
     return std::regex_match(formula, cells) || std::regex_match(formula, lines);
 }
 
-[[noreturn]] void refuse(const std::string& formula) {
+[[noreturn]] void refuseFormula(const std::string& formula) {
     throw AutomationError(kApplicationDefined, "'" + formula + "' is no formula.");
 }
 
 }  // namespace
 
 CalcNameContent parseNameFormula(CalcContent& content, const std::string& refersToLocal) {
-    if (refersToLocal.size() < 2 || refersToLocal.front() != '=') refuse(refersToLocal);
+    if (refersToLocal.size() < 2 || refersToLocal.front() != '=') refuseFormula(refersToLocal);
     const std::string formula = refersToLocal.substr(1);
     if (isPlainReference(formula)) {
         return referenceOnSheet(content.sheet(content.activeSheet()).name(), formula);
@@ -54,7 +54,8 @@ CalcNameContent parseNameFormula(CalcContent& content, const std::string& refers
     const Tokens tokens =
         content.connection().call([&] { return makeParser(content)->parseFormula(toUno(formula), {}); });
     const auto isBad = [](const css::sheet::FormulaToken& token) { return token.OpCode == kBadOperation; };
-    if (!tokens.hasElements() || std::any_of(tokens.begin(), tokens.end(), isBad)) refuse(refersToLocal);
+    if (!tokens.hasElements() || std::any_of(tokens.begin(), tokens.end(), isBad))
+        refuseFormula(refersToLocal);
     return tokens;
 }
 

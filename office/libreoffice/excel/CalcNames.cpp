@@ -13,14 +13,14 @@ namespace {
 
 constexpr CharacterCount kLongestName{255};
 
-[[noreturn]] void refuse(const std::string& name) {
+[[noreturn]] void refuseName(const std::string& name) {
     throw AutomationError(kApplicationDefined, "'" + name + "' cannot be the name of cells.");
 }
 
 /// What Calc would take and Excel would not; Calc itself refuses the rest.
 void check(const std::string& name) {
     const bool isTruth = equalsIgnoringAsciiCase(name, "TRUE") || equalsIgnoringAsciiCase(name, "FALSE");
-    if (name.empty() || isTruth || utf16Length(name) > kLongestName) refuse(name);
+    if (name.empty() || isTruth || utf16Length(name) > kLongestName) refuseName(name);
 }
 
 /// The one cell of the active sheet to which a formula leads; none for other formulas.
@@ -84,7 +84,7 @@ excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::stri
         } catch (const css::lang::DisposedException&) {
             throw;
         } catch (const css::uno::RuntimeException&) {
-            refuse(name);
+            refuseName(name);
         }
     });
     content_->touch();

@@ -22,7 +22,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-[[noreturn]] void refuse(const std::string& sentence) {
+[[noreturn]] void refuseChange(const std::string& sentence) {
     throw AutomationError(kApplicationDefined, sentence);
 }
 
@@ -68,7 +68,8 @@ bool CalcSheet::isProtected() {
 }
 
 void CalcSheet::checkMayChange(const char* what) {
-    if (isProtected()) refuse("The sheet '" + name_ + "' is protected: its " + what + " cannot be changed.");
+    if (isProtected())
+        refuseChange("The sheet '" + name_ + "' is protected: its " + what + " cannot be changed.");
 }
 
 void CalcSheet::checkMayWrite(const CalcArea& area) {
@@ -76,10 +77,11 @@ void CalcSheet::checkMayWrite(const CalcArea& area) {
     const std::string what =
         (isOne ? "The cell " : "A cell of ") + absoluteAddressOf(area) + " of the sheet '" + name_ + "' ";
     if (isProtected() && isLocked(area)) {
-        refuse(what + "is protected. Take the sheet's protection off first.");
+        refuseChange(what + "is protected. Take the sheet's protection off first.");
     }
-    if (hasArray(area)) refuse(what + "is part of an array formula, which can only be changed as a whole.");
-    if (hasPivotTable(area)) refuse(what + "is part of a pivot table.");
+    if (hasArray(area))
+        refuseChange(what + "is part of an array formula, which can only be changed as a whole.");
+    if (hasPivotTable(area)) refuseChange(what + "is part of a pivot table.");
 }
 
 Reference<css::table::XCell> CalcSheet::cell(const CalcCell& cell) const {

@@ -73,7 +73,7 @@ void change(CalcContent& content, const Properties& lines, const char* name, sal
     });
 }
 
-[[noreturn]] void refuse(const std::string& sentence) {
+[[noreturn]] void refuseSize(const std::string& sentence) {
     throw AutomationError(kApplicationDefined, sentence);
 }
 
@@ -101,7 +101,8 @@ Points rowHeight(CalcContent& content, std::size_t sheet, int row) {
 void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& area, ColumnWidth width) {
     CalcSheet& sheet = content.sheet(index);
     sheet.checkMayChange("columns");
-    if (width < ColumnWidth{0} || width > excel::kWidestColumn) refuse("A column cannot have that width.");
+    if (width < ColumnWidth{0} || width > excel::kWidestColumn)
+        refuseSize("A column cannot have that width.");
     const int pixels = content.columnUnits().pixelsOf(width);
     const auto columns = content.connection().call([&] { return columnsOf(sheet, area); });
     change(content, columns, "Width", content.columnUnits().lengthOf(pixels));
@@ -110,7 +111,7 @@ void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& are
 void setRowHeight(CalcContent& content, std::size_t index, const CalcArea& area, Points height) {
     CalcSheet& sheet = content.sheet(index);
     sheet.checkMayChange("rows");
-    if (height < Points{0} || height > excel::kHighestRow) refuse("A row cannot have that height.");
+    if (height < Points{0} || height > excel::kHighestRow) refuseSize("A row cannot have that height.");
     const auto rows = content.connection().call([&] { return rowsOf(sheet, area); });
     change(content, rows, "Height", lengthOfPixels(pixelsOf(height)));
 }

@@ -7,8 +7,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kMark{1};
-
 CharacterCount lengthOf(const MappedRow& row) {
     CharacterCount length = kMark;
     for (const MappedCell& cell : row)

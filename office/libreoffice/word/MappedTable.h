@@ -7,6 +7,9 @@
 
 namespace mergeloom::libreoffice {
 
+/// The length of a mark that ends a paragraph, a cell or a row.
+inline constexpr CharacterCount kMark{1};
+
 /// A cell as Writer names it ("B2"), and how much its text counts, the tables in it too, without the cell's
 /// mark.
 struct MappedCell {

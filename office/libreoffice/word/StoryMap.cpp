@@ -7,8 +7,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kMark{1};
-
 CharacterCount sizeOf(const MappedTable& table) {
     return table.end() - table.start;
 }

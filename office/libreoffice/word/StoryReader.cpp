@@ -11,7 +11,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kMark{1};
 constexpr std::int64_t kPairLength = 2;
 
 template <std::size_t Size>

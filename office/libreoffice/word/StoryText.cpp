@@ -9,8 +9,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kMark{1};
-
 /// Whether the mark of a cell or of a row stands behind the position.
 bool isMark(const StoryMap& map, CharacterPosition position) {
     const TablePtr table = map.tableAt(position);

@@ -12,8 +12,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kMark{1};
-
 Reference<css::container::XEnumeration> partsOf(const Reference<css::uno::XInterface>& whole) {
     return Reference<css::container::XEnumerationAccess>(whole, UNO_QUERY_THROW)->createEnumeration();
 }
