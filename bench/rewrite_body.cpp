@@ -1,5 +1,5 @@
 #include "WholeFile.h"
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -12,7 +12,7 @@
 namespace {
 
 using namespace mergeloom;
-using embedded::Package;
+using opc::Package;
 
 class StringWriter : public pugi::xml_writer {
   public:

@@ -1,5 +1,5 @@
 #include "WholeFile.h"
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -13,7 +13,7 @@ int main(int count, char** arguments) {
         std::cerr << "Usage: rewrite_parts PACKAGE TARGET PART...\n";
         return EXIT_FAILURE;
     }
-    auto package = embedded::Package::read(contentOf(arguments[1]), arguments[1]);
+    auto package = opc::Package::read(contentOf(arguments[1]), arguments[1]);
     for (int index = 3; index < count; ++index) {
         package.writePart(arguments[index], package.readPart(arguments[index]));
     }

@@ -15,31 +15,26 @@ FLOORS = {
     "xml": ["base"],
     "office/formats": ["base"],
     "office/model": ["base"],
-    "office/embedded/package": ["base"],
-    "office/embedded/parts": ["office/embedded/package", "office/formats", "base"],
-    "office/embedded/text": ["office/embedded/parts", "base"],
+    "office/opc": ["base"],
+    "office/embedded/parts": ["office/opc", "office/formats", "base"],
+    "office/embedded/text": ["office/embedded/parts", "office/opc", "base"],
     "office/embedded/word": [
-        "office/embedded/text", "office/embedded/parts", "office/embedded/package", "office/model", "office/formats", "base",
+        "office/embedded/text", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],
-    "office/embedded/sheet": ["office/embedded/parts", "office/embedded/package", "base"],
+    "office/embedded/sheet": ["office/embedded/parts", "office/opc", "base"],
     "office/embedded/excel": [
-        "office/embedded/sheet", "office/embedded/parts", "office/embedded/package", "office/model", "office/formats", "base",
+        "office/embedded/sheet", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/entry": ["office/model", "base"],
-    # What LibreOffice reads or writes wrongly is mended in the file. Both offices read from a picture's file how large it
-    # is, so that they agree.
-    "office/libreoffice/session": ["office/embedded/package", "office/model", "office/formats", "base"],
+    "office/libreoffice/session": ["office/opc", "office/model", "office/formats", "base"],
     "office/libreoffice/readback": [
-        "office/libreoffice/session", "office/embedded/parts", "office/embedded/package", "office/model",
-        "office/formats", "base",
+        "office/libreoffice/session", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/word": [
-        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/embedded/package",
-        "office/model", "office/formats", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/excel": [
-        "office/libreoffice/session", "office/libreoffice/readback", "office/embedded/parts", "office/model",
-        "office/formats", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/host": [
         "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/model",
@@ -67,7 +62,7 @@ FLOORS = {
 LIBRARIES = {
     "unicode/": ["base"],
     "libxml/": ["xml"],
-    "libdeflate.h": ["office/embedded/package"],
+    "libdeflate.h": ["office/opc"],
     "X11/": ["office/libreoffice/host"],
     "chm_lib.h": ["ui/help"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
@@ -75,7 +70,7 @@ LIBRARIES = {
         "session", "readback", "word", "excel", "host", "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
     "pugixml.hpp": [
-        "xml", "office/embedded/package", "office/embedded/parts", "office/embedded/text",
+        "xml", "office/opc", "office/embedded/parts", "office/embedded/text",
         "office/embedded/word", "office/embedded/sheet", "office/embedded/excel",
     ],
 }

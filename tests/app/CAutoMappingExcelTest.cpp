@@ -72,7 +72,7 @@ TEST_F(AutoMappingExcel, TheExtensionDecidesTheFormat) {
     for (const auto& [name, type] : cases) {
         run({"-xmlfile", "%/letter.xml", "-template", "%/" + name});
         ASSERT_TRUE(made) << name;
-        const embedded::Package package = embedded::Package::read(folder.bytesOf(name), name);
+        const opc::Package package = opc::Package::read(folder.bytesOf(name), name);
         EXPECT_EQ(package.contentTypes().of(kWorkbookPart), type) << name;
     }
 }

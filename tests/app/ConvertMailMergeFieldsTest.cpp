@@ -76,7 +76,7 @@ class Conversion : public testing::Test {
     std::string convertedXml(const std::string& body) {
         (void)converted(body);
         const std::string xml =
-            embedded::Package::read(files.files["/shown.docx"], "shown.docx").readPart(kMainPart);
+            opc::Package::read(files.files["/shown.docx"], "shown.docx").readPart(kMainPart);
         const std::size_t start = xml.find("<w:body>") + 8;
         return xml.substr(start, xml.find("</w:body>") - start);
     }
@@ -277,8 +277,8 @@ TEST_F(Conversion, WhatCannotBeConvertedStaysAsItWas) {
         EXPECT_TRUE(document->Saved()) << body;
         EXPECT_EQ(conversion.result().removed.size(), 0U);
         document->SaveAs("/same.docx", word::WdSaveFormat::wdFormatXMLDocument);
-        EXPECT_EQ(embedded::Package::read(files.files["/same.docx"], "same.docx").readPart(kMainPart),
-                  embedded::Package::read(files.files["/letter.docx"], "letter.docx").readPart(kMainPart));
+        EXPECT_EQ(opc::Package::read(files.files["/same.docx"], "same.docx").readPart(kMainPart),
+                  opc::Package::read(files.files["/letter.docx"], "letter.docx").readPart(kMainPart));
     }
 }
 
@@ -288,7 +288,7 @@ TEST_F(Conversion, TextInTheCodeOfAFieldIsCode) {
     document->Fields()->Item(2)->Select();
     document->ActiveWindow()->Selection()->TypeText("Path");
     document->SaveAs("/code.docx", word::WdSaveFormat::wdFormatXMLDocument);
-    EXPECT_THAT(embedded::Package::read(files.files["/code.docx"], "code.docx").readPart(kMainPart),
+    EXPECT_THAT(opc::Package::read(files.files["/code.docx"], "code.docx").readPart(kMainPart),
                 testing::HasSubstr("<w:instrText>Path</w:instrText>"));
 }
 

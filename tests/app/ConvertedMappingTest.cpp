@@ -36,7 +36,7 @@ class ConvertedMapping : public AutoMappingTest {
         const std::string bytes = folder.bytesOf(name);
         const std::string label = LabellingConverter::labelled(format, "");
         if (!bytes.starts_with(label)) return "no format " + bytes;
-        return embedded::Package::read(bytes.substr(label.size()), name).readPart(kWorkbookPart);
+        return opc::Package::read(bytes.substr(label.size()), name).readPart(kWorkbookPart);
     }
 };
 

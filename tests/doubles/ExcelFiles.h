@@ -1,8 +1,8 @@
 #pragma once
 
 #include "doubles/PackageBytes.h"
-#include "office/embedded/package/Package.h"
-#include "office/embedded/package/RelationshipTypes.h"
+#include "office/opc/Package.h"
+#include "office/opc/RelationshipTypes.h"
 
 #include <string>
 #include <vector>
@@ -23,7 +23,7 @@ struct TestSheet {
 };
 
 inline std::string officeType(const std::string& shortName) {
-    return embedded::officeRelationshipType(shortName, embedded::Conformance::Transitional);
+    return opc::officeRelationshipType(shortName, opc::Conformance::Transitional);
 }
 
 inline std::string sheetPart(std::size_t number) {
@@ -31,10 +31,10 @@ inline std::string sheetPart(std::size_t number) {
 }
 
 /// A package that holds a workbook. Behind the sheets stands what the test adds to the workbook's part.
-inline embedded::Package workbookPackage(const std::vector<TestSheet>& sheets,
-                                         const std::string& behindSheets = "",
-                                         const std::string& beforeSheets = "") {
-    embedded::Package package = embedded::Package::empty();
+inline opc::Package workbookPackage(const std::vector<TestSheet>& sheets,
+                                    const std::string& behindSheets = "",
+                                    const std::string& beforeSheets = "") {
+    opc::Package package = opc::Package::empty();
     std::string list;
     for (std::size_t number = 1; number <= sheets.size(); ++number) {
         const TestSheet& sheet = sheets[number - 1];
@@ -58,7 +58,7 @@ inline embedded::Package workbookPackage(const std::vector<TestSheet>& sheets,
 
 inline std::string workbookFile(const std::vector<TestSheet>& sheets, const std::string& behindSheets = "",
                                 const std::string& beforeSheets = "") {
-    embedded::Package package = workbookPackage(sheets, behindSheets, beforeSheets);
+    opc::Package package = workbookPackage(sheets, behindSheets, beforeSheets);
     return packageBytes(package);
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <string>
 
 namespace mergeloom {
 
 /// A package as the bytes of its file.
-inline std::string packageBytes(embedded::Package& package) {
+inline std::string packageBytes(opc::Package& package) {
     struct Sink final : ByteSink {
         void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }
         std::string bytes;

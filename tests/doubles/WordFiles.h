@@ -2,8 +2,8 @@
 
 #include "doubles/MemoryFileStore.h"
 #include "doubles/PackageBytes.h"
-#include "office/embedded/package/RelationshipTypes.h"
 #include "office/model/word/Document.h"
+#include "office/opc/RelationshipTypes.h"
 
 #include <string>
 
@@ -16,27 +16,26 @@ inline const std::string kMainPart = "/word/document.xml";
 inline std::string wordFile(const std::string& bodyXml) {
     const std::string type =
         "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml";
-    embedded::Package package = embedded::Package::empty();
+    opc::Package package = opc::Package::empty();
     package.addPart(kMainPart, type,
                     "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">"
                     "<w:body>" +
                         bodyXml + "</w:body></w:document>");
-    const auto conformance = embedded::Conformance::Transitional;
-    package.relationshipsOf("/").addPart(embedded::officeRelationshipType("officeDocument", conformance),
+    const auto conformance = opc::Conformance::Transitional;
+    package.relationshipsOf("/").addPart(opc::officeRelationshipType("officeDocument", conformance),
                                          kMainPart);
     return packageBytes(package);
 }
 
 /// A document file whose settings hold this.
 inline std::string fileWithSettings(const std::string& body, const std::string& settings) {
-    embedded::Package package = embedded::Package::read(wordFile(body), "settings.docx");
+    opc::Package package = opc::Package::read(wordFile(body), "settings.docx");
     package.addPart("/word/settings.xml",
                     "application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml",
                     "<w:settings xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">" +
                         settings + "</w:settings>");
     package.relationshipsOf(kMainPart).addPart(
-        embedded::officeRelationshipType("settings", embedded::Conformance::Transitional),
-        "/word/settings.xml");
+        opc::officeRelationshipType("settings", opc::Conformance::Transitional), "/word/settings.xml");
     return packageBytes(package);
 }
 
@@ -59,7 +58,7 @@ inline std::string shownTag(const std::string& tag) {
 /// The body of a document file as a text: places stand in brackets behind their names, a line is a paragraph,
 /// and the guard character reads as "^".
 inline std::string shownBody(const std::string& bytes) {
-    const std::string xml = embedded::Package::read(bytes, "test.docx").readPart(kMainPart);
+    const std::string xml = opc::Package::read(bytes, "test.docx").readPart(kMainPart);
     std::string shown;
     std::size_t at = xml.find("<w:body>") + 8;
     while (at < xml.size()) {

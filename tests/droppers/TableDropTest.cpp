@@ -41,7 +41,7 @@ class TableDrop : public DropTest {
     }
     std::string bodyXml() {
         body();
-        return embedded::Package::read(files.files["/shown.docx"], "shown.docx").readPart(kMainPart);
+        return opc::Package::read(files.files["/shown.docx"], "shown.docx").readPart(kMainPart);
     }
 };
 

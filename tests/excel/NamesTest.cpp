@@ -72,7 +72,7 @@ TEST(Names, refuseWhatExcelWouldCallDamaged) {
 }
 
 TEST(Names, keepClearOfTheNamesOfTables) {
-    embedded::Package package = workbookPackage({{"One"}});
+    opc::Package package = workbookPackage({{"One"}});
     for (const std::string name : {"ammOrders", "AMMORDERS_REF1"}) {
         const std::string part = "/xl/tables/" + name + ".xml";
         package.addPart(

@@ -46,7 +46,7 @@ TEST(Range, showsWhatItsFirstCellHolds) {
         "<c r=\"C1\" t=\"b\"><v>1</v></c><c r=\"D1\" t=\"inlineStr\"><is><t>in</t></is></c>"
         "<c r=\"E1\" t=\"str\"><f>\"a\"&amp;\"b\"</f><v>ab</v></c><c r=\"F1\" t=\"e\"><v>#N/A</v></c>"
         "<c r=\"G1\" t=\"s\"><v>9</v></c><c r=\"H1\" t=\"s\"><v>x</v></c></row></sheetData>";
-    embedded::Package package = workbookPackage({{"One", cells}});
+    opc::Package package = workbookPackage({{"One", cells}});
     package.addPart("/xl/sharedStrings.xml", kSpreadsheetType + "sharedStrings+xml",
                     "<sst xmlns=\"" + kSpreadsheet + "\"><si><t>first</t></si><si><t>second</t></si></sst>");
     package.relationshipsOf(kWorkbookPart).addPart(officeType("sharedStrings"), "/xl/sharedStrings.xml");
@@ -142,7 +142,7 @@ TEST(Range, isNotWrittenWhereExcelWouldNotLetOne) {
 }
 
 TEST(Range, writesThroughUnlockedFormatsOfProtectedSheets) {
-    embedded::Package package = workbookPackage(
+    opc::Package package = workbookPackage(
         {{"Shut",
           "<sheetData><row r=\"1\"><c r=\"A1\" s=\"1\"/></row></sheetData><sheetProtection sheet=\"1\"/>"}});
     package.addPart("/xl/styles.xml", kSpreadsheetType + "styles+xml",

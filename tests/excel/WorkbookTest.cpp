@@ -38,7 +38,7 @@ TEST(Workbook, isWrittenInTheFormatsOfTheEngine) {
         {XlFileFormat::xlOpenXMLTemplateMacroEnabled,
          "application/vnd.ms-excel.template.macroEnabled.main+xml", true},
     };
-    embedded::Package package = workbookPackage({{"One"}});
+    opc::Package package = workbookPackage({{"One"}});
     package.addPart("/xl/vbaProject.bin", "application/vnd.ms-office.vbaProject", kMacros);
     package.relationshipsOf(kWorkbookPart)
         .addPart("http://schemas.microsoft.com/office/2006/relationships/vbaProject", "/xl/vbaProject.bin");
@@ -52,14 +52,14 @@ TEST(Workbook, isWrittenInTheFormatsOfTheEngine) {
             continue;
         }
         EXPECT_EQ(error, "no error");
-        const embedded::Package saved = embedded::Package::read(book.files.files["/target"], "/target");
+        const opc::Package saved = opc::Package::read(book.files.files["/target"], "/target");
         EXPECT_EQ(saved.readPart("/xl/vbaProject.bin"), kMacros);
         EXPECT_EQ(saved.contentTypes().of(kWorkbookPart), test.type);
     }
     for (const Case& test : cases) {
         OpenWorkbook book;
         book.workbook->SaveAs("/target", test.format);
-        const embedded::Package saved = embedded::Package::read(book.files.files["/target"], "/target");
+        const opc::Package saved = opc::Package::read(book.files.files["/target"], "/target");
         EXPECT_EQ(saved.contentTypes().of(saved.mainPart()), test.type);
         EXPECT_TRUE(book.application->canSaveAs(test.format));
     }
@@ -71,7 +71,7 @@ TEST(Workbook, isRefusedWhenNobodyCouldDropIntoIt) {
         std::string bytes;
         const char* reason;
     };
-    embedded::Package noPart = workbookPackage({{"One"}});
+    opc::Package noPart = workbookPackage({{"One"}});
     noPart.removePart(sheetPart(1));
     const std::vector<Case> cases{
         {workbookFile({{"One", "", "state=\"hidden\""}, {"Two", "", "state=\"veryHidden\""}}), "visible"},
@@ -119,7 +119,7 @@ void editEverything(OpenWorkbook& book) {
 
 /// The parts of the saved workbook, with what is in them.
 std::map<std::string, std::string> partsOf(OpenWorkbook& book) {
-    const embedded::Package saved = embedded::Package::read(book.files.files["/book.xlsx"], "/book.xlsx");
+    const opc::Package saved = opc::Package::read(book.files.files["/book.xlsx"], "/book.xlsx");
     std::map<std::string, std::string> parts;
     for (const std::string& name : saved.partNames())
         parts[name] = saved.readPart(name);
@@ -128,7 +128,7 @@ std::map<std::string, std::string> partsOf(OpenWorkbook& book) {
 
 TEST(Workbook, takesAStepBackAltogether) {
     const std::string formula = "<sheetData><row r=\"1\"><c r=\"A1\"><f>B1</f><v>0</v></c></row></sheetData>";
-    embedded::Package package =
+    opc::Package package =
         workbookPackage({{"One", formula}, {"Two"}},
                         "<definedNames><definedName name=\"Old\">1</definedName></definedNames>");
     package.addPart("/xl/calcChain.xml", kSpreadsheetType + "calcChain+xml",
@@ -149,7 +149,7 @@ TEST(Workbook, takesAStepBackAltogether) {
 
     editEverything(book);
     book.workbook->Save();
-    const embedded::Package saved = embedded::Package::read(book.files.files["/book.xlsx"], "/book.xlsx");
+    const opc::Package saved = opc::Package::read(book.files.files["/book.xlsx"], "/book.xlsx");
     EXPECT_FALSE(saved.hasPart("/xl/calcChain.xml"));
     const OpenWorkbook again{book.files.files["/book.xlsx"]};
     EXPECT_EQ(again.workbook->Worksheets()->Item(1)->Shapes()->Item(1)->Type(),
@@ -160,7 +160,7 @@ TEST(Workbook, takesAStepBackAltogether) {
 }
 
 TEST(Workbook, hasItsFormulasCalculatedAgain) {
-    embedded::Package package = workbookPackage({{"One"}});
+    opc::Package package = workbookPackage({{"One"}});
     package.addPart("/xl/calcChain.xml", kSpreadsheetType + "calcChain+xml",
                     "<calcChain xmlns=\"" + kSpreadsheet + "\"><c r=\"C1\" i=\"1\"/></calcChain>");
     package.relationshipsOf(kWorkbookPart).addPart(officeType("calcChain"), "/xl/calcChain.xml");
@@ -211,7 +211,7 @@ TEST(Pictures, ofOthersKeepTheirSizesWhenColumnsAndRowsChange) {
     const std::string link =
         "<sheetData/><drawing xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/"
         "relationships\" r:id=\"rId1\"/>";
-    embedded::Package package = workbookPackage({{"One", link}});
+    opc::Package package = workbookPackage({{"One", link}});
     package.addPart("/xl/drawings/drawing1.xml", "application/vnd.openxmlformats-officedocument.drawing+xml",
                     drawing);
     package.relationshipsOf(sheetPart(1)).addPart(officeType("drawing"), "/xl/drawings/drawing1.xml");

@@ -37,7 +37,7 @@ struct OpenWorkbook {
     /// Saves the workbook and answers one of its parts.
     std::string savedPart(const std::string& partName) {
         workbook->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
-        return embedded::Package::read(files.files["/saved.xlsx"], "/saved.xlsx").readPart(partName);
+        return opc::Package::read(files.files["/saved.xlsx"], "/saved.xlsx").readPart(partName);
     }
 
     MemoryFileStore files;

@@ -49,7 +49,7 @@ std::string utf16(const std::string& ascii) {
 std::string kindOf(const std::string& bytes) {
     if (!bytes.starts_with("PK") || bytes.find("mimetypeapplication") != std::string::npos) return bytes;
     std::string kinds;
-    const embedded::Package package = embedded::Package::read(bytes, "result");
+    const opc::Package package = opc::Package::read(bytes, "result");
     for (const char* const part : {"/word/document.xml", "/xl/workbook.xml"})
         if (package.hasPart(part)) kinds += package.contentTypes().of(part);
     return kinds;

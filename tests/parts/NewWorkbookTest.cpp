@@ -25,17 +25,18 @@ std::vector<std::string> childrenOf(pugi::xml_node element) {
 }
 
 TEST(NewWorkbook, SheetIsFoundBehindTheWorkbooksRelationship) {
-    Package package = seededPackage(newWorkbookParts());
+    opc::Package package = seededPackage(newWorkbookParts());
     ASSERT_EQ(package.mainPart(), "/xl/workbook.xml");
     const pugi::xml_document workbook = parsedWorkbookPart("/xl/workbook.xml");
     EXPECT_THAT(childrenOf(workbook.child("workbook")), ElementsAre("workbookPr", "bookViews", "sheets"));
     const pugi::xml_node sheets = workbook.child("workbook").child("sheets");
     ASSERT_THAT(childrenOf(sheets), ElementsAre("sheet"));
     EXPECT_STREQ(sheets.child("sheet").attribute("name").value(), "Sheet1");
-    const Relationships& relationships = package.relationshipsOf("/xl/workbook.xml");
-    const Relationship* const sheet = relationships.find(sheets.child("sheet").attribute("r:id").value());
+    const opc::Relationships& relationships = package.relationshipsOf("/xl/workbook.xml");
+    const opc::Relationship* const sheet =
+        relationships.find(sheets.child("sheet").attribute("r:id").value());
     ASSERT_NE(sheet, nullptr);
-    EXPECT_EQ(officeShortName(sheet->type), "worksheet");
+    EXPECT_EQ(opc::officeShortName(sheet->type), "worksheet");
     EXPECT_EQ(relationships.targetPart(*sheet), "/xl/worksheets/sheet1.xml");
 }
 

@@ -17,7 +17,7 @@ std::string gif(const std::string& pixels) {
 }
 
 std::string addTo(PictureParts& pictures, const std::string& documentPart, const std::string& bytes) {
-    return pictures.add(documentPart, bytes, PictureFile::read(bytes, "logo.gif"));
+    return pictures.add(documentPart, bytes, opc::PictureFile::read(bytes, "logo.gif"));
 }
 
 class StringSink : public ByteSink {
@@ -28,7 +28,7 @@ class StringSink : public ByteSink {
 };
 
 TEST(PictureParts, addsEachPictureOnce) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     package.addPart("/word/media/IMAGE2.png", "image/png", "another");
     PictureParts pictures(package);
     const std::string first = addTo(pictures, kDocument, gif("a"));
@@ -39,7 +39,7 @@ TEST(PictureParts, addsEachPictureOnce) {
     EXPECT_THAT(package.partNames(),
                 ElementsAre("/word/media/IMAGE2.png", "/word/media/image1.gif", "/word/media/image3.gif"));
     EXPECT_EQ(package.contentTypes().of("/word/media/image9.gif"), "image/gif");
-    const Relationships& ofHeader = package.relationshipsOf(kHeader);
+    const opc::Relationships& ofHeader = package.relationshipsOf(kHeader);
     ASSERT_EQ(ofHeader.all().size(), 1U);
     EXPECT_EQ(ofHeader.targetPart(ofHeader.all()[0]), "/word/media/image3.gif");
     EXPECT_EQ(package.relationshipsOf(kDocument).find(second)->target, "media/image3.gif");
@@ -47,13 +47,13 @@ TEST(PictureParts, addsEachPictureOnce) {
 }
 
 TEST(PictureParts, usesWhatThePackageHolds) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     PictureParts earlier(package);
     const std::string id = addTo(earlier, kDocument, gif("a"));
     StringSink sink;
     package.write(sink);
 
-    Package again = Package::read(sink.text, "orders.docx");
+    opc::Package again = opc::Package::read(sink.text, "orders.docx");
     PictureParts pictures(again);
     EXPECT_EQ(addTo(pictures, kDocument, gif("a")), id);
     EXPECT_EQ(again.partNames().size(), 1U);
@@ -61,31 +61,31 @@ TEST(PictureParts, usesWhatThePackageHolds) {
 }
 
 TEST(PictureParts, addsAgainWhatAnUndoneDropTookOut) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     PictureParts pictures(package);
     const std::string id = addTo(pictures, kDocument, gif("a"));
     package.removePart("/word/media/image1.gif");
     package.relationshipsOf(kDocument).remove(id);
     const std::string second = addTo(pictures, kDocument, gif("a"));
-    const Relationships& relationships = package.relationshipsOf(kDocument);
+    const opc::Relationships& relationships = package.relationshipsOf(kDocument);
     ASSERT_NE(relationships.find(second), nullptr);
     EXPECT_TRUE(package.hasPart(relationships.targetPart(*relationships.find(second))));
 }
 
 TEST(PictureParts, putsPicturesIntoTheFolderThatIsAskedFor) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     PictureParts pictures(package);
     const std::string drawing = "/xl/drawings/drawing1.xml";
-    const PictureFile file = PictureFile::read(gif("a"), "logo.gif");
+    const opc::PictureFile file = opc::PictureFile::read(gif("a"), "logo.gif");
     const std::string id = pictures.add(drawing, "/xl/media/", gif("a"), file);
-    const Relationships& relationships = package.relationshipsOf(drawing);
+    const opc::Relationships& relationships = package.relationshipsOf(drawing);
     EXPECT_EQ(relationships.targetPart(*relationships.find(id)), "/xl/media/image1.gif");
     EXPECT_TRUE(package.hasPart("/xl/media/image1.gif"));
 }
 
 TEST(PictureParts, takesAPictureOutWithItsLastRelationship) {
     const std::string picture = "/word/media/image1.gif";
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     package.addPart(kDocument, "text/xml", "<d/>");
     package.addPart(kHeader, "text/xml", "<h/>");
     PictureParts pictures(package);
@@ -100,7 +100,7 @@ TEST(PictureParts, takesAPictureOutWithItsLastRelationship) {
 
     pictures.restore(kHeader, last);
     EXPECT_EQ(package.readPart(picture), gif("a"));
-    Relationships& ofHeader = package.relationshipsOf(kHeader);
+    opc::Relationships& ofHeader = package.relationshipsOf(kHeader);
     EXPECT_EQ(ofHeader.targetPart(*ofHeader.find(inHeader)), picture);
     (void)addTo(pictures, kDocument, gif("a"));
     (void)pictures.release(kHeader, inHeader);
@@ -108,7 +108,7 @@ TEST(PictureParts, takesAPictureOutWithItsLastRelationship) {
 }
 
 TEST(PictureParts, keepsThePictureOfThePackageItself) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     package.addPart(kDocument, "text/xml", "<d/>");
     PictureParts pictures(package);
     const std::string id = addTo(pictures, kDocument, gif("a"));
@@ -120,12 +120,12 @@ TEST(PictureParts, keepsThePictureOfThePackageItself) {
 }
 
 TEST(PictureParts, doesNotTakeAnothersRelationshipForItsOwn) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     PictureParts earlier(package);
     const std::string id = addTo(earlier, kDocument, gif("a"));
     StringSink sink;
     package.write(sink);
-    Package again = Package::read(sink.text, "orders.docx");
+    opc::Package again = opc::Package::read(sink.text, "orders.docx");
     PictureParts pictures(again);
     (void)pictures.release(kDocument, addTo(pictures, kDocument, gif("a")));
     // The id is free again and goes to the next picture.
@@ -134,7 +134,7 @@ TEST(PictureParts, doesNotTakeAnothersRelationshipForItsOwn) {
 }
 
 TEST(PictureParts, namesATypeThatTheExtensionDoesNotGive) {
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     package.contentTypes().ensureDefault("gif", "image/other");
     PictureParts pictures(package);
     (void)addTo(pictures, kDocument, gif("a"));

@@ -31,7 +31,7 @@ class CalculationChainTest : public testing::Test {
     bool isRelated() { return !package_.relationshipsOf(kWorkbookName).ofOfficeType("calcChain").empty(); }
 
     UndoLog undo_;
-    Package package_ = oneSheetPackage();
+    opc::Package package_ = oneSheetPackage();
     CalculationChain chain_{package_, kWorkbookName, undo_};
 };
 

@@ -46,7 +46,7 @@ class DefinedNamesTest : public testing::Test {
 
   private:
     std::string children_;
-    std::optional<Package> package_;
+    std::optional<opc::Package> package_;
     std::optional<WorkbookPart> book_;
 };
 

@@ -57,23 +57,23 @@ struct DrawnSheet {
     /// The package comes with a sheet's part; a drawing is put beside it unless it is empty.
     explicit DrawnSheet(const std::string& drawingPart = "", const std::string& columns = "")
         : DrawnSheet(oneSheetPackage(), drawingPart, columns) {}
-    DrawnSheet(Package made, const std::string& drawingPart, const std::string& columns)
+    DrawnSheet(opc::Package made, const std::string& drawingPart, const std::string& columns)
         : package(std::move(made)),
           part(worksheet(columns + "<sheetData/>" + addDrawing(drawingPart)), kSheetPart, "Orders.xlsx",
                undo) {}
 
     /// The relationships that the drawing has.
-    Relationships& relationships() { return package.relationshipsOf(kDrawingPart); }
+    opc::Relationships& relationships() { return package.relationshipsOf(kDrawingPart); }
     std::string stored() {
         drawing.store();
         return package.readPart(kDrawingPart);
     }
     [[nodiscard]] SheetDrawing::ShapeId shape(const std::string& name) { return drawing.find(name).value(); }
     SheetDrawing::ShapeId add(const char* cell, const std::string& bytes = gif()) {
-        return drawing.addPicture(at(cell), bytes, PictureFile::read(bytes, "logo.gif"));
+        return drawing.addPicture(at(cell), bytes, opc::PictureFile::read(bytes, "logo.gif"));
     }
 
-    Package package;
+    opc::Package package;
     UndoLog undo{};
     SheetPart part;
     StyleSheet styles{};

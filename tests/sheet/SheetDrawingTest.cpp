@@ -115,21 +115,21 @@ TEST(SheetDrawing, drawsOnASheetWithoutADrawing) {
               "application/vnd.openxmlformats-officedocument.drawing+xml");
     EXPECT_EQ(sheet.package.readPart("/xl/media/image1.gif"), gif());
     EXPECT_EQ(sheet.relationships().targetPart(*sheet.relationships().find("rId1")), "/xl/media/image1.gif");
-    const Relationships& ofSheet = sheet.package.relationshipsOf(kSheetPart);
+    const opc::Relationships& ofSheet = sheet.package.relationshipsOf(kSheetPart);
     ASSERT_EQ(ofSheet.ofOfficeType("drawing").size(), 1U);
     EXPECT_EQ(ofSheet.targetPart(*ofSheet.ofOfficeType("drawing").front()), kDrawingPart);
     EXPECT_EQ(sheet.part.section("drawing"), "<drawing r:id=\"rId1\"/>");
-    EXPECT_THAT(
-        sheet.part.toXml(),
-        HasSubstr("xmlns:r=\"" + std::string(drawingNamespaces(Conformance::Transitional).relationships)));
+    EXPECT_THAT(sheet.part.toXml(),
+                HasSubstr("xmlns:r=\"" +
+                          std::string(drawingNamespaces(opc::Conformance::Transitional).relationships)));
 }
 
 TEST(SheetDrawing, takesTheNamespacesOfAStrictWorkbook) {
     UndoLog undo;
-    Package package = Package::empty();
+    opc::Package package = opc::Package::empty();
     package.addPart(kWorkbookName, kSheetTypes + "sheet.main+xml", "<workbook/>");
-    package.relationshipsOf("/").addPart(officeRelationshipType("officeDocument", Conformance::Strict),
-                                         kWorkbookName);
+    package.relationshipsOf("/").addPart(
+        opc::officeRelationshipType("officeDocument", opc::Conformance::Strict), kWorkbookName);
     SheetPart part(
         R"(<worksheet xmlns="http://purl.oclc.org/ooxml/spreadsheetml/main"><sheetData/></worksheet>)",
         kSheetPart, "Orders.xlsx", undo);
@@ -137,7 +137,7 @@ TEST(SheetDrawing, takesTheNamespacesOfAStrictWorkbook) {
     SheetGeometry geometry(part, styles, undo);
     PictureParts pictures(package);
     SheetDrawing drawing(package, part, geometry, pictures, undo);
-    (void)drawing.addPicture(at("B3"), gif(), PictureFile::read(gif(), "logo.gif"));
+    (void)drawing.addPicture(at("B3"), gif(), opc::PictureFile::read(gif(), "logo.gif"));
     drawing.store();
     EXPECT_THAT(package.readPart(kDrawingPart), Not(HasSubstr("schemas.openxmlformats.org")));
     EXPECT_THAT(part.toXml(), Not(HasSubstr("schemas.openxmlformats.org")));

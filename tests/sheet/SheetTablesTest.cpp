@@ -39,7 +39,7 @@ class SheetTablesTest : public testing::Test {
     }
 
     UndoLog undo_;
-    Package package_ = oneSheetPackage();
+    opc::Package package_ = oneSheetPackage();
     SheetTables tables_{package_, kSheetName, undo_};
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@ inline const std::string kWorkbookName = "/xl/workbook.xml";
 inline const std::string kSheetTypes = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
 
 inline std::string relationType(const std::string& shortName) {
-    return officeRelationshipType(shortName, Conformance::Transitional);
+    return opc::officeRelationshipType(shortName, opc::Conformance::Transitional);
 }
 
 inline std::string workbookXml(const std::string& children) {
@@ -34,9 +34,9 @@ inline std::string sheetList(const std::vector<std::string>& states) {
 
 /// A package whose main part is the XML, with so many worksheets: "rId1" leads to
 /// "/xl/worksheets/sheet1.xml".
-inline Package workbookPackage(const std::string& xml, int sheets,
-                               const std::string& contentType = kSheetTypes + "sheet.main+xml") {
-    Package package = Package::empty();
+inline opc::Package workbookPackage(const std::string& xml, int sheets,
+                                    const std::string& contentType = kSheetTypes + "sheet.main+xml") {
+    opc::Package package = opc::Package::empty();
     package.addPart(kWorkbookName, contentType, xml);
     package.relationshipsOf("/").addPart(relationType("officeDocument"), kWorkbookName);
     for (int i = 1; i <= sheets; ++i) {
@@ -48,7 +48,7 @@ inline Package workbookPackage(const std::string& xml, int sheets,
 }
 
 /// A workbook with one sheet and the given children behind its list.
-inline Package oneSheetPackage(const std::string& children = "") {
+inline opc::Package oneSheetPackage(const std::string& children = "") {
     return workbookPackage(workbookXml(sheetList({"visible"}) + children), 1);
 }
 

@@ -11,7 +11,7 @@ namespace {
 using testing::HasSubstr;
 
 /// What reading a package is refused with; empty when it is not.
-std::string refusal(Package package) {
+std::string refusal(opc::Package package) {
     UndoLog undo;
     try {
         const WorkbookPart part(package, undo);
@@ -56,16 +56,18 @@ TEST(WorkbookPart, RefusesWhatCannotBeEdited) {
     EXPECT_THAT(refusal(workbookPackage("<workbook><sheets></workbook>", 1)), HasSubstr(kWorkbookName));
     EXPECT_THAT(refusal(workbookPackage("<chartsheet/>", 1)), HasSubstr("no root element"));
 
-    Package lost = workbookPackage(workbookXml(sheet), 1);
+    opc::Package lost = workbookPackage(workbookXml(sheet), 1);
     lost.removePart("/xl/worksheets/sheet1.xml");
     EXPECT_THAT(refusal(std::move(lost)), HasSubstr("\"S1\" is missing"));
-    Package sealed = workbookPackage(workbookXml(sheet), 1);
-    sealed.relationshipsOf("/").addPart(std::string(kSignatureOriginType), "/_xmlsignatures/origin.sigs");
+    opc::Package sealed = workbookPackage(workbookXml(sheet), 1);
+    sealed.relationshipsOf("/").addPart(std::string(opc::kSignatureOriginType),
+                                        "/_xmlsignatures/origin.sigs");
     EXPECT_THAT(refusal(std::move(sealed)), HasSubstr("digitally signed"));
 }
 
 TEST(WorkbookPart, ListsSheetsOfAllKindsInTheirOrder) {
-    Package package = workbookPackage(workbookXml(sheetList({"visible", "hidden", "visible", "visible"})), 2);
+    opc::Package package =
+        workbookPackage(workbookXml(sheetList({"visible", "hidden", "visible", "visible"})), 2);
     const auto add = [&](const std::string& type, const std::string& part) {
         package.addPart(part, "application/xml", "<x/>");
         package.relationshipsOf(kWorkbookName).addPart(type, part);
@@ -90,10 +92,10 @@ TEST(WorkbookPart, ReadsStrictPartsWithPrefixes) {
         "xmlns:rel=\"http://purl.oclc.org/ooxml/officeDocument/relationships\" xmlns:other=\"urn:other\">"
         "<x:sheets><x:sheet name=\"A\" sheetId=\"1\" other:id=\"rId7\" rel:id=\"rId1\"/></x:sheets>"
         "<x:definedNames><x:definedName name=\"Here\">A!$A$1</x:definedName></x:definedNames></x:workbook>";
-    Package package = workbookPackage(xml, 0);
+    opc::Package package = workbookPackage(xml, 0);
     package.addPart("/xl/one.xml", kSheetTypes + "worksheet+xml", "<worksheet/>");
     package.relationshipsOf(kWorkbookName)
-        .addPart(officeRelationshipType("worksheet", Conformance::Strict), "/xl/one.xml");
+        .addPart(opc::officeRelationshipType("worksheet", opc::Conformance::Strict), "/xl/one.xml");
     UndoLog undo;
     WorkbookPart part(package, undo);
     EXPECT_EQ(part.sheets().front().partName, "/xl/one.xml");
@@ -118,7 +120,7 @@ TEST(WorkbookPart, TakesAVisibleSheetForTheActiveOne) {
         {"<bookViews><workbookView activeTab=\"-1\"/></bookViews>", {"visible", "visible"}, 0},
     };
     for (const auto& [views, states, active] : cases) {
-        Package package = workbookPackage(workbookXml(views + sheetList(states)), 2);
+        opc::Package package = workbookPackage(workbookXml(views + sheetList(states)), 2);
         UndoLog undo;
         EXPECT_EQ(WorkbookPart(package, undo).activeSheet(), active) << views;
     }
@@ -129,7 +131,7 @@ TEST(WorkbookPart, WritesTheActiveSheetIntoItsView) {
     for (const std::string& views : {std::string(), std::string("<bookViews/>"),
                                      std::string("<bookViews><workbookView/></bookViews>")}) {
         const std::string xml = workbookXml("<workbookPr/>" + views + sheets);
-        Package package = workbookPackage(xml, 3);
+        opc::Package package = workbookPackage(xml, 3);
         UndoLog undo;
         WorkbookPart part(package, undo);
         part.setActiveSheet(0);
@@ -148,7 +150,7 @@ TEST(WorkbookPart, WritesTheActiveSheetIntoItsView) {
 }
 
 TEST(WorkbookPart, WhatIsTakenBackAfterStoringIsStoredAgain) {
-    Package package = workbookPackage(workbookXml(sheetList({"visible", "visible"})), 2);
+    opc::Package package = workbookPackage(workbookXml(sheetList({"visible", "visible"})), 2);
     UndoLog undo;
     WorkbookPart part(package, undo);
     const std::string before = package.readPart(kWorkbookName);

@@ -129,39 +129,44 @@ Places placesOf(const Story& story) {
 }
 
 /// What is wrong with the elements below a node, by the standard's rules of what stands where.
-string faultsIn(const WordNames& names, pugi::xml_node node, std::set<string>& openIds) {
+string faultsIn(const opc::WordNames& names, pugi::xml_node node, std::set<string>& openIds) {
     string faults;
-    const WordTag tag = names.tagOf(node);
+    const opc::WordTag tag = names.tagOf(node);
     pugi::xml_node last;
     for (const pugi::xml_node child : node.children()) {
-        const WordTag inner = names.tagOf(child);
+        const opc::WordTag inner = names.tagOf(child);
         const string id = names.value(child, "id");
         // A fallback repeats the ids of what it stands for.
         if (std::string_view(child.name()) == "mc:Fallback") continue;
-        if (inner == WordTag::BookmarkStart && !openIds.insert(id).second) faults += " id twice";
-        if (inner == WordTag::BookmarkEnd && openIds.count(id) == 0) faults += " end without start";
-        if (inner == WordTag::BookmarkStart || inner == WordTag::BookmarkEnd) continue;
-        const bool isProperties =
-            inner == WordTag::ParagraphProperties || (inner == WordTag::RunProperties && tag == WordTag::Run);
+        if (inner == opc::WordTag::BookmarkStart && !openIds.insert(id).second) faults += " id twice";
+        if (inner == opc::WordTag::BookmarkEnd && openIds.count(id) == 0) faults += " end without start";
+        if (inner == opc::WordTag::BookmarkStart || inner == opc::WordTag::BookmarkEnd) continue;
+        const bool isProperties = inner == opc::WordTag::ParagraphProperties ||
+                                  (inner == opc::WordTag::RunProperties && tag == opc::WordTag::Run);
         if (isProperties && child.previous_sibling()) faults += " properties not first";
-        if (inner == WordTag::Paragraph &&
-            names.ancestor(child, WordTag::TextBoxContent) ==
-                names.ancestor(names.ancestor(child, WordTag::Paragraph), WordTag::TextBoxContent) &&
-            names.ancestor(child, WordTag::Paragraph))
+        if (inner == opc::WordTag::Paragraph &&
+            names.ancestor(child, opc::WordTag::TextBoxContent) ==
+                names.ancestor(names.ancestor(child, opc::WordTag::Paragraph),
+                               opc::WordTag::TextBoxContent) &&
+            names.ancestor(child, opc::WordTag::Paragraph))
             faults += " paragraph in paragraph";
-        if (inner == WordTag::Run && !names.ancestor(child, WordTag::Paragraph)) faults += " run outside";
-        if (inner == WordTag::TextElement && tag != WordTag::Run) faults += " text outside a run";
+        if (inner == opc::WordTag::Run && !names.ancestor(child, opc::WordTag::Paragraph))
+            faults += " run outside";
+        if (inner == opc::WordTag::TextElement && tag != opc::WordTag::Run) faults += " text outside a run";
         const std::string_view text = child.child_value();
         const bool blanks = !text.empty() && (text.front() == ' ' || text.back() == ' ');
-        if (inner == WordTag::TextElement && blanks && !child.attribute("xml:space")) faults += " blank lost";
-        if (inner == WordTag::SectionProperties && child.next_sibling()) faults += " section not last";
+        if (inner == opc::WordTag::TextElement && blanks && !child.attribute("xml:space"))
+            faults += " blank lost";
+        if (inner == opc::WordTag::SectionProperties && child.next_sibling()) faults += " section not last";
         faults += faultsIn(names, child, openIds);
         last = child;
     }
-    const WordTag lastTag = names.tagOf(last);
-    if (tag == WordTag::CellElement && lastTag != WordTag::Paragraph && lastTag != WordTag::ContentControl)
+    const opc::WordTag lastTag = names.tagOf(last);
+    if (tag == opc::WordTag::CellElement && lastTag != opc::WordTag::Paragraph &&
+        lastTag != opc::WordTag::ContentControl)
         faults += " cell without a last paragraph";
-    if (tag == WordTag::Row && lastTag != WordTag::CellElement && lastTag != WordTag::ContentControl)
+    if (tag == opc::WordTag::Row && lastTag != opc::WordTag::CellElement &&
+        lastTag != opc::WordTag::ContentControl)
         faults += " row without cells";
     return faults;
 }

@@ -28,7 +28,7 @@ inline std::string documentXml(const std::string& body) {
 
 /// A story with the routines that change it.
 struct OpenStory {
-    OpenStory(XmlPart& part, const WordNames& names, WordSkeletons& skeletons, pugi::xml_node root,
+    OpenStory(opc::XmlPart& part, const opc::WordNames& names, WordSkeletons& skeletons, pugi::xml_node root,
               BookmarkTable& table, EditJournal& journal)
         : story(part, names, root, "story", table),
           editor(story, skeletons, journal),
@@ -53,7 +53,7 @@ struct OpenStory {
 /// The stories of one part, of which the first is the body.
 struct OpenPart {
     explicit OpenPart(const std::string& partXml)
-        : part(XmlPart::parse(partXml, "/word/document.xml", "test.docx")),
+        : part(opc::XmlPart::parse(partXml, "/word/document.xml", "test.docx")),
           names(part->root()),
           skeletons(*part, names) {
         open(part->root().first_child());
@@ -79,8 +79,8 @@ struct OpenPart {
         return xml.substr(start, end - start);
     }
 
-    std::unique_ptr<XmlPart> part;
-    WordNames names;
+    std::unique_ptr<opc::XmlPart> part;
+    opc::WordNames names;
     WordSkeletons skeletons;
     BookmarkTable table;
     EditJournal journal;

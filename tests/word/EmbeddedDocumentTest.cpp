@@ -34,11 +34,11 @@ string storyPart(const string& element, const string& inside) {
 
 /// A document file with a header, a footnote and a comment beside its body.
 string richFile(const string& body) {
-    embedded::Package package = embedded::Package::read(wordFile(body), "rich.docx");
+    opc::Package package = opc::Package::read(wordFile(body), "rich.docx");
     const auto add = [&](const string& type, const string& name, const string& xml) {
         package.addPart(name, "application/xml", xml);
         package.relationshipsOf(kMainPart).addPart(
-            embedded::officeRelationshipType(type, embedded::Conformance::Transitional), name);
+            opc::officeRelationshipType(type, opc::Conformance::Transitional), name);
     };
     add("header", "/word/header1.xml",
         storyPart("hdr",
@@ -74,7 +74,7 @@ class EmbeddedDocumentTest : public testing::Test {
     }
     word::BookmarkPtr bookmark(const string& name) { return document->Bookmarks()->Item(name); }
     string partOf(const string& path, const string& part) {
-        return embedded::Package::read(files.files[path], path).readPart(part);
+        return opc::Package::read(files.files[path], path).readPart(part);
     }
     string saved(const string& part = kMainPart) {
         document->SaveAs("/saved.docx", word::WdSaveFormat::wdFormatXMLDocument);

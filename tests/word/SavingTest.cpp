@@ -21,7 +21,7 @@ const std::string kMacroPart = "/word/vbaProject.bin";
 const std::string kMacroDocument = "application/vnd.ms-word.document.macroEnabled.main+xml";
 
 std::string fileOfType(const std::string& mainType, bool hasMacros) {
-    embedded::Package package = embedded::Package::read(wordFile("<w:p/>"), "a");
+    opc::Package package = opc::Package::read(wordFile("<w:p/>"), "a");
     package.contentTypes().setOverride(kMainPart, mainType);
     if (hasMacros) {
         package.addPart(kMacroPart, "application/vnd.ms-office.vbaProject", kMacros);
@@ -52,7 +52,7 @@ TEST(Saving, macrosStayWhereTheirKindHasAPlaceForThem) {
     EXPECT_EQ(files.files["/b.dotx"], "precious");
     EXPECT_EQ(document->FullName(), "/a.docm");
     document->SaveAs("/b.dotm", WdSaveFormat::wdFormatXMLTemplateMacroEnabled);
-    const embedded::Package saved = embedded::Package::read(files.files["/b.dotm"], "/b.dotm");
+    const opc::Package saved = opc::Package::read(files.files["/b.dotm"], "/b.dotm");
     EXPECT_EQ(saved.readPart(kMacroPart), kMacros);
     EXPECT_EQ(saved.contentTypes().of(kMainPart),
               "application/vnd.ms-word.template.macroEnabledTemplate.main+xml");
@@ -79,7 +79,7 @@ TEST(Saving, aFailureLeavesTheTargetAndTheDocumentWhole) {
                 EXPECT_EQ(disk.files["/b.dotx"], "precious");
                 EXPECT_FALSE(document->Saved());
                 document->Save();
-                const embedded::Package saved = embedded::Package::read(disk.files["/a.docx"], "/a.docx");
+                const opc::Package saved = opc::Package::read(disk.files["/a.docx"], "/a.docx");
                 EXPECT_THAT(saved.contentTypes().of(kMainPart), HasSubstr("document.main")) << "no template";
                 EXPECT_EQ(shownBody(disk.files["/a.docx"]), "x\n");
             }
@@ -93,10 +93,10 @@ TEST(Saving, aFailureLeavesTheTargetAndTheDocumentWhole) {
 
 TEST(Saving, refusesWhatItCannotEditSafely) {
     const std::string sheet = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml";
-    embedded::Package bodiless = embedded::Package::read(wordFile(""), "a");
+    opc::Package bodiless = opc::Package::read(wordFile(""), "a");
     bodiless.writePart(
         kMainPart, "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"/>");
-    embedded::Package isSigned = embedded::Package::read(wordFile(""), "a");
+    opc::Package isSigned = opc::Package::read(wordFile(""), "a");
     isSigned.addPart("/_xmlsignatures/origin.sigs", "application/xml", "");
     const std::map<std::string, std::string> cases = {
         {"no Word document", fileOfType(sheet, false)},

@@ -63,12 +63,12 @@ void EmbeddedExcelApplication::Quit() {
 }
 
 excel::WorkbookPtr EmbeddedExcelApplication::open(const std::string& fileName) {
-    return list(Package::read(files_.read(fileName), fileName), fileName, true);
+    return list(opc::Package::read(files_.read(fileName), fileName), fileName, true);
 }
 
 excel::WorkbookPtr EmbeddedExcelApplication::add(const std::string& templatePath) {
-    Package package = templatePath.empty() ? seededPackage(newWorkbookParts())
-                                           : Package::read(files_.read(templatePath), templatePath);
+    opc::Package package = templatePath.empty() ? seededPackage(newWorkbookParts())
+                                                : opc::Package::read(files_.read(templatePath), templatePath);
     return list(std::move(package), "Book" + std::to_string(added_ + 1), false);
 }
 
@@ -76,7 +76,7 @@ void EmbeddedExcelApplication::remove(const EmbeddedWorkbook& workbook) {
     std::erase_if(workbooks_, [&](const auto& candidate) { return candidate.get() == &workbook; });
 }
 
-excel::WorkbookPtr EmbeddedExcelApplication::list(Package package, const std::string& fullName,
+excel::WorkbookPtr EmbeddedExcelApplication::list(opc::Package package, const std::string& fullName,
                                                   bool wasOpened) {
     auto content = std::make_shared<WorkbookContent>(std::move(package), files_);
     // A sheet that cannot be read is told when the workbook is opened, not in the middle of the work.

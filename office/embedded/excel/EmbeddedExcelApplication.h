@@ -38,7 +38,7 @@ class EmbeddedExcelApplication final : public excel::Application,
     void remove(const EmbeddedWorkbook& workbook);
 
   private:
-    excel::WorkbookPtr list(Package package, const std::string& fullName, bool wasOpened);
+    excel::WorkbookPtr list(opc::Package package, const std::string& fullName, bool wasOpened);
     [[nodiscard]] const std::shared_ptr<WorkbookContent>& activeContent() const;
 
     FileStore& files_;

@@ -1,7 +1,7 @@
 #include "office/embedded/excel/EmbeddedPictures.h"
 
 #include "office/embedded/excel/EmbeddedPicture.h"
-#include "office/embedded/parts/PictureFile.h"
+#include "office/opc/PictureFile.h"
 
 namespace mergeloom::embedded {
 
@@ -9,7 +9,7 @@ excel::PicturePtr EmbeddedPictures::Insert(const std::string& fileName) {
     SheetContent& sheet = content_->sheet(sheet_);
     checkObjectsMayChange(sheet);
     std::string bytes = content_->files().read(fileName);
-    const PictureFile picture = PictureFile::read(bytes, fileName);
+    const opc::PictureFile picture = opc::PictureFile::read(bytes, fileName);
     const CellPosition cell = sheet.merged().areaAt(sheet.selection().activeCell).first;
     content_->touch();
     const SheetDrawing::ShapeId shape = sheet.drawing().addPicture(cell, std::move(bytes), picture);

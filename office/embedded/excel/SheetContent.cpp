@@ -1,6 +1,6 @@
 #include "office/embedded/excel/SheetContent.h"
 
-#include "office/embedded/parts/XmlPart.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 
@@ -9,13 +9,13 @@ namespace mergeloom::embedded {
 namespace {
 
 /// The cells that the sheet's pivot tables fill (ECMA-376 Part 1, 18.10.1.49).
-std::vector<CellArea> pivotTablesOf(Package& package, const std::string& sheetPart) {
+std::vector<CellArea> pivotTablesOf(opc::Package& package, const std::string& sheetPart) {
     std::vector<CellArea> areas;
-    const Relationships& relationships = package.relationshipsOf(sheetPart);
-    for (const Relationship* relationship : relationships.ofOfficeType("pivotTable")) {
+    const opc::Relationships& relationships = package.relationshipsOf(sheetPart);
+    for (const opc::Relationship* relationship : relationships.ofOfficeType("pivotTable")) {
         const std::string partName = relationships.targetPart(*relationship);
         if (!package.hasPart(partName)) continue;
-        const auto part = XmlPart::parse(package.readPart(partName), partName, package.fileName());
+        const auto part = opc::XmlPart::parse(package.readPart(partName), partName, package.fileName());
         for (const pugi::xml_node child : part->root().children()) {
             const auto area = parseArea(child.attribute("ref").value());
             if (std::string_view(child.name()).ends_with("location") && area) areas.push_back(*area);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/sheet/MergedCells.h"
 #include "office/embedded/sheet/SheetDrawing.h"
@@ -12,6 +11,7 @@
 #include "office/embedded/sheet/StyleSheet.h"
 #include "office/embedded/sheet/UndoLog.h"
 #include "office/embedded/sheet/WorkbookPart.h"
+#include "office/opc/Package.h"
 
 #include <string>
 #include <vector>
@@ -20,7 +20,7 @@ namespace mergeloom::embedded {
 
 /// What the sheets of a workbook share.
 struct SheetSurroundings {
-    Package& package;
+    opc::Package& package;
     PictureParts& pictures;
     const StyleSheet& styles;
     UndoLog& undo;
@@ -54,7 +54,7 @@ class SheetContent {
 
   private:
     const SheetEntry& entry_;
-    Package& package_;
+    opc::Package& package_;
     UndoLog& undo_;
     SheetPart part_;
     MergedCells merged_;

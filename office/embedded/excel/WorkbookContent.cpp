@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/package/UnreadableFile.h"
+#include "office/opc/UnreadableFile.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -19,22 +19,23 @@ constexpr CharacterCount kLongestCellText{32767};
 constexpr std::int64_t kMostCellsFilled = kLastRow;
 
 /// The part that a relationship of the workbook leads to; empty when there is none.
-std::string relatedPart(Package& package, const std::string& workbookPart, const char* type) {
-    const Relationships& relationships = package.relationshipsOf(workbookPart);
+std::string relatedPart(opc::Package& package, const std::string& workbookPart, const char* type) {
+    const opc::Relationships& relationships = package.relationshipsOf(workbookPart);
     const auto found = relationships.ofOfficeType(type);
     const std::string partName = found.empty() ? "" : relationships.targetPart(*found.front());
     return package.hasPart(partName) ? partName : "";
 }
 
-StyleSheet readStyles(Package& package, const std::string& workbookPart) {
+StyleSheet readStyles(opc::Package& package, const std::string& workbookPart) {
     const std::string partName = relatedPart(package, workbookPart, "styles");
     if (partName.empty()) return {};
     return {package.readPart(partName), partName, package.fileName()};
 }
 
-SharedStrings readSharedStrings(Package& package, const std::string& workbookPart) {
+SharedStrings readSharedStrings(opc::Package& package, const std::string& workbookPart) {
     const std::string partName = relatedPart(package, workbookPart, "sharedStrings");
-    if (partName.empty()) raiseUnreadable(package.fileName(), "it refers to a shared text, but it has none");
+    if (partName.empty())
+        opc::raiseUnreadable(package.fileName(), "it refers to a shared text, but it has none");
     return {package.readPart(partName), partName, package.fileName()};
 }
 
@@ -50,7 +51,7 @@ std::size_t indexOfSharedText(const StoredCell& cell) {
 
 }  // namespace
 
-WorkbookContent::WorkbookContent(Package package, FileStore& files)
+WorkbookContent::WorkbookContent(opc::Package package, FileStore& files)
     : package_(std::move(package)),
       files_(files),
       workbook_(package_, undo_),

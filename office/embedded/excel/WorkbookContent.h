@@ -2,7 +2,6 @@
 
 #include "base/FileStore.h"
 #include "office/embedded/excel/SheetContent.h"
-#include "office/embedded/package/Package.h"
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/sheet/CalculationChain.h"
 #include "office/embedded/sheet/SharedStrings.h"
@@ -10,6 +9,7 @@
 #include "office/embedded/sheet/TableNames.h"
 #include "office/embedded/sheet/UndoLog.h"
 #include "office/embedded/sheet/WorkbookPart.h"
+#include "office/opc/Package.h"
 
 #include <cstddef>
 #include <memory>
@@ -27,11 +27,11 @@ class WorkbookContent {
     /// Reads the workbook's part and its styles. Raises kFileCouldNotBeRead for a package that is no workbook
     /// or that cannot be edited safely. Pictures are read from the file store, which has to outlive the
     /// content.
-    WorkbookContent(Package package, FileStore& files);
+    WorkbookContent(opc::Package package, FileStore& files);
     WorkbookContent(const WorkbookContent&) = delete;
     WorkbookContent& operator=(const WorkbookContent&) = delete;
 
-    [[nodiscard]] Package& package() { return package_; }
+    [[nodiscard]] opc::Package& package() { return package_; }
     [[nodiscard]] FileStore& files() { return files_; }
     [[nodiscard]] WorkbookPart& workbook() { return workbook_; }
     [[nodiscard]] const WorkbookPart& workbook() const { return workbook_; }
@@ -70,7 +70,7 @@ class WorkbookContent {
   private:
     void checkMayWrite(SheetContent& sheet, const CellPosition& cell, const StoredCell& stored) const;
 
-    Package package_;
+    opc::Package package_;
     FileStore& files_;
     UndoLog undo_;
     PictureParts pictures_{package_};

@@ -9,12 +9,13 @@ std::string DocumentFile::name() const {
     return fileNameOnly(fullName_);
 }
 
-void DocumentFile::save(Package& package) {
+void DocumentFile::save(opc::Package& package) {
     if (!hasFile_) throw AutomationError(kFileCouldNotBeSaved, "The document has no file name yet.");
     write(package, fullName_);
 }
 
-void DocumentFile::saveAs(Package& package, DocumentFamily family, int number, const std::string& fileName) {
+void DocumentFile::saveAs(opc::Package& package, DocumentFamily family, int number,
+                          const std::string& fileName) {
     const std::string mainPart = package.mainPart();
     const std::string formerType = package.contentTypes().of(mainPart);
     setSaveFormat(package, family, number, fileName);
@@ -29,7 +30,7 @@ void DocumentFile::saveAs(Package& package, DocumentFamily family, int number, c
     hasFile_ = true;
 }
 
-void DocumentFile::write(Package& package, const std::string& fileName) {
+void DocumentFile::write(opc::Package& package, const std::string& fileName) {
     files_.save(fileName, [&](ByteSink& sink) { package.write(sink); });
 }
 

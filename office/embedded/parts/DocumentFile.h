@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "office/embedded/package/Package.h"
 #include "office/embedded/parts/SaveFormats.h"
+#include "office/opc/Package.h"
 
 #include <string>
 
@@ -20,13 +20,13 @@ class DocumentFile {
     [[nodiscard]] std::string name() const;
 
     /// Raises kFileCouldNotBeSaved, also for a document that has no file yet; an existing file stays whole.
-    void save(Package& package);
+    void save(opc::Package& package);
     /// Writes the document as another file, whose name it has from then on. Errors as for save and for
     /// setSaveFormat; the document stays what it was then.
-    void saveAs(Package& package, DocumentFamily family, int number, const std::string& fileName);
+    void saveAs(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
 
   private:
-    void write(Package& package, const std::string& fileName);
+    void write(opc::Package& package, const std::string& fileName);
 
     FileStore& files_;
     std::string fullName_;

@@ -23,8 +23,8 @@ std::string text(std::int64_t number) {
 
 }  // namespace
 
-const DrawingNamespaces& drawingNamespaces(Conformance conformance) {
-    return conformance == Conformance::Strict ? kStrict : kTransitional;
+const DrawingNamespaces& drawingNamespaces(opc::Conformance conformance) {
+    return conformance == opc::Conformance::Strict ? kStrict : kTransitional;
 }
 
 void appendPictureFill(pugi::xml_node picture, const std::string& prefix, const std::string& relationshipId,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/embedded/package/RelationshipTypes.h"
+#include "office/opc/RelationshipTypes.h"
 
 #include <cstdint>
 #include <pugixml.hpp>
@@ -19,7 +19,7 @@ struct DrawingNamespaces {
     const char* relationships;
 };
 
-const DrawingNamespaces& drawingNamespaces(Conformance conformance);
+const DrawingNamespaces& drawingNamespaces(opc::Conformance conformance);
 
 struct PictureRectangle {
     Emu left{};

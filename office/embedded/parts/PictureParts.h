@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/PictureFile.h"
+#include "office/opc/Package.h"
+#include "office/opc/PictureFile.h"
 
 #include <cstdint>
 #include <map>
@@ -25,15 +25,15 @@ struct ReleasedPicture {
 class PictureParts {
   public:
     /// The package must stay where it is as long as this lives.
-    explicit PictureParts(Package& package) : package_(package) {}
+    explicit PictureParts(opc::Package& package) : package_(package) {}
 
     /// The id of a relationship from the document's part to a part that holds the picture. A part of the
     /// package with the same bytes and a relationship to it are used again; otherwise they are added, as
     /// "media/imageN.ext" beside the document's part.
-    std::string add(const std::string& documentPart, std::string bytes, const PictureFile& picture);
+    std::string add(const std::string& documentPart, std::string bytes, const opc::PictureFile& picture);
     /// The same for a part whose pictures do not stand beside it; the folder ends in "/".
     std::string add(const std::string& documentPart, const std::string& mediaFolder, std::string bytes,
-                    const PictureFile& picture);
+                    const opc::PictureFile& picture);
 
     /// Takes a relationship of a part to a picture out, and the picture's part when no relationship of the
     /// package leads to it any more.
@@ -44,15 +44,15 @@ class PictureParts {
   private:
     void readMedia();
     void remember(const std::string& partName);
-    [[nodiscard]] std::string partWith(const std::string& bytes, const PictureFile& picture) const;
-    std::string addPart(const std::string& folder, std::string bytes, const PictureFile& picture);
+    [[nodiscard]] std::string partWith(const std::string& bytes, const opc::PictureFile& picture) const;
+    std::string addPart(const std::string& folder, std::string bytes, const opc::PictureFile& picture);
     void countUses();
     void readRelationships(const std::string& documentPart);
     std::string relationshipTo(const std::string& documentPart, const std::string& partName);
 
-    Package& package_;
+    opc::Package& package_;
     bool mediaRead_ = false;
-    std::multimap<PartDigest, std::string> parts_;
+    std::multimap<opc::PartDigest, std::string> parts_;
     std::set<std::string> stems_;  ///< keys of the parts without their extensions
     std::int64_t lastNumber_ = 0;
     std::map<std::pair<std::string, std::string>, std::string> relationshipIds_;  ///< by source and target

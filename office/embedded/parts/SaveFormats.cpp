@@ -46,8 +46,8 @@ const char* documentName(DocumentFamily family) {
     return family == DocumentFamily::Word ? "document" : "workbook";
 }
 
-bool holdsMacros(Package& package, const std::string& mainPart) {
-    const Relationships& relationships = package.relationshipsOf(mainPart);
+bool holdsMacros(opc::Package& package, const std::string& mainPart) {
+    const opc::Relationships& relationships = package.relationshipsOf(mainPart);
     return std::ranges::any_of(kMacroRelationships,
                                [&](const char* type) { return relationships.hasType(type); });
 }
@@ -59,7 +59,7 @@ bool canWrite(DocumentFamily family, int number) {
     return format != nullptr && format->engine;
 }
 
-void setSaveFormat(Package& package, DocumentFamily family, int number, const std::string& fileName) {
+void setSaveFormat(opc::Package& package, DocumentFamily family, int number, const std::string& fileName) {
     if (!canWrite(family, number)) {
         refuse(fileName, "its format can only be written by another office. Choose " +
                              extensions(family, Macros::Refused) + ".");

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
 #include "office/formats/FormatTable.h"
+#include "office/opc/Package.h"
 
 #include <string>
 
@@ -14,6 +14,6 @@ bool canWrite(DocumentFamily family, int number);
 
 /// Gives the main part the content type of a format. Raises kFileCouldNotBeSaved, and changes nothing, for a
 /// format that the engine does not write and for macros in a format that has no place for them.
-void setSaveFormat(Package& package, DocumentFamily family, int number, const std::string& fileName);
+void setSaveFormat(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
 
 }  // namespace mergeloom::embedded

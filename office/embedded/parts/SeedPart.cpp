@@ -2,8 +2,8 @@
 
 namespace mergeloom::embedded {
 
-Package seededPackage(const std::vector<SeedPart>& parts) {
-    Package package = Package::empty();
+opc::Package seededPackage(const std::vector<SeedPart>& parts) {
+    opc::Package package = opc::Package::empty();
     for (const SeedPart& part : parts) {
         package.addPart(part.name, part.contentType, part.xml);
         package.relationshipsOf(part.source).addPart(part.relationshipType, part.name);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <string>
 #include <string_view>
@@ -28,6 +28,6 @@ inline std::string join(std::string_view stem, std::string_view rest) {
 
 /// The package of a new document. The relationships of a source get the ids "rId1", "rId2" and so on, in the
 /// order of the parts.
-Package seededPackage(const std::vector<SeedPart>& parts);
+opc::Package seededPackage(const std::vector<SeedPart>& parts);
 
 }  // namespace mergeloom::embedded

@@ -12,7 +12,7 @@ bool isBlank(char character) {
 
 }  // namespace
 
-WordSkeletons::WordSkeletons(XmlPart& part, const WordNames& names) : part_(part), names_(names) {
+WordSkeletons::WordSkeletons(opc::XmlPart& part, const opc::WordNames& names) : part_(part), names_(names) {
     const auto element = [&](std::string_view name, const std::string& inside) {
         return "<" + names.element(name) + inside + "</" + names.element(name) + ">";
     };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/parts/WordNames.h"
-#include "office/embedded/parts/XmlPart.h"
+#include "office/opc/WordNames.h"
+#include "office/opc/XmlPart.h"
 
 #include <pugixml.hpp>
 #include <string>
@@ -12,7 +12,7 @@ namespace mergeloom::embedded {
 /// skeleton whose names they share, since the same few elements are made a hundred thousand times.
 class WordSkeletons {
   public:
-    WordSkeletons(XmlPart& part, const WordNames& names);
+    WordSkeletons(opc::XmlPart& part, const opc::WordNames& names);
     WordSkeletons(const WordSkeletons&) = delete;
     WordSkeletons& operator=(const WordSkeletons&) = delete;
 
@@ -31,8 +31,8 @@ class WordSkeletons {
     pugi::xml_node copy(pugi::xml_node node) { return part_.attic().append_copy(node); }
 
   private:
-    XmlPart& part_;
-    const WordNames& names_;
+    opc::XmlPart& part_;
+    const opc::WordNames& names_;
     pugi::xml_node paragraph_;
     pugi::xml_node run_;
     pugi::xml_node text_;

@@ -36,7 +36,7 @@ void appendPicture(pugi::xml_node anchor, const AnchoredPicture& picture,
 }  // namespace
 
 pugi::xml_node appendAnchoredPicture(pugi::xml_node root, const AnchoredPicture& picture,
-                                     Conformance conformance) {
+                                     opc::Conformance conformance) {
     pugi::xml_node anchor = append(root, "oneCellAnchor");
     appendFrom(anchor, picture.cell);
     appendExtent(anchor, nameLike(anchor, "ext").c_str(), picture.frame.width, picture.frame.height);

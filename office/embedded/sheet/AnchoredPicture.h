@@ -20,6 +20,6 @@ struct AnchoredPicture {
 /// Appends a picture that is anchored to the upper left corner of its cell and keeps its proportions to the
 /// root of a drawing (ECMA-376 Part 1, 20.5.2.24, 20.5.2.25).
 pugi::xml_node appendAnchoredPicture(pugi::xml_node root, const AnchoredPicture& picture,
-                                     Conformance conformance);
+                                     opc::Conformance conformance);
 
 }  // namespace mergeloom::embedded

@@ -32,18 +32,18 @@ void handOn(pugi::xml_node entry, PartState& state) {
 
 }  // namespace
 
-CalculationChain::CalculationChain(Package& package, std::string workbookPart, UndoLog& undo)
+CalculationChain::CalculationChain(opc::Package& package, std::string workbookPart, UndoLog& undo)
     : package_(package), workbookPart_(std::move(workbookPart)), state_(undo) {}
 
 void CalculationChain::load() {
     if (loaded_) return;
-    const Relationships& relationships = package_.relationshipsOf(workbookPart_);
+    const opc::Relationships& relationships = package_.relationshipsOf(workbookPart_);
     const auto found = relationships.ofOfficeType(kChainType);
     const std::string partName = found.empty() ? "" : relationships.targetPart(*found.front());
     if (package_.hasPart(partName)) {
         relationshipType_ = found.front()->type;
         contentType_ = package_.contentTypes().of(partName);
-        part_ = XmlPart::parse(package_.readPart(partName), partName, package_.fileName());
+        part_ = opc::XmlPart::parse(package_.readPart(partName), partName, package_.fileName());
         readEntries();
     }
     loaded_ = true;
@@ -95,9 +95,9 @@ void CalculationChain::put() {
 
 void CalculationChain::drop() {
     package_.removePart(part_->partName());
-    Relationships& relationships = package_.relationshipsOf(workbookPart_);
+    opc::Relationships& relationships = package_.relationshipsOf(workbookPart_);
     std::vector<std::string> ids;
-    for (const Relationship* relationship : relationships.ofOfficeType(kChainType))
+    for (const opc::Relationship* relationship : relationships.ofOfficeType(kChainType))
         ids.push_back(relationship->id);
     for (const std::string& id : ids)
         relationships.remove(id);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/PartState.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/opc/Package.h"
+#include "office/opc/XmlPart.h"
 
 #include <cstdint>
 #include <memory>
@@ -20,7 +20,7 @@ namespace mergeloom::embedded {
 class CalculationChain {
   public:
     /// Package and log must outlive the chain.
-    CalculationChain(Package& package, std::string workbookPart, UndoLog& undo);
+    CalculationChain(opc::Package& package, std::string workbookPart, UndoLog& undo);
 
     /// Takes a cell out of the chain; the number of its sheet is the sheetId that the workbook lists. A chain
     /// that becomes empty goes from the package. Raises kFileCouldNotBeRead when the chain is malformed.
@@ -37,11 +37,11 @@ class CalculationChain {
     void put();
     void drop();
 
-    Package& package_;
+    opc::Package& package_;
     std::string workbookPart_;
     PartState state_;
     bool loaded_ = false;
-    std::unique_ptr<XmlPart> part_;  ///< none where the workbook has no chain
+    std::unique_ptr<opc::XmlPart> part_;  ///< none where the workbook has no chain
     std::string contentType_;
     std::string relationshipType_;
     std::unordered_multimap<CellKey, pugi::xml_node> entries_;

@@ -55,7 +55,7 @@ pugi::xml_node predecessor(pugi::xml_node root) {
 
 }  // namespace
 
-DefinedNames::DefinedNames(XmlPart& part, PartState& state, std::size_t sheetCount)
+DefinedNames::DefinedNames(opc::XmlPart& part, PartState& state, std::size_t sheetCount)
     : part_(part), state_(state) {
     const pugi::xml_node names = childNamed(part.root(), "definedNames");
     if (!names) return;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/DefinedNameRule.h"
 #include "office/embedded/sheet/PartState.h"
+#include "office/opc/XmlPart.h"
 
 #include <cstdint>
 #include <optional>
@@ -31,7 +31,7 @@ class DefinedNames {
     };
 
     /// Reads the names of a workbook with that many sheets. Part and state must outlive the names.
-    DefinedNames(XmlPart& part, PartState& state, std::size_t sheetCount);
+    DefinedNames(opc::XmlPart& part, PartState& state, std::size_t sheetCount);
     DefinedNames(const DefinedNames&) = delete;
     DefinedNames& operator=(const DefinedNames&) = delete;
 
@@ -53,7 +53,7 @@ class DefinedNames {
     void takeBack(pugi::xml_node node);
     void forgetCounters(const std::string& name);
 
-    XmlPart& part_;
+    opc::XmlPart& part_;
     PartState& state_;
     std::vector<pugi::xml_node> nodes_;
     std::unordered_map<std::string, std::size_t> indexes_;         ///< by folded name and scope

@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/DrawingAnchor.h"
 
-#include "office/embedded/package/PackageXml.h"
 #include "office/embedded/sheet/TreeEdit.h"
+#include "office/opc/PackageXml.h"
 
 #include <algorithm>
 #include <string>
@@ -63,7 +63,7 @@ Emu lengthIn(pugi::xml_node element, const char* attribute) {
 }  // namespace
 
 bool DrawingAnchor::isAnchor(pugi::xml_node element) {
-    const std::string_view name = localName(element);
+    const std::string_view name = opc::localName(element);
     return name == "oneCellAnchor" || name == "twoCellAnchor" || name == "absoluteAnchor";
 }
 

@@ -2,10 +2,10 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/package/PackageXml.h"
 #include "office/embedded/sheet/DrawingAnchor.h"
 #include "office/embedded/sheet/DrawnElement.h"
 #include "office/embedded/sheet/TreeEdit.h"
+#include "office/opc/PackageXml.h"
 
 #include <algorithm>
 #include <ranges>
@@ -40,7 +40,7 @@ std::vector<pugi::xml_attribute> referencesIn(pugi::xml_node node) {
 std::int64_t highestObjectIdIn(pugi::xml_node root) {
     std::int64_t highest = 1;
     forEachElement(root, [&](pugi::xml_node element) {
-        if (localName(element) != "cNvPr") return;
+        if (opc::localName(element) != "cNvPr") return;
         const std::int64_t id = element.attribute("id").as_llong();
         if (id < kOrdinaryIds) highest = std::max(highest, id);
     });
@@ -55,7 +55,7 @@ bool isPinned(pugi::xml_node node) {
 
 }  // namespace
 
-DrawingPart::DrawingPart(std::unique_ptr<XmlPart> part, ShapeId& lastShape, UndoLog& undo)
+DrawingPart::DrawingPart(std::unique_ptr<opc::XmlPart> part, ShapeId& lastShape, UndoLog& undo)
     : part_(std::move(part)), lastShape_(lastShape), state_(undo) {
     const pugi::xml_node root = part_->root();
     highestObjectId_ = highestObjectIdIn(root);
@@ -65,7 +65,7 @@ DrawingPart::DrawingPart(std::unique_ptr<XmlPart> part, ShapeId& lastShape, Undo
 }
 
 bool DrawingPart::isStrict() const {
-    const std::string_view strict = drawingNamespaces(Conformance::Strict).sheetDrawing;
+    const std::string_view strict = drawingNamespaces(opc::Conformance::Strict).sheetDrawing;
     return std::ranges::any_of(part_->root().attributes(), [&](const pugi::xml_attribute& attribute) {
         return attribute.value() == strict;
     });

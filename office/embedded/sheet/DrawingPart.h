@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/PartState.h"
+#include "office/opc/XmlPart.h"
 
 #include <cstdint>
 #include <map>
@@ -21,11 +21,11 @@ class DrawingPart {
     using ShapeId = std::int64_t;
 
     /// The number that was given last is kept outside, so that no later drawing of the sheet gives it again.
-    DrawingPart(std::unique_ptr<XmlPart> part, ShapeId& lastShape, UndoLog& undo);
+    DrawingPart(std::unique_ptr<opc::XmlPart> part, ShapeId& lastShape, UndoLog& undo);
     DrawingPart(const DrawingPart&) = delete;
     DrawingPart& operator=(const DrawingPart&) = delete;
 
-    [[nodiscard]] const XmlPart& xml() const { return *part_; }
+    [[nodiscard]] const opc::XmlPart& xml() const { return *part_; }
     [[nodiscard]] PartState& state() { return state_; }
     [[nodiscard]] bool isStrict() const;
 
@@ -63,7 +63,7 @@ class DrawingPart {
     void unindex(ShapeId shape);
     void rename(ShapeId shape, const std::string& name);
 
-    std::unique_ptr<XmlPart> part_;
+    std::unique_ptr<opc::XmlPart> part_;
     ShapeId& lastShape_;
     PartState state_;
     std::map<ShapeId, Shape> shapes_;                            // numbers grow from back to front

@@ -1,10 +1,10 @@
 #include "office/embedded/sheet/DrawingSource.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/package/PackageXml.h"
-#include "office/embedded/package/PartName.h"
 #include "office/embedded/parts/DrawingPicture.h"
 #include "office/embedded/sheet/SheetSection.h"
+#include "office/opc/PackageXml.h"
+#include "office/opc/PartName.h"
 
 #include <string_view>
 #include <utility>
@@ -18,8 +18,8 @@ constexpr const char* kContentType = "application/vnd.openxmlformats-officedocum
 
 /// "/xl/" for "/xl/worksheets/sheet1.xml": the folder in which those of drawings and of pictures stand.
 std::string folderAround(const std::string& sheetPart) {
-    const std::string_view folder = folderOf(sheetPart);
-    return std::string(folderOf(folder.substr(0, folder.size() - 1)));
+    const std::string_view folder = opc::folderOf(sheetPart);
+    return std::string(opc::folderOf(folder.substr(0, folder.size() - 1)));
 }
 
 /// The id of the relationship that an element of a sheet names, whatever the prefix.
@@ -30,7 +30,7 @@ std::string idIn(pugi::xml_node element) {
     return {};
 }
 
-std::string emptyDrawing(Conformance conformance) {
+std::string emptyDrawing(opc::Conformance conformance) {
     const DrawingNamespaces& namespaces = drawingNamespaces(conformance);
     return R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
            "\n<xdr:wsDr xmlns:xdr=\"" +
@@ -39,7 +39,7 @@ std::string emptyDrawing(Conformance conformance) {
 
 }  // namespace
 
-DrawingSource::DrawingSource(Package& package, SheetPart& sheet, PictureParts& pictures, UndoLog& undo)
+DrawingSource::DrawingSource(opc::Package& package, SheetPart& sheet, PictureParts& pictures, UndoLog& undo)
     : package_(package), sheet_(sheet), pictures_(pictures), undo_(undo) {}
 
 DrawingPart* DrawingSource::find() {
@@ -65,16 +65,17 @@ void DrawingSource::store() {
 void DrawingSource::load() {
     const SheetSection section(sheet_, kSection);
     if (!section.root()) return;
-    const Relationships& relationships = package_.relationshipsOf(sheet_.partName());
-    const Relationship* const relationship = relationships.find(idIn(section.root()));
-    if (relationship == nullptr || relationship->mode != TargetMode::Internal) {
+    const opc::Relationships& relationships = package_.relationshipsOf(sheet_.partName());
+    const opc::Relationship* const relationship = relationships.find(idIn(section.root()));
+    if (relationship == nullptr || relationship->mode != opc::TargetMode::Internal) {
         throw AutomationError(kFileCouldNotBeRead, "The file '" + package_.fileName() +
                                                        "' is damaged: the drawing of its part " +
                                                        sheet_.partName() + " is missing.");
     }
     const std::string name = relationships.targetPart(*relationship);
-    std::unique_ptr<XmlPart> xml = XmlPart::parse(package_.readPart(name), name, package_.fileName());
-    if (localName(xml->root()) != "wsDr") {
+    std::unique_ptr<opc::XmlPart> xml =
+        opc::XmlPart::parse(package_.readPart(name), name, package_.fileName());
+    if (opc::localName(xml->root()) != "wsDr") {
         throw AutomationError(kFileCouldNotBeRead, "The file '" + package_.fileName() +
                                                        "' is damaged: its part " + name + " is no drawing.");
     }
@@ -82,12 +83,13 @@ void DrawingSource::load() {
 }
 
 void DrawingSource::create() {
-    const Conformance conformance = sheet_.isStrict() ? Conformance::Strict : Conformance::Transitional;
+    const opc::Conformance conformance =
+        sheet_.isStrict() ? opc::Conformance::Strict : opc::Conformance::Transitional;
     const std::string name = freePartName();
     const std::string xml = emptyDrawing(conformance);
     package_.addPart(name, kContentType, xml);
     const std::string id = package_.relationshipsOf(sheet_.partName())
-                               .addPart(officeRelationshipType(kSection, conformance), name);
+                               .addPart(opc::officeRelationshipType(kSection, conformance), name);
     undo_.record([this, name, id] {
         part_.reset();
         package_.relationshipsOf(sheet_.partName()).remove(id);
@@ -95,7 +97,8 @@ void DrawingSource::create() {
     });
     const std::string prefix = sheet_.declareNamespace("r", drawingNamespaces(conformance).relationships);
     sheet_.setSection(kSection, "<" + sheet_.elementName(kSection) + " " + prefix + ":id=\"" + id + "\"/>");
-    part_ = std::make_unique<DrawingPart>(XmlPart::parse(xml, name, package_.fileName()), lastShape_, undo_);
+    part_ =
+        std::make_unique<DrawingPart>(opc::XmlPart::parse(xml, name, package_.fileName()), lastShape_, undo_);
 }
 
 std::string DrawingSource::freePartName() const {
@@ -107,7 +110,7 @@ std::string DrawingSource::freePartName() const {
 }
 
 std::string DrawingSource::addRelationship(DrawingPart& drawing, std::string bytes,
-                                           const PictureFile& picture) {
+                                           const opc::PictureFile& picture) {
     const std::string& source = drawing.xml().partName();
     const std::string folder = folderAround(sheet_.partName()) + "media/";
     std::string id = pictures_.add(source, folder, std::move(bytes), picture);
@@ -118,11 +121,11 @@ std::string DrawingSource::addRelationship(DrawingPart& drawing, std::string byt
 }
 
 void DrawingSource::releasePictures(DrawingPart& drawing, DrawingPart::ShapeId shape) {
-    const Relationships& relationships = package_.relationshipsOf(drawing.xml().partName());
+    const opc::Relationships& relationships = package_.relationshipsOf(drawing.xml().partName());
     for (const std::string& id : drawing.usedOnlyBy(shape)) {
-        const Relationship* const relationship = relationships.find(id);
-        const bool isPicture = relationship != nullptr && relationship->mode == TargetMode::Internal &&
-                               officeShortName(relationship->type) == "image";
+        const opc::Relationship* const relationship = relationships.find(id);
+        const bool isPicture = relationship != nullptr && relationship->mode == opc::TargetMode::Internal &&
+                               opc::officeShortName(relationship->type) == "image";
         if (isPicture) releasePicture(relationships.sourcePart(), id);
     }
 }

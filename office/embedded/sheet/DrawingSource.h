@@ -1,11 +1,11 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/PictureFile.h"
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/sheet/DrawingPart.h"
 #include "office/embedded/sheet/SheetPart.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/opc/Package.h"
+#include "office/opc/PictureFile.h"
 
 #include <memory>
 #include <string>
@@ -17,7 +17,7 @@ namespace mergeloom::embedded {
 class DrawingSource {
   public:
     /// All must outlive the source.
-    DrawingSource(Package& package, SheetPart& sheet, PictureParts& pictures, UndoLog& undo);
+    DrawingSource(opc::Package& package, SheetPart& sheet, PictureParts& pictures, UndoLog& undo);
 
     /// The drawing, which is read when it is asked for first; null for a sheet without one. Raises
     /// kFileCouldNotBeRead.
@@ -28,7 +28,7 @@ class DrawingSource {
     void store();
 
     /// The id of a relationship from the drawing to the picture.
-    std::string addRelationship(DrawingPart& drawing, std::string bytes, const PictureFile& picture);
+    std::string addRelationship(DrawingPart& drawing, std::string bytes, const opc::PictureFile& picture);
     /// Takes out what nothing but the shape shows. Charts and other parts stay.
     void releasePictures(DrawingPart& drawing, DrawingPart::ShapeId shape);
 
@@ -38,7 +38,7 @@ class DrawingSource {
     [[nodiscard]] std::string freePartName() const;
     void releasePicture(const std::string& source, const std::string& relationshipId);
 
-    Package& package_;
+    opc::Package& package_;
     SheetPart& sheet_;
     PictureParts& pictures_;
     UndoLog& undo_;

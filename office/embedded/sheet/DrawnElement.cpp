@@ -1,8 +1,8 @@
 #include "office/embedded/sheet/DrawnElement.h"
 
-#include "office/embedded/package/PackageXml.h"
 #include "office/embedded/sheet/DrawingAnchor.h"
 #include "office/embedded/sheet/TreeEdit.h"
+#include "office/opc/PackageXml.h"
 
 #include <algorithm>
 #include <array>
@@ -18,16 +18,16 @@ constexpr std::array<std::string_view, 6> kObjects{"pic",   "sp",    "graphicFra
                                                    "cxnSp", "grpSp", "contentPart"};
 
 bool isObject(pugi::xml_node element) {
-    return std::ranges::find(kObjects, localName(element)) != kObjects.end();
+    return std::ranges::find(kObjects, opc::localName(element)) != kObjects.end();
 }
 
 /// The first child of that local name, whatever its prefix.
 pugi::xml_node anyChild(pugi::xml_node parent, std::string_view name) {
-    return parent.find_child([&](pugi::xml_node child) { return localName(child) == name; });
+    return parent.find_child([&](pugi::xml_node child) { return opc::localName(child) == name; });
 }
 
 void visitAlternatives(pugi::xml_node element, const Visit& visit) {
-    if (localName(element) != "AlternateContent") return visit(element);
+    if (opc::localName(element) != "AlternateContent") return visit(element);
     for (const pugi::xml_node branch : element.children()) {
         for (const pugi::xml_node child : branch.children())
             visitAlternatives(child, visit);
@@ -49,7 +49,7 @@ std::vector<pugi::xml_node> objectsIn(pugi::xml_node rootChild) {
 /// The element that names an object.
 pugi::xml_node identityOf(pugi::xml_node object) {
     const pugi::xml_node properties =
-        object.find_child([](pugi::xml_node child) { return localName(child).starts_with("nv"); });
+        object.find_child([](pugi::xml_node child) { return opc::localName(child).starts_with("nv"); });
     return anyChild(properties, "cNvPr");
 }
 
@@ -92,7 +92,7 @@ void setNameOfShape(pugi::xml_node rootChild, const std::string& name, PartState
 ShapeKind kindOfShape(pugi::xml_node rootChild) {
     const std::vector<pugi::xml_node> objects = objectsIn(rootChild);
     if (objects.empty()) return ShapeKind::Other;
-    if (localName(objects.front()) == "pic") return ShapeKind::Picture;
+    if (opc::localName(objects.front()) == "pic") return ShapeKind::Picture;
     return isChart(objects.front()) ? ShapeKind::Chart : ShapeKind::Other;
 }
 

@@ -1,9 +1,9 @@
 #include "office/embedded/sheet/SharedStrings.h"
 
-#include "office/embedded/package/UnreadableFile.h"
 #include "office/embedded/sheet/XmlEncoding.h"
 #include "office/embedded/sheet/XmlScanner.h"
 #include "office/embedded/sheet/XmlText.h"
+#include "office/opc/UnreadableFile.h"
 
 #include <limits>
 #include <utility>
@@ -17,7 +17,7 @@ SharedStrings::SharedStrings(std::string xml, std::string partName, std::string 
     try {
         readOffsets();
     } catch (const BadXml& problem) {
-        raiseUnreadable(fileName_, "its part " + quoted(partName_) + " " + problem.what());
+        opc::raiseUnreadable(fileName_, "its part " + opc::quoted(partName_) + " " + problem.what());
     }
 }
 
@@ -36,9 +36,9 @@ void SharedStrings::readOffsets() {
 
 std::string SharedStrings::text(std::size_t index) const {
     if (index >= offsets_.size()) {
-        raiseUnreadable(fileName_, "it refers to the shared text " + std::to_string(index) +
-                                       ", but its part " + quoted(partName_) + " holds only " +
-                                       std::to_string(offsets_.size()));
+        opc::raiseUnreadable(fileName_, "it refers to the shared text " + std::to_string(index) +
+                                            ", but its part " + opc::quoted(partName_) + " holds only " +
+                                            std::to_string(offsets_.size()));
     }
     const std::size_t begin = offsets_[index];
     XmlScanner scanner(std::string_view(xml_).substr(begin));

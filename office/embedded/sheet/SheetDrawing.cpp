@@ -40,7 +40,7 @@ PictureRectangle keptFrame(const PictureRectangle& before, const PictureRectangl
 
 class SheetDrawing::Data {
   public:
-    Data(Package& package, SheetPart& sheet, const SheetGeometry& cells, PictureParts& pictures,
+    Data(opc::Package& package, SheetPart& sheet, const SheetGeometry& cells, PictureParts& pictures,
          UndoLog& undo)
         : geometry(cells), source(package, sheet, pictures, undo) {}
 
@@ -89,7 +89,7 @@ std::string SheetDrawing::Data::freeName(const DrawingPart& drawing) {
     return name;
 }
 
-SheetDrawing::SheetDrawing(Package& package, SheetPart& sheet, const SheetGeometry& geometry,
+SheetDrawing::SheetDrawing(opc::Package& package, SheetPart& sheet, const SheetGeometry& geometry,
                            PictureParts& pictures, UndoLog& undo)
     : data_(std::make_unique<Data>(package, sheet, geometry, pictures, undo)) {}
 
@@ -145,7 +145,7 @@ void SheetDrawing::remove(ShapeId shape) {
 }
 
 SheetDrawing::ShapeId SheetDrawing::addPicture(const CellPosition& cell, std::string bytes,
-                                               const PictureFile& picture) {
+                                               const opc::PictureFile& picture) {
     DrawingPart& drawing = data_->source.findOrCreate();
     const SheetPlace place{cell, {}, {}};
     AnchoredPicture anchored;
@@ -155,7 +155,8 @@ SheetDrawing::ShapeId SheetDrawing::addPicture(const CellPosition& cell, std::st
     anchored.cell = cell;
     anchored.frame = {data_->geometry.left(place), data_->geometry.top(place), picture.naturalWidth(),
                       picture.naturalHeight()};
-    const Conformance conformance = drawing.isStrict() ? Conformance::Strict : Conformance::Transitional;
+    const opc::Conformance conformance =
+        drawing.isStrict() ? opc::Conformance::Strict : opc::Conformance::Transitional;
     return drawing.insert(appendAnchoredPicture(drawing.xml().root(), anchored, conformance));
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/PictureFile.h"
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/sheet/DrawnElement.h"
 #include "office/embedded/sheet/SheetGeometry.h"
 #include "office/embedded/sheet/SheetPart.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/opc/Package.h"
+#include "office/opc/PictureFile.h"
 
 #include <cstdint>
 #include <functional>
@@ -35,8 +35,8 @@ class SheetDrawing {
 
     /// All must outlive the drawing. Every member that asks for the drawing raises kFileCouldNotBeRead when
     /// its part cannot be read, and kObjectDeleted for a shape that the drawing does not have.
-    SheetDrawing(Package& package, SheetPart& sheet, const SheetGeometry& geometry, PictureParts& pictures,
-                 UndoLog& undo);
+    SheetDrawing(opc::Package& package, SheetPart& sheet, const SheetGeometry& geometry,
+                 PictureParts& pictures, UndoLog& undo);
     SheetDrawing(const SheetDrawing&) = delete;
     SheetDrawing& operator=(const SheetDrawing&) = delete;
     ~SheetDrawing();
@@ -59,7 +59,7 @@ class SheetDrawing {
     /// Takes the anchor with all that it holds out. A picture's part that nothing else shows goes with it.
     void remove(ShapeId shape);
     /// Adds a picture anchored to one cell, in its natural size, in front of all others.
-    ShapeId addPicture(const CellPosition& cell, std::string bytes, const PictureFile& picture);
+    ShapeId addPicture(const CellPosition& cell, std::string bytes, const opc::PictureFile& picture);
 
     /// Runs a change of widths or heights of the sheet, after which the shapes that are to keep their sizes
     /// (or their places as well) still do so. What is anchored to one cell moves with it by itself.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <pugixml.hpp>
 #include <string>
@@ -22,6 +22,7 @@ struct SheetEntry {
 /// Reads the list out of the root of a workbook's part. Raises kFileCouldNotBeRead, with a sentence that
 /// names the file, for a workbook without a visible sheet and for a sheet whose part is missing or another
 /// sheet's.
-std::vector<SheetEntry> readSheets(pugi::xml_node workbook, const std::string& partName, Package& package);
+std::vector<SheetEntry> readSheets(pugi::xml_node workbook, const std::string& partName,
+                                   opc::Package& package);
 
 }  // namespace mergeloom::embedded

@@ -1,6 +1,5 @@
 #include "office/embedded/sheet/SheetPart.h"
 
-#include "office/embedded/package/UnreadableFile.h"
 #include "office/embedded/sheet/CellXml.h"
 #include "office/embedded/sheet/ColumnStyles.h"
 #include "office/embedded/sheet/FormulaHandover.h"
@@ -10,6 +9,7 @@
 #include "office/embedded/sheet/XmlAttributes.h"
 #include "office/embedded/sheet/XmlEncoding.h"
 #include "office/embedded/sheet/XmlScanner.h"
+#include "office/opc/UnreadableFile.h"
 
 #include <utility>
 
@@ -88,7 +88,7 @@ SheetPart::SheetPart(std::string xml, const std::string& partName, const std::st
     try {
         data_ = std::make_unique<Data>(std::move(text), partName, undo);
     } catch (const BadXml& problem) {
-        raiseUnreadable(fileName, "its part " + quoted(partName) + " " + problem.what());
+        opc::raiseUnreadable(fileName, "its part " + opc::quoted(partName) + " " + problem.what());
     }
 }
 

@@ -4,17 +4,17 @@
 
 namespace mergeloom::embedded {
 
-SheetTables::SheetTables(Package& package, std::string sheetPart, UndoLog& undo)
+SheetTables::SheetTables(opc::Package& package, std::string sheetPart, UndoLog& undo)
     : package_(package), sheetPart_(std::move(sheetPart)), undo_(undo) {}
 
 void SheetTables::load() {
     if (loaded_) return;
     headers_.clear();
-    const Relationships& relationships = package_.relationshipsOf(sheetPart_);
-    for (const Relationship* relationship : relationships.ofOfficeType("table")) {
+    const opc::Relationships& relationships = package_.relationshipsOf(sheetPart_);
+    for (const opc::Relationship* relationship : relationships.ofOfficeType("table")) {
         const std::string name = relationships.targetPart(*relationship);
         if (!package_.hasPart(name)) continue;
-        auto part = XmlPart::parse(package_.readPart(name), name, package_.fileName());
+        auto part = opc::XmlPart::parse(package_.readPart(name), name, package_.fileName());
         headers_.push_back(std::make_unique<TableHeader>(std::move(part), undo_));
     }
     loaded_ = true;

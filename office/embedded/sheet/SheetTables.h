@@ -1,9 +1,9 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
 #include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/TableHeader.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/opc/Package.h"
 
 #include <memory>
 #include <string>
@@ -17,7 +17,7 @@ namespace mergeloom::embedded {
 class SheetTables {
   public:
     /// Package and log must outlive the tables.
-    SheetTables(Package& package, std::string sheetPart, UndoLog& undo);
+    SheetTables(opc::Package& package, std::string sheetPart, UndoLog& undo);
 
     /// The text that a header cell may get: the text itself, with a number behind it where another column of
     /// the table has that name already; at most 255 characters of it; "Column1" for none. Any other cell may
@@ -33,7 +33,7 @@ class SheetTables {
     /// Null for a cell that is no header of a table.
     TableHeader* headerAt(const CellPosition& cell);
 
-    Package& package_;
+    opc::Package& package_;
     std::string sheetPart_;
     UndoLog& undo_;
     bool loaded_ = false;

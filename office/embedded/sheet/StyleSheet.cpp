@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/StyleSheet.h"
 
-#include "office/embedded/package/PackageXml.h"
 #include "office/embedded/sheet/TreeEdit.h"
+#include "office/opc/PackageXml.h"
 
 #include <pugixml.hpp>
 
@@ -73,7 +73,7 @@ bool fitsByAlignment(pugi::xml_node format) {
 
 StyleSheet::StyleSheet(std::string_view xml, const std::string& partName, const std::string& fileName) {
     pugi::xml_document document;
-    parsePackageXml(document, xml, "styleSheet", partName, fileName);
+    opc::parsePackageXml(document, xml, "styleSheet", partName, fileName);
     const pugi::xml_node root = document.document_element();
     const Fonts fonts = readFonts(root);
     defaultFont_ = fontOfFormat(normalFormat(root), fonts);

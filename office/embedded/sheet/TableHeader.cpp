@@ -33,7 +33,7 @@ std::string numbered(std::string_view stem, int number) {
 
 }  // namespace
 
-TableHeader::TableHeader(std::unique_ptr<XmlPart> part, UndoLog& undo)
+TableHeader::TableHeader(std::unique_ptr<opc::XmlPart> part, UndoLog& undo)
     : part_(std::move(part)), state_(undo) {
     readColumns();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/PartState.h"
+#include "office/opc/XmlPart.h"
 
 #include <memory>
 #include <pugixml.hpp>
@@ -17,14 +17,14 @@ namespace mergeloom::embedded {
 class TableHeader {
   public:
     /// The log must outlive the header.
-    TableHeader(std::unique_ptr<XmlPart> part, UndoLog& undo);
+    TableHeader(std::unique_ptr<opc::XmlPart> part, UndoLog& undo);
 
     [[nodiscard]] bool contains(const CellPosition& cell) const;
     /// The text that a header cell can get so that all columns keep names of their own.
     [[nodiscard]] std::string allowedText(const CellPosition& cell, const std::string& text) const;
     void rename(const CellPosition& cell, const std::string& text);
 
-    [[nodiscard]] const XmlPart& part() const { return *part_; }
+    [[nodiscard]] const opc::XmlPart& part() const { return *part_; }
     [[nodiscard]] bool isDirty() const { return state_.isDirty(); }
     void setStored() { state_.setStored(); }
 
@@ -33,7 +33,7 @@ class TableHeader {
     [[nodiscard]] pugi::xml_node columnAt(const CellPosition& cell) const;
     [[nodiscard]] bool isTaken(const std::string& name, pugi::xml_node besides) const;
 
-    std::unique_ptr<XmlPart> part_;
+    std::unique_ptr<opc::XmlPart> part_;
     PartState state_;
     CellPosition first_{};
     std::vector<pugi::xml_node> columns_;

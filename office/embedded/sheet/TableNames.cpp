@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/TableNames.h"
 
 #include "base/Text.h"
-#include "office/embedded/parts/XmlPart.h"
+#include "office/opc/XmlPart.h"
 
 namespace mergeloom::embedded {
 
@@ -9,11 +9,11 @@ namespace {
 
 constexpr std::string_view kTableType = ".spreadsheetml.table+xml";
 
-std::set<std::string> readNames(const Package& package) {
+std::set<std::string> readNames(const opc::Package& package) {
     std::set<std::string> names;
     for (const std::string& partName : package.partNames()) {
         if (!package.contentTypes().of(partName).ends_with(kTableType)) continue;
-        const auto part = XmlPart::parse(package.readPart(partName), partName, package.fileName());
+        const auto part = opc::XmlPart::parse(package.readPart(partName), partName, package.fileName());
         names.insert(foldCase(part->root().attribute("displayName").value()));
     }
     return names;

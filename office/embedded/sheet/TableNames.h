@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <optional>
 #include <set>
@@ -14,13 +14,13 @@ namespace mergeloom::embedded {
 class TableNames {
   public:
     /// The package must outlive the names.
-    explicit TableNames(const Package& package) : package_(package) {}
+    explicit TableNames(const opc::Package& package) : package_(package) {}
 
     /// Whether a table has the name, letter case aside. Raises kFileCouldNotBeRead for a malformed table.
     [[nodiscard]] bool has(const std::string& name);
 
   private:
-    const Package& package_;
+    const opc::Package& package_;
     std::optional<std::set<std::string>> names_;  ///< case folded
 };
 

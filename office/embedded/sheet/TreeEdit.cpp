@@ -100,7 +100,7 @@ void setText(pugi::xml_node element, const std::string& text, PartState& state) 
     state.change([element, former] { writeText(element, former); });
 }
 
-void noteNew(pugi::xml_node node, const XmlPart& part, PartState& state) {
+void noteNew(pugi::xml_node node, const opc::XmlPart& part, PartState& state) {
     state.change([node, attic = part.attic()]() mutable { attic.append_move(node); });
 }
 

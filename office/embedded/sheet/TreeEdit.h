@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/PartState.h"
+#include "office/opc/XmlPart.h"
 
 #include <pugixml.hpp>
 #include <string>
@@ -29,6 +29,6 @@ void setAttribute(pugi::xml_node element, const char* name, const std::string& v
 /// Replaces the text of an element.
 void setText(pugi::xml_node element, const std::string& text, PartState& state);
 /// Says that a node was just put into the part.
-void noteNew(pugi::xml_node node, const XmlPart& part, PartState& state);
+void noteNew(pugi::xml_node node, const opc::XmlPart& part, PartState& state);
 
 }  // namespace mergeloom::embedded

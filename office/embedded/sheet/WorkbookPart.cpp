@@ -2,9 +2,9 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/package/PackageXml.h"
-#include "office/embedded/package/UnreadableFile.h"
 #include "office/embedded/sheet/TreeEdit.h"
+#include "office/opc/PackageXml.h"
+#include "office/opc/UnreadableFile.h"
 
 #include <algorithm>
 #include <string_view>
@@ -28,24 +28,24 @@ std::string_view foreignKind(const std::string& contentType) {
     return "it is no workbook";
 }
 
-std::string workbookXml(const Package& package, const std::string& partName) {
+std::string workbookXml(const opc::Package& package, const std::string& partName) {
     const std::string_view foreign = foreignKind(package.contentTypes().of(partName));
-    if (!foreign.empty()) raiseUnreadable(package.fileName(), std::string(foreign));
+    if (!foreign.empty()) opc::raiseUnreadable(package.fileName(), std::string(foreign));
     if (package.isSigned()) {
-        raiseUnreadable(package.fileName(),
-                        "it is digitally signed; a change would make the signature invalid");
+        opc::raiseUnreadable(package.fileName(),
+                             "it is digitally signed; a change would make the signature invalid");
     }
     return package.readPart(partName);
 }
 
 }  // namespace
 
-WorkbookPart::WorkbookPart(Package& package, UndoLog& undo) : package_(package), state_(undo) {
+WorkbookPart::WorkbookPart(opc::Package& package, UndoLog& undo) : package_(package), state_(undo) {
     const std::string name = package.mainPart();
-    part_ = XmlPart::parse(workbookXml(package, name), name, package.fileName());
-    if (localName(part_->root()) != "workbook") {
-        raiseUnreadable(package.fileName(),
-                        "its part " + quoted(name) + " has no root element " + quoted("workbook"));
+    part_ = opc::XmlPart::parse(workbookXml(package, name), name, package.fileName());
+    if (opc::localName(part_->root()) != "workbook") {
+        opc::raiseUnreadable(package.fileName(), "its part " + opc::quoted(name) + " has no root element " +
+                                                     opc::quoted("workbook"));
     }
     sheets_ = readSheets(part_->root(), name, package);
     activeSheet_ = readActiveSheet();

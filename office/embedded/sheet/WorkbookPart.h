@@ -1,11 +1,11 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/sheet/DefinedNames.h"
 #include "office/embedded/sheet/PartState.h"
 #include "office/embedded/sheet/SheetList.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/opc/Package.h"
+#include "office/opc/XmlPart.h"
 
 #include <memory>
 #include <optional>
@@ -21,7 +21,7 @@ class WorkbookPart {
     /// package that is no workbook (a Word document, a binary workbook .xlsb), for a workbook without a
     /// visible sheet, for one whose sheets' parts are missing and for one that is digitally signed. Package
     /// and log must outlive the part.
-    WorkbookPart(Package& package, UndoLog& undo);
+    WorkbookPart(opc::Package& package, UndoLog& undo);
     WorkbookPart(const WorkbookPart&) = delete;
     WorkbookPart& operator=(const WorkbookPart&) = delete;
 
@@ -51,9 +51,9 @@ class WorkbookPart {
     pugi::xml_node ensureView();
     pugi::xml_node ensureCalculation();
 
-    Package& package_;
+    opc::Package& package_;
     PartState state_;
-    std::unique_ptr<XmlPart> part_;
+    std::unique_ptr<opc::XmlPart> part_;
     std::vector<SheetEntry> sheets_;
     std::size_t activeSheet_ = 0;
     std::optional<DefinedNames> names_;

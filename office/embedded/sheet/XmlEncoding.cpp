@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/XmlEncoding.h"
 
 #include "base/Text.h"
-#include "office/embedded/parts/XmlPart.h"
+#include "office/opc/XmlPart.h"
 
 #include <string_view>
 #include <utility>
@@ -38,7 +38,7 @@ bool isLatin1(std::string_view encoding) {
 
 std::string toUtf8Xml(std::string xml, const std::string& partName, const std::string& fileName) {
     if (!isWide(xml) && !isLatin1(declaredEncoding(xml))) return xml;
-    return XmlPart::parse(std::move(xml), partName, fileName)->toXml();
+    return opc::XmlPart::parse(std::move(xml), partName, fileName)->toXml();
 }
 
 }  // namespace mergeloom::embedded

@@ -9,10 +9,10 @@ namespace {
 
 constexpr CharacterCount kLongestName{40};
 
-int columnOf(const WordNames& names, pugi::xml_node cell) {
+int columnOf(const opc::WordNames& names, pugi::xml_node cell) {
     int column = 0;
     for (pugi::xml_node before = cell.previous_sibling(); before; before = before.previous_sibling()) {
-        if (names.tagOf(before) == WordTag::CellElement) ++column;
+        if (names.tagOf(before) == opc::WordTag::CellElement) ++column;
     }
     return column;
 }
@@ -65,7 +65,7 @@ void BookmarkEditor::remove(BookmarkRecord& record) {
 void BookmarkEditor::unlistTextBoxes(pugi::xml_node element) {
     for (const pugi::xml_node child : element.children()) {
         unlistTextBoxes(child);
-        if (story_.names().tagOf(child) != WordTag::BookmarkStart) continue;
+        if (story_.names().tagOf(child) != opc::WordTag::BookmarkStart) continue;
         BookmarkRecord* record = table_.find(story_.names().value(child, "name"));
         const bool isIt = record && record->start->node == child && record->story != &story_;
         if (isIt) journal_.unlistBookmark(table_, *record);
@@ -124,7 +124,7 @@ void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
     Item* start = record.start;
     const CharacterPosition from = ItemTree::positionOf(start);
     const CharacterPosition to = ItemTree::positionOf(record.end);
-    const WordNames& names = story_.names();
+    const opc::WordNames& names = story_.names();
     const bool hadColumns = names.value(start->node, "colFirst")[0] != '\0';
     if (!hadColumns && !isStretchOfColumns(from, to)) return;
     const pugi::xml_node mark = skeletons_.makeBookmarkStart(names.value(start->node, "id"), record.name);
@@ -146,7 +146,7 @@ bool BookmarkEditor::isStretchOfColumns(CharacterPosition start, CharacterPositi
 
 void BookmarkEditor::setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const {
     if (!isStretchOfColumns(start, end)) return;
-    const WordNames& names = story_.names();
+    const opc::WordNames& names = story_.names();
     const auto set = [&](const char* name, CharacterPosition place) {
         const pugi::xml_node cell = story_.cellOf(story_.items().itemAt(place));
         pugi::xml_node(mark).append_attribute(names.attribute(name).c_str()) = columnOf(names, cell);

@@ -11,10 +11,13 @@
 #include <utility>
 #include <vector>
 
+namespace mergeloom::opc {
+class XmlPart;
+}
+
 namespace mergeloom::embedded {
 
 class Story;
-class XmlPart;
 
 /// A bookmark of the document: its name as written, its id and the marks where it starts and ends. The marks
 /// are items of their story, so the bookmark moves with the text without being touched.
@@ -35,7 +38,7 @@ struct BookmarkRecord {
 struct BookmarkCopy {
     std::string name;  ///< of a start; an end carries none
     std::string id;
-    XmlPart* part = nullptr;
+    opc::XmlPart* part = nullptr;
     pugi::xml_node node;
 };
 

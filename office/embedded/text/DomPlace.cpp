@@ -7,9 +7,10 @@ namespace mergeloom::embedded {
 DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_node container) const {
     DomPlace place = container ? inContainer(previous, next, container) : DomPlace{};
     if (!place.parent) place = forStartMark(previous, next);
-    for (pugi::xml_node node = place.parent; names_.tagOf(node) != WordTag::Paragraph; node = node.parent()) {
-        const WordTag tag = names_.tagOf(node);
-        if (tag == WordTag::Deletion || tag == WordTag::MoveFrom) {
+    for (pugi::xml_node node = place.parent; names_.tagOf(node) != opc::WordTag::Paragraph;
+         node = node.parent()) {
+        const opc::WordTag tag = names_.tagOf(node);
+        if (tag == opc::WordTag::Deletion || tag == opc::WordTag::MoveFrom) {
             throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
         }
     }
@@ -36,7 +37,7 @@ DomPlace DomPlaces::forEndMark(const Item* previous, const Item* next) const {
 
 pugi::xml_node DomPlaces::inlineElementOf(const Item* item) const {
     const pugi::xml_node parent = item->node.parent();
-    return names_.tagOf(parent) == WordTag::Run ? parent : item->node;
+    return names_.tagOf(parent) == opc::WordTag::Run ? parent : item->node;
 }
 
 DomPlace DomPlaces::inParagraph(const Item* previous, const Item* next) const {
@@ -73,7 +74,7 @@ DomPlace DomPlaces::inContainer(const Item* previous, const Item* next, pugi::xm
     for (pugi::xml_node behind = container.next_sibling(); behind && previous && previous->isMark();
          behind = behind.next_sibling()) {
         if (behind == previous->node) return {};
-        if (names_.tagOf(behind) == WordTag::Run) break;
+        if (names_.tagOf(behind) == opc::WordTag::Run) break;
     }
     return {container, container.last_child()};
 }
@@ -93,7 +94,7 @@ DomPlace DomPlaces::before(const Item* item) const {
 }
 
 bool DomPlaces::isSimpleField(const Item* item) const {
-    return names_.tagOf(item->node) == WordTag::SimpleField;
+    return names_.tagOf(item->node) == opc::WordTag::SimpleField;
 }
 
 }  // namespace mergeloom::embedded

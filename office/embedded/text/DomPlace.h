@@ -45,7 +45,7 @@ class DomPlaces {
     [[nodiscard]] bool isSimpleField(const Item* item) const;
 
     const Story& story_;
-    const WordNames& names_;
+    const opc::WordNames& names_;
 };
 
 }  // namespace mergeloom::embedded

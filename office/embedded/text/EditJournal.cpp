@@ -38,18 +38,18 @@ void EditJournal::undo() {
     oldTexts_.clear();
 }
 
-void EditJournal::move(XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) {
+void EditJournal::move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) {
     touch(part);
     record({Step::NodeMoved, 0, node.internal_object(), node.parent().internal_object(),
             node.previous_sibling().internal_object()});
     moveNode(node, parent, after);
 }
 
-void EditJournal::remove(XmlPart& part, pugi::xml_node node) {
+void EditJournal::remove(opc::XmlPart& part, pugi::xml_node node) {
     move(part, node, part.attic(), part.attic().last_child());
 }
 
-void EditJournal::setText(XmlPart& part, pugi::xml_node text, const std::string& value) {
+void EditJournal::setText(opc::XmlPart& part, pugi::xml_node text, const std::string& value) {
     touch(part);
     if (recording_) {
         record({Step::TextSet, static_cast<std::uint32_t>(oldTexts_.size()), text.internal_object()});
@@ -58,7 +58,7 @@ void EditJournal::setText(XmlPart& part, pugi::xml_node text, const std::string&
     text.set_value(value.c_str());
 }
 
-void EditJournal::appendText(XmlPart& part, pugi::xml_node text, const std::string& more) {
+void EditJournal::appendText(opc::XmlPart& part, pugi::xml_node text, const std::string& more) {
     touch(part);
     record({Step::TextAppended, static_cast<std::uint32_t>(more.size()), text.internal_object()});
     appendToText(text, more);
@@ -107,7 +107,7 @@ void EditJournal::record(const Entry& entry) {
     }
 }
 
-void EditJournal::touch(XmlPart& part) {
+void EditJournal::touch(opc::XmlPart& part) {
     if (part.isDirty()) return;
     record({Step::PartTouched, 0, &part});
     part.setDirty(true);
@@ -117,7 +117,7 @@ void EditJournal::takeBack(const Entry& entry) {
     Item* item = static_cast<Item*>(entry.second);
     switch (entry.step) {
         case Step::PartTouched:
-            static_cast<XmlPart*>(entry.first)->setDirty(false);
+            static_cast<opc::XmlPart*>(entry.first)->setDirty(false);
             return;
         case Step::NodeMoved:
             moveNode(nodeOf(entry.first), nodeOf(entry.second), nodeOf(entry.third));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/text/BookmarkTable.h"
 #include "office/embedded/text/ItemTree.h"
+#include "office/opc/XmlPart.h"
 
 #include <cstdint>
 #include <deque>
@@ -23,12 +23,12 @@ class EditJournal {
     void undo();
 
     /// Moves a node of the part behind a sibling, or to the first place when after is none.
-    void move(XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
+    void move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
     /// Takes a node out of the part; it rests in the attic.
-    void remove(XmlPart& part, pugi::xml_node node);
+    void remove(opc::XmlPart& part, pugi::xml_node node);
     /// Sets the value of a text node.
-    void setText(XmlPart& part, pugi::xml_node text, const std::string& value);
-    void appendText(XmlPart& part, pugi::xml_node text, const std::string& more);
+    void setText(opc::XmlPart& part, pugi::xml_node text, const std::string& value);
+    void appendText(opc::XmlPart& part, pugi::xml_node text, const std::string& more);
     /// Marks a text element whose text begins or ends with a blank.
     void keepBlanks(pugi::xml_node textElement);
 
@@ -66,7 +66,7 @@ class EditJournal {
     };
 
     void record(const Entry& entry);
-    void touch(XmlPart& part);
+    void touch(opc::XmlPart& part);
     void takeBack(const Entry& entry);
 
     // Queues, which grow without moving what they hold: a large drop records much.

@@ -10,7 +10,7 @@ namespace {
 /// Follows the fields that open and close along a story.
 class FieldScan {
   public:
-    explicit FieldScan(const WordNames& names) : names_(names) {}
+    explicit FieldScan(const opc::WordNames& names) : names_(names) {}
 
     [[nodiscard]] bool hasOpen() const { return !open_.empty(); }
 
@@ -49,7 +49,7 @@ class FieldScan {
 
     /// The code of w:fldSimple is an attribute.
     [[nodiscard]] bool codeRuns(const FieldItems& field) const {
-        return !field.separator && names_.tagOf(field.begin->node) != WordTag::SimpleField;
+        return !field.separator && names_.tagOf(field.begin->node) != opc::WordTag::SimpleField;
     }
 
     /// The outer field is known by then. One that never ended is none, but there may be others around it.
@@ -59,7 +59,7 @@ class FieldScan {
         return outer.isInCode || (place.codeRuns && outer.end);
     }
 
-    const WordNames& names_;
+    const opc::WordNames& names_;
     std::vector<FieldItems> fields_;
     std::vector<Place> places_;  ///< of the fields
     std::vector<std::size_t> open_;

@@ -33,23 +33,23 @@ void FontEditor::setSize(CharacterPosition start, CharacterPosition end, int hal
             continue;
         }
         const pugi::xml_node run = item->node.parent();
-        if (run == lastRun || story_.names().tagOf(run) != WordTag::Run) continue;
+        if (run == lastRun || story_.names().tagOf(run) != opc::WordTag::Run) continue;
         setRunSize(run, halfPoints);
         lastRun = run;
     }
 }
 
 void FontEditor::setRunSize(pugi::xml_node run, int halfPoints) {
-    writeSize(renewProperties(run, WordTag::RunProperties, "rPr"), halfPoints);
+    writeSize(renewProperties(run, opc::WordTag::RunProperties, "rPr"), halfPoints);
 }
 
 void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
-    const pugi::xml_node properties = renewProperties(paragraph, WordTag::ParagraphProperties, "pPr");
-    pugi::xml_node mark = story_.names().child(properties, WordTag::RunProperties);
+    const pugi::xml_node properties = renewProperties(paragraph, opc::WordTag::ParagraphProperties, "pPr");
+    pugi::xml_node mark = story_.names().child(properties, opc::WordTag::RunProperties);
     if (!mark) {
         // The mark's formatting stands before the section and the record of a change only.
         const pugi::xml_node last = properties.last_child();
-        const pugi::xml_node section = story_.names().child(properties, WordTag::SectionProperties);
+        const pugi::xml_node section = story_.names().child(properties, opc::WordTag::SectionProperties);
         const bool changed = std::string_view(last.name()).ends_with("pPrChange");
         const pugi::xml_node behind = section ? section : changed ? last : pugi::xml_node();
         const std::string name = story_.names().element("rPr");
@@ -59,7 +59,7 @@ void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
     writeSize(mark, halfPoints);
 }
 
-pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, WordTag tag, std::string_view name) {
+pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, opc::WordTag tag, std::string_view name) {
     const pugi::xml_node former = story_.names().child(element, tag);
     const pugi::xml_node renewed = former ? skeletons_.copy(former) : skeletons_.makeElement(name);
     if (former) journal_.remove(story_.part(), former);
@@ -68,7 +68,7 @@ pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, WordTag tag, 
 }
 
 void FontEditor::writeSize(pugi::xml_node runProperties, int halfPoints) {
-    const WordNames& names = story_.names();
+    const opc::WordNames& names = story_.names();
     pugi::xml_node behind;
     for (const pugi::xml_node child : runProperties.children()) {
         if (!behind && standsBehindSize(child.name())) behind = child;

@@ -12,14 +12,14 @@ namespace {
 /// Follows the fields that open and close along a story and tells what is code of one of them.
 class CodeTracker {
   public:
-    explicit CodeTracker(const WordNames& names) : names_(names) {}
+    explicit CodeTracker(const opc::WordNames& names) : names_(names) {}
 
     /// Whether the item is part of a field's code or one of its marks.
     bool isCode(const Item* item) {
         switch (item->kind) {
             case ItemKind::FieldBegin:
                 // A simple field's begin holds its code.
-                inCode_.push_back(names_.tagOf(item->node) != WordTag::SimpleField);
+                inCode_.push_back(names_.tagOf(item->node) != opc::WordTag::SimpleField);
                 return true;
             case ItemKind::FieldSeparator:
                 if (!inCode_.empty()) inCode_.back() = false;
@@ -34,14 +34,14 @@ class CodeTracker {
     }
 
   private:
-    const WordNames& names_;
+    const opc::WordNames& names_;
     std::vector<bool> inCode_;  // of the fields that are open, whether their code runs
 };
 
-bool keepsText(WordTag tag) {
-    return tag == WordTag::Hyperlink || tag == WordTag::SmartTag || tag == WordTag::CustomXml ||
-           tag == WordTag::Insertion || tag == WordTag::MoveTo || tag == WordTag::Direction ||
-           tag == WordTag::ContentControlContent;
+bool keepsText(opc::WordTag tag) {
+    return tag == opc::WordTag::Hyperlink || tag == opc::WordTag::SmartTag ||
+           tag == opc::WordTag::CustomXml || tag == opc::WordTag::Insertion || tag == opc::WordTag::MoveTo ||
+           tag == opc::WordTag::Direction || tag == opc::WordTag::ContentControlContent;
 }
 
 }  // namespace
@@ -70,8 +70,8 @@ Formatting ReplacedText::formatting() const {
         if (item->takesPlace() && ItemTree::positionOf(item) >= end_) break;
         const bool isCode = tracker.isCode(item);
         const pugi::xml_node run = item->node.parent();
-        if (!item->takesPlace() || story_.names().tagOf(run) != WordTag::Run) continue;
-        const pugi::xml_node properties = story_.names().child(run, WordTag::RunProperties);
+        if (!item->takesPlace() || story_.names().tagOf(run) != opc::WordTag::Run) continue;
+        const pugi::xml_node properties = story_.names().child(run, opc::WordTag::RunProperties);
         if (!isCode) return properties;
         if (!ofMark) ofMark = properties;
         if (!ofCode && item->kind == ItemKind::FieldCode) ofCode = properties;
@@ -82,7 +82,7 @@ Formatting ReplacedText::formatting() const {
 pugi::xml_node ReplacedText::container() const {
     if (first_->kind == ItemKind::ParagraphMark || first_->kind == ItemKind::RowMark) return {};
     pugi::xml_node element = first_->node.parent();
-    while (element && element != story_.root() && story_.names().tagOf(element) != WordTag::Paragraph) {
+    while (element && element != story_.root() && story_.names().tagOf(element) != opc::WordTag::Paragraph) {
         if (keepsText(story_.names().tagOf(element)) && isInside(last_->node, element)) return element;
         element = element.parent();
     }
@@ -90,8 +90,8 @@ pugi::xml_node ReplacedText::container() const {
 }
 
 bool ReplacedText::isDeleted(const Item* item) const {
-    return story_.names().ancestor(item->node, WordTag::Deletion) ||
-           story_.names().ancestor(item->node, WordTag::MoveFrom);
+    return story_.names().ancestor(item->node, opc::WordTag::Deletion) ||
+           story_.names().ancestor(item->node, opc::WordTag::MoveFrom);
 }
 
 }  // namespace mergeloom::embedded

@@ -82,7 +82,7 @@ Stretch stretchOf(pugi::xml_node element, const Item* inside) {
     return {ItemTree::positionOf(first), ItemTree::positionOf(last) + CharacterCount{last->length}};
 }
 
-Story::Story(XmlPart& part, const WordNames& names, pugi::xml_node root, std::string name,
+Story::Story(opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node root, std::string name,
              BookmarkTable& bookmarks)
     : part_(part), names_(names), root_(root), name_(std::move(name)) {
     StoryReader(*this, bookmarks).read();
@@ -151,7 +151,7 @@ std::string Story::code(CharacterPosition start, CharacterPosition end) const {
         nestedInCode;  // of the fields nested in the code that are open, whether their code runs
     for (const Item* item = items_.itemAt(start); item; item = ItemTree::next(item)) {
         if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
-        if (item->kind == ItemKind::FieldBegin && names_.tagOf(item->node) == WordTag::SimpleField) {
+        if (item->kind == ItemKind::FieldBegin && names_.tagOf(item->node) == opc::WordTag::SimpleField) {
             if (ItemTree::positionOf(item) <= start) return names_.value(item->node, "instr");
             nestedInCode.push_back(false);
         } else if (item->kind == ItemKind::FieldBegin) {
@@ -172,19 +172,19 @@ std::string Story::code(CharacterPosition start, CharacterPosition end) const {
 pugi::xml_node Story::paragraphOf(const Item* item) const {
     if (item->kind == ItemKind::ParagraphMark) return item->node;
     if (item->kind == ItemKind::RowMark) return {};
-    return names_.ancestor(item->node, WordTag::Paragraph);
+    return names_.ancestor(item->node, opc::WordTag::Paragraph);
 }
 
 pugi::xml_node Story::cellOf(const Item* item) const {
     for (pugi::xml_node node = item->node; node && node != root_; node = node.parent()) {
-        if (names_.tagOf(node) == WordTag::CellElement) return node;
+        if (names_.tagOf(node) == opc::WordTag::CellElement) return node;
     }
     return {};
 }
 
 pugi::xml_node Story::tableOf(const Item* item) const {
     for (pugi::xml_node node = item->node; node && node != root_; node = node.parent()) {
-        if (names_.tagOf(node) == WordTag::Table) return node;
+        if (names_.tagOf(node) == opc::WordTag::Table) return node;
     }
     return {};
 }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/embedded/parts/WordNames.h"
-#include "office/embedded/parts/XmlPart.h"
 #include "office/embedded/text/BookmarkTable.h"
 #include "office/embedded/text/ItemTree.h"
+#include "office/opc/WordNames.h"
+#include "office/opc/XmlPart.h"
 
 #include <deque>
 #include <pugixml.hpp>
@@ -21,14 +21,14 @@ class Story {
   public:
     /// Reads the items below root, an element of the part, and lists the bookmarks that start and end there.
     /// The name tells the story to people: "body".
-    Story(XmlPart& part, const WordNames& names, pugi::xml_node root, std::string name,
+    Story(opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node root, std::string name,
           BookmarkTable& bookmarks);
     Story(const Story&) = delete;
     Story& operator=(const Story&) = delete;
 
     [[nodiscard]] const std::string& name() const { return name_; }
-    [[nodiscard]] XmlPart& part() const { return part_; }
-    [[nodiscard]] const WordNames& names() const { return names_; }
+    [[nodiscard]] opc::XmlPart& part() const { return part_; }
+    [[nodiscard]] const opc::WordNames& names() const { return names_; }
     [[nodiscard]] pugi::xml_node root() const { return root_; }
     /// Whether the story is in its part; that of a text box goes with the text that the box stood in.
     [[nodiscard]] bool isPlaced() const;
@@ -79,8 +79,8 @@ class Story {
     void add(LiveSpan& span) { spans_.push_back(&span); }
     void remove(LiveSpan& span) { std::erase(spans_, &span); }
 
-    XmlPart& part_;
-    const WordNames& names_;
+    opc::XmlPart& part_;
+    const opc::WordNames& names_;
     pugi::xml_node root_;
     std::string name_;
     std::deque<Item> pool_;

@@ -43,9 +43,10 @@ void dropFormattingChanges(pugi::xml_node properties) {
     }
 }
 
-bool canBeSplit(WordTag tag) {
-    return tag == WordTag::Hyperlink || tag == WordTag::SmartTag || tag == WordTag::CustomXml ||
-           tag == WordTag::Insertion || tag == WordTag::MoveTo || tag == WordTag::Direction;
+bool canBeSplit(opc::WordTag tag) {
+    return tag == opc::WordTag::Hyperlink || tag == opc::WordTag::SmartTag ||
+           tag == opc::WordTag::CustomXml || tag == opc::WordTag::Insertion || tag == opc::WordTag::MoveTo ||
+           tag == opc::WordTag::Direction;
 }
 
 /// Whether what comes behind an item stands in the code of a field. Fields before the place are passed over;
@@ -55,7 +56,7 @@ bool standsInCode(const Story& story, const Item* item) {
     for (; item; item = ItemTree::previous(item)) {
         if (item->kind == ItemKind::FieldEnd) ++closed;
         if (item->kind == ItemKind::FieldBegin && --closed < 0) {
-            return story.names().tagOf(item->node) != WordTag::SimpleField;
+            return story.names().tagOf(item->node) != opc::WordTag::SimpleField;
         }
         const bool tells = closed == 0 && item->takesPlace() && item->kind != ItemKind::FieldBegin;
         if (tells) return item->kind == ItemKind::FieldCode;
@@ -128,8 +129,8 @@ void StoryEditor::insertObject(CharacterPosition position, pugi::xml_node run, p
 }
 
 void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::string_view text) {
-    const WordTag tag = story_.names().tagOf(item->node);
-    if (tag != WordTag::TextElement && tag != WordTag::InstructionText) {
+    const opc::WordTag tag = story_.names().tagOf(item->node);
+    if (tag != opc::WordTag::TextElement && tag != opc::WordTag::InstructionText) {
         throw AutomationError(kCommandFailed, "No text can stand at this place.");
     }
     std::string whole = item->node.child_value();
@@ -143,8 +144,8 @@ void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::st
 bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, std::string_view text) {
     if (!previous || previous->kind != ItemKind::Text) return false;
     const pugi::xml_node run = previous->node.parent();
-    const bool plain = story_.names().tagOf(previous->node) == WordTag::TextElement &&
-                       story_.names().tagOf(run.parent()) == WordTag::Paragraph;
+    const bool plain = story_.names().tagOf(previous->node) == opc::WordTag::TextElement &&
+                       story_.names().tagOf(run.parent()) == opc::WordTag::Paragraph;
     if (!plain) return false;
     journal_.appendText(story_.part(), previous->node.first_child(), std::string(text));
     journal_.keepBlanks(previous->node);
@@ -176,7 +177,7 @@ void StoryEditor::insertParagraphMark(CharacterPosition position) {
     pugi::xml_node moving = place.after ? place.after.next_sibling() : paragraph.first_child();
     while (moving) {
         const pugi::xml_node following = moving.next_sibling();
-        const bool isContent = story_.names().tagOf(moving) != WordTag::ParagraphProperties;
+        const bool isContent = story_.names().tagOf(moving) != opc::WordTag::ParagraphProperties;
         if (isContent) journal_.move(story_.part(), moving, second, second.last_child());
         moving = following;
     }
@@ -192,7 +193,7 @@ bool StoryEditor::endsWithOwnParagraph() const {
 
 void StoryEditor::appendParagraph() {
     const pugi::xml_node root = story_.root();
-    const pugi::xml_node section = story_.names().child(root, WordTag::SectionProperties);
+    const pugi::xml_node section = story_.names().child(root, opc::WordTag::SectionProperties);
     const pugi::xml_node paragraph = skeletons_.makeParagraph();
     const CharacterPosition end{story_.length().value};
     journal_.move(story_.part(), paragraph, root, section ? section.previous_sibling() : root.last_child());
@@ -209,7 +210,7 @@ void StoryEditor::splitRun(CharacterPosition position) {
     const Item* previous = ItemTree::previous(next);
     if (!previous || previous->node.parent() != next->node.parent()) return;
     const pugi::xml_node run = next->node.parent();
-    if (story_.names().tagOf(run) == WordTag::Run) splitRunBehind(run, previous->node);
+    if (story_.names().tagOf(run) == opc::WordTag::Run) splitRunBehind(run, previous->node);
 }
 
 void StoryEditor::checkSplit(CharacterPosition position) const {
@@ -228,7 +229,7 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
     text.first_child().set_value(whole.substr(bytes).c_str());
     text.remove_attribute("xml:space");
     keepBlanks(text);
-    const pugi::xml_node properties = story_.names().child(second, WordTag::RunProperties);
+    const pugi::xml_node properties = story_.names().child(second, opc::WordTag::RunProperties);
     journal_.move(story_.part(), text, second, properties);
 
     journal_.setText(story_.part(), item->node.first_child(), whole.substr(0, bytes));
@@ -239,7 +240,7 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
 }
 
 pugi::xml_node StoryEditor::splitRunBehind(pugi::xml_node run, pugi::xml_node child) {
-    const pugi::xml_node second = makeRun(story_.names().child(run, WordTag::RunProperties));
+    const pugi::xml_node second = makeRun(story_.names().child(run, opc::WordTag::RunProperties));
     journal_.move(story_.part(), second, run.parent(), run);
     while (const pugi::xml_node moving = child.next_sibling()) {
         journal_.move(story_.part(), moving, second, second.last_child());
@@ -250,7 +251,7 @@ pugi::xml_node StoryEditor::splitRunBehind(pugi::xml_node run, pugi::xml_node ch
 DomPlace StoryEditor::splitContainers(DomPlace place, pugi::xml_node paragraph) {
     while (place.parent != paragraph) {
         const pugi::xml_node container = place.parent;
-        const bool isField = story_.names().tagOf(container) == WordTag::SimpleField;
+        const bool isField = story_.names().tagOf(container) == opc::WordTag::SimpleField;
         const bool splits = place.after && place.after.next_sibling();
         if (isField || (splits && !canBeSplit(story_.names().tagOf(container)))) {
             throw AutomationError(kCommandFailed, "No paragraph can end at this place.");
@@ -273,13 +274,13 @@ DomPlace StoryEditor::splitContainers(DomPlace place, pugi::xml_node paragraph) 
 
 pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
     const pugi::xml_node second = skeletons_.makeParagraph();
-    const pugi::xml_node properties = story_.names().child(paragraph, WordTag::ParagraphProperties);
+    const pugi::xml_node properties = story_.names().child(paragraph, opc::WordTag::ParagraphProperties);
     if (!properties) return second;
     const pugi::xml_node copy = skeletons_.copy(properties);
     dropFormattingChanges(copy);
     moveNode(copy, second, {});
     // A section ends with the last of the paragraphs.
-    const pugi::xml_node section = story_.names().child(properties, WordTag::SectionProperties);
+    const pugi::xml_node section = story_.names().child(properties, opc::WordTag::SectionProperties);
     if (section) journal_.remove(story_.part(), section);
     return second;
 }
@@ -291,17 +292,18 @@ Formatting StoryEditor::formattingAtPlace(CharacterPosition position) const {
 }
 
 pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next) const {
-    const WordNames& names = story_.names();
+    const opc::WordNames& names = story_.names();
     while (previous && !previous->takesPlace())
         previous = ItemTree::previous(previous);
     const pugi::xml_node paragraph = story_.paragraphOf(next);
     if (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == paragraph) {
-        return names.child(places_.inlineElementOf(previous), WordTag::RunProperties);
+        return names.child(places_.inlineElementOf(previous), opc::WordTag::RunProperties);
     }
     if (next->kind != ItemKind::ParagraphMark) {
-        return names.child(places_.inlineElementOf(next), WordTag::RunProperties);
+        return names.child(places_.inlineElementOf(next), opc::WordTag::RunProperties);
     }
-    return names.child(names.child(paragraph, WordTag::ParagraphProperties), WordTag::RunProperties);
+    return names.child(names.child(paragraph, opc::WordTag::ParagraphProperties),
+                       opc::WordTag::RunProperties);
 }
 
 pugi::xml_node StoryEditor::makeRun(pugi::xml_node formatting) {

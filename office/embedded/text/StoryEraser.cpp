@@ -199,14 +199,14 @@ void StoryEraser::eraseParagraphMark(Item* mark) {
 }
 
 void StoryEraser::moveContent(const Item* mark, const Item* next, pugi::xml_node second) {
-    pugi::xml_node behind = story_.names().child(second, WordTag::ParagraphProperties);
+    pugi::xml_node behind = story_.names().child(second, opc::WordTag::ParagraphProperties);
     const auto take = [&](pugi::xml_node node) {
         journal_.move(story_.part(), node, second, behind);
         behind = node;
     };
     for (pugi::xml_node child = mark->node.first_child(); child;) {
         const pugi::xml_node following = child.next_sibling();
-        if (story_.names().tagOf(child) != WordTag::ParagraphProperties) take(child);
+        if (story_.names().tagOf(child) != opc::WordTag::ParagraphProperties) take(child);
         child = following;
     }
     // Marks between the paragraphs stand behind what came out of the first one.
@@ -216,18 +216,19 @@ void StoryEraser::moveContent(const Item* mark, const Item* next, pugi::xml_node
 }
 
 void StoryEraser::erasePartOfRun(Item* item) {
-    const WordNames& names = story_.names();
+    const opc::WordNames& names = story_.names();
     const pugi::xml_node run = item->node.parent();
-    const bool isSimpleField = names.tagOf(item->node) == WordTag::SimpleField;
+    const bool isSimpleField = names.tagOf(item->node) == opc::WordTag::SimpleField;
     // The element of a simple field goes with its end.
     if (!isSimpleField || item->kind == ItemKind::FieldEnd) {
         rescueMarks(item, item->node);
         removeElement(item->node);
     }
     journal_.removeItem(story_.items(), item);
-    if (names.tagOf(run) != WordTag::Run) return;
+    if (names.tagOf(run) != opc::WordTag::Run) return;
     const pugi::xml_node rest = run.first_child();
-    const bool empty = !rest || (rest == run.last_child() && names.tagOf(rest) == WordTag::RunProperties);
+    const bool empty =
+        !rest || (rest == run.last_child() && names.tagOf(rest) == opc::WordTag::RunProperties);
     if (empty) journal_.remove(story_.part(), run);
 }
 
@@ -242,7 +243,7 @@ void StoryEraser::rescueMarks(const Item* item, pugi::xml_node element) {
 void StoryEraser::rescueOthers(pugi::xml_node paragraph) {
     for (pugi::xml_node child = paragraph.first_child(); child;) {
         const pugi::xml_node following = child.next_sibling();
-        const bool isOther = story_.names().tagOf(child) == WordTag::Other;
+        const bool isOther = story_.names().tagOf(child) == opc::WordTag::Other;
         if (isOther) journal_.move(story_.part(), child, paragraph.parent(), paragraph.previous_sibling());
         child = following;
     }
@@ -253,15 +254,15 @@ void StoryEraser::removeElement(pugi::xml_node element) {
     const pugi::xml_node content = element.parent();
     journal_.remove(story_.part(), element);
     const bool isEmptied = !content.first_child() &&
-                           story_.names().tagOf(content) == WordTag::ContentControlContent &&
-                           !story_.names().ancestor(content, WordTag::Paragraph);
+                           story_.names().tagOf(content) == opc::WordTag::ContentControlContent &&
+                           !story_.names().ancestor(content, opc::WordTag::Paragraph);
     if (isEmptied) journal_.remove(story_.part(), content.parent());
 }
 
 pugi::xml_node StoryEraser::commonCell(const Item* first, const Item* last) const {
     pugi::xml_node cell = story_.cellOf(first);
     while (cell && !isInside(last->node, cell)) {
-        cell = story_.names().ancestor(cell, WordTag::CellElement);
+        cell = story_.names().ancestor(cell, opc::WordTag::CellElement);
     }
     return cell && isInside(cell, story_.root()) ? cell : pugi::xml_node();
 }
@@ -270,7 +271,7 @@ pugi::xml_node StoryEraser::outermostTable(const Item* item, pugi::xml_node with
     pugi::xml_node found;
     for (pugi::xml_node node = item->node; node && node != within && node != story_.root();
          node = node.parent()) {
-        if (story_.names().tagOf(node) == WordTag::Table) found = node;
+        if (story_.names().tagOf(node) == opc::WordTag::Table) found = node;
     }
     return found;
 }

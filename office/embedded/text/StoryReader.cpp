@@ -56,7 +56,7 @@ void StoryReader::endWithParagraph() {
     const auto last = std::find_if(items_.rbegin(), items_.rend(), takesPlace);
     if (last != items_.rend() && (*last)->kind == ItemKind::ParagraphMark) return;
     const std::string name = names_.element("p");
-    const pugi::xml_node section = names_.child(story_.root_, WordTag::SectionProperties);
+    const pugi::xml_node section = names_.child(story_.root_, opc::WordTag::SectionProperties);
     add(ItemKind::ParagraphMark, section ? story_.root_.insert_child_before(name.c_str(), section)
                                          : story_.root_.append_child(name.c_str()));
 }
@@ -97,36 +97,36 @@ void StoryReader::readChildren(pugi::xml_node container) {
 
 void StoryReader::readElement(pugi::xml_node node) {
     switch (names_.tagOf(node)) {
-        case WordTag::Run:
+        case opc::WordTag::Run:
             return readRun(node);
-        case WordTag::Paragraph:
+        case opc::WordTag::Paragraph:
             readChildren(node);
             return add(ItemKind::ParagraphMark, node);
-        case WordTag::Row:
+        case opc::WordTag::Row:
             readChildren(node);
             return add(ItemKind::RowMark, node);
-        case WordTag::AlternateContent:
-            return readChildren(names_.child(node, WordTag::Choice));
-        case WordTag::ContentControl:
-            return readChildren(names_.child(node, WordTag::ContentControlContent));
-        case WordTag::Table:
-        case WordTag::CellElement:
-        case WordTag::CustomXml:
-        case WordTag::SmartTag:
-        case WordTag::Hyperlink:
-        case WordTag::Insertion:
-        case WordTag::Deletion:
-        case WordTag::MoveFrom:
-        case WordTag::MoveTo:
-        case WordTag::Direction:
+        case opc::WordTag::AlternateContent:
+            return readChildren(names_.child(node, opc::WordTag::Choice));
+        case opc::WordTag::ContentControl:
+            return readChildren(names_.child(node, opc::WordTag::ContentControlContent));
+        case opc::WordTag::Table:
+        case opc::WordTag::CellElement:
+        case opc::WordTag::CustomXml:
+        case opc::WordTag::SmartTag:
+        case opc::WordTag::Hyperlink:
+        case opc::WordTag::Insertion:
+        case opc::WordTag::Deletion:
+        case opc::WordTag::MoveFrom:
+        case opc::WordTag::MoveTo:
+        case opc::WordTag::Direction:
             return readChildren(node);
-        case WordTag::SimpleField:
+        case opc::WordTag::SimpleField:
             return readSimpleField(node);
-        case WordTag::Math:
+        case opc::WordTag::Math:
             return add(ItemKind::InlineObject, node);
-        case WordTag::BookmarkStart:
+        case opc::WordTag::BookmarkStart:
             return add(ItemKind::BookmarkStart, node, {0});
-        case WordTag::BookmarkEnd:
+        case opc::WordTag::BookmarkEnd:
             return add(ItemKind::BookmarkEnd, node, {0});
         default:
             return;
@@ -140,30 +140,30 @@ void StoryReader::readRun(pugi::xml_node run) {
 
 void StoryReader::readRunChild(pugi::xml_node node) {
     switch (names_.tagOf(node)) {
-        case WordTag::TextElement:
-        case WordTag::DeletedText:
+        case opc::WordTag::TextElement:
+        case opc::WordTag::DeletedText:
             return readText(node, ItemKind::Text);
-        case WordTag::InstructionText:
-        case WordTag::DeletedInstructionText:
+        case opc::WordTag::InstructionText:
+        case opc::WordTag::DeletedInstructionText:
             return readText(node, ItemKind::FieldCode);
-        case WordTag::Tab:
-        case WordTag::Break:
-        case WordTag::SingleCharacter:
+        case opc::WordTag::Tab:
+        case opc::WordTag::Break:
+        case opc::WordTag::SingleCharacter:
             return add(ItemKind::Character, node);
-        case WordTag::Ruby:
-        case WordTag::EmbeddedObject:
+        case opc::WordTag::Ruby:
+        case opc::WordTag::EmbeddedObject:
             collectTextBoxes(node);
             return add(ItemKind::InlineObject, node);
-        case WordTag::Drawing:
-        case WordTag::VmlPicture:
+        case opc::WordTag::Drawing:
+        case opc::WordTag::VmlPicture:
             return readDrawing(node, node);
-        case WordTag::AlternateContent:
-            readDrawing(node, firstElement(names_.child(node, WordTag::Choice)));
+        case opc::WordTag::AlternateContent:
+            readDrawing(node, firstElement(names_.child(node, opc::WordTag::Choice)));
             for (const pugi::xml_node branch : node.children()) {
-                if (names_.tagOf(branch) != WordTag::Choice) collectCopies(branch);
+                if (names_.tagOf(branch) != opc::WordTag::Choice) collectCopies(branch);
             }
             return;
-        case WordTag::FieldCharacter:
+        case opc::WordTag::FieldCharacter:
             return readFieldCharacter(node);
         default:
             return;
@@ -191,14 +191,15 @@ void StoryReader::readSimpleField(pugi::xml_node node) {
 }
 
 void StoryReader::readDrawing(pugi::xml_node runChild, pugi::xml_node drawing) {
-    const bool floating = names_.tagOf(drawing) == WordTag::VmlPicture ? floats(drawing) : isAnchor(drawing);
+    const bool floating =
+        names_.tagOf(drawing) == opc::WordTag::VmlPicture ? floats(drawing) : isAnchor(drawing);
     add(floating ? ItemKind::Anchor : ItemKind::InlineObject, runChild, {floating ? 0 : 1});
     collectTextBoxes(drawing);
 }
 
 void StoryReader::collectTextBoxes(pugi::xml_node node) {
     for (const pugi::xml_node child : node.children()) {
-        if (names_.tagOf(child) == WordTag::TextBoxContent) {
+        if (names_.tagOf(child) == opc::WordTag::TextBoxContent) {
             story_.textBoxes_.push_back(child);
         } else {
             collectTextBoxes(child);
@@ -208,8 +209,8 @@ void StoryReader::collectTextBoxes(pugi::xml_node node) {
 
 void StoryReader::collectCopies(pugi::xml_node fallback) {
     for (const pugi::xml_node child : fallback.children()) {
-        const WordTag tag = names_.tagOf(child);
-        if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) {
+        const opc::WordTag tag = names_.tagOf(child);
+        if (tag == opc::WordTag::BookmarkStart || tag == opc::WordTag::BookmarkEnd) {
             bookmarks_.addCopy(
                 {names_.value(child, "name"), names_.value(child, "id"), &story_.part_, child});
         } else {

@@ -35,7 +35,7 @@ class StoryReader {
     void collectCopies(pugi::xml_node fallback);
 
     Story& story_;
-    const WordNames& names_;
+    const opc::WordNames& names_;
     BookmarkTable& bookmarks_;
     std::vector<Item*> items_;
 };

@@ -108,7 +108,7 @@ void TableEditor::addBorders(pugi::xml_node properties) {
 }
 
 pugi::xml_node TableEditor::makeRowLike(pugi::xml_node row) {
-    const WordNames& names = story_.names();
+    const opc::WordNames& names = story_.names();
     const pugi::xml_node made = skeletons_.makeElement("tr");
     const auto copyChild = [&](pugi::xml_node from, const char* name, pugi::xml_node to) {
         const pugi::xml_node child = from.child(names.element(name).c_str());
@@ -130,7 +130,7 @@ pugi::xml_node TableEditor::makeRowLike(pugi::xml_node row) {
 
 Item* TableEditor::insertRowItems(pugi::xml_node row, Item* next) {
     for (const pugi::xml_node cell : cellsOf(row, story_.names())) {
-        const pugi::xml_node paragraph = story_.names().child(cell, WordTag::Paragraph);
+        const pugi::xml_node paragraph = story_.names().child(cell, opc::WordTag::Paragraph);
         journal_.insertItem(story_.items(), next, story_.makeItem(ItemKind::ParagraphMark, paragraph, {1}));
     }
     Item* mark = story_.makeItem(ItemKind::RowMark, row, {1});

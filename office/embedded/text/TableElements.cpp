@@ -8,15 +8,15 @@ namespace mergeloom::embedded {
 
 namespace {
 
-void collect(pugi::xml_node container, WordTag wanted, const WordNames& names,
+void collect(pugi::xml_node container, opc::WordTag wanted, const opc::WordNames& names,
              std::vector<pugi::xml_node>& found) {
     for (const pugi::xml_node child : container.children()) {
-        switch (const WordTag tag = names.tagOf(child)) {
-            case WordTag::ContentControl:
-            case WordTag::ContentControlContent:
-            case WordTag::CustomXml:
-            case WordTag::Insertion:
-            case WordTag::Deletion:
+        switch (const opc::WordTag tag = names.tagOf(child)) {
+            case opc::WordTag::ContentControl:
+            case opc::WordTag::ContentControlContent:
+            case opc::WordTag::CustomXml:
+            case opc::WordTag::Insertion:
+            case opc::WordTag::Deletion:
                 collect(child, wanted, names, found);
                 break;
             default:
@@ -25,14 +25,14 @@ void collect(pugi::xml_node container, WordTag wanted, const WordNames& names,
     }
 }
 
-bool isMerged(pugi::xml_node cell, const WordNames& names) {
+bool isMerged(pugi::xml_node cell, const opc::WordNames& names) {
     const pugi::xml_node properties = cell.child(names.element("tcPr").c_str());
     return properties.child(names.element("vMerge").c_str()) ||
            properties.child(names.element("hMerge").c_str());
 }
 
 /// How many columns of the grid the cell takes.
-int columnsOf(pugi::xml_node cell, const WordNames& names) {
+int columnsOf(pugi::xml_node cell, const opc::WordNames& names) {
     const pugi::xml_node span =
         cell.child(names.element("tcPr").c_str()).child(names.element("gridSpan").c_str());
     return span.attribute(names.attribute("val").c_str()).as_int(1);
@@ -40,19 +40,19 @@ int columnsOf(pugi::xml_node cell, const WordNames& names) {
 
 }  // namespace
 
-std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const WordNames& names) {
+std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const opc::WordNames& names) {
     std::vector<pugi::xml_node> rows;
-    collect(table, WordTag::Row, names, rows);
+    collect(table, opc::WordTag::Row, names, rows);
     return rows;
 }
 
-std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const WordNames& names) {
+std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const opc::WordNames& names) {
     std::vector<pugi::xml_node> cells;
-    collect(row, WordTag::CellElement, names, cells);
+    collect(row, opc::WordTag::CellElement, names, cells);
     return cells;
 }
 
-int columnCountOf(pugi::xml_node table, const WordNames& names) {
+int columnCountOf(pugi::xml_node table, const opc::WordNames& names) {
     const pugi::xml_node grid = table.child(names.element("tblGrid").c_str());
     // The children keep no copy of the name that they are asked for.
     const std::string name = names.element("gridCol");
@@ -65,7 +65,7 @@ int columnCountOf(pugi::xml_node table, const WordNames& names) {
     return static_cast<int>(longest);
 }
 
-bool isUniform(pugi::xml_node table, const WordNames& names) {
+bool isUniform(pugi::xml_node table, const opc::WordNames& names) {
     const std::vector<pugi::xml_node> rows = rowsOf(table, names);
     const auto columns = [&](pugi::xml_node row) {
         std::vector<int> found;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/parts/WordNames.h"
+#include "office/opc/WordNames.h"
 
 #include <pugixml.hpp>
 #include <vector>
@@ -9,13 +9,13 @@ namespace mergeloom::embedded {
 
 /// The rows of a table and the cells of a row (ECMA-376 Part 1, 17.4), also those that stand in content
 /// controls or tracked changes; what nested tables hold does not count.
-std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const WordNames& names);
-std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const WordNames& names);
+std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const opc::WordNames& names);
+std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const opc::WordNames& names);
 
 /// How many columns the table's grid has; for a table without a grid, its longest row's cells.
-int columnCountOf(pugi::xml_node table, const WordNames& names);
+int columnCountOf(pugi::xml_node table, const opc::WordNames& names);
 
 /// Whether all rows have the same cells over the same columns of the grid, and no cell spans several rows.
-bool isUniform(pugi::xml_node table, const WordNames& names);
+bool isUniform(pugi::xml_node table, const opc::WordNames& names);
 
 }  // namespace mergeloom::embedded

@@ -10,27 +10,27 @@ namespace mergeloom::embedded {
 
 namespace {
 
-pugi::xml_node propertiesOf(const WordNames& names, pugi::xml_node control) {
+pugi::xml_node propertiesOf(const opc::WordNames& names, pugi::xml_node control) {
     return control.child(names.element("sdtPr").c_str());
 }
 
 /// ECMA-376 Part 1, 17.5.2.23: the other lock, "sdtLocked", only keeps the control from being deleted.
-bool isContentLocked(const WordNames& names, pugi::xml_node control) {
+bool isContentLocked(const opc::WordNames& names, pugi::xml_node control) {
     const pugi::xml_node lock = propertiesOf(names, control).child(names.element("lock").c_str());
     const std::string_view value = names.value(lock, "val");
     return value == "contentLocked" || value == "sdtContentLocked";
 }
 
 /// ECMA-376 Part 1, 17.5.2.16: a group protects all of its content but for the controls inside.
-bool isGroup(const WordNames& names, pugi::xml_node control) {
+bool isGroup(const opc::WordNames& names, pugi::xml_node control) {
     return static_cast<bool>(propertiesOf(names, control).child(names.element("group").c_str()));
 }
 
 /// The control that locks what is inside an element, which may be that control's own content; none otherwise.
-pugi::xml_node lockedControlAround(const WordNames& names, pugi::xml_node element) {
+pugi::xml_node lockedControlAround(const opc::WordNames& names, pugi::xml_node element) {
     bool isInControl = false;
     for (pugi::xml_node node = element; node; node = node.parent()) {
-        if (names.tagOf(node) != WordTag::ContentControl) continue;
+        if (names.tagOf(node) != opc::WordTag::ContentControl) continue;
         if (isContentLocked(names, node)) return node;
         if (!isInControl && isGroup(names, node)) return node;
         isInControl = true;
@@ -38,7 +38,7 @@ pugi::xml_node lockedControlAround(const WordNames& names, pugi::xml_node elemen
     return {};
 }
 
-std::string titleOf(const WordNames& names, pugi::xml_node control) {
+std::string titleOf(const opc::WordNames& names, pugi::xml_node control) {
     for (const char* title : {"alias", "tag"}) {
         const pugi::xml_node named = propertiesOf(names, control).child(names.element(title).c_str());
         const std::string value = names.value(named, "val");
@@ -48,7 +48,7 @@ std::string titleOf(const WordNames& names, pugi::xml_node control) {
 }
 
 void checkInside(const Story& story, pugi::xml_node element) {
-    const WordNames& names = story.names();
+    const opc::WordNames& names = story.names();
     const pugi::xml_node control = lockedControlAround(names, element);
     if (!control) return;
     throw AutomationError(kNotAvailable,
@@ -79,21 +79,21 @@ pugi::xml_node elementBehind(const Story& story, CharacterPosition end) {
 }
 
 /// Sections of a form may be left open to editing (ECMA-376 Part 1, 17.6.6).
-bool isOpenSection(const WordNames& names, pugi::xml_node section) {
+bool isOpenSection(const opc::WordNames& names, pugi::xml_node section) {
     const pugi::xml_node switched = section.child(names.element("formProt").c_str());
-    return switched && isOff(names.value(switched, "val"));
+    return switched && opc::isOff(names.value(switched, "val"));
 }
 
 /// The properties of the section in which an element of the body stands: those of the next paragraph that
 /// ends one, or the body's own.
 pugi::xml_node sectionOf(const Story& story, pugi::xml_node element) {
-    const WordNames& names = story.names();
+    const opc::WordNames& names = story.names();
     while (element && element.parent() != story.root())
         element = element.parent();
     for (; element; element = element.next_sibling()) {
-        if (names.tagOf(element) == WordTag::SectionProperties) return element;
-        const pugi::xml_node properties = names.child(element, WordTag::ParagraphProperties);
-        const pugi::xml_node section = names.child(properties, WordTag::SectionProperties);
+        if (names.tagOf(element) == opc::WordTag::SectionProperties) return element;
+        const pugi::xml_node properties = names.child(element, opc::WordTag::ParagraphProperties);
+        const pugi::xml_node section = names.child(properties, opc::WordTag::SectionProperties);
         if (section) return section;
     }
     return {};
@@ -117,15 +117,15 @@ void EditPermission::checkMarks(const Story& story, CharacterPosition start, Cha
 }
 
 void EditPermission::checkDocument(const Story& story, CharacterPosition position) {
-    if (protection() == DocumentProtection::None) return;
-    const bool isForm = protection() == DocumentProtection::Forms;
+    if (protection() == opc::DocumentProtection::None) return;
+    const bool isForm = protection() == opc::DocumentProtection::Forms;
     const Item* item = isForm ? story.items().itemAt(position) : nullptr;
     if (item && isOpenSection(story.names(), sectionOf(story, item->node))) return;
-    refuseProtected(package_.fileName(), protection());
+    opc::refuseProtected(package_.fileName(), protection());
 }
 
-DocumentProtection EditPermission::protection() {
-    if (!protection_) protection_ = readDocumentProtection(package_);
+opc::DocumentProtection EditPermission::protection() {
+    if (!protection_) protection_ = opc::readDocumentProtection(package_);
     return *protection_;
 }
 

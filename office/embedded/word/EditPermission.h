@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/DocumentProtection.h"
 #include "office/embedded/text/Story.h"
+#include "office/opc/DocumentProtection.h"
+#include "office/opc/Package.h"
 
 #include <optional>
 
@@ -12,7 +12,7 @@ namespace mergeloom::embedded {
 /// These raise kNotAvailable with a sentence before anything has changed.
 class EditPermission {
   public:
-    explicit EditPermission(Package& package) : package_(package) {}
+    explicit EditPermission(opc::Package& package) : package_(package) {}
 
     /// For text that replaces a stretch, or comes in where it is empty.
     void checkText(const Story& story, CharacterPosition start, CharacterPosition end);
@@ -21,10 +21,10 @@ class EditPermission {
 
   private:
     void checkDocument(const Story& story, CharacterPosition position);
-    DocumentProtection protection();
+    opc::DocumentProtection protection();
 
-    Package& package_;
-    std::optional<DocumentProtection> protection_;  // read when the first edit asks
+    opc::Package& package_;
+    std::optional<opc::DocumentProtection> protection_;  // read when the first edit asks
 };
 
 }  // namespace mergeloom::embedded

@@ -15,11 +15,11 @@ namespace mergeloom::embedded {
 
 /// One part that holds stories, with what edits of it need.
 struct EditablePart {
-    explicit EditablePart(std::unique_ptr<XmlPart> xmlPart)
+    explicit EditablePart(std::unique_ptr<opc::XmlPart> xmlPart)
         : part(std::move(xmlPart)), names(part->root()), skeletons(*part, names) {}
 
-    std::unique_ptr<XmlPart> part;
-    WordNames names;
+    std::unique_ptr<opc::XmlPart> part;
+    opc::WordNames names;
     WordSkeletons skeletons;
 };
 

@@ -36,13 +36,13 @@ void EmbeddedApplication::Quit(word::WdSaveOptions saveChanges) {
 }
 
 word::DocumentPtr EmbeddedApplication::open(const std::string& fileName) {
-    Package package = Package::read(files_.read(fileName), fileName);
+    opc::Package package = opc::Package::read(files_.read(fileName), fileName);
     return list(std::make_shared<WordContent>(std::move(package), files_), fileName, true);
 }
 
 word::DocumentPtr EmbeddedApplication::add(const std::string& templatePath) {
-    Package package = templatePath.empty() ? seededPackage(newDocumentParts())
-                                           : Package::read(files_.read(templatePath), templatePath);
+    opc::Package package = templatePath.empty() ? seededPackage(newDocumentParts())
+                                                : opc::Package::read(files_.read(templatePath), templatePath);
     auto content = std::make_shared<WordContent>(std::move(package), files_);
     return list(std::move(content), "Document" + std::to_string(++added_), false);
 }

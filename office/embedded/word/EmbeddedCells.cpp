@@ -17,13 +17,13 @@ int numberAmong(const std::vector<pugi::xml_node>& nodes, pugi::xml_node node) {
 }  // namespace
 
 int EmbeddedCell::ColumnIndex() {
-    const WordNames& names = table_->names();
-    return numberAmong(cellsOf(names.ancestor(cell_, WordTag::Row), names), cell_);
+    const opc::WordNames& names = table_->names();
+    return numberAmong(cellsOf(names.ancestor(cell_, opc::WordTag::Row), names), cell_);
 }
 
 int EmbeddedCell::RowIndex() {
-    const WordNames& names = table_->names();
-    return numberAmong(rowsOf(table_->element(), names), names.ancestor(cell_, WordTag::Row));
+    const opc::WordNames& names = table_->names();
+    return numberAmong(rowsOf(table_->element(), names), names.ancestor(cell_, opc::WordTag::Row));
 }
 
 void EmbeddedCell::Select() {

@@ -33,7 +33,7 @@ Stretch EmbeddedField::whole() const {
 
 Stretch EmbeddedField::code() const {
     const Stretch field = whole();
-    const bool simple = place_.story->names().tagOf(items_.begin->node) == WordTag::SimpleField;
+    const bool simple = place_.story->names().tagOf(items_.begin->node) == opc::WordTag::SimpleField;
     const CharacterPosition begin = field.start + CharacterCount{simple ? 0 : 1};
     if (simple) return {begin, begin + CharacterCount{items_.begin->length}};
     const Item* last = items_.separator && items_.separator->placed ? items_.separator : items_.end;

@@ -23,7 +23,7 @@ class EmbeddedTable final : public word::Table, public std::enable_shared_from_t
 
     /// The table's element. Raises kObjectDeleted when the table is gone.
     [[nodiscard]] pugi::xml_node element() const;
-    [[nodiscard]] const WordNames& names() const { return place_.story->names(); }
+    [[nodiscard]] const opc::WordNames& names() const { return place_.story->names(); }
     /// The range of a row or cell of the table, or of the table itself.
     word::RangePtr rangeOf(pugi::xml_node part) const;
     void appendRow();

@@ -10,9 +10,9 @@ namespace {
 using Nodes = std::vector<pugi::xml_node>;
 
 /// The text boxes below a node, without those inside of them.
-void collectTextBoxes(const WordNames& names, pugi::xml_node node, Nodes& found) {
+void collectTextBoxes(const opc::WordNames& names, pugi::xml_node node, Nodes& found) {
     for (const pugi::xml_node child : node.children()) {
-        if (names.tagOf(child) == WordTag::TextBoxContent) {
+        if (names.tagOf(child) == opc::WordTag::TextBoxContent) {
             found.push_back(child);
         } else {
             collectTextBoxes(names, child, found);
@@ -20,7 +20,7 @@ void collectTextBoxes(const WordNames& names, pugi::xml_node node, Nodes& found)
     }
 }
 
-Nodes textBoxesOf(const WordNames& names, pugi::xml_node branch) {
+Nodes textBoxesOf(const opc::WordNames& names, pugi::xml_node branch) {
     Nodes found;
     collectTextBoxes(names, branch, found);
     return found;
@@ -35,11 +35,11 @@ Nodes branchesBeside(pugi::xml_node branch) {
     return found;
 }
 
-void removeBookmarks(const WordNames& names, pugi::xml_node node) {
+void removeBookmarks(const opc::WordNames& names, pugi::xml_node node) {
     for (pugi::xml_node child = node.first_child(); child;) {
         const pugi::xml_node next = child.next_sibling();
-        const WordTag tag = names.tagOf(child);
-        if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) {
+        const opc::WordTag tag = names.tagOf(child);
+        if (tag == opc::WordTag::BookmarkStart || tag == opc::WordTag::BookmarkEnd) {
             node.remove_child(child);
         } else {
             removeBookmarks(names, child);
@@ -49,11 +49,12 @@ void removeBookmarks(const WordNames& names, pugi::xml_node node) {
 }
 
 /// What an edit may still know of goes to the attic instead of being destroyed.
-void discard(const XmlPart& part, pugi::xml_node node) {
+void discard(const opc::XmlPart& part, pugi::xml_node node) {
     moveNode(node, part.attic(), part.attic().last_child());
 }
 
-void repeatContent(const XmlPart& part, const WordNames& names, pugi::xml_node from, pugi::xml_node to) {
+void repeatContent(const opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node from,
+                   pugi::xml_node to) {
     while (const pugi::xml_node old = to.first_child())
         discard(part, old);
     for (const pugi::xml_node child : from.children())
@@ -62,8 +63,8 @@ void repeatContent(const XmlPart& part, const WordNames& names, pugi::xml_node f
 }
 
 void renewBeside(const Story& story, pugi::xml_node textBox) {
-    const WordNames& names = story.names();
-    const pugi::xml_node choice = names.ancestor(textBox, WordTag::Choice);
+    const opc::WordNames& names = story.names();
+    const pugi::xml_node choice = names.ancestor(textBox, opc::WordTag::Choice);
     if (!choice) return;
     const Nodes boxes = textBoxesOf(names, choice);
     const auto found = std::find(boxes.begin(), boxes.end(), textBox);
@@ -82,23 +83,23 @@ void renewBeside(const Story& story, pugi::xml_node textBox) {
 }  // namespace
 
 void Fallbacks::noteEdit(Story& story, CharacterPosition place) {
-    const WordNames& names = story.names();
-    if (names.tagOf(story.root()) == WordTag::TextBoxContent) editedTextBoxes_.insert(&story);
+    const opc::WordNames& names = story.names();
+    if (names.tagOf(story.root()) == opc::WordTag::TextBoxContent) editedTextBoxes_.insert(&story);
     const Item* item = story.items().itemAt(place);
     for (pugi::xml_node node = item ? item->node.parent() : pugi::xml_node(); node && node != story.root();
          node = node.parent()) {
-        if (names.tagOf(node) != WordTag::Choice) continue;
+        if (names.tagOf(node) != opc::WordTag::Choice) continue;
         for (const pugi::xml_node branch : branchesBeside(node))
             journal_.remove(story.part(), branch);
     }
 }
 
-void Fallbacks::renew(const XmlPart& part) {
+void Fallbacks::renew(const opc::XmlPart& part) {
     for (const Story* story : editedTextBoxes_) {
         if (&story->part() != &part) continue;
         // A text box around this one is repeated with all that is in it.
         for (pugi::xml_node textBox = story->root(); textBox;
-             textBox = story->names().ancestor(textBox, WordTag::TextBoxContent)) {
+             textBox = story->names().ancestor(textBox, opc::WordTag::TextBoxContent)) {
             renewBeside(*story, textBox);
         }
     }

@@ -17,7 +17,7 @@ class Fallbacks {
     void noteEdit(Story& story, CharacterPosition place);
     /// Lets the other branches of text boxes whose text was replaced repeat it as it is now, without the
     /// bookmarks, whose names and ids are taken. To be called before a part is written.
-    void renew(const XmlPart& part);
+    void renew(const opc::XmlPart& part);
 
   private:
     EditJournal& journal_;

@@ -38,9 +38,9 @@ void fitInto(Emu textArea, InlinePicture& picture) {
     picture.width = textArea;
 }
 
-std::string pictureRunXml(const InlinePicture& picture, const WordNames& names) {
+std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& names) {
     const DrawingNamespaces& namespaces =
-        drawingNamespaces(names.isStrict() ? Conformance::Strict : Conformance::Transitional);
+        drawingNamespaces(names.isStrict() ? opc::Conformance::Strict : opc::Conformance::Transitional);
     pugi::xml_document document;
     pugi::xml_node run = document.append_child(names.element("r").c_str());
     pugi::xml_node inlined = run.append_child(names.element("drawing").c_str()).append_child("wp:inline");

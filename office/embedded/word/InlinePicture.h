@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/embedded/parts/WordNames.h"
+#include "office/opc/WordNames.h"
 
 #include <string>
 
@@ -20,6 +20,6 @@ struct InlinePicture {
 void fitInto(Emu textArea, InlinePicture& picture);
 
 /// A run that holds the picture, as XML for a part with those names.
-std::string pictureRunXml(const InlinePicture& picture, const WordNames& names);
+std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& names);
 
 }  // namespace mergeloom::embedded

@@ -24,8 +24,8 @@ std::vector<pugi::xml_node> RangeContents::cells() const {
     const Item* end = last();
     for (const Item* item = first();; item = ItemTree::next(item)) {
         pugi::xml_node around = story_.cellOf(item);
-        while (around && story_.names().ancestor(around, WordTag::Table) != table) {
-            around = story_.names().ancestor(around, WordTag::CellElement);
+        while (around && story_.names().ancestor(around, opc::WordTag::Table) != table) {
+            around = story_.names().ancestor(around, opc::WordTag::CellElement);
         }
         if (around && (found.empty() || around != found.back())) found.push_back(around);
         if (item == end) return found;
@@ -57,14 +57,14 @@ pugi::xml_node RangeContents::commonTable() const {
     if (!start || !end) return {};
     pugi::xml_node table = story_.tableOf(start);
     while (table && !isInside(end->node, table))
-        table = story_.names().ancestor(table, WordTag::Table);
+        table = story_.names().ancestor(table, opc::WordTag::Table);
     return table && isInside(table, story_.root()) ? table : pugi::xml_node();
 }
 
 pugi::xml_node RangeContents::outermostTable(const Item* item) const {
     pugi::xml_node found;
     for (pugi::xml_node node = item->node; node && node != story_.root(); node = node.parent()) {
-        if (story_.names().tagOf(node) == WordTag::Table) found = node;
+        if (story_.names().tagOf(node) == opc::WordTag::Table) found = node;
     }
     return found;
 }

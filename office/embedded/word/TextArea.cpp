@@ -54,8 +54,8 @@ class SectionReader {
     [[nodiscard]] pugi::xml_node sectionOf(const Item* item) const {
         for (; item; item = ItemTree::next(item)) {
             if (item->kind != ItemKind::ParagraphMark) continue;
-            const pugi::xml_node properties = names_.child(item->node, WordTag::ParagraphProperties);
-            if (const pugi::xml_node section = names_.child(properties, WordTag::SectionProperties)) {
+            const pugi::xml_node properties = names_.child(item->node, opc::WordTag::ParagraphProperties);
+            if (const pugi::xml_node section = names_.child(properties, opc::WordTag::SectionProperties)) {
                 return section;
             }
         }
@@ -67,10 +67,10 @@ class SectionReader {
     [[nodiscard]] pugi::xml_node lastSection() const {
         for (pugi::xml_node node = story_.root().last_child(); node; node = node.previous_sibling()) {
             switch (names_.tagOf(node)) {
-                case WordTag::SectionProperties:
+                case opc::WordTag::SectionProperties:
                     return node;
-                case WordTag::Paragraph:
-                case WordTag::Table:
+                case opc::WordTag::Paragraph:
+                case opc::WordTag::Table:
                     return {};
                 default:
                     break;
@@ -89,7 +89,7 @@ class SectionReader {
         return (text - (count - 1) * measure(columns, "space")) / count;
     }
 
-    const WordNames& names_;
+    const opc::WordNames& names_;
     const Story& story_;
 };
 

@@ -29,7 +29,7 @@ bool holdsStories(const std::string& kind) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + fileName + "' " + why);
 }
 
-void checkKind(Package& package, const std::string& mainPart) {
+void checkKind(opc::Package& package, const std::string& mainPart) {
     const std::string type = package.contentTypes().of(mainPart);
     const bool isWord =
         type.find("wordprocessingml") != std::string::npos || type.find("ms-word") != std::string::npos;
@@ -55,7 +55,8 @@ pugi::xml_node nextInOrder(pugi::xml_node node, pugi::xml_node root) {
 
 }  // namespace
 
-WordContent::WordContent(Package package, FileStore& files) : package_(std::move(package)), files_(files) {
+WordContent::WordContent(opc::Package package, FileStore& files)
+    : package_(std::move(package)), files_(files) {
     const std::string mainPart = package_.mainPart();
     checkKind(package_, mainPart);
     loadPart(mainPart, "body");
@@ -88,7 +89,7 @@ std::vector<Story*> WordContent::stories() {
 
 bool WordContent::hasStyle(const std::string& styleId) {
     if (!styles_) {
-        const Relationships& relationships = package_.relationshipsOf(package_.mainPart());
+        const opc::Relationships& relationships = package_.relationshipsOf(package_.mainPart());
         const auto found = relationships.ofOfficeType("styles");
         const std::string part = found.empty() ? "" : relationships.targetPart(*found.front());
         styles_ = package_.hasPart(part) ? package_.readPart(part) : "";
@@ -149,7 +150,7 @@ void WordContent::keepBehind(EditableStory& target, const std::vector<BookmarkRe
 CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,
                                              const std::string& fileName) {
     std::string bytes = files_.read(fileName);
-    const PictureFile file = PictureFile::read(bytes, fileName);
+    const opc::PictureFile file = opc::PictureFile::read(bytes, fileName);
     EditableStory& target = editable(story);
     target.eraser().check(start, end);
     beginEdit(story, start, end);
@@ -170,7 +171,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
 }
 
 std::string WordContent::addPicturePart(const std::string& documentPart, std::string bytes,
-                                        const PictureFile& picture) {
+                                        const opc::PictureFile& picture) {
     const std::size_t before = package_.relationshipsOf(documentPart).all().size();
     std::string id = pictures_.add(documentPart, std::move(bytes), picture);
     const bool isNew = package_.relationshipsOf(documentPart).all().size() > before;
@@ -180,7 +181,7 @@ std::string WordContent::addPicturePart(const std::string& documentPart, std::st
 
 void WordContent::removeAddedPictures() {
     for (const AddedPicture& added : addedPictures_) {
-        Relationships& relationships = package_.relationshipsOf(added.documentPart);
+        opc::Relationships& relationships = package_.relationshipsOf(added.documentPart);
         const std::string part = relationships.targetPart(*relationships.find(added.relationshipId));
         relationships.remove(added.relationshipId);
         if (!isShown(part)) package_.removePart(part);
@@ -190,9 +191,9 @@ void WordContent::removeAddedPictures() {
 
 bool WordContent::isShown(const std::string& picturePart) {
     for (const EditablePart& editable : parts_) {
-        const Relationships& relationships = package_.relationshipsOf(editable.part->partName());
-        for (const Relationship& relationship : relationships.all()) {
-            const bool internal = relationship.mode == TargetMode::Internal;
+        const opc::Relationships& relationships = package_.relationshipsOf(editable.part->partName());
+        for (const opc::Relationship& relationship : relationships.all()) {
+            const bool internal = relationship.mode == opc::TargetMode::Internal;
             if (internal && relationships.targetPart(relationship) == picturePart) return true;
         }
     }
@@ -237,7 +238,7 @@ bool WordContent::undo() {
         editable.story().clampSpans();
     selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);
     // The package has what was taken back from the parts that were stored meanwhile.
-    for (XmlPart* part : stored_)
+    for (opc::XmlPart* part : stored_)
         part->setDirty(true);
     saved_ = recorded_->saved && stored_.empty();
     return true;
@@ -255,8 +256,8 @@ void WordContent::storeParts() {
 
 void WordContent::loadRelated(const std::string& mainPart, const std::string& type, const std::string& kind) {
     std::vector<std::string> partNames;
-    Relationships& relationships = package_.relationshipsOf(mainPart);
-    for (const Relationship* relationship : relationships.ofOfficeType(type)) {
+    opc::Relationships& relationships = package_.relationshipsOf(mainPart);
+    for (const opc::Relationship* relationship : relationships.ofOfficeType(type)) {
         const std::string partName = relationships.targetPart(*relationship);
         const bool isNew = std::find(partNames.begin(), partNames.end(), partName) == partNames.end();
         if (isNew && package_.hasPart(partName)) partNames.push_back(partName);
@@ -268,7 +269,7 @@ void WordContent::loadRelated(const std::string& mainPart, const std::string& ty
 }
 
 void WordContent::loadPart(const std::string& partName, const std::string& kind) {
-    parts_.emplace_back(XmlPart::parse(package_.readPart(partName), partName, package_.fileName()));
+    parts_.emplace_back(opc::XmlPart::parse(package_.readPart(partName), partName, package_.fileName()));
     readIds(parts_.back());
     loadStories(parts_.back(), kind);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "office/embedded/package/Package.h"
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/text/LiveSpan.h"
 #include "office/embedded/word/EditPermission.h"
 #include "office/embedded/word/EditableStory.h"
 #include "office/embedded/word/Fallbacks.h"
+#include "office/opc/Package.h"
 
 #include <cstdint>
 #include <deque>
@@ -27,11 +27,11 @@ class WordContent {
     /// Reads the main part, headers, footers, notes and comments. Raises kFileCouldNotBeRead for a package
     /// that is no Word document or that cannot be edited safely.
     /// Pictures are read from the file store, which has to outlive the content.
-    WordContent(Package package, FileStore& files);
+    WordContent(opc::Package package, FileStore& files);
     WordContent(const WordContent&) = delete;
     WordContent& operator=(const WordContent&) = delete;
 
-    [[nodiscard]] Package& package() { return package_; }
+    [[nodiscard]] opc::Package& package() { return package_; }
     [[nodiscard]] BookmarkTable& bookmarks() { return bookmarks_; }
     [[nodiscard]] EditJournal& journal() { return journal_; }
     [[nodiscard]] LiveSpan& selection() { return *selection_; }
@@ -99,11 +99,11 @@ class WordContent {
     static void keepBehind(EditableStory& target, const std::vector<BookmarkRecord*>& records,
                            CharacterPosition start, CharacterCount inserted);
     std::string addPicturePart(const std::string& documentPart, std::string bytes,
-                               const PictureFile& picture);
+                               const opc::PictureFile& picture);
     void removeAddedPictures();
     [[nodiscard]] bool isShown(const std::string& picturePart);
 
-    Package package_;
+    opc::Package package_;
     FileStore& files_;
     PictureParts pictures_{package_};
     EditPermission permission_{package_};
@@ -115,8 +115,8 @@ class WordContent {
     std::optional<LiveSpan> selection_;
     std::optional<RecordedState> recorded_;
     std::vector<AddedPicture> addedPictures_;
-    std::vector<XmlPart*> stored_;  // since a step was recorded
-    std::int64_t highestId_ = -1;   // of bookmarks, tracked changes and comments, which share their ids
+    std::vector<opc::XmlPart*> stored_;  // since a step was recorded
+    std::int64_t highestId_ = -1;        // of bookmarks, tracked changes and comments, which share their ids
     std::int64_t highestDrawingId_ = 0;
     int textBoxes_ = 0;
     std::optional<std::string> styles_;  // the part's XML, read when it is asked for first

@@ -1,7 +1,7 @@
 #include "office/libreoffice/excel/CalcGraphic.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/parts/PictureFile.h"
+#include "office/opc/PictureFile.h"
 
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/graphic/GraphicProvider.hpp>
@@ -37,7 +37,7 @@ Points pointsOf(Emu length) {
 
 CalcGraphic readGraphic(OfficeConnection& connection, FileStore& files, const std::string& fileName) {
     const std::string bytes = files.read(fileName);
-    const auto picture = embedded::PictureFile::read(bytes, fileName);
+    const auto picture = opc::PictureFile::read(bytes, fileName);
     const Reference<css::graphic::XGraphic> graphic = decode(connection, bytes);
     if (graphic.is()) return {graphic, pointsOf(picture.naturalWidth()), pointsOf(picture.naturalHeight())};
     throw AutomationError(kFileCouldNotBeRead,

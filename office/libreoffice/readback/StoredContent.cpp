@@ -3,10 +3,10 @@
 #include "base/AutomationError.h"
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
-#include "office/embedded/package/ZipReader.h"
 #include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/opc/ZipReader.h"
 
 #include <algorithm>
 #include <array>
@@ -35,12 +35,12 @@ class PassingFile {
     std::string path_;
 };
 
-std::unique_ptr<embedded::XmlPart> partOf(const embedded::ZipReader& archive, const std::string& name) {
+std::unique_ptr<opc::XmlPart> partOf(const opc::ZipReader& archive, const std::string& name) {
     const auto& entries = archive.entries();
-    const auto found = std::ranges::find(entries, name, &embedded::ZipEntry::name);
+    const auto found = std::ranges::find(entries, name, &opc::ZipEntry::name);
     if (found == entries.end())
         throw AutomationError(kCommandFailed, "LibreOffice does not tell what the document holds.");
-    return embedded::XmlPart::parse(archive.read(*found), name, "document");
+    return opc::XmlPart::parse(archive.read(*found), name, "document");
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReferen
     const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
     storable->storeToURL(toUno(fileUrl(file.path())), {how.data(), how.size()});
     const std::string bytes = DiskFileStore().read(file.path());
-    const embedded::ZipReader archive(bytes, "document");
+    const opc::ZipReader archive(bytes, "document");
     return {partOf(archive, "content.xml"), partOf(archive, "styles.xml")};
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/OfficePart.h"
+#include "office/opc/XmlPart.h"
 
 #include <memory>
 
@@ -11,8 +11,8 @@ namespace mergeloom::libreoffice {
 /// A document as LibreOffice stores it (OpenDocument 1.3, part 3), for finding out what it holds: to ask
 /// it for each paragraph, table and bookmark would take a dozen calls each.
 struct StoredContent {
-    std::unique_ptr<embedded::XmlPart> content;
-    std::unique_ptr<embedded::XmlPart> styles;  ///< where headers and footers stand
+    std::unique_ptr<opc::XmlPart> content;
+    std::unique_ptr<opc::XmlPart> styles;  ///< where headers and footers stand
 };
 
 /// Does not change the document or its mark of changes.

@@ -1,7 +1,7 @@
 #include "office/libreoffice/readback/WordPackageDigest.h"
 
-#include "office/embedded/package/Package.h"
-#include "office/embedded/parts/XmlPart.h"
+#include "office/opc/Package.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 #include <iterator>
@@ -86,11 +86,11 @@ class WordReader {
 }  // namespace
 
 ContentDigest digestOfWordPackage(const std::string& bytes, const std::string& fileName) {
-    const embedded::Package package = embedded::Package::read(bytes, fileName);
+    const opc::Package package = opc::Package::read(bytes, fileName);
     ContentDigest digest;
     for (const std::string& name : package.partNames()) {
         if (!name.starts_with("/word/") || !name.ends_with(".xml")) continue;
-        const auto part = embedded::XmlPart::parse(package.readPart(name), name, fileName);
+        const auto part = opc::XmlPart::parse(package.readPart(name), name, fileName);
         WordReader reader(digest);
         reader.read(part->root());
         if (name == kDocument) digest.text = reader.text();

@@ -1,7 +1,7 @@
 #include "office/libreoffice/session/MarkTags.h"
 
 #include "base/ByteSink.h"
-#include "office/embedded/package/Package.h"
+#include "office/opc/Package.h"
 
 #include <span>
 
@@ -63,7 +63,7 @@ std::optional<std::string> withChanges(const std::string& xml,
 
 std::optional<std::string> packageWithMendedParts(const std::string& bytes, const std::string& fileName,
                                                   const PartMender& mend) {
-    embedded::Package package = embedded::Package::read(bytes, fileName);
+    opc::Package package = opc::Package::read(bytes, fileName);
     bool isMended = false;
     for (const std::string& part : package.partNames()) {
         if (!part.starts_with("/word/") || !part.ends_with(".xml")) continue;

@@ -38,7 +38,7 @@ Reference<css::graphic::XGraphic> readGraphic(OfficeConnection& connection, cons
 InlinePicture::InlinePicture(WriterContent& content, const std::string& fileName)
     : content_(content),
       bytes_(content.files().read(fileName)),
-      file_(embedded::PictureFile::read(bytes_, fileName)),
+      file_(opc::PictureFile::read(bytes_, fileName)),
       name_(fileName) {}
 
 void InlinePicture::insert(WriterStory& story, CharacterPosition position) const {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/parts/PictureFile.h"
 #include "office/libreoffice/word/WriterContent.h"
+#include "office/opc/PictureFile.h"
 
 #include <string>
 
@@ -20,7 +20,7 @@ class InlinePicture {
   private:
     WriterContent& content_;
     std::string bytes_;
-    embedded::PictureFile file_;
+    opc::PictureFile file_;
     std::string name_;
 };
 

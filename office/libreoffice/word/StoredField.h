@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/libreoffice/word/TextObject.h"
+#include "office/opc/XmlPart.h"
 
 namespace mergeloom::libreoffice {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
+#include "office/opc/XmlPart.h"
 
 #include <string>
 #include <vector>

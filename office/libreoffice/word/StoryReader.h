@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/parts/XmlPart.h"
 #include "office/libreoffice/word/MarkTable.h"
 #include "office/libreoffice/word/WriterStory.h"
+#include "office/opc/XmlPart.h"
 
 #include <functional>
 #include <map>

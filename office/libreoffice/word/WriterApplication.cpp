@@ -1,10 +1,10 @@
 #include "office/libreoffice/word/WriterApplication.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/parts/DocumentProtection.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/word/WriterSelection.h"
 #include "office/libreoffice/word/WriterUndoRecord.h"
+#include "office/opc/DocumentProtection.h"
 
 #include <exception>
 
@@ -34,13 +34,13 @@ class WriterDocuments final : public word::Documents {
 
 /// Writer has no answer that holds for all kinds of protection. What is no package of Word's is protected in
 /// ways of its own.
-embedded::DocumentProtection protectionOf(FileStore& files, const std::string& path) {
+opc::DocumentProtection protectionOf(FileStore& files, const std::string& path) {
     try {
-        embedded::Package package = embedded::Package::read(files.read(path), path);
-        return embedded::readDocumentProtection(package);
+        opc::Package package = opc::Package::read(files.read(path), path);
+        return opc::readDocumentProtection(package);
     } catch (const AutomationError& error) {
         if (error.number() != kFileCouldNotBeRead) throw;
-        return embedded::DocumentProtection::None;
+        return opc::DocumentProtection::None;
     }
 }
 

@@ -45,13 +45,13 @@ void WriterContent::checkIsOpen() const {
     if (!isOpen()) throw AutomationError(kObjectDeleted, "The document is closed.");
 }
 
-void WriterContent::setProtection(const std::string& fileName, embedded::DocumentProtection protection) {
+void WriterContent::setProtection(const std::string& fileName, opc::DocumentProtection protection) {
     fileName_ = fileName;
     protection_ = protection;
 }
 
 void WriterContent::checkMayEdit() const {
-    if (protection_ != embedded::DocumentProtection::None) embedded::refuseProtected(fileName_, protection_);
+    if (protection_ != opc::DocumentProtection::None) opc::refuseProtected(fileName_, protection_);
 }
 
 void WriterContent::read(ContentOrigin origin) {

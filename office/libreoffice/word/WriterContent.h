@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "office/embedded/parts/DocumentProtection.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/libreoffice/word/ContentReader.h"
 #include "office/libreoffice/word/MarkWriter.h"
+#include "office/opc/DocumentProtection.h"
 
 #include <deque>
 #include <memory>
@@ -44,7 +44,7 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
 
     /// What the file that the document was read from forbids. Writer shows it to its user, but edits all the
     /// same when a program asks.
-    void setProtection(const std::string& fileName, embedded::DocumentProtection protection);
+    void setProtection(const std::string& fileName, opc::DocumentProtection protection);
     /// Raises kNotAvailable for a protected document; to be called before every change.
     void checkMayEdit() const;
 
@@ -128,7 +128,7 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     std::shared_ptr<LiveStretch> selection_ = std::make_shared<LiveStretch>();
     std::optional<Snapshot> recorded_;  ///< before the step that was recorded last
     std::string fileName_;
-    embedded::DocumentProtection protection_ = embedded::DocumentProtection::None;
+    opc::DocumentProtection protection_ = opc::DocumentProtection::None;
     bool isKnown_ = false;  ///< what the document holds
     bool isRecording_ = false;
     bool isWatched_ = false;  ///< whether the selection's story keeps it true

@@ -91,8 +91,7 @@ TEST_P(OfficeTyping, TakesTheFormattingThatStandsThere) {
     goTo("Here");
     selection->TypeText("er");
     document->SaveAs("/typed.docx", word::WdSaveFormat::wdFormatXMLDocument);
-    const std::string xml =
-        embedded::Package::read(files.files["/typed.docx"], "typed.docx").readPart(kMainPart);
+    const std::string xml = opc::Package::read(files.files["/typed.docx"], "typed.docx").readPart(kMainPart);
     EXPECT_LT(xml.rfind("<w:b/>"), xml.find("er</w:t>")) << xml;
     EXPECT_EQ(xml.find("plainer"), std::string::npos);
     EXPECT_EQ(xml.find("<w:b/>", xml.find("er</w:t>")), std::string::npos);
@@ -104,8 +103,7 @@ TEST_P(OfficeTyping, FontSizesGoToWhatIsSelected) {
     mark("Big", 6, 9)->Select();
     selection->Font()->SetSize(20.5);
     document->SaveAs("/sized.docx", word::WdSaveFormat::wdFormatXMLDocument);
-    const std::string xml =
-        embedded::Package::read(files.files["/sized.docx"], "sized.docx").readPart(kMainPart);
+    const std::string xml = opc::Package::read(files.files["/sized.docx"], "sized.docx").readPart(kMainPart);
     EXPECT_LT(xml.find("small "), xml.find("<w:sz w:val=\"41\"/>"));
     EXPECT_LT(xml.find("<w:sz w:val=\"41\"/>"), xml.find(">big<"));
 }

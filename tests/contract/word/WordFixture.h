@@ -80,11 +80,11 @@ inline std::string fileWithStories(const std::string& body, const std::string& h
     const std::string section =
         "<w:sectPr xmlns:r='http://schemas.openxmlformats.org/officeDocument/2006/relationships'>"
         "<w:headerReference w:type='default' r:id='rId1'/></w:sectPr>";
-    embedded::Package package = embedded::Package::read(wordFile(body + section), "stories.docx");
+    opc::Package package = opc::Package::read(wordFile(body + section), "stories.docx");
     const auto add = [&](const std::string& kind, const std::string& name, const std::string& xml) {
         package.addPart(name, type + kind + "+xml", xml);
         package.relationshipsOf(kMainPart).addPart(
-            embedded::officeRelationshipType(kind, embedded::Conformance::Transitional), name);
+            opc::officeRelationshipType(kind, opc::Conformance::Transitional), name);
     };
     add("header", "/word/header1.xml", "<w:hdr" + space + ">" + header + "</w:hdr>");
     add("footnotes", "/word/footnotes.xml",

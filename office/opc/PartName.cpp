@@ -1,0 +1,125 @@
+#include "office/opc/PartName.h"
+
+#include "base/Text.h"
+
+#include <charconv>
+#include <vector>
+
+namespace mergeloom::opc {
+
+namespace {
+
+constexpr std::string_view kRelationshipsFolder = "_rels/";
+constexpr std::string_view kRelationshipsExtension = ".rels";
+constexpr std::string_view kRawInTarget = "-._~!$&'()*+,;=:@/%";
+constexpr std::size_t kEscapeLength = 3;
+
+/// The byte that "%hh" at the start of a text stands for; -1 when the text starts with no such escape.
+int escapedByte(std::string_view text) {
+    if (text.size() < kEscapeLength || text[0] != '%') return -1;
+    int byte = 0;
+    const char* const end = text.data() + kEscapeLength;
+    const auto parsed = std::from_chars(text.data() + 1, end, byte, 16);
+    const bool whole = parsed.ec == std::errc() && parsed.ptr == end;
+    return whole && byte >= 0 ? byte : -1;
+}
+
+bool staysRawInTarget(char character) {
+    const bool letterOrDigit = (character >= 'a' && character <= 'z') ||
+                               (character >= 'A' && character <= 'Z') ||
+                               (character >= '0' && character <= '9');
+    return letterOrDigit || kRawInTarget.find(character) != std::string_view::npos;
+}
+
+std::string percentEncoded(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string encoded;
+    for (const char character : text) {
+        if (staysRawInTarget(character)) {
+            encoded += character;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(character);
+        encoded += {'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
+    }
+    return encoded;
+}
+
+std::string withoutDotSegments(std::string_view path) {
+    std::vector<std::string_view> kept;
+    for (const std::string_view segment : split(path, '/')) {
+        if (segment == "..") {
+            if (!kept.empty()) kept.pop_back();
+        } else if (!segment.empty() && segment != ".") {
+            kept.push_back(segment);
+        }
+    }
+    std::string result;
+    for (const std::string_view segment : kept)
+        result.append("/").append(segment);
+    return result.empty() ? std::string(kPackageItself) : result;
+}
+
+}  // namespace
+
+std::string percentDecoded(std::string_view text) {
+    std::string decoded;
+    while (!text.empty()) {
+        const int byte = escapedByte(text);
+        decoded += byte < 0 ? text[0] : static_cast<char>(byte);
+        text.remove_prefix(byte < 0 ? 1 : kEscapeLength);
+    }
+    return decoded;
+}
+
+std::string partNameOfEntry(std::string_view entryName) {
+    return "/" + replaceAll(entryName, "\\", "/");
+}
+
+std::string entryNameOfPart(std::string_view partName) {
+    return std::string(partName.starts_with('/') ? partName.substr(1) : partName);
+}
+
+std::string partKey(std::string_view partName) {
+    std::string name = foldCase(percentDecoded(replaceAll(partName, "\\", "/")));
+    return name.starts_with('/') ? name : "/" + name;
+}
+
+std::string_view folderOf(std::string_view partName) {
+    return partName.substr(0, partName.rfind('/') + 1);
+}
+
+std::string_view extensionOf(std::string_view partName) {
+    const std::string_view name = partName.substr(folderOf(partName).size());
+    const std::size_t dot = name.rfind('.');
+    return dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
+}
+
+std::string relationshipsPartOf(std::string_view partName) {
+    const std::string name = partName.starts_with('/') ? std::string(partName) : "/" + std::string(partName);
+    const std::string_view folder = folderOf(name);
+    std::string result(folder);
+    return result.append(kRelationshipsFolder).append(name, folder.size()).append(kRelationshipsExtension);
+}
+
+bool isRelationshipsPart(std::string_view partName) {
+    const std::string key = partKey(partName);
+    return key.ends_with(kRelationshipsExtension) && folderOf(key).ends_with("/_rels/");
+}
+
+std::string resolveTarget(std::string_view sourcePart, std::string_view target) {
+    const std::string path = replaceAll(target.substr(0, target.find('#')), "\\", "/");
+    if (path.empty()) return std::string(sourcePart);
+    if (path.starts_with('/')) return withoutDotSegments(path);
+    return withoutDotSegments(std::string(folderOf(sourcePart)) + path);
+}
+
+std::string targetFrom(std::string_view sourcePart, std::string_view partName) {
+    const std::string_view folder = folderOf(sourcePart);
+    if (!partName.starts_with(folder)) return percentEncoded(partName);
+    const std::string relative = percentEncoded(partName.substr(folder.size()));
+    // The first segment of a relative target must not look like a scheme (RFC 3986, 4.2).
+    return relative.find(':') == std::string::npos ? relative : percentEncoded(partName);
+}
+
+}  // namespace mergeloom::opc

@@ -1,0 +1,164 @@
+#include "office/opc/WordNames.h"
+
+#include <array>
+
+namespace mergeloom::opc {
+
+namespace {
+
+constexpr std::string_view kTransitional = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
+constexpr std::string_view kStrict = "http://purl.oclc.org/ooxml/wordprocessingml/main";
+
+struct TagName {
+    std::string_view name;
+    WordTag tag;
+};
+
+constexpr auto kTagNames = std::to_array<TagName>({
+    {"p", WordTag::Paragraph},
+    {"tbl", WordTag::Table},
+    {"tr", WordTag::Row},
+    {"tc", WordTag::CellElement},
+    {"sectPr", WordTag::SectionProperties},
+    {"sdt", WordTag::ContentControl},
+    {"sdtContent", WordTag::ContentControlContent},
+    {"customXml", WordTag::CustomXml},
+    {"smartTag", WordTag::SmartTag},
+    {"hyperlink", WordTag::Hyperlink},
+    {"ins", WordTag::Insertion},
+    {"del", WordTag::Deletion},
+    {"moveFrom", WordTag::MoveFrom},
+    {"moveTo", WordTag::MoveTo},
+    {"dir", WordTag::Direction},
+    {"bdo", WordTag::Direction},
+    {"r", WordTag::Run},
+    {"fldSimple", WordTag::SimpleField},
+    {"bookmarkStart", WordTag::BookmarkStart},
+    {"bookmarkEnd", WordTag::BookmarkEnd},
+    {"pPr", WordTag::ParagraphProperties},
+    {"rPr", WordTag::RunProperties},
+    {"t", WordTag::TextElement},
+    {"delText", WordTag::DeletedText},
+    {"instrText", WordTag::InstructionText},
+    {"delInstrText", WordTag::DeletedInstructionText},
+    {"tab", WordTag::Tab},
+    {"br", WordTag::Break},
+    {"cr", WordTag::Break},
+    {"ptab", WordTag::Tab},
+    {"sym", WordTag::SingleCharacter},
+    {"noBreakHyphen", WordTag::SingleCharacter},
+    {"softHyphen", WordTag::SingleCharacter},
+    {"footnoteReference", WordTag::SingleCharacter},
+    {"endnoteReference", WordTag::SingleCharacter},
+    {"commentReference", WordTag::SingleCharacter},
+    {"footnoteRef", WordTag::SingleCharacter},
+    {"endnoteRef", WordTag::SingleCharacter},
+    {"annotationRef", WordTag::SingleCharacter},
+    {"separator", WordTag::SingleCharacter},
+    {"continuationSeparator", WordTag::SingleCharacter},
+    {"pgNum", WordTag::SingleCharacter},
+    {"drawing", WordTag::Drawing},
+    {"pict", WordTag::VmlPicture},
+    {"object", WordTag::EmbeddedObject},
+    {"fldChar", WordTag::FieldCharacter},
+    {"ruby", WordTag::Ruby},
+    {"txbxContent", WordTag::TextBoxContent},
+});
+
+constexpr std::size_t kSlots = 256;
+
+constexpr std::size_t slotOf(std::string_view name) {
+    std::size_t hash = name.size();
+    for (const char character : name)
+        hash = hash * 31 + static_cast<unsigned char>(character);
+    return hash % kSlots;
+}
+
+/// An open hash of the names: a part of many megabytes looks up every one of its elements.
+constexpr auto kTable = [] {
+    std::array<TagName, kSlots> table{};
+    for (const TagName& entry : kTagNames) {
+        std::size_t slot = slotOf(entry.name);
+        while (!table[slot].name.empty())
+            slot = (slot + 1) % kSlots;
+        table[slot] = entry;
+    }
+    return table;
+}();
+
+WordTag lookUp(std::string_view name) {
+    for (std::size_t slot = slotOf(name); !kTable[slot].name.empty(); slot = (slot + 1) % kSlots) {
+        if (kTable[slot].name == name) return kTable[slot].tag;
+    }
+    return WordTag::Other;
+}
+
+WordTag foreignTag(std::string_view localName) {
+    if (localName == "AlternateContent") return WordTag::AlternateContent;
+    if (localName == "Choice") return WordTag::Choice;
+    if (localName == "oMath" || localName == "oMathPara") return WordTag::Math;
+    return WordTag::Other;
+}
+
+bool isWordNamespace(std::string_view uri) {
+    return uri == kTransitional || uri == kStrict;
+}
+
+}  // namespace
+
+WordNames::WordNames(pugi::xml_node root) {
+    const std::string_view rootName = root.name();
+    const std::size_t colon = rootName.find(':');
+    if (colon != std::string_view::npos) elementPrefix_ = rootName.substr(0, colon + 1);
+    for (const pugi::xml_attribute attribute : root.attributes()) {
+        const std::string_view name = attribute.name();
+        if (!isWordNamespace(attribute.value())) continue;
+        strict_ = attribute.value() == kStrict;
+        if (name.starts_with("xmlns:")) attributePrefix_ = std::string(name.substr(6)) + ":";
+    }
+    if (!elementPrefix_.empty()) attributePrefix_ = elementPrefix_;
+    if (!attributePrefix_.empty()) return;
+    attributePrefix_ = "w:";
+    root.append_attribute("xmlns:w") = std::string(strict_ ? kStrict : kTransitional).c_str();
+}
+
+WordTag WordNames::tagOf(pugi::xml_node node) const {
+    const std::string_view name = node.name();
+    if (name.starts_with(elementPrefix_)) {
+        const std::string_view localName = name.substr(elementPrefix_.size());
+        if (localName.find(':') == std::string_view::npos) return lookUp(localName);
+    }
+    return foreignTag(name.substr(name.find(':') + 1));
+}
+
+const char* WordNames::value(pugi::xml_node node, std::string_view localName) const {
+    for (const pugi::xml_attribute attribute : node.attributes()) {
+        const std::string_view name = attribute.name();
+        if (name.starts_with(attributePrefix_) && name.substr(attributePrefix_.size()) == localName) {
+            return attribute.value();
+        }
+    }
+    return "";
+}
+
+pugi::xml_node WordNames::child(pugi::xml_node node, WordTag tag) const {
+    for (const pugi::xml_node candidate : node.children()) {
+        if (tagOf(candidate) == tag) return candidate;
+    }
+    return {};
+}
+
+pugi::xml_node WordNames::ancestor(pugi::xml_node node, WordTag tag) const {
+    for (node = node.parent(); node; node = node.parent()) {
+        if (tagOf(node) == tag) return node;
+    }
+    return {};
+}
+
+std::string WordNames::join(const std::string& prefix, std::string_view localName) {
+    std::string name = prefix;
+    name += localName;
+    return name;
+}
+
+}  // namespace mergeloom::opc
