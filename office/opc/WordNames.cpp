@@ -6,8 +6,9 @@ namespace mergeloom::opc {
 
 namespace {
 
-constexpr std::string_view kTransitional = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
-constexpr std::string_view kStrict = "http://purl.oclc.org/ooxml/wordprocessingml/main";
+constexpr std::string_view kTransitionalNamespace =
+    "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
+constexpr std::string_view kStrictNamespace = "http://purl.oclc.org/ooxml/wordprocessingml/main";
 
 struct TagName {
     std::string_view name;
@@ -101,7 +102,7 @@ WordTag foreignTag(std::string_view localName) {
 }
 
 bool isWordNamespace(std::string_view uri) {
-    return uri == kTransitional || uri == kStrict;
+    return uri == kTransitionalNamespace || uri == kStrictNamespace;
 }
 
 }  // namespace
@@ -113,13 +114,14 @@ WordNames::WordNames(pugi::xml_node root) {
     for (const pugi::xml_attribute attribute : root.attributes()) {
         const std::string_view name = attribute.name();
         if (!isWordNamespace(attribute.value())) continue;
-        strict_ = attribute.value() == kStrict;
+        strict_ = attribute.value() == kStrictNamespace;
         if (name.starts_with("xmlns:")) attributePrefix_ = std::string(name.substr(6)) + ":";
     }
     if (!elementPrefix_.empty()) attributePrefix_ = elementPrefix_;
     if (!attributePrefix_.empty()) return;
     attributePrefix_ = "w:";
-    root.append_attribute("xmlns:w") = std::string(strict_ ? kStrict : kTransitional).c_str();
+    root.append_attribute("xmlns:w") =
+        std::string(strict_ ? kStrictNamespace : kTransitionalNamespace).c_str();
 }
 
 WordTag WordNames::tagOf(pugi::xml_node node) const {

@@ -10,17 +10,17 @@ namespace mergeloom::opc {
 
 namespace {
 
-using namespace zip::central;
+namespace central = zip::central;
 
 constexpr std::size_t kExtraHeader = 4;
 constexpr std::size_t kWide = sizeof(std::uint64_t);
 
 std::size_t extraOffset(std::string_view record) {
-    return kLength + littleEndianAt<std::uint16_t>(record, kNameLength);
+    return central::kLength + littleEndianAt<std::uint16_t>(record, central::kNameLength);
 }
 
 std::string_view extraOf(std::string_view record) {
-    return record.substr(extraOffset(record), littleEndianAt<std::uint16_t>(record, kExtraLength));
+    return record.substr(extraOffset(record), littleEndianAt<std::uint16_t>(record, central::kExtraLength));
 }
 
 /// Where the data of the ZIP64 extra field lie in the record. Extra fields that run over their end belong to
@@ -50,19 +50,19 @@ std::size_t wideOffsetPosition(std::string_view record) {
     const auto isWide = [&](std::size_t field) {
         return littleEndianAt<std::uint32_t>(record, field) == zip::kInZip64;
     };
-    return (isWide(kSize) ? kWide : 0) + (isWide(kCompressedSize) ? kWide : 0);
+    return (isWide(central::kSize) ? kWide : 0) + (isWide(central::kCompressedSize) ? kWide : 0);
 }
 
 void growExtra(std::string& record, std::size_t position, const std::string& bytes) {
-    const auto before = littleEndianAt<std::uint16_t>(record, kExtraLength);
+    const auto before = littleEndianAt<std::uint16_t>(record, central::kExtraLength);
     record.insert(position, bytes);
-    putLittleEndian(record, kExtraLength, static_cast<std::uint16_t>(before + bytes.size()));
+    putLittleEndian(record, central::kExtraLength, static_cast<std::uint16_t>(before + bytes.size()));
 }
 
 /// Puts an offset that needs 64 bits into a record that had a short one.
 void putWideOffset(std::string& record, std::uint64_t offset) {
-    const auto versionNeeded = littleEndianAt<std::uint16_t>(record, kVersionNeeded);
-    putLittleEndian(record, kVersionNeeded, std::max(versionNeeded, zip::kVersionZip64));
+    const auto versionNeeded = littleEndianAt<std::uint16_t>(record, central::kVersionNeeded);
+    putLittleEndian(record, central::kVersionNeeded, std::max(versionNeeded, zip::kVersionZip64));
     std::string wide;
     appendLittleEndian(wide, offset);
     const auto extra = zip64Extra(record);
@@ -87,24 +87,25 @@ void putWideOffset(std::string& record, std::uint64_t offset) {
 }  // namespace
 
 std::optional<ZipEntry> readCentralRecord(std::string_view directory) {
-    if (directory.size() < kLength) return std::nullopt;
+    if (directory.size() < central::kLength) return std::nullopt;
     if (littleEndianAt<std::uint32_t>(directory, 0) != zip::kCentralSignature) return std::nullopt;
     const std::size_t length = extraOffset(directory) +
-                               littleEndianAt<std::uint16_t>(directory, kExtraLength) +
-                               littleEndianAt<std::uint16_t>(directory, kCommentLength);
+                               littleEndianAt<std::uint16_t>(directory, central::kExtraLength) +
+                               littleEndianAt<std::uint16_t>(directory, central::kCommentLength);
     if (directory.size() < length) return std::nullopt;
 
     ZipEntry entry;
     const std::string_view record = directory.substr(0, length);
     entry.centralRecord = record;
-    entry.storedName = record.substr(kLength, littleEndianAt<std::uint16_t>(record, kNameLength));
-    entry.flags = littleEndianAt<std::uint16_t>(record, kFlags);
+    entry.storedName =
+        record.substr(central::kLength, littleEndianAt<std::uint16_t>(record, central::kNameLength));
+    entry.flags = littleEndianAt<std::uint16_t>(record, central::kFlags);
     entry.name = decodeEntryName(entry.storedName, (entry.flags & zip::kUtf8Name) != 0);
-    entry.method = littleEndianAt<std::uint16_t>(record, kMethod);
-    entry.crc = littleEndianAt<std::uint32_t>(record, kCrc);
-    entry.compressedSize = littleEndianAt<std::uint32_t>(record, kCompressedSize);
-    entry.size = littleEndianAt<std::uint32_t>(record, kSize);
-    entry.offset = littleEndianAt<std::uint32_t>(record, kLocalOffset);
+    entry.method = littleEndianAt<std::uint16_t>(record, central::kMethod);
+    entry.crc = littleEndianAt<std::uint32_t>(record, central::kCrc);
+    entry.compressedSize = littleEndianAt<std::uint32_t>(record, central::kCompressedSize);
+    entry.size = littleEndianAt<std::uint32_t>(record, central::kSize);
+    entry.offset = littleEndianAt<std::uint32_t>(record, central::kLocalOffset);
     std::string_view wide = zip64Extra(record).value_or(std::string_view());
     widen(entry.size, wide);
     widen(entry.compressedSize, wide);
@@ -114,12 +115,12 @@ std::optional<ZipEntry> readCentralRecord(std::string_view directory) {
 
 std::string centralRecordAt(const ZipEntry& entry, std::uint64_t offset) {
     std::string record(entry.centralRecord);
-    const bool wasWide = littleEndianAt<std::uint32_t>(record, kLocalOffset) == zip::kInZip64;
+    const bool wasWide = littleEndianAt<std::uint32_t>(record, central::kLocalOffset) == zip::kInZip64;
     if (!wasWide && offset < zip::kInZip64) {
-        putLittleEndian(record, kLocalOffset, static_cast<std::uint32_t>(offset));
+        putLittleEndian(record, central::kLocalOffset, static_cast<std::uint32_t>(offset));
         return record;
     }
-    putLittleEndian(record, kLocalOffset, zip::kInZip64);
+    putLittleEndian(record, central::kLocalOffset, zip::kInZip64);
     putWideOffset(record, offset);
     return record;
 }

@@ -10,7 +10,7 @@ namespace mergeloom::opc {
 
 namespace {
 
-using namespace zip::local;
+namespace local = zip::local;
 
 /// A 32-bit field agrees with the directory's value, or its value is in a ZIP64 field.
 bool agrees(std::string_view header, std::size_t field, std::uint64_t value) {
@@ -19,13 +19,14 @@ bool agrees(std::string_view header, std::size_t field, std::uint64_t value) {
 }
 
 bool agreesWithDirectory(std::string_view header, const ZipEntry& entry) {
-    const auto flags = littleEndianAt<std::uint16_t>(header, kFlags);
-    if (littleEndianAt<std::uint16_t>(header, kMethod) != entry.method) return false;
+    const auto flags = littleEndianAt<std::uint16_t>(header, local::kFlags);
+    if (littleEndianAt<std::uint16_t>(header, local::kMethod) != entry.method) return false;
     if ((flags & zip::kEncrypted) != 0) return false;
     // With a data descriptor the header was written before crc and sizes were known (APPNOTE 4.4.4, bit 3).
     if ((flags & zip::kHasDescriptor) != 0) return true;
-    return littleEndianAt<std::uint32_t>(header, kCrc) == entry.crc &&
-           agrees(header, kCompressedSize, entry.compressedSize) && agrees(header, kSize, entry.size);
+    return littleEndianAt<std::uint32_t>(header, local::kCrc) == entry.crc &&
+           agrees(header, local::kCompressedSize, entry.compressedSize) &&
+           agrees(header, local::kSize, entry.size);
 }
 
 template <typename Size>
@@ -57,19 +58,20 @@ std::optional<std::size_t> descriptorLength(const ZipEntry& entry, std::string_v
 std::string locateEntry(ZipEntry& entry, std::string_view archive, std::uint64_t limit) {
     const std::string who = "the entry " + quoted(entry.name);
     const std::string_view room = archive.substr(0, limit).substr(entry.offset);
-    if (room.size() < kLength) return who + " overlaps what follows it";
+    if (room.size() < local::kLength) return who + " overlaps what follows it";
     if (littleEndianAt<std::uint32_t>(room, 0) != zip::kLocalSignature) return who + " has no header";
-    const auto nameLength = littleEndianAt<std::uint16_t>(room, kNameLength);
-    const std::size_t start = kLength + nameLength + littleEndianAt<std::uint16_t>(room, kExtraLength);
+    const auto nameLength = littleEndianAt<std::uint16_t>(room, local::kNameLength);
+    const std::size_t start =
+        local::kLength + nameLength + littleEndianAt<std::uint16_t>(room, local::kExtraLength);
     if (start > room.size() || entry.compressedSize > room.size() - start)
         return who + " overlaps what follows it";
-    if (room.substr(kLength, nameLength) != entry.storedName || !agreesWithDirectory(room, entry)) {
+    if (room.substr(local::kLength, nameLength) != entry.storedName || !agreesWithDirectory(room, entry)) {
         return who + " has a header that contradicts the directory";
     }
     const std::size_t end = start + entry.compressedSize;
     entry.data = room.substr(start, entry.compressedSize);
     entry.raw = room.substr(0, end);
-    if ((littleEndianAt<std::uint16_t>(room, kFlags) & zip::kHasDescriptor) == 0) return {};
+    if ((littleEndianAt<std::uint16_t>(room, local::kFlags) & zip::kHasDescriptor) == 0) return {};
     const auto descriptor = descriptorLength(entry, room.substr(end));
     if (!descriptor) return who + " has a data descriptor that contradicts the directory";
     entry.raw = room.substr(0, end + *descriptor);
