@@ -82,6 +82,7 @@ Story& WordContent::storyNamed(const std::string& name) {
 
 std::vector<Story*> WordContent::stories() {
     std::vector<Story*> all;
+    all.reserve(stories_.size());
     for (EditableStory& editable : stories_)
         all.push_back(&editable.story());
     return all;
