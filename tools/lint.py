@@ -39,7 +39,7 @@ def configure():
     """Configures a build folder for clang-tidy alone, which takes seconds: in it each source is compiled by itself and
     without headers parsed beforehand, which clang-tidy cannot read. Returns the sources that it compiles."""
     run("cmake", "-G", "Ninja", "-S", ROOT, "-B", BUILD, "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_COMPILER_LAUNCHER=",
-        "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DCMAKE_UNITY_BUILD=OFF", "-DMERGELOOM_PRECOMPILE=OFF")
+        "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DMERGELOOM_UNITY=OFF", "-DMERGELOOM_PRECOMPILE=OFF")
     if "\nLibreOffice_headers: " in run("ninja", "-C", BUILD, "-t", "targets", "all"):
         run("ninja", "-C", BUILD, "LibreOffice_headers")
     commands = json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8"))
