@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/libreoffice/session/Leash.h"
+#include "office/libreoffice/session/LifelinePipe.h"
 #include "office/libreoffice/session/OfficeMode.h"
 #include "office/libreoffice/session/OrphanGuard.h"
 #include "office/libreoffice/session/PrivateFolder.h"
@@ -55,7 +55,7 @@ class LibreOfficeProcess {
     PrivateFolder folder_;
     std::string pipeName_;
     std::vector<std::string> sockets_;
-    Leash start_;
+    LifelinePipe start_;
     std::optional<ProcessGroup> process_;
 };
 

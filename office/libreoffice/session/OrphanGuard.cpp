@@ -61,8 +61,8 @@ constexpr std::chrono::seconds kBoundOfSweep{10};
 }  // namespace
 
 OrphanGuard::OrphanGuard(pid_t group, const std::vector<std::string>& leftovers, const std::string& log)
-    : process_(commandOf(group, leftovers), leash_.farEnd(), log) {
-    leash_.handOver();
+    : process_(commandOf(group, leftovers), lifeline_.farEnd(), log) {
+    lifeline_.handOver();
 }
 
 void OrphanGuard::lookAfter(const Fragments& fragments) const {
@@ -76,16 +76,16 @@ void OrphanGuard::lookAfter(const Fragments& fragments) const {
     add("file", fragments.files);
     add("fragments", fragments.beginnings);
     add("keep", fragments.kept);
-    leash_.send(lines);
+    lifeline_.send(lines);
 }
 
 void OrphanGuard::sweep() const {
-    leash_.send("sweep\n");
-    leash_.waitForLine(kBoundOfSweep);
+    lifeline_.send("sweep\n");
+    lifeline_.waitForLine(kBoundOfSweep);
 }
 
 OrphanGuard::~OrphanGuard() {
-    leash_.send("done\n");
+    lifeline_.send("done\n");
     [[maybe_unused]] const bool hasEnded = process_.waitForEnd(kBoundOfDismissal);
 }
 

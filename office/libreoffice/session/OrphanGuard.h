@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/libreoffice/session/Leash.h"
+#include "office/libreoffice/session/LifelinePipe.h"
 #include "office/libreoffice/session/ProcessGroup.h"
 
 #include <string>
@@ -32,7 +32,7 @@ class OrphanGuard {
     OrphanGuard& operator=(const OrphanGuard&) = delete;
 
   private:
-    Leash leash_;
+    LifelinePipe lifeline_;
     ProcessGroup process_;
 };
 

@@ -1,4 +1,4 @@
-#include "office/libreoffice/session/Leash.h"
+#include "office/libreoffice/session/LifelinePipe.h"
 
 #include "base/AutomationError.h"
 
@@ -11,28 +11,28 @@
 
 namespace mergeloom::libreoffice {
 
-Leash::Leash() {
+LifelinePipe::LifelinePipe() {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends_) == 0) return;
     throw AutomationError(
         kNotAvailable, "LibreOffice could not be started: " + std::generic_category().message(errno) + ".");
 }
 
-Leash::~Leash() {
+LifelinePipe::~LifelinePipe() {
     handOver();
     ::close(ends_[0]);
 }
 
-void Leash::handOver() {
+void LifelinePipe::handOver() {
     if (ends_[1] >= 0) ::close(ends_[1]);
     ends_[1] = -1;
 }
 
-void Leash::send(std::string_view line) const {
+void LifelinePipe::send(std::string_view line) const {
     // A plain write to a process that is gone would end this one.
     [[maybe_unused]] const ssize_t sent = ::send(ends_[0], line.data(), line.size(), MSG_NOSIGNAL);
 }
 
-void Leash::waitForLine(std::chrono::milliseconds bound) const {
+void LifelinePipe::waitForLine(std::chrono::milliseconds bound) const {
     const auto last = std::chrono::steady_clock::now() + bound;
     for (char letter = 0; letter != '\n';) {
         const auto left =

@@ -7,13 +7,13 @@ namespace mergeloom::libreoffice {
 
 /// A channel to the input of another process. The other one sees its end when this process ends in whatever
 /// way, since nobody else holds the near end.
-class Leash {
+class LifelinePipe {
   public:
     /// Raises kNotAvailable when the system has no channel left.
-    Leash();
-    Leash(const Leash&) = delete;
-    Leash& operator=(const Leash&) = delete;
-    ~Leash();
+    LifelinePipe();
+    LifelinePipe(const LifelinePipe&) = delete;
+    LifelinePipe& operator=(const LifelinePipe&) = delete;
+    ~LifelinePipe();
 
     /// What the other process is to get as its input.
     [[nodiscard]] int farEnd() const { return ends_[1]; }
