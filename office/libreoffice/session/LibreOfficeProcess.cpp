@@ -44,7 +44,7 @@ LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mo
     std::filesystem::create_directory(temporaryFolder());
     process_.emplace(command(program, mode), start_.farEnd(), logPath());
     start_.handOver();
-    guard_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
+    cleanup_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
     start_.send("go\n");
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "office/libreoffice/session/CleanupProcess.h"
 #include "office/libreoffice/session/LifelinePipe.h"
 #include "office/libreoffice/session/OfficeMode.h"
-#include "office/libreoffice/session/OrphanGuard.h"
 #include "office/libreoffice/session/PrivateFolder.h"
 #include "office/libreoffice/session/ProcessGroup.h"
 
@@ -34,9 +34,9 @@ class LibreOfficeProcess {
     [[nodiscard]] std::vector<pid_t> members() const { return process_->members(); }
     /// Until the next call, these files are removed as well when this process ends without having ended the
     /// office.
-    void lookAfter(const Fragments& fragments) const { guard_->lookAfter(fragments); }
+    void lookAfter(const Fragments& fragments) const { cleanup_->lookAfter(fragments); }
     /// Removes these files now.
-    void sweep() const { guard_->sweep(); }
+    void sweep() const { cleanup_->sweep(); }
     /// Ends it at once; may be called by any thread.
     void kill() const;
     /// Waits until it ends as it was asked to; presses and then kills it when it does not. Bounded in time.
@@ -51,7 +51,7 @@ class LibreOfficeProcess {
     [[nodiscard]] std::string profileUrl() const;
     [[nodiscard]] std::vector<std::string> command(const std::string& program, OfficeMode mode) const;
 
-    std::optional<OrphanGuard> guard_;  ///< the last to go
+    std::optional<CleanupProcess> cleanup_;  ///< the last to go
     PrivateFolder folder_;
     std::string pipeName_;
     std::vector<std::string> sockets_;

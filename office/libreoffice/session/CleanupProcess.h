@@ -18,18 +18,18 @@ struct Fragments {
 
 /// A small process that outlives this one in order to clean up behind it: when this process ends without
 /// having dismissed the guard, whatever ended it, the guard kills a process group and removes files.
-class OrphanGuard {
+class CleanupProcess {
   public:
     /// What the guard has to say goes to the log. Raises kNotAvailable when it cannot be started.
-    OrphanGuard(pid_t group, const std::vector<std::string>& leftovers, const std::string& log);
+    CleanupProcess(pid_t group, const std::vector<std::string>& leftovers, const std::string& log);
     /// Dismisses the guard.
-    ~OrphanGuard();
+    ~CleanupProcess();
     /// Until the next call, these are to be removed as well.
     void lookAfter(const Fragments& fragments) const;
     /// Removes these now; returns when it is done.
     void sweep() const;
-    OrphanGuard(const OrphanGuard&) = delete;
-    OrphanGuard& operator=(const OrphanGuard&) = delete;
+    CleanupProcess(const CleanupProcess&) = delete;
+    CleanupProcess& operator=(const CleanupProcess&) = delete;
 
   private:
     LifelinePipe lifeline_;

@@ -1,4 +1,4 @@
-#include "office/libreoffice/session/OrphanGuard.h"
+#include "office/libreoffice/session/CleanupProcess.h"
 
 namespace mergeloom::libreoffice {
 
@@ -60,12 +60,12 @@ constexpr std::chrono::seconds kBoundOfSweep{10};
 
 }  // namespace
 
-OrphanGuard::OrphanGuard(pid_t group, const std::vector<std::string>& leftovers, const std::string& log)
+CleanupProcess::CleanupProcess(pid_t group, const std::vector<std::string>& leftovers, const std::string& log)
     : process_(commandOf(group, leftovers), lifeline_.farEnd(), log) {
     lifeline_.handOver();
 }
 
-void OrphanGuard::lookAfter(const Fragments& fragments) const {
+void CleanupProcess::lookAfter(const Fragments& fragments) const {
     std::string lines = "forget\n";
     const auto add = [&](const char* command, const std::vector<std::string>& paths) {
         for (const std::string& path : paths) {
@@ -79,12 +79,12 @@ void OrphanGuard::lookAfter(const Fragments& fragments) const {
     lifeline_.send(lines);
 }
 
-void OrphanGuard::sweep() const {
+void CleanupProcess::sweep() const {
     lifeline_.send("sweep\n");
     lifeline_.waitForLine(kBoundOfSweep);
 }
 
-OrphanGuard::~OrphanGuard() {
+CleanupProcess::~CleanupProcess() {
     lifeline_.send("done\n");
     [[maybe_unused]] const bool hasEnded = process_.waitForEnd(kBoundOfDismissal);
 }
