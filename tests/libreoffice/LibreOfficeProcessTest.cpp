@@ -3,8 +3,8 @@
 #include "doubles/MemoryFileStore.h"
 #include "libreoffice/OfficeProcesses.h"
 #include "office/libreoffice/session/FileUrl.h"
-#include "office/libreoffice/session/FragmentGuard.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/session/PartialFileCleanup.h"
 #include "office/libreoffice/session/SocketFiles.h"
 
 #include <gmock/gmock.h>
@@ -138,7 +138,7 @@ void runWhileWriting(const LibreOfficeProcess& office, const std::string& folder
     const auto put = [&](const std::string& name) { std::ofstream(joinPath(folder, name)) << name; };
     put(beginning + " budget.txt");
     put(beginning + "earlier.tmp");
-    const FragmentGuard guard(office, joinPath(folder, "document.docx"));
+    const PartialFileCleanup guard(office, joinPath(folder, "document.docx"));
     put("document.docx");
     put(beginning + "10i0y.tmp");
     put(beginning + "notes.txt");

@@ -8,8 +8,8 @@
 #include "office/libreoffice/session/DocumentMacros.h"
 #include "office/libreoffice/session/EndsInCells.h"
 #include "office/libreoffice/session/FileUrl.h"
-#include "office/libreoffice/session/FragmentGuard.h"
 #include "office/libreoffice/session/OfficeFilters.h"
+#include "office/libreoffice/session/PartialFileCleanup.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 
@@ -229,7 +229,7 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
                              const OfficeFilter& filter, const Revision& revise) {
     const std::string copy = placeOfWriting(document, path);
     const PassingFile passing(places_, copy);
-    const FragmentGuard guard(connection_.process(), copy);
+    const PartialFileCleanup cleanup(connection_.process(), copy);
     Properties properties{property("Overwrite", true)};
     append(properties, filter);
     try {

@@ -1,4 +1,4 @@
-#include "office/libreoffice/session/FragmentGuard.h"
+#include "office/libreoffice/session/PartialFileCleanup.h"
 
 #include "base/Paths.h"
 
@@ -35,12 +35,12 @@ Fragments fragmentsBeside(const std::string& path, const std::vector<std::string
 
 }  // namespace
 
-FragmentGuard::FragmentGuard(const LibreOfficeProcess& process, const std::string& path)
+PartialFileCleanup::PartialFileCleanup(const LibreOfficeProcess& process, const std::string& path)
     : process_(process), errors_(std::uncaught_exceptions()) {
     process_.lookAfter(fragmentsBeside(path, beginningsOfNames(process)));
 }
 
-FragmentGuard::~FragmentGuard() {
+PartialFileCleanup::~PartialFileCleanup() {
     if (std::uncaught_exceptions() > errors_) process_.sweep();
     process_.lookAfter({});
 }
