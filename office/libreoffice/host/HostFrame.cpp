@@ -51,10 +51,10 @@ bool hasBookmarks(const Properties& settings) {
 
 HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
                      CommandSink commands)
-    : nest_(windows, window), interceptor_(new CommandInterceptor(std::move(commands))) {
+    : embedWindow_(windows, window), interceptor_(new CommandInterceptor(std::move(commands))) {
     const Reference<css::awt::XSystemChildFactory> factory(css::awt::Toolkit::create(connection.context()),
                                                            UNO_QUERY_THROW);
-    const css::uno::Any parent(static_cast<sal_Int64>(nest_.id()));
+    const css::uno::Any parent(static_cast<sal_Int64>(embedWindow_.id()));
     container_.set(factory->createSystemChild(parent, {}, css::lang::SystemDependent::SYSTEM_XWINDOW),
                    UNO_QUERY_THROW);
     caret_.emplace(container_);
@@ -66,7 +66,7 @@ HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, 
     commandsOfFrame->registerDispatchProviderInterceptor(interceptor_.get());
     container_->setVisible(true);
     // Moved before it was shown, the office's window stays blank.
-    nest_.moveIntoHost();
+    embedWindow_.moveIntoHost();
 }
 
 DocumentReference HostFrame::document() const try {
@@ -91,7 +91,7 @@ void HostFrame::resize(int width, int height) {
     width_ = width;
     height_ = height;
     container_->setPosSize(0, 0, width, height, css::awt::PosSize::POSSIZE);
-    nest_.resize(width, height);
+    embedWindow_.resize(width, height);
 }
 
 /// The office lays out by itself some time after a change.

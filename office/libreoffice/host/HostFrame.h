@@ -2,7 +2,7 @@
 
 #include "office/libreoffice/host/CaretPlacer.h"
 #include "office/libreoffice/host/CommandInterceptor.h"
-#include "office/libreoffice/host/OfficeNest.h"
+#include "office/libreoffice/host/EmbedWindow.h"
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/model/DocumentHost.h"
@@ -49,7 +49,7 @@ class HostFrame {
     [[nodiscard]] Reference<css::frame::XLayoutManager> layoutManager() const;
     void beginLayout();
 
-    OfficeNest nest_;
+    EmbedWindow embedWindow_;
     int width_ = 0;
     int height_ = 0;
     bool isLaidOut_ = false;

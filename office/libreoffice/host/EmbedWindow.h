@@ -7,14 +7,14 @@ namespace mergeloom::libreoffice {
 /// The window in which a frame of the office is made: first one of the screen's own, out of sight, then a
 /// child of ours. LibreOffice listens to the keys of whichever window stands right below the screen when a
 /// frame is made in it; made in ours, it would hear what the user types beside the document.
-class OfficeNest {
+class EmbedWindow {
   public:
     /// The window system has to outlive it.
-    OfficeNest(const WindowSystem& windows, const HostWindow& host);
-    OfficeNest(const OfficeNest&) = delete;
-    OfficeNest& operator=(const OfficeNest&) = delete;
+    EmbedWindow(const WindowSystem& windows, const HostWindow& host);
+    EmbedWindow(const EmbedWindow&) = delete;
+    EmbedWindow& operator=(const EmbedWindow&) = delete;
     /// Hides it. It goes with the line to the server: the office may still think of it.
-    ~OfficeNest();
+    ~EmbedWindow();
 
     [[nodiscard]] xcb_window_t id() const { return window_; }
     void moveIntoHost() const;

@@ -1,4 +1,4 @@
-#include "office/libreoffice/host/OfficeNest.h"
+#include "office/libreoffice/host/EmbedWindow.h"
 
 #include <algorithm>
 
@@ -16,7 +16,7 @@ std::uint16_t extent(int pixels) {
 
 }  // namespace
 
-OfficeNest::OfficeNest(const WindowSystem& windows, const HostWindow& host)
+EmbedWindow::EmbedWindow(const WindowSystem& windows, const HostWindow& host)
     : windows_(windows), host_(static_cast<xcb_window_t>(host.id)), window_(xcb_generate_id(windows.get())) {
     constexpr std::uint32_t kUnmanaged = 1;
     xcb_create_window(windows_.get(), XCB_COPY_FROM_PARENT, window_, windows_.screenOf(host_), kOutOfSight,
@@ -26,17 +26,17 @@ OfficeNest::OfficeNest(const WindowSystem& windows, const HostWindow& host)
     windows_.waitForServer();
 }
 
-OfficeNest::~OfficeNest() {
+EmbedWindow::~EmbedWindow() {
     xcb_unmap_window(windows_.get(), window_);
     windows_.waitForServer();
 }
 
-void OfficeNest::moveIntoHost() const {
+void EmbedWindow::moveIntoHost() const {
     xcb_reparent_window(windows_.get(), window_, host_, 0, 0);
     windows_.waitForServer();
 }
 
-void OfficeNest::resize(int width, int height) const {
+void EmbedWindow::resize(int width, int height) const {
     const std::uint32_t size[] = {extent(width), extent(height)};
     for (const xcb_window_t window : {window_, windows_.topChild(window_)}) {
         xcb_configure_window(windows_.get(), window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
