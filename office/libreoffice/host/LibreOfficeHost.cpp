@@ -77,13 +77,13 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Hos
       word_(makeWordApplication(session_, files)),
       excel_(makeExcelApplication(session_, files)) {
     session_->files().showIn([this] { return makeFrame(); });
-    keyboard_.emplace(static_cast<xcb_window_t>(window.id));
+    focus_.emplace(static_cast<xcb_window_t>(window.id));
     watch_.emplace(session_->process(), [this] { listener_.officeEnded(); });
 }
 
 LibreOfficeHost::~LibreOfficeHost() {
     watch_.reset();
-    keyboard_.reset();
+    focus_.reset();
     LibreOfficeProcess& process = session_->process();
     {
         Watchdog impatient(kBoundOfClosing, [&process] { process.kill(); });
@@ -212,7 +212,7 @@ void LibreOfficeHost::waitForLayout(HostFrame& frame) {
 }
 
 void LibreOfficeHost::setEnabled(bool enabled) {
-    keyboard_->setEnabled(enabled);
+    focus_->setEnabled(enabled);
     call([&] {
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);

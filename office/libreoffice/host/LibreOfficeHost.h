@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
-#include "office/libreoffice/host/KeyboardKeeper.h"
 #include "office/libreoffice/host/OfficeWatch.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/model/DocumentHost.h"
@@ -71,7 +71,7 @@ class LibreOfficeHost final : public DocumentHost {
     excel::ApplicationPtr excel_;
     std::list<HostFrame> frames_;  ///< the last one is in front
     HostedDocument edited_;        ///< by the object model at the moment
-    std::optional<KeyboardKeeper> keyboard_;
+    std::optional<FocusForwarder> focus_;
     std::optional<OfficeWatch> watch_;
 };
 

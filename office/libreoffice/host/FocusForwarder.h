@@ -10,13 +10,13 @@ namespace mergeloom::libreoffice {
 /// Lets the keyboard follow the user's clicks between the office and the window around it, which belong to
 /// different programs: neither a window manager nor LibreOffice does it for a window inside another one. The
 /// clicks go on to whom they are meant for.
-class KeyboardKeeper {
+class FocusForwarder {
   public:
     /// Raises kNotAvailable when there is no X server.
-    explicit KeyboardKeeper(xcb_window_t host);
-    KeyboardKeeper(const KeyboardKeeper&) = delete;
-    KeyboardKeeper& operator=(const KeyboardKeeper&) = delete;
-    ~KeyboardKeeper();
+    explicit FocusForwarder(xcb_window_t host);
+    FocusForwarder(const FocusForwarder&) = delete;
+    FocusForwarder& operator=(const FocusForwarder&) = delete;
+    ~FocusForwarder();
 
     /// While it is not, clicks give the office nothing.
     void setEnabled(bool enabled) { isEnabled_ = enabled; }

@@ -1,4 +1,4 @@
-#include "office/libreoffice/host/KeyboardKeeper.h"
+#include "office/libreoffice/host/FocusForwarder.h"
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/session/BlockedSignals.h"
@@ -19,7 +19,7 @@ constexpr std::uint8_t kButtons[] = {1, 2, 3};
 
 }  // namespace
 
-KeyboardKeeper::KeyboardKeeper(xcb_window_t host) : host_(host), top_(windows_.topWindow(host)) {
+FocusForwarder::FocusForwarder(xcb_window_t host) : host_(host), top_(windows_.topWindow(host)) {
     if (::pipe2(wakeUp_, O_CLOEXEC) != 0)
         throw AutomationError(kNotAvailable, "LibreOffice could not be started: no channel is left.");
     grabClicks(host_);
@@ -29,21 +29,21 @@ KeyboardKeeper::KeyboardKeeper(xcb_window_t host) : host_(host), top_(windows_.t
     thread_ = std::thread([this] { keep(); });
 }
 
-KeyboardKeeper::~KeyboardKeeper() {
+FocusForwarder::~FocusForwarder() {
     ::close(wakeUp_[1]);
     thread_.join();
     ::close(wakeUp_[0]);
 }
 
 /// The server holds a click until it is told to go on with it.
-void KeyboardKeeper::grabClicks(xcb_window_t window) const {
+void FocusForwarder::grabClicks(xcb_window_t window) const {
     for (const std::uint8_t button : kButtons) {
         xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,
                         XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, button, XCB_MOD_MASK_ANY);
     }
 }
 
-void KeyboardKeeper::keep() {
+void FocusForwarder::keep() {
     pollfd sources[] = {{xcb_get_file_descriptor(windows_.get()), POLLIN, 0}, {wakeUp_[0], POLLIN, 0}};
     while (xcb_connection_has_error(windows_.get()) == 0) {
         using EventPtr = std::unique_ptr<xcb_generic_event_t, void (*)(void*)>;
@@ -57,7 +57,7 @@ void KeyboardKeeper::keep() {
     }
 }
 
-void KeyboardKeeper::follow(const xcb_button_press_event_t& click) {
+void FocusForwarder::follow(const xcb_button_press_event_t& click) {
     if (click.event == host_) {
         const xcb_window_t inner = windows_.innerWindow(host_);
         if (isEnabled_ && inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, click.time);
