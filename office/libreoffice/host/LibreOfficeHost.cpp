@@ -78,11 +78,11 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Hos
       excel_(makeExcelApplication(session_, files)) {
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(static_cast<xcb_window_t>(window.id));
-    watch_.emplace(session_->process(), [this] { listener_.officeEnded(); });
+    monitor_.emplace(session_->process(), [this] { listener_.officeEnded(); });
 }
 
 LibreOfficeHost::~LibreOfficeHost() {
-    watch_.reset();
+    monitor_.reset();
     focus_.reset();
     LibreOfficeProcess& process = session_->process();
     {

@@ -3,7 +3,7 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
-#include "office/libreoffice/host/OfficeWatch.h"
+#include "office/libreoffice/host/ProcessMonitor.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/excel/Application.h"
@@ -72,7 +72,7 @@ class LibreOfficeHost final : public DocumentHost {
     std::list<HostFrame> frames_;  ///< the last one is in front
     HostedDocument edited_;        ///< by the object model at the moment
     std::optional<FocusForwarder> focus_;
-    std::optional<OfficeWatch> watch_;
+    std::optional<ProcessMonitor> monitor_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -10,13 +10,13 @@
 namespace mergeloom::libreoffice {
 
 /// Tells once when an office ends while it is watched, though nobody calls it.
-class OfficeWatch {
+class ProcessMonitor {
   public:
     /// The sink is called on the watch's own thread.
-    OfficeWatch(const LibreOfficeProcess& process, std::function<void()> whenEnded);
-    OfficeWatch(const OfficeWatch&) = delete;
-    OfficeWatch& operator=(const OfficeWatch&) = delete;
-    ~OfficeWatch();
+    ProcessMonitor(const LibreOfficeProcess& process, std::function<void()> whenEnded);
+    ProcessMonitor(const ProcessMonitor&) = delete;
+    ProcessMonitor& operator=(const ProcessMonitor&) = delete;
+    ~ProcessMonitor();
 
   private:
     void watch();

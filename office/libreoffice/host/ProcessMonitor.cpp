@@ -1,4 +1,4 @@
-#include "office/libreoffice/host/OfficeWatch.h"
+#include "office/libreoffice/host/ProcessMonitor.h"
 
 #include "office/libreoffice/session/BlockedSignals.h"
 
@@ -13,13 +13,13 @@ constexpr std::chrono::milliseconds kPause{100};
 
 }  // namespace
 
-OfficeWatch::OfficeWatch(const LibreOfficeProcess& process, std::function<void()> whenEnded)
+ProcessMonitor::ProcessMonitor(const LibreOfficeProcess& process, std::function<void()> whenEnded)
     : process_(process), whenEnded_(std::move(whenEnded)) {
     const BlockedSignals blocked;
     thread_ = std::thread([this] { watch(); });
 }
 
-OfficeWatch::~OfficeWatch() {
+ProcessMonitor::~ProcessMonitor() {
     {
         const std::lock_guard lock(mutex_);
         isDismissed_ = true;
@@ -28,7 +28,7 @@ OfficeWatch::~OfficeWatch() {
     thread_.join();
 }
 
-void OfficeWatch::watch() {
+void ProcessMonitor::watch() {
     std::unique_lock lock(mutex_);
     while (!dismissal_.wait_for(lock, kPause, [this] { return isDismissed_; })) {
         if (process_.isRunning()) continue;
