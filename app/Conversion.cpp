@@ -1,16 +1,16 @@
 #include "app/Conversion.h"
 
-#include "app/PassingFile.h"
+#include "app/ScopedTempFile.h"
 #include "base/AutomationError.h"
 
 namespace mergeloom {
 
 namespace {
 
-constexpr const char* passingExtension(word::WdSaveFormat) {
+constexpr const char* temporaryExtension(word::WdSaveFormat) {
     return "docx";
 }
-constexpr const char* passingExtension(excel::XlFileFormat) {
+constexpr const char* temporaryExtension(excel::XlFileFormat) {
     return "xlsx";
 }
 
@@ -20,13 +20,13 @@ std::string replaced(std::string text, const std::string& what, const std::strin
     return text;
 }
 
-/// Errors of the body that name the passing file call it by another name, since users know none of it.
+/// Errors of the body that name the temporary file call it by another name, since users know none of it.
 template <typename Body>
-void calling(const PassingFile& passing, const std::string& name, const Body& body) {
+void calling(const ScopedTempFile& temporary, const std::string& name, const Body& body) {
     try {
         body();
     } catch (const AutomationError& error) {
-        throw AutomationError(error.number(), replaced(error.description(), passing.path(), name));
+        throw AutomationError(error.number(), replaced(error.description(), temporary.path(), name));
     }
 }
 
@@ -36,28 +36,28 @@ template <typename Format>
 void Conversion<Format>::read(const std::string& path, const Step& open) {
     const std::string refusal = refusalToRead<Format>(converter_, path);
     if (!refusal.empty()) throw AutomationError(kNotAvailable, refusal);
-    const PassingFile passing(path, passingExtension(Format{}));
+    const ScopedTempFile temporary(path, temporaryExtension(Format{}));
     // What cannot be kept in it is no fault of the user's file.
-    calling(passing, path + " as " + passingExtension(Format{}),
-            [&] { converter_.convert(path, passing.path(), passingFormat(Format{})); });
-    calling(passing, path, [&] { open(passing.path()); });
+    calling(temporary, path + " as " + temporaryExtension(Format{}),
+            [&] { converter_.convert(path, temporary.path(), temporaryFormat(Format{})); });
+    calling(temporary, path, [&] { open(temporary.path()); });
 }
 
 template <typename Format>
 void Conversion<Format>::write(const std::string& path, Format format, const Step& save) {
-    const PassingFile passing(path, passingExtension(format));
-    calling(passing, path, [&] {
-        save(passing.path());
-        converter_.convert(passing.path(), path, format);
+    const ScopedTempFile temporary(path, temporaryExtension(format));
+    calling(temporary, path, [&] {
+        save(temporary.path());
+        converter_.convert(temporary.path(), path, format);
     });
 }
 
 template <typename Format>
 std::string refusalToRead(FileConverter& converter, const std::string& path) {
-    const std::string refusal = converter.refusal(passingFormat(Format{}));
+    const std::string refusal = converter.refusal(temporaryFormat(Format{}));
     if (refusal.empty()) return {};
     return "The file '" + path + "' cannot be opened without being converted. " + refusal + " Choose " +
-           passingExtension(Format{}) + " otherwise.";
+           temporaryExtension(Format{}) + " otherwise.";
 }
 
 template class Conversion<word::WdSaveFormat>;

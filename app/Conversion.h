@@ -23,7 +23,7 @@ class Conversion {
     /// Converts the file and lets it be opened. Raises kNotAvailable, with a sentence that says what to
     /// install, when there is no office that converts; further errors as FileConverter's and of the opening.
     void read(const std::string& path, const Step& open);
-    /// Lets the document be saved in the passing format and converts that to the format. What stood at the
+    /// Lets the document be saved in the temporary format and converts that to the format. What stood at the
     /// path stays whole until then. Errors as FileConverter's and of the saving.
     void write(const std::string& path, Format format, const Step& save);
 
@@ -32,10 +32,10 @@ class Conversion {
 };
 
 /// The format in which documents pass between an office and the converter.
-constexpr word::WdSaveFormat passingFormat(word::WdSaveFormat) {
+constexpr word::WdSaveFormat temporaryFormat(word::WdSaveFormat) {
     return word::WdSaveFormat::wdFormatXMLDocument;
 }
-constexpr excel::XlFileFormat passingFormat(excel::XlFileFormat) {
+constexpr excel::XlFileFormat temporaryFormat(excel::XlFileFormat) {
     return excel::XlFileFormat::xlOpenXMLWorkbook;
 }
 

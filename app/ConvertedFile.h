@@ -71,8 +71,8 @@ template <typename Document, typename Format>
 void ConvertedFile<Document, Format>::convertTo(const std::string& path, Format format) {
     const bool wasSaved = document_->Saved();
     try {
-        conversion_.write(path, format, [this, format](const std::string& passing) {
-            document_->SaveAs(passing, passingFormat(format));
+        conversion_.write(path, format, [this, format](const std::string& temporary) {
+            document_->SaveAs(temporary, temporaryFormat(format));
         });
     } catch (const AutomationError&) {
         // The office has saved, the user's file has not got it.

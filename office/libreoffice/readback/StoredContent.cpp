@@ -19,12 +19,12 @@ namespace mergeloom::libreoffice {
 namespace {
 
 /// A file that is gone with this object.
-class PassingFile {
+class ScopedTempFile {
   public:
-    explicit PassingFile(std::string path) : path_(std::move(path)) {}
-    PassingFile(const PassingFile&) = delete;
-    PassingFile& operator=(const PassingFile&) = delete;
-    ~PassingFile() {
+    explicit ScopedTempFile(std::string path) : path_(std::move(path)) {}
+    ScopedTempFile(const ScopedTempFile&) = delete;
+    ScopedTempFile& operator=(const ScopedTempFile&) = delete;
+    ~ScopedTempFile() {
         std::error_code ignored;
         std::filesystem::remove(path_, ignored);
     }
@@ -47,7 +47,7 @@ std::unique_ptr<opc::XmlPart> partOf(const opc::ZipReader& archive, const std::s
 
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
                               OfficePart part) {
-    const PassingFile file(joinPath(session.process().workFolder(), "content"));
+    const ScopedTempFile file(joinPath(session.process().workFolder(), "content"));
     const std::array how{
         property("FilterName", part == OfficePart::Word ? OUString("writer8") : OUString("calc8")),
         property("NoThumbnail", true), property("Overwrite", true)};

@@ -87,12 +87,12 @@ std::string urlOf(const DocumentReference& document) {
 }
 
 /// A file that is gone with this object.
-class PassingFile {
+class ScopedTempFile {
   public:
-    PassingFile(const WorkPlaces& places, std::string path) : places_(places), path_(std::move(path)) {}
-    PassingFile(const PassingFile&) = delete;
-    PassingFile& operator=(const PassingFile&) = delete;
-    ~PassingFile() { places_.remove(path_); }
+    ScopedTempFile(const WorkPlaces& places, std::string path) : places_(places), path_(std::move(path)) {}
+    ScopedTempFile(const ScopedTempFile&) = delete;
+    ScopedTempFile& operator=(const ScopedTempFile&) = delete;
+    ~ScopedTempFile() { places_.remove(path_); }
 
   private:
     const WorkPlaces& places_;
@@ -158,7 +158,7 @@ Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& p
                                                             const std::string& content) {
     const std::string copy = copyOf(path, content);
     // The office has it open then, so it may lose its name.
-    const PassingFile passing(places_, copy);
+    const ScopedTempFile temporary(places_, copy);
     return connection_.call([&] {
         return css::ucb::SimpleFileAccess::create(connection_.context())->openFileRead(toUno(fileUrl(copy)));
     });
@@ -228,7 +228,7 @@ std::string LibreOfficeFiles::placeOfWriting(const DocumentReference& document, 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
                              const OfficeFilter& filter, const Revision& revise) {
     const std::string copy = placeOfWriting(document, path);
-    const PassingFile passing(places_, copy);
+    const ScopedTempFile temporary(places_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
     Properties properties{property("Overwrite", true)};
     append(properties, filter);

@@ -25,7 +25,7 @@ class LibreOfficeProcess {
 
     /// The name of the pipe at which it listens.
     [[nodiscard]] const std::string& pipeName() const { return pipeName_; }
-    /// A folder for passing files that goes with the process.
+    /// Returns the folder for temporary files, which is removed with the process.
     [[nodiscard]] std::string workFolder() const;
     /// The number of the process group.
     [[nodiscard]] pid_t group() const { return process_->id(); }

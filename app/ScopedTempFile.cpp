@@ -1,4 +1,4 @@
-#include "app/PassingFile.h"
+#include "app/ScopedTempFile.h"
 
 #include "base/AutomationError.h"
 #include "base/Paths.h"
@@ -25,7 +25,7 @@ std::string makeFile(const std::string& folder, const std::string& suffix) {
 
 }  // namespace
 
-PassingFile::PassingFile(const std::string& userFile, const std::string& extension) {
+ScopedTempFile::ScopedTempFile(const std::string& userFile, const std::string& extension) {
     const std::string suffix = "." + extension;
     path_ = makeFile(parentFolder(fullPath(userFile)), suffix);
     if (path_.empty()) path_ = makeFile(temporaryFolder(), suffix);
@@ -36,7 +36,7 @@ PassingFile::PassingFile(const std::string& userFile, const std::string& extensi
                                                     std::generic_category().message(errno) + ").");
 }
 
-PassingFile::~PassingFile() {
+ScopedTempFile::~ScopedTempFile() {
     ::unlink(path_.c_str());
 }
 
