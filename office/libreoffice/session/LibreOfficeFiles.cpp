@@ -89,13 +89,13 @@ std::string urlOf(const DocumentReference& document) {
 /// A file that is gone with this object.
 class ScopedTempFile {
   public:
-    ScopedTempFile(const WorkPlaces& places, std::string path) : places_(places), path_(std::move(path)) {}
+    ScopedTempFile(const ScratchPaths& scratch, std::string path) : scratch_(scratch), path_(std::move(path)) {}
     ScopedTempFile(const ScopedTempFile&) = delete;
     ScopedTempFile& operator=(const ScopedTempFile&) = delete;
-    ~ScopedTempFile() { places_.remove(path_); }
+    ~ScopedTempFile() { scratch_.remove(path_); }
 
   private:
-    const WorkPlaces& places_;
+    const ScratchPaths& scratch_;
     std::string path_;
 };
 
@@ -148,7 +148,7 @@ DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std:
 }
 
 std::string LibreOfficeFiles::copyOf(const std::string& path, const std::string& bytes) {
-    std::string copy = places_.forCopy(path);
+    std::string copy = scratch_.forCopy(path);
     saveOnDisk(copy, bytes);
     return copy;
 }
@@ -158,7 +158,7 @@ Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& p
                                                             const std::string& content) {
     const std::string copy = copyOf(path, content);
     // The office has it open then, so it may lose its name.
-    const ScopedTempFile temporary(places_, copy);
+    const ScopedTempFile temporary(scratch_, copy);
     return connection_.call([&] {
         return css::ucb::SimpleFileAccess::create(connection_.context())->openFileRead(toUno(fileUrl(copy)));
     });
@@ -222,13 +222,13 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
 /// A document that was opened where it lies has links that lead from there.
 std::string LibreOfficeFiles::placeOfWriting(const DocumentReference& document, const std::string& path) {
     const std::string url = connection_.call([&] { return urlOf(document); });
-    return url.empty() || places_.holds(url) ? places_.forCopy(path) : places_.beside(path);
+    return url.empty() || scratch_.holds(url) ? scratch_.forCopy(path) : scratch_.beside(path);
 }
 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
                              const OfficeFilter& filter, const Revision& revise) {
     const std::string copy = placeOfWriting(document, path);
-    const ScopedTempFile temporary(places_, copy);
+    const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
     Properties properties{property("Overwrite", true)};
     append(properties, filter);
@@ -251,7 +251,7 @@ void LibreOfficeFiles::close(const DocumentReference& document) try {
         Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);
         return place;
     });
-    places_.removeCopy(url);
+    scratch_.removeCopy(url);
 } catch (const AutomationError&) {
     // It is closed already, or the office is.
 }

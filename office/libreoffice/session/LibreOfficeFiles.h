@@ -3,7 +3,7 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/OfficePart.h"
-#include "office/libreoffice/session/WorkPlaces.h"
+#include "office/libreoffice/session/ScratchPaths.h"
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 
@@ -41,7 +41,7 @@ class LibreOfficeFiles {
   public:
     /// The file store has to outlive this, the folder is the office's.
     LibreOfficeFiles(OfficeConnection& connection, FileStore& files, std::string workFolder)
-        : connection_(connection), files_(files), places_(std::move(workFolder)) {}
+        : connection_(connection), files_(files), scratch_(std::move(workFolder)) {}
 
     /// Documents are shown in frames from here on, one in each.
     void showIn(FrameSource frames) { frames_ = std::move(frames); }
@@ -80,7 +80,7 @@ class LibreOfficeFiles {
 
     OfficeConnection& connection_;
     FileStore& files_;
-    WorkPlaces places_;
+    ScratchPaths scratch_;
     FrameSource frames_;
 };
 

@@ -1,4 +1,4 @@
-#include "office/libreoffice/session/WorkPlaces.h"
+#include "office/libreoffice/session/ScratchPaths.h"
 
 #include "base/Paths.h"
 #include "office/libreoffice/session/FileUrl.h"
@@ -23,13 +23,13 @@ std::string withExtensionOf(const std::string& path, const std::string& name) {
 
 }  // namespace
 
-std::string WorkPlaces::forCopy(const std::string& path) {
-    const std::string folder = joinPath(folder_, std::to_string(++places_));
+std::string ScratchPaths::forCopy(const std::string& path) {
+    const std::string folder = joinPath(folder_, std::to_string(++copies_));
     std::filesystem::create_directory(folder);
     return joinPath(folder, withExtensionOf(path, "document"));
 }
 
-std::string WorkPlaces::beside(const std::string& path) {
+std::string ScratchPaths::beside(const std::string& path) {
     const std::string folder = parentFolder(fullPath(path));
     if (::access(folder.c_str(), W_OK | X_OK) != 0) return forCopy(path);
     const std::string suffix = withExtensionOf(path, "");
@@ -40,18 +40,18 @@ std::string WorkPlaces::beside(const std::string& path) {
     return name;
 }
 
-bool WorkPlaces::holds(const std::string& url) const {
+bool ScratchPaths::holds(const std::string& url) const {
     return url.starts_with(fileUrl(folder_) + "/");
 }
 
-void WorkPlaces::remove(const std::string& path) const {
+void ScratchPaths::remove(const std::string& path) const {
     std::error_code error;
     std::filesystem::remove(path, error);
     const std::string folder = parentFolder(path);
     if (parentFolder(folder) == folder_) std::filesystem::remove_all(folder, error);
 }
 
-void WorkPlaces::removeCopy(const std::string& url) const {
+void ScratchPaths::removeCopy(const std::string& url) const {
     if (!holds(url)) return;
     // Behind the folder, all is plain: a number and a name.
     remove(folder_ + url.substr(fileUrl(folder_).size()));

@@ -6,10 +6,10 @@ namespace mergeloom::libreoffice {
 
 /// Where an office reads and writes files that are not the callers' own: copies in folders of their own, and
 /// new files beside those that they are to replace.
-class WorkPlaces {
+class ScratchPaths {
   public:
     /// The folder has to exist; it goes with the office's process.
-    explicit WorkPlaces(std::string folder) : folder_(std::move(folder)) {}
+    explicit ScratchPaths(std::string folder) : folder_(std::move(folder)) {}
 
     /// A path for a copy of the file. The name is plain, so that no locale has a say in it.
     std::string forCopy(const std::string& path);
@@ -24,7 +24,7 @@ class WorkPlaces {
 
   private:
     std::string folder_;
-    int places_ = 0;
+    int copies_ = 0;
 };
 
 }  // namespace mergeloom::libreoffice
