@@ -4,12 +4,12 @@
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
-#include "office/libreoffice/session/DecliningHandler.h"
 #include "office/libreoffice/session/DocumentMacros.h"
 #include "office/libreoffice/session/EndsInCells.h"
 #include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/PartialFileCleanup.h"
+#include "office/libreoffice/session/RefusingInteractionHandler.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 
@@ -89,7 +89,8 @@ std::string urlOf(const DocumentReference& document) {
 /// A file that is gone with this object.
 class ScopedTempFile {
   public:
-    ScopedTempFile(const ScratchPaths& scratch, std::string path) : scratch_(scratch), path_(std::move(path)) {}
+    ScopedTempFile(const ScratchPaths& scratch, std::string path)
+        : scratch_(scratch), path_(std::move(path)) {}
     ScopedTempFile(const ScopedTempFile&) = delete;
     ScopedTempFile& operator=(const ScopedTempFile&) = delete;
     ~ScopedTempFile() { scratch_.remove(path_); }
@@ -170,7 +171,7 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
                                          const FrameSource& frames) {
     std::optional<std::string> mended;
     if (part == OfficePart::Word) mended = packageWithEndsInCells(bytes, path);
-    const rtl::Reference<DecliningHandler> handler(new DecliningHandler);
+    const rtl::Reference<RefusingInteractionHandler> handler(new RefusingInteractionHandler);
     Properties properties = quiet();
     properties.push_back(property("AsTemplate", false));
     properties.push_back(

@@ -1,4 +1,4 @@
-#include "office/libreoffice/session/DecliningHandler.h"
+#include "office/libreoffice/session/RefusingInteractionHandler.h"
 
 #include <com/sun/star/task/PasswordRequest.hpp>
 #include <com/sun/star/task/XInteractionAbort.hpp>
@@ -14,16 +14,16 @@ Question kindOf(const css::uno::Any& request) {
 
 }  // namespace
 
-Question DecliningHandler::asked() {
+Question RefusingInteractionHandler::asked() {
     const std::lock_guard lock(mutex_);
     return asked_;
 }
 
-void DecliningHandler::handle(const Reference<css::task::XInteractionRequest>& request) {
+void RefusingInteractionHandler::handle(const Reference<css::task::XInteractionRequest>& request) {
     handleInteractionRequest(request);
 }
 
-sal_Bool DecliningHandler::handleInteractionRequest(
+sal_Bool RefusingInteractionHandler::handleInteractionRequest(
     const Reference<css::task::XInteractionRequest>& request) {
     {
         const std::lock_guard lock(mutex_);

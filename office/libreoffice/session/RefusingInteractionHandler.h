@@ -12,7 +12,7 @@ namespace mergeloom::libreoffice {
 enum class Question { None, Password, Other };
 
 /// Answers every question of an office in place of a user: no. Remembers what was asked.
-class DecliningHandler final : public cppu::WeakImplHelper1<css::task::XInteractionHandler2> {
+class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task::XInteractionHandler2> {
   public:
     /// The most telling of the questions so far.
     [[nodiscard]] Question asked();
