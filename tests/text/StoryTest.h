@@ -5,11 +5,11 @@
 #include "office/embedded/text/BookmarkEditor.h"
 #include "office/embedded/text/BookmarkFinder.h"
 #include "office/embedded/text/FontEditor.h"
-#include "office/embedded/text/LiveSpan.h"
 #include "office/embedded/text/Story.h"
 #include "office/embedded/text/StoryEditor.h"
 #include "office/embedded/text/StoryEraser.h"
 #include "office/embedded/text/TableEditor.h"
+#include "office/embedded/text/TrackedRange.h"
 
 #include <deque>
 #include <memory>

@@ -2,8 +2,8 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/text/LiveSpan.h"
 #include "office/embedded/text/StoryReader.h"
+#include "office/embedded/text/TrackedRange.h"
 
 #include <algorithm>
 #include <string_view>
@@ -205,13 +205,13 @@ void Story::shift(CharacterPosition position, CharacterCount removed, CharacterC
         if (place < removedEnd) return position;
         return place - removed + inserted;
     };
-    for (LiveSpan* span : spans_)
+    for (TrackedRange* span : spans_)
         span->set(shifted(span->start_), shifted(span->end_));
 }
 
 void Story::clampSpans() {
     const CharacterPosition last{length().value};
-    for (LiveSpan* span : spans_)
+    for (TrackedRange* span : spans_)
         span->set(std::min(span->start_, last), std::min(span->end_, last));
 }
 

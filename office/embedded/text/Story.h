@@ -13,7 +13,7 @@
 
 namespace mergeloom::embedded {
 
-class LiveSpan;
+class TrackedRange;
 
 /// An element of the body, a header, a footer, a note, a comment or a text box that holds paragraphs, seen as
 /// one row of characters. Answers questions; edits are made by StoryEditor.
@@ -72,12 +72,12 @@ class Story {
     [[nodiscard]] const std::vector<pugi::xml_node>& textBoxes() const { return textBoxes_; }
 
   private:
-    friend class LiveSpan;
+    friend class TrackedRange;
     friend class StoryReader;
 
     [[nodiscard]] bool splitsCharacter(CharacterPosition position) const;
-    void add(LiveSpan& span) { spans_.push_back(&span); }
-    void remove(LiveSpan& span) { std::erase(spans_, &span); }
+    void add(TrackedRange& span) { spans_.push_back(&span); }
+    void remove(TrackedRange& span) { std::erase(spans_, &span); }
 
     opc::XmlPart& part_;
     const opc::WordNames& names_;
@@ -85,7 +85,7 @@ class Story {
     std::string name_;
     std::deque<Item> pool_;
     ItemTree items_;
-    std::vector<LiveSpan*> spans_;
+    std::vector<TrackedRange*> spans_;
     std::vector<pugi::xml_node> textBoxes_;
 };
 

@@ -15,7 +15,7 @@ class EmbeddedFont final : public word::Font {
     explicit EmbeddedFont(std::shared_ptr<WordContent> content) : content_(std::move(content)) {}
 
     void SetSize(double points) override {
-        const LiveSpan& span = content_->selection();
+        const TrackedRange& span = content_->selection();
         content_->beginEdit(span.story(), span.start(), span.end());
         const auto halfPoints = static_cast<int>(std::lround(points * 2));
         content_->editable(span.story()).fonts().setSize(span.start(), span.end(), halfPoints);

@@ -12,7 +12,7 @@ class EmbeddedInlineShapes final : public word::InlineShapes {
   public:
     /// The span is the one of the range or selection whose pictures these are: a picture put in is covered by
     /// it then.
-    EmbeddedInlineShapes(std::shared_ptr<WordContent> content, std::shared_ptr<LiveSpan> span)
+    EmbeddedInlineShapes(std::shared_ptr<WordContent> content, std::shared_ptr<TrackedRange> span)
         : content_(std::move(content)), span_(std::move(span)) {}
 
     int Count() override;
@@ -20,7 +20,7 @@ class EmbeddedInlineShapes final : public word::InlineShapes {
 
   private:
     std::shared_ptr<WordContent> content_;
-    std::shared_ptr<LiveSpan> span_;
+    std::shared_ptr<TrackedRange> span_;
 };
 
 }  // namespace mergeloom::embedded

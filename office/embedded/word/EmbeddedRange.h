@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/text/LiveSpan.h"
+#include "office/embedded/text/TrackedRange.h"
 #include "office/embedded/word/WordContent.h"
 #include "office/model/word/Range.h"
 
@@ -16,7 +16,9 @@ class EmbeddedRange final : public word::Range {
   public:
     EmbeddedRange(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
                   CharacterPosition end, RangeText text = RangeText::Result)
-        : content_(std::move(content)), span_(std::make_shared<LiveSpan>(story, start, end)), text_(text) {}
+        : content_(std::move(content)),
+          span_(std::make_shared<TrackedRange>(story, start, end)),
+          text_(text) {}
 
     CharacterPosition Start() override { return span_->start(); }
     CharacterPosition End() override { return span_->end(); }
@@ -36,7 +38,7 @@ class EmbeddedRange final : public word::Range {
 
   private:
     std::shared_ptr<WordContent> content_;
-    std::shared_ptr<LiveSpan> span_;  // shared with the collections that change what the range holds
+    std::shared_ptr<TrackedRange> span_;  // shared with the collections that change what the range holds
     RangeText text_;
 };
 

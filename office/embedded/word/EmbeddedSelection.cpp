@@ -13,7 +13,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-RangeContents contentsOf(const LiveSpan& span) {
+RangeContents contentsOf(const TrackedRange& span) {
     return {span.story(), span.start(), span.end()};
 }
 
@@ -59,7 +59,7 @@ word::FieldsPtr EmbeddedSelection::Fields() {
 
 word::InlineShapesPtr EmbeddedSelection::InlineShapes() {
     // The content owns its selection.
-    const std::shared_ptr<LiveSpan> selection(content_, &span());
+    const std::shared_ptr<TrackedRange> selection(content_, &span());
     return std::make_shared<EmbeddedInlineShapes>(content_, selection);
 }
 

@@ -28,7 +28,7 @@ class EmbeddedSelection final : public word::Selection {
     word::TablesPtr Tables() override;
 
   private:
-    [[nodiscard]] LiveSpan& span() const { return content_->selection(); }
+    [[nodiscard]] TrackedRange& span() const { return content_->selection(); }
 
     std::shared_ptr<WordContent> content_;
 };

@@ -2,7 +2,7 @@
 
 #include "base/FileStore.h"
 #include "office/embedded/parts/PictureParts.h"
-#include "office/embedded/text/LiveSpan.h"
+#include "office/embedded/text/TrackedRange.h"
 #include "office/embedded/word/EditPermission.h"
 #include "office/embedded/word/EditableStory.h"
 #include "office/embedded/word/Fallbacks.h"
@@ -34,7 +34,7 @@ class WordContent {
     [[nodiscard]] opc::Package& package() { return package_; }
     [[nodiscard]] BookmarkTable& bookmarks() { return bookmarks_; }
     [[nodiscard]] EditJournal& journal() { return journal_; }
-    [[nodiscard]] LiveSpan& selection() { return *selection_; }
+    [[nodiscard]] TrackedRange& selection() { return *selection_; }
     [[nodiscard]] EditableStory& body() { return stories_.front(); }
     [[nodiscard]] EditableStory& editable(const Story& story);
     /// Every story has a name of its own. Raises kMemberNotFound for a name that none has.
@@ -112,7 +112,7 @@ class WordContent {
     Fallbacks fallbacks_{journal_};
     std::deque<EditablePart> parts_;
     std::deque<EditableStory> stories_;
-    std::optional<LiveSpan> selection_;
+    std::optional<TrackedRange> selection_;
     std::optional<RecordedState> recorded_;
     std::vector<AddedPicture> addedPictures_;
     std::vector<opc::XmlPart*> stored_;  // since a step was recorded

@@ -1,4 +1,4 @@
-#include "office/embedded/text/LiveSpan.h"
+#include "office/embedded/text/TrackedRange.h"
 
 #include "office/embedded/text/Story.h"
 
@@ -6,21 +6,21 @@
 
 namespace mergeloom::embedded {
 
-LiveSpan::LiveSpan(Story& story, CharacterPosition start, CharacterPosition end)
+TrackedRange::TrackedRange(Story& story, CharacterPosition start, CharacterPosition end)
     : story_(&story), start_(start), end_(end) {
     story_->add(*this);
 }
 
-LiveSpan::~LiveSpan() {
+TrackedRange::~TrackedRange() {
     story_->remove(*this);
 }
 
-void LiveSpan::set(CharacterPosition start, CharacterPosition end) {
+void TrackedRange::set(CharacterPosition start, CharacterPosition end) {
     start_ = start;
     end_ = std::max(start, end);
 }
 
-void LiveSpan::moveTo(Story& story, CharacterPosition start, CharacterPosition end) {
+void TrackedRange::moveTo(Story& story, CharacterPosition start, CharacterPosition end) {
     story_->remove(*this);
     story_ = &story;
     story_->add(*this);

@@ -8,12 +8,12 @@ class Story;
 
 /// A stretch of a story that is kept true through edits: the story moves the ends of every live span when
 /// text goes in or out. Ranges and the selection hang on it.
-class LiveSpan {
+class TrackedRange {
   public:
-    LiveSpan(Story& story, CharacterPosition start, CharacterPosition end);
-    LiveSpan(const LiveSpan&) = delete;
-    LiveSpan& operator=(const LiveSpan&) = delete;
-    ~LiveSpan();
+    TrackedRange(Story& story, CharacterPosition start, CharacterPosition end);
+    TrackedRange(const TrackedRange&) = delete;
+    TrackedRange& operator=(const TrackedRange&) = delete;
+    ~TrackedRange();
 
     [[nodiscard]] Story& story() const { return *story_; }
     [[nodiscard]] CharacterPosition start() const { return start_; }
