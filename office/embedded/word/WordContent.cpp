@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Paths.h"
-#include "office/embedded/text/ReplacedText.h"
+#include "office/embedded/text/ReplacementContext.h"
 #include "office/embedded/word/InlinePicture.h"
 #include "office/embedded/word/TextArea.h"
 
@@ -101,7 +101,7 @@ bool WordContent::hasStyle(const std::string& styleId) {
 CharacterCount WordContent::replace(Story& story, CharacterPosition start, CharacterPosition end,
                                     const std::string& text, RunUse runs) {
     story.check(start, end);
-    const ReplacedText replaced(story, start, end);
+    const ReplacementContext replaced(story, start, end);
     if (!text.empty()) replaced.checkIsThere();
     // What is refused must not count as an edit.
     editable(story).eraser().check(start, end);

@@ -1,4 +1,4 @@
-#include "office/embedded/text/ReplacedText.h"
+#include "office/embedded/text/ReplacementContext.h"
 
 #include "base/AutomationError.h"
 
@@ -46,23 +46,23 @@ bool keepsText(opc::WordTag tag) {
 
 }  // namespace
 
-ReplacedText::ReplacedText(const Story& story, CharacterPosition start, CharacterPosition end)
+ReplacementContext::ReplacementContext(const Story& story, CharacterPosition start, CharacterPosition end)
     : story_(story), end_(end) {
     if (start == end) return;
     first_ = story.items().itemAt(start);
     last_ = story.items().itemAt(end - CharacterCount{1});
 }
 
-TextSetting ReplacedText::setting() const {
+TextSetting ReplacementContext::setting() const {
     return first_ ? TextSetting{formatting(), container()} : TextSetting{};
 }
 
-void ReplacedText::checkIsThere() const {
+void ReplacementContext::checkIsThere() const {
     if (!first_ || !isDeleted(first_) || !isDeleted(last_)) return;
     throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
 }
 
-Formatting ReplacedText::formatting() const {
+Formatting ReplacementContext::formatting() const {
     CodeTracker tracker(story_.names());
     Formatting ofMark;
     Formatting ofCode;
@@ -79,7 +79,7 @@ Formatting ReplacedText::formatting() const {
     return ofCode ? ofCode : ofMark;
 }
 
-pugi::xml_node ReplacedText::container() const {
+pugi::xml_node ReplacementContext::container() const {
     if (first_->kind == ItemKind::ParagraphMark || first_->kind == ItemKind::RowMark) return {};
     pugi::xml_node element = first_->node.parent();
     while (element && element != story_.root() && story_.names().tagOf(element) != opc::WordTag::Paragraph) {
@@ -89,7 +89,7 @@ pugi::xml_node ReplacedText::container() const {
     return {};
 }
 
-bool ReplacedText::isDeleted(const Item* item) const {
+bool ReplacementContext::isDeleted(const Item* item) const {
     return story_.names().ancestor(item->node, opc::WordTag::Deletion) ||
            story_.names().ancestor(item->node, opc::WordTag::MoveFrom);
 }

@@ -7,10 +7,10 @@
 namespace mergeloom::embedded {
 
 /// A stretch of a story that text is about to take the place of.
-class ReplacedText {
+class ReplacementContext {
   public:
     /// The stretch must lie in the story.
-    ReplacedText(const Story& story, CharacterPosition start, CharacterPosition end);
+    ReplacementContext(const Story& story, CharacterPosition start, CharacterPosition end);
 
     /// What the new text takes over. Its formatting is that of the first character to be seen; where only
     /// fields without a result stand, that of the first code.
