@@ -67,7 +67,7 @@ bool CAutoMapping::trapped(const std::function<bool()>& body) {
 }
 
 bool CAutoMapping::map() {
-    const std::unique_ptr<MappingOffice> office = makeOffice();
+    const std::unique_ptr<MappingTarget> office = makeOffice();
     checkArguments(*office, arguments_.targetPath);
     auto source = std::make_unique<MappingSource>(arguments_.xmlFile, errors_, messages_);
     const TreeNode& object = chosenObject(*source);
@@ -86,12 +86,12 @@ const TreeNode& CAutoMapping::chosenObject(MappingSource& source) const {
     return options_.object.empty() ? *first : *objectNamed(objectsOf(source), options_.object).node;
 }
 
-std::unique_ptr<MappingOffice> CAutoMapping::makeOffice() {
+std::unique_ptr<MappingTarget> CAutoMapping::makeOffice() {
     if (gExcelMode == 0) return std::make_unique<MappedWord>(startWord_, formats_, errors_);
     return std::make_unique<MappedExcel>(startExcel_, formats_, errors_);
 }
 
-void CAutoMapping::checkArguments(const MappingOffice& office, const std::string& target) const {
+void CAutoMapping::checkArguments(const MappingTarget& office, const std::string& target) const {
     if (arguments_.type == MappingType::LabelDocument && !office.makesLabels()) {
         throw MappingRefusal(office.name() + " makes no labels; leave out -label or make them with Word.");
     }
@@ -100,7 +100,7 @@ void CAutoMapping::checkArguments(const MappingOffice& office, const std::string
     checkStart();
 }
 
-void CAutoMapping::checkTarget(const MappingOffice& office, const std::string& target) {
+void CAutoMapping::checkTarget(const MappingTarget& office, const std::string& target) {
     if (!office.knowsExtensionOf(target)) {
         throw MappingRefusal("The template '" + target + "' has no file extension that " + office.name() +
                              " knows.");
@@ -112,7 +112,7 @@ void CAutoMapping::checkTarget(const MappingOffice& office, const std::string& t
 }
 
 /// A file of the office's own kind is saved as what it is, whatever its name.
-void CAutoMapping::checkInPlace(const MappingOffice& office) const {
+void CAutoMapping::checkInPlace(const MappingTarget& office) const {
     const std::string& document = arguments_.useDocument;
     if (!office.isForeign(document)) return;
     const std::string start = "The document '" + document + "' cannot be changed in place: ";
@@ -126,7 +126,7 @@ void CAutoMapping::checkInPlace(const MappingOffice& office) const {
                          refusal);
 }
 
-void CAutoMapping::checkSource(const MappingOffice& office) const {
+void CAutoMapping::checkSource(const MappingTarget& office) const {
     const std::string refusal = office.refusalToOpen(documentToBuildOn());
     if (!refusal.empty()) throw MappingRefusal(refusal);
 }
@@ -150,7 +150,7 @@ void CAutoMapping::readFolders(const StructureDocument& document) {
     if (templatesFolder_.empty()) templatesFolder_ = options.TemplatesFolder();
 }
 
-void CAutoMapping::makeDocument(MappingOffice& office) {
+void CAutoMapping::makeDocument(MappingTarget& office) {
     if (!arguments_.useDocument.empty()) {
         office.openDocument(arguments_.useDocument);
     } else if (arguments_.type == MappingType::LabelDocument) {
@@ -160,7 +160,7 @@ void CAutoMapping::makeDocument(MappingOffice& office) {
     }
 }
 
-void CAutoMapping::openLabelDocument(MappingOffice& office) {
+void CAutoMapping::openLabelDocument(MappingTarget& office) {
     try {
         office.openDocument(arguments_.labelDocument);
     } catch (const AutomationError& error) {
@@ -171,7 +171,7 @@ void CAutoMapping::openLabelDocument(MappingOffice& office) {
     }
 }
 
-bool CAutoMapping::mapObject(MappingOffice& office, const MappingSource& source, const TreeNode& object,
+bool CAutoMapping::mapObject(MappingTarget& office, const MappingSource& source, const TreeNode& object,
                              const DropPorts& ports) {
     const std::optional<FieldKeys> fields = chosenFields(source, object, ports.messages);
     if (!fields) tellWarning(ports.messages, leftOutControls(source, object));
@@ -186,7 +186,7 @@ bool CAutoMapping::mapObject(MappingOffice& office, const MappingSource& source,
 }
 
 /// Nobody selected anything in an unattended run, so the droppers' own sentence does not help alone.
-bool CAutoMapping::beginsAtRefusedStart(MappingOffice& office) const {
+bool CAutoMapping::beginsAtRefusedStart(MappingTarget& office) const {
     const bool isGiven = !documentToBuildOn().empty() && arguments_.type != MappingType::LabelDocument;
     const bool isStart = options_.at.empty() || options_.at == kAtStart;
     return isGiven && isStart && !office.takesDrops();
@@ -202,7 +202,7 @@ std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source,
     return named.keys;
 }
 
-bool CAutoMapping::dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object,
+bool CAutoMapping::dropObject(MappingTarget& office, const MappingSource& source, const MappedObject& object,
                               const DropPorts& ports) {
     const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
     CNodeDropper dropper{ports.errors, ports.messages, findPicture, ports.progress};
@@ -211,7 +211,7 @@ bool CAutoMapping::dropObject(MappingOffice& office, const MappingSource& source
     return dropped;
 }
 
-void CAutoMapping::save(MappingOffice& office, const std::string& givenTarget) {
+void CAutoMapping::save(MappingTarget& office, const std::string& givenTarget) {
     model::OfficeDocument& document = office.document();
     const std::string target = givenTarget.empty() ? document.FullName() : givenTarget;
     checkMayReplace(office, target);
@@ -223,7 +223,7 @@ void CAutoMapping::save(MappingOffice& office, const std::string& givenTarget) {
     document.SetSaved(true);
 }
 
-void CAutoMapping::checkMayReplace(const MappingOffice& office, const std::string& target) const {
+void CAutoMapping::checkMayReplace(const MappingTarget& office, const std::string& target) const {
     if (!fileExists(target)) return;
     const bool isInPlace = arguments_.targetPath.empty() && !options_.mapsAll();
     const bool mayReplace = arguments_.targetExists || isInPlace;

@@ -3,9 +3,9 @@
 #include "app/DatabaseObjects.h"
 #include "app/ExcelStarter.h"
 #include "app/MappingArguments.h"
-#include "app/MappingOffice.h"
 #include "app/MappingOptions.h"
 #include "app/MappingSource.h"
+#include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
@@ -66,17 +66,17 @@ class CAutoMapping {
     bool map();
     [[nodiscard]] const TreeNode& chosenObject(MappingSource& source) const;
     void readFolders(const StructureDocument& document);
-    std::unique_ptr<MappingOffice> makeOffice();
+    std::unique_ptr<MappingTarget> makeOffice();
     /// Refuses what can be seen to fail before an office is started.
-    void checkArguments(const MappingOffice& office, const std::string& target) const;
-    static void checkTarget(const MappingOffice& office, const std::string& target);
-    void checkInPlace(const MappingOffice& office) const;
-    void checkSource(const MappingOffice& office) const;
+    void checkArguments(const MappingTarget& office, const std::string& target) const;
+    static void checkTarget(const MappingTarget& office, const std::string& target);
+    void checkInPlace(const MappingTarget& office) const;
+    void checkSource(const MappingTarget& office) const;
     void checkStart() const;
     /// The file on which the document is built; empty for a new one.
     [[nodiscard]] std::string documentToBuildOn() const;
-    void makeDocument(MappingOffice& office);
-    void openLabelDocument(MappingOffice& office);
+    void makeDocument(MappingTarget& office);
+    void openLabelDocument(MappingTarget& office);
 
     /// The ports that a drop reports to.
     struct DropPorts {
@@ -88,13 +88,13 @@ class CAutoMapping {
     [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source, const TreeNode& object,
                                                         Messages& messages) const;
     /// Makes a document and drops the object into it. Returns whether something was dropped.
-    bool mapObject(MappingOffice& office, const MappingSource& source, const TreeNode& object,
+    bool mapObject(MappingTarget& office, const MappingSource& source, const TreeNode& object,
                    const DropPorts& ports);
-    [[nodiscard]] bool beginsAtRefusedStart(MappingOffice& office) const;
-    static bool dropObject(MappingOffice& office, const MappingSource& source, const MappedObject& object,
+    [[nodiscard]] bool beginsAtRefusedStart(MappingTarget& office) const;
+    static bool dropObject(MappingTarget& office, const MappingSource& source, const MappedObject& object,
                            const DropPorts& ports);
-    void save(MappingOffice& office, const std::string& target);
-    void checkMayReplace(const MappingOffice& office, const std::string& target) const;
+    void save(MappingTarget& office, const std::string& target);
+    void checkMayReplace(const MappingTarget& office, const std::string& target) const;
     void tell(const std::string& text);
 
     /// An object and the template that it gets.
@@ -104,12 +104,12 @@ class CAutoMapping {
     };
     bool mapAll(const std::function<bool()>& isStopped);
     [[nodiscard]] std::vector<Task> tasksOf(const std::vector<DatabaseObject>& objects,
-                                            const MappingOffice& office) const;
+                                            const MappingTarget& office) const;
     void checkFolder() const;
     static void refuseExisting(const std::vector<Task>& tasks);
     void tellOtherNames(const std::vector<Task>& tasks);
-    bool makeTemplate(MappingOffice& office, const MappingSource& source, const Task& task);
-    bool makeTemplates(MappingOffice& office, const MappingSource& source, const std::vector<Task>& tasks,
+    bool makeTemplate(MappingTarget& office, const MappingSource& source, const Task& task);
+    bool makeTemplates(MappingTarget& office, const MappingSource& source, const std::vector<Task>& tasks,
                        const std::function<bool()>& isStopped);
 
     WordStarter startWord_;

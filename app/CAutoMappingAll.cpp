@@ -38,7 +38,7 @@ bool CAutoMapping::ExecuteAll(const std::function<bool()>& isStopped) {
 
 bool CAutoMapping::mapAll(const std::function<bool()>& isStopped) {
     checkFolder();
-    const std::unique_ptr<MappingOffice> office = makeOffice();
+    const std::unique_ptr<MappingTarget> office = makeOffice();
     MappingSource source(arguments_.xmlFile, errors_, messages_);
     const std::vector<DatabaseObject> objects = objectsOf(source);
     if (objects.empty()) RaiseMappingError(kXmlFileIncorrect);
@@ -60,7 +60,7 @@ void CAutoMapping::checkFolder() const {
 }
 
 std::vector<CAutoMapping::Task> CAutoMapping::tasksOf(const std::vector<DatabaseObject>& objects,
-                                                      const MappingOffice& office) const {
+                                                      const MappingTarget& office) const {
     TemplateNames names(options_.format.empty() ? office.templateExtension() : options_.format);
     std::vector<Task> tasks;
     for (const DatabaseObject& object : objects) {
@@ -91,7 +91,7 @@ void CAutoMapping::tellOtherNames(const std::vector<Task>& tasks) {
     }
 }
 
-bool CAutoMapping::makeTemplates(MappingOffice& office, const MappingSource& source,
+bool CAutoMapping::makeTemplates(MappingTarget& office, const MappingSource& source,
                                  const std::vector<Task>& tasks, const std::function<bool()>& isStopped) {
     tellOtherNames(tasks);
     std::size_t made = 0;
@@ -115,7 +115,7 @@ bool CAutoMapping::makeTemplates(MappingOffice& office, const MappingSource& sou
     return refused.empty();
 }
 
-bool CAutoMapping::makeTemplate(MappingOffice& office, const MappingSource& source, const Task& task) {
+bool CAutoMapping::makeTemplate(MappingTarget& office, const MappingSource& source, const Task& task) {
     ObjectErrors errors{errors_, task.object.title()};
     ObjectMessages messages{messages_, task.object.title()};
     NoProgress progress;

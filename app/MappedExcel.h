@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/ExcelStarter.h"
-#include "app/MappingOffice.h"
+#include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
 #include "app/StartedOffice.h"
 #include "base/ErrorHandler.h"
@@ -12,7 +12,7 @@
 namespace mergeloom {
 
 /// Excel and the workbook that a mapping makes in it.
-class MappedExcel final : public MappingOffice {
+class MappedExcel final : public MappingTarget {
   public:
     /// All have to outlive it.
     MappedExcel(const ExcelStarter& startExcel, const OfficeFormats& formats, ErrorHandler& errors)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/MappingOffice.h"
+#include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
 #include "app/StartedOffice.h"
 #include "app/WordStarter.h"
@@ -12,7 +12,7 @@
 namespace mergeloom {
 
 /// Word and the document that a mapping makes in it.
-class MappedWord final : public MappingOffice {
+class MappedWord final : public MappingTarget {
   public:
     /// All have to outlive it.
     MappedWord(const WordStarter& startWord, const OfficeFormats& formats, ErrorHandler& errors)

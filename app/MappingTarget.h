@@ -21,12 +21,12 @@ struct MappedObject {
 
 /// An office that a mapping starts for itself, and the document that the mapping makes in it, one at a time.
 /// The office is closed with the document, unsaved, at the end.
-class MappingOffice {
+class MappingTarget {
   public:
-    MappingOffice() = default;
-    MappingOffice(const MappingOffice&) = delete;
-    MappingOffice& operator=(const MappingOffice&) = delete;
-    virtual ~MappingOffice() = default;
+    MappingTarget() = default;
+    MappingTarget(const MappingTarget&) = delete;
+    MappingTarget& operator=(const MappingTarget&) = delete;
+    virtual ~MappingTarget() = default;
 
     /// What sentences for the user call it.
     [[nodiscard]] virtual std::string name() const = 0;
