@@ -1,8 +1,8 @@
 #include "app/MappingBeforeDesigner.h"
 
 #include "app/CAutoMapping.h"
-#include "app/ChosenOffice.h"
 #include "app/MergeloomErrorCodes.h"
+#include "app/OfficeSelector.h"
 #include "app/ToldErrors.h"
 #include "base/DiskFileStore.h"
 #include "base/SourcePlace.h"
@@ -13,7 +13,7 @@ namespace {
 
 void mapOrRaise(const GnuOptions& options, ErrorHandler& errors, Messages& messages, Progress& progress) {
     DiskFileStore files;
-    ChosenOffice office(options.office, files);
+    OfficeSelector office(options.office, files);
     CAutoMapping mapping = office.makeMapping(errors, messages, progress);
     mapping.SetAllowExistingTemplate(true);
     mapping.SetOptions(options.mapping);

@@ -1,7 +1,6 @@
 #include "app/modMainEntry.h"
 
 #include "app/CAutoMapping.h"
-#include "app/ChosenOffice.h"
 #include "app/ConsoleErrorHandler.h"
 #include "app/ConsoleMessages.h"
 #include "app/ConsoleProgress.h"
@@ -13,6 +12,7 @@
 #include "app/MappingSource.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/ObjectList.h"
+#include "app/OfficeSelector.h"
 #include "app/Places.h"
 #include "app/StartedOffice.h"
 #include "app/StopSignal.h"
@@ -83,7 +83,7 @@ class Run {
     const Console& console_;
     const DesignerStarter& startDesigner_;
     DiskFileStore files_;
-    ChosenOffice office_;
+    OfficeSelector office_;
     ConsoleMessages messages_;
     ConsoleErrorHandler errors_;
     NoProgress noProgress_;

@@ -1,23 +1,23 @@
-#include "app/ChosenOffice.h"
+#include "app/OfficeSelector.h"
 
 #include "app/ConvertingExcel.h"
 #include "app/ConvertingWord.h"
 
 namespace mergeloom {
 
-word::ApplicationPtr ChosenOffice::startWord() {
+word::ApplicationPtr OfficeSelector::startWord() {
     word::ApplicationPtr office = makeWordApplication(kind_, files_);
     if (kind_ == OfficeKind::LibreOffice) return office;
     return std::make_shared<ConvertingWord>(std::move(office), *converter_);
 }
 
-excel::ApplicationPtr ChosenOffice::startExcel() {
+excel::ApplicationPtr OfficeSelector::startExcel() {
     excel::ApplicationPtr office = makeExcelApplication(kind_, files_);
     if (kind_ == OfficeKind::LibreOffice) return office;
     return std::make_shared<ConvertingExcel>(std::move(office), *converter_);
 }
 
-CAutoMapping ChosenOffice::makeMapping(ErrorHandler& errors, Messages& messages, Progress& progress) {
+CAutoMapping OfficeSelector::makeMapping(ErrorHandler& errors, Messages& messages, Progress& progress) {
     return {[this] { return startWord(); },
             [this] { return startExcel(); },
             formats_,

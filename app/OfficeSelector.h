@@ -13,10 +13,10 @@ namespace mergeloom {
 
 /// The office that a run works with. The embedded one hands over to an installed LibreOffice what it does not
 /// write or read itself; that costs nothing before such a file comes.
-class ChosenOffice {
+class OfficeSelector {
   public:
     /// The file store has to outlive it, and it the offices that it starts.
-    ChosenOffice(OfficeChoice choice, FileStore& files)
+    OfficeSelector(OfficeChoice choice, FileStore& files)
         : kind_(choice == OfficeChoice::LibreOffice ? OfficeKind::LibreOffice : OfficeKind::Embedded),
           files_(files),
           converter_(makeFileConverter(files)),
