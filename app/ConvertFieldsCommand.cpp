@@ -1,7 +1,7 @@
 #include "app/ConvertFieldsCommand.h"
 
 #include "app/FileFormats.h"
-#include "app/StartedOffice.h"
+#include "app/ScopedOffice.h"
 #include "app/modMain.h"
 #include "base/AutomationError.h"
 #include "base/Paths.h"
@@ -33,7 +33,7 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     checkTarget(target, isInPlace);
     checkSource(source);
 
-    const StartedOffice office{startWord_(), errors_};
+    const ScopedOffice office{startWord_(), errors_};
     const word::DocumentPtr document = office->Documents()->Open(source);
     const ConversionResult result = convert(document);
     checkCodes(result.left, source);

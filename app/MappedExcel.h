@@ -3,7 +3,7 @@
 #include "app/ExcelStarter.h"
 #include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
-#include "app/StartedOffice.h"
+#include "app/ScopedOffice.h"
 #include "base/ErrorHandler.h"
 #include "office/model/excel/Workbook.h"
 
@@ -41,7 +41,7 @@ class MappedExcel final : public MappingTarget {
     const ExcelStarter& startExcel_;
     const OfficeFormats& formats_;
     ErrorHandler& errors_;
-    std::optional<StartedOffice<excel::Application>> office_;
+    std::optional<ScopedOffice<excel::Application>> office_;
     excel::WorkbookPtr workbook_;
 };
 

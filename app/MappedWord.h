@@ -2,7 +2,7 @@
 
 #include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
-#include "app/StartedOffice.h"
+#include "app/ScopedOffice.h"
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "office/model/word/Document.h"
@@ -41,7 +41,7 @@ class MappedWord final : public MappingTarget {
     const WordStarter& startWord_;
     const OfficeFormats& formats_;
     ErrorHandler& errors_;
-    std::optional<StartedOffice<word::Application>> office_;
+    std::optional<ScopedOffice<word::Application>> office_;
     word::DocumentPtr document_;
 };
 

@@ -14,7 +14,7 @@
 #include "app/ObjectList.h"
 #include "app/OfficeSelector.h"
 #include "app/Places.h"
-#include "app/StartedOffice.h"
+#include "app/ScopedOffice.h"
 #include "app/StopSignal.h"
 #include "app/ToldErrors.h"
 #include "app/mCommandLine.h"
@@ -183,10 +183,10 @@ int Run::listPlaces() {
 std::vector<Place> Run::readPlaces() {
     const std::string file = fullPath(options_.placesFile);
     if (isWorkbookFile(file)) {
-        const StartedOffice office{office_.startExcel(), errors_};
+        const ScopedOffice office{office_.startExcel(), errors_};
         return placesOf(*office->Workbooks()->Open(file));
     }
-    const StartedOffice office{office_.startWord(), errors_};
+    const ScopedOffice office{office_.startWord(), errors_};
     return placesOf(*office->Documents()->Open(file));
 }
 

@@ -1,7 +1,7 @@
 #include "ui/designer/TemplateConversion.h"
 
 #include "app/FileFormats.h"
-#include "app/StartedOffice.h"
+#include "app/ScopedOffice.h"
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Trap.h"
@@ -73,7 +73,7 @@ void TemplateConversion::makeDocument(const std::string& path, const std::string
 
 /// A save puts the new file in the place of an earlier target only when it is complete.
 void TemplateConversion::saveDocument(const std::string& temporaryCopy, const std::string& target) {
-    const StartedOffice office{startWord_(), errors_};
+    const ScopedOffice office{startWord_(), errors_};
     const word::DocumentPtr document = office->Documents()->Add(temporaryCopy);
     document->SaveAs(target, wordFormatOf(target));
     document->SetSaved(true);

@@ -1,4 +1,4 @@
-#include "app/StartedOffice.h"
+#include "app/ScopedOffice.h"
 
 #include "office/model/excel/Workbook.h"
 #include "office/model/excel/Workbooks.h"

@@ -16,13 +16,13 @@ void closeOffice(excel::Application& office);
 
 /// An office that a run started for itself. It is closed with all its documents, unsaved, at the end.
 template <typename Application>
-class StartedOffice {
+class ScopedOffice {
   public:
-    StartedOffice(std::shared_ptr<Application> application, ErrorHandler& errors)
+    ScopedOffice(std::shared_ptr<Application> application, ErrorHandler& errors)
         : application_(std::move(application)), errors_(errors) {}
-    StartedOffice(const StartedOffice&) = delete;
-    StartedOffice& operator=(const StartedOffice&) = delete;
-    ~StartedOffice() {
+    ScopedOffice(const ScopedOffice&) = delete;
+    ScopedOffice& operator=(const ScopedOffice&) = delete;
+    ~ScopedOffice() {
         trap(errors_, "CAutoMapping", "Execute", [this] { closeOffice(*application_); });
     }
 
