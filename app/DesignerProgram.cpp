@@ -28,7 +28,7 @@ std::string findDesigner() {
 
 }  // namespace
 
-int becomeDesigner(std::span<const std::string> arguments) {
+int execDesigner(std::span<const std::string> arguments) {
     const std::string program = findDesigner();
     std::vector<std::string> texts{program};
     texts.insert(texts.end(), arguments.begin(), arguments.end());

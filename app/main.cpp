@@ -10,5 +10,5 @@
 int main(int count, char** values) {
     const std::vector<std::string> arguments(values + (count > 0 ? 1 : 0), values + count);
     return mergeloom::Main(arguments, {std::cout, std::cerr, isatty(STDERR_FILENO) != 0},
-                           mergeloom::becomeDesigner);
+                           mergeloom::execDesigner);
 }
