@@ -21,9 +21,9 @@ std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {
     return std::make_unique<LazyFileConverter>(files);
 }
 
-std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, HostedPart part,
+std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, DocumentKind kind,
                                                HostListener& listener) {
-    return libreOfficeModule().makeDocumentHost(files, window, part, listener);
+    return libreOfficeModule().makeDocumentHost(files, window, kind, listener);
 }
 
 }  // namespace mergeloom

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/model/DocumentKind.h"
 #include "office/model/excel/Forward.h"
 #include "office/model/word/Forward.h"
 
@@ -15,9 +16,6 @@ struct HostWindow {
     int width = 0;
     int height = 0;
 };
-
-/// What a host shows first; it can show the other kind, too.
-enum class HostedPart { Word, Excel };
 
 /// A place in the host's window, in pixels from its upper left corner.
 struct HostPoint {

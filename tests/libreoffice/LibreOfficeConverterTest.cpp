@@ -222,7 +222,7 @@ TEST(LibreOfficeFiles, leavesSafetyOnTheDiskToTheStore) {
     files.files["/out.odt"] = "old";
     FaultyFileStore faulty(files, 2);  // within the save
     LibreOfficeSession session(faulty);
-    const DocumentReference document = session.files().create(OfficePart::Word);
+    const DocumentReference document = session.files().create(DocumentKind::Word);
     try {
         session.files().save(document, "/out.odt", WdSaveFormat{23}, asWritten);
         ADD_FAILURE() << "no error";
@@ -274,7 +274,7 @@ TEST(LibreOfficeFiles, locksNothingThatItOpens) {
     folder.put("in.docx", wordFile("<w:p/>"));
     DiskFileStore files;
     LibreOfficeSession session(files);
-    const DocumentReference document = session.files().open(folder / "in.docx", OfficePart::Word);
+    const DocumentReference document = session.files().open(folder / "in.docx", DocumentKind::Word);
     EXPECT_TRUE(document.is());
     EXPECT_EQ(folder.entryCount(), 1);
 }
@@ -295,7 +295,7 @@ TEST(LibreOfficeFiles, opensAMarkedTableForEditingWhereItLies) {
                         "</w:tc></w:tr></w:tbl><w:bookmarkEnd w:id=\"1\"/><w:p/>"));
     DiskFileStore files;
     LibreOfficeSession session(files);
-    const DocumentReference document = session.files().open(folder / "in.docx", OfficePart::Word);
+    const DocumentReference document = session.files().open(folder / "in.docx", DocumentKind::Word);
     session.connection().call([&] {
         EXPECT_EQ(markedText(document, "T"), "cell");
         const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
@@ -318,7 +318,7 @@ std::string secretDocument(LibreOfficeSession& session, const std::string& name,
     const bool isPackage = name.ends_with(".docx");
     properties.getArray()[1].Name = isPackage ? toUno("EncryptionData") : toUno("Password");
     properties.getArray()[1].Value = isPackage ? css::uno::Any(secret) : css::uno::Any(toUno("pass"));
-    const DocumentReference document = session.files().create(OfficePart::Word);
+    const DocumentReference document = session.files().create(DocumentKind::Word);
     session.connection().call([&] {
         Reference<css::frame::XStorable>(document, UNO_QUERY_THROW)
             ->storeToURL(toUno(fileUrl(path)), properties);
@@ -334,7 +334,7 @@ TEST(LibreOfficeFiles, refusesADocumentWithAPasswordAndNamesIt) {
     files.files["secret.doc"] = secretDocument(session, "secret.doc", "MS Word 97");
     for (const auto& [name, bytes] : files.files) {
         try {
-            session.files().open(name, OfficePart::Word);
+            session.files().open(name, DocumentKind::Word);
             ADD_FAILURE() << name << " was opened";
         } catch (const AutomationError& error) {
             EXPECT_EQ(error.number(), kFileCouldNotBeRead);

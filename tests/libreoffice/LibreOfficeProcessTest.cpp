@@ -70,7 +70,7 @@ TEST_F(LibreOfficeProcessTest, leavesNothingBehind) {
     std::string officeFolder;
     {
         LibreOfficeSession session(files);
-        session.files().create(OfficePart::Word);
+        session.files().create(DocumentKind::Word);
         pipeName = session.process().pipeName();
         officeFolder = parentFolder(session.process().workFolder());
         EXPECT_GE(temporary.processes().size(), 2U);
@@ -88,7 +88,7 @@ TEST_F(LibreOfficeProcessTest, aKilledOneLeavesNothingBehindAndAnotherUndisturbe
     std::string officeFolder;
     {
         LibreOfficeSession second(files);
-        EXPECT_TRUE(second.files().create(OfficePart::Excel).is());
+        EXPECT_TRUE(second.files().create(DocumentKind::Excel).is());
         pipeName = second.process().pipeName();
         officeFolder = parentFolder(second.process().workFolder());
         second.process().kill();
@@ -96,7 +96,7 @@ TEST_F(LibreOfficeProcessTest, aKilledOneLeavesNothingBehindAndAnotherUndisturbe
     EXPECT_THAT(socketsOf(pipeName, officeFolder), IsEmpty());
     EXPECT_FALSE(folderExists(officeFolder));
     EXPECT_THAT(processesNaming(pipeName), IsEmpty());
-    EXPECT_TRUE(first.files().create(OfficePart::Word).is());
+    EXPECT_TRUE(first.files().create(DocumentKind::Word).is());
 }
 
 TEST_F(LibreOfficeProcessTest, tellsWhatHindersTheStart) {

@@ -36,7 +36,7 @@ class OfficeConnectionTest : public ::testing::Test {
     OwnTemporaryFolder temporary;
     MemoryFileStore files;
     LibreOfficeSession session{files, {60s, 2s}};
-    DocumentReference document = session.files().create(OfficePart::Word);
+    DocumentReference document = session.files().create(DocumentKind::Word);
 };
 
 TEST_F(OfficeConnectionTest, tellsOfAnOfficeThatWasKilled) {
@@ -74,7 +74,7 @@ TEST_F(OfficeConnectionTest, tellsErrorsOfAnOfficeThatLivesApart) {
     }
     session.files().close(document);
     EXPECT_EQ(errorOfAsking().number(), kObjectDeleted);
-    document = session.files().create(OfficePart::Word);
+    document = session.files().create(DocumentKind::Word);
     EXPECT_EQ(errorOfAsking().number(), 0U) << "it goes on";
 }
 

@@ -68,16 +68,16 @@ class Session : public TemplateScene {
     std::vector<OfficeState> states;
     int closings = 0;
     std::string shownCaption;
-    DesignerSession session{
-        HostedPart::Word,
-        {.startHost = [this](const HostWindow&, HostedPart, HostListener& heard) { return startHost(heard); },
-         .log = [this](const std::string& line) { logged.push_back(line); },
-         .messages = messages,
-         .errors = errors,
-         .fileDialog = *dialog,
-         .fieldDialog = fieldDialog,
-         .tree = tree,
-         .files = disk}};
+    DesignerSession session{DocumentKind::Word,
+                            {.startHost = [this](const HostWindow&, DocumentKind,
+                                                 HostListener& heard) { return startHost(heard); },
+                             .log = [this](const std::string& line) { logged.push_back(line); },
+                             .messages = messages,
+                             .errors = errors,
+                             .fileDialog = *dialog,
+                             .fieldDialog = fieldDialog,
+                             .tree = tree,
+                             .files = disk}};
 };
 
 TEST_F(Session, StartsInTheBackground) {

@@ -57,7 +57,7 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
 }
 
 int showWindow() {
-    frmMain window(gExcelMode == 0 ? HostedPart::Word : HostedPart::Excel);
+    frmMain window(gExcelMode == 0 ? DocumentKind::Word : DocumentKind::Excel);
     window.show();
     QTimer::singleShot(0, &window, [&window] { window.start(); });
     return QApplication::exec();

@@ -26,10 +26,10 @@ QString sentenceOf(const std::exception_ptr& error) {
 
 }  // namespace
 
-DesignerSession::DesignerSession(HostedPart part, Ports ports)
-    : part_(part),
+DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
+    : kind_(kind),
       ports_(std::move(ports)),
-      office_([this](const HostWindow& window, HostedPart shown) {
+      office_([this](const HostWindow& window, DocumentKind shown) {
           return ports_.startHost(window, shown, events_);
       }),
       files_(ports_.files),
@@ -54,7 +54,7 @@ DesignerSession::DesignerSession(HostedPart part, Ports ports)
 }
 
 std::unique_ptr<TemplateOffice> DesignerSession::makeTemplates() {
-    if (part_ == HostedPart::Excel) return std::make_unique<ExcelTemplates>(office_);
+    if (kind_ == DocumentKind::Excel) return std::make_unique<ExcelTemplates>(office_);
     return std::make_unique<WordTemplates>(office_, ports_.messages, ports_.errors, files_, [this] {
         return makeWordApplication(OfficeKind::Embedded, ports_.files);
     });
@@ -86,7 +86,7 @@ void DesignerSession::start(const HostWindow& window) {
 
 void DesignerSession::startOffice(const HostWindow& window, const Attempt& attempt) {
     if (attempt.isGivenUp) return;
-    office_.start(window, part_);
+    office_.start(window, kind_);
     if (attempt.isGivenUp) {
         office_.end();
         return;

@@ -31,8 +31,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     Q_OBJECT
 
   public:
-    using HostStarter = std::function<std::unique_ptr<DocumentHost>(const HostWindow& window, HostedPart part,
-                                                                    HostListener& listener)>;
+    using HostStarter = std::function<std::unique_ptr<DocumentHost>(
+        const HostWindow& window, DocumentKind kind, HostListener& listener)>;
     using Diagnostics = std::function<void(const std::string& line)>;
     /// What has to outlive it, and the way to an office.
     struct Ports {
@@ -46,7 +46,7 @@ class DesignerSession final : public QObject, private LifecycleView {
         FileStore& files;
     };
 
-    DesignerSession(HostedPart part, Ports ports);
+    DesignerSession(DocumentKind kind, Ports ports);
     /// Ends the office.
     ~DesignerSession() override;
 
@@ -101,7 +101,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void post(OfficeJobs::Job job);
     [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
 
-    HostedPart part_;
+    DocumentKind kind_;
     Ports ports_;
     HostEvents events_;
     HostedOffice office_;

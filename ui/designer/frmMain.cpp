@@ -30,8 +30,8 @@ using FieldConversion = DesignerActions::FieldConversion;
 /// document's.
 constexpr int kTreePart = 4;
 
-FieldConversion conversionIn(HostedPart part) {
-    return part == HostedPart::Word ? FieldConversion::Offered : FieldConversion::Missing;
+FieldConversion conversionIn(DocumentKind kind) {
+    return kind == DocumentKind::Word ? FieldConversion::Offered : FieldConversion::Missing;
 }
 
 void setHelpTopic(QWidget& widget, const char* topic) {
@@ -46,13 +46,13 @@ std::string fileOfSwitch(std::int32_t place) {
 
 }  // namespace
 
-frmMain::frmMain(HostedPart part)
+frmMain::frmMain(DocumentKind kind)
     : messages_(this),
       errors_(this, {.officeBuild = [this] { return session_.officeBuild(); },
                      .log = [this](const std::string& line) { log_.append(line); }}),
       fileDialog_(this),
       fieldDialog_(this, errors_),
-      actions_(new DesignerActions(*menuBar(), conversionIn(part))),
+      actions_(new DesignerActions(*menuBar(), conversionIn(kind))),
       splitter_(new QSplitter(this)),
       tree_(new TreePane(splitter_)),
       area_(new HostArea(splitter_)),
@@ -64,8 +64,8 @@ frmMain::frmMain(HostedPart part)
       helpWindows_(messages_),
       help_(helpWindows_),
       formHelp_(*this, *cmdHelp_, "", GetHelpFilePath(), helpWindows_),
-      session_(part, {.startHost =
-                          [this](const HostWindow& window, HostedPart shown, HostListener& listener) {
+      session_(kind, {.startHost =
+                          [this](const HostWindow& window, DocumentKind shown, HostListener& listener) {
                               return makeDocumentHost(files_, window, shown, listener);
                           },
                       .log = [this](const std::string& line) { log_.append(line); },

@@ -31,7 +31,7 @@ class frmMain final : public QMainWindow {
     Q_OBJECT
 
   public:
-    explicit frmMain(HostedPart part);
+    explicit frmMain(DocumentKind kind);
 
     /// Loads the structure document of the command line and starts the office; comes back at once. The window
     /// is shown before.

@@ -28,7 +28,7 @@ class OfficeModule {
     virtual std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) = 0;
     /// An office of its own; the listener has to outlive it, too.
     virtual std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
-                                                           HostedPart part, HostListener& listener) = 0;
+                                                           DocumentKind kind, HostListener& listener) = 0;
 };
 
 /// The module's file and the one function that it exports.

@@ -76,16 +76,16 @@ void CalcApplication::Quit() {
 }
 
 excel::WorkbookPtr CalcApplication::open(const std::string& fileName) {
-    return list(session_->files().open(fileName, OfficePart::Excel), fileName, true);
+    return list(session_->files().open(fileName, DocumentKind::Excel), fileName, true);
 }
 
 excel::WorkbookPtr CalcApplication::add(const std::string& templatePath) {
     DocumentReference document;
     if (templatePath.empty()) {
-        document = session_->files().create(OfficePart::Excel);
+        document = session_->files().create(DocumentKind::Excel);
         dressAsNewWorkbook(session_->connection(), document);
     } else {
-        document = session_->files().open(templatePath, OfficePart::Excel);
+        document = session_->files().open(templatePath, DocumentKind::Excel);
     }
     return list(document, "Book" + std::to_string(added_ + 1), false);
 }

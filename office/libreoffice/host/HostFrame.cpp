@@ -76,9 +76,9 @@ DocumentReference HostFrame::document() const try {
     return {};
 }
 
-HostedPart HostFrame::part() const {
+DocumentKind HostFrame::kind() const {
     const Reference<css::sheet::XSpreadsheetView> cells(frame_->getController(), UNO_QUERY);
-    return cells.is() ? HostedPart::Excel : HostedPart::Word;
+    return cells.is() ? DocumentKind::Excel : DocumentKind::Word;
 }
 
 void HostFrame::beginLayout() {

@@ -27,7 +27,7 @@ class HostFrame {
     [[nodiscard]] const Reference<css::frame::XFrame>& uno() const { return frame_; }
     /// None when its document is closed, with which it goes.
     [[nodiscard]] DocumentReference document() const;
-    [[nodiscard]] HostedPart part() const;
+    [[nodiscard]] DocumentKind kind() const;
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
     void resize(int width, int height);

@@ -36,12 +36,12 @@ constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
-/// Returns the part of an office that a file belongs to; the given one when both know its extension, or
+/// Returns the kind of document that a file holds; the given one when both know its extension, or
 /// neither does.
-HostedPart partOf(const std::string& path, HostedPart shown) {
+DocumentKind kindOf(const std::string& path, DocumentKind shown) {
     const std::optional<DocumentFamily> family = familyOf(toLowerAscii(extension(path)));
     if (!family) return shown;
-    return family == DocumentFamily::Word ? HostedPart::Word : HostedPart::Excel;
+    return family == DocumentFamily::Word ? DocumentKind::Word : DocumentKind::Excel;
 }
 
 DocumentReference componentOf(const HostedDocument& hosted) {
@@ -60,18 +60,18 @@ void close(const HostedDocument& hosted) {
 }
 
 /// The office's name for a bar under Word's name; empty when it has none.
-std::string barOf(const std::string& name, HostedPart part) {
+std::string barOf(const std::string& name, DocumentKind kind) {
     if (name == "Standard") return "standardbar";
     if (name != "Formatting") return {};
-    return part == HostedPart::Word ? "textobjectbar" : "formatobjectbar";
+    return kind == DocumentKind::Word ? "textobjectbar" : "formatobjectbar";
 }
 
 }  // namespace
 
-LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, HostedPart part,
+LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind,
                                  HostListener& listener)
     : window_(window),
-      part_(part),
+      kind_(kind),
       listener_(listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown)),
       word_(makeWordApplication(session_, files)),
@@ -127,7 +127,7 @@ void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
 }
 
 void LibreOfficeHost::Open(const std::string& path) try {
-    if (partOf(path, part_) == HostedPart::Excel) return closeAllBut(excel_->Workbooks()->Open(path));
+    if (kindOf(path, kind_) == DocumentKind::Excel) return closeAllBut(excel_->Workbooks()->Open(path));
     closeAllBut(word_->Documents()->Open(path));
 } catch (const AutomationError&) {
     // The frame that was made for the file must not cover the former document.
@@ -262,7 +262,7 @@ void LibreOfficeHost::setCommandBarVisible(const std::string& name, bool visible
     call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return;
-        const std::string bar = barOf(name, frame->part());
+        const std::string bar = barOf(name, frame->kind());
         if (!bar.empty()) frame->setBarVisible(bar, visible);
     });
 }

@@ -22,7 +22,7 @@ namespace mergeloom::libreoffice {
 class LibreOfficeHost final : public DocumentHost {
   public:
     /// Starts an office of its own. Raises kNotAvailable with a sentence that says what hinders it.
-    LibreOfficeHost(FileStore& files, const HostWindow& window, HostedPart part, HostListener& listener);
+    LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind, HostListener& listener);
     ~LibreOfficeHost() override;
 
     void CreateNew(const std::string& programIdentifier) override;
@@ -63,7 +63,7 @@ class LibreOfficeHost final : public DocumentHost {
     void waitForLayout(HostFrame& frame);
 
     HostWindow window_;
-    HostedPart part_;
+    DocumentKind kind_;
     HostListener& listener_;
     WindowSystem windows_;
     std::shared_ptr<LibreOfficeSession> session_;

@@ -31,8 +31,8 @@ class LibreOfficeModule final : public OfficeModule {
         return std::make_unique<LibreOfficeConverter>([this, &files] { return session(files); }, checks());
     }
     std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
-                                                   HostedPart part, HostListener& listener) override {
-        return std::make_unique<LibreOfficeHost>(files, window, part, listener);
+                                                   DocumentKind kind, HostListener& listener) override {
+        return std::make_unique<LibreOfficeHost>(files, window, kind, listener);
     }
 
   private:

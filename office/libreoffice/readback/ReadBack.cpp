@@ -21,15 +21,15 @@ bool isOpenPackaging(word::WdSaveFormat format) {
 }
 
 ContentDigest digestOfDocument(LibreOfficeSession& session, const DocumentReference& document,
-                               OfficePart part) {
+                               DocumentKind part) {
     return session.connection().call([&] {
         const StoredContent stored = storedContentOf(session, document, part);
-        return part == OfficePart::Word ? digestOfText(stored) : digestOfCells(stored);
+        return part == DocumentKind::Word ? digestOfText(stored) : digestOfCells(stored);
     });
 }
 
 ContentDigest digestOfBytes(LibreOfficeSession& session, const std::string& path, const std::string& bytes,
-                            OfficePart part) {
+                            DocumentKind part) {
     const OpenDocument copy(session.files(), session.files().openCopy(path, bytes, part));
     return digestOfDocument(session, copy.get(), part);
 }
@@ -49,7 +49,7 @@ void refuseDifference(const ContentDigest& expected, const ContentDigest& writte
 
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   word::WdSaveFormat format, const std::string& bytes) {
-    const OfficePart part = OfficePart::Word;
+    const DocumentKind part = DocumentKind::Word;
     if (isOpenPackaging(format)) {
         refuseDifference(digestOfDocument(session, document, part), digestOfWordPackage(bytes, path), path,
                          bytes);
@@ -62,7 +62,7 @@ void checkWritten(LibreOfficeSession& session, const DocumentReference& document
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   excel::XlFileFormat format, const std::string& bytes) {
     if (!isCompared(DocumentFamily::Excel, static_cast<int>(format))) return;
-    const OfficePart part = OfficePart::Excel;
+    const DocumentKind part = DocumentKind::Excel;
     refuseDifference(digestOfDocument(session, document, part), digestOfBytes(session, path, bytes, part),
                      path, bytes);
 }

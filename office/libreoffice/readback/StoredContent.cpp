@@ -46,10 +46,10 @@ std::unique_ptr<opc::XmlPart> partOf(const opc::ZipReader& archive, const std::s
 }  // namespace
 
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
-                              OfficePart part) {
+                              DocumentKind part) {
     const ScopedTempFile file(joinPath(session.process().workFolder(), "content"));
     const std::array how{
-        property("FilterName", part == OfficePart::Word ? OUString("writer8") : OUString("calc8")),
+        property("FilterName", part == DocumentKind::Word ? OUString("writer8") : OUString("calc8")),
         property("NoThumbnail", true), property("Overwrite", true)};
     const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
     storable->storeToURL(toUno(fileUrl(file.path())), {how.data(), how.size()});

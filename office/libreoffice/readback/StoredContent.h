@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/session/LibreOfficeSession.h"
-#include "office/libreoffice/session/OfficePart.h"
+#include "office/model/DocumentKind.h"
 #include "office/opc/XmlPart.h"
 
 #include <memory>
@@ -17,6 +17,6 @@ struct StoredContent {
 
 /// Does not change the document or its mark of changes.
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
-                              OfficePart part = OfficePart::Word);
+                              DocumentKind part = DocumentKind::Word);
 
 }  // namespace mergeloom::libreoffice

@@ -40,20 +40,20 @@ std::string LibreOfficeConverter::refusal(excel::XlFileFormat format) {
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    word::WdSaveFormat format) {
-    convertAs(OfficePart::Word, from, to, format, checks_.word);
+    convertAs(DocumentKind::Word, from, to, format, checks_.word);
 }
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    excel::XlFileFormat format) {
-    convertAs(OfficePart::Excel, from, to, format, checks_.excel);
+    convertAs(DocumentKind::Excel, from, to, format, checks_.excel);
 }
 
 template <typename Format>
-void LibreOfficeConverter::convertAs(OfficePart part, const std::string& from, const std::string& to,
+void LibreOfficeConverter::convertAs(DocumentKind kind, const std::string& from, const std::string& to,
                                      Format format, const WrittenCheck<Format>& check) {
     requiredFilter(format, to);  // a refusal needs no office
     LibreOfficeFiles& office = session().files();
-    const OpenDocument document(office, office.open(from, part));
+    const OpenDocument document(office, office.open(from, kind));
     office.save(document.get(), to, format, [&](std::string bytes) {
         if (check) check(*session_, document.get(), to, format, bytes);
         return bytes;

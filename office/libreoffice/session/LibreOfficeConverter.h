@@ -3,7 +3,7 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/OfficeConnection.h"
-#include "office/libreoffice/session/OfficePart.h"
+#include "office/model/DocumentKind.h"
 #include "office/model/FileConverter.h"
 
 #include <functional>
@@ -42,7 +42,7 @@ class LibreOfficeConverter final : public FileConverter {
 
   private:
     template <typename Format>
-    void convertAs(OfficePart part, const std::string& from, const std::string& to, Format format,
+    void convertAs(DocumentKind kind, const std::string& from, const std::string& to, Format format,
                    const WrittenCheck<Format>& check);
     LibreOfficeSession& session();
 

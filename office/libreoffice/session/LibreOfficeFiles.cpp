@@ -60,10 +60,10 @@ std::string filterOf(const DocumentReference& document) {
     return {};
 }
 
-bool isOfPart(const DocumentReference& document, OfficePart part) {
+bool isOfKind(const DocumentReference& document, DocumentKind kind) {
     const Reference<css::lang::XServiceInfo> info(document, UNO_QUERY);
-    const char* const service = part == OfficePart::Word ? "com.sun.star.text.TextDocument"
-                                                         : "com.sun.star.sheet.SpreadsheetDocument";
+    const char* const service = kind == DocumentKind::Word ? "com.sun.star.text.TextDocument"
+                                                           : "com.sun.star.sheet.SpreadsheetDocument";
     return info.is() && info->supportsService(OUString::createFromAscii(service));
 }
 
@@ -120,8 +120,8 @@ class NewFrame {
 
 }  // namespace
 
-DocumentReference LibreOfficeFiles::create(OfficePart part) {
-    const char* const url = part == OfficePart::Word ? "private:factory/swriter" : "private:factory/scalc";
+DocumentReference LibreOfficeFiles::create(DocumentKind kind) {
+    const char* const url = kind == DocumentKind::Word ? "private:factory/swriter" : "private:factory/scalc";
     return connection_.call([&] { return loadFrom(url, quiet(), frames_); });
 }
 
@@ -137,15 +137,15 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
     return loader->loadComponentFromURL(toUno(url), "_self", 0, sequenceOf(properties));
 }
 
-DocumentReference LibreOfficeFiles::open(const std::string& path, OfficePart part) {
+DocumentReference LibreOfficeFiles::open(const std::string& path, DocumentKind kind) {
     const std::string bytes = files_.read(path);
     const std::string source = fullPath(path);
-    return load(path, liesOnDisk(source, bytes) ? source : copyOf(path, bytes), bytes, part, frames_);
+    return load(path, liesOnDisk(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_);
 }
 
 DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std::string& bytes,
-                                             OfficePart part) {
-    return load(path, copyOf(path, bytes), bytes, part, {});
+                                             DocumentKind kind) {
+    return load(path, copyOf(path, bytes), bytes, kind, {});
 }
 
 std::string LibreOfficeFiles::copyOf(const std::string& path, const std::string& bytes) {
@@ -167,16 +167,16 @@ Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& p
 
 /// The document stays at the source for links and for its title, even where it is read from its mended bytes.
 DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source,
-                                         const std::string& bytes, OfficePart part,
+                                         const std::string& bytes, DocumentKind kind,
                                          const FrameSource& frames) {
     std::optional<std::string> mended;
-    if (part == OfficePart::Word) mended = packageWithEndsInCells(bytes, path);
+    if (kind == DocumentKind::Word) mended = packageWithEndsInCells(bytes, path);
     const rtl::Reference<RefusingInteractionHandler> handler(new RefusingInteractionHandler);
     Properties properties = quiet();
     properties.push_back(property("AsTemplate", false));
     properties.push_back(
         property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
-    append(properties, inputFilter(part, extension(path)));
+    append(properties, inputFilter(kind, extension(path)));
     if (mended) properties.push_back(property("InputStream", streamOf(path, *mended)));
     DocumentReference document;
     try {
@@ -190,7 +190,7 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
                                    : "it is damaged, or of a format that LibreOffice does not know");
     }
     try {
-        connection_.call([&] { check(document, path, part); });
+        connection_.call([&] { check(document, path, kind); });
     } catch (const AutomationError&) {
         close(document);
         throw;
@@ -198,10 +198,10 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
     return document;
 }
 
-void LibreOfficeFiles::check(const DocumentReference& document, const std::string& path, OfficePart part) {
-    if (!isOfPart(document, part))
-        raiseNotReadable(path, part == OfficePart::Word ? "it holds no document" : "it holds no workbook");
-    const std::string expected(inputFilter(part, extension(path)).name);
+void LibreOfficeFiles::check(const DocumentReference& document, const std::string& path, DocumentKind kind) {
+    if (!isOfKind(document, kind))
+        raiseNotReadable(path, kind == DocumentKind::Word ? "it holds no document" : "it holds no workbook");
+    const std::string expected(inputFilter(kind, extension(path)).name);
     if (readsAnything(filterOf(document)) && !readsAnything(expected))
         raiseNotReadable(path, "it is damaged, or of a format that LibreOffice does not know");
 }

@@ -2,8 +2,8 @@
 
 #include "base/FileStore.h"
 #include "office/libreoffice/session/OfficeConnection.h"
-#include "office/libreoffice/session/OfficePart.h"
 #include "office/libreoffice/session/ScratchPaths.h"
+#include "office/model/DocumentKind.h"
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 
@@ -48,11 +48,11 @@ class LibreOfficeFiles {
     /// Whether users see documents, and change them.
     [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
     /// An empty document of LibreOffice's own making.
-    DocumentReference create(OfficePart part);
+    DocumentReference create(DocumentKind kind);
     /// Raises kFileCouldNotBeRead with a sentence that names the file when it is missing, damaged, protected
-    /// by a password or none of the part's. A template opens as the template itself. Its URL in the office is
+    /// by a password or not of the kind. A template opens as the template itself. Its URL in the office is
     /// that of the copy.
-    DocumentReference open(const std::string& path, OfficePart part);
+    DocumentReference open(const std::string& path, DocumentKind kind);
     /// Raises kNotAvailable for a format that the office does not write, kFileCouldNotBeSaved for macros in a
     /// format that has no place for them and for other failures, with sentences that name the file. The
     /// document's own URL does not change and its mark of changes stays. Errors of the revision pass through.
@@ -61,19 +61,19 @@ class LibreOfficeFiles {
     void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format,
               const Revision& revise);
     /// Opens the bytes that a path is to get, without showing them; errors as for open.
-    DocumentReference openCopy(const std::string& path, const std::string& bytes, OfficePart part);
+    DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind);
     /// Closes without saving and forgets the document's copy. One that is closed already is left alone.
     void close(const DocumentReference& document);
 
   private:
     DocumentReference load(const std::string& path, const std::string& source, const std::string& bytes,
-                           OfficePart part, const FrameSource& frames);
+                           DocumentKind kind, const FrameSource& frames);
     Reference<css::io::XInputStream> streamOf(const std::string& path, const std::string& content);
     [[nodiscard]] DocumentReference loadFrom(const std::string& url,
                                              std::vector<css::beans::PropertyValue> properties,
                                              const FrameSource& frames);
     [[nodiscard]] std::string copyOf(const std::string& path, const std::string& bytes);
-    void check(const DocumentReference& document, const std::string& path, OfficePart part);
+    void check(const DocumentReference& document, const std::string& path, DocumentKind kind);
     std::string placeOfWriting(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter,
                const Revision& revise);

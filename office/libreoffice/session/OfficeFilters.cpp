@@ -38,8 +38,8 @@ OfficeFilter requiredFilter(excel::XlFileFormat format, const std::string& path)
     return required(filterFor(format), static_cast<int>(format), path);
 }
 
-OfficeFilter inputFilter(OfficePart part, std::string_view extension) {
-    const DocumentFamily family = part == OfficePart::Word ? DocumentFamily::Word : DocumentFamily::Excel;
+OfficeFilter inputFilter(DocumentKind kind, std::string_view extension) {
+    const DocumentFamily family = kind == DocumentKind::Word ? DocumentFamily::Word : DocumentFamily::Excel;
     const FileFormat* const format = findFormatToOpen(family, toLowerAscii(std::string(extension)));
     return format == nullptr ? OfficeFilter{} : format->opening.value_or(OfficeFilter{});
 }

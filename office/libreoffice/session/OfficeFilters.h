@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/formats/FormatTable.h"
-#include "office/libreoffice/session/OfficePart.h"
+#include "office/model/DocumentKind.h"
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 
@@ -24,7 +24,7 @@ OfficeFilter requiredFilter(excel::XlFileFormat format, const std::string& path)
 /// Returns how files with the extension have to be read where the office would not find out by itself what
 /// they are to become: a web page or a text may be a document as well as a workbook. Without a name where it
 /// finds out.
-OfficeFilter inputFilter(OfficePart part, std::string_view extension);
+OfficeFilter inputFilter(DocumentKind kind, std::string_view extension);
 
 /// Returns whether the filter, by the office's name, reads any bytes whatever as text. Where the extension
 /// promises something better, that is the last resort for a file that is damaged.

@@ -80,13 +80,13 @@ void WriterApplication::Quit(word::WdSaveOptions saveChanges) {
 }
 
 word::DocumentPtr WriterApplication::open(const std::string& fileName) {
-    return list(session_->files().open(fileName, OfficePart::Word), fileName, fileName, true);
+    return list(session_->files().open(fileName, DocumentKind::Word), fileName, fileName, true);
 }
 
 word::DocumentPtr WriterApplication::add(const std::string& templatePath) {
     const bool isEmpty = templatePath.empty();
-    const DocumentReference document = isEmpty ? session_->files().create(OfficePart::Word)
-                                               : session_->files().open(templatePath, OfficePart::Word);
+    const DocumentReference document = isEmpty ? session_->files().create(DocumentKind::Word)
+                                               : session_->files().open(templatePath, DocumentKind::Word);
     return list(document, templatePath, "Document" + std::to_string(++added_), false);
 }
 

@@ -43,7 +43,7 @@ TEST(ReadBack, keepsTheFileWhenAContentControlWouldBeRepeated) {
         "<w:p><w:sdt><w:sdtPr><w:text/></w:sdtPr><w:sdtContent><w:r><w:t>Customer</w:t></w:r>"
         "</w:sdtContent></w:sdt><w:r><w:t xml:space='preserve'> and more</w:t></w:r></w:p>");
     files.files["/given.docx"] = before;
-    const OpenDocument document(session->files(), session->files().open("/given.docx", OfficePart::Word));
+    const OpenDocument document(session->files(), session->files().open("/given.docx", DocumentKind::Word));
     session->connection().call([&] { markFourthLetter(document.get()); });
     try {
         session->files().save(document.get(), "/given.docx", kFormat, [&](std::string bytes) {
