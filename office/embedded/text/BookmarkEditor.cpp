@@ -126,7 +126,7 @@ void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
     const CharacterPosition to = ItemTree::positionOf(record.end);
     const opc::WordNames& names = story_.names();
     const bool hadColumns = names.value(start->node, "colFirst")[0] != '\0';
-    if (!hadColumns && !isStretchOfColumns(from, to)) return;
+    if (!hadColumns && !isRangeOfColumns(from, to)) return;
     const pugi::xml_node mark = skeletons_.makeBookmarkStart(names.value(start->node, "id"), record.name);
     setColumns(mark, from, to);
     journal_.move(story_.part(), mark, start->node.parent(), start->node);
@@ -134,7 +134,7 @@ void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
     journal_.setNode(start, mark);
 }
 
-bool BookmarkEditor::isStretchOfColumns(CharacterPosition start, CharacterPosition end) const {
+bool BookmarkEditor::isRangeOfColumns(CharacterPosition start, CharacterPosition end) const {
     if (start == end) return false;
     const Item* first = story_.items().itemAt(start);
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
@@ -145,7 +145,7 @@ bool BookmarkEditor::isStretchOfColumns(CharacterPosition start, CharacterPositi
 }
 
 void BookmarkEditor::setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const {
-    if (!isStretchOfColumns(start, end)) return;
+    if (!isRangeOfColumns(start, end)) return;
     const opc::WordNames& names = story_.names();
     const auto set = [&](const char* name, CharacterPosition place) {
         const pugi::xml_node cell = story_.cellOf(story_.items().itemAt(place));

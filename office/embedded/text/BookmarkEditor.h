@@ -35,7 +35,7 @@ class BookmarkEditor {
     void insertMark(Item* item, DomPlace place, Item* next);
     void removeMark(Item* item);
     /// Whether a stretch covers several cells of a table but no whole row.
-    [[nodiscard]] bool isStretchOfColumns(CharacterPosition start, CharacterPosition end) const;
+    [[nodiscard]] bool isRangeOfColumns(CharacterPosition start, CharacterPosition end) const;
     /// Makes the columns of a bookmark that was moved true again.
     void renewColumns(const BookmarkRecord& record);
     void setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const;

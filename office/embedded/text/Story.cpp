@@ -68,7 +68,7 @@ bool isInside(pugi::xml_node node, pugi::xml_node element) {
     return static_cast<bool>(node);
 }
 
-Stretch stretchOf(pugi::xml_node element, const Item* inside) {
+CharacterRange characterRangeOf(pugi::xml_node element, const Item* inside) {
     const Item* first = inside;
     const Item* last = inside;
     for (const Item* item = ItemTree::previous(inside); item && isInside(item->node, element);

@@ -93,11 +93,11 @@ class Story {
 std::string textOf(const Story& story, const Item* item);
 
 /// Where the items inside an element of the story begin and end, told from one of them.
-struct Stretch {
+struct CharacterRange {
     CharacterPosition start;
     CharacterPosition end;
 };
-Stretch stretchOf(pugi::xml_node element, const Item* inside);
+CharacterRange characterRangeOf(pugi::xml_node element, const Item* inside);
 
 /// Whether a node is the element or stands somewhere below it.
 bool isInside(pugi::xml_node node, pugi::xml_node element);

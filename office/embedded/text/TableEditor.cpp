@@ -52,7 +52,7 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
 Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
     const pugi::xml_node last = rowsOf(table, story_.names()).back();
     const pugi::xml_node row = makeRowLike(last);
-    const CharacterPosition end = stretchOf(table, inside).end;
+    const CharacterPosition end = characterRangeOf(table, inside).end;
     Item* next = ItemTree::next(story_.items().itemAt(end - CharacterCount{1}));
     journal_.move(story_.part(), row, last.parent(), last);
     const CharacterCount before = story_.length();

@@ -20,19 +20,19 @@ void EmbeddedField::Select() {
 }
 
 void EmbeddedField::Delete() {
-    const Stretch field = whole();
+    const CharacterRange field = whole();
     place_.content->replace(*place_.story, field.start, field.end, "");
 }
 
-Stretch EmbeddedField::whole() const {
+CharacterRange EmbeddedField::whole() const {
     if (!place_.story->isPlaced() || !items_.begin->placed || !items_.end->placed) {
         throw AutomationError(kObjectDeleted, "The field has been deleted.");
     }
     return {ItemTree::positionOf(items_.begin), ItemTree::positionOf(items_.end) + CharacterCount{1}};
 }
 
-Stretch EmbeddedField::code() const {
-    const Stretch field = whole();
+CharacterRange EmbeddedField::code() const {
+    const CharacterRange field = whole();
     const bool simple = place_.story->names().tagOf(items_.begin->node) == opc::WordTag::SimpleField;
     const CharacterPosition begin = field.start + CharacterCount{simple ? 0 : 1};
     if (simple) return {begin, begin + CharacterCount{items_.begin->length}};

@@ -18,8 +18,8 @@ class EmbeddedField final : public word::Field {
 
   private:
     /// Raises kObjectDeleted when the field is gone.
-    [[nodiscard]] Stretch whole() const;
-    [[nodiscard]] Stretch code() const;
+    [[nodiscard]] CharacterRange whole() const;
+    [[nodiscard]] CharacterRange code() const;
 
     StoryPlace place_;
     FieldItems items_;

@@ -26,7 +26,7 @@ void EmbeddedTable::Select() {
 }
 
 void EmbeddedTable::Delete() {
-    const Stretch whole = stretch(element());
+    const CharacterRange whole = charactersOf(element());
     place_.content->replace(*place_.story, whole.start, whole.end, "");
 }
 
@@ -36,23 +36,23 @@ pugi::xml_node EmbeddedTable::element() const {
 }
 
 word::RangePtr EmbeddedTable::rangeOf(pugi::xml_node part) const {
-    const Stretch found = stretch(part);
+    const CharacterRange found = charactersOf(part);
     return std::make_shared<EmbeddedRange>(place_.content, *place_.story, found.start, found.end);
 }
 
 void EmbeddedTable::appendRow() {
-    const Stretch whole = stretch(element());
+    const CharacterRange whole = charactersOf(element());
     place_.content->beginEdit(*place_.story, whole.end - CharacterCount{1}, whole.end);
     place_.editable().tables().appendRow(table_, rowMark_);
 }
 
-Stretch EmbeddedTable::stretch(pugi::xml_node part) const {
+CharacterRange EmbeddedTable::charactersOf(pugi::xml_node part) const {
     static_cast<void>(element());
-    if (part == table_) return stretchOf(table_, rowMark_);
-    const Item* item = place_.story->items().itemAt(stretchOf(table_, rowMark_).start);
+    if (part == table_) return characterRangeOf(table_, rowMark_);
+    const Item* item = place_.story->items().itemAt(characterRangeOf(table_, rowMark_).start);
     while (!isInside(item->node, part))
         item = ItemTree::next(item);
-    return stretchOf(part, item);
+    return characterRangeOf(part, item);
 }
 
 std::shared_ptr<EmbeddedTable> makeTable(const StoryPlace& place, pugi::xml_node table, Item* inside) {

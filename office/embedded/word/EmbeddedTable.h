@@ -29,7 +29,7 @@ class EmbeddedTable final : public word::Table, public std::enable_shared_from_t
     void appendRow();
 
   private:
-    [[nodiscard]] Stretch stretch(pugi::xml_node part) const;
+    [[nodiscard]] CharacterRange charactersOf(pugi::xml_node part) const;
 
     StoryPlace place_;
     pugi::xml_node table_;
