@@ -57,7 +57,7 @@ void OfficeConnection::connect(std::chrono::milliseconds bound) {
     Watchdog watchdog(bound, [this] { process_.kill(); });
     const Watchdog::Watch watch(watchdog);
     while (!tryToConnect()) {
-        if (watchdog.hasBitten()) raiseNotStarted(process_, "it did not answer within " + inSeconds(bound));
+        if (watchdog.hasTimedOut()) raiseNotStarted(process_, "it did not answer within " + inSeconds(bound));
         if (!process_.isRunning()) raiseNotStarted(process_, "it ended by itself");
         std::this_thread::sleep_for(kPause);
     }
@@ -94,7 +94,7 @@ void OfficeConnection::raiseCurrent() try { throw; } catch (const css::lang::Dis
 
 void OfficeConnection::raiseEnded() {
     const std::string loss = " Changes that were not saved are lost.";
-    if (watchdog_.hasBitten()) {
+    if (watchdog_.hasTimedOut()) {
         throw AutomationError(kNotAvailable, "LibreOffice did not answer within " +
                                                  inSeconds(watchdog_.bound()) + " and was ended." + loss);
     }

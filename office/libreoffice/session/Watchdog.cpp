@@ -9,11 +9,12 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr Watchdog::Milliseconds kLongestPause{1000};
+constexpr Watchdog::Milliseconds kMaxPause{1000};
 
 }  // namespace
 
-Watchdog::Watchdog(Milliseconds bound, std::function<void()> bite) : bound_(bound), bite_(std::move(bite)) {
+Watchdog::Watchdog(Milliseconds bound, std::function<void()> onTimeout)
+    : bound_(bound), onTimeout_(std::move(onTimeout)) {
     const BlockedSignals blocked;
     thread_ = std::thread([this] { keepWatch(); });
 }
@@ -27,9 +28,9 @@ Watchdog::~Watchdog() {
     thread_.join();
 }
 
-bool Watchdog::hasBitten() {
+bool Watchdog::hasTimedOut() {
     const std::lock_guard lock(mutex_);
-    return hasBitten_;
+    return hasTimedOut_;
 }
 
 void Watchdog::begin() {
@@ -42,15 +43,15 @@ void Watchdog::end() {
     --depth_;
 }
 
-/// Looks from time to time: waking this thread at every call would cost each of them more than a look.
+/// Polls: waking this thread at every call would cost each of them more than a look.
 void Watchdog::keepWatch() {
-    const Milliseconds pause = std::clamp(bound_ / 8, Milliseconds(1), kLongestPause);
+    const Milliseconds pause = std::clamp(bound_ / 8, Milliseconds(1), kMaxPause);
     std::unique_lock lock(mutex_);
     while (!dismissal_.wait_for(lock, pause, [this] { return isDismissed_ || isOverdue(); })) {
     }
     if (isDismissed_) return;
-    hasBitten_ = true;
-    bite_();
+    hasTimedOut_ = true;
+    onTimeout_();
 }
 
 }  // namespace mergeloom::libreoffice

@@ -8,22 +8,22 @@
 
 namespace mergeloom::libreoffice {
 
-/// Looks at how long calls into another process last, on a thread of its own, and bites once when one lasts
-/// too long. Calls of one call count as part of it.
+/// Measures how long calls into another process last, on a thread of its own, and calls a function once when
+/// one lasts too long. Calls within a call count as part of it.
 class Watchdog {
   public:
     using Milliseconds = std::chrono::milliseconds;
 
-    /// The bite runs on the watchdog's thread, at most an eighth of the bound too late.
-    Watchdog(Milliseconds bound, std::function<void()> bite);
+    /// Calls onTimeout on the watchdog's thread, at most an eighth of the bound too late.
+    Watchdog(Milliseconds bound, std::function<void()> onTimeout);
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
     ~Watchdog();
 
     [[nodiscard]] Milliseconds bound() const { return bound_; }
-    [[nodiscard]] bool hasBitten();
+    [[nodiscard]] bool hasTimedOut();
 
-    /// A call under watch for as long as this object lives.
+    /// Begins a call that is measured, and ends it with its scope.
     class Watch {
       public:
         explicit Watch(Watchdog& watchdog) : watchdog_(watchdog) { watchdog_.begin(); }
@@ -44,13 +44,13 @@ class Watchdog {
     [[nodiscard]] bool isOverdue() const { return depth_ > 0 && Clock::now() - start_ >= bound_; }
 
     const Milliseconds bound_;
-    const std::function<void()> bite_;
+    const std::function<void()> onTimeout_;
     std::mutex mutex_;
     std::condition_variable dismissal_;
     int depth_ = 0;
     Clock::time_point start_;
     bool isDismissed_ = false;
-    bool hasBitten_ = false;
+    bool hasTimedOut_ = false;
     std::thread thread_;
 };
 
