@@ -97,7 +97,7 @@ void LibreOfficeProcess::stop() const {
     [[maybe_unused]] const bool hasEnded = process_->waitForEnd(kBoundOfKill);
 }
 
-std::string LibreOfficeProcess::lastWords() const {
+std::string LibreOfficeProcess::logTail() const {
     std::ifstream log(logPath());
     std::deque<std::string> lines;
     for (std::string line; std::getline(log, line);) {

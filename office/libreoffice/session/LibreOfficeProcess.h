@@ -42,7 +42,7 @@ class LibreOfficeProcess {
     /// Waits until it ends as it was asked to; presses and then kills it when it does not. Bounded in time.
     void end() const;
     /// The last lines that it wrote, in one; empty when it wrote none.
-    [[nodiscard]] std::string lastWords() const;
+    [[nodiscard]] std::string logTail() const;
 
   private:
     void stop() const;

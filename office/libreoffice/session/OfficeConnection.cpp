@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds kPause{20};
 constexpr std::chrono::seconds kBoundOfFarewell{10};
 
 [[noreturn]] void raiseNotStarted(const LibreOfficeProcess& process, const std::string& reason) {
-    const std::string words = process.lastWords();
+    const std::string words = process.logTail();
     throw AutomationError(kNotAvailable, "LibreOffice could not be started: " + reason + "." +
                                              (words.empty() ? "" : " Its last words: " + words));
 }
