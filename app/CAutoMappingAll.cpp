@@ -16,14 +16,14 @@ namespace mergeloom {
 namespace {
 
 /// More names than these would hide what a sentence says.
-constexpr std::size_t kMostNames = 20;
+constexpr std::size_t kMaxNames = 20;
 
 std::string listOf(const std::vector<std::string>& names) {
     std::string list;
-    for (std::size_t index = 0; index < std::min(names.size(), kMostNames); ++index)
+    for (std::size_t index = 0; index < std::min(names.size(), kMaxNames); ++index)
         list += (index == 0 ? "" : ", ") + names[index];
-    if (names.size() <= kMostNames) return list;
-    return list + " and " + std::to_string(names.size() - kMostNames) + " more";
+    if (names.size() <= kMaxNames) return list;
+    return list + " and " + std::to_string(names.size() - kMaxNames) + " more";
 }
 
 std::string countText(std::size_t made, std::size_t total) {

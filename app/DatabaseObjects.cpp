@@ -16,7 +16,7 @@ using Objects = std::vector<DatabaseObject>;
 using FoundObjects = std::vector<const DatabaseObject*>;
 
 /// More names than these would hide what a sentence says.
-constexpr std::size_t kMostNames = 20;
+constexpr std::size_t kMaxNames = 20;
 
 bool isObject(const XmlNode& element) {
     const StructureElement kind = structureElementOf(element.nodeName());
@@ -57,11 +57,11 @@ bool areOfSeveralKinds(const FoundObjects& found) {
 
 std::string titlesOf(const FoundObjects& objects) {
     std::string titles;
-    for (std::size_t index = 0; index < std::min(objects.size(), kMostNames); ++index) {
+    for (std::size_t index = 0; index < std::min(objects.size(), kMaxNames); ++index) {
         titles += (index == 0 ? "" : ", ") + objects[index]->title();
     }
-    if (objects.size() <= kMostNames) return titles;
-    return titles + " and " + std::to_string(objects.size() - kMostNames) + " more";
+    if (objects.size() <= kMaxNames) return titles;
+    return titles + " and " + std::to_string(objects.size() - kMaxNames) + " more";
 }
 
 [[noreturn]] void refuseUnknown(const Objects& objects, const std::string& name) {

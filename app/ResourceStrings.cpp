@@ -18,7 +18,7 @@ constexpr std::uint32_t kResourceDirectory = 2;
 constexpr std::uint32_t kStringTable = 6;
 constexpr std::uint32_t kStringsPerBlock = 16;
 constexpr std::uint32_t kHighBit = 0x80000000;
-constexpr std::uint32_t kMostIds = 0x10000;
+constexpr std::uint32_t kMaxIds = 0x10000;
 
 /// Little-endian numbers of a file; a place outside of it raises std::out_of_range.
 class FileBytes {
@@ -147,7 +147,7 @@ std::u16string findString(const FileBytes& bytes, std::uint32_t id) {
 }  // namespace
 
 std::u16string resourceString(std::string_view library, std::uint32_t id) {
-    if (id >= kMostIds) return {};
+    if (id >= kMaxIds) return {};
     try {
         return findString(FileBytes(library), id);
     } catch (const std::out_of_range&) {

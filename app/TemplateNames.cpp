@@ -8,7 +8,7 @@ namespace mergeloom {
 namespace {
 
 std::string fileName(const std::string& object, const std::string& end) {
-    return validFileName(object, kLongestFileName - end.size()) + end;
+    return validFileName(object, kMaxFileNameLength - end.size()) + end;
 }
 
 }  // namespace

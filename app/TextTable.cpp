@@ -8,7 +8,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr std::size_t kLongestShownText = 60;
+constexpr std::size_t kMaxShownText = 60;
 constexpr char32_t kZeroWidthJoiner = U'\u200D';
 
 std::size_t width(std::string_view text) {
@@ -37,7 +37,7 @@ void writeRow(std::ostream& stream, const TextRow& row, const std::vector<std::s
 std::string shownInLine(std::string_view text) {
     std::string shown;
     for (std::size_t count = 0; !text.empty(); ++count) {
-        if (count == kLongestShownText) return shown + "\u2026";
+        if (count == kMaxShownText) return shown + "\u2026";
         appendCodePoint(shown, shownAs(takeCodePoint(text)));
     }
     return shown;

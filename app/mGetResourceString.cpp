@@ -10,7 +10,7 @@ namespace mergeloom {
 namespace {
 
 /// What a buffer of 260 characters holds before its closing zero.
-constexpr std::size_t kMostCharacters = 259;
+constexpr std::size_t kMaxCharacters = 259;
 
 }  // namespace
 
@@ -19,7 +19,7 @@ std::string GetResourceString(const std::string& vstrLibraryFile, std::int32_t v
     try {
         const std::string library = DiskFileStore().read(vstrLibraryFile);
         const std::u16string text = resourceString(library, static_cast<std::uint32_t>(vlngId));
-        return fromUtf16(std::u16string_view(text).substr(0, kMostCharacters));
+        return fromUtf16(std::u16string_view(text).substr(0, kMaxCharacters));
     } catch (const AutomationError&) {
         // Whoever asks cannot tell a library that is missing from a string that is.
         return {};

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kReplacementText = "_";
 constexpr std::string_view kRefusedByWindows = R"(<>:"/\|?*)";
 /// What is longer behind a "." is part of the name.
-constexpr std::size_t kLongestExtension = 32;
+constexpr std::size_t kMaxExtensionLength = 32;
 constexpr char32_t kFirstPrintable = 0x20;
 constexpr char32_t kNoCharacter = 0xFFFD;
 
@@ -72,7 +72,7 @@ std::string_view firstBytes(std::string_view text, std::size_t count) {
 std::string shortened(const std::string& name, std::size_t longest) {
     if (name.size() <= longest) return name;
     const std::size_t dot = name.rfind('.');
-    const bool hasExtension = dot != std::string::npos && name.size() - dot <= kLongestExtension;
+    const bool hasExtension = dot != std::string::npos && name.size() - dot <= kMaxExtensionLength;
     const std::string extension = hasExtension ? name.substr(dot) : std::string();
     return std::string(firstBytes(name, longest - extension.size())) + extension;
 }

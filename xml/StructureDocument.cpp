@@ -13,7 +13,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr std::size_t kLargestFile = std::size_t{1} << 30;
+constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
 
 /// The bytes of a file, read from its start to its end. A folder can be opened; reading from it fails.
 class FileBytes {
@@ -31,7 +31,7 @@ class FileBytes {
         const std::size_t count = std::fread(buffer, 1, size, file_);
         if (count == 0 && std::ferror(file_) != 0) raiseNotRead(path_, errno);
         total_ += count;
-        if (total_ > kLargestFile) {
+        if (total_ > kMaxFileSize) {
             throw AutomationError(kFileCouldNotBeRead,
                                   "The file '" + path_ + "' could not be read: it is larger than 1 GB.");
         }

@@ -47,7 +47,7 @@ TEST(DiagnosticsLog, ALineForEachEvent) {
     const TemporaryFolder folder;
     DiagnosticsLog log(folder / "log");
     log.append("two\nlines\tand more");
-    log.append(std::string(DiagnosticsLog::kLongestText - 1, 'x') + "üü");
+    log.append(std::string(DiagnosticsLog::kMaxTextLength - 1, 'x') + "üü");
     const std::vector<std::string> lines = linesOf(folder.bytesOf("log"));
     ASSERT_EQ(lines.size(), 2U);
     const std::regex expected(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z two lines and more)");

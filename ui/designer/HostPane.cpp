@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kShortestBetweenCarets = 50ms;
-constexpr auto kShortestBetweenSizes = 50ms;
+constexpr auto kMinCaretInterval = 50ms;
+constexpr auto kMinSizeInterval = 50ms;
 
 /// Drags of this program, which are the tree's, carry the source's widget.
 bool isFromTree(const QDropEvent& event) {
@@ -34,10 +34,10 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
     setAccessibleName(tr("Document"));
     setAccessibleDescription(tr("The template, edited in the office. Fields are dropped here."));
     resizeTimer_.setSingleShot(true);
-    resizeTimer_.setInterval(kShortestBetweenSizes);
+    resizeTimer_.setInterval(kMinSizeInterval);
     connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::tellSize);
     dragTimer_.setSingleShot(true);
-    dragTimer_.setInterval(kShortestBetweenCarets);
+    dragTimer_.setInterval(kMinCaretInterval);
     connect(&dragTimer_, &QTimer::timeout, this, &HostPane::tellDragPoint);
 }
 

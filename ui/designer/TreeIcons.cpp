@@ -15,7 +15,7 @@ namespace {
 
 /// The sizes in which the pictures are built in, in pixels.
 constexpr int kSizes[] = {16, 24, 32, 48};
-constexpr int kSmallestSize = kSizes[0];
+constexpr int kMinSize = kSizes[0];
 
 QString fileOf(const QString& key, int size) {
     return QStringLiteral(":/tree/%1-%2.png").arg(key).arg(size);
@@ -43,7 +43,7 @@ const QIcon& TreeIcons::icon(const QString& key) {
 
 QIcon TreeIcons::make(const QString& key) const {
     loadPictures();
-    const bool isDrawn = !key.isEmpty() && QFile::exists(fileOf(key, kSmallestSize));
+    const bool isDrawn = !key.isEmpty() && QFile::exists(fileOf(key, kMinSize));
     const QString picture = isDrawn ? key : QStringLiteral("Neutral");
     QIcon icon;
     for (const int size : kSizes) {

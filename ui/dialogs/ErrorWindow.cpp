@@ -15,11 +15,11 @@ namespace {
 
 constexpr int kCharactersInLine = 50;
 /// A longer text would make the window higher than the screen; the report has all of it.
-constexpr int kMostCharacters = 600;
+constexpr int kMaxCharacters = 600;
 
 QLabel* makeText(const QString& text) {
-    const bool isWhole = text.size() <= kMostCharacters;
-    auto* label = new QLabel(isWhole ? text : text.left(kMostCharacters) + QChar(u'…'));
+    const bool isWhole = text.size() <= kMaxCharacters;
+    auto* label = new QLabel(isWhole ? text : text.left(kMaxCharacters) + QChar(u'…'));
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);

@@ -10,7 +10,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr std::size_t kLongestExtension = 5;
+constexpr std::size_t kMaxExtensionLength = 5;
 
 bool isAsciiDigit(char letter) {
     return letter >= '0' && letter <= '9';
@@ -65,7 +65,7 @@ bool hasExtension(const std::string& fileName, const FileFilter& filter) {
     };
     if (std::ranges::any_of(filter.patterns, names)) return true;
     const auto isPlain = [](char letter) { return isAsciiLetter(letter) || isAsciiDigit(letter); };
-    return found.size() <= kLongestExtension && std::ranges::all_of(found, isPlain) &&
+    return found.size() <= kMaxExtensionLength && std::ranges::all_of(found, isPlain) &&
            std::ranges::any_of(found, isAsciiLetter);
 }
 

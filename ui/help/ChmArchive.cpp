@@ -12,13 +12,13 @@ namespace mergeloom {
 namespace {
 
 // A damaged file may promise any size and any number of files.
-constexpr LONGUINT64 kLargestFile = 64U << 20U;
-constexpr qsizetype kMostFiles = 100'000;
+constexpr LONGUINT64 kMaxFileSize = 64U << 20U;
+constexpr qsizetype kMaxFiles = 100'000;
 
 int addName(chmFile* /*file*/, chmUnitInfo* unit, void* names) {
     auto& list = *static_cast<QStringList*>(names);
     list.append(QString::fromUtf8(unit->path).mid(1));
-    return list.size() < kMostFiles ? CHM_ENUMERATOR_CONTINUE : CHM_ENUMERATOR_FAILURE;
+    return list.size() < kMaxFiles ? CHM_ENUMERATOR_CONTINUE : CHM_ENUMERATOR_FAILURE;
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ std::optional<QByteArray> ChmArchive::read(const QString& name) const {
         chm_resolve_object(file_.get(), inside.constData(), &unit) != CHM_RESOLVE_SUCCESS) {
         return std::nullopt;
     }
-    if (unit.length > kLargestFile) refuseDamaged();
+    if (unit.length > kMaxFileSize) refuseDamaged();
     QByteArray bytes(static_cast<qsizetype>(unit.length), '\0');
     if (bytes.isEmpty()) return bytes;
     const LONGINT64 count = chm_retrieve_object(

@@ -10,8 +10,8 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kSmallestZoom = -6;
-constexpr int kLargestZoom = 20;
+constexpr int kMinZoom = -6;
+constexpr int kMaxZoom = 20;
 
 /// Topics have addresses of this kind, against which the links in them are resolved.
 QUrl addressOf(const QString& topic) {
@@ -50,7 +50,7 @@ void HelpBrowser::follow(const QUrl& link) {
 }
 
 void HelpBrowser::zoomBy(int steps) {
-    const int wanted = std::clamp(zoom_ + steps, kSmallestZoom, kLargestZoom);
+    const int wanted = std::clamp(zoom_ + steps, kMinZoom, kMaxZoom);
     zoomIn(wanted - zoom_);
     zoom_ = wanted;
 }

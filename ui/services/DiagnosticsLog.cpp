@@ -18,7 +18,7 @@ constexpr char kLastControlCharacter = 0x1f;
 
 /// The text in one line, whole characters only.
 std::string lineOf(const std::string& text) {
-    std::string line = text.substr(0, DiagnosticsLog::kLongestText);
+    std::string line = text.substr(0, DiagnosticsLog::kMaxTextLength);
     while (line.size() < text.size() && !line.empty() && !isUtf8(line) && isUtf8(text))
         line.pop_back();
     std::ranges::replace_if(

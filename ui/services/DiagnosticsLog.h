@@ -12,7 +12,7 @@ class DiagnosticsLog {
   public:
     static constexpr std::size_t kDefaultLimit = 512UL * 1024;
     /// What is longer is cut.
-    static constexpr std::size_t kLongestText = 4096;
+    static constexpr std::size_t kMaxTextLength = 4096;
 
     /// The file diagnostics.log in the user's state folder.
     DiagnosticsLog();

@@ -11,7 +11,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kMostReports = 20;
+constexpr int kMaxReports = 20;
 
 std::string freePath(const std::string& folder) {
     const QDateTime now = QDateTime::currentDateTimeUtc();
@@ -26,7 +26,7 @@ std::string freePath(const std::string& folder) {
 void removeOldest(const std::string& folder) {
     QDir reports(QString::fromStdString(folder), QStringLiteral("problem-*.txt"), QDir::Name, QDir::Files);
     QStringList names = reports.entryList();
-    while (names.size() > kMostReports)
+    while (names.size() > kMaxReports)
         reports.remove(names.takeFirst());
 }
 

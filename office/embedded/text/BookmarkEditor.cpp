@@ -7,7 +7,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr CharacterCount kLongestName{40};
+constexpr CharacterCount kMaxNameLength{40};
 
 int columnOf(const opc::WordNames& names, pugi::xml_node cell) {
     int column = 0;
@@ -20,7 +20,7 @@ int columnOf(const opc::WordNames& names, pugi::xml_node cell) {
 }  // namespace
 
 bool isBookmarkName(std::string_view name) {
-    if (name.empty() || utf16Length(name) > kLongestName || isDigit(firstCodePoint(name))) return false;
+    if (name.empty() || utf16Length(name) > kMaxNameLength || isDigit(firstCodePoint(name))) return false;
     while (!name.empty()) {
         const char32_t character = takeCodePoint(name);
         if (character != U'_' && !isDigit(character) && !isNameLetter(character)) return false;
