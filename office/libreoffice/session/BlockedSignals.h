@@ -4,7 +4,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// Keeps all signals from the threads that are started during its life: the program's own threads answer
+/// Keeps all signals from the threads that are started during its life: the program's own threads handle
 /// them, and a thread that writes to a process that is gone must not end the program.
 class BlockedSignals {
   public:

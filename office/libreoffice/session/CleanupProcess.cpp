@@ -4,9 +4,9 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// The lines on the input: "done" dismisses the guard, the input's end without it is the owner's death;
+/// Reads commands from its input: "done" ends it, and the input's end without that is the death of its owner.
 /// "file" and "fragments" name what is to be removed, "keep" what is not, "forget" takes these back, and
-/// "sweep" removes at once and gets an empty line in return. Fragments are known by the name that the office
+/// "sweep" removes at once and sends an empty line in return. Fragments are known by the name that the office
 /// makes: after the beginning, digits and small letters up to ".tmp". A longer number that is that of a
 /// running process names another office.
 constexpr const char* kScript =

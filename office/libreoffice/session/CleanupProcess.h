@@ -8,25 +8,25 @@
 
 namespace mergeloom::libreoffice {
 
-/// Files that an office leaves in a folder of the user's when it is killed. Paths from the root.
+/// The files that an office leaves in a folder of the user's when it is killed. Paths are absolute.
 struct Fragments {
     std::vector<std::string> files;
-    /// Of the paths of files that the office names itself, up to the number of its process.
+    /// Beginnings of the paths of files that the office names itself, up to the number of its process.
     std::vector<std::string> beginnings;
-    std::vector<std::string> kept;  ///< begin so, but were there before
+    std::vector<std::string> kept;  ///< begin so, but existed before
 };
 
-/// A small process that outlives this one in order to clean up behind it: when this process ends without
-/// having dismissed the guard, whatever ended it, the guard kills a process group and removes files.
+/// A small process that outlives this one in order to clean up after it: when this process ends, for whatever
+/// reason, without having ended the cleanup, it kills a process group and removes files.
 class CleanupProcess {
   public:
-    /// What the guard has to say goes to the log. Raises kNotAvailable when it cannot be started.
+    /// Starts it. Its own errors go to the log. Raises kNotAvailable when it cannot be started.
     CleanupProcess(pid_t group, const std::vector<std::string>& leftovers, const std::string& log);
-    /// Dismisses the guard.
+    /// Ends it without any cleanup.
     ~CleanupProcess();
-    /// Until the next call, these are to be removed as well.
+    /// Replaces the files that are to be removed as well.
     void lookAfter(const Fragments& fragments) const;
-    /// Removes these now; returns when it is done.
+    /// Removes these files now; returns when it is done.
     void sweep() const;
     CleanupProcess(const CleanupProcess&) = delete;
     CleanupProcess& operator=(const CleanupProcess&) = delete;

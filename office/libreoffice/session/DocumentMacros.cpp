@@ -39,7 +39,8 @@ bool packageHoldsMacros(OfficeConnection& connection, const DocumentReference& d
         return found.type == "vbaProject" || found.type == "xlMacrosheet";
     });
 } catch (const css::uno::Exception&) {
-    // A file of another format, or one that is gone meanwhile. An office that ended shows with the next call.
+    // The file is of another format, or it is gone meanwhile. That an office has ended shows with the next
+    // call.
     return false;
 }
 

@@ -18,7 +18,7 @@ bool isParagraph(std::string_view tag) {
     return tag.starts_with("<w:p/") || tag.starts_with("<w:p ");
 }
 
-/// Returns what comes before, without blanks and empty elements such as other marks.
+/// Returns the XML before the marks at its end, without blanks and empty elements such as other marks.
 std::string_view beforeMarks(std::string_view xml) {
     while (true) {
         xml = xml.substr(0, xml.find_last_not_of(kSpaces) + 1);
@@ -28,8 +28,8 @@ std::string_view beforeMarks(std::string_view xml) {
     }
 }
 
-/// Returns where an empty paragraph of this beginning closes itself; npos when there is none or it holds
-/// something.
+/// Returns the index at which an empty paragraph of this beginning closes itself; npos when there is none or
+/// it has content.
 std::size_t closingOf(std::string_view xml, std::string_view beginning) {
     const std::size_t tag = xml.rfind(beginning);
     if (tag == std::string_view::npos) return tag;
@@ -37,9 +37,9 @@ std::size_t closingOf(std::string_view xml, std::string_view beginning) {
     return xml[end - 1] == '/' ? end - 1 : std::string_view::npos;
 }
 
-/// Returns the later place, of which each may be none.
+/// Returns the greater index; npos counts as less than any other.
 std::size_t later(std::size_t one, std::size_t other) {
-    // npos is the greatest number and becomes the least.
+    // Adding one turns npos, the greatest number, into the least.
     return std::max(one + 1, other + 1) - 1;
 }
 

@@ -4,7 +4,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// The URL of a path from the root, byte for byte: no locale has a say in it.
+/// Returns the URL of an absolute path, byte for byte and independent of the locale.
 std::string fileUrl(const std::string& path);
 
 }  // namespace mergeloom::libreoffice

@@ -51,7 +51,7 @@ void LibreOfficeConverter::convert(const std::string& from, const std::string& t
 template <typename Format>
 void LibreOfficeConverter::convertAs(DocumentKind kind, const std::string& from, const std::string& to,
                                      Format format, const WrittenCheck<Format>& check) {
-    requiredFilter(format, to);  // a refusal needs no office
+    requiredFilter(format, to);  // refuses before an office is started
     LibreOfficeFiles& office = session().files();
     const OpenDocument document(office, office.open(from, kind));
     office.save(document.get(), to, format, [&](std::string bytes) {

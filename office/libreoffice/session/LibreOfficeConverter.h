@@ -14,10 +14,11 @@ namespace mergeloom::libreoffice {
 
 class LibreOfficeSession;
 
-/// Gives an office that runs, a new one or one that others work with.
+/// Returns a running office, a new one or one that others work with.
 using SessionSource = std::function<std::shared_ptr<LibreOfficeSession>()>;
 
-/// Looks at what was written of a document for a path, and raises what keeps the former file.
+/// Checks the file that was written of a document for a path, and raises the error that keeps the former
+/// file.
 template <typename Format>
 using WrittenCheck = std::function<void(LibreOfficeSession& session, const DocumentReference& document,
                                         const std::string& path, Format format, const std::string& bytes)>;
@@ -26,12 +27,12 @@ struct WrittenChecks {
     WrittenCheck<excel::XlFileFormat> excel;
 };
 
-/// Conversions by an office that is started with the first of them, serves all of them and is started anew
+/// Converts files by an office that is started with the first of them, serves all of them and is started anew
 /// when it has died.
 class LibreOfficeConverter final : public FileConverter {
   public:
     LibreOfficeConverter(SessionSource source, WrittenChecks checks);
-    /// With an office of its own, without checks. The file store has to outlive it.
+    /// Uses an office of its own, without checks. The file store has to outlive it.
     explicit LibreOfficeConverter(FileStore& files, TimeBounds bounds = {});
     ~LibreOfficeConverter() override;
 

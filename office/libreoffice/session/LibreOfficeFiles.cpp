@@ -40,7 +40,7 @@ css::uno::Sequence<css::beans::PropertyValue> sequenceOf(const Properties& prope
     return {properties.data(), static_cast<sal_Int32>(properties.size())};
 }
 
-/// What makes a document quiet, wherever it comes from.
+/// Returns the options that keep a document quiet, wherever it comes from.
 Properties quiet() {
     return {property("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
             property("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE)};
@@ -71,7 +71,7 @@ bool isOfKind(const DocumentReference& document, DocumentKind kind) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + path + "' could not be read: " + reason + ".");
 }
 
-/// Whether the disk holds what the store holds, in a file that an office may open for editing.
+/// Returns whether the disk has what the store has, in a file that an office may open for editing.
 bool liesOnDisk(const std::string& path, const std::string& bytes) try {
     return ::access(path.c_str(), W_OK) == 0 && DiskFileStore().read(path) == bytes;
 } catch (const AutomationError&) {
@@ -86,7 +86,7 @@ std::string urlOf(const DocumentReference& document) {
     return fromUno(Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL());
 }
 
-/// A file that is gone with this object.
+/// Removes a file at the end of its life.
 class ScopedTempFile {
   public:
     ScopedTempFile(const ScratchPaths& scratch, std::string path)
@@ -100,7 +100,7 @@ class ScopedTempFile {
     std::string path_;
 };
 
-/// A frame that goes again when no document comes into it.
+/// A new frame, which is disposed of when no document was loaded into it.
 class NewFrame {
   public:
     explicit NewFrame(const Reference<css::frame::XFrame>& frame) : frame_(frame) {}
@@ -125,7 +125,7 @@ DocumentReference LibreOfficeFiles::create(DocumentKind kind) {
     return connection_.call([&] { return loadFrom(url, quiet(), frames_); });
 }
 
-/// None when the office refuses.
+/// Returns none when the office refuses.
 DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties properties,
                                              const FrameSource& frames) {
     if (!frames) {
@@ -154,18 +154,19 @@ std::string LibreOfficeFiles::copyOf(const std::string& path, const std::string&
     return copy;
 }
 
-/// Returns what the office reads the content from in place of the file.
+/// Returns the stream from which the office reads the content in place of the file.
 Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& path,
                                                             const std::string& content) {
     const std::string copy = copyOf(path, content);
-    // The office has it open then, so it may lose its name.
+    // The office has it open by then, so its name can be removed.
     const ScopedTempFile temporary(scratch_, copy);
     return connection_.call([&] {
         return css::ucb::SimpleFileAccess::create(connection_.context())->openFileRead(toUno(fileUrl(copy)));
     });
 }
 
-/// The document stays at the source for links and for its title, even where it is read from its mended bytes.
+/// The document keeps the source's URL for links and for its title, even when it is read from its mended
+/// bytes.
 DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source,
                                          const std::string& bytes, DocumentKind kind,
                                          const FrameSource& frames) {
@@ -220,7 +221,7 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
     write(document, path, filter, revise);
 }
 
-/// A document that was opened where it lies has links that lead from there.
+/// A document that was opened in its own folder has links relative to it.
 std::string LibreOfficeFiles::placeOfWriting(const DocumentReference& document, const std::string& path) {
     const std::string url = connection_.call([&] { return urlOf(document); });
     return url.empty() || scratch_.holds(url) ? scratch_.forCopy(path) : scratch_.beside(path);

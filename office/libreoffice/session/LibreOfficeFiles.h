@@ -27,42 +27,41 @@ using DocumentReference = Reference<css::lang::XComponent>;
 /// Makes an empty frame for the next document.
 using FrameSource = std::function<Reference<css::frame::XFrame>()>;
 
-/// What is still done with the bytes that were written before they take their place: gives those that do, and
-/// raises what keeps the former file.
+/// Changes the bytes that were written before they replace the file: returns those that do, and raises the
+/// error that keeps the former file.
 using Revision = std::function<std::string(std::string bytes)>;
 
-/// The way of documents between a file store and an office.
+/// Takes documents from a file store into an office and back.
 ///
-/// The office works on copies in a folder that goes with its process: it locks nothing, changes nothing that
-/// it was not told to, and what it writes reaches its place whole or not at all. Documents are without a
-/// window unless frames are made for them, macros never run, links are not updated, and every question is
-/// declined.
+/// The office works on copies in a folder that is removed with its process: it locks nothing, changes nothing
+/// that it was not told to, and a file is replaced by its whole result or not at all. Documents are hidden
+/// unless frames are made for them, macros never run, links are not updated, and every question is refused.
 class LibreOfficeFiles {
   public:
-    /// The file store has to outlive this, the folder is the office's.
+    /// The file store has to outlive this; the folder is removed with the office.
     LibreOfficeFiles(OfficeConnection& connection, FileStore& files, std::string workFolder)
         : connection_(connection), files_(files), scratch_(std::move(workFolder)) {}
 
-    /// Documents are shown in frames from here on, one in each.
+    /// Shows documents in frames from now on, each in one of its own.
     void showIn(FrameSource frames) { frames_ = std::move(frames); }
-    /// Whether users see documents, and change them.
+    /// Returns whether users see documents and change them.
     [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
-    /// An empty document of LibreOffice's own making.
+    /// Returns an empty document with LibreOffice's own defaults.
     DocumentReference create(DocumentKind kind);
-    /// Raises kFileCouldNotBeRead with a sentence that names the file when it is missing, damaged, protected
-    /// by a password or not of the kind. A template opens as the template itself. Its URL in the office is
-    /// that of the copy.
+    /// Opens the file; a template opens as the template itself. Raises kFileCouldNotBeRead with a sentence
+    /// that names the file when it is missing, damaged, protected by a password or not of the kind. The
+    /// document's URL in the office is that of the copy.
     DocumentReference open(const std::string& path, DocumentKind kind);
-    /// Raises kNotAvailable for a format that the office does not write, kFileCouldNotBeSaved for macros in a
-    /// format that has no place for them and for other failures, with sentences that name the file. The
-    /// document's own URL does not change and its mark of changes stays. Errors of the revision pass through.
+    /// Saves the document; its own URL does not change, nor does its mark of changes. Raises kNotAvailable
+    /// for a format that the office does not write, and kFileCouldNotBeSaved for macros in a format without
+    /// them and for other failures, with sentences that name the file. Errors of the revision pass through.
     void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format,
               const Revision& revise);
     void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format,
               const Revision& revise);
-    /// Opens the bytes that a path is to get, without showing them; errors as for open.
+    /// Opens the bytes that are to be written to a path, hidden; errors as for open.
     DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind);
-    /// Closes without saving and forgets the document's copy. One that is closed already is left alone.
+    /// Closes without saving and removes the document's copy. Does nothing when it is closed already.
     void close(const DocumentReference& document);
 
   private:
@@ -84,7 +83,7 @@ class LibreOfficeFiles {
     FrameSource frames_;
 };
 
-/// A document that is closed whatever becomes of the work with it.
+/// Closes a document at the end of its life.
 class OpenDocument {
   public:
     OpenDocument(LibreOfficeFiles& files, DocumentReference document)

@@ -23,8 +23,9 @@ constexpr std::chrono::seconds kBoundOfKill{5};
 constexpr std::size_t kLastLines = 3;
 constexpr const char* kProfile = "profile";
 
-/// The program starts only after the word that its guard is at its post; the input's end instead is the end.
-/// The office forgets temporary folders even when it ends well, so they are made where they go with the rest.
+/// Starts the program only after the line that its cleanup process is running; the input's end instead ends
+/// it. The office leaves temporary folders even when it ends well, so they are made in a folder that is
+/// removed with the rest.
 constexpr const char* kStartScript =
     "read -r line && TMPDIR=$1 && export TMPDIR && shift && exec \"$@\" </dev/null";
 
@@ -57,7 +58,7 @@ LibreOfficeProcess::~LibreOfficeProcess() {
 
 std::vector<std::string> LibreOfficeProcess::command(const std::string& program, OfficeMode mode) const {
     std::vector<std::string> words{"/bin/sh", "-c", kStartScript, "start", temporaryFolder()};
-    // Of the toolkits that it can draw with, this one alone comes up inside a window of another program.
+    // Of the toolkits that it can draw with, only this one works inside a window of another program.
     if (mode == OfficeMode::Shown) words.insert(words.end(), {"env", "SAL_USE_VCLPLUGIN=gen"});
     words.insert(words.end(), {program, "-env:UserInstallation=" + profileUrl(), "--norestore", "--nologo",
                                "--nodefault", "--nofirststartwizard"});

@@ -12,36 +12,36 @@
 
 namespace mergeloom::libreoffice {
 
-/// An installed LibreOffice as a process of our own: with a fresh profile that goes with it, listening on a
-/// pipe of its own. Nothing of it stays behind, however this process ends.
+/// An installed LibreOffice in a process of its own: with a fresh profile that is removed with it, listening
+/// on a pipe of its own. Nothing of it remains, however this process ends.
 class LibreOfficeProcess {
   public:
     /// Starts the program and does not wait until it listens. Raises kNotAvailable with a sentence that says
-    /// what hinders it.
+    /// why it cannot be started.
     explicit LibreOfficeProcess(const std::string& program, OfficeMode mode = OfficeMode::Hidden);
     LibreOfficeProcess(const LibreOfficeProcess&) = delete;
     LibreOfficeProcess& operator=(const LibreOfficeProcess&) = delete;
     ~LibreOfficeProcess();
 
-    /// The name of the pipe at which it listens.
+    /// Returns the name of the pipe on which it listens.
     [[nodiscard]] const std::string& pipeName() const { return pipeName_; }
     /// Returns the folder for temporary files, which is removed with the process.
     [[nodiscard]] std::string workFolder() const;
-    /// The number of the process group.
+    /// Returns the number of the process group.
     [[nodiscard]] pid_t group() const { return process_->id(); }
     [[nodiscard]] bool isRunning() const { return process_->isRunning(); }
-    /// The numbers of all processes of the group.
+    /// Returns the numbers of all processes of the group.
     [[nodiscard]] std::vector<pid_t> members() const { return process_->members(); }
-    /// Until the next call, these files are removed as well when this process ends without having ended the
-    /// office.
+    /// Replaces the files that are removed as well when this process ends without having ended the office.
     void lookAfter(const Fragments& fragments) const { cleanup_->lookAfter(fragments); }
     /// Removes these files now.
     void sweep() const { cleanup_->sweep(); }
-    /// Ends it at once; may be called by any thread.
+    /// Kills it; may be called by any thread.
     void kill() const;
-    /// Waits until it ends as it was asked to; presses and then kills it when it does not. Bounded in time.
+    /// Waits until it ends as it was asked to; terminates and then kills it when it does not. Bounded in
+    /// time.
     void end() const;
-    /// The last lines that it wrote, in one; empty when it wrote none.
+    /// Returns the last lines that it wrote, joined into one; empty when it wrote none.
     [[nodiscard]] std::string logTail() const;
 
   private:
@@ -51,7 +51,7 @@ class LibreOfficeProcess {
     [[nodiscard]] std::string profileUrl() const;
     [[nodiscard]] std::vector<std::string> command(const std::string& program, OfficeMode mode) const;
 
-    std::optional<CleanupProcess> cleanup_;  ///< the last to go
+    std::optional<CleanupProcess> cleanup_;  ///< destroyed last
     PrivateFolder folder_;
     std::string pipeName_;
     std::vector<std::string> sockets_;

@@ -7,12 +7,12 @@
 
 namespace mergeloom::libreoffice {
 
-/// A running office with its line and its documents: what an object model is built on. It ends with this
-/// object, so whatever holds a reference into it has to hold the session, too.
+/// A running office with the connection to it and its documents: the base of an object model. The office ends
+/// with this object, so whatever holds a reference into it has to hold the session, too.
 class LibreOfficeSession {
   public:
-    /// Starts an office; takes about a second. Raises kNotAvailable with a sentence that says what hinders
-    /// it.
+    /// Starts an office, which takes about a second. Raises kNotAvailable with a sentence that says why it
+    /// cannot be started.
     explicit LibreOfficeSession(FileStore& store, TimeBounds bounds = {},
                                 OfficeMode mode = OfficeMode::Hidden)
         : process_(findOfficeProgram(), mode),

@@ -22,21 +22,21 @@ std::vector<MarkTag> startTags(std::string_view xml);
 std::vector<MarkTag> endTags(std::string_view xml);
 std::string endTag(const std::string& id);
 
-/// Characters to remove at a place of the XML, and what to add there.
+/// Characters to remove at an index of the XML, and the text to insert there.
 struct XmlChange {
     std::size_t removed = 0;
     std::string added;
 };
 
-/// The XML with the changes at their places; none without changes.
+/// Returns the XML with the changes; none when there are no changes.
 std::optional<std::string> withChanges(const std::string& xml,
                                        const std::map<std::size_t, XmlChange>& changes);
 
-/// Mends the XML of one part; none where there is nothing to mend.
+/// Mends the XML of one part; returns none when there is nothing to mend.
 using PartMender = std::function<std::optional<std::string>(const std::string& xml)>;
 
-/// Mends the parts of a Word document; none where there is nothing to mend. Raises kFileCouldNotBeRead for
-/// what is no package.
+/// Mends the parts of a Word document; returns none when there is nothing to mend. Raises kFileCouldNotBeRead
+/// for a file that is no package.
 std::optional<std::string> packageWithMendedParts(const std::string& bytes, const std::string& fileName,
                                                   const PartMender& mend);
 

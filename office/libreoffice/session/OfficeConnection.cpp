@@ -50,7 +50,7 @@ void OfficeConnection::askToEnd() try {
     const Watchdog::Watch watch(impatient);
     desktop_->terminate();
 } catch (const css::uno::Exception&) {
-    // It ends while it answers, or is made to end.
+    // It ends during the call, or is made to end.
 }
 
 void OfficeConnection::connect(std::chrono::milliseconds bound) {
@@ -63,10 +63,9 @@ void OfficeConnection::connect(std::chrono::milliseconds bound) {
     }
 }
 
-/// False as well when the line breaks meanwhile: whoever asks looks at the process.
+/// Returns false also when the connection breaks meanwhile: the caller looks at the process.
 bool OfficeConnection::tryToConnect() try {
-    // The threads that UNO reads and writes with are started here. Between two attempts a signal gets
-    // through.
+    // UNO's threads for reading and writing are started here. Between two attempts a signal gets through.
     const BlockedSignals blocked;
     const auto resolver = css::bridge::UnoUrlResolver::create(localContext());
     const OUString address =
@@ -83,7 +82,7 @@ bool OfficeConnection::answers() const try {
     return false;
 }
 
-/// Tells the kinds of the exception that is being handled apart.
+/// Raises the program's error for the exception that is being handled.
 void OfficeConnection::raiseCurrent() try { throw; } catch (const css::lang::DisposedException& error) {
     if (!answers()) raiseEnded();
     throw AutomationError(kObjectDeleted, "The object has been deleted. (" + fromUno(error.Message) + ")");

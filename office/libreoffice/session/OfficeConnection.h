@@ -11,13 +11,13 @@
 
 namespace mergeloom::libreoffice {
 
-/// How long an office may take.
+/// The times that an office may take.
 struct TimeBounds {
     std::chrono::milliseconds start{60'000};  ///< until it listens
     std::chrono::milliseconds call{120'000};  ///< for one call
 };
 
-/// The line to an office. All that crosses it goes through call(), which bounds the time and turns UNO's
+/// The connection to an office. Each call to it goes through call(), which bounds the time and turns UNO's
 /// exceptions into the program's errors; a remote call takes about half a millisecond, so one should carry
 /// much.
 class OfficeConnection {
@@ -29,16 +29,17 @@ class OfficeConnection {
     /// Asks the office to end, and waits until it has.
     ~OfficeConnection();
 
-    /// The office's own context, for making its services: `SomeService::create(connection.context())` within
-    /// a call.
+    /// Returns the office's own context, for making its services: `SomeService::create(connection.context())`
+    /// within a call.
     [[nodiscard]] const Reference<css::uno::XComponentContext>& context() const { return context_; }
     [[nodiscard]] const Reference<css::frame::XDesktop2>& desktop() const { return desktop_; }
     [[nodiscard]] const LibreOfficeProcess& process() const { return process_; }
 
-    /// Does what calls into UNO and gives its result. Calls within a call share its time. Raises
+    /// Runs the body, which calls into UNO, and returns its result. Calls within a call share its time.
+    /// Raises
     /// - kNotAvailable when the office ended or took too long and was ended; nothing works after that,
     /// - kObjectDeleted when the object that was called is gone, such as a document that was closed,
-    /// - kCommandFailed, with UNO's own message, for everything else that UNO complains of.
+    /// - kCommandFailed, with UNO's own message, for all other exceptions of UNO.
     /// AutomationErrors pass through.
     template <typename Call>
     auto call(const Call& body) -> decltype(body()) {

@@ -2,7 +2,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// Whether an office shows its documents: without a screen, or in windows on the X11 screen that the
+/// Says whether an office hides its documents or shows them in windows on the X11 screen that the
 /// environment variable DISPLAY names.
 enum class OfficeMode { Hidden, Shown };
 

@@ -49,7 +49,7 @@ OfficePackage::OfficePackage(OfficeConnection& connection, const OUString& url)
     const std::vector<PackageRelationship> relationships = relationshipsOf(package_);
     const auto main = std::ranges::find(relationships, "officeDocument", &PackageRelationship::type);
     if (main == relationships.end()) return;
-    // From the package's root on, whether a slash says so or not.
+    // The target is relative to the package's root, with or without a slash.
     const std::string path = main->target.starts_with('/') ? main->target.substr(1) : main->target;
     mainPart_ = package_->openStreamElementByHierarchicalName(toUno(path), css::embed::ElementModes::READ);
 }

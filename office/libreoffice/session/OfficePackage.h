@@ -15,13 +15,13 @@ struct PackageRelationship {
     std::string id, type, target;
 };
 
-/// A file of Open Packaging as the office reads it, for what its documents do not tell (ECMA-376 Part 2).
-/// Everything is asked for within a call; UNO's exceptions pass for a file that is no such package.
+/// A file of Open Packaging as the office reads it, for what its documents do not have (ECMA-376 Part 2). All
+/// members are to be called within a call; UNO's exceptions pass through for a file that is no such package.
 class OfficePackage {
   public:
     OfficePackage(OfficeConnection& connection, const OUString& url);
 
-    /// Whether the package has a part that holds the document.
+    /// Returns whether the package has a part that holds the document.
     [[nodiscard]] bool hasMainPart() const { return mainPart_.is(); }
     [[nodiscard]] std::vector<PackageRelationship> relationshipsOfMainPart() const;
     [[nodiscard]] Reference<css::io::XInputStream> contentOfMainPart() const;

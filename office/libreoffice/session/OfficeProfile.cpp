@@ -12,7 +12,7 @@ namespace mergeloom::libreoffice {
 namespace {
 
 struct Setting {
-    const char* group;  ///< behind "/org.openoffice."
+    const char* group;  ///< after "/org.openoffice."
     const char* name;
     const char* value;
 };
@@ -23,7 +23,7 @@ constexpr Setting kQuiet[] = {
     {"Office.Common/Misc", "UseDocumentOOoLockFile", "false"},
 };
 
-/// What comes up before a new user, and what is kept of a document besides the document.
+/// Settings that keep away what is shown to a new user and what is kept of a document besides the document.
 constexpr Setting kShown[] = {
     {"Office.Common/Misc", "FirstRun", "false"},
     {"Office.Common/Misc", "ShowTipOfTheDay", "false"},
@@ -34,7 +34,7 @@ constexpr Setting kShown[] = {
     {"Office.UI.Infobar/Enabled", "HyphenationMissing", "false"},
     {"Setup/Office", "MigrationCompleted", "true"},
     {"Office.Recovery/AutoSave", "Enabled", "false"},
-    // Writer shows bookmarks, which stand for places, only while it shows marks at all.
+    // Writer shows bookmarks, which mark places, only while it shows marks at all.
     {"Office.Writer/Content/NonprintingCharacter", "MetaCharacters", "true"},
     {"Office.Writer/Content/NonprintingCharacter", "Bookmarks", "true"},
     {"Office.Writer/Content/NonprintingCharacter", "ParagraphEnd", "false"},
@@ -53,7 +53,7 @@ void write(std::ostream& file, std::span<const Setting> settings) {
     }
 }
 
-/// Commands that would leave the one document or lead to others; menus and bars do not show them.
+/// Commands that would leave the one document or open others; menus and bars do not show them.
 constexpr const char* kDisabledCommands[] = {
     "RecentFileList",  "OpenRemote",    "SaveAsRemote",  "NewWindow", "FullScreen",
     "Reload",          "EditDoc",       "ReadOnlyDoc",   "OpenUrl",   "SaveAsTemplate",

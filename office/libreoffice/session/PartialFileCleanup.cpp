@@ -11,7 +11,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// The office names its files by the number of its process.
+/// Returns how the names of the office's own files begin: with the number of its process.
 std::vector<std::string> beginningsOfNames(const LibreOfficeProcess& process) {
     std::vector<std::string> beginnings;
     for (const pid_t member : process.members())

@@ -4,11 +4,12 @@
 
 namespace mergeloom::libreoffice {
 
-/// A fresh folder of this run's own in the system's folder for temporary files, open to nobody else. It is
-/// removed with all that it holds at the end of its life.
+/// A new folder of this run's own in the system's folder for temporary files, open to nobody else. It is
+/// removed with all its files at the end of its life.
 class PrivateFolder {
   public:
-    /// Raises kNotAvailable with a sentence that names the folder which could not be written.
+    /// Makes the folder. Raises kNotAvailable with a sentence that names the folder which could not be
+    /// written.
     PrivateFolder();
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;

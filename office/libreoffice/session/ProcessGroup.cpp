@@ -23,7 +23,8 @@ constexpr std::chrono::milliseconds kPause{5};
 constexpr std::chrono::seconds kBoundOfKill{5};
 constexpr mode_t kPrivateMode = 0600;
 
-/// How the first process starts: in a session of its own, untouched by this program's way with signals.
+/// The attributes with which the first process starts: in a session of its own, with the default handling of
+/// signals.
 class Attributes {
   public:
     Attributes() {
@@ -46,7 +47,7 @@ class Attributes {
     posix_spawnattr_t attributes_{};
 };
 
-/// Where the first process reads and writes.
+/// The files that the first process reads and writes.
 class Streams {
   public:
     Streams(int input, const std::string& log) {
@@ -66,12 +67,13 @@ class Streams {
     posix_spawn_file_actions_t actions_{};
 };
 
-/// Whether a process of the system runs in the group. One that ended and was not yet asked how does not run.
+/// Returns whether a process of the system runs in the group. One that has ended and was not yet waited for
+/// does not run.
 bool runsInGroup(const std::string& process, pid_t group) {
     std::ifstream file("/proc/" + process + "/stat");
     std::string text;
     std::getline(file, text, '\0');
-    // The name before the other figures may hold anything, so the last parenthesis counts.
+    // The name before the other fields may have any characters, so the last parenthesis counts.
     const std::size_t name = text.rfind(')');
     if (name == std::string::npos || text.size() < name + 4) return false;
     const char state = text[name + 2];
@@ -98,13 +100,13 @@ ProcessGroup::ProcessGroup(const std::vector<std::string>& command, int input, c
 
 ProcessGroup::~ProcessGroup() {
     signal(SIGKILL);
-    // A process that the system holds back does not hold us.
+    // Do not wait for a process that the system does not let end.
     if (waitForEnd(kBoundOfKill)) ::waitpid(id_, nullptr, 0);
 }
 
 bool ProcessGroup::isRunning() const {
     siginfo_t end{};
-    // The end is only looked at: asking for it would free the number.
+    // Only look at the end: waiting for it would free the number.
     const int result = ::waitid(P_PID, static_cast<id_t>(id_), &end, WEXITED | WNOHANG | WNOWAIT);
     return result == 0 && end.si_pid == 0;
 }

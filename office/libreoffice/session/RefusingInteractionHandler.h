@@ -8,13 +8,13 @@
 
 namespace mergeloom::libreoffice {
 
-/// What an office wanted to know of a user.
+/// The questions that an office asks a user.
 enum class Question { None, Password, Other };
 
-/// Answers every question of an office in place of a user: no. Remembers what was asked.
+/// Refuses every question of an office in place of a user. Remembers the question.
 class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task::XInteractionHandler2> {
   public:
-    /// The most telling of the questions so far.
+    /// Returns the most specific question so far.
     [[nodiscard]] Question asked();
 
     void SAL_CALL handle(const Reference<css::task::XInteractionRequest>& request) override;
@@ -22,7 +22,7 @@ class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task:
     handleInteractionRequest(const Reference<css::task::XInteractionRequest>& request) override;
 
   private:
-    std::mutex mutex_;  ///< questions come on a thread of UNO's
+    std::mutex mutex_;  ///< questions come from a thread of UNO's
     Question asked_ = Question::None;
 };
 

@@ -53,7 +53,7 @@ void ScratchPaths::remove(const std::string& path) const {
 
 void ScratchPaths::removeCopy(const std::string& url) const {
     if (!holds(url)) return;
-    // Behind the folder, all is plain: a number and a name.
+    // After the folder, the URL is plain: a number and a name.
     remove(folder_ + url.substr(fileUrl(folder_).size()));
 }
 

@@ -9,8 +9,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// The office names the pipe by the digest of the URL in UTF-16, written without the zeros that a byte below
-/// 16 would begin with. The URL is plain ASCII.
+/// Returns the name that the office gives the pipe: the digest of the URL in UTF-16, without the zero of each
+/// byte below 16. The URL is plain ASCII.
 std::string nameOfProfile(const std::string& url) {
     std::string units;
     for (const char unit : url)
@@ -32,7 +32,7 @@ std::vector<std::string> socketFiles(const std::string& pipeName, const std::str
     const std::string prefix = "/OSL_PIPE_" + std::to_string(::getuid()) + "_";
     const std::string names[] = {prefix + pipeName, prefix + nameOfProfile(profileUrl)};
     std::vector<std::string> files;
-    // The office takes the second folder only where the first cannot be written.
+    // The office uses the second folder only when the first cannot be written.
     for (const std::string folder : {"/tmp", "/var/tmp"})
         for (const std::string& name : names)
             files.push_back(folder + name);

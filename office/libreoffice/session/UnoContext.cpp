@@ -19,7 +19,7 @@ const std::string kFolder = MERGELOOM_UNO_FOLDER;
 
 Reference<css::uno::XComponentContext> makeContext() try {
 #ifdef __SANITIZE_ADDRESS__
-    // What UNO's libraries keep to the program's end they let go of without giving it back.
+    // UNO's libraries do not free what they keep to the program's end.
     const __lsan::ScopedDisabler kept;
 #endif
     rtl::Bootstrap::set("URE_BOOTSTRAP", toUno("vnd.sun.star.pathname:" + kFolder + "/fundamentalrc"));
@@ -32,7 +32,7 @@ Reference<css::uno::XComponentContext> makeContext() try {
 }  // namespace
 
 const Reference<css::uno::XComponentContext>& localContext() {
-    // UNO's own threads may still look at it while the program ends, so nobody takes it away.
+    // UNO's own threads may still use it while the program ends, so it is never destroyed.
     static const auto* const context = new Reference<css::uno::XComponentContext>(makeContext());
     return *context;
 }

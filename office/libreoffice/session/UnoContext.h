@@ -6,8 +6,8 @@
 
 namespace mergeloom::libreoffice {
 
-/// What this process needs of UNO in order to talk to an office: made once and kept to the program's end.
-/// Raises kNotAvailable when the installed libraries are not complete.
+/// Returns this process's own context of UNO, which it needs to connect to an office: made once and kept to
+/// the program's end. Raises kNotAvailable when the installed libraries are not complete.
 const Reference<css::uno::XComponentContext>& localContext();
 
 }  // namespace mergeloom::libreoffice

@@ -7,7 +7,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// A named value, as UNO takes its options.
+/// Returns a named value, as UNO takes its options.
 template <typename Value>
 css::beans::PropertyValue property(const char* name, const Value& value) {
     css::beans::PropertyValue result;

@@ -8,9 +8,9 @@ namespace mergeloom::libreoffice {
 
 using rtl::OUString;
 
-/// UNO's text of UTF-8.
+/// Returns UNO's text for UTF-8.
 OUString toUno(std::string_view text);
-/// UTF-8 of UNO's text.
+/// Returns UTF-8 for UNO's text.
 std::string fromUno(const OUString& text);
 
 }  // namespace mergeloom::libreoffice
