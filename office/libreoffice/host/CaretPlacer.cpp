@@ -26,7 +26,7 @@ bool isParagraph(sal_Int16 role) {
     return role == a11y::AccessibleRole::PARAGRAPH || role == a11y::AccessibleRole::HEADING;
 }
 
-/// What holds paragraphs and may have room between them.
+/// Returns whether objects of the role hold paragraphs, with blank space between them.
 bool holdsText(sal_Int16 role) {
     switch (role) {
         case a11y::AccessibleRole::DOCUMENT_TEXT:
@@ -56,7 +56,7 @@ CaretPlacer::Spot CaretPlacer::spotOf(const Reference<css::uno::XInterface>& obj
     return spot;
 }
 
-/// False when nothing more stands at the point.
+/// Returns false when no further object is at the point.
 bool CaretPlacer::goInto(Spot& spot) {
     if (!spot.area.is()) return false;
     const Reference<a11y::XAccessible> child = spot.area->getAccessibleAtPoint(spot.point);

@@ -9,27 +9,27 @@
 
 namespace mergeloom::libreoffice {
 
-/// What became of the wish for a caret at a point.
+/// The result of placing a caret at a point.
 enum class CaretPlacement {
     InText,
     InCells,
-    Blank,  ///< the point is in a page where nothing stands; a click finds what is next to it
+    Blank,  ///< the point is in a blank part of a page; a click finds what is next to it
     Nowhere
 };
 
-/// Puts the caret or the cell cursor where a point of a window is, by the objects that the office offers to
-/// aids for the blind. A click would do more: open what is under it, or begin a selection. Its members are to
-/// be called within a call of the connection.
+/// Puts the caret or the cell cursor at a point of a window, by the objects that the office offers to
+/// assistive technology. A click would do more: open what is under it, or begin a selection. All members are
+/// to be called within a call of the connection.
 class CaretPlacer {
   public:
     explicit CaretPlacer(const Reference<css::awt::XWindow>& window) : window_(window) {}
 
     CaretPlacement place(HostPoint point);
-    /// The document's place in the window may be another from here on.
+    /// Forgets the document's position in the window, which may change.
     void forget() { document_ = {}; }
 
   private:
-    /// An object, and the point as its own coordinates tell it.
+    /// An object, and the point in its own coordinates.
     struct Spot {
         Reference<css::accessibility::XAccessibleContext> object;
         Reference<css::accessibility::XAccessibleComponent> area;
@@ -44,7 +44,7 @@ class CaretPlacer {
     [[nodiscard]] static CaretPlacement placeInCells(Spot spot);
 
     Reference<css::awt::XWindow> window_;
-    Spot document_;  ///< the one found last; its point counts for nothing
+    Spot document_;  ///< the one found last; its point is not used
     sal_Int16 role_ = 0;
 };
 

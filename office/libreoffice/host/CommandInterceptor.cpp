@@ -34,7 +34,7 @@ constexpr Intercepted kIntercepted[] = {
     {".uno:CloseFrame", HostCommand::Close},
     {".uno:Quit", HostCommand::Close},
     {".uno:PrintPreview", HostCommand::PrintPreview},
-    // These would load something in place of the document or show it elsewhere.
+    // These would load a file in place of the document or show it elsewhere.
     {"file:*", {}},
     {".uno:OpenUrl", {}},
     {".uno:OpenRemote", {}},
@@ -92,7 +92,7 @@ void CommandInterceptor::dispatch(const css::util::URL& url,
     if (found != nullptr && found->command) sink_(*found->command);
 }
 
-/// What is swallowed shows as not to be had.
+/// Shows commands without effect as disabled.
 void CommandInterceptor::addStatusListener(const Reference<css::frame::XStatusListener>& listener,
                                            const css::util::URL& url) {
     const Intercepted* const found = find(url);

@@ -14,11 +14,11 @@
 
 namespace mergeloom::libreoffice {
 
-/// Hears a command; called by threads of the bridge, while the office waits.
+/// Receives a command; called by threads of the bridge, while the office waits.
 using CommandSink = std::function<void(HostCommand)>;
 
-/// Takes the commands that make, load, save and close documents away from a frame and tells them to the
-/// window; those that would put another document into the frame are swallowed.
+/// Intercepts the commands of a frame that make, load, save and close documents, and passes them to the
+/// window; those that would put another document into the frame have no effect.
 class CommandInterceptor final
     : public cppu::WeakImplHelper3<css::frame::XDispatchProviderInterceptor, css::frame::XInterceptorInfo,
                                    css::frame::XDispatch> {

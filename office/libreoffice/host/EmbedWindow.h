@@ -4,21 +4,23 @@
 
 namespace mergeloom::libreoffice {
 
-/// The window in which a frame of the office is made: first one of the screen's own, out of sight, then a
-/// child of ours. LibreOffice listens to the keys of whichever window stands right below the screen when a
-/// frame is made in it; made in ours, it would hear what the user types beside the document.
+/// The window in which a frame of the office is made: first a top-level window, outside of the visible
+/// screen, then a child of ours. LibreOffice takes the keys of the top-level window in which a frame is made;
+/// made in ours, it would take what the user types beside the document.
 class EmbedWindow {
   public:
     /// The window system has to outlive it.
     EmbedWindow(const WindowSystem& windows, const HostWindow& host);
     EmbedWindow(const EmbedWindow&) = delete;
     EmbedWindow& operator=(const EmbedWindow&) = delete;
-    /// Hides it. It goes with the line to the server: the office may still think of it.
+    /// Hides it. The window is destroyed with the connection to the server, since the office may still use
+    /// it.
     ~EmbedWindow();
 
     [[nodiscard]] xcb_window_t id() const { return window_; }
     void moveIntoHost() const;
-    /// With the office's window in it, which would keep its size in a nest that was moved.
+    /// Resizes it together with the office's window in it, which would keep its size after the move into
+    /// ours.
     void resize(int width, int height) const;
 
   private:

@@ -14,7 +14,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// The left, the middle and the right one; the wheel moves no keyboard.
+/// The left, the middle and the right button; the wheel does not move the focus.
 constexpr std::uint8_t kButtons[] = {1, 2, 3};
 
 }  // namespace
@@ -35,7 +35,7 @@ FocusForwarder::~FocusForwarder() {
     ::close(wakeUp_[0]);
 }
 
-/// The server holds a click until it is told to go on with it.
+/// The server holds back each click until it is told to continue.
 void FocusForwarder::grabClicks(xcb_window_t window) const {
     for (const std::uint8_t button : kButtons) {
         xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,

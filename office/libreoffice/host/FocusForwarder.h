@@ -7,9 +7,9 @@
 
 namespace mergeloom::libreoffice {
 
-/// Lets the keyboard follow the user's clicks between the office and the window around it, which belong to
-/// different programs: neither a window manager nor LibreOffice does it for a window inside another one. The
-/// clicks go on to whom they are meant for.
+/// Gives the input focus to the window that the user clicks, of the office and the window around it, which
+/// belong to different programs: neither a window manager nor LibreOffice does so for a window inside another
+/// one. The clicks are passed on.
 class FocusForwarder {
   public:
     /// Raises kNotAvailable when there is no X server.
@@ -18,7 +18,7 @@ class FocusForwarder {
     FocusForwarder& operator=(const FocusForwarder&) = delete;
     ~FocusForwarder();
 
-    /// While it is not, clicks give the office nothing.
+    /// While disabled, clicks do not give the focus to the office.
     void setEnabled(bool enabled) { isEnabled_ = enabled; }
 
   private:

@@ -23,7 +23,7 @@ using Properties = Reference<css::beans::XPropertySet>;
 
 constexpr const char* kMarks = "ShowNonprintingCharacters";
 constexpr const char* kBookmarks = "ShowBookmarks";
-/// What Writer shows besides bookmarks while it shows marks at all.
+/// The marks that Writer shows besides bookmarks while it shows marks at all.
 constexpr const char* kOtherMarks[] = {"ShowParaBreaks", "ShowSpaces",          "ShowTabstops",
                                        "ShowBreaks",     "ShowProtectedSpaces", "ShowSoftHyphens"};
 
@@ -65,7 +65,7 @@ HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, 
     const Reference<css::frame::XDispatchProviderInterception> commandsOfFrame(frame_, UNO_QUERY_THROW);
     commandsOfFrame->registerDispatchProviderInterceptor(interceptor_.get());
     container_->setVisible(true);
-    // Moved before it was shown, the office's window stays blank.
+    // The office's window stays blank when it is moved before it was shown.
     embedWindow_.moveIntoHost();
 }
 
@@ -109,7 +109,7 @@ Reference<css::frame::XLayoutManager> HostFrame::layoutManager() const {
     return {properties->getPropertyValue("LayoutManager"), UNO_QUERY_THROW};
 }
 
-/// None for a view that has no settings of that kind.
+/// Returns none for a view that has no settings of that kind.
 Properties HostFrame::viewSettings() const {
     const Reference<css::view::XViewSettingsSupplier> supplier(frame_->getController(), UNO_QUERY);
     if (supplier.is()) return supplier->getViewSettings();
@@ -121,8 +121,8 @@ bool HostFrame::showsBookmarks() const {
     return hasBookmarks(settings) && isOn(settings, kMarks) && isOn(settings, kBookmarks);
 }
 
-/// Writer shows bookmarks only while it shows marks. Where the user does not want to see those, the others
-/// are put out meanwhile.
+/// Writer shows bookmarks only while it shows marks. When the user does not want to see those, the other
+/// marks are hidden meanwhile.
 void HostFrame::setShowsBookmarks(bool shown) const {
     const Properties settings = viewSettings();
     if (!hasBookmarks(settings)) return;

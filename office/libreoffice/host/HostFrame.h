@@ -17,7 +17,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// A frame of the office that fills a window of ours and shows one document with menus and bars. Its members
+/// A frame of the office that fills a window of ours and shows one document with menus and bars. All members
 /// are to be called within a call of the connection.
 class HostFrame {
   public:
@@ -25,23 +25,23 @@ class HostFrame {
               CommandSink commands);
 
     [[nodiscard]] const Reference<css::frame::XFrame>& uno() const { return frame_; }
-    /// None when its document is closed, with which it goes.
+    /// Returns the document; none when it is closed, which closes the frame, too.
     [[nodiscard]] DocumentReference document() const;
     [[nodiscard]] DocumentKind kind() const;
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
     void resize(int width, int height);
-    /// Whether bars and document are where they belong since the last change of them.
+    /// Returns whether the bars and the document are laid out since their last change.
     [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }
-    /// Lays them out; false while the office has not yet taken over the size of the window.
+    /// Lays them out; returns false while the office does not yet have the size of the window.
     bool layOut();
     void setEnabled(bool enabled) const { container_->setEnable(enabled); }
-    /// Lets the keys that the frame's window gets go to the document.
+    /// Passes the keys that the frame's window receives to the document.
     void focus() const { frame_->getComponentWindow()->setFocus(); }
     [[nodiscard]] bool showsBookmarks() const;
     void setShowsBookmarks(bool shown) const;
     void setZoom(int percent);
-    /// Under the office's own name, which ends the bar's address.
+    /// Shows or hides the bar of the office's own name, which ends the bar's address.
     void setBarVisible(const std::string& bar, bool visible);
 
   private:

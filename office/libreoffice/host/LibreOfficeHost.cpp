@@ -36,8 +36,8 @@ constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
-/// Returns the kind of document that a file holds; the given one when both know its extension, or
-/// neither does.
+/// Returns the kind of document that a file holds; the given one when both kinds or neither have its
+/// extension.
 DocumentKind kindOf(const std::string& path, DocumentKind shown) {
     const std::optional<DocumentFamily> family = familyOf(toLowerAscii(extension(path)));
     if (!family) return shown;
@@ -59,7 +59,7 @@ void close(const HostedDocument& hosted) {
         (*workbook)->Close(excel::SaveChanges::No);
 }
 
-/// The office's name for a bar under Word's name; empty when it has none.
+/// Returns the office's name for a bar under Word's name; empty when it has none.
 std::string barOf(const std::string& name, DocumentKind kind) {
     if (name == "Standard") return "standardbar";
     if (name != "Formatting") return {};
@@ -93,13 +93,13 @@ LibreOfficeHost::~LibreOfficeHost() {
     edited_ = {};
     word_.reset();
     excel_.reset();
-    // Whoever still holds a document holds the session with it, but not the office.
+    // A document that is still referred to keeps the session, but must not keep the office.
     if (session_.use_count() > 1) process.kill();
 }
 
 /// An office that is asked to end asks the user about documents that were not saved.
 void LibreOfficeHost::closeDocuments() try { closeAllBut({}); } catch (const AutomationError&) {
-    // The office has ended; so have its documents.
+    // The office has ended, and with it its documents.
 }
 
 void LibreOfficeHost::checkIsAlive() const {
@@ -202,7 +202,7 @@ void LibreOfficeHost::letOfficeCatchUp() {
     Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
 }
 
-/// A view that is never laid out, whatever hinders it, does not hold the caller.
+/// A view that is never laid out, for whatever reason, must not block the caller.
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
     while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
@@ -228,7 +228,7 @@ void LibreOfficeHost::resize(int width, int height) {
     });
 }
 
-/// The office gives the keyboard away again when it is told to take it before its window has it.
+/// The office gives the focus away again when it is told to take it before its window has it.
 void LibreOfficeHost::focus() {
     const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
     if (inner == XCB_WINDOW_NONE) return;

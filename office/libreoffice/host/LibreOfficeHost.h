@@ -18,10 +18,10 @@
 namespace mergeloom::libreoffice {
 
 /// LibreOffice inside a window of ours, over X11. Each document has a frame of its own that fills the window;
-/// the one that came last covers the others.
+/// the newest one covers the others.
 class LibreOfficeHost final : public DocumentHost {
   public:
-    /// Starts an office of its own. Raises kNotAvailable with a sentence that says what hinders it.
+    /// Starts an office of its own. Raises kNotAvailable with a sentence that says why it cannot be started.
     LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind, HostListener& listener);
     ~LibreOfficeHost() override;
 
@@ -38,7 +38,7 @@ class LibreOfficeHost final : public DocumentHost {
     void setShowsBookmarks(bool shown) override;
     void setZoom(int percent) override;
     void setCommandBarVisible(const std::string& name, bool visible) override;
-    /// LibreOffice has no switch for it.
+    /// LibreOffice has no option for it.
     bool allowsDragAndDrop() override { return true; }
     std::string build() override;
 
@@ -48,18 +48,19 @@ class LibreOfficeHost final : public DocumentHost {
         checkIsAlive();
         return session_->connection().call(body);
     }
-    /// A frame that is gone tells only of its document's end.
+    /// Raises kNotAvailable when the office has ended; a closed frame shows only the end of its document.
     void checkIsAlive() const;
     [[nodiscard]] Reference<css::frame::XFrame> makeFrame();
-    /// The one that the user sees; none without a document.
+    /// Returns the frame that the user sees; null without a document.
     [[nodiscard]] HostFrame* front();
     [[nodiscard]] std::vector<HostedDocument> documents();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     void click(HostPoint point);
-    /// Waits until it has done what it was sent as events. Within a call.
+    /// Waits until the office has handled the events that it was sent. To be called within a call.
     void letOfficeCatchUp();
-    /// Waits until the document is where it belongs after a change of the window or a load. Within a call.
+    /// Waits until the document is laid out after a change of the window or a load. To be called within a
+    /// call.
     void waitForLayout(HostFrame& frame);
 
     HostWindow window_;
@@ -70,7 +71,7 @@ class LibreOfficeHost final : public DocumentHost {
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
     std::list<HostFrame> frames_;  ///< the last one is in front
-    HostedDocument edited_;        ///< by the object model at the moment
+    HostedDocument edited_;        ///< by the object model now
     std::optional<FocusForwarder> focus_;
     std::optional<ProcessMonitor> monitor_;
 };

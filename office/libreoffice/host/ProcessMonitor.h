@@ -9,10 +9,10 @@
 
 namespace mergeloom::libreoffice {
 
-/// Tells once when an office ends while it is watched, though nobody calls it.
+/// Calls a function once when an office ends while it is watched, even when it is not called.
 class ProcessMonitor {
   public:
-    /// The sink is called on the watch's own thread.
+    /// Calls whenEnded on the monitor's own thread.
     ProcessMonitor(const LibreOfficeProcess& process, std::function<void()> whenEnded);
     ProcessMonitor(const ProcessMonitor&) = delete;
     ProcessMonitor& operator=(const ProcessMonitor&) = delete;

@@ -9,11 +9,11 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// More than the time within which two clicks are one double click.
+/// Longer than the time within which two clicks make a double click.
 constexpr xcb_timestamp_t kBetweenClicks = 5000;
 constexpr std::uint8_t kLeftButton = 1;
 
-/// What the server answers with has to be freed.
+/// The server's replies have to be freed.
 template <typename Reply>
 using ReplyPtr = std::unique_ptr<Reply, void (*)(void*)>;
 
@@ -116,7 +116,7 @@ void WindowSystem::click(xcb_window_t window, HostPoint point) {
     waitForServer();
 }
 
-/// It works in order, so an answer means that the events are on their way.
+/// The server works in order, so after its reply the events have been sent.
 void WindowSystem::waitForServer() const {
     owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
 }

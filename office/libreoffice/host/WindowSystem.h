@@ -10,30 +10,30 @@
 
 namespace mergeloom::libreoffice {
 
-/// A line of our own to the X server of the environment variable DISPLAY. Windows that are gone make its
-/// members do nothing.
+/// A connection of our own to the X server of the environment variable DISPLAY. For windows that are gone,
+/// all members do nothing.
 class WindowSystem {
   public:
-    /// Raises kNotAvailable when there is no such server.
+    /// Connects. Raises kNotAvailable when there is no such server.
     WindowSystem();
 
     [[nodiscard]] xcb_connection_t* get() const { return connection_.get(); }
-    /// The window of the office that covers the others in a window of ours, in a nest; none when there is
-    /// none.
+    /// Returns the office's window that covers the others in a window of ours, inside its EmbedWindow; none
+    /// when there is none.
     [[nodiscard]] xcb_window_t innerWindow(xcb_window_t host) const;
-    /// The child in front of the others; none when no child is visible.
+    /// Returns the child in front of the others; none when no child is visible.
     [[nodiscard]] xcb_window_t topChild(xcb_window_t window) const;
-    /// The window of the whole screen on which a window is.
+    /// Returns the root window of the screen that shows the window.
     [[nodiscard]] xcb_window_t screenOf(xcb_window_t window) const;
-    /// The window that the user sees as a whole.
+    /// Returns the top-level window that contains the window.
     [[nodiscard]] xcb_window_t topWindow(xcb_window_t window) const;
-    /// Whether the mouse is over the window.
+    /// Returns whether the mouse is over the window.
     [[nodiscard]] bool isMouseOver(xcb_window_t window) const;
 
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
-    /// Plays a click of the left button; it is at the window's owner when this returns.
+    /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);
-    /// Until it has done what it was asked for.
+    /// Waits until the server has done what it was asked to do.
     void waitForServer() const;
 
   private:
@@ -41,7 +41,7 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
-    xcb_timestamp_t clicks_ = 0;  ///< when the last one was, in a time of its own
+    xcb_timestamp_t clicks_ = 0;  ///< the time of the last one, in a time of its own
 };
 
 }  // namespace mergeloom::libreoffice
