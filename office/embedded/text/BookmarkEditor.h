@@ -6,25 +6,25 @@
 
 namespace mergeloom::embedded {
 
-/// Sets, moves and takes away the marks of bookmarks in one story.
+/// Sets, moves and removes the marks of bookmarks in one story.
 class BookmarkEditor {
   public:
     BookmarkEditor(Story& story, StoryEditor& editor, WordSkeletons& skeletons, EditJournal& journal,
                    BookmarkTable& table)
         : story_(story), editor_(editor), skeletons_(skeletons), journal_(journal), table_(table) {}
 
-    /// Marks a stretch of the story; the name must be free. A stretch of some but not all columns of a table
-    /// is marked by its columns (ECMA-376 Part 1, 17.13.6.2).
-    /// Raises an AutomationError, and changes nothing, where no bookmark can start or end.
+    /// Marks a range of the story; the name must be free. A range of some but not all columns of a table is
+    /// marked by its columns (ECMA-376 Part 1, 17.13.6.2).
+    /// Raises an AutomationError, and changes nothing, when no bookmark can start or end there.
     BookmarkRecord& add(const std::string& name, std::int64_t id, CharacterPosition start,
                         CharacterPosition end);
-    /// The check that add makes first.
+    /// Raises the errors of add.
     void check(CharacterPosition start, CharacterPosition end) const;
-    /// Takes a bookmark of this story away; its text stays.
+    /// Removes a bookmark of this story; its text stays.
     void remove(BookmarkRecord& record);
-    /// Lets the bookmarks go that stand in text boxes inside an element that is about to be removed.
+    /// Removes the bookmarks in text boxes inside an element that is about to be removed.
     void unlistTextBoxes(pugi::xml_node element);
-    /// Moves one end; the other end goes along where it would be passed. Errors as for add.
+    /// Moves one end; the other end is moved along when it would be passed. Errors as for add.
     void moveStart(BookmarkRecord& record, CharacterPosition start);
     void moveEnd(BookmarkRecord& record, CharacterPosition end);
 
@@ -34,9 +34,9 @@ class BookmarkEditor {
     void insertBehind(Item* mark, Item* start);
     void insertMark(Item* item, DomPlace place, Item* next);
     void removeMark(Item* item);
-    /// Whether a stretch covers several cells of a table but no whole row.
+    /// Returns whether a range covers several cells of a table but no whole row.
     [[nodiscard]] bool isRangeOfColumns(CharacterPosition start, CharacterPosition end) const;
-    /// Makes the columns of a bookmark that was moved true again.
+    /// Updates the columns of a bookmark that was moved.
     void renewColumns(const BookmarkRecord& record);
     void setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const;
 
@@ -47,7 +47,8 @@ class BookmarkEditor {
     BookmarkTable& table_;
 };
 
-/// Whether Word takes a text as a bookmark's name: at most 40 letters, digits and "_", no digit first.
+/// Returns whether Word accepts a text as a bookmark's name: at most 40 letters, digits and "_", no digit
+/// first.
 bool isBookmarkName(std::string_view name);
 
 }  // namespace mergeloom::embedded

@@ -6,7 +6,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// How many marks a search may pass before what it finds is worth remembering.
+/// The number of marks that a search may pass before its result is worth remembering.
 constexpr int kFar = 64;
 
 bool overlaps(const BookmarkRecord& record, CharacterPosition start, CharacterPosition end) {

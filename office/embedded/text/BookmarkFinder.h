@@ -12,17 +12,18 @@ class BookmarkFinder {
   public:
     explicit BookmarkFinder(Story& story) : story_(story) {}
 
-    /// The bookmarks that a range overlaps, or that a caret stands in or touches, in place order.
+    /// Returns the bookmarks that a range overlaps, or that a caret is in or touches, in the order of their
+    /// places.
     std::vector<BookmarkRecord*> in(CharacterPosition start, CharacterPosition end);
 
   private:
-    /// Adds the bookmarks that start before an item and end behind the position; there are so many.
+    /// Adds the bookmarks, `count` of them, that start before an item and end after the position.
     void addEnclosing(Item* first, CharacterPosition end, int count,
                       std::unordered_set<BookmarkRecord*>& found);
     [[nodiscard]] bool encloses(const BookmarkRecord& record, const Item* first, CharacterPosition end) const;
 
     Story& story_;
-    // Bookmarks that a search found far ahead of where it began; looked at first, so that a bookmark around
+    // Bookmarks that a search found far ahead of its start; looked at first, so that a bookmark around
     // thousands of others is not searched for again and again.
     std::vector<BookmarkRecord*> farStarts_;
 };

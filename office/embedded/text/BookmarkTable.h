@@ -19,8 +19,8 @@ namespace mergeloom::embedded {
 
 class Story;
 
-/// A bookmark of the document: its name as written, its id and the marks where it starts and ends. The marks
-/// are items of their story, so the bookmark moves with the text without being touched.
+/// A bookmark of the document: its name as written, its id and the marks at which it starts and ends. The
+/// marks are items of their story, so the bookmark moves with the text without being changed.
 struct BookmarkRecord {
     std::string name;
     std::int64_t id = 0;
@@ -29,14 +29,14 @@ struct BookmarkRecord {
     Item* end = nullptr;
     bool listed = false;  ///< in the table; false once the bookmark is deleted
 
-    /// Word keeps bookmarks of such names out of its collections, though they are found by name.
+    /// Returns whether Word leaves the bookmark out of its collections, though it is found by name.
     [[nodiscard]] bool isHidden() const { return name.starts_with('_'); }
 };
 
 /// A mark in the fallback branch of a text box, which repeats the text box for programs that cannot show it
-/// (ECMA-376 Part 3, 10.2.3). It carries the name and id of the real mark and has to go with it.
+/// (ECMA-376 Part 3, 10.2.3). It has the name and id of the real mark and is removed with it.
 struct BookmarkCopy {
-    std::string name;  ///< of a start; an end carries none
+    std::string name;  ///< of a start; an end has none
     std::string id;
     opc::XmlPart* part = nullptr;
     pugi::xml_node node;
@@ -46,22 +46,22 @@ struct BookmarkCopy {
 /// (ECMA-376 Part 1, 17.13.6.2).
 class BookmarkTable {
   public:
-    /// A record that is not listed yet; it lives as long as the table.
+    /// Makes a record that is not listed yet; it lives as long as the table.
     BookmarkRecord& create(std::string name, std::int64_t id, Story& story);
 
-    /// Lists a record whose name no other listed record has.
+    /// Lists a record; no other listed record may have its name.
     void list(BookmarkRecord& record);
     void unlist(BookmarkRecord& record);
 
     [[nodiscard]] BookmarkRecord* find(std::string_view name) const;
-    /// The records that are not hidden, in name order.
+    /// Returns the records that are not hidden, in name order.
     [[nodiscard]] const std::vector<BookmarkRecord*>& inNameOrder();
 
-    /// The smallest number n from 1 for which no record is named stem followed by n.
+    /// Returns the smallest number n from 1 for which no record is named stem followed by n.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
 
     void addCopy(BookmarkCopy copy) { copies_.push_back(std::move(copy)); }
-    /// The marks in fallback branches that repeat a bookmark.
+    /// Returns the marks in fallback branches that repeat a bookmark.
     [[nodiscard]] std::vector<BookmarkCopy> copiesOf(const BookmarkRecord& record) const;
 
   private:
@@ -85,7 +85,7 @@ class BookmarkTable {
     std::unordered_set<BookmarkRecord*, NameHash, NameEqual> byName_;
     std::vector<BookmarkRecord*> ordered_;
     bool orderIsStale_ = false;
-    // For each stem asked for, a number below which all counters are taken.
+    // For each stem that was asked for, a number below which all counters are taken.
     std::unordered_map<std::string, std::int64_t> takenBelow_;
 };
 

@@ -29,10 +29,10 @@ DomPlace DomPlaces::forEndMark(const Item* previous, const Item* next) const {
     const pugi::xml_node paragraph = story_.paragraphOf(previous);
     const bool endsBlock = previous->kind == ItemKind::ParagraphMark || previous->kind == ItemKind::RowMark;
     if (!endsBlock && next && story_.paragraphOf(next) == paragraph) return inParagraph(previous, next);
-    if (previous->kind != ItemKind::RowMark) return behind(previous);
+    if (previous->kind != ItemKind::RowMark) return after(previous);
     const pugi::xml_node table = story_.tableOf(previous);
     const bool lastRow = !next || !isInside(next->node, table);
-    return lastRow ? DomPlace{table.parent(), table} : behind(previous);
+    return lastRow ? DomPlace{table.parent(), table} : after(previous);
 }
 
 pugi::xml_node DomPlaces::inlineElementOf(const Item* item) const {
@@ -44,7 +44,7 @@ DomPlace DomPlaces::inParagraph(const Item* previous, const Item* next) const {
     pugi::xml_node both = before(next).parent;
     while (!isInside(previous->node, both))
         both = both.parent();
-    DomPlace place = behind(previous);
+    DomPlace place = after(previous);
     while (place.parent != both)
         place = {place.parent.parent(), place.parent};
     return place;
@@ -59,7 +59,7 @@ DomPlace DomPlaces::firstInParagraph(const Item* next, pugi::xml_node paragraph)
 
 DomPlace DomPlaces::inContainer(const Item* previous, const Item* next, pugi::xml_node container) const {
     if (previous && isInside(previous->node, container)) {
-        DomPlace place = behind(previous);
+        DomPlace place = after(previous);
         while (place.parent != container)
             place = {place.parent.parent(), place.parent};
         return place;
@@ -70,16 +70,17 @@ DomPlace DomPlaces::inContainer(const Item* previous, const Item* next, pugi::xm
             place = {place.parent.parent(), place.parent.previous_sibling()};
         return place;
     }
-    // An empty container stands right before next or before the marks there, behind which the text has to go.
-    for (pugi::xml_node behind = container.next_sibling(); behind && previous && previous->isMark();
-         behind = behind.next_sibling()) {
-        if (behind == previous->node) return {};
-        if (names_.tagOf(behind) == opc::WordTag::Run) break;
+    // An empty container is next to the item that follows or before the marks there, after which the text has
+    // to go.
+    for (pugi::xml_node following = container.next_sibling(); following && previous && previous->isMark();
+         following = following.next_sibling()) {
+        if (following == previous->node) return {};
+        if (names_.tagOf(following) == opc::WordTag::Run) break;
     }
     return {container, container.last_child()};
 }
 
-DomPlace DomPlaces::behind(const Item* item) const {
+DomPlace DomPlaces::after(const Item* item) const {
     if (item->kind == ItemKind::FieldBegin && isSimpleField(item)) return {item->node, {}};
     const pugi::xml_node element = inlineElementOf(item);
     return {element.parent(), element};

@@ -6,40 +6,40 @@
 
 namespace mergeloom::embedded {
 
-/// Where an element goes in a part: behind a sibling, or first in its parent when after is none.
+/// A place for an element in a part: after a sibling, or first in its parent when there is no sibling.
 struct DomPlace {
     pugi::xml_node parent;
     pugi::xml_node after;
 };
 
-/// Finds where elements go between two neighbouring items of a story. Between two characters there are often
-/// several places (inside a hyperlink or behind it); the outermost one is taken, so that what is put in at
-/// the start or the end of a container does not fall into it.
+/// Finds places for elements between two neighbouring items of a story. Between two characters there are
+/// often several places (inside a hyperlink or after it); the outermost one is taken, so that what is
+/// inserted at the start or the end of a container does not get into it.
 class DomPlaces {
   public:
     explicit DomPlaces(const Story& story) : story_(story), names_(story.names()) {}
 
-    /// For a run or another element of the paragraph that next stands in or ends. It goes into the container,
-    /// which may be none, when that stands between the two or around one of them. Raises an AutomationError
-    /// where no text can stand: behind the last cell of a row, in deleted text.
+    /// Returns the place for a run or another element of the paragraph that the next item is in or ends. It
+    /// goes into the container, if there is one and it is between the two items or around one of them. Raises
+    /// an AutomationError where no text is possible: after the last cell of a row, in deleted text.
     [[nodiscard]] DomPlace forRun(const Item* previous, const Item* next,
                                   pugi::xml_node container = {}) const;
-    /// For the start mark of a bookmark, which may stand in deleted text, too.
+    /// Returns the place for the start mark of a bookmark, which may be in deleted text, too.
     [[nodiscard]] DomPlace forStartMark(const Item* previous, const Item* next) const;
-    /// For the end mark of a bookmark whose last character is the previous item.
+    /// Returns the place for the end mark of a bookmark whose last character is the previous item.
     [[nodiscard]] DomPlace forEndMark(const Item* previous, const Item* next) const;
 
-    /// The run that an item stands in, or the item's own element where it stands in none.
+    /// Returns the run that an item is in, or the item's own element when it is in none.
     [[nodiscard]] pugi::xml_node inlineElementOf(const Item* item) const;
 
   private:
-    [[nodiscard]] DomPlace behind(const Item* item) const;
+    [[nodiscard]] DomPlace after(const Item* item) const;
     [[nodiscard]] DomPlace before(const Item* item) const;
-    /// Right behind the previous item and outside of all that ends there.
+    /// Returns the place right after the previous item and outside of all elements that end there.
     [[nodiscard]] DomPlace inParagraph(const Item* previous, const Item* next) const;
-    /// Before the paragraph's first item and outside of all that begins there.
+    /// Returns the place before the paragraph's first item and outside of all elements that begin there.
     [[nodiscard]] DomPlace firstInParagraph(const Item* next, pugi::xml_node paragraph) const;
-    /// In a container that stands at the place; a place without parent when it does not.
+    /// Returns the place in a container that is at the place; one without a parent when it is not.
     [[nodiscard]] DomPlace inContainer(const Item* previous, const Item* next,
                                        pugi::xml_node container) const;
     [[nodiscard]] bool isSimpleField(const Item* item) const;

@@ -102,7 +102,7 @@ void EditJournal::record(const Entry& entry) {
     if (recording_) {
         entries_.push_back(entry);
     } else {
-        // A later edit that is not recorded: what was recorded cannot be taken back any more.
+        // After an edit that is not recorded, the recorded ones cannot be undone any more.
         entries_.clear();
     }
 }

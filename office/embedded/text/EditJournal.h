@@ -11,25 +11,25 @@
 
 namespace mergeloom::embedded {
 
-/// Every change to a document's trees goes through here, so that it can be taken back: while the journal
-/// records, each primitive step leaves its inverse, and undo plays them from the last to the first.
+/// Makes every change to a document's trees, so that it can be undone: while the journal records, it keeps
+/// the inverse of each primitive step, and undo replays them from the last to the first.
 class EditJournal {
   public:
-    /// Forgets what was recorded and records from now on.
+    /// Forgets the recorded steps and records from now on.
     void start();
     void stop() { recording_ = false; }
     [[nodiscard]] bool isEmpty() const { return entries_.empty(); }
-    /// Takes back all that was recorded; the journal is empty then.
+    /// Undoes all recorded steps, after which the journal is empty.
     void undo();
 
-    /// Moves a node of the part behind a sibling, or to the first place when after is none.
+    /// Moves a node of the part after a sibling, or to the first place when `after` is none.
     void move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
-    /// Takes a node out of the part; it rests in the attic.
+    /// Moves a node out of the part into the attic.
     void remove(opc::XmlPart& part, pugi::xml_node node);
     /// Sets the value of a text node.
     void setText(opc::XmlPart& part, pugi::xml_node text, const std::string& value);
     void appendText(opc::XmlPart& part, pugi::xml_node text, const std::string& more);
-    /// Marks a text element whose text begins or ends with a blank.
+    /// Marks a text element as one whose blanks at the beginning and the end count.
     void keepBlanks(pugi::xml_node textElement);
 
     void insertItem(ItemTree& tree, Item* next, Item* item);
@@ -55,8 +55,8 @@ class EditJournal {
         BookmarkUnlisted,
     };
 
-    /// What a step needs to be taken back; which fields say what is the step's own matter. Kept small: a
-    /// drop of a large form records a dozen steps for each of its controls.
+    /// The data that undoes a step; the kind of step decides which fields it uses. Kept small: a drop of a
+    /// large form records a dozen steps for each of its controls.
     struct Entry {
         Step step;
         std::uint32_t number = 0;
@@ -69,13 +69,13 @@ class EditJournal {
     void touch(opc::XmlPart& part);
     void takeBack(const Entry& entry);
 
-    // Queues, which grow without moving what they hold: a large drop records much.
+    // Queues, which grow without moving their elements: a large drop records much.
     std::deque<Entry> entries_;
     std::deque<std::string> oldTexts_;
     bool recording_ = false;
 };
 
-/// Places a node without recording it; for nodes that a journal is about to take over.
+/// Moves a node without recording it, for nodes that a journal is about to take over.
 void moveNode(pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
 
 }  // namespace mergeloom::embedded

@@ -7,7 +7,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Follows the fields that open and close along a story.
+/// Follows the fields that begin and end along a story.
 class FieldScan {
   public:
     explicit FieldScan(const opc::WordNames& names) : names_(names) {}
@@ -25,7 +25,7 @@ class FieldScan {
         }
     }
 
-    /// Returns the fields, with those that never ended.
+    /// Returns the fields, also those that never ended.
     std::vector<FieldItems> result() {
         for (std::size_t field = 0; field < fields_.size(); ++field)
             fields_[field].isInCode = isInCode(places_[field]);
@@ -33,7 +33,8 @@ class FieldScan {
     }
 
   private:
-    /// Where a field begins: in the code or the result of the innermost field that is open there.
+    /// The place at which a field begins: in the code or the result of the innermost field that is open
+    /// there.
     struct Place {
         std::optional<std::size_t> outer;
         bool codeRuns = false;
@@ -47,12 +48,13 @@ class FieldScan {
         fields_.push_back({item});
     }
 
-    /// The code of w:fldSimple is an attribute.
+    /// Returns whether the code of the field still goes on; that of w:fldSimple is an attribute.
     [[nodiscard]] bool codeRuns(const FieldItems& field) const {
         return !field.separator && names_.tagOf(field.begin->node) != opc::WordTag::SimpleField;
     }
 
-    /// The outer field is known by then. One that never ended is none, but there may be others around it.
+    /// Returns whether the place is in the code of a field. The outer field is known by then; one that never
+    /// ended is none, but there may be others around it.
     [[nodiscard]] bool isInCode(const Place& place) const {
         if (!place.outer) return false;
         const FieldItems& outer = fields_[*place.outer];
@@ -70,8 +72,8 @@ class FieldScan {
 std::vector<FieldItems> fieldsBetween(const Story& story, CharacterPosition start, CharacterPosition end) {
     FieldScan scan(story.names());
     for (Item* item = story.firstItemAt(start); item; item = ItemTree::next(item)) {
-        const bool behind = item->takesPlace() && ItemTree::positionOf(item) >= end;
-        if (behind && !scan.hasOpen()) break;
+        const bool isAfterRange = item->takesPlace() && ItemTree::positionOf(item) >= end;
+        if (isAfterRange && !scan.hasOpen()) break;
         scan.take(item);
     }
     std::vector<FieldItems> fields = scan.result();

@@ -8,14 +8,14 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// The properties of a run that the schema wants behind its size (ECMA-376 Part 1, 17.3.2.28 and annex A).
-constexpr std::array<std::string_view, 15> kBehindSize{
+/// The properties of a run that come after its size in the schema (ECMA-376 Part 1, 17.3.2.28 and annex A).
+constexpr std::array<std::string_view, 15> kAfterSize{
     "highlight", "u",    "effect",          "bdr",        "shd",   "fitText",  "vertAlign", "rtl", "cs",
     "em",        "lang", "eastAsianLayout", "specVanish", "oMath", "rPrChange"};
 
-bool standsBehindSize(std::string_view name) {
+bool comesAfterSize(std::string_view name) {
     const std::string_view local = name.substr(name.find(':') + 1);
-    return std::find(kBehindSize.begin(), kBehindSize.end(), local) != kBehindSize.end();
+    return std::find(kAfterSize.begin(), kAfterSize.end(), local) != kAfterSize.end();
 }
 
 }  // namespace
@@ -47,14 +47,14 @@ void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
     const pugi::xml_node properties = renewProperties(paragraph, opc::WordTag::ParagraphProperties, "pPr");
     pugi::xml_node mark = story_.names().child(properties, opc::WordTag::RunProperties);
     if (!mark) {
-        // The mark's formatting stands before the section and the record of a change only.
+        // Only the section and the record of a change come after the mark's formatting.
         const pugi::xml_node last = properties.last_child();
         const pugi::xml_node section = story_.names().child(properties, opc::WordTag::SectionProperties);
         const bool changed = std::string_view(last.name()).ends_with("pPrChange");
-        const pugi::xml_node behind = section ? section : changed ? last : pugi::xml_node();
+        const pugi::xml_node next = section ? section : changed ? last : pugi::xml_node();
         const std::string name = story_.names().element("rPr");
-        mark = behind ? pugi::xml_node(properties).insert_child_before(name.c_str(), behind)
-                      : pugi::xml_node(properties).append_child(name.c_str());
+        mark = next ? pugi::xml_node(properties).insert_child_before(name.c_str(), next)
+                    : pugi::xml_node(properties).append_child(name.c_str());
     }
     writeSize(mark, halfPoints);
 }
@@ -69,15 +69,15 @@ pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, opc::WordTag 
 
 void FontEditor::writeSize(pugi::xml_node runProperties, int halfPoints) {
     const opc::WordNames& names = story_.names();
-    pugi::xml_node behind;
+    pugi::xml_node next;
     for (const pugi::xml_node child : runProperties.children()) {
-        if (!behind && standsBehindSize(child.name())) behind = child;
+        if (!next && comesAfterSize(child.name())) next = child;
     }
     for (const char* local : {"sz", "szCs"}) {
         const std::string name = names.element(local);
         runProperties.remove_child(name.c_str());
-        pugi::xml_node size = behind ? runProperties.insert_child_before(name.c_str(), behind)
-                                     : runProperties.append_child(name.c_str());
+        pugi::xml_node size = next ? runProperties.insert_child_before(name.c_str(), next)
+                                   : runProperties.append_child(name.c_str());
         size.append_attribute(names.attribute("val").c_str()) = halfPoints;
     }
 }

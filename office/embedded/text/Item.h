@@ -9,12 +9,12 @@ namespace mergeloom::embedded {
 
 struct BookmarkRecord;
 
-/// What an item of a story is. The order of the groups matters to nobody; the lengths do.
+/// The kinds of items of a story. Nothing depends on the order of the groups, but the lengths differ.
 enum class ItemKind : std::uint8_t {
     Text,            ///< the text of w:t or w:delText, one unit per UTF-16 code unit
     FieldCode,       ///< the text of w:instrText, not part of what a range reads as its text
     Character,       ///< a tab, break, hyphen, symbol, note reference or another single character
-    InlineObject,    ///< a picture or object that stands in the text
+    InlineObject,    ///< a picture or object in the text
     FieldBegin,      ///< w:fldChar begin; for w:fldSimple, the begin, the code and the separator together
     FieldSeparator,  ///< w:fldChar separate
     FieldEnd,        ///< w:fldChar end, or the end of w:fldSimple
@@ -25,8 +25,8 @@ enum class ItemKind : std::uint8_t {
     BookmarkEnd,     ///< takes no place in the text
 };
 
-/// One piece of a story between its start and its end, tied to the element that it stands for. Items of a
-/// story form an ordered tree (ItemTree), whose fields stand here too so that an item costs one allocation.
+/// One piece of a story, with the element that it represents. Items of a story form an ordered tree
+/// (ItemTree), whose fields are here too so that an item costs one allocation.
 struct Item {
     Item* left = nullptr;
     Item* right = nullptr;
@@ -37,7 +37,7 @@ struct Item {
     std::int32_t openMarksBelow = 0;  ///< bookmark starts less bookmark ends, likewise
     std::uint32_t marksBelow = 0;     ///< bookmark starts and ends, likewise
     ItemKind kind = ItemKind::Text;
-    bool placed = false;  ///< in its story's tree; false once an edit took it out
+    bool placed = false;  ///< in its story's tree; false once an edit removed it
     pugi::xml_node node;
     BookmarkRecord* bookmark = nullptr;  ///< of a bookmark's mark
 

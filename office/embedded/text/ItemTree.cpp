@@ -49,7 +49,7 @@ std::uint32_t nextRandom(std::uint32_t& state) {
     return state;
 }
 
-/// The last mark of a subtree that holds one.
+/// Returns the last mark of a subtree that has one.
 Item* lastMarkBelow(Item* item) {
     while (true) {
         if (marksBelow(item->right) > 0) {

@@ -9,16 +9,16 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Follows the fields that open and close along a story and tells what is code of one of them.
+/// Follows the fields that begin and end along a story and finds the code of any of them.
 class CodeTracker {
   public:
     explicit CodeTracker(const opc::WordNames& names) : names_(names) {}
 
-    /// Whether the item is part of a field's code or one of its marks.
+    /// Returns whether the item is in the code of a field or one of its marks.
     bool isCode(const Item* item) {
         switch (item->kind) {
             case ItemKind::FieldBegin:
-                // A simple field's begin holds its code.
+                // The begin of a simple field includes its code.
                 inCode_.push_back(names_.tagOf(item->node) != opc::WordTag::SimpleField);
                 return true;
             case ItemKind::FieldSeparator:
@@ -35,7 +35,7 @@ class CodeTracker {
 
   private:
     const opc::WordNames& names_;
-    std::vector<bool> inCode_;  // of the fields that are open, whether their code runs
+    std::vector<bool> inCode_;  // for each open field, whether its code goes on
 };
 
 bool keepsText(opc::WordTag tag) {

@@ -6,16 +6,16 @@
 
 namespace mergeloom::embedded {
 
-/// A stretch of a story that text is about to take the place of.
+/// A range of a story whose text is about to be replaced.
 class ReplacementContext {
   public:
-    /// The stretch must lie in the story.
+    /// The range must be in the story.
     ReplacementContext(const Story& story, CharacterPosition start, CharacterPosition end);
 
-    /// What the new text takes over. Its formatting is that of the first character to be seen; where only
-    /// fields without a result stand, that of the first code.
+    /// Returns what the new text takes over: the formatting of the first visible character, or, when there
+    /// are only fields without a result, that of the first code.
     [[nodiscard]] TextSetting setting() const;
-    /// Raises an AutomationError for a stretch of deleted text, in whose place nothing can stand.
+    /// Raises an AutomationError for a range of deleted text, which nothing can replace.
     void checkIsThere() const;
 
   private:
@@ -25,7 +25,7 @@ class ReplacementContext {
 
     const Story& story_;
     CharacterPosition end_;
-    Item* first_ = nullptr;  // none for an empty stretch
+    Item* first_ = nullptr;  // none for an empty range
     Item* last_ = nullptr;
 };
 

@@ -14,7 +14,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// ECMA-376 Part 1, 17.3.3: what a child of a run reads as where it stands for one character.
+/// Returns the text of a child of a run that represents one character (ECMA-376 Part 1, 17.3.3).
 std::string characterText(std::string_view name, const char* breakType) {
     if (name == "tab" || name == "ptab") return "\t";
     if (name == "noBreakHyphen") return "\x1E";
@@ -32,7 +32,7 @@ std::string_view localName(pugi::xml_node node) {
     return name.substr(name.find(':') + 1);
 }
 
-/// The part of an item's text between two units, counted from the item's start.
+/// Returns the part of an item's text between two units, counted from the item's start.
 std::string slice(const std::string& text, std::int64_t from, std::int64_t to) {
     const std::size_t first = byteOffset(text, {from});
     return text.substr(first, byteOffset(text, {to}) - first);
@@ -148,7 +148,7 @@ std::string Story::text(CharacterPosition start, CharacterPosition end) const {
 std::string Story::code(CharacterPosition start, CharacterPosition end) const {
     std::string result;
     std::vector<bool>
-        nestedInCode;  // of the fields nested in the code that are open, whether their code runs
+        nestedInCode;  // for each open field that is nested in the code, whether its code goes on
     for (const Item* item = items_.itemAt(start); item; item = ItemTree::next(item)) {
         if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
         if (item->kind == ItemKind::FieldBegin && names_.tagOf(item->node) == opc::WordTag::SimpleField) {
@@ -205,14 +205,14 @@ void Story::shift(CharacterPosition position, CharacterCount removed, CharacterC
         if (place < removedEnd) return position;
         return place - removed + inserted;
     };
-    for (TrackedRange* span : spans_)
-        span->set(shifted(span->start_), shifted(span->end_));
+    for (TrackedRange* range : trackedRanges_)
+        range->set(shifted(range->start_), shifted(range->end_));
 }
 
-void Story::clampSpans() {
+void Story::clampTrackedRanges() {
     const CharacterPosition last{length().value};
-    for (TrackedRange* span : spans_)
-        span->set(std::min(span->start_, last), std::min(span->end_, last));
+    for (TrackedRange* range : trackedRanges_)
+        range->set(std::min(range->start_, last), std::min(range->end_, last));
 }
 
 }  // namespace mergeloom::embedded

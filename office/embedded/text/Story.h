@@ -15,12 +15,12 @@ namespace mergeloom::embedded {
 
 class TrackedRange;
 
-/// An element of the body, a header, a footer, a note, a comment or a text box that holds paragraphs, seen as
-/// one row of characters. Answers questions; edits are made by StoryEditor.
+/// An element of the body, a header, a footer, a note, a comment or a text box that contains paragraphs, as
+/// one row of characters. It is only read here; StoryEditor changes it.
 class Story {
   public:
     /// Reads the items below root, an element of the part, and lists the bookmarks that start and end there.
-    /// The name tells the story to people: "body".
+    /// The name is shown to users: "body".
     Story(opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node root, std::string name,
           BookmarkTable& bookmarks);
     Story(const Story&) = delete;
@@ -30,12 +30,12 @@ class Story {
     [[nodiscard]] opc::XmlPart& part() const { return part_; }
     [[nodiscard]] const opc::WordNames& names() const { return names_; }
     [[nodiscard]] pugi::xml_node root() const { return root_; }
-    /// Whether the story is in its part; that of a text box goes with the text that the box stood in.
+    /// Returns whether the story is in its part; that of a text box is removed with the text around the box.
     [[nodiscard]] bool isPlaced() const;
     [[nodiscard]] ItemTree& items() { return items_; }
     [[nodiscard]] const ItemTree& items() const { return items_; }
 
-    /// A new item that is in no tree yet; it lives as long as the story.
+    /// Makes an item that is in no tree yet; it lives as long as the story.
     Item* makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length);
 
     [[nodiscard]] CharacterCount length() const { return items_.length(); }
@@ -43,32 +43,32 @@ class Story {
     /// takes two units.
     void check(CharacterPosition start, CharacterPosition end) const;
 
-    /// The item behind a position and before every mark that stands at it: the first item at the position.
+    /// Returns the first item at a position: the one after it and before every mark there.
     [[nodiscard]] Item* firstItemAt(CharacterPosition position) const;
 
-    /// The text as a range reads it: field codes and field characters are left out.
+    /// Returns the text as a range reads it, without field codes and field characters.
     [[nodiscard]] std::string text(CharacterPosition start, CharacterPosition end) const;
 
-    /// The code of a field whose code stands between the positions; a nested field counts with its result.
+    /// Returns the code of a field that is between the positions; a nested field counts with its result.
     [[nodiscard]] std::string code(CharacterPosition start, CharacterPosition end) const;
 
-    /// The element of the paragraph that an item stands in or ends; none for marks between paragraphs.
+    /// Returns the element of the paragraph that an item is in or ends; none for marks between paragraphs.
     [[nodiscard]] pugi::xml_node paragraphOf(const Item* item) const;
-    /// The innermost cell or table around an item; none outside tables. A row mark stands in its table but
-    /// in none of that table's cells.
+    /// Return the innermost cell or table around an item; none outside of tables. A row mark is in its table
+    /// but in none of that table's cells.
     [[nodiscard]] pugi::xml_node cellOf(const Item* item) const;
     [[nodiscard]] pugi::xml_node tableOf(const Item* item) const;
-    /// Whether a paragraph mark ends a cell.
+    /// Returns whether a paragraph mark ends a cell.
     [[nodiscard]] bool endsCell(const Item* paragraphMark) const;
 
-    /// The one routine that keeps live spans true: at position, removed characters went and inserted came.
-    /// Text that comes in at an end of a span leaves that end where it is.
+    /// Updates the tracked ranges after a change at a position, where `removed` characters were removed and
+    /// `inserted` inserted. Text that is inserted at an end of a range leaves that end at its position.
     void shift(CharacterPosition position, CharacterCount removed, CharacterCount inserted);
 
-    /// Brings live spans that reach behind the story back to its end, after edits were taken back.
-    void clampSpans();
+    /// Moves the ends of tracked ranges that are after the story's end back to it, after edits were undone.
+    void clampTrackedRanges();
 
-    /// Elements of text boxes that stand in this story, in order; each is a story of its own.
+    /// Returns the elements of text boxes in this story, in order; each is a story of its own.
     [[nodiscard]] const std::vector<pugi::xml_node>& textBoxes() const { return textBoxes_; }
 
   private:
@@ -76,8 +76,8 @@ class Story {
     friend class StoryReader;
 
     [[nodiscard]] bool splitsCharacter(CharacterPosition position) const;
-    void add(TrackedRange& span) { spans_.push_back(&span); }
-    void remove(TrackedRange& span) { std::erase(spans_, &span); }
+    void add(TrackedRange& range) { trackedRanges_.push_back(&range); }
+    void remove(TrackedRange& range) { std::erase(trackedRanges_, &range); }
 
     opc::XmlPart& part_;
     const opc::WordNames& names_;
@@ -85,21 +85,21 @@ class Story {
     std::string name_;
     std::deque<Item> pool_;
     ItemTree items_;
-    std::vector<TrackedRange*> spans_;
+    std::vector<TrackedRange*> trackedRanges_;
     std::vector<pugi::xml_node> textBoxes_;
 };
 
-/// The text that one item adds to what a range reads.
+/// Returns the text that an item adds to what a range reads.
 std::string textOf(const Story& story, const Item* item);
 
-/// Where the items inside an element of the story begin and end, told from one of them.
+/// The positions at which the items inside an element of the story begin and end.
 struct CharacterRange {
     CharacterPosition start;
     CharacterPosition end;
 };
 CharacterRange characterRangeOf(pugi::xml_node element, const Item* inside);
 
-/// Whether a node is the element or stands somewhere below it.
+/// Returns whether a node is the element or is below it.
 bool isInside(pugi::xml_node node, pugi::xml_node element);
 
 }  // namespace mergeloom::embedded

@@ -7,7 +7,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Where the plain text that a text begins with ends.
+/// Returns the length of the plain text at the beginning of a text.
 std::size_t plainLength(std::string_view text) {
     std::size_t length = 0;
     while (length < text.size() && static_cast<unsigned char>(text[length]) >= ' ')
@@ -19,7 +19,7 @@ bool endsParagraph(char character) {
     return character == '\r' || character == '\n';
 }
 
-/// Takes the paragraph end off that a text begins with; CR and LF together are one.
+/// Removes the paragraph end at the beginning of a text; CR and LF together are one.
 void takeParagraphEnd(std::string_view& text) {
     text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
 }
@@ -29,7 +29,7 @@ bool isFormattingChange(std::string_view localName) {
            localName == "moveFrom" || localName == "moveTo";
 }
 
-/// Takes the records of tracked changes out of copied properties: the copy was never changed.
+/// Removes the records of tracked changes from copied properties: the copy was never changed.
 void dropFormattingChanges(pugi::xml_node properties) {
     for (pugi::xml_node child = properties.first_child(); child;) {
         const pugi::xml_node next = child.next_sibling();
@@ -49,9 +49,9 @@ bool canBeSplit(opc::WordTag tag) {
            tag == opc::WordTag::Direction;
 }
 
-/// Whether what comes behind an item stands in the code of a field. Fields before the place are passed over;
-/// the first other text tells.
-bool standsInCode(const Story& story, const Item* item) {
+/// Returns whether the text after an item is in the code of a field. Fields before the place are passed over;
+/// the first other text decides.
+bool isFollowedByCode(const Story& story, const Item* item) {
     int closed = 0;
     for (; item; item = ItemTree::previous(item)) {
         if (item->kind == ItemKind::FieldEnd) ++closed;
@@ -73,7 +73,7 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
     for (std::string_view rest = text; !rest.empty();) {
         if (endsParagraph(rest.front())) {
             insertParagraphMark(position);
-            setting.container = {};  // what follows stands in another paragraph
+            setting.container = {};  // the rest is in another paragraph
             takeParagraphEnd(rest);
             position = position + CharacterCount{1};
         } else if (const std::size_t plain = plainLength(rest); plain > 0) {
@@ -96,7 +96,7 @@ void StoryEditor::insertPlain(CharacterPosition position, std::string_view text,
     if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
     if (!setting.formatting && appendToPrevious(ItemTree::previous(next), position, text)) return;
     splitRun(position);
-    const bool isCode = standsInCode(story_, ItemTree::previous(next));
+    const bool isCode = isFollowedByCode(story_, ItemTree::previous(next));
     const pugi::xml_node run =
         makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
     const pugi::xml_node element = isCode ? makeCode(text) : skeletons_.makeText(std::string(text));

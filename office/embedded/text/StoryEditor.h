@@ -11,46 +11,46 @@
 
 namespace mergeloom::embedded {
 
-/// Run properties that new text takes on; no run properties where the node is none. Absent: those of the
-/// place.
+/// The run properties that new text gets; an empty node stands for no run properties, and no value for those
+/// at the place.
 using Formatting = std::optional<pugi::xml_node>;
 
-/// What new text takes on.
+/// The setting that new text gets.
 struct TextSetting {
     Formatting formatting{};
-    /// An element of the paragraph, such as a hyperlink, that the text goes into if it stands at the place;
-    /// it may be empty. None: the text goes outside of what begins or ends at the place.
+    /// An element of the paragraph, such as a hyperlink, that the text goes into if it is at the place; it
+    /// may be empty. None: the text goes outside of the elements that begin or end at the place.
     pugi::xml_node container{};
 };
 
-/// Puts text and elements into a story. What comes in at a place stands behind every mark there, so it falls
-/// into a bookmark that starts at the place and not into one that ends there.
+/// Inserts text and elements into a story. What is inserted at a place comes after every mark there, so it
+/// gets into a bookmark that starts at the place and not into one that ends there.
 class StoryEditor {
   public:
     StoryEditor(Story& story, WordSkeletons& skeletons, EditJournal& journal)
         : story_(story), skeletons_(skeletons), journal_(journal), places_(story) {}
 
-    /// Puts in text in the formatting given, run properties or none, or else in the one that stands there. In
-    /// a field's code it becomes code.
+    /// Inserts text in the given formatting, or in that of the place. In a field's code it becomes code.
     /// CR, LF or both together end a paragraph; a tab, a vertical tab (line break) and a form feed (page
-    /// break) become their elements; other control characters are left out. Returns how many characters came
-    /// in.
+    /// break) become their elements; other control characters are left out. Returns how many characters were
+    /// inserted.
     CharacterCount insertText(CharacterPosition position, const std::string& text, TextSetting setting = {});
     void insertParagraphMark(CharacterPosition position);
-    /// Whether the story's last item is the mark of a paragraph that is no part of a content control or the
-    /// like.
+    /// Returns whether the story's last item is the mark of a paragraph that is outside of any content
+    /// control or the like.
     [[nodiscard]] bool endsWithOwnParagraph() const;
-    /// Puts an empty paragraph at the end of the story.
+    /// Appends an empty paragraph to the story.
     void appendParagraph();
-    /// Puts in a run, made in the attic, whose child counts as one character.
+    /// Inserts a run, made in the attic, whose child counts as one character.
     void insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child);
 
-    /// The formatting that text typed at a place takes on; absent inside a run's text, which it would join.
+    /// Returns the formatting of text that is typed at a place; no value inside a run's text, which it would
+    /// join.
     [[nodiscard]] Formatting formattingAtPlace(CharacterPosition position) const;
 
-    /// Makes a run end and another begin at the position, if text stands there.
+    /// Splits the run at the position, if there is text.
     void splitRun(CharacterPosition position);
-    /// Raises an AutomationError where splitRun cannot do that: in the code of a field, in a character.
+    /// Raises an AutomationError when splitRun is not possible: in the code of a field, in a character.
     void checkSplit(CharacterPosition position) const;
 
   private:

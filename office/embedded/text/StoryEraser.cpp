@@ -127,7 +127,7 @@ void StoryEraser::eraseItems(CharacterPosition start, CharacterPosition end) {
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
     Item* item = story_.items().itemAt(start);
     const pugi::xml_node container = commonCell(item, last);
-    // Paragraphs run together once nothing stands between them any more.
+    // Paragraphs are joined once nothing is between them any more.
     std::vector<Item*> paragraphMarks;
     for (std::int64_t left = (end - start).value; left > 0;) {
         if (const pugi::xml_node table = outermostTable(item, container)) {
@@ -166,14 +166,14 @@ std::int64_t StoryEraser::eraseTable(Item*& item, pugi::xml_node table) {
         before = ItemTree::previous(before);
     }
     std::int64_t length = 0;
-    pugi::xml_node behind = table;
+    pugi::xml_node after = table;
     while (item && isInside(item->node, table)) {
         Item* next = ItemTree::next(item);
         length += item->length;
         if (item->isMark()) {
-            // The mark of a bookmark that begins or ends outside lives on where the table stood.
-            journal_.move(story_.part(), item->node, table.parent(), behind);
-            behind = item->node;
+            // The mark of a bookmark that begins or ends outside stays at the place of the table.
+            journal_.move(story_.part(), item->node, table.parent(), after);
+            after = item->node;
         } else {
             journal_.removeItem(story_.items(), item);
         }
@@ -188,7 +188,7 @@ void StoryEraser::eraseParagraphMark(Item* mark) {
     const Item* next = nextInText(mark);
     const pugi::xml_node second = next ? story_.paragraphOf(next) : pugi::xml_node();
     if (!second || story_.cellOf(next) != story_.cellOf(mark)) {
-        // Nothing but marks is left in a paragraph that goes in front of a table.
+        // A paragraph that is joined with the table after it has nothing but marks left.
         rescueMarks(mark, first);
         rescueOthers(first);
     } else {
@@ -199,17 +199,17 @@ void StoryEraser::eraseParagraphMark(Item* mark) {
 }
 
 void StoryEraser::moveContent(const Item* mark, const Item* next, pugi::xml_node second) {
-    pugi::xml_node behind = story_.names().child(second, opc::WordTag::ParagraphProperties);
+    pugi::xml_node after = story_.names().child(second, opc::WordTag::ParagraphProperties);
     const auto take = [&](pugi::xml_node node) {
-        journal_.move(story_.part(), node, second, behind);
-        behind = node;
+        journal_.move(story_.part(), node, second, after);
+        after = node;
     };
     for (pugi::xml_node child = mark->node.first_child(); child;) {
         const pugi::xml_node following = child.next_sibling();
         if (story_.names().tagOf(child) != opc::WordTag::ParagraphProperties) take(child);
         child = following;
     }
-    // Marks between the paragraphs stand behind what came out of the first one.
+    // Marks between the paragraphs come after what was moved out of the first one.
     for (const Item* between = ItemTree::next(mark); between != next; between = ItemTree::next(between)) {
         if (!isInside(between->node, second)) take(between->node);
     }
@@ -219,7 +219,7 @@ void StoryEraser::erasePartOfRun(Item* item) {
     const opc::WordNames& names = story_.names();
     const pugi::xml_node run = item->node.parent();
     const bool isSimpleField = names.tagOf(item->node) == opc::WordTag::SimpleField;
-    // The element of a simple field goes with its end.
+    // The element of a simple field is removed with its end.
     if (!isSimpleField || item->kind == ItemKind::FieldEnd) {
         rescueMarks(item, item->node);
         removeElement(item->node);
@@ -233,10 +233,10 @@ void StoryEraser::erasePartOfRun(Item* item) {
 }
 
 void StoryEraser::rescueMarks(const Item* item, pugi::xml_node element) {
-    const pugi::xml_node behind = element.previous_sibling();
+    const pugi::xml_node after = element.previous_sibling();
     for (item = ItemTree::previous(item); item && isInside(item->node, element);
          item = ItemTree::previous(item)) {
-        if (item->isMark()) journal_.move(story_.part(), item->node, element.parent(), behind);
+        if (item->isMark()) journal_.move(story_.part(), item->node, element.parent(), after);
     }
 }
 

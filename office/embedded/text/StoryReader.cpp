@@ -11,7 +11,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// A shape of VML floats when its style says so (ECMA-376 Part 4, 19.1.2.19).
+/// Returns whether a picture floats: a shape of VML does when its style says so (ECMA-376 Part 4, 19.1.2.19).
 bool floats(pugi::xml_node picture) {
     const pugi::xml_node shape = picture.find_child(
         [](pugi::xml_node child) { return !std::string_view(child.attribute("style").value()).empty(); });
@@ -19,7 +19,7 @@ bool floats(pugi::xml_node picture) {
            std::string_view::npos;
 }
 
-/// The first child that is no white space.
+/// Returns the first child that is no white space.
 pugi::xml_node firstElement(pugi::xml_node node) {
     return node.find_child([](pugi::xml_node child) { return child.type() == pugi::node_element; });
 }
@@ -28,7 +28,7 @@ bool isAnchor(pugi::xml_node drawing) {
     return std::string_view(firstElement(drawing).name()).ends_with("anchor");
 }
 
-/// A text element's value in its first node; comments, which stay, or CDATA sections may have split it.
+/// Joins a text element's value in its first node; comments, which stay, or CDATA sections may have split it.
 void joinText(pugi::xml_node element) {
     std::string text;
     for (pugi::xml_node child = element.first_child(); child;) {

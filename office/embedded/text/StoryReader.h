@@ -6,10 +6,9 @@
 
 namespace mergeloom::embedded {
 
-/// Reads the elements of a story into its items, in order. Elements that take no part in the text
-/// (properties, comment ranges, proofing marks, unknown extensions) make no items and simply stay where they
-/// are. So do marks of bookmarks that have no counterpart in the story, or a name that another bookmark has
-/// already.
+/// Reads the elements of a story into its items, in order. Elements that are not part of the text
+/// (properties, comment ranges, proofing marks, unknown extensions) make no items and stay as they are. So do
+/// marks of bookmarks without a counterpart in the story, or with a name that another bookmark already has.
 class StoryReader {
   public:
     StoryReader(Story& story, BookmarkTable& bookmarks)
@@ -28,7 +27,8 @@ class StoryReader {
     void readDrawing(pugi::xml_node runChild, pugi::xml_node drawing);
     void collectTextBoxes(pugi::xml_node node);
     void add(ItemKind kind, pugi::xml_node node, CharacterCount length = {1});
-    /// Word's stories end with a paragraph, those of other programs now and then with a table or nothing.
+    /// Appends a paragraph when the story does not end with one, as is now and then so in documents of other
+    /// programs.
     void endWithParagraph();
     void pairMarks();
     void listBookmark(Item* start, Item* end);

@@ -9,7 +9,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// The width of column i when so many share a width, in whole twips that add up to it.
+/// Returns the width of a column when so many share a width, in whole twips that add up to it.
 std::int64_t shareOf(std::int64_t width, int columns, int column) {
     return width * (column + 1) / columns - width * column / columns;
 }
@@ -32,7 +32,7 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
         next = story_.items().itemAt(position);
     }
     const pugi::xml_node paragraph = story_.paragraphOf(next);
-    // Marks at the paragraph's start stay in it, behind the table.
+    // Marks at the paragraph's start stay in it, after the table.
     for (Item* mark = ItemTree::previous(next); mark && isInside(mark->node, paragraph);) {
         if (mark->takesPlace()) break;
         next = mark;
@@ -57,7 +57,7 @@ Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
     journal_.move(story_.part(), row, last.parent(), last);
     const CharacterCount before = story_.length();
     Item* mark = insertRowItems(row, next);
-    // What stood behind the table moves; what ended with it now ends with the new row.
+    // What came after the table moves; what ended with it now ends with the new row.
     story_.shift(end - CharacterCount{1}, {}, story_.length() - before);
     return mark;
 }
@@ -119,7 +119,7 @@ pugi::xml_node TableEditor::makeRowLike(pugi::xml_node row) {
     for (const pugi::xml_node cell : cellsOf(row, names)) {
         const pugi::xml_node madeCell = append(made, "tc");
         pugi::xml_node properties = copyChild(cell, "tcPr", madeCell);
-        // A cell of the new row stands for itself, whatever the one above hangs on.
+        // A cell of the new row is not merged with the one above it.
         properties.remove_child(names.element("vMerge").c_str());
         const pugi::xml_node paragraph = append(madeCell, "p");
         const pugi::xml_node sample = cell.child(names.element("p").c_str());

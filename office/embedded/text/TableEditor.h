@@ -4,26 +4,26 @@
 
 namespace mergeloom::embedded {
 
-/// What a new table is to look like.
+/// The shape of a new table.
 struct TableShape {
     int rows = 0;
     int columns = 0;
     std::int64_t width = 0;  ///< of the whole table, in twips
-    /// The document has the style "TableGrid"; without it the table carries its grid itself.
+    /// True when the document has the style "TableGrid"; without it the table has borders of its own.
     bool hasGridStyle = false;
 };
 
-/// Puts tables and rows into a story.
+/// Inserts tables and rows into a story.
 class TableEditor {
   public:
     TableEditor(Story& story, StoryEditor& editor, WordSkeletons& skeletons, EditJournal& journal)
         : story_(story), editor_(editor), skeletons_(skeletons), journal_(journal) {}
 
-    /// Puts a table before the paragraph that the position stands in; a paragraph with text before the
-    /// position is split there first. Answers the mark of the table's first row.
+    /// Inserts a table before the paragraph at the position; a paragraph with text before the position is
+    /// split there first. Returns the mark of the table's first row.
     Item* insertTable(CharacterPosition position, const TableShape& shape);
 
-    /// Appends a row like the last one with empty cells. Answers its mark.
+    /// Appends a row like the last one with empty cells. Returns its mark.
     Item* appendRow(pugi::xml_node table, const Item* inside);
 
   private:
@@ -34,7 +34,7 @@ class TableEditor {
     pugi::xml_node append(pugi::xml_node parent, std::string_view name);
     void set(pugi::xml_node node, std::string_view name, const std::string& value);
     void set(pugi::xml_node node, std::string_view name, std::int64_t value);
-    /// Adds the items of a row before an item; answers the row's mark.
+    /// Adds the items of a row before an item; returns the row's mark.
     Item* insertRowItems(pugi::xml_node row, Item* next);
 
     Story& story_;

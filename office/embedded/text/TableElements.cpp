@@ -31,7 +31,7 @@ bool isMerged(pugi::xml_node cell, const opc::WordNames& names) {
            properties.child(names.element("hMerge").c_str());
 }
 
-/// How many columns of the grid the cell takes.
+/// Returns how many columns of the grid the cell takes.
 int columnsOf(pugi::xml_node cell, const opc::WordNames& names) {
     const pugi::xml_node span =
         cell.child(names.element("tcPr").c_str()).child(names.element("gridSpan").c_str());
@@ -54,7 +54,7 @@ std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const opc::WordNames& na
 
 int columnCountOf(pugi::xml_node table, const opc::WordNames& names) {
     const pugi::xml_node grid = table.child(names.element("tblGrid").c_str());
-    // The children keep no copy of the name that they are asked for.
+    // The children do not copy the name that they are searched by.
     const std::string name = names.element("gridCol");
     const auto columns = grid.children(name.c_str());
     const auto count = static_cast<int>(std::distance(columns.begin(), columns.end()));

@@ -6,8 +6,8 @@ namespace mergeloom::embedded {
 
 class Story;
 
-/// A stretch of a story that is kept true through edits: the story moves the ends of every live span when
-/// text goes in or out. Ranges and the selection hang on it.
+/// A range of a story that follows edits: the story moves the ends of every tracked range when text is
+/// inserted or removed. Ranges and the selection are based on it.
 class TrackedRange {
   public:
     TrackedRange(Story& story, CharacterPosition start, CharacterPosition end);

@@ -236,7 +236,7 @@ bool WordContent::undo() {
     journal_.undo();
     removeAddedPictures();
     for (EditableStory& editable : stories_)
-        editable.story().clampSpans();
+        editable.story().clampTrackedRanges();
     selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);
     // The package has what was taken back from the parts that were stored meanwhile.
     for (opc::XmlPart* part : stored_)
