@@ -74,7 +74,7 @@ bool CAutoMapping::map() {
     readFolders(source->document());
     const DropPorts ports{errors_, messages_, progress_};
     if (!mapObject(*office, *source, object, ports)) return false;
-    // Saving takes memory in proportion to the document; the tree's is free for it from here on.
+    // Saving takes memory in proportion to the document, so the tree's is freed before.
     source.reset();
     save(*office, arguments_.targetPath);
     return true;
@@ -111,7 +111,7 @@ void CAutoMapping::checkTarget(const MappingTarget& office, const std::string& t
                          office.formatNameOf(target) + "\" is not available. " + refusal);
 }
 
-/// A file of the office's own kind is saved as what it is, whatever its name.
+/// Files of the office's own kind keep their format, whatever their name.
 void CAutoMapping::checkInPlace(const MappingTarget& office) const {
     const std::string& document = arguments_.useDocument;
     if (!office.isForeign(document)) return;
@@ -185,7 +185,7 @@ bool CAutoMapping::mapObject(MappingTarget& office, const MappingSource& source,
     return dropped;
 }
 
-/// Nobody selected anything in an unattended run, so the droppers' own sentence does not help alone.
+/// Nobody selected anything in an unattended run, so the droppers' own sentence is not enough.
 bool CAutoMapping::beginsAtRefusedStart(MappingTarget& office) const {
     const bool isGiven = !documentToBuildOn().empty() && arguments_.type != MappingType::LabelDocument;
     const bool isStart = options_.at.empty() || options_.at == kAtStart;

@@ -26,7 +26,7 @@ namespace mergeloom {
 /// closes the office that it started.
 class CAutoMapping {
   public:
-    /// The formats are those of the office that is started. All have to outlive it.
+    /// The formats are those of the office that is started. All arguments have to outlive it.
     CAutoMapping(WordStarter startWord, ExcelStarter startExcel, const OfficeFormats& formats,
                  ErrorHandler& errors, Messages& messages, Progress& progress)
         : startWord_(std::move(startWord)),
@@ -36,7 +36,7 @@ class CAutoMapping {
           messages_(messages),
           progress_(progress) {}
 
-    /// Whether a template that is there already may be replaced; it may not unless this is set.
+    /// Sets whether an existing template may be replaced; by default it may not.
     void SetAllowExistingTemplate(bool allow) { allowExistingTemplate_ = allow; }
 
     void SetOptions(MappingOptions options) { options_ = std::move(options); }
@@ -44,7 +44,7 @@ class CAutoMapping {
     /// Reads the parsed command line. Raises a mapping error when it asks for something impossible.
     void ReadArguments();
 
-    /// Makes the template and tells whether it was made. Raises mapping errors; other errors are reported.
+    /// Makes the template and returns whether it was made. Raises mapping errors; other errors are reported.
     /// Nothing is written before the mapping is complete, so that a run that fails leaves every file as it
     /// was.
     bool Execute();
@@ -52,28 +52,29 @@ class CAutoMapping {
     /// Makes a template of each object in the folder that the options name, and returns whether all were
     /// made. The structure document is read once. Objects that are refused are named at the end, the others
     /// are made. Nothing is written when one of the files exists; any other error ends the work, and so does
-    /// isStopped, which is asked before each object. Whatever ends it early, the number of templates made is
-    /// told.
+    /// isStopped, which is called before each object. When the work ends early, a message states the number
+    /// of templates made.
     bool ExecuteAll(const std::function<bool()>& isStopped);
 
-    /// The folders that the structure document's options name; the template's own folder goes before theirs.
+    /// Returns the folders that the structure document's options name; the template's own folder takes
+    /// precedence.
     [[nodiscard]] const std::string& DocumentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& TemplatesFolder() const { return templatesFolder_; }
 
   private:
-    /// Runs the body; its return value, or false after an error that is reported.
+    /// Runs the body; returns its result, or false after an error that is reported.
     bool trapped(const std::function<bool()>& body);
     bool map();
     [[nodiscard]] const TreeNode& chosenObject(MappingSource& source) const;
     void readFolders(const StructureDocument& document);
     std::unique_ptr<MappingTarget> makeOffice();
-    /// Refuses what can be seen to fail before an office is started.
+    /// Refuses, before an office is started, what is certain to fail.
     void checkArguments(const MappingTarget& office, const std::string& target) const;
     static void checkTarget(const MappingTarget& office, const std::string& target);
     void checkInPlace(const MappingTarget& office) const;
     void checkSource(const MappingTarget& office) const;
     void checkStart() const;
-    /// The file on which the document is built; empty for a new one.
+    /// Returns the file on which the document is built; empty for a new one.
     [[nodiscard]] std::string documentToBuildOn() const;
     void makeDocument(MappingTarget& office);
     void openLabelDocument(MappingTarget& office);
@@ -84,7 +85,7 @@ class CAutoMapping {
         Messages& messages;
         Progress& progress;
     };
-    /// The keys of the fields that a table is to have, if the command line lists any.
+    /// Returns the keys of the fields that a table is to have, if the command line lists any.
     [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source, const TreeNode& object,
                                                         Messages& messages) const;
     /// Makes a document and drops the object into it. Returns whether something was dropped.

@@ -15,7 +15,7 @@ namespace mergeloom {
 
 namespace {
 
-/// More names than these would hide what a sentence says.
+/// With more names than these, the sentence around them would be lost.
 constexpr std::size_t kMaxNames = 20;
 
 std::string listOf(const std::vector<std::string>& names) {

@@ -5,11 +5,11 @@
 
 namespace mergeloom {
 
-/// The names of the switches, joined by ";". A switch's place in this list is its index in the argument
+/// The names of the switches, joined by ";". A switch's position in this list is its index in the argument
 /// store.
 inline constexpr std::string_view kSwitchNames =
     "xmlfile;template;usedocument;listing;full;label;fields;hidden;deletexmlfile;excel;directory";
-/// What may stand before a switch's name, joined by ";", in the order in which they are tried.
+/// The prefixes of a switch's name, joined by ";", in the order in which they are tried.
 inline constexpr std::string_view kSwitchPrefixes = "-;/";
 
 inline constexpr std::int32_t kXmlFileSwitch = 0;

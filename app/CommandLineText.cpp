@@ -10,7 +10,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Stands before the letter of a hidden character. It hides itself as well, so that no text is lost.
+/// The mark before the letter of a hidden character. It is hidden by itself as well, so that no text is lost.
 constexpr char kMark = '\x1A';
 
 struct HiddenCharacter {
@@ -42,7 +42,8 @@ char characterOfLetter(char letter) {
     return std::find_if(kHiddenCharacters.begin(), kHiddenCharacters.end(), isIt)->character;
 }
 
-/// How long the prefix and the switch's name are with which an argument begins; 0 when it is a value.
+/// Returns the length of the prefix and the switch's name at the beginning of an argument; 0 when it is a
+/// value.
 std::size_t switchLength(std::string_view argument) {
     if (!argument.starts_with('-') && !argument.starts_with('/')) return 0;
     for (const std::string_view name : split(kSwitchNames, ';')) {

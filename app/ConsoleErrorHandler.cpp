@@ -8,7 +8,8 @@ namespace mergeloom {
 
 namespace {
 
-/// Numbers of automation errors are known by their hexadecimal digits, all others by their decimal ones.
+/// Returns the number as it is commonly written: in hexadecimal digits for automation errors, in decimal ones
+/// for all others.
 std::string numberText(ErrorNumber number) {
     if (number < kAutomationErrorBase) return std::to_string(number);
     std::ostringstream text;

@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-/// The unexpected errors of a run without a user: number, description, comment and where the error was
-/// caught.
+/// Writes the unexpected errors of a run without a user: number, description, comment and the place at which
+/// the error was caught.
 class ConsoleErrorHandler final : public ErrorHandler {
   public:
     explicit ConsoleErrorHandler(std::ostream& stream) : stream_(stream) {}

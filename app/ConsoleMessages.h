@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-/// The messages of a run without a user: a line each. A question gets its default button's answer, which is
-/// written behind it.
+/// Writes the messages of a run without a user, a line each. A question gets its default button's answer,
+/// which is written after it.
 class ConsoleMessages final : public Messages {
   public:
     explicit ConsoleMessages(std::ostream& stream) : stream_(stream) {}

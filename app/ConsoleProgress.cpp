@@ -17,7 +17,7 @@ void ConsoleProgress::advance(std::int64_t done, std::int64_t total) {
     if (now < next_) return;
     next_ = now + kPause;
     isShown_ = true;
-    // The cursor goes back to the line's start, so that a message in between does not hang on to this line.
+    // The cursor goes back to the line's start, so that a message in between does not continue this line.
     terminal_ << done << " of " << total << " done" << kEraseToEndOfLine << "\r" << std::flush;
 }
 

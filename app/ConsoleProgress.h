@@ -7,13 +7,13 @@
 
 namespace mergeloom {
 
-/// One line on a terminal that tells how far long work is; short work shows nothing. The line is gone at the
-/// end.
+/// Shows in one line on a terminal how much of long work is done; short work shows nothing. The line is
+/// removed at the end.
 class ConsoleProgress final : public Progress {
   public:
     using Clock = std::chrono::steady_clock;
 
-    /// The stream is a terminal's.
+    /// The stream has to be a terminal's.
     explicit ConsoleProgress(std::ostream& terminal) : terminal_(terminal) {}
     ~ConsoleProgress() override;
 
@@ -27,7 +27,7 @@ class ConsoleProgress final : public Progress {
     bool isShown_ = false;
 };
 
-/// For work that nobody watches.
+/// Shows nothing, for work that nobody watches.
 class NoProgress final : public Progress {
   public:
     void advance(std::int64_t, std::int64_t) override {}

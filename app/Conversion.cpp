@@ -20,7 +20,8 @@ std::string replaced(std::string text, const std::string& what, const std::strin
     return text;
 }
 
-/// Errors of the body that name the temporary file call it by another name, since users know none of it.
+/// Runs the body, whose errors name the temporary file, and puts another name in place of that, since users
+/// do not know the file.
 template <typename Body>
 void calling(const ScopedTempFile& temporary, const std::string& name, const Body& body) {
     try {
@@ -37,7 +38,7 @@ void Conversion<Format>::read(const std::string& path, const Step& open) {
     const std::string refusal = refusalToRead<Format>(converter_, path);
     if (!refusal.empty()) throw AutomationError(kNotAvailable, refusal);
     const ScopedTempFile temporary(path, temporaryExtension(Format{}));
-    // What cannot be kept in it is no fault of the user's file.
+    // What the temporary format cannot keep is no fault of the user's file.
     calling(temporary, path + " as " + temporaryExtension(Format{}),
             [&] { converter_.convert(path, temporary.path(), temporaryFormat(Format{})); });
     calling(temporary, path, [&] { open(temporary.path()); });

@@ -9,8 +9,8 @@
 
 namespace mergeloom {
 
-/// Takes documents of an office that knows nothing but Open Packaging in and out of other formats. Every
-/// error names the user's file, never the one in between.
+/// Converts the documents of an office that knows nothing but Open Packaging from and to other formats. Every
+/// error names the user's file, never the temporary one.
 template <typename Format>
 class Conversion {
   public:
@@ -20,18 +20,18 @@ class Conversion {
     explicit Conversion(FileConverter& converter) : converter_(converter) {}
 
     [[nodiscard]] bool canWrite(Format format) { return converter_.canWrite(format); }
-    /// Converts the file and lets it be opened. Raises kNotAvailable, with a sentence that says what to
-    /// install, when there is no office that converts; further errors as FileConverter's and of the opening.
+    /// Converts the file and has it opened. Raises kNotAvailable, with a sentence that says what to install,
+    /// when there is no office that converts; further errors as FileConverter's and of the opening.
     void read(const std::string& path, const Step& open);
-    /// Lets the document be saved in the temporary format and converts that to the format. What stood at the
-    /// path stays whole until then. Errors as FileConverter's and of the saving.
+    /// Has the document saved in the temporary format and converts that to the format. An existing file at
+    /// the path stays whole until then. Errors as FileConverter's and of the saving.
     void write(const std::string& path, Format format, const Step& save);
 
   private:
     FileConverter& converter_;
 };
 
-/// The format in which documents pass between an office and the converter.
+/// Returns the format of the file between an office and the converter.
 constexpr word::WdSaveFormat temporaryFormat(word::WdSaveFormat) {
     return word::WdSaveFormat::wdFormatXMLDocument;
 }
@@ -39,7 +39,7 @@ constexpr excel::XlFileFormat temporaryFormat(excel::XlFileFormat) {
     return excel::XlFileFormat::xlOpenXMLWorkbook;
 }
 
-/// Why files of another format cannot be opened here and now, as a sentence; empty when they can.
+/// Returns why files of another format cannot be opened here and now, as a sentence; empty when they can.
 template <typename Format>
 std::string refusalToRead(FileConverter& converter, const std::string& path);
 

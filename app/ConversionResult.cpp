@@ -21,7 +21,7 @@ std::string toldPlaces(const ConversionResult& result) {
     return fields + std::to_string(result.places) + " places";
 }
 
-/// Returns a line for each text, in the order in which they came first, and how often it occurs.
+/// Returns a line for each text, in the order of their first occurrence, with the number of its occurrences.
 std::string toldEach(const std::string& what, const std::vector<std::string>& texts) {
     std::vector<std::pair<std::string, int>> lines;
     for (const std::string& text : texts) {
@@ -50,7 +50,8 @@ std::string toldLeft(const std::vector<LeftField>& left) {
 }
 
 std::string toldMovedBookmarks(const std::vector<std::string>& names) {
-    // Bookmarks are the same whatever their letter case; the last one's is what the document shows.
+    // The names of bookmarks are compared without regard to case; the last spelling is the one in the
+    // document.
     std::map<std::string, std::string> last;
     for (const std::string& name : names)
         last[foldCase(name)] = name;

@@ -13,7 +13,7 @@ namespace mergeloom {
 
 namespace {
 
-/// A field whose code the office does not keep would be saved without it.
+/// Refuses a document with a field whose code the office does not keep, since it would be saved without it.
 void checkCodes(const std::vector<LeftField>& left, const std::string& source) {
     const auto unknown = std::ranges::find(left, WhyLeft::CodeUnknown, &LeftField::why);
     if (unknown == left.end()) return;
@@ -39,7 +39,7 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     checkCodes(result.left, source);
     std::string backup;
     if (!isInPlace || !document->Saved()) {
-        // The document itself is there, even if the disk fails to say so now.
+        // The document itself exists, even if the disk fails to say so now.
         if (isInPlace || files_.fileExists(target)) backup = keep(target);
         isInPlace ? document->Save() : document->SaveAs(target, formats_.documentFormatOf(target));
     }
@@ -56,7 +56,7 @@ ConversionResult ConvertFieldsCommand::convert(const word::DocumentPtr& document
 }
 
 void ConvertFieldsCommand::checkTarget(const std::string& target, bool isInPlace) {
-    // A file of Word's own kind is saved as what it is, whatever its name.
+    // Files of Word's own kind keep their format, whatever their name.
     if (!isInPlace || isForeignWordFile(target)) checkFormat(target);
     if (files_.fileExists(target) && IsFileLocked(target)) raiseNotSaved(target, "it is open elsewhere.");
 }

@@ -11,15 +11,14 @@
 
 namespace mergeloom {
 
-/// Converts the old merge fields of a document file without a user and tells what became of them.
+/// Converts the old merge fields of a document file without a user and reports the result.
 ///
-/// A file that would be replaced, be it the document itself or an output that is there already, is kept
-/// first: as FILE.bak or, where that holds something else, as FILE.bak1, FILE.bak2 and so on, so that no
-/// backup is ever lost. A document without such fields that would be replaced by itself is not written at
-/// all.
+/// A file that would be replaced, the document itself or an existing output, is kept before: as FILE.bak or,
+/// when that has other content, as FILE.bak1, FILE.bak2 and so on, so that no backup is ever lost. A document
+/// without such fields that would be replaced by itself is not written at all.
 class ConvertFieldsCommand {
   public:
-    /// The formats are those of the office that is started. All have to outlive it.
+    /// The formats are those of the office that is started. All arguments have to outlive it.
     ConvertFieldsCommand(WordStarter startWord, const OfficeFormats& formats, FileStore& files,
                          ErrorHandler& errors)
         : startWord_(std::move(startWord)), formats_(formats), files_(files), errors_(errors) {}
@@ -35,7 +34,7 @@ class ConvertFieldsCommand {
     void checkTarget(const std::string& target, bool isInPlace);
     void checkFormat(const std::string& target) const;
     void checkSource(const std::string& source) const;
-    /// Answers the backup's path.
+    /// Returns the backup's path.
     std::string keep(const std::string& target);
     std::string backupPath(const std::string& target, const std::string& bytes);
 

@@ -25,12 +25,12 @@ namespace {
 
 constexpr const char* kConversionModule = "ConvertMailMergeFields";
 
-// Which piece of a field's code names the data, counted from 0.
+// The index of the piece of a field's code that names the data, counted from 0.
 constexpr std::size_t kNameInQuote = 1;
 constexpr std::size_t kNameInIf = 4;
 constexpr std::size_t kNameInMergeField = 1;
 
-/// Runs what may fail without anybody being told; tells whether it did not.
+/// Runs the body, whose errors nobody has to know of; returns whether it succeeded.
 template <typename Body>
 bool succeeds(const Body& body) {
     try {
@@ -45,7 +45,7 @@ bool succeeds(const Body& body) {
     throw AutomationError(kTemplateNotFound, "Template is not found");
 }
 
-/// Returns true unless the field went together with one around it.
+/// Returns true unless the field was removed together with one around it.
 bool isThere(word::Field& field) {
     try {
         (void)field.Type();
@@ -60,7 +60,7 @@ bool canBecomeText(word::Field& field) {
     return isThere(field) && !field.isInCode();
 }
 
-/// Returns none where the office does not keep the code: nobody knows what the field means, so it stays.
+/// Returns none when the office does not keep the code: the meaning of the field is unknown, so it stays.
 std::optional<std::vector<std::string>> namesOf(word::Field& field, std::size_t ownPiece) {
     try {
         return dataNames(field, ownPiece);
@@ -165,7 +165,7 @@ bool ConvertMailMergeFields::isDone(word::Document& document, const Body& body) 
     } catch (const AutomationError& error) {
         noteRefusal(error);
     } catch (const std::exception&) {
-        // As a field that cannot be converted in another way, it is told among those that stayed.
+        // As any field that cannot be converted, it is reported among those that stayed.
     }
     record.takeBack();
     return false;

@@ -11,12 +11,12 @@
 
 namespace mergeloom {
 
-/// The file that users know an open document by, whatever its office calls it: after a conversion the office
-/// knows no more than the file in between. The document is one of Word's or Excel's.
+/// The file by which users know an open document, whatever its office calls it: after a conversion the office
+/// only knows the temporary file. The document is one of Word's or Excel's.
 template <typename Document, typename Format>
 class ConvertedFile {
   public:
-    /// A document of which no file is known in any format, such as a new one, comes without a format.
+    /// A document without a known file in any format, such as a new one, comes without a format.
     ConvertedFile(std::shared_ptr<Document> document, Conversion<Format> conversion, std::string fullName,
                   std::optional<Format> format)
         : document_(std::move(document)),
@@ -30,7 +30,7 @@ class ConvertedFile {
 
     /// Writes the document to its own file, in its own format. Errors as for Document::Save.
     void save();
-    /// Lets the office write what it can write itself, and converts to other formats.
+    /// Saves in the formats that the office writes itself, and converts to other formats.
     void saveAs(const std::string& path, Format format);
 
   private:
@@ -75,7 +75,7 @@ void ConvertedFile<Document, Format>::convertTo(const std::string& path, Format 
             document_->SaveAs(temporary, temporaryFormat(format));
         });
     } catch (const AutomationError&) {
-        // The office has saved, the user's file has not got it.
+        // The office has saved its file, but the user's file is not written.
         document_->SetSaved(wasSaved);
         throw;
     }

@@ -14,7 +14,7 @@ class ConvertingWord;
 
 using ConvertedWordFile = ConvertedFile<word::Document, word::WdSaveFormat>;
 
-/// A document of an office that converts: all but its file is the other office's.
+/// A document of an office that converts: all but its file is that of the other office.
 class ConvertingDocument final : public word::Document {
   public:
     ConvertingDocument(std::weak_ptr<ConvertingWord> office, ConvertedWordFile file)

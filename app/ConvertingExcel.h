@@ -14,7 +14,7 @@ namespace mergeloom {
 
 class ConvertingWorkbook;
 
-/// What ConvertingWord is for documents, for workbooks.
+/// Does for workbooks what ConvertingWord does for documents.
 class ConvertingExcel final : public excel::Application,
                               public std::enable_shared_from_this<ConvertingExcel> {
   public:
@@ -44,7 +44,7 @@ class ConvertingExcel final : public excel::Application,
     void remove(const ConvertingWorkbook& workbook);
 
   private:
-    /// In what the file would be saved; none for a name that stands for no format.
+    /// Returns the format in which the file would be saved; none for a name without a format.
     std::optional<excel::XlFileFormat> formatOf(const std::string& path);
 
     excel::ApplicationPtr office_;

@@ -14,9 +14,9 @@ namespace mergeloom {
 
 class ConvertingDocument;
 
-/// An office in Word's part over another one that knows nothing but Open Packaging: files of other formats
-/// are converted before that one opens them and after it saved them. Documents are known by the files that
-/// users named. The office over which it stands must not keep a file open.
+/// An office that plays Word's part with another one that knows nothing but Open Packaging: files of other
+/// formats are converted before that one opens them and after it saved them. Documents are known by the files
+/// that users named. The other office must not keep a file open.
 class ConvertingWord final : public word::Application, public std::enable_shared_from_this<ConvertingWord> {
   public:
     /// The converter has to outlive it.
@@ -41,7 +41,7 @@ class ConvertingWord final : public word::Application, public std::enable_shared
     void remove(const ConvertingDocument& document);
 
   private:
-    /// In what the file would be saved; none for a name that stands for no format.
+    /// Returns the format in which the file would be saved; none for a name without a format.
     std::optional<word::WdSaveFormat> formatOf(const std::string& path);
 
     word::ApplicationPtr office_;

@@ -14,7 +14,7 @@ class ConvertingExcel;
 
 using ConvertedExcelFile = ConvertedFile<excel::Workbook, excel::XlFileFormat>;
 
-/// A workbook of an office that converts: all but its file is the other office's.
+/// A workbook of an office that converts: all but its file is that of the other office.
 class ConvertingWorkbook final : public excel::Workbook {
   public:
     ConvertingWorkbook(std::weak_ptr<ConvertingExcel> office, ConvertedExcelFile file)

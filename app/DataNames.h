@@ -8,10 +8,10 @@
 
 namespace mergeloom {
 
-/// Returns the data names of a field of the old kinds, each once, such that no name is lost when the field
-/// goes: those of the merge fields that are nested in its code, or without any those of the QUOTE fields
+/// Returns the data names of a field of the old kinds, each once, such that no name is lost when the field is
+/// removed: those of the merge fields that are nested in its code, or without any those of the QUOTE fields
 /// there, or without any the piece of its own code. A merge field has its own name besides. Raises
-/// kSubscriptOutOfRange when the code has no such piece, and what Field::Code raises.
+/// kSubscriptOutOfRange when the code has no such piece, and the errors of Field::Code.
 std::vector<std::string> dataNames(word::Field& field, std::size_t ownPiece);
 
 }  // namespace mergeloom

@@ -15,7 +15,7 @@ namespace {
 using Objects = std::vector<DatabaseObject>;
 using FoundObjects = std::vector<const DatabaseObject*>;
 
-/// More names than these would hide what a sentence says.
+/// With more names than these, the sentence around them would be lost.
 constexpr std::size_t kMaxNames = 20;
 
 bool isObject(const XmlNode& element) {
@@ -48,7 +48,8 @@ FoundObjects findNamed(const Objects& objects, const std::string& name) {
     return find(objects, [&](const auto& object) { return bearsKindAndName(object, name); });
 }
 
-/// Objects of one kind and one name cannot be told apart; the first of them is taken.
+/// Returns whether the objects are of several kinds. Those of one kind and one name cannot be told apart; the
+/// first of them is taken.
 bool areOfSeveralKinds(const FoundObjects& found) {
     return std::ranges::any_of(found, [&](const auto* object) {
         return object->kind() != found.front()->kind() || object->name() != found.front()->name();

@@ -14,22 +14,22 @@ struct DatabaseObject {
     const TreeNode* node;
     XmlNode element;
 
-    /// "Table", "Query" or "Form", whatever the letter case in the structure document.
+    /// Returns "Table", "Query" or "Form", whatever the letter case in the structure document.
     [[nodiscard]] std::string kind() const;
     [[nodiscard]] std::string name() const;
-    /// As sentences name it: Form "Orders".
+    /// Returns its name in sentences: Form "Orders".
     [[nodiscard]] std::string title() const;
 };
 
-/// The objects in the order of the structure document.
+/// Returns the objects in the order of the structure document.
 std::vector<DatabaseObject> objectsOf(MappingSource& source);
 
-/// The object that a user names: by its name alone, or as "Form Orders" where objects of several kinds share
-/// the name. A name in another letter case is taken where none is spelled exactly so. Raises MappingRefusal,
-/// with the names that there are, when none or more than one kind of object has the name.
+/// Returns the object that a user names: by its name alone, or as "Form Orders" when objects of several kinds
+/// share the name. A name in another letter case is taken when none is spelled exactly so. Raises
+/// MappingRefusal, with the existing names, when no or more than one kind of object has the name.
 const DatabaseObject& objectNamed(const std::vector<DatabaseObject>& objects, const std::string& name);
 
-/// The number of controls of an object, those of its subforms included.
+/// Returns the number of controls of an object, those of its subforms included.
 int controlCount(const DatabaseObject& object);
 
 }  // namespace mergeloom

@@ -5,9 +5,8 @@
 
 namespace mergeloom {
 
-/// Replaces this process by the designer, a program of its own that lies beside this one or in
-/// ../lib/mergeloom. Comes back only when that fails: raises kNotAvailable with a sentence that says what to
-/// install.
+/// Replaces this process by the designer, a program of its own beside this one or in ../lib/mergeloom.
+/// Returns only when that fails: raises kNotAvailable with a sentence that says what to install.
 int execDesigner(std::span<const std::string> arguments);
 
 }  // namespace mergeloom

@@ -20,7 +20,8 @@ Place placeOf(word::Bookmark& bookmark) {
     return {bookmark.Name(), "bookmark", where, range->Text(), std::move(location)};
 }
 
-/// "header 10" stands behind "header 9", and the body before everything else.
+/// Returns the key by which stories are sorted: "header 10" comes after "header 9", and the body before all
+/// others.
 auto storyOrder(const std::string& story) {
     const std::size_t blank = story.rfind(' ');
     int number = 0;
@@ -30,7 +31,8 @@ auto storyOrder(const std::string& story) {
     return std::tuple{story != "body", story.substr(0, blank), number};
 }
 
-/// An outer place stands before the places in it.
+/// Returns whether one place comes before another in the order of reading; an outer place comes before the
+/// places in it.
 bool readsBefore(const Place& a, const Place& b) {
     const auto order = [](const Place& place) {
         const auto& location = std::get<TextLocation>(place.location);

@@ -17,7 +17,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Returns true for the errors that Excel raises where nothing has that name.
+/// Returns true for the errors that Excel raises when nothing has that name.
 bool saysNothingThere(const AutomationError& error) {
     return error.number() == kApplicationDefined || error.number() == kSubscriptOutOfRange;
 }
@@ -31,7 +31,7 @@ excel::RangePtr rangeOrNone(const std::function<excel::RangePtr()>& find) {
     }
 }
 
-/// 'Bob''s data' as a formula writes a sheet's name.
+/// Returns the name of a sheet that a formula writes in quotes: 'Bob''s data'.
 std::string withoutQuotes(const std::string& sheet) {
     const bool isQuoted = sheet.size() >= 2 && sheet.starts_with('\'') && sheet.ends_with('\'');
     return isQuoted ? replaceAll(sheet.substr(1, sheet.size() - 2), "''", "'") : sheet;
@@ -59,7 +59,7 @@ excel::RangePtr placeIn(excel::Workbook& workbook, const std::string& place) {
     return cell ? cell : rangeOrNone([&] { return workbook.Names()->Item(place)->RefersToRange(); });
 }
 
-/// A hidden sheet, for one, takes no selection.
+/// Selects the cell. Raises MappingRefusal when that is not possible, as on a hidden sheet.
 void select(excel::Range& cell, const std::string& place) {
     try {
         cell.Select();

@@ -6,27 +6,28 @@
 #include <functional>
 #include <string>
 
-/// The formats that files have by the extensions of their paths, whose letters may be capitals.
+/// Formats of files by the extensions of their paths, in any letter case.
 namespace mergeloom {
 
 bool hasWordExtension(const std::string& path);
-/// Format 0 for an extension that Word does not know.
+/// Returns the format; 0 for an extension that Word does not know.
 word::WdSaveFormat wordFormatOf(const std::string& path);
-/// Of the formats with the path's extension the first that can be written; where none can, as above.
+/// Returns the first of the formats with the path's extension that can be written; when none can, the same as
+/// wordFormatOf.
 word::WdSaveFormat wordFormatToWrite(const std::string& path,
                                      const std::function<bool(word::WdSaveFormat)>& canWrite);
-/// Whether the file has to be converted for an office that knows nothing but Open Packaging.
+/// Returns whether the file has to be converted for an office that knows nothing but Open Packaging.
 bool isForeignWordFile(const std::string& path);
 
 bool hasExcelExtension(const std::string& path);
-/// kNoExcelFormat for an extension that Excel does not know.
+/// Returns the format; kNoExcelFormat for an extension that Excel does not know.
 excel::XlFileFormat excelFormatOf(const std::string& path);
 excel::XlFileFormat excelFormatToWrite(const std::string& path,
                                        const std::function<bool(excel::XlFileFormat)>& canWrite);
 bool isForeignExcelFile(const std::string& path);
 
-/// Returns whether the file is a workbook's by its name. What both families use, and any other name, is taken
-/// for Word's.
+/// Returns whether the file is a workbook's by its name. An extension of both families, and any other name,
+/// counts as Word's.
 bool isWorkbookFile(const std::string& path);
 
 }  // namespace mergeloom

@@ -12,7 +12,7 @@ namespace {
     throw AutomationError(kOptionNotUnderstood, what + " 'mergeloom --help' lists what there is.");
 }
 
-/// An option as it is written, with the value that follows its "=" or stands in the next argument.
+/// Reads options as they are written, each with the value after its "=" or in the next argument.
 class OptionReader {
   public:
     explicit OptionReader(std::span<const std::string> arguments) : arguments_(arguments) {}
@@ -146,7 +146,7 @@ void refuseWithoutMapping(const GnuOptions& options) {
     }
 }
 
-/// What is ignored would leave the user with another result than the one that was asked for.
+/// Refuses options without effect: ignored, they would leave the user with another result than expected.
 void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::string> arguments) {
     if (!takesSwitches(options.task) && options.firstArgument < arguments.size()) {
         refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '" + optionOf(options.task) +

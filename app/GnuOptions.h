@@ -13,12 +13,12 @@ inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
 enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, ShowHelp, ShowVersion };
 enum class OfficeChoice { Embedded, LibreOffice };
-/// The form in which a list is written.
+/// The formats of a list.
 enum class ListFormat { Text, Json };
-/// Whether the program's exit status tells that a mapping failed; without that it stays 0.
+/// Decides whether the program's exit status shows that a mapping failed; otherwise it stays 0.
 enum class ExitStatus { AlwaysZero, TellsFailure };
 
-/// The options that begin with "--" and stand before the switches.
+/// The options that begin with "--" and come before the switches.
 struct GnuOptions {
     Task task = Task::Map;
     OfficeChoice office = OfficeChoice::Embedded;
@@ -27,7 +27,7 @@ struct GnuOptions {
     MappingOptions mapping;
     std::string placesFile;         ///< the document whose places are listed
     std::string fieldsFile;         ///< the document whose merge fields are converted
-    std::string outputFile;         ///< where the converted document goes; empty: in place
+    std::string outputFile;         ///< the file for the converted document; empty: in place
     std::size_t firstArgument = 0;  ///< the index of the first argument that is no such option
 };
 

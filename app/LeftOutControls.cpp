@@ -12,7 +12,7 @@ bool isBelow(XmlNode node, XmlNode ancestor) {
     return static_cast<bool>(node);
 }
 
-/// Names joined by commas, and after them how many controls have none.
+/// Returns the names joined by commas, and after them the number of controls without one.
 std::string namesOf(const std::vector<XmlNode>& controls) {
     std::string names;
     int nameless = 0;

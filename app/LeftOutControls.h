@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-/// Names the controls of an object that become no place because they have no caption to be known by. Empty
-/// when there are none.
+/// Returns a sentence that names the controls of an object that become no place because they have no caption.
+/// Empty when there are none.
 std::string leftOutControls(const MappingSource& source, const TreeNode& object);
 
 }  // namespace mergeloom

@@ -11,7 +11,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Whether the workbook that was just opened came up with an active cell, at which drops begin.
+/// Returns whether the workbook that was just opened has an active cell, at which drops begin.
 bool hasActiveCell(excel::Application& office) {
     try {
         return office.ActiveCell() != nullptr;

@@ -14,7 +14,7 @@ namespace mergeloom {
 /// Excel and the workbook that a mapping makes in it.
 class MappedExcel final : public MappingTarget {
   public:
-    /// All have to outlive it.
+    /// All arguments have to outlive it.
     MappedExcel(const ExcelStarter& startExcel, const OfficeFormats& formats, ErrorHandler& errors)
         : startExcel_(startExcel), formats_(formats), errors_(errors) {}
 

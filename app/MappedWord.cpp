@@ -12,7 +12,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Whether the document that was just opened came up with a selection, without which nothing can be dropped.
+/// Returns whether the document that was just opened has a selection, without which nothing can be dropped.
 bool hasSelection(word::Application& office) {
     try {
         return office.Selection() != nullptr;

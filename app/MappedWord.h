@@ -14,7 +14,7 @@ namespace mergeloom {
 /// Word and the document that a mapping makes in it.
 class MappedWord final : public MappingTarget {
   public:
-    /// All have to outlive it.
+    /// All arguments have to outlive it.
     MappedWord(const WordStarter& startWord, const OfficeFormats& formats, ErrorHandler& errors)
         : startWord_(startWord), formats_(formats), errors_(errors) {}
 

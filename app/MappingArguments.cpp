@@ -14,15 +14,15 @@ bool isGiven(std::int32_t commandLineSwitch) {
     return !GetCommandLineArgument(commandLineSwitch).empty();
 }
 
-/// The full path of an existing file that a switch names; empty without the switch.
+/// Returns the full path of an existing file that a switch names; empty without the switch.
 std::string existingFile(std::int32_t commandLineSwitch, ErrorNumber missing) {
     const std::string path = GetCommandLineArgument(commandLineSwitch);
     if (!path.empty() && !fileExists(path)) RaiseMappingError(missing);
     return fullPath(path);
 }
 
-/// A document to build on may be changed in place, so only then the template may be left out altogether. A
-/// switch without a value is a mistake, and a folder is no template.
+/// Returns the full path of the template. A document to build on may be changed in place, so only then the
+/// template may be left out. A switch without a value is a mistake, and a folder is no template.
 std::string readTarget(bool hasDocument, bool allowExistingTemplate) {
     const std::string value = GetCommandLineArgument(kTemplateSwitch);
     if (value.empty() && hasDocument) return {};

@@ -6,14 +6,14 @@
 
 namespace mergeloom {
 
-/// What a mapping makes of the structure document's first object.
+/// The kinds of results that a mapping makes of an object.
 enum class MappingType { Listing = 0, ByView = 1, LabelDocument = 2, Form = 3 };
 
-/// What the command line says of a mapping. Paths lead from the root.
+/// The arguments of a mapping on the command line. Paths are absolute.
 struct MappingArguments {
     std::string xmlFile;
     std::string useDocument;  ///< the document to build on; may be empty
-    /// The template to write; empty: the document to build on is changed in place. Unused where each object
+    /// The template to write; empty: the document to build on is changed in place. Unused when each object
     /// gets a template.
     std::string targetPath;
     bool targetExists = false;  ///< the new template is made from the one that it replaces
@@ -24,12 +24,12 @@ struct MappingArguments {
     MappingType type = MappingType::ByView;
 };
 
-/// The full path of the structure document. Raises the mapping error when there is none.
+/// Returns the full path of the structure document. Raises the mapping error when there is none.
 std::string existingXmlFile();
 
 /// Reads and checks the parsed command line. Raises the mapping error of the first check that fails. A
-/// template without a folder lies in the current folder, as with any other program. The options may name a
-/// folder for the templates of all objects, which takes the place of the template.
+/// template without a folder is in the current folder, as in any other program. The options may name a folder
+/// for the templates of all objects, which replaces the template.
 MappingArguments readMappingArguments(const MappingOptions& options, bool allowExistingTemplate);
 
 }  // namespace mergeloom

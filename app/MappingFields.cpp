@@ -32,7 +32,7 @@ std::string_view trimmedName(std::string_view name) {
     return name.substr(first, name.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// The key of the first of the spellings that a field has.
+/// Returns the key of the first of the spellings that a field has.
 std::optional<std::string> keyOf(const KeysByName& keys, std::initializer_list<std::string_view> spellings) {
     for (const std::string_view spelling : spellings) {
         const auto found = keys.find(foldCase(spelling));

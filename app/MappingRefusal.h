@@ -4,7 +4,7 @@
 
 namespace mergeloom {
 
-/// Ends a mapping that cannot be made as it was asked for. Its text is a sentence for the user; nothing has
+/// Ends a mapping that cannot be made as it was requested. Its text is a sentence for the user; nothing has
 /// been written.
 class MappingRefusal : public std::runtime_error {
   public:

@@ -11,17 +11,17 @@
 
 namespace mergeloom {
 
-/// A structure document with the tree over it that nobody sees.
+/// A structure document with its tree, which is not shown.
 class MappingSource {
   public:
-    /// Loads the document and shows it in the tree. A document that does not load leaves the tree empty, and
-    /// the user is told why.
+    /// Loads the document and builds the tree. When a document does not load, the tree stays empty, and a
+    /// message says why.
     MappingSource(const std::string& path, ErrorHandler& errors, Messages& messages);
 
-    /// The object that is mapped: the tree's first node, or none when the tree is empty.
+    /// Returns the object that is mapped: the tree's first node, or none when the tree is empty.
     [[nodiscard]] const TreeNode* firstObject() { return tree_.First(); }
     [[nodiscard]] const XmlNodeCollection& xmlNodes() const { return xmlNodes_; }
-    /// The controls that have no text to be shown under; they are in no tree and in no template.
+    /// Returns the controls without a text to show, which are in no tree and in no template.
     [[nodiscard]] const std::vector<XmlNode>& leftOut() const { return leftOut_; }
     [[nodiscard]] const StructureDocument& document() const { return document_; }
 

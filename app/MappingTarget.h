@@ -11,7 +11,7 @@
 
 namespace mergeloom {
 
-/// The object that a mapping drops, and as what.
+/// An object that a mapping drops, and what it becomes.
 struct MappedObject {
     const TreeNode& node;
     const XmlNodeCollection& xmlNodes;
@@ -20,7 +20,7 @@ struct MappedObject {
 };
 
 /// An office that a mapping starts for itself, and the document that the mapping makes in it, one at a time.
-/// The office is closed with the document, unsaved, at the end.
+/// At the end the document and the office are closed, unsaved.
 class MappingTarget {
   public:
     MappingTarget() = default;
@@ -28,28 +28,29 @@ class MappingTarget {
     MappingTarget& operator=(const MappingTarget&) = delete;
     virtual ~MappingTarget() = default;
 
-    /// What sentences for the user call it.
+    /// Returns its name in sentences for the user.
     [[nodiscard]] virtual std::string name() const = 0;
     [[nodiscard]] virtual bool makesLabels() const = 0;
-    /// The extension of templates that nobody gave one, without its dot.
+    /// Returns the extension of templates for which none was given, without its dot.
     [[nodiscard]] virtual std::string templateExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;
-    /// What dialogs call the format of the path's extension.
+    /// Returns the name of the format of the path's extension in dialogs.
     [[nodiscard]] virtual std::string formatNameOf(const std::string& path) const = 0;
 
-    /// Why the office cannot save in the format of the path's extension, or cannot open a file of that name,
-    /// as sentences that say what to install or to choose; empty when it can.
+    /// Return why the office cannot save in the format of the path's extension, or cannot open a file of that
+    /// name, as sentences that say what to install or to choose; empty when it can.
     [[nodiscard]] virtual std::string refusalToSave(const std::string& path) const = 0;
     [[nodiscard]] virtual std::string refusalToOpen(const std::string& path) const = 0;
-    /// Whether the file is none of the office's own kind: it is saved in the format of its extension.
+    /// Returns whether the file is not of the office's own kind: it is saved in the format of its extension.
     [[nodiscard]] virtual bool isForeign(const std::string& path) const = 0;
 
-    /// Comes before all that follows.
+    /// Starts the office; to be called before the members below.
     virtual void start() = 0;
     [[nodiscard]] virtual bool isStarted() const = 0;
     /// Makes the document from a template, or an empty one when the path is empty.
     virtual void addDocument(const std::string& templatePath) = 0;
-    /// Opens the document. One into which nothing can be dropped raises a mapping error or a MappingRefusal.
+    /// Opens the document. Raises a mapping error or a MappingRefusal for one into which nothing can be
+    /// dropped.
     virtual void openDocument(const std::string& path) = 0;
 
     /// Makes the mapping begin at a place of the document: kAtEnd, or the name of a place. Raises
@@ -58,12 +59,12 @@ class MappingTarget {
 
     /// Returns true when forms and tables can be dropped where the mapping begins.
     [[nodiscard]] virtual bool takesDrops() = 0;
-    /// Whether something was dropped.
+    /// Returns whether something was dropped.
     virtual bool drop(CNodeDropper& dropper, const MappedObject& object) = 0;
     virtual model::OfficeDocument& document() = 0;
     /// Saves the document in the format of the path's extension.
     virtual void saveAs(const std::string& path) = 0;
-    /// Closes the document as it is on the disk. Another one may follow.
+    /// Closes the document unsaved. Another one may follow.
     virtual void closeDocument() = 0;
 };
 

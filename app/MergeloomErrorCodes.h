@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-/// The numbered errors with which a mapping that runs without a user, and the opening of templates, tell of
-/// failure.
+/// The numbered errors of a mapping that runs without a user, and of the opening of templates.
 namespace mergeloom {
 
 inline constexpr ErrorNumber kFirstMappingError = kAutomationErrorBase + 1025;
@@ -18,7 +17,7 @@ inline constexpr ErrorNumber kUseDocumentDoesNotExist = kFirstMappingError + 3;
 inline constexpr ErrorNumber kTemplateNotDefined = kFirstMappingError + 4;
 inline constexpr ErrorNumber kTemplateFolderDoesNotExist = kFirstMappingError + 5;
 inline constexpr ErrorNumber kTemplateAlreadyExists = kFirstMappingError + 6;
-/// A mapping that stopped without anything to tell the user; its text is empty.
+/// A mapping that stopped without a message for the user; its text is empty.
 inline constexpr ErrorNumber kMappingStopped = kFirstMappingError + 7;
 inline constexpr ErrorNumber kLabelDocumentDoesNotExist = kFirstMappingError + 8;
 inline constexpr ErrorNumber kLabelDocumentIncorrect = kFirstMappingError + 9;
@@ -37,8 +36,8 @@ constexpr bool isMappingError(ErrorNumber number) {
 /// Raises the code as an AutomationError with the text of `GetMappingErrorText`.
 [[noreturn]] void RaiseMappingError(ErrorNumber code, const std::vector<std::string>& parameters = {});
 
-/// The code's message with "%1", "%2" and so on replaced by the parameters. Raises kSubscriptOutOfRange for a
-/// code that is not a mapping error's.
+/// Returns the code's message with "%1", "%2" and so on replaced by the parameters. Raises
+/// kSubscriptOutOfRange for a code that is not a mapping error's.
 std::string GetMappingErrorText(ErrorNumber code, const std::vector<std::string>& parameters = {});
 
 }  // namespace mergeloom

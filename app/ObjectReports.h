@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// Messages about one of many objects: each begins with the object's title.
+/// Shows messages about one of many objects: each begins with the object's title.
 class ObjectMessages final : public Messages {
   public:
     ObjectMessages(Messages& messages, std::string title) : messages_(messages), title_(std::move(title)) {}
@@ -24,7 +24,7 @@ class ObjectMessages final : public Messages {
     std::string title_;
 };
 
-/// Errors at one of many objects: each has the object's title in its comment.
+/// Reports errors at one of many objects: each has the object's title in its comment.
 class ObjectErrors final : public ErrorHandler {
   public:
     ObjectErrors(ErrorHandler& errors, std::string title) : errors_(errors), title_(std::move(title)) {}

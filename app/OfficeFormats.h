@@ -8,23 +8,24 @@
 
 namespace mergeloom {
 
-/// What the chosen office can write and open, by itself or through a converter. No answer starts one: what
-/// cannot be done is refused before that.
+/// Knows the formats that the selected office writes and opens, by itself or through a converter. No member
+/// starts an office, so that a request can be refused before.
 class OfficeFormats {
   public:
-    /// Store and converter have to outlive it.
+    /// The store and the converter have to outlive it.
     OfficeFormats(OfficeKind kind, FileStore& files, FileConverter& converter)
         : kind_(kind), files_(files), converter_(converter) {}
 
-    /// Why the office does not write the format, as sentences that say what to install or to choose; empty
-    /// when it does.
+    /// Return why the office does not write the format, as sentences that say what to install or to choose;
+    /// empty when it does.
     [[nodiscard]] std::string refusalToWrite(word::WdSaveFormat format) const;
     [[nodiscard]] std::string refusalToWrite(excel::XlFileFormat format) const;
-    /// The format in which the office writes a file of that name. Several formats may share an extension.
+    /// Return the format in which the office writes a file of that name. Several formats may share an
+    /// extension.
     [[nodiscard]] word::WdSaveFormat documentFormatOf(const std::string& path) const;
     [[nodiscard]] excel::XlFileFormat workbookFormatOf(const std::string& path) const;
-    /// Why the office does not open a file of that name, in the same way. What the file holds is not looked
-    /// at.
+    /// Return why the office does not open a file of that name, in the same way. The content of the file is
+    /// not read.
     [[nodiscard]] std::string refusalToOpenDocument(const std::string& path) const;
     [[nodiscard]] std::string refusalToOpenWorkbook(const std::string& path) const;
 

@@ -11,11 +11,11 @@
 
 namespace mergeloom {
 
-/// The office that a run works with. The embedded one hands over to an installed LibreOffice what it does not
-/// write or read itself; that costs nothing before such a file comes.
+/// Starts the office that the command line selects. The embedded one leaves files that it does not write or
+/// read itself to an installed LibreOffice, which costs nothing before such a file comes.
 class OfficeSelector {
   public:
-    /// The file store has to outlive it, and it the offices that it starts.
+    /// The file store has to outlive it, and it has to outlive the offices that it starts.
     OfficeSelector(OfficeChoice choice, FileStore& files)
         : kind_(choice == OfficeChoice::LibreOffice ? OfficeKind::LibreOffice : OfficeKind::Embedded),
           files_(files),
@@ -23,10 +23,10 @@ class OfficeSelector {
           formats_(kind_, files, *converter_) {}
 
     [[nodiscard]] const OfficeFormats& formats() const { return formats_; }
-    /// Errors as for makeWordApplication.
+    /// Start the office; errors as for makeWordApplication.
     word::ApplicationPtr startWord();
     excel::ApplicationPtr startExcel();
-    /// A mapping by this office, which has to outlive it, as have the ports.
+    /// Makes a mapping by this office, which has to outlive it, as have the ports.
     CAutoMapping makeMapping(ErrorHandler& errors, Messages& messages, Progress& progress);
 
   private:

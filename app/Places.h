@@ -10,11 +10,11 @@
 
 namespace mergeloom {
 
-/// All bookmarks, in the order of reading: the body's first, then those of the other stories.
+/// Returns all bookmarks in the order of reading: the body's first, then those of the other stories.
 std::vector<Place> placesOf(word::Document& document);
 
-/// All visible names and all pictures, in the order of reading: by sheet, row, column and name, then the
-/// names that stand for no cells.
+/// Returns all visible names and all pictures in the order of reading: by sheet, row, column and name, then
+/// the names that refer to no cells.
 std::vector<Place> placesOf(excel::Workbook& workbook);
 
 /// Writes the places as an aligned table with a heading, or as a JSON array of objects.

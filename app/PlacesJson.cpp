@@ -23,7 +23,7 @@ void writeMember(std::ostream& stream, std::string_view key, std::int64_t number
     stream << number;
 }
 
-/// What is empty or 0 in a location is not there.
+/// Writes null for a value that is empty or 0.
 template <typename Value>
 void writeOptional(std::ostream& stream, std::string_view key, const Value& value) {
     if (value != Value{}) return writeMember(stream, key, value);

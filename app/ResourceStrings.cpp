@@ -20,7 +20,7 @@ constexpr std::uint32_t kStringsPerBlock = 16;
 constexpr std::uint32_t kHighBit = 0x80000000;
 constexpr std::uint32_t kMaxIds = 0x10000;
 
-/// Little-endian numbers of a file; a place outside of it raises std::out_of_range.
+/// Reads little-endian numbers of a file; raises std::out_of_range outside of it.
 class FileBytes {
   public:
     explicit FileBytes(std::string_view bytes) : bytes_(bytes) {}
@@ -40,8 +40,8 @@ class FileBytes {
     std::string_view bytes_;
 };
 
-/// The headers of a library and its sections, which say where in the file an address of the loaded library
-/// lies.
+/// The headers of a library and its sections, which map an address of the loaded library to an offset in the
+/// file.
 class LibraryLayout {
   public:
     explicit LibraryLayout(const FileBytes& bytes)
@@ -49,7 +49,7 @@ class LibraryLayout {
         if (bytes.doubleWord(header_) != kSignature) throw std::out_of_range("no PE file");
     }
 
-    /// The address of the resources.
+    /// Returns the address of the resources.
     [[nodiscard]] std::uint32_t resources() const {
         const std::size_t optionalHeader = header_ + kFileHeaderSize;
         const std::uint16_t magic = bytes_.word(optionalHeader);
@@ -84,7 +84,7 @@ class ResourceTree {
   public:
     ResourceTree(const FileBytes& bytes, std::size_t start) : bytes_(bytes), start_(start) {}
 
-    /// What the directory's entry with the id leads to.
+    /// Returns the value of the directory's entry with the id.
     [[nodiscard]] std::uint32_t entry(std::uint32_t directory, std::uint32_t id) const {
         const std::size_t named = bytes_.word(start_ + directory + 12);
         const std::size_t numbered = bytes_.word(start_ + directory + 14);
@@ -101,7 +101,7 @@ class ResourceTree {
         return bytes_.doubleWord(entryPlace(directory, 0) + 4);
     }
 
-    /// The address of the data of an entry in a directory of languages.
+    /// Returns the address of the data of an entry in a directory of languages.
     [[nodiscard]] std::uint32_t dataAddress(std::uint32_t entry) const {
         return bytes_.doubleWord(start_ + asData(entry));
     }
@@ -124,7 +124,8 @@ class ResourceTree {
     std::size_t start_;
 };
 
-/// A block holds its strings one after the other, each as its length and its UTF-16 code units.
+/// Returns a string of a block, which has its strings one after the other, each as its length and its UTF-16
+/// code units.
 std::u16string stringOfBlock(const FileBytes& bytes, std::size_t block, std::uint32_t index) {
     for (std::uint32_t k = 0; k < index; ++k)
         block += 2 + std::size_t{2} * bytes.word(block);
@@ -151,7 +152,7 @@ std::u16string resourceString(std::string_view library, std::uint32_t id) {
     try {
         return findString(FileBytes(library), id);
     } catch (const std::out_of_range&) {
-        // A library without the string and a damaged one both have nothing to tell.
+        // A library without the string and a damaged one are the same to the caller.
         return {};
     }
 }

@@ -9,7 +9,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The last document first, so that the numbers of the others stay.
+/// Closes the last document first, so that the numbers of the others stay.
 template <typename Documents, typename Discard>
 void closeAll(Documents& documents, Discard discard) {
     for (int number = documents.Count(); number > 0; --number) {

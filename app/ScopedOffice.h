@@ -14,7 +14,8 @@ namespace mergeloom {
 void closeOffice(word::Application& office);
 void closeOffice(excel::Application& office);
 
-/// An office that a run started for itself. It is closed with all its documents, unsaved, at the end.
+/// An office that a run started for itself. At the end of its life it is closed with all its documents,
+/// unsaved.
 template <typename Application>
 class ScopedOffice {
   public:

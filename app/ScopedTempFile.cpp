@@ -13,7 +13,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Empty when the folder takes no file.
+/// Returns the path of a new, empty file; an empty path when the folder cannot be written.
 std::string makeFile(const std::string& folder, const std::string& suffix) {
     if (folder.empty()) return {};
     std::string path = joinPath(folder, ".mergeloom-XXXXXX" + suffix);

@@ -11,7 +11,7 @@ constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t receivedSignal = 0;
 
-/// A signal that was ignored from the start, as nohup does with SIGHUP, stays ignored.
+/// Handles the signal, unless it was ignored from the start, as nohup does with SIGHUP.
 void handle(int number, void (*handler)(int)) {
     struct sigaction action {};
     if (sigaction(number, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) return;

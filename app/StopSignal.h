@@ -2,8 +2,9 @@
 
 namespace mergeloom {
 
-/// While it lives, the first signal that asks the process to end (SIGINT, SIGTERM, SIGHUP) is only noted, so
-/// that work in steps can end after the current one. A second one ends the process as usual. One at a time.
+/// During its life the first signal that asks the process to end (SIGINT, SIGTERM, SIGHUP) is only recorded,
+/// so that work in steps can end after the current one. A second one ends the process as usual. Only one may
+/// exist at a time.
 class StopSignal {
   public:
     StopSignal();
@@ -11,7 +12,7 @@ class StopSignal {
     StopSignal& operator=(const StopSignal&) = delete;
     ~StopSignal();
 
-    /// The signal that came; 0 for none.
+    /// Returns the signal that came; 0 for none.
     [[nodiscard]] static int received();
 };
 

@@ -7,14 +7,14 @@
 
 namespace mergeloom {
 
-/// Names of files for objects: what files cannot be called is replaced, and names that differ in letter case
-/// alone, which are one file on many disks, get a number.
+/// Makes names of files for objects: characters that a file name cannot have are replaced, and names that
+/// differ in letter case alone, which are one file on many disks, get a number.
 class TemplateNames {
   public:
-    /// The extension without its dot.
+    /// The extension has no dot.
     explicit TemplateNames(const std::string& extension) : extension_("." + extension) {}
 
-    /// The name for an object; no other object gets the same one.
+    /// Returns the name for an object; no other object gets the same one.
     std::string nameFor(const std::string& object);
 
   private:

@@ -19,7 +19,7 @@ std::size_t width(std::string_view text) {
     return characters;
 }
 
-/// A character as it shows in a line; control characters would tear the table.
+/// Returns a character as it is shown in a line; control characters would break the table.
 char32_t shownAs(char32_t character) {
     if (character == U'\r') return U'\u00B6';
     return character < U' ' || character == U'\x7F' ? U'\u00B7' : character;

@@ -7,13 +7,13 @@
 
 namespace mergeloom {
 
-/// The cells of a line.
+/// The cells of one line.
 using TextRow = std::vector<std::string>;
 
-/// Writes lines of equally many cells with aligned columns.
+/// Writes lines with the same number of cells in aligned columns.
 void writeTextTable(std::ostream& stream, const std::vector<TextRow>& rows);
 
-/// A text as it is shown in one line: a paragraph mark as a pilcrow, and no more than its beginning when it
+/// Returns a text as it is shown in one line: a paragraph mark as a pilcrow, and only its beginning when it
 /// is long.
 std::string shownInLine(std::string_view text);
 

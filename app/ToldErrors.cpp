@@ -7,7 +7,7 @@ namespace mergeloom {
 
 namespace {
 
-/// An object was unloaded while the program ended.
+/// The error of an object that was unloaded while the program ended.
 constexpr ErrorNumber kObjectUnloaded = 364;
 
 }  // namespace

@@ -19,7 +19,8 @@ bool beginsLine(word::Selection& selection) {
     return !before || before->Text().starts_with('\r');
 }
 
-/// A place that the caret touches keeps out of what is dropped, if a paragraph ends between them.
+/// Begins a line at the caret. A place that the caret touches stays out of what is dropped when a paragraph
+/// ends between them.
 void beginNewLine(word::Selection& selection) {
     if (beginsLine(selection) && takesCompositeDrop(selection)) return;
     selection.TypeParagraph();

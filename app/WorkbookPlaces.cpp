@@ -16,7 +16,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The cells that a name stands for; none for a constant, a formula or cells that are gone.
+/// Returns the cells that a name refers to; none for a constant, a formula or deleted cells.
 excel::RangePtr cellsOf(excel::DefinedName& name) {
     try {
         return name.RefersToRange();
@@ -37,7 +37,7 @@ Place placeOf(excel::DefinedName& name) {
     return {name.Name(), "name", formula.substr(1), cells->Value(), locationOf(*cells, formula)};
 }
 
-/// A sheet's name as formulas write it: in apostrophes unless it is a plain word.
+/// Returns a sheet's name as formulas write it: in apostrophes unless it is a plain word.
 std::string writtenSheet(const std::string& sheet) {
     std::string_view rest = sheet;
     bool isPlain = !isDigit(firstCodePoint(rest));
@@ -71,7 +71,7 @@ void addPictures(excel::Shapes& shapes, std::vector<Place>& places) {
     }
 }
 
-/// Where the sheets stand in the row of tabs.
+/// The positions of the sheets in the row of tabs.
 using SheetNumbers = std::unordered_map<std::string, int>;
 
 auto orderOf(const Place& place, const SheetNumbers& sheets) {

@@ -13,8 +13,8 @@ namespace {
 
 constexpr char kSeparator = ';';
 
-/// What follows a switch's name, up to the line's end; nothing when the switch is absent. The first prefix
-/// that is found decides, even when another one stands earlier in the line.
+/// Returns the rest of the line after a switch's name; none when the switch is absent. The first prefix that
+/// is found decides, even when another one comes earlier in the line.
 std::optional<std::string_view> restBehindSwitch(std::string_view line, std::string_view name) {
     for (const std::string_view prefix : split(kSwitchPrefixes, kSeparator)) {
         const std::string written = std::string(prefix).append(name);
@@ -24,8 +24,8 @@ std::optional<std::string_view> restBehindSwitch(std::string_view line, std::str
     return std::nullopt;
 }
 
-/// Where the value ends with which the rest begins. Only the first place of each prefix counts, and quotes do
-/// not protect from the last prefix; existing command lines depend on both.
+/// Returns the end of the value at the beginning of the rest. Only the first occurrence of each prefix
+/// counts, and quotes do not protect from the last prefix; existing command lines depend on both.
 std::size_t endOfValue(std::string_view rest) {
     const std::vector<std::string_view> prefixes = split(kSwitchPrefixes, kSeparator);
     for (const std::string_view& prefix : prefixes) {

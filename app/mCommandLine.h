@@ -9,14 +9,15 @@
 
 namespace mergeloom {
 
-/// One slot per switch, by the switches' indexes: empty when the switch is absent, `kEmptyValue` when it
-/// stands there without a value, else its value. There are no slots before the command line was parsed.
+/// One slot per switch, by the switches' indexes: empty when the switch is absent, `kEmptyValue` when it has
+/// no value, else its value. There are no slots before the command line was parsed.
 extern std::vector<std::string> gCommandLineArguments;
 
-/// Parses the process's command line into `gCommandLineArguments` and hands back the text that the user gave.
+/// Parses the process's command line into `gCommandLineArguments` and returns the user's text in the
+/// parameter.
 void GetCommandLineArguments(const CommandLineText& commandLine, std::string& rstrCommandLine);
 
-/// The slot of a switch; an empty text when there is no such slot.
+/// Returns the slot of a switch; an empty text when there is no such slot.
 std::string GetCommandLineArgument(std::int32_t vlngIndex);
 
 }  // namespace mergeloom

@@ -9,7 +9,7 @@ namespace mergeloom {
 
 namespace {
 
-/// What a buffer of 260 characters holds before its closing zero.
+/// The length of a text in a buffer of 260 characters, without its closing zero.
 constexpr std::size_t kMaxCharacters = 259;
 
 }  // namespace
@@ -21,7 +21,7 @@ std::string GetResourceString(const std::string& vstrLibraryFile, std::int32_t v
         const std::u16string text = resourceString(library, static_cast<std::uint32_t>(vlngId));
         return fromUtf16(std::u16string_view(text).substr(0, kMaxCharacters));
     } catch (const AutomationError&) {
-        // Whoever asks cannot tell a library that is missing from a string that is.
+        // For the caller, a missing library and a missing string are the same.
         return {};
     }
 }

@@ -5,8 +5,8 @@
 
 namespace mergeloom {
 
-/// The string of a Windows library's string table, at most 259 UTF-16 code units of it. Empty when the
-/// library cannot be read, is none, or has no such string.
+/// Returns the string of a Windows library's string table, at most 259 UTF-16 code units of it. Empty when
+/// the library cannot be read, is none, or has no such string.
 std::string GetResourceString(const std::string& vstrLibraryFile, std::int32_t vlngId);
 
 }  // namespace mergeloom

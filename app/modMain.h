@@ -3,28 +3,28 @@
 #include <cstdint>
 #include <string>
 
-/// The small routines of `modMain` on paths, files and the process's facts.
+/// Small routines of `modMain` on paths, files and the process itself.
 namespace mergeloom {
 
-/// 1 when Excel was asked for, 0 for Word; set once at the start.
+/// 1 for Excel, 0 for Word; set once at the start.
 extern std::int32_t gExcelMode;
 
-/// The path without its last part; empty when the folder must exist and does not.
+/// Returns the path without its last part; empty when the folder must exist and does not.
 std::string GetParentFolder(const std::string& vstrPath, bool vfMustExist);
 std::string GetFileNameOnly(const std::string& vstrPath);
-/// The system's folder for temporary files with a separator at its end; empty when there is none.
+/// Returns the system's folder for temporary files with a separator at its end; empty when there is none.
 std::string GetTempFolder();
-/// The program's name without its extension, then ".chm".
+/// Returns the program's name without its extension, then ".chm".
 std::string GetHelpFileName();
-/// The help file in the program's own folder.
+/// Returns the path of the help file in the program's own folder.
 std::string GetHelpFilePath();
-/// The folder without blanks at its ends and with the system's path separator behind it.
+/// Returns the folder without blanks at its ends and with the system's path separator after it.
 std::string AddTrailingBackslash(const std::string& vstrFolder);
-/// Whether another program has the file: a lock that the system knows, or the lock file that LibreOffice puts
-/// beside a document it has open. A file that cannot be opened counts as locked.
+/// Returns whether another program has locked the file: by a lock of the system, or by the lock file that
+/// LibreOffice puts beside a document that it has open. A file that cannot be opened counts as locked.
 bool IsFileLocked(const std::string& vstrPath);
-/// Deletes the structure document when the command line asks for it. Raises kPermissionDenied with a sentence
-/// that names the file when it is there and cannot be deleted.
+/// Deletes the structure document when the command line requires it. Raises kPermissionDenied with a sentence
+/// that names the file when it exists and cannot be deleted.
 void DeleteXmlFileIfRequested();
 
 }  // namespace mergeloom

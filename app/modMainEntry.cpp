@@ -36,7 +36,7 @@ constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 constexpr int kEndedBySignal = 128;
 
-/// Without a mapping such options would be passed over.
+/// Refuses options of mappings when there is no mapping, which would ignore them.
 void refuseOptionsOfMappings(const GnuOptions& options) {
     if (!GetCommandLineArgument(kFieldsSwitch).empty()) return;
     const bool isGiven = !options.mapping.object.empty() || !options.mapping.at.empty();
@@ -99,7 +99,7 @@ int Run::map(std::span<const std::string> arguments) {
     return succeeds([&] { return showDesigner(arguments); }) ? kSuccess : kFailure;
 }
 
-/// Runs the body under the entry routine's own trap. Returns false after an error, which is told.
+/// Runs the body in the entry routine's own trap. Returns false after an error, which is reported.
 template <typename Body>
 bool Run::succeeds(const Body& body) {
     try {
@@ -112,7 +112,7 @@ bool Run::succeeds(const Body& body) {
     return false;
 }
 
-/// Callers that never learned of a failure by the status rely on its being 0.
+/// Returns the exit status. Callers that never saw a failure in the status rely on its being 0.
 int Run::statusOf(bool mapped) const {
     const bool tellsFailure = options_.exitStatus == ExitStatus::TellsFailure;
     return mapped || !tellsFailure ? kSuccess : kFailure;
@@ -139,7 +139,7 @@ int Run::mapAll(std::span<const std::string> arguments) {
     const StopSignal stop;
     const bool mapped = succeeds([this] { return mapAllObjects(); });
     const int signal = StopSignal::received();
-    // The status that a shell reports of a process that the signal ended.
+    // The status that a shell reports for a process that the signal ended.
     return signal != 0 && !mapped ? kEndedBySignal + signal : statusOf(mapped);
 }
 
@@ -161,7 +161,8 @@ int Run::listObjects(std::span<const std::string> arguments) {
     });
 }
 
-/// The designer makes the mapping that comes before it, since there is a user who wants to see its messages.
+/// Shows the designer, which makes the mapping that comes before it, since there is a user who wants to see
+/// its messages.
 bool Run::showDesigner(std::span<const std::string> arguments) {
     return startDesigner_(arguments) == kSuccess;
 }
@@ -198,7 +199,7 @@ int Run::convertFields() {
     });
 }
 
-/// The exit status of a command that ends with its own error.
+/// Returns the exit status of a command that ends with its own error.
 template <typename Body>
 int Run::tellErrorsOf(const Body& body) {
     try {

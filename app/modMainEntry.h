@@ -7,14 +7,14 @@
 
 namespace mergeloom {
 
-/// Where the program's answers and its messages go.
+/// The streams for the program's results and its messages.
 struct Console {
     std::ostream& output;
     std::ostream& errors;
     bool errorsAreWatched = false;  ///< the errors go to a terminal, where progress can be shown
 };
 
-/// Shows the designer to a user with the switches of the command line and gives the exit status.
+/// Shows the designer to a user with the switches of the command line and returns the exit status.
 using DesignerStarter = std::function<int(std::span<const std::string> arguments)>;
 
 /// The entry routine: takes the arguments without the program's name and returns the process's exit status.
