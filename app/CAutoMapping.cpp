@@ -34,7 +34,7 @@ DocumentType documentTypeOf(MappingType type) {
     }
 }
 
-void tellWarning(Messages& messages, const std::string& text) {
+void showWarning(Messages& messages, const std::string& text) {
     if (!text.empty()) messages.show({text, MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
@@ -174,14 +174,14 @@ void CAutoMapping::openLabelDocument(MappingTarget& office) {
 bool CAutoMapping::mapObject(MappingTarget& office, const MappingSource& source, const TreeNode& object,
                              const DropPorts& ports) {
     const std::optional<FieldKeys> fields = chosenFields(source, object, ports.messages);
-    if (!fields) tellWarning(ports.messages, leftOutControls(source, object));
+    if (!fields) showWarning(ports.messages, leftOutControls(source, object));
     if (!office.isStarted()) office.start();
     makeDocument(office);
     if (!options_.at.empty() && options_.at != kAtStart) office.beginAt(options_.at);
     const MappedObject mapped{object, source.xmlNodes(), documentTypeOf(arguments_.type),
                               fields ? &*fields : nullptr};
     const bool dropped = dropObject(office, source, mapped, ports);
-    if (!dropped && beginsAtRefusedStart(office)) tellWarning(ports.messages, kOtherStart);
+    if (!dropped && beginsAtRefusedStart(office)) showWarning(ports.messages, kOtherStart);
     return dropped;
 }
 
@@ -197,7 +197,7 @@ std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source,
     if (arguments_.type != MappingType::Listing || !listsFields(arguments_.fields)) return {};
     if (!namesFields(arguments_.fields)) RaiseMappingError(kFieldListNotDefined);
     const NamedFields named = fieldsNamed(object, source.xmlNodes(), arguments_.fields);
-    tellWarning(messages, unmatchedSentence(named, object.Text()));
+    showWarning(messages, unmatchedSentence(named, object.Text()));
     if (named.keys.empty()) RaiseMappingError(kFieldListIncorrect);
     return named.keys;
 }
@@ -207,7 +207,7 @@ bool CAutoMapping::dropObject(MappingTarget& office, const MappingSource& source
     const auto findPicture = [&](const std::string& image) { return source.document().findPicture(image); };
     CNodeDropper dropper{ports.errors, ports.messages, findPicture, ports.progress};
     const bool dropped = office.drop(dropper, object);
-    tellWarning(ports.messages, dropper.nothingDropped());
+    showWarning(ports.messages, dropper.nothingDropped());
     return dropped;
 }
 
@@ -236,7 +236,7 @@ void CAutoMapping::checkMayReplace(const MappingTarget& office, const std::strin
 }
 
 void CAutoMapping::tell(const std::string& text) {
-    tellWarning(messages_, text);
+    showWarning(messages_, text);
 }
 
 }  // namespace mergeloom

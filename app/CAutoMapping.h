@@ -108,7 +108,7 @@ class CAutoMapping {
                                             const MappingTarget& office) const;
     void checkFolder() const;
     static void refuseExisting(const std::vector<Task>& tasks);
-    void tellOtherNames(const std::vector<Task>& tasks);
+    void reportChangedNames(const std::vector<Task>& tasks);
     bool makeTemplate(MappingTarget& office, const MappingSource& source, const Task& task);
     bool makeTemplates(MappingTarget& office, const MappingSource& source, const std::vector<Task>& tasks,
                        const std::function<bool()>& isStopped);

@@ -81,7 +81,7 @@ void CAutoMapping::refuseExisting(const std::vector<Task>& tasks) {
                          "' has files of their names already: " + listOf(existing) + ".");
 }
 
-void CAutoMapping::tellOtherNames(const std::vector<Task>& tasks) {
+void CAutoMapping::reportChangedNames(const std::vector<Task>& tasks) {
     for (const Task& task : tasks) {
         const std::string name = fileNameOnly(task.target);
         const bool isItsOwn = name == task.object.name() + "." + extension(name);
@@ -93,7 +93,7 @@ void CAutoMapping::tellOtherNames(const std::vector<Task>& tasks) {
 
 bool CAutoMapping::makeTemplates(MappingTarget& office, const MappingSource& source,
                                  const std::vector<Task>& tasks, const std::function<bool()>& isStopped) {
-    tellOtherNames(tasks);
+    reportChangedNames(tasks);
     std::size_t made = 0;
     std::string refused;
     for (std::size_t index = 0; index < tasks.size(); ++index) {

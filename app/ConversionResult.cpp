@@ -14,7 +14,7 @@ std::string counted(std::size_t count, const char* one, const char* several) {
     return std::to_string(count) + " " + (count == 1 ? one : several);
 }
 
-std::string toldPlaces(const ConversionResult& result) {
+std::string placesSentence(const ConversionResult& result) {
     const std::string fields =
         counted(static_cast<std::size_t>(result.fields), "field", "fields") + " became ";
     if (result.places == result.fields) return fields + (result.places == 1 ? "a place" : "places");
@@ -22,7 +22,7 @@ std::string toldPlaces(const ConversionResult& result) {
 }
 
 /// Returns a line for each text, in the order of their first occurrence, with the number of its occurrences.
-std::string toldEach(const std::string& what, const std::vector<std::string>& texts) {
+std::string countedLines(const std::string& what, const std::vector<std::string>& texts) {
     std::vector<std::pair<std::string, int>> lines;
     for (const std::string& text : texts) {
         const auto known = std::ranges::find(lines, text, &std::pair<std::string, int>::first);
@@ -38,18 +38,18 @@ std::string toldEach(const std::string& what, const std::vector<std::string>& te
     return told;
 }
 
-std::string toldText(const LeftField& field) {
+std::string lineOf(const LeftField& field) {
     return field.why == WhyLeft::InCode ? field.text + " (in the code of another field)" : field.text;
 }
 
-std::string toldLeft(const std::vector<LeftField>& left) {
+std::string leftSentence(const std::vector<LeftField>& left) {
     if (left.empty()) return {};
     std::vector<std::string> texts;
-    std::ranges::transform(left, std::back_inserter(texts), toldText);
-    return counted(left.size(), "field", "fields") + " stayed.\n" + toldEach("Stayed: ", texts);
+    std::ranges::transform(left, std::back_inserter(texts), lineOf);
+    return counted(left.size(), "field", "fields") + " stayed.\n" + countedLines("Stayed: ", texts);
 }
 
-std::string toldMovedBookmarks(const std::vector<std::string>& names) {
+std::string movedBookmarksSentence(const std::vector<std::string>& names) {
     // The names of bookmarks are compared without regard to case; the last spelling is the one in the
     // document.
     std::map<std::string, std::string> last;
@@ -65,10 +65,11 @@ std::string toldMovedBookmarks(const std::vector<std::string>& names) {
 
 }  // namespace
 
-std::string toldConversion(const ConversionResult& result) {
-    return toldPlaces(result) + ", " + counted(result.removed.size(), "was removed.\n", "were removed.\n") +
-           toldEach("Removed: ", result.removed) + toldLeft(result.left) + toldEach("", result.refusals) +
-           toldMovedBookmarks(result.movedBookmarks);
+std::string conversionReport(const ConversionResult& result) {
+    return placesSentence(result) + ", " +
+           counted(result.removed.size(), "was removed.\n", "were removed.\n") +
+           countedLines("Removed: ", result.removed) + leftSentence(result.left) +
+           countedLines("", result.refusals) + movedBookmarksSentence(result.movedBookmarks);
 }
 
 }  // namespace mergeloom

@@ -31,6 +31,6 @@ struct ConversionResult {
 };
 
 /// Returns the result in sentences for the user, one in a line.
-std::string toldConversion(const ConversionResult& result);
+std::string conversionReport(const ConversionResult& result);
 
 }  // namespace mergeloom

@@ -43,7 +43,7 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
         if (isInPlace || files_.fileExists(target)) backup = keep(target);
         isInPlace ? document->Save() : document->SaveAs(target, formats_.documentFormatOf(target));
     }
-    report << toldConversion(result);
+    report << conversionReport(result);
     if (!backup.empty()) report << "The file as it was is kept in '" << backup << "'.\n";
     return !result.failed && result.refusals.empty();
 }

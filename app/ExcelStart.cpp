@@ -18,7 +18,7 @@ namespace mergeloom {
 namespace {
 
 /// Returns true for the errors that Excel raises when nothing has that name.
-bool saysNothingThere(const AutomationError& error) {
+bool isNotFound(const AutomationError& error) {
     return error.number() == kApplicationDefined || error.number() == kSubscriptOutOfRange;
 }
 
@@ -26,7 +26,7 @@ excel::RangePtr rangeOrNone(const std::function<excel::RangePtr()>& find) {
     try {
         return find();
     } catch (const AutomationError& error) {
-        if (!saysNothingThere(error)) throw;
+        if (!isNotFound(error)) throw;
         return nullptr;
     }
 }
@@ -64,7 +64,7 @@ void select(excel::Range& cell, const std::string& place) {
     try {
         cell.Select();
     } catch (const AutomationError& error) {
-        if (!saysNothingThere(error)) throw;
+        if (!isNotFound(error)) throw;
         throw MappingRefusal("The mapping cannot begin at '" + place + "': " + error.description());
     }
 }

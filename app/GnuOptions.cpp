@@ -116,7 +116,7 @@ void readOption(OptionReader& reader, GnuOptions& options) {
     std::string value;
     if (readTask(reader, options) || readMappingOption(reader, options.mapping)) return;
     if (reader.takeFlag("--exit-status")) {
-        options.exitStatus = ExitStatus::TellsFailure;
+        options.exitStatus = ExitStatus::ShowsFailure;
     } else if (reader.takeFlag("--json")) {
         options.listFormat = ListFormat::Json;
     } else if (reader.takeWithValue("--office", "'embedded' or 'libreoffice'", value)) {

@@ -16,7 +16,7 @@ enum class OfficeChoice { Embedded, LibreOffice };
 /// The formats of a list.
 enum class ListFormat { Text, Json };
 /// Decides whether the program's exit status shows that a mapping failed; otherwise it stays 0.
-enum class ExitStatus { AlwaysZero, TellsFailure };
+enum class ExitStatus { AlwaysZero, ShowsFailure };
 
 /// The options that begin with "--" and come before the switches.
 struct GnuOptions {

@@ -1,9 +1,9 @@
 #include "app/MappingBeforeDesigner.h"
 
 #include "app/CAutoMapping.h"
+#include "app/EntryErrors.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/OfficeSelector.h"
-#include "app/ToldErrors.h"
 #include "base/DiskFileStore.h"
 #include "base/SourcePlace.h"
 
@@ -29,7 +29,7 @@ bool mapBeforeDesigner(const GnuOptions& options, ErrorHandler& errors, Messages
         mapOrRaise(options, errors, messages, progress);
         return true;
     } catch (const AutomationError& error) {
-        tellError(error, errors, messages);
+        reportEntryError(error, errors, messages);
     } catch (const std::exception& error) {
         errors.report({0, error.what(), {}, "modMain", "Main", shownPlace(std::source_location::current())});
     }

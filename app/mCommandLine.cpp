@@ -15,7 +15,7 @@ constexpr char kSeparator = ';';
 
 /// Returns the rest of the line after a switch's name; none when the switch is absent. The first prefix that
 /// is found decides, even when another one comes earlier in the line.
-std::optional<std::string_view> restBehindSwitch(std::string_view line, std::string_view name) {
+std::optional<std::string_view> restAfterSwitch(std::string_view line, std::string_view name) {
     for (const std::string_view prefix : split(kSwitchPrefixes, kSeparator)) {
         const std::string written = std::string(prefix).append(name);
         const std::size_t found = findIgnoringAsciiCase(line, written);
@@ -50,7 +50,7 @@ void GetCommandLineArguments(const CommandLineText& commandLine, std::string& rs
     const std::vector<std::string_view> names = split(kSwitchNames, kSeparator);
     gCommandLineArguments.assign(names.size(), {});
     for (std::size_t index = 0; index < names.size(); ++index) {
-        const auto rest = restBehindSwitch(commandLine.text(), names[index]);
+        const auto rest = restAfterSwitch(commandLine.text(), names[index]);
         if (rest) gCommandLineArguments[index] = commandLine.restore(valueIn(*rest));
     }
 }

@@ -6,6 +6,7 @@
 #include "app/ConsoleProgress.h"
 #include "app/ConsoleText.h"
 #include "app/ConvertFieldsCommand.h"
+#include "app/EntryErrors.h"
 #include "app/FileFormats.h"
 #include "app/GnuOptions.h"
 #include "app/MappingArguments.h"
@@ -16,7 +17,6 @@
 #include "app/Places.h"
 #include "app/ScopedOffice.h"
 #include "app/StopSignal.h"
-#include "app/ToldErrors.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/DiskFileStore.h"
@@ -68,7 +68,7 @@ class Run {
 
   private:
     template <typename Body>
-    int tellErrorsOf(const Body& body);
+    int reportingErrors(const Body& body);
     void start(std::span<const std::string> arguments);
     template <typename Body>
     bool succeeds(const Body& body);
@@ -105,7 +105,7 @@ bool Run::succeeds(const Body& body) {
     try {
         return body();
     } catch (const AutomationError& error) {
-        tellError(error, errors_, messages_);
+        reportEntryError(error, errors_, messages_);
     } catch (const std::exception& error) {
         errors_.report({0, error.what(), {}, "modMain", "Main", shownPlace(std::source_location::current())});
     }
@@ -114,8 +114,8 @@ bool Run::succeeds(const Body& body) {
 
 /// Returns the exit status. Callers that never saw a failure in the status rely on its being 0.
 int Run::statusOf(bool mapped) const {
-    const bool tellsFailure = options_.exitStatus == ExitStatus::TellsFailure;
-    return mapped || !tellsFailure ? kSuccess : kFailure;
+    const bool showsFailure = options_.exitStatus == ExitStatus::ShowsFailure;
+    return mapped || !showsFailure ? kSuccess : kFailure;
 }
 
 void Run::start(std::span<const std::string> arguments) {
@@ -153,7 +153,7 @@ bool Run::mapAllObjects() {
 
 int Run::listObjects(std::span<const std::string> arguments) {
     start(arguments);
-    return tellErrorsOf([this] {
+    return reportingErrors([this] {
         MappingSource source{existingXmlFile(), errors_, messages_};
         if (!source.firstObject()) RaiseMappingError(kXmlFileIncorrect);
         writeObjects(console_.output, objectsOf(source), options_.listFormat);
@@ -175,7 +175,7 @@ CAutoMapping Run::makeMapping() {
 }
 
 int Run::listPlaces() {
-    return tellErrorsOf([this] {
+    return reportingErrors([this] {
         writePlaces(console_.output, readPlaces(), options_.listFormat);
         return true;
     });
@@ -192,7 +192,7 @@ std::vector<Place> Run::readPlaces() {
 }
 
 int Run::convertFields() {
-    return tellErrorsOf([this] {
+    return reportingErrors([this] {
         ConvertFieldsCommand command{[this] { return office_.startWord(); }, office_.formats(), files_,
                                      errors_};
         return command.run(options_.fieldsFile, options_.outputFile, console_.output);
@@ -201,7 +201,7 @@ int Run::convertFields() {
 
 /// Returns the exit status of a command that ends with its own error.
 template <typename Body>
-int Run::tellErrorsOf(const Body& body) {
+int Run::reportingErrors(const Body& body) {
     try {
         return body() ? kSuccess : kFailure;
     } catch (const AutomationError& error) {

@@ -247,7 +247,7 @@ TEST_F(Conversion, TellsEachFieldThatWentOrStayed) {
                               field("ASK Mark \"?\"") + simple("FILLIN \"?\"") + field("SET Mark 1") +
                               field("MERGEFIELD \"\"") + inPicture;
     (void)converted(paragraph(field("NEXT") + stays + simple(" NEXT ") + field("MERGEFIELD ***")));
-    EXPECT_EQ(toldConversion(result),
+    EXPECT_EQ(conversionReport(result),
               "0 fields became places, 3 were removed.\n"
               "Removed: NEXT (2 times)\n"
               "Removed: MERGEFIELD ***\n"
@@ -260,7 +260,7 @@ TEST_F(Conversion, TellsEachFieldThatWentOrStayed) {
               "Stayed: MERGEFIELD \"\"\n"
               "Stayed: MERGEFIELD Path (in the code of another field)\n");
     (void)converted(paragraph(ifOf(field("MERGEFIELD X"), field("MERGEFIELD Y")) + field("MERGEFIELD Z")));
-    EXPECT_EQ(toldConversion(result), "2 fields became 3 places, 0 were removed.\n");
+    EXPECT_EQ(conversionReport(result), "2 fields became 3 places, 0 were removed.\n");
 }
 
 /// Also where the field was about to be replaced when the office refused.

@@ -24,7 +24,7 @@ TEST(GnuOptions, StandBeforeTheSwitches) {
     const GnuOptions some = read({"--office", "libreoffice", "--exit-status", "-xmlfile", "--help"});
     EXPECT_EQ(some.task, Task::Map);
     EXPECT_EQ(some.office, OfficeChoice::LibreOffice);
-    EXPECT_EQ(some.exitStatus, ExitStatus::TellsFailure);
+    EXPECT_EQ(some.exitStatus, ExitStatus::ShowsFailure);
     EXPECT_EQ(some.firstArgument, 3U);
     EXPECT_EQ(read({"--office=libreoffice", "--office=embedded"}).office, OfficeChoice::Embedded);
 }

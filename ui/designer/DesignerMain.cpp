@@ -78,7 +78,7 @@ bool mapFirst(const GnuOptions& options) {
 
 int mapAndShow(const GnuOptions& options) {
     if (mapFirst(options)) return showWindow();
-    return options.exitStatus == ExitStatus::TellsFailure ? kFailure : kSuccess;
+    return options.exitStatus == ExitStatus::ShowsFailure ? kFailure : kSuccess;
 }
 
 int runWith(const GnuOptions& options, char** values) {

@@ -10,8 +10,8 @@ constexpr qint64 kMillisecondsBetween = 50;
 
 void DropProgress::advance(std::int64_t done, std::int64_t total) {
     if (total <= 0) return;
-    if (sinceTold_.isValid() && sinceTold_.elapsed() < kMillisecondsBetween) return;
-    sinceTold_.start();
+    if (sinceShown_.isValid() && sinceShown_.elapsed() < kMillisecondsBetween) return;
+    sinceShown_.start();
     Q_EMIT advanced(static_cast<int>(done * 100 / total));
 }
 

@@ -18,7 +18,7 @@ class DropProgress final : public QObject, public Progress {
     void advanced(int percent);
 
   private:
-    QElapsedTimer sinceTold_;
+    QElapsedTimer sinceShown_;
 };
 
 }  // namespace mergeloom

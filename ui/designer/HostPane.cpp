@@ -35,10 +35,10 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
     setAccessibleDescription(tr("The template, edited in the office. Fields are dropped here."));
     resizeTimer_.setSingleShot(true);
     resizeTimer_.setInterval(kMinSizeInterval);
-    connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::tellSize);
+    connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::emitSize);
     dragTimer_.setSingleShot(true);
     dragTimer_.setInterval(kMinCaretInterval);
-    connect(&dragTimer_, &QTimer::timeout, this, &HostPane::tellDragPoint);
+    connect(&dragTimer_, &QTimer::timeout, this, &HostPane::emitDragPoint);
 }
 
 HostWindow HostPane::hostWindow() const {
@@ -46,7 +46,7 @@ HostWindow HostPane::hostWindow() const {
     return {winId(), pixels(width() * scale), pixels(height() * scale)};
 }
 
-void HostPane::tellSize() {
+void HostPane::emitSize() {
     resizeTimer_.stop();
     const HostWindow window = hostWindow();
     Q_EMIT resized(window.width, window.height);
@@ -54,7 +54,7 @@ void HostPane::tellSize() {
 
 /// The point is one of the pane as it is now, so the office has to know its size before.
 std::optional<HostPoint> HostPane::takeDropPoint() {
-    if (resizeTimer_.isActive()) tellSize();
+    if (resizeTimer_.isActive()) emitSize();
     return std::exchange(dropPoint_, std::nullopt);
 }
 
@@ -85,10 +85,10 @@ void HostPane::dragMoveEvent(QDragMoveEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     dragPoint_ = pixelsAt(event->position());
-    if (!dragTimer_.isActive()) tellDragPoint();
+    if (!dragTimer_.isActive()) emitDragPoint();
 }
 
-void HostPane::tellDragPoint() {
+void HostPane::emitDragPoint() {
     if (!dragPoint_) return;
     Q_EMIT draggedOver(*std::exchange(dragPoint_, std::nullopt));
     dragTimer_.start();

@@ -38,8 +38,8 @@ class HostPane final : public QWidget {
 
   private:
     [[nodiscard]] HostPoint pixelsAt(QPointF position) const;
-    void tellDragPoint();
-    void tellSize();
+    void emitDragPoint();
+    void emitSize();
 
     QTimer resizeTimer_;
     QTimer dragTimer_;

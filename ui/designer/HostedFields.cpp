@@ -34,7 +34,7 @@ void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& err
     }
     if (!result.failed)
         (void)messages.show(
-            {withoutLastBreak(toldConversion(result)), MessageIcon::Information, MessageButtons::Ok});
+            {withoutLastBreak(conversionReport(result)), MessageIcon::Information, MessageButtons::Ok});
 }
 
 }  // namespace mergeloom

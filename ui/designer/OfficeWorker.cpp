@@ -48,9 +48,9 @@ void OfficeWorker::run(const Job& job) {
         QMetaObject::invokeMethod(
             &listener, [&done] { done = true; }, Qt::QueuedConnection);
     });
-    bool toldBusy = false;
+    bool wasBusy = false;
     QTimer::singleShot(patience_, &listener, [&] {
-        toldBusy = true;
+        wasBusy = true;
         Q_EMIT busy();
     });
     ++waiters_;
@@ -58,7 +58,7 @@ void OfficeWorker::run(const Job& job) {
     while (!done)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     --waiters_;
-    if (toldBusy) Q_EMIT idle();
+    if (wasBusy) Q_EMIT idle();
     if (error) std::rethrow_exception(error);
 }
 

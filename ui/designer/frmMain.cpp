@@ -118,7 +118,7 @@ void frmMain::connectActions() {
     connect(actions_, &DesignerActions::saveAs, this, executes(HostCommand::SaveAs));
     connect(actions_, &DesignerActions::closeWindow, this, &QWidget::close);
     connect(actions_, &DesignerActions::loadStructure, this, [this] { structureLoad_.cmdLoadXML_Click(); });
-    connect(actions_, &DesignerActions::insertNode, this, [this] { tellDrop(session_.insertAtCaret()); });
+    connect(actions_, &DesignerActions::insertNode, this, [this] { reportDrop(session_.insertAtCaret()); });
     connect(actions_, &DesignerActions::convertFields, this, [this] { session_.convertFields(); });
     connect(actions_, &DesignerActions::helpContents, this, [this] { help_.OpenTOC(handle()); });
     connect(actions_, &DesignerActions::helpIndex, this, [this] { help_.OpenIndex(handle()); });
@@ -129,7 +129,7 @@ void frmMain::connectActions() {
 void frmMain::connectStructure() {
     connect(tree_, &TreePane::loadRequested, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(tree_, &TreePane::cancelRequested, this, [this] { structureLoad_.cancel(); });
-    connect(tree_, &TreePane::insertRequested, this, [this] { tellDrop(session_.insertAtCaret()); });
+    connect(tree_, &TreePane::insertRequested, this, [this] { reportDrop(session_.insertAtCaret()); });
     connect(tree_, &TreePane::dragFinished, this, &frmMain::endDrag);
     connect(&structureLoad_, &StructureLoad::started, this, [this] {
         tree_->clear();
@@ -203,13 +203,13 @@ void frmMain::showState() {
 /// The drop waits for the drag's end, which comes here wherever the drag ended.
 void frmMain::endDrag() {
     if (const std::optional<HostPoint> point = area_->pane().takeDropPoint()) {
-        tellDrop(session_.drop(*point));
+        reportDrop(session_.drop(*point));
     } else {
         dropTree_.unhook();
     }
 }
 
-void frmMain::tellDrop(bool isDropped) {
+void frmMain::reportDrop(bool isDropped) {
     const TreeNode* const node = tree_->selectedNode();
     status_->setText(isDropped && node != nullptr
                          ? tr("“%1” was inserted.").arg(QString::fromStdString(node->Text()))

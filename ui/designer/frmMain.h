@@ -48,7 +48,7 @@ class frmMain final : public QMainWindow {
     void connectBusy();
     void showState();
     void endDrag();
-    void tellDrop(bool isDropped);
+    void reportDrop(bool isDropped);
     void showAbout();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 

@@ -24,9 +24,9 @@ QUrl addressOf(const QString& topic) {
 
 }  // namespace
 
-HelpBrowser::HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> tellProblem,
+HelpBrowser::HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> showProblem,
                          QWidget* parent)
-    : QTextBrowser(parent), file_(std::move(file)), tellProblem_(std::move(tellProblem)) {
+    : QTextBrowser(parent), file_(std::move(file)), showProblem_(std::move(showProblem)) {
     setOpenLinks(false);
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::follow);
 }
@@ -41,11 +41,11 @@ void HelpBrowser::follow(const QUrl& link) {
         if (address.scheme() == QLatin1String("chm") && file_->topicHtml(address.path())) {
             setSource(address);
         } else {
-            tellProblem_(tr("The help file '%1' has no topic '%2'.")
+            showProblem_(tr("The help file '%1' has no topic '%2'.")
                              .arg(QString::fromStdString(file_->path()), link.toString()));
         }
     } catch (const AutomationError& error) {
-        tellProblem_(QString::fromStdString(error.description()));
+        showProblem_(QString::fromStdString(error.description()));
     }
 }
 
@@ -65,7 +65,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
         if (type == QTextDocument::HtmlResource) return file_->topicHtml(address.path()).value_or(QString());
         return file_->read(address.path()).value_or(QByteArray());
     } catch (const AutomationError& error) {
-        tellProblem_(QString::fromStdString(error.description()));
+        showProblem_(QString::fromStdString(error.description()));
         return {};
     }
 }

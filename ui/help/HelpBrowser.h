@@ -14,7 +14,7 @@ class HelpBrowser final : public QTextBrowser {
 
   public:
     /// Problems are sentences about a topic that is not there or cannot be read.
-    HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> tellProblem,
+    HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> showProblem,
                 QWidget* parent);
 
     /// Shows a topic, by its path in the help file; "#" and a place may follow. A topic that is not there is
@@ -34,7 +34,7 @@ class HelpBrowser final : public QTextBrowser {
     void follow(const QUrl& link);
 
     std::shared_ptr<HelpFile> file_;
-    std::function<void(const QString&)> tellProblem_;
+    std::function<void(const QString&)> showProblem_;
     int zoom_ = 0;
 };
 

@@ -60,7 +60,7 @@ HelpWindow::HelpWindow(const std::shared_ptr<HelpFile>& file, QWidget* owner)
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(file->title().isEmpty() ? tr("Help") : file->title());
     browser_ = new HelpBrowser(
-        file, [this](const QString& sentence) { tellProblem(sentence); }, this);
+        file, [this](const QString& sentence) { showProblem(sentence); }, this);
     browser_->setAccessibleName(tr("Topic"));
     makePages();
     makeActions();
@@ -198,9 +198,9 @@ void HelpWindow::search() {
         for (const HelpHit& hit : file_->search(searchBox_->text())) {
             addLine(*hits_, hit.title, hit.topic);
         }
-        if (hits_->count() == 0) tellProblem(tr("No topic holds all of these words."));
+        if (hits_->count() == 0) showProblem(tr("No topic holds all of these words."));
     } catch (const AutomationError& error) {
-        tellProblem(QString::fromStdString(error.description()));
+        showProblem(QString::fromStdString(error.description()));
     }
 }
 
@@ -214,7 +214,7 @@ void HelpWindow::markInContents(const QString& topic) {
     }
 }
 
-void HelpWindow::tellProblem(const QString& sentence) {
+void HelpWindow::showProblem(const QString& sentence) {
     statusBar()->showMessage(sentence);
 }
 

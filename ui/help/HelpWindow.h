@@ -43,7 +43,7 @@ class HelpWindow final : public QMainWindow {
     void narrowIndex(const QString& beginning);
     void search();
     void markInContents(const QString& topic);
-    void tellProblem(const QString& sentence);
+    void showProblem(const QString& sentence);
 
     std::shared_ptr<HelpFile> file_;
     QTabWidget* pages_ = nullptr;

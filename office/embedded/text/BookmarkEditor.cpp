@@ -80,7 +80,7 @@ void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) 
     removeMark(record.start);
     if (isEmpty) removeMark(record.end);
     insertStart(record.start, start);
-    if (isEmpty) insertBehind(record.end, record.start);
+    if (isEmpty) insertAfter(record.end, record.start);
     renewColumns(record);
 }
 
@@ -100,13 +100,13 @@ void BookmarkEditor::insertStart(Item* mark, CharacterPosition start) {
 }
 
 void BookmarkEditor::insertEnd(Item* mark, CharacterPosition end, Item* start) {
-    if (ItemTree::positionOf(start) == end) return insertBehind(mark, start);
+    if (ItemTree::positionOf(start) == end) return insertAfter(mark, start);
     Item* previous = story_.items().itemAt(end - CharacterCount{1});
     Item* next = ItemTree::next(previous);
     insertMark(mark, DomPlaces(story_).forEndMark(previous, next), next);
 }
 
-void BookmarkEditor::insertBehind(Item* mark, Item* start) {
+void BookmarkEditor::insertAfter(Item* mark, Item* start) {
     insertMark(mark, {start->node.parent(), start->node}, ItemTree::next(start));
 }
 

@@ -31,7 +31,7 @@ class BookmarkEditor {
   private:
     void insertStart(Item* mark, CharacterPosition start);
     void insertEnd(Item* mark, CharacterPosition end, Item* start);
-    void insertBehind(Item* mark, Item* start);
+    void insertAfter(Item* mark, Item* start);
     void insertMark(Item* item, DomPlace place, Item* next);
     void removeMark(Item* item);
     /// Returns whether a range covers several cells of a table but no whole row.

@@ -92,7 +92,7 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
 
 void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, const TextSetting& setting) {
     if (setting.formatting) splitRun(position);
-    Item* next = itemBehind(position);
+    Item* next = itemAfter(position);
     if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
     if (!setting.formatting && appendToPrevious(ItemTree::previous(next), position, text)) return;
     splitRun(position);
@@ -114,7 +114,7 @@ pugi::xml_node StoryEditor::makeCode(std::string_view text) {
 
 void StoryEditor::insertBreak(CharacterPosition position, char character, const TextSetting& setting) {
     splitRun(position);
-    const Item* next = itemBehind(position);
+    const Item* next = itemAfter(position);
     const pugi::xml_node run =
         makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
     pugi::xml_node element = skeletons_.makeElement(character == '\t' ? "tab" : "br");
@@ -156,7 +156,7 @@ bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, s
 
 void StoryEditor::insertRun(CharacterPosition position, pugi::xml_node run, Item* item,
                             pugi::xml_node container) {
-    Item* next = itemBehind(position);
+    Item* next = itemAfter(position);
     const DomPlace place = places_.forRun(ItemTree::previous(next), next, container);
     journal_.move(story_.part(), run, place.parent, place.after);
     journal_.insertItem(story_.items(), next, item);
@@ -165,7 +165,7 @@ void StoryEditor::insertRun(CharacterPosition position, pugi::xml_node run, Item
 
 void StoryEditor::insertParagraphMark(CharacterPosition position) {
     splitRun(position);
-    Item* next = itemBehind(position);
+    Item* next = itemAfter(position);
     const pugi::xml_node paragraph = story_.paragraphOf(next);
     const DomPlace place = splitContainers(places_.forRun(ItemTree::previous(next), next), paragraph);
     Item* oldMark = next;
@@ -210,7 +210,7 @@ void StoryEditor::splitRun(CharacterPosition position) {
     const Item* previous = ItemTree::previous(next);
     if (!previous || previous->node.parent() != next->node.parent()) return;
     const pugi::xml_node run = next->node.parent();
-    if (story_.names().tagOf(run) == opc::WordTag::Run) splitRunBehind(run, previous->node);
+    if (story_.names().tagOf(run) == opc::WordTag::Run) splitRunAfter(run, previous->node);
 }
 
 void StoryEditor::checkSplit(CharacterPosition position) const {
@@ -224,7 +224,7 @@ void StoryEditor::checkSplit(CharacterPosition position) const {
 void StoryEditor::splitText(Item* item, CharacterCount before) {
     const std::string whole = item->node.child_value();
     const std::size_t bytes = byteOffset(whole, before);
-    const pugi::xml_node second = splitRunBehind(item->node.parent(), item->node);
+    const pugi::xml_node second = splitRunAfter(item->node.parent(), item->node);
     pugi::xml_node text = skeletons_.copy(item->node);
     text.first_child().set_value(whole.substr(bytes).c_str());
     text.remove_attribute("xml:space");
@@ -239,7 +239,7 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
     journal_.insertItem(story_.items(), ItemTree::next(item), story_.makeItem(ItemKind::Text, text, rest));
 }
 
-pugi::xml_node StoryEditor::splitRunBehind(pugi::xml_node run, pugi::xml_node child) {
+pugi::xml_node StoryEditor::splitRunAfter(pugi::xml_node run, pugi::xml_node child) {
     const pugi::xml_node second = makeRun(story_.names().child(run, opc::WordTag::RunProperties));
     journal_.move(story_.part(), second, run.parent(), run);
     while (const pugi::xml_node moving = child.next_sibling()) {
@@ -286,7 +286,7 @@ pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
 }
 
 Formatting StoryEditor::formattingAtPlace(CharacterPosition position) const {
-    const Item* next = itemBehind(position);
+    const Item* next = itemAfter(position);
     if (ItemTree::positionOf(next) != position) return {};
     return formattingAt(ItemTree::previous(next), next);
 }
@@ -315,7 +315,7 @@ pugi::xml_node StoryEditor::makeRun(pugi::xml_node formatting) {
     return run;
 }
 
-Item* StoryEditor::itemBehind(CharacterPosition position) const {
+Item* StoryEditor::itemAfter(CharacterPosition position) const {
     Item* item = story_.items().itemAt(position);
     if (!item) throw AutomationError(kCommandFailed, "No text can stand behind the last paragraph.");
     return item;

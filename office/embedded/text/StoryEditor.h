@@ -60,12 +60,12 @@ class StoryEditor {
     bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text);
     void insertRun(CharacterPosition position, pugi::xml_node run, Item* item, pugi::xml_node container);
     pugi::xml_node makeCode(std::string_view text);
-    Item* itemBehind(CharacterPosition position) const;
+    Item* itemAfter(CharacterPosition position) const;
 
     [[nodiscard]] pugi::xml_node formattingAt(const Item* previous, const Item* next) const;
     pugi::xml_node makeRun(pugi::xml_node formatting);
     void splitText(Item* item, CharacterCount before);
-    pugi::xml_node splitRunBehind(pugi::xml_node run, pugi::xml_node child);
+    pugi::xml_node splitRunAfter(pugi::xml_node run, pugi::xml_node child);
     DomPlace splitContainers(DomPlace place, pugi::xml_node paragraph);
     pugi::xml_node makeParagraphLike(pugi::xml_node paragraph);
 

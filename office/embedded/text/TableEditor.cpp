@@ -23,10 +23,10 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
     const Item* previous = ItemTree::previous(next);
     while (previous && !previous->takesPlace())
         previous = ItemTree::previous(previous);
-    const bool behindText =
+    const bool isAfterText =
         ItemTree::positionOf(next) != position ||
         (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == before);
-    if (behindText) {
+    if (isAfterText) {
         editor_.insertParagraphMark(position);
         position = position + CharacterCount{1};
         next = story_.items().itemAt(position);

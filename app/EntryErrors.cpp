@@ -1,4 +1,4 @@
-#include "app/ToldErrors.h"
+#include "app/EntryErrors.h"
 
 #include "app/MergeloomErrorCodes.h"
 #include "base/SourcePlace.h"
@@ -12,7 +12,7 @@ constexpr ErrorNumber kObjectUnloaded = 364;
 
 }  // namespace
 
-void tellError(const AutomationError& error, ErrorHandler& errors, Messages& messages) {
+void reportEntryError(const AutomationError& error, ErrorHandler& errors, Messages& messages) {
     if (error.number() == kObjectUnloaded) return;
     if (!isMappingError(error.number())) {
         errors.report(

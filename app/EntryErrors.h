@@ -8,6 +8,6 @@ namespace mergeloom {
 
 /// Reports an error that reached the entry routine: shows a mapping error by its text, if it has one, and
 /// passes any other to the error handler.
-void tellError(const AutomationError& error, ErrorHandler& errors, Messages& messages);
+void reportEntryError(const AutomationError& error, ErrorHandler& errors, Messages& messages);
 
 }  // namespace mergeloom
