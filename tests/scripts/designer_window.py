@@ -88,6 +88,12 @@ def drag(start, end):
     xdotool("mouseup", 1)
 
 
+def active_window():
+    """The title of the window that gets the keys; none while they go from one to another."""
+    answer = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], capture_output=True, text=True)
+    return answer.stdout.strip()
+
+
 def screenshot(path):
     subprocess.run(["import", "-window", "root", str(path)], check=True)
 
@@ -147,6 +153,12 @@ class Designer:
     def window(self):
         """The main window."""
         return wait_for("the window", lambda: next(iter(find(self.application, "frame")), None))
+
+    def wait_until_active(self):
+        """Waits until keys go to the main window, which a dialog before it had."""
+        def is_active():
+            return self.process.poll() is not None or active_window() == self.title()
+        wait_for("the keyboard", is_active)
 
     def title(self):
         return self.window().get_name()

@@ -83,7 +83,8 @@ class DesignerTest(unittest.TestCase):
         key("ctrl+shift+s")
         self.designer.answer_file_dialog(path)
         wait_for(f"the file {path}", path.exists)
-        wait_for("the end of saving", lambda: not self.designer.has_dialog())
+        wait_for("the end of saving", lambda: self.designer.title() == name and not self.designer.has_dialog())
+        self.designer.wait_until_active()
         return path
 
 
@@ -176,7 +177,7 @@ class InWord(DesignerTest):
         designer.press("Cancel", box)
         self.assertEqual(self.names(self.save_as("kept.docx")), ["CustomerID"])
         key("ctrl+q")
-        self.assertEqual(designer.process.wait(20), 0)
+        self.assertEqual(designer.process.wait(PATIENCE), 0)
 
     def test_a_template_of_the_command_line(self):
         template = self.folder / "given.dotx"
