@@ -8,7 +8,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Puts a text into a buffer of the given size with the NUL at its end; NULs fill what is left of it.
+/// Writes a text into a buffer of the given size with a NUL at its end; NULs fill the rest.
 void fillBuffer(std::string& buffer, std::uint32_t& size, const std::string& text) {
     size = std::max(size, static_cast<std::uint32_t>(text.size() + 1));
     buffer = text;

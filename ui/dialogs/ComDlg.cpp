@@ -70,7 +70,7 @@ void ComDlg::prepareRecord() {
     const bool severalFiles = (record_.Flags & OFN_ALLOWMULTISELECT) != 0;
     record_.lStructSize = sizeof(OpenFileName);
     record_.hwndOwner = dialog_.activeWindow();
-    // A longer name gets the room that it needs.
+    // The buffer grows with a longer name.
     record_.nMaxFile = std::max(severalFiles ? kSizeForSeveralFiles : kSizeForOneFile,
                                 static_cast<std::uint32_t>(initialName_.size() + 1));
     texts_.lpstrFile = initialName_;
@@ -81,7 +81,7 @@ void ComDlg::prepareRecord() {
 
 ComDlg::Result ComDlg::resultOfDialog() const {
     Result result;
-    // The buffer may be full, then its own end is the last NUL.
+    // When the buffer is full, its own end is the last NUL.
     const std::string buffer = texts_.lpstrFile + std::string(kTwoNuls);
     result.fileName = buffer.substr(0, buffer.find(kTwoNuls));
     result.fileTitle = firstPart(texts_.lpstrFileTitle);
@@ -94,7 +94,8 @@ ComDlg::Result ComDlg::resultOfDialog() const {
     return result;
 }
 
-/// A root's own separator is not among the characters before a name, so it is brought back.
+/// Adds the paths of the chosen files. A root's own separator is not among the characters before a name, so
+/// it is added again.
 void ComDlg::addChosenFiles(Result& result) {
     if (!result.fileTitle.empty()) {
         result.fileTitles = {result.fileTitle};

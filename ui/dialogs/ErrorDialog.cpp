@@ -12,7 +12,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Where the report was kept. An error about the error must not hide it.
+/// Keeps the report and returns its path. An error while keeping it must not hide the error itself.
 QString keep(const std::string& text, const std::string& folder) {
     try {
         return QString::fromStdString(saveProblemReport(text, folder));
@@ -54,7 +54,7 @@ std::string ErrorDialog::reportText(const ErrorReport& report) const {
     try {
         circumstances.officeBuild = settings_.officeBuild();
     } catch (const std::exception&) {
-        // An office that broke down cannot tell what it was.
+        // An office that has ended cannot name its build.
         circumstances.officeBuild.clear();
     }
     return problemReportText(report, circumstances);

@@ -9,22 +9,24 @@
 
 namespace mergeloom {
 
-/// What the dialog of errors cannot find out by itself.
+/// The settings that the dialog of errors cannot find out by itself.
 struct ErrorDialogSettings {
-    /// Asked on the thread that reports, which may be the office's own; empty while no office runs.
+    /// Returns the build of the office; empty while no office runs. Called on the thread that reports, which
+    /// may be the office's own.
     std::function<std::string()> officeBuild = [] { return std::string(); };
-    /// Takes a line for each error, from the thread that reports.
+    /// Logs a line for each error; called on the thread that reports.
     std::function<void(const std::string&)> log = [](const std::string&) {};
-    /// Where users write to: by default the address of this build. Without one there is no button for it.
+    /// The address to which users send reports: by default that of this build. Without one there is no button
+    /// for it.
     std::string supportAddress = addressOfBuild();
-    /// Where the reports are kept: by default the user's state folder.
+    /// The folder for reports: by default the user's state folder.
     std::string reportFolder = folderOfUser();
 
     static std::string addressOfBuild();
     static std::string folderOfUser();
 };
 
-/// Tells the user of an unexpected error and keeps a report of it, which the user can read and send. May be
+/// Shows the user an unexpected error and keeps a report of it, which the user can read and send. May be
 /// called by any thread.
 class ErrorDialog final : public ErrorHandler {
   public:

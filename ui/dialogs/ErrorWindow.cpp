@@ -50,7 +50,7 @@ QLayout* ErrorWindow::makeMessage(const ErrorReport& error) {
     return layout;
 }
 
-/// What is not known has no line.
+/// Shows a line for each known fact.
 QLayout* ErrorWindow::makeDetails(const ErrorReport& error) {
     QLabel* description = makeText(QString::fromStdString(error.description));
     description->setObjectName(QStringLiteral("description"));

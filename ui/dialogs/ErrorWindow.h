@@ -7,14 +7,14 @@
 
 namespace mergeloom {
 
-/// The report of an error, and where it lies and goes.
+/// The report of an error, its file and the address to which it is sent.
 struct KeptReport {
     QString text;
     QString path;            ///< empty when it could not be kept
     QString supportAddress;  ///< empty for none
 };
 
-/// An unexpected error with what is known of it, and the way to its report.
+/// Shows an unexpected error with the known facts, and opens its report.
 class ErrorWindow final : public QDialog {
     Q_OBJECT
 

@@ -25,7 +25,7 @@ bool FieldListModel::setData(const QModelIndex& index, const QVariant& value, in
 }
 
 Qt::ItemFlags FieldListModel::flags(const QModelIndex& index) const {
-    // A row takes no drop itself, so what is dragged falls between two rows.
+    // A row accepts no drop itself, so dragged rows fall between two rows.
     if (!index.isValid()) return Qt::ItemIsDropEnabled;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled |
            Qt::ItemNeverHasChildren;
@@ -34,7 +34,7 @@ Qt::ItemFlags FieldListModel::flags(const QModelIndex& index) const {
 bool FieldListModel::moveRows(const QModelIndex& sourceParent, int source, int count,
                               const QModelIndex& destinationParent, int destination) {
     const bool isOneRow = count == 1 && source >= 0 && source < fields_.ListCount();
-    // A view's rows count before the move: behind itself a row stands where it stood.
+    // A view counts rows as before the move: a row that is dropped after itself stays.
     const int target = destination > source ? destination - 1 : destination;
     if (!isOneRow || fields_.SelCount() == 0 || target == source) return false;
     if (!beginMoveRows(sourceParent, source, source, destinationParent, destination)) return false;

@@ -7,8 +7,8 @@
 
 namespace mergeloom {
 
-/// The fields as rows with a check mark each, which can be dragged to another place. The order changes by the
-/// rules of the selection alone.
+/// The fields as rows with a check mark each, which can be dragged to another place. The order changes only
+/// by the rules of the selection.
 class FieldListModel final : public QAbstractListModel {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ class FieldListModel final : public QAbstractListModel {
     [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
     bool moveRows(const QModelIndex& sourceParent, int source, int count,
                   const QModelIndex& destinationParent, int destination) override;
-    /// A drop of rows is a move; nothing comes in from elsewhere.
+    /// Moves the dropped rows; nothing is accepted from elsewhere.
     bool dropMimeData(const QMimeData*, Qt::DropAction, int, int, const QModelIndex&) override {
         return false;
     }

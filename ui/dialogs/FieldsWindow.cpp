@@ -10,7 +10,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The window as it was drawn, in twips, 1440 to an inch.
+/// The size in which the window was designed, in twips, 1440 to an inch.
 constexpr QRect kClient(0, 0, 4830, 3780);
 constexpr QRect kList(60, 60, 3315, 3660);
 constexpr QRect kInsert(3480, 120, 1215, 375);
@@ -19,7 +19,7 @@ constexpr QRect kDown(3480, 2100, 1215, 375);
 constexpr QRect kSelect(3480, 2820, 1215, 375);
 constexpr QRect kUnSelect(3480, 3300, 1215, 375);
 constexpr double kTwipsOfInch = 1440;
-/// Between a caption and the edge of its button, in pixels.
+/// The space between a caption and the edge of its button, in pixels.
 constexpr QSize kPadding(4, 2);
 
 int scaled(int twips, double dotsPerInch) {
@@ -93,7 +93,7 @@ QRect FieldsWindow::pixels(const QRect& twips) const {
             scaled(twips.width(), resolution.width()), scaled(twips.height(), resolution.height())};
 }
 
-/// What the window is larger than it was drawn goes to the list.
+/// Gives the list all space beyond the designed size.
 void FieldsWindow::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     const QSize extra = size() - pixels(kClient).size();

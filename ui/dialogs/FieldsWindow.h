@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// The window over the list of fields. It decides nothing: the selection has the rules.
+/// Shows the list of fields. It decides nothing: the selection has the rules.
 class FieldsWindow final : public QDialog {
     Q_OBJECT
 
@@ -27,7 +27,8 @@ class FieldsWindow final : public QDialog {
     void setUpList();
     void setUpButtons();
     QPushButton* addButton(const char* name, const QString& caption, const QRect& place);
-    /// The resolution at which the captions fit into the buttons: the screen's, or more for larger writing.
+    /// Returns the resolution at which the captions fit into the buttons: the screen's, or more for larger
+    /// writing.
     [[nodiscard]] QSizeF dotsPerInch() const;
     [[nodiscard]] QRect pixels(const QRect& twips) const;
     void insert();

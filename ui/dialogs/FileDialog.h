@@ -9,7 +9,7 @@ namespace mergeloom {
 
 enum class FileDialogKind { Open, Save };
 
-/// What a user is asked for: a file to open or to save.
+/// A question to the user: for a file to open or to save.
 struct FileQuestion {
     FileDialogKind kind;
     std::string title;
@@ -29,11 +29,11 @@ class FileDialog {
     FileDialog& operator=(const FileDialog&) = delete;
     virtual ~FileDialog() = default;
 
-    /// The handle of the window that the user works in, which owns the dialog; 0 without one.
+    /// Returns the handle of the window that the user works in, which owns the dialog; 0 without one.
     virtual std::uint32_t activeWindow() { return 0; }
-    /// Asks the user. True when something was chosen; then the record and its texts hold the result as
-    /// GetOpenFileName and GetSaveFileName give it: one path; or, of several files, their folder and names,
-    /// each ended by a NUL and all by one more, with an empty lpstrFileTitle.
+    /// Asks the user. Returns true when something was chosen; then the record and its texts have the result
+    /// as GetOpenFileName and GetSaveFileName return it: one path; or, of several files, their folder and
+    /// names, each ended by a NUL and all by one more, with an empty lpstrFileTitle.
     virtual bool show(FileDialogKind kind, OpenFileName& record, OpenFileTexts& texts) = 0;
 };
 

@@ -19,7 +19,7 @@ QString textOf(const std::string& buffer) {
     return QString::fromStdString(buffer.substr(0, buffer.find('\0')));
 }
 
-/// The toolkit reads the patterns from the brackets at the entry's end, with blanks between them.
+/// Returns the entry as the toolkit reads it: with the patterns in brackets at its end, separated by blanks.
 QString shownFilter(const FileFilter& filter) {
     QStringList patterns;
     for (const std::string& pattern : filter.patterns)
@@ -69,12 +69,12 @@ void FileDialogRun::setUpFiles() {
     const bool saves = kind_ == FileDialogKind::Save;
     dialog_.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog_.setFileMode(fileModeOf(kind_, record_.Flags));
-    // The question comes when the name is complete, with its extension.
+    // The user is asked when the name is complete, with its extension.
     dialog_.setOption(QFileDialog::DontConfirmOverwrite);
     if (!texts_.lpstrTitle.empty()) dialog_.setWindowTitle(textOf(texts_.lpstrTitle));
 }
 
-/// The patterns are shown where the descriptions are meant to show them.
+/// Sets up the filters; the patterns are shown when the descriptions include them.
 void FileDialogRun::setUpFilters() {
     dialog_.setOption(QFileDialog::HideNameFilterDetails,
                       std::ranges::none_of(filters_, &FileFilter::showsPatterns));
@@ -91,13 +91,13 @@ void FileDialogRun::setUpStart() {
     if (!texts_.lpstrInitialDir.empty()) dialog_.setDirectory(textOf(texts_.lpstrInitialDir));
     const QString fileName = textOf(texts_.lpstrFile);
     if (!fileName.isEmpty()) dialog_.selectFile(fileName);
-    // A name to save gets its extension when it is chosen.
+    // A name for saving gets its extension when it is chosen.
     if (kind_ == FileDialogKind::Save) return;
     takeExtensionOfFilter();
     QObject::connect(&dialog_, &QFileDialog::filterSelected, &dialog_, [this] { takeExtensionOfFilter(); });
 }
 
-/// Only the toolkit's own dialog has room for it.
+/// Sets up the check box, for which only the toolkit's own dialog has room.
 void FileDialogRun::setUpCheckBox() {
     dialog_.setOption(QFileDialog::DontUseNativeDialog);
     auto* layout = qobject_cast<QGridLayout*>(dialog_.layout());
@@ -110,12 +110,12 @@ void FileDialogRun::setUpCheckBox() {
     layout->addWidget(box, layout->rowCount(), 0, 1, layout->columnCount());
 }
 
-/// The dialog looks for a file with it where there is none without.
+/// Takes the extension of the filter; the dialog looks for a file with it when there is none without.
 void FileDialogRun::takeExtensionOfFilter() {
     dialog_.setDefaultSuffix(QString::fromStdString(defaultExtension()));
 }
 
-/// Where patterns are hidden, the toolkit tells the chosen entry without them.
+/// Returns the index of the chosen entry. When patterns are hidden, the toolkit names the entry without them.
 std::size_t FileDialogRun::filterIndex() const {
     const QString chosen = dialog_.selectedNameFilter();
     const auto isChosen = [&](const FileFilter& filter) {
@@ -130,8 +130,8 @@ FileFilter FileDialogRun::filter() const {
     return filters_.empty() ? FileFilter() : filters_.at(filterIndex());
 }
 
-/// Three characters cannot tell "docx" from "doc", so the entry that the user chose decides where it can.
-/// Without a default extension, names stay as they are.
+/// Returns the extension for names without one. Three characters cannot distinguish "docx" from "doc", so the
+/// entry that the user chose decides when it can. Without a default extension, names stay as they are.
 std::string FileDialogRun::defaultExtension() const {
     if (texts_.lpstrDefExt.empty()) return {};
     const std::string ofFilter = extensionOf(filter());

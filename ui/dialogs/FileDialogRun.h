@@ -10,14 +10,15 @@
 
 namespace mergeloom {
 
-/// One question for files, on the windows' thread: the toolkit's dialog until its answer satisfies the flags.
+/// Asks one question for files on the windows' thread: shows the toolkit's dialog until its result satisfies
+/// the flags.
 class FileDialogRun {
     Q_DECLARE_TR_FUNCTIONS(FileDialogRun)
 
   public:
     FileDialogRun(QWidget* owner, FileDialogKind kind, OpenFileName& record, OpenFileTexts& texts);
 
-    /// True when files were chosen; the record and its texts hold them then.
+    /// Returns true when files were chosen; then the record and its texts have them.
     bool show();
 
   private:

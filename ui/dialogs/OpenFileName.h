@@ -5,11 +5,11 @@
 
 namespace mergeloom {
 
-/// Ends each text of a record that holds several.
+/// The end of each text of a record with several texts.
 inline constexpr char kNul = '\0';
 
-/// The record OPENFILENAME of the common dialogs of Windows as its 32-bit ANSI edition lays it out. Its texts
-/// do not fit behind addresses of 32 bits: they stand in OpenFileTexts under the same names, the members here
+/// The record OPENFILENAME of the common dialogs of Windows as its 32-bit ANSI edition lays it out. Addresses
+/// of 32 bits cannot point to its texts: they are in OpenFileTexts under the same names, and the members here
 /// stay 0.
 struct OpenFileName {
     std::uint32_t lStructSize = 0;
@@ -26,8 +26,9 @@ struct OpenFileName {
     std::uint32_t lpstrInitialDir = 0;
     std::uint32_t lpstrTitle = 0;
     std::uint32_t Flags = 0;
-    std::uint16_t nFileOffset = 0;     ///< where the file's name begins in lpstrFile, counted from 0
-    std::uint16_t nFileExtension = 0;  ///< where its extension begins; 0 without one
+    std::uint16_t nFileOffset =
+        0;  ///< the index at which the file's name begins in lpstrFile, counted from 0
+    std::uint16_t nFileExtension = 0;  ///< the index at which its extension begins; 0 without one
     std::uint32_t lpstrDefExt = 0;
     std::uint32_t lCustData = 0;
     std::uint32_t lpfnHook = 0;
@@ -35,12 +36,11 @@ struct OpenFileName {
 };
 static_assert(sizeof(OpenFileName) == 76);
 
-/// The texts of the record in UTF-8; positions and sizes count bytes. An empty text stands for a null
+/// The texts of the record in UTF-8; positions and sizes count bytes. An empty text represents a null
 /// pointer.
 struct OpenFileTexts {
     std::string lpstrFilter;  ///< descriptions and patterns in turn, each ended by a NUL
-    std::string
-        lpstrFile;  ///< a buffer; a dialog that needs more room makes it longer and tells so in nMaxFile
+    std::string lpstrFile;    ///< a buffer; a dialog that needs more room enlarges it and nMaxFile
     std::string lpstrFileTitle;
     std::string lpstrInitialDir;
     std::string lpstrTitle;

@@ -7,9 +7,9 @@
 
 namespace mergeloom {
 
-/// The desktop's file dialog, the toolkit's own where the desktop has none. May be called by any thread. It
-/// honours the flags for several files, for overwriting and for files and folders that must exist. The
-/// process's current folder never changes.
+/// Shows the desktop's file dialog, or the toolkit's own when the desktop has none. May be called by any
+/// thread. It honours the flags for several files, for overwriting and for files and folders that must exist.
+/// The process's current folder never changes.
 class QtFileDialog final : public FileDialog {
   public:
     explicit QtFileDialog(QWidget* owner) : owner_(owner) {}

@@ -6,7 +6,7 @@
 
 namespace mergeloom {
 
-/// The text of a report, to be read before it is sent.
+/// Shows the text of a report, to be read before it is sent.
 class ReportWindow final : public QDialog {
     Q_OBJECT
 

@@ -8,7 +8,7 @@ namespace mergeloom {
 
 void frmFields::Show(FieldSelection& fields) {
     callOnGuiThread([&] { FieldsWindow(ownerOfDialog(owner_), fields, errors_).exec(); });
-    // Closed by its frame or the Escape key, the window leaves a list that still counts as shown.
+    // When it is closed by its frame or the Escape key, the list still counts as shown.
     fields.SetVisible(false);
 }
 

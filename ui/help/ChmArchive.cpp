@@ -11,7 +11,7 @@ namespace mergeloom {
 
 namespace {
 
-// A damaged file may promise any size and any number of files.
+// A damaged file may state any size and any number of files.
 constexpr LONGUINT64 kMaxFileSize = 64U << 20U;
 constexpr qsizetype kMaxFiles = 100'000;
 

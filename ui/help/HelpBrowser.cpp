@@ -13,7 +13,7 @@ namespace {
 constexpr int kMinZoom = -6;
 constexpr int kMaxZoom = 20;
 
-/// Topics have addresses of this kind, against which the links in them are resolved.
+/// Returns the address of a topic, against which the links in it are resolved.
 QUrl addressOf(const QString& topic) {
     QUrl address;
     address.setScheme(QStringLiteral("chm"));

@@ -13,18 +13,18 @@ class HelpBrowser final : public QTextBrowser {
     Q_OBJECT
 
   public:
-    /// Problems are sentences about a topic that is not there or cannot be read.
+    /// Problems are sentences about a topic that does not exist or cannot be read.
     HelpBrowser(std::shared_ptr<HelpFile> file, std::function<void(const QString&)> showProblem,
                 QWidget* parent);
 
-    /// Shows a topic, by its path in the help file; "#" and a place may follow. A topic that is not there is
-    /// told and what was shown stays.
+    /// Shows a topic, by its path in the help file; "#" and a place may follow. For a topic that does not
+    /// exist it shows a problem and stays at the current one.
     void showTopic(const QString& topic);
-    /// The path of the topic that is shown, without a place.
+    /// Returns the path of the topic that is shown, without a place.
     [[nodiscard]] QString topic() const { return topicOf(source()); }
-    /// The topic of an address that the browser shows or tells of.
+    /// Returns the topic of an address that the browser shows or emits.
     static QString topicOf(const QUrl& address) { return address.path().mid(1); }
-    /// Steps larger or, below 0, smaller than the font of the desktop.
+    /// Zooms by steps, larger or, below 0, smaller than the font of the desktop.
     void zoomBy(int steps);
     void resetZoom();
 

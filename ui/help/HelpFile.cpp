@@ -9,22 +9,22 @@ namespace mergeloom {
 
 namespace {
 
-// The pieces of "/#SYSTEM" that name what belongs together, by their numbers.
+// The pieces of "/#SYSTEM" that name the contents and the index, by their numbers.
 constexpr quint16 kContentsPiece = 0;
 constexpr quint16 kIndexPiece = 1;
 constexpr quint16 kDefaultTopicPiece = 2;
 constexpr quint16 kTitlePiece = 3;
 constexpr qsizetype kSystemHeader = 4;
 constexpr qsizetype kPieceHeader = 4;
-/// Lines of a context number, a blank and a topic. The compiler of help files would write its own table, but
-/// with the paths of the machine that it runs on.
+/// The file with a line for each context number: the number, a blank and a topic. The compiler of help files
+/// would write its own table, but with the paths of the machine that it runs on.
 const QString kContextsName = QStringLiteral("contexts.txt");
 
 quint16 numberAt(const QByteArray& bytes, qsizetype position) {
     return qFromLittleEndian<quint16>(bytes.constData() + position);
 }
 
-/// The text up to the first zero byte or the end.
+/// Returns the text up to the first zero byte or the end.
 QString textOf(const QByteArray& bytes) {
     return QString::fromUtf8(bytes.left(bytes.indexOf('\0')));
 }

@@ -19,26 +19,27 @@ namespace mergeloom {
 /// members raise kFileCouldNotBeRead with a sentence that names the file when it turns out to be damaged.
 class HelpFile {
   public:
-    /// Raises kFileCouldNotBeRead with a sentence that names the file, too, when it is missing or is no help
-    /// file.
+    /// Opens the file. Raises kFileCouldNotBeRead with a sentence that names the file also when it is missing
+    /// or is no help file.
     explicit HelpFile(const std::string& path);
 
     [[nodiscard]] const std::string& path() const { return archive_.path(); }
     [[nodiscard]] const QString& title() const { return title_; }
-    /// The topic that is shown when none is asked for.
+    /// Returns the topic that is shown by default.
     [[nodiscard]] const QString& defaultTopic() const { return defaultTopic_; }
     [[nodiscard]] const std::vector<HelpEntry>& contents() const { return contents_; }
     [[nodiscard]] const std::vector<HelpEntry>& index() const { return index_; }
-    /// The topic of each context number.
+    /// Returns the topic of each context number.
     [[nodiscard]] const std::map<std::uint32_t, QString>& contexts() const { return contexts_; }
 
-    /// The paths of all topics.
+    /// Returns the paths of all topics.
     [[nodiscard]] QStringList topics() const;
-    /// The text of a topic as HTML; none when there is no such topic. A place behind "#" is passed over.
+    /// Returns the text of a topic as HTML; none when there is no such topic. A place after "#" is ignored.
     [[nodiscard]] std::optional<QString> topicHtml(const QString& topic) const;
-    /// The bytes of a picture or style sheet; none when there is no such file.
+    /// Returns the bytes of a picture or style sheet; none when there is no such file.
     [[nodiscard]] std::optional<QByteArray> read(const QString& name) const;
-    /// The topics that hold all words of the query (HelpSearch::find). The first search reads all topics.
+    /// Returns the topics that have all words of the query (HelpSearch::find). The first search reads all
+    /// topics.
     [[nodiscard]] std::vector<HelpHit> search(const QString& query);
 
   private:

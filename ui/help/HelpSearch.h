@@ -14,13 +14,14 @@ struct HelpHit {
     QString topic;
 };
 
-/// The words of all topics and where they stand.
+/// An index of the words of all topics.
 class HelpSearch {
   public:
     void addTopic(const QString& topic, const QString& title, const QString& text);
 
-    /// The topics in which a word begins with each of the query's words, letter case aside: those that have
-    /// them in their title first, then those that have them most often. None for a query without words.
+    /// Returns the topics in which a word begins with each of the query's words, without regard to case:
+    /// those that have them in their title first, then those that have them most often. None for a query
+    /// without words.
     [[nodiscard]] std::vector<HelpHit> find(const QString& query) const;
 
   private:

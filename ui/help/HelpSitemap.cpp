@@ -12,7 +12,7 @@ namespace {
 /// Lists nested deeper than this continue the one at this depth.
 constexpr std::size_t kDeepestList = 50;
 
-/// The attributes of a tag by their names in lower case.
+/// Returns the attributes of a tag by their names in lower case.
 QMap<QString, QString> attributes(const QString& tag) {
     static const QRegularExpression pattern(
         QStringLiteral(R"re(([\w-]+)\s*=\s*(?:"([^"]*)"|'([^']*)'|([^\s>]+)))re"));
@@ -69,7 +69,7 @@ class SitemapReader {
         isInEntry_ = false;
     }
 
-    /// An entry of an index may have several names and places; the first of each counts.
+    /// Reads a parameter. An entry of an index may have several names and places; the first of each counts.
     void takeParameter(const QString& tag) {
         const QMap<QString, QString> found = attributes(tag);
         const QString name = found.value(QStringLiteral("name"));

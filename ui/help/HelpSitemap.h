@@ -8,11 +8,11 @@
 namespace mergeloom {
 
 /// Reads the list of a contents (.hhc) or index (.hhk) file: nested lists of objects of the type
-/// "text/sitemap" with the parameters Name and Local. Whatever else stands there is passed over.
+/// "text/sitemap" with the parameters Name and Local. Everything else is ignored.
 std::vector<HelpEntry> readSitemap(const QString& html);
 
-/// The path of a topic from the help file's root as links write it: without "/" or "./" before it, with "/"
-/// between its parts and escapes resolved. A "#" and the place behind it stay.
+/// Returns the path of a topic from the help file's root as links write it: without "/" or "./" before it,
+/// with "/" between its parts and escapes resolved. A "#" and the place after it stay.
 QString normalizedTopic(const QString& link);
 
 }  // namespace mergeloom

@@ -41,7 +41,7 @@ void addLine(QListWidget& list, const QString& title, const QString& topic) {
     item->setData(kTopicRole, topic);
 }
 
-/// A page of a box to type in, with its label, above a list.
+/// Makes a page with a box to type in, with its label, above a list.
 QWidget* makePage(const QString& label, QLineEdit* box, QListWidget* list) {
     auto* const page = new QWidget;
     auto* const title = new QLabel(label);
@@ -204,7 +204,8 @@ void HelpWindow::search() {
     }
 }
 
-/// A topic may stand in the contents several times; the first one is marked, unless another one is already.
+/// Marks the topic in the contents. A topic may be there several times; the first one is marked, unless
+/// another one is already.
 void HelpWindow::markInContents(const QString& topic) {
     const QTreeWidgetItem* const current = contents_->currentItem();
     if (current != nullptr && current->data(0, kTopicRole) == topic) return;

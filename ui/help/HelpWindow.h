@@ -27,11 +27,11 @@ class HelpWindow final : public QMainWindow {
     [[nodiscard]] const HelpFile& file() const { return *file_; }
     void showContents();
     void showIndex();
-    /// Searches at once when the query holds something.
+    /// Shows the search; searches at once when the query is not empty.
     void showSearch(const QString& query);
-    /// Shows a topic; one that is not there is told in the status bar.
+    /// Shows a topic; the status bar names one that does not exist.
     void showTopic(const QString& topic);
-    /// The path of the topic that is shown.
+    /// Returns the path of the topic that is shown.
     [[nodiscard]] QString topic() const;
 
   private:

@@ -11,7 +11,7 @@ namespace mergeloom {
 
 namespace {
 
-/// There is nothing to prepare; a cookie of 0 would mean that it failed.
+/// The cookie of the initialisation, which has nothing to prepare; 0 would mean that it failed.
 constexpr WindowHandle kCookie = 1;
 
 QString topicOf(const HelpFile& file, const HtmlHelpData& data) {
@@ -51,7 +51,8 @@ WindowHandle HelpWindows::HtmlHelp(WindowHandle owner, const std::string& file, 
     }
 }
 
-/// The owner stands behind the new window and leaves it usable while it is modal itself.
+/// Returns the window for the owner and the file. The new window is in front of its owner and stays usable
+/// while the owner is modal.
 HelpWindow& HelpWindows::windowFor(WindowHandle owner, const std::string& file) {
     std::erase_if(entries_,
                   [](const Entry& entry) { return entry.window.isNull() || entry.window->isHidden(); });

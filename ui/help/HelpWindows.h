@@ -17,7 +17,7 @@ class HelpWindow;
 /// again. Belongs to the thread of the windows.
 class HelpWindows final : public HtmlHelpPort {
   public:
-    /// Tells which help file cannot be read.
+    /// The messages name a help file that cannot be read.
     explicit HelpWindows(Messages& messages) : messages_(messages) {}
 
     WindowHandle HtmlHelp(WindowHandle owner, const std::string& file, HtmlHelpCommand command,

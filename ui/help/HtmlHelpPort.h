@@ -6,10 +6,10 @@
 
 namespace mergeloom {
 
-/// The number under which the window system knows a window; 0 is none.
+/// The window system's number of a window; 0 is none.
 using WindowHandle = std::uint64_t;
 
-/// What a help control is asked for, with the numbers that it knows the requests by.
+/// The requests to a help control, with its own numbers for them.
 enum class HtmlHelpCommand : std::uint32_t {
     DisplayTopic = 0,
     DisplayContents = 1,
@@ -25,15 +25,15 @@ struct HelpContext {
 };
 
 struct HelpSearchQuery {
-    std::string text;  ///< empty: nothing is searched yet
+    std::string text;  ///< empty: no search yet
 };
 
-/// What the initialisation answered.
+/// The result of the initialisation.
 struct HelpCookie {
     WindowHandle value = 0;
 };
 
-/// Goes with a command: a topic's path for DisplayTopic, nothing or what the command's own type says.
+/// The data of a command: a topic's path for DisplayTopic, nothing or the value of the command's own type.
 using HtmlHelpData = std::variant<std::monostate, std::string, HelpContext, HelpSearchQuery, HelpCookie>;
 
 /// A control that shows help files in windows of its own.
@@ -44,8 +44,8 @@ class HtmlHelpPort {
     HtmlHelpPort& operator=(const HtmlHelpPort&) = delete;
     virtual ~HtmlHelpPort() = default;
 
-    /// Answers the help window, 0 when none is shown; for Initialize the cookie. What cannot be shown is told
-    /// to the user.
+    /// Returns the help window, 0 when none is shown; for Initialize the cookie. A message names what cannot
+    /// be shown.
     virtual WindowHandle HtmlHelp(WindowHandle owner, const std::string& file, HtmlHelpCommand command,
                                   const HtmlHelpData& data) = 0;
     virtual bool isWindow(WindowHandle window) = 0;

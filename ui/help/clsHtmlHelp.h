@@ -21,15 +21,15 @@ class clsHtmlHelp {
 
     void OpenTOC(WindowHandle owner);
     void OpenTopic(WindowHandle owner, const std::string& topic);
-    /// The number 0 is no context and opens the contents.
+    /// Opens the help for the context; 0 is no context and opens the contents.
     void OpenContext(WindowHandle owner, std::uint32_t context);
     void OpenIndex(WindowHandle owner);
     void OpenSearch(WindowHandle owner, const std::string& query = {});
 
-    /// Closes the remembered windows that are still there and forgets all of them.
+    /// Closes the remembered windows that still exist and forgets all of them.
     void CloseHelpWindows();
     void CloseAll() { CloseHelpWindows(); }
-    /// Closes all windows and releases the control. From here on nothing is opened; further calls do nothing.
+    /// Closes all windows and releases the control. After that nothing is opened; further calls do nothing.
     void Terminate();
     [[nodiscard]] bool isShutDown() const { return isShutDown_; }
 
@@ -39,7 +39,7 @@ class clsHtmlHelp {
     HtmlHelpPort& port_;
     HelpCookie cookie_;
     std::string file_;
-    std::vector<std::string> windows_;  // "_" and the window's handle
+    std::vector<std::string> windows_;  // "_" and the window's handle of each
     bool isShutDown_ = false;
 };
 

@@ -14,11 +14,11 @@ clsHtmlHelpForForm::clsHtmlHelpForForm(QWidget& form, QAbstractButton& helpButto
     : form_(form), help_(port) {
     help_.SetFile(helpFile.empty() ? defaultHelpFile : helpFile);
     form.installEventFilter(this);
-    // A shortcut comes before the controls, whatever they do with the key.
+    // A shortcut is handled before the controls get the key.
     auto* const key = new QShortcut(QKeySequence(Qt::Key_F1), &form);
     connect(key, &QShortcut::activated, this, [this] { mfrm_KeyDown(Qt::Key_F1); });
     connect(&helpButton, &QAbstractButton::clicked, this, &clsHtmlHelpForForm::mcmdHelp_Click);
-    // A click gives the button the focus first; what had it before is what the user asks about.
+    // A click gives the button the focus first; the user asks about the control that had it before.
     connect(qApp, &QApplication::focusChanged, this, [this, &helpButton](QWidget* old, const QWidget* now) {
         beforeButton_ = now == &helpButton ? old : nullptr;
     });

@@ -16,7 +16,7 @@ namespace {
 
 constexpr char kLastControlCharacter = 0x1f;
 
-/// The text in one line, whole characters only.
+/// Returns the text in one line, cut between characters.
 std::string lineOf(const std::string& text) {
     std::string line = text.substr(0, DiagnosticsLog::kMaxTextLength);
     while (line.size() < text.size() && !line.empty() && !isUtf8(line) && isUtf8(text))
@@ -27,7 +27,7 @@ std::string lineOf(const std::string& text) {
     return time + " " + line + "\n";
 }
 
-/// Leaves the newest lines that make up half of the limit at most.
+/// Removes the oldest lines, so that the newest take up at most half of the limit.
 void giveUpOldest(QFile& file, std::size_t limit) {
     file.seek(0);
     const std::string lines = file.readAll().toStdString();
@@ -45,7 +45,7 @@ void DiagnosticsLog::append(const std::string& text) {
     if (!makePrivateFolder(parentFolder(path_))) return;
     QFile file(QString::fromStdString(path_));
     if (!file.open(QFile::ReadWrite | QFile::Append)) return;
-    // Another thread or run of the program may be writing to it; closing the file gives the lock back.
+    // Another thread or run of the program may be writing to it; closing the file releases the lock.
     if (flock(file.handle(), LOCK_EX) != 0) return;
     const std::string line = lineOf(text);
     if (static_cast<std::size_t>(file.size()) + line.size() > limit_) giveUpOldest(file, limit_);

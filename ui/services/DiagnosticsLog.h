@@ -5,16 +5,16 @@
 
 namespace mergeloom {
 
-/// The file that keeps what happened for whoever looks for a mistake: a line with the time (UTC) for each
-/// event, the older half of the lines given up when it would grow beyond its limit. Threads and processes may
-/// share it. A log that cannot be written stops nobody: the line is lost.
+/// The log file for whoever looks for a mistake: a line with the time (UTC) for each event. The older half of
+/// the lines is removed when the file would grow beyond its limit. Threads and processes may share it. When
+/// it cannot be written, the line is lost and the program goes on.
 class DiagnosticsLog {
   public:
     static constexpr std::size_t kDefaultLimit = 512UL * 1024;
-    /// What is longer is cut.
+    /// Longer texts are cut.
     static constexpr std::size_t kMaxTextLength = 4096;
 
-    /// The file diagnostics.log in the user's state folder.
+    /// Uses the file diagnostics.log in the user's state folder.
     DiagnosticsLog();
     /// The limit is in bytes.
     explicit DiagnosticsLog(std::string path, std::size_t limit = kDefaultLimit)

@@ -27,7 +27,7 @@ std::string folderOf(const std::string& path) {
                           "The file '" + from + "' could not be moved to '" + to + "': " + reason + ".");
 }
 
-/// What an error number means for a move of a file that is there.
+/// Returns a sentence for the error number of a move of an existing file.
 std::string reasonNotMoved(int error, const std::string& to) {
     switch (error) {
         case ENOENT:
@@ -50,8 +50,8 @@ std::string reasonNotMoved(int error, const std::string& to) {
                           "The file '" + path + "' could not be moved to the trash: " + reason + ".");
 }
 
-/// Without a trash, the toolkit (seen with Qt 6.4) would move the file to a folder below the current one and
-/// tell of success.
+/// Makes the user's trash, and returns whether it exists. Without it, the toolkit (seen with Qt 6.4) would
+/// move the file to a folder below the current one and report success.
 bool makeTrashOfUser() {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const std::string trash = joinPath(data.toStdString(), "Trash");
@@ -103,7 +103,7 @@ void DiskFileSystem::createFolder(const std::string& path) {
                           "The folder '" + path + "' could not be created: " + reason + ".");
 }
 
-/// A link that leads nowhere exists, too.
+/// Returns whether the path exists; a link without a target does.
 bool DiskFileSystem::exists(const std::string& path) {
     struct stat status {};
     std::array<char, 1> target{};
@@ -111,14 +111,14 @@ bool DiskFileSystem::exists(const std::string& path) {
            calls_.readlink(path.c_str(), target.data(), target.size()) >= 0;
 }
 
-/// Only a file that can be written may be replaced: a rename would ask its folder alone.
+/// Refuses a target that cannot be written: a rename would ask for the rights of its folder alone.
 void DiskFileSystem::checkTarget(const std::string& to, Overwriting overwriting) {
     if (!exists(to)) return;
     if (overwriting == Overwriting::Refused) {
         throw AutomationError(kFileAlreadyExists, "The file '" + to + "' already exists.");
     }
     struct stat status {};
-    if (calls_.stat(to.c_str(), &status) < 0) return;  // a link that leads nowhere
+    if (calls_.stat(to.c_str(), &status) < 0) return;  // a link without a target
     if (S_ISDIR(status.st_mode)) raiseNotSaved(to, EISDIR);
     if (calls_.access(to.c_str(), W_OK) < 0) raiseNotSaved(to, "it is write-protected");
 }

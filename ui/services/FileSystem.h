@@ -10,8 +10,8 @@ inline constexpr ErrorNumber kFileAlreadyExists = 58;
 
 enum class Overwriting { Refused, Allowed };
 
-/// What a user does with whole files. Each failure is an AutomationError with a sentence that names the file;
-/// afterwards both files are what they were.
+/// Handles whole files for a user. Each failure is an AutomationError with a sentence that names the file;
+/// afterwards both files are as before.
 class FileSystem {
   public:
     FileSystem() = default;
@@ -19,19 +19,19 @@ class FileSystem {
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
-    /// Raises kFileAlreadyExists where something has the new name and overwriting is refused; so do move and
-    /// rename.
+    /// Copies a file. Raises kFileAlreadyExists when something has the new name and overwriting is refused;
+    /// so do move and rename.
     virtual void copy(const std::string& from, const std::string& to,
                       Overwriting overwriting = Overwriting::Refused) = 0;
-    /// A folder moves on its own disk only.
+    /// Moves a file or folder; a folder moves on its own disk only.
     virtual void move(const std::string& from, const std::string& to,
                       Overwriting overwriting = Overwriting::Refused) = 0;
     /// Gives a file or folder another name in its folder.
     virtual void rename(const std::string& path, const std::string& newName,
                         Overwriting overwriting = Overwriting::Refused) = 0;
-    /// Puts a file or folder into the desktop's trash, from which the user can take it back.
+    /// Moves a file or folder to the desktop's trash, from which the user can restore it.
     virtual void moveToTrash(const std::string& path) = 0;
-    /// Makes a folder with those above it. A folder that is there already is no error.
+    /// Makes a folder with its parents. An existing folder is no error.
     virtual void createFolder(const std::string& path) = 0;
 };
 

@@ -22,7 +22,7 @@ std::string freePath(const std::string& folder) {
     return path;
 }
 
-/// The names tell the time, so they stand in its order.
+/// Removes the oldest reports. The names begin with the time, so their order is that of the time.
 void removeOldest(const std::string& folder) {
     QDir reports(QString::fromStdString(folder), QStringLiteral("problem-*.txt"), QDir::Name, QDir::Files);
     QStringList names = reports.entryList();

@@ -9,7 +9,7 @@ namespace mergeloom {
 
 std::string stateFolder() {
     const std::string configured = qEnvironmentVariable("XDG_STATE_HOME").toStdString();
-    // The standard for these folders says that a relative path is to be passed over.
+    // The standard for these folders requires that a relative path is ignored.
     const bool usable = configured.starts_with('/');
     return joinPath(usable ? configured : QDir::homePath().toStdString() + "/.local/state", "mergeloom");
 }
