@@ -16,12 +16,12 @@ class DesignerActions final : public QObject {
     Q_OBJECT
 
   public:
-    /// Merge fields are converted in Word alone.
+    /// Decides whether merge fields can be converted, which is so in Word alone.
     enum class FieldConversion { Offered, Missing };
 
     DesignerActions(QMenuBar& bar, FieldConversion conversion);
 
-    /// Commands on the document make no sense without one.
+    /// Enables the commands that need a document.
     void setDocumentThere(bool isThere);
 
   Q_SIGNALS:

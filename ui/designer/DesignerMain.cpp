@@ -43,13 +43,13 @@ GnuOptions readCommandLine(int count, char** values) {
     return options;
 }
 
-/// The office takes its place in a window of X11's only.
+/// Chooses X11, the only window system in which the office can be embedded.
 void choosePlatform() {
     const QByteArray chosen = qgetenv(kPlatform);
     if (chosen.isEmpty() || chosen.startsWith("wayland")) qputenv(kPlatform, kXcb);
 }
 
-/// The toolkit would abort with words for developers where it finds no display.
+/// Ends with a sentence for users when the toolkit finds no display; its own message is for developers.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
     if (type != QtFatalMsg) return;
     std::fputs(kNoDisplay, stderr);
@@ -66,7 +66,7 @@ int showWindow() {
 /// Makes the mapping that the window is to show, with messages and questions in windows of their own.
 bool mapFirst(const GnuOptions& options) {
     if (GetCommandLineArgument(kFieldsSwitch).empty()) return true;
-    // The last of these windows is not the end of the program.
+    // The program does not end with the last of these windows.
     QApplication::setQuitOnLastWindowClosed(false);
     MessageBoxes messages{nullptr};
     ErrorDialog errors{nullptr};
@@ -83,15 +83,15 @@ int mapAndShow(const GnuOptions& options) {
 
 int runWith(const GnuOptions& options, char** values) {
     choosePlatform();
-    // The office's window is native; the tree and the bars need not become so with it.
+    // The office's window is native; the tree and the bars need not be.
     QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
-    // The toolkit takes switches of its own out of the arguments, so it sees none.
+    // The toolkit would take switches of its own out of the arguments, so it gets none.
     int programAlone = 1;
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     const QApplication application(programAlone, values);
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(QStringLiteral("Mergeloom"));
-    // Under this name the desktop knows the program and has its picture.
+    // By this name the desktop finds the program's icon.
     QApplication::setDesktopFileName(QStringLiteral("mergeloom"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("mergeloom")));
     return mapAndShow(options);

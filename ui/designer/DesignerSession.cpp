@@ -196,7 +196,8 @@ void DesignerSession::focusDocument() {
     post([this] { office_.host().focus(); });
 }
 
-/// What fails was meant for an office that has ended meanwhile, which is told in another way.
+/// Runs a job whose errors are ignored: they come from an office that has ended, which is reported in another
+/// way.
 void DesignerSession::post(OfficeJobs::Job job) {
     worker_.post(std::move(job), [](const std::exception_ptr& /*error*/) {});
 }
@@ -204,7 +205,7 @@ void DesignerSession::post(OfficeJobs::Job job) {
 bool DesignerSession::unload() {
     if (worker_.isWaitedFor()) return false;
     if (state_ == OfficeState::Starting || state_ == OfficeState::Stopped) {
-        // Nothing is there to be saved, so the office's thread need not be waited for.
+        // There is nothing to save, so the office's thread need not be waited for.
         cancelStart();
         lifecycle_.Terminate();
         return true;

@@ -17,16 +17,16 @@
 
 namespace mergeloom {
 
-/// Whether the office in the window can be worked with.
+/// The states of the office in the window.
 enum class OfficeState {
     Starting,
-    Opening,  ///< it runs, and the first template is brought up
+    Opening,  ///< it runs, and the first template is being opened
     Running,
     Stopped
 };
 
-/// The office in the window and what is done with it, from the start of the program to its end. Belongs to
-/// the windows' thread and hands all work to the office's own.
+/// The office in the window and all work with it, from the start of the program to its end. Belongs to the
+/// windows' thread and passes all work to the office's own.
 class DesignerSession final : public QObject, private LifecycleView {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     using HostStarter = std::function<std::unique_ptr<DocumentHost>(
         const HostWindow& window, DocumentKind kind, HostListener& listener)>;
     using Diagnostics = std::function<void(const std::string& line)>;
-    /// What has to outlive it, and the way to an office.
+    /// The objects that have to outlive it, and the function that starts an office.
     struct Ports {
         HostStarter startHost;
         Diagnostics log;
@@ -51,41 +51,41 @@ class DesignerSession final : public QObject, private LifecycleView {
     ~DesignerSession() override;
 
     [[nodiscard]] OfficeState state() const { return state_; }
-    /// Why there is no document, in the state Stopped.
+    /// Returns why there is no document, in the state Stopped.
     [[nodiscard]] const QString& stopReason() const { return stopReason_; }
-    /// The office's build; empty while none runs. May be asked by any thread.
+    /// Returns the office's build; empty while none runs. May be called by any thread.
     [[nodiscard]] std::string officeBuild() const;
     [[nodiscard]] OfficeWorker& worker() { return worker_; }
     [[nodiscard]] DropProgress& progress() { return progress_; }
 
-    /// Starts the office, also anew: what was saved last is opened then. Does not wait.
+    /// Starts the office, also anew: then the file that was saved last is opened. Does not wait.
     void start(const HostWindow& window);
-    /// Gives up an office that is starting.
+    /// Stops the start of an office.
     void cancelStart();
 
-    /// Does nothing while no office runs or another command does.
+    /// Executes the command; does nothing while no office runs or another command does.
     void execute(HostCommand command);
     void convertFields();
     bool drop(HostPoint point);
     bool insertAtCaret();
     void setFolders(const std::string& documents, const std::string& templates);
 
-    /// These do not wait.
+    /// Moves the caret. This and the members below do not wait.
     void placeCaret(HostPoint point);
     void resize(int width, int height);
     void focusDocument();
 
-    /// The window is about to close; false when it has to stay.
+    /// Prepares the closing of the window; returns false when it has to stay.
     bool unload();
 
   Q_SIGNALS:
     void stateChanged();
     void captionChanged(const QString& caption);
-    /// The office's own menu asked for it.
+    /// The office's own menu requested it.
     void closeRequested();
 
   private:
-    /// One attempt to start an office, which the user may give up.
+    /// An attempt to start an office, which the user may cancel.
     struct Attempt {
         std::atomic<bool> isGivenUp = false;
     };

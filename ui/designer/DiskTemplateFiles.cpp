@@ -13,7 +13,7 @@ namespace mergeloom {
 
 namespace {
 
-/// An empty file that nobody else can open.
+/// Makes an empty file that nobody else can open.
 std::string makeTemporaryFile(const std::string& suffix) {
     std::string path = joinPath(temporaryFolder(), "mergeloom-XXXXXX" + suffix);
     const int file = ::mkstemps(path.data(), static_cast<int>(suffix.size()));

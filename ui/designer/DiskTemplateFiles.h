@@ -5,7 +5,7 @@
 
 namespace mergeloom {
 
-/// The templates of the disk.
+/// The files of templates on the disk.
 class DiskTemplateFiles final : public TemplateFiles {
   public:
     /// The store is the disk's and has to outlive it.

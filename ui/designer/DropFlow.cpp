@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kProcedure = "NodeDrop";
 
-/// Unhooks the tree at the end, whatever came in between.
+/// Unhooks the tree at the end of its life.
 class TreeUnhooking {
   public:
     explicit TreeUnhooking(DropTree& tree) : tree_(tree) {}
@@ -30,7 +30,7 @@ class TreeUnhooking {
 
 bool DropFlow::drop(HostPoint point) {
     const TreeUnhooking unhooking(ports_.tree);
-    // A drag that never left the tree was none into the document.
+    // A drag that never left the tree did not go into the document.
     if (!ports_.tree.hasLostFocus() && gExcelMode == 0) return false;
     ports_.runPendingEvents();
     return dropSelected(&point);

@@ -16,7 +16,7 @@ namespace mergeloom {
 /// a job of the office's, which may show messages meanwhile. No error leaves it.
 class DropFlow {
   public:
-    /// What has to outlive it.
+    /// The objects that have to outlive it.
     struct Ports {
         OfficeJobs& jobs;
         HostAccess& access;
@@ -25,14 +25,15 @@ class DropFlow {
         Messages& messages;
         Progress& progress;
         FieldDialog& fieldDialog;
-        /// Lets the windows deal with what has happened.
+        /// Lets the windows handle pending events.
         std::function<void()> runPendingEvents;
     };
 
     explicit DropFlow(Ports ports) : ports_(std::move(ports)) {}
 
-    /// A drag ended over the office's window. In Word mode nothing is dropped when the tree kept the keyboard
-    /// or no text is at the point. Tells whether something was dropped; the tree is unhooked in any case.
+    /// Handles a drag that ended over the office's window. In Word mode nothing is dropped when the tree kept
+    /// the focus or no text is at the point. Returns whether something was dropped; the tree is unhooked in
+    /// any case.
     bool drop(HostPoint point);
     /// Drops at the caret, without a mouse.
     bool insertAtCaret();

@@ -7,7 +7,7 @@
 
 namespace mergeloom {
 
-/// How far a drop is, brought from the office's thread to that of the windows often enough to be seen.
+/// Passes the progress of a drop from the office's thread to that of the windows often enough to be seen.
 class DropProgress final : public QObject, public Progress {
     Q_OBJECT
 

@@ -6,7 +6,7 @@
 
 namespace mergeloom {
 
-/// The tree as a drop sees it. For the windows' thread.
+/// The tree during a drop. For the windows' thread.
 class DropTree {
   public:
     DropTree() = default;
@@ -14,7 +14,7 @@ class DropTree {
     DropTree& operator=(const DropTree&) = delete;
     virtual ~DropTree() = default;
 
-    /// Whether the tree lost the keyboard since the drag began.
+    /// Returns whether the tree lost the focus since the drag began.
     virtual bool hasLostFocus() = 0;
     virtual const TreeNode* selectedNode() = 0;
     virtual std::shared_ptr<LoadedStructure> structure() = 0;

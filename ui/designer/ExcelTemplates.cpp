@@ -48,7 +48,7 @@ void ExcelTemplates::selectFirstCell() {
         first->Activate();
         first->Cells(1, 1)->Select();
     } catch (const AutomationError& error) {
-        // A hidden sheet cannot be shown; the workbook stays as it was opened then.
+        // A hidden sheet cannot be activated; the workbook then stays as it was opened.
         if (error.number() != kApplicationDefined) throw;
     }
 }

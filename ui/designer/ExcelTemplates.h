@@ -6,7 +6,7 @@
 
 namespace mergeloom {
 
-/// Excel's templates in the window.
+/// Opens and saves Excel's templates in the window.
 class ExcelTemplates final : public TemplateOffice {
   public:
     explicit ExcelTemplates(HostAccess& access) : access_(access) {}

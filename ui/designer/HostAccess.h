@@ -4,7 +4,7 @@
 
 namespace mergeloom {
 
-/// Where the office inside the window is found, which may be started more than once in a run.
+/// Access to the office inside the window, which may be started more than once in a run.
 class HostAccess {
   public:
     HostAccess() = default;
@@ -12,7 +12,7 @@ class HostAccess {
     HostAccess& operator=(const HostAccess&) = delete;
     virtual ~HostAccess() = default;
 
-    /// Raises kNotAvailable while no office runs.
+    /// Returns the office. Raises kNotAvailable while none runs.
     virtual DocumentHost& host() = 0;
 };
 

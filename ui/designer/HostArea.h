@@ -7,8 +7,8 @@ namespace mergeloom {
 class HostPane;
 class OfficePanel;
 
-/// The right side of the window: the office's pane with the panel over it. The pane stays in its place under
-/// the panel, since an office starts in a window that is there.
+/// The right side of the window: the office's pane with the panel over it. The pane keeps its place under the
+/// panel, since an office starts in an existing window.
 class HostArea final : public QWidget {
     Q_OBJECT
 

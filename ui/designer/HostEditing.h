@@ -5,7 +5,7 @@
 
 namespace mergeloom {
 
-/// The time in which the object model works on the hosted document: the user's hands are off it, and the
+/// Lets the object model work on the hosted document during its life: the user cannot edit it, and the
 /// model's selection is the view's.
 class HostEditing {
   public:
@@ -29,7 +29,7 @@ class HostEditing {
     void enable() {
         quietly([this] { host_.setEnabled(true); });
     }
-    /// An office that ended meanwhile tells of that itself.
+    /// Ignores an office that has ended, which is reported by itself.
     template <typename Call>
     static void quietly(const Call& call) {
         try {

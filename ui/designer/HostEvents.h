@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-/// What the office tells of itself, brought from its threads to that of the windows. The office never waits
-/// for that, so the signals come later.
+/// Passes the events of the office from its threads to that of the windows. The office never waits for that,
+/// so the signals come later.
 class HostEvents final : public QObject, public HostListener {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 constexpr auto kMinCaretInterval = 50ms;
 constexpr auto kMinSizeInterval = 50ms;
 
-/// Drags of this program, which are the tree's, carry the source's widget.
+/// Returns whether a drag comes from the tree: those of this program have the source's widget.
 bool isFromTree(const QDropEvent& event) {
     return event.source() != nullptr && event.mimeData()->hasText();
 }
@@ -26,7 +26,7 @@ int pixels(double length) {
 }  // namespace
 
 HostPane::HostPane(QWidget* parent) : QWidget(parent) {
-    // The office paints here; the windows around stay the toolkit's.
+    // The office paints here; the windows around are still painted by the toolkit.
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_NativeWindow);
     setFocusPolicy(Qt::StrongFocus);
@@ -52,7 +52,7 @@ void HostPane::emitSize() {
     Q_EMIT resized(window.width, window.height);
 }
 
-/// The point is one of the pane as it is now, so the office has to know its size before.
+/// Returns the point in the pane of the current size, which the office has to know before.
 std::optional<HostPoint> HostPane::takeDropPoint() {
     if (resizeTimer_.isActive()) emitSize();
     return std::exchange(dropPoint_, std::nullopt);
@@ -98,7 +98,7 @@ void HostPane::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
     dragPoint_.reset();
 }
 
-/// The drop itself waits for the end of the drag, whose own loop still runs here.
+/// The drop itself waits for the end of the drag, whose own event loop still runs here.
 void HostPane::dropEvent(QDropEvent* event) {
     if (!isFromTree(*event)) return;
     dragPoint_.reset();

@@ -8,24 +8,24 @@
 
 namespace mergeloom {
 
-/// The native window in which the office shows its document, and where drags from the tree end.
+/// The native window in which the office shows its document, and the target of drags from the tree.
 class HostPane final : public QWidget {
     Q_OBJECT
 
   public:
     explicit HostPane(QWidget* parent);
 
-    /// The native window, which is made when this is first asked.
+    /// Returns the native window, which is made on first use.
     [[nodiscard]] HostWindow hostWindow() const;
-    /// Where the last drag was dropped, told once; none when it ended elsewhere.
+    /// Returns the point of the last drop and forgets it; none when the drag ended elsewhere.
     std::optional<HostPoint> takeDropPoint();
 
   Q_SIGNALS:
-    /// In pixels of the screen. Of many changes in a short time only the last is told.
+    /// Emitted with the size in pixels of the screen; of many changes in a short time only for the last.
     void resized(int width, int height);
-    /// A drag is over the point; told at most 20 times a second.
+    /// Emitted while a drag is over the point, at most 20 times a second.
     void draggedOver(mergeloom::HostPoint point);
-    /// The pane got the keyboard, which belongs to the document.
+    /// Emitted when the pane got the focus, which belongs to the document.
     void focused();
 
   protected:

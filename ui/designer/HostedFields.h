@@ -7,8 +7,8 @@
 
 namespace mergeloom {
 
-/// Converts the merge fields of the hosted document to places and tells the user how many there were; a
-/// workbook has none. Runs on the office's thread. Errors of the host pass through.
+/// Converts the merge fields of the hosted document to places and shows the user their number; a workbook has
+/// none. Runs on the office's thread. Errors of the host pass through.
 void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& errors, Messages& messages);
 
 }  // namespace mergeloom

@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// The office inside the window. It lives on the office's thread, like the office itself.
+/// The office inside the window. It belongs to the office's thread, like the office itself.
 class HostedOffice final : public HostAccess {
   public:
     using Starter = std::function<std::unique_ptr<DocumentHost>(const HostWindow& window, DocumentKind kind)>;

@@ -4,8 +4,8 @@
 
 namespace mergeloom {
 
-/// Keeps keys, clicks and drags from the windows for as long as it lives. Windows that ask the user something
-/// meanwhile, modal ones, take them all the same.
+/// Keeps keys, clicks and drags from the windows during its life. Modal windows that ask the user something
+/// meanwhile still receive them.
 class InputBlock final : public QObject {
     Q_OBJECT
 

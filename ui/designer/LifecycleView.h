@@ -4,7 +4,7 @@
 
 namespace mergeloom {
 
-/// What the rules for templates change in the window. Called by the office's thread.
+/// The changes of the window by the rules for templates. Called by the office's thread.
 class LifecycleView {
   public:
     LifecycleView() = default;

@@ -9,14 +9,13 @@
 
 namespace mergeloom {
 
-/// The folders that a structure document's options name; empty for what they do not name.
+/// The folders that a structure document's options name; a folder that they do not name is empty.
 struct StructureFolders {
     std::string documents;
     std::string templates;
 };
 
-/// A structure document as the designer works with it. Once it is loaded nobody changes it, so any thread may
-/// read it.
+/// A structure document in the designer. Once it is loaded it is not changed, so any thread may read it.
 struct LoadedStructure {
     StructureDocument document;
     TreeView tree;
@@ -24,7 +23,7 @@ struct LoadedStructure {
     int firstObject = 0;
     /// The elements of the tree's keys, for the droppers.
     XmlNodeCollection xmlNodes;
-    /// None when the document has no options: the user's documents folder stands in for both then.
+    /// None when the document has no options: then the user's documents folder is used for both.
     std::optional<StructureFolders> folders;
 };
 

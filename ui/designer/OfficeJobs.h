@@ -4,8 +4,8 @@
 
 namespace mergeloom {
 
-/// The thread of the office, on which all calls of the host and of its documents run, seen by whoever has
-/// work for it.
+/// The thread of the office, on which all calls of the host and of its documents run, for those who have work
+/// for it.
 class OfficeJobs {
   public:
     using Job = std::function<void()>;
@@ -15,7 +15,7 @@ class OfficeJobs {
     OfficeJobs& operator=(const OfficeJobs&) = delete;
     virtual ~OfficeJobs() = default;
 
-    /// Runs the job behind all that were given before and waits for its end. What it raises is raised here.
+    /// Runs the job after all earlier ones and waits for its end. Its errors are raised here.
     virtual void run(const Job& job) = 0;
 };
 

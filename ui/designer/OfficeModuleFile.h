@@ -4,7 +4,7 @@
 
 namespace mergeloom {
 
-/// The size in bytes of the module through which the program talks to LibreOffice; 0 when it is not there.
+/// Returns the size in bytes of the module that connects to LibreOffice; 0 when it is missing.
 std::uintmax_t officeModuleSize();
 
 }  // namespace mergeloom

@@ -14,7 +14,7 @@ OfficePanel::OfficePanel(QWidget* parent)
       progress_(new QProgressBar(this)),
       cmdCancel_(new QPushButton(tr("&Cancel"), this)),
       cmdStart_(new QPushButton(tr("Start &again"), this)) {
-    // What lies over a native window has to be one, too.
+    // A widget over a native window has to be native, too.
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_NativeWindow);
     setAutoFillBackground(true);

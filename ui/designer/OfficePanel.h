@@ -8,7 +8,7 @@ class QPushButton;
 
 namespace mergeloom {
 
-/// What stands in the document's place while there is none: the office starts, or it is gone.
+/// The panel in place of the document while there is none: the office starts, or it has ended.
 class OfficePanel final : public QWidget {
     Q_OBJECT
 
@@ -16,9 +16,9 @@ class OfficePanel final : public QWidget {
     explicit OfficePanel(QWidget* parent);
 
     void showStarting();
-    /// The office runs; what it opens cannot be given up any more.
+    /// Shows that the office runs and opens a template, which cannot be cancelled any more.
     void showOpening();
-    /// The sentence tells why there is no document.
+    /// Shows the sentence, which says why there is no document.
     void showStopped(const QString& sentence);
 
   Q_SIGNALS:

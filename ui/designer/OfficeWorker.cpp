@@ -33,7 +33,7 @@ OfficeWorker::~OfficeWorker() {
         ends_ = true;
     }
     changed_.notify_one();
-    // The job that runs may be about to ask the user, which needs this thread.
+    // The running job may be about to ask the user, which needs this thread.
     while (!thread_->wait(10))
         QCoreApplication::processEvents();
 }
@@ -92,7 +92,7 @@ void OfficeWorker::work() {
         (void)errorOf(*job);
 }
 
-/// None at the end.
+/// Returns the next job; none at the end.
 std::optional<OfficeJobs::Job> OfficeWorker::nextJob() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return ends_ || !jobs_.empty() || newest_; });

@@ -14,34 +14,34 @@
 
 namespace mergeloom {
 
-/// The office's thread. It belongs to the thread of the windows, which alone calls its members, and never
-/// blocks that one: whoever waits for a job lets the windows be painted.
+/// The office's thread. Its members are called by the thread of the windows alone and never block it: while a
+/// job is waited for, the windows are painted.
 class OfficeWorker final : public QObject, public OfficeJobs {
     Q_OBJECT
 
   public:
-    /// Told in the windows' thread with what the job raised, if anything.
+    /// Called in the windows' thread with the error of the job, if any.
     using Completion = std::function<void(std::exception_ptr error)>;
 
-    /// The user is told of a job that is waited for when it takes longer than the patience.
+    /// A job that is waited for longer than the patience is announced by busy.
     explicit OfficeWorker(std::chrono::milliseconds patience = std::chrono::milliseconds(200));
-    /// Waits for the job that runs. Those that did not begin are forgotten.
+    /// Waits for the running job. Those that did not begin are forgotten.
     ~OfficeWorker() override;
 
-    /// Waits without input to the windows.
+    /// Runs the job and waits, without input to the windows.
     void run(const Job& job) override;
-    /// Does not wait.
+    /// Adds a job and does not wait.
     void post(Job job, Completion completion);
-    /// Does not wait either. When the thread comes to it, only the newest of such jobs is run; none is when
-    /// another job was given later. What it raises is forgotten.
+    /// Adds a job and does not wait. Only the newest of such jobs is run; none is when another job was added
+    /// later. Its errors are ignored.
     void postNewest(Job job);
 
     [[nodiscard]] bool isWaitedFor() const { return waiters_ > 0; }
 
   Q_SIGNALS:
-    /// The patience with a job is over.
+    /// Emitted when a job takes longer than the patience.
     void busy();
-    /// The job that busy told of has ended.
+    /// Emitted when that job has ended.
     void idle();
 
   private:

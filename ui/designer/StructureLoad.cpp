@@ -18,7 +18,7 @@ std::string usersDocuments() {
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
 }
 
-/// Where documents are looked for: beside the program, else among the user's own.
+/// Returns the folder in which documents are searched: beside the program, else among the user's own.
 std::string startFolder() {
     std::string beside = joinPath(parentFolder(programPath()), "XML");
     if (folderExists(beside)) return beside;
@@ -78,7 +78,7 @@ void StructureLoad::begin(const std::string& path, Origin origin) {
     threads_[current_] = std::jthread([this, path, number = current_](const std::stop_token& stop) {
         auto result =
             std::make_shared<StructureLoadResult>(loadStructure(path, [&] { return stop.stop_requested(); }));
-        // A large tree takes a while to go; it goes here.
+        // Destroying a large tree takes a while, so it is done here.
         if (stop.stop_requested()) *result = {};
         QMetaObject::invokeMethod(
             this, [this, number, result] { finish(number, *result); }, Qt::QueuedConnection);

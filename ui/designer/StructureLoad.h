@@ -15,37 +15,37 @@ namespace mergeloom {
 class FileDialog;
 struct StructureLoadResult;
 
-/// The loading of structure documents and the folders that they bring. All members belong to the GUI's
-/// thread; the work is done in another one.
+/// Loads structure documents and keeps their folders. All members belong to the windows' thread; the work is
+/// done in another one.
 class StructureLoad : public QObject {
     Q_OBJECT
   public:
     StructureLoad(FileDialog& dialog, Messages& messages, ErrorHandler& errors, QObject* parent = nullptr);
-    /// Waits for a load that is going on.
+    /// Waits for a running load.
     ~StructureLoad() override;
 
-    /// What the load button does: asks for a file and loads it. From the first load by the button on, the
+    /// Handles the load button: asks for a file and loads it. From the first load by the button on, the
     /// templates folder is taken from each document that is loaded later.
     void cmdLoadXML_Click();
     /// Asks for a file and loads it.
     void LoadXMLFile();
-    /// Loads a file; a load that is still going on is cancelled.
+    /// Loads a file; a running load is cancelled.
     void load(const std::string& path);
-    /// Gives up the load that is going on, if one is. The tree stays cleared.
+    /// Cancels the running load, if there is one. The tree stays cleared.
     void cancel();
     [[nodiscard]] bool isLoading() const { return current_ != 0; }
 
     [[nodiscard]] const std::string& documentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& templatesFolder() const { return templatesFolder_; }
-    /// What the command line names as the templates folder.
+    /// Sets the templates folder of the command line.
     void setTemplatesFolder(const std::string& folder) { templatesFolder_ = folder; }
 
   Q_SIGNALS:
-    /// A load begins: the tree is to be cleared.
+    /// Emitted when a load begins and the tree is to be cleared.
     void started();
-    /// The document to show.
+    /// Emitted with the document to show.
     void loaded(const std::shared_ptr<LoadedStructure>& structure);
-    /// A load is over: shown, failed or cancelled. What is to be told about it comes after this.
+    /// Emitted when a load is over: shown, failed or cancelled. Its messages come after this.
     void ended();
 
   private:
@@ -68,7 +68,7 @@ class StructureLoad : public QObject {
     bool loadedByButton_ = false;
     LoadNumber last_ = 0;
     LoadNumber current_ = 0;  // 0 while nothing is loading
-    // What was given up runs to the end of its step, unheard.
+    // A cancelled load runs to the end of its step; its result is ignored.
     std::map<LoadNumber, std::jthread> threads_;
 };
 

@@ -17,11 +17,11 @@ namespace {
 
 constexpr const char* kProcedure = "mXMLDocument_onreadystatechange";
 constexpr const char* kFirstKey = "1k";
-/// The tree control's error for a key that no node has.
+/// The tree control's error for a key without a node.
 constexpr ErrorNumber kElementNotFound = 35601;
 
-/// Keeps errors until they can be shown. A document may hold one mistake a hundred thousand times; nobody
-/// wants to be told of each.
+/// Keeps errors until they can be shown. A document may have one mistake a hundred thousand times; each kind
+/// is shown once.
 class KeptErrors final : public ErrorHandler {
   public:
     void report(const ErrorReport& report) override {
@@ -62,7 +62,7 @@ void AddSpecialNodes(TreeView& tree) {
     }
 }
 
-/// The node of the key "1k", which comes first of those that have a key.
+/// Returns the node of the key "1k", the first one with a key.
 int firstObject(TreeView& tree) {
     for (int number = 1; number <= tree.Count(); ++number) {
         if (tree.Item(number)->Key() == kFirstKey) return number;

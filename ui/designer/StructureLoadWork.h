@@ -11,12 +11,11 @@
 
 namespace mergeloom {
 
-/// What loading a structure document came to. Whom it tells is the GUI's affair, so what is to be told is
-/// kept.
+/// The result of loading a structure document. Its messages are kept, since only the window can show them.
 struct StructureLoadResult {
     std::shared_ptr<LoadedStructure> structure;  ///< none when the document was not read
     std::vector<Message> messages;
-    std::vector<ErrorReport> errors;  ///< of several alike the first, with their number as its comment
+    std::vector<ErrorReport> errors;  ///< of several equal ones the first, with their number as its comment
 };
 
 /// Loads a structure document and builds its tree with icons; in Word mode the special nodes stand before it.

@@ -17,14 +17,14 @@ namespace {
 
 constexpr const char* kBackupSuffix = ".bak";
 
-/// The extension of the document that a template becomes; empty for what is no such template.
+/// Returns the extension of the document that a template becomes; empty for any other file.
 std::string documentExtension(const std::string& path) {
     const std::string templates = toLowerAscii(extension(path));
     if (templates == "dotx") return "docx";
     return templates == "dotm" ? "docm" : "";
 }
 
-/// A file that is removed at the end.
+/// Removes a file at the end of its life.
 class PassingCopy {
   public:
     PassingCopy(TemplateFiles& files, const std::string& path, ErrorHandler& errors)
@@ -54,7 +54,7 @@ std::string TemplateConversion::targetOf(const std::string& path) {
     return path.substr(0, path.size() - extension(path).size()) + documentExtension(path);
 }
 
-// The template stands until its document does: whatever fails on the way, one of both is whole.
+// The template is kept until its document exists: whatever fails, one of both is whole.
 bool TemplateConversion::convert(const std::string& path, const std::string& target) {
     const bool made = succeeds(path, [&] { makeDocument(path, target); }) && files_.exists(target);
     if (made) {
@@ -71,7 +71,7 @@ void TemplateConversion::makeDocument(const std::string& path, const std::string
     saveDocument(copy.path(), target);
 }
 
-/// A save puts the new file in the place of an earlier target only when it is complete.
+/// The new file replaces an earlier target only when it is complete.
 void TemplateConversion::saveDocument(const std::string& temporaryCopy, const std::string& target) {
     const ScopedOffice office{startWord_(), errors_};
     const word::DocumentPtr document = office->Documents()->Add(temporaryCopy);

@@ -9,21 +9,21 @@
 
 namespace mergeloom {
 
-/// Makes a document of a template: dotx becomes docx and dotm docm, which is what is edited from then on. The
-/// template goes, its copy remains under its name with ".bak" behind it.
+/// Makes a document of a template, which is edited from then on: dotx becomes docx and dotm docm. The
+/// template is removed; its copy remains under its name with ".bak" after it.
 class TemplateConversion {
   public:
-    /// The office is one that nobody sees. Files and errors have to outlive it.
+    /// The office is a hidden one. Files and errors have to outlive it.
     TemplateConversion(WordStarter startWord, TemplateFiles& files, ErrorHandler& errors)
         : startWord_(std::move(startWord)), files_(files), errors_(errors) {}
 
-    /// Whether a file of that name is converted before it is opened.
+    /// Returns whether a file of that name is converted before it is opened.
     static bool isConverted(const std::string& path);
-    /// The document's path for a template's.
+    /// Returns the document's path for a template's.
     static std::string targetOf(const std::string& path);
 
-    /// Converts the template to the target, which is replaced when it is there, and tells whether the target
-    /// exists then. Whatever fails is reported; the template is whole then.
+    /// Converts the template to the target, which is replaced when it exists, and returns whether the target
+    /// exists then. All errors are reported; the template is whole then.
     bool convert(const std::string& path, const std::string& target);
 
   private:

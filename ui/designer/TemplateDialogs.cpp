@@ -16,14 +16,14 @@ std::string patternsOf(const std::vector<OfferedFormat>& formats) {
     return patterns;
 }
 
-/// An entry for all templates, and one for everything else that the office opens.
+/// Returns a filter with an entry for all templates, and one for all other files that the office opens.
 std::string openFilter(TemplateOffice& office) {
     const std::string templates =
         AddFilter("", office.texts().typeName, patternsOf(office.templateFormats(FormatUse::Open)));
     return AddFilter(templates, "All Files", "*");
 }
 
-/// An entry for each format, since the entry that is chosen decides the format.
+/// Returns a filter with an entry for each format, since the entry that is chosen decides the format.
 std::string saveFilter(TemplateOffice& office) {
     std::string filter;
     for (const OfferedFormat& format : office.templateFormats(FormatUse::Save))

@@ -12,9 +12,9 @@ class TemplateDialogs {
   public:
     explicit TemplateDialogs(FileDialog& dialog) : dialog_(dialog) {}
 
-    /// The full path of the file to open; empty when the user chose none.
+    /// Returns the full path of the file to open; empty when the user chose none.
     std::string askToOpen(TemplateOffice& office, const std::string& folder);
-    /// The same for the file to save in.
+    /// Returns the full path of the file to save in; empty when the user chose none.
     std::string askToSave(TemplateOffice& office, const std::string& folder);
 
   private:

@@ -13,7 +13,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The file that the command line names to begin with; empty when it names none.
+/// Returns the file that the command line opens at first; empty when it names none.
 std::string commandLineFile() {
     for (const std::int32_t place : {kTemplateSwitch, kUseDocumentSwitch}) {
         const std::string file = GetCommandLineArgument(place);
@@ -75,7 +75,8 @@ bool TemplateLifecycle::show(const std::string& path) {
     return true;
 }
 
-/// The former document was saved, or its changes were given up, before another one was opened.
+/// Restores the former document, which was saved, or whose changes were discarded, before another one was
+/// opened.
 void TemplateLifecycle::bringBackFormer() {
     if (templatePath_.empty()) {
         (void)createNew();
@@ -99,7 +100,7 @@ bool TemplateLifecycle::SaveTemplate(SaveTarget target) {
 bool TemplateLifecycle::saveIn(const std::string& path) {
     const std::string office = ports_.office.texts().officeName;
     model::OfficeDocument& document = *ports_.office.document();
-    // The office itself holds the lock on the file that it shows.
+    // The office itself has locked the file that it shows.
     const bool isOwn = isFileOf(document, path);
     if (!isOwn && ports_.files.exists(path) && ports_.files.isLocked(path)) {
         tell(office + " cannot save the template " + path + " because this file is already open elsewhere.",
@@ -132,7 +133,8 @@ void TemplateLifecycle::write(const std::string& path) {
     }
 }
 
-/// The copy is in the format that the template was to be saved in, which its name has to say.
+/// Offers to keep the copy. It is in the format in which the template was to be saved, which its name has to
+/// show.
 void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std::string& path) {
     const Message question{copy.description() + "\r\nDo you want to save this as a copy under another name?",
                            MessageIcon::Exclamation, MessageButtons::YesNo};
@@ -163,7 +165,7 @@ bool TemplateLifecycle::mayGo() {
     return answer == MessageAnswer::No;
 }
 
-/// An office that has ended has no document that could be saved.
+/// Returns the document; none also when the office has ended.
 model::OfficeDocument* TemplateLifecycle::documentOrNone() {
     try {
         return ports_.office.document();
@@ -201,7 +203,8 @@ void TemplateLifecycle::openAnother() {
     if (goesOn) (void)OpenTemplate();
 }
 
-/// Whoever started the program with a template expects that one back.
+/// Returns whether another template may be started: a program that was started with a template has to return
+/// that one.
 bool TemplateLifecycle::mayStartAnother() {
     if (GetCommandLineArgument(kTemplateSwitch).empty()) return true;
     tell("The operation is disabled in this context.", MessageIcon::Exclamation);

@@ -17,12 +17,11 @@ namespace mergeloom {
 
 enum class SaveTarget { Same, Asked };
 
-/// How the template in the window comes and goes: the rules without the window. All of it runs on the
-/// office's thread. No error leaves it: mapping errors are shown to the user, all others go to the error
-/// handler.
+/// The life of the template in the window: the rules without the window. All of it runs on the office's
+/// thread. No error leaves it: mapping errors are shown to the user, all others go to the error handler.
 class TemplateLifecycle {
   public:
-    /// What has to outlive it.
+    /// The objects that have to outlive it.
     struct Ports {
         HostAccess& access;
         TemplateOffice& office;
@@ -35,28 +34,29 @@ class TemplateLifecycle {
 
     explicit TemplateLifecycle(const Ports& ports) : ports_(ports), dialogs_(ports.dialog) {}
 
-    /// Where the dialogs begin; empty for no folder in particular.
+    /// Sets the folder in which the dialogs begin; empty for no folder in particular.
     void SetTemplatesFolder(const std::string& folder) { templatesFolder_ = folder; }
     void SetDocumentsFolder(const std::string& folder) { documentsFolder_ = folder; }
-    /// The file that is open, or where the template was saved last; empty for a new one.
+    /// Returns the file that is open, or in which the template was saved last; empty for a new one.
     [[nodiscard]] const std::string& TemplatePath() const { return templatePath_; }
 
-    /// Shows an empty template, then the one that the command line names, if it names one. False when nothing
+    /// Shows an empty template, then the one that the command line names, if any. Returns false when nothing
     /// is hosted.
     bool Start();
-    /// Shows what was saved last in an office that was started anew.
+    /// Shows the template that was saved last in an office that was started anew.
     bool Restart();
-    /// Opens a template, which the user is asked for when the path is empty.
+    /// Opens a template; asks the user for it when the path is empty.
     bool OpenTemplate(const std::string& path = {});
     bool SaveTemplate(SaveTarget target);
     /// Shows an empty template in place of the one that is open, unless the user cancels.
     bool CloseTemplate();
-    /// What the window's menus and the office's own ask for. To close the window is the window's own task.
+    /// Executes a command of the window's menus or of the office's own. Closing the window is the window's
+    /// own task.
     void Execute(HostCommand command);
 
-    /// The window is about to close; false when it has to stay.
+    /// Prepares the closing of the window; returns false when it has to stay.
     bool Unload();
-    /// The program ends.
+    /// Ends the office's work at the end of the program.
     void Terminate();
 
   private:
@@ -67,7 +67,7 @@ class TemplateLifecycle {
     bool saveIn(const std::string& path);
     void write(const std::string& path);
     void offerToKeep(const model::DifferingCopy& copy, const std::string& path);
-    /// Whether the document may go: it is saved, or the user gives up the changes.
+    /// Returns whether the document may be closed: it is saved, or the user discards the changes.
     bool mayGo();
     bool mayStartAnother();
     void restoreView();

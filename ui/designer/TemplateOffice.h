@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// The words in which Word's templates and Excel's differ.
+/// The texts in which Word's templates and Excel's differ.
 struct TemplateTexts {
     const char* officeName;
     const char* newCaption;
@@ -19,11 +19,10 @@ struct TemplateTexts {
     const char* saveProcedure;
 };
 
-/// What a format is offered for. An office writes fewer than it reads.
+/// The uses of a format. An office writes fewer formats than it reads.
 enum class FormatUse { Open, Save };
 
-/// What opening and saving templates is in one kind of office, inside the window. Members raise what the host
-/// raises.
+/// Opens and saves templates in one kind of office, inside the window. Errors of the host pass through.
 class TemplateOffice {
   public:
     TemplateOffice() = default;
@@ -33,19 +32,19 @@ class TemplateOffice {
 
     [[nodiscard]] virtual const TemplateTexts& texts() const = 0;
 
-    /// Shows a new, empty template; false when the office knows none, which the user is told.
+    /// Shows a new, empty template; returns false, after a message, when the office has none.
     virtual bool createNew() = 0;
-    /// The file that is opened for a path: the path itself, or what it was converted to. Raises
-    /// kTemplateFormatNotSupported.
+    /// Returns the file that is opened for a path: the path itself, or the file to which it was converted.
+    /// Raises kTemplateFormatNotSupported.
     virtual std::string fileToOpen(const std::string& path) = 0;
-    /// Brings the view of a document that was just shown into the state in which templates are made.
+    /// Sets up the view of a document that was just shown for making templates.
     virtual void setUpView() = 0;
-    /// Gives the view what it was before; does nothing where nothing was changed.
+    /// Restores the view; does nothing when it was not changed.
     virtual void restoreView() = 0;
 
-    /// The hosted document when it is one of this office, or none.
+    /// Returns the hosted document when it is one of this office, or none.
     virtual model::OfficeDocument* document() = 0;
-    /// The formats of templates, in the order of dialogs.
+    /// Returns the formats of templates, in the order of dialogs.
     virtual std::vector<OfferedFormat> templateFormats(FormatUse use) = 0;
     [[nodiscard]] virtual const char* defaultExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;

@@ -13,23 +13,23 @@
 
 namespace mergeloom {
 
-/// Searches a tree in a thread of its own, so that typing never waits for it. Only the newest search is
-/// answered.
+/// Searches a tree in a thread of its own, so that typing never waits for it. Only the newest search has a
+/// result.
 class TreeFilter : public QObject {
     Q_OBJECT
   public:
     explicit TreeFilter(QObject* parent = nullptr);
     ~TreeFilter() override;
 
-    /// The tree that is searched from now on, or none; no search is under way then.
+    /// Sets the tree that is searched from now on, or none; cancels the current search.
     void setTree(std::shared_ptr<TreeView> tree);
     /// Searches for the nodes that contain all words of a text.
     void find(const QString& words);
-    /// Forgets the search that is under way.
+    /// Cancels the current search.
     void cancel();
 
   Q_SIGNALS:
-    /// The answer to the newest search, which whoever receives it may take apart.
+    /// Emitted with the result of the newest search, which the receiver may modify.
     void found(const std::shared_ptr<TreeFilterMatches>& matches);
 
   private:

@@ -9,7 +9,7 @@ namespace mergeloom {
 
 namespace {
 
-/// How many nodes or texts are looked at before the search asks again whether anybody waits for it.
+/// The number of nodes or texts after which the search checks again whether it is still wanted.
 constexpr std::size_t kAskingEvery = 4096;
 
 bool isAsciiText(std::string_view text) {
@@ -37,7 +37,7 @@ bool containsAll(std::string_view text, const std::vector<std::string>& words) {
         words, [&](const std::string& word) { return text.find(word) != std::string_view::npos; });
 }
 
-/// Drop kinds are the nodes without a key below one with a key.
+/// Returns whether the node is a drop kind: one without a key below one with a key.
 bool isDropKind(const TreeNode& node) {
     const TreeNode* const parent = node.Key().empty() ? node.Parent() : nullptr;
     return parent != nullptr && !parent->Key().empty();
@@ -68,7 +68,7 @@ TreeFilterIndex::TreeFilterIndex(TreeView& tree) : parents_(TreeModelRows::paren
     for (int number = 1; number <= tree.Count(); ++number) {
         const TreeNode& node = *tree.Item(number);
         isDropKind_.push_back(isDropKind(node) ? 1 : 0);
-        // Nodes with the same text share it, so its place in memory tells it from the others.
+        // Nodes with the same text share it, so its address distinguishes it from others.
         const auto next = static_cast<std::uint32_t>(textEnds_.size());
         const auto [place, isNew] = known.try_emplace(&node.Text(), next);
         textOfNode_.push_back(place->second);
@@ -101,7 +101,7 @@ std::optional<TreeFilterMatches> TreeFilterIndex::find(const QString& words,
 TreeFilterMatches TreeFilterIndex::show(const std::vector<char>& matching) const {
     std::vector<char> shown = matching;
     std::vector<char> expanded(parents_.size());
-    // Parents have smaller numbers than their children, so one way back over the nodes reaches every
+    // Parents have smaller numbers than their children, so one pass backwards over the nodes reaches every
     // ancestor.
     for (std::size_t node = parents_.size() - 1; node > 0; --node) {
         if (shown[node] == 0) continue;

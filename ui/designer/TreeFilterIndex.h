@@ -14,8 +14,8 @@
 
 namespace mergeloom {
 
-/// What a search found: the rows to show and the nodes to expand, in the order of the tree's numbers, so that
-/// every match is seen.
+/// The result of a search: the rows to show and the nodes to expand, in the order of the tree's numbers, so
+/// that every match is seen.
 struct TreeFilterMatches {
     std::shared_ptr<const TreeModelRows> rows;
     std::vector<int> expanded;
@@ -23,18 +23,18 @@ struct TreeFilterMatches {
     int first = 0;  ///< the first of them; 0 for none
 };
 
-/// The text as it is searched: without case and accents.
+/// Returns the text for searching: without case and accents.
 std::string foldForSearch(const QString& text);
 
 /// The texts of a tree, prepared for searching.
 class TreeFilterIndex {
   public:
-    /// The tree must not be changed afterwards; it may go.
+    /// The tree must not be changed afterwards; it may be destroyed.
     explicit TreeFilterIndex(TreeView& tree);
 
-    /// The nodes whose text contains all words of a text, with the nodes above them. A control that matches
-    /// keeps its drop kinds, collapsed, so that they can be dragged. Nothing when
-    /// isOutdated becomes true.
+    /// Finds the nodes whose text contains all words of a text, with the nodes above them. A control that
+    /// matches keeps its drop kinds, collapsed, so that they can be dragged. Returns none when isOutdated
+    /// becomes true.
     [[nodiscard]] std::optional<TreeFilterMatches> find(const QString& words,
                                                         const std::function<bool()>& isOutdated) const;
 
@@ -42,7 +42,7 @@ class TreeFilterIndex {
     [[nodiscard]] TreeFilterMatches show(const std::vector<char>& matching) const;
     [[nodiscard]] std::string_view text(std::size_t number) const;
 
-    // Each different text once, and which one stands on a node: drop kinds repeat a handful of texts.
+    // Each different text once, and its number for each node: drop kinds repeat a handful of texts.
     std::string texts_;
     std::vector<std::size_t> textEnds_;
     // By the nodes' Index.

@@ -13,7 +13,7 @@ class TreeIcons {
     explicit TreeIcons(const QPalette& palette) : palette_(palette) {}
 
     void setPalette(const QPalette& palette);
-    /// The picture of a key ("Form", "Textbox"), a neutral one for a key that has none.
+    /// Returns the picture of a key ("Form", "Textbox"), a neutral one for a key without a picture.
     [[nodiscard]] const QIcon& icon(const QString& key);
 
   private:

@@ -51,7 +51,7 @@ QModelIndex TreeModel::indexOf(int node) const {
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
     if (column != 0 || row < 0 || row >= rowCount(parent)) return {};
-    // An invalid index has the number 0, which is what stands above the top level.
+    // An invalid index has the number 0, which represents the parent of the top level.
     return createIndex(row, 0, static_cast<quintptr>(rows_->child(nodeNumber(parent), row)));
 }
 
@@ -82,9 +82,9 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
 
 Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    // A drag begins on every node; what it carries decides whether it goes on.
+    // A drag begins on every node; its data decides whether it continues.
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
-    // Views ask about every node, and this answer spares them further questions.
+    // Views ask for the flags of every node; this one spares them further calls.
     flags.setFlag(Qt::ItemNeverHasChildren, !hasChildren(index));
     return flags;
 }

@@ -14,29 +14,29 @@ namespace mergeloom {
 /// The tag of a node that cannot be dragged, compared without regard to case.
 inline constexpr const char* kNoDragTag = "NoDrag";
 
-/// Whether a node may be dragged and inserted.
+/// Returns whether a node may be dragged and inserted.
 bool isDraggable(const TreeNode& node);
 
-/// A tree for Qt's views. The nodes stay where they are: an index holds a node's number.
+/// A tree for Qt's views. The nodes stay in their tree: an index has a node's number.
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT
   public:
     using IconOf = std::function<QIcon(const QString& key)>;
 
-    /// The icons of the keys that nodes carry as their Image; an empty key asks for what has none.
+    /// Returns the icon for the key that a node has as its Image; an empty key is that of a node without one.
     explicit TreeModel(IconOf iconOf, QObject* parent = nullptr);
 
-    /// Shows all nodes of a tree, or none for none. A tree that is shown must not be changed.
+    /// Shows all nodes of a tree, or none without a tree. A tree that is shown must not be changed.
     void setTree(std::shared_ptr<TreeView> tree);
     /// Shows other rows of the same tree.
     void setRows(std::shared_ptr<const TreeModelRows> rows);
-    /// The rows of the whole tree.
+    /// Returns the rows of the whole tree.
     [[nodiscard]] const std::shared_ptr<const TreeModelRows>& allRows() const { return allRows_; }
     [[nodiscard]] const std::shared_ptr<TreeView>& tree() const { return tree_; }
 
-    /// The node of an index; none for an invalid one.
+    /// Returns the node of an index; none for an invalid one.
     [[nodiscard]] const TreeNode* node(const QModelIndex& index) const;
-    /// The index of a node by its Index; invalid when it is not shown.
+    /// Returns the index of a node by its Index; invalid when it is not shown.
     [[nodiscard]] QModelIndex indexOf(int node) const;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -49,8 +49,8 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     [[nodiscard]] QStringList mimeTypes() const override;
-    /// A drag carries an empty text, so that nobody can insert anything by himself. None for a node that must
-    /// not be dragged.
+    /// Returns the data of a drag: an empty text, so that no other program can insert anything. None for a
+    /// node that must not be dragged.
     [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
     [[nodiscard]] Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 

@@ -27,7 +27,8 @@ TreeModelRows::TreeModelRows(TreeView& tree)
 // order.
 TreeModelRows::TreeModelRows(const std::vector<int>& parents, const std::vector<char>& shown)
     : firstChild_(parents.size() + 1), rows_(parents.size(), kNotShown) {
-    // Counts the children of each node behind its place; the sums over that are where the next one's begin.
+    // Count the children of each node in the place after its own; the sums over the counts are the beginnings
+    // of the next node's.
     rows_[0] = 0;
     for (std::size_t node = 1; node < parents.size(); ++node) {
         const auto parent = static_cast<std::size_t>(parents[node]);

@@ -19,7 +19,7 @@ namespace mergeloom {
 
 namespace {
 
-/// A load that is over sooner needs no bar, which would only flicker, in milliseconds.
+/// The time in milliseconds before which a load shows no bar, which would only flicker.
 constexpr int kLoadingShownAfter = 300;
 
 }  // namespace
@@ -101,7 +101,7 @@ void TreePane::makeInsertAction() {
 
 void TreePane::show(std::shared_ptr<LoadedStructure> structure) {
     structure_ = std::move(structure);
-    // The tree lives as long as its structure does.
+    // The tree is kept by its structure.
     const auto tree = structure_ ? std::shared_ptr<TreeView>(structure_, &structure_->tree) : nullptr;
     model_->setTree(tree);
     search_->setTree(tree);
@@ -141,7 +141,7 @@ void TreePane::showContextMenu(const QPoint& place) {
     if (selectedNode() == nullptr) return;
     QMenu menu(this);
     menu.addAction(insert_);
-    // A key that is pressed asks anew whether it can be done.
+    // When a key is pressed, check again whether it has an effect.
     insert_->setEnabled(canInsert());
     menu.exec(tvXML_->viewport()->mapToGlobal(place));
     insert_->setEnabled(true);

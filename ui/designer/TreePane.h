@@ -28,25 +28,25 @@ class TreePane : public QWidget {
     void show(std::shared_ptr<LoadedStructure> structure);
     /// Shows nothing.
     void clear();
-    /// While a structure is loading, the pane tells so and offers a button that cancels it.
+    /// Shows, while a structure is loading, a bar and a button that cancels the load.
     void setLoading(bool loading);
 
-    /// The node that a drop inserts, or none.
+    /// Returns the node that a drop inserts, or none.
     [[nodiscard]] const TreeNode* selectedNode() const;
-    /// What is shown; none when the pane is clear.
+    /// Returns the structure that is shown; none when the pane is clear.
     [[nodiscard]] const std::shared_ptr<LoadedStructure>& structure() const { return structure_; }
-    /// The tree's view, which is hooked (mTVHook.h) from the start of each drag on.
+    /// Returns the tree's view, which is hooked (mTVHook.h) from the start of each drag on.
     [[nodiscard]] QWidget& tvXML();
 
   Q_SIGNALS:
-    /// The load button was pressed.
+    /// Emitted when the load button was pressed.
     void loadRequested();
-    /// The button that cancels a load was pressed.
+    /// Emitted when the button that cancels a load was pressed.
     void cancelRequested();
-    /// The selected node is to be inserted at the document's caret. It is one that may be.
+    /// Emitted when the selected node, which may be inserted, is to be inserted at the document's caret.
     void insertRequested();
-    /// A drag of the selected node is over, wherever it ended, or was refused. The tree is hooked; whoever
-    /// receives this unhooks it.
+    /// Emitted when a drag of the selected node is over, wherever it ended, or was refused. The tree is
+    /// hooked; the receiver has to unhook it.
     void dragFinished();
 
   protected:

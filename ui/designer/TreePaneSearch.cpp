@@ -73,7 +73,7 @@ bool TreePaneSearch::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-/// Goes from the box to what was found.
+/// Moves from the box to the first match.
 void TreePaneSearch::enterTree() {
     if (view_.selectedNode() == nullptr) view_.selectNode(former_ ? firstMatch_ : 1);
     view_.setFocus(Qt::ShortcutFocusReason);

@@ -15,21 +15,22 @@ namespace mergeloom {
 class TreeModel;
 class TreePaneView;
 
-/// The search box over the tree: narrows the tree to what is searched while it is typed.
+/// The search box over the tree: narrows the tree to the matches while the user types.
 class TreePaneSearch : public QObject {
     Q_OBJECT
   public:
-    /// The box, the line that tells how much was found, and the tree with its model outlive this object.
+    /// The box, the line that shows the number of matches, and the tree with its model have to outlive this
+    /// object.
     TreePaneSearch(QLineEdit& box, QLabel& result, TreePaneView& view, TreeModel& model);
 
-    /// Another tree is shown from now on, or none, and nothing is searched any more.
+    /// Sets the tree that is shown from now on, or none, and ends the search.
     void setTree(std::shared_ptr<TreeView> tree);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    /// How the tree looked before the search.
+    /// The state of the tree before the search.
     struct Look {
         std::vector<int> expanded;
         int selected = 0;

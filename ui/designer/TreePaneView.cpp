@@ -18,12 +18,12 @@ namespace mergeloom {
 
 namespace {
 
-/// More nodes than any window has lines.
+/// A number of nodes beyond the lines of any window.
 constexpr std::size_t kExpandedAtOnce = 500;
-/// So many that laying the whole tree out anew, which each step does, is not done too often.
+/// The number of nodes per step: each step lays the whole tree out anew, so there must not be many.
 constexpr std::size_t kExpandedPerStep = 20000;
 
-// Measures of the picture that is dragged, in the height of its line of text.
+// The measures of the dragged picture, in the height of its line of text.
 constexpr int kPictureWidth = 20;
 constexpr int kPictureDistance = 1;
 
@@ -38,7 +38,7 @@ TreePaneView::TreePaneView(TreeModel& model, QWidget* parent) : QTreeView(parent
     setDragDropMode(DragOnly);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::Fixed);
-    // A node's width counts while it is in view; measuring all of them would take long.
+    // Only nodes in view are measured; measuring all of them would take long.
     header()->setResizeContentsPrecision(0);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TreePaneView::fitColumn);
     connect(&expanding_, &QTimer::timeout, this, [this] { expandNext(kExpandedPerStep); });
@@ -98,7 +98,7 @@ void TreePaneView::showRows(std::shared_ptr<const TreeModelRows> rows, std::vect
     verticalScrollBar()->setValue(0);
 }
 
-// While a layout is awaited, expanding a node costs next to nothing. Otherwise each one moves all rows below.
+// While a layout is pending, expanding a node costs next to nothing. Otherwise each one moves all rows below.
 void TreePaneView::expandNext(std::size_t most) {
     scheduleDelayedItemsLayout();
     const std::size_t end = std::min(toExpand_.size(), nextToExpand_ + most);
@@ -114,7 +114,7 @@ void TreePaneView::startDrag(Qt::DropActions supportedActions) {
         auto* const drag = new QDrag(this);
         drag->setMimeData(carried);
         drag->setPixmap(dragPicture(dragged.data().toString()));
-        // Beside the pointer, so that what is under it stays visible.
+        // Beside the pointer, so that the document under it stays visible.
         const int distance = kPictureDistance * fontMetrics().height();
         drag->setHotSpot({-distance, -distance});
         drag->exec(supportedActions);
@@ -140,7 +140,7 @@ QPixmap TreePaneView::dragPicture(const QString& text) const {
 
 QItemSelectionModel::SelectionFlags TreePaneView::selectionCommand(const QModelIndex& index,
                                                                    const QEvent* event) const {
-    // A drag carries the node under the mouse, whatever keys are held.
+    // A drag takes the node under the mouse, whatever keys are pressed.
     if (event != nullptr && event->type() == QEvent::MouseButtonPress && index.isValid()) {
         return QItemSelectionModel::ClearAndSelect;
     }

@@ -11,29 +11,29 @@ namespace mergeloom {
 class TreeModel;
 class TreeNode;
 
-/// The tree itself: which of its nodes are expanded and selected, and how one is dragged. Nodes are named by
-/// their Index.
+/// The tree itself with its expanded and selected nodes, and the drag of a node. Nodes are named by their
+/// Index.
 class TreePaneView : public QTreeView {
     Q_OBJECT
   public:
     explicit TreePaneView(TreeModel& model, QWidget* parent = nullptr);
 
-    /// The selected node, or none.
+    /// Returns the selected node, or none.
     [[nodiscard]] const TreeNode* selectedNode() const;
     /// Selects a node and scrolls to it; does nothing for one that is not shown.
     void selectNode(int node);
     [[nodiscard]] std::vector<int> expandedNodes() const;
-    /// The row at the top of the view, as the scroll bar counts it.
+    /// Returns the row at the top of the view, as the scroll bar counts it.
     [[nodiscard]] int scrollPosition() const;
 
-    /// Shows other rows, with these nodes expanded: the first ones at once, a large number of others little
-    /// by little. The selected node stays selected if it is shown; the view goes to the top.
+    /// Shows other rows, with these nodes expanded: the first ones at once, a large number of others step by
+    /// step. The selected node stays selected if it is shown; the view goes to the top.
     void showRows(std::shared_ptr<const TreeModelRows> rows, std::vector<int> expanded);
-    /// Scrolls so that a row stands at the top as scrollPosition told it.
+    /// Scrolls so that the row of an earlier scrollPosition is at the top.
     void scrollToPosition(int position);
 
   Q_SIGNALS:
-    /// A drag is over or was refused. The view is hooked (mTVHook.h).
+    /// Emitted when a drag is over or was refused. The view is hooked (mTVHook.h).
     void dragFinished();
 
   protected:
@@ -52,7 +52,7 @@ class TreePaneView : public QTreeView {
 
     TreeModel& model_;
     QTimer expanding_;
-    // What is still to be expanded: from a place in the list on.
+    // The nodes that are still to be expanded, from an index in the list on.
     std::vector<int> toExpand_;
     std::size_t nextToExpand_ = 0;
 };

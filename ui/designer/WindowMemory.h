@@ -7,12 +7,12 @@ class QWidget;
 
 namespace mergeloom {
 
-/// Where the user left the window and its splitter, kept from run to run in the user's settings.
+/// Keeps the position of the window and its splitter from run to run in the user's settings.
 class WindowMemory {
   public:
     WindowMemory();
 
-    /// What was never kept stays as it is.
+    /// Restores the kept positions; others stay as they are.
     void restore(QWidget& window, QSplitter& splitter);
     void keep(const QWidget& window, const QSplitter& splitter);
 

@@ -22,7 +22,7 @@ constexpr TemplateTexts kTexts{
     .saveProcedure = "SaveWordTemplate",
 };
 
-/// The newest that an office may know stands last: the others open in the view that users expect.
+/// The program identifiers of templates, the newest last: the others open in the view that users expect.
 constexpr std::array kProgramIdentifiers{"Word.Template.8", "Word.Template", "Word.Template.12"};
 
 constexpr int kZoomPercent = 100;

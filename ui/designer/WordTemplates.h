@@ -13,15 +13,15 @@
 
 namespace mergeloom {
 
-/// Word's templates in the window.
+/// Opens and saves Word's templates in the window.
 class WordTemplates final : public TemplateOffice {
   public:
-    /// Templates of Open Packaging are converted by an office that nobody sees, which is started for that.
+    /// Templates of Open Packaging are converted by a hidden office, which is started for that.
     WordTemplates(HostAccess& access, Messages& messages, ErrorHandler& errors, TemplateFiles& files,
                   WordStarter startHiddenWord)
         : access_(access), messages_(messages), conversion_(std::move(startHiddenWord), files, errors) {}
 
-    /// The name under which the next template that is converted is saved, in place of its own.
+    /// Sets the name under which the next template that is converted is saved, in place of its own.
     void SetSavedAsName(const std::string& path) { savedAsName_ = path; }
 
     [[nodiscard]] const TemplateTexts& texts() const override;

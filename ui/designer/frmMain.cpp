@@ -26,8 +26,8 @@ namespace {
 
 using FieldConversion = DesignerActions::FieldConversion;
 
-/// The tree takes a quarter of the window until the user decides otherwise, and what the window gains is the
-/// document's.
+/// The tree takes a quarter of the window until the user changes it; space that the window gains goes to the
+/// document.
 constexpr int kTreePart = 4;
 
 FieldConversion conversionIn(DocumentKind kind) {
@@ -38,7 +38,7 @@ void setHelpTopic(QWidget& widget, const char* topic) {
     widget.setProperty(kHelpTopicProperty, QString::fromLatin1(topic));
 }
 
-/// Empty when the switch is absent or has no value.
+/// Returns the file of a switch; empty when the switch is absent or has no value.
 std::string fileOfSwitch(std::int32_t place) {
     const std::string value = GetCommandLineArgument(place);
     return value.empty() || value == kEmptyValue ? std::string() : fullPath(value);
@@ -200,7 +200,7 @@ void frmMain::showState() {
     }
 }
 
-/// The drop waits for the drag's end, which comes here wherever the drag ended.
+/// Handles the end of a drag, wherever it ended; the drop waits for it.
 void frmMain::endDrag() {
     if (const std::optional<HostPoint> point = area_->pane().takeDropPoint()) {
         reportDrop(session_.drop(*point));

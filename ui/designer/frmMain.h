@@ -33,8 +33,8 @@ class frmMain final : public QMainWindow {
   public:
     explicit frmMain(DocumentKind kind);
 
-    /// Loads the structure document of the command line and starts the office; comes back at once. The window
-    /// is shown before.
+    /// Loads the structure document of the command line and starts the office; returns at once. The window is
+    /// shown before.
     void start();
 
   protected:

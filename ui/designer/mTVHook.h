@@ -6,10 +6,10 @@ class QWidget;
 /// For the GUI's thread.
 namespace mergeloom {
 
-/// Whether the tree has lost the keyboard focus during the current drag.
+/// True when the tree has lost the focus during the current drag.
 extern bool gTreeLostFocus;
 
-/// From here on a loss of the focus sets the flag. Does nothing while a tree is hooked already.
+/// From now on a loss of the focus sets the flag. Does nothing while a tree is hooked already.
 void HookTreeView(QWidget& tree);
 /// Ends that, if the tree was hooked, and in every case sets the flag to false.
 void UnhookTreeView(QWidget& tree);
