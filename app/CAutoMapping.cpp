@@ -54,7 +54,7 @@ bool CAutoMapping::trapped(const std::function<bool()>& body) {
     try {
         return body();
     } catch (const MappingRefusal& refusal) {
-        tell(refusal.what());
+        showMessage(refusal.what());
     } catch (const AutomationError& error) {
         if (isMappingError(error.number())) throw;
         errors_.report(
@@ -166,7 +166,7 @@ void CAutoMapping::openLabelDocument(MappingTarget& office) {
     } catch (const AutomationError& error) {
         if (error.number() != kFileCouldNotBeRead) throw;
         // The mapping error does not say what is wrong with the file.
-        tell(error.description());
+        showMessage(error.description());
         RaiseMappingError(kLabelDocumentIncorrect);
     }
 }
@@ -235,7 +235,7 @@ void CAutoMapping::checkMayReplace(const MappingTarget& office, const std::strin
     }
 }
 
-void CAutoMapping::tell(const std::string& text) {
+void CAutoMapping::showMessage(const std::string& text) {
     showWarning(messages_, text);
 }
 

@@ -96,7 +96,7 @@ class CAutoMapping {
                            const DropPorts& ports);
     void save(MappingTarget& office, const std::string& target);
     void checkMayReplace(const MappingTarget& office, const std::string& target) const;
-    void tell(const std::string& text);
+    void showMessage(const std::string& text);
 
     /// An object and the template that it gets.
     struct Task {

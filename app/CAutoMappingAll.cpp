@@ -86,8 +86,8 @@ void CAutoMapping::reportChangedNames(const std::vector<Task>& tasks) {
         const std::string name = fileNameOnly(task.target);
         const bool isItsOwn = name == task.object.name() + "." + extension(name);
         if (isItsOwn) continue;
-        tell("The template of " + task.object.title() + " is called '" + name +
-             "', since its own name is taken or cannot be that of a file.");
+        showMessage("The template of " + task.object.title() + " is called '" + name +
+                    "', since its own name is taken or cannot be that of a file.");
     }
 }
 
@@ -107,11 +107,12 @@ bool CAutoMapping::makeTemplates(MappingTarget& office, const MappingSource& sou
                 refused += (refused.empty() ? "" : ", ") + task.object.title();
             }
         } catch (const std::exception&) {
-            tell(countText(made, tasks.size()) + "; the mapping ended at " + task.object.title() + ":");
+            showMessage(countText(made, tasks.size()) + "; the mapping ended at " + task.object.title() +
+                        ":");
             throw;
         }
     }
-    if (!refused.empty()) tell(countText(made, tasks.size()) + ". Refused: " + refused + ".");
+    if (!refused.empty()) showMessage(countText(made, tasks.size()) + ". Refused: " + refused + ".");
     return refused.empty();
 }
 

@@ -23,19 +23,19 @@ std::string placesSentence(const ConversionResult& result) {
 
 /// Returns a line for each text, in the order of their first occurrence, with the number of its occurrences.
 std::string countedLines(const std::string& what, const std::vector<std::string>& texts) {
-    std::vector<std::pair<std::string, int>> lines;
+    std::vector<std::pair<std::string, int>> occurrences;
     for (const std::string& text : texts) {
-        const auto known = std::ranges::find(lines, text, &std::pair<std::string, int>::first);
-        if (known == lines.end()) {
-            lines.emplace_back(text, 1);
+        const auto known = std::ranges::find(occurrences, text, &std::pair<std::string, int>::first);
+        if (known == occurrences.end()) {
+            occurrences.emplace_back(text, 1);
         } else {
             ++known->second;
         }
     }
-    std::string told;
-    for (const auto& [text, count] : lines)
-        told += what + text + (count == 1 ? "" : " (" + std::to_string(count) + " times)") + "\n";
-    return told;
+    std::string lines;
+    for (const auto& [text, count] : occurrences)
+        lines += what + text + (count == 1 ? "" : " (" + std::to_string(count) + " times)") + "\n";
+    return lines;
 }
 
 std::string lineOf(const LeftField& field) {
@@ -55,12 +55,12 @@ std::string movedBookmarksSentence(const std::vector<std::string>& names) {
     std::map<std::string, std::string> last;
     for (const std::string& name : names)
         last[foldCase(name)] = name;
-    std::string told;
+    std::string lines;
     for (const auto& [folded, name] : last) {
-        told += "The bookmark '" + name +
-                "' stands around the last place of that name; the others are plain text.\n";
+        lines += "The bookmark '" + name +
+                 "' stands around the last place of that name; the others are plain text.\n";
     }
-    return told;
+    return lines;
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ bool succeeds(const Body& body) {
 }
 
 /// Returns true unless the field was removed together with one around it.
-bool isThere(word::Field& field) {
+bool stillExists(word::Field& field) {
     try {
         (void)field.Type();
         return true;
@@ -57,7 +57,7 @@ bool isThere(word::Field& field) {
 }
 
 bool canBecomeText(word::Field& field) {
-    return isThere(field) && !field.isInCode();
+    return stillExists(field) && !field.isInCode();
 }
 
 /// Returns none when the office does not keep the code: the meaning of the field is unknown, so it stays.

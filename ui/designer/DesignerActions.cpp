@@ -11,7 +11,7 @@ DesignerActions::DesignerActions(QMenuBar& bar, FieldConversion conversion) : QO
     addFileMenu(bar);
     addWorkMenus(bar, conversion);
     addHelpMenu(bar);
-    setDocumentThere(false);
+    setDocumentAvailable(false);
 }
 
 void DesignerActions::addFileMenu(QMenuBar& bar) {
@@ -56,9 +56,9 @@ void DesignerActions::addForDocument(QMenu& menu, const QString& text, const QKe
     forDocument_.push_back(add(menu, text, keys, signal));
 }
 
-void DesignerActions::setDocumentThere(bool isThere) {
+void DesignerActions::setDocumentAvailable(bool isAvailable) {
     for (QAction* const action : forDocument_)
-        action->setEnabled(isThere);
+        action->setEnabled(isAvailable);
 }
 
 }  // namespace mergeloom

@@ -22,7 +22,7 @@ class DesignerActions final : public QObject {
     DesignerActions(QMenuBar& bar, FieldConversion conversion);
 
     /// Enables the commands that need a document.
-    void setDocumentThere(bool isThere);
+    void setDocumentAvailable(bool isAvailable);
 
   Q_SIGNALS:
     void newTemplate();

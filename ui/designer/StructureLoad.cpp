@@ -102,7 +102,7 @@ void StructureLoad::finish(LoadNumber number, const StructureLoadResult& result)
     }
     if (origin_ == Origin::Button) loadedByButton_ = true;
     Q_EMIT ended();
-    tell(result);
+    showMessages(result);
 }
 
 void StructureLoad::takeFolders(const StructureFolders& folders) {
@@ -110,7 +110,7 @@ void StructureLoad::takeFolders(const StructureFolders& folders) {
     if (templatesFolder_.empty() || loadedByButton_) templatesFolder_ = folders.templates;
 }
 
-void StructureLoad::tell(const StructureLoadResult& result) {
+void StructureLoad::showMessages(const StructureLoadResult& result) {
     for (const Message& message : result.messages)
         messages_.show(message);
     for (const ErrorReport& report : result.errors)

@@ -57,7 +57,7 @@ class StructureLoad : public QObject {
     void begin(const std::string& path, Origin origin);
     void finish(LoadNumber number, const StructureLoadResult& result);
     void takeFolders(const StructureFolders& folders);
-    void tell(const StructureLoadResult& result);
+    void showMessages(const StructureLoadResult& result);
 
     FileDialog& dialog_;
     Messages& messages_;

@@ -25,13 +25,13 @@ std::string documentExtension(const std::string& path) {
 }
 
 /// Removes a file at the end of its life.
-class PassingCopy {
+class ScopedCopy {
   public:
-    PassingCopy(TemplateFiles& files, const std::string& path, ErrorHandler& errors)
+    ScopedCopy(TemplateFiles& files, const std::string& path, ErrorHandler& errors)
         : files_(files), errors_(errors), path_(files.copyToTemporaryFolder(path)) {}
-    PassingCopy(const PassingCopy&) = delete;
-    PassingCopy& operator=(const PassingCopy&) = delete;
-    ~PassingCopy() {
+    ScopedCopy(const ScopedCopy&) = delete;
+    ScopedCopy& operator=(const ScopedCopy&) = delete;
+    ~ScopedCopy() {
         trap(
             errors_, kMainForm, "ConvertTemplate", [this] { files_.remove(path_); }, path_);
     }
@@ -66,7 +66,7 @@ bool TemplateConversion::convert(const std::string& path, const std::string& tar
 }
 
 void TemplateConversion::makeDocument(const std::string& path, const std::string& target) {
-    const PassingCopy copy(files_, path, errors_);
+    const ScopedCopy copy(files_, path, errors_);
     files_.copy(path, path + kBackupSuffix);
     saveDocument(copy.path(), target);
 }

@@ -65,8 +65,8 @@ bool TemplateLifecycle::OpenTemplate(const std::string& path) {
 bool TemplateLifecycle::show(const std::string& path) {
     ports_.access.host().Open(path);
     if (ports_.office.document() == nullptr) {
-        tell(ports_.office.texts().wrongFile, MessageIcon::None);
-        bringBackFormer();
+        showMessage(ports_.office.texts().wrongFile, MessageIcon::None);
+        restoreFormer();
         return false;
     }
     templatePath_ = path;
@@ -77,7 +77,7 @@ bool TemplateLifecycle::show(const std::string& path) {
 
 /// Restores the former document, which was saved, or whose changes were discarded, before another one was
 /// opened.
-void TemplateLifecycle::bringBackFormer() {
+void TemplateLifecycle::restoreFormer() {
     if (templatePath_.empty()) {
         (void)createNew();
         return;
@@ -103,8 +103,9 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     // The office itself has locked the file that it shows.
     const bool isOwn = isFileOf(document, path);
     if (!isOwn && ports_.files.exists(path) && ports_.files.isLocked(path)) {
-        tell(office + " cannot save the template " + path + " because this file is already open elsewhere.",
-             MessageIcon::Exclamation);
+        showMessage(
+            office + " cannot save the template " + path + " because this file is already open elsewhere.",
+            MessageIcon::Exclamation);
         return false;
     }
     if (!ports_.office.knowsExtensionOf(path)) {
@@ -143,7 +144,8 @@ void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std:
     if (target.empty()) return;
     if (!equalsIgnoringCase(extension(target), extension(path))) target += "." + extension(path);
     if (equalsIgnoringCase(target, path)) {
-        tell("The copy was not saved: " + path + " is the name of the template.", MessageIcon::Exclamation);
+        showMessage("The copy was not saved: " + path + " is the name of the template.",
+                    MessageIcon::Exclamation);
         return;
     }
     ports_.files.write(target, copy.bytes());
@@ -151,11 +153,11 @@ void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std:
 
 bool TemplateLifecycle::CloseTemplate() {
     bool closed = false;
-    trapped("CloseTemplate", [&] { closed = mayGo() && createNew(); });
+    trapped("CloseTemplate", [&] { closed = mayCloseDocument() && createNew(); });
     return closed;
 }
 
-bool TemplateLifecycle::mayGo() {
+bool TemplateLifecycle::mayCloseDocument() {
     model::OfficeDocument* const document = documentOrNone();
     if (document == nullptr || document->Saved()) return true;
     const Message question{"Do you want to save changes to " + document->Name(), MessageIcon::Question,
@@ -190,7 +192,7 @@ void TemplateLifecycle::Execute(HostCommand command) {
             (void)SaveTemplate(SaveTarget::Asked);
             return;
         case HostCommand::PrintPreview:
-            tell("PrintPreview is disabled.", MessageIcon::Exclamation);
+            showMessage("PrintPreview is disabled.", MessageIcon::Exclamation);
             return;
         case HostCommand::Close:
             return;
@@ -199,7 +201,7 @@ void TemplateLifecycle::Execute(HostCommand command) {
 
 void TemplateLifecycle::openAnother() {
     bool goesOn = false;
-    trapped(ports_.office.texts().openProcedure, [&] { goesOn = mayGo(); });
+    trapped(ports_.office.texts().openProcedure, [&] { goesOn = mayCloseDocument(); });
     if (goesOn) (void)OpenTemplate();
 }
 
@@ -207,13 +209,13 @@ void TemplateLifecycle::openAnother() {
 /// that one.
 bool TemplateLifecycle::mayStartAnother() {
     if (GetCommandLineArgument(kTemplateSwitch).empty()) return true;
-    tell("The operation is disabled in this context.", MessageIcon::Exclamation);
+    showMessage("The operation is disabled in this context.", MessageIcon::Exclamation);
     return false;
 }
 
 bool TemplateLifecycle::Unload() {
     bool mayClose = true;
-    trapped("Form_Unload", [&] { mayClose = mayGo(); });
+    trapped("Form_Unload", [&] { mayClose = mayCloseDocument(); });
     if (!mayClose) return false;
     Terminate();
     restoreView();
@@ -239,7 +241,7 @@ void TemplateLifecycle::trapped(const char* procedure, const Body& body, const s
         body();
     } catch (const AutomationError& error) {
         if (isMappingError(error.number())) {
-            tell(error.description(), MessageIcon::Exclamation);
+            showMessage(error.description(), MessageIcon::Exclamation);
         } else {
             ports_.errors.report({error.number(), error.description(), templatePath_, kMainForm, procedure,
                                   shownPlace(error.place())});
@@ -249,7 +251,7 @@ void TemplateLifecycle::trapped(const char* procedure, const Body& body, const s
     }
 }
 
-void TemplateLifecycle::tell(const std::string& text, MessageIcon icon) {
+void TemplateLifecycle::showMessage(const std::string& text, MessageIcon icon) {
     (void)ports_.messages.show({text, icon, MessageButtons::Ok});
 }
 

@@ -62,13 +62,13 @@ class TemplateLifecycle {
   private:
     bool createNew();
     bool show(const std::string& path);
-    void bringBackFormer();
+    void restoreFormer();
     void openAnother();
     bool saveIn(const std::string& path);
     void write(const std::string& path);
     void offerToKeep(const model::DifferingCopy& copy, const std::string& path);
     /// Returns whether the document may be closed: it is saved, or the user discards the changes.
-    bool mayGo();
+    bool mayCloseDocument();
     bool mayStartAnother();
     void restoreView();
     model::OfficeDocument* documentOrNone();
@@ -76,7 +76,7 @@ class TemplateLifecycle {
     template <typename Body>
     void trapped(const char* procedure, const Body& body,
                  const std::source_location& place = std::source_location::current());
-    void tell(const std::string& text, MessageIcon icon);
+    void showMessage(const std::string& text, MessageIcon icon);
 
     Ports ports_;
     TemplateDialogs dialogs_;

@@ -180,7 +180,7 @@ void frmMain::start() {
 
 void frmMain::showState() {
     const bool isRunning = session_.state() == OfficeState::Running;
-    actions_->setDocumentThere(isRunning);
+    actions_->setDocumentAvailable(isRunning);
     area_->setPanelVisible(!isRunning);
     switch (session_.state()) {
         case OfficeState::Starting:

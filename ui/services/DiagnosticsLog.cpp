@@ -28,7 +28,7 @@ std::string lineOf(const std::string& text) {
 }
 
 /// Removes the oldest lines, so that the newest take up at most half of the limit.
-void giveUpOldest(QFile& file, std::size_t limit) {
+void removeOldestLines(QFile& file, std::size_t limit) {
     file.seek(0);
     const std::string lines = file.readAll().toStdString();
     const std::size_t kept = std::min(limit / 2, lines.size());
@@ -48,7 +48,7 @@ void DiagnosticsLog::append(const std::string& text) {
     // Another thread or run of the program may be writing to it; closing the file releases the lock.
     if (flock(file.handle(), LOCK_EX) != 0) return;
     const std::string line = lineOf(text);
-    if (static_cast<std::size_t>(file.size()) + line.size() > limit_) giveUpOldest(file, limit_);
+    if (static_cast<std::size_t>(file.size()) + line.size() > limit_) removeOldestLines(file, limit_);
     file.write(QByteArray::fromStdString(line));
 }
 

@@ -57,7 +57,7 @@ TextSetting ReplacementContext::setting() const {
     return first_ ? TextSetting{formatting(), container()} : TextSetting{};
 }
 
-void ReplacementContext::checkIsThere() const {
+void ReplacementContext::checkNotDeleted() const {
     if (!first_ || !isDeleted(first_) || !isDeleted(last_)) return;
     throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
 }

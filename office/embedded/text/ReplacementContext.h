@@ -16,7 +16,7 @@ class ReplacementContext {
     /// are only fields without a result, that of the first code.
     [[nodiscard]] TextSetting setting() const;
     /// Raises an AutomationError for a range of deleted text, which nothing can replace.
-    void checkIsThere() const;
+    void checkNotDeleted() const;
 
   private:
     [[nodiscard]] Formatting formatting() const;

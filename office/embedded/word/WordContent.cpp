@@ -102,7 +102,7 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
                                     const std::string& text, RunUse runs) {
     story.check(start, end);
     const ReplacementContext replaced(story, start, end);
-    if (!text.empty()) replaced.checkIsThere();
+    if (!text.empty()) replaced.checkNotDeleted();
     // What is refused must not count as an edit.
     editable(story).eraser().check(start, end);
     beginEdit(story, start, end);

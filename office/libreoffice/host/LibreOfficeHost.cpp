@@ -109,8 +109,8 @@ void LibreOfficeHost::checkIsAlive() const {
 }
 
 Reference<css::frame::XFrame> LibreOfficeHost::makeFrame() {
-    const auto tell = [this](HostCommand command) { listener_.fileCommand(command); };
-    return frames_.emplace_back(session_->connection(), windows_, window_, tell).uno();
+    const auto forward = [this](HostCommand command) { listener_.fileCommand(command); };
+    return frames_.emplace_back(session_->connection(), windows_, window_, forward).uno();
 }
 
 HostFrame* LibreOfficeHost::front() {
