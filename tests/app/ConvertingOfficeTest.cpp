@@ -88,7 +88,7 @@ TEST_F(ConvertingOffice, ASaveThatFailsChangesNothingOfTheDocument) {
     EXPECT_FALSE(document->Saved());
     EXPECT_EQ(document->FullName(), folder / "letter.docx");
     EXPECT_EQ(folder.entryCount(), 3);
-    // The office below knows the passing file now; the document still goes to its own.
+    // The other office knows the temporary file now; the document still goes to its own.
     document->Save();
     EXPECT_EQ(shownBody(folder.bytesOf("letter.docx")), "Hello Dear\n");
 

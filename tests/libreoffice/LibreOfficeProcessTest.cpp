@@ -138,7 +138,7 @@ void runWhileWriting(const LibreOfficeProcess& office, const std::string& folder
     const auto put = [&](const std::string& name) { std::ofstream(joinPath(folder, name)) << name; };
     put(beginning + " budget.txt");
     put(beginning + "earlier.tmp");
-    const PartialFileCleanup guard(office, joinPath(folder, "document.docx"));
+    const PartialFileCleanup cleanup(office, joinPath(folder, "document.docx"));
     put("document.docx");
     put(beginning + "10i0y.tmp");
     put(beginning + "notes.txt");

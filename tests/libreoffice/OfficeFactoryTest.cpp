@@ -56,7 +56,7 @@ TEST(OfficeFactory, allPartsShareOneOfficeAndTheNextOneWhenItDied) {
     EXPECT_EQ(excel->Version(), "16.0");
 
     temporary.killWorkers();
-    // The guard of what is left behind alone goes on.
+    // Only the cleanup process goes on.
     EXPECT_TRUE(becomesTrue([&] { return temporary.processes().size() <= 1; }));
     word.reset();
     excel = makeExcelApplication(OfficeKind::LibreOffice, files);

@@ -43,8 +43,8 @@ WindowSystem::WindowSystem() : connection_(xcb_connect(nullptr, nullptr), xcb_di
 }
 
 xcb_window_t WindowSystem::innerWindow(xcb_window_t host) const {
-    const xcb_window_t nest = topChild(host);
-    return nest == XCB_WINDOW_NONE ? nest : topChild(nest);
+    const xcb_window_t embedWindow = topChild(host);
+    return embedWindow == XCB_WINDOW_NONE ? embedWindow : topChild(embedWindow);
 }
 
 xcb_window_t WindowSystem::topChild(xcb_window_t window) const {

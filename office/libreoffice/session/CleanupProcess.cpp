@@ -50,7 +50,7 @@ constexpr const char* kScript =
     "sweep\n";
 
 std::vector<std::string> commandOf(pid_t group, const std::vector<std::string>& leftovers) {
-    std::vector<std::string> command{"/bin/sh", "-c", kScript, "guard", std::to_string(group)};
+    std::vector<std::string> command{"/bin/sh", "-c", kScript, "cleanup", std::to_string(group)};
     command.insert(command.end(), leftovers.begin(), leftovers.end());
     return command;
 }

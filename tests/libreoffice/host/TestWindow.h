@@ -36,7 +36,7 @@ class TestWindow {
         xcb_configure_window(connection_, pane_, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
         xcb_flush(connection_);
     }
-    /// The width of the office's window inside the pane: of the one in front, in its nest.
+    /// The width of the office's window inside the pane: of the one in front, in its EmbedWindow.
     [[nodiscard]] int widthInside() const {
         const xcb_window_t inner = frontChild(frontChild(pane_));
         const auto size =
