@@ -11,7 +11,7 @@ namespace mergeloom::opc {
 
 namespace {
 
-constexpr const char* kNoTypes =
+constexpr const char* kNoContentTypes =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
     "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
     "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
@@ -26,7 +26,7 @@ pugi::xml_node findOverride(const pugi::xml_document& document, const std::strin
 
 }  // namespace
 
-ContentTypes::ContentTypes() : ContentTypes(kNoTypes, "") {
+ContentTypes::ContentTypes() : ContentTypes(kNoContentTypes, "") {
     changed_ = true;
 }
 

@@ -3,7 +3,6 @@
 #include "base/ByteSink.h"
 #include "office/opc/ContentTypes.h"
 #include "office/opc/PartStore.h"
-#include "office/opc/RelationshipTypes.h"
 #include "office/opc/Relationships.h"
 
 #include <map>

@@ -8,16 +8,6 @@ namespace mergeloom::opc {
 
 namespace {
 
-/// Collects what pugixml writes.
-class TextWriter : public pugi::xml_writer {
-  public:
-    void write(const void* data, std::size_t size) override {
-        text.append(static_cast<const char*>(data), size);
-    }
-
-    std::string text;
-};
-
 bool hasDocumentType(const pugi::xml_document& document) {
     const auto isDocumentType = [](const pugi::xml_node& node) { return node.type() == pugi::node_doctype; };
     return std::any_of(document.begin(), document.end(), isDocumentType);
@@ -46,10 +36,11 @@ std::string packageXmlText(pugi::xml_document& document) {
         pugi::xml_attribute encoding = declaration.attribute("encoding");
         if (encoding) encoding.set_value("UTF-8");
     }
-    TextWriter writer;
+    std::string text;
+    StringWriter writer(text);
     const unsigned int flags = pugi::format_raw | pugi::format_no_declaration;
     document.save(writer, "", flags, pugi::encoding_utf8);
-    return std::move(writer.text);
+    return text;
 }
 
 std::string_view localName(const pugi::xml_node& element) {

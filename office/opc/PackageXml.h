@@ -7,6 +7,18 @@
 /// The package's own XML: content types and relationships.
 namespace mergeloom::opc {
 
+/// Appends to a text what pugixml writes.
+class StringWriter final : public pugi::xml_writer {
+  public:
+    explicit StringWriter(std::string& target) : target_(target) {}
+    void write(const void* data, std::size_t size) override {
+        target_.append(static_cast<const char*>(data), size);
+    }
+
+  private:
+    std::string& target_;
+};
+
 /// Parses a small XML part into a document, comments and all. Raises kFileCouldNotBeRead, with the file's
 /// name and the part's, when it is malformed, has a document type declaration (ECMA-376 Part 2, 6.5.3.1 and
 /// 6.2.3.4 forbid it) or another root element than the one of that local name.

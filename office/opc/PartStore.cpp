@@ -2,9 +2,8 @@
 
 #include "base/Text.h"
 #include "office/opc/Codec.h"
-#include "office/opc/EntryName.h"
 #include "office/opc/PartName.h"
-#include "office/opc/ZipFormat.h"
+#include "office/opc/ZipRecords.h"
 
 #include <algorithm>
 #include <array>

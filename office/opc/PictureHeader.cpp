@@ -3,6 +3,10 @@
 #include "office/opc/ByteOrder.h"
 #include "office/opc/Codec.h"
 
+#include <map>
+
+using namespace std::string_view_literals;
+
 namespace mergeloom::opc {
 
 namespace {
@@ -47,6 +51,142 @@ bool startsPixels(std::string_view chunk) {
 
 bool isPngSize(std::uint32_t number) {
     return number > 0 && number <= kLargestPngNumber;
+}
+
+// Tags of the first directory (Exif 2.3, 4.6.4; TIFF 6.0, section 8).
+constexpr std::uint16_t kOrientation = 0x0112;
+constexpr std::uint16_t kHorizontalResolution = 0x011A;
+constexpr std::uint16_t kVerticalResolution = 0x011B;
+constexpr std::uint16_t kResolutionUnit = 0x0128;
+
+constexpr std::uint16_t kShortType = 3;
+constexpr std::uint16_t kRationalType = 5;
+constexpr int kLastOrientation = 8;
+constexpr std::int64_t kUnitInch = 2;
+constexpr std::int64_t kUnitCentimetre = 3;
+
+/// The first directory of a TIFF structure: its short and rational numbers by tag.
+class TiffDirectory {
+  public:
+    explicit TiffDirectory(std::string_view tiff) : tiff_(tiff), little_(tiff.starts_with("II")) {
+        if (!little_ && !tiff.starts_with("MM")) return;
+        const std::size_t start = number<std::uint32_t>(4).value_or(0);
+        const std::size_t count = number<std::uint16_t>(start).value_or(0);
+        constexpr std::size_t kEntryLength = 12;
+        for (std::size_t i = 0; i < count; ++i)
+            readEntry(start + 2 + i * kEntryLength);
+    }
+
+    /// In hundredths; zero when the tag is missing.
+    [[nodiscard]] std::int64_t hundredths(std::uint16_t tag) const {
+        const auto found = hundredths_.find(tag);
+        return found == hundredths_.end() ? 0 : found->second;
+    }
+
+  private:
+    template <typename Number>
+    [[nodiscard]] std::optional<Number> number(std::size_t offset) const {
+        if (offset > tiff_.size() || tiff_.size() - offset < sizeof(Number)) return std::nullopt;
+        return little_ ? littleEndianAt<Number>(tiff_, offset) : bigEndianAt<Number>(tiff_, offset);
+    }
+
+    void readEntry(std::size_t entry) {
+        const auto tag = number<std::uint16_t>(entry);
+        const auto type = number<std::uint16_t>(entry + 2);
+        if (!tag || !type) return;
+        if (*type == kShortType) {
+            hundredths_[*tag] = std::int64_t{100} * number<std::uint16_t>(entry + 8).value_or(0);
+        }
+        if (*type == kRationalType)
+            hundredths_[*tag] = rationalAt(number<std::uint32_t>(entry + 8).value_or(0));
+    }
+
+    [[nodiscard]] std::int64_t rationalAt(std::size_t offset) const {
+        const std::int64_t numerator = number<std::uint32_t>(offset).value_or(0);
+        const std::int64_t denominator = number<std::uint32_t>(offset + 4).value_or(0);
+        return denominator == 0 ? 0 : numerator * 100 / denominator;
+    }
+
+    std::string_view tiff_;
+    bool little_;
+    std::map<std::uint16_t, std::int64_t> hundredths_;
+};
+
+/// Takes over resolution and orientation from an Exif block (the TIFF structure behind "Exif" and two zero
+/// bytes); what is damaged in it is left out. A resolution that is known already stays.
+void readExif(std::string_view tiff, PictureHeader& header) {
+    const TiffDirectory directory(tiff);
+    const std::int64_t orientation = directory.hundredths(kOrientation) / 100;
+    if (orientation >= 1 && orientation <= kLastOrientation)
+        header.orientation = static_cast<int>(orientation);
+    if (header.resolution) return;
+    const std::int64_t unit = directory.hundredths(kResolutionUnit) / 100;
+    if (unit != kUnitInch && unit != kUnitCentimetre) return;
+    const auto dotsPerInch = [&](std::uint16_t tag) {
+        const std::int64_t hundredths = directory.hundredths(tag);
+        const std::int64_t inInches = unit == kUnitCentimetre ? hundredths * 254 / 100 : hundredths;
+        return (inInches + 50) / 100;
+    };
+    header.resolution = {dotsPerInch(kHorizontalResolution), dotsPerInch(kVerticalResolution)};
+}
+
+constexpr unsigned char kMarkerStart = 0xFF;
+constexpr unsigned char kStartOfScan = 0xDA;
+constexpr unsigned char kEndOfImage = 0xD9;
+constexpr unsigned char kApplication0 = 0xE0;
+constexpr unsigned char kApplication1 = 0xE1;
+
+struct Segment {
+    unsigned char marker = 0;
+    std::string_view data;
+};
+
+/// Markers that stand alone: TEM and the restarts (T.81, B.1.1.3).
+bool hasNoLength(unsigned char marker) {
+    return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7);
+}
+
+/// Start of frame, of any coding process: C0 to CF without DHT, JPG and DAC (T.81, table B.1).
+bool startsFrame(unsigned char marker) {
+    const bool other = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
+    return marker >= 0xC0 && marker <= 0xCF && !other;
+}
+
+/// Takes a marker segment off the front; nothing when it is cut off or no marker stands there.
+std::optional<Segment> takeSegment(std::string_view& rest) {
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(rest[i]); };
+    if (rest.empty() || byteAt(0) != kMarkerStart) return std::nullopt;
+    // Any number of fill bytes may come before a marker (T.81, B.1.1.2).
+    while (!rest.empty() && byteAt(0) == kMarkerStart)
+        rest.remove_prefix(1);
+    if (rest.empty()) return std::nullopt;
+    Segment segment{.marker = byteAt(0), .data = {}};
+    rest.remove_prefix(1);
+    if (hasNoLength(segment.marker)) return segment;
+    if (rest.size() < 2) return std::nullopt;
+    const auto length = bigEndianAt<std::uint16_t>(rest, 0);
+    if (length < 2 || length > rest.size()) return std::nullopt;
+    segment.data = rest.substr(2, length - 2U);
+    rest.remove_prefix(length);
+    return segment;
+}
+
+/// The density of a JFIF block, unless its numbers tell nothing but the shape of a pixel (JFIF 1.02, unit 0).
+void readJfif(std::string_view data, PictureHeader& header) {
+    if (data.size() < 12) return;
+    const auto horizontal = std::int64_t{bigEndianAt<std::uint16_t>(data, 8)};
+    const auto vertical = std::int64_t{bigEndianAt<std::uint16_t>(data, 10)};
+    const auto toInches = [](std::int64_t perCentimetre) { return (perCentimetre * 254 + 50) / 100; };
+    if (data[7] == 1) header.resolution = {horizontal, vertical};
+    if (data[7] == 2) header.resolution = {toInches(horizontal), toInches(vertical)};
+}
+
+/// Height and width of a frame (T.81, B.2.2).
+bool readFrame(std::string_view data, PictureHeader& header) {
+    if (data.size() < 6) return false;
+    header.height = bigEndianAt<std::uint16_t>(data, 1);
+    header.width = bigEndianAt<std::uint16_t>(data, 3);
+    return header.height > 0 && header.width > 0;
 }
 
 }  // namespace
@@ -106,6 +246,27 @@ std::optional<PictureHeader> readBmpHeader(std::string_view bytes) {
     }
     if (header.width <= 0 || header.height <= 0) return std::nullopt;
     return header;
+}
+
+std::optional<PictureHeader> readJpegHeader(std::string_view bytes) {
+    constexpr auto kJfif = "JFIF\0"sv;
+    constexpr auto kExif = "Exif\0\0"sv;
+    PictureHeader header{.format = PictureFormat::Jpeg};
+    std::string_view rest = bytes.substr(2);
+    for (;;) {
+        const std::optional<Segment> segment = takeSegment(rest);
+        if (!segment || segment->marker == kStartOfScan || segment->marker == kEndOfImage)
+            return std::nullopt;
+        if (startsFrame(segment->marker)) {
+            if (!readFrame(segment->data, header)) return std::nullopt;
+            return header;
+        }
+        if (segment->marker == kApplication0 && segment->data.starts_with(kJfif))
+            readJfif(segment->data, header);
+        if (segment->marker == kApplication1 && segment->data.starts_with(kExif)) {
+            readExif(segment->data.substr(kExif.size()), header);
+        }
+    }
 }
 
 }  // namespace mergeloom::opc

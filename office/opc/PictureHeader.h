@@ -30,8 +30,4 @@ std::optional<PictureHeader> readGifHeader(std::string_view bytes);   // GIF89a
 std::optional<PictureHeader> readBmpHeader(std::string_view bytes);   // BITMAPFILEHEADER and what follows
 std::optional<PictureHeader> readJpegHeader(std::string_view bytes);  // ITU-T T.81, JFIF 1.02, Exif 2.3
 
-/// Takes over resolution and orientation from an Exif block (the TIFF structure behind "Exif" and two zero
-/// bytes); what is damaged in it is left out. A resolution that is known already stays.
-void readExif(std::string_view tiff, PictureHeader& header);
-
 }  // namespace mergeloom::opc

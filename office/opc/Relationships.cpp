@@ -2,7 +2,6 @@
 
 #include "office/opc/PackageXml.h"
 #include "office/opc/PartName.h"
-#include "office/opc/RelationshipTypes.h"
 #include "office/opc/UnreadableFile.h"
 
 #include <algorithm>
@@ -12,6 +11,10 @@
 namespace mergeloom::opc {
 
 namespace {
+
+constexpr std::string_view kTransitionalTypes =
+    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+constexpr std::string_view kStrictTypes = "http://purl.oclc.org/ooxml/officeDocument/relationships/";
 
 constexpr const char* kNoRelationships =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
@@ -28,6 +31,18 @@ Relationship readRelationship(const pugi::xml_node& node) {
 }
 
 }  // namespace
+
+std::string officeRelationshipType(std::string_view shortName, Conformance conformance) {
+    const std::string_view base = conformance == Conformance::Strict ? kStrictTypes : kTransitionalTypes;
+    return std::string(base).append(shortName);
+}
+
+std::string_view officeShortName(std::string_view type) {
+    for (const std::string_view base : {kTransitionalTypes, kStrictTypes}) {
+        if (type.starts_with(base)) return type.substr(base.size());
+    }
+    return {};
+}
 
 Relationships::Relationships(std::string sourcePart)
     : Relationships(std::move(sourcePart), kNoRelationships, "") {}

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/opc/PackageXml.h"
 
 #include <utility>
 
@@ -12,17 +13,6 @@ namespace {
 constexpr int kDeepest = 1000;
 
 constexpr unsigned kParseFlags = pugi::parse_full | pugi::parse_ws_pcdata;
-
-class StringWriter : public pugi::xml_writer {
-  public:
-    explicit StringWriter(std::string& target) : target_(target) {}
-    void write(const void* data, std::size_t size) override {
-        target_.append(static_cast<const char*>(data), size);
-    }
-
-  private:
-    std::string& target_;
-};
 
 bool isDeeperThan(pugi::xml_node root, int limit) {
     int depth = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/opc/ZipEntry.h"
+#include "office/opc/ZipRecords.h"
 
 #include <cstdint>
 #include <string>

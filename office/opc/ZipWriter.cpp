@@ -4,8 +4,7 @@
 #include "office/opc/ByteOrder.h"
 #include "office/opc/Codec.h"
 #include "office/opc/UnreadableFile.h"
-#include "office/opc/ZipCentralRecord.h"
-#include "office/opc/ZipFormat.h"
+#include "office/opc/ZipRecords.h"
 
 #include <algorithm>
 #include <limits>

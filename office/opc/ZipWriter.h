@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/ByteSink.h"
-#include "office/opc/ZipEntry.h"
+#include "office/opc/ZipRecords.h"
 
 #include <cstdint>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "doubles/PackageBytes.h"
 #include "office/opc/Package.h"
-#include "office/opc/RelationshipTypes.h"
+#include "office/opc/Relationships.h"
 
 #include <string>
 #include <vector>

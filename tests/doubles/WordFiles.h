@@ -3,7 +3,7 @@
 #include "doubles/MemoryFileStore.h"
 #include "doubles/PackageBytes.h"
 #include "office/model/word/Document.h"
-#include "office/opc/RelationshipTypes.h"
+#include "office/opc/Relationships.h"
 
 #include <string>
 

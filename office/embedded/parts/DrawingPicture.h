@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/opc/RelationshipTypes.h"
+#include "office/opc/Relationships.h"
 
 #include <cstdint>
 #include <pugixml.hpp>

@@ -1,8 +1,7 @@
 #include "office/embedded/parts/NewDocument.h"
 
 #include "office/embedded/parts/NewDocumentStyles.h"
-#include "office/embedded/parts/NewDocumentTheme.h"
-#include "office/embedded/parts/NewProperties.h"
+#include "office/embedded/parts/SeedPart.h"
 
 #include <algorithm>
 #include <iterator>

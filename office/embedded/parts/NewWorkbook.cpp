@@ -1,7 +1,6 @@
 #include "office/embedded/parts/NewWorkbook.h"
 
-#include "office/embedded/parts/NewDocumentTheme.h"
-#include "office/embedded/parts/NewProperties.h"
+#include "office/embedded/parts/SeedPart.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,7 @@
 #include "office/embedded/word/InlinePicture.h"
 
 #include "office/embedded/parts/DrawingPicture.h"
+#include "office/opc/PackageXml.h"
 
 #include <algorithm>
 #include <pugixml.hpp>
@@ -19,14 +20,6 @@ void appendPicture(pugi::xml_node data, const InlinePicture& picture, const Draw
     appendPictureFill(pic, prefix, picture.relationshipId, namespaces);
     appendPictureShape(pic, prefix, {{}, {}, picture.width, picture.height});
 }
-
-class StringWriter : public pugi::xml_writer {
-  public:
-    void write(const void* data, std::size_t size) override {
-        result.append(static_cast<const char*>(data), size);
-    }
-    std::string result;
-};
 
 }  // namespace
 
@@ -54,9 +47,10 @@ std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& na
     pugi::xml_node data = graphic.append_child("a:graphicData");
     data.append_attribute("uri") = namespaces.picture;
     appendPicture(data, picture, namespaces);
-    StringWriter writer;
+    std::string xml;
+    opc::StringWriter writer(xml);
     run.print(writer, "", pugi::format_raw);
-    return writer.result;
+    return xml;
 }
 
 }  // namespace mergeloom::embedded

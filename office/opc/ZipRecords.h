@@ -2,8 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 
-/// The records of a zip archive (APPNOTE.TXT 6.3.10): signatures, lengths and where their fields stand.
+/// The records of a zip archive (APPNOTE.TXT 6.3.10): signatures, lengths and the offsets of their fields.
 namespace mergeloom::opc::zip {
 
 inline constexpr std::uint32_t kLocalSignature = 0x04034b50;         // 4.3.7
@@ -58,3 +61,34 @@ inline constexpr std::size_t kDisk = 16, kDirectoryDisk = 20, kCountHere = 24, k
 }
 
 }  // namespace mergeloom::opc::zip
+
+namespace mergeloom::opc {
+
+/// One entry of a zip archive. The views point into the archive's bytes.
+struct ZipEntry {
+    std::string name;  ///< as stored, in UTF-8; backslashes stay
+    std::uint16_t flags = 0;
+    std::uint16_t method = 0;
+    std::uint32_t crc = 0;
+    std::uint64_t compressedSize = 0;
+    std::uint64_t size = 0;
+    std::string_view storedName;
+    std::string_view centralRecord;  ///< the whole record of the central directory (APPNOTE 4.3.12)
+    std::string_view raw;            ///< local header, data and data descriptor as they stand
+    std::string_view data;           ///< the compressed bytes, the middle of raw
+    std::uint64_t offset = 0;        ///< where raw starts
+};
+
+/// The record that a central directory starts with, its ZIP64 fields resolved (APPNOTE 4.5.3); raw and data
+/// are still empty. Nothing when the bytes do not start with a whole record.
+std::optional<ZipEntry> readCentralRecord(std::string_view directory);
+
+/// The record of an entry whose local header now stands at another offset; all other fields as they were.
+std::string centralRecordAt(const ZipEntry& entry, std::uint64_t offset);
+
+/// Finds an entry's local header, data and data descriptor in the archive and sets raw and data. All of them
+/// must end before the limit, where the next entry or the central directory starts. Answers why the local
+/// header and the directory contradict each other, as a clause for a message; empty when they do not.
+std::string locateEntry(ZipEntry& entry, std::string_view archive, std::uint64_t limit);
+
+}  // namespace mergeloom::opc
