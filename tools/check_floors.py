@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Checks that the sources keep to the floors of the house.
 
-Complains about an include that goes to a floor that the file's own floor may not know, a library used
-outside the floor that hides it, a header without "#pragma once" and a circle of includes.
+Complains about an include that goes to a floor that the file's own floor may not know, a name of such a floor that is
+used through other headers, a library used outside the floor that hides it (by its headers or by its names), a header
+without "#pragma once" and a circle of includes.
 Usage: check_floors.py [ROOT]
 """
 import re
@@ -69,13 +70,38 @@ LIBRARIES = {
     **{library: ["office/libreoffice/" + floor for floor in (
         "session", "readback", "word", "excel", "host", "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
+    # The XML of one part is a tree of pugixml's, so whoever reads parts sees it.
     "pugixml.hpp": [
-        "xml", "office/opc", "office/embedded/parts", "office/embedded/text",
-        "office/embedded/word", "office/embedded/sheet", "office/embedded/excel",
+        "xml", "office/opc", "office/embedded/parts", "office/embedded/text", "office/embedded/word",
+        "office/embedded/sheet", "office/embedded/excel", "office/libreoffice/readback", "office/libreoffice/word",
     ],
 }
 
+# What a library's names look like, for uses that reach its headers through others.
+LIBRARY_NAMES = {
+    "unicode/": r"icu::|u_[a-z]\w*\(|UChar32|UErrorCode",
+    "libxml/": r"xml(?:Doc|Node|Attr|Ns)(?:Ptr)?\b|xml(?:Parser|XPath|Free|Read|Error)[A-Z]?\w*",
+    "libdeflate.h": r"libdeflate_\w+",
+    "X11/": r"xcb_\w+",
+    "chm_lib.h": r"chm_\w+|chmFile|chmUnitInfo",
+    "Q": r"Q[A-Z][a-z]\w+",
+    "com/sun/star/": r"css::|com::sun::star",
+    "cppu/": r"cppu::",
+    "osl/": r"osl::|osl_\w+",
+    "rtl/": r"rtl::|rtl_\w+|OUString",
+    "sal/": r"sal_(?:Int|uInt|Unicode|Bool)\w*",
+    "pugixml.hpp": r"pugi::",
+}
+
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
+
+# What holds no name that is used: comments, preprocessor lines, literals.
+IGNORED = re.compile(
+    r'//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|R"(?P<mark>[^(\s]*)\(.*?\)(?P=mark)"|"(?:[^"\\\n]|\\.)*"'
+    r"|(?<!\w)'(?:[^'\\\n]|\\.)+'", re.MULTILINE | re.DOTALL)
+
+# A name with its qualifiers that no object stands before; a name in small letters only where it is called or qualified.
+USE = re.compile(r"(?<![\w.:])(?<!->)(?:\w+(?:::\w+)+|[A-Z]\w*|k[A-Z]\w*|\w+\s*(?=\())")
 
 
 def floor_of(path):
@@ -111,7 +137,84 @@ def check_library(path, floor, included):
     return None
 
 
-def check_file(path, text, sources):
+def code_of(text):
+    """The source without comments, the contents of its literals and its preprocessor lines."""
+    return IGNORED.sub(lambda ignored: "" if ignored[0][0] in "/#" else '""', text)
+
+
+class Declarations:
+    """The names that a source declares in namespaces, each with the namespaces before it, and those namespaces."""
+
+    TOKEN = re.compile(
+        r"namespace(?:\s+(?P<namespace>[\w:]+))?\s*(?P<opens>\{)|(?P<brace>[{}])"
+        r"|(?:class|struct|enum|enum\s+class|concept)\s+(?P<type>\w+)(?P<forward>\s*;)?"
+        r"|using\s+(?P<alias>\w+)\s*=|\b(?P<function>\w+)\s*\(|\b(?P<constant>k[A-Z]\w*)\b")
+
+    def __init__(self, text):
+        self.names, self.namespaces = set(), set()
+        braces = []  # the namespace that each open brace opens; None for any other
+        for token in self.TOKEN.finditer(code_of(text)):
+            if token["opens"]:
+                braces.append(token["namespace"] or "")
+                self.namespaces.add("::".join(filter(None, braces)) if None not in braces else "")
+            elif token["brace"] == "{":
+                braces.append(None)
+            elif token["brace"]:
+                del braces[-1:]
+            elif None not in braces and not token["forward"]:
+                name = token["type"] or token["alias"] or token["function"] or token["constant"]
+                self.names.add("::".join([*filter(None, braces), name]))
+
+
+def scopes_of(namespaces):
+    """The scopes in which a name is looked up: those namespaces and all around them."""
+    return {""} | {"::".join(parts[:length]) for parts in (name.split("::") for name in namespaces)
+                   for length in range(len(parts) + 1)}
+
+
+def reached_from(path, sources, reached):
+    """Adds to a set all sources that the source includes, also through others."""
+    for quoted, _ in INCLUDE.findall(sources[path]):
+        if quoted in sources and quoted not in reached:
+            reached.add(quoted)
+            reached_from(quoted, sources, reached)
+    return reached
+
+
+def check_names(path, floor, sources, declarations):
+    """The complaints about names that the source uses and that its floor may not know."""
+    complaints = []
+    known, foreign = set(), {}
+    for header in [path, *reached_from(path, sources, set())]:
+        declared = declarations[header]
+        if floor_of(header) in (floor, *FLOORS[floor]):
+            known |= declared.names | declared.namespaces
+        else:
+            foreign |= dict.fromkeys(declared.names | declared.namespaces, header)
+    foreign = {name: header for name, header in foreign.items() if name not in known}
+    if not foreign:
+        return complaints
+    scopes = scopes_of(declarations[path].namespaces)
+    for used in USE.findall(code_of(sources[path])):
+        parts = used.rstrip("( ").split("::")
+        candidates = ("::".join(filter(None, [scope, *parts[:length]]))
+                      for length in range(len(parts), 0, -1) for scope in scopes)
+        found = next((name for name in candidates if name in foreign), None)
+        if found:
+            complaints.append(f"{path}: {floor} may not use {found} of {foreign[found]}")
+    return sorted(set(complaints))
+
+
+def check_library_names(path, floor, text):
+    """The complaints about libraries that the source uses and that its floor may not see."""
+    code = code_of(text)
+    uses = ((library, re.search(r"(?<![\w:])(?:" + names + ")", code)) for library, names in LIBRARY_NAMES.items()
+            if floor not in LIBRARIES[library])
+    return [f"{path}: {found[0]} of <{library}> belongs to {', '.join(LIBRARIES[library])}"
+            for library, found in uses if found]
+
+
+def check_file(path, text, sources, declarations):
     """The complaints about one source."""
     complaints = []
     if path.endswith(".h") and not re.search(r"^#pragma once$", text, re.MULTILINE):
@@ -125,7 +228,9 @@ def check_file(path, text, sources):
         found = check_include(path, floor, quoted, sources) if quoted else check_library(path, floor, angled)
         if found:
             complaints.append(found)
-    return complaints
+    if complaints:
+        return complaints
+    return check_names(path, floor, sources, declarations) + check_library_names(path, floor, text)
 
 
 def find_circle(sources):
@@ -156,7 +261,8 @@ def find_circle(sources):
 def main():
     root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent)
     sources = read_sources(root)
-    complaints = [line for path, text in sources.items() for line in check_file(path, text, sources)]
+    declarations = {path: Declarations(text) for path, text in sources.items()}
+    complaints = [line for path, text in sources.items() for line in check_file(path, text, sources, declarations)]
     circle = find_circle(sources)
     if circle:
         complaints.append("circle: " + " -> ".join(circle))

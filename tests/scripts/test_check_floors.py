@@ -10,7 +10,10 @@ CHECK = Path(__file__).parents[2] / "tools" / "check_floors.py"
 CLEAN = {
     "base/Text.h": "#pragma once\n#include <string>\n",
     "base/Text.cpp": '#include "base/Text.h"\n#include <unicode/uchar.h>\n',
-    "droppers/Drop.h": '#pragma once\n#include "base/Text.h"\n',
+    "droppers/Drop.h": '#pragma once\n#include "base/Text.h"\n#include "office/model/Range.h"\n',
+    "office/model/Range.h": "#pragma once\nnamespace mergeloom::word {\nclass Range {};\nvoid move(Range&);\n}\n",
+    "ui/dialogs/Shown.cpp": '#include "droppers/Drop.h"\nnamespace mergeloom::ui {\nclass Range;\n'
+                            '// word::Range\nconst char* text = "word::Range";\nRange* range;\n}\n',
     "tests/base/TextTest.cpp": '#include "droppers/Drop.h"\n',
 }
 
@@ -23,6 +26,19 @@ FAULTS = [
     ("a path that does not start at the root", {"base/Text.cpp": '#include "Text.h"\n'}, "is no source"),
     ("a library outside its floor", {"droppers/Drop.cpp": "#include <libxml/tree.h>\n"},
      "<libxml/tree.h> belongs to xml"),
+    ("a library through another floor's header",
+     {"office/opc/Part.h": "#pragma once\n#include <pugixml.hpp>\n",
+      "office/libreoffice/excel/Cells.cpp": '#include "office/opc/Part.h"\npugi::xml_node root();\n'},
+     "office/libreoffice/excel/Cells.cpp: pugi:: of <pugixml.hpp> belongs to xml"),
+    ("a class through another floor's header",
+     {"ui/dialogs/Shown.cpp": '#include "droppers/Drop.h"\nnamespace mergeloom::ui {\nword::Range* range;\n}\n'},
+     "ui/dialogs/Shown.cpp: ui/dialogs may not use mergeloom::word::Range of office/model/Range.h"),
+    ("a function through another floor's header",
+     {"ui/dialogs/Shown.cpp": '#include "droppers/Drop.h"\nvoid shown() { mergeloom::word::move(it()); }\n'},
+     "ui/dialogs/Shown.cpp: ui/dialogs may not use mergeloom::word::move of office/model/Range.h"),
+    ("a namespace through another floor's header",
+     {"ui/dialogs/Shown.cpp": '#include "droppers/Drop.h"\nusing namespace mergeloom::word;\n'},
+     "ui/dialogs/Shown.cpp: ui/dialogs may not use mergeloom::word of office/model/Range.h"),
     ("a header without a guard", {"droppers/Drop.h": '#include "base/Text.h"\n'}, "no #pragma once"),
     ("a file on no floor", {"office/Lost.cpp": "\n"}, "stands on no floor"),
     ("a circle", {"base/Text.h": '#pragma once\n  # include "base/More.h"\n',
