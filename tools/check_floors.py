@@ -22,7 +22,7 @@ FLOORS = {
     "office/embedded/word": [
         "office/embedded/text", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],
-    "office/embedded/sheet": ["office/embedded/parts", "office/opc", "base"],
+    "office/embedded/sheet": ["office/embedded/parts", "office/opc", "office/model", "base"],
     "office/embedded/excel": [
         "office/embedded/sheet", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],

@@ -51,8 +51,9 @@ std::vector<std::string> randomAreas(std::mt19937& random) {
             const auto upTo = [&](int most) {
                 return static_cast<int>(random() % static_cast<unsigned>(most));
             };
-            const CellPosition first{row + upTo(10), column + upTo(10)};
-            areas.push_back(addressOf(CellArea{first, {first.row + upTo(10), first.column + 1 + upTo(9)}}));
+            const excel::CellPosition first{row + upTo(10), column + upTo(10)};
+            areas.push_back(
+                addressOf(excel::CellArea{first, {first.row + upTo(10), first.column + 1 + upTo(9)}}));
         }
     }
     std::shuffle(areas.begin(), areas.end(), random);
@@ -63,16 +64,18 @@ TEST(MergedCells, AnswerAsAWalkOverAllOfThemWould) {
     std::mt19937 random(26);  // NOLINT: the same areas each time
     const std::vector<std::string> areas = randomAreas(random);
     const MergedCells merged = mergedIn(areas);
-    const auto holding = [&](const CellArea& sought) {
+    const auto holding = [&](const excel::CellArea& sought) {
         return std::ranges::find_if(areas, [&](const std::string& area) {
-            return intersection(*parseArea(area), sought).has_value();
+            return intersection(*excel::parseArea(area), sought).has_value();
         });
     };
     for (int i = 0; i < 1500; ++i) {
-        const CellPosition cell{1 + static_cast<int>(random() % 420), 1 + static_cast<int>(random() % 220)};
+        const excel::CellPosition cell{1 + static_cast<int>(random() % 420),
+                                       1 + static_cast<int>(random() % 220)};
         const auto found = holding({cell, cell});
-        EXPECT_EQ(merged.areaAt(cell), found == areas.end() ? CellArea({cell, cell}) : *parseArea(*found));
-        const CellArea around{cell, {cell.row + i % 7, cell.column + i % 5}};
+        EXPECT_EQ(merged.areaAt(cell),
+                  found == areas.end() ? excel::CellArea({cell, cell}) : *excel::parseArea(*found));
+        const excel::CellArea around{cell, {cell.row + i % 7, cell.column + i % 5}};
         EXPECT_EQ(merged.touches(around), holding(around) != areas.end()) << addressOf(around);
     }
 }
@@ -87,7 +90,7 @@ TEST(MergedCells, LargeAreasAreTouchedToo) {
         {"10:90", false}, {"7:7", true}, {"A1:XFD1", true}, {"A4:E9", false},
     };
     for (const auto& [area, touched] : cases)
-        EXPECT_EQ(merged.touches(*parseArea(area)), touched) << area;
+        EXPECT_EQ(merged.touches(*excel::parseArea(area)), touched) << area;
 }
 
 TEST(MergedCells, TensOfThousandsUnderATallOneAreFoundAtOnce) {

@@ -25,7 +25,7 @@ struct ModelCell {
 };
 
 struct Model {
-    std::map<CellPosition, ModelCell> cells{};
+    std::map<excel::CellPosition, ModelCell> cells{};
     std::map<int, double> heights{};
     std::map<int, int> rowStyles{};
 };
@@ -70,7 +70,7 @@ class SheetMaker {
         return tag + ">" + cells + "</row>";
     }
 
-    std::string makeCell(const CellPosition& cell, Model& model) {
+    std::string makeCell(const excel::CellPosition& cell, Model& model) {
         ModelCell& made = model.cells[cell];
         made.style = upTo(4);
         const std::string tag = "<c r=\"" + addressOf(cell) + "\" s=\"" + std::to_string(made.style) + "\"";
@@ -81,9 +81,9 @@ class SheetMaker {
     }
 
     /// Every third cell goes by a formula that is shared down and across from the first of them.
-    std::string makeFormula(const CellPosition& cell, ModelCell& made) {
+    std::string makeFormula(const excel::CellPosition& cell, ModelCell& made) {
         if (chance(3)) return {};
-        made.formula = addressOf(CellPosition{cell.row + 20, cell.column + 20}) + "+$A$1";
+        made.formula = addressOf(excel::CellPosition{cell.row + 20, cell.column + 20}) + "+$A$1";
         const bool isMaster = std::exchange(isFirst_, false);
         if (!isMaster) return "<f t=\"shared\" si=\"3\"/>";
         return "<f t=\"shared\" ref=\"A1:Z99\" si=\"3\">" + made.formula + "</f>";
@@ -99,7 +99,7 @@ class RandomSheetTest : public ::testing::TestWithParam<unsigned> {
     static void expectSame(const SheetPart& part, const Model& model) {
         for (int row = 1; row <= kRows + 2; ++row) {
             for (int column = 1; column <= kColumns + 2; ++column) {
-                const CellPosition position{row, column};
+                const excel::CellPosition position{row, column};
                 const StoredCell cell = part.cell(position);
                 const auto expected = model.cells.find(position);
                 EXPECT_EQ((ModelCell{cell.type, cell.value, cell.style, cell.formula}),
@@ -119,7 +119,7 @@ class RandomSheetTest : public ::testing::TestWithParam<unsigned> {
             part.setRowHeight(row, model.heights[row]);
             return;
         }
-        const CellPosition position{maker_.upTo(kRows + 1), maker_.upTo(kColumns + 1)};
+        const excel::CellPosition position{maker_.upTo(kRows + 1), maker_.upTo(kColumns + 1)};
         const auto [found, isNew] = model.cells.try_emplace(position);
         const int style = isNew ? styleFor(position, model) : found->second.style;
         const std::string text = " <" + std::to_string(maker_.upTo(1000));
@@ -127,7 +127,7 @@ class RandomSheetTest : public ::testing::TestWithParam<unsigned> {
         part.setText(position, text);
     }
 
-    static int styleFor(const CellPosition& cell, const Model& model) {
+    static int styleFor(const excel::CellPosition& cell, const Model& model) {
         if (const auto row = model.rowStyles.find(cell.row); row != model.rowStyles.end()) return row->second;
         return cell.column == 3 || cell.column == 4 ? 8 : 0;
     }

@@ -33,9 +33,9 @@ TEST(SheetGeometry, hasDefaults) {
     EXPECT_EQ(sheet.width(1), 8.43);
     EXPECT_EQ(sheet.geometry.left(1).value, 0);
     EXPECT_EQ(sheet.geometry.left(3).value, 96);
-    EXPECT_EQ(sheet.geometry.left(kLastColumn + 1).value, 48.0 * kLastColumn);
+    EXPECT_EQ(sheet.geometry.left(excel::kLastColumn + 1).value, 48.0 * excel::kLastColumn);
     EXPECT_EQ(sheet.geometry.rowHeight(7).value, 15);
-    EXPECT_EQ(sheet.geometry.top(kLastRow + 1).value, 15.0 * kLastRow);
+    EXPECT_EQ(sheet.geometry.top(excel::kLastRow + 1).value, 15.0 * excel::kLastRow);
 }
 
 TEST(SheetGeometry, readsTheSheetsDefaults) {
@@ -68,8 +68,8 @@ TEST(SheetGeometry, readsColumnsAndRows) {
     EXPECT_EQ(sheet.width(4), 10);
     EXPECT_EQ(sheet.width(5), 0);
     EXPECT_EQ(sheet.width(6), 8.43);
-    EXPECT_EQ(sheet.pixels(kLastColumn), 3);
-    EXPECT_EQ(sheet.width(kLastColumn), 0.25);  // of 12 pixels for the first character
+    EXPECT_EQ(sheet.pixels(excel::kLastColumn), 3);
+    EXPECT_EQ(sheet.width(excel::kLastColumn), 0.25);  // of 12 pixels for the first character
     EXPECT_EQ(sheet.geometry.left(7).value, (64 + 3 * 75 + 0 + 64) * 0.75);
     EXPECT_EQ(sheet.geometry.top(5).value, 15 + 30 + 0 + 15);
 }
@@ -197,14 +197,14 @@ TEST(SheetGeometry, findsThePlaceAtADistance) {
 
 TEST(SheetGeometry, sumsUpOverBlocks) {
     MeasuredSheet sheet;
-    double expected = 15.0 * (kLastRow - 1);
-    for (const int row : {1, 1024, 1025, 2048, 2049, 500000, kLastRow - 1}) {
+    double expected = 15.0 * (excel::kLastRow - 1);
+    for (const int row : {1, 1024, 1025, 2048, 2049, 500000, excel::kLastRow - 1}) {
         sheet.geometry.setRowHeight(row, {15.75});
         expected += 0.75;
     }
-    EXPECT_EQ(sheet.geometry.top(kLastRow).value, expected);
+    EXPECT_EQ(sheet.geometry.top(excel::kLastRow).value, expected);
     EXPECT_EQ(sheet.geometry.top(1025).value, 1024 * 15 + 1.5);
-    for (const int row : {2, 1024, 1025, 1026, 2050, 500000, 500001, kLastRow}) {
+    for (const int row : {2, 1024, 1025, 1026, 2050, 500000, 500001, excel::kLastRow}) {
         const Points top = sheet.geometry.top(row);
         EXPECT_EQ(sheet.geometry.placeAt({}, top).cell.row, row);
         EXPECT_EQ(sheet.geometry.placeAt({}, {top.value - 0.1}).cell.row, row - 1);
@@ -244,9 +244,9 @@ TEST(SheetGeometry, storesAgainWhatWasTakenBackBehindASave) {
 
 TEST(SheetGeometry, setsEveryColumnOneByOne) {
     MeasuredSheet sheet(R"(<cols><col min="1" max="16384" width="5" style="2"/></cols>)");
-    for (int column = 1; column <= kLastColumn; ++column)
+    for (int column = 1; column <= excel::kLastColumn; ++column)
         sheet.geometry.setColumnWidth(column, {10});
-    EXPECT_EQ(sheet.geometry.left(kLastColumn + 1).value, 0.75 * 75 * kLastColumn);
+    EXPECT_EQ(sheet.geometry.left(excel::kLastColumn + 1).value, 0.75 * 75 * excel::kLastColumn);
     EXPECT_THAT(sheet.columns(), HasSubstr(R"(<col min="16384" max="16384" width="10.7109375" style="2")"));
 }
 

@@ -68,7 +68,7 @@ TEST(SheetPart, KnowsTheCellsOfArrayFormulasAndDataTables) {
                 "<row r=\"2\"><c r=\"F2\"><f t=\"dataTable\" ref=\"F2:G2\" r1=\"A1\"/><v>1</v></c></row>"
                 "<row r=\"3\"><c r=\"B3\"><v>2</v></c></row>"));
     const auto areaAt = [&](const char* address) -> std::string {
-        const std::optional<CellArea> area = sheet.part.cell(at(address)).arrayArea;
+        const std::optional<excel::CellArea> area = sheet.part.cell(at(address)).arrayArea;
         return area ? addressOf(*area) : "";
     };
     const std::vector<std::pair<const char*, std::string>> cases{

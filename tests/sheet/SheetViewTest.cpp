@@ -10,7 +10,7 @@ namespace mergeloom::embedded {
 namespace {
 
 SheetSelection selected(const char* active, const char* areas) {
-    return {at(active), parseAreas(areas)};
+    return {at(active), excel::parseAreas(areas)};
 }
 
 /// A sheet with one view, the given XML in it.

@@ -18,8 +18,8 @@ inline std::string sheetOf(const std::string& rows) {
     return worksheet("<sheetData>" + rows + "</sheetData>");
 }
 
-inline CellPosition at(const char* address) {
-    return parseCell(address).value();
+inline excel::CellPosition at(const char* address) {
+    return excel::parseCell(address).value();
 }
 
 /// A part with a log of its own.

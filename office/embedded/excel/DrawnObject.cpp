@@ -18,7 +18,7 @@ ShapeKind DrawnObject::kind() const {
     return drawing().kind(shape_);
 }
 
-CellPosition DrawnObject::topLeftCell() const {
+excel::CellPosition DrawnObject::topLeftCell() const {
     return drawing().topLeftCell(shape_);
 }
 

@@ -19,7 +19,7 @@ class DrawnObject {
 
     [[nodiscard]] std::string name() const;
     [[nodiscard]] ShapeKind kind() const;
-    [[nodiscard]] CellPosition topLeftCell() const;
+    [[nodiscard]] excel::CellPosition topLeftCell() const;
     [[nodiscard]] ShapeFrame frame() const;
 
     /// These raise kApplicationDefined for a sheet whose objects are protected.

@@ -22,17 +22,18 @@ class CountedRows final : public excel::Counted {
 
 /// The sum of two numbers that may come from a caller's mistake.
 int sum(int a, int b) {
-    return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{a} + b, -kLastRow, 2 * kLastRow));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(std::int64_t{a} + b, -excel::kLastRow, 2 * excel::kLastRow));
 }
 
-CellArea areaFrom(const CellPosition& first, int rows, int columns) {
+excel::CellArea areaFrom(const excel::CellPosition& first, int rows, int columns) {
     return {first, {sum(first.row, rows - 1), sum(first.column, columns - 1)}};
 }
 
 }  // namespace
 
 excel::RangePtr rangeOf(const std::shared_ptr<WorkbookContent>& content, std::size_t sheet,
-                        const CellArea& area) {
+                        const excel::CellArea& area) {
     if (!isInSheet(area)) throw AutomationError(kApplicationDefined, "The sheet has no such cells.");
     return std::make_shared<EmbeddedCellRange>(content, sheet, area);
 }
@@ -50,7 +51,7 @@ excel::ColumnsPtr EmbeddedCellRange::Columns() {
 }
 
 excel::RangePtr EmbeddedCellRange::Cells(int row, int column) {
-    const CellPosition cell{sum(area_.first.row, row - 1), sum(area_.first.column, column - 1)};
+    const excel::CellPosition cell{sum(area_.first.row, row - 1), sum(area_.first.column, column - 1)};
     return block({cell, cell});
 }
 
@@ -59,7 +60,7 @@ excel::RangePtr EmbeddedCellRange::Resize(int rowSize, int columnSize) {
 }
 
 excel::RangePtr EmbeddedCellRange::Offset(int rowOffset, int columnOffset) {
-    const CellPosition first{sum(area_.first.row, rowOffset), sum(area_.first.column, columnOffset)};
+    const excel::CellPosition first{sum(area_.first.row, rowOffset), sum(area_.first.column, columnOffset)};
     return block(areaFrom(first, area_.rows(), area_.columns()));
 }
 
@@ -78,9 +79,9 @@ void EmbeddedCellRange::Select() {
 
 void EmbeddedCellRange::Activate() {
     content_->activate(sheet_);
-    const CellArea merged = sheet().merged().areaAt(area_.first);
+    const excel::CellArea merged = sheet().merged().areaAt(area_.first);
     SheetSelection selection = sheet().selection();
-    const auto holdsCell = [&](const CellArea& area) { return area.contains(merged.first); };
+    const auto holdsCell = [&](const excel::CellArea& area) { return area.contains(merged.first); };
     if (!std::ranges::any_of(selection.areas, holdsCell)) selection.areas = {merged};
     selection.activeCell = merged.first;
     sheet().select(selection);
@@ -102,7 +103,7 @@ Points EmbeddedCellRange::Height() {
     return {geometry().top(area_.last.row + 1).value - geometry().top(area_.first.row).value};
 }
 
-excel::RangePtr EmbeddedCellRange::block(const CellArea& area) const {
+excel::RangePtr EmbeddedCellRange::block(const excel::CellArea& area) const {
     return rangeOf(content_, sheet_, area);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/excel/WorkbookContent.h"
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 #include "office/model/excel/Range.h"
 
 #include <cstddef>
@@ -14,7 +14,8 @@ namespace mergeloom::embedded {
 class EmbeddedCellRange final : public excel::Range {
   public:
     /// The area lies in the sheet.
-    EmbeddedCellRange(std::shared_ptr<WorkbookContent> content, std::size_t sheet, const CellArea& area)
+    EmbeddedCellRange(std::shared_ptr<WorkbookContent> content, std::size_t sheet,
+                      const excel::CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
 
     excel::WorksheetPtr Worksheet() override;
@@ -49,15 +50,15 @@ class EmbeddedCellRange final : public excel::Range {
   private:
     [[nodiscard]] SheetContent& sheet() const { return content_->sheet(sheet_); }
     [[nodiscard]] SheetGeometry& geometry() const { return sheet().geometry(); }
-    [[nodiscard]] excel::RangePtr block(const CellArea& area) const;
+    [[nodiscard]] excel::RangePtr block(const excel::CellArea& area) const;
 
     std::shared_ptr<WorkbookContent> content_;
     std::size_t sheet_;
-    CellArea area_;
+    excel::CellArea area_;
 };
 
 /// Raises kApplicationDefined for an area that leads out of the sheet.
 excel::RangePtr rangeOf(const std::shared_ptr<WorkbookContent>& content, std::size_t sheet,
-                        const CellArea& area);
+                        const excel::CellArea& area);
 
 }  // namespace mergeloom::embedded

@@ -11,7 +11,7 @@ namespace mergeloom::embedded {
 
 class EmbeddedColumns final : public excel::Columns {
   public:
-    EmbeddedColumns(std::shared_ptr<WorkbookContent> content, std::size_t sheet, const CellArea& area)
+    EmbeddedColumns(std::shared_ptr<WorkbookContent> content, std::size_t sheet, const excel::CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
 
     int Count() override { return area_.columns(); }
@@ -20,7 +20,7 @@ class EmbeddedColumns final : public excel::Columns {
   private:
     std::shared_ptr<WorkbookContent> content_;
     std::size_t sheet_;
-    CellArea area_;
+    excel::CellArea area_;
 };
 
 }  // namespace mergeloom::embedded

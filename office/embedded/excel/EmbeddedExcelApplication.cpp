@@ -17,10 +17,10 @@ namespace mergeloom::embedded {
 
 namespace {
 
-CellArea areaOf(excel::Range& range) {
-    const CellPosition first{range.Row(), range.Column()};
-    const CellPosition last{first.row + range.Rows()->Count() - 1,
-                            first.column + range.Columns()->Count() - 1};
+excel::CellArea areaOf(excel::Range& range) {
+    const excel::CellPosition first{range.Row(), range.Column()};
+    const excel::CellPosition last{first.row + range.Rows()->Count() - 1,
+                                   first.column + range.Columns()->Count() - 1};
     return {first, last};
 }
 
@@ -34,8 +34,8 @@ excel::RangePtr EmbeddedExcelApplication::ActiveCell() {
     const std::shared_ptr<WorkbookContent>& content = activeContent();
     const std::size_t sheet = content->activeWorksheet();
     SheetContent& active = content->sheet(sheet);
-    const CellPosition cell = active.merged().areaAt(active.selection().activeCell).first;
-    return std::make_shared<EmbeddedCellRange>(content, sheet, CellArea{cell, cell});
+    const excel::CellPosition cell = active.merged().areaAt(active.selection().activeCell).first;
+    return std::make_shared<EmbeddedCellRange>(content, sheet, excel::CellArea{cell, cell});
 }
 
 excel::SelectionPtr EmbeddedExcelApplication::Selection() {
@@ -45,7 +45,7 @@ excel::SelectionPtr EmbeddedExcelApplication::Selection() {
 excel::RangePtr EmbeddedExcelApplication::Intersect(excel::Range& first, excel::Range& second) {
     const excel::WorksheetPtr sheet = first.Worksheet();
     if (sheet->Name() != second.Worksheet()->Name()) return {};
-    const std::optional<CellArea> common = intersection(areaOf(first), areaOf(second));
+    const std::optional<excel::CellArea> common = intersection(areaOf(first), areaOf(second));
     if (!common) return {};
     return sheet->Cells(common->first.row, common->first.column)->Resize(common->rows(), common->columns());
 }

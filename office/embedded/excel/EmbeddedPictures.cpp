@@ -10,7 +10,7 @@ excel::PicturePtr EmbeddedPictures::Insert(const std::string& fileName) {
     checkObjectsMayChange(sheet);
     std::string bytes = content_->files().read(fileName);
     const opc::PictureFile picture = opc::PictureFile::read(bytes, fileName);
-    const CellPosition cell = sheet.merged().areaAt(sheet.selection().activeCell).first;
+    const excel::CellPosition cell = sheet.merged().areaAt(sheet.selection().activeCell).first;
     content_->touch();
     const SheetDrawing::ShapeId shape = sheet.drawing().addPicture(cell, std::move(bytes), picture);
     return std::make_shared<EmbeddedPicture>(content_, sheet_, shape);

@@ -16,7 +16,7 @@ excel::MsoShapeType EmbeddedShape::Type() {
 }
 
 excel::RangePtr EmbeddedShape::TopLeftCell() {
-    const CellPosition cell = object_.topLeftCell();
+    const excel::CellPosition cell = object_.topLeftCell();
     return rangeOf(object_.content(), object_.sheet(), {cell, cell});
 }
 

@@ -17,7 +17,7 @@ class SelectedCells final : public excel::Selection {
 
     std::string TypeName() override { return "Range"; }
     void SetValue2(const std::string& text) override {
-        for (const CellArea& area : content_->sheet(sheet_).selection().areas)
+        for (const excel::CellArea& area : content_->sheet(sheet_).selection().areas)
             content_->fill(sheet_, area, text);
     }
 

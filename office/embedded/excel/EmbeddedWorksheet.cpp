@@ -12,13 +12,13 @@ excel::RangePtr EmbeddedWorksheet::Cells(int row, int column) {
 }
 
 excel::RangePtr EmbeddedWorksheet::Range(const std::string& address) {
-    const std::optional<CellPosition> cell = parseCell(address);
+    const std::optional<excel::CellPosition> cell = excel::parseCell(address);
     if (!cell) throw AutomationError(kApplicationDefined, "'" + address + "' is no address of a cell.");
     return rangeOf(content_, sheet_, {*cell, *cell});
 }
 
 excel::RangePtr EmbeddedWorksheet::UsedRange() {
-    return rangeOf(content_, sheet_, content_->sheet(sheet_).part().usedArea().value_or(CellArea{}));
+    return rangeOf(content_, sheet_, content_->sheet(sheet_).part().usedArea().value_or(excel::CellArea{}));
 }
 
 excel::ShapesPtr EmbeddedWorksheet::Shapes() {

@@ -9,15 +9,15 @@ namespace mergeloom::embedded {
 namespace {
 
 /// The cells that the sheet's pivot tables fill (ECMA-376 Part 1, 18.10.1.49).
-std::vector<CellArea> pivotTablesOf(opc::Package& package, const std::string& sheetPart) {
-    std::vector<CellArea> areas;
+std::vector<excel::CellArea> pivotTablesOf(opc::Package& package, const std::string& sheetPart) {
+    std::vector<excel::CellArea> areas;
     const opc::Relationships& relationships = package.relationshipsOf(sheetPart);
     for (const opc::Relationship* relationship : relationships.ofOfficeType("pivotTable")) {
         const std::string partName = relationships.targetPart(*relationship);
         if (!package.hasPart(partName)) continue;
         const auto part = opc::XmlPart::parse(package.readPart(partName), partName, package.fileName());
         for (const pugi::xml_node child : part->root().children()) {
-            const auto area = parseArea(child.attribute("ref").value());
+            const auto area = excel::parseArea(child.attribute("ref").value());
             if (std::string_view(child.name()).ends_with("location") && area) areas.push_back(*area);
         }
     }
@@ -39,8 +39,9 @@ SheetContent::SheetContent(const SheetEntry& entry, const SheetSurroundings& sur
       pivotTables_(pivotTablesOf(package_, entry.partName)),
       selection_(readSelection(part_)) {}
 
-bool SheetContent::isInPivotTable(const CellPosition& cell) const {
-    return std::ranges::any_of(pivotTables_, [&](const CellArea& area) { return area.contains(cell); });
+bool SheetContent::isInPivotTable(const excel::CellPosition& cell) const {
+    return std::ranges::any_of(pivotTables_,
+                               [&](const excel::CellArea& area) { return area.contains(cell); });
 }
 
 void SheetContent::select(const SheetSelection& selection) {

@@ -44,7 +44,7 @@ class SheetContent {
     [[nodiscard]] SheetTables& tables() { return tables_; }
 
     /// Whether any of the cells shows the result of a pivot table.
-    [[nodiscard]] bool isInPivotTable(const CellPosition& cell) const;
+    [[nodiscard]] bool isInPivotTable(const excel::CellPosition& cell) const;
 
     [[nodiscard]] const SheetSelection& selection() const { return selection_; }
     void select(const SheetSelection& selection);
@@ -62,7 +62,7 @@ class SheetContent {
     SheetGeometry geometry_;
     SheetDrawing drawing_;
     SheetTables tables_;
-    std::vector<CellArea> pivotTables_;
+    std::vector<excel::CellArea> pivotTables_;
     SheetSelection selection_;
     bool handedOver_ = false;
 };

@@ -23,11 +23,11 @@ void checkColumns(const SheetContent& sheet) {
 }
 
 /// The width in pixels of the widest text of a column's cells; 0 when none asks for room.
-double widestText(WorkbookContent& content, std::size_t sheetIndex, const CellArea& column) {
+double widestText(WorkbookContent& content, std::size_t sheetIndex, const excel::CellArea& column) {
     SheetContent& sheet = content.sheet(sheetIndex);
     double widest = 0;
-    for (CellPosition cell = column.first; cell.row <= column.last.row; ++cell.row) {
-        const CellArea merged = sheet.merged().areaAt(cell);
+    for (excel::CellPosition cell = column.first; cell.row <= column.last.row; ++cell.row) {
+        const excel::CellArea merged = sheet.merged().areaAt(cell);
         if (merged.first != merged.last) continue;
         const int style = sheet.part().cell(cell).style;
         if (content.styles().fitsItself(style)) continue;
@@ -39,7 +39,8 @@ double widestText(WorkbookContent& content, std::size_t sheetIndex, const CellAr
 
 }  // namespace
 
-void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const CellArea& area, ColumnWidth width) {
+void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const excel::CellArea& area,
+                    ColumnWidth width) {
     checkColumns(sheet);
     if (width < ColumnWidth{0} || width > excel::kWidestColumn)
         refuseSize("A column cannot have that width.");
@@ -50,7 +51,7 @@ void setColumnWidth(WorkbookContent& content, SheetContent& sheet, const CellAre
     });
 }
 
-void setRowHeight(WorkbookContent& content, SheetContent& sheet, const CellArea& area, Points height) {
+void setRowHeight(WorkbookContent& content, SheetContent& sheet, const excel::CellArea& area, Points height) {
     if (sheet.protection().formatRows) refuseProtected(sheet, "rows");
     if (height < Points{0} || height > excel::kHighestRow) refuseSize("A row cannot have that height.");
     content.touch();
@@ -60,7 +61,7 @@ void setRowHeight(WorkbookContent& content, SheetContent& sheet, const CellArea&
     });
 }
 
-void fitColumns(WorkbookContent& content, std::size_t sheetIndex, const CellArea& area) {
+void fitColumns(WorkbookContent& content, std::size_t sheetIndex, const excel::CellArea& area) {
     SheetContent& sheet = content.sheet(sheetIndex);
     checkColumns(sheet);
     for (int column = area.first.column; column <= area.last.column; ++column) {

@@ -16,7 +16,7 @@ namespace {
 constexpr CharacterCount kLongestCellText{32767};
 
 /// A whole column may be filled; the whole sheet with its thousands of millions of cells fits in no memory.
-constexpr std::int64_t kMostCellsFilled = kLastRow;
+constexpr std::int64_t kMostCellsFilled = excel::kLastRow;
 
 /// The part that a relationship of the workbook leads to; empty when there is none.
 std::string relatedPart(opc::Package& package, const std::string& workbookPart, const char* type) {
@@ -101,7 +101,7 @@ void WorkbookContent::activate(std::size_t index) {
     workbook_.setActiveSheet(index);
 }
 
-std::string WorkbookContent::textOf(std::size_t sheetIndex, const CellPosition& cell) {
+std::string WorkbookContent::textOf(std::size_t sheetIndex, const excel::CellPosition& cell) {
     const StoredCell stored = sheet(sheetIndex).part().cell(cell);
     if (stored.type == CellType::Boolean) return stored.value == "1" ? "TRUE" : "FALSE";
     if (stored.type != CellType::SharedText) return stored.value;
@@ -109,7 +109,8 @@ std::string WorkbookContent::textOf(std::size_t sheetIndex, const CellPosition& 
     return sharedStrings_->text(indexOfSharedText(stored));
 }
 
-void WorkbookContent::setText(std::size_t sheetIndex, const CellPosition& cell, const std::string& text) {
+void WorkbookContent::setText(std::size_t sheetIndex, const excel::CellPosition& cell,
+                              const std::string& text) {
     SheetContent& content = sheet(sheetIndex);
     if (content.merged().isCovered(cell)) return;
     if (utf16Length(text) > kLongestCellText) refuse("A cell cannot hold a text of that length.");
@@ -124,7 +125,7 @@ void WorkbookContent::setText(std::size_t sheetIndex, const CellPosition& cell, 
     if (!stored.formula.empty()) calculationChain_.remove(content.entry().sheetId, cell);
 }
 
-void WorkbookContent::fill(std::size_t sheetIndex, const CellArea& area, const std::string& text) {
+void WorkbookContent::fill(std::size_t sheetIndex, const excel::CellArea& area, const std::string& text) {
     if (std::int64_t{area.rows()} * area.columns() > kMostCellsFilled) {
         refuse("The area " + addressOf(area) + " has too many cells to fill.");
     }
@@ -134,7 +135,7 @@ void WorkbookContent::fill(std::size_t sheetIndex, const CellArea& area, const s
     }
 }
 
-void WorkbookContent::checkMayWrite(SheetContent& sheet, const CellPosition& cell,
+void WorkbookContent::checkMayWrite(SheetContent& sheet, const excel::CellPosition& cell,
                                     const StoredCell& stored) const {
     const std::string what = "The cell " + addressOf(cell) + " of the sheet '" + sheet.entry().name + "' ";
     if (sheet.protection().contents && styles_.isLocked(stored.style)) {

@@ -51,13 +51,13 @@ class WorkbookContent {
     void activate(std::size_t index);
 
     /// What a cell shows for a text, a number or a truth value.
-    [[nodiscard]] std::string textOf(std::size_t sheet, const CellPosition& cell);
+    [[nodiscard]] std::string textOf(std::size_t sheet, const excel::CellPosition& cell);
     /// Writes a text into a cell; one that is hidden in merged cells stays as it is. Raises
     /// kApplicationDefined, with a sentence for the user, for a cell that must not be written.
-    void setText(std::size_t sheet, const CellPosition& cell, const std::string& text);
+    void setText(std::size_t sheet, const excel::CellPosition& cell, const std::string& text);
     /// Writes a text into all cells of an area; errors as for setText. Raises kApplicationDefined, too, for
     /// more cells than anybody means to fill.
-    void fill(std::size_t sheet, const CellArea& area, const std::string& text);
+    void fill(std::size_t sheet, const excel::CellArea& area, const std::string& text);
 
     [[nodiscard]] bool isSaved() const { return saved_; }
     void setSaved(bool saved) { saved_ = saved; }
@@ -68,7 +68,7 @@ class WorkbookContent {
     void storeParts();
 
   private:
-    void checkMayWrite(SheetContent& sheet, const CellPosition& cell, const StoredCell& stored) const;
+    void checkMayWrite(SheetContent& sheet, const excel::CellPosition& cell, const StoredCell& stored) const;
 
     opc::Package package_;
     FileStore& files_;

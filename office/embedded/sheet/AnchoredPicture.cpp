@@ -12,7 +12,7 @@ pugi::xml_node append(pugi::xml_node parent, const char* localName) {
     return parent.append_child(nameLike(parent, localName).c_str());
 }
 
-void appendFrom(pugi::xml_node anchor, const CellPosition& cell) {
+void appendFrom(pugi::xml_node anchor, const excel::CellPosition& cell) {
     pugi::xml_node from = append(anchor, "from");
     append(from, "col").text().set(cell.column - 1);
     append(from, "colOff").text().set(0);

@@ -13,7 +13,7 @@ struct AnchoredPicture {
     std::string relationshipId;
     std::string name;
     std::int64_t drawingId = 0;
-    CellPosition cell;
+    excel::CellPosition cell;
     PictureRectangle frame;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <optional>
 #include <vector>
@@ -11,14 +11,14 @@ namespace mergeloom::embedded {
 class AreaIndex {
   public:
     AreaIndex() = default;
-    explicit AreaIndex(std::vector<CellArea> areas);
+    explicit AreaIndex(std::vector<excel::CellArea> areas);
 
     /// The area that holds the cell.
-    [[nodiscard]] std::optional<CellArea> find(const CellPosition& cell) const;
+    [[nodiscard]] std::optional<excel::CellArea> find(const excel::CellPosition& cell) const;
 
   private:
-    std::vector<CellArea> areas_;  // by their first row
-    std::vector<int> reach_;       // the last row that the areas up to each one reach
+    std::vector<excel::CellArea> areas_;  // by their first row
+    std::vector<int> reach_;              // the last row that the areas up to each one reach
 };
 
 }  // namespace mergeloom::embedded

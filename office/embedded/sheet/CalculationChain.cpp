@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kChainType = "calcChain";
 
 /// A row takes 21 bits, a column 15.
-std::uint64_t keyOf(int sheetId, const CellPosition& cell) {
+std::uint64_t keyOf(int sheetId, const excel::CellPosition& cell) {
     return static_cast<std::uint64_t>(sheetId) << 36U | static_cast<std::uint64_t>(cell.row) << 15U |
            static_cast<std::uint64_t>(cell.column);
 }
@@ -54,12 +54,12 @@ void CalculationChain::readEntries() {
     int sheetId = 0;
     for (const pugi::xml_node entry : childrenNamed(root, "c")) {
         sheetId = entry.attribute("i").as_int(sheetId);
-        const std::optional<CellPosition> cell = parseCell(entry.attribute("r").value());
+        const std::optional<excel::CellPosition> cell = excel::parseCell(entry.attribute("r").value());
         if (cell) entries_.emplace(keyOf(sheetId, *cell), entry);
     }
 }
 
-void CalculationChain::remove(int sheetId, const CellPosition& cell) {
+void CalculationChain::remove(int sheetId, const excel::CellPosition& cell) {
     load();
     const CellKey key = keyOf(sheetId, cell);
     for (auto found = entries_.find(key); found != entries_.end(); found = entries_.find(key)) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/PartState.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/model/excel/CellAddress.h"
 #include "office/opc/Package.h"
 #include "office/opc/XmlPart.h"
 
@@ -24,7 +24,7 @@ class CalculationChain {
 
     /// Takes a cell out of the chain; the number of its sheet is the sheetId that the workbook lists. A chain
     /// that becomes empty goes from the package. Raises kFileCouldNotBeRead when the chain is malformed.
-    void remove(int sheetId, const CellPosition& cell);
+    void remove(int sheetId, const excel::CellPosition& cell);
     /// Hands the edited part to the package.
     void store();
 

@@ -4,14 +4,14 @@
 
 namespace mergeloom::embedded {
 
-const CellEdit* CellEdits::find(const CellPosition& cell) const {
+const CellEdit* CellEdits::find(const excel::CellPosition& cell) const {
     const auto row = rows_.find(cell.row);
     if (row == rows_.end()) return nullptr;
     const auto found = row->second.cells.find(cell.column);
     return found == row->second.cells.end() ? nullptr : &found->second;
 }
 
-std::optional<CellEdit> CellEdits::exchange(const CellPosition& cell, std::optional<CellEdit> edit) {
+std::optional<CellEdit> CellEdits::exchange(const excel::CellPosition& cell, std::optional<CellEdit> edit) {
     std::map<int, CellEdit>& cells = rows_[cell.row].cells;
     std::optional<CellEdit> former;
     if (const auto found = cells.find(cell.column); found != cells.end()) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <map>
 #include <optional>
@@ -29,10 +29,10 @@ class CellEdits {
   public:
     [[nodiscard]] const std::map<int, RowEdits>& rows() const { return rows_; }
     /// nullptr when nothing was changed there.
-    [[nodiscard]] const CellEdit* find(const CellPosition& cell) const;
+    [[nodiscard]] const CellEdit* find(const excel::CellPosition& cell) const;
 
     /// Puts an edit in place of the former one, which comes back; nothing takes it away.
-    std::optional<CellEdit> exchange(const CellPosition& cell, std::optional<CellEdit> edit);
+    std::optional<CellEdit> exchange(const excel::CellPosition& cell, std::optional<CellEdit> edit);
     std::optional<double> exchangeHeight(int row, std::optional<double> height);
 
   private:

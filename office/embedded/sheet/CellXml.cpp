@@ -27,10 +27,10 @@ CellType typeOf(std::string_view attributes) {
     return found == kTypes.end() ? CellType::Number : found->second;
 }
 
-std::optional<CellArea> arrayAreaOf(std::string_view formulaAttributes) {
+std::optional<excel::CellArea> arrayAreaOf(std::string_view formulaAttributes) {
     const std::string_view type = findAttribute(formulaAttributes, "t").value_or("");
     if (type != "array" && type != "dataTable") return {};
-    return parseArea(findAttribute(formulaAttributes, "ref").value_or(""));
+    return excel::parseArea(findAttribute(formulaAttributes, "ref").value_or(""));
 }
 
 void readChild(XmlScanner& scanner, std::string_view cell, std::string_view prefix, CellXml& parts) {

@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/ColumnDefinitions.h"
 
-#include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/XmlScanner.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,7 +14,8 @@ ColumnDefinitions::ColumnDefinitions(const std::string& xml, std::string listNam
     while (scanner.next()) {
         if (scanner.kind() == TagKind::End || scanner.name() != elementName_) continue;
         const int first = findNumber(scanner.attributes(), "min").value_or(0);
-        const int last = std::min(findNumber(scanner.attributes(), "max").value_or(first), kLastColumn);
+        const int last =
+            std::min(findNumber(scanner.attributes(), "max").value_or(first), excel::kLastColumn);
         if (first < 1 || first > last) continue;
         put({first, last, XmlTag(scanner.tag())});
     }

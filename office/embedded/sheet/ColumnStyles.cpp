@@ -33,7 +33,7 @@ int styleOfColumn(const SheetState& sheet, int column) {
 
 }  // namespace
 
-int styleOfNewCell(const SheetState& sheet, const CellPosition& cell) {
+int styleOfNewCell(const SheetState& sheet, const excel::CellPosition& cell) {
     const std::optional<int> style = styleOfRow(sheet, cell.row);
     return style ? *style : styleOfColumn(sheet, cell.column);
 }

@@ -91,7 +91,7 @@ std::size_t DefinedNames::define(const std::string& name, const std::string& for
         setFormula(*former, formula);
         return *former;
     }
-    if (!isDefinedName(name)) {
+    if (!excel::isDefinedName(name)) {
         throw AutomationError(kApplicationDefined,
                               "'" + name + "' cannot be the name of a place in a workbook.");
     }

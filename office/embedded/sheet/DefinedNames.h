@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/sheet/DefinedNameRule.h"
 #include "office/embedded/sheet/PartState.h"
+#include "office/model/excel/DefinedNameRule.h"
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>

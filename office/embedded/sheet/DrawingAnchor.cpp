@@ -14,7 +14,7 @@ namespace {
 /// Places and sizes in a drawing fit into this many EMU (ECMA-376 Part 1, 20.1.10.16).
 constexpr std::int64_t kFarthest = 27273042316900;
 
-Emu bounded(std::int64_t value) {
+Emu boundedLength(std::int64_t value) {
     return {std::clamp<std::int64_t>(value, -kFarthest, kFarthest)};
 }
 
@@ -32,9 +32,9 @@ int indexIn(pugi::xml_node marker, const char* localName, int last) {
 }
 
 SheetPlace placeOf(pugi::xml_node marker) {
-    return {{indexIn(marker, "row", kLastRow), indexIn(marker, "col", kLastColumn)},
-            bounded(numberIn(marker, "colOff")),
-            bounded(numberIn(marker, "rowOff"))};
+    return {{indexIn(marker, "row", excel::kLastRow), indexIn(marker, "col", excel::kLastColumn)},
+            boundedLength(numberIn(marker, "colOff")),
+            boundedLength(numberIn(marker, "rowOff"))};
 }
 
 void setNumber(pugi::xml_node marker, const char* localName, std::int64_t number, PartState& state) {
@@ -57,7 +57,7 @@ void setPair(pugi::xml_node element, const char* first, Emu a, const char* secon
 }
 
 Emu lengthIn(pugi::xml_node element, const char* attribute) {
-    return bounded(element.attribute(attribute).as_llong());
+    return boundedLength(element.attribute(attribute).as_llong());
 }
 
 }  // namespace

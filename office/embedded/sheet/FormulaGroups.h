@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <optional>
 #include <set>
@@ -11,14 +11,15 @@ namespace mergeloom::embedded {
 /// Which cells hold the text of the shared formulas of a sheet (ECMA-376 Part 1, 18.3.1.40, si).
 class FormulaGroups {
   public:
-    void add(int group, const CellPosition& master) { masters_.emplace(group, master); }
-    void remove(int group, const CellPosition& master) { masters_.erase({group, master}); }
+    void add(int group, const excel::CellPosition& master) { masters_.emplace(group, master); }
+    void remove(int group, const excel::CellPosition& master) { masters_.erase({group, master}); }
 
     /// The master that a cell of the group goes by: the last one before it, where a number is used twice.
-    [[nodiscard]] std::optional<CellPosition> masterOf(int group, const CellPosition& cell) const;
+    [[nodiscard]] std::optional<excel::CellPosition> masterOf(int group,
+                                                              const excel::CellPosition& cell) const;
 
   private:
-    std::set<std::pair<int, CellPosition>> masters_;
+    std::set<std::pair<int, excel::CellPosition>> masters_;
 };
 
 }  // namespace mergeloom::embedded

@@ -10,7 +10,7 @@ namespace mergeloom::embedded {
 /// What has to change before the master of a shared formula loses it.
 struct FormulaHandover {
     struct Heir {
-        CellPosition cell;
+        excel::CellPosition cell;
         std::string formula;  ///< the formula element that it gets
     };
     int group = 0;
@@ -21,9 +21,9 @@ struct FormulaHandover {
 };
 
 /// Nothing when the cell is no master of a shared formula (ECMA-376 Part 1, 18.3.1.40).
-std::optional<FormulaHandover> planHandover(const SheetState& sheet, const CellPosition& cell);
+std::optional<FormulaHandover> planHandover(const SheetState& sheet, const excel::CellPosition& cell);
 
 /// The formula of a cell, also where the master of its group has the text.
-std::string formulaOf(const SheetState& sheet, const CellPosition& cell, std::string_view cellXml);
+std::string formulaOf(const SheetState& sheet, const excel::CellPosition& cell, std::string_view cellXml);
 
 }  // namespace mergeloom::embedded

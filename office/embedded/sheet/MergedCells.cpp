@@ -11,35 +11,35 @@ namespace mergeloom::embedded {
 
 namespace {
 
-using AreaMap = std::map<CellPosition, CellArea>;
+using AreaMap = std::map<excel::CellPosition, excel::CellArea>;
 
-CellPosition turned(const CellPosition& cell) {
+excel::CellPosition turned(const excel::CellPosition& cell) {
     return {cell.column, cell.row};
 }
 
-CellArea turned(const CellArea& area) {
+excel::CellArea turned(const excel::CellArea& area) {
     return {turned(area.first), turned(area.last)};
 }
 
-bool isTall(const CellArea& area) {
+bool isTall(const excel::CellArea& area) {
     return area.rows() > area.columns();
 }
 
-void listRows(AreaMap& areas, const CellArea& area) {
+void listRows(AreaMap& areas, const excel::CellArea& area) {
     for (int row = area.first.row; row <= area.last.row; ++row)
-        areas.emplace(CellPosition{row, area.first.column}, area);
+        areas.emplace(excel::CellPosition{row, area.first.column}, area);
 }
 
 /// The area whose entry is the nearest one at or before the cell.
-const CellArea* nearest(const AreaMap& areas, const CellPosition& cell) {
+const excel::CellArea* nearest(const AreaMap& areas, const excel::CellPosition& cell) {
     const auto behind = areas.upper_bound(cell);
     return behind == areas.begin() ? nullptr : &std::prev(behind)->second;
 }
 
-bool hasRowIn(const AreaMap& areas, const CellArea& area) {
+bool hasRowIn(const AreaMap& areas, const excel::CellArea& area) {
     if (areas.empty()) return false;
     for (int row = area.first.row; row <= area.last.row; ++row) {
-        const CellArea* const found = nearest(areas, {row, area.last.column});
+        const excel::CellArea* const found = nearest(areas, {row, area.last.column});
         if (found != nullptr && intersection(*found, area)) return true;
     }
     return false;
@@ -50,12 +50,12 @@ bool hasRowIn(const AreaMap& areas, const CellArea& area) {
 MergedCells::MergedCells(const SheetPart& sheet) {
     const SheetSection section(sheet, "mergeCells");
     for (const pugi::xml_node node : childrenNamed(section.root(), "mergeCell")) {
-        const std::optional<CellArea> area = parseArea(node.attribute("ref").value());
+        const std::optional<excel::CellArea> area = excel::parseArea(node.attribute("ref").value());
         if (area && area->first != area->last && !touches(*area)) list(*area);
     }
 }
 
-void MergedCells::list(const CellArea& area) {
+void MergedCells::list(const excel::CellArea& area) {
     areas_.push_back(area);
     if (isTall(area)) {
         listRows(byColumns_, turned(area));
@@ -64,19 +64,19 @@ void MergedCells::list(const CellArea& area) {
     }
 }
 
-CellArea MergedCells::areaAt(const CellPosition& cell) const {
-    const CellArea* const wide = nearest(byRows_, cell);
+excel::CellArea MergedCells::areaAt(const excel::CellPosition& cell) const {
+    const excel::CellArea* const wide = nearest(byRows_, cell);
     if (wide != nullptr && wide->contains(cell)) return *wide;
-    const CellArea* const tall = nearest(byColumns_, turned(cell));
+    const excel::CellArea* const tall = nearest(byColumns_, turned(cell));
     if (tall != nullptr && tall->contains(turned(cell))) return turned(*tall);
     return {cell, cell};
 }
 
-bool MergedCells::touches(const CellArea& area) const {
+bool MergedCells::touches(const excel::CellArea& area) const {
     // Of a very large area, each of the merged areas is the shorter way.
     if (areas_.size() < static_cast<std::size_t>(area.rows()) + static_cast<std::size_t>(area.columns())) {
-        return std::ranges::any_of(areas_,
-                                   [&](const CellArea& one) { return intersection(one, area).has_value(); });
+        return std::ranges::any_of(
+            areas_, [&](const excel::CellArea& one) { return intersection(one, area).has_value(); });
     }
     return hasRowIn(byRows_, area) || hasRowIn(byColumns_, turned(area));
 }

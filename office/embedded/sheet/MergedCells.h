@@ -14,20 +14,21 @@ class MergedCells {
     explicit MergedCells(const SheetPart& sheet);
 
     /// The merged area that holds the cell; the cell alone when it is not merged.
-    [[nodiscard]] CellArea areaAt(const CellPosition& cell) const;
+    [[nodiscard]] excel::CellArea areaAt(const excel::CellPosition& cell) const;
     /// Whether any merged area shares a cell with the area.
-    [[nodiscard]] bool touches(const CellArea& area) const;
+    [[nodiscard]] bool touches(const excel::CellArea& area) const;
     /// Whether the cell is hidden behind the first cell of its area.
-    [[nodiscard]] bool isCovered(const CellPosition& cell) const { return areaAt(cell).first != cell; }
+    [[nodiscard]] bool isCovered(const excel::CellPosition& cell) const { return areaAt(cell).first != cell; }
 
   private:
-    void list(const CellArea& area);
+    void list(const excel::CellArea& area);
 
-    std::vector<CellArea> areas_;
+    std::vector<excel::CellArea> areas_;
     // An area is listed by the first cell of each of its rows, or of each of its columns when it is tall:
     // merged areas do not overlap, so the nearest entry at or before a cell is the only one that can hold it.
-    std::map<CellPosition, CellArea> byRows_;
-    std::map<CellPosition, CellArea> byColumns_;  ///< rows and columns stand in each other's place
+    std::map<excel::CellPosition, excel::CellArea> byRows_;
+    std::map<excel::CellPosition, excel::CellArea>
+        byColumns_;  ///< rows and columns stand in each other's place
 };
 
 }  // namespace mergeloom::embedded

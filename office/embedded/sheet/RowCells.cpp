@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/RowCells.h"
 
-#include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/XmlAttributes.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <optional>
 #include <string>
@@ -36,9 +36,9 @@ bool RowCells::next() {
 void RowCells::readColumn() {
     const std::optional<std::string_view> reference = findAttribute(scanner_.attributes(), "r");
     // A cell that does not tell its place follows the one before it.
-    const std::optional<CellPosition> cell =
-        reference ? parseCell(*reference) : CellPosition{row_, column_ + 1};
-    if (!cell || cell->row != row_ || cell->column > kLastColumn) {
+    const std::optional<excel::CellPosition> cell =
+        reference ? excel::parseCell(*reference) : excel::CellPosition{row_, column_ + 1};
+    if (!cell || cell->row != row_ || cell->column > excel::kLastColumn) {
         throw BadXml("holds a cell" + inRow(row_) + " that cannot stand there");
     }
     if (cell->column <= column_) throw BadXml("holds its cells" + inRow(row_) + " out of order");

@@ -39,7 +39,7 @@ void visitRowHeights(const SheetState& sheet, const std::function<void(const Sto
         if (edit != editsEnd && edit->first == row.number && edit->second.height) continue;
         if (const auto points = storedHeight(row.range.of(sheet.xml))) visit({row.number, *points});
     }
-    visitEditsBefore(kLastRow + 1);
+    visitEditsBefore(excel::kLastRow + 1);
 }
 
 }  // namespace mergeloom::embedded

@@ -1,6 +1,6 @@
 #include "office/embedded/sheet/SharedFormula.h"
 
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <algorithm>
 #include <optional>
@@ -56,7 +56,8 @@ std::optional<Corner> parseCorner(std::string_view word) {
     bool stays = takeDollar(word);
     const std::size_t letters = countWhile(word, isLetter);
     if (letters > 0) {
-        const std::optional<CellPosition> column = parseCell(std::string(word.substr(0, letters)) + "1");
+        const std::optional<excel::CellPosition> column =
+            excel::parseCell(std::string(word.substr(0, letters)) + "1");
         if (!column) return {};
         corner.column = column->column;
         corner.columnStays = stays;
@@ -67,7 +68,7 @@ std::optional<Corner> parseCorner(std::string_view word) {
     if (word.empty() || word.size() > kMostDigits || countWhile(word, isDigit) != word.size()) return {};
     corner.row = std::stoi(std::string(word));
     corner.rowStays = stays;
-    if (corner.row < 1 || corner.row > kLastRow) return {};
+    if (corner.row < 1 || corner.row > excel::kLastRow) return {};
     return corner;
 }
 
@@ -170,12 +171,12 @@ class FormulaShifter {
         std::string text;
         if (corner.column > 0) {
             const int column = corner.column + (corner.columnStays ? 0 : columns_);
-            if (column < 1 || column > kLastColumn) return {};
-            text += (corner.columnStays ? "$" : "") + columnLetters(column);
+            if (column < 1 || column > excel::kLastColumn) return {};
+            text += (corner.columnStays ? "$" : "") + excel::columnLetters(column);
         }
         if (corner.row == 0) return text;
         const int row = corner.row + (corner.rowStays ? 0 : rows_);
-        if (row < 1 || row > kLastRow) return {};
+        if (row < 1 || row > excel::kLastRow) return {};
         return text + (corner.rowStays ? "$" : "") + std::to_string(row);
     }
 

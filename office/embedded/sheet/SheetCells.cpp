@@ -9,7 +9,7 @@ namespace mergeloom::embedded {
 SheetCells::SheetCells(std::string_view xml, const SheetIndex& index, const CellEdits& edits)
     : xml_(xml), index_(index), edits_(edits) {}
 
-std::string_view SheetCells::stored(const CellPosition& cell) const {
+std::string_view SheetCells::stored(const excel::CellPosition& cell) const {
     const IndexedRow* row = index_.findRow(cell.row);
     if (!row) return {};
     XmlScanner scanner(row->range.of(xml_));
@@ -21,12 +21,12 @@ std::string_view SheetCells::stored(const CellPosition& cell) const {
     return {};
 }
 
-std::string SheetCells::current(const CellPosition& cell) const {
+std::string SheetCells::current(const excel::CellPosition& cell) const {
     const CellEdit* edit = edits_.find(cell);
     return edit ? edited(stored(cell), cell, *edit) : std::string(stored(cell));
 }
 
-std::string SheetCells::edited(std::string_view stored, const CellPosition& cell,
+std::string SheetCells::edited(std::string_view stored, const excel::CellPosition& cell,
                                const CellEdit& edit) const {
     if (edit.kind == CellEdit::Kind::Formula) return withFormula(stored, edit.content, index_.prefix);
     if (!stored.empty()) return withText(stored, edit.content, index_.prefix);
@@ -35,7 +35,7 @@ std::string SheetCells::edited(std::string_view stored, const CellPosition& cell
     return withText(tag + "/>", edit.content, index_.prefix);
 }
 
-void SheetCells::forEachIn(const CellArea& area, const Visit& visit) const {
+void SheetCells::forEachIn(const excel::CellArea& area, const Visit& visit) const {
     for (auto row = index_.rowsFrom(area.first.row); row != index_.rows.end() && row->number <= area.last.row;
          ++row) {
         XmlScanner scanner(row->range.of(xml_));
@@ -43,7 +43,7 @@ void SheetCells::forEachIn(const CellArea& area, const Visit& visit) const {
         RowCells cells(scanner, index_.prefix, row->number);
         while (cells.next() && cells.column() <= area.last.column) {
             if (cells.column() < area.first.column) continue;
-            const CellPosition cell{row->number, cells.column()};
+            const excel::CellPosition cell{row->number, cells.column()};
             const CellEdit* edit = edits_.find(cell);
             const std::string_view stored = scanner.takeElement();
             if (!visit(cell, edit ? edited(stored, cell, *edit) : stored)) return;

@@ -16,16 +16,16 @@ class SheetCells {
     SheetCells(std::string_view xml, const SheetIndex& index, const CellEdits& edits);
 
     /// As the part was read; empty when it does not hold the cell. Costs the length of the row.
-    [[nodiscard]] std::string_view stored(const CellPosition& cell) const;
+    [[nodiscard]] std::string_view stored(const excel::CellPosition& cell) const;
     /// As it is written now; empty when there is no such cell.
-    [[nodiscard]] std::string current(const CellPosition& cell) const;
+    [[nodiscard]] std::string current(const excel::CellPosition& cell) const;
     /// As it is written with an edit; stored is empty for a new cell.
-    [[nodiscard]] std::string edited(std::string_view stored, const CellPosition& cell,
+    [[nodiscard]] std::string edited(std::string_view stored, const excel::CellPosition& cell,
                                      const CellEdit& edit) const;
 
-    using Visit = std::function<bool(const CellPosition& cell, std::string_view xml)>;
+    using Visit = std::function<bool(const excel::CellPosition& cell, std::string_view xml)>;
     /// The stored cells of an area in order, as they are written now, until a visit answers false.
-    void forEachIn(const CellArea& area, const Visit& visit) const;
+    void forEachIn(const excel::CellArea& area, const Visit& visit) const;
     /// The start tag of a row as it was read; empty when the part does not hold the row.
     [[nodiscard]] std::string_view rowTag(int row) const;
 

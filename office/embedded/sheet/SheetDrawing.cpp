@@ -123,7 +123,7 @@ ShapeFrame SheetDrawing::frame(ShapeId shape) {
     return {pointsOf(frame.left), pointsOf(frame.top), pointsOf(frame.width), pointsOf(frame.height)};
 }
 
-CellPosition SheetDrawing::topLeftCell(ShapeId shape) {
+excel::CellPosition SheetDrawing::topLeftCell(ShapeId shape) {
     const ShapeFrame place = frame(shape);
     return data_->geometry.placeAt(place.left, place.top).cell;
 }
@@ -144,7 +144,7 @@ void SheetDrawing::remove(ShapeId shape) {
     drawing.remove(shape);
 }
 
-SheetDrawing::ShapeId SheetDrawing::addPicture(const CellPosition& cell, std::string bytes,
+SheetDrawing::ShapeId SheetDrawing::addPicture(const excel::CellPosition& cell, std::string bytes,
                                                const opc::PictureFile& picture) {
     DrawingPart& drawing = data_->source.findOrCreate();
     const SheetPlace place{cell, {}, {}};

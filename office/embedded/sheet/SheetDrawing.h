@@ -51,7 +51,7 @@ class SheetDrawing {
     [[nodiscard]] ShapeKind kind(ShapeId shape);
     /// By its anchor: one cell and a size, two cells, or absolute.
     [[nodiscard]] ShapeFrame frame(ShapeId shape);
-    [[nodiscard]] CellPosition topLeftCell(ShapeId shape);
+    [[nodiscard]] excel::CellPosition topLeftCell(ShapeId shape);
 
     void setName(ShapeId shape, const std::string& name);
     /// Moves and sizes a shape. Its anchor keeps its kind.
@@ -59,7 +59,7 @@ class SheetDrawing {
     /// Takes the anchor with all that it holds out. A picture's part that nothing else shows goes with it.
     void remove(ShapeId shape);
     /// Adds a picture anchored to one cell, in its natural size, in front of all others.
-    ShapeId addPicture(const CellPosition& cell, std::string bytes, const opc::PictureFile& picture);
+    ShapeId addPicture(const excel::CellPosition& cell, std::string bytes, const opc::PictureFile& picture);
 
     /// Runs a change of widths or heights of the sheet, after which the shapes that are to keep their sizes
     /// (or their places as well) still do so. What is anchored to one cell moves with it by itself.

@@ -49,16 +49,17 @@ std::string textOfNumber(double number) {
 AxisSizes columnSizes(const SheetPart& sheet, const ColumnUnits& units) {
     const SheetSection section(sheet, "sheetFormatPr");
     const pugi::xml_attribute width = section.root().attribute("defaultColWidth");
-    if (width) return {kLastColumn, units.pixelsOfFileWidth(width.as_double())};
+    if (width) return {excel::kLastColumn, units.pixelsOfFileWidth(width.as_double())};
     const int characters = section.root().attribute("baseColWidth").as_int(kBaseCharacters);
-    return {kLastColumn, std::min(units.defaultPixels(std::clamp(characters, 0, 255)), units.widestPixels())};
+    return {excel::kLastColumn,
+            std::min(units.defaultPixels(std::clamp(characters, 0, 255)), units.widestPixels())};
 }
 
 AxisSizes rowSizes(const SheetPart& sheet, const StyleSheet& styles) {
     const SheetSection section(sheet, "sheetFormatPr");
-    if (section.root().attribute("zeroHeight").as_bool()) return {kLastRow, 0};
+    if (section.root().attribute("zeroHeight").as_bool()) return {excel::kLastRow, 0};
     const pugi::xml_attribute height = section.root().attribute("defaultRowHeight");
-    return {kLastRow, pixelsOf({height ? height.as_double() : lineHeight(styles.defaultFont())})};
+    return {excel::kLastRow, pixelsOf({height ? height.as_double() : lineHeight(styles.defaultFont())})};
 }
 
 /// What an axis says of a distance: the index there and how far behind its edge.

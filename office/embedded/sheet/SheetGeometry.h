@@ -10,7 +10,7 @@ namespace mergeloom::embedded {
 
 /// A place on a sheet's drawing layer: a cell and the distance from its upper left corner.
 struct SheetPlace {
-    CellPosition cell{};
+    excel::CellPosition cell{};
     Emu right{};
     Emu down{};
 };

@@ -67,14 +67,14 @@ class SheetIndexer {
         // A row that does not tell its number follows the one before it.
         const bool isCounted = !findAttribute(scanner_.attributes(), "r");
         const int number =
-            isCounted ? before + 1 : findNumber(scanner_.attributes(), "r").value_or(kLastRow + 1);
-        if (number < 1 || number > kLastRow) throw BadXml("holds a row that no sheet has");
+            isCounted ? before + 1 : findNumber(scanner_.attributes(), "r").value_or(excel::kLastRow + 1);
+        if (number < 1 || number > excel::kLastRow) throw BadXml("holds a row that no sheet has");
         if (number <= before)
             throw BadXml("holds its rows out of order (row " + std::to_string(number) + ")");
         return number;
     }
 
-    void readCellChild(const CellPosition& cell) {
+    void readCellChild(const excel::CellPosition& cell) {
         if (scanner_.attributes().empty() || !standsOn("f")) return;
         const std::string_view attributes = scanner_.attributes();
         const std::optional<std::string_view> type = findAttribute(attributes, "t");
@@ -84,13 +84,13 @@ class SheetIndexer {
             index_.formulaGroups.add(findNumber(attributes, "si").value_or(0), cell);
             return;
         }
-        const std::optional<CellArea> area = parseArea(*reference);
+        const std::optional<excel::CellArea> area = excel::parseArea(*reference);
         if (area && area->first != area->last) arrays_.push_back(*area);
     }
 
     XmlScanner scanner_;
     SheetIndex index_;
-    std::vector<CellArea> arrays_;
+    std::vector<excel::CellArea> arrays_;
 };
 
 }  // namespace

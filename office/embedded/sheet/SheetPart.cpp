@@ -21,7 +21,7 @@ class SheetPart::Data {
         : state(std::move(xml)), partName(std::move(part)), undo_(log) {}
 
     /// Puts an edit in place of a cell's former one.
-    void change(const CellPosition& cell, std::optional<CellEdit> edit) {
+    void change(const excel::CellPosition& cell, std::optional<CellEdit> edit) {
         record(
             [this, cell](std::optional<CellEdit> former) { state.edits.exchange(cell, std::move(former)); },
             state.edits.exchange(cell, std::move(edit)));
@@ -44,19 +44,19 @@ class SheetPart::Data {
     }
 
     /// Lets another cell have the text of a shared formula before its master loses it.
-    void handOver(const CellPosition& master) {
+    void handOver(const excel::CellPosition& master) {
         const std::optional<FormulaHandover> plan = planHandover(state, master);
         if (!plan) return;
         for (const FormulaHandover::Heir& heir : plan->heirs)
             change(heir.cell, CellEdit{CellEdit::Kind::Formula, heir.formula});
         const int group = plan->group;
-        const std::optional<CellPosition> heir =
+        const std::optional<excel::CellPosition> heir =
             plan->hasNewMaster ? std::optional(plan->heirs.back().cell) : std::nullopt;
         FormulaGroups& formulas = state.index.formulaGroups;
         formulas.remove(group, master);
         if (heir) formulas.add(group, *heir);
         record(
-            [this, group, heir](const CellPosition& former) {
+            [this, group, heir](const excel::CellPosition& former) {
                 if (heir) state.index.formulaGroups.remove(group, *heir);
                 state.index.formulaGroups.add(group, former);
             },
@@ -123,19 +123,19 @@ std::string SheetPart::declareNamespace(std::string_view preferredPrefix, std::s
     return prefix;
 }
 
-StoredCell SheetPart::cell(const CellPosition& position) const {
+StoredCell SheetPart::cell(const excel::CellPosition& position) const {
     const SheetState& state = data_->state;
     const std::string xml = state.cells.current(position);
     StoredCell cell = readCell(xml, state.index.prefix);
     cell.formula = formulaOf(state, position, xml);
     if (cell.arrayArea || state.edits.find(position)) return cell;
-    const std::optional<CellArea> array = state.index.arrays.find(position);
+    const std::optional<excel::CellArea> array = state.index.arrays.find(position);
     // An array formula whose first cell was written over is none any more.
     if (array && !state.edits.find(array->first)) cell.arrayArea = array;
     return cell;
 }
 
-void SheetPart::setText(const CellPosition& position, const std::string& text) {
+void SheetPart::setText(const excel::CellPosition& position, const std::string& text) {
     const SheetState& state = data_->state;
     CellEdit edit{CellEdit::Kind::Text, text};
     if (state.cells.stored(position).empty()) edit.newStyle = styleOfNewCell(state, position);
@@ -143,17 +143,17 @@ void SheetPart::setText(const CellPosition& position, const std::string& text) {
     data_->change(position, std::move(edit));
 }
 
-std::optional<CellArea> SheetPart::usedArea() const {
+std::optional<excel::CellArea> SheetPart::usedArea() const {
     const SheetState& state = data_->state;
-    std::optional<CellArea> used;
-    const auto take = [&used](const CellPosition& cell) {
-        used = used ? enclosing(*used, {cell, cell}) : CellArea{cell, cell};
+    std::optional<excel::CellArea> used;
+    const auto take = [&used](const excel::CellPosition& cell) {
+        used = used ? enclosing(*used, {cell, cell}) : excel::CellArea{cell, cell};
     };
-    const auto takeStored = [&](const CellPosition& cell, std::string_view) {
+    const auto takeStored = [&](const excel::CellPosition& cell, std::string_view) {
         take(cell);
         return true;
     };
-    state.cells.forEachIn({{1, 1}, {kLastRow, kLastColumn}}, takeStored);
+    state.cells.forEachIn({{1, 1}, {excel::kLastRow, excel::kLastColumn}}, takeStored);
     for (const auto& [row, edits] : state.edits.rows()) {
         for (const auto& [column, edit] : edits.cells)
             take({row, column});

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <functional>
 #include <memory>
@@ -21,7 +21,7 @@ struct StoredCell {
     int style = 0;        ///< index into the cell formats of the workbook
     std::string formula{};
     /// The cells of the array formula or data table that the cell belongs to.
-    std::optional<CellArea> arrayArea{};
+    std::optional<excel::CellArea> arrayArea{};
 };
 
 /// A row whose height is its own.
@@ -59,14 +59,14 @@ class SheetPart {
     /// Declares a namespace on the root, unless it is declared there, and answers its prefix.
     std::string declareNamespace(std::string_view preferredPrefix, std::string_view uri);
 
-    [[nodiscard]] StoredCell cell(const CellPosition& position) const;
+    [[nodiscard]] StoredCell cell(const excel::CellPosition& position) const;
     /// Makes the cell hold a text of its own (an inline string). It keeps its format; a new cell takes that
     /// of its row, else that of its column. Whoever writes over a formula sees to the calculation chain; a
     /// shared formula that other cells refer to moves on to the first of them.
-    void setText(const CellPosition& position, const std::string& text);
+    void setText(const excel::CellPosition& position, const std::string& text);
 
     /// The smallest area that holds all cells; nothing in a sheet without any.
-    [[nodiscard]] std::optional<CellArea> usedArea() const;
+    [[nodiscard]] std::optional<excel::CellArea> usedArea() const;
 
     /// The rows that have a height of their own or are hidden, in order.
     void forEachRowHeight(const std::function<void(const StoredRowHeight&)>& visit) const;

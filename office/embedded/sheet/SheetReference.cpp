@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/SheetReference.h"
 
 #include "base/Text.h"
-#include "office/embedded/sheet/DefinedNameRule.h"
+#include "office/model/excel/DefinedNameRule.h"
 
 namespace mergeloom::embedded {
 
@@ -55,7 +55,7 @@ std::optional<std::string> takePlainName(std::string_view& formula) {
 }
 
 bool needsQuotes(const std::string& name) {
-    return !isPlainName(name) || !isDefinedName(name);
+    return !isPlainName(name) || !excel::isDefinedName(name);
 }
 
 std::string written(const std::string& name) {
@@ -68,7 +68,7 @@ std::optional<SheetReference> parseReference(std::string_view formula) {
     const std::optional<std::string> name =
         formula.starts_with('\'') ? takeQuotedName(formula) : takePlainName(formula);
     if (!name) return {};
-    const std::optional<CellArea> area = parseArea(formula);
+    const std::optional<excel::CellArea> area = excel::parseArea(formula);
     if (!area) return {};
     return SheetReference{*name, *area};
 }

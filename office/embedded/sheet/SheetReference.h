@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <optional>
 #include <string>
@@ -12,7 +12,7 @@ namespace mergeloom::embedded {
 /// empty.
 struct SheetReference {
     std::string sheetName;
-    CellArea area;
+    excel::CellArea area;
 };
 
 /// Reads a formula (without "=") that is nothing but one block of cells of this workbook; nothing for any

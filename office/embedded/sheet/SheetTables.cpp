@@ -20,7 +20,7 @@ void SheetTables::load() {
     loaded_ = true;
 }
 
-TableHeader* SheetTables::headerAt(const CellPosition& cell) {
+TableHeader* SheetTables::headerAt(const excel::CellPosition& cell) {
     load();
     for (const auto& header : headers_) {
         if (header->contains(cell)) return header.get();
@@ -28,12 +28,12 @@ TableHeader* SheetTables::headerAt(const CellPosition& cell) {
     return nullptr;
 }
 
-std::string SheetTables::allowedText(const CellPosition& cell, const std::string& text) {
+std::string SheetTables::allowedText(const excel::CellPosition& cell, const std::string& text) {
     const TableHeader* const header = headerAt(cell);
     return header == nullptr ? text : header->allowedText(cell, text);
 }
 
-void SheetTables::textWasSet(const CellPosition& cell, const std::string& text) {
+void SheetTables::textWasSet(const excel::CellPosition& cell, const std::string& text) {
     TableHeader* const header = headerAt(cell);
     if (header != nullptr) header->rename(cell, text);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/TableHeader.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/model/excel/CellAddress.h"
 #include "office/opc/Package.h"
 
 #include <memory>
@@ -22,16 +22,16 @@ class SheetTables {
     /// The text that a header cell may get: the text itself, with a number behind it where another column of
     /// the table has that name already; at most 255 characters of it; "Column1" for none. Any other cell may
     /// get any text. Raises kFileCouldNotBeRead when a table is malformed.
-    [[nodiscard]] std::string allowedText(const CellPosition& cell, const std::string& text);
+    [[nodiscard]] std::string allowedText(const excel::CellPosition& cell, const std::string& text);
     /// Says that a cell got a text; the column of a header cell is renamed.
-    void textWasSet(const CellPosition& cell, const std::string& text);
+    void textWasSet(const excel::CellPosition& cell, const std::string& text);
     /// Hands the edited parts to the package.
     void store();
 
   private:
     void load();
     /// Null for a cell that is no header of a table.
-    TableHeader* headerAt(const CellPosition& cell);
+    TableHeader* headerAt(const excel::CellPosition& cell);
 
     opc::Package& package_;
     std::string sheetPart_;

@@ -34,19 +34,20 @@ pugi::xml_node selectionOf(pugi::xml_node view) {
 }
 
 SheetSelection parseSelection(pugi::xml_node element) {
-    std::vector<CellArea> areas = parseAreas(element.attribute("sqref").value());
-    const CellPosition first = areas.empty() ? CellPosition() : areas.front().first;
+    std::vector<excel::CellArea> areas = excel::parseAreas(element.attribute("sqref").value());
+    const excel::CellPosition first = areas.empty() ? excel::CellPosition() : areas.front().first;
     const pugi::xml_attribute written = element.attribute("activeCell");
-    const CellPosition active = parseCell(written.value()).value_or(written ? CellPosition() : first);
-    const auto holdsActive = [&](const CellArea& area) { return area.contains(active); };
+    const excel::CellPosition active =
+        excel::parseCell(written.value()).value_or(written ? excel::CellPosition() : first);
+    const auto holdsActive = [&](const excel::CellArea& area) { return area.contains(active); };
     if (std::ranges::none_of(areas, holdsActive)) areas = {{active, active}};
     return {active, std::move(areas)};
 }
 
 /// With both corners also for whole rows and columns, as Excel writes a selection.
-std::string addressesOf(const std::vector<CellArea>& areas) {
+std::string addressesOf(const std::vector<excel::CellArea>& areas) {
     std::string addresses;
-    for (const CellArea& area : areas) {
+    for (const excel::CellArea& area : areas) {
         if (!addresses.empty()) addresses += ' ';
         addresses += addressOf(area.first);
         if (area.first != area.last) addresses += ":" + addressOf(area.last);
@@ -56,7 +57,7 @@ std::string addressesOf(const std::vector<CellArea>& areas) {
 
 /// The number of the area that the active cell is counted to.
 std::size_t activeArea(const SheetSelection& selection) {
-    const auto holdsActive = [&](const CellArea& area) { return area.contains(selection.activeCell); };
+    const auto holdsActive = [&](const excel::CellArea& area) { return area.contains(selection.activeCell); };
     const auto found = std::ranges::find_if(selection.areas, holdsActive);
     return found == selection.areas.end() ? 0 : static_cast<std::size_t>(found - selection.areas.begin());
 }

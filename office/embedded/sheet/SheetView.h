@@ -8,8 +8,8 @@ namespace mergeloom::embedded {
 
 /// What is selected in a sheet: one or more areas, one of whose cells is active.
 struct SheetSelection {
-    CellPosition activeCell{};
-    std::vector<CellArea> areas{CellArea{}};
+    excel::CellPosition activeCell{};
+    std::vector<excel::CellArea> areas{excel::CellArea{}};
 
     friend bool operator==(const SheetSelection&, const SheetSelection&) = default;
 };

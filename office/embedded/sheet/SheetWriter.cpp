@@ -17,26 +17,27 @@ namespace {
 constexpr std::size_t kBytesPerEdit = 100;
 
 /// The cells that were written, as one area; nothing when none were.
-std::optional<CellArea> writtenArea(const CellEdits& edits) {
-    std::optional<CellArea> area;
+std::optional<excel::CellArea> writtenArea(const CellEdits& edits) {
+    std::optional<excel::CellArea> area;
     for (const auto& [row, rowEdits] : edits.rows()) {
         if (rowEdits.cells.empty()) continue;
-        const CellPosition first{row, rowEdits.cells.begin()->first};
-        const CellPosition last{row, rowEdits.cells.rbegin()->first};
-        area = area ? enclosing(*area, {first, last}) : CellArea{first, last};
+        const excel::CellPosition first{row, rowEdits.cells.begin()->first};
+        const excel::CellPosition last{row, rowEdits.cells.rbegin()->first};
+        area = area ? enclosing(*area, {first, last}) : excel::CellArea{first, last};
     }
     return area;
 }
 
 /// The dimension element with the written cells in it.
 std::string withWrittenArea(const std::string& dimension, const CellEdits& edits) {
-    const std::optional<CellArea> written = writtenArea(edits);
+    const std::optional<excel::CellArea> written = writtenArea(edits);
     if (!written) return dimension;
     XmlScanner scanner(dimension);
     if (!scanner.next()) return dimension;
-    const std::optional<CellArea> area = parseArea(findAttribute(scanner.attributes(), "ref").value_or(""));
+    const std::optional<excel::CellArea> area =
+        excel::parseArea(findAttribute(scanner.attributes(), "ref").value_or(""));
     if (!area) return dimension;
-    const CellArea enlarged = enclosing(*area, *written);
+    const excel::CellArea enlarged = enclosing(*area, *written);
     if (enlarged == *area) return dimension;
     XmlTag tag(scanner.tag());
     tag.set("ref", addressOf(enlarged));

@@ -40,7 +40,7 @@ TableHeader::TableHeader(std::unique_ptr<opc::XmlPart> part, UndoLog& undo)
 
 void TableHeader::readColumns() {
     const pugi::xml_node table = part_->root();
-    const std::optional<CellArea> area = parseArea(table.attribute("ref").value());
+    const std::optional<excel::CellArea> area = excel::parseArea(table.attribute("ref").value());
     if (!area || table.attribute("headerRowCount").as_int(1) == 0) return;
     first_ = area->first;
     const pugi::xml_node list = childNamed(table, "tableColumns");
@@ -50,11 +50,11 @@ void TableHeader::readColumns() {
     }
 }
 
-bool TableHeader::contains(const CellPosition& cell) const {
+bool TableHeader::contains(const excel::CellPosition& cell) const {
     return columnAt(cell);
 }
 
-pugi::xml_node TableHeader::columnAt(const CellPosition& cell) const {
+pugi::xml_node TableHeader::columnAt(const excel::CellPosition& cell) const {
     if (cell.row != first_.row || cell.column < first_.column) return {};
     const auto index = static_cast<std::size_t>(cell.column - first_.column);
     return index < columns_.size() ? columns_[index] : pugi::xml_node();
@@ -67,7 +67,7 @@ bool TableHeader::isTaken(const std::string& name, pugi::xml_node besides) const
     return found != names_.end() && found->second > own;
 }
 
-std::string TableHeader::allowedText(const CellPosition& cell, const std::string& text) const {
+std::string TableHeader::allowedText(const excel::CellPosition& cell, const std::string& text) const {
     const pugi::xml_node column = columnAt(cell);
     std::string cut = text.substr(0, byteOffset(text, kLongestName));
     if (!cut.empty() && !isTaken(cut, column)) return cut;
@@ -78,7 +78,7 @@ std::string TableHeader::allowedText(const CellPosition& cell, const std::string
     return numbered(stem, number);
 }
 
-void TableHeader::rename(const CellPosition& cell, const std::string& text) {
+void TableHeader::rename(const excel::CellPosition& cell, const std::string& text) {
     const pugi::xml_node column = columnAt(cell);
     const std::string name = encodedName(text);
     if (name == column.attribute("name").value()) return;

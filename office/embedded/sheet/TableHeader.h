@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/embedded/sheet/CellAddress.h"
 #include "office/embedded/sheet/PartState.h"
+#include "office/model/excel/CellAddress.h"
 #include "office/opc/XmlPart.h"
 
 #include <memory>
@@ -19,10 +19,10 @@ class TableHeader {
     /// The log must outlive the header.
     TableHeader(std::unique_ptr<opc::XmlPart> part, UndoLog& undo);
 
-    [[nodiscard]] bool contains(const CellPosition& cell) const;
+    [[nodiscard]] bool contains(const excel::CellPosition& cell) const;
     /// The text that a header cell can get so that all columns keep names of their own.
-    [[nodiscard]] std::string allowedText(const CellPosition& cell, const std::string& text) const;
-    void rename(const CellPosition& cell, const std::string& text);
+    [[nodiscard]] std::string allowedText(const excel::CellPosition& cell, const std::string& text) const;
+    void rename(const excel::CellPosition& cell, const std::string& text);
 
     [[nodiscard]] const opc::XmlPart& part() const { return *part_; }
     [[nodiscard]] bool isDirty() const { return state_.isDirty(); }
@@ -30,12 +30,12 @@ class TableHeader {
 
   private:
     void readColumns();
-    [[nodiscard]] pugi::xml_node columnAt(const CellPosition& cell) const;
+    [[nodiscard]] pugi::xml_node columnAt(const excel::CellPosition& cell) const;
     [[nodiscard]] bool isTaken(const std::string& name, pugi::xml_node besides) const;
 
     std::unique_ptr<opc::XmlPart> part_;
     PartState state_;
-    CellPosition first_{};
+    excel::CellPosition first_{};
     std::vector<pugi::xml_node> columns_;
     std::unordered_map<std::string, int> names_;  ///< how many columns have a name, by the folded name
 };

@@ -26,8 +26,8 @@ class CalcUndoRecord final : public model::UndoRecord {
     CalcContentPtr content_;
 };
 
-CalcArea cellsOf(excel::Range& range) {
-    const CalcCell first{range.Row(), range.Column()};
+excel::CellArea cellsOf(excel::Range& range) {
+    const excel::CellPosition first{range.Row(), range.Column()};
     return {first, {first.row + range.Rows()->Count() - 1, first.column + range.Columns()->Count() - 1}};
 }
 
@@ -44,7 +44,7 @@ excel::WorkbooksPtr CalcApplication::Workbooks() {
 excel::RangePtr CalcApplication::ActiveCell() {
     const CalcContentPtr& content = activeContent();
     CalcSheet& sheet = content->sheet(content->activeSheet());
-    const CalcCell cell = sheet.merged().at(sheet.selection().activeCell).first;
+    const excel::CellPosition cell = sheet.merged().at(sheet.selection().activeCell).first;
     return calcRangeOf(content, content->activeSheet(), {cell, cell});
 }
 
@@ -57,7 +57,7 @@ excel::SelectionPtr CalcApplication::Selection() {
 excel::RangePtr CalcApplication::Intersect(excel::Range& first, excel::Range& second) {
     const excel::WorksheetPtr sheet = first.Worksheet();
     if (sheet->Name() != second.Worksheet()->Name()) return {};
-    const std::optional<CalcArea> common = intersection(cellsOf(first), cellsOf(second));
+    const std::optional<excel::CellArea> common = intersection(cellsOf(first), cellsOf(second));
     if (!common) return {};
     return sheet->Cells(common->first.row, common->first.column)->Resize(common->rows(), common->columns());
 }

@@ -7,10 +7,11 @@ namespace mergeloom::libreoffice {
 namespace {
 
 /// Cells side by side, row by row.
-std::vector<CalcArea> runsOf(const std::map<CalcCell, std::string>& texts) {
-    std::vector<CalcArea> runs;
+std::vector<excel::CellArea> runsOf(const std::map<excel::CellPosition, std::string>& texts) {
+    std::vector<excel::CellArea> runs;
     for (const auto& [cell, text] : texts) {
-        const bool continues = !runs.empty() && runs.back().last == CalcCell{cell.row, cell.column - 1};
+        const bool continues =
+            !runs.empty() && runs.back().last == excel::CellPosition{cell.row, cell.column - 1};
         if (continues) {
             runs.back().last = cell;
         } else {
@@ -22,10 +23,10 @@ std::vector<CalcArea> runsOf(const std::map<CalcCell, std::string>& texts) {
 
 }  // namespace
 
-std::vector<CalcArea> blocksOf(const std::map<CalcCell, std::string>& texts) {
-    std::vector<CalcArea> blocks;
+std::vector<excel::CellArea> blocksOf(const std::map<excel::CellPosition, std::string>& texts) {
+    std::vector<excel::CellArea> blocks;
     std::map<std::pair<int, int>, std::size_t> lastOfColumns;
-    for (const CalcArea& run : runsOf(texts)) {
+    for (const excel::CellArea& run : runsOf(texts)) {
         const auto [found, isNew] =
             lastOfColumns.try_emplace({run.first.column, run.last.column}, blocks.size());
         const bool isBelow = !isNew && blocks[found->second].last.row == run.first.row - 1;

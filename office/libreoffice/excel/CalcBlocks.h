@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <map>
 #include <string>
@@ -10,6 +10,6 @@ namespace mergeloom::libreoffice {
 
 /// Rectangles that hold all of the cells once and no others: cells side by side, and rows of them below one
 /// another.
-[[nodiscard]] std::vector<CalcArea> blocksOf(const std::map<CalcCell, std::string>& texts);
+[[nodiscard]] std::vector<excel::CellArea> blocksOf(const std::map<excel::CellPosition, std::string>& texts);
 
 }  // namespace mergeloom::libreoffice

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
+#include "office/libreoffice/session/Uno.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/sheet/CellFlags.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
@@ -15,16 +16,16 @@ inline constexpr sal_Int16 kContentFlags = css::sheet::CellFlags::VALUE | css::s
                                            css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA;
 
 [[nodiscard]] Reference<css::table::XCell> cellOf(const Reference<css::sheet::XSpreadsheet>& sheet,
-                                                  const CalcCell& cell);
+                                                  const excel::CellPosition& cell);
 [[nodiscard]] Reference<css::table::XCellRange> rangeOf(const Reference<css::sheet::XSpreadsheet>& sheet,
-                                                        const CalcArea& area);
+                                                        const excel::CellArea& area);
 /// Those of the area that are not empty.
-[[nodiscard]] std::vector<CalcArea> filledIn(const Reference<css::sheet::XSpreadsheet>& sheet,
-                                             const CalcArea& area);
+[[nodiscard]] std::vector<excel::CellArea> filledIn(const Reference<css::sheet::XSpreadsheet>& sheet,
+                                                    const excel::CellArea& area);
 
 template <typename Work>
-void forEachCell(const CalcArea& area, const Work& work) {
-    for (CalcCell cell = area.first; cell.row <= area.last.row; ++cell.row)
+void forEachCell(const excel::CellArea& area, const Work& work) {
+    for (excel::CellPosition cell = area.first; cell.row <= area.last.row; ++cell.row)
         for (cell.column = area.first.column; cell.column <= area.last.column; ++cell.column)
             work(cell);
 }

@@ -36,12 +36,13 @@ ShownText shownIn(const Reference<css::table::XCell>& cell) {
 }
 
 /// In pixels; 0 when no cell asks for room.
-double widestText(CalcContent& content, CalcSheet& sheet, const CalcArea& column) {
+double widestText(CalcContent& content, CalcSheet& sheet, const excel::CellArea& column) {
     content.pending().settle();
     double widest = 0;
-    for (const CalcArea& area : content.connection().call([&] { return filledIn(sheet.uno(), column); })) {
-        forEachCell(area, [&](const CalcCell& cell) {
-            if (sheet.merged().at(cell) != CalcArea{cell, cell}) return;
+    for (const excel::CellArea& area :
+         content.connection().call([&] { return filledIn(sheet.uno(), column); })) {
+        forEachCell(area, [&](const excel::CellPosition& cell) {
+            if (sheet.merged().at(cell) != excel::CellArea{cell, cell}) return;
             const ShownText shown = content.connection().call([&] { return shownIn(sheet.cell(cell)); });
             if (!shown.text.empty())
                 widest = std::max(widest, content.fonts().textWidth(shown.text, shown.font));
@@ -52,12 +53,12 @@ double widestText(CalcContent& content, CalcSheet& sheet, const CalcArea& column
 
 }  // namespace
 
-void fitColumns(CalcContent& content, std::size_t index, const CalcArea& area) {
+void fitColumns(CalcContent& content, std::size_t index, const excel::CellArea& area) {
     CalcSheet& sheet = content.sheet(index);
     sheet.checkMayChange("columns");
     const CalcColumnUnits& units = content.columnUnits();
     for (int column = area.first.column; column <= area.last.column; ++column) {
-        const CalcArea cells{{area.first.row, column}, {area.last.row, column}};
+        const excel::CellArea cells{{area.first.row, column}, {area.last.row, column}};
         const double text = widestText(content, sheet, cells);
         if (text == 0) continue;
         const int pixels = static_cast<int>(std::ceil(text)) + units.padding();

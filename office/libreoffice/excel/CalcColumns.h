@@ -10,7 +10,7 @@ namespace mergeloom::libreoffice {
 
 class CalcColumns final : public excel::Columns {
   public:
-    CalcColumns(CalcContentPtr content, std::size_t sheet, const CalcArea& area)
+    CalcColumns(CalcContentPtr content, std::size_t sheet, const excel::CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
 
     int Count() override { return area_.columns(); }
@@ -19,7 +19,7 @@ class CalcColumns final : public excel::Columns {
   private:
     CalcContentPtr content_;
     std::size_t sheet_;
-    CalcArea area_;
+    excel::CellArea area_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -102,7 +102,7 @@ void CalcContent::readSheets() {
     for (sal_Int32 index = 0; index < names.getLength(); ++index) {
         const Reference<css::sheet::XSpreadsheet> sheet(sheets->getByIndex(index), UNO_QUERY_THROW);
         const std::string name = fromUno(names[index]);
-        const CalcCell activeCell = view.cellOf(static_cast<std::size_t>(index));
+        const excel::CellPosition activeCell = view.cellOf(static_cast<std::size_t>(index));
         sheets_.push_back(std::make_unique<CalcSheet>(connection(), pending_, sheet, name, activeCell));
         pending_.addSheet(sheet, name);
     }

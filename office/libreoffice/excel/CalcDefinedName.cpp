@@ -1,6 +1,7 @@
 #include "office/libreoffice/excel/CalcDefinedName.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/excel/CalcNameFormula.h"
 #include "office/libreoffice/excel/CalcRange.h"
 

@@ -44,13 +44,14 @@ int lineAt(int count, sal_Int32 length, const Start& startOf) {
     return low;
 }
 
-CalcCell cellAt(CalcContent& content, std::size_t sheet, const css::awt::Point& place) {
+excel::CellPosition cellAt(CalcContent& content, std::size_t sheet, const css::awt::Point& place) {
     const auto leftOf = [&](int column) { return cellPlace(content, sheet, {1, column}).X; };
     const auto topOf = [&](int row) { return cellPlace(content, sheet, {row, 1}).Y; };
-    return {lineAt(kSheetRows, place.Y, topOf), lineAt(kSheetColumns, place.X, leftOf)};
+    return {lineAt(excel::kLastRow, place.Y, topOf), lineAt(excel::kLastColumn, place.X, leftOf)};
 }
 
-bool holds(CalcContent& content, std::size_t sheet, const CalcCell& cell, const css::awt::Point& place) {
+bool holds(CalcContent& content, std::size_t sheet, const excel::CellPosition& cell,
+           const css::awt::Point& place) {
     const css::awt::Point start = cellPlace(content, sheet, cell);
     const css::awt::Size size = blockSize(content, sheet, {cell, cell});
     const sal_Int32 right = place.X + 1 - start.X;
@@ -58,20 +59,20 @@ bool holds(CalcContent& content, std::size_t sheet, const CalcCell& cell, const 
     return right >= 0 && right < size.Width && down >= 0 && down < size.Height;
 }
 
-std::optional<CalcCell> anchorOf(CalcContent& content, const CalcShapeEntry& entry) {
-    return content.connection().call([&]() -> std::optional<CalcCell> {
+std::optional<excel::CellPosition> anchorOf(CalcContent& content, const CalcShapeEntry& entry) {
+    return content.connection().call([&]() -> std::optional<excel::CellPosition> {
         const Reference<css::sheet::XCellAddressable> cell(propertiesOf(entry)->getPropertyValue("Anchor"),
                                                            UNO_QUERY);
         if (!cell.is()) return {};
         const css::table::CellAddress address = cell->getCellAddress();
-        return CalcCell{address.Row + 1, address.Column + 1};
+        return excel::CellPosition{address.Row + 1, address.Column + 1};
     });
 }
 
 }  // namespace
 
 CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, std::size_t sheet,
-                                               const CalcCell& cell, const std::string& fileName) {
+                                               const excel::CellPosition& cell, const std::string& fileName) {
     CalcSheet& target = content->sheet(sheet);
     target.checkMayChange("pictures");
     const CalcGraphic graphic = readGraphic(content->connection(), content->files(), fileName);
@@ -123,9 +124,9 @@ excel::MsoShapeType CalcDrawnObject::type() const {
     });
 }
 
-CalcCell CalcDrawnObject::topLeftCell() const {
+excel::CellPosition CalcDrawnObject::topLeftCell() const {
     const css::awt::Point corner = place();
-    const std::optional<CalcCell> anchored = anchorOf(*content_, entry());
+    const std::optional<excel::CellPosition> anchored = anchorOf(*content_, entry());
     if (anchored && holds(*content_, sheet_, *anchored, corner)) return *anchored;
     return cellAt(*content_, sheet_, corner);
 }
@@ -159,7 +160,7 @@ void CalcDrawnObject::setPlace(const css::awt::Point& wanted) const {
 /// A shape moves with the cell to which it was tied, not with the one to which it was moved.
 void CalcDrawnObject::moveTo(const css::awt::Point& wanted) const {
     content_->connection().call([&] { entry().shape->setPosition(wanted); });
-    const CalcCell cell = topLeftCell();
+    const excel::CellPosition cell = topLeftCell();
     if (anchorOf(*content_, entry()) == cell) return;
     content_->connection().call([&] {
         anchor(entry(), content_->sheet(sheet_).cell(cell));

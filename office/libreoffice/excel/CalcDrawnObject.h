@@ -21,13 +21,13 @@ class CalcDrawnObject {
 
     /// Puts a picture at a cell, in its natural size.
     static CalcDrawnObject insertPicture(const CalcContentPtr& content, std::size_t sheet,
-                                         const CalcCell& cell, const std::string& fileName);
+                                         const excel::CellPosition& cell, const std::string& fileName);
 
     [[nodiscard]] const CalcContentPtr& content() const { return content_; }
     [[nodiscard]] std::size_t sheet() const { return sheet_; }
     [[nodiscard]] std::string name() const;
     [[nodiscard]] excel::MsoShapeType type() const;
-    [[nodiscard]] CalcCell topLeftCell() const;
+    [[nodiscard]] excel::CellPosition topLeftCell() const;
     [[nodiscard]] Points left() const { return units().pointsOf(place().X); }
     [[nodiscard]] Points top() const { return pointsOf(place().Y); }
     [[nodiscard]] Points width() const { return units().pointsOf(size().Width); }

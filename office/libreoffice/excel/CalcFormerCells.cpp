@@ -15,10 +15,11 @@ Reference<css::text::XTextRange> textIn(const Reference<css::table::XCell>& cell
 
 }  // namespace
 
-CalcFormerCells::CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet, const CalcArea& area)
+CalcFormerCells::CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet,
+                                 const excel::CellArea& area)
     : cells_(rangeOf(sheet, area)) {
-    for (const CalcArea& filled : filledIn(sheet, area)) {
-        forEachCell(filled, [&](const CalcCell& cell) { read(cellOf(sheet, cell)); });
+    for (const excel::CellArea& filled : filledIn(sheet, area)) {
+        forEachCell(filled, [&](const excel::CellPosition& cell) { read(cellOf(sheet, cell)); });
     }
 }
 

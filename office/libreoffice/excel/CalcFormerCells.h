@@ -1,7 +1,8 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
+#include "office/libreoffice/session/Uno.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/table/XCell.hpp>
@@ -14,7 +15,7 @@ namespace mergeloom::libreoffice {
 class CalcFormerCells {
   public:
     /// Within a call.
-    CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet, const CalcArea& area);
+    CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet, const excel::CellArea& area);
 
     /// Makes the cells hold it again. Within a call.
     void restore() const;

@@ -1,5 +1,6 @@
 #include "office/libreoffice/excel/CalcHosting.h"
 
+#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/excel/CalcWorkbook.h"
 
@@ -23,10 +24,10 @@ Reference<css::frame::XModel> modelOf(CalcWorkbook& workbook) {
 }
 
 /// None when something else than cells is selected.
-std::vector<CalcArea> selectedAreas(const Reference<css::uno::XInterface>& selection) {
+std::vector<excel::CellArea> selectedAreas(const Reference<css::uno::XInterface>& selection) {
     const Reference<css::sheet::XCellRangeAddressable> one(selection, UNO_QUERY);
     if (one.is()) return {areaOf(one->getRangeAddress())};
-    std::vector<CalcArea> areas;
+    std::vector<excel::CellArea> areas;
     const Reference<css::sheet::XSheetCellRanges> several(selection, UNO_QUERY);
     if (!several.is()) return areas;
     for (const css::table::CellRangeAddress& address : several->getRangeAddresses())
@@ -38,7 +39,7 @@ std::vector<CalcArea> selectedAreas(const Reference<css::uno::XInterface>& selec
 void takeSelection(CalcContent& content, const Reference<css::frame::XModel>& model) {
     if (!content.hasActiveCells()) return;
     CalcSheet& sheet = content.sheet(content.activeSheet());
-    std::vector<CalcArea> areas = selectedAreas(model->getCurrentSelection());
+    std::vector<excel::CellArea> areas = selectedAreas(model->getCurrentSelection());
     if (!areas.empty()) sheet.select({sheet.selection().activeCell, std::move(areas)});
 }
 
@@ -46,9 +47,9 @@ void showSelection(CalcContent& content, const Reference<css::frame::XController
     if (!content.hasActiveCells()) return;
     CalcSheet& sheet = content.sheet(content.activeSheet());
     Reference<css::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheet.uno());
-    const std::vector<CalcArea>& areas = sheet.selection().areas;
+    const std::vector<excel::CellArea>& areas = sheet.selection().areas;
     if (areas.size() != 1) return;
-    const CalcArea& area = areas.front();
+    const excel::CellArea& area = areas.front();
     const Reference<css::view::XSelectionSupplier> selection(view, UNO_QUERY_THROW);
     selection->select(css::uno::Any(sheet.range(area)));
     // One cell is the active one and not marked.

@@ -1,5 +1,6 @@
 #include "office/libreoffice/excel/CalcMergedCells.h"
 
+#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/excel/CalcCells.h"
 
 #include <algorithm>
@@ -25,14 +26,14 @@ bool CalcMergedCells::exist() {
     return *exist_;
 }
 
-bool CalcMergedCells::existIn(const CalcArea& area) {
+bool CalcMergedCells::existIn(const excel::CellArea& area) {
     if (!exist()) return false;
     if (extended(area) != area) return true;
     return connection_.call([&] { return isMerged(rangeOf(sheet_, area)); });
 }
 
-CalcArea CalcMergedCells::at(const CalcCell& cell) {
-    const CalcArea single{cell, cell};
+excel::CellArea CalcMergedCells::at(const excel::CellPosition& cell) {
+    const excel::CellArea single{cell, cell};
     if (!exist() || !existInBlock(cell.row)) return single;
     const auto [found, isNew] = known_.try_emplace(cell, single);
     if (isNew) found->second = extended(single);
@@ -43,14 +44,14 @@ bool CalcMergedCells::existInBlock(int row) {
     const int first = (row - 1) / kRowsOfBlock * kRowsOfBlock + 1;
     const auto [found, isNew] = blocks_.try_emplace(first, true);
     if (isNew) {
-        const int last = std::min(kSheetRows, first + kRowsOfBlock - 1);
-        found->second = existIn({{first, 1}, {last, kSheetColumns}});
+        const int last = std::min(excel::kLastRow, first + kRowsOfBlock - 1);
+        found->second = existIn({{first, 1}, {last, excel::kLastColumn}});
     }
     return found->second;
 }
 
 /// The smallest area around this one that cuts no merged cells.
-CalcArea CalcMergedCells::extended(const CalcArea& area) {
+excel::CellArea CalcMergedCells::extended(const excel::CellArea& area) {
     return connection_.call([&] {
         const Reference<css::sheet::XSheetCellRange> cells(rangeOf(sheet_, area), UNO_QUERY_THROW);
         const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(cells));

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
 #include "office/libreoffice/session/OfficeConnection.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <map>
@@ -21,19 +21,19 @@ class CalcMergedCells {
     /// Whether the sheet has any.
     [[nodiscard]] bool exist();
     /// Whether any of the cells is merged.
-    [[nodiscard]] bool existIn(const CalcArea& area);
+    [[nodiscard]] bool existIn(const excel::CellArea& area);
     /// The merged cells that hold the cell; the cell itself where it is not merged.
-    [[nodiscard]] CalcArea at(const CalcCell& cell);
+    [[nodiscard]] excel::CellArea at(const excel::CellPosition& cell);
 
   private:
-    [[nodiscard]] CalcArea extended(const CalcArea& area);
+    [[nodiscard]] excel::CellArea extended(const excel::CellArea& area);
     [[nodiscard]] bool existInBlock(int row);
 
     OfficeConnection& connection_;
     Reference<css::sheet::XSpreadsheet> sheet_;
     std::optional<bool> exist_;
     std::unordered_map<int, bool> blocks_;
-    std::map<CalcCell, CalcArea> known_;
+    std::map<excel::CellPosition, excel::CellArea> known_;
 };
 
 }  // namespace mergeloom::libreoffice

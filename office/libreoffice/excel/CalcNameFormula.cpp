@@ -2,12 +2,12 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/libreoffice/excel/CalcAddress.h"
 
 #include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/sheet/AddressConvention.hpp>
 #include <com/sun/star/sheet/XFormulaTokens.hpp>
-#include <regex>
 
 namespace mergeloom::libreoffice {
 
@@ -30,13 +30,6 @@ Reference<css::sheet::XFormulaParser> makeParser(CalcContent& content) {
     return parser;
 }
 
-/// Whether the formula is nothing but one block of cells without a sheet.
-bool isPlainReference(const std::string& formula) {
-    static const std::regex cells(R"(\$?[A-Za-z]{1,3}\$?[0-9]{1,7}(:\$?[A-Za-z]{1,3}\$?[0-9]{1,7})?)");
-    static const std::regex lines(R"(\$?[A-Za-z]{1,3}:\$?[A-Za-z]{1,3}|\$?[0-9]{1,7}:\$?[0-9]{1,7})");
-    return std::regex_match(formula, cells) || std::regex_match(formula, lines);
-}
-
 [[noreturn]] void refuseFormula(const std::string& formula) {
     throw AutomationError(kApplicationDefined, "'" + formula + "' is no formula.");
 }
@@ -46,7 +39,7 @@ bool isPlainReference(const std::string& formula) {
 CalcNameContent parseNameFormula(CalcContent& content, const std::string& refersToLocal) {
     if (refersToLocal.size() < 2 || refersToLocal.front() != '=') refuseFormula(refersToLocal);
     const std::string formula = refersToLocal.substr(1);
-    if (isPlainReference(formula)) {
+    if (excel::parseArea(formula)) {
         return referenceOnSheet(content.sheet(content.activeSheet()).name(), formula);
     }
     if (findIgnoringAsciiCase(formula, kLostReference) != std::string::npos) return kLostReference;

@@ -1,9 +1,10 @@
 #include "office/libreoffice/excel/CalcNames.h"
 
 #include "base/AutomationError.h"
-#include "base/Text.h"
 #include "office/libreoffice/excel/CalcDefinedName.h"
 #include "office/libreoffice/excel/CalcNameFormula.h"
+#include "office/model/excel/CellAddress.h"
+#include "office/model/excel/DefinedNameRule.h"
 
 #include <com/sun/star/lang/DisposedException.hpp>
 
@@ -11,22 +12,17 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kLongestName{255};
-
 [[noreturn]] void refuseName(const std::string& name) {
     throw AutomationError(kApplicationDefined, "'" + name + "' cannot be the name of cells.");
 }
 
-/// What Calc would take and Excel would not; Calc itself refuses the rest.
-void check(const std::string& name) {
-    const bool isTruth = equalsIgnoringAsciiCase(name, "TRUE") || equalsIgnoringAsciiCase(name, "FALSE");
-    if (name.empty() || isTruth || utf16Length(name) > kLongestName) refuseName(name);
-}
-
 /// The one cell of the active sheet to which a formula leads; none for other formulas.
-std::optional<CalcCell> cellMeantBy(const std::string& refersToLocal) {
+std::optional<excel::CellPosition> cellMeantBy(const std::string& refersToLocal) {
     if (refersToLocal.empty() || refersToLocal.front() != '=') return {};
-    return cellOfAbsoluteAddress(std::string_view(refersToLocal).substr(1));
+    const std::string_view address = std::string_view(refersToLocal).substr(1);
+    const std::optional<excel::CellPosition> cell = excel::parseCell(address);
+    if (!cell || excel::absoluteAddressOf({*cell, *cell}) != address) return {};
+    return cell;
 }
 
 /// What a name stands for until a parsed formula is handed over.
@@ -63,8 +59,9 @@ excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string&
         defined->SetRefersToLocal(refersToLocal);
         return defined;
     }
-    check(name);
-    const std::optional<CalcCell> cell = cellMeantBy(refersToLocal);
+    // Calc takes some names that Excel refuses, and which ones depends on what it did before.
+    if (!excel::isDefinedName(name)) refuseName(name);
+    const std::optional<excel::CellPosition> cell = cellMeantBy(refersToLocal);
     if (!cell || !CalcPending::mayWait(name)) return define(name, refersToLocal);
     const std::size_t sheet = content_->activeSheet();
     content_->touch();

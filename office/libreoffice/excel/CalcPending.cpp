@@ -1,6 +1,7 @@
 #include "office/libreoffice/excel/CalcPending.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/excel/CalcBlocks.h"
 #include "office/libreoffice/excel/CalcCells.h"
 #include "office/libreoffice/excel/CalcFormerCells.h"
@@ -23,23 +24,24 @@ constexpr std::size_t kLongestWaitingName = 255;
 
 /// Writes a rectangle of texts in one call. Within a call.
 template <typename TextOf>
-void write(const Reference<css::sheet::XSpreadsheet>& sheet, const CalcArea& area, const TextOf& textOf) {
+void write(const Reference<css::sheet::XSpreadsheet>& sheet, const excel::CellArea& area,
+           const TextOf& textOf) {
     css::uno::Sequence<css::uno::Sequence<css::uno::Any>> rows(area.rows());
     css::uno::Sequence<css::uno::Any>* const row = rows.getArray();
     for (int index = 0; index < area.rows(); ++index)
         row[index].realloc(area.columns());
-    forEachCell(area, [&](const CalcCell& cell) {
+    forEachCell(area, [&](const excel::CellPosition& cell) {
         css::uno::Any* const values = row[cell.row - area.first.row].getArray();
         values[cell.column - area.first.column] <<= toUno(textOf(cell));
     });
     Reference<css::sheet::XCellRangeData>(rangeOf(sheet, area), UNO_QUERY_THROW)->setDataArray(rows);
 }
 
-CalcCell leftOf(const CalcCell& cell) {
+excel::CellPosition leftOf(const excel::CellPosition& cell) {
     return {cell.row, cell.column - 1};
 }
 
-css::table::CellRangeAddress addressOf(std::size_t sheet, const CalcArea& area) {
+css::table::CellRangeAddress addressOf(std::size_t sheet, const excel::CellArea& area) {
     return {static_cast<sal_Int16>(sheet), area.first.column - 1, area.first.row - 1, area.last.column - 1,
             area.last.row - 1};
 }
@@ -58,7 +60,7 @@ void CalcPending::addSheet(const Reference<css::sheet::XSpreadsheet>& cells, con
     sheets_.push_back({cells, name, {}, {}});
 }
 
-void CalcPending::setText(std::size_t index, const CalcCell& cell, const std::string& text) {
+void CalcPending::setText(std::size_t index, const excel::CellPosition& cell, const std::string& text) {
     auto& texts = sheets_.at(index).texts;
     const auto found = texts.find(cell);
     if (found == texts.end()) {
@@ -78,7 +80,7 @@ bool CalcPending::mayWait(const std::string& name) {
            std::ranges::all_of(name, isOfName);
 }
 
-void CalcPending::addName(std::size_t index, const CalcCell& cell, const std::string& name) {
+void CalcPending::addName(std::size_t index, const excel::CellPosition& cell, const std::string& name) {
     undo_.keep([this, index, name] {
         std::erase_if(sheets_[index].names, [&](const Name& other) { return other.name == name; });
     });
@@ -95,8 +97,9 @@ void CalcPending::settle() {
             const auto texts = std::exchange(sheets_[index].texts, {});
             keepFormer(index, texts);
             defineNames(index, std::exchange(sheets_[index].names, {}), texts);
-            for (const CalcArea& block : blocksOf(texts))
-                write(sheets_[index].cells, block, [&](const CalcCell& cell) { return texts.at(cell); });
+            for (const excel::CellArea& block : blocksOf(texts))
+                write(sheets_[index].cells, block,
+                      [&](const excel::CellPosition& cell) { return texts.at(cell); });
         }
     });
 }
@@ -105,7 +108,7 @@ void CalcPending::settle() {
 void CalcPending::keepFormer(std::size_t index, const Texts& texts) {
     if (!undo_.mayTakeBack() || texts.empty()) return;
     std::vector<CalcFormerCells> former;
-    for (const CalcArea& block : blocksOf(texts))
+    for (const excel::CellArea& block : blocksOf(texts))
         former.emplace_back(sheets_[index].cells, block);
     undo_.keepLater([this, index, texts, former = std::move(former)] {
         connection_.call([&] { std::ranges::for_each(former, &CalcFormerCells::restore); });
@@ -120,7 +123,8 @@ void CalcPending::defineNames(std::size_t index, std::vector<Name> names, const 
     std::ranges::stable_sort(names, {}, byColumn);
     for (auto first = names.cbegin(); first != names.cend();) {
         auto last = first + 1;
-        while (last != names.cend() && last->cell == CalcCell{(last - 1)->cell.row + 1, first->cell.column})
+        while (last != names.cend() &&
+               last->cell == excel::CellPosition{(last - 1)->cell.row + 1, first->cell.column})
             ++last;
         const bool haveTitles =
             std::all_of(first, last, [&](const Name& name) { return texts.contains(leftOf(name.cell)); });
@@ -135,10 +139,10 @@ void CalcPending::defineNames(std::size_t index, std::vector<Name> names, const 
 
 /// Calc makes names of titles beside the cells, going through its names but once.
 void CalcPending::defineBesideTitles(std::size_t index, const std::vector<Name>& names) {
-    const CalcArea titles{leftOf(names.front().cell), leftOf(names.back().cell)};
+    const excel::CellArea titles{leftOf(names.front().cell), leftOf(names.back().cell)};
     const Reference<css::container::XIndexAccess> defined(names_, UNO_QUERY_THROW);
     const auto expected = defined->getCount() + static_cast<sal_Int32>(names.size());
-    write(sheets_[index].cells, titles, [&](const CalcCell& cell) {
+    write(sheets_[index].cells, titles, [&](const excel::CellPosition& cell) {
         return names[static_cast<std::size_t>(cell.row - titles.first.row)].name;
     });
     names_->addNewFromTitles(addressOf(index, {titles.first, names.back().cell}), css::sheet::Border_LEFT);
@@ -150,7 +154,7 @@ void CalcPending::defineBesideTitles(std::size_t index, const std::vector<Name>&
 
 void CalcPending::defineOne(std::size_t index, const Name& name) {
     const std::string reference =
-        referenceOnSheet(sheets_[index].name, absoluteAddressOf({name.cell, name.cell}));
+        referenceOnSheet(sheets_[index].name, excel::absoluteAddressOf({name.cell, name.cell}));
     names_->addNewByName(toUno(name.name), toUno(reference), {}, 0);
     keepDefined(index, name);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
 #include "office/libreoffice/excel/CalcUndo.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
@@ -26,21 +26,21 @@ class CalcPending {
     void setNames(const Reference<css::sheet::XNamedRanges>& names) { names_ = names; }
 
     /// The cell takes texts. A recorded step takes it back.
-    void setText(std::size_t sheet, const CalcCell& cell, const std::string& text);
+    void setText(std::size_t sheet, const excel::CellPosition& cell, const std::string& text);
     /// Whether the name is one that may wait: one that Calc is certain to accept as it stands.
     [[nodiscard]] static bool mayWait(const std::string& name);
     /// The name may wait and is free. A recorded step takes it back.
-    void addName(std::size_t sheet, const CalcCell& cell, const std::string& name);
+    void addName(std::size_t sheet, const excel::CellPosition& cell, const std::string& name);
 
     /// Hands over what waits. No change of its own: steps can be taken back afterwards as before.
     void settle();
 
   private:
     struct Name {
-        CalcCell cell;
+        excel::CellPosition cell;
         std::string name;
     };
-    using Texts = std::map<CalcCell, std::string>;
+    using Texts = std::map<excel::CellPosition, std::string>;
     struct Sheet {
         Reference<css::sheet::XSpreadsheet> cells;
         std::string name;

@@ -16,7 +16,7 @@ class CalcPictures final : public excel::Pictures {
 
     excel::PicturePtr Insert(const std::string& fileName) override {
         CalcSheet& sheet = content_->sheet(sheet_);
-        const CalcCell cell = sheet.merged().at(sheet.selection().activeCell).first;
+        const excel::CellPosition cell = sheet.merged().at(sheet.selection().activeCell).first;
         return std::make_shared<CalcPicture>(
             CalcDrawnObject::insertPicture(content_, sheet_, cell, fileName));
     }

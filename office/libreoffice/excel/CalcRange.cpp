@@ -25,21 +25,21 @@ class CalcRows final : public excel::Counted {
 /// The sum of two numbers that may come from a caller's mistake.
 int sum(int a, int b) {
     return static_cast<int>(
-        std::clamp<std::int64_t>(std::int64_t{a} + b, -kSheetRows, std::int64_t{2} * kSheetRows));
+        std::clamp<std::int64_t>(std::int64_t{a} + b, -excel::kLastRow, std::int64_t{2} * excel::kLastRow));
 }
 
-CalcArea areaFrom(const CalcCell& first, int rows, int columns) {
+excel::CellArea areaFrom(const excel::CellPosition& first, int rows, int columns) {
     return {first, {sum(first.row, rows - 1), sum(first.column, columns - 1)}};
 }
 
 }  // namespace
 
-excel::RangePtr calcRangeOf(const CalcContentPtr& content, std::size_t sheet, const CalcArea& area) {
+excel::RangePtr calcRangeOf(const CalcContentPtr& content, std::size_t sheet, const excel::CellArea& area) {
     if (!isInSheet(area)) throw AutomationError(kApplicationDefined, "The sheet has no such cells.");
     return std::make_shared<CalcRange>(content, sheet, area);
 }
 
-excel::RangePtr CalcRange::block(const CalcArea& area) const {
+excel::RangePtr CalcRange::block(const excel::CellArea& area) const {
     return calcRangeOf(content_, sheet_, area);
 }
 
@@ -56,7 +56,8 @@ excel::ColumnsPtr CalcRange::Columns() {
 }
 
 excel::RangePtr CalcRange::Cells(int row, int column) {
-    const CalcCell cell{sum(area_.first.row, sum(row, -1)), sum(area_.first.column, sum(column, -1))};
+    const excel::CellPosition cell{sum(area_.first.row, sum(row, -1)),
+                                   sum(area_.first.column, sum(column, -1))};
     return block({cell, cell});
 }
 
@@ -65,7 +66,7 @@ excel::RangePtr CalcRange::Resize(int rowSize, int columnSize) {
 }
 
 excel::RangePtr CalcRange::Offset(int rowOffset, int columnOffset) {
-    const CalcCell first{sum(area_.first.row, rowOffset), sum(area_.first.column, columnOffset)};
+    const excel::CellPosition first{sum(area_.first.row, rowOffset), sum(area_.first.column, columnOffset)};
     return block(areaFrom(first, area_.rows(), area_.columns()));
 }
 
@@ -88,9 +89,9 @@ void CalcRange::Select() {
 
 void CalcRange::Activate() {
     content_->activate(sheet_);
-    const CalcArea merged = sheet().merged().at(area_.first);
+    const excel::CellArea merged = sheet().merged().at(area_.first);
     CalcSelectedCells selection = sheet().selection();
-    const auto holdsCell = [&](const CalcArea& area) { return area.contains(merged.first); };
+    const auto holdsCell = [&](const excel::CellArea& area) { return area.contains(merged.first); };
     if (!std::ranges::any_of(selection.areas, holdsCell)) selection.areas = {merged};
     selection.activeCell = merged.first;
     content_->select(sheet_, selection);

@@ -12,7 +12,7 @@ namespace mergeloom::libreoffice {
 class CalcRange final : public excel::Range {
   public:
     /// The area lies in the sheet.
-    CalcRange(CalcContentPtr content, std::size_t sheet, const CalcArea& area)
+    CalcRange(CalcContentPtr content, std::size_t sheet, const excel::CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
 
     excel::WorksheetPtr Worksheet() override;
@@ -46,14 +46,14 @@ class CalcRange final : public excel::Range {
 
   private:
     [[nodiscard]] CalcSheet& sheet() const { return content_->sheet(sheet_); }
-    [[nodiscard]] excel::RangePtr block(const CalcArea& area) const;
+    [[nodiscard]] excel::RangePtr block(const excel::CellArea& area) const;
 
     CalcContentPtr content_;
     std::size_t sheet_;
-    CalcArea area_;
+    excel::CellArea area_;
 };
 
 /// Raises kApplicationDefined for an area that leads out of the sheet.
-excel::RangePtr calcRangeOf(const CalcContentPtr& content, std::size_t sheet, const CalcArea& area);
+excel::RangePtr calcRangeOf(const CalcContentPtr& content, std::size_t sheet, const excel::CellArea& area);
 
 }  // namespace mergeloom::libreoffice

@@ -17,7 +17,7 @@ class CalcSelection final : public excel::Selection {
 
     std::string TypeName() override { return "Range"; }
     void SetValue2(const std::string& text) override {
-        for (const CalcArea& area : content_->sheet(sheet_).selection().areas)
+        for (const excel::CellArea& area : content_->sheet(sheet_).selection().areas)
             fill(*content_, sheet_, area, text);
     }
 

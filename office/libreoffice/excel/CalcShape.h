@@ -16,7 +16,7 @@ class CalcShape final : public excel::Shape {
     std::string Name() override { return object_.name(); }
     excel::MsoShapeType Type() override { return object_.type(); }
     excel::RangePtr TopLeftCell() override {
-        const CalcCell cell = object_.topLeftCell();
+        const excel::CellPosition cell = object_.topLeftCell();
         return calcRangeOf(object_.content(), object_.sheet(), {cell, cell});
     }
     Points Left() override { return object_.left(); }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
 #include "office/libreoffice/session/OfficeConnection.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/drawing/XShape.hpp>

@@ -1,6 +1,7 @@
 #include "office/libreoffice/excel/CalcSheet.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -26,20 +27,20 @@ namespace {
     throw AutomationError(kApplicationDefined, sentence);
 }
 
-CalcArea addressOf(const Reference<css::uno::XInterface>& range) {
+excel::CellArea addressOf(const Reference<css::uno::XInterface>& range) {
     return areaOf(Reference<css::sheet::XCellRangeAddressable>(range, UNO_QUERY_THROW)->getRangeAddress());
 }
 
-bool touches(const std::vector<CalcArea>& areas, const CalcArea& area) {
-    return std::ranges::any_of(areas,
-                               [&](const CalcArea& other) { return intersection(other, area).has_value(); });
+bool touches(const std::vector<excel::CellArea>& areas, const excel::CellArea& area) {
+    return std::ranges::any_of(
+        areas, [&](const excel::CellArea& other) { return intersection(other, area).has_value(); });
 }
 
 }  // namespace
 
 CalcSheet::CalcSheet(OfficeConnection& connection, CalcPending& pending,
                      const Reference<css::sheet::XSpreadsheet>& sheet, std::string name,
-                     const CalcCell& activeCell)
+                     const excel::CellPosition& activeCell)
     : connection_(connection),
       pending_(pending),
       sheet_(sheet),
@@ -72,7 +73,7 @@ void CalcSheet::checkMayChange(const char* what) {
         refuseChange("The sheet '" + name_ + "' is protected: its " + what + " cannot be changed.");
 }
 
-void CalcSheet::checkMayWrite(const CalcArea& area) {
+void CalcSheet::checkMayWrite(const excel::CellArea& area) {
     const bool isOne = area.first == area.last;
     const std::string what =
         (isOne ? "The cell " : "A cell of ") + absoluteAddressOf(area) + " of the sheet '" + name_ + "' ";
@@ -84,18 +85,18 @@ void CalcSheet::checkMayWrite(const CalcArea& area) {
     if (hasPivotTable(area)) refuseChange(what + "is part of a pivot table.");
 }
 
-Reference<css::table::XCell> CalcSheet::cell(const CalcCell& cell) const {
+Reference<css::table::XCell> CalcSheet::cell(const excel::CellPosition& cell) const {
     pending_.settle();
     return cellOf(sheet_, cell);
 }
 
-Reference<css::table::XCellRange> CalcSheet::range(const CalcArea& area) const {
+Reference<css::table::XCellRange> CalcSheet::range(const excel::CellArea& area) const {
     pending_.settle();
     return rangeOf(sheet_, area);
 }
 
 /// Of cells that differ UNO says nothing; then one of them is locked.
-bool CalcSheet::isLocked(const CalcArea& area) {
+bool CalcSheet::isLocked(const excel::CellArea& area) {
     return connection_.call([&] {
         const Reference<css::beans::XPropertySet> properties(rangeOf(sheet_, area), UNO_QUERY_THROW);
         css::util::CellProtection protection;
@@ -105,14 +106,14 @@ bool CalcSheet::isLocked(const CalcArea& area) {
     });
 }
 
-bool CalcSheet::hasArray(const CalcArea& area) {
-    for (const CalcArea& formula : formulas()) {
-        const std::optional<CalcArea> common = intersection(formula, area);
+bool CalcSheet::hasArray(const excel::CellArea& area) {
+    for (const excel::CellArea& formula : formulas()) {
+        const std::optional<excel::CellArea> common = intersection(formula, area);
         if (!common) continue;
         // Where several formulas stand side by side the cursor finds the array of the first cell only.
-        for (CalcCell cell = common->first; cell.row <= common->last.row; ++cell.row) {
+        for (excel::CellPosition cell = common->first; cell.row <= common->last.row; ++cell.row) {
             for (cell.column = common->first.column; cell.column <= common->last.column; ++cell.column) {
-                const CalcArea array = connection_.call([&] {
+                const excel::CellArea array = connection_.call([&] {
                     const Reference<css::sheet::XSheetCellRange> start(rangeOf(sheet_, {cell, cell}),
                                                                        UNO_QUERY_THROW);
                     const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(start));
@@ -126,12 +127,12 @@ bool CalcSheet::hasArray(const CalcArea& area) {
     return false;
 }
 
-bool CalcSheet::hasPivotTable(const CalcArea& area) {
+bool CalcSheet::hasPivotTable(const excel::CellArea& area) {
     return touches(pivotTables(), area);
 }
 
 /// Cells that hold formulas become fewer only, as nothing here writes one.
-const std::vector<CalcArea>& CalcSheet::formulas() {
+const std::vector<excel::CellArea>& CalcSheet::formulas() {
     if (formulas_) return *formulas_;
     formulas_.emplace();
     const auto addresses = connection_.call([&] {
@@ -143,7 +144,7 @@ const std::vector<CalcArea>& CalcSheet::formulas() {
     return *formulas_;
 }
 
-const std::vector<CalcArea>& CalcSheet::pivotTables() {
+const std::vector<excel::CellArea>& CalcSheet::pivotTables() {
     if (pivotTables_) return *pivotTables_;
     pivotTables_.emplace();
     connection_.call([&] {

@@ -16,8 +16,8 @@ namespace mergeloom::libreoffice {
 
 /// What is selected in a sheet.
 struct CalcSelectedCells {
-    CalcCell activeCell;
-    std::vector<CalcArea> areas{{}};
+    excel::CellPosition activeCell;
+    std::vector<excel::CellArea> areas{{}};
 
     friend bool operator==(const CalcSelectedCells&, const CalcSelectedCells&) = default;
 };
@@ -27,7 +27,8 @@ struct CalcSelectedCells {
 class CalcSheet {
   public:
     CalcSheet(OfficeConnection& connection, CalcPending& pending,
-              const Reference<css::sheet::XSpreadsheet>& sheet, std::string name, const CalcCell& activeCell);
+              const Reference<css::sheet::XSpreadsheet>& sheet, std::string name,
+              const excel::CellPosition& activeCell);
 
     [[nodiscard]] const Reference<css::sheet::XSpreadsheet>& uno() const { return sheet_; }
     [[nodiscard]] const std::string& name() const { return name_; }
@@ -47,18 +48,18 @@ class CalcSheet {
     /// Raises kApplicationDefined with a sentence when the sheet is protected.
     void checkMayChange(const char* what);
     /// Raises kApplicationDefined, with a sentence that says why, for cells that take no text.
-    void checkMayWrite(const CalcArea& area);
+    void checkMayWrite(const excel::CellArea& area);
 
     /// Cells as they are when nothing waits any more. Within a call.
-    [[nodiscard]] Reference<css::table::XCell> cell(const CalcCell& cell) const;
-    [[nodiscard]] Reference<css::table::XCellRange> range(const CalcArea& area) const;
+    [[nodiscard]] Reference<css::table::XCell> cell(const excel::CellPosition& cell) const;
+    [[nodiscard]] Reference<css::table::XCellRange> range(const excel::CellArea& area) const;
 
   private:
-    [[nodiscard]] bool isLocked(const CalcArea& area);
-    [[nodiscard]] bool hasArray(const CalcArea& area);
-    [[nodiscard]] bool hasPivotTable(const CalcArea& area);
-    [[nodiscard]] const std::vector<CalcArea>& formulas();
-    [[nodiscard]] const std::vector<CalcArea>& pivotTables();
+    [[nodiscard]] bool isLocked(const excel::CellArea& area);
+    [[nodiscard]] bool hasArray(const excel::CellArea& area);
+    [[nodiscard]] bool hasPivotTable(const excel::CellArea& area);
+    [[nodiscard]] const std::vector<excel::CellArea>& formulas();
+    [[nodiscard]] const std::vector<excel::CellArea>& pivotTables();
 
     OfficeConnection& connection_;
     CalcPending& pending_;
@@ -69,8 +70,8 @@ class CalcSheet {
     CalcMergedCells merged_;
     std::optional<CalcShapeTable> shapes_;
     std::optional<bool> isProtected_;
-    std::optional<std::vector<CalcArea>> formulas_;
-    std::optional<std::vector<CalcArea>> pivotTables_;
+    std::optional<std::vector<excel::CellArea>> formulas_;
+    std::optional<std::vector<excel::CellArea>> pivotTables_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -15,12 +15,12 @@ namespace {
 
 using Properties = Reference<css::beans::XPropertySet>;
 
-Properties columnsOf(const CalcSheet& sheet, const CalcArea& area) {
+Properties columnsOf(const CalcSheet& sheet, const excel::CellArea& area) {
     const Reference<css::table::XColumnRowRange> range(sheet.range(area), UNO_QUERY_THROW);
     return {range->getColumns(), UNO_QUERY_THROW};
 }
 
-Properties rowsOf(const CalcSheet& sheet, const CalcArea& area) {
+Properties rowsOf(const CalcSheet& sheet, const excel::CellArea& area) {
     const Reference<css::table::XColumnRowRange> range(sheet.range(area), UNO_QUERY_THROW);
     return {range->getRows(), UNO_QUERY_THROW};
 }
@@ -78,7 +78,7 @@ void change(CalcContent& content, const Properties& lines, const char* name, sal
 }
 
 template <typename Structure>
-Structure valueIn(CalcContent& content, std::size_t sheet, const CalcArea& area, const char* name) {
+Structure valueIn(CalcContent& content, std::size_t sheet, const excel::CellArea& area, const char* name) {
     return content.connection().call([&] {
         const Properties properties(content.sheet(sheet).range(area), UNO_QUERY_THROW);
         return properties->getPropertyValue(OUString::createFromAscii(name)).get<Structure>();
@@ -98,7 +98,7 @@ Points rowHeight(CalcContent& content, std::size_t sheet, int row) {
     return pointsOf(blockSize(content, sheet, {{row, 1}, {row, 1}}).Height);
 }
 
-void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& area, ColumnWidth width) {
+void setColumnWidth(CalcContent& content, std::size_t index, const excel::CellArea& area, ColumnWidth width) {
     CalcSheet& sheet = content.sheet(index);
     sheet.checkMayChange("columns");
     if (width < ColumnWidth{0} || width > excel::kWidestColumn)
@@ -108,7 +108,7 @@ void setColumnWidth(CalcContent& content, std::size_t index, const CalcArea& are
     change(content, columns, "Width", content.columnUnits().lengthOf(pixels));
 }
 
-void setRowHeight(CalcContent& content, std::size_t index, const CalcArea& area, Points height) {
+void setRowHeight(CalcContent& content, std::size_t index, const excel::CellArea& area, Points height) {
     CalcSheet& sheet = content.sheet(index);
     sheet.checkMayChange("rows");
     if (height < Points{0} || height > excel::kHighestRow) refuseSize("A row cannot have that height.");
@@ -116,11 +116,11 @@ void setRowHeight(CalcContent& content, std::size_t index, const CalcArea& area,
     change(content, rows, "Height", lengthOfPixels(pixelsOf(height)));
 }
 
-css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const CalcCell& cell) {
+css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const excel::CellPosition& cell) {
     return valueIn<css::awt::Point>(content, sheet, {cell, cell}, "Position");
 }
 
-css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const CalcArea& area) {
+css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const excel::CellArea& area) {
     // What is hidden keeps the thickness of a twip.
     constexpr sal_Int32 kTwip = 2;
     css::awt::Size size = valueIn<css::awt::Size>(content, sheet, area, "Size");

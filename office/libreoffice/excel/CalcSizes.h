@@ -14,13 +14,13 @@ ColumnWidth columnWidth(CalcContent& content, std::size_t sheet, int column);
 Points rowHeight(CalcContent& content, std::size_t sheet, int row);
 /// Rounded to whole pixels. These raise kApplicationDefined for a protected sheet and for sizes that a column
 /// or row cannot have.
-void setColumnWidth(CalcContent& content, std::size_t sheet, const CalcArea& area, ColumnWidth width);
-void setRowHeight(CalcContent& content, std::size_t sheet, const CalcArea& area, Points height);
+void setColumnWidth(CalcContent& content, std::size_t sheet, const excel::CellArea& area, ColumnWidth width);
+void setRowHeight(CalcContent& content, std::size_t sheet, const excel::CellArea& area, Points height);
 /// Makes each column as wide as the widest text of the area's cells in it; an empty one stays.
-void fitColumns(CalcContent& content, std::size_t sheet, const CalcArea& area);
+void fitColumns(CalcContent& content, std::size_t sheet, const excel::CellArea& area);
 
 /// In UNO's unit.
-css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const CalcCell& cell);
-css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const CalcArea& area);
+css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const excel::CellPosition& cell);
+css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const excel::CellArea& area);
 
 }  // namespace mergeloom::libreoffice

@@ -20,7 +20,7 @@ namespace {
 
 constexpr CharacterCount kLongestCellText{32767};
 /// A whole column may be filled; a whole sheet fits in no memory.
-constexpr std::int64_t kMostCellsFilled = kSheetRows;
+constexpr std::int64_t kMostCellsFilled = excel::kLastRow;
 /// How many cells go over the line at once.
 constexpr std::int64_t kCellsAtOnce = 20'000;
 
@@ -41,7 +41,7 @@ bool isNumber(const Reference<css::table::XCell>& cell,
     return result == css::sheet::FormulaResult::VALUE;
 }
 
-void setBlock(const CalcSheet& sheet, const CalcArea& area, const std::string& text) {
+void setBlock(const CalcSheet& sheet, const excel::CellArea& area, const std::string& text) {
     const css::uno::Any value(toUno(text));
     css::uno::Sequence<css::uno::Any> row(area.columns());
     std::fill_n(row.getArray(), area.columns(), value);
@@ -51,7 +51,7 @@ void setBlock(const CalcSheet& sheet, const CalcArea& area, const std::string& t
 }
 
 /// Keeps what the cells of an area hold for the step that is being recorded.
-void keepCells(CalcContent& content, const CalcSheet& sheet, const CalcArea& area) {
+void keepCells(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area) {
     if (!content.undo().isRecording()) return;
     const CalcFormerCells former =
         content.connection().call([&] { return CalcFormerCells(sheet.uno(), area); });
@@ -59,18 +59,18 @@ void keepCells(CalcContent& content, const CalcSheet& sheet, const CalcArea& are
         [&connection = content.connection(), former] { connection.call([&] { former.restore(); }); });
 }
 
-void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const CalcArea& area,
+void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area,
                   const std::string& text) {
     content.pending().settle();
     keepCells(content, sheet, area);
     const int height = static_cast<int>(std::max<std::int64_t>(1, kCellsAtOnce / area.columns()));
-    for (CalcArea block = area; block.first.row <= area.last.row; block.first.row += height) {
+    for (excel::CellArea block = area; block.first.row <= area.last.row; block.first.row += height) {
         block.last.row = std::min(area.last.row, block.first.row + height - 1);
         content.connection().call([&] { setBlock(sheet, block, text); });
     }
 }
 
-void check(CalcSheet& sheet, const CalcArea& area, const std::string& text) {
+void check(CalcSheet& sheet, const excel::CellArea& area, const std::string& text) {
     if (utf16Length(text) > kLongestCellText)
         throw AutomationError(kApplicationDefined, "A cell cannot hold a text of that length.");
     if (std::int64_t{area.rows()} * area.columns() > kMostCellsFilled) {
@@ -82,7 +82,7 @@ void check(CalcSheet& sheet, const CalcArea& area, const std::string& text) {
 
 }  // namespace
 
-std::string textOf(CalcContent& content, std::size_t sheet, const CalcCell& position) {
+std::string textOf(CalcContent& content, std::size_t sheet, const excel::CellPosition& position) {
     return content.connection().call([&]() -> std::string {
         const Reference<css::table::XCell> cell = content.sheet(sheet).cell(position);
         if (cell->getType() == css::table::CellContentType_EMPTY) return {};
@@ -98,12 +98,12 @@ std::string textOf(CalcContent& content, std::size_t sheet, const CalcCell& posi
     });
 }
 
-void fill(CalcContent& content, std::size_t index, const CalcArea& area, const std::string& text) {
+void fill(CalcContent& content, std::size_t index, const excel::CellArea& area, const std::string& text) {
     CalcSheet& sheet = content.sheet(index);
     check(sheet, area, text);
     content.touch();
     if (area.first != area.last && !sheet.merged().exist()) return fillInBlocks(content, sheet, area, text);
-    forEachCell(area, [&](const CalcCell& cell) {
+    forEachCell(area, [&](const excel::CellPosition& cell) {
         // What others cover keeps what it holds.
         if (sheet.merged().at(cell).first == cell) content.pending().setText(index, cell, text);
     });

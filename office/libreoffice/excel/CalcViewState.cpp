@@ -18,12 +18,12 @@ int numberOf(std::string_view text) {
     return number;
 }
 
-CalcCell cursorOf(std::string_view text) {
+excel::CellPosition cursorOf(std::string_view text) {
     // Where numbers are large, the office separates them by "+" instead.
     const auto parts = split(text, text.find('/') == std::string_view::npos ? '+' : '/');
     if (parts.size() < 2) return {};
-    const CalcCell cell{numberOf(parts[1]) + 1, numberOf(parts[0]) + 1};
-    return isInSheet({cell, cell}) ? cell : CalcCell{};
+    const excel::CellPosition cell{numberOf(parts[1]) + 1, numberOf(parts[0]) + 1};
+    return excel::isInSheet({cell, cell}) ? cell : excel::CellPosition{};
 }
 
 }  // namespace

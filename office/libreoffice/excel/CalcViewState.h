@@ -1,6 +1,7 @@
 #pragma once
 
-#include "office/libreoffice/excel/CalcArea.h"
+#include "office/libreoffice/session/Uno.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/frame/XController.hpp>
 #include <cstddef>
@@ -12,10 +13,10 @@ namespace mergeloom::libreoffice {
 /// Where a document's view stands when it comes up.
 struct CalcViewState {
     std::size_t activeSheet = 0;
-    std::vector<CalcCell> activeCells;  ///< of the first sheets; A1 in all others
+    std::vector<excel::CellPosition> activeCells;  ///< of the first sheets; A1 in all others
 
-    [[nodiscard]] CalcCell cellOf(std::size_t sheet) const {
-        return sheet < activeCells.size() ? activeCells[sheet] : CalcCell{};
+    [[nodiscard]] excel::CellPosition cellOf(std::size_t sheet) const {
+        return sheet < activeCells.size() ? activeCells[sheet] : excel::CellPosition{};
     }
 };
 

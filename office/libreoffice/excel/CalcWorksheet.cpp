@@ -1,7 +1,7 @@
 #include "office/libreoffice/excel/CalcWorksheet.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcArea.h"
+#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/excel/CalcPictures.h"
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcShapes.h"
@@ -18,14 +18,14 @@ excel::RangePtr CalcWorksheet::Cells(int row, int column) {
 }
 
 excel::RangePtr CalcWorksheet::Range(const std::string& address) {
-    const std::optional<CalcCell> cell = cellOfAddress(address);
+    const std::optional<excel::CellPosition> cell = excel::parseCell(address);
     if (!cell) throw AutomationError(kApplicationDefined, "'" + address + "' is no address of a cell.");
     return calcRangeOf(content_, sheet_, {*cell, *cell});
 }
 
 excel::RangePtr CalcWorksheet::UsedRange() {
     content_->pending().settle();
-    const CalcArea used = content_->connection().call([&] {
+    const excel::CellArea used = content_->connection().call([&] {
         const auto cursor = content_->sheet(sheet_).uno()->createCursor();
         const Reference<css::sheet::XUsedAreaCursor> usedArea(cursor, UNO_QUERY_THROW);
         usedArea->gotoStartOfUsedArea(false);

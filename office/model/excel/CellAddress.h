@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Cells and blocks of cells as SpreadsheetML writes them (ECMA-376 Part 1, 18.18.7, 18.18.62, 18.18.76).
-namespace mergeloom::embedded {
+namespace mergeloom::excel {
 
 inline constexpr int kLastRow = 1048576;
 inline constexpr int kLastColumn = 16384;
@@ -55,4 +55,4 @@ std::optional<CellArea> parseArea(std::string_view text);
 /// Reads a list of areas with blanks between them (ST_Sqref); what is no area is left out.
 std::vector<CellArea> parseAreas(std::string_view text);
 
-}  // namespace mergeloom::embedded
+}  // namespace mergeloom::excel

@@ -1,11 +1,11 @@
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include "base/Text.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace mergeloom::embedded {
+namespace mergeloom::excel {
 
 namespace {
 
@@ -146,4 +146,4 @@ std::vector<CellArea> parseAreas(std::string_view text) {
     return areas;
 }
 
-}  // namespace mergeloom::embedded
+}  // namespace mergeloom::excel

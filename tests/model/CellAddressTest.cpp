@@ -1,9 +1,9 @@
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace mergeloom::embedded {
+namespace mergeloom::excel {
 namespace {
 
 TEST(CellAddress, ReadsAndWritesCells) {
@@ -66,4 +66,4 @@ TEST(CellAddress, AreasMeetWhereBothHaveCells) {
 }
 
 }  // namespace
-}  // namespace mergeloom::embedded
+}  // namespace mergeloom::excel

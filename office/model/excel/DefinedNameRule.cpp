@@ -1,11 +1,11 @@
-#include "office/embedded/sheet/DefinedNameRule.h"
+#include "office/model/excel/DefinedNameRule.h"
 
 #include "base/Text.h"
-#include "office/embedded/sheet/CellAddress.h"
+#include "office/model/excel/CellAddress.h"
 
 #include <string_view>
 
-namespace mergeloom::embedded {
+namespace mergeloom::excel {
 
 namespace {
 
@@ -54,4 +54,4 @@ bool isDefinedName(const std::string& text) {
     return !parseCell(text) && !isRowColumnNotation(text) && !isTruthValue(text);
 }
 
-}  // namespace mergeloom::embedded
+}  // namespace mergeloom::excel
