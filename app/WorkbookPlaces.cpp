@@ -1,10 +1,10 @@
 #include "app/Places.h"
-#include "base/Text.h"
 #include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Shape.h"
 #include "office/model/excel/Shapes.h"
+#include "office/model/excel/SheetReference.h"
 #include "office/model/excel/Worksheet.h"
 #include "office/model/excel/Worksheets.h"
 
@@ -37,21 +37,10 @@ Place placeOf(excel::DefinedName& name) {
     return {name.Name(), "name", formula.substr(1), cells->Value(), locationOf(*cells, formula)};
 }
 
-/// Returns a sheet's name as formulas write it: in apostrophes unless it is a plain word.
-std::string writtenSheet(const std::string& sheet) {
-    std::string_view rest = sheet;
-    bool isPlain = !isDigit(firstCodePoint(rest));
-    while (isPlain && !rest.empty()) {
-        const char32_t character = takeCodePoint(rest);
-        isPlain = isNameLetter(character) || isDigit(character) || character == U'_';
-    }
-    return isPlain ? sheet : "'" + replaceAll(sheet, "'", "''") + "'";
-}
-
 Place placeOf(excel::Shape& picture) {
     const excel::RangePtr cell = picture.TopLeftCell();
     CellLocation location = locationOf(*cell, {});
-    const std::string where = writtenSheet(location.sheet) + "!" + cell->AddressLocal();
+    const std::string where = excel::writtenSheetName(location.sheet) + "!" + cell->AddressLocal();
     return {picture.Name(), "picture", where, {}, std::move(location)};
 }
 

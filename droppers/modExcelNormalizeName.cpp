@@ -1,17 +1,12 @@
 #include "droppers/modExcelNormalizeName.h"
 
 #include "droppers/NameRule.h"
+#include "office/model/excel/DefinedNameRule.h"
 
 namespace mergeloom {
 
-namespace {
-
-constexpr CharacterCount kLongestRangeName{255};
-
-}  // namespace
-
 std::string ExcelNormalizeName(std::string_view rstrName, bool vfAppendT) {
-    return normalizedName(nameToNormalize(rstrName, vfAppendT), kLongestRangeName);
+    return normalizedName(nameToNormalize(rstrName, vfAppendT), excel::kMaxDefinedName);
 }
 
 }  // namespace mergeloom

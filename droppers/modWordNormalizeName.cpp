@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "droppers/BookmarkNames.h"
 #include "droppers/NameRule.h"
+#include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
 
@@ -10,7 +11,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr CharacterCount kLongestBookmarkName{40};
 constexpr CharacterCount kLongestScannedName{255};
 
 /// The counters that the name of a further place may end in.
@@ -36,7 +36,7 @@ bool matchesDigits(std::string_view text, std::string_view pattern) {
 bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
     for (const std::string_view digits : {"##", "#"}) {
         const std::string suffix = std::string(kFurtherPlaceSuffix) + std::string(digits);
-        const std::string_view rest = lastCharacters(name, kLongestBookmarkName - utf16Length(suffix));
+        const std::string_view rest = lastCharacters(name, word::kMaxBookmarkName - utf16Length(suffix));
         if (matchesDigits(bookmarkName, std::string(rest) + suffix)) return true;
     }
     return false;
@@ -46,7 +46,7 @@ bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
 
 std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
     const std::string name = nameToNormalize(rstrName, vfAppendT);
-    return utf16Length(name) > kLongestScannedName ? "" : normalizedName(name, kLongestBookmarkName);
+    return utf16Length(name) > kLongestScannedName ? "" : normalizedName(name, word::kMaxBookmarkName);
 }
 
 std::string SimplifyName(std::string_view vstrName) {
@@ -67,7 +67,7 @@ std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars) {
 
 bool IsBookmarkOfName(std::string_view vstrBaseName, std::string_view vstrBookmarkName) {
     const std::string whole = std::string(vstrBaseName) + std::string(kBoundValueSuffix);
-    const std::string_view boundValueName = lastCharacters(whole, kLongestBookmarkName);
+    const std::string_view boundValueName = lastCharacters(whole, word::kMaxBookmarkName);
     return equalsIgnoringCase(vstrBookmarkName, vstrBaseName) ||
            equalsIgnoringCase(vstrBookmarkName, boundValueName) ||
            isFurtherPlace(boundValueName, vstrBookmarkName) || isFurtherPlace(vstrBaseName, vstrBookmarkName);
@@ -77,12 +77,12 @@ std::vector<std::string> PossibleBookmarkNames(std::string_view vstrBaseName) {
     static const std::vector<std::string> allCounters = counters();
     const std::string base(vstrBaseName);
     const std::string boundValueName{
-        lastCharacters(base + std::string(kBoundValueSuffix), kLongestBookmarkName)};
+        lastCharacters(base + std::string(kBoundValueSuffix), word::kMaxBookmarkName)};
     std::vector<std::string> names{base, boundValueName};
     for (const std::string& name : {base, boundValueName}) {
         for (const std::string& counter : allCounters) {
             const std::string suffix = std::string(kFurtherPlaceSuffix) + counter;
-            const CharacterCount room = kLongestBookmarkName - utf16Length(suffix);
+            const CharacterCount room = word::kMaxBookmarkName - utf16Length(suffix);
             names.push_back(std::string(lastCharacters(name, room)) + suffix);
         }
     }

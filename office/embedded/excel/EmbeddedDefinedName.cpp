@@ -3,7 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
 #include "office/embedded/excel/NameFormula.h"
-#include "office/embedded/sheet/SheetReference.h"
+#include "office/model/excel/SheetReference.h"
 
 namespace mergeloom::embedded {
 
@@ -20,7 +20,7 @@ void EmbeddedDefinedName::SetRefersToLocal(const std::string& formula) {
 }
 
 excel::RangePtr EmbeddedDefinedName::RefersToRange() {
-    const std::optional<SheetReference> reference = parseReference(entry().formula);
+    const std::optional<excel::SheetReference> reference = excel::parseReference(entry().formula);
     const std::optional<std::size_t> sheet =
         reference ? content_->worksheetNamed(reference->sheetName) : std::nullopt;
     if (!sheet) {

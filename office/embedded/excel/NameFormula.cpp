@@ -1,7 +1,7 @@
 #include "office/embedded/excel/NameFormula.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/sheet/SheetReference.h"
+#include "office/model/excel/SheetReference.h"
 
 namespace mergeloom::embedded {
 
@@ -10,10 +10,10 @@ std::string nameFormula(const WorkbookContent& content, const std::string& refer
         throw AutomationError(kApplicationDefined, "'" + refersToLocal + "' is no formula.");
     }
     std::string formula = refersToLocal.substr(1);
-    std::optional<SheetReference> reference = parseReference(formula);
+    std::optional<excel::SheetReference> reference = excel::parseReference(formula);
     if (!reference || !reference->sheetName.empty()) return formula;
     reference->sheetName = content.workbook().sheets()[content.activeWorksheet()].name;
-    return referenceText(*reference);
+    return excel::referenceText(*reference);
 }
 
 }  // namespace mergeloom::embedded

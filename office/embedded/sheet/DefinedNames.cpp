@@ -4,15 +4,12 @@
 #include "base/Text.h"
 #include "office/embedded/sheet/TreeEdit.h"
 
-#include <algorithm>
 #include <charconv>
 #include <string_view>
 
 namespace mergeloom::embedded {
 
 namespace {
-
-constexpr std::size_t kMostDigits = 18;  // of a counter that fits into 64 bits
 
 std::string keyOf(std::string_view name, int sheet) {
     return foldCase(name) + "!" + std::to_string(sheet);
@@ -138,26 +135,11 @@ void DefinedNames::takeBack(pugi::xml_node node) {
         }
     }
     part_.attic().append_move(node);
-    forgetCounters(name);
+    counters_.release(name);
 }
 
 std::int64_t DefinedNames::firstFreeCounter(const std::string& stem) {
-    const std::string folded = foldCase(stem);
-    std::int64_t& counter = firstCounters_.emplace(folded, 1).first->second;
-    while (find(stem + std::to_string(counter)))
-        ++counter;
-    return counter;
-}
-
-void DefinedNames::forgetCounters(const std::string& name) {
-    const std::string folded = foldCase(name);
-    const std::size_t stem = folded.find_last_not_of("0123456789") + 1;
-    const std::size_t first = std::max(stem, folded.size() < kMostDigits ? 0 : folded.size() - kMostDigits);
-    for (std::size_t at = first; at < folded.size(); ++at) {
-        const auto found = firstCounters_.find(folded.substr(0, at));
-        const std::int64_t number = *numberOf(std::string_view(folded).substr(at));
-        if (found != firstCounters_.end() && number > 0) found->second = std::min(found->second, number);
-    }
+    return counters_.firstFree(stem, [&](const std::string& name) { return find(name).has_value(); });
 }
 
 }  // namespace mergeloom::embedded

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/embedded/sheet/PartState.h"
+#include "office/model/NameCounters.h"
 #include "office/model/excel/DefinedNameRule.h"
 #include "office/opc/XmlPart.h"
 
@@ -51,13 +52,12 @@ class DefinedNames {
     std::size_t append(const std::string& name, const std::string& formula);
     pugi::xml_node ensureList();
     void takeBack(pugi::xml_node node);
-    void forgetCounters(const std::string& name);
 
     opc::XmlPart& part_;
     PartState& state_;
     std::vector<pugi::xml_node> nodes_;
-    std::unordered_map<std::string, std::size_t> indexes_;         ///< by folded name and scope
-    std::unordered_map<std::string, std::int64_t> firstCounters_;  ///< by folded stem; all before are taken
+    std::unordered_map<std::string, std::size_t> indexes_;  ///< by folded name and scope
+    model::NameCounters counters_;
 };
 
 }  // namespace mergeloom::embedded

@@ -1,13 +1,8 @@
 #include "office/embedded/text/BookmarkEditor.h"
 
-#include "base/AutomationError.h"
-#include "base/Text.h"
-
 namespace mergeloom::embedded {
 
 namespace {
-
-constexpr CharacterCount kMaxNameLength{40};
 
 int columnOf(const opc::WordNames& names, pugi::xml_node cell) {
     int column = 0;
@@ -18,15 +13,6 @@ int columnOf(const opc::WordNames& names, pugi::xml_node cell) {
 }
 
 }  // namespace
-
-bool isBookmarkName(std::string_view name) {
-    if (name.empty() || utf16Length(name) > kMaxNameLength || isDigit(firstCodePoint(name))) return false;
-    while (!name.empty()) {
-        const char32_t character = takeCodePoint(name);
-        if (character != U'_' && !isDigit(character) && !isNameLetter(character)) return false;
-    }
-    return true;
-}
 
 void BookmarkEditor::check(CharacterPosition start, CharacterPosition end) const {
     story_.check(start, end);

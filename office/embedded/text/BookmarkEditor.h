@@ -47,8 +47,4 @@ class BookmarkEditor {
     BookmarkTable& table_;
 };
 
-/// Returns whether Word accepts a text as a bookmark's name: at most 40 letters, digits and "_", no digit
-/// first.
-bool isBookmarkName(std::string_view name);
-
 }  // namespace mergeloom::embedded

@@ -3,7 +3,6 @@
 #include "base/Text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <utility>
 
@@ -27,7 +26,7 @@ void BookmarkTable::unlist(BookmarkRecord& record) {
     byName_.erase(&record);
     record.listed = false;
     if (!orderIsStale_) std::erase(ordered_, &record);
-    lowerCountersOf(record.name);
+    counters_.release(record.name);
 }
 
 BookmarkRecord* BookmarkTable::find(std::string_view name) const {
@@ -50,10 +49,7 @@ const std::vector<BookmarkRecord*>& BookmarkTable::inNameOrder() {
 }
 
 std::int64_t BookmarkTable::firstFreeCounter(const std::string& stem) {
-    std::int64_t& counter = takenBelow_.try_emplace(foldCase(stem), 1).first->second;
-    while (find(stem + std::to_string(counter)))
-        ++counter;
-    return counter;
+    return counters_.firstFree(stem, [&](const std::string& name) { return find(name) != nullptr; });
 }
 
 std::vector<BookmarkCopy> BookmarkTable::copiesOf(const BookmarkRecord& record) const {
@@ -64,20 +60,6 @@ std::vector<BookmarkCopy> BookmarkTable::copiesOf(const BookmarkRecord& record) 
     const auto sameId = [&](const BookmarkCopy& copy) { return copy.id == start->id; };
     std::copy_if(copies_.begin(), copies_.end(), std::back_inserter(found), sameId);
     return found;
-}
-
-void BookmarkTable::lowerCountersOf(const std::string& name) {
-    const std::string folded = foldCase(name);
-    for (std::size_t digits = folded.size();
-         digits > 0 && isDigit(static_cast<unsigned char>(folded[digits - 1]));) {
-        --digits;
-        std::int64_t counter = 0;
-        const auto [end, error] =
-            std::from_chars(folded.data() + digits, folded.data() + folded.size(), counter);
-        if (error != std::errc() || folded[digits] == '0') continue;
-        const auto stem = takenBelow_.find(folded.substr(0, digits));
-        if (stem != takenBelow_.end()) stem->second = std::min(stem->second, counter);
-    }
 }
 
 std::size_t BookmarkTable::NameHash::operator()(std::string_view name) const {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "office/embedded/text/Item.h"
+#include "office/model/NameCounters.h"
+#include "office/model/word/BookmarkName.h"
 
 #include <cstdint>
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -30,7 +31,7 @@ struct BookmarkRecord {
     bool listed = false;  ///< in the table; false once the bookmark is deleted
 
     /// Returns whether Word leaves the bookmark out of its collections, though it is found by name.
-    [[nodiscard]] bool isHidden() const { return name.starts_with('_'); }
+    [[nodiscard]] bool isHidden() const { return word::isHiddenBookmark(name); }
 };
 
 /// A mark in the fallback branch of a text box, which repeats the text box for programs that cannot show it
@@ -78,15 +79,12 @@ class BookmarkTable {
         bool operator()(const BookmarkRecord* a, std::string_view b) const { return (*this)(b, a); }
     };
 
-    void lowerCountersOf(const std::string& name);
-
     std::deque<BookmarkRecord> records_;
     std::vector<BookmarkCopy> copies_;
     std::unordered_set<BookmarkRecord*, NameHash, NameEqual> byName_;
     std::vector<BookmarkRecord*> ordered_;
     bool orderIsStale_ = false;
-    // For each stem that was asked for, a number below which all counters are taken.
-    std::unordered_map<std::string, std::int64_t> takenBelow_;
+    model::NameCounters counters_;
 };
 
 }  // namespace mergeloom::embedded

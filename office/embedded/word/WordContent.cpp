@@ -5,6 +5,7 @@
 #include "office/embedded/text/ReplacementContext.h"
 #include "office/embedded/word/InlinePicture.h"
 #include "office/embedded/word/TextArea.h"
+#include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,8 +15,6 @@
 namespace mergeloom::embedded {
 
 namespace {
-
-constexpr ErrorNumber kBadBookmarkName = 5828;
 
 /// Ids are 32-bit numbers; some programs use random ones near the top, above which there is no room. New ids
 /// go on from the highest of the ordinary ones.
@@ -203,7 +202,7 @@ bool WordContent::isShown(const std::string& picturePart) {
 
 BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, CharacterPosition start,
                                          CharacterPosition end) {
-    if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
+    word::checkBookmarkName(name);
     BookmarkEditor& editor = editable(story).bookmarks();
     editor.check(start, end);
     beginMarking(story, start, end);

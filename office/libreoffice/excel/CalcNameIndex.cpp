@@ -20,8 +20,8 @@ void CalcNameIndex::append(const std::string& name, int sheet) {
 
 void CalcNameIndex::removeLast() {
     indexes_.erase(keyOf(entries_.back().name, entries_.back().sheet));
+    counters_.release(entries_.back().name);
     entries_.pop_back();
-    firstCounters_.clear();
 }
 
 void CalcNameIndex::reserveTableName(const std::string& name) {
@@ -39,13 +39,9 @@ bool CalcNameIndex::isTableName(const std::string& name) const {
 }
 
 std::int64_t CalcNameIndex::firstFreeCounter(const std::string& stem) {
-    std::int64_t& counter = firstCounters_.emplace(foldCase(stem), 1).first->second;
-    const auto isTaken = [&](const std::string& name) {
+    return counters_.firstFree(stem, [&](const std::string& name) {
         return find(name, kDocument).has_value() || isTableName(name);
-    };
-    while (isTaken(stem + std::to_string(counter)))
-        ++counter;
-    return counter;
+    });
 }
 
 }  // namespace mergeloom::libreoffice

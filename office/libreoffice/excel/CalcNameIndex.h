@@ -2,6 +2,7 @@
 
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/model/NameCounters.h"
 
 #include <com/sun/star/sheet/XNamedRange.hpp>
 #include <com/sun/star/sheet/XNamedRanges.hpp>
@@ -40,7 +41,7 @@ class CalcNameIndex {
     std::vector<Entry> entries_;
     std::unordered_map<std::string, std::size_t> indexes_;
     std::unordered_set<std::string> tables_;
-    std::unordered_map<std::string, std::int64_t> firstCounters_;  ///< below these none is free
+    model::NameCounters counters_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -20,7 +20,6 @@ namespace {
 
 /// So that what waits does not fill the memory.
 constexpr std::size_t kMostThatWait = 50'000;
-constexpr std::size_t kLongestWaitingName = 255;
 
 /// Writes a rectangle of texts in one call. Within a call.
 template <typename TextOf>
@@ -75,8 +74,7 @@ void CalcPending::setText(std::size_t index, const excel::CellPosition& cell, co
 /// Four letters at the front are no column in any notation.
 bool CalcPending::mayWait(const std::string& name) {
     constexpr std::size_t kMoreThanColumn = 4;
-    return name.size() >= kMoreThanColumn && name.size() <= kLongestWaitingName &&
-           std::ranges::all_of(name.substr(0, kMoreThanColumn), isLetter) &&
+    return name.size() >= kMoreThanColumn && std::ranges::all_of(name.substr(0, kMoreThanColumn), isLetter) &&
            std::ranges::all_of(name, isOfName);
 }
 

@@ -7,12 +7,6 @@
 
 namespace mergeloom::libreoffice {
 
-namespace {
-
-constexpr CharacterCount kLongestName{40};
-
-}  // namespace
-
 void MarkTable::list(const MarkPtr& mark) {
     mark->listed = true;
     byFoldedName_[foldCase(mark->name)] = mark;
@@ -60,15 +54,6 @@ std::int64_t MarkTable::firstFreeCounter(const std::string& stem) {
     while (find(stem + std::to_string(counter)))
         ++counter;
     return counter;
-}
-
-bool isBookmarkName(std::string_view name) {
-    if (name.empty() || utf16Length(name) > kLongestName || isDigit(firstCodePoint(name))) return false;
-    while (!name.empty()) {
-        const char32_t character = takeCodePoint(name);
-        if (character != U'_' && !isDigit(character) && !isNameLetter(character)) return false;
-    }
-    return true;
 }
 
 }  // namespace mergeloom::libreoffice

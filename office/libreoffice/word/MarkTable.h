@@ -31,8 +31,4 @@ class MarkTable {
     std::unordered_map<std::string, std::int64_t> takenBelow_;
 };
 
-/// Whether Word takes the name for a bookmark: a letter or underscore first, then letters, digits and
-/// underscores, 40 characters at most.
-bool isBookmarkName(std::string_view name);
-
 }  // namespace mergeloom::libreoffice

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,8 +10,6 @@
 namespace mergeloom::libreoffice {
 
 namespace {
-
-constexpr ErrorNumber kBadBookmarkName = 5828;
 
 /// The bookmarks that Writer has elsewhere than Word would, in the order in which they are to be put in: of
 /// those that begin at one place, Writer takes the last one for the outermost.
@@ -157,7 +156,7 @@ void WriterContent::bringMarksToTheirPlaces() {
 
 MarkPtr WriterContent::addMark(const std::string& name, WriterStory& story, Stretch stretch) {
     checkMayEdit();
-    if (!isBookmarkName(name)) throw AutomationError(kBadBookmarkName, "'" + name + "' is no bookmark name.");
+    word::checkBookmarkName(name);
     auto mark = std::make_shared<MarkRecord>();
     mark->name = name;
     mark->story = &story;

@@ -1,6 +1,5 @@
 #include "office/model/excel/DefinedNameRule.h"
 
-#include "base/Text.h"
 #include "office/model/excel/CellAddress.h"
 
 #include <string_view>
@@ -8,8 +7,6 @@
 namespace mergeloom::excel {
 
 namespace {
-
-constexpr CharacterCount kLongestName{255};
 
 bool isFirst(char32_t character) {
     return isNameLetter(character) || character == U'_' || character == U'\\';
@@ -50,7 +47,7 @@ bool isTruthValue(std::string_view text) {
 }  // namespace
 
 bool isDefinedName(const std::string& text) {
-    if (!hasNameCharacters(text) || utf16Length(text) > kLongestName) return false;
+    if (!hasNameCharacters(text) || utf16Length(text) > kMaxDefinedName) return false;
     return !parseCell(text) && !isRowColumnNotation(text) && !isTruthValue(text);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/model/NameCounters.h"
 #include "office/model/excel/Forward.h"
 
 #include <cstdint>
@@ -28,10 +29,7 @@ class Names : public Counted {
     /// The smallest number n from 1 for which Exists(stem followed by n) is false. An office that can tell
     /// faster than by trying does so.
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
-        std::int64_t counter = 1;
-        while (Exists(stem + std::to_string(counter)))
-            ++counter;
-        return counter;
+        return model::firstFreeCounter(stem, [&](const std::string& name) { return Exists(name); });
     }
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/model/NameCounters.h"
 #include "office/model/word/Counted.h"
 
 #include <cstdint>
@@ -24,10 +25,7 @@ class Bookmarks : public Counted {
     /// The smallest number n from 1 for which no bookmark is named stem followed by n. An office that can
     /// tell faster than by trying does so.
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
-        std::int64_t counter = 1;
-        while (Exists(stem + std::to_string(counter)))
-            ++counter;
-        return counter;
+        return model::firstFreeCounter(stem, [&](const std::string& name) { return Exists(name); });
     }
 };
 

@@ -1,9 +1,9 @@
-#include "office/embedded/sheet/SheetReference.h"
+#include "office/model/excel/SheetReference.h"
 
 #include "base/Text.h"
 #include "office/model/excel/DefinedNameRule.h"
 
-namespace mergeloom::embedded {
+namespace mergeloom::excel {
 
 namespace {
 
@@ -55,27 +55,27 @@ std::optional<std::string> takePlainName(std::string_view& formula) {
 }
 
 bool needsQuotes(const std::string& name) {
-    return !isPlainName(name) || !excel::isDefinedName(name);
-}
-
-std::string written(const std::string& name) {
-    return needsQuotes(name) ? "'" + replaceAll(name, "'", "''") + "'" : name;
+    return !isPlainName(name) || !isDefinedName(name);
 }
 
 }  // namespace
+
+std::string writtenSheetName(const std::string& name) {
+    return needsQuotes(name) ? "'" + replaceAll(name, "'", "''") + "'" : name;
+}
 
 std::optional<SheetReference> parseReference(std::string_view formula) {
     const std::optional<std::string> name =
         formula.starts_with('\'') ? takeQuotedName(formula) : takePlainName(formula);
     if (!name) return {};
-    const std::optional<excel::CellArea> area = excel::parseArea(formula);
+    const std::optional<CellArea> area = parseArea(formula);
     if (!area) return {};
     return SheetReference{*name, *area};
 }
 
 std::string referenceText(const SheetReference& reference) {
     const std::string area = absoluteAddressOf(reference.area);
-    return reference.sheetName.empty() ? area : written(reference.sheetName) + "!" + area;
+    return reference.sheetName.empty() ? area : writtenSheetName(reference.sheetName) + "!" + area;
 }
 
-}  // namespace mergeloom::embedded
+}  // namespace mergeloom::excel

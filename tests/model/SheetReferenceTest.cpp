@@ -1,8 +1,8 @@
-#include "office/embedded/sheet/SheetReference.h"
+#include "office/model/excel/SheetReference.h"
 
 #include <gtest/gtest.h>
 
-namespace mergeloom::embedded {
+namespace mergeloom::excel {
 namespace {
 
 TEST(SheetReference, IsReadFromOneBlockOfCells) {
@@ -96,4 +96,4 @@ TEST(SheetReference, IsWrittenWithQuotesWhereFormulasNeedThem) {
 }
 
 }  // namespace
-}  // namespace mergeloom::embedded
+}  // namespace mergeloom::excel
