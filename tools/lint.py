@@ -161,9 +161,11 @@ def main():
             print(f"Note: no source is looked at, since {reason}: there is nothing to compare with.")
             return 0
     with ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
-        complaints = list(filter(None, pool.map(lambda source: lint(source, includes[source]), sources)))
-    print("\n".join(complaints), end="")
-    print(f"{len(sources) - len(complaints)} of {len(sources)} sources are clean.")
+        complaints = 0
+        for complaint in filter(None, pool.map(lambda source: lint(source, includes[source]), sources)):
+            print(complaint, flush=True)
+            complaints += 1
+    print(f"{len(sources) - complaints} of {len(sources)} sources are clean.")
     return 1 if complaints else 0
 
 

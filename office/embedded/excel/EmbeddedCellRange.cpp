@@ -23,7 +23,7 @@ class CountedRows final : public excel::Counted {
 /// The sum of two numbers that may come from a caller's mistake.
 int sum(int a, int b) {
     return static_cast<int>(
-        std::clamp<std::int64_t>(std::int64_t{a} + b, -excel::kLastRow, 2 * excel::kLastRow));
+        std::clamp<std::int64_t>(std::int64_t{a} + b, -excel::kLastRow, std::int64_t{2} * excel::kLastRow));
 }
 
 excel::CellArea areaFrom(const excel::CellPosition& first, int rows, int columns) {

@@ -73,7 +73,7 @@ class SheetPart::Data {
     void record(Restore restore, Former former) {
         ++changes;
         if (!undo_.isRecording()) return;
-        undo_.record([this, restore, former = std::move(former)]() mutable {
+        undo_.record([this, restore = std::move(restore), former = std::move(former)]() mutable {
             restore(std::move(former));
             --changes;
         });
