@@ -26,9 +26,8 @@ struct OpenFileName {
     std::uint32_t lpstrInitialDir = 0;
     std::uint32_t lpstrTitle = 0;
     std::uint32_t Flags = 0;
-    std::uint16_t nFileOffset =
-        0;  ///< the index at which the file's name begins in lpstrFile, counted from 0
-    std::uint16_t nFileExtension = 0;  ///< the index at which its extension begins; 0 without one
+    std::uint16_t nFileOffset = 0;     ///< the index of the file's name in lpstrFile
+    std::uint16_t nFileExtension = 0;  ///< the index of its extension; 0 without one
     std::uint32_t lpstrDefExt = 0;
     std::uint32_t lCustData = 0;
     std::uint32_t lpfnHook = 0;

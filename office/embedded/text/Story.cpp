@@ -147,8 +147,8 @@ std::string Story::text(CharacterPosition start, CharacterPosition end) const {
 
 std::string Story::code(CharacterPosition start, CharacterPosition end) const {
     std::string result;
-    std::vector<bool>
-        nestedInCode;  // for each open field that is nested in the code, whether its code goes on
+    // For each open field that is nested in the code, whether its code goes on.
+    std::vector<bool> nestedInCode;
     for (const Item* item = items_.itemAt(start); item; item = ItemTree::next(item)) {
         if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
         if (item->kind == ItemKind::FieldBegin && names_.tagOf(item->node) == opc::WordTag::SimpleField) {
