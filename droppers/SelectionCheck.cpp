@@ -3,7 +3,6 @@
 #include "droppers/CellCount.h"
 #include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Counted.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/InlineShapes.h"
 #include "office/model/word/Range.h"

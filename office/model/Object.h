@@ -1,5 +1,9 @@
 #pragma once
 
+#include "base/AutomationError.h"
+
+#include <cstddef>
+
 /// What the object models of Word and Excel have in common.
 namespace mergeloom::model {
 
@@ -12,10 +16,29 @@ class Object {
     virtual ~Object() = default;
 };
 
-/// A collection of which callers ask no more than how many there are.
+/// A collection. Where it has items, they are counted from 1.
 class Counted : public Object {
   public:
     virtual int Count() = 0;
+
+  protected:
+    /// Returns the index of the item of a number. Raises the error for a number outside 1 to Count.
+    std::size_t indexOf(int number, ErrorNumber error, const char* description) {
+        if (number < 1 || number > Count()) throw AutomationError(error, description);
+        return static_cast<std::size_t>(number) - 1;
+    }
+};
+
+/// One of the collections of which callers ask no more than how many there are.
+template <class Collection>
+class FixedCount final : public Collection {
+  public:
+    explicit FixedCount(int count) : count_(count) {}
+
+    int Count() override { return count_; }
+
+  private:
+    int count_;
 };
 
 }  // namespace mergeloom::model

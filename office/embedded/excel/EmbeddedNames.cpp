@@ -23,9 +23,7 @@ std::optional<int> sheetNamed(const WorkbookPart& workbook, const std::string& n
 }  // namespace
 
 excel::DefinedNamePtr EmbeddedNames::Item(int number) {
-    if (number < 1 || number > Count())
-        throw AutomationError(kApplicationDefined, "There is no name of that number.");
-    return std::make_shared<EmbeddedDefinedName>(content_, static_cast<std::size_t>(number) - 1);
+    return std::make_shared<EmbeddedDefinedName>(content_, indexOf(number));
 }
 
 excel::DefinedNamePtr EmbeddedNames::Item(const std::string& name) {

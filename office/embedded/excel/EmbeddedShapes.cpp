@@ -16,9 +16,8 @@ int EmbeddedShapes::Count() {
 }
 
 excel::ShapePtr EmbeddedShapes::Item(int number) {
-    if (number < 1 || number > Count())
-        throw AutomationError(kApplicationDefined, "There is no object of that number.");
-    const SheetDrawing::ShapeId shape = drawing().shapes()[static_cast<std::size_t>(number) - 1];
+    const std::size_t index = indexOf(number);
+    const SheetDrawing::ShapeId shape = drawing().shapes()[index];
     return std::make_shared<EmbeddedShape>(content_, sheet_, shape);
 }
 

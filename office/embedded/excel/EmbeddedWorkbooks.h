@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedExcelApplication.h"
 #include "office/model/excel/Workbooks.h"
 
@@ -20,11 +19,7 @@ class EmbeddedWorkbooks final : public excel::Workbooks {
         return application_->add(templatePath);
     }
     excel::WorkbookPtr Open(const std::string& fileName) override { return application_->open(fileName); }
-    excel::WorkbookPtr Item(int number) override {
-        if (number < 1 || number > Count())
-            throw AutomationError(kSubscriptOutOfRange, "There is no such workbook.");
-        return application_->workbooks()[static_cast<std::size_t>(number) - 1];
-    }
+    excel::WorkbookPtr Item(int number) override { return application_->workbooks()[indexOf(number)]; }
 
   private:
     std::shared_ptr<EmbeddedExcelApplication> application_;

@@ -24,8 +24,7 @@ EmbeddedWorksheets::EmbeddedWorksheets(std::shared_ptr<WorkbookContent> content)
 }
 
 excel::WorksheetPtr EmbeddedWorksheets::Item(int number) {
-    if (number < 1 || number > Count()) refuse();
-    return std::make_shared<EmbeddedWorksheet>(content_, sheets_[static_cast<std::size_t>(number) - 1]);
+    return std::make_shared<EmbeddedWorksheet>(content_, sheets_[indexOf(number)]);
 }
 
 excel::WorksheetPtr EmbeddedWorksheets::Item(const std::string& name) {

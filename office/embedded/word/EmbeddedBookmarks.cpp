@@ -10,11 +10,7 @@
 namespace mergeloom::embedded {
 
 word::BookmarkPtr EmbeddedBookmarks::Item(int number) {
-    const std::vector<BookmarkRecord*>& records = listed();
-    if (number < 1 || number > static_cast<int>(records.size())) {
-        throw AutomationError(kMemberNotFound, "There is no bookmark number " + std::to_string(number) + ".");
-    }
-    return make(*records[static_cast<std::size_t>(number) - 1]);
+    return make(*listed()[indexOf(number)]);
 }
 
 word::BookmarkPtr EmbeddedBookmarks::Item(const std::string& name) {

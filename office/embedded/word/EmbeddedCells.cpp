@@ -1,6 +1,5 @@
 #include "office/embedded/word/EmbeddedCells.h"
 
-#include "base/AutomationError.h"
 #include "office/embedded/text/TableElements.h"
 #include "office/model/word/Range.h"
 
@@ -31,8 +30,7 @@ void EmbeddedCell::Select() {
 }
 
 word::CellPtr EmbeddedCells::Item(int number) {
-    if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such cell.");
-    return std::make_shared<EmbeddedCell>(table_, cells_[static_cast<std::size_t>(number) - 1]);
+    return std::make_shared<EmbeddedCell>(table_, cells_[indexOf(number)]);
 }
 
 }  // namespace mergeloom::embedded

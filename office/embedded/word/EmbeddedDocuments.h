@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/AutomationError.h"
 #include "office/embedded/word/EmbeddedApplication.h"
 #include "office/model/word/Documents.h"
 
@@ -20,11 +19,7 @@ class EmbeddedDocuments final : public word::Documents {
         return application_->add(templatePath);
     }
     word::DocumentPtr Open(const std::string& fileName) override { return application_->open(fileName); }
-    word::DocumentPtr Item(int number) override {
-        if (number < 1 || number > Count())
-            throw AutomationError(kMemberNotFound, "There is no such document.");
-        return application_->documents()[static_cast<std::size_t>(number) - 1];
-    }
+    word::DocumentPtr Item(int number) override { return application_->documents()[indexOf(number)]; }
 
   private:
     std::shared_ptr<EmbeddedApplication> application_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/AutomationError.h"
 #include "office/embedded/word/EmbeddedField.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/MailMerge.h"
@@ -16,10 +15,7 @@ class EmbeddedFields final : public word::Fields {
     explicit EmbeddedFields(std::vector<word::FieldPtr> fields) : fields_(std::move(fields)) {}
 
     int Count() override { return static_cast<int>(fields_.size()); }
-    word::FieldPtr Item(int number) override {
-        if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such field.");
-        return fields_[static_cast<std::size_t>(number) - 1];
-    }
+    word::FieldPtr Item(int number) override { return fields_[indexOf(number)]; }
 
   private:
     std::vector<word::FieldPtr> fields_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/AutomationError.h"
 #include "office/embedded/text/TableElements.h"
 #include "office/embedded/word/EmbeddedCells.h"
 #include "office/embedded/word/EmbeddedTable.h"
@@ -32,8 +31,7 @@ class EmbeddedRows final : public word::Rows {
 
     int Count() override { return static_cast<int>(rows().size()); }
     word::RowPtr Item(int number) override {
-        if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such row.");
-        return std::make_shared<EmbeddedRow>(table_, rows()[static_cast<std::size_t>(number) - 1]);
+        return std::make_shared<EmbeddedRow>(table_, rows()[indexOf(number)]);
     }
     word::RowPtr Add() override {
         table_->appendRow();

@@ -1,7 +1,6 @@
 #include "office/embedded/word/EmbeddedSelection.h"
 
 #include "office/embedded/word/EmbeddedBookmarks.h"
-#include "office/embedded/word/EmbeddedCount.h"
 #include "office/embedded/word/EmbeddedFields.h"
 #include "office/embedded/word/EmbeddedFont.h"
 #include "office/embedded/word/EmbeddedInlineShapes.h"
@@ -64,7 +63,7 @@ word::InlineShapesPtr EmbeddedSelection::InlineShapes() {
 }
 
 word::ShapeRangePtr EmbeddedSelection::ShapeRange() {
-    return std::make_shared<EmbeddedCount<word::ShapeRange>>(contentsOf(span()).floatingShapes());
+    return std::make_shared<model::FixedCount<word::ShapeRange>>(contentsOf(span()).floatingShapes());
 }
 
 word::TablesPtr EmbeddedSelection::Tables() {

@@ -2,7 +2,6 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/text/TableElements.h"
-#include "office/embedded/word/EmbeddedCount.h"
 #include "office/embedded/word/EmbeddedRange.h"
 #include "office/embedded/word/EmbeddedRows.h"
 
@@ -14,7 +13,7 @@ word::RowsPtr EmbeddedTable::Rows() {
 }
 
 word::ColumnsPtr EmbeddedTable::Columns() {
-    return std::make_shared<EmbeddedCount<word::Columns>>(columnCountOf(element(), names()));
+    return std::make_shared<model::FixedCount<word::Columns>>(columnCountOf(element(), names()));
 }
 
 bool EmbeddedTable::Uniform() {

@@ -23,8 +23,7 @@ const std::vector<std::shared_ptr<EmbeddedTable>>& EmbeddedTables::tables() {
 }
 
 word::TablePtr EmbeddedTables::Item(int number) {
-    if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such table.");
-    return tables()[static_cast<std::size_t>(number) - 1];
+    return tables()[indexOf(number)];
 }
 
 word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {

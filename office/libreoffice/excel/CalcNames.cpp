@@ -31,9 +31,7 @@ constexpr const char* kPreliminary = "0";
 }  // namespace
 
 excel::DefinedNamePtr CalcNames::Item(int number) {
-    if (number < 1 || number > Count())
-        throw AutomationError(kApplicationDefined, "There is no name of that number.");
-    return std::make_shared<CalcDefinedName>(content_, static_cast<std::size_t>(number) - 1);
+    return std::make_shared<CalcDefinedName>(content_, indexOf(number));
 }
 
 excel::DefinedNamePtr CalcNames::Item(const std::string& name) {

@@ -6,9 +6,7 @@
 namespace mergeloom::libreoffice {
 
 excel::ShapePtr CalcShapes::Item(int number) {
-    if (number < 1 || number > Count())
-        throw AutomationError(kApplicationDefined, "There is no object of that number.");
-    const CalcShapeEntryPtr entry = table().all()[static_cast<std::size_t>(number) - 1];
+    const CalcShapeEntryPtr entry = table().all()[indexOf(number)];
     return std::make_shared<CalcShape>(CalcDrawnObject(content_, sheet_, entry));
 }
 

@@ -21,8 +21,7 @@ CalcWorksheets::CalcWorksheets(CalcContentPtr content) : content_(std::move(cont
 }
 
 excel::WorksheetPtr CalcWorksheets::Item(int number) {
-    if (number < 1 || number > Count()) refuse();
-    return std::make_shared<CalcWorksheet>(content_, sheets_[static_cast<std::size_t>(number) - 1]);
+    return std::make_shared<CalcWorksheet>(content_, sheets_[indexOf(number)]);
 }
 
 excel::WorksheetPtr CalcWorksheets::Item(const std::string& name) {

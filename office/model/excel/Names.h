@@ -31,6 +31,11 @@ class Names : public Counted {
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
         return model::firstFreeCounter(stem, [&](const std::string& name) { return Exists(name); });
     }
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kApplicationDefined, "There is no name of that number.");
+    }
 };
 
 }  // namespace mergeloom::excel

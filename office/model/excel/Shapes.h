@@ -13,6 +13,11 @@ class Shapes : public Counted {
     virtual ShapePtr Item(int number) = 0;
     /// The first one of that name, letter case aside. Raises kApplicationDefined when there is none.
     virtual ShapePtr Item(const std::string& name) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kApplicationDefined, "There is no object of that number.");
+    }
 };
 
 }  // namespace mergeloom::excel

@@ -14,6 +14,11 @@ class Workbooks : public Counted {
     /// Opens a workbook to change it in place; errors as for Add.
     virtual WorkbookPtr Open(const std::string& fileName) = 0;
     virtual WorkbookPtr Item(int number) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kSubscriptOutOfRange, "There is no such workbook.");
+    }
 };
 
 }  // namespace mergeloom::excel

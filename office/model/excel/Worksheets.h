@@ -12,6 +12,11 @@ class Worksheets : public Counted {
     virtual WorksheetPtr Item(int number) = 0;
     /// Names are compared without regard to case. Raises kSubscriptOutOfRange.
     virtual WorksheetPtr Item(const std::string& name) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kSubscriptOutOfRange, "There is no such sheet.");
+    }
 };
 
 }  // namespace mergeloom::excel

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/model/NameCounters.h"
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 #include <cstdint>
 #include <string>
@@ -26,6 +26,12 @@ class Bookmarks : public Counted {
     /// tell faster than by trying does so.
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
         return model::firstFreeCounter(stem, [&](const std::string& name) { return Exists(name); });
+    }
+
+  protected:
+    std::size_t indexOf(int number) {
+        if (number >= 1 && number <= Count()) return static_cast<std::size_t>(number) - 1;
+        throw AutomationError(kMemberNotFound, "There is no bookmark number " + std::to_string(number) + ".");
     }
 };
 

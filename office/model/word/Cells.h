@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 namespace mergeloom::word {
 
@@ -9,6 +9,11 @@ class Cells : public Counted {
   public:
     /// Raises kMemberNotFound for a number outside 1 to Count.
     virtual CellPtr Item(int number) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kMemberNotFound, "There is no such cell.");
+    }
 };
 
 }  // namespace mergeloom::word

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 #include <string>
 
@@ -15,6 +15,11 @@ class Documents : public Counted {
     /// Opens a document to change it in place; errors as for Add.
     virtual DocumentPtr Open(const std::string& fileName) = 0;
     virtual DocumentPtr Item(int number) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kMemberNotFound, "There is no such document.");
+    }
 };
 
 }  // namespace mergeloom::word

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 namespace mergeloom::word {
 
@@ -10,6 +10,11 @@ class Fields : public Counted {
   public:
     /// Raises kMemberNotFound for a number outside 1 to Count.
     virtual FieldPtr Item(int number) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kMemberNotFound, "There is no such field.");
+    }
 };
 
 }  // namespace mergeloom::word

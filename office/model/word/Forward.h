@@ -10,6 +10,7 @@
 /// counted reference, and every call may raise an AutomationError.
 namespace mergeloom::word {
 
+using model::Counted;
 using model::Object;
 using model::UndoRecord;
 using model::UndoRecordPtr;

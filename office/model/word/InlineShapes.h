@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 namespace mergeloom::word {
 
@@ -12,6 +12,11 @@ class Rows : public Counted {
     /// Rows.Add: an empty row like the last one behind it; no cell of the new row hangs on one above. A
     /// bookmark around the whole table covers the new row too.
     virtual RowPtr Add() = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kMemberNotFound, "There is no such row.");
+    }
 };
 
 class Row : public Object {

@@ -7,6 +7,9 @@
 
 namespace mergeloom::word {
 
+/// The floating shapes whose anchors lie in a selection.
+class ShapeRange : public Counted {};
+
 /// What is selected in the active window; a caret when nothing is.
 class Selection : public Object {
   public:

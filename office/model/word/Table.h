@@ -1,8 +1,11 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 namespace mergeloom::word {
+
+/// The columns of a table.
+class Columns : public Counted {};
 
 /// One table. Every member raises kObjectDeleted once the table is gone.
 class Table : public Object {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Counted.h"
+#include "office/model/word/Forward.h"
 
 namespace mergeloom::word {
 
@@ -13,6 +13,11 @@ class Tables : public Counted {
     /// paragraph that the range begins in; a paragraph that has text before the range is split there. Raises
     /// kCommandFailed for more than 63 columns.
     virtual TablePtr Add(Range& range, int rows, int columns) = 0;
+
+  protected:
+    std::size_t indexOf(int number) {
+        return Counted::indexOf(number, kMemberNotFound, "There is no such table.");
+    }
 };
 
 }  // namespace mergeloom::word
