@@ -1,8 +1,9 @@
 #pragma once
 
+#include "office/model/UndoActions.h"
+
 #include <functional>
 #include <utility>
-#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -12,7 +13,7 @@ class UndoLog {
   public:
     /// Forgets the former step and starts a new one.
     void start() {
-        steps_.clear();
+        actions_.clear();
         recording_ = true;
     }
     void stop() { recording_ = false; }
@@ -20,22 +21,19 @@ class UndoLog {
     [[nodiscard]] bool isRecording() const { return recording_; }
     /// Remembers how a change that was just made is taken back.
     void record(std::function<void()> takeBack) {
-        if (recording_) steps_.push_back(std::move(takeBack));
+        if (recording_) actions_.add(std::move(takeBack));
     }
 
     /// Takes the recorded step back, its last change first; false when it holds none.
     bool undo() {
         recording_ = false;
-        if (steps_.empty()) return false;
-        while (!steps_.empty()) {
-            steps_.back()();
-            steps_.pop_back();
-        }
+        if (actions_.isEmpty()) return false;
+        actions_.undo();
         return true;
     }
 
   private:
-    std::vector<std::function<void()>> steps_;
+    model::UndoActions actions_;
     bool recording_ = false;
 };
 

@@ -8,10 +8,8 @@ namespace mergeloom::libreoffice {
 
 bool CalcStep::takeBack() {
     const std::lock_guard lock(mutex_);
-    if (waysBack_.empty()) return false;
-    for (auto back = waysBack_.rbegin(); back != waysBack_.rend(); ++back)
-        (*back)();
-    waysBack_.clear();
+    if (undoActions_.isEmpty()) return false;
+    undoActions_.undo();
     cleanups_.clear();
     return true;
 }
@@ -21,13 +19,13 @@ bool CalcStep::cleanUp() {
     if (cleanups_.empty()) return false;
     for (const auto& cleanup : std::exchange(cleanups_, {}))
         cleanup();
-    waysBack_.clear();
+    undoActions_.clear();
     return true;
 }
 
 void CalcStep::drop() {
     const std::lock_guard lock(mutex_);
-    waysBack_.clear();
+    undoActions_.clear();
     cleanups_.clear();
 }
 

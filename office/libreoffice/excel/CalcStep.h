@@ -2,6 +2,7 @@
 
 #include "office/libreoffice/session/Uno.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/model/UndoActions.h"
 
 #include <com/sun/star/awt/XCallback.hpp>
 #include <com/sun/star/awt/XRequestCallback.hpp>
@@ -22,8 +23,8 @@ class CalcStep {
   public:
     using Actions = std::vector<std::function<void()>>;
 
-    CalcStep(Actions waysBack, Actions cleanups)
-        : waysBack_(std::move(waysBack)), cleanups_(std::move(cleanups)) {}
+    CalcStep(model::UndoActions undoActions, Actions cleanups)
+        : undoActions_(std::move(undoActions)), cleanups_(std::move(cleanups)) {}
 
     /// Takes the step back; false when that has been done, or is not possible any more.
     bool takeBack();
@@ -34,7 +35,7 @@ class CalcStep {
 
   private:
     std::mutex mutex_;  ///< users take steps back on threads of the bridge
-    Actions waysBack_;
+    model::UndoActions undoActions_;
     Actions cleanups_;
 };
 

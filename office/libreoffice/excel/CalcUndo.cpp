@@ -41,7 +41,7 @@ void CalcUndo::handOver() {
     hasStep_ = false;
     if (wasEmpty_) return;
     handedOver_.push_back(
-        std::make_shared<CalcStep>(std::exchange(waysBack_, {}), std::exchange(cleanups_, {})));
+        std::make_shared<CalcStep>(std::exchange(undoActions_, {}), std::exchange(cleanups_, {})));
     const auto later = css::awt::AsyncCallback::create(connection_.context());
     manager_->addUndoAction(new CalcStepAction(name_, handedOver_.back(), manager_, later));
 }
@@ -52,7 +52,7 @@ void CalcUndo::change() {
 }
 
 void CalcUndo::keep(std::function<void()> wayBack) {
-    if (depth_ > 0) waysBack_.push_back(std::move(wayBack));
+    if (depth_ > 0) undoActions_.add(std::move(wayBack));
 }
 
 void CalcUndo::whenForgotten(std::function<void()> cleanup) {
@@ -63,9 +63,7 @@ bool CalcUndo::undo() {
     if (depth_ > 0) return false;
     if (user_ == UndoUser::Everybody) return undoInOffice();
     if (!hasStep_) return false;
-    for (auto back = waysBack_.rbegin(); back != waysBack_.rend(); ++back)
-        (*back)();
-    waysBack_.clear();
+    undoActions_.undo();
     cleanups_.clear();
     hasStep_ = false;
     return true;
@@ -91,7 +89,7 @@ void CalcUndo::removeWhatIsHidden() {
 
 void CalcUndo::forget() {
     hasStep_ = false;
-    waysBack_.clear();
+    undoActions_.clear();
     const auto cleanups = std::exchange(cleanups_, {});
     for (const auto& cleanup : cleanups)
         cleanup();

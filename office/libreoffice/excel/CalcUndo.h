@@ -39,7 +39,7 @@ class CalcUndo {
     /// Whether there is a step that undo() may be asked for, be it one that is still recorded.
     [[nodiscard]] bool mayTakeBack() const { return depth_ > 0 || hasStep_; }
     /// Keeps the way back from what is done later on behalf of the step; only while there is one.
-    void keepLater(std::function<void()> wayBack) { waysBack_.push_back(std::move(wayBack)); }
+    void keepLater(std::function<void()> wayBack) { undoActions_.add(std::move(wayBack)); }
     /// Called when the recorded step can no longer be taken back, in order to remove what it hid.
     void whenForgotten(std::function<void()> cleanup);
     /// False when there is no step with a change.
@@ -57,7 +57,7 @@ class CalcUndo {
     Reference<css::frame::XModel> model_;
     const UndoUser user_;
     std::string name_;
-    CalcStep::Actions waysBack_;
+    model::UndoActions undoActions_;
     CalcStep::Actions cleanups_;
     std::vector<std::shared_ptr<CalcStep>> handedOver_;
     int depth_ = 0;
