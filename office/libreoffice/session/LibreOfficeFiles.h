@@ -86,8 +86,8 @@ class LibreOfficeFiles {
 /// Closes a document at the end of its life.
 class OpenDocument {
   public:
-    OpenDocument(LibreOfficeFiles& files, DocumentReference document)
-        : files_(files), document_(std::move(document)) {}
+    OpenDocument(LibreOfficeFiles& files, const DocumentReference& document)
+        : files_(files), document_(document) {}
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
     ~OpenDocument() { files_.close(document_); }
