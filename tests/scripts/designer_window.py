@@ -12,7 +12,7 @@ from pathlib import Path
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402  (the version comes first)
+from gi.repository import Atspi, GLib  # noqa: E402  (the version comes first)
 
 SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 960
 # AT-SPI's own word for a button, which is another one since its release 2.56.
@@ -21,10 +21,13 @@ PATIENCE = 60  # seconds; only a program that hangs takes so long
 
 
 def wait_for(what, condition, patience=PATIENCE):
-    """The first answer of the condition that is true."""
+    """The first answer of the condition that is true. A program that is too busy to be asked has none yet."""
     end = time.monotonic() + patience
     while time.monotonic() < end:
-        answer = condition()
+        try:
+            answer = condition()
+        except GLib.Error:
+            answer = None
         if answer:
             return answer
         time.sleep(0.05)

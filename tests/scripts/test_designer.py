@@ -80,6 +80,7 @@ class DesignerTest(unittest.TestCase):
 
     def save_as(self, name):
         path = self.folder / name
+        self.designer.wait_until_active()
         key("ctrl+shift+s")
         self.designer.answer_file_dialog(path)
         wait_for(f"the file {path}", path.exists)
