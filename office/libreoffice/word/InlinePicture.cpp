@@ -15,8 +15,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr std::int64_t kEmuPerHundredthOfMillimetre = 360;
-
 std::int32_t hundredths(Emu length) {
     const std::int64_t rounded =
         (length.value + kEmuPerHundredthOfMillimetre / 2) / kEmuPerHundredthOfMillimetre;
@@ -41,17 +39,16 @@ InlinePicture::InlinePicture(WriterContent& content, const std::string& fileName
       file_(opc::PictureFile::read(bytes_, fileName)),
       name_(fileName) {}
 
-void InlinePicture::insert(WriterStory& story, CharacterPosition position) const {
+CursorReference InlinePicture::insert(const CursorReference& place) const {
     const Reference<css::graphic::XGraphic> graphic = readGraphic(content_.session().connection(), bytes_);
     if (!graphic.is()) {
         throw AutomationError(
             kFileCouldNotBeRead,
             "The file '" + name_ + "' could not be read: LibreOffice cannot show the picture.");
     }
-    const CursorReference& cursor = content_.cursorOver(story, {position, position});
     Emu width = file_.naturalWidth();
     Emu height = file_.naturalHeight();
-    const Emu area = textAreaWidth(content_.model(), cursor);
+    const Emu area = textAreaWidth(content_.model(), place);
     if (width > area) {
         const double scale = static_cast<double>(area.value) / static_cast<double>(width.value);
         height = {
@@ -65,9 +62,12 @@ void InlinePicture::insert(WriterStory& story, CharacterPosition position) const
     properties->setPropertyValue("Graphic", css::uno::Any(graphic));
     properties->setPropertyValue("Width", css::uno::Any(hundredths(width)));
     properties->setPropertyValue("Height", css::uno::Any(hundredths(height)));
-    const TextReference& text = story.textOf(story.map().placeOf(position).text);
-    text->insertTextContent(rangeOf(cursor), Reference<css::text::XTextContent>(made, UNO_QUERY_THROW),
-                            false);
+    const Reference<css::text::XTextContent> picture(made, UNO_QUERY_THROW);
+    place->getText()->insertTextContent(rangeOf(place), picture, false);
+    // Whether the cursor stands before the picture now or behind it is left open.
+    CursorReference over = cursorOver(picture->getAnchor()->getStart());
+    over->goRight(1, true);
+    return over;
 }
 
 }  // namespace mergeloom::libreoffice

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/libreoffice/word/TableCells.h"
 #include "office/libreoffice/word/WriterContent.h"
 #include "office/model/word/Cell.h"
 #include "office/model/word/Cells.h"
@@ -11,43 +12,46 @@
 namespace mergeloom::libreoffice {
 
 /// A table of a story.
-struct TablePlace {
+struct StoryTable {
     std::shared_ptr<WriterContent> content;
-    WriterStory* story = nullptr;
-    TablePtr table;
+    TextReference story;
+    TableReference table;
 
     /// Raises kObjectDeleted once the table is gone.
-    [[nodiscard]] MappedTable& get() const;
+    [[nodiscard]] const TableReference& get() const;
 };
 
 class WriterCell final : public word::Cell {
   public:
-    WriterCell(TablePlace place, CellPlace cell) : place_(std::move(place)), cell_(cell) {}
+    WriterCell(StoryTable table, OUString name, CellPlace place)
+        : table_(std::move(table)), name_(std::move(name)), place_(place) {}
 
     word::RangePtr Range() override;
-    int ColumnIndex() override { return static_cast<int>(cell_.column) + 1; }
-    int RowIndex() override { return static_cast<int>(cell_.row) + 1; }
+    int ColumnIndex() override { return static_cast<int>(place_.column) + 1; }
+    int RowIndex() override { return static_cast<int>(place_.row) + 1; }
     void Select() override;
 
   private:
-    TablePlace place_;
-    CellPlace cell_;
+    [[nodiscard]] TrackedRange range() const;
+
+    StoryTable table_;
+    OUString name_;
+    CellPlace place_;
 };
 
 class WriterCells final : public word::Cells {
   public:
-    WriterCells(TablePlace place, std::vector<CellPlace> cells)
-        : place_(std::move(place)), cells_(std::move(cells)) {}
+    WriterCells(StoryTable table, const std::vector<RowOfCells>& rows, CellPlace first, CellPlace last);
 
     int Count() override { return static_cast<int>(cells_.size()); }
     word::CellPtr Item(int number) override;
 
   private:
-    TablePlace place_;
-    std::vector<CellPlace> cells_;
+    StoryTable table_;
+    std::vector<std::pair<OUString, CellPlace>> cells_;
 };
 
-/// The cells that the stretch touches. Raises kMemberNotFound outside tables.
-word::CellsPtr cellsOf(const std::shared_ptr<WriterContent>& content, const LiveStretch& stretch);
+/// The cells that the range touches. Raises kMemberNotFound outside tables.
+word::CellsPtr cellsOf(const std::shared_ptr<WriterContent>& content, const TrackedRange& range);
 
 }  // namespace mergeloom::libreoffice

@@ -1,5 +1,6 @@
 #include "office/libreoffice/word/WriterSelection.h"
 
+#include "office/libreoffice/word/TableCells.h"
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/libreoffice/word/WriterBookmarks.h"
 #include "office/libreoffice/word/WriterCount.h"
@@ -11,23 +12,37 @@
 
 namespace mergeloom::libreoffice {
 
-std::shared_ptr<LiveStretch> WriterSelection::stretch() const {
+namespace {
+
+/// Makes a caret of what ends behind a mark that no cursor of Writer's passes.
+void goBehindMark(WriterContent& content, TrackedRange& range) {
+    const RangeReference end = range.cursor->getEnd();
+    range.cursor->collapseToEnd();
+    const TableReference table = tableAt(end);
+    if (range.endBeyond == Beyond::Table) range.cursor = cursorOver(content.placeAfter(range.story, table));
+    if (range.endBeyond == Beyond::CellMark) {
+        const std::vector<RowOfCells> rows = rowsOf(table);
+        const CellPlace cell = cellOf(table, rows, range.story, end);
+        if (cell.column + 1 < rows[cell.row].size()) {
+            range.cursor = cursorOverCell(cellText(table, rows[cell.row][cell.column + 1]));
+            range.cursor->collapseToStart();
+        }
+    }
+}
+
+}  // namespace
+
+RangePtr WriterSelection::selected() const {
     return content_->call([&] { return content_->selection(); });
 }
 
 word::RangePtr WriterSelection::Range() {
-    return makeRange(content_, *stretch()->story, {stretch()->start, stretch()->end});
+    return content_->call(
+        [&] { return std::make_shared<WriterRange>(content_, content_->copyOf(*content_->selection())); });
 }
 
 void WriterSelection::SetText(const std::string& text) {
-    content_->call([&] {
-        LiveStretch& selected = *content_->selection();
-        const CharacterPosition start = selected.start;
-        const CharacterCount inserted =
-            TextEditor(*content_).replace(*selected.story, {start, selected.end}, text);
-        selected.start = start;
-        selected.end = start + inserted;
-    });
+    content_->call([&] { TextEditor(*content_).replace(*content_->selection(), text); });
 }
 
 void WriterSelection::TypeText(const std::string& text) {
@@ -36,17 +51,27 @@ void WriterSelection::TypeText(const std::string& text) {
 }
 
 void WriterSelection::Collapse(word::WdCollapseDirection direction) {
-    const std::shared_ptr<LiveStretch> stretch = this->stretch();
-    LiveStretch& selected = *stretch;
-    const bool toEnd = direction == word::WdCollapseDirection::wdCollapseEnd;
-    selected.start = selected.end = toEnd ? selected.end : selected.start;
+    content_->call([&] {
+        TrackedRange& range = *content_->selection();
+        if (direction == word::WdCollapseDirection::wdCollapseStart) {
+            range.cursor->collapseToStart();
+        } else if (range.endBeyond == Beyond::Nothing) {
+            range.cursor->collapseToEnd();
+        } else {
+            goBehindMark(*content_, range);
+        }
+        range.startBeyond = range.endBeyond = Beyond::Nothing;
+    });
 }
 
 /// Writer keeps a paragraph at the end of each text.
 void WriterSelection::EndKey(word::WdUnits /*unit*/) {
-    const std::shared_ptr<LiveStretch> selected = stretch();
-    const CharacterPosition end{selected->story->map().length().value - 1};
-    selected->start = selected->end = end;
+    content_->call([&] {
+        TrackedRange& range = *content_->selection();
+        const CursorReference end = range.story->createTextCursor();
+        end->gotoEnd(false);
+        range = {range.story, end};
+    });
 }
 
 word::FontPtr WriterSelection::Font() {
@@ -54,24 +79,24 @@ word::FontPtr WriterSelection::Font() {
 }
 
 word::BookmarksPtr WriterSelection::Bookmarks() {
-    return std::make_shared<RangeBookmarks>(content_, *stretch());
+    return bookmarksOf(content_, *selected());
 }
 
 word::FieldsPtr WriterSelection::Fields() {
-    return fieldsIn(content_, *stretch());
+    return fieldsOf(content_, *selected());
 }
 
 word::InlineShapesPtr WriterSelection::InlineShapes() {
-    return std::make_shared<WriterInlineShapes>(content_, stretch());
+    return std::make_shared<WriterInlineShapes>(content_, selected());
 }
 
 word::ShapeRangePtr WriterSelection::ShapeRange() {
-    const std::size_t count = objectsIn(*stretch(), ObjectKind::FloatingShape).size();
-    return std::make_shared<WriterCount<word::ShapeRange>>(static_cast<int>(count));
+    const int count = content_->call([&] { return countFloatingShapes(*content_->selection()); });
+    return std::make_shared<WriterCount<word::ShapeRange>>(count);
 }
 
 word::TablesPtr WriterSelection::Tables() {
-    return std::make_shared<WriterTables>(content_, *stretch());
+    return std::make_shared<WriterTables>(content_, selected());
 }
 
 }  // namespace mergeloom::libreoffice

@@ -10,36 +10,34 @@
 namespace mergeloom::libreoffice {
 
 word::RangePtr WriterTable::Range() {
-    const MappedTable& table = place_.get();
-    return makeRange(place_.content, *place_.story, {table.start, table.end()});
+    return table_.content->call(
+        [&] { return makeRange(table_.content, wholeTable(table_.story, table_.get())); });
 }
 
 word::RowsPtr WriterTable::Rows() {
-    static_cast<void>(place_.get());
-    return std::make_shared<WriterRows>(place_);
+    table_.content->call([&] { (void)table_.get(); });
+    return std::make_shared<WriterRows>(table_);
 }
 
 word::ColumnsPtr WriterTable::Columns() {
-    std::size_t most = 0;
-    for (const MappedRow& row : place_.get().rows)
-        most = std::max(most, row.size());
-    return std::make_shared<WriterCount<word::Columns>>(static_cast<int>(most));
+    return table_.content->call([&] {
+        std::size_t most = 0;
+        for (const RowOfCells& row : rowsOf(table_.get()))
+            most = std::max(most, row.size());
+        return std::make_shared<WriterCount<word::Columns>>(static_cast<int>(most));
+    });
 }
 
 bool WriterTable::Uniform() {
-    return place_.get().isUniform();
+    return table_.content->call([&] { return isUniform(table_.get()); });
 }
 
 void WriterTable::Select() {
-    Range()->Select();
+    table_.content->call([&] { table_.content->select(wholeTable(table_.story, table_.get())); });
 }
 
 void WriterTable::Delete() {
-    static_cast<void>(place_.get());
-    place_.content->call([&] {
-        TextEditor(*place_.content).removeTable(*place_.story, place_.table);
-        place_.content->settle();
-    });
+    table_.content->call([&] { TextEditor(*table_.content).removeTable(table_.story, table_.get()); });
 }
 
 }  // namespace mergeloom::libreoffice

@@ -9,7 +9,7 @@ namespace mergeloom::libreoffice {
 
 class WriterTable final : public word::Table {
   public:
-    explicit WriterTable(TablePlace place) : place_(std::move(place)) {}
+    explicit WriterTable(StoryTable table) : table_(std::move(table)) {}
 
     word::RangePtr Range() override;
     word::RowsPtr Rows() override;
@@ -19,7 +19,7 @@ class WriterTable final : public word::Table {
     void Delete() override;
 
   private:
-    TablePlace place_;
+    StoryTable table_;
 };
 
 }  // namespace mergeloom::libreoffice
