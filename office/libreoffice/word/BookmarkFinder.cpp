@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <com/sun/star/container/NoSuchElementException.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -41,9 +42,7 @@ void BookmarkFinder::forget() {
     gap_.reset();
 }
 
-bool BookmarkFinder::endsBefore(sal_Int32 index) const try {
-    const RangeReference anchor = anchorOf(model_.bookmarksByPlace->getByIndex(index));
-    const RangeReference next = anchorOf(model_.bookmarksByPlace->getByIndex(index + 1));
+bool BookmarkFinder::endsBefore(const RangeReference& anchor, const RangeReference& next) const try {
     return order::compareStarts(model_.body, anchor->getEnd(), next) <= 0;
 } catch (const css::lang::IllegalArgumentException&) {
     // One of them stands outside the body.
@@ -55,10 +54,16 @@ void BookmarkFinder::learn() {
     std::vector<std::string> names;
     for (const OUString& name : model_.bookmarks->getElementNames())
         names.push_back(fromUno(name));
+    RangeReference next;
     for (std::size_t index = 0; index + 1 < names.size(); ++index) {
+        const RangeReference former = std::exchange(next, RangeReference());
         const auto known = apart_.find(names[index]);
         if (known != apart_.end() && known->second == names[index + 1]) continue;
-        if (endsBefore(static_cast<sal_Int32>(index))) {
+        const auto number = static_cast<sal_Int32>(index);
+        const RangeReference anchor =
+            former.is() ? former : anchorOf(model_.bookmarksByPlace->getByIndex(number));
+        next = anchorOf(model_.bookmarksByPlace->getByIndex(number + 1));
+        if (endsBefore(anchor, next)) {
             apart_[names[index]] = names[index + 1];
         } else {
             wide_.insert(names[index]);
