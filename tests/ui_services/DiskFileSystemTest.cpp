@@ -143,6 +143,8 @@ TEST_F(DiskFileSystemTest, AFailureLeavesBothSidesWhole) {
 }
 
 TEST_F(DiskFileSystemTest, MovesToTheTrash) {
+    // The trash at home takes what lies on the same disk, which a folder for temporary files need not do.
+    const ChangedVariable home("HOME", folder / "");
     const ChangedVariable data("XDG_DATA_HOME", folder / "data");
     files.moveToTrash(folder / "a");
     EXPECT_EQ(folder.bytesOf("data/Trash/files/a"), "first");
@@ -154,6 +156,7 @@ TEST_F(DiskFileSystemTest, MovesToTheTrash) {
 
 TEST_F(DiskFileSystemTest, WithoutATrashTheFileStays) {
     folder.put("no-folder", "");
+    const ChangedVariable home("HOME", folder / "");
     const ChangedVariable data("XDG_DATA_HOME", folder / "no-folder");
     EXPECT_THAT(sentenceOf([&] { files.moveToTrash(folder / "a"); }),
                 AllOf(HasSubstr(folder / "a"), HasSubstr("there is no trash")));
