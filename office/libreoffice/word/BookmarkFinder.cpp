@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <com/sun/star/container/NoSuchElementException.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
-#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -42,7 +41,9 @@ void BookmarkFinder::forget() {
     gap_.reset();
 }
 
-bool BookmarkFinder::endsBefore(const RangeReference& anchor, const RangeReference& next) const try {
+bool BookmarkFinder::endsBefore(sal_Int32 index) const try {
+    const RangeReference anchor = anchorOf(model_.bookmarksByPlace->getByIndex(index));
+    const RangeReference next = anchorOf(model_.bookmarksByPlace->getByIndex(index + 1));
     return order::compareStarts(model_.body, anchor->getEnd(), next) <= 0;
 } catch (const css::lang::IllegalArgumentException&) {
     // One of them stands outside the body.
@@ -54,16 +55,10 @@ void BookmarkFinder::learn() {
     std::vector<std::string> names;
     for (const OUString& name : model_.bookmarks->getElementNames())
         names.push_back(fromUno(name));
-    RangeReference next;
     for (std::size_t index = 0; index + 1 < names.size(); ++index) {
-        const RangeReference former = std::exchange(next, RangeReference());
         const auto known = apart_.find(names[index]);
         if (known != apart_.end() && known->second == names[index + 1]) continue;
-        const auto number = static_cast<sal_Int32>(index);
-        const RangeReference anchor =
-            former.is() ? former : anchorOf(model_.bookmarksByPlace->getByIndex(number));
-        next = anchorOf(model_.bookmarksByPlace->getByIndex(number + 1));
-        if (endsBefore(anchor, next)) {
+        if (endsBefore(static_cast<sal_Int32>(index))) {
             apart_[names[index]] = names[index + 1];
         } else {
             wide_.insert(names[index]);

@@ -51,7 +51,7 @@ class BookmarkFinder {
     enum class Relation { Before, Touching, After };
 
     void learn();
-    [[nodiscard]] bool endsBefore(const RangeReference& anchor, const RangeReference& next) const;
+    [[nodiscard]] bool endsBefore(sal_Int32 index) const;
     std::vector<LiveBookmark> search(Question& question);
     [[nodiscard]] sal_Int32 firstBehind(const Question& question) const;
     void searchBackwards(Question& question, sal_Int32 index);
