@@ -14,10 +14,8 @@ namespace {
 
 /// A caret in the paragraph below a table touches the bookmark over it, yet nobody sees anything selected.
 bool endsWithTableBefore(word::Bookmark& bookmark, word::Range& selected) {
-    if (!selected.isEmpty()) return false;
-    const word::RangePtr marked = bookmark.Range();
-    return marked->compare(word::RangeEnd::End, selected, word::RangeEnd::Start) == 0 &&
-           coversSeveralCells(*marked);
+    return selected.Start() == selected.End() && bookmark.End() == selected.Start() &&
+           coversSeveralCells(*bookmark.Range());
 }
 
 int heldBookmarks(word::Selection& selection) {

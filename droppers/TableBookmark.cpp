@@ -29,8 +29,7 @@ word::TablePtr tableUnder(word::Range& marked) {
     const word::TablesPtr tables = marked.Tables();
     if (tables->Count() == 0) return {};
     word::TablePtr table = tables->Item(1);
-    const bool marksTable = coversSeveralCells(marked) ||
-                            marked.compare(word::RangeEnd::End, *table->Range(), word::RangeEnd::End) >= 0;
+    const bool marksTable = coversSeveralCells(marked) || marked.End() >= table->Range()->End();
     return marksTable ? table : nullptr;
 }
 

@@ -23,9 +23,7 @@ struct Guards {
 
 /// Whether a bookmark is that of the table in which the range stands: a cell before it does not touch it.
 bool isTableAround(word::Bookmark& bookmark, word::Range& range) {
-    const word::RangePtr marked = bookmark.Range();
-    return marked->compare(word::RangeEnd::End, range, word::RangeEnd::Start) > 0 &&
-           coversSeveralCells(*marked);
+    return bookmark.End() > range.Start() && coversSeveralCells(*bookmark.Range());
 }
 
 /// Finds the bookmarks that touch the range; false when a field lies there.
@@ -36,9 +34,8 @@ bool findTouching(word::Range& range, TouchingBookmarks& touching) {
 
     for (int number = 1; number <= count; ++number) {
         const word::BookmarkPtr bookmark = bookmarks->Item(number);
-        const word::RangePtr marked = bookmark->Range();
-        if (coversSeveralCells(*marked)) continue;
-        if (marked->compare(word::RangeEnd::Start, range, word::RangeEnd::Start) == 0) {
+        if (coversSeveralCells(*bookmark->Range())) continue;
+        if (bookmark->Start() == range.Start()) {
             touching.atStart = bookmark;
         } else if (isField(*bookmark)) {
             return false;
@@ -63,7 +60,7 @@ void writePicture(word::Range& range, const std::string& pictureFile) {
 }
 
 void writeText(word::Range& range, const std::string& placeholder, const Guards& guards) {
-    const bool isEmpty = range.isEmpty();
+    const bool isEmpty = range.Start() == range.End();
     // Writing a range's own text back would cost its formatting and its pictures.
     if (!isEmpty && guards.leading.empty() && guards.trailing.empty()) return;
     range.SetText(guards.leading + (isEmpty ? placeholder : range.Text()) + guards.trailing);
@@ -75,7 +72,7 @@ void moveStartBehind(word::Document& document, const std::string& bookmarkName, 
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     if (!bookmarks->Exists(bookmarkName)) return;
     const word::BookmarkPtr bookmark = bookmarks->Item(bookmarkName);
-    bookmark->moveStart(length);
+    bookmark->SetStart(bookmark->Start() + length);
 }
 
 /// Writes what the place shows and returns the guards that stand around it.
@@ -89,7 +86,7 @@ Guards fillRange(word::Document& document, word::Range& range, const TouchingBoo
     Guards guards = guardsAgainst(touching);
     const std::string atStart = touching.atStart ? touching.atStart->Name() : "";
     writeText(range, content.vstrText.empty() ? name : content.vstrText, guards);
-    if (!atStart.empty()) moveStartBehind(document, atStart, utf16Length(range.Text()));
+    if (!atStart.empty()) moveStartBehind(document, atStart, range.End() - range.Start());
     return guards;
 }
 
@@ -100,8 +97,8 @@ std::string freeName(word::Bookmarks& bookmarks, const std::string& name) {
 }
 
 void leaveOut(word::Bookmark& bookmark, const Guards& guards) {
-    if (!guards.leading.empty()) bookmark.moveStart(utf16Length(guards.leading));
-    if (!guards.trailing.empty()) bookmark.moveEnd({-utf16Length(guards.trailing).value});
+    if (!guards.leading.empty()) bookmark.SetStart(bookmark.Start() + utf16Length(guards.leading));
+    if (!guards.trailing.empty()) bookmark.SetEnd(bookmark.End() - utf16Length(guards.trailing));
 }
 
 }  // namespace

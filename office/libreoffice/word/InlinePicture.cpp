@@ -15,6 +15,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
+constexpr std::int64_t kEmuPerHundredthOfMillimetre = 360;
+
 std::int32_t hundredths(Emu length) {
     const std::int64_t rounded =
         (length.value + kEmuPerHundredthOfMillimetre / 2) / kEmuPerHundredthOfMillimetre;
@@ -39,16 +41,17 @@ InlinePicture::InlinePicture(WriterContent& content, const std::string& fileName
       file_(opc::PictureFile::read(bytes_, fileName)),
       name_(fileName) {}
 
-CursorReference InlinePicture::insert(const CursorReference& place) const {
+void InlinePicture::insert(WriterStory& story, CharacterPosition position) const {
     const Reference<css::graphic::XGraphic> graphic = readGraphic(content_.session().connection(), bytes_);
     if (!graphic.is()) {
         throw AutomationError(
             kFileCouldNotBeRead,
             "The file '" + name_ + "' could not be read: LibreOffice cannot show the picture.");
     }
+    const CursorReference& cursor = content_.cursorOver(story, {position, position});
     Emu width = file_.naturalWidth();
     Emu height = file_.naturalHeight();
-    const Emu area = textAreaWidth(content_.model(), place);
+    const Emu area = textAreaWidth(content_.model(), cursor);
     if (width > area) {
         const double scale = static_cast<double>(area.value) / static_cast<double>(width.value);
         height = {
@@ -62,12 +65,9 @@ CursorReference InlinePicture::insert(const CursorReference& place) const {
     properties->setPropertyValue("Graphic", css::uno::Any(graphic));
     properties->setPropertyValue("Width", css::uno::Any(hundredths(width)));
     properties->setPropertyValue("Height", css::uno::Any(hundredths(height)));
-    const Reference<css::text::XTextContent> picture(made, UNO_QUERY_THROW);
-    place->getText()->insertTextContent(rangeOf(place), picture, false);
-    // Whether the cursor stands before the picture now or behind it is left open.
-    CursorReference over = cursorOver(picture->getAnchor()->getStart());
-    over->goRight(1, true);
-    return over;
+    const TextReference& text = story.textOf(story.map().placeOf(position).text);
+    text->insertTextContent(rangeOf(cursor), Reference<css::text::XTextContent>(made, UNO_QUERY_THROW),
+                            false);
 }
 
 }  // namespace mergeloom::libreoffice

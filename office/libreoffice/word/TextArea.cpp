@@ -13,6 +13,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
+constexpr std::int64_t kEmuPerHundredthOfMillimetre = 360;
+
 using Properties = Reference<css::beans::XPropertySet>;
 
 std::int64_t measure(const Properties& properties, const char* name) {

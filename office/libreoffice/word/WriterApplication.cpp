@@ -96,7 +96,8 @@ void WriterApplication::remove(const WriterDocument& document) {
 
 word::DocumentPtr WriterApplication::list(const DocumentReference& document, const std::string& sourceFile,
                                           const std::string& fullName, bool wasOpened) {
-    auto content = std::make_shared<WriterContent>(session_, files_, document);
+    const ContentOrigin origin = sourceFile.empty() ? ContentOrigin::Empty : ContentOrigin::File;
+    auto content = std::make_shared<WriterContent>(session_, files_, document, origin);
     if (!sourceFile.empty()) content->setProtection(sourceFile, protectionOf(files_, sourceFile));
     documents_.push_back(
         std::make_shared<WriterDocument>(weak_from_this(), std::move(content), fullName, wasOpened));

@@ -4,48 +4,30 @@
 #include "office/model/word/Bookmark.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 
 namespace mergeloom::libreoffice {
 
-/// A bookmark by its name; Writer is asked where it is, unless that was known when the bookmark was found and
-/// none was moved since.
 class WriterBookmark final : public word::Bookmark {
   public:
-    WriterBookmark(std::shared_ptr<WriterContent> content, std::string name)
-        : content_(std::move(content)), name_(std::move(name)) {}
+    WriterBookmark(std::shared_ptr<WriterContent> content, MarkPtr mark)
+        : content_(std::move(content)), mark_(std::move(mark)) {}
 
-    WriterBookmark(std::shared_ptr<WriterContent> content, const TextReference& story,
-                   const LiveBookmark& found)
-        : content_(std::move(content)),
-          name_(found.name),
-          found_(Found{story, found, content_->bookmarks().version()}) {}
-
-    std::string Name() override;
+    std::string Name() override { return mark().name; }
     word::RangePtr Range() override;
-    CharacterPosition Start() override;
+    CharacterPosition Start() override { return mark().place.start; }
     void SetStart(CharacterPosition start) override;
-    CharacterPosition End() override;
+    CharacterPosition End() override { return mark().place.end; }
     void SetEnd(CharacterPosition end) override;
-    void moveStart(CharacterCount count) override;
-    void moveEnd(CharacterCount count) override;
     void Select() override;
 
   private:
-    struct Found {
-        TextReference story;
-        LiveBookmark bookmark;
-        std::int64_t version;
-    };
-
-    [[nodiscard]] TrackedRange range() const;
-    void put(const TextReference& story, const TextPlace& start, const TextPlace& end);
+    [[nodiscard]] MarkRecord& mark() const;
+    void check(CharacterPosition position) const;
 
     std::shared_ptr<WriterContent> content_;
-    std::string name_;
-    std::optional<Found> found_;
+    MarkPtr mark_;
 };
 
 }  // namespace mergeloom::libreoffice

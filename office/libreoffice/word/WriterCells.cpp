@@ -3,59 +3,42 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/word/WriterRange.h"
 
-#include <com/sun/star/container/XNamed.hpp>
-
 namespace mergeloom::libreoffice {
 
-const TableReference& StoryTable::get() const {
-    try {
-        if (table->getAnchor().is()) return table;
-    } catch (const css::uno::RuntimeException&) {
-        // It is told below.
-    }
-    throw AutomationError(kObjectDeleted, "The table has been deleted.");
-}
-
-TrackedRange WriterCell::range() const {
-    return {table_.story, cursorOverCell(cellText(table_.get(), name_)), Beyond::Nothing, Beyond::CellMark};
+MappedTable& TablePlace::get() const {
+    if (!table->placed) throw AutomationError(kObjectDeleted, "The table has been deleted.");
+    return *table;
 }
 
 word::RangePtr WriterCell::Range() {
-    return table_.content->call([&] { return makeRange(table_.content, range()); });
+    const MappedTable& table = place_.get();
+    const Stretch whole{table.startOf(cell_), table.endOf(cell_) + CharacterCount{1}};
+    return makeRange(place_.content, *place_.story, whole);
 }
 
 void WriterCell::Select() {
-    table_.content->call([&] { table_.content->select(range()); });
-}
-
-WriterCells::WriterCells(StoryTable table, const std::vector<RowOfCells>& rows, CellPlace first,
-                         CellPlace last)
-    : table_(std::move(table)) {
-    for (std::size_t row = first.row; row <= last.row; ++row) {
-        for (std::size_t column = 0; column < rows[row].size(); ++column) {
-            const CellPlace cell{row, column};
-            if (first <= cell && cell <= last) cells_.emplace_back(rows[row][column], cell);
-        }
-    }
+    Range()->Select();
 }
 
 word::CellPtr WriterCells::Item(int number) {
     if (number < 1 || number > Count()) throw AutomationError(kMemberNotFound, "There is no such cell.");
-    const auto& [name, place] = cells_[static_cast<std::size_t>(number) - 1];
-    return std::make_shared<WriterCell>(table_, name, place);
+    return std::make_shared<WriterCell>(place_, cells_[static_cast<std::size_t>(number) - 1]);
 }
 
-word::CellsPtr cellsOf(const std::shared_ptr<WriterContent>& content, const TrackedRange& range) {
-    return content->call([&] {
-        const RangeReference start = range.cursor->getStart();
-        const RangeReference end = range.cursor->getEnd();
-        const TableReference table = tableAround(range);
-        if (!table.is()) throw AutomationError(kMemberNotFound, "The range is not in a table.");
-        const std::vector<RowOfCells> rows = rowsOf(table);
-        return std::make_shared<WriterCells>(StoryTable{content, range.story, table}, rows,
-                                             cellOf(table, rows, range.story, start),
-                                             cellOf(table, rows, range.story, end));
-    });
+word::CellsPtr cellsOf(const std::shared_ptr<WriterContent>& content, const LiveStretch& stretch) {
+    const TablePtr table = stretch.story->map().tableAround({stretch.start, stretch.end});
+    if (!table) throw AutomationError(kMemberNotFound, "The range is not in a table.");
+    const CharacterCount last{stretch.isCaret() ? 0 : 1};
+    const CellPlace from = table->cellAt(stretch.start);
+    const CellPlace to = table->cellAt(stretch.end - last);
+    std::vector<CellPlace> cells;
+    for (std::size_t row = from.row; row <= to.row; ++row) {
+        for (std::size_t column = 0; column < table->rows[row].size(); ++column) {
+            const CellPlace cell{row, column};
+            if (from <= cell && cell <= to) cells.push_back(cell);
+        }
+    }
+    return std::make_shared<WriterCells>(TablePlace{content, stretch.story, table}, std::move(cells));
 }
 
 }  // namespace mergeloom::libreoffice

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "office/libreoffice/word/TableCells.h"
 #include "office/libreoffice/word/WriterContent.h"
 #include "office/model/word/Cell.h"
 #include "office/model/word/Cells.h"
@@ -12,46 +11,43 @@
 namespace mergeloom::libreoffice {
 
 /// A table of a story.
-struct StoryTable {
+struct TablePlace {
     std::shared_ptr<WriterContent> content;
-    TextReference story;
-    TableReference table;
+    WriterStory* story = nullptr;
+    TablePtr table;
 
     /// Raises kObjectDeleted once the table is gone.
-    [[nodiscard]] const TableReference& get() const;
+    [[nodiscard]] MappedTable& get() const;
 };
 
 class WriterCell final : public word::Cell {
   public:
-    WriterCell(StoryTable table, OUString name, CellPlace place)
-        : table_(std::move(table)), name_(std::move(name)), place_(place) {}
+    WriterCell(TablePlace place, CellPlace cell) : place_(std::move(place)), cell_(cell) {}
 
     word::RangePtr Range() override;
-    int ColumnIndex() override { return static_cast<int>(place_.column) + 1; }
-    int RowIndex() override { return static_cast<int>(place_.row) + 1; }
+    int ColumnIndex() override { return static_cast<int>(cell_.column) + 1; }
+    int RowIndex() override { return static_cast<int>(cell_.row) + 1; }
     void Select() override;
 
   private:
-    [[nodiscard]] TrackedRange range() const;
-
-    StoryTable table_;
-    OUString name_;
-    CellPlace place_;
+    TablePlace place_;
+    CellPlace cell_;
 };
 
 class WriterCells final : public word::Cells {
   public:
-    WriterCells(StoryTable table, const std::vector<RowOfCells>& rows, CellPlace first, CellPlace last);
+    WriterCells(TablePlace place, std::vector<CellPlace> cells)
+        : place_(std::move(place)), cells_(std::move(cells)) {}
 
     int Count() override { return static_cast<int>(cells_.size()); }
     word::CellPtr Item(int number) override;
 
   private:
-    StoryTable table_;
-    std::vector<std::pair<OUString, CellPlace>> cells_;
+    TablePlace place_;
+    std::vector<CellPlace> cells_;
 };
 
-/// The cells that the range touches. Raises kMemberNotFound outside tables.
-word::CellsPtr cellsOf(const std::shared_ptr<WriterContent>& content, const TrackedRange& range);
+/// The cells that the stretch touches. Raises kMemberNotFound outside tables.
+word::CellsPtr cellsOf(const std::shared_ptr<WriterContent>& content, const LiveStretch& stretch);
 
 }  // namespace mergeloom::libreoffice

@@ -33,13 +33,13 @@ word::WdSaveFormat formatOf(const std::string& fileName) {
                                                     "documents with that extension.");
 }
 
-/// Only bookmarks that begin with a table's first cell can be over the table.
 std::set<std::string> namesOverTables(WriterContent& content) {
     std::set<std::string> names;
-    // Who saves may be a user who has edited the document meanwhile.
-    content.bookmarks().forgetPlaces();
-    for (const std::string& name : content.bookmarkNames().all()) {
-        if (content.bookmarks().get(name).beyond == Beyond::Table) names.insert(name);
+    for (const MarkPtr& mark : content.marks().all()) {
+        const Stretch place = mark->place;
+        for (const TablePtr& table : mark->story->map().tables()) {
+            if (place.start == table->start && place.end == table->end()) names.insert(mark->name);
+        }
     }
     return names;
 }
@@ -67,11 +67,11 @@ word::WindowPtr WriterDocument::ActiveWindow() {
 }
 
 word::BookmarksPtr WriterDocument::Bookmarks() {
-    return bookmarksOf(content_);
+    return std::make_shared<DocumentBookmarks>(content_);
 }
 
 word::FieldsPtr WriterDocument::Fields() {
-    return fieldsOf(content_);
+    return allFields(content_);
 }
 
 word::MailMergePtr WriterDocument::MailMerge() {
@@ -79,7 +79,11 @@ word::MailMergePtr WriterDocument::MailMerge() {
 }
 
 word::TablesPtr WriterDocument::Tables() {
-    return std::make_shared<WriterTables>(content_, nullptr);
+    return content_->call([&] {
+        WriterStory& body = content_->body();
+        const CharacterPosition end{body.map().length().value};
+        return std::make_shared<WriterTables>(content_, LiveStretch{&body, {0}, end});
+    });
 }
 
 std::string WriterDocument::Name() {
@@ -87,11 +91,17 @@ std::string WriterDocument::Name() {
 }
 
 bool WriterDocument::Saved() {
-    return content_->call([&] { return !content_->model().modifiable->isModified(); });
+    return content_->callOutside([&] {
+        content_->flush();
+        return !content_->model().modifiable->isModified();
+    });
 }
 
 void WriterDocument::SetSaved(bool saved) {
-    content_->call([&] { content_->model().modifiable->setModified(!saved); });
+    content_->callOutside([&] {
+        content_->flush();
+        content_->model().modifiable->setModified(!saved);
+    });
 }
 
 void WriterDocument::Save() {
@@ -107,6 +117,7 @@ void WriterDocument::SaveAs(const std::string& fileName, word::WdSaveFormat form
 
 void WriterDocument::write(const std::string& fileName, word::WdSaveFormat format) {
     content_->call([&] {
+        content_->bringMarksToTheirPlaces();
         LibreOfficeSession& session = content_->session();
         const DocumentReference& document = content_->model().document;
         session.files().save(document, fileName, format, [&](std::string bytes) {

@@ -1,11 +1,9 @@
 #include "office/libreoffice/word/WriterField.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/word/RangeText.h"
+#include "office/libreoffice/word/StoryText.h"
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/libreoffice/word/WriterRange.h"
-
-#include <string>
 
 namespace mergeloom::libreoffice {
 
@@ -14,8 +12,8 @@ namespace {
 /// A code is no text of the document, though fields may be nested in it: it can be read only.
 class CodeRange final : public WriterRange {
   public:
-    CodeRange(std::shared_ptr<WriterContent> content, RangePtr range, std::string code)
-        : WriterRange(std::move(content), std::move(range)), code_(std::move(code)) {}
+    CodeRange(std::shared_ptr<WriterContent> content, std::shared_ptr<LiveStretch> stretch, std::string code)
+        : WriterRange(std::move(content), std::move(stretch)), code_(std::move(code)) {}
 
     std::string Text() override { return code_; }
     void SetText(const std::string&) override {
@@ -32,45 +30,37 @@ std::string called(word::WdFieldType type) {
     return "a field";
 }
 
-[[noreturn]] void raiseUnknownCode(word::WdFieldType type, const std::string& shown) {
-    throw AutomationError(kNotAvailable, "LibreOffice does not keep the code of " + called(type) +
-                                             (shown.empty() ? "." : " that shows '" + shown + "'."));
-}
-
 }  // namespace
 
-TrackedRange WriterField::range() const {
-    if (!isThere(field_)) throw AutomationError(kObjectDeleted, "The field has been deleted.");
-    return {story_, cursorOver(field_.object->getAnchor())};
-}
-
 word::RangePtr WriterField::Code() {
-    return content_->call([&]() -> word::RangePtr {
-        TrackedRange code = range();
-        if (field_.code.empty()) raiseUnknownCode(field_.type, textOf(code));
-        if (field_.inText.is()) {
-            code.cursor = cursorOver(rangeOf(field_.inText));
-        } else {
-            code.cursor->collapseToStart();
-        }
-        return std::make_shared<CodeRange>(content_, content_->track(code), field_.code);
-    });
+    const Stretch place = field().place;
+    const Stretch code = codeOf(field());
+    if (field().fieldCode.empty()) {
+        const std::string shown = content_->call([&] { return textOf(*content_, story_, place); });
+        throw AutomationError(kNotAvailable, "LibreOffice does not keep the code of " +
+                                                 called(field().fieldType) +
+                                                 (shown.empty() ? "." : " that shows '" + shown + "'."));
+    }
+    return std::make_shared<CodeRange>(content_, content_->live(story_, code.start, code.end),
+                                       field().fieldCode);
 }
 
 word::WdFieldType WriterField::Type() {
-    content_->call([&] { (void)range(); });
-    return field_.type;
+    return field().fieldType;
 }
 
 void WriterField::Select() {
-    content_->call([&] { content_->select(range()); });
+    content_->select({&story_, field().place.start, field().place.end});
 }
 
 void WriterField::Delete() {
-    content_->call([&] {
-        const RangePtr whole = content_->track(range());
-        TextEditor(*content_).replace(*whole, "");
-    });
+    const Stretch place = field().place;
+    content_->call([&] { TextEditor(*content_).replace(story_, place, ""); });
+}
+
+const TextObject& WriterField::field() const {
+    if (!field_->placed) throw AutomationError(kObjectDeleted, "The field has been deleted.");
+    return *field_;
 }
 
 }  // namespace mergeloom::libreoffice

@@ -4,22 +4,32 @@
 #include "office/libreoffice/word/WriterField.h"
 #include "office/model/word/FieldCode.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace mergeloom::libreoffice {
 
 namespace {
 
-void addFields(const std::shared_ptr<WriterContent>& content, const TextReference& story,
-               const Reference<css::uno::XInterface>& text, std::vector<word::FieldPtr>& fields) {
-    for (FoundField& field : fieldsIn(text))
-        fields.push_back(std::make_shared<WriterField>(content, story, std::move(field)));
+std::vector<word::FieldPtr> fieldsOf(const std::shared_ptr<WriterContent>& content,
+                                     const LiveStretch& stretch) {
+    std::vector<word::FieldPtr> fields;
+    CharacterPosition endOfCodes;
+    for (const ObjectPtr& field : objectsIn(stretch, ObjectKind::Field)) {
+        const FieldPlace place = field->place.start < endOfCodes ? FieldPlace::InCode : FieldPlace::InText;
+        fields.push_back(std::make_shared<WriterField>(content, *stretch.story, field, place));
+        endOfCodes = std::max(endOfCodes, field->place.start + field->codeLength);
+    }
+    return fields;
 }
 
 /// The fields of all stories, in order.
-std::vector<word::FieldPtr> allFields(const std::shared_ptr<WriterContent>& content) {
+std::vector<word::FieldPtr> fieldsOf(const std::shared_ptr<WriterContent>& content) {
     return content->call([&] {
         std::vector<word::FieldPtr> fields;
-        for (const Story& story : content->stories())
-            addFields(content, story.text, story.text, fields);
+        for (WriterStory& story : content->stories())
+            std::ranges::copy(fieldsOf(content, {&story, {0}, {story.map().length().value}}),
+                              std::back_inserter(fields));
         return fields;
     });
 }
@@ -32,22 +42,18 @@ word::FieldPtr WriterFields::Item(int number) {
 }
 
 word::FieldsPtr WriterMailMerge::Fields() {
-    std::vector<word::FieldPtr> fields = allFields(content_);
+    std::vector<word::FieldPtr> fields = fieldsOf(content_);
     std::erase_if(fields,
                   [](const word::FieldPtr& field) { return !word::isInMailMergeFields(field->Type()); });
     return std::make_shared<WriterFields>(std::move(fields));
 }
 
-word::FieldsPtr fieldsOf(const std::shared_ptr<WriterContent>& content, const TrackedRange& range) {
-    std::vector<word::FieldPtr> fields;
-    content->call([&] {
-        if (!range.cursor->isCollapsed()) addFields(content, range.story, range.cursor, fields);
-    });
-    return std::make_shared<WriterFields>(std::move(fields));
+word::FieldsPtr fieldsIn(const std::shared_ptr<WriterContent>& content, const LiveStretch& stretch) {
+    return std::make_shared<WriterFields>(fieldsOf(content, stretch));
 }
 
-word::FieldsPtr fieldsOf(const std::shared_ptr<WriterContent>& content) {
-    return std::make_shared<WriterFields>(allFields(content));
+word::FieldsPtr allFields(const std::shared_ptr<WriterContent>& content) {
+    return std::make_shared<WriterFields>(fieldsOf(content));
 }
 
 }  // namespace mergeloom::libreoffice

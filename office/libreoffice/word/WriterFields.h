@@ -32,10 +32,9 @@ class WriterMailMerge final : public word::MailMerge {
     std::shared_ptr<WriterContent> content_;
 };
 
-/// The fields whose places lie in the range, in order.
-word::FieldsPtr fieldsOf(const std::shared_ptr<WriterContent>& content, const TrackedRange& range);
-
+/// The fields whose places lie in the stretch, in order.
+word::FieldsPtr fieldsIn(const std::shared_ptr<WriterContent>& content, const LiveStretch& stretch);
 /// The fields of all stories.
-word::FieldsPtr fieldsOf(const std::shared_ptr<WriterContent>& content);
+word::FieldsPtr allFields(const std::shared_ptr<WriterContent>& content);
 
 }  // namespace mergeloom::libreoffice

@@ -1,7 +1,7 @@
 #include "office/libreoffice/word/WriterFont.h"
 
 #include "office/libreoffice/session/UnoText.h"
-#include "office/libreoffice/word/RangeText.h"
+#include "office/libreoffice/word/StoryText.h"
 
 #include <cmath>
 #include <com/sun/star/beans/XPropertySet.hpp>
@@ -19,8 +19,10 @@ void WriterFont::SetSize(double points) {
     const auto size = static_cast<float>(std::lround(points * 2)) / 2;
     content_->call([&] {
         content_->checkMayEdit();
-        for (const CursorReference& part : partsOf(*content_->selection()))
-            setSize(part, size);
+        const LiveStretch& selected = *content_->selection();
+        for (const Stretch part : partsOf(selected.story->map(), {selected.start, selected.end}))
+            setSize(content_->cursorOver(*selected.story, part), size);
+        content_->settle();
     });
 }
 

@@ -3,12 +3,16 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/word/WriterDocument.h"
 
+#include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/text/XTextViewCursorSupplier.hpp>
 
 namespace mergeloom::libreoffice {
 
 namespace {
+
+/// Marks what the view selects while the document is read. Word hides names that begin so.
+constexpr const char* kViewMark = "_MergeloomView";
 
 using ViewCursor = Reference<css::text::XTextViewCursor>;
 
@@ -22,22 +26,56 @@ ViewCursor cursorOf(const WriterModel& model) {
     return view->getViewCursor();
 }
 
-/// Where something else than text is selected, the object model keeps the selection that it had.
-void takeSelection(WriterContent& content) try {
-    const RangeReference selected(cursorOf(content.model()).get());
-    const CursorReference cursor = cursorOver(selected);
-    if (cursor.is()) content.select({content.storyOf(rangeOf(cursor)), cursor});
+/// What is done meanwhile is no step that can be taken back, and the document's mark of changes stays.
+class Unnoticed {
+  public:
+    explicit Unnoticed(const WriterModel& model)
+        : model_(model), wasModified_(model.modifiable->isModified()) {
+        model_.undo->lock();
+    }
+    Unnoticed(const Unnoticed&) = delete;
+    Unnoticed& operator=(const Unnoticed&) = delete;
+    ~Unnoticed() try {
+        model_.undo->unlock();
+        if (!wasModified_) model_.modifiable->setModified(false);
+    } catch (const css::uno::Exception&) {
+        // The office ended; so did the document.
+    }
+
+  private:
+    const WriterModel& model_;
+    const bool wasModified_;
+};
+
+/// Without a mark when something else than text is selected.
+void markViewSelection(const WriterModel& model) try {
+    const ViewCursor cursor = cursorOf(model);
+    const Reference<css::text::XTextContent> mark(model.factory->createInstance("com.sun.star.text.Bookmark"),
+                                                  UNO_QUERY_THROW);
+    Reference<css::container::XNamed>(mark, UNO_QUERY_THROW)->setName(OUString::createFromAscii(kViewMark));
+    cursor->getText()->insertTextContent(RangeReference(cursor.get()), mark, true);
 } catch (const css::lang::DisposedException&) {
     throw;
 } catch (const css::uno::Exception&) {
 }
 
-/// A caret goes over as a place: a cursor may have a mark where it stands, from which the view would go on
-/// selecting.
+/// Nobody reads the document without a mark for the selection in it, so that it is found in whatever story it
+/// stands.
+void takeSelection(WriterContent& content) {
+    const Unnoticed unnoticed(content.model());
+    markViewSelection(content.model());
+    content.call([&] {
+        const MarkPtr mark = content.marks().find(kViewMark);
+        if (!mark) return;
+        content.select({mark->story, mark->place.start, mark->place.end});
+        content.removeMark(mark);
+    });
+}
+
 void showSelection(WriterContent& content) {
-    const CursorReference& selected = content.selection()->cursor;
-    const RangeReference shown = selected->isCollapsed() ? selected->getStart() : rangeOf(selected);
-    cursorOf(content.model())->gotoRange(shown, false);
+    const LiveStretch selected = *content.selection();
+    const Stretch stretch{selected.start, selected.end};
+    cursorOf(content.model())->gotoRange(rangeOf(content.cursorOver(*selected.story, stretch)), false);
 }
 
 }  // namespace
@@ -49,26 +87,24 @@ DocumentReference componentOf(word::Document& document) {
 
 void beginEditing(word::Document& document) {
     WriterContent& content = contentOf(document);
-    content.call([&] {
+    content.callOutside([&] { content.model().model->lockControllers(); });
+    try {
         content.forget();
-        takeSelection(content);
-        content.model().model->lockControllers();
-    });
+        content.callOutside([&] { takeSelection(content); });
+    } catch (const AutomationError&) {
+        content.callOutside([&] { content.model().model->unlockControllers(); });
+        throw;
+    }
 }
 
-/// A caret that is set while nothing is shown does not wait for the layout of all later pages.
 void endEditing(word::Document& document) {
     WriterContent& content = contentOf(document);
     content.call([&] {
-        try {
-            showSelection(content);
-        } catch (const css::uno::Exception&) {
-            content.model().model->unlockControllers();
-            throw;
-        }
+        content.flush();
         content.model().model->unlockControllers();
-        content.forget();
+        showSelection(content);
     });
+    content.forget();
 }
 
 }  // namespace mergeloom::libreoffice

@@ -1,6 +1,5 @@
 #include "office/libreoffice/word/WriterSelection.h"
 
-#include "office/libreoffice/word/TableCells.h"
 #include "office/libreoffice/word/TextEditor.h"
 #include "office/libreoffice/word/WriterBookmarks.h"
 #include "office/libreoffice/word/WriterCount.h"
@@ -12,37 +11,23 @@
 
 namespace mergeloom::libreoffice {
 
-namespace {
-
-/// Makes a caret of what ends behind a mark that no cursor of Writer's passes.
-void goBehindMark(WriterContent& content, TrackedRange& range) {
-    const RangeReference end = range.cursor->getEnd();
-    range.cursor->collapseToEnd();
-    const TableReference table = tableAt(end);
-    if (range.endBeyond == Beyond::Table) range.cursor = cursorOver(content.placeAfter(range.story, table));
-    if (range.endBeyond == Beyond::CellMark) {
-        const std::vector<RowOfCells> rows = rowsOf(table);
-        const CellPlace cell = cellOf(table, rows, range.story, end);
-        if (cell.column + 1 < rows[cell.row].size()) {
-            range.cursor = cursorOverCell(cellText(table, rows[cell.row][cell.column + 1]));
-            range.cursor->collapseToStart();
-        }
-    }
-}
-
-}  // namespace
-
-RangePtr WriterSelection::selected() const {
+std::shared_ptr<LiveStretch> WriterSelection::stretch() const {
     return content_->call([&] { return content_->selection(); });
 }
 
 word::RangePtr WriterSelection::Range() {
-    return content_->call(
-        [&] { return std::make_shared<WriterRange>(content_, content_->copyOf(*content_->selection())); });
+    return makeRange(content_, *stretch()->story, {stretch()->start, stretch()->end});
 }
 
 void WriterSelection::SetText(const std::string& text) {
-    content_->call([&] { TextEditor(*content_).replace(*content_->selection(), text); });
+    content_->call([&] {
+        LiveStretch& selected = *content_->selection();
+        const CharacterPosition start = selected.start;
+        const CharacterCount inserted =
+            TextEditor(*content_).replace(*selected.story, {start, selected.end}, text);
+        selected.start = start;
+        selected.end = start + inserted;
+    });
 }
 
 void WriterSelection::TypeText(const std::string& text) {
@@ -51,27 +36,17 @@ void WriterSelection::TypeText(const std::string& text) {
 }
 
 void WriterSelection::Collapse(word::WdCollapseDirection direction) {
-    content_->call([&] {
-        TrackedRange& range = *content_->selection();
-        if (direction == word::WdCollapseDirection::wdCollapseStart) {
-            range.cursor->collapseToStart();
-        } else if (range.endBeyond == Beyond::Nothing) {
-            range.cursor->collapseToEnd();
-        } else {
-            goBehindMark(*content_, range);
-        }
-        range.startBeyond = range.endBeyond = Beyond::Nothing;
-    });
+    const std::shared_ptr<LiveStretch> stretch = this->stretch();
+    LiveStretch& selected = *stretch;
+    const bool toEnd = direction == word::WdCollapseDirection::wdCollapseEnd;
+    selected.start = selected.end = toEnd ? selected.end : selected.start;
 }
 
 /// Writer keeps a paragraph at the end of each text.
 void WriterSelection::EndKey(word::WdUnits /*unit*/) {
-    content_->call([&] {
-        TrackedRange& range = *content_->selection();
-        const CursorReference end = range.story->createTextCursor();
-        end->gotoEnd(false);
-        range = {range.story, end};
-    });
+    const std::shared_ptr<LiveStretch> selected = stretch();
+    const CharacterPosition end{selected->story->map().length().value - 1};
+    selected->start = selected->end = end;
 }
 
 word::FontPtr WriterSelection::Font() {
@@ -79,24 +54,24 @@ word::FontPtr WriterSelection::Font() {
 }
 
 word::BookmarksPtr WriterSelection::Bookmarks() {
-    return bookmarksOf(content_, *selected());
+    return std::make_shared<RangeBookmarks>(content_, *stretch());
 }
 
 word::FieldsPtr WriterSelection::Fields() {
-    return fieldsOf(content_, *selected());
+    return fieldsIn(content_, *stretch());
 }
 
 word::InlineShapesPtr WriterSelection::InlineShapes() {
-    return std::make_shared<WriterInlineShapes>(content_, selected());
+    return std::make_shared<WriterInlineShapes>(content_, stretch());
 }
 
 word::ShapeRangePtr WriterSelection::ShapeRange() {
-    const int count = content_->call([&] { return countFloatingShapes(*content_->selection()); });
-    return std::make_shared<WriterCount<word::ShapeRange>>(count);
+    const std::size_t count = objectsIn(*stretch(), ObjectKind::FloatingShape).size();
+    return std::make_shared<WriterCount<word::ShapeRange>>(static_cast<int>(count));
 }
 
 word::TablesPtr WriterSelection::Tables() {
-    return std::make_shared<WriterTables>(content_, selected());
+    return std::make_shared<WriterTables>(content_, *stretch());
 }
 
 }  // namespace mergeloom::libreoffice

@@ -20,6 +20,7 @@ class WriterSelection final : public word::Selection {
     void TypeParagraph() override { TypeText("\r"); }
     void Collapse(word::WdCollapseDirection direction) override;
     void EndKey(word::WdUnits unit) override;
+
     word::FontPtr Font() override;
     word::BookmarksPtr Bookmarks() override;
     word::FieldsPtr Fields() override;
@@ -28,7 +29,8 @@ class WriterSelection final : public word::Selection {
     word::TablesPtr Tables() override;
 
   private:
-    [[nodiscard]] RangePtr selected() const;
+    /// What is selected now; the document is read by then.
+    [[nodiscard]] std::shared_ptr<LiveStretch> stretch() const;
 
     std::shared_ptr<WriterContent> content_;
 };

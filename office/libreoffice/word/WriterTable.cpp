@@ -10,34 +10,36 @@
 namespace mergeloom::libreoffice {
 
 word::RangePtr WriterTable::Range() {
-    return table_.content->call(
-        [&] { return makeRange(table_.content, wholeTable(table_.story, table_.get())); });
+    const MappedTable& table = place_.get();
+    return makeRange(place_.content, *place_.story, {table.start, table.end()});
 }
 
 word::RowsPtr WriterTable::Rows() {
-    table_.content->call([&] { (void)table_.get(); });
-    return std::make_shared<WriterRows>(table_);
+    static_cast<void>(place_.get());
+    return std::make_shared<WriterRows>(place_);
 }
 
 word::ColumnsPtr WriterTable::Columns() {
-    return table_.content->call([&] {
-        std::size_t most = 0;
-        for (const RowOfCells& row : rowsOf(table_.get()))
-            most = std::max(most, row.size());
-        return std::make_shared<WriterCount<word::Columns>>(static_cast<int>(most));
-    });
+    std::size_t most = 0;
+    for (const MappedRow& row : place_.get().rows)
+        most = std::max(most, row.size());
+    return std::make_shared<WriterCount<word::Columns>>(static_cast<int>(most));
 }
 
 bool WriterTable::Uniform() {
-    return table_.content->call([&] { return isUniform(table_.get()); });
+    return place_.get().isUniform();
 }
 
 void WriterTable::Select() {
-    table_.content->call([&] { table_.content->select(wholeTable(table_.story, table_.get())); });
+    Range()->Select();
 }
 
 void WriterTable::Delete() {
-    table_.content->call([&] { TextEditor(*table_.content).removeTable(table_.story, table_.get()); });
+    static_cast<void>(place_.get());
+    place_.content->call([&] {
+        TextEditor(*place_.content).removeTable(*place_.story, place_.table);
+        place_.content->settle();
+    });
 }
 
 }  // namespace mergeloom::libreoffice

@@ -9,7 +9,7 @@ namespace mergeloom::libreoffice {
 
 class WriterTable final : public word::Table {
   public:
-    explicit WriterTable(StoryTable table) : table_(std::move(table)) {}
+    explicit WriterTable(TablePlace place) : place_(std::move(place)) {}
 
     word::RangePtr Range() override;
     word::RowsPtr Rows() override;
@@ -19,7 +19,7 @@ class WriterTable final : public word::Table {
     void Delete() override;
 
   private:
-    StoryTable table_;
+    TablePlace place_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -4,13 +4,9 @@
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
 
-#include <compare>
 #include <string>
 
 namespace mergeloom::word {
-
-/// An end of a range.
-enum class RangeEnd { Start, End };
 
 /// A stretch of one story that lives on through edits: text put in before it moves it, text put in inside it
 /// widens it, text taken out of it narrows it.
@@ -18,15 +14,6 @@ class Range : public Object {
   public:
     virtual CharacterPosition Start() = 0;
     virtual CharacterPosition End() = 0;
-
-    /// Returns true when nothing lies between the range's ends. An office that has no numbers for places need
-    /// not find them out for this, nor for compare.
-    virtual bool isEmpty() { return Start() == End(); }
-
-    /// Compares an end of this range with an end of another one in the same story.
-    virtual std::strong_ordering compare(RangeEnd mine, Range& other, RangeEnd others) {
-        return positionOf(*this, mine) <=> positionOf(other, others);
-    }
 
     /// Where the range stands: "body", or the kind of story with its number among those of the kind, such as
     /// "header 1", "footnote 2" or "text box 1".
@@ -51,11 +38,6 @@ class Range : public Object {
     virtual RangePtr Previous(WdUnits unit, int count) = 0;
     /// Makes the range the selection.
     virtual void Select() = 0;
-
-  private:
-    static CharacterPosition positionOf(Range& range, RangeEnd end) {
-        return end == RangeEnd::Start ? range.Start() : range.End();
-    }
 };
 
 }  // namespace mergeloom::word
