@@ -44,6 +44,7 @@ std::vector<MarkPtr> MarkTable::inNameOrder() const {
 
 std::vector<MarkPtr> MarkTable::all() const {
     std::vector<MarkPtr> marks;
+    marks.reserve(byFoldedName_.size());
     for (const auto& [folded, mark] : byFoldedName_)
         marks.push_back(mark);
     return marks;

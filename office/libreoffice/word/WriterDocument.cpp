@@ -120,7 +120,7 @@ void WriterDocument::write(const std::string& fileName, word::WdSaveFormat forma
         content_->bringMarksToTheirPlaces();
         LibreOfficeSession& session = content_->session();
         const DocumentReference& document = content_->model().document;
-        session.files().save(document, fileName, format, [&](std::string bytes) {
+        session.files().save(document, fileName, format, [&](const std::string& bytes) {
             std::string mended = isOpenPackaging(format) ? withMendedBookmarks(bytes, fileName) : bytes;
             checkWritten(session, document, fileName, format, mended);
             return mended;

@@ -16,8 +16,10 @@ class WriterRow final : public word::Row {
     WriterRow(TablePlace place, std::size_t row) : place_(std::move(place)), row_(row) {}
 
     word::CellsPtr Cells() override {
+        const std::size_t columns = place_.get().rows.at(row_).size();
         std::vector<CellPlace> cells;
-        for (std::size_t column = 0; column < place_.get().rows.at(row_).size(); ++column)
+        cells.reserve(columns);
+        for (std::size_t column = 0; column < columns; ++column)
             cells.push_back({row_, column});
         return std::make_shared<WriterCells>(place_, std::move(cells));
     }
