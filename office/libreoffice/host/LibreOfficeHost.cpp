@@ -33,6 +33,7 @@ namespace {
 constexpr std::chrono::seconds kBoundOfClosing{5};
 constexpr std::chrono::seconds kBoundOfLayout{10};
 constexpr std::chrono::milliseconds kPauseOfLayout{10};
+constexpr std::chrono::milliseconds kPauseOfMonitor{100};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
@@ -78,7 +79,11 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       excel_(makeExcelApplication(session_, files)) {
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(static_cast<xcb_window_t>(window.id));
-    monitor_.emplace(session_->process(), [this] { listener_.officeEnded(); });
+    monitor_.emplace(kPauseOfMonitor, [this] {
+        const bool runs = session_->process().isRunning();
+        if (!runs) listener_.officeEnded();
+        return runs;
+    });
 }
 
 LibreOfficeHost::~LibreOfficeHost() {
@@ -228,7 +233,7 @@ void LibreOfficeHost::resize(int width, int height) {
     });
 }
 
-/// The office gives the focus away again when it is told to take it before its window has it.
+/// Waits for the window's focus first: an office that takes the focus earlier gives it away again.
 void LibreOfficeHost::focus() {
     const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
     if (inner == XCB_WINDOW_NONE) return;

@@ -3,8 +3,8 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
-#include "office/libreoffice/host/ProcessMonitor.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/session/PollingThread.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
@@ -73,7 +73,7 @@ class LibreOfficeHost final : public DocumentHost {
     std::list<HostFrame> frames_;  ///< the last one is in front
     HostedDocument edited_;        ///< by the object model now
     std::optional<FocusForwarder> focus_;
-    std::optional<ProcessMonitor> monitor_;
+    std::optional<PollingThread> monitor_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -1,7 +1,5 @@
 #include "office/libreoffice/session/Watchdog.h"
 
-#include "office/libreoffice/session/BlockedSignals.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -13,20 +11,11 @@ constexpr Watchdog::Milliseconds kMaxPause{1000};
 
 }  // namespace
 
+// Waking the thread at every call would cost each of them more than a check now and then.
 Watchdog::Watchdog(Milliseconds bound, std::function<void()> onTimeout)
-    : bound_(bound), onTimeout_(std::move(onTimeout)) {
-    const BlockedSignals blocked;
-    thread_ = std::thread([this] { keepWatch(); });
-}
-
-Watchdog::~Watchdog() {
-    {
-        const std::lock_guard lock(mutex_);
-        isDismissed_ = true;
-    }
-    dismissal_.notify_one();
-    thread_.join();
-}
+    : bound_(bound),
+      onTimeout_(std::move(onTimeout)),
+      thread_(std::clamp(bound / 8, Milliseconds(1), kMaxPause), [this] { return isInTime(); }) {}
 
 bool Watchdog::hasTimedOut() {
     const std::lock_guard lock(mutex_);
@@ -43,15 +32,12 @@ void Watchdog::end() {
     --depth_;
 }
 
-/// Polls: waking this thread at every call would cost each of them more than a look.
-void Watchdog::keepWatch() {
-    const Milliseconds pause = std::clamp(bound_ / 8, Milliseconds(1), kMaxPause);
-    std::unique_lock lock(mutex_);
-    while (!dismissal_.wait_for(lock, pause, [this] { return isDismissed_ || isOverdue(); })) {
-    }
-    if (isDismissed_) return;
+bool Watchdog::isInTime() {
+    const std::lock_guard lock(mutex_);
+    if (depth_ == 0 || Clock::now() - start_ < bound_) return true;
     hasTimedOut_ = true;
     onTimeout_();
+    return false;
 }
 
 }  // namespace mergeloom::libreoffice

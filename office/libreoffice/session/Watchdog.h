@@ -1,10 +1,10 @@
 #pragma once
 
+#include "office/libreoffice/session/PollingThread.h"
+
 #include <chrono>
-#include <condition_variable>
 #include <functional>
 #include <mutex>
-#include <thread>
 
 namespace mergeloom::libreoffice {
 
@@ -16,9 +16,6 @@ class Watchdog {
 
     /// Calls onTimeout on the watchdog's thread, at most an eighth of the bound too late.
     Watchdog(Milliseconds bound, std::function<void()> onTimeout);
-    Watchdog(const Watchdog&) = delete;
-    Watchdog& operator=(const Watchdog&) = delete;
-    ~Watchdog();
 
     [[nodiscard]] Milliseconds bound() const { return bound_; }
     [[nodiscard]] bool hasTimedOut();
@@ -40,18 +37,16 @@ class Watchdog {
 
     void begin();
     void end();
-    void keepWatch();
-    [[nodiscard]] bool isOverdue() const { return depth_ > 0 && Clock::now() - start_ >= bound_; }
+    /// Returns false after it has called onTimeout.
+    bool isInTime();
 
     const Milliseconds bound_;
     const std::function<void()> onTimeout_;
     std::mutex mutex_;
-    std::condition_variable dismissal_;
     int depth_ = 0;
     Clock::time_point start_;
-    bool isDismissed_ = false;
     bool hasTimedOut_ = false;
-    std::thread thread_;
+    PollingThread thread_;
 };
 
 }  // namespace mergeloom::libreoffice
