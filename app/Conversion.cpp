@@ -38,7 +38,7 @@ void Conversion<Format>::read(const std::string& path, const Step& open) {
     const std::string refusal = refusalToRead<Format>(converter_, path);
     if (!refusal.empty()) throw AutomationError(kNotAvailable, refusal);
     const ScopedTempFile temporary(path, temporaryExtension(Format{}));
-    // What the temporary format cannot keep is no fault of the user's file.
+    // An office that cannot write the temporary format does not make the user's file a damaged one.
     calling(temporary, path + " as " + temporaryExtension(Format{}),
             [&] { converter_.convert(path, temporary.path(), temporaryFormat(Format{})); });
     calling(temporary, path, [&] { open(temporary.path()); });

@@ -9,9 +9,9 @@
 
 namespace mergeloom {
 
-/// Runs the body of a procedure under its trap: an error ends the body and goes to the error handler under
-/// the procedure's name, with the comment as it reads then. What throws an AutomationError is known by its
-/// place; for other errors it is the place of the trap.
+/// Runs the body of a procedure under its trap: an error ends the body and is passed to the error handler
+/// with the procedure's name and the comment's text at that moment. An AutomationError has its own place; for
+/// other errors the place is that of the trap.
 template <typename Body>
 void trap(ErrorHandler& errors, const char* module, const char* procedure, const Body& body,
           const std::string& comment = {},

@@ -45,7 +45,7 @@ bool isNameable(const DropContext& context, const FieldDropArguments& control) {
     return reasonWithoutName(context, control).empty();
 }
 
-/// The controls of a subform that are dropped: those of a table, or those of a form.
+/// Returns the controls of a subform that are dropped: those of a table, or those of a form.
 std::vector<FieldDropArguments> controlsOf(const DropContext& context, const FieldDropArguments& subform) {
     const TreeNode& node = *subform.treeNode;
     const std::string prefix = nameOf(subform);

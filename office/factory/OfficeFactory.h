@@ -23,9 +23,9 @@ excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
 /// it is first asked; without a LibreOffice it writes no format. The file store has to outlive it.
 std::unique_ptr<FileConverter> makeFileConverter(FileStore& files);
 
-/// Starts LibreOffice inside a window of ours, which takes about a second. The first document is of the kind;
-/// the host can show the other kind, too. The file store and the listener have to outlive the host. Raises
-/// kNotAvailable, with a sentence that says what to install, when it cannot be started.
+/// Starts LibreOffice inside a window of ours, which takes about a second. The first document is of the given
+/// kind; the host can show the other kind, too. The file store and the listener have to outlive the host.
+/// Raises kNotAvailable, with a sentence that says what to install, when it cannot be started.
 std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, DocumentKind kind,
                                                HostListener& listener);
 

@@ -91,7 +91,7 @@ constexpr FileFormat kExcelFormats[] = {
      filter(kTextTable, kTabMacintosh)},
     {-4143, "", "xls", kDocument, kHidden, kEveryVersion, kMarked, kNone, filter(kExcel97)},
     {4, "", "wks"},
-    // Worksheets of Lotus 1-2-3, written under DOS; without the encoding LibreOffice would ask for it.
+    // Worksheets of Lotus 1-2-3, written under DOS. Without the encoding LibreOffice asks for it.
     {5, "", "wk1", kDocument, kHidden, kNoVersion, kPlain, kNone, kNone, filter("Lotus", "4")},
     {7, "", "dbf"},
     {8, "", "dbf"},

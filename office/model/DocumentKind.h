@@ -2,7 +2,7 @@
 
 namespace mergeloom {
 
-/// The kinds of documents: what Word edits, and Excel's workbooks.
+/// The kinds of documents: Word's documents and Excel's workbooks.
 enum class DocumentKind { Word, Excel };
 
 }  // namespace mergeloom

@@ -14,8 +14,8 @@ std::int64_t firstFreeCounter(const std::string& stem, const IsTaken& isTaken, s
     return from;
 }
 
-/// Remembers for each stem up to which number its names are taken, so that the thousandth question does not
-/// try a thousand names. Stems are compared without regard to letter case.
+/// Remembers for each stem up to which number its names are taken, so that the thousandth call does not try a
+/// thousand names. Stems are compared without regard to letter case.
 class NameCounters {
   public:
     /// Returns the smallest number n from 1 for which the name stem followed by n is not taken.
@@ -26,7 +26,7 @@ class NameCounters {
         return counter;
     }
 
-    /// Lets a name count as free again.
+    /// Marks a name as free again.
     void release(const std::string& name);
 
   private:

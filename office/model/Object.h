@@ -16,20 +16,20 @@ class Object {
     virtual ~Object() = default;
 };
 
-/// A collection. Where it has items, they are counted from 1.
+/// A collection. Items, where there are any, are counted from 1.
 class Counted : public Object {
   public:
     virtual int Count() = 0;
 
   protected:
-    /// Returns the index of the item of a number. Raises the error for a number outside 1 to Count.
+    /// Returns the index of the item with a number. Raises the error for a number outside 1 to Count.
     std::size_t indexOf(int number, ErrorNumber error, const char* description) {
         if (number < 1 || number > Count()) throw AutomationError(error, description);
         return static_cast<std::size_t>(number) - 1;
     }
 };
 
-/// One of the collections of which callers ask no more than how many there are.
+/// A collection of which callers need only the count.
 template <class Collection>
 class FixedCount final : public Collection {
   public:

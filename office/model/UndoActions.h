@@ -6,14 +6,14 @@
 
 namespace mergeloom::model {
 
-/// The way back from each change of a step, in the order in which the changes were made.
+/// The actions that undo the changes of a step, in the order in which the changes were made.
 class UndoActions {
   public:
     void add(std::function<void()> takeBack) { actions_.push_back(std::move(takeBack)); }
     void clear() { actions_.clear(); }
     [[nodiscard]] bool isEmpty() const { return actions_.empty(); }
 
-    /// Takes the changes back, the last one first. A change that could not be taken back is not tried again.
+    /// Undoes the changes, the last one first. A change that could not be undone is not tried again.
     void undo() {
         while (!actions_.empty()) {
             const std::function<void()> takeBack = std::move(actions_.back());

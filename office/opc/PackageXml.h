@@ -7,7 +7,7 @@
 /// The package's own XML: content types and relationships.
 namespace mergeloom::opc {
 
-/// Appends to a text what pugixml writes.
+/// Appends the output of pugixml to a string.
 class StringWriter final : public pugi::xml_writer {
   public:
     explicit StringWriter(std::string& target) : target_(target) {}

@@ -166,7 +166,7 @@ std::string whyUnfitAsEntryName(std::string_view name) {
     if (std::any_of(name.begin(), name.end(), isControl)) {
         return "the name of the entry " + quoted(name) + " holds a control character";
     }
-    // Looked at as a part's name would be looked up, so that no other spelling slips through.
+    // The name is decoded as in the search for a part, so that no other spelling of it passes.
     std::string path = percentDecoded(replaceAll(name, "\\", "/"));
     path = replaceAll(path, "\\", "/");
     if (path.starts_with('/') || hasDriveLetter(path)) {

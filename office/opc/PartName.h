@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// Names of parts (ECMA-376 Part 2, 6.2.2): "/word/document.xml". "/" stands for the package itself where a
-/// relationship's source is meant. Each part is an entry of the zip archive, whose name has its own rules.
+/// Names of parts (ECMA-376 Part 2, 6.2.2): "/word/document.xml". As the source of a relationship, "/" is the
+/// package itself. Each part is an entry of the zip archive, whose name has its own rules.
 namespace mergeloom::opc {
 
 inline constexpr std::string_view kPackageItself = "/";
@@ -37,17 +37,16 @@ std::string targetFrom(std::string_view sourcePart, std::string_view partName);
 
 std::string percentDecoded(std::string_view text);
 
-/// A stored name as UTF-8. Without the UTF-8 flag a name is CP437 (APPNOTE appendix D), but many programs
-/// store UTF-8 without it, so a name that is well-formed UTF-8 counts as that. A name that has the flag and
+/// Returns a stored name as UTF-8. Without the UTF-8 flag a name is CP437 (APPNOTE appendix D), but many
+/// programs store UTF-8 without it, so a well-formed UTF-8 name is read as UTF-8. A name with the flag that
 /// is not UTF-8 becomes one that whyUnfitAsEntryName refuses.
 std::string decodeEntryName(std::string_view stored, bool hasUtf8Flag);
 
-/// Why a name cannot stand in a package: it could reach outside of the folder into which the archive is
-/// unpacked, or different programs would take it for different parts. A clause for a message; empty when the
-/// name is fit.
+/// Returns why a name is not allowed in a package, as a clause for a message: it leads out of the folder into
+/// which the archive is unpacked, or different programs take it for different parts. Empty for a valid name.
 std::string whyUnfitAsEntryName(std::string_view name);
 
-/// A folder's entry has a name that ends in a separator, and no content.
+/// Returns whether the entry is a folder: its name ends in a separator, and it has no content.
 bool isFolderName(std::string_view name);
 
 }  // namespace mergeloom::opc

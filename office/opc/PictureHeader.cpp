@@ -34,7 +34,7 @@ struct Chunk {
     std::string_view data;
 };
 
-/// Takes a chunk off the front; nothing when it is cut off or its checksum is wrong.
+/// Removes a chunk from the front and returns it; none when it is incomplete or its checksum is wrong.
 std::optional<Chunk> takeChunk(std::string_view& rest) {
     if (rest.size() < kChunkFrame) return std::nullopt;
     const auto length = bigEndianAt<std::uint32_t>(rest, 0);
@@ -77,7 +77,7 @@ class TiffDirectory {
             readEntry(start + 2 + i * kEntryLength);
     }
 
-    /// In hundredths; zero when the tag is missing.
+    /// Returns the number in hundredths; 0 when the tag is missing.
     [[nodiscard]] std::int64_t hundredths(std::uint16_t tag) const {
         const auto found = hundredths_.find(tag);
         return found == hundredths_.end() ? 0 : found->second;
@@ -112,8 +112,8 @@ class TiffDirectory {
     std::map<std::uint16_t, std::int64_t> hundredths_;
 };
 
-/// Takes over resolution and orientation from an Exif block (the TIFF structure behind "Exif" and two zero
-/// bytes); what is damaged in it is left out. A resolution that is known already stays.
+/// Reads resolution and orientation of an Exif block (the TIFF structure after "Exif" and two zero bytes)
+/// into the header; damaged values are ignored. A resolution that is already known is kept.
 void readExif(std::string_view tiff, PictureHeader& header) {
     const TiffDirectory directory(tiff);
     const std::int64_t orientation = directory.hundredths(kOrientation) / 100;
@@ -141,18 +141,19 @@ struct Segment {
     std::string_view data;
 };
 
-/// Markers that stand alone: TEM and the restarts (T.81, B.1.1.3).
+/// Returns whether a marker has no length and no data: TEM and the restarts (T.81, B.1.1.3).
 bool hasNoLength(unsigned char marker) {
     return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7);
 }
 
-/// Start of frame, of any coding process: C0 to CF without DHT, JPG and DAC (T.81, table B.1).
+/// Returns whether a marker starts a frame of any coding process: C0 to CF without DHT, JPG and DAC (T.81,
+/// table B.1).
 bool startsFrame(unsigned char marker) {
     const bool other = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
     return marker >= 0xC0 && marker <= 0xCF && !other;
 }
 
-/// Takes a marker segment off the front; nothing when it is cut off or no marker stands there.
+/// Removes a marker segment from the front and returns it; none when it is incomplete or has no marker.
 std::optional<Segment> takeSegment(std::string_view& rest) {
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(rest[i]); };
     if (rest.empty() || byteAt(0) != kMarkerStart) return std::nullopt;
@@ -171,7 +172,7 @@ std::optional<Segment> takeSegment(std::string_view& rest) {
     return segment;
 }
 
-/// The density of a JFIF block, unless its numbers tell nothing but the shape of a pixel (JFIF 1.02, unit 0).
+/// Reads the density of a JFIF block, unless its numbers state only the shape of a pixel (JFIF 1.02, unit 0).
 void readJfif(std::string_view data, PictureHeader& header) {
     if (data.size() < 12) return;
     const auto horizontal = std::int64_t{bigEndianAt<std::uint16_t>(data, 8)};
@@ -181,7 +182,7 @@ void readJfif(std::string_view data, PictureHeader& header) {
     if (data[7] == 2) header.resolution = {toInches(horizontal), toInches(vertical)};
 }
 
-/// Height and width of a frame (T.81, B.2.2).
+/// Reads the height and the width of a frame (T.81, B.2.2).
 bool readFrame(std::string_view data, PictureHeader& header) {
     if (data.size() < 6) return false;
     header.height = bigEndianAt<std::uint16_t>(data, 1);

@@ -16,10 +16,10 @@ namespace mergeloom::opc {
 /// in strict ones (ECMA-376 Part 1).
 enum class Conformance { Transitional, Strict };
 
-/// The type with a short name such as "officeDocument" or "image".
+/// Returns the type with a short name such as "officeDocument" or "image".
 std::string officeRelationshipType(std::string_view shortName, Conformance conformance);
 
-/// The short name of a type in either form; empty for types that are not of Office Open XML.
+/// Returns the short name of a type in either form; empty for types that are not of Office Open XML.
 std::string_view officeShortName(std::string_view type);
 
 inline constexpr std::string_view kSignatureOriginType =

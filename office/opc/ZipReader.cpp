@@ -17,12 +17,12 @@ namespace mergeloom::opc {
 namespace {
 
 // Compound files ([MS-CFB]) contain the binary documents of the time before Office Open XML and, today,
-// encrypted packages. They are only recognised here, so that the refusal can say what the file is.
+// encrypted packages. They are only recognised here, so that the refusal can name the file's type.
 constexpr auto kCompoundFileSignature = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv;
 constexpr auto kEncryptedPackage = "E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0\0\0"sv;
 
-// [MS-CFB] 2.6.1: a directory entry is 128 bytes long, and sectors are multiples of that, so entries stand at
-// multiples of 128 wherever the directory lies.
+// A directory entry is 128 bytes long, and sectors are multiples of that, so entries begin at multiples of
+// 128 wherever the directory is ([MS-CFB] 2.6.1).
 constexpr std::size_t kDirectoryEntrySize = 128;
 constexpr std::size_t kNameLengthOffset = 64;
 constexpr std::size_t kObjectTypeOffset = 66;
@@ -38,8 +38,7 @@ bool isCompoundFile(std::string_view bytes) {
     return bytes.starts_with(kCompoundFileSignature);
 }
 
-/// Returns true when the compound file's directory holds the stream "EncryptedPackage"
-/// ([MS-OFFCRYPTO] 2.3.4.4).
+/// Returns whether the compound file has the stream "EncryptedPackage" ([MS-OFFCRYPTO] 2.3.4.4).
 bool holdsEncryptedPackage(std::string_view bytes) {
     for (; bytes.size() >= kDirectoryEntrySize; bytes.remove_prefix(kDirectoryEntrySize)) {
         if (isEncryptedPackageEntry(bytes.substr(0, kDirectoryEntrySize))) return true;
@@ -47,8 +46,8 @@ bool holdsEncryptedPackage(std::string_view bytes) {
     return false;
 }
 
-/// What the end of a zip archive says of its central directory (APPNOTE 4.3.14 to 4.3.16), offsets from the
-/// archive's first byte.
+/// The central directory's position and size as the end of the archive states them (APPNOTE 4.3.14
+/// to 4.3.16); offsets count from the archive's first byte.
 struct ZipEnd {
     std::uint64_t entryCount = 0;
     std::string_view directory;
@@ -72,12 +71,12 @@ void requireZip(std::string_view bytes, const std::string& fileName) {
                                       ? "it is encrypted; save it without a password first"
                                       : "it is an old binary document and no Office Open XML document");
     }
-    // Bytes before the first entry would let two programs see two different archives in one file.
+    // Bytes before the first entry would let two programs read two different archives from one file.
     const bool zip = bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06");
     if (!zip) raiseUnreadable(fileName, "it is no zip archive and so no Office Open XML document");
 }
 
-/// Where the end record stands: its comment must end where the file ends.
+/// Returns the end record's position; its comment must end at the file's end.
 std::optional<std::size_t> positionOfEnd(std::string_view bytes) {
     const std::size_t longest = zip::end::kLength + zip::kInZip64Short;
     const std::size_t first = bytes.size() > longest ? bytes.size() - longest : 0;
@@ -114,7 +113,7 @@ EndFields readZip64End(std::string_view record) {
             littleEndianAt<std::uint64_t>(record, kDirectoryOffset)};
 }
 
-/// Takes the fields that do not fit into the plain record from the ZIP64 record.
+/// Replaces the fields that do not fit into the plain record by those of the ZIP64 record.
 void widen(EndFields& fields, const EndFields& wide) {
     if (fields.disk == zip::kInZip64Short) fields.disk = wide.disk;
     if (fields.directoryDisk == zip::kInZip64Short) fields.directoryDisk = wide.directoryDisk;
@@ -124,7 +123,7 @@ void widen(EndFields& fields, const EndFields& wide) {
     if (fields.directoryOffset == zip::kInZip64) fields.directoryOffset = wide.directoryOffset;
 }
 
-/// The ZIP64 record's position when a locator stands before the end record.
+/// Returns the ZIP64 record's position if a locator precedes the end record.
 std::optional<std::uint64_t> positionOfZip64End(std::string_view bytes, std::size_t endPosition) {
     using namespace zip::zip64locator;
     if (endPosition < kLength) return std::nullopt;
@@ -133,8 +132,8 @@ std::optional<std::uint64_t> positionOfZip64End(std::string_view bytes, std::siz
     return littleEndianAt<std::uint64_t>(locator, kEndOffset);
 }
 
-/// Raises kFileCouldNotBeRead when the bytes are no whole zip archive, and says what they are where it shows.
-/// The views point into the bytes.
+/// Finds the end of the archive. Raises kFileCouldNotBeRead, with the file's type if it is recognised, when
+/// the bytes are no whole zip archive. The views refer to the bytes.
 ZipEnd findZipEnd(std::string_view bytes, const std::string& fileName) {
     requireZip(bytes, fileName);
     const std::optional<std::size_t> position = positionOfEnd(bytes);

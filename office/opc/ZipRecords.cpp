@@ -24,8 +24,8 @@ std::string_view extraOf(std::string_view record) {
     return record.substr(extraOffset(record), littleEndianAt<std::uint16_t>(record, central::kExtraLength));
 }
 
-/// Where the data of the ZIP64 extra field lie in the record. Extra fields that run over their end belong to
-/// no format that we know and end the search.
+/// Returns the data of the ZIP64 extra field in the record. An extra field that is longer than the rest is in
+/// no known format and ends the search.
 std::optional<std::string_view> zip64Extra(std::string_view record) {
     std::string_view extra = extraOf(record);
     while (extra.size() >= kExtraHeader) {
@@ -38,15 +38,14 @@ std::optional<std::string_view> zip64Extra(std::string_view record) {
     return std::nullopt;
 }
 
-/// Takes the next 8 bytes of the ZIP64 field for a value that its 32 bits could not hold.
+/// Replaces a value that 32 bits cannot hold by the next 8 bytes of the ZIP64 field.
 void widen(std::uint64_t& value, std::string_view& wide) {
     if (value != zip::kInZip64 || wide.size() < kWide) return;
     value = littleEndianAt<std::uint64_t>(wide, 0);
     wide.remove_prefix(kWide);
 }
 
-/// Where the ZIP64 field holds the offset, counted from the start of its data: behind the sizes that it
-/// holds.
+/// Returns the position of the offset in the ZIP64 field's data, which is after the sizes in it.
 std::size_t wideOffsetPosition(std::string_view record) {
     const auto isWide = [&](std::size_t field) {
         return littleEndianAt<std::uint32_t>(record, field) == zip::kInZip64;
@@ -60,7 +59,7 @@ void growExtra(std::string& record, std::size_t position, const std::string& byt
     putLittleEndian(record, central::kExtraLength, static_cast<std::uint16_t>(before + bytes.size()));
 }
 
-/// Puts an offset that needs 64 bits into a record that had a short one.
+/// Writes an offset that needs 64 bits into a record that had a short one.
 void putWideOffset(std::string& record, std::uint64_t offset) {
     const auto versionNeeded = littleEndianAt<std::uint16_t>(record, central::kVersionNeeded);
     putLittleEndian(record, central::kVersionNeeded, std::max(versionNeeded, zip::kVersionZip64));
@@ -85,7 +84,7 @@ void putWideOffset(std::string& record, std::uint64_t offset) {
     growExtra(record, start + position, wide);
 }
 
-/// A 32-bit field agrees with the directory's value, or its value is in a ZIP64 field.
+/// Returns whether a 32-bit field equals the directory's value or refers to a ZIP64 field.
 bool agrees(std::string_view header, std::size_t field, std::uint64_t value) {
     const auto stored = littleEndianAt<std::uint32_t>(header, field);
     return stored == value || stored == zip::kInZip64;
@@ -95,7 +94,7 @@ bool agreesWithDirectory(std::string_view header, const ZipEntry& entry) {
     const auto flags = littleEndianAt<std::uint16_t>(header, local::kFlags);
     if (littleEndianAt<std::uint16_t>(header, local::kMethod) != entry.method) return false;
     if ((flags & zip::kEncrypted) != 0) return false;
-    // With a data descriptor the header was written before crc and sizes were known (APPNOTE 4.4.4, bit 3).
+    // A header with a data descriptor was written before crc and sizes were known (APPNOTE 4.4.4, bit 3).
     if ((flags & zip::kHasDescriptor) != 0) return true;
     return littleEndianAt<std::uint32_t>(header, local::kCrc) == entry.crc &&
            agrees(header, local::kCompressedSize, entry.compressedSize) &&
@@ -111,18 +110,18 @@ std::string descriptorOf(const ZipEntry& entry) {
     return descriptor;
 }
 
-/// How long the data descriptor is that the bytes behind the data start with. It comes with or without a
-/// signature, with sizes of 32 or 64 bits, and nothing in the file says which (APPNOTE 4.3.9). Some writers
-/// leave it out.
-std::optional<std::size_t> descriptorLength(const ZipEntry& entry, std::string_view behindData) {
+/// Returns the length of the data descriptor at the start of the bytes after the data; none when the bytes
+/// are not a descriptor. It has a signature or none and sizes of 32 or 64 bits, and no field states which
+/// (APPNOTE 4.3.9). Some writers omit it.
+std::optional<std::size_t> descriptorLength(const ZipEntry& entry, std::string_view afterData) {
     std::string signature;
     appendLittleEndian(signature, zip::kDescriptorSignature);
     const std::string narrow = descriptorOf<std::uint32_t>(entry);
     const std::string wide = descriptorOf<std::uint64_t>(entry);
     for (const std::string& candidate : {signature + wide, wide, signature + narrow, narrow}) {
-        if (behindData.starts_with(candidate)) return candidate.size();
+        if (afterData.starts_with(candidate)) return candidate.size();
     }
-    if (behindData.empty()) return 0;
+    if (afterData.empty()) return 0;
     return std::nullopt;
 }
 

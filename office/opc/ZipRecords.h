@@ -64,7 +64,7 @@ inline constexpr std::size_t kDisk = 16, kDirectoryDisk = 20, kCountHere = 24, k
 
 namespace mergeloom::opc {
 
-/// One entry of a zip archive. The views point into the archive's bytes.
+/// One entry of a zip archive. The views refer to the archive's bytes.
 struct ZipEntry {
     std::string name;  ///< as stored, in UTF-8; backslashes stay
     std::uint16_t flags = 0;
@@ -79,16 +79,16 @@ struct ZipEntry {
     std::uint64_t offset = 0;        ///< where raw starts
 };
 
-/// The record that a central directory starts with, its ZIP64 fields resolved (APPNOTE 4.5.3); raw and data
-/// are still empty. Nothing when the bytes do not start with a whole record.
+/// Returns the first record of a central directory, its ZIP64 fields resolved (APPNOTE 4.5.3); raw and data
+/// are still empty. None when the bytes do not start with a complete record.
 std::optional<ZipEntry> readCentralRecord(std::string_view directory);
 
-/// The record of an entry whose local header now stands at another offset; all other fields as they were.
+/// Returns the record of an entry with a new offset of its local header and all other fields unchanged.
 std::string centralRecordAt(const ZipEntry& entry, std::uint64_t offset);
 
 /// Finds an entry's local header, data and data descriptor in the archive and sets raw and data. All of them
-/// must end before the limit, where the next entry or the central directory starts. Answers why the local
-/// header and the directory contradict each other, as a clause for a message; empty when they do not.
+/// must end before the limit, the start of the next entry or of the central directory. Returns why the local
+/// header and the directory contradict each other, as a clause for a message; empty when they agree.
 std::string locateEntry(ZipEntry& entry, std::string_view archive, std::uint64_t limit);
 
 }  // namespace mergeloom::opc

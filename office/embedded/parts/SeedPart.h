@@ -30,10 +30,10 @@ inline std::string join(std::string_view stem, std::string_view rest) {
 /// order of the parts.
 opc::Package seededPackage(const std::vector<SeedPart>& parts);
 
-/// The properties of a new document (ECMA-376 Part 2, 8; Part 1, 22.2), without a date and an author.
+/// Returns the properties of a new document (ECMA-376 Part 2, 8; Part 1, 22.2), without a date and an author.
 std::vector<SeedPart> newPropertyParts();
 
-/// The theme part of a new document (ECMA-376 Part 1, 20.1.6.9): colours, fonts and shape formats.
+/// Returns the theme part of a new document (ECMA-376 Part 1, 20.1.6.9): colours, fonts and shape formats.
 std::string_view newDocumentTheme();
 
 }  // namespace mergeloom::embedded

@@ -11,8 +11,7 @@
 
 namespace mergeloom::embedded {
 
-/// The run properties that new text gets; an empty node stands for no run properties, and no value for those
-/// at the place.
+/// The run properties of new text. An empty node: without run properties; no value: those at the place.
 using Formatting = std::optional<pugi::xml_node>;
 
 /// The setting that new text gets.

@@ -32,7 +32,7 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
         next = story_.items().itemAt(position);
     }
     const pugi::xml_node paragraph = story_.paragraphOf(next);
-    // Marks at the paragraph's start stay in it, after the table.
+    // Marks at the paragraph's start stay in it and are then after the table.
     for (Item* mark = ItemTree::previous(next); mark && isInside(mark->node, paragraph);) {
         if (mark->takesPlace()) break;
         next = mark;
@@ -57,7 +57,7 @@ Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
     journal_.move(story_.part(), row, last.parent(), last);
     const CharacterCount before = story_.length();
     Item* mark = insertRowItems(row, next);
-    // What came after the table moves; what ended with it now ends with the new row.
+    // Ranges after the table move with it; those that ended with the table end with the new row.
     story_.shift(end - CharacterCount{1}, {}, story_.length() - before);
     return mark;
 }

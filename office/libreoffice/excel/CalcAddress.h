@@ -9,12 +9,12 @@
 
 namespace mergeloom::libreoffice {
 
-/// The area of UNO's address, which counts rows and columns from 0.
+/// Returns the area of UNO's address, which counts rows and columns from 0.
 [[nodiscard]] inline excel::CellArea areaOf(const css::table::CellRangeAddress& address) {
     return {{address.StartRow + 1, address.StartColumn + 1}, {address.EndRow + 1, address.EndColumn + 1}};
 }
 
-/// Calc's notation of an address on a sheet: "$'Sheet1'.$B$3".
+/// Returns Calc's notation of an address on a sheet: "$'Sheet1'.$B$3".
 [[nodiscard]] inline std::string referenceOnSheet(const std::string& sheet, const std::string& address) {
     return "$'" + replaceAll(sheet, "'", "''") + "'." + address;
 }

@@ -27,7 +27,7 @@ class CalcPending {
 
     /// The cell takes texts. A recorded step takes it back.
     void setText(std::size_t sheet, const excel::CellPosition& cell, const std::string& text);
-    /// Returns true for a name of cells that may wait: one that Calc is certain to accept as it stands.
+    /// Returns whether a name of cells may wait: Calc has to be certain to accept it unchanged.
     [[nodiscard]] static bool mayWait(const std::string& name);
     /// The name may wait and is free. A recorded step takes it back.
     void addName(std::size_t sheet, const excel::CellPosition& cell, const std::string& name);

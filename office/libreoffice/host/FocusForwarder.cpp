@@ -35,7 +35,7 @@ FocusForwarder::~FocusForwarder() {
     ::close(wakeUp_[0]);
 }
 
-/// The server holds back each click until it is told to continue.
+/// Makes the server hold back each click until follow releases it.
 void FocusForwarder::grabClicks(xcb_window_t window) const {
     for (const std::uint8_t button : kButtons) {
         xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,

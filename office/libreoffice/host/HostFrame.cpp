@@ -65,7 +65,7 @@ HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, 
     const Reference<css::frame::XDispatchProviderInterception> commandsOfFrame(frame_, UNO_QUERY_THROW);
     commandsOfFrame->registerDispatchProviderInterceptor(interceptor_.get());
     container_->setVisible(true);
-    // The office's window stays blank when it is moved before it was shown.
+    // A window that is moved before it was shown stays blank.
     embedWindow_.moveIntoHost();
 }
 

@@ -33,7 +33,7 @@ class WindowSystem {
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
     /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);
-    /// Waits until the server has done what it was asked to do.
+    /// Waits until the server has processed all earlier requests.
     void waitForServer() const;
 
   private:

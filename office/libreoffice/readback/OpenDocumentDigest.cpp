@@ -134,8 +134,9 @@ class CellReader {
             digest_.places[name.attribute("table:name").value()] =
                 cellsUnder(name.attribute("table:cell-range-address").value());
     }
-    /// Returns the address with a single cell as such: 25.2 has names of its own for what it reads from HTML,
-    /// which it stores as ranges from a cell to the same cell, "$Sheet.$A$1:.$A$1", and reads again as cells.
+    /// Returns the address of a single cell without the range that 25.2 stores for it: names that it reads
+    /// from HTML become ranges from a cell to the same cell, "$Sheet.$A$1:.$A$1", and are read again as
+    /// cells.
     static std::string cellsUnder(const std::string& address) {
         const std::size_t range = address.rfind(":.");
         if (range == std::string::npos) return address;

@@ -9,7 +9,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Formats that lose the places hold less of the texts, too, so there is nothing to compare exactly.
+/// Returns whether the texts are compared exactly; formats that lose the places lose parts of the texts, too.
 bool isCompared(DocumentFamily family, int number) {
     const FileFormat* const format = findFormat(family, number);
     return format != nullptr && format->places == Places::Kept;

@@ -4,11 +4,11 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Reads commands from its input: "done" ends it, and the input's end without that is the death of its owner.
-/// "file" and "fragments" name what is to be removed, "keep" what is not, "forget" takes these back, and
-/// "sweep" removes at once and sends an empty line in return. Fragments are known by the name that the office
-/// makes: after the beginning, digits and small letters up to ".tmp". A longer number that is that of a
-/// running process names another office.
+/// Reads commands from its input: "done" ends the script; the input's end without it means that the owner has
+/// died. "file" and "fragments" name what to remove, "keep" what to keep, "forget" cancels these commands,
+/// and "sweep" removes at once and sends an empty line back. A fragment has the name that the office makes:
+/// the given beginning, digits and small letters up to ".tmp". A longer number that is that of a running
+/// process belongs to another office.
 constexpr const char* kScript =
     "LC_ALL=C\n"
     "newline='\n'\n"

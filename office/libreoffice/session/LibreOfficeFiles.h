@@ -31,11 +31,10 @@ using FrameSource = std::function<Reference<css::frame::XFrame>()>;
 /// error that keeps the former file.
 using Revision = std::function<std::string(std::string bytes)>;
 
-/// Takes documents from a file store into an office and back.
-///
-/// The office works on copies in a folder that is removed with its process: it locks nothing, changes nothing
-/// that it was not told to, and a file is replaced by its whole result or not at all. Documents are hidden
-/// unless frames are made for them, macros never run, links are not updated, and every question is refused.
+/// Takes documents from a file store into an office and back.  The office works on copies in a folder that is
+/// removed with its process: it locks nothing, changes only the files that it is given to write, and a file
+/// is replaced by its whole result or not at all. Documents are hidden unless frames are made for them,
+/// macros never run, links are not updated, and every question is refused.
 class LibreOfficeFiles {
   public:
     /// The file store has to outlive this; the folder is removed with the office.

@@ -15,7 +15,7 @@ struct SheetReference {
     CellArea area;
 };
 
-/// Returns a sheet's name as formulas write it, in apostrophes where they need them.
+/// Returns a sheet's name as formulas write it, in apostrophes where they are required.
 std::string writtenSheetName(const std::string& name);
 
 /// Reads a formula (without "=") that is nothing but one block of cells of this workbook; nothing for any

@@ -7,7 +7,7 @@
 
 namespace mergeloom::word {
 
-/// The floating shapes whose anchors lie in a selection.
+/// The floating shapes with anchors in a selection.
 class ShapeRange : public Counted {};
 
 /// What is selected in the active window; a caret when nothing is.
