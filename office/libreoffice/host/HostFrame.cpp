@@ -90,14 +90,22 @@ void HostFrame::resize(int width, int height) {
     beginLayout();
     width_ = width;
     height_ = height;
-    container_->setPosSize(0, 0, width, height, css::awt::PosSize::POSSIZE);
-    embedWindow_.resize(width, height);
+    fillWindow();
 }
 
-/// The office lays out by itself some time after a change.
+void HostFrame::fillWindow() const {
+    container_->setPosSize(0, 0, width_, height_, css::awt::PosSize::POSSIZE);
+    embedWindow_.resize(width_, height_);
+}
+
+/// The office lays out by itself some time after a change. It may take over an earlier size after the newest
+/// one, when it is late with the events of the window system.
 bool HostFrame::layOut() {
     const css::awt::Rectangle size = container_->getPosSize();
-    if (size.Width != width_ || size.Height != height_) return false;
+    if (size.Width != width_ || size.Height != height_) {
+        fillWindow();
+        return false;
+    }
     layoutManager()->doLayout();
     const css::awt::Rectangle document = frame_->getComponentWindow()->getPosSize();
     isLaidOut_ = document.X + document.Width <= width_ && document.Y + document.Height <= height_;

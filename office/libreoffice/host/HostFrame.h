@@ -48,6 +48,7 @@ class HostFrame {
     [[nodiscard]] Reference<css::beans::XPropertySet> viewSettings() const;
     [[nodiscard]] Reference<css::frame::XLayoutManager> layoutManager() const;
     void beginLayout();
+    void fillWindow() const;
 
     EmbedWindow embedWindow_;
     int width_ = 0;

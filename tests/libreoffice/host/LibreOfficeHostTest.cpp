@@ -205,6 +205,13 @@ TEST_F(HostedText, FollowsTheSizeOfItsWindow) {
     }
 }
 
+TEST_F(HostedText, RestoresItsSizeAfterAnotherOne) {
+    host().resize(TestWindow::kPaneWidth, TestWindow::kPaneHeight);
+    window().resizeInside(300, 200);
+    EXPECT_TRUE(host().placeCaret({TestWindow::kPaneWidth - 100, TestWindow::kPaneHeight - 100}));
+    EXPECT_EQ(window().widthInside(), TestWindow::kPaneWidth);
+}
+
 TEST_F(HostedText, ShowsBarsAndBookmarksAsItIsTold) {
     const int top = topOfDocument(host());
     for (const char* const bar : {"Standard", "Formatting", "Web"})
@@ -284,9 +291,9 @@ TEST_F(HostedCells, ADropIsOneStepForUserAndModel) {
 }
 
 TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
-    window().clickInPane(kOtherCells[0].x, kOtherCells[0].y);
-    TestWindow::type("typed");
-    host().focus();  // which waits for what it was sent
+    window().clickInPaneAndTypeAtOnce(kOtherCells[0].x, kOtherCells[0].y, "typed");
+    TestWindow::press("ctrl+s");
+    ASSERT_TRUE(becomesTrue([] { return !stage().listener.takeCommands().empty(); }));
     workbook()->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
     host().Open("/saved.xlsx");
     ASSERT_TRUE(host().placeCaret(kOtherCells[0]));

@@ -31,18 +31,15 @@ class TestWindow {
     ~TestWindow() { xcb_disconnect(connection_); }
 
     [[nodiscard]] xcb_window_t pane() const { return pane_; }
-    void resizePane(std::uint32_t width, std::uint32_t height) const {
-        const std::uint32_t size[] = {width, height};
-        xcb_configure_window(connection_, pane_, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
-        xcb_flush(connection_);
-    }
+    void resizePane(std::uint32_t width, std::uint32_t height) const { resize(pane_, width, height); }
     /// The width of the office's window inside the pane: of the one in front, in its EmbedWindow.
     [[nodiscard]] int widthInside() const {
-        const xcb_window_t inner = frontChild(frontChild(pane_));
         const auto size =
-            owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, inner), nullptr));
+            owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, inside()), nullptr));
         return size ? size->width : 0;
     }
+    /// Gives the office's window another size than it was given, as a late event of the window system does.
+    void resizeInside(std::uint32_t width, std::uint32_t height) const { resize(inside(), width, height); }
     /// How many keys the window itself got since the last question.
     int keysTaken() const {
         int keys = 0;
@@ -52,11 +49,13 @@ class TestWindow {
     }
 
     /// Clicks at a place of the window, and types, as a user does.
-    void click(int x, int y) const {
-        play("mousemove --window " + std::to_string(top_) + " " + std::to_string(x) + " " +
-             std::to_string(y) + " click 1");
-    }
+    void click(int x, int y) const { play(moveTo(x, y) + " click 1"); }
     void clickInPane(int x, int y) const { click(kPaneX + x, y); }
+    /// Does both before this process gets to run again, as on a busy machine.
+    void clickInPaneAndTypeAtOnce(int x, int y, const std::string& text) const {
+        run("kill -STOP $PPID; xdotool " + moveTo(kPaneX + x, y) + " click 1 type '" + text +
+            "'; kill -CONT $PPID");
+    }
     static void type(const std::string& text) { play("type --delay 5 '" + text + "'"); }
     static void press(const std::string& key) { play("key " + key); }
 
@@ -65,6 +64,12 @@ class TestWindow {
     static std::unique_ptr<Reply, void (*)(void*)> owned(Reply* reply) {
         return {reply, std::free};
     }
+    void resize(xcb_window_t window, std::uint32_t width, std::uint32_t height) const {
+        const std::uint32_t size[] = {width, height};
+        xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
+        xcb_flush(connection_);
+    }
+    [[nodiscard]] xcb_window_t inside() const { return frontChild(frontChild(pane_)); }
     /// Children stand from the one behind to the one in front.
     [[nodiscard]] xcb_window_t frontChild(xcb_window_t window) const {
         const auto tree =
@@ -72,8 +77,13 @@ class TestWindow {
         if (!tree || tree->children_len == 0) return XCB_WINDOW_NONE;
         return xcb_query_tree_children(tree.get())[tree->children_len - 1];
     }
-    static void play(const std::string& command) {
-        [[maybe_unused]] const int status = std::system(("xdotool " + command).c_str());
+    [[nodiscard]] std::string moveTo(int x, int y) const {
+        return "mousemove --window " + std::to_string(top_) + " " + std::to_string(x) + " " +
+               std::to_string(y);
+    }
+    static void play(const std::string& command) { run("xdotool " + command); }
+    static void run(const std::string& command) {
+        [[maybe_unused]] const int status = std::system(command.c_str());
     }
 
     xcb_window_t make(xcb_window_t parent, int x, int width, int height) const {
