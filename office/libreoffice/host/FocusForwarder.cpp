@@ -35,11 +35,12 @@ FocusForwarder::~FocusForwarder() {
     ::close(wakeUp_[0]);
 }
 
-/// Makes the server hold back each click until follow releases it.
+/// Makes the server hold back each click, and the keys after it, until follow releases them: what is typed
+/// right after a click goes to the window that was clicked, however late this process runs.
 void FocusForwarder::grabClicks(xcb_window_t window) const {
     for (const std::uint8_t button : kButtons) {
         xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,
-                        XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, button, XCB_MOD_MASK_ANY);
+                        XCB_GRAB_MODE_SYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, button, XCB_MOD_MASK_ANY);
     }
 }
 
