@@ -17,11 +17,6 @@ class PictureFile {
     static PictureFile read(std::string_view bytes, const std::string& fileName);
 
     [[nodiscard]] PictureFormat format() const { return header_.format; }
-    /// In pixels as stored, before any turning.
-    [[nodiscard]] std::int64_t pixelWidth() const { return header_.width; }
-    [[nodiscard]] std::int64_t pixelHeight() const { return header_.height; }
-    /// 96 dots per inch where the file says nothing or nonsense.
-    [[nodiscard]] Resolution resolution() const;
     /// How the pixels are to be turned and mirrored for showing (Exif 2.3, 4.6.4 A): 1 as stored; 3 by a half
     /// turn, 6 by a quarter turn clockwise, 8 by one counter-clockwise; 2, 4, 5 and 7 also mirrored.
     [[nodiscard]] int orientation() const { return header_.orientation; }
@@ -35,6 +30,8 @@ class PictureFile {
 
   private:
     explicit PictureFile(const PictureHeader& header) : header_(header) {}
+    /// 96 dots per inch when the file has no resolution or one without sense.
+    [[nodiscard]] Resolution resolution() const;
 
     PictureHeader header_;
 };

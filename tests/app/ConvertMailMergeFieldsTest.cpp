@@ -268,8 +268,9 @@ TEST_F(Conversion, WhatCannotBeConvertedStaysAsItWas) {
     const std::string split =
         "<w:tbl><w:tr><w:tc>" + paragraph(text("a") + kBegin + code("QUOTE Town") + kSeparate) +
         "</w:tc><w:tc>" + paragraph(text("b") + kEnd) + "</w:tc></w:tr></w:tbl>" + paragraph("");
-    for (const std::string& body : {split, paragraph(text("a") + field("MERGEFIELD \"\"")),
-                                    paragraph(kBegin + code("SET M ") + field("QUOTE X") + kEnd)}) {
+    const std::string nameless = paragraph(text("a").append(field("MERGEFIELD \"\"")));
+    const std::string nested = paragraph(kBegin + code("SET M ").append(field("QUOTE X")).append(kEnd));
+    for (const std::string& body : {split, nameless, nested}) {
         const word::DocumentPtr document = open(body);
         ConvertMailMergeFields conversion{[this] { return office; }, files, errors};
         conversion.SetTemplate(document);

@@ -79,7 +79,6 @@ TEST_F(ConvertingOffice, KnowsDocumentsByTheFilesOfTheUser) {
 }
 
 TEST_F(ConvertingOffice, ASaveThatFailsChangesNothingOfTheDocument) {
-    const std::string letter = folder.bytesOf("letter.docx");
     const word::ApplicationPtr office = word();
     const word::DocumentPtr document = office->Documents()->Open(folder / "letter.docx");
     office->Selection()->TypeText("Hello ");

@@ -31,7 +31,6 @@ class clsHtmlHelp {
     void CloseAll() { CloseHelpWindows(); }
     /// Closes all windows and releases the control. After that nothing is opened; further calls do nothing.
     void Terminate();
-    [[nodiscard]] bool isShutDown() const { return isShutDown_; }
 
   private:
     void open(WindowHandle owner, HtmlHelpCommand command, const HtmlHelpData& data);

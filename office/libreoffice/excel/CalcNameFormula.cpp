@@ -44,7 +44,7 @@ CalcNameContent parseNameFormula(CalcContent& content, const std::string& refers
     }
     if (findIgnoringAsciiCase(formula, kLostReference) != std::string::npos) return kLostReference;
     content.pending().settle();
-    const Tokens tokens =
+    Tokens tokens =
         content.connection().call([&] { return makeParser(content)->parseFormula(toUno(formula), {}); });
     const auto isBad = [](const css::sheet::FormulaToken& token) { return token.OpCode == kBadOperation; };
     if (!tokens.hasElements() || std::any_of(tokens.begin(), tokens.end(), isBad))
