@@ -7,6 +7,7 @@ import signal
 import subprocess
 import tempfile
 import time
+from contextlib import contextmanager
 from pathlib import Path
 
 import gi
@@ -78,8 +79,19 @@ def click(place, button=1):
     xdotool("click", button)
 
 
+def point_at(place):
+    xdotool("mousemove", *place)
+
+
 def drag(start, end):
-    """As a hand does it: a small move that starts the drag, then a way of several steps."""
+    with dragging(start, end):
+        pass
+
+
+@contextmanager
+def dragging(start, end):
+    """As a hand does it: a small move that starts the drag, then a way of several steps. The body runs before the
+    button is released."""
     xdotool("mousemove", *start)
     xdotool("mousedown", 1)
     steps = 8
@@ -88,6 +100,7 @@ def drag(start, end):
         xdotool("mousemove", *place)
         time.sleep(0.04)
     time.sleep(0.15)
+    yield
     xdotool("mouseup", 1)
 
 

@@ -30,6 +30,7 @@ void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
     add(structure, tr("&Load XML…"), QKeySequence(tr("Ctrl+L")), &DesignerActions::loadStructure);
     QMenu& insert = *bar.addMenu(tr("&Insert"));
     addForDocument(insert, tr("Insert &Node"), QKeySequence(tr("Ctrl+Return")), &DesignerActions::insertNode);
+    forDocument_.back()->setShortcuts({QKeySequence(tr("Ctrl+Return")), QKeySequence(tr("Ctrl+Enter"))});
     if (conversion == FieldConversion::Missing) return;
     QMenu& tools = *bar.addMenu(tr("T&ools"));
     addForDocument(tools, tr("Convert &Merge Fields"), {}, &DesignerActions::convertFields);

@@ -89,8 +89,7 @@ QLayout* TreePane::makeSearchRow() {
 
 void TreePane::makeInsertAction() {
     insert_ = new QAction(tr("&Insert at the caret"), this);
-    insert_->setShortcuts({QKeySequence(Qt::Key_Insert), QKeySequence(Qt::CTRL | Qt::Key_Return),
-                           QKeySequence(Qt::CTRL | Qt::Key_Enter)});
+    insert_->setShortcut(QKeySequence(Qt::Key_Insert));
     insert_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     insert_->setShortcutVisibleInContextMenu(true);
     addAction(insert_);

@@ -117,7 +117,10 @@ void TreePaneView::startDrag(Qt::DropActions supportedActions) {
         // Beside the pointer, so that the document under it stays visible.
         const int distance = kPictureDistance * fontMetrics().height();
         drag->setHotSpot({-distance, -distance});
+        // The office takes the focus while the mouse is over it; Escape has to end the drag all the same.
+        grabKeyboard();
         drag->exec(supportedActions);
+        releaseKeyboard();
     }
     Q_EMIT dragFinished();
 }

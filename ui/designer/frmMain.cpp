@@ -170,6 +170,7 @@ void frmMain::connectBusy() {
 }
 
 void frmMain::start() {
+    focusHolder_.emplace(static_cast<std::uint32_t>(winId()));
     session_.start(area_->pane().hostWindow());
     const std::string templatePath = fileOfSwitch(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));

@@ -2,6 +2,7 @@
 
 #include "base/DiskFileStore.h"
 #include "ui/designer/DesignerSession.h"
+#include "ui/designer/FocusHolder.h"
 #include "ui/designer/PaneDropTree.h"
 #include "ui/designer/StructureLoad.h"
 #include "ui/designer/WindowMemory.h"
@@ -15,6 +16,7 @@
 #include "ui/services/DiagnosticsLog.h"
 
 #include <QMainWindow>
+#include <optional>
 
 class QLabel;
 class QProgressBar;
@@ -75,6 +77,7 @@ class frmMain final : public QMainWindow {
     clsHtmlHelp help_;
     clsHtmlHelpForForm formHelp_;
     DesignerSession session_;
+    std::optional<FocusHolder> focusHolder_;
 };
 
 }  // namespace mergeloom

@@ -1,0 +1,91 @@
+#include "ui/designer/FocusHolder.h"
+
+#include <QGuiApplication>
+#include <cstdlib>
+#include <memory>
+
+namespace mergeloom {
+
+namespace {
+
+/// Returns whether a grab of the keyboard begins or ends, which leaves the focus where it is.
+bool isOfGrab(const xcb_focus_in_event_t& event) {
+    return event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
+}
+
+}  // namespace
+
+FocusHolder::FocusHolder(std::uint32_t window) : window_(window) {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr) return;
+    connection_ = x11->connection();
+    makeHolder();
+    qApp->installNativeEventFilter(this);
+    takeFocus();
+}
+
+FocusHolder::~FocusHolder() {
+    if (connection_ == nullptr) return;
+    qApp->removeNativeEventFilter(this);
+    xcb_destroy_window(connection_, holder_);
+    xcb_flush(connection_);
+}
+
+void FocusHolder::makeHolder() {
+    constexpr std::int16_t kOutOfSight = -1;
+    constexpr std::uint32_t kEvents =
+        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_FOCUS_CHANGE;
+    holder_ = xcb_generate_id(connection_);
+    xcb_create_window(connection_, 0, holder_, window_, kOutOfSight, kOutOfSight, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &kEvents);
+    xcb_map_window(connection_, holder_);
+    xcb_flush(connection_);
+}
+
+/// Moves the focus from the window to the holder, unless another window has it by now.
+void FocusHolder::takeFocus() const {
+    const std::unique_ptr<xcb_get_input_focus_reply_t, void (*)(void*)> current(
+        xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr), std::free);
+    if (!current || current->focus != window_) return;
+    xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, holder_, XCB_CURRENT_TIME);
+    xcb_flush(connection_);
+}
+
+bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) const {
+    if (event.event == holder_) {
+        event.event = window_;
+        return isOfGrab(event);
+    }
+    if (event.event != window_ || event.detail == XCB_NOTIFY_DETAIL_POINTER) return false;
+    takeFocus();
+    return true;
+}
+
+/// Between the window and the holder the focus moves for a moment only.
+bool FocusHolder::handleFocusOut(xcb_focus_out_event_t& event) const {
+    if (event.event == window_) return isOfGrab(event) || event.detail == XCB_NOTIFY_DETAIL_INFERIOR;
+    if (event.event != holder_) return false;
+    event.event = window_;
+    return isOfGrab(event) || event.detail == XCB_NOTIFY_DETAIL_ANCESTOR;
+}
+
+bool FocusHolder::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
+    constexpr std::uint8_t kKind = 0x7f;
+    auto* const event = static_cast<xcb_generic_event_t*>(message);
+    switch (event->response_type & kKind) {
+        case XCB_KEY_PRESS:
+        case XCB_KEY_RELEASE: {
+            auto* const key = static_cast<xcb_key_press_event_t*>(message);
+            if (key->event == holder_) key->event = window_;
+            return false;
+        }
+        case XCB_FOCUS_IN:
+            return handleFocusIn(*static_cast<xcb_focus_in_event_t*>(message));
+        case XCB_FOCUS_OUT:
+            return handleFocusOut(*static_cast<xcb_focus_out_event_t*>(message));
+        default:
+            return false;
+    }
+}
+
+}  // namespace mergeloom

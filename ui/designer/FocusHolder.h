@@ -1,0 +1,35 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <cstdint>
+
+namespace mergeloom {
+
+/// Holds the input focus of a window in a small window of its own inside it. The X server gives the keys to
+/// the window under the mouse when that is inside the window with the focus. With the focus in our window
+/// itself, the document inside it would get whatever is typed while the mouse is over it.
+class FocusHolder final : public QAbstractNativeEventFilter {
+  public:
+    /// Does nothing for window systems other than X11.
+    explicit FocusHolder(std::uint32_t window);
+    FocusHolder(const FocusHolder&) = delete;
+    FocusHolder& operator=(const FocusHolder&) = delete;
+    ~FocusHolder() override;
+
+    /// Gives the toolkit the keys and the focus of the holder as those of the window.
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+
+  private:
+    void makeHolder();
+    void takeFocus() const;
+    bool handleFocusIn(xcb_focus_in_event_t& event) const;
+    bool handleFocusOut(xcb_focus_out_event_t& event) const;
+
+    const std::uint32_t window_;
+    std::uint32_t holder_ = 0;
+    xcb_connection_t* connection_ = nullptr;
+};
+
+}  // namespace mergeloom
