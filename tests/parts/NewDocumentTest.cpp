@@ -14,7 +14,7 @@ namespace {
 
 pugi::xml_document parsed(const std::string& partName) {
     pugi::xml_document document;
-    for (const SeedPart& part : newDocumentParts()) {
+    for (const InitialPart& part : newDocumentParts()) {
         if (part.name == partName) document.load_string(part.xml.c_str());
     }
     return document;
@@ -44,11 +44,11 @@ bool followsSequence(pugi::xml_node element, const std::vector<std::string_view>
 }
 
 TEST(NewDocument, PartsAreWellFormedAndHangTogether) {
-    const std::vector<SeedPart> parts = newDocumentParts();
+    const std::vector<InitialPart> parts = newDocumentParts();
     ASSERT_FALSE(parts.empty());
     EXPECT_EQ(parts.front().name, "/word/document.xml");
     std::set<std::string> known{"/"};
-    for (const SeedPart& part : parts) {
+    for (const InitialPart& part : parts) {
         SCOPED_TRACE(part.name);
         pugi::xml_document document;
         EXPECT_TRUE(document.load_string(part.xml.c_str()));

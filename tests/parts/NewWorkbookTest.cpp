@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 pugi::xml_document parsedWorkbookPart(const std::string& partName) {
     pugi::xml_document document;
-    document.load_string(seededPackage(newWorkbookParts()).readPart(partName).c_str());
+    document.load_string(initialPackage(newWorkbookParts()).readPart(partName).c_str());
     return document;
 }
 
@@ -25,7 +25,7 @@ std::vector<std::string> childrenOf(pugi::xml_node element) {
 }
 
 TEST(NewWorkbook, SheetIsFoundBehindTheWorkbooksRelationship) {
-    opc::Package package = seededPackage(newWorkbookParts());
+    opc::Package package = initialPackage(newWorkbookParts());
     ASSERT_EQ(package.mainPart(), "/xl/workbook.xml");
     const pugi::xml_document workbook = parsedWorkbookPart("/xl/workbook.xml");
     EXPECT_THAT(childrenOf(workbook.child("workbook")), ElementsAre("workbookPr", "bookViews", "sheets"));

@@ -229,9 +229,9 @@ TEST(SheetDrawing, movesAndSizesShapes) {
 }
 
 TEST(SheetDrawing, movesAllAlternativesAndKeepsTransformsOfTurnedShapes) {
-    const std::string turned = replaceAll(pictureXml("Logo"), "<a:xfrm>", "<a:xfrm rot=\"5400000\">");
-    const std::string choice = "<mc:AlternateContent><mc:Choice Requires=\"x\">" + oneCell(turned) +
-                               "</mc:Choice><mc:Fallback>" + oneCell(turned) +
+    const std::string transposed = replaceAll(pictureXml("Logo"), "<a:xfrm>", "<a:xfrm rot=\"5400000\">");
+    const std::string choice = "<mc:AlternateContent><mc:Choice Requires=\"x\">" + oneCell(transposed) +
+                               "</mc:Choice><mc:Fallback>" + oneCell(transposed) +
                                "</mc:Fallback></mc:AlternateContent>";
     DrawnSheet sheet(drawingXml(choice));
     sheet.drawing.setFrame(sheet.shape("Logo"), {{96}, {-5}, {10}, {-1}});

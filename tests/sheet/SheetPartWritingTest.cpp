@@ -233,11 +233,11 @@ std::string master(const std::string& address, const std::string& area, const st
            "</f><v>1</v></c>";
 }
 
-std::string heir(const std::string& address) {
+std::string successor(const std::string& address) {
     return "<c r=\"" + address + "\"><f t=\"shared\" si=\"0\"/><v>1</v></c>";
 }
 
-/// As an heir whose attributes come in their own order.
+/// As an successor whose attributes come in their own order.
 std::string newMaster(const std::string& address, const std::string& area, const std::string& formula) {
     return "<c r=\"" + address + "\"><f t=\"shared\" si=\"0\" ref=\"" + area + "\">" + formula +
            "</f><v>1</v></c>";
@@ -248,46 +248,47 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         WritingCase{"moves down",
                     sheetOf("<row r=\"1\">" + master("A1", "A1:A3", "B1&amp;\"A1\"") + "</row><row r=\"2\">" +
-                            heir("A2") + "</row><row r=\"3\">" + heir("A3") + "</row>"),
+                            successor("A2") + "</row><row r=\"3\">" + successor("A3") + "</row>"),
                     setting("A1", "x"),
                     sheetOf("<row r=\"1\">" + x("A1") + "</row><row r=\"2\">" +
-                            newMaster("A2", "A2:A3", "B2&amp;\"A1\"") + "</row><row r=\"3\">" + heir("A3") +
-                            "</row>")},
-        WritingCase{
-            "moves twice",
-            sheetOf("<row r=\"1\">" + master("A1", "A1:C1", "A$2") + heir("B1") + heir("C1") + "</row>"),
-            settingAll({"A1", "B1"}),
-            sheetOf("<row r=\"1\">" + x("A1") + x("B1") + newMaster("C1", "C1", "C$2") + "</row>")},
+                            newMaster("A2", "A2:A3", "B2&amp;\"A1\"") + "</row><row r=\"3\">" +
+                            successor("A3") + "</row>")},
+        WritingCase{"moves twice",
+                    sheetOf("<row r=\"1\">" + master("A1", "A1:C1", "A$2") + successor("B1") +
+                            successor("C1") + "</row>"),
+                    settingAll({"A1", "B1"}),
+                    sheetOf("<row r=\"1\">" + x("A1") + x("B1") + newMaster("C1", "C1", "C$2") + "</row>")},
         WritingCase{
             "passes over cells of other groups and written ones",
-            sheetOf("<row r=\"1\">" + master("A1", "A1:D2", "E1") + heir("B1") +
+            sheetOf("<row r=\"1\">" + master("A1", "A1:D2", "E1") + successor("B1") +
                     "<c r=\"C1\"><f t=\"shared\" si=\"1\"/></c><c r=\"D1\"><f>1</f></c></row><row r=\"2\">" +
-                    heir("A2") + heir("F2") + "</row>"),
+                    successor("A2") + successor("F2") + "</row>"),
             settingAll({"B1", "A1"}),
             sheetOf("<row r=\"1\">" + x("A1") + x("B1") +
                     "<c r=\"C1\"><f t=\"shared\" si=\"1\"/></c><c r=\"D1\"><f>1</f></c></row><row r=\"2\">" +
-                    newMaster("A2", "A2:D2", "E2") + heir("F2") + "</row>")},
+                    newMaster("A2", "A2:D2", "E2") + successor("F2") + "</row>")},
         WritingCase{"passes over cells beside its area",
-                    sheetOf("<row r=\"1\">" + master("B1", "B1:C2", "E1") + heir("D1") +
-                            "</row><row r=\"2\">" + heir("A2") + heir("B2") + "</row>"),
+                    sheetOf("<row r=\"1\">" + master("B1", "B1:C2", "E1") + successor("D1") +
+                            "</row><row r=\"2\">" + successor("A2") + successor("B2") + "</row>"),
                     setting("B1", "x"),
-                    sheetOf("<row r=\"1\">" + x("B1") + heir("D1") + "</row><row r=\"2\">" + heir("A2") +
-                            newMaster("B2", "B2:C2", "E2") + "</row>")},
+                    sheetOf("<row r=\"1\">" + x("B1") + successor("D1") + "</row><row r=\"2\">" +
+                            successor("A2") + newMaster("B2", "B2:C2", "E2") + "</row>")},
         WritingCase{"a cell without the text",
-                    sheetOf("<row r=\"1\">" + master("A1", "A1:B1", "C1") + heir("B1") + "</row>"),
+                    sheetOf("<row r=\"1\">" + master("A1", "A1:B1", "C1") + successor("B1") + "</row>"),
                     setting("B1", "x"),
                     sheetOf("<row r=\"1\">" + master("A1", "A1:B1", "C1") + x("B1") + "</row>")},
         WritingCase{"a group of one", sheetOf("<row r=\"1\">" + master("A1", "A1", "C1") + "</row>"),
                     setting("A1", "x"), sheetOf("<row r=\"1\">" + x("A1") + "</row>")},
-        WritingCase{"stops at another master of the same number",
-                    sheetOf("<row r=\"1\">" + master("A1", "A1:C1", "D1") + master("B1", "B1:C1", "E1") +
-                            heir("C1") + "</row>"),
-                    setting("A1", "x"),
-                    sheetOf("<row r=\"1\">" + x("A1") + master("B1", "B1:C1", "E1") + heir("C1") + "</row>")},
+        WritingCase{
+            "stops at another master of the same number",
+            sheetOf("<row r=\"1\">" + master("A1", "A1:C1", "D1") + master("B1", "B1:C1", "E1") +
+                    successor("C1") + "</row>"),
+            setting("A1", "x"),
+            sheetOf("<row r=\"1\">" + x("A1") + master("B1", "B1:C1", "E1") + successor("C1") + "</row>")},
         WritingCase{
             "a cell where the formula leaves the sheet gets its own",
-            sheetOf("<row r=\"1\">" + master("B1", "A1:B3", "A1") + "</row><row r=\"2\">" + heir("A2") +
-                    heir("B2") + "</row>"),
+            sheetOf("<row r=\"1\">" + master("B1", "A1:B3", "A1") + "</row><row r=\"2\">" + successor("A2") +
+                    successor("B2") + "</row>"),
             setting("B1", "x"),
             sheetOf("<row r=\"1\">" + x("B1") + "</row><row r=\"2\"><c r=\"A2\"><f>#REF!</f><v>1</v></c>" +
                     newMaster("B2", "A2:B3", "A2") + "</row>")}));

@@ -1,4 +1,3 @@
-#include "office/embedded/sheet/SheetProtection.h"
 #include "office/embedded/sheet/SheetView.h"
 #include "sheet/SheetXml.h"
 

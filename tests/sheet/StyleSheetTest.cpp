@@ -61,7 +61,7 @@ TEST(StyleSheet, FormatsTellFontProtectionAndAlignment) {
     EXPECT_FALSE(sheet.isLocked(2));
     const bool fits[] = {false, false, true, true, true, false, false};
     for (int style = 0; style < 7; ++style)
-        EXPECT_EQ(sheet.fitsItself(style), fits[style]) << style;
+        EXPECT_EQ(sheet.skipsAutoFit(style), fits[style]) << style;
     EXPECT_TRUE(sheet.isLocked(-1));
     EXPECT_TRUE(sheet.isLocked(6));
 }

@@ -28,14 +28,14 @@ inline std::string documentXml(const std::string& body) {
 
 /// A story with the routines that change it.
 struct OpenStory {
-    OpenStory(opc::XmlPart& part, const opc::WordNames& names, WordSkeletons& skeletons, pugi::xml_node root,
-              BookmarkTable& table, EditJournal& journal)
+    OpenStory(opc::XmlPart& part, const opc::WordNames& names, WordElementFactory& elementFactory,
+              pugi::xml_node root, BookmarkTable& table, EditJournal& journal)
         : story(part, names, root, "story", table),
-          editor(story, skeletons, journal),
-          bookmarks(story, editor, skeletons, journal, table),
+          editor(story, elementFactory, journal),
+          bookmarks(story, editor, elementFactory, journal, table),
           eraser(story, bookmarks, journal),
-          tables(story, editor, skeletons, journal),
-          fonts(story, editor, skeletons, journal),
+          tables(story, editor, elementFactory, journal),
+          fonts(story, editor, elementFactory, journal),
           finder(story) {}
 
     void erase(int start, int end) { eraser.erase({start}, {end}); }
@@ -55,12 +55,12 @@ struct OpenPart {
     explicit OpenPart(const std::string& partXml)
         : part(opc::XmlPart::parse(partXml, "/word/document.xml", "test.docx")),
           names(part->root()),
-          skeletons(*part, names) {
+          elementFactory(*part, names) {
         open(part->root().first_child());
     }
 
     void open(pugi::xml_node root) {
-        stories.emplace_back(*part, names, skeletons, root, table, journal);
+        stories.emplace_back(*part, names, elementFactory, root, table, journal);
         const std::vector<pugi::xml_node> inside = stories.back().story.textBoxes();
         for (const pugi::xml_node textBox : inside)
             open(textBox);
@@ -81,7 +81,7 @@ struct OpenPart {
 
     std::unique_ptr<opc::XmlPart> part;
     opc::WordNames names;
-    WordSkeletons skeletons;
+    WordElementFactory elementFactory;
     BookmarkTable table;
     EditJournal journal;
     std::deque<OpenStory> stories;

@@ -13,7 +13,7 @@ namespace mergeloom::embedded {
 
 class EmbeddedCellRange final : public excel::Range {
   public:
-    /// The area lies in the sheet.
+    /// The area must be within the sheet.
     EmbeddedCellRange(std::shared_ptr<WorkbookContent> content, std::size_t sheet,
                       const excel::CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
@@ -57,7 +57,7 @@ class EmbeddedCellRange final : public excel::Range {
     excel::CellArea area_;
 };
 
-/// Raises kApplicationDefined for an area that leads out of the sheet.
+/// Returns the range of an area. Raises kApplicationDefined if the area exceeds the sheet.
 excel::RangePtr rangeOf(const std::shared_ptr<WorkbookContent>& content, std::size_t sheet,
                         const excel::CellArea& area);
 

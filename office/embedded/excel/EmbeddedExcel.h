@@ -5,7 +5,7 @@
 
 namespace mergeloom::embedded {
 
-/// Starts the engine of our own in Excel's part. The file store has to outlive it.
+/// Starts the embedded engine in the role of Excel. The file store must outlive it.
 excel::ApplicationPtr makeExcelApplication(FileStore& files);
 
 }  // namespace mergeloom::embedded

@@ -2,20 +2,81 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
-#include "office/embedded/excel/EmbeddedSheetSelection.h"
-#include "office/embedded/excel/EmbeddedWorkbookUndoRecord.h"
-#include "office/embedded/excel/EmbeddedWorkbooks.h"
+#include "office/embedded/excel/WorkbookContent.h"
+#include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewWorkbook.h"
-#include "office/embedded/parts/SaveFormats.h"
+#include "office/model/UndoRecord.h"
 #include "office/model/excel/Columns.h"
+#include "office/model/excel/Selection.h"
+#include "office/model/excel/Workbooks.h"
 #include "office/model/excel/Worksheet.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace mergeloom::embedded {
 
 namespace {
+
+class SelectedCells final : public excel::Selection {
+  public:
+    SelectedCells(std::shared_ptr<WorkbookContent> content, std::size_t sheet)
+        : content_(std::move(content)), sheet_(sheet) {}
+
+    std::string TypeName() override { return "Range"; }
+    void SetValue2(const std::string& text) override {
+        for (const excel::CellArea& area : content_->sheet(sheet_).selection().areas)
+            content_->fill(sheet_, area, text);
+    }
+
+  private:
+    std::shared_ptr<WorkbookContent> content_;
+    std::size_t sheet_;
+};
+
+class SelectedChart final : public excel::Selection {
+  public:
+    std::string TypeName() override { return "ChartArea"; }
+    void SetValue2(const std::string&) override {
+        throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
+    }
+};
+
+/// Returns the selection of the active sheet: cells, or the chart if it is a chart sheet.
+excel::SelectionPtr selectionOf(const std::shared_ptr<WorkbookContent>& content) {
+    if (!content->isWorksheetActive()) return std::make_shared<SelectedChart>();
+    return std::make_shared<SelectedCells>(content, content->activeWorksheet());
+}
+
+class EmbeddedWorkbooks final : public excel::Workbooks {
+  public:
+    explicit EmbeddedWorkbooks(std::shared_ptr<EmbeddedExcelApplication> application)
+        : application_(std::move(application)) {}
+
+    int Count() override { return static_cast<int>(application_->workbooks().size()); }
+    excel::WorkbookPtr Add(const std::string& templatePath) override {
+        return application_->add(templatePath);
+    }
+    excel::WorkbookPtr Open(const std::string& fileName) override { return application_->open(fileName); }
+    excel::WorkbookPtr Item(int number) override { return application_->workbooks()[indexOf(number)]; }
+
+  private:
+    std::shared_ptr<EmbeddedExcelApplication> application_;
+};
+
+/// Only the step that was recorded last can be undone; a record without edits is not a step.
+class EmbeddedWorkbookUndoRecord final : public model::UndoRecord {
+  public:
+    explicit EmbeddedWorkbookUndoRecord(std::shared_ptr<WorkbookContent> content)
+        : content_(std::move(content)) {}
+
+    void StartCustomRecord(const std::string&) override { content_->undo().start(); }
+    void EndCustomRecord() override { content_->undo().stop(); }
+
+  private:
+    std::shared_ptr<WorkbookContent> content_;
+};
 
 excel::CellArea areaOf(excel::Range& range) {
     const excel::CellPosition first{range.Row(), range.Column()};
@@ -67,7 +128,7 @@ excel::WorkbookPtr EmbeddedExcelApplication::open(const std::string& fileName) {
 }
 
 excel::WorkbookPtr EmbeddedExcelApplication::add(const std::string& templatePath) {
-    opc::Package package = templatePath.empty() ? seededPackage(newWorkbookParts())
+    opc::Package package = templatePath.empty() ? initialPackage(newWorkbookParts())
                                                 : opc::Package::read(files_.read(templatePath), templatePath);
     return list(std::move(package), "Book" + std::to_string(added_ + 1), false);
 }
@@ -79,7 +140,8 @@ void EmbeddedExcelApplication::remove(const EmbeddedWorkbook& workbook) {
 excel::WorkbookPtr EmbeddedExcelApplication::list(opc::Package package, const std::string& fullName,
                                                   bool wasOpened) {
     auto content = std::make_shared<WorkbookContent>(std::move(package), files_);
-    // A sheet that cannot be read is told when the workbook is opened, not in the middle of the work.
+    // Reads the active sheet now, so that an unreadable one is reported when the workbook is opened, not
+    // later.
     if (content->isWorksheetActive()) static_cast<void>(content->sheet(content->activeWorksheet()));
     workbooks_.push_back(std::make_shared<EmbeddedWorkbook>(weak_from_this(), std::move(content),
                                                             DocumentFile(files_, fullName, wasOpened)));

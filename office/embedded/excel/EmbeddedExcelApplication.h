@@ -10,16 +10,16 @@
 
 namespace mergeloom::embedded {
 
-/// Excel's part played by the engine of our own: workbooks are Office Open XML packages that it reads, edits
-/// and writes itself. The workbook opened or added last is the active one.
+/// The embedded engine in the role of Excel: workbooks are Office Open XML packages that it reads, edits and
+/// writes itself. The workbook opened or added last is the active one.
 class EmbeddedExcelApplication final : public excel::Application,
                                        public std::enable_shared_from_this<EmbeddedExcelApplication> {
   public:
-    /// The file store has to outlive the application and its workbooks.
+    /// The file store must outlive the application and its workbooks.
     explicit EmbeddedExcelApplication(FileStore& files) : files_(files) {}
 
     std::string Name() override { return "Microsoft Excel"; }
-    /// The engine answers for the formats and calls of Excel 2016 and later.
+    /// The engine provides the formats and calls of Excel 2016 and later.
     std::string Version() override { return "16.0"; }
 
     excel::WorkbooksPtr Workbooks() override;

@@ -11,7 +11,7 @@
 
 namespace mergeloom::embedded {
 
-/// The names by number come in the order in which the workbook holds them.
+/// The defined names of a workbook, numbered in the order of the workbook's list.
 class EmbeddedNames final : public excel::Names {
   public:
     explicit EmbeddedNames(std::shared_ptr<WorkbookContent> content) : content_(std::move(content)) {}

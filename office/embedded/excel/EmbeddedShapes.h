@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/embedded/excel/WorkbookContent.h"
+#include "office/model/excel/Pictures.h"
 #include "office/model/excel/Shapes.h"
 
 #include <cstddef>
@@ -23,6 +24,18 @@ class EmbeddedShapes final : public excel::Shapes {
     [[nodiscard]] SheetDrawing& drawing() const { return content_->sheet(sheet_).drawing(); }
     [[nodiscard]] bool hasDrawing() const;
 
+    std::shared_ptr<WorkbookContent> content_;
+    std::size_t sheet_;
+};
+
+class EmbeddedPictures final : public excel::Pictures {
+  public:
+    EmbeddedPictures(std::shared_ptr<WorkbookContent> content, std::size_t sheet)
+        : content_(std::move(content)), sheet_(sheet) {}
+
+    excel::PicturePtr Insert(const std::string& fileName) override;
+
+  private:
     std::shared_ptr<WorkbookContent> content_;
     std::size_t sheet_;
 };

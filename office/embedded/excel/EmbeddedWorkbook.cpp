@@ -2,7 +2,7 @@
 
 #include "office/embedded/excel/EmbeddedExcelApplication.h"
 #include "office/embedded/excel/EmbeddedNames.h"
-#include "office/embedded/excel/EmbeddedWorksheets.h"
+#include "office/embedded/excel/EmbeddedWorksheet.h"
 
 #include <utility>
 

@@ -2,10 +2,17 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
-#include "office/embedded/excel/EmbeddedPictures.h"
 #include "office/embedded/excel/EmbeddedShapes.h"
 
 namespace mergeloom::embedded {
+
+namespace {
+
+[[noreturn]] void refuse() {
+    throw AutomationError(kSubscriptOutOfRange, "There is no such sheet.");
+}
+
+}  // namespace
 
 excel::RangePtr EmbeddedWorksheet::Cells(int row, int column) {
     return rangeOf(content_, sheet_, {{row, column}, {row, column}});
@@ -27,6 +34,24 @@ excel::ShapesPtr EmbeddedWorksheet::Shapes() {
 
 excel::PicturesPtr EmbeddedWorksheet::Pictures() {
     return std::make_shared<EmbeddedPictures>(content_, sheet_);
+}
+
+EmbeddedWorksheets::EmbeddedWorksheets(std::shared_ptr<WorkbookContent> content)
+    : content_(std::move(content)) {
+    const std::vector<SheetEntry>& all = content_->workbook().sheets();
+    for (std::size_t index = 0; index < all.size(); ++index) {
+        if (all[index].kind == SheetKind::Worksheet) sheets_.push_back(index);
+    }
+}
+
+excel::WorksheetPtr EmbeddedWorksheets::Item(int number) {
+    return std::make_shared<EmbeddedWorksheet>(content_, sheets_[indexOf(number)]);
+}
+
+excel::WorksheetPtr EmbeddedWorksheets::Item(const std::string& name) {
+    const std::optional<std::size_t> sheet = content_->worksheetNamed(name);
+    if (!sheet) refuse();
+    return std::make_shared<EmbeddedWorksheet>(content_, *sheet);
 }
 
 }  // namespace mergeloom::embedded

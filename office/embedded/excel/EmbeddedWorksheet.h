@@ -2,17 +2,19 @@
 
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/model/excel/Worksheet.h"
+#include "office/model/excel/Worksheets.h"
 
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace mergeloom::embedded {
 
 class EmbeddedWorksheet final : public excel::Worksheet {
   public:
-    /// The index is that of a sheet with cells.
+    /// The index must be that of a sheet with cells.
     EmbeddedWorksheet(std::shared_ptr<WorkbookContent> content, std::size_t sheet)
         : content_(std::move(content)), sheet_(sheet) {}
 
@@ -27,6 +29,19 @@ class EmbeddedWorksheet final : public excel::Worksheet {
   private:
     std::shared_ptr<WorkbookContent> content_;
     std::size_t sheet_;
+};
+
+class EmbeddedWorksheets final : public excel::Worksheets {
+  public:
+    explicit EmbeddedWorksheets(std::shared_ptr<WorkbookContent> content);
+
+    int Count() override { return static_cast<int>(sheets_.size()); }
+    excel::WorksheetPtr Item(int number) override;
+    excel::WorksheetPtr Item(const std::string& name) override;
+
+  private:
+    std::shared_ptr<WorkbookContent> content_;
+    std::vector<std::size_t> sheets_;
 };
 
 }  // namespace mergeloom::embedded

@@ -8,7 +8,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// The cells that the sheet's pivot tables fill (ECMA-376 Part 1, 18.10.1.49).
+/// Returns the areas of the sheet's pivot tables (ECMA-376 Part 1, 18.10.1.49).
 std::vector<excel::CellArea> pivotTablesOf(opc::Package& package, const std::string& sheetPart) {
     std::vector<excel::CellArea> areas;
     const opc::Relationships& relationships = package.relationshipsOf(sheetPart);
@@ -26,15 +26,15 @@ std::vector<excel::CellArea> pivotTablesOf(opc::Package& package, const std::str
 
 }  // namespace
 
-SheetContent::SheetContent(const SheetEntry& entry, const SheetSurroundings& surroundings)
+SheetContent::SheetContent(const SheetEntry& entry, const SheetDependencies& dependencies)
     : entry_(entry),
-      package_(surroundings.package),
-      undo_(surroundings.undo),
+      package_(dependencies.package),
+      undo_(dependencies.undo),
       part_(package_.readPart(entry.partName), entry.partName, package_.fileName(), undo_),
       merged_(part_),
       protection_(readProtection(part_)),
-      geometry_(part_, surroundings.styles, undo_),
-      drawing_(package_, part_, geometry_, surroundings.pictures, undo_),
+      geometry_(part_, dependencies.styles, undo_),
+      drawing_(package_, part_, geometry_, dependencies.pictures, undo_),
       tables_(package_, entry.partName, undo_),
       pivotTables_(pivotTablesOf(package_, entry.partName)),
       selection_(readSelection(part_)) {}
@@ -55,10 +55,10 @@ void SheetContent::store() {
     drawing_.store();
     geometry_.store();
     writeSelection(part_, selection_);
-    // What was handed over once may have been taken back since.
-    if (!part_.isDirty() && !handedOver_) return;
+    // A part that was stored before is stored again, since its changes may have been undone.
+    if (!part_.isDirty() && !stored_) return;
     package_.writePart(entry_.partName, part_.toXml());
-    handedOver_ = true;
+    stored_ = true;
 }
 
 }  // namespace mergeloom::embedded

@@ -5,7 +5,6 @@
 #include "office/embedded/sheet/SheetDrawing.h"
 #include "office/embedded/sheet/SheetGeometry.h"
 #include "office/embedded/sheet/SheetPart.h"
-#include "office/embedded/sheet/SheetProtection.h"
 #include "office/embedded/sheet/SheetTables.h"
 #include "office/embedded/sheet/SheetView.h"
 #include "office/embedded/sheet/StyleSheet.h"
@@ -18,22 +17,20 @@
 
 namespace mergeloom::embedded {
 
-/// What the sheets of a workbook share.
-struct SheetSurroundings {
+/// The objects that the sheets of a workbook share.
+struct SheetDependencies {
     opc::Package& package;
     PictureParts& pictures;
     const StyleSheet& styles;
     UndoLog& undo;
 };
 
-/// What is in one worksheet while its workbook is open.
+/// The content of a worksheet while its workbook is open.
 class SheetContent {
   public:
-    /// Reads the sheet's part. The entry and the surroundings must outlive the content. Raises
+    /// Reads the sheet's part. The entry and the dependencies must outlive this object. Raises
     /// kFileCouldNotBeRead.
-    SheetContent(const SheetEntry& entry, const SheetSurroundings& surroundings);
-    SheetContent(const SheetContent&) = delete;
-    SheetContent& operator=(const SheetContent&) = delete;
+    SheetContent(const SheetEntry& entry, const SheetDependencies& dependencies);
 
     [[nodiscard]] const SheetEntry& entry() const { return entry_; }
     [[nodiscard]] SheetPart& part() { return part_; }
@@ -43,13 +40,13 @@ class SheetContent {
     [[nodiscard]] SheetDrawing& drawing() { return drawing_; }
     [[nodiscard]] SheetTables& tables() { return tables_; }
 
-    /// Whether any of the cells shows the result of a pivot table.
+    /// Returns true if the cell is part of a pivot table.
     [[nodiscard]] bool isInPivotTable(const excel::CellPosition& cell) const;
 
     [[nodiscard]] const SheetSelection& selection() const { return selection_; }
     void select(const SheetSelection& selection);
 
-    /// Hands what was edited to the package.
+    /// Writes the edited parts into the package.
     void store();
 
   private:
@@ -64,7 +61,7 @@ class SheetContent {
     SheetTables tables_;
     std::vector<excel::CellArea> pivotTables_;
     SheetSelection selection_;
-    bool handedOver_ = false;
+    bool stored_ = false;
 };
 
 }  // namespace mergeloom::embedded

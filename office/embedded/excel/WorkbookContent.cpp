@@ -12,13 +12,14 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// A cell holds no more: Excel's own limit.
-constexpr CharacterCount kLongestCellText{32767};
+/// Excel's limit for the text of a cell.
+constexpr CharacterCount kMaxCellText{32767};
 
-/// A whole column may be filled; the whole sheet with its thousands of millions of cells fits in no memory.
-constexpr std::int64_t kMostCellsFilled = excel::kLastRow;
+/// Filling a whole column is allowed; a whole sheet with its thousands of millions of cells would not fit
+/// into memory.
+constexpr std::int64_t kMaxFilledCells = excel::kLastRow;
 
-/// The part that a relationship of the workbook leads to; empty when there is none.
+/// Returns the part to which a relationship of the workbook leads; empty if there is none.
 std::string relatedPart(opc::Package& package, const std::string& workbookPart, const char* type) {
     const opc::Relationships& relationships = package.relationshipsOf(workbookPart);
     const auto found = relationships.ofOfficeType(type);
@@ -64,7 +65,7 @@ SheetContent& WorkbookContent::sheet(std::size_t index) {
     std::unique_ptr<SheetContent>& content = sheets_.at(index);
     if (!content) {
         content = std::make_unique<SheetContent>(workbook_.sheets()[index],
-                                                 SheetSurroundings{package_, pictures_, styles_, undo_});
+                                                 SheetDependencies{package_, pictures_, styles_, undo_});
     }
     return *content;
 }
@@ -113,20 +114,20 @@ void WorkbookContent::setText(std::size_t sheetIndex, const excel::CellPosition&
                               const std::string& text) {
     SheetContent& content = sheet(sheetIndex);
     if (content.merged().isCovered(cell)) return;
-    if (utf16Length(text) > kLongestCellText) refuse("A cell cannot hold a text of that length.");
+    if (utf16Length(text) > kMaxCellText) refuse("A cell cannot hold a text of that length.");
     const StoredCell stored = content.part().cell(cell);
     checkMayWrite(content, cell, stored);
     touch();
     const std::string written = content.tables().allowedText(cell, text);
     content.part().setText(cell, written);
     content.tables().textWasSet(cell, written);
-    // Formulas anywhere may look at the cell, and their results are no longer true.
+    // Any formula may refer to the cell, so the stored results may be outdated.
     if (hasCalculated_) workbook_.calculateOnLoad();
     if (!stored.formula.empty()) calculationChain_.remove(content.entry().sheetId, cell);
 }
 
 void WorkbookContent::fill(std::size_t sheetIndex, const excel::CellArea& area, const std::string& text) {
-    if (std::int64_t{area.rows()} * area.columns() > kMostCellsFilled) {
+    if (std::int64_t{area.rows()} * area.columns() > kMaxFilledCells) {
         refuse("The area " + addressOf(area) + " has too many cells to fill.");
     }
     for (int row = area.first.row; row <= area.last.row; ++row) {

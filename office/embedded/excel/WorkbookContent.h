@@ -5,8 +5,8 @@
 #include "office/embedded/parts/PictureParts.h"
 #include "office/embedded/sheet/CalculationChain.h"
 #include "office/embedded/sheet/SharedStrings.h"
+#include "office/embedded/sheet/SheetTables.h"
 #include "office/embedded/sheet/StyleSheet.h"
-#include "office/embedded/sheet/TableNames.h"
 #include "office/embedded/sheet/UndoLog.h"
 #include "office/embedded/sheet/WorkbookPart.h"
 #include "office/opc/Package.h"
@@ -19,17 +19,15 @@
 
 namespace mergeloom::embedded {
 
-/// What is in a workbook while it is open: its package, its sheets as far as they were asked for, its names
-/// and which of its sheets is active. Ranges and names handed out share it, so it lives as long as any of
-/// them. Sheets go by their index in the workbook's list, from 0.
+/// The content of a workbook while it is open: its package, the sheets that were used, its names and the
+/// active sheet. Ranges and names share it, so it lives as long as any of them. Sheets are identified by
+/// their index in the workbook's list, from 0.
 class WorkbookContent {
   public:
-    /// Reads the workbook's part and its styles. Raises kFileCouldNotBeRead for a package that is no workbook
-    /// or that cannot be edited safely. Pictures are read from the file store, which has to outlive the
-    /// content.
+    /// Reads the workbook's part and its styles. Raises kFileCouldNotBeRead for a package that is not a
+    /// workbook or cannot be edited safely. Pictures are read from the file store, which must outlive this
+    /// object.
     WorkbookContent(opc::Package package, FileStore& files);
-    WorkbookContent(const WorkbookContent&) = delete;
-    WorkbookContent& operator=(const WorkbookContent&) = delete;
 
     [[nodiscard]] opc::Package& package() { return package_; }
     [[nodiscard]] FileStore& files() { return files_; }
@@ -39,32 +37,32 @@ class WorkbookContent {
     [[nodiscard]] TableNames& tableNames() { return tableNames_; }
     [[nodiscard]] UndoLog& undo() { return undo_; }
 
-    /// The content of a worksheet, which is read when it is asked for first.
+    /// Returns the content of a worksheet, which the first call reads.
     [[nodiscard]] SheetContent& sheet(std::size_t index);
-    /// The index of the worksheet of that name, letter case aside.
+    /// Returns the index of the worksheet of that name, ignoring case.
     [[nodiscard]] std::optional<std::size_t> worksheetNamed(const std::string& name) const;
-    /// Whether the active sheet has cells.
+    /// Returns true if the active sheet has cells.
     [[nodiscard]] bool isWorksheetActive() const;
-    /// Raises kApplicationDefined when the active sheet has no cells.
+    /// Returns the index of the active sheet. Raises kApplicationDefined if it has no cells.
     [[nodiscard]] std::size_t activeWorksheet() const;
-    /// Raises kApplicationDefined for a hidden sheet.
+    /// Makes a sheet the active one. Raises kApplicationDefined for a hidden sheet.
     void activate(std::size_t index);
 
-    /// What a cell shows for a text, a number or a truth value.
+    /// Returns what a cell shows for a text, a number or a boolean.
     [[nodiscard]] std::string textOf(std::size_t sheet, const excel::CellPosition& cell);
-    /// Writes a text into a cell; one that is hidden in merged cells stays as it is. Raises
+    /// Writes a text into a cell; a cell that is covered by merged cells stays as it is. Raises
     /// kApplicationDefined, with a sentence for the user, for a cell that must not be written.
     void setText(std::size_t sheet, const excel::CellPosition& cell, const std::string& text);
-    /// Writes a text into all cells of an area; errors as for setText. Raises kApplicationDefined, too, for
-    /// more cells than anybody means to fill.
+    /// Writes a text into all cells of an area. Raises the errors of setText, and kApplicationDefined for an
+    /// area with too many cells.
     void fill(std::size_t sheet, const excel::CellArea& area, const std::string& text);
 
     [[nodiscard]] bool isSaved() const { return saved_; }
     void setSaved(bool saved) { saved_ = saved; }
-    /// Says that an edit begins.
+    /// Marks the workbook as changed; called before each edit.
     void touch() { saved_ = false; }
 
-    /// Hands the parts that were edited to the package, which can be written then.
+    /// Writes the edited parts into the package, which can then be saved.
     void storeParts();
 
   private:
@@ -78,8 +76,8 @@ class WorkbookContent {
     StyleSheet styles_;
     CalculationChain calculationChain_;
     TableNames tableNames_{package_};
-    bool hasCalculated_;                          ///< whether the workbook keeps results of formulas
-    std::optional<SharedStrings> sharedStrings_;  // read when they are asked for first
+    bool hasCalculated_;                          ///< true if the workbook stores results of formulas
+    std::optional<SharedStrings> sharedStrings_;  // read on first use
     std::vector<std::unique_ptr<SheetContent>> sheets_;
     bool saved_ = true;
 };

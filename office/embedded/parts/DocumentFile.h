@@ -1,28 +1,38 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "office/embedded/parts/SaveFormats.h"
+#include "office/formats/FormatTable.h"
 #include "office/opc/Package.h"
 
 #include <string>
 
+/// The formats that the engine writes. The formats of one family differ only in the main part's content type
+/// and in whether they may contain macros.
 namespace mergeloom::embedded {
 
-/// The file of an open document: where it came from and where it goes.
+/// Returns true if the engine writes the format, a number of WdSaveFormat or XlFileFormat.
+bool canWrite(DocumentFamily family, int number);
+
+/// Sets the main part's content type to that of a format. Raises kFileCouldNotBeSaved, without any change,
+/// for a format that the engine does not write and for macros in a format that cannot contain them.
+void setSaveFormat(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
+
+/// The file of an open document: its name, and saving to it.
 class DocumentFile {
   public:
-    /// A document that was opened has its path as full name, a new one a name without a folder. The file
-    /// store has to outlive the file.
+    /// The full name of a document that was opened is its path, that of a new one a name without a folder.
+    /// The file store must outlive this object.
     DocumentFile(FileStore& files, std::string fullName, bool wasOpened)
         : files_(files), fullName_(std::move(fullName)), hasFile_(wasOpened) {}
 
     [[nodiscard]] const std::string& fullName() const { return fullName_; }
     [[nodiscard]] std::string name() const;
 
-    /// Raises kFileCouldNotBeSaved, also for a document that has no file yet; an existing file stays whole.
+    /// Saves the document to its file. Raises kFileCouldNotBeSaved, also for a document without a file; an
+    /// existing file stays whole on failure.
     void save(opc::Package& package);
-    /// Writes the document as another file, whose name it has from then on. Errors as for save and for
-    /// setSaveFormat; the document stays what it was then.
+    /// Saves the document to another file and takes its name. Raises the errors of save and setSaveFormat,
+    /// which leave the document as it was.
     void saveAs(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
 
   private:

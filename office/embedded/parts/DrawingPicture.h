@@ -7,7 +7,7 @@
 #include <pugixml.hpp>
 #include <string>
 
-/// What the pictures of all documents have in common: DrawingML (ECMA-376 Part 1, 20.1, 20.2).
+/// The DrawingML of pictures that documents and workbooks share (ECMA-376 Part 1, 20.1, 20.2).
 namespace mergeloom::embedded {
 
 /// The namespaces of DrawingML (ECMA-376 Part 1, 20; Part 4, 9).
@@ -28,15 +28,15 @@ struct PictureRectangle {
     Emu height{};
 };
 
-/// Both append to the element of a picture, whose children carry the given prefix ("pic:"). The prefix "a"
-/// must stand for the main namespace there.
+/// Both append to the element of a picture, whose children have the given prefix ("pic:"). The prefix "a"
+/// must be declared for the main namespace there.
 void appendPictureFill(pugi::xml_node picture, const std::string& prefix, const std::string& relationshipId,
                        const DrawingNamespaces& namespaces);
 void appendPictureShape(pugi::xml_node picture, const std::string& prefix, const PictureRectangle& rectangle);
 
-/// Gives an element a size: the attributes cx and cy.
+/// Appends an element with a size: the attributes cx and cy.
 void appendExtent(pugi::xml_node parent, const char* name, Emu width, Emu height);
-/// Appends what names a drawn object: its id and name.
+/// Appends the element with the id and the name of a drawn object.
 void appendIdentity(pugi::xml_node parent, const std::string& name, std::int64_t id,
                     const std::string& objectName);
 

@@ -1,20 +1,155 @@
 #include "office/embedded/parts/NewDocument.h"
 
-#include "office/embedded/parts/NewDocumentStyles.h"
-#include "office/embedded/parts/SeedPart.h"
+#include "office/embedded/parts/NewDocumentStyleTable.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 #include <string_view>
 
 namespace mergeloom::embedded {
 
 namespace {
 
+constexpr std::string_view kHead = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
+<w:styles xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main">
+<w:docDefaults><w:rPrDefault><w:rPr>
+<w:rFonts w:asciiTheme="minorHAnsi" w:eastAsiaTheme="minorHAnsi" w:hAnsiTheme="minorHAnsi"
+ w:cstheme="minorBidi"/>
+<w:sz w:val="22"/><w:szCs w:val="22"/><w:lang w:val="en-US" w:eastAsia="en-US" w:bidi="ar-SA"/>
+</w:rPr></w:rPrDefault><w:pPrDefault><w:pPr>
+<w:spacing w:after="160" w:line="259" w:lineRule="auto"/>
+</w:pPr></w:pPrDefault></w:docDefaults>
+)";
+
+constexpr int kHeadingPriority = 9;
+constexpr int kContentsPriority = 39;
+
+/// Appends an element with only a value, unless the value is empty.
+void appendValue(std::string& xml, std::string_view element, std::string_view value) {
+    if (value.empty()) return;
+    xml.append("<w:").append(element).append(" w:val=\"").append(value).append("\"/>");
+}
+
+void appendWrapped(std::string& xml, std::string_view element, std::string_view content) {
+    if (content.empty()) return;
+    xml.append("<w:").append(element).append(">").append(content);
+    xml.append("</w:").append(element).append(">");
+}
+
+bool hidesUntilUsed(Shown shown) {
+    return shown == Shown::OnUse || shown == Shown::QuickOnUse;
+}
+bool isQuick(Shown shown) {
+    return shown == Shown::Quick || shown == Shown::QuickOnUse;
+}
+
+void appendStyle(std::string& xml, const Style& style, std::string_view link, bool isDefault) {
+    xml.append("<w:style w:type=\"").append(style.type);
+    if (isDefault) xml.append("\" w:default=\"1");
+    xml.append("\" w:styleId=\"").append(style.id).append("\">");
+    appendValue(xml, "name", style.name);
+    appendValue(xml, "basedOn", style.basedOn);
+    appendValue(xml, "next", style.next);
+    appendValue(xml, "link", link);
+    appendValue(xml, "uiPriority", std::to_string(style.priority));
+    if (hidesUntilUsed(style.shown)) xml.append("<w:semiHidden/><w:unhideWhenUsed/>");
+    if (isQuick(style.shown)) xml.append("<w:qFormat/>");
+    appendWrapped(xml, "pPr", style.paragraph);
+    appendWrapped(xml, "rPr", style.run);
+    xml.append(style.table).append("</w:style>\n");
+}
+
+/// Appends a paragraph style together with the character style that applies its look to part of a paragraph.
+void appendLinkedStyles(std::string& xml, const Style& style) {
+    const std::string linkedId = std::string(style.id) + "Char";
+    const std::string linkedName = std::string(style.name) + " Char";
+    appendStyle(xml, style, linkedId, false);
+    xml.append("<w:style w:type=\"character\" w:customStyle=\"1\" w:styleId=\"")
+        .append(linkedId)
+        .append("\">");
+    appendValue(xml, "name", linkedName);
+    appendValue(xml, "basedOn", "DefaultParagraphFont");
+    appendValue(xml, "link", style.id);
+    appendValue(xml, "uiPriority", std::to_string(style.priority));
+    appendWrapped(xml, "rPr", style.run);
+    xml.append("</w:style>\n");
+}
+
+std::string headingParagraph(const Heading& heading, int level) {
+    return R"(<w:keepNext/><w:keepLines/><w:spacing w:before=")" + std::to_string(heading.spaceBefore) +
+           R"(" w:after="80"/><w:outlineLvl w:val=")" + std::to_string(level - 1) + R"("/>)";
+}
+
+std::string headingRun(const Heading& heading) {
+    const std::string size = std::to_string(heading.size);
+    std::string run =
+        R"(<w:rFonts w:asciiTheme="majorHAnsi" w:eastAsiaTheme="majorEastAsia" w:hAnsiTheme="majorHAnsi" )"
+        R"(w:cstheme="majorBidi"/>)";
+    if (heading.italic) run += "<w:i/><w:iCs/>";
+    run.append("<w:color ").append(heading.color).append("/>");
+    return run + R"(<w:sz w:val=")" + size + R"("/><w:szCs w:val=")" + size + R"("/>)";
+}
+
+void appendHeading(std::string& xml, const Heading& heading, int level) {
+    const std::string id = "Heading" + std::to_string(level);
+    const std::string name = "heading " + std::to_string(level);
+    const std::string paragraph = headingParagraph(heading, level);
+    const std::string run = headingRun(heading);
+    const Shown shown = level == 1 ? Shown::Quick : Shown::QuickOnUse;
+    appendLinkedStyles(
+        xml, {"paragraph", id, name, "Normal", "Normal", kHeadingPriority, shown, paragraph, run, ""});
+}
+
+void appendLatentStyle(std::string& xml, const LatentStyle& style) {
+    const auto flag = [](bool value) { return value ? "1" : "0"; };
+    const char* const hidden = flag(hidesUntilUsed(style.shown));
+    xml.append("<w:lsdException w:name=\"").append(style.name).append("\" w:semiHidden=\"").append(hidden);
+    xml.append("\" w:uiPriority=\"").append(std::to_string(style.priority));
+    xml.append("\" w:unhideWhenUsed=\"").append(hidden);
+    xml.append("\" w:qFormat=\"").append(flag(isQuick(style.shown))).append("\"/>\n");
+}
+
+void appendLatentStyles(std::string& xml) {
+    xml.append(R"(<w:latentStyles w:defLockedState="0" w:defUIPriority="99" w:defSemiHidden="1" )");
+    xml.append("w:defUnhideWhenUsed=\"1\" w:defQFormat=\"0\" w:count=\"376\">\n");
+    for (const LatentStyle& style : kLatentStyles) {
+        appendLatentStyle(xml, style);
+    }
+    for (int level = 1; level <= 9; ++level) {
+        const Shown shown = level == 1 ? Shown::Quick : Shown::QuickOnUse;
+        appendLatentStyle(xml, {"heading " + std::to_string(level), kHeadingPriority, shown});
+        appendLatentStyle(xml, {"toc " + std::to_string(level), kContentsPriority, Shown::OnUse});
+    }
+    xml.append("</w:latentStyles>\n");
+}
+
+/// Returns the styles part of a new document (ECMA-376 Part 1, 17.7): 11 pt Calibri, the usual built-in
+/// styles, and Word's other built-in styles latent, hidden until they are used.
+std::string newDocumentStyles() {
+    std::string xml(kHead);
+    appendLatentStyles(xml);
+    for (const Style& style : kFirstStyles) {
+        appendStyle(xml, style, "", true);
+    }
+    int level = 0;
+    for (const Heading& heading : kHeadings) {
+        appendHeading(xml, heading, ++level);
+    }
+    for (const Style& style : kLinkedStyles) {
+        appendLinkedStyles(xml, style);
+    }
+    for (const Style& style : kOtherStyles) {
+        appendStyle(xml, style, "", false);
+    }
+    xml.append("</w:styles>\n");
+    return xml;
+}
+
 constexpr std::string_view kWordType = "application/vnd.openxmlformats-officedocument.wordprocessingml.";
 
-// A page of A4 with margins of one inch, measured in twentieths of a point. Line breaks stand inside tags
-// only: between the elements they would be text.
+// A page of A4 with margins of one inch, measured in twentieths of a point. Line breaks are only inside of
+// tags: between the elements they would be text.
 constexpr std::string_view kDocument = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <w:document xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"
  xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships"
@@ -23,8 +158,8 @@ constexpr std::string_view kDocument = R"(<?xml version="1.0" encoding="UTF-8" s
 /><w:docGrid w:linePitch="360"/></w:sectPr></w:body></w:document>
 )";
 
-// Compatibility mode 15 is the layout of Word 2013 and later; without it Word opens the document as one of
-// 2007.
+// Compatibility mode 15 is the layout of Word 2013 and later; without it Word opens the document in the
+// layout of 2007.
 constexpr std::string_view kSettings = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <w:settings xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main">
 <w:zoom w:percent="100"/><w:defaultTabStop w:val="708"/>
@@ -61,16 +196,16 @@ constexpr std::string_view kFontTable = R"(<?xml version="1.0" encoding="UTF-8" 
 </w:fonts>
 )";
 
-SeedPart documentPart(std::string_view name, std::string_view contentType, std::string_view relation,
-                      std::string_view xml) {
+InitialPart documentPart(std::string_view name, std::string_view contentType, std::string_view relation,
+                         std::string_view xml) {
     return {std::string(name), std::string(contentType), "/word/document.xml", std::string(relation),
             std::string(xml)};
 }
 
 }  // namespace
 
-std::vector<SeedPart> newDocumentParts() {
-    std::vector<SeedPart> parts = {
+std::vector<InitialPart> newDocumentParts() {
+    std::vector<InitialPart> parts = {
         {"/word/document.xml", join(kWordType, "document.main+xml"), "/",
          join(kOfficeRelation, "officeDocument"), std::string(kDocument)},
         documentPart("/word/styles.xml", join(kWordType, "styles+xml"), join(kOfficeRelation, "styles"),

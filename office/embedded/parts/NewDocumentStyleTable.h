@@ -2,14 +2,14 @@
 
 #include <string_view>
 
-/// What the styles of a new document are; NewDocumentStyles writes them.
+/// The styles of a new document, which NewDocument writes.
 namespace mergeloom::embedded {
 
-/// How a style shows in Word's lists (ECMA-376 Part 1, 17.7.4): Quick ones stand in the gallery, OnUse ones
-/// hide until they are used.
+/// The display of a style in Word's lists (ECMA-376 Part 1, 17.7.4): Quick ones are in the gallery, OnUse
+/// ones hide until they are used.
 enum class Shown { Always, Quick, QuickOnUse, OnUse };
 
-/// One style; texts that are empty stand for elements that the style does not have.
+/// One style; empty texts mean elements that the style does not have.
 struct Style {
     std::string_view type, id, name, basedOn, next;
     int priority;
@@ -73,7 +73,7 @@ inline constexpr Style kOtherStyles[] = {
     {"table", "TableGrid", "Table Grid", "TableNormal", "", 39, Shown::Always, kSingleSpaced, "", kTableGrid},
 };
 
-/// What tells the nine levels of headings apart; sizes in half points, spacing in twentieths of a point.
+/// The differences of the nine levels of headings; sizes in half points, spacing in twentieths of a point.
 struct Heading {
     int spaceBefore, size;
     bool italic;

@@ -1,7 +1,5 @@
 #include "office/embedded/parts/NewWorkbook.h"
 
-#include "office/embedded/parts/SeedPart.h"
-
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -34,7 +32,7 @@ constexpr std::string_view kSheet = R"(<?xml version="1.0" encoding="UTF-8" stan
 </worksheet>
 )";
 
-// Excel takes the first two fills for itself, whatever they say: none and a dotted grey.
+// Excel always uses the first two fills for itself: none and a dotted grey.
 constexpr std::string_view kStyles = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <styleSheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main">
 <fonts count="1"><font><sz val="11"/><color theme="1"/><name val="Calibri"/><family val="2"/>
@@ -50,16 +48,16 @@ constexpr std::string_view kStyles = R"(<?xml version="1.0" encoding="UTF-8" sta
 </styleSheet>
 )";
 
-SeedPart workbookPart(std::string_view name, std::string contentType, std::string_view relation,
-                      std::string_view xml) {
+InitialPart workbookPart(std::string_view name, std::string contentType, std::string_view relation,
+                         std::string_view xml) {
     return {std::string(name), std::move(contentType), "/xl/workbook.xml", join(kOfficeRelation, relation),
             std::string(xml)};
 }
 
 }  // namespace
 
-std::vector<SeedPart> newWorkbookParts() {
-    std::vector<SeedPart> parts = {
+std::vector<InitialPart> newWorkbookParts() {
+    std::vector<InitialPart> parts = {
         {"/xl/workbook.xml", join(kSheetType, "sheet.main+xml"), "/", join(kOfficeRelation, "officeDocument"),
          std::string(kWorkbook)},
         workbookPart("/xl/worksheets/sheet1.xml", join(kSheetType, "worksheet+xml"), "worksheet", kSheet),

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "office/embedded/parts/SeedPart.h"
+#include "office/embedded/parts/InitialPart.h"
 
 #include <vector>
 
 namespace mergeloom::embedded {
 
-/// The parts of an empty workbook: one sheet, "Sheet1", with nothing in it, and the styles that Excel users
-/// expect. The main part comes first and a source before its targets; the workbook's first target is the
-/// sheet, which it knows as "rId1".
-std::vector<SeedPart> newWorkbookParts();
+/// Returns the parts of an empty workbook: one empty sheet, "Sheet1", and the styles that Excel users expect.
+/// The main part comes first and a source before its targets; the workbook's first target is the sheet, to
+/// which it refers as "rId1".
+std::vector<InitialPart> newWorkbookParts();
 
 }  // namespace mergeloom::embedded

@@ -45,7 +45,7 @@ ReleasedPicture PictureParts::release(const std::string& documentPart, const std
     if (isLast) released.bytes = package_.readPart(partName);
     --(*uses_)[key];
     relationships.remove(relationshipId);
-    // Its id may be given to another relationship.
+    // Another relationship may get its id.
     const auto known = relationshipIds_.find({opc::partKey(documentPart), key});
     if (known != relationshipIds_.end() && known->second == relationshipId) relationshipIds_.erase(known);
     if (isLast) package_.removePart(partName);
@@ -91,7 +91,7 @@ std::string PictureParts::partWith(const std::string& bytes, const opc::PictureF
     const auto [first, last] = parts_.equal_range(opc::digestOf(bytes));
     for (auto candidate = first; candidate != last; ++candidate) {
         const std::string& partName = candidate->second;
-        // An undone drop may have taken the part out again.
+        // An undone drop may have removed the part.
         const bool fits = package_.hasPart(partName) &&
                           package_.contentTypes().of(partName) == picture.contentType() &&
                           package_.readPart(partName) == bytes;
@@ -126,7 +126,7 @@ std::string PictureParts::relationshipTo(const std::string& documentPart, const 
 }
 
 void PictureParts::readRelationships(const std::string& documentPart) {
-    // Once only: a document with thousands of pictures has thousands of relationships.
+    // Reads them only once: a document with thousands of pictures has thousands of relationships.
     const std::string source = opc::partKey(documentPart);
     if (!sourcesRead_.insert(source).second) return;
     const opc::Relationships& relationships = package_.relationshipsOf(documentPart);

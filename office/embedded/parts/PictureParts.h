@@ -12,7 +12,7 @@
 
 namespace mergeloom::embedded {
 
-/// A relationship to a picture that was taken out, and the picture where it went along.
+/// A removed relationship to a picture, and the picture if its part was removed too.
 struct ReleasedPicture {
     std::string relationshipId;
     std::string relationshipType;
@@ -21,24 +21,24 @@ struct ReleasedPicture {
     std::optional<std::string> bytes;
 };
 
-/// The picture parts of a package, each picture once however often it is shown.
+/// The picture parts of a package. Each picture is stored once, even if it is shown several times.
 class PictureParts {
   public:
-    /// The package must stay where it is as long as this lives.
+    /// The package must not be moved while this object exists.
     explicit PictureParts(opc::Package& package) : package_(package) {}
 
-    /// The id of a relationship from the document's part to a part that holds the picture. A part of the
-    /// package with the same bytes and a relationship to it are used again; otherwise they are added, as
+    /// Returns the id of a relationship from the document's part to a part that contains the picture. An
+    /// existing part with the same bytes, and a relationship to it, are reused; otherwise they are added, as
     /// "media/imageN.ext" beside the document's part.
     std::string add(const std::string& documentPart, std::string bytes, const opc::PictureFile& picture);
-    /// The same for a part whose pictures do not stand beside it; the folder ends in "/".
+    /// Does the same for a part whose pictures are in another folder; the folder ends in "/".
     std::string add(const std::string& documentPart, const std::string& mediaFolder, std::string bytes,
                     const opc::PictureFile& picture);
 
-    /// Takes a relationship of a part to a picture out, and the picture's part when no relationship of the
-    /// package leads to it any more.
+    /// Removes a relationship of a part to a picture, and the picture's part if no other relationship of the
+    /// package leads to it.
     ReleasedPicture release(const std::string& documentPart, const std::string& relationshipId);
-    /// Brings back what release took out, the relationship under its former id, which is free.
+    /// Restores what release() removed; the relationship gets its former id, which is free.
     void restore(const std::string& documentPart, const ReleasedPicture& released);
 
   private:
@@ -56,8 +56,8 @@ class PictureParts {
     std::set<std::string> stems_;  ///< keys of the parts without their extensions
     std::int64_t lastNumber_ = 0;
     std::map<std::pair<std::string, std::string>, std::string> relationshipIds_;  ///< by source and target
-    std::set<std::string> sourcesRead_;  ///< the parts whose relationships were looked at, by their keys
-    /// How many relationships lead to a part, by its key; counted when the first one is taken out.
+    std::set<std::string> sourcesRead_;  ///< keys of the parts whose relationships were read
+    /// The number of relationships to a part, by its key; counted when the first one is removed.
     std::optional<std::map<std::string, std::int64_t>> uses_;
 };
 

@@ -13,15 +13,16 @@ namespace {
 
 constexpr const char* kChainType = "calcChain";
 
-/// A row takes 21 bits, a column 15.
+/// Combines sheet, row (21 bits) and column (15 bits) into one key.
 std::uint64_t keyOf(int sheetId, const excel::CellPosition& cell) {
     return static_cast<std::uint64_t>(sheetId) << 36U | static_cast<std::uint64_t>(cell.row) << 15U |
            static_cast<std::uint64_t>(cell.column);
 }
 
-/// An entry takes the sheet of the one before it where it names none, and the marks of a new level or thread
-/// speak of all entries up to the next mark: what leaves the chain hands them on.
-void handOn(pugi::xml_node entry, PartState& state) {
+/// An entry without a sheet inherits that of the one before it, and the marks of a new level or thread apply
+/// to all entries up to the next mark. So the next entry takes these attributes over from an entry that is
+/// removed.
+void passAttributesOn(pugi::xml_node entry, PartState& state) {
     const pugi::xml_node next = nextElement(entry);
     if (std::string_view(next.name()) != entry.name()) return;
     for (const char* name : {"i", "l", "t"}) {
@@ -65,12 +66,12 @@ void CalculationChain::remove(int sheetId, const excel::CellPosition& cell) {
     for (auto found = entries_.find(key); found != entries_.end(); found = entries_.find(key)) {
         const pugi::xml_node entry = found->second;
         entries_.erase(found);
-        takeOut(key, entry);
+        removeEntry(key, entry);
     }
 }
 
-void CalculationChain::takeOut(CellKey key, pugi::xml_node entry) {
-    handOn(entry, state_);
+void CalculationChain::removeEntry(CellKey key, pugi::xml_node entry) {
+    passAttributesOn(entry, state_);
     pugi::xml_node parent = entry.parent();
     const pugi::xml_node before = entry.previous_sibling();
     part_->attic().append_move(entry);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "office/embedded/sheet/PartState.h"
 #include "office/embedded/sheet/UndoLog.h"
 #include "office/model/excel/CellAddress.h"
 #include "office/opc/Package.h"
@@ -15,17 +14,18 @@
 namespace mergeloom::embedded {
 
 /// The calculation chain (ECMA-376 Part 1, 18.6): the cells with formulas in the order in which they were
-/// calculated last. A chain that lists a cell without a formula makes Excel call the workbook damaged. It is
-/// read when a cell is taken out first.
+/// last calculated. If it lists a cell without a formula, Excel reports the workbook as damaged. It is read
+/// when the first cell is removed.
 class CalculationChain {
   public:
     /// Package and log must outlive the chain.
     CalculationChain(opc::Package& package, std::string workbookPart, UndoLog& undo);
 
-    /// Takes a cell out of the chain; the number of its sheet is the sheetId that the workbook lists. A chain
-    /// that becomes empty goes from the package. Raises kFileCouldNotBeRead when the chain is malformed.
+    /// Removes a cell from the chain. The sheet is identified by the sheetId that the workbook lists. The
+    /// part of a chain that becomes empty is removed from the package. Raises kFileCouldNotBeRead if the
+    /// chain is malformed.
     void remove(int sheetId, const excel::CellPosition& cell);
-    /// Hands the edited part to the package.
+    /// Writes the edited part into the package.
     void store();
 
   private:
@@ -33,7 +33,7 @@ class CalculationChain {
 
     void load();
     void readEntries();
-    void takeOut(CellKey key, pugi::xml_node entry);
+    void removeEntry(CellKey key, pugi::xml_node entry);
     void put();
     void drop();
 
@@ -41,7 +41,7 @@ class CalculationChain {
     std::string workbookPart_;
     PartState state_;
     bool loaded_ = false;
-    std::unique_ptr<opc::XmlPart> part_;  ///< none where the workbook has no chain
+    std::unique_ptr<opc::XmlPart> part_;  ///< null if the workbook has no chain
     std::string contentType_;
     std::string relationshipType_;
     std::unordered_multimap<CellKey, pugi::xml_node> entries_;

@@ -49,7 +49,7 @@ void readChild(XmlScanner& scanner, std::string_view cell, std::string_view pref
     parts.formulaText = content;
 }
 
-/// A run of white space at either end is lost where the element does not ask for it.
+/// White space at either end is lost unless the element asks for its preservation.
 bool needsPreserve(std::string_view text) {
     return !text.empty() && (kWhiteSpace.find(text.front()) != std::string_view::npos ||
                              kWhiteSpace.find(text.back()) != std::string_view::npos);
@@ -93,7 +93,7 @@ StoredCell readCell(std::string_view cell, std::string_view prefix) {
 std::string withText(std::string_view cell, std::string_view text, std::string_view prefix) {
     const CellXml parts = splitCell(cell, prefix);
     XmlTag tag(parts.tag);
-    // Metadata describes the content that goes.
+    // Metadata describes the content that is replaced.
     for (const std::string_view name : {"t", "cm", "vm"})
         tag.remove(name);
     tag.set("t", "inlineStr");

@@ -7,7 +7,7 @@
 
 namespace mergeloom::embedded {
 
-/// The pieces of a cell's XML (CT_Cell, ECMA-376 Part 1, 18.3.1.4); those that are not there are empty.
+/// The pieces of a cell's XML (CT_Cell, ECMA-376 Part 1, 18.3.1.4); missing pieces are empty.
 struct CellXml {
     std::string_view tag{};
     std::string_view attributes{};
@@ -19,17 +19,17 @@ struct CellXml {
     std::string_view extensions{};   ///< the whole element
 };
 
-/// Takes a cell's XML apart. The prefix is that of the elements' names, "x:" or empty.
+/// Splits a cell's XML. The prefix is that of the elements' names, "x:" or empty.
 CellXml splitCell(std::string_view cell, std::string_view prefix);
 
-/// What a cell holds. Of a shared formula only its master has the text; the area of an array formula is known
-/// to its first cell alone.
+/// Returns the content of a cell. Only the master of a shared formula has its text, and only the first cell
+/// of an array formula has its area.
 StoredCell readCell(std::string_view cell, std::string_view prefix);
 
-/// The XML of a cell with a text of its own. It keeps the attributes and extensions of the former cell, but
-/// for those that tell of its content; for a new cell that is a tag alone.
+/// Returns the XML of a cell with a text of its own. It keeps the attributes and extensions of the former
+/// cell except those that describe its content. A new cell is passed as a tag alone.
 std::string withText(std::string_view cell, std::string_view text, std::string_view prefix);
-/// The XML of a cell whose formula was replaced by another element.
+/// Returns the XML of a cell with its formula element replaced.
 std::string withFormula(std::string_view cell, std::string_view formula, std::string_view prefix);
 
 }  // namespace mergeloom::embedded

@@ -5,7 +5,6 @@
 #include "office/embedded/sheet/TreeEdit.h"
 
 #include <charconv>
-#include <string_view>
 
 namespace mergeloom::embedded {
 
@@ -15,7 +14,7 @@ std::string keyOf(std::string_view name, int sheet) {
     return foldCase(name) + "!" + std::to_string(sheet);
 }
 
-/// The number that a text is, nothing else before or behind it.
+/// Returns the number if the text consists of nothing else.
 std::optional<std::int64_t> numberOf(std::string_view text) {
     std::int64_t number = 0;
     const char* const end = text.data() + text.size();
@@ -24,7 +23,7 @@ std::optional<std::int64_t> numberOf(std::string_view text) {
     return number;
 }
 
-/// The sheet of a name; nothing when the workbook does not list it.
+/// Returns the sheet of a name; nothing if the workbook does not list it.
 std::optional<int> scopeOf(pugi::xml_node node, std::size_t sheetCount) {
     const pugi::xml_attribute attribute = node.attribute("localSheetId");
     if (!attribute) return DefinedNames::kWorkbook;
@@ -41,7 +40,7 @@ std::string_view nameOf(pugi::xml_node node) {
     return node.attribute("name").value();
 }
 
-/// The child of the workbook behind which the list of names has its place (ECMA-376 Part 1, A.2,
+/// Returns the child of the workbook after which the list of names has its place (ECMA-376 Part 1, A.2,
 /// CT_Workbook).
 pugi::xml_node predecessor(pugi::xml_node root) {
     for (const char* name : {"externalReferences", "functionGroups", "sheets"}) {
@@ -106,7 +105,7 @@ std::size_t DefinedNames::append(const std::string& name, const std::string& for
     node.append_attribute("name").set_value(name.c_str());
     node.append_child(pugi::node_pcdata).set_value(formula.c_str());
     list(node, kWorkbook);
-    state_.change([this, node] { takeBack(node); });
+    state_.change([this, node] { undoAppend(node); });
     return nodes_.size() - 1;
 }
 
@@ -115,20 +114,20 @@ pugi::xml_node DefinedNames::ensureList() {
     pugi::xml_node names = childNamed(root, "definedNames");
     if (names) return names;
     names = root.insert_child_after(nameLike(root, "definedNames").c_str(), predecessor(root));
-    // Names may have come in after the recorded step, so the list goes only when it is empty again.
-    state_.change([names, attic = part_.attic()]() mutable {
-        if (!names.first_child()) attic.append_move(names);
+    // Names may have been added after the recorded step, so the list is removed only if it is empty again.
+    state_.change([names, detachedNodes = part_.attic()]() mutable {
+        if (!names.first_child()) detachedNodes.append_move(names);
     });
     return names;
 }
 
-void DefinedNames::takeBack(pugi::xml_node node) {
+void DefinedNames::undoAppend(pugi::xml_node node) {
     const std::string name(nameOf(node));
     const std::string key = keyOf(name, kWorkbook);
     const std::size_t index = indexes_.at(key);
     indexes_.erase(key);
     nodes_.erase(nodes_.begin() + static_cast<std::ptrdiff_t>(index));
-    // What is taken back stands last, unless names came after the recorded step.
+    // The removed name is the last one, unless names were added after the recorded step.
     if (index < nodes_.size()) {
         for (auto& [other, position] : indexes_) {
             if (position > index) --position;

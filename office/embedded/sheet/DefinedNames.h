@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/sheet/PartState.h"
+#include "office/embedded/sheet/UndoLog.h"
 #include "office/model/NameCounters.h"
 #include "office/model/excel/DefinedNameRule.h"
 #include "office/opc/XmlPart.h"
@@ -16,9 +16,9 @@
 namespace mergeloom::embedded {
 
 /// The defined names of a workbook (ECMA-376 Part 1, 18.2.5). Names are one space for the workbook and one
-/// for each sheet, compared without regard to letter case. Names keep their index as long as no step is taken
-/// back; what is not touched stays as it stands. An entry without a name, or of a sheet that the workbook
-/// does not list, does not count.
+/// for each sheet, compared without regard to letter case. Names keep their index as long as no step is
+/// undone. An entry without a name, or of a sheet that the workbook does not list, is left alone and not
+/// counted.
 class DefinedNames {
   public:
     /// The scope of a name of the whole workbook.
@@ -31,7 +31,7 @@ class DefinedNames {
         std::string formula;  ///< without "="
     };
 
-    /// Reads the names of a workbook with that many sheets. Part and state must outlive the names.
+    /// Reads the names of a workbook with that many sheets. Part and state must outlive this object.
     DefinedNames(opc::XmlPart& part, PartState& state, std::size_t sheetCount);
     DefinedNames(const DefinedNames&) = delete;
     DefinedNames& operator=(const DefinedNames&) = delete;
@@ -39,19 +39,19 @@ class DefinedNames {
     [[nodiscard]] std::size_t count() const;
     [[nodiscard]] Entry at(std::size_t index) const;
     [[nodiscard]] std::optional<std::size_t> find(const std::string& name, int sheet = kWorkbook) const;
-    /// Defines a name of the workbook, or defines it anew, and answers its index. Raises kApplicationDefined
-    /// for what is no name.
+    /// Defines or redefines a name of the workbook and returns its index. Raises kApplicationDefined for an
+    /// invalid name.
     std::size_t define(const std::string& name, const std::string& formula);
     void setFormula(std::size_t index, const std::string& formula);
-    /// The smallest number n from 1 for which no name of the workbook is stem followed by n. Does not try all
-    /// numbers again at each question.
+    /// Returns the smallest number n from 1 for which no name of the workbook is stem followed by n. Later
+    /// calls do not try all numbers again.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
 
   private:
     void list(pugi::xml_node node, int sheet);
     std::size_t append(const std::string& name, const std::string& formula);
     pugi::xml_node ensureList();
-    void takeBack(pugi::xml_node node);
+    void undoAppend(pugi::xml_node node);
 
     opc::XmlPart& part_;
     PartState& state_;

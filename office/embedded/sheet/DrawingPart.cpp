@@ -2,8 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/sheet/DrawingAnchor.h"
-#include "office/embedded/sheet/DrawnElement.h"
+#include "office/embedded/sheet/DrawingElements.h"
 #include "office/embedded/sheet/TreeEdit.h"
 #include "office/opc/PackageXml.h"
 
@@ -16,17 +15,18 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Ids are 32-bit numbers; some programs use random ones near the top, above which there is no room.
-constexpr std::int64_t kOrdinaryIds = 1'000'000'000;
+/// Ids are 32-bit numbers. Some programs use random ones near the maximum, above which there are no free
+/// ones.
+constexpr std::int64_t kMaxOrdinaryId = 1'000'000'000;
 
-/// Whether an attribute may hold the id of a relationship: all those of the other attributes' namespace have
-/// a prefix, those of a drawing's own have none.
+/// Returns true if an attribute may contain the id of a relationship: those have a prefix, unlike the
+/// drawing's own attributes.
 bool mayRefer(pugi::xml_attribute attribute) {
     const std::string_view name = attribute.name();
     return name.find(':') != std::string_view::npos && !name.starts_with("xmlns:");
 }
 
-/// The attributes of a shape that may hold ids of relationships.
+/// Returns the attributes of a shape that may contain ids of relationships.
 std::vector<pugi::xml_attribute> referencesIn(pugi::xml_node node) {
     std::vector<pugi::xml_attribute> references;
     forEachElement(node, [&](pugi::xml_node element) {
@@ -42,14 +42,14 @@ std::int64_t highestObjectIdIn(pugi::xml_node root) {
     forEachElement(root, [&](pugi::xml_node element) {
         if (opc::localName(element) != "cNvPr") return;
         const std::int64_t id = element.attribute("id").as_llong();
-        if (id < kOrdinaryIds) highest = std::max(highest, id);
+        if (id < kMaxOrdinaryId) highest = std::max(highest, id);
     });
     return highest;
 }
 
 bool isPinned(pugi::xml_node node) {
     return std::ranges::any_of(anchorsIn(node), [](pugi::xml_node anchor) {
-        return DrawingAnchor(anchor).hold() != AnchorHold::MovesAndStretches;
+        return DrawingAnchor(anchor).mode() != AnchorMode::MovesAndStretches;
     });
 }
 
@@ -107,9 +107,9 @@ DrawingPart::ShapeId DrawingPart::insert(pugi::xml_node node) {
     const ShapeId shape = ++lastShape_;
     enter(shape, node);
     highestObjectId_ = std::max(highestObjectId_, highestObjectIdIn(node));
-    state_.change([this, shape, node, attic = part_->attic()]() mutable {
+    state_.change([this, shape, node, detachedNodes = part_->attic()]() mutable {
         leave(shape);
-        attic.append_move(node);
+        detachedNodes.append_move(node);
     });
     return shape;
 }
@@ -118,8 +118,8 @@ void DrawingPart::remove(ShapeId shape) {
     const pugi::xml_node taken = node(shape);
     leave(shape);
     const pugi::xml_node next = taken.next_sibling();
-    pugi::xml_node attic = part_->attic();
-    attic.append_move(taken);
+    pugi::xml_node detachedNodes = part_->attic();
+    detachedNodes.append_move(taken);
     state_.change([this, shape, taken, next] {
         pugi::xml_node root = part_->root();
         if (next) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/sheet/PartState.h"
+#include "office/embedded/sheet/UndoLog.h"
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>
@@ -14,41 +14,39 @@
 
 namespace mergeloom::embedded {
 
-/// The part of a drawing as a tree, with an index of its shapes. Every child of the root that holds an anchor
-/// is a shape.
+/// The part of a drawing as a tree, with an index of its shapes. Every child of the root that contains an
+/// anchor is a shape.
 class DrawingPart {
   public:
     using ShapeId = std::int64_t;
 
-    /// The number that was given last is kept outside, so that no later drawing of the sheet gives it again.
+    /// lastShape is kept by the caller, so that a later drawing of the same sheet does not reuse numbers.
     DrawingPart(std::unique_ptr<opc::XmlPart> part, ShapeId& lastShape, UndoLog& undo);
-    DrawingPart(const DrawingPart&) = delete;
-    DrawingPart& operator=(const DrawingPart&) = delete;
 
     [[nodiscard]] const opc::XmlPart& xml() const { return *part_; }
     [[nodiscard]] PartState& state() { return state_; }
     [[nodiscard]] bool isStrict() const;
 
-    /// From back to front.
+    /// Returns all shapes from back to front.
     [[nodiscard]] std::vector<ShapeId> shapes() const;
     [[nodiscard]] bool has(ShapeId shape) const { return shapes_.contains(shape); }
     [[nodiscard]] std::optional<ShapeId> find(const std::string& name) const;
-    /// Raises kObjectDeleted when there is no such shape.
+    /// Returns the root's child. Raises kObjectDeleted if there is no such shape.
     [[nodiscard]] pugi::xml_node node(ShapeId shape) const;
     [[nodiscard]] const std::string& name(ShapeId shape) const;
-    /// Those that are tied to two cells but keep their size.
+    /// Returns the shapes that are tied to two cells but keep their size.
     [[nodiscard]] const std::set<ShapeId>& pinned() const { return pinned_; }
 
-    /// Higher than those of all objects.
+    /// Returns an id above those of all objects.
     [[nodiscard]] std::int64_t freeObjectId() const { return highestObjectId_ + 1; }
     void setName(ShapeId shape, const std::string& name);
-    /// Takes a node that was just appended to the root as the foremost shape.
+    /// Registers a node that was just appended to the root as the foremost shape.
     ShapeId insert(pugi::xml_node node);
     void remove(ShapeId shape);
 
-    /// How often the drawing refers to a relationship.
+    /// Returns how often the drawing refers to a relationship.
     [[nodiscard]] int uses(const std::string& relationshipId) const;
-    /// The relationships that nothing but the shape refers to.
+    /// Returns the relationships to which only this shape refers.
     [[nodiscard]] std::vector<std::string> usedOnlyBy(ShapeId shape) const;
 
   private:
@@ -66,10 +64,10 @@ class DrawingPart {
     std::unique_ptr<opc::XmlPart> part_;
     ShapeId& lastShape_;
     PartState state_;
-    std::map<ShapeId, Shape> shapes_;                            // numbers grow from back to front
+    std::map<ShapeId, Shape> shapes_;                            // ascending from back to front
     std::unordered_map<std::string, std::set<ShapeId>> byName_;  // case folded
     std::set<ShapeId> pinned_;
-    std::unordered_map<std::string, int> uses_;  // by the relationship's id
+    std::unordered_map<std::string, int> uses_;  // by the id of the relationship
     std::int64_t highestObjectId_ = 1;
 };
 

@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/parts/DrawingPicture.h"
-#include "office/embedded/sheet/SheetSection.h"
+#include "office/embedded/sheet/TreeEdit.h"
 #include "office/opc/PackageXml.h"
 #include "office/opc/PartName.h"
 
@@ -13,16 +13,16 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr const char* kSection = "drawing";
+constexpr const char* kDrawingSection = "drawing";
 constexpr const char* kContentType = "application/vnd.openxmlformats-officedocument.drawing+xml";
 
-/// "/xl/" for "/xl/worksheets/sheet1.xml": the folder in which those of drawings and of pictures stand.
+/// "/xl/" for "/xl/worksheets/sheet1.xml": the folder that contains the folders of drawings and of pictures.
 std::string folderAround(const std::string& sheetPart) {
     const std::string_view folder = opc::folderOf(sheetPart);
     return std::string(opc::folderOf(folder.substr(0, folder.size() - 1)));
 }
 
-/// The id of the relationship that an element of a sheet names, whatever the prefix.
+/// Returns the relationship's id that an element of a sheet names, regardless of the prefix.
 std::string idIn(pugi::xml_node element) {
     for (const pugi::xml_attribute attribute : element.attributes()) {
         if (std::string_view(attribute.name()).ends_with(":id")) return attribute.value();
@@ -63,7 +63,7 @@ void DrawingSource::store() {
 }
 
 void DrawingSource::load() {
-    const SheetSection section(sheet_, kSection);
+    const SheetSection section(sheet_, kDrawingSection);
     if (!section.root()) return;
     const opc::Relationships& relationships = package_.relationshipsOf(sheet_.partName());
     const opc::Relationship* const relationship = relationships.find(idIn(section.root()));
@@ -89,14 +89,15 @@ void DrawingSource::create() {
     const std::string xml = emptyDrawing(conformance);
     package_.addPart(name, kContentType, xml);
     const std::string id = package_.relationshipsOf(sheet_.partName())
-                               .addPart(opc::officeRelationshipType(kSection, conformance), name);
+                               .addPart(opc::officeRelationshipType(kDrawingSection, conformance), name);
     undo_.record([this, name, id] {
         part_.reset();
         package_.relationshipsOf(sheet_.partName()).remove(id);
         package_.removePart(name);
     });
     const std::string prefix = sheet_.declareNamespace("r", drawingNamespaces(conformance).relationships);
-    sheet_.setSection(kSection, "<" + sheet_.elementName(kSection) + " " + prefix + ":id=\"" + id + "\"/>");
+    sheet_.setSection(kDrawingSection,
+                      "<" + sheet_.elementName(kDrawingSection) + " " + prefix + ":id=\"" + id + "\"/>");
     part_ =
         std::make_unique<DrawingPart>(opc::XmlPart::parse(xml, name, package_.fileName()), lastShape_, undo_);
 }

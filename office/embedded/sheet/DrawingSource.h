@@ -12,14 +12,14 @@
 
 namespace mergeloom::embedded {
 
-/// Where the drawing of a sheet comes from and goes to: its part in the package, the relationship and the
-/// element of the sheet that lead there, and the relationships to its pictures.
+/// Loads, creates and stores the drawing of a sheet: its part in the package, the relationship and the
+/// element of the sheet that refer to it, and the relationships to its pictures.
 class DrawingSource {
   public:
-    /// All must outlive the source.
+    /// All arguments must outlive this object.
     DrawingSource(opc::Package& package, SheetPart& sheet, PictureParts& pictures, UndoLog& undo);
 
-    /// The drawing, which is read when it is asked for first; null for a sheet without one. Raises
+    /// Returns the drawing, which the first call reads; null if the sheet has none. Raises
     /// kFileCouldNotBeRead.
     DrawingPart* find();
     DrawingPart& findOrCreate();
@@ -27,9 +27,9 @@ class DrawingSource {
     [[nodiscard]] bool isDirty() const;
     void store();
 
-    /// The id of a relationship from the drawing to the picture.
+    /// Adds a picture to the package and returns the id of the drawing's relationship to it.
     std::string addRelationship(DrawingPart& drawing, std::string bytes, const opc::PictureFile& picture);
-    /// Takes out what nothing but the shape shows. Charts and other parts stay.
+    /// Removes the pictures that only this shape shows. Charts and other parts stay.
     void releasePictures(DrawingPart& drawing, DrawingPart::ShapeId shape);
 
   private:

@@ -23,11 +23,11 @@ constexpr Advances fixedAdvances(std::uint16_t advance) {
 
 constexpr Advances kCourier = fixedAdvances(600);
 
-/// Fonts of one look.
+/// Fonts with the same metrics.
 struct Family {
     const Advances& regular;
     const Advances& bold;
-    int line;  ///< from the highest ascender to the lowest descender, in thousandths of the em
+    int line;  ///< distance from the highest ascender to the lowest descender, in thousandths of the em
 };
 
 constexpr Family kCalibriFamily{kCalibri, kCalibriBold, 1221};
@@ -41,10 +41,10 @@ constexpr Family kCourierFamily{kCourier, kCourier, 1133};
 struct NamedFont {
     std::string_view name;
     const Family& family;
-    int digit = 0;  ///< the advance of its digits where it is narrower or wider than its family
+    int digit = 0;  ///< the advance of its digits if it is narrower or wider than its family
 };
 
-/// In small letters.
+/// The known fonts by their names in lower case.
 constexpr NamedFont kFonts[] = {
     {"calibri", kCalibriFamily},
     {"calibri light", kCalibriFamily},
@@ -75,7 +75,7 @@ constexpr NamedFont kFonts[] = {
     {"consolas", kCourierFamily, 550},
 };
 
-/// What the name of an unknown font says of its look; the first word that it holds decides.
+/// Words in the name of an unknown font that reveal its look; the first match decides.
 struct Hint {
     std::string_view word;
     NamedFont font;
@@ -123,14 +123,14 @@ bool isIn(const CharacterRange (&ranges)[kCount], char32_t character) {
     });
 }
 
-/// The characters of one font.
+/// The metrics of one font.
 class Face {
   public:
     explicit Face(const CellFont& font)
         : named_(fontNamed(font.name)),
           advances_(font.bold ? named_.family.bold : named_.family.regular),
           pixels_(font.size * kPixelsPerPoint) {
-        // A bold font is wider than its regular one as its family's is.
+        // The bold face is wider than the regular one by the same ratio as in its family.
         const Advances& regular = named_.family.regular;
         if (named_.digit != 0) scale_ = double(named_.digit) / regular['0' - kFirstAdvance];
     }
@@ -178,7 +178,7 @@ double textWidth(std::string_view text, const CellFont& font) {
 }
 
 double lineHeight(const CellFont& font) {
-    // The room above and below the characters that Excel leaves: between one pixel and two and a half,
+    // The space that Excel leaves above and below the characters: between one pixel and two and a half,
     // depending on how the font is fitted to the pixels.
     constexpr double kRoom = 1.75;
     return std::round(Face(font).line() + kRoom) * kPointsPerPixel;

@@ -1,6 +1,5 @@
 #include "office/embedded/sheet/MergedCells.h"
 
-#include "office/embedded/sheet/SheetSection.h"
 #include "office/embedded/sheet/TreeEdit.h"
 
 #include <algorithm>
@@ -13,12 +12,12 @@ namespace {
 
 using AreaMap = std::map<excel::CellPosition, excel::CellArea>;
 
-excel::CellPosition turned(const excel::CellPosition& cell) {
+excel::CellPosition transposed(const excel::CellPosition& cell) {
     return {cell.column, cell.row};
 }
 
-excel::CellArea turned(const excel::CellArea& area) {
-    return {turned(area.first), turned(area.last)};
+excel::CellArea transposed(const excel::CellArea& area) {
+    return {transposed(area.first), transposed(area.last)};
 }
 
 bool isTall(const excel::CellArea& area) {
@@ -30,10 +29,10 @@ void listRows(AreaMap& areas, const excel::CellArea& area) {
         areas.emplace(excel::CellPosition{row, area.first.column}, area);
 }
 
-/// The area whose entry is the nearest one at or before the cell.
+/// Returns the area with the nearest entry at or before the cell.
 const excel::CellArea* nearest(const AreaMap& areas, const excel::CellPosition& cell) {
-    const auto behind = areas.upper_bound(cell);
-    return behind == areas.begin() ? nullptr : &std::prev(behind)->second;
+    const auto next = areas.upper_bound(cell);
+    return next == areas.begin() ? nullptr : &std::prev(next)->second;
 }
 
 bool hasRowIn(const AreaMap& areas, const excel::CellArea& area) {
@@ -58,7 +57,7 @@ MergedCells::MergedCells(const SheetPart& sheet) {
 void MergedCells::list(const excel::CellArea& area) {
     areas_.push_back(area);
     if (isTall(area)) {
-        listRows(byColumns_, turned(area));
+        listRows(byColumns_, transposed(area));
     } else {
         listRows(byRows_, area);
     }
@@ -67,18 +66,18 @@ void MergedCells::list(const excel::CellArea& area) {
 excel::CellArea MergedCells::areaAt(const excel::CellPosition& cell) const {
     const excel::CellArea* const wide = nearest(byRows_, cell);
     if (wide != nullptr && wide->contains(cell)) return *wide;
-    const excel::CellArea* const tall = nearest(byColumns_, turned(cell));
-    if (tall != nullptr && tall->contains(turned(cell))) return turned(*tall);
+    const excel::CellArea* const tall = nearest(byColumns_, transposed(cell));
+    if (tall != nullptr && tall->contains(transposed(cell))) return transposed(*tall);
     return {cell, cell};
 }
 
 bool MergedCells::touches(const excel::CellArea& area) const {
-    // Of a very large area, each of the merged areas is the shorter way.
+    // For a very large area it is faster to test each merged area.
     if (areas_.size() < static_cast<std::size_t>(area.rows()) + static_cast<std::size_t>(area.columns())) {
         return std::ranges::any_of(
             areas_, [&](const excel::CellArea& one) { return intersection(one, area).has_value(); });
     }
-    return hasRowIn(byRows_, area) || hasRowIn(byColumns_, turned(area));
+    return hasRowIn(byRows_, area) || hasRowIn(byColumns_, transposed(area));
 }
 
 }  // namespace mergeloom::embedded

@@ -1,6 +1,5 @@
 #include "office/embedded/sheet/SharedStrings.h"
 
-#include "office/embedded/sheet/XmlEncoding.h"
 #include "office/embedded/sheet/XmlScanner.h"
 #include "office/embedded/sheet/XmlText.h"
 #include "office/opc/UnreadableFile.h"

@@ -1,8 +1,6 @@
 #include "office/embedded/sheet/SheetDrawing.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/sheet/AnchoredPicture.h"
-#include "office/embedded/sheet/DrawingAnchor.h"
 #include "office/embedded/sheet/DrawingPart.h"
 #include "office/embedded/sheet/DrawingSource.h"
 
@@ -30,9 +28,9 @@ bool isSame(const PictureRectangle& a, const PictureRectangle& b) {
     return a.left == b.left && a.top == b.top && a.width == b.width && a.height == b.height;
 }
 
-/// The frame that a shape is to have after columns or rows under it changed.
-PictureRectangle keptFrame(const PictureRectangle& before, const PictureRectangle& now, AnchorHold hold) {
-    if (hold == AnchorHold::KeepsPlaceAndSize) return before;
+/// Returns the frame of a shape after the columns or rows under it changed.
+PictureRectangle keptFrame(const PictureRectangle& before, const PictureRectangle& now, AnchorMode mode) {
+    if (mode == AnchorMode::KeepsPlaceAndSize) return before;
     return {now.left, now.top, before.width, before.height};
 }
 
@@ -51,8 +49,9 @@ class SheetDrawing::Data {
         return *drawing;
     }
 
-    /// Null, too, for a drawing that cannot be read: nobody asked for it.
-    DrawingPart* findQuietly() {
+    /// Returns the drawing; null also if it cannot be read, since a change of sizes must not fail because of
+    /// that.
+    DrawingPart* findReadable() {
         try {
             return source.find();
         } catch (const AutomationError&) {
@@ -80,7 +79,7 @@ class SheetDrawing::Data {
 };
 
 std::string SheetDrawing::Data::freeName(const DrawingPart& drawing) {
-    // As Excel does, which numbers all objects from 2 on; never the same again, so that the search is short.
+    // Excel numbers all objects from 2 on. No number is tried twice, so that the search is short.
     lastPicture = std::max(lastPicture, drawing.freeObjectId() - 2);
     std::string name;
     do {
@@ -161,7 +160,7 @@ SheetDrawing::ShapeId SheetDrawing::addPicture(const excel::CellPosition& cell, 
 }
 
 void SheetDrawing::keepSizes(const std::function<void()>& change) {
-    const DrawingPart* const drawing = data_->findQuietly();
+    const DrawingPart* const drawing = data_->findReadable();
     if (drawing == nullptr || drawing->pinned().empty()) return change();
     std::vector<std::pair<ShapeId, PictureRectangle>> frames;
     for (const ShapeId shape : drawing->pinned())
@@ -170,7 +169,7 @@ void SheetDrawing::keepSizes(const std::function<void()>& change) {
     for (const auto& [shape, before] : frames) {
         const DrawingAnchor anchor = data_->anchorOf(shape);
         const PictureRectangle now = anchor.frame(data_->geometry);
-        const PictureRectangle kept = keptFrame(before, now, anchor.hold());
+        const PictureRectangle kept = keptFrame(before, now, anchor.mode());
         if (!isSame(now, kept)) data_->setFrame(shape, kept);
     }
 }

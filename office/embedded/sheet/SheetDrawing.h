@@ -2,7 +2,7 @@
 
 #include "base/Units.h"
 #include "office/embedded/parts/PictureParts.h"
-#include "office/embedded/sheet/DrawnElement.h"
+#include "office/embedded/sheet/DrawingElements.h"
 #include "office/embedded/sheet/SheetGeometry.h"
 #include "office/embedded/sheet/SheetPart.h"
 #include "office/embedded/sheet/UndoLog.h"
@@ -26,47 +26,45 @@ struct ShapeFrame {
     Points height;
 };
 
-/// The drawing of a sheet (ECMA-376 Part 1, 20.5): the objects anchored to its cells. It is read when it is
-/// asked for first; a sheet without one gets it with its first picture. A shape is known by a number that no
-/// other shape of the drawing ever has.
+/// The drawing of a sheet (ECMA-376 Part 1, 20.5): the objects anchored to its cells. It is read on first
+/// use; a sheet without one gets it with its first picture. A shape is identified by a number that no other
+/// shape of the drawing ever has.
 class SheetDrawing {
   public:
     using ShapeId = std::int64_t;
 
-    /// All must outlive the drawing. Every member that asks for the drawing raises kFileCouldNotBeRead when
-    /// its part cannot be read, and kObjectDeleted for a shape that the drawing does not have.
+    /// All arguments must outlive this object. Members that use the drawing raise kFileCouldNotBeRead if its
+    /// part cannot be read, and kObjectDeleted for a shape that does not exist.
     SheetDrawing(opc::Package& package, SheetPart& sheet, const SheetGeometry& geometry,
                  PictureParts& pictures, UndoLog& undo);
-    SheetDrawing(const SheetDrawing&) = delete;
-    SheetDrawing& operator=(const SheetDrawing&) = delete;
     ~SheetDrawing();
 
-    /// The shapes from back to front. A group is one shape.
+    /// Returns the shapes from back to front. A group is one shape.
     [[nodiscard]] std::vector<ShapeId> shapes();
-    /// The first one of that name, letter case aside.
+    /// Returns the first shape of that name, ignoring case.
     [[nodiscard]] std::optional<ShapeId> find(const std::string& name);
     [[nodiscard]] bool has(ShapeId shape);
 
     [[nodiscard]] std::string name(ShapeId shape);
     [[nodiscard]] ShapeKind kind(ShapeId shape);
-    /// By its anchor: one cell and a size, two cells, or absolute.
+    /// Returns the rectangle of the shape's anchor: one cell and a size, two cells, or absolute.
     [[nodiscard]] ShapeFrame frame(ShapeId shape);
     [[nodiscard]] excel::CellPosition topLeftCell(ShapeId shape);
 
     void setName(ShapeId shape, const std::string& name);
     /// Moves and sizes a shape. Its anchor keeps its kind.
     void setFrame(ShapeId shape, const ShapeFrame& frame);
-    /// Takes the anchor with all that it holds out. A picture's part that nothing else shows goes with it.
+    /// Removes a shape. The part of a picture that nothing else shows is removed too.
     void remove(ShapeId shape);
-    /// Adds a picture anchored to one cell, in its natural size, in front of all others.
+    /// Adds a picture anchored to one cell, in its natural size, in front of all other shapes.
     ShapeId addPicture(const excel::CellPosition& cell, std::string bytes, const opc::PictureFile& picture);
 
-    /// Runs a change of widths or heights of the sheet, after which the shapes that are to keep their sizes
-    /// (or their places as well) still do so. What is anchored to one cell moves with it by itself.
+    /// Runs a change of the sheet's widths or heights and restores the frames of the shapes that keep their
+    /// size, or place and size. A shape anchored to one cell needs no help.
     void keepSizes(const std::function<void()>& change);
 
     [[nodiscard]] bool isDirty() const;
-    /// Hands the edited part to the package.
+    /// Writes the edited part into the package.
     void store();
 
   private:

@@ -1,35 +1,138 @@
 #include "office/embedded/sheet/SheetGeometry.h"
 
-#include "office/embedded/sheet/AxisSizes.h"
-#include "office/embedded/sheet/ColumnDefinitions.h"
-#include "office/embedded/sheet/ColumnUnits.h"
+#include "office/embedded/sheet/ColumnWidths.h"
 #include "office/embedded/sheet/FontMetrics.h"
-#include "office/embedded/sheet/PartState.h"
-#include "office/embedded/sheet/SheetSection.h"
+#include "office/embedded/sheet/TreeEdit.h"
+#include "office/embedded/sheet/UndoLog.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <limits>
+#include <numeric>
+#include <vector>
 
 namespace mergeloom::embedded {
 
 namespace {
 
-constexpr double kPointsPerPixel = 0.75;
+std::uint16_t bounded(int pixels) {
+    return static_cast<std::uint16_t>(std::clamp(pixels, 0, int{std::numeric_limits<std::uint16_t>::max()}));
+}
+
+}  // namespace
+
+/// The sizes of a sheet's columns or rows in pixels, and their sums. Nearly all have the default size; the
+/// others are stored in blocks, so that a sum adds one number for each block and the sizes of one block at
+/// most.
+class AxisSizes {
+  public:
+    /// Creates columns or rows from 1 to the last one, all of the default size.
+    AxisSizes(int last, int defaultPixels);
+
+    [[nodiscard]] int last() const { return last_; }
+    [[nodiscard]] int size(int index) const;
+    void setSize(int index, int pixels);
+
+    /// Returns the sum of all sizes before the index; for last() + 1 the size of the sheet.
+    [[nodiscard]] std::int64_t before(int index) const;
+    /// Returns the index of the column or row that contains the pixel at a distance from the edge; never a
+    /// hidden one. Returns the last index for a distance beyond the sheet, the first one for a negative
+    /// distance.
+    [[nodiscard]] int at(std::int64_t pixel) const;
+
+  private:
+    static constexpr int kBlockSize = 1024;
+
+    struct Block {
+        std::int64_t sum = 0;
+        std::unique_ptr<std::vector<std::uint16_t>> sizes{};  ///< null while all have the default size
+    };
+
+    [[nodiscard]] int sizeIn(const Block& block, int offset) const;
+    [[nodiscard]] int countIn(std::size_t block) const;
+
+    int last_;
+    std::uint16_t default_;
+    std::vector<Block> blocks_;
+};
+
+AxisSizes::AxisSizes(int last, int defaultPixels)
+    : last_(last),
+      default_(bounded(defaultPixels)),
+      blocks_(static_cast<std::size_t>((last + kBlockSize - 1) / kBlockSize)) {
+    for (std::size_t i = 0; i < blocks_.size(); ++i)
+        blocks_[i].sum = std::int64_t{countIn(i)} * default_;
+}
+
+int AxisSizes::size(int index) const {
+    return sizeIn(blocks_[static_cast<std::size_t>((index - 1) / kBlockSize)], (index - 1) % kBlockSize);
+}
+
+void AxisSizes::setSize(int index, int pixels) {
+    if (size(index) == bounded(pixels)) return;
+    const auto number = static_cast<std::size_t>((index - 1) / kBlockSize);
+    Block& block = blocks_[number];
+    if (!block.sizes) {
+        const auto count = static_cast<std::size_t>(countIn(number));
+        block.sizes = std::make_unique<std::vector<std::uint16_t>>(count, default_);
+    }
+    std::uint16_t& size = (*block.sizes)[static_cast<std::size_t>((index - 1) % kBlockSize)];
+    block.sum -= size;
+    size = bounded(pixels);
+    block.sum += size;
+}
+
+std::int64_t AxisSizes::before(int index) const {
+    const int count = index - 1;
+    const auto whole = static_cast<std::size_t>(count / kBlockSize);
+    std::int64_t sum = 0;
+    for (std::size_t i = 0; i < whole; ++i)
+        sum += blocks_[i].sum;
+    const int rest = count % kBlockSize;
+    if (rest == 0) return sum;
+    const Block& block = blocks_[whole];
+    if (!block.sizes) return sum + std::int64_t{rest} * default_;
+    return std::accumulate(block.sizes->begin(), block.sizes->begin() + rest, sum);
+}
+
+int AxisSizes::at(std::int64_t pixel) const {
+    std::size_t number = 0;
+    while (number < blocks_.size() && pixel >= blocks_[number].sum)
+        pixel -= blocks_[number++].sum;
+    if (number == blocks_.size()) return last_;
+    int offset = 0;
+    while (pixel >= sizeIn(blocks_[number], offset))
+        pixel -= sizeIn(blocks_[number], offset++);
+    return static_cast<int>(number) * kBlockSize + offset + 1;
+}
+
+int AxisSizes::sizeIn(const Block& block, int offset) const {
+    return block.sizes ? (*block.sizes)[static_cast<std::size_t>(offset)] : default_;
+}
+
+int AxisSizes::countIn(std::size_t block) const {
+    return std::min(kBlockSize, last_ - static_cast<int>(block) * kBlockSize);
+}
+
+namespace {
+
+constexpr double kPointsPerCellPixel = 0.75;
 constexpr std::int64_t kEmuPerPixel = 9525;
-constexpr double kHighestRow = 409.5;
+constexpr double kMaxRowHeight = 409.5;
 constexpr int kBaseCharacters = 8;
 
 enum class Fit { Own, Best };
 
 int pixelsOf(Points points) {
-    return static_cast<int>(std::lround(std::clamp(points.value, 0.0, kHighestRow) / kPointsPerPixel));
+    return static_cast<int>(std::lround(std::clamp(points.value, 0.0, kMaxRowHeight) / kPointsPerCellPixel));
 }
 
 Points pointsOf(std::int64_t pixels) {
-    return {static_cast<double>(pixels) * kPointsPerPixel};
+    return {static_cast<double>(pixels) * kPointsPerCellPixel};
 }
 
 double numberIn(std::string_view attributes, std::string_view name, double fallback) {
@@ -62,7 +165,7 @@ AxisSizes rowSizes(const SheetPart& sheet, const StyleSheet& styles) {
     return {excel::kLastRow, pixelsOf({height ? height.as_double() : lineHeight(styles.defaultFont())})};
 }
 
-/// What an axis says of a distance: the index there and how far behind its edge.
+/// The column or row at a distance, and the offset from its edge.
 struct AxisPlace {
     int index;
     Emu offset;
@@ -124,7 +227,7 @@ class SheetGeometry::Data {
 
     SheetPart& sheet;
     UndoLog& undo;
-    PartState state;  ///< of the columns
+    PartState state;  ///< tracks changes of the columns
     ColumnUnits units;
     AxisSizes columns;
     AxisSizes rows;

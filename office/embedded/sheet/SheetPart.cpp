@@ -1,26 +1,88 @@
 #include "office/embedded/sheet/SheetPart.h"
 
 #include "office/embedded/sheet/CellXml.h"
-#include "office/embedded/sheet/ColumnStyles.h"
-#include "office/embedded/sheet/FormulaHandover.h"
-#include "office/embedded/sheet/RowHeights.h"
+#include "office/embedded/sheet/SharedFormula.h"
 #include "office/embedded/sheet/SheetState.h"
 #include "office/embedded/sheet/SheetWriter.h"
 #include "office/embedded/sheet/XmlAttributes.h"
-#include "office/embedded/sheet/XmlEncoding.h"
 #include "office/embedded/sheet/XmlScanner.h"
+#include "office/embedded/sheet/XmlText.h"
 #include "office/opc/UnreadableFile.h"
 
+#include <charconv>
 #include <utility>
 
 namespace mergeloom::embedded {
+
+namespace {
+
+std::optional<int> styleOfRow(const SheetState& sheet, int row) {
+    const std::string_view tag = sheet.cells.rowTag(row);
+    if (tag.empty()) return {};
+    const XmlTag parts(tag);
+    if (!isSet(parts.attributes(), "customFormat")) return {};
+    return findNumber(parts.attributes(), "s");
+}
+
+int styleOfColumn(const SheetState& sheet, int column) {
+    const std::string columns = sheet.sections.text("cols");
+    XmlScanner scanner(columns);
+    while (scanner.next()) {
+        if (!isElement(scanner.name(), sheet.index.prefix, "col")) continue;
+        const int first = findNumber(scanner.attributes(), "min").value_or(0);
+        const int last = findNumber(scanner.attributes(), "max").value_or(first);
+        if (column < first || column > last) continue;
+        return findNumber(scanner.attributes(), "style").value_or(0);
+    }
+    return 0;
+}
+
+/// Returns the index of the format of a new cell: that of its row if the row has one of its own, else that of
+/// its column (ECMA-376 Part 1, 18.3.1.13, 18.3.1.73).
+int styleOfNewCell(const SheetState& sheet, const excel::CellPosition& cell) {
+    const std::optional<int> style = styleOfRow(sheet, cell.row);
+    return style ? *style : styleOfColumn(sheet, cell.column);
+}
+
+std::optional<double> parseHeight(std::string_view text) {
+    double points = 0;
+    const std::from_chars_result result = std::from_chars(text.data(), text.data() + text.size(), points);
+    if (result.ec != std::errc() || points < 0) return {};
+    return points;
+}
+
+std::optional<double> storedHeight(std::string_view rowXml) {
+    XmlScanner scanner(rowXml);
+    scanner.next();
+    if (isSet(scanner.attributes(), "hidden")) return 0;
+    return parseHeight(findAttribute(scanner.attributes(), "ht").value_or(""));
+}
+
+/// Visits the rows that have a height of their own or are hidden, with their edits, in order.
+void visitRowHeights(const SheetState& sheet, const std::function<void(const StoredRowHeight&)>& visit) {
+    auto edit = sheet.edits.rows().begin();
+    const auto editsEnd = sheet.edits.rows().end();
+    const auto visitEditsBefore = [&](int row) {
+        for (; edit != editsEnd && edit->first < row; ++edit) {
+            if (edit->second.height) visit({edit->first, *edit->second.height});
+        }
+    };
+    for (const IndexedRow& row : sheet.index.rows) {
+        visitEditsBefore(row.number);
+        if (edit != editsEnd && edit->first == row.number && edit->second.height) continue;
+        if (const auto points = storedHeight(row.range.of(sheet.xml))) visit({row.number, *points});
+    }
+    visitEditsBefore(excel::kLastRow + 1);
+}
+
+}  // namespace
 
 class SheetPart::Data {
   public:
     Data(std::string xml, std::string part, UndoLog& log)
         : state(std::move(xml)), partName(std::move(part)), undo_(log) {}
 
-    /// Puts an edit in place of a cell's former one.
+    /// Replaces the edit of a cell.
     void change(const excel::CellPosition& cell, std::optional<CellEdit> edit) {
         record(
             [this, cell](std::optional<CellEdit> former) { state.edits.exchange(cell, std::move(former)); },
@@ -40,24 +102,24 @@ class SheetPart::Data {
 
     void declare(const std::string& prefix, const std::string& uri) {
         state.root.declare(prefix, uri);
-        record([this](const std::string& declared) { state.root.takeBack(declared); }, prefix);
+        record([this](const std::string& declared) { state.root.undoDeclaration(declared); }, prefix);
     }
 
-    /// Lets another cell have the text of a shared formula before its master loses it.
-    void handOver(const excel::CellPosition& master) {
-        const std::optional<FormulaHandover> plan = planHandover(state, master);
+    /// Makes another cell the master of a shared formula before its master is overwritten.
+    void promoteSuccessor(const excel::CellPosition& master) {
+        const std::optional<SharedFormulaPromotion> plan = planPromotion(state, master);
         if (!plan) return;
-        for (const FormulaHandover::Heir& heir : plan->heirs)
-            change(heir.cell, CellEdit{CellEdit::Kind::Formula, heir.formula});
+        for (const SharedFormulaPromotion::Successor& successor : plan->successors)
+            change(successor.cell, CellEdit{CellEdit::Kind::Formula, successor.formula});
         const int group = plan->group;
-        const std::optional<excel::CellPosition> heir =
-            plan->hasNewMaster ? std::optional(plan->heirs.back().cell) : std::nullopt;
+        const std::optional<excel::CellPosition> successor =
+            plan->hasNewMaster ? std::optional(plan->successors.back().cell) : std::nullopt;
         FormulaGroups& formulas = state.index.formulaGroups;
         formulas.remove(group, master);
-        if (heir) formulas.add(group, *heir);
+        if (successor) formulas.add(group, *successor);
         record(
-            [this, group, heir](const excel::CellPosition& former) {
-                if (heir) state.index.formulaGroups.remove(group, *heir);
+            [this, group, successor](const excel::CellPosition& former) {
+                if (successor) state.index.formulaGroups.remove(group, *successor);
                 state.index.formulaGroups.add(group, former);
             },
             master);
@@ -68,7 +130,8 @@ class SheetPart::Data {
     int changes = 0;
 
   private:
-    /// Counts a change that was just made, and keeps what it took the place of while a step is recorded.
+    /// Counts a change that was just made and, while a step is recorded, records how to restore the former
+    /// state.
     template <typename Restore, typename Former>
     void record(Restore restore, Former former) {
         ++changes;
@@ -130,7 +193,7 @@ StoredCell SheetPart::cell(const excel::CellPosition& position) const {
     cell.formula = formulaOf(state, position, xml);
     if (cell.arrayArea || state.edits.find(position)) return cell;
     const std::optional<excel::CellArea> array = state.index.arrays.find(position);
-    // An array formula whose first cell was written over is none any more.
+    // An array formula ends when its first cell is overwritten.
     if (array && !state.edits.find(array->first)) cell.arrayArea = array;
     return cell;
 }
@@ -139,7 +202,7 @@ void SheetPart::setText(const excel::CellPosition& position, const std::string& 
     const SheetState& state = data_->state;
     CellEdit edit{CellEdit::Kind::Text, text};
     if (state.cells.stored(position).empty()) edit.newStyle = styleOfNewCell(state, position);
-    data_->handOver(position);
+    data_->promoteSuccessor(position);
     data_->change(position, std::move(edit));
 }
 

@@ -1,6 +1,5 @@
 #include "office/embedded/sheet/SheetView.h"
 
-#include "office/embedded/sheet/SheetSection.h"
 #include "office/embedded/sheet/TreeEdit.h"
 
 #include <algorithm>
@@ -10,10 +9,10 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr const char* kSection = "sheetViews";
+constexpr const char* kViewsSection = "sheetViews";
 constexpr const char* kFirstPane = "topLeft";
 
-/// The view in the workbook's first window.
+/// Returns the view in the workbook's first window.
 pugi::xml_node viewOf(pugi::xml_node views) {
     const std::string name = nameLike(views, "sheetView");
     const pugi::xml_node found = views.find_child_by_attribute(name.c_str(), "workbookViewId", "0");
@@ -24,7 +23,7 @@ std::string paneOf(pugi::xml_node element, const char* attribute) {
     return element.attribute(attribute).as_string(kFirstPane);
 }
 
-/// The selection of the pane that has the focus.
+/// Returns the selection of the pane that has the focus.
 pugi::xml_node selectionOf(pugi::xml_node view) {
     const std::string active = paneOf(childNamed(view, "pane"), "activePane");
     for (const pugi::xml_node selection : childrenNamed(view, "selection")) {
@@ -44,7 +43,7 @@ SheetSelection parseSelection(pugi::xml_node element) {
     return {active, std::move(areas)};
 }
 
-/// With both corners also for whole rows and columns, as Excel writes a selection.
+/// Writes both corners also for whole rows and columns, as Excel does in a selection.
 std::string addressesOf(const std::vector<excel::CellArea>& areas) {
     std::string addresses;
     for (const excel::CellArea& area : areas) {
@@ -55,7 +54,7 @@ std::string addressesOf(const std::vector<excel::CellArea>& areas) {
     return addresses;
 }
 
-/// The number of the area that the active cell is counted to.
+/// Returns the number of the area that contains the active cell.
 std::size_t activeArea(const SheetSelection& selection) {
     const auto holdsActive = [&](const excel::CellArea& area) { return area.contains(selection.activeCell); };
     const auto found = std::ranges::find_if(selection.areas, holdsActive);
@@ -68,8 +67,8 @@ void set(pugi::xml_node element, const char* name, const std::string& value) {
     attribute.set_value(value.c_str());
 }
 
-/// Puts a selection for the pane with the focus into a view that has none: behind the pane and the selections
-/// of other panes (ECMA-376 Part 1, A.2, CT_SheetView).
+/// Adds a selection for the pane with the focus to a view that has none: after the pane and the selections of
+/// other panes (ECMA-376 Part 1, A.2, CT_SheetView).
 pugi::xml_node addSelection(pugi::xml_node view) {
     const std::string name = nameLike(view, "selection");
     const pugi::xml_node pane = childNamed(view, "pane");
@@ -91,23 +90,23 @@ void write(pugi::xml_node element, const SheetSelection& selection) {
 }
 
 std::string newViews(const SheetPart& sheet) {
-    const std::string views = sheet.elementName(kSection);
+    const std::string views = sheet.elementName(kViewsSection);
     return "<" + views + "><" + sheet.elementName("sheetView") + " workbookViewId=\"0\"/></" + views + ">";
 }
 
-/// Changes the view in the workbook's first window; a sheet without one gets it.
+/// Changes the view in the workbook's first window; creates it if the sheet has none.
 template <typename Change>
 void changeView(SheetPart& sheet, const Change& change) {
-    if (!viewOf(SheetSection(sheet, kSection).root())) sheet.setSection(kSection, newViews(sheet));
-    const SheetSection section(sheet, kSection);
+    if (!viewOf(SheetSection(sheet, kViewsSection).root())) sheet.setSection(kViewsSection, newViews(sheet));
+    const SheetSection section(sheet, kViewsSection);
     change(viewOf(section.root()));
-    sheet.setSection(kSection, section.toXml());
+    sheet.setSection(kViewsSection, section.toXml());
 }
 
 }  // namespace
 
 SheetSelection readSelection(const SheetPart& sheet) {
-    const SheetSection section(sheet, kSection);
+    const SheetSection section(sheet, kViewsSection);
     return parseSelection(selectionOf(viewOf(section.root())));
 }
 
@@ -120,13 +119,24 @@ void writeSelection(SheetPart& sheet, const SheetSelection& selection) {
 }
 
 bool isTabSelected(const SheetPart& sheet) {
-    const SheetSection section(sheet, kSection);
+    const SheetSection section(sheet, kViewsSection);
     return viewOf(section.root()).attribute("tabSelected").as_bool();
 }
 
 void setTabSelected(SheetPart& sheet, bool selected) {
     if (isTabSelected(sheet) == selected) return;
     changeView(sheet, [&](pugi::xml_node view) { set(view, "tabSelected", selected ? "1" : "0"); });
+}
+
+SheetProtection readProtection(const SheetPart& sheet) {
+    const SheetSection section(sheet, "sheetProtection");
+    const pugi::xml_node protection = section.root();
+    // In a protected sheet, everything but its objects is locked unless an attribute says otherwise.
+    const bool contents = protection.attribute("sheet").as_bool();
+    const auto locks = [&](const char* attribute) {
+        return contents && protection.attribute(attribute).as_bool(true);
+    };
+    return {contents, protection.attribute("objects").as_bool(), locks("formatColumns"), locks("formatRows")};
 }
 
 }  // namespace mergeloom::embedded

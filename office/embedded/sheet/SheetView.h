@@ -6,7 +6,7 @@
 
 namespace mergeloom::embedded {
 
-/// What is selected in a sheet: one or more areas, one of whose cells is active.
+/// The selection of a sheet: one or more areas, one of whose cells is active.
 struct SheetSelection {
     excel::CellPosition activeCell{};
     std::vector<excel::CellArea> areas{excel::CellArea{}};
@@ -14,13 +14,25 @@ struct SheetSelection {
     friend bool operator==(const SheetSelection&, const SheetSelection&) = default;
 };
 
-/// Reads the selection of the sheet's active pane (ECMA-376 Part 1, 18.3.1.78, 18.3.1.87); A1 where the sheet
-/// says nothing or nonsense.
+/// Reads the selection of the sheet's active pane (ECMA-376 Part 1, 18.3.1.78, 18.3.1.87); A1 if the sheet
+/// contains none or an invalid one.
 SheetSelection readSelection(const SheetPart& sheet);
-/// Writes it there; a sheet without a view gets one. Nothing is changed when it is selected already.
+/// Writes the selection of the sheet's active pane; creates a view if the sheet has none. Does not change the
+/// sheet if the selection is the same.
 void writeSelection(SheetPart& sheet, const SheetSelection& selection);
-/// Whether the view shows the sheet's tab as selected (tabSelected), and the change of that.
+/// Reads or writes whether the sheet's tab is selected (tabSelected).
 bool isTabSelected(const SheetPart& sheet);
 void setTabSelected(SheetPart& sheet, bool selected);
+
+/// The protection of a sheet (ECMA-376 Part 1, 18.3.1.85). Set members are forbidden changes; none is set if
+/// the sheet is not protected.
+struct SheetProtection {
+    bool contents = false;  ///< cells whose format is locked
+    bool objects = false;
+    bool formatColumns = false;
+    bool formatRows = false;
+};
+
+SheetProtection readProtection(const SheetPart& sheet);
 
 }  // namespace mergeloom::embedded

@@ -6,7 +6,7 @@
 
 namespace mergeloom::embedded {
 
-/// The part with its changes; what was not changed is copied byte for byte.
+/// Returns the part with its changes; everything else is copied byte for byte.
 std::string writeSheet(const SheetState& sheet);
 
 }  // namespace mergeloom::embedded

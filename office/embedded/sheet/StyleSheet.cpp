@@ -9,7 +9,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr double kLargestSize = 409;  // that Excel takes
+constexpr double kMaxFontSize = 409;  // the largest that Excel accepts
 
 using Fonts = std::vector<CellFont>;
 
@@ -17,7 +17,7 @@ const char* valueOf(pugi::xml_node parent, const char* child) {
     return childNamed(parent, child).attribute("val").value();
 }
 
-/// A switch such as <b/>: on when it stands there without a value.
+/// Returns a switch such as <b/>, which is on if it has no value.
 bool isOn(pugi::xml_node parent, const char* child) {
     const pugi::xml_node found = childNamed(parent, child);
     return found && found.attribute("val").as_bool(true);
@@ -28,13 +28,13 @@ CellFont readFont(pugi::xml_node node) {
     const std::string name = valueOf(node, "name");
     if (!name.empty()) font.name = name;
     const double size = childNamed(node, "sz").attribute("val").as_double();
-    if (size > 0 && size <= kLargestSize) font.size = size;
+    if (size > 0 && size <= kMaxFontSize) font.size = size;
     font.bold = isOn(node, "b");
     font.italic = isOn(node, "i");
     return font;
 }
 
-/// The children of that name in a list such as <fonts>.
+/// Returns the children of that name in a list such as <fonts>.
 std::vector<pugi::xml_node> itemsOf(pugi::xml_node root, const char* list, const char* item) {
     return childrenNamed(childNamed(root, list), item);
 }
@@ -46,14 +46,16 @@ Fonts readFonts(pugi::xml_node root) {
     return fonts;
 }
 
-/// The font of a format; that of the first font, or the usual one, where the format names none that there is.
+/// Returns the font of a format. If the format does not name an existing font, that is the first font, or the
+/// default if there are no fonts.
 CellFont fontOfFormat(pugi::xml_node format, const Fonts& fonts) {
     const std::size_t index = format.attribute("fontId").as_uint();
     if (index < fonts.size()) return fonts[index];
     return fonts.empty() ? CellFont() : fonts.front();
 }
 
-/// The format of the style "Normal", which is told by its number, since its name may be translated.
+/// Returns the format of the style "Normal", which is identified by its number, since its name may be
+/// translated.
 pugi::xml_node normalFormat(pugi::xml_node root) {
     const pugi::xml_node styles = childNamed(root, "cellStyles");
     const pugi::xml_node normal =
@@ -63,7 +65,7 @@ pugi::xml_node normalFormat(pugi::xml_node root) {
     return normal && index < formats.size() ? formats[index] : pugi::xml_node();
 }
 
-bool fitsByAlignment(pugi::xml_node format) {
+bool alignmentSkipsAutoFit(pugi::xml_node format) {
     const pugi::xml_node alignment = childNamed(format, "alignment");
     return alignment.attribute("wrapText").as_bool() || alignment.attribute("shrinkToFit").as_bool() ||
            alignment.attribute("textRotation").as_int() != 0;
@@ -79,7 +81,7 @@ StyleSheet::StyleSheet(std::string_view xml, const std::string& partName, const 
     defaultFont_ = fontOfFormat(normalFormat(root), fonts);
     for (const pugi::xml_node node : itemsOf(root, "cellXfs", "xf")) {
         const bool locked = childNamed(node, "protection").attribute("locked").as_bool(true);
-        formats_.push_back({fontOfFormat(node, fonts), locked, fitsByAlignment(node)});
+        formats_.push_back({fontOfFormat(node, fonts), locked, alignmentSkipsAutoFit(node)});
     }
 }
 
@@ -98,9 +100,9 @@ bool StyleSheet::isLocked(int style) const {
     return format == nullptr || format->locked;
 }
 
-bool StyleSheet::fitsItself(int style) const {
+bool StyleSheet::skipsAutoFit(int style) const {
     const CellFormat* const format = formatOf(style);
-    return format != nullptr && format->fitsItself;
+    return format != nullptr && format->skipsAutoFit;
 }
 
 }  // namespace mergeloom::embedded

@@ -13,31 +13,31 @@ struct CellFont {
     bool italic = false;
 };
 
-/// What the engine asks of the workbook's styles (ECMA-376 Part 1, 18.8); it never changes them.
+/// The parts of the workbook's styles that the engine needs (ECMA-376 Part 1, 18.8); it never changes them.
 class StyleSheet {
   public:
-    /// Without a styles part everything has the defaults.
+    /// Creates the styles of a workbook without a styles part: everything has the defaults.
     StyleSheet() = default;
-    /// Raises kFileCouldNotBeRead, with a sentence that names file and part, when it is malformed.
+    /// Raises kFileCouldNotBeRead, with a sentence that names file and part, if the part is malformed.
     StyleSheet(std::string_view xml, const std::string& partName, const std::string& fileName);
 
-    /// The font of the style "Normal", whose digits are the unit of column widths.
+    /// Returns the font of the style "Normal", whose digits are the unit of column widths.
     [[nodiscard]] const CellFont& defaultFont() const { return defaultFont_; }
-    /// Of a cell format; an index without a format has the defaults.
+    /// Returns the font of a cell format; the default one for an index without a format.
     [[nodiscard]] const CellFont& fontOf(int style) const;
-    /// Whether cells of that format are locked on a protected sheet; they are unless the format says not.
+    /// Returns true if cells of that format are locked on a protected sheet, which is the default.
     [[nodiscard]] bool isLocked(int style) const;
-    /// Whether the text is broken into lines, stands turned or shrinks to fit; AutoFit leaves such cells out.
-    [[nodiscard]] bool fitsItself(int style) const;
+    /// Returns true if the text is wrapped, rotated or shrunk to fit; AutoFit ignores such cells.
+    [[nodiscard]] bool skipsAutoFit(int style) const;
 
   private:
     struct CellFormat {
         CellFont font;
         bool locked = true;
-        bool fitsItself = false;
+        bool skipsAutoFit = false;
     };
 
-    /// Null for an index without a format.
+    /// Returns null for an index without a format.
     [[nodiscard]] const CellFormat* formatOf(int style) const;
 
     CellFont defaultFont_;

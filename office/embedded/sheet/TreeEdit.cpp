@@ -1,18 +1,20 @@
 #include "office/embedded/sheet/TreeEdit.h"
 
+#include <sstream>
+
 namespace mergeloom::embedded {
 
 namespace {
 
-constexpr std::string_view kTransitional =
+constexpr std::string_view kTransitionalRelationships =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-constexpr std::string_view kStrict = "http://purl.oclc.org/ooxml/officeDocument/relationships";
-constexpr std::string_view kDeclaration = "xmlns:";
+constexpr std::string_view kStrictRelationships = "http://purl.oclc.org/ooxml/officeDocument/relationships";
+constexpr std::string_view kNamespaceDeclaration = "xmlns:";
 constexpr std::string_view kId = "id";
 
-/// The URI that a prefix stands for at an element.
+/// Returns the URI that a prefix means at an element.
 std::string_view namespaceOf(std::string_view prefix, pugi::xml_node element) {
-    const std::string declaration = std::string(kDeclaration).append(prefix);
+    const std::string declaration = std::string(kNamespaceDeclaration).append(prefix);
     for (; element; element = element.parent()) {
         if (const pugi::xml_attribute found = element.attribute(declaration.c_str())) return found.value();
     }
@@ -24,7 +26,7 @@ bool isRelationshipId(pugi::xml_attribute attribute, pugi::xml_node element) {
     const std::size_t colon = name.find(':');
     if (colon == std::string_view::npos || name.substr(colon + 1) != kId) return false;
     const std::string_view uri = namespaceOf(name.substr(0, colon), element);
-    return uri == kTransitional || uri == kStrict;
+    return uri == kTransitionalRelationships || uri == kStrictRelationships;
 }
 
 bool isText(pugi::xml_node node) {
@@ -100,8 +102,20 @@ void setText(pugi::xml_node element, const std::string& text, PartState& state) 
     state.change([element, former] { writeText(element, former); });
 }
 
-void noteNew(pugi::xml_node node, const opc::XmlPart& part, PartState& state) {
-    state.change([node, attic = part.attic()]() mutable { attic.append_move(node); });
+void recordInsertion(pugi::xml_node node, const opc::XmlPart& part, PartState& state) {
+    state.change([node, detachedNodes = part.attic()]() mutable { detachedNodes.append_move(node); });
+}
+
+SheetSection::SheetSection(const SheetPart& sheet, std::string_view localName) {
+    const std::string xml = sheet.section(localName);
+    constexpr unsigned kParseFlags = pugi::parse_full | pugi::parse_ws_pcdata;
+    tree_.load_buffer(xml.data(), xml.size(), kParseFlags, pugi::encoding_utf8);
+}
+
+std::string SheetSection::toXml() const {
+    std::ostringstream xml;
+    root().print(xml, "", pugi::format_raw, pugi::encoding_utf8);
+    return xml.str();
 }
 
 }  // namespace mergeloom::embedded

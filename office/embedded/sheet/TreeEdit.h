@@ -1,6 +1,7 @@
 #pragma once
 
-#include "office/embedded/sheet/PartState.h"
+#include "office/embedded/sheet/SheetPart.h"
+#include "office/embedded/sheet/UndoLog.h"
 #include "office/opc/XmlPart.h"
 
 #include <pugixml.hpp>
@@ -8,27 +9,42 @@
 #include <string_view>
 #include <vector>
 
-/// Elements of SpreadsheetML in a tree and changes of them that can be taken back. A part writes all its
-/// elements with the prefix of its root, or with none.
+/// Reads and changes elements of SpreadsheetML in a tree; changes can be undone. All elements of a part have
+/// the prefix of its root, or none.
 namespace mergeloom::embedded {
 
-/// A local name with the prefix of an element: "x:sheet" beside "x:sheets".
+/// Returns a local name with the prefix of an element: "x:sheet" for "x:sheets".
 std::string nameLike(pugi::xml_node element, std::string_view localName);
-/// The first child of that local name in the parent's namespace.
+/// Returns the first child of that local name in the parent's namespace.
 pugi::xml_node childNamed(pugi::xml_node parent, std::string_view localName);
-/// All children of that local name in the parent's namespace.
+/// Returns all children of that local name in the parent's namespace.
 std::vector<pugi::xml_node> childrenNamed(pugi::xml_node parent, std::string_view localName);
-/// The first sibling behind a node that is an element.
+/// Returns the first sibling after a node that is an element.
 pugi::xml_node nextElement(pugi::xml_node node);
-/// The text of an element, its CDATA sections included.
+/// Returns the text of an element, including its CDATA sections.
 std::string textOf(pugi::xml_node element);
-/// The value of its attribute of the namespace of relationships, usually "r:id"; empty when there is none.
+/// Returns the value of the attribute "id" in the namespace of relationships, usually "r:id"; empty if there
+/// is none.
 std::string relationshipId(pugi::xml_node element);
 
 void setAttribute(pugi::xml_node element, const char* name, const std::string& value, PartState& state);
 /// Replaces the text of an element.
 void setText(pugi::xml_node element, const std::string& text, PartState& state);
-/// Says that a node was just put into the part.
-void noteNew(pugi::xml_node node, const opc::XmlPart& part, PartState& state);
+/// Records that a node was just inserted into the part.
+void recordInsertion(pugi::xml_node node, const opc::XmlPart& part, PartState& state);
+
+/// A small section of a sheet, such as "sheetViews", as a tree. Everything that is not edited is written as
+/// it was read.
+class SheetSection {
+  public:
+    SheetSection(const SheetPart& sheet, std::string_view localName);
+
+    /// Returns the section's element; an empty node if the sheet does not have the section.
+    [[nodiscard]] pugi::xml_node root() const { return tree_.document_element(); }
+    [[nodiscard]] std::string toXml() const;
+
+  private:
+    pugi::xml_document tree_;
+};
 
 }  // namespace mergeloom::embedded

@@ -2,16 +2,17 @@
 
 #include "office/model/UndoActions.h"
 
+#include <cstdint>
 #include <functional>
 #include <utility>
 
 namespace mergeloom::embedded {
 
-/// How the changes of one recorded step are taken back. Whoever changes a workbook says how to undo it; while
-/// nothing is recorded, that costs nothing.
+/// The undo actions of one recorded step. Whoever changes a workbook records how to undo it; while no step is
+/// recorded, that costs nothing.
 class UndoLog {
   public:
-    /// Forgets the former step and starts a new one.
+    /// Discards the former step and starts a new one.
     void start() {
         actions_.clear();
         recording_ = true;
@@ -19,12 +20,12 @@ class UndoLog {
     void stop() { recording_ = false; }
 
     [[nodiscard]] bool isRecording() const { return recording_; }
-    /// Remembers how a change that was just made is taken back.
-    void record(std::function<void()> takeBack) {
-        if (recording_) actions_.add(std::move(takeBack));
+    /// Records how to undo a change that was just made.
+    void record(std::function<void()> undoAction) {
+        if (recording_) actions_.add(std::move(undoAction));
     }
 
-    /// Takes the recorded step back, its last change first; false when it holds none.
+    /// Undoes the recorded step, its last change first. Returns false if it is empty.
     bool undo() {
         recording_ = false;
         if (actions_.isEmpty()) return false;
@@ -35,6 +36,35 @@ class UndoLog {
   private:
     model::UndoActions actions_;
     bool recording_ = false;
+};
+
+/// Tracks whether a part differs from what the package contains. A part that was edited and undone back to
+/// its stored state is unchanged; one that was stored between the edit and the undo is changed.
+class PartState {
+  public:
+    /// The log must outlive the state.
+    explicit PartState(UndoLog& undo) : undo_(undo) {}
+    PartState(const PartState&) = delete;
+    PartState& operator=(const PartState&) = delete;
+
+    /// Marks the part as changed and records how to undo the change.
+    void change(std::function<void()> undoAction) {
+        undo_.record([this, former = current_, undoAction = std::move(undoAction)] {
+            undoAction();
+            current_ = former;
+        });
+        current_ = ++latest_;
+    }
+
+    [[nodiscard]] bool isDirty() const { return current_ != stored_; }
+    /// Marks the current state as the one in the package.
+    void setStored() { stored_ = current_; }
+
+  private:
+    UndoLog& undo_;
+    std::int64_t current_ = 0;
+    std::int64_t latest_ = 0;
+    std::int64_t stored_ = 0;
 };
 
 }  // namespace mergeloom::embedded

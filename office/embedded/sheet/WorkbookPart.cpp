@@ -4,18 +4,44 @@
 #include "base/Text.h"
 #include "office/embedded/sheet/TreeEdit.h"
 #include "office/opc/PackageXml.h"
+#include "office/opc/PartName.h"
 #include "office/opc/UnreadableFile.h"
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_set>
 
 namespace mergeloom::embedded {
 
 namespace {
 
+SheetKind kindOf(std::string_view relationshipType) {
+    const std::string_view shortName = opc::officeShortName(relationshipType);
+    if (shortName == "worksheet") return SheetKind::Worksheet;
+    return shortName == "chartsheet" ? SheetKind::ChartSheet : SheetKind::Other;
+}
+
+bool isHidden(pugi::xml_node node) {
+    const std::string_view state = node.attribute("state").value();
+    return state == "hidden" || state == "veryHidden";
+}
+
+SheetEntry readSheet(pugi::xml_node node, opc::Package& package, const opc::Relationships& relationships) {
+    const std::string name = node.attribute("name").value();
+    const opc::Relationship* const found = relationships.find(relationshipId(node));
+    const bool isInside = found != nullptr && found->mode == opc::TargetMode::Internal;
+    std::string partName = isInside ? relationships.targetPart(*found) : "";
+    if (!isInside || !package.hasPart(partName)) {
+        opc::raiseUnreadable(package.fileName(),
+                             "the part of its sheet " + opc::quoted(name) + " is missing");
+    }
+    return {name, std::move(partName), node.attribute("sheetId").as_int(), kindOf(found->type),
+            isHidden(node)};
+}
+
 constexpr const char* kCalculateOnLoad = "fullCalcOnLoad";
 
-/// What a file is by its main part's content type; nothing for a workbook that can be read.
+/// Returns what a file is by its main part's content type; an empty text for a workbook that can be read.
 std::string_view foreignKind(const std::string& contentType) {
     const std::string type = toLowerAscii(contentType);
     const auto has = [&](std::string_view word) { return type.find(word) != std::string::npos; };
@@ -39,6 +65,26 @@ std::string workbookXml(const opc::Package& package, const std::string& partName
 }
 
 }  // namespace
+
+std::vector<SheetEntry> readSheets(pugi::xml_node workbook, const std::string& partName,
+                                   opc::Package& package) {
+    std::vector<SheetEntry> sheets;
+    std::unordered_set<std::string> parts;
+    const opc::Relationships& relationships = package.relationshipsOf(partName);
+    const pugi::xml_node list = childNamed(workbook, "sheets");
+    for (const pugi::xml_node node : childrenNamed(list, "sheet")) {
+        sheets.push_back(readSheet(node, package, relationships));
+        // Each sheet is edited and written separately, so the changes of one of the two would be lost.
+        if (!parts.insert(opc::partKey(sheets.back().partName)).second) {
+            opc::raiseUnreadable(package.fileName(), "its sheet " + opc::quoted(sheets.back().name) +
+                                                         " is also another one of its sheets");
+        }
+    }
+    if (std::ranges::all_of(sheets, &SheetEntry::hidden)) {
+        opc::raiseUnreadable(package.fileName(), "it is a workbook without a visible sheet");
+    }
+    return sheets;
+}
 
 WorkbookPart::WorkbookPart(opc::Package& package, UndoLog& undo) : package_(package), state_(undo) {
     const std::string name = package.mainPart();
@@ -82,10 +128,10 @@ pugi::xml_node WorkbookPart::ensureView() {
     pugi::xml_node views = childNamed(root, "bookViews");
     if (!views) {
         views = root.insert_child_before(nameLike(root, "bookViews").c_str(), childNamed(root, "sheets"));
-        noteNew(views, *part_, state_);
+        recordInsertion(views, *part_, state_);
     }
     const pugi::xml_node added = views.prepend_child(nameLike(root, "workbookView").c_str());
-    noteNew(added, *part_, state_);
+    recordInsertion(added, *part_, state_);
     return added;
 }
 
@@ -103,7 +149,7 @@ pugi::xml_node WorkbookPart::ensureCalculation() {
         if (const pugi::xml_node later = childNamed(root, name)) before = later;
     }
     const pugi::xml_node added = root.insert_child_after(nameLike(root, "calcPr").c_str(), before);
-    noteNew(added, *part_, state_);
+    recordInsertion(added, *part_, state_);
     return added;
 }
 

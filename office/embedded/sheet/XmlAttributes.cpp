@@ -16,7 +16,8 @@ bool isSpace(char character) {
 }  // namespace
 
 bool XmlAttributes::next() {
-    // Plain loops: a sheet has millions of attributes of a few bytes each, and the scanner has checked them.
+    // Plain loops are faster here: a sheet has millions of attributes of a few bytes each, and the scanner
+    // has checked them.
     const std::size_t size = text_.size();
     std::size_t offset = end_;
     while (offset < size && isSpace(text_[offset]))

@@ -6,16 +6,16 @@
 
 namespace mergeloom::embedded {
 
-/// The attributes of one tag, one after the other, as XmlScanner answers them.
+/// Iterates over the attributes of one tag, as XmlScanner returns them.
 class XmlAttributes {
   public:
     explicit XmlAttributes(std::string_view attributes) : text_(attributes) {}
 
     bool next();
     [[nodiscard]] std::string_view name() const { return name_; }
-    /// As written; entities stand in it.
+    /// Returns the value as written, with its entities.
     [[nodiscard]] std::string_view value() const { return value_; }
-    /// Where the attribute stands in the text, the white space before it included.
+    /// Returns the offsets of the attribute in the text, including the white space before it.
     [[nodiscard]] std::size_t begin() const { return begin_; }
     [[nodiscard]] std::size_t end() const { return end_; }
 
@@ -27,27 +27,27 @@ class XmlAttributes {
     std::size_t end_ = 0;
 };
 
-/// An attribute's value as written; nothing when it is not there.
+/// Returns an attribute's value as written; nothing if it is missing.
 std::optional<std::string_view> findAttribute(std::string_view attributes, std::string_view name);
-/// A whole number as an attribute writes it; nothing for anything else.
+/// Parses a whole number as an attribute contains it. Returns nothing for anything else.
 std::optional<int> parseNumber(std::string_view text);
-/// An attribute's value as a whole number; nothing when it is none.
+/// Returns an attribute's value as a whole number; nothing if it is not a number.
 std::optional<int> findNumber(std::string_view attributes, std::string_view name);
-/// An xsd:boolean; false when it is not there.
+/// Returns the value of an xsd:boolean; false if it is missing.
 bool isSet(std::string_view attributes, std::string_view name);
 
-/// A start tag whose attributes can be changed; what is not changed stays as it was written.
+/// A start tag whose attributes can be changed; all others stay as they were written.
 class XmlTag {
   public:
-    /// A start tag or one of an empty element, with its brackets.
+    /// Takes a start tag or the tag of an empty element, with its brackets.
     explicit XmlTag(std::string_view tag);
 
-    /// The value must need no escaping.
+    /// Sets an attribute; the value must not need escaping.
     void set(std::string_view name, std::string_view value);
     void remove(std::string_view name);
 
     [[nodiscard]] std::string_view attributes() const { return attributes_; }
-    /// Of the element's name, with its colon; empty when it has none.
+    /// Returns the prefix of the element's name with its colon; empty if it has none.
     [[nodiscard]] std::string_view prefix() const;
     [[nodiscard]] std::string startTag() const { return head_ + attributes_ + ">"; }
     [[nodiscard]] std::string emptyTag() const { return head_ + attributes_ + "/>"; }

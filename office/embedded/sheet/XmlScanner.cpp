@@ -7,7 +7,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr std::size_t kDeepest = 1000;
+constexpr std::size_t kMaxDepth = 1000;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 enum CharacterClass : unsigned char { kOther, kSpace, kNameStart, kNamePart };
@@ -33,7 +33,8 @@ CharacterClass classOf(char character) {
     return kClasses[static_cast<unsigned char>(character)];
 }
 
-// The next three run millions of times in a large sheet; what they look at is most often one byte long.
+// The next three functions run millions of times in a large sheet; the piece that they read is usually one
+// byte long.
 
 char characterAt(std::string_view text, std::size_t offset) {
     return offset < text.size() ? text[offset] : '\0';
@@ -45,7 +46,7 @@ std::size_t skipSpaces(std::string_view text, std::size_t offset) {
     return offset;
 }
 
-/// The end of the name that begins at the offset; the offset itself where none does.
+/// Returns the end of the name that begins at the offset; the offset itself if there is none.
 std::size_t skipName(std::string_view text, std::size_t offset) {
     if (classOf(characterAt(text, offset)) != kNameStart) return offset;
     while (offset < text.size() && classOf(text[offset]) >= kNameStart)
@@ -53,7 +54,7 @@ std::size_t skipName(std::string_view text, std::size_t offset) {
     return offset;
 }
 
-/// The offset of a character at or behind from; the size of the text when there is none.
+/// Returns the offset of a character at or after from; the size of the text if there is none.
 std::size_t findCharacter(std::string_view text, char character, std::size_t from) {
     const void* found =
         from < text.size() ? std::memchr(text.data() + from, character, text.size() - from) : nullptr;
@@ -138,7 +139,7 @@ std::size_t XmlScanner::skipAttribute(std::size_t offset) const {
     std::size_t end = skipSpaces(xml_, equals + 1);
     const char quote = characterAt(xml_, end);
     if (quote != '"' && quote != '\'') refuse("a value without quotes", offset);
-    // Most values are shorter than a call of memchr is worth.
+    // Most values are too short for memchr to be faster.
     for (++end; end < xml_.size() && xml_[end] != quote; ++end) {
         if (xml_[end] == '<') refuse("\"<\" in a value", end);
     }
@@ -150,14 +151,14 @@ void XmlScanner::readStartTag(std::size_t open) {
     const std::size_t tagNameEnd = nameEnd(open + 1);
     std::size_t offset = tagNameEnd;
     while (true) {
-        const std::size_t behindSpaces = skipSpaces(xml_, offset);
-        const char character = characterAt(xml_, behindSpaces);
+        const std::size_t afterSpaces = skipSpaces(xml_, offset);
+        const char character = characterAt(xml_, afterSpaces);
         if (character == '>' || character == '/') {
-            offset = behindSpaces;
+            offset = afterSpaces;
             break;
         }
-        if (behindSpaces == offset) refuse("a tag that does not end", open);
-        offset = skipAttribute(behindSpaces);
+        if (afterSpaces == offset) refuse("a tag that does not end", open);
+        offset = skipAttribute(afterSpaces);
     }
     const bool isEmpty = characterAt(xml_, offset) == '/';
     if (isEmpty && characterAt(xml_, offset + 1) != '>') refuse("\"/\" inside of a tag", offset);
@@ -167,7 +168,7 @@ void XmlScanner::readStartTag(std::size_t open) {
     begin_ = open;
     end_ = offset + (isEmpty ? 2 : 1);
     depth_ = open_.size() + 1;
-    if (depth_ > kDeepest) throw BadXml("nests its elements too deep");
+    if (depth_ > kMaxDepth) throw BadXml("nests its elements too deep");
     if (!isEmpty) open_.push_back(name_);
 }
 

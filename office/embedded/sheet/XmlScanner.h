@@ -8,7 +8,7 @@
 
 namespace mergeloom::embedded {
 
-/// What is wrong with a part: a clause that goes on from "its part ...", such as "is not well-formed XML".
+/// The problem of a part: a clause that continues "its part ...", such as "is not well-formed XML".
 class BadXml : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -16,20 +16,20 @@ class BadXml : public std::runtime_error {
 
 enum class TagKind { Start, Empty, End };
 
-/// Goes through the tags of an XML text without building anything. What stands between them (text, comments,
-/// CDATA, processing instructions) is passed over. Nesting and the form of tags and attributes are checked on
-/// the way. The text must outlive the scanner, which answers pieces of it.
+/// Iterates over the tags of an XML text without building a tree. Everything between them (text, comments,
+/// CDATA, processing instructions) is skipped. Nesting and the form of tags and attributes are checked on the
+/// way. The text must outlive the scanner, which returns pieces of it.
 class XmlScanner {
   public:
     explicit XmlScanner(std::string_view xml);
 
-    /// Goes to the next tag; false behind the last one. Raises BadXml for what is not well-formed, for a
-    /// document type definition, and for nesting deeper than any real part's.
+    /// Moves to the next tag. Returns false after the last one. Raises BadXml for text that is not
+    /// well-formed, for a document type definition, and for nesting that is deeper than in any real part.
     bool next();
-    /// From a start tag to the end tag of its element.
+    /// Moves from a start tag to the end tag of its element.
     void skipElement();
-    /// Calls visit on the tag of each child of the element whose start tag the scanner stands on, and ends on
-    /// the end tag. The visit may go through the child to its end tag.
+    /// Calls visit at the tag of each child of the element at whose start tag the scanner is, and ends at the
+    /// end tag. The visit may move through the child to its end tag.
     template <typename Visit>
     void forEachChild(Visit visit) {
         if (kind_ != TagKind::Start) return;
@@ -39,19 +39,19 @@ class XmlScanner {
             skipElement();
         }
     }
-    /// The whole element on whose start tag the scanner stands; it ends on the end tag.
+    /// Returns the whole element at whose start tag the scanner is, and moves to the end tag.
     std::string_view takeElement();
 
     [[nodiscard]] TagKind kind() const { return kind_; }
-    /// As written, with its prefix.
+    /// Returns the name as written, with its prefix.
     [[nodiscard]] std::string_view name() const { return name_; }
-    /// What stands between the name and the end of the tag.
+    /// Returns the text between the name and the end of the tag.
     [[nodiscard]] std::string_view attributes() const { return attributes_; }
     [[nodiscard]] std::string_view tag() const { return xml_.substr(begin_, end_ - begin_); }
-    /// Offsets of the tag in the text.
+    /// Return the offsets of the tag in the text.
     [[nodiscard]] std::size_t begin() const { return begin_; }
     [[nodiscard]] std::size_t end() const { return end_; }
-    /// Of the element that the tag belongs to; 1 for the outermost.
+    /// Returns the depth of the tag's element; 1 for the outermost.
     [[nodiscard]] std::size_t depth() const { return depth_; }
 
   private:
@@ -74,11 +74,11 @@ class XmlScanner {
     std::size_t depth_ = 0;
 };
 
-/// A name without its namespace prefix.
+/// Returns a name without its namespace prefix.
 std::string_view localNameOf(std::string_view name);
-/// What stands before the local name: "x:" or nothing.
+/// Returns the prefix of a name: "x:" or nothing.
 std::string_view prefixOf(std::string_view name);
-/// Whether a name is that local name behind that prefix.
+/// Returns true if a name consists of that prefix and that local name.
 bool isElement(std::string_view name, std::string_view prefix, std::string_view localName);
 
 }  // namespace mergeloom::embedded

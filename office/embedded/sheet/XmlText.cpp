@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "office/embedded/sheet/XmlScanner.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,7 @@ namespace mergeloom::embedded {
 namespace {
 
 constexpr std::size_t kEscapeSize = 7;  // _xHHHH_
-constexpr std::size_t kLongestEntity = 32;
+constexpr std::size_t kMaxEntityLength = 32;
 constexpr std::string_view kUnderscore = "_x005F_";
 
 constexpr std::array<std::pair<std::string_view, char>, 5> kEntities{
@@ -36,9 +37,9 @@ std::optional<char32_t> characterOf(std::string_view entity) {
     return found->second;
 }
 
-/// Takes what begins with "&" off the text; an entity that is none stays as it stands.
+/// Decodes the text that begins with "&"; an unknown entity stays as it is.
 void decodeEntity(std::string_view& rest, std::string& text) {
-    const std::size_t end = rest.substr(0, kLongestEntity).find(';');
+    const std::size_t end = rest.substr(0, kMaxEntityLength).find(';');
     const std::optional<char32_t> character =
         end == std::string_view::npos ? std::nullopt : characterOf(rest.substr(1, end - 1));
     if (character) appendCodePoint(text, *character);
@@ -51,7 +52,7 @@ void decodeLineEnd(std::string_view& rest, std::string& text) {
     rest.remove_prefix(rest.starts_with("\r\n") ? 2 : 1);
 }
 
-/// Takes what begins with "<" off the text: no element, so a comment, an instruction or CDATA.
+/// Decodes the text that begins with "<", which is not an element but a comment, an instruction or CDATA.
 void decodeMarkup(std::string_view& rest, std::string& text) {
     constexpr std::string_view kCdata = "<![CDATA[";
     const bool isCdata = rest.starts_with(kCdata);
@@ -61,7 +62,7 @@ void decodeMarkup(std::string_view& rest, std::string& text) {
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + closing.size());
 }
 
-/// The code unit of the escape that a text begins with.
+/// Returns the code unit of the escape at the beginning of a text.
 std::optional<char16_t> escapeAt(std::string_view text) {
     if (text.size() < kEscapeSize || !text.starts_with("_x") || text[kEscapeSize - 1] != '_') return {};
     const std::optional<char32_t> unit = parseNumber(text.substr(2, 4), 16);
@@ -74,7 +75,7 @@ bool mustEscape(char32_t character) {
            character == 0xFFFF;
 }
 
-/// Whether a text begins with what would read as an escape once the character behind it is written.
+/// Returns true if the beginning of a text would be read as an escape after the next character is written.
 bool looksEscaped(std::string_view text) {
     if (escapeAt(text)) return true;
     if (text.size() < kEscapeSize || text.front() != '_') return false;
@@ -88,6 +89,31 @@ void appendEscape(std::string& text, char32_t character) {
     for (const unsigned shift : {12U, 8U, 4U, 0U})
         text += kDigits[(character >> shift) & 0xFU];
     text += '_';
+}
+
+/// Returns true for UTF-16, with a byte order mark or without: an element or a declaration begins with "<"
+/// and a zero byte.
+bool isWide(std::string_view xml) {
+    using namespace std::string_view_literals;
+    for (const std::string_view beginning : {"\xFF\xFE"sv, "\xFE\xFF"sv, "<\0"sv, "\0<"sv}) {
+        if (xml.starts_with(beginning)) return true;
+    }
+    return false;
+}
+
+/// Returns the encoding that the XML declaration names; empty if it names none.
+std::string_view declaredEncoding(std::string_view xml) {
+    if (!xml.starts_with("<?xml")) return {};
+    const std::string_view declaration = xml.substr(0, xml.find("?>"));
+    const std::size_t name = declaration.find("encoding");
+    if (name == std::string_view::npos) return {};
+    const std::size_t open = declaration.find_first_of("\"'", name);
+    if (open == std::string_view::npos) return {};
+    return declaration.substr(open + 1, declaration.find(declaration[open], open + 1) - open - 1);
+}
+
+bool isLatin1(std::string_view encoding) {
+    return equalsIgnoringAsciiCase(encoding, "ISO-8859-1") || equalsIgnoringAsciiCase(encoding, "latin1");
 }
 
 }  // namespace
@@ -174,6 +200,11 @@ std::string richText(std::string_view element, std::string_view prefix) {
         text += decodeXstring(decodeXml(element.substr(begin, scanner.begin() - begin)));
     }
     return text;
+}
+
+std::string toUtf8Xml(std::string xml, const std::string& partName, const std::string& fileName) {
+    if (!isWide(xml) && !isLatin1(declaredEncoding(xml))) return xml;
+    return opc::XmlPart::parse(std::move(xml), partName, fileName)->toXml();
 }
 
 }  // namespace mergeloom::embedded

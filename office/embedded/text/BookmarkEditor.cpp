@@ -29,10 +29,10 @@ BookmarkRecord& BookmarkEditor::add(const std::string& name, std::int64_t id, Ch
     if (end != start) editor_.splitRun(end);
     BookmarkRecord& record = table_.create(name, id, story_);
     const std::string number = std::to_string(id);
-    const pugi::xml_node startMark = skeletons_.makeBookmarkStart(number, name);
+    const pugi::xml_node startMark = elementFactory_.makeBookmarkStart(number, name);
     setColumns(startMark, start, end);
     record.start = story_.makeItem(ItemKind::BookmarkStart, startMark, {0});
-    record.end = story_.makeItem(ItemKind::BookmarkEnd, skeletons_.makeBookmarkEnd(number), {0});
+    record.end = story_.makeItem(ItemKind::BookmarkEnd, elementFactory_.makeBookmarkEnd(number), {0});
     record.start->bookmark = record.end->bookmark = &record;
     insertStart(record.start, start);
     insertEnd(record.end, end, record.start);
@@ -113,7 +113,8 @@ void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
     const opc::WordNames& names = story_.names();
     const bool hadColumns = names.value(start->node, "colFirst")[0] != '\0';
     if (!hadColumns && !isRangeOfColumns(from, to)) return;
-    const pugi::xml_node mark = skeletons_.makeBookmarkStart(names.value(start->node, "id"), record.name);
+    const pugi::xml_node mark =
+        elementFactory_.makeBookmarkStart(names.value(start->node, "id"), record.name);
     setColumns(mark, from, to);
     journal_.move(story_.part(), mark, start->node.parent(), start->node);
     journal_.remove(story_.part(), start->node);

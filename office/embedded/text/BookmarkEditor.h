@@ -9,9 +9,9 @@ namespace mergeloom::embedded {
 /// Sets, moves and removes the marks of bookmarks in one story.
 class BookmarkEditor {
   public:
-    BookmarkEditor(Story& story, StoryEditor& editor, WordSkeletons& skeletons, EditJournal& journal,
-                   BookmarkTable& table)
-        : story_(story), editor_(editor), skeletons_(skeletons), journal_(journal), table_(table) {}
+    BookmarkEditor(Story& story, StoryEditor& editor, WordElementFactory& elementFactory,
+                   EditJournal& journal, BookmarkTable& table)
+        : story_(story), editor_(editor), elementFactory_(elementFactory), journal_(journal), table_(table) {}
 
     /// Marks a range of the story; the name must be free. A range of some but not all columns of a table is
     /// marked by its columns (ECMA-376 Part 1, 17.13.6.2).
@@ -42,7 +42,7 @@ class BookmarkEditor {
 
     Story& story_;
     StoryEditor& editor_;
-    WordSkeletons& skeletons_;
+    WordElementFactory& elementFactory_;
     EditJournal& journal_;
     BookmarkTable& table_;
 };

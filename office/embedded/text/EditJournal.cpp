@@ -1,6 +1,6 @@
 #include "office/embedded/text/EditJournal.h"
 
-#include "office/embedded/parts/WordSkeletons.h"
+#include "office/embedded/parts/WordElementFactory.h"
 
 namespace mergeloom::embedded {
 

@@ -61,7 +61,7 @@ void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
 
 pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, opc::WordTag tag, std::string_view name) {
     const pugi::xml_node former = story_.names().child(element, tag);
-    const pugi::xml_node renewed = former ? skeletons_.copy(former) : skeletons_.makeElement(name);
+    const pugi::xml_node renewed = former ? elementFactory_.copy(former) : elementFactory_.makeElement(name);
     if (former) journal_.remove(story_.part(), former);
     journal_.move(story_.part(), renewed, element, {});
     return renewed;

@@ -7,8 +7,8 @@ namespace mergeloom::embedded {
 /// Changes the formatting of characters.
 class FontEditor {
   public:
-    FontEditor(Story& story, StoryEditor& editor, WordSkeletons& skeletons, EditJournal& journal)
-        : story_(story), editor_(editor), skeletons_(skeletons), journal_(journal) {}
+    FontEditor(Story& story, StoryEditor& editor, WordElementFactory& elementFactory, EditJournal& journal)
+        : story_(story), editor_(editor), elementFactory_(elementFactory), journal_(journal) {}
 
     /// Gives the text between two positions, paragraph marks included, a size in half-points (ECMA-376 Part
     /// 1, 17.3.2.38 and 17.3.2.39).
@@ -24,7 +24,7 @@ class FontEditor {
 
     Story& story_;
     StoryEditor& editor_;
-    WordSkeletons& skeletons_;
+    WordElementFactory& elementFactory_;
     EditJournal& journal_;
 };
 

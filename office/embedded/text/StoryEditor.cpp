@@ -99,14 +99,14 @@ void StoryEditor::insertPlain(CharacterPosition position, std::string_view text,
     const bool isCode = isFollowedByCode(story_, ItemTree::previous(next));
     const pugi::xml_node run =
         makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
-    const pugi::xml_node element = isCode ? makeCode(text) : skeletons_.makeText(std::string(text));
+    const pugi::xml_node element = isCode ? makeCode(text) : elementFactory_.makeText(std::string(text));
     moveNode(element, run, run.last_child());
     const ItemKind kind = isCode ? ItemKind::FieldCode : ItemKind::Text;
     insertRun(position, run, story_.makeItem(kind, element, utf16Length(text)), setting.container);
 }
 
 pugi::xml_node StoryEditor::makeCode(std::string_view text) {
-    pugi::xml_node element = skeletons_.makeElement("instrText");
+    pugi::xml_node element = elementFactory_.makeElement("instrText");
     element.append_child(pugi::node_pcdata).set_value(std::string(text).c_str());
     keepBlanks(element);
     return element;
@@ -117,7 +117,7 @@ void StoryEditor::insertBreak(CharacterPosition position, char character, const 
     const Item* next = itemAfter(position);
     const pugi::xml_node run =
         makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
-    pugi::xml_node element = skeletons_.makeElement(character == '\t' ? "tab" : "br");
+    pugi::xml_node element = elementFactory_.makeElement(character == '\t' ? "tab" : "br");
     if (character == '\f') element.append_attribute(story_.names().attribute("type").c_str()) = "page";
     moveNode(element, run, run.last_child());
     insertRun(position, run, story_.makeItem(ItemKind::Character, element, {1}), setting.container);
@@ -194,7 +194,7 @@ bool StoryEditor::endsWithOwnParagraph() const {
 void StoryEditor::appendParagraph() {
     const pugi::xml_node root = story_.root();
     const pugi::xml_node section = story_.names().child(root, opc::WordTag::SectionProperties);
-    const pugi::xml_node paragraph = skeletons_.makeParagraph();
+    const pugi::xml_node paragraph = elementFactory_.makeParagraph();
     const CharacterPosition end{story_.length().value};
     journal_.move(story_.part(), paragraph, root, section ? section.previous_sibling() : root.last_child());
     journal_.insertItem(story_.items(), nullptr, story_.makeItem(ItemKind::ParagraphMark, paragraph, {1}));
@@ -225,7 +225,7 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
     const std::string whole = item->node.child_value();
     const std::size_t bytes = byteOffset(whole, before);
     const pugi::xml_node second = splitRunAfter(item->node.parent(), item->node);
-    pugi::xml_node text = skeletons_.copy(item->node);
+    pugi::xml_node text = elementFactory_.copy(item->node);
     text.first_child().set_value(whole.substr(bytes).c_str());
     text.remove_attribute("xml:space");
     keepBlanks(text);
@@ -261,7 +261,7 @@ DomPlace StoryEditor::splitContainers(DomPlace place, pugi::xml_node paragraph) 
             continue;
         }
         if (splits) {
-            const pugi::xml_node second = skeletons_.makeLike(container);
+            const pugi::xml_node second = elementFactory_.makeLike(container);
             journal_.move(story_.part(), second, container.parent(), container);
             while (const pugi::xml_node moving = place.after.next_sibling()) {
                 journal_.move(story_.part(), moving, second, second.last_child());
@@ -273,10 +273,10 @@ DomPlace StoryEditor::splitContainers(DomPlace place, pugi::xml_node paragraph) 
 }
 
 pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
-    const pugi::xml_node second = skeletons_.makeParagraph();
+    const pugi::xml_node second = elementFactory_.makeParagraph();
     const pugi::xml_node properties = story_.names().child(paragraph, opc::WordTag::ParagraphProperties);
     if (!properties) return second;
-    const pugi::xml_node copy = skeletons_.copy(properties);
+    const pugi::xml_node copy = elementFactory_.copy(properties);
     dropFormattingChanges(copy);
     moveNode(copy, second, {});
     // A section ends with the last of the paragraphs.
@@ -307,9 +307,9 @@ pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next)
 }
 
 pugi::xml_node StoryEditor::makeRun(pugi::xml_node formatting) {
-    const pugi::xml_node run = skeletons_.makeRun();
+    const pugi::xml_node run = elementFactory_.makeRun();
     if (!formatting) return run;
-    const pugi::xml_node copy = skeletons_.copy(formatting);
+    const pugi::xml_node copy = elementFactory_.copy(formatting);
     dropFormattingChanges(copy);
     moveNode(copy, run, {});
     return run;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/parts/WordSkeletons.h"
+#include "office/embedded/parts/WordElementFactory.h"
 #include "office/embedded/text/DomPlace.h"
 #include "office/embedded/text/EditJournal.h"
 #include "office/embedded/text/Story.h"
@@ -26,8 +26,8 @@ struct TextSetting {
 /// gets into a bookmark that starts at the place and not into one that ends there.
 class StoryEditor {
   public:
-    StoryEditor(Story& story, WordSkeletons& skeletons, EditJournal& journal)
-        : story_(story), skeletons_(skeletons), journal_(journal), places_(story) {}
+    StoryEditor(Story& story, WordElementFactory& elementFactory, EditJournal& journal)
+        : story_(story), elementFactory_(elementFactory), journal_(journal), places_(story) {}
 
     /// Inserts text in the given formatting, or in that of the place. In a field's code it becomes code.
     /// CR, LF or both together end a paragraph; a tab, a vertical tab (line break) and a form feed (page
@@ -69,7 +69,7 @@ class StoryEditor {
     pugi::xml_node makeParagraphLike(pugi::xml_node paragraph);
 
     Story& story_;
-    WordSkeletons& skeletons_;
+    WordElementFactory& elementFactory_;
     EditJournal& journal_;
     DomPlaces places_;
 };

@@ -63,7 +63,7 @@ Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
 }
 
 pugi::xml_node TableEditor::makeTable(const TableShape& shape) {
-    const pugi::xml_node table = skeletons_.makeElement("tbl");
+    const pugi::xml_node table = elementFactory_.makeElement("tbl");
     addProperties(table, shape);
     const pugi::xml_node grid = append(table, "tblGrid");
     const pugi::xml_node row = append(table, "tr");
@@ -109,7 +109,7 @@ void TableEditor::addBorders(pugi::xml_node properties) {
 
 pugi::xml_node TableEditor::makeRowLike(pugi::xml_node row) {
     const opc::WordNames& names = story_.names();
-    const pugi::xml_node made = skeletons_.makeElement("tr");
+    const pugi::xml_node made = elementFactory_.makeElement("tr");
     const auto copyChild = [&](pugi::xml_node from, const char* name, pugi::xml_node to) {
         const pugi::xml_node child = from.child(names.element(name).c_str());
         if (child) to.append_copy(child);

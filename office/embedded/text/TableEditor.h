@@ -16,8 +16,8 @@ struct TableShape {
 /// Inserts tables and rows into a story.
 class TableEditor {
   public:
-    TableEditor(Story& story, StoryEditor& editor, WordSkeletons& skeletons, EditJournal& journal)
-        : story_(story), editor_(editor), skeletons_(skeletons), journal_(journal) {}
+    TableEditor(Story& story, StoryEditor& editor, WordElementFactory& elementFactory, EditJournal& journal)
+        : story_(story), editor_(editor), elementFactory_(elementFactory), journal_(journal) {}
 
     /// Inserts a table before the paragraph at the position; a paragraph with text before the position is
     /// split there first. Returns the mark of the table's first row.
@@ -39,7 +39,7 @@ class TableEditor {
 
     Story& story_;
     StoryEditor& editor_;
-    WordSkeletons& skeletons_;
+    WordElementFactory& elementFactory_;
     EditJournal& journal_;
 };
 

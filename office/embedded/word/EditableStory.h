@@ -16,11 +16,11 @@ namespace mergeloom::embedded {
 /// One part that holds stories, with what edits of it need.
 struct EditablePart {
     explicit EditablePart(std::unique_ptr<opc::XmlPart> xmlPart)
-        : part(std::move(xmlPart)), names(part->root()), skeletons(*part, names) {}
+        : part(std::move(xmlPart)), names(part->root()), elementFactory(*part, names) {}
 
     std::unique_ptr<opc::XmlPart> part;
     opc::WordNames names;
-    WordSkeletons skeletons;
+    WordElementFactory elementFactory;
 };
 
 /// A story with the routines that change it.
@@ -29,16 +29,16 @@ class EditableStory {
     EditableStory(EditablePart& part, pugi::xml_node root, const std::string& name, BookmarkTable& bookmarks,
                   EditJournal& journal)
         : story_(*part.part, part.names, root, name, bookmarks),
-          skeletons_(part.skeletons),
-          editor_(story_, part.skeletons, journal),
-          bookmarks_(story_, editor_, part.skeletons, journal, bookmarks),
+          elementFactory_(part.elementFactory),
+          editor_(story_, part.elementFactory, journal),
+          bookmarks_(story_, editor_, part.elementFactory, journal, bookmarks),
           eraser_(story_, bookmarks_, journal),
-          tables_(story_, editor_, part.skeletons, journal),
-          fonts_(story_, editor_, part.skeletons, journal),
+          tables_(story_, editor_, part.elementFactory, journal),
+          fonts_(story_, editor_, part.elementFactory, journal),
           finder_(story_) {}
 
     Story& story() { return story_; }
-    WordSkeletons& skeletons() { return skeletons_; }
+    WordElementFactory& elementFactory() { return elementFactory_; }
     StoryEditor& editor() { return editor_; }
     BookmarkEditor& bookmarks() { return bookmarks_; }
     StoryEraser& eraser() { return eraser_; }
@@ -48,7 +48,7 @@ class EditableStory {
 
   private:
     Story story_;
-    WordSkeletons& skeletons_;
+    WordElementFactory& elementFactory_;
     StoryEditor editor_;
     BookmarkEditor bookmarks_;
     StoryEraser eraser_;

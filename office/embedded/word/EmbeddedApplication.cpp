@@ -1,8 +1,8 @@
 #include "office/embedded/word/EmbeddedApplication.h"
 
 #include "base/AutomationError.h"
+#include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewDocument.h"
-#include "office/embedded/parts/SaveFormats.h"
 #include "office/embedded/word/EmbeddedDocuments.h"
 #include "office/embedded/word/EmbeddedSelection.h"
 #include "office/embedded/word/EmbeddedUndoRecord.h"
@@ -41,7 +41,7 @@ word::DocumentPtr EmbeddedApplication::open(const std::string& fileName) {
 }
 
 word::DocumentPtr EmbeddedApplication::add(const std::string& templatePath) {
-    opc::Package package = templatePath.empty() ? seededPackage(newDocumentParts())
+    opc::Package package = templatePath.empty() ? initialPackage(newDocumentParts())
                                                 : opc::Package::read(files_.read(templatePath), templatePath);
     auto content = std::make_shared<WordContent>(std::move(package), files_);
     return list(std::move(content), "Document" + std::to_string(++added_), false);

@@ -164,7 +164,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     picture.width = file.naturalWidth();
     picture.height = file.naturalHeight();
     fitInto(textAreaWidth(story, start), picture);
-    const pugi::xml_node run = target.skeletons().parse(pictureRunXml(picture, story.names()));
+    const pugi::xml_node run = target.elementFactory().parse(pictureRunXml(picture, story.names()));
     target.editor().insertObject(start, run, run.last_child());
     keepBehind(target, behind, start, {1});
     return {1};

@@ -1,4 +1,4 @@
-#include "office/embedded/parts/WordSkeletons.h"
+#include "office/embedded/parts/WordElementFactory.h"
 
 #include <string_view>
 
@@ -12,15 +12,16 @@ bool isBlank(char character) {
 
 }  // namespace
 
-WordSkeletons::WordSkeletons(opc::XmlPart& part, const opc::WordNames& names) : part_(part), names_(names) {
+WordElementFactory::WordElementFactory(opc::XmlPart& part, const opc::WordNames& names)
+    : part_(part), names_(names) {
     const auto element = [&](std::string_view name, const std::string& inside) {
         return "<" + names.element(name) + inside + "</" + names.element(name) + ">";
     };
     const std::string id = " " + names.attribute("id") + "=\"0\"";
     const std::string name = " " + names.attribute("name") + "=\"n\"";
-    const std::string source = "<skeletons>" + element("p", ">") + element("r", ">") + element("t", ">x") +
+    const std::string source = "<prototypes>" + element("p", ">") + element("r", ">") + element("t", ">x") +
                                element("bookmarkStart", id + name + ">") + element("bookmarkEnd", id + ">") +
-                               "</skeletons>";
+                               "</prototypes>";
     part.attic().append_buffer(source.data(), source.size());
     paragraph_ = part.attic().last_child().first_child();
     run_ = paragraph_.next_sibling();
@@ -29,36 +30,36 @@ WordSkeletons::WordSkeletons(opc::XmlPart& part, const opc::WordNames& names) : 
     bookmarkEnd_ = bookmarkStart_.next_sibling();
 }
 
-pugi::xml_node WordSkeletons::makeText(const std::string& text) {
+pugi::xml_node WordElementFactory::makeText(const std::string& text) {
     pugi::xml_node element = copy(text_);
     element.first_child().set_value(text.c_str());
     keepBlanks(element);
     return element;
 }
 
-pugi::xml_node WordSkeletons::makeBookmarkStart(const std::string& id, const std::string& name) {
+pugi::xml_node WordElementFactory::makeBookmarkStart(const std::string& id, const std::string& name) {
     pugi::xml_node element = copy(bookmarkStart_);
     element.first_attribute().set_value(id.c_str());
     element.last_attribute().set_value(name.c_str());
     return element;
 }
 
-pugi::xml_node WordSkeletons::makeBookmarkEnd(const std::string& id) {
+pugi::xml_node WordElementFactory::makeBookmarkEnd(const std::string& id) {
     pugi::xml_node element = copy(bookmarkEnd_);
     element.first_attribute().set_value(id.c_str());
     return element;
 }
 
-pugi::xml_node WordSkeletons::makeElement(std::string_view localName) {
+pugi::xml_node WordElementFactory::makeElement(std::string_view localName) {
     return part_.attic().append_child(names_.element(localName).c_str());
 }
 
-pugi::xml_node WordSkeletons::parse(const std::string& xml) {
+pugi::xml_node WordElementFactory::parse(const std::string& xml) {
     part_.attic().append_buffer(xml.data(), xml.size());
     return part_.attic().last_child();
 }
 
-pugi::xml_node WordSkeletons::makeLike(pugi::xml_node node) {
+pugi::xml_node WordElementFactory::makeLike(pugi::xml_node node) {
     pugi::xml_node element = part_.attic().append_child(node.name());
     for (const pugi::xml_attribute attribute : node.attributes())
         element.append_copy(attribute);

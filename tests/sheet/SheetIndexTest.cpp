@@ -1,4 +1,4 @@
-#include "office/embedded/sheet/AreaIndex.h"
+#include "office/embedded/sheet/SheetIndex.h"
 
 #include <gtest/gtest.h>
 

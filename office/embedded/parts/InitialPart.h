@@ -8,11 +8,11 @@
 
 namespace mergeloom::embedded {
 
-/// A part that a new document starts with. Each is the target of one relationship.
-struct SeedPart {
+/// A part of a new document. Each is the target of one relationship.
+struct InitialPart {
     std::string name;         ///< such as "/word/styles.xml" (ECMA-376 Part 2, 6.2.2)
-    std::string contentType;  ///< the main part's is that of a document without macros
-    std::string source;       ///< the part whose relationships name this one; "/" for the package itself
+    std::string contentType;  ///< for the main part, that of a document without macros
+    std::string source;       ///< the part with the relationship to this one; "/" for the package itself
     std::string relationshipType;
     std::string xml;
 };
@@ -26,12 +26,12 @@ inline std::string join(std::string_view stem, std::string_view rest) {
     return std::string(stem).append(rest);
 }
 
-/// The package of a new document. The relationships of a source get the ids "rId1", "rId2" and so on, in the
-/// order of the parts.
-opc::Package seededPackage(const std::vector<SeedPart>& parts);
+/// Returns the package of a new document. The relationships of a source get the ids "rId1", "rId2" and so on,
+/// in the order of the parts.
+opc::Package initialPackage(const std::vector<InitialPart>& parts);
 
 /// Returns the properties of a new document (ECMA-376 Part 2, 8; Part 1, 22.2), without a date and an author.
-std::vector<SeedPart> newPropertyParts();
+std::vector<InitialPart> newPropertyParts();
 
 /// Returns the theme part of a new document (ECMA-376 Part 1, 20.1.6.9): colours, fonts and shape formats.
 std::string_view newDocumentTheme();

@@ -1,4 +1,4 @@
-#include "office/embedded/parts/SeedPart.h"
+#include "office/embedded/parts/InitialPart.h"
 
 namespace mergeloom::embedded {
 
@@ -17,7 +17,7 @@ constexpr const char* kExtendedProperties = R"(<?xml version="1.0" encoding="UTF
 </Properties>
 )";
 
-// A format scheme must hold three fills, lines, effects and backgrounds: subtle, moderate and intense.
+// A format scheme must contain three fills, lines, effects and backgrounds: subtle, moderate and intense.
 constexpr std::string_view kTheme = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <a:theme xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main" name="Mergeloom"><a:themeElements>
 <a:clrScheme name="Mergeloom">
@@ -50,16 +50,16 @@ constexpr std::string_view kTheme = R"(<?xml version="1.0" encoding="UTF-8" stan
 
 }  // namespace
 
-opc::Package seededPackage(const std::vector<SeedPart>& parts) {
+opc::Package initialPackage(const std::vector<InitialPart>& parts) {
     opc::Package package = opc::Package::empty();
-    for (const SeedPart& part : parts) {
+    for (const InitialPart& part : parts) {
         package.addPart(part.name, part.contentType, part.xml);
         package.relationshipsOf(part.source).addPart(part.relationshipType, part.name);
     }
     return package;
 }
 
-std::vector<SeedPart> newPropertyParts() {
+std::vector<InitialPart> newPropertyParts() {
     return {
         {"/docProps/core.xml", "application/vnd.openxmlformats-package.core-properties+xml", "/",
          "http://schemas.openxmlformats.org/package/2006/relationships/metadata/core-properties",
