@@ -3,17 +3,58 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcRange.h"
-#include "office/libreoffice/excel/CalcSelection.h"
-#include "office/libreoffice/excel/CalcWorkbooks.h"
+#include "office/libreoffice/excel/CalcTexts.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/model/excel/Columns.h"
+#include "office/model/excel/Selection.h"
+#include "office/model/excel/Workbooks.h"
 #include "office/model/excel/Worksheet.h"
-
-#include <utility>
 
 namespace mergeloom::libreoffice {
 
 namespace {
+
+class CalcWorkbooks final : public excel::Workbooks {
+  public:
+    explicit CalcWorkbooks(std::shared_ptr<CalcApplication> application)
+        : application_(std::move(application)) {}
+
+    int Count() override { return static_cast<int>(application_->workbooks().size()); }
+    excel::WorkbookPtr Add(const std::string& templatePath) override {
+        return application_->add(templatePath);
+    }
+    excel::WorkbookPtr Open(const std::string& fileName) override { return application_->open(fileName); }
+    excel::WorkbookPtr Item(int number) override { return application_->workbooks()[indexOf(number)]; }
+
+  private:
+    std::shared_ptr<CalcApplication> application_;
+};
+
+/// The selection of the active sheet, in which shapes are never selected.
+class CalcSelection final : public excel::Selection {
+  public:
+    explicit CalcSelection(CalcContentPtr content)
+        : content_(std::move(content)), sheet_(content_->activeSheet()) {}
+
+    std::string TypeName() override { return "Range"; }
+    void SetValue2(const std::string& text) override {
+        for (const excel::CellArea& area : content_->sheet(sheet_).selection().areas)
+            fill(*content_, sheet_, area, text);
+    }
+
+  private:
+    CalcContentPtr content_;
+    std::size_t sheet_;
+};
+
+/// The selection of a sheet without cells.
+class CalcSelectedChart final : public excel::Selection {
+  public:
+    std::string TypeName() override { return "ChartArea"; }
+    void SetValue2(const std::string&) override {
+        throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
+    }
+};
 
 class CalcUndoRecord final : public model::UndoRecord {
   public:
@@ -83,7 +124,7 @@ excel::WorkbookPtr CalcApplication::add(const std::string& templatePath) {
     DocumentReference document;
     if (templatePath.empty()) {
         document = session_->files().create(DocumentKind::Excel);
-        dressAsNewWorkbook(session_->connection(), document);
+        applyNewWorkbookDefaults(session_->connection(), document);
     } else {
         document = session_->files().open(templatePath, DocumentKind::Excel);
     }

@@ -11,17 +11,17 @@
 
 namespace mergeloom::libreoffice {
 
-/// Excel's part played by Calc in a process of its own. The workbook opened or added last is the active one.
+/// Calc, in a process of its own, in the role of Excel. The workbook opened or added last is the active one.
 class CalcApplication final : public excel::Application,
                               public std::enable_shared_from_this<CalcApplication> {
   public:
-    /// The file store has to outlive the application and its workbooks.
+    /// The file store must outlive the application and its workbooks.
     CalcApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files)
         : files_(files), session_(std::move(session)) {}
 
     std::string Name() override { return "Microsoft Excel"; }
-    /// The formats and calls that Calc answers for are those of Excel 2016 and later. What it can write
-    /// canSaveAs tells, whatever the version says.
+    /// Calc provides the formats and calls of Excel 2016 and later. Regardless of the version, canSaveAs()
+    /// decides which formats it can write.
     std::string Version() override { return "16.0"; }
 
     excel::WorkbooksPtr Workbooks() override;

@@ -1,11 +1,19 @@
 #include "office/libreoffice/excel/CalcCells.h"
 
-#include "office/libreoffice/excel/CalcAddress.h"
-
 #include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/sheet/XSheetOperation.hpp>
+#include <com/sun/star/text/XTextRange.hpp>
 
 namespace mergeloom::libreoffice {
+
+namespace {
+
+Reference<css::text::XTextRange> textIn(const Reference<css::table::XCell>& cell) {
+    return {cell, UNO_QUERY_THROW};
+}
+
+}  // namespace
 
 Reference<css::table::XCell> cellOf(const Reference<css::sheet::XSpreadsheet>& sheet,
                                     const excel::CellPosition& cell) {
@@ -23,10 +31,35 @@ std::vector<excel::CellArea> filledIn(const Reference<css::sheet::XSpreadsheet>&
     const Reference<css::sheet::XCellRangesQuery> query(rangeOf(sheet, area), UNO_QUERY_THROW);
     const Reference<css::sheet::XSheetCellRanges> filled = query->queryContentCells(kContentFlags);
     std::vector<excel::CellArea> areas;
-    // Of a column behind the last one with a content Calc tells that one's cells.
+    // For a column after the last one with content, Calc returns the cells of that one.
     for (const css::table::CellRangeAddress& address : filled->getRangeAddresses())
         if (const auto cells = intersection(areaOf(address), area)) areas.push_back(*cells);
     return areas;
+}
+
+CalcFormerCells::CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet,
+                                 const excel::CellArea& area)
+    : cells_(rangeOf(sheet, area)) {
+    for (const excel::CellArea& filled : filledIn(sheet, area)) {
+        forEachCell(filled, [&](const excel::CellPosition& cell) { read(cellOf(sheet, cell)); });
+    }
+}
+
+void CalcFormerCells::read(const Reference<css::table::XCell>& cell) {
+    Content content{cell, cell->getType(), 0, {}};
+    if (content.type == css::table::CellContentType_VALUE) content.number = cell->getValue();
+    if (content.type == css::table::CellContentType_FORMULA) content.text = cell->getFormula();
+    if (content.type == css::table::CellContentType_TEXT) content.text = textIn(cell)->getString();
+    contents_.push_back(content);
+}
+
+void CalcFormerCells::restore() const {
+    Reference<css::sheet::XSheetOperation>(cells_, UNO_QUERY_THROW)->clearContents(kContentFlags);
+    for (const Content& content : contents_) {
+        if (content.type == css::table::CellContentType_VALUE) content.cell->setValue(content.number);
+        if (content.type == css::table::CellContentType_FORMULA) content.cell->setFormula(content.text);
+        if (content.type == css::table::CellContentType_TEXT) textIn(content.cell)->setString(content.text);
+    }
 }
 
 }  // namespace mergeloom::libreoffice

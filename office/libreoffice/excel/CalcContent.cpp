@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/libreoffice/excel/CalcViewState.h"
+#include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -31,12 +31,12 @@ Reference<css::document::XUndoManager> undoManagerOf(OfficeConnection& connectio
 }
 
 template <typename Interface>
-Reference<Interface> faceOf(OfficeConnection& connection, const DocumentReference& document) {
+Reference<Interface> interfaceOf(OfficeConnection& connection, const DocumentReference& document) {
     return connection.call([&] { return Reference<Interface>(document, UNO_QUERY_THROW); });
 }
 
-/// The style of all cells that have no other one. Its name differs with the language of the office, but it is
-/// always the first.
+/// Returns the style of all cells that have no other one. Its name depends on the language of the office, but
+/// it is always the first.
 Reference<css::beans::XPropertySet> defaultStyleOf(const DocumentReference& document) {
     const Reference<css::style::XStyleFamiliesSupplier> supplier(document, UNO_QUERY_THROW);
     const Reference<css::container::XIndexAccess> styles(
@@ -55,7 +55,7 @@ CalcFont defaultFontOf(const DocumentReference& document) {
 }
 
 UndoUser userOf(LibreOfficeSession& session) {
-    return session.files().showsDocuments() ? UndoUser::Everybody : UndoUser::Model;
+    return session.files().showsDocuments() ? UndoUser::ModelAndUser : UndoUser::Model;
 }
 
 Reference<css::sheet::XNamedRanges> namesIn(const Reference<css::uno::XInterface>& owner) {
@@ -70,10 +70,10 @@ CalcContent::CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore&
     : session_(std::move(session)),
       files_(files),
       document_(document),
-      workbook_(faceOf<css::sheet::XSpreadsheetDocument>(connection(), document_)),
-      factory_(faceOf<css::lang::XMultiServiceFactory>(connection(), document_)),
+      workbook_(interfaceOf<css::sheet::XSpreadsheetDocument>(connection(), document_)),
+      factory_(interfaceOf<css::lang::XMultiServiceFactory>(connection(), document_)),
       undo_(connection(), undoManagerOf(connection(), document_),
-            faceOf<css::frame::XModel>(connection(), document_), userOf(*session_)),
+            interfaceOf<css::frame::XModel>(connection(), document_), userOf(*session_)),
       pending_(connection(), undo_),
       fonts_(connection()),
       isShown_(session_->files().showsDocuments()) {
@@ -155,19 +155,19 @@ void CalcContent::activate(std::size_t index) {
     if (sheet(index).isHidden()) {
         throw AutomationError(kApplicationDefined, "The sheet '" + sheet(index).name() + "' is hidden.");
     }
-    undo_.keep([this, former = activeSheet_] { activeSheet_ = former; });
+    undo_.record([this, former = activeSheet_] { activeSheet_ = former; });
     activeSheet_ = index;
 }
 
 void CalcContent::select(std::size_t index, const CalcSelectedCells& selection) {
     const CalcSelectedCells former = sheet(index).selection();
     if (former == selection) return;
-    undo_.keep([this, index, former] { sheet(index).select(former); });
+    undo_.record([this, index, former] { sheet(index).select(former); });
     sheet(index).select(selection);
 }
 
 Reference<css::sheet::XNamedRanges> CalcContent::namesOf(int sheet) {
-    pending_.settle();
+    pending_.flush();
     return ownNamesOf(sheet);
 }
 
@@ -184,7 +184,7 @@ const CalcColumnUnits& CalcContent::columnUnits() {
     return *columnUnits_;
 }
 
-bool CalcContent::showsTruth(sal_Int32 numberFormat) {
+bool CalcContent::showsBooleans(sal_Int32 numberFormat) {
     if (!numberFormats_.is()) {
         const Reference<css::util::XNumberFormatsSupplier> supplier(document_, UNO_QUERY_THROW);
         numberFormats_ = supplier->getNumberFormats();
@@ -195,13 +195,13 @@ bool CalcContent::showsTruth(sal_Int32 numberFormat) {
 }
 
 void CalcContent::startRecord(const std::string& name) {
-    if (isShown_) pending_.settle();
+    if (isShown_) pending_.flush();
     undo_.start(name);
 }
 
-/// What waits belongs to the step that a user may take back.
+/// Pending changes belong to the step that a user may undo.
 void CalcContent::endRecord() {
-    if (isShown_) pending_.settle();
+    if (isShown_) pending_.flush();
     undo_.stop();
 }
 
@@ -223,7 +223,7 @@ void CalcContent::touch() {
     isSaved_ = false;
 }
 
-void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& document) {
+void applyNewWorkbookDefaults(OfficeConnection& connection, const DocumentReference& document) {
     constexpr int kColumnPixels = 64;
     constexpr float kFontPoints = 11;
     CalcFonts fonts(connection);
@@ -239,7 +239,7 @@ void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& d
         const Reference<css::table::XColumnRowRange> cells(sheet, UNO_QUERY_THROW);
         const Reference<css::beans::XPropertySet> columns(cells->getColumns(), UNO_QUERY_THROW);
         columns->setPropertyValue("Width", css::uno::Any(units.lengthOf(kColumnPixels)));
-        // Nobody is to take that back, or to be asked whether to save it.
+        // Users must not undo this or be asked whether to save it.
         Reference<css::document::XUndoManagerSupplier>(document, UNO_QUERY_THROW)->getUndoManager()->clear();
         Reference<css::util::XModifiable>(document, UNO_QUERY_THROW)->setModified(false);
     });

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "office/libreoffice/excel/CalcFonts.h"
 #include "office/libreoffice/excel/CalcNameIndex.h"
 #include "office/libreoffice/excel/CalcPending.h"
 #include "office/libreoffice/excel/CalcSheet.h"
@@ -19,15 +18,15 @@
 
 namespace mergeloom::libreoffice {
 
-/// An open workbook: the office's document and what this side remembers of it, so that questions which are
-/// asked for each place need no remote call. Nobody else changes the document; where it is shown to a user,
-/// there is a new one for each time that the object model works with it.
+/// An open workbook: the office's document and a cache of its contents, so that queries for each place need
+/// no remote call. Only the object model changes the document while this object is used; if the document is
+/// shown to a user, a new object is created for each use by the object model.
 class CalcContent {
   public:
     CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
                 const DocumentReference& document);
-    /// Takes over the document of another one, which somebody else may have changed since; what the other
-    /// holds serves to take steps back.
+    /// Takes over the document of a former content, which a user may have changed since. The former content
+    /// is kept to undo its steps.
     explicit CalcContent(CalcContent& former);
     CalcContent(const CalcContent&) = delete;
     CalcContent& operator=(const CalcContent&) = delete;
@@ -42,19 +41,20 @@ class CalcContent {
 
     [[nodiscard]] std::size_t sheetCount() const { return sheets_.size(); }
     [[nodiscard]] CalcSheet& sheet(std::size_t index) { return *sheets_.at(index); }
-    /// The worksheet of that name, without regard to case.
+    /// Returns the index of the worksheet of that name, ignoring case.
     [[nodiscard]] std::optional<std::size_t> sheetNamed(const std::string& name) const;
-    /// Whether the active sheet is a worksheet.
+    /// Returns true if the active sheet is a worksheet.
     [[nodiscard]] bool hasActiveCells() const { return sheets_[activeSheet_]->hasCells(); }
-    /// Raises kApplicationDefined when it has no cells.
+    /// Returns the index of the active sheet. Raises kApplicationDefined if it has no cells.
     [[nodiscard]] std::size_t activeSheet() const;
-    /// Raises kApplicationDefined for a hidden sheet.
+    /// Makes a sheet the active one. Raises kApplicationDefined for a hidden sheet.
     void activate(std::size_t index);
-    /// What is selected in a sheet; a recorded step takes it back.
+    /// Sets the selection of a sheet; a recorded step can undo it.
     void select(std::size_t index, const CalcSelectedCells& selection);
 
     [[nodiscard]] CalcNameIndex& names() { return names_; }
-    /// The names of the workbook or of one of its sheets, when none waits any more. Within a call.
+    /// Returns the names of the workbook or of one of its sheets, after pending ones were written. Must run
+    /// within a call.
     [[nodiscard]] Reference<css::sheet::XNamedRanges> namesOf(int sheet);
 
     void startRecord(const std::string& name);
@@ -63,12 +63,12 @@ class CalcContent {
     [[nodiscard]] CalcPending& pending() { return pending_; }
     [[nodiscard]] CalcFonts& fonts() { return fonts_; }
     [[nodiscard]] const CalcColumnUnits& columnUnits();
-    /// Whether a number format shows truth values. Within a call.
-    [[nodiscard]] bool showsTruth(sal_Int32 numberFormat);
+    /// Returns true if a number format shows booleans. Must run within a call.
+    [[nodiscard]] bool showsBooleans(sal_Int32 numberFormat);
 
     [[nodiscard]] bool isSaved();
     void setSaved(bool isSaved);
-    /// A change is about to be made.
+    /// Marks the workbook as changed; called before each change.
     void touch();
 
   private:
@@ -99,7 +99,7 @@ class CalcContent {
 
 using CalcContentPtr = std::shared_ptr<CalcContent>;
 
-/// Gives a new workbook of the office the sheet, font and sizes that Excel's own has.
-void dressAsNewWorkbook(OfficeConnection& connection, const DocumentReference& document);
+/// Changes the sheet, font and sizes of a new workbook of the office to those of Excel's new workbooks.
+void applyNewWorkbookDefaults(OfficeConnection& connection, const DocumentReference& document);
 
 }  // namespace mergeloom::libreoffice

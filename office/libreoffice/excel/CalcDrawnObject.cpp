@@ -1,12 +1,18 @@
 #include "office/libreoffice/excel/CalcDrawnObject.h"
 
 #include "base/AutomationError.h"
+#include "base/FileStore.h"
 #include "base/Text.h"
-#include "office/libreoffice/excel/CalcGraphic.h"
 #include "office/libreoffice/excel/CalcSizes.h"
+#include "office/libreoffice/session/OfficeConnection.h"
+#include "office/opc/PictureFile.h"
 
 #include <algorithm>
+#include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/graphic/GraphicProvider.hpp>
+#include <com/sun/star/graphic/XGraphic.hpp>
+#include <com/sun/star/io/SequenceInputStream.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/sheet/XCellAddressable.hpp>
 #include <com/sun/star/table/XCell.hpp>
@@ -14,6 +20,44 @@
 namespace mergeloom::libreoffice {
 
 namespace {
+
+/// A picture that the office has read.
+struct CalcGraphic {
+    Reference<css::graphic::XGraphic> graphic;
+    Points width, height;  ///< the natural size; 96 dots per inch if the file specifies none
+};
+
+css::uno::Sequence<sal_Int8> sequenceOf(const std::string& bytes) {
+    return {reinterpret_cast<const sal_Int8*>(bytes.data()), static_cast<sal_Int32>(bytes.size())};
+}
+
+Reference<css::graphic::XGraphic> decode(OfficeConnection& connection, const std::string& bytes) try {
+    return connection.call([&] {
+        css::beans::PropertyValue input;
+        input.Name = "InputStream";
+        input.Value <<=
+            css::io::SequenceInputStream::createStreamFromSequence(connection.context(), sequenceOf(bytes));
+        return css::graphic::GraphicProvider::create(connection.context())
+            ->queryGraphic(css::uno::Sequence<css::beans::PropertyValue>(&input, 1));
+    });
+} catch (const AutomationError& error) {
+    if (error.number() == kNotAvailable) throw;
+    return {};
+}
+
+Points pointsOf(Emu length) {
+    return {static_cast<double>(length.value) / kEmuPerPoint};
+}
+
+/// Reads a picture. Raises kFileCouldNotBeRead, with a sentence that names the file, if it is not a picture.
+CalcGraphic readGraphic(OfficeConnection& connection, FileStore& files, const std::string& fileName) {
+    const std::string bytes = files.read(fileName);
+    const auto picture = opc::PictureFile::read(bytes, fileName);
+    const Reference<css::graphic::XGraphic> graphic = decode(connection, bytes);
+    if (graphic.is()) return {graphic, pointsOf(picture.naturalWidth()), pointsOf(picture.naturalHeight())};
+    throw AutomationError(kFileCouldNotBeRead,
+                          "The file '" + fileName + "' could not be read: it is a damaged picture.");
+}
 
 constexpr const char* kPictureShape = "com.sun.star.drawing.GraphicObjectShape";
 constexpr const char* kObjectShape = "com.sun.star.drawing.OLE2Shape";
@@ -24,15 +68,15 @@ Reference<css::beans::XPropertySet> propertiesOf(const CalcShapeEntry& entry) {
     return {entry.shape, UNO_QUERY_THROW};
 }
 
-/// Makes the shape move with the cell and keep its size.
+/// Anchors the shape to a cell: it moves with the cell and keeps its size.
 void anchor(const CalcShapeEntry& entry, const Reference<css::table::XCell>& cell) {
     const Reference<css::beans::XPropertySet> properties = propertiesOf(entry);
     properties->setPropertyValue("Anchor", css::uno::Any(cell));
     properties->setPropertyValue("ResizeWithCell", css::uno::Any(false));
 }
 
-/// The last of a sheet's columns or rows that starts at or before a length. A place that was rounded may lie
-/// a hundredth of a millimetre before the edge that is meant.
+/// Returns the last of a sheet's columns or rows that starts at or before a length. Due to rounding, the
+/// length may be a hundredth of a millimetre before the edge that is meant.
 template <typename Start>
 int lineAt(int count, sal_Int32 length, const Start& startOf) {
     int low = 1;
@@ -84,7 +128,7 @@ CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, st
         return Reference<css::drawing::XShape>(
             content->factory()->createInstance(OUString::createFromAscii(kPictureShape)), UNO_QUERY_THROW);
     }));
-    content->undo().keep([&table, entry] { table.remove(entry); });
+    content->undo().record([&table, entry] { table.remove(entry); });
     content->connection().call([&] {
         propertiesOf(*entry)->setPropertyValue("Graphic", css::uno::Any(graphic.graphic));
         anchor(*entry, target.cell(cell));
@@ -96,7 +140,7 @@ CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, st
 }
 
 CalcShapeEntry& CalcDrawnObject::entry() const {
-    if (entry_->isGone) throw AutomationError(kObjectDeleted, "The object has been deleted.");
+    if (entry_->isDeleted) throw AutomationError(kObjectDeleted, "The object has been deleted.");
     return *entry_;
 }
 
@@ -131,9 +175,9 @@ excel::CellPosition CalcDrawnObject::topLeftCell() const {
     return cellAt(*content_, sheet_, corner);
 }
 
-/// Texts that waited may make rows higher.
+/// Pending texts are written first, since they may make rows higher.
 css::awt::Point CalcDrawnObject::place() const {
-    content_->pending().settle();
+    content_->pending().flush();
     return content_->connection().call([&] { return entry().shape->getPosition(); });
 }
 
@@ -144,7 +188,7 @@ css::awt::Size CalcDrawnObject::size() const {
 void CalcDrawnObject::setName(const std::string& name) const {
     const std::string former = changedEntry().name;
     table().rename(entry_, name);
-    content_->undo().keep([table = &table(), entry = entry_, former] { table->rename(entry, former); });
+    content_->undo().record([table = &table(), entry = entry_, former] { table->rename(entry, former); });
 }
 
 void CalcDrawnObject::setPlace(const css::awt::Point& wanted) const {
@@ -152,12 +196,12 @@ void CalcDrawnObject::setPlace(const css::awt::Point& wanted) const {
     const css::awt::Point former = place();
     moveTo(wanted);
     // The content owns the step, so the step must not own the content.
-    content_->undo().keep([content = std::weak_ptr(content_), sheet = sheet_, entry = entry_, former] {
+    content_->undo().record([content = std::weak_ptr(content_), sheet = sheet_, entry = entry_, former] {
         if (const CalcContentPtr owner = content.lock()) CalcDrawnObject(owner, sheet, entry).moveTo(former);
     });
 }
 
-/// A shape moves with the cell to which it was tied, not with the one to which it was moved.
+/// Anchors the shape to the cell at its new place, since a shape moves with the cell of its anchor.
 void CalcDrawnObject::moveTo(const css::awt::Point& wanted) const {
     content_->connection().call([&] { entry().shape->setPosition(wanted); });
     const excel::CellPosition cell = topLeftCell();
@@ -169,12 +213,12 @@ void CalcDrawnObject::moveTo(const css::awt::Point& wanted) const {
 }
 
 void CalcDrawnObject::setSize(css::awt::Size wanted) const {
-    // Thinner than a hundredth of a millimetre is nothing.
+    // UNO has no sizes below a hundredth of a millimetre.
     wanted = {std::max<sal_Int32>(1, wanted.Width), std::max<sal_Int32>(1, wanted.Height)};
     const CalcShapeEntry& changed = changedEntry();
     const css::awt::Size former = size();
     content_->connection().call([&] { changed.shape->setSize(wanted); });
-    content_->undo().keep([content = content_.get(), shape = changed.shape, former] {
+    content_->undo().record([content = content_.get(), shape = changed.shape, former] {
         content->connection().call([&] { shape->setSize(former); });
     });
 }
@@ -185,8 +229,8 @@ void CalcDrawnObject::remove() const {
     if (!content_->undo().isRecording()) return shapes.remove(entry_);
     const std::size_t position = shapes.positionOf(entry_);
     shapes.hide(entry_);
-    content_->undo().keep([&shapes, entry = entry_, position] { shapes.showAgain(entry, position); });
-    content_->undo().whenForgotten([&shapes, entry = entry_] { shapes.remove(entry); });
+    content_->undo().record([&shapes, entry = entry_, position] { shapes.restore(entry, position); });
+    content_->undo().onDiscard([&shapes, entry = entry_] { shapes.remove(entry); });
 }
 
 }  // namespace mergeloom::libreoffice

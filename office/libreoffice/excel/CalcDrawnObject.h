@@ -12,14 +12,14 @@
 
 namespace mergeloom::libreoffice {
 
-/// An object on a sheet's drawing layer, as shapes and pictures hold it. Every member raises kObjectDeleted
-/// once it is gone; those that change it raise kApplicationDefined for a protected sheet.
+/// An object on a sheet's drawing layer, shared by shapes and pictures. Every member raises kObjectDeleted
+/// after the object was deleted; those that change it raise kApplicationDefined for a protected sheet.
 class CalcDrawnObject {
   public:
     CalcDrawnObject(CalcContentPtr content, std::size_t sheet, CalcShapeEntryPtr entry)
         : content_(std::move(content)), sheet_(sheet), entry_(std::move(entry)) {}
 
-    /// Puts a picture at a cell, in its natural size.
+    /// Inserts a picture at a cell, in its natural size.
     static CalcDrawnObject insertPicture(const CalcContentPtr& content, std::size_t sheet,
                                          const excel::CellPosition& cell, const std::string& fileName);
 

@@ -1,6 +1,6 @@
 #include "office/libreoffice/excel/CalcHosting.h"
 
-#include "office/libreoffice/excel/CalcAddress.h"
+#include "office/libreoffice/excel/CalcCells.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/excel/CalcWorkbook.h"
 
@@ -23,7 +23,7 @@ Reference<css::frame::XModel> modelOf(CalcWorkbook& workbook) {
     return {workbook.document(), UNO_QUERY_THROW};
 }
 
-/// None when something else than cells is selected.
+/// Returns the selected areas; none if something other than cells is selected.
 std::vector<excel::CellArea> selectedAreas(const Reference<css::uno::XInterface>& selection) {
     const Reference<css::sheet::XCellRangeAddressable> one(selection, UNO_QUERY);
     if (one.is()) return {areaOf(one->getRangeAddress())};
@@ -35,7 +35,7 @@ std::vector<excel::CellArea> selectedAreas(const Reference<css::uno::XInterface>
     return areas;
 }
 
-/// The active cell and the active sheet come with the content.
+/// Takes over the selected areas of the view. The content has read the active cell and sheet itself.
 void takeSelection(CalcContent& content, const Reference<css::frame::XModel>& model) {
     if (!content.hasActiveCells()) return;
     CalcSheet& sheet = content.sheet(content.activeSheet());
@@ -52,8 +52,8 @@ void showSelection(CalcContent& content, const Reference<css::frame::XController
     const excel::CellArea& area = areas.front();
     const Reference<css::view::XSelectionSupplier> selection(view, UNO_QUERY_THROW);
     selection->select(css::uno::Any(sheet.range(area)));
-    // One cell is the active one and not marked.
-    if (area.first == area.last) unmarkCells(content.connection(), view);
+    // A single cell is shown as the active one, not as selected.
+    if (area.first == area.last) deselectCells(content.connection(), view);
 }
 
 }  // namespace
@@ -65,7 +65,7 @@ DocumentReference componentOf(excel::Workbook& workbook) {
 void beginEditing(excel::Workbook& workbook) {
     CalcWorkbook& calc = calcOf(workbook);
     calc.endInput();
-    calc.forgetContent();
+    calc.discardContent();
     CalcContent& content = *calc.content();
     content.connection().call([&] {
         const Reference<css::frame::XModel> model = modelOf(calc);
@@ -77,13 +77,13 @@ void beginEditing(excel::Workbook& workbook) {
 void endEditing(excel::Workbook& workbook) {
     CalcWorkbook& calc = calcOf(workbook);
     CalcContent& content = *calc.content();
-    content.pending().settle();
+    content.pending().flush();
     content.connection().call([&] {
         const Reference<css::frame::XModel> model = modelOf(calc);
         model->unlockControllers();
         showSelection(content, model->getCurrentController());
     });
-    calc.forgetContent();
+    calc.discardContent();
 }
 
 }  // namespace mergeloom::libreoffice

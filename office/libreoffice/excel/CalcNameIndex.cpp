@@ -6,7 +6,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// No name holds a "!".
+/// Combines name and sheet into one key; no name contains "!".
 std::string keyOf(const std::string& name, int sheet) {
     return std::to_string(sheet) + "!" + foldCase(name);
 }

@@ -16,8 +16,8 @@
 
 namespace mergeloom::libreoffice {
 
-/// Which names a document has, kept on this side since the question is asked for each place. Calc tells names
-/// apart as Excel does, without regard to case, but is asked by their exact spelling.
+/// An index of the document's names, which saves a remote call for each place. Calc distinguishes names as
+/// Excel does, ignoring case, but finds them only by their exact spelling.
 class CalcNameIndex {
   public:
     struct Entry {
@@ -27,14 +27,14 @@ class CalcNameIndex {
     static constexpr int kDocument = -1;
 
     void append(const std::string& name, int sheet);
-    /// Takes the entry appended last out again.
+    /// Removes the entry that was appended last.
     void removeLast();
     void reserveTableName(const std::string& name);
 
     [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
     [[nodiscard]] std::optional<std::size_t> find(const std::string& name, int sheet) const;
     [[nodiscard]] bool isTableName(const std::string& name) const;
-    /// The smallest number from 1 that makes no name of the workbook behind the stem.
+    /// Returns the smallest number n from 1 for which no name of the workbook is stem followed by n.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
 
   private:

@@ -1,22 +1,158 @@
 #include "office/libreoffice/excel/CalcNames.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcDefinedName.h"
-#include "office/libreoffice/excel/CalcNameFormula.h"
+#include "base/Text.h"
+#include "office/libreoffice/excel/CalcCells.h"
+#include "office/libreoffice/excel/CalcRange.h"
 #include "office/model/excel/CellAddress.h"
+#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/DefinedNameRule.h"
 
+#include <algorithm>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
+#include <com/sun/star/sheet/AddressConvention.hpp>
+#include <com/sun/star/sheet/FormulaToken.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangeReferrer.hpp>
+#include <com/sun/star/sheet/XFormulaParser.hpp>
+#include <com/sun/star/sheet/XFormulaTokens.hpp>
+#include <variant>
 
 namespace mergeloom::libreoffice {
 
 namespace {
 
-[[noreturn]] void refuseName(const std::string& name) {
+/// The content of a name in the form that Calc accepts: a text in its own notation, or a parsed formula.
+/// Neither depends on a locale.
+using CalcNameContent = std::variant<std::string, css::uno::Sequence<css::sheet::FormulaToken>>;
+
+using Tokens = css::uno::Sequence<css::sheet::FormulaToken>;
+
+constexpr const char* kLostReference = "#REF!";
+/// Calc's operation code for text that its parser did not understand.
+constexpr sal_Int32 kBadOperation = 14;
+
+/// Creates a parser for the notation of the file format: commas between arguments and English names,
+/// regardless of the locale.
+Reference<css::sheet::XFormulaParser> makeParser(CalcContent& content) {
+    const Reference<css::sheet::XFormulaParser> parser(
+        content.factory()->createInstance("com.sun.star.sheet.FormulaParser"), UNO_QUERY_THROW);
+    const Reference<css::beans::XPropertySet> properties(parser, UNO_QUERY_THROW);
+    const sal_Int16 convention = css::sheet::AddressConvention::XL_OOX;
+    properties->setPropertyValue("FormulaConvention", css::uno::Any(convention));
+    properties->setPropertyValue("CompileEnglish", css::uno::Any(true));
+    return parser;
+}
+
+[[noreturn]] void raiseNotAFormula(const std::string& formula) {
+    throw AutomationError(kApplicationDefined, "'" + formula + "' is no formula.");
+}
+
+/// Parses Excel's notation, with "=" before it. A reference without a sheet refers to the active one. Raises
+/// kApplicationDefined for a text that is not a formula.
+CalcNameContent parseNameFormula(CalcContent& content, const std::string& refersToLocal) {
+    if (refersToLocal.size() < 2 || refersToLocal.front() != '=') raiseNotAFormula(refersToLocal);
+    const std::string formula = refersToLocal.substr(1);
+    if (excel::parseArea(formula)) {
+        return referenceOnSheet(content.sheet(content.activeSheet()).name(), formula);
+    }
+    if (findIgnoringAsciiCase(formula, kLostReference) != std::string::npos) return kLostReference;
+    content.pending().flush();
+    Tokens tokens =
+        content.connection().call([&] { return makeParser(content)->parseFormula(toUno(formula), {}); });
+    const auto isBad = [](const css::sheet::FormulaToken& token) { return token.OpCode == kBadOperation; };
+    if (!tokens.hasElements() || std::any_of(tokens.begin(), tokens.end(), isBad))
+        raiseNotAFormula(refersToLocal);
+    return tokens;
+}
+
+/// Returns the content of a name in Excel's notation, with "=" before it. Calc prints an invalid reference as
+/// an empty text.
+std::string nameFormulaOf(CalcContent& content, const Reference<css::sheet::XNamedRange>& name) {
+    return content.connection().call([&] {
+        const std::string own = fromUno(name->getContent());
+        if (findIgnoringAsciiCase(own, kLostReference) != std::string::npos)
+            return "=" + std::string(kLostReference);
+        const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
+        const OUString formula =
+            makeParser(content)->printFormula(tokens->getTokens(), name->getReferencePosition());
+        return "=" + fromUno(formula);
+    });
+}
+
+class CalcDefinedName final : public excel::DefinedName {
+  public:
+    CalcDefinedName(CalcContentPtr content, std::size_t index)
+        : content_(std::move(content)), index_(index) {}
+
+    std::string Name() override;
+    /// Calc reads hidden names, but its API does not say that they are hidden.
+    bool Visible() override { return true; }
+    std::string RefersToLocal() override;
+    void SetRefersToLocal(const std::string& formula) override;
+    excel::RangePtr RefersToRange() override;
+
+  private:
+    [[nodiscard]] const CalcNameIndex::Entry& entry() const { return content_->names().entries().at(index_); }
+    [[nodiscard]] Reference<css::sheet::XNamedRange> uno() const;
+
+    CalcContentPtr content_;
+    std::size_t index_;
+};
+
+std::string CalcDefinedName::Name() {
+    const CalcNameIndex::Entry& name = entry();
+    if (name.sheet == CalcNameIndex::kDocument) return name.name;
+    return content_->sheet(static_cast<std::size_t>(name.sheet)).name() + "!" + name.name;
+}
+
+Reference<css::sheet::XNamedRange> CalcDefinedName::uno() const {
+    return content_->connection().call([&] {
+        const Reference<css::sheet::XNamedRanges> names = content_->namesOf(entry().sheet);
+        return Reference<css::sheet::XNamedRange>(names->getByName(toUno(entry().name)), UNO_QUERY_THROW);
+    });
+}
+
+std::string CalcDefinedName::RefersToLocal() {
+    return nameFormulaOf(*content_, uno());
+}
+
+void CalcDefinedName::SetRefersToLocal(const std::string& formula) {
+    const CalcNameContent meaning = parseNameFormula(*content_, formula);
+    const Reference<css::sheet::XNamedRange> name = uno();
+    content_->touch();
+    content_->connection().call([&] {
+        const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
+        content_->undo().record([&connection = content_->connection(), tokens, former = tokens->getTokens()] {
+            connection.call([&] { tokens->setTokens(former); });
+        });
+        if (const auto* const text = std::get_if<std::string>(&meaning))
+            return name->setContent(toUno(*text));
+        tokens->setTokens(std::get<css::uno::Sequence<css::sheet::FormulaToken>>(meaning));
+    });
+}
+
+excel::RangePtr CalcDefinedName::RefersToRange() {
+    const Reference<css::sheet::XNamedRange> name = uno();
+    css::table::CellRangeAddress address;
+    const bool found = content_->connection().call([&] {
+        const Reference<css::sheet::XCellRangeReferrer> referrer(name, UNO_QUERY_THROW);
+        const Reference<css::sheet::XCellRangeAddressable> cells(referrer->getReferredCells(), UNO_QUERY);
+        if (cells.is()) address = cells->getRangeAddress();
+        return cells.is();
+    });
+    if (!found) {
+        throw AutomationError(kApplicationDefined, "The name '" + Name() + "' does not stand for cells.");
+    }
+    return calcRangeOf(content_, static_cast<std::size_t>(address.Sheet), areaOf(address));
+}
+
+[[noreturn]] void raiseInvalidName(const std::string& name) {
     throw AutomationError(kApplicationDefined, "'" + name + "' cannot be the name of cells.");
 }
 
-/// The one cell of the active sheet to which a formula leads; none for other formulas.
+/// Returns the one cell of the active sheet to which a formula refers; none for other formulas.
 std::optional<excel::CellPosition> cellMeantBy(const std::string& refersToLocal) {
     if (refersToLocal.empty() || refersToLocal.front() != '=') return {};
     const std::string_view address = std::string_view(refersToLocal).substr(1);
@@ -25,7 +161,7 @@ std::optional<excel::CellPosition> cellMeantBy(const std::string& refersToLocal)
     return cell;
 }
 
-/// What a name stands for until a parsed formula is handed over.
+/// The content of a new name until a parsed formula is set.
 constexpr const char* kPreliminary = "0";
 
 }  // namespace
@@ -40,7 +176,7 @@ excel::DefinedNamePtr CalcNames::Item(const std::string& name) {
     return std::make_shared<CalcDefinedName>(content_, *index);
 }
 
-/// A table's name is taken, although it is none of the names that can be got.
+/// A table's name is in use too, although Item() does not return it.
 bool CalcNames::Exists(const std::string& name) {
     return find(name) || content_->names().isTableName(name);
 }
@@ -57,14 +193,14 @@ excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string&
         defined->SetRefersToLocal(refersToLocal);
         return defined;
     }
-    // Calc takes some names that Excel refuses, and which ones depends on what it did before.
-    if (!excel::isDefinedName(name)) refuseName(name);
+    // Calc accepts some names that Excel rejects, and which ones depends on its former operations.
+    if (!excel::isDefinedName(name)) raiseInvalidName(name);
     const std::optional<excel::CellPosition> cell = cellMeantBy(refersToLocal);
-    if (!cell || !CalcPending::mayWait(name)) return define(name, refersToLocal);
+    if (!cell || !CalcPending::canWait(name)) return define(name, refersToLocal);
     const std::size_t sheet = content_->activeSheet();
     content_->touch();
     content_->names().append(name, CalcNameIndex::kDocument);
-    content_->undo().keep([content = content_.get()] { content->names().removeLast(); });
+    content_->undo().record([content = content_.get()] { content->names().removeLast(); });
     content_->pending().addName(sheet, *cell, name);
     return std::make_shared<CalcDefinedName>(content_, content_->names().entries().size() - 1);
 }
@@ -79,13 +215,13 @@ excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::stri
         } catch (const css::lang::DisposedException&) {
             throw;
         } catch (const css::uno::RuntimeException&) {
-            refuseName(name);
+            raiseInvalidName(name);
         }
     });
     content_->touch();
     CalcNameIndex& index = content_->names();
     index.append(name, CalcNameIndex::kDocument);
-    content_->undo().keep([content = content_.get(), name] {
+    content_->undo().record([content = content_.get(), name] {
         content->connection().call(
             [&] { content->namesOf(CalcNameIndex::kDocument)->removeByName(toUno(name)); });
         content->names().removeLast();

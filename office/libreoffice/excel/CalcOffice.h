@@ -8,7 +8,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// A running office in Excel's part. The file store has to outlive it.
+/// Starts the object model of a running office in the role of Excel. The file store must outlive it.
 excel::ApplicationPtr makeExcelApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files);
 
 }  // namespace mergeloom::libreoffice

@@ -1,10 +1,7 @@
 #include "office/libreoffice/excel/CalcPending.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcAddress.h"
-#include "office/libreoffice/excel/CalcBlocks.h"
 #include "office/libreoffice/excel/CalcCells.h"
-#include "office/libreoffice/excel/CalcFormerCells.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -18,10 +15,44 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// So that what waits does not fill the memory.
-constexpr std::size_t kMostThatWait = 50'000;
+/// Returns runs of adjacent cells, row by row.
+std::vector<excel::CellArea> runsOf(const std::map<excel::CellPosition, std::string>& texts) {
+    std::vector<excel::CellArea> runs;
+    for (const auto& [cell, text] : texts) {
+        const bool continues =
+            !runs.empty() && runs.back().last == excel::CellPosition{cell.row, cell.column - 1};
+        if (continues) {
+            runs.back().last = cell;
+        } else {
+            runs.push_back({cell, cell});
+        }
+    }
+    return runs;
+}
 
-/// Writes a rectangle of texts in one call. Within a call.
+/// Returns rectangles that contain each of the cells once and no others: runs of adjacent cells, joined with
+/// equal runs in the rows below.
+std::vector<excel::CellArea> blocksOf(const std::map<excel::CellPosition, std::string>& texts) {
+    std::vector<excel::CellArea> blocks;
+    std::map<std::pair<int, int>, std::size_t> lastOfColumns;
+    for (const excel::CellArea& run : runsOf(texts)) {
+        const auto [found, isNew] =
+            lastOfColumns.try_emplace({run.first.column, run.last.column}, blocks.size());
+        const bool isBelow = !isNew && blocks[found->second].last.row == run.first.row - 1;
+        if (isBelow) {
+            blocks[found->second].last = run.last;
+        } else {
+            found->second = blocks.size();
+            blocks.push_back(run);
+        }
+    }
+    return blocks;
+}
+
+/// Limits the memory that pending changes take.
+constexpr std::size_t kMaxPending = 50'000;
+
+/// Writes a rectangle of texts at once. Must run within a call.
 template <typename TextOf>
 void write(const Reference<css::sheet::XSpreadsheet>& sheet, const excel::CellArea& area,
            const TextOf& textOf) {
@@ -63,37 +94,38 @@ void CalcPending::setText(std::size_t index, const excel::CellPosition& cell, co
     auto& texts = sheets_.at(index).texts;
     const auto found = texts.find(cell);
     if (found == texts.end()) {
-        undo_.keep([this, index, cell] { sheets_[index].texts.erase(cell); });
+        undo_.record([this, index, cell] { sheets_[index].texts.erase(cell); });
     } else {
-        undo_.keep([this, index, cell, former = found->second] { sheets_[index].texts[cell] = former; });
+        undo_.record([this, index, cell, former = found->second] { sheets_[index].texts[cell] = former; });
     }
     texts[cell] = text;
-    if (++waiting_ >= kMostThatWait) settle();
+    if (++waiting_ >= kMaxPending) flush();
 }
 
-/// Four letters at the front are no column in any notation.
-bool CalcPending::mayWait(const std::string& name) {
-    constexpr std::size_t kMoreThanColumn = 4;
-    return name.size() >= kMoreThanColumn && std::ranges::all_of(name.substr(0, kMoreThanColumn), isLetter) &&
+/// Names that begin with four letters cannot be references in any notation.
+bool CalcPending::canWait(const std::string& name) {
+    constexpr std::size_t kLettersBeyondColumns = 4;
+    return name.size() >= kLettersBeyondColumns &&
+           std::ranges::all_of(name.substr(0, kLettersBeyondColumns), isLetter) &&
            std::ranges::all_of(name, isOfName);
 }
 
 void CalcPending::addName(std::size_t index, const excel::CellPosition& cell, const std::string& name) {
-    undo_.keep([this, index, name] {
+    undo_.record([this, index, name] {
         std::erase_if(sheets_[index].names, [&](const Name& other) { return other.name == name; });
     });
     sheets_.at(index).names.push_back({cell, name});
-    if (++waiting_ >= kMostThatWait) settle();
+    if (++waiting_ >= kMaxPending) flush();
 }
 
-void CalcPending::settle() {
+void CalcPending::flush() {
     if (waiting_ == 0) return;
     waiting_ = 0;
     connection_.call([&] {
         for (std::size_t index = 0; index < sheets_.size(); ++index) {
-            // The names first: they make use of cells that the texts are written over.
+            // Names come first: they need cells that the texts then overwrite.
             const auto texts = std::exchange(sheets_[index].texts, {});
-            keepFormer(index, texts);
+            recordFormer(index, texts);
             defineNames(index, std::exchange(sheets_[index].names, {}), texts);
             for (const excel::CellArea& block : blocksOf(texts))
                 write(sheets_[index].cells, block,
@@ -102,20 +134,20 @@ void CalcPending::settle() {
     });
 }
 
-/// The way back leads to what the document held, with the texts waiting again.
-void CalcPending::keepFormer(std::size_t index, const Texts& texts) {
-    if (!undo_.mayTakeBack() || texts.empty()) return;
+/// The undo action restores the document's contents and makes the texts pending again.
+void CalcPending::recordFormer(std::size_t index, const Texts& texts) {
+    if (!undo_.canUndo() || texts.empty()) return;
     std::vector<CalcFormerCells> former;
     for (const excel::CellArea& block : blocksOf(texts))
         former.emplace_back(sheets_[index].cells, block);
-    undo_.keepLater([this, index, texts, former = std::move(former)] {
+    undo_.recordLater([this, index, texts, former = std::move(former)] {
         connection_.call([&] { std::ranges::for_each(former, &CalcFormerCells::restore); });
         sheets_[index].texts = texts;
         waiting_ += texts.size();
     });
 }
 
-/// Names for cells below one another, left of which texts wait, can be had in one call.
+/// Names for adjacent cells of a column can be defined in one call if texts are pending to their left.
 void CalcPending::defineNames(std::size_t index, std::vector<Name> names, const Texts& texts) {
     const auto byColumn = [](const Name& name) { return std::tie(name.cell.column, name.cell.row); };
     std::ranges::stable_sort(names, {}, byColumn);
@@ -135,7 +167,7 @@ void CalcPending::defineNames(std::size_t index, std::vector<Name> names, const 
     }
 }
 
-/// Calc makes names of titles beside the cells, going through its names but once.
+/// Calc creates names from titles beside the cells, which traverses its names only once.
 void CalcPending::defineBesideTitles(std::size_t index, const std::vector<Name>& names) {
     const excel::CellArea titles{leftOf(names.front().cell), leftOf(names.back().cell)};
     const Reference<css::container::XIndexAccess> defined(names_, UNO_QUERY_THROW);
@@ -147,19 +179,19 @@ void CalcPending::defineBesideTitles(std::size_t index, const std::vector<Name>&
     if (defined->getCount() != expected)
         throw AutomationError(kCommandFailed, "LibreOffice could not do it: names were not accepted.");
     for (const Name& name : names)
-        keepDefined(index, name);
+        recordDefined(index, name);
 }
 
 void CalcPending::defineOne(std::size_t index, const Name& name) {
     const std::string reference =
         referenceOnSheet(sheets_[index].name, excel::absoluteAddressOf({name.cell, name.cell}));
     names_->addNewByName(toUno(name.name), toUno(reference), {}, 0);
-    keepDefined(index, name);
+    recordDefined(index, name);
 }
 
-void CalcPending::keepDefined(std::size_t index, const Name& name) {
-    if (!undo_.mayTakeBack()) return;
-    undo_.keepLater([this, index, name] {
+void CalcPending::recordDefined(std::size_t index, const Name& name) {
+    if (!undo_.canUndo()) return;
+    undo_.recordLater([this, index, name] {
         connection_.call([&] { names_->removeByName(toUno(name.name)); });
         sheets_[index].names.push_back(name);
         ++waiting_;

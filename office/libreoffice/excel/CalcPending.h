@@ -12,28 +12,29 @@
 
 namespace mergeloom::libreoffice {
 
-/// Texts of cells, and names for single cells, that the document is to get. They wait here until something
-/// asks the document for what may hang on them, or saves it, and then go over the line in few calls: a call
-/// for each place costs a mapping most of its time, and Calc goes through all names with each one added.
+/// Pending changes of the document: texts of cells and names for single cells. They are collected until
+/// something that may depend on them is queried, or the document is saved, and then written in few calls. A
+/// call for each place would take most of a mapping's time, and Calc traverses all names for each one that is
+/// added.
 class CalcPending {
   public:
     CalcPending(OfficeConnection& connection, CalcUndo& undo) : connection_(connection), undo_(undo) {}
     CalcPending(const CalcPending&) = delete;
     CalcPending& operator=(const CalcPending&) = delete;
 
-    /// The document's sheets in their order, and the names of the workbook.
+    /// Sets the document's sheets in their order, and the names of the workbook.
     void addSheet(const Reference<css::sheet::XSpreadsheet>& cells, const std::string& name);
     void setNames(const Reference<css::sheet::XNamedRanges>& names) { names_ = names; }
 
-    /// The cell takes texts. A recorded step takes it back.
+    /// Sets the text of a cell that may be written. A recorded step can undo it.
     void setText(std::size_t sheet, const excel::CellPosition& cell, const std::string& text);
-    /// Returns whether a name of cells may wait: Calc has to be certain to accept it unchanged.
-    [[nodiscard]] static bool mayWait(const std::string& name);
-    /// The name may wait and is free. A recorded step takes it back.
+    /// Returns true if a name may be pending: Calc must be certain to accept it unchanged.
+    [[nodiscard]] static bool canWait(const std::string& name);
+    /// Adds a name for a cell; it must be free and canWait() true. A recorded step can undo it.
     void addName(std::size_t sheet, const excel::CellPosition& cell, const std::string& name);
 
-    /// Hands over what waits. No change of its own: steps can be taken back afterwards as before.
-    void settle();
+    /// Writes all pending changes. This is not a change of its own: steps can be undone afterwards as before.
+    void flush();
 
   private:
     struct Name {
@@ -48,17 +49,17 @@ class CalcPending {
         std::vector<Name> names;
     };
 
-    void keepFormer(std::size_t index, const Texts& texts);
+    void recordFormer(std::size_t index, const Texts& texts);
     void defineNames(std::size_t index, std::vector<Name> names, const Texts& texts);
     void defineBesideTitles(std::size_t index, const std::vector<Name>& names);
     void defineOne(std::size_t index, const Name& name);
-    void keepDefined(std::size_t index, const Name& name);
+    void recordDefined(std::size_t index, const Name& name);
 
     OfficeConnection& connection_;
     CalcUndo& undo_;
     Reference<css::sheet::XNamedRanges> names_;
     std::vector<Sheet> sheets_;
-    std::size_t waiting_ = 0;  ///< at least as many as wait
+    std::size_t waiting_ = 0;  ///< an upper limit of the number of pending changes
 };
 
 }  // namespace mergeloom::libreoffice

@@ -1,10 +1,10 @@
 #include "office/libreoffice/excel/CalcRange.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcColumns.h"
 #include "office/libreoffice/excel/CalcSizes.h"
 #include "office/libreoffice/excel/CalcTexts.h"
 #include "office/libreoffice/excel/CalcWorksheet.h"
+#include "office/model/excel/Columns.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,6 +12,20 @@
 namespace mergeloom::libreoffice {
 
 namespace {
+
+class CalcColumns final : public excel::Columns {
+  public:
+    CalcColumns(CalcContentPtr content, std::size_t sheet, const excel::CellArea& area)
+        : content_(std::move(content)), sheet_(sheet), area_(area) {}
+
+    int Count() override { return area_.columns(); }
+    void AutoFit() override { fitColumns(*content_, sheet_, area_); }
+
+  private:
+    CalcContentPtr content_;
+    std::size_t sheet_;
+    excel::CellArea area_;
+};
 
 class CalcRows final : public excel::Counted {
   public:
@@ -22,7 +36,7 @@ class CalcRows final : public excel::Counted {
     int count_;
 };
 
-/// The sum of two numbers that may come from a caller's mistake.
+/// Returns the sum of two numbers, bounded because a caller may pass any number.
 int sum(int a, int b) {
     return static_cast<int>(
         std::clamp<std::int64_t>(std::int64_t{a} + b, -excel::kLastRow, std::int64_t{2} * excel::kLastRow));

@@ -11,7 +11,7 @@ namespace mergeloom::libreoffice {
 
 class CalcRange final : public excel::Range {
   public:
-    /// The area lies in the sheet.
+    /// The area must be within the sheet.
     CalcRange(CalcContentPtr content, std::size_t sheet, const excel::CellArea& area)
         : content_(std::move(content)), sheet_(sheet), area_(area) {}
 
@@ -53,7 +53,7 @@ class CalcRange final : public excel::Range {
     excel::CellArea area_;
 };
 
-/// Raises kApplicationDefined for an area that leads out of the sheet.
+/// Returns the range of an area. Raises kApplicationDefined if the area exceeds the sheet.
 excel::RangePtr calcRangeOf(const CalcContentPtr& content, std::size_t sheet, const excel::CellArea& area);
 
 }  // namespace mergeloom::libreoffice

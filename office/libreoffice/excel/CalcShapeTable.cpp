@@ -16,7 +16,7 @@ void setName(const CalcShapeEntry& entry, const std::string& name) {
     Reference<css::container::XNamed>(entry.shape, UNO_QUERY_THROW)->setName(toUno(name));
 }
 
-// The SDK calls the interface deprecated, but a sheet has no other one that leads to its page.
+// The SDK calls the interface deprecated, but a sheet has no other one for its drawing page.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 Reference<css::drawing::XDrawPage> pageOf(const Reference<css::sheet::XSpreadsheet>& sheet) {
@@ -69,14 +69,14 @@ void CalcShapeTable::hide(const CalcShapeEntryPtr& entry) {
     unlist(entry);
 }
 
-void CalcShapeTable::showAgain(const CalcShapeEntryPtr& entry, std::size_t position) {
+void CalcShapeTable::restore(const CalcShapeEntryPtr& entry, std::size_t position) {
     connection_.call([&] { setVisible(*entry, true); });
     list(entry, std::min(position, all_.size()));
 }
 
 void CalcShapeTable::remove(const CalcShapeEntryPtr& entry) {
     connection_.call([&] { page_->remove(entry->shape); });
-    if (!entry->isGone) unlist(entry);
+    if (!entry->isDeleted) unlist(entry);
 }
 
 std::size_t CalcShapeTable::positionOf(const CalcShapeEntryPtr& entry) const {
@@ -84,13 +84,13 @@ std::size_t CalcShapeTable::positionOf(const CalcShapeEntryPtr& entry) const {
 }
 
 void CalcShapeTable::list(const CalcShapeEntryPtr& entry, std::size_t position) {
-    entry->isGone = false;
+    entry->isDeleted = false;
     all_.insert(all_.begin() + static_cast<std::ptrdiff_t>(position), entry);
     byName_.emplace(foldCase(entry->name), entry);
 }
 
 void CalcShapeTable::unlist(const CalcShapeEntryPtr& entry) {
-    entry->isGone = true;
+    entry->isDeleted = true;
     std::erase(all_, entry);
     const auto [first, last] = byName_.equal_range(foldCase(entry->name));
     const auto found =

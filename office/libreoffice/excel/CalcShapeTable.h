@@ -13,31 +13,31 @@
 
 namespace mergeloom::libreoffice {
 
-/// One shape of a sheet. Its name is kept on this side, since shapes are looked for by their names.
+/// A shape of a sheet. Its name is cached, since shapes are found by their names.
 struct CalcShapeEntry {
     Reference<css::drawing::XShape> shape;
     std::string name;
-    bool isGone = false;
+    bool isDeleted = false;
 };
 
 using CalcShapeEntryPtr = std::shared_ptr<CalcShapeEntry>;
 
-/// The shapes of a sheet from back to front, read once. What a step deleted is hidden for as long as the step
-/// can be taken back, since UNO cannot put a removed shape back.
+/// The shapes of a sheet from back to front, read once. A shape that a step deleted is only hidden as long as
+/// the step can be undone, since UNO cannot restore a removed shape.
 class CalcShapeTable {
   public:
     CalcShapeTable(OfficeConnection& connection, const Reference<css::sheet::XSpreadsheet>& sheet);
 
-    /// Those that are not gone.
+    /// Returns the shapes that are not deleted.
     [[nodiscard]] const std::vector<CalcShapeEntryPtr>& all() const { return all_; }
-    /// The first one of that name, letter case aside; none when there is none.
+    /// Returns the first shape of that name, ignoring case; null if there is none.
     [[nodiscard]] CalcShapeEntryPtr find(const std::string& name) const;
 
     CalcShapeEntryPtr append(const Reference<css::drawing::XShape>& shape);
     void rename(const CalcShapeEntryPtr& entry, const std::string& name);
     void hide(const CalcShapeEntryPtr& entry);
-    void showAgain(const CalcShapeEntryPtr& entry, std::size_t position);
-    /// Removes the shape for good.
+    void restore(const CalcShapeEntryPtr& entry, std::size_t position);
+    /// Removes the shape permanently.
     void remove(const CalcShapeEntryPtr& entry);
     [[nodiscard]] std::size_t positionOf(const CalcShapeEntryPtr& entry) const;
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "office/libreoffice/excel/CalcContent.h"
+#include "office/model/excel/Pictures.h"
 #include "office/model/excel/Shapes.h"
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -20,6 +22,17 @@ class CalcShapes final : public excel::Shapes {
   private:
     [[nodiscard]] CalcShapeTable& table() const { return content_->sheet(sheet_).shapes(); }
 
+    CalcContentPtr content_;
+    std::size_t sheet_;
+};
+
+class CalcPictures final : public excel::Pictures {
+  public:
+    CalcPictures(CalcContentPtr content, std::size_t sheet) : content_(std::move(content)), sheet_(sheet) {}
+
+    excel::PicturePtr Insert(const std::string& fileName) override;
+
+  private:
     CalcContentPtr content_;
     std::size_t sheet_;
 };

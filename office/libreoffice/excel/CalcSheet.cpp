@@ -1,7 +1,6 @@
 #include "office/libreoffice/excel/CalcSheet.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcAddress.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -16,14 +15,20 @@
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/util/CellProtection.hpp>
+#include <com/sun/star/util/XMergeable.hpp>
 #include <com/sun/star/util/XProtectable.hpp>
-#include <utility>
 
 namespace mergeloom::libreoffice {
 
 namespace {
 
-[[noreturn]] void refuseChange(const std::string& sentence) {
+constexpr int kRowsOfBlock = 64;
+
+bool isMerged(const Reference<css::uno::XInterface>& cells) {
+    return Reference<css::util::XMergeable>(cells, UNO_QUERY_THROW)->getIsMerged();
+}
+
+[[noreturn]] void raiseNotAllowed(const std::string& sentence) {
     throw AutomationError(kApplicationDefined, sentence);
 }
 
@@ -37,6 +42,46 @@ bool touches(const std::vector<excel::CellArea>& areas, const excel::CellArea& a
 }
 
 }  // namespace
+
+bool CalcMergedCells::exist() {
+    if (!exist_) exist_ = connection_.call([&] { return isMerged(sheet_); });
+    return *exist_;
+}
+
+bool CalcMergedCells::existIn(const excel::CellArea& area) {
+    if (!exist()) return false;
+    if (extended(area) != area) return true;
+    return connection_.call([&] { return isMerged(rangeOf(sheet_, area)); });
+}
+
+excel::CellArea CalcMergedCells::at(const excel::CellPosition& cell) {
+    const excel::CellArea single{cell, cell};
+    if (!exist() || !existInBlock(cell.row)) return single;
+    const auto [found, isNew] = known_.try_emplace(cell, single);
+    if (isNew) found->second = extended(single);
+    return found->second;
+}
+
+bool CalcMergedCells::existInBlock(int row) {
+    const int first = (row - 1) / kRowsOfBlock * kRowsOfBlock + 1;
+    const auto [found, isNew] = blocks_.try_emplace(first, true);
+    if (isNew) {
+        const int last = std::min(excel::kLastRow, first + kRowsOfBlock - 1);
+        found->second = existIn({{first, 1}, {last, excel::kLastColumn}});
+    }
+    return found->second;
+}
+
+/// Returns the smallest area around this one that does not cut merged cells.
+excel::CellArea CalcMergedCells::extended(const excel::CellArea& area) {
+    return connection_.call([&] {
+        const Reference<css::sheet::XSheetCellRange> cells(rangeOf(sheet_, area), UNO_QUERY_THROW);
+        const Reference<css::sheet::XSheetCellCursor> cursor(sheet_->createCursorByRange(cells));
+        cursor->collapseToMergedArea();
+        const Reference<css::sheet::XCellRangeAddressable> address(cursor, UNO_QUERY_THROW);
+        return areaOf(address->getRangeAddress());
+    });
+}
 
 CalcSheet::CalcSheet(OfficeConnection& connection, CalcPending& pending,
                      const Reference<css::sheet::XSpreadsheet>& sheet, std::string name,
@@ -70,7 +115,7 @@ bool CalcSheet::isProtected() {
 
 void CalcSheet::checkMayChange(const char* what) {
     if (isProtected())
-        refuseChange("The sheet '" + name_ + "' is protected: its " + what + " cannot be changed.");
+        raiseNotAllowed("The sheet '" + name_ + "' is protected: its " + what + " cannot be changed.");
 }
 
 void CalcSheet::checkMayWrite(const excel::CellArea& area) {
@@ -78,24 +123,24 @@ void CalcSheet::checkMayWrite(const excel::CellArea& area) {
     const std::string what =
         (isOne ? "The cell " : "A cell of ") + absoluteAddressOf(area) + " of the sheet '" + name_ + "' ";
     if (isProtected() && isLocked(area)) {
-        refuseChange(what + "is protected. Take the sheet's protection off first.");
+        raiseNotAllowed(what + "is protected. Take the sheet's protection off first.");
     }
     if (hasArray(area))
-        refuseChange(what + "is part of an array formula, which can only be changed as a whole.");
-    if (hasPivotTable(area)) refuseChange(what + "is part of a pivot table.");
+        raiseNotAllowed(what + "is part of an array formula, which can only be changed as a whole.");
+    if (hasPivotTable(area)) raiseNotAllowed(what + "is part of a pivot table.");
 }
 
 Reference<css::table::XCell> CalcSheet::cell(const excel::CellPosition& cell) const {
-    pending_.settle();
+    pending_.flush();
     return cellOf(sheet_, cell);
 }
 
 Reference<css::table::XCellRange> CalcSheet::range(const excel::CellArea& area) const {
-    pending_.settle();
+    pending_.flush();
     return rangeOf(sheet_, area);
 }
 
-/// Of cells that differ UNO says nothing; then one of them is locked.
+/// UNO returns no value for cells that differ; then at least one of them is locked.
 bool CalcSheet::isLocked(const excel::CellArea& area) {
     return connection_.call([&] {
         const Reference<css::beans::XPropertySet> properties(rangeOf(sheet_, area), UNO_QUERY_THROW);
@@ -110,7 +155,7 @@ bool CalcSheet::hasArray(const excel::CellArea& area) {
     for (const excel::CellArea& formula : formulas()) {
         const std::optional<excel::CellArea> common = intersection(formula, area);
         if (!common) continue;
-        // Where several formulas stand side by side the cursor finds the array of the first cell only.
+        // For several adjacent formulas the cursor finds the array of the first cell only.
         for (excel::CellPosition cell = common->first; cell.row <= common->last.row; ++cell.row) {
             for (cell.column = common->first.column; cell.column <= common->last.column; ++cell.column) {
                 const excel::CellArea array = connection_.call([&] {
@@ -131,7 +176,7 @@ bool CalcSheet::hasPivotTable(const excel::CellArea& area) {
     return touches(pivotTables(), area);
 }
 
-/// Cells that hold formulas become fewer only, as nothing here writes one.
+/// The cells with formulas can only become fewer, since the object model writes no formulas.
 const std::vector<excel::CellArea>& CalcSheet::formulas() {
     if (formulas_) return *formulas_;
     formulas_.emplace();

@@ -19,7 +19,7 @@ using css::xml::dom::XNodeList;
 
 constexpr std::string_view kWorksheet = "worksheet";
 
-/// The namespaces of the two kinds of conformance.
+/// The namespaces of the two conformance classes.
 struct Namespaces {
     const char* sheets;
     const char* relationships;
@@ -31,7 +31,7 @@ constexpr Namespaces kNamespaces[] = {
      "http://purl.oclc.org/ooxml/officeDocument/relationships"},
 };
 
-/// The ids of the relationships that lead to the sheets, in their order.
+/// Returns the ids of the relationships to the sheets, in the order of the sheets.
 std::vector<std::string> sheetIdsIn(OfficeConnection& connection,
                                     const Reference<css::io::XInputStream>& workbook) {
     const auto document = css::xml::dom::DocumentBuilder::create(connection.context())->parse(workbook);
@@ -75,7 +75,7 @@ std::vector<CalcSheetKind> sheetKindsOf(OfficeConnection& connection, const Docu
         return readKinds(connection, url);
     });
 } catch (const AutomationError& error) {
-    // Not a package, which is how all other formats answer.
+    // Files of all other formats are not packages.
     if (error.number() == kNotAvailable) throw;
     return {};
 }

@@ -6,20 +6,20 @@
 #include <com/sun/star/awt/Size.hpp>
 #include <cstddef>
 
-/// Where cells lie on a sheet and how large they are.
+/// The places and sizes of cells on a sheet.
 namespace mergeloom::libreoffice {
 
-/// 0 for a hidden column.
+/// Returns the width of a column; 0 for a hidden one.
 ColumnWidth columnWidth(CalcContent& content, std::size_t sheet, int column);
 Points rowHeight(CalcContent& content, std::size_t sheet, int row);
-/// Rounded to whole pixels. These raise kApplicationDefined for a protected sheet and for sizes that a column
-/// or row cannot have.
+/// Both round to whole pixels. They raise kApplicationDefined for a protected sheet and for sizes that a
+/// column or row cannot have.
 void setColumnWidth(CalcContent& content, std::size_t sheet, const excel::CellArea& area, ColumnWidth width);
 void setRowHeight(CalcContent& content, std::size_t sheet, const excel::CellArea& area, Points height);
-/// Makes each column as wide as the widest text of the area's cells in it; an empty one stays.
+/// Fits each column to the widest text of the area's cells in it; an empty one keeps its width.
 void fitColumns(CalcContent& content, std::size_t sheet, const excel::CellArea& area);
 
-/// In UNO's unit.
+/// Return the place and the size of cells in UNO's unit.
 css::awt::Point cellPlace(CalcContent& content, std::size_t sheet, const excel::CellPosition& cell);
 css::awt::Size blockSize(CalcContent& content, std::size_t sheet, const excel::CellArea& area);
 

@@ -2,7 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/libreoffice/excel/CalcFormerCells.h"
+#include "office/libreoffice/excel/CalcCells.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -18,10 +18,10 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kLongestCellText{32767};
-/// A whole column may be filled; a whole sheet fits in no memory.
-constexpr std::int64_t kMostCellsFilled = excel::kLastRow;
-/// How many cells go over the line at once.
+constexpr CharacterCount kMaxCellText{32767};
+/// Filling a whole column is allowed; a whole sheet would not fit into memory.
+constexpr std::int64_t kMaxFilledCells = excel::kLastRow;
+/// The number of cells that are written in one call.
 constexpr std::int64_t kCellsAtOnce = 20'000;
 
 std::string writtenNumber(double number) {
@@ -50,19 +50,19 @@ void setBlock(const CalcSheet& sheet, const excel::CellArea& area, const std::st
     Reference<css::sheet::XCellRangeData>(sheet.range(area), UNO_QUERY_THROW)->setDataArray(rows);
 }
 
-/// Keeps what the cells of an area hold for the step that is being recorded.
-void keepCells(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area) {
+/// Records the contents of an area's cells in the current step.
+void recordCells(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area) {
     if (!content.undo().isRecording()) return;
     const CalcFormerCells former =
         content.connection().call([&] { return CalcFormerCells(sheet.uno(), area); });
-    content.undo().keep(
+    content.undo().record(
         [&connection = content.connection(), former] { connection.call([&] { former.restore(); }); });
 }
 
 void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area,
                   const std::string& text) {
-    content.pending().settle();
-    keepCells(content, sheet, area);
+    content.pending().flush();
+    recordCells(content, sheet, area);
     const int height = static_cast<int>(std::max<std::int64_t>(1, kCellsAtOnce / area.columns()));
     for (excel::CellArea block = area; block.first.row <= area.last.row; block.first.row += height) {
         block.last.row = std::min(area.last.row, block.first.row + height - 1);
@@ -71,9 +71,9 @@ void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const excel::Cel
 }
 
 void check(CalcSheet& sheet, const excel::CellArea& area, const std::string& text) {
-    if (utf16Length(text) > kLongestCellText)
+    if (utf16Length(text) > kMaxCellText)
         throw AutomationError(kApplicationDefined, "A cell cannot hold a text of that length.");
-    if (std::int64_t{area.rows()} * area.columns() > kMostCellsFilled) {
+    if (std::int64_t{area.rows()} * area.columns() > kMaxFilledCells) {
         throw AutomationError(kApplicationDefined,
                               "The area " + absoluteAddressOf(area) + " has too many cells to fill.");
     }
@@ -93,7 +93,7 @@ std::string textOf(CalcContent& content, std::size_t sheet, const excel::CellPos
         sal_Int32 format = 0;
         properties->getPropertyValue("NumberFormat") >>= format;
         const double number = cell->getValue();
-        if (content.showsTruth(format)) return number != 0 ? "TRUE" : "FALSE";
+        if (content.showsBooleans(format)) return number != 0 ? "TRUE" : "FALSE";
         return writtenNumber(number);
     });
 }
@@ -104,7 +104,7 @@ void fill(CalcContent& content, std::size_t index, const excel::CellArea& area, 
     content.touch();
     if (area.first != area.last && !sheet.merged().exist()) return fillInBlocks(content, sheet, area, text);
     forEachCell(area, [&](const excel::CellPosition& cell) {
-        // What others cover keeps what it holds.
+        // Covered cells keep their contents.
         if (sheet.merged().at(cell).first == cell) content.pending().setText(index, cell, text);
     });
 }

@@ -1,8 +1,53 @@
 #include "office/libreoffice/excel/CalcUndo.h"
 
+#include "base/AutomationError.h"
+
 #include <com/sun/star/awt/AsyncCallback.hpp>
+#include <com/sun/star/document/UndoFailedException.hpp>
 
 namespace mergeloom::libreoffice {
+
+bool CalcUndoStep::undo() {
+    const std::lock_guard lock(mutex_);
+    if (undoActions_.isEmpty()) return false;
+    undoActions_.undo();
+    cleanups_.clear();
+    return true;
+}
+
+bool CalcUndoStep::cleanUp() {
+    const std::lock_guard lock(mutex_);
+    if (cleanups_.empty()) return false;
+    for (const auto& cleanup : std::exchange(cleanups_, {}))
+        cleanup();
+    undoActions_.clear();
+    return true;
+}
+
+void CalcUndoStep::drop() {
+    const std::lock_guard lock(mutex_);
+    undoActions_.clear();
+    cleanups_.clear();
+}
+
+void CalcUndoAction::undo() try {
+    if (!step_->undo()) throw css::document::UndoFailedException();
+    later_->addCallback(this, {});
+} catch (const AutomationError& error) {
+    css::document::UndoFailedException failure;
+    failure.Message = toUno(error.description());
+    throw failure;
+}
+
+void CalcUndoAction::redo() {
+    throw css::document::UndoFailedException();
+}
+
+void CalcUndoAction::notify(const css::uno::Any&) try {
+    manager_->clearRedo();
+} catch (const css::uno::Exception&) {
+    // The document is closed, or an undo is running, after which this is called again.
+}
 
 CalcUndo::CalcUndo(OfficeConnection& connection, const Reference<css::document::XUndoManager>& manager,
                    const Reference<css::frame::XModel>& model, UndoUser user)
@@ -10,18 +55,18 @@ CalcUndo::CalcUndo(OfficeConnection& connection, const Reference<css::document::
     if (user_ == UndoUser::Model) connection_.call([&] { manager_->lock(); });
 }
 
-/// The office may keep its list for longer.
+/// The office may keep its undo list for longer than this object lives.
 CalcUndo::~CalcUndo() {
-    for (const std::shared_ptr<CalcStep>& step : handedOver_)
+    for (const std::shared_ptr<CalcUndoStep>& step : officeSteps_)
         step->drop();
 }
 
 void CalcUndo::start(const std::string& name) {
     if (depth_++ > 0) return;
-    forget();
+    discard();
     name_ = name;
     connection_.call([&] {
-        if (user_ == UndoUser::Everybody) manager_->lock();
+        if (user_ == UndoUser::ModelAndUser) manager_->lock();
         model_->lockControllers();
     });
 }
@@ -30,38 +75,38 @@ void CalcUndo::stop() {
     if (depth_ == 0 || --depth_ > 0) return;
     connection_.call([&] {
         model_->unlockControllers();
-        if (user_ == UndoUser::Everybody) handOver();
+        if (user_ == UndoUser::ModelAndUser) addToOfficeList();
     });
 }
 
-/// Makes the recorded step one of the office's list.
-void CalcUndo::handOver() {
+/// Adds the recorded step to the office's undo list.
+void CalcUndo::addToOfficeList() {
     manager_->unlock();
     wasEmpty_ = !hasStep_;
     hasStep_ = false;
     if (wasEmpty_) return;
-    handedOver_.push_back(
-        std::make_shared<CalcStep>(std::exchange(undoActions_, {}), std::exchange(cleanups_, {})));
+    officeSteps_.push_back(
+        std::make_shared<CalcUndoStep>(std::exchange(undoActions_, {}), std::exchange(cleanups_, {})));
     const auto later = css::awt::AsyncCallback::create(connection_.context());
-    manager_->addUndoAction(new CalcStepAction(name_, handedOver_.back(), manager_, later));
+    manager_->addUndoAction(new CalcUndoAction(name_, officeSteps_.back(), manager_, later));
 }
 
 void CalcUndo::change() {
-    if (depth_ == 0) forget();
+    if (depth_ == 0) discard();
     hasStep_ = depth_ > 0;
 }
 
-void CalcUndo::keep(std::function<void()> wayBack) {
-    if (depth_ > 0) undoActions_.add(std::move(wayBack));
+void CalcUndo::record(std::function<void()> undoAction) {
+    if (depth_ > 0) undoActions_.add(std::move(undoAction));
 }
 
-void CalcUndo::whenForgotten(std::function<void()> cleanup) {
+void CalcUndo::onDiscard(std::function<void()> cleanup) {
     cleanups_.push_back(std::move(cleanup));
 }
 
 bool CalcUndo::undo() {
     if (depth_ > 0) return false;
-    if (user_ == UndoUser::Everybody) return undoInOffice();
+    if (user_ == UndoUser::ModelAndUser) return undoInOffice();
     if (!hasStep_) return false;
     undoActions_.undo();
     cleanups_.clear();
@@ -69,7 +114,7 @@ bool CalcUndo::undo() {
     return true;
 }
 
-/// A record without changes is no step, and the user's own steps before it are none of its.
+/// A record without changes is not a step; undoing must not undo the user's own steps before it.
 bool CalcUndo::undoInOffice() {
     if (wasEmpty_) return false;
     return connection_.call([&] {
@@ -79,15 +124,15 @@ bool CalcUndo::undoInOffice() {
     });
 }
 
-void CalcUndo::removeWhatIsHidden() {
-    if (!cleanups_.empty()) forget();
+void CalcUndo::removeHiddenShapes() {
+    if (!cleanups_.empty()) discard();
     bool removed = false;
-    for (const std::shared_ptr<CalcStep>& step : handedOver_)
+    for (const std::shared_ptr<CalcUndoStep>& step : officeSteps_)
         removed = step->cleanUp() || removed;
     if (removed) connection_.call([&] { manager_->clear(); });
 }
 
-void CalcUndo::forget() {
+void CalcUndo::discard() {
     hasStep_ = false;
     undoActions_.clear();
     const auto cleanups = std::exchange(cleanups_, {});

@@ -1,7 +1,11 @@
 #include "office/libreoffice/excel/CalcUnits.h"
 
+#include "office/libreoffice/session/UnoText.h"
+
 #include <algorithm>
 #include <cmath>
+#include <com/sun/star/awt/Toolkit.hpp>
+#include <com/sun/star/awt/XFont.hpp>
 
 namespace mergeloom::libreoffice {
 
@@ -15,6 +19,13 @@ constexpr double kTwipsPerPixel = 15;
 template <typename Whole>
 Whole rounded(double value) {
     return static_cast<Whole>(std::lround(value));
+}
+
+constexpr sal_Int16 kLargePixels = 1000;
+constexpr double kPixelsPerPoint = 96.0 / 72.0;
+
+double scaled(sal_Int32 width, const CalcFont& font) {
+    return width * font.points * kPixelsPerPoint / kLargePixels;
 }
 
 }  // namespace
@@ -42,22 +53,22 @@ int pixelsOf(Points points) {
 CalcColumnUnits::CalcColumnUnits(double digitWidth)
     : digit_(std::max(1, rounded<int>(digitWidth))),
       padding_(2 * ((digit_ + 3) / 4) + 1),
-      stretch_(std::floor(digitWidth * kTwipsPerPixel) / kTwipsPerPixel / digit_) {}
+      scale_(std::floor(digitWidth * kTwipsPerPixel) / kTwipsPerPixel / digit_) {}
 
 int CalcColumnUnits::pixelsOf(sal_Int32 length) const {
-    return rounded<int>(length / kPerPixel / stretch_);
+    return rounded<int>(length / kPerPixel / scale_);
 }
 
 sal_Int32 CalcColumnUnits::lengthOf(int pixels) const {
-    return rounded<sal_Int32>(pixels * kPerPixel * stretch_);
+    return rounded<sal_Int32>(pixels * kPerPixel * scale_);
 }
 
 Points CalcColumnUnits::pointsOf(sal_Int32 length) const {
-    return {length / kPerPoint / stretch_};
+    return {length / kPerPoint / scale_};
 }
 
 sal_Int32 CalcColumnUnits::lengthOf(Points points) const {
-    return rounded<sal_Int32>(points.value * kPerPoint * stretch_);
+    return rounded<sal_Int32>(points.value * kPerPoint * scale_);
 }
 
 int CalcColumnUnits::pixelsOf(ColumnWidth width) const {
@@ -70,6 +81,33 @@ ColumnWidth CalcColumnUnits::widthOf(int pixels) const {
     const double one = digit_ + padding_;
     const double characters = pixels < one ? pixels / one : static_cast<double>(pixels - padding_) / digit_;
     return {std::round(characters * 100) / 100};
+}
+
+double CalcFonts::textWidth(const std::string& text, const CalcFont& font) {
+    return connection_.call([&] { return scaled(large(font)->getStringWidth(toUno(text)), font); });
+}
+
+double CalcFonts::digitWidth(const CalcFont& font) {
+    const css::uno::Sequence<sal_Int16> widths =
+        connection_.call([&] { return large(font)->getCharWidths('0', '9'); });
+    const sal_Int16 widest = *std::ranges::max_element(widths);
+    return scaled(widest, font);
+}
+
+const Reference<css::awt::XFont>& CalcFonts::large(const CalcFont& font) {
+    if (!device_.is()) {
+        const auto toolkit = css::awt::Toolkit::create(connection_.context());
+        device_ = toolkit->createScreenCompatibleDevice(1, 1);
+    }
+    Reference<css::awt::XFont>& found = fonts_[{font.name, font.weight}];
+    if (!found.is()) {
+        css::awt::FontDescriptor descriptor;
+        descriptor.Name = toUno(font.name);
+        descriptor.Height = kLargePixels;
+        descriptor.Weight = font.weight;
+        found = device_->getFont(descriptor);
+    }
+    return found;
 }
 
 }  // namespace mergeloom::libreoffice

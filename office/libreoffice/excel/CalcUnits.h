@@ -1,32 +1,39 @@
 #pragma once
 
 #include "base/Units.h"
+#include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/Uno.h"
 
 #include <sal/types.h>
 
+#include <com/sun/star/awt/XDevice.hpp>
+#include <map>
+#include <string>
+#include <tuple>
+
 namespace mergeloom::libreoffice {
 
-/// UNO's lengths are hundredths of a millimetre.
+/// Conversions of UNO's lengths, which are hundredths of a millimetre.
 [[nodiscard]] Points pointsOf(sal_Int32 length);
 [[nodiscard]] sal_Int32 lengthOf(Points points);
 [[nodiscard]] sal_Int32 lengthOfPixels(int pixels);
 [[nodiscard]] int pixelsOf(sal_Int32 length);
 [[nodiscard]] int pixelsOf(Points points);
 
-/// The measures across a sheet: pixels, what Excel shows as a column's width, and UNO's lengths. All hang on
-/// the digits of the workbook's default font (ECMA-376 Part 1, 18.3.1.13). Excel takes a digit in whole
-/// pixels, Calc in whole twips, in files that it reads as well as in those that it writes, so its sheets are
-/// a little wider than Excel's. Lengths are converted so that files come out right.
+/// Converts between the horizontal measures of a sheet: pixels, the column width that Excel shows, and UNO's
+/// lengths. All depend on the digits of the workbook's default font (ECMA-376 Part 1, 18.3.1.13). Excel
+/// rounds a digit's width to whole pixels, Calc to whole twips, in files that it reads as well as in those
+/// that it writes, so its sheets are a little wider than Excel's. The conversion makes the widths in files
+/// correct.
 class CalcColumnUnits {
   public:
-    /// The widest digit in pixels, not rounded.
+    /// Takes the width of the widest digit in pixels, not rounded.
     explicit CalcColumnUnits(double digitWidth);
 
-    /// The room beside a column's text: two margins and the grid line.
+    /// Returns the pixels of a column that its text cannot use: two margins and the grid line.
     [[nodiscard]] int padding() const { return padding_; }
     [[nodiscard]] int pixelsOf(ColumnWidth width) const;
-    /// Rounded to two decimals.
+    /// Returns the width as Excel shows it, rounded to two decimals.
     [[nodiscard]] ColumnWidth widthOf(int pixels) const;
 
     [[nodiscard]] int pixelsOf(sal_Int32 length) const;
@@ -37,7 +44,33 @@ class CalcColumnUnits {
   private:
     int digit_;
     int padding_;
-    double stretch_;  ///< Calc's lengths to Excel's
+    double scale_;  ///< ratio of Calc's lengths to Excel's
+};
+
+/// The font of a text in a cell.
+struct CalcFont {
+    std::string name;
+    double points = 11;
+    float weight = 100;  ///< percentage of the normal weight (css::awt::FontWeight)
+};
+
+/// Measures texts with the office's own fonts.
+class CalcFonts {
+  public:
+    explicit CalcFonts(OfficeConnection& connection) : connection_(connection) {}
+
+    /// Returns the width of one line of text in pixels, 96 to an inch. It is measured in a large size and
+    /// scaled, so that the widths of single characters are not rounded to pixels.
+    double textWidth(const std::string& text, const CalcFont& font);
+    /// Returns the width of the widest digit, in the same unit.
+    double digitWidth(const CalcFont& font);
+
+  private:
+    const Reference<css::awt::XFont>& large(const CalcFont& font);
+
+    OfficeConnection& connection_;
+    Reference<css::awt::XDevice> device_;
+    std::map<std::pair<std::string, float>, Reference<css::awt::XFont>> fonts_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -1,13 +1,54 @@
 #include "office/libreoffice/excel/CalcView.h"
 
+#include "base/Text.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <charconv>
 #include <com/sun/star/frame/DispatchHelper.hpp>
 
 namespace mergeloom::libreoffice {
 
-void unmarkCells(OfficeConnection& connection, const Reference<css::frame::XController>& view) {
+namespace {
+
+constexpr std::size_t kActiveSheetField = 1;
+constexpr std::size_t kFirstSheetField = 3;
+
+int numberOf(std::string_view text) {
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+excel::CellPosition cursorOf(std::string_view text) {
+    // The office separates large numbers by "+" instead.
+    const auto parts = split(text, text.find('/') == std::string_view::npos ? '+' : '/');
+    if (parts.size() < 2) return {};
+    const excel::CellPosition cell{numberOf(parts[1]) + 1, numberOf(parts[0]) + 1};
+    return excel::isInSheet({cell, cell}) ? cell : excel::CellPosition{};
+}
+
+}  // namespace
+
+void deselectCells(OfficeConnection& connection, const Reference<css::frame::XController>& view) {
     const Reference<css::frame::XDispatchProvider> commands(view->getFrame(), UNO_QUERY_THROW);
     css::frame::DispatchHelper::create(connection.context())
         ->executeDispatch(commands, ".uno:Deselect", {}, 0, {});
+}
+
+CalcViewState parseViewState(std::string_view text) {
+    const auto fields = split(text, ';');
+    CalcViewState state;
+    if (fields.size() <= kFirstSheetField) return state;
+    state.activeSheet = static_cast<std::size_t>(std::max(0, numberOf(fields[kActiveSheetField])));
+    for (std::size_t field = kFirstSheetField; field < fields.size(); ++field)
+        state.activeCells.push_back(cursorOf(fields[field]));
+    return state;
+}
+
+CalcViewState readViewState(const Reference<css::frame::XController>& view) {
+    OUString text;
+    if (view.is()) view->getViewData() >>= text;
+    return parseViewState(fromUno(text));
 }
 
 }  // namespace mergeloom::libreoffice

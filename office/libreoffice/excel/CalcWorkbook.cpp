@@ -7,7 +7,7 @@
 #include "office/libreoffice/excel/CalcApplication.h"
 #include "office/libreoffice/excel/CalcNames.h"
 #include "office/libreoffice/excel/CalcView.h"
-#include "office/libreoffice/excel/CalcWorksheets.h"
+#include "office/libreoffice/excel/CalcWorksheet.h"
 #include "office/libreoffice/readback/ReadBack.h"
 
 #include <algorithm>
@@ -30,8 +30,8 @@ std::optional<XlFileFormat> formatOf(const std::string& path) {
     return static_cast<XlFileFormat>(format->number);
 }
 
-/// As many as the office keeps in its list.
-constexpr std::size_t kMostSteps = 100;
+/// The number of steps in the office's undo list.
+constexpr std::size_t kMaxSteps = 100;
 
 [[noreturn]] void refuse(const std::string& sentence) {
     throw AutomationError(kFileCouldNotBeSaved, sentence);
@@ -60,12 +60,12 @@ excel::WorksheetsPtr CalcWorkbook::Worksheets() {
 }
 
 const CalcContentPtr& CalcWorkbook::content() {
-    if (!content_) content_ = std::make_shared<CalcContent>(*formers_.back());
+    if (!content_) content_ = std::make_shared<CalcContent>(*formerContents_.back());
     return content_;
 }
 
-/// Calc leaves it out of files. Of all that ends it, unmarking cells alone does nothing else but what can be
-/// put right.
+/// Calc leaves unfinished input out of files. Of all commands that end it, only deselecting cells has no side
+/// effects that cannot be reversed.
 void CalcWorkbook::endInput() {
     LibreOfficeSession& session = latest()->session();
     if (!session.files().showsDocuments()) return;
@@ -73,20 +73,20 @@ void CalcWorkbook::endInput() {
         const Reference<css::frame::XModel> model(document(), UNO_QUERY_THROW);
         const Reference<css::frame::XController> view = model->getCurrentController();
         const Reference<css::uno::XInterface> selection = model->getCurrentSelection();
-        unmarkCells(session.connection(), view);
+        deselectCells(session.connection(), view);
         const bool isOne = Reference<css::sheet::XCellAddressable>(selection, UNO_QUERY).is();
         if (isOne) return;
         Reference<css::view::XSelectionSupplier>(view, UNO_QUERY_THROW)->select(css::uno::Any(selection));
     });
 }
 
-void CalcWorkbook::forgetContent() {
+void CalcWorkbook::discardContent() {
     if (!content_) return;
-    content_->pending().settle();
-    formers_.push_back(std::exchange(content_, {}));
-    if (formers_.size() <= kMostSteps) return;
-    formers_.front()->undo().removeWhatIsHidden();
-    formers_.pop_front();
+    content_->pending().flush();
+    formerContents_.push_back(std::exchange(content_, {}));
+    if (formerContents_.size() <= kMaxSteps) return;
+    formerContents_.front()->undo().removeHiddenShapes();
+    formerContents_.pop_front();
 }
 
 std::string CalcWorkbook::Name() {
@@ -111,10 +111,10 @@ void CalcWorkbook::SaveAs(const std::string& fileName, excel::XlFileFormat forma
 
 void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format) {
     endInput();
-    if (content_) content_->pending().settle();
-    for (const CalcContentPtr& former : formers_)
-        former->undo().removeWhatIsHidden();
-    latest()->undo().removeWhatIsHidden();
+    if (content_) content_->pending().flush();
+    for (const CalcContentPtr& former : formerContents_)
+        former->undo().removeHiddenShapes();
+    latest()->undo().removeHiddenShapes();
     LibreOfficeSession& session = latest()->session();
     session.files().save(document(), fileName, format, [&](std::string bytes) {
         checkWritten(session, document(), fileName, format, bytes);
@@ -129,7 +129,7 @@ void CalcWorkbook::Close(excel::SaveChanges saveChanges) {
     if (const auto application = application_.lock()) application->remove(*this);
 }
 
-/// While a cell takes what is typed, taking a step back ends the office.
+/// Undoing a step while the user types into a cell would crash the office.
 bool CalcWorkbook::Undo(int times) {
     if (times <= 0) return false;
     endInput();

@@ -14,7 +14,7 @@ class CalcApplication;
 
 class CalcWorkbook final : public excel::Workbook {
   public:
-    /// A workbook that has a file has its path as full name, a new one a name without a folder.
+    /// The full name of a workbook with a file is its path, that of a new one a name without a folder.
     CalcWorkbook(std::weak_ptr<CalcApplication> application, CalcContentPtr content, std::string fullName,
                  bool hasFile);
 
@@ -33,9 +33,9 @@ class CalcWorkbook final : public excel::Workbook {
     bool Undo(int times) override;
 
     [[nodiscard]] const CalcContentPtr& content();
-    /// Somebody else may change the document: it is read anew when something is asked of it.
-    void forgetContent();
-    /// Lets the cell take what a user types into it.
+    /// Discards the cached content, since a user may change the document; the next use reads it again.
+    void discardContent();
+    /// Ends the user's typing in a cell, which takes the text.
     void endInput();
     [[nodiscard]] const DocumentReference& document() const { return latest()->document(); }
     /// Closes the document without saving it.
@@ -43,11 +43,13 @@ class CalcWorkbook final : public excel::Workbook {
 
   private:
     void write(const std::string& fileName, excel::XlFileFormat format);
-    [[nodiscard]] const CalcContentPtr& latest() const { return content_ ? content_ : formers_.back(); }
+    [[nodiscard]] const CalcContentPtr& latest() const {
+        return content_ ? content_ : formerContents_.back();
+    }
 
     std::weak_ptr<CalcApplication> application_;
-    CalcContentPtr content_;              ///< none while somebody else may change the document
-    std::deque<CalcContentPtr> formers_;  ///< serve to take steps back
+    CalcContentPtr content_;                     ///< null while a user may change the document
+    std::deque<CalcContentPtr> formerContents_;  ///< kept to undo their steps
     std::string fullName_;
     bool hasFile_;
     std::optional<excel::XlFileFormat> format_;

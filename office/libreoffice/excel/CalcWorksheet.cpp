@@ -1,8 +1,7 @@
 #include "office/libreoffice/excel/CalcWorksheet.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcAddress.h"
-#include "office/libreoffice/excel/CalcPictures.h"
+#include "office/libreoffice/excel/CalcCells.h"
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcShapes.h"
 
@@ -12,6 +11,14 @@
 #include <optional>
 
 namespace mergeloom::libreoffice {
+
+namespace {
+
+[[noreturn]] void refuse() {
+    throw AutomationError(kSubscriptOutOfRange, "There is no such sheet.");
+}
+
+}  // namespace
 
 excel::RangePtr CalcWorksheet::Cells(int row, int column) {
     return calcRangeOf(content_, sheet_, {{row, column}, {row, column}});
@@ -24,7 +31,7 @@ excel::RangePtr CalcWorksheet::Range(const std::string& address) {
 }
 
 excel::RangePtr CalcWorksheet::UsedRange() {
-    content_->pending().settle();
+    content_->pending().flush();
     const excel::CellArea used = content_->connection().call([&] {
         const auto cursor = content_->sheet(sheet_).uno()->createCursor();
         const Reference<css::sheet::XUsedAreaCursor> usedArea(cursor, UNO_QUERY_THROW);
@@ -42,6 +49,21 @@ excel::ShapesPtr CalcWorksheet::Shapes() {
 
 excel::PicturesPtr CalcWorksheet::Pictures() {
     return std::make_shared<CalcPictures>(content_, sheet_);
+}
+
+CalcWorksheets::CalcWorksheets(CalcContentPtr content) : content_(std::move(content)) {
+    for (std::size_t index = 0; index < content_->sheetCount(); ++index)
+        if (content_->sheet(index).hasCells()) sheets_.push_back(index);
+}
+
+excel::WorksheetPtr CalcWorksheets::Item(int number) {
+    return std::make_shared<CalcWorksheet>(content_, sheets_[indexOf(number)]);
+}
+
+excel::WorksheetPtr CalcWorksheets::Item(const std::string& name) {
+    const std::optional<std::size_t> sheet = content_->sheetNamed(name);
+    if (!sheet) refuse();
+    return std::make_shared<CalcWorksheet>(content_, *sheet);
 }
 
 }  // namespace mergeloom::libreoffice

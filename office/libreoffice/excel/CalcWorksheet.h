@@ -2,10 +2,12 @@
 
 #include "office/libreoffice/excel/CalcContent.h"
 #include "office/model/excel/Worksheet.h"
+#include "office/model/excel/Worksheets.h"
 
 #include <cstddef>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -24,6 +26,20 @@ class CalcWorksheet final : public excel::Worksheet {
   private:
     CalcContentPtr content_;
     std::size_t sheet_;
+};
+
+/// The sheets with cells.
+class CalcWorksheets final : public excel::Worksheets {
+  public:
+    explicit CalcWorksheets(CalcContentPtr content);
+
+    int Count() override { return static_cast<int>(sheets_.size()); }
+    excel::WorksheetPtr Item(int number) override;
+    excel::WorksheetPtr Item(const std::string& name) override;
+
+  private:
+    CalcContentPtr content_;
+    std::vector<std::size_t> sheets_;
 };
 
 }  // namespace mergeloom::libreoffice
