@@ -117,7 +117,7 @@ void editEverything(OpenWorkbook& book) {
     book.cell(3, 3, 2)->Select();
 }
 
-/// The parts of the saved workbook, with what is in them.
+/// Returns the parts of the saved workbook with their contents.
 std::map<std::string, std::string> partsOf(OpenWorkbook& book) {
     const opc::Package saved = opc::Package::read(book.files.files["/book.xlsx"], "/book.xlsx");
     std::map<std::string, std::string> parts;

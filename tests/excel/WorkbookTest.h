@@ -34,7 +34,7 @@ struct OpenWorkbook {
     excel::RangePtr cell(int row, int column, int sheet = 1) const {
         return workbook->Worksheets()->Item(sheet)->Cells(row, column);
     }
-    /// Saves the workbook and answers one of its parts.
+    /// Saves the workbook and returns one of its parts.
     std::string savedPart(const std::string& partName) {
         workbook->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
         return opc::Package::read(files.files["/saved.xlsx"], "/saved.xlsx").readPart(partName);
@@ -45,7 +45,7 @@ struct OpenWorkbook {
     excel::WorkbookPtr workbook;
 };
 
-/// The error that a call raises, or "no error".
+/// Returns the error that a call raises, or "no error".
 inline std::string errorOf(const std::function<void()>& call) {
     try {
         call();

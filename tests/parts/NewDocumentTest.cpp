@@ -33,7 +33,7 @@ std::map<std::string, pugi::xml_node> stylesById(const pugi::xml_document& docum
     return styles;
 }
 
-/// Whether the children of an element come in the order in which a schema's sequence names them.
+/// Returns true if the children of an element are in the order of the schema's sequence.
 bool followsSequence(pugi::xml_node element, const std::vector<std::string_view>& sequence) {
     auto next = sequence.begin();
     for (const pugi::xml_node child : element.children()) {

@@ -14,7 +14,7 @@ std::string chainXml(const std::string& entries) {
     return "<calcChain xmlns=\"" + std::string(kMainNamespace) + "\">" + entries + "</calcChain>";
 }
 
-/// A workbook with a chain of these entries.
+/// A workbook with a calculation chain of these entries.
 class CalculationChainTest : public testing::Test {
   protected:
     void read(const std::string& entries) {

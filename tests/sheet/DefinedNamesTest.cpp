@@ -22,7 +22,7 @@ const std::string kForeign =
     "<definedName>S1!$A$1</definedName>"
     "<definedName name=\"Joined\">S1!<![CDATA[$A]]>$2</definedName></definedNames>";
 
-/// A workbook with one sheet and the given XML behind the list of sheets.
+/// Returns a workbook with one sheet and the given XML after the list of sheets.
 class DefinedNamesTest : public testing::Test {
   protected:
     void read(const std::string& children) {
@@ -31,7 +31,7 @@ class DefinedNamesTest : public testing::Test {
         book_.emplace(*package_, undo_);
     }
     DefinedNames& names() { return book_->names(); }
-    /// What stands behind the list of sheets.
+    /// The XML after the list of sheets.
     std::string written() {
         const std::string xml = book_->toXml();
         const std::size_t start = xml.find("</sheets>") + 9;

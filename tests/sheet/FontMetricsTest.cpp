@@ -13,7 +13,7 @@ CellFont bold(const std::string& name, double size) {
     return {name, size, true, false};
 }
 
-// What Excel takes at 96 dots per inch: the figures follow from the widths of columns that it writes.
+// The widths that Excel uses at 96 dots per inch: they follow from the column widths that it writes.
 TEST(FontMetrics, knowsTheDigitsOfDefaultFonts) {
     EXPECT_EQ(digitWidth(regular("Calibri", 11)), 7);
     EXPECT_EQ(digitWidth(regular("CALIBRI", 11)), 7);

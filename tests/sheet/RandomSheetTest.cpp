@@ -34,7 +34,7 @@ class SheetMaker {
   public:
     explicit SheetMaker(std::mt19937& random) : random_(random) {}
 
-    /// Writes a random sheet and says in the model what is in it.
+    /// Writes a random sheet and its contents into the model.
     std::string make(Model& model) {
         std::string rows;
         for (int row = 1; row <= kRows; ++row) {
@@ -46,7 +46,7 @@ class SheetMaker {
     }
 
     int upTo(int last) { return std::uniform_int_distribution<int>(1, last)(random_); }
-    /// True but for one time out of so many.
+    /// Returns true except for one time out of so many.
     bool chance(int times) { return upTo(times) > 1; }
 
   private:
@@ -80,7 +80,7 @@ class SheetMaker {
         return tag + ">" + makeFormula(cell, made) + "<v>" + made.value + "</v></c>";
     }
 
-    /// Every third cell goes by a formula that is shared down and across from the first of them.
+    /// Every third cell has a formula that is shared down and across from the first of them.
     std::string makeFormula(const excel::CellPosition& cell, ModelCell& made) {
         if (chance(3)) return {};
         made.formula = addressOf(excel::CellPosition{cell.row + 20, cell.column + 20}) + "+$A$1";
@@ -95,7 +95,7 @@ class SheetMaker {
 
 class RandomSheetTest : public ::testing::TestWithParam<unsigned> {
   protected:
-    /// Compares every cell and height, also around what was written.
+    /// Compares every cell and height, also around the written cells.
     static void expectSame(const SheetPart& part, const Model& model) {
         for (int row = 1; row <= kRows + 2; ++row) {
             for (int column = 1; column <= kColumns + 2; ++column) {

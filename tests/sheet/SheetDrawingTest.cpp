@@ -20,8 +20,8 @@ std::vector<double> numbers(const ShapeFrame& frame) {
     return {frame.left.value, frame.top.value, frame.width.value, frame.height.value};
 }
 
-/// A sheet as another program made it: a picture of 100 by 50 pixels, 10 right and 5 down from the corner of
-/// B3 of a sheet whose column B has 75 pixels, and a chart of 480 by 288 pixels at B10. The program wrote the
+/// A sheet made by another program: a picture of 100 by 50 pixels, 10 right and 5 down from the corner of B3
+/// of a sheet whose column B has 75 pixels, and a chart of 480 by 288 pixels at B10. The program wrote the
 /// picture's frame into a:xfrm as well.
 const std::string kForeignColumns =
     R"(<cols><col min="2" max="2" width="10.7109375" customWidth="1"/></cols>)";
@@ -202,7 +202,7 @@ TEST(SheetDrawing, findsShapesByTheirNames) {
 }
 
 // 100 points are column C and 4 points of it, 50 points are row 4 and 5 points of it; the right edge at 160
-// points lies in column D, 16 points behind its edge, the lower one at 75 points at the edge of row 6.
+// points is in column D, 16 points after its edge, the lower one at 75 points at the edge of row 6.
 TEST(SheetDrawing, movesAndSizesShapes) {
     const ShapeFrame frame{{100}, {50}, {60}, {25}};
     const std::string from = markerXml("from", 2, 50800, 3, 63500);
@@ -229,9 +229,9 @@ TEST(SheetDrawing, movesAndSizesShapes) {
 }
 
 TEST(SheetDrawing, movesAllAlternativesAndKeepsTransformsOfTurnedShapes) {
-    const std::string transposed = replaceAll(pictureXml("Logo"), "<a:xfrm>", "<a:xfrm rot=\"5400000\">");
-    const std::string choice = "<mc:AlternateContent><mc:Choice Requires=\"x\">" + oneCell(transposed) +
-                               "</mc:Choice><mc:Fallback>" + oneCell(transposed) +
+    const std::string rotated = replaceAll(pictureXml("Logo"), "<a:xfrm>", "<a:xfrm rot=\"5400000\">");
+    const std::string choice = "<mc:AlternateContent><mc:Choice Requires=\"x\">" + oneCell(rotated) +
+                               "</mc:Choice><mc:Fallback>" + oneCell(rotated) +
                                "</mc:Fallback></mc:AlternateContent>";
     DrawnSheet sheet(drawingXml(choice));
     sheet.drawing.setFrame(sheet.shape("Logo"), {{96}, {-5}, {10}, {-1}});

@@ -237,7 +237,7 @@ std::string successor(const std::string& address) {
     return "<c r=\"" + address + "\"><f t=\"shared\" si=\"0\"/><v>1</v></c>";
 }
 
-/// As an successor whose attributes come in their own order.
+/// The formula of a successor, whose attributes keep their order.
 std::string newMaster(const std::string& address, const std::string& area, const std::string& formula) {
     return "<c r=\"" + address + "\"><f t=\"shared\" si=\"0\" ref=\"" + area + "\">" + formula +
            "</f><v>1</v></c>";

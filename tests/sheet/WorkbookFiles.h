@@ -47,7 +47,7 @@ inline opc::Package workbookPackage(const std::string& xml, int sheets,
     return package;
 }
 
-/// A workbook with one sheet and the given children behind its list.
+/// Returns a workbook with one sheet and the given children after its list of sheets.
 inline opc::Package oneSheetPackage(const std::string& children = "") {
     return workbookPackage(workbookXml(sheetList({"visible"}) + children), 1);
 }

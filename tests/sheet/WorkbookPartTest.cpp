@@ -10,7 +10,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// What reading a package is refused with; empty when it is not.
+/// Returns the sentence with which reading a package fails; empty if it succeeds.
 std::string refusal(opc::Package package) {
     UndoLog undo;
     try {

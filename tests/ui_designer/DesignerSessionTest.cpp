@@ -20,7 +20,7 @@ struct NoFieldDialog final : FieldDialog {
     void Show(FieldSelection&) override {}
 };
 
-/// A session over hosts that nobody sees. They are started by the office's thread.
+/// A session over invisible hosts, which the office's thread starts.
 class Session : public TemplateScene {
   protected:
     Session() {
@@ -39,7 +39,7 @@ class Session : public TemplateScene {
         ASSERT_EQ(session.state(), state);
         settle();
     }
-    /// Lets the office's thread and the events from it come to their ends.
+    /// Waits until the office's thread is idle and its events are handled.
     void settle() {
         session.worker().run([] {});
         QCoreApplication::processEvents();

@@ -84,7 +84,7 @@ TEST_F(Dropping, APlaceForABlankNeedsNoElement) {
     EXPECT_EQ(placeCount(), 1);
 }
 
-/// Drops that come to nothing, and what they may ask of the host.
+/// Drops that insert nothing, and the calls of the host that they may make.
 TEST_F(Dropping, NothingIsDropped) {
     struct Case {
         const char* description;

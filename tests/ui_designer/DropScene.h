@@ -1,7 +1,7 @@
 #pragma once
 
 #include "doubles/RecordingErrors.h"
-#include "ui/designer/DropTree.h"
+#include "ui/designer/DropFlow.h"
 #include "xml/CXML2TreeView.h"
 
 #include <memory>
@@ -25,7 +25,7 @@ inline std::shared_ptr<LoadedStructure> letterStructure() {
     return structure;
 }
 
-/// A tree of which the first field is selected.
+/// A tree with its first field selected.
 class FakeDropTree final : public DropTree {
   public:
     bool hasLostFocus() override { return lostFocus; }

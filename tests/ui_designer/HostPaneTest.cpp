@@ -1,4 +1,4 @@
-#include "ui/designer/HostPane.h"
+#include "ui/designer/HostArea.h"
 
 #include <gmock/gmock.h>
 

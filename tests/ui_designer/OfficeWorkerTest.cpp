@@ -21,7 +21,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-/// Lets the windows' thread work until something has come true.
+/// Runs the event loop until a condition is true.
 template <typename Condition>
 bool becomesTrue(const Condition& condition) {
     QElapsedTimer waiting;

@@ -4,7 +4,7 @@
 #include "doubles/ScriptedFileDialog.h"
 #include "doubles/TemporaryFolder.h"
 #include "ui/designer/StructureLoad.h"
-#include "ui/dialogs/ChosenFiles.h"
+#include "ui/dialogs/OpenFileName.h"
 #include "xml/RecordingErrorHandler.h"
 
 #include <gmock/gmock.h>
@@ -68,7 +68,7 @@ class StructureLoading : public testing::Test {
         return texts;
     }
 
-    /// Stands before the dialog of the click that is under way.
+    /// Runs before the dialog of the current click.
     class CurrentDialog final : public FileDialog {
       public:
         explicit CurrentDialog(std::unique_ptr<ScriptedFileDialog>& dialog) : dialog_(dialog) {}

@@ -31,7 +31,7 @@ class ConvertingTemplates : public TemplateScene {
     [[nodiscard]] std::string bodyOf(const std::string& name) const {
         return shownBody(folder.bytesOf(name));
     }
-    /// Files of conversions that the folder for temporary files holds, which is this test's own.
+    /// Returns the files of conversions in the folder for temporary files, which only this test uses.
     [[nodiscard]] long temporaryCopies() const {
         long count = 0;
         for (const auto& entry : std::filesystem::directory_iterator(temporary.path())) {
@@ -117,7 +117,7 @@ TEST_F(ConvertingTemplates, NothingIsLostWhenAStepFails) {
     EXPECT_EQ(folder.bytesOf("letter.dotx.bak"), bytes);
 }
 
-/// Files of which none can be removed.
+/// Files that cannot be removed.
 class StayingFiles final : public TemplateFiles {
   public:
     explicit StayingFiles(TemplateFiles& files) : files_(files) {}

@@ -213,7 +213,7 @@ TEST_F(TemplateSaving, AFileThatIsOpenElsewhereStays) {
     EXPECT_FALSE(host().hosted()->Saved());
 }
 
-/// What an office over it writes is never what the document shows.
+/// An office over this store always writes a file that differs from the document.
 class DifferingStore final : public FileStore {
   public:
     explicit DifferingStore(FileStore& files) : files_(files) {}
@@ -277,7 +277,7 @@ TEST_F(TemplateSaving, TheOfficesOwnLockIsNone) {
     EXPECT_THAT(messages.messages, IsEmpty());
 }
 
-/// What becomes of changes that were not saved, by the user's answer and the file that is chosen then.
+/// The result for unsaved changes, by the user's answer and the file that is chosen then.
 struct Question {
     const char* description;
     bool isChanged;

@@ -8,8 +8,8 @@
 #include "doubles/ScriptedFileDialog.h"
 #include "doubles/ScriptedMessages.h"
 #include "doubles/TemporaryFolder.h"
-#include "ui/designer/DiskTemplateFiles.h"
 #include "ui/designer/ExcelTemplates.h"
+#include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateLifecycle.h"
 #include "ui/designer/WordTemplates.h"
 
@@ -22,8 +22,7 @@
 
 namespace mergeloom {
 
-/// A designer without windows: the rules for templates over a host that nobody sees and a folder of the
-/// disk.
+/// A designer without windows: the rules for templates over an invisible host and a folder on the disk.
 class TemplateScene : public testing::Test {
   protected:
     struct FakeAccess final : HostAccess {
@@ -67,12 +66,12 @@ class TemplateScene : public testing::Test {
     }
     void change() { host().hosted()->SetSaved(false); }
     FakeDocumentHost& host() { return access.fake; }
-    /// How often something was asked of the host.
+    /// Returns the number of calls of a host's function.
     long callCount(const std::string& name) {
         return std::count(host().calls.begin(), host().calls.end(), name);
     }
 
-    /// Makes a file in the folder, empty but for what its kind needs.
+    /// Creates a file in the folder with only the contents that its kind needs.
     std::string makeTemplate(const std::string& name) {
         std::string path = folder / name;
         if (hasExcelExtension(path)) {

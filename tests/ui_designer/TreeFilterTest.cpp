@@ -15,7 +15,7 @@ bool neverOutdated() {
     return false;
 }
 
-/// What a search must show, found by going over the nodes one by one.
+/// The expected result of a search, found by checking the nodes one by one.
 struct Expected {
     std::set<int> shown;
     std::set<int> expanded;
@@ -127,7 +127,7 @@ class TreeFilterThread : public testing::Test {
         return tree;
     }
 
-    /// Waits until one more answer is there.
+    /// Waits for one more result.
     [[nodiscard]] bool waitForAnswer() {
         return QTest::qWaitFor([this, before = counts_.size()] { return counts_.size() > before; });
     }
@@ -143,7 +143,7 @@ TEST_F(TreeFilterThread, OnlyTheNewestSearchIsAnswered) {
     ASSERT_TRUE(waitForAnswer());
     QTest::qWait(30);
     EXPECT_EQ(counts_, std::vector{1});
-    // An answer that is on its way when the next search comes is not given any more.
+    // A pending result is not emitted after the next search begins.
     filter_.find(QStringLiteral("1"));
     QThread::msleep(30);
     filter_.find(QStringLiteral("zero"));

@@ -20,13 +20,13 @@ QImage imageOf(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
     return icon.pixmap(16, mode).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The one colour of all that is painted; none where there are several or nothing is painted.
+/// Returns the only colour of all painted pixels; none if there are several or no pixel is painted.
 std::optional<QRgb> colourOf(const QImage& image) {
     std::optional<QRgb> colour;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor pixel = image.pixelColor(x, y);
-            // What is nearly transparent does not keep its colour exactly.
+            // Nearly transparent pixels do not keep their colour exactly.
             if (pixel.alpha() < 200) continue;
             if (colour && *colour != pixel.rgb()) return {};
             colour = pixel.rgb();

@@ -14,7 +14,7 @@ QIcon noIcon(const QString& /*key*/) {
     return {};
 }
 
-/// The shown nodes below a parent as the tree's own links tell them: a line each, indented by level.
+/// Returns the shown nodes below a parent according to the tree's own links: a line each, indented by level.
 std::string linesOf(const TreeNode* node, const std::vector<char>& shown, int level = 0) {
     std::string lines;
     for (; node != nullptr; node = node->Next()) {
@@ -25,7 +25,7 @@ std::string linesOf(const TreeNode* node, const std::vector<char>& shown, int le
     return lines;
 }
 
-/// The same as a view sees it. Checks the way back from each node, too.
+/// Returns the same as a view sees it. Checks the parent of each node, too.
 std::string linesOf(const TreeModel& model, const QModelIndex& parent = {}, int level = 0) {
     std::string lines;
     EXPECT_EQ(model.hasChildren(parent), model.rowCount(parent) > 0);

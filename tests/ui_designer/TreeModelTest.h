@@ -9,8 +9,8 @@
 
 namespace mergeloom {
 
-/// A tree of random shape, depth and texts, for comparisons with what its own links tell. About every third
-/// node has no key.
+/// A tree of random shape, depth and texts, for comparisons with its own links. About every third node has no
+/// key.
 inline std::shared_ptr<TreeView> randomTree(std::mt19937& chance) {
     const std::vector<std::string> texts = {"Order", "order date", "Ort",          "Label",
                                             "Größe", "Tür",        "Date of order"};

@@ -48,7 +48,7 @@ class TreePaneTest : public testing::Test {
     QTreeView& view() { return *pane_.findChild<QTreeView*>(QStringLiteral("tvXML")); }
     QLineEdit& box() { return *pane_.findChild<QLineEdit*>(QStringLiteral("search")); }
 
-    /// The rows that can be seen by scrolling, an expanded one with "-", a selected one with "*".
+    /// Returns the rows that can be seen by scrolling, an expanded one with "-", a selected one with "*".
     std::string rows() { return rowsBelow({}, 0); }
     std::string rowsBelow(const QModelIndex& parent, int level) {
         std::string lines;
@@ -117,7 +117,7 @@ TEST_F(TreePaneTest, TypingNarrowsTheTreeAndEmptyingBringsItBack) {
 
     search(u"grosse", "Table \"Harbours\" -\n Größe\n");
     EXPECT_EQ(pane_.selectedNode(), nullptr) << "it is hidden";
-    // The drop kinds of a control that matches are there, but out of the way.
+    // The drop kinds of a control that matches are shown, but collapsed.
     search(u"field 2", "Form \"Orders\" -\n Field 2\n");
     EXPECT_EQ(view().model()->rowCount(indexOf(u"Field 2")), 2);
     search(u"special", "Special\n");
@@ -155,7 +155,7 @@ TEST_F(TreePaneTest, LargeTreesOpenToTheLastMatch) {
         return controls == kControls && view().isExpanded(view().model()->index(controls - 1, 0, form));
     };
     EXPECT_TRUE(QTest::qWaitFor(lastIsOpen));
-    // One match below each control, and all of them in reach of the scroll bar.
+    // One match below each control, all reachable with the scroll bar.
     const int rowsInAll = 1 + 2 * kControls;
     EXPECT_TRUE(QTest::qWaitFor([&] { return view().verticalScrollBar()->maximum() > rowsInAll - 100; }));
     box().clear();

@@ -32,7 +32,7 @@ void press(QWidget& window, const char* name, Qt::Key letter) {
     EXPECT_TRUE(clicked.count() > 0 || clicked.wait(2000)) << name;
 }
 
-/// Where the check mark of a row is.
+/// Returns the place of a row's check mark.
 QPoint checkMark(const QListView& list, int row) {
     QStyleOptionViewItem option;
     option.initFrom(&list);

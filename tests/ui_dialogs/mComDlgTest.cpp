@@ -1,5 +1,5 @@
 #include "doubles/ScriptedFileDialog.h"
-#include "ui/dialogs/ChosenFiles.h"
+#include "ui/dialogs/OpenFileName.h"
 #include "ui/dialogs/mComDlg.h"
 
 #include <gmock/gmock.h>

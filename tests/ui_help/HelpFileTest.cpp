@@ -43,7 +43,8 @@ QStringList matches(const QString& html, const QString& pattern) {
     return found;
 }
 
-/// What a user could ask of a help file; a damaged one either answers or raises an error that names it.
+/// Calls everything that a user can ask of a help file; a damaged one either works or raises an error that
+/// names it.
 void readAll(const std::string& path) {
     HelpFile file(path);
     for (const QString& topic : file.topics()) {

@@ -1,4 +1,4 @@
-#include "ui/help/HelpSearch.h"
+#include "ui/help/HelpFile.h"
 
 #include <gtest/gtest.h>
 

@@ -14,7 +14,7 @@ namespace {
 using testing::AllOf;
 using testing::HasSubstr;
 
-/// The sentence with which a call fails; empty when it does not.
+/// Returns the sentence with which a call fails; empty if it succeeds.
 std::string sentenceOf(const std::function<void()>& call) {
     try {
         call();
@@ -32,7 +32,7 @@ class DiskFileSystemTest : public testing::Test {
         folder.put("b", "second");
     }
 
-    /// What the files hold, and that no others lie beside them.
+    /// Checks the contents of the files, and that there are no others beside them.
     [[nodiscard]] std::string state() const {
         std::string text;
         for (const char* name : {"a", "b", "other/a"})
@@ -115,7 +115,7 @@ TEST_F(DiskFileSystemTest, MovesToAnotherDisk) {
     EXPECT_EQ(folder.bytesOf("other/a"), "second");
 }
 
-/// Whatever call fails, both files are what they were, or the move is complete.
+/// Regardless of which call fails, both files are unchanged or the move is complete.
 TEST_F(DiskFileSystemTest, AFailureLeavesBothSidesWhole) {
     const std::string before = "a=first b=second 2";
     int failures = 0;
@@ -127,7 +127,7 @@ TEST_F(DiskFileSystemTest, AFailureLeavesBothSidesWhole) {
             sentenceOf([&] { DiskFileSystem(disks).move(folder / "a", folder / "other/a"); });
         if (!faulty.hasFailed()) break;
         ++failures;
-        // A call that only looks whether something is there may fail unseen.
+        // A call that only checks whether a file exists may fail without an error.
         if (sentence.empty()) {
             EXPECT_EQ(state(), "b=second other/a=first 2");
         } else {
@@ -143,7 +143,8 @@ TEST_F(DiskFileSystemTest, AFailureLeavesBothSidesWhole) {
 }
 
 TEST_F(DiskFileSystemTest, MovesToTheTrash) {
-    // The trash at home takes what lies on the same disk, which a folder for temporary files need not do.
+    // The trash at home accepts only files on the same disk, and a folder for temporary files may be on
+    // another.
     const ChangedVariable home("HOME", folder / "");
     const ChangedVariable data("XDG_DATA_HOME", folder / "data");
     files.moveToTrash(folder / "a");

@@ -10,7 +10,7 @@
 namespace mergeloom {
 namespace {
 
-/// Runs the event loop until another thread is through.
+/// Runs the event loop until another thread has ended.
 template <typename Task>
 auto onAnotherThread(const Task& task) {
     auto result = std::async(std::launch::async, task);

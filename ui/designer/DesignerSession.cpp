@@ -1,20 +1,34 @@
 #include "ui/designer/DesignerSession.h"
 
 #include "base/AutomationError.h"
+#include "base/Paths.h"
 #include "base/Trap.h"
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/ExcelTemplates.h"
-#include "ui/designer/HostedFields.h"
 #include "ui/designer/MainForm.h"
-#include "ui/designer/OfficeModuleFile.h"
 #include "ui/designer/WordTemplates.h"
 
 #include <QCoreApplication>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace mergeloom {
 
 namespace {
+
+/// Returns the size in bytes of the module that connects to LibreOffice; 0 when it is missing.
+std::uintmax_t officeModuleSize() {
+    const std::string folder = parentFolder(programPath());
+    for (const std::string& place : {folder, joinPath(parentFolder(folder), "lib/mergeloom")}) {
+        std::error_code missing;
+        const std::uintmax_t size =
+            std::filesystem::file_size(joinPath(place, "mergeloom_libreoffice.so"), missing);
+        if (!missing) return size;
+    }
+    return 0;
+}
 
 QString sentenceOf(const std::exception_ptr& error) {
     try {

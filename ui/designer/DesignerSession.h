@@ -1,13 +1,10 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "ui/designer/DiskTemplateFiles.h"
 #include "ui/designer/DropFlow.h"
-#include "ui/designer/DropProgress.h"
-#include "ui/designer/HostEvents.h"
 #include "ui/designer/HostedOffice.h"
-#include "ui/designer/LifecycleView.h"
 #include "ui/designer/OfficeWorker.h"
+#include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateLifecycle.h"
 
 #include <QObject>

@@ -3,7 +3,6 @@
 #include "app/modMain.h"
 #include "base/Trap.h"
 #include "droppers/CNodeDropper.h"
-#include "ui/designer/HostEditing.h"
 #include "ui/designer/MainForm.h"
 
 #include <variant>
@@ -11,6 +10,8 @@
 namespace mergeloom {
 
 namespace {
+
+constexpr qint64 kMillisecondsBetween = 50;
 
 constexpr const char* kProcedure = "NodeDrop";
 
@@ -27,6 +28,13 @@ class TreeUnhooking {
 };
 
 }  // namespace
+
+void DropProgress::advance(std::int64_t done, std::int64_t total) {
+    if (total <= 0) return;
+    if (sinceShown_.isValid() && sinceShown_.elapsed() < kMillisecondsBetween) return;
+    sinceShown_.start();
+    Q_EMIT advanced(static_cast<int>(done * 100 / total));
+}
 
 bool DropFlow::drop(HostPoint point) {
     const TreeUnhooking unhooking(ports_.tree);

@@ -4,13 +4,45 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "droppers/FieldDialog.h"
-#include "ui/designer/DropTree.h"
-#include "ui/designer/HostAccess.h"
-#include "ui/designer/OfficeJobs.h"
+#include "ui/designer/HostedOffice.h"
+#include "ui/designer/LoadedStructure.h"
+#include "ui/designer/OfficeWorker.h"
 
+#include <QElapsedTimer>
+#include <QObject>
 #include <functional>
+#include <memory>
 
 namespace mergeloom {
+
+/// The tree during a drop. For the windows' thread.
+class DropTree {
+  public:
+    DropTree() = default;
+    DropTree(const DropTree&) = delete;
+    DropTree& operator=(const DropTree&) = delete;
+    virtual ~DropTree() = default;
+
+    /// Returns whether the tree lost the focus since the drag began.
+    virtual bool hasLostFocus() = 0;
+    virtual const TreeNode* selectedNode() = 0;
+    virtual std::shared_ptr<LoadedStructure> structure() = 0;
+    virtual void unhook() = 0;
+};
+
+/// Passes the progress of a drop from the office's thread to that of the windows often enough to be seen.
+class DropProgress final : public QObject, public Progress {
+    Q_OBJECT
+
+  public:
+    void advance(std::int64_t done, std::int64_t total) override;
+
+  Q_SIGNALS:
+    void advanced(int percent);
+
+  private:
+    QElapsedTimer sinceShown_;
+};
 
 /// Drops the tree's selected node into the hosted document. Called by the windows' thread; the drop itself is
 /// a job of the office's, which may show messages meanwhile. No error leaves it.

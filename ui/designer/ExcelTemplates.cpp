@@ -8,13 +8,12 @@
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Worksheet.h"
 #include "office/model/excel/Worksheets.h"
-#include "ui/designer/HostEditing.h"
 
 namespace mergeloom {
 
 namespace {
 
-constexpr TemplateTexts kTexts{
+constexpr TemplateTexts kExcelTexts{
     .officeName = "Excel",
     .newCaption = "New Excel Template",
     .typeName = "Excel Template",
@@ -26,7 +25,7 @@ constexpr TemplateTexts kTexts{
 }  // namespace
 
 const TemplateTexts& ExcelTemplates::texts() const {
-    return kTexts;
+    return kExcelTexts;
 }
 
 bool ExcelTemplates::createNew() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/model/excel/Workbook.h"
-#include "ui/designer/HostAccess.h"
+#include "ui/designer/HostedOffice.h"
 #include "ui/designer/TemplateOffice.h"
 
 namespace mergeloom {

@@ -1,9 +1,171 @@
 #include "ui/designer/HostArea.h"
 
-#include "ui/designer/HostPane.h"
-#include "ui/designer/OfficePanel.h"
+#include <QDropEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <chrono>
+#include <utility>
 
 namespace mergeloom {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kMinCaretInterval = 50ms;
+constexpr auto kMinSizeInterval = 50ms;
+
+/// Returns whether a drag comes from the tree: those of this program have the source's widget.
+bool isFromTree(const QDropEvent& event) {
+    return event.source() != nullptr && event.mimeData()->hasText();
+}
+
+int pixels(double length) {
+    return static_cast<int>(length);
+}
+
+}  // namespace
+
+HostPane::HostPane(QWidget* parent) : QWidget(parent) {
+    // The office paints here; the windows around are still painted by the toolkit.
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_NativeWindow);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    setAccessibleName(tr("Document"));
+    setAccessibleDescription(tr("The template, edited in the office. Fields are dropped here."));
+    resizeTimer_.setSingleShot(true);
+    resizeTimer_.setInterval(kMinSizeInterval);
+    connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::emitSize);
+    dragTimer_.setSingleShot(true);
+    dragTimer_.setInterval(kMinCaretInterval);
+    connect(&dragTimer_, &QTimer::timeout, this, &HostPane::emitDragPoint);
+}
+
+HostWindow HostPane::hostWindow() const {
+    const double scale = devicePixelRatioF();
+    return {winId(), pixels(width() * scale), pixels(height() * scale)};
+}
+
+void HostPane::emitSize() {
+    resizeTimer_.stop();
+    const HostWindow window = hostWindow();
+    Q_EMIT resized(window.width, window.height);
+}
+
+/// Returns the point in the pane of the current size, which the office has to know before.
+std::optional<HostPoint> HostPane::takeDropPoint() {
+    if (resizeTimer_.isActive()) emitSize();
+    return std::exchange(dropPoint_, std::nullopt);
+}
+
+HostPoint HostPane::pixelsAt(QPointF position) const {
+    const double scale = devicePixelRatioF();
+    return {pixels(position.x() * scale), pixels(position.y() * scale)};
+}
+
+void HostPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!resizeTimer_.isActive()) resizeTimer_.start();
+}
+
+void HostPane::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    Q_EMIT focused();
+}
+
+void HostPane::dragEnterEvent(QDragEnterEvent* event) {
+    if (!isFromTree(*event)) return;
+    dropPoint_.reset();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void HostPane::dragMoveEvent(QDragMoveEvent* event) {
+    if (!isFromTree(*event)) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    dragPoint_ = pixelsAt(event->position());
+    if (!dragTimer_.isActive()) emitDragPoint();
+}
+
+void HostPane::emitDragPoint() {
+    if (!dragPoint_) return;
+    Q_EMIT draggedOver(*std::exchange(dragPoint_, std::nullopt));
+    dragTimer_.start();
+}
+
+void HostPane::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    dragPoint_.reset();
+}
+
+/// The drop itself waits for the end of the drag, whose own event loop still runs here.
+void HostPane::dropEvent(QDropEvent* event) {
+    if (!isFromTree(*event)) return;
+    dragPoint_.reset();
+    dropPoint_ = pixelsAt(event->position());
+    setFocus(Qt::OtherFocusReason);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+OfficePanel::OfficePanel(QWidget* parent)
+    : QWidget(parent),
+      sentence_(new QLabel(this)),
+      progress_(new QProgressBar(this)),
+      cmdCancel_(new QPushButton(tr("&Cancel"), this)),
+      cmdStart_(new QPushButton(tr("Start &again"), this)) {
+    // A widget over a native window has to be native, too.
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_NativeWindow);
+    setAutoFillBackground(true);
+    sentence_->setWordWrap(true);
+    sentence_->setAlignment(Qt::AlignCenter);
+    sentence_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    progress_->setRange(0, 0);
+    progress_->setTextVisible(false);
+    connect(cmdCancel_, &QPushButton::clicked, this, &OfficePanel::cancelRequested);
+    connect(cmdStart_, &QPushButton::clicked, this, &OfficePanel::startRequested);
+
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdCancel_);
+    buttons->addWidget(cmdStart_);
+    buttons->addStretch();
+    auto* const lines = new QVBoxLayout(this);
+    lines->addStretch();
+    lines->addWidget(sentence_);
+    lines->addWidget(progress_);
+    lines->addLayout(buttons);
+    lines->addStretch();
+}
+
+void OfficePanel::showStarting() {
+    showProgress(tr("The office is starting…"), true);
+}
+
+void OfficePanel::showOpening() {
+    showProgress(tr("The template is being opened…"), false);
+}
+
+void OfficePanel::showProgress(const QString& sentence, bool canBeGivenUp) {
+    sentence_->setText(sentence);
+    progress_->setAccessibleName(sentence);
+    progress_->show();
+    cmdCancel_->setVisible(canBeGivenUp);
+    cmdStart_->hide();
+}
+
+void OfficePanel::showStopped(const QString& sentence) {
+    sentence_->setText(sentence);
+    progress_->hide();
+    cmdCancel_->hide();
+    cmdStart_->show();
+}
 
 HostArea::HostArea(QWidget* parent)
     : QWidget(parent), pane_(new HostPane(this)), panel_(new OfficePanel(this)) {

@@ -1,11 +1,81 @@
 #pragma once
 
+#include "office/model/DocumentHost.h"
+
+#include <QTimer>
 #include <QWidget>
+#include <optional>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
 
 namespace mergeloom {
 
-class HostPane;
-class OfficePanel;
+/// The native window in which the office shows its document, and the target of drags from the tree.
+class HostPane final : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit HostPane(QWidget* parent);
+
+    /// Returns the native window, which is made on first use.
+    [[nodiscard]] HostWindow hostWindow() const;
+    /// Returns the point of the last drop and forgets it; none when the drag ended elsewhere.
+    std::optional<HostPoint> takeDropPoint();
+
+  Q_SIGNALS:
+    /// Emitted with the size in pixels of the screen; of many changes in a short time only for the last.
+    void resized(int width, int height);
+    /// Emitted while a drag is over the point, at most 20 times a second.
+    void draggedOver(mergeloom::HostPoint point);
+    /// Emitted when the pane got the focus, which belongs to the document.
+    void focused();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    [[nodiscard]] HostPoint pixelsAt(QPointF position) const;
+    void emitDragPoint();
+    void emitSize();
+
+    QTimer resizeTimer_;
+    QTimer dragTimer_;
+    std::optional<HostPoint> dragPoint_;
+    std::optional<HostPoint> dropPoint_;
+};
+
+/// The panel in place of the document while there is none: the office starts, or it has ended.
+class OfficePanel final : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit OfficePanel(QWidget* parent);
+
+    void showStarting();
+    /// Shows that the office runs and opens a template, which cannot be cancelled any more.
+    void showOpening();
+    /// Shows the sentence, which says why there is no document.
+    void showStopped(const QString& sentence);
+
+  Q_SIGNALS:
+    void cancelRequested();
+    void startRequested();
+
+  private:
+    void showProgress(const QString& sentence, bool canBeGivenUp);
+
+    QLabel* sentence_;
+    QProgressBar* progress_;
+    QPushButton* cmdCancel_;
+    QPushButton* cmdStart_;
+};
 
 /// The right side of the window: the office's pane with the panel over it. The pane keeps its place under the
 /// panel, since an office starts in an existing window.

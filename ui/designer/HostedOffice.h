@@ -1,12 +1,26 @@
 #pragma once
 
-#include "ui/designer/HostAccess.h"
+#include "base/AutomationError.h"
+#include "office/model/DocumentHost.h"
 
+#include <QObject>
 #include <functional>
 #include <memory>
 #include <utility>
 
 namespace mergeloom {
+
+/// Access to the office inside the window, which may be started more than once in a run.
+class HostAccess {
+  public:
+    HostAccess() = default;
+    HostAccess(const HostAccess&) = delete;
+    HostAccess& operator=(const HostAccess&) = delete;
+    virtual ~HostAccess() = default;
+
+    /// Returns the office. Raises kNotAvailable while none runs.
+    virtual DocumentHost& host() = 0;
+};
 
 /// The office inside the window. It belongs to the office's thread, like the office itself.
 class HostedOffice final : public HostAccess {
@@ -28,6 +42,57 @@ class HostedOffice final : public HostAccess {
   private:
     Starter start_;
     std::unique_ptr<DocumentHost> host_;
+};
+
+/// Passes the events of the office from its threads to that of the windows. The office never waits for that,
+/// so the signals come later.
+class HostEvents final : public QObject, public HostListener {
+    Q_OBJECT
+
+  public:
+    void fileCommand(HostCommand command) override;
+    void officeEnded() override;
+
+  Q_SIGNALS:
+    void commandGiven(mergeloom::HostCommand command);
+    void ended();
+};
+
+/// Lets the object model work on the hosted document during its life: the user cannot edit it, and the
+/// model's selection is the view's.
+class HostEditing {
+  public:
+    explicit HostEditing(DocumentHost& host) : host_(host) {
+        host_.setEnabled(false);
+        try {
+            host_.beginEditing();
+        } catch (...) {
+            enable();
+            throw;
+        }
+    }
+    HostEditing(const HostEditing&) = delete;
+    HostEditing& operator=(const HostEditing&) = delete;
+    ~HostEditing() {
+        quietly([this] { host_.endEditing(); });
+        enable();
+    }
+
+  private:
+    void enable() {
+        quietly([this] { host_.setEnabled(true); });
+    }
+    /// Ignores an office that has ended, which is reported by itself.
+    template <typename Call>
+    static void quietly(const Call& call) {
+        try {
+            call();
+        } catch (const AutomationError&) {
+            return;
+        }
+    }
+
+    DocumentHost& host_;
 };
 
 }  // namespace mergeloom

@@ -1,8 +1,8 @@
 #include "ui/designer/OfficeWorker.h"
 
-#include "ui/designer/InputBlock.h"
-
+#include <QApplication>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QEventLoop>
 #include <QTimer>
 #include <utility>
@@ -10,6 +10,46 @@
 namespace mergeloom {
 
 namespace {
+
+/// Keeps keys, clicks and drags from the windows during its life. Modal windows that ask the user something
+/// meanwhile still receive them.
+class InputBlock final : public QObject {
+  public:
+    InputBlock();
+
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+};
+
+bool isInput(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            return true;
+        default:
+            return false;
+    }
+}
+
+InputBlock::InputBlock() {
+    QApplication::instance()->installEventFilter(this);
+}
+
+bool InputBlock::eventFilter(QObject* /*receiver*/, QEvent* event) {
+    return isInput(event->type()) && QApplication::activeModalWidget() == nullptr;
+}
 
 std::exception_ptr errorOf(const OfficeJobs::Job& job) {
     try {

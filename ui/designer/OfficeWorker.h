@@ -1,18 +1,32 @@
 #pragma once
 
-#include "ui/designer/OfficeJobs.h"
-
 #include <QObject>
 #include <QThread>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 
 namespace mergeloom {
+
+/// The thread of the office, on which all calls of the host and of its documents run, for those who have work
+/// for it.
+class OfficeJobs {
+  public:
+    using Job = std::function<void()>;
+
+    OfficeJobs() = default;
+    OfficeJobs(const OfficeJobs&) = delete;
+    OfficeJobs& operator=(const OfficeJobs&) = delete;
+    virtual ~OfficeJobs() = default;
+
+    /// Runs the job after all earlier ones and waits for its end. Its errors are raised here.
+    virtual void run(const Job& job) = 0;
+};
 
 /// The office's thread. Its members are called by the thread of the windows alone and never block it: while a
 /// job is waited for, the windows are painted.

@@ -5,15 +5,27 @@
 #include "ui/designer/LoadedStructure.h"
 
 #include <QObject>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace mergeloom {
 
 class FileDialog;
-struct StructureLoadResult;
+
+/// The result of loading a structure document. Its messages are kept, since only the window can show them.
+struct StructureLoadResult {
+    std::shared_ptr<LoadedStructure> structure;  ///< none when the document was not read
+    std::vector<Message> messages;
+    std::vector<ErrorReport> errors;  ///< of several equal ones the first, with their number as its comment
+};
+
+/// Loads a structure document and builds its tree with icons; in Word mode the special nodes come before it.
+/// May run in any thread. When isCancelled becomes true, the result may be left unfinished.
+StructureLoadResult loadStructure(const std::string& path, const std::function<bool()>& isCancelled);
 
 /// Loads structure documents and keeps their folders. All members belong to the windows' thread; the work is
 /// done in another one.

@@ -4,8 +4,7 @@
 #include "base/Messages.h"
 #include "office/model/DifferingCopy.h"
 #include "office/model/DocumentHost.h"
-#include "ui/designer/HostAccess.h"
-#include "ui/designer/LifecycleView.h"
+#include "ui/designer/HostedOffice.h"
 #include "ui/designer/TemplateDialogs.h"
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateOffice.h"
@@ -14,6 +13,17 @@
 #include <string>
 
 namespace mergeloom {
+
+/// The changes of the window by the rules for templates. Called by the office's thread.
+class LifecycleView {
+  public:
+    LifecycleView() = default;
+    LifecycleView(const LifecycleView&) = delete;
+    LifecycleView& operator=(const LifecycleView&) = delete;
+    virtual ~LifecycleView() = default;
+
+    virtual void showCaption(const std::string& caption) = 0;
+};
 
 enum class SaveTarget { Same, Asked };
 

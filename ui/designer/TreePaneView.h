@@ -1,15 +1,12 @@
 #pragma once
 
-#include "ui/designer/TreeModelRows.h"
+#include "ui/designer/TreeModel.h"
 
 #include <QTimer>
 #include <QTreeView>
 #include <vector>
 
 namespace mergeloom {
-
-class TreeModel;
-class TreeNode;
 
 /// The tree itself with its expanded and selected nodes, and the drag of a node. Nodes are named by their
 /// Index.

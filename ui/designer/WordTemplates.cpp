@@ -1,19 +1,28 @@
 #include "ui/designer/WordTemplates.h"
 
+#include "app/ConvertMailMergeFields.h"
 #include "app/FileFormats.h"
 #include "app/MergeloomErrorCodes.h"
+#include "base/AutomationError.h"
 #include "office/formats/mOfficeVersion.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Application.h"
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <variant>
 
 namespace mergeloom {
 
 namespace {
 
-constexpr TemplateTexts kTexts{
+std::string withoutLastBreak(std::string text) {
+    if (text.ends_with('\n')) text.pop_back();
+    return text;
+}
+
+constexpr TemplateTexts kWordTexts{
     .officeName = "Word",
     .newCaption = "New Template",
     .typeName = "Word Template",
@@ -29,8 +38,27 @@ constexpr int kZoomPercent = 100;
 
 }  // namespace
 
+void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& errors, Messages& messages) {
+    ConversionResult result;
+    {
+        const HostEditing editing(host);
+        const HostedDocument hosted = host.ActiveDocument();
+        const auto* const document = std::get_if<word::DocumentPtr>(&hosted);
+        if (document == nullptr) return;
+        ConvertMailMergeFields conversion{
+            []() -> word::ApplicationPtr { throw AutomationError(kNotAvailable, "No office is started."); },
+            files, errors};
+        conversion.SetTemplate(*document);
+        conversion.Execute();
+        result = conversion.result();
+    }
+    if (!result.failed)
+        (void)messages.show(
+            {withoutLastBreak(conversionReport(result)), MessageIcon::Information, MessageButtons::Ok});
+}
+
 const TemplateTexts& WordTemplates::texts() const {
-    return kTexts;
+    return kWordTexts;
 }
 
 bool WordTemplates::createNew() {

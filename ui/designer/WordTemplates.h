@@ -2,9 +2,11 @@
 
 #include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
+#include "base/FileStore.h"
 #include "base/Messages.h"
+#include "office/model/DocumentHost.h"
 #include "office/model/word/Document.h"
-#include "ui/designer/HostAccess.h"
+#include "ui/designer/HostedOffice.h"
 #include "ui/designer/TemplateConversion.h"
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateOffice.h"
@@ -12,6 +14,10 @@
 #include <optional>
 
 namespace mergeloom {
+
+/// Converts the merge fields of the hosted document to places and shows the user their number; a workbook has
+/// none. Runs on the office's thread. Errors of the host pass through.
+void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& errors, Messages& messages);
 
 /// Opens and saves Word's templates in the window.
 class WordTemplates final : public TemplateOffice {

@@ -7,8 +7,6 @@
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/HostArea.h"
-#include "ui/designer/HostPane.h"
-#include "ui/designer/OfficePanel.h"
 
 #include <QCloseEvent>
 #include <QLabel>

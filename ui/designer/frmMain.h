@@ -2,10 +2,12 @@
 
 #include "base/DiskFileStore.h"
 #include "ui/designer/DesignerSession.h"
+#include "ui/designer/DropFlow.h"
 #include "ui/designer/FocusHolder.h"
-#include "ui/designer/PaneDropTree.h"
 #include "ui/designer/StructureLoad.h"
+#include "ui/designer/TreePane.h"
 #include "ui/designer/WindowMemory.h"
+#include "ui/designer/mTVHook.h"
 #include "ui/dialogs/ErrorDialog.h"
 #include "ui/dialogs/MessageBoxes.h"
 #include "ui/dialogs/QtFileDialog.h"
@@ -22,8 +24,21 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 class QSplitter;
-
 namespace mergeloom {
+
+/// The tree of the window's left side.
+class PaneDropTree final : public DropTree {
+  public:
+    explicit PaneDropTree(TreePane& pane) : pane_(pane) {}
+
+    bool hasLostFocus() override { return gTreeLostFocus; }
+    const TreeNode* selectedNode() override { return pane_.selectedNode(); }
+    std::shared_ptr<LoadedStructure> structure() override { return pane_.structure(); }
+    void unhook() override { UnhookTreeView(pane_.tvXML()); }
+
+  private:
+    TreePane& pane_;
+};
 
 class DesignerActions;
 class HostArea;

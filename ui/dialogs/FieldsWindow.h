@@ -1,12 +1,45 @@
 #pragma once
 
-#include "ui/dialogs/FieldListModel.h"
+#include "base/ErrorHandler.h"
+#include "droppers/FieldSelection.h"
 
+#include <QAbstractListModel>
 #include <QDialog>
 #include <QListView>
 #include <QPushButton>
 
 namespace mergeloom {
+
+/// The fields as rows with a check mark each, which can be dragged to another place. The order changes only
+/// by the rules of the selection.
+class FieldListModel final : public QAbstractListModel {
+    Q_OBJECT
+
+  public:
+    FieldListModel(FieldSelection& fields, ErrorHandler& errors) : fields_(fields), errors_(errors) {}
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    bool moveRows(const QModelIndex& sourceParent, int source, int count,
+                  const QModelIndex& destinationParent, int destination) override;
+    /// Moves the dropped rows; nothing is accepted from elsewhere.
+    bool dropMimeData(const QMimeData*, Qt::DropAction, int, int, const QModelIndex&) override {
+        return false;
+    }
+
+    /// Moves the current field one place up or down.
+    void moveCurrent(bool up);
+    void selectAll(bool selected);
+
+  private:
+    void MoveListItem(bool up);
+
+    FieldSelection& fields_;
+    ErrorHandler& errors_;
+};
 
 /// Shows the list of fields. It decides nothing: the selection has the rules.
 class FieldsWindow final : public QDialog {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -57,5 +58,11 @@ inline constexpr std::uint32_t OFN_PATHMUSTEXIST = 0x800;
 inline constexpr std::uint32_t OFN_FILEMUSTEXIST = 0x1000;
 inline constexpr std::uint32_t OFN_EXPLORER = 0x80000;
 inline constexpr std::uint32_t OFN_LONGNAMES = 0x200000;
+
+/// Fills the record with the one path that was chosen. Buffers that are too short for it grow.
+void fillWithFile(OpenFileName& record, OpenFileTexts& texts, const std::string& path);
+
+/// Fills the record with several paths of one folder.
+void fillWithFiles(OpenFileName& record, OpenFileTexts& texts, const std::vector<std::string>& paths);
 
 }  // namespace mergeloom

@@ -1,13 +1,39 @@
 #include "ui/help/HelpFile.h"
 
-#include "ui/help/HelpSitemap.h"
+#include "base/AutomationError.h"
+#include "base/Paths.h"
 
+#include <chm_lib.h>
+
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QtEndian>
+#include <algorithm>
+#include <cstring>
+#include <utility>
 
 namespace mergeloom {
 
 namespace {
+
+// A damaged file may state any size and any number of files.
+constexpr LONGUINT64 kMaxFileSize = 64U << 20U;
+constexpr qsizetype kMaxFiles = 100'000;
+
+int addName(chmFile* /*file*/, chmUnitInfo* unit, void* names) {
+    auto& list = *static_cast<QStringList*>(names);
+    list.append(QString::fromUtf8(unit->path).mid(1));
+    return list.size() < kMaxFiles ? CHM_ENUMERATOR_CONTINUE : CHM_ENUMERATOR_FAILURE;
+}
+
+constexpr int kTitleWeight = 20;
+constexpr int kTextWeight = 1;
+
+QStringList wordsOf(const QString& text) {
+    static const QRegularExpression gaps(QStringLiteral("[^\\w]+"),
+                                         QRegularExpression::UseUnicodePropertiesOption);
+    return text.toCaseFolded().split(gaps, Qt::SkipEmptyParts);
+}
 
 // The pieces of "/#SYSTEM" that name the contents and the index, by their numbers.
 constexpr quint16 kContentsPiece = 0;
@@ -35,6 +61,88 @@ bool isTopic(const QString& name) {
 }
 
 }  // namespace
+
+ChmArchive::ChmArchive(const std::string& path) : path_(path) {
+    if (!fileExists(path)) {
+        throw AutomationError(kFileCouldNotBeRead, "The help file '" + path + "' is not there.");
+    }
+    chmFile* const file = chm_open(path.c_str());
+    if (file == nullptr) {
+        throw AutomationError(kFileCouldNotBeRead,
+                              "'" + path + "' cannot be read as a help file. Install the program anew.");
+    }
+    file_ = std::shared_ptr<chmFile>(file, chm_close);
+}
+
+std::optional<QByteArray> ChmArchive::read(const QString& name) const {
+    const QByteArray inside = "/" + name.toUtf8();
+    chmUnitInfo unit{};
+    if (inside.size() > CHM_MAX_PATHLEN ||
+        chm_resolve_object(file_.get(), inside.constData(), &unit) != CHM_RESOLVE_SUCCESS) {
+        return std::nullopt;
+    }
+    if (unit.length > kMaxFileSize) refuseDamaged();
+    QByteArray bytes(static_cast<qsizetype>(unit.length), '\0');
+    if (bytes.isEmpty()) return bytes;
+    const LONGINT64 count = chm_retrieve_object(
+        file_.get(), &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0, bytes.size());
+    if (count != bytes.size()) refuseDamaged();
+    return bytes;
+}
+
+QStringList ChmArchive::names() const {
+    QStringList list;
+    const int kinds = CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_FILES;
+    if (chm_enumerate(file_.get(), kinds, addName, &list) == 0) refuseDamaged();
+    return list;
+}
+
+void ChmArchive::refuseDamaged() const {
+    throw AutomationError(kFileCouldNotBeRead,
+                          "The help file '" + path_ + "' is damaged. Install the program anew.");
+}
+
+void HelpSearch::addTopic(const QString& topic, const QString& title, const QString& text) {
+    topics_.push_back({title, topic});
+    addWords(title, kTitleWeight);
+    addWords(text, kTextWeight);
+}
+
+void HelpSearch::addWords(const QString& text, int weight) {
+    for (const QString& word : wordsOf(text)) {
+        words_[word][topics_.size() - 1] += weight;
+    }
+}
+
+HelpSearch::Weights HelpSearch::weightsOf(const QString& beginning) const {
+    Weights weights;
+    for (auto at = words_.lower_bound(beginning); at != words_.end() && at->first.startsWith(beginning);
+         ++at) {
+        for (const auto& [topic, weight] : at->second) {
+            weights[topic] += weight;
+        }
+    }
+    return weights;
+}
+
+std::vector<HelpHit> HelpSearch::find(const QString& query) const {
+    const QStringList words = wordsOf(query);
+    if (words.isEmpty()) return {};
+    Weights common = weightsOf(words.front());
+    for (const QString& word : words.mid(1)) {
+        const Weights further = weightsOf(word);
+        std::erase_if(common, [&](const auto& entry) { return !further.contains(entry.first); });
+        for (auto& [topic, weight] : common) {
+            weight += further.at(topic);
+        }
+    }
+    std::vector<std::pair<std::size_t, int>> order(common.begin(), common.end());
+    std::ranges::stable_sort(order, std::ranges::greater(), &std::pair<std::size_t, int>::second);
+    std::vector<HelpHit> hits;
+    std::ranges::transform(order, std::back_inserter(hits),
+                           [&](const auto& entry) { return topics_[entry.first]; });
+    return hits;
+}
 
 HelpFile::HelpFile(const std::string& path) : archive_(path) {
     readSystem();

@@ -1,19 +1,69 @@
 #pragma once
 
-#include "ui/help/ChmArchive.h"
-#include "ui/help/HelpEntry.h"
-#include "ui/help/HelpSearch.h"
+#include "ui/help/HelpSitemap.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+struct chmFile;
+
 namespace mergeloom {
+
+/// A compressed help file (.chm) and its files.
+class ChmArchive {
+  public:
+    /// Opens the file. Raises kFileCouldNotBeRead with a sentence that names the file when it is missing or
+    /// no help file.
+    explicit ChmArchive(const std::string& path);
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+    /// Returns the bytes of a file, by its path from the help file's root, without a "/" before it and with
+    /// any letter case; none when there is no such file. Raises kFileCouldNotBeRead when its bytes cannot be
+    /// read.
+    [[nodiscard]] std::optional<QByteArray> read(const QString& name) const;
+    /// Returns the paths of the author's files. Raises kFileCouldNotBeRead when they cannot be listed.
+    [[nodiscard]] QStringList names() const;
+    /// Raises kFileCouldNotBeRead: the help file is damaged.
+    [[noreturn]] void refuseDamaged() const;
+
+  private:
+    std::string path_;
+    std::shared_ptr<chmFile> file_;
+};
+
+/// A topic that a search found.
+struct HelpHit {
+    QString title;
+    QString topic;
+};
+
+/// An index of the words of all topics.
+class HelpSearch {
+  public:
+    void addTopic(const QString& topic, const QString& title, const QString& text);
+
+    /// Returns the topics in which a word begins with each of the query's words, without regard to case:
+    /// those that have them in their title first, then those that have them most often. None for a query
+    /// without words.
+    [[nodiscard]] std::vector<HelpHit> find(const QString& query) const;
+
+  private:
+    using Weights = std::map<std::size_t, int>;  // of topics, by their place in topics_
+
+    void addWords(const QString& text, int weight);
+    [[nodiscard]] Weights weightsOf(const QString& beginning) const;
+
+    std::vector<HelpHit> topics_;
+    std::map<QString, Weights> words_;
+};
 
 /// A help file: its topics, contents, index, context numbers and the search in it. Its texts are UTF-8. All
 /// members raise kFileCouldNotBeRead with a sentence that names the file when it turns out to be damaged.

@@ -1,11 +1,16 @@
 #pragma once
 
-#include "ui/help/HelpEntry.h"
-
 #include <QString>
 #include <vector>
 
 namespace mergeloom {
+
+/// A line of the contents or of the index of a help file.
+struct HelpEntry {
+    QString title;
+    QString topic;  ///< the topic's path inside the help file; empty for a heading without one
+    std::vector<HelpEntry> children;
+};
 
 /// Reads the list of a contents (.hhc) or index (.hhk) file: nested lists of objects of the type
 /// "text/sitemap" with the parameters Name and Local. Everything else is ignored.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/help/HelpEntry.h"
 #include "ui/help/HelpFile.h"
+#include "ui/help/HelpSitemap.h"
 
 #include <QMainWindow>
 #include <memory>

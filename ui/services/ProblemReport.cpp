@@ -1,6 +1,10 @@
 #include "ui/services/ProblemReport.h"
 
+#include "base/DiskFileStore.h"
+#include "base/Paths.h"
+#include "base/SystemError.h"
 #include "base/Text.h"
+#include "ui/services/StateFolder.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -38,6 +42,25 @@ std::string withoutFolder(const std::string& text, const std::string& folder) {
 std::string line(const std::string& name, const std::string& value) {
     const std::string text = replaceAll(value, "\r", "");
     return name + ": " + (text.empty() ? "unknown" : replaceAll(text, "\n", "\n  ")) + "\n";
+}
+
+constexpr int kMaxReports = 20;
+
+std::string freePath(const std::string& folder) {
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    const std::string stem = "problem-" + now.toString(QStringLiteral("yyyyMMdd-HHmmss-zzz")).toStdString();
+    std::string path = joinPath(folder, stem + ".txt");
+    for (int number = 2; fileExists(path); ++number)
+        path = joinPath(folder, stem + "-" + std::to_string(number) + ".txt");
+    return path;
+}
+
+/// Removes the oldest reports. The names begin with the time, so their order is that of the time.
+void removeOldest(const std::string& folder) {
+    QDir reports(QString::fromStdString(folder), QStringLiteral("problem-*.txt"), QDir::Name, QDir::Files);
+    QStringList names = reports.entryList();
+    while (names.size() > kMaxReports)
+        reports.remove(names.takeFirst());
 }
 
 }  // namespace
@@ -84,6 +107,14 @@ std::string problemMailLink(const std::string& address, const std::string& text)
     const QByteArray to = QUrl::toPercentEncoding(QString::fromStdString(address), "@");
     const QByteArray subject = QUrl::toPercentEncoding(QStringLiteral("Mergeloom problem report"));
     return ("mailto:" + to + "?subject=" + subject + "&body=" + body.toPercentEncoding()).toStdString();
+}
+
+std::string saveProblemReport(const std::string& text, const std::string& folder) {
+    std::string path = freePath(folder);
+    if (!makePrivateFolder(folder)) raiseNotSaved(path, "its folder could not be created");
+    DiskFileStore().save(path, [&](ByteSink& file) { file.write(text); });
+    removeOldest(folder);
+    return path;
 }
 
 }  // namespace mergeloom

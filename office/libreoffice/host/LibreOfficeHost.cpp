@@ -189,7 +189,7 @@ bool LibreOfficeHost::placeCaret(HostPoint point) {
         waitForLayout(*frame);
         const CaretPlacement found = frame->caret().place(point);
         if (found == CaretPlacement::InCells)
-            unmarkCells(session_->connection(), frame->uno()->getController());
+            deselectCells(session_->connection(), frame->uno()->getController());
         return found;
     });
     if (placement == CaretPlacement::Blank) click(point);

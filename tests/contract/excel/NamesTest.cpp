@@ -95,7 +95,7 @@ TEST_P(OfficeNames, CountOnFromTheFirstFreeOne) {
     EXPECT_EQ(names->firstFreeCounter("ammB_ref"), 1);
 }
 
-/// Many places side by side and below one another, in whatever order and with whatever stands beside them.
+/// Many places side by side and below one another, in any order and with any cells beside them.
 TEST_P(OfficeNames, ReachTheFileWhateverStandsBesideTheirCells) {
     open(workbookFile({{"One",
                         "<sheetData><row r=\"8\"><c r=\"A8\" t=\"inlineStr\"><is><t>kept</t></is></c></row>"
@@ -132,8 +132,8 @@ TEST_P(OfficeNames, ReachTheFileWhateverStandsBesideTheirCells) {
     EXPECT_EQ(shown, "Caption 1|[1] Caption 2|[2] Caption 3|[3] | | | | kept| | ");
 }
 
-/// What a step wrote goes with it, also where it has reached the document already, and what was there comes
-/// back.
+/// Undoing a step removes what it wrote, even if the document has it already, and restores the former
+/// contents.
 TEST_P(OfficeNames, GoWithTheStepThatMadeThem) {
     add();
     const excel::NamesPtr names = workbook->Names();

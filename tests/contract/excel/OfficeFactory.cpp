@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-// In this program the factory gives Calc to whoever asks for Excel, so that what is tested over our own
-// engine is tested over Calc unchanged.
+// In this program the factory creates Calc instead of Excel, so that the same tests run over Calc as over our
+// own engine.
 
 word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files) {
     return embedded::makeWordApplication(files);

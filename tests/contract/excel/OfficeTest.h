@@ -32,7 +32,7 @@
 
 namespace mergeloom {
 
-/// The error that a call raises: its number and its sentence.
+/// Returns the number and the sentence of the error that a call raises.
 inline AutomationError errorOf(const std::function<void()>& call) {
     try {
         call();
@@ -42,7 +42,7 @@ inline AutomationError errorOf(const std::function<void()>& call) {
     return {0, "no error"};
 }
 
-/// What Excel's object model promises, asked of each office that plays Excel's part.
+/// Tests the contract of Excel's object model over each office in the role of Excel.
 class OfficeTest : public testing::TestWithParam<OfficeKind> {
   protected:
     void SetUp() override { application = start(GetParam()); }
@@ -56,7 +56,7 @@ class OfficeTest : public testing::TestWithParam<OfficeKind> {
         files.files["/book.xlsx"] = bytes;
         workbook = application->Workbooks()->Open("/book.xlsx");
     }
-    /// Saves the workbook and opens the file in the embedded office, which reads it without a second opinion.
+    /// Saves the workbook and opens the file in the embedded office, which reads it independently.
     excel::WorkbookPtr reopened() {
         workbook->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
         reader = start(OfficeKind::Embedded);

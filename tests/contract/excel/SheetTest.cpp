@@ -16,7 +16,7 @@ TEST_P(OfficeSheet, HasTheSizesOfExcelsNewWorkbook) {
     EXPECT_EQ(sheet()->Name(), "Sheet1");
     EXPECT_EQ(workbook->Worksheets()->Count(), 1);
     EXPECT_NEAR(cell(1, 1)->ColumnWidth().value, 8.43, 0.01);
-    // A row that nobody has set is as high as the office's fonts are.
+    // A row without a height of its own is as high as the office's fonts.
     EXPECT_NEAR(cell(1, 1)->RowHeight().value, 15, 1.5);
     EXPECT_NEAR(cell(1, 1)->Width().value, 48, kNear);
     EXPECT_NEAR(cell(3, 5)->Left().value, 4 * 48.0, kNear);
@@ -101,7 +101,7 @@ TEST_P(OfficeSheet, PicturesStandWhereTheyArePut) {
     EXPECT_EQ(sheet()->Shapes()->Item("AMMLOGO")->TopLeftCell()->AddressLocal(), "$C$3");
     cell(1, 1)->SetColumnWidth({20});
     const excel::WorkbookPtr copy = reopened();
-    // Calc writes where a picture ends in lengths of its own, and its rows are as high as its fonts are.
+    // Calc writes the end of a picture in its own lengths, and its rows are as high as its fonts.
     constexpr double kInFile = 2;
     for (const excel::WorksheetPtr& found : {sheet(), copy->Worksheets()->Item(1)}) {
         ASSERT_EQ(found->Shapes()->Count(), 2);

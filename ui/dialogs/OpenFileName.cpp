@@ -1,4 +1,4 @@
-#include "ui/dialogs/ChosenFiles.h"
+#include "ui/dialogs/OpenFileName.h"
 
 #include "base/Paths.h"
 

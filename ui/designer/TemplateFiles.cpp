@@ -1,4 +1,4 @@
-#include "ui/designer/DiskTemplateFiles.h"
+#include "ui/designer/TemplateFiles.h"
 
 #include "app/modMain.h"
 #include "base/Paths.h"
