@@ -8,7 +8,7 @@
 namespace mergeloom::embedded {
 namespace {
 
-SheetSelection selected(const char* active, const char* areas) {
+excel::CellSelection selected(const char* active, const char* areas) {
     return {at(active), excel::parseAreas(areas)};
 }
 
@@ -24,7 +24,7 @@ TEST(SheetView, ReadsTheSelectionOfThePaneWithTheFocus) {
         "<selection pane=\"bottomLeft\" activeCell=\"A9\" sqref=\"A9\"/>";
     const struct {
         std::string xml;
-        SheetSelection selection;
+        excel::CellSelection selection;
     } cases[] = {
         {worksheet("<sheetData/>"), selected("A1", "A1")},
         {viewed(""), selected("A1", "A1")},
@@ -54,7 +54,7 @@ TEST(SheetView, WritesTheSelectionAndNothingElse) {
     const std::string others = "<selection pane=\"topRight\" x=\"1\"/>";
     const struct {
         std::string before;
-        SheetSelection selection;
+        excel::CellSelection selection;
         std::string after;
     } cases[] = {
         {"<selection activeCell=\"A1\" sqref=\"A1\" x=\"1\"/>", selected("C3", "B2:C3"),

@@ -9,8 +9,6 @@
 #include "office/model/word/Documents.h"
 #include "ui/designer/MainForm.h"
 
-#include <optional>
-
 namespace mergeloom {
 
 namespace {

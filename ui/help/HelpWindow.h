@@ -1,11 +1,9 @@
 #pragma once
 
 #include "ui/help/HelpFile.h"
-#include "ui/help/HelpSitemap.h"
 
 #include <QMainWindow>
 #include <memory>
-#include <vector>
 
 class QLineEdit;
 class QListWidget;

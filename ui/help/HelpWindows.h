@@ -4,7 +4,6 @@
 #include "ui/help/HtmlHelpPort.h"
 
 #include <QPointer>
-#include <memory>
 #include <string>
 #include <vector>
 

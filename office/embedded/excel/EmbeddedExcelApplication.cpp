@@ -6,12 +6,9 @@
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewWorkbook.h"
 #include "office/model/UndoRecord.h"
-#include "office/model/excel/Columns.h"
 #include "office/model/excel/Selection.h"
 #include "office/model/excel/Workbooks.h"
-#include "office/model/excel/Worksheet.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -35,17 +32,9 @@ class SelectedCells final : public excel::Selection {
     std::size_t sheet_;
 };
 
-class SelectedChart final : public excel::Selection {
-  public:
-    std::string TypeName() override { return "ChartArea"; }
-    void SetValue2(const std::string&) override {
-        throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
-    }
-};
-
 /// Returns the selection of the active sheet: cells, or the chart if it is a chart sheet.
 excel::SelectionPtr selectionOf(const std::shared_ptr<WorkbookContent>& content) {
-    if (!content->isWorksheetActive()) return std::make_shared<SelectedChart>();
+    if (!content->isWorksheetActive()) return std::make_shared<excel::ChartSelection>();
     return std::make_shared<SelectedCells>(content, content->activeWorksheet());
 }
 
@@ -78,13 +67,6 @@ class EmbeddedWorkbookUndoRecord final : public model::UndoRecord {
     std::shared_ptr<WorkbookContent> content_;
 };
 
-excel::CellArea areaOf(excel::Range& range) {
-    const excel::CellPosition first{range.Row(), range.Column()};
-    const excel::CellPosition last{first.row + range.Rows()->Count() - 1,
-                                   first.column + range.Columns()->Count() - 1};
-    return {first, last};
-}
-
 }  // namespace
 
 excel::WorkbooksPtr EmbeddedExcelApplication::Workbooks() {
@@ -104,11 +86,7 @@ excel::SelectionPtr EmbeddedExcelApplication::Selection() {
 }
 
 excel::RangePtr EmbeddedExcelApplication::Intersect(excel::Range& first, excel::Range& second) {
-    const excel::WorksheetPtr sheet = first.Worksheet();
-    if (sheet->Name() != second.Worksheet()->Name()) return {};
-    const std::optional<excel::CellArea> common = intersection(areaOf(first), areaOf(second));
-    if (!common) return {};
-    return sheet->Cells(common->first.row, common->first.column)->Resize(common->rows(), common->columns());
+    return excel::intersect(first, second);
 }
 
 excel::UndoRecordPtr EmbeddedExcelApplication::UndoRecord() {

@@ -44,7 +44,7 @@ bool SheetContent::isInPivotTable(const excel::CellPosition& cell) const {
                                [&](const excel::CellArea& area) { return area.contains(cell); });
 }
 
-void SheetContent::select(const SheetSelection& selection) {
+void SheetContent::select(const excel::CellSelection& selection) {
     if (selection_ == selection) return;
     if (undo_.isRecording()) undo_.record([this, former = selection_] { selection_ = former; });
     selection_ = selection;

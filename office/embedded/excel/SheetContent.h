@@ -12,7 +12,6 @@
 #include "office/embedded/sheet/WorkbookPart.h"
 #include "office/opc/Package.h"
 
-#include <string>
 #include <vector>
 
 namespace mergeloom::embedded {
@@ -43,8 +42,8 @@ class SheetContent {
     /// Returns true if the cell is part of a pivot table.
     [[nodiscard]] bool isInPivotTable(const excel::CellPosition& cell) const;
 
-    [[nodiscard]] const SheetSelection& selection() const { return selection_; }
-    void select(const SheetSelection& selection);
+    [[nodiscard]] const excel::CellSelection& selection() const { return selection_; }
+    void select(const excel::CellSelection& selection);
 
     /// Writes the edited parts into the package.
     void store();
@@ -60,7 +59,7 @@ class SheetContent {
     SheetDrawing drawing_;
     SheetTables tables_;
     std::vector<excel::CellArea> pivotTables_;
-    SheetSelection selection_;
+    excel::CellSelection selection_;
     bool stored_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/model/excel/Range.h"
 #include "office/opc/UnreadableFile.h"
 
 #include <algorithm>
@@ -11,13 +12,6 @@
 namespace mergeloom::embedded {
 
 namespace {
-
-/// Excel's limit for the text of a cell.
-constexpr CharacterCount kMaxCellText{32767};
-
-/// Filling a whole column is allowed; a whole sheet with its thousands of millions of cells would not fit
-/// into memory.
-constexpr std::int64_t kMaxFilledCells = excel::kLastRow;
 
 /// Returns the part to which a relationship of the workbook leads; empty if there is none.
 std::string relatedPart(opc::Package& package, const std::string& workbookPart, const char* type) {
@@ -114,7 +108,7 @@ void WorkbookContent::setText(std::size_t sheetIndex, const excel::CellPosition&
                               const std::string& text) {
     SheetContent& content = sheet(sheetIndex);
     if (content.merged().isCovered(cell)) return;
-    if (utf16Length(text) > kMaxCellText) refuse("A cell cannot hold a text of that length.");
+    if (utf16Length(text) > excel::kMaxCellText) refuse("A cell cannot hold a text of that length.");
     const StoredCell stored = content.part().cell(cell);
     checkMayWrite(content, cell, stored);
     touch();
@@ -127,7 +121,7 @@ void WorkbookContent::setText(std::size_t sheetIndex, const excel::CellPosition&
 }
 
 void WorkbookContent::fill(std::size_t sheetIndex, const excel::CellArea& area, const std::string& text) {
-    if (std::int64_t{area.rows()} * area.columns() > kMaxFilledCells) {
+    if (std::int64_t{area.rows()} * area.columns() > excel::kMaxFilledCells) {
         refuse("The area " + addressOf(area) + " has too many cells to fill.");
     }
     for (int row = area.first.row; row <= area.last.row; ++row) {

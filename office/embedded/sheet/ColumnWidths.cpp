@@ -3,6 +3,7 @@
 #include "office/embedded/sheet/FontMetrics.h"
 #include "office/embedded/sheet/XmlScanner.h"
 #include "office/model/excel/CellAddress.h"
+#include "office/model/excel/Range.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,6 @@ namespace {
 
 /// The fractions of a digit's width in which a file's widths are counted.
 constexpr double kParts = 256;
-constexpr ColumnWidth kMaxWidth{255};
 
 int rounded(double pixels) {
     return static_cast<int>(std::lround(pixels));
@@ -32,7 +32,7 @@ int ColumnUnits::defaultPixels(int baseCharacters) const {
 }
 
 int ColumnUnits::widestPixels() const {
-    return pixelsOf(kMaxWidth);
+    return pixelsOf(excel::kWidestColumn);
 }
 
 int ColumnUnits::pixelsOfFileWidth(double width) const {
@@ -46,7 +46,7 @@ double ColumnUnits::fileWidthOf(int pixels) const {
 }
 
 int ColumnUnits::pixelsOf(ColumnWidth width) const {
-    const double characters = std::clamp(width.value, 0.0, kMaxWidth.value);
+    const double characters = std::clamp(width.value, 0.0, excel::kWidestColumn.value);
     // Below one character the padding shrinks too.
     if (characters < 1) return rounded(characters * (digit_ + padding_));
     return rounded(characters * digit_ + padding_);

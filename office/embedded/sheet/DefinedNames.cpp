@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "office/embedded/sheet/TreeEdit.h"
+#include "office/model/excel/DefinedNameRule.h"
 
 #include <charconv>
 

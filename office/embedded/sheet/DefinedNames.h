@@ -2,14 +2,12 @@
 
 #include "office/embedded/sheet/UndoLog.h"
 #include "office/model/NameCounters.h"
-#include "office/model/excel/DefinedNameRule.h"
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>
 #include <optional>
 #include <pugixml.hpp>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 

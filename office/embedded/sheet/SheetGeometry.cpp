@@ -4,6 +4,7 @@
 #include "office/embedded/sheet/FontMetrics.h"
 #include "office/embedded/sheet/TreeEdit.h"
 #include "office/embedded/sheet/UndoLog.h"
+#include "office/model/excel/Range.h"
 
 #include <algorithm>
 #include <array>
@@ -122,13 +123,13 @@ namespace {
 
 constexpr double kPointsPerCellPixel = 0.75;
 constexpr std::int64_t kEmuPerPixel = 9525;
-constexpr double kMaxRowHeight = 409.5;
 constexpr int kBaseCharacters = 8;
 
 enum class Fit { Own, Best };
 
 int pixelsOf(Points points) {
-    return static_cast<int>(std::lround(std::clamp(points.value, 0.0, kMaxRowHeight) / kPointsPerCellPixel));
+    return static_cast<int>(
+        std::lround(std::clamp(points.value, 0.0, excel::kHighestRow.value) / kPointsPerCellPixel));
 }
 
 Points pointsOf(std::int64_t pixels) {

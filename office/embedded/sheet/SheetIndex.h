@@ -3,7 +3,6 @@
 #include "office/embedded/sheet/XmlScanner.h"
 #include "office/model/excel/CellAddress.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <set>

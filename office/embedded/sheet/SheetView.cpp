@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -32,7 +33,7 @@ pugi::xml_node selectionOf(pugi::xml_node view) {
     return {};
 }
 
-SheetSelection parseSelection(pugi::xml_node element) {
+excel::CellSelection parseSelection(pugi::xml_node element) {
     std::vector<excel::CellArea> areas = excel::parseAreas(element.attribute("sqref").value());
     const excel::CellPosition first = areas.empty() ? excel::CellPosition() : areas.front().first;
     const pugi::xml_attribute written = element.attribute("activeCell");
@@ -55,7 +56,7 @@ std::string addressesOf(const std::vector<excel::CellArea>& areas) {
 }
 
 /// Returns the number of the area that contains the active cell.
-std::size_t activeArea(const SheetSelection& selection) {
+std::size_t activeArea(const excel::CellSelection& selection) {
     const auto holdsActive = [&](const excel::CellArea& area) { return area.contains(selection.activeCell); };
     const auto found = std::ranges::find_if(selection.areas, holdsActive);
     return found == selection.areas.end() ? 0 : static_cast<std::size_t>(found - selection.areas.begin());
@@ -82,7 +83,7 @@ pugi::xml_node addSelection(pugi::xml_node view) {
     return added;
 }
 
-void write(pugi::xml_node element, const SheetSelection& selection) {
+void write(pugi::xml_node element, const excel::CellSelection& selection) {
     const std::size_t area = activeArea(selection);
     set(element, "activeCell", addressOf(selection.activeCell));
     if (area > 0 || element.attribute("activeCellId")) set(element, "activeCellId", std::to_string(area));
@@ -105,12 +106,12 @@ void changeView(SheetPart& sheet, const Change& change) {
 
 }  // namespace
 
-SheetSelection readSelection(const SheetPart& sheet) {
+excel::CellSelection readSelection(const SheetPart& sheet) {
     const SheetSection section(sheet, kViewsSection);
     return parseSelection(selectionOf(viewOf(section.root())));
 }
 
-void writeSelection(SheetPart& sheet, const SheetSelection& selection) {
+void writeSelection(SheetPart& sheet, const excel::CellSelection& selection) {
     if (readSelection(sheet) == selection) return;
     changeView(sheet, [&](pugi::xml_node view) {
         const pugi::xml_node known = selectionOf(view);

@@ -2,24 +2,14 @@
 
 #include "office/embedded/sheet/SheetPart.h"
 
-#include <vector>
-
 namespace mergeloom::embedded {
-
-/// The selection of a sheet: one or more areas, one of whose cells is active.
-struct SheetSelection {
-    excel::CellPosition activeCell{};
-    std::vector<excel::CellArea> areas{excel::CellArea{}};
-
-    friend bool operator==(const SheetSelection&, const SheetSelection&) = default;
-};
 
 /// Reads the selection of the sheet's active pane (ECMA-376 Part 1, 18.3.1.78, 18.3.1.87); A1 if the sheet
 /// contains none or an invalid one.
-SheetSelection readSelection(const SheetPart& sheet);
+excel::CellSelection readSelection(const SheetPart& sheet);
 /// Writes the selection of the sheet's active pane; creates a view if the sheet has none. Does not change the
 /// sheet if the selection is the same.
-void writeSelection(SheetPart& sheet, const SheetSelection& selection);
+void writeSelection(SheetPart& sheet, const excel::CellSelection& selection);
 /// Reads or writes whether the sheet's tab is selected (tabSelected).
 bool isTabSelected(const SheetPart& sheet);
 void setTabSelected(SheetPart& sheet, bool selected);

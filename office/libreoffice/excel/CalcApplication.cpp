@@ -5,10 +5,8 @@
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcTexts.h"
 #include "office/libreoffice/session/OfficeFilters.h"
-#include "office/model/excel/Columns.h"
 #include "office/model/excel/Selection.h"
 #include "office/model/excel/Workbooks.h"
-#include "office/model/excel/Worksheet.h"
 
 namespace mergeloom::libreoffice {
 
@@ -47,15 +45,6 @@ class CalcSelection final : public excel::Selection {
     std::size_t sheet_;
 };
 
-/// The selection of a sheet without cells.
-class CalcSelectedChart final : public excel::Selection {
-  public:
-    std::string TypeName() override { return "ChartArea"; }
-    void SetValue2(const std::string&) override {
-        throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
-    }
-};
-
 class CalcUndoRecord final : public model::UndoRecord {
   public:
     explicit CalcUndoRecord(CalcContentPtr content) : content_(std::move(content)) {}
@@ -66,11 +55,6 @@ class CalcUndoRecord final : public model::UndoRecord {
   private:
     CalcContentPtr content_;
 };
-
-excel::CellArea cellsOf(excel::Range& range) {
-    const excel::CellPosition first{range.Row(), range.Column()};
-    return {first, {first.row + range.Rows()->Count() - 1, first.column + range.Columns()->Count() - 1}};
-}
 
 }  // namespace
 
@@ -91,16 +75,12 @@ excel::RangePtr CalcApplication::ActiveCell() {
 
 excel::SelectionPtr CalcApplication::Selection() {
     const CalcContentPtr& content = activeContent();
-    if (!content->hasActiveCells()) return std::make_shared<CalcSelectedChart>();
+    if (!content->hasActiveCells()) return std::make_shared<excel::ChartSelection>();
     return std::make_shared<CalcSelection>(content);
 }
 
 excel::RangePtr CalcApplication::Intersect(excel::Range& first, excel::Range& second) {
-    const excel::WorksheetPtr sheet = first.Worksheet();
-    if (sheet->Name() != second.Worksheet()->Name()) return {};
-    const std::optional<excel::CellArea> common = intersection(cellsOf(first), cellsOf(second));
-    if (!common) return {};
-    return sheet->Cells(common->first.row, common->first.column)->Resize(common->rows(), common->columns());
+    return excel::intersect(first, second);
 }
 
 excel::UndoRecordPtr CalcApplication::UndoRecord() {

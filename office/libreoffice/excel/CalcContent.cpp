@@ -11,7 +11,6 @@
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
-#include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
@@ -159,8 +158,8 @@ void CalcContent::activate(std::size_t index) {
     activeSheet_ = index;
 }
 
-void CalcContent::select(std::size_t index, const CalcSelectedCells& selection) {
-    const CalcSelectedCells former = sheet(index).selection();
+void CalcContent::select(std::size_t index, const excel::CellSelection& selection) {
+    const excel::CellSelection former = sheet(index).selection();
     if (former == selection) return;
     undo_.record([this, index, former] { sheet(index).select(former); });
     sheet(index).select(selection);

@@ -50,7 +50,7 @@ class CalcContent {
     /// Makes a sheet the active one. Raises kApplicationDefined for a hidden sheet.
     void activate(std::size_t index);
     /// Sets the selection of a sheet; a recorded step can undo it.
-    void select(std::size_t index, const CalcSelectedCells& selection);
+    void select(std::size_t index, const excel::CellSelection& selection);
 
     [[nodiscard]] CalcNameIndex& names() { return names_; }
     /// Returns the names of the workbook or of one of its sheets, after pending ones were written. Must run

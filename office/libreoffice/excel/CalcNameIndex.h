@@ -1,11 +1,7 @@
 #pragma once
 
-#include "office/libreoffice/session/OfficeConnection.h"
-#include "office/libreoffice/session/UnoText.h"
 #include "office/model/NameCounters.h"
 
-#include <com/sun/star/sheet/XNamedRange.hpp>
-#include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <cstddef>
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/excel/CalcContent.h"
-#include "office/model/excel/Range.h"
+#include "office/model/excel/AreaRange.h"
 
 #include <cstddef>
 #include <string>
@@ -9,24 +9,17 @@
 
 namespace mergeloom::libreoffice {
 
-class CalcRange final : public excel::Range {
+class CalcRange final : public excel::AreaRange {
   public:
-    /// The area must be within the sheet.
+    /// Raises kApplicationDefined if the area exceeds the sheet.
     CalcRange(CalcContentPtr content, std::size_t sheet, const excel::CellArea& area)
-        : content_(std::move(content)), sheet_(sheet), area_(area) {}
+        : AreaRange(area), content_(std::move(content)), sheet_(sheet) {}
 
     excel::WorksheetPtr Worksheet() override;
-    int Row() override { return area_.first.row; }
-    int Column() override { return area_.first.column; }
-    excel::CountedPtr Rows() override;
     excel::ColumnsPtr Columns() override;
-    std::string AddressLocal() override { return absoluteAddressOf(area_); }
 
-    excel::RangePtr Cells(int row, int column) override;
-    excel::RangePtr Resize(int rowSize, int columnSize) override;
-    excel::RangePtr Offset(int rowOffset, int columnOffset) override;
     excel::RangePtr MergeArea() override;
-    bool MergeCells() override { return sheet().merged().existIn(area_); }
+    bool MergeCells() override { return sheet().merged().existIn(area()); }
 
     std::string Value() override;
     void SetValue(const std::string& text) override;
@@ -46,11 +39,10 @@ class CalcRange final : public excel::Range {
 
   private:
     [[nodiscard]] CalcSheet& sheet() const { return content_->sheet(sheet_); }
-    [[nodiscard]] excel::RangePtr block(const excel::CellArea& area) const;
+    [[nodiscard]] excel::RangePtr rangeAt(const excel::CellArea& area) const override;
 
     CalcContentPtr content_;
     std::size_t sheet_;
-    excel::CellArea area_;
 };
 
 /// Returns the range of an area. Raises kApplicationDefined if the area exceeds the sheet.

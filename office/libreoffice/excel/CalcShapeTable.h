@@ -1,7 +1,6 @@
 #pragma once
 
 #include "office/libreoffice/session/OfficeConnection.h"
-#include "office/model/excel/CellAddress.h"
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/drawing/XShape.hpp>

@@ -5,7 +5,6 @@
 #include "office/model/excel/Shapes.h"
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <utility>
 

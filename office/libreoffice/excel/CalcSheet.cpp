@@ -1,7 +1,6 @@
 #include "office/libreoffice/excel/CalcSheet.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
@@ -13,10 +12,10 @@
 #include <com/sun/star/sheet/XDataPilotTablesSupplier.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
-#include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/util/CellProtection.hpp>
 #include <com/sun/star/util/XMergeable.hpp>
 #include <com/sun/star/util/XProtectable.hpp>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 

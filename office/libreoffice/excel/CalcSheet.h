@@ -12,7 +12,6 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace mergeloom::libreoffice {
@@ -42,14 +41,6 @@ class CalcMergedCells {
     std::map<excel::CellPosition, excel::CellArea> known_;
 };
 
-/// The selection of a sheet.
-struct CalcSelectedCells {
-    excel::CellPosition activeCell;
-    std::vector<excel::CellArea> areas{{}};
-
-    friend bool operator==(const CalcSelectedCells&, const CalcSelectedCells&) = default;
-};
-
 /// One sheet of cells. Properties that do not change while the object model works with the document (merged
 /// cells, protection, formulas) are read once and cached.
 class CalcSheet {
@@ -65,8 +56,8 @@ class CalcSheet {
     [[nodiscard]] bool hasCells() const { return kind_ == CalcSheetKind::Worksheet; }
     void setKind(CalcSheetKind kind) { kind_ = kind; }
 
-    [[nodiscard]] const CalcSelectedCells& selection() const { return selection_; }
-    void select(const CalcSelectedCells& selection) { selection_ = selection; }
+    [[nodiscard]] const excel::CellSelection& selection() const { return selection_; }
+    void select(const excel::CellSelection& selection) { selection_ = selection; }
 
     [[nodiscard]] CalcShapeTable& shapes();
 
@@ -94,7 +85,7 @@ class CalcSheet {
     Reference<css::sheet::XSpreadsheet> sheet_;
     std::string name_;
     CalcSheetKind kind_ = CalcSheetKind::Worksheet;
-    CalcSelectedCells selection_;
+    excel::CellSelection selection_;
     CalcMergedCells merged_;
     std::optional<CalcShapeTable> shapes_;
     std::optional<bool> isProtected_;

@@ -13,7 +13,6 @@
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
 #include <string_view>
-#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -114,8 +113,8 @@ ShownText shownIn(const Reference<css::table::XCell>& cell) {
     return shown;
 }
 
-/// Returns the width of the widest text in pixels; 0 if no cell needs space. Calc's own fitting uses the whole
-/// column, so the cells are measured here.
+/// Returns the width of the widest text in pixels; 0 if no cell needs space. Calc's own fitting uses the
+/// whole column, so the cells are measured here.
 double widestText(CalcContent& content, CalcSheet& sheet, const excel::CellArea& column) {
     content.pending().flush();
     double widest = 0;

@@ -4,10 +4,10 @@
 #include "base/Text.h"
 #include "office/libreoffice/excel/CalcCells.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/model/excel/Range.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/sheet/FormulaResult.hpp>
@@ -18,9 +18,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr CharacterCount kMaxCellText{32767};
-/// Filling a whole column is allowed; a whole sheet would not fit into memory.
-constexpr std::int64_t kMaxFilledCells = excel::kLastRow;
 /// The number of cells that are written in one call.
 constexpr std::int64_t kCellsAtOnce = 20'000;
 
@@ -71,9 +68,9 @@ void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const excel::Cel
 }
 
 void check(CalcSheet& sheet, const excel::CellArea& area, const std::string& text) {
-    if (utf16Length(text) > kMaxCellText)
+    if (utf16Length(text) > excel::kMaxCellText)
         throw AutomationError(kApplicationDefined, "A cell cannot hold a text of that length.");
-    if (std::int64_t{area.rows()} * area.columns() > kMaxFilledCells) {
+    if (std::int64_t{area.rows()} * area.columns() > excel::kMaxFilledCells) {
         throw AutomationError(kApplicationDefined,
                               "The area " + absoluteAddressOf(area) + " has too many cells to fill.");
     }

@@ -9,7 +9,6 @@
 #include <com/sun/star/awt/XDevice.hpp>
 #include <map>
 #include <string>
-#include <tuple>
 
 namespace mergeloom::libreoffice {
 

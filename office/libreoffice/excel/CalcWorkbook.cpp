@@ -10,7 +10,6 @@
 #include "office/libreoffice/excel/CalcWorksheet.h"
 #include "office/libreoffice/readback/ReadBack.h"
 
-#include <algorithm>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/sheet/XCellAddressable.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>

@@ -77,6 +77,13 @@ bool CellArea::contains(const CellPosition& cell) const {
            cell.column <= last.column;
 }
 
+CellSelection withActiveCell(CellSelection selection, const CellArea& merged) {
+    const auto holdsCell = [&](const CellArea& area) { return area.contains(merged.first); };
+    if (!std::ranges::any_of(selection.areas, holdsCell)) selection.areas = {merged};
+    selection.activeCell = merged.first;
+    return selection;
+}
+
 bool isInSheet(const CellArea& area) {
     return area.first.row >= 1 && area.first.column >= 1 && area.last.row <= kLastRow &&
            area.last.column <= kLastColumn && area.rows() >= 1 && area.columns() >= 1;

@@ -32,6 +32,18 @@ struct CellArea {
     [[nodiscard]] bool contains(const CellPosition& cell) const;
 };
 
+/// The selection of a sheet: one or more areas, one of whose cells is active.
+struct CellSelection {
+    CellPosition activeCell{};
+    std::vector<CellArea> areas{CellArea{}};
+
+    friend bool operator==(const CellSelection&, const CellSelection&) = default;
+};
+
+/// Returns the selection after the first of some merged cells was made the active one: the areas stay if they
+/// contain it, else the merged cells are selected.
+CellSelection withActiveCell(CellSelection selection, const CellArea& merged);
+
 /// Whether the area lies within the rows and columns that a sheet has.
 bool isInSheet(const CellArea& area);
 /// The cells that both areas hold.

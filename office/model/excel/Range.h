@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/Text.h"
 #include "base/Units.h"
 #include "office/model/excel/Forward.h"
 
+#include <cstdint>
 #include <string>
 
 namespace mergeloom::excel {
@@ -60,5 +62,10 @@ class Range : public Object {
 
 inline constexpr mergeloom::ColumnWidth kWidestColumn{255};
 inline constexpr Points kHighestRow{409.5};
+/// Excel's limit for the text of a cell.
+inline constexpr CharacterCount kMaxCellText{32767};
+/// The limit of cells that are filled at once: a whole column. The cells of a whole sheet would not fit into
+/// memory.
+inline constexpr std::int64_t kMaxFilledCells = 1048576;
 
 }  // namespace mergeloom::excel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AutomationError.h"
 #include "office/model/excel/Forward.h"
 
 #include <string>
@@ -15,6 +16,15 @@ class Selection : public Object {
     /// Writes the text into every selected cell; errors as for Range.SetValue, and for an object without
     /// cells.
     virtual void SetValue2(const std::string& text) = 0;
+};
+
+/// The selection of a sheet without cells.
+class ChartSelection final : public Selection {
+  public:
+    std::string TypeName() override { return "ChartArea"; }
+    void SetValue2(const std::string& /*text*/) override {
+        throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
+    }
 };
 
 }  // namespace mergeloom::excel
