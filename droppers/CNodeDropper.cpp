@@ -1,20 +1,53 @@
 #include "droppers/CNodeDropper.h"
 
+#include "droppers/DropContext.h"
 #include "droppers/DropRecord.h"
-#include "droppers/EmptyDrop.h"
-#include "droppers/ExcelDropRoutes.h"
-#include "droppers/SpecialPlace.h"
+#include "droppers/DropRoutes.h"
+#include "droppers/ObjectLayout.h"
 #include "droppers/StructureNodes.h"
-#include "droppers/WordDropRoutes.h"
+#include "droppers/modBookmarkAdd.h"
+#include "droppers/modWordNormalizeName.h"
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
+#include "office/model/word/Bookmarks.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Selection.h"
 #include "xml/modMSXMLHelper.h"
+#include "xml/modNamedItems.h"
 
 #include <functional>
 
 namespace mergeloom {
 
 namespace {
+
+constexpr int maxPlacesOfAKind = 20;
+
+bool isSpecialPlace(DropKind kind) {
+    return kind == DropKind::OptionalSpace || kind == DropKind::OptionalCarriageReturn;
+}
+
+/// Returns the first free name of the kind, or an empty text when all are taken.
+std::string freeSpecialName(word::Bookmarks& bookmarks, DropKind kind) {
+    const std::string base = WordNormalizeName(DropKindName(kind), false);
+    for (int number = 0; number < maxPlacesOfAKind; ++number) {
+        std::string name = base + std::to_string(number);
+        if (!bookmarks.Exists(name)) return name;
+    }
+    return {};
+}
+
+/// Makes the selection a place for an optional blank or line break.
+bool addSpecialPlace(DropReports& reports, DropKind kind, word::Document& document) {
+    const word::ApplicationPtr application = document.Application();
+    if (application->Name() != "Microsoft Word") return false;
+    std::string name = freeSpecialName(*document.Bookmarks(), kind);
+    if (name.empty()) return reports.refuse("The max number of the special bookmarks is exceeded!");
+
+    const PlaceContent content{.vstrText = kind == DropKind::OptionalSpace ? " " : "\r\n"};
+    const word::RangePtr selected = application->Selection()->Range();
+    return rWordBookmarkAdd(reports, document, *selected, name, content) != nullptr;
+}
 
 constexpr const char* kDropperModule = "CNodeDropper";
 
@@ -37,7 +70,7 @@ void noteWhatIsMissing(DropContext& context, const TreeNode& node, ObjectLayout 
     if (!context.reports.hasTold()) context.nothingDropped = nothingToDrop(context, node, layout);
 }
 
-/// Documents and workbooks have no common way to their applications.
+/// A template, since documents and workbooks have no common way to their applications.
 template <class DocumentPtr>
 bool dropAsOneStep(DropReports& reports, const Procedure& procedure, const DocumentPtr& document,
                    const std::string& name, const std::function<bool()>& drop) {

@@ -14,8 +14,8 @@
 
 namespace mergeloom {
 
-/// Decides what a dropped tree node stands for and hands it to the dropper that fits, in a Word document or a
-/// workbook. A drop is one step of the document's undo list; a drop that is refused or fails leaves the
+/// Determines what a dropped tree node represents and passes it to the matching dropper, in a Word document
+/// or a workbook. A drop is one step of the document's undo list; a drop that is refused or fails leaves the
 /// document as it was.
 class CNodeDropper {
   public:
@@ -28,26 +28,26 @@ class CNodeDropper {
           progress_(progress),
           fieldDialog_(fieldDialog) {}
 
-    /// Drops the node at the document's selection and tells whether something was dropped.
+    /// Drops the node at the document's selection. Returns true when something was dropped.
     bool NodeDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                   const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
                   const FieldKeys* rcolFields);
-    /// The same at a workbook's active cell.
+    /// Drops the node at a workbook's active cell.
     bool NodeDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
                   const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
                   const FieldKeys* rcolFields);
 
-    /// Says in a sentence what the last drop looked for in an object and did not find; empty when it dropped
-    /// something or the user was told why not.
+    /// Returns a sentence that names what the last drop looked for in an object and did not find. Empty when
+    /// it dropped something or has already told the user why not.
     [[nodiscard]] const std::string& nothingDropped() const { return nothingDropped_; }
 
-    /// Adds a place for an optional blank or line break, of each of which a document takes 20 at most.
+    /// Adds a place for an optional blank or line break. A document takes at most 20 of each.
     bool SpecialDrop(DropKind item, const word::DocumentPtr& robjDocument);
-    /// Only Word takes such places, so nothing is dropped.
+    /// Returns false: only Word takes such places.
     static bool SpecialDrop(DropKind item, const excel::WorkbookPtr& robjWorkbook);
 
   private:
-    /// One call of NodeDrop.
+    /// The arguments of one call of NodeDrop.
     struct Drop {
         DropContext& context;
         const TreeNode& node;

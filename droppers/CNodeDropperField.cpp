@@ -3,11 +3,12 @@
 #include "droppers/CNodeDropperForm.h"
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
-#include "droppers/CellCount.h"
-#include "droppers/ControlNames.h"
+#include "droppers/PlaceNames.h"
+#include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "droppers/modBookmarkAdd.h"
+#include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
@@ -16,15 +17,71 @@
 #include "office/model/word/Tables.h"
 #include "xml/modMSXMLHelper.h"
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 namespace mergeloom {
 
 namespace {
+
+std::string quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+std::string nameOf(const FieldDropArguments& control) {
+    return GetAttributeValue(control.node, Attribute::Name);
+}
+
+std::string subjectOf(DropReports& reports, const FieldDropArguments& control) {
+    const std::string name = nameOf(control);
+    if (!name.empty()) return "The control " + quoted(name);
+    return "The control with the caption " + quoted(GetControlCaption(reports, control.node));
+}
+
+/// Returns the reason why no place can be named after a control; empty when one can.
+std::string reasonWithoutName(const DropContext& context, const FieldDropArguments& control) {
+    const std::string name = nameOf(control);
+    const std::string place = SimplifyName(name);
+    if (name.empty()) return "it has no name";
+    if (ExcelNormalizeName(place, false).empty())
+        return "its name holds no letter, no digit and no underscore";
+    const std::string suffix(control.boundValueUse ? kBoundValueSuffix : "");
+    const bool isUsable = !context.normalizeName(control.parentName + place + suffix, false).empty();
+    return isUsable ? "" : "its name is too long";
+}
+
+bool isNameable(const DropContext& context, const FieldDropArguments& control) {
+    return reasonWithoutName(context, control).empty();
+}
+
+/// Returns the controls of a subform that are dropped: those of a table, or those of a form.
+std::vector<FieldDropArguments> controlsOf(const DropContext& context, const FieldDropArguments& subform) {
+    const TreeNode& node = *subform.treeNode;
+    const std::string prefix = nameOf(subform);
+    std::vector<FieldDropArguments> controls;
+    for (const TreeNode* control :
+         isBoundSubform(subform.node) ? fieldsOf(context.xmlNodes, node) : allControls(node)) {
+        const XmlNode element = elementOf(context.xmlNodes, control);
+        // A control without a form below it has the kinds of a drop there.
+        if (element) controls.push_back({.node = element, .parentName = prefix, .treeNode = control});
+    }
+    return controls;
+}
+
+bool leavesAnything(const DropContext& context, const FieldDropArguments& subform) {
+    const std::vector<FieldDropArguments> controls = controlsOf(context, subform);
+    return controls.empty() || std::ranges::any_of(controls, [&](const FieldDropArguments& control) {
+               return isSubform(control.node) ? leavesAnything(context, control)
+                                              : isNameable(context, control);
+           });
+}
 
 constexpr const char* kFieldModule = "CNodeDropperField";
 /// An empty cell's text is the mark of its end.
 constexpr const char* kEmptyCell = "\r\a";
 
-/// Whether the selection lies outside the table that the field belongs to, and that table was dropped.
+/// Returns true when the table that the field belongs to exists and the selection lies outside of it.
 bool isOutsideItsTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                        word::Selection& selection) {
     if (!arguments.isTableField) return false;
@@ -32,7 +89,7 @@ bool isOutsideItsTable(const FieldDropArguments& arguments, const word::Document
            !selection.Bookmarks()->Exists(arguments.tableName);
 }
 
-/// Moves the caret behind a new place, where the next drop does not touch it.
+/// Moves the caret after a new place, where the next drop does not touch it.
 void leavePlace(word::Bookmark& bookmark, word::Selection& selection, bool endParagraph) {
     bookmark.Range()->Select();
     selection.Collapse(word::WdCollapseDirection::wdCollapseEnd);
@@ -43,12 +100,14 @@ void leavePlace(word::Bookmark& bookmark, word::Selection& selection, bool endPa
     }
 }
 
-/// A table of captions over fields: merged cells would leave it open which caption a field has.
+/// Returns true for a table of captions over fields. With merged cells it would be unclear which caption a
+/// field has.
 bool isMergeTable(word::Table& table) {
     return table.Uniform() && table.Rows()->Count() >= 2;
 }
 
-/// The cell above a place in a table; none when the place stands in the first row or the cell is not empty.
+/// Returns the cell above a place in a table; null when the place is in the first row or the cell is not
+/// empty.
 word::CellPtr emptyCellAbove(word::Table& table, word::Range& place) {
     const word::CellPtr cell = place.Cells()->Item(1);
     const int row = cell->RowIndex();
@@ -58,6 +117,20 @@ word::CellPtr emptyCellAbove(word::Table& table, word::Range& place) {
 }
 
 }  // namespace
+
+bool takesName(DropContext& context, const FieldDropArguments& control) {
+    const std::string reason = reasonWithoutName(context, control);
+    if (reason.empty()) return true;
+    return context.reports.refuse(subjectOf(context.reports, control) + " is left out: " + reason + ".");
+}
+
+bool takesSubform(DropContext& context, const FieldDropArguments& subform) {
+    if (leavesAnything(context, subform)) return true;
+    for (const FieldDropArguments& control : controlsOf(context, subform))
+        isSubform(control.node) ? takesSubform(context, control) : takesName(context, control);
+    return context.reports.refuse("The subform " + quoted(nameOf(subform)) +
+                                  " is left out: none of its controls can be dropped.");
+}
 
 bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
     return context_.reports.trap({kFieldModule, "FieldDrop"}, [&] { return drop(arguments, document); });
@@ -110,8 +183,8 @@ bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const wor
 
 bool CNodeDropperField::dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
     CNodeDropperTable table{context_};
-    // Where nothing is chosen, no caption may stand alone. A choice among the outer form's controls says
-    // nothing of the subform's own.
+    // When nothing is chosen, no caption is written. A choice among the outer form's controls does not apply
+    // to the subform's own.
     const FieldKeys columns = table.chooseFields(*arguments.treeNode);
     if (columns.empty() || !typeLabel(arguments, document)) return false;
     return table.TableDrop(*arguments.treeNode, document, GetAttributeValue(arguments.node, Attribute::Name),
@@ -121,7 +194,7 @@ bool CNodeDropperField::dropTable(const FieldDropArguments& arguments, const wor
 bool CNodeDropperField::dropForm(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                                  word::Selection& selection) {
     selection.TypeParagraph();
-    // The subform's own name is the prefix of its places; as a chosen control it comes with all of its own.
+    // The subform's own name is the prefix of its places. A chosen subform brings all of its controls.
     return CNodeDropperForm(context_).FormDrop(*arguments.treeNode, document,
                                                GetAttributeValue(arguments.node, Attribute::Name), nullptr);
 }
@@ -167,7 +240,7 @@ bool CNodeDropperField::typeCaptionAbove(const FieldDropArguments& arguments,
 
 std::string CNodeDropperField::pictureOf(const XmlNode& control) const {
     const std::string image = GetAttributeValue(control, Attribute::Image);
-    // Without its file an image control becomes a place with a text, as the tree offers it then.
+    // Without its file, an image control becomes a place with a text, which is how the tree offers it then.
     return image.empty() ? "" : context_.findPicture(image);
 }
 

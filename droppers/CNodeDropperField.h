@@ -13,7 +13,7 @@
 
 namespace mergeloom {
 
-/// What is dropped by a field drop, and how.
+/// The control that a field drop places, and how.
 struct FieldDropArguments {
     XmlNode node{};  ///< the control's element
     bool labelRequired = false;
@@ -25,28 +25,29 @@ struct FieldDropArguments {
     bool addCrLf = false;     ///< end the drop with a paragraph mark; in Word only
 };
 
-/// What a table field is told outside its table.
+/// The refusal of a table field outside its table.
 inline constexpr const char* kOutsideItsTable =
     "The field may only be dropped on a table\u2019s merge area if it is a tablefield.";
 
-/// Turns one control into one named place, with its caption before it if that is wanted.
+/// Turns one control into one named place, with its caption before it if required.
 class CNodeDropperField {
   public:
     explicit CNodeDropperField(DropContext& context) : context_(context) {}
 
-    /// Drops at the selection and tells whether a place was made. A subform becomes a form of its controls,
-    /// or a table of its fields when it is bound to records. A table field is refused outside its table where
-    /// that is there.
+    /// Drops at the selection. Returns true when a place was made. A subform becomes a form of its controls,
+    /// or a table of its fields when it is bound to records. When the table of a table field exists, the
+    /// field is refused outside of it.
     bool FieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
 
     /// Drops a table field into the Word table at the selection and makes that table the field's own, unless
-    /// that is there already. A caption that is wanted goes into the cell above when that is empty, else
-    /// before the place. Raises kApplicationError for a table that is not a plain grid of two rows or more.
+    /// the field's own table exists already. A required caption goes into the cell above when that is empty,
+    /// otherwise before the place. Raises kApplicationError for a table that is not a plain grid of two rows
+    /// or more.
     bool TableFieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
 
-    /// Drops at the active cell and answers how many rows were used, 0 when nothing was written. A caption
-    /// that is wanted goes into that cell and the place right of it. A subform becomes what it becomes in
-    /// Word. A table field is refused outside its table where that is there.
+    /// Drops at the active cell. Returns the number of rows used, 0 when nothing was written. A required
+    /// caption goes into that cell and the place to the right of it. Subforms and table fields are treated as
+    /// in Word.
     int xlFieldDrop(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook);
 
   private:
@@ -76,5 +77,13 @@ class CNodeDropperField {
 
     DropContext& context_;
 };
+
+/// Returns true when a place can be named after a control. If not, tells the user why the control is left
+/// out.
+bool takesName(DropContext& context, const FieldDropArguments& control);
+
+/// Returns true when anything of a subform can be dropped. If not, tells the user which controls are left
+/// out, and that the subform is. A subform without any controls is not left out.
+bool takesSubform(DropContext& context, const FieldDropArguments& subform);
 
 }  // namespace mergeloom

@@ -2,8 +2,7 @@
 #include "droppers/CNodeDropperForm.h"
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
-#include "droppers/CellSteps.h"
-#include "droppers/ControlNames.h"
+#include "droppers/CellNavigation.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 #include "droppers/modExcelNormalizeName.h"
@@ -18,7 +17,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Whether the cell lies outside the table that the field belongs to, and that table was dropped. A name that
+/// Returns true when the table that the field belongs to exists and the cell lies outside of it. A name that
 /// has lost its cells guards nothing.
 bool isOutsideItsTable(const FieldDropArguments& arguments, excel::Workbook& workbook, excel::Range& cell) {
     if (!arguments.isTableField || arguments.tableName.empty()) return false;

@@ -1,7 +1,7 @@
 #include "droppers/CNodeDropperForm.h"
 
 #include "droppers/CNodeDropperField.h"
-#include "droppers/CellSteps.h"
+#include "droppers/CellNavigation.h"
 #include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
 #include "office/model/excel/Application.h"
@@ -72,11 +72,11 @@ int CNodeDropperForm::xlDropControls(const TreeNode& form, const ControlNodes& c
         const FieldDropArguments arguments = argumentsFor(*control, prefix);
         const int used = CNodeDropperField(context_).xlFieldDrop(arguments, workbook);
         if (context_.reports.failed()) return 0;
-        // Rows between two controls, which merged cells took, count as well.
+        // Rows between two controls, which merged cells occupy, count as well.
         if (used > 0) rows = cell->Row() + used - firstRow;
         advance(form, ++handled, std::ssize(controls));
         const auto below = [&] { return cellBelow(*cell, used); };
-        // Only what comes behind needs the row, which the sheet's last one has not.
+        // Only a control that follows needs the row below, and the sheet's last row has none.
         const excel::RangePtr next = handled == std::ssize(controls) ? rangeOrNone(below) : below();
         if (next) next->Activate();
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "droppers/DropReports.h"
+#include "droppers/DropContext.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "xml/XmlNode.h"
@@ -12,11 +12,11 @@ class CNodeDropperLabel {
   public:
     explicit CNodeDropperLabel(DropReports& reports) : reports_(reports) {}
 
-    /// Types the caption over the selection and tells whether a text was typed. With vfAddTab the caption
+    /// Types the caption over the selection. Returns true when a text was typed. With vfAddTab the caption
     /// ends in a colon and a blank.
     bool LabelDrop(const XmlNode& robjXMLNode, const word::DocumentPtr& robjDocument, bool vfAddTab);
 
-    /// Writes the caption as it is into every selected cell and tells whether there was one.
+    /// Writes the unchanged caption into every selected cell. Returns false when there is no caption.
     bool xlLabelDrop(const XmlNode& robjXMLNode, const excel::WorkbookPtr& robjWorkbook);
 
   private:

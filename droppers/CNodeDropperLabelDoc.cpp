@@ -1,7 +1,6 @@
 #include "droppers/CNodeDropperLabelDoc.h"
 
 #include "droppers/CNodeDropperField.h"
-#include "droppers/ControlNodes.h"
 #include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
 #include "office/model/word/Application.h"

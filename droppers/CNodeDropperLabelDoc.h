@@ -8,14 +8,14 @@
 
 namespace mergeloom {
 
-/// Drops an object's controls into a sheet of labels: plain places one behind the other, without captions.
+/// Drops an object's controls into a sheet of labels: plain places one after the other, without captions.
 class CNodeDropperLabelDoc {
   public:
     explicit CNodeDropperLabelDoc(DropContext& context) : context_(context) {}
 
-    /// Drops at the selection and tells whether any control was dropped. Without keys all controls but
-    /// subforms are dropped in tree order, else those that the keys name, in the keys' order. An error ends
-    /// the drop; a control that is refused is left out.
+    /// Drops at the selection. Returns true when any control was dropped. Without keys all controls except
+    /// subforms are dropped in tree order, otherwise those that the keys name, in the keys' order. An error
+    /// ends the drop; a control that is refused is left out.
     bool LabelDocumentDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                            const std::string& baseName, const FieldKeys* rcolFields);
 

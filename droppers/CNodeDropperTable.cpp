@@ -1,27 +1,110 @@
 #include "droppers/CNodeDropperTable.h"
 
 #include "droppers/CNodeDropperField.h"
-#include "droppers/ControlNames.h"
-#include "droppers/FieldDialog.h"
+#include "droppers/DropContext.h"
+#include "droppers/FieldSelection.h"
 #include "droppers/LinkedFields.h"
 #include "droppers/SelectionCheck.h"
-#include "droppers/SeparateTableFields.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
-#include "droppers/TableFontSize.h"
+#include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
+#include "office/model/word/Bookmark.h"
+#include "office/model/word/Bookmarks.h"
 #include "office/model/word/Cells.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Font.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Rows.h"
+#include "office/model/word/Selection.h"
 #include "office/model/word/Tables.h"
+#include "office/model/word/Window.h"
+#include "xml/TreeView.h"
 #include "xml/modMSXMLHelper.h"
 
 #include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace mergeloom {
 
 namespace {
+
+/// Returns the font size in points that lets the columns of a table fit on a page; none keeps the document's
+/// own.
+constexpr std::optional<double> tableFontSize(int columns) {
+    if (columns <= 10) return {};
+    if (columns <= 15) return 10;
+    return columns <= 20 ? 8 : 7;
+}
+
+constexpr const char* kQuestion =
+    "You can't have fields from the same data source table\n"
+    "both inside a Word table and as separate tablefields\n"
+    "The separate tablefields will be removed";
+
+/// Returns true for a place in a table that has a bookmark, so that it belongs to that table.
+bool isInMarkedTable(word::Bookmark& place) {
+    const word::RangePtr range = place.Range();
+    if (range->Tables()->Count() == 0) return false;
+    const word::BookmarksPtr around = range->Bookmarks();
+    for (int number = 1; number <= around->Count(); ++number) {
+        if (coversSeveralCells(*around->Item(number)->Range())) return true;
+    }
+    return false;
+}
+
+/// Returns the names of the separate places that an earlier drop made from a name. Each possible name is
+/// looked up, so the cost does not depend on the number of bookmarks.
+std::vector<std::string> placesOfName(const DropContext& context, word::Bookmarks& bookmarks,
+                                      const std::string& baseName) {
+    std::vector<std::string> places;
+    for (const std::string& name : PossibleBookmarkNames(baseName)) {
+        if (!bookmarks.Exists(name)) continue;
+        const word::BookmarkPtr place = bookmarks.Item(name);
+        const std::string found = place->Name();
+        if (!IsBookmarkOfName(baseName, found) || context.places.contains(found)) continue;
+        if (!isInMarkedTable(*place)) places.push_back(found);
+    }
+    return places;
+}
+
+std::vector<std::string> separateFields(const DropContext& context, const TreeNode& node,
+                                        word::Bookmarks& bookmarks) {
+    const std::string nodeName = GetAttributeValue(elementOf(context.xmlNodes, &node), Attribute::Name);
+    const std::string prefix = placePrefix(context.xmlNodes, node, nodeName);
+    std::vector<std::string> places;
+    for (const TreeNode* field : fieldsOf(context.xmlNodes, node)) {
+        const std::string name = GetAttributeValue(elementOf(context.xmlNodes, field), Attribute::Name);
+        const std::string baseName = WordNormalizeName(prefix + SimplifyName(name), false);
+        const std::vector<std::string> found = placesOfName(context, bookmarks, baseName);
+        places.insert(places.end(), found.begin(), found.end());
+    }
+    return places;
+}
+
+void deletePlace(word::Document& document, const std::string& name) {
+    const word::BookmarksPtr bookmarks = document.Bookmarks();
+    // It may have been deleted with another place around it.
+    if (!bookmarks->Exists(name)) return;
+    bookmarks->Item(name)->Select();
+    document.ActiveWindow()->Selection()->SetText("");
+}
+
+/// Removes the places of an object's fields that were dropped one by one outside of its table, since a field
+/// is filled either record by record in the table or once. Asks the user first. Returns true when the user
+/// cancelled; then nothing is removed.
+bool DeleteSeparateTableFields(DropContext& context, const TreeNode& node, word::Document& document) {
+    return context.reports.trap({"CNodeDropperTable", "DeleteSeparateTableFields"}, [&] {
+        const std::vector<std::string> places = separateFields(context, node, *document.Bookmarks());
+        if (places.empty()) return false;
+        if (!context.reports.confirm(kQuestion)) return true;
+        for (const std::string& name : places)
+            deletePlace(document, name);
+        return false;
+    });
+}
 
 word::CellPtr cellOf(word::Table& table, int row, int column) {
     const word::RowsPtr rows = table.Rows();
@@ -30,7 +113,7 @@ word::CellPtr cellOf(word::Table& table, int row, int column) {
     return rows->Item(row)->Cells()->Item(column);
 }
 
-/// Sizes the table's font and leaves the caret behind the table.
+/// Sets the table's font size and leaves the caret after the table.
 void finishTable(word::Table& table, word::Selection& selection) {
     table.Select();
     const std::optional<double> size = tableFontSize(table.Columns()->Count());
@@ -134,7 +217,7 @@ bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& column
     const word::TablePtr table =
         drop.document->Tables()->Add(*selection->Range(), kFieldRow, static_cast<int>(columns.size()));
     if (!FillTable(drop, *table, columns)) return false;
-    // Nothing could find a table under an empty name.
+    // A table under an empty name could never be found again.
     if (!bookmarkName.empty() && !markTable(context_, *drop.document, *table, bookmarkName)) {
         return false;
     }

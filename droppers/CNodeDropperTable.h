@@ -1,8 +1,8 @@
 #pragma once
 
-#include "droppers/ControlNodes.h"
 #include "droppers/DropContext.h"
 #include "droppers/FieldSelection.h"
+#include "droppers/StructureNodes.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Cell.h"
@@ -20,37 +20,37 @@ inline constexpr const char* kTableModule = "CNodeDropperTable";
 inline constexpr int kCaptionRow = 1;
 inline constexpr int kFieldRow = 2;
 
-/// Makes a table of an object's or subform's fields: captions in the first row, places in the second. A
-/// dropper serves one drop.
+/// Makes a table of an object's or subform's fields: captions in the first row, places in the second. Create
+/// one for each drop.
 class CNodeDropperTable {
   public:
     explicit CNodeDropperTable(DropContext& context) : context_(context) {}
 
-    /// Puts the table behind a new paragraph at the selection, under its bookmark, in place of an earlier
-    /// table of that name, and tells whether it did. The name is the object's or the subform control's. Keys
-    /// choose the columns and their order; without keys the user does, or all fields become columns where no
-    /// user is asked. The caret stands behind the table then.
+    /// Inserts the table after a new paragraph at the selection, sets its bookmark and removes an earlier
+    /// table of that name. Returns true on success. The name is the object's or the subform control's. Keys
+    /// choose the columns and their order; without keys the user does, or all fields become columns when no
+    /// user is asked. Leaves the caret after the table.
     bool TableDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument, const std::string& name,
                    const FieldKeys* fieldKeys);
 
-    /// Has the fields of a node chosen by the user, or takes all where no user is asked. No keys when there
-    /// are no fields or the user closed the window.
+    /// Lets the user choose the fields of a node, or takes all when no user is asked. Returns no keys when
+    /// there are no fields or the user closed the window.
     FieldKeys chooseFields(const TreeNode& node);
 
-    /// The same in a workbook: the table takes the cells from the active one on, whatever they hold, under
-    /// its range name. Answers how many rows it has, 0 when none was made. Refused where it has no room. The
-    /// cell below the table is selected then, or on the sheet's last row that of the last field.
+    /// Inserts the table into a workbook: it overwrites the cells from the active one on and gets its range
+    /// name. Returns its number of rows, 0 when none was made. A table without room is refused. Selects the
+    /// cell below the table, or, at the sheet's last row, that of the last field.
     int xlTableDrop(const TreeNode& robjTVNode, const excel::WorkbookPtr& robjWorkbook,
                     const std::string& name, const FieldKeys* fieldKeys);
 
-    /// Whether a table of these columns can stand with its first cell there: on the sheet, and on no merged
-    /// cells.
+    /// Returns true when a table of these columns can begin at that cell: it ends on the sheet and covers no
+    /// merged cells.
     bool xlHasRoom(const TreeNode& node, excel::Range& cell, const FieldKeys& columns);
-    /// Tells that the table has no room. Answers false.
+    /// Tells the user that the table has no room. Returns false.
     bool xlRefuse();
 
   private:
-    /// One call of TableDrop.
+    /// The arguments of one call of TableDrop.
     struct Drop {
         const TreeNode& node;
         const word::DocumentPtr& document;
@@ -66,7 +66,8 @@ class CNodeDropperTable {
     void CollectSelectedFields();
     void mDialogFields_Load();
     void mbtnInsert_Click();
-    /// The chosen controls but for those that no place can be named after, which are told.
+    /// Returns the chosen controls except those after which no place can be named; the user is told about
+    /// these.
     ControlNodes columnsOf(const TreeNode& node, const FieldKeys& keys);
     bool areColumns(const ControlNodes& chosen);
     bool insertTable(const Drop& drop, const ControlNodes& columns);

@@ -1,35 +1,74 @@
 #include "droppers/CNodeDropperField.h"
 #include "droppers/CNodeDropperTable.h"
-#include "droppers/CellSteps.h"
-#include "droppers/ColumnFit.h"
+#include "droppers/CellNavigation.h"
 #include "droppers/LinkedFields.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "office/model/excel/Application.h"
+#include "office/model/excel/Columns.h"
 #include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Range.h"
 #include "office/model/excel/Selection.h"
+#include "office/model/excel/Shape.h"
+#include "office/model/excel/Shapes.h"
+#include "office/model/excel/Worksheet.h"
 #include "xml/modMSXMLHelper.h"
 
 #include <algorithm>
+#include <map>
 
 /// The Excel half of CNodeDropperTable.
 namespace mergeloom {
 
 namespace {
 
+/// Offices round lengths; an excess of one pixel covers nothing.
+constexpr Points kPixel{0.75};
+
+/// The widths of columns, by their numbers in the sheet.
+using ColumnWidths = std::map<int, ColumnWidth>;
+
+/// Returns the columns of the block that hold the whole width of an object in any of the sheet's rows.
+ColumnWidths columnsOfObjects(excel::Range& block) {
+    const int first = block.Column();
+    const int end = first + block.Columns()->Count();
+    const excel::ShapesPtr shapes = block.Worksheet()->Shapes();
+    ColumnWidths widths;
+    for (int number = 1; number <= shapes->Count(); ++number) {
+        const excel::ShapePtr shape = shapes->Item(number);
+        const excel::RangePtr cell = shape->TopLeftCell();
+        const int column = cell->Column();
+        const bool isInside = column >= first && column < end;
+        const bool fits = shape->Width().value <= cell->Width().value + kPixel.value;
+        if (isInside && fits) widths.emplace(column, cell->ColumnWidth());
+    }
+    return widths;
+}
+
+/// Fits the columns of a block to their texts. A column that holds the whole width of an object on the sheet
+/// is not narrowed, since the object would cover the cells beside it.
+void fitColumns(excel::Range& block) {
+    const ColumnWidths formerWidths = columnsOfObjects(block);
+    block.Columns()->AutoFit();
+    for (const auto& [column, width] : formerWidths) {
+        const excel::RangePtr cell = block.Cells(1, column - block.Column() + 1);
+        if (cell->ColumnWidth() < width) cell->SetColumnWidth(width);
+    }
+}
+
 int rowsFor(const std::vector<ControlNodes>& places) {
     const auto longest = std::ranges::max_element(places, {}, &ControlNodes::size);
     return kCaptionRow + static_cast<int>(longest->size());
 }
 
-/// The cells of a table from its first one on; none where the sheet ends or cells are merged.
+/// Returns the cells of a table from its first one on; null where the sheet ends or cells are merged.
 excel::RangePtr blockAt(excel::Range& first, const std::vector<ControlNodes>& places) {
     const int columns = static_cast<int>(places.size());
     excel::RangePtr block = rangeOrNone([&] { return first.Resize(rowsFor(places), columns); });
     return block && !block->MergeCells() ? block : nullptr;
 }
 
-/// The active cell; none when no cells are selected.
+/// Returns the active cell; null when no cells are selected.
 excel::RangePtr selectedCell(excel::Application& application) {
     if (application.Selection()->TypeName() != "Range") return {};
     return rangeOrNone([&] { return application.ActiveCell(); });
@@ -84,7 +123,7 @@ int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
     excel::RangePtr block = cell.Resize(kFieldRow, columns);
     const std::string rangeName = tableNameInDrop(context_, tableRangeName(drop.node, drop.name));
     excel::DefinedNamePtr tableName;
-    // Nothing could find a table under an empty name.
+    // A table under an empty name could never be found again.
     if (!rangeName.empty()) tableName = nameTable(context_, *drop.workbook, rangeName, refersTo(*block));
     if (!xlFillTable(drop, *block, places)) return 0;
 

@@ -7,7 +7,7 @@ namespace mergeloom {
 DropRecord::DropRecord(model::OfficeDocument& document, model::UndoRecord& record, const std::string& name)
     : document_(document), record_(record), wasSaved_(document.Saved()) {
     record_.StartCustomRecord(name);
-    // Every change of a document clears this mark, which tells whether the record holds anything.
+    // Every change of the document clears this mark, so that end() can see whether the record holds anything.
     document_.SetSaved(true);
 }
 

@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-/// The list in which a user chooses the columns of a table and their order: the rules of the dialog, without
-/// its window. A window shows the list, calls these members and is open as long as `Visible` says.
+/// The list in which a user chooses the columns of a table and their order: the logic of the dialog without
+/// its window. A window shows the list, calls these members and stays open while `Visible` returns true.
 class FieldSelection {
   public:
     struct Item {
@@ -26,7 +26,7 @@ class FieldSelection {
 
     /// The index of the current item, -1 in an empty list.
     [[nodiscard]] int ListIndex() const { return listIndex_; }
-    /// An index without an item is passed over.
+    /// Ignores an index without an item.
     void SetListIndex(int index);
     /// Moves the current item one place up or down, with all that belongs to it. Nothing is moved beyond the
     /// list's ends, nor while no item is selected.
@@ -36,7 +36,7 @@ class FieldSelection {
     void Insert() const { onInsert_(); }
     void SetInsertHandler(std::function<void()> onInsert) { onInsert_ = std::move(onInsert); }
     [[nodiscard]] bool Visible() const { return visible_; }
-    /// Hidden without the insert button, the window was closed and nothing is chosen.
+    /// A window that is hidden without the insert button was closed, and nothing is chosen.
     void SetVisible(bool visible) { visible_ = visible; }
 
   private:
@@ -46,6 +46,15 @@ class FieldSelection {
     int listIndex_ = -1;
     bool visible_ = false;
     std::function<void()> onInsert_ = [] {};
+};
+
+/// The window that shows the list of fields.
+class FieldDialog {
+  public:
+    virtual ~FieldDialog() = default;
+
+    /// Shows the list until the user inserts what is selected or closes the window.
+    virtual void Show(FieldSelection& fields) = 0;
 };
 
 }  // namespace mergeloom

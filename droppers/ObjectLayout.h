@@ -1,21 +1,27 @@
 #pragma once
 
 #include "droppers/DropContext.h"
+#include "xml/TreeView.h"
 #include "xml/XmlNode.h"
 
 #include <string>
 
 namespace mergeloom {
 
-/// How a table, query or form is laid out in the document.
+/// The layout of a table, query or form in the document.
 enum class ObjectLayout { None, Table, Form };
 
-/// The layout that the document type asks for, or else the object's own view. A continuous form asks the
-/// user; a view that cannot be laid out is refused with a message and has no layout.
+/// Returns the layout that the document type requests, or otherwise the object's own view. For a continuous
+/// form the user is asked; a view that cannot be laid out is refused with a message and has no layout.
 ObjectLayout layoutOf(DropContext& context, const XmlNode& object);
 
-/// The name of the view in which an object is shown: "Form", "Datasheet". A number that stands for no view is
-/// returned as it is; an object without a view has an empty one.
+/// Returns the name of the view in which an object is shown: "Form", "Datasheet". Returns an unknown number
+/// unchanged, and an empty text for an object without a view.
 std::string viewNameOf(const XmlNode& object);
+
+/// Returns a sentence that names what was looked for in an object or a subform and not found, for when
+/// nothing of it was dropped and the user was not told why. Empty when there is something to drop, of which
+/// the user chose nothing.
+std::string nothingToDrop(const DropContext& context, const TreeNode& node, ObjectLayout layout);
 
 }  // namespace mergeloom

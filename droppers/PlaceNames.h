@@ -1,44 +1,65 @@
 #pragma once
 
-#include "droppers/BookmarkNames.h"
-#include "droppers/NameRule.h"
+#include "base/Units.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <ranges>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace mergeloom {
 
-/// The names that a place may have: its own and, while that is taken, further ones that end in a counter from
-/// 1. The collection is the bookmarks of a document or the names of a workbook.
+/// The prefix of the name of every place and table in a workbook.
+inline constexpr std::string_view kRangeNamePrefix = "amm";
+
+/// The suffix of the name of a place for a control's bound value.
+inline constexpr std::string_view kBoundValueSuffix = "_bv";
+/// Precedes the counter in the name of a further place when a name is taken.
+inline constexpr std::string_view kFurtherPlaceSuffix = "_ref";
+
+/// Makes a name of the structure document a name in an office document, as `WordNormalizeName` does.
+using NameRule = std::string (*)(std::string_view name, bool appendT);
+
+bool beginsWithDigit(std::string_view text);
+
+/// Returns the name with the "T" of a table appended if requested. An empty name stays empty.
+std::string nameToNormalize(std::string_view name, bool appendT);
+
+/// Keeps only letters, digits and "_", and of these at most the last ones that fit into the maximum length in
+/// UTF-16 code units. Never returns a digit first.
+std::string normalizedName(std::string_view name, CharacterCount maxLength);
+
+/// The names that a place may have: its own and, while that is taken, further ones that end in a counter
+/// from 1. The collection holds the bookmarks of a document or the names of a workbook.
 template <class Collection>
 class PlaceNames {
   public:
     PlaceNames(Collection& taken, std::string name, NameRule normalize)
         : taken_(taken), name_(std::move(name)), usable_(normalize(name_, false)), normalize_(normalize) {}
 
-    /// The counter of the first free name; 0 for the name itself.
+    /// Returns the counter of the first free name; 0 for the name itself.
     [[nodiscard]] std::int64_t firstFreeCounter() const {
         if (usable_.empty() || !isTaken(0)) return 0;
         const std::string first = usable(1);
         std::int64_t counter = taken_.firstFreeCounter(first.substr(0, first.size() - 1));
-        // In a long name a longer counter pushes out more of the beginning, so it leads to other names.
+        // In a long name, a longer counter cuts off more of the beginning, which leads to different names.
         if (isTaken(counter)) counter = endOfTaken(counter);
         while (isTaken(counter))
             ++counter;
         return counter;
     }
 
-    /// Other names than one's own may have the same usable characters, so both spellings count.
+    /// Returns true when the name with that counter is taken. Different names may have the same usable
+    /// characters, so both spellings count.
     [[nodiscard]] bool isTaken(std::int64_t counter) const {
         const std::string written = counted(name_, counter);
         const std::string name = usable(counter);
         return taken_.Exists(name) || (written != name && taken_.Exists(written));
     }
 
-    /// The name with that counter; empty when nothing usable is left of it.
+    /// Returns the name with that counter; empty when nothing usable is left of it.
     [[nodiscard]] std::string usable(std::int64_t counter) const {
         return counter == 0 ? usable_ : normalize_(counted(usable_, counter), false);
     }
@@ -47,7 +68,8 @@ class PlaceNames {
     static std::string counted(const std::string& name, std::int64_t counter) {
         return counter == 0 ? name : name + std::string(kFurtherPlaceSuffix) + std::to_string(counter);
     }
-    /// The end of the taken counters, in few steps: trying each would make a thousand drops of a name slow.
+    /// Returns the end of the taken counters by binary search: trying each would make a thousand drops of a
+    /// name slow.
     [[nodiscard]] std::int64_t endOfTaken(std::int64_t counter) const {
         const auto counters = std::views::iota(counter, counter + taken_.Count() + 1);
         const auto end =

@@ -1,8 +1,9 @@
 #include "droppers/SelectionCheck.h"
 
-#include "droppers/CellCount.h"
+#include "base/AutomationError.h"
 #include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
+#include "office/model/word/Cells.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/InlineShapes.h"
 #include "office/model/word/Range.h"
@@ -12,7 +13,8 @@ namespace mergeloom {
 
 namespace {
 
-/// A caret in the paragraph below a table touches the bookmark over it, yet nobody sees anything selected.
+/// Returns true for the bookmark over the table before a caret: the caret touches it, though nothing is
+/// selected.
 bool endsWithTableBefore(word::Bookmark& bookmark, word::Range& selected) {
     return selected.Start() == selected.End() && bookmark.End() == selected.Start() &&
            coversSeveralCells(*bookmark.Range());
@@ -34,6 +36,18 @@ bool takesCompositeDrop(word::Selection& selection) {
     const int held = selection.Tables()->Count() + heldBookmarks(selection) + selection.Fields()->Count() +
                      selection.InlineShapes()->Count() + selection.ShapeRange()->Count();
     return held == 0;
+}
+
+int cellCount(word::Range& range) {
+    try {
+        return range.Cells()->Count();
+    } catch (const AutomationError&) {
+        return 0;
+    }
+}
+
+bool coversSeveralCells(word::Range& range) {
+    return range.Tables()->Count() > 0 && cellCount(range) > 1;
 }
 
 }  // namespace mergeloom

@@ -1,12 +1,10 @@
 #include "droppers/TableBookmark.h"
 
+#include "base/AutomationError.h"
 #include "base/Text.h"
-#include "droppers/BookmarkNames.h"
-#include "droppers/CellCount.h"
-#include "droppers/CellSteps.h"
-#include "droppers/CollectionHasKey.h"
+#include "droppers/CellNavigation.h"
 #include "droppers/PlaceNames.h"
-#include "droppers/RangeNames.h"
+#include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modBookmarkAdd.h"
 #include "droppers/modExcelNormalizeName.h"
@@ -19,12 +17,25 @@
 #include "xml/modMSXMLHelper.h"
 
 #include <cstdint>
+#include <string>
 
 namespace mergeloom {
 
 namespace {
 
-/// The table that a bookmark stands for; none when it marks something else.
+/// Returns true when a collection has a readable item of that key. A lookup that raises an error means
+/// absent.
+template <class Collection>
+bool CollectionHasKey(Collection& collection, const std::string& key) {
+    try {
+        static_cast<void>(collection.Item(key));
+        return true;
+    } catch (const AutomationError&) {
+        return false;
+    }
+}
+
+/// Returns the table that a bookmark marks; null when it marks something else.
 word::TablePtr tableUnder(word::Range& marked) {
     const word::TablesPtr tables = marked.Tables();
     if (tables->Count() == 0) return {};
@@ -33,18 +44,18 @@ word::TablePtr tableUnder(word::Range& marked) {
     return marksTable ? table : nullptr;
 }
 
-/// Whether a bookmark is that of a field or another place of this drop, and not one that has lost its table.
-/// The text of a field may have characters that its bookmark's name cannot have.
+/// Returns true when a bookmark is that of a field or another place of this drop, and not one that has lost
+/// its table. A field's text may have characters that its bookmark's name cannot have.
 bool isPlace(const DropContext& context, word::Bookmark& bookmark) {
     const std::string name = bookmark.Name();
     const std::string named = WordNormalizeName(bookmark.Range()->Text(), false);
     return context.places.contains(name) || equalsIgnoringCase(named, name);
 }
 
-/// Whether a name of the workbook may move to a new table: it is that of a table, which has two rows or more,
-/// or has lost its cells.
+/// Returns true when a name of the workbook may move to a new table: it belongs to a table, which has two or
+/// more rows, or has lost its cells.
 bool mayMove(excel::Names& names, const std::string& rangeName) {
-    // A name that is taken and cannot be read is that of one of Excel's own tables.
+    // A name that is taken and cannot be read belongs to one of Excel's own tables.
     if (!CollectionHasKey(names, rangeName)) return false;
     const excel::DefinedNamePtr name = names.Item(rangeName);
     const excel::RangePtr cells = rangeOrNone([&] { return name->RefersToRange(); });
@@ -59,7 +70,7 @@ std::string tableBookmarkName(const TreeNode& node, const std::string& name) {
 
 std::string tableRangeName(const TreeNode& node, const std::string& name) {
     const std::string usable = ExcelNormalizeName(name, !node.Parent());
-    // Nothing could find the table under the prefix alone. With it the name may have become too long.
+    // A table under the prefix alone could never be found again. With the prefix, the name may be too long.
     return usable.empty() ? "" : ExcelNormalizeName(std::string(kRangeNamePrefix) + usable, false);
 }
 

@@ -10,36 +10,38 @@
 
 #include <string>
 
-/// The bookmark, and in a workbook the range name, by which the table of an object or subform is known.
+/// The bookmark, or in a workbook the range name, that identifies the table of an object or subform.
 namespace mergeloom {
 
-/// The bookmark's name for the table of a node with that name: an object's ends in "T", which keeps it apart
-/// from the place of a field of the same name, a subform's does not. Empty when nothing usable is left.
+/// Returns the bookmark's name for the table of a node with that name. An object's ends in "T", which
+/// distinguishes it from the place of a field of the same name; a subform's does not. Empty when nothing
+/// usable is left.
 std::string tableBookmarkName(const TreeNode& node, const std::string& name);
 
-/// The name of the cells of such a table in a workbook, by the same rule. Empty when nothing usable is left.
+/// Returns the name of the cells of such a table in a workbook, by the same rule. Empty when nothing usable
+/// is left.
 std::string tableRangeName(const TreeNode& node, const std::string& name);
 
-/// The name of the table of the object or subform that a control stands in, by one of the rules above; empty
+/// Returns the table's name of the object or subform that holds a control, by one of the rules above; empty
 /// for a control without a parent.
 std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& control,
                         std::string (*rule)(const TreeNode&, const std::string&));
 
-/// The name of a table in this drop: the given one, or a further one when the drop made a table of that name
-/// already, which is no earlier table to replace. The user is told then.
+/// Returns the name of a table in this drop: the given one, or a further one when this drop has already made
+/// a table of that name, which is no earlier table to replace. Then the user is told.
 std::string tableNameInDrop(DropContext& context, const std::string& tableName);
 
-/// Deletes the table under the bookmark. A bookmark that holds no table any more, and one over a single cell
-/// of a table, which is a place in another table, stay.
+/// Deletes the table under the bookmark. A bookmark that has lost its table stays, and so does one over a
+/// single cell, which is a place in another table.
 void deleteTableOf(word::Document& document, const std::string& bookmarkName);
 
 /// Puts the bookmark over the whole table. A bookmark of that name that has lost its table moves here; a
-/// field of that name keeps it, and the table gets a further name. False when it failed.
+/// field of that name keeps it, and the table gets a further name. Returns false on failure.
 bool markTable(DropContext& context, word::Document& document, word::Table& table,
                const std::string& bookmarkName);
 
-/// Names the cells of a table in a workbook. The name of an earlier table moves here; a place of that name
-/// keeps it, and the table gets a further name. The formula leads to the cells.
+/// Names the cells of a table in a workbook, which the formula refers to. The name of an earlier table moves
+/// here; a place of that name keeps it, and the table gets a further name.
 excel::DefinedNamePtr nameTable(DropContext& context, excel::Workbook& workbook, const std::string& rangeName,
                                 const std::string& refersTo);
 

@@ -1,9 +1,8 @@
 #include "droppers/modBookmarkAdd.h"
 
 #include "base/Text.h"
-#include "droppers/BookmarkNames.h"
-#include "droppers/CellCount.h"
 #include "droppers/PlaceNames.h"
+#include "droppers/SelectionCheck.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/InlineShapes.h"
@@ -21,12 +20,13 @@ struct Guards {
     std::string trailing;
 };
 
-/// Whether a bookmark is that of the table in which the range stands: a cell before it does not touch it.
+/// Returns true for the bookmark of the table that contains the range: a cell before the range does not touch
+/// it.
 bool isTableAround(word::Bookmark& bookmark, word::Range& range) {
     return bookmark.End() > range.Start() && coversSeveralCells(*bookmark.Range());
 }
 
-/// Finds the bookmarks that touch the range; false when a field lies there.
+/// Finds the bookmarks that touch the range. Returns false when a field is there.
 bool findTouching(word::Range& range, TouchingBookmarks& touching) {
     const word::BookmarksPtr bookmarks = range.Bookmarks();
     const int count = bookmarks->Count();
@@ -61,21 +61,21 @@ void writePicture(word::Range& range, const std::string& pictureFile) {
 
 void writeText(word::Range& range, const std::string& placeholder, const Guards& guards) {
     const bool isEmpty = range.Start() == range.End();
-    // Writing a range's own text back would cost its formatting and its pictures.
+    // Writing a range's own text back would lose its formatting and its pictures.
     if (!isEmpty && guards.leading.empty() && guards.trailing.empty()) return;
     range.SetText(guards.leading + (isEmpty ? placeholder : range.Text()) + guards.trailing);
 }
 
-/// Moves a bookmark's start behind a text that was written where it starts. A bookmark whose text was
-/// replaced is gone.
-void moveStartBehind(word::Document& document, const std::string& bookmarkName, CharacterCount length) {
+/// Moves a bookmark's start after a text that was written at its start. A bookmark whose text was replaced no
+/// longer exists.
+void moveStartAfter(word::Document& document, const std::string& bookmarkName, CharacterCount length) {
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     if (!bookmarks->Exists(bookmarkName)) return;
     const word::BookmarkPtr bookmark = bookmarks->Item(bookmarkName);
     bookmark->SetStart(bookmark->Start() + length);
 }
 
-/// Writes what the place shows and returns the guards that stand around it.
+/// Writes what the place shows and returns the guards around it.
 Guards fillRange(word::Document& document, word::Range& range, const TouchingBookmarks& touching,
                  const std::string& name, const PlaceContent& content) {
     if (coversSeveralCells(range)) return {};
@@ -86,11 +86,12 @@ Guards fillRange(word::Document& document, word::Range& range, const TouchingBoo
     Guards guards = guardsAgainst(touching);
     const std::string atStart = touching.atStart ? touching.atStart->Name() : "";
     writeText(range, content.vstrText.empty() ? name : content.vstrText, guards);
-    if (!atStart.empty()) moveStartBehind(document, atStart, range.End() - range.Start());
+    if (!atStart.empty()) moveStartAfter(document, atStart, range.End() - range.Start());
     return guards;
 }
 
-/// The bookmark's name for a name, or the first of its further names that no bookmark of the document has.
+/// Returns the bookmark's name for a name, or the first of its further names that no bookmark of the document
+/// has.
 std::string freeName(word::Bookmarks& bookmarks, const std::string& name) {
     const PlaceNames names{bookmarks, name, WordNormalizeName};
     return names.usable(names.firstFreeCounter());

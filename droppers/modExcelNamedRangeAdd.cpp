@@ -1,13 +1,15 @@
 #include "droppers/modExcelNamedRangeAdd.h"
 
-#include "droppers/BookmarkNames.h"
-#include "droppers/InsertPictureFromFile.h"
+#include "base/AutomationError.h"
 #include "droppers/PlaceNames.h"
-#include "droppers/RangeNames.h"
 #include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Names.h"
+#include "office/model/excel/Picture.h"
+#include "office/model/excel/Pictures.h"
+#include "office/model/excel/Shapes.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,10 +18,74 @@ namespace mergeloom {
 
 namespace {
 
+/// The size of a cell in a new workbook.
+constexpr ColumnWidth kStandardColumn{8.43};
+constexpr Points kStandardRow{15};
+/// A pixel. Anything smaller is rounded to 0, which would hide the row or column.
+constexpr Points kSmallest{0.75};
+
+double columnWidthPerPoint(excel::Range& cell) {
+    return cell.ColumnWidth().value / cell.Width().value;
+}
+
+double rowHeightPerPoint(excel::Range& cell) {
+    return cell.RowHeight().value / cell.Height().value;
+}
+
+/// Shows a hidden row or column of the cell, since the picture takes its size from the cell.
+void showCell(excel::Range& cell) {
+    if (cell.Width().value <= 0) cell.SetColumnWidth(kStandardColumn);
+    if (cell.Height().value <= 0) cell.SetRowHeight(kStandardRow);
+}
+
+/// Scales a picture down that is larger than the largest cell.
+void keepWithinLargestCell(excel::Picture& picture, excel::Range& cell) {
+    const double widest = excel::kWidestColumn.value / columnWidthPerPoint(cell);
+    const double highest = excel::kHighestRow.value / rowHeightPerPoint(cell);
+    const Points width = picture.Width();
+    const Points height = picture.Height();
+    const double factor = std::min(widest / width.value, highest / height.value);
+    if (factor >= 1) return;
+    picture.SetWidth({width.value * factor});
+    picture.SetHeight({height.value * factor});
+}
+
+void fitColumn(excel::Range& cell, excel::Picture& picture) {
+    const double width = std::max(picture.Width(), kSmallest).value * columnWidthPerPoint(cell);
+    cell.SetColumnWidth(std::min(ColumnWidth{width}, excel::kWidestColumn));
+}
+
+void fitRow(excel::Range& cell, excel::Picture& picture) {
+    const double height = std::max(picture.Height(), kSmallest).value * rowHeightPerPoint(cell);
+    cell.SetRowHeight(std::min(Points{height}, excel::kHighestRow));
+}
+
+void takeWidthOf(excel::Picture& picture, excel::Range& cell) {
+    const double formerWidth = picture.Width().value;
+    const double formerHeight = picture.Height().value;
+    picture.SetWidth(cell.Width());
+    picture.SetHeight({formerHeight * (picture.Width().value / formerWidth)});
+    // A column's width is a whole number of pixels, so the picture may have become wider, and too high.
+    keepWithinLargestCell(picture, cell);
+}
+
+void place(excel::Picture& picture, excel::Range& cell, CellFit fit) {
+    showCell(cell);
+    keepWithinLargestCell(picture, cell);
+    if (fit == CellFit::FitPicture) {
+        fitColumn(cell, picture);
+        fitRow(cell, picture);
+    }
+    picture.SetLeft(cell.Left());
+    picture.SetTop(cell.Top());
+    takeWidthOf(picture, cell);
+    fitRow(cell, picture);
+}
+
 using RangeNames = PlaceNames<excel::Names>;
 
-/// The names of a field's places before the one with that counter. Others of them may follow the one that
-/// became free.
+/// Returns the names of a field's places other than the one with that counter. A name that became free may
+/// have taken ones after it.
 std::vector<std::string> earlierNames(const RangeNames& names, std::int64_t counter) {
     std::vector<std::string> found;
     if (counter > 0) found.push_back(names.usable(0));
@@ -29,23 +95,44 @@ std::vector<std::string> earlierNames(const RangeNames& names, std::int64_t coun
     return found;
 }
 
-bool standsOn(excel::Shape& shape, excel::Range& cell) {
+bool isOn(excel::Shape& shape, excel::Range& cell) {
     const excel::RangePtr corner = shape.TopLeftCell();
     return corner->Row() == cell.Row() && corner->Column() == cell.Column();
 }
 
-/// A cell bears one picture of a field. One that an earlier place of the field left on it has that place's
-/// name, so the new picture, which looks for its own name, would not find it. Only the field's own names are
-/// asked for, which costs the same however many pictures the sheet has.
+/// Deletes the pictures that earlier places of the field left on the cell, which has at most one. They have
+/// those places' names, so the new picture, which replaces the one of its own name, would not find them. Only
+/// the field's own names are looked up, so the cost does not depend on the number of pictures.
 void deleteFormerPictures(excel::Range& cell, const std::vector<std::string>& names) {
     const excel::WorksheetPtr sheet = cell.Worksheet();
     for (const std::string& name : names) {
         const excel::ShapePtr shape = GetShapeByName(*sheet, name);
-        if (shape && standsOn(*shape, cell)) shape->Delete();
+        if (shape && isOn(*shape, cell)) shape->Delete();
     }
 }
 
 }  // namespace
+
+excel::ShapePtr GetShapeByName(excel::Worksheet& sheet, const std::string& name) {
+    try {
+        return sheet.Shapes()->Item(name);
+    } catch (const AutomationError&) {
+        return {};
+    }
+}
+
+void InsertPictureFromFile(DropReports& reports, excel::Range& cell, const std::string& name,
+                           const std::string& file, CellFit fit) {
+    reports.trap({"modExcelNamedRangeAdd", "InsertPictureFromFile"}, [&] {
+        const excel::WorksheetPtr sheet = cell.Worksheet();
+        if (const excel::ShapePtr former = GetShapeByName(*sheet, name)) former->Delete();
+        cell.Select();
+        const excel::PicturePtr picture = sheet->Pictures()->Insert(file);
+        picture->SetName(name);
+        place(*picture, cell, fit);
+        return true;
+    });
+}
 
 excel::DefinedNamePtr ExcelNamedRangeAdd(DropReports& reports, excel::Workbook& workbook,
                                          const std::string& name, const NamedRangeContent& content) {

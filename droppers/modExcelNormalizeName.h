@@ -1,13 +1,19 @@
 #pragma once
 
+#include "droppers/PlaceNames.h"
+#include "office/model/excel/DefinedNameRule.h"
+
 #include <string>
 #include <string_view>
 
 namespace mergeloom {
 
-/// The range name for a name of the structure document: letters, digits and "_" only, the last 255 characters
-/// (UTF-16 code units) at most, never a digit first. With vfAppendT a "T" is put behind the name before.
-/// Empty when nothing usable is left. A name of any length has a range name, unlike a bookmark's.
-std::string ExcelNormalizeName(std::string_view rstrName, bool vfAppendT);
+/// Returns the range name for a name of the structure document: letters, digits and "_" only, at most the
+/// last 255 characters (UTF-16 code units), never a digit first. With vfAppendT, a "T" is first appended to
+/// the name. Returns an empty text when nothing usable is left. Unlike a bookmark's name, the name may have
+/// any length.
+inline std::string ExcelNormalizeName(std::string_view rstrName, bool vfAppendT) {
+    return normalizedName(nameToNormalize(rstrName, vfAppendT), excel::kMaxDefinedName);
+}
 
 }  // namespace mergeloom

@@ -1,8 +1,7 @@
 #include "droppers/modWordNormalizeName.h"
 
 #include "base/Text.h"
-#include "droppers/BookmarkNames.h"
-#include "droppers/NameRule.h"
+#include "droppers/PlaceNames.h"
 #include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
@@ -11,9 +10,9 @@ namespace mergeloom {
 
 namespace {
 
-constexpr CharacterCount kLongestScannedName{255};
+constexpr CharacterCount maxScannedName{255};
 
-/// The counters that the name of a further place may end in.
+/// Returns the counters that the name of a further place may end in.
 std::vector<std::string> counters() {
     std::vector<std::string> texts;
     for (int number = 0; number < 100; ++number) {
@@ -24,15 +23,15 @@ std::vector<std::string> counters() {
     return texts;
 }
 
-/// Matches a whole text against a pattern in which "#" stands for one digit.
+/// Matches a whole text against a pattern in which "#" matches one digit.
 bool matchesDigits(std::string_view text, std::string_view pattern) {
     return std::ranges::equal(text, pattern, [](char character, char wanted) {
         return wanted == '#' ? character >= '0' && character <= '9' : character == wanted;
     });
 }
 
-/// Whether the bookmark is a further place of the name. The counter pushes the name's beginning out of the
-/// 40 characters, so as much of the name is left as the suffix leaves room for.
+/// Returns true when the bookmark is a further place of the name. The suffix cuts off the beginning of a name
+/// that would exceed 40 characters.
 bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
     for (const std::string_view digits : {"##", "#"}) {
         const std::string suffix = std::string(kFurtherPlaceSuffix) + std::string(digits);
@@ -46,7 +45,7 @@ bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
 
 std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
     const std::string name = nameToNormalize(rstrName, vfAppendT);
-    return utf16Length(name) > kLongestScannedName ? "" : normalizedName(name, word::kMaxBookmarkName);
+    return utf16Length(name) > maxScannedName ? "" : normalizedName(name, word::kMaxBookmarkName);
 }
 
 std::string SimplifyName(std::string_view vstrName) {

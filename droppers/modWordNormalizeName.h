@@ -8,21 +8,22 @@
 /// UTF-16 code units.
 namespace mergeloom {
 
-/// The bookmark name for a name: letters, digits and "_" only, the last 40 characters at most, never a digit
-/// first. Empty when nothing usable is left, or when the name (with its "T") is longer than 255 characters.
+/// Returns the bookmark name for a name: letters, digits and "_" only, at most the last 40 characters, never
+/// a digit first. Empty when nothing usable is left, or when the name (with its "T") is longer than 255
+/// characters.
 std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT);
 
-/// The name with "x" before a leading digit and without "." and blanks.
+/// Returns the name with "x" before a leading digit and without "." and blanks.
 std::string SimplifyName(std::string_view vstrName);
 
-/// The text without every character that occurs in vstrChars.
+/// Returns the text without the characters that occur in vstrChars.
 std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars);
 
-/// Whether a bookmark's name was made from the base name: the name itself, its bound value, or a further
-/// place of either with a counter of one or two digits.
+/// Returns true when a bookmark's name was made from the base name: the name itself, its bound value, or a
+/// further place of either with a counter of one or two digits.
 bool IsBookmarkOfName(std::string_view vstrBaseName, std::string_view vstrBookmarkName);
 
-/// Every name that `IsBookmarkOfName` recognises for the base name, letter case aside.
+/// Returns every name that `IsBookmarkOfName` recognises for the base name, regardless of letter case.
 std::vector<std::string> PossibleBookmarkNames(std::string_view vstrBaseName);
 
 }  // namespace mergeloom

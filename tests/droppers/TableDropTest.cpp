@@ -1,7 +1,7 @@
 #include "DropTest.h"
 #include "base/Text.h"
 #include "doubles/FaultyWord.h"
-#include "droppers/FieldDialog.h"
+#include "droppers/FieldSelection.h"
 
 #include <functional>
 #include <vector>

@@ -1,5 +1,4 @@
 #include "ExcelDropTest.h"
-#include "droppers/InsertPictureFromFile.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
-#include "droppers/FieldDialog.h"
+#include "droppers/FieldSelection.h"
 #include "ui/designer/HostedOffice.h"
 #include "ui/designer/LoadedStructure.h"
 #include "ui/designer/OfficeWorker.h"

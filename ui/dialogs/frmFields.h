@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/ErrorHandler.h"
-#include "droppers/FieldDialog.h"
+#include "droppers/FieldSelection.h"
 
 #include <QPointer>
 #include <QWidget>

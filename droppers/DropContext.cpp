@@ -1,4 +1,4 @@
-#include "droppers/DropReports.h"
+#include "droppers/DropContext.h"
 
 #include "base/Trap.h"
 
@@ -31,10 +31,10 @@ bool DropReports::confirm(const std::string& announcement) {
 
 bool DropReports::trap(const Procedure& procedure, const std::function<bool()>& body,
                        const std::string& comment, const std::source_location& place) {
-    bool answer = false;
+    bool result = false;
     mergeloom::trap(
-        *this, procedure.module, procedure.name, [&] { answer = body(); }, comment, place);
-    return answer;
+        *this, procedure.module, procedure.name, [&] { result = body(); }, comment, place);
+    return result;
 }
 
 }  // namespace mergeloom

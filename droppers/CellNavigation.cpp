@@ -1,13 +1,13 @@
-#include "droppers/CellSteps.h"
+#include "droppers/CellNavigation.h"
 
 #include "base/AutomationError.h"
 #include "office/model/excel/Columns.h"
 
 namespace mergeloom {
 
-excel::RangePtr rangeOrNone(const std::function<excel::RangePtr()>& question) {
+excel::RangePtr rangeOrNone(const std::function<excel::RangePtr()>& call) {
     try {
-        return question();
+        return call();
     } catch (const AutomationError& error) {
         if (error.number() != kApplicationDefined) throw;
         return {};

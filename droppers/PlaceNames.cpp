@@ -1,4 +1,4 @@
-#include "droppers/NameRule.h"
+#include "droppers/PlaceNames.h"
 
 #include "base/Text.h"
 
@@ -27,9 +27,9 @@ std::string nameToNormalize(std::string_view name, bool appendT) {
     return name.empty() ? "" : std::string(name) + (appendT ? "T" : "");
 }
 
-std::string normalizedName(std::string_view name, CharacterCount longest) {
-    std::string result{lastCharacters(usableCharacters(name), longest)};
-    // A digit that only now stands first is replaced: a letter before it would break the longest length.
+std::string normalizedName(std::string_view name, CharacterCount maxLength) {
+    std::string result{lastCharacters(usableCharacters(name), maxLength)};
+    // A digit that is now first is replaced, since a letter before it would exceed the maximum length.
     if (beginsWithDigit(result)) result.front() = 'x';
     return result;
 }
