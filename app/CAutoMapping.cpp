@@ -1,10 +1,9 @@
 #include "app/CAutoMapping.h"
 
-#include "app/LeftOutControls.h"
 #include "app/MappedExcel.h"
 #include "app/MappedWord.h"
-#include "app/MappingFields.h"
-#include "app/MappingRefusal.h"
+#include "app/MappingArguments.h"
+#include "app/MappingSource.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/modMain.h"
 #include "base/Paths.h"

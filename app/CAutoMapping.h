@@ -1,13 +1,12 @@
 #pragma once
 
 #include "app/DatabaseObjects.h"
-#include "app/ExcelStarter.h"
+#include "app/GnuOptions.h"
 #include "app/MappingArguments.h"
-#include "app/MappingOptions.h"
 #include "app/MappingSource.h"
 #include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
-#include "app/WordStarter.h"
+#include "app/ScopedOffice.h"
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
@@ -88,7 +87,7 @@ class CAutoMapping {
     /// Returns the keys of the fields that a table is to have, if the command line lists any.
     [[nodiscard]] std::optional<FieldKeys> chosenFields(const MappingSource& source, const TreeNode& object,
                                                         Messages& messages) const;
-    /// Makes a document and drops the object into it. Returns whether something was dropped.
+    /// Makes a document and drops the object into it. Returns true when something was dropped.
     bool mapObject(MappingTarget& office, const MappingSource& source, const TreeNode& object,
                    const DropPorts& ports);
     [[nodiscard]] bool beginsAtRefusedStart(MappingTarget& office) const;

@@ -1,30 +1,54 @@
 #include "app/CAutoMapping.h"
-#include "app/ConsoleProgress.h"
-#include "app/MappingRefusal.h"
+#include "app/ConsoleOutput.h"
+#include "app/ListOutput.h"
 #include "app/MergeloomErrorCodes.h"
-#include "app/ObjectReports.h"
 #include "app/TemplateNames.h"
 #include "app/mCommandLine.h"
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
 #include "base/Paths.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string>
+#include <utility>
 
 /// The templates of all objects.
 namespace mergeloom {
 
 namespace {
 
-/// With more names than these, the sentence around them would be lost.
-constexpr std::size_t kMaxNames = 20;
+/// Shows messages about one of many objects: each begins with the object's title.
+class ObjectMessages final : public Messages {
+  public:
+    ObjectMessages(Messages& messages, std::string title) : messages_(messages), title_(std::move(title)) {}
 
-std::string listOf(const std::vector<std::string>& names) {
-    std::string list;
-    for (std::size_t index = 0; index < std::min(names.size(), kMaxNames); ++index)
-        list += (index == 0 ? "" : ", ") + names[index];
-    if (names.size() <= kMaxNames) return list;
-    return list + " and " + std::to_string(names.size() - kMaxNames) + " more";
-}
+    MessageAnswer show(const Message& message) override {
+        Message titled = message;
+        titled.text.insert(0, title_ + ": ");
+        return messages_.show(titled);
+    }
+
+  private:
+    Messages& messages_;
+    std::string title_;
+};
+
+/// Reports errors at one of many objects: each has the object's title in its comment.
+class ObjectErrors final : public ErrorHandler {
+  public:
+    ObjectErrors(ErrorHandler& errors, std::string title) : errors_(errors), title_(std::move(title)) {}
+
+    void report(const ErrorReport& report) override {
+        ErrorReport titled = report;
+        titled.comment.insert(0, report.comment.empty() ? title_ : title_ + ": ");
+        errors_.report(titled);
+    }
+
+  private:
+    ErrorHandler& errors_;
+    std::string title_;
+};
 
 std::string countText(std::size_t made, std::size_t total) {
     return std::to_string(made) + " of " + std::to_string(total) + " templates were made";
@@ -78,7 +102,7 @@ void CAutoMapping::refuseExisting(const std::vector<Task>& tasks) {
     }
     if (existing.empty()) return;
     throw MappingRefusal("No template was made: the folder '" + parentFolder(tasks.front().target) +
-                         "' has files of their names already: " + listOf(existing) + ".");
+                         "' has files of their names already: " + joinedNames(existing) + ".");
 }
 
 void CAutoMapping::reportChangedNames(const std::vector<Task>& tasks) {

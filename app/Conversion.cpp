@@ -1,23 +1,53 @@
 #include "app/Conversion.h"
 
-#include "app/ScopedTempFile.h"
 #include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <system_error>
 
 namespace mergeloom {
 
+/// A temporary file of this run for a document between an office and a converter, open to nobody else and
+/// removed at the end of its life. It is beside the user's file, so that relative links keep working, or in
+/// the system's folder for temporary files when that folder cannot be written.
+class ScopedTempFile {
+  public:
+    /// Makes an empty file. The extension has no dot. Raises kFileCouldNotBeSaved with a sentence that names
+    /// the user's file when no folder can be written.
+    ScopedTempFile(const std::string& userFile, const std::string& extension);
+    ScopedTempFile(const ScopedTempFile&) = delete;
+    ScopedTempFile& operator=(const ScopedTempFile&) = delete;
+    ~ScopedTempFile();
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
 namespace {
+
+/// Returns the path of a new, empty file; an empty path when the folder cannot be written.
+std::string makeFile(const std::string& folder, const std::string& suffix) {
+    if (folder.empty()) return {};
+    std::string path = joinPath(folder, ".mergeloom-XXXXXX" + suffix);
+    const int file = ::mkstemps(path.data(), static_cast<int>(suffix.size()));
+    if (file < 0) return {};
+    ::close(file);
+    return path;
+}
 
 constexpr const char* temporaryExtension(word::WdSaveFormat) {
     return "docx";
 }
 constexpr const char* temporaryExtension(excel::XlFileFormat) {
     return "xlsx";
-}
-
-std::string replaced(std::string text, const std::string& what, const std::string& by) {
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
-        text.replace(at, what.size(), by);
-    return text;
 }
 
 /// Runs the body, whose errors name the temporary file, and puts another name in place of that, since users
@@ -27,11 +57,26 @@ void calling(const ScopedTempFile& temporary, const std::string& name, const Bod
     try {
         body();
     } catch (const AutomationError& error) {
-        throw AutomationError(error.number(), replaced(error.description(), temporary.path(), name));
+        throw AutomationError(error.number(), replaceAll(error.description(), temporary.path(), name));
     }
 }
 
 }  // namespace
+
+ScopedTempFile::ScopedTempFile(const std::string& userFile, const std::string& extension) {
+    const std::string suffix = "." + extension;
+    path_ = makeFile(parentFolder(fullPath(userFile)), suffix);
+    if (path_.empty()) path_ = makeFile(temporaryFolder(), suffix);
+    if (!path_.empty()) return;
+    throw AutomationError(kFileCouldNotBeSaved, "The file '" + userFile +
+                                                    "' could not be converted: there is no place for a "
+                                                    "temporary file (" +
+                                                    std::generic_category().message(errno) + ").");
+}
+
+ScopedTempFile::~ScopedTempFile() {
+    ::unlink(path_.c_str());
+}
 
 template <typename Format>
 void Conversion<Format>::read(const std::string& path, const Step& open) {

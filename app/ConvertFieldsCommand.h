@@ -2,7 +2,7 @@
 
 #include "app/ConvertMailMergeFields.h"
 #include "app/OfficeFormats.h"
-#include "app/WordStarter.h"
+#include "app/ScopedOffice.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/ConversionResult.h"
-#include "app/WordStarter.h"
+#include "app/ScopedOffice.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 #include "office/model/word/Document.h"

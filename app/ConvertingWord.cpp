@@ -1,10 +1,50 @@
 #include "app/ConvertingWord.h"
 
-#include "app/ConvertingDocument.h"
+#include "app/Conversion.h"
 #include "app/FileFormats.h"
 #include "base/AutomationError.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Document.h"
+
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace mergeloom {
+
+class ConvertingWord;
+
+using ConvertedWordFile = ConvertedFile<word::Document, word::WdSaveFormat>;
+
+/// A document of an office that converts: all but its file is that of the other office.
+class ConvertingDocument final : public word::Document {
+  public:
+    ConvertingDocument(std::weak_ptr<ConvertingWord> office, ConvertedWordFile file)
+        : office_(std::move(office)), file_(std::move(file)) {}
+
+    word::ApplicationPtr Application() override;
+    word::WindowPtr ActiveWindow() override;
+    word::BookmarksPtr Bookmarks() override;
+    word::FieldsPtr Fields() override;
+    word::MailMergePtr MailMerge() override;
+    word::TablesPtr Tables() override;
+
+    std::string Name() override { return file_.name(); }
+    std::string FullName() override { return file_.fullName(); }
+    bool Saved() override { return file_.document().Saved(); }
+    void SetSaved(bool saved) override { file_.document().SetSaved(saved); }
+
+    void Save() override { file_.save(); }
+    void SaveAs(const std::string& fileName, word::WdSaveFormat format) override {
+        file_.saveAs(fileName, format);
+    }
+    void Close(word::WdSaveOptions saveChanges) override;
+    bool Undo(int times) override { return file_.document().Undo(times); }
+
+  private:
+    std::weak_ptr<ConvertingWord> office_;
+    ConvertedWordFile file_;
+};
 
 namespace {
 
@@ -74,6 +114,36 @@ word::DocumentPtr ConvertingWord::add(const std::string& templatePath) {
 
 void ConvertingWord::remove(const ConvertingDocument& document) {
     std::erase_if(documents_, [&](const auto& candidate) { return candidate.get() == &document; });
+}
+
+word::ApplicationPtr ConvertingDocument::Application() {
+    return office_.lock();
+}
+
+word::WindowPtr ConvertingDocument::ActiveWindow() {
+    return file_.document().ActiveWindow();
+}
+
+word::BookmarksPtr ConvertingDocument::Bookmarks() {
+    return file_.document().Bookmarks();
+}
+
+word::FieldsPtr ConvertingDocument::Fields() {
+    return file_.document().Fields();
+}
+
+word::MailMergePtr ConvertingDocument::MailMerge() {
+    return file_.document().MailMerge();
+}
+
+word::TablesPtr ConvertingDocument::Tables() {
+    return file_.document().Tables();
+}
+
+void ConvertingDocument::Close(word::WdSaveOptions saveChanges) {
+    if (saveChanges == word::WdSaveOptions::wdSaveChanges && !Saved()) Save();
+    file_.document().Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    if (const auto office = office_.lock()) office->remove(*this);
 }
 
 }  // namespace mergeloom

@@ -1,7 +1,9 @@
 #include "app/DatabaseObjects.h"
 
-#include "app/MappingRefusal.h"
+#include "app/ListOutput.h"
+#include "app/MergeloomErrorCodes.h"
 #include "base/Text.h"
+#include "droppers/ObjectLayout.h"
 #include "xml/modMSXMLHelper.h"
 
 #include <algorithm>
@@ -14,9 +16,6 @@ namespace {
 
 using Objects = std::vector<DatabaseObject>;
 using FoundObjects = std::vector<const DatabaseObject*>;
-
-/// With more names than these, the sentence around them would be lost.
-constexpr std::size_t kMaxNames = 20;
 
 bool isObject(const XmlNode& element) {
     const StructureElement kind = structureElementOf(element.nodeName());
@@ -48,8 +47,8 @@ FoundObjects findNamed(const Objects& objects, const std::string& name) {
     return find(objects, [&](const auto& object) { return bearsKindAndName(object, name); });
 }
 
-/// Returns whether the objects are of several kinds. Those of one kind and one name cannot be told apart; the
-/// first of them is taken.
+/// Returns true when the objects are of several kinds. Those of one kind and one name cannot be told apart;
+/// the first of them is taken.
 bool areOfSeveralKinds(const FoundObjects& found) {
     return std::ranges::any_of(found, [&](const auto* object) {
         return object->kind() != found.front()->kind() || object->name() != found.front()->name();
@@ -57,18 +56,38 @@ bool areOfSeveralKinds(const FoundObjects& found) {
 }
 
 std::string titlesOf(const FoundObjects& objects) {
-    std::string titles;
-    for (std::size_t index = 0; index < std::min(objects.size(), kMaxNames); ++index) {
-        titles += (index == 0 ? "" : ", ") + objects[index]->title();
-    }
-    if (objects.size() <= kMaxNames) return titles;
-    return titles + " and " + std::to_string(objects.size() - kMaxNames) + " more";
+    std::vector<std::string> titles;
+    std::ranges::transform(objects, std::back_inserter(titles),
+                           [](const auto* object) { return object->title(); });
+    return joinedNames(titles);
 }
 
 [[noreturn]] void refuseUnknown(const Objects& objects, const std::string& name) {
     const FoundObjects all = find(objects, [](const auto&) { return true; });
     throw MappingRefusal("The structure document has no object \"" + name + "\". It has " + titlesOf(all) +
                          ".");
+}
+
+void writeJson(std::ostream& stream, const DatabaseObject& object) {
+    stream << "{\"kind\": ";
+    writeJsonText(stream, object.kind());
+    stream << ", \"name\": ";
+    writeJsonText(stream, object.name());
+    stream << ", \"view\": ";
+    const std::string view = viewNameOf(object.element);
+    view.empty() ? void(stream << "null") : writeJsonText(stream, view);
+    stream << ", \"controls\": " << controlCount(object) << "}";
+}
+
+void writeJson(std::ostream& stream, const std::vector<DatabaseObject>& objects) {
+    stream << "[";
+    const char* separator = "\n  ";
+    for (const DatabaseObject& object : objects) {
+        stream << separator;
+        writeJson(stream, object);
+        separator = ",\n  ";
+    }
+    stream << (objects.empty() ? "]\n" : "\n]\n");
 }
 
 }  // namespace
@@ -117,6 +136,16 @@ int controlCount(const DatabaseObject& object) {
     };
     visit(*object.node);
     return count;
+}
+
+void writeObjects(std::ostream& stream, const std::vector<DatabaseObject>& objects, ListFormat format) {
+    if (format == ListFormat::Json) return writeJson(stream, objects);
+    std::vector<TextRow> rows{{"KIND", "NAME", "VIEW", "CONTROLS"}};
+    for (const DatabaseObject& object : objects) {
+        rows.push_back({object.kind(), shownInLine(object.name()), viewNameOf(object.element),
+                        std::to_string(controlCount(object))});
+    }
+    writeTextTable(stream, rows);
 }
 
 }  // namespace mergeloom

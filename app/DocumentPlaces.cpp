@@ -31,7 +31,7 @@ auto storyOrder(const std::string& story) {
     return std::tuple{story != "body", story.substr(0, blank), number};
 }
 
-/// Returns whether one place comes before another in the order of reading; an outer place comes before the
+/// Returns true when one place comes before another in the order of reading; an outer place comes before the
 /// places in it.
 bool readsBefore(const Place& a, const Place& b) {
     const auto order = [](const Place& place) {

@@ -16,7 +16,7 @@ word::WdSaveFormat wordFormatOf(const std::string& path);
 /// wordFormatOf.
 word::WdSaveFormat wordFormatToWrite(const std::string& path,
                                      const std::function<bool(word::WdSaveFormat)>& canWrite);
-/// Returns whether the file has to be converted for an office that knows nothing but Open Packaging.
+/// Returns true when the file has to be converted for an office that knows nothing but Open Packaging.
 bool isForeignWordFile(const std::string& path);
 
 bool hasExcelExtension(const std::string& path);
@@ -26,7 +26,7 @@ excel::XlFileFormat excelFormatToWrite(const std::string& path,
                                        const std::function<bool(excel::XlFileFormat)>& canWrite);
 bool isForeignExcelFile(const std::string& path);
 
-/// Returns whether the file is a workbook's by its name. An extension of both families, and any other name,
+/// Returns true when the file is a workbook's by its name. An extension of both families, and any other name,
 /// counts as Word's.
 bool isWorkbookFile(const std::string& path);
 

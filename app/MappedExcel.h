@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/ExcelStarter.h"
 #include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
 #include "app/ScopedOffice.h"

@@ -1,18 +1,64 @@
 #include "app/MappedWord.h"
 
 #include "app/FileFormats.h"
+#include "app/GnuOptions.h"
 #include "app/MergeloomErrorCodes.h"
-#include "app/WordStart.h"
 #include "droppers/SelectionCheck.h"
 #include "office/formats/mWordFileExtensions.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Bookmark.h"
+#include "office/model/word/Bookmarks.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Documents.h"
+#include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
+#include "office/model/word/Tables.h"
+
+#include <string>
 
 namespace mergeloom {
 
 namespace {
 
-/// Returns whether the document that was just opened has a selection, without which nothing can be dropped.
+bool beginsLine(word::Selection& selection) {
+    const word::RangePtr before = selection.Range()->Previous(word::WdUnits::wdCharacter, 1);
+    return !before || before->Text().starts_with('\r');
+}
+
+/// Begins a line at the caret. A place that the caret touches stays out of what is dropped when a paragraph
+/// ends between them.
+void beginNewLine(word::Selection& selection) {
+    if (beginsLine(selection) && takesCompositeDrop(selection)) return;
+    selection.TypeParagraph();
+}
+
+void selectEndOf(word::Document& document, word::Selection& selection, const std::string& name) {
+    const word::BookmarksPtr bookmarks = document.Bookmarks();
+    if (!bookmarks->Exists(name)) {
+        throw MappingRefusal("The mapping cannot begin at '" + name + "': the document '" +
+                             document.FullName() + "' has no bookmark of that name.");
+    }
+    bookmarks->Item(name)->Range()->Select();
+    selection.Collapse(word::WdCollapseDirection::wdCollapseEnd);
+    if (selection.Tables()->Count() == 0) return;
+    throw MappingRefusal("The mapping cannot begin at '" + name +
+                         "': that bookmark ends in a table. Choose one outside of tables.");
+}
+
+/// Moves the caret to the start of a mapping, on a line of its own: at the end of the document (kAtEnd) or
+/// after the bookmark of that name. Raises MappingRefusal when there is no such bookmark or when it is in a
+/// table, where nothing can begin.
+void selectStart(word::Document& document, const std::string& place) {
+    const word::SelectionPtr selection = document.Application()->Selection();
+    if (place == kAtEnd) {
+        selection->EndKey(word::WdUnits::wdStory);
+    } else {
+        selectEndOf(document, *selection, place);
+    }
+    beginNewLine(*selection);
+}
+
+/// Returns true when the document that was just opened has a selection, without which nothing can be dropped.
 bool hasSelection(word::Application& office) {
     try {
         return office.Selection() != nullptr;

@@ -3,7 +3,6 @@
 #include "app/MappingTarget.h"
 #include "app/OfficeFormats.h"
 #include "app/ScopedOffice.h"
-#include "app/WordStarter.h"
 #include "base/ErrorHandler.h"
 #include "office/model/word/Document.h"
 

@@ -1,8 +1,12 @@
 #pragma once
 
-#include "app/MappingOptions.h"
+#include "app/GnuOptions.h"
+#include "droppers/DropContext.h"
+#include "xml/TreeView.h"
+#include "xml/XmlNodeCollection.h"
 
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -31,5 +35,24 @@ std::string existingXmlFile();
 /// template without a folder is in the current folder, as in any other program. The options may name a folder
 /// for the templates of all objects, which replaces the template.
 MappingArguments readMappingArguments(const MappingOptions& options, bool allowExistingTemplate);
+
+/// Returns true when the value of the switch for fields lists any.
+bool listsFields(const std::string& fieldList);
+/// Returns true when a list has anything but separators and blanks.
+bool namesFields(const std::string& fieldList);
+
+/// The fields that a list names.
+struct NamedFields {
+    FieldKeys keys;                      ///< of the fields in the tree, in the list's order
+    std::vector<std::string> unmatched;  ///< the names that no field has
+};
+
+/// Returns a sentence with the names that match no field of the object with that title; empty when all match.
+std::string unmatchedSentence(const NamedFields& fields, const std::string& object);
+
+/// Finds the fields that a list names. The names are separated by commas, or by semicolons when there is no
+/// comma, and are those of children of the object's node, without regard to case and the blanks around them.
+NamedFields fieldsNamed(const TreeNode& object, const XmlNodeCollection& xmlNodes,
+                        const std::string& fieldList);
 
 }  // namespace mergeloom

@@ -1,7 +1,6 @@
 #include "app/MappingBeforeDesigner.h"
 
 #include "app/CAutoMapping.h"
-#include "app/EntryErrors.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/OfficeSelector.h"
 #include "base/DiskFileStore.h"

@@ -41,7 +41,8 @@ class MappingTarget {
     /// name, as sentences that say what to install or to choose; empty when it can.
     [[nodiscard]] virtual std::string refusalToSave(const std::string& path) const = 0;
     [[nodiscard]] virtual std::string refusalToOpen(const std::string& path) const = 0;
-    /// Returns whether the file is not of the office's own kind: it is saved in the format of its extension.
+    /// Returns true when the file is not of the office's own kind: it is saved in the format of its
+    /// extension.
     [[nodiscard]] virtual bool isForeign(const std::string& path) const = 0;
 
     /// Starts the office; to be called before the members below.
@@ -59,7 +60,7 @@ class MappingTarget {
 
     /// Returns true when forms and tables can be dropped where the mapping begins.
     [[nodiscard]] virtual bool takesDrops() = 0;
-    /// Returns whether something was dropped.
+    /// Returns true when something was dropped.
     virtual bool drop(CNodeDropper& dropper, const MappedObject& object) = 0;
     virtual model::OfficeDocument& document() = 0;
     /// Saves the document in the format of the path's extension.

@@ -1,5 +1,6 @@
 #include "app/MergeloomErrorCodes.h"
 
+#include "base/SourcePlace.h"
 #include "base/Text.h"
 
 #include <string_view>
@@ -27,6 +28,9 @@ constexpr std::string_view kMessages =
     "Template '%1' is already opened.\r\n"
     "Please close it and try again.";
 
+/// The error of an object that was unloaded while the program ended.
+constexpr ErrorNumber kObjectUnloaded = 364;
+
 }  // namespace
 
 void RaiseMappingError(ErrorNumber code, const std::vector<std::string>& parameters) {
@@ -40,6 +44,16 @@ std::string GetMappingErrorText(ErrorNumber code, const std::vector<std::string>
         text = replaceAll(text, "%" + std::to_string(k + 1), parameters[k]);
     }
     return text;
+}
+
+void reportEntryError(const AutomationError& error, ErrorHandler& errors, Messages& messages) {
+    if (error.number() == kObjectUnloaded) return;
+    if (!isMappingError(error.number())) {
+        errors.report(
+            {error.number(), error.description(), {}, "modMain", "Main", shownPlace(error.place())});
+    } else if (!error.description().empty()) {
+        messages.show({error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
+    }
 }
 
 }  // namespace mergeloom

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "base/AutomationError.h"
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -39,5 +42,16 @@ constexpr bool isMappingError(ErrorNumber number) {
 /// Returns the code's message with "%1", "%2" and so on replaced by the parameters. Raises
 /// kSubscriptOutOfRange for a code that is not a mapping error's.
 std::string GetMappingErrorText(ErrorNumber code, const std::vector<std::string>& parameters = {});
+
+/// Ends a mapping that cannot be made as it was requested. Its text is a sentence for the user; nothing has
+/// been written.
+class MappingRefusal : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reports an error that reached the entry routine: shows a mapping error by its text, if it has one, and
+/// passes any other to the error handler.
+void reportEntryError(const AutomationError& error, ErrorHandler& errors, Messages& messages);
 
 }  // namespace mergeloom

@@ -5,10 +5,17 @@
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
 
+#include <functional>
 #include <memory>
 #include <utility>
 
 namespace mergeloom {
+
+/// Starts an office that plays Excel's part.
+using ExcelStarter = std::function<excel::ApplicationPtr()>;
+
+/// Starts an office that plays Word's part.
+using WordStarter = std::function<word::ApplicationPtr()>;
 
 /// Closes all documents of an office unsaved and ends it.
 void closeOffice(word::Application& office);

@@ -7,6 +7,16 @@
 
 namespace mergeloom {
 
+namespace {
+
+bool isInside(std::string_view text, std::size_t position, std::string_view quote) {
+    const std::string_view left = text.substr(0, position + 1);
+    const std::string_view right = text.substr(position);
+    return CountOccurrences(left, quote) % 2 == 1 && CountOccurrences(right, quote) > 0;
+}
+
+}  // namespace
+
 std::int32_t gExcelMode = 0;
 
 std::string GetParentFolder(const std::string& vstrPath, bool vfMustExist) {
@@ -46,6 +56,38 @@ void DeleteXmlFileIfRequested() {
     if (GetCommandLineArgument(kDeleteXmlFileSwitch).empty()) return;
     const std::string xmlFile = GetCommandLineArgument(kXmlFileSwitch);
     if (fileExists(xmlFile)) removeFile(xmlFile);
+}
+
+bool IsInsideQuotes(std::string_view text, std::size_t position) {
+    if (position >= text.size()) return false;
+    return isInside(text, position, "\"") || isInside(text, position, "'");
+}
+
+std::int32_t CountOccurrences(std::string_view text, std::string_view separator) {
+    if (separator.empty()) return 0;
+    std::int32_t count = 0;
+    for (std::size_t at = text.find(separator); at != std::string_view::npos;
+         at = text.find(separator, at + separator.size())) {
+        ++count;
+    }
+    return count;
+}
+
+std::string TrimCharacter(std::string_view text, std::string_view character, TrimMode mode) {
+    if (character.empty()) return std::string(text);
+    if (mode != TrimMode::Right) {
+        std::string_view rest = text;
+        while (rest.starts_with(character))
+            rest.remove_prefix(character.size());
+        if (utf16Length(rest).value > 1) text = rest;
+    }
+    if (mode != TrimMode::Left) {
+        std::string_view rest = text;
+        while (rest.ends_with(character))
+            rest.remove_suffix(character.size());
+        if (!rest.empty()) text = rest;
+    }
+    return std::string(text);
 }
 
 }  // namespace mergeloom

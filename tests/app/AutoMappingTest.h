@@ -2,7 +2,7 @@
 
 #include "LabellingConverter.h"
 #include "app/CAutoMapping.h"
-#include "app/ConsoleProgress.h"
+#include "app/ConsoleOutput.h"
 #include "app/ConvertingExcel.h"
 #include "app/ConvertingWord.h"
 #include "app/mCommandLine.h"
@@ -44,7 +44,7 @@ class AutoMappingTest : public testing::Test {
     /// Puts the documents into the folder on which mappings are to build.
     virtual void putDocuments() = 0;
 
-    /// Runs a mapping; "%" in an argument stands for the test's folder. Gives the mapping error that it
+    /// Runs a mapping; "%" in an argument is replaced by the test's folder. Returns the mapping error that it
     /// raises, or 0.
     ErrorNumber run(std::vector<std::string> arguments, bool allowExisting = false) {
         for (std::string& argument : arguments) {

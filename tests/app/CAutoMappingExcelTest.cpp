@@ -28,7 +28,7 @@ class AutoMappingExcel : public AutoMappingTest {
         folder.put("chart.xlsx", workbookFile({{"Chart", "", "", "chartsheet"}, {"Cells"}}));
     }
 
-    /// The block of three rows and columns in a file's first sheet, row by row, and behind it the names.
+    /// The block of three rows and columns in a file's first sheet, row by row, and then the names.
     std::string shown(const std::string& name) {
         const excel::ApplicationPtr office = makeExcelApplication(OfficeKind::Embedded, disk);
         const excel::WorkbookPtr workbook = office->Workbooks()->Open(folder / name);

@@ -1,5 +1,5 @@
 #include "AutoMappingTest.h"
-#include "app/MappingFields.h"
+#include "app/MappingArguments.h"
 #include "app/MergeloomErrorCodes.h"
 #include "doubles/FaultyWord.h"
 #include "doubles/WordFiles.h"

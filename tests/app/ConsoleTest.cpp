@@ -1,5 +1,4 @@
-#include "app/ConsoleErrorHandler.h"
-#include "app/ConsoleMessages.h"
+#include "app/ConsoleOutput.h"
 
 #include <gtest/gtest.h>
 

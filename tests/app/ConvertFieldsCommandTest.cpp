@@ -1,5 +1,5 @@
 #include "LabellingConverter.h"
-#include "app/ConsoleErrorHandler.h"
+#include "app/ConsoleOutput.h"
 #include "app/ConvertFieldsCommand.h"
 #include "app/ConvertingWord.h"
 #include "base/DiskFileStore.h"

@@ -97,7 +97,7 @@ TEST_F(Conversion, FieldShapes) {
     const std::string nameInCode = kBegin + code(" QUOTE ") + field(" MERGEFIELD Inner ", text("Result")) +
                                    code(" ") + kSeparate + text("old") + kEnd;
     const std::vector<Case> cases{
-        // the name and what stands around it in the code
+        // the name and the text around it in the code
         {field(" MERGEFIELD Town "), "[Town:Town]", 1, 0},
         {field("MERGEFIELD \"Town\" \\* MERGEFORMAT"), "[Town:Town]", 1, 0},
         {field(" mergefield 2nd-Town \\b \"before\" "), "[x2ndTown:x2ndTown]", 1, 0},
@@ -293,7 +293,7 @@ TEST_F(Conversion, TextInTheCodeOfAFieldIsCode) {
                 testing::HasSubstr("<w:instrText>Path</w:instrText>"));
 }
 
-/// A text box that stands again, as another program would show it.
+/// A text box that is repeated, as another program would show it.
 std::string textBox(const std::string& content, const std::string& copy) {
     return run("<mc:AlternateContent xmlns:mc=\"m\"><mc:Choice><w:drawing><w:txbxContent>" + content +
                "</w:txbxContent></w:drawing></mc:Choice><mc:Fallback>" + copy +

@@ -25,7 +25,7 @@ class ConvertedMapping : public AutoMappingTest {
         folder.put("bad.odt", "bad");
     }
 
-    /// What a file of a format of Word's shows.
+    /// The text of a file in a format of Word.
     [[nodiscard]] std::string shownIn(const std::string& name, int format) const {
         const std::string bytes = folder.bytesOf(name);
         const std::string label = LabellingConverter::labelled(format, "");
@@ -93,7 +93,7 @@ TEST_F(ConvertedMapping, RefusesBeforeAnythingIsStarted) {
         Converter converter;
         int excelMode;
         std::vector<std::string> arguments;
-        std::string sentence;  ///< "%" stands for the test's folder
+        std::string sentence;  ///< "%" is replaced by the test's folder
     };
     const std::string choice = " Choose docx, docm, dotx or dotm otherwise.";
     const std::string excelChoice = " Choose xlsx, xlsm, xltx or xltm otherwise.";

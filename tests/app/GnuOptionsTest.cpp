@@ -1,5 +1,5 @@
-#include "app/CommandLineSwitches.h"
 #include "app/GnuOptions.h"
+#include "app/mCommandLine.h"
 #include "base/Text.h"
 
 #include <gmock/gmock.h>

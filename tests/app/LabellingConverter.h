@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// A converter whose files of other formats are those of Open Packaging behind a line with the format's
+/// A converter whose files of other formats are those of Open Packaging after a line with the format's
 /// number. What is neither counts as damaged.
 class LabellingConverter final : public FileConverter {
   public:

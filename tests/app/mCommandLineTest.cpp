@@ -1,5 +1,5 @@
 #include "app/mCommandLine.h"
-#include "app/modMainText.h"
+#include "app/modMain.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

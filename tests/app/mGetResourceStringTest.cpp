@@ -1,5 +1,4 @@
 #include "app/LibraryFile.h"
-#include "app/ResourceStrings.h"
 #include "app/mGetResourceString.h"
 #include "doubles/TemporaryFolder.h"
 

@@ -1,4 +1,4 @@
-#include "app/ConsoleProgress.h"
+#include "app/ConsoleOutput.h"
 #include "app/MappingBeforeDesigner.h"
 #include "app/mCommandLine.h"
 #include "app/modMainEntry.h"
@@ -29,7 +29,7 @@ class EntryRoutine : public testing::Test {
         folder.put("design.xml", "<db><Form Name='Letter' CurrentView='0'/></db>");
     }
 
-    /// Runs the program; "%" at an argument's start stands for the test's folder.
+    /// Runs the program; "%" at an argument's start is replaced by the test's folder.
     int run(std::vector<std::string> arguments) {
         for (std::string& argument : arguments) {
             if (argument.starts_with("%")) argument.replace(0, 1, folder.path());

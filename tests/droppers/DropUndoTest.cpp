@@ -48,7 +48,7 @@ TEST_F(DropUndo, AFailureAtAnyStepChangesNothing) {
     EXPECT_EQ(body(), "[Before:kept]\nA: [A:A]\nB: \nSee: [BC:C]\nD: [D:D]\nE: [E:E]\n\n");
 }
 
-/// An error in the middle of a form takes back what was dropped before it, and nothing is tried behind it.
+/// An error in the middle of a form undoes what was dropped before it, and nothing is tried after it.
 TEST_F(DropUndo, APictureThatIsNoneEndsTheForm) {
     pictures["d.png"] = "/d.png";
     files.files["/d.png"] = "no picture";

@@ -99,7 +99,7 @@ TEST(IsBookmarkOfName, KnowsEveryPlaceOfAName) {
     }
 }
 
-/// What the name rule makes of a name's further places is recognised as such.
+/// The names that the name rule gives further places are recognised as such.
 TEST(IsBookmarkOfName, AgreesWithTheNameRule) {
     for (int length = 1; length <= 40; ++length) {
         const std::string base = times(length, "n");

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/CommandLineText.h"
 #include "app/mCommandLine.h"
 #include "base/DiskFileStore.h"
 #include "doubles/FakeDocumentHost.h"

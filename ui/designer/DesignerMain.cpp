@@ -1,7 +1,6 @@
 #include "ui/designer/DesignerMain.h"
 
-#include "app/CommandLineText.h"
-#include "app/ConsoleProgress.h"
+#include "app/ConsoleOutput.h"
 #include "app/GnuOptions.h"
 #include "app/MappingBeforeDesigner.h"
 #include "app/mCommandLine.h"

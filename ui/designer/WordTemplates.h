@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/WordStarter.h"
+#include "app/ScopedOffice.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 #include "base/Messages.h"

@@ -1,4 +1,4 @@
-#include "app/TextTable.h"
+#include "app/ListOutput.h"
 
 #include "base/Text.h"
 
@@ -9,6 +9,8 @@ namespace mergeloom {
 namespace {
 
 constexpr std::size_t kMaxShownText = 60;
+/// With more names than these, the sentence around them would be lost.
+constexpr std::size_t kMaxNames = 20;
 constexpr char32_t kZeroWidthJoiner = U'\u200D';
 
 std::size_t width(std::string_view text) {
@@ -32,6 +34,8 @@ void writeRow(std::ostream& stream, const TextRow& row, const std::vector<std::s
     stream << row.back() << "\n";
 }
 
+constexpr std::string_view kHexDigits = "0123456789abcdef";
+
 }  // namespace
 
 std::string shownInLine(std::string_view text) {
@@ -53,6 +57,29 @@ void writeTextTable(std::ostream& stream, const std::vector<TextRow>& rows) {
     }
     for (const TextRow& row : rows)
         writeRow(stream, row, widths);
+}
+
+std::string joinedNames(const std::vector<std::string>& names) {
+    std::string joined;
+    for (std::size_t index = 0; index < std::min(names.size(), kMaxNames); ++index)
+        joined += (index == 0 ? "" : ", ") + names[index];
+    if (names.size() <= kMaxNames) return joined;
+    return joined + " and " + std::to_string(names.size() - kMaxNames) + " more";
+}
+
+void writeJsonText(std::ostream& stream, std::string_view text) {
+    stream << '"';
+    for (const char character : text) {
+        const auto code = static_cast<unsigned char>(character);
+        if (character == '"' || character == '\\') {
+            stream << '\\' << character;
+        } else if (code < 0x20 || code == 0x7F) {
+            stream << "\\u00" << kHexDigits[code / 16] << kHexDigits[code % 16];
+        } else {
+            stream << character;
+        }
+    }
+    stream << '"';
 }
 
 }  // namespace mergeloom

@@ -17,4 +17,11 @@ void writeTextTable(std::ostream& stream, const std::vector<TextRow>& rows);
 /// is long.
 std::string shownInLine(std::string_view text);
 
+/// Returns the names joined by commas, for a sentence: of more than 20 names, the first ones and the number
+/// of the others.
+std::string joinedNames(const std::vector<std::string>& names);
+
+/// Writes a JSON string (RFC 8259, section 7).
+void writeJsonText(std::ostream& stream, std::string_view text);
+
 }  // namespace mergeloom

@@ -1,0 +1,61 @@
+#include "app/ConsoleOutput.h"
+
+#include "base/Text.h"
+
+#include <sstream>
+#include <string>
+
+namespace mergeloom {
+
+namespace {
+
+constexpr std::string_view kPrefix = "mergeloom: ";
+
+/// Returns the number as it is commonly written: in hexadecimal digits for automation errors, in decimal ones
+/// for all others.
+std::string numberText(ErrorNumber number) {
+    if (number < kAutomationErrorBase) return std::to_string(number);
+    std::ostringstream text;
+    text << "0x" << std::hex << std::uppercase << number;
+    return text.str();
+}
+
+constexpr const char* kEraseToEndOfLine = "\x1b[K";
+
+}  // namespace
+
+void writeConsoleText(std::ostream& stream, std::string_view text) {
+    const std::string indentedBreak = "\n" + std::string(kPrefix.size(), ' ');
+    const std::string lines = replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n");
+    stream << kPrefix << replaceAll(lines, "\n", indentedBreak) << std::endl;
+}
+
+MessageAnswer ConsoleMessages::show(const Message& message) {
+    const MessageAnswer answer = defaultAnswer(message.buttons);
+    const bool isQuestion = message.buttons != MessageButtons::Ok;
+    const std::string button = answer == MessageAnswer::Yes ? " [Yes]" : " [OK]";
+    writeConsoleText(stream_, isQuestion ? message.text + button : message.text);
+    return answer;
+}
+
+void ConsoleErrorHandler::report(const ErrorReport& report) {
+    std::string text = "error " + numberText(report.number) + ": " + report.description;
+    if (!report.comment.empty()) text += "\n" + report.comment;
+    text += "\nin " + shownProcedure(report);
+    writeConsoleText(stream_, text);
+}
+
+ConsoleProgress::~ConsoleProgress() {
+    if (isShown_) terminal_ << kEraseToEndOfLine << std::flush;
+}
+
+void ConsoleProgress::advance(std::int64_t done, std::int64_t total) {
+    const Clock::time_point now = Clock::now();
+    if (now < next_) return;
+    next_ = now + kPause;
+    isShown_ = true;
+    // The cursor goes back to the line's start, so that a message in between does not continue this line.
+    terminal_ << done << " of " << total << " done" << kEraseToEndOfLine << "\r" << std::flush;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "base/ErrorHandler.h"
+#include "base/Messages.h"
+#include "base/Progress.h"
+
+#include <chrono>
+#include <ostream>
+#include <string_view>
+
+namespace mergeloom {
+
+/// Writes a text to a terminal as the program's own: after its name, with further lines indented to the first
+/// one's text. A line may end with CR LF, CR or LF.
+void writeConsoleText(std::ostream& stream, std::string_view text);
+
+/// Writes the messages of a run without a user, a line each. A question gets its default button's answer,
+/// which is written after it.
+class ConsoleMessages final : public Messages {
+  public:
+    explicit ConsoleMessages(std::ostream& stream) : stream_(stream) {}
+
+    MessageAnswer show(const Message& message) override;
+
+  private:
+    std::ostream& stream_;
+};
+
+/// Writes the unexpected errors of a run without a user: number, description, comment and the place at which
+/// the error was caught.
+class ConsoleErrorHandler final : public ErrorHandler {
+  public:
+    explicit ConsoleErrorHandler(std::ostream& stream) : stream_(stream) {}
+
+    void report(const ErrorReport& report) override;
+
+  private:
+    std::ostream& stream_;
+};
+
+/// Shows in one line on a terminal how much of long work is done; short work shows nothing. The line is
+/// removed at the end.
+class ConsoleProgress final : public Progress {
+  public:
+    using Clock = std::chrono::steady_clock;
+
+    /// The stream has to be a terminal's.
+    explicit ConsoleProgress(std::ostream& terminal) : terminal_(terminal) {}
+    ~ConsoleProgress() override;
+
+    void advance(std::int64_t done, std::int64_t total) override;
+
+  private:
+    static constexpr std::chrono::milliseconds kPause{200};
+
+    std::ostream& terminal_;
+    Clock::time_point next_ = Clock::now() + kPause;
+    bool isShown_ = false;
+};
+
+/// Shows nothing, for work that nobody watches.
+class NoProgress final : public Progress {
+  public:
+    void advance(std::int64_t, std::int64_t) override {}
+};
+
+}  // namespace mergeloom
