@@ -64,7 +64,7 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                  .fieldDialog = ports_.fieldDialog,
                  .runPendingEvents = [] { QCoreApplication::processEvents(); }}) {
     connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
-    connect(&events_, &HostEvents::ended, this, &DesignerSession::whenEnded);
+    connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
 }
 
 std::unique_ptr<TemplateOffice> DesignerSession::makeTemplates() {
@@ -75,7 +75,7 @@ std::unique_ptr<TemplateOffice> DesignerSession::makeTemplates() {
 }
 
 DesignerSession::~DesignerSession() {
-    if (attempt_) attempt_->isGivenUp = true;
+    if (attempt_) attempt_->isCancelled = true;
     worker_.run([this] {
         office_.end();
         lifecycle_.Terminate();
@@ -94,14 +94,14 @@ void DesignerSession::start(const HostWindow& window) {
     attempt_ = attempt;
     worker_.post([this, window, attempt] { startOffice(window, *attempt); },
                  [this, attempt](const std::exception_ptr& error) {
-                     if (!attempt->isGivenUp) whenStarted(error);
+                     if (!attempt->isCancelled) onStarted(error);
                  });
 }
 
 void DesignerSession::startOffice(const HostWindow& window, const Attempt& attempt) {
-    if (attempt.isGivenUp) return;
+    if (attempt.isCancelled) return;
     office_.start(window, kind_);
-    if (attempt.isGivenUp) {
+    if (attempt.isCancelled) {
         office_.end();
         return;
     }
@@ -118,11 +118,11 @@ void DesignerSession::logOffice() {
 
 void DesignerSession::cancelStart() {
     if (state_ != OfficeState::Starting) return;
-    attempt_->isGivenUp = true;
+    attempt_->isCancelled = true;
     setState(OfficeState::Stopped, tr("The office was not started."));
 }
 
-void DesignerSession::whenStarted(const std::exception_ptr& error) {
+void DesignerSession::onStarted(const std::exception_ptr& error) {
     if (state_ != OfficeState::Starting) return;
     if (error) {
         setState(OfficeState::Stopped, sentenceOf(error));
@@ -147,9 +147,9 @@ void DesignerSession::openFirst() {
                  });
 }
 
-void DesignerSession::whenEnded() {
+void DesignerSession::onEnded() {
     if (state_ == OfficeState::Stopped) return;
-    if (attempt_) attempt_->isGivenUp = true;
+    if (attempt_) attempt_->isCancelled = true;
     post([this] { office_.end(); });
     setState(OfficeState::Stopped, tr("The office has ended unexpectedly. What was not saved is lost."));
 }

@@ -84,7 +84,7 @@ class DesignerSession final : public QObject, private LifecycleView {
   private:
     /// An attempt to start an office, which the user may cancel.
     struct Attempt {
-        std::atomic<bool> isGivenUp = false;
+        std::atomic<bool> isCancelled = false;
     };
 
     std::unique_ptr<TemplateOffice> makeTemplates();
@@ -92,9 +92,9 @@ class DesignerSession final : public QObject, private LifecycleView {
     void setState(OfficeState state, const QString& stopReason = {});
     void startOffice(const HostWindow& window, const Attempt& attempt);
     void logOffice();
-    void whenStarted(const std::exception_ptr& error);
+    void onStarted(const std::exception_ptr& error);
     void openFirst();
-    void whenEnded();
+    void onEnded();
     void post(OfficeJobs::Job job);
     [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
 

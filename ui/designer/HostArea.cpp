@@ -152,11 +152,11 @@ void OfficePanel::showOpening() {
     showProgress(tr("The template is being opened…"), false);
 }
 
-void OfficePanel::showProgress(const QString& sentence, bool canBeGivenUp) {
+void OfficePanel::showProgress(const QString& sentence, bool canBeCancelled) {
     sentence_->setText(sentence);
     progress_->setAccessibleName(sentence);
     progress_->show();
-    cmdCancel_->setVisible(canBeGivenUp);
+    cmdCancel_->setVisible(canBeCancelled);
     cmdStart_->hide();
 }
 

@@ -69,7 +69,7 @@ class OfficePanel final : public QWidget {
     void startRequested();
 
   private:
-    void showProgress(const QString& sentence, bool canBeGivenUp);
+    void showProgress(const QString& sentence, bool canBeCancelled);
 
     QLabel* sentence_;
     QProgressBar* progress_;

@@ -13,9 +13,9 @@ namespace {
 
 /// Keeps keys, clicks and drags from the windows during its life. Modal windows that ask the user something
 /// meanwhile still receive them.
-class InputBlock final : public QObject {
+class InputBlocker final : public QObject {
   public:
-    InputBlock();
+    InputBlocker();
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 };
@@ -43,11 +43,11 @@ bool isInput(QEvent::Type type) {
     }
 }
 
-InputBlock::InputBlock() {
+InputBlocker::InputBlocker() {
     QApplication::instance()->installEventFilter(this);
 }
 
-bool InputBlock::eventFilter(QObject* /*receiver*/, QEvent* event) {
+bool InputBlocker::eventFilter(QObject* /*receiver*/, QEvent* event) {
     return isInput(event->type()) && QApplication::activeModalWidget() == nullptr;
 }
 
@@ -79,7 +79,7 @@ OfficeWorker::~OfficeWorker() {
 }
 
 void OfficeWorker::run(const Job& job) {
-    const InputBlock block;
+    const InputBlocker block;
     QObject listener;
     bool done = false;
     std::exception_ptr error;

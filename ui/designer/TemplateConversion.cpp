@@ -58,7 +58,7 @@ bool TemplateConversion::convert(const std::string& path, const std::string& tar
     if (made) {
         (void)succeeds(path, [&] { removeTemplate(path, target); });
     } else {
-        (void)succeeds(path, [&] { bringBack(path); });
+        (void)succeeds(path, [&] { restoreTemplate(path); });
     }
     return made;
 }
@@ -82,7 +82,7 @@ void TemplateConversion::removeTemplate(const std::string& path, const std::stri
     if (path != target) files_.remove(path);
 }
 
-void TemplateConversion::bringBack(const std::string& path) {
+void TemplateConversion::restoreTemplate(const std::string& path) {
     if (!files_.exists(path)) files_.copy(path + kBackupSuffix, path);
 }
 

@@ -30,7 +30,7 @@ class TemplateConversion {
     void makeDocument(const std::string& path, const std::string& target);
     void saveDocument(const std::string& temporaryCopy, const std::string& target);
     void removeTemplate(const std::string& path, const std::string& target);
-    void bringBack(const std::string& path);
+    void restoreTemplate(const std::string& path);
     template <typename Body>
     bool succeeds(const std::string& path, const Body& body);
 

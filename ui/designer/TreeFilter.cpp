@@ -10,7 +10,7 @@ namespace mergeloom {
 namespace {
 
 /// The number of nodes or texts after which the search checks again whether it is still wanted.
-constexpr std::size_t kAskingEvery = 4096;
+constexpr std::size_t kCheckInterval = 4096;
 
 bool isAsciiText(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -88,7 +88,7 @@ std::optional<TreeFilterMatches> TreeFilterIndex::find(const QString& words,
     const std::vector<std::string> folded = foldedWords(words);
     std::vector<char> textMatches(textEnds_.size());
     for (std::size_t number = 0; number < textMatches.size(); ++number) {
-        if (number % kAskingEvery == 0 && isOutdated()) return {};
+        if (number % kCheckInterval == 0 && isOutdated()) return {};
         textMatches[number] = containsAll(text(number), folded) ? 1 : 0;
     }
     std::vector<char> matching(parents_.size());

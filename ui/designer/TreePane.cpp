@@ -46,12 +46,12 @@ void TreePaneSearch::search() {
         filter_.cancel();
         showAll();
     } else {
-        if (!former_) former_ = look();
+        if (!former_) former_ = treeState();
         filter_.find(words);
     }
 }
 
-TreePaneSearch::Look TreePaneSearch::look() const {
+TreePaneSearch::TreeState TreePaneSearch::treeState() const {
     const TreeNode* const selected = view_.selectedNode();
     return {view_.expandedNodes(), selected != nullptr ? selected->Index() : 0, view_.scrollPosition()};
 }
@@ -65,12 +65,12 @@ void TreePaneSearch::showMatches(TreeFilterMatches& matches) {
 
 void TreePaneSearch::showAll() {
     if (!former_) return;
-    const Look look = *std::exchange(former_, std::nullopt);
+    const TreeState state = *std::exchange(former_, std::nullopt);
     result_.hide();
-    view_.showRows(model_.allRows(), look.expanded);
+    view_.showRows(model_.allRows(), state.expanded);
     view_.clearSelection();
-    view_.selectNode(look.selected);
-    view_.scrollToPosition(look.scrollPosition);
+    view_.selectNode(state.selected);
+    view_.scrollToPosition(state.scrollPosition);
 }
 
 bool TreePaneSearch::eventFilter(QObject* watched, QEvent* event) {

@@ -36,7 +36,7 @@ class TreePaneSearch : public QObject {
 
   private:
     /// The state of the tree before the search.
-    struct Look {
+    struct TreeState {
         std::vector<int> expanded;
         int selected = 0;
         int scrollPosition = 0;
@@ -46,14 +46,14 @@ class TreePaneSearch : public QObject {
     void showMatches(TreeFilterMatches& matches);
     void showAll();
     void enterTree();
-    [[nodiscard]] Look look() const;
+    [[nodiscard]] TreeState treeState() const;
 
     QLineEdit& box_;
     QLabel& result_;
     TreePaneView& view_;
     TreeModel& model_;
     TreeFilter filter_;
-    std::optional<Look> former_;
+    std::optional<TreeState> former_;
     int firstMatch_ = 0;
 };
 

@@ -103,7 +103,7 @@ void frmMain::layOut() {
     resize(room);
     const int treeWidth = std::max(room.width() / kTreePart, tree_->sizeHint().width());
     splitter_->setSizes({treeWidth, room.width() - treeWidth});
-    memory_.restore(*this, *splitter_);
+    windowSettings_.restore(*this, *splitter_);
 }
 
 void frmMain::connectActions() {
@@ -224,7 +224,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    memory_.keep(*this, *splitter_);
+    windowSettings_.keep(*this, *splitter_);
     formHelp_.mfrm_QueryUnload();
     help_.CloseAll();
     event->accept();

@@ -6,7 +6,7 @@
 #include "ui/designer/FocusHolder.h"
 #include "ui/designer/StructureLoad.h"
 #include "ui/designer/TreePane.h"
-#include "ui/designer/WindowMemory.h"
+#include "ui/designer/WindowSettings.h"
 #include "ui/designer/mTVHook.h"
 #include "ui/dialogs/ErrorDialog.h"
 #include "ui/dialogs/MessageBoxes.h"
@@ -75,7 +75,7 @@ class frmMain final : public QMainWindow {
     QtFileDialog fileDialog_;
     frmFields fieldDialog_;
     DiagnosticsLog log_;
-    WindowMemory memory_;
+    WindowSettings windowSettings_;
 
     // The toolkit's parents own these.
     DesignerActions* actions_;

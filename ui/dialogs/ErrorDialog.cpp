@@ -42,9 +42,9 @@ void ErrorDialog::report(const ErrorReport& report) {
     const std::string text = reportText(report);
     const QString path = keep(text, settings_.reportFolder);
     callOnGuiThread([&] {
-        const KeptReport kept{.text = QString::fromStdString(text),
-                              .path = path,
-                              .supportAddress = QString::fromStdString(settings_.supportAddress)};
+        const SavedReport kept{.text = QString::fromStdString(text),
+                               .path = path,
+                               .supportAddress = QString::fromStdString(settings_.supportAddress)};
         ErrorWindow(ownerOfDialog(owner_), report, kept).exec();
     });
 }

@@ -39,7 +39,7 @@ constexpr int kLines = 22;
 
 }  // namespace
 
-ErrorWindow::ErrorWindow(QWidget* parent, const ErrorReport& error, const KeptReport& report)
+ErrorWindow::ErrorWindow(QWidget* parent, const ErrorReport& error, const SavedReport& report)
     : QDialog(parent), report_(report) {
     setObjectName(QStringLiteral("errorWindow"));
     setWindowTitle(QStringLiteral("Mergeloom"));
@@ -92,7 +92,7 @@ void ErrorWindow::showReport() {
     ReportWindow(this, report_).exec();
 }
 
-ReportWindow::ReportWindow(QWidget* parent, const KeptReport& report) : QDialog(parent), report_(report) {
+ReportWindow::ReportWindow(QWidget* parent, const SavedReport& report) : QDialog(parent), report_(report) {
     setObjectName(QStringLiteral("reportWindow"));
     setWindowTitle(tr("Problem report"));
     auto* layout = new QVBoxLayout(this);

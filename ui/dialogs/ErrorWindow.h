@@ -8,7 +8,7 @@
 namespace mergeloom {
 
 /// The report of an error, its file and the address to which it is sent.
-struct KeptReport {
+struct SavedReport {
     QString text;
     QString path;            ///< empty when it could not be kept
     QString supportAddress;  ///< empty for none
@@ -19,7 +19,7 @@ class ErrorWindow final : public QDialog {
     Q_OBJECT
 
   public:
-    ErrorWindow(QWidget* parent, const ErrorReport& error, const KeptReport& report);
+    ErrorWindow(QWidget* parent, const ErrorReport& error, const SavedReport& report);
 
   private:
     [[nodiscard]] QLayout* makeMessage(const ErrorReport& error);
@@ -27,7 +27,7 @@ class ErrorWindow final : public QDialog {
     [[nodiscard]] QWidget* makeButtons();
     void showReport();
 
-    KeptReport report_;
+    SavedReport report_;
 };
 
 /// Shows the text of a report, to be read before it is sent.
@@ -35,7 +35,7 @@ class ReportWindow final : public QDialog {
     Q_OBJECT
 
   public:
-    ReportWindow(QWidget* parent, const KeptReport& report);
+    ReportWindow(QWidget* parent, const SavedReport& report);
 
   private:
     [[nodiscard]] QWidget* makeText();
@@ -43,7 +43,7 @@ class ReportWindow final : public QDialog {
     [[nodiscard]] QWidget* makeButtons();
     void writeMail();
 
-    KeptReport report_;
+    SavedReport report_;
 };
 
 }  // namespace mergeloom

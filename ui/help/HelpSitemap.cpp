@@ -10,7 +10,7 @@ namespace mergeloom {
 namespace {
 
 /// Lists nested deeper than this continue the one at this depth.
-constexpr std::size_t kDeepestList = 50;
+constexpr std::size_t kMaxListDepth = 50;
 
 /// Returns the attributes of a tag by their names in lower case.
 QMap<QString, QString> attributes(const QString& tag) {
@@ -45,7 +45,7 @@ class SitemapReader {
   private:
     void beginList() {
         ++depth_;
-        if (lists_.size() > kDeepestList || lists_.back()->empty() || depth_ == 1) {
+        if (lists_.size() > kMaxListDepth || lists_.back()->empty() || depth_ == 1) {
             lists_.push_back(lists_.back());
         } else {
             lists_.push_back(&lists_.back()->back().children);

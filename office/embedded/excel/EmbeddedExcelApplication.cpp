@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
+#include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewWorkbook.h"
@@ -68,6 +69,10 @@ class EmbeddedWorkbookUndoRecord final : public model::UndoRecord {
 };
 
 }  // namespace
+
+excel::ApplicationPtr makeExcelApplication(FileStore& files) {
+    return std::make_shared<EmbeddedExcelApplication>(files);
+}
 
 excel::WorkbooksPtr EmbeddedExcelApplication::Workbooks() {
     return std::make_shared<EmbeddedWorkbooks>(shared_from_this());

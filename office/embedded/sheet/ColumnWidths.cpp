@@ -16,47 +16,28 @@ namespace {
 /// The fractions of a digit's width in which a file's widths are counted.
 constexpr double kParts = 256;
 
-int rounded(double pixels) {
-    return static_cast<int>(std::lround(pixels));
-}
-
 }  // namespace
 
-ColumnUnits::ColumnUnits(const CellFont& defaultFont)
-    : digit_(digitWidth(defaultFont)), padding_(2 * ((digit_ + 3) / 4) + 1) {}
+FileColumnUnits::FileColumnUnits(const CellFont& defaultFont) : ColumnUnits(digitWidth(defaultFont)) {}
 
-int ColumnUnits::defaultPixels(int baseCharacters) const {
+int FileColumnUnits::defaultPixels(int baseCharacters) const {
     constexpr int kStep = 8;
-    const int pixels = baseCharacters * digit_ + padding_;
+    const int pixels = baseCharacters * digit() + padding();
     return (pixels + kStep - 1) / kStep * kStep;
 }
 
-int ColumnUnits::widestPixels() const {
+int FileColumnUnits::widestPixels() const {
     return pixelsOf(excel::kWidestColumn);
 }
 
-int ColumnUnits::pixelsOfFileWidth(double width) const {
+int FileColumnUnits::pixelsOfFileWidth(double width) const {
     const double bounded = std::clamp(width, 0.0, fileWidthOf(widestPixels()));
-    const double half = std::trunc(kParts / 2 / digit_);
-    return static_cast<int>((kParts * bounded + half) / kParts * digit_);
+    const double half = std::trunc(kParts / 2 / digit());
+    return static_cast<int>((kParts * bounded + half) / kParts * digit());
 }
 
-double ColumnUnits::fileWidthOf(int pixels) const {
-    return std::trunc(pixels * kParts / digit_) / kParts;
-}
-
-int ColumnUnits::pixelsOf(ColumnWidth width) const {
-    const double characters = std::clamp(width.value, 0.0, excel::kWidestColumn.value);
-    // Below one character the padding shrinks too.
-    if (characters < 1) return rounded(characters * (digit_ + padding_));
-    return rounded(characters * digit_ + padding_);
-}
-
-ColumnWidth ColumnUnits::shownWidthOf(int pixels) const {
-    const int one = digit_ + padding_;
-    const double characters =
-        pixels < one ? pixels / double(one) : static_cast<double>(pixels - padding_) / digit_;
-    return {std::round(characters * 100) / 100};
+double FileColumnUnits::fileWidthOf(int pixels) const {
+    return std::trunc(pixels * kParts / digit()) / kParts;
 }
 
 ColumnDefinitions::ColumnDefinitions(const std::string& xml, std::string listName, std::string elementName)

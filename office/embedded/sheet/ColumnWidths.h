@@ -1,8 +1,8 @@
 #pragma once
 
-#include "base/Units.h"
 #include "office/embedded/sheet/StyleSheet.h"
 #include "office/embedded/sheet/XmlAttributes.h"
+#include "office/model/excel/ColumnUnits.h"
 
 #include <map>
 #include <optional>
@@ -10,27 +10,18 @@
 
 namespace mergeloom::embedded {
 
-/// Converts between the three measures of a column's width: pixels, the file's width and the width that Excel
-/// shows. All depend on the digits of the workbook's default font (ECMA-376 Part 1, 18.3.1.13).
-class ColumnUnits {
+/// Converts between the three measures of a column's width: pixels, the width that Excel shows, and the
+/// file's width.
+class FileColumnUnits : public excel::ColumnUnits {
   public:
-    explicit ColumnUnits(const CellFont& defaultFont);
+    explicit FileColumnUnits(const CellFont& defaultFont);
 
-    /// Returns the pixels of a column that its text cannot use: two margins and the grid line.
-    [[nodiscard]] int padding() const { return padding_; }
     /// Returns the width of a column if neither the sheet nor the column specifies one.
     [[nodiscard]] int defaultPixels(int baseCharacters) const;
     [[nodiscard]] int widestPixels() const;
 
     [[nodiscard]] int pixelsOfFileWidth(double width) const;
     [[nodiscard]] double fileWidthOf(int pixels) const;
-    [[nodiscard]] int pixelsOf(ColumnWidth width) const;
-    /// Returns the width as Excel shows it, rounded to two decimals.
-    [[nodiscard]] ColumnWidth shownWidthOf(int pixels) const;
-
-  private:
-    int digit_;
-    int padding_;
 };
 
 /// The definition of one or more adjacent columns (ECMA-376 Part 1, 18.3.1.13).

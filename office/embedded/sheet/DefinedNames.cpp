@@ -102,7 +102,7 @@ void DefinedNames::setFormula(std::size_t index, const std::string& formula) {
 
 std::size_t DefinedNames::append(const std::string& name, const std::string& formula) {
     pugi::xml_node names = ensureList();
-    pugi::xml_node node = names.append_child(nameLike(names, "definedName").c_str());
+    pugi::xml_node node = names.append_child(qualifiedName(names, "definedName").c_str());
     node.append_attribute("name").set_value(name.c_str());
     node.append_child(pugi::node_pcdata).set_value(formula.c_str());
     list(node, kWorkbook);
@@ -114,7 +114,7 @@ pugi::xml_node DefinedNames::ensureList() {
     pugi::xml_node root = part_.root();
     pugi::xml_node names = childNamed(root, "definedNames");
     if (names) return names;
-    names = root.insert_child_after(nameLike(root, "definedNames").c_str(), predecessor(root));
+    names = root.insert_child_after(qualifiedName(root, "definedNames").c_str(), predecessor(root));
     // Names may have been added after the recorded step, so the list is removed only if it is empty again.
     state_.change([names, detachedNodes = part_.attic()]() mutable {
         if (!names.first_child()) detachedNodes.append_move(names);

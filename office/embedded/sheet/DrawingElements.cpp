@@ -115,7 +115,7 @@ pugi::xml_node transformOf(pugi::xml_node object) {
 }
 
 pugi::xml_node append(pugi::xml_node parent, const char* localName) {
-    return parent.append_child(nameLike(parent, localName).c_str());
+    return parent.append_child(qualifiedName(parent, localName).c_str());
 }
 
 void appendFrom(pugi::xml_node anchor, const excel::CellPosition& cell) {
@@ -132,11 +132,11 @@ void appendPicture(pugi::xml_node anchor, const AnchoredPicture& picture,
     const bool isDeclared = std::string_view(anchor.parent().attribute("xmlns:a").value()) == namespaces.main;
     if (!isDeclared) pic.append_attribute("xmlns:a") = namespaces.main;
     pugi::xml_node identity = append(pic, "nvPicPr");
-    appendIdentity(identity, nameLike(pic, "cNvPr"), picture.drawingId, picture.name);
+    appendIdentity(identity, qualifiedName(pic, "cNvPr"), picture.drawingId, picture.name);
     pugi::xml_node locks = append(identity, "cNvPicPr").append_child("a:picLocks");
     locks.append_attribute("noChangeAspect") = "1";
-    appendPictureFill(pic, nameLike(pic, ""), picture.relationshipId, namespaces);
-    appendPictureShape(pic, nameLike(pic, ""), picture.frame);
+    appendPictureFill(pic, qualifiedName(pic, ""), picture.relationshipId, namespaces);
+    appendPictureShape(pic, qualifiedName(pic, ""), picture.frame);
 }
 
 }  // namespace
@@ -238,7 +238,7 @@ pugi::xml_node appendAnchoredPicture(pugi::xml_node root, const AnchoredPicture&
                                      opc::Conformance conformance) {
     pugi::xml_node anchor = append(root, "oneCellAnchor");
     appendFrom(anchor, picture.cell);
-    appendExtent(anchor, nameLike(anchor, "ext").c_str(), picture.frame.width, picture.frame.height);
+    appendExtent(anchor, qualifiedName(anchor, "ext").c_str(), picture.frame.width, picture.frame.height);
     appendPicture(anchor, picture, drawingNamespaces(conformance));
     append(anchor, "clientData");
     return anchor;

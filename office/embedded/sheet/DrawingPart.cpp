@@ -60,7 +60,7 @@ DrawingPart::DrawingPart(std::unique_ptr<opc::XmlPart> part, ShapeId& lastShape,
     const pugi::xml_node root = part_->root();
     highestObjectId_ = highestObjectIdIn(root);
     for (const pugi::xml_node child : root.children()) {
-        if (!anchorsIn(child).empty()) enter(++lastShape_, child);
+        if (!anchorsIn(child).empty()) registerShape(++lastShape_, child);
     }
 }
 
@@ -105,10 +105,10 @@ void DrawingPart::setName(ShapeId shape, const std::string& name) {
 
 DrawingPart::ShapeId DrawingPart::insert(pugi::xml_node node) {
     const ShapeId shape = ++lastShape_;
-    enter(shape, node);
+    registerShape(shape, node);
     highestObjectId_ = std::max(highestObjectId_, highestObjectIdIn(node));
     state_.change([this, shape, node, detachedNodes = part_->attic()]() mutable {
-        leave(shape);
+        unregisterShape(shape);
         detachedNodes.append_move(node);
     });
     return shape;
@@ -116,7 +116,7 @@ DrawingPart::ShapeId DrawingPart::insert(pugi::xml_node node) {
 
 void DrawingPart::remove(ShapeId shape) {
     const pugi::xml_node taken = node(shape);
-    leave(shape);
+    unregisterShape(shape);
     const pugi::xml_node next = taken.next_sibling();
     pugi::xml_node detachedNodes = part_->attic();
     detachedNodes.append_move(taken);
@@ -127,7 +127,7 @@ void DrawingPart::remove(ShapeId shape) {
         } else {
             root.append_move(taken);
         }
-        enter(shape, taken);
+        registerShape(shape, taken);
     });
 }
 
@@ -147,16 +147,16 @@ std::vector<std::string> DrawingPart::usedOnlyBy(ShapeId shape) const {
     return ids;
 }
 
-void DrawingPart::enter(ShapeId shape, pugi::xml_node node) {
-    Shape& entered = shapes_[shape];
-    entered = {node, nameOfShape(node)};
-    index(shape, entered.name);
+void DrawingPart::registerShape(ShapeId shape, pugi::xml_node node) {
+    Shape& added = shapes_[shape];
+    added = {node, nameOfShape(node)};
+    index(shape, added.name);
     if (isPinned(node)) pinned_.insert(shape);
     for (const pugi::xml_attribute reference : referencesIn(node))
         ++uses_[reference.value()];
 }
 
-void DrawingPart::leave(ShapeId shape) {
+void DrawingPart::unregisterShape(ShapeId shape) {
     for (const pugi::xml_attribute reference : referencesIn(node(shape)))
         --uses_[reference.value()];
     unindex(shape);

@@ -55,8 +55,8 @@ class DrawingPart {
         std::string name;
     };
 
-    void enter(ShapeId shape, pugi::xml_node node);
-    void leave(ShapeId shape);
+    void registerShape(ShapeId shape, pugi::xml_node node);
+    void unregisterShape(ShapeId shape);
     void index(ShapeId shape, const std::string& name);
     void unindex(ShapeId shape);
     void rename(ShapeId shape, const std::string& name);

@@ -150,7 +150,7 @@ std::string textOfNumber(double number) {
     return {buffer.data(), result.ptr};
 }
 
-AxisSizes columnSizes(const SheetPart& sheet, const ColumnUnits& units) {
+AxisSizes columnSizes(const SheetPart& sheet, const FileColumnUnits& units) {
     const SheetSection section(sheet, "sheetFormatPr");
     const pugi::xml_attribute width = section.root().attribute("defaultColWidth");
     if (width) return {excel::kLastColumn, units.pixelsOfFileWidth(width.as_double())};
@@ -229,7 +229,7 @@ class SheetGeometry::Data {
     SheetPart& sheet;
     UndoLog& undo;
     PartState state;  ///< tracks changes of the columns
-    ColumnUnits units;
+    FileColumnUnits units;
     AxisSizes columns;
     AxisSizes rows;
     ColumnDefinitions definitions;
@@ -260,7 +260,7 @@ SheetGeometry::SheetGeometry(SheetPart& sheet, const StyleSheet& styles, UndoLog
 SheetGeometry::~SheetGeometry() = default;
 
 ColumnWidth SheetGeometry::columnWidth(int column) const {
-    return data_->units.shownWidthOf(data_->columns.size(column));
+    return data_->units.widthOf(data_->columns.size(column));
 }
 
 void SheetGeometry::setColumnWidth(int column, ColumnWidth width) {
@@ -268,7 +268,7 @@ void SheetGeometry::setColumnWidth(int column, ColumnWidth width) {
 }
 
 void SheetGeometry::fitColumn(int column, double pixels) {
-    const ColumnUnits& units = data_->units;
+    const FileColumnUnits& units = data_->units;
     const double wanted = std::ceil(std::max(pixels, 0.0)) + units.padding();
     const double widest = units.widestPixels();
     data_->setColumn(column, static_cast<int>(std::min(wanted, widest)), Fit::Best);

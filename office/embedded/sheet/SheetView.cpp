@@ -15,7 +15,7 @@ constexpr const char* kFirstPane = "topLeft";
 
 /// Returns the view in the workbook's first window.
 pugi::xml_node viewOf(pugi::xml_node views) {
-    const std::string name = nameLike(views, "sheetView");
+    const std::string name = qualifiedName(views, "sheetView");
     const pugi::xml_node found = views.find_child_by_attribute(name.c_str(), "workbookViewId", "0");
     return found ? found : views.child(name.c_str());
 }
@@ -71,7 +71,7 @@ void set(pugi::xml_node element, const char* name, const std::string& value) {
 /// Adds a selection for the pane with the focus to a view that has none: after the pane and the selections of
 /// other panes (ECMA-376 Part 1, A.2, CT_SheetView).
 pugi::xml_node addSelection(pugi::xml_node view) {
-    const std::string name = nameLike(view, "selection");
+    const std::string name = qualifiedName(view, "selection");
     const pugi::xml_node pane = childNamed(view, "pane");
     pugi::xml_node last = pane;
     for (const pugi::xml_node other : view.children(name.c_str()))

@@ -59,7 +59,7 @@ CellFont fontOfFormat(pugi::xml_node format, const Fonts& fonts) {
 pugi::xml_node normalFormat(pugi::xml_node root) {
     const pugi::xml_node styles = childNamed(root, "cellStyles");
     const pugi::xml_node normal =
-        styles.find_child_by_attribute(nameLike(root, "cellStyle").c_str(), "builtinId", "0");
+        styles.find_child_by_attribute(qualifiedName(root, "cellStyle").c_str(), "builtinId", "0");
     const std::vector<pugi::xml_node> formats = itemsOf(root, "cellStyleXfs", "xf");
     const std::size_t index = normal.attribute("xfId").as_uint();
     return normal && index < formats.size() ? formats[index] : pugi::xml_node();

@@ -44,17 +44,17 @@ void writeText(pugi::xml_node element, const std::string& text) {
 
 }  // namespace
 
-std::string nameLike(pugi::xml_node element, std::string_view localName) {
+std::string qualifiedName(pugi::xml_node element, std::string_view localName) {
     const std::string_view name = element.name();
     return std::string(name.substr(0, name.find(':') + 1)).append(localName);
 }
 
 pugi::xml_node childNamed(pugi::xml_node parent, std::string_view localName) {
-    return parent.child(nameLike(parent, localName).c_str());
+    return parent.child(qualifiedName(parent, localName).c_str());
 }
 
 std::vector<pugi::xml_node> childrenNamed(pugi::xml_node parent, std::string_view localName) {
-    const std::string name = nameLike(parent, localName);
+    const std::string name = qualifiedName(parent, localName);
     const auto found = parent.children(name.c_str());
     return {found.begin(), found.end()};
 }

@@ -14,7 +14,7 @@
 namespace mergeloom::embedded {
 
 /// Returns a local name with the prefix of an element: "x:sheet" for "x:sheets".
-std::string nameLike(pugi::xml_node element, std::string_view localName);
+std::string qualifiedName(pugi::xml_node element, std::string_view localName);
 /// Returns the first child of that local name in the parent's namespace.
 pugi::xml_node childNamed(pugi::xml_node parent, std::string_view localName);
 /// Returns all children of that local name in the parent's namespace.

@@ -127,10 +127,11 @@ pugi::xml_node WorkbookPart::ensureView() {
     pugi::xml_node root = part_->root();
     pugi::xml_node views = childNamed(root, "bookViews");
     if (!views) {
-        views = root.insert_child_before(nameLike(root, "bookViews").c_str(), childNamed(root, "sheets"));
+        views =
+            root.insert_child_before(qualifiedName(root, "bookViews").c_str(), childNamed(root, "sheets"));
         recordInsertion(views, *part_, state_);
     }
-    const pugi::xml_node added = views.prepend_child(nameLike(root, "workbookView").c_str());
+    const pugi::xml_node added = views.prepend_child(qualifiedName(root, "workbookView").c_str());
     recordInsertion(added, *part_, state_);
     return added;
 }
@@ -148,7 +149,7 @@ pugi::xml_node WorkbookPart::ensureCalculation() {
     for (const char* name : {"functionGroups", "externalReferences", "definedNames"}) {
         if (const pugi::xml_node later = childNamed(root, name)) before = later;
     }
-    const pugi::xml_node added = root.insert_child_after(nameLike(root, "calcPr").c_str(), before);
+    const pugi::xml_node added = root.insert_child_after(qualifiedName(root, "calcPr").c_str(), before);
     recordInsertion(added, *part_, state_);
     return added;
 }

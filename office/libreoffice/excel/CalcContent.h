@@ -2,7 +2,7 @@
 
 #include "base/FileStore.h"
 #include "office/libreoffice/excel/CalcNameIndex.h"
-#include "office/libreoffice/excel/CalcPending.h"
+#include "office/libreoffice/excel/CalcPendingEdits.h"
 #include "office/libreoffice/excel/CalcSheet.h"
 #include "office/libreoffice/excel/CalcUndo.h"
 #include "office/libreoffice/excel/CalcUnits.h"
@@ -60,7 +60,7 @@ class CalcContent {
     void startRecord(const std::string& name);
     void endRecord();
     [[nodiscard]] CalcUndo& undo() { return undo_; }
-    [[nodiscard]] CalcPending& pending() { return pending_; }
+    [[nodiscard]] CalcPendingEdits& pending() { return pending_; }
     [[nodiscard]] CalcFonts& fonts() { return fonts_; }
     [[nodiscard]] const CalcColumnUnits& columnUnits();
     /// Returns true if a number format shows booleans. Must run within a call.
@@ -84,7 +84,7 @@ class CalcContent {
     Reference<css::sheet::XSpreadsheetDocument> workbook_;
     Reference<css::lang::XMultiServiceFactory> factory_;
     CalcUndo undo_;
-    CalcPending pending_;
+    CalcPendingEdits pending_;
     CalcFonts fonts_;
     std::optional<CalcColumnUnits> columnUnits_;
     Reference<css::util::XNumberFormats> numberFormats_;

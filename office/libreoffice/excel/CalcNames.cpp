@@ -198,7 +198,7 @@ excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string&
     // Calc accepts some names that Excel rejects, and which ones depends on its former operations.
     if (!excel::isDefinedName(name)) raiseInvalidName(name);
     const std::optional<excel::CellPosition> cell = cellMeantBy(refersToLocal);
-    if (!cell || !CalcPending::canWait(name)) return define(name, refersToLocal);
+    if (!cell || !CalcPendingEdits::canWait(name)) return define(name, refersToLocal);
     const std::size_t sheet = content_->activeSheet();
     content_->touch();
     content_->names().append(name, CalcNameIndex::kDocument);

@@ -82,7 +82,7 @@ excel::CellArea CalcMergedCells::extended(const excel::CellArea& area) {
     });
 }
 
-CalcSheet::CalcSheet(OfficeConnection& connection, CalcPending& pending,
+CalcSheet::CalcSheet(OfficeConnection& connection, CalcPendingEdits& pending,
                      const Reference<css::sheet::XSpreadsheet>& sheet, std::string name,
                      const excel::CellPosition& activeCell)
     : connection_(connection),

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/excel/CalcCells.h"
-#include "office/libreoffice/excel/CalcPending.h"
+#include "office/libreoffice/excel/CalcPendingEdits.h"
 #include "office/libreoffice/excel/CalcShapeTable.h"
 #include "office/libreoffice/excel/CalcSheetKinds.h"
 #include "office/libreoffice/session/OfficeConnection.h"
@@ -45,7 +45,7 @@ class CalcMergedCells {
 /// cells, protection, formulas) are read once and cached.
 class CalcSheet {
   public:
-    CalcSheet(OfficeConnection& connection, CalcPending& pending,
+    CalcSheet(OfficeConnection& connection, CalcPendingEdits& pending,
               const Reference<css::sheet::XSpreadsheet>& sheet, std::string name,
               const excel::CellPosition& activeCell);
 
@@ -81,7 +81,7 @@ class CalcSheet {
     [[nodiscard]] const std::vector<excel::CellArea>& pivotTables();
 
     OfficeConnection& connection_;
-    CalcPending& pending_;
+    CalcPendingEdits& pending_;
     Reference<css::sheet::XSpreadsheet> sheet_;
     std::string name_;
     CalcSheetKind kind_ = CalcSheetKind::Worksheet;

@@ -51,9 +51,8 @@ int pixelsOf(Points points) {
 }
 
 CalcColumnUnits::CalcColumnUnits(double digitWidth)
-    : digit_(std::max(1, rounded<int>(digitWidth))),
-      padding_(2 * ((digit_ + 3) / 4) + 1),
-      scale_(std::floor(digitWidth * kTwipsPerPixel) / kTwipsPerPixel / digit_) {}
+    : ColumnUnits(std::max(1, rounded<int>(digitWidth))),
+      scale_(std::floor(digitWidth * kTwipsPerPixel) / kTwipsPerPixel / digit()) {}
 
 int CalcColumnUnits::pixelsOf(sal_Int32 length) const {
     return rounded<int>(length / kPerPixel / scale_);
@@ -69,18 +68,6 @@ Points CalcColumnUnits::pointsOf(sal_Int32 length) const {
 
 sal_Int32 CalcColumnUnits::lengthOf(Points points) const {
     return rounded<sal_Int32>(points.value * kPerPoint * scale_);
-}
-
-int CalcColumnUnits::pixelsOf(ColumnWidth width) const {
-    // Below one character the padding shrinks too.
-    if (width.value < 1) return rounded<int>(width.value * (digit_ + padding_));
-    return rounded<int>(width.value * digit_ + padding_);
-}
-
-ColumnWidth CalcColumnUnits::widthOf(int pixels) const {
-    const double one = digit_ + padding_;
-    const double characters = pixels < one ? pixels / one : static_cast<double>(pixels - padding_) / digit_;
-    return {std::round(characters * 100) / 100};
 }
 
 double CalcFonts::textWidth(const std::string& text, const CalcFont& font) {

@@ -3,6 +3,7 @@
 #include "base/Units.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/Uno.h"
+#include "office/model/excel/ColumnUnits.h"
 
 #include <sal/types.h>
 
@@ -20,29 +21,21 @@ namespace mergeloom::libreoffice {
 [[nodiscard]] int pixelsOf(Points points);
 
 /// Converts between the horizontal measures of a sheet: pixels, the column width that Excel shows, and UNO's
-/// lengths. All depend on the digits of the workbook's default font (ECMA-376 Part 1, 18.3.1.13). Excel
-/// rounds a digit's width to whole pixels, Calc to whole twips, in files that it reads as well as in those
-/// that it writes, so its sheets are a little wider than Excel's. The conversion makes the widths in files
-/// correct.
-class CalcColumnUnits {
+/// lengths. Excel rounds a digit's width to whole pixels, Calc to whole twips, in files that it reads as
+/// well as in those that it writes, so its sheets are a little wider than Excel's. The conversion makes the
+/// widths in files correct.
+class CalcColumnUnits : public excel::ColumnUnits {
   public:
     /// Takes the width of the widest digit in pixels, not rounded.
     explicit CalcColumnUnits(double digitWidth);
 
-    /// Returns the pixels of a column that its text cannot use: two margins and the grid line.
-    [[nodiscard]] int padding() const { return padding_; }
-    [[nodiscard]] int pixelsOf(ColumnWidth width) const;
-    /// Returns the width as Excel shows it, rounded to two decimals.
-    [[nodiscard]] ColumnWidth widthOf(int pixels) const;
-
+    using ColumnUnits::pixelsOf;
     [[nodiscard]] int pixelsOf(sal_Int32 length) const;
     [[nodiscard]] sal_Int32 lengthOf(int pixels) const;
     [[nodiscard]] Points pointsOf(sal_Int32 length) const;
     [[nodiscard]] sal_Int32 lengthOf(Points points) const;
 
   private:
-    int digit_;
-    int padding_;
     double scale_;  ///< ratio of Calc's lengths to Excel's
 };
 

@@ -8,9 +8,9 @@ class QWidget;
 namespace mergeloom {
 
 /// Keeps the position of the window and its splitter from run to run in the user's settings.
-class WindowMemory {
+class WindowSettings {
   public:
-    WindowMemory();
+    WindowSettings();
 
     /// Restores the kept positions; others stay as they are.
     void restore(QWidget& window, QSplitter& splitter);

@@ -1,4 +1,4 @@
-#include "ui/designer/WindowMemory.h"
+#include "ui/designer/WindowSettings.h"
 
 #include <QSplitter>
 #include <QWidget>
@@ -19,16 +19,16 @@ const QString& splitterKey() {
 
 }  // namespace
 
-WindowMemory::WindowMemory()
+WindowSettings::WindowSettings()
     : settings_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("mergeloom"),
                 QStringLiteral("designer")) {}
 
-void WindowMemory::restore(QWidget& window, QSplitter& splitter) {
+void WindowSettings::restore(QWidget& window, QSplitter& splitter) {
     window.restoreGeometry(settings_.value(geometryKey()).toByteArray());
     splitter.restoreState(settings_.value(splitterKey()).toByteArray());
 }
 
-void WindowMemory::keep(const QWidget& window, const QSplitter& splitter) {
+void WindowSettings::keep(const QWidget& window, const QSplitter& splitter) {
     settings_.setValue(geometryKey(), window.saveGeometry());
     settings_.setValue(splitterKey(), splitter.saveState());
 }

@@ -16,11 +16,11 @@ namespace mergeloom::libreoffice {
 /// something that may depend on them is queried, or the document is saved, and then written in few calls. A
 /// call for each place would take most of a mapping's time, and Calc traverses all names for each one that is
 /// added.
-class CalcPending {
+class CalcPendingEdits {
   public:
-    CalcPending(OfficeConnection& connection, CalcUndo& undo) : connection_(connection), undo_(undo) {}
-    CalcPending(const CalcPending&) = delete;
-    CalcPending& operator=(const CalcPending&) = delete;
+    CalcPendingEdits(OfficeConnection& connection, CalcUndo& undo) : connection_(connection), undo_(undo) {}
+    CalcPendingEdits(const CalcPendingEdits&) = delete;
+    CalcPendingEdits& operator=(const CalcPendingEdits&) = delete;
 
     /// Sets the document's sheets in their order, and the names of the workbook.
     void addSheet(const Reference<css::sheet::XSpreadsheet>& cells, const std::string& name);

@@ -1,4 +1,4 @@
-#include "office/libreoffice/excel/CalcPending.h"
+#include "office/libreoffice/excel/CalcPendingEdits.h"
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/excel/CalcCells.h"
@@ -86,11 +86,11 @@ bool isOfName(char letter) {
 
 }  // namespace
 
-void CalcPending::addSheet(const Reference<css::sheet::XSpreadsheet>& cells, const std::string& name) {
+void CalcPendingEdits::addSheet(const Reference<css::sheet::XSpreadsheet>& cells, const std::string& name) {
     sheets_.push_back({cells, name, {}, {}});
 }
 
-void CalcPending::setText(std::size_t index, const excel::CellPosition& cell, const std::string& text) {
+void CalcPendingEdits::setText(std::size_t index, const excel::CellPosition& cell, const std::string& text) {
     auto& texts = sheets_.at(index).texts;
     const auto found = texts.find(cell);
     if (found == texts.end()) {
@@ -103,14 +103,14 @@ void CalcPending::setText(std::size_t index, const excel::CellPosition& cell, co
 }
 
 /// Names that begin with four letters cannot be references in any notation.
-bool CalcPending::canWait(const std::string& name) {
+bool CalcPendingEdits::canWait(const std::string& name) {
     constexpr std::size_t kLettersBeyondColumns = 4;
     return name.size() >= kLettersBeyondColumns &&
            std::ranges::all_of(name.substr(0, kLettersBeyondColumns), isLetter) &&
            std::ranges::all_of(name, isOfName);
 }
 
-void CalcPending::addName(std::size_t index, const excel::CellPosition& cell, const std::string& name) {
+void CalcPendingEdits::addName(std::size_t index, const excel::CellPosition& cell, const std::string& name) {
     undo_.record([this, index, name] {
         std::erase_if(sheets_[index].names, [&](const Name& other) { return other.name == name; });
     });
@@ -118,7 +118,7 @@ void CalcPending::addName(std::size_t index, const excel::CellPosition& cell, co
     if (++waiting_ >= kMaxPending) flush();
 }
 
-void CalcPending::flush() {
+void CalcPendingEdits::flush() {
     if (waiting_ == 0) return;
     waiting_ = 0;
     connection_.call([&] {
@@ -135,7 +135,7 @@ void CalcPending::flush() {
 }
 
 /// The undo action restores the document's contents and makes the texts pending again.
-void CalcPending::recordFormer(std::size_t index, const Texts& texts) {
+void CalcPendingEdits::recordFormer(std::size_t index, const Texts& texts) {
     if (!undo_.canUndo() || texts.empty()) return;
     std::vector<CalcFormerCells> former;
     for (const excel::CellArea& block : blocksOf(texts))
@@ -148,7 +148,7 @@ void CalcPending::recordFormer(std::size_t index, const Texts& texts) {
 }
 
 /// Names for adjacent cells of a column can be defined in one call if texts are pending to their left.
-void CalcPending::defineNames(std::size_t index, std::vector<Name> names, const Texts& texts) {
+void CalcPendingEdits::defineNames(std::size_t index, std::vector<Name> names, const Texts& texts) {
     const auto byColumn = [](const Name& name) { return std::tie(name.cell.column, name.cell.row); };
     std::ranges::stable_sort(names, {}, byColumn);
     for (auto first = names.cbegin(); first != names.cend();) {
@@ -168,7 +168,7 @@ void CalcPending::defineNames(std::size_t index, std::vector<Name> names, const 
 }
 
 /// Calc creates names from titles beside the cells, which traverses its names only once.
-void CalcPending::defineBesideTitles(std::size_t index, const std::vector<Name>& names) {
+void CalcPendingEdits::defineBesideTitles(std::size_t index, const std::vector<Name>& names) {
     const excel::CellArea titles{leftOf(names.front().cell), leftOf(names.back().cell)};
     const Reference<css::container::XIndexAccess> defined(names_, UNO_QUERY_THROW);
     const auto expected = defined->getCount() + static_cast<sal_Int32>(names.size());
@@ -182,14 +182,14 @@ void CalcPending::defineBesideTitles(std::size_t index, const std::vector<Name>&
         recordDefined(index, name);
 }
 
-void CalcPending::defineOne(std::size_t index, const Name& name) {
+void CalcPendingEdits::defineOne(std::size_t index, const Name& name) {
     const std::string reference =
         referenceOnSheet(sheets_[index].name, excel::absoluteAddressOf({name.cell, name.cell}));
     names_->addNewByName(toUno(name.name), toUno(reference), {}, 0);
     recordDefined(index, name);
 }
 
-void CalcPending::recordDefined(std::size_t index, const Name& name) {
+void CalcPendingEdits::recordDefined(std::size_t index, const Name& name) {
     if (!undo_.canUndo()) return;
     undo_.recordLater([this, index, name] {
         connection_.call([&] { names_->removeByName(toUno(name.name)); });
