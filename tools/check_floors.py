@@ -64,7 +64,7 @@ LIBRARIES = {
     "unicode/": ["base"],
     "libxml/": ["xml"],
     "libdeflate.h": ["office/opc"],
-    "X11/": ["office/libreoffice/host"],
+    "X11/": ["office/libreoffice/host", "ui/designer"],
     "chm_lib.h": ["ui/help"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
     **{library: ["office/libreoffice/" + floor for floor in (
