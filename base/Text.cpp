@@ -32,6 +32,11 @@ char toLower(char character) {
     return capital ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
+bool isAsciiLetter(char character) {
+    const char lower = toLower(character);
+    return lower >= 'a' && lower <= 'z';
+}
+
 std::int64_t unitsOf(char32_t codePoint) {
     return codePoint > kLastOfOneUnit ? 2 : 1;
 }
@@ -187,6 +192,7 @@ std::string replaceAll(std::string_view text, std::string_view part, std::string
 }
 
 bool isNameLetter(char32_t codePoint) {
+    if (codePoint <= kLastAscii) return isAsciiLetter(static_cast<char>(codePoint));
     return codePoint <= kLastOfOneUnit && u_isalpha(static_cast<UChar32>(codePoint)) != 0;
 }
 

@@ -1,7 +1,5 @@
 #include "droppers/DropContext.h"
 
-#include "base/Trap.h"
-
 namespace mergeloom {
 
 void DropReports::report(const ErrorReport& report) {
@@ -27,14 +25,6 @@ bool DropReports::ask(const std::string& question) {
 bool DropReports::confirm(const std::string& announcement) {
     const Message message{announcement, MessageIcon::Exclamation, MessageButtons::OkCancel};
     return messages_.show(message) == MessageAnswer::Ok;
-}
-
-bool DropReports::trap(const Procedure& procedure, const std::function<bool()>& body,
-                       const std::string& comment, const std::source_location& place) {
-    bool result = false;
-    mergeloom::trap(
-        *this, procedure.module, procedure.name, [&] { result = body(); }, comment, place);
-    return result;
 }
 
 }  // namespace mergeloom

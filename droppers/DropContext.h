@@ -4,15 +4,16 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "base/Text.h"
+#include "base/Trap.h"
 #include "droppers/PlaceNames.h"
 #include "droppers/modWordNormalizeName.h"
 #include "xml/XmlNodeCollection.h"
 
 #include <functional>
-#include <set>
 #include <source_location>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace mergeloom {
@@ -46,8 +47,14 @@ class DropReports : public ErrorHandler {
 
     /// Runs a procedure's body under its trap and returns the body's result. An error goes to the error
     /// handler with the comment's text at that time, and the result is false.
-    bool trap(const Procedure& procedure, const std::function<bool()>& body, const std::string& comment = {},
-              const std::source_location& place = std::source_location::current());
+    template <typename Body>
+    bool trap(const Procedure& procedure, const Body& body, const std::string& comment = {},
+              const std::source_location& place = std::source_location::current()) {
+        bool result = false;
+        mergeloom::trap(
+            *this, procedure.module, procedure.name, [&] { result = body(); }, comment, place);
+        return result;
+    }
 
     /// Returns true when a procedure raised an error or the user cancelled. A drop of several places stops
     /// then.
@@ -70,7 +77,7 @@ class DroppedNames {
     [[nodiscard]] bool contains(std::string_view name) const { return folded_.contains(foldCase(name)); }
 
   private:
-    std::set<std::string> folded_;
+    std::unordered_set<std::string> folded_;
 };
 
 /// Tree keys of chosen fields, in the requested order.

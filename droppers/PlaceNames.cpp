@@ -8,10 +8,12 @@ namespace {
 
 std::string usableCharacters(std::string_view name) {
     std::string result = beginsWithDigit(name) ? "x" : "";
+    result.reserve(result.size() + name.size());
     while (!name.empty()) {
+        const std::string_view rest = name;
         const char32_t character = takeCodePoint(name);
         if (isNameLetter(character) || isDigit(character) || character == U'_') {
-            appendCodePoint(result, character);
+            result += rest.substr(0, rest.size() - name.size());
         }
     }
     return result;

@@ -54,6 +54,7 @@ std::string SimplifyName(std::string_view vstrName) {
 }
 
 std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars) {
+    if (vstrText.find_first_of(vstrChars) == std::string_view::npos) return std::string(vstrText);
     std::string result;
     while (!vstrText.empty()) {
         const std::string_view rest = vstrText;

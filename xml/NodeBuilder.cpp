@@ -19,9 +19,18 @@ void require(bool done) {
     if (!done) throw std::bad_alloc();
 }
 
-std::string qualifiedName(const char* prefix, const char* localName) {
-    return prefix == nullptr ? localName : std::string(prefix) + ":" + localName;
-}
+/// A name as the document writes it. Most have no prefix, so that no text is made for them.
+class QualifiedName {
+  public:
+    QualifiedName(const char* prefix, const char* localName) : localName_(localName) {
+        if (prefix != nullptr) prefixed_ = std::string(prefix) + ":" + localName;
+    }
+    [[nodiscard]] const char* text() const { return prefixed_.empty() ? localName_ : prefixed_.c_str(); }
+
+  private:
+    const char* localName_;
+    std::string prefixed_;
+};
 
 /// An element with all attributes of the vocabulary and one with all its elements.
 std::string vocabulary() {
@@ -53,12 +62,12 @@ void NodeBuilder::startElement(const char* prefix, const char* localName) {
                               " levels deep");
     }
     finishText();
-    current_ = appendElement(qualifiedName(prefix, localName).c_str());
+    current_ = appendElement(QualifiedName(prefix, localName).text());
     size_ += kSmallestNode;
 }
 
 void NodeBuilder::addAttribute(const char* prefix, const char* localName, std::string_view value) {
-    pugi::xml_attribute attribute = appendAttribute(qualifiedName(prefix, localName).c_str());
+    pugi::xml_attribute attribute = appendAttribute(QualifiedName(prefix, localName).text());
     require(attribute.set_value(value.data(), value.size()));
     size_ += value.size();
 }

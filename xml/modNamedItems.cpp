@@ -93,7 +93,7 @@ std::int32_t NamedItemIndex(std::int32_t listKind, std::string_view name) {
     const NamedItems& items = kLists[static_cast<std::size_t>(listKind)];
     const auto end = items.pieces.begin() + static_cast<std::ptrdiff_t>(items.count);
     const auto found = std::find_if(items.pieces.begin(), end, [&](std::string_view piece) {
-        return equalsIgnoringAsciiCase(piece, name);
+        return piece.size() == name.size() && equalsIgnoringAsciiCase(piece, name);
     });
     if (found == end) return kNotInList;
 

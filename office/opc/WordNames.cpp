@@ -1,6 +1,7 @@
 #include "office/opc/WordNames.h"
 
 #include <array>
+#include <cstring>
 
 namespace mergeloom::opc {
 
@@ -11,8 +12,8 @@ constexpr std::string_view kTransitionalNamespace =
 constexpr std::string_view kStrictNamespace = "http://purl.oclc.org/ooxml/wordprocessingml/main";
 
 struct TagName {
-    std::string_view name;
-    WordTag tag;
+    const char* name = nullptr;
+    WordTag tag = WordTag::Other;
 };
 
 constexpr auto kTagNames = std::to_array<TagName>({
@@ -68,10 +69,10 @@ constexpr auto kTagNames = std::to_array<TagName>({
 
 constexpr std::size_t kSlots = 256;
 
-constexpr std::size_t slotOf(std::string_view name) {
-    std::size_t hash = name.size();
-    for (const char character : name)
-        hash = hash * 31 + static_cast<unsigned char>(character);
+constexpr std::size_t slotOf(const char* name) {
+    std::size_t hash = 0;
+    for (; *name != '\0'; ++name)
+        hash = hash * 31 + static_cast<unsigned char>(*name);
     return hash % kSlots;
 }
 
@@ -80,21 +81,38 @@ constexpr auto kTable = [] {
     std::array<TagName, kSlots> table{};
     for (const TagName& entry : kTagNames) {
         std::size_t slot = slotOf(entry.name);
-        while (!table[slot].name.empty())
+        while (table[slot].name)
             slot = (slot + 1) % kSlots;
         table[slot] = entry;
     }
     return table;
 }();
 
-WordTag lookUp(std::string_view name) {
-    for (std::size_t slot = slotOf(name); !kTable[slot].name.empty(); slot = (slot + 1) % kSlots) {
-        if (kTable[slot].name == name) return kTable[slot].tag;
+/// Compares without a call: most names have one letter.
+bool isSame(const char* a, const char* b) {
+    for (; *a == *b; ++a, ++b) {
+        if (*a == '\0') return true;
+    }
+    return false;
+}
+
+WordTag lookUp(const char* name) {
+    for (std::size_t slot = slotOf(name); kTable[slot].name; slot = (slot + 1) % kSlots) {
+        if (isSame(kTable[slot].name, name)) return kTable[slot].tag;
     }
     return WordTag::Other;
 }
 
-WordTag foreignTag(std::string_view localName) {
+/// Returns what follows a prefix of the name; none when the name has another one.
+const char* afterPrefix(const char* name, const std::string& prefix) {
+    for (const char character : prefix) {
+        if (*name++ != character) return nullptr;
+    }
+    return name;
+}
+
+WordTag foreignTag(std::string_view name) {
+    const std::string_view localName = name.substr(name.find(':') + 1);
     if (localName == "AlternateContent") return WordTag::AlternateContent;
     if (localName == "Choice") return WordTag::Choice;
     if (localName == "oMath" || localName == "oMathPara") return WordTag::Math;
@@ -125,12 +143,11 @@ WordNames::WordNames(pugi::xml_node root) {
 }
 
 WordTag WordNames::tagOf(pugi::xml_node node) const {
-    const std::string_view name = node.name();
-    if (name.starts_with(elementPrefix_)) {
-        const std::string_view localName = name.substr(elementPrefix_.size());
-        if (localName.find(':') == std::string_view::npos) return lookUp(localName);
-    }
-    return foreignTag(name.substr(name.find(':') + 1));
+    // Most elements are the part's own, whose local names hold no colon.
+    const char* const localName = afterPrefix(node.name(), elementPrefix_);
+    if (!localName) return foreignTag(node.name());
+    const WordTag tag = lookUp(localName);
+    return tag == WordTag::Other && std::strchr(localName, ':') ? foreignTag(node.name()) : tag;
 }
 
 const char* WordNames::value(pugi::xml_node node, std::string_view localName) const {

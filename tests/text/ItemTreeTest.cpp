@@ -19,7 +19,7 @@ void compare(const ItemTree& tree, const std::vector<Item*>& row) {
         Item* item = row[i];
         ASSERT_EQ(ItemTree::next(item), i + 1 < row.size() ? row[i + 1] : nullptr);
         ASSERT_EQ(ItemTree::previous(item), i > 0 ? row[i - 1] : nullptr);
-        ASSERT_EQ(ItemTree::positionOf(item).value, position);
+        ASSERT_EQ(tree.positionOf(item).value, position);
         ASSERT_EQ(ItemTree::openBookmarksBefore(item), open);
         ASSERT_EQ(ItemTree::previousMark(item), mark);
         for (std::uint32_t unit = 0; unit < item->length; ++unit)

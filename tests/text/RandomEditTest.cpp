@@ -122,8 +122,7 @@ Places placesOf(const Story& story) {
     Places places;
     for (const Item* item = story.items().first(); item; item = ItemTree::next(item)) {
         if (item->kind == ItemKind::BookmarkStart)
-            places[item->bookmark->name] = {ItemTree::positionOf(item).value,
-                                            ItemTree::positionOf(item->bookmark->end).value};
+            places[item->bookmark->name] = {startOf(*item->bookmark).value, endOf(*item->bookmark).value};
     }
     return places;
 }
@@ -357,8 +356,8 @@ class RandomEdits {
         std::int64_t last = 0;
         for (const BookmarkRecord* record : story.finder.in(start, end)) {
             found.insert(record->name);
-            if (ItemTree::positionOf(record->start).value < last) return " found out of order";
-            last = ItemTree::positionOf(record->start).value;
+            if (startOf(*record).value < last) return " found out of order";
+            last = startOf(*record).value;
         }
         return found == expected ? "" : " wrong bookmarks in " + std::to_string(start.value);
     }

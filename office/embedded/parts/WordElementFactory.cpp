@@ -22,7 +22,8 @@ WordElementFactory::WordElementFactory(opc::XmlPart& part, const opc::WordNames&
     const std::string source = "<prototypes>" + element("p", ">") + element("r", ">") + element("t", ">x") +
                                element("bookmarkStart", id + name + ">") + element("bookmarkEnd", id + ">") +
                                "</prototypes>";
-    part.attic().append_buffer(source.data(), source.size());
+    // A new text is the value of its element, which saves a node for each.
+    part.attic().append_buffer(source.data(), source.size(), pugi::parse_default | pugi::parse_embed_pcdata);
     paragraph_ = part.attic().last_child().first_child();
     run_ = paragraph_.next_sibling();
     text_ = run_.next_sibling();
@@ -30,9 +31,9 @@ WordElementFactory::WordElementFactory(opc::XmlPart& part, const opc::WordNames&
     bookmarkEnd_ = bookmarkStart_.next_sibling();
 }
 
-pugi::xml_node WordElementFactory::makeText(const std::string& text) {
-    pugi::xml_node element = copy(text_);
-    element.first_child().set_value(text.c_str());
+pugi::xml_node WordElementFactory::appendText(pugi::xml_node run, const std::string& text) const {
+    const pugi::xml_node element = run.append_copy(text_);
+    element.text().set(text.c_str());
     keepBlanks(element);
     return element;
 }

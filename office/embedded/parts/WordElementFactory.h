@@ -19,8 +19,8 @@ class WordElementFactory {
 
     pugi::xml_node makeParagraph() { return copy(paragraph_); }
     pugi::xml_node makeRun() { return copy(run_); }
-    /// Creates a text element; blanks at the ends of its text are preserved.
-    pugi::xml_node makeText(const std::string& text);
+    /// Appends a text element with its text to a new run; blanks at its ends are preserved.
+    [[nodiscard]] pugi::xml_node appendText(pugi::xml_node run, const std::string& text) const;
     pugi::xml_node makeBookmarkStart(const std::string& id, const std::string& name);
     pugi::xml_node makeBookmarkEnd(const std::string& id);
     /// Creates any other element of WordprocessingML, without content.

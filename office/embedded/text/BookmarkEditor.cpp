@@ -16,8 +16,7 @@ int columnOf(const opc::WordNames& names, pugi::xml_node cell) {
 
 void BookmarkEditor::check(CharacterPosition start, CharacterPosition end) const {
     story_.check(start, end);
-    Item* next = story_.items().itemAt(start);
-    (void)DomPlaces(story_).forStartMark(next ? ItemTree::previous(next) : nullptr, next);
+    (void)DomPlaces(story_).paragraphAt(story_.items().itemAt(start));
     editor_.checkSplit(start);
     editor_.checkSplit(end);
 }
@@ -62,7 +61,7 @@ void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) 
     check(start, start);
     editor_.splitRun(start);
     // A bookmark that becomes empty keeps its marks in order.
-    const bool isEmpty = start >= ItemTree::positionOf(record.end);
+    const bool isEmpty = start >= endOf(record);
     removeMark(record.start);
     if (isEmpty) removeMark(record.end);
     insertStart(record.start, start);
@@ -72,8 +71,8 @@ void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) 
 
 void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
     story_.check(end, end);
-    if (end < ItemTree::positionOf(record.start)) moveStart(record, end);
-    if (end == ItemTree::positionOf(record.end)) return;
+    if (end < startOf(record)) moveStart(record, end);
+    if (end == endOf(record)) return;
     editor_.splitRun(end);
     removeMark(record.end);
     insertEnd(record.end, end, record.start);
@@ -86,7 +85,7 @@ void BookmarkEditor::insertStart(Item* mark, CharacterPosition start) {
 }
 
 void BookmarkEditor::insertEnd(Item* mark, CharacterPosition end, Item* start) {
-    if (ItemTree::positionOf(start) == end) return insertAfter(mark, start);
+    if (story_.positionOf(start) == end) return insertAfter(mark, start);
     Item* previous = story_.items().itemAt(end - CharacterCount{1});
     Item* next = ItemTree::next(previous);
     insertMark(mark, DomPlaces(story_).forEndMark(previous, next), next);
@@ -97,8 +96,7 @@ void BookmarkEditor::insertAfter(Item* mark, Item* start) {
 }
 
 void BookmarkEditor::insertMark(Item* item, DomPlace place, Item* next) {
-    journal_.move(story_.part(), item->node, place.parent, place.after);
-    journal_.insertItem(story_.items(), next, item);
+    journal_.insert(story_, item->node, place, next, item);
 }
 
 void BookmarkEditor::removeMark(Item* item) {
@@ -108,8 +106,8 @@ void BookmarkEditor::removeMark(Item* item) {
 
 void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
     Item* start = record.start;
-    const CharacterPosition from = ItemTree::positionOf(start);
-    const CharacterPosition to = ItemTree::positionOf(record.end);
+    const CharacterPosition from = story_.positionOf(start);
+    const CharacterPosition to = endOf(record);
     const opc::WordNames& names = story_.names();
     const bool hadColumns = names.value(start->node, "colFirst")[0] != '\0';
     if (!hadColumns && !isRangeOfColumns(from, to)) return;

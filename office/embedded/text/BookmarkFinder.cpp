@@ -10,8 +10,8 @@ namespace {
 constexpr int kFar = 64;
 
 bool overlaps(const BookmarkRecord& record, CharacterPosition start, CharacterPosition end) {
-    const CharacterPosition first = ItemTree::positionOf(record.start);
-    const CharacterPosition last = ItemTree::positionOf(record.end);
+    const CharacterPosition first = startOf(record);
+    const CharacterPosition last = endOf(record);
     if (start == end) return first <= start && start <= last;
     if (first == last) return start <= first && first < end;
     return first < end && start < last;
@@ -24,8 +24,8 @@ std::vector<BookmarkRecord*> inPlaceOrder(const std::unordered_set<BookmarkRecor
         if (overlaps(*record, start, end)) ordered.push_back(record);
     }
     std::sort(ordered.begin(), ordered.end(), [](const BookmarkRecord* a, const BookmarkRecord* b) {
-        const CharacterPosition first = ItemTree::positionOf(a->start);
-        const CharacterPosition second = ItemTree::positionOf(b->start);
+        const CharacterPosition first = startOf(*a);
+        const CharacterPosition second = startOf(*b);
         return first == second ? a->id < b->id : first < second;
     });
     return ordered;
@@ -39,7 +39,7 @@ std::vector<BookmarkRecord*> BookmarkFinder::in(CharacterPosition start, Charact
     if (!first) return {};
     int enclosing = ItemTree::openBookmarksBefore(first);
     for (Item* item = first; item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->takesPlace() && story_.positionOf(item) >= end) break;
         if (!item->isMark()) continue;
         const bool isNew = found.insert(item->bookmark).second;
         if (isNew && item->kind == ItemKind::BookmarkEnd) --enclosing;
@@ -66,8 +66,7 @@ void BookmarkFinder::addEnclosing(Item* first, CharacterPosition end, int count,
 
 bool BookmarkFinder::encloses(const BookmarkRecord& record, const Item* first, CharacterPosition end) const {
     if (record.story != &story_) return false;
-    return ItemTree::positionOf(record.start) <= ItemTree::positionOf(first) &&
-           ItemTree::positionOf(record.end) > end;
+    return startOf(record) <= story_.positionOf(first) && endOf(record) > end;
 }
 
 }  // namespace mergeloom::embedded

@@ -18,11 +18,16 @@ DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_nod
 }
 
 DomPlace DomPlaces::forStartMark(const Item* previous, const Item* next) const {
-    const pugi::xml_node paragraph = next ? story_.paragraphOf(next) : pugi::xml_node();
-    if (!next || !paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
+    const pugi::xml_node paragraph = paragraphAt(next);
     const bool sameParagraph =
         previous && story_.paragraphOf(previous) == paragraph && previous->kind != ItemKind::ParagraphMark;
     return sameParagraph ? inParagraph(previous, next) : firstInParagraph(next, paragraph);
+}
+
+pugi::xml_node DomPlaces::paragraphAt(const Item* next) const {
+    const pugi::xml_node paragraph = next ? story_.paragraphOf(next) : pugi::xml_node();
+    if (!paragraph) throw AutomationError(kCommandFailed, "No text can stand at this place.");
+    return paragraph;
 }
 
 DomPlace DomPlaces::forEndMark(const Item* previous, const Item* next) const {

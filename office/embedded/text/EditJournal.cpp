@@ -2,6 +2,8 @@
 
 #include "office/embedded/parts/WordElementFactory.h"
 
+#include <utility>
+
 namespace mergeloom::embedded {
 
 namespace {
@@ -10,8 +12,12 @@ pugi::xml_node nodeOf(void* handle) {
     return pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle));
 }
 
-void appendToText(pugi::xml_node text, const std::string& more) {
-    text.set_value((text.value() + more).c_str());
+void appendToText(pugi::xml_text text, const std::string& more) {
+    text.set((text.get() + more).c_str());
+}
+
+void moveToAttic(const opc::XmlPart& part, pugi::xml_node node) {
+    moveNode(node, part.attic(), part.attic().last_child());
 }
 
 }  // namespace
@@ -25,8 +31,7 @@ void moveNode(pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) 
 }
 
 void EditJournal::start() {
-    entries_.clear();
-    oldTexts_.clear();
+    clear();
     recording_ = true;
 }
 
@@ -34,14 +39,32 @@ void EditJournal::undo() {
     recording_ = false;
     for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry)
         takeBack(*entry);
+    clear();
+}
+
+void EditJournal::clear() {
     entries_.clear();
     oldTexts_.clear();
+    oldPlaces_.clear();
+    oldNexts_.clear();
+}
+
+void EditJournal::insert(Story& story, pugi::xml_node element, const DomPlace& place, Item* next,
+                         Item* item) {
+    touch(story.part());
+    record({element == item->node ? Step::ElementInserted : Step::ChildInserted, 0, &story, item});
+    moveNode(element, place.parent, place.after);
+    story.items().insertBefore(next, item);
 }
 
 void EditJournal::move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) {
     touch(part);
-    record({Step::NodeMoved, 0, node.internal_object(), node.parent().internal_object(),
-            node.previous_sibling().internal_object()});
+    if (node.parent() == part.attic()) {
+        record({Step::NodeAdded, 0, node.internal_object(), &part});
+    } else {
+        const DomPlace place{node.parent(), node.previous_sibling()};
+        record({Step::NodeMoved, keep(oldPlaces_, place), node.internal_object()});
+    }
     moveNode(node, parent, after);
 }
 
@@ -49,19 +72,17 @@ void EditJournal::remove(opc::XmlPart& part, pugi::xml_node node) {
     move(part, node, part.attic(), part.attic().last_child());
 }
 
-void EditJournal::setText(opc::XmlPart& part, pugi::xml_node text, const std::string& value) {
+void EditJournal::setText(opc::XmlPart& part, pugi::xml_node textElement, const std::string& value) {
     touch(part);
-    if (recording_) {
-        record({Step::TextSet, static_cast<std::uint32_t>(oldTexts_.size()), text.internal_object()});
-        oldTexts_.emplace_back(text.value());
-    }
-    text.set_value(value.c_str());
+    record({Step::TextSet, keep(oldTexts_, std::string(textElement.text().get())),
+            textElement.internal_object()});
+    textElement.text().set(value.c_str());
 }
 
-void EditJournal::appendText(opc::XmlPart& part, pugi::xml_node text, const std::string& more) {
+void EditJournal::appendText(opc::XmlPart& part, pugi::xml_node textElement, const std::string& more) {
     touch(part);
-    record({Step::TextAppended, static_cast<std::uint32_t>(more.size()), text.internal_object()});
-    appendToText(text, more);
+    record({Step::TextAppended, static_cast<std::uint32_t>(more.size()), textElement.internal_object()});
+    appendToText(textElement.text(), more);
 }
 
 void EditJournal::keepBlanks(pugi::xml_node textElement) {
@@ -74,7 +95,7 @@ void EditJournal::insertItem(ItemTree& tree, Item* next, Item* item) {
 }
 
 void EditJournal::removeItem(ItemTree& tree, Item* item) {
-    record({Step::ItemRemoved, 0, &tree, item, ItemTree::next(item)});
+    record({Step::ItemRemoved, keep(oldNexts_, ItemTree::next(item)), &tree, item});
     tree.remove(item);
 }
 
@@ -103,8 +124,15 @@ void EditJournal::record(const Entry& entry) {
         entries_.push_back(entry);
     } else {
         // After an edit that is not recorded, the recorded ones cannot be undone any more.
-        entries_.clear();
+        clear();
     }
+}
+
+template <typename State>
+std::uint32_t EditJournal::keep(std::deque<State>& states, State state) {
+    const auto number = static_cast<std::uint32_t>(states.size());
+    if (recording_) states.push_back(std::move(state));
+    return number;
 }
 
 void EditJournal::touch(opc::XmlPart& part) {
@@ -119,16 +147,22 @@ void EditJournal::takeBack(const Entry& entry) {
         case Step::PartTouched:
             static_cast<opc::XmlPart*>(entry.first)->setDirty(false);
             return;
+        case Step::ElementInserted:
+            return takeBackInsertion(*static_cast<Story*>(entry.first), item->node, item);
+        case Step::ChildInserted:
+            return takeBackInsertion(*static_cast<Story*>(entry.first), item->node.parent(), item);
+        case Step::NodeAdded:
+            return moveToAttic(*static_cast<opc::XmlPart*>(entry.second), nodeOf(entry.first));
         case Step::NodeMoved:
-            moveNode(nodeOf(entry.first), nodeOf(entry.second), nodeOf(entry.third));
-            return;
+            return moveNode(nodeOf(entry.first), oldPlaces_[entry.number].parent,
+                            oldPlaces_[entry.number].after);
         case Step::TextSet:
-            nodeOf(entry.first).set_value(oldTexts_[entry.number].c_str());
+            nodeOf(entry.first).text().set(oldTexts_[entry.number].c_str());
             return;
         case Step::TextAppended: {
-            std::string value = nodeOf(entry.first).value();
+            std::string value = nodeOf(entry.first).text().get();
             value.resize(value.size() - entry.number);
-            nodeOf(entry.first).set_value(value.c_str());
+            nodeOf(entry.first).text().set(value.c_str());
             return;
         }
         case Step::BlanksKept:
@@ -138,7 +172,7 @@ void EditJournal::takeBack(const Entry& entry) {
             static_cast<ItemTree*>(entry.first)->remove(item);
             return;
         case Step::ItemRemoved:
-            static_cast<ItemTree*>(entry.first)->insertBefore(static_cast<Item*>(entry.third), item);
+            static_cast<ItemTree*>(entry.first)->insertBefore(oldNexts_[entry.number], item);
             return;
         case Step::LengthSet:
             static_cast<ItemTree*>(entry.first)->setLength(item, {entry.number});
@@ -153,6 +187,11 @@ void EditJournal::takeBack(const Entry& entry) {
             static_cast<BookmarkTable*>(entry.first)->list(*static_cast<BookmarkRecord*>(entry.second));
             return;
     }
+}
+
+void EditJournal::takeBackInsertion(Story& story, pugi::xml_node element, Item* item) {
+    moveToAttic(story.part(), element);
+    story.items().remove(item);
 }
 
 }  // namespace mergeloom::embedded

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/embedded/text/BookmarkTable.h"
+#include "office/embedded/text/DomPlace.h"
 #include "office/embedded/text/ItemTree.h"
 #include "office/opc/XmlPart.h"
 
@@ -22,13 +23,16 @@ class EditJournal {
     /// Undoes all recorded steps, after which the journal is empty.
     void undo();
 
+    /// Inserts a new element from the attic at a place of the story and its item before another one. The
+    /// item's node is the element itself or a child of it.
+    void insert(Story& story, pugi::xml_node element, const DomPlace& place, Item* next, Item* item);
     /// Moves a node of the part after a sibling, or to the first place when `after` is none.
     void move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
     /// Moves a node out of the part into the attic.
     void remove(opc::XmlPart& part, pugi::xml_node node);
-    /// Sets the value of a text node.
-    void setText(opc::XmlPart& part, pugi::xml_node text, const std::string& value);
-    void appendText(opc::XmlPart& part, pugi::xml_node text, const std::string& more);
+    /// Sets the text of a text element.
+    void setText(opc::XmlPart& part, pugi::xml_node textElement, const std::string& value);
+    void appendText(opc::XmlPart& part, pugi::xml_node textElement, const std::string& more);
     /// Marks a text element as one whose blanks at the beginning and the end count.
     void keepBlanks(pugi::xml_node textElement);
 
@@ -43,6 +47,9 @@ class EditJournal {
   private:
     enum class Step : std::uint8_t {
         PartTouched,
+        ElementInserted,
+        ChildInserted,
+        NodeAdded,
         NodeMoved,
         TextSet,
         TextAppended,
@@ -56,22 +63,29 @@ class EditJournal {
     };
 
     /// The data that undoes a step; the kind of step decides which fields it uses. Kept small: a drop of a
-    /// large form records a dozen steps for each of its controls.
+    /// large form records several steps for each of its controls. The number is a length or that of what is
+    /// in one of the queues of former states.
     struct Entry {
         Step step;
         std::uint32_t number = 0;
         void* first = nullptr;
         void* second = nullptr;
-        void* third = nullptr;
     };
 
     void record(const Entry& entry);
+    /// Keeps a former state for the step that is about to be recorded and returns its number.
+    template <typename State>
+    std::uint32_t keep(std::deque<State>& states, State state);
     void touch(opc::XmlPart& part);
+    void clear();
     void takeBack(const Entry& entry);
+    static void takeBackInsertion(Story& story, pugi::xml_node element, Item* item);
 
     // Queues, which grow without moving their elements: a large drop records much.
     std::deque<Entry> entries_;
     std::deque<std::string> oldTexts_;
+    std::deque<DomPlace> oldPlaces_;
+    std::deque<Item*> oldNexts_;  ///< the items before which removed ones were
     bool recording_ = false;
 };
 

@@ -72,14 +72,13 @@ class FieldScan {
 std::vector<FieldItems> fieldsBetween(const Story& story, CharacterPosition start, CharacterPosition end) {
     FieldScan scan(story.names());
     for (Item* item = story.firstItemAt(start); item; item = ItemTree::next(item)) {
-        const bool isAfterRange = item->takesPlace() && ItemTree::positionOf(item) >= end;
+        const bool isAfterRange = item->takesPlace() && story.positionOf(item) >= end;
         if (isAfterRange && !scan.hasOpen()) break;
         scan.take(item);
     }
     std::vector<FieldItems> fields = scan.result();
     std::erase_if(fields, [&](const FieldItems& field) {
-        return !field.end || ItemTree::positionOf(field.begin) < start ||
-               ItemTree::positionOf(field.begin) >= end;
+        return !field.end || story.positionOf(field.begin) < start || story.positionOf(field.begin) >= end;
     });
     return fields;
 }

@@ -27,7 +27,7 @@ void FontEditor::setSize(CharacterPosition start, CharacterPosition end, int hal
     pugi::xml_node lastRun;
     for (Item* item = story_.items().itemAt(start); item; item = ItemTree::next(item)) {
         if (!item->takesPlace()) continue;
-        if (ItemTree::positionOf(item) >= end) break;
+        if (story_.positionOf(item) >= end) break;
         if (item->kind == ItemKind::ParagraphMark) {
             setMarkSize(item->node, halfPoints);
             continue;

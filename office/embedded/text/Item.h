@@ -8,6 +8,7 @@
 namespace mergeloom::embedded {
 
 struct BookmarkRecord;
+struct ItemBlock;
 
 /// The kinds of items of a story. Nothing depends on the order of the groups, but the lengths differ.
 enum class ItemKind : std::uint8_t {
@@ -25,22 +26,18 @@ enum class ItemKind : std::uint8_t {
     BookmarkEnd,     ///< takes no place in the text
 };
 
-/// One piece of a story, with the element that it represents. Items of a story form an ordered tree
+/// One piece of a story, with the element that it represents. Items of a story form an ordered row
 /// (ItemTree), whose fields are here too so that an item costs one allocation.
 struct Item {
-    Item* left = nullptr;
-    Item* right = nullptr;
-    Item* parent = nullptr;
-    std::uint32_t priority = 0;
-    std::uint32_t length = 0;         ///< in UTF-16 code units; 0 for marks and anchors
-    std::uint32_t lengthBelow = 0;    ///< of this item and all below it in the tree
-    std::int32_t openMarksBelow = 0;  ///< bookmark starts less bookmark ends, likewise
-    std::uint32_t marksBelow = 0;     ///< bookmark starts and ends, likewise
+    ItemBlock* block =
+        nullptr;               ///< of the row, in which the item is at `place`; none once an edit removed it
+    std::uint32_t length = 0;  ///< in UTF-16 code units; 0 for marks and anchors
+    std::uint8_t place = 0;
     ItemKind kind = ItemKind::Text;
-    bool placed = false;  ///< in its story's tree; false once an edit removed it
     pugi::xml_node node;
     BookmarkRecord* bookmark = nullptr;  ///< of a bookmark's mark
 
+    [[nodiscard]] bool isPlaced() const { return block != nullptr; }
     [[nodiscard]] bool takesPlace() const { return length > 0; }
     [[nodiscard]] bool isMark() const {
         return kind == ItemKind::BookmarkStart || kind == ItemKind::BookmarkEnd;

@@ -1,45 +1,79 @@
 #include "office/embedded/text/ItemTree.h"
 
+#include <algorithm>
+
 namespace mergeloom::embedded {
 
 namespace {
 
-std::uint32_t lengthBelow(const Item* item) {
-    return item ? item->lengthBelow : 0;
-}
-std::uint32_t marksBelow(const Item* item) {
-    return item ? item->marksBelow : 0;
-}
-std::int32_t openMarksBelow(const Item* item) {
-    return item ? item->openMarksBelow : 0;
+ItemTotals below(const ItemBlock* block) {
+    return block ? block->below : ItemTotals{};
 }
 
-std::int32_t opensItself(const Item* item) {
-    if (item->kind == ItemKind::BookmarkStart) return 1;
-    return item->kind == ItemKind::BookmarkEnd ? -1 : 0;
+void update(ItemBlock& block) {
+    block.below = block.own;
+    block.below += below(block.left);
+    block.below += below(block.right);
 }
 
-void update(Item* item) {
-    item->lengthBelow = lengthBelow(item->left) + item->length + lengthBelow(item->right);
-    item->marksBelow = marksBelow(item->left) + (item->isMark() ? 1 : 0) + marksBelow(item->right);
-    item->openMarksBelow = openMarksBelow(item->left) + opensItself(item) + openMarksBelow(item->right);
+void addUpward(ItemBlock* block, const ItemTotals& added) {
+    for (; block; block = block->parent)
+        block->below += added;
 }
 
-void updateUpward(Item* item) {
-    for (; item; item = item->parent)
-        update(item);
+void subtractUpward(ItemBlock* block, const ItemTotals& removed) {
+    for (; block; block = block->parent)
+        block->below -= removed;
 }
 
-Item* leftmost(Item* item) {
-    while (item && item->left)
-        item = item->left;
-    return item;
+ItemBlock* leftmost(ItemBlock* block) {
+    while (block && block->left)
+        block = block->left;
+    return block;
 }
 
-Item* rightmost(Item* item) {
-    while (item && item->right)
-        item = item->right;
-    return item;
+ItemBlock* rightmost(ItemBlock* block) {
+    while (block && block->right)
+        block = block->right;
+    return block;
+}
+
+const ItemBlock* nextBlock(const ItemBlock* block) {
+    if (block->right) return leftmost(block->right);
+    while (block->parent && block->parent->right == block)
+        block = block->parent;
+    return block->parent;
+}
+
+const ItemBlock* previousBlock(const ItemBlock* block) {
+    if (block->left) return rightmost(block->left);
+    while (block->parent && block->parent->left == block)
+        block = block->parent;
+    return block->parent;
+}
+
+/// Returns the sums over the items of all blocks before a block.
+ItemTotals totalsBefore(const ItemBlock* block) {
+    ItemTotals totals = below(block->left);
+    for (; block->parent; block = block->parent) {
+        if (block->parent->right != block) continue;
+        totals += block->parent->own;
+        totals += below(block->parent->left);
+    }
+    return totals;
+}
+
+/// Returns the last mark of a part of the tree that has one.
+Item* lastMarkBelow(const ItemBlock* block) {
+    while (true) {
+        if (below(block->right).marks > 0) {
+            block = block->right;
+        } else if (block->own.marks > 0) {
+            return block->lastMarkBefore(block->count);
+        } else {
+            block = block->left;
+        }
+    }
 }
 
 std::uint32_t nextRandom(std::uint32_t& state) {
@@ -49,182 +83,206 @@ std::uint32_t nextRandom(std::uint32_t& state) {
     return state;
 }
 
-/// Returns the last mark of a subtree that has one.
-Item* lastMarkBelow(Item* item) {
-    while (true) {
-        if (marksBelow(item->right) > 0) {
-            item = item->right;
-        } else if (item->isMark()) {
-            return item;
-        } else {
-            item = item->left;
-        }
-    }
-}
-
 }  // namespace
 
 void ItemTree::build(const std::vector<Item*>& items) {
-    // The right spine of the treap so far; each new item takes over the part of lower priority.
-    std::vector<Item*> spine;
-    for (Item* item : items) {
-        item->priority = nextRandom(random_);
-        item->left = item->right = item->parent = nullptr;
-        item->placed = true;
-        Item* below = nullptr;
-        while (!spine.empty() && spine.back()->priority < item->priority) {
-            below = spine.back();
-            update(below);
-            spine.pop_back();
-        }
-        item->left = below;
-        if (below) below->parent = item;
-        if (!spine.empty()) {
-            spine.back()->right = item;
-            item->parent = spine.back();
-        }
-        spine.push_back(item);
-    }
-    while (!spine.empty()) {
-        root_ = spine.back();
-        update(root_);
-        spine.pop_back();
+    for (auto item = items.begin(); item != items.end();) {
+        ItemBlock& block = makeBlock();
+        while (item != items.end() && !block.isFull())
+            block.insert(block.count, *item++);
+        insertBlockAfter(rightmost(root_), block);
     }
 }
 
 void ItemTree::insertBefore(Item* next, Item* item) {
-    lastFound_ = nullptr;
-    item->left = item->right = nullptr;
-    item->placed = true;
-    item->priority = nextRandom(random_);
-    Item* parent = nullptr;
-    if (next && !next->left) {
-        parent = next;
-        parent->left = item;
-    } else {
-        parent = rightmost(next ? next->left : root_);
-        if (parent) parent->right = item;
+    noteInsertion(next, item);
+    if (!root_) return build({item});
+    if (ItemBlock* full = next ? next->block : rightmost(root_); full->isFull()) {
+        split(*full, next ? next->place : full->count);
     }
-    item->parent = parent;
-    if (!parent) root_ = item;
-    update(item);
-    while (item->parent && item->parent->priority < item->priority)
-        rotateUp(item);
-    updateUpward(item->parent);
+    ItemBlock* block = next ? next->block : rightmost(root_);
+    block->insert(next ? next->place : block->count, item);
+    addUpward(block, totalsOf(*item));
+}
+
+void ItemTree::noteInsertion(const Item* next, const Item* item) {
+    if (!item->takesPlace()) return;
+    if (next == lastFound_) {
+        lastPosition_ = lastPosition_ + CharacterCount{item->length};
+    } else {
+        lastFound_ = nullptr;
+    }
 }
 
 void ItemTree::remove(Item* item) {
-    lastFound_ = nullptr;
-    while (item->left || item->right) {
-        const bool leftHigher = !item->right || (item->left && item->left->priority > item->right->priority);
-        rotateUp(leftHigher ? item->left : item->right);
-    }
-    Item* parent = item->parent;
-    replaceChild(parent, item, nullptr);
-    item->parent = nullptr;
-    item->placed = false;
-    updateUpward(parent);
+    if (item->takesPlace()) lastFound_ = nullptr;
+    ItemBlock* block = item->block;
+    subtractUpward(block, totalsOf(*item));
+    block->remove(item->place);
+    if (block->count == 0) removeBlock(*block);
 }
 
 void ItemTree::setLength(Item* item, CharacterCount length) {
     lastFound_ = nullptr;
+    ItemBlock* block = item->block;
+    subtractUpward(block, totalsOf(*item));
+    block->own -= totalsOf(*item);
     item->length = static_cast<std::uint32_t>(length.value);
-    updateUpward(item);
+    block->own += totalsOf(*item);
+    addUpward(block, totalsOf(*item));
 }
 
 Item* ItemTree::first() const {
-    return leftmost(root_);
+    return root_ ? leftmost(root_)->first() : nullptr;
 }
 Item* ItemTree::last() const {
-    return rightmost(root_);
+    return root_ ? rightmost(root_)->last() : nullptr;
 }
 
 Item* ItemTree::next(const Item* item) {
-    if (item->right) return leftmost(item->right);
-    while (item->parent && item->parent->right == item)
-        item = item->parent;
-    return item->parent;
+    const ItemBlock* block = item->block;
+    if (item->place + 1 < block->count) return block->items[item->place + 1U];
+    block = nextBlock(block);
+    return block ? block->first() : nullptr;
 }
 
 Item* ItemTree::previous(const Item* item) {
-    if (item->left) return rightmost(item->left);
-    while (item->parent && item->parent->left == item)
-        item = item->parent;
-    return item->parent;
+    const ItemBlock* block = item->block;
+    if (item->place > 0) return block->items[item->place - 1U];
+    block = previousBlock(block);
+    return block ? block->last() : nullptr;
 }
 
 Item* ItemTree::previousMark(const Item* item) {
-    if (marksBelow(item->left) > 0) return lastMarkBelow(item->left);
-    for (; item->parent; item = item->parent) {
-        Item* parent = item->parent;
-        if (parent->right != item) continue;
-        if (parent->isMark()) return parent;
-        if (marksBelow(parent->left) > 0) return lastMarkBelow(parent->left);
+    const ItemBlock* block = item->block;
+    if (Item* mark = block->lastMarkBefore(item->place)) return mark;
+    if (below(block->left).marks > 0) return lastMarkBelow(block->left);
+    for (; block->parent; block = block->parent) {
+        const ItemBlock* parent = block->parent;
+        if (parent->right != block) continue;
+        if (parent->own.marks > 0) return parent->lastMarkBefore(parent->count);
+        if (below(parent->left).marks > 0) return lastMarkBelow(parent->left);
     }
     return nullptr;
 }
 
 CharacterCount ItemTree::length() const {
-    return {lengthBelow(root_)};
+    return {below(root_).length};
 }
 
-CharacterPosition ItemTree::positionOf(const Item* item) {
-    std::int64_t position = lengthBelow(item->left);
-    for (; item->parent; item = item->parent) {
-        if (item->parent->right == item) position += lengthBelow(item->parent->left) + item->parent->length;
-    }
-    return {position};
+CharacterPosition ItemTree::positionOf(const Item* item) const {
+    if (item == lastFound_) return lastPosition_;
+    return {std::int64_t{totalsBefore(item->block).length} + item->block->lengthBefore(item->place)};
 }
 
 Item* ItemTree::itemAt(CharacterPosition position) const {
-    const std::int64_t fromLast = (position - lastPosition_).value;
-    if (lastFound_ && fromLast >= 0 && fromLast < lastFound_->length) return lastFound_;
+    if (Item* near = nearLastFound(position)) return near;
     std::int64_t rest = position.value;
-    for (Item* item = root_; item;) {
-        const std::int64_t before = lengthBelow(item->left);
+    for (const ItemBlock* block = root_; block;) {
+        const std::int64_t before = below(block->left).length;
         if (rest < before) {
-            item = item->left;
-        } else if (rest < before + item->length) {
+            block = block->left;
+        } else if (rest < before + block->own.length) {
+            const auto [item, offset] = block->itemAt(static_cast<std::uint32_t>(rest - before));
             lastFound_ = item;
-            lastPosition_ = position - CharacterCount{rest - before};
+            lastPosition_ = position - CharacterCount{offset};
             return item;
         } else {
-            rest -= before + item->length;
-            item = item->right;
+            rest -= before + block->own.length;
+            block = block->right;
+        }
+    }
+    return nullptr;
+}
+
+Item* ItemTree::nearLastFound(CharacterPosition position) const {
+    constexpr int kNearest = 4;
+    Item* item = lastFound_;
+    CharacterPosition start = lastPosition_;
+    for (int steps = 0; item && steps < kNearest; ++steps) {
+        if (position < start) {
+            item = previous(item);
+            if (item) start = start - CharacterCount{item->length};
+        } else if (position >= start + CharacterCount{item->length}) {
+            start = start + CharacterCount{item->length};
+            item = next(item);
+        } else {
+            lastFound_ = item;
+            lastPosition_ = start;
+            return item;
         }
     }
     return nullptr;
 }
 
 int ItemTree::openBookmarksBefore(const Item* item) {
-    int open = openMarksBelow(item->left);
-    for (; item->parent; item = item->parent) {
-        const Item* parent = item->parent;
-        if (parent->right == item) open += openMarksBelow(parent->left) + opensItself(parent);
-    }
-    return open;
+    return totalsBefore(item->block).openMarks + item->block->openMarksBefore(item->place);
 }
 
-void ItemTree::rotateUp(Item* item) {
-    Item* parent = item->parent;
-    Item* grandparent = parent->parent;
-    if (parent->left == item) {
-        parent->left = item->right;
-        if (item->right) item->right->parent = parent;
-        item->right = parent;
+ItemBlock& ItemTree::makeBlock() {
+    if (emptyBlocks_.empty()) return blocks_.emplace_back();
+    ItemBlock& block = *emptyBlocks_.back();
+    emptyBlocks_.pop_back();
+    return block;
+}
+
+void ItemTree::split(ItemBlock& block, std::uint8_t insertion) {
+    // A tail that an edit goes on before is split off, so that what is put in at one place fills its blocks.
+    const std::uint8_t half = ItemBlock::kMostItems / 2;
+    ItemBlock& tail = makeBlock();
+    block.moveTail(std::max(insertion, half), tail);
+    subtractUpward(&block, tail.own);
+    insertBlockAfter(&block, tail);
+}
+
+void ItemTree::insertBlockAfter(ItemBlock* previous, ItemBlock& block) {
+    ItemBlock* parent = nullptr;
+    if (previous && !previous->right) {
+        parent = previous;
+        parent->right = &block;
     } else {
-        parent->right = item->left;
-        if (item->left) item->left->parent = parent;
-        item->left = parent;
+        parent = leftmost(previous ? previous->right : root_);
+        if (parent) parent->left = &block;
     }
-    replaceChild(grandparent, parent, item);
-    parent->parent = item;
-    item->parent = grandparent;
-    update(parent);
-    update(item);
+    block.parent = parent;
+    if (!parent) root_ = &block;
+    update(block);
+    addUpward(parent, block.own);
+    block.priority = nextRandom(random_);
+    while (block.parent && block.parent->priority < block.priority)
+        rotateUp(block);
 }
 
-void ItemTree::replaceChild(Item* parent, const Item* child, Item* replacement) {
+void ItemTree::removeBlock(ItemBlock& block) {
+    while (block.left || block.right) {
+        const bool leftHigher = !block.right || (block.left && block.left->priority > block.right->priority);
+        rotateUp(leftHigher ? *block.left : *block.right);
+    }
+    replaceChild(block.parent, &block, nullptr);
+    block.parent = nullptr;
+    emptyBlocks_.push_back(&block);
+}
+
+void ItemTree::rotateUp(ItemBlock& block) {
+    ItemBlock& parent = *block.parent;
+    ItemBlock* grandparent = parent.parent;
+    if (parent.left == &block) {
+        parent.left = block.right;
+        if (block.right) block.right->parent = &parent;
+        block.right = &parent;
+    } else {
+        parent.right = block.left;
+        if (block.left) block.left->parent = &parent;
+        block.left = &parent;
+    }
+    replaceChild(grandparent, &parent, &block);
+    parent.parent = &block;
+    block.parent = grandparent;
+    update(parent);
+    update(block);
+}
+
+void ItemTree::replaceChild(ItemBlock* parent, const ItemBlock* child, ItemBlock* replacement) {
     if (!parent) {
         root_ = replacement;
     } else if (parent->left == child) {

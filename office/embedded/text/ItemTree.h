@@ -1,18 +1,24 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/embedded/text/Item.h"
+#include "office/embedded/text/ItemBlock.h"
 
 #include <cstdint>
+#include <deque>
 #include <vector>
 
 namespace mergeloom::embedded {
 
 /// The items of a story in order. The position of an item and the item at a position are found in logarithmic
-/// time, so that no edit costs in proportion to the story. A treap with parent links: the shape of the tree
-/// depends on random priorities alone, not on the order of the edits. Does not own the items.
+/// time, so that no edit costs in proportion to the story. A treap with parent links over blocks of items:
+/// the shape of the tree depends on random priorities alone, not on the order of the edits. Does not own the
+/// items.
 class ItemTree {
   public:
+    ItemTree() = default;
+    ItemTree(const ItemTree&) = delete;
+    ItemTree& operator=(const ItemTree&) = delete;
+
     /// Adds the items in their order; the tree must be empty.
     void build(const std::vector<Item*>& items);
 
@@ -30,18 +36,30 @@ class ItemTree {
 
     [[nodiscard]] CharacterCount length() const;
     /// Returns the position before the item.
-    static CharacterPosition positionOf(const Item* item);
+    [[nodiscard]] CharacterPosition positionOf(const Item* item) const;
     /// Returns the item with the character after the position; none at the end.
     [[nodiscard]] Item* itemAt(CharacterPosition position) const;
     /// Returns how many bookmarks start before the item and end at it or after it.
     static int openBookmarksBefore(const Item* item);
 
   private:
-    void rotateUp(Item* item);
-    void replaceChild(Item* parent, const Item* child, Item* replacement);
+    ItemBlock& makeBlock();
+    /// Moves the tail of a full block, into which an item is about to be inserted, into a new one after it.
+    void split(ItemBlock& block, std::uint8_t insertion);
+    void insertBlockAfter(ItemBlock* previous, ItemBlock& block);
+    void removeBlock(ItemBlock& block);
+    void rotateUp(ItemBlock& block);
+    void replaceChild(ItemBlock* parent, const ItemBlock* child, ItemBlock* replacement);
+    /// Returns the item at a position if it is one of the nearest to the last result of itemAt.
+    [[nodiscard]] Item* nearLastFound(CharacterPosition position) const;
+    /// Updates the last result of itemAt before an item is inserted.
+    void noteInsertion(const Item* next, const Item* item);
 
-    Item* root_ = nullptr;
-    // The last result of itemAt, since an edit asks for the same position several times; reset by any change.
+    std::deque<ItemBlock> blocks_;
+    std::vector<ItemBlock*> emptyBlocks_;
+    ItemBlock* root_ = nullptr;
+    // The last result of itemAt, since an edit asks for the same position several times. It outlives the
+    // changes that move no character before it.
     mutable Item* lastFound_ = nullptr;
     mutable CharacterPosition lastPosition_;
     std::uint32_t random_ = 0x9E3779B9;

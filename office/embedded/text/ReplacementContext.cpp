@@ -67,7 +67,7 @@ Formatting ReplacementContext::formatting() const {
     Formatting ofMark;
     Formatting ofCode;
     for (const Item* item = first_; item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end_) break;
+        if (item->takesPlace() && story_.positionOf(item) >= end_) break;
         const bool isCode = tracker.isCode(item);
         const pugi::xml_node run = item->node.parent();
         if (!item->takesPlace() || story_.names().tagOf(run) != opc::WordTag::Run) continue;

@@ -68,7 +68,7 @@ bool isInside(pugi::xml_node node, pugi::xml_node element) {
     return static_cast<bool>(node);
 }
 
-CharacterRange characterRangeOf(pugi::xml_node element, const Item* inside) {
+CharacterRange characterRangeOf(const Story& story, pugi::xml_node element, const Item* inside) {
     const Item* first = inside;
     const Item* last = inside;
     for (const Item* item = ItemTree::previous(inside); item && isInside(item->node, element);
@@ -79,7 +79,15 @@ CharacterRange characterRangeOf(pugi::xml_node element, const Item* inside) {
          item = ItemTree::next(item)) {
         last = item;
     }
-    return {ItemTree::positionOf(first), ItemTree::positionOf(last) + CharacterCount{last->length}};
+    return {story.positionOf(first), story.positionOf(last) + CharacterCount{last->length}};
+}
+
+CharacterPosition startOf(const BookmarkRecord& record) {
+    return record.story->positionOf(record.start);
+}
+
+CharacterPosition endOf(const BookmarkRecord& record) {
+    return record.story->positionOf(record.end);
 }
 
 Story::Story(opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node root, std::string name,
@@ -110,7 +118,7 @@ void Story::check(CharacterPosition start, CharacterPosition end) const {
 bool Story::splitsCharacter(CharacterPosition position) const {
     const Item* item = items_.itemAt(position);
     if (!item || (item->kind != ItemKind::Text && item->kind != ItemKind::FieldCode)) return false;
-    const CharacterCount before = position - ItemTree::positionOf(item);
+    const CharacterCount before = position - positionOf(item);
     const std::string_view text = item->node.child_value();
     return before.value > 0 && utf16Length(text.substr(0, byteOffset(text, before))) != before;
 }
@@ -120,7 +128,7 @@ Item* Story::firstItemAt(CharacterPosition position) const {
     if (!item) {
         item = items_.last();
         if (!item || item->takesPlace()) return nullptr;
-    } else if (ItemTree::positionOf(item) != position) {
+    } else if (positionOf(item) != position) {
         return item;
     }
     for (Item* before = ItemTree::previous(item); before && !before->takesPlace();) {
@@ -135,7 +143,7 @@ std::string Story::text(CharacterPosition start, CharacterPosition end) const {
     CharacterPosition position = start;
     for (const Item* item = items_.itemAt(start); item && position < end; item = ItemTree::next(item)) {
         if (!item->takesPlace()) continue;
-        const CharacterPosition itemStart = ItemTree::positionOf(item);
+        const CharacterPosition itemStart = positionOf(item);
         const std::int64_t from = std::max<std::int64_t>(0, start.value - itemStart.value);
         const std::int64_t to = std::min<std::int64_t>(item->length, end.value - itemStart.value);
         const std::string whole = textOf(*this, item);
@@ -150,9 +158,9 @@ std::string Story::code(CharacterPosition start, CharacterPosition end) const {
     // For each open field that is nested in the code, whether its code goes on.
     std::vector<bool> nestedInCode;
     for (const Item* item = items_.itemAt(start); item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->takesPlace() && positionOf(item) >= end) break;
         if (item->kind == ItemKind::FieldBegin && names_.tagOf(item->node) == opc::WordTag::SimpleField) {
-            if (ItemTree::positionOf(item) <= start) return names_.value(item->node, "instr");
+            if (positionOf(item) <= start) return names_.value(item->node, "instr");
             nestedInCode.push_back(false);
         } else if (item->kind == ItemKind::FieldBegin) {
             nestedInCode.push_back(true);

@@ -43,6 +43,8 @@ class Story {
     /// takes two units.
     void check(CharacterPosition start, CharacterPosition end) const;
 
+    /// Returns the position before an item.
+    [[nodiscard]] CharacterPosition positionOf(const Item* item) const { return items_.positionOf(item); }
     /// Returns the first item at a position: the one after it and before every mark there.
     [[nodiscard]] Item* firstItemAt(CharacterPosition position) const;
 
@@ -60,6 +62,9 @@ class Story {
     [[nodiscard]] pugi::xml_node tableOf(const Item* item) const;
     /// Returns whether a paragraph mark ends a cell.
     [[nodiscard]] bool endsCell(const Item* paragraphMark) const;
+
+    /// Returns whether any of the text may be inside a content control.
+    [[nodiscard]] bool hasContentControls() const { return hasContentControls_; }
 
     /// Updates the tracked ranges after a change at a position, where `removed` characters were removed and
     /// `inserted` inserted. Text that is inserted at an end of a range leaves that end at its position.
@@ -87,6 +92,7 @@ class Story {
     ItemTree items_;
     std::vector<TrackedRange*> trackedRanges_;
     std::vector<pugi::xml_node> textBoxes_;
+    bool hasContentControls_ = false;
 };
 
 /// Returns the text that an item adds to what a range reads.
@@ -97,7 +103,11 @@ struct CharacterRange {
     CharacterPosition start;
     CharacterPosition end;
 };
-CharacterRange characterRangeOf(pugi::xml_node element, const Item* inside);
+CharacterRange characterRangeOf(const Story& story, pugi::xml_node element, const Item* inside);
+
+/// Return the positions at which a bookmark starts and ends.
+CharacterPosition startOf(const BookmarkRecord& record);
+CharacterPosition endOf(const BookmarkRecord& record);
 
 /// Returns whether a node is the element or is below it.
 bool isInside(pugi::xml_node node, pugi::xml_node element);

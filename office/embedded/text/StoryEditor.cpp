@@ -93,21 +93,21 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
 void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, const TextSetting& setting) {
     if (setting.formatting) splitRun(position);
     Item* next = itemAfter(position);
-    if (ItemTree::positionOf(next) != position) return insertIntoItem(next, position, text);
+    if (story_.positionOf(next) != position) return insertIntoItem(next, position, text);
     if (!setting.formatting && appendToPrevious(ItemTree::previous(next), position, text)) return;
     splitRun(position);
     const bool isCode = isFollowedByCode(story_, ItemTree::previous(next));
     const pugi::xml_node run =
         makeRun(setting.formatting ? *setting.formatting : formattingAt(ItemTree::previous(next), next));
-    const pugi::xml_node element = isCode ? makeCode(text) : elementFactory_.makeText(std::string(text));
-    moveNode(element, run, run.last_child());
+    const pugi::xml_node element =
+        isCode ? appendCode(run, text) : elementFactory_.appendText(run, std::string(text));
     const ItemKind kind = isCode ? ItemKind::FieldCode : ItemKind::Text;
     insertRun(position, run, story_.makeItem(kind, element, utf16Length(text)), setting.container);
 }
 
-pugi::xml_node StoryEditor::makeCode(std::string_view text) {
-    pugi::xml_node element = elementFactory_.makeElement("instrText");
-    element.append_child(pugi::node_pcdata).set_value(std::string(text).c_str());
+pugi::xml_node StoryEditor::appendCode(pugi::xml_node run, std::string_view text) {
+    const pugi::xml_node element = run.append_child(story_.names().element("instrText").c_str());
+    element.text().set(std::string(text).c_str());
     keepBlanks(element);
     return element;
 }
@@ -134,8 +134,8 @@ void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::st
         throw AutomationError(kCommandFailed, "No text can stand at this place.");
     }
     std::string whole = item->node.child_value();
-    whole.insert(byteOffset(whole, position - ItemTree::positionOf(item)), text);
-    journal_.setText(story_.part(), item->node.first_child(), whole);
+    whole.insert(byteOffset(whole, position - story_.positionOf(item)), text);
+    journal_.setText(story_.part(), item->node, whole);
     journal_.keepBlanks(item->node);
     journal_.setLength(story_.items(), item, CharacterCount{item->length} + utf16Length(text));
     story_.shift(position, {}, utf16Length(text));
@@ -147,7 +147,7 @@ bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, s
     const bool plain = story_.names().tagOf(previous->node) == opc::WordTag::TextElement &&
                        story_.names().tagOf(run.parent()) == opc::WordTag::Paragraph;
     if (!plain) return false;
-    journal_.appendText(story_.part(), previous->node.first_child(), std::string(text));
+    journal_.appendText(story_.part(), previous->node, std::string(text));
     journal_.keepBlanks(previous->node);
     journal_.setLength(story_.items(), previous, CharacterCount{previous->length} + utf16Length(text));
     story_.shift(position, {}, utf16Length(text));
@@ -158,8 +158,7 @@ void StoryEditor::insertRun(CharacterPosition position, pugi::xml_node run, Item
                             pugi::xml_node container) {
     Item* next = itemAfter(position);
     const DomPlace place = places_.forRun(ItemTree::previous(next), next, container);
-    journal_.move(story_.part(), run, place.parent, place.after);
-    journal_.insertItem(story_.items(), next, item);
+    journal_.insert(story_, run, place, next, item);
     story_.shift(position, {}, CharacterCount{item->length});
 }
 
@@ -205,7 +204,7 @@ void StoryEditor::splitRun(CharacterPosition position) {
     Item* next = story_.items().itemAt(position);
     if (!next) return;
     checkSplit(position);
-    const CharacterPosition start = ItemTree::positionOf(next);
+    const CharacterPosition start = story_.positionOf(next);
     if (start != position) return splitText(next, position - start);
     const Item* previous = ItemTree::previous(next);
     if (!previous || previous->node.parent() != next->node.parent()) return;
@@ -215,7 +214,7 @@ void StoryEditor::splitRun(CharacterPosition position) {
 
 void StoryEditor::checkSplit(CharacterPosition position) const {
     const Item* item = story_.items().itemAt(position);
-    if (!item || ItemTree::positionOf(item) == position) return;
+    if (!item || story_.positionOf(item) == position) return;
     story_.check(position, position);
     const bool isText = item->kind == ItemKind::Text;
     if (!isText) throw AutomationError(kCommandFailed, "A field's code cannot be split at this place.");
@@ -226,13 +225,13 @@ void StoryEditor::splitText(Item* item, CharacterCount before) {
     const std::size_t bytes = byteOffset(whole, before);
     const pugi::xml_node second = splitRunAfter(item->node.parent(), item->node);
     pugi::xml_node text = elementFactory_.copy(item->node);
-    text.first_child().set_value(whole.substr(bytes).c_str());
+    text.text().set(whole.substr(bytes).c_str());
     text.remove_attribute("xml:space");
     keepBlanks(text);
     const pugi::xml_node properties = story_.names().child(second, opc::WordTag::RunProperties);
     journal_.move(story_.part(), text, second, properties);
 
-    journal_.setText(story_.part(), item->node.first_child(), whole.substr(0, bytes));
+    journal_.setText(story_.part(), item->node, whole.substr(0, bytes));
     journal_.keepBlanks(item->node);
     const CharacterCount rest = CharacterCount{item->length} - before;
     journal_.setLength(story_.items(), item, before);
@@ -287,7 +286,7 @@ pugi::xml_node StoryEditor::makeParagraphLike(pugi::xml_node paragraph) {
 
 Formatting StoryEditor::formattingAtPlace(CharacterPosition position) const {
     const Item* next = itemAfter(position);
-    if (ItemTree::positionOf(next) != position) return {};
+    if (story_.positionOf(next) != position) return {};
     return formattingAt(ItemTree::previous(next), next);
 }
 

@@ -58,7 +58,7 @@ class StoryEditor {
     void insertIntoItem(Item* item, CharacterPosition position, std::string_view text);
     bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text);
     void insertRun(CharacterPosition position, pugi::xml_node run, Item* item, pugi::xml_node container);
-    pugi::xml_node makeCode(std::string_view text);
+    pugi::xml_node appendCode(pugi::xml_node run, std::string_view text);
     Item* itemAfter(CharacterPosition position) const;
 
     [[nodiscard]] pugi::xml_node formattingAt(const Item* previous, const Item* next) const;

@@ -68,7 +68,7 @@ void StoryEraser::checkStructure(CharacterPosition start, CharacterPosition end)
     const pugi::xml_node firstTable = outermostTable(first, container);
     if (firstTable) {
         const Item* before = previousInText(first);
-        const bool startsInside = ItemTree::positionOf(first) != start;
+        const bool startsInside = story_.positionOf(first) != start;
         if (startsInside || (before && isInside(before->node, firstTable))) refuse(kPartOfTable);
     }
     const pugi::xml_node lastTable = outermostTable(last, container);
@@ -81,7 +81,7 @@ void StoryEraser::checkStructure(CharacterPosition start, CharacterPosition end)
 }
 
 bool StoryEraser::hasTextBefore(const Item* item, CharacterPosition start) const {
-    if (ItemTree::positionOf(item) != start) return true;
+    if (story_.positionOf(item) != start) return true;
     const pugi::xml_node paragraph = story_.paragraphOf(item);
     for (item = ItemTree::previous(item); item && isInside(item->node, paragraph);
          item = ItemTree::previous(item)) {
@@ -95,7 +95,7 @@ void StoryEraser::checkFields(CharacterPosition start, CharacterPosition end) co
     checkWhole(end);
     int depth = 0;
     for (const Item* item = story_.items().itemAt(start); item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->takesPlace() && story_.positionOf(item) >= end) break;
         if (item->kind == ItemKind::FieldSeparator && depth == 0) refuse(kPartOfField);
         if (item->kind == ItemKind::FieldBegin) ++depth;
         if (item->kind == ItemKind::FieldEnd && --depth < 0) refuse(kPartOfField);
@@ -105,17 +105,17 @@ void StoryEraser::checkFields(CharacterPosition start, CharacterPosition end) co
 
 void StoryEraser::checkWhole(CharacterPosition position) const {
     const Item* item = story_.items().itemAt(position);
-    if (!item || ItemTree::positionOf(item) == position) return;
+    if (!item || story_.positionOf(item) == position) return;
     if (item->kind != ItemKind::Text && item->kind != ItemKind::FieldCode) refuse(kPartOfField);
 }
 
 void StoryEraser::removeCoveredBookmarks(CharacterPosition start, CharacterPosition end) {
     std::vector<BookmarkRecord*> covered;
     for (Item* item = story_.firstItemAt(start); item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->takesPlace() && story_.positionOf(item) >= end) break;
         if (item->kind != ItemKind::BookmarkStart) continue;
-        const CharacterPosition first = ItemTree::positionOf(item);
-        const CharacterPosition last = ItemTree::positionOf(item->bookmark->end);
+        const CharacterPosition first = story_.positionOf(item);
+        const CharacterPosition last = story_.positionOf(item->bookmark->end);
         const bool emptyAtAnEnd = first == last && (first == start || first == end);
         if (last <= end && !emptyAtAnEnd) covered.push_back(item->bookmark);
     }
@@ -135,7 +135,7 @@ void StoryEraser::eraseItems(CharacterPosition start, CharacterPosition end) {
             continue;
         }
         Item* next = ItemTree::next(item);
-        const std::int64_t from = std::max<std::int64_t>(0, (start - ItemTree::positionOf(item)).value);
+        const std::int64_t from = std::max<std::int64_t>(0, (start - story_.positionOf(item)).value);
         const std::int64_t count = std::min<std::int64_t>(item->length - from, left);
         if (item->kind == ItemKind::ParagraphMark) {
             paragraphMarks.push_back(item);
@@ -155,7 +155,7 @@ void StoryEraser::trim(Item* item, CharacterPosition start, CharacterPosition en
     std::string text = item->node.child_value();
     const std::size_t first = byteOffset(text, {start.value});
     text.erase(first, byteOffset(text, {end.value}) - first);
-    journal_.setText(story_.part(), item->node.first_child(), text);
+    journal_.setText(story_.part(), item->node, text);
     journal_.keepBlanks(item->node);
     journal_.setLength(story_.items(), item, utf16Length(text));
 }

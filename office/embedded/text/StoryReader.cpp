@@ -45,6 +45,8 @@ void joinText(pugi::xml_node element) {
 }  // namespace
 
 void StoryReader::read() {
+    story_.hasContentControls_ =
+        static_cast<bool>(names_.ancestor(story_.root_, opc::WordTag::ContentControl));
     readChildren(story_.root_);
     endWithParagraph();
     pairMarks();
@@ -108,6 +110,7 @@ void StoryReader::readElement(pugi::xml_node node) {
         case opc::WordTag::AlternateContent:
             return readChildren(names_.child(node, opc::WordTag::Choice));
         case opc::WordTag::ContentControl:
+            story_.hasContentControls_ = true;
             return readChildren(names_.child(node, opc::WordTag::ContentControlContent));
         case opc::WordTag::Table:
         case opc::WordTag::CellElement:

@@ -24,7 +24,7 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
     while (previous && !previous->takesPlace())
         previous = ItemTree::previous(previous);
     const bool isAfterText =
-        ItemTree::positionOf(next) != position ||
+        story_.positionOf(next) != position ||
         (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == before);
     if (isAfterText) {
         editor_.insertParagraphMark(position);
@@ -52,7 +52,7 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
 Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
     const pugi::xml_node last = rowsOf(table, story_.names()).back();
     const pugi::xml_node row = makeRowLike(last);
-    const CharacterPosition end = characterRangeOf(table, inside).end;
+    const CharacterPosition end = characterRangeOf(story_, table, inside).end;
     Item* next = ItemTree::next(story_.items().itemAt(end - CharacterCount{1}));
     journal_.move(story_.part(), row, last.parent(), last);
     const CharacterCount before = story_.length();

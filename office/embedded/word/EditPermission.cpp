@@ -66,7 +66,7 @@ pugi::xml_node elementAt(const Story& story, CharacterPosition position) {
     const Item* next = story.items().itemAt(position);
     if (!next) return {};
     // What is no place for text is refused by the edit itself.
-    if (ItemTree::positionOf(next) != position || !story.paragraphOf(next)) return next->node;
+    if (story.positionOf(next) != position || !story.paragraphOf(next)) return next->node;
     return DomPlaces(story).forStartMark(itemBefore(next), next).parent;
 }
 
@@ -103,15 +103,17 @@ pugi::xml_node sectionOf(const Story& story, pugi::xml_node element) {
 
 void EditPermission::checkText(const Story& story, CharacterPosition start, CharacterPosition end) {
     checkDocument(story, start);
+    if (!story.hasContentControls()) return;
     if (start == end) return checkInside(story, elementAt(story, start));
     for (const Item* item = story.items().itemAt(start); item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end) break;
+        if (item->takesPlace() && story.positionOf(item) >= end) break;
         checkInside(story, item->node);
     }
 }
 
 void EditPermission::checkMarks(const Story& story, CharacterPosition start, CharacterPosition end) {
     checkDocument(story, start);
+    if (!story.hasContentControls()) return;
     checkInside(story, elementAt(story, start));
     if (start < end) checkInside(story, elementBehind(story, end));
 }

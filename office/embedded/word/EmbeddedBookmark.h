@@ -16,9 +16,9 @@ class EmbeddedBookmark final : public word::Bookmark {
     std::string Name() override { return record().name; }
     word::RangePtr Range() override;
 
-    CharacterPosition Start() override { return ItemTree::positionOf(record().start); }
+    CharacterPosition Start() override { return startOf(record()); }
     void SetStart(CharacterPosition start) override;
-    CharacterPosition End() override { return ItemTree::positionOf(record().end); }
+    CharacterPosition End() override { return endOf(record()); }
     void SetEnd(CharacterPosition end) override;
 
     void Select() override;

@@ -25,10 +25,10 @@ void EmbeddedField::Delete() {
 }
 
 CharacterRange EmbeddedField::whole() const {
-    if (!place_.story->isPlaced() || !items_.begin->placed || !items_.end->placed) {
+    if (!place_.story->isPlaced() || !items_.begin->isPlaced() || !items_.end->isPlaced()) {
         throw AutomationError(kObjectDeleted, "The field has been deleted.");
     }
-    return {ItemTree::positionOf(items_.begin), ItemTree::positionOf(items_.end) + CharacterCount{1}};
+    return {place_.story->positionOf(items_.begin), place_.story->positionOf(items_.end) + CharacterCount{1}};
 }
 
 CharacterRange EmbeddedField::code() const {
@@ -36,8 +36,8 @@ CharacterRange EmbeddedField::code() const {
     const bool simple = place_.story->names().tagOf(items_.begin->node) == opc::WordTag::SimpleField;
     const CharacterPosition begin = field.start + CharacterCount{simple ? 0 : 1};
     if (simple) return {begin, begin + CharacterCount{items_.begin->length}};
-    const Item* last = items_.separator && items_.separator->placed ? items_.separator : items_.end;
-    return {begin, ItemTree::positionOf(last)};
+    const Item* last = items_.separator && items_.separator->isPlaced() ? items_.separator : items_.end;
+    return {begin, place_.story->positionOf(last)};
 }
 
 }  // namespace mergeloom::embedded

@@ -30,7 +30,7 @@ void EmbeddedTable::Delete() {
 }
 
 pugi::xml_node EmbeddedTable::element() const {
-    if (!rowMark_->placed) throw AutomationError(kObjectDeleted, "The table has been deleted.");
+    if (!rowMark_->isPlaced()) throw AutomationError(kObjectDeleted, "The table has been deleted.");
     return table_;
 }
 
@@ -47,11 +47,11 @@ void EmbeddedTable::appendRow() {
 
 CharacterRange EmbeddedTable::charactersOf(pugi::xml_node part) const {
     static_cast<void>(element());
-    if (part == table_) return characterRangeOf(table_, rowMark_);
-    const Item* item = place_.story->items().itemAt(characterRangeOf(table_, rowMark_).start);
+    if (part == table_) return characterRangeOf(*place_.story, table_, rowMark_);
+    const Item* item = place_.story->items().itemAt(characterRangeOf(*place_.story, table_, rowMark_).start);
     while (!isInside(item->node, part))
         item = ItemTree::next(item);
-    return characterRangeOf(part, item);
+    return characterRangeOf(*place_.story, part, item);
 }
 
 std::shared_ptr<EmbeddedTable> makeTable(const StoryPlace& place, pugi::xml_node table, Item* inside) {

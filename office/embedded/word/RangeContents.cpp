@@ -9,7 +9,7 @@ std::vector<FoundTable> RangeContents::tables() const {
     std::vector<FoundTable> found;
     pugi::xml_node table;
     for (Item* item = first(); item; item = ItemTree::next(item)) {
-        if (item->takesPlace() && ItemTree::positionOf(item) >= end_) break;
+        if (item->takesPlace() && story_.positionOf(item) >= end_) break;
         const pugi::xml_node around = outermostTable(item);
         if (around && around != table) found.push_back({around, item});
         table = around;
@@ -36,7 +36,7 @@ int RangeContents::countOf(ItemKind kind) const {
     if (start_ == end_) return 0;
     int count = 0;
     for (const Item* item = story_.firstItemAt(start_); item; item = ItemTree::next(item)) {
-        if (ItemTree::positionOf(item) >= end_) break;
+        if (story_.positionOf(item) >= end_) break;
         if (item->kind == kind) ++count;
     }
     return count;

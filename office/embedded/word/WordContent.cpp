@@ -134,7 +134,7 @@ std::vector<BookmarkRecord*> WordContent::startingBehind(EditableStory& target, 
     target.story().check(start, end);
     if (start == end) return {};
     std::vector<BookmarkRecord*> found = target.finder().in(end, end);
-    std::erase_if(found, [&](const auto* record) { return ItemTree::positionOf(record->start) != end; });
+    std::erase_if(found, [&](const auto* record) { return startOf(*record) != end; });
     return found;
 }
 
@@ -142,7 +142,7 @@ void WordContent::keepBehind(EditableStory& target, const std::vector<BookmarkRe
                              CharacterPosition start, CharacterCount inserted) {
     if (inserted.value == 0) return;
     for (BookmarkRecord* record : records) {
-        const bool touches = ItemTree::positionOf(record->start) == start;
+        const bool touches = startOf(*record) == start;
         if (touches) target.bookmarks().moveStart(*record, start + inserted);
     }
 }
