@@ -6,17 +6,21 @@ namespace mergeloom {
 
 namespace {
 
+bool isUsable(char32_t character) {
+    return isNameLetter(character) || isDigit(character) || character == U'_';
+}
+
 std::string usableCharacters(std::string_view name) {
     std::string result = beginsWithDigit(name) ? "x" : "";
-    result.reserve(result.size() + name.size());
+    // Names are mostly usable as they are, so what stands between two other characters is copied at once.
+    std::string_view uncopied = name;
     while (!name.empty()) {
-        const std::string_view rest = name;
-        const char32_t character = takeCodePoint(name);
-        if (isNameLetter(character) || isDigit(character) || character == U'_') {
-            result += rest.substr(0, rest.size() - name.size());
-        }
+        const std::size_t left = name.size();
+        if (isUsable(takeCodePoint(name))) continue;
+        result += uncopied.substr(0, uncopied.size() - left);
+        uncopied = name;
     }
-    return result;
+    return result += uncopied;
 }
 
 }  // namespace

@@ -12,17 +12,15 @@ namespace mergeloom::embedded {
 /// What a range over a field's code reads as its text: its part of the document's text, or the code.
 enum class RangeText { Result, FieldCode };
 
-class EmbeddedRange final : public word::Range {
+class EmbeddedRange final : public word::Range, public std::enable_shared_from_this<EmbeddedRange> {
   public:
     EmbeddedRange(std::shared_ptr<WordContent> content, Story& story, CharacterPosition start,
                   CharacterPosition end, RangeText text = RangeText::Result)
-        : content_(std::move(content)),
-          span_(std::make_shared<TrackedRange>(story, start, end)),
-          text_(text) {}
+        : content_(std::move(content)), span_(story, start, end), text_(text) {}
 
-    CharacterPosition Start() override { return span_->start(); }
-    CharacterPosition End() override { return span_->end(); }
-    std::string storyName() override { return span_->story().name(); }
+    CharacterPosition Start() override { return span_.start(); }
+    CharacterPosition End() override { return span_.end(); }
+    std::string storyName() override { return span_.story().name(); }
 
     std::string Text() override;
     void SetText(const std::string& text) override;
@@ -38,7 +36,7 @@ class EmbeddedRange final : public word::Range {
 
   private:
     std::shared_ptr<WordContent> content_;
-    std::shared_ptr<TrackedRange> span_;  // shared with the collections that change what the range holds
+    TrackedRange span_;
     RangeText text_;
 };
 
