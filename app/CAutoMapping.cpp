@@ -6,8 +6,8 @@
 #include "app/MappingSource.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/modMain.h"
+#include "base/ErrorHandler.h"
 #include "base/Paths.h"
-#include "base/SourcePlace.h"
 #include "xml/COptions.h"
 
 namespace mergeloom {

@@ -67,7 +67,7 @@ class CAutoMapping {
     [[nodiscard]] const TreeNode& chosenObject(MappingSource& source) const;
     void readFolders(const StructureDocument& document);
     std::unique_ptr<MappingTarget> makeOffice();
-    /// Refuses, before an office is started, what is certain to fail.
+    /// Refuses, before an office is started, a mapping that is certain to fail.
     void checkArguments(const MappingTarget& office, const std::string& target) const;
     static void checkTarget(const MappingTarget& office, const std::string& target);
     void checkInPlace(const MappingTarget& office) const;

@@ -58,7 +58,7 @@ class ConsoleProgress final : public Progress {
     bool isShown_ = false;
 };
 
-/// Shows nothing, for work that nobody watches.
+/// Shows nothing, for work without a terminal.
 class NoProgress final : public Progress {
   public:
     void advance(std::int64_t, std::int64_t) override {}

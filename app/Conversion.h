@@ -14,7 +14,7 @@
 
 namespace mergeloom {
 
-/// Converts the documents of an office that knows nothing but Open Packaging from and to other formats. Every
+/// Converts the documents of an office that supports only Open Packaging from and to other formats. Every
 /// error names the user's file, never the temporary one.
 template <typename Format>
 class Conversion {

@@ -50,7 +50,7 @@ std::string leftSentence(const std::vector<LeftField>& left) {
 }
 
 std::string movedBookmarksSentence(const std::vector<std::string>& names) {
-    // The names of bookmarks are compared without regard to case; the last spelling is the one in the
+    // The names of bookmarks are compared regardless of letter case; the last spelling is the one in the
     // document.
     std::map<std::string, std::string> last;
     for (const std::string& name : names)

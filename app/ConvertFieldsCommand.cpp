@@ -5,7 +5,7 @@
 #include "app/modMain.h"
 #include "base/AutomationError.h"
 #include "base/Paths.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 
 #include <algorithm>
 

@@ -1,19 +1,17 @@
 #include "app/ConvertMailMergeFields.h"
 
 #include "app/DataNames.h"
-#include "base/Trap.h"
+#include "base/ErrorHandler.h"
 #include "droppers/DropRecord.h"
 #include "droppers/modWordNormalizeName.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/FieldCode.h"
 #include "office/model/word/Fields.h"
-#include "office/model/word/MailMerge.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/Window.h"
 
 #include <algorithm>
 #include <exception>

@@ -5,7 +5,7 @@
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Field.h"
+#include "office/model/word/Fields.h"
 
 #include <string>
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include "app/Conversion.h"
 #include "office/model/excel/Application.h"
-#include "office/model/excel/Workbooks.h"
+#include "office/model/excel/Workbook.h"
 
 #include <memory>
 #include <optional>
@@ -14,7 +14,8 @@ namespace mergeloom {
 
 class ConvertingWorkbook;
 
-/// Does for workbooks what ConvertingWord does for documents.
+/// Implements Excel's object model by an office that supports only Open Packaging, as ConvertingWord does
+/// Word's.
 class ConvertingExcel final : public excel::Application,
                               public std::enable_shared_from_this<ConvertingExcel> {
   public:

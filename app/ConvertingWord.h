@@ -2,7 +2,7 @@
 
 #include "app/Conversion.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 
 #include <memory>
 #include <optional>
@@ -14,9 +14,9 @@ namespace mergeloom {
 
 class ConvertingDocument;
 
-/// An office that plays Word's part with another one that knows nothing but Open Packaging: files of other
-/// formats are converted before that one opens them and after it saved them. Documents are known by the files
-/// that users named. The other office must not keep a file open.
+/// An office that implements Word's object model by another one that supports only Open Packaging: files of
+/// other formats are converted before that one opens them and after it saved them. Documents have the names
+/// of the users' files. The other office must not keep a file open.
 class ConvertingWord final : public word::Application, public std::enable_shared_from_this<ConvertingWord> {
   public:
     /// The converter has to outlive it.

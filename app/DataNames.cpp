@@ -17,7 +17,7 @@ using word::WdFieldType;
 
 constexpr std::size_t kNameOfNestedField = 1;
 
-/// Names, each once without regard to case. Pieces that make no name are left out.
+/// Names, each once regardless of letter case. Pieces that make no name are left out.
 class DistinctNames {
   public:
     void add(const std::string& name) {

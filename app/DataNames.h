@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/word/Field.h"
+#include "office/model/word/Fields.h"
 
 #include <cstddef>
 #include <string>

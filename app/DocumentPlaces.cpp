@@ -1,5 +1,4 @@
 #include "app/Places.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Range.h"
 

@@ -16,7 +16,7 @@ word::WdSaveFormat wordFormatOf(const std::string& path);
 /// wordFormatOf.
 word::WdSaveFormat wordFormatToWrite(const std::string& path,
                                      const std::function<bool(word::WdSaveFormat)>& canWrite);
-/// Returns true when the file has to be converted for an office that knows nothing but Open Packaging.
+/// Returns true when the file has to be converted for an office that supports only Open Packaging.
 bool isForeignWordFile(const std::string& path);
 
 bool hasExcelExtension(const std::string& path);

@@ -7,13 +7,10 @@
 #include "base/Text.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/model/excel/Application.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 #include <functional>
 #include <string>

@@ -6,13 +6,11 @@
 #include "droppers/SelectionCheck.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 
 #include <string>
 

@@ -3,7 +3,7 @@
 #include "app/GnuOptions.h"
 #include "droppers/DropContext.h"
 #include "xml/TreeView.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <string>
 #include <vector>
@@ -51,7 +51,8 @@ struct NamedFields {
 std::string unmatchedSentence(const NamedFields& fields, const std::string& object);
 
 /// Finds the fields that a list names. The names are separated by commas, or by semicolons when there is no
-/// comma, and are those of children of the object's node, without regard to case and the blanks around them.
+/// comma, and are those of children of the object's node, regardless of letter case and the blanks around
+/// them.
 NamedFields fieldsNamed(const TreeNode& object, const XmlNodeCollection& xmlNodes,
                         const std::string& fieldList);
 

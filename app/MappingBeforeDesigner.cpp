@@ -4,7 +4,7 @@
 #include "app/MergeloomErrorCodes.h"
 #include "app/OfficeSelector.h"
 #include "base/DiskFileStore.h"
-#include "base/SourcePlace.h"
+#include "base/ErrorHandler.h"
 
 namespace mergeloom {
 

@@ -4,7 +4,7 @@
 #include "base/Messages.h"
 #include "xml/StructureDocument.h"
 #include "xml/TreeView.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <string>
 #include <vector>

@@ -4,7 +4,7 @@
 #include "droppers/DropContext.h"
 #include "office/model/OfficeDocument.h"
 #include "xml/TreeView.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 #include "xml/modNamedItems.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #include "app/MergeloomErrorCodes.h"
 
-#include "base/SourcePlace.h"
+#include "base/ErrorHandler.h"
 #include "base/Text.h"
 
 #include <string_view>

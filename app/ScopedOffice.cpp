@@ -1,9 +1,7 @@
 #include "app/ScopedOffice.h"
 
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
 
 namespace mergeloom {
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/ErrorHandler.h"
-#include "base/Trap.h"
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
 
@@ -11,10 +10,10 @@
 
 namespace mergeloom {
 
-/// Starts an office that plays Excel's part.
+/// Starts an office that implements Excel's object model.
 using ExcelStarter = std::function<excel::ApplicationPtr()>;
 
-/// Starts an office that plays Word's part.
+/// Starts an office that implements Word's object model.
 using WordStarter = std::function<word::ApplicationPtr()>;
 
 /// Closes all documents of an office unsaved and ends it.

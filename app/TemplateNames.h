@@ -25,7 +25,7 @@ class TemplateNames {
     std::unordered_map<std::string, std::size_t> numbers_;  // the last one by the first name
 };
 
-/// In bytes.
+/// The maximum length of a file name in bytes.
 inline constexpr std::size_t kMaxFileNameLength = 255;
 
 /// Returns the name in a form that every file system accepts: characters that Windows or POSIX refuse become

@@ -1,12 +1,9 @@
 #include "app/Places.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
-#include "office/model/excel/Shape.h"
 #include "office/model/excel/Shapes.h"
 #include "office/model/excel/SheetReference.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 #include <algorithm>
 #include <tuple>

@@ -33,8 +33,8 @@ inline constexpr std::string_view kEmptyValue = "{empty}";
 /// The text after the program's own name, in the form in which the switches are searched in it.
 ///
 /// When the system passes separate arguments, their bounds say more than any text: a file may be called
-/// "/srv/label forms/a -excel.xml". So what the parser could take for a switch, a quote or a margin inside a
-/// value is hidden from it, and restored in the values that it found.
+/// "/srv/label forms/a -excel.xml". So characters of a value that the parser could take for a switch, a quote
+/// or a margin are hidden from it, and restored in the values that it found.
 class CommandLineText {
   public:
     CommandLineText() = default;

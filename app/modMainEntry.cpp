@@ -16,10 +16,10 @@
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/DiskFileStore.h"
+#include "base/ErrorHandler.h"
 #include "base/Paths.h"
-#include "base/SourcePlace.h"
-#include "office/model/excel/Workbooks.h"
-#include "office/model/word/Documents.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/word/Document.h"
 
 #include <memory>
 #include <vector>

@@ -15,9 +15,9 @@ inline constexpr ErrorNumber kAutomationErrorBase = 0x80040000;
 /// cannot take a composite drop.
 inline constexpr ErrorNumber kApplicationError = kAutomationErrorBase + 513;
 
-/// Errors of the object models that callers tell apart by their number.
+/// Errors of the object models that callers distinguish by their number.
 inline constexpr ErrorNumber kSubscriptOutOfRange = 9;
-/// What Excel raises for nearly everything that it refuses.
+/// Raised by Excel for nearly everything that it refuses.
 inline constexpr ErrorNumber kApplicationDefined = 1004;
 inline constexpr ErrorNumber kObjectDeleted = 5825;
 inline constexpr ErrorNumber kMemberNotFound = 5941;
@@ -29,7 +29,7 @@ inline constexpr ErrorNumber kNotAvailable = 4605;
 /// An error with the number and the text that a caller of an automation interface would see.
 class AutomationError : public std::runtime_error {
   public:
-    /// The place is the one that throws.
+    /// The default place is that of the throw expression.
     AutomationError(ErrorNumber number, const std::string& description,
                     const std::source_location& place = std::source_location::current())
         : std::runtime_error(description), number_(number), place_(place) {}

@@ -15,8 +15,8 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kMostLinks = 40;
-constexpr std::size_t kLeastGrowth = 65536;
+constexpr int kMaxLinks = 40;
+constexpr std::size_t kMinGrowth = 65536;
 constexpr mode_t kPermissionBits = 07777;
 
 /// A file open for reading.
@@ -32,12 +32,12 @@ class OpenFile {
     OpenFile& operator=(const OpenFile&) = delete;
     ~OpenFile() { calls_.close(file_); }
 
-    /// The size is only what is expected; what is there to be read counts.
+    /// Reads to the end of the file, whatever its size; the expected size saves reallocations.
     std::string readAll(std::size_t expectedSize) {
-        // One byte more, so that the end shows without growing.
+        // One byte more, so that the end is found without growing.
         std::string bytes(expectedSize + 1, '\0');
         for (std::size_t filled = 0;;) {
-            if (filled == bytes.size()) bytes.resize(filled + std::max(filled, kLeastGrowth));
+            if (filled == bytes.size()) bytes.resize(filled + std::max(filled, kMinGrowth));
             const std::size_t count = readInto(bytes.data() + filled, bytes.size() - filled);
             filled += count;
             if (count > 0) continue;
@@ -90,7 +90,7 @@ void DiskFileStore::copy(const std::string& from, const std::string& to) {
 
 std::string DiskFileStore::followLinks(const std::string& path) {
     std::string target = path;
-    for (int links = 0; links < kMostLinks; ++links) {
+    for (int links = 0; links < kMaxLinks; ++links) {
         const std::optional<std::string> next = readLink(target);
         if (!next) return target;
         target = next->starts_with('/') ? *next : joinPath(parentFolder(target), *next);
@@ -107,7 +107,7 @@ std::optional<std::string> DiskFileStore::readLink(const std::string& path) {
     return std::nullopt;
 }
 
-/// The permissions of the file that is to be replaced; none when there is no file yet.
+/// Returns the permissions of the file that is to be replaced; none when there is no file yet.
 std::optional<mode_t> DiskFileStore::modeOf(const std::string& path) {
     struct stat status {};
     if (calls_.stat(path.c_str(), &status) < 0) {
@@ -116,7 +116,7 @@ std::optional<mode_t> DiskFileStore::modeOf(const std::string& path) {
     }
     if (S_ISDIR(status.st_mode)) raiseNotSaved(path, EISDIR);
     if (!S_ISREG(status.st_mode)) raiseNotSaved(path, "it is a device");
-    // A rename asks the folder alone, so a file that its owner protects has to be asked here.
+    // A rename needs only the folder's permission, so a write-protected file has to be checked here.
     if (calls_.access(path.c_str(), W_OK) < 0) raiseNotSaved(path, "it is write-protected");
     return status.st_mode & kPermissionBits;
 }

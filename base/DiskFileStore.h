@@ -9,9 +9,9 @@ namespace mergeloom {
 
 /// The files of the disk.
 ///
-/// A save writes a temporary file beside the target, brings it safely to the disk and renames it over the
-/// target: whoever reads sees the old file or the new one, whole. A symbolic link stays and the file that it
-/// leads to is replaced. The new file has the permissions of the one it replaces.
+/// A save writes a temporary file beside the target, flushes it to the disk and renames it over the target:
+/// readers see the whole old file or the whole new one. A symbolic link stays and the file that it leads to
+/// is replaced. The new file has the permissions of the one it replaces.
 class DiskFileStore final : public FileStore {
   public:
     explicit DiskFileStore(FileSystemCalls& calls = systemFileCalls()) : calls_(calls) {}

@@ -2,18 +2,20 @@
 
 #include "base/AutomationError.h"
 
+#include <exception>
+#include <source_location>
 #include <string>
 
 namespace mergeloom {
 
-/// What a procedure's trap knows of an unexpected error.
+/// The report of an unexpected error by the trap of a procedure.
 struct ErrorReport {
     ErrorNumber number = 0;
     std::string description;
     std::string comment;  ///< what the procedure was working on; may be empty
     std::string module;
     std::string procedure;
-    std::string place{};  ///< file and line of what threw the error, else of the trap; empty where unknown
+    std::string place{};  ///< file and line of the throw, otherwise of the trap; empty when unknown
 };
 
 /// Returns the procedure with its module and the place, as "COptions.init (xml/COptions.cpp:14)".
@@ -22,7 +24,7 @@ inline std::string shownProcedure(const ErrorReport& report) {
     return report.place.empty() ? name : name + " (" + report.place + ")";
 }
 
-/// Where unexpected errors end: each procedure's trap reports here and then answers as its rules say.
+/// Receives unexpected errors: each procedure's trap reports here and then returns as its contract requires.
 class ErrorHandler {
   public:
     ErrorHandler() = default;
@@ -32,5 +34,28 @@ class ErrorHandler {
 
     virtual void report(const ErrorReport& report) = 0;
 };
+
+/// Returns a place of the source as "xml/COptions.cpp:14". The build makes file names relative to the
+/// project.
+inline std::string shownPlace(const std::source_location& place) {
+    return place.file_name() + (":" + std::to_string(place.line()));
+}
+
+/// Runs the body of a procedure under its trap: an error ends the body and is passed to the error handler
+/// with the procedure's name and the comment's text at that time. An AutomationError has its own place; for
+/// other errors the place is that of the trap.
+template <typename Body>
+void trap(ErrorHandler& errors, const char* module, const char* procedure, const Body& body,
+          const std::string& comment = {},
+          const std::source_location& place = std::source_location::current()) {
+    try {
+        body();
+    } catch (const AutomationError& error) {
+        errors.report(
+            {error.number(), error.description(), comment, module, procedure, shownPlace(error.place())});
+    } catch (const std::exception& error) {
+        errors.report({0, error.what(), comment, module, procedure, shownPlace(place)});
+    }
+}
 
 }  // namespace mergeloom

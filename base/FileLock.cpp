@@ -16,7 +16,7 @@ bool isFolder(int file) {
     return fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// Asks for a lock on the whole file without taking it.
+/// Tests for a lock on the whole file without taking one.
 bool hasRecordLock(int file) {
     struct flock lock {};
     lock.l_type = F_WRLCK;
@@ -24,7 +24,7 @@ bool hasRecordLock(int file) {
     return fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
-/// This kind of lock can only be tried; closing the file gives it back.
+/// This kind of lock can only be tried; closing the file releases it.
 bool hasWholeFileLock(int file) {
     return flock(file, LOCK_EX | LOCK_NB) < 0 && errno == EWOULDBLOCK;
 }

@@ -4,8 +4,8 @@
 
 namespace mergeloom {
 
-/// Whether the file could not be had for oneself alone: another process holds a lock on it (POSIX record
-/// locks, open file description locks, flock), or it cannot be opened for reading.
+/// Returns true when another process holds a lock on the file (POSIX record locks, open file description
+/// locks, flock), or when it cannot be opened for reading.
 bool isLockedByAnother(const std::string& path);
 
 }  // namespace mergeloom

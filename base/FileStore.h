@@ -1,13 +1,24 @@
 #pragma once
 
-#include "base/ByteSink.h"
-
 #include <functional>
+#include <span>
 #include <string>
 
 namespace mergeloom {
 
-/// Where documents lie: the disk in the program, memory or a disk that fails in tests.
+/// Receives bytes one after the other.
+class ByteSink {
+  public:
+    ByteSink() = default;
+    ByteSink(const ByteSink&) = delete;
+    ByteSink& operator=(const ByteSink&) = delete;
+    virtual ~ByteSink() = default;
+
+    /// Raises an AutomationError with the reason when the bytes cannot be written.
+    virtual void write(std::span<const char> bytes) = 0;
+};
+
+/// The storage of documents: the disk in the program, memory or a failing disk in tests.
 class FileStore {
   public:
     FileStore() = default;
@@ -16,13 +27,13 @@ class FileStore {
     virtual ~FileStore() = default;
 
     virtual bool fileExists(const std::string& path) = 0;
-    /// The whole file. Raises kFileCouldNotBeRead with a sentence that names the file.
+    /// Returns the whole file. Raises kFileCouldNotBeRead with a sentence that names the file.
     virtual std::string read(const std::string& path) = 0;
-    /// Writes a file whole or not at all: what stood at the path stays whole until all bytes are safe.
+    /// Writes a file whole or not at all: an existing file stays whole until all bytes are safe.
     /// Raises kFileCouldNotBeSaved with a sentence that names the file; errors of the writer pass through.
     virtual void save(const std::string& path, const std::function<void(ByteSink&)>& writer) = 0;
-    /// Makes or replaces a file, whole or not at all, by a copy of another; on a disk the copy is as open to
-    /// others as the original. Errors as for read and save.
+    /// Makes or replaces a file, whole or not at all, by a copy of another; on a disk the copy has the
+    /// permissions of the original. Errors as for read and save.
     virtual void copy(const std::string& from, const std::string& to) {
         const std::string bytes = read(from);
         save(to, [&](ByteSink& sink) { sink.write(bytes); });

@@ -7,8 +7,8 @@
 
 namespace mergeloom {
 
-/// The system's calls on files, under the names and with the answers that POSIX.1 gives them: -1 and errno
-/// tell of a failure. A double of them shows what a save does when one of them fails.
+/// The system's calls on files, with the names and results of POSIX.1: -1 and errno report a failure. A test
+/// double shows how a save behaves when one of them fails.
 class FileSystemCalls {
   public:
     FileSystemCalls() = default;
@@ -29,7 +29,7 @@ class FileSystemCalls {
     virtual int unlink(const char* path) = 0;
 };
 
-/// The calls of the system that the program runs on.
+/// Returns the calls of the running system.
 FileSystemCalls& systemFileCalls();
 
 }  // namespace mergeloom

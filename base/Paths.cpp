@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kSeparator = '/';
 
-/// The path without the separators at its end; nothing is left of the root.
+/// Returns the path without the separators at its end; empty for the root.
 std::string withoutTrailingSeparators(const std::string& path) {
     return path.substr(0, path.find_last_not_of(kSeparator) + 1);
 }

@@ -4,7 +4,7 @@
 
 namespace mergeloom {
 
-/// Where long work tells how far it is.
+/// Receives the progress of long work.
 class Progress {
   public:
     Progress() = default;
@@ -12,7 +12,7 @@ class Progress {
     Progress& operator=(const Progress&) = delete;
     virtual ~Progress() = default;
 
-    /// Told after each step, so it has to cost little.
+    /// Called after each step, so it has to be cheap.
     virtual void advance(std::int64_t done, std::int64_t total) = 0;
 };
 

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <string>
 
-/// What the system's error numbers (errno) mean to a user.
+/// Translates the system's error numbers (errno) to sentences for users.
 namespace mergeloom {
 
 /// Repeats a system call that a signal interrupted.

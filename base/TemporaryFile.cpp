@@ -12,16 +12,16 @@ namespace mergeloom {
 namespace {
 
 constexpr std::size_t kBufferSize = 65536;
-constexpr int kMostNames = 1000;
+constexpr int kMaxNames = 1000;
 constexpr mode_t kModeOfNewFile = 0666;
 constexpr mode_t kPrivateMode = 0600;
 
-/// The name does not grow with the target's, which may be as long as the disk allows already.
+/// The name does not depend on the target's, which may already have the maximum length.
 std::string temporaryName(int number) {
     return ".mergeloom-" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
 }
 
-/// A folder held open so that its entries can be brought safely to the disk.
+/// A folder held open so that its entries can be flushed to the disk.
 class OpenFolder {
   public:
     OpenFolder(FileSystemCalls& calls, const std::string& path)
@@ -35,8 +35,7 @@ class OpenFolder {
     }
 
     [[nodiscard]] bool isOpen() const { return folder_ >= 0; }
-    /// Some file systems cannot do this for folders and say so with EINVAL; they keep entries safe by
-    /// themselves.
+    /// Some file systems return EINVAL for folders, since they flush entries themselves.
     bool synchronise() {
         return repeatInterrupted([this] { return calls_.fsync(folder_); }) == 0 || errno == EINVAL;
     }
@@ -66,7 +65,7 @@ void TemporaryFile::remove() {
 }
 
 void TemporaryFile::create(mode_t mode) {
-    for (int number = 0; number < kMostNames; ++number) {
+    for (int number = 0; number < kMaxNames; ++number) {
         const std::string path = joinPath(folder_, temporaryName(number));
         const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
         file_ = repeatInterrupted([&] { return calls_.open(path.c_str(), flags, mode); });
@@ -119,7 +118,7 @@ void TemporaryFile::replaceTarget() {
 }
 
 void TemporaryFile::closeFile() {
-    // The number is free after a failed close too, and may belong to somebody else already.
+    // Even after a failed close the number is free and may already have been reused.
     const int file = file_;
     file_ = -1;
     if (calls_.close(file) < 0 && errno != EINTR) fail(errno);

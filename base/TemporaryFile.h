@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/ByteSink.h"
+#include "base/FileStore.h"
 #include "base/FileSystemCalls.h"
 
 #include <optional>
@@ -9,19 +9,19 @@
 
 namespace mergeloom {
 
-/// A file beside another, its target, that is written first and takes the target's place when it is complete.
-/// When it does not come to that, it is removed at the end of its life and the target stays as it was.
+/// A file beside another, its target, that is written first and replaces the target when it is complete.
+/// Otherwise it is removed at the end of its life and the target stays unchanged.
 ///
 /// All errors are kFileCouldNotBeSaved with a sentence that names the target.
 class TemporaryFile final : public ByteSink {
   public:
-    /// With the mode of the file that is to be replaced, or what the process's mask leaves a new file.
+    /// Uses the mode of the file that is to be replaced, or the default mode of a new file.
     TemporaryFile(FileSystemCalls& calls, const std::string& target, std::optional<mode_t> mode);
     ~TemporaryFile() override;
 
     void write(std::span<const char> bytes) override;
-    /// Brings the bytes safely to the disk and puts the file in the target's place. When the disk fails only
-    /// after that, the error says that the target is the new one already.
+    /// Flushes the bytes to the disk and replaces the target. When the disk fails only after that, the error
+    /// says that the target is already the new file.
     void replaceTarget();
 
   private:
@@ -36,7 +36,7 @@ class TemporaryFile final : public ByteSink {
     FileSystemCalls& calls_;
     std::string target_;
     std::string folder_;
-    std::string path_;  ///< empty when there is nothing to remove
+    std::string path_;  ///< empty when no file is to be removed
     int file_ = -1;
     std::string buffer_;
 };

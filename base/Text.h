@@ -10,47 +10,51 @@
 /// Text is UTF-8 throughout the program; these routines are the only places that look at its bytes.
 namespace mergeloom {
 
-/// The first code point of a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
+/// Returns the first code point of a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
 char32_t firstCodePoint(std::string_view text);
 
-/// Takes the first code point off a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
+/// Removes and returns the first code point of a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
 char32_t takeCodePoint(std::string_view& text);
 
-/// True when every byte of a text belongs to a well-formed UTF-8 character.
+/// Returns true when every byte of a text belongs to a well-formed UTF-8 character.
 bool isUtf8(std::string_view text);
 
-/// Half of a surrogate pair and a number beyond Unicode are written as U+FFFD.
+/// Appends a code point. Half of a surrogate pair and a number beyond Unicode are written as U+FFFD.
 void appendCodePoint(std::string& text, char32_t codePoint);
-/// A surrogate that has lost its other half becomes U+FFFD.
+/// Converts UTF-16. An unpaired surrogate becomes U+FFFD.
 std::string fromUtf16(std::u16string_view units);
 
-/// How many UTF-16 code units a text has.
+/// Returns the number of UTF-16 code units of a text.
 CharacterCount utf16Length(std::string_view text);
 
-/// The byte offset at which the given number of UTF-16 code units of a text end; the text's size when it has
-/// fewer. A count that ends between the halves of a surrogate pair rounds up behind the character.
+/// Returns the byte offset at which the given number of UTF-16 code units of a text end; the text's size when
+/// it has fewer. A count that ends between the halves of a surrogate pair is rounded up to after the
+/// character.
 std::size_t byteOffset(std::string_view text, CharacterCount units);
 
-/// The last characters of a text, at most the given number of UTF-16 code units; never half a character.
+/// Returns the last characters of a text, at most the given number of UTF-16 code units; never half a
+/// character.
 std::string_view lastCharacters(std::string_view text, CharacterCount units);
 
-/// The text as it is compared where letter case does not count (simple case folding of Unicode).
+/// Returns the text for comparisons regardless of letter case (simple case folding of Unicode).
 std::string foldCase(std::string_view text);
-/// Takes the first code point off a non-empty text and folds its case.
+/// Removes the first code point of a non-empty text and returns it with folded case.
 char32_t takeFoldedCodePoint(std::string_view& text);
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b);
-/// The byte offset of the first occurrence, ignoring ASCII case, at or after from; npos when there is none.
+/// Returns the byte offset of the first occurrence, ignoring ASCII case, at or after from; npos when there is
+/// none.
 std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from = 0);
 
 std::string toLowerAscii(std::string_view text);
-/// Takes blanks (U+0020 only) off both ends.
+/// Removes blanks (U+0020 only) from both ends.
 std::string_view trimBlanks(std::string_view text);
 std::vector<std::string_view> split(std::string_view text, char separator);
 /// Replaces every occurrence of a non-empty part.
 std::string replaceAll(std::string_view text, std::string_view part, std::string_view replacement);
 
-/// A letter by its Unicode property that Word takes in a bookmark's name: one UTF-16 code unit long.
+/// Returns true for a letter (a Unicode property) of one UTF-16 code unit, which Word accepts in a bookmark's
+/// name.
 bool isNameLetter(char32_t codePoint);
 constexpr bool isDigit(char32_t codePoint) {
     return codePoint >= U'0' && codePoint <= U'9';

@@ -32,14 +32,15 @@ struct Emu {
     friend auto operator<=>(const Emu&, const Emu&) = default;  // NOLINT
 };
 
-/// A length in points, 72 to an inch, in which Excel gives the places and sizes of cells and pictures.
+/// A length in points, 72 to an inch, in which Excel measures the places and sizes of cells and pictures.
 struct Points {
     double value = 0;
 
     friend auto operator<=>(const Points&, const Points&) = default;  // NOLINT
 };
 
-/// The width of a column as Excel shows it: how many digits of the workbook's default font fit into it.
+/// The width of a column as Excel shows it: the number of digits of the workbook's default font that fit into
+/// it.
 struct ColumnWidth {
     double value = 0;
 

@@ -21,7 +21,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int maxPlacesOfAKind = 20;
+constexpr int kMaxPlacesOfAKind = 20;
 
 bool isSpecialPlace(DropKind kind) {
     return kind == DropKind::OptionalSpace || kind == DropKind::OptionalCarriageReturn;
@@ -30,7 +30,7 @@ bool isSpecialPlace(DropKind kind) {
 /// Returns the first free name of the kind, or an empty text when all are taken.
 std::string freeSpecialName(word::Bookmarks& bookmarks, DropKind kind) {
     const std::string base = WordNormalizeName(DropKindName(kind), false);
-    for (int number = 0; number < maxPlacesOfAKind; ++number) {
+    for (int number = 0; number < kMaxPlacesOfAKind; ++number) {
         std::string name = base + std::to_string(number);
         if (!bookmarks.Exists(name)) return name;
     }

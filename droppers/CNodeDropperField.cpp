@@ -12,9 +12,7 @@
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Cells.h"
-#include "office/model/word/Rows.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 #include "xml/modMSXMLHelper.h"
 
 #include <algorithm>

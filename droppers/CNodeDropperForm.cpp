@@ -5,7 +5,7 @@
 #include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
 #include "office/model/excel/Application.h"
-#include "office/model/excel/Selection.h"
+#include "office/model/excel/Range.h"
 #include "office/model/word/Application.h"
 
 namespace mergeloom {

@@ -2,7 +2,7 @@
 
 #include "droppers/modBookmarkAdd.h"
 #include "office/model/excel/Application.h"
-#include "office/model/excel/Selection.h"
+#include "office/model/excel/Range.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Selection.h"
 #include "xml/modMSXMLHelper.h"

@@ -5,7 +5,6 @@
 #include "droppers/StructureNodes.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/word/Cell.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Table.h"
 #include "xml/TreeView.h"

@@ -1,7 +1,7 @@
 #include "droppers/CellNavigation.h"
 
 #include "base/AutomationError.h"
-#include "office/model/excel/Columns.h"
+#include "office/model/excel/Range.h"
 
 namespace mergeloom {
 

@@ -4,10 +4,9 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "base/Text.h"
-#include "base/Trap.h"
 #include "droppers/PlaceNames.h"
 #include "droppers/modWordNormalizeName.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <functional>
 #include <source_location>

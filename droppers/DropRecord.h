@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/model/OfficeDocument.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "droppers/StructureNodes.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <string>
 #include <string_view>

@@ -1,13 +1,10 @@
 #include "droppers/SelectionCheck.h"
 
 #include "base/AutomationError.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Cells.h"
 #include "office/model/word/Fields.h"
-#include "office/model/word/InlineShapes.h"
 #include "office/model/word/Range.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 
 namespace mergeloom {
 

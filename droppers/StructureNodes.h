@@ -3,7 +3,6 @@
 #include "droppers/DropContext.h"
 #include "xml/TreeView.h"
 #include "xml/XmlNode.h"
-#include "xml/XmlNodeCollection.h"
 
 #include <string>
 #include <vector>

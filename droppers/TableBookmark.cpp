@@ -9,11 +9,10 @@
 #include "droppers/modBookmarkAdd.h"
 #include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
-#include "office/model/excel/Columns.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 #include "xml/modMSXMLHelper.h"
 
 #include <cstdint>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "droppers/DropContext.h"
-#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Names.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Table.h"
 #include "xml/TreeView.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <string>
 

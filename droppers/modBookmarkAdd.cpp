@@ -5,7 +5,7 @@
 #include "droppers/SelectionCheck.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/InlineShapes.h"
+#include "office/model/word/Range.h"
 #include "xml/modNamedItems.h"
 
 namespace mergeloom {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "droppers/DropContext.h"
-#include "office/model/word/Bookmark.h"
+#include "office/model/word/Bookmarks.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Range.h"
 

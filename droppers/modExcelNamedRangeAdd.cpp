@@ -5,8 +5,6 @@
 #include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Names.h"
-#include "office/model/excel/Picture.h"
-#include "office/model/excel/Pictures.h"
 #include "office/model/excel/Shapes.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "droppers/DropContext.h"
-#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
-#include "office/model/excel/Shape.h"
+#include "office/model/excel/Shapes.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/excel/Worksheet.h"
 

@@ -10,7 +10,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr CharacterCount maxScannedName{255};
+constexpr CharacterCount kMaxScannedName{255};
 
 /// Returns the counters that the name of a further place may end in.
 std::vector<std::string> counters() {
@@ -45,7 +45,7 @@ bool isFurtherPlace(std::string_view name, std::string_view bookmarkName) {
 
 std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
     const std::string name = nameToNormalize(rstrName, vfAppendT);
-    return utf16Length(name) > maxScannedName ? "" : normalizedName(name, word::kMaxBookmarkName);
+    return utf16Length(name) > kMaxScannedName ? "" : normalizedName(name, word::kMaxBookmarkName);
 }
 
 std::string SimplifyName(std::string_view vstrName) {

@@ -12,14 +12,14 @@ class COptions {
   public:
     explicit COptions(ErrorHandler& errors) : errors_(errors) {}
 
-    /// Reads the options below the document element. Raises kApplicationError when there are none; the
-    /// folders then stay as they were.
+    /// Reads the options below the document element. Raises kApplicationError when there are none, and then
+    /// keeps the folders.
     void init(XmlNode documentElement);
 
-    /// The same for a document that may come without options: returns whether it has them.
+    /// Reads the options of a document that may have none. Returns true when it has them.
     bool initIfThere(XmlNode documentElement);
 
-    /// Empty when the options do not name it. Whether the folder exists is not looked at.
+    /// Returns the folder, empty when the options do not name it. It need not exist.
     [[nodiscard]] const std::string& DocumentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& TemplatesFolder() const { return templatesFolder_; }
 

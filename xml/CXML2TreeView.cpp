@@ -1,14 +1,28 @@
 #include "xml/CXML2TreeView.h"
 
+#include "base/ErrorHandler.h"
 #include "base/Text.h"
-#include "base/Trap.h"
 #include "xml/modMSXMLHelper.h"
+#include "xml/modNamedItems.h"
 
+#include <algorithm>
 #include <optional>
+#include <pugixml.hpp>
 
 namespace mergeloom {
 
 namespace {
+
+std::string_view localName(std::string_view qualifiedName) {
+    return qualifiedName.substr(qualifiedName.find(':') + 1);
+}
+
+/// Returns the name as a search for it would write it into its expression.
+std::string searchedName(std::string_view name) {
+    const bool bothQuotes =
+        name.find('\'') != std::string_view::npos && name.find('"') != std::string_view::npos;
+    return bothQuotes ? replaceAll(name, "\"", "") : std::string(name);
+}
 
 constexpr const char* kClass = "CXML2TreeView";
 constexpr ErrorNumber kTypeMismatch = 13;
@@ -40,8 +54,8 @@ int objectView(XmlNode object) {
         kTypeMismatch, "The CurrentView '" + *view + "' of " + objectText(object) + " is no whole number.");
 }
 
-/// The icon of what has no view: that of its control type. What is no known control, such as a table without
-/// a view, gets the icon of the controls that are of no other kind.
+/// Returns the icon of a node without a view: that of its control type, or that of a custom control when it
+/// is no known control, such as a table without a view.
 std::string typeImage(const std::string& typeName) {
     const ControlType type = controlTypeOf(typeName);
     return ControlTypeName(type == ControlType::Unknown ? ControlType::CustomControl : type);
@@ -57,13 +71,71 @@ void markView(TreeNode& node, const std::string& typeName, int viewState, bool s
 
 }  // namespace
 
+BoundValueIndex::BoundValueIndex(XmlNode data) {
+    addBelow(pugi::xml_node(data.handle()));
+    std::sort(byName_.begin(), byName_.end());
+}
+
+// Returns true when there is a BoundValue element below the parent. The loader rejects deeply nested
+// documents.
+bool BoundValueIndex::addBelow(pugi::xml_node parent) {
+    bool found = false;
+    for (const pugi::xml_node child : parent.children()) {
+        if (child.type() != pugi::node_element) continue;
+        const StructureElement element = structureElementOf(localName(child.name()));
+        const bool foundBelow = element == StructureElement::Control ? addControl(child) : addBelow(child);
+        found = found || foundBelow || element == StructureElement::BoundValue;
+    }
+    return found;
+}
+
+bool BoundValueIndex::addControl(pugi::xml_node element) {
+    const auto number = static_cast<Number>(controls_.size());
+    controls_.push_back({});
+    bool hasName = false;
+    for (const pugi::xml_attribute attribute : element.attributes()) {
+        if (NamedItemIndex(NamedItemList::Attributes, localName(attribute.name())) != 0) continue;
+        byName_.push_back({attribute.value(), number});
+        hasName = true;
+    }
+    if (hasName) named_.push_back(number);
+
+    const bool found = addBelow(element);
+    controls_[number] = {static_cast<Number>(controls_.size()), found};
+    return found;
+}
+
+bool BoundValueIndex::hasBoundValue(std::string_view outerName, std::string_view name) const {
+    Number from = 0;
+    auto end = static_cast<Number>(controls_.size());
+    if (!outerName.empty()) {
+        const Number outer = first(searchedName(outerName), from, end);
+        if (outer == end) return false;
+        from = outer + 1;
+        end = controls_[outer].endBelow;
+    }
+    const Number control = first(searchedName(name), from, end);
+    return control != end && controls_[control].hasBoundValue;
+}
+
+// Returns the first control of a name from one number to before another; the latter when there is none.
+BoundValueIndex::Number BoundValueIndex::first(std::string_view name, Number from, Number end) const {
+    if (name.empty()) {
+        const auto found = std::lower_bound(named_.begin(), named_.end(), from);
+        return found == named_.end() ? end : std::min(*found, end);
+    }
+    const auto found = std::lower_bound(byName_.begin(), byName_.end(), NamedControl{name, from});
+    const bool same = found != byName_.end() && found->name == name;
+    return same ? std::min(found->number, end) : end;
+}
+
 void CXML2TreeView::DisplayXMLNode(int parentIndex, XmlNode node, bool showIcons) {
     trap(errors_, kClass, "DisplayXMLNode", [&] {
         if (node) displayNode(parentIndex, node, showIcons);
     });
 }
 
-// Recurses through DisplayXMLNode: the loader keeps documents from being nested deep.
+// Recurses through DisplayXMLNode, which is safe since the loader rejects deeply nested documents.
 void CXML2TreeView::displayNode(int parentIndex, XmlNode node, bool showIcons) {
     std::string typeName;
     int viewState = 0;

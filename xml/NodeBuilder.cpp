@@ -14,7 +14,7 @@ constexpr const char* kWhiteSpace = " \t\r\n";
 /// The length of "<a/>".
 constexpr std::size_t kSmallestNode = 4;
 
-/// The tree tells of exhausted memory by an answer that is false.
+/// Raises std::bad_alloc for a false result, by which the tree reports exhausted memory.
 void require(bool done) {
     if (!done) throw std::bad_alloc();
 }
@@ -32,7 +32,7 @@ class QualifiedName {
     std::string prefixed_;
 };
 
-/// An element with all attributes of the vocabulary and one with all its elements.
+/// Returns an element with all attributes of the vocabulary and one with all its elements.
 std::string vocabulary() {
     std::string name;
     std::string attributes;
@@ -57,8 +57,8 @@ NodeBuilder::~NodeBuilder() {
 }
 
 void NodeBuilder::startElement(const char* prefix, const char* localName) {
-    if (++depth_ > kDeepestNesting) {
-        throw DocumentRefused("Elements are nested more than " + std::to_string(kDeepestNesting) +
+    if (++depth_ > kMaxNesting) {
+        throw DocumentRefused("Elements are nested more than " + std::to_string(kMaxNesting) +
                               " levels deep");
     }
     finishText();
@@ -104,7 +104,7 @@ void NodeBuilder::addCData(std::string_view text) {
 }
 
 void NodeBuilder::addComment(const char* text) {
-    // What stands around the document element is of no use to anyone.
+    // Comments outside the document element are never read.
     if (depth_ > 0) require(appendChild(pugi::node_comment).set_value(text));
 }
 

@@ -7,17 +7,18 @@
 
 namespace mergeloom {
 
-/// Why a document that may be well-formed is not taken; the text is a sentence without its full stop.
+/// Raised for a document that is refused though it may be well-formed. The text is a sentence without its
+/// full stop.
 class DocumentRefused : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Builds the document's tree from what a parser reports. Text between two other nodes becomes one node, or
-/// none when it is nothing but white space. Elements may be nested kDeepestNesting levels deep, so that
-/// whoever walks the tree may recurse.
+/// Builds the document's tree from a parser's events. Text between two other nodes becomes one node, or
+/// none when it is nothing but white space. Elements may be nested kMaxNesting levels deep, so that
+/// code that walks the tree may recurse.
 class NodeBuilder {
   public:
-    static constexpr int kDeepestNesting = 250;
+    static constexpr int kMaxNesting = 250;
 
     /// The document must be empty and outlive the builder.
     explicit NodeBuilder(pugi::xml_document& document);
@@ -25,7 +26,7 @@ class NodeBuilder {
     NodeBuilder& operator=(const NodeBuilder&) = delete;
     ~NodeBuilder();
 
-    /// Raises DocumentRefused for an element that is nested too deep.
+    /// Raises DocumentRefused for an element that is nested too deeply.
     void startElement(const char* prefix, const char* localName);
     /// Adds an attribute to the element that was started last.
     void addAttribute(const char* prefix, const char* localName, std::string_view value);
@@ -35,7 +36,7 @@ class NodeBuilder {
     void addComment(const char* text);
     void addProcessingInstruction(const char* target, const char* data);
 
-    /// How many bytes were built, about as they would be written without entities.
+    /// Returns the approximate size in bytes of the tree, written without entities.
     [[nodiscard]] std::size_t size() const { return size_; }
 
   private:

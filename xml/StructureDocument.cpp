@@ -15,12 +15,12 @@ namespace {
 
 constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
 
-/// The bytes of a file, read from its start to its end. A folder can be opened; reading from it fails.
+/// The bytes of a file, read from its start to its end. A folder can be opened, but reading from it fails.
 class FileBytes {
   public:
     explicit FileBytes(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rb")) {
         if (file_ == nullptr) raiseNotRead(path_, errno);
-        // The parser asks for large pieces itself.
+        // The parser itself reads large pieces.
         std::setvbuf(file_, nullptr, _IONBF, 0);
     }
     FileBytes(const FileBytes&) = delete;

@@ -17,21 +17,22 @@ class StructureDocument {
     StructureDocument& operator=(const StructureDocument&) = delete;
     ~StructureDocument();
 
-    /// Loads the document from a file, in any encoding that its declaration or byte order mark names. When
-    /// that fails the answer is false, the document is empty and parseError tells why. Nodes of what was
-    /// loaded before are gone.
+    /// Loads the document from a file, in any encoding that its declaration or byte order mark names. On
+    /// failure it returns false, the document is empty and parseError returns the reason. Invalidates the
+    /// nodes of the former document.
     bool Load(const std::string& path);
-    /// The same from a text.
+    /// Loads the document from a text.
     bool loadXML(std::string_view text);
 
-    /// Why the last loading failed: a sentence that names the file, the line and the parser's reason.
+    /// Returns the reason why the last loading failed: a sentence that names the file, the line and the
+    /// parser's reason.
     [[nodiscard]] const ParseError& parseError() const { return parseError_; }
 
-    /// The document element; none when nothing is loaded.
+    /// Returns the document element; null when no document is loaded.
     [[nodiscard]] XmlNode documentElement() const;
 
-    /// The file that an Image attribute names, or an empty text when there is none. A relative path leads
-    /// from the folder of the document's file, else from the current folder.
+    /// Returns the file that an Image attribute names, or an empty text when there is none. A relative path
+    /// is searched in the folder of the document's file, then in the current folder.
     [[nodiscard]] std::string findPicture(const std::string& image) const;
 
   private:

@@ -15,18 +15,18 @@ namespace mergeloom {
 
 namespace {
 
-// Entities are replaced, so that a text reads as its author meant it; the reader itself keeps external ones
-// out, which this option alone would let in. The parser's bounds of texts and depth are off, since the
-// document's own ones decide; its bound of entities goes with them, so they are counted here.
+// Entities are replaced, so that a text reads as its author intended. This option alone would allow external
+// ones, which the reader itself refuses. The parser's limits of text length and depth are off in favour of
+// the document's own; that also disables its limit of entities, so they are counted here.
 constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_HUGE;
-/// How many fields stand for one attribute in what the parser reports of an element.
+/// The number of array items by which the parser reports one attribute.
 constexpr int kAttributeFields = 5;
 
-// How far entities may blow a document up. Text in an encoding of one byte a character may become three times
-// as long without any entity.
-constexpr std::size_t kLargestExpansion = 10;
+// The factor by which entities may enlarge a document. Text in an encoding of one byte a character may become
+// three times as long without any entity.
+constexpr std::size_t kMaxExpansion = 10;
 constexpr std::size_t kAlwaysAllowedSize = std::size_t{1} << 20;
-/// What a reference counts besides the entity's length: references to nothing take time, too.
+/// The cost of a reference besides the entity's length: references to empty entities take time, too.
 constexpr std::size_t kReferenceSize = 16;
 
 struct ContextDeleter {
@@ -61,7 +61,7 @@ class ErrorRoute {
     xmlStructuredErrorFunc formerFunction_;
 };
 
-/// One reading of one document: receives the parser's reports and hands them to the builder.
+/// Reads one document: receives the parser's events and passes them to the builder.
 class StructureReader {
   public:
     StructureReader(const ByteReader& bytes, pugi::xml_document& document)
@@ -90,8 +90,8 @@ class StructureReader {
         return *static_cast<StructureReader*>(static_cast<xmlParserCtxt*>(context)->_private);
     }
 
-    /// Runs a report's handling. No exception may pass through the parser, and after the first error nothing
-    /// more is handled.
+    /// Runs an event's handler. No exception may pass through the parser, and after the first error no event
+    /// is handled.
     template <typename Body>
     static void handle(void* context, const Body& body) {
         StructureReader& reader = of(context);
@@ -103,8 +103,7 @@ class StructureReader {
         } catch (...) {
             reader.unexpected_ = std::current_exception();
         }
-        // What an entity stands for is parsed in a context of its own; the document around it is over as
-        // well.
+        // An entity's content is parsed in a context of its own; the document around it has to end, too.
         if (!reader.failed()) return;
         xmlStopParser(static_cast<xmlParserCtxt*>(context));
         xmlStopParser(reader.context_.get());
@@ -124,12 +123,12 @@ class StructureReader {
 
     void checkExpansion() const {
         const std::size_t expanded = std::max(builder_.size(), referenced_);
-        if (expanded <= kAlwaysAllowedSize || expanded / kLargestExpansion <= size_) return;
-        throw DocumentRefused("Entities expand to more than " + std::to_string(kLargestExpansion) +
+        if (expanded <= kAlwaysAllowedSize || expanded / kMaxExpansion <= size_) return;
+        throw DocumentRefused("Entities expand to more than " + std::to_string(kMaxExpansion) +
                               " times the document's size");
     }
 
-    /// Refuses external entities; the parser itself tells of unknown ones. Of the others each use is counted,
+    /// Refuses external entities; the parser itself reports unknown ones. Each use of the others is counted,
     /// since an attribute's value is expanded before it is reported.
     static xmlEntity* ownEntity(void* context, xmlEntity* entity) {
         if (entity == nullptr) return nullptr;
@@ -157,7 +156,7 @@ class StructureReader {
         });
     }
 
-    /// The first error counts: what follows is often only its consequence.
+    /// Keeps the first error, since later ones are often only its consequences.
     void keepError(const xmlError& error) {
         if (failed() || error.level < XML_ERR_ERROR) return;
         std::string_view message = error.message == nullptr ? "It is not well-formed" : error.message;

@@ -10,18 +10,19 @@ class xml_document;
 
 namespace mergeloom {
 
-/// What is wrong with a document. Loaded documents have an empty reason.
+/// The error in a document. The reason is empty for a document without errors.
 struct ParseError {
-    std::string reason;  ///< from readStructure the words of the parser; from a document a whole sentence
+    std::string reason;  ///< from readStructure the parser's words; from a document a whole sentence
     int line = 0;        ///< from 1; 0 when the document could not be read at all
 };
 
-/// Puts the next bytes of a document into a buffer: how many, 0 at the end. May raise an AutomationError.
+/// Reads the next bytes of a document into a buffer and returns their number, 0 at the end. May raise an
+/// AutomationError.
 using ByteReader = std::function<std::size_t(char* buffer, std::size_t size)>;
 
-/// Reads a document strictly as XML 1.0 with namespaces into an empty tree. Nothing but the bytes is read: no
-/// network, no other file; entities of the document itself are replaced as far as they stay small. Raises
-/// what the reader of the bytes raises.
+/// Reads a document strictly as XML 1.0 with namespaces into an empty tree. No network and no other file is
+/// read; entities of the document itself are replaced as long as they stay small. Passes on the errors of the
+/// byte reader.
 ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document);
 
 }  // namespace mergeloom

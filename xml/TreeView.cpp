@@ -53,7 +53,7 @@ TreeNode& TreeView::Add(int parentIndex, int keyNumber, std::string_view text) {
     node.index_ = Count();
     node.parent_ = parentIndex;
     node.keyNumber_ = keyNumber;
-    // The nodes without a key are the drop kinds, whose few texts come again under every control.
+    // The nodes without a key are the drop kinds, whose few texts are repeated under every control.
     node.text_ = keyNumber > 0 ? addText(text) : addSharedText(text);
 
     if (parent.lastChild_ == 0) {

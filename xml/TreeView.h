@@ -10,28 +10,28 @@ namespace mergeloom {
 
 class TreeView;
 
-/// A node of the tree, with the members of the tree control that the rules speak of. Nodes live as long as
-/// their tree is not cleared and never move in memory.
+/// A node of the tree, with the members of the tree control that the program uses. Nodes live until their
+/// tree is cleared and never move in memory.
 class TreeNode {
   public:
     [[nodiscard]] const std::string& Text() const;
-    /// The node's key ("12k"), or an empty text for a node without one.
+    /// Returns the node's key ("12k"), or an empty text for a node without one.
     [[nodiscard]] std::string Key() const;
     [[nodiscard]] const std::string& Tag() const;
     void SetTag(std::string_view tag);
-    /// The key of the node's icon, or an empty text.
+    /// Returns the key of the node's icon, or an empty text.
     [[nodiscard]] const std::string& Image() const;
     void SetImage(std::string_view image);
-    /// The node's number in its tree, from 1, in the order in which nodes were added.
+    /// Returns the node's number in its tree, from 1, in the order in which nodes were added.
     [[nodiscard]] int Index() const { return index_; }
 
     [[nodiscard]] TreeNode* Parent() const { return nodeOrNone(parent_); }
-    /// The first child, or none.
+    /// Returns the first child, or null.
     [[nodiscard]] TreeNode* Child() const { return nodeOrNone(firstChild_); }
     [[nodiscard]] TreeNode* Next() const { return nodeOrNone(next_); }
-    /// The last of the node's siblings; the node itself when it is the last or only one.
+    /// Returns the last of the node's siblings; the node itself when it is the last or only one.
     [[nodiscard]] TreeNode* LastSibling() const;
-    /// How many children the node has.
+    /// Returns the number of children.
     [[nodiscard]] int Children() const { return childCount_; }
 
   private:
@@ -39,8 +39,8 @@ class TreeNode {
 
     [[nodiscard]] TreeNode* nodeOrNone(int index) const;
 
-    // Four nodes stand for each control of a form, so a node is kept small: it holds the numbers of its
-    // relatives and of its texts in place of pointers and strings. The number 0 stands for none.
+    // A form has four nodes for each control, so a node is kept small: it holds the numbers of its relatives
+    // and of its texts instead of pointers and strings. The number 0 means none.
     TreeView* tree_ = nullptr;
     std::uint32_t text_ = 0;
     std::uint32_t tag_ = 0;
@@ -54,7 +54,7 @@ class TreeNode {
     int childCount_ = 0;
 };
 
-/// A tree without a toolkit: what the designer shows and what the unattended run drops from.
+/// A tree without a toolkit, which the designer shows and from which the unattended run drops.
 class TreeView {
   public:
     TreeView() { Clear(); }
@@ -65,10 +65,10 @@ class TreeView {
     /// number above 0 gives the node the key of that number followed by "k". Raises the tree control's error
     /// 35600 when there is no node of the parent's index.
     TreeNode& Add(int parentIndex, int keyNumber, std::string_view text);
-    /// The node of an index from 1 to Count; none for any other.
+    /// Returns the node of an index from 1 to Count; null for any other.
     [[nodiscard]] TreeNode* Item(int index);
     [[nodiscard]] int Count() const { return static_cast<int>(nodes_.size()) - 1; }
-    /// The first node of the top level, or none.
+    /// Returns the first node of the top level, or null.
     [[nodiscard]] TreeNode* First() { return Item(nodes_.front().firstChild_); }
     void Clear();
 
@@ -78,7 +78,7 @@ class TreeView {
     std::uint32_t addText(std::string_view text);
     std::uint32_t addSharedText(std::string_view text);
 
-    std::deque<TreeNode> nodes_;     // the first one is not shown: the nodes of the top level hang under it
+    std::deque<TreeNode> nodes_;     // the first one is not shown: it is the parent of the top level
     std::deque<std::string> texts_;  // the first one is empty
     std::unordered_map<std::string_view, std::uint32_t> sharedTexts_;
 };

@@ -1,7 +1,7 @@
 #include "xml/modMSXMLHelper.h"
 
+#include "base/ErrorHandler.h"
 #include "base/Text.h"
-#include "base/Trap.h"
 
 #include <charconv>
 
@@ -18,7 +18,7 @@ std::string nameTest(std::string_view name) {
            foldCase(name) + "']";
 }
 
-/// XPath 1.0 knows no way to write both kinds of quote in one text, so such a value loses its double quotes.
+/// XPath 1.0 has no way to write both kinds of quote in one text, so such a value loses its double quotes.
 std::string quoted(std::string_view value) {
     if (value.find('\'') == std::string_view::npos) return "'" + std::string(value) + "'";
     return '"' + replaceAll(value, "\"", "") + '"';

@@ -8,35 +8,36 @@
 #include <string>
 #include <string_view>
 
-/// Reading of the structure document. Names of elements and attributes may come in any mix of ASCII capitals
-/// and small letters.
+/// Reads the structure document. Names of elements and attributes may be in any mix of ASCII capitals and
+/// small letters.
 namespace mergeloom {
 
-/// The first element below a node, in document order, whose local name is the given one, ASCII case aside, or
-/// none. With an attribute's name the element must carry such an attribute; with a value as well, that value
-/// exactly, less its double quotes when it holds both kinds of quote. An error is reported; the answer is
-/// none.
+/// Returns the first element below a node, in document order, with that local name, regardless of ASCII case,
+/// or null. With an attribute's name, the element must have such an attribute; with a value, exactly that
+/// value (without its double quotes when it holds both kinds of quote). After an error, which is reported,
+/// the result is null.
 XmlNode SearchNodeNotCaseSensitive(ErrorHandler& errors, XmlNode contextNode, std::string_view elementName,
                                    std::string_view attributeName = {}, std::string_view attributeValue = {},
                                    bool childrenOnly = false);
 
-/// The caption without its accelerators, else the name, else an empty text. An error is reported; the answer
-/// is then an empty text.
+/// Returns the caption without its accelerators, otherwise the name, otherwise an empty text. After an error,
+/// which is reported, the result is an empty text.
 std::string GetControlCaption(ErrorHandler& errors, XmlNode node);
 
-/// The value of the attribute of exactly that name; empty when the node is none or has no such attribute.
+/// Returns the value of the attribute of exactly that name; empty when the node is null or has no such
+/// attribute.
 std::string GetAttributeValue(XmlNode node, const std::string& attributeName);
 inline std::string GetAttributeValue(XmlNode node, Attribute attribute) {
     return GetAttributeValue(node, AttributeName(attribute));
 }
 
-/// The whole number in an attribute, with or without blanks around it; none when it is absent or holds
-/// anything else.
+/// Returns the whole number in an attribute, with or without blanks around it; none when the attribute is
+/// absent or holds anything else.
 std::optional<int> GetWholeNumber(XmlNode node, Attribute attribute);
-/// Returns whether a form shows the records of a table or query.
+/// Returns true when a form shows the records of a table or query.
 bool IsBoundToRecords(XmlNode form);
 
-/// Takes out the ampersands that mark accelerators; "&&" stands for one ampersand.
+/// Removes the ampersands that mark accelerators; "&&" becomes one ampersand.
 std::string StripAmpersands(std::string_view text);
 
 }  // namespace mergeloom

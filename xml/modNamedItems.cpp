@@ -31,10 +31,10 @@ constexpr std::string_view kViews = ";Design;Form;Datasheet;PivotTable;PivotChar
 constexpr std::string_view kDefaultViews =
     ";SingleForm;ContinuousForm;Datasheet;PivotTable;PivotChart;SplitForm;";
 
-/// A list as pieces between its separators: an empty one, the items in order, an empty one. The longest list
-/// has room; names are looked up by the hundred thousand, so the lists are split once.
+/// The pieces of a list between its separators: an empty one, the items in order, an empty one. The lists are
+/// split only once, since names are looked up by the hundred thousand.
 struct NamedItems {
-    static constexpr std::size_t kMostPieces = 19;
+    static constexpr std::size_t kMaxPieces = 19;
 
     explicit constexpr NamedItems(std::string_view list) {
         for (std::size_t start = 0;; ++count) {
@@ -46,7 +46,7 @@ struct NamedItems {
         ++count;
     }
 
-    std::array<std::string_view, kMostPieces> pieces{};
+    std::array<std::string_view, kMaxPieces> pieces{};
     std::size_t count = 0;
 };
 
@@ -56,7 +56,7 @@ constexpr std::array kLists = {
 
 std::string itemName(NamedItemList list, std::int32_t index) {
     const NamedItems& items = kLists[static_cast<std::size_t>(list)];
-    // One beyond the largest index of 32 bits is still a number of 64 bits.
+    // The largest index of 32 bits plus one still fits into 64 bits.
     const std::int64_t piece = std::int64_t{index} + 1;
     if (piece < 0 || piece >= static_cast<std::int64_t>(items.count)) {
         throw AutomationError(kSubscriptOutOfRange, "Subscript out of range");

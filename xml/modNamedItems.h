@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// The words of the structure document and of what can be dropped. All other code asks here for a word by its
-/// number, or for the number of a word that it read.
+/// The words of the structure document and of the kinds of drop. Other code looks up words by their numbers
+/// and numbers by words here.
 namespace mergeloom {
 
 enum class NamedItemList : std::int32_t {
@@ -109,19 +109,20 @@ enum class DefaultView : std::int32_t {
     SplitForm
 };
 
-/// The item of a list by its index. The index -1 and the one past the last item give an empty text; any other
-/// index without an item raises kSubscriptOutOfRange.
+/// Return the item of a list by its index. The index -1 and the one past the last item return an empty text;
+/// any other index without an item raises kSubscriptOutOfRange.
 std::string StructureElementName(std::int32_t index);
 std::string AttributeName(std::int32_t index);
 std::string ControlTypeName(std::int32_t index);
 std::string DropKindName(std::int32_t index);
 std::string ViewName(std::int32_t index);
 
-/// The index of the item that equals a name, ASCII case aside; "Attachment" counts as "BoundObjectFrame"
-/// among the control types. 0 for a name that is empty or holds ";", -2 for any other that the list lacks.
+/// Returns the index of the item that equals a name, regardless of ASCII case; "Attachment" counts as
+/// "BoundObjectFrame" among the control types. Returns 0 for a name that is empty or holds ";", -2 for any
+/// other that the list lacks.
 std::int32_t NamedItemIndex(std::int32_t listKind, std::string_view name);
 
-/// The character U+200D.
+/// Returns the character U+200D.
 std::string ZeroWidthJoiner();
 
 inline std::string StructureElementName(StructureElement element) {

@@ -1,11 +1,99 @@
 #include "office/factory/OfficeFactory.h"
 
+#include "base/AutomationError.h"
+#include "base/FileStore.h"
+#include "base/Paths.h"
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/word/EmbeddedOffice.h"
-#include "office/factory/LazyFileConverter.h"
-#include "office/factory/OfficeModuleLoader.h"
+#include "office/libreoffice/entry/OfficeModule.h"
+#include "office/model/FileConverter.h"
+
+#include <dlfcn.h>
+
+#include <memory>
+#include <string>
 
 namespace mergeloom {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& reason) {
+    throw AutomationError(kNotAvailable, "The office 'libreoffice' is not available: " + reason +
+                                             " Choose 'embedded' otherwise.");
+}
+
+std::string findModule() {
+    const std::string folder = parentFolder(programPath());
+    const std::string places[] = {folder, joinPath(parentFolder(folder), "lib/mergeloom")};
+    for (const std::string& place : places) {
+        std::string path = joinPath(place, kOfficeModuleFile);
+        if (fileExists(path)) return path;
+    }
+    refuse(
+        std::string("the module '") + kOfficeModuleFile +
+        "' was not built with this program. Build the program where LibreOffice and its development kit (on "
+        "Debian: libreoffice-dev) are installed.");
+}
+
+/// The library is never closed: objects of the module may live as long as the program.
+OfficeModule& load() {
+    const std::string path = findModule();
+    void* const library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        const std::string reason = ::dlerror();
+        refuse("the libraries of LibreOffice could not be loaded (" + reason +
+               "). Install it (on Debian: libreoffice-writer and libreoffice-calc).");
+    }
+    const auto function = reinterpret_cast<OfficeModuleFunction>(::dlsym(library, kOfficeModuleFunction));
+    OfficeModule* const module = function == nullptr ? nullptr : function(kOfficeModuleEdition);
+    if (module == nullptr) refuse("the module '" + path + "' belongs to another version. Install both anew.");
+    return *module;
+}
+
+/// Returns the module for LibreOffice, which is loaded at the first call from beside the program or from
+/// ../lib/mergeloom and kept to the program's end. Raises kNotAvailable, with a sentence that says what to
+/// install or choose, when it is missing, LibreOffice's libraries are missing or it belongs to another
+/// version.
+OfficeModule& libreOfficeModule() {
+    // After a failure, the next call tries again.
+    static OfficeModule& module = load();
+    return module;
+}
+
+/// A converter that loads the module for LibreOffice at its first use.
+class LazyFileConverter final : public FileConverter {
+  public:
+    explicit LazyFileConverter(FileStore& files) : files_(files) {}
+
+    std::string refusal(word::WdSaveFormat format) override { return refusalOf(format); }
+    std::string refusal(excel::XlFileFormat format) override { return refusalOf(format); }
+    void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) override {
+        converter().convert(from, to, format);
+    }
+    void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) override {
+        converter().convert(from, to, format);
+    }
+
+  private:
+    template <typename Format>
+    std::string refusalOf(Format format) try {
+        return converter().refusal(format);
+    } catch (const AutomationError&) {
+        // The loader's own sentence addresses users who chose LibreOffice for the whole run.
+        return "The program's module for LibreOffice could not be loaded. Install LibreOffice (on Debian: "
+               "libreoffice-writer and libreoffice-calc) and the module.";
+    }
+
+    FileConverter& converter() {
+        if (!converter_) converter_ = libreOfficeModule().makeFileConverter(files_);
+        return *converter_;
+    }
+
+    FileStore& files_;
+    std::unique_ptr<FileConverter> converter_;
+};
+
+}  // namespace
 
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files) {
     if (kind == OfficeKind::Embedded) return embedded::makeWordApplication(files);

@@ -10,22 +10,23 @@
 
 namespace mergeloom {
 
-/// The offices that can stand behind the object model.
+/// The offices that implement the object model.
 enum class OfficeKind { Embedded, LibreOffice };
 
-/// Starts an office that plays Word's part. The file store has to outlive it. Raises kNotAvailable, with a
-/// sentence that says what to choose, for an office that this program does not have.
+/// Starts an office that implements Word's object model. The file store has to outlive it. Raises
+/// kNotAvailable, with a sentence that says what to choose, for an office that this program does not have.
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files);
-/// The same for an office that plays Excel's part.
+/// Starts an office that implements Excel's object model. Errors as for Word.
 excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
 
-/// A converter by an installed LibreOffice, for what the embedded office does not write. Costs nothing until
-/// it is first asked; without a LibreOffice it writes no format. The file store has to outlive it.
+/// Returns a converter that uses an installed LibreOffice, for formats that the embedded office does not
+/// write. It loads nothing before its first use; without a LibreOffice it writes no format. The file store
+/// has to outlive it.
 std::unique_ptr<FileConverter> makeFileConverter(FileStore& files);
 
-/// Starts LibreOffice inside a window of ours, which takes about a second. The first document is of the given
-/// kind; the host can show the other kind, too. The file store and the listener have to outlive the host.
-/// Raises kNotAvailable, with a sentence that says what to install, when it cannot be started.
+/// Starts LibreOffice inside a window of this program, which takes about a second. The first document is of
+/// the given kind; the host can show the other kind, too. The file store and the listener have to outlive the
+/// host. Raises kNotAvailable, with a sentence that says what to install, when it cannot be started.
 std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, DocumentKind kind,
                                                HostListener& listener);
 

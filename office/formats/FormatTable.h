@@ -32,7 +32,7 @@ enum class Places { Lost, Kept };
 
 enum class Macros { Refused, Kept };
 
-/// What the embedded engine needs to know of a format that it reads and writes.
+/// The embedded engine's data about a format that it reads and writes.
 struct OpenPackagingKind {
     /// The content type of the main part (ECMA-376 Part 1, 11.3.10 and 12.3.23; those with macros:
     /// [MS-OFFMACRO2]).
@@ -40,8 +40,8 @@ struct OpenPackagingKind {
     Macros macros = Macros::Refused;
 };
 
-/// One of LibreOffice's own names for a way of reading or writing files, with the options that it takes.
-/// Without a name LibreOffice finds out by itself what a file is.
+/// One of LibreOffice's filters for reading or writing files, with its options. Without a name, LibreOffice
+/// detects the format of a file itself.
 struct OfficeFilter {
     std::string_view name = {};
     std::string_view options = {};
@@ -52,8 +52,7 @@ inline constexpr int kOpenedOnly = std::numeric_limits<int>::min();
 
 enum class InDialogs { Hidden, Offered };
 
-/// A row of the table. The columns are in the order in which rows differ: what is left out at the end is not
-/// there.
+/// A row of the table. Columns in which few rows differ come last, so that most rows can omit them.
 struct FileFormat {
     int number;                  ///< WdSaveFormat's or XlFileFormat's
     std::string_view name;       ///< as dialogs show it
@@ -62,9 +61,9 @@ struct FileFormat {
     InDialogs dialogs = InDialogs::Hidden;
     SavedBy savedBy = SavedBy::NoVersion;
     Places places = Places::Lost;
-    std::optional<OpenPackagingKind> engine = {};  ///< none where the engine does not know the format
-    std::optional<OfficeFilter> saving = {};       ///< LibreOffice's way to write it; none where it has none
-    std::optional<OfficeFilter> opening = {};      ///< LibreOffice's way to read it; none where it has none
+    std::optional<OpenPackagingKind> engine = {};  ///< none for a format that the engine does not know
+    std::optional<OfficeFilter> saving = {};       ///< LibreOffice's filter that writes it, if any
+    std::optional<OfficeFilter> opening = {};      ///< LibreOffice's filter that reads it, if any
 };
 
 /// The formats of a family. Those that dialogs offer come first, in the order of the dialogs: the first one
@@ -79,7 +78,7 @@ const FileFormat* findFormat(DocumentFamily family, int number);
 /// Returns the first format with the extension that can be opened, by the engine or by LibreOffice, or null.
 const FileFormat* findFormatToOpen(DocumentFamily family, std::string_view extension);
 
-/// Returns whether files with the extension hold documents that the engine cannot open and LibreOffice can.
+/// Returns true when files with the extension hold documents that the engine cannot open and LibreOffice can.
 bool isForeignExtension(DocumentFamily family, std::string_view extension);
 
 /// Returns the family that alone knows the extension; none when both do, or neither.

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// What the file formats of Word and Excel have in common: the answers of the table of formats by number and
-/// by extension. Extensions are without a dot and in lower case.
+/// Lookups in the table of formats by number and by extension, for Word and Excel. Extensions are without a
+/// dot and in lower case.
 namespace mergeloom {
 
 inline constexpr ErrorNumber kUnknownOfficeDocumentType = 30000;
@@ -18,11 +18,11 @@ enum class LeadingDot { Without, With };
 /// Returns the longer form of an extension that is written in two ways; empty for all others.
 std::string secondExtension(std::string_view extension);
 
-/// Returns whether a file with the extension may have the format whose own extension is the second argument:
-/// it is that one or its longer form. The empty extension fits no format.
+/// Returns true when a file with the extension may have the format whose own extension is the second
+/// argument: it is that one or its longer form. The empty extension fits no format.
 bool fitsFormat(std::string_view extension, std::string_view formatExtension);
 
-/// Returns the extension after a dot, where one is asked for and there is an extension.
+/// Returns the extension, after a dot if requested and not empty.
 std::string dottedExtension(std::string_view extension, LeadingDot dot);
 
 /// Returns the pattern of a file dialog for the extension, such as "*.htm;*.html".

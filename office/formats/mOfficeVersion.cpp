@@ -9,7 +9,7 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kLargestVersion = 255;
+constexpr int kMaxVersion = 255;
 constexpr int kOffice2002 = 10;
 constexpr int kOffice2003 = 11;
 constexpr int kOffice2007 = 12;
@@ -30,7 +30,7 @@ int majorOfficeVersion(std::string_view version) {
     const std::string_view digits = trimBlanks(version);
     int number = kUnknownOfficeVersion;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    const bool isVersion = error == std::errc() && number >= 0 && number <= kLargestVersion;
+    const bool isVersion = error == std::errc() && number >= 0 && number <= kMaxVersion;
     return isVersion ? number : kUnknownOfficeVersion;
 }
 

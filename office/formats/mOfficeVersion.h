@@ -6,21 +6,21 @@
 
 namespace mergeloom {
 
-/// The version of an Office that could not be asked.
+/// The version of an Office that could not be determined.
 inline constexpr int kUnknownOfficeVersion = 0;
 
 /// Returns the major number (0 to 255) at the start of an application's Version, such as 16 for "16.0";
 /// kUnknownOfficeVersion when it begins with none or the number is larger.
 int majorOfficeVersion(std::string_view version);
 
-/// Returns whether an application of that major version number is among those that save in a format. An
-/// unknown version is trusted with every format.
+/// Returns true when an application of that major version number is among those that save in a format. An
+/// unknown version is assumed to save in every format.
 bool canSave(SavedBy versions, int version);
 
-/// Returns whether a Word of that major version number can save in the format, a WdSaveFormat number.
+/// Returns true when a Word of that major version number can save in the format, a WdSaveFormat number.
 bool canWordSave(int format, int wordVersion);
 
-/// Returns whether an Excel of that major version number can save in the format, an XlFileFormat number.
+/// Returns true when an Excel of that major version number can save in the format, an XlFileFormat number.
 /// Formats of other programs and add-ins are never saved.
 bool canExcelSave(int format, int excelVersion);
 

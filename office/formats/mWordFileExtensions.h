@@ -5,13 +5,12 @@
 #include <string>
 #include <string_view>
 
-/// What the program knows of Word's file formats. A format is its WdSaveFormat number; the numbers go to
-/// SaveAs unchanged.
+/// Word's file formats. A format is its WdSaveFormat number; the numbers go to SaveAs unchanged.
 namespace mergeloom {
 
 inline constexpr int kWordDocument97 = 0;
 inline constexpr int kWordDocument = 12;
-/// Stands for whatever format Word saves in by default.
+/// Denotes the format in which Word saves by default.
 inline constexpr int kWordDefaultFormat = 16;
 
 /// Returns the extension of the format; empty when it has none or is unknown. Format 16 has the extension of
@@ -26,11 +25,11 @@ std::string wordFilter(int format, int defaultFormat = kWordDocument);
 /// same letter case); 0 when there is none.
 int wordFormatByExtension(std::string_view extension);
 
-/// Returns whether an offered format has the extension, which wordFormatByExtension's 0 leaves open.
+/// Returns true when an offered format has the extension, which wordFormatByExtension's 0 leaves open.
 bool isWordExtension(std::string_view extension);
 
-/// Returns the format that the value of Word's option DefaultSaveFormat stands for; a value that is not
-/// known, the empty one included, is the document format of that version (its major number).
+/// Returns the format of a value of Word's option DefaultSaveFormat. For an unknown or empty value it is the
+/// document format of that version (its major number).
 int wordDefaultSaveFormat(std::string_view defaultSaveFormat, int wordVersion);
 
 }  // namespace mergeloom

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "office/model/DocumentKind.h"
 #include "office/model/excel/Forward.h"
 #include "office/model/word/Forward.h"
 
@@ -10,9 +9,12 @@
 
 namespace mergeloom {
 
-/// A native window of ours in which an office shows its document; sizes are in pixels of the screen.
+/// The kinds of documents: Word's documents and Excel's workbooks.
+enum class DocumentKind { Word, Excel };
+
+/// A native window of this program in which an office shows its document. Sizes are in pixels of the screen.
 struct HostWindow {
-    std::uint64_t id = 0;  ///< of the window system: an X11 window
+    std::uint64_t id = 0;  ///< the window system's: an X11 window
     int width = 0;
     int height = 0;
 };
@@ -23,55 +25,48 @@ struct HostPoint {
     int y = 0;
 };
 
-/// What the office's own menus, bars and keys ask for and the window answers itself.
+/// Commands of the office's own menus, bars and keys that the window carries out itself.
 enum class HostCommand { New, Open, Save, SaveAs, Close, PrintPreview };
 
-/// Hears of the office. It is called by threads of the office, which wait meanwhile: it must neither call the
-/// host nor wait for anything that does.
+/// Receives the office's events. It is called by threads of the office, which wait meanwhile: it must neither
+/// call the host nor wait for anything that does.
 class HostListener {
   public:
-    HostListener() = default;
-    HostListener(const HostListener&) = delete;
-    HostListener& operator=(const HostListener&) = delete;
     virtual ~HostListener() = default;
 
     virtual void fileCommand(HostCommand command) = 0;
-    /// The office ended without having been asked to. Told once; from here on every call of the host and its
-    /// documents raises kNotAvailable.
+    /// Called once when the office ended by itself. From then on every call of the host and its documents
+    /// raises kNotAvailable.
     virtual void officeEnded() = 0;
 };
 
-/// The document that is hosted: none, a Word document or an Excel workbook.
+/// The hosted document: none, a Word document or an Excel workbook.
 using HostedDocument = std::variant<std::monostate, word::DocumentPtr, excel::WorkbookPtr>;
 
-/// An office that shows one document in a window of ours, with its own menus and bars, where the user edits
-/// it. Its members may be called by any thread, by one at a time. All raise kNotAvailable when the office has
-/// ended.
+/// An office that shows one document in a window of this program, with its own menus and bars, where the user
+/// edits it. Its members may be called by any thread, one at a time. All raise kNotAvailable when the office
+/// has ended.
 class DocumentHost {
   public:
-    DocumentHost() = default;
-    DocumentHost(const DocumentHost&) = delete;
-    DocumentHost& operator=(const DocumentHost&) = delete;
     /// Closes the document unsaved and ends the office.
     virtual ~DocumentHost() = default;
 
-    /// Shows a new, empty document of a program identifier in place of the former one: "Word.Template.8",
-    /// "Word.Template", "Word.Template.12" or "Excel.Template". Raises kCommandFailed for one that the office
-    /// does not know.
+    /// Replaces the document by a new, empty one of a program identifier: "Word.Template.8", "Word.Template",
+    /// "Word.Template.12" or "Excel.Template". Raises kCommandFailed for one that the office does not know.
     virtual void CreateNew(const std::string& programIdentifier) = 0;
-    /// Shows a file in place of the former document. Raises kFileCouldNotBeRead with a sentence that names
-    /// the file; the former document stays then.
+    /// Replaces the document by a file. Raises kFileCouldNotBeRead with a sentence that names the file, and
+    /// then keeps the former document.
     virtual void Open(const std::string& path) = 0;
     virtual HostedDocument ActiveDocument() = 0;
 
-    /// The user edits the document behind the back of the object model: between these two calls it knows the
-    /// document as it is and its selection is the view's. The first takes the view's selection over and locks
-    /// the view, the second unlocks it and shows the selection that the model has then.
+    /// Bracket the use of the object model, since the user edits the document without it: between these two
+    /// calls the model knows the document as it is and its selection is the view's. The first takes over the
+    /// view's selection and locks the view, the second unlocks it and shows the model's selection.
     virtual void beginEditing() = 0;
     virtual void endEditing() = 0;
 
-    /// Puts the caret or the cell cursor at the point as a click would; false, and nothing is moved, when no
-    /// text and no cell is there.
+    /// Puts the caret or the cell cursor at the point as a click would. Returns false, and moves nothing,
+    /// when no text and no cell is there.
     virtual bool placeCaret(HostPoint point) = 0;
     /// While disabled, the window takes neither keys nor clicks.
     virtual void setEnabled(bool enabled) = 0;
@@ -79,16 +74,17 @@ class DocumentHost {
     /// Gives the keyboard to the document.
     virtual void focus() = 0;
 
-    /// Whether the view marks bookmarks (Word's View.ShowBookmarks).
+    /// Returns true when the view marks bookmarks (Word's View.ShowBookmarks).
     virtual bool showsBookmarks() = 0;
     virtual void setShowsBookmarks(bool shown) = 0;
     virtual void setZoom(int percent) = 0;
-    /// Shows or hides a bar under Word's own name for it: "Standard", "Formatting", "Web". A bar that the
-    /// office does not have is passed over.
+    /// Shows or hides a bar by Word's own name for it: "Standard", "Formatting", "Web". Ignores a bar that
+    /// the office does not have.
     virtual void setCommandBarVisible(const std::string& name, bool visible) = 0;
-    /// Whether the user lets text be dragged into the document (Word's Options.AllowDragAndDrop).
+    /// Returns true when the user allows text to be dragged into the document (Word's
+    /// Options.AllowDragAndDrop).
     virtual bool allowsDragAndDrop() = 0;
-    /// The office's own build number.
+    /// Returns the office's own build number.
     virtual std::string build() = 0;
 };
 

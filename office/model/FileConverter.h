@@ -7,30 +7,25 @@
 
 namespace mergeloom {
 
-/// Turns a file into another one of another format, for offices that do not write the format themselves.
+/// Converts files to other formats, for offices that do not write the format themselves.
 class FileConverter {
   public:
-    FileConverter() = default;
-    FileConverter(const FileConverter&) = delete;
-    FileConverter& operator=(const FileConverter&) = delete;
     virtual ~FileConverter() = default;
 
-    /// Why documents cannot be written in the format here and now, as a sentence that says what to install
-    /// where that would help; empty when they can. An answer that costs no office's start.
+    /// Returns the reason why documents cannot be written in the format at present, as a sentence that says
+    /// what to install where that would help; empty when they can. Starts no office.
     virtual std::string refusal(word::WdSaveFormat format) = 0;
-    /// The same for workbooks.
     virtual std::string refusal(excel::XlFileFormat format) = 0;
     [[nodiscard]] bool canWrite(word::WdSaveFormat format) { return refusal(format).empty(); }
     [[nodiscard]] bool canWrite(excel::XlFileFormat format) { return refusal(format).empty(); }
 
     /// Reads the document at one path, by its extension and content, and writes it to the other in the format
-    /// of that number. Macros are not run and links not updated. What stood at the target stays whole until
-    /// the new file is complete. Raises, with sentences that name the file,
+    /// of that number. Macros are not run and links not updated. An existing target stays whole
+    /// until the new file is complete. Raises, with sentences that name the file,
     /// - kNotAvailable when no office is installed, it ended meanwhile, or it does not write the format,
     /// - kFileCouldNotBeRead for a file that is missing, damaged, protected by a password or no document,
     /// - kFileCouldNotBeSaved when the target cannot be written.
     virtual void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) = 0;
-    /// The same for workbooks.
     virtual void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) = 0;
 };
 

@@ -4,10 +4,10 @@
 
 #include <cstddef>
 
-/// What the object models of Word and Excel have in common.
+/// The common base classes of the object models of Word and Excel.
 namespace mergeloom::model {
 
-/// What every interface of an object model is: used through references, never copied.
+/// The base of every interface of an object model: used through references, never copied.
 class Object {
   public:
     Object() = default;
@@ -16,7 +16,7 @@ class Object {
     virtual ~Object() = default;
 };
 
-/// A collection. Items, where there are any, are counted from 1.
+/// A collection. Items are counted from 1.
 class Counted : public Object {
   public:
     virtual int Count() = 0;
@@ -29,7 +29,7 @@ class Counted : public Object {
     }
 };
 
-/// A collection of which callers need only the count.
+/// A collection whose callers need only the count.
 template <class Collection>
 class FixedCount final : public Collection {
   public:

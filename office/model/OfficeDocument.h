@@ -1,26 +1,41 @@
 #pragma once
 
+#include "base/AutomationError.h"
 #include "office/model/Object.h"
 
 #include <string>
+#include <utility>
 
 namespace mergeloom::model {
 
 /// One open document: a Word document or an Excel workbook.
 class OfficeDocument : public Object {
   public:
-    /// The file's name without its folder, or the name of a document that was never saved.
+    /// Returns the file's name without its folder, or the name of a document that was never saved.
     virtual std::string Name() = 0;
     virtual std::string FullName() = 0;
-    /// Every change of the document clears this mark.
+    /// Returns the mark that every change of the document clears.
     virtual bool Saved() = 0;
     virtual void SetSaved(bool saved) = 0;
 
-    /// Raises kFileCouldNotBeSaved, with a sentence that says why, and leaves an existing file whole.
+    /// Raises kFileCouldNotBeSaved, with a sentence that gives the reason, and leaves an existing file whole.
     virtual void Save() = 0;
 
-    /// Takes back the last steps; false when there was nothing to take back.
+    /// Undoes the last steps. Returns false when there was nothing to undo.
     virtual bool Undo(int times) = 0;
+};
+
+/// Raised by a save that would have written something other than the document holds. An existing file stays;
+/// the bytes that were not written can be kept elsewhere.
+class DifferingCopy final : public AutomationError {
+  public:
+    DifferingCopy(const std::string& sentence, std::string bytes)
+        : AutomationError(kFileCouldNotBeSaved, sentence), bytes_(std::move(bytes)) {}
+
+    [[nodiscard]] const std::string& bytes() const { return bytes_; }
+
+  private:
+    std::string bytes_;
 };
 
 }  // namespace mergeloom::model

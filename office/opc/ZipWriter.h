@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/ByteSink.h"
+#include "base/FileStore.h"
 #include "office/opc/ZipRecords.h"
 
 #include <cstdint>

@@ -1,13 +1,10 @@
 #include "AutoMappingTest.h"
 #include "app/MergeloomErrorCodes.h"
 #include "doubles/ExcelFiles.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 namespace mergeloom {
 namespace {

@@ -3,7 +3,7 @@
 #include "app/MergeloomErrorCodes.h"
 #include "doubles/FaultyWord.h"
 #include "doubles/WordFiles.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 
 #include <gtest/gtest.h>
 

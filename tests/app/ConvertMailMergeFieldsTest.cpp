@@ -3,10 +3,9 @@
 #include "doubles/WordFiles.h"
 #include "office/factory/OfficeFactory.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Fields.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/Window.h"
 
 #include <gmock/gmock.h>
 

@@ -6,7 +6,6 @@
 #include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
 #include "office/factory/OfficeFactory.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"

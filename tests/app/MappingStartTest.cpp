@@ -1,10 +1,8 @@
 #include "AutoMappingTest.h"
 #include "doubles/ExcelFiles.h"
 #include "doubles/WordFiles.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 
 namespace mergeloom {
 namespace {

@@ -143,10 +143,10 @@ class HaltingCalls final : public FileSystemCalls {
         return halts() ? -1 : system_.open(path, flags, mode);
     }
     ssize_t read(int file, void* bytes, std::size_t count) override {
-        return halts() ? -1 : system_.read(file, bytes, std::min(count, kMost));
+        return halts() ? -1 : system_.read(file, bytes, std::min(count, kMaxCount));
     }
     ssize_t write(int file, const void* bytes, std::size_t count) override {
-        return halts() ? -1 : system_.write(file, bytes, std::min(count, kMost));
+        return halts() ? -1 : system_.write(file, bytes, std::min(count, kMaxCount));
     }
     int fsync(int file) override { return halts() ? -1 : system_.fsync(file); }
     int fchmod(int file, mode_t mode) override { return system_.fchmod(file, mode); }
@@ -164,7 +164,7 @@ class HaltingCalls final : public FileSystemCalls {
     int unlink(const char* path) override { return system_.unlink(path); }
 
   private:
-    static constexpr std::size_t kMost = 1000;
+    static constexpr std::size_t kMaxCount = 1000;
     bool halts() {
         halts_ = !halts_;
         errno = EINTR;
@@ -263,7 +263,7 @@ TEST(DiskFileStore, SaysWhatIsWrongWithTheFile) {
 
 TEST(DiskFileStore, SaysThatTheFolderOrTheFileIsProtected) {
     if (::geteuid() == 0) {
-        // Nothing is protected from this user, so the system's answers are played.
+        // Nothing is protected from this user, so the system's results are simulated.
         const TemporaryFolder folder;
         folder.put("old", kOld);
         std::string failures;

@@ -1,4 +1,4 @@
-#include "base/Trap.h"
+#include "base/ErrorHandler.h"
 
 #include <gtest/gtest.h>
 

@@ -6,9 +6,7 @@
 #include "office/factory/OfficeFactory.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
 
 #include <set>
 #include <string>

@@ -4,16 +4,11 @@
 #include "doubles/WordFiles.h"
 #include "droppers/CNodeDropper.h"
 #include "office/factory/OfficeFactory.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Cell.h"
-#include "office/model/word/Cells.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Range.h"
-#include "office/model/word/Rows.h"
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
-#include "office/model/word/Tables.h"
 
 #include <memory>
 #include <string>

@@ -4,17 +4,11 @@
 #include "base/Text.h"
 #include "doubles/ExcelFiles.h"
 #include "office/factory/OfficeFactory.h"
-#include "office/model/excel/Columns.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
-#include "office/model/excel/Selection.h"
-#include "office/model/excel/Shape.h"
 #include "office/model/excel/Shapes.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 #include <memory>
 #include <set>

@@ -1,6 +1,6 @@
 #include "DropTest.h"
 #include "droppers/modBookmarkAdd.h"
-#include "office/model/word/Cells.h"
+#include "office/model/word/Table.h"
 
 #include <vector>
 

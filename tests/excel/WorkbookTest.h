@@ -5,19 +5,11 @@
 #include "doubles/MemoryFileStore.h"
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/model/excel/Application.h"
-#include "office/model/excel/Columns.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/Names.h"
-#include "office/model/excel/Picture.h"
-#include "office/model/excel/Pictures.h"
 #include "office/model/excel/Range.h"
-#include "office/model/excel/Selection.h"
-#include "office/model/excel/Shape.h"
 #include "office/model/excel/Shapes.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 #include <functional>
 #include <string>

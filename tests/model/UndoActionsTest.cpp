@@ -1,4 +1,4 @@
-#include "office/model/UndoActions.h"
+#include "office/model/Undo.h"
 
 #include <gtest/gtest.h>
 

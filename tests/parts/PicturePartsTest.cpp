@@ -1,4 +1,4 @@
-#include "base/ByteSink.h"
+#include "base/FileStore.h"
 #include "office/embedded/parts/PictureParts.h"
 
 #include <gmock/gmock.h>

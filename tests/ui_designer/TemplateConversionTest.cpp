@@ -4,7 +4,6 @@
 #include "doubles/TemporaryFolder.h"
 #include "doubles/WordFiles.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/Window.h"
 #include "ui/designer/TemplateConversion.h"
 #include "ui_designer/TemplateScene.h"
 

@@ -2,11 +2,10 @@
 #include "doubles/MemoryFileStore.h"
 #include "doubles/WordFiles.h"
 #include "office/embedded/word/EmbeddedOffice.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
 

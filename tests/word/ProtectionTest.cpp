@@ -2,12 +2,11 @@
 #include "doubles/WordFiles.h"
 #include "office/embedded/word/EmbeddedOffice.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 
 #include <gtest/gtest.h>
 

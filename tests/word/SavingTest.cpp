@@ -4,7 +4,7 @@
 #include "doubles/WordFiles.h"
 #include "office/embedded/word/EmbeddedOffice.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 #include "office/model/word/Selection.h"
 
 #include <gmock/gmock.h>

@@ -1,20 +1,13 @@
 #include "base/AutomationError.h"
 #include "doubles/MemoryFileStore.h"
 #include "office/embedded/word/EmbeddedOffice.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Bookmark.h"
 #include "office/model/word/Bookmarks.h"
-#include "office/model/word/Cell.h"
-#include "office/model/word/Cells.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
-#include "office/model/word/Font.h"
 #include "office/model/word/Range.h"
-#include "office/model/word/Rows.h"
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
-#include "office/model/word/Tables.h"
 
 #include <gtest/gtest.h>
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// The tree looks up bound values in an index; here its answers are held against the searches that define
+// The tree looks up bound values in an index; here its results are compared with the searches that define
 // them.
 
 namespace mergeloom {
@@ -41,8 +41,8 @@ void collectElements(XmlNode node, std::vector<XmlNode>& elements) {
     }
 }
 
-/// Compares the answers for every control of a document with every element as its parent. Answers what the
-/// control with the attribute ask gets below its own parent.
+/// Compares the results for every control of a document with every element as its parent. Returns the result
+/// for the control with the attribute ask below its own parent.
 bool answerAfterComparing(const std::string& xml) {
     StructureDocument document;
     EXPECT_TRUE(document.loadXML(xml)) << document.parseError().reason << "\n" << xml;

@@ -30,7 +30,7 @@ class StructureDocumentFile : public testing::Test {
         return folder_ + "/" + name;
     }
 
-    /// Loads what must be refused and answers with the reason.
+    /// Loads a file that must be refused and returns the reason.
     std::string refusal(const std::string& path) {
         EXPECT_FALSE(document_.Load(path)) << path;
         EXPECT_FALSE(document_.documentElement());

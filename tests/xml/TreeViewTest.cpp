@@ -1,6 +1,6 @@
 #include "base/AutomationError.h"
 #include "xml/TreeView.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <gtest/gtest.h>
 

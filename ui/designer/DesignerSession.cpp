@@ -1,8 +1,8 @@
 #include "ui/designer/DesignerSession.h"
 
 #include "base/AutomationError.h"
+#include "base/ErrorHandler.h"
 #include "base/Paths.h"
-#include "base/Trap.h"
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/ExcelTemplates.h"
 #include "ui/designer/MainForm.h"

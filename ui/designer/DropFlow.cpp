@@ -1,7 +1,7 @@
 #include "ui/designer/DropFlow.h"
 
 #include "app/modMain.h"
-#include "base/Trap.h"
+#include "base/ErrorHandler.h"
 #include "droppers/CNodeDropper.h"
 #include "ui/designer/MainForm.h"
 

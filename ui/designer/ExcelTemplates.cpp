@@ -7,7 +7,6 @@
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 namespace mergeloom {
 

@@ -2,7 +2,7 @@
 
 #include "xml/StructureDocument.h"
 #include "xml/TreeView.h"
-#include "xml/XmlNodeCollection.h"
+#include "xml/XmlNode.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "ui/designer/StructureLoad.h"
 
 #include "app/modMain.h"
+#include "base/ErrorHandler.h"
 #include "base/Paths.h"
-#include "base/Trap.h"
 #include "ui/designer/MainForm.h"
 #include "ui/designer/TreeModel.h"
 #include "ui/dialogs/mComDlg.h"

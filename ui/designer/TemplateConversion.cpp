@@ -2,11 +2,10 @@
 
 #include "app/FileFormats.h"
 #include "app/ScopedOffice.h"
+#include "base/ErrorHandler.h"
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "base/Trap.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
 #include "ui/designer/MainForm.h"
 
 namespace mergeloom {

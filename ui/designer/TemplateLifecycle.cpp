@@ -3,10 +3,9 @@
 #include "app/MergeloomErrorCodes.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
+#include "base/ErrorHandler.h"
 #include "base/Paths.h"
-#include "base/SourcePlace.h"
 #include "base/Text.h"
-#include "base/Trap.h"
 #include "ui/designer/MainForm.h"
 
 namespace mergeloom {

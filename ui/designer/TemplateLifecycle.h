@@ -2,8 +2,8 @@
 
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
-#include "office/model/DifferingCopy.h"
 #include "office/model/DocumentHost.h"
+#include "office/model/OfficeDocument.h"
 #include "ui/designer/HostedOffice.h"
 #include "ui/designer/TemplateDialogs.h"
 #include "ui/designer/TemplateFiles.h"

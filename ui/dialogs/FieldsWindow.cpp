@@ -1,6 +1,6 @@
 #include "ui/dialogs/FieldsWindow.h"
 
-#include "base/Trap.h"
+#include "base/ErrorHandler.h"
 
 #include <QScreen>
 #include <QStyle>

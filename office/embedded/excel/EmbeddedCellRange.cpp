@@ -4,7 +4,7 @@
 #include "base/Units.h"
 #include "office/embedded/excel/EmbeddedWorksheet.h"
 #include "office/embedded/sheet/FontMetrics.h"
-#include "office/model/excel/Columns.h"
+#include "office/model/excel/Range.h"
 
 #include <algorithm>
 

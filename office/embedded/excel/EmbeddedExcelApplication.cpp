@@ -6,9 +6,9 @@
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewWorkbook.h"
-#include "office/model/UndoRecord.h"
-#include "office/model/excel/Selection.h"
-#include "office/model/excel/Workbooks.h"
+#include "office/model/Undo.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Workbook.h"
 
 #include <cstddef>
 #include <utility>

@@ -3,7 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
-#include "office/model/excel/DefinedName.h"
+#include "office/model/excel/Names.h"
 #include "office/model/excel/SheetReference.h"
 
 #include <algorithm>

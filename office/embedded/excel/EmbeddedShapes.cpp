@@ -2,8 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/excel/EmbeddedCellRange.h"
-#include "office/model/excel/Picture.h"
-#include "office/model/excel/Shape.h"
+#include "office/model/excel/Shapes.h"
 #include "office/opc/PictureFile.h"
 
 namespace mergeloom::embedded {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "office/embedded/excel/WorkbookContent.h"
-#include "office/model/excel/Pictures.h"
 #include "office/model/excel/Shapes.h"
 
 #include <cstddef>

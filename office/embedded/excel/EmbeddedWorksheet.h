@@ -2,7 +2,6 @@
 
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/UndoActions.h"
+#include "office/model/Undo.h"
 
 #include <cstdint>
 #include <functional>

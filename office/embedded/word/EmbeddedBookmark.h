@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/WordContent.h"
-#include "office/model/word/Bookmark.h"
+#include "office/model/word/Bookmarks.h"
 
 #include <memory>
 #include <string>

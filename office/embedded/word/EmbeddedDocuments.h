@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/EmbeddedApplication.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "office/embedded/text/FieldFinder.h"
 #include "office/embedded/word/StoryPlace.h"
-#include "office/model/word/Field.h"
+#include "office/model/word/Fields.h"
 
 namespace mergeloom::embedded {
 

@@ -2,7 +2,6 @@
 
 #include "office/embedded/word/EmbeddedField.h"
 #include "office/model/word/Fields.h"
-#include "office/model/word/MailMerge.h"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/WordContent.h"
-#include "office/model/word/Font.h"
+#include "office/model/word/Selection.h"
 
 #include <cmath>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/WordContent.h"
-#include "office/model/word/InlineShapes.h"
+#include "office/model/word/Range.h"
 
 #include <memory>
 #include <string>

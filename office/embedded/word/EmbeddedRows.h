@@ -3,7 +3,7 @@
 #include "office/embedded/text/TableElements.h"
 #include "office/embedded/word/EmbeddedCells.h"
 #include "office/embedded/word/EmbeddedTable.h"
-#include "office/model/word/Rows.h"
+#include "office/model/word/Table.h"
 
 #include <memory>
 #include <utility>

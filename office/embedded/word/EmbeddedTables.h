@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/EmbeddedTable.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 
 #include <memory>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/WordContent.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/EmbeddedSelection.h"
-#include "office/model/word/Window.h"
+#include "office/model/word/Selection.h"
 
 #include <memory>
 #include <utility>

@@ -5,8 +5,8 @@
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcTexts.h"
 #include "office/libreoffice/session/OfficeFilters.h"
-#include "office/model/excel/Selection.h"
-#include "office/model/excel/Workbooks.h"
+#include "office/model/excel/Range.h"
+#include "office/model/excel/Workbook.h"
 
 namespace mergeloom::libreoffice {
 

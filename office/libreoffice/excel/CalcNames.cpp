@@ -5,8 +5,8 @@
 #include "office/libreoffice/excel/CalcCells.h"
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/model/excel/CellAddress.h"
-#include "office/model/excel/DefinedName.h"
 #include "office/model/excel/DefinedNameRule.h"
+#include "office/model/excel/Names.h"
 
 #include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>

@@ -3,7 +3,7 @@
 #include "office/libreoffice/excel/CalcSizes.h"
 #include "office/libreoffice/excel/CalcTexts.h"
 #include "office/libreoffice/excel/CalcWorksheet.h"
-#include "office/model/excel/Columns.h"
+#include "office/model/excel/Range.h"
 
 namespace mergeloom::libreoffice {
 

@@ -3,8 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/excel/CalcDrawnObject.h"
 #include "office/libreoffice/excel/CalcRange.h"
-#include "office/model/excel/Picture.h"
-#include "office/model/excel/Shape.h"
+#include "office/model/excel/Shapes.h"
 
 namespace mergeloom::libreoffice {
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "office/libreoffice/excel/CalcContent.h"
-#include "office/model/excel/Pictures.h"
 #include "office/model/excel/Shapes.h"
 
 #include <cstddef>

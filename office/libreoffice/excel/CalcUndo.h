@@ -3,7 +3,7 @@
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/Uno.h"
 #include "office/libreoffice/session/UnoText.h"
-#include "office/model/UndoActions.h"
+#include "office/model/Undo.h"
 
 #include <com/sun/star/awt/XCallback.hpp>
 #include <com/sun/star/awt/XRequestCallback.hpp>

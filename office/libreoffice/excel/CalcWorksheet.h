@@ -2,7 +2,6 @@
 
 #include "office/libreoffice/excel/CalcContent.h"
 #include "office/model/excel/Worksheet.h"
-#include "office/model/excel/Worksheets.h"
 
 #include <cstddef>
 #include <string>

@@ -11,9 +11,7 @@
 #include "office/libreoffice/word/WriterHosting.h"
 #include "office/libreoffice/word/WriterOffice.h"
 #include "office/model/excel/Workbook.h"
-#include "office/model/excel/Workbooks.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
 
 #include <algorithm>
 #include <chrono>

@@ -3,7 +3,7 @@
 #include "office/formats/FormatTable.h"
 #include "office/libreoffice/readback/OpenDocumentDigest.h"
 #include "office/libreoffice/readback/WordPackageDigest.h"
-#include "office/model/DifferingCopy.h"
+#include "office/model/OfficeDocument.h"
 
 namespace mergeloom::libreoffice {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/session/LibreOfficeSession.h"
-#include "office/model/DocumentKind.h"
+#include "office/model/DocumentHost.h"
 #include "office/opc/XmlPart.h"
 
 #include <memory>

@@ -3,7 +3,7 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/OfficeConnection.h"
-#include "office/model/DocumentKind.h"
+#include "office/model/DocumentHost.h"
 #include "office/model/FileConverter.h"
 
 #include <functional>

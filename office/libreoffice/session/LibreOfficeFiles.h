@@ -3,7 +3,7 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/ScratchPaths.h"
-#include "office/model/DocumentKind.h"
+#include "office/model/DocumentHost.h"
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 

@@ -1,6 +1,6 @@
 #include "office/libreoffice/session/MarkTags.h"
 
-#include "base/ByteSink.h"
+#include "base/FileStore.h"
 #include "office/opc/Package.h"
 
 #include <span>

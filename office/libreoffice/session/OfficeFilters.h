@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/formats/FormatTable.h"
-#include "office/model/DocumentKind.h"
+#include "office/model/DocumentHost.h"
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 

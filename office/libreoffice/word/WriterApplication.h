@@ -4,7 +4,7 @@
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/word/WriterDocument.h"
 #include "office/model/word/Application.h"
-#include "office/model/word/Documents.h"
+#include "office/model/word/Document.h"
 
 #include <memory>
 #include <string>

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/word/WriterContent.h"
-#include "office/model/word/Cell.h"
-#include "office/model/word/Cells.h"
+#include "office/model/word/Table.h"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/word/WriterContent.h"
-#include "office/model/word/Field.h"
+#include "office/model/word/Fields.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/word/WriterContent.h"
-#include "office/model/word/Font.h"
+#include "office/model/word/Selection.h"
 
 #include <memory>
 #include <utility>

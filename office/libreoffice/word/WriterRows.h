@@ -3,7 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/word/TableInserter.h"
 #include "office/libreoffice/word/WriterCells.h"
-#include "office/model/word/Rows.h"
+#include "office/model/word/Table.h"
 
 #include <memory>
 #include <utility>

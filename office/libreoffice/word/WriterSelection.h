@@ -2,7 +2,6 @@
 
 #include "office/libreoffice/word/WriterContent.h"
 #include "office/model/word/Selection.h"
-#include "office/model/word/Window.h"
 
 #include <memory>
 #include <string>

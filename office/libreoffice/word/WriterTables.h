@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/word/WriterContent.h"
-#include "office/model/word/Tables.h"
+#include "office/model/word/Table.h"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/word/WriterContent.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 
 #include <memory>
 #include <string>

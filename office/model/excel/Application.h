@@ -9,22 +9,22 @@ namespace mergeloom::excel {
 
 class Application : public Object {
   public:
-    /// "Microsoft Excel" for every office that plays Excel's part.
+    /// Returns "Microsoft Excel" for every office that implements Excel's object model.
     virtual std::string Name() = 0;
-    /// The version of Excel whose formats and calls this office answers for, such as "16.0".
+    /// Returns the version of Excel whose formats and calls this office supports, such as "16.0".
     virtual std::string Version() = 0;
 
     virtual WorkbooksPtr Workbooks() = 0;
-    /// The active cell of the active sheet; in merged cells the first of them. Raises kApplicationDefined
-    /// when the active sheet has no cells and kNotAvailable when no workbook is open.
+    /// Returns the active cell of the active sheet; of merged cells, the first one. Raises
+    /// kApplicationDefined when the active sheet has no cells and kNotAvailable when no workbook is open.
     virtual RangePtr ActiveCell() = 0;
-    /// What is selected in the active sheet.
+    /// Returns the selection of the active sheet.
     virtual SelectionPtr Selection() = 0;
-    /// The cells that both ranges hold; none when they share none or lie in different sheets.
+    /// Returns the cells that both ranges hold; null when they share none or lie in different sheets.
     virtual RangePtr Intersect(Range& first, Range& second) = 0;
-    /// Excel's own model has no such member: an office that cannot take a step back still counts it.
+    /// Returns the record that makes changes one undo step. Excel's own model has no such member.
     virtual UndoRecordPtr UndoRecord() = 0;
-    /// Whether this office itself can write the format.
+    /// Returns true when this office itself can write the format.
     virtual bool canSaveAs(XlFileFormat format) = 0;
 
     /// Closes all workbooks without saving them.

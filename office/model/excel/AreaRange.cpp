@@ -1,7 +1,7 @@
 #include "office/model/excel/AreaRange.h"
 
 #include "base/AutomationError.h"
-#include "office/model/excel/Columns.h"
+#include "office/model/excel/Range.h"
 #include "office/model/excel/Worksheet.h"
 
 #include <algorithm>

@@ -41,30 +41,31 @@ struct CellSelection {
 };
 
 /// Returns the selection after the first of some merged cells was made the active one: the areas stay if they
-/// contain it, else the merged cells are selected.
+/// contain it, otherwise the merged cells are selected.
 CellSelection withActiveCell(CellSelection selection, const CellArea& merged);
 
-/// Whether the area lies within the rows and columns that a sheet has.
+/// Returns true when the area lies within the rows and columns of a sheet.
 bool isInSheet(const CellArea& area);
-/// The cells that both areas hold.
+/// Returns the cells that both areas hold, if any.
 std::optional<CellArea> intersection(const CellArea& a, const CellArea& b);
-/// The smallest area that holds both.
+/// Returns the smallest area that holds both.
 CellArea enclosing(const CellArea& a, const CellArea& b);
 
-/// "A" for 1, "XFD" for the last column.
+/// Returns "A" for 1, "XFD" for the last column.
 std::string columnLetters(int column);
-/// "B3".
+/// Returns an address such as "B3".
 std::string addressOf(const CellPosition& cell);
-/// "B3", or "B3:D4" for more than one cell; whole rows and columns as "3:4" and "B:D".
+/// Returns "B3", or "B3:D4" for more than one cell; whole rows and columns as "3:4" and "B:D".
 std::string addressOf(const CellArea& area);
-/// "$B$3", "$B$3:$D$4", "$3:$4", "$B:$D".
+/// Returns the address with "$": "$B$3", "$B$3:$D$4", "$3:$4", "$B:$D".
 std::string absoluteAddressOf(const CellArea& area);
 
-/// Reads a cell, with or without "$"; nothing when the text is no cell of a sheet. Letters count in any case.
+/// Reads a cell, with or without "$", with letters in any case. Returns none when the text is no cell of a
+/// sheet.
 std::optional<CellPosition> parseCell(std::string_view text);
-/// Reads what addressOf and absoluteAddressOf write, corners in any order.
+/// Reads an address that addressOf or absoluteAddressOf wrote, corners in any order.
 std::optional<CellArea> parseArea(std::string_view text);
-/// Reads a list of areas with blanks between them (ST_Sqref); what is no area is left out.
+/// Reads a list of areas separated by blanks (ST_Sqref). Ignores anything else.
 std::vector<CellArea> parseAreas(std::string_view text);
 
 }  // namespace mergeloom::excel

@@ -24,7 +24,7 @@ bool hasNameCharacters(std::string_view text) {
     return true;
 }
 
-/// Takes a letter in either case, and the digits behind it, off a text.
+/// Removes a letter in either case, and the digits after it, from the start of a text.
 bool takeNumbered(std::string_view& text, char letter) {
     if (text.empty() || !equalsIgnoringAsciiCase(text.substr(0, 1), {&letter, 1})) return false;
     text.remove_prefix(1);
@@ -33,7 +33,7 @@ bool takeNumbered(std::string_view& text, char letter) {
     return true;
 }
 
-/// Numbers beyond the sheet's edge count, too: such a name could not be told from a cell by a reader.
+/// Numbers beyond the sheet's edge count, too: a reader could not distinguish such a name from a cell.
 bool isRowColumnNotation(std::string_view text) {
     const bool hasRow = takeNumbered(text, 'R');
     const bool hasColumn = takeNumbered(text, 'C');

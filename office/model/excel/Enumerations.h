@@ -2,7 +2,7 @@
 
 namespace mergeloom::excel {
 
-/// XlFileFormat, the numbers that SaveAs takes; the formats of which the program itself speaks.
+/// XlFileFormat: the numbers pass through SaveAs unchanged. Only those that code uses have names here.
 enum class XlFileFormat : int {
     xlExcel12 = 50,
     xlOpenXMLWorkbook = 51,
@@ -12,7 +12,7 @@ enum class XlFileFormat : int {
     xlExcel8 = 56,
 };
 
-/// What Workbook.Close does with changes that were not saved.
+/// Decides in Workbook.Close about changes that were not saved.
 enum class SaveChanges { No, Yes };
 
 /// MsoShapeType; every other kind of shape has its own number.

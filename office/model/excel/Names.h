@@ -8,26 +8,41 @@
 
 namespace mergeloom::excel {
 
-/// The defined names of a workbook. Names are compared without regard to letter case.
+/// Excel's Name object, named differently since a C++ class can have no member of its own name.
+class DefinedName : public Object {
+  public:
+    /// Returns the name; that of a sheet follows the sheet's name and "!".
+    virtual std::string Name() = 0;
+    /// Returns true when dialogs show the name.
+    virtual bool Visible() = 0;
+    /// Returns the formula, with "=" before it.
+    virtual std::string RefersToLocal() = 0;
+    virtual void SetRefersToLocal(const std::string& formula) = 0;
+    /// Returns the cells that the name refers to. Raises kApplicationDefined for a constant, a formula, cells
+    /// of another workbook, or deleted cells (#REF!).
+    virtual RangePtr RefersToRange() = 0;
+};
+
+/// The defined names of a workbook. Names are compared regardless of letter case.
 class Names : public Counted {
   public:
     /// Raises kApplicationDefined for a number outside 1 to Count.
     virtual DefinedNamePtr Item(int number) = 0;
-    /// A name of the workbook, or of a sheet when it is given as Sheet!Name. Raises kApplicationDefined for a
-    /// name that is not defined.
+    /// Returns a name of the workbook, or of a sheet when it is given as Sheet!Name. Raises
+    /// kApplicationDefined for a name that is not defined.
     virtual DefinedNamePtr Item(const std::string& name) = 0;
-    /// Whether the name is taken: Item finds it, or it is that of a table, which Add refuses. A question that
-    /// is asked for each place should not cost an error.
+    /// Returns true when the name is taken: Item finds it, or it is that of a table, which Add refuses. It is
+    /// called for each place, where catching an error of Item would be slow.
     virtual bool Exists(const std::string& name) = 0;
 
-    /// Names.Add: defines a name of the workbook. A name of the workbook that is there already is defined
-    /// anew; one of a sheet stays beside it. References without a sheet lead to the active sheet. Raises
-    /// kApplicationDefined, and changes nothing, for what is no name (ECMA-376 Part 1, 18.2.5; a name that
-    /// reads as a cell's address is none) or no formula.
+    /// Names.Add: defines a name of the workbook. An existing name of the workbook is redefined; one of a
+    /// sheet stays beside it. References without a sheet lead to the active sheet. Raises
+    /// kApplicationDefined, and changes nothing, for an invalid name (ECMA-376 Part 1, 18.2.5; the address of
+    /// a cell is no name) or an invalid formula.
     virtual DefinedNamePtr Add(const std::string& name, const std::string& refersToLocal) = 0;
 
-    /// The smallest number n from 1 for which Exists(stem followed by n) is false. An office that can tell
-    /// faster than by trying does so.
+    /// Returns the smallest number n from 1 for which Exists(stem followed by n) is false. An office with a
+    /// faster way than trying overrides it.
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
         return model::firstFreeCounter(stem, [&](const std::string& name) { return Exists(name); });
     }

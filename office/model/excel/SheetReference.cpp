@@ -9,8 +9,8 @@ namespace {
 
 constexpr char32_t kLastAscii = 0x7F;
 
-/// What may stand in a sheet's name without quotes. Programs differ in what they quote, so this is wider than
-/// what is written here.
+/// Returns true for a character that a sheet's name may have without quotes. Programs quote differently, so
+/// this is wider than what is written here.
 bool isPlain(char32_t character) {
     return isNameLetter(character) || isDigit(character) || character == U'_' || character == U'.' ||
            character > kLastAscii;
@@ -24,12 +24,13 @@ bool isPlainName(std::string_view name) {
     return true;
 }
 
-/// Whether a sheet can have the name. A colon stands for several sheets, brackets for another workbook.
+/// Returns true when a sheet can have the name. A colon denotes several sheets, brackets another workbook.
 bool isSheetName(std::string_view name) {
     return !name.empty() && name.find_first_of(":[]\\/?*") == std::string_view::npos;
 }
 
-/// Takes a name in quotes and the "!" behind it off a formula; nothing when they do not stand there.
+/// Removes a name in quotes and the "!" after it from the start of a formula and returns it; none when the
+/// formula does not begin so.
 std::optional<std::string> takeQuotedName(std::string_view& formula) {
     std::string name;
     for (std::size_t at = 1; at + 1 < formula.size(); ++at) {

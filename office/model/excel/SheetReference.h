@@ -18,8 +18,8 @@ struct SheetReference {
 /// Returns a sheet's name as formulas write it, in apostrophes where they are required.
 std::string writtenSheetName(const std::string& name);
 
-/// Reads a formula (without "=") that is nothing but one block of cells of this workbook; nothing for any
-/// other formula: several areas, a constant, #REF!, another workbook's cells ("[1]Sheet1!$A$1").
+/// Reads a formula (without "=") that is only one block of cells of this workbook. Returns none for any other
+/// formula: several areas, a constant, #REF!, another workbook's cells ("[1]Sheet1!$A$1").
 std::optional<SheetReference> parseReference(std::string_view formula);
 /// Returns the reference with absolute addresses.
 std::string referenceText(const SheetReference& reference);

@@ -9,16 +9,16 @@ namespace mergeloom::word {
 
 class Application : public Object {
   public:
-    /// "Microsoft Word" for every office that plays Word's part.
+    /// Returns "Microsoft Word" for every office that implements Word's object model.
     virtual std::string Name() = 0;
-    /// The version of Word whose formats and calls this office answers for, such as "16.0".
+    /// Returns the version of Word whose formats and calls this office supports, such as "16.0".
     virtual std::string Version() = 0;
 
     virtual DocumentsPtr Documents() = 0;
-    /// The selection of the active document; raises an error when no document is open.
+    /// Returns the selection of the active document. Raises an error when no document is open.
     virtual SelectionPtr Selection() = 0;
     virtual UndoRecordPtr UndoRecord() = 0;
-    /// Whether this office itself can write the format.
+    /// Returns true when this office itself can write the format.
     virtual bool canSaveAs(WdSaveFormat format) = 0;
 
     virtual void Quit(WdSaveOptions saveChanges) = 0;

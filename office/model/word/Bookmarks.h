@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Units.h"
 #include "office/model/NameCounters.h"
 #include "office/model/word/Forward.h"
 
@@ -8,8 +9,23 @@
 
 namespace mergeloom::word {
 
+/// A named place. Every member raises kObjectDeleted once the bookmark is gone from its document.
+class Bookmark : public Object {
+  public:
+    virtual std::string Name() = 0;
+    virtual RangePtr Range() = 0;
+
+    virtual CharacterPosition Start() = 0;
+    virtual void SetStart(CharacterPosition start) = 0;
+    virtual CharacterPosition End() = 0;
+    virtual void SetEnd(CharacterPosition end) = 0;
+
+    /// Makes the bookmark's range the selection.
+    virtual void Select() = 0;
+};
+
 /// The bookmarks of a document (by number in name order) or of a range or selection (by number in place
-/// order). Names are compared without regard to letter case.
+/// order). Names are compared regardless of letter case.
 class Bookmarks : public Counted {
   public:
     /// Raises kMemberNotFound for a number outside 1 to Count.
@@ -22,8 +38,8 @@ class Bookmarks : public Counted {
     /// an error for a name that is no bookmark name.
     virtual BookmarkPtr Add(const std::string& name, Range& range) = 0;
 
-    /// The smallest number n from 1 for which no bookmark is named stem followed by n. An office that can
-    /// tell faster than by trying does so.
+    /// Returns the smallest number n from 1 for which no bookmark is named stem followed by n. An office with
+    /// a faster way than trying overrides it.
     virtual std::int64_t firstFreeCounter(const std::string& stem) {
         return model::firstFreeCounter(stem, [&](const std::string& name) { return Exists(name); });
     }

@@ -2,8 +2,8 @@
 
 namespace mergeloom::word {
 
-/// WdSaveFormat: the numbers pass through SaveAs unchanged. Only those that code tells apart have names here;
-/// any other number of the enumeration may be cast to it.
+/// WdSaveFormat: the numbers pass through SaveAs unchanged. Only those that code distinguishes have names
+/// here; any other number of the enumeration may be cast to it.
 enum class WdSaveFormat : int {
     wdFormatXMLDocument = 12,
     wdFormatXMLDocumentMacroEnabled = 13,
@@ -11,7 +11,7 @@ enum class WdSaveFormat : int {
     wdFormatXMLTemplateMacroEnabled = 15,
 };
 
-/// WdFieldType, as far as code tells fields apart; every other field has the type of none of these.
+/// WdFieldType, as far as code distinguishes fields; other fields have none of these types.
 enum class WdFieldType : int {
     wdFieldEmpty = -1,
     wdFieldSet = 6,

@@ -17,7 +17,7 @@ std::vector<std::string> piecesOfCode(std::string_view code);
 /// Returns the text in quotes, such that piecesOfCode reads it as one piece.
 std::string quotedPiece(const std::string& text);
 
-/// Returns the code in one line, as people are shown it: with a blank for each run of separators and none at
+/// Returns the code in one line, as it is shown to users: with a blank for each run of separators and none at
 /// the ends.
 std::string shownCode(std::string_view code);
 

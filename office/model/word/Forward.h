@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/model/Object.h"
-#include "office/model/UndoRecord.h"
+#include "office/model/Undo.h"
 
 #include <memory>
 

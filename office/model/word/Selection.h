@@ -7,24 +7,30 @@
 
 namespace mergeloom::word {
 
+class Font : public Object {
+  public:
+    /// Sets Font.Size in points, in steps of a half.
+    virtual void SetSize(double points) = 0;
+};
+
 /// The floating shapes with anchors in a selection.
 class ShapeRange : public Counted {};
 
-/// What is selected in the active window; a caret when nothing is.
+/// The selection of the active window; a caret when nothing is selected.
 class Selection : public Object {
   public:
-    /// A range of its own over what is selected now.
+    /// Returns a new range over the current selection.
     virtual RangePtr Range() = 0;
 
-    /// Replaces what is selected; the new text is selected then.
+    /// Replaces the selection; then the new text is selected.
     virtual void SetText(const std::string& text) = 0;
-    /// Types at the selection, in the formatting that stands there; typing replaces what is selected. The
-    /// caret stands behind the text then.
+    /// Types at the selection in the formatting there, replacing the selection, and leaves the caret after
+    /// the text.
     virtual void TypeText(const std::string& text) = 0;
     virtual void TypeParagraph() = 0;
     virtual void Collapse(WdCollapseDirection direction) = 0;
-    /// Selection.EndKey with the unit wdStory: the caret moves before the last paragraph mark of its story. A
-    /// story that ends with a table or a content control gets an empty paragraph after it for that.
+    /// Selection.EndKey with the unit wdStory: moves the caret before the last paragraph mark of its story. A
+    /// story that ends with a table or a content control first gets an empty paragraph after it.
     virtual void EndKey(WdUnits unit) = 0;
 
     virtual FontPtr Font() = 0;
@@ -34,6 +40,12 @@ class Selection : public Object {
     virtual InlineShapesPtr InlineShapes() = 0;
     virtual ShapeRangePtr ShapeRange() = 0;
     virtual TablesPtr Tables() = 0;
+};
+
+/// The window of a document; without a window, its equivalent.
+class Window : public Object {
+  public:
+    virtual SelectionPtr Selection() = 0;
 };
 
 }  // namespace mergeloom::word

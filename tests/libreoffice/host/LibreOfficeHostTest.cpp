@@ -6,7 +6,6 @@
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Document.h"
-#include "office/model/word/Documents.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
 

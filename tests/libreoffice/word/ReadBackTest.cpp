@@ -4,7 +4,7 @@
 #include "office/libreoffice/readback/ReadBack.h"
 #include "office/libreoffice/readback/WordPackageDigest.h"
 #include "office/libreoffice/session/UnoText.h"
-#include "office/model/DifferingCopy.h"
+#include "office/model/OfficeDocument.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
