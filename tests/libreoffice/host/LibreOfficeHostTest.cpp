@@ -150,7 +150,7 @@ TEST_F(HostedText, DropsWhereThePointIs) {
         "<w:tblGrid><w:gridCol w:w='4000'/></w:tblGrid><w:tr><w:tc><w:tcPr><w:tcW w:w='4000' w:type='dxa'/>"
         "</w:tcPr><w:p><w:r><w:t>in</w:t></w:r></w:p></w:tc></w:tr></w:tbl><w:p/>");
     std::set<std::string> missing{"one*\ntwo\nin\n|\n", "one\ntwo*\nin\n|\n", "one\ntwo\nin*\n|\n"};
-    std::set<int> seen;
+    std::set<std::int64_t> seen;
     // Each line is met somewhere on the way down.
     for (int y = topOfDocument(host()); y < TestWindow::kPaneHeight / 2 && !missing.empty(); y += 6) {
         ASSERT_TRUE(host().placeCaret({250, y}));

@@ -19,6 +19,7 @@ class RunningProgram {
     /// The descriptor is open in the program, too.
     explicit RunningProgram(std::vector<std::string> command, int kept = -1) {
         std::vector<char*> arguments;
+        arguments.reserve(command.size() + 1);
         for (std::string& word : command)
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
