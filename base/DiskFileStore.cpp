@@ -32,7 +32,7 @@ class OpenFile {
     OpenFile& operator=(const OpenFile&) = delete;
     ~OpenFile() { calls_.close(file_); }
 
-    /// Reads to the end of the file, whatever its size; the expected size saves reallocations.
+    /// Reads to the end of the file, whatever its actual size is; the expected size saves reallocations.
     std::string readAll(std::size_t expectedSize) {
         // One byte more, so that the end is found without growing.
         std::string bytes(expectedSize + 1, '\0');

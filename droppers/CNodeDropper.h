@@ -37,8 +37,8 @@ class CNodeDropper {
                   const XmlNodeCollection& rcolXMLNodes, bool vfShowDialog, DocumentType vDocumentType,
                   const FieldKeys* rcolFields);
 
-    /// Returns a sentence that names what the last drop looked for in an object and did not find. Empty when
-    /// it dropped something or has already told the user why not.
+    /// Returns a sentence that names what the last drop searched for in an object and did not find. Empty
+    /// when it dropped something or has already informed the user of the reason.
     [[nodiscard]] const std::string& nothingDropped() const { return nothingDropped_; }
 
     /// Adds a place for an optional blank or line break. A document takes at most 20 of each.

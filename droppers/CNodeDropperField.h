@@ -78,12 +78,11 @@ class CNodeDropperField {
     DropContext& context_;
 };
 
-/// Returns true when a place can be named after a control. If not, tells the user why the control is left
-/// out.
+/// Returns whether a place can be named after a control. If not, informs the user why the control is omitted.
 bool takesName(DropContext& context, const FieldDropArguments& control);
 
-/// Returns true when anything of a subform can be dropped. If not, tells the user which controls are left
-/// out, and that the subform is. A subform without any controls is not left out.
+/// Returns whether any control of a subform can be dropped. If not, informs the user which controls are
+/// omitted, and that the subform is. A subform without controls is not omitted.
 bool takesSubform(DropContext& context, const FieldDropArguments& subform);
 
 }  // namespace mergeloom

@@ -17,8 +17,8 @@ namespace mergeloom {
 
 namespace {
 
-/// Returns true when the table that the field belongs to exists and the cell lies outside of it. A name that
-/// has lost its cells guards nothing.
+/// Returns whether the table that the field belongs to exists and the cell is outside of it. A name that has
+/// lost its cells guards nothing.
 bool isOutsideItsTable(const FieldDropArguments& arguments, excel::Workbook& workbook, excel::Range& cell) {
     if (!arguments.isTableField || arguments.tableName.empty()) return false;
     const excel::NamesPtr names = workbook.Names();

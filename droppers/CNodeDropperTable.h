@@ -45,7 +45,7 @@ class CNodeDropperTable {
     /// Returns true when a table of these columns can begin at that cell: it ends on the sheet and covers no
     /// merged cells.
     bool xlHasRoom(const TreeNode& node, excel::Range& cell, const FieldKeys& columns);
-    /// Tells the user that the table has no room. Returns false.
+    /// Informs the user that the table has no room. Returns false.
     bool xlRefuse();
 
   private:
@@ -65,7 +65,7 @@ class CNodeDropperTable {
     void CollectSelectedFields();
     void mDialogFields_Load();
     void mbtnInsert_Click();
-    /// Returns the chosen controls except those after which no place can be named; the user is told about
+    /// Returns the chosen controls except those after which no place can be named; the user is informed of
     /// these.
     ControlNodes columnsOf(const TreeNode& node, const FieldKeys& keys);
     bool areColumns(const ControlNodes& chosen);

@@ -32,19 +32,19 @@ class DropReports : public ErrorHandler {
     /// Passes the error on to the program's error handler.
     void report(const ErrorReport& report) override;
 
-    /// Tells the user why something is not dropped. A refusal is no error: nothing was changed. Returns
+    /// Informs the user why something is not dropped. A refusal is no error: nothing was changed. Returns
     /// false, so that the procedure that refuses can return it.
     bool refuse(const std::string& text, MessageIcon icon = MessageIcon::Exclamation);
-    /// Tells the user what was done differently than expected.
+    /// Informs the user of what was done differently than expected.
     void tell(const std::string& text);
     /// Asks a yes-or-no question. Returns true for yes.
     bool ask(const std::string& question);
-    /// Announces what is about to happen. Returns false when the user cancels.
+    /// Announces the next step. Returns false when the user cancels.
     bool confirm(const std::string& announcement);
     /// Ends the drop as an error does, because the user cancelled it.
     void cancel() { failed_ = true; }
 
-    /// Runs a procedure's body under its trap and returns the body's result. An error goes to the error
+    /// Runs a procedure's body under its trap and returns the body's result. An error is passed to the error
     /// handler with the comment's text at that time, and the result is false.
     template <typename Body>
     bool trap(const Procedure& procedure, const Body& body, const std::string& comment = {},
@@ -109,7 +109,7 @@ struct DropContext {
     NameRule normalizeName = WordNormalizeName;  ///< of the kind of document
     DroppedNames places{};                       ///< the places that this drop made
     DroppedNames tables{};  ///< the tables that this drop made, which are no earlier tables to replace
-    /// The reason why nothing of an object was dropped, unless the user was told.
+    /// The reason why nothing of an object was dropped, unless the user was informed of it.
     std::string nothingDropped{};
 };
 

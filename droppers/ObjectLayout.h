@@ -19,9 +19,9 @@ ObjectLayout layoutOf(DropContext& context, const XmlNode& object);
 /// unchanged, and an empty text for an object without a view.
 std::string viewNameOf(const XmlNode& object);
 
-/// Returns a sentence that names what was looked for in an object or a subform and not found, for when
-/// nothing of it was dropped and the user was not told why. Empty when there is something to drop, of which
-/// the user chose nothing.
+/// Returns a sentence that names what was searched for in an object or a subform and not found, for a drop
+/// that dropped nothing of it without informing the user of the reason. Empty when there is something to
+/// drop, of which the user chose nothing.
 std::string nothingToDrop(const DropContext& context, const TreeNode& node, ObjectLayout layout);
 
 }  // namespace mergeloom

@@ -12,7 +12,7 @@ bool isUsable(char32_t character) {
 
 std::string usableCharacters(std::string_view name) {
     std::string result = beginsWithDigit(name) ? "x" : "";
-    // Names are mostly usable as they are, so what stands between two other characters is copied at once.
+    // Few characters of a name are replaced, so the characters between two of them are copied at once.
     std::string_view uncopied = name;
     while (!name.empty()) {
         const std::size_t left = name.size();

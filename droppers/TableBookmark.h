@@ -28,7 +28,7 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
                         std::string (*rule)(const TreeNode&, const std::string&));
 
 /// Returns the name of a table in this drop: the given one, or a further one when this drop has already made
-/// a table of that name, which is no earlier table to replace. Then the user is told.
+/// a table of that name, which is no earlier table to replace. The user is informed of a further name.
 std::string tableNameInDrop(DropContext& context, const std::string& tableName);
 
 /// Deletes the table under the bookmark. A bookmark that has lost its table stays, and so does one over a

@@ -75,7 +75,7 @@ void moveStartAfter(word::Document& document, const std::string& bookmarkName, C
     bookmark->SetStart(bookmark->Start() + length);
 }
 
-/// Writes what the place shows and returns the guards around it.
+/// Writes the text or picture of the place and returns the guards around it.
 Guards fillRange(word::Document& document, word::Range& range, const TouchingBookmarks& touching,
                  const std::string& name, const PlaceContent& content) {
     if (coversSeveralCells(range)) return {};

@@ -60,7 +60,7 @@ class DocumentHost {
     virtual HostedDocument ActiveDocument() = 0;
 
     /// Bracket the use of the object model, since the user edits the document without it: between these two
-    /// calls the model knows the document as it is and its selection is the view's. The first takes over the
+    /// calls the model knows the current document and its selection is the view's. The first copies the
     /// view's selection and locks the view, the second unlocks it and shows the model's selection.
     virtual void beginEditing() = 0;
     virtual void endEditing() = 0;

@@ -13,7 +13,7 @@ class FileConverter {
     virtual ~FileConverter() = default;
 
     /// Returns the reason why documents cannot be written in the format at present, as a sentence that says
-    /// what to install where that would help; empty when they can. Starts no office.
+    /// what to install if that would help; empty when they can. Starts no office.
     virtual std::string refusal(word::WdSaveFormat format) = 0;
     virtual std::string refusal(excel::XlFileFormat format) = 0;
     [[nodiscard]] bool canWrite(word::WdSaveFormat format) { return refusal(format).empty(); }

@@ -103,7 +103,7 @@ WordTag lookUp(const char* name) {
     return WordTag::Other;
 }
 
-/// Returns what follows a prefix of the name; none when the name has another one.
+/// Returns the rest of the name after a prefix; none when the name has another one.
 const char* afterPrefix(const char* name, const std::string& prefix) {
     for (const char character : prefix) {
         if (*name++ != character) return nullptr;

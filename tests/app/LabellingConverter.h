@@ -9,7 +9,7 @@
 namespace mergeloom {
 
 /// A converter whose files of other formats are those of Open Packaging after a line with the format's
-/// number. What is neither counts as damaged.
+/// number. Any other file counts as damaged.
 class LabellingConverter final : public FileConverter {
   public:
     explicit LabellingConverter(FileStore*& files) : files_(files) {}

@@ -7,9 +7,9 @@
 
 namespace mergeloom {
 
-/// Holds the input focus of a window in a small window of its own inside it. The X server gives the keys to
+/// Holds the input focus of a window in a small window of its own inside it. The X server sends the keys to
 /// the window under the mouse when that is inside the window with the focus. With the focus in our window
-/// itself, the document inside it would get whatever is typed while the mouse is over it.
+/// itself, the document inside it would receive every key while the mouse is over it.
 class FocusHolder final : public QAbstractNativeEventFilter {
   public:
     /// Does nothing for window systems other than X11.

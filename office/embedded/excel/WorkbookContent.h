@@ -48,7 +48,7 @@ class WorkbookContent {
     /// Makes a sheet the active one. Raises kApplicationDefined for a hidden sheet.
     void activate(std::size_t index);
 
-    /// Returns what a cell shows for a text, a number or a boolean.
+    /// Returns the text that a cell shows for a text, a number or a boolean.
     [[nodiscard]] std::string textOf(std::size_t sheet, const excel::CellPosition& cell);
     /// Writes a text into a cell; a cell that is covered by merged cells stays as it is. Raises
     /// kApplicationDefined, with a sentence for the user, for a cell that must not be written.

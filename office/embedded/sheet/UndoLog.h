@@ -8,7 +8,7 @@
 
 namespace mergeloom::embedded {
 
-/// The undo actions of one recorded step. Whoever changes a workbook records how to undo it; while no step is
+/// The undo actions of one recorded step. Every change of a workbook records how to undo it; while no step is
 /// recorded, that costs nothing.
 class UndoLog {
   public:
@@ -38,8 +38,8 @@ class UndoLog {
     bool recording_ = false;
 };
 
-/// Tracks whether a part differs from what the package contains. A part that was edited and undone back to
-/// its stored state is unchanged; one that was stored between the edit and the undo is changed.
+/// Tracks whether a part differs from the one in the package. A part that was edited and undone back to its
+/// stored state is unchanged; one that was stored between the edit and the undo is changed.
 class PartState {
   public:
     /// The log must outlive the state.

@@ -41,7 +41,7 @@ SheetEntry readSheet(pugi::xml_node node, opc::Package& package, const opc::Rela
 
 constexpr const char* kCalculateOnLoad = "fullCalcOnLoad";
 
-/// Returns what a file is by its main part's content type; an empty text for a workbook that can be read.
+/// Returns the kind of a file by its main part's content type; an empty text for a workbook that can be read.
 std::string_view foreignKind(const std::string& contentType) {
     const std::string type = toLowerAscii(contentType);
     const auto has = [&](std::string_view word) { return type.find(word) != std::string::npos; };

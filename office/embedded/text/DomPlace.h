@@ -29,7 +29,7 @@ class DomPlaces {
     /// Returns the place for the end mark of a bookmark whose last character is the previous item.
     [[nodiscard]] DomPlace forEndMark(const Item* previous, const Item* next) const;
 
-    /// Returns the paragraph into which text or a mark before an item goes. Raises an AutomationError where
+    /// Returns the paragraph that receives text or a mark before an item. Raises an AutomationError where
     /// none is possible.
     [[nodiscard]] pugi::xml_node paragraphAt(const Item* next) const;
 

@@ -63,8 +63,8 @@ class EditJournal {
     };
 
     /// The data that undoes a step; the kind of step decides which fields it uses. Kept small: a drop of a
-    /// large form records several steps for each of its controls. The number is a length or that of what is
-    /// in one of the queues of former states.
+    /// large form records several steps for each of its controls. The number is a length or an index in one
+    /// of the queues of former states.
     struct Entry {
         Step step;
         std::uint32_t number = 0;

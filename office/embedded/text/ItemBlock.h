@@ -22,7 +22,7 @@ ItemTotals totalsOf(const Item& item);
 /// Neighbouring items of a story that are together in memory, and a node of the tree of such blocks
 /// (ItemTree).
 struct ItemBlock {
-    static constexpr std::uint8_t kMostItems = 32;
+    static constexpr std::uint8_t kMaxItems = 32;
 
     ItemBlock* left = nullptr;
     ItemBlock* right = nullptr;
@@ -31,9 +31,9 @@ struct ItemBlock {
     ItemTotals own;    ///< of its items
     ItemTotals below;  ///< of its items and those of all blocks below it in the tree
     std::uint8_t count = 0;
-    std::array<Item*, kMostItems> items{};
+    std::array<Item*, kMaxItems> items{};
 
-    [[nodiscard]] bool isFull() const { return count == kMostItems; }
+    [[nodiscard]] bool isFull() const { return count == kMaxItems; }
     [[nodiscard]] Item* first() const { return items.front(); }
     [[nodiscard]] Item* last() const { return items[count - 1U]; }
 

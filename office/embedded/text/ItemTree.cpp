@@ -227,8 +227,9 @@ ItemBlock& ItemTree::makeBlock() {
 }
 
 void ItemTree::split(ItemBlock& block, std::uint8_t insertion) {
-    // A tail that an edit goes on before is split off, so that what is put in at one place fills its blocks.
-    const std::uint8_t half = ItemBlock::kMostItems / 2;
+    // The items after the place of an edit are split off, so that further insertions at that place fill its
+    // blocks.
+    const std::uint8_t half = ItemBlock::kMaxItems / 2;
     ItemBlock& tail = makeBlock();
     block.moveTail(std::max(insertion, half), tail);
     subtractUpward(&block, tail.own);

@@ -58,8 +58,8 @@ class ItemTree {
     std::deque<ItemBlock> blocks_;
     std::vector<ItemBlock*> emptyBlocks_;
     ItemBlock* root_ = nullptr;
-    // The last result of itemAt, since an edit asks for the same position several times. It outlives the
-    // changes that move no character before it.
+    // The last result of itemAt, since an edit searches for the same position several times. It stays valid
+    // after changes that move no character before it.
     mutable Item* lastFound_ = nullptr;
     mutable CharacterPosition lastPosition_;
     std::uint32_t random_ = 0x9E3779B9;

@@ -41,7 +41,7 @@ word::FieldsPtr EmbeddedRange::Fields() {
 }
 
 word::InlineShapesPtr EmbeddedRange::InlineShapes() {
-    // What the collection changes, the range holds.
+    // The collection shares the range's span: changes by the collection apply to the range.
     const std::shared_ptr<TrackedRange> span(shared_from_this(), &span_);
     return std::make_shared<EmbeddedInlineShapes>(content_, span);
 }

@@ -25,8 +25,8 @@ class CalcContent {
   public:
     CalcContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
                 const DocumentReference& document);
-    /// Takes over the document of a former content, which a user may have changed since. The former content
-    /// is kept to undo its steps.
+    /// Adopts the document of a former content, which a user may have changed since. The former content is
+    /// kept to undo its steps.
     explicit CalcContent(CalcContent& former);
     CalcContent(const CalcContent&) = delete;
     CalcContent& operator=(const CalcContent&) = delete;

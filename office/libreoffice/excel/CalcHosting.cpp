@@ -35,7 +35,7 @@ std::vector<excel::CellArea> selectedAreas(const Reference<css::uno::XInterface>
     return areas;
 }
 
-/// Takes over the selected areas of the view. The content has read the active cell and sheet itself.
+/// Adopts the selected areas of the view. The content has read the active cell and sheet itself.
 void takeSelection(CalcContent& content, const Reference<css::frame::XModel>& model) {
     if (!content.hasActiveCells()) return;
     CalcSheet& sheet = content.sheet(content.activeSheet());

@@ -7,7 +7,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// Returns what a cell shows for a text, number or boolean.
+/// Returns the text that a cell shows for a text, number or boolean.
 std::string textOf(CalcContent& content, std::size_t sheet, const excel::CellPosition& cell);
 /// Writes a text into every cell of the area, as a text even if it looks like a number; of merged cells into
 /// the first one. Raises kApplicationDefined before anything is written.

@@ -98,8 +98,8 @@ void HostFrame::fillWindow() const {
     embedWindow_.resize(width_, height_);
 }
 
-/// The office lays out by itself some time after a change. It may take over an earlier size after the newest
-/// one, when it is late with the events of the window system.
+/// The office lays out by itself some time after a change. When it handles the events of the window system
+/// late, an earlier size may replace the newest one.
 bool HostFrame::layOut() {
     const css::awt::Rectangle size = container_->getPosSize();
     if (size.Width != width_ || size.Height != height_) {

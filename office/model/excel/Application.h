@@ -20,7 +20,8 @@ class Application : public Object {
     virtual RangePtr ActiveCell() = 0;
     /// Returns the selection of the active sheet.
     virtual SelectionPtr Selection() = 0;
-    /// Returns the cells that both ranges hold; null when they share none or lie in different sheets.
+    /// Returns the cells that are in both ranges; null when there are none or the ranges are in different
+    /// sheets.
     virtual RangePtr Intersect(Range& first, Range& second) = 0;
     /// Returns the record that makes changes one undo step. Excel's own model has no such member.
     virtual UndoRecordPtr UndoRecord() = 0;

@@ -31,7 +31,7 @@ class Range : public Object {
     /// Returns the absolute address without the sheet, such as "$B$3" or "$B$3:$D$4".
     virtual std::string AddressLocal() = 0;
 
-    /// Returns the cell in a row and column counted from the range's first cell; it may lie outside the
+    /// Returns the cell in a row and column counted from the range's first cell; it may be outside of the
     /// range.
     virtual RangePtr Cells(int row, int column) = 0;
     /// Returns a block of that size from the first cell on.

@@ -9,8 +9,8 @@ namespace {
 
 constexpr char32_t kLastAscii = 0x7F;
 
-/// Returns true for a character that a sheet's name may have without quotes. Programs quote differently, so
-/// this is wider than what is written here.
+/// Returns whether a sheet's name may have the character without quotes. Programs quote differently, so this
+/// accepts more than is written here.
 bool isPlain(char32_t character) {
     return isNameLetter(character) || isDigit(character) || character == U'_' || character == U'.' ||
            character > kLastAscii;

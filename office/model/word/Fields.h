@@ -20,7 +20,7 @@ class Field : public Object {
     virtual void Delete() = 0;
 };
 
-/// Fields of a range (those whose first character lies in it) or of a document (those of all its stories), as
+/// Fields of a range (those whose first character is in it) or of a document (those of all its stories), as
 /// they were when the collection was obtained, in order; an outer field comes before those inside it.
 class Fields : public Counted {
   public:
