@@ -6,6 +6,7 @@
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewWorkbook.h"
+#include "office/model/OpenDocuments.h"
 #include "office/model/Undo.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Workbook.h"
@@ -39,22 +40,6 @@ excel::SelectionPtr selectionOf(const std::shared_ptr<WorkbookContent>& content)
     return std::make_shared<SelectedCells>(content, content->activeWorksheet());
 }
 
-class EmbeddedWorkbooks final : public excel::Workbooks {
-  public:
-    explicit EmbeddedWorkbooks(std::shared_ptr<EmbeddedExcelApplication> application)
-        : application_(std::move(application)) {}
-
-    int Count() override { return static_cast<int>(application_->workbooks().size()); }
-    excel::WorkbookPtr Add(const std::string& templatePath) override {
-        return application_->add(templatePath);
-    }
-    excel::WorkbookPtr Open(const std::string& fileName) override { return application_->open(fileName); }
-    excel::WorkbookPtr Item(int number) override { return application_->workbooks()[indexOf(number)]; }
-
-  private:
-    std::shared_ptr<EmbeddedExcelApplication> application_;
-};
-
 /// Only the step that was recorded last can be undone; a record without edits is not a step.
 class EmbeddedWorkbookUndoRecord final : public model::UndoRecord {
   public:
@@ -75,7 +60,9 @@ excel::ApplicationPtr makeExcelApplication(FileStore& files) {
 }
 
 excel::WorkbooksPtr EmbeddedExcelApplication::Workbooks() {
-    return std::make_shared<EmbeddedWorkbooks>(shared_from_this());
+    return std::make_shared<
+        model::OpenDocuments<excel::Workbooks, excel::Workbook, EmbeddedExcelApplication>>(
+        shared_from_this());
 }
 
 excel::RangePtr EmbeddedExcelApplication::ActiveCell() {

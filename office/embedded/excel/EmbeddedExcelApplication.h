@@ -32,7 +32,7 @@ class EmbeddedExcelApplication final : public excel::Application,
 
     excel::WorkbookPtr open(const std::string& fileName);
     excel::WorkbookPtr add(const std::string& templatePath);
-    [[nodiscard]] const std::vector<std::shared_ptr<EmbeddedWorkbook>>& workbooks() const {
+    [[nodiscard]] const std::vector<std::shared_ptr<EmbeddedWorkbook>>& documents() const {
         return workbooks_;
     }
     void remove(const EmbeddedWorkbook& workbook);

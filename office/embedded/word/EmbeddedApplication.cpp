@@ -3,9 +3,9 @@
 #include "base/AutomationError.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/NewDocument.h"
-#include "office/embedded/word/EmbeddedDocuments.h"
 #include "office/embedded/word/EmbeddedSelection.h"
 #include "office/embedded/word/EmbeddedUndoRecord.h"
+#include "office/model/OpenDocuments.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,7 +13,8 @@
 namespace mergeloom::embedded {
 
 word::DocumentsPtr EmbeddedApplication::Documents() {
-    return std::make_shared<EmbeddedDocuments>(shared_from_this());
+    return std::make_shared<model::OpenDocuments<word::Documents, word::Document, EmbeddedApplication>>(
+        shared_from_this());
 }
 
 word::SelectionPtr EmbeddedApplication::Selection() {

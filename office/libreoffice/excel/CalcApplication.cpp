@@ -5,28 +5,13 @@
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/libreoffice/excel/CalcTexts.h"
 #include "office/libreoffice/session/OfficeFilters.h"
+#include "office/model/OpenDocuments.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Workbook.h"
 
 namespace mergeloom::libreoffice {
 
 namespace {
-
-class CalcWorkbooks final : public excel::Workbooks {
-  public:
-    explicit CalcWorkbooks(std::shared_ptr<CalcApplication> application)
-        : application_(std::move(application)) {}
-
-    int Count() override { return static_cast<int>(application_->workbooks().size()); }
-    excel::WorkbookPtr Add(const std::string& templatePath) override {
-        return application_->add(templatePath);
-    }
-    excel::WorkbookPtr Open(const std::string& fileName) override { return application_->open(fileName); }
-    excel::WorkbookPtr Item(int number) override { return application_->workbooks()[indexOf(number)]; }
-
-  private:
-    std::shared_ptr<CalcApplication> application_;
-};
 
 /// The selection of the active sheet, in which shapes are never selected.
 class CalcSelection final : public excel::Selection {
@@ -63,7 +48,8 @@ excel::ApplicationPtr makeExcelApplication(std::shared_ptr<LibreOfficeSession> s
 }
 
 excel::WorkbooksPtr CalcApplication::Workbooks() {
-    return std::make_shared<CalcWorkbooks>(shared_from_this());
+    return std::make_shared<model::OpenDocuments<excel::Workbooks, excel::Workbook, CalcApplication>>(
+        shared_from_this());
 }
 
 excel::RangePtr CalcApplication::ActiveCell() {

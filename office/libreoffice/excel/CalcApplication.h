@@ -34,7 +34,7 @@ class CalcApplication final : public excel::Application,
 
     excel::WorkbookPtr open(const std::string& fileName);
     excel::WorkbookPtr add(const std::string& templatePath);
-    [[nodiscard]] const std::vector<std::shared_ptr<CalcWorkbook>>& workbooks() const { return workbooks_; }
+    [[nodiscard]] const std::vector<std::shared_ptr<CalcWorkbook>>& documents() const { return workbooks_; }
     void remove(const CalcWorkbook& workbook);
 
   private:

@@ -4,6 +4,7 @@
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/word/WriterSelection.h"
 #include "office/libreoffice/word/WriterUndoRecord.h"
+#include "office/model/OpenDocuments.h"
 #include "office/opc/DocumentProtection.h"
 
 #include <exception>
@@ -11,26 +12,6 @@
 namespace mergeloom::libreoffice {
 
 namespace {
-
-class WriterDocuments final : public word::Documents {
-  public:
-    explicit WriterDocuments(std::shared_ptr<WriterApplication> application)
-        : application_(std::move(application)) {}
-
-    int Count() override { return static_cast<int>(application_->documents().size()); }
-    word::DocumentPtr Add(const std::string& templatePath) override {
-        return application_->add(templatePath);
-    }
-    word::DocumentPtr Open(const std::string& fileName) override { return application_->open(fileName); }
-    word::DocumentPtr Item(int number) override {
-        if (number < 1 || number > Count())
-            throw AutomationError(kMemberNotFound, "There is no such document.");
-        return application_->documents()[static_cast<std::size_t>(number) - 1];
-    }
-
-  private:
-    std::shared_ptr<WriterApplication> application_;
-};
 
 /// Writer has no answer that holds for all kinds of protection. What is no package of Word's is protected in
 /// ways of its own.
@@ -57,7 +38,8 @@ WriterApplication::~WriterApplication() {
 }
 
 word::DocumentsPtr WriterApplication::Documents() {
-    return std::make_shared<WriterDocuments>(shared_from_this());
+    return std::make_shared<model::OpenDocuments<word::Documents, word::Document, WriterApplication>>(
+        shared_from_this());
 }
 
 word::SelectionPtr WriterApplication::Selection() {
