@@ -68,6 +68,8 @@ class CalcContent {
 
     [[nodiscard]] bool isSaved();
     void setSaved(bool isSaved);
+    /// Forgets the changes of the model, which were written; those of a user stay marked in the office.
+    void forgetChanges() { isSaved_ = true; }
     /// Marks the workbook as changed; called before each change.
     void touch();
 

@@ -119,7 +119,7 @@ void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format
         checkWritten(session, document(), fileName, format, bytes);
         return bytes;
     });
-    latest()->setSaved(true);
+    latest()->forgetChanges();
 }
 
 void CalcWorkbook::Close(excel::SaveChanges saveChanges) {

@@ -21,6 +21,7 @@ namespace {
 
 using Properties = Reference<css::beans::XPropertySet>;
 
+constexpr int kMaxRoundsWithoutRoom = 20;
 constexpr const char* kMarks = "ShowNonprintingCharacters";
 constexpr const char* kBookmarks = "ShowBookmarks";
 /// The marks that Writer shows besides bookmarks while it shows marks at all.
@@ -84,6 +85,7 @@ DocumentKind HostFrame::kind() const {
 void HostFrame::beginLayout() {
     caret_->forget();
     isLaidOut_ = false;
+    roundsWithoutRoom_ = 0;
 }
 
 void HostFrame::resize(int width, int height) {
@@ -99,7 +101,8 @@ void HostFrame::fillWindow() const {
 }
 
 /// The office lays out by itself some time after a change. When it handles the events of the window system
-/// late, an earlier size may replace the newest one.
+/// late, an earlier size may replace the newest one. In a window without room for a document it lays out
+/// nothing.
 bool HostFrame::layOut() {
     const css::awt::Rectangle size = container_->getPosSize();
     if (size.Width != width_ || size.Height != height_) {
@@ -108,7 +111,8 @@ bool HostFrame::layOut() {
     }
     layoutManager()->doLayout();
     const css::awt::Rectangle document = frame_->getComponentWindow()->getPosSize();
-    isLaidOut_ = document.X + document.Width <= width_ && document.Y + document.Height <= height_;
+    const bool fits = document.X + document.Width <= width_ && document.Y + document.Height <= height_;
+    isLaidOut_ = fits || ++roundsWithoutRoom_ == kMaxRoundsWithoutRoom;
     return isLaidOut_;
 }
 

@@ -35,6 +35,8 @@ class HostFrame {
     [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }
     /// Lays them out; returns false while the office does not yet have the size of the window.
     bool layOut();
+    /// Takes the present layout for the last one until the next change.
+    void endLayout() { isLaidOut_ = true; }
     void setEnabled(bool enabled) const { container_->setEnable(enabled); }
     /// Passes the keys that the frame's window receives to the document.
     void focus() const { frame_->getComponentWindow()->setFocus(); }
@@ -54,6 +56,7 @@ class HostFrame {
     int width_ = 0;
     int height_ = 0;
     bool isLaidOut_ = false;
+    int roundsWithoutRoom_ = 0;
     Reference<css::awt::XWindow> container_;
     Reference<css::frame::XFrame> frame_;
     rtl::Reference<CommandInterceptor> interceptor_;

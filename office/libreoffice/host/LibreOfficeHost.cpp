@@ -205,18 +205,21 @@ void LibreOfficeHost::letOfficeCatchUp() {
     Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
 }
 
-/// A view that is never laid out, for whatever reason, must not block the caller.
+/// A view that is never laid out, for whatever reason, must not block the caller, and does so only once.
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
     while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
         letOfficeCatchUp();
         if (!frame.layOut()) std::this_thread::sleep_for(kPauseOfLayout);
     }
+    frame.endLayout();
 }
 
 void LibreOfficeHost::setEnabled(bool enabled) {
     focus_->setEnabled(enabled);
     call([&] {
+        // What the user did while it was disabled must not arrive after that.
+        if (enabled) letOfficeCatchUp();
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);
     });

@@ -3,14 +3,11 @@
 #include "base/AutomationError.h"
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
-#include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/opc/ZipReader.h"
 
 #include <algorithm>
-#include <array>
-#include <com/sun/star/frame/XStorable.hpp>
 #include <filesystem>
 #include <system_error>
 
@@ -48,11 +45,9 @@ std::unique_ptr<opc::XmlPart> partOf(const opc::ZipReader& archive, const std::s
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
                               DocumentKind part) {
     const ScopedTempFile file(joinPath(session.process().workFolder(), "content"));
-    const std::array how{
-        property("FilterName", part == DocumentKind::Word ? OUString("writer8") : OUString("calc8")),
-        property("NoThumbnail", true), property("Overwrite", true)};
-    const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
-    storable->storeToURL(toUno(fileUrl(file.path())), {how.data(), how.size()});
+    const OUString filter = part == DocumentKind::Word ? OUString("writer8") : OUString("calc8");
+    LibreOfficeFiles::storeCopy(document, file.path(),
+                                {property("FilterName", filter), property("NoThumbnail", true)});
     const std::string bytes = DiskFileStore().read(file.path());
     const opc::ZipReader archive(bytes, "document");
     return {partOf(archive, "content.xml"), partOf(archive, "styles.xml")};

@@ -12,6 +12,7 @@
 #include "office/libreoffice/session/RefusingInteractionHandler.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/model/OfficeDocument.h"
 
 #include <unistd.h>
 
@@ -25,6 +26,7 @@
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <com/sun/star/util/XModifiable2.hpp>
 #include <filesystem>
 #include <optional>
 #include <rtl/ref.hxx>
@@ -33,6 +35,9 @@
 namespace mergeloom::libreoffice {
 
 namespace {
+
+/// Enough for a user who types steadily.
+constexpr int kMaxAttempts = 10;
 
 using Properties = std::vector<css::beans::PropertyValue>;
 
@@ -98,6 +103,72 @@ class ScopedTempFile {
   private:
     const ScratchPaths& scratch_;
     std::string path_;
+};
+
+/// The mark of a document that has changes since it was saved. When the save fails, it is set as before.
+class ChangeMark {
+  public:
+    ChangeMark(OfficeConnection& connection, const DocumentReference& document)
+        : connection_(connection), document_(document), wasSet_(isSet()) {}
+    ChangeMark(const ChangeMark&) = delete;
+    ChangeMark& operator=(const ChangeMark&) = delete;
+    ~ChangeMark() try {
+        if (wasSet_) set(true);
+    } catch (const AutomationError&) {
+        // The office ended, and with it the document.
+    }
+
+    /// Writes the document with one function and returns what the other makes of it. Does both again when the
+    /// second finds a difference to a document that the user may have changed meanwhile. The mark is removed
+    /// between them, so that what the user changes later sets it again.
+    template <typename Write, typename Revise>
+    std::string unchangedDuring(const Write& write, const Revise& revise) {
+        for (int attempt = 1;; ++attempt) {
+            write();
+            set(false);
+            try {
+                return revise();
+            } catch (const model::DifferingCopy&) {
+                const bool mayHaveChanged = attempt == 1 || isSet();
+                if (!mayHaveChanged || attempt == kMaxAttempts) throw;
+            }
+        }
+    }
+
+    /// Leaves the mark as it is now.
+    void leave() { wasSet_ = false; }
+
+  private:
+    bool isSet() {
+        return connection_.call([this] { return modifiable()->isModified(); });
+    }
+    void set(bool isSet) {
+        connection_.call([&] { modifiable()->setModified(isSet); });
+    }
+    [[nodiscard]] Reference<css::util::XModifiable> modifiable() const {
+        return {document_, UNO_QUERY_THROW};
+    }
+
+    OfficeConnection& connection_;
+    const DocumentReference document_;
+    bool wasSet_;
+};
+
+/// Keeps a document's mark of changes as it is. Filters that write the document set it, for they change its
+/// properties.
+class Unmarked {
+  public:
+    explicit Unmarked(const DocumentReference& document) : modifiable_(document, UNO_QUERY_THROW) {
+        modifiable_->disableSetModified();
+    }
+    Unmarked(const Unmarked&) = delete;
+    Unmarked& operator=(const Unmarked&) = delete;
+    ~Unmarked() try { modifiable_->enableSetModified(); } catch (const css::uno::Exception&) {
+        // The office ended, and with it the document.
+    }
+
+  private:
+    Reference<css::util::XModifiable2> modifiable_;
 };
 
 /// A new frame, which is disposed of when no document was loaded into it.
@@ -232,19 +303,29 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
     const std::string copy = placeOfWriting(document, path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
-    Properties properties{property("Overwrite", true)};
-    append(properties, filter);
-    try {
-        connection_.call([&] {
-            const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
-            storable->storeToURL(toUno(fileUrl(copy)), sequenceOf(properties));
-        });
-    } catch (const AutomationError& error) {
-        if (error.number() != kCommandFailed) throw;
-        raiseNotSaved(path, error.description());
-    }
-    const std::string bytes = revise(DiskFileStore().read(copy));
+    ChangeMark mark(connection_, document);
+    const std::string bytes = mark.unchangedDuring([&] { store(document, path, copy, filter); },
+                                                   [&] { return revise(DiskFileStore().read(copy)); });
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+    mark.leave();
+}
+
+void LibreOfficeFiles::store(const DocumentReference& document, const std::string& path,
+                             const std::string& copy, const OfficeFilter& filter) try {
+    Properties properties;
+    append(properties, filter);
+    connection_.call([&] { storeCopy(document, copy, properties); });
+} catch (const AutomationError& error) {
+    if (error.number() != kCommandFailed) throw;
+    raiseNotSaved(path, error.description());
+}
+
+void LibreOfficeFiles::storeCopy(const DocumentReference& document, const std::string& path,
+                                 std::vector<css::beans::PropertyValue> properties) {
+    properties.push_back(property("Overwrite", true));
+    const Unmarked unmarked(document);
+    Reference<css::frame::XStorable>(document, UNO_QUERY_THROW)
+        ->storeToURL(toUno(fileUrl(path)), sequenceOf(properties));
 }
 
 void LibreOfficeFiles::close(const DocumentReference& document) try {

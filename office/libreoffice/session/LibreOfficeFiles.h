@@ -51,13 +51,19 @@ class LibreOfficeFiles {
     /// that names the file when it is missing, damaged, protected by a password or not of the kind. The
     /// document's URL in the office is that of the copy.
     DocumentReference open(const std::string& path, DocumentKind kind);
-    /// Saves the document; its own URL does not change, nor does its mark of changes. Raises kNotAvailable
-    /// for a format that the office does not write, and kFileCouldNotBeSaved for macros in a format without
-    /// them and for other failures, with sentences that name the file. Errors of the revision pass through.
+    /// Saves the document and removes its mark of changes, unless the user changes it meanwhile; its own URL
+    /// does not change. Raises kNotAvailable for a format that the office does not write, and
+    /// kFileCouldNotBeSaved for macros in a format without them and for other failures, with sentences that
+    /// name the file. Errors of the revision pass through; after DifferingCopy the document is written again
+    /// if the user changed it before the comparison.
     void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format,
               const Revision& revise);
     void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format,
               const Revision& revise);
+    /// Writes a copy of the document, which stays as it is with its mark of changes, to a path of the disk.
+    /// To be called within a call of the connection.
+    static void storeCopy(const DocumentReference& document, const std::string& path,
+                          std::vector<css::beans::PropertyValue> properties);
     /// Opens the bytes that are to be written to a path, hidden; errors as for open.
     DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind);
     /// Closes without saving and removes the document's copy. Does nothing when it is closed already.
@@ -75,6 +81,8 @@ class LibreOfficeFiles {
     std::string placeOfWriting(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter,
                const Revision& revise);
+    void store(const DocumentReference& document, const std::string& path, const std::string& copy,
+               const OfficeFilter& filter);
 
     OfficeConnection& connection_;
     FileStore& files_;

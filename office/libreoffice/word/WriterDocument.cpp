@@ -126,7 +126,6 @@ void WriterDocument::write(const std::string& fileName, word::WdSaveFormat forma
             return mended;
         });
     });
-    SetSaved(true);
 }
 
 std::string WriterDocument::withMendedBookmarks(const std::string& bytes, const std::string& fileName) {

@@ -3,13 +3,35 @@
 #include "doubles/WordFiles.h"
 #include "office/model/excel/Workbook.h"
 
+#include <execinfo.h>
+#include <signal.h>
+#include <unistd.h>
+
 namespace mergeloom {
 
 namespace {
 
 constexpr auto kSaveFormat = word::WdSaveFormat::wdFormatXMLDocument;
+/// More than each bound within which an office or a window has to answer.
+constexpr unsigned kSecondsOfHang = 240;
+
+void reportHang(int) {
+    void* frames[64];
+    ::backtrace_symbols_fd(frames, ::backtrace(frames, 64), STDERR_FILENO);
+    ::_exit(EXIT_FAILURE);
+}
 
 }  // namespace
+
+/// A test that hangs ends with the calls in which it does.
+HostTest::HostTest() {
+    ::signal(SIGALRM, reportHang);
+    ::alarm(kSecondsOfHang);
+}
+
+HostTest::~HostTest() {
+    ::alarm(0);
+}
 
 HostTest::Stage& HostTest::stage() {
     static Stage stage;

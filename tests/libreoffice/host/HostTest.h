@@ -40,6 +40,9 @@ class HostTest : public StructureTest {
     static void startOffice();
     static void endOffice();
 
+    HostTest();
+    ~HostTest() override;
+
   protected:
     struct Stage {
         VirtualScreen screen;

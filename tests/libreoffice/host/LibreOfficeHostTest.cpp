@@ -211,6 +211,15 @@ TEST_F(HostedText, RestoresItsSizeAfterAnotherOne) {
     EXPECT_EQ(window().widthInside(), TestWindow::kPaneWidth);
 }
 
+/// The office lays out nothing in such a window; waiting for it at each point would never end.
+TEST_F(HostedText, FindsNoTextInAWindowWithoutRoom) {
+    host().resize(20, 20);
+    for (int y = 0; y < 20; ++y)
+        EXPECT_FALSE(host().placeCaret({10, y})) << y;
+    host().resize(TestWindow::kPaneWidth, TestWindow::kPaneHeight);
+    EXPECT_TRUE(host().placeCaret(kBelowText));
+}
+
 TEST_F(HostedText, ShowsBarsAndBookmarksAsItIsTold) {
     const int top = topOfDocument(host());
     for (const char* const bar : {"Standard", "Formatting", "Web"})

@@ -12,12 +12,13 @@
 
 namespace mergeloom {
 
-/// A program that runs as long as this object lives.
+/// A program that runs as long as this object and its process live.
 class RunningProgram {
   public:
     RunningProgram() = default;
     /// The descriptor is open in the program, too.
     explicit RunningProgram(std::vector<std::string> command, int kept = -1) {
+        command.insert(command.begin(), {"setpriv", "--pdeathsig", "TERM"});
         std::vector<char*> arguments;
         arguments.reserve(command.size() + 1);
         for (std::string& word : command)

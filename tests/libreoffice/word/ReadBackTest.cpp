@@ -12,6 +12,7 @@
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
 
 namespace mergeloom::libreoffice {
 
@@ -56,6 +57,38 @@ TEST(ReadBack, keepsTheFileWhenAContentControlWouldBeRepeated) {
         EXPECT_EQ(files.read("/given.docx"), before);
         EXPECT_NE(digestOfWordPackage(copy.bytes(), "copy").text, "Customerandmore");
     }
+}
+
+void type(const DocumentReference& document, const std::string& text) {
+    const Reference<css::text::XTextDocument> texts(document, UNO_QUERY_THROW);
+    texts->getText()->getEnd()->setString(toUno(text));
+}
+
+/// A key that the user hits meanwhile comes into the file, or its change stays marked.
+TEST(ReadBack, savesWhatIsTypedDuringTheSave) {
+    MemoryFileStore files;
+    const auto session = sharedOffice(files);
+    const OpenDocument document(session->files(), session->files().create(DocumentKind::Word));
+    const Reference<css::util::XModifiable> changes(document.get(), UNO_QUERY_THROW);
+    std::vector<std::string> keysBeforeTheComparison{"b", "a"};
+    std::string keyAfterIt;
+    const auto save = [&] {
+        session->files().save(document.get(), "/saved.docx", kFormat, [&](std::string bytes) {
+            if (!keysBeforeTheComparison.empty()) {
+                type(document.get(), keysBeforeTheComparison.back());
+                keysBeforeTheComparison.pop_back();
+            }
+            checkWritten(*session, document.get(), "/saved.docx", kFormat, bytes);
+            if (!keyAfterIt.empty()) type(document.get(), keyAfterIt);
+            return bytes;
+        });
+        return digestOfWordPackage(files.read("/saved.docx"), "saved").text;
+    };
+    EXPECT_EQ(save(), "ab");
+    EXPECT_FALSE(changes->isModified());
+    keyAfterIt = "c";
+    EXPECT_EQ(save(), "ab");
+    EXPECT_TRUE(changes->isModified());
 }
 
 TEST(ReadBack, saysWhatDiffers) {
