@@ -40,7 +40,7 @@ bool ConvertFieldsCommand::run(const std::string& file, const std::string& outpu
     std::string backup;
     if (!isInPlace || !document->Saved()) {
         // The document itself exists, even if the disk fails to say so now.
-        if (isInPlace || files_.fileExists(target)) backup = keep(target);
+        if (isInPlace || files_.fileExists(target)) backup = keepBackup(files_, target);
         isInPlace ? document->Save() : document->SaveAs(target, formats_.documentFormatOf(target));
     }
     report << conversionReport(result);
@@ -71,20 +71,6 @@ void ConvertFieldsCommand::checkFormat(const std::string& target) const {
 void ConvertFieldsCommand::checkSource(const std::string& source) const {
     const std::string refusal = formats_.refusalToOpenDocument(source);
     if (!refusal.empty()) throw AutomationError(kNotAvailable, refusal);
-}
-
-std::string ConvertFieldsCommand::keep(const std::string& target) {
-    std::string path = backupPath(target, files_.read(target));
-    if (!files_.fileExists(path)) files_.copy(target, path);
-    return path;
-}
-
-std::string ConvertFieldsCommand::backupPath(const std::string& target, const std::string& bytes) {
-    std::string path = target + ".bak";
-    for (int number = 1; files_.fileExists(path) && files_.read(path) != bytes; ++number) {
-        path = target + ".bak" + std::to_string(number);
-    }
-    return path;
 }
 
 }  // namespace mergeloom

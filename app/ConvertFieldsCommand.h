@@ -13,8 +13,7 @@ namespace mergeloom {
 
 /// Converts the old merge fields of a document file without a user and reports the result.
 ///
-/// A file that would be replaced, the document itself or an existing output, is kept before: as FILE.bak or,
-/// when that has other content, as FILE.bak1, FILE.bak2 and so on, so that no backup is ever lost. A document
+/// A backup is kept of a file that would be replaced, the document itself or an existing output. A document
 /// without such fields that would be replaced by itself is not written at all.
 class ConvertFieldsCommand {
   public:
@@ -34,9 +33,6 @@ class ConvertFieldsCommand {
     void checkTarget(const std::string& target, bool isInPlace);
     void checkFormat(const std::string& target) const;
     void checkSource(const std::string& source) const;
-    /// Returns the backup's path.
-    std::string keep(const std::string& target);
-    std::string backupPath(const std::string& target, const std::string& bytes);
 
     WordStarter startWord_;
     const OfficeFormats& formats_;

@@ -40,4 +40,9 @@ class FileStore {
     }
 };
 
+/// Keeps a copy of a file beside it before it is replaced: as FILE.bak or, when that has other content, as
+/// FILE.bak1, FILE.bak2 and so on, so that no backup is ever lost. Returns the copy's path; errors as for
+/// FileStore::copy.
+std::string keepBackup(FileStore& files, const std::string& path);
+
 }  // namespace mergeloom

@@ -45,13 +45,14 @@ class ConvertingTemplates : public TemplateScene {
 };
 
 TEST_F(ConvertingTemplates, KnowsWhatIsConverted) {
+    const TemplateConversion conversion{[this] { return startWord(); }, files, errors};
     const std::vector<std::pair<std::string, std::string>> targets = {
         {"/a.b/letter.dotx", "/a.b/letter.docx"},
         {"letter.DOTM", "letter.docm"},
         {"a.dotx.dotx", "a.dotx.docx"}};
     for (const auto& [path, target] : targets) {
         EXPECT_TRUE(TemplateConversion::isConverted(path)) << path;
-        EXPECT_EQ(TemplateConversion::targetOf(path), target);
+        EXPECT_EQ(conversion.targetOf(path), target);
     }
     for (const char* path : {"letter.dot", "letter.docx", "dotx", "/letter.dotx/letter"})
         EXPECT_FALSE(TemplateConversion::isConverted(path)) << path;
@@ -69,6 +70,20 @@ TEST_F(ConvertingTemplates, TheDocumentTakesTheTemplatesPlace) {
     EXPECT_EQ(folder.bytesOf("letter.dotx.bak"), bytes);
     EXPECT_EQ(temporaryCopies(), copies);
     EXPECT_THAT(errors.reports, IsEmpty());
+}
+
+TEST_F(ConvertingTemplates, OtherFilesOfItsNamesStay) {
+    const std::string path = makeLetter("letter.dotx", "the letter");
+    const std::string bytes = folder.bytesOf("letter.dotx");
+    const std::vector<std::string> others = {"letter.docx", "letter_2.docx", "letter.dotx.bak"};
+    for (const std::string& other : others)
+        folder.put(other, "other");
+    WordTemplates templates{access, messages, errors, files, [this] { return startWord(); }};
+    EXPECT_EQ(templates.fileToOpen(path), folder / "letter_3.docx");
+    EXPECT_EQ(bodyOf("letter_3.docx"), "the letter\n");
+    EXPECT_EQ(folder.bytesOf("letter.dotx.bak1"), bytes);
+    for (const std::string& other : others)
+        EXPECT_EQ(folder.bytesOf(other), "other") << other;
 }
 
 TEST_F(ConvertingTemplates, TheNextTemplateTakesTheNameThatWasSet) {
@@ -127,6 +142,7 @@ class StayingFiles final : public TemplateFiles {
         return copies.back();
     }
     void copy(const std::string& from, const std::string& to) override { files_.copy(from, to); }
+    std::string keepBackup(const std::string& path) override { return files_.keepBackup(path); }
     void write(const std::string& path, const std::string& bytes) override { files_.write(path, bytes); }
     void remove(const std::string& path) override {
         throw AutomationError(kPermissionDenied, "The file '" + path + "' could not be deleted.");

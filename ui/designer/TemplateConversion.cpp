@@ -12,8 +12,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kBackupSuffix = ".bak";
-
 /// Returns the extension of the document that a template becomes; empty for any other file.
 std::string documentExtension(const std::string& path) {
     const std::string templates = toLowerAscii(extension(path));
@@ -47,25 +45,31 @@ bool TemplateConversion::isConverted(const std::string& path) {
     return !documentExtension(path).empty();
 }
 
-std::string TemplateConversion::targetOf(const std::string& path) {
-    return path.substr(0, path.size() - extension(path).size()) + documentExtension(path);
+std::string TemplateConversion::targetOf(const std::string& path) const {
+    const std::string stem = path.substr(0, path.size() - extension(path).size() - 1);
+    const std::string ending = "." + documentExtension(path);
+    std::string target = stem + ending;
+    for (int number = 2; files_.exists(target); ++number)
+        target = stem + "_" + std::to_string(number) + ending;
+    return target;
 }
 
 // The template is kept until its document exists: whatever fails, one of both is whole.
 bool TemplateConversion::convert(const std::string& path, const std::string& target) {
-    const bool made = succeeds(path, [&] { makeDocument(path, target); }) && files_.exists(target);
+    std::string backup;
+    const bool made = succeeds(path,
+                               [&] {
+                                   const ScopedCopy copy(files_, path, errors_);
+                                   backup = files_.keepBackup(path);
+                                   saveDocument(copy.path(), target);
+                               }) &&
+                      files_.exists(target);
     if (made) {
         (void)succeeds(path, [&] { removeTemplate(path, target); });
     } else {
-        (void)succeeds(path, [&] { restoreTemplate(path); });
+        (void)succeeds(path, [&] { restoreTemplate(path, backup); });
     }
     return made;
-}
-
-void TemplateConversion::makeDocument(const std::string& path, const std::string& target) {
-    const ScopedCopy copy(files_, path, errors_);
-    files_.copy(path, path + kBackupSuffix);
-    saveDocument(copy.path(), target);
 }
 
 /// The new file replaces an earlier target only when it is complete.
@@ -81,8 +85,8 @@ void TemplateConversion::removeTemplate(const std::string& path, const std::stri
     if (path != target) files_.remove(path);
 }
 
-void TemplateConversion::restoreTemplate(const std::string& path) {
-    if (!files_.exists(path)) files_.copy(path + kBackupSuffix, path);
+void TemplateConversion::restoreTemplate(const std::string& path, const std::string& backup) {
+    if (!files_.exists(path)) files_.copy(backup, path);
 }
 
 template <typename Body>

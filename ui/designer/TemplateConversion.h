@@ -10,7 +10,7 @@
 namespace mergeloom {
 
 /// Makes a document of a template, which is edited from then on: dotx becomes docx and dotm docm. The
-/// template is removed; its copy remains under its name with ".bak" after it.
+/// template is removed; its copy remains under its name with ".bak" after it, or with ".bak1" and so on.
 class TemplateConversion {
   public:
     /// The office is a hidden one. Files and errors have to outlive it.
@@ -19,18 +19,17 @@ class TemplateConversion {
 
     /// Returns whether a file of that name is converted before it is opened.
     static bool isConverted(const std::string& path);
-    /// Returns the document's path for a template's.
-    static std::string targetOf(const std::string& path);
+    /// Returns the document's path for a template's: one that no file has yet.
+    [[nodiscard]] std::string targetOf(const std::string& path) const;
 
     /// Converts the template to the target, which is replaced when it exists, and returns whether the target
     /// exists then. All errors are reported; the template is whole then.
     bool convert(const std::string& path, const std::string& target);
 
   private:
-    void makeDocument(const std::string& path, const std::string& target);
     void saveDocument(const std::string& temporaryCopy, const std::string& target);
     void removeTemplate(const std::string& path, const std::string& target);
-    void restoreTemplate(const std::string& path);
+    void restoreTemplate(const std::string& path, const std::string& backup);
     template <typename Body>
     bool succeeds(const std::string& path, const Body& body);
 

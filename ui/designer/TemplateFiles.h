@@ -23,6 +23,9 @@ class TemplateFiles {
     virtual std::string copyToTemporaryFolder(const std::string& path) = 0;
     /// Makes or replaces a file by a copy of another, whole or not at all; errors in the same way.
     virtual void copy(const std::string& from, const std::string& to) = 0;
+    /// Keeps a copy of the file beside it and returns the copy's path; no earlier one is replaced. Errors in
+    /// the same way.
+    virtual std::string keepBackup(const std::string& path) = 0;
     /// Makes or replaces a file, whole or not at all; errors in the same way.
     virtual void write(const std::string& path, const std::string& bytes) = 0;
     /// Removes a file; one that does not exist is no error. Raises kPermissionDenied with a sentence that
@@ -40,6 +43,7 @@ class DiskTemplateFiles final : public TemplateFiles {
     bool isLocked(const std::string& path) override;
     std::string copyToTemporaryFolder(const std::string& path) override;
     void copy(const std::string& from, const std::string& to) override { store_.copy(from, to); }
+    std::string keepBackup(const std::string& path) override { return mergeloom::keepBackup(store_, path); }
     void write(const std::string& path, const std::string& bytes) override;
     void remove(const std::string& path) override;
 

@@ -117,7 +117,6 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
         offerToKeep(copy, path);
         return false;
     }
-    document.SetSaved(true);
     if (!isFileOf(document, path)) return false;
     templatePath_ = path;
     ports_.view.showCaption(fileNameOnly(path));

@@ -88,7 +88,7 @@ bool WordTemplates::create(const char* programIdentifier) {
 
 std::string WordTemplates::fileToOpen(const std::string& path) {
     if (!TemplateConversion::isConverted(path)) return path;
-    std::string target = savedAsName_.empty() ? TemplateConversion::targetOf(path) : savedAsName_;
+    std::string target = savedAsName_.empty() ? conversion_.targetOf(path) : savedAsName_;
     savedAsName_.clear();
     if (!conversion_.convert(path, target)) RaiseMappingError(kTemplateFormatNotSupported, {path});
     return target;
