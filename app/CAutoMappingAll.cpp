@@ -1,6 +1,6 @@
 #include "app/CAutoMapping.h"
 #include "app/ConsoleOutput.h"
-#include "app/ListOutput.h"
+#include "app/ListFormatting.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/TemplateNames.h"
 #include "app/mCommandLine.h"

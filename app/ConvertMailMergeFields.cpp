@@ -1,6 +1,6 @@
 #include "app/ConvertMailMergeFields.h"
 
-#include "app/DataNames.h"
+#include "app/FieldDataNames.h"
 #include "base/ErrorHandler.h"
 #include "droppers/DropRecord.h"
 #include "droppers/modWordNormalizeName.h"
@@ -22,11 +22,6 @@ namespace mergeloom {
 namespace {
 
 constexpr const char* kConversionModule = "ConvertMailMergeFields";
-
-// The index of the piece of a field's code that names the data, counted from 0.
-constexpr std::size_t kNameInQuote = 1;
-constexpr std::size_t kNameInIf = 4;
-constexpr std::size_t kNameInMergeField = 1;
 
 /// Runs the body, whose errors nobody has to know of; returns whether it succeeded.
 template <typename Body>

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "app/GnuOptions.h"
 #include "app/MappingSource.h"
 #include "xml/TreeView.h"
 #include "xml/XmlNode.h"
 
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -33,10 +31,5 @@ const DatabaseObject& objectNamed(const std::vector<DatabaseObject>& objects, co
 
 /// Returns the number of controls of an object, those of its subforms included.
 int controlCount(const DatabaseObject& object);
-
-/// Writes the objects as an aligned table with a heading, or as a JSON array of objects: "kind", "name" and
-/// "view" are texts, a view that is not given is null; "controls" is the number of controls, those of
-/// subforms included.
-void writeObjects(std::ostream& stream, const std::vector<DatabaseObject>& objects, ListFormat format);
 
 }  // namespace mergeloom

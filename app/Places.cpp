@@ -1,6 +1,6 @@
 #include "app/Places.h"
 
-#include "app/ListOutput.h"
+#include "app/ListFormatting.h"
 
 #include <cstdint>
 #include <ostream>

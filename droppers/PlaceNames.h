@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/Units.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <ranges>
@@ -21,15 +19,6 @@ inline constexpr std::string_view kFurtherPlaceSuffix = "_ref";
 
 /// Makes a name of the structure document a name in an office document, as `WordNormalizeName` does.
 using NameRule = std::string (*)(std::string_view name, bool appendT);
-
-bool beginsWithDigit(std::string_view text);
-
-/// Returns the name with the "T" of a table appended if requested. An empty name stays empty.
-std::string nameToNormalize(std::string_view name, bool appendT);
-
-/// Keeps only letters, digits and "_", and of these at most the last ones that fit into the maximum length in
-/// UTF-16 code units. Never returns a digit first.
-std::string normalizedName(std::string_view name, CharacterCount maxLength);
 
 /// The names that a place may have: its own and, while that is taken, further ones that end in a counter
 /// from 1. The collection holds the bookmarks of a document or the names of a workbook.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "droppers/PlaceNames.h"
+#include "droppers/modWordNormalizeName.h"
 #include "office/model/excel/DefinedNameRule.h"
 
 #include <string>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Units.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +9,15 @@
 /// The rules that make a bookmark's name from a name of the structure document. Characters are counted in
 /// UTF-16 code units.
 namespace mergeloom {
+
+bool beginsWithDigit(std::string_view text);
+
+/// Returns the name with the "T" of a table appended if requested. An empty name stays empty.
+std::string nameToNormalize(std::string_view name, bool appendT);
+
+/// Keeps only letters, digits and "_", and of these at most the last ones that fit into the maximum length in
+/// UTF-16 code units. Never returns a digit first.
+std::string normalizedName(std::string_view name, CharacterCount maxLength);
 
 /// Returns the bookmark name for a name: letters, digits and "_" only, at most the last 40 characters, never
 /// a digit first. Empty when nothing usable is left, or when the name (with its "T") is longer than 255

@@ -13,8 +13,7 @@ constexpr ErrorNumber kBadBookmarkName = 5828;
 bool isBookmarkName(std::string_view name) {
     if (name.empty() || utf16Length(name) > kMaxBookmarkName || isDigit(firstCodePoint(name))) return false;
     while (!name.empty()) {
-        const char32_t character = takeCodePoint(name);
-        if (character != U'_' && !isDigit(character) && !isNameLetter(character)) return false;
+        if (!isBookmarkCharacter(takeCodePoint(name))) return false;
     }
     return true;
 }

@@ -11,6 +11,10 @@ namespace mergeloom::word {
 
 inline constexpr CharacterCount kMaxBookmarkName{40};
 
+/// Returns true for letters, digits and "_".
+inline bool isBookmarkCharacter(char32_t character) {
+    return character == U'_' || isDigit(character) || isNameLetter(character);
+}
 /// Returns true when Word accepts the text as a bookmark's name: at most 40 letters, digits and "_", no digit
 /// first.
 bool isBookmarkName(std::string_view name);

@@ -1,4 +1,4 @@
-#include "app/ListOutput.h"
+#include "app/ListFormatting.h"
 
 #include "base/Text.h"
 

@@ -1,4 +1,4 @@
-#include "app/DataNames.h"
+#include "app/FieldDataNames.h"
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
@@ -14,8 +14,6 @@ namespace mergeloom {
 namespace {
 
 using word::WdFieldType;
-
-constexpr std::size_t kNameOfNestedField = 1;
 
 /// Names, each once regardless of letter case. Pieces that make no name are left out.
 class DistinctNames {
@@ -33,12 +31,12 @@ class DistinctNames {
     std::vector<std::string> folded_;
 };
 
-void addNested(word::Fields& fields, WdFieldType type, DistinctNames& names) {
+void addNested(word::Fields& fields, WdFieldType type, std::size_t piece, DistinctNames& names) {
     for (int number = 1; number <= fields.Count(); ++number) {
         const word::FieldPtr field = fields.Item(number);
         if (field->Type() != type) continue;
         const std::vector<std::string> pieces = word::piecesOfCode(field->Code()->Text());
-        if (pieces.size() > kNameOfNestedField) names.add(pieces[kNameOfNestedField]);
+        if (pieces.size() > piece) names.add(pieces[piece]);
     }
 }
 
@@ -58,8 +56,8 @@ std::vector<std::string> dataNames(word::Field& field, std::size_t ownPiece) {
     const word::FieldsPtr nested = code->Fields();
     DistinctNames names;
     if (field.Type() == WdFieldType::wdFieldMergeField) names.add(pieceOf(code->Text(), ownPiece));
-    addNested(*nested, WdFieldType::wdFieldMergeField, names);
-    if (names.names().empty()) addNested(*nested, WdFieldType::wdFieldQuote, names);
+    addNested(*nested, WdFieldType::wdFieldMergeField, kNameInMergeField, names);
+    if (names.names().empty()) addNested(*nested, WdFieldType::wdFieldQuote, kNameInQuote, names);
     if (names.names().empty()) return {pieceOf(code->Text(), ownPiece)};
     return names.names();
 }

@@ -8,6 +8,11 @@
 
 namespace mergeloom {
 
+/// The index of the piece of a field's code that names the data, counted from 0.
+inline constexpr std::size_t kNameInQuote = 1;
+inline constexpr std::size_t kNameInIf = 4;
+inline constexpr std::size_t kNameInMergeField = 1;
+
 /// Returns the data names of a field of the old kinds, each once, such that no name is lost when the field is
 /// removed: those of the merge fields that are nested in its code, or without any those of the QUOTE fields
 /// there, or without any the piece of its own code. A merge field has its own name besides. Raises
