@@ -18,7 +18,7 @@ FLOORS = {
     "office/model": ["base"],
     "office/opc": ["base"],
     "office/embedded/parts": ["office/opc", "office/formats", "base"],
-    "office/embedded/text": ["office/embedded/parts", "office/opc", "office/model", "base"],
+    "office/embedded/text": ["office/opc", "office/model", "base"],
     "office/embedded/word": [
         "office/embedded/text", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],

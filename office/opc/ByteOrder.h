@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-/// Numbers as files hold them, read and written byte by byte so that the machine's own order never shows.
+/// Numbers in files, read and written byte by byte, independent of the machine's byte order.
 namespace mergeloom::opc {
 
-/// The number at an offset, its lowest byte first. All of its bytes must lie inside the text.
+/// Returns the number at an offset, lowest byte first. All of its bytes must be in the text.
 template <std::unsigned_integral Number>
 Number littleEndianAt(std::string_view bytes, std::size_t offset) {
     Number number = 0;
@@ -20,7 +20,7 @@ Number littleEndianAt(std::string_view bytes, std::size_t offset) {
     return number;
 }
 
-/// The number at an offset, its highest byte first. All of its bytes must lie inside the text.
+/// Returns the number at an offset, highest byte first. All of its bytes must be in the text.
 template <std::unsigned_integral Number>
 Number bigEndianAt(std::string_view bytes, std::size_t offset) {
     Number number = 0;

@@ -10,9 +10,9 @@ namespace mergeloom::opc {
 
 namespace {
 
-// Document XML seldom inflates to more than this; most streams need one attempt.
-constexpr std::size_t kLikelyRatio = 32;
-constexpr std::size_t kSmallestAttempt = std::size_t{64} << 10U;
+// Document XML seldom inflates to more than this ratio, so most streams need one attempt.
+constexpr std::size_t kUsualMaxRatio = 32;
+constexpr std::size_t kMinAttempt = std::size_t{64} << 10U;
 constexpr std::size_t kAttemptGrowth = 8;
 
 struct CompressorDeleter {
@@ -51,7 +51,7 @@ Attempt inflateInto(libdeflate_decompressor* decompressor, std::string_view defl
 std::string deflate(std::string_view bytes, DeflateLevel level) {
     const auto compressor = allocated(Compressor(libdeflate_alloc_compressor(level.value)));
     const std::size_t bound = libdeflate_deflate_compress_bound(compressor.get(), bytes.size());
-    // Not a string at once: that would fill, and so occupy, the whole bound.
+    // A string would initialise, and so occupy, the whole bound.
     const auto buffer = std::make_unique_for_overwrite<char[]>(bound);
     const std::size_t size =
         libdeflate_deflate_compress(compressor.get(), bytes.data(), bytes.size(), buffer.get(), bound);
@@ -61,7 +61,7 @@ std::string deflate(std::string_view bytes, DeflateLevel level) {
 std::optional<std::string> inflateExactly(std::string_view deflated, std::size_t size) {
     const auto decompressor = allocated(Decompressor(libdeflate_alloc_decompressor()));
     std::string output;
-    std::size_t room = std::min(size, std::max(kSmallestAttempt, deflated.size() * kLikelyRatio));
+    std::size_t room = std::min(size, std::max(kMinAttempt, deflated.size() * kUsualMaxRatio));
     for (;;) {
         output.resize(room);
         const Attempt attempt = inflateInto(decompressor.get(), deflated, output);

@@ -8,19 +8,19 @@
 /// Deflate (RFC 1951) and the checksum of zip archives.
 namespace mergeloom::opc {
 
-/// How hard deflating tries, from 1 to 12.
+/// The compression level, from 1 (fast) to 12 (small).
 struct DeflateLevel {
     int value = 0;
 };
 
 std::string deflate(std::string_view bytes, DeflateLevel level);
 
-/// Inflates a stream that takes up all of the deflated bytes and yields exactly the given number; nothing
-/// when it is damaged, yields fewer or would yield more. Memory grows with what comes out and not with the
-/// number asked for, so that a declared size that lies costs nothing.
+/// Inflates a stream that takes up all of the deflated bytes and yields exactly the given number of bytes.
+/// Returns none if it is damaged or yields another number. Memory grows with the output and not with that
+/// number, so that a false declared size costs nothing.
 std::optional<std::string> inflateExactly(std::string_view deflated, std::size_t size);
 
-/// CRC-32 as APPNOTE 4.4.7 has it.
+/// Returns the CRC-32 of APPNOTE 4.4.7.
 std::uint32_t crc32(std::string_view bytes);
 
 }  // namespace mergeloom::opc

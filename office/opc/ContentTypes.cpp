@@ -1,9 +1,9 @@
 #include "office/opc/ContentTypes.h"
 
 #include "base/Text.h"
-#include "office/opc/PackageXml.h"
 #include "office/opc/PartName.h"
 #include "office/opc/UnreadableFile.h"
+#include "office/opc/XmlPart.h"
 
 #include <pugixml.hpp>
 
@@ -18,10 +18,10 @@ constexpr const char* kNoContentTypes =
     "<Default Extension=\"xml\" ContentType=\"application/xml\"/></Types>";
 
 pugi::xml_node findOverride(const pugi::xml_document& document, const std::string& key) {
-    const auto isMeant = [&](const pugi::xml_node& node) {
+    const auto hasKey = [&](const pugi::xml_node& node) {
         return localName(node) == "Override" && partKey(node.attribute("PartName").value()) == key;
     };
-    return document.document_element().find_child(isMeant);
+    return document.document_element().find_child(hasKey);
 }
 
 }  // namespace
@@ -93,7 +93,7 @@ bool ContentTypes::ensureDefault(const std::string& extension, const std::string
     const std::string key = foldCase(extension);
     const auto known = defaults_.find(key);
     if (known != defaults_.end()) return known->second == contentType;
-    // The schema takes both kinds in any order; programs write the extensions first.
+    // The schema allows any order; programs write the extensions first.
     pugi::xml_node root = document_->document_element();
     pugi::xml_node node = root.prepend_move(appendLike(root, "Default"));
     node.append_attribute("Extension").set_value(extension.c_str());

@@ -11,25 +11,25 @@ class xml_document;
 
 namespace mergeloom::opc {
 
-/// The content types of a package's parts, the stream "[Content_Types].xml" (ECMA-376 Part 2, 6.2.3). An
-/// extension and a part's name are compared without regard to case. What is unknown in the stream stays.
+/// The content types of a package's parts, the stream "[Content_Types].xml" (ECMA-376 Part 2, 6.2.3).
+/// Extensions and part names are compared without regard to case. Unknown content of the stream is kept.
 class ContentTypes {
   public:
-    /// Those of a new package: relationships and XML by their extensions.
+    /// Makes those of a new package: relationships and XML by their extensions.
     ContentTypes();
-    /// Raises kFileCouldNotBeRead, with the file's name, when the stream is malformed.
+    /// Raises kFileCouldNotBeRead, with the file's name, if the stream is malformed.
     ContentTypes(std::string_view xml, const std::string& fileName);
     ContentTypes(ContentTypes&&) noexcept;
     ContentTypes& operator=(ContentTypes&&) noexcept;
     ~ContentTypes();
 
-    /// The part's own type or the one of its extension; empty when there is neither.
+    /// Returns the part's own type or that of its extension; empty if there is neither.
     [[nodiscard]] std::string of(std::string_view partName) const;
 
-    /// Gives a part its own type.
+    /// Sets a part's own type.
     void setOverride(const std::string& partName, const std::string& contentType);
     void removeOverride(const std::string& partName);
-    /// Gives an extension a type unless it has one; false when it has a different one already.
+    /// Sets the type of an extension that has none. Returns false if it already has a different one.
     bool ensureDefault(const std::string& extension, const std::string& contentType);
 
     [[nodiscard]] bool isChanged() const { return changed_; }

@@ -36,15 +36,13 @@ bool isOff(std::string_view value) {
 }
 
 DocumentProtection readDocumentProtection(Package& package) {
-    const Relationships& relationships = package.relationshipsOf(package.mainPart());
-    const auto found = relationships.ofOfficeType("settings");
-    const std::string partName = found.empty() ? "" : relationships.targetPart(*found.front());
-    if (!package.hasPart(partName)) return DocumentProtection::None;
+    const std::string partName = package.relatedPart(package.mainPart(), "settings");
+    if (partName.empty()) return DocumentProtection::None;
     const auto part = XmlPart::parse(package.readPart(partName), partName, package.fileName());
     const WordNames names(part->root());
     const pugi::xml_node protection = part->root().child(names.element("documentProtection").c_str());
     const std::string_view enforcement = names.value(protection, "enforcement");
-    // Unlike other switches, this one is off where it is not written.
+    // Unlike other switches, this one is off by default.
     if (enforcement.empty() || isOff(enforcement)) return DocumentProtection::None;
     return protectionOf(names.value(protection, "edit"));
 }

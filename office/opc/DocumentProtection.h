@@ -8,18 +8,17 @@
 
 namespace mergeloom::opc {
 
-/// What may still be done in a protected document (ECMA-376 Part 1, 17.15.1.29). Protection that is not
-/// enforced forbids nothing.
+/// The edits that a protected document still allows (ECMA-376 Part 1, 17.15.1.29). Protection that is not
+/// enforced counts as None.
 enum class DocumentProtection : std::uint8_t { None, ReadOnly, Comments, TrackedChanges, Forms };
 
-/// Reads the settings of a Word document.
+/// Returns the protection in the settings of a Word document.
 DocumentProtection readDocumentProtection(Package& package);
 
-/// Says in a sentence that the document is protected, what it still allows and what to do. Raises
-/// kNotAvailable.
+/// Raises kNotAvailable with a sentence that states what the protection still allows and what to do.
 [[noreturn]] void refuseProtected(const std::string& fileName, DocumentProtection protection);
 
-/// Whether a switch of WordprocessingML is off (ECMA-376 Part 1, 22.9.2.7); an absent value is on.
+/// Returns whether a switch of WordprocessingML is off (ECMA-376 Part 1, 22.9.2.7); an absent value is on.
 bool isOff(std::string_view value);
 
 }  // namespace mergeloom::opc

@@ -13,10 +13,10 @@ namespace {
 
 constexpr std::string_view kRelationshipsFolder = "_rels/";
 constexpr std::string_view kRelationshipsExtension = ".rels";
-constexpr std::string_view kRawInTarget = "-._~!$&'()*+,;=:@/%";
+constexpr std::string_view kPlainInTarget = "-._~!$&'()*+,;=:@/%";
 constexpr std::size_t kEscapeLength = 3;
 
-/// The byte that "%hh" at the start of a text stands for; -1 when the text starts with no such escape.
+/// Returns the byte that "%hh" at the start of a text encodes; -1 if there is no such escape.
 int escapedByte(std::string_view text) {
     if (text.size() < kEscapeLength || text[0] != '%') return -1;
     int byte = 0;
@@ -26,25 +26,12 @@ int escapedByte(std::string_view text) {
     return whole && byte >= 0 ? byte : -1;
 }
 
-bool staysRawInTarget(char character) {
-    const bool letterOrDigit = (character >= 'a' && character <= 'z') ||
-                               (character >= 'A' && character <= 'Z') ||
-                               (character >= '0' && character <= '9');
-    return letterOrDigit || kRawInTarget.find(character) != std::string_view::npos;
+bool isAsciiLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-std::string percentEncoded(std::string_view text) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string encoded;
-    for (const char character : text) {
-        if (staysRawInTarget(character)) {
-            encoded += character;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(character);
-        encoded += {'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
-    }
-    return encoded;
+bool isAsciiLetterOrDigit(char c) {
+    return isAsciiLetter(c) || (c >= '0' && c <= '9');
 }
 
 std::string withoutDotSegments(std::string_view path) {
@@ -80,8 +67,7 @@ std::string decodeCodePage437(std::string_view stored) {
 }
 
 bool hasDriveLetter(std::string_view path) {
-    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-    return path.size() >= 2 && path[1] == ':' && isLetter(path[0]);
+    return path.size() >= 2 && path[1] == ':' && isAsciiLetter(path[0]);
 }
 
 bool isDots(std::string_view segment) {
@@ -89,6 +75,20 @@ bool isDots(std::string_view segment) {
 }
 
 }  // namespace
+
+std::string percentEncoded(std::string_view text, std::string_view plain) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string encoded;
+    for (const char character : text) {
+        if (isAsciiLetterOrDigit(character) || plain.find(character) != std::string_view::npos) {
+            encoded += character;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(character);
+        encoded += {'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
+    }
+    return encoded;
+}
 
 std::string percentDecoded(std::string_view text) {
     std::string decoded;
@@ -144,10 +144,10 @@ std::string resolveTarget(std::string_view sourcePart, std::string_view target) 
 
 std::string targetFrom(std::string_view sourcePart, std::string_view partName) {
     const std::string_view folder = folderOf(sourcePart);
-    if (!partName.starts_with(folder)) return percentEncoded(partName);
-    const std::string relative = percentEncoded(partName.substr(folder.size()));
+    if (!partName.starts_with(folder)) return percentEncoded(partName, kPlainInTarget);
+    const std::string relative = percentEncoded(partName.substr(folder.size()), kPlainInTarget);
     // The first segment of a relative target must not look like a scheme (RFC 3986, 4.2).
-    return relative.find(':') == std::string::npos ? relative : percentEncoded(partName);
+    return relative.find(':') == std::string::npos ? relative : percentEncoded(partName, kPlainInTarget);
 }
 
 std::string decodeEntryName(std::string_view stored, bool hasUtf8Flag) {

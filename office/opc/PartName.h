@@ -4,37 +4,40 @@
 #include <string_view>
 
 /// Names of parts (ECMA-376 Part 2, 6.2.2): "/word/document.xml". As the source of a relationship, "/" is the
-/// package itself. Each part is an entry of the zip archive, whose name has its own rules.
+/// package itself. Each part is an entry of the zip archive, whose names have rules of their own.
 namespace mergeloom::opc {
 
 inline constexpr std::string_view kPackageItself = "/";
 inline constexpr std::string_view kContentTypesName = "/[Content_Types].xml";
 
-/// The part's name that belongs to the name of a zip entry: a leading "/", and "/" for every backslash.
+/// Returns the part name of a zip entry: with a leading "/", and "/" for every backslash.
 std::string partNameOfEntry(std::string_view entryName);
-/// The name of the zip entry for a new part.
+/// Returns the name of the zip entry for a new part.
 std::string entryNameOfPart(std::string_view partName);
 
-/// The form in which names are compared: letter case, backslashes, a missing "/" at the start and percent
-/// encoding make no difference (ECMA-376 Part 2, 6.2.2.3).
+/// Returns the form in which names are compared: letter case, backslashes, a missing "/" at the start and
+/// percent encoding make no difference (ECMA-376 Part 2, 6.2.2.3).
 std::string partKey(std::string_view partName);
 
-/// "/word/" for "/word/document.xml".
+/// Returns "/word/" for "/word/document.xml".
 std::string_view folderOf(std::string_view partName);
-/// "xml" for "/word/document.xml", as it is written; empty when there is none.
+/// Returns "xml" for "/word/document.xml", as it is written; empty if there is none.
 std::string_view extensionOf(std::string_view partName);
 
-/// The part that holds the relationships of a part, or of the package for "/" (ECMA-376 Part 2, 6.5.2.2).
+/// Returns the part with the relationships of a part, or of the package for "/" (ECMA-376 Part 2, 6.5.2.2).
 std::string relationshipsPartOf(std::string_view partName);
 bool isRelationshipsPart(std::string_view partName);
 
-/// The part that a relationship's internal target means, seen from the source part (RFC 3986, 5.2). What
-/// climbs above the root stays at the root; a fragment is left out.
+/// Returns the part that a relationship's internal target means, relative to the source part (RFC 3986, 5.2).
+/// Steps above the root stay at the root; a fragment is left out.
 std::string resolveTarget(std::string_view sourcePart, std::string_view target);
-/// The target to write so that it leads from the source part to the other: relative below the source's
+/// Returns the target of a relationship from the source part to the other part: relative below the source's
 /// folder, otherwise absolute.
 std::string targetFrom(std::string_view sourcePart, std::string_view partName);
 
+/// Returns the text with "%hh" for every byte that is neither an ASCII letter or digit nor one of the given
+/// characters.
+std::string percentEncoded(std::string_view text, std::string_view plain);
 std::string percentDecoded(std::string_view text);
 
 /// Returns a stored name as UTF-8. Without the UTF-8 flag a name is CP437 (APPNOTE appendix D), but many

@@ -1,8 +1,8 @@
 #include "office/opc/Relationships.h"
 
-#include "office/opc/PackageXml.h"
 #include "office/opc/PartName.h"
 #include "office/opc/UnreadableFile.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 #include <pugixml.hpp>
@@ -102,10 +102,6 @@ void Relationships::restorePart(const std::string& id, const std::string& type, 
     add({id, type, targetFrom(sourcePart_, partName), TargetMode::Internal});
 }
 
-std::string Relationships::addExternal(const std::string& type, const std::string& target) {
-    return add({freeId(), type, target, TargetMode::External});
-}
-
 std::string Relationships::freeId() {
     std::string id;
     do {
@@ -119,7 +115,6 @@ std::string Relationships::add(Relationship relationship) {
     node.append_attribute("Id").set_value(relationship.id.c_str());
     node.append_attribute("Type").set_value(relationship.type.c_str());
     node.append_attribute("Target").set_value(relationship.target.c_str());
-    if (relationship.mode == TargetMode::External) node.append_attribute("TargetMode").set_value("External");
     indexes_[relationship.id] = all_.size();
     all_.push_back(std::move(relationship));
     changed_ = true;
@@ -129,11 +124,11 @@ std::string Relationships::add(Relationship relationship) {
 bool Relationships::remove(std::string_view id) {
     const Relationship* const found = find(id);
     if (found == nullptr) return false;
-    const auto isMeant = [&](const pugi::xml_node& node) {
+    const auto hasId = [&](const pugi::xml_node& node) {
         return isRelationship(node) && id == node.attribute("Id").value();
     };
     pugi::xml_node root = document_->document_element();
-    root.remove_child(root.find_child(isMeant));
+    root.remove_child(root.find_child(hasId));
     indexes_.erase(std::string(id));
     for (auto& [other, index] : indexes_) {
         if (&all_[index] > found) --index;

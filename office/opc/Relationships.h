@@ -35,36 +35,34 @@ struct Relationship {
     TargetMode mode = TargetMode::Internal;
 };
 
-/// The relationships of one part, or of the package itself for the source "/". What is unknown in their part
-/// stays.
+/// The relationships of one part, or of the package itself for the source "/". Unknown content of their part
+/// is kept.
 class Relationships {
   public:
-    /// No relationships yet.
+    /// Makes an empty list.
     explicit Relationships(std::string sourcePart);
-    /// Raises kFileCouldNotBeRead, with the file's name, when the XML is malformed.
+    /// Raises kFileCouldNotBeRead, with the file's name, if the XML is malformed.
     Relationships(std::string sourcePart, std::string_view xml, const std::string& fileName);
     Relationships(Relationships&&) noexcept;
     Relationships& operator=(Relationships&&) noexcept;
     ~Relationships();
 
     [[nodiscard]] const std::string& sourcePart() const { return sourcePart_; }
-    /// In the order of the part. Adding and removing make pointers into it invalid.
+    /// Returns them in the order of their part. Adding and removing invalidate pointers into the list.
     [[nodiscard]] const std::vector<Relationship>& all() const { return all_; }
-    /// Null when there is none.
+    /// Returns null if there is none.
     [[nodiscard]] const Relationship* find(std::string_view id) const;
-    /// Those of an Office Open XML type by its short name ("image"), transitional and strict.
+    /// Returns those of an Office Open XML type, transitional or strict, by its short name ("image").
     [[nodiscard]] std::vector<const Relationship*> ofOfficeType(std::string_view shortName) const;
     [[nodiscard]] bool hasType(std::string_view type) const;
-    /// The name of the part that an internal relationship means, which need not exist.
+    /// Returns the name of an internal relationship's target, which need not exist.
     [[nodiscard]] std::string targetPart(const Relationship& relationship) const;
 
-    /// Adds a relationship to a part and answers its new id.
+    /// Adds a relationship to a part and returns its new id.
     std::string addPart(const std::string& type, const std::string& partName);
-    /// Brings a relationship to a part back that was removed, under the id that it had. The id is free.
+    /// Restores a removed relationship to a part under its former id, which must be free.
     void restorePart(const std::string& id, const std::string& type, const std::string& partName);
-    /// Adds a relationship to a resource outside of the package and answers its new id.
-    std::string addExternal(const std::string& type, const std::string& target);
-    /// False when there is none of that id.
+    /// Returns false if there is none of that id.
     bool remove(std::string_view id);
 
     [[nodiscard]] bool isChanged() const { return changed_; }

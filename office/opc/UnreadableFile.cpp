@@ -7,7 +7,7 @@ namespace mergeloom::opc {
 
 namespace {
 
-constexpr std::int64_t kLongestName = 200;
+constexpr std::int64_t kMaxNameLength = 200;
 constexpr char32_t kFirstPrintable = U' ';
 
 }  // namespace
@@ -19,7 +19,7 @@ void raiseUnreadable(const std::string& fileName, const std::string& reason) {
 
 std::string quoted(std::string_view name) {
     std::string text = "\"";
-    std::string_view rest = name.substr(0, byteOffset(name, {kLongestName}));
+    std::string_view rest = name.substr(0, byteOffset(name, {kMaxNameLength}));
     const bool cut = rest.size() < name.size();
     while (!rest.empty()) {
         const char32_t codePoint = takeCodePoint(rest);

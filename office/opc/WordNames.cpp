@@ -1,5 +1,7 @@
 #include "office/opc/WordNames.h"
 
+#include "office/opc/XmlPart.h"
+
 #include <array>
 #include <cstring>
 
@@ -76,7 +78,7 @@ constexpr std::size_t slotOf(const char* name) {
     return hash % kSlots;
 }
 
-/// An open hash of the names: a part of many megabytes looks up every one of its elements.
+/// A hash table with open addressing: every element of a part of many megabytes is looked up.
 constexpr auto kTable = [] {
     std::array<TagName, kSlots> table{};
     for (const TagName& entry : kTagNames) {
@@ -111,11 +113,11 @@ const char* afterPrefix(const char* name, const std::string& prefix) {
     return name;
 }
 
-WordTag foreignTag(std::string_view name) {
-    const std::string_view localName = name.substr(name.find(':') + 1);
-    if (localName == "AlternateContent") return WordTag::AlternateContent;
-    if (localName == "Choice") return WordTag::Choice;
-    if (localName == "oMath" || localName == "oMathPara") return WordTag::Math;
+WordTag foreignTag(pugi::xml_node node) {
+    const std::string_view name = localName(node);
+    if (name == "AlternateContent") return WordTag::AlternateContent;
+    if (name == "Choice") return WordTag::Choice;
+    if (name == "oMath" || name == "oMathPara") return WordTag::Math;
     return WordTag::Other;
 }
 
@@ -144,10 +146,10 @@ WordNames::WordNames(pugi::xml_node root) {
 
 WordTag WordNames::tagOf(pugi::xml_node node) const {
     // Most elements are the part's own, whose local names hold no colon.
-    const char* const localName = afterPrefix(node.name(), elementPrefix_);
-    if (!localName) return foreignTag(node.name());
-    const WordTag tag = lookUp(localName);
-    return tag == WordTag::Other && std::strchr(localName, ':') ? foreignTag(node.name()) : tag;
+    const char* const name = afterPrefix(node.name(), elementPrefix_);
+    if (!name) return foreignTag(node);
+    const WordTag tag = lookUp(name);
+    return tag == WordTag::Other && std::strchr(name, ':') ? foreignTag(node) : tag;
 }
 
 const char* WordNames::value(pugi::xml_node node, std::string_view localName) const {

@@ -7,7 +7,7 @@
 
 namespace mergeloom::opc {
 
-/// The elements of WordprocessingML (ECMA-376 Part 1, 17) that the engine acts on; every other one is Other.
+/// The elements of WordprocessingML (ECMA-376 Part 1, 17) that the engine handles; all others are Other.
 enum class WordTag : std::uint8_t {
     Other,
     // blocks
@@ -16,7 +16,7 @@ enum class WordTag : std::uint8_t {
     Row,
     CellElement,
     SectionProperties,
-    // containers that are walked through, of blocks or of runs
+    // containers of blocks or of runs
     ContentControl,
     ContentControlContent,
     CustomXml,
@@ -54,17 +54,17 @@ enum class WordTag : std::uint8_t {
     TextBoxContent,
 };
 
-/// How one part writes the names of WordprocessingML: which prefix its elements and its attributes carry,
-/// and whether it uses the transitional or the strict namespace (ECMA-376 Part 1, 17; Part 4, 9).
+/// The names of WordprocessingML in one part: the prefixes of its elements and attributes, and the
+/// transitional or the strict namespace (ECMA-376 Part 1, 17; Part 4, 9).
 class WordNames {
   public:
-    /// Reads the root's namespace declarations. A part without a prefix for attributes gets one.
+    /// Reads the root's namespace declarations; declares a prefix for attributes if there is none.
     explicit WordNames(pugi::xml_node root);
 
     [[nodiscard]] bool isStrict() const { return strict_; }
     [[nodiscard]] WordTag tagOf(pugi::xml_node node) const;
 
-    /// "p" as this part writes it: "w:p".
+    /// Returns a name with this part's prefix: "w:p" for "p".
     [[nodiscard]] std::string element(std::string_view localName) const {
         return join(elementPrefix_, localName);
     }
@@ -72,10 +72,10 @@ class WordNames {
         return join(attributePrefix_, localName);
     }
 
-    /// The value of one of the part's own attributes; an empty text when it is absent.
+    /// Returns the value of an attribute of WordprocessingML; empty if it is absent.
     [[nodiscard]] const char* value(pugi::xml_node node, std::string_view localName) const;
     [[nodiscard]] pugi::xml_node child(pugi::xml_node node, WordTag tag) const;
-    /// The nearest element of that tag among the ancestors of a node.
+    /// Returns the nearest ancestor of a node with that tag.
     [[nodiscard]] pugi::xml_node ancestor(pugi::xml_node node, WordTag tag) const;
 
   private:

@@ -2,15 +2,21 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/opc/PackageXml.h"
+#include "office/opc/UnreadableFile.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace mergeloom::opc {
 
 namespace {
 
-constexpr int kDeepest = 1000;
+bool hasDocumentType(const pugi::xml_document& document) {
+    const auto isDocumentType = [](const pugi::xml_node& node) { return node.type() == pugi::node_doctype; };
+    return std::any_of(document.begin(), document.end(), isDocumentType);
+}
+
+constexpr int kMaxDepth = 1000;
 
 constexpr unsigned kParseFlags = pugi::parse_full | pugi::parse_ws_pcdata;
 
@@ -38,7 +44,7 @@ int countOf(const pugi::xml_document& document, pugi::xml_node_type type) {
     return count;
 }
 
-/// A part is written as UTF-8 whatever it was read from, and has to say so.
+/// Makes the declaration state UTF-8, in which every part is written. "utf-8" is kept as it is.
 void declareUtf8(pugi::xml_document& document) {
     pugi::xml_attribute encoding = document.first_child().attribute("encoding");
     if (document.first_child().type() != pugi::node_declaration || !encoding) return;
@@ -51,6 +57,45 @@ void declareUtf8(pugi::xml_document& document) {
 }
 
 }  // namespace
+
+void parsePackageXml(pugi::xml_document& document, std::string_view xml, const std::string& rootName,
+                     const std::string& partName, const std::string& fileName) {
+    const pugi::xml_parse_result result = document.load_buffer(xml.data(), xml.size(), pugi::parse_full);
+    if (!result) {
+        raiseUnreadable(fileName, "its part " + quoted(partName) + " is malformed: " + result.description());
+    }
+    if (hasDocumentType(document)) {
+        raiseUnreadable(fileName, "its part " + quoted(partName) + " has a document type declaration");
+    }
+    if (localName(document.document_element()) != rootName) {
+        raiseUnreadable(fileName,
+                        "its part " + quoted(partName) + " has no root element " + quoted(rootName));
+    }
+}
+
+std::string packageXmlText(pugi::xml_document& document) {
+    const pugi::xml_node declaration = document.first_child();
+    if (declaration.type() == pugi::node_declaration) {
+        pugi::xml_attribute encoding = declaration.attribute("encoding");
+        if (encoding) encoding.set_value("UTF-8");
+    }
+    std::string text;
+    StringWriter writer(text);
+    const unsigned int flags = pugi::format_raw | pugi::format_no_declaration;
+    document.save(writer, "", flags, pugi::encoding_utf8);
+    return text;
+}
+
+std::string_view localName(const pugi::xml_node& element) {
+    const std::string_view name = element.name();
+    return name.substr(name.find(':') + 1);
+}
+
+pugi::xml_node appendLike(pugi::xml_node root, const std::string& name) {
+    const std::string_view rootName = root.name();
+    const std::size_t prefixLength = rootName.find(':') + 1;
+    return root.append_child((std::string(rootName.substr(0, prefixLength)) + name).c_str());
+}
 
 std::unique_ptr<XmlPart> XmlPart::parse(std::string xml, const std::string& partName,
                                         const std::string& fileName) {
@@ -70,9 +115,9 @@ std::unique_ptr<XmlPart> XmlPart::parse(std::string xml, const std::string& part
     if (countOf(part->document_, pugi::node_element) > 1) {
         refuse(fileName, partName, "is not well-formed XML (more than one root element)");
     }
-    if (isDeeperThan(part->root(), kDeepest)) refuse(fileName, partName, "nests its elements too deep");
+    if (isDeeperThan(part->root(), kMaxDepth)) refuse(fileName, partName, "nests its elements too deep");
     declareUtf8(part->document_);
-    part->attic_ = part->document_.append_child("attic");
+    part->detachedNodes_ = part->document_.append_child("detached");
     return part;
 }
 
@@ -82,7 +127,7 @@ std::string XmlPart::toXml() const {
     StringWriter writer(xml);
     constexpr unsigned kFormat = pugi::format_raw | pugi::format_no_declaration;
     for (const pugi::xml_node node : document_.children()) {
-        if (node == attic_) continue;
+        if (node == detachedNodes_) continue;
         node.print(writer, "", kFormat);
         if (node.type() == pugi::node_declaration) xml += '\n';
     }

@@ -248,7 +248,7 @@ std::string ZipReader::read(const ZipEntry& entry) const {
 
 void ZipReader::checkSize(const ZipEntry& entry) const {
     const bool suspicious = entry.size > limits_.ratioFreeSize && entry.method == zip::kDeflated &&
-                            entry.size / limits_.highestRatio > entry.compressedSize;
+                            entry.size / limits_.maxRatio > entry.compressedSize;
     if (entry.size > limits_.entrySize || suspicious) {
         refuse("the entry " + quoted(entry.name) + " is too large when unpacked (" +
                std::to_string(entry.size) + " bytes)");

@@ -9,35 +9,35 @@
 
 namespace mergeloom::opc {
 
-/// What an archive may cost at most. The sizes are declared ones; what inflates to another size than the
-/// declared one is refused, so they bound what really comes out.
+/// The limits of an archive. They are compared with declared sizes; an entry that inflates to another size
+/// than declared is refused, so they bound the real sizes, too.
 struct ZipLimits {
     std::uint64_t entryCount = 65536;
     std::uint64_t entrySize = std::uint64_t{512} << 20U;
-    /// All entries that are deflated, together. A stored entry yields no more than the file holds.
+    /// Of all deflated entries together. A stored entry is not larger than the file.
     std::uint64_t inflatedSize = std::uint64_t{2} << 30U;
-    /// An entry above this size may not have been deflated to less than its highest ratio: repetitive XML
-    /// shrinks to a few hundredths, a bomb to a thousandth.
+    /// The size above which maxRatio applies: repetitive XML is deflated to a few hundredths, a zip bomb to a
+    /// thousandth.
     std::uint64_t ratioFreeSize = std::uint64_t{32} << 20U;
-    std::uint64_t highestRatio = 400;
+    std::uint64_t maxRatio = 400;
 };
 
 /// The entries of a zip archive (APPNOTE.TXT 6.3.10). Strict, since a package that two programs could read in
-/// two ways must not be edited: headers and directory must agree, entries may not overlap, names may not
-/// leave the package, bytes before the first entry are refused. The container code is our own because a start
-/// of the program has a few milliseconds, of which loading a general zip library with its cryptography takes
-/// a third, and because saving needs the raw bytes of untouched entries where they stand.
+/// two ways must not be edited: headers and directory must agree, entries must not overlap, names must not
+/// leave the package, and bytes before the first entry are refused. This code does not use a zip library
+/// because loading one with its cryptography takes a third of the program's start of a few milliseconds, and
+/// because saving copies the raw bytes of unchanged entries.
 class ZipReader {
   public:
-    /// The bytes must outlive the reader and the entries that it hands out. The file's name serves messages.
-    /// Raises kFileCouldNotBeRead with a sentence that names the file and what is wrong with it.
+    /// The bytes must outlive the reader and its entries; the file's name is used in messages. Raises
+    /// kFileCouldNotBeRead with a sentence that names the file and its fault.
     ZipReader(std::string_view bytes, std::string fileName, const ZipLimits& limits = {});
 
-    /// In the order in which they stand in the archive.
+    /// Returns the entries in the order of their data in the archive.
     [[nodiscard]] const std::vector<ZipEntry>& entries() const { return entries_; }
     [[nodiscard]] std::string_view comment() const { return comment_; }
 
-    /// An entry's content, its size and checksum verified. Raises kFileCouldNotBeRead.
+    /// Returns an entry's content with verified size and checksum. Raises kFileCouldNotBeRead.
     [[nodiscard]] std::string read(const ZipEntry& entry) const;
 
   private:

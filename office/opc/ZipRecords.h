@@ -74,9 +74,9 @@ struct ZipEntry {
     std::uint64_t size = 0;
     std::string_view storedName;
     std::string_view centralRecord;  ///< the whole record of the central directory (APPNOTE 4.3.12)
-    std::string_view raw;            ///< local header, data and data descriptor as they stand
+    std::string_view raw;            ///< local header, data and data descriptor
     std::string_view data;           ///< the compressed bytes, the middle of raw
-    std::uint64_t offset = 0;        ///< where raw starts
+    std::uint64_t offset = 0;        ///< of raw in the archive
 };
 
 /// Returns the first record of a central directory, its ZIP64 fields resolved (APPNOTE 4.5.3); raw and data

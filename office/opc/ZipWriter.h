@@ -9,7 +9,7 @@
 
 namespace mergeloom::opc {
 
-/// Content as it goes into an archive.
+/// Content as it is written to an archive.
 struct PackedContent {
     std::uint16_t method = 0;
     std::uint32_t crc = 0;
@@ -19,20 +19,20 @@ struct PackedContent {
 
 enum class Packing { Deflate, Store };
 
-/// Deflates the content; stores it when that is asked for or when deflating gains nothing.
+/// Deflates the content; stores it if requested or if deflating gains nothing.
 PackedContent pack(std::string content, Packing packing);
 
-/// Writes a zip archive (APPNOTE.TXT 6.3.10) from front to end. The same calls give the same bytes: new
-/// entries carry the format's first date, 1980-01-01, and no data of the machine.
+/// Writes a zip archive (APPNOTE.TXT 6.3.10) from front to end. The same calls produce the same bytes: new
+/// entries have the format's first date, 1980-01-01, and no data of the machine.
 class ZipWriter {
   public:
     explicit ZipWriter(ByteSink& sink) : sink_(sink) {}
 
-    /// Copies an entry of another archive byte for byte, and its record in the directory but for the offset.
+    /// Copies an entry of another archive and its directory record, of which only the offset changes.
     void copy(const ZipEntry& entry);
     /// Raises kFileCouldNotBeSaved for content of 4 GB or more.
     void add(const std::string& name, const PackedContent& content);
-    /// Writes the directory, with ZIP64 records only where a number needs them. Nothing can follow.
+    /// Writes the directory, with ZIP64 records only where a number needs them. Must be the last call.
     void finish(std::string_view comment);
 
   private:

@@ -109,7 +109,7 @@ TEST(Package, isWholeAfterAFailedWrite) {
     const auto changed = [] {
         Package package = Package::read(buildZip(oddDocument()), "orders.docx");
         package.writePart("/word/document.xml", "<new/>");
-        (void)package.relationshipsOf("/word/document.xml").addExternal("type", "http://localhost/");
+        (void)package.relationshipsOf("/word/document.xml").addPart("type", "/word/new.xml");
         return package;
     };
     Package undisturbed = changed();

@@ -190,7 +190,7 @@ TEST(ZipReader, boundsWhatInflatingYields) {
     // A size that only claims to be huge is refused before memory for it is taken.
     const std::string liar = buildZip({{.name = "a", .content = kDocumentXml, .sizeLie = 500 << 20}});
     EXPECT_THAT(readAll(liar), HasSubstr("too large when unpacked"));
-    EXPECT_THAT(readAll(liar, {.highestRatio = 1U << 30U}), HasSubstr("does not have the size"));
+    EXPECT_THAT(readAll(liar, {.maxRatio = 1U << 30U}), HasSubstr("does not have the size"));
 }
 
 // Flipped and missing bytes anywhere: an error or an archive, never a crash.

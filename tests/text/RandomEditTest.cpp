@@ -354,7 +354,7 @@ class RandomEdits {
         }
         std::set<string> found;
         std::int64_t last = 0;
-        for (const BookmarkRecord* record : story.finder.in(start, end)) {
+        for (const BookmarkRecord* record : story.bookmarks.in(start, end)) {
             found.insert(record->name);
             if (startOf(*record).value < last) return " found out of order";
             last = startOf(*record).value;

@@ -3,13 +3,11 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "office/embedded/text/BookmarkEditor.h"
-#include "office/embedded/text/BookmarkFinder.h"
 #include "office/embedded/text/FontEditor.h"
 #include "office/embedded/text/Story.h"
 #include "office/embedded/text/StoryEditor.h"
 #include "office/embedded/text/StoryEraser.h"
 #include "office/embedded/text/TableEditor.h"
-#include "office/embedded/text/TrackedRange.h"
 
 #include <deque>
 #include <memory>
@@ -35,8 +33,7 @@ struct OpenStory {
           bookmarks(story, editor, elementFactory, journal, table),
           eraser(story, bookmarks, journal),
           tables(story, editor, elementFactory, journal),
-          fonts(story, editor, elementFactory, journal),
-          finder(story) {}
+          fonts(story, editor, elementFactory, journal) {}
 
     void erase(int start, int end) { eraser.erase({start}, {end}); }
     void insert(int position, const std::string& text) { editor.insertText({position}, text); }
@@ -47,7 +44,6 @@ struct OpenStory {
     StoryEraser eraser;
     TableEditor tables;
     FontEditor fonts;
-    BookmarkFinder finder;
 };
 
 /// The stories of one part, of which the first is the body.

@@ -5,7 +5,7 @@
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/embedded/parts/DocumentFile.h"
-#include "office/embedded/parts/NewWorkbook.h"
+#include "office/embedded/parts/NewDocument.h"
 #include "office/model/OpenDocuments.h"
 #include "office/model/Undo.h"
 #include "office/model/excel/Range.h"

@@ -13,22 +13,14 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Returns the part to which a relationship of the workbook leads; empty if there is none.
-std::string relatedPart(opc::Package& package, const std::string& workbookPart, const char* type) {
-    const opc::Relationships& relationships = package.relationshipsOf(workbookPart);
-    const auto found = relationships.ofOfficeType(type);
-    const std::string partName = found.empty() ? "" : relationships.targetPart(*found.front());
-    return package.hasPart(partName) ? partName : "";
-}
-
 StyleSheet readStyles(opc::Package& package, const std::string& workbookPart) {
-    const std::string partName = relatedPart(package, workbookPart, "styles");
+    const std::string partName = package.relatedPart(workbookPart, "styles");
     if (partName.empty()) return {};
     return {package.readPart(partName), partName, package.fileName()};
 }
 
 SharedStrings readSharedStrings(opc::Package& package, const std::string& workbookPart) {
-    const std::string partName = relatedPart(package, workbookPart, "sharedStrings");
+    const std::string partName = package.relatedPart(workbookPart, "sharedStrings");
     if (partName.empty())
         opc::raiseUnreadable(package.fileName(), "it refers to a shared text, but it has none");
     return {package.readPart(partName), partName, package.fileName()};
@@ -52,7 +44,7 @@ WorkbookContent::WorkbookContent(opc::Package package, FileStore& files)
       workbook_(package_, undo_),
       styles_(readStyles(package_, workbook_.partName())),
       calculationChain_(package_, workbook_.partName(), undo_),
-      hasCalculated_(!relatedPart(package_, workbook_.partName(), "calcChain").empty()),
+      hasCalculated_(!package_.relatedPart(workbook_.partName(), "calcChain").empty()),
       sheets_(workbook_.sheets().size()) {}
 
 SheetContent& WorkbookContent::sheet(std::size_t index) {

@@ -22,7 +22,7 @@ constexpr std::array kMacroRelationships{
     throw AutomationError(kFileCouldNotBeSaved, "The file '" + fileName + "' cannot be saved: " + why);
 }
 
-/// "docx, docm or dotm".
+/// Returns a list such as "docx, docm or dotm".
 std::string joined(const std::vector<std::string_view>& words) {
     std::string text;
     for (std::size_t index = 0; index < words.size(); ++index) {
@@ -52,13 +52,7 @@ bool holdsMacros(opc::Package& package, const std::string& mainPart) {
                                [&](const char* type) { return relationships.hasType(type); });
 }
 
-}  // namespace
-
-bool canWrite(DocumentFamily family, int number) {
-    const FileFormat* const format = findFormat(family, number);
-    return format != nullptr && format->engine;
-}
-
+/// Sets the main part's content type to that of the format.
 void setSaveFormat(opc::Package& package, DocumentFamily family, int number, const std::string& fileName) {
     if (!canWrite(family, number)) {
         refuse(fileName, "its format can only be written by another office. Choose " +
@@ -73,6 +67,13 @@ void setSaveFormat(opc::Package& package, DocumentFamily family, int number, con
     }
     const std::string type(target.contentType);
     if (package.contentTypes().of(mainPart) != type) package.contentTypes().setOverride(mainPart, type);
+}
+
+}  // namespace
+
+bool canWrite(DocumentFamily family, int number) {
+    const FileFormat* const format = findFormat(family, number);
+    return format != nullptr && format->engine;
 }
 
 std::string DocumentFile::name() const {

@@ -13,10 +13,6 @@ namespace mergeloom::embedded {
 /// Returns true if the engine writes the format, a number of WdSaveFormat or XlFileFormat.
 bool canWrite(DocumentFamily family, int number);
 
-/// Sets the main part's content type to that of a format. Raises kFileCouldNotBeSaved, without any change,
-/// for a format that the engine does not write and for macros in a format that cannot contain them.
-void setSaveFormat(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
-
 /// The file of an open document: its name, and saving to it.
 class DocumentFile {
   public:
@@ -31,8 +27,9 @@ class DocumentFile {
     /// Saves the document to its file. Raises kFileCouldNotBeSaved, also for a document without a file; an
     /// existing file stays whole on failure.
     void save(opc::Package& package);
-    /// Saves the document to another file and takes its name. Raises the errors of save and setSaveFormat,
-    /// which leave the document as it was.
+    /// Saves the document to another file and takes its name. Raises kFileCouldNotBeSaved, also for a format
+    /// that the engine does not write and for macros in a format that cannot contain them; then the document
+    /// is unchanged.
     void saveAs(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
 
   private:

@@ -1,4 +1,4 @@
-#include "office/embedded/parts/NewWorkbook.h"
+#include "office/embedded/parts/NewDocument.h"
 
 #include <algorithm>
 #include <iterator>

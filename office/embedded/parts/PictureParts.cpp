@@ -126,7 +126,7 @@ std::string PictureParts::relationshipTo(const std::string& documentPart, const 
 }
 
 void PictureParts::readRelationships(const std::string& documentPart) {
-    // Reads them only once: a document with thousands of pictures has thousands of relationships.
+    // Only once: a document with thousands of pictures has thousands of relationships.
     const std::string source = opc::partKey(documentPart);
     if (!sourcesRead_.insert(source).second) return;
     const opc::Relationships& relationships = package_.relationshipsOf(documentPart);

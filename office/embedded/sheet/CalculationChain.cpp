@@ -74,7 +74,7 @@ void CalculationChain::removeEntry(CellKey key, pugi::xml_node entry) {
     passAttributesOn(entry, state_);
     pugi::xml_node parent = entry.parent();
     const pugi::xml_node before = entry.previous_sibling();
-    part_->attic().append_move(entry);
+    part_->detachedNodes().append_move(entry);
     state_.change([this, key, entry, parent, before]() mutable {
         before ? parent.insert_move_after(entry, before) : parent.prepend_move(entry);
         entries_.emplace(key, entry);

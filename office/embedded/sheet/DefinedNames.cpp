@@ -116,7 +116,7 @@ pugi::xml_node DefinedNames::ensureList() {
     if (names) return names;
     names = root.insert_child_after(qualifiedName(root, "definedNames").c_str(), predecessor(root));
     // Names may have been added after the recorded step, so the list is removed only if it is empty again.
-    state_.change([names, detachedNodes = part_.attic()]() mutable {
+    state_.change([names, detachedNodes = part_.detachedNodes()]() mutable {
         if (!names.first_child()) detachedNodes.append_move(names);
     });
     return names;
@@ -134,7 +134,7 @@ void DefinedNames::undoAppend(pugi::xml_node node) {
             if (position > index) --position;
         }
     }
-    part_.attic().append_move(node);
+    part_.detachedNodes().append_move(node);
     counters_.release(name);
 }
 

@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "office/embedded/sheet/DrawingElements.h"
 #include "office/embedded/sheet/TreeEdit.h"
-#include "office/opc/PackageXml.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 #include <ranges>
@@ -107,7 +107,7 @@ DrawingPart::ShapeId DrawingPart::insert(pugi::xml_node node) {
     const ShapeId shape = ++lastShape_;
     registerShape(shape, node);
     highestObjectId_ = std::max(highestObjectId_, highestObjectIdIn(node));
-    state_.change([this, shape, node, detachedNodes = part_->attic()]() mutable {
+    state_.change([this, shape, node, detachedNodes = part_->detachedNodes()]() mutable {
         unregisterShape(shape);
         detachedNodes.append_move(node);
     });
@@ -118,7 +118,7 @@ void DrawingPart::remove(ShapeId shape) {
     const pugi::xml_node taken = node(shape);
     unregisterShape(shape);
     const pugi::xml_node next = taken.next_sibling();
-    pugi::xml_node detachedNodes = part_->attic();
+    pugi::xml_node detachedNodes = part_->detachedNodes();
     detachedNodes.append_move(taken);
     state_.change([this, shape, taken, next] {
         pugi::xml_node root = part_->root();

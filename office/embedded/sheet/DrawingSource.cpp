@@ -3,8 +3,8 @@
 #include "base/AutomationError.h"
 #include "office/embedded/parts/DrawingPicture.h"
 #include "office/embedded/sheet/TreeEdit.h"
-#include "office/opc/PackageXml.h"
 #include "office/opc/PartName.h"
+#include "office/opc/XmlPart.h"
 
 #include <string_view>
 #include <utility>

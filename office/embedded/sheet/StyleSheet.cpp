@@ -1,7 +1,7 @@
 #include "office/embedded/sheet/StyleSheet.h"
 
 #include "office/embedded/sheet/TreeEdit.h"
-#include "office/opc/PackageXml.h"
+#include "office/opc/XmlPart.h"
 
 #include <pugixml.hpp>
 

@@ -103,7 +103,7 @@ void setText(pugi::xml_node element, const std::string& text, PartState& state) 
 }
 
 void recordInsertion(pugi::xml_node node, const opc::XmlPart& part, PartState& state) {
-    state.change([node, detachedNodes = part.attic()]() mutable { detachedNodes.append_move(node); });
+    state.change([node, detachedNodes = part.detachedNodes()]() mutable { detachedNodes.append_move(node); });
 }
 
 SheetSection::SheetSection(const SheetPart& sheet, std::string_view localName) {

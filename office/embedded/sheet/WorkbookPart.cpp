@@ -3,9 +3,9 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "office/embedded/sheet/TreeEdit.h"
-#include "office/opc/PackageXml.h"
 #include "office/opc/PartName.h"
 #include "office/opc/UnreadableFile.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/embedded/text/Item.h"
+#include "office/embedded/text/ItemBlock.h"
 #include "office/model/NameCounters.h"
 #include "office/model/word/BookmarkName.h"
 

@@ -1,6 +1,6 @@
 #include "office/embedded/text/EditJournal.h"
 
-#include "office/embedded/parts/WordElementFactory.h"
+#include "office/embedded/text/WordElementFactory.h"
 
 #include <utility>
 
@@ -14,10 +14,6 @@ pugi::xml_node nodeOf(void* handle) {
 
 void appendToText(pugi::xml_text text, const std::string& more) {
     text.set((text.get() + more).c_str());
-}
-
-void moveToAttic(const opc::XmlPart& part, pugi::xml_node node) {
-    moveNode(node, part.attic(), part.attic().last_child());
 }
 
 }  // namespace
@@ -59,7 +55,7 @@ void EditJournal::insert(Story& story, pugi::xml_node element, const DomPlace& p
 
 void EditJournal::move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) {
     touch(part);
-    if (node.parent() == part.attic()) {
+    if (node.parent() == part.detachedNodes()) {
         record({Step::NodeAdded, 0, node.internal_object(), &part});
     } else {
         const DomPlace place{node.parent(), node.previous_sibling()};
@@ -69,7 +65,7 @@ void EditJournal::move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node p
 }
 
 void EditJournal::remove(opc::XmlPart& part, pugi::xml_node node) {
-    move(part, node, part.attic(), part.attic().last_child());
+    move(part, node, part.detachedNodes(), part.detachedNodes().last_child());
 }
 
 void EditJournal::setText(opc::XmlPart& part, pugi::xml_node textElement, const std::string& value) {
@@ -152,7 +148,7 @@ void EditJournal::takeBack(const Entry& entry) {
         case Step::ChildInserted:
             return takeBackInsertion(*static_cast<Story*>(entry.first), item->node.parent(), item);
         case Step::NodeAdded:
-            return moveToAttic(*static_cast<opc::XmlPart*>(entry.second), nodeOf(entry.first));
+            return static_cast<opc::XmlPart*>(entry.second)->detach(nodeOf(entry.first));
         case Step::NodeMoved:
             return moveNode(nodeOf(entry.first), oldPlaces_[entry.number].parent,
                             oldPlaces_[entry.number].after);
@@ -190,7 +186,7 @@ void EditJournal::takeBack(const Entry& entry) {
 }
 
 void EditJournal::takeBackInsertion(Story& story, pugi::xml_node element, Item* item) {
-    moveToAttic(story.part(), element);
+    story.part().detach(element);
     story.items().remove(item);
 }
 

@@ -23,12 +23,12 @@ class EditJournal {
     /// Undoes all recorded steps, after which the journal is empty.
     void undo();
 
-    /// Inserts a new element from the attic at a place of the story and its item before another one. The
+    /// Inserts a new, detached element at a place of the story and its item before another one. The
     /// item's node is the element itself or a child of it.
     void insert(Story& story, pugi::xml_node element, const DomPlace& place, Item* next, Item* item);
     /// Moves a node of the part after a sibling, or to the first place when `after` is none.
     void move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);
-    /// Moves a node out of the part into the attic.
+    /// Moves a node of the part to its detached nodes.
     void remove(opc::XmlPart& part, pugi::xml_node node);
     /// Sets the text of a text element.
     void setText(opc::XmlPart& part, pugi::xml_node textElement, const std::string& value);

@@ -13,9 +13,8 @@ constexpr std::array<std::string_view, 15> kAfterSize{
     "highlight", "u",    "effect",          "bdr",        "shd",   "fitText",  "vertAlign", "rtl", "cs",
     "em",        "lang", "eastAsianLayout", "specVanish", "oMath", "rPrChange"};
 
-bool comesAfterSize(std::string_view name) {
-    const std::string_view local = name.substr(name.find(':') + 1);
-    return std::find(kAfterSize.begin(), kAfterSize.end(), local) != kAfterSize.end();
+bool comesAfterSize(pugi::xml_node property) {
+    return std::find(kAfterSize.begin(), kAfterSize.end(), opc::localName(property)) != kAfterSize.end();
 }
 
 }  // namespace
@@ -71,7 +70,7 @@ void FontEditor::writeSize(pugi::xml_node runProperties, int halfPoints) {
     const opc::WordNames& names = story_.names();
     pugi::xml_node next;
     for (const pugi::xml_node child : runProperties.children()) {
-        if (!next && comesAfterSize(child.name())) next = child;
+        if (!next && comesAfterSize(child)) next = child;
     }
     for (const char* local : {"sz", "szCs"}) {
         const std::string name = names.element(local);

@@ -153,6 +153,20 @@ Item* ItemTree::previous(const Item* item) {
     return block ? block->last() : nullptr;
 }
 
+Item* ItemTree::nextInText(const Item* item) {
+    Item* found = next(item);
+    while (found && !found->takesPlace())
+        found = next(found);
+    return found;
+}
+
+Item* ItemTree::previousInText(const Item* item) {
+    Item* found = previous(item);
+    while (found && !found->takesPlace())
+        found = previous(found);
+    return found;
+}
+
 Item* ItemTree::previousMark(const Item* item) {
     const ItemBlock* block = item->block;
     if (Item* mark = block->lastMarkBefore(item->place)) return mark;

@@ -31,6 +31,9 @@ class ItemTree {
     [[nodiscard]] Item* last() const;
     static Item* next(const Item* item);
     static Item* previous(const Item* item);
+    /// Return the nearest item after or before an item that takes place in the text, or none.
+    static Item* nextInText(const Item* item);
+    static Item* previousInText(const Item* item);
     /// Returns the nearest bookmark mark before an item, or none.
     static Item* previousMark(const Item* item);
 

@@ -2,8 +2,6 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/text/StoryReader.h"
-#include "office/embedded/text/TrackedRange.h"
 
 #include <algorithm>
 #include <string_view>
@@ -27,11 +25,6 @@ std::string characterText(std::string_view name, const char* breakType) {
     return "(";
 }
 
-std::string_view localName(pugi::xml_node node) {
-    const std::string_view name = node.name();
-    return name.substr(name.find(':') + 1);
-}
-
 /// Returns the part of an item's text between two units, counted from the item's start.
 std::string slice(const std::string& text, std::int64_t from, std::int64_t to) {
     const std::size_t first = byteOffset(text, {from});
@@ -45,12 +38,33 @@ std::string slice(const std::string& text, std::int64_t from, std::int64_t to) {
 
 }  // namespace
 
+TrackedRange::TrackedRange(Story& story, CharacterPosition start, CharacterPosition end)
+    : story_(&story), start_(start), end_(end) {
+    story_->add(*this);
+}
+
+TrackedRange::~TrackedRange() {
+    story_->remove(*this);
+}
+
+void TrackedRange::set(CharacterPosition start, CharacterPosition end) {
+    start_ = start;
+    end_ = std::max(start, end);
+}
+
+void TrackedRange::moveTo(Story& story, CharacterPosition start, CharacterPosition end) {
+    story_->remove(*this);
+    story_ = &story;
+    story_->add(*this);
+    set(start, end);
+}
+
 std::string textOf(const Story& story, const Item* item) {
     switch (item->kind) {
         case ItemKind::Text:
             return item->node.child_value();
         case ItemKind::Character:
-            return characterText(localName(item->node), story.names().value(item->node, "type"));
+            return characterText(opc::localName(item->node), story.names().value(item->node, "type"));
         case ItemKind::InlineObject:
             return "/";
         case ItemKind::ParagraphMark:
@@ -59,6 +73,16 @@ std::string textOf(const Story& story, const Item* item) {
             return "\r\a";
         default:
             return {};
+    }
+}
+
+void collectTextBoxes(const opc::WordNames& names, pugi::xml_node node, std::vector<pugi::xml_node>& found) {
+    for (const pugi::xml_node child : node.children()) {
+        if (names.tagOf(child) == opc::WordTag::TextBoxContent) {
+            found.push_back(child);
+        } else {
+            collectTextBoxes(names, child, found);
+        }
     }
 }
 
@@ -93,7 +117,7 @@ CharacterPosition endOf(const BookmarkRecord& record) {
 Story::Story(opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node root, std::string name,
              BookmarkTable& bookmarks)
     : part_(part), names_(names), root_(root), name_(std::move(name)) {
-    StoryReader(*this, bookmarks).read();
+    read(bookmarks);
 }
 
 bool Story::isPlaced() const {
@@ -183,26 +207,33 @@ pugi::xml_node Story::paragraphOf(const Item* item) const {
     return names_.ancestor(item->node, opc::WordTag::Paragraph);
 }
 
-pugi::xml_node Story::cellOf(const Item* item) const {
+pugi::xml_node Story::innermost(opc::WordTag tag, const Item* item) const {
     for (pugi::xml_node node = item->node; node && node != root_; node = node.parent()) {
-        if (names_.tagOf(node) == opc::WordTag::CellElement) return node;
+        if (names_.tagOf(node) == tag) return node;
     }
     return {};
 }
 
+pugi::xml_node Story::cellOf(const Item* item) const {
+    return innermost(opc::WordTag::CellElement, item);
+}
+
 pugi::xml_node Story::tableOf(const Item* item) const {
-    for (pugi::xml_node node = item->node; node && node != root_; node = node.parent()) {
-        if (names_.tagOf(node) == opc::WordTag::Table) return node;
+    return innermost(opc::WordTag::Table, item);
+}
+
+pugi::xml_node Story::outermostTableOf(const Item* item, pugi::xml_node within) const {
+    pugi::xml_node found;
+    for (pugi::xml_node node = item->node; node && node != within && node != root_; node = node.parent()) {
+        if (names_.tagOf(node) == opc::WordTag::Table) found = node;
     }
-    return {};
+    return found;
 }
 
 bool Story::endsCell(const Item* paragraphMark) const {
     const pugi::xml_node cell = cellOf(paragraphMark);
     if (!cell) return false;
-    const Item* next = ItemTree::next(paragraphMark);
-    while (next && !next->takesPlace())
-        next = ItemTree::next(next);
+    const Item* next = ItemTree::nextInText(paragraphMark);
     return !next || !isInside(next->node, cell);
 }
 

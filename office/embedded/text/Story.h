@@ -13,7 +13,31 @@
 
 namespace mergeloom::embedded {
 
-class TrackedRange;
+class Story;
+
+/// A range of a story that follows edits: the story moves the ends of every tracked range when text is
+/// inserted or removed. Ranges and the selection are based on it.
+class TrackedRange {
+  public:
+    TrackedRange(Story& story, CharacterPosition start, CharacterPosition end);
+    TrackedRange(const TrackedRange&) = delete;
+    TrackedRange& operator=(const TrackedRange&) = delete;
+    ~TrackedRange();
+
+    [[nodiscard]] Story& story() const { return *story_; }
+    [[nodiscard]] CharacterPosition start() const { return start_; }
+    [[nodiscard]] CharacterPosition end() const { return end_; }
+
+    void set(CharacterPosition start, CharacterPosition end);
+    void moveTo(Story& story, CharacterPosition start, CharacterPosition end);
+
+  private:
+    friend class Story;
+
+    Story* story_;
+    CharacterPosition start_;
+    CharacterPosition end_;
+};
 
 /// An element of the body, a header, a footer, a note, a comment or a text box that contains paragraphs, as
 /// one row of characters. It is only read here; StoryEditor changes it.
@@ -60,6 +84,9 @@ class Story {
     /// but in none of that table's cells.
     [[nodiscard]] pugi::xml_node cellOf(const Item* item) const;
     [[nodiscard]] pugi::xml_node tableOf(const Item* item) const;
+    /// Returns the outermost table around an item and within an element, by default the whole story; none
+    /// outside of tables.
+    [[nodiscard]] pugi::xml_node outermostTableOf(const Item* item, pugi::xml_node within = {}) const;
     /// Returns whether a paragraph mark ends a cell.
     [[nodiscard]] bool endsCell(const Item* paragraphMark) const;
 
@@ -80,9 +107,12 @@ class Story {
     friend class TrackedRange;
     friend class StoryReader;
 
+    /// Reads the elements below the root into items.
+    void read(BookmarkTable& bookmarks);
     [[nodiscard]] bool splitsCharacter(CharacterPosition position) const;
     void add(TrackedRange& range) { trackedRanges_.push_back(&range); }
     void remove(TrackedRange& range) { std::erase(trackedRanges_, &range); }
+    [[nodiscard]] pugi::xml_node innermost(opc::WordTag tag, const Item* item) const;
 
     opc::XmlPart& part_;
     const opc::WordNames& names_;
@@ -108,6 +138,9 @@ CharacterRange characterRangeOf(const Story& story, pugi::xml_node element, cons
 /// Return the positions at which a bookmark starts and ends.
 CharacterPosition startOf(const BookmarkRecord& record);
 CharacterPosition endOf(const BookmarkRecord& record);
+
+/// Adds the elements of text boxes below a node to a list, without those inside of them.
+void collectTextBoxes(const opc::WordNames& names, pugi::xml_node node, std::vector<pugi::xml_node>& found);
 
 /// Returns whether a node is the element or is below it.
 bool isInside(pugi::xml_node node, pugi::xml_node element);

@@ -24,17 +24,16 @@ void takeParagraphEnd(std::string_view& text) {
     text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
 }
 
-bool isFormattingChange(std::string_view localName) {
-    return localName == "rPrChange" || localName == "pPrChange" || localName == "ins" || localName == "del" ||
-           localName == "moveFrom" || localName == "moveTo";
+bool isFormattingChange(std::string_view name) {
+    return name == "rPrChange" || name == "pPrChange" || name == "ins" || name == "del" ||
+           name == "moveFrom" || name == "moveTo";
 }
 
 /// Removes the records of tracked changes from copied properties: the copy was never changed.
 void dropFormattingChanges(pugi::xml_node properties) {
     for (pugi::xml_node child = properties.first_child(); child;) {
         const pugi::xml_node next = child.next_sibling();
-        const std::string_view name = child.name();
-        if (isFormattingChange(name.substr(name.find(':') + 1))) {
+        if (isFormattingChange(opc::localName(child))) {
             properties.remove_child(child);
         } else {
             dropFormattingChanges(child);
@@ -58,8 +57,8 @@ bool isFollowedByCode(const Story& story, const Item* item) {
         if (item->kind == ItemKind::FieldBegin && --closed < 0) {
             return story.names().tagOf(item->node) != opc::WordTag::SimpleField;
         }
-        const bool tells = closed == 0 && item->takesPlace() && item->kind != ItemKind::FieldBegin;
-        if (tells) return item->kind == ItemKind::FieldCode;
+        const bool decides = closed == 0 && item->takesPlace() && item->kind != ItemKind::FieldBegin;
+        if (decides) return item->kind == ItemKind::FieldCode;
     }
     return false;
 }
@@ -292,8 +291,7 @@ Formatting StoryEditor::formattingAtPlace(CharacterPosition position) const {
 
 pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next) const {
     const opc::WordNames& names = story_.names();
-    while (previous && !previous->takesPlace())
-        previous = ItemTree::previous(previous);
+    if (previous && !previous->takesPlace()) previous = ItemTree::previousInText(previous);
     const pugi::xml_node paragraph = story_.paragraphOf(next);
     if (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == paragraph) {
         return names.child(places_.inlineElementOf(previous), opc::WordTag::RunProperties);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "office/embedded/parts/WordElementFactory.h"
 #include "office/embedded/text/DomPlace.h"
 #include "office/embedded/text/EditJournal.h"
 #include "office/embedded/text/Story.h"
+#include "office/embedded/text/WordElementFactory.h"
 
 #include <optional>
 #include <string>
@@ -40,7 +40,7 @@ class StoryEditor {
     [[nodiscard]] bool endsWithOwnParagraph() const;
     /// Appends an empty paragraph to the story.
     void appendParagraph();
-    /// Inserts a run, made in the attic, whose child counts as one character.
+    /// Inserts a run, created among the detached nodes, whose child counts as one character.
     void insertObject(CharacterPosition position, pugi::xml_node run, pugi::xml_node child);
 
     /// Returns the formatting of text that is typed at a place; no value inside a run's text, which it would

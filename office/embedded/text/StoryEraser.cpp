@@ -17,20 +17,6 @@ namespace {
 constexpr const char* kPartOfTable = "The range covers a part of a table's structure.";
 constexpr const char* kPartOfField = "The range covers only one end of a field.";
 
-const Item* nextInText(const Item* item) {
-    item = ItemTree::next(item);
-    while (item && !item->takesPlace())
-        item = ItemTree::next(item);
-    return item;
-}
-
-const Item* previousInText(const Item* item) {
-    item = ItemTree::previous(item);
-    while (item && !item->takesPlace())
-        item = ItemTree::previous(item);
-    return item;
-}
-
 }  // namespace
 
 void StoryEraser::check(CharacterPosition start, CharacterPosition end) const {
@@ -65,14 +51,14 @@ void StoryEraser::checkStructure(CharacterPosition start, CharacterPosition end)
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
     if (first->kind == ItemKind::RowMark) refuse(kPartOfTable);
     const pugi::xml_node container = commonCell(first, last);
-    const pugi::xml_node firstTable = outermostTable(first, container);
+    const pugi::xml_node firstTable = story_.outermostTableOf(first, container);
     if (firstTable) {
-        const Item* before = previousInText(first);
+        const Item* before = ItemTree::previousInText(first);
         const bool startsInside = story_.positionOf(first) != start;
         if (startsInside || (before && isInside(before->node, firstTable))) refuse(kPartOfTable);
     }
-    const pugi::xml_node lastTable = outermostTable(last, container);
-    const Item* next = nextInText(last);
+    const pugi::xml_node lastTable = story_.outermostTableOf(last, container);
+    const Item* next = ItemTree::nextInText(last);
     if (lastTable && next && isInside(next->node, lastTable)) refuse(kPartOfTable);
     const bool endsParagraph = last->kind == ItemKind::ParagraphMark && !lastTable;
     const bool intoTable = endsParagraph && (!next || story_.cellOf(next) != story_.cellOf(last));
@@ -130,7 +116,7 @@ void StoryEraser::eraseItems(CharacterPosition start, CharacterPosition end) {
     // Paragraphs are joined once nothing is between them any more.
     std::vector<Item*> paragraphMarks;
     for (std::int64_t left = (end - start).value; left > 0;) {
-        if (const pugi::xml_node table = outermostTable(item, container)) {
+        if (const pugi::xml_node table = story_.outermostTableOf(item, container)) {
             left -= eraseTable(item, table);
             continue;
         }
@@ -185,7 +171,7 @@ std::int64_t StoryEraser::eraseTable(Item*& item, pugi::xml_node table) {
 
 void StoryEraser::eraseParagraphMark(Item* mark) {
     const pugi::xml_node first = mark->node;
-    const Item* next = nextInText(mark);
+    const Item* next = ItemTree::nextInText(mark);
     const pugi::xml_node second = next ? story_.paragraphOf(next) : pugi::xml_node();
     if (!second || story_.cellOf(next) != story_.cellOf(mark)) {
         // A paragraph that is joined with the table after it has nothing but marks left.
@@ -265,15 +251,6 @@ pugi::xml_node StoryEraser::commonCell(const Item* first, const Item* last) cons
         cell = story_.names().ancestor(cell, opc::WordTag::CellElement);
     }
     return cell && isInside(cell, story_.root()) ? cell : pugi::xml_node();
-}
-
-pugi::xml_node StoryEraser::outermostTable(const Item* item, pugi::xml_node within) const {
-    pugi::xml_node found;
-    for (pugi::xml_node node = item->node; node && node != within && node != story_.root();
-         node = node.parent()) {
-        if (story_.names().tagOf(node) == opc::WordTag::Table) found = node;
-    }
-    return found;
 }
 
 }  // namespace mergeloom::embedded

@@ -44,7 +44,6 @@ class StoryEraser {
     void removeElement(pugi::xml_node element);
     /// Returns the innermost cell with both items; none when they share none.
     [[nodiscard]] pugi::xml_node commonCell(const Item* first, const Item* last) const;
-    [[nodiscard]] pugi::xml_node outermostTable(const Item* item, pugi::xml_node within) const;
 
     Story& story_;
     BookmarkEditor& bookmarks_;

@@ -1,11 +1,12 @@
-#include "office/embedded/text/StoryReader.h"
 
 #include "base/Text.h"
+#include "office/embedded/text/Story.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -43,6 +44,42 @@ void joinText(pugi::xml_node element) {
 }
 
 }  // namespace
+
+/// Reads the elements of a story into its items, in order. Elements that are not part of the text
+/// (properties, comment ranges, proofing marks, unknown extensions) make no items and stay as they are. So do
+/// marks of bookmarks without a counterpart in the story, or with a name that another bookmark already has.
+class StoryReader {
+  public:
+    StoryReader(Story& story, BookmarkTable& bookmarks)
+        : story_(story), names_(story.names()), bookmarks_(bookmarks) {}
+
+    void read();
+
+  private:
+    void readChildren(pugi::xml_node container);
+    void readElement(pugi::xml_node node);
+    void readRun(pugi::xml_node run);
+    void readRunChild(pugi::xml_node node);
+    void readText(pugi::xml_node node, ItemKind kind);
+    void readFieldCharacter(pugi::xml_node node);
+    void readSimpleField(pugi::xml_node node);
+    void readDrawing(pugi::xml_node runChild, pugi::xml_node drawing);
+    void add(ItemKind kind, pugi::xml_node node, CharacterCount length = {1});
+    /// Appends a paragraph if the story does not end with one, as in some documents of other programs.
+    void endWithParagraph();
+    void pairMarks();
+    void listBookmark(Item* start, Item* end);
+    void collectCopies(pugi::xml_node fallback);
+
+    Story& story_;
+    const opc::WordNames& names_;
+    BookmarkTable& bookmarks_;
+    std::vector<Item*> items_;
+};
+
+void Story::read(BookmarkTable& bookmarks) {
+    StoryReader(*this, bookmarks).read();
+}
 
 void StoryReader::read() {
     story_.hasContentControls_ =
@@ -155,7 +192,7 @@ void StoryReader::readRunChild(pugi::xml_node node) {
             return add(ItemKind::Character, node);
         case opc::WordTag::Ruby:
         case opc::WordTag::EmbeddedObject:
-            collectTextBoxes(node);
+            collectTextBoxes(names_, node, story_.textBoxes_);
             return add(ItemKind::InlineObject, node);
         case opc::WordTag::Drawing:
         case opc::WordTag::VmlPicture:
@@ -197,17 +234,7 @@ void StoryReader::readDrawing(pugi::xml_node runChild, pugi::xml_node drawing) {
     const bool floating =
         names_.tagOf(drawing) == opc::WordTag::VmlPicture ? floats(drawing) : isAnchor(drawing);
     add(floating ? ItemKind::Anchor : ItemKind::InlineObject, runChild, {floating ? 0 : 1});
-    collectTextBoxes(drawing);
-}
-
-void StoryReader::collectTextBoxes(pugi::xml_node node) {
-    for (const pugi::xml_node child : node.children()) {
-        if (names_.tagOf(child) == opc::WordTag::TextBoxContent) {
-            story_.textBoxes_.push_back(child);
-        } else {
-            collectTextBoxes(child);
-        }
-    }
+    collectTextBoxes(names_, drawing, story_.textBoxes_);
 }
 
 void StoryReader::collectCopies(pugi::xml_node fallback) {

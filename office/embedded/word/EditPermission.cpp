@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/text/DomPlace.h"
+#include "office/embedded/word/TextArea.h"
 
 #include <string>
 #include <string_view>
@@ -14,19 +15,21 @@ pugi::xml_node propertiesOf(const opc::WordNames& names, pugi::xml_node control)
     return control.child(names.element("sdtPr").c_str());
 }
 
-/// ECMA-376 Part 1, 17.5.2.23: the other lock, "sdtLocked", only keeps the control from being deleted.
+/// Returns whether the content of a control is locked (ECMA-376 Part 1, 17.5.2.23). The other lock,
+/// "sdtLocked", only prevents that the control is deleted.
 bool isContentLocked(const opc::WordNames& names, pugi::xml_node control) {
     const pugi::xml_node lock = propertiesOf(names, control).child(names.element("lock").c_str());
     const std::string_view value = names.value(lock, "val");
     return value == "contentLocked" || value == "sdtContentLocked";
 }
 
-/// ECMA-376 Part 1, 17.5.2.16: a group protects all of its content but for the controls inside.
+/// Returns whether a control is a group (ECMA-376 Part 1, 17.5.2.16), which protects its content except for
+/// the controls inside.
 bool isGroup(const opc::WordNames& names, pugi::xml_node control) {
     return static_cast<bool>(propertiesOf(names, control).child(names.element("group").c_str()));
 }
 
-/// The control that locks what is inside an element, which may be that control's own content; none otherwise.
+/// Returns the control that locks the content of an element; none if it is not locked.
 pugi::xml_node lockedControlAround(const opc::WordNames& names, pugi::xml_node element) {
     bool isInControl = false;
     for (pugi::xml_node node = element; node; node = node.parent()) {
@@ -61,42 +64,27 @@ const Item* itemBefore(const Item* item) {
     return item ? ItemTree::previous(item) : nullptr;
 }
 
-/// The element into which text or a mark at a position goes; none behind the story's end.
+/// Returns the element into which text or a mark at a position is inserted; none after the story's end.
 pugi::xml_node elementAt(const Story& story, CharacterPosition position) {
     const Item* next = story.items().itemAt(position);
     if (!next) return {};
-    // What is no place for text is refused by the edit itself.
+    // The edit itself refuses a place where no text is possible.
     if (story.positionOf(next) != position || !story.paragraphOf(next)) return next->node;
     return DomPlaces(story).forStartMark(itemBefore(next), next).parent;
 }
 
-/// The element into which a mark behind the last character of a stretch goes.
-pugi::xml_node elementBehind(const Story& story, CharacterPosition end) {
+/// Returns the element into which a mark after the last character of a range is inserted.
+pugi::xml_node elementAfter(const Story& story, CharacterPosition end) {
     const Item* last = story.items().itemAt(end - CharacterCount{1});
     const Item* next = story.items().itemAt(end);
     const bool splits = next == last;
     return splits ? last->node : DomPlaces(story).forEndMark(last, ItemTree::next(last)).parent;
 }
 
-/// Sections of a form may be left open to editing (ECMA-376 Part 1, 17.6.6).
+/// Returns whether a section of a form is open to editing (ECMA-376 Part 1, 17.6.6).
 bool isOpenSection(const opc::WordNames& names, pugi::xml_node section) {
     const pugi::xml_node switched = section.child(names.element("formProt").c_str());
     return switched && opc::isOff(names.value(switched, "val"));
-}
-
-/// The properties of the section in which an element of the body stands: those of the next paragraph that
-/// ends one, or the body's own.
-pugi::xml_node sectionOf(const Story& story, pugi::xml_node element) {
-    const opc::WordNames& names = story.names();
-    while (element && element.parent() != story.root())
-        element = element.parent();
-    for (; element; element = element.next_sibling()) {
-        if (names.tagOf(element) == opc::WordTag::SectionProperties) return element;
-        const pugi::xml_node properties = names.child(element, opc::WordTag::ParagraphProperties);
-        const pugi::xml_node section = names.child(properties, opc::WordTag::SectionProperties);
-        if (section) return section;
-    }
-    return {};
 }
 
 }  // namespace
@@ -115,14 +103,14 @@ void EditPermission::checkMarks(const Story& story, CharacterPosition start, Cha
     checkDocument(story, start);
     if (!story.hasContentControls()) return;
     checkInside(story, elementAt(story, start));
-    if (start < end) checkInside(story, elementBehind(story, end));
+    if (start < end) checkInside(story, elementAfter(story, end));
 }
 
 void EditPermission::checkDocument(const Story& story, CharacterPosition position) {
     if (protection() == opc::DocumentProtection::None) return;
     const bool isForm = protection() == opc::DocumentProtection::Forms;
     const Item* item = isForm ? story.items().itemAt(position) : nullptr;
-    if (item && isOpenSection(story.names(), sectionOf(story, item->node))) return;
+    if (item && isOpenSection(story.names(), sectionPropertiesOf(story, item))) return;
     opc::refuseProtected(package_.fileName(), protection());
 }
 

@@ -8,15 +8,15 @@
 
 namespace mergeloom::embedded {
 
-/// What a document forbids to edit: as a whole, by its protection, and in content controls, by their locks.
-/// These raise kNotAvailable with a sentence before anything has changed.
+/// Checks edits against the document's protection and the locks of content controls. A check raises
+/// kNotAvailable with a sentence for the user.
 class EditPermission {
   public:
     explicit EditPermission(opc::Package& package) : package_(package) {}
 
-    /// For text that replaces a stretch, or comes in where it is empty.
+    /// Checks a replacement of the text between two positions.
     void checkText(const Story& story, CharacterPosition start, CharacterPosition end);
-    /// For marks at both ends of a stretch, whose text stays.
+    /// Checks an insertion of marks at two positions.
     void checkMarks(const Story& story, CharacterPosition start, CharacterPosition end);
 
   private:
@@ -24,7 +24,7 @@ class EditPermission {
     opc::DocumentProtection protection();
 
     opc::Package& package_;
-    std::optional<opc::DocumentProtection> protection_;  // read when the first edit asks
+    std::optional<opc::DocumentProtection> protection_;  ///< once it was read
 };
 
 }  // namespace mergeloom::embedded

@@ -5,7 +5,8 @@
 
 namespace mergeloom::embedded {
 
-/// Starts the engine of our own in Word's part. The file store has to outlive it and its documents.
+/// Returns the engine in the role of Word: documents are Office Open XML packages that it reads, edits and
+/// writes itself. The file store must outlive it and its documents.
 word::ApplicationPtr makeWordApplication(FileStore& files);
 
 }  // namespace mergeloom::embedded

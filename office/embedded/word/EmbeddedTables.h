@@ -1,33 +1,17 @@
 #pragma once
 
-#include "office/embedded/word/EmbeddedTable.h"
+#include "office/embedded/word/WordContent.h"
 #include "office/model/word/Table.h"
 
 #include <memory>
-#include <optional>
-#include <utility>
-#include <vector>
 
 namespace mergeloom::embedded {
 
-/// The tables of a stretch of a story, as they are when they are first asked for: whoever only adds one does
-/// not have the whole story searched.
-class EmbeddedTables final : public word::Tables {
-  public:
-    EmbeddedTables(StoryPlace place, CharacterPosition start, CharacterPosition end)
-        : place_(std::move(place)), start_(start), end_(end) {}
+/// Returns the tables that a range touches; inside a table, that table. They are only searched for when they
+/// are needed, so that adding a table does not search the whole story.
+word::TablesPtr tablesIn(const std::shared_ptr<WordContent>& content, const TrackedRange& range);
 
-    int Count() override { return static_cast<int>(tables().size()); }
-    word::TablePtr Item(int number) override;
-    word::TablePtr Add(word::Range& range, int rows, int columns) override;
-
-  private:
-    const std::vector<std::shared_ptr<EmbeddedTable>>& tables();
-
-    StoryPlace place_;
-    CharacterPosition start_;
-    CharacterPosition end_;
-    std::optional<std::vector<std::shared_ptr<EmbeddedTable>>> tables_;
-};
+/// Returns the cells that a range in a table touches. Raises kMemberNotFound outside of tables.
+word::CellsPtr cellsIn(const std::shared_ptr<WordContent>& content, const TrackedRange& range);
 
 }  // namespace mergeloom::embedded

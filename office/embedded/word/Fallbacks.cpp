@@ -9,24 +9,13 @@ namespace {
 
 using Nodes = std::vector<pugi::xml_node>;
 
-/// The text boxes below a node, without those inside of them.
-void collectTextBoxes(const opc::WordNames& names, pugi::xml_node node, Nodes& found) {
-    for (const pugi::xml_node child : node.children()) {
-        if (names.tagOf(child) == opc::WordTag::TextBoxContent) {
-            found.push_back(child);
-        } else {
-            collectTextBoxes(names, child, found);
-        }
-    }
-}
-
 Nodes textBoxesOf(const opc::WordNames& names, pugi::xml_node branch) {
     Nodes found;
     collectTextBoxes(names, branch, found);
     return found;
 }
 
-/// The branches beside one of them.
+/// Returns the other branches beside a branch.
 Nodes branchesBeside(pugi::xml_node branch) {
     Nodes found;
     for (const pugi::xml_node sibling : branch.parent().children()) {
@@ -48,21 +37,16 @@ void removeBookmarks(const opc::WordNames& names, pugi::xml_node node) {
     }
 }
 
-/// What an edit may still know of goes to the attic instead of being destroyed.
-void discard(const opc::XmlPart& part, pugi::xml_node node) {
-    moveNode(node, part.attic(), part.attic().last_child());
-}
-
-void repeatContent(const opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node from,
-                   pugi::xml_node to) {
+void replaceContent(const opc::XmlPart& part, const opc::WordNames& names, pugi::xml_node from,
+                    pugi::xml_node to) {
     while (const pugi::xml_node old = to.first_child())
-        discard(part, old);
+        part.detach(old);
     for (const pugi::xml_node child : from.children())
         to.append_copy(child);
     removeBookmarks(names, to);
 }
 
-void renewBeside(const Story& story, pugi::xml_node textBox) {
+void updateBeside(const Story& story, pugi::xml_node textBox) {
     const opc::WordNames& names = story.names();
     const pugi::xml_node choice = names.ancestor(textBox, opc::WordTag::Choice);
     if (!choice) return;
@@ -73,9 +57,9 @@ void renewBeside(const Story& story, pugi::xml_node textBox) {
     for (const pugi::xml_node branch : branchesBeside(choice)) {
         const Nodes copies = textBoxesOf(names, branch);
         if (copies.size() == boxes.size()) {
-            repeatContent(story.part(), names, textBox, copies[number]);
+            replaceContent(story.part(), names, textBox, copies[number]);
         } else if (!copies.empty()) {
-            discard(story.part(), branch);  // it shows something else; nobody knows where the text belongs
+            story.part().detach(branch);  // its text boxes are others
         }
     }
 }
@@ -94,13 +78,13 @@ void Fallbacks::noteEdit(Story& story, CharacterPosition place) {
     }
 }
 
-void Fallbacks::renew(const opc::XmlPart& part) {
+void Fallbacks::update(const opc::XmlPart& part) {
     for (const Story* story : editedTextBoxes_) {
         if (&story->part() != &part) continue;
         // A text box around this one is repeated with all that is in it.
         for (pugi::xml_node textBox = story->root(); textBox;
              textBox = story->names().ancestor(textBox, opc::WordTag::TextBoxContent)) {
-            renewBeside(*story, textBox);
+            updateBeside(*story, textBox);
         }
     }
 }

@@ -7,17 +7,17 @@
 
 namespace mergeloom::embedded {
 
-/// Keeps the branches true that stand beside edited text for programs that cannot show it (ECMA-376 Part 3,
-/// 10.2). The engine reads and edits the first choice; what the others repeat of it would be out of date.
+/// Updates the alternative branches beside edited text, for programs that cannot show the first one (ECMA-376
+/// Part 3, 10.2). The engine reads and edits only the first one.
 class Fallbacks {
   public:
     explicit Fallbacks(EditJournal& journal) : journal_(journal) {}
 
-    /// Says that the text at a place is about to be replaced. Other branches beside it go.
+    /// Notes that the text at a position is about to be replaced; removes the other branches beside it.
     void noteEdit(Story& story, CharacterPosition place);
-    /// Lets the other branches of text boxes whose text was replaced repeat it as it is now, without the
-    /// bookmarks, whose names and ids are taken. To be called before a part is written.
-    void renew(const opc::XmlPart& part);
+    /// Copies the text of edited text boxes to their other branches, without the bookmarks, whose names and
+    /// ids must be unique. Must be called before a part is written.
+    void update(const opc::XmlPart& part);
 
   private:
     EditJournal& journal_;

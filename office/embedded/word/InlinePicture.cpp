@@ -1,7 +1,7 @@
 #include "office/embedded/word/InlinePicture.h"
 
 #include "office/embedded/parts/DrawingPicture.h"
-#include "office/opc/PackageXml.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
 #include <pugixml.hpp>

@@ -8,10 +8,10 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr std::int64_t kUsualWidth = 9026;       // twips: A4 between margins of 2.54 cm
-constexpr std::int64_t kUsualCellMargins = 216;  // twips: both sides of "Table Normal"
+constexpr std::int64_t kDefaultWidth = 9026;       // twips: A4 between margins of 2.54 cm
+constexpr std::int64_t kDefaultCellMargins = 216;  // twips: both sides of "Table Normal"
 
-/// A measure in twips: a bare number, or one with its unit (ECMA-376 Part 1, 22.9.2.14).
+/// Returns a measure in twips: a number with or without a unit (ECMA-376 Part 1, 22.9.2.14).
 std::int64_t twipsOf(const char* measure) {
     char* unit = nullptr;
     const double number = std::strtod(measure, &unit);
@@ -23,17 +23,34 @@ std::int64_t twipsOf(const char* measure) {
     return static_cast<std::int64_t>(twips);
 }
 
-class SectionReader {
+/// Returns the properties at the end of the body. Only marks come after them (ECMA-376 Part 1, 17.2.2), so
+/// the body is not searched from its start.
+pugi::xml_node lastSectionOf(const Story& story) {
+    for (pugi::xml_node node = story.root().last_child(); node; node = node.previous_sibling()) {
+        switch (story.names().tagOf(node)) {
+            case opc::WordTag::SectionProperties:
+                return node;
+            case opc::WordTag::Paragraph:
+            case opc::WordTag::Table:
+                return {};
+            default:
+                break;
+        }
+    }
+    return {};
+}
+
+class TextWidth {
   public:
-    explicit SectionReader(const Story& story) : names_(story.names()), story_(story) {}
+    explicit TextWidth(const Story& story) : names_(story.names()), story_(story) {}
 
     [[nodiscard]] std::int64_t widthAt(const Item* item) const {
         if (const pugi::xml_node cell = story_.cellOf(item)) {
             const std::int64_t width = cellWidth(cell);
-            if (width > kUsualCellMargins) return width - kUsualCellMargins;
+            if (width > kDefaultCellMargins) return width - kDefaultCellMargins;
         }
-        const std::int64_t width = columnWidth(sectionOf(item));
-        return width > 0 ? width : kUsualWidth;
+        const std::int64_t width = columnWidth(sectionPropertiesOf(story_, item));
+        return width > 0 ? width : kDefaultWidth;
     }
 
   private:
@@ -47,36 +64,6 @@ class SectionReader {
     [[nodiscard]] std::int64_t cellWidth(pugi::xml_node cell) const {
         const pugi::xml_node width = named(named(cell, "tcPr"), "tcW");
         return std::string_view(names_.value(width, "type")) == "dxa" ? measure(width, "w") : 0;
-    }
-
-    /// The properties of the section that an item stands in: those in the next paragraph that has some, or
-    /// those that end the body.
-    [[nodiscard]] pugi::xml_node sectionOf(const Item* item) const {
-        for (; item; item = ItemTree::next(item)) {
-            if (item->kind != ItemKind::ParagraphMark) continue;
-            const pugi::xml_node properties = names_.child(item->node, opc::WordTag::ParagraphProperties);
-            if (const pugi::xml_node section = names_.child(properties, opc::WordTag::SectionProperties)) {
-                return section;
-            }
-        }
-        return lastSection();
-    }
-
-    /// The properties that end the body. They stand last in it (ECMA-376 Part 1, 17.2.2), with nothing but
-    /// marks behind them, so the body is not searched from its start.
-    [[nodiscard]] pugi::xml_node lastSection() const {
-        for (pugi::xml_node node = story_.root().last_child(); node; node = node.previous_sibling()) {
-            switch (names_.tagOf(node)) {
-                case opc::WordTag::SectionProperties:
-                    return node;
-                case opc::WordTag::Paragraph:
-                case opc::WordTag::Table:
-                    return {};
-                default:
-                    break;
-            }
-        }
-        return {};
     }
 
     [[nodiscard]] std::int64_t columnWidth(pugi::xml_node section) const {
@@ -95,8 +82,18 @@ class SectionReader {
 
 }  // namespace
 
+pugi::xml_node sectionPropertiesOf(const Story& story, const Item* item) {
+    for (; item; item = ItemTree::next(item)) {
+        if (item->kind != ItemKind::ParagraphMark) continue;
+        const pugi::xml_node properties = story.names().child(item->node, opc::WordTag::ParagraphProperties);
+        const pugi::xml_node section = story.names().child(properties, opc::WordTag::SectionProperties);
+        if (section) return section;
+    }
+    return lastSectionOf(story);
+}
+
 Emu textAreaWidth(const Story& story, CharacterPosition position) {
-    return {SectionReader(story).widthAt(story.items().itemAt(position)) * kEmuPerTwip};
+    return {TextWidth(story).widthAt(story.items().itemAt(position)) * kEmuPerTwip};
 }
 
 }  // namespace mergeloom::embedded

@@ -16,11 +16,11 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Ids are 32-bit numbers; some programs use random ones near the top, above which there is no room. New ids
-/// go on from the highest of the ordinary ones.
-constexpr std::int64_t kOrdinaryIds = 1'000'000'000;
+/// The limit below which ids count for the next free one: some programs use random ids near the top of 32
+/// bits, above which no room is left.
+constexpr std::int64_t kMaxOrdinaryId = 1'000'000'000;
 
-bool holdsStories(const std::string& kind) {
+bool containsStories(const std::string& kind) {
     return kind == "footnote" || kind == "endnote" || kind == "comment";
 }
 
@@ -41,10 +41,10 @@ void checkKind(opc::Package& package, const std::string& mainPart) {
 std::int64_t numberOf(const char* text) {
     char* end = nullptr;
     const std::int64_t number = std::strtoll(text, &end, 10);
-    return end != text && *end == '\0' && number < kOrdinaryIds ? number : -1;
+    return end != text && *end == '\0' && number < kMaxOrdinaryId ? number : -1;
 }
 
-/// The element after a node in document order, within the root.
+/// Returns the element after a node in document order, within the root.
 pugi::xml_node nextInOrder(pugi::xml_node node, pugi::xml_node root) {
     if (node.first_child()) return node.first_child();
     while (node != root && !node.next_sibling())
@@ -89,10 +89,8 @@ std::vector<Story*> WordContent::stories() {
 
 bool WordContent::hasStyle(const std::string& styleId) {
     if (!styles_) {
-        const opc::Relationships& relationships = package_.relationshipsOf(package_.mainPart());
-        const auto found = relationships.ofOfficeType("styles");
-        const std::string part = found.empty() ? "" : relationships.targetPart(*found.front());
-        styles_ = package_.hasPart(part) ? package_.readPart(part) : "";
+        const std::string part = package_.relatedPart(package_.mainPart(), "styles");
+        styles_ = part.empty() ? "" : package_.readPart(part);
     }
     return styles_->find("styleId=\"" + styleId + "\"") != std::string::npos;
 }
@@ -102,7 +100,7 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     story.check(start, end);
     const ReplacementContext replaced(story, start, end);
     if (!text.empty()) replaced.checkNotDeleted();
-    // What is refused must not count as an edit.
+    // A refused change must not count as an edit.
     editable(story).eraser().check(start, end);
     beginEdit(story, start, end);
     fallbacks_.noteEdit(story, start);
@@ -111,17 +109,17 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     if (!setting.formatting && runs == RunUse::Own) {
         setting.formatting = target.editor().formattingAtPlace(start);
     }
-    const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
+    const std::vector<BookmarkRecord*> following = startingAfter(target, start, end);
     target.eraser().erase(start, end);
     const CharacterCount inserted = target.editor().insertText(start, text, setting);
-    keepBehind(target, behind, start, inserted);
+    keepAfter(target, following, start, inserted);
     return inserted;
 }
 
 CharacterPosition WordContent::endOf(Story& story) {
     StoryEditor& editor = editable(story).editor();
     if (!editor.endsWithOwnParagraph()) {
-        // Nothing that is inside the last paragraph's control changes, so its lock does not count.
+        // The last paragraph's content control does not change, so its lock does not matter.
         const CharacterPosition end{story.length().value};
         beginEdit(story, end, end);
         editor.appendParagraph();
@@ -129,17 +127,17 @@ CharacterPosition WordContent::endOf(Story& story) {
     return CharacterPosition{story.length().value - 1};
 }
 
-std::vector<BookmarkRecord*> WordContent::startingBehind(EditableStory& target, CharacterPosition start,
-                                                         CharacterPosition end) {
+std::vector<BookmarkRecord*> WordContent::startingAfter(EditableStory& target, CharacterPosition start,
+                                                        CharacterPosition end) {
     target.story().check(start, end);
     if (start == end) return {};
-    std::vector<BookmarkRecord*> found = target.finder().in(end, end);
+    std::vector<BookmarkRecord*> found = target.bookmarks().in(end, end);
     std::erase_if(found, [&](const auto* record) { return startOf(*record) != end; });
     return found;
 }
 
-void WordContent::keepBehind(EditableStory& target, const std::vector<BookmarkRecord*>& records,
-                             CharacterPosition start, CharacterCount inserted) {
+void WordContent::keepAfter(EditableStory& target, const std::vector<BookmarkRecord*>& records,
+                            CharacterPosition start, CharacterCount inserted) {
     if (inserted.value == 0) return;
     for (BookmarkRecord* record : records) {
         const bool touches = startOf(*record) == start;
@@ -154,7 +152,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     EditableStory& target = editable(story);
     target.eraser().check(start, end);
     beginEdit(story, start, end);
-    const std::vector<BookmarkRecord*> behind = startingBehind(target, start, end);
+    const std::vector<BookmarkRecord*> following = startingAfter(target, start, end);
     target.eraser().erase(start, end);
 
     InlinePicture picture;
@@ -166,7 +164,7 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     fitInto(textAreaWidth(story, start), picture);
     const pugi::xml_node run = target.elementFactory().parse(pictureRunXml(picture, story.names()));
     target.editor().insertObject(start, run, run.last_child());
-    keepBehind(target, behind, start, {1});
+    keepAfter(target, following, start, {1});
     return {1};
 }
 
@@ -177,27 +175,6 @@ std::string WordContent::addPicturePart(const std::string& documentPart, std::st
     const bool isNew = package_.relationshipsOf(documentPart).all().size() > before;
     if (isNew) addedPictures_.push_back({documentPart, id});
     return id;
-}
-
-void WordContent::removeAddedPictures() {
-    for (const AddedPicture& added : addedPictures_) {
-        opc::Relationships& relationships = package_.relationshipsOf(added.documentPart);
-        const std::string part = relationships.targetPart(*relationships.find(added.relationshipId));
-        relationships.remove(added.relationshipId);
-        if (!isShown(part)) package_.removePart(part);
-    }
-    addedPictures_.clear();
-}
-
-bool WordContent::isShown(const std::string& picturePart) {
-    for (const EditablePart& editable : parts_) {
-        const opc::Relationships& relationships = package_.relationshipsOf(editable.part->partName());
-        for (const opc::Relationship& relationship : relationships.all()) {
-            const bool internal = relationship.mode == opc::TargetMode::Internal;
-            if (internal && relationships.targetPart(relationship) == picturePart) return true;
-        }
-    }
-    return false;
 }
 
 BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, CharacterPosition start,
@@ -233,11 +210,13 @@ bool WordContent::undo() {
     journal_.stop();
     if (journal_.isEmpty() || !recorded_) return false;
     journal_.undo();
-    removeAddedPictures();
+    for (const AddedPicture& added : addedPictures_)
+        static_cast<void>(pictures_.release(added.documentPart, added.relationshipId));
+    addedPictures_.clear();
     for (EditableStory& editable : stories_)
         editable.story().clampTrackedRanges();
     selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);
-    // The package has what was taken back from the parts that were stored meanwhile.
+    // The package contains the undone changes of parts that were stored meanwhile.
     for (opc::XmlPart* part : stored_)
         part->setDirty(true);
     saved_ = recorded_->saved && stored_.empty();
@@ -247,7 +226,7 @@ bool WordContent::undo() {
 void WordContent::storeParts() {
     for (EditablePart& editable : parts_) {
         if (!editable.part->isDirty()) continue;
-        fallbacks_.renew(*editable.part);
+        fallbacks_.update(*editable.part);
         package_.writePart(editable.part->partName(), editable.part->toXml());
         editable.part->setDirty(false);
         stored_.push_back(editable.part.get());
@@ -264,7 +243,7 @@ void WordContent::loadRelated(const std::string& mainPart, const std::string& ty
     }
     int number = 0;
     for (const std::string& partName : partNames) {
-        loadPart(partName, holdsStories(kind) ? kind : kind + " " + std::to_string(++number));
+        loadPart(partName, containsStories(kind) ? kind : kind + " " + std::to_string(++number));
     }
 }
 
@@ -281,11 +260,11 @@ void WordContent::loadStories(EditablePart& part, const std::string& kind) {
         if (!body) refuse(package_.fileName(), "is damaged: its main part has no body.");
         return addStory(part, body, kind);
     }
-    if (!holdsStories(kind)) return addStory(part, root, kind);
+    if (!containsStories(kind)) return addStory(part, root, kind);
     const std::string element = part.names.element(kind);
     int number = 0;
     for (const pugi::xml_node story : root.children(element.c_str())) {
-        // The separators between text and notes are kept as notes too; they hold no text of the user's.
+        // The separators between text and notes are notes, too, but contain no text of the user.
         const std::string_view type = part.names.value(story, "type");
         if (!type.empty() && type != "normal") continue;
         addStory(part, story, kind + " " + std::to_string(++number));
@@ -294,7 +273,7 @@ void WordContent::loadStories(EditablePart& part, const std::string& kind) {
 
 void WordContent::addStory(EditablePart& part, pugi::xml_node root, const std::string& name) {
     stories_.emplace_back(part, root, name, bookmarks_, journal_);
-    // By value: reading a text box's own story may find further ones.
+    // A copy: reading the story of a text box may add to the stories.
     const std::vector<pugi::xml_node> inside = stories_.back().story().textBoxes();
     for (const pugi::xml_node textBox : inside) {
         addStory(part, textBox, "text box " + std::to_string(++textBoxes_));

@@ -2,9 +2,14 @@
 
 #include "base/FileStore.h"
 #include "office/embedded/parts/PictureParts.h"
-#include "office/embedded/text/TrackedRange.h"
+#include "office/embedded/text/BookmarkEditor.h"
+#include "office/embedded/text/EditJournal.h"
+#include "office/embedded/text/FontEditor.h"
+#include "office/embedded/text/Story.h"
+#include "office/embedded/text/StoryEditor.h"
+#include "office/embedded/text/StoryEraser.h"
+#include "office/embedded/text/TableEditor.h"
 #include "office/embedded/word/EditPermission.h"
-#include "office/embedded/word/EditableStory.h"
 #include "office/embedded/word/Fallbacks.h"
 #include "office/opc/Package.h"
 
@@ -13,69 +18,110 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace mergeloom::embedded {
 
-/// Whether new text may join the run that it comes in behind. Typing does, lest each key made a run; what a
-/// range writes gets runs of its own, which a bookmark around it then need not split off.
+/// A part that contains stories, with what its edits need.
+struct EditablePart {
+    explicit EditablePart(std::unique_ptr<opc::XmlPart> xmlPart)
+        : part(std::move(xmlPart)), names(part->root()), elementFactory(*part, names) {}
+
+    std::unique_ptr<opc::XmlPart> part;
+    opc::WordNames names;
+    WordElementFactory elementFactory;
+};
+
+/// A story with the editors that change it.
+class EditableStory {
+  public:
+    EditableStory(EditablePart& part, pugi::xml_node root, const std::string& name, BookmarkTable& bookmarks,
+                  EditJournal& journal)
+        : story_(*part.part, part.names, root, name, bookmarks),
+          elementFactory_(part.elementFactory),
+          editor_(story_, part.elementFactory, journal),
+          bookmarks_(story_, editor_, part.elementFactory, journal, bookmarks),
+          eraser_(story_, bookmarks_, journal),
+          tables_(story_, editor_, part.elementFactory, journal),
+          fonts_(story_, editor_, part.elementFactory, journal) {}
+
+    Story& story() { return story_; }
+    WordElementFactory& elementFactory() { return elementFactory_; }
+    StoryEditor& editor() { return editor_; }
+    BookmarkEditor& bookmarks() { return bookmarks_; }
+    StoryEraser& eraser() { return eraser_; }
+    TableEditor& tables() { return tables_; }
+    FontEditor& fonts() { return fonts_; }
+
+  private:
+    Story story_;
+    WordElementFactory& elementFactory_;
+    StoryEditor editor_;
+    BookmarkEditor bookmarks_;
+    StoryEraser eraser_;
+    TableEditor tables_;
+    FontEditor fonts_;
+};
+
+/// The runs for new text. Typed text is appended to the run before it, so that not each key creates a run;
+/// text set through a range gets runs of its own, which a bookmark around the range need not split.
 enum class RunUse { Shared, Own };
 
-/// What is in a Word document while it is open: its package, the stories of its parts, the bookmarks over all
-/// of them and the selection. Ranges and bookmarks handed out share it, so it lives as long as any of them.
+/// The content of an open Word document: its package, the stories of its parts, all their bookmarks and the
+/// selection. The ranges and bookmarks of the object model share it.
 class WordContent {
   public:
     /// Reads the main part, headers, footers, notes and comments. Raises kFileCouldNotBeRead for a package
-    /// that is no Word document or that cannot be edited safely.
-    /// Pictures are read from the file store, which has to outlive the content.
+    /// that is no Word document or cannot be edited safely. Pictures are read from the file store, which must
+    /// outlive this object.
     WordContent(opc::Package package, FileStore& files);
     WordContent(const WordContent&) = delete;
     WordContent& operator=(const WordContent&) = delete;
 
     [[nodiscard]] opc::Package& package() { return package_; }
     [[nodiscard]] BookmarkTable& bookmarks() { return bookmarks_; }
-    [[nodiscard]] EditJournal& journal() { return journal_; }
     [[nodiscard]] TrackedRange& selection() { return *selection_; }
     [[nodiscard]] EditableStory& body() { return stories_.front(); }
     [[nodiscard]] EditableStory& editable(const Story& story);
-    /// Every story has a name of its own. Raises kMemberNotFound for a name that none has.
+    /// Returns the story with a name, which is unique. Raises kMemberNotFound if there is none.
     [[nodiscard]] Story& storyNamed(const std::string& name);
 
     [[nodiscard]] std::vector<Story*> stories();
-    /// Whether the document defines a style of that id.
+    /// Returns whether the document defines a style with that id.
     [[nodiscard]] bool hasStyle(const std::string& styleId);
 
-    /// Replaces the text of a stretch, in the formatting of its first text; answers how many characters came
-    /// in.
+    /// Replaces the text between two positions, with the formatting of the first of it. Returns how many
+    /// characters were inserted.
     CharacterCount replace(Story& story, CharacterPosition start, CharacterPosition end,
                            const std::string& text, RunUse runs = RunUse::Shared);
-    /// Returns the place before the last paragraph mark of a story. A story whose last paragraph is inside
-    /// something else gets another one for that; errors as for beginEdit.
+    /// Returns the position before the last paragraph mark of a story. Appends a paragraph if the last one is
+    /// inside a table or a content control. Raises the errors of beginEdit.
     CharacterPosition endOf(Story& story);
-    /// Replaces a stretch by a picture in the text, one character; answers that count. The formats and errors
-    /// are those of PictureFile.
+    /// Replaces the text between two positions by an inline picture, one character; returns that count. The
+    /// formats and errors are those of PictureFile.
     CharacterCount replaceByPicture(Story& story, CharacterPosition start, CharacterPosition end,
                                     const std::string& fileName);
-    /// Marks a stretch; a bookmark of that name anywhere in the document moves here.
+    /// Adds a bookmark, or moves the one with that name here.
     BookmarkRecord& addBookmark(const std::string& name, Story& story, CharacterPosition start,
                                 CharacterPosition end);
 
-    /// One recorded step at a time can be taken back, together with the selection.
+    /// Record a step, which undo() reverts together with the selection. Only the last step can be undone.
     void startRecord();
     void stopRecord() { journal_.stop(); }
     bool undo();
 
     [[nodiscard]] bool isSaved() const { return saved_; }
     void setSaved(bool saved) { saved_ = saved; }
-    /// Says that an edit begins which replaces the text of a stretch, or moves or adds marks at its ends.
-    /// Raises kNotAvailable where the document is protected against it.
+    /// Begin an edit that replaces the text between two positions, or that moves or adds marks there. Raise
+    /// kNotAvailable if the document is protected against it.
     void beginEdit(const Story& story, CharacterPosition start, CharacterPosition end);
     void beginMarking(const Story& story, CharacterPosition start, CharacterPosition end);
 
-    /// Hands the parts that were edited to the package, which can be written then.
+    /// Writes the parts that were edited to the package.
     void storeParts();
 
   private:
-    /// A relationship to a picture that came in while a step was recorded.
+    /// A relationship to a picture that was added while a step was recorded.
     struct AddedPicture {
         std::string documentPart;
         std::string relationshipId;
@@ -92,16 +138,14 @@ class WordContent {
     void loadStories(EditablePart& part, const std::string& kind);
     void addStory(EditablePart& part, pugi::xml_node root, const std::string& name);
     void readIds(const EditablePart& part);
-    /// The bookmarks that start right behind a stretch that is about to be replaced. What replaces it stands
-    /// where the stretch stood and does not fall into them.
-    static std::vector<BookmarkRecord*> startingBehind(EditableStory& target, CharacterPosition start,
-                                                       CharacterPosition end);
-    static void keepBehind(EditableStory& target, const std::vector<BookmarkRecord*>& records,
-                           CharacterPosition start, CharacterCount inserted);
+    /// Returns the bookmarks that start at the end of a range that is about to be replaced. They must not
+    /// include the text that replaces it.
+    static std::vector<BookmarkRecord*> startingAfter(EditableStory& target, CharacterPosition start,
+                                                      CharacterPosition end);
+    static void keepAfter(EditableStory& target, const std::vector<BookmarkRecord*>& records,
+                          CharacterPosition start, CharacterCount inserted);
     std::string addPicturePart(const std::string& documentPart, std::string bytes,
                                const opc::PictureFile& picture);
-    void removeAddedPictures();
-    [[nodiscard]] bool isShown(const std::string& picturePart);
 
     opc::Package package_;
     FileStore& files_;
@@ -115,12 +159,20 @@ class WordContent {
     std::optional<TrackedRange> selection_;
     std::optional<RecordedState> recorded_;
     std::vector<AddedPicture> addedPictures_;
-    std::vector<opc::XmlPart*> stored_;  // since a step was recorded
-    std::int64_t highestId_ = -1;        // of bookmarks, tracked changes and comments, which share their ids
+    std::vector<opc::XmlPart*> stored_;  ///< since the recorded step began
+    std::int64_t highestId_ = -1;  ///< of bookmarks, tracked changes and comments, which share their ids
     std::int64_t highestDrawingId_ = 0;
     int textBoxes_ = 0;
-    std::optional<std::string> styles_;  // the part's XML, read when it is asked for first
+    std::optional<std::string> styles_;  ///< the part's XML once it was read
     bool saved_ = true;
+};
+
+/// A story of an open document, to which most objects of the model belong.
+struct StoryPlace {
+    std::shared_ptr<WordContent> content;
+    Story* story;
+
+    [[nodiscard]] EditableStory& editable() const { return content->editable(*story); }
 };
 
 }  // namespace mergeloom::embedded

@@ -29,7 +29,7 @@ class WordElementFactory {
     pugi::xml_node parse(const std::string& xml);
     /// Creates an empty element with the name and the attributes of another.
     pugi::xml_node makeLike(pugi::xml_node node);
-    pugi::xml_node copy(pugi::xml_node node) { return part_.attic().append_copy(node); }
+    pugi::xml_node copy(pugi::xml_node node) { return part_.detachedNodes().append_copy(node); }
 
   private:
     opc::XmlPart& part_;

@@ -1,4 +1,4 @@
-#include "office/embedded/parts/WordElementFactory.h"
+#include "office/embedded/text/WordElementFactory.h"
 
 #include <string_view>
 
@@ -23,8 +23,9 @@ WordElementFactory::WordElementFactory(opc::XmlPart& part, const opc::WordNames&
                                element("bookmarkStart", id + name + ">") + element("bookmarkEnd", id + ">") +
                                "</prototypes>";
     // A new text is the value of its element, which saves a node for each.
-    part.attic().append_buffer(source.data(), source.size(), pugi::parse_default | pugi::parse_embed_pcdata);
-    paragraph_ = part.attic().last_child().first_child();
+    part.detachedNodes().append_buffer(source.data(), source.size(),
+                                       pugi::parse_default | pugi::parse_embed_pcdata);
+    paragraph_ = part.detachedNodes().last_child().first_child();
     run_ = paragraph_.next_sibling();
     text_ = run_.next_sibling();
     bookmarkStart_ = text_.next_sibling();
@@ -52,16 +53,16 @@ pugi::xml_node WordElementFactory::makeBookmarkEnd(const std::string& id) {
 }
 
 pugi::xml_node WordElementFactory::makeElement(std::string_view localName) {
-    return part_.attic().append_child(names_.element(localName).c_str());
+    return part_.detachedNodes().append_child(names_.element(localName).c_str());
 }
 
 pugi::xml_node WordElementFactory::parse(const std::string& xml) {
-    part_.attic().append_buffer(xml.data(), xml.size());
-    return part_.attic().last_child();
+    part_.detachedNodes().append_buffer(xml.data(), xml.size());
+    return part_.detachedNodes().last_child();
 }
 
 pugi::xml_node WordElementFactory::makeLike(pugi::xml_node node) {
-    pugi::xml_node element = part_.attic().append_child(node.name());
+    pugi::xml_node element = part_.detachedNodes().append_child(node.name());
     for (const pugi::xml_attribute attribute : node.attributes())
         element.append_copy(attribute);
     return element;
