@@ -1,4 +1,4 @@
-#include "office/libreoffice/session/EndsInCells.h"
+#include "office/libreoffice/session/MarkTags.h"
 
 #include <gtest/gtest.h>
 

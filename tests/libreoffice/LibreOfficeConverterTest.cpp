@@ -7,7 +7,6 @@
 #include "libreoffice/OfficeProcesses.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
-#include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/LibreOfficeConverter.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/UnoText.h"

@@ -2,10 +2,10 @@
 #include "base/Paths.h"
 #include "doubles/MemoryFileStore.h"
 #include "libreoffice/OfficeProcesses.h"
-#include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/LibreOfficeProcess.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
-#include "office/libreoffice/session/PartialFileCleanup.h"
-#include "office/libreoffice/session/SocketFiles.h"
+#include "office/libreoffice/session/ScratchPaths.h"
+#include "office/libreoffice/session/UnoText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

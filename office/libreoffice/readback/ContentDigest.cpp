@@ -7,7 +7,7 @@ namespace mergeloom::libreoffice {
 namespace {
 
 constexpr std::size_t kShownLength = 40;
-constexpr std::size_t kLongestName = 40;
+constexpr std::size_t kMaxNameLength = 40;
 
 bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -20,9 +20,9 @@ std::size_t lengthOfCharacter(std::string_view text) {
     return length;
 }
 
-/// White space, hyphens that are elements in some formats, characters without a width, and those of symbols'
-/// fonts, which Word writes as elements.
-bool isLeftOut(std::string_view character) {
+/// Returns whether a character is ignored: white space, hyphens that are elements in some formats, characters
+/// without a width, and those of symbol fonts, which Word writes as elements.
+bool isIgnored(std::string_view character) {
     if (character.size() == 1) return static_cast<unsigned char>(character[0]) <= ' ';
     if (character.size() == 2) return character == "\u00A0" || character == "\u00AD";
     if (character.size() != 3) return false;
@@ -32,13 +32,13 @@ bool isLeftOut(std::string_view character) {
            character == "\u202F" || character == "\uFEFF";
 }
 
-/// Names of other kinds are written in other ways, or are the office's own.
+/// Returns whether a format keeps the name of a bookmark; others are changed, or are the office's own.
 bool isKeptName(std::string_view name) {
     const auto isPlain = [](char byte) {
         return byte == '_' || static_cast<unsigned char>(byte) >= 0x80 || (byte >= '0' && byte <= '9') ||
                (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
     };
-    return !name.empty() && name.size() <= kLongestName && name[0] != '_' &&
+    return !name.empty() && name.size() <= kMaxNameLength && name[0] != '_' &&
            std::ranges::all_of(name, isPlain);
 }
 
@@ -62,7 +62,7 @@ std::string differenceOfTexts(std::string_view expected, std::string_view writte
 void DigestedStory::add(std::string_view text) {
     while (!text.empty()) {
         const std::size_t length = lengthOfCharacter(text);
-        if (!isLeftOut(text.substr(0, length))) text_ += text.substr(0, length);
+        if (!isIgnored(text.substr(0, length))) text_ += text.substr(0, length);
         text.remove_prefix(length);
     }
 }

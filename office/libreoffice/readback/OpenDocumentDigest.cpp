@@ -1,4 +1,5 @@
-#include "office/libreoffice/readback/OpenDocumentDigest.h"
+#include "office/libreoffice/readback/ContentDigest.h"
+#include "office/libreoffice/readback/StoredContent.h"
 
 #include <algorithm>
 #include <iterator>
@@ -10,8 +11,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Of the elements of text those whose texts are the document's own; the others are fields and indexes, whose
-/// texts each office makes anew.
+/// The elements of text whose content belongs to the document; the others are fields and indexes, whose text
+/// each office generates again.
 constexpr std::string_view kPlain[] = {
     "text:p",
     "text:h",
@@ -24,7 +25,7 @@ constexpr std::string_view kPlain[] = {
     "text:meta",
     "text:ruby",
     "text:ruby-base",
-    // A content control of plain text, too.
+    // Also a content control of plain text.
     "text:text-input",
 };
 
@@ -75,11 +76,11 @@ class OpenDocumentReader {
 
     DigestedStory story_;
     int fields_ = 0;
-    int hidden_ = 0;  ///< of the open fields, from the first one whose text does not count
+    int hidden_ = 0;  ///< open fields from the first one whose text is ignored
 };
 
-/// Puts equal texts that follow one another together. LibreOffice does so itself, though not in all cases
-/// where it could, so the same sheet may be stored in several ways.
+/// Joins equal texts that follow one another. LibreOffice does so only in part, so that the same sheet may be
+/// stored in several ways.
 class Runs {
   public:
     void add(int at, int count, const std::string& text) {
@@ -91,7 +92,7 @@ class Runs {
         }
         end_ = at + count;
     }
-    /// Returns the runs so far, each with its place and length.
+    /// Returns the runs so far, each with its position and length.
     std::string take() {
         flush();
         return std::exchange(runs_, {});
@@ -166,7 +167,7 @@ class CellReader {
         }
         return cells.take();
     }
-    /// Empty where the cell holds no text of its own.
+    /// Returns an empty text for a cell without a text of its own.
     static std::string textOf(const pugi::xml_node& cell) {
         const bool isText = std::string_view(cell.attribute("office:value-type").value()) == "string";
         const bool counts =

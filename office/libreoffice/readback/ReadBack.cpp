@@ -1,8 +1,8 @@
 #include "office/libreoffice/readback/ReadBack.h"
 
 #include "office/formats/FormatTable.h"
-#include "office/libreoffice/readback/OpenDocumentDigest.h"
-#include "office/libreoffice/readback/WordPackageDigest.h"
+#include "office/libreoffice/readback/ContentDigest.h"
+#include "office/libreoffice/readback/StoredContent.h"
 #include "office/model/OfficeDocument.h"
 
 namespace mergeloom::libreoffice {
@@ -21,17 +21,17 @@ bool isOpenPackaging(word::WdSaveFormat format) {
 }
 
 ContentDigest digestOfDocument(LibreOfficeSession& session, const DocumentReference& document,
-                               DocumentKind part) {
+                               DocumentKind kind) {
     return session.connection().call([&] {
-        const StoredContent stored = storedContentOf(session, document, part);
-        return part == DocumentKind::Word ? digestOfText(stored) : digestOfCells(stored);
+        const StoredContent stored = storedContentOf(session, document, kind);
+        return kind == DocumentKind::Word ? digestOfText(stored) : digestOfCells(stored);
     });
 }
 
 ContentDigest digestOfBytes(LibreOfficeSession& session, const std::string& path, const std::string& bytes,
-                            DocumentKind part) {
-    const OpenDocument copy(session.files(), session.files().openCopy(path, bytes, part));
-    return digestOfDocument(session, copy.get(), part);
+                            DocumentKind kind) {
+    const OpenDocument copy(session.files(), session.files().openCopy(path, bytes, kind));
+    return digestOfDocument(session, copy.get(), kind);
 }
 
 void refuseDifference(const ContentDigest& expected, const ContentDigest& written, const std::string& path,
@@ -49,12 +49,12 @@ void refuseDifference(const ContentDigest& expected, const ContentDigest& writte
 
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   word::WdSaveFormat format, const std::string& bytes) {
-    const DocumentKind part = DocumentKind::Word;
+    const DocumentKind kind = DocumentKind::Word;
     if (isOpenPackaging(format)) {
-        refuseDifference(digestOfDocument(session, document, part), digestOfWordPackage(bytes, path), path,
+        refuseDifference(digestOfDocument(session, document, kind), digestOfWordPackage(bytes, path), path,
                          bytes);
     } else if (isCompared(DocumentFamily::Word, static_cast<int>(format))) {
-        refuseDifference(digestOfDocument(session, document, part), digestOfBytes(session, path, bytes, part),
+        refuseDifference(digestOfDocument(session, document, kind), digestOfBytes(session, path, bytes, kind),
                          path, bytes);
     }
 }
@@ -62,8 +62,8 @@ void checkWritten(LibreOfficeSession& session, const DocumentReference& document
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   excel::XlFileFormat format, const std::string& bytes) {
     if (!isCompared(DocumentFamily::Excel, static_cast<int>(format))) return;
-    const DocumentKind part = DocumentKind::Excel;
-    refuseDifference(digestOfDocument(session, document, part), digestOfBytes(session, path, bytes, part),
+    const DocumentKind kind = DocumentKind::Excel;
+    refuseDifference(digestOfDocument(session, document, kind), digestOfBytes(session, path, bytes, kind),
                      path, bytes);
 }
 

@@ -8,12 +8,11 @@
 
 namespace mergeloom::libreoffice {
 
-/// Compares what was written of a document, given as bytes for the path, with the document as it stands, and
-/// raises DifferingCopy where texts or places differ. Formats that hold no places (texts, web pages, PDF) are
-/// not compared.
+/// Compares the written bytes of a document with the open document. Raises DifferingCopy if texts or
+/// bookmarks differ. Formats without bookmarks (texts, web pages, PDF) are not compared.
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   word::WdSaveFormat format, const std::string& bytes);
-/// The same for workbooks: the texts of cells that are no formulas, and names.
+/// Does the same for a workbook: compares the texts of cells without formulas, and names.
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
                   excel::XlFileFormat format, const std::string& bytes);
 

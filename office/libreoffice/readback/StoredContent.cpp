@@ -15,7 +15,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// A file that is gone with this object.
+/// Removes a file at the end of its life.
 class ScopedTempFile {
   public:
     explicit ScopedTempFile(std::string path) : path_(std::move(path)) {}

@@ -8,14 +8,14 @@
 
 namespace mergeloom::libreoffice {
 
-/// A document as LibreOffice stores it (OpenDocument 1.3, part 3), for finding out what it holds: to ask
-/// it for each paragraph, table and bookmark would take a dozen calls each.
+/// A document as LibreOffice stores it (OpenDocument 1.3, part 3). Reading it is cheaper than asking the
+/// office for each paragraph, table and bookmark, which takes a dozen calls each.
 struct StoredContent {
     std::unique_ptr<opc::XmlPart> content;
-    std::unique_ptr<opc::XmlPart> styles;  ///< where headers and footers stand
+    std::unique_ptr<opc::XmlPart> styles;  ///< with headers and footers
 };
 
-/// Does not change the document or its mark of changes.
+/// Returns the content of an open document; does not change the document or its mark of changes.
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
                               DocumentKind part = DocumentKind::Word);
 

@@ -1,5 +1,4 @@
-#include "office/libreoffice/readback/WordPackageDigest.h"
-
+#include "office/libreoffice/readback/ContentDigest.h"
 #include "office/opc/Package.h"
 #include "office/opc/XmlPart.h"
 
@@ -12,11 +11,11 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Deleted text, what stands for the same once more, and what an office makes anew.
+/// Elements without text of their own: deleted text, repeated text and text that an office generates again.
 constexpr std::string_view kSkipped[] = {"w:del", "w:moveFrom", "mc:Fallback", "w:rt"};
 constexpr std::string_view kDocument = "/word/document.xml";
 
-/// The results of these fields are text of the document's own.
+/// Returns whether the result of a field is text of the document.
 bool hasOwnText(std::string_view code) {
     const std::size_t from = code.find_first_not_of(' ');
     if (from == std::string_view::npos) return false;
@@ -51,7 +50,7 @@ class WordReader {
         if (name == "w:bookmarkEnd") return story_.endPlace(element.attribute("w:id").value());
         if (name == "w:fldSimple" && !hasOwnText(element.attribute("w:instr").value())) return;
         if (isIndex(element) || isCovered(element)) return;
-        if (standsApart(element)) return WordReader(story_.digest()).read(element);
+        if (isStoryOfItsOwn(element)) return WordReader(story_.digest()).read(element);
         read(element);
     }
     static bool isIndex(const pugi::xml_node& element) {
@@ -61,7 +60,7 @@ class WordReader {
         const pugi::xml_node merge = element.child("w:tcPr").child("w:vMerge");
         return merge && std::string_view(merge.attribute("w:val").value()) != "restart";
     }
-    static bool standsApart(const pugi::xml_node& element) {
+    static bool isStoryOfItsOwn(const pugi::xml_node& element) {
         return std::string_view(element.name()) == "w:txbxContent" ||
                element.child("w:pPr").child("w:framePr");
     }
@@ -80,7 +79,7 @@ class WordReader {
     }
 
     DigestedStory story_;
-    std::vector<Field> fields_;  ///< the open ones, from the outer to the inner
+    std::vector<Field> fields_;  ///< open ones, from the outermost to the innermost
 };
 
 }  // namespace

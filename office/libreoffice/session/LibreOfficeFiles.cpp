@@ -4,12 +4,10 @@
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
-#include "office/libreoffice/session/DocumentMacros.h"
-#include "office/libreoffice/session/EndsInCells.h"
-#include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/MarkTags.h"
 #include "office/libreoffice/session/OfficeFilters.h"
-#include "office/libreoffice/session/PartialFileCleanup.h"
-#include "office/libreoffice/session/RefusingInteractionHandler.h"
+#include "office/libreoffice/session/OfficePackage.h"
+#include "office/libreoffice/session/ScratchPaths.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/model/OfficeDocument.h"
@@ -17,6 +15,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
@@ -24,9 +23,13 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/task/PasswordRequest.hpp>
+#include <com/sun/star/task/XInteractionAbort.hpp>
+#include <com/sun/star/task/XInteractionHandler2.hpp>
 #include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable2.hpp>
+#include <cppuhelper/implbase1.hxx>
 #include <filesystem>
 #include <optional>
 #include <rtl/ref.hxx>
@@ -76,8 +79,8 @@ bool isOfKind(const DocumentReference& document, DocumentKind kind) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + path + "' could not be read: " + reason + ".");
 }
 
-/// Returns whether the disk has what the store has, in a file that an office may open for editing.
-bool liesOnDisk(const std::string& path, const std::string& bytes) try {
+/// Returns whether the file on the disk has these bytes and may be opened for editing.
+bool isOnDisk(const std::string& path, const std::string& bytes) try {
     return ::access(path.c_str(), W_OK) == 0 && DiskFileStore().read(path) == bytes;
 } catch (const AutomationError&) {
     return false;
@@ -90,6 +93,32 @@ void saveOnDisk(const std::string& path, const std::string& bytes) {
 std::string urlOf(const DocumentReference& document) {
     return fromUno(Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL());
 }
+
+/// Refuses every question of an office in place of a user.
+class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task::XInteractionHandler2> {
+  public:
+    /// Returns whether the office has asked for a password.
+    [[nodiscard]] bool wantsPassword() const { return wantsPassword_; }
+
+    void SAL_CALL handle(const Reference<css::task::XInteractionRequest>& request) override {
+        handleInteractionRequest(request);
+    }
+    sal_Bool SAL_CALL
+    handleInteractionRequest(const Reference<css::task::XInteractionRequest>& request) override {
+        const auto password = cppu::UnoType<css::task::PasswordRequest>::get();
+        if (request->getRequest().isExtractableTo(password)) wantsPassword_ = true;
+        for (const Reference<css::task::XInteractionContinuation>& answer : request->getContinuations()) {
+            const Reference<css::task::XInteractionAbort> abort(answer, UNO_QUERY);
+            if (!abort.is()) continue;
+            abort->select();
+            break;
+        }
+        return true;
+    }
+
+  private:
+    std::atomic<bool> wantsPassword_ = false;  ///< set by a thread of UNO
+};
 
 /// Removes a file at the end of its life.
 class ScopedTempFile {
@@ -211,7 +240,7 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
 DocumentReference LibreOfficeFiles::open(const std::string& path, DocumentKind kind) {
     const std::string bytes = files_.read(path);
     const std::string source = fullPath(path);
-    return load(path, liesOnDisk(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_);
+    return load(path, isOnDisk(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_);
 }
 
 DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std::string& bytes,
@@ -257,7 +286,7 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
         if (error.number() == kNotAvailable) throw;
     }
     if (!document.is()) {
-        raiseNotReadable(path, handler->asked() == Question::Password
+        raiseNotReadable(path, handler->wantsPassword()
                                    ? "it is protected by a password"
                                    : "it is damaged, or of a format that LibreOffice does not know");
     }
@@ -293,14 +322,14 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
 }
 
 /// A document that was opened in its own folder has links relative to it.
-std::string LibreOfficeFiles::placeOfWriting(const DocumentReference& document, const std::string& path) {
+std::string LibreOfficeFiles::pathToWrite(const DocumentReference& document, const std::string& path) {
     const std::string url = connection_.call([&] { return urlOf(document); });
     return url.empty() || scratch_.holds(url) ? scratch_.forCopy(path) : scratch_.beside(path);
 }
 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
                              const OfficeFilter& filter, const Revision& revise) {
-    const std::string copy = placeOfWriting(document, path);
+    const std::string copy = pathToWrite(document, path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
     ChangeMark mark(connection_, document);

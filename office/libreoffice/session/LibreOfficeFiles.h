@@ -31,7 +31,7 @@ using FrameSource = std::function<Reference<css::frame::XFrame>()>;
 /// error that keeps the former file.
 using Revision = std::function<std::string(std::string bytes)>;
 
-/// Takes documents from a file store into an office and back.  The office works on copies in a folder that is
+/// Takes documents from a file store into an office and back. The office works on copies in a folder that is
 /// removed with its process: it locks nothing, changes only the files that it is given to write, and a file
 /// is replaced by its whole result or not at all. Documents are hidden unless frames are made for them,
 /// macros never run, links are not updated, and every question is refused.
@@ -78,7 +78,7 @@ class LibreOfficeFiles {
                                              const FrameSource& frames);
     [[nodiscard]] std::string copyOf(const std::string& path, const std::string& bytes);
     void check(const DocumentReference& document, const std::string& path, DocumentKind kind);
-    std::string placeOfWriting(const DocumentReference& document, const std::string& path);
+    std::string pathToWrite(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter,
                const Revision& revise);
     void store(const DocumentReference& document, const std::string& path, const std::string& copy,

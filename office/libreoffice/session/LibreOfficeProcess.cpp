@@ -2,24 +2,66 @@
 
 #include "base/AutomationError.h"
 #include "base/Paths.h"
-#include "office/libreoffice/session/FileUrl.h"
 #include "office/libreoffice/session/OfficeProfile.h"
-#include "office/libreoffice/session/SocketFiles.h"
+#include "office/libreoffice/session/UnoText.h"
 
+#include <rtl/digest.h>
 #include <signal.h>
 #include <unistd.h>
 
+#include <array>
+#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr std::chrono::seconds kBoundOfPoliteEnd{5};
-constexpr std::chrono::seconds kBoundOfTermination{3};
-constexpr std::chrono::seconds kBoundOfKill{5};
+/// Returns the name that the office gives the pipe: the digest of the URL in UTF-16, without the zero of each
+/// byte below 16. The URL is plain ASCII.
+std::string nameOfProfile(const std::string& url) {
+    std::string units;
+    for (const char unit : url)
+        units += {unit, '\0'};
+    std::array<sal_uInt8, RTL_DIGEST_LENGTH_MD5> digest{};
+    rtl_digest_MD5(units.data(), static_cast<sal_uInt32>(units.size()), digest.data(), digest.size());
+    std::string name = "SingleOfficeIPC_";
+    constexpr const char* digits = "0123456789abcdef";
+    for (const sal_uInt8 byte : digest) {
+        if (byte >= 16) name += digits[byte / 16];
+        name += digits[byte % 16];
+    }
+    return name;
+}
+
+constexpr const char* kVariable = "MERGELOOM_SOFFICE";
+constexpr std::array kUsualPlaces{"/usr/lib/libreoffice/program/soffice",
+                                  "/usr/lib64/libreoffice/program/soffice"};
+
+bool isProgram(const std::string& path) {
+    return fileExists(path) && ::access(path.c_str(), X_OK) == 0;
+}
+
+std::string variable(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string() : std::string(value);
+}
+
+std::string findInPath() {
+    std::istringstream folders(variable("PATH"));
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        std::string path = joinPath(folder, "soffice");
+        if (isProgram(path)) return path;
+    }
+    return {};
+}
+
+constexpr std::chrono::seconds kQuitTimeout{5};
+constexpr std::chrono::seconds kTerminateTimeout{3};
+constexpr std::chrono::seconds kKillTimeout{5};
 constexpr std::size_t kLastLines = 3;
 constexpr const char* kProfile = "profile";
 
@@ -36,6 +78,34 @@ std::vector<std::string> leftovers(const std::string& folder, const std::vector<
 }
 
 }  // namespace
+
+std::vector<std::string> socketFiles(const std::string& pipeName, const std::string& profileUrl) {
+    const std::string prefix = "/OSL_PIPE_" + std::to_string(::getuid()) + "_";
+    const std::string names[] = {prefix + pipeName, prefix + nameOfProfile(profileUrl)};
+    std::vector<std::string> files;
+    // The office uses the second folder only when the first cannot be written.
+    for (const std::string folder : {"/tmp", "/var/tmp"})
+        for (const std::string& name : names)
+            files.push_back(folder + name);
+    return files;
+}
+
+std::string findOfficeProgram() {
+    std::string chosen = variable(kVariable);
+    if (!chosen.empty()) {
+        if (isProgram(chosen)) return chosen;
+        throw AutomationError(kNotAvailable, std::string("The environment variable ") + kVariable +
+                                                 " names '" + chosen + "', which is no program.");
+    }
+    std::string found = findInPath();
+    if (!found.empty()) return found;
+    for (const char* const place : kUsualPlaces)
+        if (isProgram(place)) return place;
+    throw AutomationError(kNotAvailable,
+                          "LibreOffice was not found. Install it (on Debian: libreoffice-writer and "
+                          "libreoffice-calc), or let the environment variable MERGELOOM_SOFFICE name its "
+                          "program 'soffice'.");
+}
 
 LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mode)
     : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())),
@@ -88,14 +158,14 @@ void LibreOfficeProcess::kill() const {
 }
 
 void LibreOfficeProcess::end() const {
-    if (!process_->waitForEnd(kBoundOfPoliteEnd)) stop();
+    if (!process_->waitForEnd(kQuitTimeout)) stop();
 }
 
 void LibreOfficeProcess::stop() const {
     process_->signal(SIGTERM);
-    if (process_->waitForEnd(kBoundOfTermination)) return;
+    if (process_->waitForEnd(kTerminateTimeout)) return;
     process_->signal(SIGKILL);
-    [[maybe_unused]] const bool hasEnded = process_->waitForEnd(kBoundOfKill);
+    [[maybe_unused]] const bool hasEnded = process_->waitForEnd(kKillTimeout);
 }
 
 std::string LibreOfficeProcess::logTail() const {

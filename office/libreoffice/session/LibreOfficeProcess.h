@@ -1,9 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/session/CleanupProcess.h"
-#include "office/libreoffice/session/LifelinePipe.h"
-#include "office/libreoffice/session/OfficeMode.h"
-#include "office/libreoffice/session/PrivateFolder.h"
+#include "office/libreoffice/session/OfficeProfile.h"
 #include "office/libreoffice/session/ProcessGroup.h"
 
 #include <optional>
@@ -11,6 +9,15 @@
 #include <vector>
 
 namespace mergeloom::libreoffice {
+
+/// Returns the files that an office keeps in the folders for temporary files while it listens: one for the
+/// pipe's name and one for the URL of its profile. An office that is killed leaves them.
+std::vector<std::string> socketFiles(const std::string& pipeName, const std::string& profileUrl);
+
+/// Returns the path of LibreOffice's program: the value of the environment variable MERGELOOM_SOFFICE, else
+/// "soffice" in the folders of PATH, else the path at which distributions install it. Raises kNotAvailable
+/// with a sentence that says what to install or to correct.
+std::string findOfficeProgram();
 
 /// An installed LibreOffice in a process of its own: with a fresh profile that is removed with it, listening
 /// on a pipe of its own. Nothing of it remains, however this process ends.

@@ -3,7 +3,6 @@
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/LibreOfficeProcess.h"
 #include "office/libreoffice/session/OfficeConnection.h"
-#include "office/libreoffice/session/OfficeProgram.h"
 
 namespace mergeloom::libreoffice {
 

@@ -2,20 +2,45 @@
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/session/BlockedSignals.h"
-#include "office/libreoffice/session/UnoContext.h"
 #include "office/libreoffice/session/UnoText.h"
 
+#include <algorithm>
 #include <com/sun/star/bridge/UnoUrlResolver.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
+#include <com/sun/star/uno/Exception.hpp>
+#include <cppuhelper/bootstrap.hxx>
+#include <rtl/bootstrap.hxx>
 #include <thread>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPause{20};
-constexpr std::chrono::seconds kBoundOfFarewell{10};
+constexpr const char* kUnoFolder = MERGELOOM_UNO_FOLDER;
+
+Reference<css::uno::XComponentContext> makeContext() try {
+    const std::string folder = kUnoFolder;
+    rtl::Bootstrap::set("URE_BOOTSTRAP", toUno("vnd.sun.star.pathname:" + folder + "/fundamentalrc"));
+    return cppu::defaultBootstrap_InitialComponentContext(toUno(fileUrl(folder + "/unorc")));
+} catch (const css::uno::Exception& error) {
+    throw AutomationError(kNotAvailable, "The libraries of LibreOffice in '" + std::string(kUnoFolder) +
+                                             "' are not complete: " + fromUno(error.Message));
+}
+
+/// Returns this process's own context of UNO, which is created once and never destroyed. Raises kNotAvailable
+/// when the installed libraries are not complete.
+const Reference<css::uno::XComponentContext>& localContext() {
+    // UNO's own threads may still use it while the program ends.
+    static const auto* const context = new Reference<css::uno::XComponentContext>(makeContext());
+    return *context;
+}
+
+constexpr Watchdog::Milliseconds kMaxPause{1000};
+
+constexpr std::chrono::milliseconds kRetryPause{20};
+constexpr std::chrono::seconds kQuitCallTimeout{10};
 
 [[noreturn]] void raiseNotStarted(const LibreOfficeProcess& process, const std::string& reason) {
     const std::string words = process.logTail();
@@ -29,6 +54,35 @@ std::string inSeconds(std::chrono::milliseconds time) {
 }
 
 }  // namespace
+
+// Waking the thread at every call would cost each of them more than a check now and then.
+Watchdog::Watchdog(Milliseconds bound, std::function<void()> onTimeout)
+    : bound_(bound),
+      onTimeout_(std::move(onTimeout)),
+      thread_(std::clamp(bound / 8, Milliseconds(1), kMaxPause), [this] { return isInTime(); }) {}
+
+bool Watchdog::hasTimedOut() {
+    const std::lock_guard lock(mutex_);
+    return hasTimedOut_;
+}
+
+void Watchdog::begin() {
+    const std::lock_guard lock(mutex_);
+    if (depth_++ == 0) start_ = Clock::now();
+}
+
+void Watchdog::end() {
+    const std::lock_guard lock(mutex_);
+    --depth_;
+}
+
+bool Watchdog::isInTime() {
+    const std::lock_guard lock(mutex_);
+    if (depth_ == 0 || Clock::now() - start_ < bound_) return true;
+    hasTimedOut_ = true;
+    onTimeout_();
+    return false;
+}
 
 OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bounds)
     : process_(process), watchdog_(bounds.call, [&process] { process.kill(); }) {
@@ -46,7 +100,7 @@ OfficeConnection::~OfficeConnection() {
 
 void OfficeConnection::askToEnd() try {
     if (!process_.isRunning()) return;
-    Watchdog impatient(kBoundOfFarewell, [this] { process_.kill(); });
+    Watchdog impatient(kQuitCallTimeout, [this] { process_.kill(); });
     const Watchdog::Watch watch(impatient);
     desktop_->terminate();
 } catch (const css::uno::Exception&) {
@@ -59,7 +113,7 @@ void OfficeConnection::connect(std::chrono::milliseconds bound) {
     while (!tryToConnect()) {
         if (watchdog.hasTimedOut()) raiseNotStarted(process_, "it did not answer within " + inSeconds(bound));
         if (!process_.isRunning()) raiseNotStarted(process_, "it ended by itself");
-        std::this_thread::sleep_for(kPause);
+        std::this_thread::sleep_for(kRetryPause);
     }
 }
 

@@ -3,13 +3,26 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 
+#include <stdlib.h>
+
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <span>
+#include <system_error>
 
 namespace mergeloom::libreoffice {
 
 namespace {
+
+std::string temporaryRoot() {
+    std::string root = temporaryFolder();
+    if (!root.empty()) return root;
+    const char* const wanted = ::getenv("TMPDIR");
+    throw AutomationError(kNotAvailable,
+                          "LibreOffice could not be started: the folder for temporary files '" +
+                              std::string(wanted == nullptr ? "/tmp" : wanted) + "' does not exist.");
+}
 
 struct Setting {
     const char* group;  ///< after "/org.openoffice."
@@ -82,6 +95,22 @@ void writeSettings(std::ostream& file, OfficeMode mode) {
 }
 
 }  // namespace
+
+PrivateFolder::PrivateFolder() {
+    const std::string root = fullPath(temporaryRoot());
+    std::string name = joinPath(root, "mergeloom-office-XXXXXX");
+    if (::mkdtemp(name.data()) == nullptr) {
+        throw AutomationError(kNotAvailable,
+                              "LibreOffice could not be started: the folder for temporary files '" + root +
+                                  "' cannot be written (" + std::generic_category().message(errno) + ").");
+    }
+    path_ = name;
+}
+
+PrivateFolder::~PrivateFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+}
 
 void makeOfficeProfile(const std::string& folder, OfficeMode mode) {
     const std::string user = joinPath(folder, "user");

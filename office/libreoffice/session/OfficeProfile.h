@@ -1,14 +1,32 @@
 #pragma once
 
-#include "office/libreoffice/session/OfficeMode.h"
-
 #include <string>
 
 namespace mergeloom::libreoffice {
 
-/// Makes the profile of an office in a folder that does not exist yet. Its office leaves no marks beside the
-/// documents that it opens; a shown one greets nobody. Raises kNotAvailable when the folder cannot be
-/// written.
+/// The visibility of documents: hidden, or shown in windows on the X11 screen of the environment variable
+/// DISPLAY.
+enum class OfficeMode { Hidden, Shown };
+
+/// A new folder of this run's own in the system's folder for temporary files, which no other user can open.
+/// It is removed with all its files at the end of its life.
+class PrivateFolder {
+  public:
+    /// Makes the folder. Raises kNotAvailable with a sentence that names the folder which could not be
+    /// written.
+    PrivateFolder();
+    PrivateFolder(const PrivateFolder&) = delete;
+    PrivateFolder& operator=(const PrivateFolder&) = delete;
+    ~PrivateFolder();
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+/// Creates the profile of an office in a folder that does not exist yet. With it the office writes no lock
+/// files and shows no welcome dialogs. Raises kNotAvailable when the folder cannot be written.
 void makeOfficeProfile(const std::string& folder, OfficeMode mode);
 
 }  // namespace mergeloom::libreoffice

@@ -20,7 +20,7 @@ namespace mergeloom::libreoffice {
 namespace {
 
 constexpr std::chrono::milliseconds kPause{5};
-constexpr std::chrono::seconds kBoundOfKill{5};
+constexpr std::chrono::seconds kDestructionTimeout{5};
 constexpr mode_t kPrivateMode = 0600;
 
 /// The attributes with which the first process starts: in a session of its own, with the default handling of
@@ -101,7 +101,7 @@ ProcessGroup::ProcessGroup(const std::vector<std::string>& command, int input, c
 ProcessGroup::~ProcessGroup() {
     signal(SIGKILL);
     // Do not wait for a process that the system does not let end.
-    if (waitForEnd(kBoundOfKill)) ::waitpid(id_, nullptr, 0);
+    if (waitForEnd(kDestructionTimeout)) ::waitpid(id_, nullptr, 0);
 }
 
 bool ProcessGroup::isRunning() const {

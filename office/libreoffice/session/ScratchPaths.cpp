@@ -1,14 +1,16 @@
 #include "office/libreoffice/session/ScratchPaths.h"
 
 #include "base/Paths.h"
-#include "office/libreoffice/session/FileUrl.h"
+#include "office/libreoffice/session/UnoText.h"
 
 #include <stdlib.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
+#include <exception>
 #include <filesystem>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -19,6 +21,28 @@ std::string withExtensionOf(const std::string& path, const std::string& name) {
     const bool isPlain = std::ranges::all_of(
         suffix, [](char letter) { return std::isalnum(static_cast<unsigned char>(letter)) != 0; });
     return isPlain && !suffix.empty() ? name + "." + suffix : name;
+}
+
+/// Returns how the names of the office's own files begin: with the number of its process.
+std::vector<std::string> beginningsOfNames(const LibreOfficeProcess& process) {
+    std::vector<std::string> beginnings;
+    for (const pid_t member : process.members())
+        beginnings.push_back("lu" + std::to_string(member));
+    return beginnings;
+}
+
+Fragments fragmentsBeside(const std::string& path, const std::vector<std::string>& beginnings) {
+    Fragments fragments{.files = {path}, .beginnings = {}, .kept = {}};
+    const std::string folder = parentFolder(path);
+    for (const std::string& beginning : beginnings)
+        fragments.beginnings.push_back(joinPath(folder, beginning));
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename();
+        const auto begins = [&](const std::string& beginning) { return name.starts_with(beginning); };
+        if (std::ranges::any_of(beginnings, begins)) fragments.kept.push_back(joinPath(folder, name));
+    }
+    return fragments;
 }
 
 }  // namespace
@@ -55,6 +79,16 @@ void ScratchPaths::removeCopy(const std::string& url) const {
     if (!holds(url)) return;
     // After the folder, the URL is plain: a number and a name.
     remove(folder_ + url.substr(fileUrl(folder_).size()));
+}
+
+PartialFileCleanup::PartialFileCleanup(const LibreOfficeProcess& process, const std::string& path)
+    : process_(process), errors_(std::uncaught_exceptions()) {
+    process_.lookAfter(fragmentsBeside(path, beginningsOfNames(process)));
+}
+
+PartialFileCleanup::~PartialFileCleanup() {
+    if (std::uncaught_exceptions() > errors_) process_.sweep();
+    process_.lookAfter({});
 }
 
 }  // namespace mergeloom::libreoffice

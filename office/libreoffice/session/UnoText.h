@@ -13,4 +13,7 @@ OUString toUno(std::string_view text);
 /// Returns UTF-8 for UNO's text.
 std::string fromUno(const OUString& text);
 
+/// Returns the URL of an absolute path, byte for byte and independent of the locale.
+std::string fileUrl(const std::string& path);
+
 }  // namespace mergeloom::libreoffice

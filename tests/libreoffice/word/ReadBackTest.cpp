@@ -1,8 +1,8 @@
 #include "doubles/MemoryFileStore.h"
 #include "doubles/WordFiles.h"
 #include "libreoffice/word/SharedOffice.h"
+#include "office/libreoffice/readback/ContentDigest.h"
 #include "office/libreoffice/readback/ReadBack.h"
-#include "office/libreoffice/readback/WordPackageDigest.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/model/OfficeDocument.h"
 
