@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace mergeloom {
 
@@ -229,6 +230,26 @@ const FileFormat* findFormat(DocumentFamily family, int number) {
     const std::span<const FileFormat> formats = fileFormats(family);
     const auto found = std::ranges::find(formats, number, &FileFormat::number);
     return found == formats.end() ? nullptr : &*found;
+}
+
+std::string engineExtensions(DocumentFamily family, Macros macros) {
+    std::vector<std::string_view> extensions;
+    for (const FileFormat& format : fileFormats(family)) {
+        if (format.engine && (macros == Macros::Refused || format.engine->macros == Macros::Kept))
+            extensions.push_back(format.extension);
+    }
+    std::string text;
+    for (std::size_t index = 0; index < extensions.size(); ++index) {
+        if (index > 0) text += index + 1 == extensions.size() ? " or " : ", ";
+        text += extensions[index];
+    }
+    return text;
+}
+
+std::string macroRefusal(DocumentFamily family) {
+    const std::string document = family == DocumentFamily::Word ? "document" : "workbook";
+    return "the " + document + " holds macros, which its format cannot keep. Choose " +
+           engineExtensions(family, Macros::Kept) + ".";
 }
 
 const FileFormat* findFormatToOpen(DocumentFamily family, std::string_view extension) {

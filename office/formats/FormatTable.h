@@ -3,6 +3,7 @@
 #include <limits>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 /// The one table of file formats: a row for each format that Word or Excel has a number for, and for each
@@ -74,6 +75,13 @@ std::span<const FileFormat> excelFormats();
 
 /// Returns the format with the number, or null.
 const FileFormat* findFormat(DocumentFamily family, int number);
+
+/// Returns the extensions of the formats that the engine writes, such as "docx, docm or dotm"; with
+/// Macros::Kept only of those that keep macros.
+std::string engineExtensions(DocumentFamily family, Macros macros);
+
+/// Returns the clause of a message that refuses to save macros in a format that cannot keep them.
+std::string macroRefusal(DocumentFamily family);
 
 /// Returns the first format with the extension that can be opened, by the engine or by LibreOffice, or null.
 const FileFormat* findFormatToOpen(DocumentFamily family, std::string_view extension);

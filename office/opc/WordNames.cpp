@@ -145,7 +145,7 @@ WordNames::WordNames(pugi::xml_node root) {
 }
 
 WordTag WordNames::tagOf(pugi::xml_node node) const {
-    // Most elements are the part's own, whose local names hold no colon.
+    // Most elements have the part's own prefix, and their local names have no colon.
     const char* const name = afterPrefix(node.name(), elementPrefix_);
     if (!name) return foreignTag(node);
     const WordTag tag = lookUp(name);

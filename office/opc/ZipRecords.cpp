@@ -38,7 +38,7 @@ std::optional<std::string_view> zip64Extra(std::string_view record) {
     return std::nullopt;
 }
 
-/// Replaces a value that 32 bits cannot hold by the next 8 bytes of the ZIP64 field.
+/// Replaces a value that does not fit into 32 bits by the next 8 bytes of the ZIP64 field.
 void widen(std::uint64_t& value, std::string_view& wide) {
     if (value != zip::kInZip64 || wide.size() < kWide) return;
     value = littleEndianAt<std::uint64_t>(wide, 0);

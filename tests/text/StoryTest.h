@@ -2,12 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
-#include "office/embedded/text/BookmarkEditor.h"
-#include "office/embedded/text/FontEditor.h"
-#include "office/embedded/text/Story.h"
-#include "office/embedded/text/StoryEditor.h"
-#include "office/embedded/text/StoryEraser.h"
-#include "office/embedded/text/TableEditor.h"
+#include "office/embedded/text/EditableStory.h"
 
 #include <deque>
 #include <memory>
@@ -24,39 +19,22 @@ inline std::string documentXml(const std::string& body) {
            "</w:body></w:document>";
 }
 
-/// A story with the routines that change it.
-struct OpenStory {
-    OpenStory(opc::XmlPart& part, const opc::WordNames& names, WordElementFactory& elementFactory,
-              pugi::xml_node root, BookmarkTable& table, EditJournal& journal)
-        : story(part, names, root, "story", table),
-          editor(story, elementFactory, journal),
-          bookmarks(story, editor, elementFactory, journal, table),
-          eraser(story, bookmarks, journal),
-          tables(story, editor, elementFactory, journal),
-          fonts(story, editor, elementFactory, journal) {}
+struct OpenStory : EditableStory {
+    using EditableStory::EditableStory;
 
     void erase(int start, int end) { eraser.erase({start}, {end}); }
     void insert(int position, const std::string& text) { editor.insertText({position}, text); }
-
-    Story story;
-    StoryEditor editor;
-    BookmarkEditor bookmarks;
-    StoryEraser eraser;
-    TableEditor tables;
-    FontEditor fonts;
 };
 
 /// The stories of one part, of which the first is the body.
-struct OpenPart {
+struct OpenPart : EditablePart {
     explicit OpenPart(const std::string& partXml)
-        : part(opc::XmlPart::parse(partXml, "/word/document.xml", "test.docx")),
-          names(part->root()),
-          elementFactory(*part, names) {
+        : EditablePart(opc::XmlPart::parse(partXml, "/word/document.xml", "test.docx")) {
         open(part->root().first_child());
     }
 
     void open(pugi::xml_node root) {
-        stories.emplace_back(*part, names, elementFactory, root, table, journal);
+        stories.emplace_back(*this, root, "story", table, journal);
         const std::vector<pugi::xml_node> inside = stories.back().story.textBoxes();
         for (const pugi::xml_node textBox : inside)
             open(textBox);
@@ -75,9 +53,6 @@ struct OpenPart {
         return xml.substr(start, end - start);
     }
 
-    std::unique_ptr<opc::XmlPart> part;
-    opc::WordNames names;
-    WordElementFactory elementFactory;
     BookmarkTable table;
     EditJournal journal;
     std::deque<OpenStory> stories;

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -22,30 +21,6 @@ constexpr std::array kMacroRelationships{
     throw AutomationError(kFileCouldNotBeSaved, "The file '" + fileName + "' cannot be saved: " + why);
 }
 
-/// Returns a list such as "docx, docm or dotm".
-std::string joined(const std::vector<std::string_view>& words) {
-    std::string text;
-    for (std::size_t index = 0; index < words.size(); ++index) {
-        if (index > 0) text += index + 1 == words.size() ? " or " : ", ";
-        text += words[index];
-    }
-    return text;
-}
-
-/// Returns the extensions of the formats that the engine writes, or only of those that keep macros.
-std::string extensions(DocumentFamily family, Macros least) {
-    std::vector<std::string_view> words;
-    for (const FileFormat& format : fileFormats(family)) {
-        if (format.engine && (least == Macros::Refused || format.engine->macros == Macros::Kept))
-            words.push_back(format.extension);
-    }
-    return joined(words);
-}
-
-const char* documentName(DocumentFamily family) {
-    return family == DocumentFamily::Word ? "document" : "workbook";
-}
-
 bool holdsMacros(opc::Package& package, const std::string& mainPart) {
     const opc::Relationships& relationships = package.relationshipsOf(mainPart);
     return std::ranges::any_of(kMacroRelationships,
@@ -56,15 +31,12 @@ bool holdsMacros(opc::Package& package, const std::string& mainPart) {
 void setSaveFormat(opc::Package& package, DocumentFamily family, int number, const std::string& fileName) {
     if (!canWrite(family, number)) {
         refuse(fileName, "its format can only be written by another office. Choose " +
-                             extensions(family, Macros::Refused) + ".");
+                             engineExtensions(family, Macros::Refused) + ".");
     }
     const OpenPackagingKind& target = *findFormat(family, number)->engine;
     const std::string mainPart = package.mainPart();
-    if (target.macros == Macros::Refused && holdsMacros(package, mainPart)) {
-        refuse(fileName, "the " + std::string(documentName(family)) +
-                             " holds macros, which its format cannot keep. Choose " +
-                             extensions(family, Macros::Kept) + ".");
-    }
+    if (target.macros == Macros::Refused && holdsMacros(package, mainPart))
+        refuse(fileName, macroRefusal(family));
     const std::string type(target.contentType);
     if (package.contentTypes().of(mainPart) != type) package.contentTypes().setOverride(mainPart, type);
 }

@@ -93,7 +93,7 @@ void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) 
     if (isEmpty) removeMark(record.end);
     insertStart(record.start, start);
     if (isEmpty) insertAfter(record.end, record.start);
-    renewColumns(record);
+    updateColumns(record);
 }
 
 void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
@@ -103,7 +103,7 @@ void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
     editor_.splitRun(end);
     removeMark(record.end);
     insertEnd(record.end, end, record.start);
-    renewColumns(record);
+    updateColumns(record);
 }
 
 void BookmarkEditor::insertStart(Item* mark, CharacterPosition start) {
@@ -131,7 +131,7 @@ void BookmarkEditor::removeMark(Item* item) {
     journal_.removeItem(story_.items(), item);
 }
 
-void BookmarkEditor::renewColumns(const BookmarkRecord& record) {
+void BookmarkEditor::updateColumns(const BookmarkRecord& record) {
     Item* start = record.start;
     const CharacterPosition from = story_.positionOf(start);
     const CharacterPosition to = endOf(record);

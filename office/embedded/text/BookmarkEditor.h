@@ -43,7 +43,7 @@ class BookmarkEditor {
     /// Returns whether a range covers several cells of a table but no whole row.
     [[nodiscard]] bool isRangeOfColumns(CharacterPosition start, CharacterPosition end) const;
     /// Updates the columns of a bookmark that was moved.
-    void renewColumns(const BookmarkRecord& record);
+    void updateColumns(const BookmarkRecord& record);
     void setColumns(pugi::xml_node mark, CharacterPosition start, CharacterPosition end) const;
     /// Adds the bookmarks, `count` of them, that start before an item and end after the position.
     void addEnclosing(Item* first, CharacterPosition end, int count,

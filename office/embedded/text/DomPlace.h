@@ -13,15 +13,15 @@ struct DomPlace {
 };
 
 /// Finds places for elements between two neighbouring items of a story. Between two characters there are
-/// often several places (inside a hyperlink or after it); the outermost one is taken, so that what is
-/// inserted at the start or the end of a container does not get into it.
+/// often several places (inside a hyperlink or after it); the outermost one is used, so that an element that
+/// is inserted at the start or the end of a container does not become part of it.
 class DomPlaces {
   public:
     explicit DomPlaces(const Story& story) : story_(story), names_(story.names()) {}
 
     /// Returns the place for a run or another element of the paragraph that the next item is in or ends. It
-    /// goes into the container, if there is one and it is between the two items or around one of them. Raises
-    /// an AutomationError where no text is possible: after the last cell of a row, in deleted text.
+    /// is in the container, if there is one and it is between the two items or around one of them. Raises an
+    /// AutomationError where no text is possible: after the last cell of a row, in deleted text.
     [[nodiscard]] DomPlace forRun(const Item* previous, const Item* next,
                                   pugi::xml_node container = {}) const;
     /// Returns the place for the start mark of a bookmark, which may be in deleted text, too.

@@ -34,7 +34,7 @@ void EditJournal::start() {
 void EditJournal::undo() {
     recording_ = false;
     for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry)
-        takeBack(*entry);
+        revert(*entry);
     clear();
 }
 
@@ -137,16 +137,16 @@ void EditJournal::touch(opc::XmlPart& part) {
     part.setDirty(true);
 }
 
-void EditJournal::takeBack(const Entry& entry) {
+void EditJournal::revert(const Entry& entry) {
     Item* item = static_cast<Item*>(entry.second);
     switch (entry.step) {
         case Step::PartTouched:
             static_cast<opc::XmlPart*>(entry.first)->setDirty(false);
             return;
         case Step::ElementInserted:
-            return takeBackInsertion(*static_cast<Story*>(entry.first), item->node, item);
+            return revertInsertion(*static_cast<Story*>(entry.first), item->node, item);
         case Step::ChildInserted:
-            return takeBackInsertion(*static_cast<Story*>(entry.first), item->node.parent(), item);
+            return revertInsertion(*static_cast<Story*>(entry.first), item->node.parent(), item);
         case Step::NodeAdded:
             return static_cast<opc::XmlPart*>(entry.second)->detach(nodeOf(entry.first));
         case Step::NodeMoved:
@@ -185,7 +185,7 @@ void EditJournal::takeBack(const Entry& entry) {
     }
 }
 
-void EditJournal::takeBackInsertion(Story& story, pugi::xml_node element, Item* item) {
+void EditJournal::revertInsertion(Story& story, pugi::xml_node element, Item* item) {
     story.part().detach(element);
     story.items().remove(item);
 }

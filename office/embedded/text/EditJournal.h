@@ -78,8 +78,8 @@ class EditJournal {
     std::uint32_t keep(std::deque<State>& states, State state);
     void touch(opc::XmlPart& part);
     void clear();
-    void takeBack(const Entry& entry);
-    static void takeBackInsertion(Story& story, pugi::xml_node element, Item* item);
+    void revert(const Entry& entry);
+    static void revertInsertion(Story& story, pugi::xml_node element, Item* item);
 
     // Queues, which grow without moving their elements: a large drop records much.
     std::deque<Entry> entries_;

@@ -39,11 +39,11 @@ void FontEditor::setSize(CharacterPosition start, CharacterPosition end, int hal
 }
 
 void FontEditor::setRunSize(pugi::xml_node run, int halfPoints) {
-    writeSize(renewProperties(run, opc::WordTag::RunProperties, "rPr"), halfPoints);
+    writeSize(replaceProperties(run, opc::WordTag::RunProperties, "rPr"), halfPoints);
 }
 
 void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
-    const pugi::xml_node properties = renewProperties(paragraph, opc::WordTag::ParagraphProperties, "pPr");
+    const pugi::xml_node properties = replaceProperties(paragraph, opc::WordTag::ParagraphProperties, "pPr");
     pugi::xml_node mark = story_.names().child(properties, opc::WordTag::RunProperties);
     if (!mark) {
         // Only the section and the record of a change come after the mark's formatting.
@@ -58,12 +58,13 @@ void FontEditor::setMarkSize(pugi::xml_node paragraph, int halfPoints) {
     writeSize(mark, halfPoints);
 }
 
-pugi::xml_node FontEditor::renewProperties(pugi::xml_node element, opc::WordTag tag, std::string_view name) {
+pugi::xml_node FontEditor::replaceProperties(pugi::xml_node element, opc::WordTag tag,
+                                             std::string_view name) {
     const pugi::xml_node former = story_.names().child(element, tag);
-    const pugi::xml_node renewed = former ? elementFactory_.copy(former) : elementFactory_.makeElement(name);
+    const pugi::xml_node replaced = former ? elementFactory_.copy(former) : elementFactory_.makeElement(name);
     if (former) journal_.remove(story_.part(), former);
-    journal_.move(story_.part(), renewed, element, {});
-    return renewed;
+    journal_.move(story_.part(), replaced, element, {});
+    return replaced;
 }
 
 void FontEditor::writeSize(pugi::xml_node runProperties, int halfPoints) {

@@ -19,7 +19,7 @@ class FontEditor {
     void setMarkSize(pugi::xml_node paragraph, int halfPoints);
     /// Replaces an element's properties of one tag by a copy that may be changed, an empty one when it has
     /// none, and returns the copy.
-    pugi::xml_node renewProperties(pugi::xml_node element, opc::WordTag tag, std::string_view name);
+    pugi::xml_node replaceProperties(pugi::xml_node element, opc::WordTag tag, std::string_view name);
     void writeSize(pugi::xml_node runProperties, int halfPoints);
 
     Story& story_;

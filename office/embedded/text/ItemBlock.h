@@ -14,7 +14,7 @@ struct ItemBlock;
 /// The kinds of items of a story. Nothing depends on the order of the groups, but the lengths differ.
 enum class ItemKind : std::uint8_t {
     Text,            ///< the text of w:t or w:delText, one unit per UTF-16 code unit
-    FieldCode,       ///< the text of w:instrText, not part of what a range reads as its text
+    FieldCode,       ///< the text of w:instrText, not part of a range's text
     Character,       ///< a tab, break, hyphen, symbol, note reference or another single character
     InlineObject,    ///< a picture or object in the text
     FieldBegin,      ///< w:fldChar begin; for w:fldSimple, the begin, the code and the separator together

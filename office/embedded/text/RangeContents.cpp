@@ -50,7 +50,7 @@ class FieldScan {
         fields_.push_back({item});
     }
 
-    /// Returns whether the code of the field still goes on; that of w:fldSimple is an attribute.
+    /// Returns whether the code of the field has not ended; that of w:fldSimple is an attribute.
     [[nodiscard]] bool codeRuns(const FieldItems& field) const {
         return !field.separator && names_.tagOf(field.begin->node) != opc::WordTag::SimpleField;
     }

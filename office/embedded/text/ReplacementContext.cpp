@@ -35,7 +35,7 @@ class CodeTracker {
 
   private:
     const opc::WordNames& names_;
-    std::vector<bool> inCode_;  // for each open field, whether its code goes on
+    std::vector<bool> inCode_;  ///< for each open field, whether its code has not ended
 };
 
 bool keepsText(opc::WordTag tag) {

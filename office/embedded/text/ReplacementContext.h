@@ -12,8 +12,8 @@ class ReplacementContext {
     /// The range must be in the story.
     ReplacementContext(const Story& story, CharacterPosition start, CharacterPosition end);
 
-    /// Returns what the new text takes over: the formatting of the first visible character, or, when there
-    /// are only fields without a result, that of the first code.
+    /// Returns the setting of the new text: the formatting of the first visible character or, if there are
+    /// only fields without a result, that of the first code.
     [[nodiscard]] TextSetting setting() const;
     /// Raises an AutomationError for a range of deleted text, which nothing can replace.
     void checkNotDeleted() const;

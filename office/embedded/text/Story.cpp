@@ -179,7 +179,7 @@ std::string Story::text(CharacterPosition start, CharacterPosition end) const {
 
 std::string Story::code(CharacterPosition start, CharacterPosition end) const {
     std::string result;
-    // For each open field that is nested in the code, whether its code goes on.
+    // For each open field that is nested in the code, whether its code has not ended.
     std::vector<bool> nestedInCode;
     for (const Item* item = items_.itemAt(start); item; item = ItemTree::next(item)) {
         if (item->takesPlace() && positionOf(item) >= end) break;

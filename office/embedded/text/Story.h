@@ -125,7 +125,7 @@ class Story {
     bool hasContentControls_ = false;
 };
 
-/// Returns the text that an item adds to what a range reads.
+/// Returns the text that an item contributes to a range's text.
 std::string textOf(const Story& story, const Item* item);
 
 /// The positions at which the items inside an element of the story begin and end.

@@ -17,13 +17,14 @@ using Formatting = std::optional<pugi::xml_node>;
 /// The setting that new text gets.
 struct TextSetting {
     Formatting formatting{};
-    /// An element of the paragraph, such as a hyperlink, that the text goes into if it is at the place; it
-    /// may be empty. None: the text goes outside of the elements that begin or end at the place.
+    /// An element of the paragraph, such as a hyperlink, into which the text is inserted if it is at the
+    /// place; it may be empty. None: the text is inserted outside of the elements that begin or end at the
+    /// place.
     pugi::xml_node container{};
 };
 
-/// Inserts text and elements into a story. What is inserted at a place comes after every mark there, so it
-/// gets into a bookmark that starts at the place and not into one that ends there.
+/// Inserts text and elements into a story. They are inserted after every mark at a place, so they become part
+/// of a bookmark that starts there and not of one that ends there.
 class StoryEditor {
   public:
     StoryEditor(Story& story, WordElementFactory& elementFactory, EditJournal& journal)

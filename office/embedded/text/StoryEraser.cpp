@@ -175,8 +175,8 @@ void StoryEraser::eraseParagraphMark(Item* mark) {
     const pugi::xml_node second = next ? story_.paragraphOf(next) : pugi::xml_node();
     if (!second || story_.cellOf(next) != story_.cellOf(mark)) {
         // A paragraph that is joined with the table after it has nothing but marks left.
-        rescueMarks(mark, first);
-        rescueOthers(first);
+        preserveMarks(mark, first);
+        preserveOthers(first);
     } else {
         moveContent(mark, next, second);
     }
@@ -195,7 +195,7 @@ void StoryEraser::moveContent(const Item* mark, const Item* next, pugi::xml_node
         if (story_.names().tagOf(child) != opc::WordTag::ParagraphProperties) take(child);
         child = following;
     }
-    // Marks between the paragraphs come after what was moved out of the first one.
+    // Marks between the paragraphs come after the content of the first one.
     for (const Item* between = ItemTree::next(mark); between != next; between = ItemTree::next(between)) {
         if (!isInside(between->node, second)) take(between->node);
     }
@@ -207,7 +207,7 @@ void StoryEraser::erasePartOfRun(Item* item) {
     const bool isSimpleField = names.tagOf(item->node) == opc::WordTag::SimpleField;
     // The element of a simple field is removed with its end.
     if (!isSimpleField || item->kind == ItemKind::FieldEnd) {
-        rescueMarks(item, item->node);
+        preserveMarks(item, item->node);
         removeElement(item->node);
     }
     journal_.removeItem(story_.items(), item);
@@ -218,7 +218,7 @@ void StoryEraser::erasePartOfRun(Item* item) {
     if (empty) journal_.remove(story_.part(), run);
 }
 
-void StoryEraser::rescueMarks(const Item* item, pugi::xml_node element) {
+void StoryEraser::preserveMarks(const Item* item, pugi::xml_node element) {
     const pugi::xml_node after = element.previous_sibling();
     for (item = ItemTree::previous(item); item && isInside(item->node, element);
          item = ItemTree::previous(item)) {
@@ -226,7 +226,7 @@ void StoryEraser::rescueMarks(const Item* item, pugi::xml_node element) {
     }
 }
 
-void StoryEraser::rescueOthers(pugi::xml_node paragraph) {
+void StoryEraser::preserveOthers(pugi::xml_node paragraph) {
     for (pugi::xml_node child = paragraph.first_child(); child;) {
         const pugi::xml_node following = child.next_sibling();
         const bool isOther = story_.names().tagOf(child) == opc::WordTag::Other;

@@ -36,9 +36,9 @@ class StoryEraser {
     void erasePartOfRun(Item* item);
     void moveContent(const Item* mark, const Item* next, pugi::xml_node second);
     /// Moves the marks of bookmarks before an item out of an element that is about to be removed.
-    void rescueMarks(const Item* item, pugi::xml_node element);
+    void preserveMarks(const Item* item, pugi::xml_node element);
     /// Does the same for ends of comments and of other ranges that may reach beyond a paragraph.
-    void rescueOthers(pugi::xml_node paragraph);
+    void preserveOthers(pugi::xml_node paragraph);
     /// Removes an element with the text boxes in it, and with a content control around blocks when it was the
     /// last one.
     void removeElement(pugi::xml_node element);

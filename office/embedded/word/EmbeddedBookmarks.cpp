@@ -38,7 +38,7 @@ class EmbeddedBookmark final : public word::Bookmark {
     /// Returns the editor of the bookmark's story, of which one end is about to be moved to the place.
     BookmarkEditor& editorFor(CharacterPosition place) {
         content_->beginMarking(*record().story, place, place);
-        return content_->editable(*record_->story).bookmarks();
+        return content_->editable(*record_->story).bookmarks;
     }
 
     std::shared_ptr<WordContent> content_;
@@ -93,7 +93,7 @@ class RangeBookmarks final : public EmbeddedBookmarks {
   public:
     RangeBookmarks(const std::shared_ptr<WordContent>& content, const TrackedRange& range)
         : EmbeddedBookmarks(content),
-          all_(content->editable(range.story()).bookmarks().in(range.start(), range.end())) {
+          all_(content->editable(range.story()).bookmarks.in(range.start(), range.end())) {
         const auto counts = [](const BookmarkRecord* record) { return !record->isHidden(); };
         std::copy_if(all_.begin(), all_.end(), std::back_inserter(listed_), counts);
     }

@@ -66,7 +66,7 @@ class EmbeddedDocument final : public word::Document {
     word::FieldsPtr Fields() override { return fieldsOf(content_); }
     word::MailMergePtr MailMerge() override { return std::make_shared<EmbeddedMailMerge>(content_); }
     word::TablesPtr Tables() override {
-        Story& body = content_->body().story();
+        Story& body = content_->body().story;
         return tablesIn(content_, TrackedRange(body, {0}, {body.length().value}));
     }
 

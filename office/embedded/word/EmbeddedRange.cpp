@@ -44,7 +44,7 @@ class EmbeddedFont final : public word::Font {
         const TrackedRange& range = content_->selection();
         content_->beginEdit(range.story(), range.start(), range.end());
         const auto halfPoints = static_cast<int>(std::lround(points * 2));
-        content_->editable(range.story()).fonts().setSize(range.start(), range.end(), halfPoints);
+        content_->editable(range.story()).fonts.setSize(range.start(), range.end(), halfPoints);
     }
 
   private:

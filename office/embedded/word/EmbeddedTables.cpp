@@ -48,7 +48,7 @@ class EmbeddedTable final : public word::Table, public std::enable_shared_from_t
     void appendRow() {
         const CharacterRange whole = charactersOf(element());
         place_.content->beginEdit(*place_.story, whole.end - CharacterCount{1}, whole.end);
-        place_.editable().tables().appendRow(table_, rowMark_);
+        place_.editable().tables.appendRow(table_, rowMark_);
     }
 
   private:
@@ -188,7 +188,7 @@ word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {
     const TableShape shape{rows, columns, textAreaWidth(story, range.Start()).value / kEmuPerTwip,
                            place_.content->hasStyle("TableGrid")};
     const StoryPlace place{place_.content, &story};
-    embedded::Item* rowMark = place.editable().tables().insertTable(range.Start(), shape);
+    embedded::Item* rowMark = place.editable().tables.insertTable(range.Start(), shape);
     return makeTable(place, story.tableOf(rowMark), rowMark);
 }
 

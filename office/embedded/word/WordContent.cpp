@@ -64,26 +64,26 @@ WordContent::WordContent(opc::Package package, FileStore& files)
     loadRelated(mainPart, "footnotes", "footnote");
     loadRelated(mainPart, "endnotes", "endnote");
     loadRelated(mainPart, "comments", "comment");
-    selection_.emplace(body().story(), CharacterPosition{0}, CharacterPosition{0});
+    selection_.emplace(body().story, CharacterPosition{0}, CharacterPosition{0});
 }
 
 EditableStory& WordContent::editable(const Story& story) {
-    const auto isIt = [&](EditableStory& candidate) { return &candidate.story() == &story; };
+    const auto isIt = [&](EditableStory& candidate) { return &candidate.story == &story; };
     return *std::find_if(stories_.begin(), stories_.end(), isIt);
 }
 
 Story& WordContent::storyNamed(const std::string& name) {
-    const auto isIt = [&](EditableStory& candidate) { return candidate.story().name() == name; };
+    const auto isIt = [&](EditableStory& candidate) { return candidate.story.name() == name; };
     const auto found = std::find_if(stories_.begin(), stories_.end(), isIt);
     if (found == stories_.end()) throw AutomationError(kMemberNotFound, "There is no story '" + name + "'.");
-    return found->story();
+    return found->story;
 }
 
 std::vector<Story*> WordContent::stories() {
     std::vector<Story*> all;
     all.reserve(stories_.size());
     for (EditableStory& editable : stories_)
-        all.push_back(&editable.story());
+        all.push_back(&editable.story);
     return all;
 }
 
@@ -101,23 +101,23 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     const ReplacementContext replaced(story, start, end);
     if (!text.empty()) replaced.checkNotDeleted();
     // A refused change must not count as an edit.
-    editable(story).eraser().check(start, end);
+    editable(story).eraser.check(start, end);
     beginEdit(story, start, end);
     fallbacks_.noteEdit(story, start);
     EditableStory& target = editable(story);
     TextSetting setting = replaced.setting();
     if (!setting.formatting && runs == RunUse::Own) {
-        setting.formatting = target.editor().formattingAtPlace(start);
+        setting.formatting = target.editor.formattingAtPlace(start);
     }
     const std::vector<BookmarkRecord*> following = startingAfter(target, start, end);
-    target.eraser().erase(start, end);
-    const CharacterCount inserted = target.editor().insertText(start, text, setting);
+    target.eraser.erase(start, end);
+    const CharacterCount inserted = target.editor.insertText(start, text, setting);
     keepAfter(target, following, start, inserted);
     return inserted;
 }
 
 CharacterPosition WordContent::endOf(Story& story) {
-    StoryEditor& editor = editable(story).editor();
+    StoryEditor& editor = editable(story).editor;
     if (!editor.endsWithOwnParagraph()) {
         // The last paragraph's content control does not change, so its lock does not matter.
         const CharacterPosition end{story.length().value};
@@ -129,9 +129,9 @@ CharacterPosition WordContent::endOf(Story& story) {
 
 std::vector<BookmarkRecord*> WordContent::startingAfter(EditableStory& target, CharacterPosition start,
                                                         CharacterPosition end) {
-    target.story().check(start, end);
+    target.story.check(start, end);
     if (start == end) return {};
-    std::vector<BookmarkRecord*> found = target.bookmarks().in(end, end);
+    std::vector<BookmarkRecord*> found = target.bookmarks.in(end, end);
     std::erase_if(found, [&](const auto* record) { return startOf(*record) != end; });
     return found;
 }
@@ -141,7 +141,7 @@ void WordContent::keepAfter(EditableStory& target, const std::vector<BookmarkRec
     if (inserted.value == 0) return;
     for (BookmarkRecord* record : records) {
         const bool touches = startOf(*record) == start;
-        if (touches) target.bookmarks().moveStart(*record, start + inserted);
+        if (touches) target.bookmarks.moveStart(*record, start + inserted);
     }
 }
 
@@ -150,10 +150,10 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     std::string bytes = files_.read(fileName);
     const opc::PictureFile file = opc::PictureFile::read(bytes, fileName);
     EditableStory& target = editable(story);
-    target.eraser().check(start, end);
+    target.eraser.check(start, end);
     beginEdit(story, start, end);
     const std::vector<BookmarkRecord*> following = startingAfter(target, start, end);
-    target.eraser().erase(start, end);
+    target.eraser.erase(start, end);
 
     InlinePicture picture;
     picture.name = fileNameOnly(fileName);
@@ -162,8 +162,8 @@ CharacterCount WordContent::replaceByPicture(Story& story, CharacterPosition sta
     picture.width = file.naturalWidth();
     picture.height = file.naturalHeight();
     fitInto(textAreaWidth(story, start), picture);
-    const pugi::xml_node run = target.elementFactory().parse(pictureRunXml(picture, story.names()));
-    target.editor().insertObject(start, run, run.last_child());
+    const pugi::xml_node run = target.elementFactory.parse(pictureRunXml(picture, story.names()));
+    target.editor.insertObject(start, run, run.last_child());
     keepAfter(target, following, start, {1});
     return {1};
 }
@@ -180,11 +180,11 @@ std::string WordContent::addPicturePart(const std::string& documentPart, std::st
 BookmarkRecord& WordContent::addBookmark(const std::string& name, Story& story, CharacterPosition start,
                                          CharacterPosition end) {
     word::checkBookmarkName(name);
-    BookmarkEditor& editor = editable(story).bookmarks();
+    BookmarkEditor& editor = editable(story).bookmarks;
     editor.check(start, end);
     beginMarking(story, start, end);
     if (BookmarkRecord* former = bookmarks_.find(name)) {
-        editable(*former->story).bookmarks().remove(*former);
+        editable(*former->story).bookmarks.remove(*former);
     }
     return editor.add(name, ++highestId_, start, end);
 }
@@ -214,7 +214,7 @@ bool WordContent::undo() {
         static_cast<void>(pictures_.release(added.documentPart, added.relationshipId));
     addedPictures_.clear();
     for (EditableStory& editable : stories_)
-        editable.story().clampTrackedRanges();
+        editable.story.clampTrackedRanges();
     selection_->moveTo(*recorded_->story, recorded_->start, recorded_->end);
     // The package contains the undone changes of parts that were stored meanwhile.
     for (opc::XmlPart* part : stored_)
@@ -274,7 +274,7 @@ void WordContent::loadStories(EditablePart& part, const std::string& kind) {
 void WordContent::addStory(EditablePart& part, pugi::xml_node root, const std::string& name) {
     stories_.emplace_back(part, root, name, bookmarks_, journal_);
     // A copy: reading the story of a text box may add to the stories.
-    const std::vector<pugi::xml_node> inside = stories_.back().story().textBoxes();
+    const std::vector<pugi::xml_node> inside = stories_.back().story.textBoxes();
     for (const pugi::xml_node textBox : inside) {
         addStory(part, textBox, "text box " + std::to_string(++textBoxes_));
     }

@@ -9,16 +9,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-using ReadBackWord = void (*)(LibreOfficeSession&, const DocumentReference&, const std::string&,
-                              word::WdSaveFormat, const std::string&);
-using ReadBackExcel = void (*)(LibreOfficeSession&, const DocumentReference&, const std::string&,
-                               excel::XlFileFormat, const std::string&);
-
-WrittenChecks checks() {
-    return {.word = static_cast<ReadBackWord>(checkWritten),
-            .excel = static_cast<ReadBackExcel>(checkWritten)};
-}
-
 class LibreOfficeModule final : public OfficeModule {
   public:
     word::ApplicationPtr makeWordApplication(FileStore& files) override {
@@ -28,7 +18,8 @@ class LibreOfficeModule final : public OfficeModule {
         return libreoffice::makeExcelApplication(session(files), files);
     }
     std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) override {
-        return std::make_unique<LibreOfficeConverter>([this, &files] { return session(files); }, checks());
+        return std::make_unique<LibreOfficeConverter>([this, &files] { return session(files); },
+                                                      checkWritten);
     }
     std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
                                                    DocumentKind kind, HostListener& listener) override {

@@ -1,5 +1,7 @@
 #include "office/libreoffice/readback/ContentDigest.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 
 namespace mergeloom::libreoffice {
@@ -13,23 +15,13 @@ bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-std::size_t lengthOfCharacter(std::string_view text) {
-    std::size_t length = 1;
-    while (length < text.size() && isContinuation(text[length]))
-        ++length;
-    return length;
-}
-
 /// Returns whether a character is ignored: white space, hyphens that are elements in some formats, characters
 /// without a width, and those of symbol fonts, which Word writes as elements.
-bool isIgnored(std::string_view character) {
-    if (character.size() == 1) return static_cast<unsigned char>(character[0]) <= ' ';
-    if (character.size() == 2) return character == "\u00A0" || character == "\u00AD";
-    if (character.size() != 3) return false;
-    const bool isSpace = character >= "\u2000" && character <= "\u200F";
-    const bool isPrivate = character >= "\uE000" && character <= "\uF8FF";
-    return isSpace || isPrivate || character == "\u2011" || character == "\u2028" || character == "\u2029" ||
-           character == "\u202F" || character == "\uFEFF";
+bool isIgnored(char32_t character) {
+    const bool isSpace = character <= U' ' || (character >= 0x2000 && character <= 0x200F);
+    const bool isPrivate = character >= 0xE000 && character <= 0xF8FF;
+    constexpr std::u32string_view kOthers = U"\u00A0\u00AD\u2011\u2028\u2029\u202F\uFEFF";
+    return isSpace || isPrivate || kOthers.find(character) != std::u32string_view::npos;
 }
 
 /// Returns whether a format keeps the name of a bookmark; others are changed, or are the office's own.
@@ -61,9 +53,8 @@ std::string differenceOfTexts(std::string_view expected, std::string_view writte
 
 void DigestedStory::add(std::string_view text) {
     while (!text.empty()) {
-        const std::size_t length = lengthOfCharacter(text);
-        if (!isIgnored(text.substr(0, length))) text_ += text.substr(0, length);
-        text.remove_prefix(length);
+        const char32_t character = takeCodePoint(text);
+        if (!isIgnored(character)) appendCodePoint(text_, character);
     }
 }
 

@@ -1,24 +1,13 @@
 #include "office/libreoffice/readback/ReadBack.h"
 
-#include "office/formats/FormatTable.h"
 #include "office/libreoffice/readback/ContentDigest.h"
 #include "office/libreoffice/readback/StoredContent.h"
+#include "office/libreoffice/session/OfficeFilters.h"
 #include "office/model/OfficeDocument.h"
 
 namespace mergeloom::libreoffice {
 
 namespace {
-
-/// Returns whether the texts are compared exactly; formats that lose the places lose parts of the texts, too.
-bool isCompared(DocumentFamily family, int number) {
-    const FileFormat* const format = findFormat(family, number);
-    return format != nullptr && format->places == Places::Kept;
-}
-
-bool isOpenPackaging(word::WdSaveFormat format) {
-    return format >= word::WdSaveFormat::wdFormatXMLDocument &&
-           format <= word::WdSaveFormat::wdFormatXMLTemplateMacroEnabled;
-}
 
 ContentDigest digestOfDocument(LibreOfficeSession& session, const DocumentReference& document,
                                DocumentKind kind) {
@@ -48,23 +37,14 @@ void refuseDifference(const ContentDigest& expected, const ContentDigest& writte
 }  // namespace
 
 void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
-                  word::WdSaveFormat format, const std::string& bytes) {
-    const DocumentKind kind = DocumentKind::Word;
-    if (isOpenPackaging(format)) {
-        refuseDifference(digestOfDocument(session, document, kind), digestOfWordPackage(bytes, path), path,
-                         bytes);
-    } else if (isCompared(DocumentFamily::Word, static_cast<int>(format))) {
-        refuseDifference(digestOfDocument(session, document, kind), digestOfBytes(session, path, bytes, kind),
-                         path, bytes);
-    }
-}
-
-void checkWritten(LibreOfficeSession& session, const DocumentReference& document, const std::string& path,
-                  excel::XlFileFormat format, const std::string& bytes) {
-    if (!isCompared(DocumentFamily::Excel, static_cast<int>(format))) return;
-    const DocumentKind kind = DocumentKind::Excel;
-    refuseDifference(digestOfDocument(session, document, kind), digestOfBytes(session, path, bytes, kind),
-                     path, bytes);
+                  SaveFormat format, const std::string& bytes) {
+    const FileFormat* const row = findFormat(format);
+    // Formats that lose the bookmarks lose parts of the texts, too.
+    if (row == nullptr || row->places == Places::Lost) return;
+    const bool isWordPackage = format.kind == DocumentKind::Word && row->engine;
+    const ContentDigest written =
+        isWordPackage ? digestOfWordPackage(bytes, path) : digestOfBytes(session, path, bytes, format.kind);
+    refuseDifference(digestOfDocument(session, document, format.kind), written, path, bytes);
 }
 
 }  // namespace mergeloom::libreoffice

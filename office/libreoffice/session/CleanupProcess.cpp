@@ -14,7 +14,7 @@ namespace mergeloom::libreoffice {
 namespace {
 
 /// Reads commands from its input: "done" ends the script; the input's end without it means that the owner has
-/// died. "file" and "fragments" name what to remove, "keep" what to keep, "forget" cancels these commands,
+/// died. "file" and "fragments" name files to remove, "keep" files to keep, "forget" cancels these commands,
 /// and "sweep" removes at once and sends an empty line back. A fragment has the name that the office makes:
 /// the given beginning, digits and small letters up to ".tmp". A longer number that is that of a running
 /// process belongs to another office.
@@ -76,11 +76,11 @@ LifelinePipe::LifelinePipe() {
 }
 
 LifelinePipe::~LifelinePipe() {
-    handOver();
+    closeFarEnd();
     ::close(ends_[0]);
 }
 
-void LifelinePipe::handOver() {
+void LifelinePipe::closeFarEnd() {
     if (ends_[1] >= 0) ::close(ends_[1]);
     ends_[1] = -1;
 }
@@ -104,24 +104,24 @@ void LifelinePipe::waitForLine(std::chrono::milliseconds bound) const {
 
 CleanupProcess::CleanupProcess(pid_t group, const std::vector<std::string>& leftovers, const std::string& log)
     : process_(commandOf(group, leftovers), lifeline_.farEnd(), log) {
-    lifeline_.handOver();
+    lifeline_.closeFarEnd();
 }
 
-void CleanupProcess::lookAfter(const Fragments& fragments) const {
+void CleanupProcess::setPartialFiles(const PartialFiles& partial) const {
     std::string lines = "forget\n";
     const auto add = [&](const char* command, const std::vector<std::string>& paths) {
         for (const std::string& path : paths) {
-            // A line cannot hold such a path.
+            // A command is one line.
             if (path.find('\n') == std::string::npos) lines += command + (" " + path) + "\n";
         }
     };
-    add("file", fragments.files);
-    add("fragments", fragments.beginnings);
-    add("keep", fragments.kept);
+    add("file", partial.files);
+    add("fragments", partial.beginnings);
+    add("keep", partial.kept);
     lifeline_.send(lines);
 }
 
-void CleanupProcess::sweep() const {
+void CleanupProcess::removePartialFiles() const {
     lifeline_.send("sweep\n");
     lifeline_.waitForLine(kSweepTimeout);
 }

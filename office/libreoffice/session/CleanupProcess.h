@@ -9,49 +9,49 @@
 
 namespace mergeloom::libreoffice {
 
-/// A pipe to the input of another process. The other process reads its end when this process ends, for
-/// whatever reason, since no other process holds this end.
+/// A pipe to the input of another process. Its input ends when this process ends for any reason, since no
+/// other process has this end of the pipe.
 class LifelinePipe {
   public:
-    /// Raises kNotAvailable when the system has no pipe left.
+    /// Raises kNotAvailable if the system has no pipe left.
     LifelinePipe();
     LifelinePipe(const LifelinePipe&) = delete;
     LifelinePipe& operator=(const LifelinePipe&) = delete;
     ~LifelinePipe();
 
-    /// Returns the descriptor that the other process is to get as its input.
+    /// Returns the descriptor for the other process's input.
     [[nodiscard]] int farEnd() const { return ends_[1]; }
     /// Closes the far end in this process, after the other process was started.
-    void handOver();
-    /// Sends the line; does nothing when the other process is gone.
+    void closeFarEnd();
+    /// Sends the line; does nothing if the other process has ended.
     void send(std::string_view line) const;
-    /// Waits until the other process sends a line back or is gone. Bounded in time.
+    /// Waits until the other process sends a line back or has ended, or the time is over.
     void waitForLine(std::chrono::milliseconds bound) const;
 
   private:
     int ends_[2] = {-1, -1};
 };
 
-/// The files that an office leaves in a folder of the user's when it is killed. Paths are absolute.
-struct Fragments {
+/// The files that an office leaves in a user's folder when it is killed. Paths are absolute.
+struct PartialFiles {
     std::vector<std::string> files;
     /// Beginnings of the paths of files that the office names itself, up to the number of its process.
     std::vector<std::string> beginnings;
-    std::vector<std::string> kept;  ///< begin so, but existed before
+    std::vector<std::string> kept;  ///< files with such a beginning that existed before
 };
 
-/// A small process that outlives this one in order to clean up after it: when this process ends, for whatever
-/// reason, without having ended the cleanup, it kills a process group and removes files.
+/// A small process that outlives this one to clean up after it: when this process ends for any reason without
+/// ending the cleanup, it kills a process group and removes files.
 class CleanupProcess {
   public:
     /// Starts it. Its own errors go to the log. Raises kNotAvailable when it cannot be started.
     CleanupProcess(pid_t group, const std::vector<std::string>& leftovers, const std::string& log);
     /// Ends it without any cleanup.
     ~CleanupProcess();
-    /// Replaces the files that are to be removed as well.
-    void lookAfter(const Fragments& fragments) const;
-    /// Removes these files now; returns when it is done.
-    void sweep() const;
+    /// Replaces the list of partial files, which the cleanup removes, too.
+    void setPartialFiles(const PartialFiles& partial) const;
+    /// Removes the partial files now; returns when they are removed.
+    void removePartialFiles() const;
     CleanupProcess(const CleanupProcess&) = delete;
     CleanupProcess& operator=(const CleanupProcess&) = delete;
 

@@ -10,8 +10,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-template <typename Format>
-std::string refusalOf(Format format) try {
+std::string refusalOf(SaveFormat format) try {
     if (!filterFor(format)) return "LibreOffice does not write this format.";
     findOfficeProgram();
     return {};
@@ -21,8 +20,8 @@ std::string refusalOf(Format format) try {
 
 }  // namespace
 
-LibreOfficeConverter::LibreOfficeConverter(SessionSource source, WrittenChecks checks)
-    : source_(std::move(source)), checks_(std::move(checks)) {}
+LibreOfficeConverter::LibreOfficeConverter(SessionSource source, WrittenCheck check)
+    : source_(std::move(source)), check_(std::move(check)) {}
 
 LibreOfficeConverter::LibreOfficeConverter(FileStore& files, TimeBounds bounds)
     : LibreOfficeConverter([&files, bounds] { return std::make_shared<LibreOfficeSession>(files, bounds); },
@@ -40,22 +39,20 @@ std::string LibreOfficeConverter::refusal(excel::XlFileFormat format) {
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    word::WdSaveFormat format) {
-    convertAs(DocumentKind::Word, from, to, format, checks_.word);
+    convertAs(from, to, format);
 }
 
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    excel::XlFileFormat format) {
-    convertAs(DocumentKind::Excel, from, to, format, checks_.excel);
+    convertAs(from, to, format);
 }
 
-template <typename Format>
-void LibreOfficeConverter::convertAs(DocumentKind kind, const std::string& from, const std::string& to,
-                                     Format format, const WrittenCheck<Format>& check) {
+void LibreOfficeConverter::convertAs(const std::string& from, const std::string& to, SaveFormat format) {
     requiredFilter(format, to);  // refuses before an office is started
     LibreOfficeFiles& office = session().files();
-    const OpenDocument document(office, office.open(from, kind));
+    const OpenDocument document(office, office.open(from, format.kind));
     office.save(document.get(), to, format, [&](std::string bytes) {
-        if (check) check(*session_, document.get(), to, format, bytes);
+        if (check_) check_(*session_, document.get(), to, format, bytes);
         return bytes;
     });
 }

@@ -14,25 +14,20 @@ namespace mergeloom::libreoffice {
 
 class LibreOfficeSession;
 
-/// Returns a running office, a new one or one that others work with.
+/// Returns a running office, a new or a shared one.
 using SessionSource = std::function<std::shared_ptr<LibreOfficeSession>()>;
 
-/// Checks the file that was written of a document for a path, and raises the error that keeps the former
-/// file.
-template <typename Format>
-using WrittenCheck = std::function<void(LibreOfficeSession& session, const DocumentReference& document,
-                                        const std::string& path, Format format, const std::string& bytes)>;
-struct WrittenChecks {
-    WrittenCheck<word::WdSaveFormat> word;
-    WrittenCheck<excel::XlFileFormat> excel;
-};
+/// Checks the bytes that were written of a document for a path. Raises an error to keep the former file.
+using WrittenCheck =
+    std::function<void(LibreOfficeSession& session, const DocumentReference& document,
+                       const std::string& path, SaveFormat format, const std::string& bytes)>;
 
-/// Converts files by an office that is started with the first of them, serves all of them and is started anew
-/// when it has died.
+/// Converts files with an office that is started for the first file, used for all files and restarted after
+/// it died.
 class LibreOfficeConverter final : public FileConverter {
   public:
-    LibreOfficeConverter(SessionSource source, WrittenChecks checks);
-    /// Uses an office of its own, without checks. The file store has to outlive it.
+    LibreOfficeConverter(SessionSource source, WrittenCheck check);
+    /// Uses an office of its own, without a check. The file store must outlive it.
     explicit LibreOfficeConverter(FileStore& files, TimeBounds bounds = {});
     ~LibreOfficeConverter() override;
 
@@ -42,13 +37,11 @@ class LibreOfficeConverter final : public FileConverter {
     void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) override;
 
   private:
-    template <typename Format>
-    void convertAs(DocumentKind kind, const std::string& from, const std::string& to, Format format,
-                   const WrittenCheck<Format>& check);
+    void convertAs(const std::string& from, const std::string& to, SaveFormat format);
     LibreOfficeSession& session();
 
     SessionSource source_;
-    WrittenChecks checks_;
+    WrittenCheck check_;
     std::shared_ptr<LibreOfficeSession> session_;
 };
 

@@ -307,15 +307,8 @@ void LibreOfficeFiles::check(const DocumentReference& document, const std::strin
         raiseNotReadable(path, "it is damaged, or of a format that LibreOffice does not know");
 }
 
-void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
-                            word::WdSaveFormat format, const Revision& revise) {
-    const OfficeFilter filter = requiredFilter(format, path);
-    refuseToLoseMacros(connection_, document, path, format);
-    write(document, path, filter, revise);
-}
-
-void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path,
-                            excel::XlFileFormat format, const Revision& revise) {
+void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path, SaveFormat format,
+                            const Revision& revise) {
     const OfficeFilter filter = requiredFilter(format, path);
     refuseToLoseMacros(connection_, document, path, format);
     write(document, path, filter, revise);
@@ -324,7 +317,7 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
 /// A document that was opened in its own folder has links relative to it.
 std::string LibreOfficeFiles::pathToWrite(const DocumentReference& document, const std::string& path) {
     const std::string url = connection_.call([&] { return urlOf(document); });
-    return url.empty() || scratch_.holds(url) ? scratch_.forCopy(path) : scratch_.beside(path);
+    return url.empty() || scratch_.contains(url) ? scratch_.forCopy(path) : scratch_.beside(path);
 }
 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,

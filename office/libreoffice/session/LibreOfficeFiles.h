@@ -24,11 +24,20 @@ namespace mergeloom::libreoffice {
 
 using DocumentReference = Reference<css::lang::XComponent>;
 
+/// A format in which Word or Excel saves. Both enumerations convert to it.
+struct SaveFormat {
+    SaveFormat(word::WdSaveFormat format) : kind(DocumentKind::Word), number(static_cast<int>(format)) {}
+    SaveFormat(excel::XlFileFormat format) : kind(DocumentKind::Excel), number(static_cast<int>(format)) {}
+
+    DocumentKind kind;
+    int number;
+};
+
 /// Makes an empty frame for the next document.
 using FrameSource = std::function<Reference<css::frame::XFrame>()>;
 
-/// Changes the bytes that were written before they replace the file: returns those that do, and raises the
-/// error that keeps the former file.
+/// Returns the bytes that replace the file, given those that the office wrote. Raises an error to keep the
+/// former file.
 using Revision = std::function<std::string(std::string bytes)>;
 
 /// Takes documents from a file store into an office and back. The office works on copies in a folder that is
@@ -37,13 +46,13 @@ using Revision = std::function<std::string(std::string bytes)>;
 /// macros never run, links are not updated, and every question is refused.
 class LibreOfficeFiles {
   public:
-    /// The file store has to outlive this; the folder is removed with the office.
+    /// The file store must outlive this; the folder is removed with the office.
     LibreOfficeFiles(OfficeConnection& connection, FileStore& files, std::string workFolder)
         : connection_(connection), files_(files), scratch_(std::move(workFolder)) {}
 
     /// Shows documents in frames from now on, each in one of its own.
     void showIn(FrameSource frames) { frames_ = std::move(frames); }
-    /// Returns whether users see documents and change them.
+    /// Returns whether users see and edit the documents.
     [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
     /// Returns an empty document with LibreOffice's own defaults.
     DocumentReference create(DocumentKind kind);
@@ -56,9 +65,7 @@ class LibreOfficeFiles {
     /// kFileCouldNotBeSaved for macros in a format without them and for other failures, with sentences that
     /// name the file. Errors of the revision pass through; after DifferingCopy the document is written again
     /// if the user changed it before the comparison.
-    void save(const DocumentReference& document, const std::string& path, word::WdSaveFormat format,
-              const Revision& revise);
-    void save(const DocumentReference& document, const std::string& path, excel::XlFileFormat format,
+    void save(const DocumentReference& document, const std::string& path, SaveFormat format,
               const Revision& revise);
     /// Writes a copy of the document, which stays as it is with its mark of changes, to a path of the disk.
     /// To be called within a call of the connection.

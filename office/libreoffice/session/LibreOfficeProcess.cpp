@@ -114,7 +114,7 @@ LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mo
     std::filesystem::create_directory(workFolder());
     std::filesystem::create_directory(temporaryFolder());
     process_.emplace(command(program, mode), start_.farEnd(), logPath());
-    start_.handOver();
+    start_.closeFarEnd();
     cleanup_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
     start_.send("go\n");
 }

@@ -40,9 +40,9 @@ class LibreOfficeProcess {
     /// Returns the numbers of all processes of the group.
     [[nodiscard]] std::vector<pid_t> members() const { return process_->members(); }
     /// Replaces the files that are removed as well when this process ends without having ended the office.
-    void lookAfter(const Fragments& fragments) const { cleanup_->lookAfter(fragments); }
+    void setPartialFiles(const PartialFiles& partial) const { cleanup_->setPartialFiles(partial); }
     /// Removes these files now.
-    void sweep() const { cleanup_->sweep(); }
+    void removePartialFiles() const { cleanup_->removePartialFiles(); }
     /// Kills it; may be called by any thread.
     void kill() const;
     /// Waits until it ends as it was asked to; terminates and then kills it when it does not. Bounded in

@@ -7,7 +7,7 @@
 namespace mergeloom::libreoffice {
 
 /// A running office with the connection to it and its documents: the base of an object model. The office ends
-/// with this object, so whatever holds a reference into it has to hold the session, too.
+/// with this object, so every owner of a reference into the office must own the session, too.
 class LibreOfficeSession {
   public:
     /// Starts an office, which takes about a second. Raises kNotAvailable with a sentence that says why it

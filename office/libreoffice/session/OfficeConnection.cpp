@@ -92,13 +92,13 @@ OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bound
 }
 
 OfficeConnection::~OfficeConnection() {
-    askToEnd();
+    requestQuit();
     desktop_.clear();
     context_.clear();
     process_.end();
 }
 
-void OfficeConnection::askToEnd() try {
+void OfficeConnection::requestQuit() try {
     if (!process_.isRunning()) return;
     Watchdog impatient(kQuitCallTimeout, [this] { process_.kill(); });
     const Watchdog::Watch watch(impatient);
@@ -130,7 +130,7 @@ bool OfficeConnection::tryToConnect() try {
     return false;
 }
 
-bool OfficeConnection::answers() const try {
+bool OfficeConnection::responds() const try {
     return desktop_.is() && desktop_->getFrames().is();
 } catch (const css::uno::Exception&) {
     return false;
@@ -138,10 +138,10 @@ bool OfficeConnection::answers() const try {
 
 /// Raises the program's error for the exception that is being handled.
 void OfficeConnection::raiseCurrent() try { throw; } catch (const css::lang::DisposedException& error) {
-    if (!answers()) raiseEnded();
+    if (!responds()) raiseEnded();
     throw AutomationError(kObjectDeleted, "The object has been deleted. (" + fromUno(error.Message) + ")");
 } catch (const css::uno::Exception& error) {
-    if (!answers()) raiseEnded();
+    if (!responds()) raiseEnded();
     throw AutomationError(kCommandFailed, "LibreOffice could not do it: " + fromUno(error.Message));
 }
 

@@ -97,8 +97,8 @@ class OfficeConnection {
   private:
     void connect(std::chrono::milliseconds bound);
     [[nodiscard]] bool tryToConnect();
-    void askToEnd();
-    [[nodiscard]] bool answers() const;
+    void requestQuit();
+    [[nodiscard]] bool responds() const;
     [[noreturn]] void raiseCurrent();
     [[noreturn]] void raiseEnded();
 

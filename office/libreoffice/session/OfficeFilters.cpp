@@ -5,42 +5,29 @@
 
 namespace mergeloom::libreoffice {
 
-namespace {
-
-std::optional<OfficeFilter> savingFilter(DocumentFamily family, int number) {
-    const FileFormat* const format = findFormat(family, number);
-    return format == nullptr ? std::nullopt : format->saving;
+DocumentFamily familyOf(DocumentKind kind) {
+    return kind == DocumentKind::Word ? DocumentFamily::Word : DocumentFamily::Excel;
 }
 
-OfficeFilter required(const std::optional<OfficeFilter>& filter, int number, const std::string& path) {
-    if (filter) return *filter;
+const FileFormat* findFormat(SaveFormat format) {
+    return mergeloom::findFormat(familyOf(format.kind), format.number);
+}
+
+std::optional<OfficeFilter> filterFor(SaveFormat format) {
+    const FileFormat* const row = findFormat(format);
+    return row == nullptr ? std::nullopt : row->saving;
+}
+
+OfficeFilter requiredFilter(SaveFormat format, const std::string& path) {
+    if (const std::optional<OfficeFilter> filter = filterFor(format)) return *filter;
     throw AutomationError(kNotAvailable, "The file '" + path +
                                              "' could not be saved: LibreOffice does not write the format of "
                                              "number " +
-                                             std::to_string(number) + ".");
-}
-
-}  // namespace
-
-std::optional<OfficeFilter> filterFor(word::WdSaveFormat format) {
-    return savingFilter(DocumentFamily::Word, static_cast<int>(format));
-}
-
-std::optional<OfficeFilter> filterFor(excel::XlFileFormat format) {
-    return savingFilter(DocumentFamily::Excel, static_cast<int>(format));
-}
-
-OfficeFilter requiredFilter(word::WdSaveFormat format, const std::string& path) {
-    return required(filterFor(format), static_cast<int>(format), path);
-}
-
-OfficeFilter requiredFilter(excel::XlFileFormat format, const std::string& path) {
-    return required(filterFor(format), static_cast<int>(format), path);
+                                             std::to_string(format.number) + ".");
 }
 
 OfficeFilter inputFilter(DocumentKind kind, std::string_view extension) {
-    const DocumentFamily family = kind == DocumentKind::Word ? DocumentFamily::Word : DocumentFamily::Excel;
-    const FileFormat* const format = findFormatToOpen(family, toLowerAscii(std::string(extension)));
+    const FileFormat* const format = findFormatToOpen(familyOf(kind), toLowerAscii(std::string(extension)));
     return format == nullptr ? OfficeFilter{} : format->opening.value_or(OfficeFilter{});
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "office/formats/FormatTable.h"
+#include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/model/DocumentHost.h"
-#include "office/model/excel/Enumerations.h"
-#include "office/model/word/Enumerations.h"
 
 #include <optional>
 #include <string>
@@ -12,14 +11,16 @@
 /// LibreOffice's filters, as the table of formats has them.
 namespace mergeloom::libreoffice {
 
+/// Returns the format's row in the table, or null.
+const FileFormat* findFormat(SaveFormat format);
+DocumentFamily familyOf(DocumentKind kind);
+
 /// Returns the filter that writes the format; none when the office cannot write it.
-std::optional<OfficeFilter> filterFor(word::WdSaveFormat format);
-std::optional<OfficeFilter> filterFor(excel::XlFileFormat format);
+std::optional<OfficeFilter> filterFor(SaveFormat format);
 
 /// Returns the filter that writes the format. Raises kNotAvailable, with a sentence that names the file to be
 /// written, for a format that the office does not write.
-OfficeFilter requiredFilter(word::WdSaveFormat format, const std::string& path);
-OfficeFilter requiredFilter(excel::XlFileFormat format, const std::string& path);
+OfficeFilter requiredFilter(SaveFormat format, const std::string& path);
 
 /// Returns the filter that reads files with the extension when the office would not find it by itself: a web
 /// page or a text may be a document as well as a workbook. The filter has no name when the office finds it.

@@ -1,6 +1,7 @@
 #include "office/libreoffice/session/OfficePackage.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -79,12 +80,6 @@ bool packageHoldsMacros(OfficeConnection& connection, const DocumentReference& d
     return false;
 }
 
-void refuseIfMacros(OfficeConnection& connection, const DocumentReference& document, const std::string& path,
-                    const char* sentence) {
-    if (!holdsMacros(connection, document)) return;
-    throw AutomationError(kFileCouldNotBeSaved, "The file '" + path + "' cannot be saved: " + sentence);
-}
-
 }  // namespace
 
 OfficePackage::OfficePackage(OfficeConnection& connection, const OUString& url)
@@ -105,25 +100,16 @@ Reference<css::io::XInputStream> OfficePackage::contentOfMainPart() const {
     return mainPart_->getInputStream();
 }
 
-bool holdsMacros(OfficeConnection& connection, const DocumentReference& document) {
-    return connection.call(
-        [&] { return officeHoldsMacros(document) || packageHoldsMacros(connection, document); });
-}
-
 void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
-                        const std::string& path, word::WdSaveFormat format) {
-    using enum word::WdSaveFormat;
-    if (format != wdFormatXMLDocument && format != wdFormatXMLTemplate) return;
-    refuseIfMacros(connection, document, path,
-                   "the document holds macros, which its format cannot keep. Choose docm or dotm.");
-}
-
-void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
-                        const std::string& path, excel::XlFileFormat format) {
-    using enum excel::XlFileFormat;
-    if (format != xlOpenXMLWorkbook && format != xlOpenXMLTemplate) return;
-    refuseIfMacros(connection, document, path,
-                   "the workbook holds macros, which its format cannot keep. Choose xlsm or xltm.");
+                        const std::string& path, SaveFormat format) {
+    const FileFormat* const row = findFormat(format);
+    const bool keepsMacros = row == nullptr || !row->engine || row->engine->macros == Macros::Kept;
+    const auto hasMacros = [&] {
+        return officeHoldsMacros(document) || packageHoldsMacros(connection, document);
+    };
+    if (keepsMacros || !connection.call(hasMacros)) return;
+    throw AutomationError(kFileCouldNotBeSaved,
+                          "The file '" + path + "' cannot be saved: " + macroRefusal(familyOf(format.kind)));
 }
 
 }  // namespace mergeloom::libreoffice

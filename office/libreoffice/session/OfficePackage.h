@@ -16,13 +16,14 @@ struct PackageRelationship {
     std::string id, type, target;
 };
 
-/// A file of Open Packaging as the office reads it, for what its documents do not have (ECMA-376 Part 2). All
-/// members are to be called within a call; UNO's exceptions pass through for a file that is no such package.
+/// An Open Packaging file as the office reads it, for data that its documents lack (ECMA-376 Part 2). All
+/// members must be called within OfficeConnection::call. They raise UNO's exceptions for a file that is no
+/// such package.
 class OfficePackage {
   public:
     OfficePackage(OfficeConnection& connection, const OUString& url);
 
-    /// Returns whether the package has a part that holds the document.
+    /// Returns whether the package has a main part.
     [[nodiscard]] bool hasMainPart() const { return mainPart_.is(); }
     [[nodiscard]] std::vector<PackageRelationship> relationshipsOfMainPart() const;
     [[nodiscard]] Reference<css::io::XInputStream> contentOfMainPart() const;
@@ -32,15 +33,9 @@ class OfficePackage {
     Reference<css::embed::XExtendedStorageStream> mainPart_;
 };
 
-/// Returns whether the document holds macros, also when only its file has them and the office has not read
-/// them.
-bool holdsMacros(OfficeConnection& connection, const DocumentReference& document);
-
 /// Raises kFileCouldNotBeSaved, with a sentence that names the file, for a document with macros that is to be
-/// saved in a format without them.
+/// saved in a format without them. Macros also count if only the document's file has them.
 void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
-                        const std::string& path, word::WdSaveFormat format);
-void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
-                        const std::string& path, excel::XlFileFormat format);
+                        const std::string& path, SaveFormat format);
 
 }  // namespace mergeloom::libreoffice

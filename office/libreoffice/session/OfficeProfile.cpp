@@ -36,7 +36,7 @@ constexpr Setting kQuiet[] = {
     {"Office.Common/Misc", "UseDocumentOOoLockFile", "false"},
 };
 
-/// Settings that keep away what is shown to a new user and what is kept of a document besides the document.
+/// Settings that suppress the dialogs for a new user and files of the office beside a document.
 constexpr Setting kShown[] = {
     {"Office.Common/Misc", "FirstRun", "false"},
     {"Office.Common/Misc", "ShowTipOfTheDay", "false"},
@@ -66,7 +66,7 @@ void write(std::ostream& file, std::span<const Setting> settings) {
     }
 }
 
-/// Commands that would leave the one document or open others; menus and bars do not show them.
+/// Commands that would leave the document or open others; menus and bars do not show them.
 constexpr const char* kDisabledCommands[] = {
     "RecentFileList",  "OpenRemote",    "SaveAsRemote",  "NewWindow", "FullScreen",
     "Reload",          "EditDoc",       "ReadOnlyDoc",   "OpenUrl",   "SaveAsTemplate",

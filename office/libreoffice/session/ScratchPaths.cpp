@@ -23,26 +23,26 @@ std::string withExtensionOf(const std::string& path, const std::string& name) {
     return isPlain && !suffix.empty() ? name + "." + suffix : name;
 }
 
-/// Returns how the names of the office's own files begin: with the number of its process.
-std::vector<std::string> beginningsOfNames(const LibreOfficeProcess& process) {
+/// Returns the beginnings of the names of the office's own files, which contain the number of its process.
+std::vector<std::string> namePrefixes(const LibreOfficeProcess& process) {
     std::vector<std::string> beginnings;
     for (const pid_t member : process.members())
         beginnings.push_back("lu" + std::to_string(member));
     return beginnings;
 }
 
-Fragments fragmentsBeside(const std::string& path, const std::vector<std::string>& beginnings) {
-    Fragments fragments{.files = {path}, .beginnings = {}, .kept = {}};
+PartialFiles partialFilesOf(const std::string& path, const std::vector<std::string>& beginnings) {
+    PartialFiles partial{.files = {path}, .beginnings = {}, .kept = {}};
     const std::string folder = parentFolder(path);
     for (const std::string& beginning : beginnings)
-        fragments.beginnings.push_back(joinPath(folder, beginning));
+        partial.beginnings.push_back(joinPath(folder, beginning));
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
         const std::string name = entry.path().filename();
         const auto begins = [&](const std::string& beginning) { return name.starts_with(beginning); };
-        if (std::ranges::any_of(beginnings, begins)) fragments.kept.push_back(joinPath(folder, name));
+        if (std::ranges::any_of(beginnings, begins)) partial.kept.push_back(joinPath(folder, name));
     }
-    return fragments;
+    return partial;
 }
 
 }  // namespace
@@ -64,7 +64,7 @@ std::string ScratchPaths::beside(const std::string& path) {
     return name;
 }
 
-bool ScratchPaths::holds(const std::string& url) const {
+bool ScratchPaths::contains(const std::string& url) const {
     return url.starts_with(fileUrl(folder_) + "/");
 }
 
@@ -76,19 +76,19 @@ void ScratchPaths::remove(const std::string& path) const {
 }
 
 void ScratchPaths::removeCopy(const std::string& url) const {
-    if (!holds(url)) return;
+    if (!contains(url)) return;
     // After the folder, the URL is plain: a number and a name.
     remove(folder_ + url.substr(fileUrl(folder_).size()));
 }
 
 PartialFileCleanup::PartialFileCleanup(const LibreOfficeProcess& process, const std::string& path)
     : process_(process), errors_(std::uncaught_exceptions()) {
-    process_.lookAfter(fragmentsBeside(path, beginningsOfNames(process)));
+    process_.setPartialFiles(partialFilesOf(path, namePrefixes(process)));
 }
 
 PartialFileCleanup::~PartialFileCleanup() {
-    if (std::uncaught_exceptions() > errors_) process_.sweep();
-    process_.lookAfter({});
+    if (std::uncaught_exceptions() > errors_) process_.removePartialFiles();
+    process_.setPartialFiles({});
 }
 
 }  // namespace mergeloom::libreoffice

@@ -6,11 +6,11 @@
 
 namespace mergeloom::libreoffice {
 
-/// The paths at which an office reads and writes files that are not the callers' own: copies in folders of
-/// their own, and new files beside those that they are to replace.
+/// The paths of the temporary files that an office reads and writes: copies in folders of their own, and new
+/// files beside the files that they will replace.
 class ScratchPaths {
   public:
-    /// The folder has to exist; it is removed with the office's process.
+    /// The folder must exist; it is removed with the office's process.
     explicit ScratchPaths(std::string folder) : folder_(std::move(folder)) {}
 
     /// Returns a path for a copy of the file. The name is plain, so that it does not depend on a locale.
@@ -19,7 +19,7 @@ class ScratchPaths {
     /// folder cannot be written.
     std::string beside(const std::string& path);
     /// Returns whether the URL is that of a copy.
-    [[nodiscard]] bool holds(const std::string& url) const;
+    [[nodiscard]] bool contains(const std::string& url) const;
     /// Removes the file at such a path, or at the URL of a copy.
     void remove(const std::string& path) const;
     void removeCopy(const std::string& url) const;
@@ -29,12 +29,12 @@ class ScratchPaths {
     int copies_ = 0;
 };
 
-/// Removes a file that an office has written only in part. The office first writes into a file of its own
-/// name beside it, which it leaves when it is killed; then, or when this process is killed, both are removed,
-/// and no other file.
+/// Removes a file that an office has written only in part. The office first writes a file with a name of its
+/// own beside it, which remains when the office is killed. Both files are then removed, also when this
+/// process is killed, and no other file.
 class PartialFileCleanup {
   public:
-    /// The process has to outlive it.
+    /// The process must outlive it.
     PartialFileCleanup(const LibreOfficeProcess& process, const std::string& path);
     PartialFileCleanup(const PartialFileCleanup&) = delete;
     PartialFileCleanup& operator=(const PartialFileCleanup&) = delete;
