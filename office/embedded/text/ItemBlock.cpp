@@ -1,7 +1,5 @@
 #include "office/embedded/text/ItemBlock.h"
 
-#include <algorithm>
-
 namespace mergeloom::embedded {
 
 namespace {

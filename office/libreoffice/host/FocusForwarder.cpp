@@ -1,7 +1,7 @@
 #include "office/libreoffice/host/FocusForwarder.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/session/BlockedSignals.h"
+#include "office/libreoffice/session/PollingThread.h"
 
 #include <fcntl.h>
 #include <poll.h>

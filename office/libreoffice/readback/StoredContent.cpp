@@ -8,29 +8,10 @@
 #include "office/opc/ZipReader.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace mergeloom::libreoffice {
 
 namespace {
-
-/// Removes a file at the end of its life.
-class ScopedTempFile {
-  public:
-    explicit ScopedTempFile(std::string path) : path_(std::move(path)) {}
-    ScopedTempFile(const ScopedTempFile&) = delete;
-    ScopedTempFile& operator=(const ScopedTempFile&) = delete;
-    ~ScopedTempFile() {
-        std::error_code ignored;
-        std::filesystem::remove(path_, ignored);
-    }
-
-    [[nodiscard]] const std::string& path() const { return path_; }
-
-  private:
-    std::string path_;
-};
 
 std::unique_ptr<opc::XmlPart> partOf(const opc::ZipReader& archive, const std::string& name) {
     const auto& entries = archive.entries();
@@ -43,9 +24,11 @@ std::unique_ptr<opc::XmlPart> partOf(const opc::ZipReader& archive, const std::s
 }  // namespace
 
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
-                              DocumentKind part) {
-    const ScopedTempFile file(joinPath(session.process().workFolder(), "content"));
-    const OUString filter = part == DocumentKind::Word ? OUString("writer8") : OUString("calc8");
+                              DocumentKind kind) {
+    const std::string folder = session.process().workFolder();
+    const ScratchPaths scratch(folder);
+    const ScopedTempFile file(scratch, joinPath(folder, "content"));
+    const OUString filter = kind == DocumentKind::Word ? OUString("writer8") : OUString("calc8");
     LibreOfficeFiles::storeCopy(document, file.path(),
                                 {property("FilterName", filter), property("NoThumbnail", true)});
     const std::string bytes = DiskFileStore().read(file.path());

@@ -17,6 +17,6 @@ struct StoredContent {
 
 /// Returns the content of an open document; does not change the document or its mark of changes.
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
-                              DocumentKind part = DocumentKind::Word);
+                              DocumentKind kind = DocumentKind::Word);
 
 }  // namespace mergeloom::libreoffice

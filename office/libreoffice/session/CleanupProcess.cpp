@@ -1,7 +1,5 @@
 #include "office/libreoffice/session/CleanupProcess.h"
 
-#include "base/AutomationError.h"
-
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -71,8 +69,7 @@ constexpr std::chrono::seconds kSweepTimeout{10};
 
 LifelinePipe::LifelinePipe() {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends_) == 0) return;
-    throw AutomationError(
-        kNotAvailable, "LibreOffice could not be started: " + std::generic_category().message(errno) + ".");
+    raiseNotStarted(std::generic_category().message(errno));
 }
 
 LifelinePipe::~LifelinePipe() {

@@ -14,7 +14,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
@@ -30,7 +29,6 @@
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable2.hpp>
 #include <cppuhelper/implbase1.hxx>
-#include <filesystem>
 #include <optional>
 #include <rtl/ref.hxx>
 #include <vector>
@@ -118,20 +116,6 @@ class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task:
 
   private:
     std::atomic<bool> wantsPassword_ = false;  ///< set by a thread of UNO
-};
-
-/// Removes a file at the end of its life.
-class ScopedTempFile {
-  public:
-    ScopedTempFile(const ScratchPaths& scratch, std::string path)
-        : scratch_(scratch), path_(std::move(path)) {}
-    ScopedTempFile(const ScopedTempFile&) = delete;
-    ScopedTempFile& operator=(const ScopedTempFile&) = delete;
-    ~ScopedTempFile() { scratch_.remove(path_); }
-
-  private:
-    const ScratchPaths& scratch_;
-    std::string path_;
 };
 
 /// The mark of a document that has changes since it was saved. When the save fails, it is set as before.

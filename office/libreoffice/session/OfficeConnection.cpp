@@ -1,7 +1,7 @@
 #include "office/libreoffice/session/OfficeConnection.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/session/BlockedSignals.h"
+#include "office/libreoffice/session/PollingThread.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ constexpr Watchdog::Milliseconds kMaxPause{1000};
 constexpr std::chrono::milliseconds kRetryPause{20};
 constexpr std::chrono::seconds kQuitCallTimeout{10};
 
-[[noreturn]] void raiseNotStarted(const LibreOfficeProcess& process, const std::string& reason) {
+[[noreturn]] void raiseNotConnected(const LibreOfficeProcess& process, const std::string& reason) {
     const std::string words = process.logTail();
     throw AutomationError(kNotAvailable, "LibreOffice could not be started: " + reason + "." +
                                              (words.empty() ? "" : " Its last words: " + words));
@@ -111,8 +111,9 @@ void OfficeConnection::connect(std::chrono::milliseconds bound) {
     Watchdog watchdog(bound, [this] { process_.kill(); });
     const Watchdog::Watch watch(watchdog);
     while (!tryToConnect()) {
-        if (watchdog.hasTimedOut()) raiseNotStarted(process_, "it did not answer within " + inSeconds(bound));
-        if (!process_.isRunning()) raiseNotStarted(process_, "it ended by itself");
+        if (watchdog.hasTimedOut())
+            raiseNotConnected(process_, "it did not answer within " + inSeconds(bound));
+        if (!process_.isRunning()) raiseNotConnected(process_, "it ended by itself");
         std::this_thread::sleep_for(kRetryPause);
     }
 }

@@ -1,7 +1,7 @@
 #include "office/libreoffice/session/OfficeProfile.h"
 
-#include "base/AutomationError.h"
 #include "base/Paths.h"
+#include "office/libreoffice/session/ProcessGroup.h"
 
 #include <stdlib.h>
 
@@ -19,9 +19,8 @@ std::string temporaryRoot() {
     std::string root = temporaryFolder();
     if (!root.empty()) return root;
     const char* const wanted = ::getenv("TMPDIR");
-    throw AutomationError(kNotAvailable,
-                          "LibreOffice could not be started: the folder for temporary files '" +
-                              std::string(wanted == nullptr ? "/tmp" : wanted) + "' does not exist.");
+    raiseNotStarted("the folder for temporary files '" + std::string(wanted == nullptr ? "/tmp" : wanted) +
+                    "' does not exist");
 }
 
 struct Setting {
@@ -100,9 +99,8 @@ PrivateFolder::PrivateFolder() {
     const std::string root = fullPath(temporaryRoot());
     std::string name = joinPath(root, "mergeloom-office-XXXXXX");
     if (::mkdtemp(name.data()) == nullptr) {
-        throw AutomationError(kNotAvailable,
-                              "LibreOffice could not be started: the folder for temporary files '" + root +
-                                  "' cannot be written (" + std::generic_category().message(errno) + ").");
+        raiseNotStarted("the folder for temporary files '" + root + "' cannot be written (" +
+                        std::generic_category().message(errno) + ")");
     }
     path_ = name;
 }
@@ -119,9 +117,7 @@ void makeOfficeProfile(const std::string& folder, OfficeMode mode) {
     std::ofstream file(joinPath(user, "registrymodifications.xcu"));
     writeSettings(file, mode);
     if (!file) {
-        throw AutomationError(kNotAvailable,
-                              "LibreOffice could not be started: the folder for its profile '" + folder +
-                                  "' cannot be written.");
+        raiseNotStarted("the folder for its profile '" + folder + "' cannot be written");
     }
 }
 

@@ -1,7 +1,5 @@
 #include "office/libreoffice/session/PollingThread.h"
 
-#include "office/libreoffice/session/BlockedSignals.h"
-
 #include <utility>
 
 namespace mergeloom::libreoffice {

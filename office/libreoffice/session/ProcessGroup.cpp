@@ -84,6 +84,10 @@ bool runsInGroup(const std::string& process, pid_t group) {
 
 }  // namespace
 
+void raiseNotStarted(const std::string& reason) {
+    throw AutomationError(kNotAvailable, "LibreOffice could not be started: " + reason + ".");
+}
+
 ProcessGroup::ProcessGroup(const std::vector<std::string>& command, int input, const std::string& log) {
     std::vector<std::string> texts = command;
     std::vector<char*> arguments;

@@ -8,6 +8,9 @@
 
 namespace mergeloom::libreoffice {
 
+/// Raises kNotAvailable with the reason why LibreOffice could not be started, a clause without a full stop.
+[[noreturn]] void raiseNotStarted(const std::string& reason);
+
 /// A program that runs in a session and process group of its own, with all processes that it starts. The
 /// number of the group is not freed before the end of this object's life, so a signal never reaches a
 /// stranger.

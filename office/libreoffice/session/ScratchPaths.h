@@ -3,6 +3,7 @@
 #include "office/libreoffice/session/LibreOfficeProcess.h"
 
 #include <string>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -27,6 +28,22 @@ class ScratchPaths {
   private:
     std::string folder_;
     int copies_ = 0;
+};
+
+/// Removes a temporary file at the end of its life.
+class ScopedTempFile {
+  public:
+    ScopedTempFile(const ScratchPaths& scratch, std::string path)
+        : scratch_(scratch), path_(std::move(path)) {}
+    ScopedTempFile(const ScopedTempFile&) = delete;
+    ScopedTempFile& operator=(const ScopedTempFile&) = delete;
+    ~ScopedTempFile() { scratch_.remove(path_); }
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+  private:
+    const ScratchPaths& scratch_;
+    std::string path_;
 };
 
 /// Removes a file that an office has written only in part. The office first writes a file with a name of its
