@@ -102,7 +102,7 @@ std::string PictureParts::partWith(const std::string& bytes, const opc::PictureF
 
 std::string PictureParts::addPart(const std::string& folder, std::string bytes,
                                   const opc::PictureFile& picture) {
-    const std::string extension = picture.extension();
+    const std::string& extension = picture.extension();
     std::string stem;
     do {
         stem = folder + "image" + std::to_string(++lastNumber_);
