@@ -16,9 +16,6 @@ struct ContentDigest {
     std::map<std::string, std::string> places;  ///< the text of each bookmark, in whatever story
 };
 
-/// Returns the first difference as a clause for a message; empty if there is none.
-std::string difference(const ContentDigest& expected, const ContentDigest& written);
-
 /// Returns the texts and bookmarks of a document as Writer stores it (OpenDocument 1.3, part 3).
 ContentDigest digestOfText(const StoredContent& stored);
 /// Returns those of a workbook: the texts of cells with their addresses, without the results of formulas, and

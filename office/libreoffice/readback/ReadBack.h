@@ -1,10 +1,14 @@
 #pragma once
 
+#include "office/libreoffice/readback/ContentDigest.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 
 #include <string>
 
 namespace mergeloom::libreoffice {
+
+/// Returns the first difference as a clause for a message; empty if there is none.
+std::string difference(const ContentDigest& expected, const ContentDigest& written);
 
 /// Compares the written bytes of a document with the open document. Raises DifferingCopy if texts or
 /// bookmarks differ; of a workbook the texts of cells without formulas, and names. Formats without bookmarks

@@ -4,7 +4,6 @@
 #include "office/libreoffice/session/PollingThread.h"
 #include "office/libreoffice/session/UnoText.h"
 
-#include <algorithm>
 #include <com/sun/star/bridge/UnoUrlResolver.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
@@ -12,7 +11,6 @@
 #include <cppuhelper/bootstrap.hxx>
 #include <rtl/bootstrap.hxx>
 #include <thread>
-#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -37,8 +35,6 @@ const Reference<css::uno::XComponentContext>& localContext() {
     return *context;
 }
 
-constexpr Watchdog::Milliseconds kMaxPause{1000};
-
 constexpr std::chrono::milliseconds kRetryPause{20};
 constexpr std::chrono::seconds kQuitCallTimeout{10};
 
@@ -54,35 +50,6 @@ std::string inSeconds(std::chrono::milliseconds time) {
 }
 
 }  // namespace
-
-// Waking the thread at every call would cost each of them more than a check now and then.
-Watchdog::Watchdog(Milliseconds bound, std::function<void()> onTimeout)
-    : bound_(bound),
-      onTimeout_(std::move(onTimeout)),
-      thread_(std::clamp(bound / 8, Milliseconds(1), kMaxPause), [this] { return isInTime(); }) {}
-
-bool Watchdog::hasTimedOut() {
-    const std::lock_guard lock(mutex_);
-    return hasTimedOut_;
-}
-
-void Watchdog::begin() {
-    const std::lock_guard lock(mutex_);
-    if (depth_++ == 0) start_ = Clock::now();
-}
-
-void Watchdog::end() {
-    const std::lock_guard lock(mutex_);
-    --depth_;
-}
-
-bool Watchdog::isInTime() {
-    const std::lock_guard lock(mutex_);
-    if (depth_ == 0 || Clock::now() - start_ < bound_) return true;
-    hasTimedOut_ = true;
-    onTimeout_();
-    return false;
-}
 
 OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bounds)
     : process_(process), watchdog_(bounds.call, [&process] { process.kill(); }) {
