@@ -14,6 +14,7 @@ namespace mergeloom {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 const ErrorReport kError{5941,        "The <bookmark> is gone.",  "Bookmark Name = 'a'", "frmMain",
                          "Form_Load", "ui/designer/frmMain.cpp:7"};
@@ -37,7 +38,17 @@ class ErrorDialogTest : public testing::Test {
                                      .supportAddress = address,
                                      .reportFolder = reportFolder});
     }
-    [[nodiscard]] std::string keptReport() const {
+    /// Reports the error to a user who asks for the report, and returns what is saved.
+    std::string savedReportOf(ErrorDialog dialog, const ErrorReport& error) {
+        const ModalUser user({[](QWidget& window) {
+                                  buttonOf(window, "btnReport")->click();
+                                  dynamic_cast<QDialog&>(window).accept();
+                              },
+                              [](QWidget& window) { window.close(); }});
+        dialog.report(error);
+        return savedReport();
+    }
+    [[nodiscard]] std::string savedReport() const {
         std::string text;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
             text += folder.bytesOf(entry.path().filename().string());
@@ -48,7 +59,7 @@ class ErrorDialogTest : public testing::Test {
     std::string logged;
 };
 
-TEST_F(ErrorDialogTest, ShowsTheErrorAndKeepsAReport) {
+TEST_F(ErrorDialogTest, ShowsTheErrorAndSavesNothingUnasked) {
     const ModalUser user({[](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Mergeloom"));
         for (const char* text :
@@ -57,13 +68,30 @@ TEST_F(ErrorDialogTest, ShowsTheErrorAndKeepsAReport) {
         QTest::keyClick(&window, Qt::Key_Return);
     }});
     make("", folder.path()).report(kError);
-    EXPECT_EQ(folder.entryCount(), 1);
-    EXPECT_THAT(keptReport(), HasSubstr("\nOffice: Office 7.4\n"));
-    EXPECT_THAT(keptReport(), HasSubstr("\nError number: 5941\n"));
-    EXPECT_THAT(keptReport(), HasSubstr("\nPlace: ui/designer/frmMain.cpp:7\n"));
+    EXPECT_EQ(folder.entryCount(), 0);
     EXPECT_EQ(logged,
               "Error 5941 in frmMain.Form_Load (ui/designer/frmMain.cpp:7): The <bookmark> is gone. "
               "(Bookmark Name = 'a')\n");
+}
+
+TEST_F(ErrorDialogTest, SavesAReportOnRequest) {
+    const std::string report = savedReportOf(make("", folder.path()), kError);
+    EXPECT_EQ(folder.entryCount(), 1);
+    EXPECT_THAT(report, HasSubstr("\nOffice: Office 7.4\n"));
+    EXPECT_THAT(report, HasSubstr("\nError number: 5941\n"));
+    EXPECT_THAT(report, HasSubstr("\nPlace: ui/designer/frmMain.cpp:7\n"));
+}
+
+TEST_F(ErrorDialogTest, AnErrorThatTheUserCanChangeIsAPlainMessage) {
+    const std::string sentence = "The file '<a>.docx' could not be read: it is protected by a password.";
+    const ModalUser user({[&](QWidget& window) {
+        EXPECT_THAT(textsOf(window), HasSubstr(sentence));
+        EXPECT_THAT(textsOf(window), Not(HasSubstr("Form_Load")));
+        EXPECT_EQ(buttonOf(window, "btnReport"), nullptr);
+        QTest::keyClick(&window, Qt::Key_Return);
+    }});
+    make("", folder.path()).report({kFileCouldNotBeRead, sentence, "", "frmMain", "Form_Load"});
+    EXPECT_THAT(logged, HasSubstr(sentence));
 }
 
 TEST_F(ErrorDialogTest, TheReportIsReadBeforeItIsSent) {
@@ -74,23 +102,11 @@ TEST_F(ErrorDialogTest, TheReportIsReadBeforeItIsSent) {
                           [this](QWidget& window) {
                               const auto* text = window.findChild<QPlainTextEdit*>();
                               ASSERT_NE(text, nullptr);
-                              EXPECT_EQ(text->toPlainText().toStdString(), keptReport());
+                              EXPECT_EQ(text->toPlainText().toStdString(), savedReport());
                               EXPECT_TRUE(text->isReadOnly());
                               EXPECT_THAT(textsOf(window), HasSubstr(folder.path()));
                               EXPECT_NE(buttonOf(window, "btnMail"), nullptr);
                               QTest::keyClick(&window, Qt::Key_Escape);
-                          }});
-    make("help@example.org", folder.path()).report(kError);
-}
-
-TEST_F(ErrorDialogTest, WithoutAnAddressThereIsNoMail) {
-    const ModalUser user({[](QWidget& window) {
-                              buttonOf(window, "btnReport")->click();
-                              dynamic_cast<QDialog&>(window).accept();
-                          },
-                          [](QWidget& window) {
-                              EXPECT_EQ(buttonOf(window, "btnMail"), nullptr);
-                              window.close();
                           }});
     make("", folder.path()).report(kError);
 }
@@ -115,17 +131,18 @@ TEST_F(ErrorDialogTest, ALongDescriptionIsWholeInTheReport) {
         window.close();
     }});
     const std::string description(20000, 'x');
-    make("", folder.path()).report({1, description, "", "frmMain", "Form_Load"});
-    EXPECT_THAT(keptReport(), HasSubstr("\nDescription: " + description + "\n"));
+    const ErrorReport error{1, description, "", "frmMain", "Form_Load"};
+    make("", folder.path()).report(error);
+    EXPECT_THAT(savedReportOf(make("", folder.path()), error),
+                HasSubstr("\nDescription: " + description + "\n"));
 }
 
 TEST_F(ErrorDialogTest, AnOfficeThatFailsIsUnknown) {
-    const ModalUser user({[](QWidget& window) { window.close(); }});
-    ErrorDialog(nullptr, {.officeBuild = []() -> std::string { throw AutomationError(70, "gone"); },
-                          .supportAddress = "",
-                          .reportFolder = folder.path()})
-        .report(kError);
-    EXPECT_THAT(keptReport(), HasSubstr("\nOffice: unknown\n"));
+    const ErrorDialog dialog(nullptr,
+                             {.officeBuild = []() -> std::string { throw AutomationError(70, "gone"); },
+                              .supportAddress = "",
+                              .reportFolder = folder.path()});
+    EXPECT_THAT(savedReportOf(dialog, kError), HasSubstr("\nOffice: unknown\n"));
 }
 
 }  // namespace

@@ -6,19 +6,27 @@
 #include "ui/services/ProblemReport.h"
 #include "ui/services/StateFolder.h"
 
+#include <QMessageBox>
 #include <exception>
 
 namespace mergeloom {
 
 namespace {
 
-/// Keeps the report and returns its path. An error while keeping it must not hide the error itself.
-QString keep(const std::string& text, const std::string& folder) {
+/// Saves the report and returns its path. An error while saving it must not hide the error itself.
+QString save(const std::string& text, const std::string& folder) {
     try {
         return QString::fromStdString(saveProblemReport(text, folder));
     } catch (const std::exception&) {
         return {};
     }
+}
+
+/// Returns true for errors whose sentence says what a user can change: a file, its format, its protection, or
+/// what a workbook cannot take.
+bool isForUsers(ErrorNumber number) {
+    return number == kFileCouldNotBeRead || number == kFileCouldNotBeSaved || number == kNotAvailable ||
+           number == kApplicationDefined;
 }
 
 std::string logLine(const ErrorReport& report) {
@@ -39,13 +47,26 @@ std::string ErrorDialogSettings::folderOfUser() {
 
 void ErrorDialog::report(const ErrorReport& report) {
     settings_.log(logLine(report));
-    const std::string text = reportText(report);
-    const QString path = keep(text, settings_.reportFolder);
+    isForUsers(report.number) ? showMessage(report) : showUnexpected(report);
+}
+
+void ErrorDialog::showMessage(const ErrorReport& report) {
     callOnGuiThread([&] {
-        const SavedReport kept{.text = QString::fromStdString(text),
-                               .path = path,
-                               .supportAddress = QString::fromStdString(settings_.supportAddress)};
-        ErrorWindow(ownerOfDialog(owner_), report, kept).exec();
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("Mergeloom"),
+                        QString::fromStdString(report.description), QMessageBox::Ok, ownerOfDialog(owner_));
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+    });
+}
+
+/// The circumstances are those of the time of the error, though the report is saved later.
+void ErrorDialog::showUnexpected(const ErrorReport& report) {
+    const std::string text = reportText(report);
+    callOnGuiThread([&] {
+        const ProblemReportDraft draft{.text = QString::fromStdString(text),
+                                       .save = [&] { return save(text, settings_.reportFolder); },
+                                       .supportAddress = QString::fromStdString(settings_.supportAddress)};
+        ErrorWindow(ownerOfDialog(owner_), report, draft).exec();
     });
 }
 

@@ -16,8 +16,8 @@ struct ErrorDialogSettings {
     std::function<std::string()> officeBuild = [] { return std::string(); };
     /// Logs a line for each error; called on the thread that reports.
     std::function<void(const std::string&)> log = [](const std::string&) {};
-    /// The address to which users send reports: by default that of this build. Without one there is no button
-    /// for it.
+    /// The address to which users send reports: by default that of this build. Without one they choose it in
+    /// their mail program.
     std::string supportAddress = addressOfBuild();
     /// The folder for reports: by default the user's state folder.
     std::string reportFolder = folderOfUser();
@@ -26,8 +26,8 @@ struct ErrorDialogSettings {
     static std::string folderOfUser();
 };
 
-/// Shows the user an unexpected error and keeps a report of it, which the user can read and send. May be
-/// called by any thread.
+/// Shows the user an error: those that a user can change as a plain message, others with a report that the
+/// user can read, keep and send. May be called by any thread.
 class ErrorDialog final : public ErrorHandler {
   public:
     explicit ErrorDialog(QWidget* owner, ErrorDialogSettings settings = {})
@@ -36,6 +36,8 @@ class ErrorDialog final : public ErrorHandler {
     void report(const ErrorReport& report) override;
 
   private:
+    void showMessage(const ErrorReport& report);
+    void showUnexpected(const ErrorReport& report);
     [[nodiscard]] std::string reportText(const ErrorReport& report) const;
 
     QPointer<QWidget> owner_;

@@ -15,6 +15,7 @@
 #include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace mergeloom {
 
@@ -39,8 +40,8 @@ constexpr int kLines = 22;
 
 }  // namespace
 
-ErrorWindow::ErrorWindow(QWidget* parent, const ErrorReport& error, const SavedReport& report)
-    : QDialog(parent), report_(report) {
+ErrorWindow::ErrorWindow(QWidget* parent, const ErrorReport& error, ProblemReportDraft report)
+    : QDialog(parent), report_(std::move(report)) {
     setObjectName(QStringLiteral("errorWindow"));
     setWindowTitle(QStringLiteral("Mergeloom"));
     auto* layout = new QVBoxLayout(this);
@@ -89,10 +90,12 @@ QWidget* ErrorWindow::makeButtons() {
 }
 
 void ErrorWindow::showReport() {
-    ReportWindow(this, report_).exec();
+    if (!path_) path_ = report_.save();
+    ReportWindow(this, report_, *path_).exec();
 }
 
-ReportWindow::ReportWindow(QWidget* parent, const SavedReport& report) : QDialog(parent), report_(report) {
+ReportWindow::ReportWindow(QWidget* parent, const ProblemReportDraft& report, QString path)
+    : QDialog(parent), report_(report), path_(std::move(path)) {
     setObjectName(QStringLiteral("reportWindow"));
     setWindowTitle(tr("Problem report"));
     auto* layout = new QVBoxLayout(this);
@@ -115,8 +118,8 @@ QWidget* ReportWindow::makeText() {
 }
 
 QWidget* ReportWindow::makePlace() {
-    auto* place = new QLabel(report_.path.isEmpty() ? tr("The report could not be saved.")
-                                                    : tr("Saved as %1").arg(report_.path));
+    auto* place =
+        new QLabel(path_.isEmpty() ? tr("The report could not be saved.") : tr("Saved as %1").arg(path_));
     place->setTextFormat(Qt::PlainText);
     place->setTextInteractionFlags(Qt::TextSelectableByMouse);
     place->setWordWrap(true);
@@ -129,7 +132,6 @@ QWidget* ReportWindow::makeButtons() {
     const QPushButton* copy = buttons->addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
     connect(copy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(report_.text); });
-    if (report_.supportAddress.isEmpty()) return buttons;
     QPushButton* mail = buttons->addButton(tr("&Write mail…"), QDialogButtonBox::ActionRole);
     mail->setObjectName(QStringLiteral("btnMail"));
     connect(mail, &QPushButton::clicked, this, [this] { writeMail(); });
@@ -142,7 +144,9 @@ void ReportWindow::writeMail() {
     if (QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(link)))) return;
     QMessageBox::warning(
         this, windowTitle(),
-        tr("No mail program could be started. The address is %1.").arg(report_.supportAddress));
+        report_.supportAddress.isEmpty()
+            ? tr("No mail program could be started.")
+            : tr("No mail program could be started. The address is %1.").arg(report_.supportAddress));
 }
 
 }  // namespace mergeloom

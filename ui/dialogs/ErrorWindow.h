@@ -4,14 +4,16 @@
 
 #include <QDialog>
 #include <QString>
+#include <functional>
+#include <optional>
 
 namespace mergeloom {
 
-/// The report of an error, its file and the address to which it is sent.
-struct SavedReport {
+/// The report of an error, which is saved only when the user asks for it.
+struct ProblemReportDraft {
     QString text;
-    QString path;            ///< empty when it could not be kept
-    QString supportAddress;  ///< empty for none
+    std::function<QString()> save;  ///< returns the path; empty when it could not be saved
+    QString supportAddress;         ///< empty when the user has to choose one
 };
 
 /// Shows an unexpected error with the known facts, and opens its report.
@@ -19,7 +21,7 @@ class ErrorWindow final : public QDialog {
     Q_OBJECT
 
   public:
-    ErrorWindow(QWidget* parent, const ErrorReport& error, const SavedReport& report);
+    ErrorWindow(QWidget* parent, const ErrorReport& error, ProblemReportDraft report);
 
   private:
     [[nodiscard]] QLayout* makeMessage(const ErrorReport& error);
@@ -27,7 +29,8 @@ class ErrorWindow final : public QDialog {
     [[nodiscard]] QWidget* makeButtons();
     void showReport();
 
-    SavedReport report_;
+    ProblemReportDraft report_;
+    std::optional<QString> path_;  ///< of the saved report
 };
 
 /// Shows the text of a report, to be read before it is sent.
@@ -35,7 +38,7 @@ class ReportWindow final : public QDialog {
     Q_OBJECT
 
   public:
-    ReportWindow(QWidget* parent, const SavedReport& report);
+    ReportWindow(QWidget* parent, const ProblemReportDraft& report, QString path);
 
   private:
     [[nodiscard]] QWidget* makeText();
@@ -43,7 +46,8 @@ class ReportWindow final : public QDialog {
     [[nodiscard]] QWidget* makeButtons();
     void writeMail();
 
-    SavedReport report_;
+    ProblemReportDraft report_;
+    QString path_;
 };
 
 }  // namespace mergeloom
