@@ -19,6 +19,7 @@
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/text/XBookmarksSupplier.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
 #include <iterator>
 
 namespace mergeloom::libreoffice {
@@ -231,6 +232,22 @@ TEST(LibreOfficeFiles, leavesSafetyOnTheDiskToTheStore) {
     EXPECT_EQ(files.read("/out.odt"), "old");
     session.files().save(document, "/out.odt", WdSaveFormat{23}, asWritten);
     EXPECT_THAT(files.read("/out.odt"), StartsWith("PK"));
+}
+
+/// What restores the document at the end of a save meets an office that has ended.
+TEST(LibreOfficeFiles, failsInWordsWhenTheOfficeEndsDuringASave) {
+    MemoryFileStore files;
+    files.files["/out.odt"] = "old";
+    LibreOfficeSession session(files);
+    const DocumentReference document = session.files().create(DocumentKind::Word);
+    session.connection().call(
+        [&] { Reference<css::util::XModifiable>(document, UNO_QUERY_THROW)->setModified(true); });
+    const auto endOffice = [&](std::string /*bytes*/) -> std::string {
+        session.process().kill();
+        throw AutomationError(kNotAvailable, "ended");
+    };
+    EXPECT_THROW(session.files().save(document, "/out.odt", WdSaveFormat{23}, endOffice), AutomationError);
+    EXPECT_EQ(files.read("/out.odt"), "old");
 }
 
 TEST(LibreOfficeConverter, keepsRelativeLinksOnTheDiskAndLeavesNothingBesideThem) {

@@ -39,7 +39,7 @@ class ErrorDialogTest : public testing::Test {
                                      .reportFolder = reportFolder});
     }
     /// Reports the error to a user who asks for the report, and returns what is saved.
-    std::string savedReportOf(ErrorDialog dialog, const ErrorReport& error) {
+    std::string savedReportOf(ErrorDialog&& dialog, const ErrorReport& error) {
         const ModalUser user({[](QWidget& window) {
                                   buttonOf(window, "btnReport")->click();
                                   dynamic_cast<QDialog&>(window).accept();
@@ -138,11 +138,12 @@ TEST_F(ErrorDialogTest, ALongDescriptionIsWholeInTheReport) {
 }
 
 TEST_F(ErrorDialogTest, AnOfficeThatFailsIsUnknown) {
-    const ErrorDialog dialog(nullptr,
-                             {.officeBuild = []() -> std::string { throw AutomationError(70, "gone"); },
+    const std::string report = savedReportOf(
+        ErrorDialog(nullptr, {.officeBuild = []() -> std::string { throw AutomationError(70, "gone"); },
                               .supportAddress = "",
-                              .reportFolder = folder.path()});
-    EXPECT_THAT(savedReportOf(dialog, kError), HasSubstr("\nOffice: unknown\n"));
+                              .reportFolder = folder.path()}),
+        kError);
+    EXPECT_THAT(report, HasSubstr("\nOffice: unknown\n"));
 }
 
 }  // namespace

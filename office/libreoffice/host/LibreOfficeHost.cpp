@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <chrono>
 #include <com/sun/star/awt/Toolkit.hpp>
+#include <com/sun/star/awt/XReschedule.hpp>
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
 #include <iterator>
@@ -205,6 +206,17 @@ void LibreOfficeHost::letOfficeCatchUp() {
     Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
 }
 
+/// Makes the office handle the events that it has, without what it does when idle: the layout of all pages of
+/// a long document takes a minute.
+void LibreOfficeHost::handleEvents() {
+    windows_.waitForServer();
+    const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+    Reference<css::awt::XReschedule>(toolkit, UNO_QUERY_THROW)->reschedule();
+#pragma GCC diagnostic pop
+}
+
 /// A view that is never laid out, for whatever reason, must not block the caller, and does so only once.
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
@@ -219,7 +231,7 @@ void LibreOfficeHost::setEnabled(bool enabled) {
     focus_->setEnabled(enabled);
     call([&] {
         // What the user did while it was disabled must not arrive after that.
-        if (enabled) letOfficeCatchUp();
+        if (enabled) handleEvents();
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);
     });
@@ -240,7 +252,7 @@ void LibreOfficeHost::focus() {
     if (inner == XCB_WINDOW_NONE) return;
     windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     call([this] {
-        letOfficeCatchUp();
+        handleEvents();
         if (const HostFrame* const frame = front()) frame->focus();
     });
 }

@@ -59,6 +59,7 @@ class LibreOfficeHost final : public DocumentHost {
     void click(HostPoint point);
     /// Waits until the office has handled the events that it was sent. To be called within a call.
     void letOfficeCatchUp();
+    void handleEvents();
     /// Waits until the document is laid out after a change of the window or a load. To be called within a
     /// call.
     void waitForLayout(HostFrame& frame);

@@ -125,10 +125,12 @@ class ChangeMark {
         : connection_(connection), document_(document), wasSet_(isSet()) {}
     ChangeMark(const ChangeMark&) = delete;
     ChangeMark& operator=(const ChangeMark&) = delete;
-    ~ChangeMark() try {
-        if (wasSet_) set(true);
-    } catch (const AutomationError&) {
-        // The office ended, and with it the document.
+    ~ChangeMark() {
+        try {
+            if (wasSet_) set(true);
+        } catch (const AutomationError&) {
+            // The office ended, and with it the document.
+        }
     }
 
     /// Writes the document with one function and returns what the other makes of it. Does both again when the
@@ -176,8 +178,12 @@ class Unmarked {
     }
     Unmarked(const Unmarked&) = delete;
     Unmarked& operator=(const Unmarked&) = delete;
-    ~Unmarked() try { modifiable_->enableSetModified(); } catch (const css::uno::Exception&) {
-        // The office ended, and with it the document.
+    ~Unmarked() {
+        try {
+            modifiable_->enableSetModified();
+        } catch (const css::uno::Exception&) {
+            // The office ended, and with it the document.
+        }
     }
 
   private:
@@ -190,10 +196,12 @@ class NewFrame {
     explicit NewFrame(const Reference<css::frame::XFrame>& frame) : frame_(frame) {}
     NewFrame(const NewFrame&) = delete;
     NewFrame& operator=(const NewFrame&) = delete;
-    ~NewFrame() try {
-        if (!frame_->getController().is()) frame_->dispose();
-    } catch (const css::uno::Exception&) {
-        // The office ended; so did its frames.
+    ~NewFrame() {
+        try {
+            if (!frame_->getController().is()) frame_->dispose();
+        } catch (const css::uno::Exception&) {
+            // The office ended; so did its frames.
+        }
     }
 
     [[nodiscard]] const Reference<css::frame::XFrame>& get() const { return frame_; }

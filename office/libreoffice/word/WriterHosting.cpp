@@ -35,11 +35,13 @@ class Unnoticed {
     }
     Unnoticed(const Unnoticed&) = delete;
     Unnoticed& operator=(const Unnoticed&) = delete;
-    ~Unnoticed() try {
-        model_.undo->unlock();
-        if (!wasModified_) model_.modifiable->setModified(false);
-    } catch (const css::uno::Exception&) {
-        // The office ended; so did the document.
+    ~Unnoticed() {
+        try {
+            model_.undo->unlock();
+            if (!wasModified_) model_.modifiable->setModified(false);
+        } catch (const css::uno::Exception&) {
+            // The office ended; so did the document.
+        }
     }
 
   private:
