@@ -242,7 +242,7 @@ TEST(LibreOfficeFiles, failsInWordsWhenTheOfficeEndsDuringASave) {
     const DocumentReference document = session.files().create(DocumentKind::Word);
     session.connection().call(
         [&] { Reference<css::util::XModifiable>(document, UNO_QUERY_THROW)->setModified(true); });
-    const auto endOffice = [&](std::string /*bytes*/) -> std::string {
+    const auto endOffice = [&](const std::string& /*bytes*/) -> std::string {
         session.process().kill();
         throw AutomationError(kNotAvailable, "ended");
     };

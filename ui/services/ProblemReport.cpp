@@ -46,12 +46,13 @@ std::string line(const std::string& name, const std::string& value) {
 
 constexpr int kMaxReports = 20;
 
+/// In the order of names, "_" is after ".": a further report of one millisecond is newer than the first.
 std::string freePath(const std::string& folder) {
     const QDateTime now = QDateTime::currentDateTimeUtc();
     const std::string stem = "problem-" + now.toString(QStringLiteral("yyyyMMdd-HHmmss-zzz")).toStdString();
     std::string path = joinPath(folder, stem + ".txt");
     for (int number = 2; fileExists(path); ++number)
-        path = joinPath(folder, stem + "-" + std::to_string(number) + ".txt");
+        path = joinPath(folder, stem + "_" + std::to_string(number) + ".txt");
     return path;
 }
 
