@@ -48,10 +48,12 @@ bool TemplateConversion::isConverted(const std::string& path) {
 std::string TemplateConversion::targetOf(const std::string& path) const {
     const std::string stem = path.substr(0, path.size() - extension(path).size() - 1);
     const std::string ending = "." + documentExtension(path);
-    std::string further;
-    for (int number = 2; files_.exists(stem + further + ending); ++number)
-        further = "_" + std::to_string(number);
-    return stem + further + ending;
+    std::string target = stem + ending;
+    for (int number = 2; files_.exists(target); ++number) {
+        target = stem;
+        target.append("_").append(std::to_string(number)).append(ending);
+    }
+    return target;
 }
 
 // The template is kept until its document exists: whatever fails, one of both is whole.
