@@ -13,8 +13,8 @@ namespace mergeloom {
 
 /// Converts the old merge fields of a document file without a user and reports the result.
 ///
-/// A backup is kept of a file that would be replaced, the document itself or an existing output. A document
-/// without such fields that would be replaced by itself is not written at all.
+/// Makes a backup of a file before it replaces it, be it the document itself or an existing output. Does not
+/// write a document in place if it has no such fields.
 class ConvertFieldsCommand {
   public:
     /// The formats are those of the office that is started. All arguments have to outlive it.

@@ -40,9 +40,8 @@ class FileStore {
     }
 };
 
-/// Keeps a copy of a file beside it before it is replaced: as FILE.bak or, when that has other content, as
-/// FILE.bak1, FILE.bak2 and so on, so that no backup is ever lost. Returns the copy's path; errors as for
-/// FileStore::copy.
+/// Copies a file to FILE.bak or, if that exists with other content, to FILE.bak1, FILE.bak2 and so on, so
+/// that no backup is ever lost. Returns the path of the copy. Raises the errors of FileStore::copy.
 std::string keepBackup(FileStore& files, const std::string& path);
 
 }  // namespace mergeloom

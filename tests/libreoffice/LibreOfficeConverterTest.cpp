@@ -234,7 +234,7 @@ TEST(LibreOfficeFiles, leavesSafetyOnTheDiskToTheStore) {
     EXPECT_THAT(files.read("/out.odt"), StartsWith("PK"));
 }
 
-/// What restores the document at the end of a save meets an office that has ended.
+/// The code that restores the document after a failed save must not raise errors when the office has ended.
 TEST(LibreOfficeFiles, failsInWordsWhenTheOfficeEndsDuringASave) {
     MemoryFileStore files;
     files.files["/out.odt"] = "old";

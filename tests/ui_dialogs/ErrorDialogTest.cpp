@@ -38,7 +38,7 @@ class ErrorDialogTest : public testing::Test {
                                      .supportAddress = address,
                                      .reportFolder = reportFolder});
     }
-    /// Reports the error to a user who asks for the report, and returns what is saved.
+    /// Reports the error, requests its report and returns the saved text.
     std::string savedReportOf(ErrorDialog&& dialog, const ErrorReport& error) {
         const ModalUser user({[](QWidget& window) {
                                   buttonOf(window, "btnReport")->click();

@@ -19,7 +19,7 @@ class TemplateConversion {
 
     /// Returns whether a file of that name is converted before it is opened.
     static bool isConverted(const std::string& path);
-    /// Returns the document's path for a template's: one that no file has yet.
+    /// Returns the path of the document for a template: the first that no file has yet.
     [[nodiscard]] std::string targetOf(const std::string& path) const;
 
     /// Converts the template to the target, which is replaced when it exists, and returns whether the target

@@ -23,8 +23,8 @@ class TemplateFiles {
     virtual std::string copyToTemporaryFolder(const std::string& path) = 0;
     /// Makes or replaces a file by a copy of another, whole or not at all; errors in the same way.
     virtual void copy(const std::string& from, const std::string& to) = 0;
-    /// Keeps a copy of the file beside it and returns the copy's path; no earlier one is replaced. Errors in
-    /// the same way.
+    /// Copies the file to a backup beside it and returns the backup's path. Replaces no earlier backup.
+    /// Raises the same errors.
     virtual std::string keepBackup(const std::string& path) = 0;
     /// Makes or replaces a file, whole or not at all; errors in the same way.
     virtual void write(const std::string& path, const std::string& bytes) = 0;

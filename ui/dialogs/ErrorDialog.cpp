@@ -22,8 +22,8 @@ QString save(const std::string& text, const std::string& folder) {
     }
 }
 
-/// Returns true for errors whose sentence says what a user can change: a file, its format, its protection, or
-/// what a workbook cannot take.
+/// Returns true for errors that a user can correct, such as a file, its format or protection, or content that
+/// a workbook refuses. Their description is sufficient.
 bool isForUsers(ErrorNumber number) {
     return number == kFileCouldNotBeRead || number == kFileCouldNotBeSaved || number == kNotAvailable ||
            number == kApplicationDefined;
@@ -59,7 +59,7 @@ void ErrorDialog::showMessage(const ErrorReport& report) {
     });
 }
 
-/// The circumstances are those of the time of the error, though the report is saved later.
+/// Collects the circumstances at once, although the report is saved later or not at all.
 void ErrorDialog::showUnexpected(const ErrorReport& report) {
     const std::string text = reportText(report);
     callOnGuiThread([&] {

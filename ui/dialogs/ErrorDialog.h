@@ -16,8 +16,8 @@ struct ErrorDialogSettings {
     std::function<std::string()> officeBuild = [] { return std::string(); };
     /// Logs a line for each error; called on the thread that reports.
     std::function<void(const std::string&)> log = [](const std::string&) {};
-    /// The address to which users send reports: by default that of this build. Without one they choose it in
-    /// their mail program.
+    /// The address to which users send reports: by default that of this build. If it is empty, users enter
+    /// one in their mail program.
     std::string supportAddress = addressOfBuild();
     /// The folder for reports: by default the user's state folder.
     std::string reportFolder = folderOfUser();
@@ -26,8 +26,8 @@ struct ErrorDialogSettings {
     static std::string folderOfUser();
 };
 
-/// Shows the user an error: those that a user can change as a plain message, others with a report that the
-/// user can read, keep and send. May be called by any thread.
+/// Shows errors to the user: those that a user can correct as a plain message, all others with a report that
+/// the user can read, save and send. May be called by any thread.
 class ErrorDialog final : public ErrorHandler {
   public:
     explicit ErrorDialog(QWidget* owner, ErrorDialogSettings settings = {})

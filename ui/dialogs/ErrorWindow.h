@@ -9,11 +9,11 @@
 
 namespace mergeloom {
 
-/// The report of an error, which is saved only when the user asks for it.
+/// The report of an error. It is saved only on request.
 struct ProblemReportDraft {
     QString text;
     std::function<QString()> save;  ///< returns the path; empty when it could not be saved
-    QString supportAddress;         ///< empty when the user has to choose one
+    QString supportAddress;         ///< empty if the user enters one in the mail program
 };
 
 /// Shows an unexpected error with the known facts, and opens its report.

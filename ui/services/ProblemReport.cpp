@@ -46,7 +46,8 @@ std::string line(const std::string& name, const std::string& value) {
 
 constexpr int kMaxReports = 20;
 
-/// In the order of names, "_" is after ".": a further report of one millisecond is newer than the first.
+/// Returns a path that no file has yet. "_" sorts after ".", so a second report in the same millisecond sorts
+/// as newer than the first.
 std::string freePath(const std::string& folder) {
     const QDateTime now = QDateTime::currentDateTimeUtc();
     const std::string stem = "problem-" + now.toString(QStringLiteral("yyyyMMdd-HHmmss-zzz")).toStdString();

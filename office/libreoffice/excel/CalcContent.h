@@ -68,7 +68,7 @@ class CalcContent {
 
     [[nodiscard]] bool isSaved();
     void setSaved(bool isSaved);
-    /// Forgets the changes of the model, which were written; those of a user stay marked in the office.
+    /// Clears the model's own modified flag after a save. The office tracks the changes by the user.
     void forgetChanges() { isSaved_ = true; }
     /// Marks the workbook as changed; called before each change.
     void touch();

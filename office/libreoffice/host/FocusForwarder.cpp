@@ -35,8 +35,8 @@ FocusForwarder::~FocusForwarder() {
     ::close(wakeUp_[0]);
 }
 
-/// Makes the server hold back each click, and the keys after it, until follow releases them: keys that are
-/// typed right after a click are sent to the window that was clicked, even if this process runs late.
+/// Makes the X server queue each click, and the keys after it, until follow() releases them. Keys that are
+/// typed right after a click are thus sent to the clicked window, even if this process is slow.
 void FocusForwarder::grabClicks(xcb_window_t window) const {
     for (const std::uint8_t button : kButtons) {
         xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,

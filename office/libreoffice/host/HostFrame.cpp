@@ -100,9 +100,9 @@ void HostFrame::fillWindow() const {
     embedWindow_.resize(width_, height_);
 }
 
-/// The office lays out by itself some time after a change. When it handles the events of the window system
-/// late, an earlier size may replace the newest one. In a window without room for a document it lays out
-/// nothing.
+/// The office lays out by itself some time after a change. If it is slow to handle the events of the window
+/// system, an earlier size may replace the newest one. It lays out nothing if the window has no room for a
+/// document.
 bool HostFrame::layOut() {
     const css::awt::Rectangle size = container_->getPosSize();
     if (size.Width != width_ || size.Height != height_) {

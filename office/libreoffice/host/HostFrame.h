@@ -35,7 +35,7 @@ class HostFrame {
     [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }
     /// Lays them out; returns false while the office does not yet have the size of the window.
     bool layOut();
-    /// Takes the present layout for the last one until the next change.
+    /// Accepts the current layout as final until the next change.
     void endLayout() { isLaidOut_ = true; }
     void setEnabled(bool enabled) const { container_->setEnable(enabled); }
     /// Passes the keys that the frame's window receives to the document.

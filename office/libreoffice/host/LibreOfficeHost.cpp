@@ -206,8 +206,8 @@ void LibreOfficeHost::letOfficeCatchUp() {
     Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
 }
 
-/// Makes the office handle the events that it has, without what it does when idle: the layout of all pages of
-/// a long document takes a minute.
+/// Makes the office handle its pending events but not its idle tasks, since the layout of all pages of a long
+/// document takes a minute.
 void LibreOfficeHost::handleEvents() {
     windows_.waitForServer();
     const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
@@ -217,7 +217,8 @@ void LibreOfficeHost::handleEvents() {
 #pragma GCC diagnostic pop
 }
 
-/// A view that is never laid out, for whatever reason, must not block the caller, and does so only once.
+/// Waits for a limited time, and only once after each change: a view that is never laid out must not block
+/// the caller.
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
     while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
@@ -230,7 +231,7 @@ void LibreOfficeHost::waitForLayout(HostFrame& frame) {
 void LibreOfficeHost::setEnabled(bool enabled) {
     focus_->setEnabled(enabled);
     call([&] {
-        // What the user did while it was disabled must not arrive after that.
+        // Handles the input from the time when the document was disabled before enabling it.
         if (enabled) handleEvents();
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);

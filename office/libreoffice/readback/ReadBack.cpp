@@ -62,7 +62,7 @@ std::string differenceOfTexts(std::string_view expected, std::string_view writte
 
 std::string difference(const ContentDigest& expected, const ContentDigest& written) {
     for (const auto& [name, text] : expected.places) {
-        // Formats change other names, or they are the office's own.
+        // Other names are changed by some formats or belong to the office.
         if (!word::isBookmarkName(name) || word::isHiddenBookmark(name)) continue;
         const auto found = written.places.find(name);
         if (found == written.places.end()) return "the place '" + name + "' is missing in it";

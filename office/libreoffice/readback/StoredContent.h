@@ -15,7 +15,7 @@ struct StoredContent {
     std::unique_ptr<opc::XmlPart> styles;  ///< with headers and footers
 };
 
-/// Returns the content of an open document; does not change the document or its mark of changes.
+/// Returns the content of an open document; does not change the document or its modified flag.
 StoredContent storedContentOf(LibreOfficeSession& session, const DocumentReference& document,
                               DocumentKind kind = DocumentKind::Word);
 

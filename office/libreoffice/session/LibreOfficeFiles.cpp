@@ -37,8 +37,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Enough for a user who types steadily.
-constexpr int kMaxAttempts = 10;
+/// The limit for a user who types during every attempt.
+constexpr int kMaxSaveAttempts = 10;
 
 using Properties = std::vector<css::beans::PropertyValue>;
 
@@ -118,14 +118,14 @@ class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task:
     std::atomic<bool> wantsPassword_ = false;  ///< set by a thread of UNO
 };
 
-/// The mark of a document that has changes since it was saved. When the save fails, it is set as before.
-class ChangeMark {
+/// The modified flag of a document during a save. Restores the flag if the save fails.
+class ModifiedFlag {
   public:
-    ChangeMark(OfficeConnection& connection, const DocumentReference& document)
+    ModifiedFlag(OfficeConnection& connection, const DocumentReference& document)
         : connection_(connection), document_(document), wasSet_(isSet()) {}
-    ChangeMark(const ChangeMark&) = delete;
-    ChangeMark& operator=(const ChangeMark&) = delete;
-    ~ChangeMark() {
+    ModifiedFlag(const ModifiedFlag&) = delete;
+    ModifiedFlag& operator=(const ModifiedFlag&) = delete;
+    ~ModifiedFlag() {
         try {
             if (wasSet_) set(true);
         } catch (const AutomationError&) {
@@ -133,9 +133,9 @@ class ChangeMark {
         }
     }
 
-    /// Writes the document with one function and returns what the other makes of it. Does both again when the
-    /// second finds a difference to a document that the user may have changed meanwhile. The mark is removed
-    /// between them, so that what the user changes later sets it again.
+    /// Calls write and then revise, and returns the result of revise. Repeats both if revise raises
+    /// DifferingCopy and the user may have changed the document after it was written. Clears the flag between
+    /// the two calls, so that any later change by the user sets it again.
     template <typename Write, typename Revise>
     std::string unchangedDuring(const Write& write, const Revise& revise) {
         for (int attempt = 1;; ++attempt) {
@@ -145,13 +145,13 @@ class ChangeMark {
                 return revise();
             } catch (const model::DifferingCopy&) {
                 const bool mayHaveChanged = attempt == 1 || isSet();
-                if (!mayHaveChanged || attempt == kMaxAttempts) throw;
+                if (!mayHaveChanged || attempt == kMaxSaveAttempts) throw;
             }
         }
     }
 
-    /// Leaves the mark as it is now.
-    void leave() { wasSet_ = false; }
+    /// Keeps the current flag: the save succeeded.
+    void keep() { wasSet_ = false; }
 
   private:
     bool isSet() {
@@ -169,16 +169,16 @@ class ChangeMark {
     bool wasSet_;
 };
 
-/// Keeps a document's mark of changes as it is. Filters that write the document set it, for they change its
+/// Locks the modified flag of a document. Export filters would set it, since they change the document's
 /// properties.
-class Unmarked {
+class ModifiedFlagLock {
   public:
-    explicit Unmarked(const DocumentReference& document) : modifiable_(document, UNO_QUERY_THROW) {
+    explicit ModifiedFlagLock(const DocumentReference& document) : modifiable_(document, UNO_QUERY_THROW) {
         modifiable_->disableSetModified();
     }
-    Unmarked(const Unmarked&) = delete;
-    Unmarked& operator=(const Unmarked&) = delete;
-    ~Unmarked() {
+    ModifiedFlagLock(const ModifiedFlagLock&) = delete;
+    ModifiedFlagLock& operator=(const ModifiedFlagLock&) = delete;
+    ~ModifiedFlagLock() {
         try {
             modifiable_->enableSetModified();
         } catch (const css::uno::Exception&) {
@@ -317,11 +317,11 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
     const std::string copy = pathToWrite(document, path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
-    ChangeMark mark(connection_, document);
-    const std::string bytes = mark.unchangedDuring([&] { store(document, path, copy, filter); },
+    ModifiedFlag flag(connection_, document);
+    const std::string bytes = flag.unchangedDuring([&] { store(document, path, copy, filter); },
                                                    [&] { return revise(DiskFileStore().read(copy)); });
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
-    mark.leave();
+    flag.keep();
 }
 
 void LibreOfficeFiles::store(const DocumentReference& document, const std::string& path,
@@ -337,7 +337,7 @@ void LibreOfficeFiles::store(const DocumentReference& document, const std::strin
 void LibreOfficeFiles::storeCopy(const DocumentReference& document, const std::string& path,
                                  std::vector<css::beans::PropertyValue> properties) {
     properties.push_back(property("Overwrite", true));
-    const Unmarked unmarked(document);
+    const ModifiedFlagLock lock(document);
     Reference<css::frame::XStorable>(document, UNO_QUERY_THROW)
         ->storeToURL(toUno(fileUrl(path)), sequenceOf(properties));
 }

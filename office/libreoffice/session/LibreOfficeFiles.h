@@ -60,15 +60,15 @@ class LibreOfficeFiles {
     /// that names the file when it is missing, damaged, protected by a password or not of the kind. The
     /// document's URL in the office is that of the copy.
     DocumentReference open(const std::string& path, DocumentKind kind);
-    /// Saves the document and removes its mark of changes, unless the user changes it meanwhile; its own URL
-    /// does not change. Raises kNotAvailable for a format that the office does not write, and
+    /// Saves the document and clears its modified flag, unless the user changes it during the save; its own
+    /// URL does not change. Raises kNotAvailable for a format that the office does not write, and
     /// kFileCouldNotBeSaved for macros in a format without them and for other failures, with sentences that
     /// name the file. Errors of the revision pass through; after DifferingCopy the document is written again
     /// if the user changed it before the comparison.
     void save(const DocumentReference& document, const std::string& path, SaveFormat format,
               const Revision& revise);
-    /// Writes a copy of the document, which stays as it is with its mark of changes, to a path of the disk.
-    /// To be called within a call of the connection.
+    /// Writes a copy of the document to a path on the disk. Does not change the document or its modified
+    /// flag. Must be called within OfficeConnection::call.
     static void storeCopy(const DocumentReference& document, const std::string& path,
                           std::vector<css::beans::PropertyValue> properties);
     /// Opens the bytes that are to be written to a path, hidden; errors as for open.

@@ -26,7 +26,7 @@ ViewCursor cursorOf(const WriterModel& model) {
     return view->getViewCursor();
 }
 
-/// What is done meanwhile is no step that can be taken back, and the document's mark of changes stays.
+/// Suppresses undo steps during its life and restores the document's modified flag.
 class Unnoticed {
   public:
     explicit Unnoticed(const WriterModel& model)

@@ -12,7 +12,7 @@ namespace mergeloom {
 namespace {
 
 constexpr auto kSaveFormat = word::WdSaveFormat::wdFormatXMLDocument;
-/// More than each bound within which an office or a window has to answer.
+/// Longer than every timeout of the office and its window.
 constexpr unsigned kSecondsOfHang = 240;
 
 void reportHang(int) {
@@ -23,7 +23,7 @@ void reportHang(int) {
 
 }  // namespace
 
-/// A test that hangs ends with the calls in which it does.
+/// Ends a test that hangs and prints its call stack.
 HostTest::HostTest() {
     ::signal(SIGALRM, reportHang);
     ::alarm(kSecondsOfHang);

@@ -12,7 +12,7 @@
 
 namespace mergeloom {
 
-/// A program that runs as long as this object and its process live.
+/// A program that runs until this object is destroyed or this process ends.
 class RunningProgram {
   public:
     RunningProgram() = default;

@@ -64,7 +64,7 @@ void type(const DocumentReference& document, const std::string& text) {
     texts->getText()->getEnd()->setString(toUno(text));
 }
 
-/// A key that the user hits meanwhile comes into the file, or its change stays marked.
+/// Text that is typed during a save is saved, or the document remains modified.
 TEST(ReadBack, savesWhatIsTypedDuringTheSave) {
     MemoryFileStore files;
     const auto session = sharedOffice(files);
@@ -92,16 +92,20 @@ TEST(ReadBack, savesWhatIsTypedDuringTheSave) {
 }
 
 TEST(ReadBack, saysWhatDiffers) {
-    const ContentDigest expected{.text = "DearJohn", .places = {{"Name", "John"}, {"_hidden", "x"}}};
+    const std::string longName = "ÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄÄ";  // 40 letters
+    const ContentDigest expected{.text = "DearJohn",
+                                 .places = {{"Name", "John"}, {"_hidden", "x"}, {longName, "x"}}};
     struct Case {
         ContentDigest written;
         std::string difference;
     };
     const Case cases[] = {
-        {{.text = "DearJohn", .places = {{"Name", "John"}, {"More", ""}}}, ""},
+        {{.text = "DearJohn", .places = {{"Name", "John"}, {"More", ""}, {longName, "x"}}}, ""},
+        {{.text = "DearJohn", .places = {{"Name", "John"}}}, "the place '" + longName + "' is missing in it"},
         {{.text = "DearJohn", .places = {}}, "the place 'Name' is missing in it"},
         {{.text = "DearJohn", .places = {{"Name", ""}}}, "the place 'Name' holds \"\" instead of \"John\""},
-        {{.text = "DearJohnJohn", .places = {{"Name", "John"}}}, "its text has \"John\" instead of \"\""},
+        {{.text = "DearJohnJohn", .places = {{"Name", "John"}, {longName, "x"}}},
+         "its text has \"John\" instead of \"\""},
     };
     for (const Case& c : cases)
         EXPECT_EQ(difference(expected, c.written), c.difference);
