@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Measures how the time of three jobs grows when the job doubles: bound subforms that become tables (of 5 and of 63
-columns), formula fields that become columns of a workbook's table, and merge fields that become places."""
+"""Measures how the time of four jobs grows when the job doubles: bound subforms that become tables (of 5 and of 63
+columns), formula fields that become columns of a workbook's table, the fields of one formula that become rows of a
+Word table, and merge fields that become places."""
 
 import argparse
 import pathlib
@@ -45,6 +46,13 @@ def write_formula_fields(path, count):
     path.write_text(f'<Database><Table Name="Linked" CurrentView="2">{fields}</Table></Database>')
 
 
+def write_formula(path, count):
+    fields = "".join(f'<Control Name="F{number}" ControlSource="F{number}"/>' for number in range(count))
+    names = "+".join(f"[F{number}]" for number in range(count))
+    path.write_text(f'<Database><Table Name="Linked" CurrentView="2">'
+                    f'<Control Name="Total" ControlSource="=Sum({names})"/>{fields}</Table></Database>')
+
+
 def convert_fields(program, folder, count):
     source, target = folder / f"fields{count}.docx", folder / f"converted{count}.docx"
     write_merge_fields(source, count)
@@ -70,6 +78,15 @@ def map_formula_fields(program, folder, count):
     return contender
 
 
+def map_formula(program, folder, count):
+    source, target = folder / f"formula{count}.xml", folder / f"formula{count}.docx"
+    write_formula(source, count)
+    contender = Contender([program, "-hidden", "-xmlfile", str(source), "-template", str(target), "-listing",
+                           "-fields", "Total"], target)
+    contender.require_bookmarks(count + 2)
+    return contender
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", default=str(ROOT / "build" / "release" / "mergeloom"))
@@ -83,6 +100,9 @@ def main():
                 for count, columns in ((250, 5), (500, 5), (20, 63))]
         rows += [(f"{count:,} and {2 * count:,} formula fields",
                   *(map_formula_fields(program, folder, times * count) for times in (1, 2)))
+                 for count in (2_000, 4_000)]
+        rows += [(f"{count:,} and {2 * count:,} fields of one formula",
+                  *(map_formula(program, folder, times * count) for times in (1, 2)))
                  for count in (2_000, 4_000)]
         rows += [(f"{count:,} and {2 * count:,} merge fields",
                   *(convert_fields(program, folder, times * count) for times in (1, 2)))

@@ -68,11 +68,9 @@ std::vector<FieldDropArguments> controlsOf(const DropContext& context, const Fie
 }
 
 bool leavesAnything(const DropContext& context, const FieldDropArguments& subform) {
-    const std::vector<FieldDropArguments> controls = controlsOf(context, subform);
-    return controls.empty() || std::ranges::any_of(controls, [&](const FieldDropArguments& control) {
-               return isSubform(control.node) ? leavesAnything(context, control)
-                                              : isNameable(context, control);
-           });
+    return std::ranges::any_of(controlsOf(context, subform), [&](const FieldDropArguments& control) {
+        return isSubform(control.node) ? leavesAnything(context, control) : isNameable(context, control);
+    });
 }
 
 constexpr const char* kFieldModule = "CNodeDropperField";
@@ -124,7 +122,13 @@ bool takesName(DropContext& context, const FieldDropArguments& control) {
 
 bool takesSubform(DropContext& context, const FieldDropArguments& subform) {
     if (leavesAnything(context, subform)) return true;
-    for (const FieldDropArguments& control : controlsOf(context, subform))
+    const std::vector<FieldDropArguments> controls = controlsOf(context, subform);
+    if (controls.empty()) {
+        context.reports.tell("The subform " + quoted(nameOf(subform)) +
+                             " is left out: it has no control that can be dropped.");
+        return false;
+    }
+    for (const FieldDropArguments& control : controls)
         isSubform(control.node) ? takesSubform(context, control) : takesName(context, control);
     return context.reports.refuse("The subform " + quoted(nameOf(subform)) +
                                   " is left out: none of its controls can be dropped.");
@@ -215,7 +219,7 @@ bool CNodeDropperField::dropIntoTable(const FieldDropArguments& arguments, const
                                       word::Table& table) {
     const word::BookmarksPtr bookmarks = document->Bookmarks();
     const bool isNewTable = !arguments.tableName.empty() && !bookmarks->Exists(arguments.tableName);
-    if (isNewTable && !markTable(context_, *document, table, arguments.tableName)) {
+    if (isNewTable && markTable(context_, *document, table, arguments.tableName).empty()) {
         return false;
     }
     FieldDropArguments place = arguments;

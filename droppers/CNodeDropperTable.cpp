@@ -101,13 +101,6 @@ bool DeleteSeparateTableFields(DropContext& context, const TreeNode& node, word:
     });
 }
 
-word::CellPtr cellOf(word::Table& table, int row, int column) {
-    const word::RowsPtr rows = table.Rows();
-    while (rows->Count() < row)
-        rows->Add();
-    return rows->Item(row)->Cells()->Item(column);
-}
-
 /// Sets the table's font size and leaves the caret after the table.
 void finishTable(word::Table& table, word::Selection& selection) {
     table.Select();
@@ -118,6 +111,26 @@ void finishTable(word::Table& table, word::Selection& selection) {
 }
 
 }  // namespace
+
+/// The rows of a table, which grows where linked fields need more of them. They are kept, since an office
+/// searches all rows for one.
+class CNodeDropperTable::TableRows {
+  public:
+    explicit TableRows(word::Table& table) : rows_(table.Rows()) {
+        for (int number = 1; number <= rows_->Count(); ++number)
+            known_.push_back(rows_->Item(number));
+    }
+
+    word::CellPtr cell(int row, int column) {
+        while (static_cast<int>(known_.size()) < row)
+            known_.push_back(rows_->Add());
+        return known_[static_cast<std::size_t>(row) - 1]->Cells()->Item(column);
+    }
+
+  private:
+    word::RowsPtr rows_;
+    std::vector<word::RowPtr> known_;
+};
 
 bool CNodeDropperTable::TableDrop(const TreeNode& robjTVNode, const word::DocumentPtr& robjDocument,
                                   const std::string& name, const FieldKeys* fieldKeys) {
@@ -201,7 +214,8 @@ bool CNodeDropperTable::areColumns(const ControlNodes& chosen) {
 
 bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& columns) {
     const word::SelectionPtr selection = drop.document->Application()->Selection();
-    const std::string bookmarkName = tableNameInDrop(context_, tableBookmarkName(drop.node, drop.name));
+    const std::string ownName = tableBookmarkName(drop.node, drop.name);
+    const std::string bookmarkName = tableNameInDrop(context_, ownName);
     deleteTableOf(*drop.document, bookmarkName);
 
     const word::RangePtr place = selection->Range();
@@ -213,8 +227,10 @@ bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& column
         drop.document->Tables()->Add(*selection->Range(), kFieldRow, static_cast<int>(columns.size()));
     if (!FillTable(drop, *table, columns)) return false;
     // A table under an empty name could never be found again.
-    if (!bookmarkName.empty() && !markTable(context_, *drop.document, *table, bookmarkName)) {
-        return false;
+    if (!bookmarkName.empty()) {
+        const std::string made = markTable(context_, *drop.document, *table, bookmarkName);
+        if (made.empty()) return false;
+        if (bookmarkName != ownName) tellFurtherTable(context_, ownName, made);
     }
     finishTable(*table, *selection);
     return true;
@@ -224,22 +240,22 @@ bool CNodeDropperTable::FillTable(const Drop& drop, word::Table& table, const Co
     return context_.reports.trap({kTableModule, "FillTable"}, [&] {
         const std::vector<ControlNodes> places =
             placesOfColumns(context_.xmlNodes, columns, fieldsOf(context_.xmlNodes, drop.node));
-        const word::CellsPtr captions = table.Rows()->Item(kCaptionRow)->Cells();
-        for (int number = 1; number <= captions->Count() && !context_.reports.failed(); ++number) {
-            const word::CellPtr caption = captions->Item(number);
-            fillColumn(drop, table, *caption, places.at(static_cast<std::size_t>(number) - 1));
+        TableRows rows(table);
+        for (int column = 1; column <= static_cast<int>(places.size()) && !context_.reports.failed();
+             ++column) {
+            fillColumn(drop, rows, column, places.at(static_cast<std::size_t>(column) - 1));
         }
         return !context_.reports.failed();
     });
 }
 
-void CNodeDropperTable::fillColumn(const Drop& drop, word::Table& table, word::Cell& caption,
+void CNodeDropperTable::fillColumn(const Drop& drop, TableRows& rows, int column,
                                    const ControlNodes& places) {
     const XmlNode field = elementOf(context_.xmlNodes, places.front());
-    caption.Range()->SetText(GetControlCaption(context_.reports, field));
+    rows.cell(kCaptionRow, column)->Range()->SetText(GetControlCaption(context_.reports, field));
     int row = kFieldRow;
     for (const TreeNode* place : places) {
-        dropIntoCell(drop, *cellOf(table, row, caption.ColumnIndex()), *place);
+        dropIntoCell(drop, *rows.cell(row, column), *place);
         ++row;
     }
 }

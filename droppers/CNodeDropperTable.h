@@ -55,6 +55,7 @@ class CNodeDropperTable {
         const word::DocumentPtr& document;
         const std::string& name;
     };
+    class TableRows;
     struct ExcelDrop {
         const TreeNode& node;
         const excel::WorkbookPtr& workbook;
@@ -71,7 +72,7 @@ class CNodeDropperTable {
     bool areColumns(const ControlNodes& chosen);
     bool insertTable(const Drop& drop, const ControlNodes& columns);
     bool FillTable(const Drop& drop, word::Table& table, const ControlNodes& columns);
-    void fillColumn(const Drop& drop, word::Table& table, word::Cell& caption, const ControlNodes& places);
+    void fillColumn(const Drop& drop, TableRows& rows, int column, const ControlNodes& places);
     void dropIntoCell(const Drop& drop, word::Cell& cell, const TreeNode& field);
 
     std::vector<ControlNodes> xlPlaces(const TreeNode& node, const ControlNodes& columns) const;

@@ -118,10 +118,12 @@ int CNodeDropperTable::xlInsertTable(const ExcelDrop& drop, excel::Range& cell,
                                      const std::vector<ControlNodes>& places) {
     const int columns = static_cast<int>(places.size());
     excel::RangePtr block = cell.Resize(kFieldRow, columns);
-    const std::string rangeName = tableNameInDrop(context_, tableRangeName(drop.node, drop.name));
+    const std::string ownName = tableRangeName(drop.node, drop.name);
+    const std::string rangeName = tableNameInDrop(context_, ownName);
     excel::DefinedNamePtr tableName;
     // A table under an empty name could never be found again.
     if (!rangeName.empty()) tableName = nameTable(context_, *drop.workbook, rangeName, refersTo(*block));
+    if (rangeName != ownName) tellFurtherTable(context_, ownName, tableName->Name());
     if (!xlFillTable(drop, *block, places)) return 0;
 
     if (rowsFor(places) > kFieldRow) {

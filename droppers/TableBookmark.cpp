@@ -86,12 +86,13 @@ std::string tableNameInDrop(DropContext& context, const std::string& tableName) 
         name = context.normalizeName(tableName + std::string(kFurtherPlaceSuffix) + std::to_string(counter),
                                      false);
     }
-    if (name != tableName) {
-        context.reports.tell("This drop has made the table \"" + tableName +
-                             "\" already; the further one is named \"" + name + "\".");
-    }
     if (!name.empty()) context.tables.add(name);
     return name;
+}
+
+void tellFurtherTable(DropContext& context, const std::string& tableName, const std::string& madeName) {
+    context.reports.tell("This drop has made the table \"" + tableName +
+                         "\" already; the further one is named \"" + madeName + "\".");
 }
 
 void deleteTableOf(word::Document& document, const std::string& bookmarkName) {
@@ -101,19 +102,20 @@ void deleteTableOf(word::Document& document, const std::string& bookmarkName) {
     if (table) table->Delete();
 }
 
-bool markTable(DropContext& context, word::Document& document, word::Table& table,
-               const std::string& bookmarkName) {
+std::string markTable(DropContext& context, word::Document& document, word::Table& table,
+                      const std::string& bookmarkName) {
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     const word::RangePtr whole = table.Range();
     if (bookmarks->Exists(bookmarkName) && !isPlace(context, *bookmarks->Item(bookmarkName))) {
         bookmarks->Add(bookmarkName, *whole);
-        return true;
+        return bookmarkName;
     }
     std::string name = bookmarkName;
     const word::BookmarkPtr added = rWordBookmarkAdd(context.reports, document, *whole, name);
-    if (!added || context.reports.failed()) return false;
-    context.tables.add(added->Name());
-    return true;
+    if (!added || context.reports.failed()) return {};
+    const std::string made = added->Name();
+    context.tables.add(made);
+    return made;
 }
 
 excel::DefinedNamePtr nameTable(DropContext& context, excel::Workbook& workbook, const std::string& rangeName,

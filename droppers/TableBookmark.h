@@ -28,17 +28,20 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
                         std::string (*rule)(const TreeNode&, const std::string&));
 
 /// Returns the name of a table in this drop: the given one, or a further one when this drop has already made
-/// a table of that name, which is no earlier table to replace. The user is informed of a further name.
+/// a table of that name, which is no earlier table to replace.
 std::string tableNameInDrop(DropContext& context, const std::string& tableName);
+/// Informs the user of the name that a further table of this drop was given.
+void tellFurtherTable(DropContext& context, const std::string& tableName, const std::string& madeName);
 
 /// Deletes the table under the bookmark. A bookmark that has lost its table stays, and so does one over a
 /// single cell, which is a place in another table.
 void deleteTableOf(word::Document& document, const std::string& bookmarkName);
 
 /// Puts the bookmark over the whole table. A bookmark of that name that has lost its table moves here; a
-/// field of that name keeps it, and the table gets a further name. Returns false on failure.
-bool markTable(DropContext& context, word::Document& document, word::Table& table,
-               const std::string& bookmarkName);
+/// field of that name keeps it, and the table gets a further name. Returns the bookmark's name; empty on
+/// failure.
+std::string markTable(DropContext& context, word::Document& document, word::Table& table,
+                      const std::string& bookmarkName);
 
 /// Names the cells of a table in a workbook, which the formula refers to. The name of an earlier table moves
 /// here; a place of that name keeps it, and the table gets a further name.

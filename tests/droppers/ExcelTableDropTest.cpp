@@ -107,6 +107,14 @@ TEST_F(ExcelTableDrop, OneDropKeepsAllItsTables) {
         EXPECT_EQ(names(), c.expectedNames);
         EXPECT_EQ(messages.texts(), c.expectedMessages);
     }
+
+    load("<db><Form Name='F' CurrentView='1'><Control Name='Lines_ref1'/>" + lines + lines + "</Form></db>");
+    open();
+    messages.messages.clear();
+    EXPECT_TRUE(drop(node("1k")));
+    EXPECT_EQ(names(),
+              "ammLines=B2:B3 ammLinesP=B3 ammLinesP_ref1=B5 ammLines_ref1=B1 ammLines_ref1_ref1=B4:B5 ");
+    EXPECT_EQ(messages.texts(), told + "ammLines_ref1_ref1\".\n");
 }
 
 TEST_F(ExcelTableDrop, LinkedFieldsStandUnderTheFieldTheyServe) {

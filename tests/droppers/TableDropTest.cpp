@@ -138,6 +138,19 @@ TEST_F(TableDrop, OneDropKeepsAllItsTables) {
     EXPECT_EQ(document->Tables()->Count(), 2);
 }
 
+TEST_F(TableDrop, TellsTheNameThatAFurtherTableGets) {
+    const std::string lines =
+        "<Control Name='Lines' ControlType='Subform'><Form HasRecordset='1'><Control "
+        "Name='P'/></Form></Control>";
+    load("<db><Form Name='F' CurrentView='1'><Control Name='Lines_ref1'/>" + lines + lines + "</Form></db>");
+    open();
+    EXPECT_TRUE(drop(node("1k")));
+    EXPECT_TRUE(document->Bookmarks()->Exists("Lines_ref1_ref1"));
+    EXPECT_EQ(
+        messages.texts(),
+        "This drop has made the table \"Lines\" already; the further one is named \"Lines_ref1_ref1\".\n");
+}
+
 TEST_F(TableDrop, ABookmarkWithoutItsTable) {
     const std::string table = "<w:tbl><w:tr><w:tc>%</w:tc><w:tc><w:p/></w:tc></w:tr></w:tbl>";
     const auto marked = [](const std::string& text) {

@@ -11,20 +11,18 @@ namespace mergeloom::embedded {
 
 namespace {
 
+/// Returns true for an element that may be around the rows of a table or the cells of a row.
+bool mayWrap(opc::WordTag tag) {
+    return tag == opc::WordTag::ContentControl || tag == opc::WordTag::ContentControlContent ||
+           tag == opc::WordTag::CustomXml || tag == opc::WordTag::Insertion || tag == opc::WordTag::Deletion;
+}
+
 void collect(pugi::xml_node container, opc::WordTag wanted, const opc::WordNames& names,
              std::vector<pugi::xml_node>& found) {
     for (const pugi::xml_node child : container.children()) {
-        switch (const opc::WordTag tag = names.tagOf(child)) {
-            case opc::WordTag::ContentControl:
-            case opc::WordTag::ContentControlContent:
-            case opc::WordTag::CustomXml:
-            case opc::WordTag::Insertion:
-            case opc::WordTag::Deletion:
-                collect(child, wanted, names, found);
-                break;
-            default:
-                if (tag == wanted) found.push_back(child);
-        }
+        const opc::WordTag tag = names.tagOf(child);
+        if (mayWrap(tag)) collect(child, wanted, names, found);
+        if (tag == wanted) found.push_back(child);
     }
 }
 
@@ -52,6 +50,16 @@ std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const opc::WordNames& n
     std::vector<pugi::xml_node> rows;
     collect(table, opc::WordTag::Row, names, rows);
     return rows;
+}
+
+pugi::xml_node lastRowOf(pugi::xml_node table, const opc::WordNames& names) {
+    for (pugi::xml_node child = table.last_child(); child; child = child.previous_sibling()) {
+        const opc::WordTag tag = names.tagOf(child);
+        if (tag == opc::WordTag::Row) return child;
+        const pugi::xml_node wrapped = mayWrap(tag) ? lastRowOf(child, names) : pugi::xml_node();
+        if (wrapped) return wrapped;
+    }
+    return {};
 }
 
 std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const opc::WordNames& names) {
@@ -118,16 +126,16 @@ Item* TableEditor::insertTable(CharacterPosition position, const TableShape& sha
     return firstRow;
 }
 
-Item* TableEditor::appendRow(pugi::xml_node table, const Item* inside) {
-    const pugi::xml_node last = rowsOf(table, story_.names()).back();
+Item* TableEditor::appendRow(const Item* lastRowMark) {
+    const pugi::xml_node last = lastRowMark->node;
     const pugi::xml_node row = makeRowLike(last);
-    const CharacterPosition end = characterRangeOf(story_, table, inside).end;
-    Item* next = ItemTree::next(story_.items().itemAt(end - CharacterCount{1}));
+    const CharacterPosition end = story_.positionOf(lastRowMark);
+    Item* next = ItemTree::next(lastRowMark);
     journal_.move(story_.part(), row, last.parent(), last);
     const CharacterCount before = story_.length();
     Item* mark = insertRowItems(row, next);
     // Ranges after the table move with it; those that ended with the table end with the new row.
-    story_.shift(end - CharacterCount{1}, {}, story_.length() - before);
+    story_.shift(end, {}, story_.length() - before);
     return mark;
 }
 

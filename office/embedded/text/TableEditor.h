@@ -12,6 +12,8 @@ namespace mergeloom::embedded {
 /// or tracked changes; those of nested tables do not count.
 std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const opc::WordNames& names);
 std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const opc::WordNames& names);
+/// Returns the last of rowsOf without visiting the others; none for a table without rows.
+pugi::xml_node lastRowOf(pugi::xml_node table, const opc::WordNames& names);
 
 /// Returns how many columns the table's grid has; for a table without a grid, how many cells its longest row
 /// has.
@@ -40,8 +42,8 @@ class TableEditor {
     /// split there first. Returns the mark of the table's first row.
     Item* insertTable(CharacterPosition position, const TableShape& shape);
 
-    /// Appends a row like the last one with empty cells. Returns its mark.
-    Item* appendRow(pugi::xml_node table, const Item* inside);
+    /// Appends a row like the last one, whose mark is given, with empty cells. Returns its mark.
+    Item* appendRow(const Item* lastRowMark);
 
   private:
     pugi::xml_node makeTable(const TableShape& shape);

@@ -16,13 +16,13 @@ namespace {
 
 constexpr int kMaxColumns = 63;
 
-/// A table, found again by its element and the mark of its last row.
+/// A table, found again by its element and the mark of a row.
 class EmbeddedTable final : public word::Table, public std::enable_shared_from_this<EmbeddedTable> {
   public:
-    EmbeddedTable(StoryPlace place, pugi::xml_node table, Item* rowMark)
+    EmbeddedTable(StoryPlace place, pugi::xml_node table, const Item* rowMark)
         : place_(std::move(place)), table_(table), rowMark_(rowMark) {}
 
-    word::RangePtr Range() override { return rangeOf(element()); }
+    word::RangePtr Range() override { return rangeBetween(charactersOf(element(), rowMark_)); }
     word::RowsPtr Rows() override;
     word::ColumnsPtr Columns() override {
         return std::make_shared<model::FixedCount<word::Columns>>(columnCountOf(element(), names()));
@@ -30,7 +30,7 @@ class EmbeddedTable final : public word::Table, public std::enable_shared_from_t
     bool Uniform() override { return isUniform(element(), names()); }
     void Select() override { Range()->Select(); }
     void Delete() override {
-        const CharacterRange whole = charactersOf(element());
+        const CharacterRange whole = charactersOf(element(), rowMark_);
         place_.content->replace(*place_.story, whole.start, whole.end, "");
     }
 
@@ -40,37 +40,55 @@ class EmbeddedTable final : public word::Table, public std::enable_shared_from_t
         return table_;
     }
     [[nodiscard]] const opc::WordNames& names() const { return place_.story->names(); }
-    /// Returns the range of a row or cell of the table, or of the table itself.
-    [[nodiscard]] word::RangePtr rangeOf(pugi::xml_node part) const {
-        const CharacterRange found = charactersOf(part);
-        return std::make_shared<EmbeddedRange>(place_.content, *place_.story, found.start, found.end);
+    /// Returns the range of a cell of the table. The rows are searched from the last one, which is the one
+    /// that is filled while a table grows.
+    [[nodiscard]] word::RangePtr rangeOf(pugi::xml_node cell) const {
+        const pugi::xml_node row = names().ancestor(cell, opc::WordTag::Row);
+        const Item* item = lastRowMark();
+        while (item->node != row)
+            item = ItemTree::previous(item);
+        while (!isInside(item->node, cell))
+            item = ItemTree::previous(item);
+        return rangeBetween(charactersOf(cell, item));
     }
-    void appendRow() {
-        const CharacterRange whole = charactersOf(element());
-        place_.content->beginEdit(*place_.story, whole.end - CharacterCount{1}, whole.end);
-        place_.editable().tables.appendRow(table_, rowMark_);
+    /// Appends a row and returns it.
+    pugi::xml_node appendRow() {
+        const Item* last = lastRowMark();
+        const CharacterPosition end = place_.story->positionOf(last);
+        place_.content->beginEdit(*place_.story, end, end + CharacterCount{1});
+        lastRowMark_ = place_.editable().tables.appendRow(last);
+        return lastRowMark_->node;
     }
 
   private:
-    [[nodiscard]] CharacterRange charactersOf(pugi::xml_node part) const {
-        const CharacterRange whole = characterRangeOf(*place_.story, element(), rowMark_);
-        if (part == table_) return whole;
-        const Item* item = place_.story->items().itemAt(whole.start);
-        while (!isInside(item->node, part))
-            item = ItemTree::next(item);
-        return characterRangeOf(*place_.story, part, item);
+    [[nodiscard]] CharacterRange charactersOf(pugi::xml_node part, const Item* inside) const {
+        return characterRangeOf(*place_.story, part, inside);
+    }
+    [[nodiscard]] word::RangePtr rangeBetween(const CharacterRange& found) const {
+        return std::make_shared<EmbeddedRange>(place_.content, *place_.story, found.start, found.end);
+    }
+    /// Returns the mark of the last row, which changes with each row that is appended, also through other
+    /// objects of this table.
+    [[nodiscard]] const Item* lastRowMark() const {
+        const pugi::xml_node last = lastRowOf(element(), names());
+        const Item* mark = lastRowMark_->isPlaced() ? lastRowMark_ : rowMark_;
+        while (mark->node != last)
+            mark = ItemTree::next(mark);
+        lastRowMark_ = mark;
+        return mark;
     }
 
     StoryPlace place_;
     pugi::xml_node table_;
-    Item* rowMark_;
+    const Item* rowMark_;
+    mutable const Item* lastRowMark_ = rowMark_;
 };
 
 using TablePtr = std::shared_ptr<EmbeddedTable>;
 
 /// Returns the table with an item inside it.
 TablePtr makeTable(const StoryPlace& place, pugi::xml_node table, Item* inside) {
-    const pugi::xml_node lastRow = rowsOf(table, place.story->names()).back();
+    const pugi::xml_node lastRow = lastRowOf(table, place.story->names());
     while (inside->kind != ItemKind::RowMark || inside->node != lastRow)
         inside = ItemTree::next(inside);
     return std::make_shared<EmbeddedTable>(place, table, inside);
@@ -132,10 +150,7 @@ class EmbeddedRows final : public word::Rows {
     word::RowPtr Item(int number) override {
         return std::make_shared<EmbeddedRow>(table_, rows()[indexOf(number)]);
     }
-    word::RowPtr Add() override {
-        table_->appendRow();
-        return Item(Count());
-    }
+    word::RowPtr Add() override { return std::make_shared<EmbeddedRow>(table_, table_->appendRow()); }
 
   private:
     [[nodiscard]] std::vector<pugi::xml_node> rows() const {
