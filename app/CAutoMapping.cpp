@@ -193,10 +193,16 @@ bool CAutoMapping::beginsAtRefusedStart(MappingTarget& office) const {
 
 std::optional<FieldKeys> CAutoMapping::chosenFields(const MappingSource& source, const TreeNode& object,
                                                     Messages& messages) const {
-    if (arguments_.type != MappingType::Listing || !listsFields(arguments_.fields)) return {};
+    if (!listsFields(arguments_.fields)) return {};
+    if (arguments_.type != MappingType::Listing) {
+        showWarning(messages, "The list of fields is not used: only -listing maps chosen fields.");
+        return {};
+    }
     if (!namesFields(arguments_.fields)) RaiseMappingError(kFieldListNotDefined);
     const NamedFields named = fieldsNamed(object, source.xmlNodes(), arguments_.fields);
-    showWarning(messages, unmatchedSentence(named, object.Text()));
+    const std::string unmatched = unmatchedSentence(named, object.Text());
+    showWarning(messages, unmatched);
+    if (!unmatched.empty()) showWarning(messages, leftOutControls(source, object));
     if (named.keys.empty()) RaiseMappingError(kFieldListIncorrect);
     return named.keys;
 }

@@ -67,7 +67,9 @@ bool keepOrTakeBack(DropReports& reports, const Procedure& procedure, DropRecord
 }
 
 void noteWhatIsMissing(DropContext& context, const TreeNode& node, ObjectLayout layout) {
-    if (!context.reports.hasTold()) context.nothingDropped = nothingToDrop(context, node, layout);
+    // The refusal of a view does not say that the view was not found.
+    if (layout == ObjectLayout::None || !context.reports.hasTold())
+        context.nothingDropped = nothingToDrop(context, node, layout);
 }
 
 /// A template, since documents and workbooks have no common way to their applications.
@@ -154,7 +156,6 @@ bool CNodeDropper::dropKind(const Drop& drop, DropKind kind) {
 bool CNodeDropper::dropObject(const Drop& drop, const XmlNode& element) {
     const ObjectLayout layout = layoutOf(drop.context, element);
     const bool becomesLabels = drop.context.settings.documentType == DocumentType::LabelDocument;
-    if (layout == ObjectLayout::None && !becomesLabels) return false;
     const bool dropped = becomesLabels ? drop.routes.labelDocumentDrop(drop.node, nameOf(element))
                                        : dropLaidOut(drop, element, layout);
     if (!dropped) noteWhatIsMissing(drop.context, drop.node, layout);
@@ -162,6 +163,7 @@ bool CNodeDropper::dropObject(const Drop& drop, const XmlNode& element) {
 }
 
 bool CNodeDropper::dropLaidOut(const Drop& drop, const XmlNode& element, ObjectLayout layout) {
+    if (layout == ObjectLayout::None) return false;
     return layout == ObjectLayout::Table ? drop.routes.tableDrop(drop.node, nameOf(element))
                                          : drop.routes.formDrop(drop.node, nameOf(element));
 }

@@ -75,11 +75,18 @@ std::string noPlaces(const std::string& object) {
     return "only subforms were found in " + object + ", and no control in them that can be dropped.";
 }
 
+std::string noView(const XmlNode& element, const std::string& object) {
+    if (element.namedAttribute(AttributeName(Attribute::CurrentView).c_str())) return {};
+    return object + " has no attribute that is spelt \"CurrentView\", which decides the layout.";
+}
+
 std::string reason(const DropContext& context, const TreeNode& node, ObjectLayout layout) {
     const XmlNode element = elementOf(context.xmlNodes, &node);
     const std::string object = nameOf(element, node);
+    const bool becomesLabels = context.settings.documentType == DocumentType::LabelDocument;
+    if (layout == ObjectLayout::None && !becomesLabels) return noView(element, object);
     if (!node.Child()) return noControls(element, object);
-    if (context.settings.documentType == DocumentType::LabelDocument) return noLabels(object);
+    if (becomesLabels) return noLabels(object);
     if (layout == ObjectLayout::Form) return noPlaces(object);
     return fieldsOf(context.xmlNodes, node).empty() ? noFields(object) : "";
 }

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/model/Object.h"
 
+#include <source_location>
 #include <string>
 #include <utility>
 
@@ -29,8 +30,9 @@ class OfficeDocument : public Object {
 /// the bytes that were not written can be kept elsewhere.
 class DifferingCopy final : public AutomationError {
   public:
-    DifferingCopy(const std::string& sentence, std::string bytes)
-        : AutomationError(kFileCouldNotBeSaved, sentence), bytes_(std::move(bytes)) {}
+    DifferingCopy(const std::string& sentence, std::string bytes,
+                  const std::source_location& place = std::source_location::current())
+        : AutomationError(kFileCouldNotBeSaved, sentence, place), bytes_(std::move(bytes)) {}
 
     [[nodiscard]] const std::string& bytes() const { return bytes_; }
 

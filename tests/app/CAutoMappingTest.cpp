@@ -168,7 +168,10 @@ TEST_F(AutoMapping, AFieldListChoosesTheColumns) {
         std::filesystem::remove(folder / "abc.dotx");
     }
     const std::string lacks = "The list of fields names ";
-    EXPECT_EQ(messages.texts(), lacks + "\"none\": Table \"T\" has no such field.\n" + lacks +
+    EXPECT_EQ(messages.texts(), lacks +
+                                    "\"none\": Table \"T\" has no such field.\n"
+                                    "The list of fields is not used: only -listing maps chosen fields.\n" +
+                                    lacks +
                                     "\"none\", \"X\": Table \"T\" has no such field.\n"
                                     "The subform \"S\" cannot be a column of a table.\n");
 }

@@ -152,10 +152,9 @@ TEST_F(Dispatcher, AFormComesWithAllItsControls) {
               "Ship to: \n"
               "City: [ShipCity:City]\n"
               "Lines: \n" +
-                  kLines +
-                  "Empty: \n"
-                  "\n");
-    EXPECT_EQ(messages.texts(), "");
+                  kLines + "\n");
+    EXPECT_EQ(messages.texts(),
+              "The subform \"Empty\" is left out: it has no control that can be dropped.\n");
     EXPECT_EQ(progress.last, std::pair(5L, 5L));
 }
 
@@ -170,12 +169,15 @@ TEST_F(Dispatcher, ControlsThatNoPlaceCanBeNamedAfter) {
         "Name='-'/></Form></Control>"
         "</Form></Control><Control Name='Mixed' ControlType='Subform'><Form HasRecordset='1'><Control "
         "Name='\u2603'/>"
-        "<Control Name='B'/></Form></Control><Control Name='A'/></Form></db>");
+        "<Control Name='B'/></Form></Control><Control Name='A'/>"
+        "<Control Name='Empty' ControlType='Subform'><Form/></Control>"
+        "<Control Name='None' ControlType='Subform'><Form HasRecordset='1'/></Control></Form></db>");
     open();
     EXPECT_TRUE(drop(node("1k")));
     EXPECT_EQ(body(), "Mixed: \n[Mixed:B\n|[MixedB:B] \n|]A: [A:A]\n\n");
     const std::string nothingLeft = " is left out: its name holds no letter, no digit and no underscore.\n";
     const std::string noControl = " is left out: none of its controls can be dropped.\n";
+    const std::string isEmpty = " is left out: it has no control that can be dropped.\n";
     EXPECT_EQ(messages.texts(), "The control \"%\"" + nothingLeft +
                                     "The control with the caption \"Total\" is left out: it has no name.\n"
 
@@ -185,7 +187,8 @@ TEST_F(Dispatcher, ControlsThatNoPlaceCanBeNamedAfter) {
                                     "The control \"#\"" +
                                     nothingLeft + "The control \"-\"" + nothingLeft +
                                     "The subform \"Lines\"" + noControl + "The subform \"Sub\"" + noControl +
-                                    "The control \"\u2603\"" + nothingLeft);
+                                    "The control \"\u2603\"" + nothingLeft + "The subform \"Empty\"" +
+                                    isEmpty + "The subform \"None\"" + isEmpty);
     EXPECT_TRUE(errors.reports.empty());
 }
 
