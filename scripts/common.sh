@@ -36,12 +36,14 @@ run() {
     rm -f "$log"
 }
 
-# build PRESET: configures once and builds what changed.
+# build PRESET [OPTION...]: configures once, with the options, and builds what changed.
 build() {
-    if [ ! -f "build/$1/build.ninja" ]; then
-        run "Configuring $1" cmake --preset "$1"
+    local preset=$1
+    shift
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        run "Configuring $preset" cmake --preset "$preset" "$@"
     fi
-    run "Building $1" cmake --build --preset "$1"
+    run "Building $preset" cmake --build --preset "$preset"
 }
 
 # run_tests PRESET: the summary shows in any case, the output of tests only when they fail.
