@@ -58,6 +58,10 @@ class DocumentHost {
     /// then keeps the former document.
     virtual void Open(const std::string& path) = 0;
     virtual HostedDocument ActiveDocument() = 0;
+    /// Writes a copy of the document in a format (WdSaveFormat's or XlFileFormat's number). The document, its
+    /// name and its mark Saved do not change. Raises kFileCouldNotBeSaved or kNotAvailable with a sentence
+    /// that names the file, and leaves an existing file whole.
+    virtual void ExportCopy(const std::string& path, int format) = 0;
 
     /// Bracket the use of the object model, since the user edits the document without it: between these two
     /// calls the model knows the current document and its selection is the view's. The first copies the

@@ -45,6 +45,10 @@ class FakeDocumentHost final : public DocumentHost {
         return document_;
     }
 
+    void ExportCopy(const std::string& path, int format) override {
+        call("export " + path + " " + std::to_string(format));
+    }
+
     void beginEditing() override { call("beginEditing"); }
     void endEditing() override { call("endEditing"); }
     bool placeCaret(HostPoint point) override {

@@ -91,6 +91,26 @@ class DesignerTest(unittest.TestCase):
         return path
 
 
+    def export(self, name):
+        """Saves under a name whose format is an export and returns the path."""
+        path = self.folder / name
+        title = self.designer.title()
+        self.designer.wait_until_active()
+        key("ctrl+shift+s")
+        self.designer.answer_file_dialog(path)
+        wait_for(f"the copy {path}", lambda: f"“{name}” was written as a copy" in self.designer.status())
+        self.assertEqual(self.designer.title(), title)
+        self.designer.wait_until_active()
+        return path
+
+    def cancel_closing(self):
+        """Asks the window to close, which has unsaved changes."""
+        key("ctrl+q")
+        box = self.designer.dialog()
+        self.assertIn("Do you want to save changes to ", self.designer.texts_of(box))
+        self.designer.press("Cancel", box)
+
+
 class InWord(DesignerTest):
     def names(self, path):
         found, problems = read_docx.read_bookmarks(path)
@@ -192,13 +212,25 @@ class InWord(DesignerTest):
     def test_unsaved_work_is_asked_about(self):
         designer = self.start()
         self.drop("Customer")
-        key("ctrl+q")
-        box = designer.dialog()
-        self.assertIn("Do you want to save changes to ", designer.texts_of(box))
-        designer.press("Cancel", box)
+        self.cancel_closing()
         self.assertEqual(self.names(self.save_as("kept.docx")), ["CustomerID"])
         key("ctrl+q")
         self.assertEqual(designer.process.wait(PATIENCE), 0)
+
+    def test_a_format_without_places_is_an_export(self):
+        self.start()
+        self.drop("Customer")
+        letter = self.save_as("letter.docx")
+        self.drop("Priority")
+        self.assertEqual(self.export("letter.pdf").read_bytes()[:5], b"%PDF-")
+        self.assertIn("Priority", self.export("letter.txt").read_text())
+        self.picture("export")
+        self.assertEqual(self.names(letter), ["CustomerID"])
+        self.cancel_closing()
+        self.designer.wait_until_active()
+        key("ctrl+s")
+        wait_for("the saved letter", lambda: "“letter.docx” was saved" in self.designer.status())
+        self.assertCountEqual(self.names(letter), ["CustomerID", "Priority"])
 
     def test_a_template_of_the_command_line(self):
         template = self.folder / "given.dotx"
@@ -285,6 +317,22 @@ class InExcel(DesignerTest):
         subprocess.run([PROGRAM, "-excel", "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
         dropped = self.save_as("form.xlsx")
         self.assertCountEqual(read_xlsx.read_names(dropped), read_xlsx.read_names(mapped))
+
+
+    def test_a_list_of_cells_is_an_export(self):
+        """What is still typed in a cell is in it."""
+        self.start()
+        self.drop("Customer")
+        book = self.save_as("book.xlsx")
+        before = book.read_bytes()
+        left, top = self.designer.document()
+        click((left, top + 80))
+        type_text("typed")
+        copy = self.export("book.csv").read_text()
+        self.assertIn("CustomerID", copy)
+        self.assertIn("typed", copy)
+        self.assertEqual(book.read_bytes(), before)
+        self.cancel_closing()
 
 
 class MappingFirst(DesignerTest):

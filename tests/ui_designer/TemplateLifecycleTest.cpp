@@ -199,6 +199,36 @@ TEST_F(TemplateSaving, TheExtensionDecidesTheFormat) {
     EXPECT_EQ(lifecycle->TemplatePath(), folder / "letter.docm");
 }
 
+TEST_F(TemplateSaving, AFormatWithoutPlacesIsAnExport) {
+    const std::string path = makeTemplate("letter.docx");
+    chooseFiles({folder / "letter.pdf", folder / "letter.txt", folder / "letter.htm"});
+    lifecycle->Start();
+    lifecycle->OpenTemplate(path);
+    change();
+    host().calls.clear();
+    for (const char* const name : {"letter.pdf", "letter.txt", "letter.htm"}) {
+        EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked));
+        EXPECT_EQ(caption.status,
+                  "“"s + name + "” was written as a copy. The template itself was not saved.");
+    }
+    EXPECT_EQ(callCount("export " + folder / "letter.pdf" + " 17"), 1);
+    EXPECT_EQ(callCount("export " + folder / "letter.txt" + " 2"), 1);
+    EXPECT_EQ(caption.text, "letter.docx");
+    EXPECT_EQ(lifecycle->TemplatePath(), path);
+    EXPECT_FALSE(host().hosted()->Saved());
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same));
+    EXPECT_EQ(caption.status, "“letter.docx” was saved.");
+}
+
+TEST_F(TemplateSaving, AListOfCellsIsAnExport) {
+    chooseFiles({folder / "budget.csv"});
+    useExcel();
+    lifecycle->Start();
+    EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked));
+    EXPECT_EQ(callCount("export " + folder / "budget.csv" + " 6"), 1);
+    EXPECT_EQ(caption.text, "New Excel Template");
+}
+
 TEST_F(TemplateSaving, AFileThatIsOpenElsewhereStays) {
     const std::string open = makeTemplate("open.dotx");
     const std::string bytes = folder.bytesOf("open.dotx");

@@ -31,7 +31,9 @@ class TemplateScene : public testing::Test {
     };
     struct Caption final : LifecycleView {
         void showCaption(const std::string& caption) override { text = caption; }
+        void showStatus(const std::string& sentence) override { status = sentence; }
         std::string text;
+        std::string status;
     };
 
     TemplateScene() { setCommandLine({}); }

@@ -235,4 +235,10 @@ void DesignerSession::showCaption(const std::string& caption) {
         Qt::QueuedConnection);
 }
 
+void DesignerSession::showStatus(const std::string& text) {
+    QMetaObject::invokeMethod(
+        this, [this, status = QString::fromStdString(text)] { Q_EMIT statusChanged(status); },
+        Qt::QueuedConnection);
+}
+
 }  // namespace mergeloom

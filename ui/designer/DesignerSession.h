@@ -78,6 +78,8 @@ class DesignerSession final : public QObject, private LifecycleView {
   Q_SIGNALS:
     void stateChanged();
     void captionChanged(const QString& caption);
+    /// Emitted with a sentence about what was done.
+    void statusChanged(const QString& status);
     /// The office's own menu requested it.
     void closeRequested();
 
@@ -89,6 +91,7 @@ class DesignerSession final : public QObject, private LifecycleView {
 
     std::unique_ptr<TemplateOffice> makeTemplates();
     void showCaption(const std::string& caption) override;
+    void showStatus(const std::string& text) override;
     void setState(OfficeState state, const QString& stopReason = {});
     void startOffice(const HostWindow& window, const Attempt& attempt);
     void logOffice();

@@ -2,6 +2,7 @@
 
 #include "app/FileFormats.h"
 #include "base/AutomationError.h"
+#include "office/formats/FormatTable.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mOfficeVersion.h"
 #include "office/model/excel/Application.h"
@@ -74,8 +75,19 @@ bool ExcelTemplates::knowsExtensionOf(const std::string& path) const {
     return hasExcelExtension(path);
 }
 
+bool ExcelTemplates::keepsPlaces(const std::string& path) const {
+    const FileFormat* const format = findFormat(DocumentFamily::Excel, static_cast<int>(excelFormatOf(path)));
+    return format != nullptr && format->places == Places::Kept;
+}
+
 void ExcelTemplates::saveAs(const std::string& path) {
     hosted()->SaveAs(path, excelFormatOf(path));
+}
+
+/// Editing ends what the user is typing in a cell.
+void ExcelTemplates::exportCopy(const std::string& path) {
+    const HostEditing editing(access_.host());
+    access_.host().ExportCopy(path, static_cast<int>(excelFormatOf(path)));
 }
 
 }  // namespace mergeloom

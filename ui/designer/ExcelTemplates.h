@@ -20,7 +20,9 @@ class ExcelTemplates final : public TemplateOffice {
     std::vector<OfferedFormat> templateFormats(FormatUse use) override;
     [[nodiscard]] const char* defaultExtension() const override { return "xltx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
+    [[nodiscard]] bool keepsPlaces(const std::string& path) const override;
     void saveAs(const std::string& path) override;
+    void exportCopy(const std::string& path) override;
 
   private:
     void selectFirstCell();

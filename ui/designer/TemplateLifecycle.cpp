@@ -21,6 +21,11 @@ std::string commandLineFile() {
     return {};
 }
 
+/// Returns the file's name as the status line shows it.
+std::string quoted(const std::string& path) {
+    return "“" + fileNameOnly(path) + "”";
+}
+
 bool isFileOf(model::OfficeDocument& document, const std::string& path) {
     return equalsIgnoringCase(document.FullName(), path);
 }
@@ -111,6 +116,10 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
         throw AutomationError(kFileCouldNotBeSaved, "The template '" + path + "' could not be saved: " +
                                                         office + " has no format for its extension.");
     }
+    if (!isOwn && !ports_.office.keepsPlaces(path)) {
+        exportTo(path);
+        return false;
+    }
     try {
         write(path);
     } catch (const model::DifferingCopy& copy) {
@@ -120,7 +129,13 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     if (!isFileOf(document, path)) return false;
     templatePath_ = path;
     ports_.view.showCaption(fileNameOnly(path));
+    ports_.view.showStatus(quoted(path) + " was saved.");
     return true;
+}
+
+void TemplateLifecycle::exportTo(const std::string& path) {
+    ports_.office.exportCopy(path);
+    ports_.view.showStatus(quoted(path) + " was written as a copy. The template itself was not saved.");
 }
 
 void TemplateLifecycle::write(const std::string& path) {

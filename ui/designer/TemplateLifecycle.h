@@ -23,6 +23,8 @@ class LifecycleView {
     virtual ~LifecycleView() = default;
 
     virtual void showCaption(const std::string& caption) = 0;
+    /// Shows what was done.
+    virtual void showStatus(const std::string& text) = 0;
 };
 
 enum class SaveTarget { Same, Asked };
@@ -57,6 +59,8 @@ class TemplateLifecycle {
     bool Restart();
     /// Opens a template; asks the user for it when the path is empty.
     bool OpenTemplate(const std::string& path = {});
+    /// Returns whether the template was saved. In a format that keeps no places, only a copy is written: the
+    /// template keeps its name, its file and its changes.
     bool SaveTemplate(SaveTarget target);
     /// Shows an empty template in place of the one that is open, unless the user cancels.
     bool CloseTemplate();
@@ -76,6 +80,7 @@ class TemplateLifecycle {
     void openAnother();
     bool saveIn(const std::string& path);
     void write(const std::string& path);
+    void exportTo(const std::string& path);
     void offerToKeep(const model::DifferingCopy& copy, const std::string& path);
     /// Returns whether the document may be closed: it is saved, or the user discards the changes.
     bool mayCloseDocument();

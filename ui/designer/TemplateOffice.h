@@ -48,8 +48,14 @@ class TemplateOffice {
     virtual std::vector<OfferedFormat> templateFormats(FormatUse use) = 0;
     [[nodiscard]] virtual const char* defaultExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;
+    /// Returns whether the format of the path's extension keeps the named places. A file in another format is
+    /// no template any more.
+    [[nodiscard]] virtual bool keepsPlaces(const std::string& path) const = 0;
     /// Saves the hosted document in the format of the path's extension.
     virtual void saveAs(const std::string& path) = 0;
+    /// Writes a copy of the hosted document in the format of the path's extension. The document stays as it
+    /// is.
+    virtual void exportCopy(const std::string& path) = 0;
 };
 
 }  // namespace mergeloom

@@ -4,6 +4,7 @@
 #include "app/FileFormats.h"
 #include "app/MergeloomErrorCodes.h"
 #include "base/AutomationError.h"
+#include "office/formats/FormatTable.h"
 #include "office/formats/mOfficeVersion.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Application.h"
@@ -139,8 +140,19 @@ bool WordTemplates::knowsExtensionOf(const std::string& path) const {
     return hasWordExtension(path);
 }
 
+bool WordTemplates::keepsPlaces(const std::string& path) const {
+    const FileFormat* const format = findFormat(DocumentFamily::Word, static_cast<int>(wordFormatOf(path)));
+    return format != nullptr && format->places == Places::Kept;
+}
+
 void WordTemplates::saveAs(const std::string& path) {
     hosted()->SaveAs(path, wordFormatOf(path));
+}
+
+/// Editing keeps the user from typing meanwhile.
+void WordTemplates::exportCopy(const std::string& path) {
+    const HostEditing editing(access_.host());
+    access_.host().ExportCopy(path, static_cast<int>(wordFormatOf(path)));
 }
 
 }  // namespace mergeloom

@@ -39,7 +39,9 @@ class WordTemplates final : public TemplateOffice {
     std::vector<OfferedFormat> templateFormats(FormatUse use) override;
     [[nodiscard]] const char* defaultExtension() const override { return "dotx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
+    [[nodiscard]] bool keepsPlaces(const std::string& path) const override;
     void saveAs(const std::string& path) override;
+    void exportCopy(const std::string& path) override;
 
   private:
     bool createOfAnyProgram();

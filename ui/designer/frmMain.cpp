@@ -152,6 +152,7 @@ void frmMain::connectOffice() {
             [this] { session_.start(area_->pane().hostWindow()); });
     connect(&session_, &DesignerSession::stateChanged, this, &frmMain::showState);
     connect(&session_, &DesignerSession::captionChanged, this, &QWidget::setWindowTitle);
+    connect(&session_, &DesignerSession::statusChanged, status_, &QLabel::setText);
     connect(&session_, &DesignerSession::closeRequested, this, &QWidget::close);
 }
 

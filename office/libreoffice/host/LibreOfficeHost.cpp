@@ -52,6 +52,12 @@ DocumentReference componentOf(const HostedDocument& hosted) {
     return {};
 }
 
+/// Returns the format of a number, which depends on the kind of the document.
+SaveFormat formatOf(const HostedDocument& hosted, int number) {
+    if (std::holds_alternative<excel::WorkbookPtr>(hosted)) return static_cast<excel::XlFileFormat>(number);
+    return static_cast<word::WdSaveFormat>(number);
+}
+
 void close(const HostedDocument& hosted) {
     if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
         (*document)->Close(word::WdSaveOptions::wdDoNotSaveChanges);
@@ -149,6 +155,11 @@ HostedDocument LibreOfficeHost::ActiveDocument() {
     const auto found =
         std::ranges::find(all, shown, [](const HostedDocument& document) { return componentOf(document); });
     return found == all.end() ? HostedDocument() : *found;
+}
+
+void LibreOfficeHost::ExportCopy(const std::string& path, int format) {
+    const HostedDocument hosted = ActiveDocument();
+    session_->files().exportCopy(componentOf(hosted), path, formatOf(hosted, format));
 }
 
 std::vector<HostedDocument> LibreOfficeHost::documents() {

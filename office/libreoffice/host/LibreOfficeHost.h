@@ -28,6 +28,7 @@ class LibreOfficeHost final : public DocumentHost {
     void CreateNew(const std::string& programIdentifier) override;
     void Open(const std::string& path) override;
     HostedDocument ActiveDocument() override;
+    void ExportCopy(const std::string& path, int format) override;
     void beginEditing() override;
     void endEditing() override;
     bool placeCaret(HostPoint point) override;

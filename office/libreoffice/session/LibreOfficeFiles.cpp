@@ -306,6 +306,17 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
     write(document, path, filter, revise);
 }
 
+void LibreOfficeFiles::exportCopy(const DocumentReference& document, const std::string& path,
+                                  SaveFormat format) {
+    const OfficeFilter filter = requiredFilter(format, path);
+    const std::string copy = pathToWrite(document, path);
+    const ScopedTempFile temporary(scratch_, copy);
+    const PartialFileCleanup cleanup(connection_.process(), copy);
+    store(document, path, copy, filter);
+    const std::string bytes = DiskFileStore().read(copy);
+    files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+}
+
 /// A document that was opened in its own folder has links relative to it.
 std::string LibreOfficeFiles::pathToWrite(const DocumentReference& document, const std::string& path) {
     const std::string url = connection_.call([&] { return urlOf(document); });

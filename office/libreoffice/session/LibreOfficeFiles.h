@@ -67,6 +67,9 @@ class LibreOfficeFiles {
     /// if the user changed it before the comparison.
     void save(const DocumentReference& document, const std::string& path, SaveFormat format,
               const Revision& revise);
+    /// Writes a copy of the document in the format. Does not change the document or its modified flag. Raises
+    /// the same errors as save, except about macros, which the document keeps.
+    void exportCopy(const DocumentReference& document, const std::string& path, SaveFormat format);
     /// Writes a copy of the document to a path on the disk. Does not change the document or its modified
     /// flag. Must be called within OfficeConnection::call.
     static void storeCopy(const DocumentReference& document, const std::string& path,
