@@ -1,6 +1,7 @@
 #include "app/modMain.h"
 
 #include "app/mCommandLine.h"
+#include "base/DocumentLock.h"
 #include "base/FileLock.h"
 #include "base/Paths.h"
 #include "base/Text.h"
@@ -48,8 +49,7 @@ std::string AddTrailingBackslash(const std::string& vstrFolder) {
 }
 
 bool IsFileLocked(const std::string& vstrPath) {
-    const std::string lockFile = joinPath(parentFolder(vstrPath), ".~lock." + fileNameOnly(vstrPath) + "#");
-    return isLockedByAnother(vstrPath) || fileExists(lockFile);
+    return isLockedByAnother(vstrPath) || otherLockOwner(vstrPath).has_value();
 }
 
 void DeleteXmlFileIfRequested() {

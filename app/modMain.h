@@ -23,7 +23,8 @@ std::string GetHelpFilePath();
 /// Returns the folder without blanks at its ends and with the system's path separator after it.
 std::string AddTrailingBackslash(const std::string& vstrFolder);
 /// Returns true when another program has locked the file: by a lock of the system, or by the lock file that
-/// LibreOffice puts beside a document that it has open. A file that cannot be opened counts as locked.
+/// LibreOffice and the designer put beside a document that they have open. A file that cannot be opened
+/// counts as locked.
 bool IsFileLocked(const std::string& vstrPath);
 /// Deletes the structure document when the command line requires it. Raises kPermissionDenied with a sentence
 /// that names the file when it exists and cannot be deleted.

@@ -25,6 +25,9 @@ struct HostPoint {
     int y = 0;
 };
 
+/// The ways to open a file: to change it, to read it, or as a document of its own that was never saved.
+enum class FileAccess { Edit, ReadOnly, Copy };
+
 /// Commands of the office's own menus, bars and keys that the window carries out itself.
 enum class HostCommand { New, Open, Save, SaveAs, Close, PrintPreview };
 
@@ -56,8 +59,10 @@ class DocumentHost {
     virtual void CreateNew(const std::string& programIdentifier) = 0;
     /// Replaces the document by a file. Raises kFileCouldNotBeRead with a sentence that names the file, and
     /// then keeps the former document.
-    virtual void Open(const std::string& path) = 0;
+    virtual void Open(const std::string& path, FileAccess access) = 0;
     virtual HostedDocument ActiveDocument() = 0;
+    /// Returns whether the user cannot change the document.
+    virtual bool isReadOnly() = 0;
     /// Writes a copy of the document in a format (WdSaveFormat's or XlFileFormat's number). The document, its
     /// name and its mark Saved do not change. Raises kFileCouldNotBeSaved or kNotAvailable with a sentence
     /// that names the file, and leaves an existing file whole.

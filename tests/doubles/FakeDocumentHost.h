@@ -24,6 +24,7 @@ class FakeDocumentHost final : public DocumentHost {
 
     void CreateNew(const std::string& programIdentifier) override {
         call("CreateNew " + programIdentifier);
+        isOpenReadOnly = false;
         if (unknownPrograms.count(programIdentifier) > 0)
             throw AutomationError(kCommandFailed, "The office does not know it.");
         if (programIdentifier.starts_with("Excel")) {
@@ -32,8 +33,9 @@ class FakeDocumentHost final : public DocumentHost {
             document_ = word_->Documents()->Add("");
         }
     }
-    void Open(const std::string& path) override {
+    void Open(const std::string& path, FileAccess access) override {
         call("Open");
+        isOpenReadOnly = access == FileAccess::ReadOnly;
         if (hasExcelExtension(path)) {
             document_ = excel_->Workbooks()->Open(path);
         } else {
@@ -45,6 +47,7 @@ class FakeDocumentHost final : public DocumentHost {
         return document_;
     }
 
+    bool isReadOnly() override { return isOpenReadOnly; }
     void ExportCopy(const std::string& path, int format) override {
         call("export " + path + " " + std::to_string(format));
     }
@@ -85,6 +88,7 @@ class FakeDocumentHost final : public DocumentHost {
     bool hasTextAtPoint = true;
     bool bookmarksShown = false;
     bool dragAllowed = true;
+    bool isOpenReadOnly = false;
     bool ended = false;  ///< every call fails from here on
 
   private:

@@ -232,6 +232,61 @@ class InWord(DesignerTest):
         wait_for("the saved letter", lambda: "“letter.docx” was saved" in self.designer.status())
         self.assertCountEqual(self.names(letter), ["CustomerID", "Priority"])
 
+    def start_another(self, *switches):
+        """A second window beside the first, which may begin with a question."""
+        other = Designer(DESIGNER, ["-xmlfile", SAMPLE, *switches])
+        self.addCleanup(other.close)
+        return other
+
+    def test_two_windows_do_not_write_one_file(self):
+        letter, lock = self.folder / "letter.docx", self.folder / ".~lock.letter.docx#"
+        docx.Document().save(letter)
+        first = self.start("-usedocument", letter)
+        self.assertRegex(lock.read_text(), r"^[^,]*,[^,]*,[^,]*,[^,]*,mergeloom:[0-9]+;$")
+
+        second = self.start_another("-usedocument", letter)
+        box = second.dialog()
+        self.assertIn(f"Template '{letter}' is already opened.", second.texts_of(box))
+        self.picture("locked")
+        second.press("Yes", box)
+        second.wait_until_ready()
+        self.assertEqual(second.title(), "letter.docx (read-only)")
+        drag(second.node("Customer"), second.document())
+        box = second.dialog()
+        self.assertIn("open for reading only", second.texts_of(box))
+        self.picture("read-only")
+        second.press("OK", box)
+        second.wait_until_active()
+        key("ctrl+q")
+        self.assertEqual(second.process.wait(PATIENCE), 0)
+        self.assertTrue(lock.exists())
+
+        os.kill(first.process.pid, signal.SIGKILL)
+        first.process.wait()
+        third = self.start_another("-usedocument", letter)
+        third.wait_until_ready()
+        self.assertEqual(third.title(), "letter.docx")
+        third.wait_until_active()
+        key("ctrl+q")
+        self.assertEqual(third.process.wait(PATIENCE), 0)
+        self.assertFalse(lock.exists())
+
+    def test_a_file_that_an_office_has_open_is_copied(self):
+        letter, lock = self.folder / "letter.docx", self.folder / ".~lock.letter.docx#"
+        docx.Document().save(letter)
+        before = letter.read_bytes()
+        lock.write_text(",ada,engine,10.12.2026 08:15,file:///home/ada/profile;")
+        designer = self.designer = self.start_another("-usedocument", letter)
+        box = designer.dialog()
+        self.assertIn("It is open for ada on engine since 10.12.2026 08:15.", designer.texts_of(box))
+        designer.press("No", box)
+        designer.wait_until_ready()
+        self.assertEqual(designer.title(), "letter.docx (copy)")
+        self.drop("Customer")
+        self.assertEqual(self.names(self.save_as("mine.docx")), ["CustomerID"])
+        self.assertEqual(letter.read_bytes(), before)
+        self.assertTrue(lock.exists())
+
     def test_a_template_of_the_command_line(self):
         template = self.folder / "given.dotx"
         subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", template], check=True)

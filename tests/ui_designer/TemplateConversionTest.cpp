@@ -137,6 +137,7 @@ class StayingFiles final : public TemplateFiles {
     explicit StayingFiles(TemplateFiles& files) : files_(files) {}
     bool exists(const std::string& path) override { return files_.exists(path); }
     bool isLocked(const std::string& path) override { return files_.isLocked(path); }
+    std::optional<LockOwner> lockOwner(const std::string& path) override { return files_.lockOwner(path); }
     std::string copyToTemporaryFolder(const std::string& path) override {
         copies.push_back(files_.copyToTemporaryFolder(path));
         return copies.back();

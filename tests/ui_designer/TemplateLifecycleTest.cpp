@@ -109,7 +109,8 @@ TEST_F(TemplateOpening, ShowsMappingErrors) {
     const std::string locked = makeTemplate("locked.docx");
     folder.put(".~lock.locked.docx#", "");
     EXPECT_FALSE(lifecycle->OpenTemplate(locked));
-    EXPECT_EQ(messages.takeTexts(), GetMappingErrorText(kTemplateAlreadyOpened, {locked}) + "\n");
+    EXPECT_THAT(messages.takeTexts(),
+                testing::StartsWith(GetMappingErrorText(kTemplateAlreadyOpened, {locked})));
 
     folder.put("damaged.dotx", "no package");
     const std::string damaged = folder / "damaged.dotx";
@@ -118,6 +119,77 @@ TEST_F(TemplateOpening, ShowsMappingErrors) {
     EXPECT_EQ(folder.bytesOf("damaged.dotx"), "no package");
     EXPECT_EQ(caption.text, "New Template");
     EXPECT_EQ(callCount("Open"), 0);
+}
+
+constexpr const char* kLocked = ".~lock.letter.docx#";
+
+TEST_F(TemplateOpening, ATemplateIsLockedWhileItIsOpen) {
+    const std::string path = makeTemplate("letter.docx");
+    chooseFiles({folder / "other.docx", folder / "other.pdf"});
+    lifecycle->Start();
+    ASSERT_TRUE(lifecycle->OpenTemplate(path));
+    EXPECT_THAT(folder.bytesOf(kLocked), testing::MatchesRegex("[^,]*,[^,]*,[^,]*,[^,]*,mergeloom:[0-9]+;"));
+    EXPECT_TRUE(lifecycle->OpenTemplate(path)) << "by the same window";
+    EXPECT_TRUE(disk.fileExists(folder / kLocked));
+
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Asked));
+    EXPECT_FALSE(disk.fileExists(folder / kLocked));
+    EXPECT_TRUE(disk.fileExists(folder / ".~lock.other.docx#"));
+    EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked)) << "an export locks nothing";
+    EXPECT_FALSE(disk.fileExists(folder / ".~lock.other.pdf#"));
+
+    lifecycle->Execute(HostCommand::New);
+    EXPECT_FALSE(disk.fileExists(folder / ".~lock.other.docx#"));
+    ASSERT_TRUE(lifecycle->OpenTemplate(path));
+    lifecycle.reset();
+    EXPECT_FALSE(disk.fileExists(folder / kLocked));
+}
+
+TEST_F(TemplateOpening, AFailedOpenKeepsTheFormerLock) {
+    const std::string path = makeTemplate("letter.docx");
+    folder.put("damaged.docx", "no package");
+    lifecycle->Start();
+    lifecycle->OpenTemplate(path);
+    EXPECT_FALSE(lifecycle->OpenTemplate(folder / "damaged.docx"));
+    EXPECT_FALSE(disk.fileExists(folder / ".~lock.damaged.docx#"));
+    EXPECT_TRUE(disk.fileExists(folder / kLocked));
+}
+
+TEST_F(TemplateOpening, AFileThatIsOpenElsewhereIsReadOnly) {
+    const std::string path = makeTemplate("letter.docx");
+    folder.put(kLocked, "Ada\\, Countess,ada,engine,10.12.2026 08:15,file:///home/ada/profile;");
+    chooseFiles({path, folder / "mine.docx"});
+    lifecycle->Start();
+    messages.answers = {MessageAnswer::Yes};
+    ASSERT_TRUE(lifecycle->OpenTemplate(path));
+    EXPECT_EQ(messages.takeTexts(),
+              GetMappingErrorText(kTemplateAlreadyOpened, {path}) +
+                  "\r\n\r\nIt is open for Ada, Countess on engine since 10.12.2026 08:15.\r\n"
+                  "Do you want to open it for reading only? No opens a copy of it.\n");
+    EXPECT_TRUE(host().isReadOnly());
+    EXPECT_EQ(caption.text, "letter.docx (read-only)");
+
+    EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Same)) << "the other one is still there";
+    EXPECT_THAT(messages.takeTexts(), testing::HasSubstr("already open elsewhere"));
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same));
+    EXPECT_EQ(caption.text, "mine.docx");
+    EXPECT_FALSE(host().isReadOnly());
+    EXPECT_TRUE(disk.fileExists(folder / ".~lock.mine.docx#"));
+    EXPECT_THAT(folder.bytesOf(kLocked), testing::StartsWith("Ada")) << "others' locks stay";
+}
+
+TEST_F(TemplateOpening, AFileThatIsOpenElsewhereCanBeCopied) {
+    const std::string path = makeTemplate("letter.docx");
+    folder.put(kLocked, "");
+    chooseFiles({folder / "mine.docx"});
+    lifecycle->Start();
+    messages.answers = {MessageAnswer::No};
+    ASSERT_TRUE(lifecycle->OpenTemplate(path));
+    EXPECT_EQ(caption.text, "letter.docx (copy)");
+    EXPECT_EQ(lifecycle->TemplatePath(), "");
+    change();
+    EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same)) << "under a name that is asked for";
+    EXPECT_EQ(caption.text, "mine.docx");
 }
 
 TEST_F(TemplateOpening, OtherErrorsGoToTheErrorHandler) {
@@ -291,7 +363,8 @@ TEST_F(TemplateSaving, WhatDiffersIsOfferedAsACopyUnderAnotherName) {
         if (!c.kept.empty()) {
             EXPECT_EQ(folder.bytesOf(c.kept), "written");
         }
-        EXPECT_EQ(folder.entryCount(), c.kept.empty() ? 1 : 2);
+        const int templateAndItsLock = 2;
+        EXPECT_EQ(folder.entryCount(), templateAndItsLock + (c.kept.empty() ? 0 : 1));
         if (!c.kept.empty()) files.remove(folder / c.kept);
     }
     EXPECT_THAT(errors.reports, IsEmpty());

@@ -64,6 +64,7 @@ bool DropFlow::dropSelected(const HostPoint* point) {
 }
 
 bool DropFlow::dropInto(const TreeNode& node, const LoadedStructure& structure) {
+    if (refusesChanges(ports_.access.host(), ports_.messages)) return false;
     const HostEditing editing(ports_.access.host());
     CNodeDropper dropper{ports_.errors, ports_.messages,
                          [&](const std::string& image) { return structure.document.findPicture(image); },

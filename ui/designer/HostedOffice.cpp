@@ -7,6 +7,14 @@ DocumentHost& HostedOffice::host() {
     throw AutomationError(kNotAvailable, "The office is not running. Start it again.");
 }
 
+bool refusesChanges(DocumentHost& host, Messages& messages) {
+    if (!host.isReadOnly()) return false;
+    (void)messages.show(
+        {"The template is open for reading only. Save it under another name before you change it.",
+         MessageIcon::Exclamation, MessageButtons::Ok});
+    return true;
+}
+
 void HostEvents::fileCommand(HostCommand command) {
     QMetaObject::invokeMethod(
         this, [this, command] { Q_EMIT commandGiven(command); }, Qt::QueuedConnection);

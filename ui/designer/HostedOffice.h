@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/AutomationError.h"
+#include "base/Messages.h"
 #include "office/model/DocumentHost.h"
 
 #include <QObject>
@@ -57,6 +58,9 @@ class HostEvents final : public QObject, public HostListener {
     void commandGiven(mergeloom::HostCommand command);
     void ended();
 };
+
+/// Returns whether the document was opened for reading only, and tells the user so.
+bool refusesChanges(DocumentHost& host, Messages& messages);
 
 /// Lets the object model work on the hosted document during its life: the user cannot edit it, and the
 /// model's selection is the view's.

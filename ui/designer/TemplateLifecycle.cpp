@@ -7,6 +7,10 @@
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "ui/designer/MainForm.h"
+#include "ui/designer/TemplateAccess.h"
+
+#include <optional>
+#include <utility>
 
 namespace mergeloom {
 
@@ -42,13 +46,14 @@ bool TemplateLifecycle::Start() {
 
 bool TemplateLifecycle::Restart() {
     bool isHosted = false;
-    trapped("Form_Load", [&] { isHosted = templatePath_.empty() ? createNew() : show(templatePath_); });
+    trapped("Form_Load",
+            [&] { isHosted = templatePath_.empty() ? createNew() : show(templatePath_, access_); });
     return isHosted;
 }
 
 bool TemplateLifecycle::createNew() {
     if (!ports_.office.createNew()) return false;
-    templatePath_.clear();
+    adopt({}, FileAccess::Edit, {});
     ports_.view.showCaption(ports_.office.texts().newCaption);
     ports_.office.setUpView();
     return true;
@@ -58,25 +63,48 @@ bool TemplateLifecycle::OpenTemplate(const std::string& path) {
     bool opened = false;
     trapped(ports_.office.texts().openProcedure, [&] {
         const std::string file = path.empty() ? dialogs_.askToOpen(ports_.office, startFolder()) : path;
-        if (file.empty()) return;
-        if (!ports_.files.exists(file)) RaiseMappingError(kFileDoesNotExist, {file});
-        if (ports_.files.isLocked(file)) RaiseMappingError(kTemplateAlreadyOpened, {file});
-        opened = show(ports_.office.fileToOpen(file));
+        if (!file.empty()) opened = open(file);
     });
     return opened;
 }
 
-bool TemplateLifecycle::show(const std::string& path) {
-    ports_.access.host().Open(path);
+bool TemplateLifecycle::open(const std::string& file) {
+    if (!ports_.files.exists(file)) RaiseMappingError(kFileDoesNotExist, {file});
+    if (!ports_.files.isLocked(file)) return show(ports_.office.fileToOpen(file), FileAccess::Edit);
+    const std::optional<FileAccess> access = askForAccess(ports_.messages, ports_.files, file);
+    return access && show(file, *access);
+}
+
+bool TemplateLifecycle::show(const std::string& path, FileAccess access) {
+    std::shared_ptr<DocumentLock> lock = lockFor(path, access);
+    ports_.access.host().Open(path, access);
     if (ports_.office.document() == nullptr) {
         showMessage(ports_.office.texts().wrongFile, MessageIcon::None);
         restoreFormer();
         return false;
     }
-    templatePath_ = path;
-    ports_.view.showCaption(fileNameOnly(path));
+    adopt(access == FileAccess::Copy ? std::string() : path, access, std::move(lock));
+    ports_.view.showCaption(captionOf(path, access));
     ports_.office.setUpView();
     return true;
+}
+
+/// Locks before the check: of two windows that open a file at the same time, one has to yield.
+std::shared_ptr<DocumentLock> TemplateLifecycle::lockFor(const std::string& path, FileAccess access) {
+    if (access != FileAccess::Edit) return {};
+    if (lock_ && lock_->isOf(path)) return lock_;
+    auto lock = std::make_shared<DocumentLock>(path);
+    if (ports_.files.exists(path) && ports_.files.isLocked(path))
+        RaiseMappingError(kTemplateAlreadyOpened, {path});
+    return lock;
+}
+
+/// Adopts the file of the document that is shown now; the former file is free again.
+void TemplateLifecycle::adopt(const std::string& path, FileAccess access,
+                              std::shared_ptr<DocumentLock> lock) {
+    templatePath_ = path;
+    access_ = access;
+    lock_ = std::move(lock);
 }
 
 /// Restores the former document, which was saved, or whose changes were discarded, before another one was
@@ -86,7 +114,7 @@ void TemplateLifecycle::restoreFormer() {
         (void)createNew();
         return;
     }
-    ports_.access.host().Open(templatePath_);
+    ports_.access.host().Open(templatePath_, access_);
     ports_.office.setUpView();
 }
 
@@ -94,7 +122,8 @@ bool TemplateLifecycle::SaveTemplate(SaveTarget target) {
     bool saved = false;
     trapped(ports_.office.texts().saveProcedure, [&] {
         if (ports_.office.document() == nullptr) return;
-        std::string path = target == SaveTarget::Same ? templatePath_ : std::string();
+        const bool isItsOwn = target == SaveTarget::Same && access_ == FileAccess::Edit;
+        std::string path = isItsOwn ? templatePath_ : std::string();
         if (path.empty()) path = dialogs_.askToSave(ports_.office, startFolder());
         if (!path.empty()) saved = saveIn(path);
     });
@@ -104,8 +133,9 @@ bool TemplateLifecycle::SaveTemplate(SaveTarget target) {
 bool TemplateLifecycle::saveIn(const std::string& path) {
     const std::string office = ports_.office.texts().officeName;
     model::OfficeDocument& document = *ports_.office.document();
-    // The office itself has locked the file that it shows.
-    const bool isOwn = isFileOf(document, path);
+    // A document that is read, or a copy, bears the name of a file that is not its own.
+    const bool isOwn = access_ == FileAccess::Edit && !templatePath_.empty() && isFileOf(document, path);
+    std::shared_ptr<DocumentLock> lock = isOwn ? lock_ : std::make_shared<DocumentLock>(path);
     if (!isOwn && ports_.files.exists(path) && ports_.files.isLocked(path)) {
         showMessage(
             office + " cannot save the template " + path + " because this file is already open elsewhere.",
@@ -127,8 +157,10 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
         return false;
     }
     if (!isFileOf(document, path)) return false;
-    templatePath_ = path;
-    ports_.view.showCaption(fileNameOnly(path));
+    const bool wasReadOnly = access_ == FileAccess::ReadOnly;
+    adopt(path, FileAccess::Edit, std::move(lock));
+    if (wasReadOnly) show(path, FileAccess::Edit);
+    ports_.view.showCaption(captionOf(path, access_));
     ports_.view.showStatus(quoted(path) + " was saved.");
     return true;
 }

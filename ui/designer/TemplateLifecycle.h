@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DocumentLock.h"
 #include "base/ErrorHandler.h"
 #include "base/Messages.h"
 #include "office/model/DocumentHost.h"
@@ -9,6 +10,7 @@
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateOffice.h"
 
+#include <memory>
 #include <source_location>
 #include <string>
 
@@ -29,8 +31,9 @@ class LifecycleView {
 
 enum class SaveTarget { Same, Asked };
 
-/// The life of the template in the window: the rules without the window. All of it runs on the office's
-/// thread. No error leaves it: mapping errors are shown to the user, all others go to the error handler.
+/// The life of the template in the window: the rules without the window. A file that is open for editing is
+/// locked for other windows and programs. All of it runs on the office's thread. No error leaves it: mapping
+/// errors are shown to the user, all others go to the error handler.
 class TemplateLifecycle {
   public:
     /// The objects that have to outlive it.
@@ -49,7 +52,8 @@ class TemplateLifecycle {
     /// Sets the folder in which the dialogs begin; empty for no folder in particular.
     void SetTemplatesFolder(const std::string& folder) { templatesFolder_ = folder; }
     void SetDocumentsFolder(const std::string& folder) { documentsFolder_ = folder; }
-    /// Returns the file that is open, or in which the template was saved last; empty for a new one.
+    /// Returns the file that is open, or in which the template was saved last; empty for a new one and for a
+    /// copy.
     [[nodiscard]] const std::string& TemplatePath() const { return templatePath_; }
 
     /// Shows an empty template, then the one that the command line names, if any. Returns false when nothing
@@ -57,7 +61,8 @@ class TemplateLifecycle {
     bool Start();
     /// Shows the template that was saved last in an office that was started anew.
     bool Restart();
-    /// Opens a template; asks the user for it when the path is empty.
+    /// Opens a template; asks the user for it when the path is empty. One that is open elsewhere can be read,
+    /// or opened as a copy.
     bool OpenTemplate(const std::string& path = {});
     /// Returns whether the template was saved. In a format that keeps no places, only a copy is written: the
     /// template keeps its name, its file and its changes.
@@ -75,7 +80,10 @@ class TemplateLifecycle {
 
   private:
     bool createNew();
-    bool show(const std::string& path);
+    bool open(const std::string& file);
+    bool show(const std::string& path, FileAccess access);
+    std::shared_ptr<DocumentLock> lockFor(const std::string& path, FileAccess access);
+    void adopt(const std::string& path, FileAccess access, std::shared_ptr<DocumentLock> lock);
     void restoreFormer();
     void openAnother();
     bool saveIn(const std::string& path);
@@ -98,6 +106,8 @@ class TemplateLifecycle {
     std::string templatesFolder_;
     std::string documentsFolder_;
     std::string templatePath_;
+    FileAccess access_ = FileAccess::Edit;
+    std::shared_ptr<DocumentLock> lock_;
 };
 
 }  // namespace mergeloom

@@ -18,6 +18,7 @@
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XReschedule.hpp>
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
 #include <iterator>
 #include <optional>
@@ -136,7 +137,8 @@ void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
                           "LibreOffice knows no documents of the kind '" + programIdentifier + "'.");
 }
 
-void LibreOfficeHost::Open(const std::string& path) try {
+void LibreOfficeHost::Open(const std::string& path, FileAccess access) try {
+    session_->files().setAccess(access);
     if (kindOf(path, kind_) == DocumentKind::Excel) return closeAllBut(excel_->Workbooks()->Open(path));
     closeAllBut(word_->Documents()->Open(path));
 } catch (const AutomationError&) {
@@ -155,6 +157,15 @@ HostedDocument LibreOfficeHost::ActiveDocument() {
     const auto found =
         std::ranges::find(all, shown, [](const HostedDocument& document) { return componentOf(document); });
     return found == all.end() ? HostedDocument() : *found;
+}
+
+bool LibreOfficeHost::isReadOnly() {
+    return call([this] {
+        const HostFrame* const frame = front();
+        const Reference<css::frame::XStorable> document(
+            frame == nullptr ? DocumentReference() : frame->document(), UNO_QUERY);
+        return document.is() && document->isReadonly();
+    });
 }
 
 void LibreOfficeHost::ExportCopy(const std::string& path, int format) {

@@ -26,8 +26,9 @@ class LibreOfficeHost final : public DocumentHost {
     ~LibreOfficeHost() override;
 
     void CreateNew(const std::string& programIdentifier) override;
-    void Open(const std::string& path) override;
+    void Open(const std::string& path, FileAccess access) override;
     HostedDocument ActiveDocument() override;
+    bool isReadOnly() override;
     void ExportCopy(const std::string& path, int format) override;
     void beginEditing() override;
     void endEditing() override;

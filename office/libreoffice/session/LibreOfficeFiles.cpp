@@ -232,7 +232,11 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
 DocumentReference LibreOfficeFiles::open(const std::string& path, DocumentKind kind) {
     const std::string bytes = files_.read(path);
     const std::string source = fullPath(path);
-    return load(path, isOnDisk(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_);
+    return load(path, isOpenedInPlace(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_);
+}
+
+bool LibreOfficeFiles::isOpenedInPlace(const std::string& source, const std::string& bytes) const {
+    return access_ != FileAccess::Copy && isOnDisk(source, bytes);
 }
 
 DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std::string& bytes,
@@ -269,6 +273,7 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
     properties.push_back(property("AsTemplate", false));
     properties.push_back(
         property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
+    if (frames && access_ == FileAccess::ReadOnly) properties.push_back(property("ReadOnly", true));
     append(properties, inputFilter(kind, extension(path)));
     if (mended) properties.push_back(property("InputStream", streamOf(path, *mended)));
     DocumentReference document;

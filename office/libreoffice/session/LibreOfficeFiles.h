@@ -52,6 +52,8 @@ class LibreOfficeFiles {
 
     /// Shows documents in frames from now on, each in one of its own.
     void showIn(FrameSource frames) { frames_ = std::move(frames); }
+    /// Sets the access with which files are opened from now on; the first is Edit.
+    void setAccess(FileAccess access) { access_ = access; }
     /// Returns whether users see and edit the documents.
     [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
     /// Returns an empty document with LibreOffice's own defaults.
@@ -82,6 +84,7 @@ class LibreOfficeFiles {
   private:
     DocumentReference load(const std::string& path, const std::string& source, const std::string& bytes,
                            DocumentKind kind, const FrameSource& frames);
+    [[nodiscard]] bool isOpenedInPlace(const std::string& source, const std::string& bytes) const;
     Reference<css::io::XInputStream> streamOf(const std::string& path, const std::string& content);
     [[nodiscard]] DocumentReference loadFrom(const std::string& url,
                                              std::vector<css::beans::PropertyValue> properties,
@@ -98,6 +101,7 @@ class LibreOfficeFiles {
     FileStore& files_;
     ScratchPaths scratch_;
     FrameSource frames_;
+    FileAccess access_ = FileAccess::Edit;
 };
 
 /// Closes a document at the end of its life.

@@ -243,8 +243,8 @@ TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     TestWindow::type("Kept");
     ASSERT_TRUE(bodyBecomes("Kept\n"));
     stage().files.files["/damaged.docx"] = std::string(3000, '\1');
-    EXPECT_EQ(errorOf([] { host().Open("/damaged.docx"); }), kFileCouldNotBeRead);
-    EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx"); }), kFileCouldNotBeRead);
+    EXPECT_EQ(errorOf([] { host().Open("/damaged.docx", FileAccess::Edit); }), kFileCouldNotBeRead);
+    EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx", FileAccess::Edit); }), kFileCouldNotBeRead);
     EXPECT_EQ(errorOf([] { host().CreateNew("Paint.Picture"); }), kCommandFailed);
     TestWindow::type("!");
     EXPECT_TRUE(bodyBecomes("Kept!\n"));
@@ -305,7 +305,7 @@ TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
     TestWindow::press("ctrl+s");
     ASSERT_TRUE(becomesTrue([] { return !stage().listener.takeCommands().empty(); }));
     workbook()->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
-    host().Open("/saved.xlsx");
+    host().Open("/saved.xlsx", FileAccess::Edit);
     ASSERT_TRUE(host().placeCaret(kOtherCells[0]));
     host().beginEditing();
     EXPECT_EQ(activeCell()->Value(), "typed");
@@ -341,7 +341,7 @@ TEST_F(HostedCells, OpensWorkbooksOfOtherFormats) {
     };
     for (const Case& c : cases) {
         stage().files.files[c.path] = c.bytes;
-        host().Open(c.path);
+        host().Open(c.path, FileAccess::Edit);
         ASSERT_TRUE(std::holds_alternative<excel::WorkbookPtr>(host().ActiveDocument())) << c.path;
         host().beginEditing();
         EXPECT_EQ(activeCell()->Value(), "kept") << c.path;
