@@ -31,6 +31,9 @@ enum class FileAccess { Edit, ReadOnly, Copy };
 /// Commands of the office's own menus, bars and keys that the window carries out itself.
 enum class HostCommand { New, Open, Save, SaveAs, Close, PrintPreview };
 
+/// Keys that belong to the window while the document has the keyboard: F1, F6 and Shift+F6.
+enum class HostKey { Help, NextPart, PreviousPart };
+
 /// Receives the office's events. It is called by threads of the office, which wait meanwhile: it must neither
 /// call the host nor wait for anything that does.
 class HostListener {
@@ -38,6 +41,8 @@ class HostListener {
     virtual ~HostListener() = default;
 
     virtual void fileCommand(HostCommand command) = 0;
+    /// Called when the user pressed the key in the document, which does not receive it.
+    virtual void keyPressed(HostKey key) = 0;
     /// Called once when the office ended by itself. From then on every call of the host and its documents
     /// raises kNotAvailable.
     virtual void officeEnded() = 0;

@@ -110,6 +110,19 @@ def active_window():
     return answer.stdout.strip()
 
 
+def document_has_keyboard():
+    """Whether the keys go to a window inside the active one that another connection to the screen has made: a window's
+    number begins with that of its maker."""
+    def maker(question):
+        answer = subprocess.run(["xdotool", *question], capture_output=True, text=True).stdout.strip()
+        return int(answer or 0) & ~0x1FFFFF
+    return maker(["getwindowfocus", "-f"]) != maker(["getactivewindow"])
+
+
+def has_focus(element):
+    return element.get_state_set().contains(Atspi.StateType.FOCUSED)
+
+
 def screenshot(path):
     subprocess.run(["import", "-window", "root", str(path)], check=True)
 
@@ -224,6 +237,14 @@ class Designer:
         """A place on the first lines of the hosted document."""
         box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
         return box.x + box.width // 3, box.y + box.height // 3
+
+    def help_topic(self):
+        """The entry of the contents that the help window shows; none without a window."""
+        for window in find(self.application, "frame", "Mergeloom Help"):
+            for entry in find(window, "tree item") + find(window, "table cell"):
+                if entry.get_state_set().contains(Atspi.StateType.SELECTED):
+                    return entry.get_name()
+        return None
 
     def answer_file_dialog(self, path):
         self.dialog()

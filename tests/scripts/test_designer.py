@@ -20,8 +20,8 @@ from lxml import etree
 import read_docx
 import read_xlsx
 from designer_window import (
-    BUTTON, PATIENCE, Designer, Screen, click, drag, dragging, find, key, middle, point_at, screenshot, type_text,
-    wait_for,
+    BUTTON, PATIENCE, Designer, Screen, active_window, click, document_has_keyboard, drag, dragging, find, has_focus,
+    key, middle, point_at, screenshot, type_text, wait_for,
 )
 
 PROGRAM = Path(os.environ["MERGELOOM"])
@@ -190,6 +190,61 @@ class InWord(DesignerTest):
         key("ctrl+Return")
         self.wait_for_insertion("Order date")
         self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID", "OrderDate"])
+
+    def wait_for_focus(self, role, name):
+        wait_for(f"the focus in {name}", lambda: has_focus(self.designer.element(role, name)))
+
+    def enter_document(self):
+        click(self.designer.document())
+        wait_for("the focus in the document", document_has_keyboard)
+
+    def test_f6_goes_round_the_window(self):
+        designer = self.start()
+        self.enter_document()
+        type_text("one")
+        key("F6")
+        self.wait_for_focus(BUTTON, "Help")
+        key("F6")
+        self.wait_for_focus("text", "Search:")
+        key("F6", "Home", "Down", "Down", "Down", "Insert")
+        self.wait_for_insertion("Order No.")
+        key("F6")
+        wait_for("the focus in the document", document_has_keyboard)
+        type_text("two")
+        key("shift+F6")
+        wait_for("the focus in the tree", lambda: not document_has_keyboard())
+        key("shift+F6")
+        self.wait_for_focus("text", "Search:")
+        key("Tab", "Tab")
+        self.wait_for_focus(BUTTON, "Help")
+        key("shift+F6")
+        wait_for("the focus in the document", document_has_keyboard)
+        type_text("three")
+        text = "".join(read_docx.read_paragraphs(self.save_as("round.docx")))
+        self.assertEqual(text.replace("OrderNumber", "").replace(" ", ""), "onetwothree")
+
+    def close_help(self):
+        wait_for("the help in front", lambda: active_window() == "Mergeloom Help")
+        key("alt+F4")
+        wait_for("the end of the help", lambda: self.designer.help_topic() is None)
+
+    def test_f1_opens_help_in_the_document_and_in_dialogs(self):
+        designer = self.start()
+        self.enter_document()
+        key("F1")
+        wait_for("the help", lambda: designer.help_topic() == "Drag a field")
+        self.picture("help-document")
+        self.close_help()
+        designer.wait_until_active()
+        type_text("typed")
+        key("ctrl+shift+s")
+        box = designer.dialog()
+        key("F1")
+        wait_for("the help", lambda: designer.help_topic() == "File dialogs")
+        self.picture("help-dialog")
+        self.close_help()
+        designer.press("Cancel", box)
+        self.assertEqual(read_docx.read_paragraphs(self.save_as("typed.docx")), ["typed"])
 
     def test_escape_ends_a_drag(self):
         designer = self.start()

@@ -64,6 +64,7 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                  .fieldDialog = ports_.fieldDialog,
                  .runPendingEvents = [] { QCoreApplication::processEvents(); }}) {
     connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
+    connect(&events_, &HostEvents::keyGiven, this, &DesignerSession::keyPressed);
     connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
 }
 

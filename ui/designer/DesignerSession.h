@@ -82,6 +82,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     void statusChanged(const QString& status);
     /// The office's own menu requested it.
     void closeRequested();
+    /// Emitted when a key of the window was pressed in the document.
+    void keyPressed(mergeloom::HostKey key);
 
   private:
     /// An attempt to start an office, which the user may cancel.

@@ -51,10 +51,17 @@ void FocusHolder::takeFocus() const {
     xcb_flush(connection_);
 }
 
+void FocusHolder::takeKeyboard() const {
+    if (connection_ == nullptr) return;
+    xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, holder_, XCB_CURRENT_TIME);
+    xcb_flush(connection_);
+}
+
 bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) const {
+    if (isOfGrab(event)) return true;
     if (event.event == holder_) {
         event.event = window_;
-        return isOfGrab(event);
+        return false;
     }
     if (event.event != window_ || event.detail == XCB_NOTIFY_DETAIL_POINTER) return false;
     takeFocus();
@@ -63,10 +70,11 @@ bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) const {
 
 /// Between the window and the holder the focus moves for a moment only.
 bool FocusHolder::handleFocusOut(xcb_focus_out_event_t& event) const {
-    if (event.event == window_) return isOfGrab(event) || event.detail == XCB_NOTIFY_DETAIL_INFERIOR;
+    if (isOfGrab(event)) return true;
+    if (event.event == window_) return event.detail == XCB_NOTIFY_DETAIL_INFERIOR;
     if (event.event != holder_) return false;
     event.event = window_;
-    return isOfGrab(event) || event.detail == XCB_NOTIFY_DETAIL_ANCESTOR;
+    return event.detail == XCB_NOTIFY_DETAIL_ANCESTOR;
 }
 
 bool FocusHolder::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {

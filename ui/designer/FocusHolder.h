@@ -18,6 +18,9 @@ class FocusHolder final : public QAbstractNativeEventFilter {
     FocusHolder& operator=(const FocusHolder&) = delete;
     ~FocusHolder() override;
 
+    /// Takes the keyboard from a window inside the held one.
+    void takeKeyboard() const;
+
     /// Gives the toolkit the keys and the focus of the holder as those of the window.
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 

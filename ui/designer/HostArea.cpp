@@ -34,7 +34,8 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
     // The office paints here; the windows around are still painted by the toolkit.
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_NativeWindow);
-    setFocusPolicy(Qt::StrongFocus);
+    // Tab would lead into the document and not out of it again.
+    setFocusPolicy(Qt::ClickFocus);
     setAcceptDrops(true);
     setAccessibleName(tr("Document"));
     setAccessibleDescription(tr("The template, edited in the office. Fields are dropped here."));

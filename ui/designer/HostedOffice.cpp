@@ -20,6 +20,11 @@ void HostEvents::fileCommand(HostCommand command) {
         this, [this, command] { Q_EMIT commandGiven(command); }, Qt::QueuedConnection);
 }
 
+void HostEvents::keyPressed(HostKey key) {
+    QMetaObject::invokeMethod(
+        this, [this, key] { Q_EMIT keyGiven(key); }, Qt::QueuedConnection);
+}
+
 void HostEvents::officeEnded() {
     QMetaObject::invokeMethod(
         this, [this] { Q_EMIT ended(); }, Qt::QueuedConnection);

@@ -52,10 +52,12 @@ class HostEvents final : public QObject, public HostListener {
 
   public:
     void fileCommand(HostCommand command) override;
+    void keyPressed(HostKey key) override;
     void officeEnded() override;
 
   Q_SIGNALS:
     void commandGiven(mergeloom::HostCommand command);
+    void keyGiven(mergeloom::HostKey key);
     void ended();
 };
 

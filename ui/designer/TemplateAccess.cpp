@@ -35,7 +35,7 @@ std::optional<FileAccess> askForAccess(Messages& messages, TemplateFiles& files,
 }
 
 std::string captionOf(const std::string& path, FileAccess access) {
-    const std::string name = fileNameOnly(path);
+    std::string name = fileNameOnly(path);
     switch (access) {
         case FileAccess::Edit:
             return name;

@@ -200,6 +200,10 @@ QWidget& TreePane::tvXML() {
     return *tvXML_;
 }
 
+QWidget& TreePane::searchBox() {
+    return *searchBox_;
+}
+
 bool TreePane::canInsert() const {
     const TreeNode* const node = selectedNode();
     return node != nullptr && isDraggable(*node);

@@ -77,6 +77,7 @@ class TreePane : public QWidget {
     [[nodiscard]] const std::shared_ptr<LoadedStructure>& structure() const { return structure_; }
     /// Returns the tree's view, which is hooked (mTVHook.h) from the start of each drag on.
     [[nodiscard]] QWidget& tvXML();
+    [[nodiscard]] QWidget& searchBox();
 
   Q_SIGNALS:
     /// Emitted when the load button was pressed.

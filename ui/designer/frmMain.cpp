@@ -8,12 +8,14 @@
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/HostArea.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
 #include <algorithm>
@@ -27,6 +29,8 @@ using FieldConversion = DesignerActions::FieldConversion;
 /// The tree takes a quarter of the window until the user changes it; space that the window gains goes to the
 /// document.
 constexpr int kTreePart = 4;
+
+constexpr const char* kDocumentTopic = "drag-field.html";
 
 FieldConversion conversionIn(DocumentKind kind) {
     return kind == DocumentKind::Word ? FieldConversion::Offered : FieldConversion::Missing;
@@ -62,6 +66,7 @@ frmMain::frmMain(DocumentKind kind)
       helpWindows_(messages_),
       help_(helpWindows_),
       formHelp_(*this, *cmdHelp_, "", GetHelpFilePath(), helpWindows_),
+      dialogHelp_(helpWindows_, GetHelpFilePath()),
       session_(kind, {.startHost =
                           [this](const HostWindow& window, DocumentKind shown, HostListener& listener) {
                               return makeDocumentHost(files_, window, shown, listener);
@@ -79,6 +84,7 @@ frmMain::frmMain(DocumentKind kind)
     connectStructure();
     connectOffice();
     connectBusy();
+    connectKeyboard();
     showState();
 }
 
@@ -89,7 +95,7 @@ void frmMain::layOut() {
     setCentralWidget(splitter_);
     setHelpTopic(*this, "window.html");
     setHelpTopic(*tree_, "tree.html");
-    setHelpTopic(area_->pane(), "drag-field.html");
+    setHelpTopic(area_->pane(), kDocumentTopic);
     setHelpTopic(area_->panel(), "office-ended.html");
     cmdHelp_->setObjectName(QStringLiteral("cmdHelp"));
     cmdHelp_->setAccessibleDescription(tr("Opens the help about what has the keyboard."));
@@ -99,6 +105,7 @@ void frmMain::layOut() {
     statusBar()->addWidget(status_, 1);
     statusBar()->addPermanentWidget(busy_);
     statusBar()->addPermanentWidget(cmdHelp_);
+    setTabOrder(&tree_->tvXML(), cmdHelp_);
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(room);
     const int treeWidth = std::max(room.width() / kTreePart, tree_->sizeHint().width());
@@ -166,6 +173,51 @@ void frmMain::connectBusy() {
         busy_->setRange(0, 100);
         busy_->setValue(percent);
     });
+}
+
+void frmMain::connectKeyboard() {
+    const auto enters = [this](QWidget& widget) {
+        return [this, &widget] {
+            // First, since the window gives the keyboard to the widget that had it last.
+            widget.setFocus(Qt::ShortcutFocusReason);
+            takeKeyboardFromDocument();
+        };
+    };
+    const auto entersDocument = [this] {
+        // The pane passes the keyboard on when it gets it.
+        const bool hasIt = area_->pane().hasFocus();
+        area_->pane().setFocus(Qt::ShortcutFocusReason);
+        if (hasIt) session_.focusDocument();
+    };
+    const auto hasDocument = [this] { return session_.state() == OfficeState::Running; };
+    parts_ = new WindowParts(*this,
+                             {{.widget = &tree_->searchBox(), .enter = enters(tree_->searchBox())},
+                              {.widget = &tree_->tvXML(), .enter = enters(tree_->tvXML())},
+                              {.widget = &area_->pane(), .enter = entersDocument, .isAvailable = hasDocument},
+                              {.widget = cmdHelp_, .enter = enters(*cmdHelp_)}});
+    connect(&session_, &DesignerSession::keyPressed, this, &frmMain::answerKey);
+}
+
+void frmMain::takeKeyboardFromDocument() {
+    if (focusHolder_) focusHolder_->takeKeyboard();
+}
+
+/// Answers a key that was pressed in the document. The toolkit may believe that another widget has the
+/// keyboard.
+void frmMain::answerKey(HostKey key) {
+    if (QApplication::activeModalWidget() != nullptr) return;
+    if (key == HostKey::Help) {
+        {
+            // The document has the keyboard again after the help, and not before.
+            const QSignalBlocker quiet(area_->pane());
+            area_->pane().setFocus(Qt::OtherFocusReason);
+        }
+        help_.OpenTopic(handle(), kDocumentTopic);
+        return;
+    }
+    const bool isForward = key == HostKey::NextPart;
+    parts_->goFrom(&area_->pane(),
+                   isForward ? WindowParts::Direction::Forward : WindowParts::Direction::Back);
 }
 
 void frmMain::start() {

@@ -2,10 +2,12 @@
 
 #include "base/DiskFileStore.h"
 #include "ui/designer/DesignerSession.h"
+#include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/FocusHolder.h"
 #include "ui/designer/StructureLoad.h"
 #include "ui/designer/TreePane.h"
+#include "ui/designer/WindowParts.h"
 #include "ui/designer/WindowSettings.h"
 #include "ui/designer/mTVHook.h"
 #include "ui/dialogs/ErrorDialog.h"
@@ -63,6 +65,9 @@ class frmMain final : public QMainWindow {
     void connectStructure();
     void connectOffice();
     void connectBusy();
+    void connectKeyboard();
+    void takeKeyboardFromDocument();
+    void answerKey(HostKey key);
     void showState();
     void endDrag();
     void reportDrop(bool isDropped);
@@ -85,12 +90,14 @@ class frmMain final : public QMainWindow {
     QLabel* status_;
     QProgressBar* busy_;
     QPushButton* cmdHelp_;
+    WindowParts* parts_ = nullptr;
 
     PaneDropTree dropTree_;
     StructureLoad structureLoad_;
     HelpWindows helpWindows_;
     clsHtmlHelp help_;
     clsHtmlHelpForForm formHelp_;
+    DialogHelp dialogHelp_;
     DesignerSession session_;
     std::optional<FocusHolder> focusHolder_;
 };

@@ -1,19 +1,21 @@
 #pragma once
 
 #include "office/libreoffice/host/WindowSystem.h"
+#include "office/model/DocumentHost.h"
 
 #include <atomic>
+#include <map>
 #include <thread>
 
 namespace mergeloom::libreoffice {
 
 /// Gives the input focus to the window that the user clicks, of the office and the window around it, which
 /// belong to different programs: neither a window manager nor LibreOffice does so for a window inside another
-/// one. The clicks are passed on.
+/// one. The clicks are passed on. Keys of the window that are pressed in the office's are reported instead.
 class FocusForwarder {
   public:
     /// Raises kNotAvailable when there is no X server.
-    explicit FocusForwarder(xcb_window_t host);
+    FocusForwarder(xcb_window_t host, HostListener& listener);
     FocusForwarder(const FocusForwarder&) = delete;
     FocusForwarder& operator=(const FocusForwarder&) = delete;
     ~FocusForwarder();
@@ -23,12 +25,17 @@ class FocusForwarder {
 
   private:
     void grabClicks(xcb_window_t window) const;
+    void grabKeys();
     void keep();
+    void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
+    void report(const xcb_key_press_event_t& key);
 
     WindowSystem windows_;
     const xcb_window_t host_;
     const xcb_window_t top_;
+    HostListener& listener_;
+    std::map<xcb_keycode_t, xcb_keysym_t> keys_;  ///< the grabbed ones
     std::atomic<bool> isEnabled_ = true;
     int wakeUp_[2] = {-1, -1};
     std::thread thread_;

@@ -84,7 +84,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       word_(makeWordApplication(session_, files)),
       excel_(makeExcelApplication(session_, files)) {
     session_->files().showIn([this] { return makeFrame(); });
-    focus_.emplace(static_cast<xcb_window_t>(window.id));
+    focus_.emplace(static_cast<xcb_window_t>(window.id), listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {
         const bool runs = session_->process().isRunning();
         if (!runs) listener_.officeEnded();

@@ -94,6 +94,21 @@ bool WindowSystem::isMouseOver(xcb_window_t window) const {
            mouse->win_y < size->height;
 }
 
+xcb_keycode_t WindowSystem::keyCodeOf(xcb_keysym_t symbol) const {
+    const xcb_setup_t& setup = *xcb_get_setup(get());
+    const xcb_keycode_t first = setup.min_keycode;
+    const auto count = static_cast<std::uint8_t>(setup.max_keycode - first + 1);
+    const auto reply =
+        owned(xcb_get_keyboard_mapping_reply(get(), xcb_get_keyboard_mapping(get(), first, count), nullptr));
+    if (!reply) return 0;
+    const xcb_keysym_t* const symbols = xcb_get_keyboard_mapping_keysyms(reply.get());
+    for (std::size_t key = 0; key < count; ++key) {
+        if (symbols[key * reply->keysyms_per_keycode] == symbol)
+            return static_cast<xcb_keycode_t>(first + key);
+    }
+    return 0;
+}
+
 void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const {
     xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, window, time);
     waitForServer();

@@ -30,6 +30,8 @@ class WindowSystem {
     /// Returns whether the mouse is over the window.
     [[nodiscard]] bool isMouseOver(xcb_window_t window) const;
 
+    /// Returns the code of the key that produces the symbol without Shift; 0 when there is none.
+    [[nodiscard]] xcb_keycode_t keyCodeOf(xcb_keysym_t symbol) const;
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
     /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);

@@ -16,6 +16,10 @@ namespace mergeloom {
 /// Remembers what an office told.
 class RecordingListener final : public HostListener {
   public:
+    void keyPressed(HostKey key) override {
+        const std::lock_guard lock(mutex_);
+        keys_.push_back(key);
+    }
     void fileCommand(HostCommand command) override {
         const std::lock_guard lock(mutex_);
         commands_.push_back(command);
@@ -27,11 +31,17 @@ class RecordingListener final : public HostListener {
         return std::exchange(commands_, {});
     }
 
+    std::vector<HostKey> takeKeys() {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(keys_, {});
+    }
+
     std::atomic<int> ends = 0;
 
   private:
     std::mutex mutex_;
     std::vector<HostCommand> commands_;
+    std::vector<HostKey> keys_;
 };
 
 /// A window with an office in it. One office serves the tests of all fixtures.

@@ -239,6 +239,23 @@ TEST_F(HostedText, ShowsBarsAndBookmarksAsItIsTold) {
     EXPECT_TRUE(host().allowsDragAndDrop());
 }
 
+TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
+    const std::pair<const char*, HostKey> keys[] = {
+        {"F1", HostKey::Help}, {"F6", HostKey::NextPart}, {"shift+F6", HostKey::PreviousPart}};
+    host().focus();
+    for (const auto& [key, meaning] : keys) {
+        std::vector<HostKey> reported;
+        TestWindow::press(key);
+        ASSERT_TRUE(becomesTrue([&] {
+            reported = stage().listener.takeKeys();
+            return !reported.empty();
+        })) << key;
+        EXPECT_EQ(reported, std::vector{meaning}) << key;
+    }
+    TestWindow::type("kept");
+    EXPECT_TRUE(bodyBecomes("kept\n"));
+}
+
 TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     TestWindow::type("Kept");
     ASSERT_TRUE(bodyBecomes("Kept\n"));
