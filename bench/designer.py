@@ -1,24 +1,30 @@
 #!/usr/bin/env python3
 """Measures what a user of the designer waits for, on a screen of its own: the window, the hosted document beside
 LibreOffice's own start to the same document, the drop of a field and that of a form of 30 controls.
+
+Without a size the document is a new one; with one it is a template of so many paragraphs and 1,000 bookmarks, and the
+drops go to its middle.
 """
 
 import argparse
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import sys
 import tempfile
 import time
 
-from inputs import ROOT, structure
+from inputs import ROOT, structure, template
 from measuring import print_table, with_range
 
 sys.path.insert(0, str(ROOT / "tests" / "scripts"))
-from designer_window import Designer, Screen, click, find, key  # noqa: E402
+from designer_window import Designer, Screen, click, find, key, type_text  # noqa: E402
 
 CONTROLS = 30
+BOOKMARKS = 1000
+MIDDLE = "halfway"
 
 
 def seconds_of(action):
@@ -38,21 +44,57 @@ def wait_for_window(*search):
         time.sleep(0.005)
 
 
-def office_start(folder):
-    """LibreOffice's own start with a fresh profile to an empty document in a window."""
-    while is_seen("--name", "^Untitled 1"):
+def fresh_copy(opened, folder):
+    """A copy for one run: an office that is killed leaves a lock beside its file, and the designer makes a document
+    of a template."""
+    return shutil.copy(opened, tempfile.mkdtemp(dir=folder)) if opened else None
+
+
+def office_start(folder, opened):
+    """LibreOffice's own start with a fresh profile to a document in a window."""
+    title = f"^{opened.stem}" if opened else "^Untitled 1"
+    while is_seen("--name", title):
         time.sleep(0.1)  # the one before is not gone yet
     profile = tempfile.mkdtemp(dir=folder)
+    arguments = ["-o", fresh_copy(opened, folder)] if opened else []
     command = ["soffice", f"-env:UserInstallation=file://{profile}", "--norestore", "--nologo",
-               "--nofirststartwizard", "--writer"]
+               "--nofirststartwizard", "--writer", *arguments]
     begin = time.perf_counter()
     office = subprocess.Popen(command, env={**os.environ, "SAL_USE_VCLPLUGIN": "gen"}, start_new_session=True,
                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    wait_for_window("--name", "^Untitled 1")
+    wait_for_window("--name", title)
     taken = time.perf_counter() - begin
     os.killpg(office.pid, signal.SIGKILL)
     office.wait()
     return taken
+
+
+def processor_time(pid):
+    """The user's and the system's part, in ticks."""
+    fields = pathlib.Path(f"/proc/{pid}/stat").read_text(encoding="ascii").rsplit(")", 1)[1].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def wait_until_idle(pid):
+    """Returns after a second in which the process did next to nothing."""
+    before, now = -1000, processor_time(pid)
+    while now - before > 5:
+        time.sleep(1)
+        before, now = now, processor_time(pid)
+
+
+def go_to_middle(designer):
+    """Puts the caret after the text in the middle, by the search of the office, when all pages are laid out."""
+    office = designer.office_process()
+    wait_until_idle(office)
+    click(designer.document())
+    key("ctrl+f")
+    time.sleep(1)
+    type_text(MIDDLE)
+    key("Return")
+    wait_until_idle(office)
+    key("Escape", "End")
+    wait_until_idle(office)
 
 
 def insertion(designer, node):
@@ -78,15 +120,18 @@ def document_with_options(folder):
     return path
 
 
-def designer_run(program, document):
+def designer_run(program, document, opened):
     """The seconds until the window and the document are there, and those that two drops take."""
     begin = time.perf_counter()
-    designer = Designer(program, ["-xmlfile", document], wait=False)
+    switches = ["-template", opened] if opened else []
+    designer = Designer(program, ["-xmlfile", document, *switches], wait=False)
     try:
         wait_for_window("--pid", designer.process.pid)
         window = time.perf_counter() - begin
         designer.wait_until_ready()
         ready = time.perf_counter() - begin
+        if opened:
+            go_to_middle(designer)
         field = insertion(designer, "Field 1")
         form = insertion(designer, 'Form "Fields"')
     finally:
@@ -94,26 +139,34 @@ def designer_run(program, document):
     return window, ready, field, form
 
 
+def measure(program, folder, size, runs):
+    document = document_with_options(folder)
+    opened = template(folder, size, BOOKMARKS, MIDDLE) if size else None
+    office_start(folder, opened)
+    rounds = [(office_start(folder, opened), *designer_run(program, document, fresh_copy(opened, folder)))
+              for _ in range(runs)]
+    office, window, ready, field, form = zip(*rounds)
+    rows = [["LibreOffice's own start", office], ["the window is shown", window], ["the document is ready", ready],
+            ["a field is dropped", field], [f"a form of {CONTROLS} controls is dropped", form]]
+    what = f"{size:,} paragraphs and {BOOKMARKS:,} bookmarks" if size else "a new document"
+    print_table(f"What a user waits for, {what}", ["step", "ms"],
+                [[name, with_range([1000 * value for value in values], 0)] for name, values in rows])
+    print("\nReady beside LibreOffice's own start: " + with_range([a / b for a, b in zip(ready, office)], 2))
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("sizes", nargs="*", type=int, default=[0], metavar="SIZE", help="paragraphs of a template")
     parser.add_argument("--program", default=str(ROOT / "build" / "release" / "mergeloom-designer"))
     parser.add_argument("--runs", type=int, default=5, help="rounds that are counted (5)")
     arguments = parser.parse_args()
     screen = Screen()
     try:
-        with tempfile.TemporaryDirectory() as folder:
-            document = document_with_options(folder)
-            office_start(folder)
-            rounds = [(office_start(folder), *designer_run(arguments.program, document))
-                      for _ in range(arguments.runs)]
+        for size in arguments.sizes:
+            with tempfile.TemporaryDirectory() as folder:
+                measure(arguments.program, folder, size, arguments.runs)
     finally:
         screen.close()
-    office, window, ready, field, form = zip(*rounds)
-    rows = [["LibreOffice's own start", office], ["the window is shown", window], ["the document is ready", ready],
-            ["a field is dropped", field], [f"a form of {CONTROLS} controls is dropped", form]]
-    print_table("What a user waits for", ["step", "ms"],
-                [[name, with_range([1000 * value for value in values], 0)] for name, values in rows])
-    print("\nReady beside LibreOffice's own start: " + with_range([a / b for a, b in zip(ready, office)], 2))
 
 
 if __name__ == "__main__":

@@ -1,9 +1,11 @@
 """What the benchmarks feed the programs with. The same call makes the same input."""
 
 import pathlib
+import random
 import struct
 import subprocess
 import sys
+import zipfile
 import zlib
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -28,6 +30,40 @@ def make(script, *arguments):
 
 def words(chance, count):
     return " ".join(chance.choices(WORDS, k=count))
+
+
+CONTENT_TYPES = """<?xml version="1.0" encoding="UTF-8"?>
+<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types"><Default Extension="rels"
+ ContentType="application/vnd.openxmlformats-package.relationships+xml"/><Override PartName="/word/document.xml"
+ ContentType="application/vnd.openxmlformats-officedocument.wordprocessingml.template.main+xml"/></Types>"""
+RELATIONSHIPS = """<?xml version="1.0" encoding="UTF-8"?>
+<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"><Relationship Id="rId1"
+ Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/officeDocument"
+ Target="word/document.xml"/></Relationships>"""
+WORDPROCESSING = "http://schemas.openxmlformats.org/wordprocessingml/2006/main"
+
+
+def marked_paragraph(chance, numbers):
+    """A paragraph of 20 words and of a bookmark for each number, over a word of its own."""
+    marked = "".join(f'<w:bookmarkStart w:id="{number}" w:name="place{number}"/><w:r><w:t>place{number}</w:t></w:r>'
+                     f'<w:bookmarkEnd w:id="{number}"/><w:r><w:t xml:space="preserve"> </w:t></w:r>'
+                     for number in numbers)
+    return f"<w:p>{marked}<w:r><w:t>{words(chance, 20)}</w:t></w:r></w:p>"
+
+
+def template(folder, paragraphs, bookmarks, middle):
+    """The path of a template with so many paragraphs and bookmarks; the text "middle" is a paragraph halfway."""
+    chance = random.Random(1)
+    body = [marked_paragraph(chance, range(index * bookmarks // paragraphs, (index + 1) * bookmarks // paragraphs))
+            for index in range(paragraphs)]
+    body.insert(paragraphs // 2, f"<w:p><w:r><w:t>{middle}</w:t></w:r></w:p>")
+    path = pathlib.Path(folder) / f"paragraphs{paragraphs}.dotx"
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+        archive.writestr("[Content_Types].xml", CONTENT_TYPES)
+        archive.writestr("_rels/.rels", RELATIONSHIPS)
+        archive.writestr("word/document.xml", f'<w:document xmlns:w="{WORDPROCESSING}"><w:body>{"".join(body)}'
+                                              "</w:body></w:document>")
+    return path
 
 
 def png_chunk(kind, data):

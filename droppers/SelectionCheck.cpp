@@ -13,8 +13,10 @@ namespace {
 /// Returns true for the bookmark over the table before a caret: the caret touches it, though nothing is
 /// selected.
 bool endsWithTableBefore(word::Bookmark& bookmark, word::Range& selected) {
-    return selected.Start() == selected.End() && bookmark.End() == selected.Start() &&
-           coversSeveralCells(*bookmark.Range());
+    if (!selected.isEmpty()) return false;
+    const word::RangePtr marked = bookmark.Range();
+    return marked->compare(word::RangeEnd::End, selected, word::RangeEnd::Start) == 0 &&
+           coversSeveralCells(*marked);
 }
 
 int heldBookmarks(word::Selection& selection) {

@@ -39,7 +39,8 @@ word::TablePtr tableUnder(word::Range& marked) {
     const word::TablesPtr tables = marked.Tables();
     if (tables->Count() == 0) return {};
     word::TablePtr table = tables->Item(1);
-    const bool marksTable = coversSeveralCells(marked) || marked.End() >= table->Range()->End();
+    const bool marksTable = coversSeveralCells(marked) ||
+                            marked.compare(word::RangeEnd::End, *table->Range(), word::RangeEnd::End) >= 0;
     return marksTable ? table : nullptr;
 }
 

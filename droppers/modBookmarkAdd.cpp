@@ -23,7 +23,9 @@ struct Guards {
 /// Returns true for the bookmark of the table that contains the range: a cell before the range does not touch
 /// it.
 bool isTableAround(word::Bookmark& bookmark, word::Range& range) {
-    return bookmark.End() > range.Start() && coversSeveralCells(*bookmark.Range());
+    const word::RangePtr marked = bookmark.Range();
+    return marked->compare(word::RangeEnd::End, range, word::RangeEnd::Start) > 0 &&
+           coversSeveralCells(*marked);
 }
 
 /// Finds the bookmarks that touch the range. Returns false when a field is there.
@@ -34,8 +36,9 @@ bool findTouching(word::Range& range, TouchingBookmarks& touching) {
 
     for (int number = 1; number <= count; ++number) {
         const word::BookmarkPtr bookmark = bookmarks->Item(number);
-        if (coversSeveralCells(*bookmark->Range())) continue;
-        if (bookmark->Start() == range.Start()) {
+        const word::RangePtr marked = bookmark->Range();
+        if (coversSeveralCells(*marked)) continue;
+        if (marked->compare(word::RangeEnd::Start, range, word::RangeEnd::Start) == 0) {
             touching.atStart = bookmark;
         } else if (isField(*bookmark)) {
             return false;
@@ -60,7 +63,7 @@ void writePicture(word::Range& range, const std::string& pictureFile) {
 }
 
 void writeText(word::Range& range, const std::string& placeholder, const Guards& guards) {
-    const bool isEmpty = range.Start() == range.End();
+    const bool isEmpty = range.isEmpty();
     // Writing a range's own text back would lose its formatting and its pictures.
     if (!isEmpty && guards.leading.empty() && guards.trailing.empty()) return;
     range.SetText(guards.leading + (isEmpty ? placeholder : range.Text()) + guards.trailing);
@@ -72,7 +75,7 @@ void moveStartAfter(word::Document& document, const std::string& bookmarkName, C
     const word::BookmarksPtr bookmarks = document.Bookmarks();
     if (!bookmarks->Exists(bookmarkName)) return;
     const word::BookmarkPtr bookmark = bookmarks->Item(bookmarkName);
-    bookmark->SetStart(bookmark->Start() + length);
+    bookmark->moveStart(length);
 }
 
 /// Writes the text or picture of the place and returns the guards around it.
@@ -86,7 +89,7 @@ Guards fillRange(word::Document& document, word::Range& range, const TouchingBoo
     Guards guards = guardsAgainst(touching);
     const std::string atStart = touching.atStart ? touching.atStart->Name() : "";
     writeText(range, content.vstrText.empty() ? name : content.vstrText, guards);
-    if (!atStart.empty()) moveStartAfter(document, atStart, range.End() - range.Start());
+    if (!atStart.empty()) moveStartAfter(document, atStart, utf16Length(range.Text()));
     return guards;
 }
 
@@ -98,8 +101,8 @@ std::string freeName(word::Bookmarks& bookmarks, const std::string& name) {
 }
 
 void leaveOut(word::Bookmark& bookmark, const Guards& guards) {
-    if (!guards.leading.empty()) bookmark.SetStart(bookmark.Start() + utf16Length(guards.leading));
-    if (!guards.trailing.empty()) bookmark.SetEnd(bookmark.End() - utf16Length(guards.trailing));
+    if (!guards.leading.empty()) bookmark.moveStart(utf16Length(guards.leading));
+    if (!guards.trailing.empty()) bookmark.moveEnd({-utf16Length(guards.trailing).value});
 }
 
 }  // namespace

@@ -27,22 +27,34 @@ FLOORS = {
         "office/embedded/sheet", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/entry": ["office/model", "base"],
-    "office/libreoffice/session": ["office/opc", "office/model", "office/formats", "base"],
+    "office/libreoffice/calls": ["office/opc", "office/model", "base"],
+    "office/libreoffice/session": [
+        "office/libreoffice/calls", "office/opc", "office/model", "office/formats", "base",
+    ],
     "office/libreoffice/readback": [
         "office/libreoffice/session", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/word": [
-        "office/libreoffice/session", "office/libreoffice/readback", "office/opc", "office/model", "office/formats", "base",
+        "office/libreoffice/session", "office/libreoffice/calls", "office/opc", "office/model", "base",
+    ],
+    "office/libreoffice/job": ["office/libreoffice/session", "office/libreoffice/calls", "base"],
+    "office/libreoffice/inside": [
+        "office/libreoffice/job", "office/libreoffice/word", "office/libreoffice/session", "office/libreoffice/calls",
+        "office/model", "base",
+    ],
+    "office/libreoffice/remote": [
+        "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/calls", "office/opc",
+        "office/model", "office/formats", "base",
     ],
     "office/libreoffice/excel": [
         "office/libreoffice/session", "office/libreoffice/readback", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/host": [
-        "office/libreoffice/session", "office/libreoffice/word", "office/libreoffice/excel", "office/model",
+        "office/libreoffice/session", "office/libreoffice/remote", "office/libreoffice/excel", "office/model",
         "office/formats", "base",
     ],
     "office/libreoffice/module": [
-        "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/word",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/remote",
         "office/libreoffice/excel", "office/libreoffice/host", "office/libreoffice/entry", "office/model", "base",
     ],
     "office/factory": [
@@ -68,12 +80,13 @@ LIBRARIES = {
     "chm_lib.h": ["ui/help"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
     **{library: ["office/libreoffice/" + floor for floor in (
-        "session", "readback", "word", "excel", "host", "module")]
+        "session", "readback", "word", "job", "inside", "remote", "excel", "host",
+        "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
     # The XML of one part is a tree of pugixml's, so whoever reads parts sees it.
     "pugixml.hpp": [
         "xml", "office/opc", "office/embedded/parts", "office/embedded/text", "office/embedded/word",
-        "office/embedded/sheet", "office/embedded/excel", "office/libreoffice/readback", "office/libreoffice/word",
+        "office/embedded/sheet", "office/embedded/excel", "office/libreoffice/readback", "office/libreoffice/remote",
     ],
 }
 

@@ -121,7 +121,8 @@ class InstalledTree(unittest.TestCase):
 
     def test_what_belongs_to_the_program_lies_where_it_looks(self):
         names = {path.name for path in (self.prefix / "lib/mergeloom").iterdir()}
-        for name in ("mergeloom-designer", "mergeloom-designer.chm", "mergeloom_libreoffice.so"):
+        for name in ("mergeloom-designer", "mergeloom-designer.chm", "mergeloom_libreoffice.so",
+                     "mergeloom_inside.so"):
             self.assertEqual(name in names, (PROGRAM.parent / name).exists(), name)
         manual = gzip.decompress((self.prefix / "share/man/man1/mergeloom.1.gz").read_bytes()).decode()
         self.assertIn(".SH NAME", manual)

@@ -7,9 +7,8 @@
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
+#include "office/libreoffice/remote/WriterOffice.h"
 #include "office/libreoffice/session/UnoText.h"
-#include "office/libreoffice/word/WriterHosting.h"
-#include "office/libreoffice/word/WriterOffice.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 

@@ -2,8 +2,8 @@
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/host/LibreOfficeHost.h"
 #include "office/libreoffice/readback/ReadBack.h"
+#include "office/libreoffice/remote/WriterOffice.h"
 #include "office/libreoffice/session/LibreOfficeConverter.h"
-#include "office/libreoffice/word/WriterOffice.h"
 
 namespace mergeloom::libreoffice {
 

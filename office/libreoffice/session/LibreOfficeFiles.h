@@ -10,7 +10,6 @@
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/io/XInputStream.hpp>
-#include <com/sun/star/lang/XComponent.hpp>
 #include <functional>
 #include <string>
 #include <utility>
@@ -21,8 +20,6 @@ struct OfficeFilter;
 }
 
 namespace mergeloom::libreoffice {
-
-using DocumentReference = Reference<css::lang::XComponent>;
 
 /// A format in which Word or Excel saves. Both enumerations convert to it.
 struct SaveFormat {

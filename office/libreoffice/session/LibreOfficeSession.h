@@ -16,7 +16,9 @@ class LibreOfficeSession {
                                 OfficeMode mode = OfficeMode::Hidden)
         : process_(findOfficeProgram(), mode),
           connection_(process_, bounds),
-          files_(connection_, store, process_.workFolder()) {}
+          files_(connection_, store, process_.workFolder()) {
+        if (mode == OfficeMode::Hidden) connection_.expect(RequestPattern::Series);
+    }
 
     [[nodiscard]] LibreOfficeProcess& process() { return process_; }
     [[nodiscard]] OfficeConnection& connection() { return connection_; }

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/session/PollingThread.h"
+#include "office/libreoffice/session/UnoErrors.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <com/sun/star/bridge/UnoUrlResolver.hpp>
@@ -10,6 +11,7 @@
 #include <com/sun/star/uno/Exception.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <rtl/bootstrap.hxx>
+#include <system_error>
 #include <thread>
 
 namespace mergeloom::libreoffice {
@@ -60,6 +62,7 @@ OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bound
 
 OfficeConnection::~OfficeConnection() {
     requestQuit();
+    inside_.reset();
     desktop_.clear();
     context_.clear();
     process_.end();
@@ -69,6 +72,7 @@ void OfficeConnection::requestQuit() try {
     if (!process_.isRunning()) return;
     Watchdog impatient(kQuitCallTimeout, [this] { process_.kill(); });
     const Watchdog::Watch watch(impatient);
+    rest();
     desktop_->terminate();
 } catch (const css::uno::Exception&) {
     // It ends during the call, or is made to end.
@@ -105,12 +109,43 @@ bool OfficeConnection::responds() const try {
 }
 
 /// Raises the program's error for the exception that is being handled.
-void OfficeConnection::raiseCurrent() try { throw; } catch (const css::lang::DisposedException& error) {
+void OfficeConnection::raiseCurrent() {
     if (!responds()) raiseEnded();
-    throw AutomationError(kObjectDeleted, "The object has been deleted. (" + fromUno(error.Message) + ")");
-} catch (const css::uno::Exception& error) {
-    if (!responds()) raiseEnded();
-    throw AutomationError(kCommandFailed, "LibreOffice could not do it: " + fromUno(error.Message));
+    raiseUnoError();
+}
+
+InsideLine& OfficeConnection::inside() {
+    if (!inside_) {
+        // UNO may start threads for the calls that go with it.
+        const BlockedSignals blocked;
+        inside_.emplace(context_, insideLibrary(), process_.workFolder());
+    }
+    return *inside_;
+}
+
+/// A line that breaks means the same as a call of UNO's to an office that has gone.
+std::string OfficeConnection::askInside(const std::string& request) {
+    const Watchdog::Watch watch(watchdog_);
+    try {
+        std::string answer = inside().ask(request);
+        if (pattern_ == RequestPattern::Single) inside().rest();
+        return answer;
+    } catch (const css::uno::Exception&) {
+        raiseCurrent();
+    } catch (const std::system_error&) {
+        raiseEnded();
+    }
+}
+
+std::int64_t OfficeConnection::handInside(const DocumentReference& document) {
+    return call([&] { return inside().handOver(document); });
+}
+
+/// Where the line is broken, the call that follows finds the office gone.
+void OfficeConnection::rest() try {
+    if (inside_) inside_->rest();
+} catch (const std::system_error&) {
+    inside_.reset();
 }
 
 void OfficeConnection::raiseEnded() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/libreoffice/session/InsideLine.h"
 #include "office/libreoffice/session/LibreOfficeProcess.h"
 #include "office/libreoffice/session/Uno.h"
 #include "office/libreoffice/session/Watchdog.h"
@@ -7,9 +8,15 @@
 #include <chrono>
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
+#include <optional>
 #include <string>
 
 namespace mergeloom::libreoffice {
+
+/// How requests come to our library in the office. While a series lasts, the office's main thread waits for
+/// the next one and does nothing else, so that no user's edit comes in between; a user would notice it
+/// otherwise.
+enum class RequestPattern { Single, Series };
 
 /// The connection to an office. Each call to it goes through call(), which bounds the time and turns UNO's
 /// exceptions into the program's errors; a remote call takes about half a millisecond, so one should carry
@@ -39,13 +46,25 @@ class OfficeConnection {
     auto call(const Call& body) -> decltype(body()) {
         const Watchdog::Watch watch(watchdog_);
         try {
+            rest();
             return body();
         } catch (const css::uno::Exception&) {
             raiseCurrent();
         }
     }
 
+    /// Asks our library inside the office, which is loaded with the first request; see InsideLine. Errors as
+    /// for call.
+    std::string askInside(const std::string& request);
+    /// Hands a document over to that library and returns its number there.
+    std::int64_t handInside(const DocumentReference& document);
+
+    /// Says how requests come from now on; single ones until it is called.
+    void expect(RequestPattern pattern) { pattern_ = pattern; }
+
   private:
+    [[nodiscard]] InsideLine& inside();
+    void rest();
     void connect(std::chrono::milliseconds bound);
     [[nodiscard]] bool tryToConnect();
     void requestQuit();
@@ -57,6 +76,8 @@ class OfficeConnection {
     Watchdog watchdog_;
     Reference<css::uno::XComponentContext> context_;
     Reference<css::frame::XDesktop2> desktop_;
+    std::optional<InsideLine> inside_;
+    RequestPattern pattern_ = RequestPattern::Single;
 };
 
 }  // namespace mergeloom::libreoffice

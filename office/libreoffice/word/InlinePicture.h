@@ -14,8 +14,8 @@ class InlinePicture {
     InlinePicture(WriterContent& content, const std::string& fileName);
 
     /// Puts it into the text as one character, in the size that its pixels and resolution give, never wider
-    /// than the text area.
-    void insert(WriterStory& story, CharacterPosition position) const;
+    /// than the text area. Returns a cursor over it.
+    [[nodiscard]] CursorReference insert(const CursorReference& place) const;
 
   private:
     WriterContent& content_;

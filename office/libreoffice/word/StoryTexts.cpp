@@ -1,14 +1,13 @@
 #include "office/libreoffice/word/StoryTexts.h"
 
-#include "office/libreoffice/session/UnoText.h"
+#include "office/libreoffice/word/TextPortions.h"
 
-#include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/text/XEndnotesSupplier.hpp>
 #include <com/sun/star/text/XFootnotesSupplier.hpp>
 #include <com/sun/star/text/XTextFramesSupplier.hpp>
+#include <map>
 
 namespace mergeloom::libreoffice {
 
@@ -16,10 +15,67 @@ namespace {
 
 using css::container::XIndexAccess;
 using css::container::XNameAccess;
+using Properties = Reference<css::beans::XPropertySet>;
 
-TextReference numbered(const Reference<XIndexAccess>& notes, int number) {
-    if (number >= notes->getCount()) return {};
-    return {notes->getByIndex(number), UNO_QUERY};
+/// The texts at the edge of a page, by their properties of the page style.
+struct Marginal {
+    const char* kind;
+    const char* text;
+    const char* isOn;
+    const char* isShared;  ///< with the one of all pages; none for that one
+};
+
+constexpr Marginal kMarginals[] = {
+    {"header", "HeaderText", "HeaderIsOn", nullptr},
+    {"header", "HeaderTextLeft", "HeaderIsOn", "HeaderIsShared"},
+    {"header", "HeaderTextFirst", "HeaderIsOn", "FirstIsShared"},
+    {"footer", "FooterText", "FooterIsOn", nullptr},
+    {"footer", "FooterTextLeft", "FooterIsOn", "FooterIsShared"},
+    {"footer", "FooterTextFirst", "FooterIsOn", "FirstIsShared"},
+};
+
+class StoryList {
+  public:
+    void add(const std::string& kind, const TextReference& text) {
+        if (!text.is()) return;
+        stories_.push_back({kind + " " + std::to_string(++counts_[kind]), text});
+    }
+    void addBody(const TextReference& text) { stories_.push_back({"body", text}); }
+
+    [[nodiscard]] std::vector<Story>& stories() { return stories_; }
+
+  private:
+    std::vector<Story> stories_;
+    std::map<std::string, int> counts_;
+};
+
+void addPages(const DocumentReference& document, StoryList& list) {
+    const Reference<css::style::XStyleFamiliesSupplier> families(document, UNO_QUERY_THROW);
+    const Reference<XIndexAccess> pages(families->getStyleFamilies()->getByName("PageStyles"),
+                                        UNO_QUERY_THROW);
+    for (sal_Int32 index = 0; index < pages->getCount(); ++index) {
+        const Properties page(pages->getByIndex(index), UNO_QUERY_THROW);
+        for (const Marginal& marginal : kMarginals) {
+            if (!isTrue(page, marginal.isOn)) continue;
+            if (marginal.isShared != nullptr && isTrue(page, marginal.isShared)) continue;
+            TextReference text;
+            page->getPropertyValue(OUString::createFromAscii(marginal.text)) >>= text;
+            list.add(marginal.kind, text);
+        }
+    }
+}
+
+void addNotes(const Reference<XIndexAccess>& notes, const std::string& kind, StoryList& list) {
+    for (sal_Int32 number = 0; number < notes->getCount(); ++number)
+        list.add(kind, TextReference(notes->getByIndex(number), UNO_QUERY));
+}
+
+void addFrames(const DocumentReference& document, StoryList& list) {
+    const Reference<XIndexAccess> frames(
+        Reference<css::text::XTextFramesSupplier>(document, UNO_QUERY_THROW)->getTextFrames(),
+        UNO_QUERY_THROW);
+    for (sal_Int32 index = 0; index < frames->getCount(); ++index)
+        list.add("text box", TextReference(frames->getByIndex(index), UNO_QUERY));
 }
 
 /// Every text document has this one page, and no other way leads to its shapes.
@@ -32,56 +88,30 @@ Reference<XIndexAccess> shapesOf(const DocumentReference& document) {
 }
 
 /// A drawn shape of Word's has its text in a frame that hangs on it.
-TextReference textInShape(const DocumentReference& document, const OUString& name) {
+void addShapes(const DocumentReference& document, StoryList& list) {
     const Reference<XIndexAccess> shapes = shapesOf(document);
     for (sal_Int32 index = 0; index < shapes->getCount(); ++index) {
-        const Reference<css::container::XNamed> shape(shapes->getByIndex(index), UNO_QUERY);
-        if (!shape.is() || shape->getName() != name) continue;
-        const Reference<css::beans::XPropertySet> properties(shape, UNO_QUERY_THROW);
-        if (!properties->getPropertySetInfo()->hasPropertyByName("TextBoxContent")) return {};
+        const Properties shape(shapes->getByIndex(index), UNO_QUERY);
+        if (!shape.is() || !shape->getPropertySetInfo()->hasPropertyByName("TextBoxContent")) continue;
         TextReference text;
-        properties->getPropertyValue("TextBoxContent") >>= text;
-        return text;
+        shape->getPropertyValue("TextBoxContent") >>= text;
+        list.add("text box", text);
     }
-    return {};
 }
 
 }  // namespace
 
-TextSource pageText(const WriterModel& model, const std::string& page, const char* property) {
-    return [document = model.document, page, property] {
-        const Reference<css::style::XStyleFamiliesSupplier> families(document, UNO_QUERY_THROW);
-        const Reference<XNameAccess> pages(families->getStyleFamilies()->getByName("PageStyles"),
-                                           UNO_QUERY_THROW);
-        TextReference text;
-        if (!pages->hasByName(toUno(page))) return text;
-        const Reference<css::beans::XPropertySet> style(pages->getByName(toUno(page)), UNO_QUERY_THROW);
-        style->getPropertyValue(OUString::createFromAscii(property)) >>= text;
-        return text;
-    };
-}
-
-TextSource footnoteText(const WriterModel& model, int number) {
-    return [document = model.document, number] {
-        const Reference<css::text::XFootnotesSupplier> notes(document, UNO_QUERY_THROW);
-        return numbered(notes->getFootnotes(), number);
-    };
-}
-
-TextSource endnoteText(const WriterModel& model, int number) {
-    return [document = model.document, number] {
-        const Reference<css::text::XEndnotesSupplier> notes(document, UNO_QUERY_THROW);
-        return numbered(notes->getEndnotes(), number);
-    };
-}
-
-TextSource boxText(const WriterModel& model, const std::string& name) {
-    return [document = model.document, name] {
-        const Reference<css::text::XTextFramesSupplier> supplier(document, UNO_QUERY_THROW);
-        const Reference<XNameAccess> frames = supplier->getTextFrames();
-        if (frames->hasByName(toUno(name))) return TextReference(frames->getByName(toUno(name)), UNO_QUERY);
-        return textInShape(document, toUno(name));
-    };
+std::vector<Story> storiesOf(const WriterModel& model) {
+    StoryList list;
+    list.addBody(model.body);
+    addPages(model.document, list);
+    addNotes(Reference<css::text::XFootnotesSupplier>(model.document, UNO_QUERY_THROW)->getFootnotes(),
+             "footnote", list);
+    addNotes(Reference<css::text::XEndnotesSupplier>(model.document, UNO_QUERY_THROW)->getEndnotes(),
+             "endnote", list);
+    addFrames(model.document, list);
+    addShapes(model.document, list);
+    return list.stories();
 }
 
 }  // namespace mergeloom::libreoffice

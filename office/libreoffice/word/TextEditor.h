@@ -3,29 +3,42 @@
 #include "office/libreoffice/word/WriterContent.h"
 
 #include <string>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
-/// Changes the text of a document with Word's habits: what bookmarks do is told in Range::SetText.
+/// Changes the text of a document with Word's habits: Range::SetText says what bookmarks do.
 class TextEditor {
   public:
     explicit TextEditor(WriterContent& content) : content_(content) {}
 
-    /// Returns the length of what stands in the stretch's place then.
-    CharacterCount replace(WriterStory& story, Stretch stretch, const std::string& text);
-    /// The same with a picture of that size, in hundredths of a millimetre.
-    CharacterCount replaceByPicture(WriterStory& story, Stretch stretch, const std::string& fileName);
-    void removeTable(WriterStory& story, const TablePtr& table);
-    CharacterCount insert(WriterStory& story, CharacterPosition position, const std::string& text);
+    /// Replaces what the range covers; it then covers the new text.
+    void replace(TrackedRange& range, const std::string& text);
+
+    /// The same with a picture.
+    void replaceByPicture(TrackedRange& range, const std::string& fileName);
+
+    /// Removes a table with the bookmarks in it and around it.
+    void removeTable(const TextReference& story, const TableReference& table);
 
   private:
-    [[nodiscard]] Stretch withoutLastMark(WriterStory& story, Stretch stretch);
-    void remove(WriterStory& story, Stretch stretch);
-    void removeWithinText(WriterStory& story, Stretch stretch);
-    [[nodiscard]] std::vector<MarkPtr> startingBehind(WriterStory& story, Stretch stretch);
-    void keepBehind(const std::vector<MarkPtr>& marks, CharacterPosition start, CharacterCount inserted);
-    void insertPageBreak(WriterStory& story, CharacterPosition position);
-    [[nodiscard]] bool beginsWithCharacter(WriterStory& story, Stretch stretch);
+    /// A bookmark that lives through the replacement.
+    struct KeptBookmark {
+        LiveBookmark bookmark;
+        bool startsInside = false;  ///< it has to begin with the new text
+        bool isEmpty = false;
+        bool endsWithText = false;  ///< and with the mark after that
+    };
+
+    void trimMarks(TrackedRange& range);
+    std::vector<KeptBookmark> removeCovered(const TrackedRange& range);
+    void dissolveFields(TrackedRange& range, bool hasText);
+    void removeTables(TrackedRange& range);
+    CursorReference emptied(TrackedRange& range);
+    CursorReference insertedAfterFirst(TrackedRange& range, const std::string& text);
+    CursorReference insert(const TrackedRange& range, const CursorReference& at, const std::string& text);
+    void settle(TrackedRange& range, const CursorReference& inserted, const std::vector<KeptBookmark>& kept);
+    void keep(const TrackedRange& range, const KeptBookmark& kept);
 
     WriterContent& content_;
 };

@@ -1,43 +1,23 @@
 #include "office/libreoffice/word/WriterContent.h"
 
 #include "base/AutomationError.h"
-#include "base/Text.h"
+#include "office/libreoffice/session/UnoText.h"
+#include "office/libreoffice/word/FieldFinder.h"
+#include "office/libreoffice/word/StoryOrder.h"
+#include "office/libreoffice/word/TableCells.h"
 #include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
+#include <com/sun/star/text/XParagraphCursor.hpp>
 #include <utility>
 
 namespace mergeloom::libreoffice {
 
-namespace {
-
-/// The bookmarks that Writer has elsewhere than Word would, in the order in which they are to be put in: of
-/// those that begin at one place, Writer takes the last one for the outermost.
-std::vector<MarkPtr> misplacedMarks(const StoryMap& map) {
-    std::vector<MarkPtr> found;
-    for (auto mark = map.marks().rbegin(); mark != map.marks().rend(); ++mark) {
-        if (!MarkWriter::isInPlace(**mark) && MarkWriter::canPut(**mark)) found.push_back(*mark);
-    }
-    std::ranges::stable_sort(
-        found, {}, [](const MarkPtr& mark) { return std::pair(mark->place.start, mark->place.end); });
-    return found;
-}
-
-/// Tells the map of the characters of two units.
-void addPairs(StoryMap& map, CharacterPosition position, std::string_view text) {
-    while (!text.empty()) {
-        const bool isPair = takeCodePoint(text) > 0xFFFF;
-        if (isPair) map.addPair(position);
-        position = position + CharacterCount{isPair ? 2 : 1};
-    }
-}
-
-}  // namespace
-
-WriterContent::WriterContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
-                             DocumentReference document, ContentOrigin origin)
-    : session_(std::move(session)), files_(files), origin_(origin) {
-    session_->connection().call([&] { model_.emplace(document); });
+WriterContent::WriterContent(Reference<css::uno::XComponentContext> office, const DocumentReference& document)
+    : office_(std::move(office)) {
+    translatingErrors([&] { model_.emplace(document); });
+    bookmarks_.emplace(*model_);
+    finder_.emplace(*model_, *bookmarks_);
 }
 
 void WriterContent::checkIsOpen() const {
@@ -49,177 +29,144 @@ void WriterContent::setProtection(const std::string& fileName, opc::DocumentProt
     protection_ = protection;
 }
 
+void WriterContent::takeFile(const std::string& fileName, const std::string& content) {
+    takenFile_ = {fileName, content};
+}
+
+std::string WriterContent::takenFile(const std::string& fileName) {
+    const auto [name, content] = std::exchange(takenFile_, {});
+    if (name == fileName) return content;
+    throw AutomationError(kFileCouldNotBeRead, "The file '" + fileName + "' was not handed over.");
+}
+
 void WriterContent::checkMayEdit() const {
     if (protection_ != opc::DocumentProtection::None) opc::refuseProtected(fileName_, protection_);
 }
 
-void WriterContent::read(ContentOrigin origin) {
-    ContentReader reader(*session_, *model_, stories_, marks_);
-    if (origin == ContentOrigin::Empty) {
-        reader.readEmpty();
-    } else {
-        reader.read();
-    }
-    needle_.forget();
-    isKnown_ = true;
-    isWatched_ = false;
-    select({&body(), {0}, {0}});
-}
-
 void WriterContent::forget() {
-    callOutside([this] { flush(); });
-    needle_.forget();
-    for (WriterStory& story : stories_)
-        story.forgetCells();
+    bookmarks_->forget();
+    finder_->forget();
+    stories_.clear();
     recorded_.reset();
-    origin_ = ContentOrigin::File;
-    isKnown_ = false;
+    removedFields_.clear();
+    newTable_.reset();
 }
 
-WriterStory& WriterContent::storyNamed(const std::string& name) {
-    const auto found = std::ranges::find(stories_, name, &WriterStory::name);
-    if (found == stories_.end()) throw AutomationError(kMemberNotFound, "There is no story '" + name + "'.");
-    return *found;
+const std::vector<Story>& WriterContent::stories() {
+    if (stories_.empty()) stories_ = storiesOf(*model_);
+    return stories_;
 }
 
-std::shared_ptr<LiveStretch> WriterContent::live(WriterStory& story, CharacterPosition start,
-                                                 CharacterPosition end) {
-    auto stretch = std::make_shared<LiveStretch>(LiveStretch{&story, start, end});
-    story.map().watch(stretch);
-    return stretch;
-}
-
-void WriterContent::select(const LiveStretch& stretch) {
-    // Each story keeps its own stretches true, so the selection is a new one in the story that it goes to.
-    if (stretch.story != selection_->story || !isWatched_) {
-        selection_ = live(*stretch.story, stretch.start, stretch.end);
-        isWatched_ = true;
+TextReference WriterContent::storyOf(const RangeReference& range) {
+    if (order::holds(model_->body, range)) return model_->body;
+    for (const Story& story : stories()) {
+        if (order::holds(story.text, range)) return story.text;
     }
-    *selection_ = stretch;
+    return range->getText();
 }
 
-Needle& WriterContent::needle() {
-    flush();
-    return needle_;
+std::string WriterContent::nameOf(const TextReference& story) {
+    if (story.get() == model_->body.get()) return stories().front().name;
+    const auto isIt = [&](const Story& other) { return order::holds(other.text, story->getStart()); };
+    const auto found = std::ranges::find_if(stories(), isIt);
+    if (found == stories().end())
+        throw AutomationError(kNotAvailable, "LibreOffice does not name the story.");
+    return found->name;
 }
 
-void WriterContent::type(WriterStory& story, CharacterPosition position, const std::string& text) {
-    const bool goesOn = typed_ && typed_->story == &story && typed_->end == position;
-    if (!goesOn) {
-        flush();
-        const TextPlace place = story.map().placeOf(position);
-        typed_ = TypedText{&story, position, story.needleText(place.text), place.steps, {}, 0};
-    }
-    const OUString added = toUno(text);
-    const CharacterCount length{added.getLength()};
-    story.map().insertText(position, length);
-    addPairs(story.map(), position, text);
-    typed_->text += added;
-    typed_->textSteps += story.map().stepsOver({position, position + length});
-    typed_->end = position + length;
-    if (!isRecording_) flush();
+RangePtr WriterContent::track(TrackedRange range) {
+    std::erase_if(tracked_, [](const std::weak_ptr<TrackedRange>& tracked) { return tracked.expired(); });
+    auto tracked = std::make_shared<TrackedRange>(std::move(range));
+    tracked_.push_back(tracked);
+    return tracked;
 }
 
-void WriterContent::flush() {
-    if (!typed_) return;
-    const TypedText typed = *std::exchange(typed_, std::nullopt);
-    typed.way.text->insertString(rangeOf(needle_.at(typed.way, typed.steps)), typed.text, false);
-    needle_.passed(typed.textSteps);
+RangePtr WriterContent::copyOf(const TrackedRange& range) {
+    TrackedRange copy = range;
+    copy.cursor = cursorOver(rangeOf(range.cursor));
+    return track(std::move(copy));
 }
 
-const CursorReference& WriterContent::cursorOver(WriterStory& story, Stretch stretch) {
-    flush();
-    const TextPlace from = story.map().placeOf(stretch.start);
-    const NeedleText text = story.needleText(from.text);
-    if (stretch.start == stretch.end) return needle_.at(text, from.steps);
-    const TextPlace to = story.map().placeOf(stretch.end);
-    // What ends before a cell's mark or a table still ends in the text that it began in.
-    const bool isSame = from.text == to.text;
-    return needle_.over(text, from.steps, isSame ? to.steps : from.steps + story.map().stepsOver(stretch));
+RangePtr WriterContent::linkedTo(const word::Range& range) const {
+    const auto found = linked_.find(&range);
+    if (found == linked_.end())
+        throw AutomationError(kCommandFailed, "The range is one of another document.");
+    return found->second;
 }
 
-void WriterContent::settle() {
-    if (isRecording_) return;
-    recorded_.reset();
-    bringMarksToTheirPlaces();
-}
-
-void WriterContent::bringMarksToTheirPlaces() {
-    flush();
-    for (WriterStory& story : stories_) {
-        for (const MarkPtr& mark : misplacedMarks(story.map())) {
-            MarkWriter::take(*model_, *mark);
-            markWriter_.put(*model_, *mark);
-        }
+void WriterContent::holdBack(const TrackedRange& edited, const RangeReference& start,
+                             const RangeReference& end) {
+    for (const std::weak_ptr<TrackedRange>& watched : tracked_) {
+        const RangePtr range = watched.lock();
+        if (!range || range.get() == &edited || range->story.get() != edited.story.get()) continue;
+        const bool movesStart = range->startBeyond == Beyond::Nothing &&
+                                order::compareStarts(range->story, rangeOf(range->cursor), end) == 0;
+        const bool movesEnd = range->endBeyond == Beyond::Nothing &&
+                              order::compareEnds(range->story, rangeOf(range->cursor), end) == 0;
+        if (!movesStart && !movesEnd) continue;
+        range->cursor = cursorOver(movesStart ? start : range->cursor->getStart(),
+                                   movesEnd ? start : range->cursor->getEnd());
     }
 }
 
-MarkPtr WriterContent::addMark(const std::string& name, WriterStory& story, Stretch stretch) {
+RangePtr WriterContent::selection() {
+    if (!selection_) selection_ = track({model_->body, cursorOver(firstPlaceOf(model_->body))});
+    return selection_;
+}
+
+void WriterContent::select(const TrackedRange& range) {
+    selection_ = copyOf(range);
+}
+
+void WriterContent::addBookmark(const std::string& name, const TrackedRange& range) {
     checkMayEdit();
     word::checkBookmarkName(name);
-    auto mark = std::make_shared<MarkRecord>();
-    mark->name = name;
-    mark->story = &story;
-    mark->place = stretch;
-    mark->isWritten = false;
-    MarkWriter::check(*mark);
-    if (const MarkPtr former = marks_.find(name)) removeMark(former);
-    story.map().addMark(mark);
-    marks_.list(mark);
-    settle();
-    return mark;
+    finder_->put(name, range);
 }
 
-void WriterContent::moveMark(MarkRecord& mark, Stretch stretch) {
-    checkMayEdit();
-    MarkRecord moved = mark;
-    moved.place = stretch;
-    MarkWriter::check(moved);
-    mark.place = stretch;
-    settle();
+void WriterContent::removeBookmark(const std::string& name) {
+    bookmarks_->remove(name);
+    finder_->forgetGap();
 }
 
-void WriterContent::removeMark(const MarkPtr& mark) {
-    MarkWriter::take(*model_, *mark);
-    mark->story->map().removeMark(mark);
-    marks_.unlist(mark);
+void WriterContent::noteRemovedField(const CursorReference& place, const std::string& code) {
+    removedFields_.push_back({place, code});
 }
 
-WriterContent::Snapshot WriterContent::snapshot() {
-    Snapshot snapshot{{}, marks_.all(), *selection_};
-    for (WriterStory& story : stories_)
-        snapshot.stories.push_back(story.map().state());
-    return snapshot;
+void WriterContent::notePlaceAfter(const TableReference& table, const TrackedRange& range) {
+    newTable_.emplace(table, cursorOver(range.cursor->getStart()));
 }
 
-/// Stories that were found meanwhile have nothing of the step that is taken back.
-void WriterContent::restore(const Snapshot& snapshot) {
-    for (std::size_t index = 0; index < snapshot.stories.size(); ++index)
-        stories_[index].map().restore(*snapshot.stories[index]);
-    marks_.clear();
-    for (const MarkPtr& mark : snapshot.marks)
-        marks_.list(mark);
-    select(snapshot.selection);
+RangeReference WriterContent::placeAfter(const TextReference& story, const TableReference& table) {
+    if (newTable_) {
+        const CursorReference cursor = cursorOver(rangeOf(newTable_->second));
+        Reference<css::text::XParagraphCursor>(cursor, UNO_QUERY_THROW)->gotoStartOfParagraph(false);
+        const TableReference before = tableBefore(rangeOf(cursor));
+        if (before.is() && isSameTable(before, table)) return cursor->getStart();
+    }
+    return libreoffice::placeAfter(story, table);
+}
+
+WriterContent::Neighbour WriterContent::neighbourOf(const RangeReference& place, bool isBefore) {
+    const CursorReference cursor = cursorOver(place);
+    const bool isBeside = isBefore ? cursor->goLeft(1, false) : cursor->goRight(1, false);
+    return {cursor, isBeside};
 }
 
 void WriterContent::startRecord(const std::string& name) {
     if (isRecording_) endRecord();
-    flush();
-    recorded_ = snapshot();
+    const RangePtr selected = selection();
+    recorded_ =
+        Recorded{selected->story, neighbourOf(selected->cursor->getStart(), true),
+                 neighbourOf(selected->cursor->getEnd(), false), selected->startBeyond, selected->endBeyond};
+    removedFields_.clear();
     model_->undo->enterUndoContext(toUno(name));
     model_->model->lockControllers();
     isRecording_ = true;
 }
 
 void WriterContent::endRecord() {
-    if (!isRecording_) return;
-    try {
-        bringMarksToTheirPlaces();
-    } catch (...) {
-        leaveRecord();
-        throw;
-    }
-    leaveRecord();
+    if (isRecording_) leaveRecord();
 }
 
 void WriterContent::leaveRecord() {
@@ -228,19 +175,36 @@ void WriterContent::leaveRecord() {
     model_->undo->leaveUndoContext();
 }
 
+/// Goes back to the selection from the characters beside it.
+void WriterContent::restoreSelection(const Recorded& recorded) {
+    const auto [before, after] = std::pair(recorded.before.at, recorded.after.at);
+    if (recorded.before.isBeside) before->goRight(1, false);
+    if (recorded.after.isBeside) after->goLeft(1, false);
+    if (!recorded.before.isBeside) before->gotoStart(false);
+    if (!recorded.after.isBeside) after->gotoEnd(false);
+    select({recorded.story, cursorOver(rangeOf(before), rangeOf(after)), recorded.startBeyond,
+            recorded.endBeyond});
+}
+
+/// Gives the fields that came back their codes again.
+void WriterContent::restoreCodes() {
+    model_->undo->lock();
+    for (const RemovedField& field : std::exchange(removedFields_, {}))
+        restoreCode(rangeOf(field.place), field.code);
+    model_->undo->unlock();
+}
+
 bool WriterContent::undo(int times) {
     endRecord();
     int left = times;
     for (; left > 0 && model_->undo->isUndoPossible(); --left)
         model_->undo->undo();
     if (left == times) return false;
-    needle_.forget();
-    for (WriterStory& story : stories_)
-        story.forgetCells();
+    bookmarks_->forgetPlaces();
+    finder_->forget();
     if (times == 1 && recorded_) {
-        restore(*recorded_);
-    } else {
-        read(ContentOrigin::File);
+        restoreSelection(*recorded_);
+        restoreCodes();
     }
     recorded_.reset();
     return true;
@@ -248,13 +212,18 @@ bool WriterContent::undo(int times) {
 
 void WriterContent::close() {
     if (!isOpen()) return;
-    const DocumentReference document = model_->document;
-    typed_.reset();
-    needle_.forget();
-    for (WriterStory& story : stories_)
-        story.forgetCells();
+    selection_.reset();
+    recorded_.reset();
+    removedFields_.clear();
+    stories_.clear();
+    newTable_.reset();
+    finder_.reset();
+    bookmarks_.reset();
+    for (const std::weak_ptr<TrackedRange>& watched : tracked_) {
+        // Its objects go with the document.
+        if (const RangePtr range = watched.lock()) *range = {};
+    }
     model_.reset();
-    session_->files().close(document);
 }
 
 }  // namespace mergeloom::libreoffice

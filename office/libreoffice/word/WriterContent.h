@@ -1,137 +1,137 @@
 #pragma once
 
-#include "base/FileStore.h"
-#include "office/libreoffice/session/LibreOfficeSession.h"
-#include "office/libreoffice/session/UnoText.h"
-#include "office/libreoffice/word/ContentReader.h"
-#include "office/libreoffice/word/MarkWriter.h"
+#include "office/libreoffice/session/UnoErrors.h"
+#include "office/libreoffice/word/BookmarkFinder.h"
+#include "office/libreoffice/word/StoryTexts.h"
+#include "office/model/word/Forward.h"
 #include "office/opc/DocumentProtection.h"
 
-#include <deque>
+#include <com/sun/star/uno/XComponentContext.hpp>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
-/// Whether a document was made empty or read from a file.
-enum class ContentOrigin { Empty, File };
+using RangePtr = std::shared_ptr<TrackedRange>;
 
-/// What a document of Writer's holds, and all changes of it. What is known of stories, tables and bookmarks
-/// is kept here and moved with each edit, for Writer takes a call to answer each question. Nobody else edits
-/// a document that has no window; where one is shown to a user, what is known has to be forgotten in time.
+/// A field of Word's whose code Writer keeps, and that Writer's undo gives back without the code.
+struct RemovedField {
+    CursorReference place;
+    std::string code;
+};
+
+/// A document of Writer's: its selection, its bookmarks and the ranges that are held in it. Writer itself
+/// keeps them true while the document is edited.
 class WriterContent : public std::enable_shared_from_this<WriterContent> {
   public:
-    WriterContent(std::shared_ptr<LibreOfficeSession> session, FileStore& files, DocumentReference document,
-                  ContentOrigin origin);
+    WriterContent(Reference<css::uno::XComponentContext> office, const DocumentReference& document);
 
-    /// Everything that reaches Writer goes through this; see OfficeConnection::call.
+    /// Runs a body that calls Writer. Errors are those of translatingErrors, and kObjectDeleted when the
+    /// document is closed.
     template <typename Call>
     auto call(const Call& body) -> decltype(body()) {
-        return callOutside([&] {
-            if (!isKnown_) read(origin_);
-            return body();
-        });
-    }
-    /// The same for what needs to know nothing of what the document holds.
-    template <typename Call>
-    auto callOutside(const Call& body) -> decltype(body()) {
-        return session_->connection().call([&] {
-            checkIsOpen();
-            return body();
-        });
+        checkIsOpen();
+        return translatingErrors(body);
     }
 
-    /// What the file that the document was read from forbids. Writer shows it to its user, but edits all the
-    /// same when a program asks.
+    /// Sets what the file forbids that the document was read from; see DocumentEditor.
     void setProtection(const std::string& fileName, opc::DocumentProtection protection);
+
+    /// Keeps the content of a file until takenFile returns it: file stores are in the other process.
+    void takeFile(const std::string& fileName, const std::string& content);
+    [[nodiscard]] std::string takenFile(const std::string& fileName);
+
     /// Raises kNotAvailable for a protected document; to be called before every change.
     void checkMayEdit() const;
 
-    /// Somebody else may change the document: it is read anew when something is asked of it.
+    /// Forgets what is known of the document, which its user may have changed.
     void forget();
 
-    [[nodiscard]] LibreOfficeSession& session() { return *session_; }
-    [[nodiscard]] FileStore& files() { return files_; }
+    [[nodiscard]] const Reference<css::uno::XComponentContext>& office() const { return office_; }
     [[nodiscard]] const WriterModel& model() const { return *model_; }
-    [[nodiscard]] MarkTable& marks() { return marks_; }
-    /// The cursor, once what was typed has reached Writer.
-    [[nodiscard]] Needle& needle();
-    [[nodiscard]] std::deque<WriterStory>& stories() { return stories_; }
-    [[nodiscard]] WriterStory& body() { return stories_.front(); }
-    /// Raises kMemberNotFound when there is none of that name.
-    WriterStory& storyNamed(const std::string& name);
+    [[nodiscard]] BookmarkNames& bookmarkNames() { return bookmarks_->names(); }
+    [[nodiscard]] LiveBookmarks& bookmarks() { return *bookmarks_; }
+    [[nodiscard]] BookmarkFinder& finder() { return *finder_; }
 
-    [[nodiscard]] const std::shared_ptr<LiveStretch>& selection() const { return selection_; }
-    void select(const LiveStretch& stretch);
-    /// A stretch of its own that lives through edits.
-    std::shared_ptr<LiveStretch> live(WriterStory& story, CharacterPosition start, CharacterPosition end);
+    /// Returns the text that holds everything of the story that the range is in.
+    TextReference storyOf(const RangeReference& range);
 
-    /// The cursor with the stretch selected, which lies within one of Writer's texts.
-    const CursorReference& cursorOver(WriterStory& story, Stretch stretch);
+    /// Returns the stories of the document, the body first.
+    const std::vector<Story>& stories();
+    /// Returns the story's name as Range.storyName gives it.
+    std::string nameOf(const TextReference& story);
 
-    /// Puts text in whose breaks are Writer's: CR for a paragraph's end, LF for a line's. While a record
-    /// runs, texts that follow one another go to Writer together.
-    void type(WriterStory& story, CharacterPosition position, const std::string& text);
-    /// Lets what was typed reach Writer.
-    void flush();
+    /// Returns a range of its own that is corrected where Word's ranges live on otherwise than Writer's.
+    RangePtr track(TrackedRange range);
+    RangePtr copyOf(const TrackedRange& range);
 
-    /// To be called after every change of the text; brings Writer's bookmarks to their places unless a record
-    /// runs, whose end does it once for all.
-    void settle();
-    /// Where Writer has a bookmark elsewhere than Word would.
-    void bringMarksToTheirPlaces();
+    /// Links a range of the object model with the range in Writer, as long as it lives.
+    void link(const word::Range& range, const RangePtr& tracked) { linked_[&range] = tracked; }
+    void unlink(const word::Range& range) { linked_.erase(&range); }
+    /// Raises kCommandFailed for a range of another document.
+    [[nodiscard]] RangePtr linkedTo(const word::Range& range) const;
 
-    MarkPtr addMark(const std::string& name, WriterStory& story, Stretch stretch);
-    void moveMark(MarkRecord& mark, Stretch stretch);
-    void removeMark(const MarkPtr& mark);
+    /// Moves the ends of other ranges that were where text was inserted back to before that text.
+    void holdBack(const TrackedRange& edited, const RangeReference& start, const RangeReference& end);
+
+    /// Remembers that a new table ends where the range starts.
+    void notePlaceAfter(const TableReference& table, const TrackedRange& range);
+    /// Returns the place after the table in the text that holds it.
+    RangeReference placeAfter(const TextReference& story, const TableReference& table);
+
+    [[nodiscard]] RangePtr selection();
+    void select(const TrackedRange& range);
+
+    void addBookmark(const std::string& name, const TrackedRange& range);
+    void removeBookmark(const std::string& name);
+
+    void noteRemovedField(const CursorReference& place, const std::string& code);
 
     void startRecord(const std::string& name);
     void endRecord();
     bool undo(int times);
-
     void close();
     [[nodiscard]] bool isOpen() const { return model_.has_value(); }
 
   private:
-    struct Snapshot {
-        std::vector<std::shared_ptr<const StoryMap::State>> stories;
-        std::vector<MarkPtr> marks;
-        LiveStretch selection;
+    /// A place, known by the character beside it, which an edit at the place does not touch.
+    struct Neighbour {
+        CursorReference at;
+        bool isBeside = false;  ///< false at the end of the text
+    };
+    struct Recorded {
+        TextReference story;
+        Neighbour before;
+        Neighbour after;
+        Beyond startBeyond = Beyond::Nothing;
+        Beyond endBeyond = Beyond::Nothing;
     };
 
-    /// Typed text that Writer does not have yet, and where it goes there.
-    struct TypedText {
-        WriterStory* story = nullptr;
-        CharacterPosition end;
-        NeedleText way;
-        std::int64_t steps = 0;
-        OUString text;
-        std::int64_t textSteps = 0;
-    };
-
-    void read(ContentOrigin origin);
     void checkIsOpen() const;
-    [[nodiscard]] Snapshot snapshot();
-    void restore(const Snapshot& snapshot);
     void leaveRecord();
+    [[nodiscard]] static Neighbour neighbourOf(const RangeReference& place, bool isBefore);
+    void restoreSelection(const Recorded& recorded);
+    void restoreCodes();
 
-    std::shared_ptr<LibreOfficeSession> session_;
-    FileStore& files_;
-    ContentOrigin origin_;
+    Reference<css::uno::XComponentContext> office_;
     std::optional<WriterModel> model_;
-    std::deque<WriterStory> stories_;
-    MarkTable marks_;
-    Needle needle_;
-    MarkWriter markWriter_{needle_};
-    std::optional<TypedText> typed_;
-    std::shared_ptr<LiveStretch> selection_ = std::make_shared<LiveStretch>();
-    std::optional<Snapshot> recorded_;  ///< before the step that was recorded last
+    std::optional<LiveBookmarks> bookmarks_;
+    std::optional<BookmarkFinder> finder_;
+    std::vector<Story> stories_;
+    std::vector<std::weak_ptr<TrackedRange>> tracked_;
+    std::unordered_map<const word::Range*, RangePtr> linked_;
+    RangePtr selection_;
+    std::optional<Recorded> recorded_;  ///< what was selected before the step that was recorded last
+    std::vector<RemovedField> removedFields_;
+    std::optional<std::pair<TableReference, CursorReference>> newTable_;  ///< with a cursor after it
     std::string fileName_;
     opc::DocumentProtection protection_ = opc::DocumentProtection::None;
-    bool isKnown_ = false;  ///< what the document holds
+    std::pair<std::string, std::string> takenFile_;  ///< its name and its content
     bool isRecording_ = false;
-    bool isWatched_ = false;  ///< whether the selection's story keeps it true
 };
 
 }  // namespace mergeloom::libreoffice

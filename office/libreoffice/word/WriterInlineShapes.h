@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/libreoffice/word/TextEditor.h"
+#include "office/libreoffice/word/WriterContent.h"
 #include "office/model/word/Range.h"
 
 #include <memory>
@@ -11,23 +11,18 @@ namespace mergeloom::libreoffice {
 
 class WriterInlineShapes final : public word::InlineShapes {
   public:
-    WriterInlineShapes(std::shared_ptr<WriterContent> content, std::shared_ptr<LiveStretch> stretch)
-        : content_(std::move(content)), stretch_(std::move(stretch)) {}
+    WriterInlineShapes(std::shared_ptr<WriterContent> content, RangePtr range)
+        : content_(std::move(content)), range_(std::move(range)) {}
 
-    int Count() override { return static_cast<int>(objectsIn(*stretch_, ObjectKind::InlineShape).size()); }
-    void AddPicture(const std::string& fileName) override {
-        content_->call([&] {
-            const CharacterPosition start = stretch_->start;
-            const CharacterCount inserted =
-                TextEditor(*content_).replaceByPicture(*stretch_->story, {start, stretch_->end}, fileName);
-            stretch_->start = start;
-            stretch_->end = start + inserted;
-        });
-    }
+    int Count() override;
+    void AddPicture(const std::string& fileName) override;
 
   private:
     std::shared_ptr<WriterContent> content_;
-    std::shared_ptr<LiveStretch> stretch_;
+    RangePtr range_;
 };
+
+/// Returns the number of floating shapes whose anchors are in the range.
+int countFloatingShapes(const TrackedRange& range);
 
 }  // namespace mergeloom::libreoffice

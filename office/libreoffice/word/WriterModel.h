@@ -1,7 +1,9 @@
 #pragma once
 
-#include "office/libreoffice/session/LibreOfficeFiles.h"
+#include "office/libreoffice/word/TextPlace.h"
 
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/document/XUndoManager.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/frame/XModel.hpp>
@@ -13,24 +15,26 @@
 
 namespace mergeloom::libreoffice {
 
-/// The faces of one of Writer's documents that are called again and again; each costs a call to get.
+/// The interfaces of one of Writer's documents that are called again and again; each costs a call to get.
 struct WriterModel {
     explicit WriterModel(const DocumentReference& component)
         : document(component),
-          text(component, UNO_QUERY_THROW),
+          body(Reference<css::text::XTextDocument>(component, UNO_QUERY_THROW)->getText()),
           factory(component, UNO_QUERY_THROW),
-          bookmarks(component, UNO_QUERY_THROW),
-          tables(component, UNO_QUERY_THROW),
+          bookmarks(Reference<css::text::XBookmarksSupplier>(component, UNO_QUERY_THROW)->getBookmarks()),
+          bookmarksByPlace(bookmarks, UNO_QUERY_THROW),
+          tables(Reference<css::text::XTextTablesSupplier>(component, UNO_QUERY_THROW)->getTextTables()),
           model(component, UNO_QUERY_THROW),
           modifiable(component, UNO_QUERY_THROW),
           undo(Reference<css::document::XUndoManagerSupplier>(component, UNO_QUERY_THROW)->getUndoManager()) {
     }
 
     DocumentReference document;
-    Reference<css::text::XTextDocument> text;
+    TextReference body;
     Reference<css::lang::XMultiServiceFactory> factory;
-    Reference<css::text::XBookmarksSupplier> bookmarks;
-    Reference<css::text::XTextTablesSupplier> tables;
+    Reference<css::container::XNameAccess> bookmarks;
+    Reference<css::container::XIndexAccess> bookmarksByPlace;
+    Reference<css::container::XNameAccess> tables;
     Reference<css::frame::XModel> model;
     Reference<css::util::XModifiable> modifiable;
     Reference<css::document::XUndoManager> undo;

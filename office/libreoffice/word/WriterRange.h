@@ -5,18 +5,21 @@
 
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace mergeloom::libreoffice {
 
 class WriterRange : public word::Range {
   public:
-    WriterRange(std::shared_ptr<WriterContent> content, std::shared_ptr<LiveStretch> stretch)
-        : content_(std::move(content)), stretch_(std::move(stretch)) {}
+    WriterRange(std::shared_ptr<WriterContent> content, RangePtr range);
+    WriterRange(const WriterRange&) = delete;
+    WriterRange& operator=(const WriterRange&) = delete;
+    ~WriterRange() override;
 
-    CharacterPosition Start() override { return stretch_->start; }
-    CharacterPosition End() override { return stretch_->end; }
-    std::string storyName() override { return stretch_->story->name(); }
+    CharacterPosition Start() override;
+    CharacterPosition End() override;
+    bool isEmpty() override;
+    std::strong_ordering compare(word::RangeEnd mine, word::Range& other, word::RangeEnd others) override;
+    std::string storyName() override;
     std::string Text() override;
     void SetText(const std::string& text) override;
     word::BookmarksPtr Bookmarks() override;
@@ -25,13 +28,13 @@ class WriterRange : public word::Range {
     word::InlineShapesPtr InlineShapes() override;
     word::TablesPtr Tables() override;
     word::RangePtr Previous(word::WdUnits unit, int count) override;
-    void Select() override { content_->select(*stretch_); }
+    void Select() override;
 
   private:
     std::shared_ptr<WriterContent> content_;
-    std::shared_ptr<LiveStretch> stretch_;
+    RangePtr range_;
 };
 
-word::RangePtr makeRange(const std::shared_ptr<WriterContent>& content, WriterStory& story, Stretch stretch);
+word::RangePtr makeRange(const std::shared_ptr<WriterContent>& content, TrackedRange range);
 
 }  // namespace mergeloom::libreoffice

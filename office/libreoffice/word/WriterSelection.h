@@ -19,7 +19,6 @@ class WriterSelection final : public word::Selection {
     void TypeParagraph() override { TypeText("\r"); }
     void Collapse(word::WdCollapseDirection direction) override;
     void EndKey(word::WdUnits unit) override;
-
     word::FontPtr Font() override;
     word::BookmarksPtr Bookmarks() override;
     word::FieldsPtr Fields() override;
@@ -28,20 +27,8 @@ class WriterSelection final : public word::Selection {
     word::TablesPtr Tables() override;
 
   private:
-    /// What is selected now; the document is read by then.
-    [[nodiscard]] std::shared_ptr<LiveStretch> stretch() const;
+    [[nodiscard]] RangePtr selected() const;
 
-    std::shared_ptr<WriterContent> content_;
-};
-
-/// A document without a window has a selection all the same.
-class WriterWindow final : public word::Window {
-  public:
-    explicit WriterWindow(std::shared_ptr<WriterContent> content) : content_(std::move(content)) {}
-
-    word::SelectionPtr Selection() override { return std::make_shared<WriterSelection>(content_); }
-
-  private:
     std::shared_ptr<WriterContent> content_;
 };
 

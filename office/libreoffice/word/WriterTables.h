@@ -4,23 +4,11 @@
 #include "office/model/word/Table.h"
 
 #include <memory>
-#include <utility>
-#include <vector>
 
 namespace mergeloom::libreoffice {
 
-class WriterTables final : public word::Tables {
-  public:
-    WriterTables(std::shared_ptr<WriterContent> content, const LiveStretch& stretch);
-
-    int Count() override { return static_cast<int>(tables_.size()); }
-    word::TablePtr Item(int number) override;
-    word::TablePtr Add(word::Range& range, int rows, int columns) override;
-
-  private:
-    std::shared_ptr<WriterContent> content_;
-    WriterStory* story_;
-    std::vector<TablePtr> tables_;
-};
+/// Returns the tables of a range, or without one those of the document's body. They are looked for when they
+/// are asked for.
+word::TablesPtr tablesOf(const std::shared_ptr<WriterContent>& content, const RangePtr& range = nullptr);
 
 }  // namespace mergeloom::libreoffice

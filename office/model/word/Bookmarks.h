@@ -20,6 +20,10 @@ class Bookmark : public Object {
     virtual CharacterPosition End() = 0;
     virtual void SetEnd(CharacterPosition end) = 0;
 
+    /// Moves the start by as many characters, backwards for a negative count.
+    virtual void moveStart(CharacterCount count) { SetStart(Start() + count); }
+    virtual void moveEnd(CharacterCount count) { SetEnd(End() + count); }
+
     /// Makes the bookmark's range the selection.
     virtual void Select() = 0;
 };

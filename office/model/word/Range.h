@@ -4,6 +4,7 @@
 #include "office/model/word/Enumerations.h"
 #include "office/model/word/Forward.h"
 
+#include <compare>
 #include <string>
 
 namespace mergeloom::word {
@@ -17,12 +18,24 @@ class InlineShapes : public Counted {
     virtual void AddPicture(const std::string& fileName) = 0;
 };
 
+/// An end of a range.
+enum class RangeEnd { Start, End };
+
 /// A range of characters of one story that follows edits: text inserted before moves it, text inserted inside
 /// widens it, text deleted from it narrows it.
 class Range : public Object {
   public:
     virtual CharacterPosition Start() = 0;
     virtual CharacterPosition End() = 0;
+
+    /// Returns true when nothing is between the range's ends. An office that has no numbers for positions
+    /// need not count them for this, nor for compare.
+    virtual bool isEmpty() { return Start() == End(); }
+
+    /// Compares an end of this range with an end of another one in the same story.
+    virtual std::strong_ordering compare(RangeEnd mine, Range& other, RangeEnd others) {
+        return positionOf(*this, mine) <=> positionOf(other, others);
+    }
 
     /// Returns the story of the range: "body", or the kind of story with its number among those of the kind,
     /// such as "header 1", "footnote 2" or "text box 1".
@@ -47,6 +60,11 @@ class Range : public Object {
     virtual RangePtr Previous(WdUnits unit, int count) = 0;
     /// Makes the range the selection.
     virtual void Select() = 0;
+
+  private:
+    static CharacterPosition positionOf(Range& range, RangeEnd end) {
+        return end == RangeEnd::Start ? range.Start() : range.End();
+    }
 };
 
 }  // namespace mergeloom::word

@@ -123,6 +123,39 @@ TEST_P(OfficeBookmarks, CountersGoOnFromTheFirstFreeOne) {
     EXPECT_EQ(document->Bookmarks()->firstFreeCounter("a_ref"), 5);
 }
 
+TEST_P(OfficeBookmarks, AreFoundWhereTheyReachOverOthers) {
+    type("a\rb\rc\rd\re");
+    mark("Wide", 0, 9);
+    mark("A", 0, 1);
+    mark("C", 4, 5);
+    const auto foundAt = [&](std::int64_t place) {
+        mark("zz", place, place)->Select();
+        document->Bookmarks()->Item("zz")->SetEnd({0});
+        return names(*selection->Bookmarks());
+    };
+    EXPECT_EQ(foundAt(2), "Wide");
+    selection->TypeText("typed");
+    EXPECT_EQ(names(*selection->Bookmarks()), "Wide");
+    document->Bookmarks()->Add("Typed", *selection->Range()->Previous(word::WdUnits::wdCharacter, 1));
+    EXPECT_EQ(names(*selection->Bookmarks()), "Wide Typed");
+    selection->TypeText(" ");
+    EXPECT_EQ(names(*selection->Bookmarks()), "Wide");
+    EXPECT_EQ(foundAt(10), "Wide C");
+    EXPECT_EQ(foundAt(13), "Wide");
+}
+
+TEST_P(OfficeBookmarks, MoveTheirEndsByCharacters) {
+    type("one \U0001F600 three");
+    const word::BookmarkPtr place = mark("Place", 4, 6);
+    place->moveStart({-2});
+    place->moveEnd({3});
+    EXPECT_EQ(at("Place"), "2-9");
+    place->moveStart({4});
+    EXPECT_EQ(at("Place"), "6-9");
+    place->moveEnd({-5});
+    EXPECT_EQ(at("Place"), "4-4");
+}
+
 TEST_P(OfficeBookmarks, GoWithTheirText) {
     type("one two");
     const word::BookmarkPtr place = mark("Place", 4, 7);

@@ -26,6 +26,25 @@ TEST_P(OfficeRanges, LiveThroughEdits) {
     }
 }
 
+TEST_P(OfficeRanges, CompareTheirEnds) {
+    const std::string row = cellXml(para("a")) + cellXml(para("b"));
+    open(para("x") + tableXml({row, row}) + "<w:p>" + marked(1, "Behind", run("y")) + "</w:p>");
+    using enum word::RangeEnd;
+    const word::RangePtr table = document->Tables()->Item(1)->Range();
+    const word::RangePtr first = cell(1, 1, 1)->Range();
+    const word::RangePtr last = cell(1, 2, 2)->Range();
+    const word::RangePtr behind = bookmark("Behind")->Range();
+    EXPECT_TRUE(table->compare(Start, *first, Start) == 0);
+    EXPECT_TRUE(table->compare(End, *last, End) > 0);
+    EXPECT_TRUE(table->compare(End, *behind, Start) == 0);
+    EXPECT_TRUE(behind->compare(Start, *table, End) == 0);
+    EXPECT_TRUE(behind->compare(End, *table, End) > 0);
+    EXPECT_TRUE(last->compare(Start, *first, End) > 0);
+    EXPECT_FALSE(table->isEmpty());
+    goTo("Behind");
+    EXPECT_TRUE(selection->Range()->isEmpty());
+}
+
 TEST_P(OfficeRanges, PreviousIsTheCharacterBefore) {
     add();
     EXPECT_EQ(selection->Range()->Previous(word::WdUnits::wdCharacter, 1), nullptr);

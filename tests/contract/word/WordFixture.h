@@ -6,7 +6,7 @@
 #include "libreoffice/word/SharedOffice.h"
 #include "office/embedded/word/EmbeddedOffice.h"
 #include "office/factory/OfficeFactory.h"
-#include "office/libreoffice/word/WriterOffice.h"
+#include "office/libreoffice/remote/WriterOffice.h"
 #include "office/model/Undo.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"

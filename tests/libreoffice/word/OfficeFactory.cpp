@@ -1,7 +1,7 @@
 #include "office/factory/OfficeFactory.h"
 
 #include "libreoffice/word/SharedOffice.h"
-#include "office/libreoffice/word/WriterOffice.h"
+#include "office/libreoffice/remote/WriterOffice.h"
 
 namespace mergeloom {
 

@@ -1,4 +1,4 @@
-#include "office/libreoffice/word/WholeBookmarks.h"
+#include "office/libreoffice/remote/WholeBookmarks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+/// A file descriptor that is closed at the end of its life.
+class Descriptor {
+  public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor& operator=(Descriptor&&) = delete;
+    ~Descriptor();
+
+    [[nodiscard]] int number() const { return number_; }
+
+  private:
+    int number_;
+};
+
+/// The frames that go through the pipe.
+enum class FrameKind : char {
+    Request,
+    Answer,
+    Rest,     ///< no request follows for now
+    Resting,  ///< nobody reads requests until that is asked for again
+};
+
+struct CallFrame {
+    FrameKind kind = FrameKind::Request;
+    std::string bytes;
+};
+
+/// One end of a local connection between two processes. Members raise std::system_error when the other
+/// process has gone. A frame takes one call of the system on each side, since those are most of its cost.
+class CallPipe {
+  public:
+    explicit CallPipe(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+
+    void send(FrameKind kind, const std::string& bytes);
+    CallFrame receive();
+    /// Returns none when nothing came within the patience.
+    std::optional<CallFrame> tryToReceive();
+    /// Sets the time after which tryToReceive returns none; before this is called it waits for a frame.
+    void setPatience(std::chrono::milliseconds time);
+
+  private:
+    /// Returns false when nothing came within the patience.
+    bool read();
+    [[nodiscard]] std::size_t missing() const;
+
+    Descriptor descriptor_;
+    std::string received_;  ///< of frames that were not returned yet
+};
+
+/// A socket in a folder, to which another process can connect.
+class CallListener {
+  public:
+    /// Raises std::system_error when the socket cannot be made.
+    explicit CallListener(const std::string& folder);
+
+    /// Returns the connection; waits until there is one.
+    CallPipe accept();
+
+  private:
+    Descriptor descriptor_;
+};
+
+/// Connects to the listener in the folder. Raises std::system_error when there is none.
+CallPipe connectToListener(const std::string& folder);
+
+}  // namespace mergeloom::libreoffice

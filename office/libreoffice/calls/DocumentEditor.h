@@ -1,0 +1,43 @@
+#pragma once
+
+#include "office/model/word/Forward.h"
+#include "office/opc/DocumentProtection.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// A document of Writer's inside LibreOffice's process. Only the program outside knows its files.
+class DocumentEditor : public model::Object {
+  public:
+    virtual word::SelectionPtr Selection() = 0;
+    virtual word::UndoRecordPtr UndoRecord() = 0;
+    virtual word::BookmarksPtr Bookmarks() = 0;
+    virtual word::FieldsPtr Fields() = 0;
+    virtual word::MailMergePtr MailMerge() = 0;
+    virtual word::TablesPtr Tables() = 0;
+    virtual bool Saved() = 0;
+    virtual void SetSaved(bool saved) = 0;
+    virtual bool Undo(int times) = 0;
+
+    /// Sets what the file forbids that the document was read from. Writer shows it to its user, but edits all
+    /// the same when a program asks.
+    virtual void setProtection(const std::string& fileName, opc::DocumentProtection protection) = 0;
+    /// Keeps the content of a file for the next call: file stores are outside.
+    virtual void takeFile(const std::string& fileName, const std::string& content) = 0;
+    /// Returns the names of the bookmarks that are over whole tables.
+    virtual std::vector<std::string> namesOverTables() = 0;
+
+    /// Brackets the calls of a program in a document that its user edits too. Between the two the selection
+    /// is the view's, and the view is locked.
+    virtual void beginEditing() = 0;
+    virtual void endEditing() = 0;
+    /// Makes every member raise kObjectDeleted from now on.
+    virtual void close() = 0;
+};
+
+using DocumentEditorPtr = std::shared_ptr<DocumentEditor>;
+
+}  // namespace mergeloom::libreoffice

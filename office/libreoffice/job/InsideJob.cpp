@@ -1,0 +1,133 @@
+#include "base/AutomationError.h"
+#include "office/libreoffice/calls/CallPipe.h"
+#include "office/libreoffice/calls/CallValues.h"
+#include "office/libreoffice/job/CallHandler.h"
+#include "office/libreoffice/session/InsideLine.h"
+#include "office/libreoffice/session/UnoErrors.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <chrono>
+#include <com/sun/star/awt/AsyncCallback.hpp>
+#include <com/sun/star/awt/XCallback.hpp>
+#include <com/sun/star/beans/NamedValue.hpp>
+#include <com/sun/star/lang/IllegalArgumentException.hpp>
+#include <com/sun/star/lang/XSingleComponentFactory.hpp>
+#include <com/sun/star/task/XJob.hpp>
+#include <cppuhelper/factory.hxx>
+#include <cppuhelper/implbase2.hxx>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+using Context = Reference<css::uno::XComponentContext>;
+
+/// The time for which the main thread waits for a request before it goes on with the office's work.
+constexpr std::chrono::milliseconds kPatience{100};
+
+/// Returns the answer for the exception that is being handled.
+std::string currentFailure() {
+    try {
+        translatingErrors([] { throw; });
+    } catch (const AutomationError& error) {
+        return failedCall(error.number(), error.description());
+    } catch (const std::exception& error) {
+        return failedCall(kCommandFailed,
+                          std::string("A fault of the program in LibreOffice: ") + error.what());
+    } catch (...) {
+        return failedCall(kCommandFailed, "A fault of the program in LibreOffice.");
+    }
+    return {};
+}
+
+/// Returns the answer of the handler or of a call that failed. Nothing is thrown: an exception that leaves
+/// the library ends the office.
+std::string answerOrFailure(CallHandler& handler, const std::string& request) noexcept {
+    try {
+        return handler.answer(request);
+    } catch (...) {
+        return currentFailure();
+    }
+}
+
+/// The library as the office sees it. The office's threads give it commands, and its main thread has it
+/// answer requests.
+class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::XCallback> {
+  public:
+    explicit InsideJob(Context office) : office_(std::move(office)), handler_(makeCallHandler(office_)) {}
+
+    css::uno::Any SAL_CALL execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {
+        try {
+            if (arguments.hasElements()) return run(fromUno(arguments[0].Name), arguments[0].Value);
+        } catch (const css::uno::Exception&) {
+            throw;
+        } catch (const std::exception& error) {
+            throw css::uno::RuntimeException(toUno(error.what()));
+        } catch (...) {
+            throw css::uno::RuntimeException("A fault of the program.");
+        }
+        throw css::lang::IllegalArgumentException("There is no command.", {}, 0);
+    }
+
+    void SAL_CALL notify(const css::uno::Any&) override {
+        try {
+            while (answerOne()) {
+            }
+        } catch (...) {
+            // The other process has ended or closed the pipe, so nobody waits for an answer.
+        }
+    }
+
+  private:
+    css::uno::Any run(const std::string& command, const css::uno::Any& value) {
+        if (command == kInsideConnect) {
+            pipe_.emplace(connectToListener(fromUno(value.get<OUString>())));
+            pipe_->setPatience(kPatience);
+            return {};
+        }
+        if (command == kInsideServe) {
+            css::awt::AsyncCallback::create(office_)->addCallback(this, {});
+            return {};
+        }
+        if (command == kInsideDocument)
+            return css::uno::Any(sal_Int64{handler_->take(value.get<DocumentReference>())});
+        throw css::lang::IllegalArgumentException(toUno("There is no command '" + command + "'."), {}, 0);
+    }
+
+    /// Returns false when the main thread is to go on with the office's work.
+    bool answerOne() {
+        const std::optional<CallFrame> frame = pipe_->tryToReceive();
+        const bool isRequest = frame && frame->kind == FrameKind::Request;
+        pipe_->send(isRequest ? FrameKind::Answer : FrameKind::Resting,
+                    isRequest ? answerOrFailure(*handler_, frame->bytes) : std::string());
+        return isRequest;
+    }
+
+    Context office_;
+    std::unique_ptr<CallHandler> handler_;
+    std::optional<CallPipe> pipe_;
+};
+
+Reference<css::uno::XInterface> makeJob(const Context& office) {
+    return static_cast<cppu::OWeakObject*>(new InsideJob(office));
+}
+
+}  // namespace
+
+}  // namespace mergeloom::libreoffice
+
+/// Returns the factory of the job to UNO's loader.
+extern "C" void* component_getFactory(const char* name, void*, void*) try {
+    const rtl::OUString implementation = rtl::OUString::createFromAscii(name);
+    const auto factory = cppu::createSingleComponentFactory(mergeloom::libreoffice::makeJob, implementation,
+                                                            com::sun::star::uno::Sequence<rtl::OUString>());
+    factory->acquire();
+    return factory.get();
+} catch (...) {
+    return nullptr;
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/FileStore.h"
+#include "office/libreoffice/remote/WriterDocument.h"
+#include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Document.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace mergeloom::libreoffice {
+
+/// LibreOffice in Word's part. The documents are without windows; the one opened last is the active one.
+class WriterApplication final : public word::Application,
+                                public std::enable_shared_from_this<WriterApplication> {
+  public:
+    WriterApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files)
+        : session_(std::move(session)), files_(files) {}
+    ~WriterApplication() override;
+
+    std::string Name() override { return "Microsoft Word"; }
+    /// Writer has the formats and calls of Word 2016 and later. canSaveAs says what it can write, whatever
+    /// the version says.
+    std::string Version() override { return "16.0"; }
+    word::DocumentsPtr Documents() override;
+    word::SelectionPtr Selection() override;
+    word::UndoRecordPtr UndoRecord() override;
+    bool canSaveAs(word::WdSaveFormat format) override;
+    void Quit(word::WdSaveOptions saveChanges) override;
+
+    [[nodiscard]] const std::vector<std::shared_ptr<WriterDocument>>& documents() const { return documents_; }
+    word::DocumentPtr open(const std::string& fileName);
+    word::DocumentPtr add(const std::string& templatePath);
+    void remove(const WriterDocument& document);
+
+  private:
+    /// The source is the file that the document was read from, none for an empty one.
+    word::DocumentPtr list(const DocumentReference& document, const std::string& sourceFile,
+                           const std::string& fullName, bool wasOpened);
+    [[nodiscard]] WriterDocument& activeDocument() const;
+
+    std::shared_ptr<LibreOfficeSession> session_;
+    FileStore& files_;
+    std::vector<std::shared_ptr<WriterDocument>> documents_;
+    int added_ = 0;
+};
+
+}  // namespace mergeloom::libreoffice

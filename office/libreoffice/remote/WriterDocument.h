@@ -1,0 +1,57 @@
+#pragma once
+
+#include "office/libreoffice/remote/DocumentLine.h"
+#include "office/model/word/Document.h"
+
+#include <memory>
+#include <string>
+
+namespace mergeloom::libreoffice {
+
+class WriterApplication;
+
+/// A document: its files are handled here, its content in LibreOffice's process.
+class WriterDocument final : public word::Document {
+  public:
+    /// A document that was opened has a file under its name already.
+    WriterDocument(std::weak_ptr<WriterApplication> application, DocumentLinePtr line,
+                   DocumentReference document, std::string fullName, bool wasOpened);
+
+    /// None when the document is closed.
+    [[nodiscard]] const DocumentReference& component() const { return document_; }
+    [[nodiscard]] DocumentLine& line() { return *line_; }
+
+    word::SelectionPtr selection();
+    word::UndoRecordPtr undoRecord();
+    /// Closes without saving.
+    void drop();
+
+    word::ApplicationPtr Application() override;
+    word::WindowPtr ActiveWindow() override;
+    word::BookmarksPtr Bookmarks() override;
+    word::FieldsPtr Fields() override;
+    word::MailMergePtr MailMerge() override;
+    word::TablesPtr Tables() override;
+
+    std::string Name() override;
+    std::string FullName() override { return fullName_; }
+    bool Saved() override;
+    void SetSaved(bool saved) override;
+    /// Saves in the format of the name's extension.
+    void Save() override;
+    void SaveAs(const std::string& fileName, word::WdSaveFormat format) override;
+    void Close(word::WdSaveOptions saveChanges) override;
+    bool Undo(int times) override;
+
+  private:
+    void write(const std::string& fileName, word::WdSaveFormat format);
+    std::string withMendedBookmarks(const std::string& bytes, const std::string& fileName);
+
+    std::weak_ptr<WriterApplication> application_;
+    DocumentLinePtr line_;
+    DocumentReference document_;
+    std::string fullName_;
+    bool hasFile_;
+};
+
+}  // namespace mergeloom::libreoffice

@@ -1,0 +1,84 @@
+#include "office/libreoffice/session/InsideLine.h"
+
+#include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "office/libreoffice/session/UnoText.h"
+
+#include <dlfcn.h>
+
+#include <com/sun/star/beans/NamedValue.hpp>
+#include <com/sun/star/lang/XMultiComponentFactory.hpp>
+#include <com/sun/star/lang/XSingleComponentFactory.hpp>
+#include <com/sun/star/loader/XImplementationLoader.hpp>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+using Context = Reference<css::uno::XComponentContext>;
+
+/// Has the office load the library and make its job. Nothing is installed in the office.
+Reference<css::task::XJob> loadJob(const Context& office, const std::string& library) {
+    const Reference<css::loader::XImplementationLoader> loader(
+        office->getServiceManager()->createInstanceWithContext("com.sun.star.loader.SharedLibrary", office),
+        UNO_QUERY_THROW);
+    const Reference<css::lang::XSingleComponentFactory> factory(
+        loader->activate("mergeloom.Inside", {}, toUno(fileUrl(library)), {}), UNO_QUERY_THROW);
+    return {factory->createInstanceWithContext(office), UNO_QUERY_THROW};
+}
+
+css::uno::Any execute(const Reference<css::task::XJob>& job, const char* command,
+                      const css::uno::Any& value) {
+    const css::beans::NamedValue argument(toUno(command), value);
+    return job->execute(css::uno::Sequence<css::beans::NamedValue>(&argument, 1));
+}
+
+CallPipe connect(const Reference<css::task::XJob>& job, const std::string& folder) {
+    CallListener listener(folder);
+    execute(job, kInsideConnect, css::uno::Any(toUno(folder)));
+    return listener.accept();
+}
+
+}  // namespace
+
+std::string insideLibrary() {
+    Dl_info info{};
+    ::dladdr(reinterpret_cast<const void*>(&insideLibrary), &info);
+    std::string library = joinPath(parentFolder(fullPath(info.dli_fname)), "mergeloom_inside.so");
+    if (fileExists(library)) return library;
+    throw AutomationError(kNotAvailable, "The file '" + library + "' is missing. Install the program anew.");
+}
+
+InsideLine::InsideLine(const Context& office, const std::string& library, const std::string& folder)
+    : job_(loadJob(office, library)), pipe_(connect(job_, folder)) {}
+
+std::string InsideLine::ask(const std::string& request) {
+    pipe_.send(FrameKind::Request, request);
+    return receive().bytes;
+}
+
+CallFrame InsideLine::receive() {
+    while (true) {
+        if (!isServed_) execute(job_, kInsideServe, {});
+        isServed_ = true;
+        CallFrame frame = pipe_.receive();
+        if (frame.kind == FrameKind::Answer) return frame;
+        isServed_ = false;
+    }
+}
+
+std::int64_t InsideLine::handOver(const DocumentReference& document) {
+    rest();
+    sal_Int64 number = 0;
+    execute(job_, kInsideDocument, css::uno::Any(document)) >>= number;
+    return number;
+}
+
+void InsideLine::rest() {
+    if (!isServed_) return;
+    pipe_.send(FrameKind::Rest, {});
+    (void)pipe_.receive();
+    isServed_ = false;
+}
+
+}  // namespace mergeloom::libreoffice

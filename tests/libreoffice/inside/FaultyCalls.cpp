@@ -1,0 +1,34 @@
+#include "base/AutomationError.h"
+#include "office/libreoffice/calls/CallValues.h"
+#include "office/libreoffice/job/CallHandler.h"
+
+#include <com/sun/star/lang/DisposedException.hpp>
+#include <stdexcept>
+
+namespace mergeloom::libreoffice {
+
+namespace {
+
+/// Throws what a request names.
+class FaultyCalls final : public CallHandler {
+  public:
+    std::string answer(const std::string& request) override {
+        if (request == "automation") throw AutomationError(kMemberNotFound, "There is no such place.");
+        if (request == "uno") throw css::uno::Exception("refused", {});
+        if (request == "disposed") throw css::lang::DisposedException("gone", {});
+        if (request == "standard") throw std::out_of_range("too far");
+        if (request == "other") throw 42;
+        CallWriter answer = doneCall();
+        answer.text(request);
+        return answer.bytes();
+    }
+    std::int64_t take(const DocumentReference&) override { throw 42; }
+};
+
+}  // namespace
+
+std::unique_ptr<CallHandler> makeCallHandler(const Reference<css::uno::XComponentContext>&) {
+    return std::make_unique<FaultyCalls>();
+}
+
+}  // namespace mergeloom::libreoffice
