@@ -289,7 +289,7 @@ class LibreOffice(unittest.TestCase):
             absent = self.documents / f"absent.{kind.extension}"
             failures = 0
             for victim in ("the office", "the program"):
-                for moment in (0.1, 0.6, 1.0):
+                for moment in (0.1, 0.3, 0.5):
                     with self.subTest(kind.name, victim=victim, moment=moment):
                         kind.make(existing)
                         before = existing.read_bytes()
@@ -302,7 +302,7 @@ class LibreOffice(unittest.TestCase):
                         failures += status != 0
                         existing.unlink()
             with self.subTest(kind.name, target="absent"):
-                self.assertNotEqual(self.run_and_kill(kind, "the office", 0.6, "-template", absent), 0)
+                self.assertNotEqual(self.run_and_kill(kind, "the office", 0.3, "-template", absent), 0)
                 self.assert_nothing_left()
             self.assertGreater(failures, 2, "the runs were over before they could be killed")
 
