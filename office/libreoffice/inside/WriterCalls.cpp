@@ -64,8 +64,7 @@ void putResult(ObjectTable& objects, std::int64_t number, CallWriter& out, const
 
 template <class Interface, class Result, class Owner, class... Parameters>
 void run(Result (Owner::*method)(Parameters...), ObjectTable& objects, CallReader& in, CallWriter& out) {
-    // The call may remove the object from the table.
-    const std::shared_ptr<Interface> object = objects.get<Interface>(in.number());
+    const std::shared_ptr<Interface>& object = objects.get<Interface>(in.number());
     const std::int64_t number = in.number();
     // Braces keep the order of the arguments.
     std::tuple<Argument<Parameters>...> arguments{Argument<Parameters>(objects, in)...};
@@ -91,7 +90,7 @@ constexpr auto kRunners = []<std::size_t... kNumbers>(std::index_sequence<kNumbe
 
 class WriterCalls final : public CallHandler {
   public:
-    explicit WriterCalls(Reference<css::uno::XComponentContext> office) : office_(std::move(office)) {}
+    explicit WriterCalls(const Reference<css::uno::XComponentContext>& office) : office_(office) {}
 
     std::string answer(const std::string& request) override {
         CallWriter out = doneCall();

@@ -59,7 +59,7 @@ std::string answerOrFailure(CallHandler& handler, const std::string& request) no
 /// answer requests.
 class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::XCallback> {
   public:
-    explicit InsideJob(Context office) : office_(std::move(office)), handler_(makeCallHandler(office_)) {}
+    explicit InsideJob(const Context& office) : office_(office), handler_(makeCallHandler(office)) {}
 
     css::uno::Any SAL_CALL execute(const css::uno::Sequence<css::beans::NamedValue>& arguments) override {
         try {

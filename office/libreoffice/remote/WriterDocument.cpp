@@ -49,7 +49,7 @@ bool isOpenPackaging(word::WdSaveFormat format) {
 }  // namespace
 
 WriterDocument::WriterDocument(std::weak_ptr<WriterApplication> application, DocumentLinePtr line,
-                               DocumentReference document, std::string fullName, bool wasOpened)
+                               const DocumentReference& document, std::string fullName, bool wasOpened)
     : application_(std::move(application)),
       line_(std::move(line)),
       document_(document),

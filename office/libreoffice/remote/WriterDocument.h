@@ -15,7 +15,7 @@ class WriterDocument final : public word::Document {
   public:
     /// A document that was opened has a file under its name already.
     WriterDocument(std::weak_ptr<WriterApplication> application, DocumentLinePtr line,
-                   DocumentReference document, std::string fullName, bool wasOpened);
+                   const DocumentReference& document, std::string fullName, bool wasOpened);
 
     /// None when the document is closed.
     [[nodiscard]] const DocumentReference& component() const { return document_; }

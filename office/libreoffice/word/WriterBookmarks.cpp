@@ -215,9 +215,9 @@ class DocumentBookmarks final : public WriterBookmarks {
 
 class RangeBookmarks final : public WriterBookmarks {
   public:
-    RangeBookmarks(const std::shared_ptr<WriterContent>& content, TextReference story,
+    RangeBookmarks(const std::shared_ptr<WriterContent>& content, const TextReference& story,
                    std::vector<LiveBookmark> bookmarks)
-        : WriterBookmarks(content), story_(std::move(story)), bookmarks_(std::move(bookmarks)) {}
+        : WriterBookmarks(content), story_(story), bookmarks_(std::move(bookmarks)) {}
 
   private:
     std::vector<std::string> listed() override {

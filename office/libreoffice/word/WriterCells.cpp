@@ -14,8 +14,8 @@ namespace {
 
 class WriterCell final : public word::Cell {
   public:
-    WriterCell(StoryTable table, OUString name, CellPlace place)
-        : table_(std::move(table)), name_(std::move(name)), place_(place) {}
+    WriterCell(StoryTable table, const OUString& name, CellPlace place)
+        : table_(std::move(table)), name_(name), place_(place) {}
 
     word::RangePtr Range() override {
         return table_.content->call([&] { return makeRange(table_.content, range()); });

@@ -45,8 +45,8 @@ std::string called(word::WdFieldType type) {
 /// character of the text, and keeps the codes of those that it does not know.
 class WriterField final : public word::Field {
   public:
-    WriterField(std::shared_ptr<WriterContent> content, TextReference story, FoundField field)
-        : content_(std::move(content)), story_(std::move(story)), field_(std::move(field)) {}
+    WriterField(std::shared_ptr<WriterContent> content, const TextReference& story, FoundField field)
+        : content_(std::move(content)), story_(story), field_(std::move(field)) {}
 
     /// Returns the code as Word would have it, as far as Writer can tell it; else raises kNotAvailable.
     word::RangePtr Code() override {

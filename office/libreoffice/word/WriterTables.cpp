@@ -75,6 +75,7 @@ std::vector<TableReference> tablesOfBody(const WriterModel& model) {
         return order::compareStarts(model.body, one.first, other.first) < 0;
     });
     std::vector<TableReference> tables;
+    tables.reserve(placed.size());
     for (const auto& [start, table] : placed)
         tables.push_back(table);
     return tables;
