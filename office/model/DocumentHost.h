@@ -75,15 +75,14 @@ class DocumentHost {
 
     /// Bracket the use of the object model, since the user edits the document without it: between these two
     /// calls the model knows the current document and its selection is the view's. The first copies the
-    /// view's selection and locks the view, the second unlocks it and shows the model's selection.
+    /// view's selection and locks the view, the second unlocks it and shows the model's selection. Between
+    /// them the window takes neither keys nor clicks.
     virtual void beginEditing() = 0;
     virtual void endEditing() = 0;
 
     /// Puts the caret or the cell cursor at the point as a click would. Returns false, and moves nothing,
     /// when no text and no cell is there.
     virtual bool placeCaret(HostPoint point) = 0;
-    /// While disabled, the window takes neither keys nor clicks.
-    virtual void setEnabled(bool enabled) = 0;
     virtual void resize(int width, int height) = 0;
     /// Gives the keyboard to the document.
     virtual void focus() = 0;

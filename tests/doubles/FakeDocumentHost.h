@@ -58,7 +58,6 @@ class FakeDocumentHost final : public DocumentHost {
         call("placeCaret " + std::to_string(point.x) + "," + std::to_string(point.y));
         return hasTextAtPoint;
     }
-    void setEnabled(bool enabled) override { call(enabled ? "enable" : "disable"); }
     void resize(int width, int height) override {
         call("resize " + std::to_string(width) + "x" + std::to_string(height));
     }

@@ -68,36 +68,18 @@ bool refusesChanges(DocumentHost& host, Messages& messages);
 /// model's selection is the view's.
 class HostEditing {
   public:
-    explicit HostEditing(DocumentHost& host) : host_(host) {
-        host_.setEnabled(false);
-        try {
-            host_.beginEditing();
-        } catch (...) {
-            enable();
-            throw;
-        }
-    }
+    explicit HostEditing(DocumentHost& host) : host_(host) { host_.beginEditing(); }
     HostEditing(const HostEditing&) = delete;
     HostEditing& operator=(const HostEditing&) = delete;
     ~HostEditing() {
-        quietly([this] { host_.endEditing(); });
-        enable();
-    }
-
-  private:
-    void enable() {
-        quietly([this] { host_.setEnabled(true); });
-    }
-    /// Ignores an office that has ended, which is reported by itself.
-    template <typename Call>
-    static void quietly(const Call& call) {
         try {
-            call();
+            host_.endEditing();
         } catch (const AutomationError&) {
-            return;
+            return;  // The office has ended, which is reported by itself.
         }
     }
 
+  private:
     DocumentHost& host_;
 };
 

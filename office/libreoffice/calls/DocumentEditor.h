@@ -31,7 +31,7 @@ class DocumentEditor : public model::Object {
     virtual std::vector<std::string> namesOverTables() = 0;
 
     /// Brackets the calls of a program in a document that its user edits too. Between the two the selection
-    /// is the view's, and the view is locked.
+    /// is the view's, the view is locked and the window takes neither keys nor clicks.
     virtual void beginEditing() = 0;
     virtual void endEditing() = 0;
     /// Makes every member raise kObjectDeleted from now on.

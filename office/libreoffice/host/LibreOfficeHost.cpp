@@ -8,6 +8,7 @@
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/remote/WriterOffice.h"
+#include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
@@ -15,7 +16,6 @@
 #include <algorithm>
 #include <chrono>
 #include <com/sun/star/awt/Toolkit.hpp>
-#include <com/sun/star/awt/XReschedule.hpp>
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
@@ -147,6 +147,7 @@ void LibreOfficeHost::Open(const std::string& path, FileAccess access) try {
 }
 
 HostedDocument LibreOfficeHost::ActiveDocument() {
+    if (edited_.index() != 0) return edited_;
     const DocumentReference shown = call([this] {
         HostFrame* const frame = front();
         return frame == nullptr ? DocumentReference() : frame->document();
@@ -187,19 +188,33 @@ void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
 }
 
 void LibreOfficeHost::beginEditing() {
-    edited_ = ActiveDocument();
-    if (const auto* const document = std::get_if<word::DocumentPtr>(&edited_))
-        libreoffice::beginEditing(**document);
-    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&edited_))
-        libreoffice::beginEditing(**workbook);
+    const HostedDocument shown = ActiveDocument();
+    setEnabled(shown, false);
+    try {
+        if (const auto* const document = std::get_if<word::DocumentPtr>(&shown))
+            libreoffice::beginEditing(**document);
+        if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&shown))
+            libreoffice::beginEditing(**workbook);
+    } catch (const AutomationError&) {
+        setEnabled(shown, true);
+        throw;
+    }
+    edited_ = shown;
 }
 
 void LibreOfficeHost::endEditing() {
     const HostedDocument edited = std::exchange(edited_, {});
-    if (const auto* const document = std::get_if<word::DocumentPtr>(&edited))
-        libreoffice::endEditing(**document);
-    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&edited))
-        libreoffice::endEditing(**workbook);
+    windows_.waitForServer();
+    try {
+        if (const auto* const document = std::get_if<word::DocumentPtr>(&edited))
+            libreoffice::endEditing(**document);
+        if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&edited))
+            libreoffice::endEditing(**workbook);
+    } catch (const AutomationError&) {
+        setEnabled(edited, true);
+        throw;
+    }
+    setEnabled(edited, true);
 }
 
 bool LibreOfficeHost::placeCaret(HostPoint point) {
@@ -227,17 +242,6 @@ void LibreOfficeHost::letOfficeCatchUp() {
     Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
 }
 
-/// Makes the office handle its pending events but not its idle tasks, since the layout of all pages of a long
-/// document takes a minute.
-void LibreOfficeHost::handleEvents() {
-    windows_.waitForServer();
-    const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-    Reference<css::awt::XReschedule>(toolkit, UNO_QUERY_THROW)->reschedule();
-#pragma GCC diagnostic pop
-}
-
 /// Waits for a limited time, and only once after each change: a view that is never laid out must not block
 /// the caller.
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
@@ -249,11 +253,14 @@ void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     frame.endLayout();
 }
 
-void LibreOfficeHost::setEnabled(bool enabled) {
+/// Lets the window take keys and clicks, or not. Word's object model does so itself, together with locking
+/// the view: a call from this process would wait for the layout of later pages in between.
+void LibreOfficeHost::setEnabled(const HostedDocument& hosted, bool enabled) {
     focus_->setEnabled(enabled);
+    if (!std::holds_alternative<excel::WorkbookPtr>(hosted)) return;
     call([&] {
         // Handles the input from the time when the document was disabled before enabling it.
-        if (enabled) handleEvents();
+        if (enabled) handlePendingEvents(session_->connection().context());
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);
     });
@@ -273,8 +280,9 @@ void LibreOfficeHost::focus() {
     const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
     if (inner == XCB_WINDOW_NONE) return;
     windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
+    windows_.waitForServer();
     call([this] {
-        handleEvents();
+        handlePendingEvents(session_->connection().context());
         if (const HostFrame* const frame = front()) frame->focus();
     });
 }

@@ -33,7 +33,6 @@ class LibreOfficeHost final : public DocumentHost {
     void beginEditing() override;
     void endEditing() override;
     bool placeCaret(HostPoint point) override;
-    void setEnabled(bool enabled) override;
     void resize(int width, int height) override;
     void focus() override;
     bool showsBookmarks() override;
@@ -61,7 +60,7 @@ class LibreOfficeHost final : public DocumentHost {
     void click(HostPoint point);
     /// Waits until the office has handled the events that it was sent. To be called within a call.
     void letOfficeCatchUp();
-    void handleEvents();
+    void setEnabled(const HostedDocument& hosted, bool enabled);
     /// Waits until the document is laid out after a change of the window or a load. To be called within a
     /// call.
     void waitForLayout(HostFrame& frame);

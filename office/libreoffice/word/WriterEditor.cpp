@@ -1,5 +1,6 @@
 #include "office/libreoffice/word/WriterEditor.h"
 
+#include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/word/WriterBookmarks.h"
 #include "office/libreoffice/word/WriterFields.h"
 #include "office/libreoffice/word/WriterSelection.h"
@@ -23,6 +24,11 @@ ViewCursor cursorOf(const WriterModel& model) {
     const Reference<css::text::XTextViewCursorSupplier> view(model.model->getCurrentController(),
                                                              UNO_QUERY_THROW);
     return view->getViewCursor();
+}
+
+/// Returns the window of the document's frame.
+Reference<css::awt::XWindow> windowOf(const WriterModel& model) {
+    return model.model->getCurrentController()->getFrame()->getContainerWindow();
 }
 
 /// Selects in the object model what the view selects. When that is no text, the selection stays as it was.
@@ -93,6 +99,8 @@ class WriterEditor final : public DocumentEditor {
     void close() override { content_->close(); }
 
   private:
+    void release();
+
     std::shared_ptr<WriterContent> content_;
 };
 
@@ -113,6 +121,7 @@ void WriterEditor::beginEditing() {
     content_->call([&] {
         content_->forget();
         takeSelection(*content_);
+        windowOf(content_->model())->setEnable(false);
         content_->model().model->lockControllers();
     });
 }
@@ -123,12 +132,20 @@ void WriterEditor::endEditing() {
         try {
             showSelection(*content_);
         } catch (const css::uno::Exception&) {
-            content_->model().model->unlockControllers();
+            release();
             throw;
         }
-        content_->model().model->unlockControllers();
+        release();
         content_->forget();
     });
+}
+
+/// Handles the input from the time of editing before the window is enabled, and before the view is unlocked,
+/// since Writer lays out no later pages while it is locked.
+void WriterEditor::release() {
+    handlePendingEvents(content_->office());
+    windowOf(content_->model())->setEnable(true);
+    content_->model().model->unlockControllers();
 }
 
 }  // namespace

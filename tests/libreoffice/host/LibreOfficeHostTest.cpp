@@ -87,11 +87,11 @@ TEST_F(HostedText, LeavesTheKeyboardToTheWindowAroundIt) {
     EXPECT_TRUE(bodyBecomes("ac\n"));
 }
 
-TEST_F(HostedText, TakesNeitherKeysNorClicksWhileDisabled) {
-    host().setEnabled(false);
+TEST_F(HostedText, TakesNeitherKeysNorClicksWhileEdited) {
+    host().beginEditing();
     window().clickInPane(kBelowText.x, kBelowText.y);
     TestWindow::type("x");
-    host().setEnabled(true);
+    host().endEditing();
     window().clickInPane(kBelowText.x, kBelowText.y);
     TestWindow::type("y");
     EXPECT_TRUE(bodyBecomes("y\n"));
