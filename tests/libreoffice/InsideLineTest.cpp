@@ -1,6 +1,8 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "doubles/MemoryFileStore.h"
+#include "libreoffice/OfficeProcesses.h"
+#include "office/libreoffice/calls/CallMethods.h"
 #include "office/libreoffice/calls/CallValues.h"
 #include "office/libreoffice/session/InsideLine.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
@@ -8,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <com/sun/star/uno/RuntimeException.hpp>
+#include <system_error>
 
 namespace mergeloom::libreoffice {
 
@@ -52,6 +55,64 @@ TEST(InsideLine, EveryFaultComesBackAndTheOfficeLivesOn) {
     EXPECT_EQ(said(line, "and on"), "and on");
     line.rest();
     EXPECT_TRUE(session.connection().desktop()->getFrames().is());
+}
+
+TEST(InsideLine, SaysThatTheOfficeDiedInACall) {
+    MemoryFileStore files;
+    LibreOfficeSession session(files);
+    InsideLine line = faultyLine(session);
+    EXPECT_THROW(line.ask("death"), std::system_error);
+    EXPECT_THROW(line.ask("and on"), std::exception);
+    EXPECT_TRUE(becomesTrue([&] { return !session.process().isRunning(); }));
+}
+
+/// The first three values of a request.
+CallWriter request(std::size_t method, std::int64_t object) {
+    CallWriter writer;
+    writer.number(static_cast<std::int64_t>(method));
+    writer.number(object);
+    writer.number(1000);
+    return writer;
+}
+
+TEST(InsideLine, RefusesRequestsThatAreNone) {
+    MemoryFileStore files;
+    LibreOfficeSession session(files);
+    InsideLine line(session.connection().context(), insideLibrary(), session.process().workFolder());
+    const std::int64_t document = line.handOver(session.files().create(DocumentKind::Word));
+    constexpr std::size_t kSaved = numberOfMethod<Method<DocumentEditor, &DocumentEditor::Saved>>();
+    constexpr std::size_t kTakeFile = numberOfMethod<Method<DocumentEditor, &DocumentEditor::takeFile>>();
+    constexpr std::size_t kText = numberOfMethod<Method<word::Range, &word::Range::Text>>();
+    const auto withNumber = [](CallWriter writer, std::int64_t number) {
+        writer.number(number);
+        return writer;
+    };
+    struct Case {
+        const char* what;
+        CallWriter request;
+    };
+    const Case cases[] = {
+        {"a method that there is not", request(kRelease + 1, document)},
+        {"a method below the first one", request(static_cast<std::size_t>(-1), document)},
+        {"an object that there is not", request(kSaved, document + 1)},
+        {"an object of another kind", request(kText, document)},
+        {"no arguments", request(kTakeFile, document)},
+        {"a text of more bytes than the request has", withNumber(request(kTakeFile, document), 1 << 20)},
+        {"a text of less than no bytes", withNumber(request(kTakeFile, document), -1)},
+        {"a call after the one that is answered", withNumber(request(kSaved, document), kSaved)},
+    };
+    for (const Case& c : cases) {
+        try {
+            (void)checkedAnswer(line.ask(c.request.bytes()));
+            ADD_FAILURE() << c.what;
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.number(), kCommandFailed) << c.what;
+            EXPECT_TRUE(error.description().starts_with("A fault of the program in LibreOffice: ")) << c.what;
+        }
+        CallReader answer = checkedAnswer(line.ask(request(kSaved, document).bytes()));
+        EXPECT_TRUE(takeValue<bool>(answer)) << c.what;
+    }
+    line.rest();
 }
 
 /// The main thread goes on with its own work by itself when requests stay away.

@@ -2,6 +2,9 @@
 #include "office/libreoffice/calls/CallValues.h"
 #include "office/libreoffice/job/CallHandler.h"
 
+#include <signal.h>
+#include <unistd.h>
+
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <stdexcept>
 
@@ -18,6 +21,7 @@ class FaultyCalls final : public CallHandler {
         if (request == "disposed") throw css::lang::DisposedException("gone", {});
         if (request == "standard") throw std::out_of_range("too far");
         if (request == "other") throw 42;
+        if (request == "death") ::kill(::getpid(), SIGKILL);
         CallWriter answer = doneCall();
         answer.text(request);
         return answer.bytes();
