@@ -131,12 +131,14 @@ class InstalledTree(unittest.TestCase):
     def test_the_installed_program_maps_the_installed_sample(self):
         program = self.prefix / "bin/mergeloom"
         sample = self.prefix / "share/doc/mergeloom/examples/orders.xml"
-        template = self.prefix / "orders.dotx"
-        subprocess.run([program, "--exit-status", "-xmlfile", sample, "-template", template, "-hidden"], check=True,
-                       capture_output=True)
-        places = subprocess.run([program, "--places", template], check=True, capture_output=True, text=True).stdout
-        self.assertIn("OrderLinesLineTotal", places)
-        self.assertRegex(places, r"Letterhead +bookmark .*/", "the picture comes with the sample")
+        has_libreoffice = (PROGRAM.parent / "mergeloom_inside.so").exists()
+        for office in ("embedded", *(["libreoffice"] if has_libreoffice else [])):
+            template = self.prefix / f"{office}.dotx"
+            subprocess.run([program, "--exit-status", f"--office={office}", "-xmlfile", sample, "-template", template,
+                            "-hidden"], check=True, capture_output=True)
+            places = subprocess.run([program, "--places", template], check=True, capture_output=True, text=True).stdout
+            self.assertIn("OrderLinesLineTotal", places, office)
+            self.assertRegex(places, r"Letterhead +bookmark .*/", f"the picture comes with the sample: {office}")
 
 
 if __name__ == "__main__":

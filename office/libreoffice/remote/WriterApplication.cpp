@@ -1,11 +1,13 @@
 #include "office/libreoffice/remote/WriterApplication.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/remote/WriterOffice.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/model/OpenDocuments.h"
 #include "office/opc/DocumentProtection.h"
 
 #include <exception>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -89,6 +91,10 @@ word::DocumentPtr WriterApplication::list(const DocumentReference& document, con
 WriterDocument& WriterApplication::activeDocument() const {
     if (documents_.empty()) throw AutomationError(kNotAvailable, "No document is open.");
     return *documents_.back();
+}
+
+word::ApplicationPtr makeWordApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files) {
+    return std::make_shared<WriterApplication>(std::move(session), files);
 }
 
 }  // namespace mergeloom::libreoffice

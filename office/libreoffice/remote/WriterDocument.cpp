@@ -8,6 +8,7 @@
 #include "office/libreoffice/remote/StandIns.h"
 #include "office/libreoffice/remote/WholeBookmarks.h"
 #include "office/libreoffice/remote/WriterApplication.h"
+#include "office/libreoffice/remote/WriterOffice.h"
 
 #include <algorithm>
 #include <iterator>
@@ -143,6 +144,34 @@ void WriterDocument::Close(word::WdSaveOptions saveChanges) {
 
 bool WriterDocument::Undo(int times) {
     return times > 0 && line_->callEditor<&DocumentEditor::Undo>(times);
+}
+
+void WriterDocument::beginEditing() {
+    OfficeConnection& connection = line_->session().connection();
+    connection.expect(RequestPattern::Series);
+    try {
+        line_->callEditor<&DocumentEditor::beginEditing>();
+    } catch (const AutomationError&) {
+        connection.expect(RequestPattern::Single);
+        throw;
+    }
+}
+
+void WriterDocument::endEditing() {
+    line_->session().connection().expect(RequestPattern::Single);
+    line_->callEditor<&DocumentEditor::endEditing>();
+}
+
+DocumentReference componentOf(word::Document& document) {
+    return dynamic_cast<WriterDocument&>(document).component();
+}
+
+void beginEditing(word::Document& document) {
+    dynamic_cast<WriterDocument&>(document).beginEditing();
+}
+
+void endEditing(word::Document& document) {
+    dynamic_cast<WriterDocument&>(document).endEditing();
 }
 
 }  // namespace mergeloom::libreoffice

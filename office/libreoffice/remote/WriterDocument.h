@@ -19,10 +19,11 @@ class WriterDocument final : public word::Document {
 
     /// None when the document is closed.
     [[nodiscard]] const DocumentReference& component() const { return document_; }
-    [[nodiscard]] DocumentLine& line() { return *line_; }
 
     word::SelectionPtr selection();
     word::UndoRecordPtr undoRecord();
+    void beginEditing();
+    void endEditing();
     /// Closes without saving.
     void drop();
 

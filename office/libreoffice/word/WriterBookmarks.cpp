@@ -186,15 +186,13 @@ class WriterBookmarks : public word::Bookmarks {
     }
 
   protected:
-    [[nodiscard]] WriterContent& content() const { return *content_; }
-
     /// The bookmarks that count, in the collection's order.
     virtual std::vector<std::string> listed() = 0;
     virtual std::string find(const std::string& name) = 0;
     virtual word::BookmarkPtr made(const std::string& name) {
         return std::make_shared<WriterBookmark>(content_, name);
     }
-    [[nodiscard]] const std::shared_ptr<WriterContent>& sharedContent() const { return content_; }
+    [[nodiscard]] const std::shared_ptr<WriterContent>& content() const { return content_; }
 
   private:
     std::shared_ptr<WriterContent> content_;
@@ -206,10 +204,10 @@ class DocumentBookmarks final : public WriterBookmarks {
 
   private:
     std::vector<std::string> listed() override {
-        return content().call([&] { return content().bookmarkNames().inNameOrder(); });
+        return content()->call([&] { return content()->bookmarkNames().inNameOrder(); });
     }
     std::string find(const std::string& name) override {
-        return content().call([&] { return content().bookmarkNames().find(name); });
+        return content()->call([&] { return content()->bookmarkNames().find(name); });
     }
 };
 
@@ -234,7 +232,7 @@ class RangeBookmarks final : public WriterBookmarks {
     }
     word::BookmarkPtr made(const std::string& name) override {
         const auto found = std::ranges::find(bookmarks_, name, &LiveBookmark::name);
-        return std::make_shared<WriterBookmark>(sharedContent(), story_, *found);
+        return std::make_shared<WriterBookmark>(content(), story_, *found);
     }
 
     TextReference story_;

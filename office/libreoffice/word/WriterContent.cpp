@@ -8,16 +8,40 @@
 #include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
+#include <com/sun/star/lang/XEventListener.hpp>
 #include <com/sun/star/text/XParagraphCursor.hpp>
+#include <cppuhelper/implbase1.hxx>
 #include <utility>
 
 namespace mergeloom::libreoffice {
 
+/// Closes the content when the office closes the document.
+class WriterContent::CloseListener final : public cppu::WeakImplHelper1<css::lang::XEventListener> {
+  public:
+    explicit CloseListener(WriterContent& content) : content_(&content) {}
+
+    void SAL_CALL disposing(const css::lang::EventObject&) override {
+        if (content_ != nullptr) content_->close();
+    }
+    /// Makes the listener do nothing; the document keeps it until it is closed.
+    void detach() { content_ = nullptr; }
+
+  private:
+    WriterContent* content_;
+};
+
 WriterContent::WriterContent(Reference<css::uno::XComponentContext> office, const DocumentReference& document)
-    : office_(std::move(office)) {
-    translatingErrors([&] { model_.emplace(document); });
+    : office_(std::move(office)), closing_(new CloseListener(*this)) {
+    translatingErrors([&] {
+        model_.emplace(document);
+        document->addEventListener(closing_.get());
+    });
     bookmarks_.emplace(*model_);
     finder_.emplace(*model_, *bookmarks_);
+}
+
+WriterContent::~WriterContent() {
+    closing_->detach();
 }
 
 void WriterContent::checkIsOpen() const {

@@ -9,6 +9,7 @@
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <memory>
 #include <optional>
+#include <rtl/ref.hxx>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -29,6 +30,9 @@ struct RemovedField {
 class WriterContent : public std::enable_shared_from_this<WriterContent> {
   public:
     WriterContent(Reference<css::uno::XComponentContext> office, const DocumentReference& document);
+    WriterContent(const WriterContent&) = delete;
+    WriterContent& operator=(const WriterContent&) = delete;
+    ~WriterContent();
 
     /// Runs a body that calls Writer. Errors are those of translatingErrors, and kObjectDeleted when the
     /// document is closed.
@@ -94,6 +98,8 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     void startRecord(const std::string& name);
     void endRecord();
     bool undo(int times);
+    /// Releases all of Writer's objects. Some of them end the office when they are called after the document
+    /// was closed, so this is also done when the office closes it.
     void close();
     [[nodiscard]] bool isOpen() const { return model_.has_value(); }
 
@@ -111,6 +117,8 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
         Beyond endBeyond = Beyond::Nothing;
     };
 
+    class CloseListener;
+
     void checkIsOpen() const;
     void leaveRecord();
     [[nodiscard]] static Neighbour neighbourOf(const RangeReference& place, bool isBefore);
@@ -118,6 +126,7 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     void restoreCodes();
 
     Reference<css::uno::XComponentContext> office_;
+    rtl::Reference<CloseListener> closing_;
     std::optional<WriterModel> model_;
     std::optional<LiveBookmarks> bookmarks_;
     std::optional<BookmarkFinder> finder_;

@@ -135,8 +135,8 @@ void WriterEditor::endEditing() {
             release();
             throw;
         }
-        release();
         content_->forget();
+        release();
     });
 }
 
@@ -144,8 +144,10 @@ void WriterEditor::endEditing() {
 /// since Writer lays out no later pages while it is locked.
 void WriterEditor::release() {
     handlePendingEvents(content_->office());
-    windowOf(content_->model())->setEnable(true);
-    content_->model().model->unlockControllers();
+    content_->call([&] {
+        windowOf(content_->model())->setEnable(true);
+        content_->model().model->unlockControllers();
+    });
 }
 
 }  // namespace
