@@ -15,8 +15,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <com/sun/star/awt/Toolkit.hpp>
-#include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
 #include <iterator>
@@ -233,13 +231,12 @@ bool LibreOfficeHost::placeCaret(HostPoint point) {
 
 void LibreOfficeHost::click(HostPoint point) {
     windows_.click(windows_.innerWindow(static_cast<xcb_window_t>(window_.id)), point);
-    call([this] { letOfficeCatchUp(); });
+    call([this] { handleEvents(); });
 }
 
-void LibreOfficeHost::letOfficeCatchUp() {
+void LibreOfficeHost::handleEvents() {
     windows_.waitForServer();
-    const auto toolkit = css::awt::Toolkit::create(session_->connection().context());
-    Reference<css::awt::XToolkitExperimental>(toolkit, UNO_QUERY_THROW)->processEventsToIdle();
+    handlePendingEvents(session_->connection().context());
 }
 
 /// Waits for a limited time, and only once after each change: a view that is never laid out must not block
@@ -247,7 +244,7 @@ void LibreOfficeHost::letOfficeCatchUp() {
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
     while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
-        letOfficeCatchUp();
+        handleEvents();
         if (!frame.layOut()) std::this_thread::sleep_for(kPauseOfLayout);
     }
     frame.endLayout();
@@ -260,7 +257,7 @@ void LibreOfficeHost::setEnabled(const HostedDocument& hosted, bool enabled) {
     if (!std::holds_alternative<excel::WorkbookPtr>(hosted)) return;
     call([&] {
         // Handles the input from the time when the document was disabled before enabling it.
-        if (enabled) handlePendingEvents(session_->connection().context());
+        if (enabled) handleEvents();
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);
     });
@@ -280,9 +277,8 @@ void LibreOfficeHost::focus() {
     const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
     if (inner == XCB_WINDOW_NONE) return;
     windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
-    windows_.waitForServer();
     call([this] {
-        handlePendingEvents(session_->connection().context());
+        handleEvents();
         if (const HostFrame* const frame = front()) frame->focus();
     });
 }

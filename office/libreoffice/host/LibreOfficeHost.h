@@ -58,8 +58,8 @@ class LibreOfficeHost final : public DocumentHost {
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     void click(HostPoint point);
-    /// Waits until the office has handled the events that it was sent. To be called within a call.
-    void letOfficeCatchUp();
+    /// Makes the office handle the events that it was sent. Must be called within call().
+    void handleEvents();
     void setEnabled(const HostedDocument& hosted, bool enabled);
     /// Waits until the document is laid out after a change of the window or a load. To be called within a
     /// call.

@@ -30,8 +30,9 @@ class WriterContent::CloseListener final : public cppu::WeakImplHelper1<css::lan
     WriterContent* content_;
 };
 
-WriterContent::WriterContent(Reference<css::uno::XComponentContext> office, const DocumentReference& document)
-    : office_(std::move(office)), closing_(new CloseListener(*this)) {
+WriterContent::WriterContent(const Reference<css::uno::XComponentContext>& office,
+                             const DocumentReference& document)
+    : office_(office), closing_(new CloseListener(*this)) {
     translatingErrors([&] {
         model_.emplace(document);
         document->addEventListener(closing_.get());

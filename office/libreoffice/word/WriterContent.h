@@ -29,7 +29,7 @@ struct RemovedField {
 /// keeps them true while the document is edited.
 class WriterContent : public std::enable_shared_from_this<WriterContent> {
   public:
-    WriterContent(Reference<css::uno::XComponentContext> office, const DocumentReference& document);
+    WriterContent(const Reference<css::uno::XComponentContext>& office, const DocumentReference& document);
     WriterContent(const WriterContent&) = delete;
     WriterContent& operator=(const WriterContent&) = delete;
     ~WriterContent();
