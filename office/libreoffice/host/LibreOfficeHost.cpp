@@ -31,6 +31,7 @@ constexpr std::chrono::seconds kBoundOfClosing{5};
 constexpr std::chrono::seconds kBoundOfLayout{10};
 constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::chrono::milliseconds kPauseOfMonitor{100};
+constexpr std::chrono::milliseconds kPauseOfInterruption{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
@@ -185,7 +186,16 @@ void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
         if (document != kept) close(document);
 }
 
+PollingThread LibreOfficeHost::interruptedIdleTasks() {
+    const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+    return {kPauseOfInterruption, [this, inner] {
+                windows_.sendMouseLeft(inner);
+                return true;
+            }};
+}
+
 void LibreOfficeHost::beginEditing() {
+    const PollingThread interruption = interruptedIdleTasks();
     const HostedDocument shown = ActiveDocument();
     setEnabled(shown, false);
     try {
@@ -216,6 +226,7 @@ void LibreOfficeHost::endEditing() {
 }
 
 bool LibreOfficeHost::placeCaret(HostPoint point) {
+    const PollingThread interruption = interruptedIdleTasks();
     const CaretPlacement placement = call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return CaretPlacement::Nowhere;

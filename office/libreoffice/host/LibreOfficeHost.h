@@ -58,6 +58,9 @@ class LibreOfficeHost final : public DocumentHost {
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     void click(HostPoint point);
+    /// Interrupts the office's idle tasks as long as the result lives. The layout of the later pages of a
+    /// long document is one of them, for which calls would wait for seconds; it pauses for input.
+    [[nodiscard]] PollingThread interruptedIdleTasks();
     /// Makes the office handle the events that it was sent. Must be called within call().
     void handleEvents();
     void setEnabled(const HostedDocument& hosted, bool enabled);

@@ -131,6 +131,16 @@ void WindowSystem::click(xcb_window_t window, HostPoint point) {
     waitForServer();
 }
 
+void WindowSystem::sendMouseLeft(xcb_window_t window) const {
+    xcb_leave_notify_event_t event{};
+    event.response_type = XCB_LEAVE_NOTIFY;
+    event.event = window;
+    event.mode = XCB_NOTIFY_MODE_NORMAL;
+    event.same_screen_focus = 1;
+    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_LEAVE_WINDOW, reinterpret_cast<const char*>(&event));
+    xcb_flush(get());
+}
+
 /// The server works in order, so after its reply the events have been sent.
 void WindowSystem::waitForServer() const {
     owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));

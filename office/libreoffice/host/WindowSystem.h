@@ -35,6 +35,8 @@ class WindowSystem {
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
     /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);
+    /// Sends the window's owner that the mouse has left the window: input that changes nothing.
+    void sendMouseLeft(xcb_window_t window) const;
     /// Waits until the server has processed all earlier requests.
     void waitForServer() const;
 
