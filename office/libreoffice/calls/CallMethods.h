@@ -13,11 +13,11 @@
 #include <type_traits>
 #include <utility>
 
-/// The calls that cross into LibreOffice's process. Both sides are built from this list, in which the place
-/// of a method is its number.
+/// Lists the methods that can be called across the processes. Both sides are built from this list. The number
+/// of a method is its index.
 namespace mergeloom::libreoffice {
 
-/// Two members of one name.
+/// Names the overloads of Bookmarks::Item.
 inline constexpr auto kItemByNumber =
     static_cast<word::BookmarkPtr (word::Bookmarks::*)(int)>(&word::Bookmarks::Item);
 inline constexpr auto kItemByName =
@@ -72,13 +72,13 @@ using Methods = decltype(std::tuple_cat(
 
 inline constexpr std::size_t kMethodCount = std::tuple_size_v<Methods>;
 
-/// A request is any number of calls, each a method's number, an object's, the number that the result is to
-/// have if it is an object, and the arguments. The last one is answered. In place of a method this number
-/// says that the object is no longer needed, and nothing follows it.
+/// Replaces a method's number to release the object whose number follows. A request is a sequence of calls:
+/// the number of the method, of the object and of the result if it is an object, then the arguments. The
+/// answer is that of the last call.
 inline constexpr std::size_t kRelease = kMethodCount;
 
-/// Methods that return an object or nothing and do not fail while the document is open. They wait for the
-/// call that comes next, since most of what a call costs is the way there and back.
+/// Lists the methods that return an object or nothing and cannot fail while the document is open. Their calls
+/// are sent with the next one, since most of the cost of a call is the round trip.
 using PatientMethods = decltype(std::tuple_cat(
     MethodsOf<DocumentEditor, &DocumentEditor::Selection, &DocumentEditor::UndoRecord,
               &DocumentEditor::Bookmarks, &DocumentEditor::MailMerge, &DocumentEditor::Tables>(),
@@ -93,7 +93,7 @@ inline constexpr bool kIsIn = false;
 template <class Wanted, class... Listed>
 inline constexpr bool kIsIn<Wanted, std::tuple<Listed...>> = (std::is_same_v<Wanted, Listed> || ...);
 
-/// Returns the number of a method of the list.
+/// Returns the number of a method in the list.
 template <class Wanted>
 consteval std::size_t numberOfMethod() {
     return []<std::size_t... kNumbers>(std::index_sequence<kNumbers...>) {

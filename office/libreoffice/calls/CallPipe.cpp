@@ -29,8 +29,8 @@ int checked(int result) {
     return result;
 }
 
-/// An address has room for about a hundred characters, and the folder's path may be longer. The descriptor of
-/// the folder has to live as long as the address is used.
+/// Returns the address of the socket in a folder. An address has room for about a hundred characters, which a
+/// path may exceed, so it names the folder by its descriptor. The descriptor must outlive the address.
 sockaddr_un addressIn(const Descriptor& folder) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -81,7 +81,7 @@ bool CallPipe::read() {
     throw std::system_error(error, std::generic_category());
 }
 
-/// Returns how many bytes the first frame still lacks, as far as is known.
+/// Returns the number of bytes that are missing in the first frame, as far as it is known.
 std::size_t CallPipe::missing() const {
     if (received_.size() < kHeader) return kHeader - received_.size();
     std::uint64_t size = 0;

@@ -8,7 +8,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// A file descriptor that is closed at the end of its life.
+/// Owns a file descriptor.
 class Descriptor {
   public:
     explicit Descriptor(int number) : number_(number) {}
@@ -24,12 +24,12 @@ class Descriptor {
     int number_;
 };
 
-/// The frames that go through the pipe.
+/// The kinds of frames in the pipe.
 enum class FrameKind : char {
     Request,
     Answer,
     Rest,     ///< no request follows for now
-    Resting,  ///< nobody reads requests until that is asked for again
+    Resting,  ///< no requests are read until this is requested again
 };
 
 struct CallFrame {
@@ -38,25 +38,25 @@ struct CallFrame {
 };
 
 /// One end of a local connection between two processes. Members raise std::system_error when the other
-/// process has gone. A frame takes one call of the system on each side, since those are most of its cost.
+/// process has ended. A frame takes one system call on each side, since system calls are most of its cost.
 class CallPipe {
   public:
     explicit CallPipe(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
 
     void send(FrameKind kind, const std::string& bytes);
     CallFrame receive();
-    /// Returns none when nothing came within the patience.
+    /// Returns none if nothing is received within the patience.
     std::optional<CallFrame> tryToReceive();
-    /// Sets the time after which tryToReceive returns none; before this is called it waits for a frame.
+    /// Sets the time after which tryToReceive returns none. The default is to wait without a limit.
     void setPatience(std::chrono::milliseconds time);
 
   private:
-    /// Returns false when nothing came within the patience.
+    /// Returns false if nothing is received within the patience.
     bool read();
     [[nodiscard]] std::size_t missing() const;
 
     Descriptor descriptor_;
-    std::string received_;  ///< of frames that were not returned yet
+    std::string received_;  ///< the bytes of frames that were not returned yet
 };
 
 /// A socket in a folder, to which another process can connect.

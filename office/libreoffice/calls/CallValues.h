@@ -13,17 +13,17 @@
 #include <utility>
 #include <vector>
 
-/// The values that calls and their answers carry, each in one form for both directions.
+/// The serialised form of the values in calls and answers.
 namespace mergeloom::libreoffice {
 
-/// Writes the values of a call or of its result one after the other.
+/// Writes the values of a call or of its result in order.
 class CallWriter {
   public:
     void number(std::int64_t value);
     void real(double value);
     void text(std::string_view value);
 
-    /// Adds what another writer wrote.
+    /// Appends the bytes of another writer.
     void append(const CallWriter& other) { bytes_ += other.bytes_; }
 
     [[nodiscard]] const std::string& bytes() const { return bytes_; }
@@ -34,7 +34,8 @@ class CallWriter {
     std::string bytes_;
 };
 
-/// Reads what a CallWriter wrote, in the same order. Raises std::out_of_range for bytes that end early.
+/// Reads the values that a CallWriter wrote, in the same order. Raises std::out_of_range if the bytes end
+/// early.
 class CallReader {
   public:
     explicit CallReader(std::string bytes) : bytes_(std::move(bytes)) {}
@@ -56,7 +57,7 @@ struct ObjectTrait : std::false_type {};
 template <typename Interface>
 struct ObjectTrait<std::shared_ptr<Interface>> : std::true_type {};
 
-/// An object of the object model. Its number is sent, 0 for none.
+/// A reference to an object of the object model. Only its number is sent.
 template <typename T>
 concept ObjectReference = ObjectTrait<T>::value;
 
@@ -107,13 +108,13 @@ T takeValue(CallReader& in) {
     }
 }
 
-/// Returns an answer to which the result is still to be added.
+/// Returns the start of the answer to a successful call, to which the result is added.
 CallWriter doneCall();
 
-/// Returns the answer of a call that failed.
+/// Returns the answer to a call that failed.
 std::string failedCall(ErrorNumber number, const std::string& description);
 
-/// Returns the answer with its result still to be read. Raises the error of a call that failed.
+/// Returns a reader at the result of an answer. Raises the error of a call that failed.
 CallReader checkedAnswer(std::string bytes);
 
 }  // namespace mergeloom::libreoffice

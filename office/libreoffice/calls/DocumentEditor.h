@@ -9,7 +9,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// A document of Writer's inside LibreOffice's process. Only the program outside knows its files.
+/// A Writer document inside LibreOffice's process. Its files are handled outside.
 class DocumentEditor : public model::Object {
   public:
     virtual word::SelectionPtr Selection() = 0;
@@ -22,12 +22,12 @@ class DocumentEditor : public model::Object {
     virtual void SetSaved(bool saved) = 0;
     virtual bool Undo(int times) = 0;
 
-    /// Sets what the file forbids that the document was read from. Writer shows it to its user, but edits all
-    /// the same when a program asks.
+    /// Sets the protection of the file that the document was read from. Writer enforces it for its user, but
+    /// not for a program.
     virtual void setProtection(const std::string& fileName, opc::DocumentProtection protection) = 0;
-    /// Keeps the content of a file for the next call: file stores are outside.
+    /// Stores the content of a file for the next call, since file stores are outside.
     virtual void takeFile(const std::string& fileName, const std::string& content) = 0;
-    /// Returns the names of the bookmarks that are over whole tables.
+    /// Returns the names of the bookmarks that cover whole tables.
     virtual std::vector<std::string> namesOverTables() = 0;
 
     /// Brackets the calls of a program in a document that its user edits too. Between the two the selection

@@ -20,13 +20,14 @@ using AnyObject =
                  word::MailMergePtr, word::RangePtr, word::RowPtr, word::RowsPtr, word::SelectionPtr,
                  word::ShapeRangePtr, word::TablePtr, word::TablesPtr, word::UndoRecordPtr>;
 
-/// The objects that the other process knows, by their numbers.
+/// Maps the numbers that the other process uses to objects.
 class ObjectTable {
   public:
     void add(std::int64_t number, AnyObject object) { objects_.insert_or_assign(number, std::move(object)); }
     void remove(std::int64_t number) { objects_.erase(number); }
 
-    /// Raises std::out_of_range or std::bad_variant_access for a number that is no such object's.
+    /// Raises std::out_of_range for an unknown number and std::bad_variant_access for an object of another
+    /// interface.
     template <class Interface>
     [[nodiscard]] const std::shared_ptr<Interface>& get(std::int64_t number) const {
         return std::get<std::shared_ptr<Interface>>(objects_.at(number));
@@ -36,7 +37,7 @@ class ObjectTable {
     std::unordered_map<std::int64_t, AnyObject> objects_;
 };
 
-/// A parameter of a method on its way from the request to the call.
+/// Reads an argument from a request and holds it during the call.
 template <typename Parameter>
 struct Argument {
     Argument(const ObjectTable&, CallReader& in) : value(takeValue<std::remove_cvref_t<Parameter>>(in)) {}
@@ -50,8 +51,7 @@ struct Argument<word::Range&> {
     word::Range& value;
 };
 
-/// Answers with the result. The caller has chosen the number of an object, so the answer only says that there
-/// is one or that there is none.
+/// Writes the result. The caller has chosen the number of an object, so only its presence is written.
 template <typename Result>
 void putResult(ObjectTable& objects, std::int64_t number, CallWriter& out, const Result& result) {
     if constexpr (ObjectReference<Result>) {
@@ -66,7 +66,7 @@ template <class Interface, class Result, class Owner, class... Parameters>
 void run(Result (Owner::*method)(Parameters...), ObjectTable& objects, CallReader& in, CallWriter& out) {
     const std::shared_ptr<Interface>& object = objects.get<Interface>(in.number());
     const std::int64_t number = in.number();
-    // Braces keep the order of the arguments.
+    // Braces guarantee that the arguments are read in order.
     std::tuple<Argument<Parameters>...> arguments{Argument<Parameters>(objects, in)...};
     const auto call = [&](auto&... argument) -> Result { return ((*object).*method)(argument.value...); };
     if constexpr (std::is_void_v<Result>) {

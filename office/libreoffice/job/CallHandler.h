@@ -9,7 +9,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// Carries out requests in the library that the office has loaded.
+/// Executes requests inside the library that the office has loaded.
 class CallHandler {
   public:
     CallHandler() = default;
@@ -17,13 +17,13 @@ class CallHandler {
     CallHandler& operator=(const CallHandler&) = delete;
     virtual ~CallHandler() = default;
 
-    /// Returns the answer to a request; called only on the office's main thread.
+    /// Returns the answer to a request. Is only called on the office's main thread.
     virtual std::string answer(const std::string& request) = 0;
-    /// Makes a document known to the library and returns its number.
+    /// Registers a document and returns its number.
     virtual std::int64_t take(const DocumentReference& document) = 0;
 };
 
-/// Returns the handler of a library that is being loaded. Each library defines it once.
+/// Makes the handler. Each library that an office loads defines this function once.
 std::unique_ptr<CallHandler> makeCallHandler(const Reference<css::uno::XComponentContext>& office);
 
 }  // namespace mergeloom::libreoffice

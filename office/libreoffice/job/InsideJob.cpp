@@ -27,7 +27,7 @@ namespace {
 
 using Context = Reference<css::uno::XComponentContext>;
 
-/// The time for which the main thread waits for a request before it goes on with the office's work.
+/// The time for which the main thread waits for a request before it returns to the office's work.
 constexpr std::chrono::milliseconds kPatience{100};
 
 /// Returns the answer for the exception that is being handled.
@@ -45,8 +45,8 @@ std::string currentFailure() {
     return {};
 }
 
-/// Returns the answer of the handler or of a call that failed. Nothing is thrown: an exception that leaves
-/// the library ends the office.
+/// Returns the handler's answer, or that of a failed call if the handler throws: an exception that leaves the
+/// library would end the office.
 std::string answerOrFailure(CallHandler& handler, const std::string& request) noexcept {
     try {
         return handler.answer(request);
@@ -55,8 +55,8 @@ std::string answerOrFailure(CallHandler& handler, const std::string& request) no
     }
 }
 
-/// The library as the office sees it. The office's threads give it commands, and its main thread has it
-/// answer requests.
+/// The interface of the library to the office: executes commands on any thread and answers requests on the
+/// main thread.
 class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::XCallback> {
   public:
     explicit InsideJob(const Context& office) : office_(office), handler_(makeCallHandler(office)) {}
@@ -79,7 +79,7 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
             while (answerOne()) {
             }
         } catch (...) {
-            // The other process has ended or closed the pipe, so nobody waits for an answer.
+            // The other process has ended or closed the pipe, so no answer is expected.
         }
     }
 
@@ -99,7 +99,7 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
         throw css::lang::IllegalArgumentException(toUno("There is no command '" + command + "'."), {}, 0);
     }
 
-    /// Returns false when the main thread is to go on with the office's work.
+    /// Returns false if the main thread must return to the office's work.
     bool answerOne() {
         const std::optional<CallFrame> frame = pipe_->tryToReceive();
         const bool isRequest = frame && frame->kind == FrameKind::Request;
@@ -121,7 +121,7 @@ Reference<css::uno::XInterface> makeJob(const Context& office) {
 
 }  // namespace mergeloom::libreoffice
 
-/// Returns the factory of the job to UNO's loader.
+/// Returns the factory of the job. UNO's loader looks for this name.
 extern "C" void* component_getFactory(const char* name, void*, void*) try {
     const rtl::OUString implementation = rtl::OUString::createFromAscii(name);
     const auto factory = cppu::createSingleComponentFactory(mergeloom::libreoffice::makeJob, implementation,

@@ -16,22 +16,22 @@ namespace mergeloom::libreoffice {
 class DocumentLine;
 using DocumentLinePtr = std::shared_ptr<DocumentLine>;
 
-/// Returns the stand-in of an object that has the number in LibreOffice's process; see StandIns.h.
+/// Makes the stand-in for an object inside LibreOffice's process; see StandIns.h.
 template <class Interface>
 std::shared_ptr<Interface> standIn(const DocumentLinePtr& line, std::int64_t number);
 
-/// The calls to the objects of one document in LibreOffice's process. Errors are those of
-/// OfficeConnection::call and of what is called.
+/// Sends calls to the objects of one document inside LibreOffice's process. Raises the errors of
+/// OfficeConnection::call and those of the called methods.
 class DocumentLine : public std::enable_shared_from_this<DocumentLine> {
   public:
-    /// The file store has to outlive the line.
+    /// The file store must outlive the line.
     DocumentLine(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
                  const DocumentReference& document);
 
     [[nodiscard]] LibreOfficeSession& session() { return *session_; }
     [[nodiscard]] FileStore& files() { return files_; }
 
-    /// Calls a method of the list of methods; the arguments are those of the method.
+    /// Calls a listed method with its arguments and returns its result.
     template <class Interface, auto kMember, class... Arguments>
     auto call(std::int64_t object, const Arguments&... arguments) {
         using Called = Method<Interface, kMember>;
@@ -50,17 +50,17 @@ class DocumentLine : public std::enable_shared_from_this<DocumentLine> {
         return call<DocumentEditor, kMember>(editor_, arguments...);
     }
 
-    /// Releases the object of a stand-in that is gone, with the next call.
+    /// Releases the object of a stand-in together with the next call.
     void release(std::int64_t object);
-    /// Makes every call from now on go at once: the document is closed, so each one fails.
+    /// Sends each later call at once, since all calls to a closed document fail.
     void close() { isOpen_ = false; }
 
-    /// Links a range of the object model with its number, as long as it lives.
+    /// Registers the number of a range until unlink() is called.
     void link(const word::Range& range, std::int64_t number) { ranges_[&range] = number; }
     void unlink(const word::Range& range) { ranges_.erase(&range); }
 
   private:
-    /// Sends the calls that wait and returns the answer to the last one.
+    /// Sends the pending calls and returns the answer to the last one.
     CallReader ask();
 
     static void put(CallWriter& request, const auto& value) { putValue(request, value); }
@@ -84,8 +84,8 @@ class DocumentLine : public std::enable_shared_from_this<DocumentLine> {
     std::shared_ptr<LibreOfficeSession> session_;
     FileStore& files_;
     std::int64_t editor_;
-    std::int64_t last_;   ///< number of an object; those of each document are its own
-    CallWriter pending_;  ///< calls that wait
+    std::int64_t last_;   ///< the number of the newest object; each document has its own range of numbers
+    CallWriter pending_;  ///< calls that are sent with the next one
     bool isOpen_ = true;
     std::unordered_map<const word::Range*, std::int64_t> ranges_;
 };

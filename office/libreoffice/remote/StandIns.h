@@ -9,11 +9,11 @@
 #include <tuple>
 #include <type_traits>
 
-/// The objects of Word's object model outside LibreOffice's process: every member is a call of the same
-/// member inside it.
+/// Implementations of Word's object model that forward each member to the same member of an object inside
+/// LibreOffice's process.
 namespace mergeloom::libreoffice {
 
-/// Stands for an object in LibreOffice's process.
+/// Stands for an object inside LibreOffice's process and releases it at the end.
 template <class Interface>
 class StandIn : public Interface {
   public:
@@ -39,7 +39,7 @@ class StandInCount : public StandIn<Interface> {
     int Count() override { return this->template call<&Interface::Count>(); }
 };
 
-/// A collection whose items have numbers.
+/// A collection with numbered items.
 template <class Interface, class Item_>
 class StandInItems : public StandInCount<Interface> {
   public:
@@ -103,7 +103,7 @@ class RemoteFont final : public StandIn<word::Font> {
 class RemoteInlineShapes final : public StandInCount<word::InlineShapes> {
   public:
     using StandInCount::StandInCount;
-    /// The file is in a store of this process.
+    /// Sends the content of the file along, since only this process has the file store.
     void AddPicture(const std::string& fileName) override {
         line().callEditor<&DocumentEditor::takeFile>(fileName, line().files().read(fileName));
         call<&word::InlineShapes::AddPicture>(fileName);
@@ -201,14 +201,14 @@ class RemoteUndoRecord final : public StandIn<word::UndoRecord> {
     void EndCustomRecord() override { call<&word::UndoRecord::EndCustomRecord>(); }
 };
 
-/// The class that implements each interface that a call can return.
+/// Lists the implementations of all interfaces that a call can return.
 using StandIns =
     std::tuple<RemoteBookmark, RemoteBookmarks, RemoteCell, StandInItems<word::Cells, word::CellPtr>,
                StandInCount<word::Columns>, RemoteField, StandInItems<word::Fields, word::FieldPtr>,
                RemoteFont, RemoteInlineShapes, RemoteMailMerge, RemoteRange, RemoteRow, RemoteRows,
                RemoteSelection, StandInCount<word::ShapeRange>, RemoteTable, RemoteTables, RemoteUndoRecord>;
 
-/// The first class of a list that implements an interface.
+/// Finds the first class of a list that implements an interface.
 template <class Interface, class List>
 struct Implementing;
 template <class Interface, class First, class... Others>

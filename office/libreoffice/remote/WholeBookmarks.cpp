@@ -10,7 +10,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// All that was written for the bookmark of one name.
+/// The marks that were written for one bookmark.
 struct Marks {
     std::vector<MarkTag> starts;
     std::vector<MarkTag> ends;

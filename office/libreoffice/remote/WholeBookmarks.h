@@ -8,8 +8,8 @@ namespace mergeloom::libreoffice {
 
 /// Mends the bookmarks in a part of a document that LibreOffice wrote: one that ends in another paragraph
 /// than it begins in starts a second time there, under an id of its own, and the first start is left without
-/// an end (ECMA-376 Part 1, 17.13.6). Those over whole tables, which Writer ends in the last cell, end behind
-/// the table then, as Word has them. None where there is nothing to mend.
+/// an end (ECMA-376 Part 1, 17.13.6). Those over whole tables, which Writer ends in the last cell, end after
+/// the table then, as in Word. Returns none if there is nothing to mend.
 std::optional<std::string> withWholeBookmarks(const std::string& xml,
                                               const std::set<std::string>& namesOverTables = {});
 

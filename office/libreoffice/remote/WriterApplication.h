@@ -13,7 +13,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// LibreOffice in Word's part. The documents are without windows; the one opened last is the active one.
+/// Word's application over LibreOffice. The document that was opened last is the active one.
 class WriterApplication final : public word::Application,
                                 public std::enable_shared_from_this<WriterApplication> {
   public:
@@ -22,8 +22,8 @@ class WriterApplication final : public word::Application,
     ~WriterApplication() override;
 
     std::string Name() override { return "Microsoft Word"; }
-    /// Writer has the formats and calls of Word 2016 and later. canSaveAs says what it can write, whatever
-    /// the version says.
+    /// Writer has the formats and calls of Word 2016 and later. canSaveAs decides on its own what can be
+    /// written.
     std::string Version() override { return "16.0"; }
     word::DocumentsPtr Documents() override;
     word::SelectionPtr Selection() override;
@@ -37,7 +37,7 @@ class WriterApplication final : public word::Application,
     void remove(const WriterDocument& document);
 
   private:
-    /// The source is the file that the document was read from, none for an empty one.
+    /// Adds a document to the list. The source file is the one it was read from, empty for a new document.
     word::DocumentPtr list(const DocumentReference& document, const std::string& sourceFile,
                            const std::string& fullName, bool wasOpened);
     [[nodiscard]] WriterDocument& activeDocument() const;

@@ -10,14 +10,14 @@ namespace mergeloom::libreoffice {
 
 class WriterApplication;
 
-/// A document: its files are handled here, its content in LibreOffice's process.
+/// Word's document over LibreOffice: handles its files itself and forwards the rest.
 class WriterDocument final : public word::Document {
   public:
-    /// A document that was opened has a file under its name already.
+    /// A document that was opened already has a file of its name.
     WriterDocument(std::weak_ptr<WriterApplication> application, DocumentLinePtr line,
                    const DocumentReference& document, std::string fullName, bool wasOpened);
 
-    /// None when the document is closed.
+    /// Returns none if the document is closed.
     [[nodiscard]] const DocumentReference& component() const { return document_; }
 
     word::SelectionPtr selection();

@@ -9,16 +9,14 @@
 
 namespace mergeloom::libreoffice {
 
-/// A running LibreOffice in Word's part. The file store has to outlive it and its documents.
+/// Makes Word's application over a running LibreOffice. The file store must outlive it and its documents.
 word::ApplicationPtr makeWordApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files);
 
-/// What a window that shows Writer's documents needs of them besides Word's object model. The documents are
-/// Writer's.
+/// The functions below are for a window that shows Writer documents, and take no others.
 
-/// Returns none when the document is closed.
+/// Returns none if the document is closed.
 DocumentReference componentOf(word::Document& document);
-/// Between the two calls nothing shows. The first one has the object model take the document as its user left
-/// it, and select what the view does; the second one lets the view select what the model does.
+/// Bracket the use of the object model; see DocumentEditor.
 void beginEditing(word::Document& document);
 void endEditing(word::Document& document);
 

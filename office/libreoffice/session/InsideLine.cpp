@@ -17,7 +17,7 @@ namespace {
 
 using Context = Reference<css::uno::XComponentContext>;
 
-/// Has the office load the library and make its job. Nothing is installed in the office.
+/// Makes the office load the library and create its job. Nothing is installed in the office.
 Reference<css::task::XJob> loadJob(const Context& office, const std::string& library) {
     const Reference<css::loader::XImplementationLoader> loader(
         office->getServiceManager()->createInstanceWithContext("com.sun.star.loader.SharedLibrary", office),

@@ -9,29 +9,30 @@
 
 namespace mergeloom::libreoffice {
 
-/// The commands to the library, each the name of the one value with which its job is executed.
+/// The commands to the library: the name of the value with which its job is executed.
 inline constexpr const char* kInsideConnect = "connect";    ///< with the folder of a CallListener
-inline constexpr const char* kInsideServe = "serve";        ///< the main thread is to read requests
+inline constexpr const char* kInsideServe = "serve";        ///< makes the main thread read requests
 inline constexpr const char* kInsideDocument = "document";  ///< returns the document's number
 
-/// Returns the path of the library that the office loads for the object model, beside this code's own file.
+/// Returns the path of the library that the office loads for the object model. It is in the folder of the
+/// file that contains this function. Raises kNotAvailable if it is missing.
 std::string insideLibrary();
 
-/// The connection to a library of ours inside the office's process, which carries out requests on the
-/// office's main thread. A request and its answer take some 20 microseconds. From the first request until
-/// rest(), or until none came for a while, the main thread does nothing else, so that no user's edit comes in
-/// between. Members raise UNO's exceptions; std::runtime_error when the office has gone.
+/// The connection to our library inside the office's process, which executes requests on the office's main
+/// thread. A request and its answer take about 20 microseconds. From the first request until rest(), or until
+/// no request is received for a while, the main thread does nothing else, so the user cannot edit in between.
+/// Members raise UNO's exceptions, and std::system_error if the office has ended.
 class InsideLine {
   public:
-    /// Has the office load the library; the folder is one that both processes see.
+    /// Makes the office load the library. Both processes must have access to the folder.
     InsideLine(const Reference<css::uno::XComponentContext>& office, const std::string& library,
                const std::string& folder);
 
     /// Returns the library's answer to a request.
     std::string ask(const std::string& request);
-    /// Makes a document known to the library and returns its number there.
+    /// Registers a document in the library and returns its number.
     std::int64_t handOver(const DocumentReference& document);
-    /// Lets the main thread go on with its own work.
+    /// Lets the main thread return to its own work.
     void rest();
 
   private:
@@ -39,7 +40,7 @@ class InsideLine {
 
     Reference<css::task::XJob> job_;
     CallPipe pipe_;
-    bool isServed_ = false;  ///< as far as is known here: it ends by itself, too
+    bool isServed_ = false;  ///< as far as is known: it may have ended by itself
 };
 
 }  // namespace mergeloom::libreoffice

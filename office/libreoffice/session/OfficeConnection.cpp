@@ -123,7 +123,7 @@ InsideLine& OfficeConnection::inside() {
     return *inside_;
 }
 
-/// A line that breaks means the same as a call of UNO's to an office that has gone.
+/// Treats a broken line like a UNO call to an office that has ended.
 std::string OfficeConnection::askInside(const std::string& request) {
     const Watchdog::Watch watch(watchdog_);
     try {
@@ -141,7 +141,7 @@ std::int64_t OfficeConnection::handInside(const DocumentReference& document) {
     return call([&] { return inside().handOver(document); });
 }
 
-/// Where the line is broken, the call that follows finds the office gone.
+/// Ignores a broken line: the call that follows notices that the office has ended.
 void OfficeConnection::rest() try {
     if (inside_) inside_->rest();
 } catch (const std::system_error&) {

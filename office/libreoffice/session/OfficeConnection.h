@@ -13,9 +13,9 @@
 
 namespace mergeloom::libreoffice {
 
-/// How requests come to our library in the office. While a series lasts, the office's main thread waits for
-/// the next one and does nothing else, so that no user's edit comes in between; a user would notice it
-/// otherwise.
+/// The pattern of requests to our library in the office. During a series the office's main thread waits for
+/// the next request and does nothing else, so the user cannot edit in between. Outside a drop the user would
+/// notice that.
 enum class RequestPattern { Single, Series };
 
 /// The connection to an office. Each call to it goes through call(), which bounds the time and turns UNO's
@@ -53,13 +53,13 @@ class OfficeConnection {
         }
     }
 
-    /// Asks our library inside the office, which is loaded with the first request; see InsideLine. Errors as
-    /// for call.
+    /// Returns the answer of our library inside the office, which is loaded with the first request; see
+    /// InsideLine. Errors as for call.
     std::string askInside(const std::string& request);
-    /// Hands a document over to that library and returns its number there.
+    /// Registers a document in that library and returns its number.
     std::int64_t handInside(const DocumentReference& document);
 
-    /// Says how requests come from now on; single ones until it is called.
+    /// Sets the pattern of later requests. The default is Single.
     void expect(RequestPattern pattern) { pattern_ = pattern; }
 
   private:

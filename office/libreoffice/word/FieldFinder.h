@@ -9,8 +9,8 @@
 
 namespace mergeloom::libreoffice {
 
-/// A field in a text of Writer's. Those of Word's that Writer does not know have marks in the text around
-/// their code and their result.
+/// A field in a Writer document. Fields that Writer does not know have marks in the text around their code
+/// and their result.
 struct FoundField {
     Reference<css::text::XTextContent> object;
     word::WdFieldType type = word::WdFieldType::wdFieldEmpty;
@@ -25,7 +25,7 @@ std::vector<FoundField> fieldsIn(const Reference<css::uno::XInterface>& text);
 /// Returns true while the field is in its document.
 bool isThere(const FoundField& field);
 
-/// Gives the first field without a code in the place's paragraph that code.
+/// Sets the code of the first field without one in the paragraph of the place.
 void restoreCode(const RangeReference& place, const std::string& code);
 
 }  // namespace mergeloom::libreoffice

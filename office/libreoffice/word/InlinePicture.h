@@ -7,14 +7,14 @@
 
 namespace mergeloom::libreoffice {
 
-/// A picture file on its way into a text.
+/// A picture file that is inserted into a text.
 class InlinePicture {
   public:
-    /// Raises kFileCouldNotBeRead when the file is missing or no picture.
+    /// Raises kFileCouldNotBeRead if the file is missing or not a picture.
     InlinePicture(WriterContent& content, const std::string& fileName);
 
-    /// Puts it into the text as one character, in the size that its pixels and resolution give, never wider
-    /// than the text area. Returns a cursor over it.
+    /// Inserts it into the text as one character, in the size that its pixels and resolution give, never
+    /// wider than the text area. Returns a cursor over it.
     [[nodiscard]] CursorReference insert(const CursorReference& place) const;
 
   private:

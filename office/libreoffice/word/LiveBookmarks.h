@@ -10,8 +10,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// The names of a document's bookmarks over all its stories: one name space that does not regard letter case,
-/// which Writer's does.
+/// The names of all bookmarks of a document, compared without regard to case, unlike in Writer.
 class BookmarkNames {
   public:
     void take(const std::vector<std::string>& names);
@@ -50,13 +49,13 @@ class LiveBookmarks {
   public:
     explicit LiveBookmarks(const WriterModel& model) : model_(model) {}
 
-    /// Forgets all, since the user may have changed the document; the names are read again when needed.
+    /// Discards everything, since the user may have changed the document. The names are read again on demand.
     void forget() {
         forgetPlaces();
         beyond_.clear();
     }
 
-    /// Forgets the names and places, since a step was undone.
+    /// Discards the names and places after a step was undone.
     void forgetPlaces() {
         areNamesKnown_ = false;
         ++version_;

@@ -7,7 +7,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// The numbers of a story's places, which only people ask for. Word counts through all the tables of a story
+/// Numbers the places of a story, for display only. Word counts through all the tables of a story
 /// and in UTF-16 code units: each cell's text takes one more for its mark, and each row one more for its own.
 /// Writer knows no such numbers, so all paragraphs are gone through.
 class StoryPositions {

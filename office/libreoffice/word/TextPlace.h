@@ -15,7 +15,7 @@ using CursorReference = Reference<css::text::XTextCursor>;
 using RangeReference = Reference<css::text::XTextRange>;
 using TableReference = Reference<css::text::XTextTable>;
 
-/// Returns the cursor as the range that it is; asking Writer for that interface would cost a call.
+/// Returns the cursor as a range without a query for the interface.
 inline RangeReference rangeOf(const CursorReference& cursor) {
     return {cursor.get()};
 }
@@ -37,14 +37,13 @@ CursorReference cursorOver(const RangeReference& start, const RangeReference& en
 /// them.
 enum class Beyond { Nothing, CellMark, Table, StoryMark };
 
-/// A place of a story: a range of Writer's without any length, and the mark after it that the place is
-/// beyond.
+/// A place of a story: an empty range and the mark after it that the place is beyond.
 struct TextPlace {
     RangeReference at;
     Beyond beyond = Beyond::Nothing;
 };
 
-/// A range that Writer keeps true while its document is edited.
+/// A range that Writer updates while its document is edited.
 struct TrackedRange {
     TextReference story;  ///< the text of its whole story: the body, a header, a note …
     CursorReference cursor;

@@ -19,14 +19,14 @@ namespace mergeloom::libreoffice {
 
 using RangePtr = std::shared_ptr<TrackedRange>;
 
-/// A field of Word's whose code Writer keeps, and that Writer's undo gives back without the code.
+/// A removed field whose code Writer's undo does not restore.
 struct RemovedField {
     CursorReference place;
     std::string code;
 };
 
-/// A document of Writer's: its selection, its bookmarks and the ranges that are held in it. Writer itself
-/// keeps them true while the document is edited.
+/// The state of a Writer document: its selection, its bookmarks and the ranges in it, which Writer itself
+/// updates while the document is edited.
 class WriterContent : public std::enable_shared_from_this<WriterContent> {
   public:
     WriterContent(const Reference<css::uno::XComponentContext>& office, const DocumentReference& document);
@@ -42,17 +42,17 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
         return translatingErrors(body);
     }
 
-    /// Sets what the file forbids that the document was read from; see DocumentEditor.
+    /// Sets the protection of the document; see DocumentEditor.
     void setProtection(const std::string& fileName, opc::DocumentProtection protection);
 
-    /// Keeps the content of a file until takenFile returns it: file stores are in the other process.
+    /// Stores the content of a file until takenFile returns it.
     void takeFile(const std::string& fileName, const std::string& content);
     [[nodiscard]] std::string takenFile(const std::string& fileName);
 
-    /// Raises kNotAvailable for a protected document; to be called before every change.
+    /// Raises kNotAvailable for a protected document. Must be called before every change.
     void checkMayEdit() const;
 
-    /// Forgets what is known of the document, which its user may have changed.
+    /// Discards what is known of the document, since its user may have changed it.
     void forget();
 
     [[nodiscard]] const Reference<css::uno::XComponentContext>& office() const { return office_; }
@@ -73,7 +73,7 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     RangePtr track(TrackedRange range);
     RangePtr copyOf(const TrackedRange& range);
 
-    /// Links a range of the object model with the range in Writer, as long as it lives.
+    /// Registers the Writer range of a range of the object model until unlink() is called.
     void link(const word::Range& range, const RangePtr& tracked) { linked_[&range] = tracked; }
     void unlink(const word::Range& range) { linked_.erase(&range); }
     /// Raises kCommandFailed for a range of another document.

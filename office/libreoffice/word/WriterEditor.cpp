@@ -31,7 +31,7 @@ Reference<css::awt::XWindow> windowOf(const WriterModel& model) {
     return model.model->getCurrentController()->getFrame()->getContainerWindow();
 }
 
-/// Selects in the object model what the view selects. When that is no text, the selection stays as it was.
+/// Copies the selection of the view, if it is text, to the object model.
 void takeSelection(WriterContent& content) try {
     const RangeReference selected(cursorOf(content.model()).get());
     const CursorReference cursor = cursorOver(selected);
@@ -41,7 +41,8 @@ void takeSelection(WriterContent& content) try {
 } catch (const css::uno::Exception&) {
 }
 
-/// Passes a caret on as a place: a cursor may have a mark there, from which the view would go on selecting.
+/// Copies the selection of the object model to the view. A caret is passed as a place, since a cursor may
+/// have a mark there from which the view would go on selecting.
 void showSelection(WriterContent& content) {
     const CursorReference& selected = content.selection()->cursor;
     const RangeReference shown = selected->isCollapsed() ? selected->getStart() : rangeOf(selected);
@@ -104,7 +105,6 @@ class WriterEditor final : public DocumentEditor {
     std::shared_ptr<WriterContent> content_;
 };
 
-/// Only bookmarks that begin with a table's first cell can be over the table.
 std::vector<std::string> WriterEditor::namesOverTables() {
     return content_->call([&] {
         std::vector<std::string> names;
@@ -126,7 +126,7 @@ void WriterEditor::beginEditing() {
     });
 }
 
-/// A caret that is set while nothing is shown does not wait for the layout of all later pages.
+/// Sets the caret before the view is unlocked: after that it would wait for the layout of all later pages.
 void WriterEditor::endEditing() {
     content_->call([&] {
         try {

@@ -15,7 +15,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// A code is no text of the document, though fields may be nested in it: it can be read only.
+/// The range of a field's code, which is not part of the text and can only be read.
 class CodeRange final : public WriterRange {
   public:
     CodeRange(std::shared_ptr<WriterContent> content, RangePtr range, std::string code)
