@@ -197,6 +197,7 @@ PollingThread LibreOfficeHost::interruptedIdleTasks() {
 void LibreOfficeHost::beginEditing() {
     const PollingThread interruption = interruptedIdleTasks();
     const HostedDocument shown = ActiveDocument();
+    windows_.waitForServer();
     setEnabled(shown, false);
     try {
         if (const auto* const document = std::get_if<word::DocumentPtr>(&shown))
@@ -267,8 +268,8 @@ void LibreOfficeHost::setEnabled(const HostedDocument& hosted, bool enabled) {
     focus_->setEnabled(enabled);
     if (!std::holds_alternative<excel::WorkbookPtr>(hosted)) return;
     call([&] {
-        // Handles the input from the time when the document was disabled before enabling it.
-        if (enabled) handleEvents();
+        // Input belongs to the state in which the user gave it.
+        handleEvents();
         for (const HostFrame& frame : frames_)
             frame.setEnabled(enabled);
     });
