@@ -7,24 +7,19 @@ namespace mergeloom {
 DropRecord::DropRecord(model::OfficeDocument& document, model::UndoRecord& record, const std::string& name)
     : document_(document), record_(record), wasSaved_(document.Saved()) {
     record_.StartCustomRecord(name);
-    // Every change of the document clears this mark, so that end() can see whether the record holds anything.
-    document_.SetSaved(true);
 }
 
 void DropRecord::keep() {
-    if (!end()) document_.SetSaved(wasSaved_);
+    record_.EndCustomRecord();
 }
 
 void DropRecord::takeBack() {
-    if (end() && !document_.Undo(1)) {
+    if (!record_.EndCustomRecord()) return;
+    if (!document_.Undo(1)) {
         throw AutomationError(kCommandFailed, "What was dropped could not be taken back.");
     }
-    document_.SetSaved(wasSaved_);
-}
-
-bool DropRecord::end() {
-    record_.EndCustomRecord();
-    return !document_.Saved();
+    // An office regards this state as the saved one from now on, which is only true if it was that before.
+    if (wasSaved_) document_.SetSaved(true);
 }
 
 }  // namespace mergeloom

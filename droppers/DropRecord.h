@@ -21,9 +21,6 @@ class DropRecord {
     void takeBack();
 
   private:
-    /// Ends the record and returns true when anything was changed in it.
-    bool end();
-
     model::OfficeDocument& document_;
     model::UndoRecord& record_;
     bool wasSaved_;

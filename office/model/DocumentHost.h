@@ -66,6 +66,8 @@ class DocumentHost {
     /// then keeps the former document.
     virtual void Open(const std::string& path, FileAccess access) = 0;
     virtual HostedDocument ActiveDocument() = 0;
+    /// Takes over what the user is still typing into a cell, which is no change of the workbook before.
+    virtual void endInput() = 0;
     /// Returns whether the user cannot change the document.
     virtual bool isReadOnly() = 0;
     /// Writes a copy of the document in a format (WdSaveFormat's or XlFileFormat's number). The document, its

@@ -14,7 +14,8 @@ namespace mergeloom::model {
 class UndoRecord : public Object {
   public:
     virtual void StartCustomRecord(const std::string& name) = 0;
-    virtual void EndCustomRecord() = 0;
+    /// Returns true when anything was changed since the start: only then there is a step to undo.
+    virtual bool EndCustomRecord() = 0;
 };
 
 using UndoRecordPtr = std::shared_ptr<UndoRecord>;

@@ -52,6 +52,7 @@ class FakeDocumentHost final : public DocumentHost {
         call("export " + path + " " + std::to_string(format));
     }
 
+    void endInput() override { call("endInput"); }
     void beginEditing() override { call("beginEditing"); }
     void endEditing() override { call("endEditing"); }
     bool placeCaret(HostPoint point) override {

@@ -204,7 +204,9 @@ bool TemplateLifecycle::CloseTemplate() {
 
 bool TemplateLifecycle::mayCloseDocument() {
     model::OfficeDocument* const document = documentOrNone();
-    if (document == nullptr || document->Saved()) return true;
+    if (document == nullptr) return true;
+    ports_.access.host().endInput();
+    if (document->Saved()) return true;
     const Message question{"Do you want to save changes to " + document->Name(), MessageIcon::Question,
                            MessageButtons::YesNoCancel};
     const MessageAnswer answer = ports_.messages.show(question);

@@ -47,7 +47,7 @@ class EmbeddedWorkbookUndoRecord final : public model::UndoRecord {
         : content_(std::move(content)) {}
 
     void StartCustomRecord(const std::string&) override { content_->undo().start(); }
-    void EndCustomRecord() override { content_->undo().stop(); }
+    bool EndCustomRecord() override { return content_->undo().stop(); }
 
   private:
     std::shared_ptr<WorkbookContent> content_;

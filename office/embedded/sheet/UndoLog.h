@@ -17,7 +17,11 @@ class UndoLog {
         actions_.clear();
         recording_ = true;
     }
-    void stop() { recording_ = false; }
+    /// Returns true when the step has changes.
+    bool stop() {
+        recording_ = false;
+        return !actions_.isEmpty();
+    }
 
     [[nodiscard]] bool isRecording() const { return recording_; }
     /// Records how to undo a change that was just made.

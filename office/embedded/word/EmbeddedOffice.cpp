@@ -46,7 +46,7 @@ class EmbeddedUndoRecord final : public word::UndoRecord {
     explicit EmbeddedUndoRecord(std::shared_ptr<WordContent> content) : content_(std::move(content)) {}
 
     void StartCustomRecord(const std::string&) override { content_->startRecord(); }
-    void EndCustomRecord() override { content_->stopRecord(); }
+    bool EndCustomRecord() override { return content_->stopRecord(); }
 
   private:
     std::shared_ptr<WordContent> content_;

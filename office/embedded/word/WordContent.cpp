@@ -206,6 +206,11 @@ void WordContent::startRecord() {
     recorded_ = {&selection_->story(), selection_->start(), selection_->end(), saved_};
 }
 
+bool WordContent::stopRecord() {
+    journal_.stop();
+    return !journal_.isEmpty();
+}
+
 bool WordContent::undo() {
     journal_.stop();
     if (journal_.isEmpty() || !recorded_) return false;

@@ -58,8 +58,9 @@ class WordContent {
                                 CharacterPosition end);
 
     /// Record a step, which undo() reverts together with the selection. Only the last step can be undone.
+    /// stopRecord() returns true when the step has changes.
     void startRecord();
-    void stopRecord() { journal_.stop(); }
+    bool stopRecord();
     bool undo();
 
     [[nodiscard]] bool isSaved() const { return saved_; }

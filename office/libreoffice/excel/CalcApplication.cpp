@@ -35,7 +35,7 @@ class CalcUndoRecord final : public model::UndoRecord {
     explicit CalcUndoRecord(CalcContentPtr content) : content_(std::move(content)) {}
 
     void StartCustomRecord(const std::string& name) override { content_->startRecord(name); }
-    void EndCustomRecord() override { content_->endRecord(); }
+    bool EndCustomRecord() override { return content_->endRecord(); }
 
   private:
     CalcContentPtr content_;

@@ -199,9 +199,9 @@ void CalcContent::startRecord(const std::string& name) {
 }
 
 /// Pending changes belong to the step that a user may undo.
-void CalcContent::endRecord() {
+bool CalcContent::endRecord() {
     if (isShown_) pending_.flush();
-    undo_.stop();
+    return undo_.stop();
 }
 
 bool CalcContent::isSaved() {

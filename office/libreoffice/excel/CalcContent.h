@@ -58,7 +58,8 @@ class CalcContent {
     [[nodiscard]] Reference<css::sheet::XNamedRanges> namesOf(int sheet);
 
     void startRecord(const std::string& name);
-    void endRecord();
+    /// Returns true when anything was changed since the start of the record.
+    bool endRecord();
     [[nodiscard]] CalcUndo& undo() { return undo_; }
     [[nodiscard]] CalcPendingEdits& pending() { return pending_; }
     [[nodiscard]] CalcFonts& fonts() { return fonts_; }

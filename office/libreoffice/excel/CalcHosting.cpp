@@ -62,6 +62,10 @@ DocumentReference componentOf(excel::Workbook& workbook) {
     return calcOf(workbook).document();
 }
 
+void endInput(excel::Workbook& workbook) {
+    calcOf(workbook).endInput();
+}
+
 void beginEditing(excel::Workbook& workbook) {
     CalcWorkbook& calc = calcOf(workbook);
     calc.endInput();

@@ -8,6 +8,8 @@
 namespace mergeloom::libreoffice {
 
 DocumentReference componentOf(excel::Workbook& workbook);
+/// Takes over what the user is still typing into a cell.
+void endInput(excel::Workbook& workbook);
 /// beginEditing() makes the object model read the workbook as the user left it, including the selection, and
 /// stops repainting. endEditing() repaints and shows the model's selection.
 void beginEditing(excel::Workbook& workbook);

@@ -71,12 +71,14 @@ void CalcUndo::start(const std::string& name) {
     });
 }
 
-void CalcUndo::stop() {
-    if (depth_ == 0 || --depth_ > 0) return;
+bool CalcUndo::stop() {
+    if (depth_ == 0 || --depth_ > 0) return hasStep_;
+    const bool hasChanges = hasStep_;
     connection_.call([&] {
         model_->unlockControllers();
         if (user_ == UndoUser::ModelAndUser) addToOfficeList();
     });
+    return hasChanges;
 }
 
 /// Adds the recorded step to the office's undo list.

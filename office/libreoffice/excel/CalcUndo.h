@@ -79,7 +79,8 @@ class CalcUndo {
     ~CalcUndo();
 
     void start(const std::string& name);
-    void stop();
+    /// Returns true when the step has changes.
+    bool stop();
     [[nodiscard]] bool isRecording() const { return depth_ > 0; }
     /// Must be called before a change: the steps recorded before cannot be undone past it.
     void change();

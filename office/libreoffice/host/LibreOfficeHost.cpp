@@ -194,6 +194,12 @@ PollingThread LibreOfficeHost::interruptedIdleTasks() {
             }};
 }
 
+void LibreOfficeHost::endInput() {
+    const HostedDocument shown = ActiveDocument();
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&shown))
+        libreoffice::endInput(**workbook);
+}
+
 void LibreOfficeHost::beginEditing() {
     const PollingThread interruption = interruptedIdleTasks();
     const HostedDocument shown = ActiveDocument();

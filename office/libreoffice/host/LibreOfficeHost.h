@@ -30,6 +30,7 @@ class LibreOfficeHost final : public DocumentHost {
     HostedDocument ActiveDocument() override;
     bool isReadOnly() override;
     void ExportCopy(const std::string& path, int format) override;
+    void endInput() override;
     void beginEditing() override;
     void endEditing() override;
     bool placeCaret(HostPoint point) override;

@@ -198,7 +198,7 @@ class RemoteUndoRecord final : public StandIn<word::UndoRecord> {
     void StartCustomRecord(const std::string& name) override {
         call<&word::UndoRecord::StartCustomRecord>(name);
     }
-    void EndCustomRecord() override { call<&word::UndoRecord::EndCustomRecord>(); }
+    bool EndCustomRecord() override { return call<&word::UndoRecord::EndCustomRecord>(); }
 };
 
 /// Lists the implementations of all interfaces that a call can return.

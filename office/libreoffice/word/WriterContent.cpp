@@ -179,25 +179,21 @@ WriterContent::Neighbour WriterContent::neighbourOf(const RangeReference& place,
 }
 
 void WriterContent::startRecord(const std::string& name) {
-    if (isRecording_) endRecord();
+    endRecord();
     const RangePtr selected = selection();
     recorded_ =
         Recorded{selected->story, neighbourOf(selected->cursor->getStart(), true),
                  neighbourOf(selected->cursor->getEnd(), false), selected->startBeyond, selected->endBeyond};
     removedFields_.clear();
-    model_->undo->enterUndoContext(toUno(name));
+    recording_ = std::make_unique<UndoContext>(model_->undo, name);
     model_->model->lockControllers();
-    isRecording_ = true;
 }
 
-void WriterContent::endRecord() {
-    if (isRecording_) leaveRecord();
-}
-
-void WriterContent::leaveRecord() {
-    isRecording_ = false;
+bool WriterContent::endRecord() {
+    if (!recording_) return false;
+    const std::unique_ptr<UndoContext> context = std::move(recording_);
     model_->model->unlockControllers();
-    model_->undo->leaveUndoContext();
+    return context->leave();
 }
 
 /// Goes back to the selection from the characters beside it.
@@ -239,6 +235,7 @@ void WriterContent::close() {
     if (!isOpen()) return;
     selection_.reset();
     recorded_.reset();
+    recording_.reset();
     removedFields_.clear();
     stories_.clear();
     newTable_.reset();

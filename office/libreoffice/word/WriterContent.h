@@ -3,6 +3,7 @@
 #include "office/libreoffice/session/UnoErrors.h"
 #include "office/libreoffice/word/BookmarkFinder.h"
 #include "office/libreoffice/word/StoryTexts.h"
+#include "office/libreoffice/word/UndoContext.h"
 #include "office/model/word/Forward.h"
 #include "office/opc/DocumentProtection.h"
 
@@ -96,7 +97,8 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     void noteRemovedField(const CursorReference& place, const std::string& code);
 
     void startRecord(const std::string& name);
-    void endRecord();
+    /// Returns true when anything was changed since the start of the record.
+    bool endRecord();
     bool undo(int times);
     /// Releases all of Writer's objects. Some of them end the office when they are called after the document
     /// was closed, so this is also done when the office closes it.
@@ -120,7 +122,6 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     class CloseListener;
 
     void checkIsOpen() const;
-    void leaveRecord();
     [[nodiscard]] static Neighbour neighbourOf(const RangeReference& place, bool isBefore);
     void restoreSelection(const Recorded& recorded);
     void restoreCodes();
@@ -140,7 +141,7 @@ class WriterContent : public std::enable_shared_from_this<WriterContent> {
     std::string fileName_;
     opc::DocumentProtection protection_ = opc::DocumentProtection::None;
     std::pair<std::string, std::string> takenFile_;  ///< its name and its content
-    bool isRecording_ = false;
+    std::unique_ptr<UndoContext> recording_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -57,8 +57,8 @@ class WriterUndoRecord final : public model::UndoRecord {
     void StartCustomRecord(const std::string& name) override {
         content_->call([&] { content_->startRecord(name); });
     }
-    void EndCustomRecord() override {
-        content_->call([&] { content_->endRecord(); });
+    bool EndCustomRecord() override {
+        return content_->call([&] { return content_->endRecord(); });
     }
 
   private:

@@ -256,6 +256,31 @@ TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
     EXPECT_TRUE(bodyBecomes("kept\n"));
 }
 
+TEST_F(HostedText, DropsThatAreUndoneAndRedoneAreUnsavedChanges) {
+    load(kField);
+    const auto places = [] {
+        host().beginEditing();
+        const int count = document()->Bookmarks()->Count();
+        host().endEditing();
+        return count;
+    };
+    for (const bool isTypedBefore : {true, false}) {
+        openBody("<w:p><w:r><w:t>given</w:t></w:r></w:p>");
+        host().focus();
+        if (isTypedBefore) TestWindow::type("typed");
+        ASSERT_TRUE(becomesTrue([&] { return document()->Saved() != isTypedBefore; }));
+        ASSERT_TRUE(drop(node("2k")));
+        EXPECT_FALSE(document()->Saved());
+        host().focus();
+        TestWindow::press("ctrl+z");
+        ASSERT_TRUE(becomesTrue([&] { return places() == 0; }));
+        EXPECT_EQ(document()->Saved(), !isTypedBefore);
+        TestWindow::press("ctrl+y");
+        ASSERT_TRUE(becomesTrue([&] { return places() == 1; }));
+        EXPECT_FALSE(document()->Saved());
+    }
+}
+
 TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     TestWindow::type("Kept");
     ASSERT_TRUE(bodyBecomes("Kept\n"));
@@ -315,6 +340,17 @@ TEST_F(HostedCells, ADropIsOneStepForUserAndModel) {
     EXPECT_EQ(count(), 1);
     EXPECT_TRUE(workbook()->Undo(1));
     EXPECT_EQ(count(), 0);
+}
+
+TEST_F(HostedCells, WhatACellIsStillTakingIsAChange) {
+    ASSERT_TRUE(host().placeCaret(kOtherCells[1]));
+    workbook()->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
+    window().clickInPaneAndTypeAtOnce(kOtherCells[0].x, kOtherCells[0].y, "typed");
+    TestWindow::press("ctrl+s");
+    ASSERT_TRUE(becomesTrue([] { return !stage().listener.takeCommands().empty(); }));
+    EXPECT_TRUE(workbook()->Saved());
+    host().endInput();
+    EXPECT_FALSE(workbook()->Saved());
 }
 
 TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
