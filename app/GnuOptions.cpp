@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 
+#include <charconv>
 #include <string_view>
 
 namespace mergeloom {
@@ -65,6 +66,8 @@ std::string optionOf(Task task) {
             return "--places";
         case Task::ConvertFields:
             return "--convert-fields";
+        case Task::Fill:
+            return "--fill";
         default:
             return {};
     }
@@ -97,6 +100,8 @@ bool readTask(OptionReader& reader, GnuOptions& options) {
         choose(options, Task::ListPlaces);
     } else if (reader.takeWithValue("--convert-fields", "a file", options.fieldsFile)) {
         choose(options, Task::ConvertFields);
+    } else if (reader.takeWithValue("--fill", "a template", options.fill.templateFile)) {
+        choose(options, Task::Fill);
     } else {
         return false;
     }
@@ -112,9 +117,59 @@ bool readMappingOption(OptionReader& reader, MappingOptions& mapping) {
            reader.takeWithValue("--at", "'start', 'end' or the name of a place", mapping.at);
 }
 
+[[noreturn]] void refuseRecords(const std::string& option, const std::string& value) {
+    refuse("Option '" + option + "' does not take '" + value + "': records are numbered from 1" +
+           (option == "--records" ? ", such as 1-500." : "."));
+}
+
+std::size_t recordNumber(const std::string& option, const std::string& value, std::string_view number) {
+    std::size_t result = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), result);
+    const bool isNumber = error == std::errc() && end == number.data() + number.size() && result > 0;
+    if (!isNumber) refuseRecords(option, value);
+    return result;
+}
+
+void readRecords(const std::string& value, FillOptions& fill) {
+    const std::string option = "--records";
+    const std::size_t dash = value.find('-');
+    if (dash == std::string::npos) refuseRecords(option, value);
+    fill.firstRecord = recordNumber(option, value, std::string_view(value).substr(0, dash));
+    fill.lastRecord = recordNumber(option, value, std::string_view(value).substr(dash + 1));
+    if (fill.lastRecord < fill.firstRecord) refuseRecords(option, value);
+}
+
+bool readFillOption(OptionReader& reader, FillOptions& fill) {
+    std::string value;
+    if (reader.takeWithValue("--data", "a structure document", fill.dataFile)) {
+        fill.onlyWithFill = "--data";
+    } else if (reader.takeWithValue("--record", "the number of a record", value)) {
+        fill.firstRecord = fill.lastRecord = recordNumber("--record", value, value);
+        fill.onlyWithFill = "--record";
+    } else if (reader.takeWithValue("--records", "the numbers of the first and the last record", value)) {
+        readRecords(value, fill);
+        fill.onlyWithFill = "--records";
+    } else if (reader.takeFlag("--one-document")) {
+        fill.use = letters::LetterUse::OneForAll;
+        fill.onlyWithFill = "--one-document";
+    } else if (reader.takeFlag("--drop-empty-tables")) {
+        fill.emptyTables = letters::EmptyTables::Remove;
+        fill.onlyWithFill = "--drop-empty-tables";
+    } else if (reader.takeFlag("--strict")) {
+        fill.strictness = Strictness::RefusesDifferences;
+        fill.onlyWithFill = "--strict";
+    } else {
+        return false;
+    }
+    return true;
+}
+
 void readOption(OptionReader& reader, GnuOptions& options) {
     std::string value;
-    if (readTask(reader, options) || readMappingOption(reader, options.mapping)) return;
+    if (readTask(reader, options) || readMappingOption(reader, options.mapping) ||
+        readFillOption(reader, options.fill)) {
+        return;
+    }
     if (reader.takeFlag("--exit-status")) {
         options.exitStatus = ExitStatus::ShowsFailure;
     } else if (reader.takeFlag("--json")) {
@@ -136,13 +191,26 @@ bool takesSwitches(Task task) {
 
 void refuseWithoutMapping(const GnuOptions& options) {
     const MappingOptions& mapping = options.mapping;
-    if (!mapping.object.empty() && options.task != Task::Map) {
+    const bool choosesObject = options.task == Task::Map || options.task == Task::Fill;
+    if (!mapping.object.empty() && !choosesObject) {
         refuseTogether("--object", optionOf(options.task));
     }
     const bool maps = options.task == Task::Map || options.task == Task::MapAll;
     if (!mapping.at.empty() && !maps) refuseTogether("--at", optionOf(options.task));
     if (!mapping.format.empty() && options.task != Task::MapAll) {
         refuse("Option '--format' needs '--all FOLDER'.");
+    }
+}
+
+void refuseHalfOfFilling(const GnuOptions& options) {
+    if (options.task != Task::Fill) {
+        if (options.fill.onlyWithFill.empty()) return;
+        refuse("Option '" + options.fill.onlyWithFill + "' needs '--fill TEMPLATE'.");
+    }
+    if (options.fill.dataFile.empty()) refuse("Option '--fill' needs '--data FILE'.");
+    if (options.outputFile.empty()) refuse("Option '--fill' needs '--output FILE'.");
+    if (options.office != OfficeChoice::Embedded) {
+        refuse("Only the embedded office fills templates; leave out '--office'.");
     }
 }
 
@@ -156,9 +224,11 @@ void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::strin
     if (!lists && options.listFormat == ListFormat::Json) {
         refuse("Option '--json' needs '--places FILE' or '--list-objects'.");
     }
-    if (options.task != Task::ConvertFields && !options.outputFile.empty()) {
-        refuse("Option '--output' needs '--convert-fields FILE'.");
+    const bool writesOutput = options.task == Task::ConvertFields || options.task == Task::Fill;
+    if (!writesOutput && !options.outputFile.empty()) {
+        refuse("Option '--output' needs '--convert-fields FILE' or '--fill TEMPLATE'.");
     }
+    refuseHalfOfFilling(options);
     refuseWithoutMapping(options);
 }
 
@@ -173,6 +243,8 @@ GnuOptions readGnuOptions(std::span<const std::string> arguments) {
         if (isAnsweredAtOnce(options.task)) return options;
     }
     refuseWhatHasNoEffect(options, arguments);
+    options.fill.output = options.outputFile;
+    options.fill.object = options.mapping.object;
     return options;
 }
 
@@ -202,6 +274,17 @@ Makes a Word template or an Excel workbook from a structure document.
   --json              list objects or places as JSON
   --convert-fields FILE  make places of a Word document's merge fields and end
   --output FILE       write that document here; without it FILE.bak is kept
+
+  --fill TEMPLATE     fill a Word template with records and end
+  --data FILE         the structure document that holds the records
+  --output FILE       the letter; 'out/{OrderNumber}.docx' writes one for each
+                      record, named by the values of its controls
+  --one-document      write all records into one file, each from a new page on
+  --record N          fill the record with that number, from 1
+  --records A-B       fill the records from A to B
+  --drop-empty-tables  remove tables without records, with their captions
+  --strict            write nothing when places and data do not match
+
   --office=NAME       the office that does the work: embedded or libreoffice
   --exit-status       end with 1 when the mapping failed
   --version, --help   tell the version; show this text

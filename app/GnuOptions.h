@@ -1,8 +1,10 @@
 #pragma once
 
 #include "base/AutomationError.h"
+#include "office/model/letters/LetterTemplate.h"
 
 #include <cstddef>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,7 +26,26 @@ struct MappingOptions {
 
 inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
-enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, ShowHelp, ShowVersion };
+/// Whether letters are written when a place has no data or data have no place.
+enum class Strictness { ToleratesDifferences, RefusesDifferences };
+
+/// The choices of filling a template with records.
+struct FillOptions {
+    static constexpr std::size_t kLastOfAll = std::numeric_limits<std::size_t>::max();
+
+    std::string templateFile{};
+    std::string dataFile{};  ///< the structure document with the records
+    std::string output{};    ///< the file of the letters, with control names in braces for one file each
+    std::string object{};    ///< the name of the object that the records are of; empty for the first one
+    std::size_t firstRecord = 1;
+    std::size_t lastRecord = kLastOfAll;
+    letters::LetterUse use = letters::LetterUse::OneEach;
+    letters::EmptyTables emptyTables = letters::EmptyTables::KeepCaptions;
+    Strictness strictness = Strictness::ToleratesDifferences;
+    std::string onlyWithFill{};  ///< the last option that was given and only serves to fill
+};
+
+enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, Fill, ShowHelp, ShowVersion };
 enum class OfficeChoice { Embedded, LibreOffice };
 /// The formats of a list.
 enum class ListFormat { Text, Json };
@@ -38,6 +59,7 @@ struct GnuOptions {
     ExitStatus exitStatus = ExitStatus::AlwaysZero;
     ListFormat listFormat = ListFormat::Text;
     MappingOptions mapping;
+    FillOptions fill;
     std::string placesFile;         ///< the document whose places are listed
     std::string fieldsFile;         ///< the document whose merge fields are converted
     std::string outputFile;         ///< the file for the converted document; empty: in place

@@ -40,6 +40,14 @@ MappingSource::MappingSource(const std::string& path, ErrorHandler& errors, Mess
         messages.show({document_.parseError().reason, MessageIcon::None, MessageButtons::Ok});
         return;
     }
+    showTree(errors);
+}
+
+MappingSource::MappingSource(const std::string& path, ErrorHandler& errors, const RecordHandler& records) {
+    if (document_.Load(path, records)) showTree(errors);
+}
+
+void MappingSource::showTree(ErrorHandler& errors) {
     CXML2TreeView view{tree_, document_, errors};
     view.DisplayXMLNode(0, document_.documentElement(), false);
     xmlNodes_ = std::move(view.XMLNodes());

@@ -17,6 +17,9 @@ class MappingSource {
     /// Loads the document and builds the tree. When a document does not load, the tree stays empty, and a
     /// message says why.
     MappingSource(const std::string& path, ErrorHandler& errors, Messages& messages);
+    /// Loads the document without its data, whose records are handed over one by one. No message is shown
+    /// when it does not load; the document has the reason. Passes on the errors of the handler.
+    MappingSource(const std::string& path, ErrorHandler& errors, const RecordHandler& records);
 
     /// Returns the object that is mapped: the tree's first node, or none when the tree is empty.
     [[nodiscard]] const TreeNode* firstObject() { return tree_.First(); }
@@ -26,6 +29,8 @@ class MappingSource {
     [[nodiscard]] const StructureDocument& document() const { return document_; }
 
   private:
+    void showTree(ErrorHandler& errors);
+
     StructureDocument document_;
     TreeView tree_;
     XmlNodeCollection xmlNodes_;

@@ -4,6 +4,7 @@
 #include "app/ConsoleOutput.h"
 #include "app/ConvertFieldsCommand.h"
 #include "app/FileFormats.h"
+#include "app/FillCommand.h"
 #include "app/GnuOptions.h"
 #include "app/MappingArguments.h"
 #include "app/MappingSource.h"
@@ -61,6 +62,7 @@ class Run {
     int listObjects(std::span<const std::string> arguments);
     int listPlaces();
     int convertFields();
+    int fill();
 
   private:
     template <typename Body>
@@ -195,6 +197,19 @@ int Run::convertFields() {
     });
 }
 
+int Run::fill() {
+    const StopSignal stop;
+    Progress& progress = progress_ ? *progress_ : noProgress_;
+    const int status = reportingErrors([&] {
+        FillCommand command{options_.fill, {office_.formats(), files_, errors_, messages_, progress}, [] {
+                                return StopSignal::received() != 0;
+                            }};
+        return command.run(console_.output);
+    });
+    const int signal = StopSignal::received();
+    return signal != 0 && status != kSuccess ? kEndedBySignal + signal : status;
+}
+
 /// Returns the exit status of a command that ends with its own error.
 template <typename Body>
 int Run::reportingErrors(const Body& body) {
@@ -223,6 +238,8 @@ int runTask(const GnuOptions& options, std::span<const std::string> arguments, c
             return Run(options, console, startDesigner).listPlaces();
         case Task::ConvertFields:
             return Run(options, console, startDesigner).convertFields();
+        case Task::Fill:
+            return Run(options, console, startDesigner).fill();
         default:
             return Run(options, console, startDesigner).map(arguments);
     }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace mergeloom {
 
@@ -77,6 +78,20 @@ void DiskFileStore::save(const std::string& path, const std::function<void(ByteS
     TemporaryFile file(calls_, target, modeOf(target));
     writer(file);
     file.replaceTarget();
+}
+
+void DiskFileStore::saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) {
+    const std::string target = followLinks(path);
+    TemporaryFile file(calls_, target, modeOf(target));
+    writer(file);
+    file.replaceTargetUnflushed();
+    batch_.emplace(parentFolder(target), target);
+}
+
+void DiskFileStore::finishBatch() {
+    const std::map<std::string, std::string> batch = std::exchange(batch_, {});
+    for (const auto& [folder, file] : batch)
+        synchroniseFileSystem(calls_, folder, file);
 }
 
 void DiskFileStore::copy(const std::string& from, const std::string& to) {

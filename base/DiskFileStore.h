@@ -3,6 +3,7 @@
 #include "base/FileStore.h"
 #include "base/FileSystemCalls.h"
 
+#include <map>
 #include <optional>
 
 namespace mergeloom {
@@ -19,6 +20,8 @@ class DiskFileStore final : public FileStore {
     bool fileExists(const std::string& path) override;
     std::string read(const std::string& path) override;
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
+    void saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
+    void finishBatch() override;
     void copy(const std::string& from, const std::string& to) override;
 
   private:
@@ -27,6 +30,7 @@ class DiskFileStore final : public FileStore {
     std::optional<mode_t> modeOf(const std::string& path);
 
     FileSystemCalls& calls_;
+    std::map<std::string, std::string> batch_;  ///< the folders of the batch, each with one of its files
 };
 
 }  // namespace mergeloom

@@ -32,6 +32,13 @@ class FileStore {
     /// Writes a file whole or not at all: an existing file stays whole until all bytes are safe.
     /// Raises kFileCouldNotBeSaved with a sentence that names the file; errors of the writer pass through.
     virtual void save(const std::string& path, const std::function<void(ByteSink&)>& writer) = 0;
+    /// Writes a file as save does, but leaves it to finishBatch that its bytes are safe from a loss of power.
+    virtual void saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) {
+        save(path, writer);
+    }
+    /// Makes the files that were saved in a batch safe. Raises kFileCouldNotBeSaved with a sentence that
+    /// names one of them.
+    virtual void finishBatch() {}
     /// Makes or replaces a file, whole or not at all, by a copy of another; on a disk the copy has the
     /// permissions of the original. Errors as for read and save.
     virtual void copy(const std::string& from, const std::string& to) {

@@ -29,6 +29,10 @@ class PosixCalls final : public FileSystemCalls {
 
 }  // namespace
 
+int FileSystemCalls::syncfs(int file) {
+    return ::syncfs(file);
+}
+
 FileSystemCalls& systemFileCalls() {
     static PosixCalls calls;
     return calls;

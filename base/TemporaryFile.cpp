@@ -39,6 +39,9 @@ class OpenFolder {
     bool synchronise() {
         return repeatInterrupted([this] { return calls_.fsync(folder_); }) == 0 || errno == EINVAL;
     }
+    bool synchroniseFileSystem() {
+        return repeatInterrupted([this] { return calls_.syncfs(folder_); }) == 0;
+    }
 
   private:
     FileSystemCalls& calls_;
@@ -117,6 +120,13 @@ void TemporaryFile::replaceTarget() {
     if (!folder.synchronise()) raiseNotConfirmed(target_, errno);
 }
 
+void TemporaryFile::replaceTargetUnflushed() {
+    flush();
+    closeFile();
+    if (calls_.rename(path_.c_str(), target_.c_str()) < 0) fail(errno);
+    path_.clear();
+}
+
 void TemporaryFile::closeFile() {
     // Even after a failed close the number is free and may already have been reused.
     const int file = file_;
@@ -126,6 +136,11 @@ void TemporaryFile::closeFile() {
 
 void TemporaryFile::fail(int error) const {
     raiseNotSaved(target_, error);
+}
+
+void synchroniseFileSystem(FileSystemCalls& calls, const std::string& folder, const std::string& file) {
+    OpenFolder opened(calls, folder.empty() ? "." : folder);
+    if (!opened.isOpen() || !opened.synchroniseFileSystem()) raiseNotConfirmed(file, errno);
 }
 
 }  // namespace mergeloom

@@ -23,6 +23,9 @@ class TemporaryFile final : public ByteSink {
     /// Flushes the bytes to the disk and replaces the target. When the disk fails only after that, the error
     /// says that the target is already the new file.
     void replaceTarget();
+    /// Replaces the target without flushing the bytes to the disk; synchroniseFileSystem does that for many
+    /// files at once.
+    void replaceTargetUnflushed();
 
   private:
     void create(mode_t mode);
@@ -40,5 +43,8 @@ class TemporaryFile final : public ByteSink {
     int file_ = -1;
     std::string buffer_;
 };
+
+/// Flushes the file system of a folder to the disk. The error names a file in the folder as not confirmed.
+void synchroniseFileSystem(FileSystemCalls& calls, const std::string& folder, const std::string& file);
 
 }  // namespace mergeloom

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "office/model/letters/PlaceSource.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <ranges>
@@ -19,6 +21,22 @@ inline constexpr std::string_view kFurtherPlaceSuffix = "_ref";
 
 /// Makes a name of the structure document a name in an office document, as `WordNormalizeName` does.
 using NameRule = std::string (*)(std::string_view name, bool appendT);
+
+/// Returns the name of the place of a control before normalisation. The prefix is the name of the subform
+/// around the control; the name is simplified.
+inline std::string placeName(std::string_view prefix, std::string_view simplifiedName,
+                             letters::ValueKind value) {
+    return std::string(prefix) + std::string(simplifiedName) +
+           std::string(value == letters::ValueKind::Bound ? kBoundValueSuffix : "");
+}
+
+/// Returns the usable name of a further place with that counter, or the name's own for 0; empty when nothing
+/// usable is left of it.
+inline std::string usablePlaceName(const std::string& name, std::int64_t counter, NameRule normalize) {
+    std::string usable = normalize(name, false);
+    if (counter == 0) return usable;
+    return normalize(usable + std::string(kFurtherPlaceSuffix) + std::to_string(counter), false);
+}
 
 /// The names that a place may have: its own and, while that is taken, further ones that end in a counter
 /// from 1. The collection holds the bookmarks of a document or the names of a workbook.

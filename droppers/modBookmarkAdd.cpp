@@ -53,6 +53,10 @@ bool findTouching(word::Range& range, TouchingBookmarks& touching) {
     return true;
 }
 
+letters::ValueKind valueOf(const PlaceContent& content) {
+    return content.vfBoundValueUse ? letters::ValueKind::Bound : letters::ValueKind::Display;
+}
+
 Guards guardsAgainst(const TouchingBookmarks& touching) {
     return {touching.before ? ZeroWidthJoiner() : "", touching.atStart ? ZeroWidthJoiner() : ""};
 }
@@ -127,8 +131,7 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
     std::string comment = "Bookmark Name = ''";
     const auto add = [&] {
         const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
-        rstrName.insert(0, content.vstrPrefix);
-        if (content.vfBoundValueUse) rstrName += kBoundValueSuffix;
+        rstrName = placeName(content.vstrPrefix, rstrName, valueOf(content));
         const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
         const std::string candidate = freeName(*bookmarks, rstrName);
         comment = "Bookmark Name = '" + candidate + "'";

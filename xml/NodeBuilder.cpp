@@ -56,11 +56,14 @@ NodeBuilder::~NodeBuilder() {
     vocabulary_.parent().remove_child(vocabulary_);
 }
 
+void NodeBuilder::checkNesting(int elementsAround) {
+    if (elementsAround < kMaxNesting) return;
+    throw DocumentRefused("Elements are nested more than " + std::to_string(kMaxNesting) + " levels deep");
+}
+
 void NodeBuilder::startElement(const char* prefix, const char* localName) {
-    if (++depth_ > kMaxNesting) {
-        throw DocumentRefused("Elements are nested more than " + std::to_string(kMaxNesting) +
-                              " levels deep");
-    }
+    checkNesting(depth_);
+    ++depth_;
     finishText();
     current_ = appendElement(QualifiedName(prefix, localName).text());
     size_ += kSmallestNode;

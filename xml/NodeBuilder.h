@@ -26,6 +26,9 @@ class NodeBuilder {
     NodeBuilder& operator=(const NodeBuilder&) = delete;
     ~NodeBuilder();
 
+    /// Raises DocumentRefused for an element inside of that many others when it is nested too deeply.
+    static void checkNesting(int elementsAround);
+
     /// Raises DocumentRefused for an element that is nested too deeply.
     void startElement(const char* prefix, const char* localName);
     /// Adds an attribute to the element that was started last.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <exception>
 #include <pugixml.hpp>
 
 namespace mergeloom {
@@ -51,11 +52,36 @@ StructureDocument::StructureDocument() : document_(std::make_unique<pugi::xml_do
 StructureDocument::~StructureDocument() = default;
 
 bool StructureDocument::Load(const std::string& path) {
+    return load(path, nullptr);
+}
+
+bool StructureDocument::Load(const std::string& path, const RecordHandler& records) {
+    // Errors of the handler are no errors of the document.
+    std::exception_ptr unexpected;
+    const RecordHandler keepingErrors = [&](Record& record) {
+        try {
+            records(record);
+        } catch (...) {
+            unexpected = std::current_exception();
+            throw;
+        }
+    };
+    bool loaded = false;
+    try {
+        loaded = load(path, &keepingErrors);
+    } catch (...) {
+        if (!unexpected) throw;
+    }
+    if (unexpected) std::rethrow_exception(unexpected);
+    return loaded;
+}
+
+bool StructureDocument::load(const std::string& path, const RecordHandler* records) {
     folder_ = parentFolder(fullPath(path));
     try {
         FileBytes file(path);
         return read([&](char* buffer, std::size_t size) { return file.read(buffer, size); },
-                    "The structure document '" + path + "'");
+                    "The structure document '" + path + "'", records);
     } catch (const AutomationError& error) {
         document_->reset();
         parseError_ = {error.description(), 0};
@@ -73,9 +99,10 @@ bool StructureDocument::loadXML(std::string_view text) {
     return read(takeBytes, "The structure document");
 }
 
-bool StructureDocument::read(const ByteReader& bytes, const std::string& name) {
+bool StructureDocument::read(const ByteReader& bytes, const std::string& name, const RecordHandler* records) {
     document_->reset();
-    parseError_ = readStructure(bytes, *document_);
+    parseError_ =
+        records != nullptr ? readStructure(bytes, *document_, *records) : readStructure(bytes, *document_);
     if (parseError_.reason.empty()) return true;
     document_->reset();
     parseError_.reason = name + " could not be read, line " + std::to_string(parseError_.line) + ": " +

@@ -1,6 +1,7 @@
 #include "xml/StructureReader.h"
 
 #include "xml/NodeBuilder.h"
+#include "xml/modNamedItems.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace mergeloom {
@@ -61,11 +63,68 @@ class ErrorRoute {
     xmlStructuredErrorFunc formerFunction_;
 };
 
+/// Passes a parser's events on to the builder of the tree, and those inside of Data elements to the builder
+/// of records if there is one.
+class DataRoute {
+  public:
+    DataRoute(NodeBuilder& tree, const RecordHandler* records) : tree_(tree) {
+        if (records != nullptr) records_.emplace(*records);
+    }
+
+    void startElement(const char* prefix, const char* localName) {
+        if (dataDepth_ == 0) {
+            tree_.startElement(prefix, localName);
+            ++depth_;
+            if (records_ && structureElementOf(localName) == StructureElement::Data) dataDepth_ = 1;
+            return;
+        }
+        NodeBuilder::checkNesting(depth_ + dataDepth_);
+        ++dataDepth_;
+        if (!isLaterData_) records_->startElement(localName);
+    }
+    void addAttribute(const char* prefix, const char* localName, std::string_view value) {
+        if (dataDepth_ <= 1) return tree_.addAttribute(prefix, localName, value);
+        if (!isLaterData_) records_->addAttribute(localName, value);
+    }
+    void endElement() {
+        if (dataDepth_ > 1) {
+            --dataDepth_;
+            if (!isLaterData_) records_->endElement();
+            return;
+        }
+        // Only the first Data element counts.
+        if (dataDepth_ == 1) isLaterData_ = true;
+        dataDepth_ = 0;
+        --depth_;
+        tree_.endElement();
+    }
+    void addText(std::string_view text) {
+        if (dataDepth_ == 0) return tree_.addText(text);
+        if (!isLaterData_) records_->addText(text);
+    }
+    void addCData(std::string_view text) { dataDepth_ == 0 ? tree_.addCData(text) : addText(text); }
+    void addComment(const char* text) {
+        if (dataDepth_ == 0) tree_.addComment(text);
+    }
+    void addProcessingInstruction(const char* target, const char* data) {
+        if (dataDepth_ == 0) tree_.addProcessingInstruction(target, data);
+    }
+    [[nodiscard]] std::size_t size() const { return tree_.size() + (records_ ? records_->size() : 0); }
+
+  private:
+    NodeBuilder& tree_;
+    std::optional<RecordBuilder> records_;
+    int depth_ = 0;      // of elements in the tree
+    int dataDepth_ = 0;  // from a Data element on, which counts; 0 outside
+    bool isLaterData_ = false;
+};
+
 /// Reads one document: receives the parser's events and passes them to the builder.
 class StructureReader {
   public:
-    StructureReader(const ByteReader& bytes, pugi::xml_document& document)
-        : bytes_(bytes), builder_(document), context_(xmlNewParserCtxt()) {
+    /// Without a handler of records the data become a part of the tree.
+    StructureReader(const ByteReader& bytes, pugi::xml_document& document, const RecordHandler* records)
+        : bytes_(bytes), builder_(document), data_(builder_, records), context_(xmlNewParserCtxt()) {
         if (!context_) throw std::bad_alloc();
         context_->_private = this;
         setHandlers(*context_->sax);
@@ -122,7 +181,7 @@ class StructureReader {
     }
 
     void checkExpansion() const {
-        const std::size_t expanded = std::max(builder_.size(), referenced_);
+        const std::size_t expanded = std::max(data_.size(), referenced_);
         if (expanded <= kAlwaysAllowedSize || expanded / kMaxExpansion <= size_) return;
         throw DocumentRefused("Entities expand to more than " + std::to_string(kMaxExpansion) +
                               " times the document's size");
@@ -147,11 +206,11 @@ class StructureReader {
     static void startElement(void* context, const xmlChar* localName, const xmlChar* prefix, const xmlChar*,
                              int, const xmlChar**, int attributeCount, int, const xmlChar** attributes) {
         handle(context, [&](StructureReader& reader) {
-            reader.builder_.startElement(chars(prefix), chars(localName));
+            reader.data_.startElement(chars(prefix), chars(localName));
             for (int i = 0; i < attributeCount; ++i, attributes += kAttributeFields) {
                 const auto length = static_cast<int>(attributes[4] - attributes[3]);
-                reader.builder_.addAttribute(chars(attributes[1]), chars(attributes[0]),
-                                             textOf(attributes[3], length));
+                reader.data_.addAttribute(chars(attributes[1]), chars(attributes[0]),
+                                          textOf(attributes[3], length));
             }
         });
     }
@@ -172,6 +231,7 @@ class StructureReader {
 
     const ByteReader& bytes_;
     NodeBuilder builder_;
+    DataRoute data_;
     std::unique_ptr<xmlParserCtxt, ContextDeleter> context_;
     std::size_t size_ = 0;        // the bytes read so far
     std::size_t referenced_ = 0;  // the lengths of the entities that were used
@@ -182,21 +242,21 @@ class StructureReader {
 void StructureReader::setHandlers(xmlSAXHandler& handlers) {
     handlers.startElementNs = startElement;
     handlers.endElementNs = [](void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
-        handle(context, [](StructureReader& reader) { reader.builder_.endElement(); });
+        handle(context, [](StructureReader& reader) { reader.data_.endElement(); });
     };
     handlers.characters = [](void* context, const xmlChar* text, int length) {
-        handle(context, [&](StructureReader& reader) { reader.builder_.addText(textOf(text, length)); });
+        handle(context, [&](StructureReader& reader) { reader.data_.addText(textOf(text, length)); });
     };
     handlers.ignorableWhitespace = handlers.characters;
     handlers.cdataBlock = [](void* context, const xmlChar* text, int length) {
-        handle(context, [&](StructureReader& reader) { reader.builder_.addCData(textOf(text, length)); });
+        handle(context, [&](StructureReader& reader) { reader.data_.addCData(textOf(text, length)); });
     };
     handlers.comment = [](void* context, const xmlChar* text) {
-        handle(context, [&](StructureReader& reader) { reader.builder_.addComment(chars(text)); });
+        handle(context, [&](StructureReader& reader) { reader.data_.addComment(chars(text)); });
     };
     handlers.processingInstruction = [](void* context, const xmlChar* target, const xmlChar* data) {
         handle(context, [&](StructureReader& reader) {
-            reader.builder_.addProcessingInstruction(chars(target), chars(data));
+            reader.data_.addProcessingInstruction(chars(target), chars(data));
         });
     };
     handlers.getEntity = [](void* context, const xmlChar* name) {
@@ -212,7 +272,12 @@ void StructureReader::setHandlers(xmlSAXHandler& handlers) {
 }  // namespace
 
 ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document) {
-    return StructureReader(bytes, document).read();
+    return StructureReader(bytes, document, nullptr).read();
+}
+
+ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document,
+                         const RecordHandler& records) {
+    return StructureReader(bytes, document, &records).read();
 }
 
 }  // namespace mergeloom

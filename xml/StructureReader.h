@@ -1,5 +1,7 @@
 #pragma once
 
+#include "xml/RecordBuilder.h"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -24,5 +26,9 @@ using ByteReader = std::function<std::size_t(char* buffer, std::size_t size)>;
 /// read; entities of the document itself are replaced as long as they stay small. Passes on the errors of the
 /// byte reader.
 ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document);
+
+/// Reads a document in the same way, but hands over the records of its first Data element one by one. No Data
+/// element has content in the tree. Passes on the errors of the handler, too.
+ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document, const RecordHandler& records);
 
 }  // namespace mergeloom

@@ -4,6 +4,7 @@
 #include "base/FileStore.h"
 #include "base/Paths.h"
 #include "office/embedded/excel/EmbeddedExcel.h"
+#include "office/embedded/letters/EmbeddedLetters.h"
 #include "office/embedded/word/EmbeddedOffice.h"
 #include "office/libreoffice/entry/OfficeModule.h"
 #include "office/model/FileConverter.h"
@@ -103,6 +104,10 @@ word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files) {
 excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files) {
     if (kind == OfficeKind::Embedded) return embedded::makeExcelApplication(files);
     return libreOfficeModule().makeExcelApplication(files);
+}
+
+std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path) {
+    return embedded::openLetterTemplate(files, path);
 }
 
 std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {

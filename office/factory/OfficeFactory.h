@@ -4,6 +4,7 @@
 #include "office/model/DocumentHost.h"
 #include "office/model/FileConverter.h"
 #include "office/model/excel/Application.h"
+#include "office/model/letters/LetterTemplate.h"
 #include "office/model/word/Application.h"
 
 #include <memory>
@@ -18,6 +19,10 @@ enum class OfficeKind { Embedded, LibreOffice };
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files);
 /// Starts an office that implements Excel's object model. Errors as for Word.
 excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
+
+/// Opens a Word document whose places are to be filled by the embedded office. The file store has to outlive
+/// it. Raises kFileCouldNotBeRead for a file that is no Word document or cannot be edited safely.
+std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path);
 
 /// Returns a converter that uses an installed LibreOffice, for formats that the embedded office does not
 /// write. It loads nothing before its first use; without a LibreOffice it writes no format. The file store

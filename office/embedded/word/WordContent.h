@@ -70,6 +70,10 @@ class WordContent {
     void beginEdit(const Story& story, CharacterPosition start, CharacterPosition end);
     void beginMarking(const Story& story, CharacterPosition start, CharacterPosition end);
 
+    /// Return the highest ids in use: of bookmarks, tracked changes and comments, and of drawn objects.
+    [[nodiscard]] std::int64_t highestId() const { return highestId_; }
+    [[nodiscard]] std::int64_t highestDrawingId() const { return highestDrawingId_; }
+
     /// Writes the parts that were edited to the package.
     void storeParts();
 

@@ -1,0 +1,258 @@
+#include "app/FillCommand.h"
+
+#include "app/DatabaseObjects.h"
+#include "app/FileFormats.h"
+#include "app/ListFormatting.h"
+#include "app/MergeloomErrorCodes.h"
+#include "app/modMain.h"
+#include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "droppers/PlaceDirectory.h"
+#include "office/factory/OfficeFactory.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+using letters::ControlPath;
+
+/// Ends the second reading early.
+struct EnoughRead {};
+
+[[noreturn]] void refuseFill(const std::string& why) {
+    throw AutomationError(kNotAvailable, why);
+}
+
+std::string nameOf(const ControlPath& path) {
+    std::string name;
+    for (const std::string& part : path)
+        name += (name.empty() ? "" : ".") + part;
+    return name;
+}
+
+std::string counted(std::size_t number, const std::string& thing) {
+    return std::to_string(number) + " " + thing + (number == 1 ? "" : "s");
+}
+
+}  // namespace
+
+bool FillCommand::run(std::ostream& report) {
+    checkOptions();
+    survey();
+    compile();
+    checkNames();
+    checkTargets();
+    const std::vector<std::string> texts = differences();
+    noteDifferences(texts);
+    if (options_.strictness == Strictness::RefusesDifferences && !texts.empty()) return false;
+    write();
+    for (const std::string& remark : letters_->remarks())
+        ports_.messages.show({remark, MessageIcon::Exclamation, MessageButtons::Ok});
+    report << counted(written_, "record") << " filled into " << counted(files_, "file") << ".\n";
+    return !stopped_;
+}
+
+void FillCommand::checkOptions() const {
+    const std::string& output = options_.output;
+    if (!hasWordExtension(output)) {
+        refuseFill("The file '" + output +
+               "' cannot be written: its format is not available. Choose docx or docm.");
+    }
+    const std::string refusal = ports_.formats.refusalToWrite(ports_.formats.documentFormatOf(output));
+    if (!refusal.empty()) refuseFill("The file '" + output + "' cannot be written: " + refusal);
+    if (isForeignWordFile(options_.templateFile) || isWorkbookFile(options_.templateFile)) {
+        refuseFill("The template '" + options_.templateFile +
+               "' cannot be filled: save it as docx, docm, dotx or dotm first.");
+    }
+}
+
+void FillCommand::survey() {
+    source_ = std::make_unique<MappingSource>(options_.dataFile, ports_.errors,
+                                              [this](Record& record) { surveyRecord(record); });
+    const std::string& parseError = source_->document().parseError().reason;
+    if (!parseError.empty()) refuseFill(parseError);
+    if (!source_->firstObject()) refuseFill(GetMappingErrorText(kXmlFileIncorrect));
+    try {
+        const std::vector<DatabaseObject> objects = objectsOf(*source_);
+        object_ =
+            options_.object.empty() ? source_->firstObject() : objectNamed(objects, options_.object).node;
+    } catch (const MappingRefusal& refusal) {
+        refuseFill(refusal.what());
+    }
+    if (records_ == 0) refuseFill("The structure document '" + options_.dataFile + "' holds no records.");
+    if (options_.lastRecord > records_ && options_.lastRecord != FillOptions::kLastOfAll) {
+        refuseFill("There is no record " + std::to_string(options_.lastRecord) +
+               ": the structure document holds " + counted(records_, "record") + ".");
+    }
+    if (options_.firstRecord > records_) {
+        refuseFill("There is no record " + std::to_string(options_.firstRecord) +
+               ": the structure document holds " + counted(records_, "record") + ".");
+    }
+}
+
+void FillCommand::surveyRecord(const Record& record) {
+    ++records_;
+    noteControls(record, {});
+    // All names count, so that runs that share the records refuse the same.
+    if (names_.dependOnRecord()) taken_.take(names_.pathFor(record, records_), records_);
+}
+
+void FillCommand::noteControls(const Record& record, const ControlPath& path) {
+    ControlPath below = path;
+    below.emplace_back();
+    for (const RecordControl& control : record.controls) {
+        below.back() = control.name;
+        if (!seen_.contains(below)) seen_.insert(below);
+        for (const Record& row : control.records)
+            noteControls(row, below);
+    }
+}
+
+void FillCommand::compile() {
+    template_ = openLetterTemplate(ports_.files, options_.templateFile);
+    const std::vector<std::string> bookmarks = template_->bookmarkNames();
+    const auto findPicture = [this](const std::string& image) {
+        return source_->document().findPicture(image);
+    };
+    places_ = placeSources(source_->xmlNodes(), *object_, bookmarks, findPicture);
+    for (const std::string& field : template_->fieldNames()) {
+        const std::string folded = foldCase(field);
+        if (!places_.places.contains(folded) && !places_.tables.contains(folded))
+            unknownFields_.push_back(field);
+    }
+    const bool isOne = options_.use == letters::LetterUse::OneForAll;
+    if (isOne && names_.dependOnRecord()) {
+        refuseFill("Option '--one-document' needs a file name without braces.");
+    }
+    letters_ = template_->compile(
+        places_, {options_.emptyTables, options_.use, ports_.formats.documentFormatOf(options_.output)});
+    if (letters_->filledPlaces().empty()) {
+        refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
+               object_->Text() + " fills.");
+    }
+}
+
+void FillCommand::checkNames() const {
+    const std::vector<ControlPath> paths = valuePaths(source_->xmlNodes(), *object_);
+    for (const std::string& control : names_.controls()) {
+        if (std::ranges::find(paths, ControlPath{control}) != paths.end()) continue;
+        refuseFill("The file name '" + options_.output + "' names the control {" + control + "}, which " +
+               object_->Text() + " does not have.");
+    }
+    const bool isSingle = names_.dependOnRecord() || options_.use == letters::LetterUse::OneForAll ||
+                          letters_->listsRecords() || selectedCount() == 1;
+    if (isSingle) return;
+    refuseFill("There are " + std::to_string(selectedCount()) + " records for the one file '" + options_.output +
+           "'. Name a control in it, such as letter-{" + paths.front().back() +
+           "}.docx, or choose --one-document or --record N.");
+}
+
+void FillCommand::checkTargets() const {
+    if (names_.dependOnRecord()) return;
+    const std::string target = fullPath(options_.output);
+    if (ports_.files.fileExists(target) && IsFileLocked(target)) {
+        throw AutomationError(kFileCouldNotBeSaved,
+                              "The file '" + target + "' cannot be saved: it is open elsewhere.");
+    }
+}
+
+std::vector<std::string> FillCommand::differences() const {
+    std::vector<std::string> texts = letters_->refusals();
+    std::vector<std::string> unfilled;
+    std::set<ControlPath> placed;
+    for (const letters::PlaceSource& place : letters_->filledPlaces()) {
+        const bool isKnown = seen_.contains(place.path) || !place.image.empty();
+        if (placed.insert(place.path).second && !isKnown) unfilled.push_back(nameOf(place.path));
+    }
+    std::vector<std::string> unplaced;
+    for (const ControlPath& path : seen_) {
+        const bool hasRows = std::ranges::any_of(seen_, [&](const ControlPath& other) {
+            return other.size() > path.size() && std::equal(path.begin(), path.end(), other.begin());
+        });
+        if (!hasRows && !placed.contains(path)) unplaced.push_back(nameOf(path));
+    }
+    const auto add = [&texts](const std::string& start, const std::vector<std::string>& names) {
+        if (!names.empty()) texts.push_back(start + joinedNames(names) + ".");
+    };
+    add("Places without data: ", unfilled);
+    add("Places that no control of " + object_->Text() + " makes: ", unknownFields_);
+    add("Data without a place: ", unplaced);
+    add("Names that several controls make: ", places_.ambiguous);
+    return texts;
+}
+
+void FillCommand::noteDifferences(const std::vector<std::string>& texts) {
+    for (const std::string& text : texts)
+        ports_.messages.show({text, MessageIcon::Exclamation, MessageButtons::Ok});
+    if (options_.strictness == Strictness::RefusesDifferences && !texts.empty()) {
+        ports_.messages.show({"Nothing was written.", MessageIcon::Exclamation, MessageButtons::Ok});
+    }
+}
+
+void FillCommand::write() {
+    try {
+        StructureDocument document;
+        const bool loaded = document.Load(options_.dataFile, [this](Record& record) { writeRecord(record); });
+        if (!loaded) refuseFill(document.parseError().reason);
+    } catch (const EnoughRead&) {
+        // The records that follow are not selected.
+    } catch (const AutomationError& error) {
+        ports_.files.finishBatch();
+        if (files_ == 0) throw;
+        throw AutomationError(error.number(), error.description() + " Before that, " +
+                                                  counted(files_, "file") + (files_ == 1 ? " was" : " were") +
+                                                  " written.");
+    }
+    finish();
+}
+
+void FillCommand::writeRecord(Record& record) {
+    const std::size_t number = ++read_;
+    if (number > options_.lastRecord) throw EnoughRead{};
+    if (!isSelected(number)) return;
+    if (shouldStop_()) {
+        stopped_ = true;
+        throw EnoughRead{};
+    }
+    if (letters_->listsRecords() && !names_.dependOnRecord()) {
+        listed_.push_back(std::move(record));
+    } else if (options_.use == letters::LetterUse::OneForAll) {
+        letters_->append(record);
+    } else {
+        writeLetter(names_.pathFor(record, number), {&record, 1});
+    }
+    ports_.progress.advance(static_cast<std::int64_t>(++written_),
+                            static_cast<std::int64_t>(selectedCount()));
+}
+
+void FillCommand::writeLetter(const std::string& path, std::span<const Record> records) {
+    ports_.files.saveInBatch(fullPath(path), [&](ByteSink& sink) { letters_->write(records, sink); });
+    ++files_;
+}
+
+void FillCommand::finish() {
+    const bool isOne = options_.use == letters::LetterUse::OneForAll || !listed_.empty();
+    if (isOne && stopped_) return;
+    const std::string target = fullPath(options_.output);
+    if (!listed_.empty()) {
+        writeLetter(target, listed_);
+    } else if (options_.use == letters::LetterUse::OneForAll) {
+        ports_.files.saveInBatch(target, [&](ByteSink& sink) { letters_->finish(sink); });
+        ++files_;
+    }
+    ports_.files.finishBatch();
+}
+
+bool FillCommand::isSelected(std::size_t number) const {
+    return number >= options_.firstRecord && number <= options_.lastRecord;
+}
+
+std::size_t FillCommand::selectedCount() const {
+    return std::min(options_.lastRecord, records_) - options_.firstRecord + 1;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/ConsoleOutput.h"
+#include "app/GnuOptions.h"
+#include "app/LetterNames.h"
+#include "app/MappingSource.h"
+#include "app/OfficeFormats.h"
+#include "base/ErrorHandler.h"
+#include "base/FileStore.h"
+#include "base/Messages.h"
+#include "base/Progress.h"
+#include "office/model/letters/LetterTemplate.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+
+/// What the command needs of the program.
+struct FillPorts {
+    const OfficeFormats& formats;
+    FileStore& files;
+    ErrorHandler& errors;
+    Messages& messages;
+    Progress& progress;
+};
+
+/// Fills a template with the records of a structure document.
+///
+/// The data are read twice: the first time everything that could be refused is checked, so that nothing is
+/// written then; the second time each record is written as it is read.
+class FillCommand {
+  public:
+    /// The arguments have to outlive it. Work ends after the current letter when shouldStop says so.
+    FillCommand(const FillOptions& options, const FillPorts& ports, std::function<bool()> shouldStop)
+        : options_(options), ports_(ports), shouldStop_(std::move(shouldStop)), names_(options.output) {}
+
+    /// Returns false when the work was stopped, or when strictness forbids it. Raises an AutomationError with
+    /// a sentence for the user for anything that cannot be read, filled or written.
+    bool run(std::ostream& report);
+
+  private:
+    void checkOptions() const;
+    void survey();
+    void surveyRecord(const Record& record);
+    void noteControls(const Record& record, const letters::ControlPath& path);
+    void compile();
+    void checkNames() const;
+    void checkTargets() const;
+    /// Returns what the user has to know before anything is written.
+    [[nodiscard]] std::vector<std::string> differences() const;
+    void noteDifferences(const std::vector<std::string>& texts);
+    void write();
+    void writeRecord(Record& record);
+    void writeLetter(const std::string& path, std::span<const Record> records);
+    void finish();
+    [[nodiscard]] bool isSelected(std::size_t number) const;
+    [[nodiscard]] std::size_t selectedCount() const;
+
+    const FillOptions& options_;
+    FillPorts ports_;
+    std::function<bool()> shouldStop_;
+    LetterNames names_;
+
+    std::unique_ptr<MappingSource> source_;
+    const TreeNode* object_ = nullptr;
+    std::size_t records_ = 0;
+    std::set<letters::ControlPath> seen_;
+    TakenNames taken_;
+
+    std::unique_ptr<letters::LetterTemplate> template_;
+    letters::PlaceSources places_;
+    std::vector<std::string> unknownFields_;
+    std::unique_ptr<letters::Letters> letters_;
+    std::vector<Record> listed_;  ///< when a table lists all records
+    std::size_t read_ = 0;
+    std::size_t written_ = 0;
+    std::size_t files_ = 0;
+    bool stopped_ = false;
+};
+
+}  // namespace mergeloom

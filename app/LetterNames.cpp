@@ -1,0 +1,72 @@
+#include "app/LetterNames.h"
+
+#include "app/GnuOptions.h"
+#include "app/TemplateNames.h"
+#include "base/AutomationError.h"
+#include "base/Paths.h"
+#include "base/Text.h"
+
+namespace mergeloom {
+
+namespace {
+
+[[noreturn]] void refuseName(const std::string& why) {
+    throw AutomationError(kNotAvailable, why);
+}
+
+std::string recordText(std::size_t number) {
+    return "record " + std::to_string(number);
+}
+
+/// Refuses a value that would make another path than the pattern shows.
+void checkValue(const std::string& control, const std::string& value, std::size_t number) {
+    if (value.empty()) {
+        refuseName("No file can be named: {" + control + "} is empty in " + recordText(number) + ".");
+    }
+    // A letter on either side, since only the whole name must not begin or end as such names may not.
+    const std::string between = "x" + value + "x";
+    if (value.find('/') == std::string::npos && validFileName(between) == between) return;
+    refuseName("The value \"" + value + "\" of {" + control + "} in " + recordText(number) +
+           " cannot be a part of a file name.");
+}
+
+}  // namespace
+
+LetterNames::LetterNames(const std::string& pattern) {
+    std::string_view rest = pattern;
+    for (;;) {
+        const std::size_t open = rest.find('{');
+        const std::size_t close = rest.find('}');
+        pieces_.emplace_back(rest.substr(0, open));
+        if (open == std::string_view::npos && close == std::string_view::npos) return;
+        if (close == std::string_view::npos || open > close) {
+            throw AutomationError(kOptionNotUnderstood,
+                                  "The file name '" + pattern + "' has a brace without its counterpart.");
+        }
+        controls_.emplace_back(rest.substr(open + 1, close - open - 1));
+        rest.remove_prefix(close + 1);
+    }
+}
+
+std::string LetterNames::pathFor(const Record& record, std::size_t number) const {
+    std::string path = pieces_.front();
+    for (std::size_t i = 0; i < controls_.size(); ++i) {
+        const RecordControl* const control = record.find(controls_[i]);
+        const std::string value = control == nullptr ? std::string() : control->shownText();
+        checkValue(controls_[i], value, number);
+        path += value + pieces_[i + 1];
+    }
+    const std::string name = fileNameOnly(path);
+    if (validFileName(name) == name) return path;
+    refuseName("The file name \"" + name + "\" of " + recordText(number) +
+           " is none that every system can hold.");
+}
+
+void TakenNames::take(const std::string& path, std::size_t number) {
+    const auto [found, isNew] = numbers_.emplace(foldCase(path), number);
+    if (isNew) return;
+    refuseName("The file '" + path + "' would be written for two records, " + std::to_string(found->second) +
+           " and " + std::to_string(number) + ".");
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,172 @@
+#include "droppers/PlaceDirectory.h"
+
+#include "base/Text.h"
+#include "droppers/PlaceNames.h"
+#include "droppers/StructureNodes.h"
+#include "droppers/TableBookmark.h"
+#include "droppers/modWordNormalizeName.h"
+#include "xml/modMSXMLHelper.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <set>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace mergeloom {
+
+namespace {
+
+using letters::ControlPath;
+using letters::PlaceSource;
+using letters::PlaceSources;
+using letters::ValueKind;
+
+constexpr std::size_t kMaxDigits = 9;
+
+/// Adds the counter at the end of a name. Only the numbers are taken from the document: which names they make
+/// is computed from the controls.
+void collectCounter(std::string_view name, std::set<std::int64_t>& counters) {
+    const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
+    if (suffix == std::string_view::npos) return;
+    const std::string_view digits = name.substr(suffix + kFurtherPlaceSuffix.size());
+    if (digits.empty() || digits.size() > kMaxDigits) return;
+    std::int64_t counter = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), counter);
+    if (error == std::errc() && end == digits.data() + digits.size()) counters.insert(counter);
+}
+
+std::string nameOf(const XmlNode& element) {
+    return GetAttributeValue(element, Attribute::Name);
+}
+
+ControlPath below(const ControlPath& path, const std::string& name) {
+    ControlPath longer = path;
+    longer.push_back(name);
+    return longer;
+}
+
+/// Calls the visitor with each control of an object that is no subform, and the subform visitor with each
+/// subform before its controls.
+class ControlWalk {
+  public:
+    using Visitor =
+        std::function<void(const TreeNode& control, const std::string& prefix, const ControlPath&)>;
+
+    ControlWalk(const XmlNodeCollection& xmlNodes, Visitor onControl, Visitor onSubform)
+        : xmlNodes_(xmlNodes), onControl_(std::move(onControl)), onSubform_(std::move(onSubform)) {}
+
+    void walk(const TreeNode& parent, const std::string& parentName, const ControlPath& path) const {
+        const std::string prefix = placePrefix(xmlNodes_, parent, parentName);
+        for (const TreeNode* control : allControls(parent)) {
+            const XmlNode element = elementOf(xmlNodes_, control);
+            // A control without a form below it has the kinds of a drop there.
+            if (!element) continue;
+            const std::string name = nameOf(element);
+            if (!isSubform(element)) {
+                onControl_(*control, prefix, below(path, name));
+                continue;
+            }
+            onSubform_(*control, prefix, below(path, name));
+            walk(*control, name, below(path, name));
+        }
+    }
+
+  private:
+    const XmlNodeCollection& xmlNodes_;
+    Visitor onControl_;
+    Visitor onSubform_;
+};
+
+/// Collects the sources of a document's bookmarks.
+class PlaceCollector {
+  public:
+    explicit PlaceCollector(std::span<const std::string> bookmarkNames) {
+        for (const std::string& name : bookmarkNames) {
+            taken_.insert(foldCase(name));
+            collectCounter(name, counters_);
+        }
+    }
+
+    void addPlace(const std::string& name, const PlaceSource& source) { named_.emplace_back(name, source); }
+    void addTable(const std::string& name, const ControlPath& path) { tables_.emplace_back(name, path); }
+
+    PlaceSources collect() {
+        listPlaces(0);
+        listTables(0);
+        // A control's own name goes before the further name of another control.
+        for (const std::int64_t counter : counters_) {
+            if (counter == 0) continue;
+            listPlaces(counter);
+            listTables(counter);
+        }
+        return std::move(sources_);
+    }
+
+  private:
+    void listPlaces(std::int64_t counter) {
+        for (const auto& [name, source] : named_) {
+            const std::string usable = bookmarkName(name, counter);
+            if (usable.empty()) continue;
+            const auto [found, isNew] = sources_.places.emplace(usable, source);
+            const bool isAnother = !isNew && found->second != source;
+            if (isAnother && counter == 0) sources_.ambiguous.push_back(name);
+        }
+    }
+    void listTables(std::int64_t counter) {
+        for (const auto& [name, path] : tables_) {
+            const std::string usable = bookmarkName(name, counter);
+            if (!usable.empty()) sources_.tables.emplace(usable, path);
+        }
+    }
+    /// Returns the folded name of the document's bookmark with that counter, or an empty text.
+    [[nodiscard]] std::string bookmarkName(const std::string& name, std::int64_t counter) const {
+        const std::string usable = foldCase(usablePlaceName(name, counter, WordNormalizeName));
+        return taken_.contains(usable) ? usable : std::string();
+    }
+
+    std::unordered_set<std::string> taken_;
+    std::set<std::int64_t> counters_;
+    std::vector<std::pair<std::string, PlaceSource>> named_;
+    std::vector<std::pair<std::string, ControlPath>> tables_;
+    PlaceSources sources_;
+};
+
+}  // namespace
+
+PlaceSources placeSources(const XmlNodeCollection& xmlNodes, const TreeNode& object,
+                          std::span<const std::string> bookmarkNames,
+                          const std::function<std::string(const std::string& image)>& findPicture) {
+    PlaceCollector collector{bookmarkNames};
+    const auto addControl = [&](const TreeNode& control, const std::string& prefix, const ControlPath& path) {
+        const XmlNode element = elementOf(xmlNodes, &control);
+        const std::string image = GetAttributeValue(element, Attribute::Image);
+        const std::string picture = image.empty() ? "" : findPicture(image);
+        const std::string name = SimplifyName(nameOf(element));
+        if (name.empty()) return;
+        for (const ValueKind kind : {ValueKind::Display, ValueKind::Bound}) {
+            collector.addPlace(placeName(prefix, name, kind), {path, kind, picture});
+        }
+    };
+    const auto addSubform = [&](const TreeNode& subform, const std::string&, const ControlPath& path) {
+        collector.addTable(tableBookmarkName(subform, path.back()), path);
+    };
+    const std::string objectName = nameOf(elementOf(xmlNodes, &object));
+    collector.addTable(tableBookmarkName(object, objectName), {});
+    ControlWalk(xmlNodes, addControl, addSubform).walk(object, objectName, {});
+    return collector.collect();
+}
+
+std::vector<ControlPath> valuePaths(const XmlNodeCollection& xmlNodes, const TreeNode& object) {
+    std::vector<ControlPath> paths;
+    const auto add = [&](const TreeNode&, const std::string&, const ControlPath& path) {
+        paths.push_back(path);
+    };
+    const auto ignore = [](const TreeNode&, const std::string&, const ControlPath&) {};
+    ControlWalk(xmlNodes, add, ignore).walk(object, nameOf(elementOf(xmlNodes, &object)), {});
+    return paths;
+}
+
+}  // namespace mergeloom

@@ -1,0 +1,134 @@
+#include "office/embedded/letters/FilledLetter.h"
+
+#include "office/embedded/text/TableEditor.h"
+#include "office/opc/WordNames.h"
+#include "office/opc/XmlPart.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+using opc::WordTag;
+
+/// The text of a run that only keeps the formatting of a place.
+constexpr const char* kAnyText = "x";
+
+/// Restores one part.
+class PartRestoration {
+  public:
+    explicit PartRestoration(opc::XmlPart& part) : part_(part), names_(part.root()) {}
+
+    void restore() {
+        visit(part_.root());
+        for (const pugi::xml_node row : addedRows_)
+            part_.detach(row);
+        for (const pugi::xml_node mark : addedMarks_)
+            part_.detach(mark);
+        const bool isChanged = !addedMarks_.empty() || filledRuns_ > 0;
+        part_.setDirty(isChanged);
+    }
+
+  private:
+    // The part refuses documents that are nested too deeply.
+    void visit(pugi::xml_node node) {
+        enter(node);
+        for (const pugi::xml_node child : node.children())
+            visit(child);
+        if (names_.tagOf(node) == WordTag::Row) leaveRow(node);
+    }
+
+    void enter(pugi::xml_node node) {
+        switch (names_.tagOf(node)) {
+            case WordTag::BookmarkStart:
+                return enterStart(node);
+            case WordTag::BookmarkEnd:
+                return enterEnd(node);
+            case WordTag::Row:
+                return openRows_.push_back({node, !openAdded_.empty(), false});
+            case WordTag::Run:
+                return fillKeeper(node);
+            case WordTag::Paragraph:
+                afterStart_ = false;
+                return;
+            default:
+                return;
+        }
+    }
+
+    void enterStart(pugi::xml_node node) {
+        afterStart_ = true;
+        if (!std::string_view(names_.value(node, "name")).starts_with(kAddedRowsName)) return;
+        openAdded_[names_.value(node, "id")] = true;
+        addedMarks_.push_back(node);
+        // Word moves the mark into the first cell of the rows.
+        if (!openRows_.empty() && !openRows_.back().hasText) openRows_.back().isAdded = true;
+    }
+    void enterEnd(pugi::xml_node node) {
+        if (openAdded_.erase(names_.value(node, "id")) == 0) return;
+        addedMarks_.push_back(node);
+        // Word moves the mark into the first cell of the row that follows.
+        if (!openRows_.empty() && !openRows_.back().hasText) openRows_.back().isAdded = false;
+    }
+
+    void fillKeeper(pugi::xml_node run) {
+        if (!openRows_.empty()) openRows_.back().hasText = true;
+        const pugi::xml_node text = names_.child(run, WordTag::TextElement);
+        if (afterStart_ && text && !text.first_child() && text == run.last_child()) {
+            pugi::xml_node(text).append_child(pugi::node_pcdata).set_value(kAnyText);
+            ++filledRuns_;
+        }
+        afterStart_ = false;
+    }
+
+    void leaveRow(pugi::xml_node row) {
+        if (openRows_.back().isAdded) addedRows_.push_back(row);
+        openRows_.pop_back();
+    }
+
+    struct OpenRow {
+        pugi::xml_node row;
+        bool isAdded;
+        bool hasText;
+    };
+
+    opc::XmlPart& part_;
+    opc::WordNames names_;
+    std::map<std::string, bool> openAdded_;
+    std::vector<OpenRow> openRows_;
+    std::vector<pugi::xml_node> addedRows_;
+    std::vector<pugi::xml_node> addedMarks_;
+    bool afterStart_ = false;
+    int filledRuns_ = 0;
+};
+
+}  // namespace
+
+std::vector<std::string> partsWithPlaces(opc::Package& package) {
+    const std::string mainPart = package.mainPart();
+    std::vector<std::string> parts{mainPart};
+    opc::Relationships& relationships = package.relationshipsOf(mainPart);
+    for (const char* type : {"header", "footer", "footnotes", "endnotes", "comments"}) {
+        for (const opc::Relationship* relationship : relationships.ofOfficeType(type)) {
+            const std::string part = relationships.targetPart(*relationship);
+            const bool isNew = std::ranges::find(parts, part) == parts.end();
+            if (isNew && package.hasPart(part)) parts.push_back(part);
+        }
+    }
+    return parts;
+}
+
+void restoreTemplate(opc::Package& package) {
+    for (const std::string& name : partsWithPlaces(package)) {
+        const std::unique_ptr<opc::XmlPart> part =
+            opc::XmlPart::parse(package.readPart(name), name, package.fileName());
+        PartRestoration(*part).restore();
+        if (part->isDirty()) package.writePart(name, part->toXml());
+    }
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "office/opc/Package.h"
+
+#include <string>
+#include <vector>
+
+/// A letter that was filled can be filled again. Two marks that Word keeps show what the filling made.
+namespace mergeloom::embedded {
+
+/// Begins the names of hidden bookmarks over the rows that were added below a table's pattern rows. Each ends
+/// in a number.
+inline constexpr const char* kAddedRowsName = "_MergeloomRows";
+
+/// Returns the names of the parts of a document that can contain places: its body, headers, footers, notes
+/// and comments.
+std::vector<std::string> partsWithPlaces(opc::Package& package);
+
+/// Brings a filled letter back to the form of its template: removes rows that were added, and puts a text
+/// into the empty runs at the beginning of places, which keep their formatting.
+void restoreTemplate(opc::Package& package);
+
+}  // namespace mergeloom::embedded

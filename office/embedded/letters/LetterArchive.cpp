@@ -1,0 +1,33 @@
+#include "office/embedded/letters/LetterArchive.h"
+
+#include "office/opc/PartName.h"
+#include "office/opc/ZipWriter.h"
+
+#include <utility>
+
+namespace mergeloom::embedded {
+
+LetterArchive::LetterArchive(std::string bytes)
+    : bytes_(std::make_unique<const std::string>(std::move(bytes))), reader_(*bytes_, "the template") {}
+
+void LetterArchive::write(ByteSink& sink, ChangedParts& changed) const {
+    opc::ZipWriter writer(sink);
+    for (const opc::ZipEntry& entry : reader_.entries()) {
+        const auto found = changed.find(entry.name);
+        if (found == changed.end()) {
+            writer.copy(entry);
+        } else {
+            writer.add(entry.name, opc::pack(std::move(found->second), opc::Packing::Deflate));
+            changed.erase(found);
+        }
+    }
+    for (auto& [name, content] : changed)
+        writer.add(name, opc::pack(std::move(content), opc::Packing::Deflate));
+    writer.finish(reader_.comment());
+}
+
+std::string entryNameOf(std::string_view partName) {
+    return opc::entryNameOfPart(std::string(partName));
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,142 @@
+#include "office/embedded/letters/LetterRenderer.h"
+
+#include "office/embedded/letters/FilledLetter.h"
+#include "office/embedded/letters/ValueXml.h"
+
+#include <algorithm>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+bool hasNothing(const RecordControl* control, letters::ValueKind kind) {
+    if (control == nullptr) return true;
+    if (kind == letters::ValueKind::Bound) return control->boundValue.empty();
+    return control->shownText().empty() && control->richText.empty();
+}
+
+const Record* followPath(const Record* record, const Piece& piece, std::vector<std::size_t>& hints,
+                         std::size_t steps) {
+    for (std::size_t step = 0; step < steps && record != nullptr; ++step) {
+        const RecordControl* const control = record->find(piece.source.path[step], hints[step]);
+        record = control == nullptr || control->records.empty() ? nullptr : &control->records.front();
+    }
+    return record;
+}
+
+}  // namespace
+
+void LetterRenderer::beginLetter() {
+    freshIds_ = ids_;
+    addedRows_ = 0;
+}
+
+void LetterRenderer::render(CutPart& part, Pieces& pieces, std::span<const Record> records,
+                            std::string& xml) {
+    part_ = &part;
+    xml_ = &xml;
+    records_ = records;
+    levels_.assign(1, &records.front());
+    append(pieces);
+}
+
+void LetterRenderer::append(Pieces& pieces) {
+    for (Piece& piece : pieces) {
+        switch (piece.kind) {
+            case Piece::Kind::Fixed:
+                xml_->append(piece.xml);
+                break;
+            case Piece::Kind::Value:
+                appendValue(piece);
+                break;
+            case Piece::Kind::Rows:
+                appendRows(piece);
+                break;
+            case Piece::Kind::Table:
+                if (keepsTable(piece)) append(piece.inside);
+                break;
+            case Piece::Kind::Optional:
+                if (isShown(piece)) append(piece.inside);
+                break;
+            case Piece::Kind::Once:
+                if (isFirst_) xml_->append(piece.xml);
+                break;
+            case Piece::Kind::Id:
+                xml_->append(isFirst_ ? piece.xml : std::to_string(freshIds_.nextDrawing++));
+                break;
+            case Piece::Kind::Section:
+                append(piece.inside);
+                break;
+            case Piece::Kind::SectionBreak:
+                if (!isLast_) xml_->append(piece.xml);
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+const RecordControl* LetterRenderer::controlOf(Piece& piece) const {
+    const std::size_t last = piece.source.path.size() - 1;
+    const Record* const record = followPath(levels_[piece.source.level], piece, piece.hints, last);
+    return record == nullptr ? nullptr : record->find(piece.source.path[last], piece.hints[last]);
+}
+
+std::span<const Record> LetterRenderer::recordsOf(Piece& piece) const {
+    if (piece.source.path.empty()) return records_;
+    const RecordControl* const control = controlOf(piece);
+    return control == nullptr ? std::span<const Record>() : control->records;
+}
+
+bool LetterRenderer::isEmpty(Piece& piece) const {
+    return hasNothing(controlOf(piece), marked_.places[piece.number].source.value);
+}
+
+bool LetterRenderer::isShown(Piece& piece) const {
+    return std::ranges::none_of(piece.beside, [this](Piece& value) { return isEmpty(value); });
+}
+
+bool LetterRenderer::keepsTable(Piece& piece) const {
+    return settings_.emptyTables == letters::EmptyTables::KeepCaptions || !recordsOf(piece).empty();
+}
+
+void LetterRenderer::appendValue(Piece& piece) {
+    static const std::string kNothing;
+    const RecordControl* const control = controlOf(piece);
+    const letters::ValueKind kind = marked_.places[piece.number].source.value;
+    const PlaceFormat& format = part_->formats[piece.number];
+    const std::string& bound = control == nullptr ? kNothing : control->boundValue;
+    const std::string& shown = control == nullptr ? kNothing : control->shownText();
+    const std::string& text = kind == letters::ValueKind::Bound ? bound : shown;
+    if (format.isWholeRun) {
+        appendRunContent(*xml_, text, format.prefix);
+    } else {
+        appendEscaped(*xml_, text);
+    }
+}
+
+void LetterRenderer::appendRows(Piece& piece) {
+    const std::span<const Record> records = recordsOf(piece);
+    const bool wasFirst = isFirst_;
+    const bool marksRows = wasFirst && records.size() > 1 && settings_.use == letters::LetterUse::OneEach;
+    std::string id;
+    for (std::size_t number = 0; number < records.size(); ++number) {
+        if (number == 1 && marksRows) id = appendAddedRowsStart();
+        isFirst_ = wasFirst && number == 0;
+        levels_.push_back(&records[number]);
+        append(piece.inside);
+        levels_.pop_back();
+    }
+    isFirst_ = wasFirst;
+    if (marksRows)
+        *xml_ += "<" + part_->prefix + "bookmarkEnd " + part_->attributePrefix + "id=\"" + id + "\"/>";
+}
+
+std::string LetterRenderer::appendAddedRowsStart() {
+    const std::string id = std::to_string(freshIds_.nextBookmark++);
+    *xml_ += "<" + part_->prefix + "bookmarkStart " + part_->attributePrefix + "id=\"" + id + "\" " +
+             part_->attributePrefix + "name=\"" + kAddedRowsName + std::to_string(++addedRows_) + "\"/>";
+    return id;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,125 @@
+#include "office/embedded/letters/PartCutter.h"
+
+#include "office/embedded/letters/OptionalText.h"
+#include "office/embedded/letters/PartPreparation.h"
+#include "office/embedded/letters/Token.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+using letters::ControlPath;
+
+/// Cuts a part's XML at its tokens.
+class Cutter {
+  public:
+    Cutter(const MarkedPlaces& marked, const PartPreparation& prepared)
+        : marked_(marked), prepared_(prepared) {}
+
+    Pieces cut(std::string_view xml) {
+        open_.push_back({});
+        levels_.push_back({});
+        std::string_view before;
+        std::optional<Token> token;
+        do {
+            token = Token::takeFirst(xml, before);
+            if (!before.empty()) add({.kind = Piece::Kind::Fixed, .xml = std::string(before)});
+            if (token) take(*token);
+        } while (token);
+        return std::move(open_.front().inside);
+    }
+
+  private:
+    void add(Piece piece) { open_.back().inside.push_back(std::move(piece)); }
+
+    void take(const Token& token) {
+        switch (token.kind) {
+            case TokenKind::Value:
+                return add(valuePiece(token.number));
+            case TokenKind::RowsStart:
+                open(Piece::Kind::Rows, token.number);
+                return levels_.push_back(marked_.tables.at(token.number).path);
+            case TokenKind::TableStart:
+                return open(Piece::Kind::Table, token.number);
+            case TokenKind::OptionalStart:
+                return open_.push_back({.kind = Piece::Kind::Optional, .number = token.number});
+            case TokenKind::SectionStart:
+                return open_.push_back({.kind = Piece::Kind::Section});
+            case TokenKind::RowsEnd:
+                levels_.pop_back();
+                return close();
+            case TokenKind::TableEnd:
+            case TokenKind::OptionalEnd:
+            case TokenKind::SectionEnd:
+                return close();
+            case TokenKind::Once:
+                return add({.kind = Piece::Kind::Once, .xml = prepared_.onceXml().at(token.number)});
+            case TokenKind::Id:
+                return add({.kind = Piece::Kind::Id, .xml = prepared_.ids().at(token.number)});
+            case TokenKind::SectionBreak:
+                return add({.kind = Piece::Kind::SectionBreak, .xml = prepared_.sectionBreak()});
+            default:
+                return;
+        }
+    }
+
+    void open(Piece::Kind kind, std::size_t table) {
+        Piece piece{.kind = kind, .number = table, .source = sourceOf(marked_.tables.at(table).path)};
+        piece.hints.resize(piece.source.path.size());
+        open_.push_back(std::move(piece));
+    }
+    void close() {
+        Piece piece = std::move(open_.back());
+        open_.pop_back();
+        add(std::move(piece));
+    }
+
+    [[nodiscard]] Piece valuePiece(std::size_t number) const {
+        Piece piece{.kind = Piece::Kind::Value,
+                    .number = number,
+                    .source = sourceOf(marked_.places.at(number).source.path)};
+        piece.hints.resize(piece.source.path.size());
+        return piece;
+    }
+
+    /// Returns the way from the innermost record around to a control.
+    [[nodiscard]] ValuePath sourceOf(const ControlPath& path) const {
+        for (std::size_t level = levels_.size(); level-- > 1;) {
+            const ControlPath& around = levels_[level];
+            const bool isBelow =
+                around.size() < path.size() && std::equal(around.begin(), around.end(), path.begin());
+            if (!isBelow) continue;
+            return {level,
+                    ControlPath(path.begin() + static_cast<std::ptrdiff_t>(around.size()), path.end())};
+        }
+        return {0, path};
+    }
+
+    const MarkedPlaces& marked_;
+    const PartPreparation& prepared_;
+    std::vector<Piece> open_;
+    std::vector<ControlPath> levels_;
+};
+
+}  // namespace
+
+CutPart cutPart(CuttingContext& context, opc::XmlPart& part, bool isMain) {
+    PartPreparation preparation(context, part, isMain);
+    preparation.prepare();
+    const opc::WordNames names(part.root());
+    CutPart cut{{},
+                names.element(""),
+                names.attribute(""),
+                Cutter(context.marked, preparation).cut(part.toXml()),
+                preparation.formats(),
+                isMain};
+    findValuesBeside(cut.pieces);
+    return cut;
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "office/embedded/letters/Piece.h"
+#include "office/embedded/letters/PlaceMarker.h"
+#include "office/model/letters/LetterTemplate.h"
+#include "office/opc/XmlPart.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+/// Ids that new elements of a document get.
+struct FreeIds {
+    std::int64_t nextDrawing = 1;
+    std::int64_t nextBookmark = 1;
+};
+
+/// A part of a template, cut into pieces.
+struct CutPart {
+    std::string entryName{};      ///< in the archive
+    std::string prefix;           ///< of the elements of WordprocessingML
+    std::string attributePrefix;  ///< of its attributes
+    Pieces pieces;
+    /// The formatting at the places, by their numbers; of places in other parts it is empty.
+    std::vector<PlaceFormat> formats;
+    bool isMain = false;
+};
+
+/// What all parts of a template share while they are cut.
+struct CuttingContext {
+    const MarkedPlaces& marked;
+    letters::LetterSettings settings;
+    FreeIds ids{};
+    std::vector<std::string> refusals{};
+    bool listsRecords = false;
+};
+
+/// Cuts a part at its tokens. Rows that list records become pieces that repeat.
+CutPart cutPart(CuttingContext& context, opc::XmlPart& part, bool isMain);
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,293 @@
+#include "office/embedded/letters/PartPreparation.h"
+
+#include "office/embedded/letters/SectionXml.h"
+#include "office/embedded/letters/Token.h"
+#include "office/embedded/text/Story.h"
+#include "office/embedded/text/TableEditor.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+using letters::ControlPath;
+using opc::WordTag;
+
+std::string xmlOf(pugi::xml_node node) {
+    std::string xml;
+    opc::StringWriter writer(xml);
+    node.print(writer, "", pugi::format_raw | pugi::format_no_declaration);
+    return xml;
+}
+
+bool beginsWith(const ControlPath& path, const ControlPath& start) {
+    return start.size() <= path.size() && std::equal(start.begin(), start.end(), path.begin());
+}
+
+/// Returns whether the text of a marked place, which may be a part of a field's code, is one token.
+std::optional<Token> valueTokenOf(pugi::xml_node text) {
+    const std::optional<Token> token = Token::of(text.text().get());
+    return token && token->kind == TokenKind::Value ? token : std::nullopt;
+}
+
+bool isCommentMark(std::string_view name) {
+    return name == "commentRangeStart" || name == "commentRangeEnd" || name == "commentReference";
+}
+
+/// Returns whether an attribute is an id of Word's own that no other element of the document may have.
+bool isParagraphId(std::string_view name) {
+    return name.ends_with(":paraId") || name.ends_with(":textId");
+}
+
+}  // namespace
+
+PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, bool isMain)
+    : context_(context),
+      part_(part),
+      names_(part.root()),
+      isMain_(isMain),
+      formats_(context.marked.places.size()) {
+    for (std::size_t number = 0; number < context.marked.places.size(); ++number)
+        placesByName_[context.marked.places[number].name] = number;
+}
+
+void PartPreparation::prepare() {
+    collect(part_.root());
+    markTables();
+    markOptionals();
+    markRepeated();
+    markValues();
+    if (isMain_ && context_.settings.use == letters::LetterUse::OneForAll) markSections();
+}
+
+void PartPreparation::collect(pugi::xml_node node) {
+    const WordTag tag = names_.tagOf(node);
+    if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) collectBookmark(node, tag);
+    const bool isText = tag == WordTag::TextElement || tag == WordTag::InstructionText;
+    if (isText && valueTokenOf(node)) texts_.push_back(node);
+    for (const pugi::xml_node child : node.children())
+        collect(child);
+}
+
+void PartPreparation::collectBookmark(pugi::xml_node node, WordTag tag) {
+    const std::string id = names_.value(node, "id");
+    if (tag == WordTag::BookmarkStart) {
+        bookmarksById_[id] = bookmarks_.size();
+        bookmarks_.push_back({names_.value(node, "name"), node, {}});
+        return;
+    }
+    const auto found = bookmarksById_.find(id);
+    if (found == bookmarksById_.end()) return;
+    bookmarks_[found->second].end = node;
+    bookmarksById_.erase(found);
+}
+
+void PartPreparation::markValues() {
+    for (const pugi::xml_node text : texts_)
+        markValue(text, valueTokenOf(text)->number);
+}
+
+void PartPreparation::markValue(pugi::xml_node text, std::size_t number) {
+    const pugi::xml_node run = text.parent();
+    const pugi::xml_node paragraph = names_.ancestor(text, WordTag::Paragraph);
+    PlaceFormat& format = formats_.at(number);
+    format.prefix = names_.element("");
+    format.isWholeRun = names_.tagOf(text) == WordTag::TextElement;
+    format.canSplit = run.parent() == paragraph;
+    for (const pugi::xml_node property : names_.child(run, WordTag::RunProperties).children())
+        format.runProperties.emplace_back(opc::localName(property), xmlOf(property));
+    if (const pugi::xml_node properties = names_.child(paragraph, WordTag::ParagraphProperties))
+        format.paragraphProperties = xmlOf(properties);
+    if (!format.isWholeRun) return;
+    insertBefore(text, {TokenKind::Value, number});
+    part_.detach(text);
+}
+
+void PartPreparation::markTables() {
+    for (std::size_t number = 0; number < context_.marked.tables.size(); ++number)
+        markTable(number);
+}
+
+void PartPreparation::markTable(std::size_t number) {
+    const MarkedTable& marked = context_.marked.tables[number];
+    const auto bookmark = std::ranges::find(bookmarks_, marked.name, &Bookmark::name);
+    if (bookmark == bookmarks_.end()) return;
+    const pugi::xml_node table = tableOf(*bookmark);
+    std::vector<pugi::xml_node> rows = rowsOf(table, names_);
+    const auto isPattern = [&](pugi::xml_node row) { return hasPlaceOf(row, marked.path); };
+    const auto first = std::ranges::find_if(rows, isPattern);
+    if (first == rows.end()) return;
+    const auto last = std::find_if(rows.rbegin(), std::make_reverse_iterator(first), isPattern);
+    if (first->parent() != last->parent()) {
+        context_.refusals.push_back("The rows of the table \"" + marked.name +
+                                    "\" do not repeat: they lie in several content controls.");
+        return;
+    }
+    for (auto row = first; row != last.base(); ++row)
+        patternRows_.insert(row->hash_value());
+    insertBefore(*first, {TokenKind::RowsStart, number});
+    insertAfter(*last, {TokenKind::RowsEnd, number});
+    insertBefore(table, {TokenKind::TableStart, number});
+    const bool endsBehind = bookmark->end && table.next_sibling() == bookmark->end;
+    insertAfter(endsBehind ? bookmark->end : table, {TokenKind::TableEnd, number});
+    if (marked.path.empty()) context_.listsRecords = true;
+}
+
+pugi::xml_node PartPreparation::tableOf(const Bookmark& bookmark) const {
+    if (const pugi::xml_node around = names_.ancestor(bookmark.start, WordTag::Table)) return around;
+    pugi::xml_node next = bookmark.start.next_sibling();
+    while (next && names_.tagOf(next) != WordTag::Table)
+        next = next.next_sibling();
+    return next;
+}
+
+bool PartPreparation::hasPlaceOf(pugi::xml_node row, const ControlPath& path) const {
+    const auto isPlace = [&](std::size_t number) {
+        return beginsWith(context_.marked.places[number].source.path, path);
+    };
+    const bool hasValue = std::ranges::any_of(texts_, [&](pugi::xml_node text) {
+        return isInside(text, row) && isPlace(valueTokenOf(text)->number);
+    });
+    return hasValue || std::ranges::any_of(bookmarks_, [&](const Bookmark& bookmark) {
+               const auto place = placesByName_.find(bookmark.name);
+               return place != placesByName_.end() && isInside(bookmark.start, row) && isPlace(place->second);
+           });
+}
+
+void PartPreparation::markOptionals() {
+    for (std::size_t number = 0; number < context_.marked.optionals.size(); ++number) {
+        const auto found = std::ranges::find(bookmarks_, context_.marked.optionals[number], &Bookmark::name);
+        if (found == bookmarks_.end() || !found->end) continue;
+        const pugi::xml_node first = found->start.parent();
+        const pugi::xml_node last = found->end.parent();
+        // Only then what stands between the marks can go without leaving half an element.
+        const bool areBeside =
+            first == last || (names_.tagOf(first) == WordTag::Paragraph &&
+                              names_.tagOf(last) == WordTag::Paragraph && first.parent() == last.parent());
+        if (!areBeside) continue;
+        insertAfter(found->start, {TokenKind::OptionalStart, number});
+        insertBefore(found->end, {TokenKind::OptionalEnd, number});
+    }
+}
+
+void PartPreparation::markRepeated() {
+    for (const Bookmark& bookmark : bookmarks_)
+        markBookmark(bookmark);
+    const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
+    if (isForAll || !patternRows_.empty()) makeRepeatable(part_.root());
+}
+
+void PartPreparation::markBookmark(const Bookmark& bookmark) {
+    const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
+    const bool isPlace =
+        placesByName_.contains(bookmark.name) ||
+        std::ranges::find(context_.marked.tables, bookmark.name, &MarkedTable::name) !=
+            context_.marked.tables.end() ||
+        std::ranges::find(context_.marked.optionals, bookmark.name) != context_.marked.optionals.end();
+    for (const pugi::xml_node mark : {bookmark.start, bookmark.end}) {
+        if (!mark) continue;
+        if (isForAll && isPlace) {
+            part_.detach(mark);
+        } else if (isForAll || isRepeated(mark)) {
+            markOnce(mark);
+        }
+    }
+}
+
+void PartPreparation::markOnce(pugi::xml_node node) {
+    insertBefore(node, {TokenKind::Once, once_.size()});
+    once_.push_back(xmlOf(node));
+    part_.detach(node);
+}
+
+/// Replaces what may stand only once in a document, in the elements below a node that are repeated.
+void PartPreparation::makeRepeatable(pugi::xml_node node) {
+    const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
+    for (pugi::xml_node child = node.first_child(); child;) {
+        const pugi::xml_node next = child.next_sibling();
+        const bool isComment = isCommentMark(opc::localName(child));
+        if (!isForAll && !isRepeated(child)) {
+            makeRepeatable(child);
+        } else if (isComment) {
+            markOnce(child);
+        } else {
+            makeElementRepeatable(child);
+            makeRepeatable(child);
+        }
+        child = next;
+    }
+}
+
+void PartPreparation::makeElementRepeatable(pugi::xml_node element) {
+    const std::string_view name = element.name();
+    if (name.ends_with(":docPr")) {
+        pugi::xml_attribute id = element.attribute("id");
+        ids_.emplace_back(id.value());
+        id.set_value(Token{TokenKind::Id, ids_.size() - 1}.text().c_str());
+    }
+    if (name == names_.element("sdtPr")) element.remove_child(names_.element("id").c_str());
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute;) {
+        const pugi::xml_attribute following = attribute.next_attribute();
+        if (isParagraphId(attribute.name())) element.remove_attribute(attribute);
+        attribute = following;
+    }
+}
+
+bool PartPreparation::isRepeated(pugi::xml_node node) const {
+    if (patternRows_.empty()) return false;
+    for (pugi::xml_node around = node; around; around = around.parent()) {
+        if (patternRows_.contains(around.hash_value())) return true;
+    }
+    return false;
+}
+
+void PartPreparation::markSections() {
+    const pugi::xml_node body = part_.root().child(names_.element("body").c_str());
+    pugi::xml_node section = body.child(names_.element("sectPr").c_str());
+    if (!section) section = pugi::xml_node(body).append_child(names_.element("sectPr").c_str());
+    startOnNewPage(firstSectionOf(body, names_), names_);
+    pugi::xml_node(body)
+        .prepend_child(pugi::node_pcdata)
+        .set_value(Token{TokenKind::SectionStart, 0}.text().c_str());
+    insertBefore(section, {TokenKind::SectionEnd, 0});
+    markSectionBreak(body, section);
+}
+
+/// The last paragraph of a record ends its section; a record that does not end in one gets an empty one.
+void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node section) {
+    sectionBreak_ = xmlOf(section);
+    const std::string propertiesName = names_.element("pPr");
+    const Token token{TokenKind::SectionBreak, 0};
+    pugi::xml_node last = body.last_child();
+    while (last && (last.type() != pugi::node_element || last == section))
+        last = last.previous_sibling();
+    const bool isParagraph = names_.tagOf(last) == WordTag::Paragraph;
+    pugi::xml_node properties = names_.child(last, WordTag::ParagraphProperties);
+    if (!isParagraph || properties.child(names_.element("sectPr").c_str())) {
+        const std::string paragraph = names_.element("p");
+        sectionBreak_ = "<" + paragraph + "><" + propertiesName + ">" + sectionBreak_ + "</" +
+                        propertiesName + "></" + paragraph + ">";
+        insertAfter(last, token);
+        return;
+    }
+    if (!properties) properties = last.prepend_child(propertiesName.c_str());
+    const pugi::xml_node change = properties.child(names_.element("pPrChange").c_str());
+    pugi::xml_node text = change ? properties.insert_child_before(pugi::node_pcdata, change)
+                                 : properties.append_child(pugi::node_pcdata);
+    text.set_value(token.text().c_str());
+}
+
+void PartPreparation::insertBefore(pugi::xml_node node, const Token& token) {
+    node.parent().insert_child_before(pugi::node_pcdata, node).set_value(token.text().c_str());
+}
+
+void PartPreparation::insertAfter(pugi::xml_node node, const Token& token) {
+    node.parent().insert_child_after(pugi::node_pcdata, node).set_value(token.text().c_str());
+}
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "office/embedded/letters/PartCutter.h"
+#include "office/embedded/letters/Token.h"
+#include "office/opc/WordNames.h"
+#include "office/opc/XmlPart.h"
+
+#include <pugixml.hpp>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace mergeloom::embedded {
+
+/// Writes the tokens into a part's tree at which its XML is cut.
+class PartPreparation {
+  public:
+    PartPreparation(CuttingContext& context, opc::XmlPart& part, bool isMain);
+
+    void prepare();
+
+    /// Return what the tokens stand for, by their numbers.
+    [[nodiscard]] const std::vector<PlaceFormat>& formats() const { return formats_; }
+    [[nodiscard]] const std::vector<std::string>& onceXml() const { return once_; }
+    [[nodiscard]] const std::vector<std::string>& ids() const { return ids_; }
+    [[nodiscard]] const std::string& sectionBreak() const { return sectionBreak_; }
+
+  private:
+    struct Bookmark {
+        std::string name;
+        pugi::xml_node start;
+        pugi::xml_node end;
+    };
+
+    void collect(pugi::xml_node node);
+    void collectBookmark(pugi::xml_node node, opc::WordTag tag);
+    void markValues();
+    void markValue(pugi::xml_node text, std::size_t number);
+    void markTables();
+    void markTable(std::size_t number);
+    [[nodiscard]] pugi::xml_node tableOf(const Bookmark& bookmark) const;
+    [[nodiscard]] bool hasPlaceOf(pugi::xml_node row, const letters::ControlPath& path) const;
+    void markOptionals();
+    void markRepeated();
+    void markBookmark(const Bookmark& bookmark);
+    void markOnce(pugi::xml_node node);
+    void makeRepeatable(pugi::xml_node node);
+    void makeElementRepeatable(pugi::xml_node element);
+    [[nodiscard]] bool isRepeated(pugi::xml_node node) const;
+    void markSections();
+    void markSectionBreak(pugi::xml_node body, pugi::xml_node section);
+
+    static void insertBefore(pugi::xml_node node, const Token& token);
+    static void insertAfter(pugi::xml_node node, const Token& token);
+
+    CuttingContext& context_;
+    opc::XmlPart& part_;
+    opc::WordNames names_;
+    bool isMain_;
+    std::vector<PlaceFormat> formats_;
+    std::vector<std::string> once_;
+    std::vector<std::string> ids_;
+    std::string sectionBreak_;
+
+    std::vector<Bookmark> bookmarks_;
+    std::unordered_map<std::string, std::size_t> bookmarksById_;
+    std::vector<pugi::xml_node> texts_;
+    std::unordered_map<std::string, std::size_t> placesByName_;
+    std::unordered_set<std::size_t> patternRows_;
+};
+
+}  // namespace mergeloom::embedded

@@ -1,0 +1,122 @@
+#include "office/embedded/letters/PlaceMarker.h"
+
+#include "base/AutomationError.h"
+#include "base/Text.h"
+#include "office/embedded/letters/Token.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// The names of the bookmarks of optional text, before their numbers, and that text.
+struct OptionalText {
+    std::string_view name;
+    const char* text;
+};
+constexpr OptionalText kOptionalTexts[] = {{"OptionalSpace", " "}, {"OptionalCarriageReturn", "\r"}};
+
+const OptionalText* optionalTextOf(std::string_view name) {
+    for (const OptionalText& optional : kOptionalTexts) {
+        if (!name.starts_with(optional.name)) continue;
+        const std::string_view number = name.substr(optional.name.size());
+        const bool isNumber = !number.empty() && number.size() <= 2 && std::ranges::all_of(number, isDigit);
+        if (isNumber) return &optional;
+    }
+    return nullptr;
+}
+
+/// Returns whether a bookmark marks a table and not a text in one of its cells.
+bool coversTable(const BookmarkRecord& record) {
+    const Story& story = *record.story;
+    const CharacterPosition start = startOf(record);
+    const CharacterPosition end = endOf(record);
+    if (start == end) return false;
+    const Item* const first = story.items().itemAt(start);
+    const Item* const last = story.items().itemAt(end - CharacterCount{1});
+    const pugi::xml_node table = story.tableOf(first);
+    if (!table || !last) return false;
+    return last->kind == ItemKind::RowMark || story.cellOf(first) != story.cellOf(last) ||
+           !isInside(last->node, table);
+}
+
+bool isPicture(const BookmarkRecord& record) {
+    const CharacterPosition start = startOf(record);
+    if (endOf(record) != start + CharacterCount{1}) return false;
+    return record.story->items().itemAt(start)->kind == ItemKind::InlineObject;
+}
+
+class PlaceMarker {
+  public:
+    PlaceMarker(WordContent& content, const letters::PlaceSources& sources)
+        : content_(content), sources_(sources) {}
+
+    MarkedPlaces mark() {
+        // A copy, since each replacement lists its bookmark anew.
+        std::vector<std::string> names;
+        for (const BookmarkRecord* record : content_.bookmarks().inNameOrder())
+            names.push_back(record->name);
+        for (const std::string& name : names) {
+            BookmarkRecord* const record = content_.bookmarks().find(name);
+            // It may have been inside of another place.
+            if (record != nullptr) mark(*record);
+        }
+        return std::move(marked_);
+    }
+
+  private:
+    void mark(BookmarkRecord& record) {
+        const std::string folded = foldCase(record.name);
+        const auto table = sources_.tables.find(folded);
+        if (table != sources_.tables.end() && coversTable(record)) {
+            marked_.tables.push_back({record.name, table->second});
+        } else if (const auto place = sources_.places.find(folded); place != sources_.places.end()) {
+            markPlace(record, place->second);
+        } else if (const OptionalText* optional = optionalTextOf(record.name)) {
+            markOptional(record, *optional);
+        }
+    }
+
+    void markPlace(BookmarkRecord& record, const letters::PlaceSource& source) {
+        MarkedPlace place{record.name, source, isPicture(record)};
+        const Token token{TokenKind::Value, marked_.places.size()};
+        if (place.isPicture || replace(record, token.text())) marked_.places.push_back(std::move(place));
+    }
+
+    void markOptional(BookmarkRecord& record, const OptionalText& optional) {
+        // In a letter that was filled its text may be gone.
+        const bool isEmpty = startOf(record) == endOf(record);
+        if (isEmpty && !replace(record, optional.text)) return;
+        marked_.optionals.push_back(record.name);
+    }
+
+    /// Replaces the text of a bookmark and keeps the bookmark.
+    bool replace(const BookmarkRecord& record, const std::string& text) {
+        const std::string name = record.name;
+        Story& story = *record.story;
+        const CharacterPosition start = startOf(record);
+        try {
+            const CharacterCount inserted = content_.replace(story, start, endOf(record), text, RunUse::Own);
+            content_.addBookmark(name, story, start, start + inserted);
+            return true;
+        } catch (const AutomationError& error) {
+            marked_.refusals.push_back("The place \"" + name + "\" cannot be filled: " + error.description());
+            return false;
+        }
+    }
+
+    WordContent& content_;
+    const letters::PlaceSources& sources_;
+    MarkedPlaces marked_;
+};
+
+}  // namespace
+
+MarkedPlaces markPlaces(WordContent& content, const letters::PlaceSources& sources) {
+    return PlaceMarker(content, sources).mark();
+}
+
+}  // namespace mergeloom::embedded

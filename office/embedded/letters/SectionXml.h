@@ -1,0 +1,15 @@
+#pragma once
+
+#include "office/opc/WordNames.h"
+
+#include <pugixml.hpp>
+
+namespace mergeloom::embedded {
+
+/// Returns the properties of the first section of a body, which has some.
+pugi::xml_node firstSectionOf(pugi::xml_node body, const opc::WordNames& names);
+
+/// Makes a section start on a new page that is counted as the first one.
+void startOnNewPage(pugi::xml_node section, const opc::WordNames& names);
+
+}  // namespace mergeloom::embedded
