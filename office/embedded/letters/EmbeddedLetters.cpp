@@ -56,12 +56,13 @@ class EmbeddedLetters final : public letters::Letters {
     EmbeddedLetters(WordContent& content, const letters::PlaceSources& sources,
                     letters::LetterSettings settings)
         : settings_(std::move(settings)),
+          ids_(freeIds(content)),
           marked_(markPlaces(content, sources)),
-          context_{marked_, settings_, freeIds(content)} {
+          context_{marked_, settings_} {
         content.storeParts();
         cutParts(content.package());
         archive_.emplace(savedBytes(content.package(), settings_.format));
-        renderer_.emplace(marked_, settings_, context_.ids);
+        renderer_.emplace(marked_, settings_, ids_);
         refusals_ = marked_.refusals;
         refusals_.insert(refusals_.end(), context_.refusals.begin(), context_.refusals.end());
     }
@@ -155,6 +156,7 @@ class EmbeddedLetters final : public letters::Letters {
     }
 
     letters::LetterSettings settings_;
+    FreeIds ids_;  ///< read before places are marked
     MarkedPlaces marked_;
     CuttingContext context_;
     std::vector<CutPart> parts_;

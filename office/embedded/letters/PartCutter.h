@@ -32,7 +32,6 @@ struct CutPart {
 struct CuttingContext {
     const MarkedPlaces& marked;
     letters::LetterSettings settings;
-    FreeIds ids{};
     std::vector<std::string> refusals{};
     bool listsRecords = false;
 };

@@ -49,6 +49,13 @@ bool isPicture(const BookmarkRecord& record) {
     return record.story->items().itemAt(start)->kind == ItemKind::InlineObject;
 }
 
+/// Gives a bookmark the id that it had before, so that filling a filled letter makes the same letter.
+void setId(const BookmarkRecord& record, const std::string& id) {
+    const std::string attribute = record.story->names().attribute("id");
+    for (const Item* mark : {record.start, record.end})
+        pugi::xml_node(mark->node).attribute(attribute.c_str()).set_value(id.c_str());
+}
+
 class PlaceMarker {
   public:
     PlaceMarker(WordContent& content, const letters::PlaceSources& sources)
@@ -96,11 +103,13 @@ class PlaceMarker {
     /// Replaces the text of a bookmark and keeps the bookmark.
     bool replace(const BookmarkRecord& record, const std::string& text) {
         const std::string name = record.name;
+        const std::string id = record.story->names().value(record.start->node, "id");
         Story& story = *record.story;
         const CharacterPosition start = startOf(record);
         try {
             const CharacterCount inserted = content_.replace(story, start, endOf(record), text, RunUse::Own);
-            content_.addBookmark(name, story, start, start + inserted);
+            const BookmarkRecord& kept = content_.addBookmark(name, story, start, start + inserted);
+            setId(kept, id);
             return true;
         } catch (const AutomationError& error) {
             marked_.refusals.push_back("The place \"" + name + "\" cannot be filled: " + error.description());
