@@ -1,6 +1,8 @@
 #include "office/embedded/letters/LetterRenderer.h"
 
 #include "office/embedded/letters/FilledLetter.h"
+#include "office/embedded/letters/RichText.h"
+#include "office/embedded/letters/RichTextXml.h"
 #include "office/embedded/letters/ValueXml.h"
 
 #include <algorithm>
@@ -108,11 +110,23 @@ void LetterRenderer::appendValue(Piece& piece) {
     const std::string& bound = control == nullptr ? kNothing : control->boundValue;
     const std::string& shown = control == nullptr ? kNothing : control->shownText();
     const std::string& text = kind == letters::ValueKind::Bound ? bound : shown;
-    if (format.isWholeRun) {
-        appendRunContent(*xml_, text, format.prefix);
-    } else {
+    const bool isRich =
+        kind == letters::ValueKind::Display && control != nullptr && !control->richText.empty();
+    if (!format.isWholeRun) {
         appendEscaped(*xml_, text);
+    } else if (!isRich || !appendRich(*control, format)) {
+        appendRunContent(*xml_, text, format.prefix);
     }
+}
+
+bool LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat& format) {
+    const auto paragraphs = readRichText(control.richText);
+    if (paragraphs) {
+        appendRichText(*xml_, *paragraphs, format);
+    } else {
+        remarks_.insert("The rich text of " + control.name + " is broken; its plain text was taken.");
+    }
+    return paragraphs.has_value();
 }
 
 void LetterRenderer::appendRows(Piece& piece) {

@@ -32,6 +32,8 @@ class LetterRenderer {
   private:
     void append(Pieces& pieces);
     void appendValue(Piece& piece);
+    /// Returns false, and appends nothing, for rich text that is broken.
+    bool appendRich(const RecordControl& control, const PlaceFormat& format);
     void appendRows(Piece& piece);
     /// Appends the mark before rows that are added to the pattern rows; returns its id.
     std::string appendAddedRowsStart();

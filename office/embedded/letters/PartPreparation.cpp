@@ -97,6 +97,7 @@ void PartPreparation::markValue(pugi::xml_node text, std::size_t number) {
     const pugi::xml_node paragraph = names_.ancestor(text, WordTag::Paragraph);
     PlaceFormat& format = formats_.at(number);
     format.prefix = names_.element("");
+    format.attributePrefix = names_.attribute("");
     format.isWholeRun = names_.tagOf(text) == WordTag::TextElement;
     format.canSplit = run.parent() == paragraph;
     for (const pugi::xml_node property : names_.child(run, WordTag::RunProperties).children())

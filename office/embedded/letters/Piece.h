@@ -15,7 +15,8 @@ using Pieces = std::vector<Piece>;
 
 /// The formatting at a place, as XML.
 struct PlaceFormat {
-    std::string prefix = "w:";  ///< of the elements of WordprocessingML
+    std::string prefix = "w:";           ///< of the elements of WordprocessingML
+    std::string attributePrefix = "w:";  ///< of its attributes
     /// The children of the run's properties: their local names and their XML.
     std::vector<std::pair<std::string, std::string>> runProperties{};
     std::string paragraphProperties{};  ///< the whole element, or empty

@@ -13,21 +13,21 @@ namespace mergeloom::embedded {
 namespace {
 
 /// The children of a section's properties in the order of the schema (ECMA-376 Part 1, 17.6.17).
-constexpr std::array<std::string_view, 21> kOrder = {
+constexpr std::array<std::string_view, 21> kSectionOrder = {
     "headerReference", "footerReference", "footnotePr",     "endnotePr", "type",          "pgSz",
     "pgMar",           "paperSrc",        "pgBorders",      "lnNumType", "pgNumType",     "cols",
     "formProt",        "vAlign",          "noEndnote",      "titlePg",   "textDirection", "bidi",
     "rtlGutter",       "docGrid",         "printerSettings"};
 
-std::ptrdiff_t rankOf(std::string_view name) {
-    return std::distance(kOrder.begin(), std::ranges::find(kOrder, name));
+std::ptrdiff_t sectionRank(std::string_view name) {
+    return std::distance(kSectionOrder.begin(), std::ranges::find(kSectionOrder, name));
 }
 
 pugi::xml_node propertyOf(pugi::xml_node section, std::string_view name, const opc::WordNames& names) {
     const std::string qualified = names.element(name);
     if (const pugi::xml_node there = section.child(qualified.c_str())) return there;
     for (const pugi::xml_node child : section.children()) {
-        if (rankOf(opc::localName(child)) > rankOf(name)) {
+        if (sectionRank(opc::localName(child)) > sectionRank(name)) {
             return section.insert_child_before(qualified.c_str(), child);
         }
     }

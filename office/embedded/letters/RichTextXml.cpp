@@ -1,0 +1,133 @@
+#include "office/embedded/letters/RichTextXml.h"
+
+#include "office/embedded/letters/ValueXml.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <string_view>
+
+namespace mergeloom::embedded {
+
+namespace {
+
+/// The children of a run's properties up to the last one that rich text sets, in the order of the schema
+/// (ECMA-376 Part 1, 17.3.2.28).
+constexpr std::array<std::string_view, 27> kFontOrder = {
+    "rStyle",  "rFonts",  "b",      "bCs",    "i",        "iCs",     "caps",       "smallCaps", "strike",
+    "dstrike", "outline", "shadow", "emboss", "imprint",  "noProof", "snapToGrid", "vanish",    "webHidden",
+    "color",   "spacing", "w",      "kern",   "position", "sz",      "szCs",       "highlight", "u"};
+
+using Properties = std::vector<std::pair<std::string, std::string>>;
+
+std::ptrdiff_t fontRank(std::string_view name) {
+    return std::distance(kFontOrder.begin(), std::ranges::find(kFontOrder, name));
+}
+
+/// Sets a property in its place among the others.
+void set(Properties& properties, const std::string& name, std::string xml) {
+    const auto there = std::ranges::find(properties, name, &Properties::value_type::first);
+    if (there != properties.end()) {
+        there->second = std::move(xml);
+        return;
+    }
+    const auto next = std::ranges::find_if(
+        properties, [&](const auto& property) { return fontRank(property.first) > fontRank(name); });
+    properties.insert(next, {name, std::move(xml)});
+}
+
+class RichTextWriter {
+  public:
+    RichTextWriter(std::string& xml, const PlaceFormat& format) : xml_(xml), format_(format) {}
+
+    void write(const std::vector<RichParagraph>& paragraphs) {
+        // Keeps the formatting of the place for the next filling.
+        appendRunContent(xml_, "", format_.prefix);
+        bool isFirst = true;
+        for (const RichParagraph& paragraph : paragraphs) {
+            if (!isFirst) endParagraph();
+            isFirst = false;
+            appendMarker(paragraph);
+            for (const RichRun& run : paragraph.runs)
+                appendRun(run.text, run.font);
+        }
+    }
+
+  private:
+    [[nodiscard]] std::string element(const std::string& name, const std::string& value = {}) const {
+        const std::string attribute = value.empty() ? "" : " " + format_.attributePrefix + "val=\"" + value + '"';
+        return "<" + format_.prefix + name + attribute + "/>";
+    }
+
+    void endRun() { xml_ += "</" + format_.prefix + "r>"; }
+
+    void startRun(const RichFont& font) {
+        xml_ += "<" + format_.prefix + "r>";
+        const Properties properties = propertiesWith(font);
+        if (properties.empty()) return;
+        xml_ += "<" + format_.prefix + "rPr>";
+        for (const auto& [name, xml] : properties)
+            xml_ += xml;
+        xml_ += "</" + format_.prefix + "rPr>";
+    }
+
+    void appendRun(const std::string& text, const RichFont& font) {
+        endRun();
+        startRun(font);
+        appendRunContent(xml_, text, format_.prefix);
+    }
+
+    void endParagraph() {
+        if (!format_.canSplit) {
+            xml_ += element("br");
+            return;
+        }
+        endRun();
+        xml_ += "</" + format_.prefix + "p><" + format_.prefix + "p>" + format_.paragraphProperties;
+        startRun({});
+    }
+
+    void appendMarker(const RichParagraph& paragraph) {
+        if (paragraph.list == RichList::None) return;
+        const std::string indent(static_cast<std::size_t>(std::max(0, paragraph.depth - 1)) * 4, ' ');
+        const std::string marker =
+            paragraph.list == RichList::Numbers ? std::to_string(paragraph.number) + "." : "\u2022";
+        appendRun(indent + marker + " ", {});
+    }
+
+    [[nodiscard]] Properties propertiesWith(const RichFont& font) const {
+        Properties properties = format_.runProperties;
+        if (!font.face.empty()) set(properties, "rFonts", fontXml(font.face));
+        if (font.bold) set(properties, "b", element("b"));
+        if (font.italic) set(properties, "i", element("i"));
+        if (!font.color.empty()) set(properties, "color", element("color", font.color));
+        if (font.halfPoints != 0) {
+            set(properties, "sz", element("sz", std::to_string(font.halfPoints)));
+            set(properties, "szCs", element("szCs", std::to_string(font.halfPoints)));
+        }
+        if (font.underline) set(properties, "u", element("u", "single"));
+        return properties;
+    }
+
+    [[nodiscard]] std::string fontXml(const std::string& face) const {
+        std::string xml = "<" + format_.prefix + "rFonts";
+        for (const char* script : {"ascii", "hAnsi", "cs"}) {
+            xml += " " + format_.attributePrefix + script + "=\"";
+            appendEscaped(xml, face);
+            xml += '"';
+        }
+        return xml + "/>";
+    }
+
+    std::string& xml_;
+    const PlaceFormat& format_;
+};
+
+}  // namespace
+
+void appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
+                    const PlaceFormat& format) {
+    RichTextWriter(xml, format).write(paragraphs);
+}
+
+}  // namespace mergeloom::embedded
