@@ -60,13 +60,13 @@ void FillCommand::checkOptions() const {
     const std::string& output = options_.output;
     if (!hasWordExtension(output)) {
         refuseFill("The file '" + output +
-               "' cannot be written: its format is not available. Choose docx or docm.");
+                   "' cannot be written: its format is not available. Choose docx or docm.");
     }
     const std::string refusal = ports_.formats.refusalToWrite(ports_.formats.documentFormatOf(output));
     if (!refusal.empty()) refuseFill("The file '" + output + "' cannot be written: " + refusal);
     if (isForeignWordFile(options_.templateFile) || isWorkbookFile(options_.templateFile)) {
         refuseFill("The template '" + options_.templateFile +
-               "' cannot be filled: save it as docx, docm, dotx or dotm first.");
+                   "' cannot be filled: save it as docx, docm, dotx or dotm first.");
     }
 }
 
@@ -86,11 +86,11 @@ void FillCommand::survey() {
     if (records_ == 0) refuseFill("The structure document '" + options_.dataFile + "' holds no records.");
     if (options_.lastRecord > records_ && options_.lastRecord != FillOptions::kLastOfAll) {
         refuseFill("There is no record " + std::to_string(options_.lastRecord) +
-               ": the structure document holds " + counted(records_, "record") + ".");
+                   ": the structure document holds " + counted(records_, "record") + ".");
     }
     if (options_.firstRecord > records_) {
         refuseFill("There is no record " + std::to_string(options_.firstRecord) +
-               ": the structure document holds " + counted(records_, "record") + ".");
+                   ": the structure document holds " + counted(records_, "record") + ".");
     }
 }
 
@@ -128,11 +128,11 @@ void FillCommand::compile() {
     if (isOne && names_.dependOnRecord()) {
         refuseFill("Option '--one-document' needs a file name without braces.");
     }
-    letters_ = template_->compile(
-        places_, {options_.emptyTables, options_.use, ports_.formats.documentFormatOf(options_.output)});
+    letters_ = template_->compile(places_, {options_.emptyTables, options_.use, findPicture,
+                                            ports_.formats.documentFormatOf(options_.output)});
     if (letters_->filledPlaces().empty()) {
         refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
-               object_->Text() + " fills.");
+                   object_->Text() + " fills.");
     }
 }
 
@@ -141,14 +141,14 @@ void FillCommand::checkNames() const {
     for (const std::string& control : names_.controls()) {
         if (std::ranges::find(paths, ControlPath{control}) != paths.end()) continue;
         refuseFill("The file name '" + options_.output + "' names the control {" + control + "}, which " +
-               object_->Text() + " does not have.");
+                   object_->Text() + " does not have.");
     }
     const bool isSingle = names_.dependOnRecord() || options_.use == letters::LetterUse::OneForAll ||
                           letters_->listsRecords() || selectedCount() == 1;
     if (isSingle) return;
-    refuseFill("There are " + std::to_string(selectedCount()) + " records for the one file '" + options_.output +
-           "'. Name a control in it, such as letter-{" + paths.front().back() +
-           "}.docx, or choose --one-document or --record N.");
+    refuseFill("There are " + std::to_string(selectedCount()) + " records for the one file '" +
+               options_.output + "'. Name a control in it, such as letter-{" + paths.front().back() +
+               "}.docx, or choose --one-document or --record N.");
 }
 
 void FillCommand::checkTargets() const {

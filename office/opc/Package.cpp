@@ -7,21 +7,12 @@
 #include "office/opc/ZipRecords.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <utility>
 
 namespace mergeloom::opc {
 
 namespace {
-
-/// Stores pictures in compressed formats, for which deflating costs time and gains nothing.
-Packing packingOf(std::string_view entryName) {
-    static constexpr std::array<std::string_view, 4> kCompressed = {"png", "jpg", "jpeg", "gif"};
-    const std::string extension = toLowerAscii(extensionOf(entryName));
-    const bool known = std::find(kCompressed.begin(), kCompressed.end(), extension) != kCompressed.end();
-    return known ? Packing::Store : Packing::Deflate;
-}
 
 std::string unpack(const PackedContent& packed) {
     if (packed.method == zip::kStored) return packed.data;

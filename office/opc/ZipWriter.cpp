@@ -1,12 +1,15 @@
 #include "office/opc/ZipWriter.h"
 
 #include "base/AutomationError.h"
+#include "base/Text.h"
 #include "office/opc/ByteOrder.h"
 #include "office/opc/Codec.h"
+#include "office/opc/PartName.h"
 #include "office/opc/UnreadableFile.h"
 #include "office/opc/ZipRecords.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -53,6 +56,13 @@ void requireFits(const std::string& name, const PackedContent& content) {
 }
 
 }  // namespace
+
+Packing packingOf(std::string_view entryName) {
+    static constexpr std::array<std::string_view, 4> kCompressed = {"png", "jpg", "jpeg", "gif"};
+    const std::string extension = toLowerAscii(extensionOf(entryName));
+    const bool known = std::find(kCompressed.begin(), kCompressed.end(), extension) != kCompressed.end();
+    return known ? Packing::Store : Packing::Deflate;
+}
 
 PackedContent pack(std::string content, Packing packing) {
     PackedContent packed{zip::kStored, crc32(content), content.size(), {}};

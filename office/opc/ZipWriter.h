@@ -19,6 +19,10 @@ struct PackedContent {
 
 enum class Packing { Deflate, Store };
 
+/// Returns how an entry is packed: pictures in compressed formats are stored, since deflating them costs time
+/// and gains nothing.
+Packing packingOf(std::string_view entryName);
+
 /// Deflates the content; stores it if requested or if deflating gains nothing.
 PackedContent pack(std::string content, Packing packing);
 

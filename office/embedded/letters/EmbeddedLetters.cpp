@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/LetterArchive.h"
+#include "office/embedded/letters/LetterPictures.h"
 #include "office/embedded/letters/LetterRenderer.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/PlaceMarker.h"
@@ -53,16 +54,17 @@ std::string savedBytes(opc::Package& package, word::WdSaveFormat format) {
 
 class EmbeddedLetters final : public letters::Letters {
   public:
-    EmbeddedLetters(WordContent& content, const letters::PlaceSources& sources,
+    EmbeddedLetters(WordContent& content, FileStore& files, const letters::PlaceSources& sources,
                     letters::LetterSettings settings)
         : settings_(std::move(settings)),
           ids_(freeIds(content)),
           marked_(markPlaces(content, sources)),
-          context_{marked_, settings_} {
+          context_{marked_, settings_, content.package(), files} {
         content.storeParts();
         cutParts(content.package());
-        archive_.emplace(savedBytes(content.package(), settings_.format));
-        renderer_.emplace(marked_, settings_, ids_);
+        archive_.emplace(savedBytes(content.package(), settings_.format), content.package().conformance());
+        pictures_.emplace(files, settings_.findPicture, *archive_);
+        renderer_.emplace(marked_, settings_, ids_, *pictures_);
         refusals_ = marked_.refusals;
         refusals_.insert(refusals_.end(), context_.refusals.begin(), context_.refusals.end());
     }
@@ -82,6 +84,7 @@ class EmbeddedLetters final : public letters::Letters {
     void write(std::span<const Record> records, ByteSink& sink) override {
         ChangedParts changed;
         renderer_->beginLetter();
+        pictures_->begin();
         for (CutPart& part : parts_) {
             std::string xml;
             xml.reserve(lastSize_);
@@ -89,6 +92,7 @@ class EmbeddedLetters final : public letters::Letters {
             lastSize_ = std::max(lastSize_, xml.size());
             changed.emplace(part.entryName, std::move(xml));
         }
+        pictures_->addTo(changed);
         archive_->write(sink, changed);
     }
 
@@ -107,6 +111,7 @@ class EmbeddedLetters final : public letters::Letters {
         xml += sections_ + outside(main, Side::After);
         sections_.clear();
         changed.emplace(main.entryName, std::move(xml));
+        pictures_->addTo(changed);
         archive_->write(sink, changed);
     }
 
@@ -161,6 +166,7 @@ class EmbeddedLetters final : public letters::Letters {
     CuttingContext context_;
     std::vector<CutPart> parts_;
     std::optional<LetterArchive> archive_;
+    std::optional<LetterPictures> pictures_;
     std::optional<LetterRenderer> renderer_;
     std::vector<std::string> refusals_;
     std::size_t lastSize_ = 0;
@@ -171,7 +177,7 @@ class EmbeddedLetters final : public letters::Letters {
 class EmbeddedLetterTemplate final : public letters::LetterTemplate {
   public:
     EmbeddedLetterTemplate(opc::Package package, FileStore& files)
-        : content_(restored(std::move(package)), files) {}
+        : content_(restored(std::move(package)), files), files_(files) {}
 
     [[nodiscard]] std::vector<std::string> bookmarkNames() override {
         std::vector<std::string> names;
@@ -189,7 +195,7 @@ class EmbeddedLetterTemplate final : public letters::LetterTemplate {
     }
     std::unique_ptr<letters::Letters> compile(const letters::PlaceSources& sources,
                                               const letters::LetterSettings& settings) override {
-        return std::make_unique<EmbeddedLetters>(content_, sources, settings);
+        return std::make_unique<EmbeddedLetters>(content_, files_, sources, settings);
     }
 
   private:
@@ -199,6 +205,7 @@ class EmbeddedLetterTemplate final : public letters::LetterTemplate {
     }
 
     WordContent content_;
+    FileStore& files_;
 };
 
 }  // namespace

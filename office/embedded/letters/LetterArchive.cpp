@@ -3,12 +3,20 @@
 #include "office/opc/PartName.h"
 #include "office/opc/ZipWriter.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace mergeloom::embedded {
 
-LetterArchive::LetterArchive(std::string bytes)
-    : bytes_(std::make_unique<const std::string>(std::move(bytes))), reader_(*bytes_, "the template") {}
+LetterArchive::LetterArchive(std::string bytes, opc::Conformance conformance)
+    : bytes_(std::make_unique<const std::string>(std::move(bytes))),
+      reader_(*bytes_, "the template"),
+      conformance_(conformance) {}
+
+const opc::ZipEntry* LetterArchive::find(std::string_view entryName) const {
+    const auto found = std::ranges::find(reader_.entries(), entryName, &opc::ZipEntry::name);
+    return found == reader_.entries().end() ? nullptr : &*found;
+}
 
 void LetterArchive::write(ByteSink& sink, ChangedParts& changed) const {
     opc::ZipWriter writer(sink);
@@ -17,12 +25,12 @@ void LetterArchive::write(ByteSink& sink, ChangedParts& changed) const {
         if (found == changed.end()) {
             writer.copy(entry);
         } else {
-            writer.add(entry.name, opc::pack(std::move(found->second), opc::Packing::Deflate));
+            writer.add(entry.name, opc::pack(std::move(found->second), opc::packingOf(entry.name)));
             changed.erase(found);
         }
     }
     for (auto& [name, content] : changed)
-        writer.add(name, opc::pack(std::move(content), opc::Packing::Deflate));
+        writer.add(name, opc::pack(std::move(content), opc::packingOf(name)));
     writer.finish(reader_.comment());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/opc/Relationships.h"
 #include "office/opc/ZipReader.h"
 
 #include <memory>
@@ -18,14 +19,24 @@ using ChangedParts = std::unordered_map<std::string, std::string>;
 /// are copied as they are packed.
 class LetterArchive {
   public:
-    explicit LetterArchive(std::string bytes);
+    LetterArchive(std::string bytes, opc::Conformance conformance);
+
+    [[nodiscard]] opc::Conformance conformance() const { return conformance_; }
+    [[nodiscard]] bool has(std::string_view entryName) const { return find(entryName) != nullptr; }
+    /// Returns the content of an entry that exists.
+    [[nodiscard]] std::string read(std::string_view entryName) const {
+        return reader_.read(*find(entryName));
+    }
 
     /// Writes an archive with the changed parts, of which new ones come last.
     void write(ByteSink& sink, ChangedParts& changed) const;
 
   private:
+    [[nodiscard]] const opc::ZipEntry* find(std::string_view entryName) const;
+
     std::unique_ptr<const std::string> bytes_;  ///< on the heap, since the reader refers to it
     opc::ZipReader reader_;
+    opc::Conformance conformance_;
 };
 
 /// Returns the name of an entry for a part.

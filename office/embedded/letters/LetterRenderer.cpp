@@ -1,11 +1,14 @@
 #include "office/embedded/letters/LetterRenderer.h"
 
 #include "office/embedded/letters/FilledLetter.h"
+#include "office/embedded/letters/PictureReplacement.h"
 #include "office/embedded/letters/RichText.h"
 #include "office/embedded/letters/RichTextXml.h"
 #include "office/embedded/letters/ValueXml.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mergeloom::embedded {
 
@@ -50,6 +53,9 @@ void LetterRenderer::append(Pieces& pieces) {
                 break;
             case Piece::Kind::Value:
                 appendValue(piece);
+                break;
+            case Piece::Kind::Picture:
+                appendPicture(piece);
                 break;
             case Piece::Kind::Rows:
                 appendRows(piece);
@@ -127,6 +133,29 @@ bool LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat&
         remarks_.insert("The rich text of " + control.name + " is broken; its plain text was taken.");
     }
     return paragraphs.has_value();
+}
+
+void LetterRenderer::appendPicture(Piece& piece) {
+    const LetterPicture* const picture = pictureOf(piece);
+    if (picture == nullptr) return append(piece.inside);
+    std::string xml;
+    std::string* const letter = std::exchange(xml_, &xml);
+    append(piece.inside);
+    xml_ = letter;
+    pugi::xml_document document;
+    document.load_buffer(xml.data(), xml.size(), pugi::parse_full | pugi::parse_ws_pcdata);
+    const pugi::xml_node drawing = document.document_element();
+    replacePicture(drawing, pictures_.link(part_->name, *picture), picture->file, picture->name);
+    opc::StringWriter writer(*xml_);
+    drawing.print(writer, "", pugi::format_raw | pugi::format_no_declaration);
+}
+
+const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
+    const RecordControl* const control = controlOf(piece);
+    if (control == nullptr || control->image.empty()) return nullptr;
+    const LetterPicture* const picture = pictures_.add(control->image);
+    if (picture == nullptr) remarks_.insert("There is no picture '" + control->image + "'.");
+    return picture;
 }
 
 void LetterRenderer::appendRows(Piece& piece) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Record.h"
+#include "office/embedded/letters/LetterPictures.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Piece.h"
 
@@ -15,8 +16,9 @@ namespace mergeloom::embedded {
 /// Writes a part's pieces with the values of records.
 class LetterRenderer {
   public:
-    LetterRenderer(const MarkedPlaces& marked, const letters::LetterSettings& settings, const FreeIds& ids)
-        : marked_(marked), settings_(settings), ids_(ids), freshIds_(ids) {}
+    LetterRenderer(const MarkedPlaces& marked, const letters::LetterSettings& settings, const FreeIds& ids,
+                   LetterPictures& pictures)
+        : marked_(marked), settings_(settings), ids_(ids), freshIds_(ids), pictures_(pictures) {}
 
     /// Begins a letter, whose ids may be those of another letter.
     void beginLetter();
@@ -34,6 +36,9 @@ class LetterRenderer {
     void appendValue(Piece& piece);
     /// Returns false, and appends nothing, for rich text that is broken.
     bool appendRich(const RecordControl& control, const PlaceFormat& format);
+    void appendPicture(Piece& piece);
+    /// Returns the picture of a record; null when there is none, which is remarked.
+    const LetterPicture* pictureOf(Piece& piece);
     void appendRows(Piece& piece);
     /// Appends the mark before rows that are added to the pattern rows; returns its id.
     std::string appendAddedRowsStart();
@@ -47,6 +52,7 @@ class LetterRenderer {
     const letters::LetterSettings& settings_;
     FreeIds ids_;
     FreeIds freshIds_;
+    LetterPictures& pictures_;
     CutPart* part_ = nullptr;
     std::string* xml_ = nullptr;
     std::span<const Record> records_;

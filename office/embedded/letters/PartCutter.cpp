@@ -50,11 +50,16 @@ class Cutter {
                 return open_.push_back({.kind = Piece::Kind::Optional, .number = token.number});
             case TokenKind::SectionStart:
                 return open_.push_back({.kind = Piece::Kind::Section});
+            case TokenKind::PictureStart:
+                open_.push_back(valuePiece(token.number));
+                open_.back().kind = Piece::Kind::Picture;
+                return;
             case TokenKind::RowsEnd:
                 levels_.pop_back();
                 return close();
             case TokenKind::TableEnd:
             case TokenKind::OptionalEnd:
+            case TokenKind::PictureEnd:
             case TokenKind::SectionEnd:
                 return close();
             case TokenKind::Once:
@@ -112,7 +117,8 @@ CutPart cutPart(CuttingContext& context, opc::XmlPart& part, bool isMain) {
     PartPreparation preparation(context, part, isMain);
     preparation.prepare();
     const opc::WordNames names(part.root());
-    CutPart cut{{},
+    CutPart cut{part.partName(),
+                {},
                 names.element(""),
                 names.attribute(""),
                 Cutter(context.marked, preparation).cut(part.toXml()),

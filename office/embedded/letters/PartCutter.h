@@ -2,7 +2,9 @@
 
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/PlaceMarker.h"
+#include "office/embedded/parts/PictureParts.h"
 #include "office/model/letters/LetterTemplate.h"
+#include "office/opc/Package.h"
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>
@@ -19,6 +21,7 @@ struct FreeIds {
 
 /// A part of a template, cut into pieces.
 struct CutPart {
+    std::string name;
     std::string entryName{};      ///< in the archive
     std::string prefix;           ///< of the elements of WordprocessingML
     std::string attributePrefix;  ///< of its attributes
@@ -32,6 +35,9 @@ struct CutPart {
 struct CuttingContext {
     const MarkedPlaces& marked;
     letters::LetterSettings settings;
+    opc::Package& package;
+    FileStore& files;
+    PictureParts pictures{package};
     std::vector<std::string> refusals{};
     bool listsRecords = false;
 };

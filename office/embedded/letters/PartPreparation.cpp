@@ -1,5 +1,7 @@
 #include "office/embedded/letters/PartPreparation.h"
 
+#include "base/Paths.h"
+#include "office/embedded/letters/PictureReplacement.h"
 #include "office/embedded/letters/SectionXml.h"
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/text/Story.h"
@@ -59,6 +61,7 @@ PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, bo
 void PartPreparation::prepare() {
     collect(part_.root());
     markTables();
+    markPictures();
     markOptionals();
     markRepeated();
     markValues();
@@ -158,6 +161,40 @@ bool PartPreparation::hasPlaceOf(pugi::xml_node row, const ControlPath& path) co
                const auto place = placesByName_.find(bookmark.name);
                return place != placesByName_.end() && isInside(bookmark.start, row) && isPlace(place->second);
            });
+}
+
+void PartPreparation::markPictures() {
+    for (const Bookmark& bookmark : bookmarks_) {
+        const auto place = placesByName_.find(bookmark.name);
+        const bool isPicture =
+            place != placesByName_.end() && context_.marked.places[place->second].isPicture;
+        if (isPicture) markPicture(bookmark, place->second);
+    }
+}
+
+void PartPreparation::markPicture(const Bookmark& bookmark, std::size_t number) {
+    const pugi::xml_node paragraph = names_.ancestor(bookmark.start, WordTag::Paragraph);
+    bool isAfterStart = false;
+    const pugi::xml_node drawing = paragraph.find_node([&](pugi::xml_node node) {
+        isAfterStart = isAfterStart || node == bookmark.start;
+        return isAfterStart && names_.tagOf(node) == WordTag::Drawing;
+    });
+    if (!drawing || !showsPicture(drawing)) {
+        context_.refusals.push_back("The picture at \"" + bookmark.name + "\" cannot be replaced.");
+        return;
+    }
+    const std::string& image = context_.marked.places[number].source.image;
+    if (!image.empty()) showImage(drawing, image);
+    insertBefore(drawing, {TokenKind::PictureStart, number});
+    insertAfter(drawing, {TokenKind::PictureEnd, number});
+}
+
+/// Shows the picture of the structure, unless the template shows it already.
+void PartPreparation::showImage(pugi::xml_node drawing, const std::string& image) {
+    std::string bytes = context_.files.read(image);
+    const opc::PictureFile file = opc::PictureFile::read(bytes, image);
+    const std::string id = context_.pictures.add(part_.partName(), std::move(bytes), file);
+    if (id != pictureLinkOf(drawing)) replacePicture(drawing, id, file, fileNameOnly(image));
 }
 
 void PartPreparation::markOptionals() {

@@ -42,6 +42,9 @@ class PartPreparation {
     [[nodiscard]] pugi::xml_node tableOf(const Bookmark& bookmark) const;
     [[nodiscard]] bool hasPlaceOf(pugi::xml_node row, const letters::ControlPath& path) const;
     void markOptionals();
+    void markPictures();
+    void markPicture(const Bookmark& bookmark, std::size_t number);
+    void showImage(pugi::xml_node drawing, const std::string& image);
     void markRepeated();
     void markBookmark(const Bookmark& bookmark);
     void markOnce(pugi::xml_node node);

@@ -34,21 +34,20 @@ struct ValuePath {
 /// A part of a template's XML that is always the same, or what stands between two such parts.
 struct Piece {
     enum class Kind : std::uint8_t {
-        Fixed,          ///< the XML itself
-        Value,          ///< a place's value
-        Rows,           ///< XML that is repeated for each record of a subform
-        Table,          ///< XML that may go when its subform has no records
-        Once,           ///< XML of the first repetition only
-        Id,             ///< an id, which has to be another one in each repetition
-        Optional,       ///< XML that goes when a value beside it is empty
-        PictureLink,    ///< the relationship of a picture
-        PictureHeight,  ///< the height of a picture in EMU
-        Section,        ///< the section of a record
-        SectionBreak,   ///< the properties of a section that another one follows
+        Fixed,         ///< the XML itself
+        Value,         ///< a place's value
+        Rows,          ///< XML that is repeated for each record of a subform
+        Table,         ///< XML that may go when its subform has no records
+        Once,          ///< XML of the first repetition only
+        Id,            ///< an id, which has to be another one in each repetition
+        Optional,      ///< XML that goes when a value beside it is empty
+        Picture,       ///< a drawing that shows a place's picture
+        Section,       ///< the section of a record
+        SectionBreak,  ///< the properties of a section that another one follows
     };
 
     Kind kind = Kind::Fixed;
-    std::string xml{};                 ///< of what is fixed; the id or the link of the template
+    std::string xml{};                 ///< of what is fixed; the template's id
     std::size_t number = 0;            ///< of the place, the table or the picture
     ValuePath source{};                ///< of a value, of rows and of a table
     Pieces inside{};                   ///< of rows, a table or an optional text

@@ -55,7 +55,8 @@ class RichTextWriter {
 
   private:
     [[nodiscard]] std::string element(const std::string& name, const std::string& value = {}) const {
-        const std::string attribute = value.empty() ? "" : " " + format_.attributePrefix + "val=\"" + value + '"';
+        const std::string attribute =
+            value.empty() ? "" : " " + format_.attributePrefix + "val=\"" + value + '"';
         return "<" + format_.prefix + name + attribute + "/>";
     }
 

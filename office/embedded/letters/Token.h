@@ -18,8 +18,8 @@ enum class TokenKind : char {
     Id = 'I',             ///< an id that must be unique
     OptionalStart = 'B',  ///< text that goes with an empty value beside it
     OptionalEnd = 'b',    ///< its end
-    PictureLink = 'P',    ///< the relationship to a picture
-    PictureHeight = 'H',  ///< the height of a picture
+    PictureStart = 'P',   ///< a picture that a record may replace
+    PictureEnd = 'p',     ///< its end
     SectionStart = 'D',   ///< the section of a record
     SectionEnd = 'd',     ///< its end
     SectionBreak = 'S',   ///< where the properties of a section stand that another one follows

@@ -5,6 +5,7 @@
 #include "office/model/letters/PlaceSource.h"
 #include "office/model/word/Enumerations.h"
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -20,6 +21,8 @@ enum class LetterUse { OneEach, OneForAll };
 struct LetterSettings {
     EmptyTables emptyTables = EmptyTables::KeepCaptions;
     LetterUse use = LetterUse::OneEach;
+    /// Returns the path of the file that an image of a record names, or an empty text.
+    std::function<std::string(const std::string& image)> findPicture{};
     word::WdSaveFormat format = word::WdSaveFormat::wdFormatXMLDocument;
 };
 
