@@ -51,6 +51,7 @@ class RichTextWriter {
             for (const RichRun& run : paragraph.runs)
                 appendRun(run.text, run.font);
         }
+        if (!isInRun_) startRun({});
     }
 
   private:
@@ -60,9 +61,13 @@ class RichTextWriter {
         return "<" + format_.prefix + name + attribute + "/>";
     }
 
-    void endRun() { xml_ += "</" + format_.prefix + "r>"; }
+    void endRun() {
+        if (isInRun_) xml_ += "</" + format_.prefix + "r>";
+        isInRun_ = false;
+    }
 
     void startRun(const RichFont& font) {
+        isInRun_ = true;
         xml_ += "<" + format_.prefix + "r>";
         const Properties properties = propertiesWith(font);
         if (properties.empty()) return;
@@ -80,12 +85,12 @@ class RichTextWriter {
 
     void endParagraph() {
         if (!format_.canSplit) {
+            if (!isInRun_) startRun({});
             xml_ += element("br");
             return;
         }
         endRun();
         xml_ += "</" + format_.prefix + "p><" + format_.prefix + "p>" + format_.paragraphProperties;
-        startRun({});
     }
 
     void appendMarker(const RichParagraph& paragraph) {
@@ -122,6 +127,7 @@ class RichTextWriter {
 
     std::string& xml_;
     const PlaceFormat& format_;
+    bool isInRun_ = true;
 };
 
 }  // namespace
