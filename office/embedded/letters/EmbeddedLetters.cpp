@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/LetterArchive.h"
-#include "office/embedded/letters/LetterPictures.h"
+#include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/LetterRenderer.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/PlaceMarker.h"
@@ -14,6 +14,7 @@
 #include "office/formats/FormatTable.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -63,8 +64,8 @@ class EmbeddedLetters final : public letters::Letters {
         content.storeParts();
         cutParts(content.package());
         archive_.emplace(savedBytes(content.package(), settings_.format), content.package().conformance());
-        pictures_.emplace(files, settings_.findPicture, *archive_);
-        renderer_.emplace(marked_, settings_, ids_, *pictures_);
+        added_.emplace(files, settings_.findPicture, *archive_);
+        renderer_.emplace(marked_, settings_, ids_, *added_);
         refusals_ = marked_.refusals;
         refusals_.insert(refusals_.end(), context_.refusals.begin(), context_.refusals.end());
     }
@@ -84,7 +85,7 @@ class EmbeddedLetters final : public letters::Letters {
     void write(std::span<const Record> records, ByteSink& sink) override {
         ChangedParts changed;
         renderer_->beginLetter();
-        pictures_->begin();
+        added_->begin();
         for (CutPart& part : parts_) {
             std::string xml;
             xml.reserve(lastSize_);
@@ -92,69 +93,116 @@ class EmbeddedLetters final : public letters::Letters {
             lastSize_ = std::max(lastSize_, xml.size());
             changed.emplace(part.entryName, std::move(xml));
         }
-        pictures_->addTo(changed);
+        added_->addTo(changed);
         archive_->write(sink, changed);
     }
 
     void append(const Record& record) override {
-        CutPart& main = parts_.front();
         // Only now it is certain that another section follows the one before.
-        if (pending_) appendSection(main, *pending_, IsLast::No);
+        if (pending_) appendSections(*pending_, IsLastSection::No);
         pending_ = record;
     }
 
     void finish(ByteSink& sink) override {
-        CutPart& main = parts_.front();
-        if (pending_) appendSection(main, *pending_, IsLast::Yes);
+        appendSections(*pending_, IsLastSection::Yes);
         ChangedParts changed;
-        std::string xml = outside(main, Side::Before);
-        xml += sections_ + outside(main, Side::After);
-        sections_.clear();
-        changed.emplace(main.entryName, std::move(xml));
-        pictures_->addTo(changed);
+        for (CutPart& part : parts_) {
+            if (part.kind != PartKind::HeaderOrFooter) changed.emplace(part.entryName, wholeXml(part));
+        }
+        for (auto& [entryName, xml] : firstHeaders_)
+            changed.emplace(entryName, std::move(xml));
+        added_->addTo(changed);
         archive_->write(sink, changed);
     }
 
   private:
-    enum class IsLast { No, Yes };
-    enum class Side { Before, After };
-
     static FreeIds freeIds(const WordContent& content) {
         return {content.highestDrawingId() + 1, content.highestId() + 1};
     }
 
     void cutParts(opc::Package& package) {
-        const std::vector<std::string> names = partsWithPlaces(package);
+        const std::vector<StoryPart> names = partsWithPlaces(package);
         const bool isForAll = settings_.use == letters::LetterUse::OneForAll;
-        for (const std::string& name : names) {
+        for (const auto& [name, kind] : names) {
+            const bool isLinked =
+                isForAll && kind == PartKind::HeaderOrFooter && hasPlaces(package.readPart(name));
+            if (isLinked) noteLinks(package, names.front().name, name);
+        }
+        for (const auto& [name, kind] : names) {
             const std::string xml = package.readPart(name);
-            const bool isMain = name == names.front();
-            const bool isCut = xml.find(kAnyToken) != std::string::npos || !marked_.tables.empty();
-            if (!isCut && !(isMain && isForAll)) continue;
+            const bool hasSections = isForAll && (kind == PartKind::Body || kind == PartKind::Notes);
+            if (!hasSections && !hasPlaces(xml)) continue;
             const std::unique_ptr<opc::XmlPart> part = opc::XmlPart::parse(xml, name, package.fileName());
-            parts_.push_back(cutPart(context_, *part, isMain));
+            parts_.push_back(cutPart(context_, *part, kind));
             parts_.back().entryName = entryNameOf(name);
         }
     }
 
-    void appendSection(CutPart& main, const Record& record, IsLast isLast) {
-        renderer_->setFirstSection(sections_.empty());
-        renderer_->setLastSection(isLast == IsLast::Yes);
-        for (Piece& piece : main.pieces) {
-            if (piece.kind == Piece::Kind::Section)
-                renderer_->render(main, piece.inside, std::span(&record, 1), sections_);
+    [[nodiscard]] bool hasPlaces(const std::string& xml) const {
+        const auto isThere = [&](const auto& marked) {
+            return xml.find('"' + marked.name + '"') != std::string::npos;
+        };
+        return xml.find(kAnyToken) != std::string::npos || std::ranges::any_of(marked_.places, isThere) ||
+               std::ranges::any_of(marked_.tables, isThere);
+    }
+
+    void noteLinks(opc::Package& package, const std::string& mainPart, const std::string& partName) {
+        opc::Relationships& relationships = package.relationshipsOf(mainPart);
+        for (const opc::Relationship& relationship : relationships.all()) {
+            if (relationship.mode != opc::TargetMode::Internal) continue;
+            if (relationships.targetPart(relationship) != partName) continue;
+            context_.linkedParts.insert(relationship.id);
+            linkedIds_.emplace_back(relationship.id, partName);
         }
     }
 
-    /// Returns the XML before or after the sections.
-    static std::string outside(const CutPart& main, Side side) {
+    void appendSections(const Record& record, IsLastSection isLast) {
+        renderer_->beginSection(section_, isLast);
+        for (CutPart& part : parts_) {
+            if (part.kind == PartKind::HeaderOrFooter) appendHeader(part, record);
+        }
+        for (CutPart& part : parts_) {
+            if (part.kind != PartKind::HeaderOrFooter) appendSection(part, record);
+        }
+        ++section_;
+    }
+
+    void appendSection(CutPart& part, const Record& record) {
+        for (Piece& piece : part.pieces) {
+            if (piece.kind == Piece::Kind::Section)
+                renderer_->render(part, piece.inside, std::span(&record, 1), part.sections);
+        }
+    }
+
+    /// Makes the header or footer of a section: the first section has the template's, the others have copies.
+    void appendHeader(CutPart& part, const Record& record) {
         std::string xml;
-        bool isAfter = false;
-        for (const Piece& piece : main.pieces) {
+        if (section_ == 0) {
+            renderer_->render(part, part.pieces, std::span(&record, 1), xml);
+            firstHeaders_.emplace(part.entryName, std::move(xml));
+            return;
+        }
+        const std::string name = added_->addLike(part.name);
+        const std::string ownName = std::exchange(part.name, name);
+        renderer_->render(part, part.pieces, std::span(&record, 1), xml);
+        part.name = ownName;
+        added_->setContent(name, std::move(xml));
+        for (const auto& [id, partName] : linkedIds_) {
+            if (partName == ownName) renderer_->setLink(id, added_->linkLike(parts_.front().name, id, name));
+        }
+    }
+
+    /// Returns the XML of a part with its sections. What stands around them belongs to the last record.
+    std::string wholeXml(CutPart& part) {
+        std::string xml;
+        xml.reserve(part.sections.size() + lastSize_);
+        for (Piece& piece : part.pieces) {
             if (piece.kind == Piece::Kind::Section) {
-                isAfter = true;
-            } else if (isAfter == (side == Side::After)) {
-                xml += piece.xml;
+                xml += part.sections;
+                part.sections = {};
+            } else {
+                Pieces one{piece};
+                renderer_->render(part, one, std::span(&*pending_, 1), xml);
             }
         }
         return xml;
@@ -166,12 +214,15 @@ class EmbeddedLetters final : public letters::Letters {
     CuttingContext context_;
     std::vector<CutPart> parts_;
     std::optional<LetterArchive> archive_;
-    std::optional<LetterPictures> pictures_;
+    std::optional<LetterParts> added_;
     std::optional<LetterRenderer> renderer_;
     std::vector<std::string> refusals_;
     std::size_t lastSize_ = 0;
     std::optional<Record> pending_;
-    std::string sections_;
+    std::int64_t section_ = 0;
+    /// The ids of relationships to headers and footers with places, and their parts.
+    std::vector<std::pair<std::string, std::string>> linkedIds_;
+    std::map<std::string, std::string> firstHeaders_;
 };
 
 class EmbeddedLetterTemplate final : public letters::LetterTemplate {

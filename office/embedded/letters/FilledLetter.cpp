@@ -5,15 +5,24 @@
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <map>
 #include <string_view>
+#include <utility>
 
 namespace mergeloom::embedded {
 
 namespace {
 
 using opc::WordTag;
+
+constexpr std::array<std::pair<const char*, PartKind>, 5> kRelatedParts = {
+    {{"header", PartKind::HeaderOrFooter},
+     {"footer", PartKind::HeaderOrFooter},
+     {"footnotes", PartKind::Notes},
+     {"endnotes", PartKind::Notes},
+     {"comments", PartKind::Comments}}};
 
 /// The text of a run that only keeps the formatting of a place.
 constexpr const char* kAnyText = "x";
@@ -108,22 +117,22 @@ class PartRestoration {
 
 }  // namespace
 
-std::vector<std::string> partsWithPlaces(opc::Package& package) {
+std::vector<StoryPart> partsWithPlaces(opc::Package& package) {
     const std::string mainPart = package.mainPart();
-    std::vector<std::string> parts{mainPart};
+    std::vector<StoryPart> parts{{mainPart, PartKind::Body}};
     opc::Relationships& relationships = package.relationshipsOf(mainPart);
-    for (const char* type : {"header", "footer", "footnotes", "endnotes", "comments"}) {
+    for (const auto& [type, kind] : kRelatedParts) {
         for (const opc::Relationship* relationship : relationships.ofOfficeType(type)) {
             const std::string part = relationships.targetPart(*relationship);
-            const bool isNew = std::ranges::find(parts, part) == parts.end();
-            if (isNew && package.hasPart(part)) parts.push_back(part);
+            const bool isNew = std::ranges::find(parts, part, &StoryPart::name) == parts.end();
+            if (isNew && package.hasPart(part)) parts.push_back({part, kind});
         }
     }
     return parts;
 }
 
 void restoreTemplate(opc::Package& package) {
-    for (const std::string& name : partsWithPlaces(package)) {
+    for (const auto& [name, kind] : partsWithPlaces(package)) {
         const std::unique_ptr<opc::XmlPart> part =
             opc::XmlPart::parse(package.readPart(name), name, package.fileName());
         PartRestoration(*part).restore();

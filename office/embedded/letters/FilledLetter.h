@@ -12,9 +12,16 @@ namespace mergeloom::embedded {
 /// in a number.
 inline constexpr const char* kAddedRowsName = "_MergeloomRows";
 
-/// Returns the names of the parts of a document that can contain places: its body, headers, footers, notes
-/// and comments.
-std::vector<std::string> partsWithPlaces(opc::Package& package);
+enum class PartKind { Body, HeaderOrFooter, Notes, Comments };
+
+/// A part of a document that can contain places.
+struct StoryPart {
+    std::string name;
+    PartKind kind;
+};
+
+/// Returns the parts of a document that can contain places, the body first.
+std::vector<StoryPart> partsWithPlaces(opc::Package& package);
 
 /// Brings a filled letter back to the form of its template: removes rows that were added, and puts a text
 /// into the empty runs at the beginning of places, which keep their formatting.

@@ -8,6 +8,7 @@
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace mergeloom::embedded {
@@ -76,12 +77,30 @@ void LetterRenderer::append(Pieces& pieces) {
                 append(piece.inside);
                 break;
             case Piece::Kind::SectionBreak:
-                if (!isLast_) xml_->append(piece.xml);
+                if (!isLast_) append(piece.inside);
+                break;
+            case Piece::Kind::NoteId:
+                xml_->append(std::to_string(std::atoll(piece.xml.c_str()) + section_ * kNotesOfSection));
+                break;
+            case Piece::Kind::PartLink:
+                xml_->append(linkOf(piece.xml));
                 break;
             default:
                 break;
         }
     }
+}
+
+const std::string& LetterRenderer::linkOf(const std::string& id) const {
+    const auto found = links_.find(id);
+    return found == links_.end() ? id : found->second;
+}
+
+void LetterRenderer::beginSection(std::int64_t number, IsLastSection isLast) {
+    section_ = number;
+    isFirst_ = number == 0;
+    isLast_ = isLast == IsLastSection::Yes;
+    links_.clear();
 }
 
 const RecordControl* LetterRenderer::controlOf(Piece& piece) const {
@@ -145,7 +164,7 @@ void LetterRenderer::appendPicture(Piece& piece) {
     pugi::xml_document document;
     document.load_buffer(xml.data(), xml.size(), pugi::parse_full | pugi::parse_ws_pcdata);
     const pugi::xml_node drawing = document.document_element();
-    replacePicture(drawing, pictures_.link(part_->name, *picture), picture->file, picture->name);
+    replacePicture(drawing, parts_.link(part_->name, *picture), picture->file, picture->name);
     opc::StringWriter writer(*xml_);
     drawing.print(writer, "", pugi::format_raw | pugi::format_no_declaration);
 }
@@ -153,7 +172,7 @@ void LetterRenderer::appendPicture(Piece& piece) {
 const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
     const RecordControl* const control = controlOf(piece);
     if (control == nullptr || control->image.empty()) return nullptr;
-    const LetterPicture* const picture = pictures_.add(control->image);
+    const LetterPicture* const picture = parts_.add(control->image);
     if (picture == nullptr) remarks_.insert("There is no picture '" + control->image + "'.");
     return picture;
 }

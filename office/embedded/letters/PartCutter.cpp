@@ -24,6 +24,14 @@ class Cutter {
     Pieces cut(std::string_view xml) {
         open_.push_back({});
         levels_.push_back({});
+        take(xml);
+        return std::move(open_.front().inside);
+    }
+
+  private:
+    void add(Piece piece) { open_.back().inside.push_back(std::move(piece)); }
+
+    void take(std::string_view xml) {
         std::string_view before;
         std::optional<Token> token;
         do {
@@ -31,11 +39,7 @@ class Cutter {
             if (!before.empty()) add({.kind = Piece::Kind::Fixed, .xml = std::string(before)});
             if (token) take(*token);
         } while (token);
-        return std::move(open_.front().inside);
     }
-
-  private:
-    void add(Piece piece) { open_.back().inside.push_back(std::move(piece)); }
 
     void take(const Token& token) {
         switch (token.kind) {
@@ -67,7 +71,13 @@ class Cutter {
             case TokenKind::Id:
                 return add({.kind = Piece::Kind::Id, .xml = prepared_.ids().at(token.number)});
             case TokenKind::SectionBreak:
-                return add({.kind = Piece::Kind::SectionBreak, .xml = prepared_.sectionBreak()});
+                open_.push_back({.kind = Piece::Kind::SectionBreak});
+                take(prepared_.sectionBreak());
+                return close();
+            case TokenKind::NoteId:
+                return add({.kind = Piece::Kind::NoteId, .xml = prepared_.ids().at(token.number)});
+            case TokenKind::PartLink:
+                return add({.kind = Piece::Kind::PartLink, .xml = prepared_.ids().at(token.number)});
             default:
                 return;
         }
@@ -113,8 +123,8 @@ class Cutter {
 
 }  // namespace
 
-CutPart cutPart(CuttingContext& context, opc::XmlPart& part, bool isMain) {
-    PartPreparation preparation(context, part, isMain);
+CutPart cutPart(CuttingContext& context, opc::XmlPart& part, PartKind kind) {
+    PartPreparation preparation(context, part, kind);
     preparation.prepare();
     const opc::WordNames names(part.root());
     CutPart cut{part.partName(),
@@ -123,7 +133,7 @@ CutPart cutPart(CuttingContext& context, opc::XmlPart& part, bool isMain) {
                 names.attribute(""),
                 Cutter(context.marked, preparation).cut(part.toXml()),
                 preparation.formats(),
-                isMain};
+                kind};
     findValuesBeside(cut.pieces);
     return cut;
 }

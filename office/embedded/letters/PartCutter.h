@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/PlaceMarker.h"
 #include "office/embedded/parts/PictureParts.h"
@@ -8,6 +9,7 @@
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,7 +30,8 @@ struct CutPart {
     Pieces pieces;
     /// The formatting at the places, by their numbers; of places in other parts it is empty.
     std::vector<PlaceFormat> formats;
-    bool isMain = false;
+    PartKind kind = PartKind::Body;
+    std::string sections{};  ///< of the records so far, in one document for all
 };
 
 /// What all parts of a template share while they are cut.
@@ -38,11 +41,13 @@ struct CuttingContext {
     opc::Package& package;
     FileStore& files;
     PictureParts pictures{package};
+    /// The ids of relationships to headers and footers that contain places.
+    std::set<std::string> linkedParts{};
     std::vector<std::string> refusals{};
     bool listsRecords = false;
 };
 
 /// Cuts a part at its tokens. Rows that list records become pieces that repeat.
-CutPart cutPart(CuttingContext& context, opc::XmlPart& part, bool isMain);
+CutPart cutPart(CuttingContext& context, opc::XmlPart& part, PartKind kind);
 
 }  // namespace mergeloom::embedded

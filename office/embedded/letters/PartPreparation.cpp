@@ -48,11 +48,11 @@ bool isParagraphId(std::string_view name) {
 
 }  // namespace
 
-PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, bool isMain)
+PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, PartKind kind)
     : context_(context),
       part_(part),
       names_(part.root()),
-      isMain_(isMain),
+      kind_(kind),
       formats_(context.marked.places.size()) {
     for (std::size_t number = 0; number < context.marked.places.size(); ++number)
         placesByName_[context.marked.places[number].name] = number;
@@ -65,7 +65,7 @@ void PartPreparation::prepare() {
     markOptionals();
     markRepeated();
     markValues();
-    if (isMain_ && context_.settings.use == letters::LetterUse::OneForAll) markSections();
+    if (context_.settings.use == letters::LetterUse::OneForAll) markSections();
 }
 
 void PartPreparation::collect(pugi::xml_node node) {
@@ -264,9 +264,7 @@ void PartPreparation::makeRepeatable(pugi::xml_node node) {
 void PartPreparation::makeElementRepeatable(pugi::xml_node element) {
     const std::string_view name = element.name();
     if (name.ends_with(":docPr")) {
-        pugi::xml_attribute id = element.attribute("id");
-        ids_.emplace_back(id.value());
-        id.set_value(Token{TokenKind::Id, ids_.size() - 1}.text().c_str());
+        markId(element.attribute("id"), TokenKind::Id);
     }
     if (name == names_.element("sdtPr")) element.remove_child(names_.element("id").c_str());
     for (pugi::xml_attribute attribute = element.first_attribute(); attribute;) {
@@ -285,10 +283,60 @@ bool PartPreparation::isRepeated(pugi::xml_node node) const {
 }
 
 void PartPreparation::markSections() {
+    if (kind_ == PartKind::Body) markBodySections();
+    if (kind_ == PartKind::Notes) markNotes();
+}
+
+void PartPreparation::markNotes() {
+    std::vector<pugi::xml_node> notes;
+    for (const pugi::xml_node note : part_.root().children()) {
+        // The separators between text and notes are notes, too.
+        const std::string_view type = names_.value(note, "type");
+        const bool isNote = note.type() == pugi::node_element && (type.empty() || type == "normal");
+        if (isNote) notes.push_back(note);
+    }
+    if (notes.empty()) return;
+    for (const pugi::xml_node note : notes)
+        markId(note.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
+    insertBefore(notes.front(), {TokenKind::SectionStart, 0});
+    insertAfter(notes.back(), {TokenKind::SectionEnd, 0});
+}
+
+void PartPreparation::markNoteIds(pugi::xml_node below) {
+    for (const pugi::xml_node child : below.children()) {
+        const std::string_view name = opc::localName(child);
+        const bool isReference = name == "footnoteReference" || name == "endnoteReference";
+        if (isReference) markId(child.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
+        markNoteIds(child);
+    }
+}
+
+void PartPreparation::markPartLinks(pugi::xml_node below) {
+    for (const pugi::xml_node child : below.children()) {
+        const std::string_view name = opc::localName(child);
+        const bool isReference = name == "headerReference" || name == "footerReference";
+        if (isReference) {
+            const pugi::xml_attribute id = child.find_attribute([](pugi::xml_attribute attribute) {
+                return std::string_view(attribute.name()).ends_with(":id");
+            });
+            if (context_.linkedParts.contains(id.value())) markId(id, TokenKind::PartLink);
+        }
+        markPartLinks(child);
+    }
+}
+
+void PartPreparation::markId(pugi::xml_attribute attribute, TokenKind kind) {
+    ids_.emplace_back(attribute.value());
+    attribute.set_value(Token{kind, ids_.size() - 1}.text().c_str());
+}
+
+void PartPreparation::markBodySections() {
     const pugi::xml_node body = part_.root().child(names_.element("body").c_str());
     pugi::xml_node section = body.child(names_.element("sectPr").c_str());
     if (!section) section = pugi::xml_node(body).append_child(names_.element("sectPr").c_str());
     startOnNewPage(firstSectionOf(body, names_), names_);
+    markNoteIds(body);
+    markPartLinks(body);
     pugi::xml_node(body)
         .prepend_child(pugi::node_pcdata)
         .set_value(Token{TokenKind::SectionStart, 0}.text().c_str());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Token.h"
 #include "office/opc/WordNames.h"
@@ -16,7 +17,7 @@ namespace mergeloom::embedded {
 /// Writes the tokens into a part's tree at which its XML is cut.
 class PartPreparation {
   public:
-    PartPreparation(CuttingContext& context, opc::XmlPart& part, bool isMain);
+    PartPreparation(CuttingContext& context, opc::XmlPart& part, PartKind kind);
 
     void prepare();
 
@@ -52,6 +53,11 @@ class PartPreparation {
     void makeElementRepeatable(pugi::xml_node element);
     [[nodiscard]] bool isRepeated(pugi::xml_node node) const;
     void markSections();
+    void markBodySections();
+    void markNotes();
+    void markNoteIds(pugi::xml_node below);
+    void markPartLinks(pugi::xml_node below);
+    void markId(pugi::xml_attribute attribute, TokenKind kind);
     void markSectionBreak(pugi::xml_node body, pugi::xml_node section);
 
     static void insertBefore(pugi::xml_node node, const Token& token);
@@ -60,7 +66,7 @@ class PartPreparation {
     CuttingContext& context_;
     opc::XmlPart& part_;
     opc::WordNames names_;
-    bool isMain_;
+    PartKind kind_;
     std::vector<PlaceFormat> formats_;
     std::vector<std::string> once_;
     std::vector<std::string> ids_;

@@ -42,12 +42,14 @@ struct Piece {
         Id,            ///< an id, which has to be another one in each repetition
         Optional,      ///< XML that goes when a value beside it is empty
         Picture,       ///< a drawing that shows a place's picture
+        NoteId,        ///< the id of a note, which each section has of its own
+        PartLink,      ///< the relationship of a header or a footer that differs from section to section
         Section,       ///< the section of a record
         SectionBreak,  ///< the properties of a section that another one follows
     };
 
     Kind kind = Kind::Fixed;
-    std::string xml{};                 ///< of what is fixed; the template's id
+    std::string xml{};                 ///< of what is fixed; the id of the template
     std::size_t number = 0;            ///< of the place, the table or the picture
     ValuePath source{};                ///< of a value, of rows and of a table
     Pieces inside{};                   ///< of rows, a table or an optional text

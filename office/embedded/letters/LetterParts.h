@@ -24,10 +24,10 @@ struct LetterPicture {
 };
 
 /// Adds the pictures of records to letters: their parts, relationships and content types.
-class LetterPictures {
+class LetterParts {
   public:
     /// The archive must outlive it.
-    LetterPictures(FileStore& files, PictureFinder find, const LetterArchive& archive)
+    LetterParts(FileStore& files, PictureFinder find, const LetterArchive& archive)
         : files_(files), find_(std::move(find)), archive_(archive) {}
 
     /// Forgets the pictures of the letter before.
@@ -37,11 +37,19 @@ class LetterPictures {
     const LetterPicture* add(const std::string& image);
     /// Returns the id of a relationship from a part to a picture.
     std::string link(const std::string& partName, const LetterPicture& picture);
+    /// Adds a part like one of the template, with other content. Returns its name, which relationships of it
+    /// need before its content is known.
+    std::string addLike(const std::string& partName);
+    void setContent(const std::string& partName, std::string xml);
+    /// Returns the id of a new relationship from the main part to such a part, of the type of another one.
+    std::string linkLike(const std::string& mainPart, const std::string& id, const std::string& partName);
+
     /// Adds the parts of the pictures to those of the letter.
     void addTo(ChangedParts& changed);
 
   private:
-    std::string newPartName(const std::string& extension);
+    std::string newPartName(const std::string& start, const std::string& extension);
+    opc::Relationships& relationshipsOf(const std::string& partName);
 
     FileStore& files_;
     PictureFinder find_;
@@ -50,6 +58,7 @@ class LetterPictures {
     std::map<std::string, std::string> bytes_;       ///< by their parts
     std::map<std::string, opc::Relationships> relationships_;
     std::map<std::pair<std::string, std::string>, std::string> links_;  ///< by the parts at both ends
+    std::map<std::string, std::string> models_;  ///< the template's parts by those that are like them
     int lastNumber_ = 0;
 };
 
