@@ -142,8 +142,8 @@ class EmbeddedLetters final : public letters::Letters {
         const auto isThere = [&](const auto& marked) {
             return xml.find('"' + marked.name + '"') != std::string::npos;
         };
-        return xml.find(kAnyToken) != std::string::npos || std::ranges::any_of(marked_.places, isThere) ||
-               std::ranges::any_of(marked_.tables, isThere);
+        return xml.find(kAnyToken) != std::string::npos || xml.find(kKeptPlace) != std::string::npos ||
+               std::ranges::any_of(marked_.places, isThere) || std::ranges::any_of(marked_.tables, isThere);
     }
 
     void noteLinks(opc::Package& package, const std::string& mainPart, const std::string& partName) {

@@ -24,9 +24,6 @@ constexpr std::array<std::pair<const char*, PartKind>, 5> kRelatedParts = {
      {"endnotes", PartKind::Notes},
      {"comments", PartKind::Comments}}};
 
-/// The text of a run that only keeps the formatting of a place.
-constexpr const char* kAnyText = "x";
-
 /// Restores one part.
 class PartRestoration {
   public:
@@ -88,7 +85,7 @@ class PartRestoration {
         if (!openRows_.empty()) openRows_.back().hasText = true;
         const pugi::xml_node text = names_.child(run, WordTag::TextElement);
         if (afterStart_ && text && !text.first_child() && text == run.last_child()) {
-            pugi::xml_node(text).append_child(pugi::node_pcdata).set_value(kAnyText);
+            pugi::xml_node(text).append_child(pugi::node_pcdata).set_value(kKeptPlace);
             ++filledRuns_;
         }
         afterStart_ = false;

@@ -8,6 +8,10 @@
 /// A letter that was filled can be filled again. Two marks that Word keeps show what the filling made.
 namespace mergeloom::embedded {
 
+/// Stands, in a restored template, where an empty run keeps the formatting of a place. No text has it
+/// (U+FDD2).
+inline constexpr const char* kKeptPlace = "\uFDD2";
+
 /// Begins the names of hidden bookmarks over the rows that were added below a table's pattern rows. Each ends
 /// in a number.
 inline constexpr const char* kAddedRowsName = "_MergeloomRows";

@@ -65,7 +65,7 @@ void LetterRenderer::append(Pieces& pieces) {
                 if (keepsTable(piece)) append(piece.inside);
                 break;
             case Piece::Kind::Optional:
-                if (isShown(piece)) append(piece.inside);
+                appendOptional(piece);
                 break;
             case Piece::Kind::Once:
                 if (isFirst_) xml_->append(piece.xml);
@@ -89,6 +89,12 @@ void LetterRenderer::append(Pieces& pieces) {
                 break;
         }
     }
+}
+
+void LetterRenderer::appendOptional(Piece& piece) {
+    const bool isShown = std::ranges::none_of(piece.beside, [this](Piece& value) { return isEmpty(value); });
+    if (isShown) return append(piece.inside);
+    if (settings_.use == letters::LetterUse::OneEach && isFirst_) xml_->append(piece.xml);
 }
 
 const std::string& LetterRenderer::linkOf(const std::string& id) const {
@@ -117,10 +123,6 @@ std::span<const Record> LetterRenderer::recordsOf(Piece& piece) const {
 
 bool LetterRenderer::isEmpty(Piece& piece) const {
     return hasNothing(controlOf(piece), marked_.places[piece.number].source.value);
-}
-
-bool LetterRenderer::isShown(Piece& piece) const {
-    return std::ranges::none_of(piece.beside, [this](Piece& value) { return isEmpty(value); });
 }
 
 bool LetterRenderer::keepsTable(Piece& piece) const {

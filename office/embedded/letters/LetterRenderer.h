@@ -44,6 +44,7 @@ class LetterRenderer {
     void appendValue(Piece& piece);
     /// Returns false, and appends nothing, for rich text that is broken.
     bool appendRich(const RecordControl& control, const PlaceFormat& format);
+    void appendOptional(Piece& piece);
     void appendPicture(Piece& piece);
     /// Returns the picture of a record; null when there is none, which is remarked.
     const LetterPicture* pictureOf(Piece& piece);
@@ -54,7 +55,6 @@ class LetterRenderer {
     [[nodiscard]] const RecordControl* controlOf(Piece& piece) const;
     [[nodiscard]] std::span<const Record> recordsOf(Piece& piece) const;
     [[nodiscard]] bool isEmpty(Piece& piece) const;
-    [[nodiscard]] bool isShown(Piece& piece) const;
     [[nodiscard]] bool keepsTable(Piece& piece) const;
 
     const MarkedPlaces& marked_;

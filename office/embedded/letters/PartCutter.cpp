@@ -1,5 +1,6 @@
 #include "office/embedded/letters/PartCutter.h"
 
+#include "base/Text.h"
 #include "office/embedded/letters/OptionalText.h"
 #include "office/embedded/letters/PartPreparation.h"
 #include "office/embedded/letters/Token.h"
@@ -36,7 +37,7 @@ class Cutter {
         std::optional<Token> token;
         do {
             token = Token::takeFirst(xml, before);
-            if (!before.empty()) add({.kind = Piece::Kind::Fixed, .xml = std::string(before)});
+            if (!before.empty()) add({.kind = Piece::Kind::Fixed, .xml = replaceAll(before, kKeptPlace, "")});
             if (token) take(*token);
         } while (token);
     }
@@ -51,7 +52,9 @@ class Cutter {
             case TokenKind::TableStart:
                 return open(Piece::Kind::Table, token.number);
             case TokenKind::OptionalStart:
-                return open_.push_back({.kind = Piece::Kind::Optional, .number = token.number});
+                return open_.push_back({.kind = Piece::Kind::Optional,
+                                        .xml = prepared_.optionalKeepers().at(token.number),
+                                        .number = token.number});
             case TokenKind::SectionStart:
                 return open_.push_back({.kind = Piece::Kind::Section});
             case TokenKind::PictureStart:

@@ -53,7 +53,8 @@ PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, Pa
       part_(part),
       names_(part.root()),
       kind_(kind),
-      formats_(context.marked.places.size()) {
+      formats_(context.marked.places.size()),
+      optionalKeepers_(context.marked.optionals.size()) {
     for (std::size_t number = 0; number < context.marked.places.size(); ++number)
         placesByName_[context.marked.places[number].name] = number;
 }
@@ -208,9 +209,21 @@ void PartPreparation::markOptionals() {
             first == last || (names_.tagOf(first) == WordTag::Paragraph &&
                               names_.tagOf(last) == WordTag::Paragraph && first.parent() == last.parent());
         if (!areBeside) continue;
+        optionalKeepers_[number] = keeperXml(found->start);
         insertAfter(found->start, {TokenKind::OptionalStart, number});
         insertBefore(found->end, {TokenKind::OptionalEnd, number});
     }
+}
+
+/// Returns an empty run in the formatting of the run after a mark.
+std::string PartPreparation::keeperXml(pugi::xml_node mark) const {
+    pugi::xml_node run = mark.next_sibling();
+    while (run && names_.tagOf(run) != WordTag::Run)
+        run = run.next_sibling();
+    const pugi::xml_node properties = names_.child(run, WordTag::RunProperties);
+    const std::string name = names_.element("r");
+    return "<" + name + ">" + (properties ? xmlOf(properties) : "") + "<" + names_.element("t") + "/></" +
+           name + ">";
 }
 
 void PartPreparation::markRepeated() {

@@ -23,6 +23,8 @@ class PartPreparation {
 
     /// Return what the tokens stand for, by their numbers.
     [[nodiscard]] const std::vector<PlaceFormat>& formats() const { return formats_; }
+    /// Return the runs that keep the places of optional text that is left out.
+    [[nodiscard]] const std::vector<std::string>& optionalKeepers() const { return optionalKeepers_; }
     [[nodiscard]] const std::vector<std::string>& onceXml() const { return once_; }
     [[nodiscard]] const std::vector<std::string>& ids() const { return ids_; }
     [[nodiscard]] const std::string& sectionBreak() const { return sectionBreak_; }
@@ -43,6 +45,7 @@ class PartPreparation {
     [[nodiscard]] pugi::xml_node tableOf(const Bookmark& bookmark) const;
     [[nodiscard]] bool hasPlaceOf(pugi::xml_node row, const letters::ControlPath& path) const;
     void markOptionals();
+    [[nodiscard]] std::string keeperXml(pugi::xml_node mark) const;
     void markPictures();
     void markPicture(const Bookmark& bookmark, std::size_t number);
     void showImage(pugi::xml_node drawing, const std::string& image);
@@ -68,6 +71,7 @@ class PartPreparation {
     opc::WordNames names_;
     PartKind kind_;
     std::vector<PlaceFormat> formats_;
+    std::vector<std::string> optionalKeepers_;
     std::vector<std::string> once_;
     std::vector<std::string> ids_;
     std::string sectionBreak_;

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/Token.h"
 
 #include <algorithm>
@@ -95,9 +96,11 @@ class PlaceMarker {
 
     void markOptional(BookmarkRecord& record, const OptionalText& optional) {
         // In a letter that was filled its text may be gone.
-        const bool isEmpty = startOf(record) == endOf(record);
-        if (isEmpty && !replace(record, optional.text)) return;
-        marked_.optionals.push_back(record.name);
+        const std::string shown = record.story->text(startOf(record), endOf(record));
+        const bool isGone = shown.empty() || shown == kKeptPlace;
+        const std::string name = record.name;
+        if (isGone && !replace(record, optional.text)) return;
+        marked_.optionals.push_back(name);
     }
 
     /// Replaces the text of a bookmark and keeps the bookmark.

@@ -25,7 +25,8 @@ bool isSpecial(char byte) {
 bool isForbidden(std::string_view text, std::size_t position) {
     const std::string_view three = text.substr(position, 3);
     // The noncharacters mark the places themselves (U+FDD0, U+FDD1).
-    return three == "\uFFFE" || three == "\uFFFF" || three == "\uFDD0" || three == "\uFDD1";
+    return three == "\uFFFE" || three == "\uFFFF" || three == "\uFDD0" || three == "\uFDD1" ||
+           three == "\uFDD2";
 }
 
 std::string_view entityOf(char byte) {
