@@ -16,6 +16,7 @@ class PosixCalls final : public FileSystemCalls {
         return ::write(file, bytes, count);
     }
     int fsync(int file) override { return ::fsync(file); }
+    int syncfs(int file) override { return ::syncfs(file); }
     int fchmod(int file, mode_t mode) override { return ::fchmod(file, mode); }
     int close(int file) override { return ::close(file); }
     int stat(const char* path, struct stat* status) override { return ::stat(path, status); }
@@ -28,10 +29,6 @@ class PosixCalls final : public FileSystemCalls {
 };
 
 }  // namespace
-
-int FileSystemCalls::syncfs(int file) {
-    return ::syncfs(file);
-}
 
 FileSystemCalls& systemFileCalls() {
     static PosixCalls calls;

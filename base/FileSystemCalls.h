@@ -20,7 +20,7 @@ class FileSystemCalls {
     virtual ssize_t read(int file, void* bytes, std::size_t count) = 0;
     virtual ssize_t write(int file, const void* bytes, std::size_t count) = 0;
     virtual int fsync(int file) = 0;
-    virtual int syncfs(int file);
+    virtual int syncfs(int file) = 0;
     virtual int fchmod(int file, mode_t mode) = 0;
     virtual int close(int file) = 0;
     virtual int stat(const char* path, struct stat* status) = 0;

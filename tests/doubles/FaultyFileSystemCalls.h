@@ -28,6 +28,7 @@ class FaultyFileSystemCalls final : public FileSystemCalls {
         return fails("write") ? -1 : system_.write(file, bytes, count);
     }
     int fsync(int file) override { return fails("fsync") ? -1 : system_.fsync(file); }
+    int syncfs(int file) override { return fails("syncfs") ? -1 : system_.syncfs(file); }
     int fchmod(int file, mode_t mode) override { return fails("fchmod") ? -1 : system_.fchmod(file, mode); }
     int close(int file) override {
         const int result = system_.close(file);
