@@ -39,112 +39,121 @@ RecordBuilder::Kind RecordBuilder::kindOf(std::string_view localName) const {
 void RecordBuilder::startElement(std::string_view localName) {
     size_ += kSmallestElement;
     const Kind kind = kindOf(localName);
-    if (kind == Kind::Markup) startMarkup(localName);
-    if (!frames_.empty()) frames_.back().hasElements = true;
-    frames_.push_back({kind});
-    if (kind == Kind::Markup) frames_.back().text = localName;
+    if (!elements_.empty()) elements_.back().hasElements = true;
+    elements_.push_back({kind});
+    switch (kind) {
+        case Kind::Other:
+            return;
+        case Kind::Record:
+            records_.emplace_back();
+            controlsAround_.push_back(controls_.size());
+            return;
+        case Kind::Control:
+            controls_.emplace_back();
+            return;
+        case Kind::Markup:
+            return startMarkup(localName);
+        default:
+            values_.emplace_back();
+    }
 }
 
 void RecordBuilder::addAttribute(std::string_view localName, std::string_view value) {
     size_ += value.size();
-    Frame& frame = frames_.back();
-    if (frame.kind == Kind::Markup) {
-        Frame* rich = enclosing(Kind::Rich);
-        rich->text += " " + std::string(localName) + "=\"" + std::string(value) + '"';
+    const Kind kind = innerKind();
+    if (kind == Kind::Markup) {
+        values_.back().append(" ").append(localName).append("=\"").append(value).append("\"");
         return;
     }
-    if (frame.kind != Kind::Control) return;
+    if (kind != Kind::Control) return;
     const auto attribute = static_cast<Attribute>(NamedItemIndex(NamedItemList::Attributes, localName));
-    if (attribute == Attribute::Name) frame.control.name = value;
-    if (attribute == Attribute::Image) frame.control.image = value;
+    if (attribute == Attribute::Name) controls_.back().name = value;
+    if (attribute == Attribute::Image) controls_.back().image = value;
 }
 
 void RecordBuilder::addText(std::string_view text) {
     size_ += text.size();
-    if (frames_.empty()) return;
     const Kind kind = innerKind();
-    if (kind == Kind::Markup) {
-        closeStartTag();
-        enclosing(Kind::Rich)->text += text;
-    } else if (kind != Kind::Other && kind != Kind::Record && kind != Kind::Control) {
-        frames_.back().text += text;
-    }
+    if (kind == Kind::Other || kind == Kind::Record || kind == Kind::Control) return;
+    if (kind == Kind::Markup) closeStartTag();
+    values_.back() += text;
 }
 
 void RecordBuilder::endElement() {
-    Frame frame = std::move(frames_.back());
-    frames_.pop_back();
-    finish(frame);
-}
-
-RecordBuilder::Frame* RecordBuilder::enclosing(Kind kind) {
-    for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame) {
-        if (frame->kind == kind) return &*frame;
+    const Element element = elements_.back();
+    elements_.pop_back();
+    switch (element.kind) {
+        case Kind::Other:
+            return;
+        case Kind::Record:
+            return finishRecord();
+        case Kind::Control:
+            return finishControl();
+        case Kind::Markup:
+            return endMarkup();
+        default:
+            return finishValue(element);
     }
-    return nullptr;
 }
 
 void RecordBuilder::startMarkup(std::string_view localName) {
     closeStartTag();
-    enclosing(Kind::Rich)->text += "<" + std::string(localName);
+    values_.back().append("<").append(localName);
+    markup_.emplace_back(localName);
     startTagIsOpen_ = true;
 }
 
 void RecordBuilder::closeStartTag() {
-    if (startTagIsOpen_) enclosing(Kind::Rich)->text += ">";
+    if (startTagIsOpen_) values_.back() += ">";
     startTagIsOpen_ = false;
 }
 
-void RecordBuilder::finish(Frame& frame) {
-    switch (frame.kind) {
-        case Kind::Other:
-            return;
-        case Kind::Record:
-            return finishRecord(frame);
-        case Kind::Control:
-            return finishControl(frame);
-        case Kind::Markup:
-            closeStartTag();
-            enclosing(Kind::Rich)->text += "</" + frame.text + ">";
-            return;
-        default:
-            return finishValue(frame);
+void RecordBuilder::endMarkup() {
+    closeStartTag();
+    values_.back().append("</").append(markup_.back()).append(">");
+    markup_.pop_back();
+}
+
+void RecordBuilder::finishRecord() {
+    Record record = std::move(records_.back());
+    records_.pop_back();
+    const std::size_t around = controlsAround_.back();
+    controlsAround_.pop_back();
+    const std::size_t aroundOuter = controlsAround_.empty() ? 0 : controlsAround_.back();
+    if (around > aroundOuter) {
+        controls_.back().records.push_back(std::move(record));
+    } else if (records_.empty()) {
+        handler_(record);
     }
 }
 
-void RecordBuilder::finishRecord(Frame& frame) {
-    if (Frame* control = enclosing(Kind::Control)) {
-        control->control.records.push_back(std::move(frame.record));
-    } else if (!enclosing(Kind::Record)) {
-        handler_(frame.record);
-    }
+void RecordBuilder::finishControl() {
+    if (!records_.empty()) records_.back().controls.push_back(std::move(controls_.back()));
+    controls_.pop_back();
 }
 
-void RecordBuilder::finishControl(Frame& frame) {
-    Frame* outer = enclosing(Kind::Record);
-    if (outer != nullptr) outer->record.controls.push_back(std::move(frame.control));
-}
-
-void RecordBuilder::finishValue(Frame& frame) {
-    Frame* owner = enclosing(Kind::Control);
-    if (owner == nullptr) return;
-    RecordControl& control = owner->control;
-    switch (frame.kind) {
+void RecordBuilder::finishValue(const Element& element) {
+    std::string value = std::move(values_.back());
+    values_.pop_back();
+    const std::size_t around = controlsAround_.empty() ? 0 : controlsAround_.back();
+    if (controls_.size() == around) return;
+    RecordControl& control = controls_.back();
+    switch (element.kind) {
         case Kind::Display:
             // Between the elements of a rich text there is only the document's own white space.
-            if (!frame.hasElements) control.displayValue = std::move(frame.text);
+            if (!element.hasElements) control.displayValue = std::move(value);
             return;
         case Kind::Bound:
-            control.boundValue = std::move(frame.text);
+            control.boundValue = std::move(value);
             return;
         case Kind::Rich:
-            control.richText = std::move(frame.text);
+            control.richText = std::move(value);
             return;
         case Kind::Plain:
-            control.plainText = std::move(frame.text);
+            control.plainText = std::move(value);
             return;
         default:
-            control.image = std::move(frame.text);
+            control.image = std::move(value);
     }
 }
 

@@ -31,26 +31,30 @@ class RecordBuilder {
 
   private:
     enum class Kind { Other, Record, Control, Display, Bound, Rich, Plain, Image, Markup };
-    struct Frame {
+    struct Element {
         Kind kind = Kind::Other;
         bool hasElements = false;
-        std::string text{};
-        Record record{};
-        RecordControl control{};
     };
 
     [[nodiscard]] Kind kindOf(std::string_view localName) const;
-    [[nodiscard]] Kind innerKind() const { return frames_.empty() ? Kind::Other : frames_.back().kind; }
-    Frame* enclosing(Kind kind);
+    [[nodiscard]] Kind innerKind() const { return elements_.empty() ? Kind::Other : elements_.back().kind; }
     void startMarkup(std::string_view localName);
     void closeStartTag();
-    void finish(Frame& frame);
-    void finishRecord(Frame& frame);
-    void finishControl(Frame& frame);
-    void finishValue(Frame& frame);
+    void endMarkup();
+    void finishRecord();
+    void finishControl();
+    void finishValue(const Element& element);
 
     const RecordHandler& handler_;
-    std::vector<Frame> frames_;
+    std::vector<Element> elements_;
+    // The records, controls and values that have begun and not ended, the innermost last.
+    std::vector<Record> records_;
+    std::vector<RecordControl> controls_;
+    std::vector<std::string> values_;
+    std::vector<std::string> markup_;  ///< the names of elements inside rich text
+    /// The number of controls that had begun when each record began: a control belongs to the innermost
+    /// record.
+    std::vector<std::size_t> controlsAround_;
     bool startTagIsOpen_ = false;  ///< of markup inside rich text
     std::size_t size_ = 0;
 };
