@@ -12,6 +12,7 @@
 #include "office/factory/OfficeFactory.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace mergeloom {
@@ -96,20 +97,9 @@ void FillCommand::survey() {
 
 void FillCommand::surveyRecord(const Record& record) {
     ++records_;
-    noteControls(record, {});
+    seen_.note(record);
     // All names count, so that runs that share the records refuse the same.
     if (names_.dependOnRecord()) taken_.take(names_.pathFor(record, records_), records_);
-}
-
-void FillCommand::noteControls(const Record& record, const ControlPath& path) {
-    ControlPath below = path;
-    below.emplace_back();
-    for (const RecordControl& control : record.controls) {
-        below.back() = control.name;
-        if (!seen_.contains(below)) seen_.insert(below);
-        for (const Record& row : control.records)
-            noteControls(row, below);
-    }
 }
 
 void FillCommand::compile() {
@@ -165,15 +155,12 @@ std::vector<std::string> FillCommand::differences() const {
     std::vector<std::string> unfilled;
     std::set<ControlPath> placed;
     for (const letters::PlaceSource& place : letters_->filledPlaces()) {
-        const bool isKnown = seen_.contains(place.path) || !place.image.empty();
+        const bool isKnown = seen_.has(place.path) || !place.image.empty();
         if (placed.insert(place.path).second && !isKnown) unfilled.push_back(nameOf(place.path));
     }
     std::vector<std::string> unplaced;
-    for (const ControlPath& path : seen_) {
-        const bool hasRows = std::ranges::any_of(seen_, [&](const ControlPath& other) {
-            return other.size() > path.size() && std::equal(path.begin(), path.end(), other.begin());
-        });
-        if (!hasRows && !placed.contains(path)) unplaced.push_back(nameOf(path));
+    for (const ControlPath& path : seen_.values()) {
+        if (!placed.contains(path)) unplaced.push_back(nameOf(path));
     }
     const auto add = [&texts](const std::string& start, const std::vector<std::string>& names) {
         if (!names.empty()) texts.push_back(start + joinedNames(names) + ".");

@@ -5,6 +5,7 @@
 #include "app/LetterNames.h"
 #include "app/MappingSource.h"
 #include "app/OfficeFormats.h"
+#include "app/SeenControls.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 #include "base/Messages.h"
@@ -15,7 +16,6 @@
 #include <functional>
 #include <memory>
 #include <ostream>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -48,7 +48,6 @@ class FillCommand {
     void checkOptions() const;
     void survey();
     void surveyRecord(const Record& record);
-    void noteControls(const Record& record, const letters::ControlPath& path);
     void compile();
     void checkNames() const;
     void checkTargets() const;
@@ -70,7 +69,7 @@ class FillCommand {
     std::unique_ptr<MappingSource> source_;
     const TreeNode* object_ = nullptr;
     std::size_t records_ = 0;
-    std::set<letters::ControlPath> seen_;
+    SeenControls seen_;
     TakenNames taken_;
 
     std::unique_ptr<letters::LetterTemplate> template_;

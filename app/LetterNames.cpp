@@ -27,7 +27,7 @@ void checkValue(const std::string& control, const std::string& value, std::size_
     const std::string between = "x" + value + "x";
     if (value.find('/') == std::string::npos && validFileName(between) == between) return;
     refuseName("The value \"" + value + "\" of {" + control + "} in " + recordText(number) +
-           " cannot be a part of a file name.");
+               " cannot be a part of a file name.");
 }
 
 }  // namespace
@@ -59,14 +59,14 @@ std::string LetterNames::pathFor(const Record& record, std::size_t number) const
     const std::string name = fileNameOnly(path);
     if (validFileName(name) == name) return path;
     refuseName("The file name \"" + name + "\" of " + recordText(number) +
-           " is none that every system can hold.");
+               " is none that every system can hold.");
 }
 
 void TakenNames::take(const std::string& path, std::size_t number) {
     const auto [found, isNew] = numbers_.emplace(foldCase(path), number);
     if (isNew) return;
     refuseName("The file '" + path + "' would be written for two records, " + std::to_string(found->second) +
-           " and " + std::to_string(number) + ".");
+               " and " + std::to_string(number) + ".");
 }
 
 }  // namespace mergeloom

@@ -3,6 +3,7 @@
 #include <libdeflate.h>
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <new>
 
@@ -46,15 +47,24 @@ Attempt inflateInto(libdeflate_decompressor* decompressor, std::string_view defl
     return attempt;
 }
 
+/// Returns the thread's compressor of a level. It is kept, since for a small part making one takes longer
+/// than its use.
+libdeflate_compressor* compressorOf(DeflateLevel level) {
+    thread_local std::map<int, Compressor> compressors;
+    Compressor& compressor = compressors[level.value];
+    if (!compressor) compressor = allocated(Compressor(libdeflate_alloc_compressor(level.value)));
+    return compressor.get();
+}
+
 }  // namespace
 
 std::string deflate(std::string_view bytes, DeflateLevel level) {
-    const auto compressor = allocated(Compressor(libdeflate_alloc_compressor(level.value)));
-    const std::size_t bound = libdeflate_deflate_compress_bound(compressor.get(), bytes.size());
+    libdeflate_compressor* const compressor = compressorOf(level);
+    const std::size_t bound = libdeflate_deflate_compress_bound(compressor, bytes.size());
     // A string would initialise, and so occupy, the whole bound.
     const auto buffer = std::make_unique_for_overwrite<char[]>(bound);
     const std::size_t size =
-        libdeflate_deflate_compress(compressor.get(), bytes.data(), bytes.size(), buffer.get(), bound);
+        libdeflate_deflate_compress(compressor, bytes.data(), bytes.size(), buffer.get(), bound);
     return {buffer.get(), size};
 }
 
