@@ -1,0 +1,105 @@
+#include "DropTest.h"
+#include "base/Text.h"
+#include "droppers/PlaceDirectory.h"
+#include "office/model/word/Bookmarks.h"
+
+#include <string>
+#include <vector>
+
+namespace mergeloom {
+namespace {
+
+const std::string kLongName = "AVeryLongNameOfAControlThatHas45CharactersIn1";
+
+class PlaceDirectory : public DropTest {
+  protected:
+    letters::PlaceSources sourcesOf(const std::vector<std::string>& bookmarks) {
+        return placeSources(xmlNodes, node("1k"), bookmarks,
+                            [this](const std::string& image) { return pictures[image]; });
+    }
+    static std::string shown(const letters::ControlPath& path) {
+        std::string text;
+        for (const std::string& name : path)
+            text += "/" + name;
+        return text;
+    }
+    std::string sourceOf(const std::string& bookmark) {
+        const letters::PlaceSources sources = sourcesOf({bookmark});
+        const auto place = sources.places.find(foldCase(bookmark));
+        if (place != sources.places.end()) {
+            const bool isBound = place->second.value == letters::ValueKind::Bound;
+            return shown(place->second.path) + (isBound ? " bound" : "") + place->second.image;
+        }
+        const auto table = sources.tables.find(foldCase(bookmark));
+        return table == sources.tables.end() ? "" : "rows of " + shown(table->second);
+    }
+    void loadOrders() {
+        pictures["p.png"] = ":p.png";
+        load("<db><Form Name='My Orders'><Control Name='2nd. Name'/><Control Name='" + kLongName +
+             "'/><Control Name='Logo' Image='p.png'/>"
+             "<Control Name='Tabs' ControlType='TabControl'><Page><Control Name='Paged'/></Page></Control>"
+             "<Control Name='Order Lines' ControlType='Subform'><Form Name='Sub' HasRecordset='1'>"
+             "<Control Name='X'/><Control Name='Deep' ControlType='Subform'><Form Name='D' HasRecordset='0'>"
+             "<Control Name='Y'/></Form></Control></Form></Control></Form></db>");
+    }
+};
+
+TEST_F(PlaceDirectory, NamesAreComputedFromControls) {
+    loadOrders();
+    struct Case {
+        std::string bookmark;
+        std::string source;
+    };
+    const std::vector<Case> cases{
+        {"x2ndName", "/2nd. Name"},
+        {"X2NDNAME_BV", "/2nd. Name bound"},
+        {"x2ndName_ref12", "/2nd. Name"},
+        {"x2ndName_bv_ref1", "/2nd. Name bound"},
+        {"x2ndName_refs", ""},
+        {"Paged", "/Paged"},
+        {"Logo", "/Logo:p.png"},
+        {kLongName.substr(5), "/" + kLongName},
+        {kLongName.substr(8) + "_bv", "/" + kLongName + " bound"},
+        {kLongName.substr(10) + "_ref7", "/" + kLongName},
+        {kLongName.substr(12) + "_ref123", "/" + kLongName},
+        {"OrderLinesX", "/Order Lines/X"},
+        {"DeepY", "/Order Lines/Deep/Y"},
+        {"OrderLines", "rows of /Order Lines"},
+        {"OrderLines_ref1", "rows of /Order Lines"},
+        {"MyOrdersT", "rows of "},
+        {"MyOrders", ""},
+        {"Tabs", ""},
+        {"OrderLinesY", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(sourceOf(c.bookmark), c.source) << c.bookmark;
+}
+
+TEST_F(PlaceDirectory, TwoControlsOfOneNameAreTold) {
+    load(
+        "<db><Form Name='F'><Control Name='A B'/><Control Name='AB'/><Control Name='C_bv'/><Control "
+        "Name='C'/>"
+        "</Form></db>");
+    const letters::PlaceSources sources = sourcesOf({"AB", "C_bv", "C"});
+    EXPECT_EQ(sources.ambiguous, (std::vector<std::string>{"AB", "C_bv"}));
+    EXPECT_EQ(shown(sources.places.at("ab").path), "/A B");
+    EXPECT_EQ(shown(sources.places.at("c_bv").path), "/C_bv");
+}
+
+/// What the droppers make of an object, the directory finds.
+TEST_F(PlaceDirectory, EveryDroppedPlaceIsFound) {
+    loadOrders();
+    pictures.clear();
+    open();
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(drop(node("1k"), DocumentType::Form));
+    std::vector<std::string> names;
+    for (int number = 1; number <= document->Bookmarks()->Count(); ++number)
+        names.push_back(document->Bookmarks()->Item(number)->Name());
+    ASSERT_GE(names.size(), 12U);
+    for (const std::string& name : names)
+        EXPECT_NE(sourceOf(name), "") << name;
+}
+
+}  // namespace
+}  // namespace mergeloom
