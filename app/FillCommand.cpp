@@ -1,5 +1,6 @@
 #include "app/FillCommand.h"
 
+#include "app/Conversion.h"
 #include "app/DatabaseObjects.h"
 #include "app/FileFormats.h"
 #include "app/ListFormatting.h"
@@ -63,7 +64,7 @@ void FillCommand::checkOptions() const {
         refuseFill("The file '" + output +
                    "' cannot be written: its format is not available. Choose docx or docm.");
     }
-    const std::string refusal = ports_.formats.refusalToWrite(ports_.formats.documentFormatOf(output));
+    const std::string refusal = ports_.formats.refusalToWrite(format_);
     if (!refusal.empty()) refuseFill("The file '" + output + "' cannot be written: " + refusal);
     if (isForeignWordFile(options_.templateFile) || isWorkbookFile(options_.templateFile)) {
         refuseFill("The template '" + options_.templateFile +
@@ -119,7 +120,7 @@ void FillCommand::compile() {
         refuseFill("Option '--one-document' needs a file name without braces.");
     }
     letters_ = template_->compile(places_, {options_.emptyTables, options_.use, findPicture,
-                                            ports_.formats.documentFormatOf(options_.output)});
+                                            isConverted_ ? temporaryFormat(format_) : format_});
     if (letters_->filledPlaces().empty()) {
         refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
                    object_->Text() + " fills.");
@@ -216,8 +217,15 @@ void FillCommand::writeRecord(Record& record) {
                             static_cast<std::int64_t>(selectedCount()));
 }
 
+void FillCommand::save(const std::string& path, const std::function<void(ByteSink&)>& writer) {
+    if (!isConverted_) return ports_.files.saveInBatch(path, writer);
+    Conversion<word::WdSaveFormat> conversion{ports_.converter};
+    conversion.write(path, format_,
+                     [&](const std::string& temporary) { ports_.files.saveInBatch(temporary, writer); });
+}
+
 void FillCommand::writeLetter(const std::string& path, std::span<const Record> records) {
-    ports_.files.saveInBatch(fullPath(path), [&](ByteSink& sink) { letters_->write(records, sink); });
+    save(fullPath(path), [&](ByteSink& sink) { letters_->write(records, sink); });
     ++files_;
 }
 
@@ -228,7 +236,7 @@ void FillCommand::finish() {
     if (!listed_.empty()) {
         writeLetter(target, listed_);
     } else if (options_.use == letters::LetterUse::OneForAll) {
-        ports_.files.saveInBatch(target, [&](ByteSink& sink) { letters_->finish(sink); });
+        save(target, [&](ByteSink& sink) { letters_->finish(sink); });
         ++files_;
     }
     ports_.files.finishBatch();

@@ -10,6 +10,7 @@
 #include "base/FileStore.h"
 #include "base/Messages.h"
 #include "base/Progress.h"
+#include "office/model/FileConverter.h"
 #include "office/model/letters/LetterTemplate.h"
 
 #include <cstddef>
@@ -24,6 +25,7 @@ namespace mergeloom {
 /// What the command needs of the program.
 struct FillPorts {
     const OfficeFormats& formats;
+    FileConverter& converter;  ///< for formats that the engine does not write
     FileStore& files;
     ErrorHandler& errors;
     Messages& messages;
@@ -38,7 +40,12 @@ class FillCommand {
   public:
     /// The arguments have to outlive it. Work ends after the current letter when shouldStop says so.
     FillCommand(const FillOptions& options, const FillPorts& ports, std::function<bool()> shouldStop)
-        : options_(options), ports_(ports), shouldStop_(std::move(shouldStop)), names_(options.output) {}
+        : options_(options),
+          ports_(ports),
+          shouldStop_(std::move(shouldStop)),
+          names_(options.output),
+          format_(ports.formats.documentFormatOf(options.output)),
+          isConverted_(ports.formats.isConverted(format_)) {}
 
     /// Returns false when the work was stopped, or when strictness forbids it. Raises an AutomationError with
     /// a sentence for the user for anything that cannot be read, filled or written.
@@ -56,6 +63,7 @@ class FillCommand {
     void noteDifferences(const std::vector<std::string>& texts);
     void write();
     void writeRecord(Record& record);
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer);
     void writeLetter(const std::string& path, std::span<const Record> records);
     void finish();
     [[nodiscard]] bool isSelected(std::size_t number) const;
@@ -65,6 +73,8 @@ class FillCommand {
     FillPorts ports_;
     std::function<bool()> shouldStop_;
     LetterNames names_;
+    word::WdSaveFormat format_;
+    bool isConverted_;
 
     std::unique_ptr<MappingSource> source_;
     const TreeNode* object_ = nullptr;

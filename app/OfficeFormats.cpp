@@ -25,6 +25,10 @@ std::string OfficeFormats::refusalToWrite(excel::XlFileFormat format) const {
     return withChoice(converter_.refusal(format), "xlsx, xlsm, xltx or xltm");
 }
 
+bool OfficeFormats::isConverted(word::WdSaveFormat format) const {
+    return kind_ == OfficeKind::Embedded && !makeWordApplication(kind_, files_)->canSaveAs(format);
+}
+
 word::WdSaveFormat OfficeFormats::documentFormatOf(const std::string& path) const {
     return wordFormatToWrite(path,
                              [this](word::WdSaveFormat format) { return refusalToWrite(format).empty(); });

@@ -23,6 +23,7 @@ class OfficeSelector {
           formats_(kind_, files, *converter_) {}
 
     [[nodiscard]] const OfficeFormats& formats() const { return formats_; }
+    [[nodiscard]] FileConverter& converter() { return *converter_; }
     /// Start the office; errors as for makeWordApplication.
     word::ApplicationPtr startWord();
     excel::ApplicationPtr startExcel();

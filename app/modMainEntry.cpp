@@ -201,9 +201,9 @@ int Run::fill() {
     const StopSignal stop;
     Progress& progress = progress_ ? *progress_ : noProgress_;
     const int status = reportingErrors([&] {
-        FillCommand command{options_.fill, {office_.formats(), files_, errors_, messages_, progress}, [] {
-                                return StopSignal::received() != 0;
-                            }};
+        FillCommand command{options_.fill,
+                            {office_.formats(), office_.converter(), files_, errors_, messages_, progress},
+                            [] { return StopSignal::received() != 0; }};
         return command.run(console_.output);
     });
     const int signal = StopSignal::received();

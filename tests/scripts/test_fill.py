@@ -1,0 +1,304 @@
+#!/usr/bin/env python3
+"""Fills templates with records and reads the letters with python3-docx.
+
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Where MERGELOOM_VALIDATOR names a validator of
+Office Open XML, it judges every letter, too.
+"""
+import copy
+import json
+import os
+import re
+import subprocess
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+import zipfile
+from pathlib import Path
+
+import docx
+from docx.enum.section import WD_SECTION
+from docx.oxml import parse_xml
+from docx.oxml.ns import nsdecls, qn
+
+import read_docx
+
+PROGRAM = os.environ["MERGELOOM"]
+VALIDATOR = os.environ.get("MERGELOOM_VALIDATOR")
+SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
+
+SAMPLE_LETTER = [
+    "Letterhead: ",
+    "Order No.: 2024-0187",
+    "Order date: 14 May 2024",
+    "Customer: Måns & Sons Boatyard",
+    "Buyer's contact: Ingrid Måns",
+    "Taken by: Tom Ashdown",
+    "Priority: Urgent",
+    "Confirmed: Yes",
+    "Paid in advance: No",
+    "Ship & bill to: Måns & Sons Boatyard",
+    "Address: 7 Slipway Road",
+    "Postcode: SO31 4QF",
+    "Town: Hamble",
+    "Carrier: Coastline Haulage",
+    "Required by: 28 May 2024",
+    "Remarks: Please pack the cleats apart from the planks.",
+    "Sketch or photo: ",
+    "Order lines: ",
+    "Totals: ",
+    "Net total: 1,179.30",
+    "Freight: 64.00",
+    "To pay: 1,243.30",
+    "Printed on: ",
+    "",
+]
+SAMPLE_LINES = [
+    ["Line", "Product", "Quantity", "Unit price", "Total"],
+    ["1 ", "Cleat, stainless, 200 mm ", "12 ", "18.40 ", "220.80 "],
+    ["2 ", "Larch plank, 25 × 200 × 4000 mm ", "30 ", "31.95 ", "958.50 "],
+]
+
+
+def run(*arguments):
+    """Runs the program; gives the finished process with its output as text."""
+    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300, check=False)
+
+
+def rows_of(table):
+    return [[cell.text for cell in row.cells] for row in table.rows]
+
+
+def place(name, number, properties=""):
+    """The elements of a place that shows its own name."""
+    space = nsdecls("w")
+    return [parse_xml(xml) for xml in (
+        f'<w:bookmarkStart {space} w:id="{number}" w:name="{name}"/>',
+        f"<w:r {space}>{properties}<w:t>{name}</w:t></w:r>",
+        f'<w:bookmarkEnd {space} w:id="{number}"/>',
+    )]
+
+
+def bookmark_names(document):
+    return [start.get(qn("w:name")) for start in document.element.iter(qn("w:bookmarkStart"))]
+
+
+def parts_of(file):
+    with zipfile.ZipFile(file) as package:
+        return {name: package.read(name) for name in package.namelist()}
+
+
+class Filling(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.template = Path(folder.name) / "orders.docx"
+        done = run("--exit-status", "-xmlfile", SAMPLE, "-template", cls.template, "-hidden")
+        assert done.returncode == 0, done.stderr
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+
+    def fill(self, *options, template=None, data=SAMPLE):
+        """Fills and fails the test unless that succeeds; gives what was told."""
+        done = run("--fill", template or self.template, "--data", data, *options)
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        return done.stderr
+
+    def validate(self, document):
+        if VALIDATOR:
+            judged = subprocess.run([VALIDATOR, document], capture_output=True, text=True, check=False)
+            self.assertEqual(json.loads(judged.stdout)["errors"], [])
+
+    def read(self, document):
+        self.validate(document)
+        _, problems = read_docx.read_bookmarks(document)
+        self.assertEqual(problems, [])
+        return docx.Document(document)
+
+    def orders(self, count, lines=2, change=lambda number, record: None):
+        """Writes a structure document with so many orders of so many lines; gives its path."""
+        tree = ElementTree.parse(SAMPLE)
+        records = tree.getroot().find("Data/Records")
+        record = records.find("Record")
+        records.remove(record)
+        for number in range(1, count + 1):
+            order = copy.deepcopy(record)
+            order.find("Control[@Name='OrderNumber']/DisplayValue").text = f"N-{number:05}"
+            rows = order.find("Control[@Name='OrderLines']/Records")
+            line = rows.find("Record")
+            for old in list(rows):
+                rows.remove(old)
+            for position in range(1, lines + 1):
+                new = copy.deepcopy(line)
+                new.find("Control[@Name='LineNumber']/DisplayValue").text = str(position)
+                rows.append(new)
+            change(number, order)
+            records.append(order)
+        path = self.folder / "data.xml"
+        tree.write(path, encoding="utf-8", xml_declaration=True)
+        return path
+
+    def designed(self):
+        """The template after its user changed it: a place in the header, a totals row, bold text in the pattern."""
+        document = docx.Document(self.template)
+        header = document.sections[0].header.paragraphs[0]
+        header.text = "Order "
+        for element in place("OrderNumber_ref1", 900, "<w:rPr><w:i/></w:rPr>"):
+            header._p.append(element)
+        table = document.tables[0]
+        table.rows[1].cells[1].paragraphs[0].runs[0].bold = True
+        total = table.add_row()
+        total.cells[0].text = "Sum"
+        for element in place("TotalsNetTotal_ref1", 901):
+            total.cells[4].paragraphs[0]._p.append(element)
+        target = self.folder / "designed.docx"
+        document.save(target)
+        return target
+
+    def test_sample(self):
+        letter = self.folder / "letter.docx"
+        told = self.fill("--output", letter)
+        self.assertEqual(told, "mergeloom: Places without data: PrintedOn.\n")
+        document = self.read(letter)
+        self.assertEqual([paragraph.text for paragraph in document.paragraphs], SAMPLE_LETTER)
+        self.assertEqual(rows_of(document.tables[0]), SAMPLE_LINES)
+        remarks = next(paragraph for paragraph in document.paragraphs if paragraph.text.startswith("Remarks"))
+        self.assertEqual([part.text for part in remarks.runs if part.bold], ["cleats"])
+
+    def test_untouched_parts_stay(self):
+        letter = self.folder / "letter.docx"
+        self.fill("--output", letter)
+        before, after = parts_of(self.template), parts_of(letter)
+        self.assertEqual(list(before), list(after))
+        self.assertEqual([name for name in before if before[name] != after[name]], ["word/document.xml"])
+
+    def test_filled_letter_is_a_template(self):
+        template = self.designed()
+        empty = lambda number, record: record.remove(record.find("Control[@Name='Contact']"))
+        first, second, direct = (self.folder / name for name in ("first.docx", "second.docx", "direct.docx"))
+        self.fill("--output", first, template=template, data=self.orders(1, 4, empty))
+        data = self.orders(1, 3)
+        self.fill("--output", second, template=first, data=data)
+        self.fill("--output", direct, template=template, data=data)
+        self.assertEqual(parts_of(second), parts_of(direct))
+
+    def test_rows_keep_their_formatting_above_the_total(self):
+        letter = self.folder / "letter.docx"
+        self.fill("--output", letter, template=self.designed(), data=self.orders(1, 5))
+        table = self.read(letter).tables[0]
+        self.assertEqual([row[0] for row in rows_of(table)], ["Line", "1 ", "2 ", "3 ", "4 ", "5 ", "Sum"])
+        self.assertEqual(rows_of(table)[-1][4], "1,179.30")
+        bold = [[part.bold for part in row.cells[1].paragraphs[0].runs][:1] for row in table.rows]
+        self.assertEqual(bold, [[None], [True], [True], [True], [True], [True], []])
+
+    def test_one_file_for_each_record(self):
+        data = self.orders(7)
+        whole, parts = self.folder / "whole", self.folder / "parts"
+        whole.mkdir()
+        parts.mkdir()
+        self.fill("--output", whole / "{OrderNumber}.docx", data=data)
+        # What one run makes, several runs at the same time make as well.
+        runs = [subprocess.Popen([PROGRAM, "--fill", self.template, "--data", data, "--output",
+                                  parts / "{OrderNumber}.docx", "--records", numbers],
+                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                for numbers in ("1-3", "4-6", "7-7")]
+        self.assertEqual([process.wait(timeout=300) for process in runs], [0, 0, 0])
+        made = {path.name: path.read_bytes() for path in whole.iterdir()}
+        self.assertEqual(sorted(made), [f"N-{number:05}.docx" for number in range(1, 8)])
+        self.assertEqual({path.name: path.read_bytes() for path in parts.iterdir()}, made)
+        self.assertEqual(self.read(whole / "N-00004.docx").paragraphs[1].text, "Order No.: N-00004")
+
+    def test_one_document(self):
+        target = self.folder / "all.docx"
+        self.fill("--output", target, "--one-document", template=self.designed(), data=self.orders(50))
+        document = self.read(target)
+        self.assertEqual(len(document.sections), 50)
+        self.assertEqual({section.start_type for section in document.sections}, {WD_SECTION.NEW_PAGE})
+        starts = {section._sectPr.find(qn("w:pgNumType")).get(qn("w:start")) for section in document.sections}
+        self.assertEqual(starts, {"1"})
+        numbers = [f"N-{number:05}" for number in range(1, 51)]
+        headers = [section.header.paragraphs[0].text for section in document.sections]
+        self.assertEqual(headers, ["Order " + number for number in numbers])
+        orders = [paragraph.text for paragraph in document.paragraphs if paragraph.text.startswith("Order No.")]
+        self.assertEqual(orders, ["Order No.: " + number for number in numbers])
+        self.assertEqual(bookmark_names(document), [])
+        drawings = re.findall(rb'docPr id="(\d+)"', parts_of(target)["word/document.xml"])
+        self.assertEqual(len(drawings), 100)
+        self.assertEqual(len(set(drawings)), 100)
+
+    def test_pictures_of_records(self):
+        pictures = SAMPLE.parent / "pictures"
+
+        def show(number, record):
+            record.append(ElementTree.Element("Control", Name="Sketch", Image=str(pictures / "letterhead.png")))
+
+        letter = self.folder / "letter.docx"
+        self.fill("--output", letter, data=self.orders(1, 1, show))
+        before = docx.Document(self.template).inline_shapes[1]
+        after = self.read(letter).inline_shapes[1]
+        self.assertEqual(after.width, before.width)
+        picture = docx.image.image.Image.from_file(str(pictures / "letterhead.png"))
+        self.assertAlmostEqual(after.height, after.width * picture.px_height / picture.px_width, delta=2)
+        self.assertIn((pictures / "letterhead.png").read_bytes(), parts_of(letter).values())
+
+    def test_empty_tables(self):
+        data = self.orders(1, 0)
+        kept, dropped = self.folder / "kept.docx", self.folder / "dropped.docx"
+        self.fill("--output", kept, data=data)
+        self.assertEqual(rows_of(self.read(kept).tables[0]), SAMPLE_LINES[:1])
+        self.fill("--output", dropped, "--drop-empty-tables", data=data)
+        self.assertEqual(self.read(dropped).tables, [])
+
+    def test_refusals_write_nothing(self):
+        twice = self.orders(3, 1, lambda number, record: number == 3 and setattr(
+            record.find("Control[@Name='OrderNumber']/DisplayValue"), "text", "n-00001"))
+        same = self.folder / "same.xml"
+        twice.rename(same)
+        slash = self.folder / "slash.xml"
+        self.orders(1, 1, lambda number, record: setattr(
+            record.find("Control[@Name='OrderNumber']/DisplayValue"), "text", "a/b")).rename(slash)
+        none = self.folder / "none.xml"
+        self.orders(0).rename(none)
+        structure = self.folder / "structure.xml"
+        structure.write_text("<db><Form Name='F'><Control Name='X'/></Form></db>", encoding="utf-8")
+        broken = self.folder / "broken.xml"
+        broken.write_text(SAMPLE.read_text(encoding="utf-8")[:-20], encoding="utf-8")
+        bare = self.folder / "bare.docx"
+        docx.Document().save(bare)
+        three = self.orders(3)
+        out = self.folder / "out"
+        out.mkdir()
+        number, plain = out / "{OrderNumber}.docx", out / "letter.docx"
+        cases = [
+            (none, [plain], "holds no records"),
+            (structure, [plain], "holds no records"),
+            (broken, [plain], "line "),
+            (self.folder / "absent.xml", [plain], "absent.xml"),
+            (three, [plain], "There are 3 records for the one file"),
+            (three, [plain, "--record", "4"], "There is no record 4"),
+            (three, [plain, "--records", "2-5"], "There is no record 5"),
+            (three, [out / "{Nobody}.docx"], "{Nobody}"),
+            (three, [out / "{OrderNumber.docx"], "brace"),
+            (three, [number, "--one-document"], "without braces"),
+            (three, [out / "letter.xyz"], "cannot be written"),
+            (three, [number, "--object", "Nothing"], 'no object "Nothing"'),
+            (three, [number, "--strict"], "Nothing was written."),
+            (same, [number], "two records, 1 and 3"),
+            (slash, [number], '"a/b"'),
+        ]
+        for data, (output, *options), sentence in cases:
+            with self.subTest(sentence=sentence, data=data.name):
+                done = run("--fill", self.template, "--data", data, "--output", output, *options)
+                self.assertEqual(done.returncode, 1, done.stderr)
+                self.assertIn(sentence, done.stderr)
+                self.assertEqual(list(out.iterdir()), [])
+        done = run("--fill", bare, "--data", SAMPLE, "--output", plain)
+        self.assertIn("has no place", done.stderr)
+        self.assertEqual(list(out.iterdir()), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
