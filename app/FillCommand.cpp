@@ -119,7 +119,11 @@ void FillCommand::compile() {
     if (isOne && names_.dependOnRecord()) {
         refuseFill("Option '--one-document' needs a file name without braces.");
     }
-    letters_ = template_->compile(places_, {options_.emptyTables, options_.use, findPicture,
+    // Labels have sheets of their own only when their files are named by records.
+    const std::size_t labels = names_.dependOnRecord() ? 0 : template_->labelsPerSheet(places_);
+    isSheet_ = labels > 1 && options_.use == letters::LetterUse::OneEach;
+    if (isSheet_ && selectedCount() > labels) use_ = letters::LetterUse::OneForAll;
+    letters_ = template_->compile(places_, {options_.emptyTables, use_, findPicture,
                                             isConverted_ ? temporaryFormat(format_) : format_});
     if (letters_->filledPlaces().empty()) {
         refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
@@ -135,7 +139,7 @@ void FillCommand::checkNames() const {
                    object_->Text() + " does not have.");
     }
     const bool isSingle = names_.dependOnRecord() || options_.use == letters::LetterUse::OneForAll ||
-                          letters_->listsRecords() || selectedCount() == 1;
+                          letters_->listsRecords() || isSheet_ || selectedCount() == 1;
     if (isSingle) return;
     refuseFill("There are " + std::to_string(selectedCount()) + " records for the one file '" +
                options_.output + "'. Name a control in it, such as letter-{" + paths.front().back() +
@@ -206,9 +210,10 @@ void FillCommand::writeRecord(Record& record) {
         stopped_ = true;
         throw EnoughRead{};
     }
-    if (letters_->listsRecords() && !names_.dependOnRecord()) {
+    const bool isListed = letters_->listsRecords() || (isSheet_ && use_ == letters::LetterUse::OneEach);
+    if (isListed && !names_.dependOnRecord()) {
         listed_.push_back(std::move(record));
-    } else if (options_.use == letters::LetterUse::OneForAll) {
+    } else if (use_ == letters::LetterUse::OneForAll) {
         letters_->append(record);
     } else {
         writeLetter(names_.pathFor(record, number), {&record, 1});
@@ -230,12 +235,12 @@ void FillCommand::writeLetter(const std::string& path, std::span<const Record> r
 }
 
 void FillCommand::finish() {
-    const bool isOne = options_.use == letters::LetterUse::OneForAll || !listed_.empty();
+    const bool isOne = use_ == letters::LetterUse::OneForAll || !listed_.empty();
     if (isOne && stopped_) return;
     const std::string target = fullPath(options_.output);
     if (!listed_.empty()) {
         writeLetter(target, listed_);
-    } else if (options_.use == letters::LetterUse::OneForAll) {
+    } else if (use_ == letters::LetterUse::OneForAll) {
         save(target, [&](ByteSink& sink) { letters_->finish(sink); });
         ++files_;
     }

@@ -45,7 +45,8 @@ class FillCommand {
           shouldStop_(std::move(shouldStop)),
           names_(options.output),
           format_(ports.formats.documentFormatOf(options.output)),
-          isConverted_(ports.formats.isConverted(format_)) {}
+          isConverted_(ports.formats.isConverted(format_)),
+          use_(options.use) {}
 
     /// Returns false when the work was stopped, or when strictness forbids it. Raises an AutomationError with
     /// a sentence for the user for anything that cannot be read, filled or written.
@@ -85,6 +86,8 @@ class FillCommand {
     std::unique_ptr<letters::LetterTemplate> template_;
     letters::PlaceSources places_;
     std::vector<std::string> unknownFields_;
+    letters::LetterUse use_;
+    bool isSheet_ = false;  ///< of labels, each of which takes another record
     std::unique_ptr<letters::Letters> letters_;
     std::vector<Record> listed_;  ///< when a table lists all records
     std::size_t read_ = 0;

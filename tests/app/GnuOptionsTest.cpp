@@ -54,12 +54,45 @@ TEST(GnuOptions, ChooseTheTask) {
     EXPECT_EQ(fields.outputFile, "b.docx");
 }
 
+TEST(GnuOptions, FillATemplate) {
+    const GnuOptions plain =
+        read({"--fill", "t.docx", "--data=d.xml", "--output", "{No}.docx", "--object", "Orders"});
+    EXPECT_EQ(plain.task, Task::Fill);
+    EXPECT_EQ(plain.fill.templateFile, "t.docx");
+    EXPECT_EQ(plain.fill.dataFile, "d.xml");
+    EXPECT_EQ(plain.fill.output, "{No}.docx");
+    EXPECT_EQ(plain.fill.object, "Orders");
+    EXPECT_EQ(plain.fill.firstRecord, 1U);
+    EXPECT_EQ(plain.fill.lastRecord, FillOptions::kLastOfAll);
+    EXPECT_EQ(plain.fill.strictness, Strictness::ToleratesDifferences);
+    const GnuOptions all = read({"--fill=t", "--data=d", "--output=o", "--records", "3-5", "--one-document",
+                                 "--strict", "--drop-empty-tables"});
+    EXPECT_EQ(all.fill.firstRecord, 3U);
+    EXPECT_EQ(all.fill.lastRecord, 5U);
+    EXPECT_EQ(all.fill.use, letters::LetterUse::OneForAll);
+    EXPECT_EQ(all.fill.emptyTables, letters::EmptyTables::Remove);
+    EXPECT_EQ(all.fill.strictness, Strictness::RefusesDifferences);
+    EXPECT_EQ(read({"--fill=t", "--data=d", "--output=o", "--record=4"}).fill.lastRecord, 4U);
+}
+
 TEST(GnuOptions, SayWhatIsWrong) {
     struct Case {
         std::vector<std::string> arguments;
         std::string sentence;
     };
     const std::vector<Case> cases = {
+        {{"--fill", "t.docx", "--output", "o.docx"}, "Option '--fill' needs '--data FILE'."},
+        {{"--fill", "t.docx", "--data", "d.xml"}, "Option '--fill' needs '--output FILE'."},
+        {{"--strict"}, "Option '--strict' needs '--fill TEMPLATE'."},
+        {{"--fill=t", "--data=d", "--output=o", "--record", "0"},
+         "Option '--record' does not take '0': records are numbered from 1."},
+        {{"--fill=t", "--data=d", "--output=o", "--records", "5-3"},
+         "Option '--records' does not take '5-3': records are numbered from 1, such as 1-500."},
+        {{"--fill=t", "--data=d", "--output=o", "--records", "5"},
+         "Option '--records' does not take '5': records are numbered from 1, such as 1-500."},
+        {{"--fill=t", "--data=d", "--output=o", "--office=libreoffice"},
+         "Only the embedded office fills templates; leave out '--office'."},
+        {{"--fill=t", "--data=d", "--output=o", "-hidden"}, "'-hidden' has no meaning behind '--fill'."},
         {{"--nonsense"}, "Unknown option '--nonsense'."},
         {{"--"}, "Unknown option '--'."},
         {{"--helpme"}, "Unknown option '--helpme'."},
@@ -80,7 +113,8 @@ TEST(GnuOptions, SayWhatIsWrong) {
         {{"--convert-fields", "a.docx", "b.docx"}, "'b.docx' has no meaning behind '--convert-fields'."},
         {{"--places=a", "--convert-fields=a"},
          "Options '--places' and '--convert-fields' cannot stand together."},
-        {{"--output", "a.docx", "-hidden"}, "Option '--output' needs '--convert-fields FILE'."},
+        {{"--output", "a.docx", "-hidden"},
+         "Option '--output' needs '--convert-fields FILE' or '--fill TEMPLATE'."},
     };
     for (const Case& one : cases) {
         try {

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
+#include "office/embedded/letters/LabelSheet.h"
 #include "office/embedded/letters/LetterArchive.h"
 #include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/LetterRenderer.h"
@@ -53,14 +54,21 @@ std::string savedBytes(opc::Package& package, word::WdSaveFormat format) {
     return bytes.take();
 }
 
+std::size_t labelCount(WordContent& content, const letters::PlaceSources& sources) {
+    const pugi::xml_node cell = cellOfAllPlaces(content, sources);
+    return labelCells(cell, content.body().story.names()).size();
+}
+
 class EmbeddedLetters final : public letters::Letters {
   public:
     EmbeddedLetters(WordContent& content, FileStore& files, const letters::PlaceSources& sources,
                     letters::LetterSettings settings)
         : settings_(std::move(settings)),
           ids_(freeIds(content)),
+          labelsPerSheet_(labelCount(content, sources)),
           marked_(markPlaces(content, sources)),
           context_{marked_, settings_, content.package(), files} {
+        context_.labelsPerSheet = labelsPerSheet_;
         content.storeParts();
         cutParts(content.package());
         archive_.emplace(savedBytes(content.package(), settings_.format), content.package().conformance());
@@ -99,12 +107,15 @@ class EmbeddedLetters final : public letters::Letters {
 
     void append(const Record& record) override {
         // Only now it is certain that another section follows the one before.
-        if (pending_) appendSections(*pending_, IsLastSection::No);
-        pending_ = record;
+        if (pending_.size() == std::max<std::size_t>(1, labelsPerSheet_)) {
+            appendSections(pending_, IsLastSection::No);
+            pending_.clear();
+        }
+        pending_.push_back(record);
     }
 
     void finish(ByteSink& sink) override {
-        appendSections(*pending_, IsLastSection::Yes);
+        appendSections(pending_, IsLastSection::Yes);
         ChangedParts changed;
         for (CutPart& part : parts_) {
             if (part.kind != PartKind::HeaderOrFooter) changed.emplace(part.entryName, wholeXml(part));
@@ -156,35 +167,35 @@ class EmbeddedLetters final : public letters::Letters {
         }
     }
 
-    void appendSections(const Record& record, IsLastSection isLast) {
+    void appendSections(std::span<const Record> records, IsLastSection isLast) {
         renderer_->beginSection(section_, isLast);
         for (CutPart& part : parts_) {
-            if (part.kind == PartKind::HeaderOrFooter) appendHeader(part, record);
+            if (part.kind == PartKind::HeaderOrFooter) appendHeader(part, records);
         }
         for (CutPart& part : parts_) {
-            if (part.kind != PartKind::HeaderOrFooter) appendSection(part, record);
+            if (part.kind != PartKind::HeaderOrFooter) appendSection(part, records);
         }
         ++section_;
     }
 
-    void appendSection(CutPart& part, const Record& record) {
+    void appendSection(CutPart& part, std::span<const Record> records) {
         for (Piece& piece : part.pieces) {
             if (piece.kind == Piece::Kind::Section)
-                renderer_->render(part, piece.inside, std::span(&record, 1), part.sections);
+                renderer_->render(part, piece.inside, records, part.sections);
         }
     }
 
     /// Makes the header or footer of a section: the first section has the template's, the others have copies.
-    void appendHeader(CutPart& part, const Record& record) {
+    void appendHeader(CutPart& part, std::span<const Record> records) {
         std::string xml;
         if (section_ == 0) {
-            renderer_->render(part, part.pieces, std::span(&record, 1), xml);
+            renderer_->render(part, part.pieces, records, xml);
             firstHeaders_.emplace(part.entryName, std::move(xml));
             return;
         }
         const std::string name = added_->addLike(part.name);
         const std::string ownName = std::exchange(part.name, name);
-        renderer_->render(part, part.pieces, std::span(&record, 1), xml);
+        renderer_->render(part, part.pieces, records, xml);
         part.name = ownName;
         added_->setContent(name, std::move(xml));
         for (const auto& [id, partName] : linkedIds_) {
@@ -202,14 +213,16 @@ class EmbeddedLetters final : public letters::Letters {
                 part.sections = {};
             } else {
                 Pieces one{piece};
-                renderer_->render(part, one, std::span(&*pending_, 1), xml);
+                renderer_->render(part, one, pending_, xml);
             }
         }
         return xml;
     }
 
     letters::LetterSettings settings_;
-    FreeIds ids_;  ///< read before places are marked
+    // Both are read before places are marked.
+    FreeIds ids_;
+    std::size_t labelsPerSheet_;
     MarkedPlaces marked_;
     CuttingContext context_;
     std::vector<CutPart> parts_;
@@ -218,7 +231,7 @@ class EmbeddedLetters final : public letters::Letters {
     std::optional<LetterRenderer> renderer_;
     std::vector<std::string> refusals_;
     std::size_t lastSize_ = 0;
-    std::optional<Record> pending_;
+    std::vector<Record> pending_;  ///< of the section that is not written yet
     std::int64_t section_ = 0;
     /// The ids of relationships to headers and footers with places, and their parts.
     std::vector<std::pair<std::string, std::string>> linkedIds_;
@@ -243,6 +256,9 @@ class EmbeddedLetterTemplate final : public letters::LetterTemplate {
             if (equalsIgnoringCase(text, record->name)) names.push_back(record->name);
         }
         return names;
+    }
+    [[nodiscard]] std::size_t labelsPerSheet(const letters::PlaceSources& sources) override {
+        return labelCount(content_, sources);
     }
     std::unique_ptr<letters::Letters> compile(const letters::PlaceSources& sources,
                                               const letters::LetterSettings& settings) override {

@@ -79,8 +79,12 @@ void LetterRenderer::append(Pieces& pieces) {
             case Piece::Kind::SectionBreak:
                 if (!isLast_) append(piece.inside);
                 break;
+            case Piece::Kind::Label:
+                appendLabel(piece);
+                break;
             case Piece::Kind::NoteId:
-                xml_->append(std::to_string(std::atoll(piece.xml.c_str()) + section_ * kNotesOfSection));
+                xml_->append(std::to_string(std::atoll(piece.xml.c_str()) +
+                                            section_ * std::max(kNotesOfSection, ids_.nextBookmark)));
                 break;
             case Piece::Kind::PartLink:
                 xml_->append(linkOf(piece.xml));
@@ -89,6 +93,19 @@ void LetterRenderer::append(Pieces& pieces) {
                 break;
         }
     }
+}
+
+void LetterRenderer::appendLabel(Piece& piece) {
+    if (piece.number >= records_.size()) {
+        xml_->append(piece.xml);
+        return;
+    }
+    const bool wasFirst = isFirst_;
+    isFirst_ = wasFirst && piece.number == 0;
+    levels_.front() = &records_[piece.number];
+    append(piece.inside);
+    levels_.front() = &records_.front();
+    isFirst_ = wasFirst;
 }
 
 void LetterRenderer::appendOptional(Piece& piece) {

@@ -16,7 +16,7 @@ namespace mergeloom::embedded {
 
 enum class IsLastSection { No, Yes };
 
-/// The distance of the ids of a note in two sections: the greatest number of notes in a template.
+/// The least distance of the ids of a note in two sections.
 inline constexpr std::int64_t kNotesOfSection = 1000;
 
 /// Writes a part's pieces with the values of records.
@@ -44,6 +44,7 @@ class LetterRenderer {
     void appendValue(Piece& piece);
     /// Returns false, and appends nothing, for rich text that is broken.
     bool appendRich(const RecordControl& control, const PlaceFormat& format);
+    void appendLabel(Piece& piece);
     void appendOptional(Piece& piece);
     void appendPicture(Piece& piece);
     /// Returns the picture of a record; null when there is none, which is remarked.

@@ -61,12 +61,17 @@ class Cutter {
                 open_.push_back(valuePiece(token.number));
                 open_.back().kind = Piece::Kind::Picture;
                 return;
+            case TokenKind::LabelStart:
+                return open_.push_back({.kind = Piece::Kind::Label,
+                                        .xml = prepared_.emptyLabels().at(token.number),
+                                        .number = token.number});
             case TokenKind::RowsEnd:
                 levels_.pop_back();
                 return close();
             case TokenKind::TableEnd:
             case TokenKind::OptionalEnd:
             case TokenKind::PictureEnd:
+            case TokenKind::LabelEnd:
             case TokenKind::SectionEnd:
                 return close();
             case TokenKind::Once:

@@ -43,6 +43,7 @@ struct CuttingContext {
     PictureParts pictures{package};
     /// The ids of relationships to headers and footers that contain places.
     std::set<std::string> linkedParts{};
+    std::size_t labelsPerSheet = 0;  ///< 0 for a document that is no sheet of labels
     std::vector<std::string> refusals{};
     bool listsRecords = false;
 };

@@ -1,6 +1,7 @@
 #include "office/embedded/letters/PartPreparation.h"
 
 #include "base/Paths.h"
+#include "office/embedded/letters/LabelSheet.h"
 #include "office/embedded/letters/PictureReplacement.h"
 #include "office/embedded/letters/SectionXml.h"
 #include "office/embedded/letters/Token.h"
@@ -37,6 +38,16 @@ std::optional<Token> valueTokenOf(pugi::xml_node text) {
     return token && token->kind == TokenKind::Value ? token : std::nullopt;
 }
 
+/// Returns the blocks of a cell, without its properties.
+std::vector<pugi::xml_node> contentOfCell(pugi::xml_node cell, const opc::WordNames& names) {
+    const std::string properties = names.element("tcPr");
+    std::vector<pugi::xml_node> content;
+    for (const pugi::xml_node child : cell.children()) {
+        if (child.name() != properties) content.push_back(child);
+    }
+    return content;
+}
+
 bool isCommentMark(std::string_view name) {
     return name == "commentRangeStart" || name == "commentRangeEnd" || name == "commentReference";
 }
@@ -62,10 +73,12 @@ PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, Pa
 void PartPreparation::prepare() {
     collect(part_.root());
     markTables();
+    if (context_.labelsPerSheet > 0 && kind_ == PartKind::Body) findLabels();
     markPictures();
     markOptionals();
     markRepeated();
     markValues();
+    copyLabels();
     if (context_.settings.use == letters::LetterUse::OneForAll) markSections();
 }
 
@@ -134,7 +147,7 @@ void PartPreparation::markTable(std::size_t number) {
         return;
     }
     for (auto row = first; row != last.base(); ++row)
-        patternRows_.insert(row->hash_value());
+        repeatedNodes_.insert(row->hash_value());
     insertBefore(*first, {TokenKind::RowsStart, number});
     insertAfter(*last, {TokenKind::RowsEnd, number});
     insertBefore(table, {TokenKind::TableStart, number});
@@ -198,6 +211,32 @@ void PartPreparation::showImage(pugi::xml_node drawing, const std::string& image
     if (id != pictureLinkOf(drawing)) replacePicture(drawing, id, file, fileNameOnly(image));
 }
 
+void PartPreparation::findLabels() {
+    if (texts_.empty()) return;
+    labels_ = labelCells(names_.ancestor(texts_.front(), WordTag::CellElement), names_);
+    if (!labels_.empty()) repeatedNodes_.insert(labels_.front().hash_value());
+}
+
+/// Gives each label the content of the first one, which by now holds tokens instead of values and marks.
+void PartPreparation::copyLabels() {
+    std::vector<pugi::xml_node> content;
+    if (!labels_.empty()) content = contentOfCell(labels_.front(), names_);
+    for (std::size_t number = 0; number < labels_.size(); ++number) {
+        const std::vector<pugi::xml_node> old = contentOfCell(labels_[number], names_);
+        std::string xml;
+        for (const pugi::xml_node node : old)
+            xml += xmlOf(node);
+        emptyLabels_.push_back(number == 0 ? "" : xml);
+        insertBefore(old.front(), {TokenKind::LabelStart, number});
+        insertAfter(old.back(), {TokenKind::LabelEnd, number});
+        if (number == 0) continue;
+        for (const pugi::xml_node node : content)
+            labels_[number].insert_copy_before(node, old.front());
+        for (const pugi::xml_node node : old)
+            part_.detach(node);
+    }
+}
+
 void PartPreparation::markOptionals() {
     for (std::size_t number = 0; number < context_.marked.optionals.size(); ++number) {
         const auto found = std::ranges::find(bookmarks_, context_.marked.optionals[number], &Bookmark::name);
@@ -230,7 +269,7 @@ void PartPreparation::markRepeated() {
     for (const Bookmark& bookmark : bookmarks_)
         markBookmark(bookmark);
     const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
-    if (isForAll || !patternRows_.empty()) makeRepeatable(part_.root());
+    if (isForAll || !repeatedNodes_.empty()) makeRepeatable(part_.root());
 }
 
 void PartPreparation::markBookmark(const Bookmark& bookmark) {
@@ -288,9 +327,9 @@ void PartPreparation::makeElementRepeatable(pugi::xml_node element) {
 }
 
 bool PartPreparation::isRepeated(pugi::xml_node node) const {
-    if (patternRows_.empty()) return false;
+    if (repeatedNodes_.empty()) return false;
     for (pugi::xml_node around = node; around; around = around.parent()) {
-        if (patternRows_.contains(around.hash_value())) return true;
+        if (repeatedNodes_.contains(around.hash_value())) return true;
     }
     return false;
 }

@@ -26,6 +26,8 @@ class PartPreparation {
     /// Return the runs that keep the places of optional text that is left out.
     [[nodiscard]] const std::vector<std::string>& optionalKeepers() const { return optionalKeepers_; }
     [[nodiscard]] const std::vector<std::string>& onceXml() const { return once_; }
+    /// Return the content of labels for which there is no record.
+    [[nodiscard]] const std::vector<std::string>& emptyLabels() const { return emptyLabels_; }
     [[nodiscard]] const std::vector<std::string>& ids() const { return ids_; }
     [[nodiscard]] const std::string& sectionBreak() const { return sectionBreak_; }
 
@@ -45,6 +47,8 @@ class PartPreparation {
     [[nodiscard]] pugi::xml_node tableOf(const Bookmark& bookmark) const;
     [[nodiscard]] bool hasPlaceOf(pugi::xml_node row, const letters::ControlPath& path) const;
     void markOptionals();
+    void findLabels();
+    void copyLabels();
     [[nodiscard]] std::string keeperXml(pugi::xml_node mark) const;
     void markPictures();
     void markPicture(const Bookmark& bookmark, std::size_t number);
@@ -80,7 +84,10 @@ class PartPreparation {
     std::unordered_map<std::string, std::size_t> bookmarksById_;
     std::vector<pugi::xml_node> texts_;
     std::unordered_map<std::string, std::size_t> placesByName_;
-    std::unordered_set<std::size_t> patternRows_;
+    /// The pattern rows of tables, and the first label of a sheet.
+    std::unordered_set<std::size_t> repeatedNodes_;
+    std::vector<pugi::xml_node> labels_;
+    std::vector<std::string> emptyLabels_;
 };
 
 }  // namespace mergeloom::embedded

@@ -42,6 +42,7 @@ struct Piece {
         Id,            ///< an id, which has to be another one in each repetition
         Optional,      ///< XML that goes when a value beside it is empty
         Picture,       ///< a drawing that shows a place's picture
+        Label,         ///< the content of a label, which shows the record of its number
         NoteId,        ///< the id of a note, which each section has of its own
         PartLink,      ///< the relationship of a header or a footer that differs from section to section
         Section,       ///< the section of a record

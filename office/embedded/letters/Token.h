@@ -20,6 +20,8 @@ enum class TokenKind : char {
     OptionalEnd = 'b',    ///< its end
     PictureStart = 'P',   ///< a picture that a record may replace
     PictureEnd = 'p',     ///< its end
+    LabelStart = 'A',     ///< the content of a label
+    LabelEnd = 'a',       ///< its end
     NoteId = 'N',         ///< the id of a footnote or an endnote
     PartLink = 'L',       ///< the relationship to a header or a footer
     SectionStart = 'D',   ///< the section of a record

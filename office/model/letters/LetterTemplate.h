@@ -5,6 +5,7 @@
 #include "office/model/letters/PlaceSource.h"
 #include "office/model/word/Enumerations.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <span>
@@ -43,10 +44,11 @@ class Letters {
     /// Returns what was done differently than the data ask for, as sentences; each one once.
     [[nodiscard]] virtual std::vector<std::string> remarks() const = 0;
 
-    /// Writes the letter of one record, or of all records when a table lists them.
+    /// Writes the letter of one record, of all records when a table lists them, or the labels of as many as a
+    /// sheet holds.
     virtual void write(std::span<const Record> records, ByteSink& sink) = 0;
 
-    /// Appends the section of a record to the one document.
+    /// Appends the section of a record to the one document; a sheet of labels is the section of its records.
     virtual void append(const Record& record) = 0;
     /// Writes the one document.
     virtual void finish(ByteSink& sink) = 0;
@@ -64,6 +66,8 @@ class LetterTemplate {
     [[nodiscard]] virtual std::vector<std::string> bookmarkNames() = 0;
     /// Returns the bookmarks whose text is their name.
     [[nodiscard]] virtual std::vector<std::string> fieldNames() = 0;
+    /// Returns how many labels a sheet of labels has; 0 for a document that is none.
+    [[nodiscard]] virtual std::size_t labelsPerSheet(const PlaceSources& sources) = 0;
     /// Compiles the template, which can be done once.
     virtual std::unique_ptr<Letters> compile(const PlaceSources& sources, const LetterSettings& settings) = 0;
 };
