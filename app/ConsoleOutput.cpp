@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 
@@ -55,7 +56,23 @@ void ConsoleProgress::advance(std::int64_t done, std::int64_t total) {
     next_ = now + kPause;
     isShown_ = true;
     // The cursor goes back to the line's start, so that a message in between does not continue this line.
-    terminal_ << done << " of " << total << " done" << kEraseToEndOfLine << "\r" << std::flush;
+    terminal_ << text(done, total) << kEraseToEndOfLine << "\r" << std::flush;
+}
+
+std::string ConsoleProgress::text(std::int64_t done, std::int64_t total) const {
+    return std::to_string(done) + " of " + std::to_string(total) + " done";
+}
+
+std::string ConsoleRecordProgress::text(std::int64_t done, std::int64_t total) const {
+    const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start_);
+    return recordProgress(done, total, taken.count());
+}
+
+std::string recordProgress(std::int64_t done, std::int64_t total, std::int64_t milliseconds) {
+    const std::int64_t rate = done * 1000 / std::max<std::int64_t>(1, milliseconds);
+    const std::int64_t left = (total - done) / std::max<std::int64_t>(1, rate);
+    return std::to_string(done) + " of " + std::to_string(total) + " records, " + std::to_string(rate) +
+           " a second, " + std::to_string(left) + " s left";
 }
 
 }  // namespace mergeloom

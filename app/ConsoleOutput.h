@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 namespace mergeloom {
@@ -40,7 +41,7 @@ class ConsoleErrorHandler final : public ErrorHandler {
 
 /// Shows in one line on a terminal how much of long work is done; short work shows nothing. The line is
 /// removed at the end.
-class ConsoleProgress final : public Progress {
+class ConsoleProgress : public Progress {
   public:
     using Clock = std::chrono::steady_clock;
 
@@ -50,6 +51,10 @@ class ConsoleProgress final : public Progress {
 
     void advance(std::int64_t done, std::int64_t total) override;
 
+  protected:
+    /// Returns the line's text.
+    [[nodiscard]] virtual std::string text(std::int64_t done, std::int64_t total) const;
+
   private:
     static constexpr std::chrono::milliseconds kPause{200};
 
@@ -57,6 +62,21 @@ class ConsoleProgress final : public Progress {
     Clock::time_point next_ = Clock::now() + kPause;
     bool isShown_ = false;
 };
+
+/// Shows how many records are filled, how many a second, and the time that is left.
+class ConsoleRecordProgress final : public ConsoleProgress {
+  public:
+    using ConsoleProgress::ConsoleProgress;
+
+  private:
+    [[nodiscard]] std::string text(std::int64_t done, std::int64_t total) const override;
+
+    Clock::time_point start_ = Clock::now();
+};
+
+/// Returns the line for records that were filled in some milliseconds: "1200 of 5000 records, 600 a second, 7
+/// s left".
+std::string recordProgress(std::int64_t done, std::int64_t total, std::int64_t milliseconds);
 
 /// Shows nothing, for work without a terminal.
 class NoProgress final : public Progress {

@@ -199,6 +199,7 @@ int Run::convertFields() {
 
 int Run::fill() {
     const StopSignal stop;
+    if (progress_) progress_ = std::make_unique<ConsoleRecordProgress>(console_.errors);
     Progress& progress = progress_ ? *progress_ : noProgress_;
     const int status = reportingErrors([&] {
         FillCommand command{options_.fill,

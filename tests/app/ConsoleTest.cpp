@@ -44,5 +44,12 @@ TEST(ConsoleErrorHandler, TellsWhatItKnowsOfAnError) {
               "           in modMain.Main\n");
 }
 
+TEST(RecordProgress, ShowsTheRateAndTheTimeThatIsLeft) {
+    EXPECT_EQ(recordProgress(1200, 5000, 2000), "1200 of 5000 records, 600 a second, 6 s left");
+    EXPECT_EQ(recordProgress(1, 100'000, 0), "1 of 100000 records, 1000 a second, 99 s left");
+    EXPECT_EQ(recordProgress(0, 5, 900), "0 of 5 records, 0 a second, 5 s left");
+    EXPECT_EQ(recordProgress(5, 5, 9000), "5 of 5 records, 0 a second, 0 s left");
+}
+
 }  // namespace
 }  // namespace mergeloom

@@ -111,6 +111,47 @@ TEST(DiskFileStore, BringsTheBytesToTheDiskBeforeTheNameAndThenTheName) {
                                            "rename", "fsync", "close"));
 }
 
+/// Of a batch that fails at any call, whole files are left and the failure is told.
+TEST(DiskFileStore, LeavesWholeFilesOfABatchWhicheverCallFails) {
+    const std::vector<std::string> names{"a.docx", "b.docx"};
+    for (int call = 1;; ++call) {
+        const TemporaryFolder folder;
+        FaultyFileSystemCalls calls(call, ENOSPC);
+        DiskFileStore store(calls);
+        const auto writeAll = [&] {
+            for (const std::string& name : names)
+                store.saveInBatch(folder / name, [](ByteSink& sink) { sink.write(kNew); });
+            store.finishBatch();
+        };
+        const std::string failure = failureOf(writeAll, kFileCouldNotBeSaved);
+        int whole = 0;
+        for (const std::string& name : names) {
+            if (!std::filesystem::exists(folder / name)) continue;
+            ++whole;
+            EXPECT_TRUE(folder.bytesOf(name) == kNew) << call;
+        }
+        EXPECT_EQ(folder.entryCount(), whole) << call;
+        if (!calls.hasFailed()) {
+            EXPECT_EQ(failure, "no failure");
+            EXPECT_EQ(whole, 2);
+            break;
+        }
+        EXPECT_TRUE(failure.find(".docx'") != std::string::npos || whole == 2) << failure;
+    }
+}
+
+TEST(DiskFileStore, BringsABatchToTheDiskAtItsEnd) {
+    const TemporaryFolder folder;
+    FaultyFileSystemCalls calls(kNever, 0);
+    DiskFileStore store(calls);
+    store.saveInBatch(folder / "a.docx", [](ByteSink& sink) { sink.write(std::string_view("new")); });
+    store.finishBatch();
+    EXPECT_THAT(calls.names(), ElementsAre("readlink", "stat", "open", "write", "close", "rename", "open",
+                                           "syncfs", "close"));
+    store.finishBatch();
+    EXPECT_EQ(calls.names().size(), 9U);
+}
+
 TEST(DiskFileStore, TellsOfEveryFailureToRead) {
     const TemporaryFolder folder;
     folder.put("orders.dotx", kOld);
@@ -149,6 +190,7 @@ class HaltingCalls final : public FileSystemCalls {
         return halts() ? -1 : system_.write(file, bytes, std::min(count, kMaxCount));
     }
     int fsync(int file) override { return halts() ? -1 : system_.fsync(file); }
+    int syncfs(int file) override { return halts() ? -1 : system_.syncfs(file); }
     int fchmod(int file, mode_t mode) override { return system_.fchmod(file, mode); }
     int close(int file) override {
         system_.close(file);

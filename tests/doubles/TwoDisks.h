@@ -22,6 +22,7 @@ class TwoDisks final : public FileSystemCalls {
         return calls_.write(file, bytes, count);
     }
     int fsync(int file) override { return calls_.fsync(file); }
+    int syncfs(int file) override { return calls_.syncfs(file); }
     int fchmod(int file, mode_t mode) override { return calls_.fchmod(file, mode); }
     int close(int file) override { return calls_.close(file); }
     int stat(const char* path, struct stat* status) override { return calls_.stat(path, status); }
