@@ -35,8 +35,8 @@ TEST_F(OneDocument, EachRecordStartsASectionOfItsOwn) {
     const auto value = [](const std::string& text) { return "<w:r><w:t>" + text + "</w:t></w:r>"; };
     const std::vector<Case> cases{
         {paragraph(place("A")) + "<w:sectPr><w:pgSz w:w=\"1\"/></w:sectPr>",
-         "<w:p><w:pPr>" + section + "</w:pPr>" + value("x") + "</w:p><w:p><w:pPr></w:pPr>" + value("y") + "</w:p>" +
-             section},
+         "<w:p><w:pPr>" + section + "</w:pPr>" + value("x") + "</w:p><w:p><w:pPr></w:pPr>" + value("y") +
+             "</w:p>" + section},
         {paragraph("<w:pPr><w:jc w:val=\"left\"/><w:rPr><w:b/></w:rPr></w:pPr>" + place("A")),
          "<w:p><w:pPr><w:jc w:val=\"left\"/><w:rPr><w:b/></w:rPr>" + empty + "</w:pPr>" + value("x") +
              "</w:p><w:p><w:pPr><w:jc w:val=\"left\"/><w:rPr><w:b/></w:rPr></w:pPr>" + value("y") + "</w:p>" +

@@ -33,6 +33,7 @@ TEST_F(LetterRichText, BlocksBecomeParagraphs) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(shownOf(c.html), c.expected) << c.html;
+    EXPECT_EQ(filled(paragraph(place("A")), rich("<b>1 &lt; 2</i> and 3 <", "")), "[A:1 &lt; 2 and 3 ]\n");
 }
 
 TEST_F(LetterRichText, FormattingJoinsThatOfThePlace) {

@@ -1,5 +1,6 @@
 #include "office/embedded/letters/LetterRenderer.h"
 
+#include "base/AutomationError.h"
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/PictureReplacement.h"
 #include "office/embedded/letters/RichText.h"
@@ -158,19 +159,22 @@ void LetterRenderer::appendValue(Piece& piece) {
         kind == letters::ValueKind::Display && control != nullptr && !control->richText.empty();
     if (!format.isWholeRun) {
         appendEscaped(*xml_, text);
-    } else if (!isRich || !appendRich(*control, format)) {
+    } else if (isRich) {
+        appendRich(*control, format);
+    } else {
         appendRunContent(*xml_, text, format.prefix);
     }
 }
 
-bool LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat& format) {
+void LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat& format) {
     const auto paragraphs = readRichText(control.richText);
     if (paragraphs) {
         appendRichText(*xml_, *paragraphs, format);
     } else {
         remarks_.insert("The rich text of " + control.name + " is broken; its plain text was taken.");
+        const std::string& shown = control.shownText();
+        appendRunContent(*xml_, shown.empty() ? withoutTags(control.richText) : shown, format.prefix);
     }
-    return paragraphs.has_value();
 }
 
 void LetterRenderer::appendPicture(Piece& piece) {
@@ -191,9 +195,15 @@ void LetterRenderer::appendPicture(Piece& piece) {
 const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
     const RecordControl* const control = controlOf(piece);
     if (control == nullptr || control->image.empty()) return nullptr;
-    const LetterPicture* const picture = parts_.add(control->image);
-    if (picture == nullptr) remarks_.insert("There is no picture '" + control->image + "'.");
-    return picture;
+    try {
+        const LetterPicture* const picture = parts_.add(control->image);
+        if (picture == nullptr) remarks_.insert("There is no picture '" + control->image + "'.");
+        return picture;
+    } catch (const AutomationError& error) {
+        // One bad picture must not end a batch: the template's stays.
+        remarks_.insert(error.description());
+        return nullptr;
+    }
 }
 
 void LetterRenderer::appendRows(Piece& piece) {

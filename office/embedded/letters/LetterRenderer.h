@@ -42,8 +42,8 @@ class LetterRenderer {
   private:
     void append(Pieces& pieces);
     void appendValue(Piece& piece);
-    /// Returns false, and appends nothing, for rich text that is broken.
-    bool appendRich(const RecordControl& control, const PlaceFormat& format);
+    /// Appends rich text, or its plain text when it is broken.
+    void appendRich(const RecordControl& control, const PlaceFormat& format);
     void appendLabel(Piece& piece);
     void appendOptional(Piece& piece);
     void appendPicture(Piece& piece);

@@ -264,4 +264,17 @@ std::optional<std::vector<RichParagraph>> readRichText(std::string_view html) {
     return RichTextReader().read(html);
 }
 
+std::string withoutTags(std::string_view html) {
+    std::string text;
+    while (!html.empty()) {
+        const std::size_t open = std::min(html.find('<'), html.size());
+        appendHtmlText(text, html.substr(0, open));
+        html.remove_prefix(open);
+        const std::size_t close = html.find('>');
+        if (close == std::string_view::npos) break;
+        html.remove_prefix(close + 1);
+    }
+    return text;
+}
+
 }  // namespace mergeloom::embedded

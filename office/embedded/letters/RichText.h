@@ -40,4 +40,7 @@ struct RichParagraph {
 /// broken: a tag without an end, or elements that do not nest.
 std::optional<std::vector<RichParagraph>> readRichText(std::string_view html);
 
+/// Returns the text of broken HTML: what stands outside of "<" and ">".
+std::string withoutTags(std::string_view html);
+
 }  // namespace mergeloom::embedded

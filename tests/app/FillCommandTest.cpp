@@ -1,0 +1,131 @@
+#include "LabellingConverter.h"
+#include "app/FillCommand.h"
+#include "doubles/FaultyFileStore.h"
+#include "doubles/TemporaryFolder.h"
+#include "doubles/WordFiles.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+namespace mergeloom {
+namespace {
+
+using testing::HasSubstr;
+
+/// Fills a template in memory with records of a file.
+class FillTest : public testing::Test {
+  protected:
+    FillTest() {
+        memory.files["/t.docx"] = wordFile(
+            "<w:p><w:bookmarkStart w:id=\"1\" w:name=\"No\"/><w:r><w:t>No</w:t></w:r><w:bookmarkEnd "
+            "w:id=\"1\"/>"
+            "</w:p>");
+        options.templateFile = "/t.docx";
+        options.output = "/out/{No}.docx";
+    }
+
+    void writeRecords(int count) {
+        std::string xml = "<db><Form Name='F'><Control Name='No'/></Form><Data>";
+        for (int number = 1; number <= count; ++number)
+            xml += "<Record><Control Name='No'><DisplayValue>" + std::to_string(number) +
+                   "</DisplayValue></Control></Record>";
+        folder.put("data.xml", xml + "</Data></db>");
+        options.dataFile = folder / "data.xml";
+    }
+
+    /// Returns what is told, and the sentence of an error.
+    std::string fill(
+        FileStore& store, const std::function<bool()>& shouldStop = [] { return false; }) {
+        FileStore* converted = &store;
+        LabellingConverter converter{converted};
+        const OfficeFormats formats{OfficeKind::Embedded, store, converter};
+        std::ostringstream report;
+        std::ostringstream told;
+        ConsoleMessages messages{told};
+        ConsoleErrorHandler errors{told};
+        NoProgress progress;
+        try {
+            FillCommand command{options, {formats, converter, store, errors, messages, progress}, shouldStop};
+            succeeded = command.run(report);
+        } catch (const AutomationError& error) {
+            succeeded = false;
+            return told.str() + error.description();
+        }
+        return told.str() + report.str();
+    }
+
+    /// The letters that are there; each must be whole.
+    int letters() const {
+        int count = 0;
+        for (const auto& [path, bytes] : memory.files) {
+            if (!path.starts_with("/out/")) continue;
+            ++count;
+            const std::string number = path.substr(5, path.find('.') - 5);
+            EXPECT_EQ(shownBody(bytes), "[No:" + number + "]\n") << path;
+        }
+        return count;
+    }
+
+    TemporaryFolder folder;
+    MemoryFileStore memory;
+    FillOptions options;
+    bool succeeded = false;
+};
+
+TEST_F(FillTest, WholeLettersAreLeftWhenTheDiskIsFull) {
+    writeRecords(3);
+    for (int call = 1;; ++call) {
+        std::erase_if(memory.files, [](const auto& file) { return file.first.starts_with("/out/"); });
+        FaultyFileStore faulty(memory, call);
+        const std::string told = fill(faulty);
+        const int written = letters();
+        if (!faulty.hasFailed()) {
+            EXPECT_TRUE(succeeded);
+            EXPECT_EQ(written, 3);
+            EXPECT_THAT(told, HasSubstr("3 records filled into 3 files."));
+            break;
+        }
+        EXPECT_FALSE(succeeded);
+        EXPECT_LT(written, 3);
+        const std::string count = written == 1 ? "1 file was" : std::to_string(written) + " files were";
+        const std::string expected =
+            written == 0 ? "" : "the disk is full. Before that, " + count + " written.";
+        EXPECT_THAT(told, HasSubstr(expected));
+    }
+}
+
+TEST_F(FillTest, EndsAfterALetterWhenItIsStopped) {
+    writeRecords(5);
+    int asked = 0;
+    const std::string told = fill(memory, [&] { return ++asked > 2; });
+    EXPECT_FALSE(succeeded);
+    EXPECT_EQ(letters(), 2);
+    EXPECT_THAT(told, HasSubstr("2 records filled into 2 files."));
+    options.output = "/one.docx";
+    options.use = letters::LetterUse::OneForAll;
+    asked = 0;
+    fill(memory, [&] { return ++asked > 2; });
+    EXPECT_FALSE(memory.fileExists("/one.docx"));
+}
+
+TEST_F(FillTest, OtherFormatsAreConverted) {
+    writeRecords(1);
+    options.output = "/letter.pdf";
+    fill(memory);
+    EXPECT_TRUE(succeeded);
+    EXPECT_TRUE(memory.files["/letter.pdf"].starts_with("format 17\n"));
+}
+
+TEST_F(FillTest, PartsOfTheRecordsHaveTheNamesOfTheWhole) {
+    writeRecords(5);
+    options.firstRecord = 2;
+    options.lastRecord = 3;
+    fill(memory);
+    EXPECT_EQ(letters(), 2);
+    EXPECT_TRUE(memory.fileExists("/out/2.docx"));
+    EXPECT_TRUE(memory.fileExists("/out/3.docx"));
+}
+
+}  // namespace
+}  // namespace mergeloom
