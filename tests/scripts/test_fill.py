@@ -8,6 +8,7 @@ import copy
 import json
 import os
 import re
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -141,6 +142,11 @@ class Filling(unittest.TestCase):
         tree.write(path, encoding="utf-8", xml_declaration=True)
         return path
 
+    @staticmethod
+    def joined(path):
+        """The text of a document without the white space between its elements."""
+        return re.sub(r">\s+<", "><", path.read_text(encoding="utf-8"))
+
     def designed(self):
         """The template after its user changed it: a place in the header, a totals row, bold text in the pattern."""
         document = docx.Document(self.template)
@@ -251,6 +257,27 @@ class Filling(unittest.TestCase):
         self.assertEqual(rows_of(self.read(kept).tables[0]), SAMPLE_LINES[:1])
         self.fill("--output", dropped, "--drop-empty-tables", data=data)
         self.assertEqual(self.read(dropped).tables, [])
+
+    def test_interrupted_batch_leaves_whole_letters(self):
+        out = self.folder / "out"
+        out.mkdir()
+        data = self.orders(1)
+        start, record, end = re.split("(<Record><Control Name=\"OrderNumber\">.*</Record>)", self.joined(data))
+        data.write_text(start + "".join(record.replace("N-00001", f"N-{number}") for number in range(20000)) + end,
+                        encoding="utf-8")
+        arguments = [PROGRAM, "--fill", self.template, "--data", data, "--output", out / "{OrderNumber}.docx"]
+        with subprocess.Popen(arguments, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as process:
+            while process.poll() is None and not any(out.glob("*.docx")):
+                pass
+            process.send_signal(signal.SIGINT)
+            told, _ = process.communicate(timeout=300)
+        written = list(out.iterdir())
+        self.assertEqual(process.returncode, 128 + signal.SIGINT)
+        self.assertIn(f"{len(written)} files", told)
+        self.assertLess(len(written), 20000)
+        for letter in written:
+            with zipfile.ZipFile(letter) as package:
+                self.assertIsNone(package.testzip())
 
     def test_refusals_write_nothing(self):
         twice = self.orders(3, 1, lambda number, record: number == 3 and setattr(
