@@ -91,7 +91,8 @@ LIBRARIES = {
     # The XML of one part is a tree of pugixml's, so whoever reads parts sees it.
     "pugixml.hpp": [
         "xml", "office/opc", "office/embedded/parts", "office/embedded/text", "office/embedded/word",
-        "office/embedded/letters", "office/embedded/sheet", "office/embedded/excel", "office/libreoffice/readback", "office/libreoffice/remote",
+        "office/embedded/letters", "office/embedded/sheet", "office/embedded/excel", "office/libreoffice/readback",
+        "office/libreoffice/remote",
     ],
 }
 
