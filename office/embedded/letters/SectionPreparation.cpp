@@ -1,0 +1,94 @@
+#include "office/embedded/letters/PartPreparation.h"
+#include "office/embedded/letters/SectionXml.h"
+#include "office/embedded/letters/Token.h"
+
+#include <string_view>
+#include <vector>
+
+/// The tokens around the sections of records in one document for all.
+namespace mergeloom::embedded {
+
+using opc::WordTag;
+
+void PartPreparation::markSections() {
+    if (kind_ == PartKind::Body) markBodySections();
+    if (kind_ == PartKind::Notes) markNotes();
+}
+
+void PartPreparation::markNotes() {
+    std::vector<pugi::xml_node> notes;
+    for (const pugi::xml_node note : part_.root().children()) {
+        // The separators between text and notes are notes, too.
+        const std::string_view type = names_.value(note, "type");
+        const bool isNote = note.type() == pugi::node_element && (type.empty() || type == "normal");
+        if (isNote) notes.push_back(note);
+    }
+    if (notes.empty()) return;
+    for (const pugi::xml_node note : notes)
+        markId(note.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
+    insertBefore(notes.front(), {TokenKind::SectionStart, 0});
+    insertAfter(notes.back(), {TokenKind::SectionEnd, 0});
+}
+
+void PartPreparation::markNoteIds(pugi::xml_node below) {
+    for (const pugi::xml_node child : below.children()) {
+        const std::string_view name = opc::localName(child);
+        const bool isReference = name == "footnoteReference" || name == "endnoteReference";
+        if (isReference) markId(child.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
+        markNoteIds(child);
+    }
+}
+
+void PartPreparation::markPartLinks(pugi::xml_node below) {
+    for (const pugi::xml_node child : below.children()) {
+        const std::string_view name = opc::localName(child);
+        const bool isReference = name == "headerReference" || name == "footerReference";
+        if (isReference) {
+            const pugi::xml_attribute id = child.find_attribute([](pugi::xml_attribute attribute) {
+                return std::string_view(attribute.name()).ends_with(":id");
+            });
+            if (context_.linkedParts.contains(id.value())) markId(id, TokenKind::PartLink);
+        }
+        markPartLinks(child);
+    }
+}
+
+void PartPreparation::markBodySections() {
+    const pugi::xml_node body = part_.root().child(names_.element("body").c_str());
+    pugi::xml_node section = body.child(names_.element("sectPr").c_str());
+    if (!section) section = pugi::xml_node(body).append_child(names_.element("sectPr").c_str());
+    startOnNewPage(firstSectionOf(body, names_), names_);
+    markNoteIds(body);
+    markPartLinks(body);
+    pugi::xml_node(body)
+        .prepend_child(pugi::node_pcdata)
+        .set_value(Token{TokenKind::SectionStart, 0}.text().c_str());
+    insertBefore(section, {TokenKind::SectionEnd, 0});
+    markSectionBreak(body, section);
+}
+
+/// The last paragraph of a record ends its section; a record that does not end in one gets an empty one.
+void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node section) {
+    sectionBreak_ = xmlOf(section);
+    const std::string propertiesName = names_.element("pPr");
+    const Token token{TokenKind::SectionBreak, 0};
+    pugi::xml_node last = body.last_child();
+    while (last && (last.type() != pugi::node_element || last == section))
+        last = last.previous_sibling();
+    const bool isParagraph = names_.tagOf(last) == WordTag::Paragraph;
+    pugi::xml_node properties = names_.child(last, WordTag::ParagraphProperties);
+    if (!isParagraph || properties.child(names_.element("sectPr").c_str())) {
+        const std::string paragraph = names_.element("p");
+        sectionBreak_ = "<" + paragraph + "><" + propertiesName + ">" + sectionBreak_ + "</" +
+                        propertiesName + "></" + paragraph + ">";
+        insertAfter(last, token);
+        return;
+    }
+    if (!properties) properties = last.prepend_child(propertiesName.c_str());
+    const pugi::xml_node change = properties.child(names_.element("pPrChange").c_str());
+    pugi::xml_node text = change ? properties.insert_child_before(pugi::node_pcdata, change)
+                                 : properties.append_child(pugi::node_pcdata);
+    text.set_value(token.text().c_str());
+}
+
+}  // namespace mergeloom::embedded
