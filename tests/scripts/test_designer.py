@@ -5,8 +5,10 @@ With MERGELOOM_PICTURES a picture of each scene is kept in that folder.
 """
 import itertools
 import os
-import signal
+import re
+import shlex
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -480,6 +482,21 @@ class MappingFirst(DesignerTest):
                     wait_for(f"the end of {sentence}", lambda: self.closes(sentence))
                 self.assertEqual(designer.process.wait(PATIENCE), status)
                 self.assertFalse((self.folder / "list.docx").exists())
+
+    def test_the_example_of_the_help_does_what_it_says(self):
+        page = (ROOT / "docs" / "help" / "starting.html").read_text()
+        row = re.search(r"<td>a table of two fields.*?<code>(.*?)</code>", page, re.S)
+        program, *arguments = shlex.split(row.group(1))
+        self.assertEqual(program, "mergeloom")
+        shutil.copytree(SAMPLE.parent, self.folder, dirs_exist_ok=True)
+        folder = os.getcwd()
+        self.addCleanup(os.chdir, folder)
+        os.chdir(self.folder)
+        self.designer = Designer(PROGRAM, arguments)
+        self.addCleanup(self.designer.close)
+        self.designer.wait_until_ready()
+        names = [place["name"] for place in read_docx.read_bookmarks(self.folder / "list.docx")[0]]
+        self.assertEqual(names, ["OrdersT", "OrderDate", "OrderNumber"])
 
     def test_the_designer_follows(self):
         designer = self.start_mapping("-fields", "OrderDate, OrderNumber")

@@ -87,8 +87,8 @@ TEST_F(Session, StartsInTheBackground) {
     EXPECT_THAT(states, ElementsAre(OfficeState::Starting, OfficeState::Opening, OfficeState::Running));
     EXPECT_EQ(shownCaption, "New Template");
     EXPECT_EQ(session.officeBuild(), "4711");
-    EXPECT_THAT(logged, ElementsAre(testing::MatchesRegex("Size of dsoframer.ocx: [0-9]+"),
-                                    "Word Application Build: 4711"));
+    EXPECT_THAT(logged, ElementsAre(testing::MatchesRegex("Size of mergeloom_libreoffice.so: [0-9]+"),
+                                    "LibreOffice Build: 4711"));
 }
 
 TEST_F(Session, TellsWhyThereIsNoOffice) {

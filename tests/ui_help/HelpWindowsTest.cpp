@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTest>
 #include <QTextBrowser>
 #include <QTreeWidget>
 
@@ -77,6 +78,49 @@ TEST_F(HelpWindowsTest, SearchesAndNarrowsTheIndex) {
         if (!index->item(row)->isHidden()) shown += index->item(row)->text();
     }
     EXPECT_EQ(shown, QStringList{QStringLiteral("unattended mapping")});
+}
+
+QStringList linesOf(const QListWidget& list) {
+    QStringList lines;
+    for (int row = 0; row < list.count(); ++row)
+        lines += list.item(row)->text();
+    return lines;
+}
+
+TEST_F(HelpWindowsTest, TheIndexIsInTheOrderOfReaders) {
+    const HelpWindow& window = windowOf(open(HtmlHelpCommand::DisplayIndex));
+    const auto* const page = window.findChild<QTabWidget*>()->currentWidget();
+    const QStringList lines = linesOf(*page->findChild<QListWidget*>());
+    QStringList inOrder = lines;
+    inOrder.sort(Qt::CaseInsensitive);
+    EXPECT_EQ(lines, inOrder);
+}
+
+TEST_F(HelpWindowsTest, EnterOpensTheOnlyMatch) {
+    const HelpWindow& window = windowOf(open(HtmlHelpCommand::DisplayIndex));
+    const auto* const pages = window.findChild<QTabWidget*>();
+    auto* const box = pages->currentWidget()->findChild<QLineEdit*>();
+    const auto* const index = pages->currentWidget()->findChild<QListWidget*>();
+    box->setText(QStringLiteral("unattended map"));
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(window.topic(), QStringLiteral("command-line.html"));
+    box->setText(QStringLiteral("e"));
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(window.topic(), QStringLiteral("command-line.html")) << "there are several";
+    EXPECT_EQ(window.focusWidget(), index);
+
+    open(HtmlHelpCommand::DisplaySearch, HelpSearchQuery{"aligns paragraph left"});
+    EXPECT_EQ(window.topic(), QStringLiteral("keyboard.html"));
+}
+
+TEST_F(HelpWindowsTest, PicturesAreNoWiderThanTheTopic) {
+    HelpWindow& window = windowOf(open(HtmlHelpCommand::DisplayTopic, std::string("window.html")));
+    const auto* const browser = window.findChild<QTextBrowser*>();
+    const auto widthOfTopic = [&] { return static_cast<int>(browser->document()->size().width()); };
+    for (const int width : {1400, 600, 900}) {
+        window.resize(width, 500);
+        EXPECT_LE(widthOfTopic(), browser->viewport()->width()) << width;
+    }
 }
 
 TEST_F(HelpWindowsTest, LinksAreFollowedAndTheWayBackIsKept) {

@@ -18,13 +18,14 @@ namespace mergeloom {
 
 namespace {
 
+constexpr const char* kOfficeModule = "mergeloom_libreoffice.so";
+
 /// Returns the size in bytes of the module that connects to LibreOffice; 0 when it is missing.
 std::uintmax_t officeModuleSize() {
     const std::string folder = parentFolder(programPath());
     for (const std::string& place : {folder, joinPath(parentFolder(folder), "lib/mergeloom")}) {
         std::error_code missing;
-        const std::uintmax_t size =
-            std::filesystem::file_size(joinPath(place, "mergeloom_libreoffice.so"), missing);
+        const std::uintmax_t size = std::filesystem::file_size(joinPath(place, kOfficeModule), missing);
         if (!missing) return size;
     }
     return 0;
@@ -111,8 +112,8 @@ void DesignerSession::startOffice(const HostWindow& window, const Attempt& attem
 
 void DesignerSession::logOffice() {
     const std::string build = office_.host().build();
-    ports_.log("Size of dsoframer.ocx: " + std::to_string(officeModuleSize()));
-    ports_.log("Word Application Build: " + build);
+    ports_.log("Size of " + std::string(kOfficeModule) + ": " + std::to_string(officeModuleSize()));
+    ports_.log("LibreOffice Build: " + build);
     const std::scoped_lock lock(buildMutex_);
     build_ = build;
 }

@@ -3,6 +3,8 @@
 #include "base/AutomationError.h"
 #include "ui/help/HelpSitemap.h"
 
+#include <QImage>
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
@@ -39,6 +41,7 @@ void HelpBrowser::follow(const QUrl& link) {
     const QUrl address = source().resolved(link);
     try {
         if (address.scheme() == QLatin1String("chm") && file_->topicHtml(address.path())) {
+            widestPicture_ = 0;
             setSource(address);
         } else {
             showProblem_(tr("The help file '%1' has no topic '%2'.")
@@ -63,11 +66,36 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
     const QUrl address = source().resolved(name);
     try {
         if (type == QTextDocument::HtmlResource) return file_->topicHtml(address.path()).value_or(QString());
-        return file_->read(address.path()).value_or(QByteArray());
+        const QByteArray bytes = file_->read(address.path()).value_or(QByteArray());
+        return type == QTextDocument::ImageResource ? fittingPicture(bytes) : QVariant(bytes);
     } catch (const AutomationError& error) {
         showProblem_(QString::fromStdString(error.description()));
         return {};
     }
+}
+
+/// Returns the width for pictures, of which the margins of the page take no part.
+int HelpBrowser::roomForPictures() const {
+    return std::max(1, viewport()->width() - static_cast<int>(2 * document()->documentMargin()));
+}
+
+QVariant HelpBrowser::fittingPicture(const QByteArray& bytes) {
+    const QImage picture = QImage::fromData(bytes);
+    if (picture.isNull()) return bytes;
+    pictureRoom_ = roomForPictures();
+    widestPicture_ = std::max(widestPicture_, picture.width());
+    if (picture.width() <= pictureRoom_) return picture;
+    return picture.scaledToWidth(pictureRoom_, Qt::SmoothTransformation);
+}
+
+/// Loads the pictures anew when the width for them changes.
+void HelpBrowser::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    const int room = roomForPictures();
+    if (std::min(room, widestPicture_) == std::min(pictureRoom_, widestPicture_)) return;
+    const int place = verticalScrollBar()->value();
+    reload();
+    verticalScrollBar()->setValue(place);
 }
 
 }  // namespace mergeloom

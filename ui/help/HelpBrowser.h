@@ -8,7 +8,8 @@
 
 namespace mergeloom {
 
-/// Shows the topics of a help file, with their pictures, and follows the links between them.
+/// Shows the topics of a help file, with their pictures no wider than itself, and follows the links between
+/// them.
 class HelpBrowser final : public QTextBrowser {
     Q_OBJECT
 
@@ -30,12 +31,19 @@ class HelpBrowser final : public QTextBrowser {
 
     QVariant loadResource(int type, const QUrl& name) override;
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
+    [[nodiscard]] int roomForPictures() const;
+    QVariant fittingPicture(const QByteArray& bytes);
     void follow(const QUrl& link);
 
     std::shared_ptr<HelpFile> file_;
     std::function<void(const QString&)> showProblem_;
     int zoom_ = 0;
+    int widestPicture_ = 0;  ///< of the topic, before it was scaled
+    int pictureRoom_ = 0;    ///< for which the pictures of the topic were scaled
 };
 
 }  // namespace mergeloom

@@ -4,6 +4,7 @@
 #include "ui/help/HelpBrowser.h"
 
 #include <QAction>
+#include <QCollator>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +19,7 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <vector>
 
 namespace mergeloom {
@@ -40,6 +42,17 @@ void addEntries(QTreeWidgetItem* parent, const std::vector<HelpEntry>& entries) 
 void addLine(QListWidget& list, const QString& title, const QString& topic) {
     auto* const item = new QListWidgetItem(title, &list);
     item->setData(kTopicRole, topic);
+}
+
+/// Returns the entries as readers look for them: without regard to case, numbers by their value.
+std::vector<HelpEntry> inOrder(std::vector<HelpEntry> entries) {
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    collator.setNumericMode(true);
+    std::ranges::stable_sort(entries, [&](const HelpEntry& one, const HelpEntry& other) {
+        return collator.compare(one.title, other.title) < 0;
+    });
+    return entries;
 }
 
 /// Makes a page with a box to type in, with its label, above a list.
@@ -104,15 +117,12 @@ QWidget* HelpWindow::makeIndexPage() {
     indexBox_ = new QLineEdit;
     index_ = new QListWidget;
     index_->setAccessibleName(tr("Index"));
-    for (const HelpEntry& entry : file_->index()) {
+    for (const HelpEntry& entry : inOrder(file_->index())) {
         addLine(*index_, entry.title, entry.topic);
     }
-    index_->sortItems();
     connect(indexBox_, &QLineEdit::textChanged, this, &HelpWindow::narrowIndex);
-    connect(index_, &QListWidget::itemClicked, this,
-            [this](const QListWidgetItem* item) { showTopic(item->data(kTopicRole).toString()); });
-    connect(index_, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem* item) { showTopic(item->data(kTopicRole).toString()); });
+    connect(indexBox_, &QLineEdit::returnPressed, this, [this] { enterList(*index_); });
+    connectLines(*index_);
     return makePage(tr("&Look for:"), indexBox_, index_);
 }
 
@@ -121,11 +131,14 @@ QWidget* HelpWindow::makeSearchPage() {
     hits_ = new QListWidget;
     hits_->setAccessibleName(tr("Topics found"));
     connect(searchBox_, &QLineEdit::returnPressed, this, &HelpWindow::search);
-    connect(hits_, &QListWidget::itemClicked, this,
-            [this](const QListWidgetItem* item) { showTopic(item->data(kTopicRole).toString()); });
-    connect(hits_, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem* item) { showTopic(item->data(kTopicRole).toString()); });
+    connectLines(*hits_);
     return makePage(tr("&Words, then Enter:"), searchBox_, hits_);
+}
+
+void HelpWindow::connectLines(const QListWidget& lines) {
+    const auto show = [this](const QListWidgetItem* item) { showTopic(item->data(kTopicRole).toString()); };
+    connect(&lines, &QListWidget::itemClicked, this, show);
+    connect(&lines, &QListWidget::itemActivated, this, show);
 }
 
 void HelpWindow::makeActions() {
@@ -200,9 +213,22 @@ void HelpWindow::search() {
             addLine(*hits_, hit.title, hit.topic);
         }
         if (hits_->count() == 0) showProblem(tr("No topic holds all of these words."));
+        enterList(*hits_);
     } catch (const AutomationError& error) {
         showProblem(QString::fromStdString(error.description()));
     }
+}
+
+/// Shows the topic of the only line that is left; of several lines the user chooses one.
+void HelpWindow::enterList(QListWidget& lines) {
+    std::vector<QListWidgetItem*> left;
+    for (int row = 0; row < lines.count(); ++row) {
+        if (!lines.item(row)->isHidden()) left.push_back(lines.item(row));
+    }
+    if (left.empty()) return;
+    lines.setCurrentItem(left.front());
+    if (left.size() > 1) return lines.setFocus();
+    showTopic(left.front()->data(kTopicRole).toString());
 }
 
 /// Marks the topic in the contents. A topic may be there several times; the first one is marked, unless

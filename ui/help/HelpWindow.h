@@ -38,7 +38,9 @@ class HelpWindow final : public QMainWindow {
     [[nodiscard]] QWidget* makeIndexPage();
     [[nodiscard]] QWidget* makeSearchPage();
     void makeActions();
+    void connectLines(const QListWidget& lines);
     void narrowIndex(const QString& beginning);
+    void enterList(QListWidget& lines);
     void search();
     void markInContents(const QString& topic);
     void showProblem(const QString& sentence);
