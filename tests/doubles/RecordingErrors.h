@@ -12,9 +12,11 @@ class RecordingErrors final : public ErrorHandler {
   public:
     void report(const ErrorReport& report) override {
         reports.push_back(report.module + "." + report.procedure + ": " + report.description);
+        comments.push_back(report.comment);
     }
 
     std::vector<std::string> reports;
+    std::vector<std::string> comments;  ///< of the reports
 };
 
 }  // namespace mergeloom

@@ -123,6 +123,10 @@ def has_focus(element):
     return element.get_state_set().contains(Atspi.StateType.FOCUSED)
 
 
+def resize_active_window(width, height):
+    xdotool("getactivewindow", "windowsize", width, height)
+
+
 def screenshot(path):
     subprocess.run(["import", "-window", "root", str(path)], check=True)
 
@@ -152,11 +156,16 @@ def middle(element):
     return box.x + box.width // 2, box.y + box.height // 2
 
 
-class Designer:
-    """A run of the program with a home of its own."""
+def size_of(element):
+    box = element.get_extents(Atspi.CoordType.SCREEN)
+    return box.width, box.height
 
-    def __init__(self, program, arguments, wait=True):
-        self.home = Path(tempfile.mkdtemp(prefix="designer-"))
+
+class Designer:
+    """A run of the program with a home of its own, or with that of an earlier run."""
+
+    def __init__(self, program, arguments, wait=True, home=None):
+        self.home = home or Path(tempfile.mkdtemp(prefix="designer-"))
         environment = dict(
             os.environ, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / "config"),
             XDG_STATE_HOME=str(self.home / "state"), XDG_DATA_HOME=str(self.home / "data"),

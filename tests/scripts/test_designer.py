@@ -22,8 +22,8 @@ from lxml import etree
 import read_docx
 import read_xlsx
 from designer_window import (
-    BUTTON, PATIENCE, Designer, Screen, active_window, click, document_has_keyboard, drag, dragging, find, has_focus,
-    key, middle, point_at, screenshot, type_text, wait_for,
+    BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, Screen, active_window, click, document_has_keyboard, drag,
+    dragging, find, has_focus, key, middle, point_at, resize_active_window, screenshot, size_of, type_text, wait_for,
 )
 
 PROGRAM = Path(os.environ["MERGELOOM"])
@@ -170,6 +170,32 @@ class InWord(DesignerTest):
         tables = read_docx.read_tables(self.save_as("table.docx"))
         self.assertEqual(tables[0][0], chosen)
 
+    def test_too_many_columns_are_told_plainly(self):
+        wide = self.folder / "wide.xml"
+        fields = "".join(f'<Control Name="F{number}" ControlType="Textbox"/>' for number in range(64))
+        wide.write_text(f'<Database><Table Name="Wide" CurrentView="2">{fields}</Table></Database>')
+        designer = self.start(structure=wide)
+        drag(designer.node('Table "Wide"'), designer.document())
+        designer.press("Insert", designer.dialog("Select Fields"))
+        box = wait_for("the message", lambda: next(iter(find(designer.application, "alert")), None))
+        self.assertIn("A Word table has at most 63 columns; 64 were asked for.", designer.texts_of(box))
+        self.assertEqual(find(box, BUTTON, "Problem report…"), [])
+        self.picture("columns")
+
+    def test_a_window_that_is_too_large_is_fitted_to_the_screen(self):
+        first = self.start()
+        self.designer.wait_until_active()
+        resize_active_window(1500, 1200)
+        wait_for("the large window", lambda: size_of(first.window())[0] == 1500)
+        key("ctrl+q")
+        first.process.wait(PATIENCE)
+        again = Designer(DESIGNER, [], home=first.home)
+        self.addCleanup(again.close)
+        again.wait_until_ready()
+        width, height = size_of(again.window())
+        self.assertLess(width, SCREEN_WIDTH)
+        self.assertLess(height, SCREEN_HEIGHT)
+
     def test_special_places_and_refused_drags(self):
         designer = self.start()
         drag(designer.node("Special"), designer.document())
@@ -311,6 +337,8 @@ class InWord(DesignerTest):
         drag(second.node("Customer"), second.document())
         box = second.dialog()
         self.assertIn("open for reading only", second.texts_of(box))
+        time.sleep(1)  # longer than the window waits before it shows that it is busy
+        self.assertEqual(find(second.application, "progress bar"), [])
         self.picture("read-only")
         second.press("OK", box)
         second.wait_until_active()

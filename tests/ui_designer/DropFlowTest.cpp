@@ -64,6 +64,15 @@ TEST_F(Dropping, PutsTheNodeWhereTheMouseIs) {
     EXPECT_THAT(errors.reports, IsEmpty());
 }
 
+TEST_F(Dropping, AnErrorNamesItsDocument) {
+    const std::string path = makeTemplate("letter.docx");
+    lifecycle->OpenTemplate(path);
+    std::get<word::DocumentPtr>(host().ActiveDocument())->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    EXPECT_FALSE(flow.drop({12, 34}));
+    ASSERT_FALSE(errors.comments.empty());
+    EXPECT_THAT(errors.comments.front(), testing::EndsWith(path));
+}
+
 TEST_F(Dropping, WithoutAMouseTheCaretStays) {
     tree.lostFocus = false;
     host().calls.clear();

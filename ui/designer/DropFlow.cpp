@@ -3,6 +3,7 @@
 #include "app/modMain.h"
 #include "base/ErrorHandler.h"
 #include "droppers/CNodeDropper.h"
+#include "ui/designer/DocumentErrors.h"
 #include "ui/designer/MainForm.h"
 
 #include <variant>
@@ -66,13 +67,14 @@ bool DropFlow::dropSelected(const HostPoint* point) {
 bool DropFlow::dropInto(const TreeNode& node, const LoadedStructure& structure) {
     if (refusesChanges(ports_.access.host(), ports_.messages)) return false;
     const HostEditing editing(ports_.access.host());
-    CNodeDropper dropper{ports_.errors, ports_.messages,
+    const HostedDocument hosted = ports_.access.host().ActiveDocument();
+    DocumentErrors errors(ports_.errors, nameOf(hosted));
+    CNodeDropper dropper{errors, ports_.messages,
                          [&](const std::string& image) { return structure.document.findPicture(image); },
                          ports_.progress, &ports_.fieldDialog};
     const auto dropAt = [&](const auto& document) {
         return dropper.NodeDrop(node, document, structure.xmlNodes, true, DocumentType::ByView, nullptr);
     };
-    const HostedDocument hosted = ports_.access.host().ActiveDocument();
     if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted)) return dropAt(*document);
     if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted)) return dropAt(*workbook);
     return false;

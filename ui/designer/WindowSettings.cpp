@@ -1,5 +1,6 @@
 #include "ui/designer/WindowSettings.h"
 
+#include <QScreen>
 #include <QSplitter>
 #include <QWidget>
 
@@ -17,6 +18,18 @@ const QString& splitterKey() {
     return key;
 }
 
+/// The part of the screen for a window with its frame.
+constexpr double kShareOfScreen = 0.95;
+
+/// Fits a window that was larger on another screen to its screen of today.
+void fitToScreen(QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    const QSize room = (screen.size() * kShareOfScreen).expandedTo(window.minimumSizeHint());
+    if (window.isMaximized() || window.size() == window.size().boundedTo(room)) return;
+    window.resize(window.size().boundedTo(room));
+    window.move(screen.center() - window.rect().center());
+}
+
 }  // namespace
 
 WindowSettings::WindowSettings()
@@ -25,6 +38,7 @@ WindowSettings::WindowSettings()
 
 void WindowSettings::restore(QWidget& window, QSplitter& splitter) {
     window.restoreGeometry(settings_.value(geometryKey()).toByteArray());
+    fitToScreen(window);
     splitter.restoreState(settings_.value(splitterKey()).toByteArray());
 }
 

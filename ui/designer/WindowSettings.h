@@ -12,7 +12,8 @@ class WindowSettings {
   public:
     WindowSettings();
 
-    /// Restores the kept positions; others stay as they are.
+    /// Restores the kept positions; others stay as they are. A window that is too large for the screen is
+    /// made smaller.
     void restore(QWidget& window, QSplitter& splitter);
     void keep(const QWidget& window, const QSplitter& splitter);
 

@@ -8,6 +8,7 @@
 #include "office/formats/mOfficeVersion.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Application.h"
+#include "ui/designer/DocumentErrors.h"
 
 #include <algorithm>
 #include <array>
@@ -47,9 +48,10 @@ void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& err
         const HostedDocument hosted = host.ActiveDocument();
         const auto* const document = std::get_if<word::DocumentPtr>(&hosted);
         if (document == nullptr) return;
+        DocumentErrors named(errors, nameOf(hosted));
         ConvertMailMergeFields conversion{
             []() -> word::ApplicationPtr { throw AutomationError(kNotAvailable, "No office is started."); },
-            files, errors};
+            files, named};
         conversion.SetTemplate(*document);
         conversion.Execute();
         result = conversion.result();

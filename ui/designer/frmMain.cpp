@@ -166,9 +166,13 @@ void frmMain::connectOffice() {
 void frmMain::connectBusy() {
     connect(&session_.worker(), &OfficeWorker::busy, this, [this] {
         busy_->setRange(0, 0);
-        busy_->show();
+        isBusy_ = true;
+        showBusy();
     });
-    connect(&session_.worker(), &OfficeWorker::idle, busy_, &QWidget::hide);
+    connect(&session_.worker(), &OfficeWorker::idle, this, [this] {
+        isBusy_ = false;
+        showBusy();
+    });
     connect(&session_.progress(), &DropProgress::advanced, this, [this](int percent) {
         busy_->setRange(0, 100);
         busy_->setValue(percent);
@@ -218,6 +222,18 @@ void frmMain::answerKey(HostKey key) {
     const bool isForward = key == HostKey::NextPart;
     parts_->goFrom(&area_->pane(),
                    isForward ? WindowParts::Direction::Forward : WindowParts::Direction::Back);
+}
+
+/// Shows no progress while a question waits for the user.
+void frmMain::showBusy() {
+    busy_->setVisible(isBusy_ && QApplication::activeModalWidget() == nullptr);
+}
+
+bool frmMain::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    const QEvent::Type type = event->type();
+    if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) showBusy();
+    return handled;
 }
 
 void frmMain::start() {

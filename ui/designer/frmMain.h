@@ -58,6 +58,7 @@ class frmMain final : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     void layOut();
@@ -65,6 +66,7 @@ class frmMain final : public QMainWindow {
     void connectStructure();
     void connectOffice();
     void connectBusy();
+    void showBusy();
     void connectKeyboard();
     void takeKeyboardFromDocument();
     void answerKey(HostKey key);
@@ -91,6 +93,7 @@ class frmMain final : public QMainWindow {
     QProgressBar* busy_;
     QPushButton* cmdHelp_;
     WindowParts* parts_ = nullptr;
+    bool isBusy_ = false;
 
     PaneDropTree dropTree_;
     StructureLoad structureLoad_;

@@ -14,7 +14,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr int kMaxColumns = 63;
+constexpr int kMaxColumns = static_cast<int>(word::kMostTableColumns);
 
 /// A table, found again by its element and the mark of a row.
 class EmbeddedTable final : public word::Table, public std::enable_shared_from_this<EmbeddedTable> {

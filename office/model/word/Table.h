@@ -65,6 +65,9 @@ class Table : public Object {
     virtual void Delete() = 0;
 };
 
+/// The number of columns that Word allows in a table.
+inline constexpr std::size_t kMostTableColumns = 63;
+
 /// The tables that a range touches (inside a table, that table) or those of a document's body, in order.
 class Tables : public Counted {
   public:
@@ -72,7 +75,7 @@ class Tables : public Counted {
     virtual TablePtr Item(int number) = 0;
     /// Tables.Add: inserts a table with a visible grid and columns of equal width across the text area,
     /// before the paragraph in which the range begins; a paragraph with text before the range is split there.
-    /// Raises kCommandFailed for more than 63 columns.
+    /// Raises kCommandFailed for more than kMostTableColumns.
     virtual TablePtr Add(Range& range, int rows, int columns) = 0;
 
   protected:
