@@ -230,7 +230,7 @@ class Designer:
     def wait_until_ready(self):
         if self.application is None:
             self.attach()
-        wait_for("the hosted document", lambda: self.status().startswith("Drag a field"))
+        wait_for("the hosted document", lambda: self.status().startswith(("Drag a field", "Load a structure")))
 
     def node(self, text):
         """Where a node of the tree can be taken hold of."""

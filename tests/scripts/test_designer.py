@@ -196,6 +196,21 @@ class InWord(DesignerTest):
         self.assertLess(width, SCREEN_WIDTH)
         self.assertLess(height, SCREEN_HEIGHT)
 
+    def test_the_line_tells_the_next_step_and_what_was_done(self):
+        designer = self.designer = self.start_another(structure=None)
+        designer.wait_until_ready()
+        self.assertEqual(designer.status(), "Load a structure document first.")
+        click(middle(designer.element("text", "Search:")))
+        self.wait_for_focus("text", "Search:")
+        key("ctrl+Return")
+        wait_for("the reason", lambda: designer.status() == "Nothing was inserted. Load a structure document first.")
+        self.picture("next-step")
+        key("ctrl+l")
+        designer.answer_file_dialog(SAMPLE)
+        wait_for("the next step", lambda: designer.status() == "Drag a field into the document, or press Insert.")
+        self.drop("Customer")
+        self.assertEqual(designer.status(), "“Customer” was inserted, from Form \"Orders\".")
+
     def test_special_places_and_refused_drags(self):
         designer = self.start()
         drag(designer.node("Special"), designer.document())
@@ -315,9 +330,9 @@ class InWord(DesignerTest):
         wait_for("the saved letter", lambda: "“letter.docx” was saved" in self.designer.status())
         self.assertCountEqual(self.names(letter), ["CustomerID", "Priority"])
 
-    def start_another(self, *switches):
-        """A second window beside the first, which may begin with a question."""
-        other = Designer(DESIGNER, ["-xmlfile", SAMPLE, *switches])
+    def start_another(self, *switches, structure=SAMPLE):
+        """A window that may begin with a question, also beside another one."""
+        other = Designer(DESIGNER, [*(["-xmlfile", structure] if structure else []), *switches])
         self.addCleanup(other.close)
         return other
 

@@ -7,6 +7,7 @@
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/HostArea.h"
+#include "ui/designer/StatusSentences.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -115,7 +116,10 @@ void frmMain::layOut() {
 
 void frmMain::connectActions() {
     const auto executes = [this](HostCommand command) {
-        return [this, command] { session_.execute(command); };
+        return [this, command] {
+            showNextStep();
+            session_.execute(command);
+        };
     };
     connect(actions_, &DesignerActions::newTemplate, this, executes(HostCommand::New));
     connect(actions_, &DesignerActions::open, this, executes(HostCommand::Open));
@@ -124,7 +128,10 @@ void frmMain::connectActions() {
     connect(actions_, &DesignerActions::closeWindow, this, &QWidget::close);
     connect(actions_, &DesignerActions::loadStructure, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(actions_, &DesignerActions::insertNode, this, [this] { reportDrop(session_.insertAtCaret()); });
-    connect(actions_, &DesignerActions::convertFields, this, [this] { session_.convertFields(); });
+    connect(actions_, &DesignerActions::convertFields, this, [this] {
+        showNextStep();
+        session_.convertFields();
+    });
     connect(actions_, &DesignerActions::helpContents, this, [this] { help_.OpenTOC(handle()); });
     connect(actions_, &DesignerActions::helpIndex, this, [this] { help_.OpenIndex(handle()); });
     connect(actions_, &DesignerActions::helpSearch, this, [this] { help_.OpenSearch(handle()); });
@@ -139,9 +146,13 @@ void frmMain::connectStructure() {
     connect(&structureLoad_, &StructureLoad::started, this, [this] {
         tree_->clear();
         tree_->setLoading(true);
+        showNextStep();
     });
     connect(&structureLoad_, &StructureLoad::loaded, this,
-            [this](const std::shared_ptr<LoadedStructure>& structure) { tree_->show(structure); });
+            [this](const std::shared_ptr<LoadedStructure>& structure) {
+                tree_->show(structure);
+                showNextStep();
+            });
     connect(&structureLoad_, &StructureLoad::ended, this, [this] {
         tree_->setLoading(false);
         session_.setFolders(structureLoad_.documentsFolder(), structureLoad_.templatesFolder());
@@ -259,7 +270,7 @@ void frmMain::showState() {
             area_->panel().showOpening();
             break;
         case OfficeState::Running:
-            status_->setText(tr("Drag a field into the document, or press Insert."));
+            status_->setText(nextStep(structureState()));
             break;
         case OfficeState::Stopped:
             area_->panel().showStopped(session_.stopReason());
@@ -279,9 +290,17 @@ void frmMain::endDrag() {
 
 void frmMain::reportDrop(bool isDropped) {
     const TreeNode* const node = tree_->selectedNode();
-    status_->setText(isDropped && node != nullptr
-                         ? tr("“%1” was inserted.").arg(QString::fromStdString(node->Text()))
-                         : tr("Nothing was inserted."));
+    status_->setText(isDropped && node != nullptr ? insertedSentence(*node)
+                                                  : nothingInserted(node, structureState()));
+}
+
+StructureState frmMain::structureState() const {
+    return tree_->structure() == nullptr ? StructureState::Missing : StructureState::Shown;
+}
+
+/// What the line says about an earlier action goes with the next one.
+void frmMain::showNextStep() {
+    if (session_.state() == OfficeState::Running) status_->setText(nextStep(structureState()));
 }
 
 void frmMain::showAbout() {

@@ -5,6 +5,7 @@
 #include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/FocusHolder.h"
+#include "ui/designer/StatusSentences.h"
 #include "ui/designer/StructureLoad.h"
 #include "ui/designer/TreePane.h"
 #include "ui/designer/WindowParts.h"
@@ -73,6 +74,8 @@ class frmMain final : public QMainWindow {
     void showState();
     void endDrag();
     void reportDrop(bool isDropped);
+    void showNextStep();
+    [[nodiscard]] StructureState structureState() const;
     void showAbout();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace mergeloom {
+
+class TreeNode;
+
+/// The tree of the structure document, as far as the status line speaks of it.
+enum class StructureState { Missing, Shown };
+
+/// Returns the sentence that tells the user what to do next.
+QString nextStep(StructureState structure);
+/// Returns the sentence about a node that was inserted; it names the object that the node is part of.
+QString insertedSentence(const TreeNode& node);
+/// Returns the sentence about a drop that inserted nothing, with the reason if it is known. The node is the
+/// selected one, or none.
+QString nothingInserted(const TreeNode* node, StructureState structure);
+
+}  // namespace mergeloom
