@@ -18,7 +18,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr int kMaxColumns = 63;
+constexpr int kMaxColumns = static_cast<int>(word::kMostTableColumns);
 
 /// Returns the table around the range, or the outermost ones that it touches.
 std::vector<TableReference> touchedBy(const TrackedRange& range) {
