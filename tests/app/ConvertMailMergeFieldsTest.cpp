@@ -132,6 +132,7 @@ TEST_F(Conversion, FieldShapes) {
         {ifOf(simple("QUOTE Name", text("Bob"))), "[Name:Name]", 1, 0},
         {ifOf(field("PAGE", text("1"))), "[Mr:Mr]", 1, 0},
         {kBegin + code("SKIPIF ") + field("MERGEFIELD X") + code(" = 1") + kEnd, "[X:X]", 1, 0},
+        {field("NEXTIF Count = 2"), "[Count:Count]", 1, 0},
         {kBegin + code("MERGEFIELD Name \\b \"") + field("MERGEFIELD X") + code("\"") + kEnd,
          "[Name:Name] [X:X]", 2, 0},
         {field("QUOTE Outer", text("a") + field("QUOTE Inner") + text("b")), "[Outer:Outer]", 1, 0},

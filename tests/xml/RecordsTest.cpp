@@ -1,9 +1,9 @@
 #include "base/AutomationError.h"
+#include "doubles/TemporaryFolder.h"
 #include "xml/StructureDocument.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -25,9 +25,8 @@ std::string shown(const Record& record) {
 class Records : public testing::Test {
   protected:
     std::string write(const std::string& xml) {
-        const std::string path = testing::TempDir() + "records.xml";
-        std::ofstream(path, std::ios::binary) << xml;
-        return path;
+        folder_.put("records.xml", xml);
+        return folder_ / "records.xml";
     }
     /// Loads a document with these data and returns its records.
     std::vector<std::string> recordsOf(const std::string& data) {
@@ -38,6 +37,7 @@ class Records : public testing::Test {
         return records;
     }
 
+    TemporaryFolder folder_;
     StructureDocument document_;
 };
 
