@@ -12,12 +12,13 @@ struct Record;
 /// The values of one control in one record of the database. A text is empty when the record does not have it.
 struct RecordControl {
     std::string name{};
-    std::string displayValue{};     ///< as the database shows it
-    std::string boundValue{};       ///< as the database stores it
-    std::string richText{};         ///< the small HTML of a rich text field
-    std::string plainText{};        ///< the same without its markup
-    std::string image{};            ///< the path of a picture
-    std::vector<Record> records{};  ///< of a subform
+    std::string displayValue{};  ///< as the database shows it
+    std::string boundValue{};    ///< as the database stores it
+    std::string richText{};      ///< the small HTML of a rich text field
+    std::string plainText{};     ///< the same without its markup
+    std::string image{};         ///< the path of a picture
+    /// Of a subform. Without an initializer, since a record is not complete here.
+    std::vector<Record> records;
 
     /// Returns the text that the control shows, without formatting.
     [[nodiscard]] const std::string& shownText() const {

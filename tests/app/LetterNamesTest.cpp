@@ -11,7 +11,7 @@ namespace {
 using testing::HasSubstr;
 
 RecordControl control(const std::string& name, const std::string& value) {
-    return {.name = name, .displayValue = value};
+    return {.name = name, .displayValue = value, .records = {}};
 }
 
 template <typename Body>
@@ -25,7 +25,8 @@ std::string refusalOf(const Body& body) {
 }
 
 TEST(LetterNames, TakeTheValuesOfRecords) {
-    const Record record{{control("No", "7"), control("Name", "Åsa"), {.name = "Note", .plainText = "plain"}}};
+    const Record record{
+        {control("No", "7"), control("Name", "Åsa"), {.name = "Note", .plainText = "plain", .records = {}}}};
     EXPECT_FALSE(LetterNames("out/letter.docx").dependOnRecord());
     const LetterNames names("out/{No}/{Name} {Note}-{No}.docx");
     EXPECT_TRUE(names.dependOnRecord());

@@ -30,7 +30,7 @@ inline std::string row(const std::string& cells) {
 
 /// A control of a record with nothing but a display value.
 inline RecordControl shownControl(const std::string& name, const std::string& value) {
-    return {.name = name, .displayValue = value};
+    return {.name = name, .displayValue = value, .records = {}};
 }
 inline RecordControl subform(const std::string& name, std::vector<Record> records) {
     return {.name = name, .records = std::move(records)};

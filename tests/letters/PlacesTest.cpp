@@ -17,7 +17,7 @@ TEST_F(LetterPlaces, TakeTheValuesOfTheirSources) {
     takes("SubX", {{"Sub", "X"}});
     const std::string body = paragraph(place("A") + run(" ") + place("A_bv") + run(" ") + place("a_REF1") +
                                        run(" ") + place("SubX") + run(" ") + place("Other"));
-    Record record{{{.name = "A", .displayValue = "Tom", .boundValue = "3"},
+    Record record{{{.name = "A", .displayValue = "Tom", .boundValue = "3", .records = {}},
                    subform("Sub", {{{shownControl("X", "first")}}, {{shownControl("X", "second")}}})}};
     EXPECT_EQ(filled(body, record), "[A:Tom] [A_bv:3] [a_REF1:Tom] [SubX:first] [Other:Other]\n");
 }

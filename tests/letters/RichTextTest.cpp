@@ -8,7 +8,7 @@ class LetterRichText : public LetterTest {
     LetterRichText() { takes("A", {{"A"}}); }
 
     static Record rich(const std::string& html, const std::string& plain = "plain") {
-        return {{{.name = "A", .richText = html, .plainText = plain}}};
+        return {{{.name = "A", .richText = html, .plainText = plain, .records = {}}}};
     }
     std::string shownOf(const std::string& html) {
         return filled(paragraph(run("Say: ") + place("A") + run(".")), rich(html));
