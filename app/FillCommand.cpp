@@ -13,7 +13,9 @@
 #include "office/factory/OfficeFactory.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
+#include <system_error>
 #include <utility>
 
 namespace mergeloom {
@@ -99,8 +101,26 @@ void FillCommand::survey() {
 void FillCommand::surveyRecord(const Record& record) {
     ++records_;
     seen_.note(record);
-    // All names count, so that runs that share the records refuse the same.
-    if (names_.dependOnRecord()) taken_.take(names_.pathFor(record, records_), records_);
+    if (!names_.dependOnRecord() || targetRefusal_) return;
+    try {
+        // All names count, so that runs that share the records refuse the same.
+        const std::string path = names_.pathFor(record, records_);
+        taken_.take(path, records_);
+        checkTarget(fullPath(path));
+    } catch (const AutomationError& error) {
+        targetRefusal_ = error;
+    }
+}
+
+/// Nothing is written when one of the files cannot be written or is one that is read.
+void FillCommand::checkTarget(const std::string& path) const {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error))
+        refuseFill("The file '" + path + "' cannot be written: a folder has that name.");
+    if (std::filesystem::equivalent(path, options_.templateFile, error))
+        refuseFill("The file '" + path + "' cannot be written: it is the template.");
+    if (std::filesystem::equivalent(path, options_.dataFile, error))
+        refuseFill("The file '" + path + "' cannot be written: it holds the data.");
 }
 
 void FillCommand::compile() {
@@ -138,6 +158,7 @@ void FillCommand::checkNames() const {
         refuseFill("The file name '" + options_.output + "' names the control {" + control + "}, which " +
                    object_->Text() + " does not have.");
     }
+    if (targetRefusal_) throw AutomationError(*targetRefusal_);
     const bool isSingle = names_.dependOnRecord() || options_.use == letters::LetterUse::OneForAll ||
                           letters_->listsRecords() || isSheet_ || selectedCount() == 1;
     if (isSingle) return;
@@ -149,6 +170,7 @@ void FillCommand::checkNames() const {
 void FillCommand::checkTargets() const {
     if (names_.dependOnRecord()) return;
     const std::string target = fullPath(options_.output);
+    checkTarget(target);
     if (ports_.files.fileExists(target) && IsFileLocked(target)) {
         throw AutomationError(kFileCouldNotBeSaved,
                               "The file '" + target + "' cannot be saved: it is open elsewhere.");

@@ -6,6 +6,7 @@
 #include "app/MappingSource.h"
 #include "app/OfficeFormats.h"
 #include "app/SeenControls.h"
+#include "base/AutomationError.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 #include "base/Messages.h"
@@ -16,6 +17,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -57,6 +59,7 @@ class FillCommand {
     void survey();
     void surveyRecord(const Record& record);
     void compile();
+    void checkTarget(const std::string& path) const;
     void checkNames() const;
     void checkTargets() const;
     /// Returns what the user has to know before anything is written.
@@ -82,6 +85,8 @@ class FillCommand {
     std::size_t records_ = 0;
     SeenControls seen_;
     TakenNames taken_;
+    /// The first record's whose file cannot be written; the names of controls are checked before it is told.
+    std::optional<AutomationError> targetRefusal_;
 
     std::unique_ptr<letters::LetterTemplate> template_;
     letters::PlaceSources places_;

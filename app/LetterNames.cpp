@@ -32,7 +32,7 @@ void checkValue(const std::string& control, const std::string& value, std::size_
 
 }  // namespace
 
-LetterNames::LetterNames(const std::string& pattern) {
+LetterNames::LetterNames(const std::string& pattern) : pattern_(pattern) {
     std::string_view rest = pattern;
     for (;;) {
         const std::size_t open = rest.find('{');
@@ -56,10 +56,22 @@ std::string LetterNames::pathFor(const Record& record, std::size_t number) const
         checkValue(controls_[i], value, number);
         path += value + pieces_[i + 1];
     }
-    const std::string name = fileNameOnly(path);
-    if (validFileName(name) == name) return path;
-    refuseName("The file name \"" + name + "\" of " + recordText(number) +
-               " is none that every system can hold.");
+    checkParts(path, number);
+    return path;
+}
+
+/// Checks the file's name, and the names of folders that are made of values.
+void LetterNames::checkParts(const std::string& path, std::size_t number) const {
+    const std::vector<std::string_view> parts = split(path, '/');
+    const std::vector<std::string_view> patternParts = split(pattern_, '/');
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const bool isFile = i + 1 == parts.size();
+        const std::string part(parts[i]);
+        // No value has a slash, so that path and pattern have the same number of parts.
+        if ((!isFile && parts[i] == patternParts.at(i)) || validFileName(part) == part) continue;
+        refuseName("The " + std::string(isFile ? "file" : "folder") + " name \"" + part + "\" of " +
+                   recordText(number) + " is none that every system can hold.");
+    }
 }
 
 void TakenNames::take(const std::string& path, std::size_t number) {

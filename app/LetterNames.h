@@ -24,6 +24,9 @@ class LetterNames {
     [[nodiscard]] std::string pathFor(const Record& record, std::size_t number) const;
 
   private:
+    void checkParts(const std::string& path, std::size_t number) const;
+
+    std::string pattern_;
     // The texts around the controls: one more than there are controls.
     std::vector<std::string> pieces_;
     std::vector<std::string> controls_;

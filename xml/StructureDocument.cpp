@@ -8,11 +8,18 @@
 #include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <pugixml.hpp>
+#include <system_error>
 
 namespace mergeloom {
 
 namespace {
+
+bool isRegularFile(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error);
+}
 
 constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
 
@@ -114,12 +121,13 @@ XmlNode StructureDocument::documentElement() const {
     return XmlNode(document_->document_element().internal_object());
 }
 
+/// A device or a pipe would be read for ever.
 std::string StructureDocument::findPicture(const std::string& image) const {
     if (image.empty()) return {};
     const bool relative = image.front() != '/';
     std::string beside = joinPath(folder_, image);
-    if (relative && !folder_.empty() && fileExists(beside)) return beside;
-    return fileExists(image) ? fullPath(image) : std::string();
+    if (relative && !folder_.empty() && isRegularFile(beside)) return beside;
+    return isRegularFile(image) ? fullPath(image) : std::string();
 }
 
 }  // namespace mergeloom

@@ -46,6 +46,23 @@ TEST_F(OneDocument, EachRecordStartsASectionOfItsOwn) {
         EXPECT_EQ(betweenTags(bodyXml(allOf(wordFile(c.body), {"x", "y"}))), c.expected);
 }
 
+TEST_F(OneDocument, SectionsStayWithOptionalLinesAndHeaders) {
+    const std::string optional = "<w:p>" + place("A") +
+                                 "<w:bookmarkStart w:id=\"90\" w:name=\"OptionalCarriageReturn1\"/></w:p>"
+                                 "<w:p><w:bookmarkEnd w:id=\"90\"/>" +
+                                 place("B") + "</w:p>";
+    const std::string xml = bodyXml(allOf(wordFile(optional), {"", "y", ""}));
+    std::size_t sections = 0;
+    for (std::size_t at = xml.find("<w:sectPr>"); at != std::string::npos;
+         at = xml.find("<w:sectPr>", at + 1))
+        ++sections;
+    EXPECT_EQ(sections, 3U);
+
+    const std::string header = "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"h\"/></w:sectPr>";
+    const std::string body = "<w:p><w:pPr><w:sectPr/></w:pPr></w:p>" + paragraph(place("A")) + header;
+    EXPECT_THROW(allOf(wordFile(body), {"x", "y"}), AutomationError);
+}
+
 TEST_F(OneDocument, IdsAndNamesStayUnique) {
     const std::string drawing = inRun("<w:drawing><wp:inline><wp:docPr id=\"4\"/></wp:inline></w:drawing>");
     const std::string comment = "<w:commentRangeStart w:id=\"1\"/>" + run("t") +

@@ -287,6 +287,9 @@ class Filling(unittest.TestCase):
         slash = self.folder / "slash.xml"
         self.orders(1, 1, lambda number, record: setattr(
             record.find("Control[@Name='OrderNumber']/DisplayValue"), "text", "a/b")).rename(slash)
+        up = self.folder / "up.xml"
+        self.orders(1, 1, lambda number, record: setattr(
+            record.find("Control[@Name='OrderNumber']/DisplayValue"), "text", "..")).rename(up)
         none = self.folder / "none.xml"
         self.orders(0).rename(none)
         structure = self.folder / "structure.xml"
@@ -307,7 +310,9 @@ class Filling(unittest.TestCase):
             (three, [plain], "There are 3 records for the one file"),
             (three, [plain, "--record", "4"], "There is no record 4"),
             (three, [plain, "--records", "2-5"], "There is no record 5"),
-            (three, [out / "{Nobody}.docx"], "{Nobody}"),
+            (three, [out / "{Nobody}.docx"], "names the control {Nobody}"),
+            (up, [out / "{OrderNumber}" / "letter.docx"], 'The folder name ".."'),
+            (three, [self.template, "--one-document"], "it is the template"),
             (three, [out / "{OrderNumber.docx"], "brace"),
             (three, [number, "--one-document"], "without braces"),
             (three, [out / "letter.xyz"], "cannot be written"),
@@ -322,9 +327,19 @@ class Filling(unittest.TestCase):
                 self.assertEqual(done.returncode, 1, done.stderr)
                 self.assertIn(sentence, done.stderr)
                 self.assertEqual(list(out.iterdir()), [])
-        done = run("--fill", bare, "--data", SAMPLE, "--output", plain)
-        self.assertIn("has no place", done.stderr)
-        self.assertEqual(list(out.iterdir()), [])
+        marked = self.folder / "marked.docx"
+        document = docx.Document()
+        document.add_paragraph("a \ufdd0V7\ufdd1 b")
+        document.save(marked)
+        for template, sentence in ((bare, "has no place"), (marked, "characters that no text has")):
+            done = run("--fill", template, "--data", SAMPLE, "--output", plain)
+            self.assertEqual(done.returncode, 1)
+            self.assertIn(sentence, done.stderr)
+            self.assertEqual(list(out.iterdir()), [])
+        copy = out / "data.docx"
+        copy.write_bytes(SAMPLE.read_bytes())
+        self.assertIn("it holds the data", run("--fill", self.template, "--data", copy, "--output", copy).stderr)
+        self.assertEqual(copy.read_bytes(), SAMPLE.read_bytes())
 
 
 if __name__ == "__main__":

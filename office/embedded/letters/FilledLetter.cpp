@@ -1,5 +1,6 @@
 #include "office/embedded/letters/FilledLetter.h"
 
+#include "base/AutomationError.h"
 #include "office/embedded/text/TableEditor.h"
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
@@ -112,6 +113,21 @@ class PartRestoration {
     int filledRuns_ = 0;
 };
 
+/// Returns true when an element contains characters with which the filling marks its places.
+bool hasMark(pugi::xml_node node) {
+    const auto isMarked = [](std::string_view text) {
+        for (std::size_t at = text.find("\xEF\xB7"); at != std::string_view::npos;
+             at = text.find("\xEF\xB7", at + 1)) {
+            if (at + 2 < text.size() && text[at + 2] >= '\x90' && text[at + 2] <= '\x93') return true;
+        }
+        return false;
+    };
+    return isMarked(node.value()) ||
+           std::ranges::any_of(node.attributes(),
+                               [&](pugi::xml_attribute attribute) { return isMarked(attribute.value()); }) ||
+           std::ranges::any_of(node.children(), hasMark);
+}
+
 }  // namespace
 
 std::vector<StoryPart> partsWithPlaces(opc::Package& package) {
@@ -132,6 +148,12 @@ void restoreTemplate(opc::Package& package) {
     for (const auto& [name, kind] : partsWithPlaces(package)) {
         const std::unique_ptr<opc::XmlPart> part =
             opc::XmlPart::parse(package.readPart(name), name, package.fileName());
+        if (hasMark(part->root())) {
+            throw AutomationError(kNotAvailable,
+                                  "The template '" + package.fileName() +
+                                      "' cannot be filled: it contains characters that no text "
+                                      "has (U+FDD0 to U+FDD3).");
+        }
         PartRestoration(*part).restore();
         if (part->isDirty()) package.writePart(name, part->toXml());
     }

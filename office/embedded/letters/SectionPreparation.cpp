@@ -1,7 +1,11 @@
+#include "base/AutomationError.h"
 #include "office/embedded/letters/PartPreparation.h"
 #include "office/embedded/letters/SectionXml.h"
 #include "office/embedded/letters/Token.h"
 
+#include <algorithm>
+#include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,6 +13,40 @@
 namespace mergeloom::embedded {
 
 using opc::WordTag;
+
+namespace {
+
+/// Returns true for a paragraph with optional text, whose end goes with an empty value.
+bool hasOptionalText(pugi::xml_node node) {
+    const std::string start = std::string(kAnyToken) + static_cast<char>(TokenKind::OptionalStart);
+    if (std::string_view(node.value()).find(start) != std::string_view::npos) return true;
+    return std::ranges::any_of(node.children(), hasOptionalText);
+}
+
+/// Adds the headers and footers to which the sections below a node refer, by their elements and types.
+void collectHeaders(pugi::xml_node below, const opc::WordNames& names, std::set<std::string>& found) {
+    for (const pugi::xml_node child : below.children()) {
+        const std::string name(opc::localName(child));
+        if (name == "headerReference" || name == "footerReference")
+            found.insert(name + " " + std::string(names.value(child, "type")));
+        collectHeaders(child, names, found);
+    }
+}
+
+}  // namespace
+
+/// A section without a header of its own shows that of the section before, which would be another record's.
+void PartPreparation::checkFirstHeaders(pugi::xml_node firstSection, pugi::xml_node body) const {
+    std::set<std::string> first;
+    std::set<std::string> all;
+    collectHeaders(firstSection, names_, first);
+    collectHeaders(body, names_, all);
+    if (first.size() == all.size()) return;
+    throw AutomationError(
+        kNotAvailable,
+        "The records cannot be put into one document: the first section of the template has no "
+        "header or footer of a kind that a later section has. Give it an empty one.");
+}
 
 void PartPreparation::markSections() {
     if (kind_ == PartKind::Body) markBodySections();
@@ -57,6 +95,7 @@ void PartPreparation::markBodySections() {
     const pugi::xml_node body = part_.root().child(names_.element("body").c_str());
     pugi::xml_node section = body.child(names_.element("sectPr").c_str());
     if (!section) section = pugi::xml_node(body).append_child(names_.element("sectPr").c_str());
+    checkFirstHeaders(firstSectionOf(body, names_), body);
     startOnNewPage(firstSectionOf(body, names_), names_);
     markNoteIds(body);
     markPartLinks(body);
@@ -67,7 +106,8 @@ void PartPreparation::markBodySections() {
     markSectionBreak(body, section);
 }
 
-/// The last paragraph of a record ends its section; a record that does not end in one gets an empty one.
+/// The last paragraph of a record ends its section. A record gets an empty one when it does not end in one,
+/// or when that one goes with an empty value.
 void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node section) {
     sectionBreak_ = xmlOf(section);
     const std::string propertiesName = names_.element("pPr");
@@ -75,7 +115,8 @@ void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node secti
     pugi::xml_node last = body.last_child();
     while (last && (last.type() != pugi::node_element || last == section))
         last = last.previous_sibling();
-    const bool isParagraph = names_.tagOf(last) == WordTag::Paragraph;
+    const bool isParagraph = names_.tagOf(last) == WordTag::Paragraph && !hasOptionalText(last) &&
+                             !hasOptionalText(last.previous_sibling());
     pugi::xml_node properties = names_.child(last, WordTag::ParagraphProperties);
     if (!isParagraph || properties.child(names_.element("sectPr").c_str())) {
         const std::string paragraph = names_.element("p");

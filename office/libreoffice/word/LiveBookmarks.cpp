@@ -63,6 +63,7 @@ std::string BookmarkNames::find(const std::string& name) const {
 
 std::vector<std::string> BookmarkNames::all() const {
     std::vector<std::string> names;
+    names.reserve(byFoldedName_.size());
     for (const auto& [folded, name] : byFoldedName_)
         names.push_back(name);
     return names;
@@ -75,6 +76,7 @@ std::vector<std::string> BookmarkNames::inNameOrder() const {
     }
     std::ranges::sort(keyed);
     std::vector<std::string> ordered;
+    ordered.reserve(keyed.size());
     for (auto& [folded, name] : keyed)
         ordered.push_back(std::move(name));
     return ordered;

@@ -14,7 +14,6 @@ namespace mergeloom::libreoffice {
 namespace {
 
 using css::container::XIndexAccess;
-using css::container::XNameAccess;
 using Properties = Reference<css::beans::XPropertySet>;
 
 /// The texts at the edge of a page, by their properties of the page style.

@@ -215,7 +215,7 @@ RangeReference placeAfter(const TextReference& story, const TableReference& tabl
 }
 
 std::vector<RowOfCells> rowsOf(const TableReference& table) {
-    const std::vector<RowOfCells> listed = listedRows(table);
+    std::vector<RowOfCells> listed = listedRows(table);
     if (areAlike(table, listed)) return listed;
     std::vector<RowOfCells> rows;
     const sal_Int32 count = table->getRows()->getCount();
