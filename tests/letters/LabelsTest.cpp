@@ -22,6 +22,7 @@ class Labels : public LetterTest {
     }
     static std::vector<Record> named(const std::vector<std::string>& names) {
         std::vector<Record> records;
+        records.reserve(names.size());
         for (const std::string& name : names)
             records.push_back({{shownControl("Name", name)}});
         return records;

@@ -22,6 +22,7 @@ class LetterRows : public LetterTest {
     }
     static Record order(const std::vector<std::string>& lines) {
         std::vector<Record> records;
+        records.reserve(lines.size());
         for (const std::string& line : lines)
             records.push_back({{shownControl("X", line), shownControl("Y", line + line)}});
         return {{subform("Lines", records), shownControl("No", "7")}};
@@ -82,6 +83,7 @@ TEST_F(LetterRows, SubformsNest) {
                               "</w:tbl><w:bookmarkEnd w:id=\"50\"/><w:p/>";
     const auto line = [](const std::string& x, const std::vector<std::string>& zs) {
         std::vector<Record> records;
+        records.reserve(zs.size());
         for (const std::string& z : zs)
             records.push_back({{shownControl("Z", z)}});
         return Record{{shownControl("X", x), subform("Inner", records)}};
