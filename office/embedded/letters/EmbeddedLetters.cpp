@@ -81,6 +81,7 @@ class EmbeddedLetters final : public letters::Letters {
     [[nodiscard]] const std::vector<std::string>& refusals() const override { return refusals_; }
     [[nodiscard]] std::vector<letters::PlaceSource> filledPlaces() const override {
         std::vector<letters::PlaceSource> sources;
+        sources.reserve(marked_.places.size());
         for (const MarkedPlace& place : marked_.places)
             sources.push_back(place.source);
         return sources;
