@@ -273,7 +273,7 @@ class Filling(unittest.TestCase):
             told, _ = process.communicate(timeout=300)
         written = list(out.iterdir())
         self.assertEqual(process.returncode, 128 + signal.SIGINT)
-        self.assertIn(f"{len(written)} files", told)
+        self.assertIn(f"into {len(written)} file", told)
         self.assertLess(len(written), 20000)
         for letter in written:
             with zipfile.ZipFile(letter) as package:
