@@ -24,7 +24,7 @@ namespace {
 
 using letters::ControlPath;
 
-/// Ends the second reading early.
+/// Thrown to end the second reading early.
 struct EnoughRead {};
 
 [[noreturn]] void refuseFill(const std::string& why) {
@@ -103,7 +103,7 @@ void FillCommand::surveyRecord(const Record& record) {
     seen_.note(record);
     if (!names_.dependOnRecord() || targetRefusal_) return;
     try {
-        // All names count, so that runs that share the records refuse the same.
+        // Also checks records that are not selected, so that runs of parts refuse the same names.
         const std::string path = names_.pathFor(record, records_);
         taken_.take(path, records_);
         checkTarget(fullPath(path));
@@ -112,7 +112,7 @@ void FillCommand::surveyRecord(const Record& record) {
     }
 }
 
-/// Nothing is written when one of the files cannot be written or is one that is read.
+/// Refuses a target that is a folder, the template or the data.
 void FillCommand::checkTarget(const std::string& path) const {
     std::error_code error;
     if (std::filesystem::is_directory(path, error))
@@ -139,7 +139,7 @@ void FillCommand::compile() {
     if (isOne && names_.dependOnRecord()) {
         refuseFill("Option '--one-document' needs a file name without braces.");
     }
-    // Labels have sheets of their own only when their files are named by records.
+    // If files are named by records, each record has a sheet of its own.
     const std::size_t labels = names_.dependOnRecord() ? 0 : template_->labelsPerSheet(places_);
     isSheet_ = labels > 1 && options_.use == letters::LetterUse::OneEach;
     if (isSheet_ && selectedCount() > labels) use_ = letters::LetterUse::OneForAll;

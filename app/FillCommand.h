@@ -24,7 +24,7 @@
 
 namespace mergeloom {
 
-/// What the command needs of the program.
+/// Services of the program that the command uses.
 struct FillPorts {
     const OfficeFormats& formats;
     FileConverter& converter;  ///< for formats that the engine does not write
@@ -36,11 +36,11 @@ struct FillPorts {
 
 /// Fills a template with the records of a structure document.
 ///
-/// The data are read twice: the first time everything that could be refused is checked, so that nothing is
-/// written then; the second time each record is written as it is read.
+/// Reads the data twice: first to check everything that can be refused, so that a refused run writes nothing,
+/// then to write each record as it is read.
 class FillCommand {
   public:
-    /// The arguments have to outlive it. Work ends after the current letter when shouldStop says so.
+    /// The arguments must outlive it. The work ends after the current letter when shouldStop returns true.
     FillCommand(const FillOptions& options, const FillPorts& ports, std::function<bool()> shouldStop)
         : options_(options),
           ports_(ports),
@@ -50,8 +50,8 @@ class FillCommand {
           isConverted_(ports.formats.isConverted(format_)),
           use_(options.use) {}
 
-    /// Returns false when the work was stopped, or when strictness forbids it. Raises an AutomationError with
-    /// a sentence for the user for anything that cannot be read, filled or written.
+    /// Returns false if the work was stopped or if strictness forbids it. Raises an AutomationError with a
+    /// sentence for the user for anything that cannot be read, filled or written.
     bool run(std::ostream& report);
 
   private:
@@ -62,7 +62,7 @@ class FillCommand {
     void checkTarget(const std::string& path) const;
     void checkNames() const;
     void checkTargets() const;
-    /// Returns what the user has to know before anything is written.
+    /// Returns the differences between places and data, as sentences.
     [[nodiscard]] std::vector<std::string> differences() const;
     void noteDifferences(const std::vector<std::string>& texts);
     void write();
@@ -85,16 +85,17 @@ class FillCommand {
     std::size_t records_ = 0;
     SeenControls seen_;
     TakenNames taken_;
-    /// The first record's whose file cannot be written; the names of controls are checked before it is told.
+    /// The error of the first file that cannot be written. It is raised after the names of controls are
+    /// checked.
     std::optional<AutomationError> targetRefusal_;
 
     std::unique_ptr<letters::LetterTemplate> template_;
     letters::PlaceSources places_;
     std::vector<std::string> unknownFields_;
     letters::LetterUse use_;
-    bool isSheet_ = false;  ///< of labels, each of which takes another record
+    bool isSheet_ = false;  ///< true for a sheet of labels, which has one record for each label
     std::unique_ptr<letters::Letters> letters_;
-    std::vector<Record> listed_;  ///< when a table lists all records
+    std::vector<Record> listed_;  ///< all records, if a table lists them
     std::size_t read_ = 0;
     std::size_t written_ = 0;
     std::size_t files_ = 0;

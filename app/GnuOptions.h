@@ -26,10 +26,10 @@ struct MappingOptions {
 
 inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
-/// Whether letters are written when a place has no data or data have no place.
+/// Decides if letters are written when places without data or data without places exist.
 enum class Strictness { ToleratesDifferences, RefusesDifferences };
 
-/// The choices of filling a template with records.
+/// The options of the command that fills a template.
 struct FillOptions {
     static constexpr std::size_t kLastOfAll = std::numeric_limits<std::size_t>::max();
 
@@ -42,7 +42,7 @@ struct FillOptions {
     letters::LetterUse use = letters::LetterUse::OneEach;
     letters::EmptyTables emptyTables = letters::EmptyTables::KeepCaptions;
     Strictness strictness = Strictness::ToleratesDifferences;
-    std::string onlyWithFill{};  ///< the last option that was given and only serves to fill
+    std::string onlyWithFill{};  ///< the last given option that only this command has
 };
 
 enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, Fill, ShowHelp, ShowVersion };

@@ -18,12 +18,12 @@ std::string recordText(std::size_t number) {
     return "record " + std::to_string(number);
 }
 
-/// Refuses a value that would make another path than the pattern shows.
+/// Refuses a value that would change the structure of the path.
 void checkValue(const std::string& control, const std::string& value, std::size_t number) {
     if (value.empty()) {
         refuseName("No file can be named: {" + control + "} is empty in " + recordText(number) + ".");
     }
-    // A letter on either side, since only the whole name must not begin or end as such names may not.
+    // The letters around it avoid the rules for the beginning and the end, which apply to the whole name.
     const std::string between = "x" + value + "x";
     if (value.find('/') == std::string::npos && validFileName(between) == between) return;
     refuseName("The value \"" + value + "\" of {" + control + "} in " + recordText(number) +

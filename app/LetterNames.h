@@ -9,13 +9,13 @@
 
 namespace mergeloom {
 
-/// The names of the files of letters: a path in which "{OrderNumber}" stands for the value of that control.
+/// A pattern for the paths of letters, in which "{OrderNumber}" is replaced by the value of that control.
 class LetterNames {
   public:
     /// Raises kOptionNotUnderstood for a brace without its counterpart.
     explicit LetterNames(const std::string& pattern);
 
-    /// Returns whether the pattern names a control, so that records get files of their own.
+    /// Returns true if the pattern contains a control, so that each record has a file of its own.
     [[nodiscard]] bool dependOnRecord() const { return pieces_.size() > 1; }
     [[nodiscard]] const std::vector<std::string>& controls() const { return controls_; }
 
@@ -27,16 +27,15 @@ class LetterNames {
     void checkParts(const std::string& path, std::size_t number) const;
 
     std::string pattern_;
-    // The texts around the controls: one more than there are controls.
+    // The texts before, between and after the controls.
     std::vector<std::string> pieces_;
     std::vector<std::string> controls_;
 };
 
-/// Finds out whether two records make one file name; names that differ in letter case alone are one file on
-/// many disks.
+/// Detects records with the same file name. Letter case is ignored, since it is on many disks.
 class TakenNames {
   public:
-    /// Raises kNotAvailable for a path that another record has.
+    /// Raises kNotAvailable if another record has the path.
     void take(const std::string& path, std::size_t number);
 
   private:

@@ -15,7 +15,7 @@ void SeenControls::note(const Record& record) {
     }
 }
 
-/// Records nearly always have the same controls in the same order, so most are found without a search.
+/// Checks the next control first: records nearly always have the same controls in the same order.
 SeenControls::Seen& SeenControls::seenAt(std::size_t position, const std::string& name) {
     if (position < controls_.size() && controls_[position].name == name) return controls_[position];
     const auto found = std::ranges::find(controls_, name, &Seen::name);

@@ -9,13 +9,14 @@
 
 namespace mergeloom {
 
-/// The controls that records have values of, each once.
+/// The set of controls for which any record has a value.
 class SeenControls {
   public:
     void note(const Record& record);
 
     [[nodiscard]] bool has(const letters::ControlPath& path) const;
-    /// Returns the paths of the controls, in the order in which they were seen, without those of subforms.
+    /// Returns the paths of the controls in the order in which they were seen. Subforms themselves are
+    /// omitted.
     [[nodiscard]] std::vector<letters::ControlPath> values() const;
 
   private:

@@ -17,7 +17,7 @@ struct RecordControl {
     std::string richText{};      ///< the small HTML of a rich text field
     std::string plainText{};     ///< the same without its markup
     std::string image{};         ///< the path of a picture
-    /// Of a subform. Without an initializer, since a record is not complete here.
+    /// The records of a subform. Has no initializer, since the type Record is incomplete here.
     std::vector<Record> records;
 
     /// Returns the text that the control shows, without formatting.
@@ -30,8 +30,8 @@ struct RecordControl {
 struct Record {
     std::vector<RecordControl> controls{};
 
-    /// Returns the first control of exactly that name, or null. The hint is the position at which the same
-    /// question found a control in another record, which is nearly always right; it is updated.
+    /// Returns the first control of exactly that name, or null. The hint is the position of the control in
+    /// the record before, where it nearly always is again; it is updated.
     [[nodiscard]] const RecordControl* find(std::string_view name, std::size_t& hint) const {
         if (hint < controls.size() && controls[hint].name == name) return &controls[hint];
         for (std::size_t position = 0; position < controls.size(); ++position) {

@@ -26,8 +26,8 @@ using letters::ValueKind;
 
 constexpr std::size_t kMaxDigits = 9;
 
-/// Adds the counter at the end of a name. Only the numbers are taken from the document: which names they make
-/// is computed from the controls.
+/// Adds the counter at the end of a name. Only these numbers are taken from the document; the names are
+/// computed from the controls.
 void collectCounter(std::string_view name, std::set<std::int64_t>& counters) {
     const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
     if (suffix == std::string_view::npos) return;
@@ -48,8 +48,8 @@ ControlPath below(const ControlPath& path, const std::string& name) {
     return longer;
 }
 
-/// Calls the visitor with each control of an object that is no subform, and the subform visitor with each
-/// subform before its controls.
+/// Calls the visitor for each control of an object except subforms, and the subform visitor for each subform
+/// before its controls.
 class ControlWalk {
   public:
     using Visitor =
@@ -96,7 +96,7 @@ class PlaceCollector {
     PlaceSources collect() {
         listPlaces(0);
         listTables(0);
-        // A control's own name goes before the further name of another control.
+        // A control's own name has priority over a name with a counter of another control.
         for (const std::int64_t counter : counters_) {
             if (counter == 0) continue;
             listPlaces(counter);

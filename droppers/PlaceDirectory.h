@@ -10,14 +10,14 @@
 
 namespace mergeloom {
 
-/// Returns which of a Word document's bookmarks are places or tables of an object, and what they take from
-/// its records. The names are computed from the object's controls by the rules by which they are dropped.
-/// Images are those of the structure for which the finder has a file.
+/// Returns the sources of those bookmarks of a Word document that are places or tables of an object. Their
+/// names are computed from the object's controls by the droppers' rules. The finder returns the files of
+/// images.
 letters::PlaceSources placeSources(const XmlNodeCollection& xmlNodes, const TreeNode& object,
                                    std::span<const std::string> bookmarkNames,
                                    const std::function<std::string(const std::string& image)>& findPicture);
 
-/// Returns the paths of all controls of an object that hold a value.
+/// Returns the paths of all controls of an object except subforms.
 std::vector<letters::ControlPath> valuePaths(const XmlNodeCollection& xmlNodes, const TreeNode& object);
 
 }  // namespace mergeloom

@@ -8,7 +8,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The length of "<a/>".
+/// The length of the shortest element, "<a/>".
 constexpr std::size_t kSmallestElement = 4;
 
 }  // namespace
@@ -140,7 +140,7 @@ void RecordBuilder::finishValue(const Element& element) {
     RecordControl& control = controls_.back();
     switch (element.kind) {
         case Kind::Display:
-            // Between the elements of a rich text there is only the document's own white space.
+            // Text between the elements of a rich text is only white space of the document.
             if (!element.hasElements) control.displayValue = std::move(value);
             return;
         case Kind::Bound:

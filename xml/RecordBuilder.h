@@ -10,23 +10,23 @@
 
 namespace mergeloom {
 
-/// Receives the records of the data, one after the other. May raise any error, which ends the reading.
+/// Receives the records one after the other. An error that it raises ends the reading.
 using RecordHandler = std::function<void(Record&)>;
 
-/// Builds the records of the data from a parser's events and hands over each one when it is complete, so that
-/// never more than one is in memory. Elements and attributes are found regardless of ASCII case; unknown
-/// elements are passed through.
+/// Builds records from the events of a parser and passes each one on when it is complete, so that only one is
+/// in memory at a time. Ignores the ASCII case of elements and attributes, and skips unknown elements but not
+/// their children.
 class RecordBuilder {
   public:
     explicit RecordBuilder(const RecordHandler& handler) : handler_(handler) {}
 
     void startElement(std::string_view localName);
-    /// Adds an attribute to the element that was started last.
+    /// Adds an attribute to the most recently started element.
     void addAttribute(std::string_view localName, std::string_view value);
     void endElement();
     void addText(std::string_view text);
 
-    /// Returns the approximate size in bytes of what was read, written without entities.
+    /// Returns the approximate size in bytes of the content read so far, with entities replaced.
     [[nodiscard]] std::size_t size() const { return size_; }
 
   private:
@@ -47,12 +47,12 @@ class RecordBuilder {
 
     const RecordHandler& handler_;
     std::vector<Element> elements_;
-    // The records, controls and values that have begun and not ended, the innermost last.
+    // The open records, controls and values, the innermost last.
     std::vector<Record> records_;
     std::vector<RecordControl> controls_;
     std::vector<std::string> values_;
     std::vector<std::string> markup_;  ///< the names of elements inside rich text
-    /// The number of controls that had begun when each record began: a control belongs to the innermost
+    /// The number of open controls at the start of each open record. A control belongs to the innermost
     /// record.
     std::vector<std::size_t> controlsAround_;
     bool startTagIsOpen_ = false;  ///< of markup inside rich text

@@ -111,7 +111,7 @@ TEST(DiskFileStore, BringsTheBytesToTheDiskBeforeTheNameAndThenTheName) {
                                            "rename", "fsync", "close"));
 }
 
-/// Of a batch that fails at any call, whole files are left and the failure is told.
+/// A batch that fails at any system call leaves whole files and reports the failure.
 TEST(DiskFileStore, LeavesWholeFilesOfABatchWhicheverCallFails) {
     const std::vector<std::string> names{"a.docx", "b.docx"};
     for (int call = 1;; ++call) {

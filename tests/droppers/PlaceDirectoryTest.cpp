@@ -86,7 +86,7 @@ TEST_F(PlaceDirectory, TwoControlsOfOneNameAreTold) {
     EXPECT_EQ(shown(sources.places.at("c_bv").path), "/C_bv");
 }
 
-/// What the droppers make of an object, the directory finds.
+/// The directory must find all places that the droppers make of an object.
 TEST_F(PlaceDirectory, EveryDroppedPlaceIsFound) {
     loadOrders();
     pictures.clear();

@@ -111,8 +111,9 @@ def active_window():
 
 
 def document_has_keyboard():
-    """Whether the keys go to a window inside the active one that another connection to the screen has made: a window's
-    number begins with that of its maker."""
+    """Returns true if the keys go to a window inside the active one that another process has made.
+
+    The number of a window begins with that of the connection that made it."""
     def maker(question):
         answer = subprocess.run(["xdotool", *question], capture_output=True, text=True).stdout.strip()
         return int(answer or 0) & ~0x1FFFFF

@@ -1,4 +1,4 @@
-"""Paragraphs with every kind of merge field, and what must have become of them in a converted document."""
+"""Paragraphs with every kind of merge field, and the expected results of their conversion."""
 import docx
 from docx.oxml import parse_xml
 from docx.oxml.ns import nsdecls, qn

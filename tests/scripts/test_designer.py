@@ -474,7 +474,7 @@ class InExcel(DesignerTest):
 
 
     def test_a_list_of_cells_is_an_export(self):
-        """What is still typed in a cell is in it."""
+        """The list contains input that a cell is still taking."""
         self.start()
         self.drop("Customer")
         book = self.save_as("book.xlsx")

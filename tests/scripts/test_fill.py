@@ -103,7 +103,7 @@ class Filling(unittest.TestCase):
         self.folder = Path(folder.name)
 
     def fill(self, *options, template=None, data=SAMPLE):
-        """Fills and fails the test unless that succeeds; gives what was told."""
+        """Fills, fails the test unless that succeeds, and returns the report."""
         done = run("--fill", template or self.template, "--data", data, *options)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
         return done.stderr
@@ -206,7 +206,7 @@ class Filling(unittest.TestCase):
         whole.mkdir()
         parts.mkdir()
         self.fill("--output", whole / "{OrderNumber}.docx", data=data)
-        # What one run makes, several runs at the same time make as well.
+        # Several runs at the same time write the same files as one run.
         runs = [subprocess.Popen([PROGRAM, "--fill", self.template, "--data", data, "--output",
                                   parts / "{OrderNumber}.docx", "--records", numbers],
                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)

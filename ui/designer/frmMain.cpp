@@ -298,7 +298,7 @@ StructureState frmMain::structureState() const {
     return tree_->structure() == nullptr ? StructureState::Missing : StructureState::Shown;
 }
 
-/// What the line says about an earlier action goes with the next one.
+/// Clears the sentence about an earlier action.
 void frmMain::showNextStep() {
     if (session_.state() == OfficeState::Running) status_->setText(nextStep(structureState()));
 }

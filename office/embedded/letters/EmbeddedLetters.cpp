@@ -23,7 +23,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Keeps what is saved in memory.
+/// Stores one file in memory.
 class SavedBytes final : public FileStore {
   public:
     bool fileExists(const std::string&) override { return false; }
@@ -107,7 +107,7 @@ class EmbeddedLetters final : public letters::Letters {
     }
 
     void append(const Record& record) override {
-        // Only now it is certain that another section follows the one before.
+        // Another section follows, so the pending one is not the last.
         if (pending_.size() == std::max<std::size_t>(1, labelsPerSheet_)) {
             appendSections(pending_, IsLastSection::No);
             pending_.clear();
@@ -186,7 +186,8 @@ class EmbeddedLetters final : public letters::Letters {
         }
     }
 
-    /// Makes the header or footer of a section: the first section has the template's, the others have copies.
+    /// Adds the headers and footers of a section. The first section has those of the template, the others
+    /// have copies.
     void appendHeader(CutPart& part, std::span<const Record> records) {
         std::string xml;
         if (section_ == 0) {
@@ -204,7 +205,7 @@ class EmbeddedLetters final : public letters::Letters {
         }
     }
 
-    /// Returns the XML of a part with its sections. What stands around them belongs to the last record.
+    /// Returns the XML of a part with its sections. The XML around the sections is that of the last record.
     std::string wholeXml(CutPart& part) {
         std::string xml;
         xml.reserve(part.sections.size() + lastSize_);
@@ -221,7 +222,7 @@ class EmbeddedLetters final : public letters::Letters {
     }
 
     letters::LetterSettings settings_;
-    // Both are read before places are marked.
+    // These are read before the places are marked.
     FreeIds ids_;
     std::size_t labelsPerSheet_;
     MarkedPlaces marked_;
@@ -232,7 +233,7 @@ class EmbeddedLetters final : public letters::Letters {
     std::optional<LetterRenderer> renderer_;
     std::vector<std::string> refusals_;
     std::size_t lastSize_ = 0;
-    std::vector<Record> pending_;  ///< of the section that is not written yet
+    std::vector<Record> pending_;  ///< the records of the section that is not written yet
     std::int64_t section_ = 0;
     /// The ids of relationships to headers and footers with places, and their parts.
     std::vector<std::pair<std::string, std::string>> linkedIds_;

@@ -25,7 +25,7 @@ constexpr std::array<std::pair<const char*, PartKind>, 5> kRelatedParts = {
      {"endnotes", PartKind::Notes},
      {"comments", PartKind::Comments}}};
 
-/// Restores one part.
+/// Restores one part of a filled letter.
 class PartRestoration {
   public:
     explicit PartRestoration(opc::XmlPart& part) : part_(part), names_(part.root()) {}
@@ -41,7 +41,7 @@ class PartRestoration {
     }
 
   private:
-    // The part refuses documents that are nested too deeply.
+    // Recursion is safe: parts that are nested too deeply are not parsed.
     void visit(pugi::xml_node node) {
         enter(node);
         for (const pugi::xml_node child : node.children())
@@ -113,7 +113,7 @@ class PartRestoration {
     int filledRuns_ = 0;
 };
 
-/// Returns true when an element contains characters with which the filling marks its places.
+/// Returns true if an element contains characters that are used to mark places.
 bool hasMark(pugi::xml_node node) {
     const auto isMarked = [](std::string_view text) {
         for (std::size_t at = text.find("\xEF\xB7"); at != std::string_view::npos;

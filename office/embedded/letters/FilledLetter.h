@@ -5,15 +5,15 @@
 #include <string>
 #include <vector>
 
-/// A letter that was filled can be filled again. Two marks that Word keeps show what the filling made.
+/// Filled letters can be filled again. Two marks, which Word preserves, identify the content that was added.
 namespace mergeloom::embedded {
 
-/// Stands, in a restored template, where an empty run keeps the formatting of a place. No text has it
-/// (U+FDD2).
+/// Replaces, in a restored template, the empty text of a run that preserves the formatting of a place. It is
+/// a noncharacter, which no text contains (U+FDD2).
 inline constexpr const char* kKeptPlace = "\uFDD2";
 
-/// Begins the names of hidden bookmarks over the rows that were added below a table's pattern rows. Each ends
-/// in a number.
+/// The prefix of the hidden bookmarks over the rows that were added after the pattern rows of a table. A
+/// number follows it.
 inline constexpr const char* kAddedRowsName = "_MergeloomRows";
 
 enum class PartKind { Body, HeaderOrFooter, Notes, Comments };
@@ -27,8 +27,8 @@ struct StoryPart {
 /// Returns the parts of a document that can contain places, the body first.
 std::vector<StoryPart> partsWithPlaces(opc::Package& package);
 
-/// Brings a filled letter back to the form of its template: removes rows that were added, and puts a text
-/// into the empty runs at the beginning of places, which keep their formatting.
+/// Restores the template of a filled letter: removes the added rows, and inserts kKeptPlace into the empty
+/// runs at the start of places. Raises kNotAvailable for text with the characters that mark places.
 void restoreTemplate(opc::Package& package);
 
 }  // namespace mergeloom::embedded

@@ -19,7 +19,7 @@ std::string widthOf(pugi::xml_node cell, const opc::WordNames& names) {
     return names.value(properties.child(names.element("tcW").c_str()), "w");
 }
 
-/// Returns whether a cell has nothing that a reader sees.
+/// Returns true if a cell has no visible content.
 bool isEmptyCell(pugi::xml_node cell, const opc::WordNames& names) {
     return !cell.find_node([&](pugi::xml_node node) {
         const WordTag tag = names.tagOf(node);

@@ -7,14 +7,14 @@
 #include <pugixml.hpp>
 #include <vector>
 
-/// A sheet of labels is a table whose cells are the labels. The places are in one of them; the others are
-/// empty and as wide as that one, unlike the cells between the labels.
+/// A sheet of labels is a table whose cells are labels. One label contains all places; the others are empty
+/// and have the same width, unlike the cells between the labels.
 namespace mergeloom::embedded {
 
-/// Returns the cells of the labels, that with the places first; none when the cell is in no such table.
+/// Returns the cells of the labels, the one with the places first; empty if the cell is not in such a table.
 std::vector<pugi::xml_node> labelCells(pugi::xml_node cellWithPlaces, const opc::WordNames& names);
 
-/// Returns the cell of the body that contains all places of a document, or none.
+/// Returns the cell of the body that contains all places of a document; empty if there is none.
 pugi::xml_node cellOfAllPlaces(WordContent& content, const letters::PlaceSources& sources);
 
 }  // namespace mergeloom::embedded

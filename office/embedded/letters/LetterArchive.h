@@ -11,24 +11,23 @@
 
 namespace mergeloom::embedded {
 
-/// The parts of a letter that differ from those of its template: their contents by their names in the
-/// archive.
+/// The contents of the parts that differ from those of the template, by their names in the archive.
 using ChangedParts = std::unordered_map<std::string, std::string>;
 
-/// The archive of a template, of which each letter is a copy with some other parts. Parts that do not change
-/// are copied as they are packed.
+/// The archive of a template. Each letter is a copy of it with some parts replaced or added; the other
+/// entries are copied without unpacking.
 class LetterArchive {
   public:
     LetterArchive(std::string bytes, opc::Conformance conformance);
 
     [[nodiscard]] opc::Conformance conformance() const { return conformance_; }
     [[nodiscard]] bool has(std::string_view entryName) const { return find(entryName) != nullptr; }
-    /// Returns the content of an entry that exists.
+    /// Returns the content of an entry, which must exist.
     [[nodiscard]] std::string read(std::string_view entryName) const {
         return reader_.read(*find(entryName));
     }
 
-    /// Writes an archive with the changed parts, of which new ones come last.
+    /// Writes the archive with the changed parts. New parts are appended.
     void write(ByteSink& sink, ChangedParts& changed) const;
 
   private:
@@ -39,7 +38,7 @@ class LetterArchive {
     opc::Conformance conformance_;
 };
 
-/// Returns the name of an entry for a part.
+/// Returns the name of the entry of a part.
 std::string entryNameOf(std::string_view partName);
 
 }  // namespace mergeloom::embedded

@@ -96,7 +96,7 @@ void LetterParts::addTo(ChangedParts& changed) {
         if (!relationships.all().empty())
             changed.emplace(entryNameOf(opc::relationshipsPartOf(name)), relationships.toXml());
     }
-    // A part without relationships so far has no content type for them either.
+    // A package without relationships of parts may not declare their content type.
     types.ensureDefault("rels", "application/vnd.openxmlformats-package.relationships+xml");
     changed.emplace(kContentTypes, types.toXml());
 }

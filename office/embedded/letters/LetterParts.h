@@ -13,38 +13,36 @@
 
 namespace mergeloom::embedded {
 
-/// Returns the path of the file that an image of a record names, or an empty text when there is none.
-using PictureFinder = std::function<std::string(const std::string& image)>;
-
-/// A picture that a letter shows and its template does not have.
+/// A picture that is added to a letter.
 struct LetterPicture {
     std::string name;
     opc::PictureFile file;
     std::string partName;
 };
 
-/// Adds the pictures of records to letters: their parts, relationships and content types.
+/// Collects the parts, relationships and content types that are added to a letter.
 class LetterParts {
   public:
     /// The archive must outlive it.
-    LetterParts(FileStore& files, PictureFinder find, const LetterArchive& archive)
+    LetterParts(FileStore& files, letters::PictureFinder find, const LetterArchive& archive)
         : files_(files), find_(std::move(find)), archive_(archive) {}
 
-    /// Forgets the pictures of the letter before.
+    /// Discards the additions to the previous letter.
     void begin();
-    /// Returns a picture of the letter, or null for a file that does not exist. Raises kFileCouldNotBeRead
-    /// for one that is no picture.
+    /// Adds a picture and returns it; null if its file does not exist. Raises kFileCouldNotBeRead if the file
+    /// is not a picture.
     const LetterPicture* add(const std::string& image);
-    /// Returns the id of a relationship from a part to a picture.
+    /// Adds a relationship from a part to a picture, unless it exists, and returns its id.
     std::string link(const std::string& partName, const LetterPicture& picture);
-    /// Adds a part like one of the template, with other content. Returns its name, which relationships of it
-    /// need before its content is known.
+    /// Adds a part with the relationships and content type of a part of the template. Returns its name; its
+    /// content is set later.
     std::string addLike(const std::string& partName);
     void setContent(const std::string& partName, std::string xml);
-    /// Returns the id of a new relationship from the main part to such a part, of the type of another one.
+    /// Adds a relationship from the main part to such a part, of the type of the relationship with the given
+    /// id. Returns its id.
     std::string linkLike(const std::string& mainPart, const std::string& id, const std::string& partName);
 
-    /// Adds the parts of the pictures to those of the letter.
+    /// Appends all additions to the changed parts.
     void addTo(ChangedParts& changed);
 
   private:
@@ -52,13 +50,14 @@ class LetterParts {
     opc::Relationships& relationshipsOf(const std::string& partName);
 
     FileStore& files_;
-    PictureFinder find_;
+    letters::PictureFinder find_;
     const LetterArchive& archive_;
     std::map<std::string, LetterPicture> pictures_;  ///< by their paths
     std::map<std::string, std::string> bytes_;       ///< by their parts
     std::map<std::string, opc::Relationships> relationships_;
     std::map<std::pair<std::string, std::string>, std::string> links_;  ///< by the parts at both ends
-    std::map<std::string, std::string> models_;  ///< the template's parts by those that are like them
+    /// The parts of the template by the names of parts that were added like them.
+    std::map<std::string, std::string> models_;
     int lastNumber_ = 0;
 };
 

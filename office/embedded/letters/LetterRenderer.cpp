@@ -200,7 +200,7 @@ const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
         if (picture == nullptr) remarks_.insert("There is no picture '" + control->image + "'.");
         return picture;
     } catch (const AutomationError& error) {
-        // One bad picture must not end a batch: the template's stays.
+        // One bad picture must not end a batch, so the picture of the template is kept.
         remarks_.insert(error.description());
         return nullptr;
     }

@@ -16,25 +16,25 @@ namespace mergeloom::embedded {
 
 enum class IsLastSection { No, Yes };
 
-/// The least distance of the ids of a note in two sections.
+/// The minimum difference between the ids of a note in two sections.
 inline constexpr std::int64_t kNotesOfSection = 1000;
 
-/// Writes a part's pieces with the values of records.
+/// Renders the pieces of parts with the values of records.
 class LetterRenderer {
   public:
     LetterRenderer(const MarkedPlaces& marked, const letters::LetterSettings& settings, const FreeIds& ids,
                    LetterParts& parts)
         : marked_(marked), settings_(settings), ids_(ids), freshIds_(ids), parts_(parts) {}
 
-    /// Begins a letter, whose ids may be those of another letter.
+    /// Starts a letter. Ids only have to be unique within a letter.
     void beginLetter();
-    /// Appends the XML of pieces of a part. Of several records the first one is the letter's own; a table may
-    /// list all.
+    /// Appends the XML of pieces of a part. Places take the values of the first record; a table may list all
+    /// records.
     void render(CutPart& part, Pieces& pieces, std::span<const Record> records, std::string& xml);
-    /// Begins the section of another record. Those after the first one leave out what may stand once in a
-    /// document only.
+    /// Starts the section of another record. Sections after the first one omit content that may occur only
+    /// once in a document.
     void beginSection(std::int64_t number, IsLastSection isLast);
-    /// Sets the relationship by which the section reaches its own copy of a header or footer.
+    /// Sets the relationship to the section's own copy of a header or footer.
     void setLink(const std::string& id, const std::string& idOfCopy) { links_[id] = idOfCopy; }
 
     [[nodiscard]] const std::set<std::string>& remarks() const { return remarks_; }
@@ -42,15 +42,15 @@ class LetterRenderer {
   private:
     void append(Pieces& pieces);
     void appendValue(Piece& piece);
-    /// Appends rich text, or its plain text when it is broken.
+    /// Appends rich text, or its plain text if the markup is malformed.
     void appendRich(const RecordControl& control, const PlaceFormat& format);
     void appendLabel(Piece& piece);
     void appendOptional(Piece& piece);
     void appendPicture(Piece& piece);
-    /// Returns the picture of a record; null when there is none, which is remarked.
+    /// Returns the picture of a record; null and a remark if there is none.
     const LetterPicture* pictureOf(Piece& piece);
     void appendRows(Piece& piece);
-    /// Appends the mark before rows that are added to the pattern rows; returns its id.
+    /// Appends the start of the bookmark over added rows; returns its id.
     std::string appendAddedRowsStart();
     [[nodiscard]] const std::string& linkOf(const std::string& id) const;
     [[nodiscard]] const RecordControl* controlOf(Piece& piece) const;
@@ -67,7 +67,7 @@ class LetterRenderer {
     std::string* xml_ = nullptr;
     std::span<const Record> records_;
     std::vector<const Record*> levels_;
-    bool isFirst_ = true;  ///< in the first repetition of everything around
+    bool isFirst_ = true;  ///< in the first repetition of all enclosing pieces
     bool isLast_ = true;
     std::int64_t section_ = 0;
     std::map<std::string, std::string> links_;

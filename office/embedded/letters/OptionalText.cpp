@@ -17,7 +17,7 @@ bool endsText(std::string_view tag) {
                                        local == "pict" || local == "p";
 }
 
-/// Returns whether XML holds nothing that a reader sees.
+/// Returns true if XML has no visible content.
 bool isInvisible(std::string_view xml) {
     while (!xml.empty()) {
         if (xml.starts_with(kGuard)) {
@@ -32,7 +32,7 @@ bool isInvisible(std::string_view xml) {
     return true;
 }
 
-/// Adds the first value that is found in a direction, unless something visible comes before it.
+/// Adds the nearest value in a direction, unless visible content is in between.
 void addFirstValue(const Pieces& pieces, std::ptrdiff_t from, std::ptrdiff_t step,
                    std::vector<Piece>& values) {
     for (std::ptrdiff_t at = from + step; at >= 0 && at < std::ssize(pieces); at += step) {

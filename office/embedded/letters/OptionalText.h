@@ -4,8 +4,8 @@
 
 namespace mergeloom::embedded {
 
-/// Finds the values beside each optional text: those in the same paragraph between which and the text there
-/// is nothing but markup and the characters that keep bookmarks apart.
+/// Finds the values beside each optional text. They are in the same paragraph, and no visible content is
+/// between them and the text.
 void findValuesBeside(Pieces& pieces);
 
 }  // namespace mergeloom::embedded

@@ -16,7 +16,7 @@ namespace {
 
 using letters::ControlPath;
 
-/// Cuts a part's XML at its tokens.
+/// Cuts the XML of a part at its tokens.
 class Cutter {
   public:
     Cutter(const MarkedPlaces& marked, const PartPreparation& prepared)
@@ -110,7 +110,7 @@ class Cutter {
         return piece;
     }
 
-    /// Returns the way from the innermost record around to a control.
+    /// Returns the path from the innermost enclosing record to a control.
     [[nodiscard]] ValuePath sourceOf(const ControlPath& path) const {
         for (std::size_t level = levels_.size(); level-- > 1;) {
             const ControlPath& around = levels_[level];

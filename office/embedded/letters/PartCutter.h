@@ -15,26 +15,26 @@
 
 namespace mergeloom::embedded {
 
-/// Ids that new elements of a document get.
+/// The next unused ids of a document.
 struct FreeIds {
     std::int64_t nextDrawing = 1;
     std::int64_t nextBookmark = 1;
 };
 
-/// A part of a template, cut into pieces.
+/// A part of a template that was cut into pieces.
 struct CutPart {
     std::string name;
     std::string entryName{};      ///< in the archive
     std::string prefix;           ///< of the elements of WordprocessingML
     std::string attributePrefix;  ///< of its attributes
     Pieces pieces;
-    /// The formatting at the places, by their numbers; of places in other parts it is empty.
+    /// The formatting at the places, by their numbers; empty for places in other parts.
     std::vector<PlaceFormat> formats;
     PartKind kind = PartKind::Body;
-    std::string sections{};  ///< of the records so far, in one document for all
+    std::string sections{};  ///< the sections of the records so far
 };
 
-/// What all parts of a template share while they are cut.
+/// State that is shared by all parts of a template while they are cut.
 struct CuttingContext {
     const MarkedPlaces& marked;
     letters::LetterSettings settings;

@@ -24,13 +24,13 @@ bool beginsWith(const ControlPath& path, const ControlPath& start) {
     return start.size() <= path.size() && std::equal(start.begin(), start.end(), path.begin());
 }
 
-/// Returns whether the text of a marked place, which may be a part of a field's code, is one token.
+/// Returns true if a text is a single token. Marked places may be in the code of a field.
 std::optional<Token> valueTokenOf(pugi::xml_node text) {
     const std::optional<Token> token = Token::of(text.text().get());
     return token && token->kind == TokenKind::Value ? token : std::nullopt;
 }
 
-/// Returns the blocks of a cell, without its properties.
+/// Returns the block-level elements of a cell.
 std::vector<pugi::xml_node> contentOfCell(pugi::xml_node cell, const opc::WordNames& names) {
     const std::string properties = names.element("tcPr");
     std::vector<pugi::xml_node> content;
@@ -44,7 +44,7 @@ bool isCommentMark(std::string_view name) {
     return name == "commentRangeStart" || name == "commentRangeEnd" || name == "commentReference";
 }
 
-/// Returns whether an attribute is an id of Word's own that no other element of the document may have.
+/// Returns true if an attribute is an id that must be unique in a document.
 bool isParagraphId(std::string_view name) {
     return name.ends_with(":paraId") || name.ends_with(":textId");
 }
@@ -202,7 +202,7 @@ void PartPreparation::markPicture(const Bookmark& bookmark, std::size_t number) 
     insertAfter(drawing, {TokenKind::PictureEnd, number});
 }
 
-/// Shows the picture of the structure, unless the template shows it already.
+/// Inserts the picture of the structure, unless the template already shows it.
 void PartPreparation::showImage(pugi::xml_node drawing, const std::string& image) {
     std::string bytes = context_.files.read(image);
     const opc::PictureFile file = opc::PictureFile::read(bytes, image);
@@ -216,7 +216,7 @@ void PartPreparation::findLabels() {
     if (!labels_.empty()) repeatedNodes_.insert(labels_.front().hash_value());
 }
 
-/// Gives each label the content of the first one, which by now holds tokens instead of values and marks.
+/// Copies the content of the first label, which already contains tokens, to the other labels.
 void PartPreparation::copyLabels() {
     std::vector<pugi::xml_node> content;
     if (!labels_.empty()) content = contentOfCell(labels_.front(), names_);
@@ -242,7 +242,7 @@ void PartPreparation::markOptionals() {
         if (found == bookmarks_.end() || !found->end) continue;
         const pugi::xml_node first = found->start.parent();
         const pugi::xml_node last = found->end.parent();
-        // Only then what stands between the marks can go without leaving half an element.
+        // Only then the content between the marks can be removed without splitting an element.
         const bool areBeside =
             first == last || (names_.tagOf(first) == WordTag::Paragraph &&
                               names_.tagOf(last) == WordTag::Paragraph && first.parent() == last.parent());
@@ -253,7 +253,7 @@ void PartPreparation::markOptionals() {
     }
 }
 
-/// Returns an empty run in the formatting of the run after a mark.
+/// Returns an empty run with the formatting of the run after a mark.
 std::string PartPreparation::keeperXml(pugi::xml_node mark) const {
     pugi::xml_node run = mark.next_sibling();
     while (run && names_.tagOf(run) != WordTag::Run)
@@ -294,7 +294,8 @@ void PartPreparation::markOnce(pugi::xml_node node) {
     part_.detach(node);
 }
 
-/// Replaces what may stand only once in a document, in the elements below a node that are repeated.
+/// Makes the repeated elements below a node repeatable: ids become tokens, and content that may occur only
+/// once is marked.
 void PartPreparation::makeRepeatable(pugi::xml_node node) {
     const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
     for (pugi::xml_node child = node.first_child(); child;) {

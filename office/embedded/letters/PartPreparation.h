@@ -14,19 +14,19 @@
 
 namespace mergeloom::embedded {
 
-/// Writes the tokens into a part's tree at which its XML is cut.
+/// Inserts the tokens at which the XML of a part is cut into its tree.
 class PartPreparation {
   public:
     PartPreparation(CuttingContext& context, opc::XmlPart& part, PartKind kind);
 
     void prepare();
 
-    /// Return what the tokens stand for, by their numbers.
+    /// Returns the formatting at the places, by their numbers.
     [[nodiscard]] const std::vector<PlaceFormat>& formats() const { return formats_; }
-    /// Return the runs that keep the places of optional text that is left out.
+    /// Returns the runs that preserve the places of omitted optional text.
     [[nodiscard]] const std::vector<std::string>& optionalKeepers() const { return optionalKeepers_; }
     [[nodiscard]] const std::vector<std::string>& onceXml() const { return once_; }
-    /// Return the content of labels for which there is no record.
+    /// Returns the content of labels without a record.
     [[nodiscard]] const std::vector<std::string>& emptyLabels() const { return emptyLabels_; }
     [[nodiscard]] const std::vector<std::string>& ids() const { return ids_; }
     [[nodiscard]] const std::string& sectionBreak() const { return sectionBreak_; }
@@ -86,7 +86,7 @@ class PartPreparation {
     std::unordered_map<std::string, std::size_t> bookmarksById_;
     std::vector<pugi::xml_node> texts_;
     std::unordered_map<std::string, std::size_t> placesByName_;
-    /// The pattern rows of tables, and the first label of a sheet.
+    /// The elements that are repeated: pattern rows, and the first label of a sheet.
     std::unordered_set<std::size_t> repeatedNodes_;
     std::vector<pugi::xml_node> labels_;
     std::vector<std::string> emptyLabels_;

@@ -10,7 +10,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// How a picture is turned and mirrored on display, by its orientation (Exif 2.3, 4.6.4 A).
+/// The rotation and reflection of a picture with an orientation tag (Exif 2.3, 4.6.4 A).
 struct Turn {
     int quarters = 0;  ///< clockwise
     bool isMirrored = false;
@@ -63,7 +63,7 @@ void setName(pugi::xml_node drawing, std::string_view element, const std::string
     findLocal(drawing, element).attribute("name").set_value(name.c_str());
 }
 
-/// Word lays out the frame of a picture before its turn; the effect extent adds the room that the turn needs.
+/// Sets the effect extent: Word lays out the unrotated frame, and a rotated picture needs more room.
 void setEffectExtent(pugi::xml_node drawing, pugi::xml_node extent, std::int64_t width, std::int64_t height,
                      bool isTurned) {
     pugi::xml_node effect = findLocal(drawing, "effectExtent");

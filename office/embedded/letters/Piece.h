@@ -20,37 +20,37 @@ struct PlaceFormat {
     /// The children of the run's properties: their local names and their XML.
     std::vector<std::pair<std::string, std::string>> runProperties{};
     std::string paragraphProperties{};  ///< the whole element, or empty
-    bool isWholeRun = true;             ///< false in a field's code, which takes text alone
-    bool canSplit = true;               ///< the paragraph may end at the place
+    bool isWholeRun = true;             ///< false in the code of a field, which contains only text
+    bool canSplit = true;               ///< true if the paragraph can be split at the place
 };
 
-/// A value of the records of one level: the enclosing tables' current records are numbered from the
-/// outermost, the letter's own record, which is 0.
+/// A value of the current record of one level. The letter's own record is level 0, and each enclosing table
+/// adds one.
 struct ValuePath {
     std::size_t level = 0;
     letters::ControlPath path{};
 };
 
-/// A part of a template's XML that is always the same, or what stands between two such parts.
+/// A piece of a template's XML: either fixed text or content that depends on the records.
 struct Piece {
     enum class Kind : std::uint8_t {
-        Fixed,         ///< the XML itself
-        Value,         ///< a place's value
+        Fixed,         ///< fixed XML
+        Value,         ///< the value of a place
         Rows,          ///< XML that is repeated for each record of a subform
-        Table,         ///< XML that may go when its subform has no records
-        Once,          ///< XML of the first repetition only
-        Id,            ///< an id, which has to be another one in each repetition
-        Optional,      ///< XML that goes when a value beside it is empty
-        Picture,       ///< a drawing that shows a place's picture
-        Label,         ///< the content of a label, which shows the record of its number
-        NoteId,        ///< the id of a note, which each section has of its own
-        PartLink,      ///< the relationship of a header or a footer that differs from section to section
+        Table,         ///< XML that can be removed if its subform has no records
+        Once,          ///< XML that is written only in the first repetition
+        Id,            ///< an id, which must differ between repetitions
+        Optional,      ///< XML that is omitted if a value beside it is empty
+        Picture,       ///< a drawing with the picture of a place
+        Label,         ///< the content of the label with that number
+        NoteId,        ///< the id of a note, which differs between sections
+        PartLink,      ///< the relationship to a header or footer, which differs between sections
         Section,       ///< the section of a record
-        SectionBreak,  ///< the properties of a section that another one follows
+        SectionBreak,  ///< the properties of a section, except of the last one
     };
 
     Kind kind = Kind::Fixed;
-    std::string xml{};                 ///< of what is fixed; the id of the template
+    std::string xml{};                 ///< the fixed XML, or the id in the template
     std::size_t number = 0;            ///< of the place, the table or the picture
     ValuePath source{};                ///< of a value, of rows and of a table
     Pieces inside{};                   ///< of rows, a table or an optional text

@@ -13,7 +13,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// The names of the bookmarks of optional text, before their numbers, and that text.
+/// The prefix of the bookmarks of an optional text, which a number follows, and the text.
 struct OptionalText {
     std::string_view name;
     const char* text;
@@ -30,7 +30,7 @@ const OptionalText* optionalTextOf(std::string_view name) {
     return nullptr;
 }
 
-/// Returns whether a bookmark marks a table and not a text in one of its cells.
+/// Returns true if a bookmark marks a table, and not text in a cell.
 bool coversTable(const BookmarkRecord& record) {
     const Story& story = *record.story;
     const CharacterPosition start = startOf(record);
@@ -50,7 +50,7 @@ bool isPicture(const BookmarkRecord& record) {
     return record.story->items().itemAt(start)->kind == ItemKind::InlineObject;
 }
 
-/// Gives a bookmark the id that it had before, so that filling a filled letter makes the same letter.
+/// Restores the id of a bookmark, so that filling a filled letter writes the same bytes.
 void setId(const BookmarkRecord& record, const std::string& id) {
     const std::string attribute = record.story->names().attribute("id");
     for (const Item* mark : {record.start, record.end})
@@ -63,13 +63,13 @@ class PlaceMarker {
         : content_(content), sources_(sources) {}
 
     MarkedPlaces mark() {
-        // A copy, since each replacement lists its bookmark anew.
+        // A copy, since each replacement changes the table of bookmarks.
         std::vector<std::string> names;
         for (const BookmarkRecord* record : content_.bookmarks().inNameOrder())
             names.push_back(record->name);
         for (const std::string& name : names) {
             BookmarkRecord* const record = content_.bookmarks().find(name);
-            // It may have been inside of another place.
+            // It may have been removed with another place around it.
             if (record != nullptr) mark(*record);
         }
         return std::move(marked_);
@@ -95,7 +95,7 @@ class PlaceMarker {
     }
 
     void markOptional(BookmarkRecord& record, const OptionalText& optional) {
-        // In a letter that was filled its text may be gone.
+        // Its text may be absent in a filled letter.
         const std::string shown = record.story->text(startOf(record), endOf(record));
         const bool isGone = shown.empty() || shown == kKeptPlace;
         const std::string name = record.name;

@@ -8,30 +8,30 @@
 
 namespace mergeloom::embedded {
 
-/// A place of the template that is filled.
+/// A place that is filled.
 struct MarkedPlace {
-    std::string name;  ///< of the bookmark
+    std::string name;  ///< the name of the bookmark
     letters::PlaceSource source;
     bool isPicture = false;
 };
 
-/// A table of the template that lists the records of a subform.
+/// A table that lists the records of a subform.
 struct MarkedTable {
     std::string name;
     letters::ControlPath path;
 };
 
-/// The places that were found in a template.
+/// The places of a template.
 struct MarkedPlaces {
     std::vector<MarkedPlace> places{};
     std::vector<MarkedTable> tables{};
     std::vector<std::string> optionals{};  ///< the bookmarks of optional blanks and line breaks
-    std::vector<std::string> refusals{};   ///< why a place cannot be filled, as sentences
+    std::vector<std::string> refusals{};   ///< a sentence for each place that cannot be filled
 };
 
-/// Replaces the text of each place by a token with the place's number, in all stories. This is the
-/// replacement that a user of the object model makes, so formatting, fields and content controls are treated
-/// as there.
+/// Replaces the text of each place in all stories by a token with the number of the place. Uses the
+/// replacement of the object model, so that formatting, fields and content controls are handled in the same
+/// way.
 MarkedPlaces markPlaces(WordContent& content, const letters::PlaceSources& sources);
 
 }  // namespace mergeloom::embedded

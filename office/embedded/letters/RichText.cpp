@@ -47,7 +47,7 @@ bool isSpace(char character) {
     return character == ' ' || character == '\t' || character == '\r' || character == '\n';
 }
 
-/// Returns the character of an entity's name; empty for an unknown one, which is text.
+/// Returns the character of a named entity; empty for an unknown one.
 std::string entityText(std::string_view name) {
     if (!name.starts_with('#')) return std::string(valueNamed(kEntities, name));
     const bool isHexadecimal = name.starts_with("#x") || name.starts_with("#X");
@@ -61,7 +61,7 @@ std::string entityText(std::string_view name) {
     return text;
 }
 
-/// Appends text with its entities replaced and white space joined, as HTML reads it.
+/// Appends text with entities replaced and white space collapsed, as HTML requires.
 void appendHtmlText(std::string& text, std::string_view html) {
     while (!html.empty()) {
         const std::size_t end = html.starts_with('&') ? html.find(';') : std::string_view::npos;
@@ -98,7 +98,7 @@ Tag tagOf(std::string_view inside) {
     return tag;
 }
 
-/// Returns the value of an attribute in a tag; empty when it is absent.
+/// Returns the value of an attribute of a tag; empty if it is absent.
 std::string attributeOf(std::string_view attributes, std::string_view name) {
     const std::size_t found = findIgnoringAsciiCase(attributes, std::string(name) + "=");
     if (found == std::string_view::npos) return {};
@@ -127,7 +127,7 @@ int sizeOf(const std::string& text) {
     return isSize ? kSizes[static_cast<std::size_t>(text.front() - '1')] : 0;
 }
 
-/// Elements that need no end.
+/// The elements without an end tag.
 bool isVoid(std::string_view name) {
     return name == "br" || name == "hr" || name == "img";
 }
@@ -255,7 +255,7 @@ class RichTextReader {
     RichFont font_;
     RichParagraph next_;
     bool hasContent_ = false;
-    bool wasBlock_ = false;  ///< nothing came since the end of a block
+    bool wasBlock_ = false;  ///< true directly after the end of a block
 };
 
 }  // namespace

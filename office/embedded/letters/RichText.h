@@ -8,7 +8,7 @@
 
 namespace mergeloom::embedded {
 
-/// The formatting that rich text adds to that of its place.
+/// The formatting that rich text adds to the formatting of its place.
 struct RichFont {
     bool bold = false;
     bool italic = false;
@@ -20,7 +20,7 @@ struct RichFont {
     friend bool operator==(const RichFont&, const RichFont&) = default;
 };
 
-/// A text of one formatting. A line break in it is a "\n".
+/// A text with uniform formatting. Line breaks are "\n".
 struct RichRun {
     std::string text;
     RichFont font{};
@@ -31,16 +31,16 @@ enum class RichList : std::uint8_t { None, Bullets, Numbers };
 struct RichParagraph {
     std::vector<RichRun> runs{};
     RichList list = RichList::None;
-    int number = 0;  ///< in its list, from 1
-    int depth = 0;   ///< of lists around it
+    int number = 0;  ///< the number in its list, from 1
+    int depth = 0;   ///< the number of enclosing lists
 };
 
-/// Reads the small HTML of a database's rich text field: paragraphs (div, p), line breaks, b, strong, i, em,
-/// u, font with its color, face and size, and lists. Other elements are passed through. None for text that is
-/// broken: a tag without an end, or elements that do not nest.
+/// Reads the subset of HTML in rich text fields of databases: paragraphs (div, p), line breaks, b, strong, i,
+/// em, u, font with color, face and size, and lists. Ignores other tags. Returns none for malformed text: an
+/// incomplete tag, or elements that do not nest.
 std::optional<std::vector<RichParagraph>> readRichText(std::string_view html);
 
-/// Returns the text of broken HTML: what stands outside of "<" and ">".
+/// Returns the text of malformed HTML: everything outside of tags.
 std::string withoutTags(std::string_view html);
 
 }  // namespace mergeloom::embedded

@@ -24,7 +24,7 @@ std::ptrdiff_t fontRank(std::string_view name) {
     return std::distance(kFontOrder.begin(), std::ranges::find(kFontOrder, name));
 }
 
-/// Sets a property in its place among the others.
+/// Sets a property at its position in the order of the schema.
 void set(Properties& properties, const std::string& name, std::string xml) {
     const auto there = std::ranges::find(properties, name, &Properties::value_type::first);
     if (there != properties.end()) {
@@ -41,7 +41,7 @@ class RichTextWriter {
     RichTextWriter(std::string& xml, const PlaceFormat& format) : xml_(xml), format_(format) {}
 
     void write(const std::vector<RichParagraph>& paragraphs) {
-        // Keeps the formatting of the place for the next filling.
+        // Preserves the formatting of the place for the next filling.
         appendRunContent(xml_, "", format_.prefix);
         bool isFirst = true;
         for (const RichParagraph& paragraph : paragraphs) {

@@ -8,8 +8,8 @@
 
 namespace mergeloom::embedded {
 
-/// Appends rich text in the formatting of its place, from inside of a run and up to inside of another one.
-/// Where the place is in an element of a paragraph, which cannot end there, paragraphs become lines.
+/// Appends rich text with the formatting of its place. The XML starts and ends inside a run. Paragraphs
+/// become lines if the paragraph of the place cannot be split there.
 void appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
                     const PlaceFormat& format);
 

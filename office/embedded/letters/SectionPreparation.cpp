@@ -9,21 +9,21 @@
 #include <string_view>
 #include <vector>
 
-/// The tokens around the sections of records in one document for all.
+/// Inserts the tokens around sections for a document of all records.
 namespace mergeloom::embedded {
 
 using opc::WordTag;
 
 namespace {
 
-/// Returns true for a paragraph with optional text, whose end goes with an empty value.
+/// Returns true if a paragraph contains optional text, which may remove its end.
 bool hasOptionalText(pugi::xml_node node) {
     const std::string start = std::string(kAnyToken) + static_cast<char>(TokenKind::OptionalStart);
     if (std::string_view(node.value()).find(start) != std::string_view::npos) return true;
     return std::ranges::any_of(node.children(), hasOptionalText);
 }
 
-/// Adds the headers and footers to which the sections below a node refer, by their elements and types.
+/// Collects the headers and footers that sections below a node refer to, by their elements and types.
 void collectHeaders(pugi::xml_node below, const opc::WordNames& names, std::set<std::string>& found) {
     for (const pugi::xml_node child : below.children()) {
         const std::string name(opc::localName(child));
@@ -35,7 +35,8 @@ void collectHeaders(pugi::xml_node below, const opc::WordNames& names, std::set<
 
 }  // namespace
 
-/// A section without a header of its own shows that of the section before, which would be another record's.
+/// Refuses a first section that lacks a header or footer which a later section has: it would show that of the
+/// previous record.
 void PartPreparation::checkFirstHeaders(pugi::xml_node firstSection, pugi::xml_node body) const {
     std::set<std::string> first;
     std::set<std::string> all;
@@ -56,7 +57,7 @@ void PartPreparation::markSections() {
 void PartPreparation::markNotes() {
     std::vector<pugi::xml_node> notes;
     for (const pugi::xml_node note : part_.root().children()) {
-        // The separators between text and notes are notes, too.
+        // Separators between text and notes are stored as notes, too.
         const std::string_view type = names_.value(note, "type");
         const bool isNote = note.type() == pugi::node_element && (type.empty() || type == "normal");
         if (isNote) notes.push_back(note);
@@ -106,8 +107,8 @@ void PartPreparation::markBodySections() {
     markSectionBreak(body, section);
 }
 
-/// The last paragraph of a record ends its section. A record gets an empty one when it does not end in one,
-/// or when that one goes with an empty value.
+/// Marks the last paragraph of a record as the end of its section. Appends an empty paragraph if the record
+/// does not end with one, or if an empty value may remove it.
 void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node section) {
     sectionBreak_ = xmlOf(section);
     const std::string propertiesName = names_.element("pPr");

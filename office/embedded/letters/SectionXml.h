@@ -6,10 +6,10 @@
 
 namespace mergeloom::embedded {
 
-/// Returns the properties of the first section of a body, which has some.
+/// Returns the properties of the first section of a body, which must exist.
 pugi::xml_node firstSectionOf(pugi::xml_node body, const opc::WordNames& names);
 
-/// Makes a section start on a new page that is counted as the first one.
+/// Makes a section start on a new page with the number 1.
 void startOnNewPage(pugi::xml_node section, const opc::WordNames& names);
 
 }  // namespace mergeloom::embedded

@@ -7,16 +7,16 @@
 
 namespace mergeloom::embedded {
 
-/// What a token in the XML of a template marks.
+/// The kinds of tokens.
 enum class TokenKind : char {
     Value = 'V',          ///< the text of a place
-    RowsStart = 'R',      ///< the first pattern row of a table
-    RowsEnd = 'r',        ///< the end of the last one
+    RowsStart = 'R',      ///< the start of the pattern rows of a table
+    RowsEnd = 'r',        ///< their end
     TableStart = 'T',     ///< a table that lists records
     TableEnd = 't',       ///< its end
-    Once = 'O',           ///< XML that stands in the first repetition only
+    Once = 'O',           ///< XML that is written only in the first repetition
     Id = 'I',             ///< an id that must be unique
-    OptionalStart = 'B',  ///< text that goes with an empty value beside it
+    OptionalStart = 'B',  ///< text that is omitted if a value beside it is empty
     OptionalEnd = 'b',    ///< its end
     PictureStart = 'P',   ///< a picture that a record may replace
     PictureEnd = 'p',     ///< its end
@@ -26,23 +26,23 @@ enum class TokenKind : char {
     PartLink = 'L',       ///< the relationship to a header or a footer
     SectionStart = 'D',   ///< the section of a record
     SectionEnd = 'd',     ///< its end
-    SectionBreak = 'S',   ///< where the properties of a section stand that another one follows
+    SectionBreak = 'S',   ///< the properties of a section, except of the last one
 };
 
-/// Begins every token: a character of Unicode that no text has.
+/// The first character of every token, a noncharacter (U+FDD0).
 inline constexpr std::string_view kAnyToken = "\uFDD0";
 
-/// A mark that is written into a template's XML as text, so that the XML can be cut there. It begins and ends
-/// with a character of Unicode that no text has (U+FDD0 and U+FDD1).
+/// A mark in the text of a template, at which its XML is cut. It begins and ends with noncharacters, which no
+/// text contains (U+FDD0 and U+FDD1).
 struct Token {
     TokenKind kind = TokenKind::Value;
     std::size_t number = 0;
 
     [[nodiscard]] std::string text() const;
-    /// Removes everything up to and including the first token from the XML and returns the token; sets what
-    /// stood before it. None when there is no token.
+    /// Removes the first token and everything before it from the XML. Returns the token and sets the XML
+    /// before it; returns none if there is no token.
     static std::optional<Token> takeFirst(std::string_view& xml, std::string_view& before);
-    /// Returns the token that is the whole text; none for any other text.
+    /// Returns the token if it is the whole text; none otherwise.
     static std::optional<Token> of(std::string_view text);
 };
 

@@ -7,8 +7,8 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// The bytes that cannot be copied as they are: markup, control characters, and the first byte of U+FFFE and
-/// U+FFFF, which also begins ordinary characters.
+/// The bytes that may have to be replaced: markup, control characters, and the first byte of U+FFFE and
+/// U+FFFF, which is also the first byte of ordinary characters.
 constexpr std::array<bool, 256> kSpecialBytes = [] {
     std::array<bool, 256> special{};
     for (std::size_t byte = 0; byte < 0x20; ++byte)
@@ -24,7 +24,7 @@ bool isSpecial(char byte) {
 
 bool isForbidden(std::string_view text, std::size_t position) {
     const std::string_view three = text.substr(position, 3);
-    // The noncharacters mark the places themselves (U+FDD0, U+FDD1).
+    // These noncharacters mark places (U+FDD0, U+FDD1).
     return three == "\uFFFE" || three == "\uFFFF" || three == "\uFDD0" || three == "\uFDD1" ||
            three == "\uFDD2";
 }

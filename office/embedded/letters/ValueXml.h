@@ -6,12 +6,11 @@
 /// Writes values of records as XML.
 namespace mergeloom::embedded {
 
-/// Appends a text as character data. Characters that XML forbids are left out.
+/// Appends a text as character data. Omits characters that XML forbids.
 void appendEscaped(std::string& xml, std::string_view text);
 
-/// Appends a text as the content of a run: line breaks and tabs become their elements. The prefix is that of
-/// the elements ("w:"). An empty text becomes an empty text element, by which a place that is filled again is
-/// found with its formatting.
+/// Appends a text as the content of a run. Line breaks and tabs become elements with the given prefix ("w:").
+/// An empty text becomes an empty text element, which preserves the formatting of the place.
 void appendRunContent(std::string& xml, std::string_view text, const std::string& prefix);
 
 }  // namespace mergeloom::embedded

@@ -38,8 +38,8 @@ int compare(const TextReference& story, const TextPlace& first, const TextPlace&
     return places != 0 ? places : static_cast<int>(first.beyond) - static_cast<int>(second.beyond);
 }
 
-/// That two places can be compared says less: the body of LibreOffice 25.2 compares those of headers, too,
-/// which come before its first place.
+/// Places that can be compared may still be in different stories: the body of LibreOffice 25.2 compares those
+/// of headers, too, which come before its first place.
 bool holds(const TextReference& story, const RangeReference& range) try {
     return compareStarts(story, range, firstPlaceOf(story)) >= 0 &&
            compareEnds(story, range, story->getEnd()) <= 0;

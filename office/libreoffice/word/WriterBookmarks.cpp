@@ -158,7 +158,7 @@ void WriterBookmark::Select() {
     content_->call([&] { content_->select(range()); });
 }
 
-/// What the two collections of bookmarks share: hidden bookmarks are found by name but not counted.
+/// The common part of the two collections of bookmarks. Hidden bookmarks are found by name but not counted.
 class WriterBookmarks : public word::Bookmarks {
   public:
     explicit WriterBookmarks(std::shared_ptr<WriterContent> content) : content_(std::move(content)) {}

@@ -14,20 +14,22 @@
 
 namespace mergeloom::letters {
 
-/// What becomes of a table whose subform has no records.
+/// Decides what is kept of a table whose subform has no records.
 enum class EmptyTables { KeepCaptions, Remove };
-/// Whether each record gets a document of its own or a section of one document.
+/// Decides if each record is written to its own document or to a section of one document.
 enum class LetterUse { OneEach, OneForAll };
+
+/// Returns the path of the file of an image, or an empty text if there is none.
+using PictureFinder = std::function<std::string(const std::string& image)>;
 
 struct LetterSettings {
     EmptyTables emptyTables = EmptyTables::KeepCaptions;
     LetterUse use = LetterUse::OneEach;
-    /// Returns the path of the file that an image of a record names, or an empty text.
-    std::function<std::string(const std::string& image)> findPicture{};
+    PictureFinder findPicture{};
     word::WdSaveFormat format = word::WdSaveFormat::wdFormatXMLDocument;
 };
 
-/// The letters of a template that was compiled.
+/// A compiled template, which writes letters.
 class Letters {
   public:
     Letters() = default;
@@ -35,26 +37,26 @@ class Letters {
     Letters& operator=(const Letters&) = delete;
     virtual ~Letters() = default;
 
-    /// Returns the places and tables that no value can replace, as sentences.
+    /// Returns a sentence for each place or table that cannot be filled.
     [[nodiscard]] virtual const std::vector<std::string>& refusals() const = 0;
-    /// Returns the sources of all places that are filled.
+    /// Returns the sources of all filled places.
     [[nodiscard]] virtual std::vector<PlaceSource> filledPlaces() const = 0;
-    /// Returns whether a table lists the records themselves, so that all of them belong into one letter.
+    /// Returns true if a table lists the records themselves, so that one letter contains all of them.
     [[nodiscard]] virtual bool listsRecords() const = 0;
-    /// Returns what was done differently than the data ask for, as sentences; each one once.
+    /// Returns a sentence for each kind of data that could not be written as it is.
     [[nodiscard]] virtual std::vector<std::string> remarks() const = 0;
 
-    /// Writes the letter of one record, of all records when a table lists them, or the labels of as many as a
-    /// sheet holds.
+    /// Writes a letter. Takes one record, all records if a table lists them, or one for each label of a
+    /// sheet.
     virtual void write(std::span<const Record> records, ByteSink& sink) = 0;
 
-    /// Appends the section of a record to the one document; a sheet of labels is the section of its records.
+    /// Appends a record to the document of all records, as a section or as a label of a sheet.
     virtual void append(const Record& record) = 0;
-    /// Writes the one document.
+    /// Writes the document of all records.
     virtual void finish(ByteSink& sink) = 0;
 };
 
-/// A document with places that records can fill.
+/// A Word document with places that are filled with the values of records.
 class LetterTemplate {
   public:
     LetterTemplate() = default;
@@ -64,11 +66,11 @@ class LetterTemplate {
 
     /// Returns the names of all bookmarks of the document.
     [[nodiscard]] virtual std::vector<std::string> bookmarkNames() = 0;
-    /// Returns the bookmarks whose text is their name.
+    /// Returns the names of the bookmarks whose text equals their name.
     [[nodiscard]] virtual std::vector<std::string> fieldNames() = 0;
-    /// Returns how many labels a sheet of labels has; 0 for a document that is none.
+    /// Returns the number of labels on a sheet of labels; 0 for any other document.
     [[nodiscard]] virtual std::size_t labelsPerSheet(const PlaceSources& sources) = 0;
-    /// Compiles the template, which can be done once.
+    /// Compiles the template. Must be called only once.
     virtual std::unique_ptr<Letters> compile(const PlaceSources& sources, const LetterSettings& settings) = 0;
 };
 

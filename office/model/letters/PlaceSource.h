@@ -6,28 +6,28 @@
 
 namespace mergeloom::letters {
 
-/// The value of a control that a place takes.
+/// The values of a control.
 enum class ValueKind { Display, Bound };
 
-/// The names of the controls that lead from a record to a value or to the records of a subform: those of the
-/// subforms around a control, then its own. Empty for the records themselves.
+/// The path from a record to a value or to the records of a subform: the names of the subforms around a
+/// control, then its own name. Empty for the records themselves.
 using ControlPath = std::vector<std::string>;
 
-/// The control whose value a place takes.
+/// The source of the value of a place.
 struct PlaceSource {
     ControlPath path{};
     ValueKind value = ValueKind::Display;
-    std::string image{};  ///< the picture that every record has unless it has its own
+    std::string image{};  ///< the picture of all records without one of their own
 
     friend bool operator==(const PlaceSource&, const PlaceSource&) = default;
 };
 
-/// What the bookmarks of a document take from a record, by their names in folded case.
+/// The sources of the bookmarks of a document, by their names in folded case.
 struct PlaceSources {
     std::unordered_map<std::string, PlaceSource> places{};
-    /// The subforms whose records the tables list.
+    /// The subforms that the tables list.
     std::unordered_map<std::string, ControlPath> tables{};
-    /// The names of places that several controls make; the first of these controls has the place.
+    /// The names that several controls would give to places. The first of these controls is the source.
     std::vector<std::string> ambiguous{};
 };
 
