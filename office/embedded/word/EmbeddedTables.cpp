@@ -14,8 +14,6 @@ namespace mergeloom::embedded {
 
 namespace {
 
-constexpr int kMaxColumns = static_cast<int>(word::kMostTableColumns);
-
 /// A table, found again by its element and the mark of a row.
 class EmbeddedTable final : public word::Table, public std::enable_shared_from_this<EmbeddedTable> {
   public:
@@ -193,11 +191,7 @@ const std::vector<TablePtr>& EmbeddedTables::tables() {
 }
 
 word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {
-    if (columns > kMaxColumns) {
-        throw AutomationError(kCommandFailed, "A Word table has at most 63 columns; " +
-                                                  std::to_string(columns) + " were asked for.");
-    }
-    if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
+    checkSize(rows, columns);
     Story& story = place_.content->storyNamed(range.storyName());
     place_.content->beginEdit(story, range.Start(), range.Start());
     const TableShape shape{rows, columns, textAreaWidth(story, range.Start()).value / kEmuPerTwip,

@@ -18,8 +18,6 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-constexpr int kMaxColumns = static_cast<int>(word::kMostTableColumns);
-
 /// Returns the table around the range, or the outermost ones that it touches.
 std::vector<TableReference> touchedBy(const TrackedRange& range) {
     std::vector<TableReference> found;
@@ -30,14 +28,6 @@ std::vector<TableReference> touchedBy(const TrackedRange& range) {
             found.push_back(table);
     }
     return found;
-}
-
-void checkSize(int rows, int columns) {
-    if (columns > kMaxColumns) {
-        throw AutomationError(kCommandFailed, "A Word table has at most 63 columns; " +
-                                                  std::to_string(columns) + " were asked for.");
-    }
-    if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
 }
 
 /// Inserts a table before the paragraph in which the range begins. The paragraph is split when it has text

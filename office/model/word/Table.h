@@ -1,6 +1,10 @@
 #pragma once
 
+#include "base/AutomationError.h"
 #include "office/model/word/Forward.h"
+
+#include <cstddef>
+#include <string>
 
 namespace mergeloom::word {
 
@@ -81,6 +85,15 @@ class Tables : public Counted {
   protected:
     std::size_t indexOf(int number) {
         return Counted::indexOf(number, kMemberNotFound, "There is no such table.");
+    }
+    /// Raises kCommandFailed for a size that no new table can have.
+    static void checkSize(int rows, int columns) {
+        if (columns > static_cast<int>(kMostTableColumns)) {
+            throw AutomationError(kCommandFailed, "A Word table has at most " +
+                                                      std::to_string(kMostTableColumns) + " columns; " +
+                                                      std::to_string(columns) + " were asked for.");
+        }
+        if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
     }
 };
 
