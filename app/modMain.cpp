@@ -29,11 +29,6 @@ std::string GetFileNameOnly(const std::string& vstrPath) {
     return fileNameOnly(vstrPath);
 }
 
-std::string GetTempFolder() {
-    const std::string folder = temporaryFolder();
-    return folder.empty() ? folder : joinPath(folder, "");
-}
-
 std::string GetHelpFileName() {
     const std::string name = fileNameOnly(programPath());
     return name.substr(0, name.rfind('.')) + ".chm";

@@ -14,8 +14,6 @@ extern std::int32_t gExcelMode;
 /// Returns the path without its last part; empty when the folder must exist and does not.
 std::string GetParentFolder(const std::string& vstrPath, bool vfMustExist);
 std::string GetFileNameOnly(const std::string& vstrPath);
-/// Returns the system's folder for temporary files with a separator at its end; empty when there is none.
-std::string GetTempFolder();
 /// Returns the program's name without its extension, then ".chm".
 std::string GetHelpFileName();
 /// Returns the path of the help file in the program's own folder.

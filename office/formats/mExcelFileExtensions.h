@@ -12,11 +12,6 @@ namespace mergeloom {
 inline constexpr int kNoExcelFormat = 0;
 inline constexpr int kExcelDefaultFormat = 51;
 
-/// Returns the pattern of a file dialog for the format, such as "*.htm;*.html".
-inline std::string excelFilter(int format) {
-    return extensionFilter(formatExtension(DocumentFamily::Excel, format));
-}
-
 /// Returns the first offered format whose first or second extension is the given one (without a dot, in the
 /// same letter case); kNoExcelFormat when there is none.
 inline int excelFormatByExtension(std::string_view extension) {

@@ -19,11 +19,6 @@ bool writesExchangeFormats(int version) {
     return version >= kOffice2010 || (version == kOffice2007 && isOffice2007SP2orLater());
 }
 
-bool canFamilySave(DocumentFamily family, int number, int version) {
-    const FileFormat* const format = findFormat(family, number);
-    return canSave(format == nullptr ? SavedBy::NoVersion : format->savedBy, version);
-}
-
 }  // namespace
 
 int majorOfficeVersion(std::string_view version) {
@@ -52,14 +47,6 @@ bool canSave(SavedBy versions, int version) {
         default:
             return false;
     }
-}
-
-bool canWordSave(int format, int wordVersion) {
-    return canFamilySave(DocumentFamily::Word, format, wordVersion);
-}
-
-bool canExcelSave(int format, int excelVersion) {
-    return canFamilySave(DocumentFamily::Excel, format, excelVersion);
 }
 
 }  // namespace mergeloom

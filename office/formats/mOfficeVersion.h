@@ -17,11 +17,4 @@ int majorOfficeVersion(std::string_view version);
 /// unknown version is assumed to save in every format.
 bool canSave(SavedBy versions, int version);
 
-/// Returns true when a Word of that major version number can save in the format, a WdSaveFormat number.
-bool canWordSave(int format, int wordVersion);
-
-/// Returns true when an Excel of that major version number can save in the format, an XlFileFormat number.
-/// Formats of other programs and add-ins are never saved.
-bool canExcelSave(int format, int excelVersion);
-
 }  // namespace mergeloom

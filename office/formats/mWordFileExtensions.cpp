@@ -37,10 +37,6 @@ std::string wordExtension(int format, LeadingDot dot, int defaultFormat) {
     return formatExtension(DocumentFamily::Word, format == kWordDefaultFormat ? defaultFormat : format, dot);
 }
 
-std::string wordFilter(int format, int defaultFormat) {
-    return extensionFilter(wordExtension(format, LeadingDot::Without, defaultFormat));
-}
-
 int wordFormatByExtension(std::string_view extension) {
     const FileFormat* const found = findOfferedFormat(DocumentFamily::Word, extension);
     return found == nullptr ? kWordDocument97 : found->number;

@@ -18,9 +18,6 @@ inline constexpr int kWordDefaultFormat = 16;
 std::string wordExtension(int format, LeadingDot dot = LeadingDot::Without,
                           int defaultFormat = kWordDocument);
 
-/// Returns the pattern of a file dialog for the format, such as "*.htm;*.html".
-std::string wordFilter(int format, int defaultFormat = kWordDocument);
-
 /// Returns the first offered format whose first or second extension is the given one (without a dot, in the
 /// same letter case); 0 when there is none.
 int wordFormatByExtension(std::string_view extension);

@@ -27,17 +27,6 @@ TEST(modMain, FindsTheHelpFileBesideTheProgram) {
     EXPECT_EQ(GetHelpFilePath(), parentFolder(programPath()) + "/test_app.chm");
 }
 
-TEST(modMain, TellsTheTemporaryFolder) {
-    const TemporaryFolder folder;
-    const char* const before = getenv("TMPDIR");
-    const std::string saved = before == nullptr ? "/tmp" : before;
-    setenv("TMPDIR", folder.path().c_str(), 1);
-    EXPECT_EQ(GetTempFolder(), folder.path() + "/");
-    setenv("TMPDIR", (folder / "no").c_str(), 1);
-    EXPECT_EQ(GetTempFolder(), "");
-    setenv("TMPDIR", saved.c_str(), 1);
-}
-
 TEST(modMain, SeesLocksAndTheLockFileOfAnOffice) {
     const TemporaryFolder folder;
     folder.put("orders.dotx", "");

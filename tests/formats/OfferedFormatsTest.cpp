@@ -13,6 +13,7 @@ using testing::ElementsAre;
 
 std::vector<int> numbersOf(const std::vector<OfferedFormat>& offered) {
     std::vector<int> numbers;
+    numbers.reserve(offered.size());
     for (const OfferedFormat& format : offered)
         numbers.push_back(format.number);
     return numbers;

@@ -12,6 +12,12 @@ namespace {
 constexpr int kFirstFormat = -1;
 constexpr int kLastFormat = 24;
 
+/// Returns true when an application of the version saves the format; no version saves an unknown one.
+bool saves(DocumentFamily family, int number, int version) {
+    const FileFormat* const format = findFormat(family, number);
+    return canSave(format == nullptr ? SavedBy::NoVersion : format->savedBy, version);
+}
+
 TEST(OfficeVersion, ReadsTheMajorNumber) {
     const struct {
         std::string version;
@@ -38,11 +44,11 @@ TEST(OfficeVersion, DecidesWhatAWordCanSave) {
     for (const auto& [version, formats] : cases) {
         std::vector<int> saved;
         for (int format = kFirstFormat; format <= kLastFormat; ++format) {
-            if (canWordSave(format, version)) saved.push_back(format);
+            if (saves(DocumentFamily::Word, format, version)) saved.push_back(format);
         }
         EXPECT_EQ(saved, formats) << "version " << version;
     }
-    EXPECT_TRUE(canWordSave(7, kUnknownOfficeVersion));
+    EXPECT_TRUE(saves(DocumentFamily::Word, 7, kUnknownOfficeVersion));
 }
 
 TEST(OfficeVersion, DecidesWhatAnExcelCanSave) {
@@ -63,14 +69,15 @@ TEST(OfficeVersion, DecidesWhatAnExcelCanSave) {
         std::vector<int> saved;
         for (int format = -4200; format <= 70; ++format) {
             const bool isAlways = std::ranges::find(always, format) != always.end();
-            if (canExcelSave(format, version) && !isAlways) saved.push_back(format);
+            if (saves(DocumentFamily::Excel, format, version) && !isAlways) saved.push_back(format);
             if (isAlways) {
-                EXPECT_TRUE(canExcelSave(format, version)) << format << " in version " << version;
+                EXPECT_TRUE(saves(DocumentFamily::Excel, format, version))
+                    << format << " in version " << version;
             }
         }
         EXPECT_EQ(saved, further) << "version " << version;
     }
-    EXPECT_TRUE(canExcelSave(7, kUnknownOfficeVersion));
+    EXPECT_TRUE(saves(DocumentFamily::Excel, 7, kUnknownOfficeVersion));
 }
 
 }  // namespace

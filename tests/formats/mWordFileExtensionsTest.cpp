@@ -37,7 +37,7 @@ TEST(WordFileExtensions, DescribeAFormat) {
         EXPECT_EQ(formatName(kWord, format), name);
         EXPECT_EQ(wordExtension(format), extension);
         EXPECT_EQ(wordExtension(format, LeadingDot::With), extension.empty() ? "" : "." + extension);
-        EXPECT_EQ(wordFilter(format), filter);
+        EXPECT_EQ(extensionFilter(wordExtension(format)), filter);
         EXPECT_EQ(officeDocumentType(kWord, format), type);
     }
 }
