@@ -74,6 +74,11 @@ class DocumentHost {
     /// name and its mark Saved do not change. Raises kFileCouldNotBeSaved or kNotAvailable with a sentence
     /// that names the file, and leaves an existing file whole.
     virtual void ExportCopy(const std::string& path, int format) = 0;
+    /// Returns whether the document has changes that neither a save nor keepCopy has written.
+    virtual bool hasChangesToKeep() = 0;
+    /// Writes a copy of the document in the office's own format, which loses nothing. The document, its name
+    /// and its mark Saved do not change. Raises the errors of ExportCopy.
+    virtual void keepCopy(const std::string& path) = 0;
 
     /// Bracket the use of the object model, since the user edits the document without it: between these two
     /// calls the model knows the current document and its selection is the view's. The first copies the

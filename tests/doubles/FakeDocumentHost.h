@@ -7,6 +7,7 @@
 #include "office/model/DocumentHost.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
+#include "office/model/word/Selection.h"
 
 #include <set>
 #include <string>
@@ -50,6 +51,16 @@ class FakeDocumentHost final : public DocumentHost {
     bool isReadOnly() override { return isOpenReadOnly; }
     void ExportCopy(const std::string& path, int format) override {
         call("export " + path + " " + std::to_string(format));
+    }
+
+    bool hasChangesToKeep() override { return hosted() != nullptr && !hosted()->Saved(); }
+    /// Writes a document as the embedded office makes it, whatever the extension.
+    void keepCopy(const std::string& path) override {
+        call("keepCopy");
+        const word::DocumentPtr copy = word_->Documents()->Add("");
+        copy->ActiveWindow()->Selection()->TypeText("kept");
+        copy->SaveAs(path, word::WdSaveFormat::wdFormatXMLDocument);
+        copy->Close(word::WdSaveOptions::wdDoNotSaveChanges);
     }
 
     void endInput() override { call("endInput"); }

@@ -1,7 +1,4 @@
 """Drives the designer's real window with mouse and keys and reads what it saved with programs of other makers.
-
-MERGELOOM names the unattended program, beside which the designer lies; MERGELOOM_ROOT the folder of the sources.
-With MERGELOOM_PICTURES a picture of each scene is kept in that folder.
 """
 import itertools
 import os
@@ -10,10 +7,8 @@ import shlex
 import shutil
 import signal
 import subprocess
-import tempfile
 import time
 import unittest
-from pathlib import Path
 
 import docx
 from gi.repository import GLib
@@ -21,95 +16,14 @@ from gi.repository import GLib
 import merge_fields
 import read_docx
 import read_xlsx
+from designer_test import DESIGNER, PROGRAM, ROOT, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
-    BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, Screen, active_window, click, document_has_keyboard, drag,
-    dragging, find, has_focus, key, middle, point_at, resize_active_window, screenshot, size_of, type_text, wait_for,
+    BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, active_window, click, document_has_keyboard, drag,
+    dragging, find, has_focus, key, middle, point_at, resize_active_window, size_of, type_text, wait_for,
 )
-
-PROGRAM = Path(os.environ["MERGELOOM"])
-DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
-ROOT = Path(os.environ["MERGELOOM_ROOT"])
-SAMPLE = ROOT / "samples" / "orders.xml"
-PICTURES = os.environ.get("MERGELOOM_PICTURES")
-
-SCREEN = None
-
-
-def setUpModule():
-    global SCREEN
-    SCREEN = Screen()
-
-
-def tearDownModule():
-    SCREEN.close()
-
-
-class DesignerTest(unittest.TestCase):
-    """One window; what it saves lies in a folder of its own."""
-
-    SWITCHES = []
-
-    def setUp(self):
-        self.folder = Path(tempfile.mkdtemp(prefix="designed-"))
-        self.addCleanup(shutil.rmtree, self.folder)
-        self.designer = None
-
-    def start(self, *switches, structure=SAMPLE):
-        self.designer = Designer(DESIGNER, ["-xmlfile", structure, *self.SWITCHES, *switches])
-        self.addCleanup(self.designer.close)
-        self.designer.wait_until_ready()
-        return self.designer
-
-    def picture(self, name):
-        if PICTURES:
-            time.sleep(0.5)
-            screenshot(Path(PICTURES) / f"{name}.png")
-
-    def drop(self, node, place=None):
-        """Drags a node into the document and waits until it is inserted."""
-        drag(self.designer.node(node), place or self.designer.document())
-        self.wait_for_insertion(node)
-
-    def wait_for_insertion(self, node):
-        wait_for(f"the insertion of {node}", lambda: f"“{node}” was inserted" in self.designer.status())
-
-    def save_as(self, name):
-        path = self.folder / name
-        self.designer.wait_until_active()
-        key("ctrl+shift+s")
-        self.designer.answer_file_dialog(path)
-        wait_for(f"the file {path}", path.exists)
-        wait_for("the end of saving", lambda: self.designer.title() == name and not self.designer.has_dialog())
-        self.designer.wait_until_active()
-        return path
-
-
-    def export(self, name):
-        """Saves under a name whose format is an export and returns the path."""
-        path = self.folder / name
-        title = self.designer.title()
-        self.designer.wait_until_active()
-        key("ctrl+shift+s")
-        self.designer.answer_file_dialog(path)
-        wait_for(f"the copy {path}", lambda: f"“{name}” was written as a copy" in self.designer.status())
-        self.assertEqual(self.designer.title(), title)
-        self.designer.wait_until_active()
-        return path
-
-    def cancel_closing(self):
-        """Asks the window to close, which has unsaved changes."""
-        key("ctrl+q")
-        box = self.designer.dialog()
-        self.assertIn("Do you want to save changes to ", self.designer.texts_of(box))
-        self.designer.press("Cancel", box)
 
 
 class InWord(DesignerTest):
-    def names(self, path):
-        found, problems = read_docx.read_bookmarks(path)
-        self.assertEqual(problems, [])
-        return [place["name"] for place in found]
-
     def test_fields_labels_and_a_picture(self):
         designer = self.start()
         self.assertEqual(designer.title(), "New Template")
@@ -325,12 +239,6 @@ class InWord(DesignerTest):
         key("ctrl+s")
         wait_for("the saved letter", lambda: "“letter.docx” was saved" in self.designer.status())
         self.assertCountEqual(self.names(letter), ["CustomerID", "Priority"])
-
-    def start_another(self, *switches, structure=SAMPLE):
-        """A window that may begin with a question, also beside another one."""
-        other = Designer(DESIGNER, [*(["-xmlfile", structure] if structure else []), *switches])
-        self.addCleanup(other.close)
-        return other
 
     def test_two_windows_do_not_write_one_file(self):
         letter, lock = self.folder / "letter.docx", self.folder / ".~lock.letter.docx#"

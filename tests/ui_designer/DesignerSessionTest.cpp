@@ -1,3 +1,4 @@
+#include "base/Paths.h"
 #include "ui/designer/DesignerSession.h"
 #include "ui_designer/DropScene.h"
 #include "ui_designer/TemplateScene.h"
@@ -77,7 +78,9 @@ class Session : public TemplateScene {
                              .fileDialog = *dialog,
                              .fieldDialog = fieldDialog,
                              .tree = tree,
-                             .files = disk}};
+                             .files = disk,
+                             .keptFolder = folder / "kept",
+                             .keepInterval = std::chrono::milliseconds(1)}};
 };
 
 TEST_F(Session, StartsInTheBackground) {
@@ -167,6 +170,19 @@ TEST_F(Session, DropsAndUnhooks) {
     EXPECT_EQ(tree.unhooked, 2);
     session.convertFields();
     EXPECT_EQ(messages.takeTexts(), "0 fields became places, 0 were removed.\n");
+}
+
+TEST_F(Session, KeepsChangesAside) {
+    session.start({});
+    waitFor(OfficeState::Running);
+    session.worker().run([this] { running->hosted()->SetSaved(false); });
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!folderExists(folder / "kept") && waiting.elapsed() < 5000) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        settle();
+    }
+    EXPECT_TRUE(folderExists(folder / "kept"));
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ class TemplateScene : public testing::Test {
     }
     void makeLifecycle() {
         lifecycle = std::make_unique<TemplateLifecycle>(
-            TemplateLifecycle::Ports{access, *office, messages, errors, *dialog, files, caption});
+            TemplateLifecycle::Ports{access, *office, messages, errors, *dialog, files, caption, keptCopies});
     }
     void change() { host().hosted()->SetSaved(false); }
     FakeDocumentHost& host() { return access.fake; }
@@ -93,10 +93,11 @@ class TemplateScene : public testing::Test {
     std::unique_ptr<ScriptedFileDialog> dialog = std::make_unique<ScriptedFileDialog>();
     DiskTemplateFiles files{disk};
     Caption caption;
+    KeptCopies keptCopies{disk, folder / "kept"};
     std::unique_ptr<TemplateOffice> office =
         std::make_unique<WordTemplates>(access, messages, errors, files, [this] { return startWord(); });
     std::unique_ptr<TemplateLifecycle> lifecycle = std::make_unique<TemplateLifecycle>(
-        TemplateLifecycle::Ports{access, *office, messages, errors, *dialog, files, caption});
+        TemplateLifecycle::Ports{access, *office, messages, errors, *dialog, files, caption, keptCopies});
 };
 
 }  // namespace mergeloom

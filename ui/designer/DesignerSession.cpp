@@ -48,6 +48,7 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
           return ports_.startHost(window, shown, events_);
       }),
       files_(ports_.files),
+      copies_(ports_.files, ports_.keptFolder),
       templates_(makeTemplates()),
       lifecycle_({.access = office_,
                   .office = *templates_,
@@ -55,7 +56,8 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                   .errors = ports_.errors,
                   .dialog = ports_.fileDialog,
                   .files = files_,
-                  .view = *this}),
+                  .view = *this,
+                  .copies = copies_}),
       dropFlow_({.jobs = worker_,
                  .access = office_,
                  .tree = ports_.tree,
@@ -67,6 +69,8 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
     connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
     connect(&events_, &HostEvents::keyGiven, this, &DesignerSession::keyPressed);
     connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
+    connect(&keepTimer_, &QTimer::timeout, this, &DesignerSession::keepCopy);
+    keepTimer_.start(ports_.keepInterval);
 }
 
 std::unique_ptr<TemplateOffice> DesignerSession::makeTemplates() {
@@ -149,11 +153,18 @@ void DesignerSession::openFirst() {
                  });
 }
 
+/// While a command or a question is waited for, the next time has to do.
+void DesignerSession::keepCopy() {
+    if (isFree()) post([this] { lifecycle_.KeepCopy(); });
+}
+
 void DesignerSession::onEnded() {
     if (state_ == OfficeState::Stopped) return;
     if (attempt_) attempt_->isCancelled = true;
     post([this] { office_.end(); });
-    setState(OfficeState::Stopped, tr("The office has ended unexpectedly. What was not saved is lost."));
+    setState(OfficeState::Stopped,
+             tr("The office has ended unexpectedly. Start it again: a copy that was kept of unsaved "
+                "work is offered then."));
 }
 
 void DesignerSession::setState(OfficeState state, const QString& stopReason) {

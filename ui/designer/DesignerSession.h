@@ -8,7 +8,9 @@
 #include "ui/designer/TemplateLifecycle.h"
 
 #include <QObject>
+#include <QTimer>
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -41,6 +43,9 @@ class DesignerSession final : public QObject, private LifecycleView {
         FieldDialog& fieldDialog;
         DropTree& tree;
         FileStore& files;
+        /// The folder for the copies of unsaved documents, and the time between two of one document.
+        std::string keptFolder;
+        std::chrono::milliseconds keepInterval;
     };
 
     DesignerSession(DocumentKind kind, Ports ports);
@@ -99,6 +104,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void logOffice();
     void onStarted(const std::exception_ptr& error);
     void openFirst();
+    void keepCopy();
     void onEnded();
     void post(OfficeJobs::Job job);
     [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
@@ -108,6 +114,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     HostEvents events_;
     HostedOffice office_;
     DiskTemplateFiles files_;
+    KeptCopies copies_;
     std::unique_ptr<TemplateOffice> templates_;
     TemplateLifecycle lifecycle_;
     OfficeState state_ = OfficeState::Stopped;
@@ -119,6 +126,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     DropProgress progress_;
     OfficeWorker worker_;
     DropFlow dropFlow_;
+    QTimer keepTimer_;
 };
 
 }  // namespace mergeloom

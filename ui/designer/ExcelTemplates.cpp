@@ -20,6 +20,7 @@ constexpr TemplateTexts kExcelTexts{
     .wrongFile = "The file selected is not Excel file.",
     .openProcedure = "OpenExcelTemplate",
     .saveProcedure = "SaveExcelTemplate",
+    .keptExtension = "ods",
 };
 
 }  // namespace

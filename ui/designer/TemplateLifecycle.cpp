@@ -40,15 +40,49 @@ bool TemplateLifecycle::Start() {
     bool isHosted = false;
     trapped("Form_Load", [&] { isHosted = createNew(); });
     const std::string file = commandLineFile();
-    if (isHosted && !file.empty()) OpenTemplate(file);
+    if (isHosted && !restoreKept(file) && !file.empty()) OpenTemplate(file);
     return isHosted;
 }
 
 bool TemplateLifecycle::Restart() {
     bool isHosted = false;
+    if (restoreKept(templatePath_)) return true;
     trapped("Form_Load",
             [&] { isHosted = templatePath_.empty() ? createNew() : show(templatePath_, access_); });
     return isHosted;
+}
+
+bool TemplateLifecycle::restoreKept(const std::string& file) {
+    bool isRestored = false;
+    trapped("RestoreTemplate", [&] {
+        const std::optional<KeptCopy> copy = keeping_.offer(file);
+        if (!copy) return;
+        restore(*copy);
+        isRestored = true;
+    });
+    if (!isRestored) keeping_.leave();
+    return isRestored;
+}
+
+/// Shows the copy as the unsaved document of its own file, or as a new one when the file is open elsewhere.
+void TemplateLifecycle::restore(const KeptCopy& copy) {
+    std::string path = copy.original;
+    if (ports_.files.exists(path) && ports_.files.isLocked(path)) path.clear();
+    auto lock = path.empty() ? nullptr : std::make_shared<DocumentLock>(path);
+    ports_.access.host().Open(copy.path, FileAccess::Copy);
+    ports_.office.document()->SetSaved(false);
+    templatePath_ = path;
+    access_ = FileAccess::Edit;
+    lock_ = std::move(lock);
+    ports_.view.showCaption(path.empty() ? ports_.office.texts().newCaption : captionOf(path, access_));
+    ports_.office.setUpView();
+}
+
+void TemplateLifecycle::KeepCopy() try {
+    if (documentOrNone() != nullptr && access_ != FileAccess::ReadOnly) keeping_.keep(templatePath_);
+} catch (const AutomationError& error) {
+    // It is tried again with the next change; a message would stop the user's work each time.
+    if (error.number() != kNotAvailable) ports_.view.showStatus(error.description());
 }
 
 bool TemplateLifecycle::createNew() {
@@ -105,6 +139,7 @@ void TemplateLifecycle::adopt(const std::string& path, FileAccess access,
     templatePath_ = path;
     access_ = access;
     lock_ = std::move(lock);
+    keeping_.forget();
 }
 
 /// Restores the former document, which was saved, or whose changes were discarded, before another one was
@@ -134,7 +169,7 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     const std::string office = ports_.office.texts().officeName;
     model::OfficeDocument& document = *ports_.office.document();
     // A document that is read, or a copy, bears the name of a file that is not its own.
-    const bool isOwn = access_ == FileAccess::Edit && !templatePath_.empty() && isFileOf(document, path);
+    const bool isOwn = access_ == FileAccess::Edit && equalsIgnoringCase(templatePath_, path);
     std::shared_ptr<DocumentLock> lock = isOwn ? lock_ : std::make_shared<DocumentLock>(path);
     if (!isOwn && ports_.files.exists(path) && ports_.files.isLocked(path)) {
         showMessage(
@@ -207,11 +242,16 @@ bool TemplateLifecycle::mayCloseDocument() {
     if (document == nullptr) return true;
     ports_.access.host().endInput();
     if (document->Saved()) return true;
-    const Message question{"Do you want to save changes to " + document->Name(), MessageIcon::Question,
+    const Message question{"Do you want to save changes to " + nameOf(*document), MessageIcon::Question,
                            MessageButtons::YesNoCancel};
     const MessageAnswer answer = ports_.messages.show(question);
     if (answer == MessageAnswer::Yes) return SaveTemplate(SaveTarget::Same);
     return answer == MessageAnswer::No;
+}
+
+/// A document that was restored bears the name of the copy that was kept.
+std::string TemplateLifecycle::nameOf(model::OfficeDocument& document) const {
+    return templatePath_.empty() ? document.Name() : fileNameOnly(templatePath_);
 }
 
 /// Returns the document; none also when the office has ended.
@@ -264,6 +304,7 @@ bool TemplateLifecycle::Unload() {
     bool mayClose = true;
     trapped("Form_Unload", [&] { mayClose = mayCloseDocument(); });
     if (!mayClose) return false;
+    trapped("Form_Unload", [&] { keeping_.forget(); });
     Terminate();
     restoreView();
     return true;

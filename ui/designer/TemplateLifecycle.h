@@ -5,6 +5,7 @@
 #include "base/Messages.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/OfficeDocument.h"
+#include "ui/designer/DocumentKeeping.h"
 #include "ui/designer/HostedOffice.h"
 #include "ui/designer/TemplateDialogs.h"
 #include "ui/designer/TemplateFiles.h"
@@ -45,9 +46,13 @@ class TemplateLifecycle {
         FileDialog& dialog;
         TemplateFiles& files;
         LifecycleView& view;
+        KeptCopies& copies;
     };
 
-    explicit TemplateLifecycle(const Ports& ports) : ports_(ports), dialogs_(ports.dialog) {}
+    explicit TemplateLifecycle(const Ports& ports)
+        : ports_(ports),
+          dialogs_(ports.dialog),
+          keeping_(ports.access, ports.office, ports.messages, ports.copies) {}
 
     /// Sets the folder in which the dialogs begin; empty for no folder in particular.
     void SetTemplatesFolder(const std::string& folder) { templatesFolder_ = folder; }
@@ -56,11 +61,14 @@ class TemplateLifecycle {
     /// copy.
     [[nodiscard]] const std::string& TemplatePath() const { return templatePath_; }
 
-    /// Shows an empty template, then the one that the command line names, if any. Returns false when nothing
-    /// is hosted.
+    /// Shows an empty template, then the one that the command line names, if any, or a copy that was kept of
+    /// unsaved work and that the user wants. Returns false when nothing is hosted.
     bool Start();
-    /// Shows the template that was saved last in an office that was started anew.
+    /// Shows the copy that was kept, or else the template that was saved last, in an office that was started
+    /// anew.
     bool Restart();
+    /// Keeps a copy of the document if it has changes that were neither saved nor kept.
+    void KeepCopy();
     /// Opens a template; asks the user for it when the path is empty. One that is open elsewhere can be read,
     /// or opened as a copy.
     bool OpenTemplate(const std::string& path = {});
@@ -82,6 +90,8 @@ class TemplateLifecycle {
     bool createNew();
     bool open(const std::string& file);
     bool show(const std::string& path, FileAccess access);
+    bool restoreKept(const std::string& file);
+    void restore(const KeptCopy& copy);
     std::shared_ptr<DocumentLock> lockFor(const std::string& path, FileAccess access);
     void adopt(const std::string& path, FileAccess access, std::shared_ptr<DocumentLock> lock);
     void restoreFormer();
@@ -95,6 +105,7 @@ class TemplateLifecycle {
     bool mayStartAnother();
     void restoreView();
     model::OfficeDocument* documentOrNone();
+    std::string nameOf(model::OfficeDocument& document) const;
     [[nodiscard]] std::string startFolder() const;
     template <typename Body>
     void trapped(const char* procedure, const Body& body,
@@ -103,6 +114,7 @@ class TemplateLifecycle {
 
     Ports ports_;
     TemplateDialogs dialogs_;
+    DocumentKeeping keeping_;
     std::string templatesFolder_;
     std::string documentsFolder_;
     std::string templatePath_;

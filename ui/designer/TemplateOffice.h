@@ -17,6 +17,7 @@ struct TemplateTexts {
     /// The names under which errors are reported.
     const char* openProcedure;
     const char* saveProcedure;
+    const char* keptExtension;  ///< of the office's own format, in which copies are kept
 };
 
 /// The uses of a format. An office writes fewer formats than it reads.

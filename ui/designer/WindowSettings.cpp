@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QWidget>
+#include <algorithm>
 
 namespace mergeloom {
 
@@ -17,6 +18,8 @@ const QString& splitterKey() {
     static const QString key = QStringLiteral("window/splitter");
     return key;
 }
+
+constexpr int kSecondsBetweenCopies = 60;
 
 /// The part of the screen for a window with its frame.
 constexpr double kShareOfScreen = 0.95;
@@ -40,6 +43,11 @@ void WindowSettings::restore(QWidget& window, QSplitter& splitter) {
     window.restoreGeometry(settings_.value(geometryKey()).toByteArray());
     fitToScreen(window);
     splitter.restoreState(settings_.value(splitterKey()).toByteArray());
+}
+
+std::chrono::milliseconds WindowSettings::keepInterval() const {
+    const int seconds = settings_.value(QStringLiteral("kept/seconds"), kSecondsBetweenCopies).toInt();
+    return std::chrono::seconds(std::max(seconds, 1));
 }
 
 void WindowSettings::keep(const QWidget& window, const QSplitter& splitter) {

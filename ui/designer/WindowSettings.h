@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSettings>
+#include <chrono>
 
 class QSplitter;
 class QWidget;
@@ -15,6 +16,8 @@ class WindowSettings {
     /// Restores the kept positions; others stay as they are. A window that is too large for the screen is
     /// made smaller.
     void restore(QWidget& window, QSplitter& splitter);
+    /// Returns the time between two copies of an unsaved document.
+    [[nodiscard]] std::chrono::milliseconds keepInterval() const;
     void keep(const QWidget& window, const QSplitter& splitter);
 
   private:

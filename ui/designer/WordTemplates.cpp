@@ -31,6 +31,7 @@ constexpr TemplateTexts kWordTexts{
     .wrongFile = "The file selected is not Word file.",
     .openProcedure = "OpenWordTemplate",
     .saveProcedure = "SaveWordTemplate",
+    .keptExtension = "odt",
 };
 
 /// The program identifiers of templates, the newest last: the others open in the view that users expect.

@@ -8,6 +8,7 @@
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/HostArea.h"
 #include "ui/designer/StatusSentences.h"
+#include "ui/services/StateFolder.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -78,7 +79,9 @@ frmMain::frmMain(DocumentKind kind)
                       .fileDialog = fileDialog_,
                       .fieldDialog = fieldDialog_,
                       .tree = dropTree_,
-                      .files = files_}) {
+                      .files = files_,
+                      .keptFolder = joinPath(stateFolder(), "kept"),
+                      .keepInterval = windowSettings_.keepInterval()}) {
     help_.SetFile(GetHelpFilePath());
     layOut();
     connectActions();

@@ -127,6 +127,11 @@ HostFrame* LibreOfficeHost::front() {
     return frames_.empty() ? nullptr : &frames_.back();
 }
 
+DocumentReference LibreOfficeHost::frontDocument() {
+    const HostFrame* const frame = front();
+    return frame == nullptr ? DocumentReference() : frame->document();
+}
+
 void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
     if (programIdentifier == kExcelIdentifier) return closeAllBut(excel_->Workbooks()->Add({}));
     if (std::ranges::find(kWordIdentifiers, programIdentifier) != std::end(kWordIdentifiers))
@@ -147,10 +152,7 @@ void LibreOfficeHost::Open(const std::string& path, FileAccess access) try {
 
 HostedDocument LibreOfficeHost::ActiveDocument() {
     if (edited_.index() != 0) return edited_;
-    const DocumentReference shown = call([this] {
-        HostFrame* const frame = front();
-        return frame == nullptr ? DocumentReference() : frame->document();
-    });
+    const DocumentReference shown = call([this] { return frontDocument(); });
     if (!shown.is()) return {};
     const std::vector<HostedDocument> all = documents();
     const auto found =
@@ -160,9 +162,7 @@ HostedDocument LibreOfficeHost::ActiveDocument() {
 
 bool LibreOfficeHost::isReadOnly() {
     return call([this] {
-        const HostFrame* const frame = front();
-        const Reference<css::frame::XStorable> document(
-            frame == nullptr ? DocumentReference() : frame->document(), UNO_QUERY);
+        const Reference<css::frame::XStorable> document(frontDocument(), UNO_QUERY);
         return document.is() && document->isReadonly();
     });
 }
@@ -170,6 +170,14 @@ bool LibreOfficeHost::isReadOnly() {
 void LibreOfficeHost::ExportCopy(const std::string& path, int format) {
     const HostedDocument hosted = ActiveDocument();
     session_->files().exportCopy(componentOf(hosted), path, formatOf(hosted, format));
+}
+
+bool LibreOfficeHost::hasChangesToKeep() {
+    return call([this] { return LibreOfficeFiles::hasChangesToKeep(frontDocument()); });
+}
+
+void LibreOfficeHost::keepCopy(const std::string& path) {
+    session_->files().keepCopy(call([this] { return frontDocument(); }), path);
 }
 
 std::vector<HostedDocument> LibreOfficeHost::documents() {

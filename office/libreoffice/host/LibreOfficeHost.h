@@ -30,6 +30,8 @@ class LibreOfficeHost final : public DocumentHost {
     HostedDocument ActiveDocument() override;
     bool isReadOnly() override;
     void ExportCopy(const std::string& path, int format) override;
+    bool hasChangesToKeep() override;
+    void keepCopy(const std::string& path) override;
     void endInput() override;
     void beginEditing() override;
     void endEditing() override;
@@ -55,6 +57,8 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] Reference<css::frame::XFrame> makeFrame();
     /// Returns the frame that the user sees; null without a document.
     [[nodiscard]] HostFrame* front();
+    /// Returns the document of that frame; null without one.
+    [[nodiscard]] DocumentReference frontDocument();
     [[nodiscard]] std::vector<HostedDocument> documents();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();

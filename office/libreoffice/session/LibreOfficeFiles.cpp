@@ -4,6 +4,8 @@
 #include "base/DiskFileStore.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "office/formats/mExcelFileExtensions.h"
+#include "office/formats/mWordFileExtensions.h"
 #include "office/libreoffice/session/MarkTags.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/OfficePackage.h"
@@ -18,6 +20,7 @@
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
+#include <com/sun/star/document/XDocumentRecovery.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
@@ -75,6 +78,16 @@ bool isOfKind(const DocumentReference& document, DocumentKind kind) {
 
 [[noreturn]] void raiseNotReadable(const std::string& path, const std::string& reason) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + path + "' could not be read: " + reason + ".");
+}
+
+/// Returns the filter of the office's own format.
+OfficeFilter ownFilter(const DocumentReference& document, const std::string& path) {
+    const bool isText = isOfKind(document, DocumentKind::Word);
+    const int text = wordFormatByExtension("odt");
+    const int cells = excelFormatByExtension("ods");
+    return requiredFilter(isText ? SaveFormat(static_cast<word::WdSaveFormat>(text))
+                                 : SaveFormat(static_cast<excel::XlFileFormat>(cells)),
+                          path);
 }
 
 /// Returns whether the file on the disk has these bytes and may be opened for editing.
@@ -320,6 +333,28 @@ void LibreOfficeFiles::exportCopy(const DocumentReference& document, const std::
     store(document, path, copy, filter);
     const std::string bytes = DiskFileStore().read(copy);
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+}
+
+bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) {
+    const Reference<css::document::XDocumentRecovery> recovery(document, UNO_QUERY);
+    return recovery.is() && recovery->wasModifiedSinceLastSave();
+}
+
+/// The office counts this as a save for recovery only.
+void LibreOfficeFiles::keepCopy(const DocumentReference& document, const std::string& path) try {
+    const std::string copy = scratch_.forCopy(path);
+    const ScopedTempFile temporary(scratch_, copy);
+    connection_.call([&] {
+        Properties properties{property("Overwrite", true)};
+        append(properties, ownFilter(document, path));
+        Reference<css::document::XDocumentRecovery>(document, UNO_QUERY_THROW)
+            ->storeToRecoveryFile(toUno(fileUrl(copy)), sequenceOf(properties));
+    });
+    const std::string bytes = DiskFileStore().read(copy);
+    files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+} catch (const AutomationError& error) {
+    if (error.number() != kCommandFailed) throw;
+    raiseNotSaved(path, error.description());
 }
 
 /// A document that was opened in its own folder has links relative to it.
