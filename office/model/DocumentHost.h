@@ -43,6 +43,8 @@ class HostListener {
     virtual void fileCommand(HostCommand command) = 0;
     /// Called when the user pressed the key in the document, which does not receive it.
     virtual void keyPressed(HostKey key) = 0;
+    /// Called when the document that is shown got its first change since it was saved, or has none any more.
+    virtual void changesBeganOrEnded() = 0;
     /// Called once when the office ended by itself. From then on every call of the host and its documents
     /// raises kNotAvailable.
     virtual void officeEnded() = 0;

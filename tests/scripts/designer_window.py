@@ -196,11 +196,15 @@ class Designer:
     def wait_until_active(self):
         """Waits until keys go to the main window, which a dialog before it had."""
         def is_active():
-            return self.process.poll() is not None or active_window() == self.title()
+            return self.process.poll() is not None or active_window() == self.full_title()
         wait_for("the keyboard", is_active)
 
-    def title(self):
+    def full_title(self):
         return self.window().get_name()
+
+    def title(self):
+        """The document in the title, without the star of changes and the program."""
+        return self.full_title().removesuffix(" - Mergeloom").removeprefix("*")
 
     def dialog(self, name=None):
         """The dialog or message box that is shown."""

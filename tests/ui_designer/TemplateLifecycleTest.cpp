@@ -95,8 +95,14 @@ TEST_F(TemplateOpening, AsksInTheTemplatesFolder) {
     EXPECT_EQ(question.texts.lpstrTitle, "Open");
     EXPECT_EQ(question.texts.lpstrInitialDir, "/templates");
     EXPECT_THAT(question.texts.lpstrFilter,
-                testing::StartsWith("Word Template\0*.dotx;*.dotm;*.dot\0All Files\0"s));
+                testing::MatchesRegex("Word Template \\(\\*.dotx;\\*.dotm;\\*.dot;.*\\*.docx;.*"
+                                      "\0All Files \\(\\*\\)\0.*"s));
     EXPECT_FALSE(lifecycle->OpenTemplate()) << "the user cancels";
+    EXPECT_EQ(dialog->questions[1].texts.lpstrInitialDir, folder.path()) << "that of the last file";
+    lifecycle->SetTemplatesFolder("/others");
+    EXPECT_FALSE(lifecycle->OpenTemplate());
+    EXPECT_EQ(dialog->questions[2].texts.lpstrInitialDir, "/others") << "another structure document names it";
+    EXPECT_THAT(caption.used, ElementsAre(folder / "letter.docx"));
     EXPECT_EQ(caption.text, "letter.docx");
 }
 
@@ -247,6 +253,7 @@ TEST_F(TemplateSaving, ANewTemplateAsksForItsFile) {
     EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same));
     EXPECT_EQ(dialog->questions[0].texts.lpstrTitle, "Save Template As");
     EXPECT_EQ(dialog->questions[0].texts.lpstrDefExt.substr(0, 3), "dot");
+    EXPECT_THAT(dialog->questions[0].texts.lpstrFile, testing::StartsWith("New Template.dotx\0"s));
     EXPECT_THAT(dialog->questions[0].texts.lpstrFilter, testing::Not(testing::HasSubstr("*.dot\0"s)))
         << "the office does not write it";
     EXPECT_TRUE(disk.fileExists(folder / "letter.dotx"));
@@ -256,7 +263,8 @@ TEST_F(TemplateSaving, ANewTemplateAsksForItsFile) {
     EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same)) << "its file is known now";
     EXPECT_EQ(dialog->questions.size(), 1U);
     EXPECT_FALSE(lifecycle->SaveTemplate(SaveTarget::Asked)) << "the user cancels";
-    EXPECT_EQ(dialog->questions.size(), 2U);
+    ASSERT_EQ(dialog->questions.size(), 2U);
+    EXPECT_THAT(dialog->questions[1].texts.lpstrFile, testing::StartsWith("letter.dotx\0"s));
 }
 
 TEST_F(TemplateSaving, TheExtensionDecidesTheFormat) {
@@ -531,6 +539,7 @@ TEST_F(TemplateKeeping, AWantedCopyIsTheUnsavedDocument) {
     EXPECT_FALSE(host().hosted()->Saved());
     EXPECT_TRUE(keptCopies.own()) << "it is not saved yet";
     EXPECT_TRUE(lifecycle->SaveTemplate(SaveTarget::Same));
+    EXPECT_FALSE(caption.hasChanges);
     EXPECT_EQ(host().hostedName(), document);
     const word::SelectionPtr selection =
         startWord()->Documents()->Open(document)->ActiveWindow()->Selection();

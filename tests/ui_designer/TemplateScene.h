@@ -31,9 +31,13 @@ class TemplateScene : public testing::Test {
     };
     struct Caption final : LifecycleView {
         void showCaption(const std::string& caption) override { text = caption; }
+        void showChanges(bool areThere) override { hasChanges = areThere; }
+        void noteFile(const std::string& path) override { used.push_back(path); }
         void showStatus(const std::string& sentence) override { status = sentence; }
         std::string text;
         std::string status;
+        bool hasChanges = false;
+        std::vector<std::string> used;
     };
 
     TemplateScene() { setCommandLine({}); }

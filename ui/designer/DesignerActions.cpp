@@ -18,6 +18,7 @@ void DesignerActions::addFileMenu(QMenuBar& bar) {
     QMenu& file = *bar.addMenu(tr("&File"));
     addForDocument(file, tr("&New"), QKeySequence::New, &DesignerActions::newTemplate);
     addForDocument(file, tr("&Open…"), QKeySequence::Open, &DesignerActions::open);
+    recentTemplates_ = file.addMenu(tr("Open &Recent"));
     file.addSeparator();
     addForDocument(file, tr("&Save"), QKeySequence::Save, &DesignerActions::save);
     addForDocument(file, tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), &DesignerActions::saveAs);
@@ -28,6 +29,7 @@ void DesignerActions::addFileMenu(QMenuBar& bar) {
 void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
     QMenu& structure = *bar.addMenu(tr("S&tructure"));
     add(structure, tr("&Load XML…"), QKeySequence(tr("Ctrl+L")), &DesignerActions::loadStructure);
+    recentStructures_ = structure.addMenu(tr("Load &Recent"));
     QMenu& insert = *bar.addMenu(tr("&Insert"));
     addForDocument(insert, tr("Insert &Node"), QKeySequence(tr("Ctrl+Return")), &DesignerActions::insertNode);
     forDocument_.back()->setShortcuts({QKeySequence(tr("Ctrl+Return")), QKeySequence(tr("Ctrl+Enter"))});

@@ -23,6 +23,9 @@ class DesignerActions final : public QObject {
 
     /// Enables the commands that need a document.
     void setDocumentAvailable(bool isAvailable);
+    /// Return the menus for the files that were used last, which are empty at first.
+    [[nodiscard]] QMenu& recentTemplates() { return *recentTemplates_; }
+    [[nodiscard]] QMenu& recentStructures() { return *recentStructures_; }
 
   Q_SIGNALS:
     void newTemplate();
@@ -48,6 +51,8 @@ class DesignerActions final : public QObject {
     void addHelpMenu(QMenuBar& bar);
 
     std::vector<QAction*> forDocument_;
+    QMenu* recentTemplates_ = nullptr;
+    QMenu* recentStructures_ = nullptr;
 };
 
 }  // namespace mergeloom

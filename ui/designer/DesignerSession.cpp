@@ -69,6 +69,9 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
     connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
     connect(&events_, &HostEvents::keyGiven, this, &DesignerSession::keyPressed);
     connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
+    connect(&events_, &HostEvents::changesBegunOrEnded, this, [this] {
+        if (state_ == OfficeState::Running) post([this] { lifecycle_.ShowChanges(); });
+    });
     connect(&keepTimer_, &QTimer::timeout, this, &DesignerSession::keepCopy);
     keepTimer_.start(ports_.keepInterval);
 }
@@ -182,6 +185,10 @@ void DesignerSession::execute(HostCommand command) {
     worker_.run([this, command] { lifecycle_.Execute(command); });
 }
 
+void DesignerSession::openTemplate(const QString& path) {
+    if (isFree()) worker_.run([this, file = path.toStdString()] { lifecycle_.OpenInstead(file); });
+}
+
 void DesignerSession::convertFields() {
     if (!isFree()) return;
     trap(ports_.errors, kMainForm, "ConvertMergeFields", [this] {
@@ -246,6 +253,16 @@ void DesignerSession::showCaption(const std::string& caption) {
     QMetaObject::invokeMethod(
         this, [this, text = QString::fromStdString(caption)] { Q_EMIT captionChanged(text); },
         Qt::QueuedConnection);
+}
+
+void DesignerSession::showChanges(bool hasChanges) {
+    QMetaObject::invokeMethod(
+        this, [this, hasChanges] { Q_EMIT changesShown(hasChanges); }, Qt::QueuedConnection);
+}
+
+void DesignerSession::noteFile(const std::string& path) {
+    QMetaObject::invokeMethod(
+        this, [this, file = QString::fromStdString(path)] { Q_EMIT fileUsed(file); }, Qt::QueuedConnection);
 }
 
 void DesignerSession::showStatus(const std::string& text) {

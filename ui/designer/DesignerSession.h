@@ -67,6 +67,8 @@ class DesignerSession final : public QObject, private LifecycleView {
 
     /// Executes the command; does nothing while no office runs or another command does.
     void execute(HostCommand command);
+    /// Opens a template in place of the document, unless the user cancels.
+    void openTemplate(const QString& path);
     void convertFields();
     bool drop(HostPoint point);
     bool insertAtCaret();
@@ -83,6 +85,10 @@ class DesignerSession final : public QObject, private LifecycleView {
   Q_SIGNALS:
     void stateChanged();
     void captionChanged(const QString& caption);
+    /// Emitted when the document has its first change, or none any more.
+    void changesShown(bool hasChanges);
+    /// Emitted when the user opened a file, or saved in it.
+    void fileUsed(const QString& path);
     /// Emitted with a sentence about what was done.
     void statusChanged(const QString& status);
     /// The office's own menu requested it.
@@ -98,6 +104,8 @@ class DesignerSession final : public QObject, private LifecycleView {
 
     std::unique_ptr<TemplateOffice> makeTemplates();
     void showCaption(const std::string& caption) override;
+    void showChanges(bool hasChanges) override;
+    void noteFile(const std::string& path) override;
     void showStatus(const std::string& text) override;
     void setState(OfficeState state, const QString& stopReason = {});
     void startOffice(const HostWindow& window, const Attempt& attempt);

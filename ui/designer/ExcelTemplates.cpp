@@ -2,7 +2,7 @@
 
 #include "app/FileFormats.h"
 #include "base/AutomationError.h"
-#include "office/formats/FormatTable.h"
+#include "office/formats/TemplateFormats.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mOfficeVersion.h"
 #include "office/model/excel/Application.h"
@@ -66,9 +66,8 @@ model::OfficeDocument* ExcelTemplates::document() {
 
 std::vector<OfferedFormat> ExcelTemplates::templateFormats(FormatUse use) {
     const excel::ApplicationPtr office = hosted()->Application();
-    return offeredFormats(DocumentFamily::Excel, majorOfficeVersion(office->Version()), [&](int format) {
-        return officeDocumentType(DocumentFamily::Excel, format) == OfficeDocumentType::Template &&
-               (use == FormatUse::Open || office->canSaveAs(static_cast<excel::XlFileFormat>(format)));
+    return formatsOfTemplates(DocumentFamily::Excel, majorOfficeVersion(office->Version()), [&](int format) {
+        return use == FormatUse::Open || office->canSaveAs(static_cast<excel::XlFileFormat>(format));
     });
 }
 
@@ -77,8 +76,7 @@ bool ExcelTemplates::knowsExtensionOf(const std::string& path) const {
 }
 
 bool ExcelTemplates::keepsPlaces(const std::string& path) const {
-    const FileFormat* const format = findFormat(DocumentFamily::Excel, static_cast<int>(excelFormatOf(path)));
-    return format != nullptr && format->places == Places::Kept;
+    return mergeloom::keepsPlaces(DocumentFamily::Excel, static_cast<int>(excelFormatOf(path)));
 }
 
 void ExcelTemplates::saveAs(const std::string& path) {

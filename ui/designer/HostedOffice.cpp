@@ -25,6 +25,11 @@ void HostEvents::keyPressed(HostKey key) {
         this, [this, key] { Q_EMIT keyGiven(key); }, Qt::QueuedConnection);
 }
 
+void HostEvents::changesBeganOrEnded() {
+    QMetaObject::invokeMethod(
+        this, [this] { Q_EMIT changesBegunOrEnded(); }, Qt::QueuedConnection);
+}
+
 void HostEvents::officeEnded() {
     QMetaObject::invokeMethod(
         this, [this] { Q_EMIT ended(); }, Qt::QueuedConnection);

@@ -53,11 +53,13 @@ class HostEvents final : public QObject, public HostListener {
   public:
     void fileCommand(HostCommand command) override;
     void keyPressed(HostKey key) override;
+    void changesBeganOrEnded() override;
     void officeEnded() override;
 
   Q_SIGNALS:
     void commandGiven(mergeloom::HostCommand command);
     void keyGiven(mergeloom::HostKey key);
+    void changesBegunOrEnded();
     void ended();
 };
 

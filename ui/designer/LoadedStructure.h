@@ -17,6 +17,7 @@ struct StructureFolders {
 
 /// A structure document in the designer. Once it is loaded it is not changed, so any thread may read it.
 struct LoadedStructure {
+    std::string path;
     StructureDocument document;
     TreeView tree;
     /// The Index of the node that is expanded at first, that of the key "1k"; 0 for none.

@@ -91,6 +91,7 @@ void showInTree(LoadedStructure& structure, ErrorHandler& errors) {
 void readAndShow(const std::string& path, const std::function<bool()>& isCancelled,
                  StructureLoadResult& result, ErrorHandler& errors) {
     auto structure = std::make_shared<LoadedStructure>();
+    structure->path = path;
     if (!structure->document.Load(path)) {
         result.messages.push_back({structure->document.parseError().reason});
         return;
@@ -120,11 +121,11 @@ StructureFolders usersFolders() {
     return {usersDocuments(), usersDocuments()};
 }
 
-FileQuestion question() {
+FileQuestion question(const std::string& lastFolder) {
     FileQuestion question{};
     question.kind = FileDialogKind::Open;
     question.title = "Load";
-    question.directory = startFolder();
+    question.directory = lastFolder.empty() ? startFolder() : lastFolder;
     question.filter = "XML Documents (*.xml)|*.xml|All Files (*.*)|*.*";
     return question;
 }
@@ -160,7 +161,7 @@ void StructureLoad::askAndLoad(Origin origin) {
     std::string path;
     trap(errors_, kMainForm, "LoadXMLFile", [&] {
         std::vector<std::string> paths;
-        SelectFile(dialog_, question(), path, paths);
+        SelectFile(dialog_, question(lastFolder_), path, paths);
     });
     if (!path.empty()) {
         begin(path, origin);

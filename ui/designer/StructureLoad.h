@@ -47,6 +47,8 @@ class StructureLoad : public QObject {
     void cancel();
     [[nodiscard]] bool isLoading() const { return current_ != 0; }
 
+    /// Sets the folder in which the dialog begins: that of the document that was loaded last, or empty.
+    void setLastFolder(const std::string& folder) { lastFolder_ = folder; }
     [[nodiscard]] const std::string& documentsFolder() const { return documentsFolder_; }
     [[nodiscard]] const std::string& templatesFolder() const { return templatesFolder_; }
     /// Sets the templates folder of the command line.
@@ -74,6 +76,7 @@ class StructureLoad : public QObject {
     FileDialog& dialog_;
     Messages& messages_;
     ErrorHandler& errors_;
+    std::string lastFolder_;
     std::string documentsFolder_;
     std::string templatesFolder_;
     Origin origin_ = Origin::Elsewhere;

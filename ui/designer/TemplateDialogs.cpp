@@ -1,8 +1,10 @@
 #include "ui/designer/TemplateDialogs.h"
 
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "ui/dialogs/mComDlg.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace mergeloom {
@@ -16,19 +18,27 @@ std::string patternsOf(const std::vector<OfferedFormat>& formats) {
     return patterns;
 }
 
-/// Returns a filter with an entry for all templates, and one for all other files that the office opens.
+/// Returns a filter with an entry for all files that can be templates, and one for all others.
 std::string openFilter(TemplateOffice& office) {
     const std::string templates =
-        AddFilter("", office.texts().typeName, patternsOf(office.templateFormats(FormatUse::Open)));
-    return AddFilter(templates, "All Files", "*");
+        AddFilter("", office.texts().typeName, patternsOf(office.templateFormats(FormatUse::Open)),
+                  PatternInDescription::Shown);
+    return AddFilter(templates, "All Files", "*", PatternInDescription::Shown);
 }
 
 /// Returns a filter with an entry for each format, since the entry that is chosen decides the format.
-std::string saveFilter(TemplateOffice& office) {
+std::string saveFilter(const std::vector<OfferedFormat>& formats) {
     std::string filter;
-    for (const OfferedFormat& format : office.templateFormats(FormatUse::Save))
-        filter = AddFilter(filter, format.name, format.filter);
+    for (const OfferedFormat& format : formats)
+        filter = AddFilter(filter, format.name, format.filter, PatternInDescription::Shown);
     return filter;
+}
+
+/// Returns the number of the entry that has the name's extension; 1 without one.
+int entryFor(const std::string& name, const std::vector<OfferedFormat>& formats) {
+    const auto found =
+        std::ranges::find(formats, "*." + toLowerAscii(extension(name)), &OfferedFormat::filter);
+    return found == formats.end() ? 1 : static_cast<int>(found - formats.begin()) + 1;
 }
 
 }  // namespace
@@ -42,13 +52,16 @@ std::string TemplateDialogs::askToOpen(TemplateOffice& office, const std::string
                 .fileName = {}});
 }
 
-std::string TemplateDialogs::askToSave(TemplateOffice& office, const std::string& folder) {
+std::string TemplateDialogs::askToSave(TemplateOffice& office, const std::string& folder,
+                                       const std::string& name) {
+    const std::vector<OfferedFormat> formats = office.templateFormats(FormatUse::Save);
     return ask({.kind = FileDialogKind::Save,
                 .title = "Save Template As",
                 .extension = office.defaultExtension(),
                 .directory = folder,
-                .filter = saveFilter(office),
-                .fileName = {}});
+                .filter = saveFilter(formats),
+                .fileName = name,
+                .filterIndex = entryFor(name, formats)});
 }
 
 std::string TemplateDialogs::ask(const FileQuestion& question) {

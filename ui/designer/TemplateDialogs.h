@@ -14,8 +14,9 @@ class TemplateDialogs {
 
     /// Returns the full path of the file to open; empty when the user chose none.
     std::string askToOpen(TemplateOffice& office, const std::string& folder);
-    /// Returns the full path of the file to save in; empty when the user chose none.
-    std::string askToSave(TemplateOffice& office, const std::string& folder);
+    /// Returns the full path of the file to save in, for which the name is proposed; empty when the user
+    /// chose none.
+    std::string askToSave(TemplateOffice& office, const std::string& folder, const std::string& name);
 
   private:
     std::string ask(const FileQuestion& question);

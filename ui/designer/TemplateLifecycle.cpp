@@ -30,6 +30,13 @@ std::string quoted(const std::string& path) {
     return "“" + fileNameOnly(path) + "”";
 }
 
+/// Returns the name that is proposed for a copy of the file.
+std::string copyNameOf(const std::string& path) {
+    const std::string ending = "." + extension(path);
+    const std::string name = fileNameOnly(path);
+    return name.substr(0, name.size() - ending.size()) + " (copy)" + ending;
+}
+
 bool isFileOf(model::OfficeDocument& document, const std::string& path) {
     return equalsIgnoringCase(document.FullName(), path);
 }
@@ -74,8 +81,34 @@ void TemplateLifecycle::restore(const KeptCopy& copy) {
     templatePath_ = path;
     access_ = FileAccess::Edit;
     lock_ = std::move(lock);
+    proposedName_ = path.empty() ? newName() : fileNameOnly(path);
     ports_.view.showCaption(path.empty() ? ports_.office.texts().newCaption : captionOf(path, access_));
     ports_.office.setUpView();
+    ShowChanges();
+}
+
+/// Returns the name that is proposed for a new template.
+std::string TemplateLifecycle::newName() const {
+    return std::string(ports_.office.texts().newCaption) + "." + ports_.office.defaultExtension();
+}
+
+/// An office that has ended has no document, and says so itself.
+void TemplateLifecycle::ShowChanges() try {
+    model::OfficeDocument* const document = documentOrNone();
+    ports_.view.showChanges(document != nullptr && !document->Saved());
+} catch (const AutomationError&) {
+    ports_.view.showChanges(false);
+}
+
+void TemplateLifecycle::use(const std::string& path) {
+    lastFolder_ = parentFolder(path);
+    proposedName_ = fileNameOnly(path);
+    ports_.view.noteFile(path);
+}
+
+void TemplateLifecycle::SetTemplatesFolder(const std::string& folder) {
+    if (folder != templatesFolder_) lastFolder_.clear();
+    templatesFolder_ = folder;
 }
 
 void TemplateLifecycle::KeepCopy() try {
@@ -88,6 +121,7 @@ void TemplateLifecycle::KeepCopy() try {
 bool TemplateLifecycle::createNew() {
     if (!ports_.office.createNew()) return false;
     adopt({}, FileAccess::Edit, {});
+    proposedName_ = newName();
     ports_.view.showCaption(ports_.office.texts().newCaption);
     ports_.office.setUpView();
     return true;
@@ -118,6 +152,7 @@ bool TemplateLifecycle::show(const std::string& path, FileAccess access) {
         return false;
     }
     adopt(access == FileAccess::Copy ? std::string() : path, access, std::move(lock));
+    use(path);
     ports_.view.showCaption(captionOf(path, access));
     ports_.office.setUpView();
     return true;
@@ -140,6 +175,7 @@ void TemplateLifecycle::adopt(const std::string& path, FileAccess access,
     access_ = access;
     lock_ = std::move(lock);
     keeping_.forget();
+    ShowChanges();
 }
 
 /// Restores the former document, which was saved, or whose changes were discarded, before another one was
@@ -159,7 +195,7 @@ bool TemplateLifecycle::SaveTemplate(SaveTarget target) {
         if (ports_.office.document() == nullptr) return;
         const bool isItsOwn = target == SaveTarget::Same && access_ == FileAccess::Edit;
         std::string path = isItsOwn ? templatePath_ : std::string();
-        if (path.empty()) path = dialogs_.askToSave(ports_.office, startFolder());
+        if (path.empty()) path = dialogs_.askToSave(ports_.office, startFolder(), proposedName_);
         if (!path.empty()) saved = saveIn(path);
     });
     return saved;
@@ -195,6 +231,7 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     const bool wasReadOnly = access_ == FileAccess::ReadOnly;
     adopt(path, FileAccess::Edit, std::move(lock));
     if (wasReadOnly) show(path, FileAccess::Edit);
+    use(path);
     ports_.view.showCaption(captionOf(path, access_));
     ports_.view.showStatus(quoted(path) + " was saved.");
     return true;
@@ -220,7 +257,7 @@ void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std:
     const Message question{copy.description() + "\r\nDo you want to save this as a copy under another name?",
                            MessageIcon::Exclamation, MessageButtons::YesNo};
     if (ports_.messages.show(question) != MessageAnswer::Yes) return;
-    std::string target = dialogs_.askToSave(ports_.office, startFolder());
+    std::string target = dialogs_.askToSave(ports_.office, startFolder(), copyNameOf(path));
     if (target.empty()) return;
     if (!equalsIgnoringCase(extension(target), extension(path))) target += "." + extension(path);
     if (equalsIgnoringCase(target, path)) {
@@ -270,7 +307,7 @@ void TemplateLifecycle::Execute(HostCommand command) {
             if (mayStartAnother()) (void)CloseTemplate();
             return;
         case HostCommand::Open:
-            if (mayStartAnother()) openAnother();
+            OpenInstead({});
             return;
         case HostCommand::Save:
             (void)SaveTemplate(SaveTarget::Same);
@@ -286,10 +323,11 @@ void TemplateLifecycle::Execute(HostCommand command) {
     }
 }
 
-void TemplateLifecycle::openAnother() {
+void TemplateLifecycle::OpenInstead(const std::string& path) {
+    if (!mayStartAnother()) return;
     bool goesOn = false;
     trapped(ports_.office.texts().openProcedure, [&] { goesOn = mayCloseDocument(); });
-    if (goesOn) (void)OpenTemplate();
+    if (goesOn) (void)OpenTemplate(path);
 }
 
 /// Returns whether another template may be started: a program that was started with a template has to return
@@ -320,7 +358,9 @@ void TemplateLifecycle::restoreView() {
 }
 
 std::string TemplateLifecycle::startFolder() const {
-    return templatesFolder_.empty() ? documentsFolder_ : templatesFolder_;
+    for (const std::string& folder : {lastFolder_, templatesFolder_})
+        if (!folder.empty()) return folder;
+    return documentsFolder_;
 }
 
 template <typename Body>

@@ -26,6 +26,10 @@ class LifecycleView {
     virtual ~LifecycleView() = default;
 
     virtual void showCaption(const std::string& caption) = 0;
+    /// Shows whether the document has changes that are not saved.
+    virtual void showChanges(bool hasChanges) = 0;
+    /// Called when the user opened a file, or saved in it.
+    virtual void noteFile(const std::string& path) = 0;
     /// Shows what was done.
     virtual void showStatus(const std::string& text) = 0;
 };
@@ -54,8 +58,9 @@ class TemplateLifecycle {
           dialogs_(ports.dialog),
           keeping_(ports.access, ports.office, ports.messages, ports.copies) {}
 
-    /// Sets the folder in which the dialogs begin; empty for no folder in particular.
-    void SetTemplatesFolder(const std::string& folder) { templatesFolder_ = folder; }
+    /// Sets the folder in which the dialogs begin until a file of another one is opened or saved; empty for
+    /// no folder in particular.
+    void SetTemplatesFolder(const std::string& folder);
     void SetDocumentsFolder(const std::string& folder) { documentsFolder_ = folder; }
     /// Returns the file that is open, or in which the template was saved last; empty for a new one and for a
     /// copy.
@@ -69,6 +74,11 @@ class TemplateLifecycle {
     bool Restart();
     /// Keeps a copy of the document if it has changes that were neither saved nor kept.
     void KeepCopy();
+    /// Shows whether the document has changes.
+    void ShowChanges();
+    /// Opens a template in place of the one that is open, unless the user cancels; asks for it when the path
+    /// is empty.
+    void OpenInstead(const std::string& path);
     /// Opens a template; asks the user for it when the path is empty. One that is open elsewhere can be read,
     /// or opened as a copy.
     bool OpenTemplate(const std::string& path = {});
@@ -95,7 +105,6 @@ class TemplateLifecycle {
     std::shared_ptr<DocumentLock> lockFor(const std::string& path, FileAccess access);
     void adopt(const std::string& path, FileAccess access, std::shared_ptr<DocumentLock> lock);
     void restoreFormer();
-    void openAnother();
     bool saveIn(const std::string& path);
     void write(const std::string& path);
     void exportTo(const std::string& path);
@@ -106,6 +115,8 @@ class TemplateLifecycle {
     void restoreView();
     model::OfficeDocument* documentOrNone();
     std::string nameOf(model::OfficeDocument& document) const;
+    [[nodiscard]] std::string newName() const;
+    void use(const std::string& path);
     [[nodiscard]] std::string startFolder() const;
     template <typename Body>
     void trapped(const char* procedure, const Body& body,
@@ -117,7 +128,9 @@ class TemplateLifecycle {
     DocumentKeeping keeping_;
     std::string templatesFolder_;
     std::string documentsFolder_;
+    std::string lastFolder_;  ///< of the file that was opened or saved last
     std::string templatePath_;
+    std::string proposedName_;
     FileAccess access_ = FileAccess::Edit;
     std::shared_ptr<DocumentLock> lock_;
 };

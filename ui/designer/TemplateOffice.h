@@ -45,7 +45,8 @@ class TemplateOffice {
 
     /// Returns the hosted document when it is one of this office, or none.
     virtual model::OfficeDocument* document() = 0;
-    /// Returns the formats of templates, in the order of dialogs.
+    /// Returns the formats of templates, then those of documents that keep the places, both in the order of
+    /// dialogs.
     virtual std::vector<OfferedFormat> templateFormats(FormatUse use) = 0;
     [[nodiscard]] virtual const char* defaultExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;

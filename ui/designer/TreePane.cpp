@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -98,10 +99,16 @@ TreePane::TreePane(QWidget* parent)
       icons_(palette()),
       model_(new TreeModel([this](const QString& key) { return icons_.icon(key); }, this)),
       tvXML_(new TreePaneView(*model_, this)),
-      loadingBar_(makeLoadingBar()) {
+      loadingBar_(makeLoadingBar()),
+      name_(new QLabel(this)) {
     auto* const load = new QPushButton(tr("&Load XML…"), this);
     load->setObjectName(QStringLiteral("cmdLoadXML"));
     connect(load, &QPushButton::clicked, this, &TreePane::loadRequested);
+
+    // A long name must not make the pane wide.
+    name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    name_->setTextFormat(Qt::PlainText);
+    showName();
 
     tvXML_->setObjectName(QStringLiteral("tvXML"));
     tvXML_->setAccessibleName(tr("Fields of the database"));
@@ -112,6 +119,7 @@ TreePane::TreePane(QWidget* parent)
 
     auto* const rows = new QVBoxLayout(this);
     rows->addWidget(load);
+    rows->addWidget(name_);
     rows->addWidget(loadingBar_);
     rows->addLayout(makeSearchRow());
     rows->addWidget(tvXML_, 1);
@@ -169,6 +177,7 @@ void TreePane::makeInsertAction() {
 
 void TreePane::show(std::shared_ptr<LoadedStructure> structure) {
     structure_ = std::move(structure);
+    showName();
     // The tree is kept by its structure.
     const auto tree = structure_ ? std::shared_ptr<TreeView>(structure_, &structure_->tree) : nullptr;
     model_->setTree(tree);
@@ -177,6 +186,14 @@ void TreePane::show(std::shared_ptr<LoadedStructure> structure) {
         tvXML_->expand(model_->indexOf(structure_->firstObject));
         tvXML_->scrollToPosition(0);
     }
+}
+
+/// Shows the name of the structure document; its tip is the whole path.
+void TreePane::showName() {
+    const QString path = structure_ ? QString::fromStdString(structure_->path) : QString();
+    name_->setText(QFileInfo(path).fileName());
+    name_->setToolTip(path);
+    name_->setVisible(!path.isEmpty());
 }
 
 void TreePane::clear() {

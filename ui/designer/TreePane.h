@@ -94,6 +94,7 @@ class TreePane : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    void showName();
     QWidget* makeLoadingBar();
     QLayout* makeSearchRow();
     void makeInsertAction();
@@ -105,6 +106,7 @@ class TreePane : public QWidget {
     TreeModel* model_;
     TreePaneView* tvXML_;
     QWidget* loadingBar_;
+    QLabel* name_;
     QLineEdit* searchBox_ = nullptr;
     TreePaneSearch* search_ = nullptr;
     QAction* insert_ = nullptr;

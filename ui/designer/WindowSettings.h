@@ -13,6 +13,8 @@ class WindowSettings {
   public:
     WindowSettings();
 
+    [[nodiscard]] QSettings& store() { return settings_; }
+
     /// Restores the kept positions; others stay as they are. A window that is too large for the screen is
     /// made smaller.
     void restore(QWidget& window, QSplitter& splitter);

@@ -4,7 +4,7 @@
 #include "app/FileFormats.h"
 #include "app/MergeloomErrorCodes.h"
 #include "base/AutomationError.h"
-#include "office/formats/FormatTable.h"
+#include "office/formats/TemplateFormats.h"
 #include "office/formats/mOfficeVersion.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/model/word/Application.h"
@@ -134,9 +134,8 @@ model::OfficeDocument* WordTemplates::document() {
 
 std::vector<OfferedFormat> WordTemplates::templateFormats(FormatUse use) {
     const word::ApplicationPtr office = hosted()->Application();
-    return offeredFormats(DocumentFamily::Word, majorOfficeVersion(office->Version()), [&](int format) {
-        return officeDocumentType(DocumentFamily::Word, format) == OfficeDocumentType::Template &&
-               (use == FormatUse::Open || office->canSaveAs(static_cast<word::WdSaveFormat>(format)));
+    return formatsOfTemplates(DocumentFamily::Word, majorOfficeVersion(office->Version()), [&](int format) {
+        return use == FormatUse::Open || office->canSaveAs(static_cast<word::WdSaveFormat>(format));
     });
 }
 
@@ -145,8 +144,7 @@ bool WordTemplates::knowsExtensionOf(const std::string& path) const {
 }
 
 bool WordTemplates::keepsPlaces(const std::string& path) const {
-    const FileFormat* const format = findFormat(DocumentFamily::Word, static_cast<int>(wordFormatOf(path)));
-    return format != nullptr && format->places == Places::Kept;
+    return mergeloom::keepsPlaces(DocumentFamily::Word, static_cast<int>(wordFormatOf(path)));
 }
 
 void WordTemplates::saveAs(const std::string& path) {

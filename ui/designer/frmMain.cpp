@@ -56,6 +56,8 @@ frmMain::frmMain(DocumentKind kind)
                      .log = [this](const std::string& line) { log_.append(line); }}),
       fileDialog_(this),
       fieldDialog_(this, errors_),
+      templates_(windowSettings_.store(), kind == DocumentKind::Word ? "word" : "excel"),
+      structures_(windowSettings_.store(), "structures"),
       actions_(new DesignerActions(*menuBar(), conversionIn(kind))),
       splitter_(new QSplitter(this)),
       tree_(new TreePane(splitter_)),
@@ -85,6 +87,7 @@ frmMain::frmMain(DocumentKind kind)
     help_.SetFile(GetHelpFilePath());
     layOut();
     connectActions();
+    connectRecentFiles();
     connectStructure();
     connectOffice();
     connectBusy();
@@ -93,7 +96,7 @@ frmMain::frmMain(DocumentKind kind)
 }
 
 void frmMain::layOut() {
-    setWindowTitle(tr("Mergeloom"));
+    showTitle();
     splitter_->setChildrenCollapsible(false);
     splitter_->setStretchFactor(splitter_->indexOf(area_), 1);
     setCentralWidget(splitter_);
@@ -141,6 +144,27 @@ void frmMain::connectActions() {
     connect(actions_, &DesignerActions::about, this, &frmMain::showAbout);
 }
 
+void frmMain::connectRecentFiles() {
+    connect(&session_, &DesignerSession::fileUsed, this,
+            [this](const QString& path) { templates_.add(path.toStdString()); });
+    auto* const templates = new RecentMenu(actions_->recentTemplates(), templates_, this);
+    connect(templates, &RecentMenu::chosen, this, [this](const QString& path) {
+        showNextStep();
+        session_.openTemplate(path);
+    });
+    auto* const structures = new RecentMenu(actions_->recentStructures(), structures_, this);
+    connect(structures, &RecentMenu::chosen, this,
+            [this](const QString& path) { structureLoad_.load(path.toStdString()); });
+    structureLoad_.setLastFolder(structures_.folder());
+}
+
+/// Shows the document, a star when it has changes, and the program.
+void frmMain::showTitle() {
+    const QString program = tr("Mergeloom");
+    if (caption_.isEmpty()) return setWindowTitle(program);
+    setWindowTitle(QStringLiteral("%1%2 - %3").arg(hasChanges_ ? u"*" : u"", caption_, program));
+}
+
 void frmMain::connectStructure() {
     connect(tree_, &TreePane::loadRequested, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(tree_, &TreePane::cancelRequested, this, [this] { structureLoad_.cancel(); });
@@ -154,6 +178,8 @@ void frmMain::connectStructure() {
     connect(&structureLoad_, &StructureLoad::loaded, this,
             [this](const std::shared_ptr<LoadedStructure>& structure) {
                 tree_->show(structure);
+                structures_.add(structure->path);
+                structureLoad_.setLastFolder(structures_.folder());
                 showNextStep();
             });
     connect(&structureLoad_, &StructureLoad::ended, this, [this] {
@@ -172,7 +198,14 @@ void frmMain::connectOffice() {
     connect(&panel, &OfficePanel::startRequested, this,
             [this] { session_.start(area_->pane().hostWindow()); });
     connect(&session_, &DesignerSession::stateChanged, this, &frmMain::showState);
-    connect(&session_, &DesignerSession::captionChanged, this, &QWidget::setWindowTitle);
+    connect(&session_, &DesignerSession::captionChanged, this, [this](const QString& caption) {
+        caption_ = caption;
+        showTitle();
+    });
+    connect(&session_, &DesignerSession::changesShown, this, [this](bool hasChanges) {
+        hasChanges_ = hasChanges;
+        showTitle();
+    });
     connect(&session_, &DesignerSession::statusChanged, status_, &QLabel::setText);
     connect(&session_, &DesignerSession::closeRequested, this, &QWidget::close);
 }
@@ -255,7 +288,7 @@ void frmMain::start() {
     session_.start(area_->pane().hostWindow());
     const std::string templatePath = fileOfSwitch(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
-    session_.setFolders(structureLoad_.documentsFolder(), structureLoad_.templatesFolder());
+    session_.setFolders(templates_.folder(), structureLoad_.templatesFolder());
     const std::string xmlFile = fileOfSwitch(kXmlFileSwitch);
     if (!xmlFile.empty()) structureLoad_.load(xmlFile);
 }

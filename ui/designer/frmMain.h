@@ -5,6 +5,7 @@
 #include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/FocusHolder.h"
+#include "ui/designer/RecentFiles.h"
 #include "ui/designer/StatusSentences.h"
 #include "ui/designer/StructureLoad.h"
 #include "ui/designer/TreePane.h"
@@ -77,6 +78,8 @@ class frmMain final : public QMainWindow {
     void showNextStep();
     [[nodiscard]] StructureState structureState() const;
     void showAbout();
+    void connectRecentFiles();
+    void showTitle();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 
     DiskFileStore files_;
@@ -86,6 +89,8 @@ class frmMain final : public QMainWindow {
     frmFields fieldDialog_;
     DiagnosticsLog log_;
     WindowSettings windowSettings_;
+    RecentFiles templates_;
+    RecentFiles structures_;
 
     // The toolkit's parents own these.
     DesignerActions* actions_;
@@ -97,6 +102,8 @@ class frmMain final : public QMainWindow {
     QPushButton* cmdHelp_;
     WindowParts* parts_ = nullptr;
     bool isBusy_ = false;
+    QString caption_;
+    bool hasChanges_ = false;
 
     PaneDropTree dropTree_;
     StructureLoad structureLoad_;

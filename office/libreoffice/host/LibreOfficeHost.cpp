@@ -80,7 +80,8 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       listener_(listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown)),
       word_(makeWordApplication(session_, files)),
-      excel_(makeExcelApplication(session_, files)) {
+      excel_(makeExcelApplication(session_, files)),
+      changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(static_cast<xcb_window_t>(window.id), listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {
@@ -192,6 +193,7 @@ std::vector<HostedDocument> LibreOfficeHost::documents() {
 void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
     for (const HostedDocument& document : documents())
         if (document != kept) close(document);
+    if (kept.index() != 0) call([&] { changes_->watch(componentOf(kept)); });
 }
 
 PollingThread LibreOfficeHost::interruptedIdleTasks() {

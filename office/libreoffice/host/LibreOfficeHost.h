@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/libreoffice/host/ChangeWatch.h"
 #include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
@@ -80,6 +81,7 @@ class LibreOfficeHost final : public DocumentHost {
     std::shared_ptr<LibreOfficeSession> session_;
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
+    rtl::Reference<ChangeWatch> changes_;
     std::list<HostFrame> frames_;  ///< the last one is in front
     HostedDocument edited_;        ///< by the object model now
     std::optional<FocusForwarder> focus_;

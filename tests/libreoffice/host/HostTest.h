@@ -16,6 +16,7 @@ namespace mergeloom {
 /// Remembers what an office told.
 class RecordingListener final : public HostListener {
   public:
+    void changesBeganOrEnded() override { ++changeEvents; }
     void keyPressed(HostKey key) override {
         const std::lock_guard lock(mutex_);
         keys_.push_back(key);
@@ -37,6 +38,7 @@ class RecordingListener final : public HostListener {
     }
 
     std::atomic<int> ends = 0;
+    std::atomic<int> changeEvents = 0;
 
   private:
     std::mutex mutex_;

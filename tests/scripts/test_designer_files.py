@@ -1,0 +1,114 @@
+"""What the window remembers of the user's files, and what it shows of them."""
+import tempfile
+import unittest
+from pathlib import Path
+
+from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
+from designer_window import PATIENCE, Atspi, Designer, click, find, key, middle, type_text, wait_for
+
+
+class FilesTest(DesignerTest):
+    def begin(self, *switches, home):
+        self.designer = Designer(DESIGNER, [*self.SWITCHES, *switches], home=home)
+        self.addCleanup(self.designer.close)
+        self.designer.wait_until_ready()
+        return self.designer
+
+    def wait_for_title(self, title):
+        wait_for(f"the title {title}", lambda: self.designer.full_title() == title)
+
+    def choose(self, *names):
+        """Chooses an entry of the menus."""
+        for name in names:
+            click(middle(self.designer.element("menu item", name)))
+
+    def proposed_name(self):
+        """The name in the dialog that is open."""
+        box = self.designer.dialog()
+        field = wait_for("the name", lambda: next(iter(find(box, "text")), None))
+        return Atspi.Text.get_text(field, 0, -1)
+
+    def listed(self, name):
+        """Waits until the dialog lists a file."""
+        box = self.designer.dialog()
+        wait_for(f"the file {name}", lambda: any(find(box, role, name) for role in ("list item", "table cell")))
+
+    def types(self):
+        box = self.designer.dialog()
+        return [entry.get_name() for entry in find(box, "combo box")]
+
+
+class InWord(FilesTest):
+    def test_the_title_tells_document_changes_and_program(self):
+        designer = self.start()
+        self.wait_for_title("New Template - Mergeloom")
+        self.drop("Customer")
+        self.wait_for_title("*New Template - Mergeloom")
+        self.save_as("letter.docx")
+        self.wait_for_title("letter.docx - Mergeloom")
+        click(designer.document())
+        type_text("x")
+        self.wait_for_title("*letter.docx - Mergeloom")
+        key("ctrl+s")
+        self.wait_for_title("letter.docx - Mergeloom")
+
+    def test_dialogs_begin_with_the_last_file(self):
+        self.start()
+        key("ctrl+shift+s")
+        self.assertEqual(self.proposed_name(), "New Template.dotx")
+        self.assertIn("(*.dotx)", " ".join(self.types()))
+        self.picture("save-as")
+        key("Escape")
+        wait_for("the end of the dialog", lambda: not self.designer.has_dialog())
+        self.drop("Customer")
+        self.save_as("letter.docx")
+
+        key("ctrl+shift+s")
+        self.assertEqual(self.proposed_name(), "letter.docx")
+        self.listed("letter.docx")
+        self.assertIn("(*.docx)", " ".join(self.types()))
+        key("Escape")
+        wait_for("the end of the dialog", lambda: not self.designer.has_dialog())
+        self.designer.wait_until_active()
+        key("ctrl+o")
+        self.listed("letter.docx")
+        self.picture("open")
+        key("Escape")
+
+    def test_recent_files_are_offered_again(self):
+        home = Path(tempfile.mkdtemp(prefix="designer-"))
+        first = self.begin("-xmlfile", SAMPLE, home=home)
+        self.drop("Customer")
+        letter = self.save_as("letter.docx")
+        key("ctrl+q")
+        self.assertEqual(first.process.wait(PATIENCE), 0)
+
+        second = self.begin(home=home)
+        self.choose("File", "Open Recent", f"1 letter.docx ({letter.parent})")
+        self.wait_for_title("letter.docx - Mergeloom")
+        second.wait_until_active()
+        self.choose("Structure", "Load Recent", f"1 orders.xml ({SAMPLE.parent})")
+        second.node("Customer")
+        self.assertIn("orders.xml", [label.get_name() for label in find(second.application, "label")])
+        key("ctrl+l")
+        self.listed("orders.xml")
+        self.picture("load")
+        key("Escape")
+
+
+class InExcel(FilesTest):
+    SWITCHES = ["-excel"]
+
+    def test_the_title_follows_what_is_undone(self):
+        designer = self.start()
+        self.wait_for_title("New Excel Template - Mergeloom")
+        click(designer.document())
+        type_text("x")
+        key("Return")
+        self.wait_for_title("*New Excel Template - Mergeloom")
+        self.save_as("book.xlsx")
+        self.wait_for_title("book.xlsx - Mergeloom")
+
+
+if __name__ == "__main__":
+    unittest.main()
