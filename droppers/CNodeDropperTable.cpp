@@ -174,6 +174,7 @@ ControlNodes CNodeDropperTable::columnsOf(const TreeNode& node, const FieldKeys&
 
 void CNodeDropperTable::ShowFields(const TreeNode& node) {
     context_.reports.trap({kTableModule, "ShowFields"}, [&] {
+        mDialogFields.SetObject(node.Text());
         for (const TreeNode* field : fieldsOf(context_.xmlNodes, node)) {
             mDialogFields.AddItem(field->Text(), field->Index());
             keysByIndex_.emplace(field->Index(), field->Key());

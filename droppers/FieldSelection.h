@@ -16,6 +16,9 @@ class FieldSelection {
         bool selected = true;
     };
 
+    /// Sets the text of the object whose fields these are.
+    void SetObject(const std::string& text) { object_ = text; }
+    [[nodiscard]] const std::string& object() const { return object_; }
     /// Appends a field, selected. The first one becomes the current one.
     void AddItem(const std::string& text, int itemData);
     [[nodiscard]] const std::vector<Item>& items() const { return items_; }
@@ -33,7 +36,12 @@ class FieldSelection {
     void MoveListItem(bool vfUp);
 
     /// Calls the handler of the insert button, which hides the window.
-    void Insert() const { onInsert_(); }
+    void Insert() {
+        isInserted_ = true;
+        onInsert_();
+    }
+    /// Returns whether the insert button was pressed.
+    [[nodiscard]] bool isInserted() const { return isInserted_; }
     void SetInsertHandler(std::function<void()> onInsert) { onInsert_ = std::move(onInsert); }
     [[nodiscard]] bool Visible() const { return visible_; }
     /// A window that is hidden without the insert button was closed, and nothing is chosen.
@@ -42,9 +50,11 @@ class FieldSelection {
   private:
     [[nodiscard]] bool hasItem(int index) const { return index >= 0 && index < ListCount(); }
 
+    std::string object_;
     std::vector<Item> items_;
     int listIndex_ = -1;
     bool visible_ = false;
+    bool isInserted_ = false;
     std::function<void()> onInsert_ = [] {};
 };
 

@@ -47,9 +47,9 @@ class DesignerTest(unittest.TestCase):
         self.designer.wait_until_ready()
         return self.designer
 
-    def start_another(self, *switches, structure=SAMPLE):
+    def start_another(self, *switches, structure=SAMPLE, home=None):
         """A window that may begin with a question, also beside another one."""
-        other = Designer(DESIGNER, [*(["-xmlfile", structure] if structure else []), *switches])
+        other = Designer(DESIGNER, [*(["-xmlfile", structure] if structure else []), *switches], home=home)
         self.addCleanup(other.close)
         return other
 

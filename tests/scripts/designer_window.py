@@ -206,12 +206,12 @@ class Designer:
         """The document in the title, without the star of changes and the program."""
         return self.full_title().removesuffix(" - Mergeloom").removeprefix("*")
 
-    def dialog(self, name=None):
-        """The dialog or message box that is shown."""
+    def dialog(self, name=""):
+        """The dialog or message box that is shown, whose title begins so."""
         def shown():
-            boxes = find(self.application, "dialog", name) + find(self.application, "alert", name)
-            return next(iter(boxes), None)
-        return wait_for(f"the dialog {name or ''}", shown)
+            boxes = find(self.application, "dialog") + find(self.application, "alert")
+            return next((box for box in boxes if box.get_name().startswith(name)), None)
+        return wait_for(f"the dialog {name}", shown)
 
     def has_dialog(self):
         return bool(find(self.application, "dialog") + find(self.application, "alert"))

@@ -114,7 +114,7 @@ class InWord(DesignerTest):
         designer.answer_file_dialog(SAMPLE)
         wait_for("the next step", lambda: designer.status() == "Drag a field into the document, or press Insert.")
         self.drop("Customer")
-        self.assertEqual(designer.status(), "“Customer” was inserted, from Form \"Orders\".")
+        self.assertEqual(designer.status(), "“Customer” was inserted in the text, from Form \"Orders\".")
 
     def test_special_places_and_refused_drags(self):
         designer = self.start()

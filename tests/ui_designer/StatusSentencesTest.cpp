@@ -15,19 +15,38 @@ TEST(StatusSentences, TellTheNextStep) {
 TEST(StatusSentences, NameTheObjectOfWhatWasInserted) {
     const std::shared_ptr<LoadedStructure> structure = letterStructure();
     const TreeNode& form = *structure->tree.First();
-    EXPECT_EQ(insertedSentence(form), QStringLiteral("“Form \"Letter\"” was inserted."));
-    EXPECT_EQ(insertedSentence(*form.Child()),
-              QStringLiteral("“Customer” was inserted, from Form \"Letter\"."));
+    EXPECT_EQ(insertedSentence(form, "body"), QStringLiteral("“Form \"Letter\"” was inserted in the text."));
+    EXPECT_EQ(insertedSentence(*form.Child(), "header 12"),
+              QStringLiteral("“Customer” was inserted in a header, from Form \"Letter\"."));
+    EXPECT_EQ(insertedSentence(*form.Child(), "text box 1"),
+              QStringLiteral("“Customer” was inserted in a text box, from Form \"Letter\"."));
+    EXPECT_EQ(insertedSentence(*form.Child(), "My Sheet!B3"),
+              QStringLiteral("“Customer” was inserted at My Sheet!B3, from Form \"Letter\"."));
 }
 
 TEST(StatusSentences, TellWhyNothingWasInserted) {
     const std::shared_ptr<LoadedStructure> structure = letterStructure();
-    EXPECT_EQ(nothingInserted(structure->tree.First(), StructureState::Shown),
-              QStringLiteral("Nothing was inserted."));
-    EXPECT_EQ(nothingInserted(nullptr, StructureState::Shown),
-              QStringLiteral("Nothing was inserted. Select a field in the tree first."));
-    EXPECT_EQ(nothingInserted(nullptr, StructureState::Missing),
-              QStringLiteral("Nothing was inserted. Load a structure document first."));
+    const struct {
+        const TreeNode* node;
+        StructureState structure;
+        DropRefusal refusal;
+        const char* reason;
+    } cases[] = {
+        {structure->tree.First(), StructureState::Shown, DropRefusal::None, ""},
+        {nullptr, StructureState::Shown, DropRefusal::None, " Select a field in the tree first."},
+        {nullptr, StructureState::Missing, DropRefusal::None, " Load a structure document first."},
+        {structure->tree.First(), StructureState::Shown, DropRefusal::NoText,
+         " There is no text and no cell at that place."},
+        {structure->tree.First(), StructureState::Shown, DropRefusal::NotDraggable,
+         " “Form \"Letter\"” only holds other nodes; insert one of them."},
+        {structure->tree.First(), StructureState::Shown, DropRefusal::NothingChosen, " No field was chosen."},
+        {structure->tree.First(), StructureState::Shown, DropRefusal::ReadOnly,
+         " The template is open for reading only."},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(nothingInserted(one.node, one.structure, one.refusal),
+                  QStringLiteral("Nothing was inserted.") + QString::fromUtf8(one.reason));
+    }
 }
 
 }  // namespace

@@ -182,15 +182,19 @@ void DesignerSession::execute(HostCommand command) {
         Q_EMIT closeRequested();
         return;
     }
+    Q_EMIT commandBegun();
     worker_.run([this, command] { lifecycle_.Execute(command); });
 }
 
 void DesignerSession::openTemplate(const QString& path) {
-    if (isFree()) worker_.run([this, file = path.toStdString()] { lifecycle_.OpenInstead(file); });
+    if (!isFree()) return;
+    Q_EMIT commandBegun();
+    worker_.run([this, file = path.toStdString()] { lifecycle_.OpenInstead(file); });
 }
 
 void DesignerSession::convertFields() {
     if (!isFree()) return;
+    Q_EMIT commandBegun();
     trap(ports_.errors, kMainForm, "ConvertMergeFields", [this] {
         worker_.run(
             [this] { convertHostedFields(office_.host(), ports_.files, ports_.errors, ports_.messages); });

@@ -72,6 +72,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     void convertFields();
     bool drop(HostPoint point);
     bool insertAtCaret();
+    /// Returns what became of the last drop.
+    [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
     void setFolders(const std::string& documents, const std::string& templates);
 
     /// Moves the caret. This and the members below do not wait.
@@ -91,6 +93,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     void fileUsed(const QString& path);
     /// Emitted with a sentence about what was done.
     void statusChanged(const QString& status);
+    /// Emitted when a command begins.
+    void commandBegun();
     /// The office's own menu requested it.
     void closeRequested();
     /// Emitted when a key of the window was pressed in the document.

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace mergeloom {
 
@@ -44,6 +45,15 @@ class DropProgress final : public QObject, public Progress {
     QElapsedTimer sinceShown_;
 };
 
+/// The reasons for which nothing was inserted, as far as no message told them.
+enum class DropRefusal { None, NotDraggable, NoText, ReadOnly, NothingChosen };
+
+/// What became of a drop, besides its success.
+struct DropReport {
+    std::string place;  ///< a story of the document, as Range::storyName returns it, or the address of a cell
+    DropRefusal refusal = DropRefusal::None;
+};
+
 /// Drops the tree's selected node into the hosted document. Called by the windows' thread; the drop itself is
 /// a job of the office's, which may show messages meanwhile. No error leaves it.
 class DropFlow {
@@ -69,12 +79,15 @@ class DropFlow {
     bool drop(HostPoint point);
     /// Drops at the caret, without a mouse.
     bool insertAtCaret();
+    /// Returns what became of the last drop.
+    [[nodiscard]] const DropReport& report() const { return report_; }
 
   private:
     bool dropSelected(const HostPoint* point);
     bool dropInto(const TreeNode& node, const LoadedStructure& structure);
 
     Ports ports_;
+    DropReport report_;
 };
 
 }  // namespace mergeloom

@@ -69,6 +69,10 @@ HostPoint HostPane::pixelsAt(QPointF position) const {
     return {pixels(position.x() * scale), pixels(position.y() * scale)};
 }
 
+QPoint HostPane::onScreen(HostPoint point) const {
+    return mapToGlobal(QPointF(point.x, point.y) / devicePixelRatioF()).toPoint();
+}
+
 void HostPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (!resizeTimer_.isActive()) resizeTimer_.start();

@@ -23,6 +23,8 @@ class HostPane final : public QWidget {
     [[nodiscard]] HostWindow hostWindow() const;
     /// Returns the point of the last drop and forgets it; none when the drag ended elsewhere.
     std::optional<HostPoint> takeDropPoint();
+    /// Returns a point of the document on the screen.
+    [[nodiscard]] QPoint onScreen(HostPoint point) const;
 
   Q_SIGNALS:
     /// Emitted with the size in pixels of the screen; of many changes in a short time only for the last.

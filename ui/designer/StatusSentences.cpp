@@ -24,6 +24,34 @@ const TreeNode& objectOf(const TreeNode& node) {
     return *object;
 }
 
+/// Returns the place with its preposition: "in the text", "in a header", "at Sheet1!B3".
+QString textOfPlace(const std::string& place) {
+    const QString name = QString::fromStdString(place);
+    if (name == QLatin1String("body")) return Sentences::tr("in the text");
+    if (name.contains(u'!')) return Sentences::tr("at %1").arg(name);
+    // The number of the story is left out.
+    const QString kind = name.left(name.lastIndexOf(u' '));
+    return kind.startsWith(u'e') ? Sentences::tr("in an %1").arg(kind) : Sentences::tr("in a %1").arg(kind);
+}
+
+QString reasonFor(const TreeNode* node, StructureState structure, DropRefusal refusal) {
+    if (structure == StructureState::Missing) return nextStep(structure);
+    if (node == nullptr) return Sentences::tr("Select a field in the tree first.");
+    switch (refusal) {
+        case DropRefusal::NotDraggable:
+            return Sentences::tr("“%1” only holds other nodes; insert one of them.").arg(textOf(*node));
+        case DropRefusal::NoText:
+            return Sentences::tr("There is no text and no cell at that place.");
+        case DropRefusal::ReadOnly:
+            return Sentences::tr("The template is open for reading only.");
+        case DropRefusal::NothingChosen:
+            return Sentences::tr("No field was chosen.");
+        case DropRefusal::None:
+            return {};
+    }
+    return {};
+}
+
 }  // namespace
 
 QString nextStep(StructureState structure) {
@@ -32,16 +60,21 @@ QString nextStep(StructureState structure) {
                : Sentences::tr("Load a structure document first.");
 }
 
-QString insertedSentence(const TreeNode& node) {
+QString insertedSentence(const TreeNode& node, const std::string& place) {
     const TreeNode& object = objectOf(node);
-    if (&object == &node) return Sentences::tr("“%1” was inserted.").arg(textOf(node));
-    return Sentences::tr("“%1” was inserted, from %2.").arg(textOf(node), textOf(object));
+    const QString inserted = Sentences::tr("“%1” was inserted %2").arg(textOf(node), textOfPlace(place));
+    if (&object == &node) return inserted + u'.';
+    return inserted + Sentences::tr(", from %1.").arg(textOf(object));
 }
 
-QString nothingInserted(const TreeNode* node, StructureState structure) {
+QString nothingInserted(const TreeNode* node, StructureState structure, DropRefusal refusal) {
     const QString nothing = Sentences::tr("Nothing was inserted.");
-    if (structure == StructureState::Missing) return nothing + u' ' + nextStep(structure);
-    return node == nullptr ? nothing + u' ' + Sentences::tr("Select a field in the tree first.") : nothing;
+    const QString reason = reasonFor(node, structure, refusal);
+    return reason.isEmpty() ? nothing : nothing + u' ' + reason;
+}
+
+QString droppedBeside() {
+    return Sentences::tr("Nothing was inserted. Let the mouse go over the text of the document.");
 }
 
 }  // namespace mergeloom

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ui/designer/DropFlow.h"
+
 #include <QString>
+#include <string>
 
 namespace mergeloom {
 
@@ -11,10 +14,13 @@ enum class StructureState { Missing, Shown };
 
 /// Returns the sentence that tells the user what to do next.
 QString nextStep(StructureState structure);
-/// Returns the sentence about a node that was inserted; it names the object that the node is part of.
-QString insertedSentence(const TreeNode& node);
+/// Returns the sentence about a node that was inserted, with its place; it names the object that the node is
+/// part of.
+QString insertedSentence(const TreeNode& node, const std::string& place);
 /// Returns the sentence about a drop that inserted nothing, with the reason if it is known. The node is the
 /// selected one, or none.
-QString nothingInserted(const TreeNode* node, StructureState structure);
+QString nothingInserted(const TreeNode* node, StructureState structure, DropRefusal refusal);
+/// Returns the sentence about a drag that ended beside the document.
+QString droppedBeside();
 
 }  // namespace mergeloom

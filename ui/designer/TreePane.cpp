@@ -1,5 +1,6 @@
 #include "ui/designer/TreePane.h"
 
+#include "ui/designer/StartPage.h"
 #include "ui/designer/TreeModel.h"
 #include "ui/designer/TreePaneView.h"
 
@@ -13,6 +14,7 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -99,6 +101,8 @@ TreePane::TreePane(QWidget* parent)
       icons_(palette()),
       model_(new TreeModel([this](const QString& key) { return icons_.icon(key); }, this)),
       tvXML_(new TreePaneView(*model_, this)),
+      startPage_(new StartPage(this)),
+      pages_(new QStackedWidget(this)),
       loadingBar_(makeLoadingBar()),
       name_(new QLabel(this)) {
     auto* const load = new QPushButton(tr("&Load XML…"), this);
@@ -114,6 +118,8 @@ TreePane::TreePane(QWidget* parent)
     tvXML_->setAccessibleName(tr("Fields of the database"));
     tvXML_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(tvXML_, &QWidget::customContextMenuRequested, this, &TreePane::showContextMenu);
+    connect(tvXML_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &TreePane::selectionChanged);
     connect(tvXML_, &TreePaneView::dragFinished, this, &TreePane::dragFinished);
     makeInsertAction();
 
@@ -122,7 +128,11 @@ TreePane::TreePane(QWidget* parent)
     rows->addWidget(name_);
     rows->addWidget(loadingBar_);
     rows->addLayout(makeSearchRow());
-    rows->addWidget(tvXML_, 1);
+    rows->addWidget(pages_, 1);
+    pages_->addWidget(tvXML_);
+    pages_->addWidget(startPage_);
+    connect(startPage_, &StartPage::chosen, this, &TreePane::documentChosen);
+    showPage();
     setTabOrder(load, searchBox_);
     setTabOrder(searchBox_, tvXML_);
 
@@ -178,6 +188,7 @@ void TreePane::makeInsertAction() {
 void TreePane::show(std::shared_ptr<LoadedStructure> structure) {
     structure_ = std::move(structure);
     showName();
+    showPage();
     // The tree is kept by its structure.
     const auto tree = structure_ ? std::shared_ptr<TreeView>(structure_, &structure_->tree) : nullptr;
     model_->setTree(tree);
@@ -196,11 +207,23 @@ void TreePane::showName() {
     name_->setVisible(!path.isEmpty());
 }
 
+/// Shows the tree, or what is offered while there is none.
+void TreePane::showPage() {
+    const bool hasTree = structure_ != nullptr || isLoading_;
+    pages_->setCurrentWidget(hasTree ? static_cast<QWidget*>(tvXML_) : startPage_);
+}
+
+void TreePane::offer(const QStringList& recent, const QString& sample) {
+    startPage_->offer(recent, sample);
+}
+
 void TreePane::clear() {
     show(nullptr);
 }
 
 void TreePane::setLoading(bool loading) {
+    isLoading_ = loading;
+    showPage();
     if (loading) {
         loadingShown_.start(kLoadingShownAfter);
     } else {

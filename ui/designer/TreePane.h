@@ -15,9 +15,11 @@ class QAction;
 class QLabel;
 class QLayout;
 class QLineEdit;
+class QStackedWidget;
 
 namespace mergeloom {
 
+class StartPage;
 class TreePaneView;
 
 /// The search box over the tree: narrows the tree to the matches while the user types.
@@ -71,6 +73,9 @@ class TreePane : public QWidget {
     /// Shows, while a structure is loading, a bar and a button that cancels the load.
     void setLoading(bool loading);
 
+    /// Sets the documents that are offered while nothing is shown.
+    void offer(const QStringList& recent, const QString& sample);
+
     /// Returns the node that a drop inserts, or none.
     [[nodiscard]] const TreeNode* selectedNode() const;
     /// Returns the structure that is shown; none when the pane is clear.
@@ -82,6 +87,10 @@ class TreePane : public QWidget {
   Q_SIGNALS:
     /// Emitted when the load button was pressed.
     void loadRequested();
+    /// Emitted when a document that was offered is to be loaded.
+    void documentChosen(const QString& path);
+    /// Emitted when another node was selected.
+    void selectionChanged();
     /// Emitted when the button that cancels a load was pressed.
     void cancelRequested();
     /// Emitted when the selected node, which may be inserted, is to be inserted at the document's caret.
@@ -95,6 +104,7 @@ class TreePane : public QWidget {
 
   private:
     void showName();
+    void showPage();
     QWidget* makeLoadingBar();
     QLayout* makeSearchRow();
     void makeInsertAction();
@@ -105,6 +115,9 @@ class TreePane : public QWidget {
     TreeIcons icons_;
     TreeModel* model_;
     TreePaneView* tvXML_;
+    StartPage* startPage_;
+    QStackedWidget* pages_;
+    bool isLoading_ = false;
     QWidget* loadingBar_;
     QLabel* name_;
     QLineEdit* searchBox_ = nullptr;

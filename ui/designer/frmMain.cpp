@@ -7,6 +7,7 @@
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/HostArea.h"
+#include "ui/designer/StartPage.h"
 #include "ui/designer/StatusSentences.h"
 #include "ui/services/StateFolder.h"
 
@@ -122,10 +123,7 @@ void frmMain::layOut() {
 
 void frmMain::connectActions() {
     const auto executes = [this](HostCommand command) {
-        return [this, command] {
-            showNextStep();
-            session_.execute(command);
-        };
+        return [this, command] { session_.execute(command); };
     };
     connect(actions_, &DesignerActions::newTemplate, this, executes(HostCommand::New));
     connect(actions_, &DesignerActions::open, this, executes(HostCommand::Open));
@@ -134,10 +132,7 @@ void frmMain::connectActions() {
     connect(actions_, &DesignerActions::closeWindow, this, &QWidget::close);
     connect(actions_, &DesignerActions::loadStructure, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(actions_, &DesignerActions::insertNode, this, [this] { reportDrop(session_.insertAtCaret()); });
-    connect(actions_, &DesignerActions::convertFields, this, [this] {
-        showNextStep();
-        session_.convertFields();
-    });
+    connect(actions_, &DesignerActions::convertFields, &session_, &DesignerSession::convertFields);
     connect(actions_, &DesignerActions::helpContents, this, [this] { help_.OpenTOC(handle()); });
     connect(actions_, &DesignerActions::helpIndex, this, [this] { help_.OpenIndex(handle()); });
     connect(actions_, &DesignerActions::helpSearch, this, [this] { help_.OpenSearch(handle()); });
@@ -148,14 +143,12 @@ void frmMain::connectRecentFiles() {
     connect(&session_, &DesignerSession::fileUsed, this,
             [this](const QString& path) { templates_.add(path.toStdString()); });
     auto* const templates = new RecentMenu(actions_->recentTemplates(), templates_, this);
-    connect(templates, &RecentMenu::chosen, this, [this](const QString& path) {
-        showNextStep();
-        session_.openTemplate(path);
-    });
+    connect(templates, &RecentMenu::chosen, &session_, &DesignerSession::openTemplate);
     auto* const structures = new RecentMenu(actions_->recentStructures(), structures_, this);
     connect(structures, &RecentMenu::chosen, this,
             [this](const QString& path) { structureLoad_.load(path.toStdString()); });
     structureLoad_.setLastFolder(structures_.folder());
+    tree_->offer(structures_.paths(), samplePath());
 }
 
 /// Shows the document, a star when it has changes, and the program.
@@ -167,6 +160,9 @@ void frmMain::showTitle() {
 
 void frmMain::connectStructure() {
     connect(tree_, &TreePane::loadRequested, this, [this] { structureLoad_.cmdLoadXML_Click(); });
+    connect(tree_, &TreePane::documentChosen, this,
+            [this](const QString& path) { structureLoad_.load(path.toStdString()); });
+    connect(tree_, &TreePane::selectionChanged, this, &frmMain::showNextStep);
     connect(tree_, &TreePane::cancelRequested, this, [this] { structureLoad_.cancel(); });
     connect(tree_, &TreePane::insertRequested, this, [this] { reportDrop(session_.insertAtCaret()); });
     connect(tree_, &TreePane::dragFinished, this, &frmMain::endDrag);
@@ -180,6 +176,7 @@ void frmMain::connectStructure() {
                 tree_->show(structure);
                 structures_.add(structure->path);
                 structureLoad_.setLastFolder(structures_.folder());
+                tree_->offer(structures_.paths(), samplePath());
                 showNextStep();
             });
     connect(&structureLoad_, &StructureLoad::ended, this, [this] {
@@ -192,6 +189,7 @@ void frmMain::connectOffice() {
     HostPane& pane = area_->pane();
     connect(&pane, &HostPane::resized, &session_, &DesignerSession::resize);
     connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::placeCaret);
+    connect(&pane, &HostPane::draggedOver, this, &frmMain::showNextStep);
     connect(&pane, &HostPane::focused, &session_, &DesignerSession::focusDocument);
     OfficePanel& panel = area_->panel();
     connect(&panel, &OfficePanel::cancelRequested, &session_, &DesignerSession::cancelStart);
@@ -207,6 +205,7 @@ void frmMain::connectOffice() {
         showTitle();
     });
     connect(&session_, &DesignerSession::statusChanged, status_, &QLabel::setText);
+    connect(&session_, &DesignerSession::commandBegun, this, &frmMain::showNextStep);
     connect(&session_, &DesignerSession::closeRequested, this, &QWidget::close);
 }
 
@@ -243,7 +242,9 @@ void frmMain::connectKeyboard() {
     const auto hasDocument = [this] { return session_.state() == OfficeState::Running; };
     parts_ = new WindowParts(*this,
                              {{.widget = &tree_->searchBox(), .enter = enters(tree_->searchBox())},
-                              {.widget = &tree_->tvXML(), .enter = enters(tree_->tvXML())},
+                              {.widget = &tree_->tvXML(),
+                               .enter = enters(tree_->tvXML()),
+                               .isAvailable = [this] { return tree_->structure() != nullptr; }},
                               {.widget = &area_->pane(), .enter = entersDocument, .isAvailable = hasDocument},
                               {.widget = cmdHelp_, .enter = enters(*cmdHelp_)}});
     connect(&session_, &DesignerSession::keyPressed, this, &frmMain::answerKey);
@@ -318,16 +319,20 @@ void frmMain::showState() {
 /// Handles the end of a drag, wherever it ended; the drop waits for it.
 void frmMain::endDrag() {
     if (const std::optional<HostPoint> point = area_->pane().takeDropPoint()) {
+        fieldDialog_.keepVisible(area_->pane().onScreen(*point));
         reportDrop(session_.drop(*point));
+        fieldDialog_.keepVisible({});
     } else {
         dropTree_.unhook();
+        status_->setText(droppedBeside());
     }
 }
 
 void frmMain::reportDrop(bool isDropped) {
     const TreeNode* const node = tree_->selectedNode();
-    status_->setText(isDropped && node != nullptr ? insertedSentence(*node)
-                                                  : nothingInserted(node, structureState()));
+    const DropReport& report = session_.dropReport();
+    status_->setText(isDropped && node != nullptr ? insertedSentence(*node, report.place)
+                                                  : nothingInserted(node, structureState(), report.refusal));
 }
 
 StructureState frmMain::structureState() const {

@@ -1,6 +1,7 @@
 #include "ui/dialogs/FieldsWindow.h"
 
 #include "base/ErrorHandler.h"
+#include "ui/dialogs/WindowPlacement.h"
 
 #include <QScreen>
 #include <QStyle>
@@ -91,11 +92,24 @@ FieldsWindow::FieldsWindow(QWidget* parent, FieldSelection& fields, ErrorHandler
       model_(fields, errors),
       lstFields_(new QListView(this)) {
     setObjectName(QStringLiteral("frmFields"));
-    setWindowTitle(tr("Select Fields"));
+    const QString object = QString::fromStdString(fields.object());
+    setWindowTitle(object.isEmpty() ? tr("Select Fields") : tr("Select Fields - %1").arg(object));
     setUpList();
     setUpButtons();
     setMinimumSize(pixels(kClient).size());
     resize(minimumSize());
+}
+
+void FieldsWindow::keepVisible(const QPoint& place) {
+    // The window system adds the frame; its size is known only when the window is shown.
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    QRect window(QPoint(), size() + QSize(0, title));
+    if (const QWidget* const owner = parentWidget()) {
+        window.moveCenter(owner->window()->frameGeometry().center());
+    } else {
+        window.moveCenter(screen()->availableGeometry().center());
+    }
+    move(placeBeside(window, place, screen()->availableGeometry()));
 }
 
 void FieldsWindow::setUpList() {

@@ -48,6 +48,9 @@ class FieldsWindow final : public QDialog {
   public:
     FieldsWindow(QWidget* parent, FieldSelection& fields, ErrorHandler& errors);
 
+    /// Places the window so that it does not cover a point of the screen, if there is room beside it.
+    void keepVisible(const QPoint& place);
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
 

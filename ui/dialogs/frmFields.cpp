@@ -7,7 +7,11 @@
 namespace mergeloom {
 
 void frmFields::Show(FieldSelection& fields) {
-    callOnGuiThread([&] { FieldsWindow(ownerOfDialog(owner_), fields, errors_).exec(); });
+    callOnGuiThread([&] {
+        FieldsWindow window(ownerOfDialog(owner_), fields, errors_);
+        if (place_) window.keepVisible(*place_);
+        window.exec();
+    });
     // When it is closed by its frame or the Escape key, the list still counts as shown.
     fields.SetVisible(false);
 }

@@ -3,8 +3,10 @@
 #include "base/ErrorHandler.h"
 #include "droppers/FieldSelection.h"
 
+#include <QPoint>
 #include <QPointer>
 #include <QWidget>
+#include <optional>
 
 namespace mergeloom {
 
@@ -14,10 +16,14 @@ class frmFields final : public FieldDialog {
     frmFields(QWidget* owner, ErrorHandler& errors) : owner_(owner), errors_(errors) {}
 
     void Show(FieldSelection& fields) override;
+    /// Sets the point of the screen that the window leaves visible from now on, or none. For the windows'
+    /// thread.
+    void keepVisible(std::optional<QPoint> place) { place_ = place; }
 
   private:
     QPointer<QWidget> owner_;
     ErrorHandler& errors_;
+    std::optional<QPoint> place_;
 };
 
 }  // namespace mergeloom
