@@ -1,6 +1,5 @@
 #include "app/FillCommand.h"
 
-#include "app/Conversion.h"
 #include "app/DatabaseObjects.h"
 #include "app/FileFormats.h"
 #include "app/ListFormatting.h"
@@ -62,15 +61,23 @@ bool FillCommand::run(std::ostream& report) {
 
 void FillCommand::checkOptions() const {
     const std::string& output = options_.output;
-    if (!hasWordExtension(output)) {
-        refuseFill("The file '" + output +
-                   "' cannot be written: its format is not available. Choose docx or docm.");
-    }
-    const std::string refusal = ports_.formats.refusalToWrite(format_);
+    const std::string refusal = format_->refusal();
     if (!refusal.empty()) refuseFill("The file '" + output + "' cannot be written: " + refusal);
-    if (isForeignWordFile(options_.templateFile) || isWorkbookFile(options_.templateFile)) {
-        refuseFill("The template '" + options_.templateFile +
-                   "' cannot be filled: save it as docx, docm, dotx or dotm first.");
+    refuseTemplate();
+}
+
+void FillCommand::refuseTemplate() const {
+    const std::string start = "The template '" + options_.templateFile + "' cannot be filled: ";
+    if (isForeignWordFile(options_.templateFile) && !isWorkbook_)
+        refuseFill(start + "save it as docx, docm, dotx or dotm first.");
+    if (!isWorkbook_) return;
+    if (isForeignExcelFile(options_.templateFile))
+        refuseFill(start + "save it as xlsx, xlsm, xltx or xltm first.");
+    if (options_.use == letters::LetterUse::OneForAll) {
+        refuseFill(
+            "Option '--one-document' is for documents. A workbook lists all records in a table of the "
+            "object; "
+            "name a control in '--output' to write one for each record.");
     }
 }
 
@@ -124,12 +131,14 @@ void FillCommand::checkTarget(const std::string& path) const {
 }
 
 void FillCommand::compile() {
-    template_ = openLetterTemplate(ports_.files, options_.templateFile);
+    template_ = isWorkbook_ ? openBookTemplate(ports_.files, options_.templateFile)
+                            : openLetterTemplate(ports_.files, options_.templateFile);
     const std::vector<std::string> bookmarks = template_->bookmarkNames();
     const auto findPicture = [this](const std::string& image) {
         return source_->document().findPicture(image);
     };
-    places_ = placeSources(source_->xmlNodes(), *object_, bookmarks, findPicture);
+    places_ = placeSources(source_->xmlNodes(), *object_, bookmarks, findPicture,
+                           isWorkbook_ ? PlaceScheme::RangeNames : PlaceScheme::Bookmarks);
     for (const std::string& field : template_->fieldNames()) {
         const std::string folded = foldCase(field);
         if (!places_.places.contains(folded) && !places_.tables.contains(folded))
@@ -143,8 +152,9 @@ void FillCommand::compile() {
     const std::size_t labels = names_.dependOnRecord() ? 0 : template_->labelsPerSheet(places_);
     isSheet_ = labels > 1 && options_.use == letters::LetterUse::OneEach;
     if (isSheet_ && selectedCount() > labels) use_ = letters::LetterUse::OneForAll;
-    letters_ = template_->compile(places_, {options_.emptyTables, use_, findPicture,
-                                            isConverted_ ? temporaryFormat(format_) : format_});
+    letters::LetterSettings settings{options_.emptyTables, use_, findPicture};
+    format_->applyTo(settings);
+    letters_ = template_->compile(places_, settings);
     if (letters_->filledPlaces().empty()) {
         refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
                    object_->Text() + " fills.");
@@ -162,9 +172,10 @@ void FillCommand::checkNames() const {
     const bool isSingle = names_.dependOnRecord() || options_.use == letters::LetterUse::OneForAll ||
                           letters_->listsRecords() || isSheet_ || selectedCount() == 1;
     if (isSingle) return;
-    refuseFill("There are " + std::to_string(selectedCount()) + " records for the one file '" +
-               options_.output + "'. Name a control in it, such as letter-{" + paths.front().back() +
-               "}.docx, or choose --one-document or --record N.");
+    refuseFill(
+        "There are " + std::to_string(selectedCount()) + " records for the one file '" + options_.output +
+        "'. Name a control in it, such as letter-{" + paths.front().back() +
+        (isWorkbook_ ? "}.xlsx, or choose --record N." : "}.docx, or choose --one-document or --record N."));
 }
 
 void FillCommand::checkTargets() const {
@@ -245,10 +256,7 @@ void FillCommand::writeRecord(Record& record) {
 }
 
 void FillCommand::save(const std::string& path, const std::function<void(ByteSink&)>& writer) {
-    if (!isConverted_) return ports_.files.saveInBatch(path, writer);
-    Conversion<word::WdSaveFormat> conversion{ports_.converter};
-    conversion.write(path, format_,
-                     [&](const std::string& temporary) { ports_.files.saveInBatch(temporary, writer); });
+    format_->save(ports_.files, ports_.converter, path, writer);
 }
 
 void FillCommand::writeLetter(const std::string& path, std::span<const Record> records) {

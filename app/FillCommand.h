@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/ConsoleOutput.h"
+#include "app/FileFormats.h"
+#include "app/FilledFormat.h"
 #include "app/GnuOptions.h"
 #include "app/LetterNames.h"
 #include "app/MappingSource.h"
@@ -46,8 +48,9 @@ class FillCommand {
           ports_(ports),
           shouldStop_(std::move(shouldStop)),
           names_(options.output),
-          format_(ports.formats.documentFormatOf(options.output)),
-          isConverted_(ports.formats.isConverted(format_)),
+          isWorkbook_(isWorkbookFile(options.templateFile)),
+          format_(filledFormat(ports.formats, isWorkbook_ ? DocumentFamily::Excel : DocumentFamily::Word,
+                               options.output)),
           use_(options.use) {}
 
     /// Returns false if the work was stopped or if strictness forbids it. Raises an AutomationError with a
@@ -67,6 +70,7 @@ class FillCommand {
     void noteDifferences(const std::vector<std::string>& texts);
     void write();
     void writeRecord(Record& record);
+    void refuseTemplate() const;
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer);
     void writeLetter(const std::string& path, std::span<const Record> records);
     void finish();
@@ -77,8 +81,8 @@ class FillCommand {
     FillPorts ports_;
     std::function<bool()> shouldStop_;
     LetterNames names_;
-    word::WdSaveFormat format_;
-    bool isConverted_;
+    bool isWorkbook_;
+    std::unique_ptr<FilledFormat> format_;
 
     std::unique_ptr<MappingSource> source_;
     const TreeNode* object_ = nullptr;

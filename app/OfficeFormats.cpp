@@ -29,6 +29,10 @@ bool OfficeFormats::isConverted(word::WdSaveFormat format) const {
     return kind_ == OfficeKind::Embedded && !makeWordApplication(kind_, files_)->canSaveAs(format);
 }
 
+bool OfficeFormats::isConverted(excel::XlFileFormat format) const {
+    return kind_ == OfficeKind::Embedded && !makeExcelApplication(kind_, files_)->canSaveAs(format);
+}
+
 word::WdSaveFormat OfficeFormats::documentFormatOf(const std::string& path) const {
     return wordFormatToWrite(path,
                              [this](word::WdSaveFormat format) { return refusalToWrite(format).empty(); });

@@ -20,8 +20,9 @@ class OfficeFormats {
     /// empty when it does.
     [[nodiscard]] std::string refusalToWrite(word::WdSaveFormat format) const;
     [[nodiscard]] std::string refusalToWrite(excel::XlFileFormat format) const;
-    /// Returns true when the embedded office leaves the format to the converter.
+    /// Return true when the embedded office leaves the format to the converter.
     [[nodiscard]] bool isConverted(word::WdSaveFormat format) const;
+    [[nodiscard]] bool isConverted(excel::XlFileFormat format) const;
     /// Return the format in which the office writes a file of that name. Several formats may share an
     /// extension.
     [[nodiscard]] word::WdSaveFormat documentFormatOf(const std::string& path) const;

@@ -4,6 +4,7 @@
 #include "droppers/PlaceNames.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
+#include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
 #include "xml/modMSXMLHelper.h"
 
@@ -80,11 +81,28 @@ class ControlWalk {
     Visitor onSubform_;
 };
 
-/// Collects the sources of a document's bookmarks.
+/// The rules by which the droppers make names.
+struct NameRules {
+    NameRule normalize;
+    std::string (*nameOfTable)(const TreeNode& node, const std::string& name);
+    std::string_view prefix;                                ///< of every place
+    std::string (*nameOfControl)(const std::string& name);  ///< in the name of its place
+};
+
+const NameRules& rulesOf(PlaceScheme scheme) {
+    static const NameRules kBookmarks{WordNormalizeName, tableBookmarkName, "",
+                                      [](const std::string& name) { return SimplifyName(name); }};
+    static const NameRules kRangeNames{
+        ExcelNormalizeName, tableRangeName, kRangeNamePrefix,
+        [](const std::string& name) { return ExcelNormalizeName(name, false); }};
+    return scheme == PlaceScheme::RangeNames ? kRangeNames : kBookmarks;
+}
+
+/// Collects the sources of the bookmarks of a document, or of the names of a workbook.
 class PlaceCollector {
   public:
-    explicit PlaceCollector(std::span<const std::string> bookmarkNames) {
-        for (const std::string& name : bookmarkNames) {
+    PlaceCollector(std::span<const std::string> names, NameRule normalize) : normalize_(normalize) {
+        for (const std::string& name : names) {
             taken_.insert(foldCase(name));
             collectCounter(name, counters_);
         }
@@ -108,7 +126,7 @@ class PlaceCollector {
   private:
     void listPlaces(std::int64_t counter) {
         for (const auto& [name, source] : named_) {
-            const std::string usable = bookmarkName(name, counter);
+            const std::string usable = takenName(name, counter);
             if (usable.empty()) continue;
             const auto [found, isNew] = sources_.places.emplace(usable, source);
             const bool isAnother = !isNew && found->second != source;
@@ -117,16 +135,17 @@ class PlaceCollector {
     }
     void listTables(std::int64_t counter) {
         for (const auto& [name, path] : tables_) {
-            const std::string usable = bookmarkName(name, counter);
+            const std::string usable = takenName(name, counter);
             if (!usable.empty()) sources_.tables.emplace(usable, path);
         }
     }
-    /// Returns the folded name of the document's bookmark with that counter, or an empty text.
-    [[nodiscard]] std::string bookmarkName(const std::string& name, std::int64_t counter) const {
-        const std::string usable = foldCase(usablePlaceName(name, counter, WordNormalizeName));
+    /// Returns the folded name of the place with that counter, or an empty text if there is none.
+    [[nodiscard]] std::string takenName(const std::string& name, std::int64_t counter) const {
+        const std::string usable = foldCase(usablePlaceName(name, counter, normalize_));
         return taken_.contains(usable) ? usable : std::string();
     }
 
+    NameRule normalize_;
     std::unordered_set<std::string> taken_;
     std::set<std::int64_t> counters_;
     std::vector<std::pair<std::string, PlaceSource>> named_;
@@ -137,24 +156,27 @@ class PlaceCollector {
 }  // namespace
 
 PlaceSources placeSources(const XmlNodeCollection& xmlNodes, const TreeNode& object,
-                          std::span<const std::string> bookmarkNames,
-                          const std::function<std::string(const std::string& image)>& findPicture) {
-    PlaceCollector collector{bookmarkNames};
+                          std::span<const std::string> names,
+                          const std::function<std::string(const std::string& image)>& findPicture,
+                          PlaceScheme scheme) {
+    const NameRules& rules = rulesOf(scheme);
+    PlaceCollector collector{names, rules.normalize};
     const auto addControl = [&](const TreeNode& control, const std::string& prefix, const ControlPath& path) {
         const XmlNode element = elementOf(xmlNodes, &control);
         const std::string image = GetAttributeValue(element, Attribute::Image);
         const std::string picture = image.empty() ? "" : findPicture(image);
-        const std::string name = SimplifyName(nameOf(element));
+        const std::string name = rules.nameOfControl(nameOf(element));
         if (name.empty()) return;
         for (const ValueKind kind : {ValueKind::Display, ValueKind::Bound}) {
-            collector.addPlace(placeName(prefix, name, kind), {path, kind, picture});
+            collector.addPlace(std::string(rules.prefix) + placeName(prefix, name, kind),
+                               {path, kind, picture});
         }
     };
     const auto addSubform = [&](const TreeNode& subform, const std::string&, const ControlPath& path) {
-        collector.addTable(tableBookmarkName(subform, path.back()), path);
+        collector.addTable(rules.nameOfTable(subform, path.back()), path);
     };
     const std::string objectName = nameOf(elementOf(xmlNodes, &object));
-    collector.addTable(tableBookmarkName(object, objectName), {});
+    collector.addTable(rules.nameOfTable(object, objectName), {});
     ControlWalk(xmlNodes, addControl, addSubform).walk(object, objectName, {});
     return collector.collect();
 }

@@ -30,6 +30,10 @@ FLOORS = {
     "office/embedded/excel": [
         "office/embedded/sheet", "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],
+    "office/embedded/books": [
+        "office/embedded/excel", "office/embedded/sheet", "office/embedded/parts", "office/opc", "office/model",
+        "office/formats", "base",
+    ],
     "office/libreoffice/entry": ["office/model", "base"],
     "office/libreoffice/calls": ["office/opc", "office/model", "base"],
     "office/libreoffice/session": [
@@ -62,8 +66,8 @@ FLOORS = {
         "office/libreoffice/excel", "office/libreoffice/host", "office/libreoffice/entry", "office/model", "base",
     ],
     "office/factory": [
-        "office/embedded/word", "office/embedded/letters", "office/embedded/excel", "office/libreoffice/entry",
-        "office/model", "base",
+        "office/embedded/word", "office/embedded/letters", "office/embedded/excel", "office/embedded/books",
+        "office/libreoffice/entry", "office/model", "base",
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
@@ -91,8 +95,8 @@ LIBRARIES = {
     # The XML of one part is a tree of pugixml's, so whoever reads parts sees it.
     "pugixml.hpp": [
         "xml", "office/opc", "office/embedded/parts", "office/embedded/text", "office/embedded/word",
-        "office/embedded/letters", "office/embedded/sheet", "office/embedded/excel", "office/libreoffice/readback",
-        "office/libreoffice/remote",
+        "office/embedded/letters", "office/embedded/sheet", "office/embedded/excel", "office/embedded/books",
+        "office/libreoffice/readback", "office/libreoffice/remote",
     ],
 }
 

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/FileStore.h"
 #include "base/Paths.h"
+#include "office/embedded/books/EmbeddedBooks.h"
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/letters/EmbeddedLetters.h"
 #include "office/embedded/word/EmbeddedOffice.h"
@@ -108,6 +109,10 @@ excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files) {
 
 std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path) {
     return embedded::openLetterTemplate(files, path);
+}
+
+std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path) {
+    return embedded::openBookTemplate(files, path);
 }
 
 std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {

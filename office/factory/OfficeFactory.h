@@ -24,6 +24,9 @@ excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
 /// it. Raises kFileCouldNotBeRead for a file that is no Word document or cannot be edited safely.
 std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path);
 
+/// Opens a workbook in the same way.
+std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path);
+
 /// Returns a converter that uses an installed LibreOffice, for formats that the embedded office does not
 /// write. It loads nothing before its first use; without a LibreOffice it writes no format. The file store
 /// has to outlive it.

@@ -4,13 +4,13 @@
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/LabelSheet.h"
-#include "office/embedded/letters/LetterArchive.h"
 #include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/LetterRenderer.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/PlaceMarker.h"
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/parts/DocumentFile.h"
+#include "office/embedded/parts/LetterArchive.h"
 #include "office/embedded/word/WordContent.h"
 #include "office/formats/FormatTable.h"
 
@@ -22,37 +22,6 @@
 namespace mergeloom::embedded {
 
 namespace {
-
-/// Stores one file in memory.
-class SavedBytes final : public FileStore {
-  public:
-    bool fileExists(const std::string&) override { return false; }
-    std::string read(const std::string&) override { return bytes_; }
-    void save(const std::string&, const std::function<void(ByteSink&)>& writer) override {
-        Sink sink(bytes_);
-        writer(sink);
-    }
-    std::string take() { return std::move(bytes_); }
-
-  private:
-    class Sink final : public ByteSink {
-      public:
-        explicit Sink(std::string& bytes) : bytes_(bytes) {}
-        void write(std::span<const char> bytes) override { bytes_.append(bytes.data(), bytes.size()); }
-
-      private:
-        std::string& bytes_;
-    };
-
-    std::string bytes_;
-};
-
-std::string savedBytes(opc::Package& package, word::WdSaveFormat format) {
-    SavedBytes bytes;
-    DocumentFile file(bytes, package.fileName(), true);
-    file.saveAs(package, DocumentFamily::Word, static_cast<int>(format), package.fileName());
-    return bytes.take();
-}
 
 std::size_t labelCount(WordContent& content, const letters::PlaceSources& sources) {
     const pugi::xml_node cell = cellOfAllPlaces(content, sources);
@@ -71,7 +40,9 @@ class EmbeddedLetters final : public letters::Letters {
         context_.labelsPerSheet = labelsPerSheet_;
         content.storeParts();
         cutParts(content.package());
-        archive_.emplace(savedBytes(content.package(), settings_.format), content.package().conformance());
+        archive_.emplace(
+            savedBytes(content.package(), DocumentFamily::Word, static_cast<int>(settings_.format)),
+            content.package().conformance());
         added_.emplace(files, settings_.findPicture, *archive_);
         renderer_.emplace(marked_, settings_, ids_, *added_);
         refusals_ = marked_.refusals;

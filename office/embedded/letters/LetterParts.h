@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
-#include "office/embedded/letters/LetterArchive.h"
+#include "office/embedded/parts/LetterArchive.h"
 #include "office/opc/ContentTypes.h"
 #include "office/opc/PictureFile.h"
 #include "office/opc/Relationships.h"

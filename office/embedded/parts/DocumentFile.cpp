@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace mergeloom::embedded {
 
@@ -40,6 +41,30 @@ void setSaveFormat(opc::Package& package, DocumentFamily family, int number, con
     if (package.contentTypes().of(mainPart) != type) package.contentTypes().setOverride(mainPart, type);
 }
 
+/// Stores one file in memory.
+class SavedBytes final : public FileStore {
+  public:
+    bool fileExists(const std::string&) override { return false; }
+    std::string read(const std::string&) override { return bytes_; }
+    void save(const std::string&, const std::function<void(ByteSink&)>& writer) override {
+        Sink sink(bytes_);
+        writer(sink);
+    }
+    std::string take() { return std::move(bytes_); }
+
+  private:
+    class Sink final : public ByteSink {
+      public:
+        explicit Sink(std::string& bytes) : bytes_(bytes) {}
+        void write(std::span<const char> bytes) override { bytes_.append(bytes.data(), bytes.size()); }
+
+      private:
+        std::string& bytes_;
+    };
+
+    std::string bytes_;
+};
+
 }  // namespace
 
 bool canWrite(DocumentFamily family, int number) {
@@ -74,6 +99,13 @@ void DocumentFile::saveAs(opc::Package& package, DocumentFamily family, int numb
 
 void DocumentFile::write(opc::Package& package, const std::string& fileName) {
     files_.save(fileName, [&](ByteSink& sink) { package.write(sink); });
+}
+
+std::string savedBytes(opc::Package& package, DocumentFamily family, int number) {
+    SavedBytes bytes;
+    DocumentFile file(bytes, package.fileName(), true);
+    file.saveAs(package, family, number, package.fileName());
+    return bytes.take();
 }
 
 }  // namespace mergeloom::embedded

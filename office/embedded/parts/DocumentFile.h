@@ -40,4 +40,7 @@ class DocumentFile {
     bool hasFile_;
 };
 
+/// Returns the bytes of a file in a format that the engine writes. Raises the errors of DocumentFile::saveAs.
+std::string savedBytes(opc::Package& package, DocumentFamily family, int number);
+
 }  // namespace mergeloom::embedded

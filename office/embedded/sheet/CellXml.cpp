@@ -55,12 +55,6 @@ bool needsPreserve(std::string_view text) {
                              kWhiteSpace.find(text.back()) != std::string_view::npos);
 }
 
-std::string inlineTextXml(std::string_view text, const std::string& prefix) {
-    const std::string tag = needsPreserve(text) ? "t xml:space=\"preserve\">" : "t>";
-    return "<" + prefix + "is><" + prefix + tag + escapeXml(encodeXstring(text)) + "</" + prefix + "t></" +
-           prefix + "is>";
-}
-
 }  // namespace
 
 CellXml splitCell(std::string_view cell, std::string_view prefix) {
@@ -88,6 +82,12 @@ StoredCell readCell(std::string_view cell, std::string_view prefix) {
     if (stored.type == CellType::FormulaText) stored.value = decodeXstring(stored.value);
     if (stored.value.empty() && stored.type != CellType::FormulaText) stored.type = CellType::Empty;
     return stored;
+}
+
+std::string inlineTextXml(std::string_view text, const std::string& prefix) {
+    const std::string tag = needsPreserve(text) ? "t xml:space=\"preserve\">" : "t>";
+    return "<" + prefix + "is><" + prefix + tag + escapeXml(encodeXstring(text)) + "</" + prefix + "t></" +
+           prefix + "is>";
 }
 
 std::string withText(std::string_view cell, std::string_view text, std::string_view prefix) {

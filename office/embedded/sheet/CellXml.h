@@ -26,6 +26,8 @@ CellXml splitCell(std::string_view cell, std::string_view prefix);
 /// of an array formula has its area.
 StoredCell readCell(std::string_view cell, std::string_view prefix);
 
+/// Returns the element of a cell's own text.
+std::string inlineTextXml(std::string_view text, const std::string& prefix);
 /// Returns the XML of a cell with a text of its own. It keeps the attributes and extensions of the former
 /// cell except those that describe its content. A new cell is passed as a tag alone.
 std::string withText(std::string_view cell, std::string_view text, std::string_view prefix);

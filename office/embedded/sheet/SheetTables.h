@@ -56,6 +56,8 @@ class SheetTables {
     [[nodiscard]] std::string allowedText(const excel::CellPosition& cell, const std::string& text);
     /// Renames the column of a header cell whose text was set.
     void textWasSet(const excel::CellPosition& cell, const std::string& text);
+    /// Returns true for a cell in the header of a table.
+    [[nodiscard]] bool isHeader(const excel::CellPosition& cell) { return headerAt(cell) != nullptr; }
     /// Writes the edited parts into the package.
     void store();
 

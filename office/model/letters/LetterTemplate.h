@@ -2,6 +2,7 @@
 
 #include "base/FileStore.h"
 #include "base/Record.h"
+#include "office/model/excel/Enumerations.h"
 #include "office/model/letters/PlaceSource.h"
 #include "office/model/word/Enumerations.h"
 
@@ -27,6 +28,7 @@ struct LetterSettings {
     LetterUse use = LetterUse::OneEach;
     PictureFinder findPicture{};
     word::WdSaveFormat format = word::WdSaveFormat::wdFormatXMLDocument;
+    excel::XlFileFormat workbookFormat = excel::XlFileFormat::xlOpenXMLWorkbook;
 };
 
 /// A compiled template, which writes letters.
@@ -56,7 +58,7 @@ class Letters {
     virtual void finish(ByteSink& sink) = 0;
 };
 
-/// A Word document with places that are filled with the values of records.
+/// A document or workbook with places that are filled with the values of records.
 class LetterTemplate {
   public:
     LetterTemplate() = default;
@@ -64,9 +66,10 @@ class LetterTemplate {
     LetterTemplate& operator=(const LetterTemplate&) = delete;
     virtual ~LetterTemplate() = default;
 
-    /// Returns the names of all bookmarks of the document.
+    /// Returns the names of all bookmarks of the document, or of all names of the workbook.
     [[nodiscard]] virtual std::vector<std::string> bookmarkNames() = 0;
-    /// Returns the names of the bookmarks whose text equals their name.
+    /// Returns the names of the bookmarks whose text equals their name; of a workbook, the names whose cells
+    /// show a name in brackets.
     [[nodiscard]] virtual std::vector<std::string> fieldNames() = 0;
     /// Returns the number of labels on a sheet of labels; 0 for any other document.
     [[nodiscard]] virtual std::size_t labelsPerSheet(const PlaceSources& sources) = 0;

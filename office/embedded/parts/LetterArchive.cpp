@@ -1,4 +1,4 @@
-#include "office/embedded/letters/LetterArchive.h"
+#include "office/embedded/parts/LetterArchive.h"
 
 #include "office/opc/PartName.h"
 #include "office/opc/ZipWriter.h"
