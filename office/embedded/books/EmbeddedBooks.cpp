@@ -61,8 +61,8 @@ class EmbeddedBooks final : public letters::Letters {
           sheets_{places_.maps, [&content](const std::string& name) { return content.worksheetNamed(name); }},
           styles_(readStyles(content.package(), content.workbook().partName())),
           renderer_(places_, book_, styles_, settings.emptyTables) {
-        readProperties(content);
         markPlaces(content);
+        readProperties(content);
         prepareFormulas(content);
         cutParts(content);
         refuseObstacles(content.package().fileName());
@@ -226,9 +226,14 @@ class EmbeddedBooks final : public letters::Letters {
     template <typename Cut>
     void keep(opc::Package& package, const std::string& name, Cut cut) {
         try {
-            CutBookPart part = cut(toUtf8Xml(package.readPart(name), name, package.fileName()));
+            const std::string xml = toUtf8Xml(package.readPart(name), name, package.fileName());
+            CutBookPart part = cut(xml);
             part.partName = name;
-            if (isCut(part)) parts_.push_back(std::move(part));
+            if (isCut(part)) {
+                parts_.push_back(std::move(part));
+            } else if (!part.pieces.empty() && part.pieces.front().xml != xml) {
+                package.writePart(name, std::move(part.pieces.front().xml));
+            }
         } catch (const BadXml& problem) {
             opc::raiseUnreadable(package.fileName(), "its part " + opc::quoted(name) + " " + problem.what());
         }

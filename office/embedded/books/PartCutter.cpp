@@ -121,7 +121,9 @@ bool BookPartCutter::cutText(std::string_view name, std::string_view text) {
 
 bool BookPartCutter::appendRow(Kind kind, std::string_view number, int first) {
     const std::optional<int> row = parseNumber(number);
-    if (!row || *row < first || !map().canMove(*row - first + 1)) return false;
+    if (!row || *row < first) return false;
+    const int fromOne = *row - first + 1;
+    if (!map().canMove(fromOne) && !map().groupAt(fromOne)) return false;
     appendPiece(part_.pieces, kind, static_cast<std::size_t>(*row));
     return true;
 }

@@ -58,6 +58,8 @@ class CellCutter {
             appendFixed(pieces, ">");
             appendFormula(pieces, cell, xml, parts);
             appendFixed(pieces, std::string(parts.extensions) + "</" + prefix() + "c>");
+        } else if (!moves(cell.row)) {
+            appendFixed(pieces, xml);
         } else {
             appendTag(pieces, cell, tag);
             appendFixed(pieces, parts.tag.ends_with("/>") ? "/>" : ">");
@@ -231,24 +233,26 @@ class SheetCutter {
     void appendRowTag(BookPieces& pieces, int row, std::string_view text) {
         XmlTag tag(text);
         const std::optional<std::size_t> group = map_.groupAt(row);
-        const bool moves = group || map_.canMove(row);
         if (wasHidden(row)) tag.remove("hidden");
-        const bool isHidden = isSet(tag.attributes(), "hidden");
+        BookPieces hidden;
+        if (!isSet(tag.attributes(), "hidden")) appendHidden(hidden, row, group);
+        if (!group && !map_.canMove(row) && hidden.empty() && !wasHidden(row))
+            return appendFixed(pieces, text);
         tag.remove("r");
         appendFixed(pieces, "<" + state_.index.prefix + "row r=\"");
-        moves ? appendPiece(pieces, Kind::Row, static_cast<std::size_t>(row))
-              : appendFixed(pieces, std::to_string(row));
+        appendPiece(pieces, Kind::Row, static_cast<std::size_t>(row));
         appendFixed(pieces, "\"" + std::string(tag.attributes()));
-        if (!isHidden) appendHidden(pieces, row, group);
+        pieces.insert(pieces.end(), hidden.begin(), hidden.end());
         appendFixed(pieces, text.ends_with("/>") ? "/>" : ">");
     }
 
+    /// Appends the attribute that hides a row of a table without records.
     void appendHidden(BookPieces& pieces, int row, std::optional<std::size_t> group) {
         if (group) return appendPiece(pieces, Kind::Hidden, *group);
         for (const BookTable& table : places_.tables) {
             const bool isTableRow = row >= table.area.first.row && row <= table.area.last.row;
-            if (table.sheet == part_.sheet && isTableRow)
-                return appendPiece(pieces, Kind::HiddenTable, table.group);
+            if (table.sheet != part_.sheet || !isTableRow) continue;
+            return appendPiece(pieces, Kind::HiddenTable, table.group);
         }
     }
 
