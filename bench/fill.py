@@ -2,7 +2,7 @@
 """Measures the filling of templates by whole processes: letters of their own, with tables, and one document for all.
 
 The processor time of 1,000 letters stands beside that of a loop over python3-docx, which replaces the text of the same
-places. Growth compares twice as many records with once as many.
+places, that of workbooks beside a loop over python3-openpyxl, which inserts the same rows. Growth compares twice as many records with once as many.
 Usage: fill.py PROGRAM [--records N] [--largest N] [--runs N]
 """
 import argparse
@@ -34,6 +34,29 @@ for number in range(count):
         if text is not None:
             text.text = f"value {number}"
     document.save(f"{folder}/{number}.docx")
+"""
+
+
+PYTHON_OPENPYXL = """
+import copy, sys
+import openpyxl
+template, count, lines, folder = sys.argv[1], int(sys.argv[2]), int(sys.argv[3]), sys.argv[4]
+for number in range(count):
+    workbook = openpyxl.load_workbook(template)
+    sheet = workbook.active
+    names = workbook.defined_names
+    places = {name.name: name.attr_text.split("!")[1].replace("$", "")
+              for name in (names.values() if isinstance(names, dict) else names.definedName)}
+    pattern = sheet[places["ammOrderLinesProductID"]].row
+    sheet.insert_rows(pattern + 1, lines - 1)
+    for name, cell in places.items():
+        if ":" in cell:
+            continue
+        for line in range(lines if sheet[cell].row == pattern else 1):
+            target = sheet[cell].offset(row=line if sheet[cell].row <= pattern else lines - 1)
+            target.value = number if line else f"value {number}"
+            target._style = copy.copy(sheet[cell]._style)
+    workbook.save(f"{folder}/{number}.xlsx")
 """
 
 
@@ -101,6 +124,18 @@ def main():
                 peer = [sys.executable, "-c", PYTHON_DOCX, template, count, lines, letters]
                 seconds, memory = measure(peer, 1, letters)
                 print(f"  {'':26} python3-docx {seconds:7.2f} s {memory:7.0f} MB")
+        template = folder / "orders.xlsx"
+        subprocess.run([program, "--exit-status", "-excel", "-xmlfile", SAMPLE, "-template", template, "-hidden"],
+                       check=True)
+        for title, lines in (("one workbook each", 1), ("with a table of 10 rows", 10)):
+            data = write_records(folder, count, lines)
+            seconds, memory = measure([program, "--fill", template, "--data", data, "--output",
+                                       letters / "{OrderNumber}.xlsx"], options.runs, letters)
+            print(f"  {title:26} mergeloom    {seconds:7.2f} s {memory:7.0f} MB")
+            peer = [sys.executable, "-c", PYTHON_OPENPYXL, template, count, lines, letters]
+            seconds, memory = measure(peer, 1, letters)
+            print(f"  {'':26} openpyxl     {seconds:7.2f} s {memory:7.0f} MB")
+        template = folder / "orders.docx"
         print("growth: the time of twice as many records by that of once as many, memory of both")
         size = count
         while size <= options.largest:

@@ -20,11 +20,11 @@ def define_name(workbook, defined):
 
 
 def read_names(path):
-    """Maps each name of the workbook to what it refers to, those of sheets and built-in ones aside."""
+    """Maps each name of the workbook to what it refers to, those of sheets, hidden and built-in ones aside."""
     names = read_workbook(path).defined_names
     return {defined.name: defined.attr_text
             for defined in (names.values() if isinstance(names, dict) else names.definedName)
-            if defined.localSheetId is None and not defined.name.startswith("_xlnm")}
+            if defined.localSheetId is None and not defined.hidden and not defined.name.startswith("_xlnm")}
 
 
 def cells_of(workbook, reference):

@@ -4,7 +4,6 @@
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Where MERGELOOM_VALIDATOR names a validator of
 Office Open XML, it judges every letter, too.
 """
-import copy
 import json
 import os
 import re
@@ -21,6 +20,7 @@ from docx.enum.section import WD_SECTION
 from docx.oxml import parse_xml
 from docx.oxml.ns import nsdecls, qn
 
+import fill_data
 import read_docx
 
 PROGRAM = os.environ["MERGELOOM"]
@@ -121,26 +121,7 @@ class Filling(unittest.TestCase):
 
     def orders(self, count, lines=2, change=lambda number, record: None):
         """Writes a structure document with so many orders of so many lines; gives its path."""
-        tree = ElementTree.parse(SAMPLE)
-        records = tree.getroot().find("Data/Records")
-        record = records.find("Record")
-        records.remove(record)
-        for number in range(1, count + 1):
-            order = copy.deepcopy(record)
-            order.find("Control[@Name='OrderNumber']/DisplayValue").text = f"N-{number:05}"
-            rows = order.find("Control[@Name='OrderLines']/Records")
-            line = rows.find("Record")
-            for old in list(rows):
-                rows.remove(old)
-            for position in range(1, lines + 1):
-                new = copy.deepcopy(line)
-                new.find("Control[@Name='LineNumber']/DisplayValue").text = str(position)
-                rows.append(new)
-            change(number, order)
-            records.append(order)
-        path = self.folder / "data.xml"
-        tree.write(path, encoding="utf-8", xml_declaration=True)
-        return path
+        return fill_data.write_orders(SAMPLE, self.folder / "data.xml", count, lines, change)
 
     @staticmethod
     def joined(path):

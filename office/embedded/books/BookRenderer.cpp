@@ -45,6 +45,7 @@ void BookRenderer::begin(std::span<const Record> records) {
                           : control == nullptr ? std::span<const Record>()
                                                : std::span<const Record>(control->records));
     }
+    notePictures();
     for (RowMap& map : places_.maps) {
         for (std::size_t group = 0; group < map.groups().size(); ++group)
             map.setCopies(group, 1);
@@ -62,6 +63,15 @@ void BookRenderer::begin(std::span<const Record> records) {
         if (std::max(map.lastRowOf(last), map.row(book_.lastRows[sheet])) <= excel::kLastRow) continue;
         throw AutomationError(
             kNotAvailable, "The sheet '" + book_.sheetNames[sheet] + "' has too few rows for the records.");
+    }
+}
+
+/// Tells of pictures that the records have and the workbook does not get.
+void BookRenderer::notePictures() {
+    for (const BookPlace& place : places_.places) {
+        const RecordControl* const control = place.isPicture ? controlOf(place) : nullptr;
+        if (control == nullptr || control->image.empty()) continue;
+        remarks_.insert("The picture at " + place.name + " stays that of the template.");
     }
 }
 

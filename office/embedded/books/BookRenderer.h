@@ -42,6 +42,7 @@ class BookRenderer {
     [[nodiscard]] const std::set<std::string>& remarks() const { return remarks_; }
 
   private:
+    void notePictures();
     void append(const BookPieces& pieces);
     void appendPiece(const BookPiece& piece);
     void appendRowNumber(const BookPiece& piece, int first);

@@ -83,6 +83,11 @@ bool looksEscaped(std::string_view text) {
     return mustEscape(firstCodePoint(text.substr(probe.size()))) && escapeAt(probe += '_');
 }
 
+/// Returns true for a character that is never escaped and that no escape contains first, which most are.
+bool isPlain(char character) {
+    return (character >= ' ' && character < '\x7F' && character != '_') || character == '\n';
+}
+
 void appendEscape(std::string& text, char32_t character) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     text += "_x";
@@ -171,6 +176,7 @@ std::string decodeXstring(std::string_view text) {
 }
 
 std::string encodeXstring(std::string_view text) {
+    if (std::ranges::all_of(text, isPlain)) return std::string(text);
     std::string encoded;
     encoded.reserve(text.size());
     while (!text.empty()) {
