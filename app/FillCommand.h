@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/ConsoleOutput.h"
 #include "app/FileFormats.h"
 #include "app/FilledFormat.h"
 #include "app/GnuOptions.h"
@@ -9,6 +8,7 @@
 #include "app/OfficeFormats.h"
 #include "app/SeenControls.h"
 #include "base/AutomationError.h"
+#include "base/ConsoleOutput.h"
 #include "base/ErrorHandler.h"
 #include "base/FileStore.h"
 #include "base/Messages.h"

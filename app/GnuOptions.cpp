@@ -1,6 +1,6 @@
 #include "app/GnuOptions.h"
 
-#include "base/AutomationError.h"
+#include "base/OptionReader.h"
 
 #include <charconv>
 #include <string_view>
@@ -9,46 +9,11 @@ namespace mergeloom {
 
 namespace {
 
+constexpr std::string_view kProgram = "mergeloom";
+
 [[noreturn]] void refuse(const std::string& what) {
-    throw AutomationError(kOptionNotUnderstood, what + " 'mergeloom --help' lists what there is.");
+    OptionReader(kProgram, {}).refuse(what);
 }
-
-/// Reads options as they are written, each with the value after its "=" or in the next argument.
-class OptionReader {
-  public:
-    explicit OptionReader(std::span<const std::string> arguments) : arguments_(arguments) {}
-
-    [[nodiscard]] bool isAtOption() const {
-        return next_ < arguments_.size() && arguments_[next_].starts_with("--");
-    }
-    [[nodiscard]] std::size_t position() const { return next_; }
-
-    bool takeFlag(std::string_view name) {
-        if (arguments_[next_] != name) return false;
-        ++next_;
-        return true;
-    }
-
-    bool takeWithValue(std::string_view name, std::string_view meaning, std::string& value) {
-        const std::string& argument = arguments_[next_];
-        const bool isGlued = argument.starts_with(std::string(name) + "=");
-        if (!isGlued && argument != name) return false;
-        ++next_;
-        if (isGlued) {
-            value = argument.substr(name.size() + 1);
-        } else {
-            value = next_ < arguments_.size() ? arguments_[next_++] : std::string();
-        }
-        if (value.empty()) refuse("Option '" + std::string(name) + "' needs " + std::string(meaning) + ".");
-        return true;
-    }
-
-    [[noreturn]] void refuseOption() const { refuse("Unknown option '" + arguments_[next_] + "'."); }
-
-  private:
-    std::span<const std::string> arguments_;
-    std::size_t next_ = 0;
-};
 
 OfficeChoice officeNamed(const std::string& name) {
     if (name == "embedded") return OfficeChoice::Embedded;
@@ -236,7 +201,7 @@ void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::strin
 
 GnuOptions readGnuOptions(std::span<const std::string> arguments) {
     GnuOptions options;
-    OptionReader reader(arguments);
+    OptionReader reader(kProgram, arguments);
     while (reader.isAtOption()) {
         readOption(reader, options);
         options.firstArgument = reader.position();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/AutomationError.h"
+#include "base/OptionReader.h"
 #include "office/model/letters/LetterTemplate.h"
 
 #include <cstddef>
@@ -23,8 +23,6 @@ struct MappingOptions {
 
     [[nodiscard]] bool mapsAll() const { return !folder.empty(); }
 };
-
-inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 
 /// Decides if letters are written when places without data or data without places exist.
 enum class Strictness { ToleratesDifferences, RefusesDifferences };

@@ -1,7 +1,6 @@
 #include "app/modMainEntry.h"
 
 #include "app/CAutoMapping.h"
-#include "app/ConsoleOutput.h"
 #include "app/ConvertFieldsCommand.h"
 #include "app/FileFormats.h"
 #include "app/FillCommand.h"
@@ -13,12 +12,13 @@
 #include "app/OfficeSelector.h"
 #include "app/Places.h"
 #include "app/ScopedOffice.h"
-#include "app/StopSignal.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
+#include "base/ConsoleOutput.h"
 #include "base/DiskFileStore.h"
 #include "base/ErrorHandler.h"
 #include "base/Paths.h"
+#include "base/StopSignal.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 

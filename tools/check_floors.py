@@ -71,6 +71,7 @@ FLOORS = {
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
+    "describe": ["office/opc", "xml", "base"],
     "ui/services": ["base"],
     "ui/dialogs": ["ui/services", "droppers", "base"],
     "ui/help": ["ui/services", "base"],
@@ -87,6 +88,7 @@ LIBRARIES = {
     "libdeflate.h": ["office/opc"],
     "X11/": ["office/libreoffice/host", "ui/designer"],
     "chm_lib.h": ["ui/help"],
+    "sqlite3.h": ["describe"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
     **{library: ["office/libreoffice/" + floor for floor in (
         "session", "readback", "word", "job", "inside", "remote", "excel", "host",
@@ -106,6 +108,7 @@ LIBRARY_NAMES = {
     "libxml/": r"xml(?:Doc|Node|Attr|Ns)(?:Ptr)?\b|xml(?:Parser|XPath|Free|Read|Error)[A-Z]?\w*",
     "libdeflate.h": r"libdeflate_\w+",
     "X11/": r"xcb_\w+",
+    "sqlite3.h": r"sqlite3_\w+",
     "chm_lib.h": r"chm_\w+|chmFile|chmUnitInfo",
     "Q": r"Q[A-Z][a-z]\w+",
     "com/sun/star/": r"css::|com::sun::star",

@@ -2,11 +2,11 @@
 
 #include "LabellingConverter.h"
 #include "app/CAutoMapping.h"
-#include "app/ConsoleOutput.h"
 #include "app/ConvertingExcel.h"
 #include "app/ConvertingWord.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
+#include "base/ConsoleOutput.h"
 #include "base/DiskFileStore.h"
 #include "doubles/FaultyFileStore.h"
 #include "doubles/RecordingMessages.h"

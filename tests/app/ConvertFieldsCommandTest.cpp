@@ -1,7 +1,7 @@
 #include "LabellingConverter.h"
-#include "app/ConsoleOutput.h"
 #include "app/ConvertFieldsCommand.h"
 #include "app/ConvertingWord.h"
+#include "base/ConsoleOutput.h"
 #include "base/DiskFileStore.h"
 #include "doubles/FaultyFileSystemCalls.h"
 #include "doubles/TemporaryFolder.h"

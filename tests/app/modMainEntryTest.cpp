@@ -1,7 +1,7 @@
-#include "app/ConsoleOutput.h"
 #include "app/MappingBeforeDesigner.h"
 #include "app/mCommandLine.h"
 #include "app/modMainEntry.h"
+#include "base/ConsoleOutput.h"
 #include "doubles/ExcelFiles.h"
 #include "doubles/RecordingMessages.h"
 #include "doubles/TemporaryFolder.h"

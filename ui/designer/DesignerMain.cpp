@@ -1,10 +1,10 @@
 #include "ui/designer/DesignerMain.h"
 
-#include "app/ConsoleOutput.h"
 #include "app/GnuOptions.h"
 #include "app/MappingBeforeDesigner.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
+#include "base/ConsoleOutput.h"
 #include "ui/designer/frmMain.h"
 #include "ui/dialogs/ErrorDialog.h"
 #include "ui/dialogs/MessageBoxes.h"

@@ -1,4 +1,4 @@
-#include "app/StopSignal.h"
+#include "base/StopSignal.h"
 
 #include <array>
 #include <csignal>

@@ -13,7 +13,7 @@ namespace mergeloom {
 
 /// Writes a text to a terminal as the program's own: after its name, with further lines indented to the first
 /// one's text. A line may end with CR LF, CR or LF.
-void writeConsoleText(std::ostream& stream, std::string_view text);
+void writeConsoleText(std::ostream& stream, std::string_view text, std::string_view program = "mergeloom");
 
 /// Writes the messages of a run without a user, a line each. A question gets its default button's answer,
 /// which is written after it.

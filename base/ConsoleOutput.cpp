@@ -1,4 +1,4 @@
-#include "app/ConsoleOutput.h"
+#include "base/ConsoleOutput.h"
 
 #include "base/Text.h"
 
@@ -9,8 +9,6 @@
 namespace mergeloom {
 
 namespace {
-
-constexpr std::string_view kPrefix = "mergeloom: ";
 
 /// Returns the number as it is commonly written: in hexadecimal digits for automation errors, in decimal ones
 /// for all others.
@@ -25,10 +23,11 @@ constexpr const char* kEraseToEndOfLine = "\x1b[K";
 
 }  // namespace
 
-void writeConsoleText(std::ostream& stream, std::string_view text) {
-    const std::string indentedBreak = "\n" + std::string(kPrefix.size(), ' ');
+void writeConsoleText(std::ostream& stream, std::string_view text, std::string_view program) {
+    const std::string prefix = std::string(program) + ": ";
+    const std::string indentedBreak = "\n" + std::string(prefix.size(), ' ');
     const std::string lines = replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n");
-    stream << kPrefix << replaceAll(lines, "\n", indentedBreak) << std::endl;
+    stream << prefix << replaceAll(lines, "\n", indentedBreak) << std::endl;
 }
 
 MessageAnswer ConsoleMessages::show(const Message& message) {

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The tables of a database and their rows, as every kind of database provides them.
+namespace mergeloom::describe {
+
+/// The type of a column as its table declares it. The values of an Untyped column decide for themselves.
+enum class ColumnType : std::uint8_t {
+    Untyped,
+    Text,
+    Integer,
+    Decimal,
+    Real,
+    Boolean,
+    Date,
+    Time,
+    DateAndTime,
+    Bytes
+};
+
+struct Column {
+    std::string name{};
+    std::string caption{};  ///< as the database stores it; empty if it stores none
+    ColumnType type = ColumnType::Untyped;
+    int decimals = 0;  ///< the digits after the decimal point that a Decimal shows
+};
+
+struct ForeignKey {
+    std::vector<std::string> columns{};
+    std::string referredTable{};
+    std::vector<std::string> referredColumns{};
+};
+
+enum class TableKind : std::uint8_t { Table, View };
+
+struct Table {
+    TableKind kind = TableKind::Table;
+    std::string name{};
+    std::vector<Column> columns{};
+    /// The columns of each key, which identify a row; the primary key is the first.
+    std::vector<std::vector<std::string>> keys{};
+    std::vector<ForeignKey> foreignKeys{};
+};
+
+/// One value of a row. The text of a Text or a Bytes is valid until its cursor moves.
+struct Value {
+    enum class Kind : std::uint8_t { Null, Integer, Real, Text, Bytes };
+
+    Kind kind = Kind::Null;
+    std::int64_t integer = 0;
+    double real = 0;
+    std::string_view text{};
+
+    friend bool operator==(const Value&, const Value&) = default;
+};
+
+/// The columns by which the rows of one table belong to a row of another.
+struct Join {
+    std::vector<std::string> columns{};
+    std::string table{};
+    std::vector<std::string> referredColumns{};
+    std::vector<std::string> key{};  ///< identifies a row of the other table and orders its rows
+};
+
+/// The column of another table that is shown in place of the key that refers to it.
+struct Lookup {
+    std::string column{};
+    std::string table{};
+    std::string referredColumn{};
+    std::string shownColumn{};
+};
+
+/// Selects the rows in which a column has the value that a text denotes.
+struct RowFilter {
+    std::string column{};
+    std::string value{};
+};
+
+/// The rows that are wanted of a table.
+///
+/// A row consists of the values of the columns, those of the lookups, those of the keys of the joined tables,
+/// the outermost first, and those of the table's own key. The rows are ordered by these keys.
+struct RowQuery {
+    std::string table{};
+    std::vector<std::string> columns{};
+    std::vector<Lookup> lookups{};
+    std::vector<Join> joins{};  ///< from the table to the outermost one, one after the other
+    std::vector<std::string> key{};
+    std::optional<RowFilter> filter{};  ///< of the outermost table
+};
+
+/// Reads rows one after the other.
+class Cursor {
+  public:
+    Cursor() = default;
+    Cursor(const Cursor&) = delete;
+    Cursor& operator=(const Cursor&) = delete;
+    virtual ~Cursor() = default;
+
+    /// Moves to the next row, at first to the first one. Returns false after the last row. Raises
+    /// kFileCouldNotBeRead with a sentence that names the database.
+    virtual bool next() = 0;
+    /// Returns a value of the current row.
+    [[nodiscard]] virtual Value value(std::size_t position) const = 0;
+};
+
+/// A database that was opened for reading.
+class Database {
+  public:
+    Database() = default;
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+    virtual ~Database() = default;
+
+    /// Returns the tables and views in the order of the database.
+    [[nodiscard]] virtual const std::vector<Table>& tables() const = 0;
+    /// Returns sentences on what the database holds and cannot be described.
+    [[nodiscard]] virtual const std::vector<std::string>& remarks() const = 0;
+    /// Raises kFileCouldNotBeRead with a sentence that names the database.
+    virtual std::unique_ptr<Cursor> select(const RowQuery& query) = 0;
+    /// Returns one of the values of a column of Bytes; empty if there is none. Raises kFileCouldNotBeRead.
+    virtual std::string sampleOf(const std::string& table, const std::string& column) = 0;
+};
+
+}  // namespace mergeloom::describe

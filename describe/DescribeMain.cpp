@@ -1,0 +1,173 @@
+#include "describe/DescribeMain.h"
+
+#include "base/ConsoleOutput.h"
+#include "base/DiskFileStore.h"
+#include "base/OptionReader.h"
+#include "base/StopSignal.h"
+#include "base/SystemError.h"
+#include "describe/DescribeCommand.h"
+
+#include <cerrno>
+#include <charconv>
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <set>
+#include <utility>
+
+namespace mergeloom::describe {
+
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+/// The exit status that a shell reports for a process that a signal ended, without the signal's number.
+constexpr int kEndedBySignal = 128;
+constexpr std::string_view kProgram = "mergeloom-describe";
+
+enum class Task { Describe, List, ShowHelp, ShowVersion };
+
+struct CommandLine {
+    Task task = Task::Describe;
+    DescribeOptions options{};
+};
+
+constexpr const char* kHelp = R"(Usage: mergeloom-describe SOURCE [OPTION]...
+Describes a database by a structure document, from which mergeloom makes templates.
+
+  SOURCE              a database file of SQLite
+
+  --object NAME       describe this object only: Orders, "Form Orders"; may be
+                      given several times
+  --records all       add all records of the object
+  --records N         add its first N records
+  --records KEY=VALUE add its records with this value in the column KEY
+  --output FILE       write the structure document here; pictures become files
+                      in a folder beside it
+  --list              list the objects that there are and end
+  --version, --help   show the version; show this text
+)";
+
+RecordChoice readRecords(const OptionReader& reader, const std::string& value) {
+    if (value == "all") return {RecordChoice::kAll};
+    const std::size_t sign = value.find('=');
+    if (sign != std::string::npos && sign > 0)
+        return {RecordChoice::kAll, RowFilter{value.substr(0, sign), value.substr(sign + 1)}};
+    std::int64_t limit = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), limit);
+    if (error != std::errc() || end != value.data() + value.size() || limit < 1) {
+        reader.refuse("Option '--records' takes 'all', a number or 'KEY=VALUE', not '" + value + "'.");
+    }
+    return {limit};
+}
+
+void readOption(OptionReader& reader, CommandLine& line) {
+    std::string value;
+    if (reader.takeFlag("--help")) {
+        line.task = Task::ShowHelp;
+    } else if (reader.takeFlag("--version")) {
+        line.task = Task::ShowVersion;
+    } else if (reader.takeFlag("--list")) {
+        line.task = Task::List;
+    } else if (reader.takeWithValue("--object", "an object's name", value)) {
+        line.options.objects.push_back(value);
+    } else if (reader.takeWithValue("--records", "'all', a number or 'KEY=VALUE'", value)) {
+        line.options.records = readRecords(reader, value);
+    } else if (!reader.takeWithValue("--output", "a file", line.options.output)) {
+        reader.refuseOption();
+    }
+}
+
+CommandLine readCommandLine(std::span<const std::string> arguments) {
+    CommandLine line;
+    OptionReader reader(kProgram, arguments);
+    while (!reader.isAtEnd()) {
+        if (reader.isAtOption()) {
+            readOption(reader, line);
+        } else if (line.options.source.empty()) {
+            line.options.source = reader.takeArgument();
+        } else {
+            reader.refuse("There is a second source, '" + reader.takeArgument() + "'.");
+        }
+        if (line.task == Task::ShowHelp || line.task == Task::ShowVersion) return line;
+    }
+    if (line.options.source.empty()) reader.refuse("There is no source to describe.");
+    return line;
+}
+
+/// Passes bytes on to the standard output.
+class OutputSink final : public ByteSink {
+  public:
+    explicit OutputSink(std::ostream& stream) : stream_(stream) {}
+
+    void write(std::span<const char> bytes) override {
+        stream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (!stream_.flush()) raiseNotSaved("standard output", errno);
+    }
+
+  private:
+    std::ostream& stream_;
+};
+
+class RecordCount final : public ConsoleProgress {
+  public:
+    using ConsoleProgress::ConsoleProgress;
+
+  private:
+    [[nodiscard]] std::string text(std::int64_t done, std::int64_t) const override {
+        return std::to_string(done) + " records";
+    }
+};
+
+std::unique_ptr<Progress> makeProgress(const Streams& streams) {
+    if (streams.showsProgress) return std::make_unique<RecordCount>(streams.errors);
+    return std::make_unique<NoProgress>();
+}
+
+/// Writes each sentence once.
+std::function<void(const std::string&)> remarksTo(std::ostream& errors) {
+    return [&errors, told = std::set<std::string>()](const std::string& text) mutable {
+        if (told.insert(text).second) writeConsoleText(errors, text, kProgram);
+    };
+}
+
+void describe(const CommandLine& line, const Streams& streams) {
+    DiskFileStore files;
+    const ValueFormat format(conventionsOfLocale());
+    const std::unique_ptr<Progress> progress = makeProgress(streams);
+    const DescribeEvents events{remarksTo(streams.errors), [] { return StopSignal::received() != 0; },
+                                *progress};
+    DescribeCommand command(line.options, files, format, events);
+    if (line.task == Task::List) return command.list(streams.output);
+    OutputSink output(streams.output);
+    command.run(output);
+}
+
+void runTask(const CommandLine& line, const Streams& streams) {
+    switch (line.task) {
+        case Task::ShowHelp:
+            streams.output << kHelp;
+            return;
+        case Task::ShowVersion:
+            streams.output << kProgram << " " MERGELOOM_VERSION "\n";
+            return;
+        default:
+            return describe(line, streams);
+    }
+}
+
+}  // namespace
+
+int Main(std::span<const std::string> arguments, const Streams& streams) {
+    const StopSignal stop;
+    try {
+        runTask(readCommandLine(arguments), streams);
+        return kSuccess;
+    } catch (const std::exception& error) {
+        writeConsoleText(streams.errors, error.what(), kProgram);
+        const int signal = StopSignal::received();
+        return signal != 0 ? kEndedBySignal + signal : kFailure;
+    }
+}
+
+}  // namespace mergeloom::describe

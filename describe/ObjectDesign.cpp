@@ -1,0 +1,165 @@
+#include "describe/ObjectDesign.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace mergeloom::describe {
+
+namespace {
+
+/// A form of a form's form is as deep as a letter's tables are nested.
+constexpr std::size_t kMaxSubformDepth = 2;
+
+std::string asCaption(const std::string& text) {
+    return replaceAll(text, "&", "&&");
+}
+
+/// A foreign key and the table that has it.
+struct Reference {
+    const Table* from = nullptr;
+    const ForeignKey* key = nullptr;
+};
+
+class ObjectDesigner {
+  public:
+    explicit ObjectDesigner(const Database& database) : tables_(database.tables()) {
+        for (const Table& table : tables_)
+            byName_.emplace(table.name, &table);
+        for (const Table& table : tables_) {
+            for (const ForeignKey& key : table.foreignKeys) {
+                if (key.referredTable != table.name && refersToKey(key))
+                    references_[key.referredTable].push_back({&table, &key});
+            }
+        }
+    }
+
+    [[nodiscard]] std::vector<ObjectDesign> design() const {
+        std::vector<ObjectDesign> objects;
+        for (const Table& table : tables_) {
+            if (references_.contains(table.name)) objects.push_back(formOf(table, {&table}, {}));
+        }
+        for (const TableKind kind : {TableKind::Table, TableKind::View}) {
+            for (const Table& table : tables_) {
+                if (table.kind == kind) objects.push_back(plainObject(table));
+            }
+        }
+        return objects;
+    }
+
+  private:
+    /// Returns false for a foreign key whose columns identify no row; its rows would count several times.
+    [[nodiscard]] bool refersToKey(const ForeignKey& key) const {
+        const auto found = byName_.find(key.referredTable);
+        return found != byName_.end() &&
+               std::ranges::any_of(found->second->keys, [&](const std::vector<std::string>& candidate) {
+                   return std::ranges::is_permutation(candidate, key.referredColumns);
+               });
+    }
+
+    /// The columns of the link are left out of a subform, since they repeat the key of the form.
+    [[nodiscard]] ObjectDesign formOf(const Table& table, const std::vector<const Table*>& around,
+                                      const std::vector<std::string>& link) const {
+        ObjectDesign form = object(StructureElement::Form, table);
+        std::erase_if(form.controls, [&](const ControlDesign& control) {
+            return std::ranges::find(link, control.name) != link.end();
+        });
+        if (around.size() <= kMaxSubformDepth) addSubforms(form, table, around);
+        return form;
+    }
+
+    /// A table that refers to itself or, through others, to a table around it gets no subform again.
+    void addSubforms(ObjectDesign& form, const Table& table, const std::vector<const Table*>& around) const {
+        const auto found = references_.find(table.name);
+        if (found == references_.end()) return;
+        for (const Reference& reference : found->second) {
+            if (std::ranges::find(around, reference.from) != around.end()) continue;
+            std::vector<const Table*> path = around;
+            path.push_back(reference.from);
+            const std::string name = freeName(form, reference);
+            ObjectDesign inner = formOf(*reference.from, path, reference.key->columns);
+            if (inner.controls.empty() && inner.subforms.empty()) continue;
+            form.subforms.push_back({name, asCaption(name), *reference.key, std::move(inner)});
+        }
+    }
+
+    /// A control of the form may have the name of the table, and a table may refer to the form's twice.
+    static std::string freeName(const ObjectDesign& form, const Reference& reference) {
+        const std::string& table = reference.from->name;
+        std::string name = table;
+        for (int number = 1; isTaken(form, name); ++number) {
+            name = table + "_" + reference.key->columns.front();
+            if (number > 1) name += "_" + std::to_string(number);
+        }
+        return name;
+    }
+
+    static bool isTaken(const ObjectDesign& form, const std::string& name) {
+        return std::ranges::find(form.controls, name, &ControlDesign::name) != form.controls.end() ||
+               std::ranges::find(form.subforms, name, &SubformDesign::name) != form.subforms.end();
+    }
+
+    [[nodiscard]] ObjectDesign plainObject(const Table& table) const {
+        return object(table.kind == TableKind::View ? StructureElement::Query : StructureElement::Table,
+                      table);
+    }
+
+    [[nodiscard]] ObjectDesign object(StructureElement kind, const Table& table) const {
+        ObjectDesign object;
+        object.kind = kind;
+        object.name = table.name;
+        object.table = table.name;
+        if (!table.keys.empty()) object.key = table.keys.front();
+        for (const Column& column : table.columns)
+            object.controls.push_back(control(table, column));
+        return object;
+    }
+
+    [[nodiscard]] ControlDesign control(const Table& table, const Column& column) const {
+        ControlDesign control{column.name, asCaption(column.caption.empty() ? column.name : column.caption)};
+        control.column = column;
+        control.lookup = lookupOf(table, column);
+        if (control.lookup) control.type = ControlType::Combobox;
+        if (column.type == ColumnType::Boolean) control.type = ControlType::Checkbox;
+        if (column.type == ColumnType::Bytes) control.type = ControlType::BoundObjectFrame;
+        return control;
+    }
+
+    [[nodiscard]] std::optional<Lookup> lookupOf(const Table& table, const Column& column) const {
+        for (const ForeignKey& key : table.foreignKeys) {
+            if (key.columns != std::vector{column.name} || !refersToKey(key)) continue;
+            const std::string shown = shownColumn(*byName_.at(key.referredTable));
+            if (!shown.empty())
+                return Lookup{column.name, key.referredTable, key.referredColumns.front(), shown};
+        }
+        return std::nullopt;
+    }
+
+    /// Returns the first column with text that is no part of the primary key, as a person knows a record.
+    static std::string shownColumn(const Table& table) {
+        for (const Column& column : table.columns) {
+            const bool isKey = !table.keys.empty() &&
+                               std::ranges::find(table.keys.front(), column.name) != table.keys.front().end();
+            if (column.type == ColumnType::Text && !isKey) return column.name;
+        }
+        return {};
+    }
+
+    const std::vector<Table>& tables_;
+    std::map<std::string, const Table*> byName_;
+    std::map<std::string, std::vector<Reference>> references_;
+};
+
+}  // namespace
+
+std::string ObjectDesign::fullName() const {
+    return StructureElementName(kind) + " " + name;
+}
+
+std::vector<ObjectDesign> designObjects(const Database& database) {
+    return ObjectDesigner(database).design();
+}
+
+}  // namespace mergeloom::describe

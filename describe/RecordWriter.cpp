@@ -1,0 +1,103 @@
+#include "describe/RecordWriter.h"
+
+#include "xml/modNamedItems.h"
+
+#include <sstream>
+
+namespace mergeloom::describe {
+
+namespace {
+
+const std::string kControl = StructureElementName(StructureElement::Control);
+const std::string kRecord = StructureElementName(StructureElement::Record);
+const std::string kRecords = StructureElementName(StructureElement::Records);
+const std::string kDisplayValue = StructureElementName(StructureElement::DisplayValue);
+const std::string kBoundValue = StructureElementName(StructureElement::BoundValue);
+
+/// Appends what is written to a text.
+class TextSink final : public ByteSink {
+  public:
+    void write(std::span<const char> bytes) override { text.append(bytes.data(), bytes.size()); }
+    std::string text;
+};
+
+std::string startTag(const std::string& controlName) {
+    TextSink sink;
+    XmlStream xml(sink);
+    xml.markup("<" + kControl + " " + AttributeName(Attribute::Name) + "=\"").text(controlName).markup("\"");
+    xml.flush();
+    return sink.text;
+}
+
+std::string tag(const std::string& name) {
+    return "<" + name + ">";
+}
+
+std::string endTag(const std::string& name) {
+    return "</" + name + ">";
+}
+
+/// Returns true if the text that is shown does not say all that the value is.
+bool isStoredApart(ControlType type, ColumnType column) {
+    return type == ControlType::Combobox || column == ColumnType::Boolean || column == ColumnType::Decimal ||
+           column == ColumnType::Date || column == ColumnType::Time || column == ColumnType::DateAndTime;
+}
+
+}  // namespace
+
+RecordWriter::RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFolder* pictures,
+                           const ObjectDesign& object)
+    : xml_(xml), format_(format), pictures_(pictures) {
+    for (const ControlDesign& control : object.controls)
+        controls_.push_back({control.type, control.column, startTag(control.name)});
+    for (const SubformDesign& subform : object.subforms) {
+        subformStarts_.push_back(startTag(subform.name));
+        subforms_.emplace_back(xml, format, pictures, subform.form);
+    }
+}
+
+void RecordWriter::write(RecordReader& reader) {
+    xml_.markup(tag(kRecord));
+    for (std::size_t number = 0; number < controls_.size(); ++number)
+        writeControl(controls_[number], reader.value(number), reader.shownValue(number));
+    for (std::size_t number = 0; number < subforms_.size(); ++number) {
+        xml_.markup(subformStarts_[number]).markup(">").markup(tag(kRecords));
+        RecordReader& rows = *reader.subforms()[number];
+        while (rows.nextOf(reader))
+            subforms_[number].write(rows);
+        xml_.markup(endTag(kRecords)).markup(endTag(kControl));
+    }
+    xml_.markup(endTag(kRecord)).markup("\n");
+}
+
+void RecordWriter::writeControl(const ControlMarkup& control, const Value& value, const Value& shown) {
+    xml_.markup(control.start);
+    if (control.type == ControlType::BoundObjectFrame) return writePicture(control, value);
+    xml_.markup(">");
+    format_.write(value, control.column, text_);
+    if (control.type == ControlType::Combobox) {
+        format_.write(shown, {}, shownText_);
+        // A key that refers to no row shows itself.
+        if (shown.kind != Value::Kind::Null) text_.shown = shownText_.shown;
+    }
+    writeValue(kDisplayValue, text_.shown);
+    const bool hasStored =
+        value.kind != Value::Kind::Null && isStoredApart(control.type, control.column.type);
+    if (hasStored || text_.stored != text_.shown) writeValue(kBoundValue, text_.stored);
+    xml_.markup(endTag(kControl));
+}
+
+void RecordWriter::writeValue(const std::string& element, std::string_view text) {
+    xml_.markup("<").markup(element).markup(">").text(text).markup("</").markup(element).markup(">");
+}
+
+void RecordWriter::writePicture(const ControlMarkup& control, const Value& value) {
+    const std::string image =
+        pictures_ == nullptr ? std::string() : pictures_->add(control.column.name, value.text);
+    if (!image.empty()) {
+        xml_.markup(" ").markup(AttributeName(Attribute::Image)).markup("=\"").text(image).markup("\"");
+    }
+    xml_.markup("/>");
+}
+
+}  // namespace mergeloom::describe

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "describe/PictureFolder.h"
+#include "describe/RecordReader.h"
+#include "describe/ValueFormat.h"
+#include "describe/XmlStream.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mergeloom::describe {
+
+/// Writes records of an object in the form that letters are filled from.
+class RecordWriter {
+  public:
+    /// All but the object have to outlive it. Without a folder pictures are left out.
+    RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFolder* pictures,
+                 const ObjectDesign& object);
+
+    /// Writes the current record of the reader and the records of its subforms.
+    void write(RecordReader& reader);
+
+  private:
+    /// What is written of a control in each record.
+    struct ControlMarkup {
+        ControlType type = ControlType::Textbox;
+        Column column{};
+        std::string start{};  ///< the start tag up to its attributes
+    };
+
+    void writeControl(const ControlMarkup& control, const Value& value, const Value& shown);
+    void writeValue(const std::string& element, std::string_view text);
+    void writePicture(const ControlMarkup& control, const Value& value);
+
+    XmlStream& xml_;
+    const ValueFormat& format_;
+    PictureFolder* pictures_;
+    std::vector<ControlMarkup> controls_;
+    std::vector<std::string> subformStarts_;
+    std::vector<RecordWriter> subforms_;
+    ValueText text_;
+    ValueText shownText_;
+};
+
+}  // namespace mergeloom::describe

@@ -1,0 +1,126 @@
+#include "describe/StructureWriter.h"
+
+#include "xml/modNamedItems.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::describe {
+
+namespace {
+
+constexpr std::string_view kDetailSection = "0";
+
+/// Writes elements, each in a line of its own.
+class StructureWriter {
+  public:
+    explicit StructureWriter(XmlStream& xml) : xml_(xml) {}
+
+    void write(const ObjectDesign& object) {
+        if (object.kind != StructureElement::Form) return writeTable(object);
+        writeForm(object, View::Form, DefaultView::SingleForm);
+    }
+
+    /// Runs the body between the tags of an element.
+    template <typename Body>
+    void element(StructureElement kind, const Body& body) {
+        startLine().markup("<").markup(StructureElementName(kind));
+        content(kind, body);
+    }
+
+  private:
+    XmlStream& startLine() {
+        for (int level = 0; level < depth_; ++level)
+            xml_.markup("  ");
+        return xml_;
+    }
+
+    /// Writes the start tag of an element with its name up to its attributes.
+    void open(StructureElement kind, const std::string& name) {
+        startLine().markup("<").markup(StructureElementName(kind));
+        attribute(Attribute::Name, name);
+    }
+    void attribute(Attribute attribute, std::string_view value) {
+        xml_.markup(" ").markup(AttributeName(attribute)).markup("=\"").text(value).markup("\"");
+    }
+    template <typename Number>
+    void numberAttribute(Attribute name, Number value) {
+        attribute(name, std::to_string(static_cast<int>(value)));
+    }
+    template <typename Body>
+    void content(StructureElement kind, const Body& body) {
+        xml_.markup(">\n");
+        ++depth_;
+        body();
+        --depth_;
+        startLine().markup("</").markup(StructureElementName(kind)).markup(">\n");
+    }
+
+    void writeTable(const ObjectDesign& object) {
+        open(object.kind, object.name);
+        numberAttribute(Attribute::CurrentView, View::Datasheet);
+        content(object.kind, [&] {
+            element(StructureElement::Controls, [&] {
+                for (const ControlDesign& control : object.controls)
+                    writeControl(control, {});
+            });
+        });
+    }
+
+    void writeForm(const ObjectDesign& form, View view, DefaultView defaultView) {
+        open(StructureElement::Form, form.name);
+        numberAttribute(Attribute::CurrentView, view);
+        numberAttribute(Attribute::DefaultView, defaultView);
+        numberAttribute(Attribute::HasRecordset, 1);
+        content(StructureElement::Form,
+                [&] { element(StructureElement::Sections, [&] { writeDetail(form); }); });
+    }
+
+    void writeDetail(const ObjectDesign& form) {
+        open(StructureElement::Section, "Detail");
+        attribute(Attribute::Number, kDetailSection);
+        content(StructureElement::Section, [&] {
+            element(StructureElement::Controls, [&] {
+                for (const ControlDesign& control : form.controls)
+                    writeControl(control, kDetailSection);
+                for (const SubformDesign& subform : form.subforms)
+                    writeSubform(subform);
+            });
+        });
+    }
+
+    void writeControl(const ControlDesign& control, std::string_view section) {
+        open(StructureElement::Control, control.name);
+        attribute(Attribute::Caption, control.caption);
+        attribute(Attribute::ControlType, ControlTypeName(control.type));
+        attribute(Attribute::ControlSource, control.column.name);
+        if (!section.empty()) attribute(Attribute::Section, section);
+        if (!control.image.empty()) attribute(Attribute::Image, control.image);
+        xml_.markup("/>\n");
+    }
+
+    void writeSubform(const SubformDesign& subform) {
+        open(StructureElement::Control, subform.name);
+        attribute(Attribute::Caption, subform.caption);
+        attribute(Attribute::ControlType, ControlTypeName(ControlType::Subform));
+        attribute(Attribute::Section, kDetailSection);
+        content(StructureElement::Control,
+                [&] { writeForm(subform.form, View::Datasheet, DefaultView::Datasheet); });
+    }
+
+    XmlStream& xml_;
+    int depth_ = 1;
+};
+
+}  // namespace
+
+void writeStructure(XmlStream& xml, std::span<const ObjectDesign> objects) {
+    StructureWriter writer(xml);
+    writer.element(StructureElement::Structure, [&] {
+        for (const ObjectDesign& object : objects)
+            writer.write(object);
+    });
+}
+
+}  // namespace mergeloom::describe

@@ -1,0 +1,156 @@
+#include "describe/ValueFormat.h"
+
+#include "base/Text.h"
+
+#include <langinfo.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <clocale>
+#include <ctime>
+#include <initializer_list>
+#include <optional>
+
+namespace mergeloom::describe {
+
+namespace {
+
+constexpr std::size_t kDigitsOfGroup = 3;
+constexpr std::size_t kLongestNumber = 400;  ///< digits of the largest double with decimals
+
+std::string formatted(const std::tm& date, const std::string& format) {
+    std::array<char, 128> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), format.c_str(), &date)};
+}
+
+bool hasOwnConventions() {
+    const std::string locale = std::setlocale(LC_TIME, nullptr);
+    return locale != "C" && locale != "POSIX" && !locale.starts_with("C.");
+}
+
+/// Returns the shortest digits that denote the number.
+std::string digitsOf(double number) {
+    std::array<char, kLongestNumber> text{};
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    return {text.data(), end};
+}
+
+std::string digitsOf(double number, int decimals) {
+    std::array<char, kLongestNumber> text{};
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, decimals);
+    return error == std::errc() ? std::string(text.data(), end) : digitsOf(number);
+}
+
+/// Returns false if the text is no number of decimal digits.
+bool readNumber(std::string_view text, double& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+std::optional<bool> readBoolean(std::string_view text) {
+    const auto isOneOf = [text](std::initializer_list<std::string_view> words) {
+        return std::ranges::any_of(
+            words, [text](std::string_view word) { return equalsIgnoringAsciiCase(text, word); });
+    };
+    if (isOneOf({"true", "t", "yes", "y", "1", "-1"})) return true;
+    if (isOneOf({"false", "f", "no", "n", "0"})) return false;
+    return std::nullopt;
+}
+
+void writeBoolean(bool value, ValueText& text) {
+    text.shown = value ? "Yes" : "No";
+    text.stored = value ? "true" : "false";
+}
+
+/// Puts separators between the digits before the decimal point.
+void group(std::string& number, std::size_t point, const std::string& separator) {
+    const std::size_t first = number.starts_with('-') ? 1 : 0;
+    for (std::size_t end = point; end > first + kDigitsOfGroup;) {
+        end -= kDigitsOfGroup;
+        number.insert(end, separator);
+    }
+}
+
+}  // namespace
+
+Conventions conventionsOfLocale() {
+    const std::lconv& numbers = *std::localeconv();
+    Conventions conventions{numbers.decimal_point, numbers.thousands_sep};
+    if (!hasOwnConventions()) return conventions;
+    conventions.date = ::nl_langinfo(D_FMT);
+    conventions.time = ::nl_langinfo(T_FMT);
+    return conventions;
+}
+
+void ValueFormat::write(const Value& value, const Column& column, ValueText& text) const {
+    text.shown.clear();
+    text.stored.clear();
+    switch (value.kind) {
+        case Value::Kind::Integer:
+            return writeInteger(value.integer, column, text);
+        case Value::Kind::Real:
+            if (column.type == ColumnType::Boolean) return writeBoolean(value.real != 0, text);
+            return writeNumber(value.real, digitsOf(value.real), column, text);
+        case Value::Kind::Text:
+            return writeText(value.text, column, text);
+        default:
+            return;
+    }
+}
+
+void ValueFormat::writeInteger(std::int64_t number, const Column& column, ValueText& text) const {
+    if (column.type == ColumnType::Boolean) return writeBoolean(number != 0, text);
+    const std::string digits = std::to_string(number);
+    writeNumber(static_cast<double>(number), digits, column, text);
+}
+
+/// A Decimal shows all its digits, in groups; other numbers show those that they have.
+void ValueFormat::writeNumber(double number, std::string_view digits, const Column& column,
+                              ValueText& text) const {
+    text.stored = digits;
+    const bool isDecimal = column.type == ColumnType::Decimal;
+    text.shown = isDecimal ? digitsOf(number, column.decimals) : text.stored;
+    const std::size_t point = text.shown.find('.');
+    if (point != std::string::npos) text.shown.replace(point, 1, conventions_.decimalPoint);
+    if (isDecimal) group(text.shown, std::min(point, text.shown.size()), conventions_.groupSeparator);
+}
+
+void ValueFormat::writeText(std::string_view value, const Column& column, ValueText& text) const {
+    text.shown = value;
+    text.stored = value;
+    double number = 0;
+    switch (column.type) {
+        case ColumnType::Boolean:
+            if (const std::optional<bool> boolean = readBoolean(value)) writeBoolean(*boolean, text);
+            return;
+        case ColumnType::Decimal:
+        case ColumnType::Real:
+            if (readNumber(value, number)) writeNumber(number, value, column, text);
+            return;
+        case ColumnType::Date:
+        case ColumnType::Time:
+        case ColumnType::DateAndTime:
+            if (const std::optional<IsoDate> date = readIsoDate(value)) {
+                text.stored = date->text();
+                text.shown = shownDate(*date);
+            }
+            return;
+        default:
+            return;
+    }
+}
+
+std::string ValueFormat::shownDate(const IsoDate& date) const {
+    std::string shown = conventions_.date.empty() || date.date.empty()
+                            ? date.date
+                            : formatted(date.fields, conventions_.date);
+    if (date.time.empty()) return shown;
+    if (!shown.empty()) shown += ' ';
+    shown += conventions_.time.empty() ? date.time : formatted(date.fields, conventions_.time);
+    return date.zone.empty() ? shown : shown + ' ' + date.zone;
+}
+
+}  // namespace mergeloom::describe

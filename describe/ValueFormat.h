@@ -1,0 +1,47 @@
+#pragma once
+
+#include "describe/Database.h"
+#include "describe/IsoDate.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::describe {
+
+/// The conventions by which numbers and dates are shown.
+struct Conventions {
+    std::string decimalPoint = ".";
+    std::string groupSeparator{};
+    std::string date{};  ///< a format of strftime; ISO 8601 if empty
+    std::string time{};  ///< likewise
+};
+
+/// Returns the conventions of the process's locale. The C locale has none of its own.
+Conventions conventionsOfLocale();
+
+/// A value as text.
+struct ValueText {
+    std::string shown{};   ///< as a person reads it
+    std::string stored{};  ///< numbers, dates and booleans as XML Schema writes them
+};
+
+/// Writes the values of a database.
+class ValueFormat {
+  public:
+    explicit ValueFormat(Conventions conventions) : conventions_(std::move(conventions)) {}
+
+    /// Replaces the texts. A text in the column of a number or a date that is none stays as it is. Both are
+    /// empty for Null and for Bytes.
+    void write(const Value& value, const Column& column, ValueText& text) const;
+
+  private:
+    void writeInteger(std::int64_t number, const Column& column, ValueText& text) const;
+    void writeText(std::string_view value, const Column& column, ValueText& text) const;
+    void writeNumber(double number, std::string_view digits, const Column& column, ValueText& text) const;
+    [[nodiscard]] std::string shownDate(const IsoDate& date) const;
+
+    Conventions conventions_;
+};
+
+}  // namespace mergeloom::describe
