@@ -33,6 +33,8 @@ std::string optionOf(Task task) {
             return "--convert-fields";
         case Task::Fill:
             return "--fill";
+        case Task::Check:
+            return "--check";
         default:
             return {};
     }
@@ -67,6 +69,8 @@ bool readTask(OptionReader& reader, GnuOptions& options) {
         choose(options, Task::ConvertFields);
     } else if (reader.takeWithValue("--fill", "a template", options.fill.templateFile)) {
         choose(options, Task::Fill);
+    } else if (reader.takeWithValue("--check", "a template", options.checkedFile)) {
+        choose(options, Task::Check);
     } else {
         return false;
     }
@@ -151,12 +155,13 @@ bool isAnsweredAtOnce(Task task) {
 }
 
 bool takesSwitches(Task task) {
-    return task == Task::Map || task == Task::MapAll || task == Task::ListObjects;
+    return task == Task::Map || task == Task::MapAll || task == Task::ListObjects || task == Task::Check;
 }
 
 void refuseWithoutMapping(const GnuOptions& options) {
     const MappingOptions& mapping = options.mapping;
-    const bool choosesObject = options.task == Task::Map || options.task == Task::Fill;
+    const bool choosesObject =
+        options.task == Task::Map || options.task == Task::Fill || options.task == Task::Check;
     if (!mapping.object.empty() && !choosesObject) {
         refuseTogether("--object", optionOf(options.task));
     }
@@ -185,9 +190,10 @@ void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::strin
         refuse("'" + arguments[options.firstArgument] + "' has no meaning behind '" + optionOf(options.task) +
                "'.");
     }
-    const bool lists = options.task == Task::ListPlaces || options.task == Task::ListObjects;
+    const bool lists =
+        options.task == Task::ListPlaces || options.task == Task::ListObjects || options.task == Task::Check;
     if (!lists && options.listFormat == ListFormat::Json) {
-        refuse("Option '--json' needs '--places FILE' or '--list-objects'.");
+        refuse("Option '--json' needs '--places FILE', '--list-objects' or '--check TEMPLATE'.");
     }
     const bool writesOutput = options.task == Task::ConvertFields || options.task == Task::Fill;
     if (!writesOutput && !options.outputFile.empty()) {
@@ -206,6 +212,13 @@ GnuOptions readGnuOptions(std::span<const std::string> arguments) {
         readOption(reader, options);
         options.firstArgument = reader.position();
         if (isAnsweredAtOnce(options.task)) return options;
+    }
+    options.argumentCount = arguments.size();
+    const bool endsInJson = options.task == Task::Check && options.firstArgument < arguments.size() &&
+                            arguments.back() == "--json";
+    if (endsInJson) {
+        options.listFormat = ListFormat::Json;
+        --options.argumentCount;
     }
     refuseWhatHasNoEffect(options, arguments);
     options.fill.output = options.outputFile;
@@ -236,11 +249,13 @@ Makes a Word template or an Excel workbook from a structure document.
   --format EXT        their file extension: dotx, with -excel xltx, if not given
   --list-objects      list the objects of the structure document and end
   --places FILE       list the named places of a document or workbook and end
-  --json              list objects or places as JSON
+  --check TEMPLATE    compare the places of a template with an object and end;
+                      the exit status is 1 when they do not fit
+  --json              list objects, places or differences as JSON
   --convert-fields FILE  make places of a Word document's merge fields and end
   --output FILE       write that document here; without it FILE.bak is kept
 
-  --fill TEMPLATE     fill a Word template with records and end
+  --fill TEMPLATE     fill a Word template or a workbook with records and end
   --data FILE         the structure document that holds the records
   --output FILE       the letter; 'out/{OrderNumber}.docx' writes one for each
                       record, named by the values of its controls

@@ -43,7 +43,7 @@ struct FillOptions {
     std::string onlyWithFill{};  ///< the last given option that only this command has
 };
 
-enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, Fill, ShowHelp, ShowVersion };
+enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, Fill, Check, ShowHelp, ShowVersion };
 enum class OfficeChoice { Embedded, LibreOffice };
 /// The formats of a list.
 enum class ListFormat { Text, Json };
@@ -59,9 +59,11 @@ struct GnuOptions {
     MappingOptions mapping;
     FillOptions fill;
     std::string placesFile;         ///< the document whose places are listed
+    std::string checkedFile;        ///< the template that is compared with an object
     std::string fieldsFile;         ///< the document whose merge fields are converted
     std::string outputFile;         ///< the file for the converted document; empty: in place
     std::size_t firstArgument = 0;  ///< the index of the first argument that is no such option
+    std::size_t argumentCount = 0;  ///< without an option after the switches
 };
 
 /// Reads the options at the beginning of the arguments (without the program's name). Raises

@@ -12,6 +12,7 @@
 #include "app/OfficeSelector.h"
 #include "app/Places.h"
 #include "app/ScopedOffice.h"
+#include "app/TemplateCheck.h"
 #include "app/mCommandLine.h"
 #include "app/modMain.h"
 #include "base/ConsoleOutput.h"
@@ -63,6 +64,7 @@ class Run {
     int listPlaces();
     int convertFields();
     int fill();
+    int check(std::span<const std::string> arguments);
 
   private:
     template <typename Body>
@@ -76,6 +78,7 @@ class Run {
     bool showDesigner(std::span<const std::string> arguments);
     CAutoMapping makeMapping();
     std::vector<Place> readPlaces();
+    std::vector<TemplatePlace> readTemplate();
 
     const GnuOptions& options_;
     const Console& console_;
@@ -211,6 +214,32 @@ int Run::fill() {
     return signal != 0 && status != kSuccess ? kEndedBySignal + signal : status;
 }
 
+int Run::check(std::span<const std::string> arguments) {
+    start(arguments.first(options_.argumentCount));
+    return reportingErrors([this] {
+        MappingSource source{existingXmlFile(), errors_, messages_};
+        const std::vector<DatabaseObject> objects = objectsOf(source);
+        if (objects.empty()) RaiseMappingError(kXmlFileIncorrect);
+        const std::string& name = options_.mapping.object;
+        const DatabaseObject& object = name.empty() ? objects.front() : objectNamed(objects, name);
+        const PlaceScheme scheme =
+            isWorkbookFile(options_.checkedFile) ? PlaceScheme::RangeNames : PlaceScheme::Bookmarks;
+        const std::vector<Finding> findings = checkTemplate(source, object, readTemplate(), scheme);
+        writeFindings(console_.output, findings, object, options_.listFormat);
+        return findings.empty();
+    });
+}
+
+std::vector<TemplatePlace> Run::readTemplate() {
+    const std::string file = fullPath(options_.checkedFile);
+    if (isWorkbookFile(file)) {
+        const ScopedOffice office{office_.startExcel(), errors_};
+        return templatePlacesOf(*office->Workbooks()->Open(file));
+    }
+    const ScopedOffice office{office_.startWord(), errors_};
+    return templatePlacesOf(*office->Documents()->Open(file));
+}
+
 /// Returns the exit status of a command that ends with its own error.
 template <typename Body>
 int Run::reportingErrors(const Body& body) {
@@ -218,6 +247,9 @@ int Run::reportingErrors(const Body& body) {
         return body() ? kSuccess : kFailure;
     } catch (const AutomationError& error) {
         writeConsoleText(console_.errors, error.description());
+        return kFailure;
+    } catch (const MappingRefusal& refusal) {
+        writeConsoleText(console_.errors, refusal.what());
         return kFailure;
     }
 }
@@ -241,6 +273,8 @@ int runTask(const GnuOptions& options, std::span<const std::string> arguments, c
             return Run(options, console, startDesigner).convertFields();
         case Task::Fill:
             return Run(options, console, startDesigner).fill();
+        case Task::Check:
+            return Run(options, console, startDesigner).check(arguments);
         default:
             return Run(options, console, startDesigner).map(arguments);
     }

@@ -4,6 +4,7 @@
 #include "droppers/DropRecord.h"
 #include "droppers/DropRoutes.h"
 #include "droppers/ObjectLayout.h"
+#include "droppers/SpecialPlaces.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modBookmarkAdd.h"
 #include "droppers/modWordNormalizeName.h"
@@ -21,17 +22,14 @@ namespace mergeloom {
 
 namespace {
 
-constexpr int kMaxPlacesOfAKind = 20;
-
 bool isSpecialPlace(DropKind kind) {
     return kind == DropKind::OptionalSpace || kind == DropKind::OptionalCarriageReturn;
 }
 
 /// Returns the first free name of the kind, or an empty text when all are taken.
 std::string freeSpecialName(word::Bookmarks& bookmarks, DropKind kind) {
-    const std::string base = WordNormalizeName(DropKindName(kind), false);
     for (int number = 0; number < kMaxPlacesOfAKind; ++number) {
-        std::string name = base + std::to_string(number);
+        std::string name = specialPlaceName(kind, number);
         if (!bookmarks.Exists(name)) return name;
     }
     return {};

@@ -153,6 +153,26 @@ class PlaceCollector {
     PlaceSources sources_;
 };
 
+/// Calls the visitors for the names of all places and tables of an object, before they are made usable.
+template <typename PlaceVisitor, typename TableVisitor>
+void visitNames(const XmlNodeCollection& xmlNodes, const TreeNode& object, const NameRules& rules,
+                PlaceVisitor onPlace, TableVisitor onTable) {
+    const auto visitControl = [&](const TreeNode& control, const std::string& prefix,
+                                  const ControlPath& path) {
+        const std::string name = rules.nameOfControl(path.back());
+        if (name.empty()) return;
+        for (const ValueKind kind : {ValueKind::Display, ValueKind::Bound})
+            onPlace(std::string(rules.prefix) + placeName(prefix, name, kind), control,
+                    PlaceSource{path, kind});
+    };
+    const auto visitSubform = [&](const TreeNode& subform, const std::string&, const ControlPath& path) {
+        onTable(rules.nameOfTable(subform, path.back()), subform, path);
+    };
+    const std::string objectName = nameOf(elementOf(xmlNodes, &object));
+    onTable(rules.nameOfTable(object, objectName), object, ControlPath{});
+    ControlWalk(xmlNodes, visitControl, visitSubform).walk(object, objectName, {});
+}
+
 }  // namespace
 
 PlaceSources placeSources(const XmlNodeCollection& xmlNodes, const TreeNode& object,
@@ -161,24 +181,32 @@ PlaceSources placeSources(const XmlNodeCollection& xmlNodes, const TreeNode& obj
                           PlaceScheme scheme) {
     const NameRules& rules = rulesOf(scheme);
     PlaceCollector collector{names, rules.normalize};
-    const auto addControl = [&](const TreeNode& control, const std::string& prefix, const ControlPath& path) {
-        const XmlNode element = elementOf(xmlNodes, &control);
-        const std::string image = GetAttributeValue(element, Attribute::Image);
-        const std::string picture = image.empty() ? "" : findPicture(image);
-        const std::string name = rules.nameOfControl(nameOf(element));
-        if (name.empty()) return;
-        for (const ValueKind kind : {ValueKind::Display, ValueKind::Bound}) {
-            collector.addPlace(std::string(rules.prefix) + placeName(prefix, name, kind),
-                               {path, kind, picture});
-        }
+    const auto addPlace = [&](const std::string& name, const TreeNode& control, PlaceSource source) {
+        const std::string image = GetAttributeValue(elementOf(xmlNodes, &control), Attribute::Image);
+        source.image = image.empty() ? "" : findPicture(image);
+        collector.addPlace(name, source);
     };
-    const auto addSubform = [&](const TreeNode& subform, const std::string&, const ControlPath& path) {
-        collector.addTable(rules.nameOfTable(subform, path.back()), path);
+    const auto addTable = [&](const std::string& name, const TreeNode&, const ControlPath& path) {
+        collector.addTable(name, path);
     };
-    const std::string objectName = nameOf(elementOf(xmlNodes, &object));
-    collector.addTable(rules.nameOfTable(object, objectName), {});
-    ControlWalk(xmlNodes, addControl, addSubform).walk(object, objectName, {});
+    visitNames(xmlNodes, object, rules, addPlace, addTable);
     return collector.collect();
+}
+
+PossiblePlaceNames possiblePlaceNames(const XmlNodeCollection& xmlNodes, const TreeNode& object,
+                                      PlaceScheme scheme) {
+    const NameRules& rules = rulesOf(scheme);
+    PossiblePlaceNames names;
+    visitNames(
+        xmlNodes, object, rules,
+        [&](const std::string& name, const TreeNode&, const PlaceSource&) {
+            names.places.push_back(usablePlaceName(name, 0, rules.normalize));
+        },
+        [&](const std::string& name, const TreeNode& node, const ControlPath& path) {
+            names.tables.push_back(usablePlaceName(name, 0, rules.normalize));
+            if (!path.empty() && isBoundSubform(elementOf(xmlNodes, &node))) names.listed.push_back(path);
+        });
+    return names;
 }
 
 std::vector<ControlPath> valuePaths(const XmlNodeCollection& xmlNodes, const TreeNode& object) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -20,6 +21,15 @@ letters::PlaceSources placeSources(const XmlNodeCollection& xmlNodes, const Tree
                                    std::span<const std::string> names,
                                    const std::function<std::string(const std::string& image)>& findPicture,
                                    PlaceScheme scheme = PlaceScheme::Bookmarks);
+
+/// The names that the droppers make of an object's controls and tables, without those of further places.
+struct PossiblePlaceNames {
+    std::vector<std::string> places{};
+    std::vector<std::string> tables{};
+    std::vector<letters::ControlPath> listed{};  ///< the subforms that the droppers make tables of
+};
+PossiblePlaceNames possiblePlaceNames(const XmlNodeCollection& xmlNodes, const TreeNode& object,
+                                      PlaceScheme scheme);
 
 /// Returns the paths of all controls of an object except subforms.
 std::vector<letters::ControlPath> valuePaths(const XmlNodeCollection& xmlNodes, const TreeNode& object);
