@@ -3,7 +3,7 @@
 _mergeloom() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
     local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
-    local options='--object --at --all --format --list-objects --places --json --convert-fields --fill --data --output --one-document --record --records --drop-empty-tables --strict --office= --exit-status --version --help'
+    local options='--object --at --all --format --list-objects --places --check --json --convert-fields --fill --data --output --one-document --record --records --drop-empty-tables --strict --office= --exit-status --version --help'
     local documents='docx|docm|doc|dotx|dotm|dot|pdf|htm|html|rtf|txt|odt|ott|fodt'
     local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|csv|txt|prn|dif|slk|wk1|ots|fods'
     COMPREPLY=()
@@ -17,9 +17,9 @@ _mergeloom() {
 
     case ${prev,,} in
         -xmlfile | /xmlfile | --data) _mergeloom_files 'xml' ;;
-        -template | /template | -usedocument | /usedocument | --places)
+        -template | /template | -usedocument | /usedocument | --places | --check | --fill | --output)
             _mergeloom_files "$documents|$workbooks" ;;
-        -label | /label | --convert-fields | --fill | --output)
+        -label | /label | --convert-fields)
             _mergeloom_files "$documents" ;;
         --office) mapfile -t COMPREPLY < <(compgen -W 'embedded libreoffice' -- "$cur") ;;
         --all) _mergeloom_files '' ;;
