@@ -63,6 +63,50 @@ TEST_F(OneDocument, SectionsStayWithOptionalLinesAndHeaders) {
     EXPECT_THROW(allOf(wordFile(body), {"x", "y"}), AutomationError);
 }
 
+TEST_F(OneDocument, SectionsEndWithTheLastParagraphOfRichText) {
+    const auto letters = compiled(wordFile(paragraph("<w:pPr><w:jc w:val=\"left\"/></w:pPr>" + place("A"))));
+    for (const char* value : {"x", "y"})
+        letters->append({{{.name = "A",
+                           .richText = "<p>" + std::string(value) + "1</p><p>2</p><p>3</p>",
+                           .records = {}}}});
+    files.save("/all.docx", [&](ByteSink& sink) { letters->finish(sink); });
+    std::string shown =
+        replaceAll(betweenTags(bodyXml(files.files["/all.docx"])), "<w:pgNumType w:start=\"1\"/>", "");
+    for (const char* ignored :
+         {"<w:r>", "</w:r>", "<w:t/>", "<w:t>", "</w:t>", "<w:type w:val=\"nextPage\"/>"})
+        shown = replaceAll(shown, ignored, "");
+    const std::string start = "<w:p><w:pPr><w:jc w:val=\"left\"/>";
+    const std::string section = "<w:sectPr></w:sectPr>";
+    EXPECT_EQ(shown, start + "</w:pPr>x1</w:p>" + start + "</w:pPr>2</w:p>" + start + section +
+                         "</w:pPr>3</w:p>" + start + "</w:pPr>y1</w:p>" + start + "</w:pPr>2</w:p>" + start +
+                         "</w:pPr>3</w:p>" + section);
+}
+
+TEST_F(OneDocument, CommentsWithPlacesAreThoseOfTheirRecords) {
+    const std::string body =
+        paragraph("<w:commentRangeStart w:id=\"3\"/>" + run("t") + "<w:commentRangeEnd w:id=\"3\"/>" +
+                  inRun("<w:commentReference w:id=\"3\"/>") + place("B"));
+    opc::Package package = opc::Package::read(wordFile(body), "comments.docx");
+    package.addPart("/word/comments.xml",
+                    "application/vnd.openxmlformats-officedocument.wordprocessingml.comments+xml",
+                    "<w:comments xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">"
+                    "<w:comment w:id=\"3\" w:author=\"a\">" +
+                        paragraph(place("A")) + "</w:comment></w:comments>");
+    package.relationshipsOf(kMainPart).addPart(
+        opc::officeRelationshipType("comments", opc::Conformance::Transitional), "/word/comments.xml");
+    const std::string all = allOf(packageBytes(package), {"x", "y"});
+    const std::string comments = opc::Package::read(all, "all.docx").readPart("/word/comments.xml");
+    const std::string xml = bodyXml(all);
+    for (const auto& [id, value] : {std::pair("3", "x"), {"1003", "y"}}) {
+        const std::string attribute = std::string("w:id=\"") + id + "\"";
+        for (const char* mark : {"<w:commentRangeStart ", "<w:commentRangeEnd ", "<w:commentReference "})
+            EXPECT_NE(xml.find(mark + attribute + "/>"), std::string::npos) << mark << id;
+        EXPECT_NE(comments.find("<w:comment " + attribute + " w:author=\"a\"><w:p><w:r><w:t>" + value),
+                  std::string::npos)
+            << comments;
+    }
+}
+
 TEST_F(OneDocument, IdsAndNamesStayUnique) {
     const std::string drawing = inRun("<w:drawing><wp:inline><wp:docPr id=\"4\"/></wp:inline></w:drawing>");
     const std::string comment = "<w:commentRangeStart w:id=\"1\"/>" + run("t") +

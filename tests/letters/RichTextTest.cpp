@@ -51,6 +51,40 @@ TEST_F(LetterRichText, FormattingJoinsThatOfThePlace) {
         << xml;
 }
 
+/// What belongs to one paragraph only stays with its first or its last part, and is joined again.
+TEST_F(LetterRichText, ParagraphsThatAreAddedDoNotRepeatSectionsAndPageBreaks) {
+    const std::string list = "<w:numPr><w:numId w:val=\"1\"/></w:numPr>";
+    const std::string section = "<w:sectPr><w:pgSz w:w=\"5\"/></w:sectPr>";
+    const std::string file = wordFile(
+        paragraph("<w:pPr><w:pageBreakBefore/>" + list + section + "</w:pPr>" + place("A") + run(".")) +
+        paragraph(place("B")));
+    takes("B", {{"B"}});
+    const std::string letter = letterOf(*compiled(file), {rich("<p>1</p><p>2</p><p>3</p>")});
+    std::string shown = bodyXml(letter);
+    for (const char* ignored : {"<w:r>", "</w:r>", "<w:t/>", "<w:t>", "</w:t>"})
+        shown = replaceAll(shown, ignored, "");
+    EXPECT_NE(shown.find("<w:p><w:pPr><w:pageBreakBefore/>" + list + "</w:pPr>"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("1</w:p><w:p><w:pPr>" + list + "</w:pPr>2</w:p><w:p><w:pPr>" + list + section +
+                         "</w:pPr>3"),
+              std::string::npos)
+        << shown;
+    EXPECT_EQ(bodyXml(letterOf(*compiled(letter), {rich("x")})),
+              bodyXml(letterOf(*compiled(file), {rich("x")})));
+}
+
+TEST_F(LetterRichText, TwoPlacesOfOneParagraphAreJoinedAgain) {
+    takes("B", {{"B"}});
+    const std::string file = wordFile(paragraph(place("A") + run("-") + place("B")) + paragraph(""));
+    const auto both = [](const std::string& html) {
+        return Record{
+            {{.name = "A", .richText = html, .records = {}}, {.name = "B", .richText = html, .records = {}}}};
+    };
+    const std::string letter = letterOf(*compiled(file), {both("<p>1</p><p>2</p>")});
+    EXPECT_EQ(shownBody(letter), "[A:1\n2]-[B:1\n2]\n\n");
+    EXPECT_EQ(bodyXml(letterOf(*compiled(letter), {both("x")})),
+              bodyXml(letterOf(*compiled(file), {both("x")})));
+}
+
 TEST_F(LetterRichText, BrokenTextIsToldAndFilledLettersAreFilledAgain) {
     const std::string file = wordFile(paragraph(place("A", "<w:i/>")) + paragraph(""));
     const auto letters = compiled(file);

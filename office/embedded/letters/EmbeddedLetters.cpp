@@ -112,8 +112,13 @@ class EmbeddedLetters final : public letters::Letters {
             if (isLinked) noteLinks(package, names.front().name, name);
         }
         for (const auto& [name, kind] : names) {
+            const bool hasOwn = isForAll && kind == PartKind::Comments && hasPlaces(package.readPart(name));
+            context_.repeatsComments = context_.repeatsComments || hasOwn;
+        }
+        for (const auto& [name, kind] : names) {
             const std::string xml = package.readPart(name);
-            const bool hasSections = isForAll && (kind == PartKind::Body || kind == PartKind::Notes);
+            const bool hasSections = isForAll && kind != PartKind::HeaderOrFooter &&
+                                     (kind != PartKind::Comments || context_.repeatsComments);
             if (!hasSections && !hasPlaces(xml)) continue;
             const std::unique_ptr<opc::XmlPart> part = opc::XmlPart::parse(xml, name, package.fileName());
             parts_.push_back(cutPart(context_, *part, kind));

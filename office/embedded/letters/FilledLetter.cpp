@@ -1,7 +1,7 @@
 #include "office/embedded/letters/FilledLetter.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/text/TableEditor.h"
+#include "office/embedded/letters/ParagraphXml.h"
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
 
@@ -36,6 +36,9 @@ class PartRestoration {
             part_.detach(row);
         for (const pugi::xml_node mark : addedMarks_)
             part_.detach(mark);
+        // From the last on, since two places may have split one paragraph.
+        for (auto split = split_.rbegin(); split != split_.rend(); ++split)
+            joinParagraphs(part_, split->first, split->second);
         const bool isChanged = !addedMarks_.empty() || filledRuns_ > 0;
         part_.setDirty(isChanged);
     }
@@ -60,7 +63,7 @@ class PartRestoration {
             case WordTag::Run:
                 return fillKeeper(node);
             case WordTag::Paragraph:
-                afterStart_ = false;
+                startsBefore_.clear();
                 return;
             default:
                 return;
@@ -68,7 +71,7 @@ class PartRestoration {
     }
 
     void enterStart(pugi::xml_node node) {
-        afterStart_ = true;
+        startsBefore_.push_back(names_.value(node, "id"));
         if (!std::string_view(names_.value(node, "name")).starts_with(kAddedRowsName)) return;
         openAdded_[names_.value(node, "id")] = true;
         addedMarks_.push_back(node);
@@ -76,6 +79,7 @@ class PartRestoration {
         if (!openRows_.empty() && !openRows_.back().hasText) openRows_.back().isAdded = true;
     }
     void enterEnd(pugi::xml_node node) {
+        noteSplit(node);
         if (openAdded_.erase(names_.value(node, "id")) == 0) return;
         addedMarks_.push_back(node);
         // Word moves the mark into the first cell of the row that follows.
@@ -85,11 +89,26 @@ class PartRestoration {
     void fillKeeper(pugi::xml_node run) {
         if (!openRows_.empty()) openRows_.back().hasText = true;
         const pugi::xml_node text = names_.child(run, WordTag::TextElement);
-        if (afterStart_ && text && !text.first_child() && text == run.last_child()) {
+        if (!startsBefore_.empty() && text && !text.first_child() && text == run.last_child()) {
             pugi::xml_node(text).append_child(pugi::node_pcdata).set_value(kKeptPlace);
             ++filledRuns_;
+            for (const std::string& id : startsBefore_)
+                filledStarts_[id] = run.parent();
         }
-        afterStart_ = false;
+        startsBefore_.clear();
+    }
+
+    /// Notes the paragraphs of a place whose rich text split its paragraph.
+    void noteSplit(pugi::xml_node end) {
+        const auto start = filledStarts_.find(names_.value(end, "id"));
+        if (start == filledStarts_.end()) return;
+        const pugi::xml_node first = start->second;
+        const pugi::xml_node last = end.parent();
+        filledStarts_.erase(start);
+        const bool areParagraphs =
+            names_.tagOf(first) == WordTag::Paragraph && names_.tagOf(last) == WordTag::Paragraph;
+        if (areParagraphs && first != last && first.parent() == last.parent())
+            split_.emplace_back(first, last);
     }
 
     void leaveRow(pugi::xml_node row) {
@@ -109,7 +128,11 @@ class PartRestoration {
     std::vector<OpenRow> openRows_;
     std::vector<pugi::xml_node> addedRows_;
     std::vector<pugi::xml_node> addedMarks_;
-    bool afterStart_ = false;
+    /// The ids of the bookmarks that start directly before the next run of the paragraph.
+    std::vector<std::string> startsBefore_;
+    /// The paragraphs of places that begin with an empty run, by the ids of their bookmarks.
+    std::map<std::string, pugi::xml_node> filledStarts_;
+    std::vector<std::pair<pugi::xml_node, pugi::xml_node>> split_;
     int filledRuns_ = 0;
 };
 

@@ -42,6 +42,7 @@ void LetterRenderer::render(CutPart& part, Pieces& pieces, std::span<const Recor
                             std::string& xml) {
     part_ = &part;
     xml_ = &xml;
+    sectionStart_ = sectionEnd_ = 0;
     records_ = records;
     levels_.assign(1, &records.front());
     append(pieces);
@@ -76,6 +77,9 @@ void LetterRenderer::append(Pieces& pieces) {
                 break;
             case Piece::Kind::Section:
                 append(piece.inside);
+                break;
+            case Piece::Kind::ParagraphSection:
+                appendParagraphSection(piece);
                 break;
             case Piece::Kind::SectionBreak:
                 if (!isLast_) append(piece.inside);
@@ -166,10 +170,37 @@ void LetterRenderer::appendValue(Piece& piece) {
     }
 }
 
+void LetterRenderer::appendParagraphSection(Piece& piece) {
+    sectionStart_ = xml_->size();
+    append(piece.inside);
+    sectionEnd_ = xml_->size();
+}
+
+/// Removes the properties of the section that the open paragraph ends, and returns them.
+std::string LetterRenderer::takeParagraphSection() {
+    const bool isEarlier = sectionEnd_ > xml_->size() ||
+                           xml_->find("</" + part_->prefix + "p>", sectionEnd_) != std::string::npos;
+    if (isEarlier || sectionStart_ == sectionEnd_) return {};
+    std::string section = xml_->substr(sectionStart_, sectionEnd_ - sectionStart_);
+    xml_->erase(sectionStart_, section.size());
+    sectionEnd_ = sectionStart_;
+    return section;
+}
+
+void LetterRenderer::appendParagraphs(const std::vector<RichParagraph>& paragraphs,
+                                      const PlaceFormat& format) {
+    const bool isSplit = format.canSplit && paragraphs.size() > 1;
+    const std::string section = isSplit ? takeParagraphSection() : std::string();
+    const std::size_t end = appendRichText(*xml_, paragraphs, format, section);
+    if (section.empty()) return;
+    sectionEnd_ = end;
+    sectionStart_ = end - section.size();
+}
+
 void LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat& format) {
     const auto paragraphs = readRichText(control.richText);
     if (paragraphs) {
-        appendRichText(*xml_, *paragraphs, format);
+        appendParagraphs(*paragraphs, format);
     } else {
         remarks_.insert("The rich text of " + control.name + " is broken; its plain text was taken.");
         const std::string& shown = control.shownText();

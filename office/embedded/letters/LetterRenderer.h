@@ -4,6 +4,7 @@
 #include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Piece.h"
+#include "office/embedded/letters/RichText.h"
 
 #include <cstdint>
 #include <map>
@@ -44,6 +45,9 @@ class LetterRenderer {
     void appendValue(Piece& piece);
     /// Appends rich text, or its plain text if the markup is malformed.
     void appendRich(const RecordControl& control, const PlaceFormat& format);
+    void appendParagraphs(const std::vector<RichParagraph>& paragraphs, const PlaceFormat& format);
+    void appendParagraphSection(Piece& piece);
+    std::string takeParagraphSection();
     void appendLabel(Piece& piece);
     void appendOptional(Piece& piece);
     void appendPicture(Piece& piece);
@@ -72,6 +76,9 @@ class LetterRenderer {
     std::int64_t section_ = 0;
     std::map<std::string, std::string> links_;
     std::int64_t addedRows_ = 0;
+    // The last section's properties inside of a paragraph, as positions in the XML.
+    std::size_t sectionStart_ = 0;
+    std::size_t sectionEnd_ = 0;
     std::set<std::string> remarks_;
 };
 

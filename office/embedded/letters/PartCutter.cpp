@@ -57,6 +57,8 @@ class Cutter {
                                         .number = token.number});
             case TokenKind::SectionStart:
                 return open_.push_back({.kind = Piece::Kind::Section});
+            case TokenKind::ParagraphSectionStart:
+                return open_.push_back({.kind = Piece::Kind::ParagraphSection});
             case TokenKind::PictureStart:
                 open_.push_back(valuePiece(token.number));
                 open_.back().kind = Piece::Kind::Picture;
@@ -73,6 +75,7 @@ class Cutter {
             case TokenKind::PictureEnd:
             case TokenKind::LabelEnd:
             case TokenKind::SectionEnd:
+            case TokenKind::ParagraphSectionEnd:
                 return close();
             case TokenKind::Once:
                 return add({.kind = Piece::Kind::Once, .xml = prepared_.onceXml().at(token.number)});

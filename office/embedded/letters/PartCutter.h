@@ -43,6 +43,8 @@ struct CuttingContext {
     PictureParts pictures{package};
     /// The ids of relationships to headers and footers that contain places.
     std::set<std::string> linkedParts{};
+    /// True if comments contain places, so that each record has comments of its own.
+    bool repeatsComments = false;
     std::size_t labelsPerSheet = 0;  ///< 0 for a document that is no sheet of labels
     std::vector<std::string> refusals{};
     bool listsRecords = false;

@@ -2,6 +2,7 @@
 
 #include "base/Paths.h"
 #include "office/embedded/letters/LabelSheet.h"
+#include "office/embedded/letters/ParagraphXml.h"
 #include "office/embedded/letters/PictureReplacement.h"
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/text/Story.h"
@@ -118,8 +119,12 @@ void PartPreparation::markValue(pugi::xml_node text, std::size_t number) {
     format.canSplit = run.parent() == paragraph;
     for (const pugi::xml_node property : names_.child(run, WordTag::RunProperties).children())
         format.runProperties.emplace_back(opc::localName(property), xmlOf(property));
-    if (const pugi::xml_node properties = names_.child(paragraph, WordTag::ParagraphProperties))
-        format.paragraphProperties = xmlOf(properties);
+    if (const pugi::xml_node properties = names_.child(paragraph, WordTag::ParagraphProperties)) {
+        format.paragraphProperties = addedParagraphProperties(properties, names_);
+        const pugi::xml_node section = names_.child(properties, WordTag::SectionProperties);
+        const bool isMarked = section && section.previous_sibling().type() == pugi::node_pcdata;
+        if (section && !isMarked) markParagraphSection(section);
+    }
     if (!format.isWholeRun) return;
     insertBefore(text, {TokenKind::Value, number});
     part_.detach(text);
@@ -303,6 +308,8 @@ void PartPreparation::makeRepeatable(pugi::xml_node node) {
         const bool isComment = isCommentMark(opc::localName(child));
         if (!isForAll && !isRepeated(child)) {
             makeRepeatable(child);
+        } else if (isComment && context_.repeatsComments) {
+            markId(child.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
         } else if (isComment) {
             markOnce(child);
         } else {

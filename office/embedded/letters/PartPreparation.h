@@ -67,6 +67,7 @@ class PartPreparation {
     void markPartLinks(pugi::xml_node below);
     void markId(pugi::xml_attribute attribute, TokenKind kind);
     void markSectionBreak(pugi::xml_node body, pugi::xml_node section);
+    void markParagraphSection(pugi::xml_node section);
 
     static std::string xmlOf(pugi::xml_node node);
     static void insertBefore(pugi::xml_node node, const Token& token);

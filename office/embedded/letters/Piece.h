@@ -19,9 +19,10 @@ struct PlaceFormat {
     std::string attributePrefix = "w:";  ///< of its attributes
     /// The children of the run's properties: their local names and their XML.
     std::vector<std::pair<std::string, std::string>> runProperties{};
-    std::string paragraphProperties{};  ///< the whole element, or empty
-    bool isWholeRun = true;             ///< false in the code of a field, which contains only text
-    bool canSplit = true;               ///< true if the paragraph can be split at the place
+    /// The properties of the paragraphs that rich text adds after the first: the whole element, or empty.
+    std::string paragraphProperties{};
+    bool isWholeRun = true;  ///< false in the code of a field, which contains only text
+    bool canSplit = true;    ///< true if the paragraph can be split at the place
 };
 
 /// A value of the current record of one level. The letter's own record is level 0, and each enclosing table
@@ -43,10 +44,13 @@ struct Piece {
         Optional,      ///< XML that is omitted if a value beside it is empty
         Picture,       ///< a drawing with the picture of a place
         Label,         ///< the content of the label with that number
-        NoteId,        ///< the id of a note, which differs between sections
+        NoteId,        ///< the id of a note or a comment, which differs between sections
         PartLink,      ///< the relationship to a header or footer, which differs between sections
         Section,       ///< the section of a record
         SectionBreak,  ///< the properties of a section, except of the last one
+        /// The properties of a section in a paragraph. If rich text splits the paragraph, its last part gets
+        /// them.
+        ParagraphSection,
     };
 
     Kind kind = Kind::Fixed;

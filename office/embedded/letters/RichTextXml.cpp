@@ -38,20 +38,21 @@ void set(Properties& properties, const std::string& name, std::string xml) {
 
 class RichTextWriter {
   public:
-    RichTextWriter(std::string& xml, const PlaceFormat& format) : xml_(xml), format_(format) {}
+    RichTextWriter(std::string& xml, const PlaceFormat& format, const std::string& section)
+        : xml_(xml), format_(format), section_(section) {}
 
-    void write(const std::vector<RichParagraph>& paragraphs) {
+    std::size_t write(const std::vector<RichParagraph>& paragraphs) {
         // Preserves the formatting of the place for the next filling.
         appendRunContent(xml_, "", format_.prefix);
-        bool isFirst = true;
         for (const RichParagraph& paragraph : paragraphs) {
-            if (!isFirst) endParagraph();
-            isFirst = false;
+            const bool isLast = &paragraph == &paragraphs.back();
+            if (&paragraph != &paragraphs.front()) startParagraph(isLast ? section_ : "");
             appendMarker(paragraph);
             for (const RichRun& run : paragraph.runs)
                 appendRun(run.text, run.font);
         }
         if (!isInRun_) startRun({});
+        return sectionEnd_;
     }
 
   private:
@@ -83,14 +84,29 @@ class RichTextWriter {
         appendRunContent(xml_, text, format_.prefix);
     }
 
-    void endParagraph() {
+    void startParagraph(std::string_view section) {
         if (!format_.canSplit) {
             if (!isInRun_) startRun({});
             xml_ += element("br");
             return;
         }
         endRun();
-        xml_ += "</" + format_.prefix + "p><" + format_.prefix + "p>" + format_.paragraphProperties;
+        xml_ += "</" + format_.prefix + "p><" + format_.prefix + "p>";
+        appendParagraphProperties(section);
+    }
+
+    void appendParagraphProperties(std::string_view section) {
+        if (section.empty()) {
+            xml_ += format_.paragraphProperties;
+            return;
+        }
+        const std::string end = "</" + format_.prefix + "pPr>";
+        const std::string& properties = format_.paragraphProperties;
+        xml_ += properties.empty() ? "<" + format_.prefix + "pPr>"
+                                   : properties.substr(0, properties.size() - end.size());
+        xml_ += section;
+        sectionEnd_ = xml_.size();
+        xml_ += end;
     }
 
     void appendMarker(const RichParagraph& paragraph) {
@@ -127,14 +143,16 @@ class RichTextWriter {
 
     std::string& xml_;
     const PlaceFormat& format_;
+    const std::string& section_;
+    std::size_t sectionEnd_ = 0;
     bool isInRun_ = true;
 };
 
 }  // namespace
 
-void appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
-                    const PlaceFormat& format) {
-    RichTextWriter(xml, format).write(paragraphs);
+std::size_t appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
+                           const PlaceFormat& format, const std::string& section) {
+    return RichTextWriter(xml, format, section).write(paragraphs);
 }
 
 }  // namespace mergeloom::embedded

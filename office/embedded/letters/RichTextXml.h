@@ -3,14 +3,16 @@
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/RichText.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace mergeloom::embedded {
 
 /// Appends rich text with the formatting of its place. The XML starts and ends inside a run. Paragraphs
-/// become lines if the paragraph of the place cannot be split there.
-void appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
-                    const PlaceFormat& format);
+/// become lines if the paragraph of the place cannot be split there; otherwise the last of them ends the
+/// given section. Returns the position in the XML after the properties of that section.
+std::size_t appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
+                           const PlaceFormat& format, const std::string& section);
 
 }  // namespace mergeloom::embedded

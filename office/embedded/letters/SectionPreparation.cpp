@@ -51,7 +51,7 @@ void PartPreparation::checkFirstHeaders(pugi::xml_node firstSection, pugi::xml_n
 
 void PartPreparation::markSections() {
     if (kind_ == PartKind::Body) markBodySections();
-    if (kind_ == PartKind::Notes) markNotes();
+    if (kind_ == PartKind::Notes || kind_ == PartKind::Comments) markNotes();
 }
 
 void PartPreparation::markNotes() {
@@ -131,6 +131,13 @@ void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node secti
     pugi::xml_node text = change ? properties.insert_child_before(pugi::node_pcdata, change)
                                  : properties.append_child(pugi::node_pcdata);
     text.set_value(token.text().c_str());
+    markParagraphSection(text);
+}
+
+/// Marks the properties of a section, which end a paragraph, as those of its last part.
+void PartPreparation::markParagraphSection(pugi::xml_node section) {
+    insertBefore(section, {TokenKind::ParagraphSectionStart, 0});
+    insertAfter(section, {TokenKind::ParagraphSectionEnd, 0});
 }
 
 }  // namespace mergeloom::embedded

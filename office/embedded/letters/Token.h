@@ -9,24 +9,26 @@ namespace mergeloom::embedded {
 
 /// The kinds of tokens.
 enum class TokenKind : char {
-    Value = 'V',          ///< the text of a place
-    RowsStart = 'R',      ///< the start of the pattern rows of a table
-    RowsEnd = 'r',        ///< their end
-    TableStart = 'T',     ///< a table that lists records
-    TableEnd = 't',       ///< its end
-    Once = 'O',           ///< XML that is written only in the first repetition
-    Id = 'I',             ///< an id that must be unique
-    OptionalStart = 'B',  ///< text that is omitted if a value beside it is empty
-    OptionalEnd = 'b',    ///< its end
-    PictureStart = 'P',   ///< a picture that a record may replace
-    PictureEnd = 'p',     ///< its end
-    LabelStart = 'A',     ///< the content of a label
-    LabelEnd = 'a',       ///< its end
-    NoteId = 'N',         ///< the id of a footnote or an endnote
-    PartLink = 'L',       ///< the relationship to a header or a footer
-    SectionStart = 'D',   ///< the section of a record
-    SectionEnd = 'd',     ///< its end
-    SectionBreak = 'S',   ///< the properties of a section, except of the last one
+    Value = 'V',                  ///< the text of a place
+    RowsStart = 'R',              ///< the start of the pattern rows of a table
+    RowsEnd = 'r',                ///< their end
+    TableStart = 'T',             ///< a table that lists records
+    TableEnd = 't',               ///< its end
+    Once = 'O',                   ///< XML that is written only in the first repetition
+    Id = 'I',                     ///< an id that must be unique
+    OptionalStart = 'B',          ///< text that is omitted if a value beside it is empty
+    OptionalEnd = 'b',            ///< its end
+    PictureStart = 'P',           ///< a picture that a record may replace
+    PictureEnd = 'p',             ///< its end
+    LabelStart = 'A',             ///< the content of a label
+    LabelEnd = 'a',               ///< its end
+    NoteId = 'N',                 ///< the id of a footnote, an endnote or a comment
+    PartLink = 'L',               ///< the relationship to a header or a footer
+    SectionStart = 'D',           ///< the section of a record
+    SectionEnd = 'd',             ///< its end
+    SectionBreak = 'S',           ///< the properties of a section, except of the last one
+    ParagraphSectionStart = 'E',  ///< the properties of a section that ends with a paragraph of values
+    ParagraphSectionEnd = 'e',    ///< their end
 };
 
 /// The first character of every token, a noncharacter (U+FDD0).
