@@ -207,6 +207,16 @@ std::vector<std::string> FillCommand::differences() const {
     add("Places that no control of " + object_->Text() + " makes: ", unknownFields_);
     add("Data without a place: ", unplaced);
     add("Names that several controls make: ", places_.ambiguous);
+    std::vector<std::string> firsts;
+    for (const ControlPath& path : letters_->firstRecordsOnly()) {
+        if (seen_.mostRecords(path) > 1) firsts.push_back(nameOf(path));
+    }
+    std::vector<std::string> rowless;
+    for (const ControlPath& path : letters_->tablesWithoutRows()) {
+        if (seen_.mostRecords(path) > 0) rowless.push_back(nameOf(path));
+    }
+    add("Only the first record is shown, since a place is in no row that repeats: ", firsts);
+    add("Tables without a row that repeats: ", rowless);
     return texts;
 }
 

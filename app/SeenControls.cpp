@@ -8,10 +8,11 @@ void SeenControls::note(const Record& record) {
     for (std::size_t position = 0; position < record.controls.size(); ++position) {
         const RecordControl& control = record.controls[position];
         Seen& seen = seenAt(position, control.name);
-        for (const Record& row : control.records) {
-            if (!seen.rows) seen.rows = std::make_unique<SeenControls>();
+        const bool isSubform = control.isSubform || !control.records.empty();
+        if (isSubform && !seen.rows) seen.rows = std::make_unique<SeenControls>();
+        seen.mostRecords = std::max(seen.mostRecords, control.records.size());
+        for (const Record& row : control.records)
             seen.rows->note(row);
-        }
     }
 }
 
@@ -23,15 +24,31 @@ SeenControls::Seen& SeenControls::seenAt(std::size_t position, const std::string
     return controls_.emplace_back(Seen{name});
 }
 
-bool SeenControls::has(const letters::ControlPath& path) const {
+const SeenControls::Seen* SeenControls::find(const letters::ControlPath& path) const {
     const SeenControls* level = this;
+    const Seen* seen = nullptr;
     for (const std::string& name : path) {
-        if (level == nullptr) return false;
+        if (level == nullptr) return nullptr;
         const auto found = std::ranges::find(level->controls_, name, &Seen::name);
-        if (found == level->controls_.end()) return false;
+        if (found == level->controls_.end()) return nullptr;
+        seen = &*found;
         level = found->rows.get();
     }
-    return true;
+    return seen;
+}
+
+bool SeenControls::has(const letters::ControlPath& path) const {
+    if (find(path) != nullptr) return true;
+    for (auto around = path; !around.empty(); around.pop_back()) {
+        const Seen* const seen = find(around);
+        if (seen != nullptr && seen->rows && seen->mostRecords == 0) return true;
+    }
+    return false;
+}
+
+std::size_t SeenControls::mostRecords(const letters::ControlPath& path) const {
+    const Seen* const seen = find(path);
+    return seen == nullptr ? 0 : seen->mostRecords;
 }
 
 std::vector<letters::ControlPath> SeenControls::values() const {

@@ -3,6 +3,7 @@
 #include "base/Record.h"
 #include "office/model/letters/PlaceSource.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,6 +15,9 @@ class SeenControls {
   public:
     void note(const Record& record);
 
+    /// Returns the greatest number of records of a subform in one record around it.
+    [[nodiscard]] std::size_t mostRecords(const letters::ControlPath& path) const;
+    /// Returns true if any record has the control, or has a subform around it without records.
     [[nodiscard]] bool has(const letters::ControlPath& path) const;
     /// Returns the paths of the controls in the order in which they were seen. Subforms themselves are
     /// omitted.
@@ -23,8 +27,10 @@ class SeenControls {
     struct Seen {
         std::string name;
         std::unique_ptr<SeenControls> rows{};  ///< of a subform
+        std::size_t mostRecords = 0;
     };
 
+    [[nodiscard]] const Seen* find(const letters::ControlPath& path) const;
     Seen& seenAt(std::size_t position, const std::string& name);
     void collect(const letters::ControlPath& path, std::vector<letters::ControlPath>& paths) const;
 

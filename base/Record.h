@@ -17,6 +17,7 @@ struct RecordControl {
     std::string richText{};      ///< the small HTML of a rich text field
     std::string plainText{};     ///< the same without its markup
     std::string image{};         ///< the path of a picture
+    bool isSubform = false;      ///< true for a control with records, even if there are none
     /// The records of a subform. Has no initializer, since the type Record is incomplete here.
     std::vector<Record> records;
 

@@ -17,6 +17,8 @@ RecordBuilder::Kind RecordBuilder::kindOf(std::string_view localName) const {
     const Kind around = innerKind();
     if (around == Kind::Rich || around == Kind::Markup) return Kind::Markup;
     switch (structureElementOf(localName)) {
+        case StructureElement::Records:
+            return Kind::Records;
         case StructureElement::Record:
             return Kind::Record;
         case StructureElement::Control:
@@ -39,10 +41,12 @@ RecordBuilder::Kind RecordBuilder::kindOf(std::string_view localName) const {
 void RecordBuilder::startElement(std::string_view localName) {
     size_ += kSmallestElement;
     const Kind kind = kindOf(localName);
+    if (kind == Kind::Records && innerKind() == Kind::Control) controls_.back().isSubform = true;
     if (!elements_.empty()) elements_.back().hasElements = true;
     elements_.push_back({kind});
     switch (kind) {
         case Kind::Other:
+        case Kind::Records:
             return;
         case Kind::Record:
             records_.emplace_back();
@@ -74,7 +78,9 @@ void RecordBuilder::addAttribute(std::string_view localName, std::string_view va
 void RecordBuilder::addText(std::string_view text) {
     size_ += text.size();
     const Kind kind = innerKind();
-    if (kind == Kind::Other || kind == Kind::Record || kind == Kind::Control) return;
+    const bool isContainer =
+        kind == Kind::Other || kind == Kind::Records || kind == Kind::Record || kind == Kind::Control;
+    if (isContainer) return;
     if (kind == Kind::Markup) closeStartTag();
     values_.back() += text;
 }
@@ -84,6 +90,7 @@ void RecordBuilder::endElement() {
     elements_.pop_back();
     switch (element.kind) {
         case Kind::Other:
+        case Kind::Records:
             return;
         case Kind::Record:
             return finishRecord();

@@ -109,6 +109,42 @@ TEST_F(FillTest, EndsAfterALetterWhenItIsStopped) {
     EXPECT_FALSE(memory.fileExists("/one.docx"));
 }
 
+/// Records of a subform never go missing in silence.
+TEST_F(FillTest, RecordsWithoutARowAreTold) {
+    const std::string line = "<Record><Control Name='L'><DisplayValue>x</DisplayValue></Control></Record>";
+    const std::string place =
+        "<w:bookmarkStart w:id=\"1\" w:name=\"SL\"/><w:r><w:t>SL</w:t></w:r>"
+        "<w:bookmarkEnd w:id=\"1\"/>";
+    const std::string table =
+        "<w:bookmarkStart w:id=\"2\" w:name=\"S\"/><w:tbl><w:tr><w:tc><w:p/></w:tc></w:tr>"
+        "</w:tbl><w:bookmarkEnd w:id=\"2\"/>";
+    struct Case {
+        std::string records;
+        std::string body;
+        std::string told;
+    };
+    const std::string firstOnly =
+        "Only the first record is shown, since a place is in no row that repeats: S.";
+    const std::string noRow = "Tables without a row that repeats: S.";
+    const std::vector<Case> cases{
+        {line + line, "<w:p>" + place + "</w:p>", firstOnly + "\nNothing was written."},
+        {line, "<w:p>" + place + "</w:p>", "1 record filled into 1 file."},
+        {"", "<w:p>" + place + "</w:p>", "1 record filled into 1 file."},
+        {line, table + "<w:p>" + place + "</w:p>", noRow + "\nNothing was written."},
+        {"", table + "<w:p>" + place + "</w:p>", "1 record filled into 1 file."}};
+    options.dataFile = folder / "data.xml";
+    options.output = "/out.docx";
+    options.strictness = Strictness::RefusesDifferences;
+    for (const Case& c : cases) {
+        memory.files = {{"/t.docx", wordFile(c.body)}};
+        folder.put("data.xml",
+                   "<db><Form Name='F'><Control Name='S' ControlType='Subform'><Form Name='G'>"
+                   "<Control Name='L'/></Form></Control></Form><Data><Record><Control Name='S'><Records>" +
+                       c.records + "</Records></Control></Record></Data></db>");
+        EXPECT_THAT(fill(memory), HasSubstr(c.told)) << c.records << c.body;
+    }
+}
+
 TEST_F(FillTest, OtherFormatsAreConverted) {
     writeRecords(1);
     options.output = "/letter.pdf";

@@ -58,6 +58,12 @@ class EmbeddedLetters final : public letters::Letters {
         return sources;
     }
     [[nodiscard]] bool listsRecords() const override { return context_.listsRecords; }
+    [[nodiscard]] std::vector<letters::ControlPath> firstRecordsOnly() const override {
+        return {context_.firstRecordsOnly.begin(), context_.firstRecordsOnly.end()};
+    }
+    [[nodiscard]] std::vector<letters::ControlPath> tablesWithoutRows() const override {
+        return {context_.tablesWithoutRows.begin(), context_.tablesWithoutRows.end()};
+    }
     [[nodiscard]] std::vector<std::string> remarks() const override {
         return {renderer_->remarks().begin(), renderer_->remarks().end()};
     }

@@ -64,7 +64,7 @@ void LetterRenderer::append(Pieces& pieces) {
                 appendRows(piece);
                 break;
             case Piece::Kind::Table:
-                if (keepsTable(piece)) append(piece.inside);
+                appendTable(piece);
                 break;
             case Piece::Kind::Optional:
                 appendOptional(piece);
@@ -237,8 +237,23 @@ const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
     }
 }
 
+void LetterRenderer::appendTable(Piece& piece) {
+    if (!keepsTable(piece)) return;
+    const std::size_t start = xml_->size();
+    append(piece.inside);
+    // A table without rows is not allowed (ECMA-376 Part 1, 17.4.37).
+    const std::string row = "<" + part_->prefix + "tr";
+    const bool hasRows = xml_->find(row + ">", start) != std::string::npos ||
+                         xml_->find(row + " ", start) != std::string::npos;
+    if (!hasRows) xml_->resize(start);
+}
+
 void LetterRenderer::appendRows(Piece& piece) {
-    const std::span<const Record> records = recordsOf(piece);
+    static const Record kNoValues;
+    std::span<const Record> records = recordsOf(piece);
+    const bool isEmpty = records.empty();
+    if (isEmpty && piece.withoutRecords == WithoutRecords::EmptyRows) records = {&kNoValues, 1};
+    if (isEmpty && isFirst_ && records.empty()) xml_->append(piece.xml);
     const bool wasFirst = isFirst_;
     const bool marksRows = wasFirst && records.size() > 1 && settings_.use == letters::LetterUse::OneEach;
     std::string id;

@@ -53,6 +53,8 @@ class LetterRenderer {
     void appendPicture(Piece& piece);
     /// Returns the picture of a record; null and a remark if there is none.
     const LetterPicture* pictureOf(Piece& piece);
+    /// Appends a table, unless it would have no rows.
+    void appendTable(Piece& piece);
     void appendRows(Piece& piece);
     /// Appends the start of the bookmark over added rows; returns its id.
     std::string appendAddedRowsStart();

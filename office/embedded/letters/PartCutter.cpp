@@ -19,8 +19,8 @@ using letters::ControlPath;
 /// Cuts the XML of a part at its tokens.
 class Cutter {
   public:
-    Cutter(const MarkedPlaces& marked, const PartPreparation& prepared)
-        : marked_(marked), prepared_(prepared) {}
+    Cutter(CuttingContext& context, const PartPreparation& prepared)
+        : context_(context), marked_(context.marked), prepared_(prepared) {}
 
     Pieces cut(std::string_view xml) {
         open_.push_back({});
@@ -48,7 +48,9 @@ class Cutter {
                 return add(valuePiece(token.number));
             case TokenKind::RowsStart:
                 open(Piece::Kind::Rows, token.number);
-                return levels_.push_back(marked_.tables.at(token.number).path);
+                open_.back().xml = prepared_.patterns().at(token.number).marksAcross;
+                open_.back().withoutRecords = prepared_.patterns().at(token.number).withoutRecords;
+                return levels_.push_back(prepared_.patterns().at(token.number).path);
             case TokenKind::TableStart:
                 return open(Piece::Kind::Table, token.number);
             case TokenKind::OptionalStart:
@@ -94,8 +96,10 @@ class Cutter {
         }
     }
 
-    void open(Piece::Kind kind, std::size_t table) {
-        Piece piece{.kind = kind, .number = table, .source = sourceOf(marked_.tables.at(table).path)};
+    void open(Piece::Kind kind, std::size_t pattern) {
+        const ControlPath& path = prepared_.patterns().at(pattern).path;
+        Piece piece{.kind = kind, .number = pattern, .source = sourceOf(path)};
+        if (kind == Piece::Kind::Rows) noteFirstRecords(path, piece.source);
         piece.hints.resize(piece.source.path.size());
         open_.push_back(std::move(piece));
     }
@@ -105,12 +109,19 @@ class Cutter {
         add(std::move(piece));
     }
 
-    [[nodiscard]] Piece valuePiece(std::size_t number) const {
-        Piece piece{.kind = Piece::Kind::Value,
-                    .number = number,
-                    .source = sourceOf(marked_.places.at(number).source.path)};
+    Piece valuePiece(std::size_t number) {
+        const ControlPath& path = marked_.places.at(number).source.path;
+        Piece piece{.kind = Piece::Kind::Value, .number = number, .source = sourceOf(path)};
+        noteFirstRecords(path, piece.source);
         piece.hints.resize(piece.source.path.size());
         return piece;
+    }
+
+    /// Notes the subforms on the way to a control of which only the first record is taken.
+    void noteFirstRecords(const ControlPath& path, const ValuePath& source) {
+        const auto around = static_cast<std::ptrdiff_t>(path.size() - source.path.size());
+        for (std::ptrdiff_t length = around + 1; length < std::ssize(path); ++length)
+            context_.firstRecordsOnly.emplace(path.begin(), path.begin() + length);
     }
 
     /// Returns the path from the innermost enclosing record to a control.
@@ -126,6 +137,7 @@ class Cutter {
         return {0, path};
     }
 
+    CuttingContext& context_;
     const MarkedPlaces& marked_;
     const PartPreparation& prepared_;
     std::vector<Piece> open_;
@@ -142,7 +154,7 @@ CutPart cutPart(CuttingContext& context, opc::XmlPart& part, PartKind kind) {
                 {},
                 names.element(""),
                 names.attribute(""),
-                Cutter(context.marked, preparation).cut(part.toXml()),
+                Cutter(context, preparation).cut(part.toXml()),
                 preparation.formats(),
                 kind};
     findValuesBeside(cut.pieces);

@@ -47,6 +47,9 @@ struct CuttingContext {
     bool repeatsComments = false;
     std::size_t labelsPerSheet = 0;  ///< 0 for a document that is no sheet of labels
     std::vector<std::string> refusals{};
+    std::set<letters::ControlPath> tablesWithoutRows{};
+    /// The subforms of which places outside of repeated rows show only the first record.
+    std::set<letters::ControlPath> firstRecordsOnly{};
     bool listsRecords = false;
 };
 

@@ -18,12 +18,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-using letters::ControlPath;
 using opc::WordTag;
-
-bool beginsWith(const ControlPath& path, const ControlPath& start) {
-    return start.size() <= path.size() && std::equal(start.begin(), start.end(), path.begin());
-}
 
 /// Returns true if a text is a single token. Marked places may be in the code of a field.
 std::optional<Token> valueTokenOf(pugi::xml_node text) {
@@ -72,7 +67,7 @@ PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, Pa
 
 void PartPreparation::prepare() {
     collect(part_.root());
-    markTables();
+    findTables();
     if (context_.labelsPerSheet > 0 && kind_ == PartKind::Body) findLabels();
     markPictures();
     markOptionals();
@@ -130,59 +125,50 @@ void PartPreparation::markValue(pugi::xml_node text, std::size_t number) {
     part_.detach(text);
 }
 
-void PartPreparation::markTables() {
-    for (std::size_t number = 0; number < context_.marked.tables.size(); ++number)
-        markTable(number);
-}
-
-void PartPreparation::markTable(std::size_t number) {
-    const MarkedTable& marked = context_.marked.tables[number];
-    const auto bookmark = std::ranges::find(bookmarks_, marked.name, &Bookmark::name);
-    if (bookmark == bookmarks_.end()) return;
-    const pugi::xml_node table = tableOf(*bookmark);
-    std::vector<pugi::xml_node> rows = rowsOf(table, names_);
-    const auto isPattern = [&](pugi::xml_node row) { return hasPlaceOf(row, marked.path); };
-    const auto first = std::ranges::find_if(rows, isPattern);
-    if (first == rows.end()) return;
-    const auto last = std::find_if(rows.rbegin(), std::make_reverse_iterator(first), isPattern);
-    if (first->parent() != last->parent()) {
-        context_.refusals.push_back("The rows of the table \"" + marked.name +
-                                    "\" do not repeat: they lie in several content controls.");
-        return;
+void PartPreparation::findTables() {
+    RowPatternFinder finder(part_.root(), context_.marked, bookmarks_);
+    for (const pugi::xml_node text : texts_)
+        finder.addPlace(text, valueTokenOf(text)->number);
+    for (const PartBookmark& bookmark : bookmarks_) {
+        const auto place = placesByName_.find(bookmark.name);
+        if (place != placesByName_.end()) finder.addPlace(bookmark.start, place->second);
     }
-    for (auto row = first; row != last.base(); ++row)
-        repeatedNodes_.insert(row->hash_value());
-    insertBefore(*first, {TokenKind::RowsStart, number});
-    insertAfter(*last, {TokenKind::RowsEnd, number});
-    insertBefore(table, {TokenKind::TableStart, number});
-    const bool endsBehind = bookmark->end && table.next_sibling() == bookmark->end;
-    insertAfter(endsBehind ? bookmark->end : table, {TokenKind::TableEnd, number});
-    if (marked.path.empty()) context_.listsRecords = true;
+    const bool isSheet = context_.labelsPerSheet > 0 && kind_ == PartKind::Body;
+    patterns_ = finder.find(isSheet ? UnmarkedTables::Ignore : UnmarkedTables::Repeat);
+    for (const RowPattern& pattern : patterns_)
+        markRows(pattern);
+    context_.refusals.insert(context_.refusals.end(), finder.refusals().begin(), finder.refusals().end());
+    context_.tablesWithoutRows.insert(finder.tablesWithoutRows().begin(), finder.tablesWithoutRows().end());
 }
 
-pugi::xml_node PartPreparation::tableOf(const Bookmark& bookmark) const {
-    if (const pugi::xml_node around = names_.ancestor(bookmark.start, WordTag::Table)) return around;
-    pugi::xml_node next = bookmark.start.next_sibling();
-    while (next && names_.tagOf(next) != WordTag::Table)
-        next = next.next_sibling();
-    return next;
+void PartPreparation::markRows(const RowPattern& pattern) {
+    const auto number = static_cast<std::size_t>(&pattern - patterns_.data());
+    for (const pugi::xml_node row : pattern.rows)
+        repeatedNodes_.insert(row.hash_value());
+    if (context_.settings.use == letters::LetterUse::OneEach)
+        patterns_[number].marksAcross = marksAcross(pattern.rows.front(), pattern.rows.back());
+    insertBefore(pattern.rows.front(), {TokenKind::RowsStart, number});
+    insertAfter(pattern.rows.back(), {TokenKind::RowsEnd, number});
+    if (!pattern.markedTable) return;
+    insertBefore(pattern.markedTable, {TokenKind::TableStart, number});
+    insertAfter(pattern.tableEnd, {TokenKind::TableEnd, number});
+    if (pattern.path.empty()) context_.listsRecords = true;
 }
 
-bool PartPreparation::hasPlaceOf(pugi::xml_node row, const ControlPath& path) const {
-    const auto isPlace = [&](std::size_t number) {
-        return beginsWith(context_.marked.places[number].source.path, path);
-    };
-    const bool hasValue = std::ranges::any_of(texts_, [&](pugi::xml_node text) {
-        return isInside(text, row) && isPlace(valueTokenOf(text)->number);
-    });
-    return hasValue || std::ranges::any_of(bookmarks_, [&](const Bookmark& bookmark) {
-               const auto place = placesByName_.find(bookmark.name);
-               return place != placesByName_.end() && isInside(bookmark.start, row) && isPlace(place->second);
-           });
+/// Returns the marks in rows of the bookmarks that have the other mark outside of them.
+std::string PartPreparation::marksAcross(pugi::xml_node first, pugi::xml_node last) const {
+    std::string xml;
+    for (const PartBookmark& bookmark : bookmarks_) {
+        if (!bookmark.end) continue;
+        const bool startsInside = isInSiblings(bookmark.start, first, last);
+        const bool endsInside = isInSiblings(bookmark.end, first, last);
+        if (startsInside != endsInside) xml += xmlOf(startsInside ? bookmark.start : bookmark.end);
+    }
+    return xml;
 }
 
 void PartPreparation::markPictures() {
-    for (const Bookmark& bookmark : bookmarks_) {
+    for (const PartBookmark& bookmark : bookmarks_) {
         const auto place = placesByName_.find(bookmark.name);
         const bool isPicture =
             place != placesByName_.end() && context_.marked.places[place->second].isPicture;
@@ -190,7 +176,7 @@ void PartPreparation::markPictures() {
     }
 }
 
-void PartPreparation::markPicture(const Bookmark& bookmark, std::size_t number) {
+void PartPreparation::markPicture(const PartBookmark& bookmark, std::size_t number) {
     const pugi::xml_node paragraph = names_.ancestor(bookmark.start, WordTag::Paragraph);
     bool isAfterStart = false;
     const pugi::xml_node drawing = paragraph.find_node([&](pugi::xml_node node) {
@@ -243,7 +229,8 @@ void PartPreparation::copyLabels() {
 
 void PartPreparation::markOptionals() {
     for (std::size_t number = 0; number < context_.marked.optionals.size(); ++number) {
-        const auto found = std::ranges::find(bookmarks_, context_.marked.optionals[number], &Bookmark::name);
+        const auto found =
+            std::ranges::find(bookmarks_, context_.marked.optionals[number], &PartBookmark::name);
         if (found == bookmarks_.end() || !found->end) continue;
         const pugi::xml_node first = found->start.parent();
         const pugi::xml_node last = found->end.parent();
@@ -270,13 +257,13 @@ std::string PartPreparation::keeperXml(pugi::xml_node mark) const {
 }
 
 void PartPreparation::markRepeated() {
-    for (const Bookmark& bookmark : bookmarks_)
+    for (const PartBookmark& bookmark : bookmarks_)
         markBookmark(bookmark);
     const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
     if (isForAll || !repeatedNodes_.empty()) makeRepeatable(part_.root());
 }
 
-void PartPreparation::markBookmark(const Bookmark& bookmark) {
+void PartPreparation::markBookmark(const PartBookmark& bookmark) {
     const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
     const bool isPlace =
         placesByName_.contains(bookmark.name) ||

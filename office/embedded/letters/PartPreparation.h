@@ -2,6 +2,7 @@
 
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/PartCutter.h"
+#include "office/embedded/letters/RowPatterns.h"
 #include "office/embedded/letters/Token.h"
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
@@ -29,32 +30,27 @@ class PartPreparation {
     /// Returns the content of labels without a record.
     [[nodiscard]] const std::vector<std::string>& emptyLabels() const { return emptyLabels_; }
     [[nodiscard]] const std::vector<std::string>& ids() const { return ids_; }
+    /// Returns the rows that are repeated, by the numbers of their tokens.
+    [[nodiscard]] const std::vector<RowPattern>& patterns() const { return patterns_; }
     [[nodiscard]] const std::string& sectionBreak() const { return sectionBreak_; }
 
   private:
-    struct Bookmark {
-        std::string name;
-        pugi::xml_node start;
-        pugi::xml_node end;
-    };
-
     void collect(pugi::xml_node node);
     void collectBookmark(pugi::xml_node node, opc::WordTag tag);
     void markValues();
     void markValue(pugi::xml_node text, std::size_t number);
-    void markTables();
-    void markTable(std::size_t number);
-    [[nodiscard]] pugi::xml_node tableOf(const Bookmark& bookmark) const;
-    [[nodiscard]] bool hasPlaceOf(pugi::xml_node row, const letters::ControlPath& path) const;
+    void findTables();
+    [[nodiscard]] std::string marksAcross(pugi::xml_node first, pugi::xml_node last) const;
+    void markRows(const RowPattern& pattern);
     void markOptionals();
     void findLabels();
     void copyLabels();
     [[nodiscard]] std::string keeperXml(pugi::xml_node mark) const;
     void markPictures();
-    void markPicture(const Bookmark& bookmark, std::size_t number);
+    void markPicture(const PartBookmark& bookmark, std::size_t number);
     void showImage(pugi::xml_node drawing, const std::string& image);
     void markRepeated();
-    void markBookmark(const Bookmark& bookmark);
+    void markBookmark(const PartBookmark& bookmark);
     void markOnce(pugi::xml_node node);
     void makeRepeatable(pugi::xml_node node);
     void makeElementRepeatable(pugi::xml_node element);
@@ -83,7 +79,9 @@ class PartPreparation {
     std::vector<std::string> ids_;
     std::string sectionBreak_;
 
-    std::vector<Bookmark> bookmarks_;
+    std::vector<RowPattern> patterns_;
+
+    std::vector<PartBookmark> bookmarks_;
     std::unordered_map<std::string, std::size_t> bookmarksById_;
     std::vector<pugi::xml_node> texts_;
     std::unordered_map<std::string, std::size_t> placesByName_;

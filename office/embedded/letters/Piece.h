@@ -32,6 +32,9 @@ struct ValuePath {
     letters::ControlPath path{};
 };
 
+/// Decides what a table shows of its pattern rows if there are no records.
+enum class WithoutRecords : std::uint8_t { RemoveRows, EmptyRows };
+
 /// A piece of a template's XML: either fixed text or content that depends on the records.
 struct Piece {
     enum class Kind : std::uint8_t {
@@ -54,11 +57,12 @@ struct Piece {
     };
 
     Kind kind = Kind::Fixed;
-    std::string xml{};                 ///< the fixed XML, or the id in the template
-    std::size_t number = 0;            ///< of the place, the table or the picture
-    ValuePath source{};                ///< of a value, of rows and of a table
-    Pieces inside{};                   ///< of rows, a table or an optional text
-    std::vector<Piece> beside{};       ///< the values beside an optional text
+    std::string xml{};       ///< the fixed XML, the id in the template, or what replaces the piece
+    std::size_t number = 0;  ///< of the place, the table or the picture
+    WithoutRecords withoutRecords = WithoutRecords::RemoveRows;  ///< of rows
+    ValuePath source{};                                          ///< of a value, of rows and of a table
+    Pieces inside{};                                             ///< of rows, a table or an optional text
+    std::vector<Piece> beside{};                                 ///< the values beside an optional text
     std::vector<std::size_t> hints{};  ///< where the controls of the path were found
 };
 

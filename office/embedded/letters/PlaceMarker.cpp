@@ -79,9 +79,12 @@ class PlaceMarker {
     void mark(BookmarkRecord& record) {
         const std::string folded = foldCase(record.name);
         const auto table = sources_.tables.find(folded);
-        if (table != sources_.tables.end() && coversTable(record)) {
+        const auto place = sources_.places.find(folded);
+        const bool isTable =
+            table != sources_.tables.end() && (place == sources_.places.end() || coversTable(record));
+        if (isTable) {
             marked_.tables.push_back({record.name, table->second});
-        } else if (const auto place = sources_.places.find(folded); place != sources_.places.end()) {
+        } else if (place != sources_.places.end()) {
             markPlace(record, place->second);
         } else if (const OptionalText* optional = optionalTextOf(record.name)) {
             markOptional(record, *optional);

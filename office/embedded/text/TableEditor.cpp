@@ -32,13 +32,6 @@ bool isMerged(pugi::xml_node cell, const opc::WordNames& names) {
            properties.child(names.element("hMerge").c_str());
 }
 
-/// Returns how many columns of the grid the cell takes.
-int columnsOf(pugi::xml_node cell, const opc::WordNames& names) {
-    const pugi::xml_node span =
-        cell.child(names.element("tcPr").c_str()).child(names.element("gridSpan").c_str());
-    return span.attribute(names.attribute("val").c_str()).as_int(1);
-}
-
 /// Returns the width of a column when so many share a width, in whole twips that add up to it.
 std::int64_t shareOf(std::int64_t width, int columns, int column) {
     return width * (column + 1) / columns - width * column / columns;
@@ -50,6 +43,12 @@ std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const opc::WordNames& n
     std::vector<pugi::xml_node> rows;
     collect(table, opc::WordTag::Row, names, rows);
     return rows;
+}
+
+int columnsOf(pugi::xml_node cell, const opc::WordNames& names) {
+    const pugi::xml_node span =
+        cell.child(names.element("tcPr").c_str()).child(names.element("gridSpan").c_str());
+    return span.attribute(names.attribute("val").c_str()).as_int(1);
 }
 
 pugi::xml_node lastRowOf(pugi::xml_node table, const opc::WordNames& names) {

@@ -12,6 +12,8 @@ namespace mergeloom::embedded {
 /// or tracked changes; those of nested tables do not count.
 std::vector<pugi::xml_node> rowsOf(pugi::xml_node table, const opc::WordNames& names);
 std::vector<pugi::xml_node> cellsOf(pugi::xml_node row, const opc::WordNames& names);
+/// Returns how many columns of the grid a cell takes.
+int columnsOf(pugi::xml_node cell, const opc::WordNames& names);
 /// Returns the last of rowsOf without visiting the others; none for a table without rows.
 pugi::xml_node lastRowOf(pugi::xml_node table, const opc::WordNames& names);
 

@@ -45,6 +45,11 @@ class Letters {
     [[nodiscard]] virtual std::vector<PlaceSource> filledPlaces() const = 0;
     /// Returns true if a table lists the records themselves, so that one letter contains all of them.
     [[nodiscard]] virtual bool listsRecords() const = 0;
+    /// Returns the paths of the subforms of which some place shows only the first record, since it is in no
+    /// row that repeats.
+    [[nodiscard]] virtual std::vector<ControlPath> firstRecordsOnly() const = 0;
+    /// Returns the paths of the subforms whose table has no row to repeat.
+    [[nodiscard]] virtual std::vector<ControlPath> tablesWithoutRows() const = 0;
     /// Returns a sentence for each kind of data that could not be written as it is.
     [[nodiscard]] virtual std::vector<std::string> remarks() const = 0;
 
