@@ -127,10 +127,10 @@ TEST_F(FillTest, RecordsWithoutARowAreTold) {
         "Only the first record is shown, since a place is in no row that repeats: S.";
     const std::string noRow = "Tables without a row that repeats: S.";
     const std::vector<Case> cases{
-        {line + line, "<w:p>" + place + "</w:p>", firstOnly + "\nNothing was written."},
+        {line + line, "<w:p>" + place + "</w:p>", firstOnly + "\nmergeloom: Nothing was written."},
         {line, "<w:p>" + place + "</w:p>", "1 record filled into 1 file."},
         {"", "<w:p>" + place + "</w:p>", "1 record filled into 1 file."},
-        {line, table + "<w:p>" + place + "</w:p>", noRow + "\nNothing was written."},
+        {line, table + "<w:p>" + place + "</w:p>", noRow + "\nmergeloom: Nothing was written."},
         {"", table + "<w:p>" + place + "</w:p>", "1 record filled into 1 file."}};
     options.dataFile = folder / "data.xml";
     options.output = "/out.docx";

@@ -31,8 +31,20 @@ class Labels : public LetterTest {
 
 TEST_F(Labels, TakeOneRecordEach) {
     const auto letters = compiled(sheet());
-    EXPECT_EQ(shownBody(letterOf(*letters, named({"a", "b", "c"}))), "[Name:a],\n|\n|b,\n|c,\n|\n|used\n|\n");
-    EXPECT_EQ(shownBody(letterOf(*letters, named({"a", "b"}))), "[Name:a],\n|\n|b,\n|\n|\n|used\n|\n");
+    EXPECT_EQ(shownBody(letterOf(*letters, named({"a", "b", "c"}))),
+              "[Name:a],\n|\n|[_MergeloomLabel1:]b,\n|[_MergeloomLabel2:]c,\n|\n|used\n|\n");
+    EXPECT_EQ(shownBody(letterOf(*letters, named({"a", "b"}))),
+              "[Name:a],\n|\n|[_MergeloomLabel1:]b,\n|\n|\n|used\n|\n");
+}
+
+TEST_F(Labels, OfAFilledSheetAreFilledAgain) {
+    const std::string file = sheet();
+    const std::string filled = letterOf(*compiled(file), named({"a", "b", "c"}));
+    for (const std::vector<std::string>& names :
+         {std::vector<std::string>{"d"}, {"d", "e"}, {"d", "e", "f"}}) {
+        const std::string direct = letterOf(*compiled(file), named(names));
+        EXPECT_EQ(bodyXml(letterOf(*compiled(filled), named(names))), bodyXml(direct));
+    }
 }
 
 TEST_F(Labels, TakeAsManySheetsAsNeeded) {
@@ -45,13 +57,17 @@ TEST_F(Labels, TakeAsManySheetsAsNeeded) {
               "a,\n|\n|b,\n|c,\n|\n|used\n|\nd,\n|\n|\n|\n|\n|used\n|\n");
 }
 
-/// A document in which other places stand outside of the cell is no sheet of labels.
+/// A document with other places or text outside of the table is no sheet of labels.
 TEST_F(Labels, AreFoundByTheirPlaces) {
     takes("Other", {{"Other"}});
     files.files["/other.docx"] =
         wordFile("<w:tbl>" + row(labelCell("4000", place("Name")) + labelCell("4000", "")) + "</w:tbl>" +
                  paragraph(place("Other")));
     EXPECT_EQ(embedded::openLetterTemplate(files, "/other.docx")->labelsPerSheet(sources), 0U);
+    files.files["/letter.docx"] =
+        wordFile("<w:tbl>" + row(labelCell("4000", place("Name")) + labelCell("4000", "")) + "</w:tbl>" +
+                 paragraph(run("Dear friend")));
+    EXPECT_EQ(embedded::openLetterTemplate(files, "/letter.docx")->labelsPerSheet(sources), 0U);
     files.files["/sheet.docx"] = sheet();
     EXPECT_EQ(embedded::openLetterTemplate(files, "/sheet.docx")->labelsPerSheet(sources), 3U);
 }

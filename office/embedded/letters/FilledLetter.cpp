@@ -36,6 +36,8 @@ class PartRestoration {
             part_.detach(row);
         for (const pugi::xml_node mark : addedMarks_)
             part_.detach(mark);
+        for (const pugi::xml_node label : labels_)
+            emptyLabel(label);
         // From the last on, since two places may have split one paragraph.
         for (auto split = split_.rbegin(); split != split_.rend(); ++split)
             joinParagraphs(part_, split->first, split->second);
@@ -72,9 +74,12 @@ class PartRestoration {
 
     void enterStart(pugi::xml_node node) {
         startsBefore_.push_back(names_.value(node, "id"));
-        if (!std::string_view(names_.value(node, "name")).starts_with(kAddedRowsName)) return;
+        const std::string_view name = names_.value(node, "name");
+        const bool isLabel = name.starts_with(kFilledLabelName);
+        if (!isLabel && !name.starts_with(kAddedRowsName)) return;
         openAdded_[names_.value(node, "id")] = true;
         addedMarks_.push_back(node);
+        if (isLabel) return labels_.push_back(names_.ancestor(node, WordTag::CellElement));
         // Word moves the mark into the first cell of the rows.
         if (!openRows_.empty() && !openRows_.back().hasText) openRows_.back().isAdded = true;
     }
@@ -111,6 +116,23 @@ class PartRestoration {
             split_.emplace_back(first, last);
     }
 
+    /// Leaves one empty paragraph, with the properties of the first one.
+    void emptyLabel(pugi::xml_node cell) {
+        const pugi::xml_node first = names_.child(cell, WordTag::Paragraph);
+        const pugi::xml_node properties = names_.child(first, WordTag::ParagraphProperties);
+        for (pugi::xml_node child = cell.first_child(); child;) {
+            const pugi::xml_node next = child.next_sibling();
+            const bool isKept = child == first || child.name() == names_.element("tcPr");
+            if (!isKept) part_.detach(child);
+            child = next;
+        }
+        for (pugi::xml_node child = first.first_child(); child;) {
+            const pugi::xml_node next = child.next_sibling();
+            if (child != properties) part_.detach(child);
+            child = next;
+        }
+    }
+
     void leaveRow(pugi::xml_node row) {
         if (openRows_.back().isAdded) addedRows_.push_back(row);
         openRows_.pop_back();
@@ -128,6 +150,7 @@ class PartRestoration {
     std::vector<OpenRow> openRows_;
     std::vector<pugi::xml_node> addedRows_;
     std::vector<pugi::xml_node> addedMarks_;
+    std::vector<pugi::xml_node> labels_;  ///< the cells of the labels after the first one
     /// The ids of the bookmarks that start directly before the next run of the paragraph.
     std::vector<std::string> startsBefore_;
     /// The paragraphs of places that begin with an empty run, by the ids of their bookmarks.

@@ -1,6 +1,7 @@
 #include "office/embedded/letters/LabelSheet.h"
 
 #include "base/Text.h"
+#include "office/embedded/text/Story.h"
 #include "office/embedded/text/TableEditor.h"
 #include "office/opc/XmlPart.h"
 
@@ -17,6 +18,15 @@ using opc::WordTag;
 std::string widthOf(pugi::xml_node cell, const opc::WordNames& names) {
     const pugi::xml_node properties = cell.child(names.element("tcPr").c_str());
     return names.value(properties.child(names.element("tcW").c_str()), "w");
+}
+
+/// Returns true if a body has text outside of a table.
+bool hasTextOutside(pugi::xml_node body, pugi::xml_node table, const opc::WordNames& names) {
+    return static_cast<bool>(body.find_node([&](pugi::xml_node node) {
+        if (names.tagOf(node) != WordTag::TextElement) return false;
+        const std::string_view text = node.text().get();
+        return text.find_first_not_of(" \u00A0") != std::string_view::npos && !isInside(node, table);
+    }));
 }
 
 /// Returns true if a cell has no visible content.
@@ -54,7 +64,9 @@ pugi::xml_node cellOfAllPlaces(WordContent& content, const letters::PlaceSources
         if (!cell || (common && common != cell)) return {};
         common = cell;
     }
-    return common;
+    const opc::WordNames& names = content.body().story.names();
+    const pugi::xml_node table = names.ancestor(common, WordTag::Table);
+    return hasTextOutside(content.body().story.root(), table, names) ? pugi::xml_node() : common;
 }
 
 }  // namespace mergeloom::embedded

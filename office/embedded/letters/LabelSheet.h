@@ -8,7 +8,8 @@
 #include <vector>
 
 /// A sheet of labels is a table whose cells are labels. One label contains all places; the others are empty
-/// and have the same width, unlike the cells between the labels.
+/// and have the same width, unlike the cells between the labels. No text is outside of the table, unlike in a
+/// letter whose address is in a table.
 namespace mergeloom::embedded {
 
 /// Returns the cells of the labels, the one with the places first; empty if the cell is not in such a table.

@@ -108,6 +108,8 @@ void LetterRenderer::appendLabel(Piece& piece) {
     const bool wasFirst = isFirst_;
     isFirst_ = wasFirst && piece.number == 0;
     levels_.front() = &records_[piece.number];
+    const bool isAdded = piece.number > 0 && settings_.use == letters::LetterUse::OneEach;
+    if (isAdded) appendEnd(appendAddedStart(kFilledLabelName, piece.number));
     append(piece.inside);
     levels_.front() = &records_.front();
     isFirst_ = wasFirst;
@@ -258,22 +260,25 @@ void LetterRenderer::appendRows(Piece& piece) {
     const bool marksRows = wasFirst && records.size() > 1 && settings_.use == letters::LetterUse::OneEach;
     std::string id;
     for (std::size_t number = 0; number < records.size(); ++number) {
-        if (number == 1 && marksRows) id = appendAddedRowsStart();
+        if (number == 1 && marksRows) id = appendAddedStart(kAddedRowsName, ++addedRows_);
         isFirst_ = wasFirst && number == 0;
         levels_.push_back(&records[number]);
         append(piece.inside);
         levels_.pop_back();
     }
     isFirst_ = wasFirst;
-    if (marksRows)
-        *xml_ += "<" + part_->prefix + "bookmarkEnd " + part_->attributePrefix + "id=\"" + id + "\"/>";
+    if (marksRows) appendEnd(id);
 }
 
-std::string LetterRenderer::appendAddedRowsStart() {
+std::string LetterRenderer::appendAddedStart(const char* name, std::size_t number) {
     const std::string id = std::to_string(freshIds_.nextBookmark++);
     *xml_ += "<" + part_->prefix + "bookmarkStart " + part_->attributePrefix + "id=\"" + id + "\" " +
-             part_->attributePrefix + "name=\"" + kAddedRowsName + std::to_string(++addedRows_) + "\"/>";
+             part_->attributePrefix + "name=\"" + name + std::to_string(number) + "\"/>";
     return id;
+}
+
+void LetterRenderer::appendEnd(const std::string& id) {
+    *xml_ += "<" + part_->prefix + "bookmarkEnd " + part_->attributePrefix + "id=\"" + id + "\"/>";
 }
 
 }  // namespace mergeloom::embedded

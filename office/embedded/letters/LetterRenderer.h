@@ -56,8 +56,9 @@ class LetterRenderer {
     /// Appends a table, unless it would have no rows.
     void appendTable(Piece& piece);
     void appendRows(Piece& piece);
-    /// Appends the start of the bookmark over added rows; returns its id.
-    std::string appendAddedRowsStart();
+    /// Appends the start of a hidden bookmark that marks added content; returns its id.
+    std::string appendAddedStart(const char* name, std::size_t number);
+    void appendEnd(const std::string& id);
     [[nodiscard]] const std::string& linkOf(const std::string& id) const;
     [[nodiscard]] const RecordControl* controlOf(Piece& piece) const;
     [[nodiscard]] std::span<const Record> recordsOf(Piece& piece) const;
@@ -77,7 +78,7 @@ class LetterRenderer {
     bool isLast_ = true;
     std::int64_t section_ = 0;
     std::map<std::string, std::string> links_;
-    std::int64_t addedRows_ = 0;
+    std::size_t addedRows_ = 0;
     // The last section's properties inside of a paragraph, as positions in the XML.
     std::size_t sectionStart_ = 0;
     std::size_t sectionEnd_ = 0;
