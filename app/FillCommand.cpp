@@ -55,6 +55,10 @@ bool FillCommand::run(std::ostream& report) {
     write();
     for (const std::string& remark : letters_->remarks())
         ports_.messages.show({remark, MessageIcon::Exclamation, MessageButtons::Ok});
+    if (stopped_) {
+        ports_.messages.show({"Stopped before record " + std::to_string(read_) + ".",
+                              MessageIcon::Exclamation, MessageButtons::Ok});
+    }
     report << counted(written_, "record") << " filled into " << counted(files_, "file") << ".\n";
     return !stopped_;
 }
@@ -119,7 +123,7 @@ void FillCommand::surveyRecord(const Record& record) {
     }
 }
 
-/// Refuses a target that is a folder, the template or the data.
+/// Refuses a target that is a folder, the template or the data, or that cannot be written.
 void FillCommand::checkTarget(const std::string& path) const {
     std::error_code error;
     if (std::filesystem::is_directory(path, error))
@@ -128,6 +132,11 @@ void FillCommand::checkTarget(const std::string& path) const {
         refuseFill("The file '" + path + "' cannot be written: it is the template.");
     if (std::filesystem::equivalent(path, options_.dataFile, error))
         refuseFill("The file '" + path + "' cannot be written: it holds the data.");
+    ports_.files.checkFolder(path);
+    if (ports_.files.fileExists(path) && IsFileLocked(path)) {
+        throw AutomationError(kFileCouldNotBeSaved,
+                              "The file '" + path + "' cannot be saved: it is open elsewhere.");
+    }
 }
 
 void FillCommand::compile() {
@@ -153,8 +162,11 @@ void FillCommand::compile() {
     isSheet_ = labels > 1 && options_.use == letters::LetterUse::OneEach;
     if (isSheet_ && selectedCount() > labels) use_ = letters::LetterUse::OneForAll;
     letters::LetterSettings settings{options_.emptyTables, use_, findPicture};
+    settings.fileName = options_.output;
     format_->applyTo(settings);
     letters_ = template_->compile(places_, settings);
+    if (letters_->filledPlaces().empty() && !letters_->refusals().empty())
+        refuseFill(letters_->refusals().front());
     if (letters_->filledPlaces().empty()) {
         refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
                    object_->Text() + " fills.");
@@ -180,12 +192,7 @@ void FillCommand::checkNames() const {
 
 void FillCommand::checkTargets() const {
     if (names_.dependOnRecord()) return;
-    const std::string target = fullPath(options_.output);
-    checkTarget(target);
-    if (ports_.files.fileExists(target) && IsFileLocked(target)) {
-        throw AutomationError(kFileCouldNotBeSaved,
-                              "The file '" + target + "' cannot be saved: it is open elsewhere.");
-    }
+    checkTarget(fullPath(options_.output));
 }
 
 std::vector<std::string> FillCommand::differences() const {
@@ -276,7 +283,10 @@ void FillCommand::writeLetter(const std::string& path, std::span<const Record> r
 
 void FillCommand::finish() {
     const bool isOne = use_ == letters::LetterUse::OneForAll || !listed_.empty();
-    if (isOne && stopped_) return;
+    if (isOne && stopped_) {
+        written_ = 0;
+        return;
+    }
     const std::string target = fullPath(options_.output);
     if (!listed_.empty()) {
         writeLetter(target, listed_);

@@ -108,16 +108,22 @@ void readRecords(const std::string& value, FillOptions& fill) {
     if (fill.lastRecord < fill.firstRecord) refuseRecords(option, value);
 }
 
+void chooseRecords(FillOptions& fill, const std::string& option) {
+    const bool isOther = !fill.recordsOption.empty() && fill.recordsOption != option;
+    if (isOther) refuseTogether(fill.recordsOption, option);
+    fill.recordsOption = fill.onlyWithFill = option;
+}
+
 bool readFillOption(OptionReader& reader, FillOptions& fill) {
     std::string value;
     if (reader.takeWithValue("--data", "a structure document", fill.dataFile)) {
         fill.onlyWithFill = "--data";
     } else if (reader.takeWithValue("--record", "the number of a record", value)) {
         fill.firstRecord = fill.lastRecord = recordNumber("--record", value, value);
-        fill.onlyWithFill = "--record";
+        chooseRecords(fill, "--record");
     } else if (reader.takeWithValue("--records", "the numbers of the first and the last record", value)) {
         readRecords(value, fill);
-        fill.onlyWithFill = "--records";
+        chooseRecords(fill, "--records");
     } else if (reader.takeFlag("--one-document")) {
         fill.use = letters::LetterUse::OneForAll;
         fill.onlyWithFill = "--one-document";

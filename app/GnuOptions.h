@@ -40,7 +40,8 @@ struct FillOptions {
     letters::LetterUse use = letters::LetterUse::OneEach;
     letters::EmptyTables emptyTables = letters::EmptyTables::KeepCaptions;
     Strictness strictness = Strictness::ToleratesDifferences;
-    std::string onlyWithFill{};  ///< the last given option that only this command has
+    std::string recordsOption{};  ///< the option that chose the records; empty for all
+    std::string onlyWithFill{};   ///< the last given option that only this command has
 };
 
 enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, Fill, Check, ShowHelp, ShowVersion };

@@ -14,11 +14,10 @@ constexpr std::string_view kReplacementText = "_";
 constexpr std::string_view kRefusedByWindows = R"(<>:"/\|?*)";
 /// Anything longer after a "." is part of the name.
 constexpr std::size_t kMaxExtensionLength = 32;
-constexpr char32_t kFirstPrintable = 0x20;
 constexpr char32_t kNoCharacter = 0xFFFD;
 
 bool isRefused(char32_t letter) {
-    if (letter < kFirstPrintable || letter == kNoCharacter) return true;
+    if (isControlCharacter(letter) || letter == kNoCharacter) return true;
     return letter < 0x80 && kRefusedByWindows.find(static_cast<char>(letter)) != std::string_view::npos;
 }
 

@@ -19,6 +19,17 @@ std::string numberText(ErrorNumber number) {
     return text.str();
 }
 
+/// Replaces the characters that a terminal would obey; lines and tabs stay.
+std::string printable(std::string_view text) {
+    std::string result;
+    while (!text.empty()) {
+        const char32_t letter = takeCodePoint(text);
+        const bool isShown = letter == U'\n' || letter == U'\t' || !isControlCharacter(letter);
+        appendCodePoint(result, isShown ? letter : U'\uFFFD');
+    }
+    return result;
+}
+
 constexpr const char* kEraseToEndOfLine = "\x1b[K";
 
 }  // namespace
@@ -26,7 +37,7 @@ constexpr const char* kEraseToEndOfLine = "\x1b[K";
 void writeConsoleText(std::ostream& stream, std::string_view text, std::string_view program) {
     const std::string prefix = std::string(program) + ": ";
     const std::string indentedBreak = "\n" + std::string(prefix.size(), ' ');
-    const std::string lines = replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n");
+    const std::string lines = printable(replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n"));
     stream << prefix << replaceAll(lines, "\n", indentedBreak) << std::endl;
 }
 

@@ -80,6 +80,11 @@ void DiskFileStore::save(const std::string& path, const std::function<void(ByteS
     file.replaceTarget();
 }
 
+void DiskFileStore::checkFolder(const std::string& path) {
+    const std::string folder = parentFolder(path);
+    if (calls_.access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) < 0) raiseNotSaved(path, errno);
+}
+
 void DiskFileStore::saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) {
     const std::string target = followLinks(path);
     TemporaryFile file(calls_, target, modeOf(target));

@@ -20,6 +20,7 @@ class DiskFileStore final : public FileStore {
     bool fileExists(const std::string& path) override;
     std::string read(const std::string& path) override;
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
+    void checkFolder(const std::string& path) override;
     void saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
     void finishBatch() override;
     void copy(const std::string& from, const std::string& to) override;

@@ -32,6 +32,9 @@ class FileStore {
     /// Writes a file whole or not at all: an existing file stays whole until all bytes are safe.
     /// Raises kFileCouldNotBeSaved with a sentence that names the file; errors of the writer pass through.
     virtual void save(const std::string& path, const std::function<void(ByteSink&)>& writer) = 0;
+    /// Raises kFileCouldNotBeSaved, with a sentence that names the file, if no file can be made in its
+    /// folder.
+    virtual void checkFolder(const std::string& path) { static_cast<void>(path); }
     /// Writes a file as save does, but leaves it to finishBatch that its bytes are safe from a loss of power.
     virtual void saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) {
         save(path, writer);

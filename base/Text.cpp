@@ -196,4 +196,14 @@ bool isNameLetter(char32_t codePoint) {
     return codePoint <= kLastOfOneUnit && u_isalpha(static_cast<UChar32>(codePoint)) != 0;
 }
 
+bool isControlCharacter(char32_t letter) {
+    struct Range {
+        char32_t first;
+        char32_t last;
+    };
+    constexpr Range kRanges[] = {{0, 0x1F}, {0x7F, 0x9F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+    return std::ranges::any_of(
+        kRanges, [&](const Range& range) { return letter >= range.first && letter <= range.last; });
+}
+
 }  // namespace mergeloom

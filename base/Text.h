@@ -60,4 +60,8 @@ constexpr bool isDigit(char32_t codePoint) {
     return codePoint >= U'0' && codePoint <= U'9';
 }
 
+/// Returns true for a character that changes how the text around it is shown: control characters, and those
+/// that embed or override a direction of writing.
+bool isControlCharacter(char32_t letter);
+
 }  // namespace mergeloom

@@ -16,6 +16,8 @@ constexpr std::size_t kSmallestElement = 4;
 RecordBuilder::Kind RecordBuilder::kindOf(std::string_view localName) const {
     const Kind around = innerKind();
     if (around == Kind::Rich || around == Kind::Markup) return Kind::Markup;
+    const bool isInValue =
+        around == Kind::Display || around == Kind::Bound || around == Kind::Plain || around == Kind::InValue;
     switch (structureElementOf(localName)) {
         case StructureElement::Records:
             return Kind::Records;
@@ -34,7 +36,7 @@ RecordBuilder::Kind RecordBuilder::kindOf(std::string_view localName) const {
         case StructureElement::Image:
             return Kind::Image;
         default:
-            return Kind::Other;
+            return isInValue ? Kind::InValue : Kind::Other;
     }
 }
 
@@ -42,11 +44,12 @@ void RecordBuilder::startElement(std::string_view localName) {
     size_ += kSmallestElement;
     const Kind kind = kindOf(localName);
     if (kind == Kind::Records && innerKind() == Kind::Control) controls_.back().isSubform = true;
-    if (!elements_.empty()) elements_.back().hasElements = true;
+    if (!elements_.empty() && kind != Kind::InValue) elements_.back().hasElements = true;
     elements_.push_back({kind});
     switch (kind) {
         case Kind::Other:
         case Kind::Records:
+        case Kind::InValue:
             return;
         case Kind::Record:
             records_.emplace_back();
@@ -91,6 +94,7 @@ void RecordBuilder::endElement() {
     switch (element.kind) {
         case Kind::Other:
         case Kind::Records:
+        case Kind::InValue:
             return;
         case Kind::Record:
             return finishRecord();
@@ -135,8 +139,11 @@ void RecordBuilder::finishRecord() {
 }
 
 void RecordBuilder::finishControl() {
-    if (!records_.empty()) records_.back().controls.push_back(std::move(controls_.back()));
+    RecordControl control = std::move(controls_.back());
     controls_.pop_back();
+    // The first control of a name is the one of its place.
+    if (!records_.empty() && records_.back().find(control.name) == nullptr)
+        records_.back().controls.push_back(std::move(control));
 }
 
 void RecordBuilder::finishValue(const Element& element) {

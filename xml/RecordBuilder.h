@@ -30,7 +30,7 @@ class RecordBuilder {
     [[nodiscard]] std::size_t size() const { return size_; }
 
   private:
-    enum class Kind { Other, Records, Record, Control, Display, Bound, Rich, Plain, Image, Markup };
+    enum class Kind { Other, Records, Record, Control, Display, Bound, Rich, Plain, Image, Markup, InValue };
     struct Element {
         Kind kind = Kind::Other;
         bool hasElements = false;

@@ -101,11 +101,11 @@ TEST_F(FillTest, EndsAfterALetterWhenItIsStopped) {
     const std::string told = fill(memory, [&] { return ++asked > 2; });
     EXPECT_FALSE(succeeded);
     EXPECT_EQ(letters(), 2);
-    EXPECT_THAT(told, HasSubstr("2 records filled into 2 files."));
+    EXPECT_THAT(told, HasSubstr("Stopped before record 3.\n2 records filled into 2 files."));
     options.output = "/one.docx";
     options.use = letters::LetterUse::OneForAll;
     asked = 0;
-    fill(memory, [&] { return ++asked > 2; });
+    EXPECT_THAT(fill(memory, [&] { return ++asked > 2; }), HasSubstr("0 records filled into 0 files."));
     EXPECT_FALSE(memory.fileExists("/one.docx"));
 }
 
@@ -142,6 +142,32 @@ TEST_F(FillTest, RecordsWithoutARowAreTold) {
                    "<Control Name='L'/></Form></Control></Form><Data><Record><Control Name='S'><Records>" +
                        c.records + "</Records></Control></Record></Data></db>");
         EXPECT_THAT(fill(memory), HasSubstr(c.told)) << c.records << c.body;
+    }
+}
+
+TEST_F(FillTest, RefusedTemplatesAreTold) {
+    writeRecords(1);
+    const std::string body =
+        "<w:p><w:bookmarkStart w:id=\"1\" w:name=\"No\"/><w:r><w:t>No</w:t></w:r>"
+        "<w:bookmarkEnd w:id=\"1\"/></w:p>";
+    opc::Package macros = opc::Package::read(wordFile(body), "t.docm");
+    macros.addPart("/word/vbaProject.bin", "application/vnd.ms-office.vbaProject", "VBA");
+    macros.relationshipsOf(kMainPart).addPart(
+        "http://schemas.microsoft.com/office/2006/relationships/vbaProject", "/word/vbaProject.bin");
+    struct Case {
+        std::string file;
+        std::string told;
+    };
+    const std::vector<Case> cases{
+        {fileWithSettings(body, "<w:documentProtection w:edit=\"readOnly\" w:enforcement=\"1\"/>"),
+         "The place \"No\" cannot be filled: The document '/t.docx' is protected"},
+        {packageBytes(macros), "The file '/out.docx' cannot be saved: the document holds macros"},
+    };
+    options.output = "/out.docx";
+    for (const Case& c : cases) {
+        memory.files = {{"/t.docx", c.file}};
+        EXPECT_THAT(fill(memory), HasSubstr(c.told));
+        EXPECT_EQ(memory.files.size(), 1U);
     }
 }
 

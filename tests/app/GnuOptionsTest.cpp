@@ -106,6 +106,7 @@ TEST(GnuOptions, SayWhatIsWrong) {
         {{"--object"}, "Option '--object' needs an object's name."},
         {{"--all", ""}, "Option '--all' needs a folder."},
         {{"--all=a", "--object=b"}, "Options '--object' and '--all' cannot stand together."},
+        {{"--records=1-2", "--record=1"}, "Options '--records' and '--record' cannot stand together."},
         {{"--all=a", "--list-objects"}, "Options '--all' and '--list-objects' cannot stand together."},
         {{"--at=end", "--list-objects"}, "Options '--at' and '--list-objects' cannot stand together."},
         {{"--format=docx"}, "Option '--format' needs '--all FOLDER'."},

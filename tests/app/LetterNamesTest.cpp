@@ -44,6 +44,7 @@ TEST(LetterNames, RefuseWhatNoFileCanBeNamed) {
         {"{A}.docx", "", "{A} is empty in record 3"},      {"{B}.docx", "x", "{B} is empty in record 3"},
         {"{A}.docx", "a/b", "\"a/b\" of {A} in record 3"}, {"{A}.docx", "..", ""},
         {"x/{A}.docx", "a:b", "\"a:b\" of {A}"},           {"x/{A}.docx", "a\nb", "cannot be a part"},
+        {"{A}.docx", "a\u009Bb", "cannot be a part"},      {"{A}.docx", "a\u202Eb", "cannot be a part"},
         {"{A}.docx", "NUL", "\"NUL.docx\" of record 3"},   {"{A}.docx", std::string(300, 'a'), "record 3"},
     };
     for (const Case& c : cases) {

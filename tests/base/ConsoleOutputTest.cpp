@@ -22,6 +22,8 @@ TEST(ConsoleMessages, AnswerQuestionsWithTheirDefaultButton) {
         {"Go on?", MessageButtons::OkCancel, MessageAnswer::Ok, "mergeloom: Go on? [OK]\n"},
         {"It is open.\r\nClose it\rnow.\nPlease.", MessageButtons::Ok, MessageAnswer::Ok,
          "mergeloom: It is open.\n           Close it\n           now.\n           Please.\n"},
+        {"a\x1b[2J\u009B1m\u202Eb\tc\u05D0", MessageButtons::Ok, MessageAnswer::Ok,
+         "mergeloom: a\uFFFD[2J\uFFFD1m\uFFFDb\tc\u05D0\n"},
     };
     for (const Case& one : cases) {
         std::ostringstream stream;

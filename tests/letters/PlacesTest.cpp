@@ -1,5 +1,7 @@
 #include "letters/LetterTest.h"
 
+#include <gmock/gmock.h>
+
 namespace mergeloom {
 namespace {
 
@@ -15,11 +17,12 @@ TEST_F(LetterPlaces, TakeTheValuesOfTheirSources) {
     takes("A_bv", {{"A"}, letters::ValueKind::Bound});
     takes("A_ref1", {{"A"}});
     takes("SubX", {{"Sub", "X"}});
+    takes("_x", {{"A"}});
     const std::string body = paragraph(place("A") + run(" ") + place("A_bv") + run(" ") + place("a_REF1") +
-                                       run(" ") + place("SubX") + run(" ") + place("Other"));
+                                       run(" ") + place("SubX") + run(" ") + place("Other") + place("_x"));
     Record record{{{.name = "A", .displayValue = "Tom", .boundValue = "3", .records = {}},
                    subform("Sub", {{{shownControl("X", "first")}}, {{shownControl("X", "second")}}})}};
-    EXPECT_EQ(filled(body, record), "[A:Tom] [A_bv:3] [a_REF1:Tom] [SubX:first] [Other:Other]\n");
+    EXPECT_EQ(filled(body, record), "[A:Tom] [A_bv:3] [a_REF1:Tom] [SubX:first] [Other:Other][_x:Tom]\n");
 }
 
 TEST_F(LetterPlaces, KeepTheirFormattingAndTheirSurroundings) {
@@ -57,6 +60,18 @@ TEST_F(LetterPlaces, TextStaysText) {
         const std::string xml = bodyXml(letterOf(*letters, {Record{{shownControl("A", c.value)}}}));
         EXPECT_NE(xml.find("<w:r>" + c.expected + "</w:r>"), std::string::npos) << c.value << "\n" << xml;
     }
+}
+
+TEST_F(LetterPlaces, ValuesInTheCodeOfAFieldAreQuoted) {
+    const auto code = [](const std::string& text) {
+        return inRun("<w:instrText>" + text + "</w:instrText>");
+    };
+    const std::string body =
+        paragraph(inRun("<w:fldChar w:fldCharType=\"begin\"/>") + code("HYPERLINK &quot;") +
+                  marked("A", code("A")) + code("&quot;") + inRun("<w:fldChar w:fldCharType=\"separate\"/>") +
+                  run("x") + inRun("<w:fldChar w:fldCharType=\"end\"/>"));
+    const Record record{{shownControl("A", "C:\\x\" \\o \"\ny")}};
+    EXPECT_THAT(filled(body, record), testing::HasSubstr("[A:C:\\\\x\\&quot; \\\\o \\&quot; y]"));
 }
 
 TEST_F(LetterPlaces, OptionalTextGoesWithAnEmptyValueBesideIt) {

@@ -27,6 +27,8 @@ TEST_F(LetterRichText, BlocksBecomeParagraphs) {
         {"<div>a</div><div>&nbsp;</div><div>b</div>", "Say: [A:a\n\u00A0\nb].\n"},
         {"plain &amp; <unknown>x</unknown> &#8364;", "Say: [A:plain &amp; x \u20AC].\n"},
         {"<ul><li>x</li><li>y</li></ul><ol><li>z</li></ol>", "Say: [A:\u2022 x\n\u2022 y\n1. z].\n"},
+        {"<div>x<br></br>y</div>", "Say: [A:xy].\n"},
+        {"<div title=\"a>b\">q</div><p class='>'>r</p><p x='>s</p>", "Say: [A:q\nr\ns].\n"},
         {"<b>open", "Say: [A:plain].\n"},
         {"<i><b>x</i></b>", "Say: [A:plain].\n"},
         {"1 < 2", "Say: [A:plain].\n"},

@@ -322,6 +322,21 @@ class Filling(unittest.TestCase):
         self.assertIn("it holds the data", run("--fill", self.template, "--data", copy, "--output", copy).stderr)
         self.assertEqual(copy.read_bytes(), SAMPLE.read_bytes())
 
+    def test_targets_are_checked_before_the_first_is_written(self):
+        data = self.orders(2)
+        out = self.folder / "out"
+        out.mkdir()
+        done = run("--fill", self.template, "--data", data, "--output", self.folder / "absent" / "{OrderNumber}.docx")
+        self.assertIn("N-00001.docx' could not be saved", done.stderr)
+        second = out / "N-00002.docx"
+        second.write_bytes(b"old")
+        lock = out / ".~lock.N-00002.docx#"
+        lock.write_text(",somebody,elsewhere,01.01.2024 10:00,file:///x;", encoding="utf-8")
+        done = run("--fill", self.template, "--data", data, "--output", out / "{OrderNumber}.docx")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("N-00002.docx' cannot be saved: it is open elsewhere.", done.stderr)
+        self.assertEqual(sorted(out.iterdir()), sorted([second, lock]))
+
 
 if __name__ == "__main__":
     unittest.main()

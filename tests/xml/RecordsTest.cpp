@@ -66,6 +66,11 @@ TEST_F(Records, AreReadByTheirElements) {
         {"<Data><Record><Control Name='S'><Records><Record><Control Name='B'><DisplayValue>1</DisplayValue>"
          "</Control></Record><Record/></Records></Control><Control Name='C'/></Record></Data>",
          {"S=||||{B=1||||;}{};C=||||;"}},
+        {"<Data><Record><Control Name='A'><DisplayValue>Price <b>1<i>2</i></b> EUR</DisplayValue></Control>"
+         "</Record></Data>",
+         {"A=Price 12 EUR||||;"}},
+        {"<Data><Record><Control Name='A'/><Control Name='B'/><Control Name='A' Image='x'/></Record></Data>",
+         {"A=||||;B=||||;"}},
         {"<Data><Control Name='A'/></Data><Data><Record/></Data>", {}},
         {"<x><Data><Record/></Data></x><Data><Record/><Record/></Data>", {""}},
     };

@@ -66,9 +66,9 @@ class EmbeddedBooks final : public letters::Letters {
         prepareFormulas(content);
         cutParts(content);
         refuseObstacles(content.package().fileName());
-        archive_.emplace(
-            savedBytes(content.package(), DocumentFamily::Excel, static_cast<int>(settings.workbookFormat)),
-            content.package().conformance());
+        archive_.emplace(savedBytes(content.package(), DocumentFamily::Excel,
+                                    static_cast<int>(settings.workbookFormat), settings.fileName),
+                         content.package().conformance());
     }
 
     [[nodiscard]] const std::vector<std::string>& refusals() const override { return places_.refusals; }
@@ -82,6 +82,19 @@ class EmbeddedBooks final : public letters::Letters {
     [[nodiscard]] bool listsRecords() const override {
         return std::ranges::any_of(places_.tables, [](const BookTable& table) { return table.path.empty(); });
     }
+    [[nodiscard]] std::vector<letters::ControlPath> firstRecordsOnly() const override {
+        std::set<letters::ControlPath> found;
+        for (const BookPlace& place : places_.places) {
+            for (letters::ControlPath path = place.source.path; path.size() > 1;) {
+                path.pop_back();
+                const bool isListed =
+                    std::ranges::find(places_.tables, path, &BookTable::path) != places_.tables.end();
+                if (!isListed) found.insert(path);
+            }
+        }
+        return {found.begin(), found.end()};
+    }
+    [[nodiscard]] std::vector<letters::ControlPath> tablesWithoutRows() const override { return {}; }
     [[nodiscard]] std::vector<std::string> remarks() const override {
         return {renderer_.remarks().begin(), renderer_.remarks().end()};
     }

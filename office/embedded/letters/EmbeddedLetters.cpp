@@ -40,9 +40,9 @@ class EmbeddedLetters final : public letters::Letters {
         context_.labelsPerSheet = labelsPerSheet_;
         content.storeParts();
         cutParts(content.package());
-        archive_.emplace(
-            savedBytes(content.package(), DocumentFamily::Word, static_cast<int>(settings_.format)),
-            content.package().conformance());
+        archive_.emplace(savedBytes(content.package(), DocumentFamily::Word,
+                                    static_cast<int>(settings_.format), settings_.fileName),
+                         content.package().conformance());
         added_.emplace(files, settings_.findPicture, *archive_);
         renderer_.emplace(marked_, settings_, ids_, *added_);
         refusals_ = marked_.refusals;
@@ -229,7 +229,7 @@ class EmbeddedLetterTemplate final : public letters::LetterTemplate {
 
     [[nodiscard]] std::vector<std::string> bookmarkNames() override {
         std::vector<std::string> names;
-        for (const BookmarkRecord* record : content_.bookmarks().inNameOrder())
+        for (const BookmarkRecord* record : content_.bookmarks().withHidden())
             names.push_back(record->name);
         return names;
     }

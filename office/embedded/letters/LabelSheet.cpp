@@ -56,7 +56,7 @@ std::vector<pugi::xml_node> labelCells(pugi::xml_node cellWithPlaces, const opc:
 pugi::xml_node cellOfAllPlaces(WordContent& content, const letters::PlaceSources& sources) {
     if (!sources.tables.empty()) return {};
     pugi::xml_node common;
-    for (const BookmarkRecord* record : content.bookmarks().inNameOrder()) {
+    for (const BookmarkRecord* record : content.bookmarks().withHidden()) {
         if (!sources.places.contains(foldCase(record->name))) continue;
         const Story& story = *record->story;
         const pugi::xml_node cell =

@@ -2,6 +2,7 @@
 
 #include "base/FileStore.h"
 #include "office/embedded/parts/LetterArchive.h"
+#include "office/model/letters/LetterTemplate.h"
 #include "office/opc/ContentTypes.h"
 #include "office/opc/PictureFile.h"
 #include "office/opc/Relationships.h"

@@ -164,7 +164,7 @@ void LetterRenderer::appendValue(Piece& piece) {
     const bool isRich =
         kind == letters::ValueKind::Display && control != nullptr && !control->richText.empty();
     if (!format.isWholeRun) {
-        appendEscaped(*xml_, text);
+        appendEscaped(*xml_, inFieldCode(text));
     } else if (isRich) {
         appendRich(*control, format);
     } else {

@@ -65,7 +65,7 @@ class PlaceMarker {
     MarkedPlaces mark() {
         // A copy, since each replacement changes the table of bookmarks.
         std::vector<std::string> names;
-        for (const BookmarkRecord* record : content_.bookmarks().inNameOrder())
+        for (const BookmarkRecord* record : content_.bookmarks().withHidden())
             names.push_back(record->name);
         for (const std::string& name : names) {
             BookmarkRecord* const record = content_.bookmarks().find(name);

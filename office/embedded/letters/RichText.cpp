@@ -137,6 +137,24 @@ bool isBlock(std::string_view name) {
            name == "blockquote";
 }
 
+/// Returns the position of the end of the tag that starts a text. Quoted values of attributes may contain
+/// ">".
+std::size_t endOfTag(std::string_view html) {
+    char quote = 0;
+    for (std::size_t position = 1; position < html.size(); ++position) {
+        const char character = html[position];
+        if (quote == 0 && character == '>') return position;
+        const bool opens = quote == 0 && (character == '"' || character == '\'') && html[position - 1] == '=';
+        if (opens) {
+            quote = character;
+        } else if (character == quote) {
+            quote = 0;
+        }
+    }
+    // A quote that is never closed is none.
+    return quote == 0 ? std::string_view::npos : html.find('>');
+}
+
 class RichTextReader {
   public:
     std::optional<std::vector<RichParagraph>> read(std::string_view html) {
@@ -145,7 +163,7 @@ class RichTextReader {
             addText(html.substr(0, open));
             html.remove_prefix(open);
             if (html.empty()) break;
-            const std::size_t close = html.find('>');
+            const std::size_t close = endOfTag(html);
             if (close == std::string_view::npos || !take(tagOf(html.substr(1, close - 1))))
                 return std::nullopt;
             html.remove_prefix(close + 1);
@@ -166,7 +184,8 @@ class RichTextReader {
         const bool isName = !tag.name.empty() && tag.name.front() >= 'a' && tag.name.front() <= 'z';
         if (!isName) return false;
         if (isVoid(tag.name)) {
-            if (tag.name == "br") addBreak();
+            // In data of elements a break has an end tag.
+            if (tag.name == "br" && !tag.isEnd) addBreak();
             return true;
         }
         if (tag.isEnd) return end(tag.name);
@@ -270,7 +289,7 @@ std::string withoutTags(std::string_view html) {
         const std::size_t open = std::min(html.find('<'), html.size());
         appendHtmlText(text, html.substr(0, open));
         html.remove_prefix(open);
-        const std::size_t close = html.find('>');
+        const std::size_t close = endOfTag(html);
         if (close == std::string_view::npos) break;
         html.remove_prefix(close + 1);
     }

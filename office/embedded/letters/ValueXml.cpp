@@ -88,4 +88,14 @@ void appendRunContent(std::string& xml, std::string_view text, const std::string
     }
 }
 
+std::string inFieldCode(std::string_view text) {
+    std::string code;
+    code.reserve(text.size());
+    for (const char byte : text) {
+        if (byte == '"' || byte == '\\') code += '\\';
+        code += isLineBreak(byte) || byte == '\t' ? ' ' : byte;
+    }
+    return code;
+}
+
 }  // namespace mergeloom::embedded

@@ -13,4 +13,8 @@ void appendEscaped(std::string& xml, std::string_view text);
 /// An empty text becomes an empty text element, which preserves the formatting of the place.
 void appendRunContent(std::string& xml, std::string_view text, const std::string& prefix);
 
+/// Returns a value for the code of a field, in which quotes and backslashes have a meaning (ECMA-376 Part 1,
+/// 17.16.2).
+std::string inFieldCode(std::string_view text);
+
 }  // namespace mergeloom::embedded

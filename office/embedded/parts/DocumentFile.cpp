@@ -101,10 +101,11 @@ void DocumentFile::write(opc::Package& package, const std::string& fileName) {
     files_.save(fileName, [&](ByteSink& sink) { package.write(sink); });
 }
 
-std::string savedBytes(opc::Package& package, DocumentFamily family, int number) {
+std::string savedBytes(opc::Package& package, DocumentFamily family, int number,
+                       const std::string& fileName) {
     SavedBytes bytes;
     DocumentFile file(bytes, package.fileName(), true);
-    file.saveAs(package, family, number, package.fileName());
+    file.saveAs(package, family, number, fileName);
     return bytes.take();
 }
 

@@ -40,7 +40,8 @@ class DocumentFile {
     bool hasFile_;
 };
 
-/// Returns the bytes of a file in a format that the engine writes. Raises the errors of DocumentFile::saveAs.
-std::string savedBytes(opc::Package& package, DocumentFamily family, int number);
+/// Returns the bytes of a file in a format that the engine writes. Raises the errors of DocumentFile::saveAs,
+/// which name the given file.
+std::string savedBytes(opc::Package& package, DocumentFamily family, int number, const std::string& fileName);
 
 }  // namespace mergeloom::embedded

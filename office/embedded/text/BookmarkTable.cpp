@@ -36,16 +36,23 @@ BookmarkRecord* BookmarkTable::find(std::string_view name) const {
 
 const std::vector<BookmarkRecord*>& BookmarkTable::inNameOrder() {
     if (!orderIsStale_) return ordered_;
-    std::vector<std::pair<std::string, BookmarkRecord*>> keyed;
-    for (BookmarkRecord* record : byName_) {
-        if (!record->isHidden()) keyed.emplace_back(foldCase(record->name), record);
-    }
-    std::sort(keyed.begin(), keyed.end());
-    ordered_.clear();
-    for (const auto& [key, record] : keyed)
-        ordered_.push_back(record);
+    ordered_ = withHidden();
+    std::erase_if(ordered_, [](const BookmarkRecord* record) { return record->isHidden(); });
     orderIsStale_ = false;
     return ordered_;
+}
+
+std::vector<BookmarkRecord*> BookmarkTable::withHidden() const {
+    std::vector<std::pair<std::string, BookmarkRecord*>> keyed;
+    keyed.reserve(byName_.size());
+    for (BookmarkRecord* record : byName_)
+        keyed.emplace_back(foldCase(record->name), record);
+    std::sort(keyed.begin(), keyed.end());
+    std::vector<BookmarkRecord*> records;
+    records.reserve(keyed.size());
+    for (const auto& [key, record] : keyed)
+        records.push_back(record);
+    return records;
 }
 
 std::int64_t BookmarkTable::firstFreeCounter(const std::string& stem) {

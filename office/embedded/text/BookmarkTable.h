@@ -57,6 +57,8 @@ class BookmarkTable {
     [[nodiscard]] BookmarkRecord* find(std::string_view name) const;
     /// Returns the records that are not hidden, in name order.
     [[nodiscard]] const std::vector<BookmarkRecord*>& inNameOrder();
+    /// Returns all bookmarks in the same order, also hidden ones.
+    [[nodiscard]] std::vector<BookmarkRecord*> withHidden() const;
 
     /// Returns the smallest number n from 1 for which no record is named stem followed by n.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);

@@ -29,6 +29,7 @@ struct LetterSettings {
     PictureFinder findPicture{};
     word::WdSaveFormat format = word::WdSaveFormat::wdFormatXMLDocument;
     excel::XlFileFormat workbookFormat = excel::XlFileFormat::xlOpenXMLWorkbook;
+    std::string fileName{};  ///< of the letters, for errors
 };
 
 /// A compiled template, which writes letters.
