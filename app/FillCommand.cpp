@@ -124,16 +124,19 @@ void FillCommand::surveyRecord(const Record& record) {
 }
 
 /// Refuses a target that is a folder, the template or the data, or that cannot be written.
-void FillCommand::checkTarget(const std::string& path) const {
+void FillCommand::checkTarget(const std::string& path) {
     std::error_code error;
     if (std::filesystem::is_directory(path, error))
         refuseFill("The file '" + path + "' cannot be written: a folder has that name.");
+    const std::string folder = parentFolder(path);
+    if (checkedFolder_ != folder) ports_.files.checkFolder(path);
+    checkedFolder_ = folder;
+    if (!ports_.files.fileExists(path)) return;
     if (std::filesystem::equivalent(path, options_.templateFile, error))
         refuseFill("The file '" + path + "' cannot be written: it is the template.");
     if (std::filesystem::equivalent(path, options_.dataFile, error))
         refuseFill("The file '" + path + "' cannot be written: it holds the data.");
-    ports_.files.checkFolder(path);
-    if (ports_.files.fileExists(path) && IsFileLocked(path)) {
+    if (IsFileLocked(path)) {
         throw AutomationError(kFileCouldNotBeSaved,
                               "The file '" + path + "' cannot be saved: it is open elsewhere.");
     }
@@ -190,7 +193,7 @@ void FillCommand::checkNames() const {
         (isWorkbook_ ? "}.xlsx, or choose --record N." : "}.docx, or choose --one-document or --record N."));
 }
 
-void FillCommand::checkTargets() const {
+void FillCommand::checkTargets() {
     if (names_.dependOnRecord()) return;
     checkTarget(fullPath(options_.output));
 }

@@ -62,9 +62,9 @@ class FillCommand {
     void survey();
     void surveyRecord(const Record& record);
     void compile();
-    void checkTarget(const std::string& path) const;
+    void checkTarget(const std::string& path);
     void checkNames() const;
-    void checkTargets() const;
+    void checkTargets();
     /// Returns the differences between places and data, as sentences.
     [[nodiscard]] std::vector<std::string> differences() const;
     void noteDifferences(const std::vector<std::string>& texts);
@@ -92,6 +92,8 @@ class FillCommand {
     /// The error of the first file that cannot be written. It is raised after the names of controls are
     /// checked.
     std::optional<AutomationError> targetRefusal_;
+
+    std::optional<std::string> checkedFolder_;  ///< the folder of the last target
 
     std::unique_ptr<letters::LetterTemplate> template_;
     letters::PlaceSources places_;

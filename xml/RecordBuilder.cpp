@@ -139,11 +139,10 @@ void RecordBuilder::finishRecord() {
 }
 
 void RecordBuilder::finishControl() {
-    RecordControl control = std::move(controls_.back());
-    controls_.pop_back();
     // The first control of a name is the one of its place.
-    if (!records_.empty() && records_.back().find(control.name) == nullptr)
-        records_.back().controls.push_back(std::move(control));
+    const bool isTaken = !records_.empty() && records_.back().find(controls_.back().name) == nullptr;
+    if (isTaken) records_.back().controls.push_back(std::move(controls_.back()));
+    controls_.pop_back();
 }
 
 void RecordBuilder::finishValue(const Element& element) {

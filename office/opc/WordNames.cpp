@@ -163,8 +163,11 @@ const char* WordNames::value(pugi::xml_node node, std::string_view localName) co
 }
 
 pugi::xml_node WordNames::child(pugi::xml_node node, WordTag tag) const {
-    for (const pugi::xml_node candidate : node.children()) {
-        if (tagOf(candidate) == tag) return candidate;
+    // Properties come first, so that a long paragraph without them is not searched.
+    const bool isFirst = tag == WordTag::ParagraphProperties || tag == WordTag::RunProperties;
+    for (const pugi::xml_node child : node.children()) {
+        if (tagOf(child) == tag) return child;
+        if (isFirst && child.type() == pugi::node_element) break;
     }
     return {};
 }
