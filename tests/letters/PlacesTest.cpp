@@ -108,6 +108,21 @@ TEST_F(LetterPlaces, AnOptionalLineGoesWithItsValue) {
     EXPECT_EQ(shownBody(letterOf(*compiled(letter), {whole})), expected);
 }
 
+TEST_F(LetterPlaces, AnOptionalLineReturnsWithItsParagraphs) {
+    const std::string body =
+        "<w:p>" + place("A") +
+        "<w:bookmarkStart w:id=\"9\" w:name=\"OptionalCarriageReturn0\"/></w:p><w:p><w:pPr>"
+        "<w:jc w:val=\"right\"/></w:pPr><w:bookmarkEnd w:id=\"9\"/>" +
+        place("B") + "</w:p>";
+    const std::string file = wordFile(body);
+    const Record without{{shownControl("B", "b")}};
+    const Record whole{{shownControl("A", "a"), shownControl("B", "b")}};
+    const std::string direct = letterOf(*compiled(file), {whole});
+    std::string letter = letterOf(*compiled(file), {without});
+    EXPECT_EQ(bodyXml(letterOf(*compiled(letter), {without})), bodyXml(letter));
+    EXPECT_EQ(bodyXml(letterOf(*compiled(letter), {whole})), bodyXml(direct));
+}
+
 TEST_F(LetterPlaces, WhatCannotBeFilledIsTold) {
     const std::string table = "<w:tbl>" + row(cell("<w:bookmarkStart w:id=\"7\" w:name=\"A\"/>" + run("x")) +
                                               cell(run("y") + "<w:bookmarkEnd w:id=\"7\"/>" + run("z")));

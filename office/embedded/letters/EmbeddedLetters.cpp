@@ -44,6 +44,7 @@ class EmbeddedLetters final : public letters::Letters {
                                     static_cast<int>(settings_.format), settings_.fileName),
                          content.package().conformance());
         added_.emplace(files, settings_.findPicture, *archive_);
+        added_->setMainPart(content.package().mainPart());
         renderer_.emplace(marked_, settings_, ids_, *added_);
         refusals_ = marked_.refusals;
         refusals_.insert(refusals_.end(), context_.refusals.begin(), context_.refusals.end());

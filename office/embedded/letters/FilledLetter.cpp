@@ -1,6 +1,7 @@
 #include "office/embedded/letters/FilledLetter.h"
 
 #include "base/AutomationError.h"
+#include "office/embedded/letters/OmittedRestoration.h"
 #include "office/embedded/letters/ParagraphXml.h"
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
@@ -9,6 +10,7 @@
 #include <array>
 #include <iterator>
 #include <map>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -28,10 +30,12 @@ constexpr std::array<std::pair<const char*, PartKind>, 5> kRelatedParts = {
 /// Restores one part of a filled letter.
 class PartRestoration {
   public:
-    explicit PartRestoration(opc::XmlPart& part) : part_(part), names_(part.root()) {}
+    PartRestoration(opc::XmlPart& part, const OmittedContent& omitted)
+        : part_(part), names_(part.root()), omitted_(part, omitted) {}
 
     void restore() {
         visit(part_.root());
+        omitted_.restore();
         for (const pugi::xml_node row : addedRows_)
             part_.detach(row);
         for (const pugi::xml_node mark : addedMarks_)
@@ -75,16 +79,31 @@ class PartRestoration {
     void enterStart(pugi::xml_node node) {
         startsBefore_.push_back(names_.value(node, "id"));
         const std::string_view name = names_.value(node, "name");
-        const bool isLabel = name.starts_with(kFilledLabelName);
-        if (!isLabel && !name.starts_with(kAddedRowsName)) return;
+        omitted_.addId(names_.value(node, "id"));
+        if (name.starts_with(kFilledLabelName)) {
+            notePosition(node);
+            labels_.push_back(names_.ancestor(node, WordTag::CellElement));
+        }
+        if (name.starts_with(kOmittedName)) {
+            notePosition(node);
+            omitted_.addMark(node);
+        }
+        if (!name.starts_with(kAddedRowsName)) return;
         openAdded_[names_.value(node, "id")] = true;
         addedMarks_.push_back(node);
-        if (isLabel) return labels_.push_back(names_.ancestor(node, WordTag::CellElement));
         // Word moves the mark into the first cell of the rows.
         if (!openRows_.empty() && !openRows_.back().hasText) openRows_.back().isAdded = true;
     }
+    /// Notes the start of a bookmark that marks a position and no content.
+    void notePosition(pugi::xml_node start) {
+        openPositions_.insert(names_.value(start, "id"));
+        addedMarks_.push_back(start);
+        startsBefore_.pop_back();
+    }
+
     void enterEnd(pugi::xml_node node) {
         noteSplit(node);
+        if (openPositions_.erase(names_.value(node, "id")) > 0) return addedMarks_.push_back(node);
         if (openAdded_.erase(names_.value(node, "id")) == 0) return;
         addedMarks_.push_back(node);
         // Word moves the mark into the first cell of the row that follows.
@@ -146,7 +165,9 @@ class PartRestoration {
 
     opc::XmlPart& part_;
     opc::WordNames names_;
+    OmittedRestoration omitted_;
     std::map<std::string, bool> openAdded_;
+    std::set<std::string> openPositions_;
     std::vector<OpenRow> openRows_;
     std::vector<pugi::xml_node> addedRows_;
     std::vector<pugi::xml_node> addedMarks_;
@@ -191,6 +212,7 @@ std::vector<StoryPart> partsWithPlaces(opc::Package& package) {
 }
 
 void restoreTemplate(opc::Package& package) {
+    const OmittedContent omitted = takeOmittedContent(package);
     for (const auto& [name, kind] : partsWithPlaces(package)) {
         const std::unique_ptr<opc::XmlPart> part =
             opc::XmlPart::parse(package.readPart(name), name, package.fileName());
@@ -200,7 +222,7 @@ void restoreTemplate(opc::Package& package) {
                                       "' cannot be filled: it contains characters that no text "
                                       "has (U+FDD0 to U+FDD3).");
         }
-        PartRestoration(*part).restore();
+        PartRestoration(*part, omitted).restore();
         if (part->isDirty()) package.writePart(name, part->toXml());
     }
 }

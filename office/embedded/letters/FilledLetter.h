@@ -31,9 +31,9 @@ struct StoryPart {
 /// Returns the parts of a document that can contain places, the body first.
 std::vector<StoryPart> partsWithPlaces(opc::Package& package);
 
-/// Restores the template of a filled letter: removes the added rows, empties the labels after the first one,
-/// joins the paragraphs of rich text, and inserts kKeptPlace into the empty
-/// runs at the start of places. Raises kNotAvailable for text with the characters that mark places.
+/// Restores the template of a filled letter: inserts the omitted content, removes the added rows, empties the
+/// labels after the first one, joins the paragraphs of rich text, and inserts kKeptPlace into the empty runs
+/// at the start of places. Raises kNotAvailable for text with the characters that mark places.
 void restoreTemplate(opc::Package& package);
 
 }  // namespace mergeloom::embedded

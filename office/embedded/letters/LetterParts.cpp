@@ -1,6 +1,7 @@
 #include "office/embedded/letters/LetterParts.h"
 
 #include "base/Paths.h"
+#include "office/embedded/letters/OmittedContent.h"
 #include "office/opc/PartName.h"
 
 #include <utility>
@@ -19,6 +20,7 @@ void LetterParts::begin() {
     relationships_.clear();
     links_.clear();
     models_.clear();
+    omitted_.clear();
     lastNumber_ = 0;
 }
 
@@ -81,9 +83,24 @@ std::string LetterParts::linkLike(const std::string& mainPart, const std::string
     return relationships.addPart(type, partName);
 }
 
+std::size_t LetterParts::omit(const std::string& xml) {
+    omitted_.push_back(xml);
+    return omitted_.size();
+}
+
+void LetterParts::addOmitted() {
+    if (omitted_.empty()) return;
+    const std::string name = newPartName("/customXml/item", "xml");
+    const std::string type = opc::officeRelationshipType("customXml", archive_.conformance());
+    relationshipsOf(mainPart_).addPart(type, name);
+    bytes_.emplace(name, omittedPartXml(omitted_));
+}
+
 void LetterParts::addTo(ChangedParts& changed) {
+    addOmitted();
     if (bytes_.empty()) return;
     opc::ContentTypes types(archive_.read(kContentTypes), "the template");
+    if (!omitted_.empty()) types.ensureDefault("xml", "application/xml");
     for (const auto& [path, picture] : pictures_) {
         if (types.ensureDefault(picture.file.extension(), picture.file.contentType())) continue;
         types.setOverride(picture.partName, picture.file.contentType());

@@ -11,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mergeloom::embedded {
 
@@ -38,15 +39,23 @@ class LetterParts {
     /// Adds a part with the relationships and content type of a part of the template. Returns its name; its
     /// content is set later.
     std::string addLike(const std::string& partName);
+    /// Keeps the XML of content that the letter leaves out. Returns its number.
+    std::size_t omit(const std::string& xml);
+    /// Returns how much content has been kept, or discards what was kept after that.
+    [[nodiscard]] std::size_t omittedCount() const { return omitted_.size(); }
+    void keepOmitted(std::size_t count) { omitted_.resize(count); }
     void setContent(const std::string& partName, std::string xml);
     /// Adds a relationship from the main part to such a part, of the type of the relationship with the given
     /// id. Returns its id.
     std::string linkLike(const std::string& mainPart, const std::string& id, const std::string& partName);
 
+    /// Sets the part that the additions of the main document belong to.
+    void setMainPart(const std::string& name) { mainPart_ = name; }
     /// Appends all additions to the changed parts.
     void addTo(ChangedParts& changed);
 
   private:
+    void addOmitted();
     std::string newPartName(const std::string& start, const std::string& extension);
     opc::Relationships& relationshipsOf(const std::string& partName);
 
@@ -59,6 +68,8 @@ class LetterParts {
     std::map<std::pair<std::string, std::string>, std::string> links_;  ///< by the parts at both ends
     /// The parts of the template by the names of parts that were added like them.
     std::map<std::string, std::string> models_;
+    std::vector<std::string> omitted_;
+    std::string mainPart_;
     int lastNumber_ = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/embedded/letters/FilledLetter.h"
+#include "office/embedded/letters/OmittedContent.h"
 #include "office/embedded/letters/PictureReplacement.h"
 #include "office/embedded/letters/RichText.h"
 #include "office/embedded/letters/RichTextXml.h"
@@ -119,6 +120,13 @@ void LetterRenderer::appendOptional(Piece& piece) {
     const bool isShown = std::ranges::none_of(piece.beside, [this](Piece& value) { return isEmpty(value); });
     if (isShown) return append(piece.inside);
     if (settings_.use == letters::LetterUse::OneEach && isFirst_) xml_->append(piece.xml);
+    appendOmitted(piece);
+}
+
+/// Keeps the content of a piece that the letter leaves out, and marks its position.
+void LetterRenderer::appendOmitted(const Piece& piece) {
+    const bool isKept = settings_.use == letters::LetterUse::OneEach && isFirst_ && !piece.omitted.empty();
+    if (isKept) appendEnd(appendAddedStart(kOmittedName, parts_.omit(piece.omitted)));
 }
 
 const std::string& LetterRenderer::linkOf(const std::string& id) const {
@@ -240,14 +248,18 @@ const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
 }
 
 void LetterRenderer::appendTable(Piece& piece) {
-    if (!keepsTable(piece)) return;
+    if (!keepsTable(piece)) return appendOmitted(piece);
     const std::size_t start = xml_->size();
+    const std::size_t omitted = parts_.omittedCount();
     append(piece.inside);
     // A table without rows is not allowed (ECMA-376 Part 1, 17.4.37).
     const std::string row = "<" + part_->prefix + "tr";
     const bool hasRows = xml_->find(row + ">", start) != std::string::npos ||
                          xml_->find(row + " ", start) != std::string::npos;
-    if (!hasRows) xml_->resize(start);
+    if (hasRows) return;
+    xml_->resize(start);
+    parts_.keepOmitted(omitted);
+    appendOmitted(piece);
 }
 
 void LetterRenderer::appendRows(Piece& piece) {
@@ -255,7 +267,10 @@ void LetterRenderer::appendRows(Piece& piece) {
     std::span<const Record> records = recordsOf(piece);
     const bool isEmpty = records.empty();
     if (isEmpty && piece.withoutRecords == WithoutRecords::EmptyRows) records = {&kNoValues, 1};
-    if (isEmpty && isFirst_ && records.empty()) xml_->append(piece.xml);
+    if (records.empty()) {
+        if (isFirst_) xml_->append(piece.xml);
+        return appendOmitted(piece);
+    }
     const bool wasFirst = isFirst_;
     const bool marksRows = wasFirst && records.size() > 1 && settings_.use == letters::LetterUse::OneEach;
     std::string id;

@@ -50,6 +50,7 @@ class LetterRenderer {
     std::string takeParagraphSection();
     void appendLabel(Piece& piece);
     void appendOptional(Piece& piece);
+    void appendOmitted(const Piece& piece);
     void appendPicture(Piece& piece);
     /// Returns the picture of a record; null and a remark if there is none.
     const LetterPicture* pictureOf(Piece& piece);

@@ -49,13 +49,17 @@ class Cutter {
             case TokenKind::RowsStart:
                 open(Piece::Kind::Rows, token.number);
                 open_.back().xml = prepared_.patterns().at(token.number).marksAcross;
+                open_.back().omitted = prepared_.patterns().at(token.number).rowsXml;
                 open_.back().withoutRecords = prepared_.patterns().at(token.number).withoutRecords;
                 return levels_.push_back(prepared_.patterns().at(token.number).path);
             case TokenKind::TableStart:
-                return open(Piece::Kind::Table, token.number);
+                open(Piece::Kind::Table, token.number);
+                open_.back().omitted = prepared_.patterns().at(token.number).tableXml;
+                return;
             case TokenKind::OptionalStart:
                 return open_.push_back({.kind = Piece::Kind::Optional,
                                         .xml = prepared_.optionalKeepers().at(token.number),
+                                        .omitted = prepared_.optionalParagraphs().at(token.number),
                                         .number = token.number});
             case TokenKind::SectionStart:
                 return open_.push_back({.kind = Piece::Kind::Section});

@@ -1,6 +1,7 @@
 #include "office/embedded/letters/PartPreparation.h"
 
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "office/embedded/letters/LabelSheet.h"
 #include "office/embedded/letters/ParagraphXml.h"
 #include "office/embedded/letters/PictureReplacement.h"
@@ -60,7 +61,8 @@ PartPreparation::PartPreparation(CuttingContext& context, opc::XmlPart& part, Pa
       names_(part.root()),
       kind_(kind),
       formats_(context.marked.places.size()),
-      optionalKeepers_(context.marked.optionals.size()) {
+      optionalKeepers_(context.marked.optionals.size()),
+      optionalParagraphs_(context.marked.optionals.size()) {
     for (std::size_t number = 0; number < context.marked.places.size(); ++number)
         placesByName_[context.marked.places[number].name] = number;
 }
@@ -145,8 +147,7 @@ void PartPreparation::markRows(const RowPattern& pattern) {
     const auto number = static_cast<std::size_t>(&pattern - patterns_.data());
     for (const pugi::xml_node row : pattern.rows)
         repeatedNodes_.insert(row.hash_value());
-    if (context_.settings.use == letters::LetterUse::OneEach)
-        patterns_[number].marksAcross = marksAcross(pattern.rows.front(), pattern.rows.back());
+    if (context_.settings.use == letters::LetterUse::OneEach) keepXml(patterns_[number]);
     insertBefore(pattern.rows.front(), {TokenKind::RowsStart, number});
     insertAfter(pattern.rows.back(), {TokenKind::RowsEnd, number});
     if (!pattern.markedTable) return;
@@ -155,16 +156,43 @@ void PartPreparation::markRows(const RowPattern& pattern) {
     if (pattern.path.empty()) context_.listsRecords = true;
 }
 
-/// Returns the marks in rows of the bookmarks that have the other mark outside of them.
-std::string PartPreparation::marksAcross(pugi::xml_node first, pugi::xml_node last) const {
+/// Keeps what a letter without records needs to be filled again.
+void PartPreparation::keepXml(RowPattern& pattern) const {
+    for (const pugi::xml_node row : pattern.rows)
+        pattern.rowsXml += templateXmlOf(row);
+    for (const std::string& mark : marksAcross(pattern.rows.front(), pattern.rows.back())) {
+        pattern.marksAcross += mark;
+        pattern.rowsXml = replaceAll(pattern.rowsXml, mark, "");
+    }
+    if (!pattern.markedTable) return;
+    pattern.tableXml = templateXmlOf(pattern.markedTable);
+    if (pattern.tableEnd != pattern.markedTable) pattern.tableXml += xmlOf(pattern.tableEnd);
+}
+
+/// Returns the XML of an element of the template: its places show their names, and it has no other tokens.
+std::string PartPreparation::templateXmlOf(pugi::xml_node element) const {
+    const std::string whole = xmlOf(element);
+    std::string_view rest = whole;
+    std::string_view before;
     std::string xml;
+    for (;;) {
+        const std::optional<Token> token = Token::takeFirst(rest, before);
+        xml += before;
+        if (!token) return xml;
+        if (token->kind == TokenKind::Value) xml += context_.marked.places.at(token->number).name;
+    }
+}
+
+/// Returns the marks in rows of the bookmarks that have the other mark outside of them.
+std::vector<std::string> PartPreparation::marksAcross(pugi::xml_node first, pugi::xml_node last) const {
+    std::vector<std::string> marks;
     for (const PartBookmark& bookmark : bookmarks_) {
         if (!bookmark.end) continue;
         const bool startsInside = isInSiblings(bookmark.start, first, last);
         const bool endsInside = isInSiblings(bookmark.end, first, last);
-        if (startsInside != endsInside) xml += xmlOf(startsInside ? bookmark.start : bookmark.end);
+        if (startsInside != endsInside) marks.push_back(xmlOf(startsInside ? bookmark.start : bookmark.end));
     }
-    return xml;
+    return marks;
 }
 
 void PartPreparation::markPictures() {
@@ -240,9 +268,17 @@ void PartPreparation::markOptionals() {
                               names_.tagOf(last) == WordTag::Paragraph && first.parent() == last.parent());
         if (!areBeside) continue;
         optionalKeepers_[number] = keeperXml(found->start);
+        const std::string second = propertiesXml(last);
+        if (first != last && second != propertiesXml(first)) optionalParagraphs_[number] = second;
         insertAfter(found->start, {TokenKind::OptionalStart, number});
         insertBefore(found->end, {TokenKind::OptionalEnd, number});
     }
+}
+
+/// Returns the properties of a paragraph, as an empty element if there are none.
+std::string PartPreparation::propertiesXml(pugi::xml_node paragraph) const {
+    const pugi::xml_node properties = names_.child(paragraph, WordTag::ParagraphProperties);
+    return properties ? xmlOf(properties) : "<" + names_.element("pPr") + "/>";
 }
 
 /// Returns an empty run with the formatting of the run after a mark.

@@ -26,6 +26,8 @@ class PartPreparation {
     [[nodiscard]] const std::vector<PlaceFormat>& formats() const { return formats_; }
     /// Returns the runs that preserve the places of omitted optional text.
     [[nodiscard]] const std::vector<std::string>& optionalKeepers() const { return optionalKeepers_; }
+    /// Returns the properties of the paragraphs after optional line ends, if they differ from those before.
+    [[nodiscard]] const std::vector<std::string>& optionalParagraphs() const { return optionalParagraphs_; }
     [[nodiscard]] const std::vector<std::string>& onceXml() const { return once_; }
     /// Returns the content of labels without a record.
     [[nodiscard]] const std::vector<std::string>& emptyLabels() const { return emptyLabels_; }
@@ -40,11 +42,14 @@ class PartPreparation {
     void markValues();
     void markValue(pugi::xml_node text, std::size_t number);
     void findTables();
-    [[nodiscard]] std::string marksAcross(pugi::xml_node first, pugi::xml_node last) const;
+    [[nodiscard]] std::vector<std::string> marksAcross(pugi::xml_node first, pugi::xml_node last) const;
     void markRows(const RowPattern& pattern);
+    void keepXml(RowPattern& pattern) const;
+    [[nodiscard]] std::string templateXmlOf(pugi::xml_node element) const;
     void markOptionals();
     void findLabels();
     void copyLabels();
+    [[nodiscard]] std::string propertiesXml(pugi::xml_node paragraph) const;
     [[nodiscard]] std::string keeperXml(pugi::xml_node mark) const;
     void markPictures();
     void markPicture(const PartBookmark& bookmark, std::size_t number);
@@ -75,6 +80,7 @@ class PartPreparation {
     PartKind kind_;
     std::vector<PlaceFormat> formats_;
     std::vector<std::string> optionalKeepers_;
+    std::vector<std::string> optionalParagraphs_;
     std::vector<std::string> once_;
     std::vector<std::string> ids_;
     std::string sectionBreak_;

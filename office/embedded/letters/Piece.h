@@ -58,6 +58,7 @@ struct Piece {
 
     Kind kind = Kind::Fixed;
     std::string xml{};       ///< the fixed XML, the id in the template, or what replaces the piece
+    std::string omitted{};   ///< what a letter keeps of rows, a table or a line that it leaves out
     std::size_t number = 0;  ///< of the place, the table or the picture
     WithoutRecords withoutRecords = WithoutRecords::RemoveRows;  ///< of rows
     ValuePath source{};                                          ///< of a value, of rows and of a table

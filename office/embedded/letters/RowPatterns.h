@@ -30,6 +30,8 @@ struct RowPattern {
     pugi::xml_node markedTable{};  ///< the table, if a bookmark marks it
     pugi::xml_node tableEnd{};     ///< the last node that goes with the table: itself, or the bookmark's end
     std::string marksAcross{};     ///< what remains of the rows without records
+    std::string rowsXml{};         ///< the rows, without those marks
+    std::string tableXml{};        ///< the marked table
 };
 
 /// Decides if rows with places of a subform are repeated in tables that no bookmark marks.
