@@ -1,0 +1,89 @@
+#!/usr/bin/env python3
+"""Measures the description of databases: the structure of many tables, and records nested in the records that they
+belong to, beside sqlite3 -json with a script that nests them.
+
+Usage: describe.py PROGRAM [--tables N] [--records N] [--runs N]. It needs the Debian packages sqlite3 and time.
+"""
+import argparse
+import pathlib
+import sqlite3
+import statistics
+import subprocess
+import sys
+import tempfile
+
+NESTING = """
+import json, subprocess, sys
+def read(table):
+    told = subprocess.run(["sqlite3", "-json", sys.argv[1], "SELECT * FROM " + table], capture_output=True, check=True)
+    return json.loads(told.stdout)
+orders, lines = read("orders"), {}
+for line in read("lines"):
+    lines.setdefault(line["order_number"], []).append(line)
+for order in orders:
+    order["lines"] = lines.get(order["number"], [])
+with open(sys.argv[2], "w", encoding="utf-8") as file:
+    json.dump(orders, file)
+"""
+
+
+def make_tables(path, count):
+    """Tables of seven columns, each of which refers to the one before it."""
+    with sqlite3.connect(path) as connection:
+        for number in range(count):
+            connection.execute(f"CREATE TABLE t{number} (id INTEGER PRIMARY KEY, a TEXT, b INTEGER, c DATE, d TEXT, "
+                               f"e REAL, before INTEGER REFERENCES t{max(0, number - 1)})")
+
+
+def make_records(path, count):
+    """Orders of ten columns with two lines each."""
+    with sqlite3.connect(path) as connection:
+        connection.execute("CREATE TABLE orders (number INTEGER PRIMARY KEY, customer TEXT, ordered DATE, paid BOOLEAN, "
+                           "freight DECIMAL(8, 2), a TEXT, b TEXT, c TEXT, d INTEGER, e REAL)")
+        connection.execute("CREATE TABLE lines (order_number INTEGER REFERENCES orders, line INTEGER, product TEXT, "
+                           "quantity INTEGER, price DECIMAL(8, 2), PRIMARY KEY (order_number, line))")
+        connection.executemany("INSERT INTO orders VALUES (?, ?, ?, ?, ?, 'text a', 'text b', 'text c', ?, ?)", (
+            (number, f"customer {number}", f"20{number % 90 + 10}-05-14", number % 2, number / 7, number, number * 1.5)
+            for number in range(count)))
+        connection.executemany("INSERT INTO lines VALUES (?, ?, ?, 3, 1.25)", (
+            (number, line, f"product {number}") for number in range(count) for line in (1, 2)))
+
+
+def measure(command, runs):
+    """The seconds of wall time and of the processor, and the peak memory in MB: the medians of the runs."""
+    rounds = []
+    for _ in range(runs):
+        told = subprocess.run(["/usr/bin/time", "-f", "%e %U %S %M", *map(str, command)], capture_output=True, text=True,
+                              check=True).stderr.split()[-4:]
+        wall, user, system, memory = map(float, told)
+        rounds.append((wall, user + system, memory / 1024))
+    return [statistics.median(column) for column in zip(*rounds)]
+
+
+def show(title, figures):
+    print(f"{title:44} {figures[0]:6.2f} s {figures[1]:6.2f} s of the processor {figures[2]:5.0f} MB")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("program")
+    parser.add_argument("--tables", type=int, default=1000)
+    parser.add_argument("--records", type=int, default=100_000)
+    parser.add_argument("--runs", type=int, default=3)
+    options = parser.parse_args()
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        make_tables(folder / "tables.db", options.tables)
+        show(f"the structure of {options.tables} tables",
+             measure([options.program, folder / "tables.db", "--output", folder / "tables.xml"], options.runs))
+        make_records(folder / "records.db", options.records)
+        ours = measure([options.program, folder / "records.db", "--object", "orders", "--records", "all", "--output",
+                        folder / "records.xml"], options.runs)
+        peer = measure([sys.executable, "-c", NESTING, folder / "records.db", folder / "records.json"], options.runs)
+        show(f"{options.records} records with two others each", ours)
+        show("sqlite3 -json and a script that nests them", peer)
+        print(f"times as fast: {peer[0] / ours[0]:.2f}, by processor time {peer[1] / ours[1]:.2f}")
+
+
+if __name__ == "__main__":
+    main()
