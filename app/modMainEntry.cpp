@@ -32,7 +32,6 @@ namespace {
 
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
-constexpr int kEndedBySignal = 128;
 
 /// Refuses options of mappings when there is no mapping, which would ignore them.
 void refuseOptionsOfMappings(const GnuOptions& options) {

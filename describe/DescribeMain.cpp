@@ -21,8 +21,6 @@ namespace {
 
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
-/// The exit status that a shell reports for a process that a signal ended, without the signal's number.
-constexpr int kEndedBySignal = 128;
 constexpr std::string_view kProgram = "mergeloom-describe";
 
 enum class Task { Describe, List, ShowHelp, ShowVersion };

@@ -13,6 +13,10 @@ namespace {
 /// A form of a form's form is as deep as a letter's tables are nested.
 constexpr std::size_t kMaxSubformDepth = 2;
 
+/// Databases join a limited number of tables in one query, SQLite 64. The lookups of further columns are left
+/// out; these show their keys.
+constexpr std::size_t kMaxLookups = 48;
+
 std::string asCaption(const std::string& text) {
     return replaceAll(text, "&", "&&");
 }
@@ -113,15 +117,25 @@ class ObjectDesigner {
         object.table = table.name;
         if (!table.keys.empty()) object.key = table.keys.front();
         for (const Column& column : table.columns)
-            object.controls.push_back(control(table, column));
+            object.controls.push_back(control(column));
+        lookUp(object, table);
         return object;
     }
 
-    [[nodiscard]] ControlDesign control(const Table& table, const Column& column) const {
+    void lookUp(ObjectDesign& object, const Table& table) const {
+        std::size_t lookups = 0;
+        for (ControlDesign& control : object.controls) {
+            if (lookups == kMaxLookups) return;
+            control.lookup = lookupOf(table, control.column);
+            if (!control.lookup) continue;
+            control.type = ControlType::Combobox;
+            ++lookups;
+        }
+    }
+
+    static ControlDesign control(const Column& column) {
         ControlDesign control{column.name, asCaption(column.caption.empty() ? column.name : column.caption)};
         control.column = column;
-        control.lookup = lookupOf(table, column);
-        if (control.lookup) control.type = ControlType::Combobox;
         if (column.type == ColumnType::Boolean) control.type = ControlType::Checkbox;
         if (column.type == ColumnType::Bytes) control.type = ControlType::BoundObjectFrame;
         return control;

@@ -174,6 +174,21 @@ INSERT INTO pair VALUES (1, 2, 'p'), (2, 1, 'q'); INSERT INTO half VALUES (5, 2,
     EXPECT_THAT(describe("loose"), HasSubstr(R"(Name="name" Caption="name" ControlType="Textbox")"));
 }
 
+TEST_F(DescribeMain, LooksUpAsManyNamesAsAQueryCanJoin) {
+    std::string columns;
+    for (int number = 0; number < 100; ++number)
+        columns += ", c" + std::to_string(number) + " INTEGER REFERENCES towns";
+    const Outcome outcome = run({make("CREATE TABLE towns (id INTEGER PRIMARY KEY, name TEXT);"
+                                      "INSERT INTO towns VALUES (1, 'Bosham');"
+                                      "CREATE TABLE trips (id INTEGER PRIMARY KEY" +
+                                      columns + "); INSERT INTO trips (id, c0, c99) VALUES (7, 1, 1);"),
+                                 "--object", "trips", "--records", "all"});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_THAT(outcome.output,
+                AllOf(HasSubstr("Name=\"c0\"><DisplayValue>Bosham</DisplayValue><BoundValue>1</BoundValue>"),
+                      HasSubstr("Name=\"c99\"><DisplayValue>1</DisplayValue>")));
+}
+
 TEST_F(DescribeMain, WritesWhatTheMappingReads) {
     const std::string target = folder_ / "shop.xml";
     ASSERT_EQ(run({make(kShop), "--output", target}).status, 0);
