@@ -231,6 +231,33 @@ class Filling(unittest.TestCase):
         self.assertAlmostEqual(after.height, after.width * picture.px_height / picture.px_width, delta=2)
         self.assertIn((pictures / "letterhead.png").read_bytes(), parts_of(letter).values())
 
+    def test_pictures_at_places_of_text(self):
+        """A wide picture is scaled down to its cell, and leaves nothing for the next record."""
+        document = docx.Document()
+        cell = document.add_table(1, 2).rows[0].cells[0]
+        for element in place("Sketch", 900):
+            cell.paragraphs[0]._p.append(element)
+        template = self.folder / "sketch.docx"
+        document.save(template)
+        image = SAMPLE.parent / "pictures" / "letterhead.png"
+
+        def show(number, record):
+            if number == 1:
+                record.append(ElementTree.Element("Control", Name="Sketch", Image=str(image)))
+
+        data = self.orders(2, 1, show)
+        first, second, again = (self.folder / f"{name}.docx" for name in ("first", "second", "again"))
+        self.fill("--record", "1", "--output", first, template=template, data=data)
+        picture = self.read(first).inline_shapes[0]
+        size = docx.image.image.Image.from_file(str(image))
+        self.assertLess(picture.width, cell.width)
+        self.assertAlmostEqual(picture.height, picture.width * size.px_height / size.px_width, delta=2)
+        self.assertIn(image.read_bytes(), parts_of(first).values())
+        self.fill("--record", "2", "--output", second, template=template, data=data)
+        self.fill("--record", "2", "--output", again, template=first, data=data)
+        self.assertEqual(len(self.read(again).inline_shapes), 0)
+        self.assertEqual(parts_of(again)["word/document.xml"], parts_of(second)["word/document.xml"])
+
     def test_empty_tables(self):
         data = self.orders(1, 0)
         kept, dropped = self.folder / "kept.docx", self.folder / "dropped.docx"

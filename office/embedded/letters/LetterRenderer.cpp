@@ -7,6 +7,7 @@
 #include "office/embedded/letters/RichText.h"
 #include "office/embedded/letters/RichTextXml.h"
 #include "office/embedded/letters/ValueXml.h"
+#include "office/embedded/word/InlinePicture.h"
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>
@@ -20,7 +21,7 @@ namespace {
 bool hasNothing(const RecordControl* control, letters::ValueKind kind) {
     if (control == nullptr) return true;
     if (kind == letters::ValueKind::Bound) return control->boundValue.empty();
-    return control->shownText().empty() && control->richText.empty();
+    return control->shownText().empty() && control->richText.empty() && control->image.empty();
 }
 
 const Record* followPath(const Record* record, const Piece& piece, std::vector<std::size_t>& hints,
@@ -171,6 +172,9 @@ void LetterRenderer::appendValue(Piece& piece) {
     const std::string& text = kind == letters::ValueKind::Bound ? bound : shown;
     const bool isRich =
         kind == letters::ValueKind::Display && control != nullptr && !control->richText.empty();
+    const bool isShownAsPicture = format.isWholeRun && kind == letters::ValueKind::Display &&
+                                  control != nullptr && !control->image.empty() && appendNewPicture(piece);
+    if (isShownAsPicture) return;
     if (!format.isWholeRun) {
         appendEscaped(*xml_, inFieldCode(text));
     } else if (isRich) {
@@ -216,6 +220,29 @@ void LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat&
         const std::string& shown = control.shownText();
         appendRunContent(*xml_, shown.empty() ? withoutTags(control.richText) : shown, format.prefix);
     }
+}
+
+/// Appends the picture of a record at a place of text. Returns false if there is none.
+bool LetterRenderer::appendNewPicture(Piece& piece) {
+    const LetterPicture* const picture = pictureOf(piece);
+    if (picture == nullptr) return false;
+    InlinePicture shown{
+        .relationshipId = parts_.link(part_->name, *picture),
+        .name = picture->name,
+        .drawingId = freshIds_.nextDrawing++,
+        .width = swapsSides(picture->file) ? picture->file.naturalHeight() : picture->file.naturalWidth(),
+        .height = picture->file.naturalHeight()};
+    fitInto(marked_.places[piece.number].textWidth, shown);
+    // The empty run preserves the formatting of the place for the next filling.
+    appendRunContent(*xml_, "", part_->prefix);
+    *xml_ += "</" + part_->prefix + "r><" + part_->prefix + "r>";
+    pugi::xml_document document;
+    document.load_string(drawingXml(shown, part_->names).c_str());
+    const pugi::xml_node drawing = document.document_element();
+    replacePicture(drawing, shown.relationshipId, picture->file, picture->name);
+    opc::StringWriter writer(*xml_);
+    drawing.print(writer, "", pugi::format_raw | pugi::format_no_declaration);
+    return true;
 }
 
 void LetterRenderer::appendPicture(Piece& piece) {

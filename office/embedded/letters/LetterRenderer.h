@@ -52,6 +52,7 @@ class LetterRenderer {
     void appendOptional(Piece& piece);
     void appendOmitted(const Piece& piece);
     void appendPicture(Piece& piece);
+    bool appendNewPicture(Piece& piece);
     /// Returns the picture of a record; null and a remark if there is none.
     const LetterPicture* pictureOf(Piece& piece);
     /// Appends a table, unless it would have no rows.

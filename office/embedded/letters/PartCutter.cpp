@@ -154,13 +154,9 @@ CutPart cutPart(CuttingContext& context, opc::XmlPart& part, PartKind kind) {
     PartPreparation preparation(context, part, kind);
     preparation.prepare();
     const opc::WordNames names(part.root());
-    CutPart cut{part.partName(),
-                {},
-                names.element(""),
-                names.attribute(""),
-                Cutter(context, preparation).cut(part.toXml()),
-                preparation.formats(),
-                kind};
+    CutPart cut{part.partName(),       {},    names.element(""),
+                names.attribute(""),   names, Cutter(context, preparation).cut(part.toXml()),
+                preparation.formats(), kind};
     findValuesBeside(cut.pieces);
     return cut;
 }

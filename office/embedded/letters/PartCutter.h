@@ -6,6 +6,7 @@
 #include "office/embedded/parts/PictureParts.h"
 #include "office/model/letters/LetterTemplate.h"
 #include "office/opc/Package.h"
+#include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>
@@ -27,6 +28,7 @@ struct CutPart {
     std::string entryName{};      ///< in the archive
     std::string prefix;           ///< of the elements of WordprocessingML
     std::string attributePrefix;  ///< of its attributes
+    opc::WordNames names;
     Pieces pieces;
     /// The formatting at the places, by their numbers; empty for places in other parts.
     std::vector<PlaceFormat> formats;

@@ -83,6 +83,10 @@ void setEffectExtent(pugi::xml_node drawing, pugi::xml_node extent, std::int64_t
 
 }  // namespace
 
+bool swapsSides(const opc::PictureFile& picture) {
+    return turnOf(picture.orientation()).quarters % 2 == 1;
+}
+
 bool showsPicture(pugi::xml_node drawing) {
     return linkOf(drawing) && findLocal(drawing, "extent") && findLocal(drawing, "xfrm");
 }
@@ -94,7 +98,7 @@ std::string pictureLinkOf(pugi::xml_node drawing) {
 void replacePicture(pugi::xml_node drawing, const std::string& relationshipId,
                     const opc::PictureFile& picture, const std::string& name) {
     const Turn turn = turnOf(picture.orientation());
-    const bool isTurned = turn.quarters % 2 == 1;
+    const bool isTurned = swapsSides(picture);
     pugi::xml_node extent = findLocal(drawing, "extent");
     pugi::xml_node transform = findLocal(drawing, "xfrm");
     const bool wasTurned = (transform.attribute("rot").as_llong() / kQuarterTurn) % 2 != 0;

@@ -4,8 +4,10 @@
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/Token.h"
+#include "office/embedded/word/TextArea.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <string_view>
 
@@ -92,9 +94,31 @@ class PlaceMarker {
     }
 
     void markPlace(BookmarkRecord& record, const letters::PlaceSource& source) {
-        MarkedPlace place{record.name, source, isPicture(record)};
+        MarkedPlace place{record.name, source, isPicture(record), widthAt(record)};
         const Token token{TokenKind::Value, marked_.places.size()};
         if (place.isPicture || replace(record, token.text())) marked_.places.push_back(std::move(place));
+    }
+
+    /// Returns the width of the text around a place. Outside of tables it is the same in all of a story with
+    /// one section, which is not searched for each place.
+    Emu widthAt(const BookmarkRecord& record) {
+        const Story& story = *record.story;
+        if (story.cellOf(record.start) || hasSeveralSections(story))
+            return textAreaWidth(story, startOf(record));
+        const auto [width, isNew] = widths_.try_emplace(&story);
+        if (isNew) width->second = textAreaWidth(story, startOf(record));
+        return width->second;
+    }
+
+    bool hasSeveralSections(const Story& story) {
+        const auto [several, isNew] = hasSeveralSections_.try_emplace(&story);
+        if (isNew) {
+            several->second = static_cast<bool>(story.root().find_node([&](pugi::xml_node node) {
+                return story.names().tagOf(node) == opc::WordTag::SectionProperties &&
+                       node.parent() != story.root();
+            }));
+        }
+        return several->second;
     }
 
     void markOptional(BookmarkRecord& record, const OptionalText& optional) {
@@ -126,6 +150,8 @@ class PlaceMarker {
     WordContent& content_;
     const letters::PlaceSources& sources_;
     MarkedPlaces marked_;
+    std::map<const Story*, Emu> widths_;
+    std::map<const Story*, bool> hasSeveralSections_;
 };
 
 }  // namespace

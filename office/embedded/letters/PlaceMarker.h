@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Units.h"
 #include "office/embedded/word/WordContent.h"
 #include "office/model/letters/PlaceSource.h"
 
@@ -13,6 +14,7 @@ struct MarkedPlace {
     std::string name;  ///< the name of the bookmark
     letters::PlaceSource source;
     bool isPicture = false;
+    Emu textWidth{};  ///< of the text around it, for a picture
 };
 
 /// A table that lists the records of a subform.

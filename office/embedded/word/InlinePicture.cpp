@@ -31,12 +31,12 @@ void fitInto(Emu textArea, InlinePicture& picture) {
     picture.width = textArea;
 }
 
-std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& names) {
+std::string drawingXml(const InlinePicture& picture, const opc::WordNames& names) {
     const DrawingNamespaces& namespaces =
         drawingNamespaces(names.isStrict() ? opc::Conformance::Strict : opc::Conformance::Transitional);
     pugi::xml_document document;
-    pugi::xml_node run = document.append_child(names.element("r").c_str());
-    pugi::xml_node inlined = run.append_child(names.element("drawing").c_str()).append_child("wp:inline");
+    pugi::xml_node drawing = document.append_child(names.element("drawing").c_str());
+    pugi::xml_node inlined = drawing.append_child("wp:inline");
     inlined.append_attribute("xmlns:wp") = namespaces.wordDrawing;
     for (const char* side : {"distT", "distB", "distL", "distR"})
         inlined.append_attribute(side) = "0";
@@ -49,8 +49,13 @@ std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& na
     appendPicture(data, picture, namespaces);
     std::string xml;
     opc::StringWriter writer(xml);
-    run.print(writer, "", pugi::format_raw);
+    drawing.print(writer, "", pugi::format_raw);
     return xml;
+}
+
+std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& names) {
+    const std::string run = names.element("r");
+    return "<" + run + ">" + drawingXml(picture, names) + "</" + run + ">";
 }
 
 }  // namespace mergeloom::embedded

@@ -19,6 +19,8 @@ struct InlinePicture {
 /// Scales down a picture that is wider than the text area.
 void fitInto(Emu textArea, InlinePicture& picture);
 
+/// Returns the XML of the drawing that shows the picture, for a part with those names.
+std::string drawingXml(const InlinePicture& picture, const opc::WordNames& names);
 /// Returns the XML of a run with the picture, for a part with those names.
 std::string pictureRunXml(const InlinePicture& picture, const opc::WordNames& names);
 
