@@ -9,6 +9,7 @@
 
 #include <pugixml.hpp>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -38,6 +39,7 @@ class PartPreparation {
 
   private:
     void collect(pugi::xml_node node);
+    void refuseReference(std::string_view code) const;
     void collectBookmark(pugi::xml_node node, opc::WordTag tag);
     void markValues();
     void markValue(pugi::xml_node text, std::size_t number);
