@@ -29,6 +29,7 @@ struct BookPiece {
         FirstOnly,    ///< content of the first repetition, and what the others have instead of it
         Hidden,       ///< an attribute that hides a row of a table without records
         HiddenTable,  ///< the same for the other rows of the table
+        Height,       ///< the height of a row with pictures, as it is in the template
         Merges,       ///< the merged cells of a sheet
         Names,        ///< the names that mark repeated rows
     };
@@ -50,6 +51,7 @@ struct MovableAreas {
 /// A part of a workbook, cut into pieces.
 struct CutBookPart {
     std::string partName{};
+    bool isSheet = false;
     std::size_t sheet = 0;  ///< the index of the sheet of rows and areas without a sheet of their own
     bool isNames = false;   ///< true for the part that contains the defined names
     std::string prefix{};   ///< of a sheet's elements: "x:" or empty

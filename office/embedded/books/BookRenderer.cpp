@@ -17,8 +17,9 @@ namespace {
 
 using Kind = BookPiece::Kind;
 
-void appendNumber(std::string& xml, long number) {
-    std::array<char, 20> text{};
+template <typename Number>
+void appendNumber(std::string& xml, Number number) {
+    std::array<char, 32> text{};
     xml.append(text.data(), std::to_chars(text.data(), text.data() + text.size(), number).ptr);
 }
 
@@ -45,7 +46,6 @@ void BookRenderer::begin(std::span<const Record> records) {
                           : control == nullptr ? std::span<const Record>()
                                                : std::span<const Record>(control->records));
     }
-    notePictures();
     for (RowMap& map : places_.maps) {
         for (std::size_t group = 0; group < map.groups().size(); ++group)
             map.setCopies(group, 1);
@@ -63,15 +63,6 @@ void BookRenderer::begin(std::span<const Record> records) {
         if (std::max(map.lastRowOf(last), map.row(book_.lastRows[sheet])) <= excel::kLastRow) continue;
         throw AutomationError(
             kNotAvailable, "The sheet '" + book_.sheetNames[sheet] + "' has too few rows for the records.");
-    }
-}
-
-/// Tells of pictures that the records have and the workbook does not get.
-void BookRenderer::notePictures() {
-    for (const BookPlace& place : places_.places) {
-        const RecordControl* const control = place.isPicture ? controlOf(place) : nullptr;
-        if (control == nullptr || control->image.empty()) continue;
-        remarks_.insert("The picture at " + place.name + " stays that of the template.");
     }
 }
 
@@ -125,6 +116,9 @@ void BookRenderer::appendPiece(const BookPiece& piece) {
         case Kind::HiddenTable:
             if (removesTables()) appendHidden(piece.number);
             break;
+        case Kind::Height:
+            appendHeight(piece);
+            break;
         case Kind::Merges:
             appendMerges();
             break;
@@ -167,7 +161,7 @@ void BookRenderer::appendAreas(const MovableAreas& areas) {
     }
 }
 
-const RecordControl* BookRenderer::controlOf(const BookPlace& place) const {
+const RecordControl* BookRenderer::controlOf(const BookPlace& place, int number) const {
     const std::span<const std::string> path = place.source.path;
     if (!place.table) return controlAt(&records_.front(), path);
     const BookTable& table = places_.tables[*place.table];
@@ -175,13 +169,38 @@ const RecordControl* BookRenderer::controlOf(const BookPlace& place) const {
         path.size() > table.path.size() && std::equal(table.path.begin(), table.path.end(), path.begin());
     if (!isOfTable) return controlAt(&records_.front(), path);
     const std::span<const Record> records = listed_[*place.table];
-    const auto copy = static_cast<std::size_t>(copy_);
+    const auto copy = static_cast<std::size_t>(number);
     return copy < records.size() ? controlAt(&records[copy], path.subspan(table.path.size())) : nullptr;
+}
+
+int BookRenderer::copiesOf(const BookPlace& place) const {
+    if (!place.table) return 1;
+    const BookTable& table = places_.tables[*place.table];
+    if (isEmpty(table.sheet, table.group)) return 0;
+    return places_.maps[table.sheet].groups()[table.group].copies;
+}
+
+/// Makes a row as high as the highest new picture in it.
+void BookRenderer::appendHeight(const BookPiece& piece) {
+    double height = 0;
+    for (const auto& [key, points] : heights_) {
+        const BookPlace& place = places_.places[key.first];
+        const bool isHere = place.sheet == part_->sheet && key.second == copy_ &&
+                            static_cast<std::size_t>(place.cell.row) == piece.number;
+        if (isHere) height = std::max(height, points);
+    }
+    if (height == 0) {
+        xml_ += piece.xml;
+        return;
+    }
+    xml_ += " ht=\"";
+    appendNumber(xml_, std::min(height, excel::kHighestRow.value));
+    xml_ += "\" customHeight=\"1\"";
 }
 
 void BookRenderer::appendValue(const BookPiece& piece) {
     const BookPlace& place = places_.places[piece.number];
-    const RecordControl* const control = controlOf(place);
+    const RecordControl* const control = controlOf(place, copy_);
     const CellValue value = control == nullptr ? CellValue{}
                                                : cellValueOf(*control, place.source.value,
                                                              book_.placeFormats[piece.number], book_.dates);

@@ -7,9 +7,11 @@
 #include "office/model/letters/LetterTemplate.h"
 
 #include <cstddef>
+#include <map>
 #include <set>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mergeloom::embedded {
@@ -24,6 +26,9 @@ struct BookProperties {
     std::string prefix{};  ///< of the elements of the workbook's part
 };
 
+/// The heights of pictures, in points, by their places and repetitions.
+using PictureHeights = std::map<std::pair<std::size_t, int>, double>;
+
 /// Renders the pieces of a workbook's parts with the values of records.
 class BookRenderer {
   public:
@@ -36,13 +41,20 @@ class BookRenderer {
     /// themselves. Raises kNotAvailable if a sheet has too few rows for them.
     void begin(std::span<const Record> records);
     [[nodiscard]] std::string render(const CutBookPart& part);
+    /// Sets the heights of the rows whose pictures are new.
+    void setHeights(PictureHeights heights) { heights_ = std::move(heights); }
+
+    /// Returns the control of a place in a repetition of its rows, from 0; null if the record has none.
+    [[nodiscard]] const RecordControl* controlOf(const BookPlace& place, int copy) const;
+    /// Returns the number of repetitions of the rows of a place; 0 for rows that are hidden.
+    [[nodiscard]] int copiesOf(const BookPlace& place) const;
 
     /// Returns true if a date got one of the added formats.
     [[nodiscard]] bool usesDates() const { return usesDates_; }
     [[nodiscard]] const std::set<std::string>& remarks() const { return remarks_; }
 
   private:
-    void notePictures();
+    void appendHeight(const BookPiece& piece);
     void append(const BookPieces& pieces);
     void appendPiece(const BookPiece& piece);
     void appendRowNumber(const BookPiece& piece, int first);
@@ -58,7 +70,6 @@ class BookRenderer {
     void appendNamesOfTables();
     void appendName(const std::string& name, std::size_t sheet, int first, int last);
     void appendHidden(std::size_t group);
-    [[nodiscard]] const RecordControl* controlOf(const BookPlace& place) const;
     [[nodiscard]] bool isEmpty(std::size_t sheet, std::size_t group) const;
     [[nodiscard]] bool removesTables() const { return emptyTables_ == letters::EmptyTables::Remove; }
 
@@ -74,6 +85,7 @@ class BookRenderer {
     std::size_t group_ = 0;  ///< the repeated rows that are written
     int copy_ = 0;
     bool usesDates_ = false;
+    PictureHeights heights_;
     std::set<std::string> remarks_;
 };
 

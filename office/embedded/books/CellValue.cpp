@@ -227,7 +227,7 @@ CellValue cellValueOf(const RecordControl& control, letters::ValueKind kind, Num
     const bool isBound = kind == letters::ValueKind::Bound;
     const std::string& shown = isBound ? control.boundValue : control.shownText();
     if (format == NumberFormat::Text) return textValue(shown);
-    const CellValue stored = readStored(control.boundValue, dates);
+    CellValue stored = readStored(control.boundValue, dates);
     if (isBound || showsSame(shown, control.boundValue, stored)) return stored;
     if (control.boundValue.empty() && format == NumberFormat::Other) return readStored(shown, dates);
     return textValue(shown);

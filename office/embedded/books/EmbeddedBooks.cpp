@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/embedded/books/BookPictures.h"
 #include "office/embedded/books/BookPlaces.h"
 #include "office/embedded/books/BookRenderer.h"
 #include "office/embedded/books/BookStyles.h"
@@ -11,6 +12,7 @@
 #include "office/embedded/excel/WorkbookContent.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/LetterArchive.h"
+#include "office/embedded/parts/LetterParts.h"
 #include "office/embedded/sheet/TreeEdit.h"
 #include "office/embedded/sheet/XmlScanner.h"
 #include "office/embedded/sheet/XmlText.h"
@@ -55,7 +57,7 @@ bool isCut(const CutBookPart& part) {
 
 class EmbeddedBooks final : public letters::Letters {
   public:
-    EmbeddedBooks(WorkbookContent& content, const letters::PlaceSources& sources,
+    EmbeddedBooks(WorkbookContent& content, FileStore& files, const letters::PlaceSources& sources,
                   const letters::LetterSettings& settings)
         : places_(findBookPlaces(content, sources)),
           sheets_{places_.maps, [&content](const std::string& name) { return content.worksheetNamed(name); }},
@@ -64,11 +66,13 @@ class EmbeddedBooks final : public letters::Letters {
         markPlaces(content);
         readProperties(content);
         prepareFormulas(content);
+        pictures_.emplace(places_, content);
         cutParts(content);
         refuseObstacles(content.package().fileName());
         archive_.emplace(savedBytes(content.package(), DocumentFamily::Excel,
                                     static_cast<int>(settings.workbookFormat), settings.fileName),
                          content.package().conformance());
+        added_.emplace(files, settings.findPicture, *archive_, "/xl/media/picture");
     }
 
     [[nodiscard]] const std::vector<std::string>& refusals() const override { return places_.refusals; }
@@ -96,14 +100,20 @@ class EmbeddedBooks final : public letters::Letters {
     }
     [[nodiscard]] std::vector<letters::ControlPath> tablesWithoutRows() const override { return {}; }
     [[nodiscard]] std::vector<std::string> remarks() const override {
-        return {renderer_.remarks().begin(), renderer_.remarks().end()};
+        std::vector<std::string> remarks(renderer_.remarks().begin(), renderer_.remarks().end());
+        remarks.insert(remarks.end(), pictures_->remarks().begin(), pictures_->remarks().end());
+        return remarks;
     }
 
     void write(std::span<const Record> records, ByteSink& sink) override {
         renderer_.begin(records);
+        added_->begin();
         ChangedParts changed;
-        for (const CutBookPart& part : parts_)
-            changed.emplace(entryNameOf(part.partName), renderer_.render(part));
+        renderParts(changed, false);
+        // Rows become as high as their pictures.
+        renderer_.setHeights(pictures_->render(renderer_, *archive_, *added_, changed));
+        renderParts(changed, true);
+        added_->addTo(changed);
         if (renderer_.usesDates()) changed.emplace(entryNameOf(styles_.partName()), styles_.xml());
         archive_->write(sink, changed);
     }
@@ -113,6 +123,13 @@ class EmbeddedBooks final : public letters::Letters {
     void finish(ByteSink&) override {}
 
   private:
+    void renderParts(ChangedParts& changed, bool areSheets) {
+        for (const CutBookPart& part : parts_) {
+            if (part.isSheet == areSheets)
+                changed.emplace(entryNameOf(part.partName), renderer_.render(part));
+        }
+    }
+
     void readProperties(WorkbookContent& content) {
         const opc::Package& package = content.package();
         const std::string& name = content.workbook().partName();
@@ -267,12 +284,15 @@ class EmbeddedBooks final : public letters::Letters {
     BookRenderer renderer_;
     std::vector<CutBookPart> parts_;
     std::set<std::string> cutNames_;
+    std::optional<BookPictures> pictures_;
     std::optional<LetterArchive> archive_;
+    std::optional<LetterParts> added_;
 };
 
 class EmbeddedBookTemplate final : public letters::LetterTemplate {
   public:
-    EmbeddedBookTemplate(opc::Package package, FileStore& files) : content_(std::move(package), files) {}
+    EmbeddedBookTemplate(opc::Package package, FileStore& files)
+        : content_(std::move(package), files), files_(files) {}
 
     [[nodiscard]] std::vector<std::string> bookmarkNames() override {
         return names([](const DefinedNames::Entry&) { return true; });
@@ -283,7 +303,7 @@ class EmbeddedBookTemplate final : public letters::LetterTemplate {
     [[nodiscard]] std::size_t labelsPerSheet(const letters::PlaceSources&) override { return 0; }
     std::unique_ptr<letters::Letters> compile(const letters::PlaceSources& sources,
                                               const letters::LetterSettings& settings) override {
-        return std::make_unique<EmbeddedBooks>(content_, sources, settings);
+        return std::make_unique<EmbeddedBooks>(content_, files_, sources, settings);
     }
 
   private:
@@ -308,6 +328,7 @@ class EmbeddedBookTemplate final : public letters::LetterTemplate {
     }
 
     WorkbookContent content_;
+    FileStore& files_;
 };
 
 }  // namespace

@@ -148,7 +148,7 @@ class SheetCutter {
           places_(places),
           sheets_(sheets),
           map_(sheets.maps[sheet]),
-          part_{.sheet = sheet, .prefix = state_.index.prefix},
+          part_{.isSheet = true, .sheet = sheet, .prefix = state_.index.prefix},
           cells_(part_, state_, places, sheets) {}
 
     CutBookPart cut() {
@@ -236,14 +236,36 @@ class SheetCutter {
         if (wasHidden(row)) tag.remove("hidden");
         BookPieces hidden;
         if (!isSet(tag.attributes(), "hidden")) appendHidden(hidden, row, group);
-        if (!group && !map_.canMove(row) && hidden.empty() && !wasHidden(row))
-            return appendFixed(pieces, text);
+        const bool stays = !group && !map_.canMove(row) && hidden.empty() && !wasHidden(row);
+        if (stays && !hasPicture(row)) return appendFixed(pieces, text);
         tag.remove("r");
+        const BookPiece height = takeHeight(tag, row);
         appendFixed(pieces, "<" + state_.index.prefix + "row r=\"");
         appendPiece(pieces, Kind::Row, static_cast<std::size_t>(row));
         appendFixed(pieces, "\"" + std::string(tag.attributes()));
+        if (height.kind == Kind::Height) pieces.push_back(height);
         pieces.insert(pieces.end(), hidden.begin(), hidden.end());
         appendFixed(pieces, text.ends_with("/>") ? "/>" : ">");
+    }
+
+    [[nodiscard]] bool hasPicture(int row) const {
+        return std::ranges::any_of(places_.places, [&](const BookPlace& place) {
+            return place.isPicture && place.sheet == part_.sheet && place.cell.row == row;
+        });
+    }
+
+    /// Removes the attributes of a height of its own from the tag of a row with pictures.
+    [[nodiscard]] BookPiece takeHeight(XmlTag& tag, int row) const {
+        BookPiece piece;
+        if (!hasPicture(row)) return piece;
+        piece = {.kind = Kind::Height, .number = static_cast<std::size_t>(row)};
+        for (const std::string_view name : {"ht", "customHeight"}) {
+            const std::optional<std::string_view> value = findAttribute(tag.attributes(), name);
+            if (value) piece.xml += " " + std::string(name) + "=\"" + std::string(*value) + "\"";
+        }
+        tag.remove("ht");
+        tag.remove("customHeight");
+        return piece;
     }
 
     /// Appends the attribute that hides a row of a table without records.

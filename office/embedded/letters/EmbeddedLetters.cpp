@@ -4,13 +4,13 @@
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/LabelSheet.h"
-#include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/LetterRenderer.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/PlaceMarker.h"
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/LetterArchive.h"
+#include "office/embedded/parts/LetterParts.h"
 #include "office/embedded/word/WordContent.h"
 #include "office/formats/FormatTable.h"
 
@@ -43,7 +43,7 @@ class EmbeddedLetters final : public letters::Letters {
         archive_.emplace(savedBytes(content.package(), DocumentFamily::Word,
                                     static_cast<int>(settings_.format), settings_.fileName),
                          content.package().conformance());
-        added_.emplace(files, settings_.findPicture, *archive_);
+        added_.emplace(files, settings_.findPicture, *archive_, "/word/media/letter");
         added_->setMainPart(content.package().mainPart());
         renderer_.emplace(marked_, settings_, ids_, *added_);
         refusals_ = marked_.refusals;

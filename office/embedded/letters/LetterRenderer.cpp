@@ -7,6 +7,7 @@
 #include "office/embedded/letters/RichText.h"
 #include "office/embedded/letters/RichTextXml.h"
 #include "office/embedded/letters/ValueXml.h"
+#include "office/embedded/parts/PictureTurn.h"
 #include "office/embedded/word/InlinePicture.h"
 #include "office/opc/XmlPart.h"
 
@@ -226,12 +227,12 @@ void LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat&
 bool LetterRenderer::appendNewPicture(Piece& piece) {
     const LetterPicture* const picture = pictureOf(piece);
     if (picture == nullptr) return false;
-    InlinePicture shown{
-        .relationshipId = parts_.link(part_->name, *picture),
-        .name = picture->name,
-        .drawingId = freshIds_.nextDrawing++,
-        .width = swapsSides(picture->file) ? picture->file.naturalHeight() : picture->file.naturalWidth(),
-        .height = picture->file.naturalHeight()};
+    const bool isSideways = pictureTurn(picture->file.orientation()).isSideways();
+    InlinePicture shown{.relationshipId = parts_.link(part_->name, *picture),
+                        .name = picture->name,
+                        .drawingId = freshIds_.nextDrawing++,
+                        .width = isSideways ? picture->file.naturalHeight() : picture->file.naturalWidth(),
+                        .height = picture->file.naturalHeight()};
     fitInto(marked_.places[piece.number].textWidth, shown);
     // The empty run preserves the formatting of the place for the next filling.
     appendRunContent(*xml_, "", part_->prefix);

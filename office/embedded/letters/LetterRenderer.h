@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Record.h"
-#include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/RichText.h"
+#include "office/embedded/parts/LetterParts.h"
 
 #include <cstdint>
 #include <map>

@@ -1,5 +1,6 @@
 #include "office/embedded/letters/PictureReplacement.h"
 
+#include "office/embedded/parts/PictureTurn.h"
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>
@@ -9,35 +10,6 @@
 namespace mergeloom::embedded {
 
 namespace {
-
-/// The rotation and reflection of a picture with an orientation tag (Exif 2.3, 4.6.4 A).
-struct Turn {
-    int quarters = 0;  ///< clockwise
-    bool isMirrored = false;
-};
-
-Turn turnOf(int orientation) {
-    switch (orientation) {
-        case 2:
-            return {0, true};
-        case 3:
-            return {2, false};
-        case 4:
-            return {2, true};
-        case 5:
-            return {3, true};
-        case 6:
-            return {1, false};
-        case 7:
-            return {1, true};
-        case 8:
-            return {3, false};
-        default:
-            return {};
-    }
-}
-
-constexpr std::int64_t kQuarterTurn = 5400000;  // ECMA-376 Part 1, 20.1.10.3
 
 pugi::xml_node findLocal(pugi::xml_node below, std::string_view name) {
     return below.find_node([&](pugi::xml_node node) { return opc::localName(node) == name; });
@@ -83,10 +55,6 @@ void setEffectExtent(pugi::xml_node drawing, pugi::xml_node extent, std::int64_t
 
 }  // namespace
 
-bool swapsSides(const opc::PictureFile& picture) {
-    return turnOf(picture.orientation()).quarters % 2 == 1;
-}
-
 bool showsPicture(pugi::xml_node drawing) {
     return linkOf(drawing) && findLocal(drawing, "extent") && findLocal(drawing, "xfrm");
 }
@@ -97,8 +65,8 @@ std::string pictureLinkOf(pugi::xml_node drawing) {
 
 void replacePicture(pugi::xml_node drawing, const std::string& relationshipId,
                     const opc::PictureFile& picture, const std::string& name) {
-    const Turn turn = turnOf(picture.orientation());
-    const bool isTurned = swapsSides(picture);
+    const PictureTurn turn = pictureTurn(picture.orientation());
+    const bool isTurned = turn.isSideways();
     pugi::xml_node extent = findLocal(drawing, "extent");
     pugi::xml_node transform = findLocal(drawing, "xfrm");
     const bool wasTurned = (transform.attribute("rot").as_llong() / kQuarterTurn) % 2 != 0;

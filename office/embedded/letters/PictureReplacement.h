@@ -7,9 +7,6 @@
 
 namespace mergeloom::embedded {
 
-/// Returns true if a picture is shown after a quarter turn.
-bool swapsSides(const opc::PictureFile& picture);
-
 /// Returns true if a drawing shows a picture that can be replaced.
 bool showsPicture(pugi::xml_node drawing);
 

@@ -11,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mergeloom::embedded {
@@ -25,9 +26,12 @@ struct LetterPicture {
 /// Collects the parts, relationships and content types that are added to a letter.
 class LetterParts {
   public:
-    /// The archive must outlive it.
-    LetterParts(FileStore& files, letters::PictureFinder find, const LetterArchive& archive)
-        : files_(files), find_(std::move(find)), archive_(archive) {}
+    /// Returns the path of the file of an image, or an empty text if there is none.
+    using PictureFinder = std::function<std::string(const std::string& image)>;
+
+    /// The archive must outlive it. Pictures get parts whose names begin as given.
+    LetterParts(FileStore& files, PictureFinder find, const LetterArchive& archive, std::string picturePart)
+        : files_(files), find_(std::move(find)), archive_(archive), picturePart_(std::move(picturePart)) {}
 
     /// Discards the additions to the previous letter.
     void begin();
@@ -60,8 +64,9 @@ class LetterParts {
     opc::Relationships& relationshipsOf(const std::string& partName);
 
     FileStore& files_;
-    letters::PictureFinder find_;
+    PictureFinder find_;
     const LetterArchive& archive_;
+    std::string picturePart_;
     std::map<std::string, LetterPicture> pictures_;  ///< by their paths
     std::map<std::string, std::string> bytes_;       ///< by their parts
     std::map<std::string, opc::Relationships> relationships_;

@@ -1,4 +1,4 @@
-#include "office/embedded/letters/LetterParts.h"
+#include "office/embedded/parts/LetterParts.h"
 
 #include "base/Paths.h"
 #include "office/embedded/letters/OmittedContent.h"
@@ -31,7 +31,7 @@ const LetterPicture* LetterParts::add(const std::string& image) {
     if (known != pictures_.end()) return &known->second;
     std::string bytes = files_.read(path);
     opc::PictureFile file = opc::PictureFile::read(bytes, path);
-    std::string partName = newPartName("/word/media/letter", file.extension());
+    std::string partName = newPartName(picturePart_, file.extension());
     bytes_.emplace(partName, std::move(bytes));
     return &pictures_.emplace(path, LetterPicture{fileNameOnly(path), std::move(file), std::move(partName)})
                 .first->second;
