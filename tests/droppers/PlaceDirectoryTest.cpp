@@ -13,9 +13,10 @@ const std::string kLongName = "AVeryLongNameOfAControlThatHas45CharactersIn1";
 
 class PlaceDirectory : public DropTest {
   protected:
-    letters::PlaceSources sourcesOf(const std::vector<std::string>& bookmarks) {
-        return placeSources(xmlNodes, node("1k"), bookmarks,
-                            [this](const std::string& image) { return pictures[image]; });
+    letters::PlaceSources sourcesOf(const std::vector<std::string>& names) {
+        return placeSources(
+            xmlNodes, node("1k"), names, [this](const std::string& image) { return pictures[image]; },
+            scheme);
     }
     static std::string shown(const letters::ControlPath& path) {
         std::string text;
@@ -33,6 +34,8 @@ class PlaceDirectory : public DropTest {
         const auto table = sources.tables.find(foldCase(bookmark));
         return table == sources.tables.end() ? "" : "rows of " + shown(table->second);
     }
+    PlaceScheme scheme = PlaceScheme::Bookmarks;
+
     void loadOrders() {
         pictures["p.png"] = ":p.png";
         load("<db><Form Name='My Orders'><Control Name='2nd. Name'/><Control Name='" + kLongName +
@@ -43,6 +46,31 @@ class PlaceDirectory : public DropTest {
              "<Control Name='Y'/></Form></Control></Form></Control></Form></db>");
     }
 };
+
+TEST_F(PlaceDirectory, NamesOfCellsAreComputedFromControls) {
+    loadOrders();
+    scheme = PlaceScheme::RangeNames;
+    struct Case {
+        std::string name;
+        std::string source;
+    };
+    const std::vector<Case> cases{
+        {"ammx2ndName", "/2nd. Name"},
+        {"AMMX2NDNAME_BV", "/2nd. Name bound"},
+        {"ammx2ndName_ref12", "/2nd. Name"},
+        {"ammx2ndName_bv_ref1", "/2nd. Name bound"},
+        {"ammLogo", "/Logo:p.png"},
+        {"amm" + kLongName + "_bv_ref123", "/" + kLongName + " bound"},
+        {"ammOrderLinesX", "/Order Lines/X"},
+        {"ammOrderLines", "rows of /Order Lines"},
+        {"ammOrderLines_ref1", "rows of /Order Lines"},
+        {"ammMyOrdersT", "rows of "},
+        {"Paged", ""},
+        {"OrderLines", ""},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(sourceOf(each.name), each.source) << each.name;
+}
 
 TEST_F(PlaceDirectory, NamesAreComputedFromControls) {
     loadOrders();

@@ -46,7 +46,8 @@ class ReferenceMover {
         const bool grows =
             reference_.isSummed && group && isOutside() && map_.groups()[*group].isCoveredBy(area_);
         if (grows) return withRows(reference_.first, map_.row(area_.first.row), map_.lastRowOf(*group));
-        return withRow(reference_.first, map_.row(area_.first.row)).text();
+        const int row = map_.row(area_.first.row);
+        return row > excel::kLastRow ? std::string(kLostReference) : withRow(reference_.first, row).text();
     }
 
     [[nodiscard]] std::string area() const {

@@ -50,7 +50,7 @@ int RowMap::lastRow(const excel::CellArea& area) const {
     if (area.last.row == excel::kLastRow) return area.last.row;
     const std::optional<std::size_t> group = groupAt(area.last.row);
     if (group && groups_[*group].isCoveredBy(area)) return lastRowOf(*group);
-    return row(area.last.row);
+    return std::min(row(area.last.row), excel::kLastRow);
 }
 
 std::optional<excel::CellArea> RowMap::area(const excel::CellArea& area) const {
@@ -63,6 +63,7 @@ std::optional<excel::CellArea> RowMap::area(const excel::CellArea& area) const {
         moved.first.row = row(area.first.row);
     }
     moved.last.row = lastRow(area);
+    if (moved.first.row > excel::kLastRow) return {};
     return moved;
 }
 
