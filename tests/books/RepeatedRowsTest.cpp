@@ -240,14 +240,16 @@ TEST_F(BookRows, MoveDrawingsNotesAndCharts) {
         package.addPart(part.name, "application/xml", part.xml);
         package.relationshipsOf(sheetPart(1)).addPart(officeType(part.type), part.name);
     }
-    package.addPart("/xl/charts/chart1.xml", "application/xml",
-                    "<c:chart xmlns:c='u'><c:f>Sheet1!$A$2:$A$2</c:f><c:f>Sheet1!$A$9</c:f></c:chart>");
+    package.addPart(
+        "/xl/charts/chart1.xml", "application/xml",
+        "<c:chart "
+        "xmlns:c='u'><c:f>Sheet1!$A$2:$A$2</c:f><c:f>Sheet1!$B$2</c:f><c:f>Sheet1!$A$9</c:f></c:chart>");
     package.relationshipsOf(parts.front().name).addPart(officeType("chart"), "/xl/charts/chart1.xml");
     const std::string book = filled(packageBytes(package), order(3));
     for (const Part& part : parts)
         EXPECT_THAT(partOf(book, part.name), HasSubstr(part.moved));
     EXPECT_THAT(partOf(book, "/xl/charts/chart1.xml"),
-                HasSubstr("<c:f>Sheet1!$A$2:$A$4</c:f><c:f>Sheet1!$A$11</c:f>"));
+                HasSubstr("<c:f>Sheet1!$A$2:$A$4</c:f><c:f>Sheet1!$B$2:$B$4</c:f><c:f>Sheet1!$A$11</c:f>"));
 }
 
 TEST_F(BookRows, TakeFormulasOutOfTheCalculationChain) {

@@ -53,8 +53,9 @@ struct CutBookPart {
     std::string partName{};
     bool isSheet = false;
     std::size_t sheet = 0;  ///< the index of the sheet of rows and areas without a sheet of their own
-    bool isNames = false;   ///< true for the part that contains the defined names
-    std::string prefix{};   ///< of a sheet's elements: "x:" or empty
+    /// Decides if a formula that is one cell of repeated rows means that of all of them.
+    MovableFormula::SingleCells singleCells = MovableFormula::SingleCells::Stay;
+    std::string prefix{};  ///< of a sheet's elements: "x:" or empty
     BookPieces pieces{};
     std::vector<MovableFormula> formulas{};
     std::vector<FormulaPlace> formulaPlaces{};  ///< those of the formulas

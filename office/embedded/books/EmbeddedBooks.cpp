@@ -229,7 +229,7 @@ class EmbeddedBooks final : public letters::Letters {
         const std::string& workbook = content.workbook().partName();
         cutRelated(package, workbook, std::array<std::string_view, 1>{{"pivotCacheDefinition"}},
                    entries.size());
-        cutPart(package, workbook, entries.size(), true);
+        cutPart(package, workbook, entries.size(), MovableFormula::SingleCells::Grow);
     }
 
     void cutRelated(opc::Package& package, const std::string& source, std::span<const std::string_view> types,
@@ -239,15 +239,19 @@ class EmbeddedBooks final : public letters::Letters {
             for (const opc::Relationship* relationship : relationships.ofOfficeType(type)) {
                 const std::string name = relationships.targetPart(*relationship);
                 if (!package.hasPart(name) || !cutNames_.insert(opc::partKey(name)).second) continue;
-                cutPart(package, name, sheet, false);
+                cutPart(package, name, sheet,
+                        type.starts_with("chart") ? MovableFormula::SingleCells::Grow
+                                                  : MovableFormula::SingleCells::Stay);
                 if (type == "drawing") cutRelated(package, name, kPartsOfDrawings, sheet);
             }
         }
     }
 
-    void cutPart(opc::Package& package, const std::string& name, std::size_t sheet, bool isNames) {
+    /// Names and the values of charts are those of all repetitions.
+    void cutPart(opc::Package& package, const std::string& name, std::size_t sheet,
+                 MovableFormula::SingleCells singleCells) {
         keep(package, name, [&](const std::string& xml) {
-            CutBookPart part{.sheet = sheet, .isNames = isNames};
+            CutBookPart part{.sheet = sheet, .singleCells = singleCells};
             BookPartCutter(part, sheets_).cut(xml);
             return part;
         });

@@ -144,13 +144,12 @@ void BookPartCutter::cutAnchor(std::string_view text) {
 
 void BookPartCutter::appendFormula(BookPieces& pieces, std::string_view xml, const FormulaPlace& place) {
     const std::string formula = decodeXml(xml);
-    // A name of a cell in repeated rows becomes that of the cells in all of them.
-    const bool isName = part_.isNames && isSingleCell(formula);
-    const MovableFormula movable(
-        formula, place.sheet, sheets_.find,
-        isName ? MovableFormula::SingleCells::Grow : MovableFormula::SingleCells::Stay);
+    using SingleCells = MovableFormula::SingleCells;
+    const bool grows = part_.singleCells == SingleCells::Grow && isSingleCell(formula);
+    const MovableFormula movable(formula, place.sheet, sheets_.find,
+                                 grows ? SingleCells::Grow : SingleCells::Stay);
     if (!movable.canMove(sheets_.maps)) return appendFixed(pieces, xml);
-    if (!isName && movable.isTornBy(sheets_.maps, place))
+    if (!grows && movable.isTornBy(sheets_.maps, place))
         sheets_.obstacles.push_back("the formula " + formula + " refers to some of these rows");
     appendPiece(pieces, Kind::Formula, part_.formulas.size());
     part_.formulas.push_back(movable);
