@@ -134,7 +134,7 @@ bool BookPictures::changes(const BookRenderer& renderer, std::size_t number) con
 }
 
 PictureHeights BookPictures::render(const BookRenderer& renderer, const LetterArchive& archive,
-                                    LetterParts& parts, ChangedParts& changed) {
+                                    AddedParts& parts, ChangedParts& changed) {
     PictureHeights heights;
     for (const auto& [partName, numbers] : drawings_) {
         const bool isChanged =
@@ -152,7 +152,7 @@ PictureHeights BookPictures::render(const BookRenderer& renderer, const LetterAr
 }
 
 void BookPictures::renderPlace(const BookRenderer& renderer, std::size_t number, const opc::XmlPart& drawing,
-                               LetterParts& parts, PictureHeights& heights) {
+                               AddedParts& parts, PictureHeights& heights) {
     const BookPlace& place = places_.places[number];
     pugi::xml_node root = drawing.root();
     const pugi::xml_node first = anchorNamed(root, place.name);
@@ -179,9 +179,9 @@ void BookPictures::renderPlace(const BookRenderer& renderer, std::size_t number,
     }
 }
 
-const LetterPicture* BookPictures::pictureOf(const std::string& image, LetterParts& parts) {
+const AddedPicture* BookPictures::pictureOf(const std::string& image, AddedParts& parts) {
     try {
-        const LetterPicture* const picture = parts.add(image);
+        const AddedPicture* const picture = parts.add(image);
         if (picture == nullptr) remarks_.insert("There is no picture '" + image + "'.");
         return picture;
     } catch (const AutomationError& error) {
@@ -192,9 +192,9 @@ const LetterPicture* BookPictures::pictureOf(const std::string& image, LetterPar
 }
 
 double BookPictures::replace(pugi::xml_node anchor, const RecordControl* control, const std::string& drawing,
-                             LetterParts& parts) {
+                             AddedParts& parts) {
     if (control == nullptr || control->image.empty()) return 0;
-    const LetterPicture* const picture = pictureOf(control->image, parts);
+    const AddedPicture* const picture = pictureOf(control->image, parts);
     const pugi::xml_node transform = findLocal(anchor, "xfrm");
     if (picture == nullptr || !linkOf(anchor) || !transform) return 0;
     const PictureTurn turn = pictureTurn(picture->file.orientation());

@@ -2,8 +2,8 @@
 
 #include "office/embedded/books/BookPlaces.h"
 #include "office/embedded/books/BookRenderer.h"
+#include "office/embedded/parts/AddedParts.h"
 #include "office/embedded/parts/LetterArchive.h"
-#include "office/embedded/parts/LetterParts.h"
 #include "office/opc/Package.h"
 #include "office/opc/XmlPart.h"
 
@@ -28,7 +28,7 @@ class BookPictures {
 
     /// Puts the pictures of the records into the drawings, which may be among the changed parts already.
     /// Returns the heights of the new pictures.
-    PictureHeights render(const BookRenderer& renderer, const LetterArchive& archive, LetterParts& parts,
+    PictureHeights render(const BookRenderer& renderer, const LetterArchive& archive, AddedParts& parts,
                           ChangedParts& changed);
 
     [[nodiscard]] const std::set<std::string>& remarks() const { return remarks_; }
@@ -38,11 +38,11 @@ class BookPictures {
                         const std::vector<std::size_t>& numbers) const;
     [[nodiscard]] bool changes(const BookRenderer& renderer, std::size_t place) const;
     void renderPlace(const BookRenderer& renderer, std::size_t number, const opc::XmlPart& drawing,
-                     LetterParts& parts, PictureHeights& heights);
+                     AddedParts& parts, PictureHeights& heights);
     /// Returns the height of the new picture in points; 0 if the picture stays.
     double replace(pugi::xml_node anchor, const RecordControl* control, const std::string& drawing,
-                   LetterParts& parts);
-    const LetterPicture* pictureOf(const std::string& image, LetterParts& parts);
+                   AddedParts& parts);
+    const AddedPicture* pictureOf(const std::string& image, AddedParts& parts);
 
     const BookPlaces& places_;
     std::map<std::string, std::vector<std::size_t>> drawings_;  ///< the places with pictures by their parts

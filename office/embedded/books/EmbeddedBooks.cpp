@@ -10,9 +10,9 @@
 #include "office/embedded/books/RepetitionCheck.h"
 #include "office/embedded/books/SheetCutter.h"
 #include "office/embedded/excel/WorkbookContent.h"
+#include "office/embedded/parts/AddedParts.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/LetterArchive.h"
-#include "office/embedded/parts/LetterParts.h"
 #include "office/embedded/sheet/TreeEdit.h"
 #include "office/embedded/sheet/XmlScanner.h"
 #include "office/embedded/sheet/XmlText.h"
@@ -290,7 +290,7 @@ class EmbeddedBooks final : public letters::Letters {
     std::set<std::string> cutNames_;
     std::optional<BookPictures> pictures_;
     std::optional<LetterArchive> archive_;
-    std::optional<LetterParts> added_;
+    std::optional<AddedParts> added_;
 };
 
 class EmbeddedBookTemplate final : public letters::LetterTemplate {

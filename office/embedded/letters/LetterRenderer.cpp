@@ -247,7 +247,7 @@ bool LetterRenderer::appendNewPicture(Piece& piece) {
 }
 
 void LetterRenderer::appendPicture(Piece& piece) {
-    const LetterPicture* const picture = pictureOf(piece);
+    const AddedPicture* const picture = pictureOf(piece);
     if (picture == nullptr) return append(piece.inside);
     std::string xml;
     std::string* const letter = std::exchange(xml_, &xml);
@@ -261,11 +261,11 @@ void LetterRenderer::appendPicture(Piece& piece) {
     drawing.print(writer, "", pugi::format_raw | pugi::format_no_declaration);
 }
 
-const LetterPicture* LetterRenderer::pictureOf(Piece& piece) {
+const AddedPicture* LetterRenderer::pictureOf(Piece& piece) {
     const RecordControl* const control = controlOf(piece);
     if (control == nullptr || control->image.empty()) return nullptr;
     try {
-        const LetterPicture* const picture = parts_.add(control->image);
+        const AddedPicture* const picture = parts_.add(control->image);
         if (picture == nullptr) remarks_.insert("There is no picture '" + control->image + "'.");
         return picture;
     } catch (const AutomationError& error) {

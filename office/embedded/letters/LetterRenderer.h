@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Record.h"
+#include "office/embedded/letters/LetterParts.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/RichText.h"
-#include "office/embedded/parts/LetterParts.h"
 
 #include <cstdint>
 #include <map>
@@ -54,7 +54,7 @@ class LetterRenderer {
     void appendPicture(Piece& piece);
     bool appendNewPicture(Piece& piece);
     /// Returns the picture of a record; null and a remark if there is none.
-    const LetterPicture* pictureOf(Piece& piece);
+    const AddedPicture* pictureOf(Piece& piece);
     /// Appends a table, unless it would have no rows.
     void appendTable(Piece& piece);
     void appendRows(Piece& piece);

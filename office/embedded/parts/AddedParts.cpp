@@ -1,7 +1,6 @@
-#include "office/embedded/parts/LetterParts.h"
+#include "office/embedded/parts/AddedParts.h"
 
 #include "base/Paths.h"
-#include "office/embedded/letters/OmittedContent.h"
 #include "office/opc/PartName.h"
 
 #include <utility>
@@ -14,17 +13,17 @@ constexpr const char* kContentTypes = "[Content_Types].xml";
 
 }  // namespace
 
-void LetterParts::begin() {
+void AddedParts::begin() {
     pictures_.clear();
     bytes_.clear();
     relationships_.clear();
     links_.clear();
     models_.clear();
-    omitted_.clear();
+    hasXml_ = false;
     lastNumber_ = 0;
 }
 
-const LetterPicture* LetterParts::add(const std::string& image) {
+const AddedPicture* AddedParts::add(const std::string& image) {
     const std::string path = find_(image);
     if (path.empty()) return nullptr;
     const auto known = pictures_.find(path);
@@ -33,11 +32,11 @@ const LetterPicture* LetterParts::add(const std::string& image) {
     opc::PictureFile file = opc::PictureFile::read(bytes, path);
     std::string partName = newPartName(picturePart_, file.extension());
     bytes_.emplace(partName, std::move(bytes));
-    return &pictures_.emplace(path, LetterPicture{fileNameOnly(path), std::move(file), std::move(partName)})
+    return &pictures_.emplace(path, AddedPicture{fileNameOnly(path), std::move(file), std::move(partName)})
                 .first->second;
 }
 
-std::string LetterParts::newPartName(const std::string& start, const std::string& extension) {
+std::string AddedParts::newPartName(const std::string& start, const std::string& extension) {
     std::string name;
     do {
         name = start + std::to_string(++lastNumber_) + "." + extension;
@@ -45,14 +44,14 @@ std::string LetterParts::newPartName(const std::string& start, const std::string
     return name;
 }
 
-std::string LetterParts::link(const std::string& partName, const LetterPicture& picture) {
+std::string AddedParts::link(const std::string& partName, const AddedPicture& picture) {
     std::string& id = links_[{partName, picture.partName}];
     if (!id.empty()) return id;
     const std::string type = opc::officeRelationshipType("image", archive_.conformance());
     return id = relationshipsOf(partName).addPart(type, picture.partName);
 }
 
-opc::Relationships& LetterParts::relationshipsOf(const std::string& partName) {
+opc::Relationships& AddedParts::relationshipsOf(const std::string& partName) {
     const auto there = relationships_.find(partName);
     if (there != relationships_.end()) return there->second;
     const auto model = models_.find(partName);
@@ -64,7 +63,7 @@ opc::Relationships& LetterParts::relationshipsOf(const std::string& partName) {
     return relationships_.emplace(partName, std::move(read)).first->second;
 }
 
-std::string LetterParts::addLike(const std::string& partName) {
+std::string AddedParts::addLike(const std::string& partName) {
     const std::string start = partName.substr(0, partName.rfind('.')) + "_";
     std::string name = newPartName(start, "xml");
     models_.emplace(name, partName);
@@ -72,35 +71,29 @@ std::string LetterParts::addLike(const std::string& partName) {
     return name;
 }
 
-void LetterParts::setContent(const std::string& partName, std::string xml) {
+void AddedParts::setContent(const std::string& partName, std::string xml) {
     bytes_[partName] = std::move(xml);
 }
 
-std::string LetterParts::linkLike(const std::string& mainPart, const std::string& id,
-                                  const std::string& partName) {
+std::string AddedParts::linkLike(const std::string& mainPart, const std::string& id,
+                                 const std::string& partName) {
     opc::Relationships& relationships = relationshipsOf(mainPart);
     const std::string type = relationships.find(id)->type;
     return relationships.addPart(type, partName);
 }
 
-std::size_t LetterParts::omit(const std::string& xml) {
-    omitted_.push_back(xml);
-    return omitted_.size();
+void AddedParts::addXml(const std::string& sourcePart, std::string_view shortType, const std::string& start,
+                        std::string xml) {
+    const std::string name = newPartName(start, "xml");
+    relationshipsOf(sourcePart).addPart(opc::officeRelationshipType(shortType, archive_.conformance()), name);
+    bytes_.emplace(name, std::move(xml));
+    hasXml_ = true;
 }
 
-void LetterParts::addOmitted() {
-    if (omitted_.empty()) return;
-    const std::string name = newPartName("/customXml/item", "xml");
-    const std::string type = opc::officeRelationshipType("customXml", archive_.conformance());
-    relationshipsOf(mainPart_).addPart(type, name);
-    bytes_.emplace(name, omittedPartXml(omitted_));
-}
-
-void LetterParts::addTo(ChangedParts& changed) {
-    addOmitted();
+void AddedParts::addTo(ChangedParts& changed) {
     if (bytes_.empty()) return;
     opc::ContentTypes types(archive_.read(kContentTypes), "the template");
-    if (!omitted_.empty()) types.ensureDefault("xml", "application/xml");
+    if (hasXml_) types.ensureDefault("xml", "application/xml");
     for (const auto& [path, picture] : pictures_) {
         if (types.ensureDefault(picture.file.extension(), picture.file.contentType())) continue;
         types.setOverride(picture.partName, picture.file.contentType());
