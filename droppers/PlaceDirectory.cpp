@@ -7,6 +7,7 @@
 #include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
 #include "xml/modMSXMLHelper.h"
+#include "xml/modNamedItems.h"
 
 #include <algorithm>
 #include <charconv>
@@ -27,16 +28,22 @@ using letters::ValueKind;
 
 constexpr std::size_t kMaxDigits = 9;
 
+/// Returns the digits of the counter in the name of a further place; empty when it is no such name.
+std::string_view counterOf(std::string_view name) {
+    const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
+    if (suffix == std::string_view::npos) return {};
+    const std::string_view digits = name.substr(suffix + kFurtherPlaceSuffix.size());
+    const bool isCounter = digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isCounter && digits.size() <= kMaxDigits ? digits : std::string_view();
+}
+
 /// Adds the counter at the end of a name. Only these numbers are taken from the document; the names are
 /// computed from the controls.
 void collectCounter(std::string_view name, std::set<std::int64_t>& counters) {
-    const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
-    if (suffix == std::string_view::npos) return;
-    const std::string_view digits = name.substr(suffix + kFurtherPlaceSuffix.size());
-    if (digits.empty() || digits.size() > kMaxDigits) return;
+    const std::string_view digits = counterOf(name);
     std::int64_t counter = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), counter);
-    if (error == std::errc() && end == digits.data() + digits.size()) counters.insert(counter);
+    (void)std::from_chars(digits.data(), digits.data() + digits.size(), counter);
+    if (!digits.empty()) counters.insert(counter);
 }
 
 std::string nameOf(const XmlNode& element) {
@@ -96,6 +103,22 @@ const NameRules& rulesOf(PlaceScheme scheme) {
         ExcelNormalizeName, tableRangeName, kRangeNamePrefix,
         [](const std::string& name) { return ExcelNormalizeName(name, false); }};
     return scheme == PlaceScheme::RangeNames ? kRangeNames : kBookmarks;
+}
+
+/// Returns the node of a control's value of that kind; none without one.
+const TreeNode* valueNode(const TreeNode& control, ValueKind kind) {
+    for (const TreeNode* node = control.Child(); node != nullptr; node = node->Next()) {
+        const DropKind drops = dropKindOf(node->Tag());
+        const bool isDisplay = drops == DropKind::Value || drops == DropKind::Image;
+        if (kind == ValueKind::Bound ? drops == DropKind::BoundValue : isDisplay) return node;
+    }
+    return nullptr;
+}
+
+/// Returns the name before the counter of a further place; the name itself when it has none.
+std::string withoutCounter(const std::string& name) {
+    const std::size_t digits = counterOf(name).size();
+    return digits == 0 ? name : name.substr(0, name.size() - digits - kFurtherPlaceSuffix.size());
 }
 
 /// Collects the sources of the bookmarks of a document, or of the names of a workbook.
@@ -207,6 +230,29 @@ PossiblePlaceNames possiblePlaceNames(const XmlNodeCollection& xmlNodes, const T
             if (!path.empty() && isBoundSubform(elementOf(xmlNodes, &node))) names.listed.push_back(path);
         });
     return names;
+}
+
+void addNodesByPlace(const XmlNodeCollection& xmlNodes, const TreeNode& object, PlaceScheme scheme,
+                     NodesByPlace& nodes) {
+    const NameRules& rules = rulesOf(scheme);
+    const auto add = [&](const std::string& name, const TreeNode& node) {
+        const std::string usable = foldCase(usablePlaceName(name, 0, rules.normalize));
+        if (!usable.empty()) nodes[usable].push_back(node.Index());
+    };
+    visitNames(
+        xmlNodes, object, rules,
+        [&](const std::string& name, const TreeNode& control, const PlaceSource& source) {
+            add(name, control);
+            if (const TreeNode* const value = valueNode(control, source.value)) add(name, *value);
+        },
+        [&](const std::string& name, const TreeNode& node, const ControlPath&) { add(name, node); });
+}
+
+std::span<const int> nodesOfPlace(const NodesByPlace& nodes, const std::string& name) {
+    auto found = nodes.find(foldCase(name));
+    if (found == nodes.end()) found = nodes.find(foldCase(withoutCounter(name)));
+    if (found == nodes.end()) return {};
+    return found->second;
 }
 
 std::vector<ControlPath> valuePaths(const XmlNodeCollection& xmlNodes, const TreeNode& object) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace mergeloom {
@@ -30,6 +31,16 @@ struct PossiblePlaceNames {
 };
 PossiblePlaceNames possiblePlaceNames(const XmlNodeCollection& xmlNodes, const TreeNode& object,
                                       PlaceScheme scheme);
+
+/// The tree nodes, by TreeNode::Index, that become places, by the folded names of the places: objects and
+/// subforms that become tables, controls, and the kinds of value below these.
+using NodesByPlace = std::unordered_map<std::string, std::vector<int>>;
+
+/// Adds the nodes of an object.
+void addNodesByPlace(const XmlNodeCollection& xmlNodes, const TreeNode& object, PlaceScheme scheme,
+                     NodesByPlace& nodes);
+/// Returns the nodes that become places of the name, also with the counter of a further place.
+std::span<const int> nodesOfPlace(const NodesByPlace& nodes, const std::string& name);
 
 /// Returns the paths of all controls of an object except subforms.
 std::vector<letters::ControlPath> valuePaths(const XmlNodeCollection& xmlNodes, const TreeNode& object);

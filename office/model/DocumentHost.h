@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace mergeloom {
 
@@ -81,6 +82,16 @@ class DocumentHost {
     /// Writes a copy of the document in the office's own format, which loses nothing. The document, its name
     /// and its mark Saved do not change. Raises the errors of ExportCopy.
     virtual void keepCopy(const std::string& path) = 0;
+
+    /// Returns the names of the document's places: bookmarks, or the names of a workbook. Without hidden
+    /// ones.
+    virtual std::vector<std::string> placeNames() = 0;
+    /// Selects a place and shows it. This member and the two below raise kCommandFailed with a sentence when
+    /// there is no such place, and the next one when it cannot have the name. The user can undo changes.
+    virtual void showPlace(const std::string& name) = 0;
+    virtual void renamePlace(const std::string& name, const std::string& newName) = 0;
+    /// Removes the name; the text or the cells stay.
+    virtual void removePlace(const std::string& name) = 0;
 
     /// Bracket the use of the object model, since the user edits the document without it: between these two
     /// calls the model knows the current document and its selection is the view's. The first copies the

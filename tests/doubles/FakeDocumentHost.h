@@ -9,6 +9,7 @@
 #include "office/model/word/Document.h"
 #include "office/model/word/Selection.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -63,6 +64,21 @@ class FakeDocumentHost final : public DocumentHost {
         copy->Close(word::WdSaveOptions::wdDoNotSaveChanges);
     }
 
+    std::vector<std::string> placeNames() override {
+        failWhenEnded();
+        return places;
+    }
+    void showPlace(const std::string& name) override { call("showPlace " + name); }
+    void renamePlace(const std::string& name, const std::string& newName) override {
+        call("renamePlace " + name + " " + newName);
+        if (!placeRefusal.empty()) throw AutomationError(kCommandFailed, placeRefusal);
+        std::replace(places.begin(), places.end(), name, newName);
+    }
+    void removePlace(const std::string& name) override {
+        call("removePlace " + name);
+        std::erase(places, name);
+    }
+
     void endInput() override { call("endInput"); }
     void beginEditing() override { call("beginEditing"); }
     void endEditing() override { call("endEditing"); }
@@ -95,6 +111,8 @@ class FakeDocumentHost final : public DocumentHost {
     [[nodiscard]] std::string hostedName() const { return hosted() == nullptr ? "" : hosted()->FullName(); }
 
     std::vector<std::string> calls;
+    std::vector<std::string> places;
+    std::string placeRefusal;
     std::set<std::string> unknownPrograms;
     bool hasTextAtPoint = true;
     bool bookmarksShown = false;

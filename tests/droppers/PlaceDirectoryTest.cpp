@@ -129,5 +129,36 @@ TEST_F(PlaceDirectory, EveryDroppedPlaceIsFound) {
         EXPECT_NE(sourceOf(name), "") << name;
 }
 
+TEST_F(PlaceDirectory, NodesAreFoundByTheirPlaces) {
+    loadOrders();
+    const auto textsOf = [&](PlaceScheme scheme, const std::string& place) {
+        NodesByPlace nodes;
+        addNodesByPlace(xmlNodes, node("1k"), scheme, nodes);
+        std::string texts;
+        for (const int number : nodesOfPlace(nodes, place))
+            texts += "/" + tree.Item(number)->Text();
+        return texts;
+    };
+    struct Case {
+        PlaceScheme scheme;
+        std::string place;
+        std::string nodes;
+    };
+    const std::vector<Case> cases{
+        {PlaceScheme::Bookmarks, "X2NDNAME", "/2nd. Name/Value"},
+        {PlaceScheme::Bookmarks, "x2ndName_ref12", "/2nd. Name/Value"},
+        {PlaceScheme::Bookmarks, "Logo", "/Logo/Value"},
+        {PlaceScheme::Bookmarks, "OrderLinesX", "/X/Value"},
+        {PlaceScheme::Bookmarks, "OrderLines_ref1", "/Order Lines"},
+        {PlaceScheme::Bookmarks, "MyOrdersT", "/Form \"My Orders\""},
+        {PlaceScheme::Bookmarks, "x2ndName_refs", ""},
+        {PlaceScheme::Bookmarks, "ammPaged", ""},
+        {PlaceScheme::RangeNames, "ammPaged", "/Paged/Value"},
+        {PlaceScheme::RangeNames, "ammMyOrdersT", "/Form \"My Orders\""},
+    };
+    for (const Case& one : cases)
+        EXPECT_EQ(textsOf(one.scheme, one.place), one.nodes) << one.place;
+}
+
 }  // namespace
 }  // namespace mergeloom

@@ -185,5 +185,35 @@ TEST_F(Session, KeepsChangesAside) {
     EXPECT_TRUE(folderExists(folder / "kept"));
 }
 
+TEST_F(Session, WorksOnPlacesAndTellsThem) {
+    session.start({});
+    waitFor(OfficeState::Running);
+    QStringList found;
+    QObject::connect(&session, &DesignerSession::placesFound, &session,
+                     [&](const QStringList& names) { found = names; });
+    session.worker().run([this] { running->places = {"Town", "Customer"}; });
+    session.findPlaces();
+    settle();
+    EXPECT_EQ(found, QStringList({"Town", "Customer"}));
+
+    session.renamePlace("Town", "City");
+    session.goToPlace("City");
+    session.removePlace("Customer");
+    settle();
+    EXPECT_EQ(found, QStringList({"City"}));
+    EXPECT_THAT(running->calls, testing::Contains("showPlace City"));
+
+    session.worker().run([this] { running->placeRefusal = "There is a place of that name."; });
+    session.renamePlace("City", "Town");
+    EXPECT_EQ(messages.takeTexts(), "There is a place of that name.\n");
+    EXPECT_THAT(errors.reports, IsEmpty());
+
+    session.worker().run([this] { running->isOpenReadOnly = true; });
+    session.removePlace("City");
+    settle();
+    EXPECT_THAT(messages.takeTexts(), testing::HasSubstr("open for reading only"));
+    EXPECT_EQ(found, QStringList({"City"}));
+}
+
 }  // namespace
 }  // namespace mergeloom

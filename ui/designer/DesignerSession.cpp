@@ -211,6 +211,54 @@ bool DesignerSession::insertAtCaret() {
     return isFree() && dropFlow_.insertAtCaret();
 }
 
+void DesignerSession::findPlaces() {
+    if (!isFree() || std::exchange(isFindingPlaces_, true)) return;
+    const auto names = std::make_shared<QStringList>();
+    worker_.post(
+        [this, names] {
+            for (const std::string& name : office_.host().placeNames())
+                *names += QString::fromStdString(name);
+        },
+        [this, names](const std::exception_ptr& error) {
+            isFindingPlaces_ = false;
+            if (!error) Q_EMIT placesFound(*names);
+        });
+}
+
+void DesignerSession::goToPlace(const QString& name) {
+    workOnPlace([place = name.toStdString()](DocumentHost& host) { host.showPlace(place); });
+}
+
+void DesignerSession::renamePlace(const QString& name, const QString& newName) {
+    workOnPlace([&, place = name.toStdString(), other = newName.toStdString()](DocumentHost& host) {
+        if (!refusesChanges(host, ports_.messages)) host.renamePlace(place, other);
+    });
+}
+
+void DesignerSession::removePlace(const QString& name) {
+    workOnPlace([&, place = name.toStdString()](DocumentHost& host) {
+        if (!refusesChanges(host, ports_.messages)) host.removePlace(place);
+    });
+}
+
+/// The user can change what the sentence of an error tells; other errors are reported.
+void DesignerSession::workOnPlace(const std::function<void(DocumentHost&)>& work) {
+    if (!isFree()) return;
+    Q_EMIT commandBegun();
+    trap(ports_.errors, kMainForm, "WorkOnPlace", [&] {
+        worker_.run([&] {
+            try {
+                work(office_.host());
+            } catch (const AutomationError& error) {
+                if (error.number() != kCommandFailed) throw;
+                (void)ports_.messages.show(
+                    {error.description(), MessageIcon::Exclamation, MessageButtons::Ok});
+            }
+        });
+    });
+    findPlaces();
+}
+
 void DesignerSession::setFolders(const std::string& documents, const std::string& templates) {
     post([this, documents, templates] {
         lifecycle_.SetDocumentsFolder(documents);

@@ -74,6 +74,12 @@ class DesignerSession final : public QObject, private LifecycleView {
     bool insertAtCaret();
     /// Returns what became of the last drop.
     [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
+    /// Asks for the places of the document, which placesFound tells. Does not wait.
+    void findPlaces();
+    /// Work on a place; errors are shown to the user.
+    void goToPlace(const QString& name);
+    void renamePlace(const QString& name, const QString& newName);
+    void removePlace(const QString& name);
     void setFolders(const std::string& documents, const std::string& templates);
 
     /// Moves the caret. This and the members below do not wait.
@@ -93,6 +99,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     void fileUsed(const QString& path);
     /// Emitted with a sentence about what was done.
     void statusChanged(const QString& status);
+    /// Emitted with the names of the document's places.
+    void placesFound(const QStringList& names);
     /// Emitted when a command begins.
     void commandBegun();
     /// The office's own menu requested it.
@@ -119,6 +127,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void keepCopy();
     void onEnded();
     void post(OfficeJobs::Job job);
+    void workOnPlace(const std::function<void(DocumentHost&)>& work);
     [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
 
     DocumentKind kind_;
@@ -132,6 +141,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     OfficeState state_ = OfficeState::Stopped;
     QString stopReason_;
     bool hasOpened_ = false;
+    bool isFindingPlaces_ = false;
     std::shared_ptr<Attempt> attempt_;
     mutable std::mutex buildMutex_;
     std::string build_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "droppers/PlaceDirectory.h"
 #include "xml/StructureDocument.h"
 #include "xml/TreeView.h"
 #include "xml/XmlNode.h"
@@ -24,6 +25,7 @@ struct LoadedStructure {
     int firstObject = 0;
     /// The elements of the tree's keys, for the droppers.
     XmlNodeCollection xmlNodes;
+    NodesByPlace nodesByPlace;
     /// None when the document has no options: then the user's documents folder is used for both.
     std::optional<StructureFolders> folders;
 };

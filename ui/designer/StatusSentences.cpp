@@ -3,6 +3,7 @@
 #include "ui/designer/LoadedStructure.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 
 namespace mergeloom {
 
@@ -71,6 +72,13 @@ QString nothingInserted(const TreeNode* node, StructureState structure, DropRefu
     const QString nothing = Sentences::tr("Nothing was inserted.");
     const QString reason = reasonFor(node, structure, refusal);
     return reason.isEmpty() ? nothing : nothing + u' ' + reason;
+}
+
+QString sourceSentence(const TreeNode& node) {
+    QStringList texts;
+    for (const TreeNode* part = &node; part != nullptr; part = part->Parent())
+        texts.prepend(textOf(*part));
+    return texts.join(QStringLiteral(" › "));
 }
 
 QString droppedBeside() {

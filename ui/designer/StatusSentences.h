@@ -20,6 +20,8 @@ QString insertedSentence(const TreeNode& node, const std::string& place);
 /// Returns the sentence about a drop that inserted nothing, with the reason if it is known. The node is the
 /// selected one, or none.
 QString nothingInserted(const TreeNode* node, StructureState structure, DropRefusal refusal);
+/// Returns the text about a place that comes from a node: the node, the control around it and the object.
+QString sourceSentence(const TreeNode& node);
 /// Returns the sentence about a drag that ended beside the document.
 QString droppedBeside();
 

@@ -79,12 +79,22 @@ std::optional<StructureFolders> readFolders(ErrorHandler& errors, const Structur
     return StructureFolders{options.DocumentsFolder(), options.TemplatesFolder()};
 }
 
+void findPlaces(LoadedStructure& structure) {
+    const PlaceScheme scheme = gExcelMode == 0 ? PlaceScheme::Bookmarks : PlaceScheme::RangeNames;
+    for (int number = 1; number <= structure.tree.Count(); ++number) {
+        const TreeNode& node = *structure.tree.Item(number);
+        const bool isObject = node.Parent() == nullptr && isDraggable(node);
+        if (isObject) addNodesByPlace(structure.xmlNodes, node, scheme, structure.nodesByPlace);
+    }
+}
+
 void showInTree(LoadedStructure& structure, ErrorHandler& errors) {
     if (gExcelMode == 0) AddSpecialNodes(structure.tree);
     CXML2TreeView view{structure.tree, structure.document, errors};
     view.DisplayXMLNode(0, structure.document.documentElement(), true);
     structure.xmlNodes = std::move(view.XMLNodes());
     structure.firstObject = firstObject(structure.tree);
+    findPlaces(structure);
     structure.folders = readFolders(errors, structure.document);
 }
 

@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 
+#include <QCoreApplication>
+#include <QFont>
 #include <QMimeData>
 #include <QStringList>
 #include <numeric>
@@ -12,6 +14,17 @@ namespace mergeloom {
 namespace {
 
 constexpr int kNotShown = -1;
+
+/// Returns what marks a node that has a place in the document.
+QVariant markOf(int role) {
+    if (role == Qt::FontRole) {
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
+    const bool tells = role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole;
+    return tells ? QCoreApplication::translate("TreeModel", "It has a place in the document.") : QVariant();
+}
 
 int nodeNumber(const QModelIndex& index) {
     return static_cast<int>(index.internalId());
@@ -80,6 +93,7 @@ TreeModel::TreeModel(IconOf iconOf, QObject* parent)
 void TreeModel::setTree(std::shared_ptr<TreeView> tree) {
     beginResetModel();
     tree_ = std::move(tree);
+    placed_.clear();
     allRows_ = tree_ ? std::make_shared<TreeModelRows>(*tree_) : std::make_shared<TreeModelRows>();
     rows_ = allRows_;
     endResetModel();
@@ -128,7 +142,12 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
     if (shown == nullptr) return {};
     if (role == Qt::DisplayRole) return QString::fromStdString(shown->Text());
     if (role == Qt::DecorationRole) return iconOf_(QString::fromStdString(shown->Image()));
-    return {};
+    return placed_.contains(shown->Index()) ? markOf(role) : QVariant();
+}
+
+void TreeModel::setPlaced(std::unordered_set<int> nodes) {
+    placed_ = std::move(nodes);
+    if (const int rows = rowCount(); rows > 0) Q_EMIT dataChanged(index(0, 0), index(rows - 1, 0));
 }
 
 Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {

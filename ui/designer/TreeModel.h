@@ -7,6 +7,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 namespace mergeloom {
@@ -62,6 +63,9 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] const std::shared_ptr<const TreeModelRows>& allRows() const { return allRows_; }
     [[nodiscard]] const std::shared_ptr<TreeView>& tree() const { return tree_; }
 
+    /// Marks the nodes that have places in the document, by their Index.
+    void setPlaced(std::unordered_set<int> nodes);
+
     /// Returns the node of an index; none for an invalid one.
     [[nodiscard]] const TreeNode* node(const QModelIndex& index) const;
     /// Returns the index of a node by its Index; invalid when it is not shown.
@@ -87,6 +91,7 @@ class TreeModel : public QAbstractItemModel {
     std::shared_ptr<TreeView> tree_;
     std::shared_ptr<const TreeModelRows> allRows_;
     std::shared_ptr<const TreeModelRows> rows_;
+    std::unordered_set<int> placed_;
 };
 
 }  // namespace mergeloom

@@ -213,6 +213,12 @@ void TreePane::showPage() {
     pages_->setCurrentWidget(hasTree ? static_cast<QWidget*>(tvXML_) : startPage_);
 }
 
+void TreePane::setPlaced(std::unordered_set<int> nodes) {
+    model_->setPlaced(std::move(nodes));
+    // Rows below others have changed, too.
+    tvXML_->viewport()->update();
+}
+
 void TreePane::offer(const QStringList& recent, const QString& sample) {
     startPage_->offer(recent, sample);
 }

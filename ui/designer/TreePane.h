@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <memory>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 class QAction;
@@ -73,6 +74,8 @@ class TreePane : public QWidget {
     /// Shows, while a structure is loading, a bar and a button that cancels the load.
     void setLoading(bool loading);
 
+    /// Marks the nodes that have places in the document, by their Index.
+    void setPlaced(std::unordered_set<int> nodes);
     /// Sets the documents that are offered while nothing is shown.
     void offer(const QStringList& recent, const QString& sample);
 

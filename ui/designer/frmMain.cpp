@@ -33,6 +33,9 @@ using FieldConversion = DesignerActions::FieldConversion;
 /// document.
 constexpr int kTreePart = 4;
 
+/// The places take this part of the tree's height at first.
+constexpr int kPlacesPart = 6;
+
 constexpr const char* kDocumentTopic = "drag-field.html";
 
 FieldConversion conversionIn(DocumentKind kind) {
@@ -61,7 +64,9 @@ frmMain::frmMain(DocumentKind kind)
       structures_(windowSettings_.store(), "structures"),
       actions_(new DesignerActions(*menuBar(), conversionIn(kind))),
       splitter_(new QSplitter(this)),
-      tree_(new TreePane(splitter_)),
+      leftSide_(new QSplitter(Qt::Vertical, splitter_)),
+      tree_(new TreePane(leftSide_)),
+      places_(new PlacesPane(leftSide_)),
       area_(new HostArea(splitter_)),
       status_(new QLabel(this)),
       busy_(new QProgressBar(this)),
@@ -90,6 +95,7 @@ frmMain::frmMain(DocumentKind kind)
     connectActions();
     connectRecentFiles();
     connectStructure();
+    connectPlaces();
     connectOffice();
     connectBusy();
     connectKeyboard();
@@ -113,11 +119,14 @@ void frmMain::layOut() {
     statusBar()->addWidget(status_, 1);
     statusBar()->addPermanentWidget(busy_);
     statusBar()->addPermanentWidget(cmdHelp_);
-    setTabOrder(&tree_->tvXML(), cmdHelp_);
+    setTabOrder(&tree_->tvXML(), &places_->list());
+    setTabOrder(&places_->list(), cmdHelp_);
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(room);
     const int treeWidth = std::max(room.width() / kTreePart, tree_->sizeHint().width());
     splitter_->setSizes({treeWidth, room.width() - treeWidth});
+    leftSide_->setChildrenCollapsible(false);
+    leftSide_->setSizes({room.height(), room.height() / kPlacesPart});
     windowSettings_.restore(*this, *splitter_);
 }
 
@@ -158,6 +167,41 @@ void frmMain::showTitle() {
     setWindowTitle(QStringLiteral("%1%2 - %3").arg(hasChanges_ ? u"*" : u"", caption_, program));
 }
 
+void frmMain::connectPlaces() {
+    connect(places_, &PlacesPane::goToRequested, &session_, &DesignerSession::goToPlace);
+    connect(places_, &PlacesPane::renameRequested, &session_, &DesignerSession::renamePlace);
+    connect(places_, &PlacesPane::removeRequested, &session_, &DesignerSession::removePlace);
+    connect(&session_, &DesignerSession::placesFound, this, &frmMain::showPlaces);
+    connect(&session_, &DesignerSession::changesShown, &session_, &DesignerSession::findPlaces);
+    // What the user did in the document is seen when the mouse or the keyboard comes back from it.
+    leftSide_->installEventFilter(this);
+    tree_->tvXML().installEventFilter(this);
+    places_->list().installEventFilter(this);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) session_.findPlaces();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+/// Lists the places with the nodes that they come from, and marks these in the tree.
+void frmMain::showPlaces(const QStringList& names) {
+    const std::shared_ptr<LoadedStructure>& structure = tree_->structure();
+    std::unordered_set<int> placed;
+    QList<PlacesPane::Entry> entries;
+    for (const QString& name : names) {
+        QString source;
+        if (structure) {
+            const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
+            placed.insert(nodes.begin(), nodes.end());
+            if (!nodes.empty()) source = sourceSentence(*structure->tree.Item(nodes.back()));
+        }
+        entries.append({name, source});
+    }
+    tree_->setPlaced(std::move(placed));
+    places_->show(std::move(entries));
+}
+
 void frmMain::connectStructure() {
     connect(tree_, &TreePane::loadRequested, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(tree_, &TreePane::documentChosen, this,
@@ -177,6 +221,7 @@ void frmMain::connectStructure() {
                 structures_.add(structure->path);
                 structureLoad_.setLastFolder(structures_.folder());
                 tree_->offer(structures_.paths(), samplePath());
+                session_.findPlaces();
                 showNextStep();
             });
     connect(&structureLoad_, &StructureLoad::ended, this, [this] {
@@ -331,6 +376,7 @@ void frmMain::endDrag() {
 void frmMain::reportDrop(bool isDropped) {
     const TreeNode* const node = tree_->selectedNode();
     const DropReport& report = session_.dropReport();
+    if (isDropped) session_.findPlaces();
     status_->setText(isDropped && node != nullptr ? insertedSentence(*node, report.place)
                                                   : nothingInserted(node, structureState(), report.refusal));
 }

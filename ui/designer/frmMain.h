@@ -5,6 +5,7 @@
 #include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/FocusHolder.h"
+#include "ui/designer/PlacesPane.h"
 #include "ui/designer/RecentFiles.h"
 #include "ui/designer/StatusSentences.h"
 #include "ui/designer/StructureLoad.h"
@@ -59,6 +60,7 @@ class frmMain final : public QMainWindow {
     void start();
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
 
@@ -79,6 +81,8 @@ class frmMain final : public QMainWindow {
     [[nodiscard]] StructureState structureState() const;
     void showAbout();
     void connectRecentFiles();
+    void connectPlaces();
+    void showPlaces(const QStringList& names);
     void showTitle();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 
@@ -95,7 +99,9 @@ class frmMain final : public QMainWindow {
     // The toolkit's parents own these.
     DesignerActions* actions_;
     QSplitter* splitter_;
+    QSplitter* leftSide_;
     TreePane* tree_;
+    PlacesPane* places_;
     HostArea* area_;
     QLabel* status_;
     QProgressBar* busy_;

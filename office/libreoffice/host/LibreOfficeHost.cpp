@@ -7,6 +7,7 @@
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
+#include "office/libreoffice/host/HostPlaces.h"
 #include "office/libreoffice/remote/WriterOffice.h"
 #include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
@@ -208,6 +209,30 @@ void LibreOfficeHost::endInput() {
     const HostedDocument shown = ActiveDocument();
     if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&shown))
         libreoffice::endInput(**workbook);
+}
+
+std::vector<std::string> LibreOfficeHost::placeNames() {
+    const PollingThread interruption = interruptedIdleTasks();
+    return call([this] { return HostPlaces(frontDocument()).names(); });
+}
+
+void LibreOfficeHost::showPlace(const std::string& name) {
+    endInput();
+    call([&] {
+        if (const HostFrame* const frame = front())
+            HostPlaces(frame->document()).select(name, frame->uno()->getController());
+    });
+    focus();
+}
+
+void LibreOfficeHost::renamePlace(const std::string& name, const std::string& newName) {
+    endInput();
+    call([&] { HostPlaces(frontDocument()).rename(name, newName); });
+}
+
+void LibreOfficeHost::removePlace(const std::string& name) {
+    endInput();
+    call([&] { HostPlaces(frontDocument()).remove(name); });
 }
 
 void LibreOfficeHost::beginEditing() {

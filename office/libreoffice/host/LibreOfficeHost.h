@@ -34,6 +34,10 @@ class LibreOfficeHost final : public DocumentHost {
     bool hasChangesToKeep() override;
     void keepCopy(const std::string& path) override;
     void endInput() override;
+    std::vector<std::string> placeNames() override;
+    void showPlace(const std::string& name) override;
+    void renamePlace(const std::string& name, const std::string& newName) override;
+    void removePlace(const std::string& name) override;
     void beginEditing() override;
     void endEditing() override;
     bool placeCaret(HostPoint point) override;

@@ -1,0 +1,139 @@
+"""The list of the document's places beside the document, and their marks in the tree."""
+import unittest
+
+import read_xlsx
+from read_docx import read_paragraphs
+from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401
+from designer_window import click, document_has_keyboard, find, key, middle, point_at, type_text, wait_for
+
+
+class PlacesTest(DesignerTest):
+    def listed(self):
+        return [item.get_name() for item in find(self.designer.application, "list item")]
+
+    def wait_for_places(self, *names):
+        wait_for(f"the places {names}", lambda: self.listed() == list(names))
+
+    def place(self, name):
+        return middle(self.designer.element("list item", name))
+
+    def is_marked(self, node):
+        cells = find(self.designer.application, "table cell", node)
+        return bool(cells) and "place in the document" in cells[0].get_description()
+
+    def look_back(self):
+        """Moves the mouse from the document to the tree, as a user does who wants to see what changed."""
+        point_at(self.designer.document())
+        point_at(self.designer.node("Letterhead"))
+
+
+class InWord(PlacesTest):
+    def test_what_is_placed_is_marked_and_listed(self):
+        designer = self.start()
+        self.assertEqual(self.listed(), [])
+        self.assertFalse(self.is_marked("Customer"))
+        self.drop("Customer")
+        self.drop("Priority")
+        self.wait_for_places("CustomerID", "Priority")
+        wait_for("the mark", lambda: self.is_marked("Customer") and self.is_marked("Priority"))
+        self.assertFalse(self.is_marked("Town"))
+        designer.expand("Customer")
+        self.drop("Bound Value")
+        self.wait_for_places("CustomerID", "CustomerID_bv", "Priority")
+        self.assertTrue(self.is_marked("Bound Value"))
+        self.assertFalse(self.is_marked("Label and Value"))
+        self.picture("places")
+        click(designer.document())
+        key("ctrl+z")
+        self.look_back()
+        self.wait_for_places("CustomerID", "Priority")
+        wait_for("the mark to go", lambda: not self.is_marked("Bound Value"))
+
+    def test_places_are_found_renamed_and_removed(self):
+        designer = self.start()
+        self.drop("Customer")
+        key("ctrl+End")
+        key("Return", "Return")
+        self.drop("Priority")
+        self.wait_for_places("CustomerID", "Priority")
+
+        click(self.place("CustomerID"))
+        point_at(designer.document())
+        key("F2")
+        type_text("Buyer")
+        key("Return")
+        self.wait_for_places("Buyer", "Priority")
+
+        click(self.place("Priority"))
+        key("F2")
+        type_text("no name")
+        key("Return")
+        box = designer.dialog()
+        self.assertIn("'no name' cannot be the name of a place.", designer.texts_of(box))
+        self.picture("bad-name")
+        key("Return")
+        wait_for("the end of the message", lambda: not designer.has_dialog())
+        designer.wait_until_active()
+        key("F2")
+        type_text("BUYER")
+        key("Return")
+        self.assertIn("There is a place named 'BUYER' already.", designer.texts_of(designer.dialog()))
+        key("Return")
+        wait_for("the end of the message", lambda: not designer.has_dialog())
+        self.wait_for_places("Buyer", "Priority")
+
+        click(self.place("Buyer"))
+        key("Return")
+        wait_for("the keyboard in the document", document_has_keyboard)
+        type_text("New text")
+        self.look_back()
+
+        click(self.place("Priority"))
+        point_at(designer.document())
+        key("Delete")
+        wait_for("the removal", lambda: "Priority" not in self.listed())
+        path = self.save_as("letter.docx")
+        self.assertEqual([name for name in self.names(path) if name == "Priority"], [])
+        texts = read_paragraphs(path)
+        self.assertIn("New text", texts[0])
+        self.assertIn("Priority", " ".join(texts))
+
+
+class InExcel(PlacesTest):
+    SWITCHES = ["-excel"]
+
+    def test_names_of_cells_are_places_too(self):
+        designer = self.start()
+        left, top = designer.document()
+        self.drop("Customer", (left, top))
+        self.drop("Priority", (left, top + 80))
+        self.wait_for_places("ammCustomerID", "ammPriority")
+        wait_for("the mark", lambda: self.is_marked("Customer"))
+        click(self.place("ammCustomerID"))
+        key("F2")
+        type_text("A1")
+        key("Return")
+        self.assertIn("not the address of a cell", designer.texts_of(designer.dialog()))
+        key("Return")
+        wait_for("the end of the message", lambda: not designer.has_dialog())
+        designer.wait_until_active()
+        key("F2")
+        type_text("ammBuyer")
+        key("Return")
+        self.wait_for_places("ammBuyer", "ammPriority")
+        click(self.place("ammPriority"))
+        key("Delete")
+        self.wait_for_places("ammBuyer")
+        click(self.place("ammBuyer"))
+        key("Return")
+        wait_for("the keyboard in the document", document_has_keyboard)
+        type_text("typed")
+        key("Return")
+        path = self.save_as("book.xlsx")
+        self.assertEqual(list(read_xlsx.read_names(path)), ["ammBuyer"])
+        self.assertIn("typed", self.export("book.csv").read_text())
+        self.assertNotIn("[CustomerID]", self.export("again.csv").read_text())
+
+
+if __name__ == "__main__":
+    unittest.main()
