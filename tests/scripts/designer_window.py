@@ -132,6 +132,12 @@ def screenshot(path):
     subprocess.run(["import", "-window", "root", str(path)], check=True)
 
 
+def pixels(left, top, width, height):
+    """The pixels of a part of the screen."""
+    part = f"{width}x{height}+{left}+{top}"
+    return subprocess.run(["import", "-window", "root", "-crop", part, "rgb:-"], check=True, capture_output=True).stdout
+
+
 def children(element):
     return [element.get_child_at_index(k) for k in range(element.get_child_count())]
 

@@ -4,7 +4,9 @@ import unittest
 from pathlib import Path
 
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import PATIENCE, Atspi, Designer, click, find, key, middle, type_text, wait_for
+from designer_window import (
+    PATIENCE, Atspi, Designer, click, find, key, middle, pixels, type_text, wait_for,
+)
 
 
 class FilesTest(DesignerTest):
@@ -94,6 +96,40 @@ class InWord(FilesTest):
         self.listed("orders.xml")
         self.picture("load")
         key("Escape")
+
+
+    def settings(self, home, number=1):
+        return home / "config" / "mergeloom" / "office" / str(number) / "user" / "registrymodifications.xcu"
+
+    def rulers(self):
+        """The pixels over the text, where the office has its ruler."""
+        pane = self.designer.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
+        return pixels(pane.x + 100, pane.y + 76, 300, 12)
+
+    def quit(self):
+        self.designer.wait_until_active()
+        key("ctrl+q")
+        self.assertEqual(self.designer.process.wait(PATIENCE), 0)
+
+    def test_settings_of_the_office_last(self):
+        home = Path(tempfile.mkdtemp(prefix="designer-"))
+        self.begin(home=home)
+        shown = self.rulers()
+        self.quit()
+        item = ('<item oor:path="/org.openoffice.Office.Writer/Layout/Window"><prop oor:name="HorizontalRuler" '
+                'oor:op="fuse"><value>false</value></prop></item>')
+        settings = self.settings(home)
+        settings.write_text(settings.read_text().replace("</oor:items>", f"{item}\n</oor:items>"))
+
+        second = self.begin(home=home)
+        wait_for("the page without a ruler", lambda: self.rulers() != shown)
+        self.picture("no-ruler")
+        self.begin(home=home)
+        self.assertFalse(item in self.settings(home, 2).read_text(), "each window has a profile of its own")
+        self.quit()
+        self.designer = second
+        self.quit()
+        self.assertTrue(item in settings.read_text())
 
 
 class InExcel(FilesTest):

@@ -108,12 +108,14 @@ std::string findOfficeProgram() {
 }
 
 LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mode)
-    : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())),
-      sockets_(socketFiles(pipeName_, profileUrl())) {
-    makeOfficeProfile(joinPath(folder_.path(), kProfile), mode);
+    : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())) {
+    if (mode == OfficeMode::Shown) userProfile_.emplace();
+    sockets_ = socketFiles(pipeName_, profileUrl());
+    makeOfficeProfile(profile(), mode);
     std::filesystem::create_directory(workFolder());
     std::filesystem::create_directory(temporaryFolder());
     process_.emplace(command(program, mode), start_.farEnd(), logPath());
+    if (userProfile_) userProfile_->endSharing();
     start_.closeFarEnd();
     cleanup_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
     start_.send("go\n");
@@ -149,8 +151,13 @@ std::string LibreOfficeProcess::logPath() const {
     return joinPath(folder_.path(), "log");
 }
 
+std::string LibreOfficeProcess::profile() const {
+    const bool isKept = userProfile_ && !userProfile_->path().empty();
+    return isKept ? userProfile_->path() : joinPath(folder_.path(), kProfile);
+}
+
 std::string LibreOfficeProcess::profileUrl() const {
-    return fileUrl(joinPath(folder_.path(), kProfile));
+    return fileUrl(profile());
 }
 
 void LibreOfficeProcess::kill() const {

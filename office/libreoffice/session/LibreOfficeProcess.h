@@ -3,6 +3,7 @@
 #include "office/libreoffice/session/CleanupProcess.h"
 #include "office/libreoffice/session/OfficeProfile.h"
 #include "office/libreoffice/session/ProcessGroup.h"
+#include "office/libreoffice/session/UserProfile.h"
 
 #include <optional>
 #include <string>
@@ -19,8 +20,9 @@ std::vector<std::string> socketFiles(const std::string& pipeName, const std::str
 /// with a sentence that says what to install or to correct.
 std::string findOfficeProgram();
 
-/// An installed LibreOffice in a process of its own: with a fresh profile that is removed with it, listening
-/// on a pipe of its own. Nothing of it remains, however this process ends.
+/// An installed LibreOffice in a process of its own, listening on a pipe of its own. Unless users see it, it
+/// has a fresh profile that is removed with it. Nothing of it remains, however this process ends, except the
+/// profile of an office that users see.
 class LibreOfficeProcess {
   public:
     /// Starts the program and does not wait until it listens. Raises kNotAvailable with a sentence that says
@@ -55,11 +57,13 @@ class LibreOfficeProcess {
     void stop() const;
     [[nodiscard]] std::string temporaryFolder() const;
     [[nodiscard]] std::string logPath() const;
+    [[nodiscard]] std::string profile() const;
     [[nodiscard]] std::string profileUrl() const;
     [[nodiscard]] std::vector<std::string> command(const std::string& program, OfficeMode mode) const;
 
     std::optional<CleanupProcess> cleanup_;  ///< destroyed last
     PrivateFolder folder_;
+    std::optional<UserProfile> userProfile_;  ///< of an office that users see
     std::string pipeName_;
     std::vector<std::string> sockets_;
     LifelinePipe start_;

@@ -5,11 +5,14 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <span>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -48,6 +51,11 @@ constexpr Setting kShown[] = {
     {"Office.UI.Infobar/Enabled", "HyphenationMissing", "false"},
     {"Setup/Office", "MigrationCompleted", "true"},
     {"Office.Recovery/AutoSave", "Enabled", "false"},
+    {"Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
+};
+
+/// Settings of a new profile, which the user may change.
+constexpr Setting kFirst[] = {
     // Writer shows bookmarks, which mark places, only while it shows marks at all.
     {"Office.Writer/Content/NonprintingCharacter", "MetaCharacters", "true"},
     {"Office.Writer/Content/NonprintingCharacter", "Bookmarks", "true"},
@@ -57,7 +65,6 @@ constexpr Setting kShown[] = {
     {"Office.Writer/Content/NonprintingCharacter", "ProtectedSpace", "false"},
     {"Office.Writer/Content/NonprintingCharacter", "Tab", "false"},
     {"Office.Writer/Content/NonprintingCharacter", "Break", "false"},
-    {"Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
 };
 
 void write(std::ostream& file, std::span<const Setting> settings) {
@@ -74,15 +81,41 @@ constexpr const char* kDisabledCommands[] = {
     "TemplateManager", "AutoPilotMenu", "VersionDialog",
 };
 
+constexpr const char* kDisabledGroup = "/org.openoffice.Office.Commands/Execute/Disabled";
+
 void disableCommands(std::ostream& file) {
     for (const char* const command : kDisabledCommands) {
-        file << R"(<item oor:path="/org.openoffice.Office.Commands/Execute/Disabled"><node oor:name=")"
-             << command << R"(" oor:op="replace"><prop oor:name="Command"><value>)" << command
+        file << R"(<item oor:path=")" << kDisabledGroup << R"("><node oor:name=")" << command
+             << R"(" oor:op="replace"><prop oor:name="Command"><value>)" << command
              << "</value></prop></node></item>\n";
     }
 }
 
-void writeSettings(std::ostream& file, OfficeMode mode) {
+bool isSetBy(std::span<const Setting> settings, std::string_view item) {
+    return std::ranges::any_of(settings, [&](const Setting& setting) {
+        const std::string group = std::string("\"/org.openoffice.") + setting.group + '"';
+        const std::string name = std::string("oor:name=\"") + setting.name + '"';
+        return item.find(group) != std::string_view::npos && item.find(name) != std::string_view::npos;
+    });
+}
+
+/// Returns the items of an earlier run that stay, a line each as the office writes them; none when the file
+/// is not whole.
+std::vector<std::string> keptItems(const std::string& settings) {
+    std::ifstream file(settings);
+    std::vector<std::string> items;
+    bool isWhole = false;
+    for (std::string line; std::getline(file, line);) {
+        isWhole = line.starts_with("</oor:items>");
+        if (!line.starts_with("<item ")) continue;
+        const bool isForced =
+            isSetBy(kQuiet, line) || isSetBy(kShown, line) || line.find(kDisabledGroup) != std::string::npos;
+        if (!isForced) items.push_back(line);
+    }
+    return isWhole ? items : std::vector<std::string>();
+}
+
+void writeSettings(std::ostream& file, OfficeMode mode, const std::vector<std::string>& kept) {
     file << R"(<?xml version="1.0" encoding="UTF-8"?>)"
             "\n"
          << R"(<oor:items xmlns:oor="http://openoffice.org/2001/registry">)"
@@ -91,7 +124,10 @@ void writeSettings(std::ostream& file, OfficeMode mode) {
     if (mode == OfficeMode::Shown) {
         write(file, kShown);
         disableCommands(file);
+        if (kept.empty()) write(file, kFirst);
     }
+    for (const std::string& item : kept)
+        file << item << '\n';
     file << "</oor:items>\n" << std::flush;
 }
 
@@ -116,11 +152,17 @@ void makeOfficeProfile(const std::string& folder, OfficeMode mode) {
     const std::string user = joinPath(folder, "user");
     std::error_code error;
     std::filesystem::create_directories(user, error);
-    std::ofstream file(joinPath(user, "registrymodifications.xcu"));
-    writeSettings(file, mode);
-    if (!file) {
-        raiseNotStarted("the folder for its profile '" + folder + "' cannot be written");
-    }
+    const std::string settings = joinPath(user, "registrymodifications.xcu");
+    const std::vector<std::string> kept = keptItems(settings);
+    // An office that was killed leaves its lock; this profile is locked in another way.
+    std::filesystem::remove(joinPath(user, ".lock"), error);
+    std::filesystem::remove(joinPath(folder, ".lock"), error);
+    const std::string written = settings + ".new";
+    std::ofstream file(written);
+    writeSettings(file, mode, kept);
+    file.close();
+    if (file) std::filesystem::rename(written, settings, error);
+    if (!file || error) raiseNotStarted("the folder for its profile '" + folder + "' cannot be written");
 }
 
 }  // namespace mergeloom::libreoffice

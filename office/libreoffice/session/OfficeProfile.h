@@ -25,8 +25,9 @@ class PrivateFolder {
     std::string path_;
 };
 
-/// Creates the profile of an office in a folder that does not exist yet. With it the office writes no lock
-/// files and shows no welcome dialogs. Raises kNotAvailable when the folder cannot be written.
+/// Makes a folder the profile of an office. With it the office writes no lock files and shows no welcome
+/// dialogs. Settings of the user's own that are in the folder from an earlier run stay. Raises kNotAvailable
+/// when the folder cannot be written.
 void makeOfficeProfile(const std::string& folder, OfficeMode mode);
 
 }  // namespace mergeloom::libreoffice

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "doubles/ChangedVariable.h"
+#include "doubles/TemporaryFolder.h"
 #include "droppers/StructureTest.h"
 #include "libreoffice/OfficeProcesses.h"
 #include "libreoffice/host/TestWindow.h"
@@ -57,6 +59,8 @@ class HostTest : public StructureTest {
 
   protected:
     struct Stage {
+        TemporaryFolder configuration;
+        ChangedVariable configurationHome{"XDG_CONFIG_HOME", configuration.path()};
         VirtualScreen screen;
         TestWindow window;
         MemoryFileStore files;
