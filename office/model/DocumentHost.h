@@ -100,8 +100,14 @@ class DocumentHost {
     virtual void beginEditing() = 0;
     virtual void endEditing() = 0;
 
-    /// Puts the caret or the cell cursor at the point as a click would. Returns false, and moves nothing,
-    /// when no text and no cell is there.
+    /// Shows where a drop at the point would go while a drag hovers there: by a line in a text, whose
+    /// selection stays, and by the cell cursor in a workbook. Scrolls the document when the point is near one
+    /// of its edges, and shows the sheet over whose tab the point is; called again and again while the drag
+    /// rests.
+    virtual void showDropPlace(HostPoint point) = 0;
+    virtual void hideDropPlace() = 0;
+    /// Puts the caret or the cell cursor at the point as a click would. Keeps the selection when the point is
+    /// in selected text. Returns false, and moves nothing, when no text and no cell is there.
     virtual bool placeCaret(HostPoint point) = 0;
     virtual void resize(int width, int height) = 0;
     /// Gives the keyboard to the document.

@@ -82,6 +82,8 @@ class FakeDocumentHost final : public DocumentHost {
     void endInput() override { call("endInput"); }
     void beginEditing() override { call("beginEditing"); }
     void endEditing() override { call("endEditing"); }
+    void showDropPlace(HostPoint) override { call("showDropPlace"); }
+    void hideDropPlace() override { call("hideDropPlace"); }
     bool placeCaret(HostPoint point) override {
         call("placeCaret " + std::to_string(point.x) + "," + std::to_string(point.y));
         return hasTextAtPoint;

@@ -79,6 +79,11 @@ def click(place, button=1):
     xdotool("click", button)
 
 
+def double_click(place):
+    xdotool("mousemove", *place)
+    xdotool("click", "--repeat", 2, "--delay", 50, 1)
+
+
 def point_at(place):
     xdotool("mousemove", *place)
 
@@ -135,7 +140,16 @@ def screenshot(path):
 def pixels(left, top, width, height):
     """The pixels of a part of the screen."""
     part = f"{width}x{height}+{left}+{top}"
-    return subprocess.run(["import", "-window", "root", "-crop", part, "rgb:-"], check=True, capture_output=True).stdout
+    command = ["import", "-window", "root", "-crop", part, "-depth", "8", "rgb:-"]
+    return subprocess.run(command, check=True, capture_output=True).stdout
+
+
+def places_of(box, color):
+    """The places on the screen, inside a box of left, top, width and height, that have a color."""
+    left, top, width, height = box
+    taken = pixels(*box)
+    return [(left + index % width, top + index // width)
+            for index in range(width * height) if taken[3 * index:3 * index + 3] == bytes(color)]
 
 
 def children(element):

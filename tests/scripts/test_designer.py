@@ -18,9 +18,14 @@ import read_docx
 import read_xlsx
 from designer_test import DESIGNER, PROGRAM, ROOT, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
-    BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, active_window, click, document_has_keyboard, drag,
-    dragging, find, has_focus, key, middle, point_at, resize_active_window, size_of, type_text, wait_for,
+    BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, active_window, click, document_has_keyboard,
+    double_click, drag, dragging, find, has_focus, key, middle, places_of, point_at, resize_active_window, size_of,
+    type_text, wait_for,
 )
+
+# Of the line that shows where a node would land.
+LINE_COLOR = (0x2f, 0x7d, 0xe1)
+WHITE = (255, 255, 255)
 
 
 class InWord(DesignerTest):
@@ -115,6 +120,49 @@ class InWord(DesignerTest):
         wait_for("the next step", lambda: designer.status() == "Drag a field into the document, or press Insert.")
         self.drop("Customer")
         self.assertEqual(designer.status(), "“Customer” was inserted in the text, from Form \"Orders\".")
+
+    def write_letter(self, lines, size=24):
+        """A letter whose words are under each point of its upper half."""
+        path = self.folder / "letter.docx"
+        letter = docx.Document()
+        for _ in range(lines):
+            run = letter.add_paragraph().add_run("WWWWWW " * 4)
+            run.font.size = docx.shared.Pt(size)
+        letter.save(path)
+        return path
+
+    def test_selected_text_becomes_the_places_text(self):
+        designer = self.start("-usedocument", self.write_letter(20))
+        left, top = designer.document()
+
+        def is_selected():
+            double_click((left, top))
+            time.sleep(1)  # a click that follows at once would select the sentence
+            return not places_of((left - 10, top - 8, 20, 16), WHITE)
+        wait_for("the selected word", is_selected)
+        drag(designer.node("Customer"), (left, top))
+        self.wait_for_insertion("Customer")
+        self.picture("selected")
+        places, _ = read_docx.read_bookmarks(self.save_as("selected.docx"))
+        self.assertEqual([(place["name"], place["text"]) for place in places], [("CustomerID", "WWWWWW")])
+
+    def test_a_line_shows_where_a_node_would_land(self):
+        designer = self.start("-usedocument", self.write_letter(60))
+        left, top = designer.document()
+
+        def line_near(place):
+            found = places_of((place[0] - 40, place[1] - 40, 80, 80), LINE_COLOR)
+            return len({y for _, y in found}) > 15 and found
+        with dragging(designer.node("Customer"), (left, top)):
+            first = wait_for("the line", lambda: line_near((left, top)))
+            self.picture("landing")
+            point_at((left + 120, top + 80))
+            second = wait_for("the line elsewhere", lambda: line_near((left + 120, top + 80)))
+            self.assertFalse(set(first) & set(second))
+            key("Escape")
+            box = (left - 40, top - 40, 240, 240)
+            wait_for("the line's end", lambda: not places_of(box, LINE_COLOR))
+        self.assertEqual(self.names(self.save_as("unchanged.docx")), [])
 
     def test_special_places_and_refused_drags(self):
         designer = self.start()

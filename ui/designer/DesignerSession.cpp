@@ -266,9 +266,15 @@ void DesignerSession::setFolders(const std::string& documents, const std::string
     });
 }
 
-void DesignerSession::placeCaret(HostPoint point) {
+void DesignerSession::showDropPlace(HostPoint point) {
     if (!isFree()) return;
-    worker_.postNewest([this, point] { (void)office_.host().placeCaret(point); });
+    worker_.postNewest([this, point] { office_.host().showDropPlace(point); });
+}
+
+void DesignerSession::hideDropPlace() {
+    post([this] {
+        if (office_.isRunning()) office_.host().hideDropPlace();
+    });
 }
 
 void DesignerSession::resize(int width, int height) {

@@ -82,8 +82,9 @@ class DesignerSession final : public QObject, private LifecycleView {
     void removePlace(const QString& name);
     void setFolders(const std::string& documents, const std::string& templates);
 
-    /// Moves the caret. This and the members below do not wait.
-    void placeCaret(HostPoint point);
+    /// Shows where a drag would be dropped. This and the members below do not wait.
+    void showDropPlace(HostPoint point);
+    void hideDropPlace();
     void resize(int width, int height);
     void focusDocument();
 

@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kMinCaretInterval = 50ms;
+constexpr auto kDragInterval = 50ms;
 constexpr auto kMinSizeInterval = 50ms;
 
 /// Returns whether a drag comes from the tree: those of this program have the source's widget.
@@ -42,8 +42,7 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
     resizeTimer_.setSingleShot(true);
     resizeTimer_.setInterval(kMinSizeInterval);
     connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::emitSize);
-    dragTimer_.setSingleShot(true);
-    dragTimer_.setInterval(kMinCaretInterval);
+    dragTimer_.setInterval(kDragInterval);
     connect(&dragTimer_, &QTimer::timeout, this, &HostPane::emitDragPoint);
 }
 
@@ -95,23 +94,29 @@ void HostPane::dragMoveEvent(QDragMoveEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     dragPoint_ = pixelsAt(event->position());
-    if (!dragTimer_.isActive()) emitDragPoint();
-}
-
-void HostPane::emitDragPoint() {
-    if (!dragPoint_) return;
-    Q_EMIT draggedOver(*std::exchange(dragPoint_, std::nullopt));
+    if (dragTimer_.isActive()) return;
+    emitDragPoint();
     dragTimer_.start();
 }
 
+void HostPane::emitDragPoint() {
+    if (dragPoint_) Q_EMIT draggedOver(*dragPoint_);
+}
+
 void HostPane::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    endDrag();
+}
+
+void HostPane::endDrag() {
+    dragTimer_.stop();
     dragPoint_.reset();
+    Q_EMIT dragLeft();
 }
 
 /// The drop itself waits for the end of the drag, whose own event loop still runs here.
 void HostPane::dropEvent(QDropEvent* event) {
     if (!isFromTree(*event)) return;
-    dragPoint_.reset();
+    endDrag();
     dropPoint_ = pixelsAt(event->position());
     setFocus(Qt::OtherFocusReason);
     event->setDropAction(Qt::CopyAction);

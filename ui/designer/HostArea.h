@@ -29,8 +29,10 @@ class HostPane final : public QWidget {
   Q_SIGNALS:
     /// Emitted with the size in pixels of the screen; of many changes in a short time only for the last.
     void resized(int width, int height);
-    /// Emitted while a drag is over the point, at most 20 times a second.
+    /// Emitted again and again while a drag is over the point, also while it rests.
     void draggedOver(mergeloom::HostPoint point);
+    /// Emitted when the drag ended, or left the pane.
+    void dragLeft();
     /// Emitted when the pane got the focus, which belongs to the document.
     void focused();
 
@@ -44,6 +46,7 @@ class HostPane final : public QWidget {
 
   private:
     [[nodiscard]] HostPoint pixelsAt(QPointF position) const;
+    void endDrag();
     void emitDragPoint();
     void emitSize();
 

@@ -233,7 +233,8 @@ void frmMain::connectStructure() {
 void frmMain::connectOffice() {
     HostPane& pane = area_->pane();
     connect(&pane, &HostPane::resized, &session_, &DesignerSession::resize);
-    connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::placeCaret);
+    connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::showDropPlace);
+    connect(&pane, &HostPane::dragLeft, &session_, &DesignerSession::hideDropPlace);
     connect(&pane, &HostPane::draggedOver, this, &frmMain::showNextStep);
     connect(&pane, &HostPane::focused, &session_, &DesignerSession::focusDocument);
     OfficePanel& panel = area_->panel();

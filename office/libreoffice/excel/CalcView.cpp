@@ -4,7 +4,11 @@
 #include "office/libreoffice/session/UnoText.h"
 
 #include <charconv>
+#include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/frame/DispatchHelper.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
 
 namespace mergeloom::libreoffice {
 
@@ -33,6 +37,14 @@ void deselectCells(OfficeConnection& connection, const Reference<css::frame::XCo
     const Reference<css::frame::XDispatchProvider> commands(view->getFrame(), UNO_QUERY_THROW);
     css::frame::DispatchHelper::create(connection.context())
         ->executeDispatch(commands, ".uno:Deselect", {}, 0, {});
+}
+
+void showSheet(const Reference<css::frame::XController>& view, const OUString& name) {
+    const Reference<css::sheet::XSpreadsheetDocument> document(view->getModel(), UNO_QUERY_THROW);
+    const Reference<css::container::XNameAccess> sheets(document->getSheets(), UNO_QUERY_THROW);
+    if (!sheets->hasByName(name)) return;
+    const Reference<css::sheet::XSpreadsheet> sheet(sheets->getByName(name), UNO_QUERY_THROW);
+    Reference<css::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheet);
 }
 
 CalcViewState parseViewState(std::string_view text) {

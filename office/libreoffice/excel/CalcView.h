@@ -14,6 +14,9 @@ namespace mergeloom::libreoffice {
 /// Deselects cells and ends typing in the active one, which stays active. Must run within a call.
 void deselectCells(OfficeConnection& connection, const Reference<css::frame::XController>& view);
 
+/// Makes the sheet of that name the active one; does nothing when there is none. Must run within a call.
+void showSheet(const Reference<css::frame::XController>& view, const rtl::OUString& name);
+
 /// The state of a document's view when it is opened.
 struct CalcViewState {
     std::size_t activeSheet = 0;

@@ -1,8 +1,6 @@
 #include "office/libreoffice/host/CaretPlacer.h"
 
 #include <com/sun/star/accessibility/AccessibleRole.hpp>
-#include <com/sun/star/accessibility/XAccessible.hpp>
-#include <com/sun/star/accessibility/XAccessibleText.hpp>
 #include <utility>
 
 namespace mergeloom::libreoffice {
@@ -11,110 +9,88 @@ namespace {
 
 namespace a11y = css::accessibility;
 
-using Context = Reference<a11y::XAccessibleContext>;
+using css::awt::Point;
 
-Context contextOf(const Reference<css::uno::XInterface>& object) {
-    const Reference<a11y::XAccessible> accessible(object, UNO_QUERY);
-    return accessible.is() ? accessible->getAccessibleContext() : Context();
-}
-
-bool isDocument(sal_Int16 role) {
-    return role == a11y::AccessibleRole::DOCUMENT_TEXT || role == a11y::AccessibleRole::DOCUMENT_SPREADSHEET;
-}
-
-bool isParagraph(sal_Int16 role) {
-    return role == a11y::AccessibleRole::PARAGRAPH || role == a11y::AccessibleRole::HEADING;
-}
-
-/// Returns whether objects of the role hold paragraphs, with blank space between them.
-bool holdsText(sal_Int16 role) {
-    switch (role) {
-        case a11y::AccessibleRole::DOCUMENT_TEXT:
-        case a11y::AccessibleRole::PAGE:
-        case a11y::AccessibleRole::HEADER:
-        case a11y::AccessibleRole::FOOTER:
-        case a11y::AccessibleRole::FOOTNOTE:
-        case a11y::AccessibleRole::END_NOTE:
-        case a11y::AccessibleRole::TABLE:
-        case a11y::AccessibleRole::TABLE_CELL:
-        case a11y::AccessibleRole::TEXT_FRAME:
-            return true;
-        default:
-            return false;
-    }
+ParagraphReference paragraphOf(const AccessibleSpot& spot) {
+    return {spot.object, UNO_QUERY_THROW};
 }
 
 }  // namespace
 
-CaretPlacer::Spot CaretPlacer::spotOf(const Reference<css::uno::XInterface>& object, css::awt::Point around) {
-    Spot spot{contextOf(object), {}, around};
-    spot.area.set(spot.object, UNO_QUERY);
-    if (!spot.area.is()) return spot;
-    const css::awt::Rectangle bounds = spot.area->getBounds();
-    spot.point.X -= bounds.X;
-    spot.point.Y -= bounds.Y;
-    return spot;
+void CaretPlacer::forget() {
+    document_ = {};
+    documentArea_ = {};
 }
 
-/// Returns false when no further object is at the point.
-bool CaretPlacer::goInto(Spot& spot) {
-    if (!spot.area.is()) return false;
-    const Reference<a11y::XAccessible> child = spot.area->getAccessibleAtPoint(spot.point);
-    if (!child.is()) return false;
-    Spot inner = spotOf(child, spot.point);
-    if (!inner.object.is() || inner.object == spot.object) return false;
-    spot = std::move(inner);
-    return true;
-}
-
-bool CaretPlacer::isInKnownDocument(Spot& spot) const {
+bool CaretPlacer::isInKnownDocument(AccessibleSpot& spot) const {
     if (!document_.area.is()) return false;
-    const css::awt::Point window = spot.area->getLocationOnScreen();
-    const css::awt::Point document = document_.area->getLocationOnScreen();
-    const css::awt::Point point(spot.point.X + window.X - document.X, spot.point.Y + window.Y - document.Y);
+    const Point origin = document_.area->getLocationOnScreen() - spot.area->getLocationOnScreen();
+    const Point point = spot.point - origin;
     if (!document_.area->containsPoint(point)) return false;
-    spot = {document_.object, document_.area, point};
+    spot = {document_.object, document_.area, point, origin};
     return true;
 }
 
-bool CaretPlacer::goToDocument(Spot& spot) {
+bool CaretPlacer::goToDocument(AccessibleSpot& spot) {
     if (isInKnownDocument(spot)) return true;
     while (goInto(spot)) {
-        role_ = spot.object->getAccessibleRole();
-        if (!isDocument(role_)) continue;
+        if (!isDocument(spot.role())) continue;
         document_ = spot;
+        const css::awt::Size size = spot.area->getSize();
+        documentArea_ = {spot.origin.X, spot.origin.Y, size.Width, size.Height};
         return true;
     }
     return false;
 }
 
-CaretPlacement CaretPlacer::place(HostPoint point) {
-    Spot spot{contextOf(window_), {}, css::awt::Point(point.x, point.y)};
-    spot.area.set(spot.object, UNO_QUERY);
-    if (!spot.area.is() || !goToDocument(spot)) return CaretPlacement::Nowhere;
-    const bool isText = role_ == a11y::AccessibleRole::DOCUMENT_TEXT;
-    return isText ? placeInText(std::move(spot)) : placeInCells(std::move(spot));
+CaretTarget CaretPlacer::find(HostPoint point) {
+    AccessibleSpot spot = spotIn(window_, Point(point.x, point.y));
+    if (!spot.area.is()) return {};
+    if (!goToDocument(spot)) {
+        const bool isTab = spot.role() == a11y::AccessibleRole::PAGE_TAB;
+        return {isTab ? CaretPlacement::OnSheetTab : CaretPlacement::Nowhere, std::move(spot)};
+    }
+    const bool isText = spot.role() == a11y::AccessibleRole::DOCUMENT_TEXT;
+    return isText ? findInText(std::move(spot)) : findInCells(std::move(spot));
 }
 
-CaretPlacement CaretPlacer::placeInText(Spot spot) {
-    sal_Int16 role = a11y::AccessibleRole::DOCUMENT_TEXT;
-    while (holdsText(role) && goInto(spot))
-        role = spot.object->getAccessibleRole();
-    if (holdsText(role)) return CaretPlacement::Blank;
-    if (!isParagraph(role)) return CaretPlacement::Nowhere;
-    const Reference<a11y::XAccessibleText> text(spot.object, UNO_QUERY_THROW);
-    const sal_Int32 index = text->getIndexAtPoint(spot.point);
-    if (index < 0) return CaretPlacement::Blank;
-    return text->setCaretPosition(index) ? CaretPlacement::InText : CaretPlacement::Blank;
+CaretTarget CaretPlacer::findInText(AccessibleSpot spot) {
+    while (holdsText(spot.role()) && goInto(spot)) {
+    }
+    const sal_Int16 role = spot.role();
+    if (holdsText(role)) return {CaretPlacement::Blank, std::move(spot)};
+    if (!isParagraph(role)) return {};
+    const ParagraphReference paragraph = paragraphOf(spot);
+    const sal_Int32 index = paragraph->getIndexAtPoint(spot.point);
+    if (index < 0) return {CaretPlacement::Blank, std::move(spot)};
+    const bool isChosen = isSelected(paragraph, index);
+    return {isChosen ? CaretPlacement::InSelection : CaretPlacement::InText, std::move(spot), index};
 }
 
-CaretPlacement CaretPlacer::placeInCells(Spot spot) {
-    sal_Int16 role = a11y::AccessibleRole::DOCUMENT_SPREADSHEET;
-    while (role != a11y::AccessibleRole::TABLE_CELL && goInto(spot))
-        role = spot.object->getAccessibleRole();
-    if (role != a11y::AccessibleRole::TABLE_CELL) return CaretPlacement::Nowhere;
-    spot.area->grabFocus();
-    return CaretPlacement::InCells;
+CaretTarget CaretPlacer::findInCells(AccessibleSpot spot) {
+    while (spot.role() != a11y::AccessibleRole::TABLE_CELL && goInto(spot)) {
+    }
+    if (spot.role() != a11y::AccessibleRole::TABLE_CELL) return {};
+    return {CaretPlacement::InCells, std::move(spot)};
+}
+
+bool CaretPlacer::place(const CaretTarget& target) {
+    if (target.placement == CaretPlacement::InCells) target.spot.area->grabFocus();
+    if (target.placement != CaretPlacement::InText) return true;
+    return paragraphOf(target.spot)->setCaretPosition(target.character);
+}
+
+css::awt::Rectangle CaretPlacer::caretAt(const CaretTarget& target) {
+    const bool isBlank = target.placement == CaretPlacement::Blank;
+    if (target.placement != CaretPlacement::InText && !isBlank) return {};
+    AccessibleSpot spot = target.spot;
+    if (isBlank && !goToNearestParagraph(spot)) return {};
+    const ParagraphReference paragraph = paragraphOf(spot);
+    css::awt::Rectangle caret =
+        isBlank ? caretNear(paragraph, spot.point) : caretBefore(paragraph, target.character);
+    caret.X += spot.origin.X;
+    caret.Y += spot.origin.Y;
+    return caret;
 }
 
 }  // namespace mergeloom::libreoffice

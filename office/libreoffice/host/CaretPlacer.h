@@ -1,51 +1,60 @@
 #pragma once
 
-#include "office/libreoffice/session/Uno.h"
+#include "office/libreoffice/host/AccessibleSpot.h"
+#include "office/libreoffice/host/ParagraphPlace.h"
 #include "office/model/DocumentHost.h"
 
-#include <com/sun/star/accessibility/XAccessibleComponent.hpp>
-#include <com/sun/star/accessibility/XAccessibleContext.hpp>
+#include <com/sun/star/awt/Rectangle.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
 
 namespace mergeloom::libreoffice {
 
-/// The result of placing a caret at a point.
+/// The kinds of places at a point.
 enum class CaretPlacement {
     InText,
+    InSelection,  ///< in text that is selected
     InCells,
+    OnSheetTab,
     Blank,  ///< the point is in a blank part of a page; a click finds what is next to it
     Nowhere
 };
 
-/// Puts the caret or the cell cursor at a point of a window, by the objects that the office offers to
-/// assistive technology. A click would do more: open what is under it, or begin a selection. All members are
-/// to be called within a call of the connection.
+/// The place at a point of the window.
+struct CaretTarget {
+    CaretPlacement placement = CaretPlacement::Nowhere;
+    AccessibleSpot spot;      ///< in the object that the point is in; in a blank part, in what holds it
+    sal_Int32 character = 0;  ///< the one at the point, in a text
+};
+
+/// Finds the place for a caret or the cell cursor at a point of a window, and puts it there, by the objects
+/// that the office offers to assistive technology. A click would do more: open what is under it, or begin a
+/// selection. All members are to be called within a call of the connection.
 class CaretPlacer {
   public:
     explicit CaretPlacer(const Reference<css::awt::XWindow>& window) : window_(window) {}
 
-    CaretPlacement place(HostPoint point);
+    CaretTarget find(HostPoint point);
+    /// Puts the caret or the cell cursor there. Does nothing for other targets. Returns false when the office
+    /// does not do it.
+    static bool place(const CaretTarget& target);
+    /// Returns the caret that a click at the target would make, in the window's coordinates; an empty
+    /// rectangle when there is no text.
+    static css::awt::Rectangle caretAt(const CaretTarget& target);
+
+    /// Returns the area of the window in which the document was found last; empty before.
+    [[nodiscard]] const css::awt::Rectangle& documentArea() const { return documentArea_; }
     /// Forgets the document's position in the window, which may change.
-    void forget() { document_ = {}; }
+    void forget();
 
   private:
-    /// An object, and the point in its own coordinates.
-    struct Spot {
-        Reference<css::accessibility::XAccessibleContext> object;
-        Reference<css::accessibility::XAccessibleComponent> area;
-        css::awt::Point point;
-    };
-
-    [[nodiscard]] static Spot spotOf(const Reference<css::uno::XInterface>& object, css::awt::Point around);
-    [[nodiscard]] static bool goInto(Spot& spot);
-    [[nodiscard]] bool goToDocument(Spot& spot);
-    [[nodiscard]] bool isInKnownDocument(Spot& spot) const;
-    [[nodiscard]] static CaretPlacement placeInText(Spot spot);
-    [[nodiscard]] static CaretPlacement placeInCells(Spot spot);
+    [[nodiscard]] bool goToDocument(AccessibleSpot& spot);
+    [[nodiscard]] bool isInKnownDocument(AccessibleSpot& spot) const;
+    [[nodiscard]] static CaretTarget findInText(AccessibleSpot spot);
+    [[nodiscard]] static CaretTarget findInCells(AccessibleSpot spot);
 
     Reference<css::awt::XWindow> window_;
-    Spot document_;  ///< the one found last; its point is not used
-    sal_Int16 role_ = 0;
+    AccessibleSpot document_;  ///< the one found last; its point is not used
+    css::awt::Rectangle documentArea_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -198,7 +198,7 @@ void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
 }
 
 PollingThread LibreOfficeHost::interruptedIdleTasks() {
-    const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+    const xcb_window_t inner = innerWindow();
     return {kPauseOfInterruption, [this, inner] {
                 windows_.sendMouseLeft(inner);
                 return true;
@@ -267,23 +267,52 @@ void LibreOfficeHost::endEditing() {
     setEnabled(edited, true);
 }
 
+xcb_window_t LibreOfficeHost::innerWindow() const {
+    return windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+}
+
+/// Does not move the caret, which would lose the selection.
+void LibreOfficeHost::showDropPlace(HostPoint point) {
+    const PollingThread interruption = interruptedIdleTasks();
+    call([&] {
+        HostFrame* const frame = front();
+        if (frame == nullptr) return;
+        waitForLayout(*frame);
+        CaretTarget target = frame->caret().find(point);
+        if (preview_.scroll(innerWindow(), point, frame->caret().documentArea())) {
+            handleEvents();
+            target = frame->caret().find(point);
+        }
+        preview_.show(innerWindow(), target);
+        enterCells(*frame, target);
+        if (preview_.restsOnTab(target))
+            showSheet(frame->uno()->getController(), target.spot.object->getAccessibleName());
+    });
+}
+
+void LibreOfficeHost::enterCells(const HostFrame& frame, const CaretTarget& target) {
+    if (target.placement != CaretPlacement::InCells || !CaretPlacer::place(target)) return;
+    deselectCells(session_->connection(), frame.uno()->getController());
+}
+
 bool LibreOfficeHost::placeCaret(HostPoint point) {
+    preview_.hide();
     const PollingThread interruption = interruptedIdleTasks();
     const CaretPlacement placement = call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return CaretPlacement::Nowhere;
         waitForLayout(*frame);
-        const CaretPlacement found = frame->caret().place(point);
-        if (found == CaretPlacement::InCells)
-            deselectCells(session_->connection(), frame->uno()->getController());
-        return found;
+        const CaretTarget target = frame->caret().find(point);
+        enterCells(*frame, target);
+        const bool isPlaced = target.placement != CaretPlacement::InText || CaretPlacer::place(target);
+        return isPlaced ? target.placement : CaretPlacement::Blank;
     });
     if (placement == CaretPlacement::Blank) click(point);
-    return placement != CaretPlacement::Nowhere;
+    return placement != CaretPlacement::Nowhere && placement != CaretPlacement::OnSheetTab;
 }
 
 void LibreOfficeHost::click(HostPoint point) {
-    windows_.click(windows_.innerWindow(static_cast<xcb_window_t>(window_.id)), point);
+    windows_.click(innerWindow(), point);
     call([this] { handleEvents(); });
 }
 
@@ -327,7 +356,7 @@ void LibreOfficeHost::resize(int width, int height) {
 
 /// Waits for the window's focus first: an office that takes the focus earlier gives it away again.
 void LibreOfficeHost::focus() {
-    const xcb_window_t inner = windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+    const xcb_window_t inner = innerWindow();
     if (inner == XCB_WINDOW_NONE) return;
     windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     call([this] {

@@ -2,6 +2,7 @@
 
 #include "base/FileStore.h"
 #include "office/libreoffice/host/ChangeWatch.h"
+#include "office/libreoffice/host/DropPreview.h"
 #include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
@@ -40,6 +41,8 @@ class LibreOfficeHost final : public DocumentHost {
     void removePlace(const std::string& name) override;
     void beginEditing() override;
     void endEditing() override;
+    void showDropPlace(HostPoint point) override;
+    void hideDropPlace() override { preview_.hide(); }
     bool placeCaret(HostPoint point) override;
     void resize(int width, int height) override;
     void focus() override;
@@ -67,6 +70,9 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] std::vector<HostedDocument> documents();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
+    [[nodiscard]] xcb_window_t innerWindow() const;
+    /// Puts the cell cursor there; does nothing for a target in a text.
+    void enterCells(const HostFrame& frame, const CaretTarget& target);
     void click(HostPoint point);
     /// Interrupts the office's idle tasks as long as the result lives. The layout of the later pages of a
     /// long document is one of them, for which calls would wait for seconds; it pauses for input.
@@ -82,6 +88,7 @@ class LibreOfficeHost final : public DocumentHost {
     DocumentKind kind_;
     HostListener& listener_;
     WindowSystem windows_;
+    DropPreview preview_{windows_};
     std::shared_ptr<LibreOfficeSession> session_;
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;

@@ -34,6 +34,17 @@ bool isVisible(xcb_connection_t* connection, xcb_window_t window) {
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+xcb_button_press_event_t buttonAt(xcb_window_t window, HostPoint point, std::uint8_t button) {
+    xcb_button_press_event_t event{};
+    event.response_type = XCB_BUTTON_PRESS;
+    event.detail = button;
+    event.event = window;
+    event.event_x = static_cast<std::int16_t>(point.x);
+    event.event_y = static_cast<std::int16_t>(point.y);
+    event.same_screen = 1;
+    return event;
+}
+
 }  // namespace
 
 WindowSystem::WindowSystem() : connection_(xcb_connect(nullptr, nullptr), xcb_disconnect) {
@@ -116,18 +127,21 @@ void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) con
 
 void WindowSystem::click(xcb_window_t window, HostPoint point) {
     clicks_ += kBetweenClicks;
-    xcb_button_press_event_t event{};
-    event.response_type = XCB_BUTTON_PRESS;
-    event.detail = kLeftButton;
+    xcb_button_press_event_t event = buttonAt(window, point, kLeftButton);
     event.time = clicks_;
-    event.event = window;
-    event.event_x = static_cast<std::int16_t>(point.x);
-    event.event_y = static_cast<std::int16_t>(point.y);
-    event.same_screen = 1;
-    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_BUTTON_PRESS, reinterpret_cast<const char*>(&event));
+    sendPressAndRelease(event, XCB_BUTTON_MASK_1);
+}
+
+void WindowSystem::turnWheel(xcb_window_t window, HostPoint point, WheelTurn turn) const {
+    sendPressAndRelease(buttonAt(window, point, static_cast<std::uint8_t>(turn)), 0);
+}
+
+void WindowSystem::sendPressAndRelease(xcb_button_press_event_t event, std::uint16_t stateOfRelease) const {
+    xcb_send_event(get(), 0, event.event, XCB_EVENT_MASK_BUTTON_PRESS, reinterpret_cast<const char*>(&event));
     event.response_type = XCB_BUTTON_RELEASE;
-    event.state = XCB_BUTTON_MASK_1;
-    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_BUTTON_RELEASE, reinterpret_cast<const char*>(&event));
+    event.state = stateOfRelease;
+    xcb_send_event(get(), 0, event.event, XCB_EVENT_MASK_BUTTON_RELEASE,
+                   reinterpret_cast<const char*>(&event));
     waitForServer();
 }
 

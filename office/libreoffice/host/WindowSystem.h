@@ -4,11 +4,15 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace mergeloom::libreoffice {
+
+/// The buttons of the mouse that stand for the wheel's directions.
+enum class WheelTurn : std::uint8_t { Up = 4, Down = 5, Left = 6, Right = 7 };
 
 /// A connection of our own to the X server of the environment variable DISPLAY. For windows that are gone,
 /// all members do nothing.
@@ -35,12 +39,15 @@ class WindowSystem {
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
     /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);
+    /// Sends a turn of the mouse's wheel at the point by one notch, or of the wheel across it.
+    void turnWheel(xcb_window_t window, HostPoint point, WheelTurn turn) const;
     /// Sends the window's owner that the mouse has left the window: input that changes nothing.
     void sendMouseLeft(xcb_window_t window) const;
     /// Waits until the server has processed all earlier requests.
     void waitForServer() const;
 
   private:
+    void sendPressAndRelease(xcb_button_press_event_t event, std::uint16_t stateOfRelease) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace mergeloom {
@@ -38,6 +39,20 @@ class TestWindow {
             owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, inside()), nullptr));
         return size ? size->width : 0;
     }
+    /// A line over the office's window: its place and its height; none while no such window is shown.
+    struct Line {
+        int x;
+        int y;
+        int height;
+    };
+    [[nodiscard]] std::optional<Line> lineInside() const {
+        const xcb_window_t line = frontChild(inside());
+        if (line == XCB_WINDOW_NONE || !isVisible(line)) return std::nullopt;
+        const auto place =
+            owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, line), nullptr));
+        if (!place) return std::nullopt;
+        return Line{place->x, place->y, place->height};
+    }
     /// Gives the office's window another size than it was given, as a late event of the window system does.
     void resizeInside(std::uint32_t width, std::uint32_t height) const { resize(inside(), width, height); }
     /// How many keys the window itself got since the last question.
@@ -51,6 +66,9 @@ class TestWindow {
     /// Clicks at a place of the window, and types, as a user does.
     void click(int x, int y) const { play(moveTo(x, y) + " click 1"); }
     void clickInPane(int x, int y) const { click(kPaneX + x, y); }
+    void doubleClickInPane(int x, int y) const {
+        play(moveTo(kPaneX + x, y) + " click --repeat 2 --delay 50 1");
+    }
     /// Does both before this process gets to run again, as on a busy machine.
     void clickInPaneAndTypeAtOnce(int x, int y, const std::string& text) const {
         run("kill -STOP $PPID; xdotool " + moveTo(kPaneX + x, y) + " click 1 type '" + text +
