@@ -69,6 +69,8 @@ class DocumentHost {
     /// then keeps the former document.
     virtual void Open(const std::string& path, FileAccess access) = 0;
     virtual HostedDocument ActiveDocument() = 0;
+    /// Returns whether the office shows a dialog that the user has to close before anything else is done.
+    virtual bool hasOpenDialog() = 0;
     /// Takes over what the user is still typing into a cell, which is no change of the workbook before.
     virtual void endInput() = 0;
     /// Returns whether the user cannot change the document.

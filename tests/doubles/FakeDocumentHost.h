@@ -49,6 +49,7 @@ class FakeDocumentHost final : public DocumentHost {
         return document_;
     }
 
+    bool hasOpenDialog() override { return isDialogOpen; }
     bool isReadOnly() override { return isOpenReadOnly; }
     void ExportCopy(const std::string& path, int format) override {
         call("export " + path + " " + std::to_string(format));
@@ -120,6 +121,7 @@ class FakeDocumentHost final : public DocumentHost {
     bool bookmarksShown = false;
     bool dragAllowed = true;
     bool isOpenReadOnly = false;
+    bool isDialogOpen = false;
     bool ended = false;  ///< every call fails from here on
 
   private:

@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +15,7 @@ class ScriptedMessages final : public Messages {
   public:
     MessageAnswer show(const Message& message) override {
         messages.push_back(message);
+        if (whileShown) whileShown();
         if (message.buttons == MessageButtons::Ok) return MessageAnswer::Ok;
         return next_ < answers.size() ? answers[next_++] : MessageAnswer::Cancel;
     }
@@ -27,6 +29,7 @@ class ScriptedMessages final : public Messages {
     }
 
     std::vector<MessageAnswer> answers;
+    std::function<void()> whileShown;  ///< called while a message is shown
     std::vector<Message> messages;
 
   private:

@@ -272,6 +272,11 @@ class Designer:
         box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
         return box.x + box.width // 3, box.y + box.height // 3
 
+    def corner(self):
+        """A place in the hosted document at its lower right, which dialogs do not cover."""
+        box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
+        return box.x + box.width - 150, box.y + box.height - 120
+
     def help_topic(self):
         """The entry of the contents that the help window shows; none without a window."""
         for window in find(self.application, "frame", "Mergeloom Help"):

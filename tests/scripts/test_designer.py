@@ -20,7 +20,7 @@ from designer_test import DESIGNER, PROGRAM, ROOT, SAMPLE, DesignerTest, setUpMo
 from designer_window import (
     BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, active_window, click, document_has_keyboard,
     double_click, drag, dragging, find, has_focus, key, middle, places_of, point_at, resize_active_window, size_of,
-    type_text, wait_for,
+    type_text, wait_for, xdotool,
 )
 
 # Of the line that shows where a node would land.
@@ -287,6 +287,35 @@ class InWord(DesignerTest):
         key("ctrl+s")
         wait_for("the saved letter", lambda: "“letter.docx” was saved" in self.designer.status())
         self.assertCountEqual(self.names(letter), ["CustomerID", "Priority"])
+
+    def close_with_message(self, sentence):
+        box = self.designer.dialog()
+        self.assertIn(sentence, self.designer.texts_of(box))
+        self.designer.press("OK", box)
+        wait_for("the message's end", lambda: not self.designer.has_dialog())
+
+    def test_a_dialog_of_the_office_comes_first(self):
+        designer = self.start()
+        self.enter_document()
+        type_text("typed")
+        key("ctrl+F12")
+        wait_for("the office's dialog", lambda: active_window() == "Insert Table")
+        sentence = "Another Word Application has an open dialog, please close that and then retry"
+        for command in ("ctrl+n", "ctrl+s", "ctrl+q"):
+            click(designer.node("Customer"))
+            designer.wait_until_active()
+            key(command)
+            designer.dialog()
+            self.picture("office-dialog")
+            self.close_with_message(sentence)
+        drag(designer.node("Customer"), designer.corner())
+        self.close_with_message(sentence)
+        xdotool("search", "--name", "^Insert Table$", "windowactivate", "--sync")
+        key("Escape")
+        wait_for("the dialog's end", lambda: active_window() != "Insert Table")
+        designer.wait_until_active()
+        self.drop("Priority")
+        self.assertEqual(self.names(self.save_as("closed.docx")), ["Priority"])
 
     def test_two_windows_do_not_write_one_file(self):
         letter, lock = self.folder / "letter.docx", self.folder / ".~lock.letter.docx#"

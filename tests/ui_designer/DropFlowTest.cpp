@@ -122,6 +122,17 @@ TEST_F(Dropping, NothingIsDropped) {
     EXPECT_EQ(placeCount(), 0);
 }
 
+TEST_F(Dropping, AnOpenDialogOfTheOfficeComesFirst) {
+    host().calls.clear();
+    host().isDialogOpen = true;
+    EXPECT_FALSE(flow.drop({}));
+    EXPECT_FALSE(flow.insertAtCaret());
+    EXPECT_EQ(messages.messages.size(), 2U);
+    convertHostedFields(host(), disk, errors, messages);
+    EXPECT_EQ(messages.messages.size(), 3U);
+    EXPECT_THAT(host().calls, IsEmpty());
+}
+
 TEST_F(Dropping, InExcelTheTreeMayKeepTheKeyboard) {
     showWorkbook();
     tree.lostFocus = false;

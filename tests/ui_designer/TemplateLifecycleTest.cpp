@@ -476,6 +476,39 @@ TEST_F(TemplateEnd, AnOfficeThatEndedKeepsNoWindowOpen) {
     EXPECT_THAT(messages.messages, IsEmpty());
 }
 
+TEST_F(TemplateEnd, AnOpenDialogOfTheOfficeComesFirst) {
+    const auto sentence = [](const std::string& program) {
+        return "Another " + program + " Application has an open dialog, please close that and then retry\n";
+    };
+    lifecycle->Start();
+    change();
+    host().calls.clear();
+    host().isDialogOpen = true;
+    for (const HostCommand command : {HostCommand::New, HostCommand::Open, HostCommand::Save,
+                                      HostCommand::SaveAs, HostCommand::PrintPreview}) {
+        lifecycle->Execute(command);
+        EXPECT_EQ(messages.takeTexts(), sentence("Word"));
+    }
+    EXPECT_FALSE(lifecycle->Unload());
+    EXPECT_EQ(messages.takeTexts(), sentence("Word"));
+    EXPECT_THAT(host().calls, IsEmpty());
+
+    useExcel();
+    lifecycle->Start();
+    EXPECT_FALSE(lifecycle->Unload());
+    EXPECT_EQ(messages.takeTexts(), sentence("Excel"));
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
+TEST_F(TemplateEnd, ADialogThatOpensDuringTheQuestionComesFirst) {
+    lifecycle->Start();
+    change();
+    messages.answers = {MessageAnswer::No};
+    messages.whileShown = [this] { host().isDialogOpen = true; };
+    lifecycle->Execute(HostCommand::New);
+    EXPECT_EQ(callCount("CreateNew Word.Template.8"), 1);
+}
+
 TEST_F(TemplateEnd, CommandsThatAreDisabled) {
     lifecycle->Start();
     lifecycle->Execute(HostCommand::PrintPreview);

@@ -97,6 +97,7 @@ bool DropFlow::dropSelected(const HostPoint* point) {
     bool dropped = false;
     trap(ports_.errors, kMainForm, kProcedure, [&] {
         ports_.jobs.run([&] {
+            if (refusesUnderDialog(ports_.access.host(), ports_.messages)) return;
             if (point == nullptr || ports_.access.host().placeCaret(*point)) {
                 dropped = dropInto(*node, *structure);
             } else {

@@ -1,10 +1,22 @@
 #include "ui/designer/HostedOffice.h"
 
+#include <string>
+#include <variant>
+
 namespace mergeloom {
 
 DocumentHost& HostedOffice::host() {
     if (host_) return *host_;
     throw AutomationError(kNotAvailable, "The office is not running. Start it again.");
+}
+
+bool refusesUnderDialog(DocumentHost& host, Messages& messages) {
+    if (!host.hasOpenDialog()) return false;
+    const bool isWorkbook = std::holds_alternative<excel::WorkbookPtr>(host.ActiveDocument());
+    (void)messages.show({"Another " + std::string(isWorkbook ? "Excel" : "Word") +
+                             " Application has an open dialog, please close that and then retry",
+                         MessageIcon::Exclamation, MessageButtons::Ok});
+    return true;
 }
 
 bool refusesChanges(DocumentHost& host, Messages& messages) {

@@ -63,6 +63,9 @@ class HostEvents final : public QObject, public HostListener {
     void ended();
 };
 
+/// Returns whether the office waits for the user's answer in a dialog of its own, and tells the user so.
+bool refusesUnderDialog(DocumentHost& host, Messages& messages);
+
 /// Returns whether the document was opened for reading only, and tells the user so.
 bool refusesChanges(DocumentHost& host, Messages& messages);
 

@@ -282,8 +282,17 @@ bool TemplateLifecycle::mayCloseDocument() {
     const Message question{"Do you want to save changes to " + nameOf(*document), MessageIcon::Question,
                            MessageButtons::YesNoCancel};
     const MessageAnswer answer = ports_.messages.show(question);
-    if (answer == MessageAnswer::Yes) return SaveTemplate(SaveTarget::Same);
-    return answer == MessageAnswer::No;
+    // The user may have opened a dialog of the office's before the answer.
+    if (answer == MessageAnswer::Yes) return !waitsForDialog() && SaveTemplate(SaveTarget::Same);
+    return answer == MessageAnswer::No && !waitsForDialog();
+}
+
+bool TemplateLifecycle::waitsForDialog() {
+    bool waits = false;
+    trapped("Execute", [&] {
+        waits = documentOrNone() != nullptr && refusesUnderDialog(ports_.access.host(), ports_.messages);
+    });
+    return waits;
 }
 
 /// A document that was restored bears the name of the copy that was kept.
@@ -302,6 +311,7 @@ model::OfficeDocument* TemplateLifecycle::documentOrNone() {
 }
 
 void TemplateLifecycle::Execute(HostCommand command) {
+    if (waitsForDialog()) return;
     switch (command) {
         case HostCommand::New:
             if (mayStartAnother()) (void)CloseTemplate();
@@ -340,7 +350,7 @@ bool TemplateLifecycle::mayStartAnother() {
 
 bool TemplateLifecycle::Unload() {
     bool mayClose = true;
-    trapped("Form_Unload", [&] { mayClose = mayCloseDocument(); });
+    trapped("Form_Unload", [&] { mayClose = !waitsForDialog() && mayCloseDocument(); });
     if (!mayClose) return false;
     trapped("Form_Unload", [&] { keeping_.forget(); });
     Terminate();

@@ -97,6 +97,8 @@ class TemplateLifecycle {
     void Terminate();
 
   private:
+    /// Returns whether the office has an open dialog; tells the user so.
+    bool waitsForDialog();
     bool createNew();
     bool open(const std::string& file);
     bool show(const std::string& path, FileAccess access);

@@ -42,7 +42,7 @@ constexpr int kZoomPercent = 100;
 }  // namespace
 
 void convertHostedFields(DocumentHost& host, FileStore& files, ErrorHandler& errors, Messages& messages) {
-    if (refusesChanges(host, messages)) return;
+    if (refusesUnderDialog(host, messages) || refusesChanges(host, messages)) return;
     ConversionResult result;
     {
         const HostEditing editing(host);

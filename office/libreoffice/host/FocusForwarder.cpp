@@ -26,7 +26,7 @@ constexpr std::uint16_t kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MO
 }  // namespace
 
 FocusForwarder::FocusForwarder(xcb_window_t host, HostListener& listener)
-    : host_(host), top_(windows_.topWindow(host)), listener_(listener) {
+    : host_(host), top_(windows_.topWindow(host)), dialogs_(windows_, host_, top_), listener_(listener) {
     if (::pipe2(wakeUp_, O_CLOEXEC) != 0)
         throw AutomationError(kNotAvailable, "LibreOffice could not be started: no channel is left.");
     grabClicks(host_);
@@ -85,6 +85,7 @@ void FocusForwarder::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t kKind = 0x7f;
     const int kind = event.response_type & kKind;
     if (kind == XCB_BUTTON_PRESS) follow(reinterpret_cast<const xcb_button_press_event_t&>(event));
+    dialogs_.handle(event);
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
 }
 

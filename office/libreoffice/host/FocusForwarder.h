@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/libreoffice/host/DialogOwner.h"
 #include "office/libreoffice/host/WindowSystem.h"
 #include "office/model/DocumentHost.h"
 
@@ -34,6 +35,7 @@ class FocusForwarder {
     WindowSystem windows_;
     const xcb_window_t host_;
     const xcb_window_t top_;
+    const DialogOwner dialogs_;
     HostListener& listener_;
     std::map<xcb_keycode_t, xcb_keysym_t> keys_;  ///< the grabbed ones
     std::atomic<bool> isEnabled_ = true;

@@ -3,6 +3,7 @@
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
+#include <atomic>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XSystemChildFactory.hpp>
@@ -11,8 +12,10 @@
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/SystemDependent.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/util/URLTransformer.hpp>
 #include <com/sun/star/view/DocumentZoomType.hpp>
 #include <com/sun/star/view/XViewSettingsSupplier.hpp>
+#include <cppuhelper/implbase1.hxx>
 #include <utility>
 
 namespace mergeloom::libreoffice {
@@ -43,6 +46,27 @@ void turnOtherMarks(const Properties& settings, bool on) {
         turn(settings, mark, on);
 }
 
+/// Notes whether a command may be given.
+class StatusListener final : public cppu::WeakImplHelper1<css::frame::XStatusListener> {
+  public:
+    [[nodiscard]] bool isEnabled() const { return isEnabled_; }
+
+    void SAL_CALL statusChanged(const css::frame::FeatureStateEvent& state) override {
+        isEnabled_ = state.IsEnabled;
+    }
+    void SAL_CALL disposing(const css::lang::EventObject&) override {}
+
+  private:
+    std::atomic<bool> isEnabled_ = true;
+};
+
+css::util::URL commandOf(const Reference<css::uno::XComponentContext>& office, const char* name) {
+    css::util::URL command;
+    command.Complete = OUString::createFromAscii(name);
+    css::util::URLTransformer::create(office)->parseStrict(command);
+    return command;
+}
+
 bool hasBookmarks(const Properties& settings) {
     return settings.is() &&
            settings->getPropertySetInfo()->hasPropertyByName(OUString::createFromAscii(kBookmarks));
@@ -52,7 +76,9 @@ bool hasBookmarks(const Properties& settings) {
 
 HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
                      CommandSink commands)
-    : embedWindow_(windows, window), interceptor_(new CommandInterceptor(std::move(commands))) {
+    : embedWindow_(windows, window),
+      quit_(commandOf(connection.context(), ".uno:Quit")),
+      interceptor_(new CommandInterceptor(std::move(commands))) {
     const Reference<css::awt::XSystemChildFactory> factory(css::awt::Toolkit::create(connection.context()),
                                                            UNO_QUERY_THROW);
     const css::uno::Any parent(static_cast<sal_Int64>(embedWindow_.id()));
@@ -80,6 +106,18 @@ DocumentReference HostFrame::document() const try {
 DocumentKind HostFrame::kind() const {
     const Reference<css::sheet::XSpreadsheetView> cells(frame_->getController(), UNO_QUERY);
     return cells.is() ? DocumentKind::Excel : DocumentKind::Word;
+}
+
+/// The office may not be ended while a modal dialog is open, but while a modeless one is. A new listener is
+/// told the current status at once.
+bool HostFrame::hasOpenDialog() const {
+    const Reference<css::frame::XDispatch> quitting =
+        interceptor_->getSlaveDispatchProvider()->queryDispatch(quit_, {}, 0);
+    if (!quitting.is()) return false;
+    const rtl::Reference<StatusListener> status(new StatusListener);
+    quitting->addStatusListener(status.get(), quit_);
+    quitting->removeStatusListener(status.get(), quit_);
+    return !status->isEnabled();
 }
 
 void HostFrame::beginLayout() {

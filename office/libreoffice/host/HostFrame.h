@@ -11,6 +11,7 @@
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/frame/XLayoutManager.hpp>
+#include <com/sun/star/util/URL.hpp>
 #include <optional>
 #include <rtl/ref.hxx>
 #include <string>
@@ -28,6 +29,8 @@ class HostFrame {
     /// Returns the document; none when it is closed, which closes the frame, too.
     [[nodiscard]] DocumentReference document() const;
     [[nodiscard]] DocumentKind kind() const;
+    /// Returns whether a dialog is open that keeps the user from the document.
+    [[nodiscard]] bool hasOpenDialog() const;
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
     void resize(int width, int height);
@@ -59,6 +62,7 @@ class HostFrame {
     int roundsWithoutRoom_ = 0;
     Reference<css::awt::XWindow> container_;
     Reference<css::frame::XFrame> frame_;
+    css::util::URL quit_;
     rtl::Reference<CommandInterceptor> interceptor_;
     std::optional<CaretPlacer> caret_;
 };

@@ -162,6 +162,13 @@ HostedDocument LibreOfficeHost::ActiveDocument() {
     return found == all.end() ? HostedDocument() : *found;
 }
 
+bool LibreOfficeHost::hasOpenDialog() {
+    return call([this] {
+        const HostFrame* const frame = front();
+        return frame != nullptr && frame->hasOpenDialog();
+    });
+}
+
 bool LibreOfficeHost::isReadOnly() {
     return call([this] {
         const Reference<css::frame::XStorable> document(frontDocument(), UNO_QUERY);
@@ -276,7 +283,7 @@ void LibreOfficeHost::showDropPlace(HostPoint point) {
     const PollingThread interruption = interruptedIdleTasks();
     call([&] {
         HostFrame* const frame = front();
-        if (frame == nullptr) return;
+        if (frame == nullptr || frame->hasOpenDialog()) return;
         waitForLayout(*frame);
         CaretTarget target = frame->caret().find(point);
         if (preview_.scroll(innerWindow(), point, frame->caret().documentArea())) {

@@ -30,6 +30,7 @@ class LibreOfficeHost final : public DocumentHost {
     void CreateNew(const std::string& programIdentifier) override;
     void Open(const std::string& path, FileAccess access) override;
     HostedDocument ActiveDocument() override;
+    bool hasOpenDialog() override;
     bool isReadOnly() override;
     void ExportCopy(const std::string& path, int format) override;
     bool hasChangesToKeep() override;

@@ -31,6 +31,8 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t screenOf(xcb_window_t window) const;
     /// Returns the top-level window that contains the window.
     [[nodiscard]] xcb_window_t topWindow(xcb_window_t window) const;
+    /// Returns the window that contains the window; none for a top-level window.
+    [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
     /// Returns whether the mouse is over the window.
     [[nodiscard]] bool isMouseOver(xcb_window_t window) const;
 
@@ -49,7 +51,6 @@ class WindowSystem {
   private:
     void sendPressAndRelease(xcb_button_press_event_t event, std::uint16_t stateOfRelease) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
-    [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
     xcb_timestamp_t clicks_ = 0;  ///< the time of the last one, in a time of its own

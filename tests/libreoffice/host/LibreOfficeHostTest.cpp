@@ -256,6 +256,15 @@ TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
     EXPECT_TRUE(bodyBecomes("kept\n"));
 }
 
+TEST_F(HostedText, KnowsDialogsThatKeepTheUserFromTheDocument) {
+    EXPECT_FALSE(host().hasOpenDialog());
+    TestWindow::press("ctrl+F12");  // for a new table
+    ASSERT_TRUE(becomesTrue([] { return host().hasOpenDialog(); }));
+    TestWindow::press("Escape");
+    EXPECT_TRUE(becomesTrue([] { return !host().hasOpenDialog(); }));
+    EXPECT_TRUE(bodyBecomes("\n"));
+}
+
 TEST_F(HostedText, DropsThatAreUndoneAndRedoneAreUnsavedChanges) {
     load(kField);
     const auto places = [] {
