@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <exception>
 #include <optional>
+#include <utility>
 
 namespace mergeloom {
 
@@ -107,39 +108,70 @@ word::DocumentPtr ConvertMailMergeFields::open() {
 
 void ConvertMailMergeFields::Execute() {
     const word::DocumentPtr document = Template();
-    trapPass("Execute", [&] {
-        ConvertQuillbindFields(*document);
-        ConvertMergeFields(*document);
+    const auto convert = [&] {
+        inOneStep(*document, [&] {
+            runQuillbindPass(*document);
+            if (!hasNewFailure_) runMailMergePass(*document);
+        });
         result_.left = leftFields(*document);
-    });
+    };
+    trapPass(errors_, "Execute", convert);
     ReleaseTemplate();
 }
 
 void ConvertMailMergeFields::ConvertQuillbindFields(word::Document& document) {
-    trapPass("ConvertQuillbindFields", [&] {
+    inOneStep(document, [&] { runQuillbindPass(document); });
+}
+
+void ConvertMailMergeFields::ConvertMergeFields(word::Document& document) {
+    inOneStep(document, [&] { runMailMergePass(document); });
+}
+
+template <typename Body>
+void ConvertMailMergeFields::inOneStep(word::Document& document, const Body& body) {
+    const model::UndoRecordPtr steps = document.Application()->UndoRecord();
+    const ConversionResult before = result_;
+    failures_.clear();
+    do {
+        DropRecord step(document, *steps, "Convert Merge Fields");
+        hasNewFailure_ = false;
+        reports_.all.clear();
+        result_ = before;
+        body();
+        hasNewFailure_ ? step.takeBack() : step.keep();
+    } while (hasNewFailure_);
+    result_.refusals = refusals_;
+    for (const ErrorReport& report : std::exchange(reports_.all, {}))
+        errors_.report(report);
+}
+
+void ConvertMailMergeFields::runQuillbindPass(word::Document& document) {
+    trapPass(reports_, "ConvertQuillbindFields", [&] {
         const word::FieldsPtr fields = document.Fields();
         for (int number = 1; number <= fields->Count(); ++number) {
             const word::FieldPtr field = fields->Item(number);
+            current_ = {Pass::Quillbind, number};
             if (!canBecomeText(*field)) continue;
             const word::WdFieldType type = field->Type();
             const bool isIf = type == word::WdFieldType::wdFieldIf;
             if (!isIf && type != word::WdFieldType::wdFieldQuote) continue;
             const auto names = namesOf(*field, isIf ? kNameInIf : kNameInQuote);
-            if (names) replaceOrDelete(document, *field, *names);
+            if (names && !names->empty()) replaceOrDelete(document, *field, *names);
         }
     });
 }
 
-void ConvertMailMergeFields::ConvertMergeFields(word::Document& document) {
-    trapPass("ConvertMailMergeFields", [&] {
+void ConvertMailMergeFields::runMailMergePass(word::Document& document) {
+    trapPass(reports_, "ConvertMailMergeFields", [&] {
         const word::FieldsPtr fields = document.MailMerge()->Fields();
         for (int number = 1; number <= fields->Count(); ++number) {
             const word::FieldPtr field = fields->Item(number);
+            current_ = {Pass::MailMerge, number};
             if (!canBecomeText(*field)) continue;
             std::optional<std::vector<std::string>> names;
             const bool isNamed = succeeds([&] { names = namesOf(*field, kNameInMergeField); });
             if (!isNamed) {
-                removeField(document, *field);
+                removeField(*field);
             } else if (names) {
                 replaceOrDelete(document, *field, *names);
             }
@@ -148,48 +180,50 @@ void ConvertMailMergeFields::ConvertMergeFields(word::Document& document) {
 }
 
 template <typename Body>
-bool ConvertMailMergeFields::isDone(word::Document& document, const Body& body) {
-    const model::UndoRecordPtr steps = document.Application()->UndoRecord();
-    DropRecord record(document, *steps, "Convert Merge Fields");
+ConvertMailMergeFields::Outcome ConvertMailMergeFields::attempt(Change change, const Body& body) {
+    current_.change = change;
+    if (failures_.contains(current_)) return Outcome::Fails;
     try {
         body();
-        record.keep();
-        return true;
+        return Outcome::Done;
     } catch (const AutomationError& error) {
         noteRefusal(error);
     } catch (const std::exception&) {
         // As any field that cannot be converted, it is reported among those that stayed.
     }
-    record.takeBack();
-    return false;
+    failures_.insert(current_);
+    hasNewFailure_ = true;
+    return Outcome::Failed;
 }
 
 void ConvertMailMergeFields::noteRefusal(const AutomationError& error) {
     if (error.number() != kNotAvailable) return;
-    const auto known = std::ranges::find(result_.refusals, error.description());
-    if (known == result_.refusals.end()) result_.refusals.push_back(error.description());
+    if (std::ranges::find(refusals_, error.description()) == refusals_.end())
+        refusals_.push_back(error.description());
 }
 
 void ConvertMailMergeFields::replaceOrDelete(word::Document& document, word::Field& field,
                                              const std::vector<std::string>& names) {
     const int placesBefore = result_.places;
-    const std::size_t movedBefore = result_.movedBookmarks.size();
-    if (isDone(document, [&] { replaceField(document, field, names); })) {
-        if (result_.places > placesBefore) ++result_.fields;
-        return;
+    switch (attempt(Change::Replace, [&] { replaceField(document, field, names); })) {
+        case Outcome::Done:
+            if (result_.places > placesBefore) ++result_.fields;
+            return;
+        case Outcome::Fails:
+            removeField(field);
+            return;
+        case Outcome::Failed:
+            return;
     }
-    result_.places = placesBefore;
-    result_.movedBookmarks.resize(movedBefore);
-    removeField(document, field);
 }
 
-void ConvertMailMergeFields::removeField(word::Document& document, word::Field& field) {
+void ConvertMailMergeFields::removeField(word::Field& field) {
     std::string code;
-    const bool isRemoved = isDone(document, [&] {
+    const Outcome outcome = attempt(Change::Remove, [&] {
         code = field.Code()->Text();
         field.Delete();
     });
-    if (isRemoved) result_.removed.push_back(word::shownCode(code));
+    if (outcome == Outcome::Done) result_.removed.push_back(word::shownCode(code));
 }
 
 void ConvertMailMergeFields::replaceField(word::Document& document, word::Field& field,
@@ -240,9 +274,9 @@ void ConvertMailMergeFields::ReleaseTemplate() {
 }
 
 template <typename Body>
-void ConvertMailMergeFields::trapPass(const char* procedure, const Body& body) {
+void ConvertMailMergeFields::trapPass(ErrorHandler& errors, const char* procedure, const Body& body) {
     bool done = false;
-    trap(errors_, kConversionModule, procedure, [&] {
+    trap(errors, kConversionModule, procedure, [&] {
         body();
         done = true;
     });

@@ -7,6 +7,8 @@
 #include "office/model/word/Document.h"
 #include "office/model/word/Fields.h"
 
+#include <compare>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,8 +20,8 @@ inline constexpr ErrorNumber kTemplateNotFound = 30014;
 /// Word's mail merge and the QUOTE and IF fields that Quillbind writes. A field becomes its data name as
 /// text, in the formatting of its result, with a bookmark of that name around it; a field without such a name
 /// is removed. A field in whose code several merge fields are nested becomes a place for each of their names,
-/// with a blank between them. In the code of a field that stays nothing is converted. Converts one document
-/// at a time.
+/// with a blank between them. In the code of a field that stays nothing is converted. The conversion is one
+/// step of the document's undo list. Converts one document at a time.
 class ConvertMailMergeFields {
   public:
     /// The office is started only for a document that is named by its path.
@@ -42,7 +44,8 @@ class ConvertMailMergeFields {
     void Execute();
 
     /// Converts QUOTE fields, named by the second piece of their code, and IF fields, named by the fifth,
-    /// unless fields nested in the code have the names. A code of fewer pieces is reported and ends the pass.
+    /// unless fields nested in the code have the names. A code of fewer pieces is reported and ends the pass;
+    /// with another field in it, it is left as it is.
     void ConvertQuillbindFields(word::Document& document);
     /// Converts the fields of a mail merge, named by the second piece of their code. C++ keeps the name of
     /// the class itself for its constructors; reports call this procedure by that name.
@@ -58,19 +61,46 @@ class ConvertMailMergeFields {
     [[nodiscard]] const ConversionResult& result() const { return result_; }
 
   private:
+    enum class Pass { Quillbind, MailMerge };
+    enum class Change { Replace, Remove };
+    enum class Outcome {
+        Done,
+        Fails,   ///< an earlier attempt at the same change failed; the document is unchanged
+        Failed,  ///< the document may be half changed: it has to be taken back
+    };
+    /// A change of a field that is known by its number in its pass.
+    struct Attempt {
+        Pass pass = Pass::Quillbind;
+        int number = 0;
+        Change change = Change::Replace;
+        auto operator<=>(const Attempt&) const = default;
+    };
+
+    /// Keeps the errors that ended a pass, which may be made again.
+    class Reports final : public ErrorHandler {
+      public:
+        void report(const ErrorReport& report) override { all.push_back(report); }
+
+        std::vector<ErrorReport> all;
+    };
+
     word::DocumentPtr open();
-    /// Runs the body, which changes the document; returns false, with the document as it was before, when it
-    /// fails.
+    /// Runs the body, which converts fields, as one step. An office cannot take back a part of a step, so the
+    /// whole of it is taken back after changes that failed, and made again without them.
     template <typename Body>
-    bool isDone(word::Document& document, const Body& body);
+    void inOneStep(word::Document& document, const Body& body);
+    template <typename Body>
+    Outcome attempt(Change change, const Body& body);
+    void runQuillbindPass(word::Document& document);
+    void runMailMergePass(word::Document& document);
     /// Keeps the sentence of an office that must not edit a place.
     void noteRefusal(const AutomationError& error);
     void replaceOrDelete(word::Document& document, word::Field& field, const std::vector<std::string>& names);
     void replaceField(word::Document& document, word::Field& field, const std::vector<std::string>& names);
-    void removeField(word::Document& document, word::Field& field);
+    void removeField(word::Field& field);
     void markSelection(word::Document& document, const std::string& bookmarkName);
     template <typename Body>
-    void trapPass(const char* procedure, const Body& body);
+    void trapPass(ErrorHandler& errors, const char* procedure, const Body& body);
 
     WordStarter startWord_;
     FileStore& files_;
@@ -80,6 +110,11 @@ class ConvertMailMergeFields {
     word::DocumentPtr template_;
     bool openedHere_ = false;
     ConversionResult result_;
+    Attempt current_;
+    std::set<Attempt> failures_;
+    std::vector<std::string> refusals_;
+    bool hasNewFailure_ = false;
+    Reports reports_;
 };
 
 }  // namespace mergeloom

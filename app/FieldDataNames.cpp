@@ -49,6 +49,14 @@ std::string pieceOf(const std::string& code, std::size_t index) {
     return pieces[index];
 }
 
+/// Returns whether a QUOTE or an IF field has its text from a field that is no data place, such as a page's
+/// number.
+bool isTextOfOtherField(word::Field& field, word::Range& code, word::Fields& nested, std::size_t ownPiece) {
+    const WdFieldType type = field.Type();
+    return (type == WdFieldType::wdFieldQuote || type == WdFieldType::wdFieldIf) && nested.Count() > 0 &&
+           word::piecesOfCode(code.Text()).size() <= ownPiece;
+}
+
 }  // namespace
 
 std::vector<std::string> dataNames(word::Field& field, std::size_t ownPiece) {
@@ -58,8 +66,9 @@ std::vector<std::string> dataNames(word::Field& field, std::size_t ownPiece) {
     if (field.Type() == WdFieldType::wdFieldMergeField) names.add(pieceOf(code->Text(), ownPiece));
     addNested(*nested, WdFieldType::wdFieldMergeField, kNameInMergeField, names);
     if (names.names().empty()) addNested(*nested, WdFieldType::wdFieldQuote, kNameInQuote, names);
-    if (names.names().empty()) return {pieceOf(code->Text(), ownPiece)};
-    return names.names();
+    if (!names.names().empty()) return names.names();
+    if (isTextOfOtherField(field, *code, *nested, ownPiece)) return {};
+    return {pieceOf(code->Text(), ownPiece)};
 }
 
 }  // namespace mergeloom

@@ -352,6 +352,32 @@ TEST_F(Conversion, ACodeOfTooFewWordsEndsTheQuillbindPassOnly) {
                                      "'IF a = b' has too few words."));
 }
 
+TEST_F(Conversion, APagesNumberInTheCodeEndsNoPass) {
+    const std::string page = kBegin + code("PAGE") + kEnd;
+    EXPECT_EQ(converted(paragraph(kBegin + code("QUOTE ") + page + kEnd + field("QUOTE B") +
+                                  field("MERGEFIELD C"))),
+              "QUOTE PAGE[B:B][C:C]\n");
+    EXPECT_FALSE(result.failed);
+    EXPECT_EQ(result.left.size(), 1U);
+    EXPECT_THAT(errors.reports, testing::IsEmpty());
+}
+
+/// Also when a field among them could not be replaced.
+TEST_F(Conversion, IsOneStep) {
+    const word::DocumentPtr document = open(paragraph(field("QUOTE A") + field("MERGEFIELD ***") + text(",") +
+                                                      field("MERGEFIELD B") + field("NEXT")));
+    const std::string before = shown(*document, files);
+    document->SetSaved(false);
+    ConvertMailMergeFields conversion{[this] { return office; }, files, errors};
+    conversion.SetTemplate(document);
+    conversion.Execute();
+    EXPECT_EQ(shown(*document, files), "[A:A],[B:B]\n");
+    EXPECT_EQ(conversion.result().removed.size(), 2U);
+    ASSERT_TRUE(document->Undo(1));
+    EXPECT_EQ(shown(*document, files), before);
+    EXPECT_FALSE(document->Undo(1));
+}
+
 TEST_F(Conversion, ADocumentThatWasHandedInIsNotClosed) {
     const word::DocumentPtr document = open(paragraph(field("MERGEFIELD A")));
     const std::string before = files.files["/letter.docx"];

@@ -391,6 +391,29 @@ class InWord(DesignerTest):
         self.assertEqual(read_docx.read_bookmarks(saved)[1], [])
         self.assertEqual(merge_fields.wrong_paragraphs(saved), [])
 
+    def test_a_conversion_is_one_step(self):
+        """A field whose text is the page's number does not end it."""
+        old = self.folder / "old.docx"
+        number = merge_fields.complex_field(merge_fields.code(" QUOTE ") + merge_fields.field(" PAGE "),
+                                            merge_fields.text("1"))
+        merge_fields.write(old, [merge_fields.field(" MERGEFIELD Town "), number,
+                                 merge_fields.field(" MERGEFIELD Street ")])
+        designer = self.start("-usedocument", old)
+        click(middle(designer.element("menu item", "Tools")))
+        key("Down", "Return")
+        self.assertIn("2 fields became places", designer.texts_of(designer.dialog()))
+        key("Return")
+        saved = self.save_as("new.docx")
+        self.assertEqual([line[:1] for line in merge_fields.read(saved)], ["[", "{", "["])
+        names = (f"undone{number}.docx" for number in itertools.count())
+
+        def is_undone():
+            self.enter_document()
+            key("ctrl+z")
+            undone = merge_fields.read(self.save_as(next(names)))
+            return [line.startswith("{MERGEFIELD") for line in undone] == [True, False, True]
+        self.assertTrue(is_undone())
+
     def test_a_field_without_its_code_is_not_converted(self):
         old = self.folder / "old.docx"
         merge_fields.write(old, [merge_fields.field(' IF a = b "Home Town" "" ')])
