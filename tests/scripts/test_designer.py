@@ -481,6 +481,20 @@ class InExcel(DesignerTest):
         self.assertCountEqual(read_xlsx.read_names(dropped), read_xlsx.read_names(mapped))
 
 
+    def test_an_undone_drop_leaves_the_input_line(self):
+        designer = self.start()
+        box = designer.element("filler", "Document").get_extents(0)  # on the screen
+        place = designer.document()
+
+        def has_input():
+            return bool(pixels((box.x + 250, box.y + 82, 400, 16), (0, 0, 0)))
+        self.drop("Customer", place)
+        click(place)
+        wait_for("the input line", has_input)
+        key("ctrl+z")
+        wait_for("the empty input line", lambda: not has_input())
+        self.picture("undone-cell")
+
     def test_a_list_of_cells_is_an_export(self):
         """The list contains input that a cell is still taking."""
         self.start()

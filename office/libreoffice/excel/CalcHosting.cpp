@@ -53,7 +53,7 @@ void showSelection(CalcContent& content, const Reference<css::frame::XController
     const Reference<css::view::XSelectionSupplier> selection(view, UNO_QUERY_THROW);
     selection->select(css::uno::Any(sheet.range(area)));
     // A single cell is shown as the active one, not as selected.
-    if (area.first == area.last) deselectCells(content.connection(), view);
+    if (area.first == area.last) deselectCells(content.connection().context(), view);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "office/libreoffice/excel/CalcUndo.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/excel/CalcView.h"
 
 #include <com/sun/star/awt/AsyncCallback.hpp>
 #include <com/sun/star/document/UndoFailedException.hpp>
@@ -32,7 +33,7 @@ void CalcUndoStep::drop() {
 
 void CalcUndoAction::undo() try {
     if (!step_->undo()) throw css::document::UndoFailedException();
-    later_->addCallback(this, {});
+    css::awt::AsyncCallback::create(office_)->addCallback(this, {});
 } catch (const AutomationError& error) {
     css::document::UndoFailedException failure;
     failure.Message = toUno(error.description());
@@ -45,6 +46,7 @@ void CalcUndoAction::redo() {
 
 void CalcUndoAction::notify(const css::uno::Any&) try {
     manager_->clearRedo();
+    showActiveCell(office_, model_->getCurrentController());
 } catch (const css::uno::Exception&) {
     // The document is closed, or an undo is running, after which this is called again.
 }
@@ -89,8 +91,8 @@ void CalcUndo::addToOfficeList() {
     if (wasEmpty_) return;
     officeSteps_.push_back(
         std::make_shared<CalcUndoStep>(std::exchange(undoActions_, {}), std::exchange(cleanups_, {})));
-    const auto later = css::awt::AsyncCallback::create(connection_.context());
-    manager_->addUndoAction(new CalcUndoAction(name_, officeSteps_.back(), manager_, later));
+    manager_->addUndoAction(
+        new CalcUndoAction(name_, officeSteps_.back(), manager_, model_, connection_.context()));
 }
 
 void CalcUndo::change() {

@@ -6,10 +6,10 @@
 #include "office/model/Undo.h"
 
 #include <com/sun/star/awt/XCallback.hpp>
-#include <com/sun/star/awt/XRequestCallback.hpp>
 #include <com/sun/star/document/XUndoAction.hpp>
 #include <com/sun/star/document/XUndoManager.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
 #include <cppuhelper/implbase2.hxx>
 #include <functional>
 #include <memory>
@@ -47,20 +47,23 @@ class CalcUndoAction final : public cppu::WeakImplHelper2<css::document::XUndoAc
   public:
     CalcUndoAction(const std::string& title, std::shared_ptr<CalcUndoStep> step,
                    const Reference<css::document::XUndoManager>& manager,
-                   const Reference<css::awt::XRequestCallback>& later)
-        : title_(toUno(title)), step_(std::move(step)), manager_(manager), later_(later) {}
+                   const Reference<css::frame::XModel>& model,
+                   const Reference<css::uno::XComponentContext>& office)
+        : title_(toUno(title)), step_(std::move(step)), manager_(manager), model_(model), office_(office) {}
 
     OUString SAL_CALL getTitle() override { return title_; }
     void SAL_CALL undo() override;
     void SAL_CALL redo() override;
-    /// Clears the office's redo list, which the office does not allow within an undo.
+    /// Clears the office's redo list, which the office does not allow within an undo, and shows what the
+    /// active cell holds now.
     void SAL_CALL notify(const css::uno::Any&) override;
 
   private:
     const OUString title_;
     const std::shared_ptr<CalcUndoStep> step_;
     const Reference<css::document::XUndoManager> manager_;
-    const Reference<css::awt::XRequestCallback> later_;
+    const Reference<css::frame::XModel> model_;
+    const Reference<css::uno::XComponentContext> office_;
 };
 
 /// The users of undo: the object model alone, or also the user, through the office's own list.

@@ -6,9 +6,11 @@
 #include <charconv>
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/frame/DispatchHelper.hpp>
+#include <com/sun/star/sheet/XCellAddressable.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
 
 namespace mergeloom::libreoffice {
 
@@ -33,10 +35,19 @@ excel::CellPosition cursorOf(std::string_view text) {
 
 }  // namespace
 
-void deselectCells(OfficeConnection& connection, const Reference<css::frame::XController>& view) {
+void deselectCells(const Reference<css::uno::XComponentContext>& office,
+                   const Reference<css::frame::XController>& view) {
     const Reference<css::frame::XDispatchProvider> commands(view->getFrame(), UNO_QUERY_THROW);
-    css::frame::DispatchHelper::create(connection.context())
-        ->executeDispatch(commands, ".uno:Deselect", {}, 0, {});
+    css::frame::DispatchHelper::create(office)->executeDispatch(commands, ".uno:Deselect", {}, 0, {});
+}
+
+void showActiveCell(const Reference<css::uno::XComponentContext>& office,
+                    const Reference<css::frame::XController>& view) {
+    const Reference<css::view::XSelectionSupplier> supplier(view, UNO_QUERY_THROW);
+    const css::uno::Any selection = supplier->getSelection();
+    supplier->select(selection);
+    // A single cell is shown as the active one, not as selected.
+    if (Reference<css::sheet::XCellAddressable>(selection, UNO_QUERY).is()) deselectCells(office, view);
 }
 
 void showSheet(const Reference<css::frame::XController>& view, const OUString& name) {

@@ -12,7 +12,13 @@
 namespace mergeloom::libreoffice {
 
 /// Deselects cells and ends typing in the active one, which stays active. Must run within a call.
-void deselectCells(OfficeConnection& connection, const Reference<css::frame::XController>& view);
+void deselectCells(const Reference<css::uno::XComponentContext>& office,
+                   const Reference<css::frame::XController>& view);
+
+/// Shows again what the active cell contains: Calc reads that into its input line when the cell becomes the
+/// active one, but not when the API changes the cell. Must run within a call or in the office's own.
+void showActiveCell(const Reference<css::uno::XComponentContext>& office,
+                    const Reference<css::frame::XController>& view);
 
 /// Makes the sheet of that name the active one; does nothing when there is none. Must run within a call.
 void showSheet(const Reference<css::frame::XController>& view, const rtl::OUString& name);

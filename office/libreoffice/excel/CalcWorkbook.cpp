@@ -72,7 +72,7 @@ void CalcWorkbook::endInput() {
         const Reference<css::frame::XModel> model(document(), UNO_QUERY_THROW);
         const Reference<css::frame::XController> view = model->getCurrentController();
         const Reference<css::uno::XInterface> selection = model->getCurrentSelection();
-        deselectCells(session.connection(), view);
+        deselectCells(session.connection().context(), view);
         const bool isOne = Reference<css::sheet::XCellAddressable>(selection, UNO_QUERY).is();
         if (isOne) return;
         Reference<css::view::XSelectionSupplier>(view, UNO_QUERY_THROW)->select(css::uno::Any(selection));

@@ -299,7 +299,7 @@ void LibreOfficeHost::showDropPlace(HostPoint point) {
 
 void LibreOfficeHost::enterCells(const HostFrame& frame, const CaretTarget& target) {
     if (target.placement != CaretPlacement::InCells || !CaretPlacer::place(target)) return;
-    deselectCells(session_->connection(), frame.uno()->getController());
+    deselectCells(session_->connection().context(), frame.uno()->getController());
 }
 
 bool LibreOfficeHost::placeCaret(HostPoint point) {
