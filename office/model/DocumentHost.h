@@ -118,6 +118,7 @@ class DocumentHost {
     /// Returns true when the view marks bookmarks (Word's View.ShowBookmarks).
     virtual bool showsBookmarks() = 0;
     virtual void setShowsBookmarks(bool shown) = 0;
+    /// Sets the zoom, or less where the window is not as wide as a page of that size.
     virtual void setZoom(int percent) = 0;
     /// Shows or hides a bar by Word's own name for it: "Standard", "Formatting", "Web". Ignores a bar that
     /// the office does not have.

@@ -72,6 +72,16 @@ bool hasBookmarks(const Properties& settings) {
            settings->getPropertySetInfo()->hasPropertyByName(OUString::createFromAscii(kBookmarks));
 }
 
+/// Fits a page to the width of the window, which goes on while the window changes its size. Returns whether
+/// its zoom is below the given one; never for a workbook, which has no pages in its view.
+bool isPageWiderThanWindow(const Properties& settings, int percent) {
+    if (!hasBookmarks(settings)) return false;
+    settings->setPropertyValue("ZoomType", css::uno::Any(css::view::DocumentZoomType::PAGE_WIDTH));
+    sal_Int16 fitting = 0;
+    settings->getPropertyValue("ZoomValue") >>= fitting;
+    return fitting < percent;
+}
+
 }  // namespace
 
 HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
@@ -193,8 +203,10 @@ void HostFrame::setShowsBookmarks(bool shown) const {
 void HostFrame::setZoom(int percent) {
     const Properties settings = viewSettings();
     if (!settings.is()) return;
-    settings->setPropertyValue("ZoomType", css::uno::Any(css::view::DocumentZoomType::BY_VALUE));
-    settings->setPropertyValue("ZoomValue", css::uno::Any(static_cast<sal_Int16>(percent)));
+    if (!isPageWiderThanWindow(settings, percent)) {
+        settings->setPropertyValue("ZoomType", css::uno::Any(css::view::DocumentZoomType::BY_VALUE));
+        settings->setPropertyValue("ZoomValue", css::uno::Any(static_cast<sal_Int16>(percent)));
+    }
     beginLayout();
 }
 

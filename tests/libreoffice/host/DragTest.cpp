@@ -106,6 +106,27 @@ TEST_F(DragOverText, ALineShowsThePlace) {
     EXPECT_FALSE(window().lineInside()) << "over a bar";
 }
 
+/// The height of the line is that of the text under it.
+TEST_F(DragOverText, APageFitsTheWidthOfTheWindow) {
+    openLines(1);
+    const auto heightAtFullSize = [](int width) {
+        window().resizePane(static_cast<std::uint32_t>(width), TestWindow::kPaneHeight);
+        host().resize(width, TestWindow::kPaneHeight);
+        EXPECT_TRUE(host().placeCaret({width / 2, kOnWord.y}));
+        host().setZoom(100);
+        host().showDropPlace({width / 2, kOnWord.y});
+        const std::optional<TestWindow::Line> line = window().lineInside();
+        return line ? line->height : 0;
+    };
+    const int large = heightAtFullSize(TestWindow::kPaneWidth);
+    EXPECT_GT(large, 20);
+    const int small = heightAtFullSize(TestWindow::kPaneWidth / 2);
+    EXPECT_GT(small, 0);
+    EXPECT_LT(small, large * 3 / 4);
+    EXPECT_EQ(heightAtFullSize(TestWindow::kPaneWidth), large);
+    host().hideDropPlace();
+}
+
 TEST_F(DragOverText, AnEdgeScrollsTheText) {
     openLines(200);
     const std::int64_t before = caretAt(kOnWord);
