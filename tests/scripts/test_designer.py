@@ -487,7 +487,7 @@ class InExcel(DesignerTest):
         place = designer.document()
 
         def has_input():
-            return bool(pixels((box.x + 250, box.y + 82, 400, 16), (0, 0, 0)))
+            return bool(places_of((box.x + 250, box.y + 82, 400, 16), (0, 0, 0)))
         self.drop("Customer", place)
         click(place)
         wait_for("the input line", has_input)
