@@ -12,6 +12,7 @@ using embedded::NumberFormat;
 using letters::ValueKind;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 TEST(CellValue, OfWhatADatabaseStores) {
     using Kind = CellValue::Kind;
@@ -151,6 +152,19 @@ TEST_F(BookTest, PlacesThatCannotBeWrittenAreTold) {
     EXPECT_THAT(letters->refusals(),
                 ElementsAre("The name ammB refers to no cells.", HasSubstr("is part of an array formula")));
     EXPECT_TRUE(letters->filledPlaces().empty());
+}
+
+TEST_F(BookTest, RichTextWithoutPlainTextIsTold) {
+    names("ammA", "$A$1");
+    takes("ammA", {{"A"}});
+    const auto letters = compiled(workbookFile({{"Sheet1"}}, allNames()));
+    const Record plain{{{.name = "A", .richText = "<b>x</b>", .plainText = "x", .records = {}}}};
+    files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&plain, 1}, sink); });
+    EXPECT_EQ(shownRows(files.files["/book.xlsx"]), "<1><A1>x");
+    EXPECT_THAT(letters->remarks(), IsEmpty());
+    const Record rich{{{.name = "A", .richText = "<b>x</b>", .records = {}}}};
+    files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&rich, 1}, sink); });
+    EXPECT_THAT(letters->remarks(), ElementsAre("The rich text of A has no plain text; its cell is empty."));
 }
 
 TEST_F(BookTest, TextsTooLongForACellAreCutAndTold) {

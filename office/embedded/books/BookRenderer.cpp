@@ -204,6 +204,10 @@ void BookRenderer::appendValue(const BookPiece& piece) {
     const CellValue value = control == nullptr ? CellValue{}
                                                : cellValueOf(*control, place.source.value,
                                                              book_.placeFormats[piece.number], book_.dates);
+    const bool isLost = value.kind == CellValue::Kind::Empty && control != nullptr &&
+                        place.source.value == letters::ValueKind::Display && !control->richText.empty();
+    if (isLost)
+        remarks_.insert("The rich text of " + control->name + " has no plain text; its cell is empty.");
     appendStyle(book_.placeStyles[piece.number], value.kind);
     if (value.kind == CellValue::Kind::Empty) {
         xml_ += '>';
