@@ -131,9 +131,9 @@ TEST_F(PlaceDirectory, EveryDroppedPlaceIsFound) {
 
 TEST_F(PlaceDirectory, NodesAreFoundByTheirPlaces) {
     loadOrders();
-    const auto textsOf = [&](PlaceScheme scheme, const std::string& place) {
+    const auto textsOf = [&](PlaceScheme placeScheme, const std::string& place) {
         NodesByPlace nodes;
-        addNodesByPlace(xmlNodes, node("1k"), scheme, nodes);
+        addNodesByPlace(xmlNodes, node("1k"), placeScheme, nodes);
         std::string texts;
         for (const int number : nodesOfPlace(nodes, place))
             texts += "/" + tree.Item(number)->Text();

@@ -225,7 +225,7 @@ void LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat&
 
 /// Appends the picture of a record at a place of text. Returns false if there is none.
 bool LetterRenderer::appendNewPicture(Piece& piece) {
-    const LetterPicture* const picture = pictureOf(piece);
+    const AddedPicture* const picture = pictureOf(piece);
     if (picture == nullptr) return false;
     const bool isSideways = pictureTurn(picture->file.orientation()).isSideways();
     InlinePicture shown{.relationshipId = parts_.link(part_->name, *picture),
