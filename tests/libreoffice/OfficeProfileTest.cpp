@@ -30,6 +30,7 @@ TEST(OfficeProfile, KeepsTheUsersSettingsAndItsOwn) {
     folder.put(kSettings, settings);
     makeOfficeProfile(folder.path(), OfficeMode::Shown);
     const std::string again = folder.bytesOf(kSettings);
+    EXPECT_THAT(again, HasSubstr("xmlns:xsi=")) << "the office's own items use it";
     EXPECT_THAT(again, AllOf(HasSubstr(own), HasSubstr("ParagraphEnd"), Not(HasSubstr(enabled))));
 
     makeOfficeProfile(folder.path(), OfficeMode::Shown);

@@ -116,10 +116,12 @@ std::vector<std::string> keptItems(const std::string& settings) {
 }
 
 void writeSettings(std::ostream& file, OfficeMode mode, const std::vector<std::string>& kept) {
-    file << R"(<?xml version="1.0" encoding="UTF-8"?>)"
-            "\n"
-         << R"(<oor:items xmlns:oor="http://openoffice.org/2001/registry">)"
-            "\n";
+    file
+        << R"(<?xml version="1.0" encoding="UTF-8"?>)"
+           "\n"
+        << R"(<oor:items xmlns:oor="http://openoffice.org/2001/registry" xmlns:xs="http://www.w3.org/2001/XMLSchema" )"
+           R"(xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance">)"
+           "\n";
     write(file, kQuiet);
     if (mode == OfficeMode::Shown) {
         write(file, kShown);
