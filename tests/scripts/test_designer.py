@@ -216,7 +216,8 @@ class InWord(DesignerTest):
         wait_for("the focus in the tree", lambda: not document_has_keyboard())
         key("shift+F6")
         self.wait_for_focus("text", "Search:")
-        key("Tab", "Tab")
+        designer.element("list item", "OrderNumber")
+        key("Tab", "Tab", "Tab")  # over the tree and the list of places
         self.wait_for_focus(BUTTON, "Help")
         key("shift+F6")
         wait_for("the focus in the document", document_has_keyboard)
