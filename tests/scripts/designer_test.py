@@ -11,7 +11,7 @@ import unittest
 from pathlib import Path
 
 import read_docx
-from designer_window import Designer, Screen, drag, key, screenshot, wait_for
+from designer_window import Designer, Screen, click, document_has_keyboard, drag, key, screenshot, wait_for
 
 PROGRAM = Path(os.environ["MERGELOOM"])
 DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
@@ -52,6 +52,15 @@ class DesignerTest(unittest.TestCase):
         other = Designer(DESIGNER, [*(["-xmlfile", structure] if structure else []), *switches], home=home)
         self.addCleanup(other.close)
         return other
+
+    def enter_document(self):
+        """A click that comes while the window is still being activated is not taken."""
+        def is_entered():
+            click(self.designer.document())
+            time.sleep(0.5)
+            return document_has_keyboard()
+        self.designer.wait_until_active()
+        wait_for("the focus in the document", is_entered)
 
     def picture(self, name):
         if PICTURES:

@@ -190,15 +190,6 @@ class InWord(DesignerTest):
     def wait_for_focus(self, role, name):
         wait_for(f"the focus in {name}", lambda: has_focus(self.designer.element(role, name)))
 
-    def enter_document(self):
-        """A click that comes while the window is still being activated is not taken."""
-        def is_entered():
-            click(self.designer.document())
-            time.sleep(0.5)
-            return document_has_keyboard()
-        self.designer.wait_until_active()
-        wait_for("the focus in the document", is_entered)
-
     def test_f6_goes_round_the_window(self):
         designer = self.start()
         self.enter_document()

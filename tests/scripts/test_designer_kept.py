@@ -82,8 +82,8 @@ class InWord(KeptTest):
         self.assertEqual(self.copies(), [])
 
     def test_a_window_that_is_killed_leaves_its_work_to_the_next(self):
-        designer = self.start_in_home()
-        click(designer.document())
+        self.start_in_home()
+        self.enter_document()
         type_text("precious")
         self.wait_for_copy("precious")
         self.kill_window()
@@ -97,7 +97,7 @@ class InWord(KeptTest):
         self.begin()
         self.answer("Yes")
         self.designer.wait_until_ready()
-        click(self.designer.document())
+        self.enter_document()
         type_text("more")
         self.wait_for_copy("precious", "more")
         self.assertEqual(len(self.copies()), 1)

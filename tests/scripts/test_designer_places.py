@@ -43,7 +43,7 @@ class InWord(PlacesTest):
         self.assertTrue(self.is_marked("Bound Value"))
         self.assertFalse(self.is_marked("Label and Value"))
         self.picture("places")
-        click(designer.document())
+        self.enter_document()
         key("ctrl+z")
         self.look_back()
         self.wait_for_places("CustomerID", "Priority")
