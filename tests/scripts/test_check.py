@@ -4,41 +4,23 @@
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
 import json
-import os
-import subprocess
-import tempfile
 import unittest
-from pathlib import Path
 
 import docx
 import openpyxl
 from docx.oxml import parse_xml
 from docx.oxml.ns import nsdecls
 
-PROGRAM = os.environ["MERGELOOM"]
-SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
+from program_test import SAMPLE, ProgramTest, map_sample, run
 
 
-def run(*arguments):
-    """Runs the program; gives the finished process with its output as text."""
-    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300, check=False)
-
-
-class Checking(unittest.TestCase):
+class Checking(ProgramTest):
     @classmethod
     def setUpClass(cls):
-        folder = tempfile.TemporaryDirectory()
-        cls.addClassCleanup(folder.cleanup)
-        cls.templates = [Path(folder.name) / "orders.docx", Path(folder.name) / "orders.xlsx"]
+        folder = cls.shared_folder()
+        cls.templates = [folder / "orders.docx", folder / "orders.xlsx"]
         for template in cls.templates:
-            excel = ["-excel"] if template.suffix == ".xlsx" else []
-            done = run("--exit-status", *excel, "-xmlfile", SAMPLE, "-template", template, "-hidden")
-            assert done.returncode == 0, done.stderr
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
+            map_sample(template, *(["-excel"] if template.suffix == ".xlsx" else []))
 
     def check(self, template, *options, data=SAMPLE):
         done = run("--check", template, *options, "-xmlfile", data, "--json")

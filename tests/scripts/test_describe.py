@@ -3,20 +3,19 @@
 
 MERGELOOM names the program, beside which mergeloom-describe lies; MERGELOOM_ROOT names the folder of the sources.
 """
-import os
 import signal
 import sqlite3
 import subprocess
-import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
 import docx
 
-PROGRAM = Path(os.environ["MERGELOOM"])
-DESCRIBE = PROGRAM.parent / "mergeloom-describe"
-SAMPLES = Path(os.environ["MERGELOOM_ROOT"]) / "samples"
+from program_test import PROGRAM, SAMPLE, ProgramTest
+
+DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
+SAMPLES = SAMPLE.parent
 DATABASE = SAMPLES / "harbour.db"
 
 
@@ -24,12 +23,7 @@ def run(*command, **more):
     return subprocess.run([*map(str, command)], capture_output=True, text=True, check=False, **more)
 
 
-class Describe(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-
+class Describe(ProgramTest):
     def succeed(self, *command):
         ended = run(*command)
         self.assertEqual((ended.returncode, ended.stderr), (0, ""), command)

@@ -9,11 +9,9 @@ import os
 import re
 import signal
 import subprocess
-import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 import zipfile
-from pathlib import Path
 
 import docx
 from docx.enum.section import WD_SECTION
@@ -22,10 +20,9 @@ from docx.oxml.ns import nsdecls, qn
 
 import fill_data
 import read_docx
+from program_test import PROGRAM, SAMPLE, ProgramTest, map_sample, run
 
-PROGRAM = os.environ["MERGELOOM"]
 VALIDATOR = os.environ.get("MERGELOOM_VALIDATOR")
-SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
 
 SAMPLE_LETTER = [
     "Letterhead: ",
@@ -60,11 +57,6 @@ SAMPLE_LINES = [
 ]
 
 
-def run(*arguments):
-    """Runs the program; gives the finished process with its output as text."""
-    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300, check=False)
-
-
 def rows_of(table):
     return [[cell.text for cell in row.cells] for row in table.rows]
 
@@ -88,25 +80,11 @@ def parts_of(file):
         return {name: package.read(name) for name in package.namelist()}
 
 
-class Filling(unittest.TestCase):
+class Filling(ProgramTest):
     @classmethod
     def setUpClass(cls):
-        folder = tempfile.TemporaryDirectory()
-        cls.addClassCleanup(folder.cleanup)
-        cls.template = Path(folder.name) / "orders.docx"
-        done = run("--exit-status", "-xmlfile", SAMPLE, "-template", cls.template, "-hidden")
-        assert done.returncode == 0, done.stderr
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-
-    def fill(self, *options, template=None, data=SAMPLE):
-        """Fills, fails the test unless that succeeds, and returns the report."""
-        done = run("--fill", template or self.template, "--data", data, *options)
-        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
-        return done.stderr
+        cls.template = cls.shared_folder() / "orders.docx"
+        map_sample(cls.template)
 
     def validate(self, document):
         if VALIDATOR:

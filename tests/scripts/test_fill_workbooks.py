@@ -4,20 +4,15 @@
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
 import datetime
-import os
 import subprocess
-import tempfile
 import unittest
-from pathlib import Path
 
 import openpyxl
 from openpyxl.styles import Font
 
 import fill_data
 import read_xlsx
-
-PROGRAM = os.environ["MERGELOOM"]
-SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
+from program_test import PROGRAM, SAMPLE, ProgramTest, map_sample
 
 SAMPLE_FORM = {
     "ammOrderNumber": "2024-0187",
@@ -41,18 +36,11 @@ SAMPLE_LINES = [
 ]
 
 
-def run(*arguments):
-    """Runs the program; gives the finished process with its output as text."""
-    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300, check=False)
-
-
-class FillingWorkbooks(unittest.TestCase):
+class FillingWorkbooks(ProgramTest):
     @classmethod
     def setUpClass(cls):
-        folder = tempfile.TemporaryDirectory()
-        cls.addClassCleanup(folder.cleanup)
-        cls.template = Path(folder.name) / "orders.xlsx"
-        cls.mapped(cls.template)
+        cls.template = cls.shared_folder() / "orders.xlsx"
+        map_sample(cls.template, "-excel")
         workbook = openpyxl.load_workbook(cls.template)
         sheet = workbook.active
         for column in "BCDEF":
@@ -66,27 +54,6 @@ class FillingWorkbooks(unittest.TestCase):
         sheet.merge_cells("A25:F25")
         workbook.create_sheet("Other")["A1"] = "=Sheet1!F24"
         workbook.save(cls.template)
-
-    @staticmethod
-    def mapped(path, *switches):
-        done = run("--exit-status", "-excel", "-xmlfile", SAMPLE, *switches, "-template", path, "-hidden")
-        assert done.returncode == 0, done.stderr
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-
-    def fill(self, *options, template=None, data=SAMPLE):
-        """Fills, fails the test unless that succeeds, and returns what is told."""
-        done = run("--fill", template or self.template, "--data", data, *options)
-        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
-        return done.stderr
-
-    def refused(self, *options, template=None, data=SAMPLE):
-        done = run("--fill", template or self.template, "--data", data, *options)
-        self.assertNotEqual(done.returncode, 0)
-        return done.stderr
 
     def test_every_value_of_the_sample_is_in_its_cell(self):
         book = self.folder / "book.xlsx"
@@ -119,7 +86,7 @@ class FillingWorkbooks(unittest.TestCase):
             self.assertEqual(places["ammOrderNumber"], [[f"N-{number:05}"]])
             self.assertEqual(len(places["ammOrderLines"]), 4)
         listing, book = self.folder / "listing.xlsx", self.folder / "all.xlsx"
-        self.mapped(listing, "-listing")
+        map_sample(listing, "-excel", "-listing")
         self.fill("--output", book, template=listing, data=data)
         rows = read_xlsx.read_places(book)["ammOrdersT"]
         self.assertEqual([row[0] for row in rows], ["Order No.:", "N-00001", "N-00002", "N-00003"])

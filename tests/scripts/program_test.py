@@ -1,0 +1,53 @@
+"""Shared by the tests that run the finished program over the sample: the program, folders, runs that fill.
+
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
+"""
+import os
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = os.environ["MERGELOOM"]
+SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
+
+
+def run(*arguments):
+    """Runs the program; gives the finished process with its output as text."""
+    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300, check=False)
+
+
+def map_sample(template, *switches):
+    """Maps the sample's first object to a template."""
+    done = run("--exit-status", "-xmlfile", SAMPLE, *switches, "-template", template, "-hidden")
+    assert done.returncode == 0, done.stderr
+
+
+class ProgramTest(unittest.TestCase):
+    """Tests with a folder of their own. Those of filling set the template in which they fill."""
+
+    template = None
+
+    @classmethod
+    def shared_folder(cls):
+        """A folder for all tests of the class."""
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        return Path(folder.name)
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+
+    def fill(self, *options, template=None, data=SAMPLE):
+        """Fills, fails the test unless that succeeds, and returns the report."""
+        done = run("--fill", template or self.template, "--data", data, *options)
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        return done.stderr
+
+    def refused(self, *options, template=None, data=SAMPLE):
+        """Fails the test if the filling succeeds, and returns the reason why it does not."""
+        done = run("--fill", template or self.template, "--data", data, *options)
+        self.assertNotEqual(done.returncode, 0)
+        return done.stderr
