@@ -268,7 +268,14 @@ void DesignerSession::setFolders(const std::string& documents, const std::string
 
 void DesignerSession::showDropPlace(HostPoint point) {
     if (!isFree()) return;
-    worker_.postNewest([this, point] { office_.host().showDropPlace(point); });
+    worker_.postNewest([this, point] {
+        try {
+            office_.host().showDropPlace(point);
+        } catch (const AutomationError&) {
+            // The text changed under the drag, which asks again; an office that has ended is found by the
+            // drop.
+        }
+    });
 }
 
 void DesignerSession::hideDropPlace() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <com/sun/star/accessibility/AccessibleRole.hpp>
 #include <com/sun/star/accessibility/XAccessible.hpp>
+#include <com/sun/star/lang/IndexOutOfBoundsException.hpp>
 #include <optional>
 #include <utility>
 
@@ -38,11 +39,21 @@ Candidate candidateOf(AccessibleSpot child) {
     return {std::move(child), away};
 }
 
+/// Returns none when the child has gone since the children were counted: the office lays out its text
+/// meanwhile.
+Reference<a11y::XAccessible> childOf(const AccessibleSpot& spot, sal_Int32 index) {
+    try {
+        return spot.object->getAccessibleChild(index);
+    } catch (const css::lang::IndexOutOfBoundsException&) {
+        return {};
+    }
+}
+
 std::optional<Candidate> nearestChild(const AccessibleSpot& spot) {
     std::optional<Candidate> nearest;
     const sal_Int32 count = spot.object->getAccessibleChildCount();
     for (sal_Int32 index = 0; index < count; ++index) {
-        AccessibleSpot child = spotInPart(spot, spot.object->getAccessibleChild(index));
+        AccessibleSpot child = spotInPart(spot, childOf(spot, index));
         if (!child.area.is()) continue;
         const sal_Int16 role = child.role();
         if (!isParagraph(role) && !holdsText(role)) continue;
