@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """Measures the filling of templates by whole processes: letters of their own, with tables, and one document for all.
 
-The processor time of 1,000 letters stands beside that of a loop over python3-docx, which replaces the text of the same
-places, that of workbooks beside a loop over python3-openpyxl, which inserts the same rows. Growth compares twice as many records with once as many.
+The processor time of 1,000 letters is compared with that of a loop over python3-docx, which replaces the text of the
+same places, and with two libraries that npm fetches, over the same template with their own tags; that of workbooks with
+a loop over python3-openpyxl, which inserts the same rows. Growth compares twice as many records with once as many.
 Usage: fill.py PROGRAM [--records N] [--largest N] [--runs N]
 """
 import argparse
 import copy
+import json
 import pathlib
 import shutil
 import statistics
@@ -14,6 +16,9 @@ import subprocess
 import sys
 import tempfile
 import xml.etree.ElementTree as ElementTree
+
+import docx
+from docx.oxml.ns import qn
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SAMPLE = ROOT / "samples" / "orders.xml"
@@ -36,6 +41,7 @@ for number in range(count):
     document.save(f"{folder}/{number}.docx")
 """
 
+NPM_LIBRARIES = {"docxtemplater": "3.71.0", "easy-template-x": "7.2.8", "pizzip": "3.2.0"}
 
 PYTHON_OPENPYXL = """
 import copy, sys
@@ -95,6 +101,115 @@ def measure(command, runs, folder):
     return statistics.median(seconds), statistics.median(memory)
 
 
+def fetch_peers(folder):
+    """Fetches the libraries of npm; returns the script that fills with them, or none where there is no way to them."""
+    if shutil.which("npm") is None:
+        return None
+    wanted = [f"{name}@{version}" for name, version in NPM_LIBRARIES.items()]
+    fetched = subprocess.run(["npm", "install", "--silent", "--prefix", folder, *wanted], capture_output=True, check=False)
+    if fetched.returncode != 0:
+        return None
+    return shutil.copy(ROOT / "bench" / "fill_peers.mjs", folder)
+
+
+class TaggedTemplate:
+    """The mapped template with tags in the places, and around all of it those of a loop over the records."""
+
+    def __init__(self, template, folder):
+        self.each = folder / "tagged.docx"
+        self.all = folder / "tagged_all.docx"
+        self.values = folder / "names.json"
+        document = docx.Document(template)
+        rows = document.tables[0].rows[1]._tr
+        lines = self.tag(rows)
+        cells = [cell.paragraphs[0] for cell in document.tables[0].rows[1].cells]
+        first, last = cells[0].runs[0], cells[-1].runs[-1]
+        first.text, last.text = "{#lines}" + first.text, last.text + "{/lines}"
+        places = self.tag(document.element.body)
+        self.values.write_text(json.dumps({"places": places, "lines": lines}), encoding="utf-8")
+        document.save(self.each)
+        document.paragraphs[0].insert_paragraph_before("{#records}")
+        document.add_paragraph("{/records}")
+        document.save(self.all)
+
+    @staticmethod
+    def tag(element):
+        """Replaces the text of the places by their tags; returns the names."""
+        names = []
+        for start in element.iter(qn("w:bookmarkStart")):
+            run = start.getnext()
+            text = run.find(qn("w:t")) if run is not None else None
+            if text is not None and "{" not in text.text:
+                names.append(start.get(qn("w:name")))
+                text.text = "{" + names[-1] + "}"
+        return names
+
+
+class Benchmark:
+    """The runs of one call: the program, a folder for all that they write, and the number of records."""
+
+    def __init__(self, options, folder):
+        self.program = str(pathlib.Path(options.program).resolve())
+        self.options = options
+        self.folder = folder
+        self.letters = folder / "letters"
+        self.template = self.mapped("orders.docx")
+        self.workbook = self.mapped("orders.xlsx", "-excel")
+        self.tagged = TaggedTemplate(self.template, folder)
+        self.peers = fetch_peers(folder)
+
+    def mapped(self, name, *switches):
+        template = self.folder / name
+        subprocess.run([self.program, "--exit-status", *switches, "-xmlfile", SAMPLE, "-template", template, "-hidden"],
+                       check=True)
+        return template
+
+    def filling(self, template, count, lines, name):
+        more = ["--one-document"] if "{" not in name else []
+        return [self.program, "--fill", template, "--data", write_records(self.folder, count, lines), "--output",
+                self.letters / name, *more]
+
+    def show(self, title, contender, command, runs=1):
+        seconds, memory = measure(command, runs, self.letters)
+        print(f"  {title:26} {contender:16} {seconds:7.2f} s {memory:7.0f} MB")
+
+    def compare_letters(self):
+        count, runs = self.options.records, self.options.runs
+        print(f"processor seconds for {count} letters (mergeloom: median of {runs} runs), peak memory")
+        for title, lines in (("one file each", 1), ("with a table of 10 rows", 10)):
+            self.show(title, "mergeloom", self.filling(self.template, count, lines, "{OrderNumber}.docx"), runs)
+            self.show("", "python3-docx", [sys.executable, "-c", PYTHON_DOCX, self.template, count, lines, self.letters])
+            self.show_peers(("docxtemplater", "easy-template-x"), self.tagged.each, lines, self.letters)
+        self.show("all in one document", "mergeloom", self.filling(self.template, count, 1, "all.docx"), runs)
+        self.show_peers(("docxtemplater",), self.tagged.all, 1, self.letters / "all.docx")
+
+    def show_peers(self, libraries, template, lines, output):
+        if self.peers is None:
+            print("  npm fetches no libraries here")
+            return
+        for library in libraries:
+            self.show("", library, ["node", self.peers, library, template, self.tagged.values, self.options.records,
+                                    lines, output])
+
+    def compare_workbooks(self):
+        count = self.options.records
+        for title, lines in (("one workbook each", 1), ("with a table of 10 rows", 10)):
+            self.show(title, "mergeloom", self.filling(self.workbook, count, lines, "{OrderNumber}.xlsx"),
+                      self.options.runs)
+            self.show("", "openpyxl", [sys.executable, "-c", PYTHON_OPENPYXL, self.workbook, count, lines, self.letters])
+
+    def growth(self):
+        print("growth: the time of twice as many records by that of once as many, memory of both")
+        size = self.options.records
+        while size <= self.options.largest:
+            once, small = measure(self.filling(self.template, size, 2, "{OrderNumber}.docx"), self.options.runs,
+                                  self.letters)
+            twice, large = measure(self.filling(self.template, 2 * size, 2, "{OrderNumber}.docx"), self.options.runs,
+                                   self.letters)
+            print(f"  {size:7} and {2 * size:7} {twice / once:5.2f} {small:5.0f} MB {large:5.0f} MB")
+            size *= 4
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program")
@@ -102,47 +217,11 @@ def main():
     parser.add_argument("--largest", type=int, default=20000)
     parser.add_argument("--runs", type=int, default=5)
     options = parser.parse_args()
-    program = str(pathlib.Path(options.program).resolve())
     with tempfile.TemporaryDirectory() as name:
-        folder = pathlib.Path(name)
-        letters = folder / "letters"
-        template = folder / "orders.docx"
-        subprocess.run([program, "--exit-status", "-xmlfile", SAMPLE, "-template", template, "-hidden"], check=True)
-
-        def filling(count, lines, *more):
-            output = letters / ("all.docx" if more else "{OrderNumber}.docx")
-            return [program, "--fill", template, "--data", write_records(folder, count, lines), "--output", output,
-                    *more]
-
-        count = options.records
-        print(f"processor seconds for {count} letters (median of {options.runs} runs), peak memory")
-        for title, lines, more in (("one file each", 1, ()), ("with a table of 10 rows", 10, ()),
-                                   ("all in one document", 1, ("--one-document",))):
-            seconds, memory = measure(filling(count, lines, *more), options.runs, letters)
-            print(f"  {title:26} mergeloom    {seconds:7.2f} s {memory:7.0f} MB")
-            if not more:
-                peer = [sys.executable, "-c", PYTHON_DOCX, template, count, lines, letters]
-                seconds, memory = measure(peer, 1, letters)
-                print(f"  {'':26} python3-docx {seconds:7.2f} s {memory:7.0f} MB")
-        template = folder / "orders.xlsx"
-        subprocess.run([program, "--exit-status", "-excel", "-xmlfile", SAMPLE, "-template", template, "-hidden"],
-                       check=True)
-        for title, lines in (("one workbook each", 1), ("with a table of 10 rows", 10)):
-            data = write_records(folder, count, lines)
-            seconds, memory = measure([program, "--fill", template, "--data", data, "--output",
-                                       letters / "{OrderNumber}.xlsx"], options.runs, letters)
-            print(f"  {title:26} mergeloom    {seconds:7.2f} s {memory:7.0f} MB")
-            peer = [sys.executable, "-c", PYTHON_OPENPYXL, template, count, lines, letters]
-            seconds, memory = measure(peer, 1, letters)
-            print(f"  {'':26} openpyxl     {seconds:7.2f} s {memory:7.0f} MB")
-        template = folder / "orders.docx"
-        print("growth: the time of twice as many records by that of once as many, memory of both")
-        size = count
-        while size <= options.largest:
-            once, small = measure(filling(size, 2), options.runs, letters)
-            twice, large = measure(filling(2 * size, 2), options.runs, letters)
-            print(f"  {size:7} and {2 * size:7} {twice / once:5.2f} {small:5.0f} MB {large:5.0f} MB")
-            size *= 4
+        benchmark = Benchmark(options, pathlib.Path(name))
+        benchmark.compare_letters()
+        benchmark.compare_workbooks()
+        benchmark.growth()
 
 
 if __name__ == "__main__":
