@@ -20,8 +20,8 @@ inline constexpr ErrorNumber kTemplateNotFound = 30014;
 /// Word's mail merge and the QUOTE and IF fields that Quillbind writes. A field becomes its data name as
 /// text, in the formatting of its result, with a bookmark of that name around it; a field without such a name
 /// is removed. A field in whose code several merge fields are nested becomes a place for each of their names,
-/// with a blank between them. In the code of a field that stays nothing is converted. The conversion is one
-/// step of the document's undo list. Converts one document at a time.
+/// with a blank between them. Fields in the code of a field that stays are not converted. The conversion is
+/// one step of the document's undo list. Converts one document at a time.
 class ConvertMailMergeFields {
   public:
     /// The office is started only for a document that is named by its path.
@@ -44,8 +44,8 @@ class ConvertMailMergeFields {
     void Execute();
 
     /// Converts QUOTE fields, named by the second piece of their code, and IF fields, named by the fifth,
-    /// unless fields nested in the code have the names. A code of fewer pieces is reported and ends the pass;
-    /// with another field in it, it is left as it is.
+    /// unless fields nested in the code have the names. A code of fewer pieces is reported and ends the pass,
+    /// unless another field is nested in it: such a field is not changed.
     void ConvertQuillbindFields(word::Document& document);
     /// Converts the fields of a mail merge, named by the second piece of their code. C++ keeps the name of
     /// the class itself for its constructors; reports call this procedure by that name.
@@ -68,7 +68,7 @@ class ConvertMailMergeFields {
         Fails,   ///< an earlier attempt at the same change failed; the document is unchanged
         Failed,  ///< the document may be half changed: it has to be taken back
     };
-    /// A change of a field that is known by its number in its pass.
+    /// The change of one field, which is identified by its number in its pass.
     struct Attempt {
         Pass pass = Pass::Quillbind;
         int number = 0;

@@ -49,8 +49,8 @@ std::string pieceOf(const std::string& code, std::size_t index) {
     return pieces[index];
 }
 
-/// Returns whether a QUOTE or an IF field has its text from a field that is no data place, such as a page's
-/// number.
+/// Returns true for a QUOTE or an IF field whose text is the result of a field that is no data place, such as
+/// a page number.
 bool isTextOfOtherField(word::Field& field, word::Range& code, word::Fields& nested, std::size_t ownPiece) {
     const WdFieldType type = field.Type();
     return (type == WdFieldType::wdFieldQuote || type == WdFieldType::wdFieldIf) && nested.Count() > 0 &&

@@ -14,7 +14,7 @@ inline constexpr ErrorNumber kOptionNotUnderstood = 5;
 /// Reads the options of a command line, each with the value after its "=" or in the next argument.
 class OptionReader {
   public:
-    /// The program's name appears in sentences. The arguments have to outlive it.
+    /// The program's name appears in sentences. The arguments must outlive it.
     OptionReader(std::string_view program, std::span<const std::string> arguments)
         : program_(program), arguments_(arguments) {}
 

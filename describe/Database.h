@@ -83,7 +83,7 @@ struct RowFilter {
     std::string value{};
 };
 
-/// The rows that are wanted of a table.
+/// A selection of rows of a table, with the rows that they refer to.
 ///
 /// A row consists of the values of the columns, those of the lookups, those of the keys of the joined tables,
 /// the outermost first, and those of the table's own key. The rows are ordered by these keys.
@@ -121,7 +121,7 @@ class Database {
 
     /// Returns the tables and views in the order of the database.
     [[nodiscard]] virtual const std::vector<Table>& tables() const = 0;
-    /// Returns sentences on what the database holds and cannot be described.
+    /// Returns sentences about the parts of the database that cannot be described.
     [[nodiscard]] virtual const std::vector<std::string>& remarks() const = 0;
     /// Raises kFileCouldNotBeRead with a sentence that names the database.
     virtual std::unique_ptr<Cursor> select(const RowQuery& query) = 0;

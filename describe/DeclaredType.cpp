@@ -16,7 +16,7 @@ struct TypeWord {
     ColumnType type;
 };
 
-/// The words of declarations. The first that occurs decides, so a word comes before those that it contains.
+/// The words of declarations. The first one that occurs determines the type, so longer words come first.
 constexpr std::array<TypeWord, 24> kTypeWords{{
     {"BOOL", ColumnType::Boolean},
     {"YESNO", ColumnType::Boolean},

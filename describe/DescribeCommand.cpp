@@ -75,7 +75,7 @@ RowFilter filterOn(const ObjectDesign& object, const RowFilter& filter) {
                  ".");
 }
 
-/// Decides for the columns of bytes which of them are pictures and leaves out the others.
+/// Removes the controls of columns of bytes that are not pictures.
 class PictureColumns {
   public:
     PictureColumns(Database& database, PictureFolder* folder, const DescribeEvents& events)

@@ -28,10 +28,10 @@ struct DescribeOptions {
     std::string source{};
     std::vector<std::string> objects{};  ///< "Orders" or "Form Orders"; all if there are none
     RecordChoice records{};
-    std::string output{};  ///< the file; empty for the standard output
+    std::string output{};  ///< the path of the document; empty to write it to the standard output
 };
 
-/// What a run reports to its user and asks of it.
+/// The connections of a run to its user.
 struct DescribeEvents {
     std::function<void(const std::string&)> remark;  ///< receives a sentence that the user should read
     std::function<bool()> isStopped;                 ///< returns true if the run is to end without a result
@@ -41,7 +41,7 @@ struct DescribeEvents {
 /// Describes a database by a structure document.
 class DescribeCommand {
   public:
-    /// All but the options have to outlive it.
+    /// All but the options must outlive it.
     DescribeCommand(DescribeOptions options, FileStore& files, const ValueFormat& format,
                     const DescribeEvents& events);
 

@@ -18,8 +18,8 @@ struct IsoDate {
     [[nodiscard]] std::string text() const;
 };
 
-/// Reads a date that stands alone in a text, with a blank or a "T" before its time. Returns none for other
-/// texts and for days and times that do not exist.
+/// Parses a text that is a date, a time, or a date and a time with a blank or a "T" between them. Returns
+/// none for other texts and for days and times that do not exist.
 std::optional<IsoDate> readIsoDate(std::string_view text);
 
 }  // namespace mergeloom::describe

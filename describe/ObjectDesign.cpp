@@ -10,7 +10,7 @@ namespace mergeloom::describe {
 
 namespace {
 
-/// A form of a form's form is as deep as a letter's tables are nested.
+/// The depth to which tables can be nested in a letter.
 constexpr std::size_t kMaxSubformDepth = 2;
 
 /// Databases join a limited number of tables in one query, SQLite 64. The lookups of further columns are left
@@ -63,7 +63,7 @@ class ObjectDesigner {
                });
     }
 
-    /// The columns of the link are left out of a subform, since they repeat the key of the form.
+    /// Omits the columns of the link, since they repeat the key of the form.
     [[nodiscard]] ObjectDesign formOf(const Table& table, const std::vector<const Table*>& around,
                                       const std::vector<std::string>& link) const {
         ObjectDesign form = object(StructureElement::Form, table);
@@ -74,7 +74,7 @@ class ObjectDesigner {
         return form;
     }
 
-    /// A table that refers to itself or, through others, to a table around it gets no subform again.
+    /// Skips tables that are already open around the form, since references may form a circle.
     void addSubforms(ObjectDesign& form, const Table& table, const std::vector<const Table*>& around) const {
         const auto found = references_.find(table.name);
         if (found == references_.end()) return;
@@ -89,7 +89,9 @@ class ObjectDesigner {
         }
     }
 
-    /// A control of the form may have the name of the table, and a table may refer to the form's twice.
+    /// Returns a name that is unique in the form: a control may have the name of the table, and a table may
+    /// refer
+    /// to the form's table twice.
     static std::string freeName(const ObjectDesign& form, const Reference& reference) {
         const std::string& table = reference.from->name;
         std::string name = table;

@@ -16,7 +16,7 @@ struct ControlDesign {
     ControlType type = ControlType::Textbox;
     Column column{};
     std::optional<Lookup> lookup{};  ///< of a Combobox
-    std::string image{};             ///< the path of a picture that stands for those of the records
+    std::string image{};             ///< the path of one of the pictures of the records
 };
 
 struct SubformDesign;

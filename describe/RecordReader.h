@@ -13,7 +13,7 @@ namespace mergeloom::describe {
 /// tables come in the order of the object's records, so that no record is kept.
 class RecordReader {
   public:
-    /// The database and the object have to outlive it. Raises kFileCouldNotBeRead.
+    /// The database and the object must outlive it. Raises kFileCouldNotBeRead.
     RecordReader(Database& database, const ObjectDesign& object, const std::optional<RowFilter>& filter);
 
     [[nodiscard]] const ObjectDesign& object() const { return object_; }

@@ -14,7 +14,7 @@ const std::string kRecords = StructureElementName(StructureElement::Records);
 const std::string kDisplayValue = StructureElementName(StructureElement::DisplayValue);
 const std::string kBoundValue = StructureElementName(StructureElement::BoundValue);
 
-/// Appends what is written to a text.
+/// Collects the written bytes in a text.
 class TextSink final : public ByteSink {
   public:
     void write(std::span<const char> bytes) override { text.append(bytes.data(), bytes.size()); }
@@ -37,7 +37,7 @@ std::string endTag(const std::string& name) {
     return "</" + name + ">";
 }
 
-/// Returns true if the text that is shown does not say all that the value is.
+/// Returns true if the displayed text does not determine the value.
 bool isStoredApart(ControlType type, ColumnType column) {
     return type == ControlType::Combobox || column == ColumnType::Boolean || column == ColumnType::Decimal ||
            column == ColumnType::Date || column == ColumnType::Time || column == ColumnType::DateAndTime;

@@ -15,7 +15,7 @@ namespace mergeloom::describe {
 /// Writes records of an object in the form that letters are filled from.
 class RecordWriter {
   public:
-    /// All but the object have to outlive it. Without a folder pictures are left out.
+    /// All but the object must outlive it. Without a folder pictures are left out.
     RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFolder* pictures,
                  const ObjectDesign& object);
 
@@ -23,7 +23,7 @@ class RecordWriter {
     void write(RecordReader& reader);
 
   private:
-    /// What is written of a control in each record.
+    /// The parts of a control's XML that are the same in each record.
     struct ControlMarkup {
         ControlType type = ControlType::Textbox;
         Column column{};

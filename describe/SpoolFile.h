@@ -7,7 +7,7 @@
 
 namespace mergeloom::describe {
 
-/// Keeps what is written until all of it is known to be right, in a temporary file without a name.
+/// Stores bytes in an unnamed temporary file until the whole output is complete.
 class SpoolFile final : public ByteSink {
   public:
     /// Raises kFileCouldNotBeSaved.

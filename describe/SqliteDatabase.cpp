@@ -181,7 +181,7 @@ class SqliteDatabase final : public Database {
         }
     }
 
-    /// Returns false for a view that refers to what is no longer there.
+    /// Returns false for a view whose tables or columns no longer exist.
     bool readTable(Table& table) {
         try {
             readColumns(table);

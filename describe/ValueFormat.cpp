@@ -107,7 +107,8 @@ void ValueFormat::writeInteger(std::int64_t number, const Column& column, ValueT
     writeNumber(static_cast<double>(number), digits, column, text);
 }
 
-/// A Decimal shows all its digits, in groups; other numbers show those that they have.
+/// Writes a Decimal with all its declared digits, in groups, and other numbers with the digits that they
+/// need.
 void ValueFormat::writeNumber(double number, std::string_view digits, const Column& column,
                               ValueText& text) const {
     text.stored = digits;

@@ -12,7 +12,7 @@ constexpr std::size_t kBufferSize = 65536;
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr std::string_view kReplacementBytes = "\xEF\xBF\xBD";
 
-/// Returns true for the bytes that stand for themselves.
+/// Returns true for a byte that needs no escape.
 constexpr bool isPlain(char byte) {
     return byte >= ' ' && byte != '<' && byte != '>' && byte != '&' && byte != '"' && byte != '\x7F';
 }
@@ -46,7 +46,7 @@ XmlStream& XmlStream::text(std::string_view text) {
     return *this;
 }
 
-/// Line ends and tabs are written by their numbers, since a reader changes them in attributes.
+/// Writes line ends and tabs as character references, since a parser normalises them in attributes.
 void XmlStream::writeCodePoint(char32_t codePoint) {
     switch (codePoint) {
         case U'<':

@@ -16,7 +16,7 @@ class XmlStream {
     XmlStream& markup(std::string_view xml);
     /// Writes the text of an element or, between quotation marks, that of an attribute.
     XmlStream& text(std::string_view text);
-    /// Passes on what is still in memory.
+    /// Writes the buffered text to the sink.
     void flush();
 
     /// Returns true if a character became U+FFFD.

@@ -40,7 +40,7 @@ class FieldSelection {
         isInserted_ = true;
         onInsert_();
     }
-    /// Returns whether the insert button was pressed.
+    /// Returns true if the insert button was pressed.
     [[nodiscard]] bool isInserted() const { return isInserted_; }
     void SetInsertHandler(std::function<void()> onInsert) { onInsert_ = std::move(onInsert); }
     [[nodiscard]] bool Visible() const { return visible_; }

@@ -4,7 +4,7 @@
 
 namespace mergeloom {
 
-/// Returns whether a file of the format with that number keeps the named places. In another format it is no
+/// Returns true if a file of the format with that number keeps the named places. In another format it is no
 /// template any more.
 bool keepsPlaces(DocumentFamily family, int format);
 

@@ -69,7 +69,7 @@ class DocumentHost {
     /// then keeps the former document.
     virtual void Open(const std::string& path, FileAccess access) = 0;
     virtual HostedDocument ActiveDocument() = 0;
-    /// Returns whether the office shows a dialog that the user has to close before anything else is done.
+    /// Returns true if the office shows a dialog that the user has to close before anything else is done.
     virtual bool hasOpenDialog() = 0;
     /// Takes over what the user is still typing into a cell, which is no change of the workbook before.
     virtual void endInput() = 0;
@@ -79,7 +79,7 @@ class DocumentHost {
     /// name and its mark Saved do not change. Raises kFileCouldNotBeSaved or kNotAvailable with a sentence
     /// that names the file, and leaves an existing file whole.
     virtual void ExportCopy(const std::string& path, int format) = 0;
-    /// Returns whether the document has changes that neither a save nor keepCopy has written.
+    /// Returns true if the document has changes that neither a save nor keepCopy has written.
     virtual bool hasChangesToKeep() = 0;
     /// Writes a copy of the document in the office's own format, which loses nothing. The document, its name
     /// and its mark Saved do not change. Raises the errors of ExportCopy.

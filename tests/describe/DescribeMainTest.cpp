@@ -17,7 +17,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-/// A small shop: each customer has orders and each order has lines.
+/// A small shop in which each customer has orders and each order has lines.
 constexpr const char* kShop = R"(
 CREATE TABLE customers (id INTEGER PRIMARY KEY, name VARCHAR(40), trade BOOLEAN);
 CREATE TABLE orders (

@@ -53,7 +53,8 @@ TEST_F(LetterRichText, FormattingJoinsThatOfThePlace) {
         << xml;
 }
 
-/// What belongs to one paragraph only stays with its first or its last part, and is joined again.
+/// A page break before and a section's end are kept by one of the paragraphs only, also when the letter is
+/// filled again.
 TEST_F(LetterRichText, ParagraphsThatAreAddedDoNotRepeatSectionsAndPageBreaks) {
     const std::string list = "<w:numPr><w:numId w:val=\"1\"/></w:numPr>";
     const std::string section = "<w:sectPr><w:pgSz w:w=\"5\"/></w:sectPr>";

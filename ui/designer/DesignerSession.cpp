@@ -156,7 +156,7 @@ void DesignerSession::openFirst() {
                  });
 }
 
-/// While a command or a question is waited for, the next time has to do.
+/// Skips this copy while a command or a question is in progress.
 void DesignerSession::keepCopy() {
     if (isFree()) post([this] { lifecycle_.KeepCopy(); });
 }
@@ -241,7 +241,7 @@ void DesignerSession::removePlace(const QString& name) {
     });
 }
 
-/// The user can change what the sentence of an error tells; other errors are reported.
+/// Shows an error that has a sentence for the user in a message box, and reports other errors.
 void DesignerSession::workOnPlace(const std::function<void(DocumentHost&)>& work) {
     if (!isFree()) return;
     Q_EMIT commandBegun();

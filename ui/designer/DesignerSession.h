@@ -74,9 +74,9 @@ class DesignerSession final : public QObject, private LifecycleView {
     bool insertAtCaret();
     /// Returns what became of the last drop.
     [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
-    /// Asks for the places of the document, which placesFound tells. Does not wait.
+    /// Starts the search for the places of the document and returns at once. Emits placesFound at its end.
     void findPlaces();
-    /// Work on a place; errors are shown to the user.
+    /// Select, rename or remove a place. Show errors to the user.
     void goToPlace(const QString& name);
     void renamePlace(const QString& name, const QString& newName);
     void removePlace(const QString& name);

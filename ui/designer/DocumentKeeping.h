@@ -26,7 +26,7 @@ class DocumentKeeping {
     std::optional<KeptCopy> offer(const std::string& file);
     /// Removes the copy: the document was saved, or its changes were discarded.
     void forget() { copies_.removeOwn(); }
-    /// Leaves the copy for a later start.
+    /// Keeps the copy for a later start.
     void leave() { copies_.release(); }
 
   private:

@@ -36,7 +36,7 @@ class TreeUnhooking {
     DropTree& tree_;
 };
 
-/// Remembers whether the user chose fields.
+/// Records if the user chose fields in another dialog.
 class WatchedFieldDialog final : public FieldDialog {
   public:
     explicit WatchedFieldDialog(FieldDialog& dialog) : dialog_(dialog) {}

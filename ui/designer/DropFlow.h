@@ -45,10 +45,10 @@ class DropProgress final : public QObject, public Progress {
     QElapsedTimer sinceShown_;
 };
 
-/// The reasons for which nothing was inserted, as far as no message told them.
+/// The reasons for an empty drop for which no message is shown.
 enum class DropRefusal { None, NotDraggable, NoText, ReadOnly, NothingChosen };
 
-/// What became of a drop, besides its success.
+/// The place of a drop, or the reason why nothing was inserted.
 struct DropReport {
     std::string place;  ///< a story of the document, as Range::storyName returns it, or the address of a cell
     DropRefusal refusal = DropRefusal::None;
@@ -79,7 +79,7 @@ class DropFlow {
     bool drop(HostPoint point);
     /// Drops at the caret, without a mouse.
     bool insertAtCaret();
-    /// Returns what became of the last drop.
+    /// Returns the report of the last drop.
     [[nodiscard]] const DropReport& report() const { return report_; }
 
   private:

@@ -63,7 +63,7 @@ class HostEvents final : public QObject, public HostListener {
     void ended();
 };
 
-/// Returns whether the office waits for the user's answer in a dialog of its own, and tells the user so.
+/// Returns true, after a message to the user, if the office shows a modal dialog.
 bool refusesUnderDialog(DocumentHost& host, Messages& messages);
 
 /// Returns whether the document was opened for reading only, and tells the user so.

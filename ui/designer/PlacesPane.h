@@ -16,7 +16,7 @@ class PlacesPane final : public QWidget {
   public:
     explicit PlacesPane(QWidget* parent);
 
-    /// A place, and the text that tells what it is a place for; empty when that is not known.
+    /// A place and the name of its source, which is empty if the source is unknown.
     struct Entry {
         QString name;
         QString source;

@@ -15,7 +15,7 @@ class RecentFiles final : public QObject {
     Q_OBJECT
 
   public:
-    /// The settings have to outlive it.
+    /// The settings must outlive it.
     RecentFiles(QSettings& settings, const char* kind);
 
     /// Puts a file at the beginning of the list.
@@ -40,7 +40,7 @@ class RecentMenu final : public QObject {
     Q_OBJECT
 
   public:
-    /// The menu and the files have to outlive it.
+    /// The menu and the files must outlive it.
     RecentMenu(QMenu& menu, RecentFiles& files, QObject* parent);
 
   Q_SIGNALS:

@@ -7,8 +7,8 @@ class QVBoxLayout;
 
 namespace mergeloom {
 
-/// Shown in place of the tree while there is no structure document: says what the program does, and offers
-/// the recent documents and the sample.
+/// A page that replaces the tree while no structure document is loaded. It explains the program in two lines
+/// and offers the recent documents and the sample.
 class StartPage final : public QWidget {
     Q_OBJECT
 

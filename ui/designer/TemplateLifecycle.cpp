@@ -92,7 +92,7 @@ std::string TemplateLifecycle::newName() const {
     return std::string(ports_.office.texts().newCaption) + "." + ports_.office.defaultExtension();
 }
 
-/// An office that has ended has no document, and says so itself.
+/// Ignores the error of an office that has ended, which is reported elsewhere.
 void TemplateLifecycle::ShowChanges() try {
     model::OfficeDocument* const document = documentOrNone();
     ports_.view.showChanges(document != nullptr && !document->Saved());
@@ -204,7 +204,7 @@ bool TemplateLifecycle::SaveTemplate(SaveTarget target) {
 bool TemplateLifecycle::saveIn(const std::string& path) {
     const std::string office = ports_.office.texts().officeName;
     model::OfficeDocument& document = *ports_.office.document();
-    // A document that is read, or a copy, bears the name of a file that is not its own.
+    // A read-only document and a copy have the name of a file that is not locked by this window.
     const bool isOwn = access_ == FileAccess::Edit && equalsIgnoringCase(templatePath_, path);
     std::shared_ptr<DocumentLock> lock = isOwn ? lock_ : std::make_shared<DocumentLock>(path);
     if (!isOwn && ports_.files.exists(path) && ports_.files.isLocked(path)) {
@@ -295,7 +295,7 @@ bool TemplateLifecycle::waitsForDialog() {
     return waits;
 }
 
-/// A document that was restored bears the name of the copy that was kept.
+/// A restored document has the file name of its kept copy.
 std::string TemplateLifecycle::nameOf(model::OfficeDocument& document) const {
     return templatePath_.empty() ? document.Name() : fileNameOnly(templatePath_);
 }

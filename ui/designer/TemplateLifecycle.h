@@ -97,7 +97,7 @@ class TemplateLifecycle {
     void Terminate();
 
   private:
-    /// Returns whether the office has an open dialog; tells the user so.
+    /// Returns true if the office has an open dialog; tells the user so.
     bool waitsForDialog();
     bool createNew();
     bool open(const std::string& file);

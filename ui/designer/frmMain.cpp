@@ -33,7 +33,7 @@ using FieldConversion = DesignerActions::FieldConversion;
 /// document.
 constexpr int kTreePart = 4;
 
-/// The places take this part of the tree's height at first.
+/// The initial height of the list of places as a part of the tree's height.
 constexpr int kPlacesPart = 6;
 
 constexpr const char* kDocumentTopic = "drag-field.html";

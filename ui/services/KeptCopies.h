@@ -21,7 +21,7 @@ struct KeptCopy {
 /// long as the window lives, and remains when the window ends without removing it.
 class KeptCopies {
   public:
-    /// The folder is made when it is needed first. The files have to outlive this object.
+    /// The folder is made when it is needed first. The files must outlive this object.
     KeptCopies(FileStore& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
 
     /// Returns the path for the copy of this window's document, and notes the document's own file. Raises
@@ -29,11 +29,11 @@ class KeptCopies {
     std::string pathFor(const std::string& original, const std::string& extension);
     /// Returns this window's copy; none when none was made.
     [[nodiscard]] std::optional<KeptCopy> own() const;
-    /// Returns the copies with the extension that windows left behind, the newest first.
+    /// Returns the copies of windows that have ended, with that extension, the newest first.
     [[nodiscard]] std::vector<KeptCopy> left(const std::string& extension) const;
-    /// Makes a copy that was left behind this window's own. Returns false when another window has it by now.
+    /// Takes over the copy of a window that has ended. Returns false if another window has taken it.
     bool adopt(const KeptCopy& copy);
-    /// Leaves this window's copy behind.
+    /// Unlocks this window's copy without removing it, so that a later window can offer it.
     void release();
     /// Removes this window's copy. Raises kPermissionDenied with a sentence that names the file.
     void removeOwn();

@@ -41,7 +41,7 @@ bool goToNearestParagraph(AccessibleSpot& spot);
 
 [[nodiscard]] bool isDocument(sal_Int16 role);
 [[nodiscard]] bool isParagraph(sal_Int16 role);
-/// Returns whether objects of the role hold paragraphs, with blank space between them.
+/// Returns true if objects of the role hold paragraphs, with blank space between them.
 [[nodiscard]] bool holdsText(sal_Int16 role);
 
 }  // namespace mergeloom::libreoffice

@@ -22,7 +22,7 @@ enum class CaretPlacement {
 /// The place at a point of the window.
 struct CaretTarget {
     CaretPlacement placement = CaretPlacement::Nowhere;
-    AccessibleSpot spot;      ///< in the object that the point is in; in a blank part, in what holds it
+    AccessibleSpot spot;      ///< in the innermost object at the point
     sal_Int32 character = 0;  ///< the one at the point, in a text
 };
 

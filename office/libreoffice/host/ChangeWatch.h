@@ -9,8 +9,8 @@
 
 namespace mergeloom::libreoffice {
 
-/// Watches documents for their first change and for the end of all changes. Hears nothing of the changes in
-/// between, which would cost a call each.
+/// Watches documents for their first change and for the end of all changes. Ignores the changes in
+/// between, each of which would cost a call.
 class ChangeWatch final : public cppu::WeakImplHelper1<css::document::XDocumentEventListener> {
   public:
     /// The sink is called by threads of the bridge, while the office waits.

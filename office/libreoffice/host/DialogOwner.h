@@ -8,7 +8,7 @@ namespace mergeloom::libreoffice {
 /// which no window manager knows, so they would cover the questions of that window.
 class DialogOwner {
   public:
-    /// The window system has to outlive it; its events have to be passed to handle().
+    /// The window system must outlive it; its events have to be passed to handle().
     DialogOwner(const WindowSystem& windows, xcb_window_t host, xcb_window_t top);
 
     void handle(const xcb_generic_event_t& event) const;

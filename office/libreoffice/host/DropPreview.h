@@ -13,11 +13,11 @@ namespace mergeloom::libreoffice {
 /// members are to be called within a call of the connection, except hide().
 class DropPreview {
   public:
-    /// The window system has to outlive it.
+    /// The window system must outlive it.
     explicit DropPreview(const WindowSystem& windows) : windows_(windows), mark_(windows) {}
 
     /// Scrolls when the point is near an edge of the document and enough time has passed since the last time.
-    /// Returns whether the view is scrolled, after which the place at the point is another one.
+    /// Returns true if the view is scrolled, after which the place at the point is another one.
     bool scroll(xcb_window_t office, HostPoint point, const css::awt::Rectangle& documentArea);
     /// Returns true once the drag has been over the same sheet's tab for some time.
     bool restsOnTab(const CaretTarget& target);

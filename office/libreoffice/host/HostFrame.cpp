@@ -72,8 +72,8 @@ bool hasBookmarks(const Properties& settings) {
            settings->getPropertySetInfo()->hasPropertyByName(OUString::createFromAscii(kBookmarks));
 }
 
-/// Fits a page to the width of the window, which goes on while the window changes its size. Returns whether
-/// its zoom is below the given one; never for a workbook, which has no pages in its view.
+/// Fits the page to the width of the window, also when the window is resized later. Returns true if the zoom
+/// is then below the given one, and false for a workbook, whose view has no pages.
 bool isPageWiderThanWindow(const Properties& settings, int percent) {
     if (!hasBookmarks(settings)) return false;
     settings->setPropertyValue("ZoomType", css::uno::Any(css::view::DocumentZoomType::PAGE_WIDTH));
@@ -118,8 +118,8 @@ DocumentKind HostFrame::kind() const {
     return cells.is() ? DocumentKind::Excel : DocumentKind::Word;
 }
 
-/// The office may not be ended while a modal dialog is open, but while a modeless one is. A new listener is
-/// told the current status at once.
+/// The command that ends the office is disabled exactly while a modal dialog is open. A new listener receives
+/// the current status at once.
 bool HostFrame::hasOpenDialog() const {
     const Reference<css::frame::XDispatch> quitting =
         interceptor_->getSlaveDispatchProvider()->queryDispatch(quit_, {}, 0);

@@ -29,7 +29,7 @@ class HostFrame {
     /// Returns the document; none when it is closed, which closes the frame, too.
     [[nodiscard]] DocumentReference document() const;
     [[nodiscard]] DocumentKind kind() const;
-    /// Returns whether a dialog is open that keeps the user from the document.
+    /// Returns true if a dialog is open that keeps the user from the document.
     [[nodiscard]] bool hasOpenDialog() const;
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 

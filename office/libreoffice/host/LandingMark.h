@@ -10,7 +10,7 @@ namespace mergeloom::libreoffice {
 /// draws its own caret only while it has the keyboard, and would lose the selection to it.
 class LandingMark {
   public:
-    /// The window system has to outlive it.
+    /// The window system must outlive it.
     explicit LandingMark(const WindowSystem& windows) : windows_(windows) {}
     LandingMark(const LandingMark&) = delete;
     LandingMark& operator=(const LandingMark&) = delete;

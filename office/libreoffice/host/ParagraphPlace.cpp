@@ -14,7 +14,7 @@ bool isInLine(const Rectangle& character, Point point) {
     return character.Y <= point.Y && point.Y < character.Y + character.Height;
 }
 
-/// Returns whether a caret before the character is before the point in reading order.
+/// Returns true if a caret before the character is before the point in reading order.
 bool isBefore(const Rectangle& character, Point point) {
     if (isInLine(character, point)) return character.X + character.Width / 2 < point.X;
     return character.Y < point.Y;

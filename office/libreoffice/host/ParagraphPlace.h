@@ -17,7 +17,7 @@ css::awt::Rectangle caretNear(const ParagraphReference& paragraph, css::awt::Poi
 /// Returns the same for a caret before the character.
 css::awt::Rectangle caretBefore(const ParagraphReference& paragraph, sal_Int32 character);
 
-/// Returns whether the character is selected. To be called within a call of the connection.
+/// Returns true if the character is selected. To be called within a call of the connection.
 bool isSelected(const ParagraphReference& paragraph, sal_Int32 character);
 
 }  // namespace mergeloom::libreoffice

@@ -11,7 +11,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// The buttons of the mouse that stand for the wheel's directions.
+/// The mouse buttons that X uses for the wheel.
 enum class WheelTurn : std::uint8_t { Up = 4, Down = 5, Left = 6, Right = 7 };
 
 /// A connection of our own to the X server of the environment variable DISPLAY. For windows that are gone,

@@ -340,7 +340,7 @@ bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) {
     return recovery.is() && recovery->wasModifiedSinceLastSave();
 }
 
-/// The office counts this as a save for recovery only.
+/// Stores a recovery file, which does not change the document's mark Saved.
 void LibreOfficeFiles::keepCopy(const DocumentReference& document, const std::string& path) try {
     const std::string copy = scratch_.forCopy(path);
     const ScopedTempFile temporary(scratch_, copy);

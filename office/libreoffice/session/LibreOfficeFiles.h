@@ -69,7 +69,7 @@ class LibreOfficeFiles {
     /// Writes a copy of the document in the format. Does not change the document or its modified flag. Raises
     /// the same errors as save, except about macros, which the document keeps.
     void exportCopy(const DocumentReference& document, const std::string& path, SaveFormat format);
-    /// Returns whether the document has changes that were neither saved nor kept. Must be called within
+    /// Returns true if the document has changes that were neither saved nor kept. Must be called within
     /// OfficeConnection::call.
     static bool hasChangesToKeep(const DocumentReference& document);
     /// Writes a copy of the document in the office's own format, for a later start. Does not change the

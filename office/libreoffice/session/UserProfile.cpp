@@ -14,7 +14,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// More windows than that have profiles that are not kept.
+/// The number of windows whose profiles are kept at the same time.
 constexpr int kMaxProfiles = 20;
 
 std::string variable(const char* name) {
