@@ -26,8 +26,8 @@ class OptionReader {
 
     /// Returns true and moves on if the next argument is this option.
     bool takeFlag(std::string_view name);
-    /// Returns true, replaces the value and moves on if the next argument is this option. The meaning names
-    /// what the sentence about a missing value asks for. Raises kOptionNotUnderstood.
+    /// Returns true, replaces the value and moves on if the next argument is this option. The meaning
+    /// describes the value in the sentence about a missing one. Raises kOptionNotUnderstood.
     bool takeWithValue(std::string_view name, std::string_view meaning, std::string& value);
 
     /// Returns the next argument, which is no option, and moves on.

@@ -97,7 +97,7 @@ class TemplateLifecycle {
     void Terminate();
 
   private:
-    /// Returns true if the office has an open dialog; tells the user so.
+    /// Returns true, after a message to the user, if the office has an open dialog.
     bool waitsForDialog();
     bool createNew();
     bool open(const std::string& file);
