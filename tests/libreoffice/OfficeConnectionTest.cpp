@@ -18,8 +18,8 @@ using namespace std::chrono_literals;
 
 class OfficeConnectionTest : public ::testing::Test {
   protected:
-    /// The bound of a call leaves a busy machine time to make a document; the test of an office that hangs waits
-    /// that long.
+    /// The bound of a call leaves a busy machine time to make a document; the test of an office that hangs
+    /// waits that long.
     static constexpr std::chrono::seconds kCallBound = 10s;
 
     /// Asks the document for its text.

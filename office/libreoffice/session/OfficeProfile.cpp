@@ -49,6 +49,7 @@ constexpr Setting kShown[] = {
     {"Office.UI.Infobar/Enabled", "Donate", "false"},
     {"Office.UI.Infobar/Enabled", "GetInvolved", "false"},
     {"Office.UI.Infobar/Enabled", "HyphenationMissing", "false"},
+    {"Office.UI.Infobar/Enabled", "MacrosDisabled", "false"},
     {"Setup/Office", "MigrationCompleted", "true"},
     {"Office.Recovery/AutoSave", "Enabled", "false"},
     {"Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
