@@ -34,6 +34,10 @@ FLOORS = {
         "office/embedded/excel", "office/embedded/sheet", "office/embedded/parts", "office/opc", "office/model",
         "office/formats", "base",
     ],
+    "office/graft": [
+        "office/embedded/word", "office/embedded/text", "office/embedded/parts", "office/opc", "office/model",
+        "office/formats", "base",
+    ],
     "office/libreoffice/entry": ["office/model", "base"],
     "office/libreoffice/calls": ["office/opc", "office/model", "base"],
     "office/libreoffice/session": [
@@ -67,7 +71,7 @@ FLOORS = {
     ],
     "office/factory": [
         "office/embedded/word", "office/embedded/letters", "office/embedded/excel", "office/embedded/books",
-        "office/libreoffice/entry", "office/model", "base",
+        "office/graft", "office/libreoffice/entry", "office/model", "base",
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
@@ -98,7 +102,7 @@ LIBRARIES = {
     "pugixml.hpp": [
         "xml", "office/opc", "office/embedded/parts", "office/embedded/text", "office/embedded/word",
         "office/embedded/letters", "office/embedded/sheet", "office/embedded/excel", "office/embedded/books",
-        "office/libreoffice/readback", "office/libreoffice/remote",
+        "office/graft", "office/libreoffice/readback", "office/libreoffice/remote",
     ],
 }
 

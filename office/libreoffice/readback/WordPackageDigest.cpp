@@ -1,4 +1,5 @@
 #include "office/libreoffice/readback/ContentDigest.h"
+#include "office/model/word/FieldCode.h"
 #include "office/opc/Package.h"
 #include "office/opc/XmlPart.h"
 
@@ -14,14 +15,6 @@ namespace {
 /// Elements without text of their own: deleted text, repeated text and text that an office generates again.
 constexpr std::string_view kSkipped[] = {"w:del", "w:moveFrom", "mc:Fallback", "w:rt"};
 constexpr std::string_view kDocument = "/word/document.xml";
-
-/// Returns whether the result of a field is text of the document.
-bool hasOwnText(std::string_view code) {
-    const std::size_t from = code.find_first_not_of(' ');
-    if (from == std::string_view::npos) return false;
-    code.remove_prefix(from);
-    return code.starts_with("FORMTEXT") || code.starts_with("HYPERLINK") || code.starts_with("FILLIN");
-}
 
 class WordReader {
   public:
@@ -48,7 +41,7 @@ class WordReader {
         if (name == "w:bookmarkStart")
             return story_.beginPlace(element.attribute("w:id").value(), element.attribute("w:name").value());
         if (name == "w:bookmarkEnd") return story_.endPlace(element.attribute("w:id").value());
-        if (name == "w:fldSimple" && !hasOwnText(element.attribute("w:instr").value())) return;
+        if (name == "w:fldSimple" && !word::hasTextOfItsOwn(element.attribute("w:instr").value())) return;
         if (isIndex(element) || isCovered(element)) return;
         if (isStoryOfItsOwn(element)) return WordReader(story_.digest()).read(element);
         read(element);
@@ -65,7 +58,9 @@ class WordReader {
                element.child("w:pPr").child("w:framePr");
     }
     void readText(const pugi::xml_node& element) {
-        const auto counts = [](const Field& field) { return !field.isInCode && hasOwnText(field.code); };
+        const auto counts = [](const Field& field) {
+            return !field.isInCode && word::hasTextOfItsOwn(field.code);
+        };
         if (std::ranges::all_of(fields_, counts)) story_.add(element.text().get());
     }
     void readCode(const pugi::xml_node& element) {

@@ -93,6 +93,11 @@ WdFieldType typeOfCode(std::string_view code) {
     return found == std::end(kKeywords) ? WdFieldType::wdFieldEmpty : found->type;
 }
 
+bool hasTextOfItsOwn(std::string_view code) {
+    skipSeparators(code);
+    return code.starts_with("FORMTEXT") || code.starts_with("HYPERLINK") || code.starts_with("FILLIN");
+}
+
 bool isInMailMergeFields(WdFieldType type) {
     switch (type) {
         case WdFieldType::wdFieldMergeField:

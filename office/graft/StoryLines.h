@@ -1,0 +1,79 @@
+#pragma once
+
+#include "office/embedded/text/Story.h"
+#include "office/graft/CanonicalXml.h"
+
+#include <cstdint>
+#include <map>
+#include <pugixml.hpp>
+#include <string>
+#include <vector>
+
+namespace mergeloom::graft {
+
+/// The mark at which a line of a story ends.
+enum class LineEnd : std::uint8_t { Paragraph, Cell, Row };
+
+/// Numbers for formats in canonical form. Equal formats have equal numbers.
+class FormatNumbers {
+  public:
+    int of(const std::string& format) {
+        return numbers_.try_emplace(format, static_cast<int>(numbers_.size())).first->second;
+    }
+
+  private:
+    std::map<std::string, int> numbers_;
+};
+
+/// A visible piece of a line: a character, an object, or a field whose text the office makes.
+struct Unit {
+    char32_t code = 0;
+    CharacterPosition start;
+    CharacterPosition end;
+    int format = 0;      ///< of its run and the containers around it; only of an export
+    pugi::xml_node run;  ///< none for a field
+};
+
+/// Stand in a line for what has no character.
+inline constexpr char32_t kObject = U'\xFFFC';
+inline constexpr char32_t kField = U'\xFFFB';
+
+/// A paragraph with the mark that ends it, or the end of a row.
+struct Line {
+    std::vector<Unit> units;
+    CharacterPosition start;
+    CharacterPosition mark;  ///< the position before the mark
+    LineEnd end = LineEnd::Paragraph;
+    int depth = 0;        ///< of tables around it; a row's end is inside its table
+    pugi::xml_node node;  ///< the paragraph or the row
+    std::string key;      ///< equal for lines that two exports show alike; only of an export
+
+    [[nodiscard]] std::u32string text() const;
+};
+
+/// Returns a text for comparisons of lines of different writers: characters, the mark and the depth.
+std::string textKeyOf(const Line& line);
+
+/// Returns the beginning of a line's text for a message.
+std::string shownText(const Line& line);
+
+/// Reads the lines of stories.
+class LineReader {
+  public:
+    /// For documents of any writer.
+    LineReader() = default;
+    /// For exports, whose lines get keys and formats. Both objects must outlive this.
+    LineReader(const CanonicalXml& canonical, FormatNumbers& formats)
+        : canonical_(&canonical), formats_(&formats) {}
+
+    [[nodiscard]] std::vector<Line> read(embedded::Story& story) const;
+
+  private:
+    void describe(const embedded::Story& story, Line& line) const;
+    [[nodiscard]] int formatOf(const embedded::Story& story, pugi::xml_node run) const;
+
+    const CanonicalXml* canonical_ = nullptr;
+    FormatNumbers* formats_ = nullptr;
+};
+
+}  // namespace mergeloom::graft
