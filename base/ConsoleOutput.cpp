@@ -42,7 +42,7 @@ void writeConsoleText(std::ostream& stream, std::string_view text, std::string_v
 }
 
 MessageAnswer ConsoleMessages::show(const Message& message) {
-    const MessageAnswer answer = defaultAnswer(message.buttons);
+    const MessageAnswer answer = defaultAnswer(message);
     const bool isQuestion = message.buttons != MessageButtons::Ok;
     const std::string button = answer == MessageAnswer::Yes ? " [Yes]" : " [OK]";
     writeConsoleText(stream_, isQuestion ? message.text + button : message.text);

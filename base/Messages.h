@@ -8,17 +8,27 @@ enum class MessageIcon { None, Exclamation, Question, Information, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
+/// The button that the Return key gives. Cancel is for questions after which something may be lost.
+enum class DefaultButton { First, Cancel };
+
 /// A message box: its text, its icon and its buttons.
 struct Message {
     std::string text;
     MessageIcon icon = MessageIcon::None;
     MessageButtons buttons = MessageButtons::Ok;
+    DefaultButton preferred = DefaultButton::First;
 };
 
 /// Returns the first button, which is the answer when no user is present.
 constexpr MessageAnswer defaultAnswer(MessageButtons buttons) {
     const bool yesIsFirst = buttons == MessageButtons::YesNo || buttons == MessageButtons::YesNoCancel;
     return yesIsFirst ? MessageAnswer::Yes : MessageAnswer::Ok;
+}
+
+/// Returns the message's default button.
+constexpr MessageAnswer defaultAnswer(const Message& message) {
+    return message.preferred == DefaultButton::Cancel ? MessageAnswer::Cancel
+                                                      : defaultAnswer(message.buttons);
 }
 
 /// Shows messages and questions to the user: as message boxes in the designer, as lines on standard error in

@@ -62,8 +62,8 @@ FLOORS = {
         "office/libreoffice/session", "office/libreoffice/readback", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/host": [
-        "office/libreoffice/session", "office/libreoffice/remote", "office/libreoffice/excel", "office/model",
-        "office/formats", "base",
+        "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/remote",
+        "office/libreoffice/excel", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/module": [
         "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/remote",

@@ -7,6 +7,7 @@
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/letters/EmbeddedLetters.h"
 #include "office/embedded/word/EmbeddedOffice.h"
+#include "office/graft/PackageGraft.h"
 #include "office/libreoffice/entry/OfficeModule.h"
 #include "office/model/FileConverter.h"
 
@@ -121,7 +122,8 @@ std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {
 
 std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window, DocumentKind kind,
                                                HostListener& listener) {
-    return libreOfficeModule().makeDocumentHost(files, window, kind, listener);
+    static const std::unique_ptr<model::PackageGraft> graft = graft::makePackageGraft();
+    return libreOfficeModule().makeDocumentHost(files, window, kind, listener, *graft);
 }
 
 }  // namespace mergeloom

@@ -1,5 +1,6 @@
 #include "office/graft/PackageGraft.h"
 
+#include "office/graft/Losses.h"
 #include "office/graft/WordGraft.h"
 #include "office/opc/PartName.h"
 #include "office/opc/ZipReader.h"
@@ -11,28 +12,7 @@ namespace mergeloom::graft {
 
 namespace {
 
-class OpenPackagingGraft final : public model::PackageGraft {
-  public:
-    [[nodiscard]] bool covers(DocumentKind kind) const override { return kind == DocumentKind::Word; }
-
-    [[nodiscard]] model::GraftResult graft(const model::EditedPackage& package) const override {
-        return graftDocument(package);
-    }
-
-    [[nodiscard]] std::optional<model::GraftRefusal> findFault(const model::EditedPackage& package,
-                                                               const std::string& editedAgain,
-                                                               const std::string& proof) const override {
-        return findFaultInDocument(package, editedAgain, proof);
-    }
-};
-
-}  // namespace
-
-std::unique_ptr<model::PackageGraft> makePackageGraft() {
-    return std::make_unique<OpenPackagingGraft>();
-}
-
-model::KeptEntries keptEntries(const std::string& original, const std::string& grafted) {
+model::KeptEntries countKept(const std::string& original, const std::string& grafted) {
     const opc::ZipReader former(original, "original");
     const opc::ZipReader now(grafted, "grafted");
     std::map<std::string_view, std::string_view> packed;
@@ -46,6 +26,36 @@ model::KeptEntries keptEntries(const std::string& original, const std::string& g
         if (found != packed.end() && found->second == entry.raw) ++kept.unchanged;
     }
     return kept;
+}
+
+class OpenPackagingGraft final : public model::PackageGraft {
+  public:
+    [[nodiscard]] bool covers(DocumentKind) const override { return false; }
+
+    [[nodiscard]] model::GraftResult graft(const model::EditedPackage& package) const override {
+        return graftDocument(package);
+    }
+
+    [[nodiscard]] std::string lossesOf(const model::EditedPackage& package) const override {
+        return lossesBetween(package.original, package.baseline);
+    }
+
+    [[nodiscard]] model::KeptEntries keptEntries(const std::string& original,
+                                                 const std::string& grafted) const override {
+        return countKept(original, grafted);
+    }
+
+    [[nodiscard]] std::optional<model::GraftRefusal> findFault(const model::EditedPackage& package,
+                                                               const std::string& editedAgain,
+                                                               const std::string& proof) const override {
+        return findFaultInDocument(package, editedAgain, proof);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<model::PackageGraft> makePackageGraft() {
+    return std::make_unique<OpenPackagingGraft>();
 }
 
 }  // namespace mergeloom::graft

@@ -3,11 +3,18 @@
 #include "base/AutomationError.h"
 #include "office/model/Object.h"
 
+#include <optional>
 #include <source_location>
 #include <string>
 #include <utility>
 
 namespace mergeloom::model {
+
+/// The entries of a saved package, for a message.
+struct KeptEntries {
+    int unchanged = 0;
+    int all = 0;
+};
 
 /// One open document: a Word document or an Excel workbook.
 class OfficeDocument : public Object {
@@ -22,6 +29,15 @@ class OfficeDocument : public Object {
     /// Raises kFileCouldNotBeSaved, with a sentence that gives the reason, and leaves an existing file whole.
     virtual void Save() = 0;
 
+    /// Takes a file for the original of a document that was opened from a copy: saves repeat the changes on
+    /// it. Does nothing in an office that loses nothing of a file. Raises kFileCouldNotBeRead.
+    virtual void useOriginal(const std::string& path) { static_cast<void>(path); }
+    /// Lets all later saves write what the office makes of the document, with the losses of LossySave.
+    virtual void giveUpOriginal() {}
+    /// Returns how many entries of the original's package the last save kept byte for byte; none when it
+    /// repeated nothing on an original.
+    virtual std::optional<KeptEntries> keptEntries() { return {}; }
+
     /// Undoes the last steps. Returns false when there was nothing to undo.
     virtual bool Undo(int times) = 0;
 };
@@ -32,6 +48,20 @@ class DifferingCopy final : public AutomationError {
   public:
     DifferingCopy(const std::string& sentence, std::string bytes,
                   const std::source_location& place = std::source_location::current())
+        : AutomationError(kFileCouldNotBeSaved, sentence, place), bytes_(std::move(bytes)) {}
+
+    [[nodiscard]] const std::string& bytes() const { return bytes_; }
+
+  private:
+    std::string bytes_;
+};
+
+/// Raised by a save that could not repeat the changes on the original file. Nothing was written; the bytes
+/// are what the office makes of the document.
+class LossySave final : public AutomationError {
+  public:
+    LossySave(const std::string& sentence, std::string bytes,
+              const std::source_location& place = std::source_location::current())
         : AutomationError(kFileCouldNotBeSaved, sentence, place), bytes_(std::move(bytes)) {}
 
     [[nodiscard]] const std::string& bytes() const { return bytes_; }

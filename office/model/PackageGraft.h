@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/model/DocumentHost.h"
+#include "office/model/OfficeDocument.h"
 
 #include <optional>
 #include <string>
@@ -11,7 +12,8 @@ namespace mergeloom::model {
 /// The packages of a document that was edited by an office that writes Open Packaging files with loss.
 struct EditedPackage {
     DocumentKind kind = DocumentKind::Word;
-    std::string fileName;         ///< of the original, for messages
+    int format = 0;               ///< of the file to write: WdSaveFormat's or XlFileFormat's number
+    std::string fileName;         ///< of that file, for messages
     const std::string& original;  ///< the file as it was opened
     const std::string& baseline;  ///< the office's export of the document as it was opened
     const std::string& edited;    ///< the office's export of the document as it is now
@@ -47,6 +49,13 @@ class PackageGraft {
     [[nodiscard]] virtual bool covers(DocumentKind kind) const = 0;
     /// Raises kFileCouldNotBeRead, with a sentence, for bytes that are no such document.
     [[nodiscard]] virtual GraftResult graft(const EditedPackage& package) const = 0;
+    /// Returns what the original holds that the office's export of it lacks, as a list for a message; empty
+    /// when nothing is known.
+    [[nodiscard]] virtual std::string lossesOf(const EditedPackage& package) const = 0;
+    /// Returns how many of the entries of a package are those of the original, byte for byte as they are
+    /// packed. Folders do not count.
+    [[nodiscard]] virtual KeptEntries keptEntries(const std::string& original,
+                                                  const std::string& grafted) const = 0;
     /// Compares the office's export of the grafted package with that of the edited document; returns the
     /// first difference that is not the office's own, or none. An office does not write all that it made
     /// itself as it reads it: each block of the proof may equal the edited document's or that of the edited
@@ -54,12 +63,6 @@ class PackageGraft {
     [[nodiscard]] virtual std::optional<GraftRefusal> findFault(const EditedPackage& package,
                                                                 const std::string& editedAgain,
                                                                 const std::string& proof) const = 0;
-};
-
-/// The entries of a saved package, for a message.
-struct KeptEntries {
-    int unchanged = 0;
-    int all = 0;
 };
 
 }  // namespace mergeloom::model

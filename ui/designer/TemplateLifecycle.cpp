@@ -37,6 +37,14 @@ std::string copyNameOf(const std::string& path) {
     return name.substr(0, name.size() - ending.size()) + " (copy)" + ending;
 }
 
+/// Returns what the status line says after a save.
+std::string savedSentence(model::OfficeDocument& document, const std::string& path) {
+    const std::optional<model::KeptEntries> kept = document.keptEntries();
+    if (!kept) return quoted(path) + " was saved.";
+    return "Saved; " + std::to_string(kept->unchanged) + " of " + std::to_string(kept->all) +
+           " parts unchanged";
+}
+
 bool isFileOf(model::OfficeDocument& document, const std::string& path) {
     return equalsIgnoringCase(document.FullName(), path);
 }
@@ -78,6 +86,7 @@ void TemplateLifecycle::restore(const KeptCopy& copy) {
     auto lock = path.empty() ? nullptr : std::make_shared<DocumentLock>(path);
     ports_.access.host().Open(copy.path, FileAccess::Copy);
     ports_.office.document()->SetSaved(false);
+    if (ports_.files.exists(copy.original)) ports_.office.document()->useOriginal(copy.original);
     templatePath_ = path;
     access_ = FileAccess::Edit;
     lock_ = std::move(lock);
@@ -226,6 +235,10 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     } catch (const model::DifferingCopy& copy) {
         offerToKeep(copy, path);
         return false;
+    } catch (const model::LossySave& loss) {
+        if (!acceptsLoss(loss, path)) return false;
+        document.giveUpOriginal();
+        write(path);
     }
     if (!isFileOf(document, path)) return false;
     const bool wasReadOnly = access_ == FileAccess::ReadOnly;
@@ -233,7 +246,23 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     if (wasReadOnly) show(path, FileAccess::Edit);
     use(path);
     ports_.view.showCaption(captionOf(path, access_));
-    ports_.view.showStatus(quoted(path) + " was saved.");
+    ports_.view.showStatus(savedSentence(document, path));
+    return true;
+}
+
+/// Asks before anything is written, and makes the copies that the user wants.
+bool TemplateLifecycle::acceptsLoss(const model::LossySave& loss, const std::string& path) {
+    const bool hasFormer = ports_.files.exists(path);
+    const std::string kept = hasFormer ? "keep a copy of the present file beside it and " : "";
+    const Message question{
+        loss.description() + "\r\n\r\nYes: " + kept +
+            "save LibreOffice's version.\r\nNo: save LibreOffice's version as a copy under "
+            "another name.\r\nCancel: write nothing.",
+        MessageIcon::Exclamation, MessageButtons::YesNoCancel, DefaultButton::Cancel};
+    const MessageAnswer answer = ports_.messages.show(question);
+    if (answer == MessageAnswer::No) saveElsewhere(loss.bytes(), path);
+    if (answer != MessageAnswer::Yes) return false;
+    if (hasFormer) (void)ports_.files.keepBackup(path);
     return true;
 }
 
@@ -251,12 +280,14 @@ void TemplateLifecycle::write(const std::string& path) {
     }
 }
 
-/// Offers to keep the copy. It is in the format in which the template was to be saved, which its name has to
-/// show.
 void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std::string& path) {
     const Message question{copy.description() + "\r\nDo you want to save this as a copy under another name?",
                            MessageIcon::Exclamation, MessageButtons::YesNo};
-    if (ports_.messages.show(question) != MessageAnswer::Yes) return;
+    if (ports_.messages.show(question) == MessageAnswer::Yes) saveElsewhere(copy.bytes(), path);
+}
+
+/// The bytes are in the format in which the template was to be saved, which the copy's name has to show.
+void TemplateLifecycle::saveElsewhere(const std::string& bytes, const std::string& path) {
     std::string target = dialogs_.askToSave(ports_.office, startFolder(), copyNameOf(path));
     if (target.empty()) return;
     if (!equalsIgnoringCase(extension(target), extension(path))) target += "." + extension(path);
@@ -265,7 +296,7 @@ void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std:
                     MessageIcon::Exclamation);
         return;
     }
-    ports_.files.write(target, copy.bytes());
+    ports_.files.write(target, bytes);
 }
 
 bool TemplateLifecycle::CloseTemplate() {

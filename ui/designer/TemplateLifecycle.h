@@ -111,6 +111,8 @@ class TemplateLifecycle {
     void write(const std::string& path);
     void exportTo(const std::string& path);
     void offerToKeep(const model::DifferingCopy& copy, const std::string& path);
+    bool acceptsLoss(const model::LossySave& loss, const std::string& path);
+    void saveElsewhere(const std::string& bytes, const std::string& path);
     /// Returns whether the document may be closed: it is saved, or the user discards the changes.
     bool mayCloseDocument();
     bool mayStartAnother();

@@ -44,8 +44,10 @@ Buttons buttonsOf(MessageButtons buttons) {
     return {QMessageBox::Ok, QMessageBox::Ok};
 }
 
-QMessageBox::StandardButton firstOf(MessageButtons buttons) {
-    return defaultAnswer(buttons) == MessageAnswer::Yes ? QMessageBox::Yes : QMessageBox::Ok;
+QMessageBox::StandardButton defaultOf(const Message& message) {
+    const MessageAnswer answer = defaultAnswer(message);
+    if (answer == MessageAnswer::Cancel) return QMessageBox::Cancel;
+    return answer == MessageAnswer::Yes ? QMessageBox::Yes : QMessageBox::Ok;
 }
 
 MessageAnswer answerOf(int button) {
@@ -68,7 +70,7 @@ MessageAnswer ask(QWidget* owner, const Message& message) {
     // A path or a name may look like markup.
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box.setDefaultButton(firstOf(message.buttons));
+    box.setDefaultButton(defaultOf(message));
     box.setEscapeButton(buttons.atEscape);
     return answerOf(box.exec());
 }
@@ -76,7 +78,7 @@ MessageAnswer ask(QWidget* owner, const Message& message) {
 }  // namespace
 
 MessageAnswer MessageBoxes::show(const Message& message) {
-    MessageAnswer answer = defaultAnswer(message.buttons);
+    MessageAnswer answer = defaultAnswer(message);
     callOnGuiThread([&] { answer = ask(owner_, message); });
     return answer;
 }

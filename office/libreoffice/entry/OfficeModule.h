@@ -3,6 +3,7 @@
 #include "base/FileStore.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/FileConverter.h"
+#include "office/model/PackageGraft.h"
 #include "office/model/excel/Forward.h"
 #include "office/model/word/Forward.h"
 
@@ -26,16 +27,17 @@ class OfficeModule {
     virtual excel::ApplicationPtr makeExcelApplication(FileStore& files) = 0;
     /// An office is started with the first conversion only, and again after it died in one.
     virtual std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) = 0;
-    /// An office of its own; the listener has to outlive it, too.
+    /// An office of its own; the listener and the graft have to outlive it, too.
     virtual std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
-                                                           DocumentKind kind, HostListener& listener) = 0;
+                                                           DocumentKind kind, HostListener& listener,
+                                                           const model::PackageGraft& graft) = 0;
 };
 
 /// The module's file and the one function that it exports.
 inline constexpr const char* kOfficeModuleFile = "mergeloom_libreoffice.so";
 inline constexpr const char* kOfficeModuleFunction = "mergeloom_office_module";
 /// To be raised with every change of an interface that both sides see.
-inline constexpr int kOfficeModuleEdition = 3;
+inline constexpr int kOfficeModuleEdition = 4;
 
 /// The module, for the program's whole life; none when it was built for another edition.
 using OfficeModuleFunction = OfficeModule* (*)(int edition);

@@ -43,8 +43,9 @@ class CalcUndoRecord final : public model::UndoRecord {
 
 }  // namespace
 
-excel::ApplicationPtr makeExcelApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files) {
-    return std::make_shared<CalcApplication>(std::move(session), files);
+excel::ApplicationPtr makeExcelApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
+                                           GraftingOfficePtr grafting) {
+    return std::make_shared<CalcApplication>(std::move(session), files, std::move(grafting));
 }
 
 excel::WorkbooksPtr CalcApplication::Workbooks() {
@@ -103,6 +104,7 @@ excel::WorkbookPtr CalcApplication::list(const DocumentReference& document, cons
     workbooks_.push_back(
         std::make_shared<CalcWorkbook>(weak_from_this(), std::move(content), fullName, hasFile));
     if (!hasFile) ++added_;
+    if (hasFile) workbooks_.back()->keepOriginal(grafting_, fullName);
     return workbooks_.back();
 }
 

@@ -15,9 +15,10 @@ namespace mergeloom::libreoffice {
 class CalcApplication final : public excel::Application,
                               public std::enable_shared_from_this<CalcApplication> {
   public:
-    /// The file store must outlive the application and its workbooks.
-    CalcApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files)
-        : files_(files), session_(std::move(session)) {}
+    /// The file store must outlive the application and its workbooks. Workbooks that are opened keep their
+    /// originals when a grafting office is given.
+    CalcApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files, GraftingOfficePtr grafting)
+        : files_(files), session_(std::move(session)), grafting_(std::move(grafting)) {}
 
     std::string Name() override { return "Microsoft Excel"; }
     /// Calc provides the formats and calls of Excel 2016 and later. Regardless of the version, canSaveAs()
@@ -43,6 +44,7 @@ class CalcApplication final : public excel::Application,
 
     FileStore& files_;
     std::shared_ptr<LibreOfficeSession> session_;
+    GraftingOfficePtr grafting_;
     std::vector<std::shared_ptr<CalcWorkbook>> workbooks_;
     int added_ = 0;
 };

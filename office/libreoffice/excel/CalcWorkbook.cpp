@@ -117,9 +117,20 @@ void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format
     LibreOfficeSession& session = latest()->session();
     session.files().save(document(), fileName, format, [&](std::string bytes) {
         checkWritten(session, document(), fileName, format, bytes);
-        return bytes;
+        const bool isKept = original_ && original_->serves(format);
+        return isKept ? original_->save({bytes, bytes}, fileName, format) : bytes;
     });
     latest()->forgetChanges();
+}
+
+void CalcWorkbook::keepOriginal(const GraftingOfficePtr& office, const std::string& path) {
+    grafting_ = office;
+    LibreOfficeFiles& shown = latest()->session().files();
+    original_ = libreoffice::keepOriginal(office, shown, document(), path, DocumentKind::Excel);
+}
+
+std::optional<model::KeptEntries> CalcWorkbook::keptEntries() {
+    return original_ ? original_->kept() : std::nullopt;
 }
 
 void CalcWorkbook::Close(excel::SaveChanges saveChanges) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/libreoffice/excel/CalcContent.h"
+#include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/model/excel/Workbook.h"
 
 #include <deque>
@@ -18,6 +19,10 @@ class CalcWorkbook final : public excel::Workbook {
     CalcWorkbook(std::weak_ptr<CalcApplication> application, CalcContentPtr content, std::string fullName,
                  bool hasFile);
 
+    /// Repeats the changes on an original from now on, if a file of its format can be one. The office may be
+    /// none.
+    void keepOriginal(const GraftingOfficePtr& office, const std::string& path);
+
     excel::ApplicationPtr Application() override;
     excel::NamesPtr Names() override;
     excel::WorksheetsPtr Worksheets() override;
@@ -31,6 +36,9 @@ class CalcWorkbook final : public excel::Workbook {
     void SaveAs(const std::string& fileName, excel::XlFileFormat format) override;
     void Close(excel::SaveChanges saveChanges) override;
     bool Undo(int times) override;
+    void useOriginal(const std::string& path) override { keepOriginal(grafting_, path); }
+    void giveUpOriginal() override { original_.reset(); }
+    std::optional<model::KeptEntries> keptEntries() override;
 
     [[nodiscard]] const CalcContentPtr& content();
     /// Discards the cached content, since a user may change the document; the next use reads it again.
@@ -53,6 +61,8 @@ class CalcWorkbook final : public excel::Workbook {
     std::string fullName_;
     bool hasFile_;
     std::optional<excel::XlFileFormat> format_;
+    GraftingOfficePtr grafting_;
+    std::unique_ptr<KeptOriginal> original_;  ///< none for a new workbook, or after its loss was accepted
 };
 
 }  // namespace mergeloom::libreoffice

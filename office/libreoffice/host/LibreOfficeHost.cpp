@@ -75,13 +75,13 @@ std::string barOf(const std::string& name, DocumentKind kind) {
 }  // namespace
 
 LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind,
-                                 HostListener& listener)
+                                 HostListener& listener, GraftingOfficePtr grafting)
     : window_(window),
       kind_(kind),
       listener_(listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown)),
-      word_(makeWordApplication(session_, files)),
-      excel_(makeExcelApplication(session_, files)),
+      word_(makeWordApplication(session_, files, grafting)),
+      excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(static_cast<xcb_window_t>(window.id), listener_);

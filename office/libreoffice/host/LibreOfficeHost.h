@@ -5,6 +5,7 @@
 #include "office/libreoffice/host/DropPreview.h"
 #include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
+#include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/PollingThread.h"
 #include "office/model/DocumentHost.h"
@@ -24,7 +25,9 @@ namespace mergeloom::libreoffice {
 class LibreOfficeHost final : public DocumentHost {
   public:
     /// Starts an office of its own. Raises kNotAvailable with a sentence that says why it cannot be started.
-    LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind, HostListener& listener);
+    /// With a grafting office, saves keep the files that were opened.
+    LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind, HostListener& listener,
+                    GraftingOfficePtr grafting = {});
     ~LibreOfficeHost() override;
 
     void CreateNew(const std::string& programIdentifier) override;

@@ -22,8 +22,10 @@ class LibreOfficeModule final : public OfficeModule {
                                                       checkWritten);
     }
     std::unique_ptr<DocumentHost> makeDocumentHost(FileStore& files, const HostWindow& window,
-                                                   DocumentKind kind, HostListener& listener) override {
-        return std::make_unique<LibreOfficeHost>(files, window, kind, listener);
+                                                   DocumentKind kind, HostListener& listener,
+                                                   const model::PackageGraft& graft) override {
+        return std::make_unique<LibreOfficeHost>(files, window, kind, listener,
+                                                 std::make_shared<GraftingOffice>(graft, files));
     }
 
   private:

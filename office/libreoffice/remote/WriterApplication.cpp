@@ -85,6 +85,7 @@ word::DocumentPtr WriterApplication::list(const DocumentReference& document, con
     }
     documents_.push_back(
         std::make_shared<WriterDocument>(weak_from_this(), std::move(line), document, fullName, wasOpened));
+    if (wasOpened) documents_.back()->keepOriginal(grafting_, sourceFile);
     return documents_.back();
 }
 
@@ -93,8 +94,9 @@ WriterDocument& WriterApplication::activeDocument() const {
     return *documents_.back();
 }
 
-word::ApplicationPtr makeWordApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files) {
-    return std::make_shared<WriterApplication>(std::move(session), files);
+word::ApplicationPtr makeWordApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
+                                         GraftingOfficePtr grafting) {
+    return std::make_shared<WriterApplication>(std::move(session), files, std::move(grafting));
 }
 
 }  // namespace mergeloom::libreoffice

@@ -17,8 +17,10 @@ namespace mergeloom::libreoffice {
 class WriterApplication final : public word::Application,
                                 public std::enable_shared_from_this<WriterApplication> {
   public:
-    WriterApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files)
-        : session_(std::move(session)), files_(files) {}
+    /// Documents that are opened keep their originals when a grafting office is given.
+    WriterApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
+                      GraftingOfficePtr grafting)
+        : session_(std::move(session)), files_(files), grafting_(std::move(grafting)) {}
     ~WriterApplication() override;
 
     std::string Name() override { return "Microsoft Word"; }
@@ -44,6 +46,7 @@ class WriterApplication final : public word::Application,
 
     std::shared_ptr<LibreOfficeSession> session_;
     FileStore& files_;
+    GraftingOfficePtr grafting_;
     std::vector<std::shared_ptr<WriterDocument>> documents_;
     int added_ = 0;
 };

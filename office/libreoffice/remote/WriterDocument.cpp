@@ -118,13 +118,24 @@ void WriterDocument::write(const std::string& fileName, word::WdSaveFormat forma
     session.files().save(document_, fileName, format, [&](const std::string& bytes) {
         std::string mended = isOpenPackaging(format) ? withMendedBookmarks(bytes, fileName) : bytes;
         checkWritten(session, document_, fileName, format, mended);
-        return mended;
+        const bool isKept = original_ && original_->serves(format);
+        return isKept ? original_->save({bytes, mended}, fileName, format) : mended;
     });
 }
 
 std::string WriterDocument::withMendedBookmarks(const std::string& bytes, const std::string& fileName) {
     const std::vector<std::string> names = line_->callEditor<&DocumentEditor::namesOverTables>();
     return packageWithWholeBookmarks(bytes, fileName, {names.begin(), names.end()}).value_or(bytes);
+}
+
+void WriterDocument::keepOriginal(const GraftingOfficePtr& office, const std::string& path) {
+    grafting_ = office;
+    original_ =
+        libreoffice::keepOriginal(office, line_->session().files(), document_, path, DocumentKind::Word);
+}
+
+std::optional<model::KeptEntries> WriterDocument::keptEntries() {
+    return original_ ? original_->kept() : std::nullopt;
 }
 
 void WriterDocument::drop() {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/libreoffice/remote/DocumentLine.h"
 #include "office/model/word/Document.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace mergeloom::libreoffice {
@@ -16,6 +18,10 @@ class WriterDocument final : public word::Document {
     /// A document that was opened already has a file of its name.
     WriterDocument(std::weak_ptr<WriterApplication> application, DocumentLinePtr line,
                    const DocumentReference& document, std::string fullName, bool wasOpened);
+
+    /// Repeats the changes on an original from now on, if a file of its format can be one. The office may be
+    /// none.
+    void keepOriginal(const GraftingOfficePtr& office, const std::string& path);
 
     /// Returns none if the document is closed.
     [[nodiscard]] const DocumentReference& component() const { return document_; }
@@ -43,6 +49,9 @@ class WriterDocument final : public word::Document {
     void SaveAs(const std::string& fileName, word::WdSaveFormat format) override;
     void Close(word::WdSaveOptions saveChanges) override;
     bool Undo(int times) override;
+    void useOriginal(const std::string& path) override { keepOriginal(grafting_, path); }
+    void giveUpOriginal() override { original_.reset(); }
+    std::optional<model::KeptEntries> keptEntries() override;
 
   private:
     void write(const std::string& fileName, word::WdSaveFormat format);
@@ -53,6 +62,8 @@ class WriterDocument final : public word::Document {
     DocumentReference document_;
     std::string fullName_;
     bool hasFile_;
+    GraftingOfficePtr grafting_;
+    std::unique_ptr<KeptOriginal> original_;  ///< none for a new document, or after its loss was accepted
 };
 
 }  // namespace mergeloom::libreoffice

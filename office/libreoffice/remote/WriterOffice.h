@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/model/word/Forward.h"
@@ -10,7 +11,9 @@
 namespace mergeloom::libreoffice {
 
 /// Makes Word's application over a running LibreOffice. The file store must outlive it and its documents.
-word::ApplicationPtr makeWordApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files);
+/// With a grafting office, saves keep the files that were opened.
+word::ApplicationPtr makeWordApplication(std::shared_ptr<LibreOfficeSession> session, FileStore& files,
+                                         GraftingOfficePtr grafting = {});
 
 /// The functions below are for a window that shows Writer documents, and take no others.
 

@@ -33,6 +33,7 @@
 #include <com/sun/star/util/XModifiable2.hpp>
 #include <cppuhelper/implbase1.hxx>
 #include <optional>
+#include <osl/file.hxx>
 #include <rtl/ref.hxx>
 #include <vector>
 
@@ -281,6 +282,13 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
                                          const FrameSource& frames) {
     std::optional<std::string> mended;
     if (kind == DocumentKind::Word) mended = packageWithEndsInCells(bytes, path);
+    return loadFrom(path, source, mended, kind, frames);
+}
+
+/// Reads the content, or else the source itself.
+DocumentReference LibreOfficeFiles::loadFrom(const std::string& path, const std::string& source,
+                                             const std::optional<std::string>& content, DocumentKind kind,
+                                             const FrameSource& frames) {
     const rtl::Reference<RefusingInteractionHandler> handler(new RefusingInteractionHandler);
     Properties properties = quiet();
     properties.push_back(property("AsTemplate", false));
@@ -288,7 +296,7 @@ DocumentReference LibreOfficeFiles::load(const std::string& path, const std::str
         property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
     if (frames && access_ == FileAccess::ReadOnly) properties.push_back(property("ReadOnly", true));
     append(properties, inputFilter(kind, extension(path)));
-    if (mended) properties.push_back(property("InputStream", streamOf(path, *mended)));
+    if (content) properties.push_back(property("InputStream", streamOf(path, *content)));
     DocumentReference document;
     try {
         document = connection_.call([&] { return loadFrom(fileUrl(source), properties, frames); });
@@ -391,6 +399,27 @@ void LibreOfficeFiles::storeCopy(const DocumentReference& document, const std::s
     const ModifiedFlagLock lock(document);
     Reference<css::frame::XStorable>(document, UNO_QUERY_THROW)
         ->storeToURL(toUno(fileUrl(path)), sequenceOf(properties));
+}
+
+std::string LibreOfficeFiles::sourceOf(const DocumentReference& document) {
+    return connection_.call([&] {
+        OUString path;
+        osl::FileBase::getSystemPathFromFileURL(toUno(urlOf(document)), path);
+        return fromUno(path);
+    });
+}
+
+std::string LibreOfficeFiles::exportOf(const std::string& source, const std::string& bytes,
+                                       const std::string& path, SaveFormat format) {
+    const OfficeFilter filter = requiredFilter(format, path);
+    std::optional<std::string> content;
+    if (format.kind == DocumentKind::Word) content = packageWithEndsInCells(bytes, path);
+    const OpenDocument document(*this, loadFrom(path, source, content ? content : bytes, format.kind, {}));
+    const std::string copy = pathToWrite(document.get(), path);
+    const ScopedTempFile temporary(scratch_, copy);
+    const PartialFileCleanup cleanup(connection_.process(), copy);
+    store(document.get(), path, copy, filter);
+    return DiskFileStore().read(copy);
 }
 
 void LibreOfficeFiles::close(const DocumentReference& document) try {

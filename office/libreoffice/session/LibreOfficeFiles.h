@@ -11,6 +11,7 @@
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/io/XInputStream.hpp>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,12 +82,22 @@ class LibreOfficeFiles {
                           std::vector<css::beans::PropertyValue> properties);
     /// Opens the bytes that are to be written to a path, hidden; errors as for open.
     DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind);
+    /// Returns the office's own file of the bytes, which it reads hidden as though they were the source, the
+    /// path of a file or of another office's copy, and writes as though to the path. So relative links lead
+    /// to the same places. Raises the errors of open and exportCopy.
+    std::string exportOf(const std::string& source, const std::string& bytes, const std::string& path,
+                         SaveFormat format);
+    /// Returns the path that an open document has in the office.
+    std::string sourceOf(const DocumentReference& document);
     /// Closes without saving and removes the document's copy. Does nothing when it is closed already.
     void close(const DocumentReference& document);
 
   private:
     DocumentReference load(const std::string& path, const std::string& source, const std::string& bytes,
                            DocumentKind kind, const FrameSource& frames);
+    DocumentReference loadFrom(const std::string& path, const std::string& source,
+                               const std::optional<std::string>& content, DocumentKind kind,
+                               const FrameSource& frames);
     [[nodiscard]] bool isOpenedInPlace(const std::string& source, const std::string& bytes) const;
     Reference<css::io::XInputStream> streamOf(const std::string& path, const std::string& content);
     [[nodiscard]] DocumentReference loadFrom(const std::string& url,
