@@ -61,6 +61,17 @@ void calling(const ScopedTempFile& temporary, const std::string& name, const Bod
     }
 }
 
+bool convertRecords(FileConverter& converter, const std::string& from, const std::vector<std::string>& to,
+                    word::WdSaveFormat format, const std::function<void()>& written) {
+    return converter.convertRecords(from, to, format, written);
+}
+
+/// Workbooks are converted one by one.
+bool convertRecords(FileConverter&, const std::string&, const std::vector<std::string>&, excel::XlFileFormat,
+                    const std::function<void()>&) {
+    return false;
+}
+
 }  // namespace
 
 ScopedTempFile::ScopedTempFile(const std::string& userFile, const std::string& extension) {
@@ -96,6 +107,18 @@ void Conversion<Format>::write(const std::string& path, Format format, const Ste
         save(temporary.path());
         converter_.convert(temporary.path(), path, format);
     });
+}
+
+template <typename Format>
+bool Conversion<Format>::writeRecords(const std::vector<std::string>& paths, Format format, const Step& save,
+                                      const std::function<void()>& written) {
+    const ScopedTempFile temporary(paths.front(), temporaryExtension(format));
+    bool isWritten = false;
+    calling(temporary, paths.front(), [&] {
+        save(temporary.path());
+        isWritten = convertRecords(converter_, temporary.path(), paths, format, written);
+    });
+    return isWritten;
 }
 
 template <typename Format>

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace mergeloom {
 
@@ -31,6 +32,10 @@ class Conversion {
     /// Has the document saved in the temporary format and converts that to the format. An existing file at
     /// the path stays whole until then. Errors as FileConverter's and of the saving.
     void write(const std::string& path, Format format, const Step& save);
+    /// Has a document of several records saved and converts the pages of each record, as
+    /// FileConverter::convertRecords.
+    bool writeRecords(const std::vector<std::string>& paths, Format format, const Step& save,
+                      const std::function<void()>& written);
 
   private:
     FileConverter& converter_;

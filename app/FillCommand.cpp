@@ -53,14 +53,24 @@ bool FillCommand::run(std::ostream& report) {
     noteDifferences(texts);
     if (options_.strictness == Strictness::RefusesDifferences && !texts.empty()) return false;
     write();
-    for (const std::string& remark : letters_->remarks())
-        ports_.messages.show({remark, MessageIcon::Exclamation, MessageButtons::Ok});
+    noteRemarks();
     if (stopped_) {
         ports_.messages.show({"Stopped before record " + std::to_string(read_) + ".",
                               MessageIcon::Exclamation, MessageButtons::Ok});
     }
     report << counted(written_, "record") << " filled into " << counted(files_, "file") << ".\n";
     return !stopped_;
+}
+
+void FillCommand::noteRemarks() {
+    std::vector<std::string> remarks = letters_->remarks();
+    if (shared_) {
+        const std::vector<std::string> others = shared_->remarks();
+        remarks.insert(remarks.end(), others.begin(), others.end());
+    }
+    // A record may have been filled twice.
+    for (const std::string& remark : std::set<std::string>(remarks.begin(), remarks.end()))
+        ports_.messages.show({remark, MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 void FillCommand::checkOptions() const {
@@ -164,8 +174,10 @@ void FillCommand::compile() {
     const std::size_t labels = names_.dependOnRecord() ? 0 : template_->labelsPerSheet(places_);
     isSheet_ = labels > 1 && options_.use == letters::LetterUse::OneEach;
     if (isSheet_ && selectedCount() > labels) use_ = letters::LetterUse::OneForAll;
-    letters::LetterSettings settings{options_.emptyTables, use_, findPicture};
-    settings.fileName = options_.output;
+    letters::LetterSettings settings{.emptyTables = options_.emptyTables,
+                                     .use = use_,
+                                     .findPicture = findPicture,
+                                     .fileName = options_.output};
     format_->applyTo(settings);
     letters_ = template_->compile(places_, settings);
     if (letters_->filledPlaces().empty() && !letters_->refusals().empty())
@@ -174,6 +186,27 @@ void FillCommand::compile() {
         refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
                    object_->Text() + " fills.");
     }
+    const bool hasFiles = names_.dependOnRecord() || (selectedCount() == 1 && !isSheet_);
+    const bool isEach = options_.use == letters::LetterUse::OneEach;
+    if (isEach && hasFiles && format_->hasPages()) shareFiles(settings);
+}
+
+/// Prepares the conversion of several records at once, unless they cannot share a document.
+void FillCommand::shareFiles(const letters::LetterSettings& settings) try {
+    sharedTemplate_ = openLetterTemplate(ports_.files, options_.templateFile);
+    letters::LetterSettings shared = settings;
+    shared.use = letters::LetterUse::OneForAll;
+    shared.marks = letters::RecordMarks::Bookmarks;
+    std::unique_ptr<letters::Letters> letters = sharedTemplate_->compile(places_, shared);
+    if (!letters->canShareLayout()) return;
+    const auto written = [this] {
+        ++files_;
+        advance();
+    };
+    shared_ = std::make_unique<SharedFiles>(
+        std::move(letters), SharedFiles::Ports{ports_.files, ports_.converter, *format_, written});
+} catch (const AutomationError&) {
+    // Each record gets a document of its own.
 }
 
 void FillCommand::checkNames() const {
@@ -240,11 +273,8 @@ void FillCommand::noteDifferences(const std::vector<std::string>& texts) {
 
 void FillCommand::write() {
     try {
-        StructureDocument document;
-        const bool loaded = document.Load(options_.dataFile, [this](Record& record) { writeRecord(record); });
-        if (!loaded) refuseFill(document.parseError().reason);
-    } catch (const EnoughRead&) {
-        // The records that follow are not selected.
+        readRecords();
+        if (shared_) shared_->flush();
     } catch (const AutomationError& error) {
         ports_.files.finishBatch();
         if (files_ == 0) throw;
@@ -255,6 +285,14 @@ void FillCommand::write() {
     finish();
 }
 
+void FillCommand::readRecords() try {
+    StructureDocument document;
+    const bool loaded = document.Load(options_.dataFile, [this](Record& record) { writeRecord(record); });
+    if (!loaded) refuseFill(document.parseError().reason);
+} catch (const EnoughRead&) {
+    // The records that follow are not selected.
+}
+
 void FillCommand::writeRecord(Record& record) {
     const std::size_t number = ++read_;
     if (number > options_.lastRecord) throw EnoughRead{};
@@ -262,6 +300,10 @@ void FillCommand::writeRecord(Record& record) {
     if (shouldStop_()) {
         stopped_ = true;
         throw EnoughRead{};
+    }
+    if (shared_) {
+        const std::string path = fullPath(names_.pathFor(record, number));
+        return shared_->add(std::move(record), path);
     }
     const bool isListed = letters_->listsRecords() || (isSheet_ && use_ == letters::LetterUse::OneEach);
     if (isListed && !names_.dependOnRecord()) {
@@ -271,6 +313,10 @@ void FillCommand::writeRecord(Record& record) {
     } else {
         writeLetter(names_.pathFor(record, number), {&record, 1});
     }
+    advance();
+}
+
+void FillCommand::advance() {
     ports_.progress.advance(static_cast<std::int64_t>(++written_),
                             static_cast<std::int64_t>(selectedCount()));
 }

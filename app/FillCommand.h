@@ -7,6 +7,7 @@
 #include "app/MappingSource.h"
 #include "app/OfficeFormats.h"
 #include "app/SeenControls.h"
+#include "app/SharedFiles.h"
 #include "base/AutomationError.h"
 #include "base/ConsoleOutput.h"
 #include "base/ErrorHandler.h"
@@ -69,10 +70,14 @@ class FillCommand {
     [[nodiscard]] std::vector<std::string> differences() const;
     void noteDifferences(const std::vector<std::string>& texts);
     void write();
+    void readRecords();
     void writeRecord(Record& record);
     void refuseTemplate() const;
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer);
     void writeLetter(const std::string& path, std::span<const Record> records);
+    void shareFiles(const letters::LetterSettings& settings);
+    void noteRemarks();
+    void advance();
     void finish();
     [[nodiscard]] bool isSelected(std::size_t number) const;
     [[nodiscard]] std::size_t selectedCount() const;
@@ -101,7 +106,9 @@ class FillCommand {
     letters::LetterUse use_;
     bool isSheet_ = false;  ///< true for a sheet of labels, which has one record for each label
     std::unique_ptr<letters::Letters> letters_;
-    std::vector<Record> listed_;  ///< all records, if a table lists them
+    std::unique_ptr<letters::LetterTemplate> sharedTemplate_;
+    std::unique_ptr<SharedFiles> shared_;  ///< for formats that are converted, if records can share documents
+    std::vector<Record> listed_;           ///< all records, if a table lists them
     std::size_t read_ = 0;
     std::size_t written_ = 0;
     std::size_t files_ = 0;

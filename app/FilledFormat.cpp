@@ -30,8 +30,19 @@ class FormatOf final : public FilledFormat {
         conversion.write(path, format_,
                          [&](const std::string& temporary) { files.saveInBatch(temporary, writer); });
     }
+    [[nodiscard]] bool hasPages() const override { return isConverted_ && isPaged(format_); }
+    bool saveRecords(FileStore& files, FileConverter& converter, const std::vector<std::string>& paths,
+                     const std::function<void(ByteSink&)>& writer,
+                     const std::function<void()>& written) const override {
+        Conversion<Format> conversion{converter};
+        return conversion.writeRecords(
+            paths, format_, [&](const std::string& temporary) { files.saveInBatch(temporary, writer); },
+            written);
+    }
 
   private:
+    static bool isPaged(word::WdSaveFormat format) { return format == word::WdSaveFormat::wdFormatPDF; }
+    static bool isPaged(excel::XlFileFormat) { return false; }
     static void set(letters::LetterSettings& settings, word::WdSaveFormat format) {
         settings.format = format;
     }

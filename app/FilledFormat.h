@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -28,6 +29,14 @@ class FilledFormat {
     /// Saves what the engine writes, and converts it if the engine does not write the format.
     virtual void save(FileStore& files, FileConverter& converter, const std::string& path,
                       const std::function<void(ByteSink&)>& writer) const = 0;
+    /// Returns true if the pages of a document can be saved to several files.
+    [[nodiscard]] virtual bool hasPages() const = 0;
+    /// Saves the pages of each record of what the engine writes to a file of its own; calls written after
+    /// each. Returns false, and saves nothing, if the records do not start on pages of their own.
+    virtual bool saveRecords(FileStore& files, FileConverter& converter,
+                             const std::vector<std::string>& paths,
+                             const std::function<void(ByteSink&)>& writer,
+                             const std::function<void()>& written) const = 0;
 };
 
 /// Returns the format of an output's name, for a template of that family. The formats must outlive it.

@@ -13,8 +13,10 @@
 
 #include <dlfcn.h>
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -75,6 +77,11 @@ class LazyFileConverter final : public FileConverter {
     }
     void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) override {
         converter().convert(from, to, format);
+    }
+
+    bool convertRecords(const std::string& from, const std::vector<std::string>& to,
+                        word::WdSaveFormat format, const std::function<void()>& written) override {
+        return converter().convertRecords(from, to, format, written);
     }
 
   private:

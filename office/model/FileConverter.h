@@ -3,7 +3,9 @@
 #include "office/model/excel/Enumerations.h"
 #include "office/model/word/Enumerations.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -27,6 +29,13 @@ class FileConverter {
     /// - kFileCouldNotBeSaved when the target cannot be written.
     virtual void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) = 0;
     virtual void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) = 0;
+
+    /// Reads a document of several records, whose starts are marked (RecordMark.h), and writes the pages of
+    /// each record to a file of its own, in their order; calls written after each file. The files are safe
+    /// after FileStore::finishBatch. Returns false, and writes nothing, if the records do not start on pages
+    /// of their own. Only a format with pages is allowed. Errors as for convert.
+    virtual bool convertRecords(const std::string& from, const std::vector<std::string>& to,
+                                word::WdSaveFormat format, const std::function<void()>& written) = 0;
 };
 
 }  // namespace mergeloom

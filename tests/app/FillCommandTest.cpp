@@ -39,6 +39,7 @@ class FillTest : public testing::Test {
         FileStore& store, const std::function<bool()>& shouldStop = [] { return false; }) {
         FileStore* converted = &store;
         LabellingConverter converter{converted};
+        converter.keepsRecordsApart = keepsRecordsApart;
         const OfficeFormats formats{OfficeKind::Embedded, store, converter};
         std::ostringstream report;
         std::ostringstream told;
@@ -67,9 +68,17 @@ class FillTest : public testing::Test {
         return count;
     }
 
+    /// Returns the number of converted files that begin with a text.
+    int filesThatBegin(const std::string& start) const {
+        return static_cast<int>(std::ranges::count_if(memory.files, [&](const auto& file) {
+            return file.first.starts_with("/out/") && file.second.starts_with(start);
+        }));
+    }
+
     TemporaryFolder folder;
     MemoryFileStore memory;
     FillOptions options;
+    bool keepsRecordsApart = true;
     bool succeeded = false;
 };
 
@@ -177,6 +186,39 @@ TEST_F(FillTest, OtherFormatsAreConverted) {
     fill(memory);
     EXPECT_TRUE(succeeded);
     EXPECT_TRUE(memory.files["/letter.pdf"].starts_with("format 17\n"));
+}
+
+/// Several records share a document that is converted, unless their pages cannot be told apart.
+TEST_F(FillTest, RecordsAreConvertedTogether) {
+    writeRecords(100);
+    options.output = "/out/{No}.pdf";
+    EXPECT_THAT(fill(memory), HasSubstr("100 records filled into 100 files."));
+    EXPECT_EQ(filesThatBegin("record "), 100);
+    EXPECT_TRUE(memory.files["/out/2.pdf"].starts_with("record 1\n"));
+    const int documents = filesThatBegin("record 0\n");
+    EXPECT_GT(documents, 1);
+    EXPECT_LT(documents, 10);
+    memory.files.erase(memory.files.lower_bound("/out/"), memory.files.lower_bound("/out0"));
+    keepsRecordsApart = false;
+    EXPECT_THAT(fill(memory), HasSubstr("100 records filled into 100 files."));
+    EXPECT_EQ(filesThatBegin("format 17\n"), 100);
+}
+
+TEST_F(FillTest, FilesOfSharedDocumentsAreCountedWhenTheDiskIsFull) {
+    writeRecords(3);
+    options.output = "/out/{No}.pdf";
+    for (int call = 1;; ++call) {
+        std::erase_if(memory.files, [](const auto& file) { return file.first.starts_with("/out/"); });
+        FaultyFileStore faulty(memory, call);
+        const std::string told = fill(faulty);
+        if (!faulty.hasFailed()) break;
+        // A template that cannot be read once more only takes longer.
+        if (succeeded) continue;
+        const int written = filesThatBegin("record ") + filesThatBegin("format ");
+        const std::string count = written == 1 ? "1 file was" : std::to_string(written) + " files were";
+        EXPECT_EQ(written > 0, told.find("Before that, " + count + " written.") != std::string::npos) << told;
+    }
+    EXPECT_EQ(filesThatBegin("record "), 3);
 }
 
 TEST_F(FillTest, PartsOfTheRecordsHaveTheNamesOfTheWhole) {

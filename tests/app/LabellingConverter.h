@@ -4,7 +4,9 @@
 #include "base/FileStore.h"
 #include "office/model/FileConverter.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -31,6 +33,18 @@ class LabellingConverter final : public FileConverter {
         convertTo(from, to, static_cast<int>(format), 51);
     }
 
+    /// Writes a line with the number of the record, too.
+    bool convertRecords(const std::string& from, const std::vector<std::string>& to,
+                        word::WdSaveFormat format, const std::function<void()>& written) override {
+        for (std::size_t record = 0; keepsRecordsApart && record < to.size(); ++record) {
+            const std::string label = "record " + std::to_string(record) + "\n";
+            convertTo(from, to[record], static_cast<int>(format), 12, label);
+            written();
+        }
+        return keepsRecordsApart;
+    }
+
+    bool keepsRecordsApart = true;
     bool isInstalled = true;
     bool failsToWrite = false;
 
@@ -40,12 +54,14 @@ class LabellingConverter final : public FileConverter {
         return isInstalled ? "" : "Install the converter.";
     }
 
-    void convertTo(const std::string& from, const std::string& to, int format, int openPackaging) {
+    void convertTo(const std::string& from, const std::string& to, int format, int openPackaging,
+                   const std::string& label = "") {
         std::string bytes = files_->read(from);
         if (bytes.starts_with("format ")) bytes.erase(0, bytes.find('\n') + 1);
         if (!bytes.starts_with("PK"))
             throw AutomationError(kFileCouldNotBeRead, "The file '" + from + "' could not be read: damaged.");
         if (format != openPackaging) bytes = labelled(format, bytes);
+        bytes.insert(0, label);
         if (failsToWrite)
             throw AutomationError(kFileCouldNotBeSaved, "The file '" + to + "' could not be saved: no ink.");
         files_->save(to, [&](ByteSink& sink) { sink.write(bytes); });

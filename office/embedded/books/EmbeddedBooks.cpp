@@ -118,6 +118,7 @@ class EmbeddedBooks final : public letters::Letters {
         archive_->write(sink, changed);
     }
 
+    [[nodiscard]] bool canShareLayout() const override { return false; }
     // A workbook takes all records through a table that lists them, and no other way.
     void append(const Record&) override {}
     void finish(ByteSink&) override {}

@@ -8,6 +8,7 @@
 #include "office/embedded/letters/LetterRenderer.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/PlaceMarker.h"
+#include "office/embedded/letters/SharedLayout.h"
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/embedded/parts/LetterArchive.h"
@@ -35,6 +36,7 @@ class EmbeddedLetters final : public letters::Letters {
         : settings_(std::move(settings)),
           ids_(freeIds(content)),
           labelsPerSheet_(labelCount(content, sources)),
+          hasSharedLayout_(labelsPerSheet_ == 0 && hasSharedLayout(content.package())),
           marked_(markPlaces(content, sources)),
           context_{marked_, settings_, content.package(), files} {
         context_.labelsPerSheet = labelsPerSheet_;
@@ -64,6 +66,9 @@ class EmbeddedLetters final : public letters::Letters {
     }
     [[nodiscard]] std::vector<letters::ControlPath> tablesWithoutRows() const override {
         return {context_.tablesWithoutRows.begin(), context_.tablesWithoutRows.end()};
+    }
+    [[nodiscard]] bool canShareLayout() const override {
+        return hasSharedLayout_ && !context_.needsOwnDocument;
     }
     [[nodiscard]] std::vector<std::string> remarks() const override {
         return {renderer_->remarks().begin(), renderer_->remarks().end()};
@@ -103,6 +108,7 @@ class EmbeddedLetters final : public letters::Letters {
             changed.emplace(entryName, std::move(xml));
         added_->addTo(changed);
         archive_->write(sink, changed);
+        beginDocument();
     }
 
   private:
@@ -149,6 +155,15 @@ class EmbeddedLetters final : public letters::Letters {
             context_.linkedParts.insert(relationship.id);
             linkedIds_.emplace_back(relationship.id, partName);
         }
+    }
+
+    /// Discards the records of the previous document.
+    void beginDocument() {
+        section_ = 0;
+        pending_.clear();
+        firstHeaders_.clear();
+        added_->begin();
+        renderer_->beginLetter();
     }
 
     void appendSections(std::span<const Record> records, IsLastSection isLast) {
@@ -208,6 +223,7 @@ class EmbeddedLetters final : public letters::Letters {
     // These are read before the places are marked.
     FreeIds ids_;
     std::size_t labelsPerSheet_;
+    bool hasSharedLayout_;
     MarkedPlaces marked_;
     CuttingContext context_;
     std::vector<CutPart> parts_;

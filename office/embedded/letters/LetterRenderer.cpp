@@ -9,6 +9,7 @@
 #include "office/embedded/letters/ValueXml.h"
 #include "office/embedded/parts/PictureTurn.h"
 #include "office/embedded/word/InlinePicture.h"
+#include "office/model/letters/RecordMark.h"
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>
@@ -39,6 +40,7 @@ const Record* followPath(const Record* record, const Piece& piece, std::vector<s
 void LetterRenderer::beginLetter() {
     freshIds_ = ids_;
     addedRows_ = 0;
+    markedRecords_ = 0;
 }
 
 void LetterRenderer::render(CutPart& part, Pieces& pieces, std::span<const Record> records,
@@ -94,6 +96,9 @@ void LetterRenderer::append(Pieces& pieces) {
                 xml_->append(std::to_string(std::atoll(piece.xml.c_str()) +
                                             section_ * std::max(kNotesOfSection, ids_.nextBookmark)));
                 break;
+            case Piece::Kind::RecordMark:
+                appendRecordMark();
+                break;
             case Piece::Kind::PartLink:
                 xml_->append(linkOf(piece.xml));
                 break;
@@ -101,6 +106,13 @@ void LetterRenderer::append(Pieces& pieces) {
                 break;
         }
     }
+}
+
+/// Marks the start of a record, also if its first row repeats, only once.
+void LetterRenderer::appendRecordMark() {
+    if (markedRecords_ > section_) return;
+    markedRecords_ = section_ + 1;
+    appendEnd(appendAddedStart(letters::kRecordMarkName, static_cast<std::size_t>(section_)));
 }
 
 void LetterRenderer::appendLabel(Piece& piece) {

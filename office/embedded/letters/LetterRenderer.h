@@ -61,6 +61,7 @@ class LetterRenderer {
     /// Appends the start of a hidden bookmark that marks added content; returns its id.
     std::string appendAddedStart(const char* name, std::size_t number);
     void appendEnd(const std::string& id);
+    void appendRecordMark();
     [[nodiscard]] const std::string& linkOf(const std::string& id) const;
     [[nodiscard]] const RecordControl* controlOf(Piece& piece) const;
     [[nodiscard]] std::span<const Record> recordsOf(Piece& piece) const;
@@ -81,6 +82,7 @@ class LetterRenderer {
     std::int64_t section_ = 0;
     std::map<std::string, std::string> links_;
     std::size_t addedRows_ = 0;
+    std::int64_t markedRecords_ = 0;
     // The last section's properties inside of a paragraph, as positions in the XML.
     std::size_t sectionStart_ = 0;
     std::size_t sectionEnd_ = 0;

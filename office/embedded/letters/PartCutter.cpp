@@ -93,6 +93,8 @@ class Cutter {
                 return close();
             case TokenKind::NoteId:
                 return add({.kind = Piece::Kind::NoteId, .xml = prepared_.ids().at(token.number)});
+            case TokenKind::RecordMark:
+                return add({.kind = Piece::Kind::RecordMark});
             case TokenKind::PartLink:
                 return add({.kind = Piece::Kind::PartLink, .xml = prepared_.ids().at(token.number)});
             default:

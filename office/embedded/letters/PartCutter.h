@@ -53,6 +53,9 @@ struct CuttingContext {
     /// The subforms of which places outside of repeated rows show only the first record.
     std::set<letters::ControlPath> firstRecordsOnly{};
     bool listsRecords = false;
+    /// True if a record of one document ends with a paragraph that the template does not have, or begins
+    /// with a table, which LibreOffice shows below the headers of the previous record.
+    bool needsOwnDocument = false;
 };
 
 /// Cuts a part at its tokens. Rows that list records become pieces that repeat.

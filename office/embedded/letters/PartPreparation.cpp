@@ -323,7 +323,8 @@ void PartPreparation::markBookmark(const PartBookmark& bookmark) {
         std::ranges::find(context_.marked.optionals, bookmark.name) != context_.marked.optionals.end();
     for (const pugi::xml_node mark : {bookmark.start, bookmark.end}) {
         if (!mark) continue;
-        if (isForAll && isPlace) {
+        const bool isShared = context_.settings.marks == letters::RecordMarks::Bookmarks;
+        if (isForAll && (isPlace || isShared)) {
             part_.detach(mark);
         } else if (isForAll || isRepeated(mark)) {
             markOnce(mark);

@@ -64,6 +64,7 @@ class PartPreparation {
     [[nodiscard]] bool isRepeated(pugi::xml_node node) const;
     void markSections();
     void markBodySections();
+    void markRecord(pugi::xml_node body);
     void checkFirstHeaders(pugi::xml_node firstSection, pugi::xml_node body) const;
     void markNotes();
     void markNoteIds(pugi::xml_node below);

@@ -54,6 +54,7 @@ struct Piece {
         /// The properties of a section in a paragraph. If rich text splits the paragraph, its last part gets
         /// them.
         ParagraphSection,
+        RecordMark,  ///< the bookmark at the start of a record
     };
 
     Kind kind = Kind::Fixed;

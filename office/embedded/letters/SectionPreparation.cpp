@@ -100,11 +100,24 @@ void PartPreparation::markBodySections() {
     startOnNewPage(firstSectionOf(body, names_), names_);
     markNoteIds(body);
     markPartLinks(body);
+    if (context_.settings.marks == letters::RecordMarks::Bookmarks) markRecord(body);
     pugi::xml_node(body)
         .prepend_child(pugi::node_pcdata)
         .set_value(Token{TokenKind::SectionStart, 0}.text().c_str());
     insertBefore(section, {TokenKind::SectionEnd, 0});
     markSectionBreak(body, section);
+}
+
+/// Marks the start of a record, in its first paragraph.
+void PartPreparation::markRecord(pugi::xml_node body) {
+    pugi::xml_node paragraph =
+        body.find_node([&](pugi::xml_node node) { return names_.tagOf(node) == WordTag::Paragraph; });
+    context_.needsOwnDocument = !paragraph || names_.ancestor(paragraph, WordTag::Table);
+    if (context_.needsOwnDocument) return;
+    const pugi::xml_node properties = names_.child(paragraph, WordTag::ParagraphProperties);
+    pugi::xml_node text = properties ? paragraph.insert_child_after(pugi::node_pcdata, properties)
+                                     : paragraph.prepend_child(pugi::node_pcdata);
+    text.set_value(Token{TokenKind::RecordMark, 0}.text().c_str());
 }
 
 /// Marks the last paragraph of a record as the end of its section. Appends an empty paragraph if the record
@@ -124,6 +137,7 @@ void PartPreparation::markSectionBreak(pugi::xml_node body, pugi::xml_node secti
         sectionBreak_ = "<" + paragraph + "><" + propertiesName + ">" + sectionBreak_ + "</" +
                         propertiesName + "></" + paragraph + ">";
         insertAfter(last, token);
+        context_.needsOwnDocument = true;
         return;
     }
     if (!properties) properties = last.prepend_child(propertiesName.c_str());

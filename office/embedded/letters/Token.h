@@ -29,6 +29,7 @@ enum class TokenKind : char {
     SectionBreak = 'S',           ///< the properties of a section, except of the last one
     ParagraphSectionStart = 'E',  ///< the properties of a section that ends with a paragraph of values
     ParagraphSectionEnd = 'e',    ///< their end
+    RecordMark = 'M',             ///< the bookmark at the start of a record
 };
 
 /// The first character of every token, a noncharacter (U+FDD0).

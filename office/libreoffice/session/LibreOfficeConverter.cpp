@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/OfficeFilters.h"
+#include "office/libreoffice/session/RecordPages.h"
 
 #include <utility>
 
@@ -45,6 +46,20 @@ void LibreOfficeConverter::convert(const std::string& from, const std::string& t
 void LibreOfficeConverter::convert(const std::string& from, const std::string& to,
                                    excel::XlFileFormat format) {
     convertAs(from, to, format);
+}
+
+bool LibreOfficeConverter::convertRecords(const std::string& from, const std::vector<std::string>& to,
+                                          word::WdSaveFormat format, const std::function<void()>& written) {
+    requiredFilter(format, to.front());  // refuses before an office is started
+    LibreOfficeFiles& office = session().files();
+    const OpenDocument document(office, office.open(from, DocumentKind::Word));
+    const std::vector<PageRange> pages =
+        session_->connection().call([&] { return pagesOfRecords(document.get(), to.size()); });
+    for (std::size_t record = 0; record < pages.size(); ++record) {
+        office.exportPages(document.get(), to[record], format, pages[record]);
+        written();
+    }
+    return !pages.empty();
 }
 
 void LibreOfficeConverter::convertAs(const std::string& from, const std::string& to, SaveFormat format) {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -35,6 +36,8 @@ class LibreOfficeConverter final : public FileConverter {
     std::string refusal(excel::XlFileFormat format) override;
     void convert(const std::string& from, const std::string& to, word::WdSaveFormat format) override;
     void convert(const std::string& from, const std::string& to, excel::XlFileFormat format) override;
+    bool convertRecords(const std::string& from, const std::vector<std::string>& to,
+                        word::WdSaveFormat format, const std::function<void()>& written) override;
 
   private:
     void convertAs(const std::string& from, const std::string& to, SaveFormat format);

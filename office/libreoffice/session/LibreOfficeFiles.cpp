@@ -18,6 +18,8 @@
 
 #include <atomic>
 #include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/configuration/ReadOnlyAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/document/XDocumentRecovery.hpp>
@@ -104,6 +106,18 @@ void saveOnDisk(const std::string& path, const std::string& bytes) {
 
 std::string urlOf(const DocumentReference& document) {
     return fromUno(Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL());
+}
+
+/// Returns the office's options for PDF files. It takes them by itself only when it is given none at all.
+Properties pdfOptions(const Reference<css::uno::XComponentContext>& context) {
+    Properties data;
+    const Reference<css::container::XNameAccess> options(
+        css::configuration::ReadOnlyAccess::create(context, "")
+            ->getByHierarchicalName("/org.openoffice.Office.Common/Filter/PDF/Export"),
+        UNO_QUERY_THROW);
+    for (const OUString& name : options->getElementNames())
+        data.push_back({name, 0, options->getByName(name), css::beans::PropertyState_DIRECT_VALUE});
+    return data;
 }
 
 /// Refuses every question of an office in place of a user.
@@ -334,13 +348,29 @@ void LibreOfficeFiles::save(const DocumentReference& document, const std::string
 
 void LibreOfficeFiles::exportCopy(const DocumentReference& document, const std::string& path,
                                   SaveFormat format) {
+    const std::string bytes = exported(document, path, format, {});
+    files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+}
+
+void LibreOfficeFiles::exportPages(const DocumentReference& document, const std::string& path,
+                                   SaveFormat format, const PageRange& pages) {
+    if (pdfOptions_.empty())
+        pdfOptions_ = connection_.call([&] { return pdfOptions(connection_.context()); });
+    Properties data = pdfOptions_;
+    data.push_back(property("PageRange", toUno(pages.text())));
+    data.push_back(property("IsSkipEmptyPages", true));
+    const std::string bytes = exported(document, path, format, {property("FilterData", sequenceOf(data))});
+    files_.saveInBatch(path, [&](ByteSink& sink) { sink.write(bytes); });
+}
+
+std::string LibreOfficeFiles::exported(const DocumentReference& document, const std::string& path,
+                                       SaveFormat format, const Properties& properties) {
     const OfficeFilter filter = requiredFilter(format, path);
     const std::string copy = pathToWrite(document, path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
-    store(document, path, copy, filter);
-    const std::string bytes = DiskFileStore().read(copy);
-    files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+    store(document, path, copy, filter, properties);
+    return DiskFileStore().read(copy);
 }
 
 bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) {
@@ -384,8 +414,7 @@ void LibreOfficeFiles::write(const DocumentReference& document, const std::strin
 }
 
 void LibreOfficeFiles::store(const DocumentReference& document, const std::string& path,
-                             const std::string& copy, const OfficeFilter& filter) try {
-    Properties properties;
+                             const std::string& copy, const OfficeFilter& filter, Properties properties) try {
     append(properties, filter);
     connection_.call([&] { storeCopy(document, copy, properties); });
 } catch (const AutomationError& error) {

@@ -2,6 +2,7 @@
 
 #include "base/FileStore.h"
 #include "office/libreoffice/session/OfficeConnection.h"
+#include "office/libreoffice/session/RecordPages.h"
 #include "office/libreoffice/session/ScratchPaths.h"
 #include "office/model/DocumentHost.h"
 #include "office/model/excel/Enumerations.h"
@@ -70,6 +71,10 @@ class LibreOfficeFiles {
     /// Writes a copy of the document in the format. Does not change the document or its modified flag. Raises
     /// the same errors as save, except about macros, which the document keeps.
     void exportCopy(const DocumentReference& document, const std::string& path, SaveFormat format);
+    /// Writes pages of the document to a PDF file, which is safe after FileStore::finishBatch. Raises the
+    /// same errors.
+    void exportPages(const DocumentReference& document, const std::string& path, SaveFormat format,
+                     const PageRange& pages);
     /// Returns true if the document has changes that were neither saved nor kept. Must be called within
     /// OfficeConnection::call.
     static bool hasChangesToKeep(const DocumentReference& document);
@@ -108,14 +113,17 @@ class LibreOfficeFiles {
     std::string pathToWrite(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter,
                const Revision& revise);
+    std::string exported(const DocumentReference& document, const std::string& path, SaveFormat format,
+                         const std::vector<css::beans::PropertyValue>& properties);
     void store(const DocumentReference& document, const std::string& path, const std::string& copy,
-               const OfficeFilter& filter);
+               const OfficeFilter& filter, std::vector<css::beans::PropertyValue> properties = {});
 
     OfficeConnection& connection_;
     FileStore& files_;
     ScratchPaths scratch_;
     FrameSource frames_;
     FileAccess access_ = FileAccess::Edit;
+    std::vector<css::beans::PropertyValue> pdfOptions_;
 };
 
 /// Closes a document at the end of its life.

@@ -19,6 +19,9 @@ namespace mergeloom::letters {
 enum class EmptyTables { KeepCaptions, Remove };
 /// Decides if each record is written to its own document or to a section of one document.
 enum class LetterUse { OneEach, OneForAll };
+/// Decides if hidden bookmarks in one document for all records mark where each record starts. There are no
+/// others then, so that all records are laid out alike.
+enum class RecordMarks { None, Bookmarks };
 
 /// Returns the path of the file of an image, or an empty text if there is none.
 using PictureFinder = std::function<std::string(const std::string& image)>;
@@ -26,6 +29,7 @@ using PictureFinder = std::function<std::string(const std::string& image)>;
 struct LetterSettings {
     EmptyTables emptyTables = EmptyTables::KeepCaptions;
     LetterUse use = LetterUse::OneEach;
+    RecordMarks marks = RecordMarks::None;
     PictureFinder findPicture{};
     word::WdSaveFormat format = word::WdSaveFormat::wdFormatXMLDocument;
     excel::XlFileFormat workbookFormat = excel::XlFileFormat::xlOpenXMLWorkbook;
@@ -54,13 +58,17 @@ class Letters {
     /// Returns a sentence for each kind of data that could not be written as it is.
     [[nodiscard]] virtual std::vector<std::string> remarks() const = 0;
 
+    /// Returns true if the records of one document look as they do in documents of their own, so that an
+    /// office can lay out all of them together.
+    [[nodiscard]] virtual bool canShareLayout() const = 0;
+
     /// Writes a letter. Takes one record, all records if a table lists them, or one for each label of a
     /// sheet.
     virtual void write(std::span<const Record> records, ByteSink& sink) = 0;
 
     /// Appends a record to the document of all records, as a section or as a label of a sheet.
     virtual void append(const Record& record) = 0;
-    /// Writes the document of all records.
+    /// Writes the document of all records so far. The next record begins another document.
     virtual void finish(ByteSink& sink) = 0;
 };
 

@@ -9,6 +9,7 @@ enum class WdSaveFormat : int {
     wdFormatXMLDocumentMacroEnabled = 13,
     wdFormatXMLTemplate = 14,
     wdFormatXMLTemplateMacroEnabled = 15,
+    wdFormatPDF = 17,
 };
 
 /// WdFieldType, as far as code distinguishes fields; other fields have none of these types.

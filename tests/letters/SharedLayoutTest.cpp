@@ -1,0 +1,113 @@
+#include "letters/LetterTest.h"
+#include "office/model/letters/RecordMark.h"
+
+namespace mergeloom {
+namespace {
+
+/// Templates whose records share one document, or need documents of their own.
+class SharedLayout : public LetterTest {
+  protected:
+    SharedLayout() {
+        settings.use = letters::LetterUse::OneForAll;
+        settings.marks = letters::RecordMarks::Bookmarks;
+        takes("A", {{"A"}});
+    }
+
+    std::string bodyOf(letters::Letters& letters, const std::vector<std::string>& values) {
+        for (const std::string& value : values)
+            letters.append({{shownControl("A", value)}});
+        files.save("/all.docx", [&](ByteSink& sink) { letters.finish(sink); });
+        return bodyXml(files.files["/all.docx"]);
+    }
+    static std::string mark(std::size_t record) { return '"' + letters::recordMarkName(record) + '"'; }
+};
+
+TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
+    const auto field = [](const std::string& code) {
+        const auto character = [](const std::string& type) {
+            return inRun("<w:fldChar w:fldCharType=\"" + type + "\"/>");
+        };
+        // Word splits codes anywhere.
+        return character("begin") + inRun("<w:instrText>" + code.substr(0, 3) + "</w:instrText>") +
+               inRun("<w:instrText>" + code.substr(3) + "</w:instrText>") + character("separate") + run("1") +
+               character("end");
+    };
+    struct Case {
+        std::string body;
+        bool isShared;
+    };
+    const std::string text = paragraph(place("A"));
+    const std::string control = "<w:sdtContent>" + paragraph(run("t")) + "</w:sdtContent></w:sdt>";
+    const std::vector<Case> cases{
+        {text, true},
+        {paragraph(field("PAGE \\* ROMAN") + field("DATE") + place("A")), true},
+        {paragraph(field("NUMPAGES") + place("A")), false},
+        {paragraph(field("SEQ t") + place("A")), false},
+        {paragraph("<w:fldSimple w:instr=\"REF x\"/>" + place("A")), false},
+        {paragraph("<w:hyperlink r:id=\"x\">" + run("t") + "</w:hyperlink>" + place("A")), true},
+        {paragraph("<w:hyperlink w:anchor=\"x\">" + run("t") + "</w:hyperlink>" + place("A")), false},
+        {paragraph(field("HYPERLINK x") + place("A")), true},
+        {paragraph(field("HYPERLINK \\l x") + place("A")), false},
+        {paragraph(inRun("<w:footnoteReference w:id=\"2\"/>") + place("A")), false},
+        {"<w:sdt><w:sdtPr><w:docPartObj/></w:sdtPr>" + control + text, true},
+        {"<w:sdt><w:sdtPr><w:text/></w:sdtPr>" + control + text, false},
+        {"<w:p><w:pPr><w:sectPr/></w:pPr></w:p>" + text + "<w:sectPr/>", false},
+        {text + "<w:sectPr><w:cols w:num=\"1\"/></w:sectPr>", true},
+        {text + "<w:sectPr><w:cols w:num=\"2\"/></w:sectPr>", false},
+        {"<w:tbl>" + row(cell(run("t"))) + "</w:tbl>" + text, false},
+        // An empty value may remove the last paragraph.
+        {"<w:p>" + place("A") + "<w:bookmarkStart w:id=\"90\" w:name=\"OptionalCarriageReturn1\"/></w:p>" +
+             "<w:p><w:bookmarkEnd w:id=\"90\"/>" + run("t") + "</w:p>",
+         false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(compiled(wordFile(c.body))->canShareLayout(), c.isShared) << c.body;
+}
+
+/// Lists count on through a document, also those of which a style is based on a numbered one.
+TEST_F(SharedLayout, ListsAreNotShared) {
+    const auto isShared = [&](const std::string& style) {
+        const std::string body =
+            "<w:p><w:pPr><w:pStyle w:val=\"" + style + "\"/></w:pPr>" + place("A") + "</w:p>";
+        opc::Package package = opc::Package::read(wordFile(body), "styles.docx");
+        package.addPart(
+            "/word/styles.xml", "application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml",
+            "<w:styles xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">"
+            "<w:style w:styleId=\"Plain\"/><w:style w:styleId=\"Circle\"><w:basedOn "
+            "w:val=\"Circle\"/></w:style>"
+            "<w:style w:styleId=\"Item\"><w:basedOn w:val=\"List\"/></w:style>"
+            "<w:style w:styleId=\"List\"><w:pPr><w:numPr><w:numId w:val=\"1\"/></w:numPr></w:pPr></w:style>"
+            "</w:styles>");
+        package.relationshipsOf(kMainPart).addPart(
+            opc::officeRelationshipType("styles", opc::Conformance::Transitional), "/word/styles.xml");
+        return compiled(packageBytes(package))->canShareLayout();
+    };
+    EXPECT_TRUE(isShared("Plain"));
+    EXPECT_TRUE(isShared("Circle"));
+    EXPECT_FALSE(isShared("List"));
+    EXPECT_FALSE(isShared("Item"));
+}
+
+TEST_F(SharedLayout, RecordsAreMarkedInsteadOfOtherBookmarks) {
+    const auto letters = compiled(
+        wordFile(paragraph("<w:pPr><w:jc w:val=\"left\"/></w:pPr>" + place("A") + marked("Own", run("t")))));
+    const std::string xml = bodyOf(*letters, {"x", "y"});
+    const std::size_t second = xml.find(mark(1));
+    EXPECT_LT(xml.find(mark(0)), xml.find("<w:t>x"));
+    EXPECT_LT(xml.find("<w:t>x"), second);
+    EXPECT_LT(second, xml.find("<w:t>y"));
+    EXPECT_EQ(xml.find(mark(2)), std::string::npos);
+    EXPECT_EQ(xml.find("\"Own\""), std::string::npos);
+}
+
+/// Many documents are written with one template.
+TEST_F(SharedLayout, TheNextDocumentHasOnlyItsOwnRecords) {
+    const std::string file = wordFile(paragraph(place("A")));
+    const auto letters = compiled(file);
+    bodyOf(*letters, {"x", "y"});
+    const std::string next = bodyOf(*letters, {"z"});
+    EXPECT_EQ(next, bodyOf(*compiled(file), {"z"}));
+}
+
+}  // namespace
+}  // namespace mergeloom

@@ -1,0 +1,113 @@
+#!/usr/bin/env python3
+"""Fills templates into PDF files, many records at a time and alone, and reads the files with poppler's tools.
+
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
+"""
+import re
+import subprocess
+import unittest
+
+import docx
+from docx.oxml import parse_xml
+from docx.oxml.ns import nsdecls
+
+import fill_data
+from program_test import SAMPLE, ProgramTest, map_sample
+
+# What differs between two conversions of one document.
+TIMES = re.compile(rb"/CreationDate\(D:[^)]*\)|/DocChecksum /[0-9A-F]{32}|<[0-9A-F]{32}>")
+
+
+def pages_of(file):
+    """The text of each page."""
+    done = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
+    return done.stdout.split("\f")[:-1]
+
+
+def without_times(file):
+    return TIMES.sub(b"", file.read_bytes())
+
+
+def page_number(paragraph, field="PAGE"):
+    paragraph._p.append(parse_xml(f'<w:fldSimple {nsdecls("w")} w:instr=" {field} "><w:r><w:t>9</w:t></w:r>'
+                                  '</w:fldSimple>'))
+
+
+class FillingPdf(ProgramTest):
+    LINES = {1: 2, 2: 60, 3: 1, 4: 2}
+    PAGES = {1: 2, 2: 4, 3: 1, 4: 2}
+
+    @classmethod
+    def setUpClass(cls):
+        cls.template = cls.shared_folder() / "orders.docx"
+        map_sample(cls.template)
+
+    def orders(self):
+        def give_lines(number, order):
+            rows = order.find("Control[@Name='OrderLines']/Records")
+            for row in list(rows)[self.LINES[number]:]:
+                rows.remove(row)
+
+        return fill_data.write_orders(SAMPLE, self.folder / "data.xml", len(self.LINES), 60, give_lines)
+
+    def designed(self, change=lambda document: None):
+        """The template with the order's number and the page's in its header, each page for itself."""
+        document = docx.Document(self.template)
+        header = document.sections[0].header.paragraphs[0]
+        header.text = "Order "
+        for xml in ('<w:bookmarkStart {0} w:id="900" w:name="OrderNumber_ref1"/>',
+                    "<w:r {0}><w:t>OrderNumber_ref1</w:t></w:r>", '<w:bookmarkEnd {0} w:id="900"/>'):
+            header._p.append(parse_xml(xml.format(nsdecls("w"))))
+        header.add_run(", page ")
+        page_number(header)
+        change(document)
+        target = self.folder / "designed.docx"
+        document.save(target)
+        return target
+
+    def fill_both_ways(self, template):
+        """Fills all records at once and one of them alone; gives the folder of the former, and the latter."""
+        data = self.orders()
+        together, alone = self.folder / "together", self.folder / "alone.pdf"
+        together.mkdir()
+        self.fill("--output", together / "{OrderNumber}.pdf", template=template, data=data)
+        self.fill("--output", alone, "--record", "2", template=template, data=data)
+        return together, alone
+
+    def test_files_are_those_of_records_alone(self):
+        together, alone = self.fill_both_ways(self.designed())
+        files = sorted(together.iterdir())
+        self.assertEqual([file.name for file in files], [f"N-{number:05}.pdf" for number in self.LINES])
+        for number, file in enumerate(files, 1):
+            pages = pages_of(file)
+            self.assertEqual(len(pages), self.PAGES[number])
+            for page, text in enumerate(pages, 1):
+                self.assertEqual(re.findall(r"N-\d{5}.*", text)[0], f"N-{number:05}, page {page}")
+                self.assertEqual(set(re.findall(r"N-\d{5}", text)), {f"N-{number:05}"})
+        self.assertEqual(without_times(files[1]), without_times(alone))
+
+    def test_records_that_depend_on_their_document(self):
+        """The number of all pages is that of the record, whatever else is converted."""
+        def add_total(document):
+            footer = document.sections[0].footer.paragraphs[0]
+            footer.add_run("Pages: ")
+            page_number(footer, "NUMPAGES")
+
+        together, alone = self.fill_both_ways(self.designed(add_total))
+        totals = [re.findall(r"Pages: (\d)", page) for page in pages_of(together / "N-00002.pdf")]
+        self.assertEqual(totals, [["4"]] * 4)
+        self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
+
+    def test_records_that_begin_with_a_table(self):
+        def begin_with_table(document):
+            body = document.element.body
+            body.insert(0, document.tables[0]._tbl)
+            body.remove(body[1])
+
+        together, alone = self.fill_both_ways(self.designed(begin_with_table))
+        self.assertEqual(len(pages_of(together / "N-00002.pdf")), 4)
+        self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
+
+
+if __name__ == "__main__":
+    unittest.main()
