@@ -130,15 +130,6 @@ TEST_F(LetterPlaces, WhatCannotBeFilledIsTold) {
     ASSERT_EQ(letters->refusals().size(), 1U);
     EXPECT_TRUE(letters->refusals().front().starts_with("The place \"A\" cannot be filled: "));
     EXPECT_EQ(letters->filledPlaces().size(), 1U);
-    const std::string simple = "<w:fldSimple w:instr=\" REF b \\h \">" + run("x") + "</w:fldSimple>";
-    const std::string other = "<w:fldSimple w:instr=\" REF Other \">" + run("x") + "</w:fldSimple>";
-    const std::string code = inRun("<w:fldChar w:fldCharType=\"begin\"/>") +
-                             inRun("<w:instrText> ref B</w:instrText>") +
-                             inRun("<w:fldChar w:fldCharType=\"separate\"/>") + run("x") +
-                             inRun("<w:fldChar w:fldCharType=\"end\"/>");
-    const std::string advice = " is not filled: put a further place there, or let Word update it.";
-    EXPECT_EQ(compiled(wordFile(paragraph(place("B") + simple + other + code)))->refusals(),
-              (std::vector<std::string>{"The field REF b" + advice, "The field REF B" + advice}));
 }
 
 }  // namespace

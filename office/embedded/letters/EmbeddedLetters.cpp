@@ -8,6 +8,7 @@
 #include "office/embedded/letters/LetterRenderer.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/PlaceMarker.h"
+#include "office/embedded/letters/ReferenceMarker.h"
 #include "office/embedded/letters/SharedLayout.h"
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/parts/DocumentFile.h"
@@ -28,6 +29,11 @@ std::size_t labelCount(WordContent& content, const letters::PlaceSources& source
     const pugi::xml_node cell = cellOfAllPlaces(content, sources);
     return labelCells(cell, content.body().story.names()).size();
 }
+
+struct UncutPart {
+    std::unique_ptr<opc::XmlPart> part;
+    bool hasPlaces = false;
+};
 
 class EmbeddedLetters final : public letters::Letters {
   public:
@@ -119,29 +125,36 @@ class EmbeddedLetters final : public letters::Letters {
     void cutParts(opc::Package& package) {
         const std::vector<StoryPart> names = partsWithPlaces(package);
         const bool isForAll = settings_.use == letters::LetterUse::OneForAll;
+        // All places have to be known before the first part is cut.
+        std::vector<UncutPart> uncut;
         for (const auto& [name, kind] : names) {
-            const bool isLinked =
-                isForAll && kind == PartKind::HeaderOrFooter && hasPlaces(package.readPart(name));
-            if (isLinked) noteLinks(package, names.front().name, name);
+            uncut.push_back(parsed(package, name));
+            const bool isOwn = isForAll && uncut.back().hasPlaces;
+            if (isOwn && kind == PartKind::HeaderOrFooter) noteLinks(package, names.front().name, name);
+            if (isOwn && kind == PartKind::Comments) context_.repeatsComments = true;
         }
-        for (const auto& [name, kind] : names) {
-            const bool hasOwn = isForAll && kind == PartKind::Comments && hasPlaces(package.readPart(name));
-            context_.repeatsComments = context_.repeatsComments || hasOwn;
-        }
-        for (const auto& [name, kind] : names) {
-            const std::string xml = package.readPart(name);
+        for (std::size_t number = 0; number < names.size(); ++number) {
+            const auto& [name, kind] = names[number];
             const bool hasSections = isForAll && kind != PartKind::HeaderOrFooter &&
                                      (kind != PartKind::Comments || context_.repeatsComments);
-            if (!hasSections && !hasPlaces(xml)) continue;
-            const std::unique_ptr<opc::XmlPart> part = opc::XmlPart::parse(xml, name, package.fileName());
-            parts_.push_back(cutPart(context_, *part, kind));
+            if (!hasSections && !uncut[number].hasPlaces) continue;
+            parts_.push_back(cutPart(context_, *uncut[number].part, kind));
             parts_.back().entryName = entryNameOf(name);
         }
     }
 
+    UncutPart parsed(opc::Package& package, const std::string& name) {
+        const std::string xml = package.readPart(name);
+        const bool isMarked = hasPlaces(xml);
+        UncutPart uncut{opc::XmlPart::parse(xml, name, package.fileName())};
+        const bool isReferring = markReferences(*uncut.part, marked_, settings_.use);
+        uncut.hasPlaces = isMarked || isReferring;
+        return uncut;
+    }
+
     [[nodiscard]] bool hasPlaces(const std::string& xml) const {
         const auto isThere = [&](const auto& marked) {
-            return xml.find('"' + marked.name + '"') != std::string::npos;
+            return !marked.name.empty() && xml.find('"' + marked.name + '"') != std::string::npos;
         };
         return xml.find(kAnyToken) != std::string::npos || xml.find(kKeptPlace) != std::string::npos ||
                std::ranges::any_of(marked_.places, isThere) || std::ranges::any_of(marked_.tables, isThere);

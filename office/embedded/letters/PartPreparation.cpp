@@ -8,7 +8,6 @@
 #include "office/embedded/letters/Token.h"
 #include "office/embedded/text/Story.h"
 #include "office/embedded/text/TableEditor.h"
-#include "office/model/word/FieldCode.h"
 
 #include <algorithm>
 #include <iterator>
@@ -83,24 +82,10 @@ void PartPreparation::prepare() {
 void PartPreparation::collect(pugi::xml_node node) {
     const WordTag tag = names_.tagOf(node);
     if (tag == WordTag::BookmarkStart || tag == WordTag::BookmarkEnd) collectBookmark(node, tag);
-    if (tag == WordTag::InstructionText) refuseReference(node.text().get());
-    if (tag == WordTag::SimpleField) refuseReference(names_.value(node, "instr"));
     const bool isText = tag == WordTag::TextElement || tag == WordTag::InstructionText;
     if (isText && valueTokenOf(node)) texts_.push_back(node);
     for (const pugi::xml_node child : node.children())
         collect(child);
-}
-
-/// Refuses a field that repeats the text of a place (ECMA-376 Part 1, 17.16.5.54): it shows the text that
-/// Word calculated last.
-void PartPreparation::refuseReference(std::string_view code) const {
-    const std::vector<std::string> words = word::piecesOfCode(code);
-    if (words.size() < 2 || !equalsIgnoringCase(words[0], "REF")) return;
-    const bool isPlace = std::ranges::any_of(
-        placesByName_, [&](const auto& place) { return equalsIgnoringCase(place.first, words[1]); });
-    if (!isPlace) return;
-    context_.refusals.push_back("The field REF " + words[1] +
-                                " is not filled: put a further place there, or let Word update it.");
 }
 
 void PartPreparation::collectBookmark(pugi::xml_node node, WordTag tag) {
@@ -128,7 +113,7 @@ void PartPreparation::markValue(pugi::xml_node text, std::size_t number) {
     format.prefix = names_.element("");
     format.attributePrefix = names_.attribute("");
     format.isWholeRun = names_.tagOf(text) == WordTag::TextElement;
-    format.canSplit = run.parent() == paragraph;
+    format.canSplit = run.parent() == paragraph && !context_.marked.places[number].isReference;
     for (const pugi::xml_node property : names_.child(run, WordTag::RunProperties).children())
         format.runProperties.emplace_back(opc::localName(property), xmlOf(property));
     if (const pugi::xml_node properties = names_.child(paragraph, WordTag::ParagraphProperties)) {
@@ -144,8 +129,10 @@ void PartPreparation::markValue(pugi::xml_node text, std::size_t number) {
 
 void PartPreparation::findTables() {
     RowPatternFinder finder(part_.root(), context_.marked, bookmarks_);
-    for (const pugi::xml_node text : texts_)
-        finder.addPlace(text, valueTokenOf(text)->number);
+    for (const pugi::xml_node text : texts_) {
+        const std::size_t number = valueTokenOf(text)->number;
+        if (!context_.marked.places[number].isReference) finder.addPlace(text, number);
+    }
     for (const PartBookmark& bookmark : bookmarks_) {
         const auto place = placesByName_.find(bookmark.name);
         if (place != placesByName_.end()) finder.addPlace(bookmark.start, place->second);

@@ -39,7 +39,6 @@ class PartPreparation {
 
   private:
     void collect(pugi::xml_node node);
-    void refuseReference(std::string_view code) const;
     void collectBookmark(pugi::xml_node node, opc::WordTag tag);
     void markValues();
     void markValue(pugi::xml_node text, std::size_t number);

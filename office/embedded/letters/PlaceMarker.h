@@ -11,10 +11,11 @@ namespace mergeloom::embedded {
 
 /// A place that is filled.
 struct MarkedPlace {
-    std::string name;  ///< the name of the bookmark
+    std::string name;  ///< the name of the bookmark, or empty for a field that repeats it
     letters::PlaceSource source;
     bool isPicture = false;
-    Emu textWidth{};  ///< of the text around it, for a picture
+    Emu textWidth{};           ///< of the text around it, for a picture
+    bool isReference = false;  ///< true for the result of a field
 };
 
 /// A table that lists the records of a subform.
