@@ -3,6 +3,7 @@
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
 #include "droppers/CellNavigation.h"
+#include "droppers/FormerPlaces.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 #include "droppers/modExcelNormalizeName.h"
@@ -70,7 +71,12 @@ int CNodeDropperField::xlDropPlace(const FieldDropArguments& arguments, const ex
                                     .vstrPrefix = arguments.parentName,
                                     .vstrPictureFile = pictureOf(arguments.node)};
     const excel::RangePtr cell = workbook->Application()->ActiveCell();
-    return ExcelNamedRangeAdd(context_.reports, *workbook, name, content) ? rowsOf(*cell) : 0;
+    if (!context_.formerPlaces) context_.formerPlaces = std::make_shared<FormerPlaces>(*workbook);
+    const PlacesOfCell former = context_.formerPlaces->on(*cell);
+    if (!ExcelNamedRangeAdd(context_.reports, *workbook, name, content)) return 0;
+    removePlaces(*workbook, *cell, former,
+                 content.vstrPictureFile.empty() ? NewPlace::Text : NewPlace::Picture);
+    return rowsOf(*cell);
 }
 
 int CNodeDropperField::xlDropTable(const FieldDropArguments& arguments, const excel::WorkbookPtr& workbook,

@@ -9,6 +9,7 @@
 #include "xml/XmlNode.h"
 
 #include <functional>
+#include <memory>
 #include <source_location>
 #include <string>
 #include <string_view>
@@ -97,6 +98,7 @@ struct DropSettings {
 };
 
 class FieldDialog;
+class FormerPlaces;
 
 /// The settings, services and results that all droppers of one drop share.
 struct DropContext {
@@ -109,6 +111,7 @@ struct DropContext {
     NameRule normalizeName = WordNormalizeName;  ///< of the kind of document
     DroppedNames places{};                       ///< the places that this drop made
     DroppedNames tables{};  ///< the tables that this drop made, which are no earlier tables to replace
+    std::shared_ptr<FormerPlaces> formerPlaces{};  ///< of a workbook; null until the drop makes a place
     /// The reason why nothing of an object was dropped, unless the user was informed of it.
     std::string nothingDropped{};
 };

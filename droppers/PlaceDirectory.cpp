@@ -26,21 +26,10 @@ using letters::PlaceSource;
 using letters::PlaceSources;
 using letters::ValueKind;
 
-constexpr std::size_t kMaxDigits = 9;
-
-/// Returns the digits of the counter in the name of a further place; empty when it is no such name.
-std::string_view counterOf(std::string_view name) {
-    const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
-    if (suffix == std::string_view::npos) return {};
-    const std::string_view digits = name.substr(suffix + kFurtherPlaceSuffix.size());
-    const bool isCounter = digits.find_first_not_of("0123456789") == std::string_view::npos;
-    return isCounter && digits.size() <= kMaxDigits ? digits : std::string_view();
-}
-
 /// Adds the counter at the end of a name. Only these numbers are taken from the document; the names are
 /// computed from the controls.
 void collectCounter(std::string_view name, std::set<std::int64_t>& counters) {
-    const std::string_view digits = counterOf(name);
+    const std::string_view digits = placeCounterOf(name);
     std::int64_t counter = 0;
     (void)std::from_chars(digits.data(), digits.data() + digits.size(), counter);
     if (!digits.empty()) counters.insert(counter);
@@ -113,12 +102,6 @@ const TreeNode* valueNode(const TreeNode& control, ValueKind kind) {
         if (kind == ValueKind::Bound ? drops == DropKind::BoundValue : isDisplay) return node;
     }
     return nullptr;
-}
-
-/// Returns the name before the counter of a further place; the name itself when it has none.
-std::string withoutCounter(const std::string& name) {
-    const std::size_t digits = counterOf(name).size();
-    return digits == 0 ? name : name.substr(0, name.size() - digits - kFurtherPlaceSuffix.size());
 }
 
 /// Collects the sources of the bookmarks of a document, or of the names of a workbook.
@@ -250,7 +233,7 @@ void addNodesByPlace(const XmlNodeCollection& xmlNodes, const TreeNode& object, 
 
 std::span<const int> nodesOfPlace(const NodesByPlace& nodes, const std::string& name) {
     auto found = nodes.find(foldCase(name));
-    if (found == nodes.end()) found = nodes.find(foldCase(withoutCounter(name)));
+    if (found == nodes.end()) found = nodes.find(foldCase(withoutPlaceCounter(name)));
     if (found == nodes.end()) return {};
     return found->second;
 }

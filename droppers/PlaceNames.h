@@ -38,6 +38,22 @@ inline std::string usablePlaceName(const std::string& name, std::int64_t counter
     return normalize(usable + std::string(kFurtherPlaceSuffix) + std::to_string(counter), false);
 }
 
+/// Returns the digits of the counter in the name of a further place; empty when it is no such name.
+inline std::string_view placeCounterOf(std::string_view name) {
+    constexpr std::size_t kMaxDigits = 9;
+    const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
+    if (suffix == std::string_view::npos) return {};
+    const std::string_view digits = name.substr(suffix + kFurtherPlaceSuffix.size());
+    const bool isCounter = digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isCounter && digits.size() <= kMaxDigits ? digits : std::string_view();
+}
+
+/// Returns the name before the counter of a further place; the name itself when it has none.
+inline std::string withoutPlaceCounter(const std::string& name) {
+    const std::size_t digits = placeCounterOf(name).size();
+    return digits == 0 ? name : name.substr(0, name.size() - digits - kFurtherPlaceSuffix.size());
+}
+
 /// The names that a place may have: its own and, while that is taken, further ones that end in a counter
 /// from 1. The collection holds the bookmarks of a document or the names of a workbook.
 template <class Collection>

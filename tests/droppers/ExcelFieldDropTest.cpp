@@ -2,6 +2,7 @@
 #include "droppers/CNodeDropperField.h"
 #include "droppers/CNodeDropperLabel.h"
 
+#include <array>
 #include <vector>
 
 namespace mergeloom {
@@ -59,6 +60,64 @@ TEST_F(ExcelFieldDrop, AnImageControlShowsItsPicture) {
     EXPECT_EQ(dropField({}), 1) << "the file is missing";
     EXPECT_EQ(cell(5, 1)->Value(), "[Logo]");
     EXPECT_TRUE(errors.reports.empty());
+}
+
+/// A cell has one place: the last one that was dropped. Undoing brings the former one back.
+TEST_F(ExcelFieldDrop, APlaceReplacesTheFormerOneOfItsCell) {
+    load(
+        R"(<db><Form Name='F'><Control Name='A'/><Control Name='B' Caption='Bee'/><Control Name='P' Image='p.gif'/>
+            <Control Name='Q' Image='q.gif'/></Form></db>)");
+    for (const char* const picture : {"p.gif", "q.gif"}) {
+        pictures[picture] = std::string("/") + picture;
+        files.files[pictures[picture]] = pictureFile(40, 20);
+    }
+    constexpr const char *kA = "2k", *kB = "3k", *kP = "4k", *kQ = "5k";
+    struct Case {
+        const char* what;
+        std::vector<std::string> drops;
+        std::string expected;
+    };
+    const std::vector<Case> cases{
+        {"another field", {kA, kB}, "[B]\nammB=A1 "},
+        {"the same field, under its next name", {kA, kA}, "[A]\nammA_ref1=A1 "},
+        {"the first name is free again", {kA, kA, kA}, "[A]\nammA=A1 "},
+        {"a picture over a text", {kA, kP}, "ammP=A1 ammP:A1 "},
+        {"a text under a picture", {kP, kA}, "[A]\nammA=A1 "},
+        {"another picture", {kP, kQ}, "ammQ=A1 ammQ:A1 "},
+    };
+    const auto state = [this] { return cells() + names() + shapes(); };
+    for (const Case& c : cases) {
+        open();
+        std::string before;
+        for (const std::string& dropped : c.drops) {
+            before = state();
+            goTo(1, 1);
+            EXPECT_TRUE(drop(node(dropped, "Value"))) << c.what;
+        }
+        EXPECT_EQ(state(), c.expected) << c.what;
+        EXPECT_TRUE(workbook->Undo(1)) << c.what;
+        EXPECT_EQ(state(), before) << c.what;
+    }
+}
+
+TEST_F(ExcelFieldDrop, NamesThatAreNoFormerPlacesStay) {
+    load("<db><Form Name='F'><Control Name='A'/></Form></db>");
+    for (const auto& [name, refersTo, text] : std::vector<std::array<std::string, 3>>{
+             {"ammB", "=$A$1", "Total"},
+             {"Rate", "=$A$1", "[Rate]"},
+             {"ammB", "=$A$1:$B$2", "[B]"},
+             {"ammB", "=$B$1", "[B]"},
+             {"ammB", "=#REF!", "[B]"},
+             {"ammB_refs", "=$A$1", "[B]"},
+         }) {
+        open();
+        workbook->Names()->Add(name, refersTo);
+        cell(1, 1)->SetValue(text);
+        goTo(1, 1);
+        EXPECT_TRUE(drop(node("2k", "Value"))) << name << refersTo;
+        EXPECT_TRUE(workbook->Names()->Exists(name)) << name << refersTo << text;
+        EXPECT_TRUE(workbook->Names()->Exists("ammA")) << name << refersTo;
+    }
 }
 
 TEST_F(ExcelFieldDrop, ATableFieldBelongsIntoItsTable) {

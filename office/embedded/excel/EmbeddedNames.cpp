@@ -36,6 +36,7 @@ class EmbeddedDefinedName final : public excel::DefinedName {
     std::string RefersToLocal() override { return "=" + entry().formula; }
     void SetRefersToLocal(const std::string& formula) override;
     excel::RangePtr RefersToRange() override;
+    void Delete() override;
 
   private:
     [[nodiscard]] DefinedNames::Entry entry() const { return content_->workbook().names().at(index_); }
@@ -64,6 +65,11 @@ excel::RangePtr EmbeddedDefinedName::RefersToRange() {
         throw AutomationError(kApplicationDefined, "The name '" + Name() + "' does not stand for cells.");
     }
     return rangeOf(content_, *sheet, reference->area);
+}
+
+void EmbeddedDefinedName::Delete() {
+    content_->workbook().names().remove(index_);
+    content_->touch();
 }
 
 /// Returns the sheet's index in the workbook's list, regardless of its kind.

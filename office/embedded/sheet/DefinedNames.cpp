@@ -123,19 +123,52 @@ pugi::xml_node DefinedNames::ensureList() {
 }
 
 void DefinedNames::undoAppend(pugi::xml_node node) {
-    const std::string name(nameOf(node));
-    const std::string key = keyOf(name, kWorkbook);
-    const std::size_t index = indexes_.at(key);
-    indexes_.erase(key);
-    nodes_.erase(nodes_.begin() + static_cast<std::ptrdiff_t>(index));
-    // The removed name is the last one, unless names were added after the recorded step.
-    if (index < nodes_.size()) {
-        for (auto& [other, position] : indexes_) {
-            if (position > index) --position;
-        }
-    }
+    unlist(indexes_.at(keyOf(nameOf(node), kWorkbook)));
     part_.detachedNodes().append_move(node);
+}
+
+void DefinedNames::remove(std::size_t index) {
+    const pugi::xml_node node = nodes_.at(index);
+    const pugi::xml_node next = node.next_sibling();
+    pugi::xml_node names = node.parent();
+    unlist(index);
+    part_.detachedNodes().append_move(node);
+    state_.change([this, node, next, names, index]() mutable {
+        if (next) {
+            names.insert_move_before(node, next);
+        } else {
+            names.append_move(node);
+        }
+        undoRemove(node, index);
+    });
+    removeEmptyList(names);
+}
+
+/// A list without names is not valid.
+void DefinedNames::removeEmptyList(pugi::xml_node names) {
+    if (names.first_child()) return;
+    part_.detachedNodes().append_move(names);
+    state_.change(
+        [root = part_.root(), names]() mutable { root.insert_move_after(names, predecessor(root)); });
+}
+
+void DefinedNames::unlist(std::size_t index) {
+    const std::string name(nameOf(nodes_.at(index)));
+    indexes_.erase(keyOf(name, knownScopeOf(nodes_[index])));
+    nodes_.erase(nodes_.begin() + static_cast<std::ptrdiff_t>(index));
     counters_.release(name);
+    // The removed name is the last one, unless a name was removed or names were added after the recorded
+    // step.
+    if (index == nodes_.size()) return;
+    for (auto& [other, position] : indexes_)
+        if (position > index) --position;
+}
+
+void DefinedNames::undoRemove(pugi::xml_node node, std::size_t index) {
+    for (auto& [other, position] : indexes_)
+        if (position >= index) ++position;
+    nodes_.insert(nodes_.begin() + static_cast<std::ptrdiff_t>(index), node);
+    indexes_.emplace(keyOf(nameOf(node), knownScopeOf(node)), index);
 }
 
 std::int64_t DefinedNames::firstFreeCounter(const std::string& stem) {

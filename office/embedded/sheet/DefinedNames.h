@@ -14,9 +14,9 @@
 namespace mergeloom::embedded {
 
 /// The defined names of a workbook (ECMA-376 Part 1, 18.2.5). Names are one space for the workbook and one
-/// for each sheet, compared without regard to letter case. Names keep their index as long as no step is
-/// undone. An entry without a name, or of a sheet that the workbook does not list, is left alone and not
-/// counted.
+/// for each sheet, compared without regard to letter case. Names keep their index as long as none is
+/// removed and no step is undone. An entry without a name, or of a sheet that the workbook does not list, is
+/// left alone and not counted.
 class DefinedNames {
   public:
     /// The scope of a name of the whole workbook.
@@ -41,6 +41,7 @@ class DefinedNames {
     /// invalid name.
     std::size_t define(const std::string& name, const std::string& formula);
     void setFormula(std::size_t index, const std::string& formula);
+    void remove(std::size_t index);
     /// Returns the smallest number n from 1 for which no name of the workbook is stem followed by n. Later
     /// calls do not try all numbers again.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
@@ -49,7 +50,10 @@ class DefinedNames {
     void list(pugi::xml_node node, int sheet);
     std::size_t append(const std::string& name, const std::string& formula);
     pugi::xml_node ensureList();
+    void removeEmptyList(pugi::xml_node names);
     void undoAppend(pugi::xml_node node);
+    void unlist(std::size_t index);
+    void undoRemove(pugi::xml_node node, std::size_t index);
 
     opc::XmlPart& part_;
     PartState& state_;

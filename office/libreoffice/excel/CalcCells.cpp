@@ -4,6 +4,7 @@
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSheetOperation.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -39,7 +40,7 @@ std::vector<excel::CellArea> filledIn(const Reference<css::sheet::XSpreadsheet>&
 
 CalcFormerCells::CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet,
                                  const excel::CellArea& area)
-    : cells_(rangeOf(sheet, area)) {
+    : sheet_(sheet), area_(area) {
     for (const excel::CellArea& filled : filledIn(sheet, area)) {
         forEachCell(filled, [&](const excel::CellPosition& cell) { read(cellOf(sheet, cell)); });
     }
@@ -53,12 +54,21 @@ void CalcFormerCells::read(const Reference<css::table::XCell>& cell) {
     contents_.push_back(content);
 }
 
-void CalcFormerCells::restore() const {
-    Reference<css::sheet::XSheetOperation>(cells_, UNO_QUERY_THROW)->clearContents(kContentFlags);
+void CalcFormerCells::exchange(const std::function<void()>& afterChange) {
+    CalcFormerCells replaced(sheet_, area_);
+    restore(afterChange);
+    *this = std::move(replaced);
+}
+
+void CalcFormerCells::restore(const std::function<void()>& afterChange) const {
+    const Reference<css::sheet::XSheetOperation> cells(rangeOf(sheet_, area_), UNO_QUERY_THROW);
+    cells->clearContents(kContentFlags);
+    afterChange();
     for (const Content& content : contents_) {
         if (content.type == css::table::CellContentType_VALUE) content.cell->setValue(content.number);
         if (content.type == css::table::CellContentType_FORMULA) content.cell->setFormula(content.text);
         if (content.type == css::table::CellContentType_TEXT) textIn(content.cell)->setString(content.text);
+        afterChange();
     }
 }
 

@@ -9,6 +9,7 @@
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/table/CellRangeAddress.hpp>
 #include <com/sun/star/table/XCell.hpp>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -51,8 +52,9 @@ class CalcFormerCells {
     /// Must run within a call.
     CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet, const excel::CellArea& area);
 
-    /// Restores the contents of the cells. Must run within a call.
-    void restore() const;
+    /// Restores the contents of the cells and keeps those that they had. The function is called after each
+    /// change. Must run within a call.
+    void exchange(const std::function<void()>& afterChange);
 
   private:
     struct Content {
@@ -62,8 +64,10 @@ class CalcFormerCells {
         OUString text;
     };
     void read(const Reference<css::table::XCell>& cell);
+    void restore(const std::function<void()>& afterChange) const;
 
-    Reference<css::table::XCellRange> cells_;
+    Reference<css::sheet::XSpreadsheet> sheet_;
+    excel::CellArea area_;
     std::vector<Content> contents_;
 };
 

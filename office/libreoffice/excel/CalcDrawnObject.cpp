@@ -113,6 +113,53 @@ std::optional<excel::CellPosition> anchorOf(CalcContent& content, const CalcShap
     });
 }
 
+Reference<css::drawing::XShape> makePictureShape(CalcContent& content) {
+    return content.connection().call([&] {
+        return Reference<css::drawing::XShape>(
+            content.factory()->createInstance(OUString::createFromAscii(kPictureShape)), UNO_QUERY_THROW);
+    });
+}
+
+/// A picture as it is inserted. UNO cannot show a removed shape again, so redoing makes another one.
+class InsertedPicture {
+  public:
+    InsertedPicture(CalcContent& content, CalcSheet& sheet, const excel::CellPosition& cell,
+                    const CalcGraphic& graphic, const css::awt::Point& place)
+        : content_(content),
+          sheet_(sheet),
+          cell_(cell),
+          graphic_(graphic.graphic),
+          place_(place),
+          size_{content.columnUnits().lengthOf(graphic.width), lengthOf(graphic.height)} {}
+
+    CalcShapeEntryPtr insert() {
+        entry_ = sheet_.shapes().append(makePictureShape(content_));
+        return entry_;
+    }
+    void setProperties() const {
+        content_.connection().call([this] {
+            propertiesOf(*entry_)->setPropertyValue("Graphic", css::uno::Any(graphic_));
+            anchor(*entry_, sheet_.cell(cell_));
+            entry_->shape->setSize(size_);
+            entry_->shape->setPosition(place_);
+        });
+    }
+    void exchange() const {
+        if (!entry_->isDeleted) return sheet_.shapes().remove(entry_);
+        sheet_.shapes().append(entry_, makePictureShape(content_));
+        setProperties();
+    }
+
+  private:
+    CalcContent& content_;
+    CalcSheet& sheet_;
+    excel::CellPosition cell_;
+    Reference<css::graphic::XGraphic> graphic_;
+    css::awt::Point place_;
+    css::awt::Size size_;
+    CalcShapeEntryPtr entry_;
+};
+
 }  // namespace
 
 CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, std::size_t sheet,
@@ -120,22 +167,12 @@ CalcDrawnObject CalcDrawnObject::insertPicture(const CalcContentPtr& content, st
     CalcSheet& target = content->sheet(sheet);
     target.checkMayChange("pictures");
     const CalcGraphic graphic = readGraphic(content->connection(), content->files(), fileName);
-    const css::awt::Point place = cellPlace(*content, sheet, cell);
-    const css::awt::Size size{content->columnUnits().lengthOf(graphic.width), lengthOf(graphic.height)};
+    InsertedPicture picture(*content, target, cell, graphic, cellPlace(*content, sheet, cell));
     content->touch();
-    CalcShapeTable& table = target.shapes();
-    const CalcShapeEntryPtr entry = table.append(content->connection().call([&] {
-        return Reference<css::drawing::XShape>(
-            content->factory()->createInstance(OUString::createFromAscii(kPictureShape)), UNO_QUERY_THROW);
-    }));
-    content->undo().record([&table, entry] { table.remove(entry); });
-    content->connection().call([&] {
-        propertiesOf(*entry)->setPropertyValue("Graphic", css::uno::Any(graphic.graphic));
-        anchor(*entry, target.cell(cell));
-        entry->shape->setSize(size);
-        entry->shape->setPosition(place);
-    });
-    table.rename(entry, "Picture " + std::to_string(table.all().size()));
+    const CalcShapeEntryPtr entry = picture.insert();
+    content->undo().recordExchange([picture] { picture.exchange(); });
+    picture.setProperties();
+    target.shapes().rename(entry, "Picture " + std::to_string(target.shapes().all().size()));
     return {content, sheet, entry};
 }
 
@@ -186,19 +223,30 @@ css::awt::Size CalcDrawnObject::size() const {
 }
 
 void CalcDrawnObject::setName(const std::string& name) const {
-    const std::string former = changedEntry().name;
+    std::string former = changedEntry().name;
     table().rename(entry_, name);
-    content_->undo().record([table = &table(), entry = entry_, former] { table->rename(entry, former); });
+    content_->undo().recordExchange([table = &table(), entry = entry_, former]() mutable {
+        const std::string replaced = entry->name;
+        table->rename(entry, former);
+        former = replaced;
+    });
 }
 
 void CalcDrawnObject::setPlace(const css::awt::Point& wanted) const {
     static_cast<void>(changedEntry());
-    const css::awt::Point former = place();
+    css::awt::Point former = place();
     moveTo(wanted);
     // The content owns the step, so the step must not own the content.
-    content_->undo().record([content = std::weak_ptr(content_), sheet = sheet_, entry = entry_, former] {
-        if (const CalcContentPtr owner = content.lock()) CalcDrawnObject(owner, sheet, entry).moveTo(former);
-    });
+    const auto exchange = [content = std::weak_ptr(content_), sheet = sheet_, entry = entry_,
+                           former]() mutable {
+        const CalcContentPtr owner = content.lock();
+        if (!owner) return;
+        const CalcDrawnObject object(owner, sheet, entry);
+        const css::awt::Point replaced = object.place();
+        object.moveTo(former);
+        former = replaced;
+    };
+    content_->undo().recordExchange(exchange);
 }
 
 /// Anchors the shape to the cell at its new place, since a shape moves with the cell of its anchor.
@@ -216,10 +264,14 @@ void CalcDrawnObject::setSize(css::awt::Size wanted) const {
     // UNO has no sizes below a hundredth of a millimetre.
     wanted = {std::max<sal_Int32>(1, wanted.Width), std::max<sal_Int32>(1, wanted.Height)};
     const CalcShapeEntry& changed = changedEntry();
-    const css::awt::Size former = size();
+    css::awt::Size former = size();
     content_->connection().call([&] { changed.shape->setSize(wanted); });
-    content_->undo().record([content = content_.get(), shape = changed.shape, former] {
-        content->connection().call([&] { shape->setSize(former); });
+    content_->undo().recordExchange([&connection = content_->connection(), entry = entry_, former]() mutable {
+        connection.call([&] {
+            const css::awt::Size replaced = entry->shape->getSize();
+            entry->shape->setSize(former);
+            former = replaced;
+        });
     });
 }
 
@@ -229,7 +281,13 @@ void CalcDrawnObject::remove() const {
     if (!content_->undo().isRecording()) return shapes.remove(entry_);
     const std::size_t position = shapes.positionOf(entry_);
     shapes.hide(entry_);
-    content_->undo().record([&shapes, entry = entry_, position] { shapes.restore(entry, position); });
+    content_->undo().recordExchange([&shapes, entry = entry_, position] {
+        if (entry->isDeleted) {
+            shapes.restore(entry, position);
+        } else {
+            shapes.hide(entry);
+        }
+    });
     content_->undo().onDiscard([&shapes, entry = entry_] { shapes.remove(entry); });
 }
 

@@ -24,6 +24,22 @@ void CalcNameIndex::removeLast() {
     entries_.pop_back();
 }
 
+void CalcNameIndex::remove(std::size_t index) {
+    const Entry removed = entries_.at(index);
+    indexes_.erase(keyOf(removed.name, removed.sheet));
+    counters_.release(removed.name);
+    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
+    for (auto& [key, position] : indexes_)
+        if (position > index) --position;
+}
+
+void CalcNameIndex::insert(const Entry& entry, std::size_t index) {
+    for (auto& [key, position] : indexes_)
+        if (position >= index) ++position;
+    entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(index), entry);
+    indexes_.emplace(keyOf(entry.name, entry.sheet), index);
+}
+
 void CalcNameIndex::reserveTableName(const std::string& name) {
     tables_.insert(foldCase(name));
 }

@@ -25,6 +25,9 @@ class CalcNameIndex {
     void append(const std::string& name, int sheet);
     /// Removes the entry that was appended last.
     void removeLast();
+    /// Removes an entry; those after it move up. insert() puts it back.
+    void remove(std::size_t index);
+    void insert(const Entry& entry, std::size_t index);
     void reserveTableName(const std::string& name);
 
     [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }

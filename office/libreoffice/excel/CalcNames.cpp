@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "office/libreoffice/excel/CalcCells.h"
+#include "office/libreoffice/excel/CalcNameChange.h"
 #include "office/libreoffice/excel/CalcRange.h"
 #include "office/model/excel/CellAddress.h"
 #include "office/model/excel/DefinedNameRule.h"
@@ -94,6 +95,7 @@ class CalcDefinedName final : public excel::DefinedName {
     std::string RefersToLocal() override;
     void SetRefersToLocal(const std::string& formula) override;
     excel::RangePtr RefersToRange() override;
+    void Delete() override;
 
   private:
     [[nodiscard]] const CalcNameIndex::Entry& entry() const { return content_->names().entries().at(index_); }
@@ -126,9 +128,14 @@ void CalcDefinedName::SetRefersToLocal(const std::string& formula) {
     content_->touch();
     content_->connection().call([&] {
         const Reference<css::sheet::XFormulaTokens> tokens(name, UNO_QUERY_THROW);
-        content_->undo().record([&connection = content_->connection(), tokens, former = tokens->getTokens()] {
-            connection.call([&] { tokens->setTokens(former); });
-        });
+        content_->undo().recordExchange(
+            [&connection = content_->connection(), tokens, former = tokens->getTokens()]() mutable {
+                connection.call([&] {
+                    const Tokens replaced = tokens->getTokens();
+                    tokens->setTokens(former);
+                    former = replaced;
+                });
+            });
         if (const auto* const text = std::get_if<std::string>(&meaning))
             return name->setContent(toUno(*text));
         tokens->setTokens(std::get<css::uno::Sequence<css::sheet::FormulaToken>>(meaning));
@@ -148,6 +155,26 @@ excel::RangePtr CalcDefinedName::RefersToRange() {
         throw AutomationError(kApplicationDefined, "The name '" + Name() + "' does not stand for cells.");
     }
     return calcRangeOf(content_, static_cast<std::size_t>(address.Sheet), areaOf(address));
+}
+
+void recordChange(CalcContent& content, CalcNameChange change) {
+    content.undo().recordExchange([&connection = content.connection(), change = std::move(change)]() mutable {
+        connection.call([&] { change.exchange(); });
+    });
+}
+
+void CalcDefinedName::Delete() {
+    const CalcNameIndex::Entry removed = entry();
+    content_->touch();
+    const CalcNameChange change = content_->connection().call([&] {
+        CalcNameChange removal(content_->namesOf(removed.sheet), toUno(removed.name));
+        removal.exchange();
+        return removal;
+    });
+    recordChange(*content_, change);
+    content_->names().remove(index_);
+    content_->undo().record(
+        [content = content_.get(), removed, index = index_] { content->names().insert(removed, index); });
 }
 
 [[noreturn]] void raiseInvalidName(const std::string& name) {
@@ -210,8 +237,9 @@ excel::DefinedNamePtr CalcNames::Add(const std::string& name, const std::string&
 excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::string& refersToLocal) {
     const CalcNameContent meaning = parseNameFormula(*content_, refersToLocal);
     const auto* const text = std::get_if<std::string>(&meaning);
+    const Reference<css::sheet::XNamedRanges> names =
+        content_->connection().call([&] { return content_->namesOf(CalcNameIndex::kDocument); });
     content_->connection().call([&] {
-        const Reference<css::sheet::XNamedRanges> names = content_->namesOf(CalcNameIndex::kDocument);
         try {
             names->addNewByName(toUno(name), toUno(text ? *text : kPreliminary), {}, 0);
         } catch (const css::lang::DisposedException&) {
@@ -223,11 +251,8 @@ excel::DefinedNamePtr CalcNames::define(const std::string& name, const std::stri
     content_->touch();
     CalcNameIndex& index = content_->names();
     index.append(name, CalcNameIndex::kDocument);
-    content_->undo().record([content = content_.get(), name] {
-        content->connection().call(
-            [&] { content->namesOf(CalcNameIndex::kDocument)->removeByName(toUno(name)); });
-        content->names().removeLast();
-    });
+    content_->undo().record([content = content_.get()] { content->names().removeLast(); });
+    recordChange(*content_, {names, toUno(name)});
     auto defined = std::make_shared<CalcDefinedName>(content_, index.entries().size() - 1);
     if (text == nullptr) defined->SetRefersToLocal(refersToLocal);
     return defined;

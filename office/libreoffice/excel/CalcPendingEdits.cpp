@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/libreoffice/excel/CalcCells.h"
+#include "office/libreoffice/excel/CalcNameChange.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
@@ -127,9 +128,11 @@ void CalcPendingEdits::flush() {
             const auto texts = std::exchange(sheets_[index].texts, {});
             recordFormer(index, texts);
             defineNames(index, std::exchange(sheets_[index].names, {}), texts);
-            for (const excel::CellArea& block : blocksOf(texts))
+            for (const excel::CellArea& block : blocksOf(texts)) {
                 write(sheets_[index].cells, block,
                       [&](const excel::CellPosition& cell) { return texts.at(cell); });
+                undo_.keepLocked();
+            }
         }
     });
 }
@@ -140,8 +143,13 @@ void CalcPendingEdits::recordFormer(std::size_t index, const Texts& texts) {
     std::vector<CalcFormerCells> former;
     for (const excel::CellArea& block : blocksOf(texts))
         former.emplace_back(sheets_[index].cells, block);
-    undo_.recordLater([this, index, texts, former = std::move(former)] {
-        connection_.call([&] { std::ranges::for_each(former, &CalcFormerCells::restore); });
+    undo_.recordExchangeLater([this, former = std::move(former)]() mutable {
+        connection_.call([&] {
+            for (CalcFormerCells& cells : former)
+                cells.exchange([this] { lockAgain(undo_.manager()); });
+        });
+    });
+    undo_.recordLater([this, index, texts] {
         sheets_[index].texts = texts;
         waiting_ += texts.size();
     });
@@ -175,6 +183,7 @@ void CalcPendingEdits::defineBesideTitles(std::size_t index, const std::vector<N
     write(sheets_[index].cells, titles, [&](const excel::CellPosition& cell) {
         return names[static_cast<std::size_t>(cell.row - titles.first.row)].name;
     });
+    undo_.keepLocked();
     names_->addNewFromTitles(addressOf(index, {titles.first, names.back().cell}), css::sheet::Border_LEFT);
     if (defined->getCount() != expected)
         throw AutomationError(kCommandFailed, "LibreOffice could not do it: names were not accepted.");
@@ -191,8 +200,10 @@ void CalcPendingEdits::defineOne(std::size_t index, const Name& name) {
 
 void CalcPendingEdits::recordDefined(std::size_t index, const Name& name) {
     if (!undo_.canUndo()) return;
+    undo_.recordExchangeLater([this, change = CalcNameChange(names_, toUno(name.name))]() mutable {
+        connection_.call([&] { change.exchange(); });
+    });
     undo_.recordLater([this, index, name] {
-        connection_.call([&] { names_->removeByName(toUno(name.name)); });
         sheets_[index].names.push_back(name);
         ++waiting_;
     });

@@ -56,6 +56,15 @@ CalcShapeEntryPtr CalcShapeTable::append(const Reference<css::drawing::XShape>& 
     return entry;
 }
 
+void CalcShapeTable::append(const CalcShapeEntryPtr& entry, const Reference<css::drawing::XShape>& shape) {
+    connection_.call([&] {
+        page_->add(shape);
+        entry->shape = shape;
+        setName(*entry, entry->name);
+    });
+    list(entry, all_.size());
+}
+
 void CalcShapeTable::rename(const CalcShapeEntryPtr& entry, const std::string& name) {
     connection_.call([&] { setName(*entry, name); });
     const std::size_t position = positionOf(entry);

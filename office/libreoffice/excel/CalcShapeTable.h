@@ -33,6 +33,8 @@ class CalcShapeTable {
     [[nodiscard]] CalcShapeEntryPtr find(const std::string& name) const;
 
     CalcShapeEntryPtr append(const Reference<css::drawing::XShape>& shape);
+    /// Lists a removed entry again, with another shape and under its former name.
+    void append(const CalcShapeEntryPtr& entry, const Reference<css::drawing::XShape>& shape);
     void rename(const CalcShapeEntryPtr& entry, const std::string& name);
     void hide(const CalcShapeEntryPtr& entry);
     void restore(const CalcShapeEntryPtr& entry, std::size_t position);

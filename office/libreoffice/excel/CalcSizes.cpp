@@ -38,26 +38,37 @@ sal_Int32 lengthIn(const Properties& lines, const char* name) {
 }
 
 /// A line is hidden if and only if its size is 0.
-void setLength(const Properties& lines, const char* name, sal_Int32 length) {
+template <typename KeepLocked>
+void setLength(const Properties& lines, const char* name, sal_Int32 length,
+               const KeepLocked& keepUndoLocked) {
     lines->setPropertyValue("IsVisible", css::uno::Any(length > 0));
+    keepUndoLocked();
     if (length > 0) lines->setPropertyValue(OUString::createFromAscii(name), css::uno::Any(length));
 }
 
 /// A column or row and its former size.
 class FormerLine {
   public:
-    FormerLine(const Properties& line, const char* name)
-        : line_(line), name_(name), length_(lengthIn(line_, name)) {
+    FormerLine(const Reference<css::document::XUndoManager>& undo, const Properties& line, const char* name)
+        : undo_(undo), line_(line), name_(name), length_(lengthIn(line_, name)) {
         // A row without a height of its own grows and shrinks with its texts.
         if (std::string_view(name) == "Height")
             line_->getPropertyValue("OptimalHeight") >>= hasOptimalHeight_;
     }
-    void restore() const {
-        if (hasOptimalHeight_) return line_->setPropertyValue("OptimalHeight", css::uno::Any(true));
-        setLength(line_, name_, length_);
+    /// Restores the size and keeps the one that the line had.
+    void exchange() {
+        const FormerLine replaced(undo_, line_, name_);
+        restore();
+        *this = replaced;
     }
 
   private:
+    void restore() const {
+        if (hasOptimalHeight_) return line_->setPropertyValue("OptimalHeight", css::uno::Any(true));
+        setLength(line_, name_, length_, [this] { lockAgain(undo_); });
+    }
+
+    Reference<css::document::XUndoManager> undo_;
     Properties line_;
     const char* name_;
     sal_Int32 length_;
@@ -71,11 +82,13 @@ void change(CalcContent& content, const Properties& lines, const char* name, sal
         const Reference<css::container::XIndexAccess> single(lines, UNO_QUERY_THROW);
         const sal_Int32 count = content.undo().isRecording() ? single->getCount() : 0;
         for (sal_Int32 index = 0; index < count; ++index) {
-            const FormerLine former({single->getByIndex(index), UNO_QUERY_THROW}, name);
-            content.undo().record(
-                [&connection = content.connection(), former] { connection.call([&] { former.restore(); }); });
+            FormerLine former(content.undo().manager(), {single->getByIndex(index), UNO_QUERY_THROW}, name);
+            content.undo().recordExchange([&connection = content.connection(), former]() mutable {
+                connection.call([&] { former.exchange(); });
+            });
         }
-        setLength(lines, name, length);
+        content.undo().keepLocked();
+        setLength(lines, name, length, [&] { content.undo().keepLocked(); });
     });
 }
 

@@ -50,10 +50,10 @@ void setBlock(const CalcSheet& sheet, const excel::CellArea& area, const std::st
 /// Records the contents of an area's cells in the current step.
 void recordCells(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area) {
     if (!content.undo().isRecording()) return;
-    const CalcFormerCells former =
-        content.connection().call([&] { return CalcFormerCells(sheet.uno(), area); });
-    content.undo().record(
-        [&connection = content.connection(), former] { connection.call([&] { former.restore(); }); });
+    CalcFormerCells former = content.connection().call([&] { return CalcFormerCells(sheet.uno(), area); });
+    content.undo().recordExchange([&content, former = std::move(former)]() mutable {
+        content.connection().call([&] { former.exchange([&] { lockAgain(content.undo().manager()); }); });
+    });
 }
 
 void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const excel::CellArea& area,
@@ -63,7 +63,10 @@ void fillInBlocks(CalcContent& content, const CalcSheet& sheet, const excel::Cel
     const int height = static_cast<int>(std::max<std::int64_t>(1, kCellsAtOnce / area.columns()));
     for (excel::CellArea block = area; block.first.row <= area.last.row; block.first.row += height) {
         block.last.row = std::min(area.last.row, block.first.row + height - 1);
-        content.connection().call([&] { setBlock(sheet, block, text); });
+        content.connection().call([&] {
+            setBlock(sheet, block, text);
+            content.undo().keepLocked();
+        });
     }
 }
 

@@ -8,31 +8,46 @@
 
 namespace mergeloom::libreoffice {
 
-bool CalcUndoStep::undo() {
-    const std::lock_guard lock(mutex_);
-    if (undoActions_.isEmpty()) return false;
-    undoActions_.undo();
-    cleanups_.clear();
-    return true;
+void lockAgain(const Reference<css::document::XUndoManager>& manager) {
+    manager->unlock();
+    manager->lock();
 }
 
-bool CalcUndoStep::cleanUp() {
-    const std::lock_guard lock(mutex_);
-    if (cleanups_.empty()) return false;
-    for (const auto& cleanup : std::exchange(cleanups_, {}))
-        cleanup();
-    undoActions_.clear();
-    return true;
+namespace {
+
+/// Keeps an undo list from recording what undoing and redoing change.
+class UndoLock {
+  public:
+    explicit UndoLock(const Reference<css::document::XUndoManager>& manager) : manager_(manager) {
+        manager_->lock();
+    }
+    UndoLock(const UndoLock&) = delete;
+    UndoLock& operator=(const UndoLock&) = delete;
+    ~UndoLock() {
+        try {
+            manager_->unlock();
+        } catch (const css::uno::Exception&) {
+            // The document is closed, and its list with it.
+        }
+    }
+
+  private:
+    const Reference<css::document::XUndoManager>& manager_;
+};
+
+}  // namespace
+
+void CalcUndoAction::undo() {
+    run(&CalcUndoStep::undo);
 }
 
-void CalcUndoStep::drop() {
-    const std::lock_guard lock(mutex_);
-    undoActions_.clear();
-    cleanups_.clear();
+void CalcUndoAction::redo() {
+    run(&CalcUndoStep::redo);
 }
 
-void CalcUndoAction::undo() try {
-    if (!step_->undo()) throw css::document::UndoFailedException();
+void CalcUndoAction::run(bool (CalcUndoStep::*change)()) try {
+    const UndoLock lock(manager_);
+    if (!(*step_.*change)()) throw css::document::UndoFailedException();
     css::awt::AsyncCallback::create(office_)->addCallback(this, {});
 } catch (const AutomationError& error) {
     css::document::UndoFailedException failure;
@@ -40,15 +55,10 @@ void CalcUndoAction::undo() try {
     throw failure;
 }
 
-void CalcUndoAction::redo() {
-    throw css::document::UndoFailedException();
-}
-
 void CalcUndoAction::notify(const css::uno::Any&) try {
-    manager_->clearRedo();
     showActiveCell(office_, model_->getCurrentController());
 } catch (const css::uno::Exception&) {
-    // The document is closed, or an undo is running, after which this is called again.
+    // The document is closed.
 }
 
 CalcUndo::CalcUndo(OfficeConnection& connection, const Reference<css::document::XUndoManager>& manager,
@@ -90,9 +100,13 @@ void CalcUndo::addToOfficeList() {
     hasStep_ = false;
     if (wasEmpty_) return;
     officeSteps_.push_back(
-        std::make_shared<CalcUndoStep>(std::exchange(undoActions_, {}), std::exchange(cleanups_, {})));
+        std::make_shared<CalcUndoStep>(std::exchange(changes_, {}), std::exchange(cleanups_, {})));
     manager_->addUndoAction(
         new CalcUndoAction(name_, officeSteps_.back(), manager_, model_, connection_.context()));
+}
+
+void CalcUndo::keepLocked() {
+    if (depth_ > 0 || user_ == UndoUser::Model) lockAgain(manager_);
 }
 
 void CalcUndo::change() {
@@ -101,7 +115,18 @@ void CalcUndo::change() {
 }
 
 void CalcUndo::record(std::function<void()> undoAction) {
-    if (depth_ > 0) undoActions_.add(std::move(undoAction));
+    if (depth_ > 0) changes_.add(std::move(undoAction));
+}
+
+void CalcUndo::recordExchange(std::function<void()> exchange) {
+    if (depth_ > 0) recordExchangeLater(std::move(exchange));
+}
+
+void CalcUndo::recordExchangeLater(std::function<void()> exchange) {
+    changes_.addExchange([&connection = connection_, manager = manager_, exchange = std::move(exchange)] {
+        connection.call([&] { lockAgain(manager); });
+        exchange();
+    });
 }
 
 void CalcUndo::onDiscard(std::function<void()> cleanup) {
@@ -112,18 +137,21 @@ bool CalcUndo::undo() {
     if (depth_ > 0) return false;
     if (user_ == UndoUser::ModelAndUser) return undoInOffice();
     if (!hasStep_) return false;
-    undoActions_.undo();
+    changes_.undo();
+    changes_.clear();
     cleanups_.clear();
     hasStep_ = false;
     return true;
 }
 
-/// A record without changes is not a step; undoing must not undo the user's own steps before it.
+/// A record without changes is not a step; undoing must not undo the user's own steps before it. What the
+/// model takes back is not offered to the user again.
 bool CalcUndo::undoInOffice() {
     if (wasEmpty_) return false;
     return connection_.call([&] {
         if (!manager_->isUndoPossible()) return false;
         manager_->undo();
+        manager_->clearRedo();
         return true;
     });
 }
@@ -138,7 +166,7 @@ void CalcUndo::removeHiddenShapes() {
 
 void CalcUndo::discard() {
     hasStep_ = false;
-    undoActions_.clear();
+    changes_.clear();
     const auto cleanups = std::exchange(cleanups_, {});
     for (const auto& cleanup : cleanups)
         cleanup();

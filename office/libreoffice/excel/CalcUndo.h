@@ -1,9 +1,9 @@
 #pragma once
 
+#include "office/libreoffice/excel/CalcChanges.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/Uno.h"
 #include "office/libreoffice/session/UnoText.h"
-#include "office/model/Undo.h"
 
 #include <com/sun/star/awt/XCallback.hpp>
 #include <com/sun/star/document/XUndoAction.hpp>
@@ -13,36 +13,13 @@
 #include <cppuhelper/implbase2.hxx>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace mergeloom::libreoffice {
 
-/// The undo actions of a step, in the order of its changes.
-class CalcUndoStep {
-  public:
-    using Actions = std::vector<std::function<void()>>;
-
-    CalcUndoStep(model::UndoActions undoActions, Actions cleanups)
-        : undoActions_(std::move(undoActions)), cleanups_(std::move(cleanups)) {}
-
-    /// Undoes the step. Returns false if that was done before or is no longer possible.
-    bool undo();
-    /// Removes the shapes that the step hid; it cannot be undone afterwards. Returns false if there are none.
-    bool cleanUp();
-    /// Discards all actions; the step cannot be undone afterwards.
-    void drop();
-
-  private:
-    std::mutex mutex_;  ///< users undo steps on threads of the bridge
-    model::UndoActions undoActions_;
-    Actions cleanups_;
-};
-
-/// A step in the office's own undo list, where users undo it. It cannot be redone, since its changes are not
-/// recorded.
+/// A step in the office's own undo list, where users undo and redo it.
 class CalcUndoAction final : public cppu::WeakImplHelper2<css::document::XUndoAction, css::awt::XCallback> {
   public:
     CalcUndoAction(const std::string& title, std::shared_ptr<CalcUndoStep> step,
@@ -54,17 +31,21 @@ class CalcUndoAction final : public cppu::WeakImplHelper2<css::document::XUndoAc
     OUString SAL_CALL getTitle() override { return title_; }
     void SAL_CALL undo() override;
     void SAL_CALL redo() override;
-    /// Clears the office's redo list, which the office does not allow within an undo, and shows what the
-    /// active cell holds now.
+    /// Shows what the active cell holds now, which the office does not do by itself.
     void SAL_CALL notify(const css::uno::Any&) override;
 
   private:
+    void run(bool (CalcUndoStep::*change)());
+
     const OUString title_;
     const std::shared_ptr<CalcUndoStep> step_;
     const Reference<css::document::XUndoManager> manager_;
     const Reference<css::frame::XModel> model_;
     const Reference<css::uno::XComponentContext> office_;
 };
+
+/// Locks a locked undo list again: Calc unlocks it when it sets the texts of cells or the sizes of rows.
+void lockAgain(const Reference<css::document::XUndoManager>& manager);
 
 /// The users of undo: the object model alone, or also the user, through the office's own list.
 enum class UndoUser { Model, ModelAndUser };
@@ -84,18 +65,27 @@ class CalcUndo {
     void start(const std::string& name);
     /// Returns true when the step has changes.
     bool stop();
+    /// Locks the office's list again if it is to be locked. Must be called within a call, after each change
+    /// of texts or sizes that another change follows.
+    void keepLocked();
+    [[nodiscard]] const Reference<css::document::XUndoManager>& manager() const { return manager_; }
     [[nodiscard]] bool isRecording() const { return depth_ > 0; }
     /// Must be called before a change: the steps recorded before cannot be undone past it.
     void change();
-    /// Records the undo action of a change; outside of a record it is dropped.
+    /// Records how to undo a change of what this process remembers; outside of a record it is dropped.
     void record(std::function<void()> undoAction);
+    /// Records a change of the document by a function that undoes and redoes it (CalcChanges::addExchange).
+    void recordExchange(std::function<void()> exchange);
     /// Returns true if there is a step to undo, which may still be recorded.
     [[nodiscard]] bool canUndo() const { return depth_ > 0 || hasStep_; }
-    /// Records the undo action of a delayed change that belongs to the step; only while there is one.
-    void recordLater(std::function<void()> undoAction) { undoActions_.add(std::move(undoAction)); }
+    /// Record a delayed change that belongs to the step; only while there is one.
+    void recordLater(std::function<void()> undoAction) { changes_.add(std::move(undoAction)); }
+    void recordExchangeLater(std::function<void()> exchange);
     /// Adds a function that is called when the recorded step can no longer be undone, in order to remove what
     /// it hid.
     void onDiscard(std::function<void()> cleanup);
+    /// Returns true if the office's own list may hold steps of this object.
+    [[nodiscard]] bool hasOfficeSteps() const { return !officeSteps_.empty(); }
     /// Undoes the last step. Returns false if there is no step with a change.
     bool undo();
     /// Discards the steps that hid shapes, so that these are not written into files.
@@ -111,7 +101,7 @@ class CalcUndo {
     Reference<css::frame::XModel> model_;
     const UndoUser user_;
     std::string name_;
-    model::UndoActions undoActions_;
+    CalcChanges changes_;
     CalcUndoStep::Actions cleanups_;
     std::vector<std::shared_ptr<CalcUndoStep>> officeSteps_;
     int depth_ = 0;

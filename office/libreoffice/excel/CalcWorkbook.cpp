@@ -59,7 +59,9 @@ excel::WorksheetsPtr CalcWorkbook::Worksheets() {
 }
 
 const CalcContentPtr& CalcWorkbook::content() {
-    if (!content_) content_ = std::make_shared<CalcContent>(*formerContents_.back());
+    if (content_) return content_;
+    content_ = std::make_shared<CalcContent>(*formerContents_.back());
+    if (!formerContents_.back()->undo().hasOfficeSteps()) formerContents_.pop_back();
     return content_;
 }
 

@@ -21,6 +21,9 @@ class DefinedName : public Object {
     /// Returns the cells that the name refers to. Raises kApplicationDefined for a constant, a formula, cells
     /// of another workbook, or deleted cells (#REF!).
     virtual RangePtr RefersToRange() = 0;
+    /// Name.Delete. Neither this object nor those of other names that were asked for before can be used
+    /// afterwards.
+    virtual void Delete() = 0;
 };
 
 /// The defined names of a workbook. Names are compared regardless of letter case.

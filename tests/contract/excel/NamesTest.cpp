@@ -132,6 +132,36 @@ TEST_P(OfficeNames, ReachTheFileWhateverStandsBesideTheirCells) {
     EXPECT_EQ(shown, "Caption 1|[1] Caption 2|[2] Caption 3|[3] | | | | kept| | ");
 }
 
+TEST_P(OfficeNames, AreDeletedAndComeBackWithTheStep) {
+    openNamed();
+    const auto shown = [&] {
+        std::string all;
+        for (int number = 1; number <= workbook->Names()->Count(); ++number) {
+            const excel::DefinedNamePtr name = workbook->Names()->Item(number);
+            all += name->Name() + name->RefersToLocal() + " ";
+        }
+        return all;
+    };
+    const std::string before = shown();
+    const auto step = application->UndoRecord();
+    step->StartCustomRecord("A drop");
+    workbook->Names()->Add("ammPlace", "=$B$3");
+    for (const std::string name : {"Rate", "Year '26!local", "AMMPLACE", "Moving"})
+        workbook->Names()->Item(name)->Delete();
+    EXPECT_EQ(workbook->Names()->Count(), 3);
+    EXPECT_FALSE(workbook->Names()->Exists("Moving"));
+    workbook->Names()->Add("Rate", "=7");
+    step->EndCustomRecord();
+    EXPECT_EQ(workbook->Names()->Item("total")->RefersToLocal(), "='Year ''26'!$B$2:$C$3");
+    ASSERT_TRUE(workbook->Undo(1));
+    EXPECT_EQ(shown(), before);
+    EXPECT_EQ(workbook->Names()->Item("Year '26!LOCAL")->RefersToLocal(), "='Year ''26'!$A$1");
+
+    while (workbook->Names()->Count() > 0)
+        workbook->Names()->Item(1)->Delete();
+    EXPECT_EQ(reopened()->Names()->Count(), 0);
+}
+
 /// Undoing a step removes what it wrote, even if the document has it already, and restores the former
 /// contents.
 TEST_P(OfficeNames, GoWithTheStepThatMadeThem) {

@@ -2,7 +2,9 @@
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
+#include "office/model/excel/Shapes.h"
 #include "office/model/excel/Workbook.h"
+#include "office/model/excel/Worksheet.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
 #include "office/model/word/Document.h"
@@ -11,6 +13,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <set>
 
 namespace mergeloom {
@@ -344,11 +347,54 @@ TEST_F(HostedCells, ADropIsOneStepForUserAndModel) {
         return names;
     };
     EXPECT_TRUE(becomesTrue([&] { return count() == 0; }));
-    TestWindow::press("ctrl+y");
     ASSERT_TRUE(dropAt(kOtherCells[0], node("2k")));
     EXPECT_EQ(count(), 1);
     EXPECT_TRUE(workbook()->Undo(1));
     EXPECT_EQ(count(), 0);
+    TestWindow::press("ctrl+y");
+    EXPECT_TRUE(placedCell(kOtherCells[1]).size() > 0);
+    EXPECT_EQ(count(), 0) << "what the model takes back is not redone";
+}
+
+/// Undoing and redoing bring back texts, names, sizes and pictures, as often as the user likes.
+TEST_F(HostedCells, ADropThatIsUndoneCanBeRedone) {
+    load(
+        "<db><Form Name='F' CurrentView='1'><Control Name='A'/><Control Name='D' "
+        "Image='d.gif'/></Form></db>");
+    pictures["d.gif"] = "/d.gif";
+    stage().files.files["/d.gif"] = "GIF89a\x1e" + std::string(1, '\0') + "\x3c" + std::string(4, '\0') + ";";
+    const auto state = [] {
+        host().beginEditing();
+        std::string shown;
+        for (int number = 1; number <= workbook()->Names()->Count(); ++number) {
+            const excel::DefinedNamePtr name = workbook()->Names()->Item(number);
+            shown += name->Name() + "=" + name->RefersToRange()->Value() + " ";
+        }
+        const excel::WorksheetPtr sheet = workbook()->Worksheets()->Item(1);
+        const excel::ShapesPtr shapes = sheet->Shapes();
+        for (int number = 1; number <= shapes->Count(); ++number) {
+            const excel::ShapePtr shape = shapes->Item(number);
+            shown += shape->Name() + ":" + shape->TopLeftCell()->AddressLocal() + " " +
+                     std::to_string(std::lround(shape->TopLeftCell()->RowHeight().value)) + "/" +
+                     std::to_string(std::lround(shape->Height().value)) + " ";
+        }
+        host().endEditing();
+        return shown;
+    };
+    ASSERT_TRUE(dropAt(kOtherCells[0], node("1k")));
+    const std::string dropped = state();
+    EXPECT_NE(dropped.find("ammA=[A] "), std::string::npos) << dropped;
+    EXPECT_NE(dropped.find("ammD:"), std::string::npos) << dropped;
+    window().clickInPane(kOtherCells[1].x, kOtherCells[1].y);
+    for (int round = 0; round < 2; ++round) {
+        TestWindow::press("ctrl+z");
+        ASSERT_TRUE(becomesTrue([] { return host().placeNames().empty(); }));
+        EXPECT_EQ(state(), "");
+        TestWindow::press("ctrl+y");
+        ASSERT_TRUE(becomesTrue([] { return host().placeNames().size() == 2; }));
+        EXPECT_EQ(state(), dropped);
+    }
+    EXPECT_FALSE(workbook()->Saved());
 }
 
 TEST_F(HostedCells, WhatACellIsStillTakingIsAChange) {

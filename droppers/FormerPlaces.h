@@ -1,0 +1,44 @@
+#pragma once
+
+#include "office/model/excel/Forward.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace mergeloom {
+
+/// The places of one cell before a drop.
+struct PlacesOfCell {
+    std::vector<std::string> names{};
+    bool isShownByText = false;
+};
+
+/// The places that a workbook had before a drop. A cell that gets a place loses its former one, since both
+/// would be filled into it.
+class FormerPlaces {
+  public:
+    /// Lists the workbook's places, so it is to be made before the drop adds any.
+    explicit FormerPlaces(excel::Workbook& workbook);
+
+    /// Returns the names that stand for the cell alone and whose text in brackets or picture it shows. A user
+    /// who wrote something else into the cell may need its name for that.
+    [[nodiscard]] PlacesOfCell on(excel::Range& cell);
+
+  private:
+    using NamesByKey = std::unordered_multimap<std::string, std::string>;
+
+    [[nodiscard]] const NamesByKey& picturesOf(excel::Worksheet& sheet);
+
+    excel::Workbook& workbook_;
+    NamesByKey names_;  ///< by the whole name and by the name without its counter, case folded
+    std::unordered_map<std::string, NamesByKey> pictures_;  ///< by the sheet's name and the cell's address
+};
+
+enum class NewPlace { Text, Picture };
+
+/// Removes former places from a cell that has a new one by now: names, pictures, and a text in brackets that
+/// would lie below the new picture.
+void removePlaces(excel::Workbook& workbook, excel::Range& cell, const PlacesOfCell& former, NewPlace place);
+
+}  // namespace mergeloom
