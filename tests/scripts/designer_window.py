@@ -18,6 +18,7 @@ from gi.repository import Atspi, GLib  # noqa: E402  (the version comes first)
 SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 960
 # AT-SPI's own word for a button, which is another one since its release 2.56.
 BUTTON = Atspi.role_get_name(Atspi.Role.PUSH_BUTTON)
+MINIMIZED = []  # the windows' numbers
 PATIENCE = 60  # seconds; only a program that hangs takes so long
 
 
@@ -129,6 +130,18 @@ def has_focus(element):
     return element.get_state_set().contains(Atspi.StateType.FOCUSED)
 
 
+def minimize():
+    """Minimizes the active window and waits until it is gone from the screen."""
+    window = xdotool("getactivewindow").strip()
+    xdotool("windowminimize", "--sync", window)
+    MINIMIZED.append(window)
+
+
+def restore():
+    """Shows the window again that was minimized last."""
+    xdotool("windowactivate", "--sync", MINIMIZED.pop())
+
+
 def resize_active_window(width, height):
     xdotool("getactivewindow", "windowsize", width, height)
 
@@ -142,6 +155,13 @@ def pixels(left, top, width, height):
     part = f"{width}x{height}+{left}+{top}"
     command = ["import", "-window", "root", "-crop", part, "-depth", "8", "rgb:-"]
     return subprocess.run(command, check=True, capture_output=True).stdout
+
+
+def share_of_color(box, color):
+    """The part of the pixels in a box of left, top, width and height that have a color."""
+    taken = pixels(*box)
+    matching = sum(taken[index:index + 3] == bytes(color) for index in range(0, len(taken), 3))
+    return 3 * matching / len(taken)
 
 
 def places_of(box, color):
@@ -267,15 +287,20 @@ class Designer:
         click(self.node(text))
         key("Right")
 
+    def document_box(self):
+        """The left, top, width and height of the hosted document's pane."""
+        box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
+        return box.x, box.y, box.width, box.height
+
     def document(self):
         """A place on the first lines of the hosted document."""
-        box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
-        return box.x + box.width // 3, box.y + box.height // 3
+        left, top, width, height = self.document_box()
+        return left + width // 3, top + height // 3
 
     def corner(self):
         """A place in the hosted document at its lower right, which dialogs do not cover."""
-        box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
-        return box.x + box.width - 150, box.y + box.height - 120
+        left, top, width, height = self.document_box()
+        return left + width - 150, top + height - 120
 
     def help_topic(self):
         """The entry of the contents that the help window shows; none without a window."""
@@ -308,7 +333,8 @@ class Designer:
             pid = parents[pid]
         return chain
 
-    def close(self):
+    def end(self):
+        """Ends the program, if it still runs."""
         if self.process.poll() is None:
             self.process.send_signal(signal.SIGTERM)
             try:
@@ -316,4 +342,7 @@ class Designer:
             except subprocess.TimeoutExpired:
                 self.process.kill()
                 self.process.wait()
+
+    def close(self):
+        self.end()
         shutil.rmtree(self.home, ignore_errors=True)

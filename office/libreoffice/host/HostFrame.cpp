@@ -1,9 +1,11 @@
 #include "office/libreoffice/host/HostFrame.h"
 
+#include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XSystemChildFactory.hpp>
@@ -16,6 +18,7 @@
 #include <com/sun/star/view/DocumentZoomType.hpp>
 #include <com/sun/star/view/XViewSettingsSupplier.hpp>
 #include <cppuhelper/implbase1.hxx>
+#include <thread>
 #include <utility>
 
 namespace mergeloom::libreoffice {
@@ -24,6 +27,9 @@ namespace {
 
 using Properties = Reference<css::beans::XPropertySet>;
 
+constexpr std::chrono::seconds kBoundOfMoves{10};
+constexpr std::chrono::milliseconds kPauseOfMoves{500};
+constexpr std::chrono::milliseconds kPauseOfEvents{5};
 constexpr int kMaxRoundsWithoutRoom = 20;
 constexpr const char* kMarks = "ShowNonprintingCharacters";
 constexpr const char* kBookmarks = "ShowBookmarks";
@@ -86,7 +92,8 @@ bool isPageWiderThanWindow(const Properties& settings, int percent) {
 
 HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
                      CommandSink commands)
-    : embedWindow_(windows, window),
+    : office_(connection.context()),
+      embedWindow_(windows, window),
       quit_(commandOf(connection.context(), ".uno:Quit")),
       interceptor_(new CommandInterceptor(std::move(commands))) {
     const Reference<css::awt::XSystemChildFactory> factory(css::awt::Toolkit::create(connection.context()),
@@ -104,6 +111,23 @@ HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, 
     container_->setVisible(true);
     // A window that is moved before it was shown stays blank.
     embedWindow_.moveIntoHost();
+    waitUntilNoticed();
+}
+
+/// The office paints nothing before it has noticed that its parent window is visible, and until then takes
+/// its own window for one without extent. It learns it from the events of the move, which it does not always
+/// take in. Waits for a limited time: a window that stays blank is better than a program that hangs.
+void HostFrame::waitUntilNoticed() const {
+    if (width_ <= 0 || height_ <= 0) return;
+    const auto first = std::chrono::steady_clock::now();
+    auto nextMove = first + kPauseOfMoves;
+    while (container_->getPosSize().Width == 0 && std::chrono::steady_clock::now() < first + kBoundOfMoves) {
+        handlePendingEvents(office_);
+        std::this_thread::sleep_for(kPauseOfEvents);
+        if (std::chrono::steady_clock::now() < nextMove) continue;
+        embedWindow_.moveIntoHost();
+        nextMove += kPauseOfMoves;
+    }
 }
 
 DocumentReference HostFrame::document() const try {

@@ -40,6 +40,8 @@ class HostFrame {
     bool layOut();
     /// Accepts the current layout as final until the next change.
     void endLayout() { isLaidOut_ = true; }
+    /// Waits until the office paints in the window.
+    void waitUntilNoticed() const;
     void setEnabled(bool enabled) const { container_->setEnable(enabled); }
     /// Passes the keys that the frame's window receives to the document.
     void focus() const { frame_->getComponentWindow()->setFocus(); }
@@ -55,6 +57,7 @@ class HostFrame {
     void beginLayout();
     void fillWindow() const;
 
+    Reference<css::uno::XComponentContext> office_;
     EmbedWindow embedWindow_;
     int width_ = 0;
     int height_ = 0;

@@ -201,7 +201,11 @@ std::vector<HostedDocument> LibreOfficeHost::documents() {
 void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
     for (const HostedDocument& document : documents())
         if (document != kept) close(document);
-    if (kept.index() != 0) call([&] { changes_->watch(componentOf(kept)); });
+    if (kept.index() == 0) return;
+    call([&] {
+        changes_->watch(componentOf(kept));
+        if (const HostFrame* const frame = front()) frame->waitUntilNoticed();
+    });
 }
 
 PollingThread LibreOfficeHost::interruptedIdleTasks() {
