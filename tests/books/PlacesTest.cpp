@@ -113,6 +113,31 @@ TEST_F(BookTest, PlacesTakeTypedValuesInTheFormatOfTheirCells) {
     EXPECT_EQ(shownRows(book), "<1><A1>=1&lt;2<B1 s=\"3\">#18.4<C1>07<D1><E1>e");
 }
 
+/// The formats 0 and 49 are the standard's General and Text, those from 164 on a workbook's own.
+TEST_F(BookTest, TheFormatOfACellDecidesHowItsValueIsStored) {
+    std::string cells, formats;
+    const std::string columns = "ABCDE";
+    const int numberFormats[] = {0, 49, 2, 164, 165};
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+        const std::string column(1, columns[index]);
+        names("amm" + column, "$" + column + "$1");
+        takes("amm" + column, {{"Price"}});
+        cells += textCell(column + "1", "[Price]", " s=\"" + std::to_string(index) + "\"");
+        formats += "<xf numFmtId=\"" + std::to_string(numberFormats[index]) + "\"/>";
+    }
+    opc::Package package =
+        workbookPackage({{"Sheet1", "<sheetData>" + sheetRow(1, cells) + "</sheetData>"}}, allNames());
+    package.addPart("/xl/styles.xml", kSpreadsheetType + "styles+xml",
+                    "<styleSheet xmlns=\"" + kSpreadsheet +
+                        "\"><numFmts><numFmt numFmtId=\"164\" formatCode=\"@\"/><numFmt numFmtId=\"165\" "
+                        "formatCode=\"General\"/></numFmts><cellXfs>" +
+                        formats + "</cellXfs></styleSheet>");
+    package.relationshipsOf(kWorkbookPart).addPart(officeType("styles"), "/xl/styles.xml");
+    const std::string book = filled(packageBytes(package), {{{bound("Price", "18.40", "18.4")}}});
+    EXPECT_EQ(shownRows(book),
+              "<1><A1>#18.4<B1 s=\"1\">18.40<C1 s=\"2\">#18.4<D1 s=\"3\">18.40<E1 s=\"4\">#18.4");
+}
+
 TEST_F(BookTest, UntouchedPartsStayByteForByte) {
     names("ammA", "$A$1");
     takes("ammA", {{"A"}});

@@ -52,6 +52,7 @@ TEST(ValueFormat, ShowsValuesByTheirTypes) {
          "2024-05-14T09:30:05.25+02:00"},
         {british, text("23:59"), "TIME", "23:59", "23:59:00"},
         {british, text("24:00"), "TIME", "24:00", "24:00"},
+        {british, text("23:59:60"), "TIME", "23:59:60", "23:59:60"},
         {plain, text("2024-05-14 09:30:00"), "DATETIME", "2024-05-14 09:30:00", "2024-05-14T09:30:00"},
         {plain, text("2024-05-14 late"), "DATETIME", "2024-05-14 late", "2024-05-14 late"},
         {plain, text("f"), "BOOLEAN", "No", "false"},
