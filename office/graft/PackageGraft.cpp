@@ -30,7 +30,7 @@ model::KeptEntries countKept(const std::string& original, const std::string& gra
 
 class OpenPackagingGraft final : public model::PackageGraft {
   public:
-    [[nodiscard]] bool covers(DocumentKind) const override { return false; }
+    [[nodiscard]] bool covers(DocumentKind kind) const override { return kind == DocumentKind::Word; }
 
     [[nodiscard]] model::GraftResult graft(const model::EditedPackage& package) const override {
         return graftDocument(package);
@@ -38,6 +38,10 @@ class OpenPackagingGraft final : public model::PackageGraft {
 
     [[nodiscard]] std::string lossesOf(const model::EditedPackage& package) const override {
         return lossesBetween(package.original, package.baseline);
+    }
+
+    [[nodiscard]] bool isExport(const model::EditedPackage& package) const override {
+        return isExportOfDocument(package);
     }
 
     [[nodiscard]] model::KeptEntries keptEntries(const std::string& original,

@@ -1,34 +1,159 @@
 #include "office/graft/WordGraft.h"
 
+#include "base/AutomationError.h"
+#include "office/embedded/parts/DocumentFile.h"
+#include "office/formats/FormatTable.h"
+#include "office/graft/FormatReplay.h"
+#include "office/graft/MarkReplay.h"
+#include "office/graft/OriginalStories.h"
+#include "office/graft/Refusal.h"
+#include "office/graft/TextReplay.h"
 #include "office/graft/WordExport.h"
 #include "office/graft/WordRules.h"
+#include "office/opc/XmlPart.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 
 namespace mergeloom::graft {
 
 namespace {
 
+/// Parts that the office adds definitions to when new text uses them. What is new in them is of no use to the
+/// original, which has definitions of its own.
+constexpr std::string_view kGrowing[] = {"/word/styles.xml", "/word/numbering.xml"};
+
 std::string reasonOf(const PartDifference& part) {
+    if (part.partName == "/word/styles.xml") return "a style was changed";
+    if (part.partName == "/word/numbering.xml") return "a list was changed or begun";
+    if (part.partName == "/word/settings.xml") return "the document's settings were changed";
+    if (part.partName.starts_with("/docProps/")) return "the document's properties were changed";
     return "the part " + part.partName + " was changed";
 }
 
+/// The changes of one document on their way to its original.
+class DocumentGraft {
+  public:
+    explicit DocumentGraft(const model::EditedPackage& package)
+        : package_(package),
+          baseline_(package.baseline, package.fileName, formats_),
+          edited_(package.edited, package.fileName, formats_) {}
+
+    model::GraftResult make() {
+        const std::vector<PartDifference> parts =
+            differencesOf(baseline_.package(), edited_.package(), wordRules());
+        for (const PartDifference& part : parts)
+            if (!hasOnlyGrown(part)) throw Refusal(reasonOf(part));
+        if (baseline_.stories().size() != edited_.stories().size())
+            throw Refusal("a header, a note, a comment or a text box was added or removed");
+        const bool isUnchanged = std::ranges::equal(baseline_.stories(), edited_.stories(), areAlike);
+        if (isUnchanged && hasFormat()) return model::NothingChanged();
+        opc::Package original = opc::Package::read(package_.original, package_.fileName);
+        if (isUnchanged) return saved(original);
+        embedded::WordContent content(std::move(original), files_);
+        repeat(content);
+        content.storeParts();
+        return saved(content.package());
+    }
+
+  private:
+    /// Returns whether all of a part's children are in the edited one, too, in the same order.
+    [[nodiscard]] bool hasOnlyGrown(const PartDifference& part) {
+        const bool mayGrow = std::ranges::find(kGrowing, part.partName) != std::end(kGrowing);
+        if (!mayGrow || part.fate == PartFate::Removed) return false;
+        if (part.fate == PartFate::Added) return true;
+        const std::vector<std::string> former = childrenOf(baseline_, part.partName);
+        const std::vector<std::string> now = childrenOf(edited_, part.partName);
+        const std::multiset<std::string> all(now.begin(), now.end());
+        return std::ranges::all_of(former, [&](const std::string& child) { return all.contains(child); });
+    }
+    static std::vector<std::string> childrenOf(WordExport& exported, const std::string& partName) {
+        opc::Package& package = exported.package();
+        const auto part = opc::XmlPart::parse(package.readPart(partName), partName, package.fileName());
+        const CanonicalXml canonical(wordRules().xml, targetsOf(package, partName));
+        std::vector<std::string> children;
+        for (const pugi::xml_node child : part->root().children())
+            children.push_back(canonical.of(child));
+        return children;
+    }
+    [[nodiscard]] bool hasFormat() const {
+        const FileFormat* const format = findFormat(DocumentFamily::Word, package_.format);
+        const opc::Package original = opc::Package::read(package_.original, package_.fileName);
+        return format != nullptr && format->engine &&
+               original.contentTypes().of(original.mainPart()) == format->engine->contentType;
+    }
+    model::GraftResult saved(opc::Package& original) const {
+        return model::GraftedPackage{
+            embedded::savedBytes(original, DocumentFamily::Word, package_.format, package_.fileName)};
+    }
+    void repeat(embedded::WordContent& content) {
+        const MarkTexts texts = markTextsOf(content);
+        // Found before the first edit: stories are known by their texts.
+        std::vector<embedded::Story*> originals(edited_.stories().size(), nullptr);
+        for (std::size_t story = 0; story < originals.size(); ++story)
+            if (!areAlike(baseline_.stories()[story], edited_.stories()[story]))
+                originals[story] = &originalOf(content, baseline_.stories()[story]);
+        MarkReplay marks(content, baseline_, edited_, texts);
+        FormatReplay formats(content, baseline_, edited_);
+        std::map<embedded::Story*, std::size_t> done;
+        for (std::size_t story = 0; story < originals.size(); ++story) {
+            if (originals[story] == nullptr) continue;
+            const auto [former, isFirst] = done.try_emplace(originals[story], story);
+            if (!isFirst) {
+                checkSameChange(former->second, story);
+                continue;
+            }
+            repeat(content, *originals[story], story, marks, formats);
+        }
+    }
+    /// The office writes a header several times, and an edit of it, too.
+    void checkSameChange(std::size_t first, std::size_t second) {
+        const auto textsOf = [&](std::size_t story) {
+            std::string all;
+            for (const Line& line : edited_.stories()[story].lines)
+                all += line.key + "\n";
+            return all;
+        };
+        if (textsOf(first) != textsOf(second))
+            throw Refusal("two headers that are one in the file were changed");
+    }
+    void repeat(embedded::WordContent& content, embedded::Story& original, std::size_t story,
+                MarkReplay& marks, FormatReplay& formats) {
+        const ReadStory& former = baseline_.stories()[story];
+        const ReadStory& now = edited_.stories()[story];
+        const auto difference = differenceBetween(former.lines, now.lines);
+        if (!difference) throw Refusal("too much was changed to be compared");
+        TextReplay(content, original, former, now).repeat(difference->edits);
+        formats.repeat(original, former, now, *difference);
+        marks.repeat(original, former, now, *difference);
+    }
+
+    const model::EditedPackage& package_;
+    FormatNumbers formats_;
+    WordExport baseline_;
+    WordExport edited_;
+    NoFiles files_;
+};
+
 }  // namespace
 
-model::GraftResult graftDocument(const model::EditedPackage& package) {
-    FormatNumbers formats;
-    WordExport baseline(package.baseline, package.fileName, formats);
-    WordExport edited(package.edited, package.fileName, formats);
-    const std::vector<PartDifference> parts =
-        differencesOf(baseline.package(), edited.package(), wordRules());
-    if (!parts.empty()) return model::GraftRefusal{reasonOf(parts.front()), {}};
-    if (std::ranges::equal(baseline.stories(), edited.stories(), areAlike)) return model::NothingChanged();
-    return model::GraftRefusal{"there is no rule for the change", {}};
+model::GraftResult graftDocument(const model::EditedPackage& package) try {
+    return DocumentGraft(package).make();
+} catch (const Refusal& refusal) {
+    return refusal.refusal();
+} catch (const AutomationError& error) {
+    return model::GraftRefusal{error.description(), {}};
 }
 
-std::optional<model::GraftRefusal> findFaultInDocument(const model::EditedPackage&, const std::string&,
-                                                       const std::string&) {
-    return model::GraftRefusal{"the result was not compared", {}};
+bool isExportOfDocument(const model::EditedPackage& package) try {
+    FormatNumbers formats;
+    WordExport original(package.original, package.fileName, formats);
+    WordExport baseline(package.baseline, package.fileName, formats);
+    return std::ranges::equal(original.stories(), baseline.stories(), areAlike) &&
+           differencesOf(original.package(), baseline.package(), wordRules()).empty();
+} catch (const AutomationError&) {
+    return false;
 }
 
 }  // namespace mergeloom::graft

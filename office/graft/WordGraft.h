@@ -9,6 +9,7 @@ namespace mergeloom::graft {
 
 /// The graft of Word documents; members as in PackageGraft.
 model::GraftResult graftDocument(const model::EditedPackage& package);
+bool isExportOfDocument(const model::EditedPackage& package);
 std::optional<model::GraftRefusal> findFaultInDocument(const model::EditedPackage& package,
                                                        const std::string& editedAgain,
                                                        const std::string& proof);

@@ -45,10 +45,10 @@ constexpr std::array kVolatileNames{
 constexpr std::array<std::string_view, 7> kVoidWhenEmpty{"w:rPr",       "w:pPr",   "w:trPr", "w:tcPr",
                                                          "w:tcBorders", "w:sdtPr", "w:r"};
 
-constexpr std::array<std::string_view, 11> kIgnored{
+constexpr std::array<std::string_view, 10> kIgnored{
     "/docProps/app.xml", "/word/fontTable.xml", "/word/document.xml", "/word/header*",
     "/word/footer*",     "/word/footnotes.xml", "/word/endnotes.xml", "/word/comments*",
-    "/word/media/*",     "/word/embeddings/*",  "/word/numbering.xml"};
+    "/word/media/*",     "/word/embeddings/*"};
 
 }  // namespace
 

@@ -52,6 +52,8 @@ class PackageGraft {
     /// Returns what the original holds that the office's export of it lacks, as a list for a message; empty
     /// when nothing is known.
     [[nodiscard]] virtual std::string lossesOf(const EditedPackage& package) const = 0;
+    /// Returns whether the original is such an export itself, so that another one loses nothing of it.
+    [[nodiscard]] virtual bool isExport(const EditedPackage& package) const = 0;
     /// Returns how many of the entries of a package are those of the original, byte for byte as they are
     /// packed. Folders do not count.
     [[nodiscard]] virtual KeptEntries keptEntries(const std::string& original,

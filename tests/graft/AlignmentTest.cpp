@@ -7,7 +7,7 @@ namespace mergeloom::graft {
 
 namespace {
 
-struct Case {
+struct Script {
     std::string former;
     std::string now;
     std::string gaps;  ///< "former>now" for each
@@ -20,7 +20,7 @@ std::vector<std::string> lettersOf(const std::string& text) {
     return letters;
 }
 
-std::string gapsOf(const Case& row) {
+std::string gapsOf(const Script& row) {
     std::string all;
     const auto gaps = gapsBetween(lettersOf(row.former), lettersOf(row.now));
     for (const Gap& gap : *gaps) {
@@ -32,7 +32,7 @@ std::string gapsOf(const Case& row) {
 }
 
 TEST(SequenceAlignmentTest, FindsTheShortestScript) {
-    const Case cases[] = {
+    const Script cases[] = {
         {"", "", ""},
         {"abc", "abc", ""},
         {"abc", "abxc", ">x"},
@@ -44,7 +44,7 @@ TEST(SequenceAlignmentTest, FindsTheShortestScript) {
         {"abcdefgh", "xbcdzfgh", "a>x e>z"},
         {"abcabba", "cbabac", "ab> >b b> >c"},
     };
-    for (const Case& row : cases) {
+    for (const Script& row : cases) {
         const auto gaps = gapsBetween(lettersOf(row.former), lettersOf(row.now));
         ASSERT_TRUE(gaps);
         // Several scripts are equally short, so the number of letters counts and the result of applying it.

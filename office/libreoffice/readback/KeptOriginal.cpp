@@ -58,6 +58,7 @@ std::string KeptOriginal::save(const WrittenDocument& written, const std::string
         } else {
             refusal = std::get<model::GraftRefusal>(result);
         }
+        if (office_->graft().isExport(package)) return written.mended;
     } catch (const AutomationError& error) {
         refusal.reason = error.description();
     }

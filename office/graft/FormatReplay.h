@@ -1,0 +1,89 @@
+#pragma once
+
+#include "office/embedded/word/WordContent.h"
+#include "office/graft/PropertyDelta.h"
+#include "office/graft/StoryDifference.h"
+#include "office/graft/StyleNames.h"
+#include "office/graft/WordExport.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace mergeloom::graft {
+
+/// Repeats on a story of the original how the user formatted characters, paragraphs and the page. New text
+/// that looks like its neighbour in the export gets the formatting of that neighbour in the original.
+class FormatReplay {
+  public:
+    FormatReplay(embedded::WordContent& content, WordExport& baseline, WordExport& edited)
+        : content_(content),
+          canonicalSource_(edited),
+          formerStyles_(baseline.package()),
+          nowStyles_(edited.package()),
+          ownStyles_(content.package()) {}
+
+    /// The original's story has the present text by now. Raises Refusal for what has no rule.
+    void repeat(embedded::Story& original, const ReadStory& former, const ReadStory& now,
+                const StoryDifference& difference);
+
+  private:
+    /// A unit that was there before, in the exports and in the original.
+    struct Neighbour {
+        pugi::xml_node now;
+        pugi::xml_node own;
+    };
+    /// A stretch of a line that gets formatting.
+    struct RunChange {
+        CharacterPosition start;
+        CharacterPosition end;
+        PropertyDelta delta;
+        pugi::xml_node base;          ///< the properties that it gets first; none for its own
+        std::pair<int, int> formats;  ///< the same for neighbouring units that change alike
+    };
+    enum class Missing { Refused, LeftOut };
+
+    void readLine(const TouchedLine& touched);
+    void readUnits(const TouchedLine& touched, const Line& own);
+    void readParagraph(const TouchedLine& touched, const Line& own);
+    void addInserted(const TouchedLine& touched, const Line& own, std::size_t unit);
+    [[nodiscard]] std::optional<Neighbour> neighbourOf(const TouchedLine& touched, const Line& own,
+                                                       std::size_t unit) const;
+    [[nodiscard]] std::optional<Neighbour> neighbourAround(std::size_t nowLine, int format) const;
+    [[nodiscard]] bool isLeft(std::size_t nowLine) const;
+    [[nodiscard]] std::optional<std::size_t> neighbourLineOf(std::size_t nowLine) const;
+    void add(const Line& own, std::size_t unit, RunChange change);
+    bool extendsLast(const Line& own, std::size_t unit, const std::pair<int, int>& formats);
+    void apply(const RunChange& change);
+    void applyToRun(pugi::xml_node run, const RunChange& change);
+    void readSection();
+    [[nodiscard]] ValueTranslation translation(Missing missing) const;
+    [[nodiscard]] std::optional<std::string> styleOf(const std::string& id, Missing missing) const;
+    [[nodiscard]] std::string listOf(const std::string& number) const;
+    [[nodiscard]] pugi::xml_node runPropertiesOf(const Line& line, std::size_t unit,
+                                                 const embedded::Story& story) const;
+    [[nodiscard]] pugi::xml_node paragraphPropertiesOf(const Line& line, const embedded::Story& story) const;
+    pugi::xml_node copyOf(pugi::xml_node properties);
+
+    embedded::WordContent& content_;
+    WordExport& canonicalSource_;
+    StyleNames formerStyles_;
+    StyleNames nowStyles_;
+    StyleNames ownStyles_;
+
+    // Of the story at hand.
+    embedded::Story* story_ = nullptr;
+    const ReadStory* former_ = nullptr;
+    const ReadStory* now_ = nullptr;
+    const StoryDifference* difference_ = nullptr;
+    std::optional<CanonicalXml> canonical_;
+    std::vector<Line> lines_;
+    std::vector<std::size_t> partners_;  ///< of the present lines in the original's
+    std::vector<std::size_t> formerPartners_;
+    std::vector<RunChange> changes_;
+    pugi::xml_document copies_;
+};
+
+}  // namespace mergeloom::graft

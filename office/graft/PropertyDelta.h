@@ -1,0 +1,48 @@
+#pragma once
+
+#include "office/graft/CanonicalXml.h"
+#include "office/opc/WordNames.h"
+
+#include <functional>
+#include <optional>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace mergeloom::graft {
+
+/// Translates what refers to other parts from an export into the original: the id of a style or the number
+/// of a list, by the local names of the element and its parent. Returns none to leave the property out.
+/// Raises Refusal.
+using ValueTranslation =
+    std::function<std::optional<std::string>(std::string_view element, const std::string& value)>;
+
+/// The difference between the properties of two exports (of a run, a paragraph or a section), property by
+/// property and attribute by attribute. Applied to the original's properties, which may say the same in other
+/// ways, it changes only what the user changed.
+class PropertyDelta {
+  public:
+    /// Both may be none.
+    PropertyDelta(pugi::xml_node former, pugi::xml_node now, const CanonicalXml& canonical);
+
+    [[nodiscard]] bool isEmpty() const { return changes_.empty(); }
+    /// Changes the children of the properties, an element of a part with those names.
+    void applyTo(pugi::xml_node properties, const opc::WordNames& names,
+                 const ValueTranslation& translate) const;
+
+  private:
+    struct Change {
+        pugi::xml_node former;
+        pugi::xml_node now;
+    };
+
+    std::vector<Change> changes_;
+};
+
+/// Returns the child of an element with a local name; inserts it in the order of the schema when there is
+/// none.
+pugi::xml_node requireChild(pugi::xml_node element, std::string_view localName, const opc::WordNames& names);
+
+}  // namespace mergeloom::graft

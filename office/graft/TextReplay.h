@@ -1,0 +1,66 @@
+#pragma once
+
+#include "office/embedded/word/WordContent.h"
+#include "office/graft/StoryDifference.h"
+#include "office/graft/StoryLines.h"
+#include "office/graft/WordExport.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace mergeloom::graft {
+
+/// Repeats on a story of the original what the user typed and erased, with new tables and rows. Edits are
+/// made from the last to the first, so that the positions of earlier ones stay true. Raises Refusal, and the
+/// errors of the engine, for what has no rule.
+class TextReplay {
+  public:
+    TextReplay(embedded::WordContent& content, embedded::Story& original, const ReadStory& baseline,
+               const ReadStory& edited);
+
+    void repeat(const std::vector<TextEdit>& edits);
+
+  private:
+    /// Present lines, all of them new, that come before a former line.
+    struct InsertedLines {
+        std::size_t before = 0;
+        std::size_t start = 0;
+        std::size_t end = 0;
+    };
+
+    void repeat(const TextEdit& edit);
+    void erase(const TextEdit& edit);
+    void insert(const TextEdit& edit);
+    void insertInLine(const TextEdit& edit);
+    [[nodiscard]] std::string textOf(LinePlace start, LinePlace end) const;
+    void appendTo(std::string& text, const Line& line, std::size_t start, std::size_t end) const;
+    [[nodiscard]] bool hasStructure(const TextEdit& edit) const;
+    [[nodiscard]] std::optional<InsertedLines> wholeLinesOf(const TextEdit& edit) const;
+    void insertLines(const InsertedLines& lines);
+    void insertParagraphs(const InsertedLines& lines);
+    void insertTable(CharacterPosition position, std::size_t start, std::size_t end);
+    void appendRows(const InsertedLines& lines);
+    void fillCells(const embedded::Item* firstItem, std::size_t start, std::size_t end);
+    void replace(CharacterPosition start, CharacterPosition end, const std::string& text);
+
+    [[nodiscard]] const Line& partner(std::size_t formerLine) const;
+    [[nodiscard]] bool hasPartner(std::size_t formerLine) const;
+    [[nodiscard]] bool looksAlike(std::size_t nowLine, std::size_t otherNowLine) const;
+    [[nodiscard]] bool endsSection(const Line& line) const;
+    [[nodiscard]] int depthAfter(std::size_t nowLine) const;
+    [[noreturn]] void refuse(const std::string& reason, std::size_t nowLine) const;
+
+    embedded::WordContent& content_;
+    embedded::Story& story_;
+    const ReadStory& baseline_;
+    const ReadStory& edited_;
+    std::vector<Line> lines_;
+    std::vector<std::size_t> partners_;  ///< of the baseline's lines in the original's
+};
+
+/// Returns for each line of the one list its partner in the other by text, or kNoPartner. Raises Refusal when
+/// too much differs.
+std::vector<std::size_t> partnersByText(const std::vector<Line>& lines, const std::vector<Line>& others);
+
+}  // namespace mergeloom::graft

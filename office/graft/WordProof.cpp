@@ -1,0 +1,105 @@
+#include "office/graft/StoryDifference.h"
+#include "office/graft/WordExport.h"
+#include "office/graft/WordGraft.h"
+#include "office/graft/WordRules.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace mergeloom::graft {
+
+namespace {
+
+using model::GraftRefusal;
+
+/// Compares the proof with the edited document story by story.
+class Proof {
+  public:
+    Proof(WordExport& baseline, WordExport& edited, WordExport* again, WordExport& proof)
+        : baseline_(baseline), edited_(edited), again_(again), proof_(proof) {}
+
+    std::optional<GraftRefusal> findFault() {
+        if (edited_.stories().size() != proof_.stories().size() ||
+            edited_.stories().size() != baseline_.stories().size())
+            return GraftRefusal{"the result has other headers, notes or text boxes", {}};
+        for (std::size_t story = 0; story < edited_.stories().size(); ++story)
+            if (auto fault = compare(story)) return fault;
+        return compareParts();
+    }
+
+  private:
+    [[nodiscard]] std::optional<GraftRefusal> compare(std::size_t number) const {
+        const ReadStory& edited = edited_.stories()[number];
+        const ReadStory& proof = proof_.stories()[number];
+        const ReadStory* const again = againAt(number);
+        if (edited.name() != proof.name()) return GraftRefusal{"the result has other stories", {}};
+        const std::size_t count = std::min(edited.lines.size(), proof.lines.size());
+        for (std::size_t line = 0; line < count; ++line)
+            if (textKeyOf(edited.lines[line]) != textKeyOf(proof.lines[line]))
+                return GraftRefusal{"the result would have another text", shownText(edited.lines[line])};
+        if (edited.lines.size() != proof.lines.size())
+            return GraftRefusal{"the result would have another number of paragraphs", {}};
+        if (!haveSameMarks(edited, proof))
+            return GraftRefusal{"a place would be elsewhere in the result", {}};
+        if (auto fault = compareForms(number, edited, proof, again)) return fault;
+        const bool isSameSection =
+            edited.section == proof.section || (again != nullptr && again->section == proof.section);
+        if (!isSameSection) return GraftRefusal{"the page would be another in the result", {}};
+        return {};
+    }
+    /// Returns the story of the edited document's export as read once more, if it has the same lines.
+    [[nodiscard]] const ReadStory* againAt(std::size_t number) const {
+        if (again_ == nullptr || again_->stories().size() != edited_.stories().size()) return nullptr;
+        const ReadStory& again = again_->stories()[number];
+        return again.lines.size() == edited_.stories()[number].lines.size() ? &again : nullptr;
+    }
+    /// The form of new paragraphs may differ: the office does not read what it made as it made it.
+    [[nodiscard]] std::optional<GraftRefusal> compareForms(std::size_t number, const ReadStory& edited,
+                                                           const ReadStory& proof,
+                                                           const ReadStory* again) const {
+        const auto difference = differenceBetween(baseline_.stories()[number].lines, edited.lines);
+        if (!difference) return GraftRefusal{"too much was changed to be compared", {}};
+        for (std::size_t line = 0; line < edited.lines.size(); ++line) {
+            const std::string& key = proof.lines[line].key;
+            if (key == edited.lines[line].key || (again != nullptr && key == again->lines[line].key))
+                continue;
+            const auto touched = std::ranges::lower_bound(difference->touched, line, {}, &TouchedLine::line);
+            const bool isNew =
+                touched != difference->touched.end() && touched->line == line && touched->isInserted();
+            if (!isNew) return GraftRefusal{"the result would look otherwise", shownText(edited.lines[line])};
+        }
+        return {};
+    }
+    [[nodiscard]] std::optional<GraftRefusal> compareParts() {
+        for (const PartDifference& part : differencesOf(edited_.package(), proof_.package(), wordRules())) {
+            if (isEqualIn(again_, part) || isEqualIn(&baseline_, part)) continue;
+            return GraftRefusal{"the result would have another part " + part.partName, {}};
+        }
+        return {};
+    }
+    [[nodiscard]] bool isEqualIn(WordExport* other, const PartDifference& part) {
+        if (other == nullptr) return false;
+        const auto parts = differencesOf(other->package(), proof_.package(), wordRules());
+        return std::ranges::find(parts, part.partName, &PartDifference::partName) == parts.end();
+    }
+
+    WordExport& baseline_;
+    WordExport& edited_;
+    WordExport* again_;
+    WordExport& proof_;
+};
+
+}  // namespace
+
+std::optional<GraftRefusal> findFaultInDocument(const model::EditedPackage& package,
+                                                const std::string& editedAgain, const std::string& proof) {
+    FormatNumbers formats;
+    WordExport baseline(package.baseline, package.fileName, formats);
+    WordExport edited(package.edited, package.fileName, formats);
+    WordExport made(proof, package.fileName, formats);
+    std::optional<WordExport> again;
+    if (!editedAgain.empty()) again.emplace(editedAgain, package.fileName, formats);
+    return Proof(baseline, edited, again ? &*again : nullptr, made).findFault();
+}
+
+}  // namespace mergeloom::graft

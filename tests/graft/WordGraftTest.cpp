@@ -1,0 +1,195 @@
+#include "graft/Triple.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace mergeloom::graft {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+std::string run(const std::string& text, const std::string& properties = "") {
+    return "<w:r>" + (properties.empty() ? "" : "<w:rPr>" + properties + "</w:rPr>") + textXml(text) +
+           "</w:r>";
+}
+
+std::string marked(const std::string& name, const std::string& inside) {
+    return "<w:bookmarkStart w:id=\"1\" w:name=\"" + name + "\"/>" + inside + "<w:bookmarkEnd w:id=\"1\"/>";
+}
+
+/// The runs of an original carry what no export has; the exports have properties of their own.
+const std::string kOwn = "<w:color w:val=\"4F81BD\" w:themeColor=\"accent1\"/>";
+const std::string kShown = "<w:color w:val=\"4F81BD\"/><w:kern w:val=\"0\"/>";
+
+struct Case {
+    std::string what;
+    std::string original;
+    std::string baseline;
+    std::string edited;
+    std::string expected;
+};
+
+const std::string kOld = "<w:p w:rsidR=\"00A1\">" + run("Old text", kOwn) + "</w:p>";
+const std::string kOldShown = "<w:p>" + run("Old text", kShown) + "</w:p>";
+const std::string kLast = paragraph("Last");
+
+const std::vector<Case> kCases = {
+    {"nothing", kOld, kOldShown, kOldShown, "nothing changed"},
+    {"ids and revisions only", kOld, "<w:p w:rsidR=\"1\">" + run("Old text", kShown) + "</w:p>",
+     "<w:p w:rsidR=\"2\">" + run("Old text", kShown) + "</w:p>", "nothing changed"},
+    {"a word typed", kOld + kLast, kOldShown + kLast,
+     "<w:p>" + run("Old new text", kShown) + "</w:p>" + kLast,
+     "<w:p w:rsidR=\"00A1\">" + run("Old new text", kOwn) + "</w:p>" + kLast},
+    {"a word erased", kOld, kOldShown, "<w:p>" + run("Old", kShown) + "</w:p>",
+     "<w:p w:rsidR=\"00A1\">" + run("Old", kOwn) + "</w:p>"},
+    {"a place dropped", kOld, kOldShown,
+     "<w:p>" + run("Old ", kShown) + marked("City", run("[City]", kShown)) + run("text", kShown) + "</w:p>",
+     "<w:p w:rsidR=\"00A1\">" + run("Old ", kOwn) + "<w:bookmarkStart w:id=\"0\" w:name=\"City\"/>" +
+         run("[City]", kOwn) + "<w:bookmarkEnd w:id=\"0\"/>" + run("text", kOwn) + "</w:p>"},
+    {"a place removed", "<w:p>" + marked("City", run("Old", kOwn)) + "</w:p>",
+     "<w:p>" + marked("City", run("Old", kShown)) + "</w:p>", "<w:p>" + run("Old", kShown) + "</w:p>",
+     "<w:p>" + run("Old", kOwn) + "</w:p>"},
+    {"a place that the office reads elsewhere stays",
+     "<w:p>" + marked("City", run("Old", kOwn)) + "</w:p>" + paragraph("b"),
+     "<w:p>" + run("O", kShown) + marked("City", run("ld", kShown)) + "</w:p>" + paragraph("b"),
+     "<w:p>" + run("O", kShown) + marked("City", run("ld", kShown)) + "</w:p>" + paragraph("bc"),
+     "<w:p>" + marked("City", run("Old", kOwn)) + "</w:p>" + paragraph("bc")},
+    {"a paragraph inserted", kOld + kLast, kOldShown + kLast,
+     kOldShown + "<w:p>" + run("New", kShown) + "</w:p>" + kLast,
+     kOld + "<w:p>" + run("New", kOwn) + "</w:p>" + kLast},
+    {"a paragraph removed", kOld + kLast, kOldShown + kLast, kLast, kLast},
+    {"a word in bold", kOld, kOldShown,
+     "<w:p>" + run("Old ", kShown) + run("text", "<w:b/>" + kShown) + "</w:p>",
+     "<w:p w:rsidR=\"00A1\">" + run("Old ", kOwn) + run("text", "<w:b/>" + kOwn) + "</w:p>"},
+    {"a colour in place of the theme's", kOld, kOldShown,
+     "<w:p>" + run("Old text", "<w:color w:val=\"FF0000\"/><w:kern w:val=\"0\"/>") + "</w:p>",
+     "<w:p w:rsidR=\"00A1\">" + run("Old text", "<w:color w:val=\"FF0000\"/>") + "</w:p>"},
+    {"a paragraph centred",
+     "<w:p><w:pPr><w:keepNext/><w:spacing w:after=\"1\"/></w:pPr>" + run("a") + "</w:p>",
+     "<w:p><w:pPr><w:spacing w:before=\"0\" w:after=\"1\"/></w:pPr>" + run("a") + "</w:p>",
+     "<w:p><w:pPr><w:spacing w:before=\"0\" w:after=\"1\"/><w:jc w:val=\"center\"/></w:pPr>" + run("a") +
+         "</w:p>",
+     "<w:p><w:pPr><w:keepNext/><w:spacing w:after=\"1\"/><w:jc w:val=\"center\"/></w:pPr>" + run("a") +
+         "</w:p>"},
+    {"margins", paragraph("a") + "<w:sectPr w:rsidR=\"1\"><w:pgMar w:left=\"10\" w:right=\"20\"/></w:sectPr>",
+     paragraph("a") + "<w:sectPr><w:pgMar w:left=\"10\" w:right=\"20\" w:gutter=\"0\"/></w:sectPr>",
+     paragraph("a") + "<w:sectPr><w:pgMar w:left=\"99\" w:right=\"20\" w:gutter=\"0\"/></w:sectPr>",
+     paragraph("a") + "<w:sectPr w:rsidR=\"1\"><w:pgMar w:left=\"99\" w:right=\"20\"/></w:sectPr>"},
+    {"text in a content control of blocks that the export lacks",
+     "<w:sdt><w:sdtPr><w:tag w:val=\"t\"/></w:sdtPr><w:sdtContent>" + kOld + "</w:sdtContent></w:sdt>" +
+         kLast,
+     kOldShown + kLast, "<w:p>" + run("Old texts", kShown) + "</w:p>" + kLast,
+     "<w:sdt><w:sdtPr><w:tag w:val=\"t\"/></w:sdtPr><w:sdtContent><w:p w:rsidR=\"00A1\">" +
+         run("Old texts", kOwn) + "</w:p></w:sdtContent></w:sdt>" + kLast},
+    {"an inserted picture", kOld, kOldShown,
+     "<w:p>" + run("Old text", kShown) + "<w:r><w:object/></w:r></w:p>",
+     "refused: a picture or an object was inserted"},
+    {"text where the office reads another text", kOld, paragraph("Other"), paragraph("Other new"),
+     "refused: LibreOffice reads the paragraph otherwise than it is in the file"},
+};
+
+TEST(WordGraftTest, RepeatsTheChangesAndNothingElse) {
+    for (const Case& row : kCases) {
+        const Triple triple{wordFile(row.original), wordFile(row.baseline), wordFile(row.edited)};
+        EXPECT_EQ(resultOf(triple.graft()), row.expected) << row.what;
+    }
+}
+
+/// The graft of what was opened and of itself changes nothing, whatever the original holds.
+TEST(WordGraftTest, MakesNothingOfNothing) {
+    for (const Case& row : kCases) {
+        const Triple triple{wordFile(row.original), wordFile(row.baseline), wordFile(row.baseline)};
+        EXPECT_EQ(resultOf(triple.graft()), "nothing changed") << row.what;
+    }
+}
+
+TEST(WordGraftTest, KeepsOtherEntriesAsTheyArePacked) {
+    opc::Package package = opc::Package::read(wordFile(kOld), "test.docx");
+    package.addPart("/customXml/item1.xml", "application/xml", "<own/>");
+    const Triple triple{packageBytes(package), wordFile(kOldShown),
+                        wordFile("<w:p>" + run("Old new text", kShown) + "</w:p>")};
+    const model::GraftResult result = triple.graft();
+    ASSERT_TRUE(std::holds_alternative<model::GraftedPackage>(result)) << resultOf(result);
+    const auto kept =
+        makePackageGraft()->keptEntries(triple.original, std::get<model::GraftedPackage>(result).bytes);
+    EXPECT_EQ(kept.all - kept.unchanged, 1);
+    EXPECT_GE(kept.all, 4);
+}
+
+/// Another kind of document is another content type, with the same text.
+TEST(WordGraftTest, WritesAnotherKindWithoutAChange) {
+    const std::string original = wordFile(kOld);
+    const std::string exported = wordFile(kOldShown);
+    constexpr int kTemplate = 14;
+    const model::GraftResult result =
+        makePackageGraft()->graft({DocumentKind::Word, kTemplate, "test.dotx", original, exported, exported});
+    EXPECT_EQ(resultOf(result), kOld);
+    const std::string bytes = std::get<model::GraftedPackage>(result).bytes;
+    const opc::Package package = opc::Package::read(bytes, "test.dotx");
+    EXPECT_THAT(package.contentTypes().of(kMainPart), HasSubstr("template"));
+}
+
+/// One header of the file, which the export has twice.
+TEST(WordGraftTest, ChangesAHeaderOnceThatIsExportedTwice) {
+    const auto header = [](const std::string& text) {
+        return "<w:hdr " + kNamespaces + ">" + paragraph(text) + "</w:hdr>";
+    };
+    const auto twice = [&](const std::string& first, const std::string& second) {
+        return fileWith(kOldShown, {{"header", "/word/header1.xml", header(first)},
+                                    {"header", "/word/header2.xml", header(second)}});
+    };
+    const std::string original = fileWith(kOld, {{"header", "/word/header7.xml", header("Head")}});
+    const Triple same{original, twice("Head", "Head"), twice("Heads", "Heads")};
+    const model::GraftResult result = same.graft();
+    ASSERT_TRUE(std::holds_alternative<model::GraftedPackage>(result)) << resultOf(result);
+    const opc::Package made = opc::Package::read(std::get<model::GraftedPackage>(result).bytes, "test.docx");
+    EXPECT_EQ(made.readPart("/word/header7.xml"), header("Heads"));
+    EXPECT_EQ(made.readPart(kMainPart), opc::Package::read(original, "test.docx").readPart(kMainPart));
+    const Triple differing{original, twice("Head", "Head"), twice("Heads", "Header")};
+    EXPECT_EQ(resultOf(differing.graft()), "refused: two headers that are one in the file were changed");
+}
+
+/// Faults that are planted in a result.
+TEST(WordProofTest, SeesWhatIsNotAsTheUserMadeIt) {
+    const std::string place = marked("City", run("[City]"));
+    const std::string edited = "<w:p>" + run("Old ") + place + run(" text", "<w:b/>") + "</w:p>" + kLast;
+    const Triple triple{wordFile(kOld + kLast), wordFile(kOld + kLast), wordFile(edited)};
+    struct Fault {
+        std::string proof;
+        std::string found;
+    };
+    const Fault faults[] = {
+        {edited, ""},
+        {"<w:p w:rsidR=\"7\">" + run("O") + run("ld ") + place + run(" text", "<w:b/>") + "</w:p>" + kLast,
+         ""},
+        {"<w:p>" + run("Olt ") + place + run(" text", "<w:b/>") + "</w:p>" + kLast,
+         "the result would have another text"},
+        {"<w:p>" + run("Old ") + run("[City]") + run(" text", "<w:b/>") + "</w:p>" + kLast,
+         "a place would be elsewhere in the result"},
+        {"<w:p>" + run("Old") + marked("City", run(" [City]")) + run(" text", "<w:b/>") + "</w:p>" + kLast,
+         "a place would be elsewhere in the result"},
+        {"<w:p>" + run("Old ") + place + run(" text") + "</w:p>" + kLast, "the result would look otherwise"},
+        {"<w:p>" + run("Old ") + place + run(" text", "<w:b/>") + "</w:p>",
+         "the result would have another number of paragraphs"},
+        {"<w:p><w:pPr><w:jc w:val=\"end\"/></w:pPr>" + run("Old ") + place + run(" text", "<w:b/>") +
+             "</w:p>" + kLast,
+         "the result would look otherwise"},
+        {edited + "<w:sectPr><w:pgMar w:left=\"1\"/></w:sectPr>", "the page would be another in the result"},
+    };
+    for (const Fault& row : faults)
+        EXPECT_EQ(triple.fault(wordFile(row.proof)), row.found) << row.proof;
+}
+
+/// The office does not read all that it makes as it makes it.
+TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
+    const std::string again = "<w:p>" + run("Old new text", "<w:i/>") + "</w:p>";
+    const Triple triple{wordFile(kOld), wordFile(kOldShown),
+                        wordFile("<w:p>" + run("Old new text") + "</w:p>")};
+    EXPECT_EQ(triple.fault(wordFile(again)), "the result would look otherwise");
+    EXPECT_EQ(triple.fault(wordFile(again), wordFile(again)), "");
+}
+
+}  // namespace
+
+}  // namespace mergeloom::graft
