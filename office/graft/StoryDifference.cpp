@@ -104,24 +104,27 @@ class GapReader {
     }
     /// Leaves out the letters with which both texts begin and end.
     TextEdit trimmed(TextEdit edit) {
-        const bool isInLines =
-            edit.formerStart.line == edit.formerEnd.line && edit.nowStart.line == edit.nowEnd.line;
-        if (!isInLines || edit.formerStart == edit.formerEnd || edit.nowStart == edit.nowEnd) return edit;
-        const std::vector<Unit>& former = formerLines_[edit.formerStart.line].units;
-        const std::vector<Unit>& now = nowLines_[edit.nowStart.line].units;
         while (edit.formerStart < edit.formerEnd && edit.nowStart < edit.nowEnd &&
-               former[edit.formerStart.unit].code == now[edit.nowStart.unit].code) {
+               areEqual(edit.formerStart, edit.nowStart)) {
             pairUnit(edit.formerStart, edit.nowStart);
             ++edit.formerStart.unit;
             ++edit.nowStart.unit;
         }
-        while (edit.formerStart < edit.formerEnd && edit.nowStart < edit.nowEnd &&
-               former[edit.formerEnd.unit - 1].code == now[edit.nowEnd.unit - 1].code) {
+        while (edit.formerStart < edit.formerEnd && edit.nowStart < edit.nowEnd && edit.formerEnd.unit > 0 &&
+               edit.nowEnd.unit > 0 && areEqual(before(edit.formerEnd), before(edit.nowEnd))) {
             --edit.formerEnd.unit;
             --edit.nowEnd.unit;
             pairUnit(edit.formerEnd, edit.nowEnd);
         }
         return edit;
+    }
+    static LinePlace before(LinePlace place) { return {place.line, place.unit - 1}; }
+    /// Returns whether units, not marks, are at both places and are equal.
+    [[nodiscard]] bool areEqual(LinePlace former, LinePlace now) const {
+        const std::vector<Unit>& formerUnits = formerLines_[former.line].units;
+        const std::vector<Unit>& nowUnits = nowLines_[now.line].units;
+        return former.unit < formerUnits.size() && now.unit < nowUnits.size() &&
+               formerUnits[former.unit].code == nowUnits[now.unit].code;
     }
     void pair(const Token& former, const Token& now) {
         if (former.isMark()) {

@@ -79,7 +79,7 @@ void TextReplay::repeat(const TextEdit& edit) {
         return insertLines(*lines);
     }
     if (!erases) return insert(edit);
-    if (!inserts) return erase(edit);
+    if (!inserts) return void(erase(edit));
     insertInLine(edit);
 }
 
@@ -113,7 +113,7 @@ std::optional<TextReplay::InsertedLines> TextReplay::wholeLinesOf(const TextEdit
     return InsertedLines{edit.formerEnd.line + 1, edit.nowStart.line + 1, edit.nowEnd.line + 1};
 }
 
-void TextReplay::erase(const TextEdit& edit) {
+CharacterPosition TextReplay::erase(const TextEdit& edit) {
     const Line& first = partner(edit.formerStart.line);
     const bool reachesIntoLast = edit.formerEnd.unit > 0;
     const std::size_t lastLine = reachesIntoLast ? edit.formerEnd.line : edit.formerEnd.line - 1;
@@ -128,6 +128,7 @@ void TextReplay::erase(const TextEdit& edit) {
     const CharacterPosition end =
         reachesIntoLast ? last.units[edit.formerEnd.unit - 1].end : CharacterPosition{last.mark.value + 1};
     replace(start, end, {});
+    return start;
 }
 
 void TextReplay::insert(const TextEdit& edit) {
@@ -144,8 +145,8 @@ void TextReplay::insertInLine(const TextEdit& edit) {
     if (edit.formerStart != edit.formerEnd) {
         const bool isInOneLine = edit.formerStart.line == edit.formerEnd.line;
         if (!isInOneLine) {
-            erase(edit);
-            return replace(line.start, line.start, text);
+            const CharacterPosition start = erase(edit);
+            return replace(start, start, text);
         }
         return replace(line.units[edit.formerStart.unit].start, line.units[edit.formerEnd.unit - 1].end,
                        text);

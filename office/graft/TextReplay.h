@@ -30,7 +30,8 @@ class TextReplay {
     };
 
     void repeat(const TextEdit& edit);
-    void erase(const TextEdit& edit);
+    /// Returns where the text was.
+    CharacterPosition erase(const TextEdit& edit);
     void insert(const TextEdit& edit);
     void insertInLine(const TextEdit& edit);
     [[nodiscard]] std::string textOf(LinePlace start, LinePlace end) const;

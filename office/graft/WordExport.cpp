@@ -53,13 +53,19 @@ CanonicalXml WordExport::canonicalOf(const embedded::Story& story) {
     return {wordRules().xml, targetsOf(content_.package(), story.part().partName())};
 }
 
-bool haveSameMarks(const ReadStory& a, const ReadStory& b) {
-    return marksOf(a) == marksOf(b);
+std::string movedMark(const ReadStory& a, const ReadStory& b) {
+    const std::map<std::string, Place> marks = marksOf(a);
+    const std::map<std::string, Place> others = marksOf(b);
+    for (const auto& [name, place] : marks)
+        if (!others.contains(name) || others.at(name) != place) return name;
+    for (const auto& [name, place] : others)
+        if (!marks.contains(name)) return name;
+    return {};
 }
 
 bool areAlike(const ReadStory& a, const ReadStory& b) {
     return a.name() == b.name() && a.section == b.section &&
-           std::ranges::equal(a.lines, b.lines, {}, &Line::key, &Line::key) && haveSameMarks(a, b);
+           std::ranges::equal(a.lines, b.lines, {}, &Line::key, &Line::key) && movedMark(a, b).empty();
 }
 
 }  // namespace mergeloom::graft

@@ -49,7 +49,7 @@ class WordExport {
 /// Returns whether two stories of exports are alike, their bookmarks included.
 bool areAlike(const ReadStory& a, const ReadStory& b);
 
-/// Returns whether the same bookmarks are in the same places of two stories whose lines are alike.
-bool haveSameMarks(const ReadStory& a, const ReadStory& b);
+/// Returns the name of a bookmark that is not in the same place of two stories; empty when there is none.
+std::string movedMark(const ReadStory& a, const ReadStory& b);
 
 }  // namespace mergeloom::graft

@@ -39,8 +39,8 @@ class Proof {
                 return GraftRefusal{"the result would have another text", shownText(edited.lines[line])};
         if (edited.lines.size() != proof.lines.size())
             return GraftRefusal{"the result would have another number of paragraphs", {}};
-        if (!haveSameMarks(edited, proof))
-            return GraftRefusal{"a place would be elsewhere in the result", {}};
+        const std::string moved = movedMark(edited, proof);
+        if (!moved.empty()) return GraftRefusal{"a place would be elsewhere in the result", moved};
         if (auto fault = compareForms(number, edited, proof, again)) return fault;
         const bool isSameSection =
             edited.section == proof.section || (again != nullptr && again->section == proof.section);
