@@ -56,11 +56,12 @@ std::vector<std::size_t> partnersByText(const std::vector<Line>& lines, const st
 }
 
 TextReplay::TextReplay(embedded::WordContent& content, embedded::Story& original, const ReadStory& baseline,
-                       const ReadStory& edited)
+                       const ReadStory& edited, PictureTransfer& pictures)
     : content_(content),
       story_(original),
       baseline_(baseline),
       edited_(edited),
+      pictures_(pictures),
       lines_(LineReader().read(original)),
       partners_(partnersByText(baseline.lines, lines_)) {}
 
@@ -140,7 +141,7 @@ void TextReplay::insert(const TextEdit& edit) {
 
 /// New text becomes part of the run before it when it looks like that in the export.
 void TextReplay::insertInLine(const TextEdit& edit) {
-    const std::string text = textOf(edit.nowStart, edit.nowEnd);
+    const NewText text = textOf(edit.nowStart, edit.nowEnd);
     const Line& line = partner(edit.formerStart.line);
     if (edit.formerStart != edit.formerEnd) {
         const bool isInOneLine = edit.formerStart.line == edit.formerEnd.line;
@@ -161,26 +162,28 @@ void TextReplay::insertInLine(const TextEdit& edit) {
     replace(position, position, text);
 }
 
-std::string TextReplay::textOf(LinePlace start, LinePlace end) const {
-    std::string text;
+TextReplay::NewText TextReplay::textOf(LinePlace start, LinePlace end) const {
+    NewText text;
     for (std::size_t number = start.line; number < end.line; ++number) {
         const Line& line = edited_.lines[number];
         appendTo(text, line, number == start.line ? start.unit : 0, line.units.size());
-        text += '\r';
+        text.text += '\r';
     }
     if (end.unit > 0)
         appendTo(text, edited_.lines[end.line], start.line == end.line ? start.unit : 0, end.unit);
     return text;
 }
 
-void TextReplay::appendTo(std::string& text, const Line& line, std::size_t start, std::size_t end) const {
+void TextReplay::appendTo(NewText& text, const Line& line, std::size_t start, std::size_t end) {
     for (std::size_t unit = start; unit < end; ++unit) {
         const char32_t code = line.units[unit].code;
         if (code == kField) throw Refusal("a field was inserted", shownText(line));
-        if (code == kObject) throw Refusal("a picture or an object was inserted", shownText(line));
-        if (!isTypedCharacter(code))
+        if (code == kObject) {
+            text.pictures.push_back(line.units[unit].run);
+        } else if (!isTypedCharacter(code)) {
             throw Refusal("a note or a special character was inserted", shownText(line));
-        appendCodePoint(text, code);
+        }
+        appendCodePoint(text.text, code);
     }
 }
 
@@ -212,9 +215,7 @@ void TextReplay::insertParagraphs(const InsertedLines& lines) {
     const int depth = now[lines.start].depth;
     for (std::size_t line = lines.start; line < lines.end; ++line)
         if (now[line].end != LineEnd::Paragraph) refuse("a row was inserted into a table", line);
-    std::string text;
-    for (std::size_t line = lines.start; line < lines.end; ++line)
-        text += textOf({line, 0}, {line, now[line].units.size()}) + (line + 1 < lines.end ? "\r" : "");
+    NewText text = textOf({lines.start, 0}, {lines.end - 1, now[lines.end - 1].units.size()});
     const bool hasFormer = lines.before > 0 && hasPartner(lines.before - 1) &&
                            baseline_.lines[lines.before - 1].end == LineEnd::Paragraph &&
                            baseline_.lines[lines.before - 1].depth == depth &&
@@ -224,11 +225,13 @@ void TextReplay::insertParagraphs(const InsertedLines& lines) {
     const bool followsFormer = hasFormer && lines.start > 0 && looksAlike(lines.start, lines.start - 1);
     if (hasFormer && (followsFormer || !hasNext)) {
         const CharacterPosition position = partner(lines.before - 1).mark;
-        return replace(position, position, "\r" + text);
+        text.text.insert(0, "\r");
+        return replace(position, position, text);
     }
     if (!hasNext) refuse("the place of new text is not found in the file", lines.start);
     const CharacterPosition position = partner(lines.before).start;
-    replace(position, position, text + "\r");
+    text.text += '\r';
+    replace(position, position, text);
 }
 
 bool TextReplay::looksAlike(std::size_t nowLine, std::size_t otherNowLine) const {
@@ -285,13 +288,13 @@ void TextReplay::appendRows(const InsertedLines& lines) {
 /// Fills new, empty cells with the text of lines, from the last cell to the first.
 void TextReplay::fillCells(const Item* firstItem, std::size_t start, std::size_t end) {
     std::vector<const Item*> cells;
-    std::vector<std::string> texts;
-    std::string text;
+    std::vector<NewText> texts;
+    NewText text;
     const Item* item = firstItem;
     for (std::size_t number = start; number < end; ++number) {
         const Line& line = edited_.lines[number];
         appendTo(text, line, 0, line.units.size());
-        if (line.end == LineEnd::Paragraph) text += '\r';
+        if (line.end == LineEnd::Paragraph) text.text += '\r';
         if (line.end == LineEnd::Paragraph) continue;
         while (item != nullptr && item->kind != ItemKind::ParagraphMark && item->kind != ItemKind::RowMark)
             item = ItemTree::next(item);
@@ -302,17 +305,32 @@ void TextReplay::fillCells(const Item* firstItem, std::size_t start, std::size_t
             cells.push_back(item);
             texts.push_back(std::move(text));
         }
-        text.clear();
+        text = {};
         item = ItemTree::next(item);
     }
     for (std::size_t cell = cells.size(); cell-- > 0;) {
         const CharacterPosition position = story_.positionOf(cells[cell]);
-        if (!texts[cell].empty()) replace(position, position, texts[cell]);
+        if (!texts[cell].text.empty()) replace(position, position, texts[cell]);
     }
 }
 
-void TextReplay::replace(CharacterPosition start, CharacterPosition end, const std::string& text) {
-    content_.replace(story_, start, end, text);
+/// Puts pieces of text and pictures in from the last to the first.
+void TextReplay::replace(CharacterPosition start, CharacterPosition end, const NewText& text) {
+    if (text.pictures.empty()) {
+        content_.replace(story_, start, end, text.text);
+        return;
+    }
+    content_.replace(story_, start, end, {});
+    std::string mark;
+    appendCodePoint(mark, kObject);
+    std::string_view rest = text.text;
+    for (std::size_t picture = text.pictures.size(); picture-- > 0;) {
+        const std::size_t at = rest.rfind(mark);
+        content_.replace(story_, start, start, std::string(rest.substr(at + mark.size())));
+        pictures_.insert(content_, story_, start, *edited_.story, text.pictures[picture]);
+        rest = rest.substr(0, at);
+    }
+    content_.replace(story_, start, start, std::string(rest));
 }
 
 const Line& TextReplay::partner(std::size_t formerLine) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/embedded/word/WordContent.h"
+#include "office/graft/PictureTransfer.h"
 #include "office/graft/StoryDifference.h"
 #include "office/graft/StoryLines.h"
 #include "office/graft/WordExport.h"
@@ -17,11 +18,16 @@ namespace mergeloom::graft {
 class TextReplay {
   public:
     TextReplay(embedded::WordContent& content, embedded::Story& original, const ReadStory& baseline,
-               const ReadStory& edited);
+               const ReadStory& edited, PictureTransfer& pictures);
 
     void repeat(const std::vector<TextEdit>& edits);
 
   private:
+    /// New text, in which kObject stands for the pictures, with the runs of those.
+    struct NewText {
+        std::string text;
+        std::vector<pugi::xml_node> pictures;
+    };
     /// Present lines, all of them new, that come before a former line.
     struct InsertedLines {
         std::size_t before = 0;
@@ -34,8 +40,8 @@ class TextReplay {
     CharacterPosition erase(const TextEdit& edit);
     void insert(const TextEdit& edit);
     void insertInLine(const TextEdit& edit);
-    [[nodiscard]] std::string textOf(LinePlace start, LinePlace end) const;
-    void appendTo(std::string& text, const Line& line, std::size_t start, std::size_t end) const;
+    [[nodiscard]] NewText textOf(LinePlace start, LinePlace end) const;
+    static void appendTo(NewText& text, const Line& line, std::size_t start, std::size_t end);
     [[nodiscard]] bool hasStructure(const TextEdit& edit) const;
     [[nodiscard]] std::optional<InsertedLines> wholeLinesOf(const TextEdit& edit) const;
     void insertLines(const InsertedLines& lines);
@@ -43,7 +49,7 @@ class TextReplay {
     void insertTable(CharacterPosition position, std::size_t start, std::size_t end);
     void appendRows(const InsertedLines& lines);
     void fillCells(const embedded::Item* firstItem, std::size_t start, std::size_t end);
-    void replace(CharacterPosition start, CharacterPosition end, const std::string& text);
+    void replace(CharacterPosition start, CharacterPosition end, const NewText& text);
 
     [[nodiscard]] const Line& partner(std::size_t formerLine) const;
     [[nodiscard]] bool hasPartner(std::size_t formerLine) const;
@@ -56,6 +62,7 @@ class TextReplay {
     embedded::Story& story_;
     const ReadStory& baseline_;
     const ReadStory& edited_;
+    PictureTransfer& pictures_;
     std::vector<Line> lines_;
     std::vector<std::size_t> partners_;  ///< of the baseline's lines in the original's
 };

@@ -6,6 +6,7 @@
 #include "office/graft/FormatReplay.h"
 #include "office/graft/MarkReplay.h"
 #include "office/graft/OriginalStories.h"
+#include "office/graft/PictureTransfer.h"
 #include "office/graft/Refusal.h"
 #include "office/graft/TextReplay.h"
 #include "office/graft/WordExport.h"
@@ -124,7 +125,7 @@ class DocumentGraft {
         const ReadStory& now = edited_.stories()[story];
         const auto difference = differenceBetween(former.lines, now.lines);
         if (!difference) throw Refusal("too much was changed to be compared");
-        TextReplay(content, original, former, now).repeat(difference->edits);
+        TextReplay(content, original, former, now, pictures_).repeat(difference->edits);
         formats.repeat(original, former, now, *difference);
         marks.repeat(original, former, now, *difference);
     }
@@ -133,7 +134,8 @@ class DocumentGraft {
     FormatNumbers formats_;
     WordExport baseline_;
     WordExport edited_;
-    NoFiles files_;
+    HeldFiles files_;
+    PictureTransfer pictures_{edited_, files_};
 };
 
 }  // namespace

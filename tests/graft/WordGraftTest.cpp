@@ -82,9 +82,9 @@ const std::vector<Case> kCases = {
      kOldShown + kLast, "<w:p>" + run("Old texts", kShown) + "</w:p>" + kLast,
      "<w:sdt><w:sdtPr><w:tag w:val=\"t\"/></w:sdtPr><w:sdtContent><w:p w:rsidR=\"00A1\">" +
          run("Old texts", kOwn) + "</w:p></w:sdtContent></w:sdt>" + kLast},
-    {"an inserted picture", kOld, kOldShown,
+    {"an inserted object", kOld, kOldShown,
      "<w:p>" + run("Old text", kShown) + "<w:r><w:object/></w:r></w:p>",
-     "refused: a picture or an object was inserted"},
+     "refused: an object was inserted"},
     {"text where the office reads another text", kOld, paragraph("Other"), paragraph("Other new"),
      "refused: LibreOffice reads the paragraph otherwise than it is in the file"},
 };

@@ -1,12 +1,28 @@
 """What the window remembers of the user's files, and what it shows of them."""
+import io
 import tempfile
 import unittest
+import zipfile
 from pathlib import Path
+
+import docx
+from docx.oxml import parse_xml
+from docx.oxml.ns import nsdecls
 
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
     PATIENCE, Atspi, Designer, click, find, key, middle, pixels, type_text, wait_for,
 )
+
+
+CONTROL = """<w:sdt {ns}><w:sdtPr><w:tag w:val="terms"/><w:id w:val="4711"/></w:sdtPr><w:sdtContent>
+<w:p><w:r><w:t>Our terms.</w:t></w:r></w:p></w:sdtContent></w:sdt>"""
+
+
+def entries_of(archive):
+    """The contents of an archive's entries by their names."""
+    with zipfile.ZipFile(io.BytesIO(archive)) as package:
+        return {name: package.read(name) for name in package.namelist()}
 
 
 class FilesTest(DesignerTest):
@@ -61,6 +77,26 @@ class InWord(FilesTest):
         self.wait_for_title("*letter.docx - Mergeloom")
         key("ctrl+s")
         self.wait_for_title("letter.docx - Mergeloom")
+
+    def test_a_document_of_another_program_gets_the_field_and_nothing_else(self):
+        letter = self.folder / "letter.docx"
+        document = docx.Document()
+        document.add_paragraph("Dear customer")
+        document.element.body.insert(1, parse_xml(CONTROL.format(ns=nsdecls("w"))))
+        document.save(letter)
+        before = letter.read_bytes()
+        self.start("-template", letter)
+        self.wait_for_title("letter.docx - Mergeloom")
+        self.drop("Customer")
+        key("ctrl+s")
+        wait_for("the saved letter", lambda: self.designer.status().startswith("Saved; "))
+        self.picture("saved-without-loss")
+        count = len(entries_of(before))
+        self.assertEqual(self.designer.status(), f"Saved; {count - 1} of {count} parts unchanged")
+        after = entries_of(letter.read_bytes())
+        self.assertEqual([name for name, raw in entries_of(before).items() if after[name] != raw], ["word/document.xml"])
+        self.assertIn("CustomerID", self.names(letter))
+        self.assertIn(b'<w:tag w:val="terms"/>', zipfile.ZipFile(letter).read("word/document.xml"))
 
     def test_dialogs_begin_with_the_last_file(self):
         self.start()

@@ -144,6 +144,65 @@ TEST_F(TemplateSaving, WhatDiffersIsOfferedAsACopyUnderAnotherName) {
     EXPECT_THAT(errors.reports, IsEmpty());
 }
 
+/// An office over this store cannot repeat the changes on the original at its first save.
+class LossyStore final : public FileStore {
+  public:
+    explicit LossyStore(FileStore& files) : files_(files) {}
+
+    bool fileExists(const std::string& path) override { return files_.fileExists(path); }
+    std::string read(const std::string& path) override { return files_.read(path); }
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override {
+        if (std::exchange(isLossy_, false)) throw model::LossySave("It loses much.", "lossy");
+        files_.save(path, writer);
+    }
+
+  private:
+    FileStore& files_;
+    bool isLossy_ = true;
+};
+
+TEST_F(TemplateSaving, WhatWouldBeLostIsAskedBeforeAnythingIsWritten) {
+    struct Case {
+        MessageAnswer answer;
+        bool isSaved;
+        std::string made;  ///< beside the template
+        bool isFormer;     ///< holds the bytes of the template before
+    };
+    const Case cases[] = {
+        {MessageAnswer::Cancel, false, "", false},
+        {MessageAnswer::No, false, "copy.docx", false},
+        {MessageAnswer::Yes, true, "letter.docx.bak", true},
+    };
+    const std::string path = makeTemplate("letter.docx");
+    const std::string before = folder.bytesOf("letter.docx");
+    for (const Case& c : cases) {
+        chooseFiles({folder / "copy.docx"});
+        LossyStore store(disk);
+        FakeAccess lossy(store);
+        WordTemplates templates(lossy, messages, errors, files, [this] { return startWord(); });
+        TemplateLifecycle saving({lossy, templates, messages, errors, *dialog, files, caption, keptCopies});
+        ASSERT_TRUE(saving.OpenTemplate(path));
+        std::get<word::DocumentPtr>(lossy.fake.ActiveDocument())
+            ->ActiveWindow()
+            ->Selection()
+            ->TypeText("new");
+        messages.answers.push_back(c.answer);
+        messages.messages.clear();
+        EXPECT_EQ(saving.SaveTemplate(SaveTarget::Same), c.isSaved);
+        ASSERT_EQ(messages.messages.size(), 1U);
+        EXPECT_TRUE(messages.messages.front().text.starts_with("It loses much."));
+        EXPECT_EQ(defaultAnswer(messages.messages.front()), MessageAnswer::Cancel);
+        EXPECT_EQ(lossy.fake.hosted()->Saved(), c.isSaved);
+        EXPECT_EQ(folder.bytesOf("letter.docx") != before, c.isSaved);
+        const int templateAndItsLock = 2;
+        EXPECT_EQ(folder.entryCount(), templateAndItsLock + (c.made.empty() ? 0 : 1));
+        if (c.made.empty()) continue;
+        EXPECT_EQ(folder.bytesOf(c.made), c.isFormer ? before : "lossy");
+        files.remove(folder / c.made);
+    }
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
 TEST_F(TemplateSaving, TheOfficesOwnLockIsNone) {
     const std::string path = makeTemplate("letter.docx");
     lifecycle->Start();

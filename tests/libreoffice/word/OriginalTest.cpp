@@ -14,6 +14,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <map>
 
 namespace mergeloom {
@@ -93,6 +96,19 @@ class OriginalTest : public StructureTest {
                              progress, nullptr};
         return dropper.NodeDrop(node(key), document, xmlNodes, false, DocumentType::ByView, nullptr);
     }
+    /// Does what the object model has no member for.
+    void addHeader() {
+        sharedOffice(disk)->connection().call([&] {
+            using libreoffice::Reference;
+            const Reference<css::style::XStyleFamiliesSupplier> styles(libreoffice::componentOf(*document),
+                                                                       css::uno::UNO_QUERY_THROW);
+            const Reference<css::container::XNameAccess> pages(
+                styles->getStyleFamilies()->getByName("PageStyles"), css::uno::UNO_QUERY_THROW);
+            const Reference<css::beans::XPropertySet> page(pages->getByName(pages->getElementNames()[0]),
+                                                           css::uno::UNO_QUERY_THROW);
+            page->setPropertyValue("HeaderIsOn", css::uno::Any(true));
+        });
+    }
     std::string saved() {
         document->Save();
         return disk.read(path);
@@ -129,6 +145,20 @@ TEST_F(OriginalTest, GetsADroppedFieldAndNothingElse) {
     for (const char* kept : {"w:asciiTheme=\"majorHAnsi\"", "w:themeColor=\"accent1\"",
                              "<w:tag w:val=\"terms\"/>", "<w:id w:val=\"4711\"/>", "w:rsidR=\"00AB12CD\""})
         EXPECT_THAT(xml, HasSubstr(kept));
+}
+
+TEST_F(OriginalTest, GetsAPictureAsAPartOfItsOwn) {
+    const std::string original = originalFile();
+    write(original);
+    open();
+    word->Selection()->EndKey(word::WdUnits::wdStory);
+    word->Selection()->InlineShapes()->AddPicture(MERGELOOM_SAMPLES "/pictures/letterhead.png");
+    const std::string file = saved();
+    EXPECT_THAT(changedEntries(original, file),
+                ElementsAre("[Content_Types].xml", "word/_rels/document.xml.rels", "word/document.xml",
+                            "word/media/image1.png"));
+    EXPECT_EQ(opc::Package::read(file, "saved").readPart("/word/media/image1.png"),
+              disk.read(MERGELOOM_SAMPLES "/pictures/letterhead.png"));
 }
 
 /// The places are compared with those of the engine that unattended runs use, through one reader.
@@ -178,14 +208,12 @@ TEST_F(OriginalTest, StaysWhenAChangeHasNoRule) {
     const std::string original = originalFile();
     write(original);
     open();
-    document->Bookmarks();
-    word->Selection()->EndKey(word::WdUnits::wdStory);
-    word->Selection()->InlineShapes()->AddPicture(MERGELOOM_SAMPLES "/pictures/letterhead.png");
+    addHeader();
     try {
         document->Save();
         ADD_FAILURE() << "it was saved";
     } catch (const model::LossySave& loss) {
-        EXPECT_THAT(loss.description(), HasSubstr("a picture or an object was inserted"));
+        EXPECT_THAT(loss.description(), HasSubstr("a header, a note, a comment or a text box was added"));
         EXPECT_THAT(loss.description(), HasSubstr("loses custom XML"));
         EXPECT_THAT(loss.bytes(), Not(IsEmpty()));
     }
