@@ -259,6 +259,19 @@ class Designer:
     def element(self, role, name):
         return wait_for(f"the {role} {name}", lambda: next(iter(find(self.application, role, name)), None))
 
+    def choose(self, *names):
+        """Chooses an entry of the menus. A click that comes while the window is still busy is not taken."""
+        *menus, entry = names
+        shown = [*menus[1:], entry]
+        for menu, below in zip(menus, shown):
+            def is_open():
+                items = find(self.application, "menu item", below)
+                if not items:
+                    click(middle(self.element("menu item", menu)))
+                return items
+            wait_for(f"the entry {below}", is_open)
+        click(middle(self.element("menu item", entry)))
+
     def press(self, name, within=None):
         """Presses a button with the mouse."""
         place = within or self.application

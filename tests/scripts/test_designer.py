@@ -377,8 +377,7 @@ class InWord(DesignerTest):
     def test_merge_fields_become_places(self):
         merge_fields.write_every_kind(self.folder / "old.docx")
         designer = self.start("-usedocument", self.folder / "old.docx")
-        click(middle(designer.element("menu item", "Tools")))
-        key("Down", "Return")
+        designer.choose("Fields", "Convert Merge Fields")
         self.assertIn(merge_fields.REPORT.rstrip(), designer.texts_of(designer.dialog()))
         key("Return")
         saved = self.save_as("new.docx")
@@ -393,8 +392,7 @@ class InWord(DesignerTest):
         merge_fields.write(old, [merge_fields.field(" MERGEFIELD Town "), number,
                                  merge_fields.field(" MERGEFIELD Street ")])
         designer = self.start("-usedocument", old)
-        click(middle(designer.element("menu item", "Tools")))
-        key("Down", "Return")
+        designer.choose("Fields", "Convert Merge Fields")
         self.assertIn("2 fields became places", designer.texts_of(designer.dialog()))
         key("Return")
         saved = self.save_as("new.docx")
@@ -412,8 +410,7 @@ class InWord(DesignerTest):
         old = self.folder / "old.docx"
         merge_fields.write(old, [merge_fields.field(' IF a = b "Home Town" "" ')])
         designer = self.start("-usedocument", old)
-        click(middle(designer.element("menu item", "Tools")))
-        key("Down", "Return")
+        designer.choose("Fields", "Convert Merge Fields")
         self.assertIn("LibreOffice does not keep the code of an IF field", designer.texts_of(designer.dialog()))
         key("Return")
 

@@ -35,19 +35,6 @@ class FilesTest(DesignerTest):
     def wait_for_title(self, title):
         wait_for(f"the title {title}", lambda: self.designer.full_title() == title)
 
-    def choose(self, *names):
-        """Chooses an entry of the menus. A click that comes while the window is still busy is not taken."""
-        *menus, entry = names
-        shown = [*menus[1:], entry]
-        for menu, below in zip(menus, shown):
-            def is_open():
-                items = find(self.designer.application, "menu item", below)
-                if not items:
-                    click(middle(self.designer.element("menu item", menu)))
-                return items
-            wait_for(f"the entry {below}", is_open)
-        click(middle(self.designer.element("menu item", entry)))
-
     def proposed_name(self):
         """The name in the dialog that is open."""
         box = self.designer.dialog()
@@ -130,10 +117,10 @@ class InWord(FilesTest):
         self.assertEqual(first.process.wait(PATIENCE), 0)
 
         second = self.begin(home=home)
-        self.choose("File", "Open Recent", f"1 letter.docx ({letter.parent})")
+        second.choose("Template", "Open Recent", f"1 letter.docx ({letter.parent})")
         self.wait_for_title("letter.docx - Mergeloom")
         second.wait_until_active()
-        self.choose("Structure", "Load Recent", f"1 orders.xml ({SAMPLE.parent})")
+        second.choose("Structure", "Load Recent", f"1 orders.xml ({SAMPLE.parent})")
         second.node("Customer")
         self.assertIn("orders.xml", [label.get_name() for label in find(second.application, "label")])
         key("ctrl+l")

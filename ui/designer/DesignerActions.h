@@ -11,7 +11,8 @@ class QMenuBar;
 
 namespace mergeloom {
 
-/// The commands of the window in its menu bar.
+/// The commands of the window in a menu bar, which stands over the tree. None of the menus has the name of
+/// one of the office's, whose menu bar stands beside it.
 class DesignerActions final : public QObject {
     Q_OBJECT
 
@@ -46,9 +47,9 @@ class DesignerActions final : public QObject {
 
     QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys, Signal signal);
     void addForDocument(QMenu& menu, const QString& text, const QKeySequence& keys, Signal signal);
-    void addFileMenu(QMenuBar& bar);
+    void addTemplateMenu(QMenuBar& bar);
     void addWorkMenus(QMenuBar& bar, FieldConversion conversion);
-    void addHelpMenu(QMenuBar& bar);
+    void addProgramMenu(QMenuBar& bar);
 
     std::vector<QAction*> forDocument_;
     QMenu* recentTemplates_ = nullptr;

@@ -18,9 +18,11 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QVBoxLayout>
 #include <algorithm>
 
 namespace mergeloom {
@@ -62,8 +64,9 @@ frmMain::frmMain(DocumentKind kind)
       fieldDialog_(this, errors_),
       templates_(windowSettings_.store(), kind == DocumentKind::Word ? "word" : "excel"),
       structures_(windowSettings_.store(), "structures"),
-      actions_(new DesignerActions(*menuBar(), conversionIn(kind))),
       splitter_(new QSplitter(this)),
+      menus_(new QMenuBar(splitter_)),
+      actions_(new DesignerActions(*menus_, conversionIn(kind))),
       leftSide_(new QSplitter(Qt::Vertical, splitter_)),
       tree_(new TreePane(leftSide_)),
       places_(new PlacesPane(leftSide_)),
@@ -102,8 +105,20 @@ frmMain::frmMain(DocumentKind kind)
     showState();
 }
 
+/// Puts the menus over the tree. The office has a menu bar of its own over the document.
+void frmMain::layOutLeftSide() {
+    auto* const column = new QWidget(splitter_);
+    auto* const rows = new QVBoxLayout(column);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    rows->addWidget(menus_);
+    rows->addWidget(leftSide_, 1);
+    splitter_->insertWidget(0, column);
+}
+
 void frmMain::layOut() {
     showTitle();
+    layOutLeftSide();
     splitter_->setChildrenCollapsible(false);
     splitter_->setStretchFactor(splitter_->indexOf(area_), 1);
     setCentralWidget(splitter_);
@@ -272,6 +287,8 @@ void frmMain::connectBusy() {
 }
 
 void frmMain::connectKeyboard() {
+    connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, menus_,
+            [this] { menus_->setActiveAction(menus_->actions().constFirst()); });
     const auto enters = [this](QWidget& widget) {
         return [this, &widget] {
             // First, since the window gives the keyboard to the widget that had it last.

@@ -26,6 +26,7 @@
 #include <optional>
 
 class QLabel;
+class QMenuBar;
 class QProgressBar;
 class QPushButton;
 class QSplitter;
@@ -66,6 +67,7 @@ class frmMain final : public QMainWindow {
 
   private:
     void layOut();
+    void layOutLeftSide();
     void connectActions();
     void connectStructure();
     void connectOffice();
@@ -97,8 +99,9 @@ class frmMain final : public QMainWindow {
     RecentFiles structures_;
 
     // The toolkit's parents own these.
-    DesignerActions* actions_;
     QSplitter* splitter_;
+    QMenuBar* menus_;
+    DesignerActions* actions_;
     QSplitter* leftSide_;
     TreePane* tree_;
     PlacesPane* places_;
