@@ -4,7 +4,7 @@ import unittest
 import read_xlsx
 from read_docx import read_paragraphs
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import click, document_has_keyboard, find, key, middle, point_at, type_text, wait_for
+from designer_window import click, document_has_keyboard, find, key, middle, pixels, point_at, type_text, wait_for
 
 
 class PlacesTest(DesignerTest):
@@ -40,7 +40,26 @@ class PlacesTest(DesignerTest):
         point_at(self.designer.node("Letterhead"))
 
 
+    def picture_of(self, role, name):
+        """The pixels of the picture before a node or a place."""
+        box = self.designer.element(role, name).get_extents(0)  # on the screen
+        left = box.x if role == "list item" else box.x + 2
+        return pixels(left, box.y, 18, box.height)
+
+
 class InWord(PlacesTest):
+    def test_values_and_stored_values_differ(self):
+        designer = self.start()
+        designer.expand("Customer")
+        self.assertTrue(self.picture_of("table cell", "Value") != self.picture_of("table cell", "Bound Value"))
+        self.drop("Value")
+        self.drop("Bound Value")
+        self.wait_for_places("CustomerID", "CustomerID_bv")
+        point_at(designer.document())  # away from the list, whose rows light up under the mouse
+        self.picture("values")
+        self.assertTrue(self.picture_of("list item", "CustomerID") != self.picture_of("list item", "CustomerID_bv"))
+        self.assertIn("Bound Value", designer.element("list item", "CustomerID_bv").get_description())
+
     def test_what_is_placed_is_marked_and_listed(self):
         designer = self.start()
         self.assertEqual(self.listed(), [])

@@ -1,6 +1,7 @@
 #include "ui/designer/PlacesPane.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QListWidget>
@@ -11,7 +12,7 @@
 namespace mergeloom {
 
 PlacesPane::PlacesPane(QWidget* parent)
-    : QWidget(parent), heading_(new QLabel(this)), list_(new QListWidget(this)) {
+    : QWidget(parent), heading_(new QLabel(this)), list_(new QListWidget(this)), icons_(palette()) {
     list_->setObjectName(QStringLiteral("lstPlaces"));
     list_->setAccessibleName(tr("Places of the document"));
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -50,6 +51,8 @@ void PlacesPane::show(QList<Entry> places) {
     for (const Entry& place : places_) {
         auto* const item = new QListWidgetItem(place.name, list_);
         item->setToolTip(place.source);
+        item->setData(Qt::AccessibleDescriptionRole, place.source);
+        showIcon(*item, place.iconKey);
         item->setFlags(item->flags() | Qt::ItemIsEditable);
     }
     const QList<QListWidgetItem*> same = list_->findItems(current, Qt::MatchExactly);
@@ -58,6 +61,19 @@ void PlacesPane::show(QList<Entry> places) {
     list_->setCurrentRow(same.isEmpty() ? next : list_->row(same.first()));
     heading_->setText(tr("&Places: %1").arg(places_.size()));
     setVisible(!places_.isEmpty());
+}
+
+void PlacesPane::showIcon(QListWidgetItem& item, const QString& key) {
+    if (!key.isEmpty()) item.setIcon(icons_.icon(key));
+}
+
+void PlacesPane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    icons_.setPalette(palette());
+    const QSignalBlocker quiet(list_);
+    for (int row = 0; row < list_->count(); ++row)
+        showIcon(*list_->item(row), places_[row].iconKey);
 }
 
 QWidget& PlacesPane::list() {

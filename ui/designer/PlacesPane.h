@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/designer/TreeIcons.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -16,10 +18,12 @@ class PlacesPane final : public QWidget {
   public:
     explicit PlacesPane(QWidget* parent);
 
-    /// A place and the name of its source, which is empty if the source is unknown.
+    /// A place, the name of its source and the key of the source's picture. They are empty if the source is
+    /// unknown.
     struct Entry {
         QString name;
-        QString source;
+        QString source{};
+        QString iconKey{};
 
         friend bool operator==(const Entry&, const Entry&) = default;
     };
@@ -29,6 +33,9 @@ class PlacesPane final : public QWidget {
     using QWidget::show;
     [[nodiscard]] QWidget& list();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   Q_SIGNALS:
     void goToRequested(const QString& name);
     void renameRequested(const QString& name, const QString& newName);
@@ -36,6 +43,7 @@ class PlacesPane final : public QWidget {
 
   private:
     void addAction(const QString& text, const QKeySequence& key, void (PlacesPane::*action)());
+    void showIcon(QListWidgetItem& item, const QString& key);
     void goToCurrent();
     void editCurrent();
     void removeCurrent();
@@ -45,6 +53,7 @@ class PlacesPane final : public QWidget {
     QLabel* heading_;
     QListWidget* list_;
     QList<Entry> places_;
+    TreeIcons icons_;
 };
 
 }  // namespace mergeloom

@@ -1,5 +1,7 @@
 #include "ui/designer/TreeIcons.h"
 
+#include "xml/modNamedItems.h"
+
 #include <QFile>
 #include <QPainter>
 #include <QPixmap>
@@ -30,6 +32,12 @@ QPixmap coloured(const QString& file, const QColor& colour) {
 }
 
 }  // namespace
+
+QString iconKeyOf(const TreeNode& node) {
+    if (dropKindOf(node.Tag()) == DropKind::Value) return QStringLiteral("Value");
+    if (dropKindOf(node.Tag()) == DropKind::BoundValue) return QStringLiteral("BoundValue");
+    return QString::fromStdString(node.Image());
+}
 
 void TreeIcons::setPalette(const QPalette& palette) {
     palette_ = palette;

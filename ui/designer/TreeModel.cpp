@@ -1,6 +1,7 @@
 #include "ui/designer/TreeModel.h"
 
 #include "base/Text.h"
+#include "ui/designer/TreeIcons.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -141,7 +142,7 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
     const TreeNode* const shown = node(index);
     if (shown == nullptr) return {};
     if (role == Qt::DisplayRole) return QString::fromStdString(shown->Text());
-    if (role == Qt::DecorationRole) return iconOf_(QString::fromStdString(shown->Image()));
+    if (role == Qt::DecorationRole) return iconOf_(iconKeyOf(*shown));
     return placed_.contains(shown->Index()) ? markOf(role) : QVariant();
 }
 

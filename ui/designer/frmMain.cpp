@@ -205,13 +205,17 @@ void frmMain::showPlaces(const QStringList& names) {
     std::unordered_set<int> placed;
     QList<PlacesPane::Entry> entries;
     for (const QString& name : names) {
-        QString source;
+        PlacesPane::Entry entry{.name = name};
         if (structure) {
             const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
             placed.insert(nodes.begin(), nodes.end());
-            if (!nodes.empty()) source = sourceSentence(*structure->tree.Item(nodes.back()));
+            if (!nodes.empty()) {
+                const TreeNode& node = *structure->tree.Item(nodes.back());
+                entry.source = sourceSentence(node);
+                entry.iconKey = iconKeyOf(node);
+            }
         }
-        entries.append({name, source});
+        entries.append(entry);
     }
     tree_->setPlaced(std::move(placed));
     places_->show(std::move(entries));
