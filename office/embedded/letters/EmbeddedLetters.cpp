@@ -43,8 +43,9 @@ class EmbeddedLetters final : public letters::Letters {
           ids_(freeIds(content)),
           labelsPerSheet_(labelCount(content, sources)),
           hasSharedLayout_(labelsPerSheet_ == 0 && hasSharedLayout(content.package())),
+          lists_(content.package()),
           marked_(markPlaces(content, sources)),
-          context_{marked_, settings_, content.package(), files} {
+          context_{marked_, settings_, content.package(), files, lists_} {
         context_.labelsPerSheet = labelsPerSheet_;
         content.storeParts();
         cutParts(content.package());
@@ -53,7 +54,7 @@ class EmbeddedLetters final : public letters::Letters {
                          content.package().conformance());
         added_.emplace(files, settings_.findPicture, *archive_, "/word/media/letter");
         added_->setMainPart(content.package().mainPart());
-        renderer_.emplace(marked_, settings_, ids_, *added_);
+        renderer_.emplace(marked_, settings_, ids_, *added_, lists_);
         refusals_ = marked_.refusals;
         refusals_.insert(refusals_.end(), context_.refusals.begin(), context_.refusals.end());
     }
@@ -77,7 +78,12 @@ class EmbeddedLetters final : public letters::Letters {
         return hasSharedLayout_ && !context_.needsOwnDocument;
     }
     [[nodiscard]] std::vector<std::string> remarks() const override {
-        return {renderer_->remarks().begin(), renderer_->remarks().end()};
+        std::vector<std::string> remarks(renderer_->remarks().begin(), renderer_->remarks().end());
+        if (lists_.isExhausted()) {
+            remarks.emplace_back("Lists count on from record to record: Word knows " +
+                                 std::to_string(ListRestarts::kMaxLists) + " lists in a document.");
+        }
+        return remarks;
     }
 
     void write(std::span<const Record> records, ByteSink& sink) override {
@@ -112,6 +118,8 @@ class EmbeddedLetters final : public letters::Letters {
         }
         for (auto& [entryName, xml] : firstHeaders_)
             changed.emplace(entryName, std::move(xml));
+        const std::string lists = lists_.partName();
+        if (!lists.empty()) changed.emplace(entryNameOf(lists), lists_.takeXml());
         added_->addTo(changed);
         archive_->write(sink, changed);
         beginDocument();
@@ -237,6 +245,7 @@ class EmbeddedLetters final : public letters::Letters {
     FreeIds ids_;
     std::size_t labelsPerSheet_;
     bool hasSharedLayout_;
+    ListRestarts lists_;
     MarkedPlaces marked_;
     CuttingContext context_;
     std::vector<CutPart> parts_;

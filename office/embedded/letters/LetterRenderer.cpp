@@ -96,6 +96,12 @@ void LetterRenderer::append(Pieces& pieces) {
                 xml_->append(std::to_string(std::atoll(piece.xml.c_str()) +
                                             section_ * std::max(kNotesOfSection, ids_.nextBookmark)));
                 break;
+            case Piece::Kind::AnnotationId:
+                xml_->append(isFirst_ ? piece.xml : std::to_string(freshIds_.nextBookmark++));
+                break;
+            case Piece::Kind::ListId:
+                xml_->append(lists_.idIn(section_, piece.xml));
+                break;
             case Piece::Kind::RecordMark:
                 appendRecordMark();
                 break;

@@ -2,6 +2,7 @@
 
 #include "base/Record.h"
 #include "office/embedded/letters/LetterParts.h"
+#include "office/embedded/letters/ListRestarts.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/RichText.h"
@@ -24,8 +25,8 @@ inline constexpr std::int64_t kNotesOfSection = 1000;
 class LetterRenderer {
   public:
     LetterRenderer(const MarkedPlaces& marked, const letters::LetterSettings& settings, const FreeIds& ids,
-                   LetterParts& parts)
-        : marked_(marked), settings_(settings), ids_(ids), freshIds_(ids), parts_(parts) {}
+                   LetterParts& parts, ListRestarts& lists)
+        : marked_(marked), settings_(settings), ids_(ids), freshIds_(ids), parts_(parts), lists_(lists) {}
 
     /// Starts a letter. Ids only have to be unique within a letter.
     void beginLetter();
@@ -73,6 +74,7 @@ class LetterRenderer {
     FreeIds ids_;
     FreeIds freshIds_;
     LetterParts& parts_;
+    ListRestarts& lists_;
     CutPart* part_ = nullptr;
     std::string* xml_ = nullptr;
     std::span<const Record> records_;

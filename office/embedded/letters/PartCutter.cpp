@@ -93,6 +93,10 @@ class Cutter {
                 return close();
             case TokenKind::NoteId:
                 return add({.kind = Piece::Kind::NoteId, .xml = prepared_.ids().at(token.number)});
+            case TokenKind::AnnotationId:
+                return add({.kind = Piece::Kind::AnnotationId, .xml = prepared_.ids().at(token.number)});
+            case TokenKind::ListId:
+                return add({.kind = Piece::Kind::ListId, .xml = prepared_.ids().at(token.number)});
             case TokenKind::RecordMark:
                 return add({.kind = Piece::Kind::RecordMark});
             case TokenKind::PartLink:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/embedded/letters/FilledLetter.h"
+#include "office/embedded/letters/ListRestarts.h"
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/PlaceMarker.h"
 #include "office/embedded/parts/PictureParts.h"
@@ -42,6 +43,7 @@ struct CuttingContext {
     letters::LetterSettings settings;
     opc::Package& package;
     FileStore& files;
+    ListRestarts& lists;
     PictureParts pictures{package};
     /// The ids of relationships to headers and footers that contain places.
     std::set<std::string> linkedParts{};

@@ -37,15 +37,6 @@ std::vector<pugi::xml_node> contentOfCell(pugi::xml_node cell, const opc::WordNa
     return content;
 }
 
-bool isCommentMark(std::string_view name) {
-    return name == "commentRangeStart" || name == "commentRangeEnd" || name == "commentReference";
-}
-
-/// Returns true if an attribute is an id that must be unique in a document.
-bool isParagraphId(std::string_view name) {
-    return name.ends_with(":paraId") || name.ends_with(":textId");
-}
-
 }  // namespace
 
 std::string PartPreparation::xmlOf(pugi::xml_node node) {
@@ -292,79 +283,6 @@ std::string PartPreparation::keeperXml(pugi::xml_node mark) const {
     const std::string name = names_.element("r");
     return "<" + name + ">" + (properties ? xmlOf(properties) : "") + "<" + names_.element("t") + "/></" +
            name + ">";
-}
-
-void PartPreparation::markRepeated() {
-    for (const PartBookmark& bookmark : bookmarks_)
-        markBookmark(bookmark);
-    const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
-    if (isForAll || !repeatedNodes_.empty()) makeRepeatable(part_.root());
-}
-
-void PartPreparation::markBookmark(const PartBookmark& bookmark) {
-    const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
-    const bool isPlace =
-        placesByName_.contains(bookmark.name) ||
-        std::ranges::find(context_.marked.tables, bookmark.name, &MarkedTable::name) !=
-            context_.marked.tables.end() ||
-        std::ranges::find(context_.marked.optionals, bookmark.name) != context_.marked.optionals.end();
-    for (const pugi::xml_node mark : {bookmark.start, bookmark.end}) {
-        if (!mark) continue;
-        const bool isShared = context_.settings.marks == letters::RecordMarks::Bookmarks;
-        if (isForAll && (isPlace || isShared)) {
-            part_.detach(mark);
-        } else if (isForAll || isRepeated(mark)) {
-            markOnce(mark);
-        }
-    }
-}
-
-void PartPreparation::markOnce(pugi::xml_node node) {
-    insertBefore(node, {TokenKind::Once, once_.size()});
-    once_.push_back(xmlOf(node));
-    part_.detach(node);
-}
-
-/// Makes the repeated elements below a node repeatable: ids become tokens, and content that may occur only
-/// once is marked.
-void PartPreparation::makeRepeatable(pugi::xml_node node) {
-    const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
-    for (pugi::xml_node child = node.first_child(); child;) {
-        const pugi::xml_node next = child.next_sibling();
-        const bool isComment = isCommentMark(opc::localName(child));
-        if (!isForAll && !isRepeated(child)) {
-            makeRepeatable(child);
-        } else if (isComment && context_.repeatsComments) {
-            markId(child.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
-        } else if (isComment) {
-            markOnce(child);
-        } else {
-            makeElementRepeatable(child);
-            makeRepeatable(child);
-        }
-        child = next;
-    }
-}
-
-void PartPreparation::makeElementRepeatable(pugi::xml_node element) {
-    const std::string_view name = element.name();
-    if (name.ends_with(":docPr")) {
-        markId(element.attribute("id"), TokenKind::Id);
-    }
-    if (name == names_.element("sdtPr")) element.remove_child(names_.element("id").c_str());
-    for (pugi::xml_attribute attribute = element.first_attribute(); attribute;) {
-        const pugi::xml_attribute following = attribute.next_attribute();
-        if (isParagraphId(attribute.name())) element.remove_attribute(attribute);
-        attribute = following;
-    }
-}
-
-bool PartPreparation::isRepeated(pugi::xml_node node) const {
-    if (repeatedNodes_.empty()) return false;
-    for (pugi::xml_node around = node; around; around = around.parent()) {
-        if (repeatedNodes_.contains(around.hash_value())) return true;
-    }
-    return false;
 }
 
 void PartPreparation::markId(pugi::xml_attribute attribute, TokenKind kind) {

@@ -54,7 +54,9 @@ struct Piece {
         /// The properties of a section in a paragraph. If rich text splits the paragraph, its last part gets
         /// them.
         ParagraphSection,
-        RecordMark,  ///< the bookmark at the start of a record
+        AnnotationId,  ///< the id of a tracked change, which must differ between repetitions
+        ListId,        ///< the id of a list, which differs between sections
+        RecordMark,    ///< the bookmark at the start of a record
     };
 
     Kind kind = Kind::Fixed;

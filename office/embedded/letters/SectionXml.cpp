@@ -50,10 +50,13 @@ pugi::xml_node firstSectionOf(pugi::xml_node body, const opc::WordNames& names) 
 }
 
 void startOnNewPage(pugi::xml_node section, const opc::WordNames& names) {
-    set(propertyOf(section, "type", names), "val", "nextPage", names);
+    const pugi::xml_node type = propertyOf(section, "type", names);
+    const std::string_view side = names.value(type, "val");
+    const bool isEven = side == "evenPage";
+    if (!isEven && side != "oddPage") set(type, "val", "nextPage", names);
     const pugi::xml_node numbering = propertyOf(section, "pgNumType", names);
     const bool hasStart = !std::string_view(names.value(numbering, "start")).empty();
-    if (!hasStart) set(numbering, "start", "1", names);
+    if (!hasStart) set(numbering, "start", isEven ? "2" : "1", names);
 }
 
 }  // namespace mergeloom::embedded

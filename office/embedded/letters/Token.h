@@ -29,6 +29,8 @@ enum class TokenKind : char {
     SectionBreak = 'S',           ///< the properties of a section, except of the last one
     ParagraphSectionStart = 'E',  ///< the properties of a section that ends with a paragraph of values
     ParagraphSectionEnd = 'e',    ///< their end
+    AnnotationId = 'C',           ///< the id of a tracked change, which must be unique
+    ListId = 'U',                 ///< the id of a list that counts
     RecordMark = 'M',             ///< the bookmark at the start of a record
 };
 

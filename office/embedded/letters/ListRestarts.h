@@ -1,0 +1,45 @@
+#pragma once
+
+#include "office/opc/Package.h"
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+
+namespace mergeloom::embedded {
+
+/// Lets the lists of a template count from their start again in each section of one document for all records,
+/// by further instances of them (ECMA-376 Part 1, 17.9.15 and 17.9.27).
+class ListRestarts {
+  public:
+    /// Word numbers the instances of lists up to this one.
+    static constexpr std::int64_t kMaxLists = 2046;
+
+    explicit ListRestarts(opc::Package& package);
+
+    /// Returns true for the id of a list that counts, and begins to restart it.
+    bool use(const std::string& id);
+    /// Returns the id of a list that is used in a section, from 0. Beyond kMaxLists it counts on.
+    std::string idIn(std::int64_t section, const std::string& id);
+    /// Returns true if a list could not be restarted.
+    [[nodiscard]] bool isExhausted() const { return isExhausted_; }
+
+    /// Returns the name of the part with the lists; empty if no list was restarted.
+    [[nodiscard]] std::string partName() const { return restarts_.empty() ? std::string() : partName_; }
+    /// Returns the XML of the part with the restarted lists, and forgets them.
+    std::string takeXml();
+
+  private:
+    std::string partName_;
+    std::string xml_;            ///< of the part
+    std::size_t insertion_ = 0;  ///< the position in it after the last list
+    std::int64_t highest_ = 0;   ///< the highest id of a list
+    /// The XML of further instances of the lists that count, with kNewId in place of the id, by their ids.
+    std::map<std::string, std::string> models_;
+    std::map<std::string, std::int64_t> used_;  ///< the numbers of the lists that are used, from 1
+    std::map<std::int64_t, std::string> restarts_;
+    bool isExhausted_ = false;
+};
+
+}  // namespace mergeloom::embedded
