@@ -179,17 +179,29 @@ TEST_F(BookTest, PlacesThatCannotBeWrittenAreTold) {
     EXPECT_TRUE(letters->filledPlaces().empty());
 }
 
-TEST_F(BookTest, RichTextWithoutPlainTextIsTold) {
+TEST_F(BookTest, RichTextIsPlainInCells) {
     names("ammA", "$A$1");
     takes("ammA", {{"A"}});
-    const auto letters = compiled(workbookFile({{"Sheet1"}}, allNames()));
-    const Record plain{{{.name = "A", .richText = "<b>x</b>", .plainText = "x", .records = {}}}};
-    files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&plain, 1}, sink); });
-    EXPECT_EQ(shownRows(files.files["/book.xlsx"]), "<1><A1>x");
-    EXPECT_THAT(letters->remarks(), IsEmpty());
-    const Record rich{{{.name = "A", .richText = "<b>x</b>", .records = {}}}};
-    files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&rich, 1}, sink); });
-    EXPECT_THAT(letters->remarks(), ElementsAre("The rich text of A has no plain text; its cell is empty."));
+    struct Case {
+        std::string rich;
+        std::string plain;
+        std::string shown;
+        int remarks;
+    };
+    const std::vector<Case> cases{
+        {"<b>x</b>", "y", "y", 0},
+        {"<b>x</b> &amp; y", "", "x &amp; y", 0},
+        {"<p>x</p><ol><li>y</li><li>z</li></ol><ul><li>u</li></ul>", "", "x\n1. y\n2. z\n\u2022 u", 0},
+        {"<i></i>", "", "", 0},
+        {"<b>x</i> y", "", "x y", 1},
+    };
+    for (const Case& c : cases) {
+        const auto letters = compiled(workbookFile({{"Sheet1"}}, allNames()));
+        const Record record{{{.name = "A", .richText = c.rich, .plainText = c.plain, .records = {}}}};
+        files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&record, 1}, sink); });
+        EXPECT_EQ(shownRows(files.files["/book.xlsx"]), "<1><A1>" + c.shown) << c.rich;
+        EXPECT_EQ(static_cast<int>(letters->remarks().size()), c.remarks) << c.rich;
+    }
 }
 
 TEST_F(BookTest, TextsTooLongForACellAreCutAndTold) {

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "office/embedded/parts/RichText.h"
 #include "office/embedded/sheet/CellXml.h"
 #include "office/embedded/sheet/XmlText.h"
 #include "office/model/excel/Range.h"
@@ -201,13 +202,7 @@ void BookRenderer::appendHeight(const BookPiece& piece) {
 void BookRenderer::appendValue(const BookPiece& piece) {
     const BookPlace& place = places_.places[piece.number];
     const RecordControl* const control = controlOf(place, copy_);
-    const CellValue value = control == nullptr ? CellValue{}
-                                               : cellValueOf(*control, place.source.value,
-                                                             book_.placeFormats[piece.number], book_.dates);
-    const bool isLost = value.kind == CellValue::Kind::Empty && control != nullptr &&
-                        place.source.value == letters::ValueKind::Display && !control->richText.empty();
-    if (isLost)
-        remarks_.insert("The rich text of " + control->name + " has no plain text; its cell is empty.");
+    const CellValue value = control == nullptr ? CellValue{} : valueOf(*control, piece.number);
     appendStyle(book_.placeStyles[piece.number], value.kind);
     if (value.kind == CellValue::Kind::Empty) {
         xml_ += '>';
@@ -219,6 +214,21 @@ void BookRenderer::appendValue(const BookPiece& piece) {
         xml_ += part_->prefix + "v>" + value.text + "</" + part_->prefix + "v>";
     }
     xml_ += piece.xml;
+}
+
+/// Returns the value of a control for a place. Rich text without a plain one is shown without its formatting.
+CellValue BookRenderer::valueOf(const RecordControl& control, std::size_t number) {
+    const letters::ValueKind kind = places_.places[number].source.value;
+    CellValue value = cellValueOf(control, kind, book_.placeFormats[number], book_.dates);
+    const bool isRich = value.kind == CellValue::Kind::Empty && kind == letters::ValueKind::Display &&
+                        !control.richText.empty();
+    if (!isRich) return value;
+    const auto paragraphs = readRichText(control.richText);
+    if (!paragraphs)
+        remarks_.insert("The rich text of " + control.name + " is broken; its plain text was taken.");
+    value.text = paragraphs ? plainTextOf(*paragraphs) : withoutTags(control.richText);
+    if (!value.text.empty()) value.kind = CellValue::Kind::Text;
+    return value;
 }
 
 void BookRenderer::appendStyle(int style, CellValue::Kind kind) {

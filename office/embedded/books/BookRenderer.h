@@ -62,6 +62,7 @@ class BookRenderer {
     void appendFormula(std::size_t number);
     void appendAreas(const MovableAreas& areas);
     void appendValue(const BookPiece& piece);
+    CellValue valueOf(const RecordControl& control, std::size_t number);
     void appendStyle(int style, CellValue::Kind kind);
     void appendText(const RecordControl& control, const std::string& text);
     void appendRows(const BookPiece& piece);

@@ -5,7 +5,7 @@
 #include "office/embedded/letters/ListRestarts.h"
 #include "office/embedded/letters/PartCutter.h"
 #include "office/embedded/letters/Piece.h"
-#include "office/embedded/letters/RichText.h"
+#include "office/embedded/parts/RichText.h"
 
 #include <cstdint>
 #include <map>

@@ -110,11 +110,8 @@ class RichTextWriter {
     }
 
     void appendMarker(const RichParagraph& paragraph) {
-        if (paragraph.list == RichList::None) return;
-        const std::string indent(static_cast<std::size_t>(std::max(0, paragraph.depth - 1)) * 4, ' ');
-        const std::string marker =
-            paragraph.list == RichList::Numbers ? std::to_string(paragraph.number) + "." : "\u2022";
-        appendRun(indent + marker + " ", {});
+        const std::string marker = listMarker(paragraph);
+        if (!marker.empty()) appendRun(marker, {});
     }
 
     [[nodiscard]] Properties propertiesWith(const RichFont& font) const {

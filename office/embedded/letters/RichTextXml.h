@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/letters/Piece.h"
-#include "office/embedded/letters/RichText.h"
+#include "office/embedded/parts/RichText.h"
 
 #include <cstddef>
 #include <string>

@@ -1,4 +1,4 @@
-#include "office/embedded/letters/RichText.h"
+#include "office/embedded/parts/RichText.h"
 
 #include "base/Text.h"
 
@@ -281,6 +281,24 @@ class RichTextReader {
 
 std::optional<std::vector<RichParagraph>> readRichText(std::string_view html) {
     return RichTextReader().read(html);
+}
+
+std::string listMarker(const RichParagraph& paragraph) {
+    if (paragraph.list == RichList::None) return {};
+    const std::string indent(static_cast<std::size_t>(std::max(0, paragraph.depth - 1)) * 4, ' ');
+    const bool isNumbered = paragraph.list == RichList::Numbers;
+    return indent + (isNumbered ? std::to_string(paragraph.number) + "." : "\u2022") + " ";
+}
+
+std::string plainTextOf(const std::vector<RichParagraph>& paragraphs) {
+    std::string text;
+    for (const RichParagraph& paragraph : paragraphs) {
+        if (&paragraph != &paragraphs.front()) text += '\n';
+        text += listMarker(paragraph);
+        for (const RichRun& run : paragraph.runs)
+            text += run.text;
+    }
+    return text;
 }
 
 std::string withoutTags(std::string_view html) {

@@ -40,6 +40,13 @@ struct RichParagraph {
 /// incomplete tag, or elements that do not nest.
 std::optional<std::vector<RichParagraph>> readRichText(std::string_view html);
 
+/// Returns the text before a paragraph of a list: its indent, and a bullet or its number. Empty for other
+/// paragraphs.
+std::string listMarker(const RichParagraph& paragraph);
+
+/// Returns the text of paragraphs, one in a line, with the bullets and numbers of lists.
+std::string plainTextOf(const std::vector<RichParagraph>& paragraphs);
+
 /// Returns the text of malformed HTML: everything outside of tags.
 std::string withoutTags(std::string_view html);
 
