@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/model/HostLook.h"
 #include "office/model/excel/Forward.h"
 #include "office/model/word/Forward.h"
 
@@ -18,6 +19,7 @@ struct HostWindow {
     std::uint64_t id = 0;  ///< the window system's: an X11 window
     int width = 0;
     int height = 0;
+    HostLook look;
 };
 
 /// A place in the host's window, in pixels from its upper left corner.

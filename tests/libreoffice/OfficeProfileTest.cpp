@@ -37,6 +37,20 @@ TEST(OfficeProfile, KeepsTheUsersSettingsAndItsOwn) {
     EXPECT_EQ(folder.bytesOf(kSettings), again) << "nothing is written twice";
 }
 
+TEST(OfficeProfile, FollowsTheDesktopsColors) {
+    const TemporaryFolder folder;
+    HostLook dark;
+    dark.colors = LookColors{.window = LookColor{0x202020}, .windowText = LookColor{0xF0F0F0}};
+    HostLook light;
+    light.colors = LookColors{.window = LookColor{0xF0F0F0}, .windowText = LookColor{0x202020}};
+    makeOfficeProfile(folder.path(), OfficeMode::Shown, dark);
+    EXPECT_THAT(folder.bytesOf(kSettings),
+                AllOf(HasSubstr("<value>colibre_dark</value>"), HasSubstr("<value>2105376</value>")));
+    makeOfficeProfile(folder.path(), OfficeMode::Shown, light);
+    EXPECT_THAT(folder.bytesOf(kSettings),
+                AllOf(HasSubstr("<value>colibre</value>"), Not(HasSubstr("colibre_dark"))));
+}
+
 TEST(OfficeProfile, OneThatIsNotWholeIsMadeAnew) {
     const TemporaryFolder folder;
     makeOfficeProfile(folder.path(), OfficeMode::Shown);

@@ -1,15 +1,65 @@
 """Looks at the pixels of the hosted document: after the start, and after the window was minimized."""
 import os
 import shutil
+import tempfile
 import unittest
+from pathlib import Path
 from unittest import mock
 
 from designer_test import PROGRAM, DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import minimize, restore, share_of_color, wait_for
+from designer_window import minimize, pixels, restore, share_of_color, wait_for
 from shaded_letter import SHADE, write_shaded_letter
 
 SMALLEST_SHARE = 0.2
 MISSED_MOVE = PROGRAM.parent / "test_missed_move.so"
+
+
+# A desktop's palette in the file in which the toolkit looks for it.
+DARK = (42, 46, 50)
+PALETTE = """[Colors:Window]
+BackgroundNormal={0},{1},{2}
+ForegroundNormal=252,252,252
+[Colors:View]
+BackgroundNormal=27,30,32
+ForegroundNormal=252,252,252
+[Colors:Button]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
+""".format(*DARK)
+DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5", "KDE_FULL_SESSION": "true"}
+
+
+class LookTest(DesignerTest):
+    def start_on_desktop(self, **environment):
+        home = Path(tempfile.mkdtemp(prefix="designer-"))
+        (home / "config").mkdir()
+        (home / "config" / "kdeglobals").write_text(PALETTE)
+        with mock.patch.dict(os.environ, DESKTOP | environment):
+            self.designer = self.start_another(home=home)
+        self.designer.wait_until_ready()
+
+    def edge(self, factor):
+        """The colors at the left edge of the pane, from its top down; the office's menu bar comes first."""
+        left, top, _, height = (factor * length for length in self.designer.document_box())
+        column = pixels(left + 2, top, 1, height)
+        return [tuple(column[index:index + 3]) for index in range(0, len(column), 3)]
+
+    def menu_height(self, factor):
+        """The height of what is above the first dark bar, once most of the edge is dark."""
+        colors = self.edge(factor)
+        return colors.count(DARK) > 0.8 * len(colors) and colors.index(DARK)
+
+    def test_colors_and_sizes_follow_the_desktop(self):
+        heights = []
+        for factor in (1, 2):
+            self.start_on_desktop(QT_SCALE_FACTOR=str(factor))
+            self.picture(f"dark-{factor}")
+            heights.append(wait_for("the dark edge", lambda: self.menu_height(factor)))
+            self.designer.close()
+        self.assertGreater(heights[1], 1.5 * heights[0])
 
 
 class PixelsTest(DesignerTest):

@@ -1,5 +1,7 @@
 #include "ui/designer/HostArea.h"
 
+#include "ui/designer/DesktopLook.h"
+
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -48,7 +50,7 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
 
 HostWindow HostPane::hostWindow() const {
     const double scale = devicePixelRatioF();
-    return {winId(), pixels(width() * scale), pixels(height() * scale)};
+    return {winId(), pixels(width() * scale), pixels(height() * scale), lookOf(*this)};
 }
 
 void HostPane::emitSize() {

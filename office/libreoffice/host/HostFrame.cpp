@@ -1,5 +1,6 @@
 #include "office/libreoffice/host/HostFrame.h"
 
+#include "office/libreoffice/host/WindowLook.h"
 #include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
 
@@ -102,6 +103,7 @@ HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, 
     container_.set(factory->createSystemChild(parent, {}, css::lang::SystemDependent::SYSTEM_XWINDOW),
                    UNO_QUERY_THROW);
     caret_.emplace(container_);
+    applyLook(container_, window.look);
     resize(window.width, window.height);
     frame_.set(css::frame::Frame::create(connection.context()), UNO_QUERY_THROW);
     frame_->initialize(container_);

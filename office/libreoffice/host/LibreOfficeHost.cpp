@@ -79,7 +79,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
     : window_(window),
       kind_(kind),
       listener_(listener),
-      session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown)),
+      session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown, window.look)),
       word_(makeWordApplication(session_, files, grafting)),
       excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {

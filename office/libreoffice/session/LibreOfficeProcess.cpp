@@ -107,14 +107,14 @@ std::string findOfficeProgram() {
                           "program 'soffice'.");
 }
 
-LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mode)
+LibreOfficeProcess::LibreOfficeProcess(const std::string& program, OfficeMode mode, const HostLook& look)
     : pipeName_(fileNameOnly(folder_.path()) + "-" + std::to_string(::getpid())) {
     if (mode == OfficeMode::Shown) userProfile_.emplace();
     sockets_ = socketFiles(pipeName_, profileUrl());
-    makeOfficeProfile(profile(), mode);
+    makeOfficeProfile(profile(), mode, look);
     std::filesystem::create_directory(workFolder());
     std::filesystem::create_directory(temporaryFolder());
-    process_.emplace(command(program, mode), start_.farEnd(), logPath());
+    process_.emplace(command(program, mode, look), start_.farEnd(), logPath());
     if (userProfile_) userProfile_->endSharing();
     start_.closeFarEnd();
     cleanup_.emplace(process_->id(), leftovers(folder_.path(), sockets_), logPath());
@@ -128,10 +128,13 @@ LibreOfficeProcess::~LibreOfficeProcess() {
         std::filesystem::remove(socket, error);
 }
 
-std::vector<std::string> LibreOfficeProcess::command(const std::string& program, OfficeMode mode) const {
+std::vector<std::string> LibreOfficeProcess::command(const std::string& program, OfficeMode mode,
+                                                     const HostLook& look) const {
     std::vector<std::string> words{"/bin/sh", "-c", kStartScript, "start", temporaryFolder()};
     // Of the toolkits that it can draw with, only this one works inside a window of another program.
     if (mode == OfficeMode::Shown) words.insert(words.end(), {"env", "SAL_USE_VCLPLUGIN=gen"});
+    if (mode == OfficeMode::Shown && look.dotsPerInch > 0)
+        words.push_back("SAL_FORCEDPI=" + std::to_string(look.dotsPerInch));
     words.insert(words.end(), {program, "-env:UserInstallation=" + profileUrl(), "--norestore", "--nologo",
                                "--nodefault", "--nofirststartwizard"});
     if (mode == OfficeMode::Hidden) words.emplace_back("--headless");

@@ -27,7 +27,8 @@ class LibreOfficeProcess {
   public:
     /// Starts the program and does not wait until it listens. Raises kNotAvailable with a sentence that says
     /// why it cannot be started.
-    explicit LibreOfficeProcess(const std::string& program, OfficeMode mode = OfficeMode::Hidden);
+    explicit LibreOfficeProcess(const std::string& program, OfficeMode mode = OfficeMode::Hidden,
+                                const HostLook& look = {});
     LibreOfficeProcess(const LibreOfficeProcess&) = delete;
     LibreOfficeProcess& operator=(const LibreOfficeProcess&) = delete;
     ~LibreOfficeProcess();
@@ -59,7 +60,8 @@ class LibreOfficeProcess {
     [[nodiscard]] std::string logPath() const;
     [[nodiscard]] std::string profile() const;
     [[nodiscard]] std::string profileUrl() const;
-    [[nodiscard]] std::vector<std::string> command(const std::string& program, OfficeMode mode) const;
+    [[nodiscard]] std::vector<std::string> command(const std::string& program, OfficeMode mode,
+                                                   const HostLook& look) const;
 
     std::optional<CleanupProcess> cleanup_;  ///< destroyed last
     PrivateFolder folder_;

@@ -13,8 +13,8 @@ class LibreOfficeSession {
     /// Starts an office, which takes about a second. Raises kNotAvailable with a sentence that says why it
     /// cannot be started.
     explicit LibreOfficeSession(FileStore& store, TimeBounds bounds = {},
-                                OfficeMode mode = OfficeMode::Hidden)
-        : process_(findOfficeProgram(), mode),
+                                OfficeMode mode = OfficeMode::Hidden, const HostLook& look = {})
+        : process_(findOfficeProgram(), mode, look),
           connection_(process_, bounds),
           files_(connection_, store, process_.workFolder()) {
         if (mode == OfficeMode::Hidden) connection_.expect(RequestPattern::Series);

@@ -92,6 +92,27 @@ void disableCommands(std::ostream& file) {
     }
 }
 
+constexpr const char* kLookGroup = "Office.Common/Misc";
+constexpr const char* kIcons = "SymbolStyle";
+constexpr const char* kSurroundings =
+    "/org.openoffice.Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
+    "AppBackground";
+
+/// Writes the settings that follow the desktop's colors: the icons, and the color around a page.
+void writeLook(std::ostream& file, const HostLook& look) {
+    if (!look.colors) return;
+    const Setting icons[] = {{kLookGroup, kIcons, isDark(look) ? "colibre_dark" : "colibre"}};
+    write(file, icons);
+    file << R"(<item oor:path=")" << kSurroundings << R"("><prop oor:name="Color" oor:op="fuse"><value>)"
+         << static_cast<std::uint32_t>(isDark(look) ? look.colors->window : look.colors->shadow)
+         << "</value></prop></item>\n";
+}
+
+bool isOfLook(std::string_view item) {
+    return item.find(kSurroundings) != std::string_view::npos ||
+           item.find(std::string("oor:name=\"") + kIcons + '"') != std::string_view::npos;
+}
+
 bool isSetBy(std::span<const Setting> settings, std::string_view item) {
     return std::ranges::any_of(settings, [&](const Setting& setting) {
         const std::string group = std::string("\"/org.openoffice.") + setting.group + '"';
@@ -109,14 +130,15 @@ std::vector<std::string> keptItems(const std::string& settings) {
     for (std::string line; std::getline(file, line);) {
         isWhole = line.starts_with("</oor:items>");
         if (!line.starts_with("<item ")) continue;
-        const bool isForced =
-            isSetBy(kQuiet, line) || isSetBy(kShown, line) || line.find(kDisabledGroup) != std::string::npos;
+        const bool isForced = isSetBy(kQuiet, line) || isSetBy(kShown, line) ||
+                              line.find(kDisabledGroup) != std::string::npos || isOfLook(line);
         if (!isForced) items.push_back(line);
     }
     return isWhole ? items : std::vector<std::string>();
 }
 
-void writeSettings(std::ostream& file, OfficeMode mode, const std::vector<std::string>& kept) {
+void writeSettings(std::ostream& file, OfficeMode mode, const HostLook& look,
+                   const std::vector<std::string>& kept) {
     file
         << R"(<?xml version="1.0" encoding="UTF-8"?>)"
            "\n"
@@ -127,6 +149,7 @@ void writeSettings(std::ostream& file, OfficeMode mode, const std::vector<std::s
     if (mode == OfficeMode::Shown) {
         write(file, kShown);
         disableCommands(file);
+        writeLook(file, look);
         if (kept.empty()) write(file, kFirst);
     }
     for (const std::string& item : kept)
@@ -151,7 +174,7 @@ PrivateFolder::~PrivateFolder() {
     std::filesystem::remove_all(path_, error);
 }
 
-void makeOfficeProfile(const std::string& folder, OfficeMode mode) {
+void makeOfficeProfile(const std::string& folder, OfficeMode mode, const HostLook& look) {
     const std::string user = joinPath(folder, "user");
     std::error_code error;
     std::filesystem::create_directories(user, error);
@@ -162,7 +185,7 @@ void makeOfficeProfile(const std::string& folder, OfficeMode mode) {
     std::filesystem::remove(joinPath(folder, ".lock"), error);
     const std::string written = settings + ".new";
     std::ofstream file(written);
-    writeSettings(file, mode, kept);
+    writeSettings(file, mode, look, kept);
     file.close();
     if (file) std::filesystem::rename(written, settings, error);
     if (!file || error) raiseNotStarted("the folder for its profile '" + folder + "' cannot be written");

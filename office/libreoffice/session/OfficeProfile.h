@@ -1,5 +1,7 @@
 #pragma once
 
+#include "office/model/HostLook.h"
+
 #include <string>
 
 namespace mergeloom::libreoffice {
@@ -26,8 +28,8 @@ class PrivateFolder {
 };
 
 /// Makes a folder the profile of an office. With it the office writes no lock files and shows no welcome
-/// dialogs. Settings of the user's own that are in the folder from an earlier run stay. Raises kNotAvailable
-/// when the folder cannot be written.
-void makeOfficeProfile(const std::string& folder, OfficeMode mode);
+/// dialogs. Settings of the user's own that are in the folder from an earlier run stay. The icons, and what
+/// surrounds a page, follow the look. Raises kNotAvailable when the folder cannot be written.
+void makeOfficeProfile(const std::string& folder, OfficeMode mode, const HostLook& look = {});
 
 }  // namespace mergeloom::libreoffice
