@@ -104,8 +104,7 @@ void writeLook(std::ostream& file, const HostLook& look) {
     const Setting icons[] = {{kLookGroup, kIcons, isDark(look) ? "colibre_dark" : "colibre"}};
     write(file, icons);
     file << R"(<item oor:path=")" << kSurroundings << R"("><prop oor:name="Color" oor:op="fuse"><value>)"
-         << static_cast<std::uint32_t>(isDark(look) ? look.colors->window : look.colors->shadow)
-         << "</value></prop></item>\n";
+         << static_cast<std::uint32_t>(look.colors->window) << "</value></prop></item>\n";
 }
 
 bool isOfLook(std::string_view item) {
