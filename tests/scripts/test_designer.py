@@ -468,7 +468,9 @@ class InExcel(DesignerTest):
         self.picture("workbook")
         mapped = self.folder / "mapped.xlsx"
         subprocess.run([PROGRAM, "-excel", "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
+        begin = re.search(r"was inserted at Sheet1!([A-Z]+[0-9]+)", designer.status()).group(1)
         dropped = self.save_as("form.xlsx")
+        self.assertIn("Letterhead", read_xlsx.read_workbook(dropped)["Sheet1"][begin].value)
         self.assertCountEqual(read_xlsx.read_names(dropped), read_xlsx.read_names(mapped))
 
 

@@ -121,10 +121,12 @@ bool DropFlow::dropInto(const TreeNode& node, const LoadedStructure& structure) 
                          [&](const std::string& image) { return structure.document.findPicture(image); },
                          ports_.progress, &fieldDialog};
     const auto dropAt = [&](const auto& document) {
+        // A form ends elsewhere.
+        const std::string place = placeIn(*document);
         const bool dropped =
             dropper.NodeDrop(node, document, structure.xmlNodes, true, DocumentType::ByView, nullptr);
         if (!dropped && fieldDialog.isDeclined()) report_.refusal = DropRefusal::NothingChosen;
-        if (dropped) report_.place = placeIn(*document);
+        if (dropped) report_.place = place;
         return dropped;
     };
     if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted)) return dropAt(*document);
