@@ -74,7 +74,8 @@ def main():
     parser.add_argument("starts", nargs="?", type=int, default=200, help="how often (200)")
     parser.add_argument("--program", default=str(ROOT / "build" / "dev" / "mergeloom-designer"))
     parser.add_argument("--format", choices=["docx", "dotx"], default="docx")
-    parser.add_argument("--pictures", type=Path, default=Path(tempfile.gettempdir()), help="folder for pictures of faults")
+    parser.add_argument("--pictures", type=Path, default=Path(tempfile.gettempdir()),
+                        help="folder for pictures of faults")
     arguments = parser.parse_args()
     screen = Screen()
     try:

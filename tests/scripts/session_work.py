@@ -42,8 +42,8 @@ def write_structure(path):
     objects = form("Big", "Field", FIELDS) + form("Short", "Entry", SHORT_FORM)
     objects += "".join(table(number) for number in range(1, TABLES + 1))
     folders = '<Options><FileLocations DocumentsFolder="" TemplatesFolder=""/></Options>'
-    values = "".join(f'<Control Name="Field{number}"><DisplayValue>Shown</DisplayValue><BoundValue>1</BoundValue></Control>'
-                     for number in range(1, FIELDS + 1))
+    value = "<DisplayValue>Shown</DisplayValue><BoundValue>1</BoundValue>"
+    values = "".join(f'<Control Name="Field{number}">{value}</Control>' for number in range(1, FIELDS + 1))
     data = f"<Data><Records><Record>{values}</Record></Records></Data>"
     path.write_text(f'<Database Name="Session">{folders}<Structure>{objects}</Structure>{data}</Database>')
 
@@ -188,9 +188,10 @@ class InWord(Session):
         return self.designer.corner()
 
     def move_on(self):
-        """Goes on in a new paragraph at the end of the document; from a cell that takes the key twice."""
+        """Goes on in a new paragraph at the end of the document. The key first goes to the ends of a cell and of its
+        table."""
         self.enter_document()
-        key("ctrl+End", "ctrl+End", "Return")
+        key("ctrl+End", "ctrl+End", "ctrl+End", "ctrl+End", "Return")
         type_text("Typed. ")
 
     def convert(self):
@@ -288,7 +289,8 @@ class InExcel(Session):
     def test_a_session(self):
         self.begin()
         self.load()
-        self.drop_objects(['Form "Big"', 'Form "Short"', *(f'Table "Table{number}"' for number in range(1, TABLES + 1))])
+        tables = [f'Table "Table{number}"' for number in range(1, TABLES + 1)]
+        self.drop_objects(['Form "Big"', 'Form "Short"', *tables])
         self.expect_question("ctrl+n", "Cancel")
         self.designer.wait_until_active()
         book = self.save_as("book.xlsx")
