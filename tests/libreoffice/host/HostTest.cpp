@@ -39,7 +39,7 @@ HostTest::Stage& HostTest::stage() {
 }
 
 void HostTest::startOffice() {
-    const HostWindow pane{window().pane(), TestWindow::kPaneWidth, TestWindow::kPaneHeight};
+    const HostWindow pane{window().pane(), TestWindow::kPaneWidth, TestWindow::kPaneHeight, {}};
     stage().host = std::make_unique<libreoffice::LibreOfficeHost>(stage().files, pane, DocumentKind::Word,
                                                                   stage().listener);
 }
