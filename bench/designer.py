@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Measures what a user of the designer waits for, on a screen of its own: the window, the hosted document beside
-LibreOffice's own start to the same document, the drop of a field and that of a form of 30 controls.
+LibreOffice's own start to the same document, the drop of a field and that of a form of 30 controls, and the preview of
+the letter with them. About 200 paragraphs are a letter of ten pages.
 
 Without a size the document is a new one; with one it is a template of so many paragraphs and 1,000 bookmarks, and the
 drops go to its middle.
@@ -23,7 +24,7 @@ sys.path.insert(0, str(ROOT / "tests" / "scripts"))
 from designer_window import Designer, Screen, click, find, key, type_text  # noqa: E402
 
 CONTROLS = 30
-BOOKMARKS = 1000
+BOOKMARKS = 30
 MIDDLE = "halfway"
 
 
@@ -112,11 +113,27 @@ def insertion(designer, node):
     return seconds_of(insert)
 
 
+def preview_step(designer, keys, status):
+    """The seconds from the key until the window says what is shown."""
+    bar = find(designer.application, "status bar")[0]
+    line = find(bar, "label")[0]
+
+    def press():
+        key(keys)
+        while not line.get_name().startswith(status):
+            time.sleep(0.005)
+    return seconds_of(press)
+
+
 def document_with_options(folder):
-    """The window tells its user of a structure document that names no folders, which is none of this."""
+    """A document with two records. The window tells its user of one that names no folders, which is none of this."""
     path = pathlib.Path(structure(folder, CONTROLS))
     options = '<Options><FileLocations DocumentsFolder="" TemplatesFolder=""/></Options>'
-    path.write_text(path.read_text(encoding="utf-8").replace("<Structure>", options + "<Structure>"), encoding="utf-8")
+    text = path.read_text(encoding="utf-8").replace("<Structure>", options + "<Structure>")
+    records = "".join(f'<Record><Control Name="Field1"><DisplayValue>{number}</DisplayValue></Control></Record>'
+                      for number in (1, 2))
+    data = f"<Data><Records>{records}</Records></Data>"
+    path.write_text(text.replace("</Structure>", "</Structure>" + data), encoding="utf-8")
     return path
 
 
@@ -134,9 +151,12 @@ def designer_run(program, document, opened):
             go_to_middle(designer)
         field = insertion(designer, "Field 1")
         form = insertion(designer, 'Form "Fields"')
+        preview = preview_step(designer, "F5", "Record 1")
+        record = preview_step(designer, "alt+Right", "Record 2")
+        back = preview_step(designer, "F5", "Drag a field")
     finally:
         designer.close()
-    return window, ready, field, form
+    return window, ready, field, form, preview, record, back
 
 
 def measure(program, folder, size, runs):
@@ -145,9 +165,10 @@ def measure(program, folder, size, runs):
     office_start(folder, opened)
     rounds = [(office_start(folder, opened), *designer_run(program, document, fresh_copy(opened, folder)))
               for _ in range(runs)]
-    office, window, ready, field, form = zip(*rounds)
+    office, window, ready, field, form, preview, record, back = zip(*rounds)
     rows = [["LibreOffice's own start", office], ["the window is shown", window], ["the document is ready", ready],
-            ["a field is dropped", field], [f"a form of {CONTROLS} controls is dropped", form]]
+            ["a field is dropped", field], [f"a form of {CONTROLS} controls is dropped", form],
+            ["the preview is shown", preview], ["another record", record], ["the template is back", back]]
     what = f"{size:,} paragraphs and {BOOKMARKS:,} bookmarks" if size else "a new document"
     print_table(f"What a user waits for, {what}", ["step", "ms"],
                 [[name, with_range([1000 * value for value in values], 0)] for name, values in rows])

@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mergeloom {
@@ -121,6 +122,16 @@ std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, co
 
 std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path) {
     return embedded::openBookTemplate(files, path);
+}
+
+std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path,
+                                                            std::string bytes) {
+    return embedded::openLetterTemplate(files, path, std::move(bytes));
+}
+
+std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path,
+                                                          std::string bytes) {
+    return embedded::openBookTemplate(files, path, std::move(bytes));
 }
 
 std::unique_ptr<FileConverter> makeFileConverter(FileStore& files) {

@@ -27,6 +27,12 @@ std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, co
 /// Opens a workbook in the same way.
 std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path);
 
+/// Open the bytes of a document or of a workbook in the same way; the path is only named in errors.
+std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path,
+                                                            std::string bytes);
+std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path,
+                                                          std::string bytes);
+
 /// Returns a converter that uses an installed LibreOffice, for formats that the embedded office does not
 /// write. It loads nothing before its first use; without a LibreOffice it writes no format. The file store
 /// has to outlive it.

@@ -34,8 +34,9 @@ enum class FileAccess { Edit, ReadOnly, Copy };
 /// Commands of the office's own menus, bars and keys that the window carries out itself.
 enum class HostCommand { New, Open, Save, SaveAs, Close, PrintPreview };
 
-/// Keys that belong to the window while the document has the keyboard: F1, F6 and Shift+F6.
-enum class HostKey { Help, NextPart, PreviousPart };
+/// Keys that belong to the window while the document has the keyboard: F1, F6, Shift+F6 and F5, and during a
+/// preview Alt+Right and Alt+Left.
+enum class HostKey { Help, NextPart, PreviousPart, Preview, NextRecord, PreviousRecord };
 
 /// Receives the office's events. It is called by threads of the office, which wait meanwhile: it must neither
 /// call the host nor wait for anything that does.
@@ -81,6 +82,15 @@ class DocumentHost {
     /// name and its mark Saved do not change. Raises kFileCouldNotBeSaved or kNotAvailable with a sentence
     /// that names the file, and leaves an existing file whole.
     virtual void ExportCopy(const std::string& path, int format) = 0;
+    /// Returns the document as it is now, as a docx or xlsx, and writes no file of the user's. The document,
+    /// its name and its mark Saved do not change. Raises the errors of ExportCopy.
+    virtual std::string exportedPackage() = 0;
+    /// Shows the bytes of a docx or xlsx for reading over the document, in place of the preview before. The
+    /// document stays open with its list of undo steps, and all other members still mean the document, except
+    /// focus and resize. Raises kFileCouldNotBeRead.
+    virtual void showPreview(DocumentKind kind, const std::string& bytes) = 0;
+    /// Shows the document again; does nothing without a preview.
+    virtual void endPreview() = 0;
     /// Returns true if the document has changes that neither a save nor keepCopy has written.
     virtual bool hasChangesToKeep() = 0;
     /// Writes a copy of the document in the office's own format, which loses nothing. The document, its name

@@ -55,6 +55,20 @@ class FakeDocumentHost final : public DocumentHost {
         call("export " + path + " " + std::to_string(format));
     }
 
+    std::string exportedPackage() override {
+        call("exportedPackage");
+        return package;
+    }
+    void showPreview(DocumentKind, const std::string& bytes) override {
+        call("showPreview");
+        if (!previewRefusal.empty()) throw AutomationError(kFileCouldNotBeRead, previewRefusal);
+        preview = bytes;
+    }
+    void endPreview() override {
+        call("endPreview");
+        preview.clear();
+    }
+
     bool hasChangesToKeep() override { return hosted() != nullptr && !hosted()->Saved(); }
     /// Writes a document as the embedded office makes it, whatever the extension.
     void keepCopy(const std::string& path) override {
@@ -116,6 +130,9 @@ class FakeDocumentHost final : public DocumentHost {
     std::vector<std::string> calls;
     std::vector<std::string> places;
     std::string placeRefusal;
+    std::string package;         ///< what exportedPackage returns
+    std::string preview;         ///< the bytes that are shown; empty without a preview
+    std::string previewRefusal;  ///< the error of showPreview
     std::set<std::string> unknownPrograms;
     bool hasTextAtPoint = true;
     bool bookmarksShown = false;

@@ -1,4 +1,5 @@
 #include "base/Paths.h"
+#include "doubles/WordFiles.h"
 #include "ui/designer/DesignerSession.h"
 #include "ui_designer/DropScene.h"
 #include "ui_designer/TemplateScene.h"
@@ -170,6 +171,80 @@ TEST_F(Session, DropsAndUnhooks) {
     EXPECT_EQ(tree.unhooked, 2);
     session.convertFields();
     EXPECT_EQ(messages.takeTexts(), "0 fields became places, 0 were removed.\n");
+}
+
+class Preview : public Session {
+  protected:
+    /// Starts an office with a template of one place, and a preview of two letters.
+    void startPreview() {
+        session.start({});
+        waitFor(OfficeState::Running);
+        session.worker().run([this] {
+            running->package = wordFile(
+                "<w:p><w:bookmarkStart w:id=\"1\" w:name=\"Customer\"/><w:r><w:t>Customer</w:t></w:r>"
+                "<w:bookmarkEnd w:id=\"1\"/></w:p>");
+        });
+        for (const char* const name : {"Ada", "Bert"}) {
+            Record& record = tree.shown->records.emplace_back();
+            record.controls.push_back({.name = "Customer", .displayValue = name, .records = {}});
+        }
+        session.startPreview();
+    }
+    std::string shown() { return running->preview.empty() ? "" : shownBody(running->preview); }
+};
+
+TEST_F(Preview, ShowsTheLettersOfTheRecords) {
+    startPreview();
+    EXPECT_EQ(shown(), "[Customer:Ada]\n");
+    session.goInPreview(PreviewStep::Next);
+    session.goInPreview(PreviewStep::Next);
+    EXPECT_EQ(shown(), "[Customer:Bert]\n");
+    EXPECT_EQ(session.previewed()->first, 2U);
+    EXPECT_FALSE(session.drop({}));
+    EXPECT_FALSE(session.insertAtCaret());
+    EXPECT_EQ(session.dropReport().refusal, DropRefusal::Preview);
+    EXPECT_EQ(tree.unhooked, 2);
+    session.goInPreview(PreviewStep::Previous);
+    EXPECT_EQ(shown(), "[Customer:Ada]\n");
+    session.endPreview();
+    EXPECT_EQ(shown(), "");
+    EXPECT_TRUE(session.insertAtCaret());
+}
+
+TEST_F(Preview, EndsBeforeOtherCommands) {
+    const std::function<void()> commands[] = {
+        [this] { session.convertFields(); },
+        [this] { listener->fileCommand(HostCommand::PrintPreview); },
+        [this] { listener->fileCommand(HostCommand::Close); },
+        [this] { session.goToPlace("Customer"); },
+    };
+    startPreview();
+    for (const auto& command : commands) {
+        session.startPreview();
+        EXPECT_TRUE(session.previewed());
+        command();
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(session.previewed());
+        EXPECT_EQ(shown(), "");
+    }
+    EXPECT_EQ(closings, 0) << "a preview that is closed is not the window";
+}
+
+TEST_F(Preview, ALetterThatCannotBeShownEndsIt) {
+    startPreview();
+    session.worker().run([this] { running->previewRefusal = "It is damaged."; });
+    session.goInPreview(PreviewStep::Next);
+    EXPECT_EQ(messages.takeTexts(), "It is damaged.\n");
+    EXPECT_FALSE(session.previewed());
+    EXPECT_EQ(shown(), "");
+    EXPECT_THAT(errors.reports, IsEmpty());
+}
+
+TEST_F(Preview, EndsWithTheOffice) {
+    startPreview();
+    std::thread([this] { listener->officeEnded(); }).join();
+    waitFor(OfficeState::Stopped);
+    EXPECT_FALSE(session.previewed());
 }
 
 TEST_F(Session, KeepsChangesAside) {

@@ -22,6 +22,7 @@ inline std::shared_ptr<LoadedStructure> letterStructure() {
     CXML2TreeView display(structure->tree, structure->document, errors);
     display.DisplayXMLNode(0, structure->document.documentElement(), true);
     structure->xmlNodes = std::move(display.XMLNodes());
+    structure->objects = {structure->tree.First()};
     return structure;
 }
 

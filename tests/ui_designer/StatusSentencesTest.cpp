@@ -12,6 +12,19 @@ TEST(StatusSentences, TellTheNextStep) {
               QStringLiteral("Drag a field into the document, or press Insert."));
 }
 
+TEST(StatusSentences, TellWhichRecordsAPreviewShows) {
+    const struct {
+        PreviewedRecords records;
+        const char* sentence;
+    } cases[] = {
+        {{.first = 2, .last = 2, .count = 14}, "Record 2 of 14"},
+        {{.first = 9, .last = 14, .count = 14}, "Records 9 to 14 of 14"},
+        {{.areSamples = true}, "Sample values: the structure document has no records for this template."},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(previewSentence(one.records), QString::fromUtf8(one.sentence));
+}
+
 TEST(StatusSentences, NameTheObjectOfWhatWasInserted) {
     const std::shared_ptr<LoadedStructure> structure = letterStructure();
     const TreeNode& form = *structure->tree.First();
@@ -40,6 +53,8 @@ TEST(StatusSentences, TellWhyNothingWasInserted) {
         {structure->tree.First(), StructureState::Shown, DropRefusal::NotDraggable,
          " “Form \"Letter\"” only holds other nodes; insert one of them."},
         {structure->tree.First(), StructureState::Shown, DropRefusal::NothingChosen, " No field was chosen."},
+        {structure->tree.First(), StructureState::Shown, DropRefusal::Preview,
+         " Press F5 to return from the preview to the template first."},
         {structure->tree.First(), StructureState::Shown, DropRefusal::ReadOnly,
          " The template is open for reading only."},
     };

@@ -10,8 +10,10 @@ namespace mergeloom {
 DesignerActions::DesignerActions(QMenuBar& bar, FieldConversion conversion) : QObject(&bar) {
     addTemplateMenu(bar);
     addWorkMenus(bar, conversion);
+    addPreviewMenu(bar);
     addProgramMenu(bar);
     setDocumentAvailable(false);
+    setPreviewing(false);
 }
 
 void DesignerActions::addTemplateMenu(QMenuBar& bar) {
@@ -35,6 +37,18 @@ void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
     forDocument_.back()->setShortcuts({QKeySequence(tr("Ctrl+Return")), QKeySequence(tr("Ctrl+Enter"))});
     if (conversion == FieldConversion::Missing) return;
     addForDocument(fields, tr("Convert &Merge Fields"), {}, &DesignerActions::convertFields);
+}
+
+void DesignerActions::addPreviewMenu(QMenuBar& bar) {
+    QMenu& records = *bar.addMenu(tr("&Records"));
+    preview_ = records.addAction(tr("&Preview"));
+    preview_->setShortcut(QKeySequence(tr("F5")));
+    preview_->setCheckable(true);
+    connect(preview_, &QAction::triggered, this, &DesignerActions::preview);
+    forDocument_.push_back(preview_);
+    forPreview_ = {
+        add(records, tr("&Next Record"), QKeySequence(tr("Alt+Right")), &DesignerActions::nextRecord),
+        add(records, tr("Previous &Record"), QKeySequence(tr("Alt+Left")), &DesignerActions::previousRecord)};
 }
 
 void DesignerActions::addProgramMenu(QMenuBar& bar) {
@@ -61,6 +75,12 @@ void DesignerActions::addForDocument(QMenu& menu, const QString& text, const QKe
 void DesignerActions::setDocumentAvailable(bool isAvailable) {
     for (QAction* const action : forDocument_)
         action->setEnabled(isAvailable);
+}
+
+void DesignerActions::setPreviewing(bool isPreviewing) {
+    preview_->setChecked(isPreviewing);
+    for (QAction* const action : forPreview_)
+        action->setEnabled(isPreviewing);
 }
 
 }  // namespace mergeloom

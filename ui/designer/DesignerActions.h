@@ -24,6 +24,8 @@ class DesignerActions final : public QObject {
 
     /// Enables the commands that need a document.
     void setDocumentAvailable(bool isAvailable);
+    /// Enables the commands of a preview while one is shown.
+    void setPreviewing(bool isPreviewing);
     /// Return the menus for the files that were used last, which are empty at first.
     [[nodiscard]] QMenu& recentTemplates() { return *recentTemplates_; }
     [[nodiscard]] QMenu& recentStructures() { return *recentStructures_; }
@@ -37,6 +39,10 @@ class DesignerActions final : public QObject {
     void loadStructure();
     void insertNode();
     void convertFields();
+    /// Emitted with the state that the user wants.
+    void preview(bool isShown);
+    void nextRecord();
+    void previousRecord();
     void helpContents();
     void helpIndex();
     void helpSearch();
@@ -49,9 +55,12 @@ class DesignerActions final : public QObject {
     void addForDocument(QMenu& menu, const QString& text, const QKeySequence& keys, Signal signal);
     void addTemplateMenu(QMenuBar& bar);
     void addWorkMenus(QMenuBar& bar, FieldConversion conversion);
+    void addPreviewMenu(QMenuBar& bar);
     void addProgramMenu(QMenuBar& bar);
 
     std::vector<QAction*> forDocument_;
+    std::vector<QAction*> forPreview_;
+    QAction* preview_ = nullptr;
     QMenu* recentTemplates_ = nullptr;
     QMenu* recentStructures_ = nullptr;
 };

@@ -65,7 +65,12 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                  .messages = ports_.messages,
                  .progress = progress_,
                  .fieldDialog = ports_.fieldDialog,
-                 .runPendingEvents = [] { QCoreApplication::processEvents(); }}) {
+                 .runPendingEvents = [] { QCoreApplication::processEvents(); }}),
+      previewFlow_({.jobs = worker_,
+                    .access = office_,
+                    .files = ports_.files,
+                    .errors = ports_.errors,
+                    .messages = ports_.messages}) {
     connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
     connect(&events_, &HostEvents::keyGiven, this, &DesignerSession::keyPressed);
     connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
@@ -165,6 +170,8 @@ void DesignerSession::onEnded() {
     if (state_ == OfficeState::Stopped) return;
     if (attempt_) attempt_->isCancelled = true;
     post([this] { office_.end(); });
+    previewFlow_.forget();
+    Q_EMIT previewChanged();
     setState(OfficeState::Stopped,
              tr("The office has ended unexpectedly. Start it again: a copy that was kept of unsaved "
                 "work is offered then."));
@@ -177,24 +184,47 @@ void DesignerSession::setState(OfficeState state, const QString& stopReason) {
 }
 
 void DesignerSession::execute(HostCommand command) {
-    if (!isFree()) return;
-    if (command == HostCommand::Close) {
+    if (command == HostCommand::Close && previewed()) return endPreview();
+    if (command == HostCommand::Close && isFree()) {
         Q_EMIT closeRequested();
         return;
     }
+    if (beginCommand()) worker_.run([this, command] { lifecycle_.Execute(command); });
+}
+
+/// Ends the preview, since a command works on the template; returns false when no command may begin.
+bool DesignerSession::beginCommand() {
+    if (!isFree()) return false;
+    endPreview();
     Q_EMIT commandBegun();
-    worker_.run([this, command] { lifecycle_.Execute(command); });
+    return true;
+}
+
+void DesignerSession::startPreview() {
+    const std::shared_ptr<LoadedStructure> structure = ports_.tree.structure();
+    if (!beginCommand() || structure == nullptr) return;
+    previewFlow_.start(structure);
+    Q_EMIT previewChanged();
+}
+
+void DesignerSession::endPreview() {
+    if (!isFree() || !previewed()) return;
+    previewFlow_.end();
+    Q_EMIT previewChanged();
+}
+
+void DesignerSession::goInPreview(PreviewStep step) {
+    if (!isFree() || !previewed()) return;
+    previewFlow_.go(step);
+    Q_EMIT previewChanged();
 }
 
 void DesignerSession::openTemplate(const QString& path) {
-    if (!isFree()) return;
-    Q_EMIT commandBegun();
-    worker_.run([this, file = path.toStdString()] { lifecycle_.OpenInstead(file); });
+    if (beginCommand()) worker_.run([this, file = path.toStdString()] { lifecycle_.OpenInstead(file); });
 }
 
 void DesignerSession::convertFields() {
-    if (!isFree()) return;
-    Q_EMIT commandBegun();
+    if (!beginCommand()) return;
     trap(ports_.errors, kMainForm, "ConvertMergeFields", [this] {
         worker_.run(
             [this] { convertHostedFields(office_.host(), ports_.files, ports_.errors, ports_.messages); });
@@ -202,13 +232,15 @@ void DesignerSession::convertFields() {
 }
 
 bool DesignerSession::drop(HostPoint point) {
-    if (isFree()) return dropFlow_.drop(point);
-    ports_.tree.unhook();
+    if (isFree() && !previewed()) return dropFlow_.drop(point);
+    dropFlow_.refuse(previewed() ? DropRefusal::Preview : DropRefusal::None);
     return false;
 }
 
 bool DesignerSession::insertAtCaret() {
-    return isFree() && dropFlow_.insertAtCaret();
+    if (isFree() && !previewed()) return dropFlow_.insertAtCaret();
+    dropFlow_.refuse(previewed() ? DropRefusal::Preview : DropRefusal::None);
+    return false;
 }
 
 void DesignerSession::findPlaces() {
@@ -243,8 +275,7 @@ void DesignerSession::removePlace(const QString& name) {
 
 /// Shows an error that has a sentence for the user in a message box, and reports other errors.
 void DesignerSession::workOnPlace(const std::function<void(DocumentHost&)>& work) {
-    if (!isFree()) return;
-    Q_EMIT commandBegun();
+    if (!beginCommand()) return;
     trap(ports_.errors, kMainForm, "WorkOnPlace", [&] {
         worker_.run([&] {
             try {
@@ -267,7 +298,7 @@ void DesignerSession::setFolders(const std::string& documents, const std::string
 }
 
 void DesignerSession::showDropPlace(HostPoint point) {
-    if (!isFree()) return;
+    if (!isFree() || previewed()) return;
     worker_.postNewest([this, point] {
         try {
             office_.host().showDropPlace(point);
@@ -309,6 +340,7 @@ bool DesignerSession::unload() {
         lifecycle_.Terminate();
         return true;
     }
+    endPreview();
     bool mayClose = false;
     worker_.run([&] { mayClose = lifecycle_.Unload(); });
     return mayClose;

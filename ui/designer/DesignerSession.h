@@ -4,6 +4,7 @@
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/HostedOffice.h"
 #include "ui/designer/OfficeWorker.h"
+#include "ui/designer/PreviewFlow.h"
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateLifecycle.h"
 
@@ -70,6 +71,12 @@ class DesignerSession final : public QObject, private LifecycleView {
     /// Opens a template in place of the document, unless the user cancels.
     void openTemplate(const QString& path);
     void convertFields();
+    /// Show and end the preview, and change its letter. Other commands end it first, and drops are refused.
+    void startPreview();
+    void endPreview();
+    void goInPreview(PreviewStep step);
+    /// Returns the records that the preview shows; none without one.
+    [[nodiscard]] const std::optional<PreviewedRecords>& previewed() const { return previewFlow_.shown(); }
     bool drop(HostPoint point);
     bool insertAtCaret();
     /// Returns what became of the last drop.
@@ -102,6 +109,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     void statusChanged(const QString& status);
     /// Emitted with the names of the document's places.
     void placesFound(const QStringList& names);
+    /// Emitted when a preview began or ended, or shows another letter.
+    void previewChanged();
     /// Emitted when a command begins.
     void commandBegun();
     /// The office's own menu requested it.
@@ -129,6 +138,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void onEnded();
     void post(OfficeJobs::Job job);
     void workOnPlace(const std::function<void(DocumentHost&)>& work);
+    bool beginCommand();
     [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
 
     DocumentKind kind_;
@@ -149,6 +159,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     DropProgress progress_;
     OfficeWorker worker_;
     DropFlow dropFlow_;
+    PreviewFlow previewFlow_;
     QTimer keepTimer_;
 };
 

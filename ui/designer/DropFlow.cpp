@@ -85,6 +85,11 @@ bool DropFlow::insertAtCaret() {
     return dropSelected(nullptr);
 }
 
+void DropFlow::refuse(DropRefusal refusal) {
+    report_ = {.place = {}, .refusal = refusal};
+    ports_.tree.unhook();
+}
+
 bool DropFlow::dropSelected(const HostPoint* point) {
     report_ = {};
     const std::shared_ptr<LoadedStructure> structure = ports_.tree.structure();

@@ -46,7 +46,7 @@ class DropProgress final : public QObject, public Progress {
 };
 
 /// The reasons for an empty drop for which no message is shown.
-enum class DropRefusal { None, NotDraggable, NoText, ReadOnly, NothingChosen };
+enum class DropRefusal { None, NotDraggable, NoText, ReadOnly, NothingChosen, Preview };
 
 /// The place of a drop, or the reason why nothing was inserted.
 struct DropReport {
@@ -79,6 +79,8 @@ class DropFlow {
     bool drop(HostPoint point);
     /// Drops at the caret, without a mouse.
     bool insertAtCaret();
+    /// Drops nothing and unhooks the tree.
+    void refuse(DropRefusal refusal);
     /// Returns the report of the last drop.
     [[nodiscard]] const DropReport& report() const { return report_; }
 

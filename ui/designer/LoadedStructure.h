@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Record.h"
 #include "droppers/PlaceDirectory.h"
 #include "xml/StructureDocument.h"
 #include "xml/TreeView.h"
@@ -7,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mergeloom {
 
@@ -26,6 +28,9 @@ struct LoadedStructure {
     /// The elements of the tree's keys, for the droppers.
     XmlNodeCollection xmlNodes;
     NodesByPlace nodesByPlace;
+    /// The draggable nodes of the top level.
+    std::vector<const TreeNode*> objects;
+    std::vector<Record> records;
     /// None when the document has no options: then the user's documents folder is used for both.
     std::optional<StructureFolders> folders;
 };

@@ -45,6 +45,8 @@ QString reasonFor(const TreeNode* node, StructureState structure, DropRefusal re
             return Sentences::tr("There is no text and no cell at that place.");
         case DropRefusal::ReadOnly:
             return Sentences::tr("The template is open for reading only.");
+        case DropRefusal::Preview:
+            return Sentences::tr("Press F5 to return from the preview to the template first.");
         case DropRefusal::NothingChosen:
             return Sentences::tr("No field was chosen.");
         case DropRefusal::None:
@@ -59,6 +61,14 @@ QString nextStep(StructureState structure) {
     return structure == StructureState::Shown
                ? Sentences::tr("Drag a field into the document, or press Insert.")
                : Sentences::tr("Load a structure document first.");
+}
+
+QString previewSentence(const PreviewedRecords& records) {
+    if (records.areSamples)
+        return Sentences::tr("Sample values: the structure document has no records for this template.");
+    if (records.first == records.last)
+        return Sentences::tr("Record %1 of %2").arg(records.first).arg(records.count);
+    return Sentences::tr("Records %1 to %2 of %3").arg(records.first).arg(records.last).arg(records.count);
 }
 
 QString insertedSentence(const TreeNode& node, const std::string& place) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LetterPreview.h"
 #include "ui/designer/DropFlow.h"
 
 #include <QString>
@@ -14,6 +15,8 @@ enum class StructureState { Missing, Shown };
 
 /// Returns the sentence that tells the user what to do next.
 QString nextStep(StructureState structure);
+/// Returns the sentence about the records that a preview shows.
+QString previewSentence(const PreviewedRecords& records);
 /// Returns the sentence about a node that was inserted, with its place; it names the object that the node is
 /// part of.
 QString insertedSentence(const TreeNode& node, const std::string& place);

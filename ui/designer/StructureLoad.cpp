@@ -79,13 +79,15 @@ std::optional<StructureFolders> readFolders(ErrorHandler& errors, const Structur
     return StructureFolders{options.DocumentsFolder(), options.TemplatesFolder()};
 }
 
+void findObjects(LoadedStructure& structure) {
+    for (const TreeNode* node = structure.tree.First(); node != nullptr; node = node->Next())
+        if (isDraggable(*node)) structure.objects.push_back(node);
+}
+
 void findPlaces(LoadedStructure& structure) {
     const PlaceScheme scheme = gExcelMode == 0 ? PlaceScheme::Bookmarks : PlaceScheme::RangeNames;
-    for (int number = 1; number <= structure.tree.Count(); ++number) {
-        const TreeNode& node = *structure.tree.Item(number);
-        const bool isObject = node.Parent() == nullptr && isDraggable(node);
-        if (isObject) addNodesByPlace(structure.xmlNodes, node, scheme, structure.nodesByPlace);
-    }
+    for (const TreeNode* const object : structure.objects)
+        addNodesByPlace(structure.xmlNodes, *object, scheme, structure.nodesByPlace);
 }
 
 void showInTree(LoadedStructure& structure, ErrorHandler& errors) {
@@ -94,6 +96,7 @@ void showInTree(LoadedStructure& structure, ErrorHandler& errors) {
     view.DisplayXMLNode(0, structure.document.documentElement(), true);
     structure.xmlNodes = std::move(view.XMLNodes());
     structure.firstObject = firstObject(structure.tree);
+    findObjects(structure);
     findPlaces(structure);
     structure.folders = readFolders(errors, structure.document);
 }
@@ -102,7 +105,8 @@ void readAndShow(const std::string& path, const std::function<bool()>& isCancell
                  StructureLoadResult& result, ErrorHandler& errors) {
     auto structure = std::make_shared<LoadedStructure>();
     structure->path = path;
-    if (!structure->document.Load(path)) {
+    const auto keep = [&](Record& record) { structure->records.push_back(std::move(record)); };
+    if (!structure->document.Load(path, keep)) {
         result.messages.push_back({structure->document.parseError().reason});
         return;
     }

@@ -99,6 +99,7 @@ frmMain::frmMain(DocumentKind kind)
     connectRecentFiles();
     connectStructure();
     connectPlaces();
+    connectPreview();
     connectOffice();
     connectBusy();
     connectKeyboard();
@@ -180,6 +181,28 @@ void frmMain::showTitle() {
     const QString program = tr("Mergeloom");
     if (caption_.isEmpty()) return setWindowTitle(program);
     setWindowTitle(QStringLiteral("%1%2 - %3").arg(hasChanges_ ? u"*" : u"", caption_, program));
+}
+
+void frmMain::connectPreview() {
+    connect(actions_, &DesignerActions::preview, this, &frmMain::showPreview);
+    connect(actions_, &DesignerActions::nextRecord, this,
+            [this] { session_.goInPreview(PreviewStep::Next); });
+    connect(actions_, &DesignerActions::previousRecord, this,
+            [this] { session_.goInPreview(PreviewStep::Previous); });
+    connect(&session_, &DesignerSession::previewChanged, this, [this] {
+        actions_->setPreviewing(session_.previewed().has_value());
+        showNextStep();
+    });
+}
+
+void frmMain::showPreview(bool isShown) {
+    if (isShown) {
+        session_.startPreview();
+    } else {
+        session_.endPreview();
+    }
+    // The command's mark may differ from what was done.
+    actions_->setPreviewing(session_.previewed().has_value());
 }
 
 void frmMain::connectPlaces() {
@@ -325,18 +348,29 @@ void frmMain::takeKeyboardFromDocument() {
 /// keyboard.
 void frmMain::answerKey(HostKey key) {
     if (QApplication::activeModalWidget() != nullptr) return;
-    if (key == HostKey::Help) {
-        {
-            // The document has the keyboard again after the help, and not before.
-            const QSignalBlocker quiet(area_->pane());
-            area_->pane().setFocus(Qt::OtherFocusReason);
-        }
-        help_.OpenTopic(handle(), kDocumentTopic);
-        return;
+    switch (key) {
+        case HostKey::Help:
+            return openDocumentHelp();
+        case HostKey::NextPart:
+            return parts_->goFrom(&area_->pane(), WindowParts::Direction::Forward);
+        case HostKey::PreviousPart:
+            return parts_->goFrom(&area_->pane(), WindowParts::Direction::Back);
+        case HostKey::Preview:
+            return showPreview(!session_.previewed());
+        case HostKey::NextRecord:
+            return session_.goInPreview(PreviewStep::Next);
+        case HostKey::PreviousRecord:
+            return session_.goInPreview(PreviewStep::Previous);
     }
-    const bool isForward = key == HostKey::NextPart;
-    parts_->goFrom(&area_->pane(),
-                   isForward ? WindowParts::Direction::Forward : WindowParts::Direction::Back);
+}
+
+void frmMain::openDocumentHelp() {
+    {
+        // The document has the keyboard again after the help, and not before.
+        const QSignalBlocker quiet(area_->pane());
+        area_->pane().setFocus(Qt::OtherFocusReason);
+    }
+    help_.OpenTopic(handle(), kDocumentTopic);
 }
 
 /// Shows no progress while a question waits for the user.
@@ -374,7 +408,7 @@ void frmMain::showState() {
             area_->panel().showOpening();
             break;
         case OfficeState::Running:
-            status_->setText(nextStep(structureState()));
+            showNextStep();
             break;
         case OfficeState::Stopped:
             area_->panel().showStopped(session_.stopReason());
@@ -409,7 +443,9 @@ StructureState frmMain::structureState() const {
 
 /// Clears the sentence about an earlier action.
 void frmMain::showNextStep() {
-    if (session_.state() == OfficeState::Running) status_->setText(nextStep(structureState()));
+    if (session_.state() != OfficeState::Running) return;
+    const std::optional<PreviewedRecords>& records = session_.previewed();
+    status_->setText(records ? previewSentence(*records) : nextStep(structureState()));
 }
 
 void frmMain::showAbout() {

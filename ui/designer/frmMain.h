@@ -76,10 +76,13 @@ class frmMain final : public QMainWindow {
     void connectKeyboard();
     void takeKeyboardFromDocument();
     void answerKey(HostKey key);
+    void openDocumentHelp();
     void showState();
     void endDrag();
     void reportDrop(bool isDropped);
     void showNextStep();
+    void connectPreview();
+    void showPreview(bool isShown);
     [[nodiscard]] StructureState structureState() const;
     void showAbout();
     void connectRecentFiles();

@@ -339,7 +339,12 @@ class EmbeddedBookTemplate final : public letters::LetterTemplate {
 }  // namespace
 
 std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path) {
-    return std::make_unique<EmbeddedBookTemplate>(opc::Package::read(files.read(path), path), files);
+    return openBookTemplate(files, path, files.read(path));
+}
+
+std::unique_ptr<letters::LetterTemplate> openBookTemplate(FileStore& files, const std::string& path,
+                                                          std::string bytes) {
+    return std::make_unique<EmbeddedBookTemplate>(opc::Package::read(std::move(bytes), path), files);
 }
 
 }  // namespace mergeloom::embedded

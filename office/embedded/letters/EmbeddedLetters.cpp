@@ -301,7 +301,12 @@ class EmbeddedLetterTemplate final : public letters::LetterTemplate {
 }  // namespace
 
 std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path) {
-    return std::make_unique<EmbeddedLetterTemplate>(opc::Package::read(files.read(path), path), files);
+    return openLetterTemplate(files, path, files.read(path));
+}
+
+std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path,
+                                                            std::string bytes) {
+    return std::make_unique<EmbeddedLetterTemplate>(opc::Package::read(std::move(bytes), path), files);
 }
 
 }  // namespace mergeloom::embedded

@@ -12,5 +12,8 @@ namespace mergeloom::embedded {
 /// kFileCouldNotBeRead for a file that is not a Word document or cannot be edited safely, and kNotAvailable
 /// if its text contains the characters that mark places.
 std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path);
+/// Opens the bytes of a document in the same way; the path is only named in errors.
+std::unique_ptr<letters::LetterTemplate> openLetterTemplate(FileStore& files, const std::string& path,
+                                                            std::string bytes);
 
 }  // namespace mergeloom::embedded

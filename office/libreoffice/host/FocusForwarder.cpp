@@ -7,6 +7,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -18,9 +19,31 @@ namespace {
 constexpr std::uint8_t kButtons[] = {1, 2, 3};
 
 constexpr xcb_keysym_t kF1 = 0xffbe;
+constexpr xcb_keysym_t kF5 = 0xffc2;
 constexpr xcb_keysym_t kF6 = 0xffc3;
+constexpr xcb_keysym_t kLeft = 0xff51;
+constexpr xcb_keysym_t kRight = 0xff53;
 
-/// Caps Lock and Num Lock, which do not change the meaning of a function key.
+struct WindowKey {
+    xcb_keysym_t symbol;
+    std::uint16_t modifiers;
+    HostKey key;
+    bool isForPreview;  ///< true if it is the window's during a preview alone
+};
+
+constexpr WindowKey kWindowKeys[] = {
+    {kF1, 0, HostKey::Help, false},
+    {kF5, 0, HostKey::Preview, false},
+    {kF6, 0, HostKey::NextPart, false},
+    {kF6, XCB_MOD_MASK_SHIFT, HostKey::PreviousPart, false},
+    {kRight, XCB_MOD_MASK_1, HostKey::NextRecord, true},
+    {kLeft, XCB_MOD_MASK_1, HostKey::PreviousRecord, true},
+};
+
+/// The modifiers that change the meaning of a key; 1 is Alt.
+constexpr std::uint16_t kModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
+
+/// Caps Lock and Num Lock, which do not change it.
 constexpr std::uint16_t kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2};
 
 }  // namespace
@@ -31,7 +54,9 @@ FocusForwarder::FocusForwarder(xcb_window_t host, HostListener& listener)
         throw AutomationError(kNotAvailable, "LibreOffice could not be started: no channel is left.");
     grabClicks(host_);
     if (top_ != host_) grabClicks(top_);
-    grabKeys();
+    findKeys();
+    for (const Key& key : keys_)
+        if (!key.isForPreview) grab(key);
     xcb_flush(windows_.get());
     const BlockedSignals blocked;
     thread_ = std::thread([this] { keep(); });
@@ -52,21 +77,37 @@ void FocusForwarder::grabClicks(xcb_window_t window) const {
     }
 }
 
-/// The server reports a grabbed key that is pressed while the focus is in a window of the office's.
-void FocusForwarder::grabKeys() {
-    const auto grab = [this](xcb_keycode_t code, std::uint16_t modifiers) {
-        for (const std::uint16_t locks : kLocks) {
-            xcb_grab_key(windows_.get(), 0, host_, static_cast<std::uint16_t>(modifiers | locks), code,
-                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-        }
-    };
-    for (const xcb_keysym_t key : {kF1, kF6}) {
-        const xcb_keycode_t code = windows_.keyCodeOf(key);
-        if (code == 0) continue;
-        keys_.emplace(code, key);
-        grab(code, 0);
-        if (key == kF6) grab(code, XCB_MOD_MASK_SHIFT);
+void FocusForwarder::findKeys() {
+    for (const WindowKey& key : kWindowKeys) {
+        const xcb_keycode_t code = windows_.keyCodeOf(key.symbol);
+        if (code != 0) keys_.push_back({code, key.modifiers, key.key, key.isForPreview});
     }
+}
+
+/// The server reports a grabbed key that is pressed while the focus is in a window of the office's.
+void FocusForwarder::grab(const Key& key) const {
+    for (const std::uint16_t locks : kLocks) {
+        xcb_grab_key(windows_.get(), 0, host_, static_cast<std::uint16_t>(key.modifiers | locks), key.code,
+                     XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    }
+}
+
+void FocusForwarder::release(const Key& key) const {
+    for (const std::uint16_t locks : kLocks) {
+        xcb_ungrab_key(windows_.get(), key.code, host_, static_cast<std::uint16_t>(key.modifiers | locks));
+    }
+}
+
+void FocusForwarder::beginPreview() const {
+    for (const Key& key : keys_)
+        if (key.isForPreview) grab(key);
+    xcb_flush(windows_.get());
+}
+
+void FocusForwarder::endPreview() const {
+    for (const Key& key : keys_)
+        if (key.isForPreview) release(key);
+    xcb_flush(windows_.get());
 }
 
 void FocusForwarder::keep() {
@@ -91,11 +132,12 @@ void FocusForwarder::handle(const xcb_generic_event_t& event) {
 
 /// While it is disabled, the window has a question or works on the document.
 void FocusForwarder::report(const xcb_key_press_event_t& key) {
-    const auto found = keys_.find(key.detail);
-    if (found == keys_.end() || !isEnabled_) return;
-    if (found->second == kF1) return listener_.keyPressed(HostKey::Help);
-    const bool isBack = (key.state & XCB_MOD_MASK_SHIFT) != 0;
-    listener_.keyPressed(isBack ? HostKey::PreviousPart : HostKey::NextPart);
+    if (!isEnabled_) return;
+    const auto isPressed = [&](const Key& known) {
+        return known.code == key.detail && known.modifiers == (key.state & kModifiers);
+    };
+    const auto found = std::ranges::find_if(keys_, isPressed);
+    if (found != keys_.end()) listener_.keyPressed(found->key);
 }
 
 /// The click counts more than what gave the keyboard to another window in the meantime, which the server

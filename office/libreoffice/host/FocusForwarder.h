@@ -5,8 +5,9 @@
 #include "office/model/DocumentHost.h"
 
 #include <atomic>
-#include <map>
+#include <cstdint>
 #include <thread>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -23,10 +24,22 @@ class FocusForwarder {
 
     /// While disabled, clicks do not give the focus to the office.
     void setEnabled(bool enabled) { isEnabled_ = enabled; }
+    /// During a preview the keys that show another record are the window's, too.
+    void beginPreview() const;
+    void endPreview() const;
 
   private:
+    struct Key {
+        xcb_keycode_t code;
+        std::uint16_t modifiers;
+        HostKey key;
+        bool isForPreview;
+    };
+
     void grabClicks(xcb_window_t window) const;
-    void grabKeys();
+    void findKeys();
+    void grab(const Key& key) const;
+    void release(const Key& key) const;
     void keep();
     void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
@@ -37,7 +50,7 @@ class FocusForwarder {
     const xcb_window_t top_;
     const DialogOwner dialogs_;
     HostListener& listener_;
-    std::map<xcb_keycode_t, xcb_keysym_t> keys_;  ///< the grabbed ones
+    std::vector<Key> keys_;  ///< those of the window
     std::atomic<bool> isEnabled_ = true;
     int wakeUp_[2] = {-1, -1};
     std::thread thread_;

@@ -1,13 +1,11 @@
 #include "office/libreoffice/host/LibreOfficeHost.h"
 
 #include "base/AutomationError.h"
-#include "base/Paths.h"
-#include "base/Text.h"
-#include "office/formats/FormatTable.h"
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/host/HostPlaces.h"
+#include "office/libreoffice/host/HostedDocuments.h"
 #include "office/libreoffice/remote/WriterOffice.h"
 #include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
@@ -36,35 +34,6 @@ constexpr std::chrono::milliseconds kPauseOfInterruption{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
-/// Returns the kind of document that a file holds; the given one when both kinds or neither have its
-/// extension.
-DocumentKind kindOf(const std::string& path, DocumentKind shown) {
-    const std::optional<DocumentFamily> family = familyOf(toLowerAscii(extension(path)));
-    if (!family) return shown;
-    return family == DocumentFamily::Word ? DocumentKind::Word : DocumentKind::Excel;
-}
-
-DocumentReference componentOf(const HostedDocument& hosted) {
-    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
-        return libreoffice::componentOf(**document);
-    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
-        return libreoffice::componentOf(**workbook);
-    return {};
-}
-
-/// Returns the format of a number, which depends on the kind of the document.
-SaveFormat formatOf(const HostedDocument& hosted, int number) {
-    if (std::holds_alternative<excel::WorkbookPtr>(hosted)) return static_cast<excel::XlFileFormat>(number);
-    return static_cast<word::WdSaveFormat>(number);
-}
-
-void close(const HostedDocument& hosted) {
-    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
-        (*document)->Close(word::WdSaveOptions::wdDoNotSaveChanges);
-    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
-        (*workbook)->Close(excel::SaveChanges::No);
-}
-
 /// Returns the office's name for a bar under Word's name; empty when it has none.
 std::string barOf(const std::string& name, DocumentKind kind) {
     if (name == "Standard") return "standardbar";
@@ -80,6 +49,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       kind_(kind),
       listener_(listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown, window.look)),
+      filled_(*session_, windows_, [&listener](HostCommand command) { listener.fileCommand(command); }),
       word_(makeWordApplication(session_, files, grafting)),
       excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
@@ -109,7 +79,10 @@ LibreOfficeHost::~LibreOfficeHost() {
 }
 
 /// An office that is asked to end asks the user about documents that were not saved.
-void LibreOfficeHost::closeDocuments() try { closeAllBut({}); } catch (const AutomationError&) {
+void LibreOfficeHost::closeDocuments() try {
+    filled_.end();
+    closeAllBut({});
+} catch (const AutomationError&) {
     // The office has ended, and with it its documents.
 }
 
@@ -179,6 +152,21 @@ bool LibreOfficeHost::isReadOnly() {
 void LibreOfficeHost::ExportCopy(const std::string& path, int format) {
     const HostedDocument hosted = ActiveDocument();
     session_->files().exportCopy(componentOf(hosted), path, formatOf(hosted, format));
+}
+
+std::string LibreOfficeHost::exportedPackage() {
+    const HostedDocument hosted = ActiveDocument();
+    return filled_.packageOf(componentOf(hosted), kindOf(hosted));
+}
+
+void LibreOfficeHost::showPreview(DocumentKind kind, const std::string& bytes) {
+    filled_.show(window_, bytes, kind);
+    focus_->beginPreview();
+}
+
+void LibreOfficeHost::endPreview() {
+    focus_->endPreview();
+    filled_.end();
 }
 
 bool LibreOfficeHost::hasChangesToKeep() {
@@ -362,6 +350,7 @@ void LibreOfficeHost::resize(int width, int height) {
     call([&] {
         for (HostFrame& frame : frames_)
             frame.resize(width, height);
+        if (HostFrame* const frame = filled_.frame()) frame->resize(width, height);
     });
 }
 
@@ -372,7 +361,8 @@ void LibreOfficeHost::focus() {
     windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     call([this] {
         handleEvents();
-        if (const HostFrame* const frame = front()) frame->focus();
+        const HostFrame* const preview = filled_.frame();
+        if (const HostFrame* const frame = preview != nullptr ? preview : front()) frame->focus();
     });
 }
 

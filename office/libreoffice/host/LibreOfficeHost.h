@@ -5,6 +5,7 @@
 #include "office/libreoffice/host/DropPreview.h"
 #include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
+#include "office/libreoffice/host/HostPreview.h"
 #include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/libreoffice/session/PollingThread.h"
@@ -36,6 +37,9 @@ class LibreOfficeHost final : public DocumentHost {
     bool hasOpenDialog() override;
     bool isReadOnly() override;
     void ExportCopy(const std::string& path, int format) override;
+    std::string exportedPackage() override;
+    void showPreview(DocumentKind kind, const std::string& bytes) override;
+    void endPreview() override;
     bool hasChangesToKeep() override;
     void keepCopy(const std::string& path) override;
     void endInput() override;
@@ -94,6 +98,7 @@ class LibreOfficeHost final : public DocumentHost {
     WindowSystem windows_;
     DropPreview preview_{windows_};
     std::shared_ptr<LibreOfficeSession> session_;
+    HostPreview filled_;
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
     rtl::Reference<ChangeWatch> changes_;

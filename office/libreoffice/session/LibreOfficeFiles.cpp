@@ -7,12 +7,12 @@
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
 #include "office/libreoffice/session/MarkTags.h"
+#include "office/libreoffice/session/ModifiedFlag.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/OfficePackage.h"
 #include "office/libreoffice/session/ScratchPaths.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
-#include "office/model/OfficeDocument.h"
 
 #include <unistd.h>
 
@@ -32,7 +32,6 @@
 #include <com/sun/star/task/XInteractionHandler2.hpp>
 #include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
-#include <com/sun/star/util/XModifiable2.hpp>
 #include <cppuhelper/implbase1.hxx>
 #include <optional>
 #include <osl/file.hxx>
@@ -43,8 +42,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// The limit for a user who types during every attempt.
-constexpr int kMaxSaveAttempts = 10;
+/// The view that has neither bars nor a line that offers to edit the document.
+constexpr sal_Int16 kPlainView = 2;
 
 using Properties = std::vector<css::beans::PropertyValue>;
 
@@ -56,6 +55,10 @@ css::uno::Sequence<css::beans::PropertyValue> sequenceOf(const Properties& prope
 Properties quiet() {
     return {property("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
             property("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE)};
+}
+
+Properties readOnly() {
+    return {property("ReadOnly", true)};
 }
 
 void append(Properties& properties, const OfficeFilter& filter) {
@@ -146,78 +149,6 @@ class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task:
     std::atomic<bool> wantsPassword_ = false;  ///< set by a thread of UNO
 };
 
-/// The modified flag of a document during a save. Restores the flag if the save fails.
-class ModifiedFlag {
-  public:
-    ModifiedFlag(OfficeConnection& connection, const DocumentReference& document)
-        : connection_(connection), document_(document), wasSet_(isSet()) {}
-    ModifiedFlag(const ModifiedFlag&) = delete;
-    ModifiedFlag& operator=(const ModifiedFlag&) = delete;
-    ~ModifiedFlag() {
-        try {
-            if (wasSet_) set(true);
-        } catch (const AutomationError&) {
-            // The office ended, and with it the document.
-        }
-    }
-
-    /// Calls write and then revise, and returns the result of revise. Repeats both if revise raises
-    /// DifferingCopy and the user may have changed the document after it was written. Clears the flag between
-    /// the two calls, so that any later change by the user sets it again.
-    template <typename Write, typename Revise>
-    std::string unchangedDuring(const Write& write, const Revise& revise) {
-        for (int attempt = 1;; ++attempt) {
-            write();
-            set(false);
-            try {
-                return revise();
-            } catch (const model::DifferingCopy&) {
-                const bool mayHaveChanged = attempt == 1 || isSet();
-                if (!mayHaveChanged || attempt == kMaxSaveAttempts) throw;
-            }
-        }
-    }
-
-    /// Keeps the current flag: the save succeeded.
-    void keep() { wasSet_ = false; }
-
-  private:
-    bool isSet() {
-        return connection_.call([this] { return modifiable()->isModified(); });
-    }
-    void set(bool isSet) {
-        connection_.call([&] { modifiable()->setModified(isSet); });
-    }
-    [[nodiscard]] Reference<css::util::XModifiable> modifiable() const {
-        return {document_, UNO_QUERY_THROW};
-    }
-
-    OfficeConnection& connection_;
-    const DocumentReference document_;
-    bool wasSet_;
-};
-
-/// Locks the modified flag of a document. Export filters would set it, since they change the document's
-/// properties.
-class ModifiedFlagLock {
-  public:
-    explicit ModifiedFlagLock(const DocumentReference& document) : modifiable_(document, UNO_QUERY_THROW) {
-        modifiable_->disableSetModified();
-    }
-    ModifiedFlagLock(const ModifiedFlagLock&) = delete;
-    ModifiedFlagLock& operator=(const ModifiedFlagLock&) = delete;
-    ~ModifiedFlagLock() {
-        try {
-            modifiable_->enableSetModified();
-        } catch (const css::uno::Exception&) {
-            // The office ended, and with it the document.
-        }
-    }
-
-  private:
-    Reference<css::util::XModifiable2> modifiable_;
-};
-
 /// A new frame, which is disposed of when no document was loaded into it.
 class NewFrame {
   public:
@@ -260,7 +191,9 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
 DocumentReference LibreOfficeFiles::open(const std::string& path, DocumentKind kind) {
     const std::string bytes = files_.read(path);
     const std::string source = fullPath(path);
-    return load(path, isOpenedInPlace(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_);
+    const bool isReadOnly = frames_ && access_ == FileAccess::ReadOnly;
+    return load(path, isOpenedInPlace(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_,
+                isReadOnly ? readOnly() : Properties());
 }
 
 bool LibreOfficeFiles::isOpenedInPlace(const std::string& source, const std::string& bytes) const {
@@ -269,7 +202,14 @@ bool LibreOfficeFiles::isOpenedInPlace(const std::string& source, const std::str
 
 DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std::string& bytes,
                                              DocumentKind kind) {
-    return load(path, copyOf(path, bytes), bytes, kind, {});
+    return load(path, copyOf(path, bytes), bytes, kind, {}, {});
+}
+
+DocumentReference LibreOfficeFiles::showCopy(const std::string& name, const std::string& bytes,
+                                             DocumentKind kind, const FrameSource& frames) {
+    Properties plain = readOnly();
+    plain.push_back(property("PluginMode", kPlainView));
+    return load(name, copyOf(name, bytes), bytes, kind, frames, plain);
 }
 
 std::string LibreOfficeFiles::copyOf(const std::string& path, const std::string& bytes) {
@@ -293,22 +233,22 @@ Reference<css::io::XInputStream> LibreOfficeFiles::streamOf(const std::string& p
 /// bytes.
 DocumentReference LibreOfficeFiles::load(const std::string& path, const std::string& source,
                                          const std::string& bytes, DocumentKind kind,
-                                         const FrameSource& frames) {
+                                         const FrameSource& frames, const Properties& more) {
     std::optional<std::string> mended;
     if (kind == DocumentKind::Word) mended = packageWithEndsInCells(bytes, path);
-    return loadFrom(path, source, mended, kind, frames);
+    return loadFrom(path, source, mended, kind, frames, more);
 }
 
 /// Reads the content, or else the source itself.
 DocumentReference LibreOfficeFiles::loadFrom(const std::string& path, const std::string& source,
                                              const std::optional<std::string>& content, DocumentKind kind,
-                                             const FrameSource& frames) {
+                                             const FrameSource& frames, const Properties& more) {
     const rtl::Reference<RefusingInteractionHandler> handler(new RefusingInteractionHandler);
     Properties properties = quiet();
     properties.push_back(property("AsTemplate", false));
     properties.push_back(
         property("InteractionHandler", Reference<css::task::XInteractionHandler>(handler.get())));
-    if (frames && access_ == FileAccess::ReadOnly) properties.push_back(property("ReadOnly", true));
+    properties.insert(properties.end(), more.begin(), more.end());
     append(properties, inputFilter(kind, extension(path)));
     if (content) properties.push_back(property("InputStream", streamOf(path, *content)));
     DocumentReference document;
@@ -370,6 +310,15 @@ std::string LibreOfficeFiles::exported(const DocumentReference& document, const 
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
     store(document, path, copy, filter, properties);
+    return DiskFileStore().read(copy);
+}
+
+std::string LibreOfficeFiles::exportedBytes(const DocumentReference& document, const std::string& path,
+                                            SaveFormat format) {
+    const OfficeFilter filter = requiredFilter(format, path);
+    const std::string copy = scratch_.forCopy(path);
+    const ScopedTempFile temporary(scratch_, copy);
+    store(document, path, copy, filter);
     return DiskFileStore().read(copy);
 }
 
@@ -443,7 +392,8 @@ std::string LibreOfficeFiles::exportOf(const std::string& source, const std::str
     const OfficeFilter filter = requiredFilter(format, path);
     std::optional<std::string> content;
     if (format.kind == DocumentKind::Word) content = packageWithEndsInCells(bytes, path);
-    const OpenDocument document(*this, loadFrom(path, source, content ? content : bytes, format.kind, {}));
+    const OpenDocument document(*this,
+                                loadFrom(path, source, content ? content : bytes, format.kind, {}, {}));
     const std::string copy = pathToWrite(document.get(), path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);

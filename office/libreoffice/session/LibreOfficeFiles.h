@@ -75,6 +75,9 @@ class LibreOfficeFiles {
     /// same errors.
     void exportPages(const DocumentReference& document, const std::string& path, SaveFormat format,
                      const PageRange& pages);
+    /// Returns the document's bytes in the format and writes nothing beside the user's file. Does not change
+    /// the document or its modified flag. Raises the same errors as exportCopy.
+    std::string exportedBytes(const DocumentReference& document, const std::string& path, SaveFormat format);
     /// Returns true if the document has changes that were neither saved nor kept. Must be called within
     /// OfficeConnection::call.
     static bool hasChangesToKeep(const DocumentReference& document);
@@ -94,15 +97,20 @@ class LibreOfficeFiles {
                          SaveFormat format);
     /// Returns the path that an open document has in the office.
     std::string sourceOf(const DocumentReference& document);
+    /// Opens the bytes of a file of that name for reading only, in a frame of the source and without bars;
+    /// errors as for open.
+    DocumentReference showCopy(const std::string& name, const std::string& bytes, DocumentKind kind,
+                               const FrameSource& frames);
     /// Closes without saving and removes the document's copy. Does nothing when it is closed already.
     void close(const DocumentReference& document);
 
   private:
     DocumentReference load(const std::string& path, const std::string& source, const std::string& bytes,
-                           DocumentKind kind, const FrameSource& frames);
+                           DocumentKind kind, const FrameSource& frames,
+                           const std::vector<css::beans::PropertyValue>& more);
     DocumentReference loadFrom(const std::string& path, const std::string& source,
                                const std::optional<std::string>& content, DocumentKind kind,
-                               const FrameSource& frames);
+                               const FrameSource& frames, const std::vector<css::beans::PropertyValue>& more);
     [[nodiscard]] bool isOpenedInPlace(const std::string& source, const std::string& bytes) const;
     Reference<css::io::XInputStream> streamOf(const std::string& path, const std::string& content);
     [[nodiscard]] DocumentReference loadFrom(const std::string& url,

@@ -243,8 +243,10 @@ TEST_F(HostedText, ShowsBarsAndBookmarksAsItIsTold) {
 }
 
 TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
-    const std::pair<const char*, HostKey> keys[] = {
-        {"F1", HostKey::Help}, {"F6", HostKey::NextPart}, {"shift+F6", HostKey::PreviousPart}};
+    const std::pair<const char*, HostKey> keys[] = {{"F1", HostKey::Help},
+                                                    {"F5", HostKey::Preview},
+                                                    {"F6", HostKey::NextPart},
+                                                    {"shift+F6", HostKey::PreviousPart}};
     host().focus();
     for (const auto& [key, meaning] : keys) {
         std::vector<HostKey> reported;

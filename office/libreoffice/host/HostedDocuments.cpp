@@ -1,0 +1,46 @@
+#include "office/libreoffice/host/HostedDocuments.h"
+
+#include "base/Paths.h"
+#include "base/Text.h"
+#include "office/formats/FormatTable.h"
+#include "office/libreoffice/excel/CalcHosting.h"
+#include "office/libreoffice/remote/WriterOffice.h"
+#include "office/model/excel/Workbook.h"
+#include "office/model/word/Document.h"
+
+#include <optional>
+#include <variant>
+
+namespace mergeloom::libreoffice {
+
+DocumentKind kindOf(const std::string& path, DocumentKind shown) {
+    const std::optional<DocumentFamily> family = familyOf(toLowerAscii(extension(path)));
+    if (!family) return shown;
+    return family == DocumentFamily::Word ? DocumentKind::Word : DocumentKind::Excel;
+}
+
+DocumentKind kindOf(const HostedDocument& hosted) {
+    return std::holds_alternative<excel::WorkbookPtr>(hosted) ? DocumentKind::Excel : DocumentKind::Word;
+}
+
+DocumentReference componentOf(const HostedDocument& hosted) {
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
+        return libreoffice::componentOf(**document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        return libreoffice::componentOf(**workbook);
+    return {};
+}
+
+SaveFormat formatOf(const HostedDocument& hosted, int number) {
+    if (kindOf(hosted) == DocumentKind::Excel) return static_cast<excel::XlFileFormat>(number);
+    return static_cast<word::WdSaveFormat>(number);
+}
+
+void close(const HostedDocument& hosted) {
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
+        (*document)->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        (*workbook)->Close(excel::SaveChanges::No);
+}
+
+}  // namespace mergeloom::libreoffice

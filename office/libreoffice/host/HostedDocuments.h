@@ -1,0 +1,26 @@
+#pragma once
+
+#include "office/libreoffice/session/LibreOfficeFiles.h"
+#include "office/model/DocumentHost.h"
+
+#include <string>
+
+/// Questions about hosted documents that depend on their kind.
+namespace mergeloom::libreoffice {
+
+/// Returns the kind of document that a file holds; the given one when both kinds or neither have its
+/// extension.
+DocumentKind kindOf(const std::string& path, DocumentKind shown);
+/// Returns the kind of a hosted document; Word's for none.
+DocumentKind kindOf(const HostedDocument& hosted);
+
+/// Returns the office's own object; null for no document.
+DocumentReference componentOf(const HostedDocument& hosted);
+
+/// Returns the format of a number, which depends on the kind of the document.
+SaveFormat formatOf(const HostedDocument& hosted, int number);
+
+/// Closes the document without saving it.
+void close(const HostedDocument& hosted);
+
+}  // namespace mergeloom::libreoffice
