@@ -231,16 +231,22 @@ void DesignerSession::convertFields() {
     });
 }
 
+/// The preview is read-only, and the template is not seen.
+bool DesignerSession::refusesDrop() {
+    if (!isFree() || !previewed()) return false;
+    dropFlow_.refuse(DropRefusal::Preview);
+    return true;
+}
+
 bool DesignerSession::drop(HostPoint point) {
-    if (isFree() && !previewed()) return dropFlow_.drop(point);
-    dropFlow_.refuse(previewed() ? DropRefusal::Preview : DropRefusal::None);
+    if (refusesDrop()) return false;
+    if (isFree()) return dropFlow_.drop(point);
+    ports_.tree.unhook();
     return false;
 }
 
 bool DesignerSession::insertAtCaret() {
-    if (isFree() && !previewed()) return dropFlow_.insertAtCaret();
-    dropFlow_.refuse(previewed() ? DropRefusal::Preview : DropRefusal::None);
-    return false;
+    return !refusesDrop() && isFree() && dropFlow_.insertAtCaret();
 }
 
 void DesignerSession::findPlaces() {

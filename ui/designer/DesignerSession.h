@@ -139,6 +139,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void post(OfficeJobs::Job job);
     void workOnPlace(const std::function<void(DocumentHost&)>& work);
     bool beginCommand();
+    bool refusesDrop();
     [[nodiscard]] bool isFree() const { return state_ == OfficeState::Running && !worker_.isWaitedFor(); }
 
     DocumentKind kind_;

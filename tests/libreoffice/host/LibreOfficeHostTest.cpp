@@ -261,6 +261,43 @@ TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
     EXPECT_TRUE(bodyBecomes("kept\n"));
 }
 
+TEST_F(HostedText, APreviewLeavesTheDocumentAsItIs) {
+    openBody("<w:p><w:r><w:t>Dear</w:t></w:r></w:p>");
+    host().setShowsBookmarks(true);
+    host().focus();
+    TestWindow::press("End");
+    TestWindow::type(" all");
+    ASSERT_TRUE(becomesTrue([] { return shownBody(host().exportedPackage()) == "Dear all\n"; }));
+
+    const std::string filled = wordFile("<w:p><w:r><w:t>Dear Ada</w:t></w:r></w:p>");
+    const std::pair<const char*, HostKey> keys[] = {{"alt+Right", HostKey::NextRecord},
+                                                    {"alt+Left", HostKey::PreviousRecord}};
+    for (const auto& [key, meaning] : keys) {
+        host().showPreview(DocumentKind::Word, filled);
+        host().focus();
+        TestWindow::type("not taken");
+        TestWindow::press(key);
+        std::vector<HostKey> reported;
+        ASSERT_TRUE(becomesTrue([&] {
+            reported = stage().listener.takeKeys();
+            return !reported.empty();
+        })) << key;
+        EXPECT_EQ(reported, std::vector{meaning});
+    }
+    EXPECT_FALSE(host().isReadOnly()) << "the document is still the template";
+    host().endPreview();
+    EXPECT_FALSE(document()->Saved());
+    EXPECT_EQ(body(), "Dear all\n");
+    EXPECT_TRUE(host().showsBookmarks());
+    host().focus();
+    TestWindow::press("End");
+    TestWindow::type("!");
+    EXPECT_TRUE(bodyBecomes("Dear all!\n"));
+    ASSERT_THROW(host().showPreview(DocumentKind::Word, "damaged"), AutomationError);
+    host().endPreview();
+    EXPECT_EQ(body(), "Dear all!\n");
+}
+
 TEST_F(HostedText, KnowsDialogsThatKeepTheUserFromTheDocument) {
     EXPECT_FALSE(host().hasOpenDialog());
     TestWindow::press("ctrl+F12");  // for a new table
