@@ -83,8 +83,7 @@ const std::vector<Case> kCases = {
      "<w:sdt><w:sdtPr><w:tag w:val=\"t\"/></w:sdtPr><w:sdtContent><w:p w:rsidR=\"00A1\">" +
          run("Old texts", kOwn) + "</w:p></w:sdtContent></w:sdt>" + kLast},
     {"an inserted object", kOld, kOldShown,
-     "<w:p>" + run("Old text", kShown) + "<w:r><w:object/></w:r></w:p>",
-     "refused: an object was inserted"},
+     "<w:p>" + run("Old text", kShown) + "<w:r><w:object/></w:r></w:p>", "refused: an object was inserted"},
     {"text where the office reads another text", kOld, paragraph("Other"), paragraph("Other new"),
      "refused: LibreOffice reads the paragraph otherwise than it is in the file"},
 };
