@@ -72,10 +72,10 @@ int CNodeDropperField::xlDropPlace(const FieldDropArguments& arguments, const ex
                                     .vstrPictureFile = pictureOf(arguments.node)};
     const excel::RangePtr cell = workbook->Application()->ActiveCell();
     if (!context_.formerPlaces) context_.formerPlaces = std::make_shared<FormerPlaces>(*workbook);
-    const PlacesOfCell former = context_.formerPlaces->on(*cell);
-    if (!ExcelNamedRangeAdd(context_.reports, *workbook, name, content)) return 0;
-    removePlaces(*workbook, *cell, former,
+    // The names of the former ones are free for the new place, which keeps its name on its own cell.
+    removePlaces(*workbook, *cell, context_.formerPlaces->on(*cell),
                  content.vstrPictureFile.empty() ? NewPlace::Text : NewPlace::Picture);
+    if (!ExcelNamedRangeAdd(context_.reports, *workbook, name, content)) return 0;
     return rowsOf(*cell);
 }
 

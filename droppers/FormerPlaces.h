@@ -37,8 +37,8 @@ class FormerPlaces {
 
 enum class NewPlace { Text, Picture };
 
-/// Removes former places from a cell that has a new one by now: names, pictures, and a text in brackets that
-/// would lie below the new picture.
+/// Removes former places from a cell that gets a new one: names, pictures, and a text in brackets that would
+/// lie below the new picture.
 void removePlaces(excel::Workbook& workbook, excel::Range& cell, const PlacesOfCell& former, NewPlace place);
 
 }  // namespace mergeloom

@@ -79,8 +79,8 @@ TEST_F(ExcelFieldDrop, APlaceReplacesTheFormerOneOfItsCell) {
     };
     const std::vector<Case> cases{
         {"another field", {kA, kB}, "[B]\nammB=A1 "},
-        {"the same field, under its next name", {kA, kA}, "[A]\nammA_ref1=A1 "},
-        {"the first name is free again", {kA, kA, kA}, "[A]\nammA=A1 "},
+        {"the same field keeps its name", {kA, kA}, "[A]\nammA=A1 "},
+        {"the same picture", {kP, kP}, "ammP=A1 ammP:A1 "},
         {"a picture over a text", {kA, kP}, "ammP=A1 ammP:A1 "},
         {"a text under a picture", {kP, kA}, "[A]\nammA=A1 "},
         {"another picture", {kP, kQ}, "ammQ=A1 ammQ:A1 "},

@@ -115,14 +115,22 @@ TEST(OfficeWorker, WindowsLiveButTakeNoInputMeanwhile) {
 }
 
 TEST(OfficeWorker, TellsOnlyOfLongJobs) {
-    OfficeWorker worker(50ms);
     std::vector<std::string> told;
-    QObject::connect(&worker, &OfficeWorker::busy, &worker, [&] { told.emplace_back("busy"); });
-    QObject::connect(&worker, &OfficeWorker::idle, &worker, [&] { told.emplace_back("idle"); });
-    worker.run([] {});
+    const auto listenTo = [&told](OfficeWorker& worker) {
+        QObject::connect(&worker, &OfficeWorker::busy, &worker, [&told] { told.emplace_back("busy"); });
+        QObject::connect(&worker, &OfficeWorker::idle, &worker, [&told] { told.emplace_back("idle"); });
+    };
+    OfficeWorker patient(1h);
+    listenTo(patient);
+    patient.run([] {});
     EXPECT_THAT(told, testing::IsEmpty());
-    EXPECT_FALSE(worker.isWaitedFor());
-    worker.run([&] { std::this_thread::sleep_for(150ms); });
+    EXPECT_FALSE(patient.isWaitedFor());
+
+    OfficeWorker impatient(1ms);
+    listenTo(impatient);
+    std::binary_semaphore isTold{0};
+    QObject::connect(&impatient, &OfficeWorker::busy, &impatient, [&isTold] { isTold.release(); });
+    impatient.run([&isTold] { isTold.acquire(); });
     EXPECT_THAT(told, ElementsAre("busy", "idle"));
 }
 
