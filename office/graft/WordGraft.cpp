@@ -4,6 +4,7 @@
 #include "office/embedded/parts/DocumentFile.h"
 #include "office/formats/FormatTable.h"
 #include "office/graft/FormatReplay.h"
+#include "office/graft/Losses.h"
 #include "office/graft/MarkReplay.h"
 #include "office/graft/OriginalStories.h"
 #include "office/graft/PictureTransfer.h"
@@ -149,11 +150,11 @@ model::GraftResult graftDocument(const model::EditedPackage& package) try {
 }
 
 bool isExportOfDocument(const model::EditedPackage& package) try {
-    FormatNumbers formats;
-    WordExport original(package.original, package.fileName, formats);
-    WordExport baseline(package.baseline, package.fileName, formats);
-    return std::ranges::equal(original.stories(), baseline.stories(), areAlike) &&
-           differencesOf(original.package(), baseline.package(), wordRules()).empty();
+    const opc::Package original = opc::Package::read(package.original, package.fileName);
+    const std::string properties = "/docProps/app.xml";
+    const bool isItsOwn = original.hasPart(properties) &&
+                          original.readPart(properties).find("<Application>LibreOffice") != std::string::npos;
+    return isItsOwn && lossesBetween(package.original, package.baseline).empty();
 } catch (const AutomationError&) {
     return false;
 }

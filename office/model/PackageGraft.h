@@ -52,7 +52,8 @@ class PackageGraft {
     /// Returns what the original holds that the office's export of it lacks, as a list for a message; empty
     /// when nothing is known.
     [[nodiscard]] virtual std::string lossesOf(const EditedPackage& package) const = 0;
-    /// Returns whether the original is such an export itself, so that another one loses nothing of it.
+    /// Returns whether the office itself wrote the original, so that it loses nothing when it is written
+    /// again.
     [[nodiscard]] virtual bool isExport(const EditedPackage& package) const = 0;
     /// Returns how many of the entries of a package are those of the original, byte for byte as they are
     /// packed. Folders do not count.

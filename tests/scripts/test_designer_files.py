@@ -70,6 +70,7 @@ class InWord(FilesTest):
         document = docx.Document()
         document.add_paragraph("Dear customer")
         document.element.body.insert(1, parse_xml(CONTROL.format(ns=nsdecls("w"))))
+        document.add_paragraph("The last line.")
         document.save(letter)
         before = letter.read_bytes()
         self.start("-template", letter)

@@ -77,7 +77,7 @@ class InWord(KeptTest):
         self.cancel_closing()
         designer.wait_until_active()
         key("ctrl+s")
-        wait_for("the saved letter", lambda: designer.status().startswith("Saved; "))
+        wait_for("the saved letter", lambda: "“letter.docx” was saved" in designer.status())
         self.assertCountEqual(self.names(letter), ["CustomerID", "Priority"])
         self.assertEqual(self.copies(), [])
 
