@@ -65,7 +65,7 @@ TargetText targetsOf(opc::Package& package, const std::string& partName) {
         const opc::Relationship* const found = relationships.find(id);
         if (found == nullptr) return std::string(id);
         if (found->mode == opc::TargetMode::External) return found->target;
-        const std::string target = relationships.targetPart(*found);
+        std::string target = relationships.targetPart(*found);
         const std::string_view extension = opc::extensionOf(target);
         // XML parts are compared by themselves, embedded packages differ in every export.
         const bool hasDigest =

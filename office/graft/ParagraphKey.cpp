@@ -135,7 +135,7 @@ std::string containersOf(pugi::xml_node node, pugi::xml_node root, const opc::Wo
                          const CanonicalXml& canonical) {
     std::string all;
     for (pugi::xml_node around = node.parent(); around && around != root; around = around.parent())
-        if (isContainer(names.tagOf(around))) all = describe(around, names, canonical) + all;
+        if (isContainer(names.tagOf(around))) all.insert(0, describe(around, names, canonical));
     return all;
 }
 

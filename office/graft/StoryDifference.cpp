@@ -49,6 +49,7 @@ std::vector<Token> tokensOf(const std::vector<Line>& lines, std::size_t start, s
 
 std::vector<std::string> keysOf(const std::vector<Token>& tokens) {
     std::vector<std::string> keys;
+    keys.reserve(tokens.size());
     for (const Token& token : tokens)
         keys.push_back(token.key);
     return keys;
@@ -56,6 +57,7 @@ std::vector<std::string> keysOf(const std::vector<Token>& tokens) {
 
 std::vector<std::string> lineKeysOf(const std::vector<Line>& lines) {
     std::vector<std::string> keys;
+    keys.reserve(lines.size());
     for (const Line& line : lines)
         keys.push_back(line.key);
     return keys;

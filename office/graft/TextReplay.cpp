@@ -17,6 +17,7 @@ using embedded::ItemTree;
 
 std::vector<std::string> textKeysOf(const std::vector<Line>& lines) {
     std::vector<std::string> keys;
+    keys.reserve(lines.size());
     for (const Line& line : lines)
         keys.push_back(textKeyOf(line));
     return keys;
