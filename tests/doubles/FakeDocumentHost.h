@@ -83,6 +83,7 @@ class FakeDocumentHost final : public DocumentHost {
         failWhenEnded();
         return places;
     }
+    std::vector<std::string> placesAt(HostPoint /*point*/) override { return placeNames(); }
     void showPlace(const std::string& name) override { call("showPlace " + name); }
     void renamePlace(const std::string& name, const std::string& newName) override {
         call("renamePlace " + name + " " + newName);

@@ -4,7 +4,9 @@ import unittest
 import read_xlsx
 from read_docx import read_paragraphs
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import click, document_has_keyboard, find, key, middle, pixels, point_at, type_text, wait_for
+from designer_window import (
+    click, document_has_keyboard, find, key, middle, pixels, places_of, point_at, type_text, wait_for,
+)
 
 
 class PlacesTest(DesignerTest):
@@ -40,6 +42,11 @@ class PlacesTest(DesignerTest):
         point_at(self.designer.node("Letterhead"))
 
 
+    def wait_for_tip(self, name):
+        """Lets the mouse rest over the document; its first point may be beside the place."""
+        wait_for(f"the tip {name}", lambda: any(
+            tip.get_name().startswith(name) for tip in find(self.designer.application, "tool tip")))
+
     def picture_of(self, role, name):
         """The pixels of the picture before a node or a place."""
         box = self.designer.element(role, name).get_extents(0)  # on the screen
@@ -47,7 +54,34 @@ class PlacesTest(DesignerTest):
         return pixels(left, box.y, 18, box.height)
 
 
+BLACK = (0, 0, 0)
+
+
 class InWord(PlacesTest):
+    def test_the_mouse_tells_the_names_of_places(self):
+        designer = self.start()
+        self.drop("Customer")
+        self.wait_for_places("CustomerID")
+        box = designer.element("filler", "Document").get_extents(0)  # on the screen
+        word = wait_for("the word", lambda: places_of((box.x, box.y + 150, box.width // 2, 150), BLACK))
+        place = max(x for x, _ in word) - 20, sorted(y for _, y in word)[len(word) // 2]
+        title = designer.full_title()
+        point_at(place)
+        self.wait_for_tip("CustomerID: ")
+        self.picture("tip")
+        self.assertEqual(designer.full_title(), title)
+        point_at(designer.corner())
+        wait_for("the tip's end", lambda: not find(designer.application, "tool tip"))
+        marked = pixels(*self.around(place))
+        designer.choose("Fields", "Show Places")
+        wait_for("the text without marks", lambda: pixels(*self.around(place)) != marked)
+        designer.choose("Fields", "Show Places")
+        wait_for("the marks", lambda: pixels(*self.around(place)) == marked)
+
+    @staticmethod
+    def around(place):
+        return place[0] - 120, place[1] - 12, 200, 24
+
     def test_values_and_stored_values_differ(self):
         designer = self.start()
         designer.expand("Customer")
@@ -121,6 +155,15 @@ class InWord(PlacesTest):
 
 class InExcel(PlacesTest):
     SWITCHES = ["-excel"]
+
+    def test_the_mouse_tells_the_names_of_cells(self):
+        designer = self.start()
+        self.drop("Customer")
+        self.drop("Priority")  # on the same cell
+        self.wait_for_places("ammPriority")
+        point_at(designer.document())
+        self.wait_for_tip("ammPriority: ")
+        self.picture("tip-cells")
 
     def test_names_of_cells_are_places_too(self):
         designer = self.start()

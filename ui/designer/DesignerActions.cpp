@@ -35,6 +35,11 @@ void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
     QMenu& fields = *bar.addMenu(tr("&Fields"));
     addForDocument(fields, tr("Insert &Node"), QKeySequence(tr("Ctrl+Return")), &DesignerActions::insertNode);
     forDocument_.back()->setShortcuts({QKeySequence(tr("Ctrl+Return")), QKeySequence(tr("Ctrl+Enter"))});
+    showPlaces_ = fields.addAction(tr("Show &Places"));
+    showPlaces_->setCheckable(true);
+    showPlaces_->setChecked(true);
+    connect(showPlaces_, &QAction::toggled, this, &DesignerActions::placesToggled);
+    forDocument_.push_back(showPlaces_);
     if (conversion == FieldConversion::Missing) return;
     addForDocument(fields, tr("Convert &Merge Fields"), {}, &DesignerActions::convertFields);
 }
@@ -70,6 +75,10 @@ QAction* DesignerActions::add(QMenu& menu, const QString& text, const QKeySequen
 void DesignerActions::addForDocument(QMenu& menu, const QString& text, const QKeySequence& keys,
                                      Signal signal) {
     forDocument_.push_back(add(menu, text, keys, signal));
+}
+
+bool DesignerActions::showsPlaces() const {
+    return showPlaces_->isChecked();
 }
 
 void DesignerActions::setDocumentAvailable(bool isAvailable) {

@@ -26,6 +26,8 @@ class DesignerActions final : public QObject {
     void setDocumentAvailable(bool isAvailable);
     /// Enables the commands of a preview while one is shown.
     void setPreviewing(bool isPreviewing);
+    /// Returns true if the user wants to see the places in the document.
+    [[nodiscard]] bool showsPlaces() const;
     /// Return the menus for the files that were used last, which are empty at first.
     [[nodiscard]] QMenu& recentTemplates() { return *recentTemplates_; }
     [[nodiscard]] QMenu& recentStructures() { return *recentStructures_; }
@@ -43,6 +45,7 @@ class DesignerActions final : public QObject {
     void preview(bool isShown);
     void nextRecord();
     void previousRecord();
+    void placesToggled(bool isOn);
     void helpContents();
     void helpIndex();
     void helpSearch();
@@ -61,6 +64,7 @@ class DesignerActions final : public QObject {
     std::vector<QAction*> forDocument_;
     std::vector<QAction*> forPreview_;
     QAction* preview_ = nullptr;
+    QAction* showPlaces_ = nullptr;
     QMenu* recentTemplates_ = nullptr;
     QMenu* recentStructures_ = nullptr;
 };

@@ -250,17 +250,36 @@ bool DesignerSession::insertAtCaret() {
 }
 
 void DesignerSession::findPlaces() {
-    if (!isFree() || std::exchange(isFindingPlaces_, true)) return;
+    const auto ask = [](DocumentHost& host) { return host.placeNames(); };
+    (void)askForPlaces(ask, isFindingPlaces_, &DesignerSession::placesFound);
+}
+
+void DesignerSession::setShowsPlaces(bool shown) {
+    post([this, shown] {
+        if (office_.isRunning()) office_.host().setShowsBookmarks(shown);
+    });
+}
+
+bool DesignerSession::findPlacesAt(HostPoint point) {
+    const auto ask = [point](DocumentHost& host) { return host.placesAt(point); };
+    return askForPlaces(ask, isFindingPlacesAt_, &DesignerSession::placesFoundAt);
+}
+
+/// Returns false, and does nothing, while the office is busy or the same is asked already.
+bool DesignerSession::askForPlaces(const std::function<std::vector<std::string>(DocumentHost&)>& ask,
+                                   bool& isAsking, void (DesignerSession::*found)(const QStringList&)) {
+    if (!isFree() || std::exchange(isAsking, true)) return false;
     const auto names = std::make_shared<QStringList>();
     worker_.post(
-        [this, names] {
-            for (const std::string& name : office_.host().placeNames())
+        [this, ask, names] {
+            for (const std::string& name : ask(office_.host()))
                 *names += QString::fromStdString(name);
         },
-        [this, names](const std::exception_ptr& error) {
-            isFindingPlaces_ = false;
-            if (!error) Q_EMIT placesFound(*names);
+        [this, &isAsking, found, names](const std::exception_ptr& error) {
+            isAsking = false;
+            if (!error) Q_EMIT(this->*found)(*names);
         });
+    return true;
 }
 
 void DesignerSession::goToPlace(const QString& name) {

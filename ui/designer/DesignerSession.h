@@ -81,6 +81,11 @@ class DesignerSession final : public QObject, private LifecycleView {
     bool insertAtCaret();
     /// Returns what became of the last drop.
     [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
+    /// Shows or hides the office's marks of places.
+    void setShowsPlaces(bool shown);
+    /// Starts the search for the places at a point and returns at once. Emits placesFoundAt at its end.
+    /// Returns false, and does nothing, while the office is busy.
+    bool findPlacesAt(HostPoint point);
     /// Starts the search for the places of the document and returns at once. Emits placesFound at its end.
     void findPlaces();
     /// Select, rename or remove a place. Show errors to the user.
@@ -111,6 +116,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void placesFound(const QStringList& names);
     /// Emitted when a preview began or ended, or shows another letter.
     void previewChanged();
+    void placesFoundAt(const QStringList& names);
     /// Emitted when a command begins.
     void commandBegun();
     /// The office's own menu requested it.
@@ -119,6 +125,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     void keyPressed(mergeloom::HostKey key);
 
   private:
+    bool askForPlaces(const std::function<std::vector<std::string>(DocumentHost&)>& ask, bool& isAsking,
+                      void (DesignerSession::*found)(const QStringList&));
     /// An attempt to start an office, which the user may cancel.
     struct Attempt {
         std::atomic<bool> isCancelled = false;
@@ -154,6 +162,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     QString stopReason_;
     bool hasOpened_ = false;
     bool isFindingPlaces_ = false;
+    bool isFindingPlacesAt_ = false;
     std::shared_ptr<Attempt> attempt_;
     mutable std::mutex buildMutex_;
     std::string build_;

@@ -19,6 +19,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kDragInterval = 50ms;
+/// The mouse rests when it was at the same point twice in this time.
+constexpr std::chrono::milliseconds kPointerInterval{300};
 constexpr auto kMinSizeInterval = 50ms;
 
 /// Returns whether a drag comes from the tree: those of this program have the source's widget.
@@ -46,6 +48,8 @@ HostPane::HostPane(QWidget* parent) : QWidget(parent) {
     connect(&resizeTimer_, &QTimer::timeout, this, &HostPane::emitSize);
     dragTimer_.setInterval(kDragInterval);
     connect(&dragTimer_, &QTimer::timeout, this, &HostPane::emitDragPoint);
+    connect(&pointerTimer_, &QTimer::timeout, this, &HostPane::watchPointer);
+    pointerTimer_.start(kPointerInterval);
 }
 
 HostWindow HostPane::hostWindow() const {
@@ -103,6 +107,22 @@ void HostPane::dragMoveEvent(QDragMoveEvent* event) {
 
 void HostPane::emitDragPoint() {
     if (dragPoint_) Q_EMIT draggedOver(*dragPoint_);
+}
+
+/// Asks where the mouse is, since its moves over the document go to the office. A rest is a point that was
+/// the same twice.
+void HostPane::watchPointer() {
+    const QPoint pointer = QCursor::pos();
+    const bool moved = std::exchange(pointer_, pointer) != pointer;
+    const QPoint inside = mapFromGlobal(pointer);
+    const bool isOver = isVisible() && isActiveWindow() && !dragPoint_ && rect().contains(inside);
+    if (isResting_ && (moved || !isOver)) {
+        isResting_ = false;
+        Q_EMIT restEnded();
+    } else if (!isResting_ && !moved && isOver) {
+        isResting_ = true;
+        Q_EMIT rested(pixelsAt(inside));
+    }
 }
 
 void HostPane::dragLeaveEvent(QDragLeaveEvent* /*event*/) {

@@ -23,6 +23,10 @@ class HostPane final : public QWidget {
     [[nodiscard]] HostWindow hostWindow() const;
     /// Returns the point of the last drop and forgets it; none when the drag ended elsewhere.
     std::optional<HostPoint> takeDropPoint();
+    /// Returns true while the mouse rests over the document.
+    [[nodiscard]] bool isResting() const { return isResting_; }
+    /// Lets rested() be emitted again for a mouse that still rests.
+    void forgetRest() { isResting_ = false; }
     /// Returns a point of the document on the screen.
     [[nodiscard]] QPoint onScreen(HostPoint point) const;
 
@@ -31,6 +35,9 @@ class HostPane final : public QWidget {
     void resized(int width, int height);
     /// Emitted again and again while a drag is over the point, also while it rests.
     void draggedOver(mergeloom::HostPoint point);
+    /// Emitted when the mouse rests over a point of the document, and when it moves again.
+    void rested(mergeloom::HostPoint point);
+    void restEnded();
     /// Emitted when the drag ended, or left the pane.
     void dragLeft();
     /// Emitted when the pane got the focus, which belongs to the document.
@@ -48,10 +55,14 @@ class HostPane final : public QWidget {
     [[nodiscard]] HostPoint pixelsAt(QPointF position) const;
     void endDrag();
     void emitDragPoint();
+    void watchPointer();
     void emitSize();
 
     QTimer resizeTimer_;
     QTimer dragTimer_;
+    QTimer pointerTimer_;
+    QPoint pointer_;  ///< on the screen
+    bool isResting_ = false;
     std::optional<HostPoint> dragPoint_;
     std::optional<HostPoint> dropPoint_;
 };

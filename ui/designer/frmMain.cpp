@@ -22,6 +22,7 @@
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -46,6 +47,15 @@ FieldConversion conversionIn(DocumentKind kind) {
 
 void setHelpTopic(QWidget& widget, const char* topic) {
     widget.setProperty(kHelpTopicProperty, QString::fromLatin1(topic));
+}
+
+/// Returns a place with the node that it comes from.
+PlacesPane::Entry entryOf(LoadedStructure* structure, const QString& name) {
+    if (structure == nullptr) return {.name = name};
+    const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
+    if (nodes.empty()) return {.name = name};
+    const TreeNode& node = *structure->tree.Item(nodes.back());
+    return {.name = name, .source = sourceSentence(node), .iconKey = iconKeyOf(node)};
 }
 
 /// Returns the file of a switch; empty when the switch is absent or has no value.
@@ -158,6 +168,7 @@ void frmMain::connectActions() {
     connect(actions_, &DesignerActions::loadStructure, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(actions_, &DesignerActions::insertNode, this, [this] { reportDrop(session_.insertAtCaret()); });
     connect(actions_, &DesignerActions::convertFields, &session_, &DesignerSession::convertFields);
+    connect(actions_, &DesignerActions::placesToggled, &session_, &DesignerSession::setShowsPlaces);
     connect(actions_, &DesignerActions::helpContents, this, [this] { help_.OpenTOC(handle()); });
     connect(actions_, &DesignerActions::helpIndex, this, [this] { help_.OpenIndex(handle()); });
     connect(actions_, &DesignerActions::helpSearch, this, [this] { help_.OpenSearch(handle()); });
@@ -228,18 +239,12 @@ void frmMain::showPlaces(const QStringList& names) {
     std::unordered_set<int> placed;
     QList<PlacesPane::Entry> entries;
     for (const QString& name : names) {
-        PlacesPane::Entry entry{.name = name};
-        if (structure) {
-            const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
-            placed.insert(nodes.begin(), nodes.end());
-            if (!nodes.empty()) {
-                const TreeNode& node = *structure->tree.Item(nodes.back());
-                entry.source = sourceSentence(node);
-                entry.iconKey = iconKeyOf(node);
-            }
-        }
-        entries.append(entry);
+        entries.append(entryOf(structure.get(), name));
+        if (!structure) continue;
+        const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
+        placed.insert(nodes.begin(), nodes.end());
     }
+    area_->pane().forgetRest();
     tree_->setPlaced(std::move(placed));
     places_->show(std::move(entries));
 }
@@ -272,8 +277,24 @@ void frmMain::connectStructure() {
     });
 }
 
+/// Shows the names of the places under the mouse and the nodes that they come from.
+void frmMain::showPlacesAtMouse(const QStringList& names) {
+    if (!area_->pane().isResting() || names.isEmpty()) return;
+    QStringList lines;
+    for (const QString& name : names) {
+        const QString source = entryOf(tree_->structure().get(), name).source;
+        lines += source.isEmpty() ? name : name + QStringLiteral(": ") + source;
+    }
+    QToolTip::showText(QCursor::pos(), lines.join(u'\n'), &area_->pane());
+}
+
 void frmMain::connectOffice() {
     HostPane& pane = area_->pane();
+    connect(&pane, &HostPane::rested, this, [this](HostPoint point) {
+        if (actions_->showsPlaces() && !session_.findPlacesAt(point)) area_->pane().forgetRest();
+    });
+    connect(&pane, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
+    connect(&session_, &DesignerSession::placesFoundAt, this, &frmMain::showPlacesAtMouse);
     connect(&pane, &HostPane::resized, &session_, &DesignerSession::resize);
     connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::showDropPlace);
     connect(&pane, &HostPane::dragLeft, &session_, &DesignerSession::hideDropPlace);
@@ -287,6 +308,8 @@ void frmMain::connectOffice() {
     connect(&session_, &DesignerSession::captionChanged, this, [this](const QString& caption) {
         caption_ = caption;
         showTitle();
+        // The view of each document begins with its places.
+        if (!actions_->showsPlaces()) session_.setShowsPlaces(false);
     });
     connect(&session_, &DesignerSession::changesShown, this, [this](bool hasChanges) {
         hasChanges_ = hasChanges;

@@ -88,6 +88,7 @@ class frmMain final : public QMainWindow {
     void connectRecentFiles();
     void connectPlaces();
     void showPlaces(const QStringList& names);
+    void showPlacesAtMouse(const QStringList& names);
     void showTitle();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 

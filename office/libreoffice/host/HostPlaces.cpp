@@ -7,10 +7,14 @@
 #include "office/model/word/BookmarkName.h"
 
 #include <algorithm>
+#include <com/sun/star/accessibility/XAccessibleTable.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeReferrer.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/text/XBookmarksSupplier.hpp>
+#include <com/sun/star/text/XParagraphCursor.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
@@ -28,6 +32,56 @@ css::uno::Any contentOf(const Reference<css::uno::XInterface>& place) {
     if (bookmark.is()) return css::uno::Any(bookmark->getAnchor());
     const Reference<css::sheet::XCellRangeReferrer> cells(place, UNO_QUERY_THROW);
     return css::uno::Any(cells->getReferredCells());
+}
+
+/// A cell of the workbook, counted from 0.
+struct HostCell {
+    sal_Int16 sheet;
+    sal_Int32 row, column;
+};
+
+/// Returns the cell whose object is part of the view's table.
+HostCell cellOf(const AccessibleSpot& spot, const Reference<css::frame::XController>& view) {
+    const Reference<css::accessibility::XAccessibleTable> table(
+        spot.object->getAccessibleParent()->getAccessibleContext(), UNO_QUERY_THROW);
+    const auto index = spot.object->getAccessibleIndexInParent();
+    const Reference<css::sheet::XSpreadsheetView> sheets(view, UNO_QUERY_THROW);
+    const Reference<css::sheet::XCellRangeAddressable> sheet(sheets->getActiveSheet(), UNO_QUERY_THROW);
+    return {sheet->getRangeAddress().Sheet, table->getAccessibleRow(index),
+            table->getAccessibleColumn(index)};
+}
+
+bool covers(const css::uno::Any& cells, const HostCell& cell) {
+    const Reference<css::sheet::XCellRangeAddressable> range(cells, UNO_QUERY);
+    if (!range.is()) return false;
+    const css::table::CellRangeAddress area = range->getRangeAddress();
+    return area.Sheet == cell.sheet && area.StartRow <= cell.row && cell.row <= area.EndRow &&
+           area.StartColumn <= cell.column && cell.column <= area.EndColumn;
+}
+
+/// A character of a paragraph.
+struct HostCharacter {
+    OUString paragraph;
+    sal_Int32 index;
+};
+
+/// Returns the text from the start of the paragraph to the range's start or end.
+OUString textBefore(const Reference<css::text::XTextRange>& end) {
+    const Reference<css::text::XParagraphCursor> cursor(end->getText()->createTextCursorByRange(end),
+                                                        UNO_QUERY_THROW);
+    cursor->gotoStartOfParagraph(true);
+    return cursor->getString();
+}
+
+/// Returns true if the bookmark covers the character of a paragraph with that text. Its text is compared
+/// first, since that takes a single call.
+bool covers(const Reference<css::text::XTextRange>& range, const HostCharacter& character) {
+    const OUString text = range->getString();
+    if (text.isEmpty() || character.paragraph.indexOf(text) < 0) return false;
+    const OUString before = textBefore(range->getStart());
+    const sal_Int32 start = before.getLength();
+    return start <= character.index && character.index < start + text.getLength() &&
+           character.paragraph.startsWith(before) && character.paragraph.match(text, start);
 }
 
 }  // namespace
@@ -52,6 +106,29 @@ std::vector<std::string> HostPlaces::names() const {
         if (!word::isHiddenBookmark(place)) names.push_back(std::move(place));
     }
     return names;
+}
+
+template <typename IsThere>
+std::vector<std::string> HostPlaces::placesThat(const IsThere& isThere) const {
+    std::vector<std::string> found;
+    for (const std::string& name : names())
+        if (isThere(contentOf(find(name)))) found.push_back(name);
+    return found;
+}
+
+std::vector<std::string> HostPlaces::at(const CaretTarget& target,
+                                        const Reference<css::frame::XController>& view) const {
+    if (target.placement == CaretPlacement::InCells) {
+        const HostCell cell = cellOf(target.spot, view);
+        return placesThat([&](const css::uno::Any& cells) { return covers(cells, cell); });
+    }
+    if (target.placement != CaretPlacement::InText && target.placement != CaretPlacement::InSelection)
+        return {};
+    const ParagraphReference paragraph(target.spot.object, UNO_QUERY_THROW);
+    const HostCharacter character{paragraph->getText(), target.character};
+    return placesThat([&](const css::uno::Any& anchor) {
+        return covers(Reference<css::text::XTextRange>(anchor, UNO_QUERY_THROW), character);
+    });
 }
 
 Reference<css::uno::XInterface> HostPlaces::find(const std::string& name) const {

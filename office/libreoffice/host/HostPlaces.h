@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/libreoffice/host/CaretPlacer.h"
 #include "office/libreoffice/session/Uno.h"
 
 #include <com/sun/star/container/XNameAccess.hpp>
@@ -17,6 +18,9 @@ class HostPlaces {
     explicit HostPlaces(const DocumentReference& document);
 
     [[nodiscard]] std::vector<std::string> names() const;
+    /// Returns the places at a target in the view. Paragraphs that are alike cannot be told apart.
+    [[nodiscard]] std::vector<std::string> at(const CaretTarget& target,
+                                              const Reference<css::frame::XController>& view) const;
     /// Selects the text or the cells of a place. This member and those below raise kCommandFailed with a
     /// sentence when there is no such place.
     void select(const std::string& name, const Reference<css::frame::XController>& view) const;
@@ -26,6 +30,8 @@ class HostPlaces {
 
   private:
     [[nodiscard]] Reference<css::uno::XInterface> find(const std::string& name) const;
+    template <typename IsThere>
+    [[nodiscard]] std::vector<std::string> placesThat(const IsThere& isThere) const;
     void checkNewName(const std::string& name, const std::string& newName) const;
 
     Reference<css::container::XNameAccess> places_;

@@ -215,6 +215,14 @@ std::vector<std::string> LibreOfficeHost::placeNames() {
     return call([this] { return HostPlaces(frontDocument()).names(); });
 }
 
+std::vector<std::string> LibreOfficeHost::placesAt(HostPoint point) {
+    return call([&]() -> std::vector<std::string> {
+        HostFrame* const frame = front();
+        if (frame == nullptr || !frame->isLaidOut() || frame->hasOpenDialog()) return {};
+        return HostPlaces(frame->document()).at(frame->caret().find(point), frame->uno()->getController());
+    });
+}
+
 void LibreOfficeHost::showPlace(const std::string& name) {
     endInput();
     call([&] {

@@ -44,6 +44,7 @@ class LibreOfficeHost final : public DocumentHost {
     void keepCopy(const std::string& path) override;
     void endInput() override;
     std::vector<std::string> placeNames() override;
+    std::vector<std::string> placesAt(HostPoint point) override;
     void showPlace(const std::string& name) override;
     void renamePlace(const std::string& name, const std::string& newName) override;
     void removePlace(const std::string& name) override;
