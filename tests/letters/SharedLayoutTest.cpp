@@ -48,6 +48,7 @@ TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
         {paragraph("<w:hyperlink w:anchor=\"x\">" + run("t") + "</w:hyperlink>" + place("A")), false},
         {paragraph(field("HYPERLINK x") + place("A")), true},
         {paragraph(field("HYPERLINK \\l x") + place("A")), false},
+        {paragraph("<w:pPr><w:keepNext/></w:pPr>" + place("A")), false},
         {paragraph(inRun("<w:footnoteReference w:id=\"2\"/>") + place("A")), false},
         {"<w:sdt><w:sdtPr><w:docPartObj/></w:sdtPr>" + control + text, true},
         {"<w:sdt><w:sdtPr><w:text/></w:sdtPr>" + control + text, false},

@@ -98,6 +98,21 @@ class FillingPdf(ProgramTest):
         self.assertEqual(totals, [["4"]] * 4)
         self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
 
+    def test_lists_begin_again(self):
+        """Styles number their paragraphs, too."""
+        document = docx.Document()
+        number = document.add_paragraph()
+        for xml in ('<w:bookmarkStart {0} w:id="900" w:name="OrderNumber"/>',
+                    "<w:r {0}><w:t>OrderNumber</w:t></w:r>", '<w:bookmarkEnd {0} w:id="900"/>'):
+            number._p.append(parse_xml(xml.format(nsdecls("w"))))
+        document.add_paragraph("item", style="List Number")
+        template = self.folder / "list.docx"
+        document.save(template)
+        together, alone = self.fill_both_ways(template)
+        for file in together.iterdir():
+            self.assertEqual(re.findall(r"(\d+)\. +item", "".join(pages_of(file))), ["1"])
+        self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
+
     def test_records_that_begin_with_a_table(self):
         def begin_with_table(document):
             body = document.element.body

@@ -28,7 +28,7 @@ pugi::xml_node childWith(pugi::xml_node parent, const std::string& element, cons
 
 class ListReader {
   public:
-    explicit ListReader(pugi::xml_node root) : root_(root), names_(root) {}
+    explicit ListReader(pugi::xml_node root) : root_(root), names_(root), level_(names_.element("lvl")) {}
 
     [[nodiscard]] const char* idOf(pugi::xml_node list) const { return names_.value(list, "numId"); }
 
@@ -38,9 +38,8 @@ class ListReader {
         const pugi::xml_node definition =
             childWith(root_, names_.element("abstractNum"), names_.attribute("abstractNumId"),
                       names_.value(reference, "val"));
-        const auto levels = definition.children(names_.element("lvl").c_str());
-        const bool counts =
-            std::ranges::any_of(levels, [this](pugi::xml_node level) { return this->counts(level); });
+        const bool counts = std::ranges::any_of(definition.children(level_.c_str()),
+                                                [this](pugi::xml_node level) { return this->counts(level); });
         return counts ? definition : pugi::xml_node();
     }
 
@@ -49,7 +48,7 @@ class ListReader {
         pugi::xml_document document;
         pugi::xml_node copy = document.append_copy(list);
         copy.attribute(names_.attribute("numId").c_str()).set_value(kNewId);
-        for (const pugi::xml_node level : definition.children(names_.element("lvl").c_str()))
+        for (const pugi::xml_node level : definition.children(level_.c_str()))
             restart(copy, level);
         std::string xml;
         opc::StringWriter writer(xml);
@@ -83,6 +82,7 @@ class ListReader {
 
     pugi::xml_node root_;
     opc::WordNames names_;
+    std::string level_;  ///< pugixml keeps a pointer to the name of the children that it lists
 };
 
 }  // namespace

@@ -40,7 +40,8 @@ std::set<std::string> numberedStyles(opc::Package& package) {
         opc::XmlPart::parse(package.readPart(name), name, package.fileName());
     const opc::WordNames names(part->root());
     std::map<std::string, Style> styles;
-    for (const pugi::xml_node style : part->root().children(names.element("style").c_str()))
+    const std::string element = names.element("style");
+    for (const pugi::xml_node style : part->root().children(element.c_str()))
         styles[names.value(style, "styleId")] = styleOf(style, names);
     std::set<std::string> numbered;
     for (const auto& [id, style] : styles) {

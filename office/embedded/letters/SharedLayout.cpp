@@ -23,8 +23,9 @@ namespace {
 using opc::WordTag;
 
 /// The elements that look different in a document of several records.
-constexpr std::array<std::string_view, 10> kOwnDocumentOnly = {
+constexpr std::array<std::string_view, 11> kOwnDocumentOnly = {
     "footnoteReference", "endnoteReference", "commentReference", "altChunk", "subDoc", "lnNumType", "numPr",
+    "keepNext",  // LibreOffice breaks a chain that is longer than a page elsewhere
     "linkedTxbx",        "ffData",           "control"};
 
 /// The fields whose results do not depend on other records.
