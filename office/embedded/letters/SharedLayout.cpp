@@ -119,6 +119,11 @@ class DependentContent {
 }  // namespace
 
 bool hasSharedLayout(opc::Package& package) {
+    // Lists count on, also those that only a style refers to.
+    const bool hasLists = std::ranges::any_of(package.partNames(), [](const std::string& name) {
+        return toLowerAscii(name).ends_with("numbering.xml");
+    });
+    if (hasLists) return false;
     const std::set<std::string> numbered = numberedStyles(package);
     return std::ranges::none_of(partsWithPlaces(package), [&](const StoryPart& story) {
         const std::unique_ptr<opc::XmlPart> part =
