@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Works in the designer's window as its user does for an hour, and compares the result with the unattended run.
 
-Opens templates, drops some 250 nodes of all kinds with mouse and keys, types, undoes, redoes, saves in several formats,
+Opens templates, drops over 200 fields of all kinds with mouse and keys, types, undoes, redoes, saves in several formats,
 converts merge fields, goes from Word to Excel and closes. Each question that has to come is answered, and any other
 dialog is a fault. At the end the document has to have the same places as the one that mergeloom makes from the same
 fields. With --minutes the work is repeated until so much time is over.

@@ -168,12 +168,12 @@ class Session(DesignerTest):
         wait_for("the end of the dialog", lambda: not self.designer.has_dialog())
         self.designer.wait_until_active()
 
-    def map(self, earlier, *switches):
-        """Maps unattended onto the result of an earlier run, and returns the new one."""
+    def map(self, earlier, source, *switches):
+        """Maps an object unattended onto the result of an earlier run, and returns the new one."""
         result = self.folder / f"mapped{len(list(self.folder.glob('mapped*')))}.{self.EXTENSION}"
-        onto = ["-usedocument", earlier, "--at", "end"] if earlier else []
-        subprocess.run([PROGRAM, "--exit-status", *self.SWITCHES, "-hidden", "-xmlfile", self.structure, *onto,
-                        *switches, "-template", result], check=True)
+        at, onto = (["--at", "end"], ["-usedocument", earlier]) if earlier else ([], [])
+        subprocess.run([PROGRAM, "--exit-status", "--object", source, *at, *self.SWITCHES, *switches, "-hidden",
+                        "-xmlfile", self.structure, *onto, "-template", result], check=True)
         return result
 
     def quit(self):
@@ -213,13 +213,13 @@ class InWord(Session):
         self.designer.wait_until_active()
 
     def expected(self):
-        mapped = self.map(None, "--object", "Form Big")
+        mapped = self.map(None, "Form Big")
         bound = [f"{name}_bv" for name in self.names(mapped)
                  if name in {f"Field{number}" for number in range(1, BOUND_VALUES + 1)}]
         for _ in range(3):
-            mapped = self.map(mapped, "--object", "Form Short")
+            mapped = self.map(mapped, "Form Short")
         for number in range(1, TABLES + 1):
-            mapped = self.map(mapped, "-listing", "--object", f"Table Table{number}")
+            mapped = self.map(mapped, f"Table Table{number}", "-listing")
         return self.names(mapped) + bound + [f"OptionalSpace{number}" for number in range(SPACES)]
 
     def test_a_session(self):
@@ -280,10 +280,10 @@ class InExcel(Session):
         key("ctrl+End", "Home", "Down", "Down")
 
     def expected(self):
-        mapped = self.map(None, "--object", "Form Big")
-        mapped = self.map(mapped, "--object", "Form Short")
+        mapped = self.map(None, "Form Big")
+        mapped = self.map(mapped, "Form Short")
         for number in range(1, TABLES + 1):
-            mapped = self.map(mapped, "-listing", "--object", f"Table Table{number}")
+            mapped = self.map(mapped, f"Table Table{number}", "-listing")
         return list(read_xlsx.read_names(mapped))
 
     def test_a_session(self):
