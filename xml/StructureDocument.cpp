@@ -59,10 +59,10 @@ StructureDocument::StructureDocument() : document_(std::make_unique<pugi::xml_do
 StructureDocument::~StructureDocument() = default;
 
 bool StructureDocument::Load(const std::string& path) {
-    return load(path, nullptr);
+    return load(path, nullptr, DataUse::Kept);
 }
 
-bool StructureDocument::Load(const std::string& path, const RecordHandler& records) {
+bool StructureDocument::Load(const std::string& path, const RecordHandler& records, DataUse use) {
     // Errors of the handler are no errors of the document.
     std::exception_ptr unexpected;
     const RecordHandler keepingErrors = [&](Record& record) {
@@ -75,7 +75,7 @@ bool StructureDocument::Load(const std::string& path, const RecordHandler& recor
     };
     bool loaded = false;
     try {
-        loaded = load(path, &keepingErrors);
+        loaded = load(path, &keepingErrors, use);
     } catch (...) {
         if (!unexpected) throw;
     }
@@ -83,12 +83,12 @@ bool StructureDocument::Load(const std::string& path, const RecordHandler& recor
     return loaded;
 }
 
-bool StructureDocument::load(const std::string& path, const RecordHandler* records) {
+bool StructureDocument::load(const std::string& path, const RecordHandler* records, DataUse use) {
     folder_ = parentFolder(fullPath(path));
     try {
         FileBytes file(path);
         return read([&](char* buffer, std::size_t size) { return file.read(buffer, size); },
-                    "The structure document '" + path + "'", records);
+                    "The structure document '" + path + "'", records, use);
     } catch (const AutomationError& error) {
         document_->reset();
         parseError_ = {error.description(), 0};
@@ -106,10 +106,11 @@ bool StructureDocument::loadXML(std::string_view text) {
     return read(takeBytes, "The structure document");
 }
 
-bool StructureDocument::read(const ByteReader& bytes, const std::string& name, const RecordHandler* records) {
+bool StructureDocument::read(const ByteReader& bytes, const std::string& name, const RecordHandler* records,
+                             DataUse use) {
     document_->reset();
-    parseError_ =
-        records != nullptr ? readStructure(bytes, *document_, *records) : readStructure(bytes, *document_);
+    parseError_ = records != nullptr ? readStructure(bytes, *document_, *records, use)
+                                     : readStructure(bytes, *document_);
     if (parseError_.reason.empty()) return true;
     document_->reset();
     parseError_.reason = name + " could not be read, line " + std::to_string(parseError_.line) + ": " +

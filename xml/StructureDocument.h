@@ -21,9 +21,9 @@ class StructureDocument {
     /// failure it returns false, the document is empty and parseError returns the reason. Invalidates the
     /// nodes of the former document.
     bool Load(const std::string& path);
-    /// Loads the document in the same way, but hands over its records one by one instead of keeping its data.
-    /// Passes on the errors of the handler.
-    bool Load(const std::string& path, const RecordHandler& records);
+    /// Loads the document in the same way, and hands over its records one by one. The tree of nodes shows
+    /// bound values only of data that are kept. Passes on the errors of the handler.
+    bool Load(const std::string& path, const RecordHandler& records, DataUse use = DataUse::HandedOver);
     /// Loads the document from a text.
     bool loadXML(std::string_view text);
 
@@ -39,8 +39,9 @@ class StructureDocument {
     [[nodiscard]] std::string findPicture(const std::string& image) const;
 
   private:
-    bool load(const std::string& path, const RecordHandler* records);
-    bool read(const ByteReader& bytes, const std::string& name, const RecordHandler* records = nullptr);
+    bool load(const std::string& path, const RecordHandler* records, DataUse use);
+    bool read(const ByteReader& bytes, const std::string& name, const RecordHandler* records = nullptr,
+              DataUse use = DataUse::Kept);
 
     std::unique_ptr<pugi::xml_document> document_;
     ParseError parseError_;

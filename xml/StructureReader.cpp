@@ -64,10 +64,11 @@ class ErrorRoute {
 };
 
 /// Passes a parser's events on to the builder of the tree, and those inside of Data elements to the builder
-/// of records if there is one.
+/// of records if there is one, to both if the data are kept.
 class DataRoute {
   public:
-    DataRoute(NodeBuilder& tree, const RecordHandler* records) : tree_(tree) {
+    DataRoute(NodeBuilder& tree, const RecordHandler* records, DataUse use)
+        : tree_(tree), keepsData_(use == DataUse::Kept) {
         if (records != nullptr) records_.emplace(*records);
     }
 
@@ -80,15 +81,17 @@ class DataRoute {
         }
         NodeBuilder::checkNesting(depth_ + dataDepth_);
         ++dataDepth_;
+        if (keepsData_) tree_.startElement(prefix, localName);
         if (!isLaterData_) records_->startElement(localName);
     }
     void addAttribute(const char* prefix, const char* localName, std::string_view value) {
-        if (dataDepth_ <= 1) return tree_.addAttribute(prefix, localName, value);
-        if (!isLaterData_) records_->addAttribute(localName, value);
+        if (isForTree() || dataDepth_ == 1) tree_.addAttribute(prefix, localName, value);
+        if (dataDepth_ > 1 && !isLaterData_) records_->addAttribute(localName, value);
     }
     void endElement() {
         if (dataDepth_ > 1) {
             --dataDepth_;
+            if (keepsData_) tree_.endElement();
             if (!isLaterData_) records_->endElement();
             return;
         }
@@ -99,20 +102,32 @@ class DataRoute {
         tree_.endElement();
     }
     void addText(std::string_view text) {
-        if (dataDepth_ == 0) return tree_.addText(text);
-        if (!isLaterData_) records_->addText(text);
+        if (isForTree()) tree_.addText(text);
+        addToRecords(text);
     }
-    void addCData(std::string_view text) { dataDepth_ == 0 ? tree_.addCData(text) : addText(text); }
+    void addCData(std::string_view text) {
+        if (isForTree()) tree_.addCData(text);
+        addToRecords(text);
+    }
     void addComment(const char* text) {
-        if (dataDepth_ == 0) tree_.addComment(text);
+        if (isForTree()) tree_.addComment(text);
     }
     void addProcessingInstruction(const char* target, const char* data) {
-        if (dataDepth_ == 0) tree_.addProcessingInstruction(target, data);
+        if (isForTree()) tree_.addProcessingInstruction(target, data);
     }
-    [[nodiscard]] std::size_t size() const { return tree_.size() + (records_ ? records_->size() : 0); }
+    /// Data that are kept count once.
+    [[nodiscard]] std::size_t size() const {
+        return tree_.size() + (records_ && !keepsData_ ? records_->size() : 0);
+    }
 
   private:
+    [[nodiscard]] bool isForTree() const { return dataDepth_ == 0 || keepsData_; }
+    void addToRecords(std::string_view text) {
+        if (dataDepth_ > 0 && !isLaterData_) records_->addText(text);
+    }
+
     NodeBuilder& tree_;
+    bool keepsData_;
     std::optional<RecordBuilder> records_;
     int depth_ = 0;      // of elements in the tree
     int dataDepth_ = 0;  // from a Data element on, which counts; 0 outside
@@ -123,8 +138,9 @@ class DataRoute {
 class StructureReader {
   public:
     /// Without a handler of records the data become a part of the tree.
-    StructureReader(const ByteReader& bytes, pugi::xml_document& document, const RecordHandler* records)
-        : bytes_(bytes), builder_(document), data_(builder_, records), context_(xmlNewParserCtxt()) {
+    StructureReader(const ByteReader& bytes, pugi::xml_document& document, const RecordHandler* records,
+                    DataUse use)
+        : bytes_(bytes), builder_(document), data_(builder_, records, use), context_(xmlNewParserCtxt()) {
         if (!context_) throw std::bad_alloc();
         context_->_private = this;
         setHandlers(*context_->sax);
@@ -272,12 +288,12 @@ void StructureReader::setHandlers(xmlSAXHandler& handlers) {
 }  // namespace
 
 ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document) {
-    return StructureReader(bytes, document, nullptr).read();
+    return StructureReader(bytes, document, nullptr, DataUse::Kept).read();
 }
 
-ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document,
-                         const RecordHandler& records) {
-    return StructureReader(bytes, document, &records).read();
+ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document, const RecordHandler& records,
+                         DataUse use) {
+    return StructureReader(bytes, document, &records, use).read();
 }
 
 }  // namespace mergeloom

@@ -11,7 +11,8 @@ import unittest
 from pathlib import Path
 
 import read_docx
-from designer_window import Designer, Screen, click, document_has_keyboard, drag, key, screenshot, wait_for
+from designer_window import (Designer, Screen, click, document_has_keyboard, drag, find, key, screenshot,
+                             wait_for)
 
 PROGRAM = Path(os.environ["MERGELOOM"])
 DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
@@ -75,11 +76,22 @@ class DesignerTest(unittest.TestCase):
     def wait_for_insertion(self, node):
         wait_for(f"the insertion of {node}", lambda: f"“{node}” was inserted" in self.designer.status())
 
-    def save_as(self, name):
+    def wait_for_loss_question(self):
+        def is_asked():
+            boxes = find(self.designer.application, "alert") + find(self.designer.application, "dialog")
+            return any("cannot be repeated" in self.designer.texts_of(box) for box in boxes)
+        wait_for("the question about losses", is_asked)
+
+    def save_as(self, name, accepts_loss=False):
+        """Saves under a name; in spite of losses only if they are accepted, which are asked about then."""
         path = self.folder / name
         self.designer.wait_until_active()
         key("ctrl+shift+s")
         self.designer.answer_file_dialog(path)
+        if accepts_loss:
+            self.wait_for_loss_question()
+            self.assertFalse(path.exists())
+            key("alt+y")
         wait_for(f"the file {path}", path.exists)
         wait_for("the end of saving", lambda: self.designer.title() == name and not self.designer.has_dialog())
         self.designer.wait_until_active()

@@ -4,7 +4,7 @@ import unittest
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import Atspi, click, find, key, middle, point_at, wait_for
 
-MENUS = ["Template", "Structure", "Fields", "Mergeloom"]
+MENUS = ['Template', 'Structure', 'Fields', 'Records', 'Mergeloom']
 OFFICE_MENUS = {"File", "Edit", "View", "Insert", "Format", "Styles", "Table", "Form", "Tools", "Window", "Help"}
 
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <pugixml.hpp>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -40,6 +42,25 @@ class Records : public testing::Test {
     TemporaryFolder folder_;
     StructureDocument document_;
 };
+
+/// A tree with the data, as without a receiver of records.
+TEST_F(Records, AreHandedOverBesideDataThatAreKept) {
+    const std::string path = write(
+        "<db><Data><Record><Control Name='A'><DisplayValue>x<!-- y --></DisplayValue><BoundValue><![CDATA[1]]>"
+        "</BoundValue></Control></Record></Data><Data><Record/></Data><Form Name='F'/></db>");
+    const auto xmlOfTree = [this] {
+        std::ostringstream xml;
+        pugi::xml_node(document_.documentElement().handle()).print(xml);
+        return xml.str();
+    };
+    ASSERT_TRUE(document_.Load(path));
+    const std::string expected = xmlOfTree();
+    std::vector<std::string> records;
+    const auto take = [&](Record& record) { records.push_back(shown(record)); };
+    ASSERT_TRUE(document_.Load(path, take, DataUse::Kept));
+    EXPECT_EQ(xmlOfTree(), expected);
+    EXPECT_EQ(records, std::vector<std::string>{"A=x|1|||;"});
+}
 
 TEST_F(Records, AreReadByTheirElements) {
     struct Case {

@@ -106,7 +106,7 @@ void readAndShow(const std::string& path, const std::function<bool()>& isCancell
     auto structure = std::make_shared<LoadedStructure>();
     structure->path = path;
     const auto keep = [&](Record& record) { structure->records.push_back(std::move(record)); };
-    if (!structure->document.Load(path, keep)) {
+    if (!structure->document.Load(path, keep, DataUse::Kept)) {
         result.messages.push_back({structure->document.parseError().reason});
         return;
     }
