@@ -46,7 +46,8 @@ class Records : public testing::Test {
 /// A tree with the data, as without a receiver of records.
 TEST_F(Records, AreHandedOverBesideDataThatAreKept) {
     const std::string path = write(
-        "<db><Data><Record><Control Name='A'><DisplayValue>x<!-- y --></DisplayValue><BoundValue><![CDATA[1]]>"
+        "<db><Data><Record><Control Name='A'><DisplayValue>x<!-- y "
+        "--></DisplayValue><BoundValue><![CDATA[1]]>"
         "</BoundValue></Control></Record></Data><Data><Record/></Data><Form Name='F'/></db>");
     const auto xmlOfTree = [this] {
         std::ostringstream xml;
