@@ -117,7 +117,7 @@ void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format
         former->undo().removeHiddenShapes();
     latest()->undo().removeHiddenShapes();
     LibreOfficeSession& session = latest()->session();
-    session.files().save(document(), fileName, format, [&](std::string bytes) {
+    session.files().save(document(), fileName, format, [&](const std::string& bytes) {
         checkWritten(session, document(), fileName, format, bytes);
         const bool isKept = original_ && original_->serves(format);
         return isKept ? original_->save({bytes, bytes}, fileName, format) : bytes;
