@@ -12,7 +12,6 @@ using embedded::NumberFormat;
 using letters::ValueKind;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(CellValue, OfWhatADatabaseStores) {
     using Kind = CellValue::Kind;

@@ -44,7 +44,7 @@ std::string barOf(const std::string& name, DocumentKind kind) {
 }  // namespace
 
 LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind,
-                                 HostListener& listener, GraftingOfficePtr grafting)
+                                 HostListener& listener, const GraftingOfficePtr& grafting)
     : window_(window),
       kind_(kind),
       listener_(listener),

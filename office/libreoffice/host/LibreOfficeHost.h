@@ -28,7 +28,7 @@ class LibreOfficeHost final : public DocumentHost {
     /// Starts an office of its own. Raises kNotAvailable with a sentence that says why it cannot be started.
     /// With a grafting office, saves keep the files that were opened.
     LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind, HostListener& listener,
-                    GraftingOfficePtr grafting = {});
+                    const GraftingOfficePtr& grafting = {});
     ~LibreOfficeHost() override;
 
     void CreateNew(const std::string& programIdentifier) override;
