@@ -1,3 +1,4 @@
+#include "doubles/WordFiles.h"
 #include "libreoffice/host/HostTest.h"
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Names.h"
@@ -391,7 +392,7 @@ TEST_F(HostedCells, ADropIsOneStepForUserAndModel) {
     EXPECT_TRUE(workbook()->Undo(1));
     EXPECT_EQ(count(), 0);
     TestWindow::press("ctrl+y");
-    EXPECT_TRUE(placedCell(kOtherCells[1]).size() > 0);
+    EXPECT_FALSE(placedCell(kOtherCells[1]).empty());
     EXPECT_EQ(count(), 0) << "what the model takes back is not redone";
 }
 
