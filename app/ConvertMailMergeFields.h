@@ -68,7 +68,7 @@ class ConvertMailMergeFields {
         Fails,   ///< an earlier attempt at the same change failed; the document is unchanged
         Failed,  ///< the document may be half changed: it has to be taken back
     };
-    /// The change of one field, which is identified by its number in its pass.
+    /// Changes one field, which is identified by its number in its pass.
     struct Attempt {
         Pass pass = Pass::Quillbind;
         int number = 0;

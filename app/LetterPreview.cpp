@@ -37,7 +37,7 @@ LetterPreview::LetterPreview(FileStore& files, DocumentKind kind, const std::str
     chooseRecords(source);
 }
 
-/// Of several objects with as many places the first one is chosen.
+/// Chooses the first of several objects with equally many places.
 void LetterPreview::chooseObject(const PreviewSource& source) {
     const std::vector<std::string> names = template_->bookmarkNames();
     for (const TreeNode* const object : source.objects) {

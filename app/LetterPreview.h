@@ -28,12 +28,12 @@ struct PreviewSource {
 struct PreviewedRecords {
     std::size_t first = 1;
     std::size_t last = 1;
-    std::size_t count = 1;    ///< of all letters
+    std::size_t count = 1;    ///< the number of letters
     bool areSamples = false;  ///< true for captions in place of values
 };
 
-/// A template that is filled for a look at it, one letter at a time: with the records of the object that has
-/// the most places in it, or with a sample when there are no records of this object.
+/// A template that is filled for display, one letter at a time: with the records of the object that has the
+/// most places in it, or with a sample if there are no records of this object.
 class LetterPreview {
   public:
     /// Compiles the bytes of a docx or xlsx; the path is only named in errors. The file store has to outlive

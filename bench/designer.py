@@ -119,7 +119,7 @@ def insertion(designer, node):
 
 
 def preview_step(designer, keys, status):
-    """The seconds from the key until the window says what is shown."""
+    """Returns the seconds from the key until the status line names the letter."""
     bar = find(designer.application, "status bar")[0]
     line = find(bar, "label")[0]
 
@@ -131,7 +131,7 @@ def preview_step(designer, keys, status):
 
 
 def document_with_options(folder):
-    """A document with two records. The window tells its user of one that names no folders, which is none of this."""
+    """Returns a structure document with two records. It names folders, since the window warns of one without."""
     path = pathlib.Path(structure(folder, CONTROLS))
     options = '<Options><FileLocations DocumentsFolder="" TemplatesFolder=""/></Options>'
     text = path.read_text(encoding="utf-8").replace("<Structure>", options + "<Structure>")

@@ -102,7 +102,7 @@ def measure(command, runs, folder):
 
 
 def fetch_peers(folder):
-    """Fetches the libraries of npm; returns the script that fills with them, or none where there is no way to them."""
+    """Fetches the libraries of npm; returns the script that fills with them, or none if they cannot be fetched."""
     if shutil.which("npm") is None:
         return None
     wanted = [f"{name}@{version}" for name, version in NPM_LIBRARIES.items()]
@@ -113,7 +113,7 @@ def fetch_peers(folder):
 
 
 class TaggedTemplate:
-    """The mapped template with tags in the places, and around all of it those of a loop over the records."""
+    """Returns the mapped template with tags in the places and a loop over the records around them."""
 
     def __init__(self, template, folder):
         self.each = folder / "tagged.docx"

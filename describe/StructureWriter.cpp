@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kDetailSection = "0";
 
-/// Writes the elements of the structure, each on a line of its own.
+/// Writes the elements of the structure, one per line.
 class StructureWriter {
   public:
     explicit StructureWriter(XmlStream& xml) : xml_(xml) {}

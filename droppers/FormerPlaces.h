@@ -18,11 +18,11 @@ struct PlacesOfCell {
 /// would be filled into it.
 class FormerPlaces {
   public:
-    /// Lists the workbook's places, so it is to be made before the drop adds any.
+    /// Lists the workbook's places, so it must be constructed before the drop adds any.
     explicit FormerPlaces(excel::Workbook& workbook);
 
-    /// Returns the names that stand for the cell alone and whose text in brackets or picture it shows. A user
-    /// who wrote something else into the cell may need its name for that.
+    /// Returns the names that refer to the cell alone and whose text in brackets or picture it shows. If the
+    /// user wrote another text into the cell, its name may be needed for that.
     [[nodiscard]] PlacesOfCell on(excel::Range& cell);
 
   private:
@@ -37,8 +37,8 @@ class FormerPlaces {
 
 enum class NewPlace { Text, Picture };
 
-/// Removes former places from a cell that gets a new one: names, pictures, and a text in brackets that would
-/// lie below the new picture.
+/// Removes former places from a cell that gets a new one: names, pictures, and a text in brackets that the
+/// new picture would cover.
 void removePlaces(excel::Workbook& workbook, excel::Range& cell, const PlacesOfCell& former, NewPlace place);
 
 }  // namespace mergeloom

@@ -24,7 +24,7 @@ PATIENCE = 30  # seconds after the program says that it is ready
 
 
 def fault_of(designer):
-    """What is wrong with the pixels of a program that has just been started; none if they are right."""
+    """Returns what is wrong with the pixels of a program that has just been started, or none."""
     designer.wait_until_ready()
     box = designer.document_box()
 

@@ -17,7 +17,7 @@ bool isBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
-/// Returns whether white space in an element is text of the document.
+/// Returns true if white space in an element is text of the document.
 bool keepsBlanks(pugi::xml_node element) {
     const std::string_view name = element.name();
     return name.ends_with(":t") || name == "t" || name.ends_with("nstrText") || name.ends_with(":delText");

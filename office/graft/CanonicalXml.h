@@ -16,25 +16,27 @@ struct VolatileName {
     std::string_view attribute;
 };
 
-/// Returns a text that stands for the target of a relationship's id, so that ids themselves do not count.
+/// Returns a text that identifies the target of a relationship by its id. The ids themselves are not
+/// compared.
 using TargetText = std::function<std::string(std::string_view id)>;
 
 /// The rules by which two exports of one office are compared.
 struct CanonicalRules {
     std::span<const VolatileName> volatileNames;
-    /// Elements that mean nothing without content and attributes.
+    /// Elements that have no effect without content and attributes.
     std::span<const std::string_view> voidWhenEmpty;
 };
 
-/// Writes XML in a form in which equal content is equal text: without volatile names, comments and white
-/// space between elements, with attributes in the order of their names and relationships as their targets.
+/// Writes XML in a canonical form, in which equal content gives equal text: volatile names, comments and
+/// white space between elements are omitted, attributes are sorted by name, and ids of relationships are
+/// replaced by their targets.
 class CanonicalXml {
   public:
     CanonicalXml(const CanonicalRules& rules, TargetText target)
         : rules_(rules), target_(std::move(target)) {}
 
     [[nodiscard]] std::string of(pugi::xml_node node) const;
-    /// Returns the form of the children alone.
+    /// Returns the canonical form of the children only.
     [[nodiscard]] std::string ofChildren(pugi::xml_node node) const;
     [[nodiscard]] bool isVolatile(pugi::xml_node element) const;
 

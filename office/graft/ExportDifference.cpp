@@ -67,7 +67,7 @@ TargetText targetsOf(opc::Package& package, const std::string& partName) {
         if (found->mode == opc::TargetMode::External) return found->target;
         std::string target = relationships.targetPart(*found);
         const std::string_view extension = opc::extensionOf(target);
-        // XML parts are compared by themselves, embedded packages differ in every export.
+        // XML parts are compared on their own; embedded packages differ in every export.
         const bool hasDigest =
             package.hasPart(target) && extension != "xml" && target.find("/embeddings/") == std::string::npos;
         if (!hasDigest) return target;

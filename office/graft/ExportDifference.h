@@ -21,18 +21,18 @@ struct PartDifference {
 /// The rules for the parts of one kind of document.
 struct PartRules {
     CanonicalRules xml;
-    /// Parts that say nothing of their own: the office makes them anew of the document, or compares them
-    /// where they are used. A name that ends in "*" is the beginning of names.
+    /// Parts that are not compared: the office generates them from the document, or they are compared where
+    /// they are used. A name that ends in "*" matches all names with that beginning.
     std::span<const std::string_view> ignored;
 };
 
-/// Returns the parts in which two exports differ, volatile content left out, in the order of their names.
-/// Raises kFileCouldNotBeRead for damaged parts.
+/// Returns the parts in which two exports differ, sorted by name. Volatile content is ignored. Raises
+/// kFileCouldNotBeRead for damaged parts.
 std::vector<PartDifference> differencesOf(opc::Package& baseline, opc::Package& edited,
                                           const PartRules& rules);
 
-/// Returns texts for the targets of a part's relationships: an external address, or a digest of a part's
-/// content, whatever its name. The package must outlive it.
+/// Returns a function that identifies the targets of a part's relationships: by the external address, or by a
+/// digest of the target part's content. Names of parts are ignored. The package must outlive it.
 TargetText targetsOf(opc::Package& package, const std::string& partName);
 
 }  // namespace mergeloom::graft

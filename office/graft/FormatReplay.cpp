@@ -14,7 +14,7 @@ namespace {
 using embedded::Item;
 using opc::WordTag;
 
-/// How far a formatting is searched for new text.
+/// The largest number of lines that are searched for the formatting of new text.
 constexpr std::size_t kLinesAround = 200;
 
 std::string xmlOf(pugi::xml_node node) {
@@ -32,7 +32,7 @@ void assign(pugi::xml_node properties, pugi::xml_node source) {
         properties.append_copy(child);
 }
 
-/// Returns the properties of an element, which come first in it; makes empty ones when it has none.
+/// Returns the properties of an element, which are its first child. Inserts empty properties if it has none.
 pugi::xml_node requireProperties(pugi::xml_node element, const std::string& name) {
     if (const pugi::xml_node found = element.child(name.c_str())) return found;
     return element.prepend_child(name.c_str());
@@ -88,8 +88,8 @@ void FormatReplay::readUnits(const TouchedLine& touched, const Line& own) {
     }
 }
 
-/// Compares new text with text that was there before. What looks the same in the exports gets the same
-/// properties of the original.
+/// Compares new text with text that existed before. Text that looks the same in the exports gets the same
+/// properties in the original.
 void FormatReplay::addInserted(const TouchedLine& touched, const Line& own, std::size_t unit) {
     const Line& now = now_->lines[touched.line];
     const std::pair<int, int> formats{-1, now.units[unit].format};
@@ -102,7 +102,7 @@ void FormatReplay::addInserted(const TouchedLine& touched, const Line& own, std:
     add(own, unit, {{}, {}, delta, copyOf(neighbour->own), formats});
 }
 
-/// Lets the last change go on to the next unit when that changes in the same way.
+/// Extends the last change to the next unit if that changes in the same way.
 bool FormatReplay::extendsLast(const Line& own, std::size_t unit, const std::pair<int, int>& formats) {
     const bool isSame = !changes_.empty() && changes_.back().end == own.units[unit].start &&
                         changes_.back().formats == formats;
@@ -110,7 +110,8 @@ bool FormatReplay::extendsLast(const Line& own, std::size_t unit, const std::pai
     return isSame;
 }
 
-/// Returns the nearest unit of the line that was there before, best one that looks the same; or one around.
+/// Returns the nearest unit of the line that existed before, preferably one that looks the same, or else a
+/// unit of a nearby line.
 std::optional<FormatReplay::Neighbour> FormatReplay::neighbourOf(const TouchedLine& touched, const Line& own,
                                                                  std::size_t unit) const {
     const Line& now = now_->lines[touched.line];
@@ -133,7 +134,7 @@ std::optional<FormatReplay::Neighbour> FormatReplay::neighbourOf(const TouchedLi
     return Neighbour{runPropertiesOf(now, *any, *now_->story), runPropertiesOf(own, *any, *story_)};
 }
 
-/// Returns a unit of an unchanged line: the nearest one of the format or else the nearest at all.
+/// Returns a unit of an unchanged line: the nearest one with the format, or else the nearest one.
 std::optional<FormatReplay::Neighbour> FormatReplay::neighbourAround(std::size_t nowLine, int format) const {
     std::optional<Neighbour> any;
     for (std::size_t distance = 1; distance < kLinesAround; ++distance) {
@@ -152,7 +153,7 @@ std::optional<FormatReplay::Neighbour> FormatReplay::neighbourAround(std::size_t
     return any;
 }
 
-/// Returns whether the line is as it was before and is found in the original.
+/// Returns true if the line is unchanged and is found in the original.
 bool FormatReplay::isLeft(std::size_t nowLine) const {
     return difference_->formerOfLine[nowLine] != kNoPartner && partners_[nowLine] != kNoPartner;
 }
@@ -218,8 +219,8 @@ void FormatReplay::readParagraph(const TouchedLine& touched, const Line& own) {
     story_->part().setDirty(true);
 }
 
-/// Returns the nearest line that was there before, best one of the same style; none for a line in another
-/// table or cell, whose formatting is the table's.
+/// Returns the nearest line that existed before, preferably one of the same style. Returns none for a line in
+/// another table or cell, whose formatting is that of the table.
 std::optional<std::size_t> FormatReplay::neighbourLineOf(std::size_t nowLine) const {
     const std::vector<Line>& now = now_->lines;
     const auto isLeft = [&](std::size_t line) {
@@ -264,7 +265,7 @@ std::optional<std::string> FormatReplay::styleOf(const std::string& id, Missing 
     return own;
 }
 
-/// Finds the list by a paragraph that is in it in both documents.
+/// Finds the list by a paragraph that belongs to it in both documents.
 std::string FormatReplay::listOf(const std::string& number) const {
     const auto numberOf = [](const Line& line, const embedded::Story& story) {
         const opc::WordNames& names = story.names();
@@ -291,7 +292,7 @@ pugi::xml_node FormatReplay::paragraphPropertiesOf(const Line& line, const embed
     return story.names().child(line.node, WordTag::ParagraphProperties);
 }
 
-/// Splitting a run or changing a neighbour must not change what is to be copied.
+/// The copy keeps the properties while runs are split and neighbours change.
 pugi::xml_node FormatReplay::copyOf(pugi::xml_node properties) {
     return properties ? copies_.append_copy(properties) : copies_.append_child("none");
 }

@@ -14,7 +14,7 @@
 
 namespace mergeloom::graft {
 
-/// Repeats on a story of the original how the user formatted characters, paragraphs and the page. New text
+/// Repeats the user's formatting of characters, paragraphs and the page on a story of the original. New text
 /// that looks like its neighbour in the export gets the formatting of that neighbour in the original.
 class FormatReplay {
   public:
@@ -25,23 +25,23 @@ class FormatReplay {
           nowStyles_(edited.package()),
           ownStyles_(content.package()) {}
 
-    /// The original's story has the present text by now. Raises Refusal for what has no rule.
+    /// The original's story must have the present text already. Raises Refusal for a change without a rule.
     void repeat(embedded::Story& original, const ReadStory& former, const ReadStory& now,
                 const StoryDifference& difference);
 
   private:
-    /// A unit that was there before, in the exports and in the original.
+    /// A unit that existed before, in the export and in the original.
     struct Neighbour {
         pugi::xml_node now;
         pugi::xml_node own;
     };
-    /// A stretch of a line that gets formatting.
+    /// A part of a line that gets formatting.
     struct RunChange {
         CharacterPosition start;
         CharacterPosition end;
         PropertyDelta delta;
-        pugi::xml_node base;          ///< the properties that it gets first; none for its own
-        std::pair<int, int> formats;  ///< the same for neighbouring units that change alike
+        pugi::xml_node base;          ///< the properties to start from; none for the run's own
+        std::pair<int, int> formats;  ///< equal for neighbouring units that change in the same way
     };
     enum class Missing { Refused, LeftOut };
 
@@ -73,14 +73,14 @@ class FormatReplay {
     StyleNames nowStyles_;
     StyleNames ownStyles_;
 
-    // Of the story at hand.
+    // The story that is being changed.
     embedded::Story* story_ = nullptr;
     const ReadStory* former_ = nullptr;
     const ReadStory* now_ = nullptr;
     const StoryDifference* difference_ = nullptr;
     std::optional<CanonicalXml> canonical_;
     std::vector<Line> lines_;
-    std::vector<std::size_t> partners_;  ///< of the present lines in the original's
+    std::vector<std::size_t> partners_;  ///< for each present line, its index in the original
     std::vector<std::size_t> formerPartners_;
     std::vector<RunChange> changes_;
     pugi::xml_document copies_;

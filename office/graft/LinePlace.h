@@ -9,7 +9,7 @@
 namespace mergeloom::graft {
 
 /// A place in the lines of a story: before a unit, or before the mark of the line. Unlike a position it does
-/// not count what only one writer puts into a document, such as the codes of fields.
+/// not count content that depends on the writer of the document, such as the codes of fields.
 struct LinePlace {
     std::size_t line = 0;
     std::size_t unit = 0;

@@ -11,7 +11,7 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// What people miss when it is gone, with a mark of it in the XML of a package.
+/// A feature that users would miss, and the text in a package's XML that shows its use.
 struct Loss {
     std::string_view mark;
     std::string_view name;

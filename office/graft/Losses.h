@@ -4,8 +4,8 @@
 
 namespace mergeloom::graft {
 
-/// Returns what a package holds that an office's export of it lacks, such as "3 content controls, custom
-/// XML"; empty when nothing of the kind that people miss is lost. Damaged packages lose nothing.
+/// Returns a list of the features that a package has and an office's export of it lacks, such as "3 content
+/// controls, custom XML". Returns an empty text if none is lost, and for damaged packages.
 std::string lossesBetween(const std::string& original, const std::string& exported);
 
 }  // namespace mergeloom::graft

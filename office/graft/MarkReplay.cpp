@@ -26,7 +26,7 @@ std::string textOf(const BookmarkRecord& record) {
     return record.story->text(startOf(record), endOf(record));
 }
 
-/// Returns whether a present place is where a former one was.
+/// Returns true if a present place corresponds to a former one.
 bool isSamePlace(LinePlace now, LinePlace former, const ReadStory& formerStory,
                  const StoryDifference& difference) {
     const auto touched = std::ranges::lower_bound(difference.touched, now.line, {}, &TouchedLine::line);
@@ -82,7 +82,7 @@ void MarkReplay::repeat(embedded::Story& original, const ReadStory& former, cons
         const auto text = texts_.find(mark->name);
         const bool stays = isUntouched(*mark, former, now, difference);
         if (own != nullptr && stays) continue;
-        // The office has never seen it, or as another one.
+        // The office did not read it, or read it with another text.
         if (own == nullptr && stays && text == texts_.end()) continue;
         LinePlace start = placeOf(now.lines, startOf(*mark));
         LinePlace end = placeOf(now.lines, endOf(*mark));

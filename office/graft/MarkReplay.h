@@ -13,17 +13,18 @@ namespace mergeloom::graft {
 using MarkTexts = std::map<std::string, std::string>;
 MarkTexts markTextsOf(embedded::WordContent& content);
 
-/// Repeats on a story of the original the bookmarks that the user added, moved or removed. They go by their
-/// names; those that the user left alone stay as they are in the original, also where the office reads them
-/// otherwise. Hidden ones are the offices' own.
+/// Repeats on a story of the original which bookmarks the user added, moved and removed. Bookmarks are
+/// identified by their names. Untouched bookmarks stay as they are in the original, even if the office reads
+/// them differently. Hidden bookmarks are ignored, since offices create them.
 class MarkReplay {
   public:
-    /// The texts are those of the original before anything was repeated.
+    /// The texts are those of the original before any change was repeated.
     MarkReplay(embedded::WordContent& content, WordExport& baseline, WordExport& edited,
                const MarkTexts& texts)
         : content_(content), baseline_(baseline), edited_(edited), texts_(texts) {}
 
-    /// The difference is that of the two exported stories, whose text the original's story has by now.
+    /// The difference is that of the two exported stories. The original's story must have the present text
+    /// already.
     void repeat(embedded::Story& original, const ReadStory& former, const ReadStory& now,
                 const StoryDifference& difference);
 

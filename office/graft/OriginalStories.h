@@ -6,8 +6,8 @@
 namespace mergeloom::graft {
 
 /// Returns the original's story that an office exported as the given one: the body, or the only other story
-/// of its kind with the same text. The office may write one header several times, so several of its stories
-/// may be one in the original. Raises Refusal when no story or more than one is meant.
+/// of its kind with the same text. An office may write one header several times, so several exported stories
+/// may have the same original. Raises Refusal if there is no such story, or more than one.
 embedded::Story& originalOf(embedded::WordContent& original, const ReadStory& exported);
 
 }  // namespace mergeloom::graft

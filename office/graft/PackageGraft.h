@@ -6,7 +6,7 @@
 
 namespace mergeloom::graft {
 
-/// Returns the graft of Open Packaging files for all kinds of documents that it covers.
+/// Returns the graft for the kinds of Open Packaging files that can be grafted.
 std::unique_ptr<model::PackageGraft> makePackageGraft();
 
 }  // namespace mergeloom::graft

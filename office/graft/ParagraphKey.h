@@ -8,12 +8,13 @@
 
 namespace mergeloom::graft {
 
-/// Returns a text that is equal for paragraphs of two exports that are alike, however their text is split
-/// into runs. Bookmarks, texts of text boxes and results of fields that the office computes do not count.
+/// Returns a text that is equal for equal paragraphs of two exports, even if their text is split into
+/// different runs. Bookmarks, texts of text boxes and results of fields that the office computes are ignored.
 std::string paragraphKey(pugi::xml_node paragraph, const opc::WordNames& names,
                          const CanonicalXml& canonical);
 
-/// Returns the same for the end of a row: its properties, those of its cells and those of its table.
+/// Returns a text that is equal for equal ends of rows: the properties of the row, of its cells and of its
+/// table.
 std::string rowKey(pugi::xml_node row, const opc::WordNames& names, const CanonicalXml& canonical);
 
 /// Returns the containers around a node below a root, such as content controls and links.

@@ -28,7 +28,8 @@ void removeExtensions(pugi::xml_node node) {
         removeExtensions(child);
 }
 
-/// Gives the original's drawing the form of the exported one; its picture and its id stay.
+/// Replaces the properties of the original's drawing by those of the exported one. Keeps its picture and its
+/// id.
 void assignForm(pugi::xml_node own, pugi::xml_node exported) {
     const std::string id = descendant(own, "wp:docPr").attribute("id").value();
     const std::string picture = descendant(own, "a:blip").attribute("r:embed").value();

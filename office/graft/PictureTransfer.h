@@ -10,7 +10,7 @@
 
 namespace mergeloom::graft {
 
-/// Keeps files in memory under names of its own.
+/// A store of files in memory.
 class HeldFiles final : public FileStore {
   public:
     void put(const std::string& path, std::string bytes) { files_[path] = std::move(bytes); }
@@ -23,10 +23,10 @@ class HeldFiles final : public FileStore {
     std::map<std::string, std::string> files_;
 };
 
-/// Brings inline pictures of an export into an original.
+/// Copies inline pictures of an export into an original.
 class PictureTransfer {
   public:
-    /// The files are those that the original's content reads pictures from.
+    /// The original's content must read its pictures from these files.
     PictureTransfer(WordExport& edited, HeldFiles& files) : edited_(edited), files_(files) {}
 
     /// Inserts a copy of the picture in a run of an exported story. Raises Refusal for other objects and for

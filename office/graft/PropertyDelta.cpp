@@ -10,7 +10,7 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// The order of properties (ECMA-376 Part 1, 17.3.2.28, 17.3.1.26 and 17.6.17). No name has two places.
+/// The order of properties (ECMA-376 Part 1, 17.3.2.28, 17.3.1.26 and 17.6.17). No name occurs twice.
 constexpr std::string_view kOrder[] = {
     // of runs
     "rStyle",
@@ -112,7 +112,7 @@ bool hasElements(pugi::xml_node node) {
         node.find_child([](pugi::xml_node child) { return child.type() == pugi::node_element; }));
 }
 
-/// Returns whether the element holds properties that are compared one by one.
+/// Returns true if the properties in the element are compared one by one.
 bool holdsProperties(std::string_view name) {
     return name == "rPr" || name == "sectPr" || name == "numPr";
 }
@@ -123,7 +123,7 @@ std::string_view localOf(const char* name) {
     return colon == std::string_view::npos ? whole : whole.substr(colon + 1);
 }
 
-/// Removes attributes that would outweigh one that is set: fonts and colours of the theme.
+/// Removes attributes that take precedence over one that is set: fonts and colours of the theme.
 void removeTheme(pugi::xml_node element, std::string_view attribute, const opc::WordNames& names) {
     const std::string_view element_ = opc::localName(element);
     if (element_ == "rFonts")
@@ -187,7 +187,7 @@ class Application {
     }
 
   private:
-    /// Replaces the whole property, such as borders and tabs, which only stand together.
+    /// Replaces the whole property, such as borders and tabs, whose parts belong together.
     void replace(std::string_view name, pugi::xml_node now) {
         pugi::xml_node target = requireChild(properties_, name, names_);
         target.remove_children();
@@ -249,7 +249,7 @@ void PropertyDelta::applyTo(pugi::xml_node properties, const opc::WordNames& nam
         if (name == "rPrChange" || name == "pPrChange" || name == "sectPrChange")
             throw Refusal("a tracked change of formatting was made");
         if (holdsProperties(name)) {
-            // Only what differs in it is compared here; volatile content was left out before.
+            // Volatile content was removed from it before.
             static const CanonicalXml kPlain{{}, {}};
             const PropertyDelta inner(change.former, change.now, kPlain);
             if (!inner.isEmpty()) inner.applyTo(requireChild(properties, name, names), names, translate);

@@ -13,22 +13,22 @@
 
 namespace mergeloom::graft {
 
-/// Translates what refers to other parts from an export into the original: the id of a style or the number
-/// of a list, by the local names of the element and its parent. Returns none to leave the property out.
-/// Raises Refusal.
+/// Translates a reference to another part from an export to the original: the id of a style or the number of
+/// a list, by the local names of the element and its parent. Returns none to omit the property. Raises
+/// Refusal.
 using ValueTranslation =
     std::function<std::optional<std::string>(std::string_view element, const std::string& value)>;
 
 /// The difference between the properties of two exports (of a run, a paragraph or a section), property by
-/// property and attribute by attribute. Applied to the original's properties, which may say the same in other
-/// ways, it changes only what the user changed.
+/// property and attribute by attribute. Applied to the original's properties, which may express the same in
+/// other ways, it changes only the properties that the user changed.
 class PropertyDelta {
   public:
-    /// Both may be none.
+    /// Either element may be none.
     PropertyDelta(pugi::xml_node former, pugi::xml_node now, const CanonicalXml& canonical);
 
     [[nodiscard]] bool isEmpty() const { return changes_.empty(); }
-    /// Changes the children of the properties, an element of a part with those names.
+    /// Changes the children of the properties. The names are those of the part that contains them.
     void applyTo(pugi::xml_node properties, const opc::WordNames& names,
                  const ValueTranslation& translate) const;
 
@@ -41,8 +41,7 @@ class PropertyDelta {
     std::vector<Change> changes_;
 };
 
-/// Returns the child of an element with a local name; inserts it in the order of the schema when there is
-/// none.
+/// Returns the child of an element with a local name. Inserts it in the order of the schema if there is none.
 pugi::xml_node requireChild(pugi::xml_node element, std::string_view localName, const opc::WordNames& names);
 
 }  // namespace mergeloom::graft

@@ -7,7 +7,7 @@
 
 namespace mergeloom::graft {
 
-/// Raised inside a graft for a change that cannot be repeated.
+/// Raised in a graft for a change that cannot be repeated.
 class Refusal {
   public:
     explicit Refusal(std::string reason, std::string place = {})

@@ -17,7 +17,7 @@ class Alignment {
   public:
     Alignment(const Numbers& former, const Numbers& now) : former_(former), now_(now) {}
 
-    /// Returns false when the sequences differ in too much.
+    /// Returns false if the sequences differ in too many elements.
     bool search() {
         const auto n = static_cast<std::ptrdiff_t>(former_.size());
         const auto m = static_cast<std::ptrdiff_t>(now_.size());
@@ -76,7 +76,7 @@ class Alignment {
     [[nodiscard]] std::ptrdiff_t reached(std::ptrdiff_t distance, std::ptrdiff_t k) const {
         return trace_[static_cast<std::size_t>(distance)][static_cast<std::size_t>(k + distance)];
     }
-    /// Adds one step before those found so far; neighbours become one gap.
+    /// Adds one step before those found so far. Joins adjacent steps to one gap.
     static void extend(std::vector<Gap>& found, std::ptrdiff_t fromX, std::ptrdiff_t toX,
                        std::ptrdiff_t fromY, std::ptrdiff_t toY) {
         const Gap step{static_cast<std::size_t>(fromX), static_cast<std::size_t>(toX),

@@ -73,7 +73,7 @@ class GapReader {
           former_(tokensOf(former, gap.formerStart, gap.formerEnd)),
           now_(tokensOf(now, gap.nowStart, gap.nowEnd)) {}
 
-    /// Returns false when there is too much to compare.
+    /// Returns false if the lines differ in too much.
     bool read(StoryDifference& difference) {
         const auto gaps = gapsBetween(keysOf(former_), keysOf(now_));
         if (!gaps) return false;
@@ -104,7 +104,7 @@ class GapReader {
         if (tokens.empty()) return {firstLine, 0};
         return token < tokens.size() ? tokens[token].start : LinePlace{endLine, 0};
     }
-    /// Leaves out the letters with which both texts begin and end.
+    /// Excludes the characters with which both texts begin and end.
     TextEdit trimmed(TextEdit edit) {
         while (edit.formerStart < edit.formerEnd && edit.nowStart < edit.nowEnd &&
                areEqual(edit.formerStart, edit.nowStart)) {
@@ -121,7 +121,7 @@ class GapReader {
         return edit;
     }
     static LinePlace before(LinePlace place) { return {place.line, place.unit - 1}; }
-    /// Returns whether units, not marks, are at both places and are equal.
+    /// Returns true if both places have units, not marks, and the units are equal.
     [[nodiscard]] bool areEqual(LinePlace former, LinePlace now) const {
         const std::vector<Unit>& formerUnits = formerLines_[former.line].units;
         const std::vector<Unit>& nowUnits = nowLines_[now.line].units;

@@ -9,7 +9,7 @@
 
 namespace mergeloom::graft {
 
-/// A stretch of text in the places of the former and the present story.
+/// A replaced text, by its places in the former and in the present story.
 struct TextEdit {
     LinePlace formerStart;
     LinePlace formerEnd;
@@ -17,14 +17,14 @@ struct TextEdit {
     LinePlace nowEnd;
 };
 
-/// A present line that is not as one of the former lines was, with what is left of those: for each unit and
-/// for the mark where it was, none for what is new.
+/// A present line that equals none of the former lines. Gives the former place of each unit and of the mark,
+/// and none for new ones.
 struct TouchedLine {
     std::size_t line = 0;
     std::vector<std::optional<LinePlace>> units;
     std::optional<std::size_t> mark;
 
-    /// Returns whether all of the line is new.
+    /// Returns true if the whole line is new.
     [[nodiscard]] bool isInserted() const;
 };
 
@@ -35,7 +35,7 @@ struct StoryDifference {
     std::vector<std::size_t> formerOfLine;  ///< for each present line the equal former one, or kNoPartner
 };
 
-/// Returns none when the stories differ in more than can be compared.
+/// Returns none if the stories differ too much to be compared.
 std::optional<StoryDifference> differenceBetween(const std::vector<Line>& former,
                                                  const std::vector<Line>& now);
 

@@ -67,7 +67,7 @@ pugi::xml_node runOf(const Story& story, const Item* item) {
 void addText(const Story& story, const Item* item, CharacterPosition at, Line& line) {
     const std::string text = embedded::textOf(story, item);
     const pugi::xml_node run = runOf(story, item);
-    // A symbol reads as "(" in a text.
+    // A symbol is read as "(" in a text.
     if (item->kind == ItemKind::Character && text == "(") {
         line.units.push_back({kObject, at, {at.value + 1}, 0, run});
         return;

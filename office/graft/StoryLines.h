@@ -25,16 +25,16 @@ class FormatNumbers {
     std::map<std::string, int> numbers_;
 };
 
-/// A visible piece of a line: a character, an object, or a field whose text the office makes.
+/// A visible unit of a line: a character, an object, or a field whose text the office computes.
 struct Unit {
     char32_t code = 0;
     CharacterPosition start;
     CharacterPosition end;
-    int format = 0;      ///< of its run and the containers around it; only of an export
+    int format = 0;      ///< of its run and the containers around it; only set for exports
     pugi::xml_node run;  ///< none for a field
 };
 
-/// Stand in a line for what has no character.
+/// Placeholders in a line for units that are no characters.
 inline constexpr char32_t kObject = U'\xFFFC';
 inline constexpr char32_t kField = U'\xFFFB';
 
@@ -46,15 +46,15 @@ struct Line {
     LineEnd end = LineEnd::Paragraph;
     int depth = 0;        ///< of tables around it; a row's end is inside its table
     pugi::xml_node node;  ///< the paragraph or the row
-    std::string key;      ///< equal for lines that two exports show alike; only of an export
+    std::string key;      ///< equal for lines that look the same in two exports; only set for exports
 
     [[nodiscard]] std::u32string text() const;
 };
 
-/// Returns a text for comparisons of lines of different writers: characters, the mark and the depth.
+/// Returns a text by which lines of different writers are compared: characters, the mark and the depth.
 std::string textKeyOf(const Line& line);
 
-/// Returns the beginning of a line's text for a message.
+/// Returns the start of a line's text for a message.
 std::string shownText(const Line& line);
 
 /// Reads the lines of stories.

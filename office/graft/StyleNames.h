@@ -8,13 +8,14 @@
 
 namespace mergeloom::graft {
 
-/// The styles of a document: exports and originals agree in names, not in ids.
+/// The styles of a document by name. Exports and originals have the same names of styles, but not the same
+/// ids.
 class StyleNames {
   public:
     /// Raises kFileCouldNotBeRead for a damaged part.
     explicit StyleNames(opc::Package& package);
 
-    /// Returns the name of a style; empty when there is none.
+    /// Returns the name of a style, or an empty text if there is none.
     [[nodiscard]] std::string nameOf(const std::string& id) const;
     /// Returns the id of the style with the name or, if there is none, with the name in other letter case.
     [[nodiscard]] std::optional<std::string> idOf(const std::string& name) const;

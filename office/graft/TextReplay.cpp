@@ -23,7 +23,7 @@ std::vector<std::string> textKeysOf(const std::vector<Line>& lines) {
     return keys;
 }
 
-/// Returns the outermost table around a line that is not around the given depth.
+/// Returns the outermost table around a line that is deeper than the given depth.
 pugi::xml_node tableOf(const Line& line, int depth, const opc::WordNames& names) {
     pugi::xml_node found;
     int around = line.depth;
@@ -35,7 +35,7 @@ pugi::xml_node tableOf(const Line& line, int depth, const opc::WordNames& names)
     return found;
 }
 
-/// Returns the width of a table's columns together, in twips.
+/// Returns the total width of a table's columns in twips.
 std::int64_t widthOf(pugi::xml_node table, const opc::WordNames& names) {
     std::int64_t width = 0;
     for (const pugi::xml_node column : table.child(names.element("tblGrid").c_str()).children())
@@ -97,8 +97,8 @@ int TextReplay::depthAfter(std::size_t nowLine) const {
     return nowLine < edited_.lines.size() ? edited_.lines[nowLine].depth : 0;
 }
 
-/// Lines that were inserted at the end of a line begin with its mark; the same text results when they are
-/// taken for the lines after it.
+/// Lines that were inserted at the end of a line begin with its mark. Inserting them after that line gives
+/// the same text.
 std::optional<TextReplay::InsertedLines> TextReplay::wholeLinesOf(const TextEdit& edit) const {
     const auto& now = edited_.lines;
     if (edit.nowStart.unit == 0 && edit.nowEnd.unit == 0 && edit.formerEnd.unit == 0)
@@ -140,7 +140,7 @@ void TextReplay::insert(const TextEdit& edit) {
     insertInLine(edit);
 }
 
-/// New text becomes part of the run before it when it looks like that in the export.
+/// New text becomes part of the run before it if both look the same in the export.
 void TextReplay::insertInLine(const TextEdit& edit) {
     const NewText text = textOf(edit.nowStart, edit.nowEnd);
     const Line& line = partner(edit.formerStart.line);
@@ -315,7 +315,7 @@ void TextReplay::fillCells(const Item* firstItem, std::size_t start, std::size_t
     }
 }
 
-/// Puts pieces of text and pictures in from the last to the first.
+/// Inserts texts and pictures from the last to the first.
 void TextReplay::replace(CharacterPosition start, CharacterPosition end, const NewText& text) {
     if (text.pictures.empty()) {
         content_.replace(story_, start, end, text.text);

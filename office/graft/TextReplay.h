@@ -12,9 +12,9 @@
 
 namespace mergeloom::graft {
 
-/// Repeats on a story of the original what the user typed and erased, with new tables and rows. Edits are
-/// made from the last to the first, so that the positions of earlier ones stay true. Raises Refusal, and the
-/// errors of the engine, for what has no rule.
+/// Repeats the user's changes of text, with new tables and rows, on a story of the original. Applies the
+/// edits from the last to the first, so that the positions of earlier ones stay valid. Raises Refusal for a
+/// change without a rule, and the errors of the engine.
 class TextReplay {
   public:
     TextReplay(embedded::WordContent& content, embedded::Story& original, const ReadStory& baseline,
@@ -23,12 +23,12 @@ class TextReplay {
     void repeat(const std::vector<TextEdit>& edits);
 
   private:
-    /// New text, in which kObject stands for the pictures, with the runs of those.
+    /// New text with kObject in place of each picture, and the runs of the pictures.
     struct NewText {
         std::string text;
         std::vector<pugi::xml_node> pictures;
     };
-    /// Present lines, all of them new, that come before a former line.
+    /// New lines of the present story that are before a former line.
     struct InsertedLines {
         std::size_t before = 0;
         std::size_t start = 0;
@@ -36,7 +36,7 @@ class TextReplay {
     };
 
     void repeat(const TextEdit& edit);
-    /// Returns where the text was.
+    /// Returns the position of the erased text.
     CharacterPosition erase(const TextEdit& edit);
     void insert(const TextEdit& edit);
     void insertInLine(const TextEdit& edit);
@@ -64,11 +64,11 @@ class TextReplay {
     const ReadStory& edited_;
     PictureTransfer& pictures_;
     std::vector<Line> lines_;
-    std::vector<std::size_t> partners_;  ///< of the baseline's lines in the original's
+    std::vector<std::size_t> partners_;  ///< for each line of the baseline, its index in the original
 };
 
-/// Returns for each line of the one list its partner in the other by text, or kNoPartner. Raises Refusal when
-/// too much differs.
+/// Returns for each line of the first list the index of the line with the same text in the second, or
+/// kNoPartner. Raises Refusal if the lists differ too much.
 std::vector<std::size_t> partnersByText(const std::vector<Line>& lines, const std::vector<Line>& others);
 
 }  // namespace mergeloom::graft

@@ -11,16 +11,16 @@
 
 namespace mergeloom::graft {
 
-/// A story of a document with its lines.
+/// A story of a document and its lines.
 struct ReadStory {
     embedded::Story* story = nullptr;
     std::vector<Line> lines;
-    std::string section;  ///< the canonical form of the last section's properties; only of an export
+    std::string section;  ///< the canonical form of the last section's properties; only set for exports
 
     [[nodiscard]] const std::string& name() const { return story->name(); }
 };
 
-/// Refuses to read and to write: a graft makes bytes of bytes.
+/// Refuses to read and to write, since a graft works on bytes in memory.
 class NoFiles final : public FileStore {
   public:
     bool fileExists(const std::string&) override { return false; }
@@ -31,8 +31,8 @@ class NoFiles final : public FileStore {
 /// A Word document that an office exported, as lines that can be compared with those of another export.
 class WordExport {
   public:
-    /// Exports that are compared share their numbers of formats, which must outlive them. Raises
-    /// kFileCouldNotBeRead.
+    /// Exports that are compared with each other share the numbers of formats, which must outlive them.
+    /// Raises kFileCouldNotBeRead.
     WordExport(const std::string& bytes, const std::string& fileName, FormatNumbers& formats);
 
     [[nodiscard]] opc::Package& package() { return content_.package(); }
@@ -46,10 +46,11 @@ class WordExport {
     std::vector<ReadStory> stories_;
 };
 
-/// Returns whether two stories of exports are alike, their bookmarks included.
+/// Returns true if two stories of exports are equal, including their bookmarks.
 bool areAlike(const ReadStory& a, const ReadStory& b);
 
-/// Returns the name of a bookmark that is not in the same place of two stories; empty when there is none.
+/// Returns the name of a bookmark that has different places in two stories, or an empty text if there is
+/// none.
 std::string movedMark(const ReadStory& a, const ReadStory& b);
 
 }  // namespace mergeloom::graft

@@ -22,8 +22,8 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Parts that the office adds definitions to when new text uses them. What is new in them is of no use to the
-/// original, which has definitions of its own.
+/// Parts to which the office adds definitions that new text uses. New definitions are not copied, since the
+/// original has its own.
 constexpr std::string_view kGrowing[] = {"/word/styles.xml", "/word/numbering.xml"};
 
 std::string reasonOf(const PartDifference& part) {
@@ -34,7 +34,7 @@ std::string reasonOf(const PartDifference& part) {
     return "the part " + part.partName + " was changed";
 }
 
-/// The changes of one document on their way to its original.
+/// Repeats the changes of one document on its original.
 class DocumentGraft {
   public:
     explicit DocumentGraft(const model::EditedPackage& package)
@@ -60,7 +60,7 @@ class DocumentGraft {
     }
 
   private:
-    /// Returns whether all of a part's children are in the edited one, too, in the same order.
+    /// Returns true if the edited part has all children of the former one, in the same order.
     [[nodiscard]] bool hasOnlyGrown(const PartDifference& part) {
         const bool mayGrow = std::ranges::find(kGrowing, part.partName) != std::end(kGrowing);
         if (!mayGrow || part.fate == PartFate::Removed) return false;
@@ -91,7 +91,7 @@ class DocumentGraft {
     }
     void repeat(embedded::WordContent& content) {
         const MarkTexts texts = markTextsOf(content);
-        // Found before the first edit: stories are known by their texts.
+        // Looked up before the first edit, since stories are identified by their texts.
         std::vector<embedded::Story*> originals(edited_.stories().size(), nullptr);
         for (std::size_t story = 0; story < originals.size(); ++story)
             if (!areAlike(baseline_.stories()[story], edited_.stories()[story]))
@@ -109,7 +109,7 @@ class DocumentGraft {
             repeat(content, *originals[story], story, marks, formats);
         }
     }
-    /// The office writes a header several times, and an edit of it, too.
+    /// The office writes a header several times, and each edit of it, too.
     void checkSameChange(std::size_t first, std::size_t second) {
         const auto textsOf = [&](std::size_t story) {
             std::string all;

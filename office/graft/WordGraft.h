@@ -7,7 +7,7 @@
 
 namespace mergeloom::graft {
 
-/// The graft of Word documents; members as in PackageGraft.
+/// The graft for Word documents. See PackageGraft for the members.
 model::GraftResult graftDocument(const model::EditedPackage& package);
 bool isExportOfDocument(const model::EditedPackage& package);
 std::optional<model::GraftRefusal> findFaultInDocument(const model::EditedPackage& package,

@@ -47,13 +47,14 @@ class Proof {
         if (!isSameSection) return GraftRefusal{"the page would be another in the result", {}};
         return {};
     }
-    /// Returns the story of the edited document's export as read once more, if it has the same lines.
+    /// Returns the story of the edited document's export after it was read and written again, if it has the
+    /// same lines.
     [[nodiscard]] const ReadStory* againAt(std::size_t number) const {
         if (again_ == nullptr || again_->stories().size() != edited_.stories().size()) return nullptr;
         const ReadStory& again = again_->stories()[number];
         return again.lines.size() == edited_.stories()[number].lines.size() ? &again : nullptr;
     }
-    /// The form of new paragraphs may differ: the office does not read what it made as it made it.
+    /// The form of new paragraphs may differ, since the office does not read all properties that it writes.
     [[nodiscard]] std::optional<GraftRefusal> compareForms(std::size_t number, const ReadStory& edited,
                                                            const ReadStory& proof,
                                                            const ReadStory* again) const {

@@ -7,8 +7,8 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Ids that LibreOffice makes anew, revisions, layers of drawings, places in the text that Word computes, and
-/// dates.
+/// Ids that LibreOffice generates for each export, revisions, layers of drawings, positions in the text that
+/// Word computes, and dates.
 constexpr std::array kVolatileNames{
     VolatileName{"*", "w:rsid*"},
     VolatileName{"*", "w14:paraId"},

@@ -100,8 +100,8 @@ class DocumentHost {
     /// Returns the names of the document's places: bookmarks, or the names of a workbook. Without hidden
     /// ones.
     virtual std::vector<std::string> placeNames() = 0;
-    /// Returns the names of the places at a point of the window, without moving the caret. More than one
-    /// stands for a cell, or for texts that are alike in paragraphs that are alike.
+    /// Returns the names of the places at a point of the window, without moving the caret. There are several
+    /// names for a cell, and for equal texts in equal paragraphs.
     virtual std::vector<std::string> placesAt(HostPoint point) = 0;
     /// Selects a place and shows it. This member and the two below raise kCommandFailed with a sentence when
     /// there is no such place, and the next one when it cannot have the name. The user can undo changes.

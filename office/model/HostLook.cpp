@@ -4,7 +4,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Weighs the parts of a color as the eye does.
+/// Weights the components of a color by the eye's sensitivity.
 std::uint32_t luminance(LookColor color) {
     const auto value = static_cast<std::uint32_t>(color);
     const std::uint32_t red = value >> 16U & 0xFFU;

@@ -23,7 +23,7 @@ struct LookColors {
     bool operator==(const LookColors&) const = default;
 };
 
-/// The look of the desktop, which an office in a window of this program follows.
+/// The look of the desktop, which the hosted office adopts.
 struct HostLook {
     int dotsPerInch = 0;               ///< 0 for the office's own
     std::optional<LookColors> colors;  ///< none for the office's own
@@ -32,7 +32,7 @@ struct HostLook {
     bool operator==(const HostLook&) const = default;
 };
 
-/// Returns true if texts of the desktop are lighter than what is below them.
+/// Returns true if the desktop's texts are lighter than their background.
 [[nodiscard]] bool isDark(const HostLook& look);
 
 }  // namespace mergeloom

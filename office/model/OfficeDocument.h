@@ -29,13 +29,13 @@ class OfficeDocument : public Object {
     /// Raises kFileCouldNotBeSaved, with a sentence that gives the reason, and leaves an existing file whole.
     virtual void Save() = 0;
 
-    /// Takes a file for the original of a document that was opened from a copy: saves repeat the changes on
-    /// it. Does nothing in an office that loses nothing of a file. Raises kFileCouldNotBeRead.
+    /// Sets the original of a document that was opened from a copy; saves repeat the changes on it. Does
+    /// nothing in an office whose saves lose nothing. Raises kFileCouldNotBeRead.
     virtual void useOriginal(const std::string& path) { static_cast<void>(path); }
-    /// Lets all later saves write what the office makes of the document, with the losses of LossySave.
+    /// Lets all later saves write the office's own export, with the losses of LossySave.
     virtual void giveUpOriginal() {}
-    /// Returns how many entries of the original's package the last save kept byte for byte; none when it
-    /// repeated nothing on an original.
+    /// Returns the number of entries of the original's package that the last save kept byte for byte. Returns
+    /// none if the save had no original.
     virtual std::optional<KeptEntries> keptEntries() { return {}; }
 
     /// Undoes the last steps. Returns false when there was nothing to undo.
@@ -56,8 +56,8 @@ class DifferingCopy final : public AutomationError {
     std::string bytes_;
 };
 
-/// Raised by a save that could not repeat the changes on the original file. Nothing was written; the bytes
-/// are what the office makes of the document.
+/// Raised by a save that could not repeat the changes on the original file. No file was written. Contains the
+/// bytes of the office's own export.
 class LossySave final : public AutomationError {
   public:
     LossySave(const std::string& sentence, std::string bytes,

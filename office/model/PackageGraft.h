@@ -9,7 +9,7 @@
 
 namespace mergeloom::model {
 
-/// The packages of a document that was edited by an office that writes Open Packaging files with loss.
+/// The packages of a document that was edited by an office whose exports lose content.
 struct EditedPackage {
     DocumentKind kind = DocumentKind::Word;
     int format = 0;               ///< of the file to write: WdSaveFormat's or XlFileFormat's number
@@ -19,10 +19,10 @@ struct EditedPackage {
     const std::string& edited;    ///< the office's export of the document as it is now
 };
 
-/// The user changed nothing that the exports show.
+/// The exports show no change.
 struct NothingChanged {};
 
-/// The original with the user's changes and nothing else changed.
+/// The original with the user's changes and no others.
 struct GraftedPackage {
     std::string bytes;
 };
@@ -35,9 +35,9 @@ struct GraftRefusal {
 
 using GraftResult = std::variant<NothingChanged, GraftedPackage, GraftRefusal>;
 
-/// Repeats on an original package what a user changed in an office. The changes are the difference between
-/// two exports of the office, in which the faults of its exporter cancel out. All members are functions of
-/// the bytes that they are given.
+/// Repeats a user's changes in an office on the original package. The changes are the difference between two
+/// exports of the office, in which the faults of its exporter cancel out. The members keep no state: results
+/// depend on the given bytes only.
 class PackageGraft {
   public:
     PackageGraft() = default;
@@ -45,24 +45,23 @@ class PackageGraft {
     PackageGraft& operator=(const PackageGraft&) = delete;
     virtual ~PackageGraft() = default;
 
-    /// Returns whether documents of the kind can be grafted at all.
+    /// Returns true if documents of the kind can be grafted.
     [[nodiscard]] virtual bool covers(DocumentKind kind) const = 0;
     /// Raises kFileCouldNotBeRead, with a sentence, for bytes that are no such document.
     [[nodiscard]] virtual GraftResult graft(const EditedPackage& package) const = 0;
-    /// Returns what the original holds that the office's export of it lacks, as a list for a message; empty
-    /// when nothing is known.
+    /// Returns a list, for a message, of the features that the original has and the office's export of it
+    /// lacks. Empty if none is found.
     [[nodiscard]] virtual std::string lossesOf(const EditedPackage& package) const = 0;
-    /// Returns whether the office itself wrote the original, so that it loses nothing when it is written
-    /// again.
+    /// Returns true if the office itself wrote the original, so that writing it again loses nothing.
     [[nodiscard]] virtual bool isExport(const EditedPackage& package) const = 0;
-    /// Returns how many of the entries of a package are those of the original, byte for byte as they are
-    /// packed. Folders do not count.
+    /// Returns the number of entries of a package that are byte for byte those of the original, as packed.
+    /// Folders are not counted.
     [[nodiscard]] virtual KeptEntries keptEntries(const std::string& original,
                                                   const std::string& grafted) const = 0;
     /// Compares the office's export of the grafted package with that of the edited document; returns the
-    /// first difference that is not the office's own, or none. An office does not write all that it made
-    /// itself as it reads it: each block of the proof may equal the edited document's or that of the edited
-    /// document's export as read and written once more, which may be empty.
+    /// first difference that is not the office's own, or none. An office does not always read its own output
+    /// as it was: each block of the proof may equal that of the edited document, or that of the edited
+    /// document's export after it was read and written once more. The latter may be empty.
     [[nodiscard]] virtual std::optional<GraftRefusal> findFault(const EditedPackage& package,
                                                                 const std::string& editedAgain,
                                                                 const std::string& proof) const = 0;

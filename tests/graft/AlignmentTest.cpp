@@ -47,7 +47,7 @@ TEST(SequenceAlignmentTest, FindsTheShortestScript) {
     for (const Script& row : cases) {
         const auto gaps = gapsBetween(lettersOf(row.former), lettersOf(row.now));
         ASSERT_TRUE(gaps);
-        // Several scripts are equally short, so the number of letters counts and the result of applying it.
+        // Several scripts may be equally short, so their length and their effect are compared.
         std::string made;
         std::size_t at = 0;
         for (const Gap& gap : *gaps) {

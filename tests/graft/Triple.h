@@ -49,7 +49,7 @@ inline std::string bodyOf(const std::string& bytes) {
     return xml.substr(start, xml.rfind("</w:body>") - start);
 }
 
-/// The original, the export of what was opened and that of what was edited.
+/// The original, the export of the opened document and that of the edited one.
 struct Triple {
     std::string original;
     std::string baseline;
@@ -65,7 +65,7 @@ struct Triple {
     }
 };
 
-/// Returns the body of the grafted document, or why there is none.
+/// Returns the body of the grafted document, or the reason of a refusal.
 inline std::string resultOf(const model::GraftResult& result) {
     if (std::holds_alternative<model::NothingChanged>(result)) return "nothing changed";
     if (const auto* const refusal = std::get_if<model::GraftRefusal>(&result))

@@ -18,7 +18,7 @@ std::string marked(const std::string& name, const std::string& inside) {
     return "<w:bookmarkStart w:id=\"1\" w:name=\"" + name + "\"/>" + inside + "<w:bookmarkEnd w:id=\"1\"/>";
 }
 
-/// The runs of an original carry what no export has; the exports have properties of their own.
+/// The runs of an original have properties that exports lack, and the exports have properties of their own.
 const std::string kOwn = "<w:color w:val=\"4F81BD\" w:themeColor=\"accent1\"/>";
 const std::string kShown = "<w:color w:val=\"4F81BD\"/><w:kern w:val=\"0\"/>";
 
@@ -95,7 +95,7 @@ TEST(WordGraftTest, RepeatsTheChangesAndNothingElse) {
     }
 }
 
-/// The graft of what was opened and of itself changes nothing, whatever the original holds.
+/// The graft of equal exports changes nothing in any original.
 TEST(WordGraftTest, MakesNothingOfNothing) {
     for (const Case& row : kCases) {
         const Triple triple{wordFile(row.original), wordFile(row.baseline), wordFile(row.baseline)};
@@ -116,7 +116,7 @@ TEST(WordGraftTest, KeepsOtherEntriesAsTheyArePacked) {
     EXPECT_GE(kept.all, 4);
 }
 
-/// Another kind of document is another content type, with the same text.
+/// Documents of another kind have another content type and the same text.
 TEST(WordGraftTest, WritesAnotherKindWithoutAChange) {
     const std::string original = wordFile(kOld);
     const std::string exported = wordFile(kOldShown);
@@ -129,7 +129,7 @@ TEST(WordGraftTest, WritesAnotherKindWithoutAChange) {
     EXPECT_THAT(package.contentTypes().of(kMainPart), HasSubstr("template"));
 }
 
-/// One header of the file, which the export has twice.
+/// A header of the original that the export has twice.
 TEST(WordGraftTest, ChangesAHeaderOnceThatIsExportedTwice) {
     const auto header = [](const std::string& text) {
         return "<w:hdr " + kNamespaces + ">" + paragraph(text) + "</w:hdr>";
@@ -180,7 +180,7 @@ TEST(WordProofTest, SeesWhatIsNotAsTheUserMadeIt) {
         EXPECT_EQ(triple.fault(wordFile(row.proof)), row.found) << row.proof;
 }
 
-/// The office does not read all that it makes as it makes it.
+/// The office does not read all properties that it writes.
 TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
     const std::string again = "<w:p>" + run("Old new text", "<w:i/>") + "</w:p>";
     const Triple triple{wordFile(kOld), wordFile(kOldShown),

@@ -87,7 +87,7 @@ TEST_F(LetterReferences, BecomeTextInOneDocument) {
     EXPECT_EQ(bodyXml(files.files["/all.docx"]).find("REF"), std::string::npos);
 }
 
-/// A header without a place of its own follows the records, too.
+/// A header with a field but without a place changes with the records, too.
 TEST_F(LetterReferences, HeadersFollowTheRecords) {
     settings.use = letters::LetterUse::OneForAll;
     const std::string body =

@@ -5,7 +5,7 @@
 namespace mergeloom {
 namespace {
 
-/// What counts, and what has to be unique, in one document for all records.
+/// Numbering, and unique ids, in one document for all records.
 class LetterSections : public LetterTest {
   protected:
     LetterSections() {

@@ -27,7 +27,7 @@ TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
         const auto character = [](const std::string& type) {
             return inRun("<w:fldChar w:fldCharType=\"" + type + "\"/>");
         };
-        // Word splits codes anywhere.
+        // Word may split codes at any character.
         return character("begin") + inRun("<w:instrText>" + code.substr(0, 3) + "</w:instrText>") +
                inRun("<w:instrText>" + code.substr(3) + "</w:instrText>") + character("separate") + run("1") +
                character("end");
@@ -65,7 +65,7 @@ TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
         EXPECT_EQ(compiled(wordFile(c.body))->canShareLayout(), c.isShared) << c.body;
 }
 
-/// Lists count on through a document, also those of which a style is based on a numbered one.
+/// Lists continue through a document, also those of a style that is based on a numbered one.
 TEST_F(SharedLayout, ListsAreNotShared) {
     const auto isShared = [&](const std::string& style) {
         const std::string body =
@@ -101,7 +101,7 @@ TEST_F(SharedLayout, RecordsAreMarkedInsteadOfOtherBookmarks) {
     EXPECT_EQ(xml.find("\"Own\""), std::string::npos);
 }
 
-/// Many documents are written with one template.
+/// One template writes several documents.
 TEST_F(SharedLayout, TheNextDocumentHasOnlyItsOwnRecords) {
     const std::string file = wordFile(paragraph(place("A")));
     const auto letters = compiled(file);

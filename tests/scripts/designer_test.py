@@ -83,7 +83,7 @@ class DesignerTest(unittest.TestCase):
         wait_for("the question about losses", is_asked)
 
     def save_as(self, name, accepts_loss=False):
-        """Saves under a name; in spite of losses only if they are accepted, which are asked about then."""
+        """Saves under a name. Answers the question about losses if they are accepted."""
         path = self.folder / name
         self.designer.wait_until_active()
         key("ctrl+shift+s")

@@ -138,7 +138,7 @@ def minimize():
 
 
 def restore():
-    """Shows the window again that was minimized last."""
+    """Restores the window that was minimized last."""
     xdotool("windowactivate", "--sync", MINIMIZED.pop())
 
 
@@ -158,7 +158,7 @@ def pixels(left, top, width, height):
 
 
 def share_of_color(box, color):
-    """The part of the pixels in a box of left, top, width and height that have a color."""
+    """Returns the share of the pixels of a color in a box of left, top, width and height."""
     taken = pixels(*box)
     matching = sum(taken[index:index + 3] == bytes(color) for index in range(0, len(taken), 3))
     return 3 * matching / len(taken)
@@ -301,7 +301,7 @@ class Designer:
         key("Right")
 
     def document_box(self):
-        """The left, top, width and height of the hosted document's pane."""
+        """Returns the left, top, width and height of the hosted document's pane."""
         box = self.element("filler", "Document").get_extents(Atspi.CoordType.SCREEN)
         return box.x, box.y, box.width, box.height
 
@@ -347,7 +347,7 @@ class Designer:
         return chain
 
     def end(self):
-        """Ends the program, if it still runs."""
+        """Ends the program if it is still running."""
         if self.process.poll() is None:
             self.process.send_signal(signal.SIGTERM)
             try:

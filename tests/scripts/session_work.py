@@ -84,7 +84,7 @@ class Session(DesignerTest):
         type_text(text)
 
     def places(self):
-        """The document's places in the order of the list, also those that are scrolled out of sight."""
+        """Returns the document's places in the order of the list, including those that are scrolled out of view."""
         def names():
             lists = find(self.designer.application, "list", "Places of the document")
             return [[item.get_name() for item in children(lists[0])] if lists else []]
@@ -94,7 +94,7 @@ class Session(DesignerTest):
         wait_for("the window without a dialog", lambda: not self.designer.has_dialog(), 5)
 
     def drop_found(self, node, by_mouse, chooses_fields=False):
-        """Drops a node of which the tree shows one."""
+        """Drops a node that the tree shows once."""
         place = self.designer.node(node)
         if by_mouse:
             drag(place, self.next_place())
@@ -108,14 +108,14 @@ class Session(DesignerTest):
         self.dropped += 1
 
     def drop_fields(self, prefix, numbers, part=None):
-        """Drops fields, or the parts of fields that stand below them, every other one by the mouse."""
+        """Drops fields, or the parts below them, every other one by the mouse."""
         for number in numbers:
             caption = f"{prefix} {number:02}"
             self.search(caption)
             if part:
                 self.designer.expand(caption)
             before = self.places()
-            # A value at the end of a line after which the mouse would drop the next one refuses it.
+            # The mouse cannot drop after a value at the end of a line.
             by_mouse = number % 2 and part not in ("Label and Value", "Value")
             self.drop_found(part or caption, by_mouse)
             if number % 10 == 0:
@@ -124,7 +124,7 @@ class Session(DesignerTest):
                 self.move_on()
 
     def undo_and_redo(self, before):
-        """Takes the last drop back and does it again."""
+        """Undoes the last drop and redoes it."""
         wait_for("the new place", lambda: self.places() != before)
         after = self.places()
         self.enter_document()
@@ -138,7 +138,7 @@ class Session(DesignerTest):
         self.move_on()
 
     def look_back(self):
-        """The list of places is made anew when the mouse comes back from the document."""
+        """Waits for the list of places, which is updated when the mouse comes back from the document."""
         click(middle(self.designer.element("text", "Search:")))
 
     def drop_objects(self, objects):
@@ -162,7 +162,7 @@ class Session(DesignerTest):
         self.wait_until_free()
 
     def wait_until_free(self):
-        """Waits for the end of a command that has shown its result already: until then the window takes no other."""
+        """Waits for the end of a command that has shown its result already. The window accepts no other before."""
         self.designer.wait_until_active()
 
         def is_taken():
@@ -194,7 +194,7 @@ class InWord(Session):
         return self.designer.corner()
 
     def move_on(self):
-        """Goes on in a new paragraph at the end of the document. The key first goes to the ends of a cell and of its
+        """Moves to a new paragraph at the end of the document. The key first goes to the ends of a cell and of its
         table."""
         self.enter_document()
         key("ctrl+End", "ctrl+End", "ctrl+End", "ctrl+End", "Return")
@@ -281,7 +281,7 @@ class InExcel(Session):
         return left + 80 + column * self.COLUMN_WIDTH, top + 150 + row % 15 * self.ROW_HEIGHT
 
     def move_on(self):
-        """Goes on in the first free cell below what the sheet has."""
+        """Moves to the first free cell below the sheet's content."""
         self.enter_document()
         key("ctrl+End", "Home", "Down", "Down")
 

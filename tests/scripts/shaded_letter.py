@@ -1,4 +1,4 @@
-"""Writes a letter whose text is shaded in a color that nothing else on the screen has."""
+"""Writes a letter whose text is shaded in a color that occurs nowhere else on the screen."""
 import docx
 from docx.oxml import OxmlElement
 from docx.oxml.ns import qn

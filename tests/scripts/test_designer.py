@@ -136,7 +136,7 @@ class InWord(DesignerTest):
         left, top = designer.document()
 
         def is_selected():
-            """Goes down until the point is within a line and not between two paragraphs."""
+            """Moves down until the point is inside of a line and not between two paragraphs."""
             nonlocal top
             top += 8
             double_click((left, top))

@@ -1,4 +1,4 @@
-"""The designer's own menus, which stand beside the office's."""
+"""The designer's own menus, which are beside the office's."""
 import unittest
 
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401

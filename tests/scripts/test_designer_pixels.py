@@ -14,7 +14,7 @@ SMALLEST_SHARE = 0.2
 MISSED_MOVE = PROGRAM.parent / "test_missed_move.so"
 
 
-# A desktop's palette in the file in which the toolkit looks for it.
+# A desktop's palette, in the file from which the toolkit reads it.
 DARK = (42, 46, 50)
 PALETTE = """[Colors:Window]
 BackgroundNormal={0},{1},{2}
@@ -42,13 +42,13 @@ class LookTest(DesignerTest):
         self.designer.wait_until_ready()
 
     def edge(self, factor):
-        """The colors at the left edge of the pane, from its top down; the office's menu bar comes first."""
+        """Returns the colors at the left edge of the pane, from the top down. The office's menu bar is at the top."""
         left, top, _, height = (factor * length for length in self.designer.document_box())
         column = pixels(left + 2, top, 1, height)
         return [tuple(column[index:index + 3]) for index in range(0, len(column), 3)]
 
     def menu_height(self, factor):
-        """The height of what is above the first dark bar, once most of the edge is dark."""
+        """Returns the height above the first dark bar once most of the edge is dark."""
         colors = self.edge(factor)
         return colors.count(DARK) > 0.8 * len(colors) and colors.index(DARK)
 

@@ -24,7 +24,7 @@ class PlacesTest(DesignerTest):
         return bool(cells) and "place in the document" in cells[0].get_description()
 
     def rename(self, place, name):
-        """The mouse rests over the document meanwhile, which must not get the keys."""
+        """The mouse is over the document, which must not get the keys."""
         click(self.place(place))
         point_at(self.designer.document())
         key("F2")
@@ -43,12 +43,12 @@ class PlacesTest(DesignerTest):
 
 
     def wait_for_tip(self, name):
-        """Lets the mouse rest over the document; its first point may be beside the place."""
+        """Lets the mouse rest over the document. The first point may be beside the place."""
         wait_for(f"the tip {name}", lambda: any(
             tip.get_name().startswith(name) for tip in find(self.designer.application, "tool tip")))
 
     def picture_of(self, role, name):
-        """The pixels of the picture before a node or a place."""
+        """Returns the pixels of the picture before a node or a place."""
         box = self.designer.element(role, name).get_extents(0)  # on the screen
         left = box.x if role == "list item" else box.x + 2
         return pixels(left, box.y, 18, box.height)

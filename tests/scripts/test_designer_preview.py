@@ -12,7 +12,7 @@ REFUSED = "Nothing was inserted. Press F5 to return from the preview to the temp
 
 class PreviewTest(DesignerTest):
     def structure_with(self, *customers):
-        """The sample's structure with an order of each of these customers."""
+        """Returns the sample's structure with an order of each of these customers."""
         text = SAMPLE.read_text(encoding="utf-8")
         records = "".join(map(ORDER.format, customers))
         data = f"<Data><Records>{records}</Records></Data>" if customers else ""
@@ -31,7 +31,7 @@ class PreviewTest(DesignerTest):
         self.wait_for_status(status)
 
     def shown_text(self):
-        """The text that is selected in the document, by way of the clipboard and the search box. A blank follows
+        """Returns the text that is selected in the document, which it copies into the search box. A blank follows
         a place at the end."""
         key("ctrl+c")
         box = find(self.designer.application, "text")[0]
@@ -44,7 +44,7 @@ class PreviewTest(DesignerTest):
         return text.strip()
 
     def texts_of_records(self, *keys):
-        """The text of each of the records that the keys lead to."""
+        """Returns the text of each of the records that the keys show."""
         texts = []
         for name, status in keys:
             self.press(name, status)
@@ -53,7 +53,7 @@ class PreviewTest(DesignerTest):
         return texts
 
     def undo_until(self, condition):
-        """Undoes steps until the window, whose lists are made anew when the mouse comes back, shows what is wanted."""
+        """Undoes steps until the window is as expected. Its lists are updated when the mouse comes back."""
         def is_undone():
             wait_for("the keyboard in the document", document_has_keyboard)
             key("ctrl+z")

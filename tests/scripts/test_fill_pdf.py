@@ -14,7 +14,7 @@ from docx.oxml.ns import nsdecls
 import fill_data
 from program_test import SAMPLE, ProgramTest, map_sample
 
-# What differs between two conversions of one document.
+# The parts that differ between two conversions of one document.
 TIMES = re.compile(rb"/CreationDate\(D:[^)]*\)|/DocChecksum /[0-9A-F]{32}|<[0-9A-F]{32}>")
 
 
@@ -51,7 +51,7 @@ class FillingPdf(ProgramTest):
         return fill_data.write_orders(SAMPLE, self.folder / "data.xml", len(self.LINES), 60, give_lines)
 
     def designed(self, change=lambda document: None):
-        """The template with the order's number and the page's in its header, each page for itself."""
+        """Returns the template with the numbers of the order and of the page in its header, one page per file."""
         document = docx.Document(self.template)
         header = document.sections[0].header.paragraphs[0]
         header.text = "Order "
@@ -66,7 +66,7 @@ class FillingPdf(ProgramTest):
         return target
 
     def fill_both_ways(self, template):
-        """Fills all records at once and one of them alone; gives the folder of the former, and the latter."""
+        """Fills all records at once and one of them alone; returns the folder of all and the file of the one."""
         data = self.orders()
         together, alone = self.folder / "together", self.folder / "alone.pdf"
         together.mkdir()
@@ -87,7 +87,7 @@ class FillingPdf(ProgramTest):
         self.assertEqual(without_times(files[1]), without_times(alone))
 
     def test_records_that_depend_on_their_document(self):
-        """The number of all pages is that of the record, whatever else is converted."""
+        """The number of pages is that of the record, not of all converted records."""
         def add_total(document):
             footer = document.sections[0].footer.paragraphs[0]
             footer.add_run("Pages: ")
@@ -99,7 +99,7 @@ class FillingPdf(ProgramTest):
         self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
 
     def test_lists_begin_again(self):
-        """Styles number their paragraphs, too."""
+        """Paragraphs may be numbered by their styles."""
         document = docx.Document()
         number = document.add_paragraph()
         for xml in ('<w:bookmarkStart {0} w:id="900" w:name="OrderNumber"/>',

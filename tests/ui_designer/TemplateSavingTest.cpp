@@ -88,7 +88,7 @@ TEST_F(TemplateSaving, AFileThatIsOpenElsewhereStays) {
     EXPECT_FALSE(host().hosted()->Saved());
 }
 
-/// An office over this store always writes a file that differs from the document.
+/// A store whose office always writes a file that differs from the document.
 class DifferingStore final : public FileStore {
   public:
     explicit DifferingStore(FileStore& files) : files_(files) {}
@@ -144,7 +144,7 @@ TEST_F(TemplateSaving, WhatDiffersIsOfferedAsACopyUnderAnotherName) {
     EXPECT_THAT(errors.reports, IsEmpty());
 }
 
-/// An office over this store cannot repeat the changes on the original at its first save.
+/// A store whose office cannot repeat the changes on the original at its first save.
 class LossyStore final : public FileStore {
   public:
     explicit LossyStore(FileStore& files) : files_(files) {}

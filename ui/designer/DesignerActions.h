@@ -11,8 +11,8 @@ class QMenuBar;
 
 namespace mergeloom {
 
-/// The commands of the window in a menu bar, which stands over the tree. None of the menus has the name of
-/// one of the office's, whose menu bar stands beside it.
+/// The commands of the window, in a menu bar above the tree. No menu has the name of a menu of the office,
+/// whose menu bar is beside it.
 class DesignerActions final : public QObject {
     Q_OBJECT
 

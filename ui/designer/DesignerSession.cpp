@@ -265,7 +265,7 @@ bool DesignerSession::findPlacesAt(HostPoint point) {
     return askForPlaces(ask, isFindingPlacesAt_, &DesignerSession::placesFoundAt);
 }
 
-/// Returns false, and does nothing, while the office is busy or the same is asked already.
+/// Returns false, and does nothing, while the office is busy or the same search is running.
 bool DesignerSession::askForPlaces(const std::function<std::vector<std::string>(DocumentHost&)>& ask,
                                    bool& isAsking, void (DesignerSession::*found)(const QStringList&)) {
     if (!isFree() || std::exchange(isAsking, true)) return false;

@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kDragInterval = 50ms;
-/// The mouse rests when it was at the same point twice in this time.
+/// The interval of the polls. A mouse that is at the same point in two polls rests.
 constexpr std::chrono::milliseconds kPointerInterval{300};
 constexpr auto kMinSizeInterval = 50ms;
 
@@ -109,8 +109,7 @@ void HostPane::emitDragPoint() {
     if (dragPoint_) Q_EMIT draggedOver(*dragPoint_);
 }
 
-/// Asks where the mouse is, since its moves over the document go to the office. A rest is a point that was
-/// the same twice.
+/// Polls the position of the mouse, since its moves over the document go to the office.
 void HostPane::watchPointer() {
     const QPoint pointer = QCursor::pos();
     const bool moved = std::exchange(pointer_, pointer) != pointer;

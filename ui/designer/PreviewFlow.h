@@ -17,9 +17,9 @@ namespace mergeloom {
 /// The directions in which a preview goes through its letters.
 enum class PreviewStep { Next, Previous };
 
-/// Shows the hosted template filled with the records of the structure document. The template stays open
-/// behind the preview and is not changed. Called by the windows' thread; the work is a job of the office's.
-/// No error leaves it.
+/// Shows the hosted template filled with the records of the structure document. The template stays open below
+/// the preview and is not changed. Called by the windows' thread; the work is a job of the office's. No error
+/// leaves it.
 class PreviewFlow {
   public:
     /// The objects that have to outlive it.

@@ -15,7 +15,7 @@ enum class StructureState { Missing, Shown };
 
 /// Returns the sentence that tells the user what to do next.
 QString nextStep(StructureState structure);
-/// Returns the sentence about the records that a preview shows.
+/// Returns a sentence about the records that a preview shows.
 QString previewSentence(const PreviewedRecords& records);
 /// Returns the sentence about a node that was inserted, with its place; it names the object that the node is
 /// part of.

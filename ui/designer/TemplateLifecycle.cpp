@@ -37,7 +37,7 @@ std::string copyNameOf(const std::string& path) {
     return name.substr(0, name.size() - ending.size()) + " (copy)" + ending;
 }
 
-/// Returns what the status line says after a save.
+/// Returns the text of the status line after a save.
 std::string savedSentence(model::OfficeDocument& document, const std::string& path) {
     const std::optional<model::KeptEntries> kept = document.keptEntries();
     if (!kept) return quoted(path) + " was saved.";
@@ -250,7 +250,7 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     return true;
 }
 
-/// Asks before anything is written, and makes the copies that the user wants.
+/// Asks the user before any file is written, and makes the copies that the user chooses.
 bool TemplateLifecycle::acceptsLoss(const model::LossySave& loss, const std::string& path) {
     const bool hasFormer = ports_.files.exists(path);
     const std::string kept = hasFormer ? "keep a copy of the present file beside it and " : "";

@@ -116,7 +116,7 @@ frmMain::frmMain(DocumentKind kind)
     showState();
 }
 
-/// Puts the menus over the tree. The office has a menu bar of its own over the document.
+/// Puts the menus above the tree. The office has a menu bar of its own above the document.
 void frmMain::layOutLeftSide() {
     auto* const column = new QWidget(splitter_);
     auto* const rows = new QVBoxLayout(column);
@@ -212,7 +212,7 @@ void frmMain::showPreview(bool isShown) {
     } else {
         session_.endPreview();
     }
-    // The command's mark may differ from what was done.
+    // The command's check mark may differ from the result.
     actions_->setPreviewing(session_.previewed().has_value());
 }
 

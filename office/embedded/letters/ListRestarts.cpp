@@ -15,7 +15,8 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Stands for the id of a further instance, and for the position after the last list. No text contains it.
+/// Placeholder for the id of a further instance, and for the position after the last list. No text contains
+/// it.
 constexpr const char* kNewId = "\uFDD0";
 
 pugi::xml_node childWith(pugi::xml_node parent, const std::string& element, const std::string& attribute,
@@ -32,7 +33,7 @@ class ListReader {
 
     [[nodiscard]] const char* idOf(pugi::xml_node list) const { return names_.value(list, "numId"); }
 
-    /// Returns the definition of a list; none if it does not count.
+    /// Returns the definition of a list, or none if it is not numbered.
     [[nodiscard]] pugi::xml_node definitionOf(pugi::xml_node list) const {
         const pugi::xml_node reference = list.child(names_.element("abstractNumId").c_str());
         const pugi::xml_node definition =

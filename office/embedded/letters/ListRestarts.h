@@ -9,8 +9,8 @@
 
 namespace mergeloom::embedded {
 
-/// Lets the lists of a template count from their start again in each section of one document for all records,
-/// by further instances of them (ECMA-376 Part 1, 17.9.15 and 17.9.27).
+/// Restarts the lists of a template in each section of one document for all records, by further instances of
+/// the lists (ECMA-376 Part 1, 17.9.15 and 17.9.27).
 class ListRestarts {
   public:
     /// Word numbers the instances of lists up to this one.
@@ -18,16 +18,16 @@ class ListRestarts {
 
     explicit ListRestarts(opc::Package& package);
 
-    /// Returns true for the id of a list that counts, and begins to restart it.
+    /// Returns true for the id of a numbered list, and begins to restart it.
     bool use(const std::string& id);
-    /// Returns the id of a list that is used in a section, from 0. Beyond kMaxLists it counts on.
+    /// Returns the id of a list in a section, counted from 0. Lists beyond kMaxLists are not restarted.
     std::string idIn(std::int64_t section, const std::string& id);
     /// Returns true if a list could not be restarted.
     [[nodiscard]] bool isExhausted() const { return isExhausted_; }
 
     /// Returns the name of the part with the lists; empty if no list was restarted.
     [[nodiscard]] std::string partName() const { return restarts_.empty() ? std::string() : partName_; }
-    /// Returns the XML of the part with the restarted lists, and forgets them.
+    /// Returns the XML of the part with the restarted lists, and discards them.
     std::string takeXml();
 
   private:

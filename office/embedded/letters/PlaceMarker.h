@@ -14,7 +14,7 @@ struct MarkedPlace {
     std::string name;  ///< the name of the bookmark, or empty for a field that repeats it
     letters::PlaceSource source;
     bool isPicture = false;
-    Emu textWidth{};           ///< of the text around it, for a picture
+    Emu textWidth{};           ///< the width of the text around it, for a picture
     bool isReference = false;  ///< true for the result of a field
 };
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// Makes what is repeated, for rows or for records, unique in a document.
+/// Makes the ids of repeated rows and records unique in a document.
 namespace mergeloom::embedded {
 
 namespace {

@@ -38,7 +38,7 @@ bool isOneOf(const Names& names, std::string_view name) {
     return std::ranges::find(names, name) != names.end();
 }
 
-/// Searches the parts of a template for what needs a document of its own.
+/// Searches the parts of a template for content that needs a document of its own.
 class DependentContent {
   public:
     DependentContent(const opc::XmlPart& part, const std::set<std::string>& numberedStyles)

@@ -52,8 +52,8 @@ class CalcFormerCells {
     /// Must run within a call.
     CalcFormerCells(const Reference<css::sheet::XSpreadsheet>& sheet, const excel::CellArea& area);
 
-    /// Restores the contents of the cells and keeps those that they had. The function is called after each
-    /// change. Must run within a call.
+    /// Exchanges the contents of the cells with the kept ones. The function is called after each change. Must
+    /// run within a call.
     void exchange(const std::function<void()>& afterChange);
 
   private:

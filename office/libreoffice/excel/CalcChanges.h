@@ -11,7 +11,7 @@ namespace mergeloom::libreoffice {
 /// The changes of a step, in the order in which they were made.
 class CalcChanges {
   public:
-    /// Adds a change of what this process remembers of the document. It is undone once and not redone:
+    /// Adds a change of this process's copy of the document's state. It is undone once and not redone:
     /// another object has read the document by then.
     void add(std::function<void()> undoChange) { done_.push_back({std::move(undoChange), Kind::Memory}); }
     /// Adds a change of the document itself. The function exchanges the document's content with the content
@@ -22,9 +22,9 @@ class CalcChanges {
 
     void clear();
     [[nodiscard]] bool isEmpty() const { return done_.empty(); }
-    /// Undoes the changes, the last one first. A change that could not be undone is not tried again.
+    /// Undoes the changes in reverse order. A change that could not be undone is not tried again.
     void undo();
-    /// Redoes the undone changes of the document, the first one first.
+    /// Redoes the undone changes of the document, in their order.
     void redo();
 
   private:

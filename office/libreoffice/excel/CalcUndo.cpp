@@ -15,7 +15,7 @@ void lockAgain(const Reference<css::document::XUndoManager>& manager) {
 
 namespace {
 
-/// Keeps an undo list from recording what undoing and redoing change.
+/// Keeps an undo list from recording the changes of undoing and redoing.
 class UndoLock {
   public:
     explicit UndoLock(const Reference<css::document::XUndoManager>& manager) : manager_(manager) {
@@ -144,8 +144,8 @@ bool CalcUndo::undo() {
     return true;
 }
 
-/// A record without changes is not a step; undoing must not undo the user's own steps before it. What the
-/// model takes back is not offered to the user again.
+/// A record without changes is not a step; undoing must not undo the user's own steps before it. Steps that
+/// the model undoes are not offered to the user for redoing.
 bool CalcUndo::undoInOffice() {
     if (wasEmpty_) return false;
     return connection_.call([&] {

@@ -31,7 +31,7 @@ class CalcUndoAction final : public cppu::WeakImplHelper2<css::document::XUndoAc
     OUString SAL_CALL getTitle() override { return title_; }
     void SAL_CALL undo() override;
     void SAL_CALL redo() override;
-    /// Shows what the active cell holds now, which the office does not do by itself.
+    /// Shows the present content of the active cell, which the office does not do by itself.
     void SAL_CALL notify(const css::uno::Any&) override;
 
   private:
@@ -72,7 +72,8 @@ class CalcUndo {
     [[nodiscard]] bool isRecording() const { return depth_ > 0; }
     /// Must be called before a change: the steps recorded before cannot be undone past it.
     void change();
-    /// Records how to undo a change of what this process remembers; outside of a record it is dropped.
+    /// Records how to undo a change of this process's copy of the document's state. Does nothing outside of a
+    /// record.
     void record(std::function<void()> undoAction);
     /// Records a change of the document by a function that undoes and redoes it (CalcChanges::addExchange).
     void recordExchange(std::function<void()> exchange);

@@ -20,7 +20,7 @@ class CalcWorkbook final : public excel::Workbook {
                  bool hasFile);
 
     /// Repeats the changes on an original from now on, if a file of its format can be one. The office may be
-    /// none.
+    /// null.
     void keepOriginal(const GraftingOfficePtr& office, const std::string& path);
 
     excel::ApplicationPtr Application() override;

@@ -116,9 +116,9 @@ HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, 
     waitUntilNoticed();
 }
 
-/// The office paints nothing before it has noticed that its parent window is visible, and until then takes
-/// its own window for one without extent. It learns it from the events of the move, which it does not always
-/// take in. Waits for a limited time: a window that stays blank is better than a program that hangs.
+/// The office paints nothing until it has noticed that its parent window is visible, and treats its own
+/// window as empty until then. It notices it by the events of the move, some of which it loses. Waits for a
+/// limited time: a window that stays blank is better than a program that hangs.
 void HostFrame::waitUntilNoticed() const {
     if (width_ <= 0 || height_ <= 0) return;
     const auto first = std::chrono::steady_clock::now();

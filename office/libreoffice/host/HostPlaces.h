@@ -18,7 +18,7 @@ class HostPlaces {
     explicit HostPlaces(const DocumentReference& document);
 
     [[nodiscard]] std::vector<std::string> names() const;
-    /// Returns the places at a target in the view. Paragraphs that are alike cannot be told apart.
+    /// Returns the places at a target in the view. Equal paragraphs cannot be distinguished.
     [[nodiscard]] std::vector<std::string> at(const CaretTarget& target,
                                               const Reference<css::frame::XController>& view) const;
     /// Selects the text or the cells of a place. This member and those below raise kCommandFailed with a

@@ -83,7 +83,7 @@ std::optional<model::GraftRefusal> KeptOriginal::findFault(const model::EditedPa
     const model::PackageGraft& graft = office_->graft();
     const std::string proof = exportOf(result, package.fileName, format);
     if (!graft.findFault(package, {}, proof)) return {};
-    // Most exports are read as they were written, so this is made only when it is needed.
+    // Most exports are read as they were written, so this is made on demand.
     return graft.findFault(package, exportOf(package.edited, package.fileName, format), proof);
 }
 

@@ -13,12 +13,12 @@
 
 namespace mergeloom::libreoffice {
 
-/// Repeats the changes of documents that users edit on their originals. A second office, which nobody sees,
-/// exports what the graft compares; it is started when it is needed first, and again after it died, so that
-/// a document that ends it does not end the one that users see.
+/// Repeats the changes of edited documents on their originals. A second, hidden office makes the exports that
+/// are compared. It is started on demand, and again after it has ended, so that a document that crashes it
+/// does not end the visible one.
 class GraftingOffice {
   public:
-    /// Both must outlive it.
+    /// The arguments must outlive it.
     GraftingOffice(const model::PackageGraft& graft, FileStore& files) : graft_(graft), files_(files) {}
 
     [[nodiscard]] const model::PackageGraft& graft() const { return graft_; }
@@ -33,26 +33,27 @@ class GraftingOffice {
 
 using GraftingOfficePtr = std::shared_ptr<GraftingOffice>;
 
-/// What the office wrote of an open document: as it wrote it, and with its places mended.
+/// The office's export of an open document: as it was written, and with its places mended.
 struct WrittenDocument {
     const std::string& exported;
     const std::string& mended;
 };
 
-/// The file of a document as it was opened. All saves of a session repeat the document's changes on it, so
-/// that nothing that one save spoils is spoilt again by the next.
+/// The file of a document as it was opened. Each save of a session repeats all changes on it, so that faults
+/// of one save do not affect the next.
 class KeptOriginal {
   public:
     /// The source is the path that the office has for the document, from which its relative links lead.
     KeptOriginal(GraftingOfficePtr office, std::string source, std::string bytes)
         : office_(std::move(office)), source_(std::move(source)), bytes_(std::move(bytes)) {}
 
-    /// Returns whether a save in the format can keep the original.
+    /// Returns true if a save in the format can keep the original.
     [[nodiscard]] bool serves(SaveFormat format) const;
     /// Returns the file to write. Raises LossySave, with the mended bytes, when the changes cannot be
     /// repeated or the result is not proved; errors of the hidden office as LossySave, too.
     std::string save(const WrittenDocument& written, const std::string& path, SaveFormat format);
-    /// Returns how much of the original is in the file that save returned last; none before.
+    /// Returns the number of the original's entries in the file that save returned last. Returns none before
+    /// the first save.
     [[nodiscard]] const std::optional<model::KeptEntries>& kept() const { return kept_; }
 
   private:
@@ -71,8 +72,8 @@ class KeptOriginal {
     std::optional<model::KeptEntries> kept_;
 };
 
-/// Keeps the bytes of a document that was opened from the path; none when its kind is not grafted or the path
-/// is of another format than Open Packaging. Raises kFileCouldNotBeRead.
+/// Keeps the bytes of a document that was opened from the path. Returns none if its kind cannot be grafted,
+/// or if the file is of another format than Open Packaging. Raises kFileCouldNotBeRead.
 std::unique_ptr<KeptOriginal> keepOriginal(const GraftingOfficePtr& office, LibreOfficeFiles& shown,
                                            const DocumentReference& document, const std::string& path,
                                            DocumentKind kind);

@@ -20,7 +20,7 @@ class WriterDocument final : public word::Document {
                    const DocumentReference& document, std::string fullName, bool wasOpened);
 
     /// Repeats the changes on an original from now on, if a file of its format can be one. The office may be
-    /// none.
+    /// null.
     void keepOriginal(const GraftingOfficePtr& office, const std::string& path);
 
     /// Returns none if the document is closed.

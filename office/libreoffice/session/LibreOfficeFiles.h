@@ -90,9 +90,9 @@ class LibreOfficeFiles {
                           std::vector<css::beans::PropertyValue> properties);
     /// Opens the bytes that are to be written to a path, hidden; errors as for open.
     DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind);
-    /// Returns the office's own file of the bytes, which it reads hidden as though they were the source, the
-    /// path of a file or of another office's copy, and writes as though to the path. So relative links lead
-    /// to the same places. Raises the errors of open and exportCopy.
+    /// Reads the bytes in a hidden document as if they came from the source, which is the path of a file or
+    /// of another office's copy, and returns the office's export of it as if written to the path. So relative
+    /// links have the same targets. Raises the errors of open and exportCopy.
     std::string exportOf(const std::string& source, const std::string& bytes, const std::string& path,
                          SaveFormat format);
     /// Returns the path that an open document has in the office.

@@ -24,7 +24,7 @@ std::string shownCode(std::string_view code);
 /// Returns the type of a field by the keyword of its code (17.16.5), in which letter case does not count.
 WdFieldType typeOfCode(std::string_view code);
 
-/// Returns whether the result of a field is text of the document. All other results are made anew by each
+/// Returns true if the result of a field is text of the document. All other results are computed by each
 /// program that reads the document.
 bool hasTextOfItsOwn(std::string_view code);
 

@@ -131,7 +131,8 @@ TEST_F(DragOverText, AnEdgeScrollsTheText) {
     openLines(200);
     const std::int64_t before = caretAt(kOnWord);
     std::int64_t last = before;
-    // The bars below the text are of different heights in the versions of LibreOffice: look for the edge.
+    // The height of the bars below the text depends on the version of LibreOffice, so the edge is searched
+    // for.
     HostPoint edge{kOnWord.x, TestWindow::kPaneHeight - 30};
     EXPECT_TRUE(becomesTrue([&] {
         host().showDropPlace(edge);

@@ -1,5 +1,5 @@
-// Preloaded into an office: each of its parent windows' first events of becoming visible after a move is
-// lost, as now and then on a busy machine. The office then takes its window for one that nobody sees.
+// Preloaded into an office. Drops the first event by which each parent window becomes visible after a move,
+// as sometimes happens on a busy machine. The office then treats its window as hidden.
 
 #include <X11/Xlib.h>
 #include <dlfcn.h>
@@ -22,7 +22,7 @@ extern "C" int XNextEvent(Display* display, XEvent* event) {
     static const auto next = reinterpret_cast<int (*)(Display*, XEvent*)>(::dlsym(RTLD_NEXT, "XNextEvent"));
     const int result = next(display, event);
     if (event->type == ReparentNotify) moved.insert(event->xreparent.window);
-    // An event that no window of an office asks for.
+    // An event that no window of an office selects.
     if (isFirstAfterMove(*event)) event->type = NoExpose;
     return result;
 }

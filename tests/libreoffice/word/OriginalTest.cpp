@@ -96,7 +96,7 @@ class OriginalTest : public StructureTest {
                              progress, nullptr};
         return dropper.NodeDrop(node(key), document, xmlNodes, false, DocumentType::ByView, nullptr);
     }
-    /// Does what the object model has no member for.
+    /// Dispatches a command of the office that the object model has no member for.
     void addHeader() {
         sharedOffice(disk)->connection().call([&] {
             using libreoffice::Reference;
@@ -161,7 +161,7 @@ TEST_F(OriginalTest, GetsAPictureAsAPartOfItsOwn) {
               disk.read(MERGELOOM_SAMPLES "/pictures/letterhead.png"));
 }
 
-/// The places are compared with those of the engine that unattended runs use, through one reader.
+/// Reads the places with the engine of unattended runs, for both documents.
 TEST_F(OriginalTest, GetsThePlacesOfAnUnattendedRun) {
     const std::string original = originalFile();
     write(original);
