@@ -42,12 +42,15 @@ void FocusHolder::makeHolder() {
     xcb_flush(connection_);
 }
 
-/// Moves the focus from the window to the holder, unless another window has it by now.
+/// Moves the focus from the window to the holder, unless another window has it by now. Grabs the server, so
+/// that no click gives the focus to the document between the question and the move.
 void FocusHolder::takeFocus() const {
+    xcb_grab_server(connection_);
     const std::unique_ptr<xcb_get_input_focus_reply_t, void (*)(void*)> current(
         xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr), std::free);
-    if (!current || current->focus != window_) return;
-    xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, holder_, XCB_CURRENT_TIME);
+    if (current && current->focus == window_)
+        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, holder_, XCB_CURRENT_TIME);
+    xcb_ungrab_server(connection_);
     xcb_flush(connection_);
 }
 

@@ -30,13 +30,6 @@ std::string quoted(const std::string& path) {
     return "“" + fileNameOnly(path) + "”";
 }
 
-/// Returns the name that is proposed for a copy of the file.
-std::string copyNameOf(const std::string& path) {
-    const std::string ending = "." + extension(path);
-    const std::string name = fileNameOnly(path);
-    return name.substr(0, name.size() - ending.size()) + " (copy)" + ending;
-}
-
 /// Returns the text of the status line after a save.
 std::string savedSentence(model::OfficeDocument& document, const std::string& path) {
     const std::optional<model::KeptEntries> kept = document.keptEntries();
@@ -233,10 +226,10 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     try {
         write(path);
     } catch (const model::DifferingCopy& copy) {
-        offerToKeep(copy, path);
+        questions_.offerCopy(copy, path, startFolder());
         return false;
     } catch (const model::LossySave& loss) {
-        if (!acceptsLoss(loss, path)) return false;
+        if (!questions_.acceptsLoss(loss, path, startFolder())) return false;
         document.giveUpOriginal();
         write(path);
     }
@@ -247,22 +240,6 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     use(path);
     ports_.view.showCaption(captionOf(path, access_));
     ports_.view.showStatus(savedSentence(document, path));
-    return true;
-}
-
-/// Asks the user before any file is written, and makes the copies that the user chooses.
-bool TemplateLifecycle::acceptsLoss(const model::LossySave& loss, const std::string& path) {
-    const bool hasFormer = ports_.files.exists(path);
-    const std::string kept = hasFormer ? "keep a copy of the present file beside it and " : "";
-    const Message question{
-        loss.description() + "\r\n\r\nYes: " + kept +
-            "save LibreOffice's version.\r\nNo: save LibreOffice's version as a copy under "
-            "another name.\r\nCancel: write nothing.",
-        MessageIcon::Exclamation, MessageButtons::YesNoCancel, DefaultButton::Cancel};
-    const MessageAnswer answer = ports_.messages.show(question);
-    if (answer == MessageAnswer::No) saveElsewhere(loss.bytes(), path);
-    if (answer != MessageAnswer::Yes) return false;
-    if (hasFormer) (void)ports_.files.keepBackup(path);
     return true;
 }
 
@@ -278,25 +255,6 @@ void TemplateLifecycle::write(const std::string& path) {
     } else {
         ports_.office.saveAs(path);
     }
-}
-
-void TemplateLifecycle::offerToKeep(const model::DifferingCopy& copy, const std::string& path) {
-    const Message question{copy.description() + "\r\nDo you want to save this as a copy under another name?",
-                           MessageIcon::Exclamation, MessageButtons::YesNo};
-    if (ports_.messages.show(question) == MessageAnswer::Yes) saveElsewhere(copy.bytes(), path);
-}
-
-/// The bytes are in the format in which the template was to be saved, which the copy's name has to show.
-void TemplateLifecycle::saveElsewhere(const std::string& bytes, const std::string& path) {
-    std::string target = dialogs_.askToSave(ports_.office, startFolder(), copyNameOf(path));
-    if (target.empty()) return;
-    if (!equalsIgnoringCase(extension(target), extension(path))) target += "." + extension(path);
-    if (equalsIgnoringCase(target, path)) {
-        showMessage("The copy was not saved: " + path + " is the name of the template.",
-                    MessageIcon::Exclamation);
-        return;
-    }
-    ports_.files.write(target, bytes);
 }
 
 bool TemplateLifecycle::CloseTemplate() {

@@ -7,6 +7,7 @@
 #include "office/model/OfficeDocument.h"
 #include "ui/designer/DocumentKeeping.h"
 #include "ui/designer/HostedOffice.h"
+#include "ui/designer/SaveQuestions.h"
 #include "ui/designer/TemplateDialogs.h"
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateOffice.h"
@@ -56,6 +57,7 @@ class TemplateLifecycle {
     explicit TemplateLifecycle(const Ports& ports)
         : ports_(ports),
           dialogs_(ports.dialog),
+          questions_(ports.messages, ports.office, ports.files, ports.dialog),
           keeping_(ports.access, ports.office, ports.messages, ports.copies) {}
 
     /// Sets the folder in which the dialogs begin until a file of another one is opened or saved; empty for
@@ -110,9 +112,6 @@ class TemplateLifecycle {
     bool saveIn(const std::string& path);
     void write(const std::string& path);
     void exportTo(const std::string& path);
-    void offerToKeep(const model::DifferingCopy& copy, const std::string& path);
-    bool acceptsLoss(const model::LossySave& loss, const std::string& path);
-    void saveElsewhere(const std::string& bytes, const std::string& path);
     /// Returns whether the document may be closed: it is saved, or the user discards the changes.
     bool mayCloseDocument();
     bool mayStartAnother();
@@ -129,6 +128,7 @@ class TemplateLifecycle {
 
     Ports ports_;
     TemplateDialogs dialogs_;
+    SaveQuestions questions_;
     DocumentKeeping keeping_;
     std::string templatesFolder_;
     std::string documentsFolder_;

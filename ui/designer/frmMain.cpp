@@ -5,6 +5,7 @@
 #include "app/modMain.h"
 #include "base/Paths.h"
 #include "office/factory/OfficeFactory.h"
+#include "ui/designer/BusyBar.h"
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/HostArea.h"
 #include "ui/designer/StartPage.h"
@@ -16,13 +17,11 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -49,15 +48,6 @@ void setHelpTopic(QWidget& widget, const char* topic) {
     widget.setProperty(kHelpTopicProperty, QString::fromLatin1(topic));
 }
 
-/// Returns a place with the node that it comes from.
-PlacesPane::Entry entryOf(LoadedStructure* structure, const QString& name) {
-    if (structure == nullptr) return {.name = name};
-    const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
-    if (nodes.empty()) return {.name = name};
-    const TreeNode& node = *structure->tree.Item(nodes.back());
-    return {.name = name, .source = sourceSentence(node), .iconKey = iconKeyOf(node)};
-}
-
 /// Returns the file of a switch; empty when the switch is absent or has no value.
 std::string fileOfSwitch(std::int32_t place) {
     const std::string value = GetCommandLineArgument(place);
@@ -82,7 +72,7 @@ frmMain::frmMain(DocumentKind kind)
       places_(new PlacesPane(leftSide_)),
       area_(new HostArea(splitter_)),
       status_(new QLabel(this)),
-      busy_(new QProgressBar(this)),
+      busy_(new BusyBar(this)),
       cmdHelp_(new QPushButton(tr("Hel&p"), this)),
       dropTree_(*tree_),
       structureLoad_(fileDialog_, messages_, errors_),
@@ -102,16 +92,21 @@ frmMain::frmMain(DocumentKind kind)
                       .tree = dropTree_,
                       .files = files_,
                       .keptFolder = joinPath(stateFolder(), "kept"),
-                      .keepInterval = windowSettings_.keepInterval()}) {
+                      .keepInterval = windowSettings_.keepInterval()}),
+      placesFlow_({.session = session_,
+                   .actions = *actions_,
+                   .document = area_->pane(),
+                   .list = *places_,
+                   .tree = *tree_,
+                   .side = *leftSide_}) {
     help_.SetFile(GetHelpFilePath());
     layOut();
     connectActions();
     connectRecentFiles();
     connectStructure();
-    connectPlaces();
     connectPreview();
     connectOffice();
-    connectBusy();
+    busy_->follow(session_.worker(), session_.progress());
     connectKeyboard();
     showState();
 }
@@ -139,9 +134,6 @@ void frmMain::layOut() {
     setHelpTopic(area_->panel(), "office-ended.html");
     cmdHelp_->setObjectName(QStringLiteral("cmdHelp"));
     cmdHelp_->setAccessibleDescription(tr("Opens the help about what has the keyboard."));
-    busy_->setAccessibleName(tr("Progress"));
-    busy_->setTextVisible(false);
-    busy_->hide();
     statusBar()->addWidget(status_, 1);
     statusBar()->addPermanentWidget(busy_);
     statusBar()->addPermanentWidget(cmdHelp_);
@@ -168,7 +160,6 @@ void frmMain::connectActions() {
     connect(actions_, &DesignerActions::loadStructure, this, [this] { structureLoad_.cmdLoadXML_Click(); });
     connect(actions_, &DesignerActions::insertNode, this, [this] { reportDrop(session_.insertAtCaret()); });
     connect(actions_, &DesignerActions::convertFields, &session_, &DesignerSession::convertFields);
-    connect(actions_, &DesignerActions::placesToggled, &session_, &DesignerSession::setShowsPlaces);
     connect(actions_, &DesignerActions::helpContents, this, [this] { help_.OpenTOC(handle()); });
     connect(actions_, &DesignerActions::helpIndex, this, [this] { help_.OpenIndex(handle()); });
     connect(actions_, &DesignerActions::helpSearch, this, [this] { help_.OpenSearch(handle()); });
@@ -207,46 +198,9 @@ void frmMain::connectPreview() {
 }
 
 void frmMain::showPreview(bool isShown) {
-    if (isShown) {
-        session_.startPreview();
-    } else {
-        session_.endPreview();
-    }
+    isShown ? session_.startPreview() : session_.endPreview();
     // The command's check mark may differ from the result.
     actions_->setPreviewing(session_.previewed().has_value());
-}
-
-void frmMain::connectPlaces() {
-    connect(places_, &PlacesPane::goToRequested, &session_, &DesignerSession::goToPlace);
-    connect(places_, &PlacesPane::renameRequested, &session_, &DesignerSession::renamePlace);
-    connect(places_, &PlacesPane::removeRequested, &session_, &DesignerSession::removePlace);
-    connect(&session_, &DesignerSession::placesFound, this, &frmMain::showPlaces);
-    connect(&session_, &DesignerSession::changesShown, &session_, &DesignerSession::findPlaces);
-    // What the user did in the document is seen when the mouse or the keyboard comes back from it.
-    leftSide_->installEventFilter(this);
-    tree_->tvXML().installEventFilter(this);
-    places_->list().installEventFilter(this);
-}
-
-bool frmMain::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) session_.findPlaces();
-    return QMainWindow::eventFilter(watched, event);
-}
-
-/// Lists the places with the nodes that they come from, and marks these in the tree.
-void frmMain::showPlaces(const QStringList& names) {
-    const std::shared_ptr<LoadedStructure>& structure = tree_->structure();
-    std::unordered_set<int> placed;
-    QList<PlacesPane::Entry> entries;
-    for (const QString& name : names) {
-        entries.append(entryOf(structure.get(), name));
-        if (!structure) continue;
-        const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
-        placed.insert(nodes.begin(), nodes.end());
-    }
-    area_->pane().forgetRest();
-    tree_->setPlaced(std::move(placed));
-    places_->show(std::move(entries));
 }
 
 void frmMain::connectStructure() {
@@ -277,24 +231,8 @@ void frmMain::connectStructure() {
     });
 }
 
-/// Shows the names of the places under the mouse and the nodes that they come from.
-void frmMain::showPlacesAtMouse(const QStringList& names) {
-    if (!area_->pane().isResting() || names.isEmpty()) return;
-    QStringList lines;
-    for (const QString& name : names) {
-        const QString source = entryOf(tree_->structure().get(), name).source;
-        lines += source.isEmpty() ? name : name + QStringLiteral(": ") + source;
-    }
-    QToolTip::showText(QCursor::pos(), lines.join(u'\n'), &area_->pane());
-}
-
 void frmMain::connectOffice() {
     HostPane& pane = area_->pane();
-    connect(&pane, &HostPane::rested, this, [this](HostPoint point) {
-        if (actions_->showsPlaces() && !session_.findPlacesAt(point)) area_->pane().forgetRest();
-    });
-    connect(&pane, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
-    connect(&session_, &DesignerSession::placesFoundAt, this, &frmMain::showPlacesAtMouse);
     connect(&pane, &HostPane::resized, &session_, &DesignerSession::resize);
     connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::showDropPlace);
     connect(&pane, &HostPane::dragLeft, &session_, &DesignerSession::hideDropPlace);
@@ -308,8 +246,6 @@ void frmMain::connectOffice() {
     connect(&session_, &DesignerSession::captionChanged, this, [this](const QString& caption) {
         caption_ = caption;
         showTitle();
-        // The view of each document begins with its places.
-        if (!actions_->showsPlaces()) session_.setShowsPlaces(false);
     });
     connect(&session_, &DesignerSession::changesShown, this, [this](bool hasChanges) {
         hasChanges_ = hasChanges;
@@ -318,22 +254,6 @@ void frmMain::connectOffice() {
     connect(&session_, &DesignerSession::statusChanged, status_, &QLabel::setText);
     connect(&session_, &DesignerSession::commandBegun, this, &frmMain::showNextStep);
     connect(&session_, &DesignerSession::closeRequested, this, &QWidget::close);
-}
-
-void frmMain::connectBusy() {
-    connect(&session_.worker(), &OfficeWorker::busy, this, [this] {
-        busy_->setRange(0, 0);
-        isBusy_ = true;
-        showBusy();
-    });
-    connect(&session_.worker(), &OfficeWorker::idle, this, [this] {
-        isBusy_ = false;
-        showBusy();
-    });
-    connect(&session_.progress(), &DropProgress::advanced, this, [this](int percent) {
-        busy_->setRange(0, 100);
-        busy_->setValue(percent);
-    });
 }
 
 void frmMain::connectKeyboard() {
@@ -394,18 +314,6 @@ void frmMain::openDocumentHelp() {
         area_->pane().setFocus(Qt::OtherFocusReason);
     }
     help_.OpenTopic(handle(), kDocumentTopic);
-}
-
-/// Shows no progress while a question waits for the user.
-void frmMain::showBusy() {
-    busy_->setVisible(isBusy_ && QApplication::activeModalWidget() == nullptr);
-}
-
-bool frmMain::event(QEvent* event) {
-    const bool handled = QMainWindow::event(event);
-    const QEvent::Type type = event->type();
-    if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) showBusy();
-    return handled;
 }
 
 void frmMain::start() {

@@ -5,6 +5,7 @@
 #include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/FocusHolder.h"
+#include "ui/designer/PlacesFlow.h"
 #include "ui/designer/PlacesPane.h"
 #include "ui/designer/RecentFiles.h"
 #include "ui/designer/StatusSentences.h"
@@ -27,7 +28,6 @@
 
 class QLabel;
 class QMenuBar;
-class QProgressBar;
 class QPushButton;
 class QSplitter;
 namespace mergeloom {
@@ -46,6 +46,7 @@ class PaneDropTree final : public DropTree {
     TreePane& pane_;
 };
 
+class BusyBar;
 class DesignerActions;
 class HostArea;
 
@@ -61,9 +62,7 @@ class frmMain final : public QMainWindow {
     void start();
 
   protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    bool event(QEvent* event) override;
 
   private:
     void layOut();
@@ -71,8 +70,6 @@ class frmMain final : public QMainWindow {
     void connectActions();
     void connectStructure();
     void connectOffice();
-    void connectBusy();
-    void showBusy();
     void connectKeyboard();
     void takeKeyboardFromDocument();
     void answerKey(HostKey key);
@@ -86,9 +83,6 @@ class frmMain final : public QMainWindow {
     [[nodiscard]] StructureState structureState() const;
     void showAbout();
     void connectRecentFiles();
-    void connectPlaces();
-    void showPlaces(const QStringList& names);
-    void showPlacesAtMouse(const QStringList& names);
     void showTitle();
     [[nodiscard]] WindowHandle handle() const { return winId(); }
 
@@ -111,10 +105,9 @@ class frmMain final : public QMainWindow {
     PlacesPane* places_;
     HostArea* area_;
     QLabel* status_;
-    QProgressBar* busy_;
+    BusyBar* busy_;
     QPushButton* cmdHelp_;
     WindowParts* parts_ = nullptr;
-    bool isBusy_ = false;
     QString caption_;
     bool hasChanges_ = false;
 
@@ -125,6 +118,7 @@ class frmMain final : public QMainWindow {
     clsHtmlHelpForForm formHelp_;
     DialogHelp dialogHelp_;
     DesignerSession session_;
+    PlacesFlow placesFlow_;
     std::optional<FocusHolder> focusHolder_;
 };
 

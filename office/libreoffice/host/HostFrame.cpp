@@ -89,6 +89,13 @@ bool isPageWiderThanWindow(const Properties& settings, int percent) {
     return fitting < percent;
 }
 
+/// Returns the office's name for a bar under Word's name; empty if it has none.
+std::string barOf(const std::string& name, DocumentKind kind) {
+    if (name == "Standard") return "standardbar";
+    if (name != "Formatting") return {};
+    return kind == DocumentKind::Word ? "textobjectbar" : "formatobjectbar";
+}
+
 }  // namespace
 
 HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
@@ -236,7 +243,9 @@ void HostFrame::setZoom(int percent) {
     beginLayout();
 }
 
-void HostFrame::setBarVisible(const std::string& bar, bool visible) {
+void HostFrame::setBarVisible(const std::string& name, bool visible) {
+    const std::string bar = barOf(name, kind());
+    if (bar.empty()) return;
     const Reference<css::frame::XLayoutManager> layout = layoutManager();
     const OUString address = toUno("private:resource/toolbar/" + bar);
     if (visible) {

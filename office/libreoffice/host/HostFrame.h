@@ -48,8 +48,8 @@ class HostFrame {
     [[nodiscard]] bool showsBookmarks() const;
     void setShowsBookmarks(bool shown) const;
     void setZoom(int percent);
-    /// Shows or hides the bar of the office's own name, which ends the bar's address.
-    void setBarVisible(const std::string& bar, bool visible);
+    /// Shows or hides a bar, which has Word's name. Does nothing for a bar that the office does not have.
+    void setBarVisible(const std::string& name, bool visible);
 
   private:
     [[nodiscard]] Reference<css::beans::XPropertySet> viewSettings() const;

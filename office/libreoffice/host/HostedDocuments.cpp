@@ -36,6 +36,25 @@ SaveFormat formatOf(const HostedDocument& hosted, int number) {
     return static_cast<word::WdSaveFormat>(number);
 }
 
+void beginEditing(const HostedDocument& hosted) {
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
+        libreoffice::beginEditing(**document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        libreoffice::beginEditing(**workbook);
+}
+
+void endEditing(const HostedDocument& hosted) {
+    if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
+        libreoffice::endEditing(**document);
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        libreoffice::endEditing(**workbook);
+}
+
+void endInput(const HostedDocument& hosted) {
+    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&hosted))
+        libreoffice::endInput(**workbook);
+}
+
 void close(const HostedDocument& hosted) {
     if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
         (*document)->Close(word::WdSaveOptions::wdDoNotSaveChanges);

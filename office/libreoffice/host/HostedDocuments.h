@@ -20,6 +20,12 @@ DocumentReference componentOf(const HostedDocument& hosted);
 /// Returns the format of a number, which depends on the kind of the document.
 SaveFormat formatOf(const HostedDocument& hosted, int number);
 
+/// Begin and end the changes by the model, during which the user changes nothing; do nothing for no document.
+void beginEditing(const HostedDocument& hosted);
+void endEditing(const HostedDocument& hosted);
+/// Ends the input that a cell is taking.
+void endInput(const HostedDocument& hosted);
+
 /// Closes the document without saving it.
 void close(const HostedDocument& hosted);
 

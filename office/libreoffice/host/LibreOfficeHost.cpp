@@ -1,7 +1,6 @@
 #include "office/libreoffice/host/LibreOfficeHost.h"
 
 #include "base/AutomationError.h"
-#include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/host/HostPlaces.h"
@@ -33,13 +32,6 @@ constexpr std::chrono::milliseconds kPauseOfMonitor{100};
 constexpr std::chrono::milliseconds kPauseOfInterruption{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
-
-/// Returns the office's name for a bar under Word's name; empty when it has none.
-std::string barOf(const std::string& name, DocumentKind kind) {
-    if (name == "Standard") return "standardbar";
-    if (name != "Formatting") return {};
-    return kind == DocumentKind::Word ? "textobjectbar" : "formatobjectbar";
-}
 
 }  // namespace
 
@@ -205,9 +197,7 @@ PollingThread LibreOfficeHost::interruptedIdleTasks() {
 }
 
 void LibreOfficeHost::endInput() {
-    const HostedDocument shown = ActiveDocument();
-    if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&shown))
-        libreoffice::endInput(**workbook);
+    libreoffice::endInput(ActiveDocument());
 }
 
 std::vector<std::string> LibreOfficeHost::placeNames() {
@@ -248,10 +238,7 @@ void LibreOfficeHost::beginEditing() {
     windows_.waitForServer();
     setEnabled(shown, false);
     try {
-        if (const auto* const document = std::get_if<word::DocumentPtr>(&shown))
-            libreoffice::beginEditing(**document);
-        if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&shown))
-            libreoffice::beginEditing(**workbook);
+        libreoffice::beginEditing(shown);
     } catch (const AutomationError&) {
         setEnabled(shown, true);
         throw;
@@ -263,10 +250,7 @@ void LibreOfficeHost::endEditing() {
     const HostedDocument edited = std::exchange(edited_, {});
     windows_.waitForServer();
     try {
-        if (const auto* const document = std::get_if<word::DocumentPtr>(&edited))
-            libreoffice::endEditing(**document);
-        if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&edited))
-            libreoffice::endEditing(**workbook);
+        libreoffice::endEditing(edited);
     } catch (const AutomationError&) {
         setEnabled(edited, true);
         throw;
@@ -395,10 +379,7 @@ void LibreOfficeHost::setZoom(int percent) {
 
 void LibreOfficeHost::setCommandBarVisible(const std::string& name, bool visible) {
     call([&] {
-        HostFrame* const frame = front();
-        if (frame == nullptr) return;
-        const std::string bar = barOf(name, frame->kind());
-        if (!bar.empty()) frame->setBarVisible(bar, visible);
+        if (HostFrame* const frame = front()) frame->setBarVisible(name, visible);
     });
 }
 

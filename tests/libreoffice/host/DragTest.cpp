@@ -20,7 +20,6 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const std::string kDraggedField = "<db><Form Name='F'><Control Name='City'/></Form></db>";
 /// On the second line of the documents of these tests.
 constexpr HostPoint kOnWord{240, 262};
 constexpr HostPoint kOtherCell{500, 400};
@@ -67,7 +66,7 @@ class DragOverCells : public HostTest {
 };
 
 TEST_F(DragOverText, KeepsTheSelectionThatBecomesThePlacesText) {
-    load(kDraggedField);
+    load(kField);
     openLines(3);
     ASSERT_TRUE(host().placeCaret(kOnWord));
     window().doubleClickInPane(kOnWord.x, kOnWord.y);

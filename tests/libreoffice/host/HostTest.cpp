@@ -90,4 +90,15 @@ bool HostTest::dropAt(HostPoint point, const TreeNode& dropped) {
     return host().placeCaret(point) && drop(dropped);
 }
 
+int HostTest::topOfDocument() {
+    for (int y = 0; y < TestWindow::kPaneHeight; y += 2)
+        if (host().placeCaret({400, y})) return y;
+    return TestWindow::kPaneHeight;
+}
+
+void HostedText::SetUp() {
+    host().CreateNew("Word.Template.8");
+    window().clickInPane(kBelowText.x, kBelowText.y);
+}
+
 }  // namespace mergeloom

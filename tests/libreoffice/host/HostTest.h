@@ -48,6 +48,11 @@ class RecordingListener final : public HostListener {
     std::vector<HostKey> keys_;
 };
 
+/// A point of the pane below the first lines of a document, on its page.
+inline constexpr HostPoint kBelowText{400, 600};
+
+inline constexpr const char* kField = "<db><Form Name='F'><Control Name='City'/></Form></db>";
+
 /// A window with an office in it. One office serves the tests of all fixtures.
 class HostTest : public StructureTest {
   public:
@@ -83,6 +88,15 @@ class HostTest : public StructureTest {
     /// Drops the structure document's node at a point as a user does.
     bool dropAt(HostPoint point, const TreeNode& dropped);
     bool drop(const TreeNode& dropped);
+
+    /// Returns the first row of pixels, from the top, in which the caret finds the document.
+    static int topOfDocument();
+};
+
+/// A new Word document that has the keyboard.
+class HostedText : public HostTest {
+  protected:
+    void SetUp() override;
 };
 
 }  // namespace mergeloom

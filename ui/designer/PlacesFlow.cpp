@@ -1,0 +1,90 @@
+#include "ui/designer/PlacesFlow.h"
+
+#include "ui/designer/DesignerActions.h"
+#include "ui/designer/DesignerSession.h"
+#include "ui/designer/HostArea.h"
+#include "ui/designer/LoadedStructure.h"
+#include "ui/designer/StatusSentences.h"
+#include "ui/designer/TreePane.h"
+
+#include <QEvent>
+#include <QToolTip>
+#include <memory>
+#include <span>
+#include <unordered_set>
+#include <utility>
+
+namespace mergeloom {
+
+namespace {
+
+/// Returns a place with the node that it comes from.
+PlacesPane::Entry entryOf(LoadedStructure* structure, const QString& name) {
+    if (structure == nullptr) return {.name = name};
+    const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
+    if (nodes.empty()) return {.name = name};
+    const TreeNode& node = *structure->tree.Item(nodes.back());
+    return {.name = name, .source = sourceSentence(node), .iconKey = iconKeyOf(node)};
+}
+
+}  // namespace
+
+PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
+    DesignerSession& session = parts_.session;
+    connect(&parts_.list, &PlacesPane::goToRequested, &session, &DesignerSession::goToPlace);
+    connect(&parts_.list, &PlacesPane::renameRequested, &session, &DesignerSession::renamePlace);
+    connect(&parts_.list, &PlacesPane::removeRequested, &session, &DesignerSession::removePlace);
+    connect(&parts_.actions, &DesignerActions::placesToggled, &session, &DesignerSession::setShowsPlaces);
+    connect(&session, &DesignerSession::placesFound, this, &PlacesFlow::show);
+    connect(&session, &DesignerSession::changesShown, &session, &DesignerSession::findPlaces);
+    connect(&session, &DesignerSession::placesFoundAt, this, &PlacesFlow::showAtMouse);
+    connect(&session, &DesignerSession::captionChanged, this, &PlacesFlow::showMarksOfNewDocument);
+    connect(&parts_.document, &HostPane::rested, this, &PlacesFlow::findAtMouse);
+    connect(&parts_.document, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
+    // What the user did in the document is seen when the mouse or the keyboard comes back from it.
+    for (QWidget* const widget : {&parts_.side, &parts_.tree.tvXML(), &parts_.list.list()})
+        widget->installEventFilter(this);
+}
+
+bool PlacesFlow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) parts_.session.findPlaces();
+    return QObject::eventFilter(watched, event);
+}
+
+/// Lists the places with the nodes that they come from, and marks these in the tree.
+void PlacesFlow::show(const QStringList& names) {
+    const std::shared_ptr<LoadedStructure>& structure = parts_.tree.structure();
+    std::unordered_set<int> placed;
+    QList<PlacesPane::Entry> entries;
+    for (const QString& name : names) {
+        entries.append(entryOf(structure.get(), name));
+        if (!structure) continue;
+        const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
+        placed.insert(nodes.begin(), nodes.end());
+    }
+    parts_.document.forgetRest();
+    parts_.tree.setPlaced(std::move(placed));
+    parts_.list.show(std::move(entries));
+}
+
+void PlacesFlow::findAtMouse(HostPoint point) {
+    if (parts_.actions.showsPlaces() && !parts_.session.findPlacesAt(point)) parts_.document.forgetRest();
+}
+
+/// Shows the names of the places under the mouse and the nodes that they come from.
+void PlacesFlow::showAtMouse(const QStringList& names) {
+    if (!parts_.document.isResting() || names.isEmpty()) return;
+    QStringList lines;
+    for (const QString& name : names) {
+        const QString source = entryOf(parts_.tree.structure().get(), name).source;
+        lines += source.isEmpty() ? name : name + QStringLiteral(": ") + source;
+    }
+    QToolTip::showText(QCursor::pos(), lines.join(u'\n'), &parts_.document);
+}
+
+/// The view of each document begins with its marks shown.
+void PlacesFlow::showMarksOfNewDocument() {
+    if (!parts_.actions.showsPlaces()) parts_.session.setShowsPlaces(false);
+}
+
+}  // namespace mergeloom

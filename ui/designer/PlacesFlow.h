@@ -1,0 +1,46 @@
+#pragma once
+
+#include "office/model/DocumentHost.h"
+#include "ui/designer/PlacesPane.h"
+
+#include <QObject>
+#include <QStringList>
+
+namespace mergeloom {
+
+class DesignerActions;
+class DesignerSession;
+class HostPane;
+class TreePane;
+
+/// The places of the document in the window: lists them with the nodes that they come from, marks these in
+/// the tree, and names the places under the mouse.
+class PlacesFlow final : public QObject {
+    Q_OBJECT
+
+  public:
+    /// The objects that have to outlive it.
+    struct Parts {
+        DesignerSession& session;
+        DesignerActions& actions;
+        HostPane& document;
+        PlacesPane& list;
+        TreePane& tree;
+        QWidget& side;  ///< the widget that holds the list and the tree
+    };
+
+    explicit PlacesFlow(const Parts& parts);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void show(const QStringList& names);
+    void findAtMouse(HostPoint point);
+    void showAtMouse(const QStringList& names);
+    void showMarksOfNewDocument();
+
+    Parts parts_;
+};
+
+}  // namespace mergeloom
