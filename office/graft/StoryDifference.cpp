@@ -47,19 +47,13 @@ std::vector<Token> tokensOf(const std::vector<Line>& lines, std::size_t start, s
     return tokens;
 }
 
-std::vector<std::string> keysOf(const std::vector<Token>& tokens) {
+/// Returns the keys of tokens or of lines.
+template <typename Element>
+std::vector<std::string> keysOf(const std::vector<Element>& elements) {
     std::vector<std::string> keys;
-    keys.reserve(tokens.size());
-    for (const Token& token : tokens)
-        keys.push_back(token.key);
-    return keys;
-}
-
-std::vector<std::string> lineKeysOf(const std::vector<Line>& lines) {
-    std::vector<std::string> keys;
-    keys.reserve(lines.size());
-    for (const Line& line : lines)
-        keys.push_back(line.key);
+    keys.reserve(elements.size());
+    for (const Element& element : elements)
+        keys.push_back(element.key);
     return keys;
 }
 
@@ -156,7 +150,7 @@ bool TouchedLine::isInserted() const {
 
 std::optional<StoryDifference> differenceBetween(const std::vector<Line>& former,
                                                  const std::vector<Line>& now) {
-    const auto gaps = gapsBetween(lineKeysOf(former), lineKeysOf(now));
+    const auto gaps = gapsBetween(keysOf(former), keysOf(now));
     if (!gaps) return {};
     StoryDifference difference;
     difference.formerOfLine.assign(now.size(), kNoPartner);

@@ -26,18 +26,18 @@ void CalcChanges::redo() {
 }
 
 bool CalcUndoStep::undo() {
-    const std::lock_guard lock(mutex_);
-    if (state_ != State::Done) return false;
-    changes_.undo();
-    state_ = State::Undone;
-    return true;
+    return change(State::Done, State::Undone, &CalcChanges::undo);
 }
 
 bool CalcUndoStep::redo() {
+    return change(State::Undone, State::Done, &CalcChanges::redo);
+}
+
+bool CalcUndoStep::change(State from, State to, void (CalcChanges::*run)()) {
     const std::lock_guard lock(mutex_);
-    if (state_ != State::Undone) return false;
-    changes_.redo();
-    state_ = State::Done;
+    if (state_ != from) return false;
+    (changes_.*run)();
+    state_ = to;
     return true;
 }
 

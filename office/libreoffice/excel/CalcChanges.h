@@ -57,6 +57,8 @@ class CalcUndoStep {
 
   private:
     enum class State { Done, Undone, Dropped };
+    /// Returns false, and runs nothing, in another state than the first one.
+    bool change(State from, State to, void (CalcChanges::*run)());
     void discard();
 
     std::mutex mutex_;  ///< users undo steps on threads of the bridge
