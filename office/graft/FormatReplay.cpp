@@ -55,23 +55,23 @@ void FormatReplay::repeat(embedded::Story& original, const ReadStory& former, co
             formerPartners_[difference.formerOfLine[line]] = partners_[line];
     changes_.clear();
     for (const TouchedLine& touched : difference.touched)
-        readLine(touched);
+        repeatLine(touched);
     for (const RunChange& change : changes_)
         apply(change);
-    readSection();
+    repeatSection();
 }
 
-void FormatReplay::readLine(const TouchedLine& touched) {
+void FormatReplay::repeatLine(const TouchedLine& touched) {
     const Line& now = now_->lines[touched.line];
     if (now.end == LineEnd::Row) return;
     if (partners_[touched.line] == kNoPartner)
-        throw Refusal("LibreOffice reads the paragraph otherwise than it is in the file", shownText(now));
+        throw Refusal("LibreOffice reads the paragraph differently from the file", shownText(now));
     const Line& own = lines_[partners_[touched.line]];
-    readUnits(touched, own);
-    readParagraph(touched, own);
+    collectRunChanges(touched, own);
+    repeatParagraph(touched, own);
 }
 
-void FormatReplay::readUnits(const TouchedLine& touched, const Line& own) {
+void FormatReplay::collectRunChanges(const TouchedLine& touched, const Line& own) {
     const Line& now = now_->lines[touched.line];
     for (std::size_t unit = 0; unit < now.units.size(); ++unit) {
         const std::optional<LinePlace>& place = touched.units[unit];
@@ -189,32 +189,35 @@ void FormatReplay::applyToRun(pugi::xml_node run, const RunChange& change) {
     if (!properties.first_child()) run.remove_child(properties);
 }
 
-void FormatReplay::readParagraph(const TouchedLine& touched, const Line& own) {
+void FormatReplay::repeatParagraph(const TouchedLine& touched, const Line& own) {
+    if (!touched.mark) return formatNewParagraph(touched, own);
+    const Line& former = former_->lines[*touched.mark];
     const Line& now = now_->lines[touched.line];
-    const std::string name = story_->names().element("pPr");
-    const pugi::xml_node present = paragraphPropertiesOf(now, *now_->story);
+    const PropertyDelta delta(paragraphPropertiesOf(former, *former_->story),
+                              paragraphPropertiesOf(now, *now_->story), *canonical_);
+    if (delta.isEmpty()) return;
+    content_.beginEdit(*story_, own.mark, own.mark);
     pugi::xml_node paragraph = own.node;
-    if (touched.mark) {
-        const Line& former = former_->lines[*touched.mark];
-        const PropertyDelta delta(paragraphPropertiesOf(former, *former_->story), present, *canonical_);
-        if (delta.isEmpty()) return;
-        content_.beginEdit(*story_, own.mark, own.mark);
-        delta.applyTo(requireProperties(paragraph, name), story_->names(), translation(Missing::Refused));
-        story_->part().setDirty(true);
-        return;
-    }
+    delta.applyTo(requireProperties(paragraph, story_->names().element("pPr")), story_->names(),
+                  translation(Missing::Refused));
+    story_->part().setDirty(true);
+}
+
+void FormatReplay::formatNewParagraph(const TouchedLine& touched, const Line& own) {
     const std::optional<std::size_t> neighbour = neighbourLineOf(touched.line);
     if (!neighbour) return;
-    const PropertyDelta delta(paragraphPropertiesOf(now_->lines[*neighbour], *now_->story), present,
-                              *canonical_);
-    const pugi::xml_node base = copyOf(paragraphPropertiesOf(lines_[partners_[*neighbour]], *story_));
-    pugi::xml_node(base).remove_child(story_->names().element("sectPr").c_str());
-    const pugi::xml_node section =
-        story_->names().child(paragraphPropertiesOf(own, *story_), WordTag::SectionProperties);
-    if (section) throw Refusal("a paragraph was inserted beside a section's end", shownText(now));
-    const pugi::xml_node properties = requireProperties(paragraph, name);
+    const opc::WordNames& names = story_->names();
+    const Line& now = now_->lines[touched.line];
+    if (names.child(paragraphPropertiesOf(own, *story_), WordTag::SectionProperties))
+        throw Refusal("a paragraph was inserted beside a section's end", shownText(now));
+    const PropertyDelta delta(paragraphPropertiesOf(now_->lines[*neighbour], *now_->story),
+                              paragraphPropertiesOf(now, *now_->story), *canonical_);
+    pugi::xml_node base = copyOf(paragraphPropertiesOf(lines_[partners_[*neighbour]], *story_));
+    base.remove_child(names.element("sectPr").c_str());
+    pugi::xml_node paragraph = own.node;
+    const pugi::xml_node properties = requireProperties(paragraph, names.element("pPr"));
     assign(properties, base);
-    delta.applyTo(properties, story_->names(), translation(Missing::LeftOut));
+    delta.applyTo(properties, names, translation(Missing::LeftOut));
     if (!properties.first_child()) paragraph.remove_child(properties);
     story_->part().setDirty(true);
 }
@@ -237,7 +240,7 @@ std::optional<std::size_t> FormatReplay::neighbourLineOf(std::size_t nowLine) co
     return {};
 }
 
-void FormatReplay::readSection() {
+void FormatReplay::repeatSection() {
     if (former_->section == now_->section) return;
     const auto sectionOf = [](const embedded::Story& story) {
         return story.root().child(story.names().element("sectPr").c_str());

@@ -45,9 +45,10 @@ class FormatReplay {
     };
     enum class Missing { Refused, LeftOut };
 
-    void readLine(const TouchedLine& touched);
-    void readUnits(const TouchedLine& touched, const Line& own);
-    void readParagraph(const TouchedLine& touched, const Line& own);
+    void repeatLine(const TouchedLine& touched);
+    void collectRunChanges(const TouchedLine& touched, const Line& own);
+    void repeatParagraph(const TouchedLine& touched, const Line& own);
+    void formatNewParagraph(const TouchedLine& touched, const Line& own);
     void addInserted(const TouchedLine& touched, const Line& own, std::size_t unit);
     [[nodiscard]] std::optional<Neighbour> neighbourOf(const TouchedLine& touched, const Line& own,
                                                        std::size_t unit) const;
@@ -58,7 +59,7 @@ class FormatReplay {
     bool extendsLast(const Line& own, std::size_t unit, const std::pair<int, int>& formats);
     void apply(const RunChange& change);
     void applyToRun(pugi::xml_node run, const RunChange& change);
-    void readSection();
+    void repeatSection();
     [[nodiscard]] ValueTranslation translation(Missing missing) const;
     [[nodiscard]] std::optional<std::string> styleOf(const std::string& id, Missing missing) const;
     [[nodiscard]] std::string listOf(const std::string& number) const;

@@ -4,7 +4,7 @@
 
 namespace mergeloom::graft {
 
-/// Returns a list of the features that a package has and an office's export of it lacks, such as "3 content
+/// Returns a list of the features that a package has and an office's export of it lacks, such as "content
 /// controls, custom XML". Returns an empty text if none is lost, and for damaged packages.
 std::string lossesBetween(const std::string& original, const std::string& exported);
 

@@ -88,7 +88,7 @@ void MarkReplay::repeat(embedded::Story& original, const ReadStory& former, cons
         LinePlace end = placeOf(now.lines, endOf(*mark));
         if (partners[start.line] == kNoPartner || partners[end.line] == kNoPartner)
             throw Refusal("the place “" + mark->name +
-                          "” is in text that LibreOffice reads otherwise than it is in the file");
+                          "” is in text that LibreOffice reads differently from the file");
         start.line = partners[start.line];
         end.line = partners[end.line];
         const CharacterPosition from = lastPositionOf(lines, start);

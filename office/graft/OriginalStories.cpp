@@ -38,7 +38,7 @@ embedded::Story& originalOf(embedded::WordContent& original, const ReadStory& ex
     }
     if (found == nullptr)
         throw Refusal("LibreOffice reads the " + std::string(kindOf(exported.name())) +
-                      " otherwise than it is in the file");
+                      " differently from the file");
     return *found;
 }
 

@@ -5,6 +5,7 @@
 #include "office/model/word/FieldCode.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mergeloom::graft {
 
@@ -81,6 +82,25 @@ void addText(const Story& story, const Item* item, CharacterPosition at, Line& l
     }
 }
 
+/// Adds a field whose text the office computes as one unit. Returns its last item; null for other fields,
+/// whose results are text of the line.
+const Item* addField(const Story& story, const Item* begin, CharacterPosition at, Line& line) {
+    const FieldExtent field = extentOf(story, begin);
+    const bool isUnit = field.end != nullptr && field.isInOneLine && !word::hasTextOfItsOwn(field.code);
+    if (!isUnit) return nullptr;
+    const CharacterPosition end = endOf(story.positionOf(field.end), field.end);
+    line.units.push_back({kField, at, end, 0, runOf(story, begin)});
+    return field.end;
+}
+
+void addMark(const Story& story, const Item* mark, CharacterPosition at, Line& line) {
+    const bool isRow = mark->kind == ItemKind::RowMark;
+    line.end = isRow ? LineEnd::Row : (story.endsCell(mark) ? LineEnd::Cell : LineEnd::Paragraph);
+    line.mark = at;
+    line.node = mark->node;
+    line.depth = depthOf(mark->node, story);
+}
+
 }  // namespace
 
 std::u32string Line::text() const {
@@ -111,19 +131,14 @@ std::vector<Line> LineReader::read(Story& story) const {
     Line line;
     CharacterPosition at{0};
     for (const Item* item = story.items().first(); item != nullptr; item = ItemTree::next(item)) {
-        const CharacterPosition after = endOf(at, item);
+        CharacterPosition after = endOf(at, item);
         switch (item->kind) {
-            case ItemKind::FieldBegin: {
-                const FieldExtent field = extentOf(story, item);
-                const bool isOne =
-                    field.end != nullptr && field.isInOneLine && !word::hasTextOfItsOwn(field.code);
-                if (!isOne) break;
-                const CharacterPosition end = endOf(story.positionOf(field.end), field.end);
-                line.units.push_back({kField, at, end, 0, runOf(story, item)});
-                item = field.end;
-                at = end;
-                continue;
-            }
+            case ItemKind::FieldBegin:
+                if (const Item* const end = addField(story, item, at, line)) {
+                    item = end;
+                    after = line.units.back().end;
+                }
+                break;
             case ItemKind::Text:
             case ItemKind::Character:
                 addText(story, item, at, line);
@@ -132,18 +147,12 @@ std::vector<Line> LineReader::read(Story& story) const {
                 line.units.push_back({kObject, at, after, 0, runOf(story, item)});
                 break;
             case ItemKind::ParagraphMark:
-            case ItemKind::RowMark: {
-                const bool isRow = item->kind == ItemKind::RowMark;
-                line.end = isRow ? LineEnd::Row : (story.endsCell(item) ? LineEnd::Cell : LineEnd::Paragraph);
-                line.mark = at;
-                line.node = item->node;
-                line.depth = depthOf(item->node, story);
+            case ItemKind::RowMark:
+                addMark(story, item, at, line);
                 if (canonical_ != nullptr) describe(story, line);
-                lines.push_back(std::move(line));
-                line = Line();
+                lines.push_back(std::exchange(line, {}));
                 line.start = after;
                 break;
-            }
             default:
                 break;
         }

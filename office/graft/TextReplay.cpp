@@ -52,7 +52,7 @@ bool isTypedCharacter(char32_t code) {
 
 std::vector<std::size_t> partnersByText(const std::vector<Line>& lines, const std::vector<Line>& others) {
     const auto gaps = gapsBetween(textKeysOf(lines), textKeysOf(others));
-    if (!gaps) throw Refusal("LibreOffice reads the text of the document otherwise than it is in the file");
+    if (!gaps) throw Refusal("LibreOffice reads the text of the document differently from the file");
     return partnersOf(*gaps, lines.size());
 }
 
@@ -122,7 +122,7 @@ CharacterPosition TextReplay::erase(const TextEdit& edit) {
     const Line& last = partner(lastLine);
     const auto between = static_cast<std::size_t>(&last - &first);
     if (between != lastLine - edit.formerStart.line)
-        throw Refusal("LibreOffice reads the erased text otherwise than it is in the file", shownText(first));
+        throw Refusal("LibreOffice reads the erased text differently from the file", shownText(first));
     const CharacterPosition start =
         edit.formerStart.unit == 0 ? first.start
                                    : lastPositionOf(lines_, {static_cast<std::size_t>(&first - lines_.data()),
@@ -336,7 +336,7 @@ void TextReplay::replace(CharacterPosition start, CharacterPosition end, const N
 
 const Line& TextReplay::partner(std::size_t formerLine) const {
     if (!hasPartner(formerLine)) {
-        throw Refusal("LibreOffice reads the paragraph otherwise than it is in the file",
+        throw Refusal("LibreOffice reads the paragraph differently from the file",
                       formerLine < baseline_.lines.size() ? shownText(baseline_.lines[formerLine]) : "");
     }
     return lines_[partners_[formerLine]];

@@ -85,7 +85,7 @@ const std::vector<Case> kCases = {
     {"an inserted object", kOld, kOldShown,
      "<w:p>" + run("Old text", kShown) + "<w:r><w:object/></w:r></w:p>", "refused: an object was inserted"},
     {"text where the office reads another text", kOld, paragraph("Other"), paragraph("Other new"),
-     "refused: LibreOffice reads the paragraph otherwise than it is in the file"},
+     "refused: LibreOffice reads the paragraph differently from the file"},
 };
 
 TEST(WordGraftTest, RepeatsTheChangesAndNothingElse) {

@@ -5,6 +5,7 @@
 #include "office/libreoffice/session/Uno.h"
 #include "office/model/OfficeDocument.h"
 
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/util/XModifiable2.hpp>
 #include <string>
 
@@ -65,10 +66,11 @@ class ModifiedFlag {
 };
 
 /// Locks the modified flag of a document. Export filters would set it, since they change the document's
-/// properties.
+/// properties. Sets it at the end if the user changed the document meanwhile, which the undo list shows.
 class ModifiedFlagLock {
   public:
-    explicit ModifiedFlagLock(const DocumentReference& document) : modifiable_(document, UNO_QUERY_THROW) {
+    explicit ModifiedFlagLock(const DocumentReference& document)
+        : modifiable_(document, UNO_QUERY_THROW), undoList_(document, UNO_QUERY), steps_(steps()) {
         modifiable_->disableSetModified();
     }
     ModifiedFlagLock(const ModifiedFlagLock&) = delete;
@@ -76,13 +78,23 @@ class ModifiedFlagLock {
     ~ModifiedFlagLock() {
         try {
             modifiable_->enableSetModified();
+            if (steps() != steps_) modifiable_->setModified(true);
         } catch (const css::uno::Exception&) {
             // The office ended, and with it the document.
         }
     }
 
   private:
+    /// Returns the titles of the user's steps. The title of typing shows the text, so it changes with each
+    /// key.
+    [[nodiscard]] css::uno::Sequence<OUString> steps() const {
+        if (!undoList_.is()) return {};
+        return undoList_->getUndoManager()->getAllUndoActionTitles();
+    }
+
     Reference<css::util::XModifiable2> modifiable_;
+    Reference<css::document::XUndoManagerSupplier> undoList_;
+    css::uno::Sequence<OUString> steps_;
 };
 
 }  // namespace mergeloom::libreoffice
