@@ -60,7 +60,7 @@ class DocumentGraft {
     }
 
   private:
-    /// Returns true if the edited part has all children of the former one, in the same order.
+    /// Returns true if the edited part has all children of the former one.
     [[nodiscard]] bool hasOnlyGrown(const PartDifference& part) {
         const bool mayGrow = std::ranges::find(kGrowing, part.partName) != std::end(kGrowing);
         if (!mayGrow || part.fate == PartFate::Removed) return false;

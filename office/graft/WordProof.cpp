@@ -36,15 +36,15 @@ class Proof {
         const std::size_t count = std::min(edited.lines.size(), proof.lines.size());
         for (std::size_t line = 0; line < count; ++line)
             if (textKeyOf(edited.lines[line]) != textKeyOf(proof.lines[line]))
-                return GraftRefusal{"the result would have another text", shownText(edited.lines[line])};
+                return GraftRefusal{"the text of the result would differ", shownText(edited.lines[line])};
         if (edited.lines.size() != proof.lines.size())
-            return GraftRefusal{"the result would have another number of paragraphs", {}};
+            return GraftRefusal{"the result would have more or fewer paragraphs", {}};
         const std::string moved = movedMark(edited, proof);
         if (!moved.empty()) return GraftRefusal{"a place would be elsewhere in the result", moved};
         if (auto fault = compareForms(number, edited, proof, again)) return fault;
         const bool isSameSection =
             edited.section == proof.section || (again != nullptr && again->section == proof.section);
-        if (!isSameSection) return GraftRefusal{"the page would be another in the result", {}};
+        if (!isSameSection) return GraftRefusal{"the page would differ in the result", {}};
         return {};
     }
     /// Returns the story of the edited document's export after it was read and written again, if it has the
@@ -67,14 +67,14 @@ class Proof {
             const auto touched = std::ranges::lower_bound(difference->touched, line, {}, &TouchedLine::line);
             const bool isNew =
                 touched != difference->touched.end() && touched->line == line && touched->isInserted();
-            if (!isNew) return GraftRefusal{"the result would look otherwise", shownText(edited.lines[line])};
+            if (!isNew) return GraftRefusal{"the result would look different", shownText(edited.lines[line])};
         }
         return {};
     }
     [[nodiscard]] std::optional<GraftRefusal> compareParts() {
         for (const PartDifference& part : differencesOf(edited_.package(), proof_.package(), wordRules())) {
             if (isEqualIn(again_, part) || isEqualIn(&baseline_, part)) continue;
-            return GraftRefusal{"the result would have another part " + part.partName, {}};
+            return GraftRefusal{"the result would have a different part " + part.partName, {}};
         }
         return {};
     }

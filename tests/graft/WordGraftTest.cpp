@@ -163,18 +163,18 @@ TEST(WordProofTest, SeesWhatIsNotAsTheUserMadeIt) {
         {"<w:p w:rsidR=\"7\">" + run("O") + run("ld ") + place + run(" text", "<w:b/>") + "</w:p>" + kLast,
          ""},
         {"<w:p>" + run("Olt ") + place + run(" text", "<w:b/>") + "</w:p>" + kLast,
-         "the result would have another text"},
+         "the text of the result would differ"},
         {"<w:p>" + run("Old ") + run("[City]") + run(" text", "<w:b/>") + "</w:p>" + kLast,
          "a place would be elsewhere in the result"},
         {"<w:p>" + run("Old") + marked("City", run(" [City]")) + run(" text", "<w:b/>") + "</w:p>" + kLast,
          "a place would be elsewhere in the result"},
-        {"<w:p>" + run("Old ") + place + run(" text") + "</w:p>" + kLast, "the result would look otherwise"},
+        {"<w:p>" + run("Old ") + place + run(" text") + "</w:p>" + kLast, "the result would look different"},
         {"<w:p>" + run("Old ") + place + run(" text", "<w:b/>") + "</w:p>",
-         "the result would have another number of paragraphs"},
+         "the result would have more or fewer paragraphs"},
         {"<w:p><w:pPr><w:jc w:val=\"end\"/></w:pPr>" + run("Old ") + place + run(" text", "<w:b/>") +
              "</w:p>" + kLast,
-         "the result would look otherwise"},
-        {edited + "<w:sectPr><w:pgMar w:left=\"1\"/></w:sectPr>", "the page would be another in the result"},
+         "the result would look different"},
+        {edited + "<w:sectPr><w:pgMar w:left=\"1\"/></w:sectPr>", "the page would differ in the result"},
     };
     for (const Fault& row : faults)
         EXPECT_EQ(triple.fault(wordFile(row.proof)), row.found) << row.proof;
@@ -185,7 +185,7 @@ TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
     const std::string again = "<w:p>" + run("Old new text", "<w:i/>") + "</w:p>";
     const Triple triple{wordFile(kOld), wordFile(kOldShown),
                         wordFile("<w:p>" + run("Old new text") + "</w:p>")};
-    EXPECT_EQ(triple.fault(wordFile(again)), "the result would look otherwise");
+    EXPECT_EQ(triple.fault(wordFile(again)), "the result would look different");
     EXPECT_EQ(triple.fault(wordFile(again), wordFile(again)), "");
 }
 

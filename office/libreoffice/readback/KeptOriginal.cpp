@@ -6,8 +6,6 @@
 #include "office/formats/FormatTable.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 
-#include <variant>
-
 namespace mergeloom::libreoffice {
 
 namespace {
@@ -45,24 +43,27 @@ std::string KeptOriginal::save(const WrittenDocument& written, const std::string
         const model::EditedPackage package{format.kind, format.number, path,
                                            bytes_,      former,        written.exported};
         losses = office_->graft().lossesOf(package);
-        model::GraftResult result =
-            office_->graft().graft({format.kind, format.number, path, bytes_, former, written.mended});
-        if (std::holds_alternative<model::NothingChanged>(result)) result = model::GraftedPackage{bytes_};
-        if (auto* const grafted = std::get_if<model::GraftedPackage>(&result)) {
-            const auto fault = findFault(package, format, grafted->bytes);
-            if (!fault) {
-                kept_ = office_->graft().keptEntries(bytes_, grafted->bytes);
-                return std::move(grafted->bytes);
-            }
-            refusal = *fault;
-        } else {
-            refusal = std::get<model::GraftRefusal>(result);
-        }
+        Grafted result = grafted(package, written.mended, format);
+        if (auto* const bytes = std::get_if<std::string>(&result)) return std::move(*bytes);
         if (office_->graft().isExport(package)) return written.mended;
+        refusal = std::get<model::GraftRefusal>(std::move(result));
     } catch (const AutomationError& error) {
         refusal.reason = error.description();
     }
     throw model::LossySave(sentenceOf(path, refusal, losses), written.mended);
+}
+
+KeptOriginal::Grafted KeptOriginal::grafted(const model::EditedPackage& package, const std::string& mended,
+                                            SaveFormat format) {
+    const model::PackageGraft& graft = office_->graft();
+    model::GraftResult result = graft.graft(
+        {package.kind, package.format, package.fileName, package.original, package.baseline, mended});
+    if (auto* const refusal = std::get_if<model::GraftRefusal>(&result)) return std::move(*refusal);
+    auto* const changed = std::get_if<model::GraftedPackage>(&result);
+    std::string bytes = changed == nullptr ? bytes_ : std::move(changed->bytes);
+    if (auto fault = findFault(package, format, bytes)) return std::move(*fault);
+    kept_ = graft.keptEntries(bytes_, bytes);
+    return bytes;
 }
 
 const std::string& KeptOriginal::baseline(const std::string& path, SaveFormat format) {

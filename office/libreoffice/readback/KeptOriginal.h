@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 
 namespace mergeloom::libreoffice {
 
@@ -59,7 +60,10 @@ class KeptOriginal {
   private:
     using BaselineKey = std::pair<std::string, int>;
 
-    std::string grafted(const model::EditedPackage& package, SaveFormat format);
+    /// Either the bytes of the proved result, or the reason why there is none.
+    using Grafted = std::variant<std::string, model::GraftRefusal>;
+
+    Grafted grafted(const model::EditedPackage& package, const std::string& mended, SaveFormat format);
     const std::string& baseline(const std::string& path, SaveFormat format);
     std::string exportOf(const std::string& bytes, const std::string& path, SaveFormat format);
     std::optional<model::GraftRefusal> findFault(const model::EditedPackage& package, SaveFormat format,
