@@ -5,6 +5,7 @@
 #include "office/graft/TextReplay.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace mergeloom::graft {
 
@@ -43,13 +44,43 @@ bool isSamePlace(LinePlace now, LinePlace former, const ReadStory& formerStory,
     return isEmptyNow && touched->mark == former.line;
 }
 
+struct MarkPlace {
+    LinePlace start;
+    LinePlace end;
+
+    friend bool operator==(const MarkPlace&, const MarkPlace&) = default;
+};
+
+MarkPlace placeOf(const std::vector<Line>& lines, const BookmarkRecord& mark) {
+    return {graft::placeOf(lines, startOf(mark)), graft::placeOf(lines, endOf(mark))};
+}
+
+/// Returns the place in other lines, or none if its lines have no partners there.
+std::optional<MarkPlace> translated(MarkPlace place, const std::vector<std::size_t>& partners) {
+    for (LinePlace* end : {&place.start, &place.end}) {
+        end->line = partners[end->line];
+        if (end->line == kNoPartner) return {};
+    }
+    return place;
+}
+
 }  // namespace
 
-MarkTexts markTextsOf(embedded::WordContent& content) {
-    MarkTexts texts;
+MarkReplay::MarkReplay(embedded::WordContent& content, WordExport& baseline, WordExport& edited)
+    : content_(content), baseline_(baseline), edited_(edited) {
     for (const BookmarkRecord* record : content.bookmarks().withHidden())
-        texts[record->name] = textOf(*record);
-    return texts;
+        existing_.insert(record->name);
+}
+
+void MarkReplay::prepare(embedded::Story& original, const ReadStory& former) {
+    const std::vector<Line> lines = LineReader().read(original);
+    const std::vector<std::size_t> partners = partnersByText(former.lines, lines);
+    for (const BookmarkRecord* mark : marksOf(former)) {
+        const BookmarkRecord* const own = content_.bookmarks().find(mark->name);
+        const bool agrees = own != nullptr && own->story == &original &&
+                            translated(placeOf(former.lines, *mark), partners) == placeOf(lines, *own);
+        if (agrees) agreeing_.insert(mark->name);
+    }
 }
 
 void MarkReplay::removeMissing(const ReadStory& former) {
@@ -79,20 +110,20 @@ void MarkReplay::repeat(embedded::Story& original, const ReadStory& former, cons
     const std::vector<std::size_t> partners = partnersByText(now.lines, lines);
     for (const BookmarkRecord* mark : marksOf(now)) {
         const BookmarkRecord* const own = content_.bookmarks().find(mark->name);
-        const auto text = texts_.find(mark->name);
         const bool stays = isUntouched(*mark, former, now, difference);
-        if (own != nullptr && stays) continue;
+        const std::optional<MarkPlace> place = translated(placeOf(now.lines, *mark), partners);
+        // New text beside a bookmark may have become part of it.
+        const bool isDisplaced =
+            own != nullptr && agreeing_.contains(mark->name) && place != placeOf(lines, *own);
+        if (own != nullptr && stays && !isDisplaced) continue;
         // The office did not read it, or read it with another text.
-        if (own == nullptr && stays && text == texts_.end()) continue;
-        LinePlace start = placeOf(now.lines, startOf(*mark));
-        LinePlace end = placeOf(now.lines, endOf(*mark));
-        if (partners[start.line] == kNoPartner || partners[end.line] == kNoPartner)
+        if (own == nullptr && stays && !existing_.contains(mark->name)) continue;
+        if (!place)
             throw Refusal("the place “" + mark->name +
                           "” is in text that LibreOffice reads differently from the file");
-        start.line = partners[start.line];
-        end.line = partners[end.line];
-        const CharacterPosition from = lastPositionOf(lines, start);
-        const CharacterPosition to = std::max(from, start == end ? from : firstPositionOf(lines, end));
+        const CharacterPosition from = lastPositionOf(lines, place->start);
+        const bool isEmpty = place->start == place->end;
+        const CharacterPosition to = std::max(from, isEmpty ? from : firstPositionOf(lines, place->end));
         content_.addBookmark(mark->name, original, from, to);
     }
 }

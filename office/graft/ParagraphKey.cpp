@@ -91,8 +91,9 @@ class KeyWriter {
     }
     void readSimpleField(pugi::xml_node field, const std::string& context) {
         const std::string code = names_.value(field, "instr");
-        add(context, "{" + code + "}");
-        if (word::hasTextOfItsOwn(code)) read(field, context);
+        const std::string inside = context + "{" + code + "}";
+        add(inside, "{}");
+        if (word::hasTextOfItsOwn(code)) read(field, inside);
     }
     [[nodiscard]] bool isInComputedText() const {
         for (const Field& field : fields_)

@@ -90,13 +90,12 @@ class DocumentGraft {
             embedded::savedBytes(original, DocumentFamily::Word, package_.format, package_.fileName)};
     }
     void repeat(embedded::WordContent& content) {
-        const MarkTexts texts = markTextsOf(content);
         // Looked up before the first edit, since stories are identified by their texts.
         std::vector<embedded::Story*> originals(edited_.stories().size(), nullptr);
         for (std::size_t story = 0; story < originals.size(); ++story)
             if (!areAlike(baseline_.stories()[story], edited_.stories()[story]))
                 originals[story] = &originalOf(content, baseline_.stories()[story]);
-        MarkReplay marks(content, baseline_, edited_, texts);
+        MarkReplay marks(content, baseline_, edited_);
         FormatReplay formats(content, baseline_, edited_);
         std::map<embedded::Story*, std::size_t> done;
         for (std::size_t story = 0; story < originals.size(); ++story) {
@@ -126,6 +125,7 @@ class DocumentGraft {
         const ReadStory& now = edited_.stories()[story];
         const auto difference = differenceBetween(former.lines, now.lines);
         if (!difference) throw Refusal("too much was changed to be compared");
+        marks.prepare(original, former);
         TextReplay(content, original, former, now, pictures_).repeat(difference->edits);
         formats.repeat(original, former, now, *difference);
         marks.repeat(original, former, now, *difference);

@@ -43,6 +43,19 @@ inline std::string paragraph(const std::string& text) {
     return "<w:p><w:r>" + textXml(text) + "</w:r></w:p>";
 }
 
+inline std::string run(const std::string& text, const std::string& properties = "") {
+    return "<w:r>" + (properties.empty() ? "" : "<w:rPr>" + properties + "</w:rPr>") + textXml(text) +
+           "</w:r>";
+}
+
+inline std::string marked(const std::string& name, const std::string& inside) {
+    return "<w:bookmarkStart w:id=\"1\" w:name=\"" + name + "\"/>" + inside + "<w:bookmarkEnd w:id=\"1\"/>";
+}
+
+/// The runs of an original have properties that exports lack, and the exports have properties of their own.
+inline const std::string kOwn = "<w:color w:val=\"4F81BD\" w:themeColor=\"accent1\"/>";
+inline const std::string kShown = "<w:color w:val=\"4F81BD\"/><w:kern w:val=\"0\"/>";
+
 inline std::string bodyOf(const std::string& bytes) {
     const std::string xml = opc::Package::read(bytes, "test.docx").readPart(kMainPart);
     const std::size_t start = xml.find("<w:body>") + 8;
@@ -72,5 +85,20 @@ inline std::string resultOf(const model::GraftResult& result) {
         return "refused: " + refusal->reason;
     return bodyOf(std::get<model::GraftedPackage>(result).bytes);
 }
+
+inline const std::string kLast = paragraph("Last");
+
+/// The bodies of a triple, and the result of its graft.
+struct GraftCase {
+    std::string what;
+    std::string original;
+    std::string baseline;
+    std::string edited;
+    std::string expected;
+
+    [[nodiscard]] std::string result() const {
+        return resultOf(Triple{wordFile(original), wordFile(baseline), wordFile(edited)}.graft());
+    }
+};
 
 }  // namespace mergeloom::graft

@@ -1,0 +1,156 @@
+#include "graft/Triple.h"
+
+#include <gtest/gtest.h>
+
+namespace mergeloom::graft {
+
+namespace {
+
+std::string mark(const std::string& type) {
+    return "<w:r><w:fldChar w:fldCharType=\"" + type + "\"/></w:r>";
+}
+
+std::string field(const std::string& code, const std::string& result) {
+    return mark("begin") + "<w:r><w:instrText>" + code + "</w:instrText></w:r>" + mark("separate") +
+           run(result) + mark("end");
+}
+
+/// A field whose code contains a page number.
+std::string nestedField(const std::string& page, const std::string& result) {
+    return mark("begin") + "<w:r><w:instrText>IF </w:instrText></w:r>" + field("PAGE", page) +
+           mark("separate") + run(result) + mark("end");
+}
+
+std::string simpleField(const std::string& code, const std::string& result) {
+    return "<w:fldSimple w:instr=\"" + code + "\">" + run(result) + "</w:fldSimple>";
+}
+
+std::string control(const std::string& tag, const std::string& content) {
+    return "<w:sdt><w:sdtPr><w:tag w:val=\"" + tag + "\"/></w:sdtPr><w:sdtContent>" + content +
+           "</w:sdtContent></w:sdt>";
+}
+
+std::string p(const std::string& content) {
+    return "<w:p>" + content + "</w:p>";
+}
+
+std::string cell(const std::string& content) {
+    return "<w:tc><w:tcPr><w:tcW w:w=\"100\" w:type=\"dxa\"/></w:tcPr>" + content + "</w:tc>";
+}
+
+std::string row(const std::string& cells) {
+    return "<w:tr>" + cells + "</w:tr>";
+}
+
+std::string table(const std::string& rows) {
+    return "<w:tbl><w:tblPr/><w:tblGrid><w:gridCol w:w=\"100\"/><w:gridCol w:w=\"100\"/></w:tblGrid>" + rows +
+           "</w:tbl>";
+}
+
+const std::string kFirst = paragraph("First");
+const std::string kCellA = cell(paragraph("a"));
+const std::string kCellB = cell(paragraph("b"));
+const std::string kRow = row(kCellA + kCellB);
+const std::string kTable = table(kRow);
+const std::string kOtherRow = row(cell(paragraph("c") + paragraph("d")) + cell(p("")));
+
+/// An edit of a document that the office exports as it is.
+struct Edit {
+    std::string what;
+    std::string before;
+    std::string after;
+
+    [[nodiscard]] Triple triple() const { return {wordFile(before), wordFile(before), wordFile(after)}; }
+};
+
+TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
+    const Edit edits[] = {
+        {"the text of a link", p(field("HYPERLINK \"x\"", "old")), p(field("HYPERLINK \"x\"", "old new"))},
+        {"the text of a link of one element", p(simpleField("HYPERLINK x", "old")),
+         p(simpleField("HYPERLINK x", "old new"))},
+        {"text beside a field", p(run("on ") + field("PAGE", "1")), p(run("on page ") + field("PAGE", "4"))},
+        {"text between fields", p(field("PAGE", "1") + run(" ") + field("DATE", "2")),
+         p(field("PAGE", "1") + run(" of ") + field("DATE", "3"))},
+        {"a place that grows", p(marked("City", run("Old")) + run(" text")),
+         p(marked("City", run("Old") + run(" text")))},
+        {"a place that shrinks at its start", p(marked("City", run("Old text"))),
+         p(run("Old ") + marked("City", run("text")))},
+        {"a place in another paragraph", p(marked("City", run("Old"))) + kLast,
+         p(run("Old")) + p(marked("City", run("Last")))},
+        {"an empty place", p(run("ab")), p(marked("City", "") + run("ab"))},
+        {"a place in an empty paragraph", p("") + kLast, p(marked("City", "")) + kLast},
+        {"text after an empty place", p(marked("City", "") + run("ab")), p(marked("City", "") + run("abc"))},
+        {"text before a place", p(marked("City", run("ab")) + run("c")),
+         p(run("x") + marked("City", run("ab")) + run("c"))},
+        {"text after a place", p(marked("City", run("ab")) + run("c")),
+         p(marked("City", run("ab")) + run("xc"))},
+        {"text in a place", p(marked("City", run("ab")) + run("c")),
+         p(marked("City", run("axb")) + run("c"))},
+        {"a table", kFirst + kLast, kFirst + table(kOtherRow + kRow) + kLast},
+        {"a row at the end", kFirst + kTable + kLast, kFirst + table(kRow + kOtherRow) + kLast},
+        {"two rows at the end", kTable + kLast, table(kRow + kOtherRow + kRow) + kLast},
+        {"a table gone", kFirst + kTable + kLast, kFirst + kLast},
+        {"a word in a cell", kTable + kLast, table(row(kCellA + cell(paragraph("bc")))) + kLast},
+        {"a paragraph at the end of a cell", kTable + kLast,
+         table(row(cell(paragraph("a") + paragraph("x")) + kCellB)) + kLast},
+        {"a paragraph at the start of a cell", kTable + kLast,
+         table(row(cell(paragraph("x") + paragraph("a")) + kCellB)) + kLast},
+        {"a paragraph after a table", kTable + kLast, kTable + paragraph("x") + kLast},
+        {"a paragraph before a table", kFirst + kTable + kLast, kFirst + paragraph("x") + kTable + kLast},
+        {"two paragraphs in one", kFirst + kLast, paragraph("FirstLast")},
+        {"one paragraph in two", paragraph("FirstLast"), kFirst + kLast},
+        {"text across paragraphs", kFirst + paragraph("Mid") + kLast, paragraph("Fine") + kLast},
+    };
+    for (const Edit& edit : edits) {
+        const Triple triple = edit.triple();
+        const model::GraftResult result = triple.graft();
+        const auto* const grafted = std::get_if<model::GraftedPackage>(&result);
+        ASSERT_NE(grafted, nullptr) << edit.what << ": " << resultOf(result);
+        EXPECT_EQ(triple.fault(grafted->bytes), "") << edit.what << ": " << bodyOf(grafted->bytes);
+        EXPECT_NE(triple.fault(triple.original), "") << edit.what;
+    }
+}
+
+/// Texts that the office computes, and comments in its XML.
+TEST(WordStructureTest, IgnoresWhatNoUserChanged) {
+    const Edit edits[] = {
+        {"a page number", p(field("PAGE", "1")), p(field("PAGE", "2"))},
+        {"a page number of one element", p(simpleField("PAGE", "1")), p(simpleField("PAGE", "2"))},
+        {"a number in a code", p(nestedField("1", "x")), p(nestedField("2", "y"))},
+        {"a comment", p(run("x")), p("<!-- y -->" + run("x"))},
+    };
+    for (const Edit& edit : edits)
+        EXPECT_EQ(resultOf(edit.triple().graft()), "nothing changed") << edit.what;
+}
+
+/// Changes without a rule are refused, or the proof of the result fails.
+TEST(WordStructureTest, RefusesOtherChanges) {
+    const Edit edits[] = {
+        {"the code of a field", p(field("PAGE", "1")), p(field("NUMPAGES", "1"))},
+        {"the code of one element", p(simpleField("PAGE", "1")), p(simpleField("NUMPAGES", "1"))},
+        {"a new field", p(run("x")), p(run("x") + field("PAGE", "1"))},
+        {"a control's properties", p(control("a", run("x"))), p(control("b", run("x")))},
+        {"a control around the same text", p(control("a", run("x"))), p(run("x"))},
+        {"a control around other text", p(control("a", run("x")) + run("y")),
+         p(run("x") + control("a", run("y")))},
+        {"a link around the same text", p(run("x")),
+         p("<w:hyperlink w:anchor=\"a\">" + run("x") + "</w:hyperlink>")},
+        {"a row at the start", kTable + kLast, table(kOtherRow + kRow) + kLast},
+        {"the properties of a row", kTable + kLast,
+         table(row("<w:trPr><w:tblHeader/></w:trPr>" + kCellA + kCellB)) + kLast},
+        {"a paragraph before the first table", kTable + kLast, paragraph("x") + kTable + kLast},
+        {"a table in a table", kFirst + kLast, kFirst + table(row(cell(kTable + p("")) + kCellB)) + kLast},
+    };
+    for (const Edit& edit : edits) {
+        const Triple triple = edit.triple();
+        const model::GraftResult result = triple.graft();
+        EXPECT_FALSE(std::holds_alternative<model::NothingChanged>(result)) << edit.what;
+        const auto* const grafted = std::get_if<model::GraftedPackage>(&result);
+        if (grafted == nullptr) continue;
+        EXPECT_NE(triple.fault(grafted->bytes), "") << edit.what << ": " << bodyOf(grafted->bytes);
+    }
+}
+
+}  // namespace
+
+}  // namespace mergeloom::graft
