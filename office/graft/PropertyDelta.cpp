@@ -1,111 +1,12 @@
 #include "office/graft/PropertyDelta.h"
 
 #include "office/graft/Refusal.h"
+#include "office/opc/PropertyOrder.h"
 #include "office/opc/XmlPart.h"
-
-#include <algorithm>
-#include <array>
 
 namespace mergeloom::graft {
 
 namespace {
-
-/// The order of properties (ECMA-376 Part 1, 17.3.2.28, 17.3.1.26 and 17.6.17). No name occurs twice.
-constexpr std::string_view kOrder[] = {
-    // of runs
-    "rStyle",
-    "rFonts",
-    "b",
-    "bCs",
-    "i",
-    "iCs",
-    "caps",
-    "smallCaps",
-    "strike",
-    "dstrike",
-    "outline",
-    "shadow",
-    "emboss",
-    "imprint",
-    "noProof",
-    "snapToGrid",
-    "vanish",
-    "webHidden",
-    "color",
-    "spacing",
-    "w",
-    "kern",
-    "position",
-    "sz",
-    "szCs",
-    "highlight",
-    "u",
-    "effect",
-    "bdr",
-    "shd",
-    "fitText",
-    "vertAlign",
-    "rtl",
-    "cs",
-    "em",
-    "lang",
-    "eastAsianLayout",
-    "specVanish",
-    "oMath",
-    "rPrChange"};
-
-constexpr std::string_view kParagraphOrder[] = {"pStyle",
-                                                "keepNext",
-                                                "keepLines",
-                                                "pageBreakBefore",
-                                                "framePr",
-                                                "widowControl",
-                                                "numPr",
-                                                "suppressLineNumbers",
-                                                "pBdr",
-                                                "shd",
-                                                "tabs",
-                                                "suppressAutoHyphens",
-                                                "kinsoku",
-                                                "wordWrap",
-                                                "overflowPunct",
-                                                "topLinePunct",
-                                                "autoSpaceDE",
-                                                "autoSpaceDN",
-                                                "bidi",
-                                                "adjustRightInd",
-                                                "snapToGrid",
-                                                "spacing",
-                                                "ind",
-                                                "contextualSpacing",
-                                                "mirrorIndents",
-                                                "suppressOverlap",
-                                                "jc",
-                                                "textDirection",
-                                                "textAlignment",
-                                                "textboxTightWrap",
-                                                "outlineLvl",
-                                                "divId",
-                                                "cnfStyle",
-                                                "rPr",
-                                                "sectPr",
-                                                "pPrChange"};
-
-constexpr std::string_view kSectionOrder[] = {
-    "headerReference", "footerReference", "footnotePr",      "endnotePr",   "type",          "pgSz",
-    "pgMar",           "paperSrc",        "pgBorders",       "lnNumType",   "pgNumType",     "cols",
-    "formProt",        "vAlign",          "noEndnote",       "titlePg",     "textDirection", "bidi",
-    "rtlGutter",       "docGrid",         "printerSettings", "sectPrChange"};
-
-std::span<const std::string_view> orderOf(std::string_view properties) {
-    if (properties == "pPr") return kParagraphOrder;
-    if (properties == "sectPr") return kSectionOrder;
-    return kOrder;
-}
-
-std::ptrdiff_t rankOf(std::span<const std::string_view> order, std::string_view name) {
-    return std::ranges::find(order, name) - order.begin();
-}
 
 bool hasElements(pugi::xml_node node) {
     return static_cast<bool>(
@@ -166,7 +67,7 @@ class Application {
             if (!value) return;
             values.emplace_back(localOf(attribute.name()), *value);
         }
-        const pugi::xml_node target = requireChild(properties_, name, names_);
+        const pugi::xml_node target = opc::requireChild(properties_, name, names_);
         if (!now.first_attribute()) removeAttributes(target);
         for (const pugi::xml_attribute attribute : former.attributes())
             if (!now.attribute(attribute.name())) removeAttribute(target, localOf(attribute.name()));
@@ -189,7 +90,7 @@ class Application {
   private:
     /// Replaces the whole property, such as borders and tabs, whose parts belong together.
     void replace(std::string_view name, pugi::xml_node now) {
-        pugi::xml_node target = requireChild(properties_, name, names_);
+        pugi::xml_node target = opc::requireChild(properties_, name, names_);
         target.remove_children();
         removeAttributes(target);
         copy(now, target);
@@ -217,17 +118,6 @@ class Application {
 
 }  // namespace
 
-pugi::xml_node requireChild(pugi::xml_node element, std::string_view localName, const opc::WordNames& names) {
-    if (const pugi::xml_node found = childOf(element, localName, names)) return found;
-    const auto order = orderOf(opc::localName(element));
-    const std::ptrdiff_t rank = rankOf(order, localName);
-    const std::string name = names.element(localName);
-    for (const pugi::xml_node child : element.children())
-        if (rankOf(order, opc::localName(child)) > rank)
-            return element.insert_child_before(name.c_str(), child);
-    return element.append_child(name.c_str());
-}
-
 PropertyDelta::PropertyDelta(pugi::xml_node former, pugi::xml_node now, const CanonicalXml& canonical) {
     for (const pugi::xml_node property : now.children()) {
         const pugi::xml_node before = former.child(property.name());
@@ -252,7 +142,7 @@ void PropertyDelta::applyTo(pugi::xml_node properties, const opc::WordNames& nam
             // Volatile content was removed from it before.
             static const CanonicalXml kPlain{{}, {}};
             const PropertyDelta inner(change.former, change.now, kPlain);
-            if (!inner.isEmpty()) inner.applyTo(requireChild(properties, name, names), names, translate);
+            if (!inner.isEmpty()) inner.applyTo(opc::requireChild(properties, name, names), names, translate);
             continue;
         }
         change.now ? application.set(change.former, change.now) : application.remove(change.former);

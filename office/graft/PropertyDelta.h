@@ -41,7 +41,4 @@ class PropertyDelta {
     std::vector<Change> changes_;
 };
 
-/// Returns the child of an element with a local name. Inserts it in the order of the schema if there is none.
-pugi::xml_node requireChild(pugi::xml_node element, std::string_view localName, const opc::WordNames& names);
-
 }  // namespace mergeloom::graft

@@ -163,8 +163,11 @@ const char* WordNames::value(pugi::xml_node node, std::string_view localName) co
 }
 
 pugi::xml_node WordNames::child(pugi::xml_node node, WordTag tag) const {
-    // Properties come first, so that a long paragraph without them is not searched.
-    const bool isFirst = tag == WordTag::ParagraphProperties || tag == WordTag::RunProperties;
+    // Paragraphs and runs begin with their properties, so that a long paragraph without them is not searched.
+    // Other elements, as styles, have them anywhere.
+    const WordTag owner = tag == WordTag::ParagraphProperties ? WordTag::Paragraph : WordTag::Run;
+    const bool isProperties = tag == WordTag::ParagraphProperties || tag == WordTag::RunProperties;
+    const bool isFirst = isProperties && tagOf(node) == owner;
     for (const pugi::xml_node child : node.children()) {
         if (tagOf(child) == tag) return child;
         if (isFirst && child.type() == pugi::node_element) break;

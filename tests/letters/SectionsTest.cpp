@@ -1,4 +1,4 @@
-#include "letters/LetterTest.h"
+#include "letters/ListTest.h"
 
 #include <set>
 
@@ -6,7 +6,7 @@ namespace mergeloom {
 namespace {
 
 /// Numbering, and unique ids, in one document for all records.
-class LetterSections : public LetterTest {
+class LetterSections : public ListTest {
   protected:
     LetterSections() {
         settings.use = letters::LetterUse::OneForAll;
@@ -28,28 +28,8 @@ class LetterSections : public LetterTest {
         }
         return values;
     }
-    static std::string withLists(const std::string& body, const std::string& lists) {
-        opc::Package package = opc::Package::read(wordFile(body), "lists.docx");
-        package.addPart(
-            "/word/numbering.xml",
-            "application/vnd.openxmlformats-officedocument.wordprocessingml.numbering+xml",
-            "<w:numbering xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">" + lists +
-                "</w:numbering>");
-        package.relationshipsOf(kMainPart).addPart(
-            opc::officeRelationshipType("numbering", opc::Conformance::Transitional), "/word/numbering.xml");
-        return packageBytes(package);
-    }
     static std::string item(const std::string& list) {
-        return "<w:p><w:pPr><w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"" + list +
-               "\"/></w:numPr></w:pPr></w:p>";
-    }
-    static std::string definition(const std::string& id, const std::string& format,
-                                  const std::string& start) {
-        return "<w:abstractNum w:abstractNumId=\"" + id + "\"><w:lvl w:ilvl=\"0\"><w:start w:val=\"" + start +
-               "\"/><w:numFmt w:val=\"" + format + "\"/></w:lvl></w:abstractNum>";
-    }
-    static std::string list(const std::string& id, const std::string& definition) {
-        return "<w:num w:numId=\"" + id + "\"><w:abstractNumId w:val=\"" + definition + "\"/></w:num>";
+        return paragraph("<w:pPr>" + inList(list) + "</w:pPr>");
     }
 
     std::unique_ptr<letters::Letters> letters_;
@@ -85,6 +65,46 @@ TEST_F(LetterSections, ListsBeginAgain) {
     // One record needs no further list.
     EXPECT_EQ(allOf(file, 1).readPart("/word/numbering.xml"),
               opc::Package::read(file, "lists.docx").readPart("/word/numbering.xml"));
+}
+
+/// A list of a style becomes one of the paragraph, with the level that names the style and the style's
+/// indents.
+TEST_F(LetterSections, ListsOfStylesBeginAgain) {
+    const std::string levels =
+        "<w:lvl w:ilvl=\"0\"><w:numFmt w:val=\"decimal\"/></w:lvl>"
+        "<w:lvl w:ilvl=\"1\"><w:numFmt w:val=\"decimal\"/><w:pStyle w:val=\"Numbers\"/></w:lvl>";
+    const std::string lists =
+        "<w:abstractNum w:abstractNumId=\"7\">" + levels + "<w:styleLink w:val=\"S\"/></w:abstractNum>" +
+        "<w:abstractNum w:abstractNumId=\"8\"><w:numStyleLink w:val=\"S\"/></w:abstractNum>" + list("3", "8");
+    const std::string styles = numberedStyle("Numbers", "3", "<w:ind w:left=\"9\" w:hanging=\"5\"/>") +
+                               basedStyle("Item", "Numbers", "", "<w:ind w:left=\"8\"/>") +
+                               "<w:style w:type=\"paragraph\" w:default=\"1\" w:styleId=\"Default\"/>";
+    const std::string file = withStyles(
+        withLists(paragraph("<w:pPr>" + ofStyle("Item") + "<w:ind w:firstLine=\"1\"/></w:pPr>" + place("A")) +
+                      paragraph(run("t")),
+                  lists),
+        styles);
+    const std::string xml = allOf(file, 2).readPart(kMainPart);
+    for (const char* id : {"3", "4"}) {
+        EXPECT_NE(xml.find("<w:pStyle w:val=\"Item\"/><w:numPr><w:ilvl w:val=\"1\"/><w:numId w:val=\"" +
+                           std::string(id) + "\"/></w:numPr><w:ind w:firstLine=\"1\" w:left=\"8\"/></w:pPr>"),
+                  std::string::npos)
+            << xml;
+    }
+    EXPECT_EQ(valuesOf(xml, "<w:numId w:val=\"").size(), 2U) << xml;
+}
+
+/// Paragraphs of rich text are in the list of their record.
+TEST_F(LetterSections, ParagraphsOfRichTextStayInTheirList) {
+    const std::string file =
+        withLists(paragraph("<w:pPr>" + inList("1") + "</w:pPr>" + place("A")) + paragraph(run("t")),
+                  definition("7", "decimal", "1") + list("1", "7"));
+    letters_ = compiled(file);
+    for (int record = 0; record < 2; ++record)
+        letters_->append({{{.name = "A", .richText = "<div>x</div><div>y</div>", .records = {}}}});
+    files.save("/all.docx", [&](ByteSink& sink) { letters_->finish(sink); });
+    EXPECT_EQ(valuesOf(bodyXml(files.files["/all.docx"]), "<w:numId w:val=\""),
+              (std::vector<std::string>{"1", "1", "2", "2"}));
 }
 
 TEST_F(LetterSections, MoreListsThanWordKnowsAreTold) {

@@ -1,11 +1,11 @@
-#include "letters/LetterTest.h"
+#include "letters/ListTest.h"
 #include "office/model/letters/RecordMark.h"
 
 namespace mergeloom {
 namespace {
 
 /// Templates whose records share one document, or need documents of their own.
-class SharedLayout : public LetterTest {
+class SharedLayout : public ListTest {
   protected:
     SharedLayout() {
         settings.use = letters::LetterUse::OneForAll;
@@ -65,28 +65,25 @@ TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
         EXPECT_EQ(compiled(wordFile(c.body))->canShareLayout(), c.isShared) << c.body;
 }
 
-/// Lists continue through a document, also those of a style that is based on a numbered one.
-TEST_F(SharedLayout, ListsAreNotShared) {
-    const auto isShared = [&](const std::string& style) {
-        const std::string body =
-            "<w:p><w:pPr><w:pStyle w:val=\"" + style + "\"/></w:pPr>" + place("A") + "</w:p>";
-        opc::Package package = opc::Package::read(wordFile(body), "styles.docx");
-        package.addPart(
-            "/word/styles.xml", "application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml",
-            "<w:styles xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">"
-            "<w:style w:styleId=\"Plain\"/><w:style w:styleId=\"Circle\"><w:basedOn "
-            "w:val=\"Circle\"/></w:style>"
-            "<w:style w:styleId=\"Item\"><w:basedOn w:val=\"List\"/></w:style>"
-            "<w:style w:styleId=\"List\"><w:pPr><w:numPr><w:numId w:val=\"1\"/></w:numPr></w:pPr></w:style>"
-            "</w:styles>");
-        package.relationshipsOf(kMainPart).addPart(
-            opc::officeRelationshipType("styles", opc::Conformance::Transitional), "/word/styles.xml");
-        return compiled(packageBytes(package))->canShareLayout();
+/// Lists that count continue through a document, also those of a style that is based on a numbered one.
+TEST_F(SharedLayout, ListsThatCountAreNotShared) {
+    const std::string styles = numberedStyle("Numbers", "1") + numberedStyle("Bullets", "2") +
+                               basedStyle("Item", "Numbers", "") + basedStyle("Dot", "Bullets", "") +
+                               basedStyle("Off", "Numbers", "0") + basedStyle("Circle", "Circle", "");
+    const std::string lists =
+        definition("7", "decimal", "1") + definition("8", "bullet", "1") + list("1", "7") + list("2", "8");
+    const auto isShared = [&](const std::string& properties) {
+        const std::string body = paragraph("<w:pPr>" + properties + "</w:pPr>" + place("A"));
+        return compiled(withStyles(withLists(body, lists), styles))->canShareLayout();
     };
-    EXPECT_TRUE(isShared("Plain"));
-    EXPECT_TRUE(isShared("Circle"));
-    EXPECT_FALSE(isShared("List"));
-    EXPECT_FALSE(isShared("Item"));
+    const std::string noList = "<w:numPr><w:numId w:val=\"0\"/></w:numPr>";
+    for (const char* style : {"Bullets", "Dot", "Off", "Circle", "Unknown"})
+        EXPECT_TRUE(isShared(ofStyle(style))) << style;
+    EXPECT_TRUE(isShared(ofStyle("Numbers") + noList));
+    EXPECT_TRUE(isShared(inList("2")));
+    for (const char* style : {"Numbers", "Item"})
+        EXPECT_FALSE(isShared(ofStyle(style))) << style;
+    EXPECT_FALSE(isShared(inList("1")));
 }
 
 TEST_F(SharedLayout, RecordsAreMarkedInsteadOfOtherBookmarks) {

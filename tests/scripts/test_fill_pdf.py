@@ -98,19 +98,33 @@ class FillingPdf(ProgramTest):
         self.assertEqual(totals, [["4"]] * 4)
         self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
 
-    def test_lists_begin_again(self):
-        """Paragraphs may be numbered by their styles."""
+    def listed(self, *styles):
+        """Returns a template of the order's number and a paragraph of each style, which may number it."""
         document = docx.Document()
         number = document.add_paragraph()
         for xml in ('<w:bookmarkStart {0} w:id="900" w:name="OrderNumber"/>',
                     "<w:r {0}><w:t>OrderNumber</w:t></w:r>", '<w:bookmarkEnd {0} w:id="900"/>'):
             number._p.append(parse_xml(xml.format(nsdecls("w"))))
-        document.add_paragraph("item", style="List Number")
+        for style in styles:
+            document.add_paragraph("item", style=style)
         template = self.folder / "list.docx"
         document.save(template)
+        return template
+
+    def test_lists_begin_again(self):
+        """Paragraphs may be numbered by their styles."""
+        template = self.listed("List Number")
         together, alone = self.fill_both_ways(template)
         for file in together.iterdir():
             self.assertEqual(re.findall(r"(\d+)\. +item", "".join(pages_of(file))), ["1"])
+        self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
+        # In one document for all, too.
+        book = self.folder / "book.pdf"
+        self.fill("--one-document", "--output", book, template=template, data=self.orders())
+        self.assertEqual(re.findall(r"(\d+)\. +item", "".join(pages_of(book))), ["1"] * len(self.LINES))
+
+    def test_bullets_are_those_of_records_alone(self):
+        together, alone = self.fill_both_ways(self.listed("List Bullet", "List Bullet"))
         self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
 
     def test_records_that_begin_with_a_table(self):

@@ -55,6 +55,9 @@ TEST(StoryEditor, putsTextWhereItBelongs) {
     check({
         {"before a run", "<p><r>" + kBold + "<t>ab</t></r></p>", insert(0, "x"),
          "<p><r>" + kBold + "<t>x</t></r><r>" + kBold + "<t>ab</t></r></p>"},
+        {"in an empty paragraph, with the formatting of its mark",
+         "<p><pPr><pStyle w:val=\"s\"/>" + kBold + "</pPr></p>", insert(0, "x"),
+         "<p><pPr><pStyle w:val=\"s\"/>" + kBold + "</pPr><r>" + kBold + "<t>x</t></r></p>"},
         {"inside a run", paragraph("ab"), insert(1, "x"), paragraph("axb")},
         {"behind a run", paragraph("ab"), insert(2, "x"), paragraph("abx")},
         {"between a tab and text of one run", "<p><r><tab/><t>b</t></r></p>", insert(1, "x"),

@@ -42,10 +42,11 @@ class EmbeddedLetters final : public letters::Letters {
         : settings_(std::move(settings)),
           ids_(freeIds(content)),
           labelsPerSheet_(labelCount(content, sources)),
-          hasSharedLayout_(labelsPerSheet_ == 0 && hasSharedLayout(content.package())),
           lists_(content.package()),
+          styles_(content.package()),
+          hasSharedLayout_(labelsPerSheet_ == 0 && hasSharedLayout(content.package(), styles_, lists_)),
           marked_(markPlaces(content, sources)),
-          context_{marked_, settings_, content.package(), files, lists_} {
+          context_{marked_, settings_, content.package(), files, lists_, styles_} {
         context_.labelsPerSheet = labelsPerSheet_;
         content.storeParts();
         cutParts(content.package());
@@ -244,8 +245,9 @@ class EmbeddedLetters final : public letters::Letters {
     // These are read before the places are marked.
     FreeIds ids_;
     std::size_t labelsPerSheet_;
-    bool hasSharedLayout_;
     ListRestarts lists_;
+    NumberedStyles styles_;
+    bool hasSharedLayout_;
     MarkedPlaces marked_;
     CuttingContext context_;
     std::vector<CutPart> parts_;

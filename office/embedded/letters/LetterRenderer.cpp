@@ -53,6 +53,14 @@ void LetterRenderer::render(CutPart& part, Pieces& pieces, std::span<const Recor
     append(pieces);
 }
 
+std::string LetterRenderer::rendered(Pieces& pieces) {
+    std::string xml;
+    std::string* const letter = std::exchange(xml_, &xml);
+    append(pieces);
+    xml_ = letter;
+    return xml;
+}
+
 void LetterRenderer::append(Pieces& pieces) {
     for (Piece& piece : pieces) {
         switch (piece.kind) {
@@ -185,7 +193,7 @@ void LetterRenderer::appendValue(Piece& piece) {
     static const std::string kNothing;
     const RecordControl* const control = controlOf(piece);
     const letters::ValueKind kind = marked_.places[piece.number].source.value;
-    const PlaceFormat& format = part_->formats[piece.number];
+    PlaceFormat& format = part_->formats[piece.number];
     const std::string& bound = control == nullptr ? kNothing : control->boundValue;
     const std::string& shown = control == nullptr ? kNothing : control->shownText();
     const std::string& text = kind == letters::ValueKind::Bound ? bound : shown;
@@ -220,17 +228,18 @@ std::string LetterRenderer::takeParagraphSection() {
     return section;
 }
 
-void LetterRenderer::appendParagraphs(const std::vector<RichParagraph>& paragraphs,
-                                      const PlaceFormat& format) {
+void LetterRenderer::appendParagraphs(const std::vector<RichParagraph>& paragraphs, PlaceFormat& format) {
     const bool isSplit = format.canSplit && paragraphs.size() > 1;
-    const std::string section = isSplit ? takeParagraphSection() : std::string();
-    const std::size_t end = appendRichText(*xml_, paragraphs, format, section);
+    AddedParagraphs added;
+    if (isSplit) added = {rendered(format.paragraphPieces), takeParagraphSection()};
+    const std::string& section = added.section;
+    const std::size_t end = appendRichText(*xml_, paragraphs, format, added);
     if (section.empty()) return;
     sectionEnd_ = end;
     sectionStart_ = end - section.size();
 }
 
-void LetterRenderer::appendRich(const RecordControl& control, const PlaceFormat& format) {
+void LetterRenderer::appendRich(const RecordControl& control, PlaceFormat& format) {
     const auto paragraphs = readRichText(control.richText);
     if (paragraphs) {
         appendParagraphs(*paragraphs, format);
@@ -267,10 +276,7 @@ bool LetterRenderer::appendNewPicture(Piece& piece) {
 void LetterRenderer::appendPicture(Piece& piece) {
     const AddedPicture* const picture = pictureOf(piece);
     if (picture == nullptr) return append(piece.inside);
-    std::string xml;
-    std::string* const letter = std::exchange(xml_, &xml);
-    append(piece.inside);
-    xml_ = letter;
+    const std::string xml = rendered(piece.inside);
     pugi::xml_document document;
     document.load_buffer(xml.data(), xml.size(), pugi::parse_full | pugi::parse_ws_pcdata);
     const pugi::xml_node drawing = document.document_element();

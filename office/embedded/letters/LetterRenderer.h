@@ -43,10 +43,11 @@ class LetterRenderer {
 
   private:
     void append(Pieces& pieces);
+    std::string rendered(Pieces& pieces);
     void appendValue(Piece& piece);
     /// Appends rich text, or its plain text if the markup is malformed.
-    void appendRich(const RecordControl& control, const PlaceFormat& format);
-    void appendParagraphs(const std::vector<RichParagraph>& paragraphs, const PlaceFormat& format);
+    void appendRich(const RecordControl& control, PlaceFormat& format);
+    void appendParagraphs(const std::vector<RichParagraph>& paragraphs, PlaceFormat& format);
     void appendParagraphSection(Piece& piece);
     std::string takeParagraphSection();
     void appendLabel(Piece& piece);

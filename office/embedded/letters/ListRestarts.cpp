@@ -29,19 +29,42 @@ pugi::xml_node childWith(pugi::xml_node parent, const std::string& element, cons
 
 class ListReader {
   public:
-    explicit ListReader(pugi::xml_node root) : root_(root), names_(root), level_(names_.element("lvl")) {}
+    explicit ListReader(pugi::xml_node root)
+        : root_(root),
+          names_(root),
+          level_(names_.element("lvl")),
+          override_(names_.element("lvlOverride")) {}
 
     [[nodiscard]] const char* idOf(pugi::xml_node list) const { return names_.value(list, "numId"); }
 
-    /// Returns the definition of a list, or none if it is not numbered.
+    /// Returns the definition of a list, also that of the style of lists which it refers to.
     [[nodiscard]] pugi::xml_node definitionOf(pugi::xml_node list) const {
-        const pugi::xml_node reference = list.child(names_.element("abstractNumId").c_str());
         const pugi::xml_node definition =
             childWith(root_, names_.element("abstractNum"), names_.attribute("abstractNumId"),
-                      names_.value(reference, "val"));
-        const bool counts = std::ranges::any_of(definition.children(level_.c_str()),
-                                                [this](pugi::xml_node level) { return this->counts(level); });
-        return counts ? definition : pugi::xml_node();
+                      valueOf(list, "abstractNumId"));
+        const char* const style = valueOf(definition, "numStyleLink");
+        if (*style == '\0') return definition;
+        return root_.find_child(
+            [&](pugi::xml_node child) { return std::string_view(valueOf(child, "styleLink")) == style; });
+    }
+
+    /// Returns true if one of the levels of a list counts, also one that the list itself replaces.
+    [[nodiscard]] bool counts(pugi::xml_node list, pugi::xml_node definition) const {
+        const auto isCounting = [this](pugi::xml_node level) { return countsIn(level); };
+        return std::ranges::any_of(definition.children(level_.c_str()), isCounting) ||
+               std::ranges::any_of(list.children(override_.c_str()), [&](pugi::xml_node override) {
+                   return countsIn(override.child(level_.c_str()));
+               });
+    }
+
+    /// Returns the levels whose paragraphs have a style, by the ids of the styles.
+    [[nodiscard]] std::map<std::string, std::string> levelsOfStyles(pugi::xml_node definition) const {
+        std::map<std::string, std::string> levels;
+        for (const pugi::xml_node level : definition.children(level_.c_str())) {
+            const std::string style = valueOf(level, "pStyle");
+            if (!style.empty()) levels[style] = names_.value(level, "ilvl");
+        }
+        return levels;
     }
 
     /// Returns the XML of a further instance, in which each level begins with its start again.
@@ -58,17 +81,20 @@ class ListReader {
     }
 
   private:
-    [[nodiscard]] bool counts(pugi::xml_node level) const {
-        const std::string_view format = names_.value(level.child(names_.element("numFmt").c_str()), "val");
-        return format != "bullet" && format != "none";
+    [[nodiscard]] const char* valueOf(pugi::xml_node node, std::string_view child) const {
+        return names_.value(node.child(names_.element(child).c_str()), "val");
+    }
+
+    [[nodiscard]] bool countsIn(pugi::xml_node level) const {
+        const std::string_view format = valueOf(level, "numFmt");
+        return level && format != "bullet" && format != "none";
     }
 
     void restart(pugi::xml_node list, pugi::xml_node level) const {
-        const std::string override = names_.element("lvlOverride");
         const std::string number = names_.attribute("ilvl");
-        pugi::xml_node own = childWith(list, override, number, names_.value(level, "ilvl"));
+        pugi::xml_node own = childWith(list, override_, number, names_.value(level, "ilvl"));
         if (!own) {
-            own = list.append_child(override.c_str());
+            own = list.append_child(override_.c_str());
             own.append_attribute(number.c_str()).set_value(names_.value(level, "ilvl"));
         }
         const std::string startOverride = names_.element("startOverride");
@@ -83,7 +109,9 @@ class ListReader {
 
     pugi::xml_node root_;
     opc::WordNames names_;
-    std::string level_;  ///< pugixml keeps a pointer to the name of the children that it lists
+    // pugixml keeps a pointer to the name of the children that it lists.
+    std::string level_;
+    std::string override_;
 };
 
 }  // namespace
@@ -100,7 +128,10 @@ ListRestarts::ListRestarts(opc::Package& package)
         last = list;
         highest_ = std::max<std::int64_t>(highest_, std::atoll(reader.idOf(list)));
         const pugi::xml_node definition = reader.definitionOf(list);
-        if (definition) models_[reader.idOf(list)] = reader.instanceOf(list, definition);
+        if (!reader.counts(list, definition)) continue;
+        models_[reader.idOf(list)] = reader.instanceOf(list, definition);
+        for (auto& [style, level] : reader.levelsOfStyles(definition))
+            levels_[{reader.idOf(list), style}] = level;
     }
     if (!last) return;
     part->root().insert_child_after(pugi::node_pcdata, last).set_value(kNewId);
@@ -109,8 +140,13 @@ ListRestarts::ListRestarts(opc::Package& package)
     xml_.erase(insertion_, std::string_view(kNewId).size());
 }
 
+std::string ListRestarts::levelOf(const std::string& id, const std::string& style) const {
+    const auto found = levels_.find({id, style});
+    return found == levels_.end() ? std::string() : found->second;
+}
+
 bool ListRestarts::use(const std::string& id) {
-    if (!models_.contains(id)) return false;
+    if (!counts(id)) return false;
     used_.emplace(id, static_cast<std::int64_t>(used_.size()) + 1);
     return true;
 }

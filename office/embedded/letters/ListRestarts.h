@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace mergeloom::embedded {
 
@@ -18,7 +19,11 @@ class ListRestarts {
 
     explicit ListRestarts(opc::Package& package);
 
-    /// Returns true for the id of a numbered list, and begins to restart it.
+    /// Returns true for the id of a list that counts.
+    [[nodiscard]] bool counts(const std::string& id) const { return models_.contains(id); }
+    /// Returns the level of a list whose paragraphs have a style; empty if there is none.
+    [[nodiscard]] std::string levelOf(const std::string& id, const std::string& style) const;
+    /// Returns true for the id of a list that counts, and begins to restart it.
     bool use(const std::string& id);
     /// Returns the id of a list in a section, counted from 0. Lists beyond kMaxLists are not restarted.
     std::string idIn(std::int64_t section, const std::string& id);
@@ -37,6 +42,7 @@ class ListRestarts {
     std::int64_t highest_ = 0;   ///< the highest id of a list
     /// The XML of further instances of the lists that count, with kNewId in place of the id, by their ids.
     std::map<std::string, std::string> models_;
+    std::map<std::pair<std::string, std::string>, std::string> levels_;  ///< by the ids of lists and styles
     std::map<std::string, std::int64_t> used_;  ///< the numbers of the lists that are used, from 1
     std::map<std::int64_t, std::string> restarts_;
     bool isExhausted_ = false;

@@ -163,6 +163,8 @@ CutPart cutPart(CuttingContext& context, opc::XmlPart& part, PartKind kind) {
     CutPart cut{part.partName(),       {},    names.element(""),
                 names.attribute(""),   names, Cutter(context, preparation).cut(part.toXml()),
                 preparation.formats(), kind};
+    for (PlaceFormat& format : cut.formats)
+        format.paragraphPieces = Cutter(context, preparation).cut(format.paragraphProperties);
     findValuesBeside(cut.pieces);
     return cut;
 }

@@ -2,6 +2,7 @@
 
 #include "office/embedded/letters/FilledLetter.h"
 #include "office/embedded/letters/ListRestarts.h"
+#include "office/embedded/letters/NumberedStyles.h"
 #include "office/embedded/letters/Piece.h"
 #include "office/embedded/letters/PlaceMarker.h"
 #include "office/embedded/parts/PictureParts.h"
@@ -44,6 +45,7 @@ struct CuttingContext {
     opc::Package& package;
     FileStore& files;
     ListRestarts& lists;
+    const NumberedStyles& styles;
     PictureParts pictures{package};
     /// The ids of relationships to headers and footers that contain places.
     std::set<std::string> linkedParts{};

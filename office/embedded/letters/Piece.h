@@ -13,18 +13,6 @@ namespace mergeloom::embedded {
 struct Piece;
 using Pieces = std::vector<Piece>;
 
-/// The formatting at a place, as XML.
-struct PlaceFormat {
-    std::string prefix = "w:";           ///< of the elements of WordprocessingML
-    std::string attributePrefix = "w:";  ///< of its attributes
-    /// The children of the run's properties: their local names and their XML.
-    std::vector<std::pair<std::string, std::string>> runProperties{};
-    /// The properties of the paragraphs that rich text adds after the first: the whole element, or empty.
-    std::string paragraphProperties{};
-    bool isWholeRun = true;  ///< false in the code of a field, which contains only text
-    bool canSplit = true;    ///< true if the paragraph can be split at the place
-};
-
 /// A value of the current record of one level. The letter's own record is level 0, and each enclosing table
 /// adds one.
 struct ValuePath {
@@ -68,6 +56,19 @@ struct Piece {
     Pieces inside{};                                             ///< of rows, a table or an optional text
     std::vector<Piece> beside{};                                 ///< the values beside an optional text
     std::vector<std::size_t> hints{};  ///< where the controls of the path were found
+};
+
+/// The formatting at a place, as XML.
+struct PlaceFormat {
+    std::string prefix = "w:";           ///< of the elements of WordprocessingML
+    std::string attributePrefix = "w:";  ///< of its attributes
+    /// The children of the run's properties: their local names and their XML.
+    std::vector<std::pair<std::string, std::string>> runProperties{};
+    /// The properties of the paragraphs that rich text adds after the first: the whole element, or empty.
+    std::string paragraphProperties{};
+    Pieces paragraphPieces{};  ///< of these properties
+    bool isWholeRun = true;    ///< false in the code of a field, which contains only text
+    bool canSplit = true;      ///< true if the paragraph can be split at the place
 };
 
 }  // namespace mergeloom::embedded

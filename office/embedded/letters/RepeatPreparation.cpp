@@ -100,7 +100,10 @@ void PartPreparation::makeElementRepeatable(pugi::xml_node element) {
         markId(element.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
     }
     const bool isForAll = context_.settings.use == letters::LetterUse::OneForAll;
-    if (isForAll && kind_ == PartKind::Body && name == names_.element("numId")) {
+    const bool hasOwnLists = isForAll && kind_ == PartKind::Body;
+    if (hasOwnLists && names_.tagOf(element) == opc::WordTag::Paragraph)
+        context_.styles.copyListTo(element, names_, context_.lists);
+    if (hasOwnLists && name == names_.element("numId")) {
         const pugi::xml_attribute id = element.attribute(names_.attribute("val").c_str());
         if (context_.lists.use(id.value())) markId(id, TokenKind::ListId);
     }

@@ -38,15 +38,15 @@ void set(Properties& properties, const std::string& name, std::string xml) {
 
 class RichTextWriter {
   public:
-    RichTextWriter(std::string& xml, const PlaceFormat& format, const std::string& section)
-        : xml_(xml), format_(format), section_(section) {}
+    RichTextWriter(std::string& xml, const PlaceFormat& format, const AddedParagraphs& added)
+        : xml_(xml), format_(format), added_(added) {}
 
     std::size_t write(const std::vector<RichParagraph>& paragraphs) {
         // Preserves the formatting of the place for the next filling.
         appendRunContent(xml_, "", format_.prefix);
         for (const RichParagraph& paragraph : paragraphs) {
             const bool isLast = &paragraph == &paragraphs.back();
-            if (&paragraph != &paragraphs.front()) startParagraph(isLast ? section_ : "");
+            if (&paragraph != &paragraphs.front()) startParagraph(isLast ? added_.section : "");
             appendMarker(paragraph);
             for (const RichRun& run : paragraph.runs)
                 appendRun(run.text, run.font);
@@ -97,11 +97,11 @@ class RichTextWriter {
 
     void appendParagraphProperties(std::string_view section) {
         if (section.empty()) {
-            xml_ += format_.paragraphProperties;
+            xml_ += added_.properties;
             return;
         }
         const std::string end = "</" + format_.prefix + "pPr>";
-        const std::string& properties = format_.paragraphProperties;
+        const std::string& properties = added_.properties;
         xml_ += properties.empty() ? "<" + format_.prefix + "pPr>"
                                    : properties.substr(0, properties.size() - end.size());
         xml_ += section;
@@ -140,7 +140,7 @@ class RichTextWriter {
 
     std::string& xml_;
     const PlaceFormat& format_;
-    const std::string& section_;
+    const AddedParagraphs& added_;
     std::size_t sectionEnd_ = 0;
     bool isInRun_ = true;
 };
@@ -148,8 +148,8 @@ class RichTextWriter {
 }  // namespace
 
 std::size_t appendRichText(std::string& xml, const std::vector<RichParagraph>& paragraphs,
-                           const PlaceFormat& format, const std::string& section) {
-    return RichTextWriter(xml, format, section).write(paragraphs);
+                           const PlaceFormat& format, const AddedParagraphs& added) {
+    return RichTextWriter(xml, format, added).write(paragraphs);
 }
 
 }  // namespace mergeloom::embedded

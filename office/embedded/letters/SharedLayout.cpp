@@ -2,7 +2,6 @@
 
 #include "base/Text.h"
 #include "office/embedded/letters/FilledLetter.h"
-#include "office/embedded/letters/NumberedStyles.h"
 #include "office/model/word/FieldCode.h"
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
@@ -11,7 +10,6 @@
 #include <array>
 #include <memory>
 #include <pugixml.hpp>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,8 +21,8 @@ namespace {
 using opc::WordTag;
 
 /// The elements that look different in a document of several records.
-constexpr std::array<std::string_view, 11> kOwnDocumentOnly = {
-    "footnoteReference", "endnoteReference", "commentReference", "altChunk", "subDoc", "lnNumType", "numPr",
+constexpr std::array<std::string_view, 10> kOwnDocumentOnly = {
+    "footnoteReference", "endnoteReference", "commentReference", "altChunk", "subDoc", "lnNumType",
     "keepNext",  // LibreOffice breaks a chain that is longer than a page elsewhere
     "linkedTxbx",        "ffData",           "control"};
 
@@ -41,8 +39,8 @@ bool isOneOf(const Names& names, std::string_view name) {
 /// Searches the parts of a template for content that needs a document of its own.
 class DependentContent {
   public:
-    DependentContent(const opc::XmlPart& part, const std::set<std::string>& numberedStyles)
-        : names_(part.root()), numberedStyles_(numberedStyles) {}
+    DependentContent(const opc::XmlPart& part, const NumberedStyles& styles, const ListRestarts& lists)
+        : names_(part.root()), styles_(styles), lists_(lists) {}
 
     bool isBelow(pugi::xml_node node) {
         if (isDependent(node)) return true;
@@ -63,18 +61,14 @@ class DependentContent {
                 return *names_.value(node, "anchor") != '\0';
             case WordTag::ContentControl:
                 return isInput(node);
-            case WordTag::ParagraphProperties:
-                return isNumbered(node);
+            case WordTag::Paragraph:
+                // Lists that count continue through a document.
+                return lists_.counts(styles_.listOf(node, names_));
             case WordTag::SectionProperties:
                 return ++sections_ > 1 || hasColumns(node);
             default:
                 return isOneOf(kOwnDocumentOnly, opc::localName(node));
         }
-    }
-
-    [[nodiscard]] bool isNumbered(pugi::xml_node properties) const {
-        const pugi::xml_node style = properties.child(names_.element("pStyle").c_str());
-        return numberedStyles_.contains(names_.value(style, "val"));
     }
 
     /// Follows the marks of fields. Returns true at the end of a code that depends on other records.
@@ -111,25 +105,20 @@ class DependentContent {
     }
 
     opc::WordNames names_;
-    const std::set<std::string>& numberedStyles_;
+    const NumberedStyles& styles_;
+    const ListRestarts& lists_;
     std::vector<std::string> codes_;  ///< of the open fields
     int sections_ = 0;
 };
 
 }  // namespace
 
-bool hasSharedLayout(opc::Package& package) {
-    // Lists count on, also those that only a style refers to.
-    const bool hasLists = std::ranges::any_of(package.partNames(), [](const std::string& name) {
-        return toLowerAscii(name).ends_with("numbering.xml");
-    });
-    if (hasLists) return false;
-    const std::set<std::string> numbered = numberedStyles(package);
+bool hasSharedLayout(opc::Package& package, const NumberedStyles& styles, const ListRestarts& lists) {
     return std::ranges::none_of(partsWithPlaces(package), [&](const StoryPart& story) {
         const std::unique_ptr<opc::XmlPart> part =
             opc::XmlPart::parse(package.readPart(story.name), story.name, package.fileName());
         // Every document with notes has those that separate them from the text.
-        return story.kind != PartKind::Notes && DependentContent(*part, numbered).isBelow(part->root());
+        return story.kind != PartKind::Notes && DependentContent(*part, styles, lists).isBelow(part->root());
     });
 }
 
