@@ -191,6 +191,19 @@ TEST_F(BookRows, AreRefusedWhereSomethingIsInTheWay) {
     }
 }
 
+/// A table of a subform inside of another one cannot be repeated, nor can tables that share cells.
+TEST_F(BookRows, AreRefusedWhereTablesOverlap) {
+    takes("ammInnerP", {{"Lines", "Parts", "P"}});
+    names("ammInner", "$B$2:$C$2");
+    names("ammInnerP", "$C$2");
+    const std::string file = workbookFile({{"Sheet1", sheet("", "", textCell("C2", "[P]"))}}, allNames());
+    for (const letters::ControlPath& path :
+         {letters::ControlPath{"Lines", "Parts"}, letters::ControlPath{"Lines"}}) {
+        lists("ammInner", path);
+        EXPECT_THAT(refusal(file), HasSubstr("because the tables ammLines and ammInner overlap."));
+    }
+}
+
 TEST_F(BookRows, OfExcelTablesGrowTheTable) {
     struct Case {
         std::string area;

@@ -120,8 +120,8 @@ class PlaceFinder {
                                       kept.back().lastRow == table.lastRow &&
                                       !excel::intersection(kept.back().area, table.area);
                 if (!isBeside) {
-                    refuse("The tables " + kept.back().name + " and " + table.name +
-                           " overlap; only the first is filled.");
+                    found_.obstacles.push_back("the tables " + kept.back().name + " and " + table.name +
+                                               " overlap");
                     continue;
                 }
             } else {

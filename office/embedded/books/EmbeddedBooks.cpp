@@ -63,6 +63,8 @@ class EmbeddedBooks final : public letters::Letters {
           sheets_{places_.maps, [&content](const std::string& name) { return content.worksheetNamed(name); }},
           styles_(readStyles(content.package(), content.workbook().partName())),
           renderer_(places_, book_, styles_, settings.emptyTables) {
+        sheets_.obstacles = places_.obstacles;
+        refuseObstacles(content.package().fileName());
         markPlaces(content);
         readProperties(content);
         prepareFormulas(content);
