@@ -1,5 +1,6 @@
 #include "books/BookTest.h"
 #include "doubles/PackageBytes.h"
+#include "doubles/TurnedPicture.h"
 
 #include <gmock/gmock.h>
 
@@ -93,6 +94,14 @@ TEST_F(BookPictures, AreReplacedAtTheWidthOfThePlace) {
     // The row is as high as the picture.
     EXPECT_THAT(shownRows(book), HasSubstr("<2 ht=\"20\" customHeight=\"1\">"));
     EXPECT_EQ(partOf(filled(source, {{}}), kDrawing), partOf(source, kDrawing));
+}
+
+/// A picture that lies on its side keeps the width of the place when it is turned.
+TEST_F(BookPictures, TurnAsTheirFilesSay) {
+    files.files["/turned.jpg"] = turnedPicture(6);
+    const std::string drawing = partOf(filled(file(), {{{image("Picture", "/turned.jpg")}}}), kDrawing);
+    EXPECT_THAT(drawing, HasSubstr("<a:xfrm rot=\"5400000\">"));
+    EXPECT_THAT(drawing, HasSubstr("<a:ext cx=\"254000\" cy=\"127000\"/>"));
 }
 
 TEST_F(BookPictures, AreRepeatedWithTheRowsOfATable) {
