@@ -117,6 +117,12 @@ std::size_t byteOffset(std::string_view text, CharacterCount units) {
     return text.size() - rest.size();
 }
 
+std::string_view firstCharacters(std::string_view text, CharacterCount units) {
+    const std::string_view first = text.substr(0, byteOffset(text, units));
+    if (utf16Length(first) <= units) return first;
+    return first.substr(0, byteOffset(first, units - CharacterCount{1}));
+}
+
 std::string_view lastCharacters(std::string_view text, CharacterCount units) {
     const CharacterCount length = utf16Length(text);
     if (length <= units) return text;

@@ -19,7 +19,7 @@ void raiseUnreadable(const std::string& fileName, const std::string& reason) {
 
 std::string quoted(std::string_view name) {
     std::string text = "\"";
-    std::string_view rest = name.substr(0, byteOffset(name, {kMaxNameLength}));
+    std::string_view rest = firstCharacters(name, {kMaxNameLength});
     const bool cut = rest.size() < name.size();
     while (!rest.empty()) {
         const char32_t codePoint = takeCodePoint(rest);

@@ -65,10 +65,12 @@ TEST(Text, CountsUtf16UnitsOfLongTexts) {
 TEST(Text, CutsBetweenCharactersOnly) {
     const std::string text = "a😀b";
     const std::vector<std::size_t> offsets = {0, 1, 5, 5, 6, 6};
+    const std::vector<std::string> heads = {"", "a", "a", "a😀", "a😀b", "a😀b"};
     const std::vector<std::string> tails = {"", "b", "b", "😀b", "a😀b", "a😀b"};
     for (std::size_t units = 0; units < offsets.size(); ++units) {
         const CharacterCount count{static_cast<std::int64_t>(units)};
         EXPECT_EQ(byteOffset(text, count), offsets[units]) << units;
+        EXPECT_EQ(firstCharacters(text, count), heads[units]) << units;
         EXPECT_EQ(lastCharacters(text, count), tails[units]) << units;
     }
 }

@@ -246,8 +246,7 @@ void BookRenderer::appendText(const RecordControl& control, const std::string& t
         return;
     }
     remarks_.insert("A value of " + control.name + " is longer than a cell can be; its end was left out.");
-    xml_ +=
-        inlineTextXml(std::string_view(text).substr(0, byteOffset(text, excel::kMaxCellText)), part_->prefix);
+    xml_ += inlineTextXml(firstCharacters(text, excel::kMaxCellText), part_->prefix);
 }
 
 void BookRenderer::appendRows(const BookPiece& piece) {

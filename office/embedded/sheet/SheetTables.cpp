@@ -28,7 +28,7 @@ std::string encodedName(const std::string& text) {
 std::string numbered(std::string_view stem, int number) {
     const std::string digits = std::to_string(number);
     const CharacterCount room = kMaxNameLength - utf16Length(digits);
-    return std::string(stem.substr(0, byteOffset(stem, room))) + digits;
+    return std::string(firstCharacters(stem, room)) + digits;
 }
 
 constexpr std::string_view kTableType = ".spreadsheetml.table+xml";
@@ -81,7 +81,7 @@ bool TableHeader::isTaken(const std::string& name, pugi::xml_node besides) const
 
 std::string TableHeader::allowedText(const excel::CellPosition& cell, const std::string& text) const {
     const pugi::xml_node column = columnAt(cell);
-    std::string cut = text.substr(0, byteOffset(text, kMaxNameLength));
+    std::string cut(firstCharacters(text, kMaxNameLength));
     if (!cut.empty() && !isTaken(cut, column)) return cut;
     const std::string stem = cut.empty() ? kUnnamed : cut;
     int number = cut.empty() ? 1 : 2;
