@@ -108,10 +108,13 @@ TEST_F(OneDocument, CommentsWithPlacesAreThoseOfTheirRecords) {
 }
 
 TEST_F(OneDocument, IdsAndNamesStayUnique) {
+    takes("A_ref1", {{"A"}});
     const std::string drawing = inRun("<w:drawing><wp:inline><wp:docPr id=\"4\"/></wp:inline></w:drawing>");
     const std::string comment = "<w:commentRangeStart w:id=\"1\"/>" + run("t") +
                                 "<w:commentRangeEnd w:id=\"1\"/>" + inRun("<w:commentReference w:id=\"1\"/>");
-    const std::string note = inRun("<w:footnoteReference w:id=\"2\"/>");
+    const std::string note =
+        inRun("<w:footnoteReference w:id=\"2\"/>") +
+        inRun("<w:pict><v:shapetype id=\"y\"/><v:shape id=\"s\" o:spid=\"z\" type=\"#y\"/></w:pict>");
     const std::string body = "<w:p w14:paraId=\"0A\">" + place("A") + marked("Own", drawing) + comment +
                              note + "<w:sdt><w:sdtPr><w:id w:val=\"5\"/></w:sdtPr><w:sdtContent>" + run("c") +
                              "</w:sdtContent></w:sdt></w:p>";
@@ -122,7 +125,7 @@ TEST_F(OneDocument, IdsAndNamesStayUnique) {
                     "<w:footnotes" + space +
                         "><w:footnote w:type=\"separator\" w:id=\"0\"><w:p/></w:footnote>"
                         "<w:footnote w:id=\"2\">" +
-                        paragraph("") + "</w:footnote></w:footnotes>");
+                        paragraph(place("A_ref1")) + "</w:footnote></w:footnotes>");
     package.relationshipsOf(kMainPart).addPart(
         opc::officeRelationshipType("footnotes", opc::Conformance::Transitional), "/word/footnotes.xml");
     const std::string all = allOf(packageBytes(package), {"x", "y", "z"});
@@ -136,7 +139,11 @@ TEST_F(OneDocument, IdsAndNamesStayUnique) {
     const std::vector<Case> cases{
         {xml, "docPr id=\"4\"", 1},
         {xml, "docPr id=\"5\"", 1},
-        {xml, "docPr id=\"6\"", 1},
+        {xml, "docPr id=\"7\"", 1},
+        {xml, "v:shapetype ", 1},
+        {xml, "v:shape id=\"s\" type=\"#y\"", 1},
+        {xml, "v:shape id=\"s_", 2},
+        {xml, "v:shape id=\"s_6\"", 1},
         {xml, "w:name=\"Own\"", 1},
         {xml, "w:name=\"A\"", 0},
         {xml, "commentReference", 1},
@@ -145,6 +152,7 @@ TEST_F(OneDocument, IdsAndNamesStayUnique) {
         {xml, "footnoteReference w:id=\"2\"", 1},
         {xml, "footnoteReference w:id=", 3},
         {notes, "<w:footnote ", 4},
+        {notes, "<w:t>y</w:t>", 1},
         {notes, "w:id=\"2\"", 1},
         {xml, "w:id=\"1002\"", 1},
         {notes, "w:id=\"1002\"", 1},

@@ -41,6 +41,21 @@ TEST_F(LetterPlaces, KeepTheirFormattingAndTheirSurroundings) {
         << xml;
 }
 
+/// A text box is stored twice: for Word, and for older programs.
+TEST_F(LetterPlaces, AreFilledInBothFormsOfATextBox) {
+    const std::string box = "<w:txbxContent>" + paragraph(place("A")) + "</w:txbxContent>";
+    const std::string body = paragraph(
+        inRun("<mc:AlternateContent xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\">"
+              "<mc:Choice Requires=\"wps\"><w:drawing><wps:txbx xmlns:wps=\"w\">" +
+              box + "</wps:txbx></w:drawing></mc:Choice><mc:Fallback><w:pict><v:textbox xmlns:v=\"v\">" +
+              box + "</v:textbox></w:pict></mc:Fallback></mc:AlternateContent>"));
+    const std::string xml = bodyXml(letterOf(*compiled(wordFile(body)), {Record{{shownControl("A", "1")}}}));
+    const std::size_t first = xml.find("<w:t>1</w:t>");
+    EXPECT_LT(first, xml.find("</mc:Choice>")) << xml;
+    EXPECT_NE(xml.find("<w:t>1</w:t>", first + 1), std::string::npos) << xml;
+    EXPECT_EQ(xml.find("<w:t>A</w:t>"), std::string::npos) << xml;
+}
+
 TEST_F(LetterPlaces, TextStaysText) {
     struct Case {
         std::string value;

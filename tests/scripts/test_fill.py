@@ -265,6 +265,24 @@ class Filling(ProgramTest):
             with zipfile.ZipFile(letter) as package:
                 self.assertIsNone(package.testzip())
 
+    def test_names_of_places(self):
+        """Bookmarks hold 40 characters of a name; a place may be repeated more often than nine times."""
+        name = "AVeryLongNameOfAControlThatHas45CharactersIn1"
+        data, template, letter = (self.folder / file for file in ("data.xml", "long.docx", "letter.docx"))
+        value = "x" * 1_000_000
+        data.write_text(
+            f'<db><Form Name="F" CurrentView="1"><Control Name="{name}"/></Form><Data><Record><Control Name="{name}">'
+            f"<DisplayValue>{value}</DisplayValue><BoundValue>7</BoundValue></Control></Record></Data></db>",
+            encoding="utf-8")
+        document = docx.Document()
+        for number, bookmark in enumerate((name[-40:], name[-34:] + "_ref12", name[-37:] + "_bv"), 900):
+            for element in place(bookmark, number):
+                document.add_paragraph()._p.append(element)
+        document.save(template)
+        self.assertEqual(self.fill("--output", letter, template=template, data=data), "")
+        texts = [paragraph.text for paragraph in self.read(letter).paragraphs if paragraph.text]
+        self.assertEqual(texts, [value, value, "7"])
+
     def test_refusals_write_nothing(self):
         twice = self.orders(3, 1, lambda number, record: number == 3 and setattr(
             record.find("Control[@Name='OrderNumber']/DisplayValue"), "text", "n-00001"))

@@ -107,6 +107,10 @@ void LetterRenderer::append(Pieces& pieces) {
             case Piece::Kind::AnnotationId:
                 xml_->append(isFirst_ ? piece.xml : std::to_string(freshIds_.nextBookmark++));
                 break;
+            case Piece::Kind::ShapeId:
+                xml_->append(piece.xml);
+                if (!isFirst_) xml_->append("_" + std::to_string(freshIds_.nextDrawing++));
+                break;
             case Piece::Kind::ListId:
                 xml_->append(lists_.idIn(section_, piece.xml));
                 break;

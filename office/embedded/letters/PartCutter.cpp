@@ -95,6 +95,8 @@ class Cutter {
                 return add({.kind = Piece::Kind::NoteId, .xml = prepared_.ids().at(token.number)});
             case TokenKind::AnnotationId:
                 return add({.kind = Piece::Kind::AnnotationId, .xml = prepared_.ids().at(token.number)});
+            case TokenKind::ShapeId:
+                return add({.kind = Piece::Kind::ShapeId, .xml = prepared_.ids().at(token.number)});
             case TokenKind::ListId:
                 return add({.kind = Piece::Kind::ListId, .xml = prepared_.ids().at(token.number)});
             case TokenKind::RecordMark:

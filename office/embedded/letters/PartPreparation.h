@@ -60,6 +60,7 @@ class PartPreparation {
     void markOnce(pugi::xml_node node);
     void makeRepeatable(pugi::xml_node node);
     void makeElementRepeatable(pugi::xml_node element);
+    [[nodiscard]] bool isRepeatedShapeType(pugi::xml_node element) const;
     [[nodiscard]] bool isRepeated(pugi::xml_node node) const;
     void markSections();
     void markBodySections();

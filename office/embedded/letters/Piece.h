@@ -43,6 +43,7 @@ struct Piece {
         /// them.
         ParagraphSection,
         AnnotationId,  ///< the id of a tracked change, which must differ between repetitions
+        ShapeId,       ///< the id of a shape, which must differ between repetitions
         ListId,        ///< the id of a list, which differs between sections
         RecordMark,    ///< the bookmark at the start of a record
     };

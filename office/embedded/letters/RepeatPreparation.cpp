@@ -29,6 +29,12 @@ bool isRangeMark(std::string_view name) {
            name == "permEnd";
 }
 
+/// Returns true for a shape of VML (ECMA-376 Part 4, 19.1), whose id must be unique in a document.
+bool isShape(pugi::xml_node element) {
+    const std::string_view name = element.name();
+    return name.starts_with("v:") && name != "v:shapetype" && element.attribute("id");
+}
+
 /// Returns true if an attribute is an id that must be unique in a document.
 bool isParagraphId(std::string_view name) {
     return name.ends_with(":paraId") || name.ends_with(":textId");
@@ -78,7 +84,7 @@ void PartPreparation::makeRepeatable(pugi::xml_node node) {
             makeRepeatable(child);
         } else if (isComment && context_.repeatsComments) {
             markId(child.attribute(names_.attribute("id").c_str()), TokenKind::NoteId);
-        } else if (isComment) {
+        } else if (isComment || isRepeatedShapeType(child)) {
             markOnce(child);
         } else {
             makeElementRepeatable(child);
@@ -88,10 +94,23 @@ void PartPreparation::makeRepeatable(pugi::xml_node node) {
     }
 }
 
+/// Returns true for a type of shapes, which a document defines once. Each copy of a header is a part of its
+/// own.
+bool PartPreparation::isRepeatedShapeType(pugi::xml_node element) const {
+    return kind_ == PartKind::Body && std::string_view(element.name()) == "v:shapetype";
+}
+
 void PartPreparation::makeElementRepeatable(pugi::xml_node element) {
     const std::string_view name = element.name();
     if (name.ends_with(":docPr")) {
         markId(element.attribute("id"), TokenKind::Id);
+    }
+    // An embedded object refers to its shape.
+    const bool isOwnShape = kind_ == PartKind::Body && isShape(element) &&
+                            !names_.ancestor(element, opc::WordTag::EmbeddedObject);
+    if (isOwnShape) {
+        markId(element.attribute("id"), TokenKind::ShapeId);
+        element.remove_attribute("o:spid");
     }
     if (isTrackedChange(opc::localName(element))) {
         markId(element.attribute(names_.attribute("id").c_str()), TokenKind::AnnotationId);

@@ -30,6 +30,7 @@ enum class TokenKind : char {
     ParagraphSectionStart = 'E',  ///< the properties of a section that ends with a paragraph of values
     ParagraphSectionEnd = 'e',    ///< their end
     AnnotationId = 'C',           ///< the id of a tracked change, which must be unique
+    ShapeId = 'H',                ///< the id of a shape, which must be unique
     ListId = 'U',                 ///< the id of a list that counts
     RecordMark = 'M',             ///< the bookmark at the start of a record
 };
