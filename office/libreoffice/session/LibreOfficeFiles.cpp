@@ -8,15 +8,16 @@
 #include "office/formats/mWordFileExtensions.h"
 #include "office/libreoffice/session/MarkTags.h"
 #include "office/libreoffice/session/ModifiedFlag.h"
+#include "office/libreoffice/session/NewFrame.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/OfficePackage.h"
+#include "office/libreoffice/session/RefusingInteractionHandler.h"
 #include "office/libreoffice/session/ScratchPaths.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 
 #include <unistd.h>
 
-#include <atomic>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/configuration/ReadOnlyAccess.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
@@ -27,12 +28,8 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
-#include <com/sun/star/task/PasswordRequest.hpp>
-#include <com/sun/star/task/XInteractionAbort.hpp>
-#include <com/sun/star/task/XInteractionHandler2.hpp>
 #include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
-#include <cppuhelper/implbase1.hxx>
 #include <optional>
 #include <osl/file.hxx>
 #include <rtl/ref.hxx>
@@ -122,52 +119,6 @@ Properties pdfOptions(const Reference<css::uno::XComponentContext>& context) {
         data.push_back({name, 0, options->getByName(name), css::beans::PropertyState_DIRECT_VALUE});
     return data;
 }
-
-/// Refuses every question of an office in place of a user.
-class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task::XInteractionHandler2> {
-  public:
-    /// Returns whether the office has asked for a password.
-    [[nodiscard]] bool wantsPassword() const { return wantsPassword_; }
-
-    void SAL_CALL handle(const Reference<css::task::XInteractionRequest>& request) override {
-        handleInteractionRequest(request);
-    }
-    sal_Bool SAL_CALL
-    handleInteractionRequest(const Reference<css::task::XInteractionRequest>& request) override {
-        const auto password = cppu::UnoType<css::task::PasswordRequest>::get();
-        if (request->getRequest().isExtractableTo(password)) wantsPassword_ = true;
-        for (const Reference<css::task::XInteractionContinuation>& answer : request->getContinuations()) {
-            const Reference<css::task::XInteractionAbort> abort(answer, UNO_QUERY);
-            if (!abort.is()) continue;
-            abort->select();
-            break;
-        }
-        return true;
-    }
-
-  private:
-    std::atomic<bool> wantsPassword_ = false;  ///< set by a thread of UNO
-};
-
-/// A new frame, which is disposed of when no document was loaded into it.
-class NewFrame {
-  public:
-    explicit NewFrame(const Reference<css::frame::XFrame>& frame) : frame_(frame) {}
-    NewFrame(const NewFrame&) = delete;
-    NewFrame& operator=(const NewFrame&) = delete;
-    ~NewFrame() {
-        try {
-            if (!frame_->getController().is()) frame_->dispose();
-        } catch (const css::uno::Exception&) {
-            // The office ended; so did its frames.
-        }
-    }
-
-    [[nodiscard]] const Reference<css::frame::XFrame>& get() const { return frame_; }
-
-  private:
-    Reference<css::frame::XFrame> frame_;
-};
 
 }  // namespace
 
