@@ -68,14 +68,18 @@ class DocumentHost {
     /// Replaces the document by a new, empty one of a program identifier: "Word.Template.8", "Word.Template",
     /// "Word.Template.12" or "Excel.Template". Raises kCommandFailed for one that the office does not know.
     virtual void CreateNew(const std::string& programIdentifier) = 0;
-    /// Replaces the document by a file. Raises kFileCouldNotBeRead with a sentence that names the file, and
-    /// then keeps the former document.
-    virtual void Open(const std::string& path, FileAccess access) = 0;
+    /// Replaces the document by a file. Raises kFileCouldNotBeRead with a sentence that names the file, for a
+    /// file that needs another password model::PasswordRequired, and then keeps the former document. All
+    /// files that are written of the document have its password; an empty one means none.
+    virtual void Open(const std::string& path, FileAccess access, const std::string& password) = 0;
     virtual HostedDocument ActiveDocument() = 0;
     /// Returns true if the office shows a dialog that the user has to close before anything else is done.
     virtual bool hasOpenDialog() = 0;
     /// Takes over what the user is still typing into a cell, which is no change of the workbook before.
     virtual void endInput() = 0;
+    /// Returns true if the document has a password, and files of the format (WdSaveFormat's or XlFileFormat's
+    /// number) have none.
+    virtual bool losesPassword(int format) = 0;
     /// Returns whether the user cannot change the document.
     virtual bool isReadOnly() = 0;
     /// Writes a copy of the document in a format (WdSaveFormat's or XlFileFormat's number). The document, its

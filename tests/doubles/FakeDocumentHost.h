@@ -5,11 +5,13 @@
 #include "base/FileStore.h"
 #include "office/factory/OfficeFactory.h"
 #include "office/model/DocumentHost.h"
+#include "office/model/PasswordRequired.h"
 #include "office/model/excel/Workbook.h"
 #include "office/model/word/Document.h"
 #include "office/model/word/Selection.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -35,9 +37,12 @@ class FakeDocumentHost final : public DocumentHost {
             document_ = word_->Documents()->Add("");
         }
     }
-    void Open(const std::string& path, FileAccess access) override {
+    void Open(const std::string& path, FileAccess access, const std::string& password) override {
         call("Open");
-        isOpenReadOnly = access == FileAccess::ReadOnly;
+        const auto needed = passwords.find(path);
+        if (needed != passwords.end() && needed->second != password) throw model::PasswordRequired(path);
+        hasPassword = !password.empty();
+        isOpenReadOnly = access == FileAccess::ReadOnly || protectedFiles.contains(path);
         if (hasExcelExtension(path)) {
             document_ = excel_->Workbooks()->Open(path);
         } else {
@@ -51,6 +56,7 @@ class FakeDocumentHost final : public DocumentHost {
 
     bool hasOpenDialog() override { return isDialogOpen; }
     bool isReadOnly() override { return isOpenReadOnly; }
+    bool losesPassword(int format) override { return hasPassword && unprotectedFormats.contains(format); }
     void ExportCopy(const std::string& path, int format) override {
         call("export " + path + " " + std::to_string(format));
     }
@@ -135,6 +141,10 @@ class FakeDocumentHost final : public DocumentHost {
     std::string preview;         ///< the bytes that are shown; empty without a preview
     std::string previewRefusal;  ///< the error of showPreview
     std::set<std::string> unknownPrograms;
+    std::map<std::string, std::string> passwords;  ///< of files
+    std::set<std::string> protectedFiles;          ///< that can only be read
+    std::set<int> unprotectedFormats;
+    bool hasPassword = false;  ///< of the document
     bool hasTextAtPoint = true;
     bool bookmarksShown = false;
     bool dragAllowed = true;

@@ -77,6 +77,7 @@ class Session : public TemplateScene {
                              .messages = messages,
                              .errors = errors,
                              .fileDialog = *dialog,
+                             .passwordDialog = passwords,
                              .fieldDialog = fieldDialog,
                              .tree = tree,
                              .files = disk,

@@ -138,6 +138,7 @@ class StayingFiles final : public TemplateFiles {
     bool exists(const std::string& path) override { return files_.exists(path); }
     bool isLocked(const std::string& path) override { return files_.isLocked(path); }
     std::optional<LockOwner> lockOwner(const std::string& path) override { return files_.lockOwner(path); }
+    bool isEncrypted(const std::string& path) override { return files_.isEncrypted(path); }
     std::string copyToTemporaryFolder(const std::string& path) override {
         copies.push_back(files_.copyToTemporaryFolder(path));
         return copies.back();

@@ -124,7 +124,7 @@ TEST_F(TemplateSaving, WhatDiffersIsOfferedAsACopyUnderAnotherName) {
     for (const Case& c : cases) {
         chooseFiles(c.chosen.empty() ? std::vector<std::string>() : std::vector{folder / c.chosen});
         TemplateLifecycle saving(
-            {differing, templates, messages, errors, *dialog, files, caption, keptCopies});
+            {differing, templates, messages, errors, *dialog, passwords, files, caption, keptCopies});
         ASSERT_TRUE(saving.OpenTemplate(path));
         differing.fake.hosted()->SetSaved(false);
         messages.answers.push_back(c.answer);
@@ -180,7 +180,8 @@ TEST_F(TemplateSaving, WhatWouldBeLostIsAskedBeforeAnythingIsWritten) {
         LossyStore store(disk);
         FakeAccess lossy(store);
         WordTemplates templates(lossy, messages, errors, files, [this] { return startWord(); });
-        TemplateLifecycle saving({lossy, templates, messages, errors, *dialog, files, caption, keptCopies});
+        TemplateLifecycle saving(
+            {lossy, templates, messages, errors, *dialog, passwords, files, caption, keptCopies});
         ASSERT_TRUE(saving.OpenTemplate(path));
         std::get<word::DocumentPtr>(lossy.fake.ActiveDocument())
             ->ActiveWindow()

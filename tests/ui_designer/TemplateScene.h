@@ -6,6 +6,7 @@
 #include "doubles/RecordingErrors.h"
 #include "doubles/ScriptedFileDialog.h"
 #include "doubles/ScriptedMessages.h"
+#include "doubles/ScriptedPasswords.h"
 #include "doubles/TemporaryFolder.h"
 #include "ui/designer/ExcelTemplates.h"
 #include "ui/designer/TemplateFiles.h"
@@ -66,8 +67,8 @@ class TemplateScene : public testing::Test {
         makeLifecycle();
     }
     void makeLifecycle() {
-        lifecycle = std::make_unique<TemplateLifecycle>(
-            TemplateLifecycle::Ports{access, *office, messages, errors, *dialog, files, caption, keptCopies});
+        lifecycle = std::make_unique<TemplateLifecycle>(TemplateLifecycle::Ports{
+            access, *office, messages, errors, *dialog, passwords, files, caption, keptCopies});
     }
     void change() { host().hosted()->SetSaved(false); }
     FakeDocumentHost& host() { return access.fake; }
@@ -95,13 +96,15 @@ class TemplateScene : public testing::Test {
     ScriptedMessages messages;
     RecordingErrors errors;
     std::unique_ptr<ScriptedFileDialog> dialog = std::make_unique<ScriptedFileDialog>();
+    ScriptedPasswords passwords;
     DiskTemplateFiles files{disk};
     Caption caption;
     KeptCopies keptCopies{disk, folder / "kept"};
     std::unique_ptr<TemplateOffice> office =
         std::make_unique<WordTemplates>(access, messages, errors, files, [this] { return startWord(); });
-    std::unique_ptr<TemplateLifecycle> lifecycle = std::make_unique<TemplateLifecycle>(
-        TemplateLifecycle::Ports{access, *office, messages, errors, *dialog, files, caption, keptCopies});
+    std::unique_ptr<TemplateLifecycle> lifecycle =
+        std::make_unique<TemplateLifecycle>(TemplateLifecycle::Ports{
+            access, *office, messages, errors, *dialog, passwords, files, caption, keptCopies});
 };
 
 }  // namespace mergeloom

@@ -55,6 +55,7 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                   .messages = ports_.messages,
                   .errors = ports_.errors,
                   .dialog = ports_.fileDialog,
+                  .passwords = ports_.passwordDialog,
                   .files = files_,
                   .view = *this,
                   .copies = copies_}),

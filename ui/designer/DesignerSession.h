@@ -41,6 +41,7 @@ class DesignerSession final : public QObject, private LifecycleView {
         Messages& messages;
         ErrorHandler& errors;
         FileDialog& fileDialog;
+        PasswordDialog& passwordDialog;
         FieldDialog& fieldDialog;
         DropTree& tree;
         FileStore& files;

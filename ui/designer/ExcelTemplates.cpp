@@ -79,6 +79,10 @@ bool ExcelTemplates::keepsPlaces(const std::string& path) const {
     return mergeloom::keepsPlaces(DocumentFamily::Excel, static_cast<int>(excelFormatOf(path)));
 }
 
+bool ExcelTemplates::losesPassword(const std::string& path) {
+    return access_.host().losesPassword(static_cast<int>(excelFormatOf(path)));
+}
+
 void ExcelTemplates::saveAs(const std::string& path) {
     hosted()->SaveAs(path, excelFormatOf(path));
 }

@@ -21,6 +21,7 @@ class ExcelTemplates final : public TemplateOffice {
     [[nodiscard]] const char* defaultExtension() const override { return "xltx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     [[nodiscard]] bool keepsPlaces(const std::string& path) const override;
+    [[nodiscard]] bool losesPassword(const std::string& path) override;
     void saveAs(const std::string& path) override;
     void exportCopy(const std::string& path) override;
 

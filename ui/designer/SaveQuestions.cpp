@@ -33,6 +33,15 @@ bool SaveQuestions::acceptsLoss(const model::LossySave& loss, const std::string&
     return true;
 }
 
+bool SaveQuestions::acceptsUnprotected(const std::string& path) {
+    const Message question{"The file “" + fileNameOnly(path) +
+                               "” will not be protected by the password of the template, since LibreOffice "
+                               "protects no files of this format.\r\n\r\nDo you want to write it without a "
+                               "password? Everybody who has the file can read it then.",
+                           MessageIcon::Exclamation, MessageButtons::OkCancel, DefaultButton::Cancel};
+    return messages_.show(question) == MessageAnswer::Ok;
+}
+
 void SaveQuestions::offerCopy(const model::DifferingCopy& copy, const std::string& path,
                               const std::string& folder) {
     const Message question{copy.description() + "\r\nDo you want to save this as a copy under another name?",

@@ -21,6 +21,8 @@ class SaveQuestions {
     /// then. Writes a copy under another name if the user wants that instead, in a dialog that begins in the
     /// folder.
     bool acceptsLoss(const model::LossySave& loss, const std::string& path, const std::string& folder);
+    /// Returns true if a document with a password may be written to the path without one.
+    bool acceptsUnprotected(const std::string& path);
     /// Writes the differing copy under another name if the user wants it.
     void offerCopy(const model::DifferingCopy& copy, const std::string& path, const std::string& folder);
 

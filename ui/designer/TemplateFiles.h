@@ -21,6 +21,8 @@ class TemplateFiles {
     virtual bool isLocked(const std::string& path) = 0;
     /// Returns the other program's user by the lock file beside the file; none without one.
     virtual std::optional<LockOwner> lockOwner(const std::string& path) = 0;
+    /// Returns whether a file of Open Packaging is encrypted. Raises kFileCouldNotBeRead.
+    virtual bool isEncrypted(const std::string& path) = 0;
     /// Copies the file to the system's folder for temporary files, under a name of its own with the same
     /// extension, and returns the copy's path. Raises kFileCouldNotBeRead or kFileCouldNotBeSaved with a
     /// sentence that names the file.
@@ -46,6 +48,7 @@ class DiskTemplateFiles final : public TemplateFiles {
     bool exists(const std::string& path) override { return store_.fileExists(path); }
     bool isLocked(const std::string& path) override;
     std::optional<LockOwner> lockOwner(const std::string& path) override { return otherLockOwner(path); }
+    bool isEncrypted(const std::string& path) override;
     std::string copyToTemporaryFolder(const std::string& path) override;
     void copy(const std::string& from, const std::string& to) override { store_.copy(from, to); }
     std::string keepBackup(const std::string& path) override { return mergeloom::keepBackup(store_, path); }

@@ -38,6 +38,12 @@ std::string savedSentence(model::OfficeDocument& document, const std::string& pa
            " parts unchanged";
 }
 
+std::string protectedSentence(const std::string& path) {
+    return quoted(path) +
+           " is protected against changes. It is open for reading only: save it under another name to change "
+           "it.";
+}
+
 bool isFileOf(model::OfficeDocument& document, const std::string& path) {
     return equalsIgnoringCase(document.FullName(), path);
 }
@@ -65,19 +71,20 @@ bool TemplateLifecycle::restoreKept(const std::string& file) {
     trapped("RestoreTemplate", [&] {
         const std::optional<KeptCopy> copy = keeping_.offer(file);
         if (!copy) return;
-        restore(*copy);
-        isRestored = true;
+        isRestored = restore(*copy);
     });
     if (!isRestored) keeping_.leave();
     return isRestored;
 }
 
 /// Shows the copy as the unsaved document of its own file, or as a new one when the file is open elsewhere.
-void TemplateLifecycle::restore(const KeptCopy& copy) {
+/// Returns false when the user does not give the password of the copy, which is that of the file.
+bool TemplateLifecycle::restore(const KeptCopy& copy) {
     std::string path = copy.original;
     if (ports_.files.exists(path) && ports_.files.isLocked(path)) path.clear();
     auto lock = path.empty() ? nullptr : std::make_shared<DocumentLock>(path);
-    ports_.access.host().Open(copy.path, FileAccess::Copy);
+    const std::string& shown = copy.original.empty() ? copy.path : copy.original;
+    if (!passwords_.open(copy.path, FileAccess::Copy, shown)) return false;
     ports_.office.document()->SetSaved(false);
     if (ports_.files.exists(copy.original)) ports_.office.document()->useOriginal(copy.original);
     templatePath_ = path;
@@ -87,6 +94,7 @@ void TemplateLifecycle::restore(const KeptCopy& copy) {
     ports_.view.showCaption(path.empty() ? ports_.office.texts().newCaption : captionOf(path, access_));
     ports_.office.setUpView();
     ShowChanges();
+    return true;
 }
 
 /// Returns the name that is proposed for a new template.
@@ -123,6 +131,7 @@ void TemplateLifecycle::KeepCopy() try {
 bool TemplateLifecycle::createNew() {
     if (!ports_.office.createNew()) return false;
     adopt({}, FileAccess::Edit, {});
+    passwords_.forget();
     proposedName_ = newName();
     ports_.view.showCaption(ports_.office.texts().newCaption);
     ports_.office.setUpView();
@@ -147,11 +156,16 @@ bool TemplateLifecycle::open(const std::string& file) {
 
 bool TemplateLifecycle::show(const std::string& path, FileAccess access) {
     std::shared_ptr<DocumentLock> lock = lockFor(path, access);
-    ports_.access.host().Open(path, access);
+    if (!passwords_.open(path, access, path)) return false;
     if (ports_.office.document() == nullptr) {
         showMessage(ports_.office.texts().wrongFile, MessageIcon::None);
         restoreFormer();
         return false;
+    }
+    if (access == FileAccess::Edit && ports_.access.host().isReadOnly()) {
+        showMessage(protectedSentence(path), MessageIcon::Information);
+        access = FileAccess::ReadOnly;
+        lock.reset();
     }
     adopt(access == FileAccess::Copy ? std::string() : path, access, std::move(lock));
     use(path);
@@ -183,11 +197,10 @@ void TemplateLifecycle::adopt(const std::string& path, FileAccess access,
 /// Restores the former document, which was saved, or whose changes were discarded, before another one was
 /// opened.
 void TemplateLifecycle::restoreFormer() {
-    if (templatePath_.empty()) {
+    if (templatePath_.empty() || !passwords_.open(templatePath_, access_, templatePath_)) {
         (void)createNew();
         return;
     }
-    ports_.access.host().Open(templatePath_, access_);
     ports_.office.setUpView();
 }
 
@@ -219,6 +232,7 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
         throw AutomationError(kFileCouldNotBeSaved, "The template '" + path + "' could not be saved: " +
                                                         office + " has no format for its extension.");
     }
+    if (ports_.office.losesPassword(path) && !questions_.acceptsUnprotected(path)) return false;
     if (!isOwn && !ports_.office.keepsPlaces(path)) {
         exportTo(path);
         return false;
@@ -236,6 +250,7 @@ bool TemplateLifecycle::saveIn(const std::string& path) {
     if (!isFileOf(document, path)) return false;
     const bool wasReadOnly = access_ == FileAccess::ReadOnly;
     adopt(path, FileAccess::Edit, std::move(lock));
+    passwords_.moveTo(path);
     if (wasReadOnly) show(path, FileAccess::Edit);
     use(path);
     ports_.view.showCaption(captionOf(path, access_));

@@ -11,6 +11,7 @@
 #include "ui/designer/TemplateDialogs.h"
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateOffice.h"
+#include "ui/designer/TemplatePasswords.h"
 
 #include <memory>
 #include <source_location>
@@ -49,6 +50,7 @@ class TemplateLifecycle {
         Messages& messages;
         ErrorHandler& errors;
         FileDialog& dialog;
+        PasswordDialog& passwords;
         TemplateFiles& files;
         LifecycleView& view;
         KeptCopies& copies;
@@ -58,6 +60,7 @@ class TemplateLifecycle {
         : ports_(ports),
           dialogs_(ports.dialog),
           questions_(ports.messages, ports.office, ports.files, ports.dialog),
+          passwords_(ports.access, ports.passwords),
           keeping_(ports.access, ports.office, ports.messages, ports.copies) {}
 
     /// Sets the folder in which the dialogs begin until a file of another one is opened or saved; empty for
@@ -105,7 +108,7 @@ class TemplateLifecycle {
     bool open(const std::string& file);
     bool show(const std::string& path, FileAccess access);
     bool restoreKept(const std::string& file);
-    void restore(const KeptCopy& copy);
+    bool restore(const KeptCopy& copy);
     std::shared_ptr<DocumentLock> lockFor(const std::string& path, FileAccess access);
     void adopt(const std::string& path, FileAccess access, std::shared_ptr<DocumentLock> lock);
     void restoreFormer();
@@ -129,6 +132,7 @@ class TemplateLifecycle {
     Ports ports_;
     TemplateDialogs dialogs_;
     SaveQuestions questions_;
+    TemplatePasswords passwords_;
     DocumentKeeping keeping_;
     std::string templatesFolder_;
     std::string documentsFolder_;

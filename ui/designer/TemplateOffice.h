@@ -53,6 +53,8 @@ class TemplateOffice {
     /// Returns whether the format of the path's extension keeps the named places. A file in another format is
     /// no template any more.
     [[nodiscard]] virtual bool keepsPlaces(const std::string& path) const = 0;
+    /// Returns true if the hosted document has a password, and files with the path's extension have none.
+    [[nodiscard]] virtual bool losesPassword(const std::string& path) = 0;
     /// Saves the hosted document in the format of the path's extension.
     virtual void saveAs(const std::string& path) = 0;
     /// Writes a copy of the hosted document in the format of the path's extension. The document stays as it

@@ -92,7 +92,8 @@ bool WordTemplates::create(const char* programIdentifier) {
 }
 
 std::string WordTemplates::fileToOpen(const std::string& path) {
-    if (!TemplateConversion::isConverted(path)) return path;
+    // The hidden office cannot decrypt it, so the template itself is edited.
+    if (!TemplateConversion::isConverted(path) || files_.isEncrypted(path)) return path;
     std::string target = savedAsName_.empty() ? conversion_.targetOf(path) : savedAsName_;
     savedAsName_.clear();
     if (!conversion_.convert(path, target)) RaiseMappingError(kTemplateFormatNotSupported, {path});
@@ -145,6 +146,10 @@ bool WordTemplates::knowsExtensionOf(const std::string& path) const {
 
 bool WordTemplates::keepsPlaces(const std::string& path) const {
     return mergeloom::keepsPlaces(DocumentFamily::Word, static_cast<int>(wordFormatOf(path)));
+}
+
+bool WordTemplates::losesPassword(const std::string& path) {
+    return access_.host().losesPassword(static_cast<int>(wordFormatOf(path)));
 }
 
 void WordTemplates::saveAs(const std::string& path) {

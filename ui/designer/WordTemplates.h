@@ -25,7 +25,10 @@ class WordTemplates final : public TemplateOffice {
     /// Templates of Open Packaging are converted by a hidden office, which is started for that.
     WordTemplates(HostAccess& access, Messages& messages, ErrorHandler& errors, TemplateFiles& files,
                   WordStarter startHiddenWord)
-        : access_(access), messages_(messages), conversion_(std::move(startHiddenWord), files, errors) {}
+        : access_(access),
+          messages_(messages),
+          files_(files),
+          conversion_(std::move(startHiddenWord), files, errors) {}
 
     /// Sets the name under which the next template that is converted is saved, in place of its own.
     void SetSavedAsName(const std::string& path) { savedAsName_ = path; }
@@ -40,6 +43,7 @@ class WordTemplates final : public TemplateOffice {
     [[nodiscard]] const char* defaultExtension() const override { return "dotx"; }
     [[nodiscard]] bool knowsExtensionOf(const std::string& path) const override;
     [[nodiscard]] bool keepsPlaces(const std::string& path) const override;
+    [[nodiscard]] bool losesPassword(const std::string& path) override;
     void saveAs(const std::string& path) override;
     void exportCopy(const std::string& path) override;
 
@@ -50,6 +54,7 @@ class WordTemplates final : public TemplateOffice {
 
     HostAccess& access_;
     Messages& messages_;
+    TemplateFiles& files_;
     TemplateConversion conversion_;
     std::string savedAsName_;
     std::optional<bool> earlierShowBookmarks_;

@@ -17,6 +17,7 @@
 #include "ui/dialogs/ErrorDialog.h"
 #include "ui/dialogs/MessageBoxes.h"
 #include "ui/dialogs/QtFileDialog.h"
+#include "ui/dialogs/QtPasswordDialog.h"
 #include "ui/dialogs/frmFields.h"
 #include "ui/help/HelpWindows.h"
 #include "ui/help/clsHtmlHelp.h"
@@ -90,6 +91,7 @@ class frmMain final : public QMainWindow {
     MessageBoxes messages_;
     ErrorDialog errors_;
     QtFileDialog fileDialog_;
+    QtPasswordDialog passwordDialog_;
     frmFields fieldDialog_;
     DiagnosticsLog log_;
     WindowSettings windowSettings_;

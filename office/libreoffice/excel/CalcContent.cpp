@@ -109,7 +109,7 @@ void CalcContent::readSheets() {
 }
 
 void CalcContent::readSheetKinds() {
-    const std::vector<CalcSheetKind> kinds = sheetKindsOf(connection(), document_);
+    const std::vector<CalcSheetKind> kinds = sheetKindsOf(*session_, document_);
     if (kinds.size() != sheets_.size()) return;
     for (std::size_t index = 0; index < kinds.size(); ++index)
         sheets_[index]->setKind(kinds[index]);

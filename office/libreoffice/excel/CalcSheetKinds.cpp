@@ -5,7 +5,6 @@
 #include "office/libreoffice/session/UnoText.h"
 
 #include <algorithm>
-#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/xml/dom/DocumentBuilder.hpp>
 #include <string>
 #include <string_view>
@@ -52,8 +51,8 @@ bool isOtherSheet(const PackageRelationship& relationship) {
     return relationship.type.ends_with("sheet") && relationship.type != kWorksheet;
 }
 
-std::vector<CalcSheetKind> readKinds(OfficeConnection& connection, const OUString& url) {
-    const OfficePackage package(connection, url);
+std::vector<CalcSheetKind> readKinds(OfficeConnection& connection, const css::uno::Any& file) {
+    const OfficePackage package(connection, file);
     if (!package.hasMainPart()) return {};
     const auto relationships = package.relationshipsOfMainPart();
     if (std::ranges::none_of(relationships, isOtherSheet)) return {};
@@ -68,12 +67,11 @@ std::vector<CalcSheetKind> readKinds(OfficeConnection& connection, const OUStrin
 
 }  // namespace
 
-std::vector<CalcSheetKind> sheetKindsOf(OfficeConnection& connection, const DocumentReference& document) try {
-    return connection.call([&]() -> std::vector<CalcSheetKind> {
-        const OUString url = Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL();
-        if (url.isEmpty()) return {};
-        return readKinds(connection, url);
-    });
+std::vector<CalcSheetKind> sheetKindsOf(LibreOfficeSession& session, const DocumentReference& document) try {
+    const css::uno::Any file = session.files().packageOf(document);
+    if (!file.hasValue()) return {};
+    OfficeConnection& connection = session.connection();
+    return connection.call([&] { return readKinds(connection, file); });
 } catch (const AutomationError& error) {
     // Files of all other formats are not packages.
     if (error.number() == kNotAvailable) throw;

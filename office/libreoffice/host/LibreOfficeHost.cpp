@@ -107,8 +107,9 @@ void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
                           "LibreOffice knows no documents of the kind '" + programIdentifier + "'.");
 }
 
-void LibreOfficeHost::Open(const std::string& path, FileAccess access) try {
+void LibreOfficeHost::Open(const std::string& path, FileAccess access, const std::string& password) try {
     session_->files().setAccess(access);
+    session_->files().setPassword(password);
     if (kindOf(path, kind_) == DocumentKind::Excel) return closeAllBut(excel_->Workbooks()->Open(path));
     closeAllBut(word_->Documents()->Open(path));
 } catch (const AutomationError&) {
@@ -139,6 +140,11 @@ bool LibreOfficeHost::isReadOnly() {
         const Reference<css::frame::XStorable> document(frontDocument(), UNO_QUERY);
         return document.is() && document->isReadonly();
     });
+}
+
+bool LibreOfficeHost::losesPassword(int format) {
+    const HostedDocument hosted = ActiveDocument();
+    return session_->files().losesPassword(componentOf(hosted), formatOf(hosted, format));
 }
 
 void LibreOfficeHost::ExportCopy(const std::string& path, int format) {

@@ -32,10 +32,11 @@ class LibreOfficeHost final : public DocumentHost {
     ~LibreOfficeHost() override;
 
     void CreateNew(const std::string& programIdentifier) override;
-    void Open(const std::string& path, FileAccess access) override;
+    void Open(const std::string& path, FileAccess access, const std::string& password) override;
     HostedDocument ActiveDocument() override;
     bool hasOpenDialog() override;
     bool isReadOnly() override;
+    bool losesPassword(int format) override;
     void ExportCopy(const std::string& path, int format) override;
     std::string exportedPackage() override;
     void showPreview(DocumentKind kind, const std::string& bytes) override;

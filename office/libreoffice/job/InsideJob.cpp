@@ -2,6 +2,7 @@
 #include "office/libreoffice/calls/CallPipe.h"
 #include "office/libreoffice/calls/CallValues.h"
 #include "office/libreoffice/job/CallHandler.h"
+#include "office/libreoffice/job/PackageCipher.h"
 #include "office/libreoffice/session/InsideLine.h"
 #include "office/libreoffice/session/UnoErrors.h"
 #include "office/libreoffice/session/UnoText.h"
@@ -96,7 +97,18 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
         }
         if (command == kInsideDocument)
             return css::uno::Any(sal_Int64{handler_->take(value.get<DocumentReference>())});
+        if (command == kInsideDecrypt || command == kInsideEncrypt)
+            return cipher(command, value.get<css::uno::Sequence<css::uno::Any>>());
         throw css::lang::IllegalArgumentException(toUno("There is no command '" + command + "'."), {}, 0);
+    }
+
+    css::uno::Any cipher(const std::string& command, const css::uno::Sequence<css::uno::Any>& values) {
+        const auto bytes = values[0].get<PackageCipher::Bytes>();
+        const auto password = values[1].get<OUString>();
+        const PackageCipher cipher(office_);
+        if (command == kInsideEncrypt) return css::uno::Any(cipher.encrypted(bytes, password));
+        const std::optional<PackageCipher::Bytes> package = cipher.decrypted(bytes, password);
+        return package ? css::uno::Any(*package) : css::uno::Any();
     }
 
     /// Returns false if the main thread must return to the office's work.

@@ -74,7 +74,7 @@ const std::string& KeptOriginal::baseline(const std::string& path, SaveFormat fo
 }
 
 std::string KeptOriginal::exportOf(const std::string& bytes, const std::string& path, SaveFormat format) {
-    return office_->hidden().files().exportOf(source_, bytes, path, format);
+    return office_->hidden().files().exportOf(source_, bytes, path, format, password_);
 }
 
 /// The proof of the original itself is its baseline, to which the export was equal.
@@ -94,7 +94,8 @@ std::unique_ptr<KeptOriginal> keepOriginal(const GraftingOfficePtr& office, Libr
     if (!office || !office->graft().covers(kind)) return {};
     const FileFormat* const row = findFormatToOpen(familyOf(kind), toLowerAscii(extension(path)));
     if (row == nullptr || !row->engine) return {};
-    return std::make_unique<KeptOriginal>(office, shown.sourceOf(document), office->files().read(path));
+    return std::make_unique<KeptOriginal>(office, shown.sourceOf(document), shown.plainBytes(document, path),
+                                          shown.passwordOf(document));
 }
 
 }  // namespace mergeloom::libreoffice

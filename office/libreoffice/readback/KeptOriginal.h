@@ -44,9 +44,13 @@ struct WrittenDocument {
 /// of one save do not affect the next.
 class KeptOriginal {
   public:
-    /// The source is the path that the office has for the document, from which its relative links lead.
-    KeptOriginal(GraftingOfficePtr office, std::string source, std::string bytes)
-        : office_(std::move(office)), source_(std::move(source)), bytes_(std::move(bytes)) {}
+    /// The source is the path that the office has for the document, from which its relative links lead. The
+    /// password is the document's, or empty.
+    KeptOriginal(GraftingOfficePtr office, std::string source, std::string bytes, std::string password)
+        : office_(std::move(office)),
+          source_(std::move(source)),
+          bytes_(std::move(bytes)),
+          password_(std::move(password)) {}
 
     /// Returns true if a save in the format can keep the original.
     [[nodiscard]] bool serves(SaveFormat format) const;
@@ -71,7 +75,8 @@ class KeptOriginal {
 
     GraftingOfficePtr office_;
     std::string source_;
-    std::string bytes_;
+    std::string bytes_;                             ///< not encrypted
+    std::string password_;                          ///< for files in between; empty for none
     std::map<BaselineKey, std::string> baselines_;  ///< by the folder, from which links lead, and the format
     std::optional<model::KeptEntries> kept_;
 };

@@ -23,8 +23,8 @@ ContentDigest digestOfDocument(LibreOfficeSession& session, const DocumentRefere
 }
 
 ContentDigest digestOfBytes(LibreOfficeSession& session, const std::string& path, const std::string& bytes,
-                            DocumentKind kind) {
-    const OpenDocument copy(session.files(), session.files().openCopy(path, bytes, kind));
+                            DocumentKind kind, const std::string& password) {
+    const OpenDocument copy(session.files(), session.files().openCopy(path, bytes, kind, password));
     return digestOfDocument(session, copy.get(), kind);
 }
 
@@ -79,8 +79,9 @@ void checkWritten(LibreOfficeSession& session, const DocumentReference& document
     // Formats that lose the bookmarks lose parts of the texts, too.
     if (row == nullptr || row->places == Places::Lost) return;
     const bool isWordPackage = format.kind == DocumentKind::Word && row->engine;
-    const ContentDigest written =
-        isWordPackage ? digestOfWordPackage(bytes, path) : digestOfBytes(session, path, bytes, format.kind);
+    const ContentDigest written = isWordPackage ? digestOfWordPackage(bytes, path)
+                                                : digestOfBytes(session, path, bytes, format.kind,
+                                                                session.files().passwordOf(document));
     refuseDifference(digestOfDocument(session, document, format.kind), written, path, bytes);
 }
 

@@ -15,9 +15,10 @@ namespace {
 
 /// Reads the protection from the file, since Writer cannot say it for all kinds. A file that is no package of
 /// Word's is protected in ways of its own.
-opc::DocumentProtection protectionOf(FileStore& files, const std::string& path) {
+opc::DocumentProtection protectionOf(LibreOfficeFiles& files, const DocumentReference& document,
+                                     const std::string& path) {
     try {
-        opc::Package package = opc::Package::read(files.read(path), path);
+        opc::Package package = opc::Package::read(files.plainBytes(document, path), path);
         return opc::readDocumentProtection(package);
     } catch (const AutomationError& error) {
         if (error.number() != kFileCouldNotBeRead) throw;
@@ -80,7 +81,7 @@ word::DocumentPtr WriterApplication::list(const DocumentReference& document, con
                                           const std::string& fullName, bool wasOpened) {
     auto line = std::make_shared<DocumentLine>(session_, files_, document);
     if (!sourceFile.empty()) {
-        const opc::DocumentProtection protection = protectionOf(files_, sourceFile);
+        const opc::DocumentProtection protection = protectionOf(session_->files(), document, sourceFile);
         line->callEditor<&DocumentEditor::setProtection>(sourceFile, protection);
     }
     documents_.push_back(

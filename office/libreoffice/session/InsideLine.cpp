@@ -33,6 +33,21 @@ css::uno::Any execute(const Reference<css::task::XJob>& job, const char* command
     return job->execute(css::uno::Sequence<css::beans::NamedValue>(&argument, 1));
 }
 
+using Bytes = css::uno::Sequence<sal_Int8>;
+
+css::uno::Any executeCipher(const Reference<css::task::XJob>& job, const char* command,
+                            const std::string& file, const std::string& password) {
+    css::uno::Sequence<css::uno::Any> values(2);
+    values.getArray()[0] <<=
+        Bytes(reinterpret_cast<const sal_Int8*>(file.data()), static_cast<sal_Int32>(file.size()));
+    values.getArray()[1] <<= toUno(password);
+    return execute(job, command, css::uno::Any(values));
+}
+
+std::string stringOf(const Bytes& bytes) {
+    return {bytes.begin(), bytes.end()};
+}
+
 CallPipe connect(const Reference<css::task::XJob>& job, const std::string& folder) {
     CallListener listener(folder);
     execute(job, kInsideConnect, css::uno::Any(toUno(folder)));
@@ -72,6 +87,16 @@ std::int64_t InsideLine::handOver(const DocumentReference& document) {
     sal_Int64 number = 0;
     execute(job_, kInsideDocument, css::uno::Any(document)) >>= number;
     return number;
+}
+
+std::optional<std::string> InsideLine::decrypted(const std::string& file, const std::string& password) {
+    Bytes bytes;
+    if (!(executeCipher(job_, kInsideDecrypt, file, password) >>= bytes)) return {};
+    return stringOf(bytes);
+}
+
+std::string InsideLine::encrypted(const std::string& package, const std::string& password) {
+    return stringOf(executeCipher(job_, kInsideEncrypt, package, password).get<Bytes>());
 }
 
 void InsideLine::rest() {

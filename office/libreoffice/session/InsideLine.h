@@ -5,6 +5,7 @@
 
 #include <com/sun/star/task/XJob.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
+#include <optional>
 #include <string>
 
 namespace mergeloom::libreoffice {
@@ -13,6 +14,9 @@ namespace mergeloom::libreoffice {
 inline constexpr const char* kInsideConnect = "connect";    ///< with the folder of a CallListener
 inline constexpr const char* kInsideServe = "serve";        ///< makes the main thread read requests
 inline constexpr const char* kInsideDocument = "document";  ///< returns the document's number
+/// With the bytes of a file and a password; they return bytes, or nothing where a file is not decrypted.
+inline constexpr const char* kInsideDecrypt = "decrypt";
+inline constexpr const char* kInsideEncrypt = "encrypt";
 
 /// Returns the path of the library that the office loads for the object model. It is in the folder of the
 /// file that contains this function. Raises kNotAvailable if it is missing.
@@ -32,6 +36,11 @@ class InsideLine {
     std::string ask(const std::string& request);
     /// Registers a document in the library and returns its number.
     std::int64_t handOver(const DocumentReference& document);
+    /// Returns the package in an encrypted file of Open Packaging; none for another file and for a wrong
+    /// password.
+    std::optional<std::string> decrypted(const std::string& file, const std::string& password);
+    /// Returns the encrypted file of a package.
+    std::string encrypted(const std::string& package, const std::string& password);
     /// Lets the main thread return to its own work.
     void rest();
 

@@ -6,6 +6,7 @@
 #include "base/SystemError.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
+#include "office/libreoffice/session/FilePassword.h"
 #include "office/libreoffice/session/MarkTags.h"
 #include "office/libreoffice/session/ModifiedFlag.h"
 #include "office/libreoffice/session/NewFrame.h"
@@ -15,6 +16,7 @@
 #include "office/libreoffice/session/ScratchPaths.h"
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
+#include "office/model/PasswordRequired.h"
 
 #include <unistd.h>
 
@@ -56,6 +58,17 @@ Properties quiet() {
 
 Properties readOnly() {
     return {property("ReadOnly", true)};
+}
+
+Properties with(const std::string& password, Properties properties) {
+    if (!password.empty()) properties.push_back(property("Password", toUno(password)));
+    return properties;
+}
+
+/// Returns a package as the office can read it.
+std::string mended(const std::string& bytes, const std::string& path, DocumentKind kind) {
+    if (kind != DocumentKind::Word) return bytes;
+    return packageWithEndsInCells(bytes, path).value_or(bytes);
 }
 
 void append(Properties& properties, const OfficeFilter& filter) {
@@ -139,12 +152,24 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
     return loader->loadComponentFromURL(toUno(url), "_self", 0, sequenceOf(properties));
 }
 
+/// An encrypted package is decrypted here and not by the office: so its content can be mended, and the office
+/// has no password of its own for it.
 DocumentReference LibreOfficeFiles::open(const std::string& path, DocumentKind kind) {
     const std::string bytes = files_.read(path);
-    const std::string source = fullPath(path);
+    const auto unlocked = unlockedPackage(connection_, path, bytes, password_);
+    const std::string file = fullPath(path);
+    const std::string source = isOpenedInPlace(file, bytes) ? file : copyOf(path, bytes);
     const bool isReadOnly = frames_ && access_ == FileAccess::ReadOnly;
-    return load(path, isOpenedInPlace(source, bytes) ? source : copyOf(path, bytes), bytes, kind, frames_,
-                isReadOnly ? readOnly() : Properties());
+    const Properties more = isReadOnly ? readOnly() : Properties();
+    if (!unlocked) {
+        const DocumentReference document = load(path, source, bytes, kind, frames_, with(password_, more));
+        passwords_.note(document, password_);
+        return document;
+    }
+    const DocumentReference document =
+        loadFrom(path, source, mended(unlocked->bytes, path, kind), kind, frames_, more);
+    passwords_.note(document, unlocked->password);
+    return document;
 }
 
 bool LibreOfficeFiles::isOpenedInPlace(const std::string& source, const std::string& bytes) const {
@@ -152,8 +177,8 @@ bool LibreOfficeFiles::isOpenedInPlace(const std::string& source, const std::str
 }
 
 DocumentReference LibreOfficeFiles::openCopy(const std::string& path, const std::string& bytes,
-                                             DocumentKind kind) {
-    return load(path, copyOf(path, bytes), bytes, kind, {}, {});
+                                             DocumentKind kind, const std::string& password) {
+    return load(path, copyOf(path, bytes), bytes, kind, {}, with(password, {}));
 }
 
 DocumentReference LibreOfficeFiles::showCopy(const std::string& name, const std::string& bytes,
@@ -208,11 +233,9 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& path, const std:
     } catch (const AutomationError& error) {
         if (error.number() == kNotAvailable) throw;
     }
-    if (!document.is()) {
-        raiseNotReadable(path, handler->wantsPassword()
-                                   ? "it is protected by a password"
-                                   : "it is damaged, or of a format that LibreOffice does not know");
-    }
+    if (!document.is() && handler->wantsPassword()) throw model::PasswordRequired(path);
+    if (!document.is())
+        raiseNotReadable(path, "it is damaged, or of a format that LibreOffice does not know");
     try {
         connection_.call([&] { check(document, path, kind); });
     } catch (const AutomationError&) {
@@ -233,8 +256,33 @@ void LibreOfficeFiles::check(const DocumentReference& document, const std::strin
 void LibreOfficeFiles::save(const DocumentReference& document, const std::string& path, SaveFormat format,
                             const Revision& revise) {
     const OfficeFilter filter = requiredFilter(format, path);
-    refuseToLoseMacros(connection_, document, path, format);
-    write(document, path, filter, revise);
+    refuseToLoseMacros(connection_, document, packageOf(document), path, format);
+    write(document, path, filter, format, revise);
+    if (losesPassword(document, format)) passwords_.forget(document);
+}
+
+bool LibreOfficeFiles::losesPassword(const DocumentReference& document, SaveFormat format) {
+    return !passwords_.of(document).empty() && !FilePassword::covers(connection_, format);
+}
+
+std::string LibreOfficeFiles::plainBytes(const DocumentReference& document, const std::string& path) {
+    std::string bytes = files_.read(path);
+    auto unlocked = unlockedPackage(connection_, path, bytes, passwords_.of(document));
+    return unlocked ? std::move(unlocked->bytes) : std::move(bytes);
+}
+
+css::uno::Any LibreOfficeFiles::packageOf(const DocumentReference& document) try {
+    const std::string source = sourceOf(document);
+    if (source.empty()) return {};
+    if (passwords_.of(document).empty()) return css::uno::Any(toUno(fileUrl(source)));
+    const std::string bytes = DiskFileStore().read(source);
+    const auto unlocked = unlockedPackage(connection_, source, bytes, passwords_.of(document));
+    if (!unlocked) return css::uno::Any(toUno(fileUrl(source)));
+    return css::uno::Any(streamOf(source, unlocked->bytes));
+} catch (const AutomationError& error) {
+    // The file is gone, or another one has taken its place.
+    if (error.number() == kNotAvailable) throw;
+    return {};
 }
 
 void LibreOfficeFiles::exportCopy(const DocumentReference& document, const std::string& path,
@@ -260,7 +308,9 @@ std::string LibreOfficeFiles::exported(const DocumentReference& document, const 
     const std::string copy = pathToWrite(document, path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
-    store(document, path, copy, filter, properties);
+    Properties all = properties;
+    FilePassword(connection_, format, passwords_.of(document)).addTo(all);
+    store(document, path, copy, filter, all);
     return DiskFileStore().read(copy);
 }
 
@@ -269,8 +319,11 @@ std::string LibreOfficeFiles::exportedBytes(const DocumentReference& document, c
     const OfficeFilter filter = requiredFilter(format, path);
     const std::string copy = scratch_.forCopy(path);
     const ScopedTempFile temporary(scratch_, copy);
-    store(document, path, copy, filter);
-    return DiskFileStore().read(copy);
+    const FilePassword password(connection_, format, passwords_.of(document));
+    Properties properties;
+    password.addTo(properties);
+    store(document, path, copy, filter, properties);
+    return password.opened(DiskFileStore().read(copy));
 }
 
 bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) {
@@ -283,7 +336,7 @@ void LibreOfficeFiles::keepCopy(const DocumentReference& document, const std::st
     const std::string copy = scratch_.forCopy(path);
     const ScopedTempFile temporary(scratch_, copy);
     connection_.call([&] {
-        Properties properties{property("Overwrite", true)};
+        Properties properties = with(passwords_.of(document), {property("Overwrite", true)});
         append(properties, ownFilter(document, path));
         Reference<css::document::XDocumentRecovery>(document, UNO_QUERY_THROW)
             ->storeToRecoveryFile(toUno(fileUrl(copy)), sequenceOf(properties));
@@ -302,13 +355,17 @@ std::string LibreOfficeFiles::pathToWrite(const DocumentReference& document, con
 }
 
 void LibreOfficeFiles::write(const DocumentReference& document, const std::string& path,
-                             const OfficeFilter& filter, const Revision& revise) {
+                             const OfficeFilter& filter, SaveFormat format, const Revision& revise) {
+    const FilePassword password(connection_, format, passwords_.of(document));
+    Properties properties;
+    password.addTo(properties);
     const std::string copy = pathToWrite(document, path);
     const ScopedTempFile temporary(scratch_, copy);
     const PartialFileCleanup cleanup(connection_.process(), copy);
     ModifiedFlag flag(connection_, document);
-    const std::string bytes = flag.unchangedDuring([&] { store(document, path, copy, filter); },
-                                                   [&] { return revise(DiskFileStore().read(copy)); });
+    const std::string bytes =
+        flag.unchangedDuring([&] { store(document, path, copy, filter, properties); },
+                             [&] { return password.revised(DiskFileStore().read(copy), revise); });
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
     flag.keep();
 }
@@ -339,20 +396,17 @@ std::string LibreOfficeFiles::sourceOf(const DocumentReference& document) {
 }
 
 std::string LibreOfficeFiles::exportOf(const std::string& source, const std::string& bytes,
-                                       const std::string& path, SaveFormat format) {
-    const OfficeFilter filter = requiredFilter(format, path);
-    std::optional<std::string> content;
-    if (format.kind == DocumentKind::Word) content = packageWithEndsInCells(bytes, path);
-    const OpenDocument document(*this,
-                                loadFrom(path, source, content ? content : bytes, format.kind, {}, {}));
-    const std::string copy = pathToWrite(document.get(), path);
-    const ScopedTempFile temporary(scratch_, copy);
-    const PartialFileCleanup cleanup(connection_.process(), copy);
-    store(document.get(), path, copy, filter);
-    return DiskFileStore().read(copy);
+                                       const std::string& path, SaveFormat format,
+                                       const std::string& password) {
+    const OpenDocument document(
+        *this, loadFrom(path, source, mended(bytes, path, format.kind), format.kind, {}, {}));
+    passwords_.note(document.get(), password);
+    const FilePassword lock(connection_, format, password);
+    return lock.opened(exported(document.get(), path, format, {}));
 }
 
 void LibreOfficeFiles::close(const DocumentReference& document) try {
+    passwords_.forget(document);
     const std::string url = connection_.call([&] {
         std::string place = urlOf(document);
         Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);

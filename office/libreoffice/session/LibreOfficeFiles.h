@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/libreoffice/session/DocumentPasswords.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/RecordPages.h"
 #include "office/libreoffice/session/ScratchPaths.h"
@@ -11,6 +12,7 @@
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/io/XInputStream.hpp>
+#include <com/sun/star/uno/Any.hxx>
 #include <functional>
 #include <optional>
 #include <string>
@@ -42,7 +44,9 @@ using Revision = std::function<std::string(std::string bytes)>;
 /// Takes documents from a file store into an office and back. The office works on copies in a folder that is
 /// removed with its process: it locks nothing, changes only the files that it is given to write, and a file
 /// is replaced by its whole result or not at all. Documents are hidden unless frames are made for them,
-/// macros never run, links are not updated, and every question is refused.
+/// macros never run, links are not updated, and every question is refused. A document that was opened with a
+/// password is written with it in every format that has passwords, and no file in between shows its content
+/// to others.
 class LibreOfficeFiles {
   public:
     /// The file store must outlive this; the folder is removed with the office.
@@ -53,19 +57,22 @@ class LibreOfficeFiles {
     void showIn(FrameSource frames) { frames_ = std::move(frames); }
     /// Sets the access with which files are opened from now on; the first is Edit.
     void setAccess(FileAccess access) { access_ = access; }
+    /// Sets the password with which files are opened from now on; empty for none.
+    void setPassword(const std::string& password) { password_ = password; }
     /// Returns whether users see and edit the documents.
     [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
     /// Returns an empty document with LibreOffice's own defaults.
     DocumentReference create(DocumentKind kind);
     /// Opens the file; a template opens as the template itself. Raises kFileCouldNotBeRead with a sentence
-    /// that names the file when it is missing, damaged, protected by a password or not of the kind. The
-    /// document's URL in the office is that of the copy.
+    /// that names the file when it is missing, damaged or not of the kind, and PasswordRequired when the
+    /// password is not the file's. The document's URL in the office is that of the copy.
     DocumentReference open(const std::string& path, DocumentKind kind);
     /// Saves the document and clears its modified flag, unless the user changes it during the save; its own
     /// URL does not change. Raises kNotAvailable for a format that the office does not write, and
     /// kFileCouldNotBeSaved for macros in a format without them and for other failures, with sentences that
     /// name the file. Errors of the revision pass through; after DifferingCopy the document is written again
-    /// if the user changed it before the comparison.
+    /// if the user changed it before the comparison. Encrypts what the revision returns; a document that is
+    /// saved in a format without passwords has none any more.
     void save(const DocumentReference& document, const std::string& path, SaveFormat format,
               const Revision& revise);
     /// Writes a copy of the document in the format. Does not change the document or its modified flag. Raises
@@ -78,6 +85,18 @@ class LibreOfficeFiles {
     /// Returns the document's bytes in the format and writes nothing beside the user's file. Does not change
     /// the document or its modified flag. Raises the same errors as exportCopy.
     std::string exportedBytes(const DocumentReference& document, const std::string& path, SaveFormat format);
+    /// Returns true if the document has a password and files of the format have none.
+    bool losesPassword(const DocumentReference& document, SaveFormat format);
+    /// Returns the content of a file as if it were not encrypted, opened with the document's password. Files
+    /// of other formats than Open Packaging are returned as they are. Raises kFileCouldNotBeRead.
+    std::string plainBytes(const DocumentReference& document, const std::string& path);
+    /// Returns the file from which the document was read as OfficePackage takes it: its URL, or a stream of
+    /// the package in an encrypted file. Returns nothing for a new document.
+    css::uno::Any packageOf(const DocumentReference& document);
+    /// Returns the document's password; empty for none.
+    [[nodiscard]] std::string passwordOf(const DocumentReference& document) const {
+        return passwords_.of(document);
+    }
     /// Returns true if the document has changes that were neither saved nor kept. Must be called within
     /// OfficeConnection::call.
     static bool hasChangesToKeep(const DocumentReference& document);
@@ -88,13 +107,16 @@ class LibreOfficeFiles {
     /// flag. Must be called within OfficeConnection::call.
     static void storeCopy(const DocumentReference& document, const std::string& path,
                           std::vector<css::beans::PropertyValue> properties);
-    /// Opens the bytes that are to be written to a path, hidden; errors as for open.
-    DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind);
+    /// Opens the bytes that are to be written to a path, hidden; errors as for open. The password is used
+    /// only for encrypted bytes.
+    DocumentReference openCopy(const std::string& path, const std::string& bytes, DocumentKind kind,
+                               const std::string& password);
     /// Reads the bytes in a hidden document as if they came from the source, which is the path of a file or
     /// of another office's copy, and returns the office's export of it as if written to the path. So relative
-    /// links have the same targets. Raises the errors of open and exportCopy.
+    /// links have the same targets. The files in between are encrypted with the password; neither these bytes
+    /// nor the result are. Raises the errors of open and exportCopy.
     std::string exportOf(const std::string& source, const std::string& bytes, const std::string& path,
-                         SaveFormat format);
+                         SaveFormat format, const std::string& password);
     /// Returns the path that an open document has in the office.
     std::string sourceOf(const DocumentReference& document);
     /// Opens the bytes of a file of that name for reading only, in a frame of the source and without bars;
@@ -120,7 +142,7 @@ class LibreOfficeFiles {
     void check(const DocumentReference& document, const std::string& path, DocumentKind kind);
     std::string pathToWrite(const DocumentReference& document, const std::string& path);
     void write(const DocumentReference& document, const std::string& path, const OfficeFilter& filter,
-               const Revision& revise);
+               SaveFormat format, const Revision& revise);
     std::string exported(const DocumentReference& document, const std::string& path, SaveFormat format,
                          const std::vector<css::beans::PropertyValue>& properties);
     void store(const DocumentReference& document, const std::string& path, const std::string& copy,
@@ -131,6 +153,8 @@ class LibreOfficeFiles {
     ScratchPaths scratch_;
     FrameSource frames_;
     FileAccess access_ = FileAccess::Edit;
+    std::string password_;
+    DocumentPasswords passwords_;
     std::vector<css::beans::PropertyValue> pdfOptions_;
 };
 

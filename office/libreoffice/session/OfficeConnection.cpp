@@ -141,6 +141,14 @@ std::int64_t OfficeConnection::handInside(const DocumentReference& document) {
     return call([&] { return inside().handOver(document); });
 }
 
+std::optional<std::string> OfficeConnection::decrypted(const std::string& file, const std::string& password) {
+    return call([&] { return inside().decrypted(file, password); });
+}
+
+std::string OfficeConnection::encrypted(const std::string& package, const std::string& password) {
+    return call([&] { return inside().encrypted(package, password); });
+}
+
 /// Ignores a broken line: the call that follows notices that the office has ended.
 void OfficeConnection::rest() try {
     if (inside_) inside_->rest();

@@ -59,6 +59,12 @@ class OfficeConnection {
     /// Registers a document in that library and returns its number.
     std::int64_t handInside(const DocumentReference& document);
 
+    /// Returns the package in an encrypted file of Open Packaging, which is decrypted in the office's memory;
+    /// none for another file and for a wrong password. Errors of this member and the next one as for call.
+    std::optional<std::string> decrypted(const std::string& file, const std::string& password);
+    /// Returns the encrypted file of a package.
+    std::string encrypted(const std::string& package, const std::string& password);
+
     /// Sets the pattern of later requests. The default is Single.
     void expect(RequestPattern pattern) { pattern_ = pattern; }
 

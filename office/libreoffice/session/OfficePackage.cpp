@@ -11,7 +11,6 @@
 #include <com/sun/star/embed/ElementModes.hpp>
 #include <com/sun/star/embed/StorageFactory.hpp>
 #include <com/sun/star/embed/XRelationshipAccess.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/script/XLibraryContainer.hpp>
 #include <map>
 
@@ -37,12 +36,12 @@ std::vector<PackageRelationship> relationshipsOf(const Reference<css::uno::XInte
 // The SDK calls the factory's interface deprecated, but there is no other one that takes the kind of storage.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-Reference<css::uno::XInterface> openPackage(OfficeConnection& connection, const OUString& url) {
+Reference<css::uno::XInterface> openPackage(OfficeConnection& connection, const css::uno::Any& source) {
     css::beans::PropertyValue format;
     format.Name = "StorageFormat";
     format.Value <<= OUString::createFromAscii(kFormat);
     css::uno::Sequence<css::uno::Any> arguments(3);
-    arguments.getArray()[0] <<= url;
+    arguments.getArray()[0] = source;
     arguments.getArray()[1] <<= css::embed::ElementModes::READ;
     arguments.getArray()[2] <<= css::uno::Sequence<css::beans::PropertyValue>(&format, 1);
     return css::embed::StorageFactory::create(connection.context())->createInstanceWithArguments(arguments);
@@ -66,10 +65,9 @@ bool officeHoldsMacros(const DocumentReference& document) {
 }
 
 /// The relationships of a main part that only the kinds with macros may have ([MS-OFFMACRO2]).
-bool packageHoldsMacros(OfficeConnection& connection, const DocumentReference& document) try {
-    const OUString url = Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL();
-    if (url.isEmpty()) return false;
-    const OfficePackage package(connection, url);
+bool packageHoldsMacros(OfficeConnection& connection, const css::uno::Any& file) try {
+    if (!file.hasValue()) return false;
+    const OfficePackage package(connection, file);
     if (!package.hasMainPart()) return false;
     return std::ranges::any_of(package.relationshipsOfMainPart(), [](const PackageRelationship& found) {
         return found.type == "vbaProject" || found.type == "xlMacrosheet";
@@ -82,8 +80,8 @@ bool packageHoldsMacros(OfficeConnection& connection, const DocumentReference& d
 
 }  // namespace
 
-OfficePackage::OfficePackage(OfficeConnection& connection, const OUString& url)
-    : package_(openPackage(connection, url), UNO_QUERY_THROW) {
+OfficePackage::OfficePackage(OfficeConnection& connection, const css::uno::Any& source)
+    : package_(openPackage(connection, source), UNO_QUERY_THROW) {
     const std::vector<PackageRelationship> relationships = relationshipsOf(package_);
     const auto main = std::ranges::find(relationships, "officeDocument", &PackageRelationship::type);
     if (main == relationships.end()) return;
@@ -101,11 +99,11 @@ Reference<css::io::XInputStream> OfficePackage::contentOfMainPart() const {
 }
 
 void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
-                        const std::string& path, SaveFormat format) {
+                        const css::uno::Any& file, const std::string& path, SaveFormat format) {
     const FileFormat* const row = findFormat(format);
     const bool keepsMacros = row == nullptr || !row->engine || row->engine->macros == Macros::Kept;
     const auto hasMacros = [&] {
-        return officeHoldsMacros(document) || packageHoldsMacros(connection, document);
+        return officeHoldsMacros(document) || packageHoldsMacros(connection, file);
     };
     if (keepsMacros || !connection.call(hasMacros)) return;
     throw AutomationError(kFileCouldNotBeSaved,

@@ -21,7 +21,8 @@ struct PackageRelationship {
 /// such package.
 class OfficePackage {
   public:
-    OfficePackage(OfficeConnection& connection, const OUString& url);
+    /// Takes a URL or an input stream.
+    OfficePackage(OfficeConnection& connection, const css::uno::Any& source);
 
     /// Returns whether the package has a main part.
     [[nodiscard]] bool hasMainPart() const { return mainPart_.is(); }
@@ -34,8 +35,9 @@ class OfficePackage {
 };
 
 /// Raises kFileCouldNotBeSaved, with a sentence that names the file, for a document with macros that is to be
-/// saved in a format without them. Macros also count if only the document's file has them.
+/// saved in a format without them. Macros also count if only the document's file has them, which is given as
+/// LibreOfficeFiles::packageOf does.
 void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
-                        const std::string& path, SaveFormat format);
+                        const css::uno::Any& file, const std::string& path, SaveFormat format);
 
 }  // namespace mergeloom::libreoffice

@@ -157,7 +157,7 @@ TEST_F(DragOverCells, ATabShowsItsSheet) {
     const std::string cell =
         "<sheetData><row r='1'><c r='A1' t='inlineStr'><is><t>second</t></is></c></row></sheetData>";
     stage().files.files["/sheets.xlsx"] = workbookFile({{"First"}, {"Second", cell}});
-    host().Open("/sheets.xlsx", FileAccess::Edit);
+    host().Open("/sheets.xlsx", FileAccess::Edit, {});
     ASSERT_TRUE(host().placeCaret(kOtherCell));
     EXPECT_EQ(activeCell().first, "");
     // The tabs are in the line below the cells, the second one right of the first.

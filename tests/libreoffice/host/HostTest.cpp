@@ -69,7 +69,7 @@ bool HostTest::bodyBecomes(const std::string& expected) {
 
 void HostTest::openBody(const std::string& bodyXml) {
     stage().files.files["/given.docx"] = wordFile(bodyXml);
-    host().Open("/given.docx", FileAccess::Edit);
+    host().Open("/given.docx", FileAccess::Edit, {});
 }
 
 bool HostTest::drop(const TreeNode& dropped) {

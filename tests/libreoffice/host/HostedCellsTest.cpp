@@ -121,7 +121,7 @@ TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
     TestWindow::press("ctrl+s");
     ASSERT_TRUE(becomesTrue([] { return !stage().listener.takeCommands().empty(); }));
     workbook()->SaveAs("/saved.xlsx", excel::XlFileFormat::xlOpenXMLWorkbook);
-    host().Open("/saved.xlsx", FileAccess::Edit);
+    host().Open("/saved.xlsx", FileAccess::Edit, {});
     ASSERT_TRUE(host().placeCaret(kOtherCells[0]));
     host().beginEditing();
     EXPECT_EQ(activeCell()->Value(), "typed");
@@ -157,7 +157,7 @@ TEST_F(HostedCells, OpensWorkbooksOfOtherFormats) {
     };
     for (const Case& c : cases) {
         stage().files.files[c.path] = c.bytes;
-        host().Open(c.path, FileAccess::Edit);
+        host().Open(c.path, FileAccess::Edit, {});
         ASSERT_TRUE(std::holds_alternative<excel::WorkbookPtr>(host().ActiveDocument())) << c.path;
         host().beginEditing();
         EXPECT_EQ(activeCell()->Value(), "kept") << c.path;

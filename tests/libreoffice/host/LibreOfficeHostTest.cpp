@@ -165,8 +165,8 @@ TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     TestWindow::type("Kept");
     ASSERT_TRUE(bodyBecomes("Kept\n"));
     stage().files.files["/damaged.docx"] = std::string(3000, '\1');
-    EXPECT_EQ(errorOf([] { host().Open("/damaged.docx", FileAccess::Edit); }), kFileCouldNotBeRead);
-    EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx", FileAccess::Edit); }), kFileCouldNotBeRead);
+    EXPECT_EQ(errorOf([] { host().Open("/damaged.docx", FileAccess::Edit, {}); }), kFileCouldNotBeRead);
+    EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx", FileAccess::Edit, {}); }), kFileCouldNotBeRead);
     EXPECT_EQ(errorOf([] { host().CreateNew("Paint.Picture"); }), kCommandFailed);
     TestWindow::type("!");
     EXPECT_TRUE(bodyBecomes("Kept!\n"));
