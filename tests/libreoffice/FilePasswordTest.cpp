@@ -44,7 +44,7 @@ Reference<css::text::XTextRange> textOf(const DocumentReference& document) {
 
 SaveFormat formatOf(const std::string& path) {
     const std::string ending = extension(path);
-    if (const int number = wordFormatByExtension(ending)) return WdSaveFormat{number};
+    if (isWordExtension(ending)) return WdSaveFormat{wordFormatByExtension(ending)};
     return XlFileFormat{excelFormatByExtension(ending)};
 }
 
