@@ -84,6 +84,15 @@ bool covers(const Reference<css::text::XTextRange>& range, const HostCharacter& 
            character.paragraph.startsWith(before) && character.paragraph.match(text, start);
 }
 
+/// Returns true if the character is between the marks of a bookmark's ends. While LibreOffice since 24 shows
+/// them, they are part of the paragraph's text: a sharp, the name, a space and words in the user's language.
+bool isBetweenMarks(const std::string& name, const HostCharacter& character) {
+    const OUString mark = toUno("#" + name + " ");
+    const sal_Int32 start = character.paragraph.indexOf(mark);
+    if (start < 0 || character.index < start) return false;
+    return character.index < character.paragraph.indexOf(mark, start + mark.getLength());
+}
+
 }  // namespace
 
 HostPlaces::HostPlaces(const DocumentReference& document) {
@@ -112,7 +121,7 @@ template <typename IsThere>
 std::vector<std::string> HostPlaces::placesThat(const IsThere& isThere) const {
     std::vector<std::string> found;
     for (const std::string& name : names())
-        if (isThere(contentOf(find(name)))) found.push_back(name);
+        if (isThere(name)) found.push_back(name);
     return found;
 }
 
@@ -120,14 +129,15 @@ std::vector<std::string> HostPlaces::at(const CaretTarget& target,
                                         const Reference<css::frame::XController>& view) const {
     if (target.placement == CaretPlacement::InCells) {
         const HostCell cell = cellOf(target.spot, view);
-        return placesThat([&](const css::uno::Any& cells) { return covers(cells, cell); });
+        return placesThat([&](const std::string& name) { return covers(contentOf(find(name)), cell); });
     }
     if (target.placement != CaretPlacement::InText && target.placement != CaretPlacement::InSelection)
         return {};
     const ParagraphReference paragraph(target.spot.object, UNO_QUERY_THROW);
     const HostCharacter character{paragraph->getText(), target.character};
-    return placesThat([&](const css::uno::Any& anchor) {
-        return covers(Reference<css::text::XTextRange>(anchor, UNO_QUERY_THROW), character);
+    return placesThat([&](const std::string& name) {
+        return isBetweenMarks(name, character) ||
+               covers(Reference<css::text::XTextRange>(contentOf(find(name)), UNO_QUERY_THROW), character);
     });
 }
 
