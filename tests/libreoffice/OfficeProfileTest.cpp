@@ -44,11 +44,15 @@ TEST(OfficeProfile, FollowsTheDesktopsColors) {
     HostLook light;
     light.colors = LookColors{.window = LookColor{0xF0F0F0}, .windowText = LookColor{0x202020}};
     makeOfficeProfile(folder.path(), OfficeMode::Shown, dark);
-    EXPECT_THAT(folder.bytesOf(kSettings),
-                AllOf(HasSubstr("<value>colibre_dark</value>"), HasSubstr("<value>2105376</value>")));
+    EXPECT_THAT(folder.bytesOf(kSettings), HasSubstr("<value>colibre_dark</value>"));
+    for (const char* const color : {"['LibreOffice']/AppBackground\"><prop oor:name=\"Color\"",
+                                    "_AUTOMATIC']/AppBackground\"><prop oor:name=\"Light\"",
+                                    "_AUTOMATIC']/AppBackground\"><prop oor:name=\"Dark\""})
+        EXPECT_THAT(folder.bytesOf(kSettings),
+                    HasSubstr(std::string(color) + " oor:op=\"fuse\"><value>2105376</value>"));
     makeOfficeProfile(folder.path(), OfficeMode::Shown, light);
-    EXPECT_THAT(folder.bytesOf(kSettings),
-                AllOf(HasSubstr("<value>colibre</value>"), Not(HasSubstr("colibre_dark"))));
+    EXPECT_THAT(folder.bytesOf(kSettings), AllOf(HasSubstr("<value>colibre</value>"),
+                                                 Not(HasSubstr("colibre_dark")), Not(HasSubstr("2105376"))));
 }
 
 TEST(OfficeProfile, OneThatIsNotWholeIsMadeAnew) {

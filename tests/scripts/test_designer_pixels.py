@@ -58,6 +58,7 @@ class LookTest(DesignerTest):
             self.start_on_desktop(QT_SCALE_FACTOR=str(factor))
             self.picture(f"dark-{factor}")
             heights.append(wait_for("the dark edge", lambda: self.menu_height(factor)))
+            wait_for("the dark status bar", lambda: self.edge(factor)[-8 * factor] == DARK)
             self.designer.close()
         self.assertGreater(heights[1], 1.5 * heights[0])
 

@@ -5,6 +5,7 @@
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/host/HostPlaces.h"
 #include "office/libreoffice/host/HostedDocuments.h"
+#include "office/libreoffice/host/WindowLook.h"
 #include "office/libreoffice/remote/WriterOffice.h"
 #include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
@@ -45,6 +46,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       word_(makeWordApplication(session_, files, grafting)),
       excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
+    session_->connection().call([this] { makeFirstBars(session_->connection().context()); });
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(static_cast<xcb_window_t>(window.id), listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {

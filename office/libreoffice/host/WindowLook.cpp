@@ -2,7 +2,14 @@
 
 #include "office/libreoffice/session/UnoText.h"
 
+#include <com/sun/star/awt/Toolkit.hpp>
+#include <com/sun/star/awt/WindowClass.hpp>
 #include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
+#include <com/sun/star/configuration/ReadOnlyAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/frame/Frame.hpp>
+#include <com/sun/star/frame/XComponentLoader.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
 
 namespace mergeloom::libreoffice {
 
@@ -50,7 +57,62 @@ void setFonts(const Style& style, const std::string& family) {
     style->setPushButtonFont(inFamily(style->getPushButtonFont(), family));
 }
 
+/// A frame in a window that is never shown.
+class UnseenFrame {
+  public:
+    explicit UnseenFrame(const Reference<css::uno::XComponentContext>& office)
+        : frame_(css::frame::Frame::create(office), UNO_QUERY_THROW) {
+        css::awt::WindowDescriptor top;
+        top.Type = css::awt::WindowClass_TOP;
+        top.WindowServiceName = "window";
+        const Reference<css::awt::XToolkit> toolkit(css::awt::Toolkit::create(office), UNO_QUERY_THROW);
+        frame_->initialize(Reference<css::awt::XWindow>(toolkit->createWindow(top), UNO_QUERY_THROW));
+    }
+    UnseenFrame(const UnseenFrame&) = delete;
+    UnseenFrame& operator=(const UnseenFrame&) = delete;
+    ~UnseenFrame() { dispose(); }
+
+    [[nodiscard]] Reference<css::frame::XFrame> get() const { return frame_; }
+
+  private:
+    void dispose() const try {
+        frame_->dispose();  // with its window
+    } catch (const css::uno::Exception&) {
+        // The office has ended.
+    }
+
+    Reference<css::frame::XFrame> frame_;
+};
+
+/// Returns the year of the office's release, or the number of a release before 2024, of which 7.6 is the
+/// last.
+int releaseOf(const Reference<css::uno::XComponentContext>& office) {
+    const Reference<css::container::XNameAccess> product(
+        css::configuration::ReadOnlyAccess::create(office, "")
+            ->getByHierarchicalName("/org.openoffice.Setup/Product"),
+        UNO_QUERY_THROW);
+    OUString version;
+    product->getByName("ooSetupVersion") >>= version;
+    return version.toInt32();
+}
+
+/// Loads an empty document into a frame that is not shown.
+void makeBars(const Reference<css::uno::XComponentContext>& office) {
+    const UnseenFrame frame(office);
+    const Reference<css::frame::XComponentLoader> loader(frame.get(), UNO_QUERY_THROW);
+    const Reference<css::util::XCloseable> document(
+        loader->loadComponentFromURL("private:factory/swriter", "_self", 0, {}), UNO_QUERY_THROW);
+    document->close(true);
+}
+
 }  // namespace
+
+void makeFirstBars(const Reference<css::uno::XComponentContext>& office) try {
+    constexpr int kFirstWithReset = 24;
+    if (releaseOf(office) >= kFirstWithReset) makeBars(office);
+} catch (const css::uno::Exception&) {
+    // The bars of the document are the first ones then.
+}
 
 void applyLook(const Reference<css::awt::XWindow>& window, const HostLook& look) {
     const Reference<css::awt::XStyleSettingsSupplier> supplier(window, UNO_QUERY);

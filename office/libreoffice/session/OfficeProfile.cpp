@@ -94,21 +94,38 @@ void disableCommands(std::ostream& file) {
 
 constexpr const char* kLookGroup = "Office.Common/Misc";
 constexpr const char* kIcons = "SymbolStyle";
-constexpr const char* kSurroundings =
-    "/org.openoffice.Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
-    "AppBackground";
+constexpr const char* kSchemes =
+    "/org.openoffice.Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme";
+constexpr const char* kSurroundings = "/AppBackground";
+
+/// A color of the office's own scheme, whose name changed in its release 25.2. An office ignores what it does
+/// not know.
+struct SchemeColor {
+    const char* scheme;
+    const char* name;
+};
+
+constexpr SchemeColor kSchemeColors[] = {
+    {"LibreOffice", "Color"},
+    {"COLOR_SCHEME_LIBREOFFICE_AUTOMATIC", "Light"},
+    {"COLOR_SCHEME_LIBREOFFICE_AUTOMATIC", "Dark"},
+};
 
 /// Writes the settings that follow the desktop's colors: the icons, and the color around a page.
 void writeLook(std::ostream& file, const HostLook& look) {
     if (!look.colors) return;
     const Setting icons[] = {{kLookGroup, kIcons, isDark(look) ? "colibre_dark" : "colibre"}};
     write(file, icons);
-    file << R"(<item oor:path=")" << kSurroundings << R"("><prop oor:name="Color" oor:op="fuse"><value>)"
-         << static_cast<std::uint32_t>(look.colors->window) << "</value></prop></item>\n";
+    for (const SchemeColor& color : kSchemeColors) {
+        file << R"(<item oor:path=")" << kSchemes << "['" << color.scheme << "']" << kSurroundings
+             << R"("><prop oor:name=")" << color.name << R"(" oor:op="fuse"><value>)"
+             << static_cast<std::uint32_t>(look.colors->window) << "</value></prop></item>\n";
+    }
 }
 
 bool isOfLook(std::string_view item) {
-    return item.find(kSurroundings) != std::string_view::npos ||
+    const bool isOfScheme = item.find(kSchemes) != std::string_view::npos;
+    return (isOfScheme && item.find(std::string(kSurroundings) + '"') != std::string_view::npos) ||
            item.find(std::string("oor:name=\"") + kIcons + '"') != std::string_view::npos;
 }
 
