@@ -54,10 +54,10 @@ class DesignerTest(unittest.TestCase):
         self.addCleanup(other.close)
         return other
 
-    def enter_document(self):
-        """A click that comes while the window is still being activated is not taken."""
+    def enter_document(self, place=None):
+        """A click that comes while the window is still being activated is not taken, such as one right after a drop."""
         def is_entered():
-            click(self.designer.document())
+            click(place or self.designer.document())
             time.sleep(0.5)
             return document_has_keyboard()
         self.designer.wait_until_active()

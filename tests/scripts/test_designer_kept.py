@@ -7,7 +7,7 @@ import zipfile
 from pathlib import Path
 
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import PATIENCE, Designer, click, document_has_keyboard, find, key, type_text, wait_for
+from designer_window import PATIENCE, Designer, find, key, type_text, wait_for
 
 QUESTION = "was not saved when it was last open"
 
@@ -130,8 +130,7 @@ class InExcel(KeptTest):
         designer = self.start_in_home()
         self.drop("Customer")
         left, top = designer.document()
-        click((left, top + 80))
-        wait_for("the keyboard in the cells", document_has_keyboard)
+        self.enter_document((left, top + 80))
         type_text("some")
         self.wait_for_copy("CustomerID")
         type_text("thing")
