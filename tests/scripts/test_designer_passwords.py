@@ -8,7 +8,7 @@ from pathlib import Path
 import openpyxl
 
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import Atspi, Designer, find, key, type_text, wait_for
+from designer_window import Atspi, Designer, document_has_keyboard, find, key, type_text, wait_for
 
 HELPER = Path(__file__).with_name("protected_files.py")
 PASSWORD = "Geheim-1"
@@ -60,6 +60,8 @@ class PasswordTest(DesignerTest):
         self.enter("wrong", f"“{path.name}” is protected by a password.")
         self.enter(PASSWORD, f"This is not the password of “{path.name}”.")
         wait_for("the document", lambda: self.designer.title() == path.name and not self.designer.has_dialog())
+        # It gets the keyboard at the end of the command.
+        wait_for("the keyboard in the document", document_has_keyboard)
 
     def save(self):
         self.designer.wait_until_active()

@@ -17,10 +17,13 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// The beginning of a compound file ([MS-CFB] 2.2), and the name of the stream with an encrypted package
-/// ([MS-OFFCRYPTO] 2.3.4.4) in UTF-16.
+/// The beginning of a compound file ([MS-CFB] 2.2), and the entry of its directory for the stream with an
+/// encrypted package ([MS-CFB] 2.6.1, [MS-OFFCRYPTO] 2.3.4.4): its name in 64 bytes, their number, its kind.
 constexpr std::string_view kCompoundFile = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv;
-constexpr std::string_view kEncryptedPackage = "E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0"sv;
+constexpr std::string_view kEncryptedPackage =
+    "E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0"
+    "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"
+    "\x22\0\x02"sv;
 
 /// The password of workbooks that are encrypted without one ([MS-OFFCRYPTO] 2.4.2.3).
 constexpr const char* kDefaultPassword = "VelvetSweatshop";

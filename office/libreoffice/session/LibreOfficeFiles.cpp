@@ -6,6 +6,7 @@
 #include "base/SystemError.h"
 #include "office/formats/mExcelFileExtensions.h"
 #include "office/formats/mWordFileExtensions.h"
+#include "office/libreoffice/session/FileOptions.h"
 #include "office/libreoffice/session/FilePassword.h"
 #include "office/libreoffice/session/MarkTags.h"
 #include "office/libreoffice/session/ModifiedFlag.h"
@@ -20,11 +21,6 @@
 
 #include <unistd.h>
 
-#include <com/sun/star/beans/PropertyValue.hpp>
-#include <com/sun/star/configuration/ReadOnlyAccess.hpp>
-#include <com/sun/star/container/XNameAccess.hpp>
-#include <com/sun/star/document/MacroExecMode.hpp>
-#include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/document/XDocumentRecovery.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XModel.hpp>
@@ -44,36 +40,10 @@ namespace {
 /// The view that has neither bars nor a line that offers to edit the document.
 constexpr sal_Int16 kPlainView = 2;
 
-using Properties = std::vector<css::beans::PropertyValue>;
-
-css::uno::Sequence<css::beans::PropertyValue> sequenceOf(const Properties& properties) {
-    return {properties.data(), static_cast<sal_Int32>(properties.size())};
-}
-
-/// Returns the options that keep a document quiet, wherever it comes from.
-Properties quiet() {
-    return {property("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
-            property("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE)};
-}
-
-Properties readOnly() {
-    return {property("ReadOnly", true)};
-}
-
-Properties with(const std::string& password, Properties properties) {
-    if (!password.empty()) properties.push_back(property("Password", toUno(password)));
-    return properties;
-}
-
 /// Returns a package as the office can read it.
 std::string mended(const std::string& bytes, const std::string& path, DocumentKind kind) {
     if (kind != DocumentKind::Word) return bytes;
     return packageWithEndsInCells(bytes, path).value_or(bytes);
-}
-
-void append(Properties& properties, const OfficeFilter& filter) {
-    if (!filter.name.empty()) properties.push_back(property("FilterName", toUno(filter.name)));
-    if (!filter.options.empty()) properties.push_back(property("FilterOptions", toUno(filter.options)));
 }
 
 std::string filterOf(const DocumentReference& document) {
@@ -119,18 +89,6 @@ void saveOnDisk(const std::string& path, const std::string& bytes) {
 
 std::string urlOf(const DocumentReference& document) {
     return fromUno(Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getURL());
-}
-
-/// Returns the office's options for PDF files. It takes them by itself only when it is given none at all.
-Properties pdfOptions(const Reference<css::uno::XComponentContext>& context) {
-    Properties data;
-    const Reference<css::container::XNameAccess> options(
-        css::configuration::ReadOnlyAccess::create(context, "")
-            ->getByHierarchicalName("/org.openoffice.Office.Common/Filter/PDF/Export"),
-        UNO_QUERY_THROW);
-    for (const OUString& name : options->getElementNames())
-        data.push_back({name, 0, options->getByName(name), css::beans::PropertyState_DIRECT_VALUE});
-    return data;
 }
 
 }  // namespace
@@ -272,12 +230,13 @@ std::string LibreOfficeFiles::plainBytes(const DocumentReference& document, cons
 }
 
 css::uno::Any LibreOfficeFiles::packageOf(const DocumentReference& document) try {
+    const std::string url = connection_.call([&] { return urlOf(document); });
+    if (url.empty()) return {};
+    if (passwords_.of(document).empty()) return css::uno::Any(toUno(url));
     const std::string source = sourceOf(document);
-    if (source.empty()) return {};
-    if (passwords_.of(document).empty()) return css::uno::Any(toUno(fileUrl(source)));
     const std::string bytes = DiskFileStore().read(source);
     const auto unlocked = unlockedPackage(connection_, source, bytes, passwords_.of(document));
-    if (!unlocked) return css::uno::Any(toUno(fileUrl(source)));
+    if (!unlocked) return css::uno::Any(toUno(url));
     return css::uno::Any(streamOf(source, unlocked->bytes));
 } catch (const AutomationError& error) {
     // The file is gone, or another one has taken its place.
