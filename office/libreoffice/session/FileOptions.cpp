@@ -3,6 +3,7 @@
 #include "office/libreoffice/session/UnoProperty.h"
 #include "office/libreoffice/session/UnoText.h"
 
+#include <algorithm>
 #include <com/sun/star/configuration/ReadOnlyAccess.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
@@ -26,6 +27,10 @@ Properties readOnly() {
 Properties with(const std::string& password, Properties properties) {
     if (!password.empty()) properties.push_back(property("Password", toUno(password)));
     return properties;
+}
+
+bool havePassword(const Properties& properties) {
+    return std::ranges::any_of(properties, [](const auto& value) { return value.Name == "Password"; });
 }
 
 void append(Properties& properties, const OfficeFilter& filter) {

@@ -20,6 +20,7 @@ Properties quiet();
 Properties readOnly();
 /// Returns the options with the password of a file; an empty one is none.
 Properties with(const std::string& password, Properties properties);
+bool havePassword(const Properties& properties);
 void append(Properties& properties, const OfficeFilter& filter);
 
 /// Returns the office's options for PDF files. It takes them by itself only when it is given none at all.

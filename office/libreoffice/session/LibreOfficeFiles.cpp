@@ -191,7 +191,9 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& path, const std:
     } catch (const AutomationError& error) {
         if (error.number() == kNotAvailable) throw;
     }
-    if (!document.is() && handler->wantsPassword()) throw model::PasswordRequired(path);
+    // Some filters do not ask again after a wrong password. None is given before a file needs one.
+    if (!document.is() && (handler->wantsPassword() || havePassword(more)))
+        throw model::PasswordRequired(path);
     if (!document.is())
         raiseNotReadable(path, "it is damaged, or of a format that LibreOffice does not know");
     try {
