@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "office/libreoffice/session/OfficeConnection.h"
 #include "office/libreoffice/session/Uno.h"
+#include "office/libreoffice/session/UnoText.h"
 #include "office/model/OfficeDocument.h"
 
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
