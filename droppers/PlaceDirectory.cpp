@@ -136,7 +136,7 @@ class PlaceCollector {
             if (usable.empty()) continue;
             const auto [found, isNew] = sources_.places.emplace(usable, source);
             const bool isAnother = !isNew && found->second != source;
-            if (isAnother && counter == 0) sources_.ambiguous.push_back(name);
+            if (isAnother && counter == 0) sources_.ambiguous.push_back(usablePlaceName(name, 0, normalize_));
         }
     }
     void listTables(std::int64_t counter) {

@@ -17,12 +17,16 @@ using testing::HasSubstr;
 class FillTest : public testing::Test {
   protected:
     FillTest() {
-        memory.files["/t.docx"] = wordFile(
-            "<w:p><w:bookmarkStart w:id=\"1\" w:name=\"No\"/><w:r><w:t>No</w:t></w:r><w:bookmarkEnd "
-            "w:id=\"1\"/>"
-            "</w:p>");
+        memory.files["/t.docx"] = wordFile("<w:p>" + placeOf("No", 1) + "</w:p>");
         options.templateFile = "/t.docx";
         options.output = "/out/{No}.docx";
+    }
+
+    /// A place that shows its own name.
+    static std::string placeOf(const std::string& name, int number) {
+        const std::string id = "w:id=\"" + std::to_string(number) + "\"";
+        return "<w:bookmarkStart " + id + " w:name=\"" + name + "\"/><w:r><w:t>" + name +
+               "</w:t></w:r><w:bookmarkEnd " + id + "/>";
     }
 
     void writeRecords(int count) {
@@ -121,9 +125,7 @@ TEST_F(FillTest, EndsAfterALetterWhenItIsStopped) {
 /// Records of a subform never go missing in silence.
 TEST_F(FillTest, RecordsWithoutARowAreTold) {
     const std::string line = "<Record><Control Name='L'><DisplayValue>x</DisplayValue></Control></Record>";
-    const std::string place =
-        "<w:bookmarkStart w:id=\"1\" w:name=\"SL\"/><w:r><w:t>SL</w:t></w:r>"
-        "<w:bookmarkEnd w:id=\"1\"/>";
+    const std::string place = placeOf("SL", 1);
     const std::string table =
         "<w:bookmarkStart w:id=\"2\" w:name=\"S\"/><w:tbl><w:tr><w:tc><w:p/></w:tc></w:tr>"
         "</w:tbl><w:bookmarkEnd w:id=\"2\"/>";
@@ -154,11 +156,50 @@ TEST_F(FillTest, RecordsWithoutARowAreTold) {
     }
 }
 
+/// Each difference is told once, however many records have it.
+TEST_F(FillTest, DifferencesAreToldOnce) {
+    const std::string record =
+        "<Record><Control Name='No'><DisplayValue>1</DisplayValue></Control>"
+        "<Control Name='Extra'><DisplayValue>x</DisplayValue></Control></Record>";
+    folder.put(
+        "data.xml",
+        "<db><Form Name='F'><Control Name='No'/><Control Name='A B'/><Control Name='A-B'/></Form><Data>" +
+            record + record + "</Data></db>");
+    options.dataFile = folder / "data.xml";
+    options.output = "/out/all.docx";
+    options.use = letters::LetterUse::OneForAll;
+    memory.files["/t.docx"] = wordFile("<w:p>" + placeOf("No", 1) + placeOf("AB", 2) + "</w:p>");
+    const std::vector<std::string> sentences{"Places without data: A B.\n", "Data without a place: Extra.\n",
+                                             "Names that several controls make: AB.\n"};
+    for (const Strictness strictness : {Strictness::ToleratesDifferences, Strictness::RefusesDifferences}) {
+        options.strictness = strictness;
+        memory.files.erase("/out/all.docx");
+        const std::string told = fill(memory);
+        for (const std::string& sentence : sentences) {
+            EXPECT_THAT(told, HasSubstr(sentence));
+            EXPECT_EQ(told.find(sentence), told.rfind(sentence));
+        }
+        EXPECT_EQ(memory.fileExists("/out/all.docx"), strictness == Strictness::ToleratesDifferences);
+    }
+}
+
+TEST_F(FillTest, TheRecordsAreThoseOfTheNamedObject) {
+    folder.put(
+        "data.xml",
+        "<db><Form Name='F'><Control Name='No'/></Form><Form Name='G'><Control Name='Other'/></Form><Data>"
+        "<Record><Control Name='Other'><DisplayValue>x</DisplayValue></Control></Record></Data></db>");
+    options.dataFile = folder / "data.xml";
+    options.output = "/out/letter.docx";
+    memory.files["/t.docx"] = wordFile("<w:p>" + placeOf("Other", 1) + "</w:p>");
+    EXPECT_THAT(fill(memory), HasSubstr("has no place that a control of Form \"F\" fills"));
+    options.object = "G";
+    fill(memory);
+    EXPECT_EQ(shownBody(memory.files["/out/letter.docx"]), "[Other:x]\n");
+}
+
 TEST_F(FillTest, RefusedTemplatesAreTold) {
     writeRecords(1);
-    const std::string body =
-        "<w:p><w:bookmarkStart w:id=\"1\" w:name=\"No\"/><w:r><w:t>No</w:t></w:r>"
-        "<w:bookmarkEnd w:id=\"1\"/></w:p>";
+    const std::string body = "<w:p>" + placeOf("No", 1) + "</w:p>";
     opc::Package macros = opc::Package::read(wordFile(body), "t.docm");
     macros.addPart("/word/vbaProject.bin", "application/vnd.ms-office.vbaProject", "VBA");
     macros.relationshipsOf(kMainPart).addPart(
