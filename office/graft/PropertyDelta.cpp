@@ -128,6 +128,17 @@ PropertyDelta::PropertyDelta(pugi::xml_node former, pugi::xml_node now, const Ca
             changes_.push_back({property, {}});
 }
 
+/// Applies the changes of the properties that are inside of a property, such as a list or a section.
+void PropertyDelta::applyInside(const PropertyDelta& inner, const Change& change, pugi::xml_node properties,
+                                const opc::WordNames& names, const ValueTranslation& translate) {
+    const std::string_view name = opc::localName(change.now ? change.now : change.former);
+    if (change.now) return inner.applyTo(opc::requireChild(properties, name, names), names, translate);
+    const pugi::xml_node target = childOf(properties, name, names);
+    if (!target) return;
+    inner.applyTo(target, names, translate);
+    if (!target.first_child()) properties.remove_child(target);
+}
+
 void PropertyDelta::applyTo(pugi::xml_node properties, const opc::WordNames& names,
                             const ValueTranslation& translate) const {
     Application application(properties, names, translate);
@@ -142,7 +153,7 @@ void PropertyDelta::applyTo(pugi::xml_node properties, const opc::WordNames& nam
             // Volatile content was removed from it before.
             static const CanonicalXml kPlain{{}, {}};
             const PropertyDelta inner(change.former, change.now, kPlain);
-            if (!inner.isEmpty()) inner.applyTo(opc::requireChild(properties, name, names), names, translate);
+            if (!inner.isEmpty()) applyInside(inner, change, properties, names, translate);
             continue;
         }
         change.now ? application.set(change.former, change.now) : application.remove(change.former);

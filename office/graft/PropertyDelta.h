@@ -38,6 +38,9 @@ class PropertyDelta {
         pugi::xml_node now;
     };
 
+    static void applyInside(const PropertyDelta& inner, const Change& change, pugi::xml_node properties,
+                            const opc::WordNames& names, const ValueTranslation& translate);
+
     std::vector<Change> changes_;
 };
 

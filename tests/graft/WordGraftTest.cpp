@@ -12,6 +12,19 @@ using ::testing::HasSubstr;
 const std::string kOld = "<w:p w:rsidR=\"00A1\">" + run("Old text", kOwn) + "</w:p>";
 const std::string kOldShown = "<w:p>" + run("Old text", kShown) + "</w:p>";
 
+std::string pageField(const std::string& result) {
+    return "<w:fldSimple w:instr=\"PAGE\">" + run(result) + "</w:fldSimple>";
+}
+
+std::string listed(const std::string& number, const std::string& text) {
+    return "<w:p><w:pPr><w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"" + number + "\"/></w:numPr></w:pPr>" +
+           run(text) + "</w:p>";
+}
+
+std::string sectionEnd(const std::string& text) {
+    return "<w:p><w:pPr><w:sectPr><w:pgMar w:left=\"1\"/></w:sectPr></w:pPr>" + run(text) + "</w:p>";
+}
+
 const std::vector<GraftCase> kCases = {
     {"nothing", kOld, kOldShown, kOldShown, "nothing changed"},
     {"ids and revisions only", kOld, "<w:p w:rsidR=\"1\">" + run("Old text", kShown) + "</w:p>",
@@ -60,6 +73,25 @@ const std::vector<GraftCase> kCases = {
      kOldShown + kLast, "<w:p>" + run("Old texts", kShown) + "</w:p>" + kLast,
      "<w:sdt><w:sdtPr><w:tag w:val=\"t\"/></w:sdtPr><w:sdtContent><w:p w:rsidR=\"00A1\">" +
          run("Old texts", kOwn) + "</w:p></w:sdtContent></w:sdt>" + kLast},
+    {"text in one of two formats", "<w:p>" + run("Red", kOwn) + run("; plain", "<w:noProof/>") + "</w:p>",
+     "<w:p>" + run("Red", kShown) + run("; plain") + "</w:p>",
+     "<w:p>" + run("Red hot", kShown) + run("; plain text") + "</w:p>",
+     "<w:p>" + run("Red hot", kOwn) + run("; plain text", "<w:noProof/>") + "</w:p>"},
+    {"text in the format of another paragraph",
+     "<w:p>" + run("Old", kOwn) + "</w:p><w:p>" + run("b", "<w:noProof/>") + "</w:p>",
+     "<w:p>" + run("Old", kShown) + "</w:p>" + paragraph("b"),
+     "<w:p>" + run("Old", kShown) + "</w:p><w:p>" + run("b") + run("c", kShown) + "</w:p>",
+     "<w:p>" + run("Old", kOwn) + "</w:p><w:p>" + run("b", "<w:noProof/>") +
+         run("c", "<w:noProof/>" + kShown) + "</w:p>"},
+    {"text beside a field with another result", "<w:p>" + run("on ") + pageField("7") + "</w:p>",
+     "<w:p>" + run("on ") + pageField("1") + "</w:p>", "<w:p>" + run("on page ") + pageField("2") + "</w:p>",
+     "<w:p>" + run("on page ") + pageField("7") + "</w:p>"},
+    {"a paragraph in a list that has another number", listed("7", "a") + paragraph("b"),
+     listed("2", "a") + paragraph("b"), listed("2", "a") + listed("2", "b"),
+     listed("7", "a") + listed("7", "b")},
+    {"a list that is new", paragraph("a"), paragraph("a"), listed("2", "a"), "refused: a list was begun"},
+    {"a paragraph after a section's end", sectionEnd("a") + kLast, sectionEnd("a") + kLast,
+     sectionEnd("a") + paragraph("New") + kLast, sectionEnd("a") + paragraph("New") + kLast},
     {"an inserted object", kOld, kOldShown,
      "<w:p>" + run("Old text", kShown) + "<w:r><w:object/></w:r></w:p>", "refused: an object was inserted"},
     {"text where the office reads another text", kOld, paragraph("Other"), paragraph("Other new"),
@@ -90,6 +122,20 @@ TEST(WordGraftTest, KeepsOtherEntriesAsTheyArePacked) {
         makePackageGraft()->keptEntries(triple.original, std::get<model::GraftedPackage>(result).bytes);
     EXPECT_EQ(kept.all - kept.unchanged, 1);
     EXPECT_GE(kept.all, 4);
+}
+
+TEST(WordGraftTest, NamesTheFeaturesThatAnExportLacks) {
+    opc::Package package =
+        opc::Package::read(wordFile("<w:sdt><w:sdtContent>" + kOld + "</w:sdtContent></w:sdt>"), "test.docx");
+    package.addPart("/customXml/item1.xml", "application/xml", "<own/>");
+    const std::string original = packageBytes(package);
+    const std::string exported = wordFile(kOldShown);
+    const auto lossesOf = [&](const std::string& bytes) {
+        return makePackageGraft()->lossesOf({DocumentKind::Word, 12, "test.docx", bytes, exported, exported});
+    };
+    EXPECT_EQ(lossesOf(original), "content controls, theme colours, custom XML");
+    EXPECT_EQ(lossesOf(exported), "");
+    EXPECT_EQ(lossesOf("damaged"), "");
 }
 
 /// Documents of another kind have another content type and the same text.
