@@ -183,11 +183,12 @@ class InExcel(PlacesTest):
         click(self.place("ammBuyer"))
         key("Return")
         wait_for("the keyboard in the document", document_has_keyboard)
-        type_text("typed")
+        # A single letter: the office takes the first keys while the jump ends.
+        type_text("x")
         key("Return")
         path = self.save_as("book.xlsx")
         self.assertEqual(list(read_xlsx.read_names(path)), ["ammBuyer"])
-        self.assertIn("typed", self.export("book.csv").read_text())
+        self.assertIn(",x\n", self.export("book.csv").read_text())
         self.assertNotIn("[CustomerID]", self.export("again.csv").read_text())
 
 
