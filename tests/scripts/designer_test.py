@@ -74,7 +74,10 @@ class DesignerTest(unittest.TestCase):
         self.wait_for_insertion(node)
 
     def wait_for_insertion(self, node):
-        wait_for(f"the insertion of {node}", lambda: f"“{node}” was inserted" in self.designer.status())
+        try:
+            wait_for(f"the insertion of {node}", lambda: f"“{node}” was inserted" in self.designer.status())
+        except AssertionError as error:
+            raise AssertionError(f"{error}; the status line says: {self.designer.status()}") from None
 
     def wait_for_loss_question(self):
         def is_asked():

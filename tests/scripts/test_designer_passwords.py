@@ -62,6 +62,7 @@ class PasswordTest(DesignerTest):
         wait_for("the document", lambda: self.designer.title() == path.name and not self.designer.has_dialog())
         # It gets the keyboard at the end of the command.
         wait_for("the keyboard in the document", document_has_keyboard)
+        self.designer.wait_until_active()
 
     def save(self):
         self.designer.wait_until_active()
