@@ -18,7 +18,7 @@ class FilePassword {
     /// Encrypts nothing when the password is empty.
     FilePassword(OfficeConnection& connection, SaveFormat format, std::string password);
 
-    /// Returns whether files of the format can be encrypted.
+    /// Returns true if files of the format can be encrypted.
     [[nodiscard]] static bool covers(OfficeConnection& connection, SaveFormat format);
 
     /// Adds the options with which the office writes an encrypted file.
