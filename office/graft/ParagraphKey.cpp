@@ -125,7 +125,9 @@ std::string paragraphKey(pugi::xml_node paragraph, const opc::WordNames& names,
 
 std::string rowKey(pugi::xml_node row, const opc::WordNames& names, const CanonicalXml& canonical) {
     std::string key = canonical.of(row.child(names.element("trPr").c_str()));
-    for (const pugi::xml_node cell : row.children(names.element("tc").c_str()))
+    // pugixml keeps a pointer to the name of the children that it lists.
+    const std::string element = names.element("tc");
+    for (const pugi::xml_node cell : row.children(element.c_str()))
         key += canonical.of(cell.child(names.element("tcPr").c_str()));
     const pugi::xml_node table = names.ancestor(row, WordTag::Table);
     key += canonical.of(table.child(names.element("tblPr").c_str()));

@@ -11,7 +11,9 @@ StyleNames::StyleNames(opc::Package& package) {
     if (partName.empty()) return;
     const auto part = opc::XmlPart::parse(package.readPart(partName), partName, package.fileName());
     const opc::WordNames names(part->root());
-    for (const pugi::xml_node style : part->root().children(names.element("style").c_str())) {
+    // pugixml keeps a pointer to the name of the children that it lists.
+    const std::string element = names.element("style");
+    for (const pugi::xml_node style : part->root().children(element.c_str())) {
         const std::string id = names.value(style, "styleId");
         const std::string name = names.value(style.child(names.element("name").c_str()), "val");
         names_.emplace(id, name);
