@@ -100,7 +100,7 @@ bool isOurProgram(const Line& line) {
     return line[Profile].starts_with(kOurProfile) && line[Host] == hostName();
 }
 
-/// Returns whether the owner is this process or one that has died; the living have locked the lock file.
+/// Returns true if the owner is this process or one that has died; the living have locked the lock file.
 bool hinders(const std::string& lockFile, const Line& line) {
     if (!isOurProgram(line)) return true;
     return line[Profile] != ourLine()[Profile] && isLockedByAnother(lockFile);

@@ -8,7 +8,7 @@ enum class MessageIcon { None, Exclamation, Question, Information, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
-/// The button of the Return key. Cancel is the one for questions after which data may be lost.
+/// The button of the Return key. Cancel is meant for questions about a loss of data.
 enum class DefaultButton { First, Cancel };
 
 /// A message box: its text, its icon and its buttons.

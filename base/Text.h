@@ -32,8 +32,8 @@ CharacterCount utf16Length(std::string_view text);
 /// character.
 std::size_t byteOffset(std::string_view text, CharacterCount units);
 
-/// Returns the first characters of a text, at most the given number of UTF-16 code units; never half a
-/// character.
+/// Returns the first characters of a text, at most the given number of UTF-16 code units. Does not split
+/// characters.
 std::string_view firstCharacters(std::string_view text, CharacterCount units);
 
 /// Returns the last characters of a text, at most the given number of UTF-16 code units; never half a

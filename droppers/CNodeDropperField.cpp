@@ -77,7 +77,7 @@ constexpr const char* kFieldModule = "CNodeDropperField";
 /// An empty cell's text is the mark of its end.
 constexpr const char* kEmptyCell = "\r\a";
 
-/// Returns whether the table that the field belongs to exists and the selection is outside of it.
+/// Returns true if the table that the field belongs to exists and the selection is outside of it.
 bool isOutsideItsTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                        word::Selection& selection) {
     if (!arguments.isTableField) return false;

@@ -78,10 +78,10 @@ class CNodeDropperField {
     DropContext& context_;
 };
 
-/// Returns whether a place can be named after a control. If not, informs the user why the control is omitted.
+/// Returns true if a place can be named after a control. If not, informs the user why the control is omitted.
 bool takesName(DropContext& context, const FieldDropArguments& control);
 
-/// Returns whether any control of a subform can be dropped. If not, informs the user which controls are
+/// Returns true if any control of a subform can be dropped. If not, informs the user which controls are
 /// omitted, and that the subform is. A subform without controls is not omitted.
 bool takesSubform(DropContext& context, const FieldDropArguments& subform);
 

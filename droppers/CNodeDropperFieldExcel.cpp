@@ -18,7 +18,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Returns whether the table that the field belongs to exists and the cell is outside of it. A name that has
+/// Returns true if the table that the field belongs to exists and the cell is outside of it. A name that has
 /// lost its cells guards nothing.
 bool isOutsideItsTable(const FieldDropArguments& arguments, excel::Workbook& workbook, excel::Range& cell) {
     if (!arguments.isTableField || arguments.tableName.empty()) return false;

@@ -13,7 +13,7 @@ bool takesCompositeDrop(word::Selection& selection);
 /// tables.
 int cellCount(word::Range& range);
 
-/// Returns whether the range is in a table and covers two or more of its cells.
+/// Returns true if the range is in a table and covers two or more of its cells.
 bool coversSeveralCells(word::Range& range);
 
 }  // namespace mergeloom

@@ -56,7 +56,7 @@ run_tests() {
     fi
     if ! ctest --preset "$1" -j "$(nproc)" >"$log" 2>&1; then
         cat "$log"
-        # Once more at the end, which is all that is left of a long output in many places.
+        # Repeats the failures, since often only the end of a long output is kept.
         grep -E '^\[  FAILED  \]|: Failure$|^(FAIL|ERROR): |^[A-Za-z.]*Error: ' "$log" | tail -30 >&2 || true
         fail "tests of the $1 build failed."
     fi

@@ -21,8 +21,8 @@ class StructureDocument {
     /// failure it returns false, the document is empty and parseError returns the reason. Invalidates the
     /// nodes of the former document.
     bool Load(const std::string& path);
-    /// Loads the document in the same way, and hands over its records one by one. The tree of nodes shows
-    /// bound values only of data that are kept. Passes on the errors of the handler.
+    /// Loads the document in the same way, and passes its records to the handler one by one. The tree of
+    /// nodes has bound values only of data that are kept. Passes on the errors of the handler.
     bool Load(const std::string& path, const RecordHandler& records, DataUse use = DataUse::HandedOver);
     /// Loads the document from a text.
     bool loadXML(std::string_view text);

@@ -115,7 +115,7 @@ class DataRoute {
     void addProcessingInstruction(const char* target, const char* data) {
         if (isForTree()) tree_.addProcessingInstruction(target, data);
     }
-    /// Data that are kept count once.
+    /// Kept data are counted once.
     [[nodiscard]] std::size_t size() const {
         return tree_.size() + (records_ && !keepsData_ ? records_->size() : 0);
     }

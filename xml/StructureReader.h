@@ -27,12 +27,13 @@ using ByteReader = std::function<std::size_t(char* buffer, std::size_t size)>;
 /// byte reader.
 ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document);
 
-/// The use of the data whose records are handed over: data that are not kept take no memory, so that a
-/// document may hold any number of records.
+/// The use of the data whose records are passed to a handler. Data that are not kept need no memory, so that
+/// a document may have any number of records.
 enum class DataUse { HandedOver, Kept };
 
-/// Reads a document in the same way, and hands over the records of its first Data element one by one. Unless
-/// the data are kept, no Data element has content in the tree. Passes on the errors of the handler, too.
+/// Reads a document in the same way, and passes the records of its first Data element to the handler one by
+/// one. Unless the data are kept, no Data element has content in the tree. Passes on the errors of the
+/// handler, too.
 ParseError readStructure(const ByteReader& bytes, pugi::xml_document& document, const RecordHandler& records,
                          DataUse use);
 

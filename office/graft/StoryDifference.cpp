@@ -67,7 +67,7 @@ class GapReader {
           former_(tokensOf(former, gap.formerStart, gap.formerEnd)),
           now_(tokensOf(now, gap.nowStart, gap.nowEnd)) {}
 
-    /// Returns false if the lines differ in too much.
+    /// Returns false if the lines differ too much to be compared.
     bool read(StoryDifference& difference) {
         const auto gaps = gapsBetween(keysOf(former_), keysOf(now_));
         if (!gaps) return false;

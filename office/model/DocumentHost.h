@@ -68,9 +68,9 @@ class DocumentHost {
     /// Replaces the document by a new, empty one of a program identifier: "Word.Template.8", "Word.Template",
     /// "Word.Template.12" or "Excel.Template". Raises kCommandFailed for one that the office does not know.
     virtual void CreateNew(const std::string& programIdentifier) = 0;
-    /// Replaces the document by a file. Raises kFileCouldNotBeRead with a sentence that names the file, for a
-    /// file that needs another password model::PasswordRequired, and then keeps the former document. All
-    /// files that are written of the document have its password; an empty one means none.
+    /// Replaces the document by a file. Raises kFileCouldNotBeRead with a sentence that names the file, or
+    /// model::PasswordRequired if the password is wrong, and keeps the former document in both cases. All
+    /// files that are written of the document have the password, unless it is empty.
     virtual void Open(const std::string& path, FileAccess access, const std::string& password) = 0;
     virtual HostedDocument ActiveDocument() = 0;
     /// Returns true if the office shows a dialog that the user has to close before anything else is done.
@@ -80,7 +80,7 @@ class DocumentHost {
     /// Returns true if the document has a password, and files of the format (WdSaveFormat's or XlFileFormat's
     /// number) have none.
     virtual bool losesPassword(int format) = 0;
-    /// Returns whether the user cannot change the document.
+    /// Returns true if the user cannot change the document.
     virtual bool isReadOnly() = 0;
     /// Writes a copy of the document in a format (WdSaveFormat's or XlFileFormat's number). The document, its
     /// name and its mark Saved do not change. Raises kFileCouldNotBeSaved or kNotAvailable with a sentence

@@ -7,7 +7,7 @@
 
 namespace mergeloom::model {
 
-/// Raised when a file can be opened with another password only.
+/// Raised if a file cannot be opened with the given password.
 class PasswordRequired final : public AutomationError {
   public:
     explicit PasswordRequired(const std::string& path,

@@ -18,7 +18,7 @@ DocumentProtection readDocumentProtection(Package& package);
 /// Raises kNotAvailable with a sentence that states what the protection still allows and what to do.
 [[noreturn]] void refuseProtected(const std::string& fileName, DocumentProtection protection);
 
-/// Returns whether a switch of WordprocessingML is off (ECMA-376 Part 1, 22.9.2.7); an absent value is on.
+/// Returns true if a switch of WordprocessingML is off (ECMA-376 Part 1, 22.9.2.7); an absent value is on.
 bool isOff(std::string_view value);
 
 }  // namespace mergeloom::opc

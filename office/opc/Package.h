@@ -121,7 +121,7 @@ class Package {
     /// is none.
     [[nodiscard]] std::string mainPart() const;
     [[nodiscard]] Conformance conformance() const;
-    /// Returns whether the package has digital signatures (ECMA-376 Part 2, 10), which any change makes
+    /// Returns true if the package has digital signatures (ECMA-376 Part 2, 10), which any change makes
     /// invalid.
     [[nodiscard]] bool isSigned() const;
 

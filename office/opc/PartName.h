@@ -49,7 +49,7 @@ std::string decodeEntryName(std::string_view stored, bool hasUtf8Flag);
 /// which the archive is unpacked, or different programs take it for different parts. Empty for a valid name.
 std::string whyUnfitAsEntryName(std::string_view name);
 
-/// Returns whether the entry is a folder: its name ends in a separator, and it has no content.
+/// Returns true if the entry is a folder: its name ends in a separator, and it has no content.
 bool isFolderName(std::string_view name);
 
 }  // namespace mergeloom::opc

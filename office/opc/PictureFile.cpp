@@ -143,12 +143,12 @@ struct Segment {
     std::string_view data;
 };
 
-/// Returns whether a marker has no length and no data: TEM and the restarts (T.81, B.1.1.3).
+/// Returns true if a marker has no length and no data: TEM and the restarts (T.81, B.1.1.3).
 bool hasNoLength(unsigned char marker) {
     return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7);
 }
 
-/// Returns whether a marker starts a frame of any coding process: C0 to CF without DHT, JPG and DAC (T.81,
+/// Returns true if a marker starts a frame of any coding process: C0 to CF without DHT, JPG and DAC (T.81,
 /// table B.1).
 bool startsFrame(unsigned char marker) {
     const bool other = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;

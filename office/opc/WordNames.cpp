@@ -163,8 +163,8 @@ const char* WordNames::value(pugi::xml_node node, std::string_view localName) co
 }
 
 pugi::xml_node WordNames::child(pugi::xml_node node, WordTag tag) const {
-    // Paragraphs and runs begin with their properties, so that a long paragraph without them is not searched.
-    // Other elements, as styles, have them anywhere.
+    // The properties of paragraphs and runs are their first child, so a long paragraph without properties is
+    // not searched. Other elements, such as styles, may have them at any position.
     const WordTag owner = tag == WordTag::ParagraphProperties ? WordTag::Paragraph : WordTag::Run;
     const bool isProperties = tag == WordTag::ParagraphProperties || tag == WordTag::RunProperties;
     const bool isFirst = isProperties && tagOf(node) == owner;

@@ -38,7 +38,7 @@ bool isCompoundFile(std::string_view bytes) {
     return bytes.starts_with(kCompoundFileSignature);
 }
 
-/// Returns whether the compound file has the stream "EncryptedPackage" ([MS-OFFCRYPTO] 2.3.4.4).
+/// Returns true if the compound file has the stream "EncryptedPackage" ([MS-OFFCRYPTO] 2.3.4.4).
 bool holdsEncryptedPackage(std::string_view bytes) {
     for (; bytes.size() >= kDirectoryEntrySize; bytes.remove_prefix(kDirectoryEntrySize)) {
         if (isEncryptedPackageEntry(bytes.substr(0, kDirectoryEntrySize))) return true;

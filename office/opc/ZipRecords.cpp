@@ -84,7 +84,7 @@ void putWideOffset(std::string& record, std::uint64_t offset) {
     growExtra(record, start + position, wide);
 }
 
-/// Returns whether a 32-bit field equals the directory's value or refers to a ZIP64 field.
+/// Returns true if a 32-bit field equals the directory's value or refers to a ZIP64 field.
 bool agrees(std::string_view header, std::size_t field, std::uint64_t value) {
     const auto stored = littleEndianAt<std::uint32_t>(header, field);
     return stored == value || stored == zip::kInZip64;

@@ -22,7 +22,7 @@ class FillTest : public testing::Test {
         options.output = "/out/{No}.docx";
     }
 
-    /// A place that shows its own name.
+    /// Returns a place that shows its own name.
     static std::string placeOf(const std::string& name, int number) {
         const std::string id = "w:id=\"" + std::to_string(number) + "\"";
         return "<w:bookmarkStart " + id + " w:name=\"" + name + "\"/><w:r><w:t>" + name +
@@ -156,7 +156,7 @@ TEST_F(FillTest, RecordsWithoutARowAreTold) {
     }
 }
 
-/// Each difference is told once, however many records have it.
+/// Each difference is reported once for all records.
 TEST_F(FillTest, DifferencesAreToldOnce) {
     const std::string record =
         "<Record><Control Name='No'><DisplayValue>1</DisplayValue></Control>"

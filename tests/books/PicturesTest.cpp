@@ -96,7 +96,7 @@ TEST_F(BookPictures, AreReplacedAtTheWidthOfThePlace) {
     EXPECT_EQ(partOf(filled(source, {{}}), kDrawing), partOf(source, kDrawing));
 }
 
-/// A picture that lies on its side keeps the width of the place when it is turned.
+/// A rotated picture keeps the width of its place.
 TEST_F(BookPictures, TurnAsTheirFilesSay) {
     files.files["/turned.jpg"] = turnedPicture(6);
     const std::string drawing = partOf(filled(file(), {{{image("Picture", "/turned.jpg")}}}), kDrawing);

@@ -141,10 +141,10 @@ class FakeDocumentHost final : public DocumentHost {
     std::string preview;         ///< the bytes that are shown; empty without a preview
     std::string previewRefusal;  ///< the error of showPreview
     std::set<std::string> unknownPrograms;
-    std::map<std::string, std::string> passwords;  ///< of files
-    std::set<std::string> protectedFiles;          ///< that can only be read
+    std::map<std::string, std::string> passwords;  ///< the passwords of files, by their paths
+    std::set<std::string> protectedFiles;          ///< the files that are opened for reading only
     std::set<int> unprotectedFormats;
-    bool hasPassword = false;  ///< of the document
+    bool hasPassword = false;  ///< true if the document has a password
     bool hasTextAtPoint = true;
     bool bookmarksShown = false;
     bool dragAllowed = true;

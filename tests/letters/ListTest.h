@@ -15,7 +15,7 @@ class ListTest : public LetterTest {
     static std::string withStyles(const std::string& file, const std::string& styles) {
         return withPart(file, "styles", styles);
     }
-    /// The properties of a paragraph in a list.
+    /// Returns the properties of a paragraph in a list.
     static std::string inList(const std::string& list) {
         return "<w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"" + list + "\"/></w:numPr>";
     }
@@ -32,7 +32,7 @@ class ListTest : public LetterTest {
                                      const std::string& indents = "") {
         return basedStyle(id, "", list, indents);
     }
-    /// A style whose properties come last, as Word writes them.
+    /// Returns a style whose properties are its last child, as Word writes them.
     static std::string basedStyle(const std::string& id, const std::string& base, const std::string& list,
                                   const std::string& indents = "") {
         const std::string numbering =

@@ -15,7 +15,7 @@ class LetterPictures : public LetterTest {
     }
 };
 
-/// The frame of a picture that lies on its side is turned, so that its width stays the shown one.
+/// The frame of a rotated picture is rotated, too, so that the shown width stays the same.
 TEST_F(LetterPictures, TurnAsTheirFilesSay) {
     takes("A", {{"A"}});
     struct Case {

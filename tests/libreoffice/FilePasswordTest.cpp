@@ -32,7 +32,7 @@ using word::WdSaveFormat;
 const std::string kSecret = "topsecretsentence";
 const std::string kPassword = "Geheim ä€1";
 
-/// The text of a document, or the first cell of a workbook.
+/// Returns the text of a document, or of the first cell of a workbook.
 Reference<css::text::XTextRange> textOf(const DocumentReference& document) {
     const Reference<css::text::XTextDocument> text(document, UNO_QUERY);
     if (text.is()) return {text->getText(), UNO_QUERY_THROW};
@@ -48,7 +48,7 @@ SaveFormat formatOf(const std::string& path) {
     return XlFileFormat{excelFormatByExtension(ending)};
 }
 
-/// One office for all cases, whose files are in memory.
+/// An office that all cases share. Its files are in memory.
 class FilePasswords : public testing::Test {
   protected:
     DocumentReference open(const std::string& path, DocumentKind kind, const std::string& password) {
@@ -65,7 +65,8 @@ class FilePasswords : public testing::Test {
         const OpenDocument made(session.files(), session.files().create(kind));
         session.connection().call([&] { textOf(made.get())->setString(toUno(kSecret)); });
         session.files().save(made.get(), path, formatOf(path), [](std::string bytes) { return bytes; });
-        // The password of a file that has none is that of all files that are written of it.
+        // A password that is given for a file without one encrypts all files that are written of the
+        // document.
         return open(path, kind, kPassword);
     }
 
@@ -87,7 +88,7 @@ TEST_F(FilePasswords, everyFormatThatCanBeProtectedKeepsItsPassword) {
         for (const char* const wrong : {"", "geheim ä€1"})
             EXPECT_THROW(open(path, format.kind, wrong), model::PasswordRequired) << wrong;
 
-        // A file that was opened with its password is saved with it again, and so is a copy.
+        // Saves and copies of a document have the password with which its file was opened.
         const OpenDocument again(session.files(), open(path, format.kind, kPassword));
         EXPECT_EQ(textIn(again.get()), kSecret);
         session.connection().call([&] { textOf(again.get())->setString(toUno(kSecret + "2")); });
@@ -157,7 +158,7 @@ TEST_F(FilePasswords, noFileInBetweenStays) {
         if (!entry.is_regular_file()) continue;
         std::ostringstream bytes;
         bytes << std::ifstream(entry.path(), std::ios::binary).rdbuf();
-        // What is left is the encrypted copy of the open file; the folder is the user's alone.
+        // Only the encrypted copy of the open file remains, in a folder that only the user can read.
         if (bytes.str().starts_with("PK")) left.push_back(entry.path().string());
     }
     EXPECT_THAT(left, testing::IsEmpty());

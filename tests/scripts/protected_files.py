@@ -31,7 +31,7 @@ def value(name, content, kind=PropertyValue):
 
 
 def protection(path, password):
-    """The options that encrypt a file; LibreOffice ignores a plain password for Open Packaging."""
+    """Returns the options that encrypt a file. LibreOffice ignores a plain password for Open Packaging."""
     if path.suffix[1:] not in PACKAGES:
         return [value("Password", password)]
     data = (value("OOXPassword", password, NamedValue), value("CryptoType", "Standard", NamedValue))

@@ -28,7 +28,7 @@ class PasswordTest(DesignerTest):
         return paths
 
     def opened(self, path, password=PASSWORD):
-        """The path of what the file holds, without its password; none when it is not opened."""
+        """Returns the path of a decrypted copy of the file, or none if the password does not open it."""
         copy = self.folder / f"plain-{path.name}"
         ended = files("read", password, path, copy)
         self.assertIn(ended, (0, 3))
@@ -62,12 +62,12 @@ class PasswordTest(DesignerTest):
         self.enter("wrong", f"“{path.name}” is protected by a password.")
         self.enter(PASSWORD, f"This is not the password of “{path.name}”.")
         wait_for("the document", lambda: self.designer.title() == path.name and not self.designer.has_dialog())
-        # It gets the keyboard at the end of the command.
+        # The document gets the keyboard at the end of the command.
         wait_for("the keyboard in the document", document_has_keyboard)
         self.wait_until_free()
 
     def wait_until_free(self):
-        """Selects a node of the tree, which the window does not do before the end of a command."""
+        """Clicks on a node of the tree until it is selected, since the window ignores clicks during a command."""
         def is_selected():
             click(self.designer.node("Printed on"))
             time.sleep(0.6)
@@ -77,7 +77,7 @@ class PasswordTest(DesignerTest):
         wait_for("the end of the command", is_selected)
 
     def save(self):
-        """Presses the keys until they are taken: the window takes none before the end of the former command."""
+        """Presses Ctrl+S until the template is saved, since the window ignores keys during a command."""
         def is_saved():
             key("ctrl+s")
             time.sleep(0.6)

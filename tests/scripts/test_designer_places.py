@@ -183,7 +183,7 @@ class InExcel(PlacesTest):
         click(self.place("ammBuyer"))
         key("Return")
         wait_for("the keyboard in the document", document_has_keyboard)
-        # A single letter: the office takes the first keys while the jump ends.
+        # Types a single letter, since the office may reorder the first keys while the jump ends.
         type_text("x")
         key("Return")
         path = self.save_as("book.xlsx")

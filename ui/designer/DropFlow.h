@@ -24,7 +24,7 @@ class DropTree {
     DropTree& operator=(const DropTree&) = delete;
     virtual ~DropTree() = default;
 
-    /// Returns whether the tree lost the focus since the drag began.
+    /// Returns true if the tree lost the focus since the drag began.
     virtual bool hasLostFocus() = 0;
     virtual const TreeNode* selectedNode() = 0;
     virtual std::shared_ptr<LoadedStructure> structure() = 0;
@@ -74,7 +74,7 @@ class DropFlow {
     explicit DropFlow(Ports ports) : ports_(std::move(ports)) {}
 
     /// Handles a drag that ended over the office's window. In Word mode nothing is dropped when the tree kept
-    /// the focus or no text is at the point. Returns whether something was dropped; the tree is unhooked in
+    /// the focus or no text is at the point. Returns true if something was dropped; the tree is unhooked in
     /// any case.
     bool drop(HostPoint point);
     /// Drops at the caret, without a mouse.

@@ -8,7 +8,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Returns whether a grab of the keyboard begins or ends, which leaves the focus where it is.
+/// Returns true if a grab of the keyboard begins or ends, which leaves the focus where it is.
 bool isOfGrab(const xcb_focus_in_event_t& event) {
     return event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
 }

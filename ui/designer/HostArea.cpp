@@ -23,7 +23,7 @@ constexpr auto kDragInterval = 50ms;
 constexpr std::chrono::milliseconds kPointerInterval{300};
 constexpr auto kMinSizeInterval = 50ms;
 
-/// Returns whether a drag comes from the tree: those of this program have the source's widget.
+/// Returns true if a drag comes from the tree: those of this program have the source's widget.
 bool isFromTree(const QDropEvent& event) {
     return event.source() != nullptr && event.mimeData()->hasText();
 }

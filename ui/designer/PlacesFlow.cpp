@@ -41,7 +41,8 @@ PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
     connect(&session, &DesignerSession::captionChanged, this, &PlacesFlow::showMarksOfNewDocument);
     connect(&parts_.document, &HostPane::rested, this, &PlacesFlow::findAtMouse);
     connect(&parts_.document, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
-    // What the user did in the document is seen when the mouse or the keyboard comes back from it.
+    // The places are searched again after the user's work in the document, when the mouse or the keyboard
+    // returns to the window.
     for (QWidget* const widget : {&parts_.side, &parts_.tree.tvXML(), &parts_.list.list()})
         widget->installEventFilter(this);
 }
@@ -82,7 +83,7 @@ void PlacesFlow::showAtMouse(const QStringList& names) {
     QToolTip::showText(QCursor::pos(), lines.join(u'\n'), &parts_.document);
 }
 
-/// The view of each document begins with its marks shown.
+/// Hides the marks again, since the view of a new document shows them.
 void PlacesFlow::showMarksOfNewDocument() {
     if (!parts_.actions.showsPlaces()) parts_.session.setShowsPlaces(false);
 }

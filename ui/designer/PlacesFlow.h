@@ -19,7 +19,7 @@ class PlacesFlow final : public QObject {
     Q_OBJECT
 
   public:
-    /// The objects that have to outlive it.
+    /// The objects that must outlive it.
     struct Parts {
         DesignerSession& session;
         DesignerActions& actions;

@@ -18,8 +18,8 @@ namespace mergeloom {
 enum class PreviewStep { Next, Previous };
 
 /// Shows the hosted template filled with the records of the structure document. The template stays open below
-/// the preview and is not changed. Called by the windows' thread; the work is a job of the office's. No error
-/// leaves it.
+/// the preview and is not changed. Must be called by the windows' thread. The work runs on the office's
+/// thread. No error leaves it.
 class PreviewFlow {
   public:
     /// The objects that have to outlive it.

@@ -49,7 +49,7 @@ void SaveQuestions::offerCopy(const model::DifferingCopy& copy, const std::strin
     if (messages_.show(question) == MessageAnswer::Yes) saveElsewhere(copy.bytes(), path, folder);
 }
 
-/// The bytes are in the format in which the template was to be saved, which the copy's name has to show.
+/// Gives the copy the extension of the path, which determines the format of the bytes.
 void SaveQuestions::saveElsewhere(const std::string& bytes, const std::string& path,
                                   const std::string& folder) {
     std::string target = dialogs_.askToSave(office_, folder, copyNameOf(path));

@@ -17,13 +17,14 @@ class SaveQuestions {
     SaveQuestions(Messages& messages, TemplateOffice& office, TemplateFiles& files, FileDialog& dialog)
         : messages_(messages), office_(office), files_(files), dialogs_(dialog) {}
 
-    /// Returns true if the office's version is to be saved in the path; the present file is kept beside it
-    /// then. Writes a copy under another name if the user wants that instead, in a dialog that begins in the
-    /// folder.
+    /// Asks if the office's version may be saved in the path. Returns true if the user agrees, after it has
+    /// made a backup of the present file. Saves a copy under another name instead if the user chooses that;
+    /// its dialog starts in the folder.
     bool acceptsLoss(const model::LossySave& loss, const std::string& path, const std::string& folder);
-    /// Returns true if a document with a password may be written to the path without one.
+    /// Asks if a document with a password may be written to the path without it. Returns true if the user
+    /// agrees.
     bool acceptsUnprotected(const std::string& path);
-    /// Writes the differing copy under another name if the user wants it.
+    /// Asks if the differing copy is to be saved under another name, and saves it if the user agrees.
     void offerCopy(const model::DifferingCopy& copy, const std::string& path, const std::string& folder);
 
   private:

@@ -17,7 +17,7 @@ class TemplateConversion {
     TemplateConversion(WordStarter startWord, TemplateFiles& files, ErrorHandler& errors)
         : startWord_(std::move(startWord)), files_(files), errors_(errors) {}
 
-    /// Returns whether a file of that name is converted before it is opened.
+    /// Returns true if a file of that name is converted before it is opened.
     static bool isConverted(const std::string& path);
     /// Returns the path of the document for a template: the first that no file has yet.
     [[nodiscard]] std::string targetOf(const std::string& path) const;

@@ -28,7 +28,7 @@ bool DiskTemplateFiles::isLocked(const std::string& path) {
     return IsFileLocked(path);
 }
 
-/// An encrypted package is the stream of a compound file ([MS-CFB] 2.2), which starts with these bytes.
+/// The signature of a compound file ([MS-CFB] 2.2), which contains an encrypted package.
 bool DiskTemplateFiles::isEncrypted(const std::string& path) {
     return store_.read(path).starts_with("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1");
 }

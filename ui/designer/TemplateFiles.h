@@ -17,11 +17,11 @@ class TemplateFiles {
     virtual ~TemplateFiles() = default;
 
     virtual bool exists(const std::string& path) = 0;
-    /// Returns whether another program has the file open.
+    /// Returns true if another program has the file open.
     virtual bool isLocked(const std::string& path) = 0;
     /// Returns the other program's user by the lock file beside the file; none without one.
     virtual std::optional<LockOwner> lockOwner(const std::string& path) = 0;
-    /// Returns whether a file of Open Packaging is encrypted. Raises kFileCouldNotBeRead.
+    /// Returns true if a file of Open Packaging is encrypted. Raises kFileCouldNotBeRead.
     virtual bool isEncrypted(const std::string& path) = 0;
     /// Copies the file to the system's folder for temporary files, under a name of its own with the same
     /// extension, and returns the copy's path. Raises kFileCouldNotBeRead or kFileCouldNotBeSaved with a

@@ -78,7 +78,7 @@ bool TemplateLifecycle::restoreKept(const std::string& file) {
 }
 
 /// Shows the copy as the unsaved document of its own file, or as a new one when the file is open elsewhere.
-/// Returns false when the user does not give the password of the copy, which is that of the file.
+/// Returns false if the user does not enter the password of the copy, which is the password of the file.
 bool TemplateLifecycle::restore(const KeptCopy& copy) {
     std::string path = copy.original;
     if (ports_.files.exists(path) && ports_.files.isLocked(path)) path.clear();
@@ -344,7 +344,7 @@ void TemplateLifecycle::OpenInstead(const std::string& path) {
     if (goesOn) (void)OpenTemplate(path);
 }
 
-/// Returns whether another template may be started: a program that was started with a template has to return
+/// Returns true if another template may be started: a program that was started with a template has to return
 /// that one.
 bool TemplateLifecycle::mayStartAnother() {
     if (GetCommandLineArgument(kTemplateSwitch).empty()) return true;

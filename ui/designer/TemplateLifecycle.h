@@ -87,7 +87,7 @@ class TemplateLifecycle {
     /// Opens a template; asks the user for it when the path is empty. One that is open elsewhere can be read,
     /// or opened as a copy.
     bool OpenTemplate(const std::string& path = {});
-    /// Returns whether the template was saved. In a format that keeps no places, only a copy is written: the
+    /// Returns true if the template was saved. In a format that keeps no places, only a copy is written: the
     /// template keeps its name, its file and its changes.
     bool SaveTemplate(SaveTarget target);
     /// Shows an empty template in place of the one that is open, unless the user cancels.
@@ -115,7 +115,7 @@ class TemplateLifecycle {
     bool saveIn(const std::string& path);
     void write(const std::string& path);
     void exportTo(const std::string& path);
-    /// Returns whether the document may be closed: it is saved, or the user discards the changes.
+    /// Returns true if the document may be closed: it is saved, or the user discards the changes.
     bool mayCloseDocument();
     bool mayStartAnother();
     void restoreView();

@@ -50,7 +50,7 @@ class TemplateOffice {
     virtual std::vector<OfferedFormat> templateFormats(FormatUse use) = 0;
     [[nodiscard]] virtual const char* defaultExtension() const = 0;
     [[nodiscard]] virtual bool knowsExtensionOf(const std::string& path) const = 0;
-    /// Returns whether the format of the path's extension keeps the named places. A file in another format is
+    /// Returns true if the format of the path's extension keeps the named places. A file in another format is
     /// no template any more.
     [[nodiscard]] virtual bool keepsPlaces(const std::string& path) const = 0;
     /// Returns true if the hosted document has a password, and files with the path's extension have none.

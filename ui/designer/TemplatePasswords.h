@@ -8,14 +8,14 @@
 
 namespace mergeloom {
 
-/// Opens files in the hosted office, and asks the user for the passwords of those that have one. Belongs to
-/// the office's thread; errors of the host pass through, except PasswordRequired.
+/// Opens files in the hosted office, and asks the user for their passwords. Must be used by the office's
+/// thread. Passes on the errors of the host, except PasswordRequired.
 class TemplatePasswords {
   public:
     TemplatePasswords(HostAccess& access, PasswordDialog& dialog) : access_(access), dialog_(dialog) {}
 
-    /// Opens the file. Returns false when the user gives no password; then the former document stays. The
-    /// user is asked for the password of the shown path, if the file is a copy of that one.
+    /// Opens the file. Returns false, and keeps the former document, if the user enters no password. The
+    /// question names the shown path, which differs from the path for a copy.
     bool open(const std::string& path, FileAccess access, const std::string& shownPath);
     /// Moves the password to the file in which the document was saved, so that it can be opened anew without
     /// a question.
@@ -25,7 +25,7 @@ class TemplatePasswords {
   private:
     HostAccess& access_;
     PasswordDialog& dialog_;
-    std::string path_;  ///< of the file that was opened last
+    std::string path_;  ///< the file that was opened last
     std::string password_;
 };
 

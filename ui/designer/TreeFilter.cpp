@@ -37,7 +37,7 @@ bool containsAll(std::string_view text, const std::vector<std::string>& words) {
         words, [&](const std::string& word) { return text.find(word) != std::string_view::npos; });
 }
 
-/// Returns whether the node is a drop kind: one without a key below one with a key.
+/// Returns true if the node is a drop kind: one without a key below one with a key.
 bool isDropKind(const TreeNode& node) {
     const TreeNode* const parent = node.Key().empty() ? node.Parent() : nullptr;
     return parent != nullptr && !parent->Key().empty();

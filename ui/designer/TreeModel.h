@@ -43,7 +43,7 @@ class TreeModelRows {
 /// The tag of a node that cannot be dragged, compared without regard to case.
 inline constexpr const char* kNoDragTag = "NoDrag";
 
-/// Returns whether a node may be dragged and inserted.
+/// Returns true if a node may be dragged and inserted.
 bool isDraggable(const TreeNode& node);
 
 /// A tree for Qt's views. The nodes stay in their tree: an index has a node's number.

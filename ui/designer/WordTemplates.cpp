@@ -92,7 +92,7 @@ bool WordTemplates::create(const char* programIdentifier) {
 }
 
 std::string WordTemplates::fileToOpen(const std::string& path) {
-    // The hidden office cannot decrypt it, so the template itself is edited.
+    // The hidden office cannot decrypt the template to convert it, so the user edits the template itself.
     if (!TemplateConversion::isConverted(path) || files_.isEncrypted(path)) return path;
     std::string target = savedAsName_.empty() ? conversion_.targetOf(path) : savedAsName_;
     savedAsName_.clear();

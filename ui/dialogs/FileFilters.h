@@ -19,7 +19,7 @@ std::vector<FileFilter> parseFileFilters(const std::string& filter);
 /// Returns the extension of an entry's first pattern without the "."; empty when the pattern leaves it open.
 std::string extensionOf(const FileFilter& filter);
 
-/// Returns whether a name has an extension: up to five letters and digits after its last ".", not digits
+/// Returns true if a name has an extension: up to five letters and digits after its last ".", not digits
 /// alone, or any that one of the patterns names. So "Offer No. 5" has none.
 bool hasExtension(const std::string& fileName, const FileFilter& filter);
 

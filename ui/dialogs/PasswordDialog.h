@@ -16,7 +16,7 @@ class PasswordDialog {
     PasswordDialog& operator=(const PasswordDialog&) = delete;
     virtual ~PasswordDialog() = default;
 
-    /// Returns the password that the user enters for a file; none when the user cancels.
+    /// Asks for the password of a file and returns it. Returns none if the user cancels.
     virtual std::optional<std::string> ask(const std::string& path, PasswordAttempt attempt) = 0;
 };
 

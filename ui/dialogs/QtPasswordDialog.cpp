@@ -28,7 +28,7 @@ QString sentenceFor(const std::string& path, PasswordAttempt attempt) {
     return text("“%1” is protected by a password.").arg(name);
 }
 
-/// Asks for one password.
+/// The window with the entry of a password.
 class PasswordWindow final : public QDialog {
   public:
     PasswordWindow(QWidget* owner, const std::string& path, PasswordAttempt attempt);
@@ -44,7 +44,7 @@ PasswordWindow::PasswordWindow(QWidget* owner, const std::string& path, Password
     setWindowTitle(text("Password"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* const sentence = new QLabel(sentenceFor(path, attempt), this);
-    // A name may look like markup.
+    // Names of files may contain markup.
     sentence->setTextFormat(Qt::PlainText);
     sentence->setWordWrap(true);
     sentence->setToolTip(QString::fromStdString(path));

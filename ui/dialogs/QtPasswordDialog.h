@@ -7,8 +7,7 @@
 
 namespace mergeloom {
 
-/// Asks for passwords in a window in front of the owner, in which their letters are hidden. May be called by
-/// any thread.
+/// Asks for passwords in a modal window of the owner, which hides their letters. May be called by any thread.
 class QtPasswordDialog final : public PasswordDialog {
   public:
     explicit QtPasswordDialog(QWidget* owner) : owner_(owner) {}

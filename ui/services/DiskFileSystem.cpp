@@ -103,7 +103,7 @@ void DiskFileSystem::createFolder(const std::string& path) {
                           "The folder '" + path + "' could not be created: " + reason + ".");
 }
 
-/// Returns whether the path exists; a link without a target does.
+/// Returns true if the path exists; a link without a target does.
 bool DiskFileSystem::exists(const std::string& path) {
     struct stat status {};
     std::array<char, 1> target{};

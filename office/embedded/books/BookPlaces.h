@@ -47,7 +47,7 @@ struct BookPlaces {
     /// The rows that are hidden because a table had no records when the workbook was filled before.
     std::vector<std::vector<excel::CellArea>> hiddenRows{};
     std::vector<std::string> refusals{};
-    std::vector<std::string> obstacles{};  ///< why rows cannot be repeated
+    std::vector<std::string> obstacles{};  ///< the reasons why rows cannot be repeated
 
     [[nodiscard]] bool hasRepeatedRows() const { return !tables.empty(); }
 };

@@ -37,7 +37,7 @@ class ListReader {
 
     [[nodiscard]] const char* idOf(pugi::xml_node list) const { return names_.value(list, "numId"); }
 
-    /// Returns the definition of a list, also that of the style of lists which it refers to.
+    /// Returns the definition of a list, or of the list style to which the definition refers.
     [[nodiscard]] pugi::xml_node definitionOf(pugi::xml_node list) const {
         const pugi::xml_node definition =
             childWith(root_, names_.element("abstractNum"), names_.attribute("abstractNumId"),
@@ -48,7 +48,7 @@ class ListReader {
             [&](pugi::xml_node child) { return std::string_view(valueOf(child, "styleLink")) == style; });
     }
 
-    /// Returns true if one of the levels of a list counts, also one that the list itself replaces.
+    /// Returns true if one of the levels of a list is numbered, including levels that the list overrides.
     [[nodiscard]] bool counts(pugi::xml_node list, pugi::xml_node definition) const {
         const auto isCounting = [this](pugi::xml_node level) { return countsIn(level); };
         return std::ranges::any_of(definition.children(level_.c_str()), isCounting) ||
@@ -57,7 +57,7 @@ class ListReader {
                });
     }
 
-    /// Returns the levels whose paragraphs have a style, by the ids of the styles.
+    /// Returns the levels that are linked to styles, by the ids of the styles.
     [[nodiscard]] std::map<std::string, std::string> levelsOfStyles(pugi::xml_node definition) const {
         std::map<std::string, std::string> levels;
         for (const pugi::xml_node level : definition.children(level_.c_str())) {

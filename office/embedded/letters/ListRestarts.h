@@ -19,9 +19,9 @@ class ListRestarts {
 
     explicit ListRestarts(opc::Package& package);
 
-    /// Returns true for the id of a list that counts.
+    /// Returns true for the id of a numbered list.
     [[nodiscard]] bool counts(const std::string& id) const { return models_.contains(id); }
-    /// Returns the level of a list whose paragraphs have a style; empty if there is none.
+    /// Returns the level of a list that is linked to a style, or an empty text if there is none.
     [[nodiscard]] std::string levelOf(const std::string& id, const std::string& style) const;
     /// Returns true for the id of a list that counts, and begins to restart it.
     bool use(const std::string& id);

@@ -20,7 +20,7 @@ pugi::xml_node childOf(pugi::xml_node node, std::string_view name, const WordNam
     return node.child(names.element(name).c_str());
 }
 
-/// Returns true if another indent of the first line is there; a paragraph has only one of them.
+/// Returns true if the other kind of first-line indent is present. A paragraph has only one of both.
 bool hasOtherFirstLine(const std::map<std::string, std::string>& indents, const std::string& name) {
     const std::string_view local = std::string_view(name).substr(name.find(':') + 1);
     const std::string prefix = name.substr(0, name.size() - local.size());
@@ -28,7 +28,7 @@ bool hasOtherFirstLine(const std::map<std::string, std::string>& indents, const 
     return local.starts_with("hanging") && indents.contains(prefix + "firstLine");
 }
 
-/// Adds the indents that are not there.
+/// Adds the missing indents.
 void addIndents(std::map<std::string, std::string>& indents,
                 const std::map<std::string, std::string>& added) {
     for (const auto& [name, value] : added)

@@ -29,7 +29,7 @@ class NumberedStyles {
     /// Returns the id of the list of a paragraph, by its own properties or by its style; empty if it has
     /// none.
     [[nodiscard]] std::string listOf(pugi::xml_node paragraph, const opc::WordNames& names) const;
-    /// Gives a paragraph the list of its style as a list of its own, if the list counts.
+    /// Copies the list of the style into the properties of a paragraph if the list is numbered.
     void copyListTo(pugi::xml_node paragraph, const opc::WordNames& names, const ListRestarts& lists) const;
 
   private:

@@ -94,8 +94,8 @@ void PartPreparation::makeRepeatable(pugi::xml_node node) {
     }
 }
 
-/// Returns true for a type of shapes, which a document defines once. Each copy of a header is a part of its
-/// own.
+/// Returns true for a type of shapes, which a document defines only once. Each copy of a header is a separate
+/// part.
 bool PartPreparation::isRepeatedShapeType(pugi::xml_node element) const {
     return kind_ == PartKind::Body && std::string_view(element.name()) == "v:shapetype";
 }

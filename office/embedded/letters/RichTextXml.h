@@ -12,7 +12,7 @@ namespace mergeloom::embedded {
 /// The properties of the paragraphs that rich text adds.
 struct AddedParagraphs {
     std::string properties{};  ///< the whole element, or empty
-    std::string section{};     ///< the properties of the section that the last paragraph ends, or empty
+    std::string section{};     ///< the properties of the section that ends with the last paragraph, or empty
 };
 
 /// Appends rich text with the formatting of its place. The XML starts and ends inside a run. Paragraphs

@@ -62,7 +62,7 @@ class DependentContent {
             case WordTag::ContentControl:
                 return isInput(node);
             case WordTag::Paragraph:
-                // Lists that count continue through a document.
+                // Numbered lists continue through a document.
                 return lists_.counts(styles_.listOf(node, names_));
             case WordTag::SectionProperties:
                 return ++sections_ > 1 || hasColumns(node);

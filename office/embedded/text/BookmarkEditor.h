@@ -40,7 +40,7 @@ class BookmarkEditor {
     void insertAfter(Item* mark, Item* start);
     void insertMark(Item* item, DomPlace place, Item* next);
     void removeMark(Item* item);
-    /// Returns whether a range covers several cells of a table but no whole row.
+    /// Returns true if a range covers several cells of a table but no whole row.
     [[nodiscard]] bool isRangeOfColumns(CharacterPosition start, CharacterPosition end) const;
     /// Updates the columns of a bookmark that was moved.
     void updateColumns(const BookmarkRecord& record);

@@ -30,7 +30,7 @@ struct BookmarkRecord {
     Item* end = nullptr;
     bool listed = false;  ///< in the table; false once the bookmark is deleted
 
-    /// Returns whether Word leaves the bookmark out of its collections, though it is found by name.
+    /// Returns true if Word leaves the bookmark out of its collections, though it is found by name.
     [[nodiscard]] bool isHidden() const { return word::isHiddenBookmark(name); }
 };
 

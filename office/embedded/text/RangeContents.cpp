@@ -50,12 +50,12 @@ class FieldScan {
         fields_.push_back({item});
     }
 
-    /// Returns whether the code of the field has not ended; that of w:fldSimple is an attribute.
+    /// Returns true if the code of the field has not ended; that of w:fldSimple is an attribute.
     [[nodiscard]] bool codeRuns(const FieldItems& field) const {
         return !field.separator && names_.tagOf(field.begin->node) != opc::WordTag::SimpleField;
     }
 
-    /// Returns whether the place is in the code of a field. The outer field is known by then; one that never
+    /// Returns true if the place is in the code of a field. The outer field is known by then; one that never
     /// ended is none, but there may be others around it.
     [[nodiscard]] bool isInCode(const Place& place) const {
         if (!place.outer) return false;

@@ -14,7 +14,7 @@ class CodeTracker {
   public:
     explicit CodeTracker(const opc::WordNames& names) : names_(names) {}
 
-    /// Returns whether the item is in the code of a field or one of its marks.
+    /// Returns true if the item is in the code of a field or one of its marks.
     bool isCode(const Item* item) {
         switch (item->kind) {
             case ItemKind::FieldBegin:

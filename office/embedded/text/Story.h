@@ -54,7 +54,7 @@ class Story {
     [[nodiscard]] opc::XmlPart& part() const { return part_; }
     [[nodiscard]] const opc::WordNames& names() const { return names_; }
     [[nodiscard]] pugi::xml_node root() const { return root_; }
-    /// Returns whether the story is in its part; that of a text box is removed with the text around the box.
+    /// Returns true if the story is in its part; that of a text box is removed with the text around the box.
     [[nodiscard]] bool isPlaced() const;
     [[nodiscard]] ItemTree& items() { return items_; }
     [[nodiscard]] const ItemTree& items() const { return items_; }
@@ -87,10 +87,10 @@ class Story {
     /// Returns the outermost table around an item and within an element, by default the whole story; none
     /// outside of tables.
     [[nodiscard]] pugi::xml_node outermostTableOf(const Item* item, pugi::xml_node within = {}) const;
-    /// Returns whether a paragraph mark ends a cell.
+    /// Returns true if a paragraph mark ends a cell.
     [[nodiscard]] bool endsCell(const Item* paragraphMark) const;
 
-    /// Returns whether any of the text may be inside a content control.
+    /// Returns true if any of the text may be inside a content control.
     [[nodiscard]] bool hasContentControls() const { return hasContentControls_; }
 
     /// Updates the tracked ranges after a change at a position, where `removed` characters were removed and
@@ -142,7 +142,7 @@ CharacterPosition endOf(const BookmarkRecord& record);
 /// Adds the elements of text boxes below a node to a list, without those inside of them.
 void collectTextBoxes(const opc::WordNames& names, pugi::xml_node node, std::vector<pugi::xml_node>& found);
 
-/// Returns whether a node is the element or is below it.
+/// Returns true if a node is the element or is below it.
 bool isInside(pugi::xml_node node, pugi::xml_node element);
 
 }  // namespace mergeloom::embedded

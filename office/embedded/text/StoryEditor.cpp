@@ -48,7 +48,7 @@ bool canBeSplit(opc::WordTag tag) {
            tag == opc::WordTag::Direction;
 }
 
-/// Returns whether the text after an item is in the code of a field. Fields before the place are passed over;
+/// Returns true if the text after an item is in the code of a field. Fields before the place are passed over;
 /// the first other text decides.
 bool isFollowedByCode(const Story& story, const Item* item) {
     int closed = 0;

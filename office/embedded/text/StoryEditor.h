@@ -36,7 +36,7 @@ class StoryEditor {
     /// inserted.
     CharacterCount insertText(CharacterPosition position, const std::string& text, TextSetting setting = {});
     void insertParagraphMark(CharacterPosition position);
-    /// Returns whether the story's last item is the mark of a paragraph that is outside of any content
+    /// Returns true if the story's last item is the mark of a paragraph that is outside of any content
     /// control or the like.
     [[nodiscard]] bool endsWithOwnParagraph() const;
     /// Appends an empty paragraph to the story.

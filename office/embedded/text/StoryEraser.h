@@ -24,7 +24,7 @@ class StoryEraser {
     void checkFields(CharacterPosition start, CharacterPosition end) const;
     /// Raises an AutomationError for a position inside of an element that counts as several characters.
     void checkWhole(CharacterPosition position) const;
-    /// Returns whether a part of the item's paragraph is before it or, within it, before the position.
+    /// Returns true if a part of the item's paragraph is before it or, within it, before the position.
     [[nodiscard]] bool hasTextBefore(const Item* item, CharacterPosition start) const;
     void removeCoveredBookmarks(CharacterPosition start, CharacterPosition end);
     void eraseItems(CharacterPosition start, CharacterPosition end);

@@ -12,7 +12,7 @@ namespace mergeloom::embedded {
 
 namespace {
 
-/// Returns whether a picture floats: a shape of VML does when its style says so (ECMA-376 Part 4, 19.1.2.19).
+/// Returns true if a picture floats: a shape of VML does when its style says so (ECMA-376 Part 4, 19.1.2.19).
 bool floats(pugi::xml_node picture) {
     const pugi::xml_node shape = picture.find_child(
         [](pugi::xml_node child) { return !std::string_view(child.attribute("style").value()).empty(); });

@@ -21,7 +21,7 @@ pugi::xml_node lastRowOf(pugi::xml_node table, const opc::WordNames& names);
 /// has.
 int columnCountOf(pugi::xml_node table, const opc::WordNames& names);
 
-/// Returns whether all rows have the same cells over the same columns of the grid, and no cell spans several
+/// Returns true if all rows have the same cells over the same columns of the grid, and no cell spans several
 /// rows.
 bool isUniform(pugi::xml_node table, const opc::WordNames& names);
 

@@ -15,7 +15,7 @@ pugi::xml_node propertiesOf(const opc::WordNames& names, pugi::xml_node control)
     return control.child(names.element("sdtPr").c_str());
 }
 
-/// Returns whether the content of a control is locked (ECMA-376 Part 1, 17.5.2.23). The other lock,
+/// Returns true if the content of a control is locked (ECMA-376 Part 1, 17.5.2.23). The other lock,
 /// "sdtLocked", only prevents that the control is deleted.
 bool isContentLocked(const opc::WordNames& names, pugi::xml_node control) {
     const pugi::xml_node lock = propertiesOf(names, control).child(names.element("lock").c_str());
@@ -23,7 +23,7 @@ bool isContentLocked(const opc::WordNames& names, pugi::xml_node control) {
     return value == "contentLocked" || value == "sdtContentLocked";
 }
 
-/// Returns whether a control is a group (ECMA-376 Part 1, 17.5.2.16), which protects its content except for
+/// Returns true if a control is a group (ECMA-376 Part 1, 17.5.2.16), which protects its content except for
 /// the controls inside.
 bool isGroup(const opc::WordNames& names, pugi::xml_node control) {
     return static_cast<bool>(propertiesOf(names, control).child(names.element("group").c_str()));
@@ -81,7 +81,7 @@ pugi::xml_node elementAfter(const Story& story, CharacterPosition end) {
     return splits ? last->node : DomPlaces(story).forEndMark(last, ItemTree::next(last)).parent;
 }
 
-/// Returns whether a section of a form is open to editing (ECMA-376 Part 1, 17.6.6).
+/// Returns true if a section of a form is open to editing (ECMA-376 Part 1, 17.6.6).
 bool isOpenSection(const opc::WordNames& names, pugi::xml_node section) {
     const pugi::xml_node switched = section.child(names.element("formProt").c_str());
     return switched && opc::isOff(names.value(switched, "val"));

@@ -39,7 +39,7 @@ class WordContent {
     [[nodiscard]] Story& storyNamed(const std::string& name);
 
     [[nodiscard]] std::vector<Story*> stories();
-    /// Returns whether the document defines a style with that id.
+    /// Returns true if the document defines a style with that id.
     [[nodiscard]] bool hasStyle(const std::string& styleId);
 
     /// Replaces the text between two positions, with the formatting of the first of it. Returns how many

@@ -57,7 +57,8 @@ class CalcUndoStep {
 
   private:
     enum class State { Done, Undone, Dropped };
-    /// Returns false, and runs nothing, in another state than the first one.
+    /// Runs the change if the state is the first one, and sets the second one. Returns false in another
+    /// state.
     bool change(State from, State to, void (CalcChanges::*run)());
     void discard();
 

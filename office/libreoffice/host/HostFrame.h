@@ -34,7 +34,7 @@ class HostFrame {
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
     void resize(int width, int height);
-    /// Returns whether the bars and the document are laid out since their last change.
+    /// Returns true if the bars and the document are laid out since their last change.
     [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }
     /// Lays them out; returns false while the office does not yet have the size of the window.
     bool layOut();

@@ -84,8 +84,9 @@ bool covers(const Reference<css::text::XTextRange>& range, const HostCharacter& 
            character.paragraph.startsWith(before) && character.paragraph.match(text, start);
 }
 
-/// Returns true if the character is between the marks of a bookmark's ends. While LibreOffice since 24 shows
-/// them, they are part of the paragraph's text: a sharp, the name, a space and words in the user's language.
+/// Returns true if the character is between the marks of a bookmark's ends. When LibreOffice 24 and later
+/// shows them, they are part of the paragraph's text: "#", the name, a space and words in the user's
+/// language.
 bool isBetweenMarks(const std::string& name, const HostCharacter& character) {
     const OUString mark = toUno("#" + name + " ");
     const sal_Int32 start = character.paragraph.indexOf(mark);

@@ -20,7 +20,8 @@ DocumentReference componentOf(const HostedDocument& hosted);
 /// Returns the format of a number, which depends on the kind of the document.
 SaveFormat formatOf(const HostedDocument& hosted, int number);
 
-/// Begin and end the changes by the model, during which the user changes nothing; do nothing for no document.
+/// Begin and end changes by the model, during which the user cannot change the document. Do nothing without a
+/// document.
 void beginEditing(const HostedDocument& hosted);
 void endEditing(const HostedDocument& hosted);
 /// Ends the input that a cell is taking.

@@ -84,8 +84,8 @@ class UnseenFrame {
     Reference<css::frame::XFrame> frame_;
 };
 
-/// Returns the year of the office's release, or the number of a release before 2024, of which 7.6 is the
-/// last.
+/// Returns the major version of the office, which is the year of the release since 2024; the last version
+/// before is 7.6.
 int releaseOf(const Reference<css::uno::XComponentContext>& office) {
     const Reference<css::container::XNameAccess> product(
         css::configuration::ReadOnlyAccess::create(office, "")
@@ -111,7 +111,7 @@ void makeFirstBars(const Reference<css::uno::XComponentContext>& office) try {
     constexpr int kFirstWithReset = 24;
     if (releaseOf(office) >= kFirstWithReset) makeBars(office);
 } catch (const css::uno::Exception&) {
-    // The bars of the document are the first ones then.
+    // The bars of this document are the first ones of the office.
 }
 
 void applyLook(const Reference<css::awt::XWindow>& window, const HostLook& look) {

@@ -8,8 +8,8 @@
 
 namespace mergeloom::libreoffice {
 
-/// Makes the bars of a document unseen and removes them. With its first bar, LibreOffice since 24 reads the
-/// style of its icons and gives all of its windows its own look again. Does nothing in an older one. Must be
+/// Creates the bars of a hidden document and removes them. With its first bar, LibreOffice 24 and later reads
+/// the style of its icons and resets the look of all its windows. Does nothing in older versions. Must be
 /// called within OfficeConnection::call, before a window gets its look.
 void makeFirstBars(const Reference<css::uno::XComponentContext>& office);
 

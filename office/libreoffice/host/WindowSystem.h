@@ -33,7 +33,7 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t topWindow(xcb_window_t window) const;
     /// Returns the window that contains the window; none for a top-level window.
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
-    /// Returns whether the mouse is over the window.
+    /// Returns true if the mouse is over the window.
     [[nodiscard]] bool isMouseOver(xcb_window_t window) const;
 
     /// Returns the code of the key that produces the symbol without Shift; 0 when there is none.

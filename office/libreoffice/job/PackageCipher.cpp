@@ -22,7 +22,7 @@ using Streams = css::uno::Sequence<css::beans::NamedValue>;
 constexpr const char* kPackage = "EncryptedPackage";
 constexpr const char* kInfo = "EncryptionInfo";
 
-/// Chooses the algorithm by the file, and for new files the office's default.
+/// Returns an encryption that uses the algorithm of the file, and the office's default for new files.
 Encryption makeEncryption(const Context& office) {
     return {office->getServiceManager()->createInstanceWithContext(
                 "com.sun.star.comp.oox.crypto.StrongEncryptionDataSpace", office),

@@ -6,7 +6,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Returns whether a character is ignored: white space, hyphens that are elements in some formats, characters
+/// Returns true if a character is ignored: white space, hyphens that are elements in some formats, characters
 /// without a width, and those of symbol fonts, which Word writes as elements.
 bool isIgnored(char32_t character) {
     const bool isSpace = character <= U' ' || (character >= 0x2000 && character <= 0x200F);

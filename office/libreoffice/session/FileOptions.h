@@ -15,15 +15,16 @@ using Properties = std::vector<css::beans::PropertyValue>;
 
 css::uno::Sequence<css::beans::PropertyValue> sequenceOf(const Properties& properties);
 
-/// Returns the options that keep a document quiet, wherever it comes from.
+/// Returns the options by which a document runs no macros and updates no links.
 Properties quiet();
 Properties readOnly();
-/// Returns the options with the password of a file; an empty one is none.
+/// Returns the options with the password of a file added, unless it is empty.
 Properties with(const std::string& password, Properties properties);
 bool havePassword(const Properties& properties);
 void append(Properties& properties, const OfficeFilter& filter);
 
-/// Returns the office's options for PDF files. It takes them by itself only when it is given none at all.
+/// Returns the office's own options for PDF files. The office uses them only if it is given no options at
+/// all.
 Properties pdfOptions(const Reference<css::uno::XComponentContext>& context);
 
 }  // namespace mergeloom::libreoffice

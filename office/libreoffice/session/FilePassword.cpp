@@ -51,7 +51,8 @@ bool encrypts(OfficeConnection& connection, const std::string& filter) {
     });
 }
 
-/// Returns the options of a password for the office's export to Open Packaging, which knows no other ones.
+/// Returns the options of a password for the office's export to Open Packaging, which ignores a plain
+/// password.
 css::uno::Sequence<css::beans::NamedValue> packageEncryption(const std::string& password) {
     css::uno::Sequence<css::beans::NamedValue> values(2);
     values.getArray()[0] = {"CryptoType", css::uno::Any(OUString("StrongEncryptionDataSpace"))};

@@ -15,7 +15,7 @@ namespace mergeloom::libreoffice {
 /// content can be revised in between; other formats are encrypted by the office's export, if at all.
 class FilePassword {
   public:
-    /// Encrypts nothing when the password is empty.
+    /// Files are not encrypted if the password is empty.
     FilePassword(OfficeConnection& connection, SaveFormat format, std::string password);
 
     /// Returns true if files of the format can be encrypted.
@@ -23,11 +23,12 @@ class FilePassword {
 
     /// Adds the options with which the office writes an encrypted file.
     void addTo(std::vector<css::beans::PropertyValue>& properties) const;
-    /// Returns the content of a file that the office wrote; other formats than Open Packaging stay encrypted.
+    /// Returns the decrypted content of a file that the office wrote. Files of other formats than Open
+    /// Packaging stay encrypted.
     [[nodiscard]] std::string opened(const std::string& file) const;
-    /// Returns the file that has the content.
+    /// Returns the file with the content, encrypted if there is a password.
     [[nodiscard]] std::string sealed(const std::string& content) const;
-    /// Returns a file with its content revised. Errors that contain bytes contain the encrypted ones.
+    /// Returns a file with its content revised. The bytes in errors are encrypted, too.
     [[nodiscard]] std::string revised(const std::string& file,
                                       const std::function<std::string(std::string content)>& revise) const;
 
@@ -43,8 +44,8 @@ struct UnlockedPackage {
     std::string password;
 };
 
-/// Returns the package in an encrypted file; none for other files. Raises PasswordRequired, with the path,
-/// for another password than the file's.
+/// Returns the package in an encrypted file, or none for other files. Raises PasswordRequired, with the path,
+/// if the password is wrong.
 std::optional<UnlockedPackage> unlockedPackage(OfficeConnection& connection, const std::string& path,
                                                const std::string& bytes, const std::string& password);
 

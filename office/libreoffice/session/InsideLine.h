@@ -14,7 +14,8 @@ namespace mergeloom::libreoffice {
 inline constexpr const char* kInsideConnect = "connect";    ///< with the folder of a CallListener
 inline constexpr const char* kInsideServe = "serve";        ///< makes the main thread read requests
 inline constexpr const char* kInsideDocument = "document";  ///< returns the document's number
-/// With the bytes of a file and a password; they return bytes, or nothing where a file is not decrypted.
+/// Take the bytes of a file and a password, and return bytes. Decrypting returns nothing if the file is not
+/// encrypted or the password is wrong.
 inline constexpr const char* kInsideDecrypt = "decrypt";
 inline constexpr const char* kInsideEncrypt = "encrypt";
 
@@ -36,8 +37,8 @@ class InsideLine {
     std::string ask(const std::string& request);
     /// Registers a document in the library and returns its number.
     std::int64_t handOver(const DocumentReference& document);
-    /// Returns the package in an encrypted file of Open Packaging; none for another file and for a wrong
-    /// password.
+    /// Returns the package in an encrypted file of Open Packaging, or none for other files and wrong
+    /// passwords.
     std::optional<std::string> decrypted(const std::string& file, const std::string& password);
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);

@@ -76,7 +76,7 @@ OfficeFilter ownFilter(const DocumentReference& document, const std::string& pat
                           path);
 }
 
-/// Returns whether the file on the disk has these bytes and may be opened for editing.
+/// Returns true if the file on the disk has these bytes and may be opened for editing.
 bool isOnDisk(const std::string& path, const std::string& bytes) try {
     return ::access(path.c_str(), W_OK) == 0 && DiskFileStore().read(path) == bytes;
 } catch (const AutomationError&) {
@@ -110,8 +110,7 @@ DocumentReference LibreOfficeFiles::loadFrom(const std::string& url, Properties 
     return loader->loadComponentFromURL(toUno(url), "_self", 0, sequenceOf(properties));
 }
 
-/// An encrypted package is decrypted here and not by the office: so its content can be mended, and the office
-/// has no password of its own for it.
+/// Decrypts an encrypted package before the office reads it, so that its content can be mended.
 DocumentReference LibreOfficeFiles::open(const std::string& path, DocumentKind kind) {
     const std::string bytes = files_.read(path);
     const auto unlocked = unlockedPackage(connection_, path, bytes, password_);

@@ -59,7 +59,7 @@ class LibreOfficeFiles {
     void setAccess(FileAccess access) { access_ = access; }
     /// Sets the password with which files are opened from now on; empty for none.
     void setPassword(const std::string& password) { password_ = password; }
-    /// Returns whether users see and edit the documents.
+    /// Returns true if users see and edit the documents.
     [[nodiscard]] bool showsDocuments() const { return frames_ != nullptr; }
     /// Returns an empty document with LibreOffice's own defaults.
     DocumentReference create(DocumentKind kind);
@@ -71,8 +71,8 @@ class LibreOfficeFiles {
     /// URL does not change. Raises kNotAvailable for a format that the office does not write, and
     /// kFileCouldNotBeSaved for macros in a format without them and for other failures, with sentences that
     /// name the file. Errors of the revision pass through; after DifferingCopy the document is written again
-    /// if the user changed it before the comparison. Encrypts what the revision returns; a document that is
-    /// saved in a format without passwords has none any more.
+    /// if the user changed it before the comparison. Encrypts the result of the revision. A document that is
+    /// saved in a format without passwords loses its password.
     void save(const DocumentReference& document, const std::string& path, SaveFormat format,
               const Revision& revise);
     /// Writes a copy of the document in the format. Does not change the document or its modified flag. Raises
@@ -87,8 +87,8 @@ class LibreOfficeFiles {
     std::string exportedBytes(const DocumentReference& document, const std::string& path, SaveFormat format);
     /// Returns true if the document has a password and files of the format have none.
     bool losesPassword(const DocumentReference& document, SaveFormat format);
-    /// Returns the content of a file as if it were not encrypted, opened with the document's password. Files
-    /// of other formats than Open Packaging are returned as they are. Raises kFileCouldNotBeRead.
+    /// Returns the content of a file, decrypted with the document's password. Files of other formats than
+    /// Open Packaging are returned unchanged. Raises kFileCouldNotBeRead.
     std::string plainBytes(const DocumentReference& document, const std::string& path);
     /// Returns the file from which the document was read as OfficePackage takes it: its URL, or a stream of
     /// the package in an encrypted file. Returns nothing for a new document.

@@ -6,7 +6,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// A new frame, which is disposed of when no document was loaded into it.
+/// A new frame. Is disposed of in the end if no document was loaded into it.
 class NewFrame {
   public:
     explicit NewFrame(const Reference<css::frame::XFrame>& frame) : frame_(frame) {}
@@ -16,7 +16,7 @@ class NewFrame {
         try {
             if (!frame_->getController().is()) frame_->dispose();
         } catch (const css::uno::Exception&) {
-            // The office ended; so did its frames.
+            // The office ended, and with it its frames.
         }
     }
 

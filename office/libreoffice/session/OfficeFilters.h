@@ -26,7 +26,7 @@ OfficeFilter requiredFilter(SaveFormat format, const std::string& path);
 /// page or a text may be a document as well as a workbook. The filter has no name when the office finds it.
 OfficeFilter inputFilter(DocumentKind kind, std::string_view extension);
 
-/// Returns whether the filter, by the office's name, reads any bytes as text. When the extension promises
+/// Returns true if the filter, by the office's name, reads any bytes as text. When the extension promises
 /// something better, that is the last resort for a damaged file.
 bool readsAnything(std::string_view filterName);
 

@@ -24,7 +24,7 @@ class OfficePackage {
     /// Takes a URL or an input stream.
     OfficePackage(OfficeConnection& connection, const css::uno::Any& source);
 
-    /// Returns whether the package has a main part.
+    /// Returns true if the package has a main part.
     [[nodiscard]] bool hasMainPart() const { return mainPart_.is(); }
     [[nodiscard]] std::vector<PackageRelationship> relationshipsOfMainPart() const;
     [[nodiscard]] Reference<css::io::XInputStream> contentOfMainPart() const;
@@ -35,8 +35,8 @@ class OfficePackage {
 };
 
 /// Raises kFileCouldNotBeSaved, with a sentence that names the file, for a document with macros that is to be
-/// saved in a format without them. Macros also count if only the document's file has them, which is given as
-/// LibreOfficeFiles::packageOf does.
+/// saved in a format without them. Includes macros that only the document's file has. The file is the result
+/// of LibreOfficeFiles::packageOf.
 void refuseToLoseMacros(OfficeConnection& connection, const DocumentReference& document,
                         const css::uno::Any& file, const std::string& path, SaveFormat format);
 

@@ -98,8 +98,8 @@ constexpr const char* kSchemes =
     "/org.openoffice.Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme";
 constexpr const char* kSurroundings = "/AppBackground";
 
-/// A color of the office's own scheme, whose name changed in its release 25.2. An office ignores what it does
-/// not know.
+/// A color of the office's own scheme, which has another name since LibreOffice 25.2. Each version ignores
+/// the other name.
 struct SchemeColor {
     const char* scheme;
     const char* name;

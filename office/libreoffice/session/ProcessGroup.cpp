@@ -67,7 +67,7 @@ class Streams {
     posix_spawn_file_actions_t actions_{};
 };
 
-/// Returns whether a process of the system runs in the group. One that has ended and was not yet waited for
+/// Returns true if a process of the system runs in the group. One that has ended and was not yet waited for
 /// does not run.
 bool runsInGroup(const std::string& process, pid_t group) {
     std::ifstream file("/proc/" + process + "/stat");

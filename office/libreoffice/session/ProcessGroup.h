@@ -26,7 +26,7 @@ class ProcessGroup {
 
     /// Returns the number of the group and of its first process.
     [[nodiscard]] pid_t id() const { return id_; }
-    /// Returns whether the first process runs.
+    /// Returns true if the first process runs.
     [[nodiscard]] bool isRunning() const;
     /// Returns the numbers of its running processes.
     [[nodiscard]] std::vector<pid_t> members() const;

@@ -13,7 +13,7 @@ namespace mergeloom::libreoffice {
 /// Refuses every question of an office in place of a user.
 class RefusingInteractionHandler final : public cppu::WeakImplHelper1<css::task::XInteractionHandler2> {
   public:
-    /// Returns whether the office has asked for a password.
+    /// Returns true if the office has asked for a password.
     [[nodiscard]] bool wantsPassword() const { return wantsPassword_; }
 
     void SAL_CALL handle(const Reference<css::task::XInteractionRequest>& request) override {

@@ -19,7 +19,7 @@ class ScratchPaths {
     /// Makes an empty file in the file's own folder and returns its path; returns a path for a copy when that
     /// folder cannot be written.
     std::string beside(const std::string& path);
-    /// Returns whether the URL is that of a copy.
+    /// Returns true if the URL is that of a copy.
     [[nodiscard]] bool contains(const std::string& url) const;
     /// Removes the file at such a path, or at the URL of a copy.
     void remove(const std::string& path) const;

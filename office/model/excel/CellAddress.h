@@ -44,7 +44,7 @@ struct CellSelection {
 /// contain it, otherwise the merged cells are selected.
 CellSelection withActiveCell(CellSelection selection, const CellArea& merged);
 
-/// Returns whether the area is within the rows and columns of a sheet.
+/// Returns true if the area is within the rows and columns of a sheet.
 bool isInSheet(const CellArea& area);
 /// Returns the cells that both areas hold, if any.
 std::optional<CellArea> intersection(const CellArea& a, const CellArea& b);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char32_t kLastAscii = 0x7F;
 
-/// Returns whether a sheet's name may have the character without quotes. Programs quote differently, so this
+/// Returns true if a sheet's name may have the character without quotes. Programs quote differently, so this
 /// accepts more than is written here.
 bool isPlain(char32_t character) {
     return isNameLetter(character) || isDigit(character) || character == U'_' || character == U'.' ||

@@ -62,7 +62,7 @@ TEST_F(HostedCells, ADropIsOneStepForUserAndModel) {
     EXPECT_TRUE(host().placeNames().empty()) << "what the model takes back is not redone";
 }
 
-/// Undoing and redoing bring back texts, names, sizes and pictures, as often as the user likes.
+/// Undoing and redoing restore texts, names, sizes and pictures, repeatedly.
 TEST_F(HostedCells, ADropThatIsUndoneCanBeRedone) {
     load(
         "<db><Form Name='F' CurrentView='1'><Control Name='A'/><Control Name='D' "
@@ -115,7 +115,7 @@ TEST_F(HostedCells, WhatACellIsStillTakingIsAChange) {
 }
 
 TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
-    // Waits for the layout: before that, another cell may be at the point.
+    // Waits for the layout, before which another cell may be at the point.
     ASSERT_TRUE(host().placeCaret(kOtherCells[1]));
     window().clickInPaneAndTypeAtOnce(kOtherCells[0].x, kOtherCells[0].y, "typed");
     TestWindow::press("ctrl+s");
@@ -128,7 +128,7 @@ TEST_F(HostedCells, SavesWhatACellIsStillTaking) {
     host().endEditing();
 }
 
-/// What may be opened is what the program's documentation promises; what is saved again keeps its text.
+/// Opens the formats that the documentation names. Files that are saved again keep their text.
 TEST_F(HostedCells, OpensWorkbooksOfOtherFormats) {
     struct Case {
         const char* path;

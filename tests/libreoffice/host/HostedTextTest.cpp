@@ -101,7 +101,7 @@ TEST_F(HostedText, TheCaretGoesOnlyWhereTextIs) {
         EXPECT_FALSE(host().placeCaret(c.point)) << c.what;
 }
 
-/// In a cell, in a header and between paragraphs.
+/// Drops into a paragraph, between paragraphs and into a cell.
 TEST_F(HostedText, DropsWhereThePointIs) {
     load(kField);
     openBody(
@@ -110,7 +110,7 @@ TEST_F(HostedText, DropsWhereThePointIs) {
         "</w:tcPr><w:p><w:r><w:t>in</w:t></w:r></w:p></w:tc></w:tr></w:tbl><w:p/>");
     std::set<std::string> missing{"one*\ntwo\nin\n|\n", "one\ntwo*\nin\n|\n", "one\ntwo\nin*\n|\n"};
     std::set<std::int64_t> seen;
-    // Each line is met somewhere on the way down.
+    // The points go down over all lines.
     for (int y = topOfDocument(); y < TestWindow::kPaneHeight / 2 && !missing.empty(); y += 6) {
         ASSERT_TRUE(host().placeCaret({250, y}));
         host().beginEditing();
