@@ -55,7 +55,7 @@ class DesignerTest(unittest.TestCase):
         return other
 
     def enter_document(self, place=None):
-        """Clicks until the document has the keyboard: the first click may be lost while the window is being activated."""
+        """Clicks until the document has the keyboard: a click may be lost while the window is being activated."""
         def is_entered():
             click(place or self.designer.document())
             time.sleep(0.5)
