@@ -1,6 +1,7 @@
 #include "base/AutomationError.h"
 #include "doubles/MemoryFileStore.h"
 #include "libreoffice/OfficeProcesses.h"
+#include "office/libreoffice/session/LateAnswers.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 
 #include <gmock/gmock.h>
@@ -49,6 +50,18 @@ TEST_F(OfficeConnectionTest, tellsOfAnOfficeThatWasKilled) {
     EXPECT_EQ(error.number(), kNotAvailable);
     EXPECT_THAT(error.description(), HasSubstr("LibreOffice ended unexpectedly."));
     EXPECT_EQ(errorOfAsking().number(), kNotAvailable) << "and stays so";
+}
+
+/// UNO leaves an answer that arrives together with the end of its connection in the queue of the thread.
+TEST_F(OfficeConnectionTest, leavesNoAnswerToAnotherOffice) {
+    LibreOfficeSession other{files, {60s, kCallBound}};
+    ThreadAnswers answers;
+    // Asking an office that is ending takes up to two.
+    for (int number = 0; number < 3; ++number)
+        answers.put(nullptr);
+    ::kill(-session.process().group(), SIGKILL);
+    EXPECT_EQ(errorOfAsking().number(), kNotAvailable);
+    EXPECT_TRUE(other.files().create(DocumentKind::Word).is());
 }
 
 TEST_F(OfficeConnectionTest, endsAnOfficeThatHangs) {

@@ -1,6 +1,7 @@
 #include "office/libreoffice/session/OfficeConnection.h"
 
 #include "base/AutomationError.h"
+#include "office/libreoffice/session/LateAnswers.h"
 #include "office/libreoffice/session/PollingThread.h"
 #include "office/libreoffice/session/UnoErrors.h"
 #include "office/libreoffice/session/UnoText.h"
@@ -62,6 +63,7 @@ OfficeConnection::OfficeConnection(LibreOfficeProcess& process, TimeBounds bound
 
 OfficeConnection::~OfficeConnection() {
     requestQuit();
+    discardLateAnswers();
     inside_.reset();
     desktop_.clear();
     context_.clear();
@@ -99,6 +101,7 @@ bool OfficeConnection::tryToConnect() try {
     context_.set(resolver->resolve(address), UNO_QUERY_THROW);
     return true;
 } catch (const css::uno::Exception&) {
+    discardLateAnswers();
     return false;
 }
 
@@ -157,6 +160,7 @@ void OfficeConnection::rest() try {
 }
 
 void OfficeConnection::raiseEnded() {
+    discardLateAnswers();
     const std::string loss = " Changes that were not saved are lost.";
     if (watchdog_.hasTimedOut()) {
         throw AutomationError(kNotAvailable, "LibreOffice did not answer within " +
