@@ -5,7 +5,7 @@ import read_xlsx
 from read_docx import read_paragraphs
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
-    click, document_has_keyboard, find, key, middle, pixels, places_of, point_at, type_text, wait_for,
+    click, document_has_keyboard, find, has_focus, key, middle, pixels, places_of, point_at, type_text, wait_for,
 )
 
 
@@ -81,6 +81,16 @@ class InWord(PlacesTest):
     @staticmethod
     def around(place):
         return place[0] - 120, place[1] - 12, 200, 24
+
+    def test_keys_lead_to_the_list_and_to_the_menu(self):
+        designer = self.start()
+        self.drop("Customer")
+        self.wait_for_places("CustomerID")
+        click(designer.node("Customer"))
+        key("alt+p")
+        wait_for("the list with the focus", lambda: has_focus(designer.element("list", "Places of the document")))
+        key("alt+r")
+        wait_for("the menu of records", lambda: find(designer.application, "menu item", "Next Record"))
 
     def test_values_and_stored_values_differ(self):
         designer = self.start()

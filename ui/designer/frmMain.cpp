@@ -74,7 +74,7 @@ frmMain::frmMain(DocumentKind kind)
       area_(new HostArea(splitter_)),
       status_(new QLabel(this)),
       busy_(new BusyBar(this)),
-      cmdHelp_(new QPushButton(tr("Hel&p"), this)),
+      cmdHelp_(new QPushButton(tr("&Help"), this)),
       dropTree_(*tree_),
       structureLoad_(fileDialog_, messages_, errors_),
       helpWindows_(messages_),

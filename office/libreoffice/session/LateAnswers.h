@@ -21,8 +21,8 @@ class ThreadAnswers {
 };
 
 /// Removes the answers of ended connections from this thread's queue. When an answer and the end of its
-/// connection arrive together, UNO tells the caller only the end and leaves the answer in the queue, where the
-/// next call would take it for its own, whatever office it asks.
+/// connection arrive together, UNO tells the caller only the end and leaves the answer in the queue, where
+/// the next call would take it for its own, whatever office it asks.
 void discardLateAnswers();
 
 }  // namespace mergeloom::libreoffice
