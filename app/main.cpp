@@ -18,11 +18,9 @@ namespace {
 constexpr const char* kDesigner = "mergeloom-designer";
 
 std::string findDesigner() {
+    std::string path = installedFile(kDesigner);
+    if (!path.empty()) return path;
     const std::string folder = parentFolder(programPath());
-    for (const std::string& place : {folder, joinPath(parentFolder(folder), "lib/mergeloom")}) {
-        std::string path = joinPath(place, kDesigner);
-        if (fileExists(path)) return path;
-    }
     throw AutomationError(
         kNotAvailable, "The designer is not installed: there is no '" + joinPath(folder, kDesigner) +
                            "'. Install Qt 6 and build it, or add -hidden to make the template without it.");

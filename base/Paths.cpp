@@ -72,6 +72,15 @@ std::string programPath() {
     return std::filesystem::read_symlink("/proc/self/exe", error).string();
 }
 
+std::string installedFile(const std::string& name) {
+    const std::string folder = parentFolder(programPath());
+    for (const std::string& place : {folder, joinPath(parentFolder(folder), "lib/mergeloom")}) {
+        std::string path = joinPath(place, name);
+        if (fileExists(path)) return path;
+    }
+    return {};
+}
+
 std::string temporaryFolder() {
     std::error_code error;
     return std::filesystem::temp_directory_path(error).string();

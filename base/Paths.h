@@ -31,6 +31,9 @@ void removeFile(const std::string& path);
 
 /// Returns the path of the running program; empty when the system does not report it.
 std::string programPath();
+/// Returns the path of a file that belongs to the program and is beside it or in ../lib/mergeloom; empty when
+/// there is none.
+std::string installedFile(const std::string& name);
 /// Returns the system's folder for temporary files; empty when there is none.
 std::string temporaryFolder();
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Measures the description of databases: the structure of many tables, and records nested in the records that they
-belong to, beside sqlite3 -json with a script that nests them.
+belong to, beside sqlite3 -json and mdb-json with a script that nests them.
 
-Usage: describe.py PROGRAM [--tables N] [--records N] [--runs N]. It needs the Debian packages sqlite3 and time.
+Usage: describe.py PROGRAM [--tables N] [--records N] [--runs N]. It needs the Debian packages sqlite3, mdbtools and time.
 """
 import argparse
 import pathlib
@@ -12,9 +12,15 @@ import subprocess
 import sys
 import tempfile
 
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "tests" / "scripts"))
+from access_file import BOOLEAN, DATE, DOUBLE, LONG, MONEY, TEXT, AccessFile, Column  # noqa: E402
+
 NESTING = """
 import json, subprocess, sys
 def read(table):
+    if sys.argv[1].endswith(".mdb"):
+        told = subprocess.run(["mdb-json", sys.argv[1], table], capture_output=True, check=True)
+        return [json.loads(line) for line in told.stdout.splitlines()]
     told = subprocess.run(["sqlite3", "-json", sys.argv[1], "SELECT * FROM " + table], capture_output=True, check=True)
     return json.loads(told.stdout)
 orders, lines = read("orders"), {}
@@ -49,6 +55,22 @@ def make_records(path, count):
             (number, line, f"product {number}") for number in range(count) for line in (1, 2)))
 
 
+def make_access_records(path, count):
+    """The same in a file of Access."""
+    file = AccessFile()
+    file.add_table("orders", [Column("number", LONG), Column("customer", TEXT), Column("ordered", DATE),
+                              Column("paid", BOOLEAN), Column("freight", MONEY), Column("a", TEXT), Column("b", TEXT),
+                              Column("c", TEXT), Column("d", LONG), Column("e", DOUBLE)],
+                   [(number, f"customer {number}", 36526.0 + number % 9000, bool(number % 2), number * 1428, "text a",
+                     "text b", "text c", number, number * 1.5) for number in range(count)], keys=[[0]])
+    file.add_table("lines", [Column("order_number", LONG), Column("line", LONG), Column("product", TEXT),
+                             Column("quantity", LONG), Column("price", MONEY)],
+                   [(number, line, f"product {number}", 3, 12500) for number in range(count) for line in (1, 2)],
+                   keys=[[0, 1]])
+    file.add_relation("orderslines", "lines", ["order_number"], "orders", ["number"])
+    file.save(path)
+
+
 def measure(command, runs):
     """The seconds of wall time and of the processor, and the peak memory in MB: the medians of the runs."""
     rounds = []
@@ -61,7 +83,7 @@ def measure(command, runs):
 
 
 def show(title, figures):
-    print(f"{title:44} {figures[0]:6.2f} s {figures[1]:6.2f} s of the processor {figures[2]:5.0f} MB")
+    print(f"{title:54} {figures[0]:6.2f} s {figures[1]:6.2f} s of the processor {figures[2]:5.0f} MB")
 
 
 def main():
@@ -76,13 +98,14 @@ def main():
         make_tables(folder / "tables.db", options.tables)
         show(f"the structure of {options.tables} tables",
              measure([options.program, folder / "tables.db", "--output", folder / "tables.xml"], options.runs))
-        make_records(folder / "records.db", options.records)
-        ours = measure([options.program, folder / "records.db", "--object", "orders", "--records", "all", "--output",
-                        folder / "records.xml"], options.runs)
-        peer = measure([sys.executable, "-c", NESTING, folder / "records.db", folder / "records.json"], options.runs)
-        show(f"{options.records} records with two others each", ours)
-        show("sqlite3 -json and a script that nests them", peer)
-        print(f"times as fast: {peer[0] / ours[0]:.2f}, by processor time {peer[1] / ours[1]:.2f}")
+        for make, name, peer in ((make_records, "records.db", "sqlite3"), (make_access_records, "records.mdb", "mdb")):
+            make(folder / name, options.records)
+            ours = measure([options.program, folder / name, "--object", "orders", "--records", "all", "--output",
+                            folder / "records.xml"], options.runs)
+            theirs = measure([sys.executable, "-c", NESTING, folder / name, folder / "records.json"], options.runs)
+            show(f"{name}: {options.records} records with two others each", ours)
+            show(f"{peer}-json and a script that nests them", theirs)
+            print(f"times as fast: {theirs[0] / ours[0]:.2f}, by processor time {theirs[1] / ours[1]:.2f}")
 
 
 if __name__ == "__main__":

@@ -33,7 +33,7 @@ struct CommandLine {
 constexpr const char* kHelp = R"(Usage: mergeloom-describe SOURCE [OPTION]...
 Describes a database by a structure document, from which mergeloom makes templates.
 
-  SOURCE              a database file of SQLite
+  SOURCE              a database file of SQLite or Access (.mdb, .accdb)
 
   --object NAME       describe this object only: Orders, "Form Orders"; may be
                       given several times

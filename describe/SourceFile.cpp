@@ -3,8 +3,10 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "describe/AccessDatabase.h"
 #include "describe/SqliteDatabase.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fstream>
@@ -15,6 +17,10 @@ namespace mergeloom::describe {
 namespace {
 
 constexpr std::string_view kSqliteMark("SQLite format 3\0", 16);
+/// What a file of Access has after its first four bytes.
+constexpr std::size_t kAccessMarkOffset = 4;
+constexpr std::string_view kAccessMarks[] = {"Standard Jet DB", "Standard ACE DB"};
+constexpr std::size_t kLengthOfMarks = 20;
 
 [[noreturn]] void refuse(const std::string& source, const std::string& reason) {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + source + "' " + reason);
@@ -24,9 +30,15 @@ constexpr std::string_view kSqliteMark("SQLite format 3\0", 16);
 std::string firstBytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) mergeloom::raiseNotRead(path, errno);
-    std::array<char, kSqliteMark.size()> bytes{};
+    std::array<char, kLengthOfMarks> bytes{};
     file.read(bytes.data(), bytes.size());
     return {bytes.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+bool isAccess(std::string_view bytes) {
+    const std::string_view mark = bytes.substr(std::min(kAccessMarkOffset, bytes.size()));
+    return std::ranges::any_of(kAccessMarks,
+                               [mark](std::string_view known) { return mark.starts_with(known); });
 }
 
 }  // namespace
@@ -37,8 +49,9 @@ std::unique_ptr<Database> openSource(const std::string& source) {
     if (!fileExists(path)) refuse(source, "does not exist.");
     const std::string bytes = firstBytes(path);
     if (bytes.empty()) refuse(source, "is empty.");
-    if (bytes != kSqliteMark) refuse(source, "is no database of SQLite, or it is encrypted.");
-    return openSqlite(path);
+    if (bytes.starts_with(kSqliteMark)) return openSqlite(path);
+    if (isAccess(bytes)) return openAccess(path);
+    refuse(source, "is no database of SQLite or Access, or it is encrypted.");
 }
 
 }  // namespace mergeloom::describe

@@ -1,6 +1,7 @@
 #include "describe/ValueFormat.h"
 
 #include "base/Text.h"
+#include "describe/DecimalText.h"
 
 #include <langinfo.h>
 
@@ -112,11 +113,24 @@ void ValueFormat::writeInteger(std::int64_t number, const Column& column, ValueT
 void ValueFormat::writeNumber(double number, std::string_view digits, const Column& column,
                               ValueText& text) const {
     text.stored = digits;
-    const bool isDecimal = column.type == ColumnType::Decimal;
-    text.shown = isDecimal ? digitsOf(number, column.decimals) : text.stored;
-    const std::size_t point = text.shown.find('.');
-    if (point != std::string::npos) text.shown.replace(point, 1, conventions_.decimalPoint);
-    if (isDecimal) group(text.shown, std::min(point, text.shown.size()), conventions_.groupSeparator);
+    if (column.type == ColumnType::Decimal) return writeDecimal(digitsOf(number, column.decimals), text);
+    text.shown = text.stored;
+    writePoint(text.shown);
+}
+
+/// Shows the digits in groups.
+void ValueFormat::writeDecimal(std::string digits, ValueText& text) const {
+    text.shown = std::move(digits);
+    const std::size_t point = writePoint(text.shown);
+    group(text.shown, point, conventions_.groupSeparator);
+}
+
+/// Replaces the point in a number by that of the conventions. Returns its place, the end if there is none.
+std::size_t ValueFormat::writePoint(std::string& number) const {
+    const std::size_t point = number.find('.');
+    if (point == std::string::npos) return number.size();
+    number.replace(point, 1, conventions_.decimalPoint);
+    return point;
 }
 
 void ValueFormat::writeText(std::string_view value, const Column& column, ValueText& text) const {
@@ -128,6 +142,8 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
             if (const std::optional<bool> boolean = readBoolean(value)) writeBoolean(*boolean, text);
             return;
         case ColumnType::Decimal:
+            if (isDecimal(value)) return writeDecimal(roundedDecimal(value, column.decimals), text);
+            [[fallthrough]];
         case ColumnType::Real:
             if (readNumber(value, number)) writeNumber(number, value, column, text);
             return;

@@ -39,6 +39,8 @@ class ValueFormat {
     void writeInteger(std::int64_t number, const Column& column, ValueText& text) const;
     void writeText(std::string_view value, const Column& column, ValueText& text) const;
     void writeNumber(double number, std::string_view digits, const Column& column, ValueText& text) const;
+    void writeDecimal(std::string digits, ValueText& text) const;
+    std::size_t writePoint(std::string& number) const;
     [[nodiscard]] std::string shownDate(const IsoDate& date) const;
 
     Conventions conventions_;

@@ -75,6 +75,7 @@ FLOORS = {
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
+    "describe/access": ["describe", "base"],
     "describe": ["office/opc", "xml", "base"],
     "ui/services": ["base"],
     "ui/dialogs": ["ui/services", "droppers", "base"],
@@ -93,6 +94,7 @@ LIBRARIES = {
     "X11/": ["office/libreoffice/host", "ui/designer"],
     "chm_lib.h": ["ui/help"],
     "sqlite3.h": ["describe"],
+    "mdbtools.h": ["describe/access"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
     **{library: ["office/libreoffice/" + floor for floor in (
         "session", "readback", "word", "job", "inside", "remote", "excel", "host",
@@ -113,6 +115,7 @@ LIBRARY_NAMES = {
     "libdeflate.h": r"libdeflate_\w+",
     "X11/": r"xcb_\w+",
     "sqlite3.h": r"sqlite3_\w+",
+    "mdbtools.h": r"mdb_\w+|Mdb[A-Z]\w+|MDB_\w+",
     "chm_lib.h": r"chm_\w+|chmFile|chmUnitInfo",
     "Q": r"Q[A-Z][a-z]\w+",
     "com/sun/star/": r"css::|com::sun::star",

@@ -29,12 +29,8 @@ namespace {
 }
 
 std::string findModule() {
-    const std::string folder = parentFolder(programPath());
-    const std::string places[] = {folder, joinPath(parentFolder(folder), "lib/mergeloom")};
-    for (const std::string& place : places) {
-        std::string path = joinPath(place, kOfficeModuleFile);
-        if (fileExists(path)) return path;
-    }
+    std::string path = installedFile(kOfficeModuleFile);
+    if (!path.empty()) return path;
     refuse(
         std::string("the module '") + kOfficeModuleFile +
         "' was not built with this program. Build the program where LibreOffice and its development kit (on "

@@ -265,7 +265,7 @@ TEST_F(DescribeMain, RefusesInASentence) {
         {{folder_ / "none.db"}, "The file '" + (folder_ / "none.db") + "' does not exist."},
         {{folder_.path()}, "The file '" + folder_.path() + "' is a folder."},
         {{folder_ / "empty.db"}, "The file '" + (folder_ / "empty.db") + "' is empty."},
-        {{folder_ / "text.db"}, "is no database of SQLite, or it is encrypted."},
+        {{folder_ / "text.db"}, "is no database of SQLite or Access, or it is encrypted."},
         {{folder_ / "cut.db"},
          "The database '" + (folder_ / "cut.db") + "' could not be read: it is damaged."},
         {{folder_ / "bare.db"}, "The database '" + (folder_ / "bare.db") + "' has no tables."},

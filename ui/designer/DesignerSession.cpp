@@ -22,13 +22,9 @@ constexpr const char* kOfficeModule = "mergeloom_libreoffice.so";
 
 /// Returns the size in bytes of the module that connects to LibreOffice; 0 when it is missing.
 std::uintmax_t officeModuleSize() {
-    const std::string folder = parentFolder(programPath());
-    for (const std::string& place : {folder, joinPath(parentFolder(folder), "lib/mergeloom")}) {
-        std::error_code missing;
-        const std::uintmax_t size = std::filesystem::file_size(joinPath(place, kOfficeModule), missing);
-        if (!missing) return size;
-    }
-    return 0;
+    std::error_code missing;
+    const std::uintmax_t size = std::filesystem::file_size(installedFile(kOfficeModule), missing);
+    return missing ? 0 : size;
 }
 
 QString sentenceOf(const std::exception_ptr& error) {

@@ -1,0 +1,161 @@
+#include "describe/AccessDatabase.h"
+
+#include "base/AutomationError.h"
+#include "describe/ReaderProcess.h"
+#include "describe/ScratchTables.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace mergeloom::describe {
+
+namespace {
+
+constexpr const char* kReaderProgram = "mergeloom-read-access";
+
+/// The columns of tables that a query needs.
+using NeededColumns = std::map<std::string, std::set<std::string>>;
+
+void need(NeededColumns& needed, const std::string& table, const std::vector<std::string>& columns) {
+    needed[table].insert(columns.begin(), columns.end());
+}
+
+NeededColumns columnsNeededBy(const RowQuery& query) {
+    NeededColumns needed;
+    need(needed, query.table, query.columns);
+    need(needed, query.table, query.key);
+    std::string table = query.table;
+    for (const Join& join : query.joins) {
+        need(needed, table, join.columns);
+        need(needed, join.table, join.referredColumns);
+        need(needed, join.table, join.key);
+        table = join.table;
+    }
+    if (query.filter) need(needed, table, {query.filter->column});
+    for (const Lookup& lookup : query.lookups) {
+        need(needed, query.table, {lookup.column});
+        need(needed, lookup.table, {lookup.referredColumn, lookup.shownColumn});
+    }
+    return needed;
+}
+
+/// A database file whose tables are copied into a temporary database when their rows are needed.
+class AccessDatabase final : public Database {
+  public:
+    explicit AccessDatabase(std::string path) : path_(std::move(path)) {
+        attempt([this] { readSchema(); });
+    }
+
+    [[nodiscard]] const std::vector<Table>& tables() const override { return tables_; }
+    [[nodiscard]] const std::vector<std::string>& remarks() const override { return remarks_; }
+
+    std::unique_ptr<Cursor> select(const RowQuery& query) override {
+        refuseView(query.table);
+        for (const auto& [table, columns] : columnsNeededBy(query))
+            provide(table, columns);
+        RowQuery copied = query;
+        copied.table = copies_.at(query.table).name;
+        for (Join& join : copied.joins)
+            join.table = copies_.at(join.table).name;
+        for (Lookup& lookup : copied.lookups)
+            lookup.table = copies_.at(lookup.table).name;
+        return scratch_.select(copied);
+    }
+
+    std::string sampleOf(const std::string& table, const std::string& column) override {
+        std::string sample;
+        attempt([&] { sample = readSample(table, column); });
+        return sample;
+    }
+
+  private:
+    struct Copy {
+        std::string name;
+        std::set<std::string> columns;
+    };
+
+    /// Completes the reasons for which the reading failed to sentences.
+    template <typename Task>
+    void attempt(const Task& task) const {
+        try {
+            task();
+        } catch (const AutomationError& error) {
+            if (error.number() != kFileCouldNotBeRead) throw;
+            throw AutomationError(kFileCouldNotBeRead,
+                                  "The database '" + path_ + "' could not be read: " + error.description());
+        }
+    }
+
+    void readSchema() {
+        ReaderProcess reader(kReaderProgram, {path_});
+        while (const std::optional<Message> message = reader.next()) {
+            if (*message == Message::Table) tables_.push_back(reader.parts().table());
+            if (*message == Message::Remark) remarks_.push_back(reader.parts().text());
+        }
+    }
+
+    void refuseView(const std::string& name) const {
+        if (tableNamed(name).kind == TableKind::Table) return;
+        throw AutomationError(
+            kFileCouldNotBeRead,
+            "The records of the query '" + name + "' can be read by Access only; choose a table or form.");
+    }
+
+    [[nodiscard]] const Table& tableNamed(const std::string& name) const {
+        return *std::ranges::find(tables_, name, &Table::name);
+    }
+
+    /// Copies a table unless its copy has all the columns.
+    void provide(const std::string& table, std::set<std::string> columns) {
+        Copy& copy = copies_[table];
+        if (!copy.name.empty() && std::ranges::includes(copy.columns, columns)) return;
+        columns.insert(copy.columns.begin(), copy.columns.end());
+        copy.columns = std::move(columns);
+        attempt([&] { copy.name = copyOf(tableNamed(table), copy.columns); });
+    }
+
+    std::string copyOf(const Table& table, const std::set<std::string>& names) {
+        std::vector<Column> columns;
+        std::vector<std::string> arguments{path_, table.name};
+        for (const Column& column : table.columns) {
+            if (!names.contains(column.name)) continue;
+            columns.push_back(column);
+            arguments.push_back(column.name);
+        }
+        std::string copy = scratch_.add(columns);
+        ScratchTables::Inserter rows(scratch_, copy, columns.size());
+        std::vector<std::string> texts(columns.size());
+        ReaderProcess reader(kReaderProgram, arguments);
+        while (reader.next()) {
+            for (std::size_t column = 0; column < columns.size(); ++column)
+                rows.set(column, reader.parts().value(texts[column]));
+            rows.addRow();
+        }
+        return copy;
+    }
+
+    [[nodiscard]] std::string readSample(const std::string& table, const std::string& column) const {
+        ReaderProcess reader(kReaderProgram, {path_, table, column});
+        std::string sample;
+        while (reader.next()) {
+            if (reader.parts().value(sample).kind != Value::Kind::Null) return sample;
+        }
+        return {};
+    }
+
+    std::string path_;
+    std::vector<Table> tables_;
+    std::vector<std::string> remarks_;
+    ScratchTables scratch_;
+    std::map<std::string, Copy> copies_;
+};
+
+}  // namespace
+
+std::unique_ptr<Database> openAccess(const std::string& path) {
+    return std::make_unique<AccessDatabase>(path);
+}
+
+}  // namespace mergeloom::describe

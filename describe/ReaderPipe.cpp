@@ -1,0 +1,186 @@
+#include "describe/ReaderPipe.h"
+
+#include "base/AutomationError.h"
+#include "base/SystemError.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace mergeloom::describe {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 65536;
+/// Limits on what a reading process may send, which a damaged file may have misled.
+constexpr std::uint32_t kMaxTextSize = 1U << 28U;
+constexpr std::uint32_t kMaxCount = 1U << 16U;
+
+[[noreturn]] void raiseBroken() {
+    throw AutomationError(kFileCouldNotBeRead, "its reading was broken off; it may be damaged.");
+}
+
+}  // namespace
+
+void PipeWriter::text(std::string_view text) {
+    number(static_cast<std::uint32_t>(text.size()));
+    bytes(text);
+}
+
+void PipeWriter::value(const Value& value) {
+    number(value.kind);
+    switch (value.kind) {
+        case Value::Kind::Integer:
+            return number(value.integer);
+        case Value::Kind::Real:
+            return number(value.real);
+        case Value::Kind::Text:
+        case Value::Kind::Bytes:
+            return text(value.text);
+        default:
+            return;
+    }
+}
+
+void PipeWriter::table(const Table& table) {
+    number(table.kind);
+    text(table.name);
+    number(static_cast<std::uint32_t>(table.columns.size()));
+    for (const Column& column : table.columns) {
+        text(column.name);
+        text(column.caption);
+        number(column.type);
+        number(static_cast<std::uint8_t>(column.decimals));
+    }
+    number(static_cast<std::uint32_t>(table.keys.size()));
+    for (const std::vector<std::string>& key : table.keys)
+        texts(key);
+    number(static_cast<std::uint32_t>(table.foreignKeys.size()));
+    for (const ForeignKey& key : table.foreignKeys) {
+        texts(key.columns);
+        text(key.referredTable);
+        texts(key.referredColumns);
+    }
+}
+
+void PipeWriter::texts(const std::vector<std::string>& texts) {
+    number(static_cast<std::uint32_t>(texts.size()));
+    for (const std::string& each : texts)
+        text(each);
+}
+
+void PipeWriter::bytes(std::string_view bytes) {
+    buffer_ += bytes;
+    if (buffer_.size() >= kBufferSize) flush();
+}
+
+void PipeWriter::flush() {
+    std::string_view rest = buffer_;
+    while (!rest.empty()) {
+        const ssize_t written =
+            repeatInterrupted([&] { return ::write(descriptor_, rest.data(), rest.size()); });
+        if (written < 0) throw AutomationError(kCommandFailed, "The other process no longer reads.");
+        rest.remove_prefix(static_cast<std::size_t>(written));
+    }
+    buffer_.clear();
+}
+
+template <typename Enumeration>
+Enumeration PipeReader::enumerator(Enumeration last) {
+    const auto value = number<std::uint8_t>();
+    if (value > static_cast<std::uint8_t>(last)) raiseBroken();
+    return static_cast<Enumeration>(value);
+}
+
+Message PipeReader::message() {
+    return enumerator(Message::End);
+}
+
+std::string PipeReader::text() {
+    std::string read;
+    text(read);
+    return read;
+}
+
+void PipeReader::text(std::string& text) {
+    const auto size = number<std::uint32_t>();
+    if (size > kMaxTextSize) raiseBroken();
+    text.resize(size);
+    bytes(text);
+}
+
+Value PipeReader::value(std::string& storage) {
+    Value value;
+    value.kind = enumerator(Value::Kind::Bytes);
+    switch (value.kind) {
+        case Value::Kind::Integer:
+            value.integer = number<std::int64_t>();
+            break;
+        case Value::Kind::Real:
+            value.real = number<double>();
+            break;
+        case Value::Kind::Text:
+        case Value::Kind::Bytes:
+            text(storage);
+            value.text = storage;
+            break;
+        default:
+            break;
+    }
+    return value;
+}
+
+Table PipeReader::table() {
+    Table table;
+    table.kind = enumerator(TableKind::View);
+    table.name = text();
+    for (std::uint32_t left = count(); left > 0; --left) {
+        Column& column = table.columns.emplace_back();
+        text(column.name);
+        text(column.caption);
+        column.type = enumerator(ColumnType::Bytes);
+        column.decimals = number<std::uint8_t>();
+    }
+    for (std::uint32_t left = count(); left > 0; --left)
+        table.keys.push_back(texts());
+    for (std::uint32_t left = count(); left > 0; --left) {
+        ForeignKey& key = table.foreignKeys.emplace_back();
+        key.columns = texts();
+        key.referredTable = text();
+        key.referredColumns = texts();
+    }
+    return table;
+}
+
+std::vector<std::string> PipeReader::texts() {
+    std::vector<std::string> texts;
+    for (std::uint32_t left = count(); left > 0; --left)
+        texts.push_back(text());
+    return texts;
+}
+
+std::uint32_t PipeReader::count() {
+    const auto count = number<std::uint32_t>();
+    if (count > kMaxCount) raiseBroken();
+    return count;
+}
+
+void PipeReader::bytes(std::span<char> bytes) {
+    while (!bytes.empty()) {
+        if (next_ == end_) {
+            buffer_.resize(kBufferSize);
+            const ssize_t size =
+                repeatInterrupted([&] { return ::read(descriptor_, buffer_.data(), buffer_.size()); });
+            if (size <= 0) raiseBroken();
+            next_ = 0;
+            end_ = static_cast<std::size_t>(size);
+        }
+        const std::size_t size = std::min(bytes.size(), end_ - next_);
+        std::memcpy(bytes.data(), buffer_.data() + next_, size);
+        next_ += size;
+        bytes = bytes.subspan(size);
+    }
+}
+
+}  // namespace mergeloom::describe

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "describe/ReaderPipe.h"
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mergeloom::describe {
+
+/// A program of its own that reads a database file, so that its library may fail without this process.
+///
+/// It writes its messages to kReaderDescriptor and has no other streams. It ends with this object.
+class ReaderProcess {
+  public:
+    /// Raises kNotAvailable if the program is not installed or cannot be started.
+    ReaderProcess(const std::string& program, const std::vector<std::string>& arguments);
+    ReaderProcess(const ReaderProcess&) = delete;
+    ReaderProcess& operator=(const ReaderProcess&) = delete;
+    ~ReaderProcess();
+
+    /// Returns the next message, or none after the last one. Raises kFileCouldNotBeRead with the reason that
+    /// the program sent, or with one of ours if it broke off, and kCommandFailed if this process is to end.
+    std::optional<Message> next();
+    /// Reads the parts of the message.
+    [[nodiscard]] PipeReader& parts() { return parts_; }
+
+  private:
+    int descriptor_ = -1;
+    pid_t process_ = -1;
+    PipeReader parts_;
+};
+
+}  // namespace mergeloom::describe

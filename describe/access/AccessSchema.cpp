@@ -1,0 +1,126 @@
+#include "describe/access/AccessSchema.h"
+
+#include "base/Text.h"
+#include "describe/access/QuerySchema.h"
+#include "describe/access/TableScan.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <utility>
+
+namespace mergeloom::describe::access {
+
+namespace {
+
+constexpr std::int64_t kSystemObject = 0x80000002;
+
+/// The kinds of objects in the catalog.
+enum ObjectType : std::int64_t { kTable = 1, kTableOverOdbc = 4, kQuery = 5, kTableElsewhere = 6 };
+
+/// Returns false for the tables of Access itself, and for objects that were deleted or belong to a form.
+bool isOfUser(const std::string& name, std::int64_t flags) {
+    return (flags & kSystemObject) == 0 && !name.starts_with("MSys") && !name.starts_with('~');
+}
+
+std::string remarkOn(const std::string& column, const std::string& table, const std::string& reason) {
+    return "The column '" + column + "' of '" + table + "' is left out: " + reason;
+}
+
+/// A relation as its rows tell it, a row for each pair of columns.
+struct Relation {
+    std::string from;
+    std::string to;
+    std::map<std::int64_t, std::pair<std::string, std::string>> columns;
+};
+
+class SchemaReader {
+  public:
+    explicit SchemaReader(const AccessFile& file) : file_(file) {}
+
+    AccessSchema read() {
+        TableScan catalog(file_, "MSysObjects", {"Name", "Type", "Flags", "Id"});
+        std::vector<QueryEntry> queries;
+        std::vector<std::string> names;
+        while (catalog.next()) {
+            const std::string name = catalog.text(0);
+            const std::int64_t type = catalog.number(1);
+            const std::int64_t flags = catalog.number(2);
+            if (!isOfUser(name, flags)) continue;
+            if (type == kTable) names.push_back(name);
+            if (type == kQuery) queries.push_back({catalog.number(3), flags, name});
+            if (type == kTableOverOdbc || type == kTableElsewhere)
+                schema_.remarks.push_back("The table '" + name +
+                                          "' is left out: its records are in another database.");
+        }
+        for (const std::string& name : names)
+            readTable(name);
+        readRelations();
+        if (!queries.empty()) describeQueries(file_, queries, schema_);
+        return std::move(schema_);
+    }
+
+  private:
+    void readTable(const std::string& name) {
+        const AccessTable table(file_, name);
+        for (const auto& [column, reason] : table.unreadable())
+            schema_.remarks.push_back(remarkOn(column, name, reason));
+        if (!table.columns().empty())
+            schema_.tables.push_back({TableKind::Table, name, table.columns(), table.keys()});
+    }
+
+    void readRelations() {
+        TableScan rows(file_, "MSysRelationships",
+                       {"szRelationship", "szObject", "szReferencedObject", "icolumn", "szColumn",
+                        "szReferencedColumn"});
+        std::vector<std::pair<std::string, Relation>> relations;
+        while (rows.next()) {
+            const std::string name = rows.text(0);
+            auto found = std::ranges::find(relations, name, &std::pair<std::string, Relation>::first);
+            if (found == relations.end())
+                found = relations.insert(relations.end(), {name, {rows.text(1), rows.text(2), {}}});
+            found->second.columns[rows.number(3)] = {rows.text(4), rows.text(5)};
+        }
+        for (const auto& [name, relation] : relations)
+            addForeignKey(relation);
+    }
+
+    /// Leaves out the relations of tables and columns that are not described.
+    void addForeignKey(const Relation& relation) {
+        Table* const from = tableNamed(relation.from);
+        const Table* const to = tableNamed(relation.to);
+        if (from == nullptr || to == nullptr) return;
+        ForeignKey key{{}, to->name, {}};
+        for (const auto& [place, columns] : relation.columns) {
+            const std::string* const column = columnNamed(*from, columns.first);
+            const std::string* const referred = columnNamed(*to, columns.second);
+            if (column == nullptr || referred == nullptr) return;
+            key.columns.push_back(*column);
+            key.referredColumns.push_back(*referred);
+        }
+        from->foreignKeys.push_back(std::move(key));
+    }
+
+    Table* tableNamed(const std::string& name) {
+        const auto found = std::ranges::find_if(
+            schema_.tables, [&](const Table& table) { return equalsIgnoringCase(table.name, name); });
+        return found == schema_.tables.end() ? nullptr : &*found;
+    }
+
+    static const std::string* columnNamed(const Table& table, const std::string& name) {
+        const auto found = std::ranges::find_if(
+            table.columns, [&](const Column& column) { return equalsIgnoringCase(column.name, name); });
+        return found == table.columns.end() ? nullptr : &found->name;
+    }
+
+    const AccessFile& file_;
+    AccessSchema schema_;
+};
+
+}  // namespace
+
+AccessSchema readSchema(const AccessFile& file) {
+    return SchemaReader(file).read();
+}
+
+}  // namespace mergeloom::describe::access

@@ -1,0 +1,87 @@
+#include "base/AutomationError.h"
+#include "describe/ReaderPipe.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
+#include <functional>
+#include <string>
+
+namespace mergeloom::describe {
+namespace {
+
+/// A pipe whose reader finds its end after the bytes.
+class FullPipe {
+  public:
+    explicit FullPipe(const std::function<void(PipeWriter&)>& write) {
+        EXPECT_EQ(::pipe(ends_.data()), 0);
+        PipeWriter writer(ends_[1]);
+        write(writer);
+        writer.flush();
+        ::close(ends_[1]);
+    }
+    FullPipe(const FullPipe&) = delete;
+    FullPipe& operator=(const FullPipe&) = delete;
+    ~FullPipe() { ::close(ends_[0]); }
+
+    PipeReader reader() const { return PipeReader(ends_[0]); }
+
+  private:
+    std::array<int, 2> ends_{};
+};
+
+TEST(ReaderPipe, BringsTablesAndValues) {
+    Table table{TableKind::View, "Orders"};
+    table.columns.push_back({"Total", "Sum & more", ColumnType::Decimal, 2});
+    table.keys = {{"a", "b"}, {"c"}};
+    table.foreignKeys.push_back({{"x"}, "Towns", {"y"}});
+    const Value values[] = {{},
+                            {Value::Kind::Integer, -7},
+                            {Value::Kind::Real, 0, 0.5},
+                            {Value::Kind::Text, 0, 0, "é"},
+                            {Value::Kind::Bytes, 0, 0, std::string_view("\0x", 2)}};
+    const FullPipe pipe([&](PipeWriter& writer) {
+        writer.message(Message::Table);
+        writer.table(table);
+        for (const Value& value : values)
+            writer.value(value);
+    });
+    PipeReader reader = pipe.reader();
+    EXPECT_EQ(reader.message(), Message::Table);
+    const Table read = reader.table();
+    EXPECT_EQ(read.kind, TableKind::View);
+    EXPECT_EQ(read.name, "Orders");
+    ASSERT_EQ(read.columns.size(), 1U);
+    EXPECT_EQ(read.columns[0].caption, "Sum & more");
+    EXPECT_EQ(read.columns[0].type, ColumnType::Decimal);
+    EXPECT_EQ(read.columns[0].decimals, 2);
+    EXPECT_EQ(read.keys, table.keys);
+    ASSERT_EQ(read.foreignKeys.size(), 1U);
+    EXPECT_EQ(read.foreignKeys[0].referredColumns, std::vector<std::string>{"y"});
+    std::string text;
+    for (const Value& value : values)
+        EXPECT_EQ(reader.value(text), value);
+}
+
+TEST(ReaderPipe, RefusesWhatIsNoMessage) {
+    const std::function<void(PipeWriter&)> wrong[] = {
+        [](PipeWriter&) {},                                                      // ended
+        [](PipeWriter& writer) { writer.message(static_cast<Message>(0x7F)); },  // unknown
+    };
+    for (const auto& write : wrong) {
+        const FullPipe pipe(write);
+        EXPECT_THROW(pipe.reader().message(), AutomationError);
+    }
+    // A text of which a part is missing, and one of a length that no file has.
+    for (const char* const bytes : {"\x05\0\0\0ab", "\xFF\xFF\xFF\x7F"}) {
+        const FullPipe pipe([bytes](PipeWriter& writer) {
+            for (std::size_t place = 0; place < 6; ++place)
+                writer.message(static_cast<Message>(bytes[place]));
+        });
+        EXPECT_THROW(pipe.reader().text(), AutomationError);
+    }
+}
+
+}  // namespace
+}  // namespace mergeloom::describe
