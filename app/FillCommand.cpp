@@ -48,6 +48,7 @@ bool FillCommand::run(std::ostream& report) {
     survey();
     compile();
     checkNames();
+    checkDistinct();
     checkTargets();
     const std::vector<std::string> texts = differences();
     noteDifferences(texts);
@@ -126,7 +127,7 @@ void FillCommand::surveyRecord(const Record& record) {
     try {
         // Also checks records that are not selected, so that runs of parts refuse the same names.
         const std::string path = names_.pathFor(record, records_);
-        taken_.take(path, records_);
+        fingerprints_.note(path, records_);
         checkTarget(fullPath(path));
     } catch (const AutomationError& error) {
         targetRefusal_ = error;
@@ -224,6 +225,19 @@ void FillCommand::checkNames() const {
         "There are " + std::to_string(selectedCount()) + " records for the one file '" + options_.output +
         "'. Name a control in it, such as letter-{" + paths.front().back() +
         (isWorkbook_ ? "}.xlsx, or choose --record N." : "}.docx, or choose --one-document or --record N."));
+}
+
+/// Refuses two records with the same file. Reads the data again if that is likely.
+void FillCommand::checkDistinct() {
+    const std::vector<std::size_t> suspects = std::exchange(fingerprints_, {}).suspects();
+    if (suspects.empty()) return;
+    TakenNames taken;
+    std::size_t number = 0;
+    StructureDocument document;
+    document.Load(options_.dataFile, [&](const Record& record) {
+        if (std::ranges::binary_search(suspects, ++number))
+            taken.take(names_.pathFor(record, number), number);
+    });
 }
 
 void FillCommand::checkTargets() {

@@ -65,6 +65,7 @@ class FillCommand {
     void compile();
     void checkTarget(const std::string& path);
     void checkNames() const;
+    void checkDistinct();
     void checkTargets();
     /// Returns the differences between places and data, as sentences.
     [[nodiscard]] std::vector<std::string> differences() const;
@@ -93,7 +94,7 @@ class FillCommand {
     const TreeNode* object_ = nullptr;
     std::size_t records_ = 0;
     SeenControls seen_;
-    TakenNames taken_;
+    PathFingerprints fingerprints_;
     /// The error of the first file that cannot be written. It is raised after the names of controls are
     /// checked.
     std::optional<AutomationError> targetRefusal_;

@@ -6,6 +6,10 @@
 #include "base/Paths.h"
 #include "base/Text.h"
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
 namespace mergeloom {
 
 namespace {
@@ -72,6 +76,24 @@ void LetterNames::checkParts(const std::string& path, std::size_t number) const 
         refuseName("The " + std::string(isFile ? "file" : "folder") + " name \"" + part + "\" of " +
                    recordText(number) + " is none that every system can hold.");
     }
+}
+
+void PathFingerprints::note(const std::string& path, std::size_t number) {
+    noted_.emplace_back(std::hash<std::string>{}(foldCase(path)), number);
+}
+
+std::vector<std::size_t> PathFingerprints::suspects() {
+    std::ranges::sort(noted_);
+    std::vector<std::size_t> numbers;
+    for (auto first = noted_.begin(); first != noted_.end();) {
+        const auto end =
+            std::find_if(first, noted_.end(), [&](const auto& noted) { return noted.first != first->first; });
+        if (end - first > 1)
+            std::transform(first, end, std::back_inserter(numbers), [](const auto& n) { return n.second; });
+        first = end;
+    }
+    std::ranges::sort(numbers);
+    return numbers;
 }
 
 void TakenNames::take(const std::string& path, std::size_t number) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace mergeloom {
@@ -30,6 +31,19 @@ class LetterNames {
     // The texts before, between and after the controls.
     std::vector<std::string> pieces_;
     std::vector<std::string> controls_;
+};
+
+/// Finds the records whose paths may be the same, in 16 bytes for each, so that a hundred thousand letters
+/// need little memory.
+class PathFingerprints {
+  public:
+    void note(const std::string& path, std::size_t number);
+    /// Returns the numbers of the records whose fingerprint another record has, in ascending order. All other
+    /// records have paths of their own.
+    [[nodiscard]] std::vector<std::size_t> suspects();
+
+  private:
+    std::vector<std::pair<std::size_t, std::size_t>> noted_;  // fingerprint and number
 };
 
 /// Detects records with the same file name. Letter case is ignored, since it is on many disks.

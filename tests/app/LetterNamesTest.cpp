@@ -62,6 +62,15 @@ TEST(LetterNames, RefuseWhatNoFileCanBeNamed) {
     EXPECT_THAT(refusalOf([&] { taken.take("A.docx", 3); }), HasSubstr("two records, 1 and 3"));
 }
 
+TEST(PathFingerprints, LeadToRecordsWithTheSamePath) {
+    PathFingerprints fingerprints;
+    const std::vector<std::string> paths{"c.docx", "A.docx", "b.docx", "C.DOCX",
+                                         "d.docx", "a.docx", "c.docx"};
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        fingerprints.note(paths[i], i + 1);
+    EXPECT_EQ(fingerprints.suspects(), (std::vector<std::size_t>{1, 2, 4, 6, 7}));
+}
+
 TEST(SeenControls, ListEachOnce) {
     SeenControls seen;
     seen.note(
