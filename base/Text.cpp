@@ -96,6 +96,20 @@ std::string fromUtf16(std::u16string_view units) {
     return text;
 }
 
+std::u16string toUtf16(std::string_view text) {
+    std::u16string units;
+    while (!text.empty()) {
+        const char32_t codePoint = takeCodePoint(text);
+        if (U_IS_BMP(codePoint)) {
+            units += static_cast<char16_t>(codePoint);
+        } else {
+            units += static_cast<char16_t>(U16_LEAD(codePoint));
+            units += static_cast<char16_t>(U16_TRAIL(codePoint));
+        }
+    }
+    return units;
+}
+
 CharacterCount utf16Length(std::string_view text) {
     std::int64_t units = 0;
     while (!text.empty()) {

@@ -23,6 +23,8 @@ bool isUtf8(std::string_view text);
 void appendCodePoint(std::string& text, char32_t codePoint);
 /// Converts UTF-16. An unpaired surrogate becomes U+FFFD.
 std::string fromUtf16(std::u16string_view units);
+/// Converts to UTF-16. A byte that is not UTF-8 becomes U+FFFD.
+std::u16string toUtf16(std::string_view text);
 
 /// Returns the number of UTF-16 code units of a text.
 CharacterCount utf16Length(std::string_view text);

@@ -176,9 +176,8 @@ class Description {
 
     void write(ByteSink& sink, const ValueFormat& format) {
         XmlStream xml(sink);
-        const std::string name = fileNameOnly(options_.source);
         xml.markup("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Database Name=\"");
-        xml.text(name.substr(0, name.rfind('.'))).markup("\">\n");
+        xml.text(databaseNameOf(options_.source)).markup("\">\n");
         writeStructure(xml, objects_);
         if (options_.records.limit > 0) writeRecords(xml, format);
         xml.markup("</Database>\n").flush();
@@ -212,7 +211,7 @@ DescribeCommand::DescribeCommand(DescribeOptions options, FileStore& files, cons
     : options_(std::move(options)), files_(files), format_(format), events_(events) {}
 
 void DescribeCommand::list(std::ostream& stream) {
-    const std::unique_ptr<Database> database = openSource(options_.source);
+    const std::unique_ptr<Database> database = openSource(options_.source, events_.askPassword);
     for (const std::string& text : database->remarks())
         events_.remark(text);
     for (const ObjectDesign& object : designObjects(*database))
@@ -220,7 +219,7 @@ void DescribeCommand::list(std::ostream& stream) {
 }
 
 void DescribeCommand::run(ByteSink& standardOutput) {
-    const std::unique_ptr<Database> database = openSource(options_.source);
+    const std::unique_ptr<Database> database = openSource(options_.source, events_.askPassword);
     if (options_.output.empty()) {
         SpoolFile spool;
         Description(options_, *database, nullptr, events_).write(spool, format_);

@@ -3,6 +3,7 @@
 #include "base/FileStore.h"
 #include "base/Progress.h"
 #include "describe/Database.h"
+#include "describe/OdbcSource.h"
 #include "describe/ValueFormat.h"
 
 #include <cstdint>
@@ -35,6 +36,7 @@ struct DescribeOptions {
 struct DescribeEvents {
     std::function<void(const std::string&)> remark;  ///< receives a sentence that the user should read
     std::function<bool()> isStopped;                 ///< returns true if the run is to end without a result
+    PasswordPrompt askPassword;
     Progress& progress;
 };
 

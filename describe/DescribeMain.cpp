@@ -6,6 +6,7 @@
 #include "base/StopSignal.h"
 #include "base/SystemError.h"
 #include "describe/DescribeCommand.h"
+#include "describe/PasswordPrompt.h"
 
 #include <cerrno>
 #include <charconv>
@@ -33,7 +34,8 @@ struct CommandLine {
 constexpr const char* kHelp = R"(Usage: mergeloom-describe SOURCE [OPTION]...
 Describes a database by a structure document, from which mergeloom makes templates.
 
-  SOURCE              a database file of SQLite or Access (.mdb, .accdb)
+  SOURCE              a database file of SQLite or Access (.mdb, .accdb), or a
+                      database of ODBC: odbc:DSN=shop
 
   --object NAME       describe this object only: Orders, "Form Orders"; may be
                       given several times
@@ -134,7 +136,7 @@ void describe(const CommandLine& line, const Streams& streams) {
     const ValueFormat format(conventionsOfLocale());
     const std::unique_ptr<Progress> progress = makeProgress(streams);
     const DescribeEvents events{remarksTo(streams.errors), [] { return StopSignal::received() != 0; },
-                                *progress};
+                                askPasswordOnTerminal, *progress};
     DescribeCommand command(line.options, files, format, events);
     if (line.task == Task::List) return command.list(streams.output);
     OutputSink output(streams.output);

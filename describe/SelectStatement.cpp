@@ -12,7 +12,7 @@ namespace {
 /// tables of the lookups.
 class StatementBuilder {
   public:
-    StatementBuilder(const RowQuery& query, std::string_view mark) : query_(query), mark_(mark) {}
+    StatementBuilder(const RowQuery& query, const SqlNames& names) : query_(query), names_(names) {}
 
     std::string build() {
         selectColumns();
@@ -25,7 +25,10 @@ class StatementBuilder {
 
   private:
     [[nodiscard]] std::string name(char kind, std::size_t number, const std::string& column) const {
-        return kind + std::to_string(number) + '.' + quotedName(column, mark_);
+        return kind + std::to_string(number) + '.' + quotedName(column, names_.mark);
+    }
+    [[nodiscard]] std::string tableName(const std::string& table) const {
+        return names_.table ? names_.table(table) : quotedName(table, names_.mark);
     }
 
     void add(const std::string& column) {
@@ -50,13 +53,13 @@ class StatementBuilder {
         for (std::size_t number = 0; number < query_.lookups.size(); ++number)
             add(name('l', number, query_.lookups[number].shownColumn));
         addKeys();
-        statement_ += " FROM " + quotedName(query_.table, mark_) + " t0";
+        statement_ += " FROM " + tableName(query_.table) + " t0";
     }
 
     void join() {
         for (std::size_t number = 0; number < query_.joins.size(); ++number) {
             const Join& join = query_.joins[number];
-            statement_ += " JOIN " + quotedName(join.table, mark_) + " t" + std::to_string(number + 1);
+            statement_ += " JOIN " + tableName(join.table) + " t" + std::to_string(number + 1);
             separator_ = " ON ";
             for (std::size_t part = 0; part < join.columns.size(); ++part) {
                 statement_ += separator_ + name('t', number, join.columns[part]) + " = " +
@@ -69,9 +72,8 @@ class StatementBuilder {
     void lookUp() {
         for (std::size_t number = 0; number < query_.lookups.size(); ++number) {
             const Lookup& lookup = query_.lookups[number];
-            statement_ += " LEFT JOIN " + quotedName(lookup.table, mark_) + " l" + std::to_string(number) +
-                          " ON " + name('t', 0, lookup.column) + " = " +
-                          name('l', number, lookup.referredColumn);
+            statement_ += " LEFT JOIN " + tableName(lookup.table) + " l" + std::to_string(number) + " ON " +
+                          name('t', 0, lookup.column) + " = " + name('l', number, lookup.referredColumn);
         }
     }
 
@@ -86,7 +88,7 @@ class StatementBuilder {
     }
 
     const RowQuery& query_;
-    std::string_view mark_;
+    const SqlNames& names_;
     std::string statement_;
     std::string separator_;
 };
@@ -98,8 +100,8 @@ std::string quotedName(std::string_view name, std::string_view mark) {
     return once + replaceAll(name, mark, once + once) + once;
 }
 
-std::string selectStatement(const RowQuery& query, std::string_view mark) {
-    return StatementBuilder(query, mark).build();
+std::string selectStatement(const RowQuery& query, const SqlNames& names) {
+    return StatementBuilder(query, names).build();
 }
 
 }  // namespace mergeloom::describe

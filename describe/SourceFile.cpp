@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "base/SystemError.h"
 #include "describe/AccessDatabase.h"
+#include "describe/OdbcDatabase.h"
 #include "describe/SqliteDatabase.h"
 
 #include <algorithm>
@@ -43,7 +44,8 @@ bool isAccess(std::string_view bytes) {
 
 }  // namespace
 
-std::unique_ptr<Database> openSource(const std::string& source) {
+std::unique_ptr<Database> openSource(const std::string& source, const PasswordPrompt& askPassword) {
+    if (isOdbcSource(source)) return openOdbc(source, askPassword);
     const std::string path = fullPath(source);
     if (folderExists(path)) refuse(source, "is a folder.");
     if (!fileExists(path)) refuse(source, "does not exist.");
@@ -52,6 +54,11 @@ std::unique_ptr<Database> openSource(const std::string& source) {
     if (bytes.starts_with(kSqliteMark)) return openSqlite(path);
     if (isAccess(bytes)) return openAccess(path);
     refuse(source, "is no database of SQLite or Access, or it is encrypted.");
+}
+
+std::string databaseNameOf(const std::string& source) {
+    const std::string name = isOdbcSource(source) ? odbcDatabaseName(source) : fileNameOnly(source);
+    return name.substr(0, name.rfind('.'));
 }
 
 }  // namespace mergeloom::describe

@@ -95,6 +95,8 @@ LIBRARIES = {
     "chm_lib.h": ["ui/help"],
     "sqlite3.h": ["describe"],
     "mdbtools.h": ["describe/access"],
+    "sql.h": ["describe"],
+    "sqlext.h": ["describe"],
     "Q": ["ui/services", "ui/dialogs", "ui/help", "ui/designer"],
     **{library: ["office/libreoffice/" + floor for floor in (
         "session", "readback", "word", "job", "inside", "remote", "excel", "host",
@@ -115,6 +117,7 @@ LIBRARY_NAMES = {
     "libdeflate.h": r"libdeflate_\w+",
     "X11/": r"xcb_\w+",
     "sqlite3.h": r"sqlite3_\w+",
+    "sql.h": r"SQL[A-Z]\w+|SQL_\w+",
     "mdbtools.h": r"mdb_\w+|Mdb[A-Z]\w+|MDB_\w+",
     "chm_lib.h": r"chm_\w+|chmFile|chmUnitInfo",
     "Q": r"Q[A-Z][a-z]\w+",

@@ -53,6 +53,8 @@ TEST(Text, WritesCodePointsAndUtf16) {
     EXPECT_EQ(fromUtf16(u"a€😀"), "a€😀");
     const std::u16string halves = {0xD83D, u'a', 0xDE00, 0xD83D};
     EXPECT_EQ(fromUtf16(halves), "\uFFFDa\uFFFD\uFFFD");
+    EXPECT_EQ(toUtf16("a€😀"), u"a€😀");
+    EXPECT_EQ(toUtf16("a\xFFz"), u"a\uFFFDz");
 }
 
 TEST(Text, CountsUtf16UnitsOfLongTexts) {

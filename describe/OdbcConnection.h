@@ -1,0 +1,83 @@
+#pragma once
+
+#include "describe/Database.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mergeloom::describe {
+
+/// An error of a driver.
+struct OdbcError {
+    std::string state{};     ///< SQLSTATE
+    std::string sentence{};  ///< one line
+};
+
+/// A connection to a database of ODBC.
+class OdbcConnection {
+  public:
+    /// Raises OdbcError.
+    explicit OdbcConnection(const std::string& connectionString);
+    OdbcConnection(const OdbcConnection&) = delete;
+    OdbcConnection& operator=(const OdbcConnection&) = delete;
+    ~OdbcConnection();
+
+    /// Returns the text of an information or an attribute by its number in ODBC; empty if there is none.
+    [[nodiscard]] std::string information(unsigned short number) const;
+    [[nodiscard]] std::string attribute(int number) const;
+    [[nodiscard]] void* handle() const { return connection_; }
+
+  private:
+    void* environment_ = nullptr;
+    void* connection_ = nullptr;
+};
+
+/// A statement and its rows. Numbers and dates are texts, as the driver writes them.
+class OdbcStatement {
+  public:
+    /// Raises OdbcError.
+    explicit OdbcStatement(std::shared_ptr<OdbcConnection> connection);
+    OdbcStatement(const OdbcStatement&) = delete;
+    OdbcStatement& operator=(const OdbcStatement&) = delete;
+    ~OdbcStatement();
+
+    /// Limits the number of rows that the next execution returns.
+    void limitRows(std::size_t rows);
+    /// Sets the only parameter to a value of a type of ODBC.
+    void bind(const std::string& value, int type);
+    /// Raises OdbcError.
+    void execute(const std::string& sql);
+
+    /// List parts of the catalog as rows with the columns that ODBC lays down for SQLTables, SQLColumns,
+    /// SQLPrimaryKeys, SQLStatistics (unique indexes only) and SQLForeignKeys (of the table that has them).
+    /// An empty text is left to the driver; "%" in place of schemas stands for any. Raise OdbcError.
+    void listTables(const std::string& catalog);
+    void listColumns(const std::string& catalog, const std::string& schemas);
+    void listPrimaryKey(const std::string& catalog, const std::string& schema, const std::string& table);
+    void listUniqueIndexes(const std::string& catalog, const std::string& schema, const std::string& table);
+    void listForeignKeys(const std::string& catalog, const std::string& schema, const std::string& table);
+
+    /// Moves to the next row and reads it. Raises OdbcError.
+    bool next();
+    /// Returns a value of the current row, whose text is valid until the next one.
+    [[nodiscard]] const Value& value(std::size_t column) const { return values_[column]; }
+    [[nodiscard]] std::string text(std::size_t column) const { return std::string(values_[column].text); }
+    [[nodiscard]] int number(std::size_t column) const;
+
+  private:
+    void check(short result) const;
+    void prepareRows();
+    void readValue(std::size_t column);
+
+    std::shared_ptr<OdbcConnection> connection_;
+    void* statement_ = nullptr;
+    std::u16string parameter_;
+    std::vector<Value::Kind> kinds_;
+    std::vector<std::string> texts_;
+    std::vector<Value> values_;
+};
+
+}  // namespace mergeloom::describe

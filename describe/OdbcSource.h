@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// What a user writes to name a database of ODBC: "odbc:DSN=shop;UID=clerk".
+namespace mergeloom::describe {
+
+/// Asks the user for a password. Returns none if there is nobody to ask.
+using PasswordPrompt = std::function<std::optional<std::string>()>;
+
+/// Returns true for a source that names a database of ODBC.
+bool isOdbcSource(std::string_view source);
+
+/// Returns the connection string of a source. Raises kOptionNotUnderstood if it has a password, which other
+/// users of the machine could read.
+std::string odbcConnectionString(std::string_view source);
+
+/// Returns the name by which a person knows the database: its data source, or the last part of its file's
+/// path.
+std::string odbcDatabaseName(std::string_view source);
+
+/// Returns a connection string with a password.
+std::string withPassword(const std::string& connectionString, const std::string& password);
+
+}  // namespace mergeloom::describe
