@@ -101,15 +101,34 @@ void WorkbookContent::setText(std::size_t sheetIndex, const excel::CellPosition&
     SheetContent& content = sheet(sheetIndex);
     if (content.merged().isCovered(cell)) return;
     if (utf16Length(text) > excel::kMaxCellText) refuse("A cell cannot hold a text of that length.");
-    const StoredCell stored = content.part().cell(cell);
-    checkMayWrite(content, cell, stored);
-    touch();
+    const StoredCell stored = prepareWriting(content, cell);
     const std::string written = content.tables().allowedText(cell, text);
     content.part().setText(cell, written);
     content.tables().textWasSet(cell, written);
+    if (!stored.formula.empty()) calculationChain_.remove(content.entry().sheetId, cell);
+}
+
+void WorkbookContent::setContent(std::size_t sheetIndex, const excel::CellPosition& cell,
+                                 const CellContent& content) {
+    SheetContent& sheetContent = sheet(sheetIndex);
+    const StoredCell stored = prepareWriting(sheetContent, cell);
+    if (sheetContent.tables().isHeader(cell)) {
+        refuse("The cell " + addressOf(cell) + " of the sheet '" + sheetContent.entry().name +
+               "' is in the header of a table, which has to be a text.");
+    }
+    sheetContent.part().setContent(cell, content);
+    const bool hasFormula = !sheetContent.part().cell(cell).formula.empty();
+    if (!stored.formula.empty() && !hasFormula) calculationChain_.remove(sheetContent.entry().sheetId, cell);
+    if (hasFormula && stored.formula.empty()) calculationChain_.clear();
+}
+
+StoredCell WorkbookContent::prepareWriting(SheetContent& sheet, const excel::CellPosition& cell) {
+    StoredCell stored = sheet.part().cell(cell);
+    checkMayWrite(sheet, cell, stored);
+    touch();
     // Any formula may refer to the cell, so the stored results may be outdated.
     if (hasCalculated_) workbook_.calculateOnLoad();
-    if (!stored.formula.empty()) calculationChain_.remove(content.entry().sheetId, cell);
+    return stored;
 }
 
 void WorkbookContent::fill(std::size_t sheetIndex, const excel::CellArea& area, const std::string& text) {

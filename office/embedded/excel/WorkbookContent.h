@@ -53,6 +53,11 @@ class WorkbookContent {
     /// Writes a text into a cell; a cell that is covered by merged cells stays as it is. Raises
     /// kApplicationDefined, with a sentence for the user, for a cell that must not be written.
     void setText(std::size_t sheet, const excel::CellPosition& cell, const std::string& text);
+    /// Replaces the content of a cell, which the caller writes with the names of the sheet's part: a number,
+    /// a formula with its result, a text with formats, or nothing. Raises kApplicationDefined, with a
+    /// sentence for the user, for a cell that must not be written, and for a cell in the header of a table,
+    /// which can only be a text.
+    void setContent(std::size_t sheet, const excel::CellPosition& cell, const CellContent& content);
     /// Writes a text into all cells of an area. Raises the errors of setText, and kApplicationDefined for an
     /// area with too many cells.
     void fill(std::size_t sheet, const excel::CellArea& area, const std::string& text);
@@ -66,6 +71,8 @@ class WorkbookContent {
     void storeParts();
 
   private:
+    /// Returns what the cell contains. Raises the errors of checkMayWrite.
+    StoredCell prepareWriting(SheetContent& sheet, const excel::CellPosition& cell);
     void checkMayWrite(SheetContent& sheet, const excel::CellPosition& cell, const StoredCell& stored) const;
 
     opc::Package package_;

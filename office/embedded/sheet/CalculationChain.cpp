@@ -81,6 +81,15 @@ void CalculationChain::removeEntry(CellKey key, pugi::xml_node entry) {
     });
 }
 
+void CalculationChain::clear() {
+    load();
+    while (!entries_.empty()) {
+        const auto [key, entry] = *entries_.begin();
+        entries_.erase(entries_.begin());
+        removeEntry(key, entry);
+    }
+}
+
 void CalculationChain::store() {
     if (!state_.isDirty()) return;
     childNamed(part_->root(), "c") ? put() : drop();

@@ -55,6 +55,14 @@ bool needsPreserve(std::string_view text) {
                              kWhiteSpace.find(text.back()) != std::string_view::npos);
 }
 
+std::string assembled(XmlTag& tag, const std::string& type, const std::string& content,
+                      const CellXml& former) {
+    if (!type.empty()) tag.set("t", type);
+    if (content.empty() && former.extensions.empty()) return tag.emptyTag();
+    std::string xml = tag.startTag() + content;
+    return xml.append(former.extensions).append(tag.endTag());
+}
+
 }  // namespace
 
 CellXml splitCell(std::string_view cell, std::string_view prefix) {
@@ -91,14 +99,34 @@ std::string inlineTextXml(std::string_view text, const std::string& prefix) {
 }
 
 std::string withText(std::string_view cell, std::string_view text, std::string_view prefix) {
+    return withContent(cell, "inlineStr", inlineTextXml(text, std::string(prefix)), prefix);
+}
+
+std::string withContent(std::string_view cell, const std::string& type, const std::string& content,
+                        std::string_view prefix) {
     const CellXml parts = splitCell(cell, prefix);
     XmlTag tag(parts.tag);
     // Metadata describes the content that is replaced.
     for (const std::string_view name : {"t", "cm", "vm"})
         tag.remove(name);
-    tag.set("t", "inlineStr");
-    std::string xml = tag.startTag() + inlineTextXml(text, std::string(prefix));
-    return xml.append(parts.extensions).append(tag.endTag());
+    return assembled(tag, type, content, parts);
+}
+
+std::string withResult(std::string_view cell, const std::string& type, const std::string& value,
+                       std::string_view prefix) {
+    const CellXml parts = splitCell(cell, prefix);
+    XmlTag tag(parts.tag);
+    tag.remove("t");
+    return assembled(tag, type, std::string(parts.formula) + value, parts);
+}
+
+std::string withStyle(std::string_view cell, int style) {
+    XmlScanner scanner(cell);
+    scanner.next();
+    XmlTag tag(scanner.tag());
+    tag.set("s", std::to_string(style));
+    const bool isEmpty = scanner.kind() == TagKind::Empty;
+    return (isEmpty ? tag.emptyTag() : tag.startTag()).append(cell.substr(scanner.end()));
 }
 
 std::string withFormula(std::string_view cell, std::string_view formula, std::string_view prefix) {

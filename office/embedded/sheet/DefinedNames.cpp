@@ -82,8 +82,8 @@ std::optional<std::size_t> DefinedNames::find(const std::string& name, int sheet
     return found->second;
 }
 
-std::size_t DefinedNames::define(const std::string& name, const std::string& formula) {
-    const std::optional<std::size_t> former = find(name);
+std::size_t DefinedNames::define(const std::string& name, const std::string& formula, int sheet) {
+    const std::optional<std::size_t> former = find(name, sheet);
     if (former) {
         setFormula(*former, formula);
         return *former;
@@ -92,7 +92,7 @@ std::size_t DefinedNames::define(const std::string& name, const std::string& for
         throw AutomationError(kApplicationDefined,
                               "'" + name + "' cannot be the name of a place in a workbook.");
     }
-    return append(name, formula);
+    return append(name, formula, sheet);
 }
 
 void DefinedNames::setFormula(std::size_t index, const std::string& formula) {
@@ -100,12 +100,13 @@ void DefinedNames::setFormula(std::size_t index, const std::string& formula) {
     if (textOf(node) != formula) setText(node, formula, state_);
 }
 
-std::size_t DefinedNames::append(const std::string& name, const std::string& formula) {
+std::size_t DefinedNames::append(const std::string& name, const std::string& formula, int sheet) {
     pugi::xml_node names = ensureList();
     pugi::xml_node node = names.append_child(qualifiedName(names, "definedName").c_str());
     node.append_attribute("name").set_value(name.c_str());
+    if (sheet != kWorkbook) node.append_attribute("localSheetId").set_value(sheet);
     node.append_child(pugi::node_pcdata).set_value(formula.c_str());
-    list(node, kWorkbook);
+    list(node, sheet);
     state_.change([this, node] { undoAppend(node); });
     return nodes_.size() - 1;
 }
@@ -123,7 +124,7 @@ pugi::xml_node DefinedNames::ensureList() {
 }
 
 void DefinedNames::undoAppend(pugi::xml_node node) {
-    unlist(indexes_.at(keyOf(nameOf(node), kWorkbook)));
+    unlist(indexes_.at(keyOf(nameOf(node), knownScopeOf(node))));
     part_.detachedNodes().append_move(node);
 }
 

@@ -37,9 +37,9 @@ class DefinedNames {
     [[nodiscard]] std::size_t count() const;
     [[nodiscard]] Entry at(std::size_t index) const;
     [[nodiscard]] std::optional<std::size_t> find(const std::string& name, int sheet = kWorkbook) const;
-    /// Defines or redefines a name of the workbook and returns its index. Raises kApplicationDefined for an
-    /// invalid name.
-    std::size_t define(const std::string& name, const std::string& formula);
+    /// Defines or redefines a name of the workbook, or of a sheet, and returns its index. Raises
+    /// kApplicationDefined for an invalid name.
+    std::size_t define(const std::string& name, const std::string& formula, int sheet = kWorkbook);
     void setFormula(std::size_t index, const std::string& formula);
     void remove(std::size_t index);
     /// Returns the smallest number n from 1 for which no name of the workbook is stem followed by n. Later
@@ -48,7 +48,7 @@ class DefinedNames {
 
   private:
     void list(pugi::xml_node node, int sheet);
-    std::size_t append(const std::string& name, const std::string& formula);
+    std::size_t append(const std::string& name, const std::string& formula, int sheet);
     pugi::xml_node ensureList();
     void removeEmptyList(pugi::xml_node names);
     void undoAppend(pugi::xml_node node);

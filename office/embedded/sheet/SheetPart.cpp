@@ -58,6 +58,12 @@ std::optional<double> storedHeight(std::string_view rowXml) {
     return parseHeight(findAttribute(scanner.attributes(), "ht").value_or(""));
 }
 
+/// Returns true if an edit gives a cell other content.
+bool replacesContent(const SheetState& state, const excel::CellPosition& cell) {
+    const CellEdit* const edit = state.edits.find(cell);
+    return edit != nullptr && edit->kind != CellEdit::Kind::None && edit->kind != CellEdit::Kind::Result;
+}
+
 /// Visits the rows that have a height of their own or are hidden, with their edits, in order.
 void visitRowHeights(const SheetState& sheet, const std::function<void(const StoredRowHeight&)>& visit) {
     auto edit = sheet.edits.rows().begin();
@@ -82,8 +88,10 @@ class SheetPart::Data {
     Data(std::string xml, std::string part, UndoLog& log)
         : state(std::move(xml)), partName(std::move(part)), undo_(log) {}
 
-    /// Replaces the edit of a cell.
+    /// Replaces the edit of a cell. Its new style stays, unless there is a newer one.
     void change(const excel::CellPosition& cell, std::optional<CellEdit> edit) {
+        const CellEdit* const known = state.edits.find(cell);
+        if (known != nullptr && edit && !edit->style) edit->style = known->style;
         record(
             [this, cell](std::optional<CellEdit> former) { state.edits.exchange(cell, std::move(former)); },
             state.edits.exchange(cell, std::move(edit)));
@@ -92,6 +100,15 @@ class SheetPart::Data {
     void changeHeight(int row, double points) {
         record([this, row](std::optional<double> former) { state.edits.exchangeHeight(row, former); },
                state.edits.exchangeHeight(row, points));
+    }
+
+    void changeAttribute(int row, const std::string& name, const std::optional<std::string>& value) {
+        const auto edits = state.edits.rows().find(row);
+        AttributeEdits attributes =
+            edits == state.edits.rows().end() ? AttributeEdits() : edits->second.attributes;
+        attributes[name] = value;
+        record([this, row](AttributeEdits former) { state.edits.exchangeAttributes(row, std::move(former)); },
+               state.edits.exchangeAttributes(row, std::move(attributes)));
     }
 
     void changeSection(const std::string& name, std::string xml) {
@@ -103,6 +120,13 @@ class SheetPart::Data {
     void declare(const std::string& prefix, const std::string& uri) {
         state.root.declare(prefix, uri);
         record([this](const std::string& declared) { state.root.undoDeclaration(declared); }, prefix);
+    }
+
+    /// Replaces the content of a cell. A new cell takes the format of its row or its column.
+    void replaceContent(const excel::CellPosition& cell, CellEdit edit) {
+        if (state.cells.stored(cell).empty()) edit.newStyle = styleOfNewCell(state, cell);
+        promoteSuccessor(cell);
+        change(cell, std::move(edit));
     }
 
     /// Makes another cell the master of a shared formula before its master is overwritten.
@@ -191,18 +215,54 @@ StoredCell SheetPart::cell(const excel::CellPosition& position) const {
     const std::string xml = state.cells.current(position);
     StoredCell cell = readCell(xml, state.index.prefix);
     cell.formula = formulaOf(state, position, xml);
-    if (cell.arrayArea || state.edits.find(position)) return cell;
+    if (cell.arrayArea || replacesContent(state, position)) return cell;
     const std::optional<excel::CellArea> array = state.index.arrays.find(position);
     // An array formula ends when its first cell is overwritten.
-    if (array && !state.edits.find(array->first)) cell.arrayArea = array;
+    if (array && !replacesContent(state, array->first)) cell.arrayArea = array;
     return cell;
 }
 
 void SheetPart::setText(const excel::CellPosition& position, const std::string& text) {
-    const SheetState& state = data_->state;
-    CellEdit edit{CellEdit::Kind::Text, text};
-    if (state.cells.stored(position).empty()) edit.newStyle = styleOfNewCell(state, position);
-    data_->promoteSuccessor(position);
+    data_->replaceContent(position, {CellEdit::Kind::Text, text});
+}
+
+void SheetPart::setContent(const excel::CellPosition& position, const CellContent& content) {
+    CellEdit edit{CellEdit::Kind::Content, content.xml};
+    edit.type = content.type;
+    data_->replaceContent(position, std::move(edit));
+}
+
+void SheetPart::setResult(const excel::CellPosition& position, const CellContent& result) {
+    const std::string xml = data_->state.cells.current(position);
+    const CellXml parts = splitCell(xml, data_->state.index.prefix);
+    if (parts.formula.empty() || parts.value.empty()) return;
+    CellEdit edit{CellEdit::Kind::Result, result.xml};
+    edit.type = result.type;
+    data_->change(position, std::move(edit));
+}
+
+bool SheetPart::hasCell(const excel::CellPosition& position) const {
+    return !data_->state.cells.current(position).empty();
+}
+
+int SheetPart::styleAt(const excel::CellPosition& position) const {
+    const std::string xml = data_->state.cells.current(position);
+    return xml.empty() ? styleOfNewCell(data_->state, position)
+                       : readCell(xml, data_->state.index.prefix).style;
+}
+
+std::optional<int> SheetPart::rowStyle(int row) const {
+    return styleOfRow(data_->state, row);
+}
+
+int SheetPart::columnStyle(int column) const {
+    return styleOfColumn(data_->state, column);
+}
+
+void SheetPart::setStyle(const excel::CellPosition& position, int style) {
+    const CellEdit* const former = data_->state.edits.find(position);
+    CellEdit edit = former == nullptr ? CellEdit{CellEdit::Kind::None} : *former;
+    edit.style = style;
     data_->change(position, std::move(edit));
 }
 
@@ -230,6 +290,10 @@ void SheetPart::forEachRowHeight(const std::function<void(const StoredRowHeight&
 
 void SheetPart::setRowHeight(int row, double points) {
     data_->changeHeight(row, points);
+}
+
+void SheetPart::setRowAttribute(int row, const std::string& name, const std::optional<std::string>& value) {
+    data_->changeAttribute(row, name, value);
 }
 
 bool SheetPart::isDirty() const {

@@ -24,6 +24,12 @@ struct StoredCell {
     std::optional<excel::CellArea> arrayArea{};
 };
 
+/// The elements of a cell's content, as the part writes them, and their type.
+struct CellContent {
+    std::string type{};  ///< the value of the attribute t (ST_CellType); empty for a number or for no content
+    std::string xml{};
+};
+
 /// A row with a height of its own.
 struct StoredRowHeight {
     int row = 0;
@@ -62,6 +68,20 @@ class SheetPart {
     /// that of its row, else that of its column. When a formula is overwritten, the caller updates the
     /// calculation chain; a shared formula with other members is promoted to the first of them.
     void setText(const excel::CellPosition& position, const std::string& text);
+    /// Replaces the cell's content, which the caller writes with the names of elementName. Otherwise as
+    /// setText.
+    void setContent(const excel::CellPosition& position, const CellContent& content);
+    /// Replaces the stored result of the cell's formula, which stays. Does nothing if the cell has no result.
+    void setResult(const excel::CellPosition& position, const CellContent& result);
+
+    /// Returns true if the part contains the cell, even an empty one.
+    [[nodiscard]] bool hasCell(const excel::CellPosition& position) const;
+    /// Returns the index of the cell's format: its own, else that of its row, else that of its column.
+    [[nodiscard]] int styleAt(const excel::CellPosition& position) const;
+    /// Returns the index of the format of a row's new cells; none if the row has no format of its own.
+    [[nodiscard]] std::optional<int> rowStyle(int row) const;
+    [[nodiscard]] int columnStyle(int column) const;
+    void setStyle(const excel::CellPosition& position, int style);
 
     /// Returns the smallest area that contains all cells; nothing if the sheet has none.
     [[nodiscard]] std::optional<excel::CellArea> usedArea() const;
@@ -70,6 +90,9 @@ class SheetPart {
     void forEachRowHeight(const std::function<void(const StoredRowHeight&)>& visit) const;
     /// Sets a custom height of a row (customHeight); a hidden row is shown again.
     void setRowHeight(int row, double points);
+    /// Sets an attribute of a row (CT_Row, ECMA-376 Part 1, 18.3.1.73), or removes it. The value must not
+    /// need escaping.
+    void setRowAttribute(int row, const std::string& name, const std::optional<std::string>& value);
 
     [[nodiscard]] bool isDirty() const;
     /// Returns the part with its edits.

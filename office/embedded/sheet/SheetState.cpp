@@ -30,9 +30,16 @@ std::optional<double> CellEdits::exchangeHeight(int row, std::optional<double> h
     return former;
 }
 
+AttributeEdits CellEdits::exchangeAttributes(int row, AttributeEdits attributes) {
+    AttributeEdits former = std::exchange(rows_[row].attributes, std::move(attributes));
+    dropIfEmpty(row);
+    return former;
+}
+
 void CellEdits::dropIfEmpty(int row) {
     const auto found = rows_.find(row);
-    if (found->second.cells.empty() && !found->second.height) rows_.erase(found);
+    const RowEdits& edits = found->second;
+    if (edits.cells.empty() && !edits.height && edits.attributes.empty()) rows_.erase(found);
 }
 
 SheetCells::SheetCells(std::string_view xml, const SheetIndex& index, const CellEdits& edits)
@@ -57,11 +64,30 @@ std::string SheetCells::current(const excel::CellPosition& cell) const {
 
 std::string SheetCells::edited(std::string_view stored, const excel::CellPosition& cell,
                                const CellEdit& edit) const {
-    if (edit.kind == CellEdit::Kind::Formula) return withFormula(stored, edit.content, index_.prefix);
-    if (!stored.empty()) return withText(stored, edit.content, index_.prefix);
-    std::string tag = "<" + index_.prefix + "c r=\"" + addressOf(cell) + "\"";
-    if (edit.newStyle != 0) tag += " s=\"" + std::to_string(edit.newStyle) + "\"";
-    return withText(tag + "/>", edit.content, index_.prefix);
+    std::string former(stored);
+    if (former.empty()) {
+        former = "<" + index_.prefix + "c r=\"" + addressOf(cell) + "\"";
+        if (edit.newStyle != 0) former += " s=\"" + std::to_string(edit.newStyle) + "\"";
+        former += "/>";
+    }
+    std::string now = withEditedContent(former, edit);
+    return edit.style ? withStyle(now, *edit.style) : now;
+}
+
+std::string SheetCells::withEditedContent(const std::string& cell, const CellEdit& edit) const {
+    switch (edit.kind) {
+        case CellEdit::Kind::Text:
+            return withText(cell, edit.content, index_.prefix);
+        case CellEdit::Kind::Formula:
+            return withFormula(cell, edit.content, index_.prefix);
+        case CellEdit::Kind::Content:
+            return withContent(cell, edit.type, edit.content, index_.prefix);
+        case CellEdit::Kind::Result:
+            return withResult(cell, edit.type, edit.content, index_.prefix);
+        case CellEdit::Kind::None:
+            break;
+    }
+    return cell;
 }
 
 void SheetCells::forEachIn(const excel::CellArea& area, const Visit& visit) const {

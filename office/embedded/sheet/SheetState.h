@@ -13,20 +13,29 @@
 
 namespace mergeloom::embedded {
 
-/// The new content of a cell.
+/// The new content of a cell, its new style, or both.
 struct CellEdit {
     enum class Kind {
-        Text,    ///< a text replaces all of the cell's content
-        Formula  ///< another formula element replaces the cell's own
+        Text,     ///< a text replaces all of the cell's content
+        Formula,  ///< another formula element replaces the cell's own
+        Content,  ///< other elements replace the cell's own, except its extensions
+        Result,   ///< another value replaces that of a formula
+        None      ///< the content stays
     };
     Kind kind = Kind::Text;
     std::string content{};
-    int newStyle = 0;  ///< the style of a cell that the part does not contain
+    int newStyle = 0;            ///< the style of a cell that the part does not contain
+    std::string type{};          ///< of a Content or Result, the attribute t; empty for a number
+    std::optional<int> style{};  ///< replaces the style of any cell
 };
+
+/// New values of attributes by their names; none removes an attribute.
+using AttributeEdits = std::map<std::string, std::optional<std::string>, std::less<>>;
 
 struct RowEdits {
     std::map<int, CellEdit> cells{};  ///< by column
     std::optional<double> height{};   ///< points
+    AttributeEdits attributes{};      ///< applied after the height
 };
 
 /// The changed cells and rows of a sheet.
@@ -39,6 +48,8 @@ class CellEdits {
     /// Replaces the edit of a cell and returns the former one; an empty one removes it.
     std::optional<CellEdit> exchange(const excel::CellPosition& cell, std::optional<CellEdit> edit);
     std::optional<double> exchangeHeight(int row, std::optional<double> height);
+    /// Replaces all edits of a row's attributes and returns the former ones.
+    AttributeEdits exchangeAttributes(int row, AttributeEdits attributes);
 
   private:
     void dropIfEmpty(int row);
@@ -68,6 +79,8 @@ class SheetCells {
     [[nodiscard]] std::string_view rowTag(int row) const;
 
   private:
+    [[nodiscard]] std::string withEditedContent(const std::string& cell, const CellEdit& edit) const;
+
     std::string_view xml_;
     const SheetIndex& index_;
     const CellEdits& edits_;

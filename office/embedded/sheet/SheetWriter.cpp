@@ -79,6 +79,17 @@ void setHeight(XmlTag& row, double points) {
     row.remove("hidden");
 }
 
+void applyEdits(XmlTag& row, const RowEdits& edits) {
+    if (edits.height) setHeight(row, *edits.height);
+    for (const auto& [name, value] : edits.attributes) {
+        if (value) {
+            row.set(name, *value);
+        } else {
+            row.remove(name);
+        }
+    }
+}
+
 /// Widens the attribute that lists the columns in use; it may contain several pieces ("1:3 7:9").
 void widenSpans(XmlTag& row, const RowEdits& edits) {
     const std::optional<std::string_view> spans = findAttribute(row.attributes(), "spans");
@@ -118,7 +129,7 @@ std::string RowWriter::newSheetData() const {
 
 std::string RowWriter::newRow(int number, const RowEdits& edits) const {
     XmlTag row("<" + index_.prefix + "row r=\"" + std::to_string(number) + "\"/>");
-    if (edits.height) setHeight(row, *edits.height);
+    applyEdits(row, edits);
     if (edits.cells.empty()) return row.emptyTag();
     return row.startTag() + newCells(number, edits) + row.endTag();
 }
@@ -134,7 +145,7 @@ void RowWriter::changeRow(XmlSplicer& splicer, const IndexedRow& row, const RowE
     const std::string_view oldTag = cells_.rowTag(row.number);
     const std::size_t tagEnd = row.range.begin + oldTag.size();
     XmlTag tag(oldTag);
-    if (edits.height) setHeight(tag, *edits.height);
+    applyEdits(tag, edits);
     widenSpans(tag, edits);
     if (oldTag.ends_with("/>") && !edits.cells.empty()) {
         const std::string xml = tag.startTag() + newCells(row.number, edits) + tag.endTag();
