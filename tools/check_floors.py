@@ -35,8 +35,8 @@ FLOORS = {
         "office/formats", "base",
     ],
     "office/graft": [
-        "office/embedded/word", "office/embedded/text", "office/embedded/parts", "office/opc", "office/model",
-        "office/formats", "base",
+        "office/embedded/word", "office/embedded/text", "office/embedded/excel", "office/embedded/sheet",
+        "office/embedded/parts", "office/opc", "office/model", "office/formats", "base",
     ],
     "office/libreoffice/entry": ["office/model", "base"],
     "office/libreoffice/calls": ["office/opc", "office/model", "base"],

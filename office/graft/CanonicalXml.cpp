@@ -86,4 +86,9 @@ std::string CanonicalXml::attributesOf(pugi::xml_node element) const {
     return text;
 }
 
+const CanonicalXml& plainXml() {
+    static const CanonicalXml kPlain{{}, {}};
+    return kPlain;
+}
+
 }  // namespace mergeloom::graft

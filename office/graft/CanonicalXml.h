@@ -49,4 +49,7 @@ class CanonicalXml {
     TargetText target_;
 };
 
+/// Returns the form in which everything is compared, and ids of relationships as they are.
+const CanonicalXml& plainXml();
+
 }  // namespace mergeloom::graft

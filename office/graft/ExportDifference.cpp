@@ -17,11 +17,6 @@ bool isIgnored(std::string_view name, const PartRules& rules) {
     });
 }
 
-bool isXml(const std::string& partName) {
-    const std::string_view extension = opc::extensionOf(partName);
-    return extension == "xml" || extension == "vml";
-}
-
 std::string canonicalPart(opc::Package& package, const std::string& name, const PartRules& rules) {
     const auto part = opc::XmlPart::parse(package.readPart(name), name, package.fileName());
     return CanonicalXml(rules.xml, targetsOf(package, name)).of(part->root());
@@ -38,6 +33,11 @@ bool areEqual(opc::Package& baseline, opc::Package& edited, const std::string& n
 }
 
 }  // namespace
+
+bool isXml(const std::string& partName) {
+    const std::string_view extension = opc::extensionOf(partName);
+    return extension == "xml" || extension == "vml";
+}
 
 std::vector<PartDifference> differencesOf(opc::Package& baseline, opc::Package& edited,
                                           const PartRules& rules) {

@@ -31,6 +31,9 @@ struct PartRules {
 std::vector<PartDifference> differencesOf(opc::Package& baseline, opc::Package& edited,
                                           const PartRules& rules);
 
+/// Returns true if a part of a package is compared as XML, by its name.
+bool isXml(const std::string& partName);
+
 /// Returns a function that identifies the targets of a part's relationships: by the external address, or by a
 /// digest of the target part's content. Names of parts are ignored. The package must outlive it.
 TargetText targetsOf(opc::Package& package, const std::string& partName);

@@ -31,6 +31,10 @@ constexpr Loss kInXml[] = {
     {"<w:docVar ", "document variables"},
     {"<w:mailMerge>", "the mail merge's settings"},
     {"<w:smartTag ", "smart tags"},
+    {" theme=\"", "theme colours"},
+    {"<scheme val=", "theme fonts"},
+    {":sparkline>", "sparklines"},
+    {" cm=\"", "dynamic arrays"},
 };
 
 constexpr Loss kInNames[] = {
@@ -44,6 +48,14 @@ constexpr Loss kInNames[] = {
     {"/diagrams/", "parts of diagrams"},
     {"/webExtensions/", "web extensions"},
     {"/printerSettings", "printer settings"},
+    {"/chartsheets/", "chart sheets"},
+    {"/slicers/", "slicers"},
+    {"/timelines/", "timelines"},
+    {"/threadedComments/", "threads of comments"},
+    {"/queryTables/", "queries"},
+    {"/connections.xml", "connections"},
+    {"/xmlMaps.xml", "maps of XML"},
+    {"/model/", "the data model"},
 };
 
 std::size_t countIn(std::string_view text, std::string_view mark) {

@@ -1,6 +1,8 @@
 #include "office/graft/PackageGraft.h"
 
+#include "office/graft/BookGraft.h"
 #include "office/graft/Losses.h"
+#include "office/graft/OriginalFormat.h"
 #include "office/graft/WordGraft.h"
 #include "office/opc/PartName.h"
 #include "office/opc/ZipReader.h"
@@ -30,10 +32,12 @@ model::KeptEntries countKept(const std::string& original, const std::string& gra
 
 class OpenPackagingGraft final : public model::PackageGraft {
   public:
-    [[nodiscard]] bool covers(DocumentKind kind) const override { return kind == DocumentKind::Word; }
+    [[nodiscard]] bool covers(DocumentKind kind) const override {
+        return kind == DocumentKind::Word || kind == DocumentKind::Excel;
+    }
 
     [[nodiscard]] model::GraftResult graft(const model::EditedPackage& package) const override {
-        return graftDocument(package);
+        return package.kind == DocumentKind::Word ? graftDocument(package) : graftBook(package);
     }
 
     [[nodiscard]] std::string lossesOf(const model::EditedPackage& package) const override {
@@ -41,7 +45,7 @@ class OpenPackagingGraft final : public model::PackageGraft {
     }
 
     [[nodiscard]] bool isExport(const model::EditedPackage& package) const override {
-        return isExportOfDocument(package);
+        return isExportOfOffice(package);
     }
 
     [[nodiscard]] model::KeptEntries keptEntries(const std::string& original,
@@ -52,7 +56,8 @@ class OpenPackagingGraft final : public model::PackageGraft {
     [[nodiscard]] std::optional<model::GraftRefusal> findFault(const model::EditedPackage& package,
                                                                const std::string& editedAgain,
                                                                const std::string& proof) const override {
-        return findFaultInDocument(package, editedAgain, proof);
+        return package.kind == DocumentKind::Word ? findFaultInDocument(package, editedAgain, proof)
+                                                  : findFaultInBook(package, editedAgain, proof);
     }
 };
 

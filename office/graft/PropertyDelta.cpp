@@ -151,8 +151,7 @@ void PropertyDelta::applyTo(pugi::xml_node properties, const opc::WordNames& nam
             throw Refusal("a tracked change of formatting was made");
         if (holdsProperties(name)) {
             // Volatile content was removed from it before.
-            static const CanonicalXml kPlain{{}, {}};
-            const PropertyDelta inner(change.former, change.now, kPlain);
+            const PropertyDelta inner(change.former, change.now, plainXml());
             if (!inner.isEmpty()) applyInside(inner, change, properties, names, translate);
             continue;
         }

@@ -2,9 +2,9 @@
 
 #include "office/embedded/text/Story.h"
 #include "office/graft/CanonicalXml.h"
+#include "office/graft/FormatNumbers.h"
 
 #include <cstdint>
-#include <map>
 #include <pugixml.hpp>
 #include <string>
 #include <vector>
@@ -13,17 +13,6 @@ namespace mergeloom::graft {
 
 /// The mark at which a line of a story ends.
 enum class LineEnd : std::uint8_t { Paragraph, Cell, Row };
-
-/// Numbers for formats in canonical form. Equal formats have equal numbers.
-class FormatNumbers {
-  public:
-    int of(const std::string& format) {
-        return numbers_.try_emplace(format, static_cast<int>(numbers_.size())).first->second;
-    }
-
-  private:
-    std::map<std::string, int> numbers_;
-};
 
 /// A visible unit of a line: a character, an object, or a field whose text the office computes.
 struct Unit {

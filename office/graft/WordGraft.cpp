@@ -1,11 +1,9 @@
 #include "office/graft/WordGraft.h"
 
 #include "base/AutomationError.h"
-#include "office/embedded/parts/DocumentFile.h"
-#include "office/formats/FormatTable.h"
 #include "office/graft/FormatReplay.h"
-#include "office/graft/Losses.h"
 #include "office/graft/MarkReplay.h"
+#include "office/graft/OriginalFormat.h"
 #include "office/graft/OriginalStories.h"
 #include "office/graft/PictureTransfer.h"
 #include "office/graft/Refusal.h"
@@ -50,13 +48,11 @@ class DocumentGraft {
         if (baseline_.stories().size() != edited_.stories().size())
             throw Refusal("a header, a note, a comment or a text box was added or removed");
         const bool isUnchanged = std::ranges::equal(baseline_.stories(), edited_.stories(), areAlike);
-        if (isUnchanged && hasFormat()) return model::NothingChanged();
-        opc::Package original = opc::Package::read(package_.original, package_.fileName);
-        if (isUnchanged) return saved(original);
-        embedded::WordContent content(std::move(original), files_);
+        if (isUnchanged) return unchanged(package_, DocumentFamily::Word);
+        embedded::WordContent content(opc::Package::read(package_.original, package_.fileName), files_);
         repeat(content);
         content.storeParts();
-        return saved(content.package());
+        return savedOriginal(content.package(), package_, DocumentFamily::Word);
     }
 
   private:
@@ -78,16 +74,6 @@ class DocumentGraft {
         for (const pugi::xml_node child : part->root().children())
             children.push_back(canonical.of(child));
         return children;
-    }
-    [[nodiscard]] bool hasFormat() const {
-        const FileFormat* const format = findFormat(DocumentFamily::Word, package_.format);
-        const opc::Package original = opc::Package::read(package_.original, package_.fileName);
-        return format != nullptr && format->engine &&
-               original.contentTypes().of(original.mainPart()) == format->engine->contentType;
-    }
-    model::GraftResult saved(opc::Package& original) const {
-        return model::GraftedPackage{
-            embedded::savedBytes(original, DocumentFamily::Word, package_.format, package_.fileName)};
     }
     void repeat(embedded::WordContent& content) {
         // Looked up before the first edit, since stories are identified by their texts.
@@ -147,16 +133,6 @@ model::GraftResult graftDocument(const model::EditedPackage& package) try {
     return refusal.refusal();
 } catch (const AutomationError& error) {
     return model::GraftRefusal{error.description(), {}};
-}
-
-bool isExportOfDocument(const model::EditedPackage& package) try {
-    const opc::Package original = opc::Package::read(package.original, package.fileName);
-    const std::string properties = "/docProps/app.xml";
-    const bool isItsOwn = original.hasPart(properties) &&
-                          original.readPart(properties).find("<Application>LibreOffice") != std::string::npos;
-    return isItsOwn && lossesBetween(package.original, package.baseline).empty();
-} catch (const AutomationError&) {
-    return false;
 }
 
 }  // namespace mergeloom::graft

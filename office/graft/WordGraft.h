@@ -9,7 +9,6 @@ namespace mergeloom::graft {
 
 /// The graft for Word documents. See PackageGraft for the members.
 model::GraftResult graftDocument(const model::EditedPackage& package);
-bool isExportOfDocument(const model::EditedPackage& package);
 std::optional<model::GraftRefusal> findFaultInDocument(const model::EditedPackage& package,
                                                        const std::string& editedAgain,
                                                        const std::string& proof);

@@ -6,9 +6,14 @@ import zipfile
 from pathlib import Path
 
 import docx
+import openpyxl
 from docx.oxml import parse_xml
 from docx.oxml.ns import nsdecls
+from openpyxl.chart import BarChart, Reference
+from openpyxl.formatting.rule import CellIsRule
+from openpyxl.styles import Font
 
+import read_xlsx
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
     PATIENCE, Atspi, Designer, click, find, key, middle, pixels, type_text, wait_for,
@@ -166,6 +171,31 @@ class InWord(FilesTest):
 
 class InExcel(FilesTest):
     SWITCHES = ["-excel"]
+
+    def test_a_workbook_of_another_program_gets_the_place_and_nothing_else(self):
+        book = self.folder / "book.xlsx"
+        workbook = openpyxl.Workbook()
+        sheet = workbook.active
+        for row in range(1, 6):
+            sheet.append([f"Town {row}", row, f"=B{row}*2"])
+        chart = BarChart()
+        chart.add_data(Reference(sheet, min_col=2, min_row=1, max_row=5))
+        sheet.add_chart(chart, "H2")
+        sheet.conditional_formatting.add("B1:B5", CellIsRule("greaterThan", ["3"], font=Font(color="FF0000")))
+        sheet.sheet_view.selection[0].activeCell = sheet.sheet_view.selection[0].sqref = "E3"
+        workbook.save(book)
+        before = book.read_bytes()
+        self.start("-template", book)
+        self.wait_for_title("book.xlsx - Mergeloom")
+        self.drop("Customer")
+        key("ctrl+s")
+        wait_for("the saved workbook", lambda: self.designer.status().startswith("Saved; "))
+        count = len(entries_of(before))
+        self.assertEqual(self.designer.status(), f"Saved; {count - 2} of {count} parts unchanged")
+        after = entries_of(book.read_bytes())
+        self.assertEqual({name for name, raw in entries_of(before).items() if after[name] != raw},
+                         {"xl/workbook.xml", "xl/worksheets/sheet1.xml"})
+        self.assertIn("ammCustomerID", read_xlsx.read_names(book))
 
     def test_the_title_follows_what_is_undone(self):
         self.start()

@@ -35,6 +35,17 @@ class CalculationChainTest : public testing::Test {
     CalculationChain chain_{package_, kWorkbookName, undo_};
 };
 
+TEST_F(CalculationChainTest, GoesWithAllItsCells) {
+    read("<c r=\"A1\" i=\"1\"/><c r=\"B1\" l=\"1\"/>");
+    undo_.start();
+    chain_.clear();
+    chain_.store();
+    EXPECT_FALSE(package_.hasPart(kChainName));
+    EXPECT_FALSE(isRelated());
+    undo_.undo();
+    EXPECT_EQ(stored(), chainXml("<c r=\"A1\" i=\"1\"/><c r=\"B1\" l=\"1\"/>"));
+}
+
 TEST_F(CalculationChainTest, TakesOutTheCellOfThatSheetOnly) {
     read("<c r=\"A1\" i=\"1\"/><c r=\"B1\"/><c r=\"A1\" i=\"2\"/><c r=\"C1\"/><c r=\"C1\"/><x/>");
     remove(2, "B1");

@@ -293,5 +293,52 @@ INSTANTIATE_TEST_SUITE_P(
             sheetOf("<row r=\"1\">" + x("B1") + "</row><row r=\"2\"><c r=\"A2\"><f>#REF!</f><v>1</v></c>" +
                     newMaster("B2", "A2:B3", "A2") + "</row>")}));
 
+Edit content(const std::string& cell, const CellContent& given) {
+    return [=](SheetPart& part) { part.setContent(at(cell.c_str()), given); };
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Contents, SheetPartWritingTest,
+    ::testing::Values(
+        WritingCase{"content over another one",
+                    sheetOf("<row r=\"1\"><c r=\"A1\" s=\"4\" t=\"s\" cm=\"1\"><v>3</v><extLst/></c></row>"),
+                    content("A1", {"", "<v>7</v>"}),
+                    sheetOf("<row r=\"1\"><c r=\"A1\" s=\"4\"><v>7</v><extLst/></c></row>")},
+        WritingCase{"no content", sheetOf("<row r=\"1\"><c r=\"A1\" s=\"4\" t=\"b\"><v>1</v></c></row>"),
+                    content("A1", {}), sheetOf("<row r=\"1\"><c r=\"A1\" s=\"4\"/></row>")},
+        WritingCase{
+            "content of a new cell in a row with a format",
+            sheetOf("<row r=\"1\" s=\"3\" customFormat=\"1\"/>"), content("B1", {"e", "<v>#N/A</v>"}),
+            sheetOf("<row r=\"1\" s=\"3\" customFormat=\"1\"><c r=\"B1\" s=\"3\" t=\"e\"><v>#N/A</v></c>"
+                    "</row>")},
+        WritingCase{"result of a formula, and none where there is none",
+                    sheetOf("<row r=\"1\"><c r=\"A1\" t=\"str\" cm=\"1\"><f ca=\"1\">B1</f><v>x</v></c>"
+                            "<c r=\"B1\"><f>1</f></c><c r=\"C1\"><v>1</v></c></row>"),
+                    [](SheetPart& part) {
+                        for (const char* cell : {"A1", "B1", "C1"})
+                            part.setResult(at(cell), {"", "<v>2</v>"});
+                    },
+                    sheetOf("<row r=\"1\"><c r=\"A1\" cm=\"1\"><f ca=\"1\">B1</f><v>2</v></c>"
+                            "<c r=\"B1\"><f>1</f></c><c r=\"C1\"><v>1</v></c></row>")},
+        WritingCase{
+            "format before and after a text",
+            sheetOf("<row r=\"1\"><c r=\"A1\"><v>1</v></c><c r=\"B1\" s=\"1\"/></row>"),
+            [](SheetPart& part) {
+                part.setStyle(at("A1"), 5);
+                part.setText(at("A1"), "x");
+                part.setText(at("B1"), "y");
+                part.setStyle(at("B1"), 6);
+                part.setStyle(at("D1"), 7);
+            },
+            sheetOf("<row r=\"1\"><c r=\"A1\" t=\"inlineStr\" s=\"5\"><is><t>x</t></is></c>"
+                    "<c r=\"B1\" s=\"6\" t=\"inlineStr\"><is><t>y</t></is></c><c r=\"D1\" s=\"7\"/></row>")},
+        WritingCase{"attributes of rows", sheetOf("<row r=\"1\" ht=\"20\" customHeight=\"1\"/>"),
+                    [](SheetPart& part) {
+                        part.setRowAttribute(1, "ht", std::nullopt);
+                        part.setRowAttribute(1, "hidden", "1");
+                        part.setRowAttribute(3, "hidden", "1");
+                    },
+                    sheetOf("<row r=\"1\" customHeight=\"1\" hidden=\"1\"/><row r=\"3\" hidden=\"1\"/>")}));
+
 }  // namespace
 }  // namespace mergeloom::embedded

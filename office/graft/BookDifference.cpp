@@ -1,0 +1,203 @@
+#include "office/graft/BookDifference.h"
+
+#include "office/graft/SequenceAlignment.h"
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+namespace mergeloom::graft {
+
+namespace {
+
+/// Visits the cells of two sheets in the order of their places; the one that a sheet lacks is null.
+template <typename Visit>
+void forEachPair(const ExportedSheet& former, const ExportedSheet& now, const Visit& visit) {
+    auto a = former.cells.begin();
+    auto b = now.cells.begin();
+    while (a != former.cells.end() || b != now.cells.end()) {
+        const bool isFormer = a != former.cells.end() && (b == now.cells.end() || a->place <= b->place);
+        const bool isNow = b != now.cells.end() && (a == former.cells.end() || b->place <= a->place);
+        visit(isFormer ? a->place : b->place, isFormer ? &*a : nullptr, isNow ? &*b : nullptr);
+        if (isFormer) ++a;
+        if (isNow) ++b;
+    }
+}
+
+bool isResultOfArray(const ExportedSheet& former, const ExportedSheet& now,
+                     const excel::CellPosition& place) {
+    return former.isArrayResult(place) && now.isArrayResult(place);
+}
+
+int formatOfRow(const BookExport& book, const ExportedRow* row) {
+    return row != nullptr && row->style ? book.formats().at(*row->style).number : -1;
+}
+
+int formatOfColumns(const BookExport& book, const ExportedColumns* columns) {
+    return book.formats().at(columns == nullptr ? 0 : columns->style).number;
+}
+
+/// The comparison of one sheet of two workbooks.
+class Comparison {
+  public:
+    Comparison(const BookExport& formerBook, const ExportedSheet& former, const BookExport& nowBook,
+               const ExportedSheet& now)
+        : formerBook_(formerBook), former_(former), nowBook_(nowBook), now_(now) {}
+
+    SheetDifference make() {
+        forEachPair(former_, now_,
+                    [&](const excel::CellPosition& place, const ExportedCell* former,
+                        const ExportedCell* now) { compare(place, former, now); });
+        compareRows();
+        compareColumns();
+        std::ranges::set_difference(former_.merges, now_.merges,
+                                    std::back_inserter(difference_.removedMerges));
+        std::ranges::set_difference(now_.merges, former_.merges, std::back_inserter(difference_.addedMerges));
+        return std::move(difference_);
+    }
+
+  private:
+    void compare(const excel::CellPosition& place, const ExportedCell* former, const ExportedCell* now) {
+        CellChange change{place, former, now};
+        change.hasOtherContent = !haveSameContent(former, now) && !isResultOfArray(former_, now_, place);
+        change.hasOtherFormat = formerBook_.formatAt(former_, place) != nowBook_.formatAt(now_, place);
+        if (change.hasOtherContent || change.hasOtherFormat) difference_.cells.push_back(change);
+        const bool hasResult =
+            !change.hasOtherContent && now != nullptr && former != nullptr && now->hasFormula();
+        if (hasResult && (former->value != now->value || former->type != now->type))
+            difference_.results.push_back(now);
+    }
+
+    void compareRows() {
+        std::set<int> numbers;
+        for (const ExportedSheet* sheet : {&former_, &now_})
+            for (const auto& [number, row] : sheet->rows)
+                numbers.insert(number);
+        for (const int number : numbers) {
+            RowChange change{number, rowIn(former_, number), rowIn(now_, number)};
+            change.hasOtherFormat =
+                formatOfRow(formerBook_, change.former) != formatOfRow(nowBook_, change.now);
+            if (!areEqual(change)) difference_.rows.push_back(change);
+        }
+    }
+    static const ExportedRow* rowIn(const ExportedSheet& sheet, int number) {
+        const auto found = sheet.rows.find(number);
+        return found == sheet.rows.end() ? nullptr : &found->second;
+    }
+    static bool areEqual(const RowChange& change) {
+        static const ExportedRow kNone{};
+        const ExportedRow& former = change.former == nullptr ? kNone : *change.former;
+        const ExportedRow& now = change.now == nullptr ? kNone : *change.now;
+        return former.height == now.height && former.hidden == now.hidden && former.outline == now.outline &&
+               !change.hasOtherFormat;
+    }
+
+    /// Compares the columns piece by piece, where a piece has one definition in both sheets.
+    void compareColumns() {
+        std::set<int> starts;
+        for (const ExportedSheet* sheet : {&former_, &now_})
+            for (const ExportedColumns& columns : sheet->columns)
+                starts.insert({columns.first, columns.last + 1});
+        for (auto start = starts.begin(); start != starts.end() && std::next(start) != starts.end();
+             ++start) {
+            ColumnsChange change{*start, *std::next(start) - 1, former_.columnAt(*start),
+                                 now_.columnAt(*start)};
+            change.hasOtherFormat =
+                formatOfColumns(formerBook_, change.former) != formatOfColumns(nowBook_, change.now);
+            if (!areEqual(change)) difference_.columns.push_back(change);
+        }
+    }
+    static bool areEqual(const ColumnsChange& change) {
+        if (change.former == nullptr && change.now == nullptr) return true;
+        if (change.former == nullptr || change.now == nullptr || change.hasOtherFormat) return false;
+        return change.former->width == change.now->width && change.former->hidden == change.now->hidden &&
+               change.former->outline == change.now->outline;
+    }
+
+    const BookExport& formerBook_;
+    const ExportedSheet& former_;
+    const BookExport& nowBook_;
+    const ExportedSheet& now_;
+    SheetDifference difference_;
+};
+
+enum class Axis { Rows, Columns };
+
+/// Returns a text for the values in each row or column up to the last used one. Formulas are left out, since
+/// their references change when cells move.
+std::vector<std::string> lineKeys(const ExportedSheet& sheet, Axis axis) {
+    std::vector<std::string> keys;
+    for (const ExportedCell& cell : sheet.cells) {
+        if (cell.isEmpty() || cell.hasFormula()) continue;
+        const int line = axis == Axis::Rows ? cell.place.row : cell.place.column;
+        const int offset = axis == Axis::Rows ? cell.place.column : cell.place.row;
+        if (keys.size() < static_cast<std::size_t>(line)) keys.resize(static_cast<std::size_t>(line));
+        std::string& key = keys[static_cast<std::size_t>(line) - 1];
+        key += std::to_string(offset) + ":";
+        key.append(cell.value).append(std::to_string(cell.textNumber)).append(" ");
+    }
+    return keys;
+}
+
+/// Compares the lines at their numbers with the lines aligned. In a sheet with equal lines an edit can look
+/// like a move by one line, so that is no move.
+bool hasMovedLines(const ExportedSheet& former, const ExportedSheet& now, Axis axis) {
+    const std::vector<std::string> formerKeys = lineKeys(former, axis);
+    const std::vector<std::string> nowKeys = lineKeys(now, axis);
+    const auto gaps = gapsBetween(formerKeys, nowKeys);
+    // Nearly all lines differ, as after sorting, and so would the lines that a move left as they were.
+    if (!gaps) return false;
+    const std::vector<std::size_t> partners = partnersOf(*gaps, formerKeys.size());
+    std::size_t unequal = 0;
+    std::size_t unpaired = 0;
+    for (std::size_t line = 0; line < formerKeys.size(); ++line) {
+        if (formerKeys[line].empty()) continue;
+        if (line >= nowKeys.size() || formerKeys[line] != nowKeys[line]) ++unequal;
+        if (partners[line] == kNoPartner) ++unpaired;
+    }
+    return unequal > unpaired + 1;
+}
+
+}  // namespace
+
+SheetDifference differenceBetween(const BookExport& formerBook, const ExportedSheet& former,
+                                  const BookExport& nowBook, const ExportedSheet& now) {
+    return Comparison(formerBook, former, nowBook, now).make();
+}
+
+std::optional<std::string> differentSection(const std::map<std::string, std::string>& former,
+                                            const std::map<std::string, std::string>& now) {
+    for (const auto& [name, content] : former) {
+        const auto found = now.find(name);
+        if (found == now.end() || found->second != content) return name;
+    }
+    for (const auto& [name, content] : now)
+        if (!former.contains(name)) return name;
+    return {};
+}
+
+bool haveOtherSizes(const ExportedSheet& former, const ExportedSheet& now) {
+    const auto isSameRow = [](const auto& a, const auto& b) {
+        return a.first == b.first && a.second.anyHeight == b.second.anyHeight &&
+               a.second.hidden == b.second.hidden;
+    };
+    const auto isSameColumn = [](const ExportedColumns& a, const ExportedColumns& b) {
+        return a.first == b.first && a.last == b.last && a.width == b.width && a.hidden == b.hidden;
+    };
+    return !std::ranges::equal(former.rows, now.rows, isSameRow) ||
+           !std::ranges::equal(former.columns, now.columns, isSameColumn);
+}
+
+bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now) {
+    const bool areHere =
+        now.places.size() >= former.places.size() &&
+        std::equal(former.places.begin(), former.places.end(), now.places.begin(), isInSamePlace);
+    // The boxes of comments have no place of their own that would not follow the cells.
+    return !areHere || (former.otherPlaces != now.otherPlaces && !haveOtherSizes(former, now));
+}
+
+bool hasMovedCells(const ExportedSheet& former, const ExportedSheet& now) {
+    return hasMovedLines(former, now, Axis::Rows) || hasMovedLines(former, now, Axis::Columns);
+}
+
+}  // namespace mergeloom::graft

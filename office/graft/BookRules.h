@@ -1,0 +1,28 @@
+#pragma once
+
+#include "office/graft/CanonicalXml.h"
+#include "office/opc/Package.h"
+
+#include <string>
+#include <string_view>
+
+namespace mergeloom::graft {
+
+/// The rules for exports of workbooks. Only the second ones compare the places of objects, which change with
+/// the heights of rows.
+const CanonicalRules& bookRules();
+const CanonicalRules& bookRulesWithPlaces();
+
+/// Returns a function that identifies the targets of a part's relationships by their whole content, with that
+/// of their own targets. Names of parts and ids of relationships differ between exports. The package must
+/// outlive it.
+TargetText contentsOf(opc::Package& package, const std::string& partName, const CanonicalRules& rules);
+
+/// Returns a part's content in a form in which equal content is equal.
+std::string contentOf(opc::Package& package, const std::string& partName, const CanonicalRules& rules);
+
+/// Returns the clause of a refusal for a section of a sheet or of the workbook, a name of an element or of a
+/// relationship.
+std::string reasonForSection(std::string_view section);
+
+}  // namespace mergeloom::graft

@@ -1,0 +1,229 @@
+#include "base/AutomationError.h"
+#include "base/DiskFileStore.h"
+#include "doubles/TemporaryFolder.h"
+#include "droppers/ExcelDropTest.h"
+#include "libreoffice/word/SharedOffice.h"
+#include "office/embedded/excel/EmbeddedExcel.h"
+#include "office/graft/PackageGraft.h"
+#include "office/libreoffice/excel/CalcHosting.h"
+#include "office/libreoffice/excel/CalcOffice.h"
+#include "office/model/OfficeDocument.h"
+#include "office/opc/ZipReader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/table/XCellRange.hpp>
+#include <functional>
+
+namespace mergeloom {
+
+namespace {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+const std::string kForm =
+    "<db><Form Name='F'><Control Name='City' Caption='Town'/><Control Name='Street' Caption='Street'/>"
+    "</Form></db>";
+
+/// The parts that LibreOffice would lose or change: a theme's colours, attributes of its own, a chain, data
+/// of the user's own.
+std::string originalBook() {
+    opc::Package package = workbookPackage(
+        {{.name = "Sheet1",
+          .xml = "<sheetData><row r=\"1\" spans=\"1:3\"><c r=\"A1\" s=\"1\"><v>2</v></c><c r=\"B1\" cm=\"0\">"
+                 "<f>A1*2</f><v>4</v></c></row></sheetData><ignoredErrors><ignoredError sqref=\"A1\" "
+                 "numberStoredAsText=\"1\"/></ignoredErrors>"}},
+        "<definedNames><definedName name=\"Kept\" comment=\"a "
+        "remark\">Sheet1!$A$1</definedName></definedNames>");
+    const auto add = [&](const std::string& kind, const std::string& name, const std::string& children,
+                         const std::string& root) {
+        package.addPart(name, kSpreadsheetType + kind + "+xml",
+                        "<" + root + " xmlns=\"" + kSpreadsheet + "\">" + children + "</" + root + ">");
+        package.relationshipsOf(kWorkbookPart).addPart(officeType(kind), name);
+    };
+    add("styles", "/xl/styles.xml",
+        "<fonts count=\"1\"><font><sz val=\"11\"/><color theme=\"4\"/><name val=\"Calibri\"/><scheme "
+        "val=\"minor\"/></font></fonts><fills count=\"1\"><fill><patternFill "
+        "patternType=\"none\"/></fill></fills>"
+        "<borders count=\"1\"><border/></borders><cellStyleXfs count=\"1\"><xf fontId=\"0\"/></cellStyleXfs>"
+        "<cellXfs count=\"2\"><xf fontId=\"0\"/><xf numFmtId=\"2\" fontId=\"0\" "
+        "applyNumberFormat=\"1\"/></cellXfs>"
+        "<cellStyles count=\"1\"><cellStyle name=\"Normal\" xfId=\"0\" builtinId=\"0\"/></cellStyles>",
+        "styleSheet");
+    add("calcChain", "/xl/calcChain.xml", "<c r=\"B1\" i=\"1\"/>", "calcChain");
+    package.addPart("/customXml/item1.xml", "application/xml", "<data xmlns=\"urn:ours\">kept</data>");
+    package.relationshipsOf(kWorkbookPart).addPart(officeType("customXml"), "/customXml/item1.xml");
+    return packageBytes(package);
+}
+
+std::vector<std::string> changedEntries(const std::string& before, const std::string& after) {
+    const opc::ZipReader former(before, "before");
+    const opc::ZipReader now(after, "after");
+    std::map<std::string, std::string_view> entries;
+    for (const opc::ZipEntry& entry : former.entries())
+        entries[entry.name] = entry.raw;
+    std::vector<std::string> changed;
+    for (const opc::ZipEntry& entry : now.entries()) {
+        const auto found = entries.find(entry.name);
+        if (found == entries.end() || found->second != entry.raw) changed.push_back(entry.name);
+        if (found != entries.end()) entries.erase(found);
+    }
+    for (const auto& [name, raw] : entries)
+        changed.push_back(name);
+    std::ranges::sort(changed);
+    return changed;
+}
+
+/// A workbook that LibreOffice edits as in the window: saves keep its original.
+class BookOriginalTest : public ExcelDropTest {
+  protected:
+    BookOriginalTest() { load(kForm); }
+
+    void openOriginal() {
+        disk.save(path, [&](ByteSink& sink) { sink.write(original); });
+        application = libreoffice::makeExcelApplication(sharedOffice(disk), disk, grafting);
+        workbook = application->Workbooks()->Open(path);
+    }
+    void TearDown() override {
+        if (workbook) workbook->Close(excel::SaveChanges::No);
+    }
+    /// Lets the user do something in the first sheet that the object model has no member for.
+    void edit(const std::function<void(const Reference<css::table::XCellRange>&)>& change) {
+        sharedOffice(disk)->connection().call([&] {
+            const Reference<css::sheet::XSpreadsheetDocument> book(libreoffice::componentOf(*workbook),
+                                                                   UNO_QUERY_THROW);
+            const Reference<css::container::XIndexAccess> sheets(book->getSheets(), UNO_QUERY_THROW);
+            change(Reference<css::table::XCellRange>(sheets->getByIndex(0), UNO_QUERY_THROW));
+        });
+        workbook->SetSaved(false);
+    }
+    std::string saved() {
+        workbook->Save();
+        return disk.read(path);
+    }
+    static std::string partOf(const std::string& file, const std::string& name) {
+        const opc::Package package = opc::Package::read(file, "saved");
+        return package.hasPart(name) ? package.readPart(name) : "";
+    }
+
+    TemporaryFolder folder;
+    DiskFileStore disk;
+    const std::string path = folder / "book.xlsx";
+    const std::string original = originalBook();
+    const std::unique_ptr<model::PackageGraft> graft = graft::makePackageGraft();
+    libreoffice::GraftingOfficePtr grafting = std::make_shared<libreoffice::GraftingOffice>(*graft, disk);
+};
+
+TEST_F(BookOriginalTest, IsTheSameAfterASaveWithoutAChange) {
+    openOriginal();
+    workbook->SetSaved(false);
+    EXPECT_TRUE(saved() == original);
+    ASSERT_TRUE(workbook->keptEntries());
+    EXPECT_EQ(workbook->keptEntries()->unchanged, workbook->keptEntries()->all);
+}
+
+/// Makes the same drops with the engine of unattended runs.
+TEST_F(BookOriginalTest, GetsThePlacesOfAnUnattendedRunAndNothingElse) {
+    const auto dropBoth = [&] {
+        for (const int row : {4, 6}) {
+            goTo(row, 2);
+            ASSERT_TRUE(drop(node(row == 4 ? "2k" : "3k")));
+        }
+    };
+    openOriginal();
+    dropBoth();
+    const std::string file = saved();
+    workbook->Close(excel::SaveChanges::No);
+    EXPECT_THAT(changedEntries(original, file), ElementsAre("xl/workbook.xml", "xl/worksheets/sheet1.xml"));
+    application = embedded::makeExcelApplication(files);
+    files.files["/engine.xlsx"] = original;
+    workbook = application->Workbooks()->Open("/engine.xlsx");
+    dropBoth();
+    workbook->Save();
+    const std::string wanted = files.read("/engine.xlsx");
+    const auto namesOf = [](const std::string& bytes) {
+        const std::string xml = partOf(bytes, kWorkbookPart);
+        return xml.substr(xml.find("<definedNames>"),
+                          xml.find("</definedNames>") - xml.find("<definedNames>"));
+    };
+    const auto cellsOf = [](const std::string& bytes) {
+        const std::string xml = partOf(bytes, sheetPart(1));
+        return xml.substr(xml.find("<sheetData>"), xml.find("</worksheet>") - xml.find("<sheetData>"));
+    };
+    EXPECT_EQ(namesOf(file), namesOf(wanted));
+    EXPECT_EQ(cellsOf(file), cellsOf(wanted));
+}
+
+TEST_F(BookOriginalTest, GetsValuesFormatsAndFormulas) {
+    openOriginal();
+    edit([](const Reference<css::table::XCellRange>& sheet) {
+        sheet->getCellByPosition(0, 0)->setValue(5);
+        Reference<css::beans::XPropertySet>(sheet->getCellByPosition(0, 0), UNO_QUERY_THROW)
+            ->setPropertyValue("CharWeight", css::uno::Any(150.0F));
+        sheet->getCellByPosition(2, 0)->setFormula("=SUM(A1:B1)");
+    });
+    const std::string file = saved();
+    EXPECT_THAT(changedEntries(original, file),
+                ElementsAre("[Content_Types].xml", "xl/_rels/workbook.xml.rels", "xl/calcChain.xml",
+                            "xl/styles.xml", "xl/workbook.xml", "xl/worksheets/sheet1.xml"));
+    const std::string sheetXml = partOf(file, sheetPart(1));
+    EXPECT_THAT(sheetXml,
+                HasSubstr("<c r=\"A1\" s=\"2\"><v>5</v></c><c r=\"B1\" cm=\"0\"><f>A1*2</f><v>10</v></c>"
+                          "<c r=\"C1\"><f>SUM(A1:B1)</f><v>15</v></c>"));
+    EXPECT_THAT(sheetXml, HasSubstr("<ignoredError sqref=\"A1\""));
+    EXPECT_THAT(partOf(file, "/xl/styles.xml"),
+                HasSubstr("<color theme=\"4\"/><name val=\"Calibri\"/><scheme"));
+}
+
+TEST_F(BookOriginalTest, IsNotSpoiltMoreByManySavesThanByOne) {
+    const auto write = [this](int number) { cell(number, 4)->SetValue("more " + std::to_string(number)); };
+    openOriginal();
+    std::string often;
+    for (int number = 1; number <= 10; ++number) {
+        write(number);
+        often = saved();
+    }
+    workbook->Close(excel::SaveChanges::No);
+    openOriginal();
+    for (int number = 1; number <= 10; ++number)
+        write(number);
+    EXPECT_TRUE(saved() == often);
+    EXPECT_THAT(partOf(often, sheetPart(1)), HasSubstr("more 10"));
+}
+
+TEST_F(BookOriginalTest, StaysWhenAChangeHasNoRule) {
+    openOriginal();
+    edit([&](const Reference<css::table::XCellRange>& sheet) {
+        Reference<css::beans::XPropertySet> values(
+            Reference<css::beans::XPropertySet>(sheet->getCellRangeByName("A1"), UNO_QUERY_THROW)
+                ->getPropertyValue("Validation"),
+            UNO_QUERY_THROW);
+        values->setPropertyValue("ShowInputMessage", css::uno::Any(true));
+        values->setPropertyValue("InputMessage", css::uno::Any(rtl::OUString("Type")));
+        Reference<css::beans::XPropertySet>(sheet->getCellRangeByName("A1"), UNO_QUERY_THROW)
+            ->setPropertyValue("Validation", css::uno::Any(values));
+    });
+    try {
+        workbook->Save();
+        ADD_FAILURE() << "it was saved";
+    } catch (const model::LossySave& loss) {
+        EXPECT_THAT(loss.description(), HasSubstr("a validity rule was changed, near “Sheet1”"));
+        EXPECT_THAT(loss.description(), HasSubstr("custom XML"));
+    }
+    EXPECT_TRUE(disk.read(path) == original);
+    EXPECT_FALSE(workbook->Saved());
+    EXPECT_EQ(folder.entryCount(), 1);
+    workbook->giveUpOriginal();
+    EXPECT_FALSE(saved() == original);
+    EXPECT_FALSE(workbook->keptEntries());
+}
+
+}  // namespace
+
+}  // namespace mergeloom
