@@ -41,6 +41,16 @@ def make_tables(path, count):
                                f"e REAL, before INTEGER REFERENCES t{max(0, number - 1)})")
 
 
+def make_access_tables(path, count):
+    """The same in a file of Access."""
+    file = AccessFile()
+    for number in range(count):
+        file.add_table(f"t{number}", [Column("id", LONG), Column("a", TEXT), Column("b", LONG), Column("c", DATE),
+                                      Column("d", TEXT), Column("e", DOUBLE), Column("before", LONG)], [], keys=[[0]])
+        file.add_relation(f"r{number}", f"t{number}", ["before"], f"t{max(0, number - 1)}", ["id"])
+    file.save(path)
+
+
 def make_records(path, count):
     """Orders of ten columns with two lines each."""
     with sqlite3.connect(path) as connection:
@@ -95,9 +105,10 @@ def main():
     options = parser.parse_args()
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        make_tables(folder / "tables.db", options.tables)
-        show(f"the structure of {options.tables} tables",
-             measure([options.program, folder / "tables.db", "--output", folder / "tables.xml"], options.runs))
+        for make, name in ((make_tables, "tables.db"), (make_access_tables, "tables.mdb")):
+            make(folder / name, options.tables)
+            show(f"{name}: the structure of {options.tables} tables",
+                 measure([options.program, folder / name, "--output", folder / "tables.xml"], options.runs))
         for make, name, peer in ((make_records, "records.db", "sqlite3"), (make_access_records, "records.mdb", "mdb")):
             make(folder / name, options.records)
             ours = measure([options.program, folder / name, "--object", "orders", "--records", "all", "--output",

@@ -34,7 +34,18 @@ AccessFile::AccessFile(const std::string& path)
     if (handle_ == nullptr) raiseDamaged();
     // Files of Access 2007 and later are encrypted in a way of their own, of which the library knows nothing.
     if (handle_->f->jet_version >= MDB_VER_ACCDB_2007 && handle_->f->db_key != 0) refuse("it is encrypted.");
-    if (mdb_read_catalog(handle_.get(), MDB_ANY) == nullptr) refuse("it is damaged or encrypted.");
+    GPtrArray* const catalog = mdb_read_catalog(handle_.get(), MDB_ANY);
+    if (catalog == nullptr) refuse("it is damaged or encrypted.");
+    // The library's own search reads the whole catalog again.
+    for (MdbCatalogEntry* const entry : itemsOf<MdbCatalogEntry>(catalog)) {
+        if (entry->object_type == MDB_TABLE) tables_.emplace(entry->object_name, entry);
+    }
+}
+
+MdbCatalogEntry* AccessFile::tableNamed(const std::string& name) const {
+    const auto found = tables_.find(name);
+    if (found == tables_.end()) raiseDamaged();
+    return found->second;
 }
 
 std::vector<unsigned char> AccessFile::definitionAt(unsigned long page) const {

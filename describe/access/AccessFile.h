@@ -5,7 +5,9 @@
 #include <mdbtools.h>
 
 #include <cstddef>
+#include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,13 @@ namespace mergeloom::describe::access {
 
 /// Raises kFileCouldNotBeRead with the reason that the file is damaged.
 [[noreturn]] void raiseDamaged();
+
+/// Returns the items of an array of the library. Raises kFileCouldNotBeRead if there is no array.
+template <typename Item>
+std::span<Item*> itemsOf(GPtrArray* array) {
+    if (array == nullptr) raiseDamaged();
+    return {reinterpret_cast<Item**>(array->pdata), array->len};
+}
 
 /// A database file of Access that is open.
 class AccessFile {
@@ -24,6 +33,9 @@ class AccessFile {
     /// Returns the size of the file in bytes, which limits what can be in it.
     [[nodiscard]] std::size_t size() const { return size_; }
     [[nodiscard]] bool isJet3() const { return handle_->f->jet_version == MDB_VER_JET3; }
+    /// Returns the catalog's entry of a table, which is valid as long as this object. Raises
+    /// kFileCouldNotBeRead if there is none.
+    [[nodiscard]] MdbCatalogEntry* tableNamed(const std::string& name) const;
     /// Returns the pages of a table's definition one after the other, without the headers of the later ones.
     /// Raises kFileCouldNotBeRead.
     [[nodiscard]] std::vector<unsigned char> definitionAt(unsigned long page) const;
@@ -31,6 +43,7 @@ class AccessFile {
   private:
     std::size_t size_;
     std::unique_ptr<MdbHandle, void (*)(MdbHandle*)> handle_;
+    std::map<std::string, MdbCatalogEntry*> tables_;
 };
 
 }  // namespace mergeloom::describe::access

@@ -73,38 +73,35 @@ class SchemaReader {
         TableScan rows(file_, "MSysRelationships",
                        {"szRelationship", "szObject", "szReferencedObject", "icolumn", "szColumn",
                         "szReferencedColumn"});
-        std::vector<std::pair<std::string, Relation>> relations;
+        std::map<std::string, std::size_t> numbers;
+        std::vector<Relation> relations;
         while (rows.next()) {
-            const std::string name = rows.text(0);
-            auto found = std::ranges::find(relations, name, &std::pair<std::string, Relation>::first);
-            if (found == relations.end())
-                found = relations.insert(relations.end(), {name, {rows.text(1), rows.text(2), {}}});
-            found->second.columns[rows.number(3)] = {rows.text(4), rows.text(5)};
+            const auto [found, isNew] = numbers.try_emplace(rows.text(0), relations.size());
+            if (isNew) relations.push_back({rows.text(1), rows.text(2), {}});
+            relations[found->second].columns[rows.number(3)] = {rows.text(4), rows.text(5)};
         }
-        for (const auto& [name, relation] : relations)
-            addForeignKey(relation);
+        std::map<std::string, Table*> tables;
+        for (Table& table : schema_.tables)
+            tables.emplace(foldCase(table.name), &table);
+        for (const Relation& relation : relations) {
+            const auto from = tables.find(foldCase(relation.from));
+            const auto to = tables.find(foldCase(relation.to));
+            if (from != tables.end() && to != tables.end())
+                addForeignKey(*from->second, *to->second, relation);
+        }
     }
 
-    /// Leaves out the relations of tables and columns that are not described.
-    void addForeignKey(const Relation& relation) {
-        Table* const from = tableNamed(relation.from);
-        const Table* const to = tableNamed(relation.to);
-        if (from == nullptr || to == nullptr) return;
-        ForeignKey key{{}, to->name, {}};
+    /// Leaves out a relation of columns that are not described.
+    static void addForeignKey(Table& from, const Table& to, const Relation& relation) {
+        ForeignKey key{{}, to.name, {}};
         for (const auto& [place, columns] : relation.columns) {
-            const std::string* const column = columnNamed(*from, columns.first);
-            const std::string* const referred = columnNamed(*to, columns.second);
+            const std::string* const column = columnNamed(from, columns.first);
+            const std::string* const referred = columnNamed(to, columns.second);
             if (column == nullptr || referred == nullptr) return;
             key.columns.push_back(*column);
             key.referredColumns.push_back(*referred);
         }
-        from->foreignKeys.push_back(std::move(key));
-    }
-
-    Table* tableNamed(const std::string& name) {
-        const auto found = std::ranges::find_if(
-            schema_.tables, [&](const Table& table) { return equalsIgnoringCase(table.name, name); });
-        return found == schema_.tables.end() ? nullptr : &*found;
+        from.foreignKeys.push_back(std::move(key));
     }
 
     static const std::string* columnNamed(const Table& table, const std::string& name) {

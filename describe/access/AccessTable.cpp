@@ -102,18 +102,10 @@ std::string reasonNotRead(int stored) {
     }
 }
 
-template <typename Item>
-std::span<Item*> itemsOf(GPtrArray* array) {
-    if (array == nullptr) raiseDamaged();
-    return {reinterpret_cast<Item**>(array->pdata), array->len};
-}
-
 }  // namespace
 
 AccessTable::AccessTable(const AccessFile& file, const std::string& name)
-    : file_(file), table_(nullptr, mdb_free_tabledef) {
-    std::string searched = name;
-    table_.reset(mdb_read_table_by_name(file.handle(), searched.data(), MDB_TABLE));
+    : file_(file), table_(mdb_read_table(file.tableNamed(name)), mdb_free_tabledef) {
     if (table_ == nullptr || mdb_read_columns(table_.get()) == nullptr) raiseDamaged();
     // Goes on where the columns end in the page that was read last. Returns nothing.
     mdb_read_indices(table_.get());
