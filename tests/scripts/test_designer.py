@@ -262,6 +262,33 @@ class InWord(DesignerTest):
         path = self.save_as("found.docx")
         self.assertEqual("".join(read_docx.read_paragraphs(path)).rstrip(), self.names(path)[0])
 
+    def test_the_document_takes_the_focus_from_the_search(self):
+        designer = self.start()
+        search = designer.element("text", "Search:")
+
+        def enter_search():
+            click(middle(search))
+            wait_for("the search", lambda: has_focus(search))
+
+        def is_left():
+            return not has_focus(search)
+        enter_search()
+        self.enter_document()
+        wait_for("the search without the focus", is_left)
+        top, document = xdotool("getactivewindow").strip(), xdotool("getwindowfocus", "-f").strip()
+        enter_search()
+        designer.process.send_signal(signal.SIGSTOP)
+        try:
+            # The focus moves to the window and on to the document before the program notices either.
+            xdotool("windowfocus", top)
+            xdotool("windowfocus", document)
+        finally:
+            designer.process.send_signal(signal.SIGCONT)
+        wait_for("the search without the focus again", is_left)
+        enter_search()
+        type_text("contact")
+        wait_for("the result", lambda: not find(designer.application, "table cell", "Priority"))
+
     def test_unsaved_work_is_asked_about(self):
         designer = self.start()
         self.drop("Customer")

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace mergeloom {
 
@@ -13,9 +14,15 @@ bool isOfGrab(const xcb_focus_in_event_t& event) {
     return event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
 }
 
+/// Returns true if the focus passes the window on its way to one inside it.
+bool isForInnerWindow(const xcb_focus_in_event_t& event) {
+    return event.detail == XCB_NOTIFY_DETAIL_VIRTUAL || event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL;
+}
+
 }  // namespace
 
-FocusHolder::FocusHolder(std::uint32_t window) : window_(window) {
+FocusHolder::FocusHolder(std::uint32_t window, std::uint32_t pane, std::function<void()> documentEntered)
+    : window_(window), pane_(pane), documentEntered_(std::move(documentEntered)) {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr) return;
     connection_ = x11->connection();
@@ -62,6 +69,7 @@ void FocusHolder::takeKeyboard() const {
 
 bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) const {
     if (isOfGrab(event)) return true;
+    if (event.event == pane_ && isForInnerWindow(event)) documentEntered_();
     if (event.event == holder_) {
         event.event = window_;
         return false;

@@ -4,6 +4,7 @@
 
 #include <QAbstractNativeEventFilter>
 #include <cstdint>
+#include <functional>
 
 namespace mergeloom {
 
@@ -12,8 +13,9 @@ namespace mergeloom {
 /// itself, the document inside it would receive every key while the mouse is over it.
 class FocusHolder final : public QAbstractNativeEventFilter {
   public:
-    /// Does nothing for window systems other than X11.
-    explicit FocusHolder(std::uint32_t window);
+    /// The document is in the pane, a window inside the held one. Does nothing for window systems other than
+    /// X11.
+    FocusHolder(std::uint32_t window, std::uint32_t pane, std::function<void()> documentEntered);
     FocusHolder(const FocusHolder&) = delete;
     FocusHolder& operator=(const FocusHolder&) = delete;
     ~FocusHolder() override;
@@ -21,7 +23,8 @@ class FocusHolder final : public QAbstractNativeEventFilter {
     /// Takes the keyboard from a window inside the held one.
     void takeKeyboard() const;
 
-    /// Gives the toolkit the keys and the focus of the holder as those of the window.
+    /// Gives the toolkit the keys and the focus of the holder as those of the window. Calls documentEntered
+    /// when the document gets the focus, which the toolkit does not tell.
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
   private:
@@ -31,6 +34,8 @@ class FocusHolder final : public QAbstractNativeEventFilter {
     bool handleFocusOut(xcb_focus_out_event_t& event) const;
 
     const std::uint32_t window_;
+    const std::uint32_t pane_;
+    const std::function<void()> documentEntered_;
     std::uint32_t holder_ = 0;
     xcb_connection_t* connection_ = nullptr;
 };

@@ -289,8 +289,14 @@ void frmMain::takeKeyboardFromDocument() {
     if (focusHolder_) focusHolder_->takeKeyboard();
 }
 
-/// Answers a key that was pressed in the document. The toolkit may believe that another widget has the
-/// keyboard.
+/// Hides the caret of the widget that had the keyboard before the document. The pane itself would pass the
+/// keyboard on again when the window is activated by a click on another widget.
+void frmMain::giveUpFocus() {
+    QWidget* const widget = focusWidget();
+    if (widget != nullptr && widget != &area_->pane()) widget->clearFocus();
+}
+
+/// Answers a key that was pressed in the document.
 void frmMain::answerKey(HostKey key) {
     if (QApplication::activeModalWidget() != nullptr) return;
     switch (key) {
@@ -319,7 +325,8 @@ void frmMain::openDocumentHelp() {
 }
 
 void frmMain::start() {
-    focusHolder_.emplace(static_cast<std::uint32_t>(winId()));
+    focusHolder_.emplace(static_cast<std::uint32_t>(winId()),
+                         static_cast<std::uint32_t>(area_->pane().winId()), [this] { giveUpFocus(); });
     session_.start(area_->pane().hostWindow());
     const std::string templatePath = fileOfSwitch(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
