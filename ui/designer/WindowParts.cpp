@@ -33,6 +33,11 @@ void WindowParts::goFrom(const QWidget* widget, Direction direction) {
     }
 }
 
+void WindowParts::leaveFor(const QWidget& widget) {
+    QWidget* const former = window_.focusWidget();
+    if (former != nullptr && former != &widget) former->clearFocus();
+}
+
 /// Returns the number of parts when the widget is in none of them.
 std::size_t WindowParts::partOf(const QWidget* widget) const {
     for (std::size_t part = 0; widget != nullptr && part < parts_.size(); ++part) {

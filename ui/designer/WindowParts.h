@@ -30,6 +30,9 @@ class WindowParts final : public QObject {
     void go(Direction direction);
     /// Enters the part next to that of the widget.
     void goFrom(const QWidget* widget, Direction direction);
+    /// Hides the caret of the part that had the keyboard before the widget. The widget itself does not get
+    /// the focus: it would pass the keyboard on when a click on another part activates the window.
+    void leaveFor(const QWidget& widget);
 
   private:
     [[nodiscard]] std::size_t partOf(const QWidget* widget) const;

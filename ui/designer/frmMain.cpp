@@ -289,13 +289,6 @@ void frmMain::takeKeyboardFromDocument() {
     if (focusHolder_) focusHolder_->takeKeyboard();
 }
 
-/// Hides the caret of the widget that had the keyboard before the document. The pane itself would pass the
-/// keyboard on again when the window is activated by a click on another widget.
-void frmMain::giveUpFocus() {
-    QWidget* const widget = focusWidget();
-    if (widget != nullptr && widget != &area_->pane()) widget->clearFocus();
-}
-
 /// Answers a key that was pressed in the document.
 void frmMain::answerKey(HostKey key) {
     if (QApplication::activeModalWidget() != nullptr) return;
@@ -326,7 +319,8 @@ void frmMain::openDocumentHelp() {
 
 void frmMain::start() {
     focusHolder_.emplace(static_cast<std::uint32_t>(winId()),
-                         static_cast<std::uint32_t>(area_->pane().winId()), [this] { giveUpFocus(); });
+                         static_cast<std::uint32_t>(area_->pane().winId()),
+                         [this] { parts_->leaveFor(area_->pane()); });
     session_.start(area_->pane().hostWindow());
     const std::string templatePath = fileOfSwitch(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));

@@ -73,7 +73,6 @@ class frmMain final : public QMainWindow {
     void connectOffice();
     void connectKeyboard();
     void takeKeyboardFromDocument();
-    void giveUpFocus();
     void answerKey(HostKey key);
     void openDocumentHelp();
     void showState();
