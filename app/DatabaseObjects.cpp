@@ -104,10 +104,8 @@ const DatabaseObject& objectNamed(const std::vector<DatabaseObject>& objects, co
 
 int controlCount(const DatabaseObject& object) {
     int count = 0;
-    // A node without a key is one of the kinds of drop that a control offers.
     const std::function<void(const TreeNode&)> visit = [&](const TreeNode& node) {
         for (const TreeNode* child = node.Child(); child; child = child->Next()) {
-            if (child->Key().empty()) continue;
             ++count;
             visit(*child);
         }

@@ -48,7 +48,7 @@ MappingSource::MappingSource(const std::string& path, ErrorHandler& errors, cons
 }
 
 void MappingSource::showTree(ErrorHandler& errors) {
-    CXML2TreeView view{tree_, document_, errors};
+    CXML2TreeView view{tree_, document_, errors, DropKindNodes::LeftOut};
     view.DisplayXMLNode(0, document_.documentElement(), false);
     xmlNodes_ = std::move(view.XMLNodes());
     leftOut_ = view.leftOut();

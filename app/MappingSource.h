@@ -11,7 +11,7 @@
 
 namespace mergeloom {
 
-/// A structure document with its tree, which is not shown.
+/// A structure document with its tree, which is not shown and so has no kinds of drop below its controls.
 class MappingSource {
   public:
     /// Loads the document and builds the tree. When a document does not load, the tree stays empty, and a

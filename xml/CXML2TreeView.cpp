@@ -148,7 +148,9 @@ void CXML2TreeView::displayNode(int parentIndex, XmlNode node, bool showIcons) {
         leftOut_.push_back(node);
     }
     if (!node.firstChild()) {
-        if (shown != nullptr && isControl(node)) addDropKinds(*shown, node);
+        if (shown == nullptr || !isControl(node)) return;
+        markSection(*shown, node);
+        if (dropKinds_ == DropKindNodes::Shown) addDropKinds(*shown, node);
         return;
     }
     if (structureElementOf(node.nodeName()) == StructureElement::Data) return;
@@ -162,9 +164,12 @@ TreeNode& CXML2TreeView::addNode(int parentIndex, XmlNode node, const std::strin
     return tree_.Add(parentIndex, xmlNodes_.Add(node), text);
 }
 
-void CXML2TreeView::addDropKinds(TreeNode& controlNode, XmlNode control) {
+void CXML2TreeView::markSection(TreeNode& controlNode, XmlNode control) {
     const auto section = control.namedAttribute(AttributeName(Attribute::Section).c_str());
     controlNode.SetTag(section.value_or(kDetailSection));
+}
+
+void CXML2TreeView::addDropKinds(TreeNode& controlNode, XmlNode control) {
     const bool picture = !document_.findPicture(GetAttributeValue(control, Attribute::Image)).empty();
     addDropKind(controlNode, DropKind::Label);
     addDropKind(controlNode, picture ? DropKind::Image : DropKind::Value);

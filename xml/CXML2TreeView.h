@@ -57,13 +57,18 @@ class BoundValueIndex {
     std::vector<Number> named_;         // the controls that have a name, in their order
 };
 
+/// The nodes below a control in the tree: the kinds of drop that it offers to a user, or none for a run
+/// without a user, for which they would be most of the tree.
+enum class DropKindNodes { Shown, LeftOut };
+
 /// Shows a structure document as a tree: objects, controls and, below a control, the kinds of drop that it
 /// offers. Errors are reported; nodes added until then stay.
 class CXML2TreeView {
   public:
     /// The tree and the document must outlive this object; the document must not be reloaded meanwhile.
-    CXML2TreeView(TreeView& tree, const StructureDocument& document, ErrorHandler& errors)
-        : tree_(tree), document_(document), errors_(errors) {}
+    CXML2TreeView(TreeView& tree, const StructureDocument& document, ErrorHandler& errors,
+                  DropKindNodes dropKinds = DropKindNodes::Shown)
+        : tree_(tree), document_(document), errors_(errors), dropKinds_(dropKinds) {}
 
     /// Shows a node and its descendants under the tree node of that index, or at the top level when it is 0.
     void DisplayXMLNode(int parentIndex, XmlNode node, bool showIcons);
@@ -86,6 +91,7 @@ class CXML2TreeView {
   private:
     void displayNode(int parentIndex, XmlNode node, bool showIcons);
     TreeNode& addNode(int parentIndex, XmlNode node, const std::string& text);
+    static void markSection(TreeNode& controlNode, XmlNode control);
     void addDropKinds(TreeNode& controlNode, XmlNode control);
     void addDropKind(TreeNode& controlNode, DropKind kind);
     std::string controlText(XmlNode control, std::string& typeName, int& viewState);
@@ -93,6 +99,7 @@ class CXML2TreeView {
     TreeView& tree_;
     const StructureDocument& document_;
     ErrorHandler& errors_;
+    DropKindNodes dropKinds_;
     XmlNodeCollection xmlNodes_;
     std::vector<XmlNode> leftOut_;
     std::optional<BoundValueIndex> boundValues_;

@@ -24,7 +24,9 @@ std::string dump(const TreeNode* node, int level = 0) {
 }
 
 struct Shown {
-    explicit Shown(const std::string& xml, bool showIcons = false) : view(tree, document, errors) {
+    explicit Shown(const std::string& xml, bool showIcons = false,
+                   DropKindNodes dropKinds = DropKindNodes::Shown)
+        : view(tree, document, errors, dropKinds) {
         EXPECT_TRUE(document.loadXML(xml)) << document.parseError().reason;
         view.DisplayXMLNode(0, document.documentElement(), showIcons);
     }
@@ -42,6 +44,14 @@ std::string dumpOf(const std::string& xml) {
 }
 
 constexpr const char* kKinds = "Label\n  Value\n  Label and Value\n";
+
+TEST(XmlTree, LeavesOutTheKindsOfDropWhereNobodyChooses) {
+    Shown shown(
+        "<Form Name='F' CurrentView='1'><Control Name='a' Section='2'/><Control Name='s' "
+        "ControlType='Subform'><Form HasRecordset='1'><Control Name='b'/></Form></Control></Form>",
+        false, DropKindNodes::LeftOut);
+    EXPECT_EQ(dump(shown.tree.First()), "1k Form \"F\" #1\n 2k a #2\n 3k s #2\n  4k b #0\n");
+}
 
 TEST(XmlTree, ShowsObjectsAndControlsOnly) {
     Shown shown(
