@@ -40,6 +40,7 @@ class ConvertingDocument final : public word::Document {
     }
     void Close(word::WdSaveOptions saveChanges) override;
     bool Undo(int times) override { return file_.document().Undo(times); }
+    void giveUpUndo() override { file_.document().giveUpUndo(); }
 
   private:
     std::weak_ptr<ConvertingWord> office_;

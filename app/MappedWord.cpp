@@ -89,10 +89,12 @@ bool MappedWord::isForeign(const std::string& path) const {
 
 void MappedWord::addDocument(const std::string& templatePath) {
     document_ = (*office_)->Documents()->Add(templatePath);
+    document_->giveUpUndo();
 }
 
 void MappedWord::openDocument(const std::string& path) {
     document_ = (*office_)->Documents()->Open(path);
+    document_->giveUpUndo();
     if (!hasSelection(**office_)) RaiseMappingError(kLabelDocumentIncorrect);
 }
 

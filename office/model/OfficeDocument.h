@@ -40,6 +40,9 @@ class OfficeDocument : public Object {
 
     /// Undoes the last steps. Returns false when there was nothing to undo.
     virtual bool Undo(int times) = 0;
+    /// Lets the document be changed without a way back, which takes less memory: steps that are recorded from
+    /// now on are none. For a document that is closed unsaved when a change fails. An office may ignore it.
+    virtual void giveUpUndo() {}
 };
 
 /// Raised by a save that would have written something other than the document holds. An existing file stays;

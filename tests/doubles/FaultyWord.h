@@ -73,6 +73,7 @@ class FaultyDocument final : public word::Document {
     }
     void Close(word::WdSaveOptions saveChanges) override { document_->Close(saveChanges); }
     bool Undo(int times) override { return document_->Undo(times); }
+    void giveUpUndo() override { document_->giveUpUndo(); }
 
   private:
     word::DocumentPtr document_;

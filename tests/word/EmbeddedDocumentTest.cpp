@@ -213,5 +213,17 @@ TEST_F(EmbeddedDocumentTest, undoReachesBackBeforeASave) {
     EXPECT_FALSE(document->Undo(1));
 }
 
+TEST_F(EmbeddedDocumentTest, aDocumentThatGaveUpUndoKeepsWhatARecordedStepChanged) {
+    open(kBody);
+    document->giveUpUndo();
+    application->UndoRecord()->StartCustomRecord("drop");
+    range(2, 4)->SetText("x");
+    EXPECT_FALSE(application->UndoRecord()->EndCustomRecord());
+    EXPECT_FALSE(document->Undo(1));
+    EXPECT_FALSE(document->Saved());
+    document->Save();
+    EXPECT_EQ(shownBody(files.files["/a.docx"]), "[Place:]01x456789\n");
+}
+
 }  // namespace
 }  // namespace mergeloom

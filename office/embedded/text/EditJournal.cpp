@@ -118,7 +118,7 @@ void EditJournal::unlistBookmark(BookmarkTable& table, BookmarkRecord& bookmark)
 void EditJournal::record(const Entry& entry) {
     if (recording_) {
         entries_.push_back(entry);
-    } else {
+    } else if (!entries_.empty()) {
         // After an edit that is not recorded, the recorded ones cannot be undone any more.
         clear();
     }

@@ -87,6 +87,7 @@ class EmbeddedDocument final : public word::Document {
     }
     void Close(word::WdSaveOptions saveChanges) override;
     bool Undo(int times) override { return times > 0 && content_->undo(); }
+    void giveUpUndo() override { content_->giveUpUndo(); }
 
     [[nodiscard]] const std::shared_ptr<WordContent>& content() const { return content_; }
 

@@ -200,6 +200,7 @@ void WordContent::beginMarking(const Story& story, CharacterPosition start, Char
 }
 
 void WordContent::startRecord() {
+    if (!keepsUndo_) return;
     journal_.start();
     addedPictures_.clear();
     stored_.clear();

@@ -62,6 +62,8 @@ class WordContent {
     void startRecord();
     bool stopRecord();
     bool undo();
+    /// Records no step from now on.
+    void giveUpUndo() { keepsUndo_ = false; }
 
     [[nodiscard]] bool isSaved() const { return saved_; }
     void setSaved(bool saved) { saved_ = saved; }
@@ -122,6 +124,7 @@ class WordContent {
     int textBoxes_ = 0;
     std::optional<std::string> styles_;  ///< the part's XML once it was read
     bool saved_ = true;
+    bool keepsUndo_ = true;
 };
 
 /// A story of an open document, to which most objects of the model belong.
