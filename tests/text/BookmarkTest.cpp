@@ -118,6 +118,27 @@ TEST(BookmarkTable, listsByNameWithoutLetterCase) {
     EXPECT_EQ(part.table.inNameOrder().size(), 3U);
 }
 
+TEST(BookmarkTable, findsManyNamesWhileOthersGoAndComeBack) {
+    OpenBody part(paragraph(run("a")));
+    constexpr int kNames = 300;
+    const auto nameOf = [](int number) { return "Field" + std::to_string(number); };
+    for (int round = 0; round < 3; ++round) {
+        for (int number = 0; number < kNames; ++number)
+            part.add(nameOf(number), 0, 0);
+        // Every third name stays absent until the next round.
+        for (int number = 0; number < kNames; number += 3)
+            part.body().bookmarks.remove(*part.table.find("FIELD" + std::to_string(number)));
+        for (int number = 0; number < kNames; ++number) {
+            const BookmarkRecord* const found = part.table.find(nameOf(number));
+            EXPECT_EQ(found ? found->name : "", number % 3 == 0 ? "" : nameOf(number));
+        }
+        EXPECT_EQ(part.table.inNameOrder().size(), 2 * kNames / 3);
+        for (int number = 0; number < kNames; ++number)
+            if (number % 3 != 0) part.body().bookmarks.remove(*part.table.find(nameOf(number)));
+    }
+    EXPECT_TRUE(part.table.inNameOrder().empty());
+}
+
 TEST(BookmarkTable, findsTheFirstFreeCounterAlsoAfterDeletions) {
     OpenBody part(paragraph(run("a")));
     EXPECT_EQ(part.table.firstFreeCounter("F_ref"), 1);

@@ -8,8 +8,26 @@
 
 namespace mergeloom::embedded {
 
+namespace {
+
+constexpr std::size_t kFirstSlots = 64;
+
+/// FNV-1a over the folded characters, without making a folded copy. A last step spreads names that differ in
+/// their last characters alone over all slots.
+std::uint32_t hashOf(std::string_view name) {
+    std::uint64_t hash = 0xCBF29CE484222325;
+    while (!name.empty())
+        hash = (hash ^ takeFoldedCodePoint(name)) * 0x100000001B3;
+    hash = (hash ^ (hash >> 29U)) * 0xBF58476D1CE4E5B9;
+    return static_cast<std::uint32_t>(hash >> 32U);
+}
+
+}  // namespace
+
 BookmarkRecord& BookmarkTable::create(std::string name, std::int64_t id, Story& story) {
+    const auto number = static_cast<std::uint32_t>(records_.size());
     BookmarkRecord& record = records_.emplace_back();
+    record.number = number;
     record.name = std::move(name);
     record.id = id;
     record.story = &story;
@@ -17,21 +35,53 @@ BookmarkRecord& BookmarkTable::create(std::string name, std::int64_t id, Story& 
 }
 
 void BookmarkTable::list(BookmarkRecord& record) {
-    byName_.insert(&record);
+    if (record.listed) return;
+    growSlots();
+    insertSlot({hashOf(record.name), record.number});
     record.listed = true;
     orderIsStale_ = true;
 }
 
 void BookmarkTable::unlist(BookmarkRecord& record) {
-    byName_.erase(&record);
+    if (!record.listed) return;
+    const auto isIt = [&](const Slot& slot) { return slot.record == record.number; };
+    std::size_t slot = hashOf(record.name) & (slots_.size() - 1);
+    while (!isIt(slots_[slot]))
+        slot = slotAfter(slot);
+    slots_[slot].record = Slot::kErased;
     record.listed = false;
     if (!orderIsStale_) std::erase(ordered_, &record);
     counters_.release(record.name);
 }
 
-BookmarkRecord* BookmarkTable::find(std::string_view name) const {
-    const auto found = byName_.find(name);
-    return found == byName_.end() ? nullptr : *found;
+BookmarkRecord* BookmarkTable::find(std::string_view name) {
+    if (slots_.empty()) return nullptr;
+    const std::uint32_t hash = hashOf(name);
+    for (std::size_t slot = hash & (slots_.size() - 1); slots_[slot].record != Slot::kEmpty;
+         slot = slotAfter(slot)) {
+        if (slots_[slot].hash != hash || !slots_[slot].isUsed()) continue;
+        BookmarkRecord& record = records_[slots_[slot].record];
+        if (equalsIgnoringCase(name, record.name)) return &record;
+    }
+    return nullptr;
+}
+
+void BookmarkTable::insertSlot(const Slot& added) {
+    std::size_t slot = added.hash & (slots_.size() - 1);
+    while (slots_[slot].record != Slot::kEmpty)
+        slot = slotAfter(slot);
+    slots_[slot] = added;
+    ++filledSlots_;
+}
+
+void BookmarkTable::growSlots() {
+    if ((filledSlots_ + 1) * 4 <= slots_.size() * 3) return;
+    const std::vector<Slot> former = std::exchange(slots_, {});
+    slots_.resize(std::max(kFirstSlots, former.size() * 2));
+    filledSlots_ = 0;
+    for (const Slot& slot : former) {
+        if (slot.isUsed()) insertSlot(slot);
+    }
 }
 
 const std::vector<BookmarkRecord*>& BookmarkTable::inNameOrder() {
@@ -42,11 +92,11 @@ const std::vector<BookmarkRecord*>& BookmarkTable::inNameOrder() {
     return ordered_;
 }
 
-std::vector<BookmarkRecord*> BookmarkTable::withHidden() const {
+std::vector<BookmarkRecord*> BookmarkTable::withHidden() {
     std::vector<std::pair<std::string, BookmarkRecord*>> keyed;
-    keyed.reserve(byName_.size());
-    for (BookmarkRecord* record : byName_)
-        keyed.emplace_back(foldCase(record->name), record);
+    for (BookmarkRecord& record : records_) {
+        if (record.listed) keyed.emplace_back(foldCase(record.name), &record);
+    }
     std::sort(keyed.begin(), keyed.end());
     std::vector<BookmarkRecord*> records;
     records.reserve(keyed.size());
@@ -67,18 +117,6 @@ std::vector<BookmarkCopy> BookmarkTable::copiesOf(const BookmarkRecord& record) 
     const auto sameId = [&](const BookmarkCopy& copy) { return copy.id == start->id; };
     std::copy_if(copies_.begin(), copies_.end(), std::back_inserter(found), sameId);
     return found;
-}
-
-std::size_t BookmarkTable::NameHash::operator()(std::string_view name) const {
-    // FNV-1a over the folded characters, without making a folded copy.
-    std::uint64_t hash = 0xCBF29CE484222325;
-    while (!name.empty())
-        hash = (hash ^ takeFoldedCodePoint(name)) * 0x100000001B3;
-    return hash;
-}
-
-bool BookmarkTable::NameEqual::operator()(std::string_view a, const BookmarkRecord* b) const {
-    return equalsIgnoringCase(a, b->name);
 }
 
 }  // namespace mergeloom::embedded

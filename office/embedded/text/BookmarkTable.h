@@ -8,7 +8,6 @@
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -28,7 +27,8 @@ struct BookmarkRecord {
     Story* story = nullptr;
     Item* start = nullptr;
     Item* end = nullptr;
-    bool listed = false;  ///< in the table; false once the bookmark is deleted
+    std::uint32_t number = 0;  ///< in the order in which the table's records were made
+    bool listed = false;       ///< in the table; false once the bookmark is deleted
 
     /// Returns true if Word leaves the bookmark out of its collections, though it is found by name.
     [[nodiscard]] bool isHidden() const { return word::isHiddenBookmark(name); }
@@ -54,11 +54,11 @@ class BookmarkTable {
     void list(BookmarkRecord& record);
     void unlist(BookmarkRecord& record);
 
-    [[nodiscard]] BookmarkRecord* find(std::string_view name) const;
+    [[nodiscard]] BookmarkRecord* find(std::string_view name);
     /// Returns the records that are not hidden, in name order.
     [[nodiscard]] const std::vector<BookmarkRecord*>& inNameOrder();
     /// Returns all bookmarks in the same order, also hidden ones.
-    [[nodiscard]] std::vector<BookmarkRecord*> withHidden() const;
+    [[nodiscard]] std::vector<BookmarkRecord*> withHidden();
 
     /// Returns the smallest number n from 1 for which no record is named stem followed by n.
     [[nodiscard]] std::int64_t firstFreeCounter(const std::string& stem);
@@ -68,22 +68,28 @@ class BookmarkTable {
     [[nodiscard]] std::vector<BookmarkCopy> copiesOf(const BookmarkRecord& record) const;
 
   private:
-    // A record looks itself up by its name, so that no key is stored twice.
-    struct NameHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const;
-        std::size_t operator()(const BookmarkRecord* record) const { return (*this)(record->name); }
+    /// A place of the index of names: the number of a record and the hash of its folded name.
+    struct Slot {
+        static constexpr std::uint32_t kEmpty = 0xFFFFFFFF;
+        static constexpr std::uint32_t kErased = 0xFFFFFFFE;
+
+        std::uint32_t hash = 0;
+        std::uint32_t record = kEmpty;
+
+        [[nodiscard]] bool isUsed() const { return record < kErased; }
     };
-    struct NameEqual {
-        using is_transparent = void;
-        bool operator()(const BookmarkRecord* a, const BookmarkRecord* b) const { return a == b; }
-        bool operator()(std::string_view a, const BookmarkRecord* b) const;
-        bool operator()(const BookmarkRecord* a, std::string_view b) const { return (*this)(b, a); }
-    };
+
+    [[nodiscard]] std::size_t slotAfter(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
+    void insertSlot(const Slot& added);
+    /// Makes room for another slot, so that a quarter of them stays empty.
+    void growSlots();
 
     std::deque<BookmarkRecord> records_;
     std::vector<BookmarkCopy> copies_;
-    std::unordered_set<BookmarkRecord*, NameHash, NameEqual> byName_;
+    // Linear probing in a table whose size is a power of two. A document has as many names as places, and one
+    // reach into memory for each is much cheaper than the three that a node of its own for each takes.
+    std::vector<Slot> slots_;
+    std::size_t filledSlots_ = 0;  // used or erased
     std::vector<BookmarkRecord*> ordered_;
     bool orderIsStale_ = false;
     model::NameCounters counters_;
