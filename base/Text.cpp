@@ -16,27 +16,6 @@ constexpr char32_t kLastOfOneUnit = 0xFFFF;
 constexpr char32_t kLastAscii = 0x7F;
 constexpr std::uint64_t kHighBitsOfEight = 0x8080808080808080;
 
-// Most characters are ASCII, which needs neither decoding nor tables.
-bool startsWithAscii(std::string_view text) {
-    return static_cast<unsigned char>(text.front()) <= kLastAscii;
-}
-
-char takeAscii(std::string_view& text) {
-    const char character = text.front();
-    text.remove_prefix(1);
-    return character;
-}
-
-char toLower(char character) {
-    const bool capital = character >= 'A' && character <= 'Z';
-    return capital ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-bool isAsciiLetter(char character) {
-    const char lower = toLower(character);
-    return lower >= 'a' && lower <= 'z';
-}
-
 std::int64_t unitsOf(char32_t codePoint) {
     return codePoint > kLastOfOneUnit ? 2 : 1;
 }
@@ -51,8 +30,7 @@ bool startsWithEightAscii(std::string_view text) {
 
 }  // namespace
 
-char32_t takeCodePoint(std::string_view& text) {
-    if (startsWithAscii(text)) return static_cast<char32_t>(takeAscii(text));
+char32_t takeLongCodePoint(std::string_view& text) {
     const char* bytes = text.data();
     std::int32_t next = 0;
     const auto length = static_cast<std::int32_t>(std::min<std::size_t>(text.size(), 4));
@@ -143,10 +121,8 @@ std::string_view lastCharacters(std::string_view text, CharacterCount units) {
     return text.substr(byteOffset(text, length - units));
 }
 
-char32_t takeFoldedCodePoint(std::string_view& text) {
-    if (startsWithAscii(text)) return static_cast<char32_t>(toLower(takeAscii(text)));
-    const auto codePoint = static_cast<UChar32>(takeCodePoint(text));
-    return static_cast<char32_t>(u_foldCase(codePoint, U_FOLD_CASE_DEFAULT));
+char32_t foldedCodePoint(char32_t codePoint) {
+    return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(codePoint), U_FOLD_CASE_DEFAULT));
 }
 
 std::string foldCase(std::string_view text) {
@@ -165,13 +141,14 @@ bool equalsIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b) {
-    const auto same = [](char x, char y) { return toLower(x) == toLower(y); };
+    if (a == b) return true;
+    const auto same = [](char x, char y) { return toLowerAscii(x) == toLowerAscii(y); };
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
 }
 
 std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from) {
     if (from > text.size()) return std::string_view::npos;
-    const auto same = [](char a, char b) { return toLower(a) == toLower(b); };
+    const auto same = [](char a, char b) { return toLowerAscii(a) == toLowerAscii(b); };
     const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
     const auto found = std::search(start, text.end(), part.begin(), part.end(), same);
     if (found == text.end() && !part.empty()) return std::string_view::npos;
@@ -180,7 +157,7 @@ std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, 
 
 std::string toLowerAscii(std::string_view text) {
     std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), toLower);
+    std::ranges::transform(lower, lower.begin(), [](char character) { return toLowerAscii(character); });
     return lower;
 }
 
@@ -211,8 +188,7 @@ std::string replaceAll(std::string_view text, std::string_view part, std::string
     }
 }
 
-bool isNameLetter(char32_t codePoint) {
-    if (codePoint <= kLastAscii) return isAsciiLetter(static_cast<char>(codePoint));
+bool isLongNameLetter(char32_t codePoint) {
     return codePoint <= kLastOfOneUnit && u_isalpha(static_cast<UChar32>(codePoint)) != 0;
 }
 

@@ -8,7 +8,6 @@
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "droppers/modBookmarkAdd.h"
-#include "droppers/modExcelNormalizeName.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
@@ -42,8 +41,7 @@ std::string reasonWithoutName(const DropContext& context, const FieldDropArgumen
     const std::string name = nameOf(control);
     const std::string place = SimplifyName(name);
     if (name.empty()) return "it has no name";
-    if (ExcelNormalizeName(place, false).empty())
-        return "its name holds no letter, no digit and no underscore";
+    if (!hasUsableCharacter(place)) return "its name holds no letter, no digit and no underscore";
     const std::string suffix(control.boundValueUse ? kBoundValueSuffix : "");
     const bool isUsable = !context.normalizeName(control.parentName + place + suffix, false).empty();
     return isUsable ? "" : "its name is too long";
@@ -141,9 +139,12 @@ bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments, const wor
 bool CNodeDropperField::drop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
     if (!arguments.node || !document) return false;
     const word::SelectionPtr selection = document->Application()->Selection();
-    if (!mayDrop(arguments, document, *selection)) return false;
+    if (!mayDropAt(arguments, document, *selection)) return false;
 
     const bool becomesSubform = isSubform(arguments.node);
+    const bool isTaken = becomesSubform ? arguments.treeNode && takesSubform(context_, arguments)
+                                        : takesName(context_, arguments);
+    if (!isTaken) return false;
     if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments, document);
     if (!typeLabel(arguments, document)) return false;
     return becomesSubform ? dropForm(arguments, document, *selection)
@@ -157,15 +158,13 @@ bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments, const wor
     return !context_.reports.failed();
 }
 
-bool CNodeDropperField::mayDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document,
-                                word::Selection& selection) {
+bool CNodeDropperField::mayDropAt(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                  word::Selection& selection) {
     if (isOutsideItsTable(arguments, document, selection)) {
         return context_.reports.refuse(kOutsideItsTable);
     }
     TouchingBookmarks unused;
-    if (!ValidateBookmark(context_.reports, *selection.Range(), unused)) return false;
-    if (!isSubform(arguments.node)) return takesName(context_, arguments);
-    return arguments.treeNode && takesSubform(context_, arguments);
+    return ValidateBookmark(context_.reports, *selection.Range(), unused);
 }
 
 bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,

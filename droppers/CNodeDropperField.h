@@ -52,8 +52,8 @@ class CNodeDropperField {
 
   private:
     bool drop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
-    bool mayDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document,
-                 word::Selection& selection);
+    bool mayDropAt(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                   word::Selection& selection);
     bool dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                    word::Selection& selection);
     bool dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document);

@@ -73,11 +73,20 @@ class DropReports : public ErrorHandler {
 /// The names that one drop has given so far, regardless of letter case.
 class DroppedNames {
   public:
-    void add(std::string_view name) { folded_.insert(foldCase(name)); }
-    [[nodiscard]] bool contains(std::string_view name) const { return folded_.contains(foldCase(name)); }
+    void add(std::string_view name) { added_.append(name).push_back(kEnd); }
+    [[nodiscard]] bool contains(std::string_view name) const {
+        for (const std::string_view added : split(added_, kEnd))
+            if (!added.empty()) folded_.insert(foldCase(added));
+        added_.clear();
+        return folded_.contains(foldCase(name));
+    }
 
   private:
-    std::unordered_set<std::string> folded_;
+    static constexpr char kEnd = '\0';
+
+    // Only tables ask, so a large form of fields costs no more than a list of its names.
+    mutable std::string added_;  // the names since the last question, each with its end
+    mutable std::unordered_set<std::string> folded_;
 };
 
 /// Tree keys of chosen fields, in the requested order.

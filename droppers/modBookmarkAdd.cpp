@@ -134,7 +134,7 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
         rstrName = placeName(content.vstrPrefix, rstrName, valueOf(content));
         const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
         const std::string candidate = freeName(*bookmarks, rstrName);
-        comment = "Bookmark Name = '" + candidate + "'";
+        comment.insert(comment.size() - 1, candidate);
         added = bookmarks->Add(candidate, robjRange);
         leaveOut(*added, guards);
         return true;

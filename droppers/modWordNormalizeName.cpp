@@ -56,6 +56,13 @@ std::string usableCharacters(std::string_view name) {
 
 }  // namespace
 
+bool hasUsableCharacter(std::string_view name) {
+    while (!name.empty()) {
+        if (word::isBookmarkCharacter(takeCodePoint(name))) return true;
+    }
+    return false;
+}
+
 bool beginsWithDigit(std::string_view text) {
     return !text.empty() && isDigit(firstCodePoint(text));
 }
@@ -82,7 +89,8 @@ std::string SimplifyName(std::string_view vstrName) {
 }
 
 std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars) {
-    if (vstrText.find_first_of(vstrChars) == std::string_view::npos) return std::string(vstrText);
+    const auto isThere = [&](char character) { return vstrText.find(character) != std::string_view::npos; };
+    if (std::ranges::none_of(vstrChars, isThere)) return std::string(vstrText);
     std::string result;
     while (!vstrText.empty()) {
         const std::string_view rest = vstrText;

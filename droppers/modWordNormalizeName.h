@@ -11,6 +11,8 @@
 namespace mergeloom {
 
 bool beginsWithDigit(std::string_view text);
+/// Returns true when the name has a letter, a digit or "_", of which normalizedName makes a name.
+bool hasUsableCharacter(std::string_view name);
 
 /// Returns the name with the "T" of a table appended if requested. An empty name stays empty.
 std::string nameToNormalize(std::string_view name, bool appendT);

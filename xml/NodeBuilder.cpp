@@ -2,6 +2,7 @@
 
 #include "xml/modNamedItems.h"
 
+#include <cstring>
 #include <new>
 
 namespace mergeloom {
@@ -66,6 +67,7 @@ void NodeBuilder::startElement(const char* prefix, const char* localName) {
     ++depth_;
     finishText();
     current_ = appendElement(QualifiedName(prefix, localName).text());
+    attributeCount_ = 0;
     size_ += kSmallestNode;
 }
 
@@ -76,14 +78,24 @@ void NodeBuilder::addAttribute(const char* prefix, const char* localName, std::s
 }
 
 pugi::xml_node NodeBuilder::appendElement(const char* name) {
-    const pugi::xml_node known = vocabulary_.last_child().child(name);
-    const pugi::xml_node element = known ? current_.append_copy(known) : current_.append_child(name);
+    if (std::strcmp(lastElement_.name(), name) != 0) lastElement_ = vocabulary_.last_child().child(name);
+    const pugi::xml_node element =
+        lastElement_ ? current_.append_copy(lastElement_) : current_.append_child(name);
     require(!element.empty());
     return element;
 }
 
+/// Elements of one kind mostly have the same attributes in the same order, so the attribute that had this
+/// place before is compared first.
+pugi::xml_attribute NodeBuilder::knownAttribute(const char* name) {
+    if (attributeCount_ == lastAttributes_.size()) lastAttributes_.emplace_back();
+    pugi::xml_attribute& last = lastAttributes_[attributeCount_++];
+    if (std::strcmp(last.name(), name) != 0) last = vocabulary_.first_child().attribute(name);
+    return last;
+}
+
 pugi::xml_attribute NodeBuilder::appendAttribute(const char* name) {
-    const pugi::xml_attribute known = vocabulary_.first_child().attribute(name);
+    const pugi::xml_attribute known = knownAttribute(name);
     const pugi::xml_attribute attribute =
         known ? current_.append_copy(known) : current_.append_attribute(name);
     require(!attribute.empty());

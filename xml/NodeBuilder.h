@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mergeloom {
 
@@ -44,6 +45,7 @@ class NodeBuilder {
 
   private:
     pugi::xml_node appendElement(const char* name);
+    pugi::xml_attribute knownAttribute(const char* name);
     pugi::xml_attribute appendAttribute(const char* name);
     pugi::xml_node appendChild(pugi::xml_node_type type);
     void finishText();
@@ -51,6 +53,9 @@ class NodeBuilder {
     // The elements and attributes of the vocabulary. They were parsed, and a copy of a parsed node shares its
     // name; a name of its own for every node would make the tree a quarter larger.
     pugi::xml_node vocabulary_;
+    pugi::xml_node lastElement_;                       // of the vocabulary
+    std::vector<pugi::xml_attribute> lastAttributes_;  // of the vocabulary, by their number in their element
+    std::size_t attributeCount_ = 0;                   // of the current element
     pugi::xml_node current_;
     int depth_ = 0;
     std::size_t size_ = 0;

@@ -70,6 +70,10 @@ std::optional<std::string> XmlNode::namedAttribute(const char* name) const {
     return attribute.value();
 }
 
+std::string_view XmlNode::attributeText(const char* name) const {
+    return pugi::xml_node(node_).attribute(name).value();
+}
+
 std::size_t XmlNode::attributeCount() const {
     const auto attributes = pugi::xml_node(node_).attributes();
     return static_cast<std::size_t>(std::distance(attributes.begin(), attributes.end()));

@@ -35,6 +35,8 @@ class XmlNode {
 
     /// Attributes.GetNamedItem(name).nodeValue: the name is matched exactly.
     [[nodiscard]] std::optional<std::string> namedAttribute(const char* name) const;
+    /// Returns the value of an attribute in the same way; empty when there is no such attribute.
+    [[nodiscard]] std::string_view attributeText(const char* name) const;
     [[nodiscard]] std::size_t attributeCount() const;
     /// Return the attributes in the order in which they are written, without namespace declarations.
     [[nodiscard]] std::string_view attributeName(std::size_t index) const;

@@ -57,7 +57,7 @@ std::string GetControlCaption(ErrorHandler& errors, XmlNode node) {
 }
 
 std::string GetAttributeValue(XmlNode node, const std::string& attributeName) {
-    return node.namedAttribute(attributeName.c_str()).value_or("");
+    return std::string(node.attributeText(attributeName.c_str()));
 }
 
 std::optional<int> GetWholeNumber(XmlNode node, Attribute attribute) {
@@ -74,6 +74,7 @@ bool IsBoundToRecords(XmlNode form) {
 }
 
 std::string StripAmpersands(std::string_view text) {
+    if (text.find('&') == std::string_view::npos) return std::string(text);
     std::string stripped;
     stripped.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {

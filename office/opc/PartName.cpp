@@ -26,10 +26,6 @@ int escapedByte(std::string_view text) {
     return whole && byte >= 0 ? byte : -1;
 }
 
-bool isAsciiLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 bool isAsciiLetterOrDigit(char c) {
     return isAsciiLetter(c) || (c >= '0' && c <= '9');
 }

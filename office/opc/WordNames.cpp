@@ -72,9 +72,10 @@ constexpr auto kTagNames = std::to_array<TagName>({
 constexpr std::size_t kSlots = 256;
 
 constexpr std::size_t slotOf(const char* name) {
+    constexpr int kHashed = 4;
     std::size_t hash = 0;
-    for (; *name != '\0'; ++name)
-        hash = hash * 31 + static_cast<unsigned char>(*name);
+    for (int i = 0; i < kHashed && name[i] != '\0'; ++i)
+        hash = hash * 31 + static_cast<unsigned char>(name[i]);
     return hash % kSlots;
 }
 
@@ -90,17 +91,19 @@ constexpr auto kTable = [] {
     return table;
 }();
 
-/// Compares without a call: most names have one letter.
-bool isSame(const char* a, const char* b) {
-    for (; *a == *b; ++a, ++b) {
-        if (*a == '\0') return true;
+/// The tags of the names of one letter, which most elements have.
+constexpr auto kLetterTags = [] {
+    std::array<WordTag, 256> tags{};
+    for (const TagName& entry : kTagNames) {
+        if (entry.name[1] == '\0') tags[static_cast<unsigned char>(entry.name[0])] = entry.tag;
     }
-    return false;
-}
+    return tags;
+}();
 
 WordTag lookUp(const char* name) {
+    if (name[0] != '\0' && name[1] == '\0') return kLetterTags[static_cast<unsigned char>(name[0])];
     for (std::size_t slot = slotOf(name); kTable[slot].name; slot = (slot + 1) % kSlots) {
-        if (isSame(kTable[slot].name, name)) return kTable[slot].tag;
+        if (std::strcmp(kTable[slot].name, name) == 0) return kTable[slot].tag;
     }
     return WordTag::Other;
 }

@@ -121,9 +121,9 @@ std::unique_ptr<XmlPart> XmlPart::parse(std::string xml, const std::string& part
     return part;
 }
 
-std::string XmlPart::toXml() const {
+std::string XmlPart::toXml(std::size_t expectedSize) const {
     std::string xml;
-    xml.reserve(source_.size());
+    xml.reserve(std::max(source_.size(), expectedSize));
     StringWriter writer(xml);
     constexpr unsigned kFormat = pugi::format_raw | pugi::format_no_declaration;
     for (const pugi::xml_node node : document_.children()) {

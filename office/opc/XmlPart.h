@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <pugixml.hpp>
 #include <string>
@@ -59,8 +60,9 @@ class XmlPart {
     /// Moves a node to the detached nodes.
     void detach(pugi::xml_node node) const { pugi::xml_node(detachedNodes_).append_move(node); }
 
-    /// Returns the part in UTF-8, unchanged except for the edits.
-    [[nodiscard]] std::string toXml() const;
+    /// Returns the part in UTF-8, unchanged except for the edits. Memory for the expected size is reserved,
+    /// since a long text that grows is copied and then takes twice its size for a while.
+    [[nodiscard]] std::string toXml(std::size_t expectedSize = 0) const;
 
   private:
     XmlPart() = default;

@@ -16,10 +16,6 @@ bool isAsciiDigit(char letter) {
     return letter >= '0' && letter <= '9';
 }
 
-bool isAsciiLetter(char letter) {
-    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z');
-}
-
 std::string extensionOfPattern(const std::string& pattern) {
     if (!pattern.starts_with("*.")) return {};
     const std::string extension = pattern.substr(2);

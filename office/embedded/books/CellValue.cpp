@@ -26,10 +26,6 @@ std::size_t digitsAt(std::string_view text) {
     return static_cast<std::size_t>(std::ranges::find_if_not(text, isDecimalDigit) - text.begin());
 }
 
-bool isAsciiLetter(char character) {
-    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
-}
-
 /// Removes the digits at the beginning of a text and returns them.
 std::string_view takeDigits(std::string_view& text) {
     const std::string_view digits = text.substr(0, digitsAt(text));

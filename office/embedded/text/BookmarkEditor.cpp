@@ -147,7 +147,7 @@ void BookmarkEditor::updateColumns(const BookmarkRecord& record) {
 }
 
 bool BookmarkEditor::isRangeOfColumns(CharacterPosition start, CharacterPosition end) const {
-    if (start == end) return false;
+    if (start == end || !story_.hasTables()) return false;
     const Item* first = story_.items().itemAt(start);
     const Item* last = story_.items().itemAt(end - CharacterCount{1});
     const pugi::xml_node firstCell = story_.cellOf(first);
@@ -179,6 +179,7 @@ std::vector<BookmarkRecord*> BookmarkEditor::in(CharacterPosition start, Charact
         if (isNew && item->kind == ItemKind::BookmarkEnd) --enclosing;
     }
     if (enclosing > 0) addEnclosing(first, end, enclosing, found);
+    if (found.empty()) return {};
     return inPlaceOrder(found, start, end);
 }
 

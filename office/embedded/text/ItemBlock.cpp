@@ -65,17 +65,19 @@ ItemBlock::Found ItemBlock::itemAt(std::uint32_t character) const {
     return {*item, character};
 }
 
+// Text is mostly appended, so the end of the block is mostly nearer than its beginning.
+
 std::uint32_t ItemBlock::lengthBefore(std::uint8_t place) const {
-    std::uint32_t length = 0;
-    for (std::uint8_t i = 0; i < place; ++i)
-        length += items[i]->length;
+    std::uint32_t length = own.length;
+    for (std::uint8_t i = place; i < count; ++i)
+        length -= items[i]->length;
     return length;
 }
 
 std::int32_t ItemBlock::openMarksBefore(std::uint8_t place) const {
-    std::int32_t open = 0;
-    for (std::uint8_t i = 0; i < place; ++i)
-        open += opensItself(*items[i]);
+    std::int32_t open = own.openMarks;
+    for (std::uint8_t i = place; i < count; ++i)
+        open -= opensItself(*items[i]);
     return open;
 }
 

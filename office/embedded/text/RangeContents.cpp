@@ -72,6 +72,7 @@ class FieldScan {
 }  // namespace
 
 std::vector<FoundTable> RangeContents::tables() const {
+    if (!story_.hasTables()) return {};
     if (const pugi::xml_node common = commonTable()) return {{common, first()}};
     std::vector<FoundTable> found;
     pugi::xml_node table;

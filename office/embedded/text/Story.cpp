@@ -125,11 +125,17 @@ bool Story::isPlaced() const {
 }
 
 Item* Story::makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length) {
+    if (kind == ItemKind::RowMark) hasTables_ = true;
     Item& item = pool_.emplace_back();
     item.kind = kind;
     item.node = node;
     item.length = static_cast<std::uint32_t>(length.value);
     return &item;
+}
+
+std::size_t Story::expectedXmlSize() const {
+    constexpr std::size_t kBytesAnItem = 36;  // of tags and attributes in a form of labelled fields
+    return static_cast<std::size_t>(length().value) + pool_.size() * kBytesAnItem;
 }
 
 void Story::check(CharacterPosition start, CharacterPosition end) const {
@@ -215,15 +221,18 @@ pugi::xml_node Story::innermost(opc::WordTag tag, const Item* item) const {
 }
 
 pugi::xml_node Story::cellOf(const Item* item) const {
+    if (!hasTables_) return {};
     return innermost(opc::WordTag::CellElement, item);
 }
 
 pugi::xml_node Story::tableOf(const Item* item) const {
+    if (!hasTables_) return {};
     return innermost(opc::WordTag::Table, item);
 }
 
 pugi::xml_node Story::outermostTableOf(const Item* item, pugi::xml_node within) const {
     pugi::xml_node found;
+    if (!hasTables_) return found;
     for (pugi::xml_node node = item->node; node && node != within && node != root_; node = node.parent()) {
         if (names_.tagOf(node) == opc::WordTag::Table) found = node;
     }

@@ -6,6 +6,7 @@
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
 
+#include <cstddef>
 #include <deque>
 #include <pugixml.hpp>
 #include <string>
@@ -63,6 +64,8 @@ class Story {
     Item* makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length);
 
     [[nodiscard]] CharacterCount length() const { return items_.length(); }
+    /// Returns about how many bytes the story takes in its part.
+    [[nodiscard]] std::size_t expectedXmlSize() const;
     /// Raises an AutomationError for a position outside the story or between the halves of a character that
     /// takes two units.
     void check(CharacterPosition start, CharacterPosition end) const;
@@ -90,6 +93,8 @@ class Story {
     /// Returns true if a paragraph mark ends a cell.
     [[nodiscard]] bool endsCell(const Item* paragraphMark) const;
 
+    /// Returns true if any of the text may be inside a table.
+    [[nodiscard]] bool hasTables() const { return hasTables_; }
     /// Returns true if any of the text may be inside a content control.
     [[nodiscard]] bool hasContentControls() const { return hasContentControls_; }
 
@@ -123,6 +128,7 @@ class Story {
     std::vector<TrackedRange*> trackedRanges_;
     std::vector<pugi::xml_node> textBoxes_;
     bool hasContentControls_ = false;
+    bool hasTables_ = false;
 };
 
 /// Returns the text that an item contributes to a range's text.

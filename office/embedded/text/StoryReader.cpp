@@ -151,6 +151,9 @@ void StoryReader::readElement(pugi::xml_node node) {
             return readChildren(names_.child(node, opc::WordTag::ContentControlContent));
         case opc::WordTag::Table:
         case opc::WordTag::CellElement:
+            // Also in a damaged table, which has no rows.
+            story_.hasTables_ = true;
+            return readChildren(node);
         case opc::WordTag::CustomXml:
         case opc::WordTag::SmartTag:
         case opc::WordTag::Hyperlink:

@@ -19,23 +19,24 @@ WordElementFactory::WordElementFactory(opc::XmlPart& part, const opc::WordNames&
     };
     const std::string id = " " + names.attribute("id") + "=\"0\"";
     const std::string name = " " + names.attribute("name") + "=\"n\"";
+    const std::string blanks = " " + std::string(kSpaceAttribute) + "=\"preserve\"";
     const std::string source = "<prototypes>" + element("p", ">") + element("r", ">") + element("t", ">x") +
-                               element("bookmarkStart", id + name + ">") + element("bookmarkEnd", id + ">") +
-                               "</prototypes>";
+                               element("t", blanks + ">x") + element("bookmarkStart", id + name + ">") +
+                               element("bookmarkEnd", id + ">") + "</prototypes>";
     // A new text is the value of its element, which saves a node for each.
     part.detachedNodes().append_buffer(source.data(), source.size(),
                                        pugi::parse_default | pugi::parse_embed_pcdata);
     paragraph_ = part.detachedNodes().last_child().first_child();
     run_ = paragraph_.next_sibling();
     text_ = run_.next_sibling();
-    bookmarkStart_ = text_.next_sibling();
+    textWithBlanks_ = text_.next_sibling();
+    bookmarkStart_ = textWithBlanks_.next_sibling();
     bookmarkEnd_ = bookmarkStart_.next_sibling();
 }
 
 pugi::xml_node WordElementFactory::appendText(pugi::xml_node run, const std::string& text) const {
-    const pugi::xml_node element = run.append_copy(text_);
+    const pugi::xml_node element = run.append_copy(hasOuterBlanks(text) ? textWithBlanks_ : text_);
     element.text().set(text.c_str());
-    keepBlanks(element);
     return element;
 }
 
@@ -68,9 +69,12 @@ pugi::xml_node WordElementFactory::makeLike(pugi::xml_node node) {
     return element;
 }
 
+bool hasOuterBlanks(std::string_view text) {
+    return !text.empty() && (isBlank(text.front()) || isBlank(text.back()));
+}
+
 bool keepBlanks(pugi::xml_node textElement) {
-    const std::string_view text = textElement.child_value();
-    if (text.empty() || (!isBlank(text.front()) && !isBlank(text.back()))) return false;
+    if (!hasOuterBlanks(textElement.child_value())) return false;
     if (textElement.attribute(kSpaceAttribute)) return false;
     textElement.append_attribute(kSpaceAttribute) = "preserve";
     return true;

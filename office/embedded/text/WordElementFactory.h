@@ -5,6 +5,7 @@
 
 #include <pugixml.hpp>
 #include <string>
+#include <string_view>
 
 namespace mergeloom::embedded {
 
@@ -37,6 +38,7 @@ class WordElementFactory {
     pugi::xml_node paragraph_;
     pugi::xml_node run_;
     pugi::xml_node text_;
+    pugi::xml_node textWithBlanks_;
     pugi::xml_node bookmarkStart_;
     pugi::xml_node bookmarkEnd_;
 };
@@ -44,6 +46,8 @@ class WordElementFactory {
 /// The attribute that preserves the blanks at the ends of a text (XML 1.0, 2.10).
 inline constexpr const char* kSpaceAttribute = "xml:space";
 
+/// Returns true for a text that begins or ends with a blank.
+bool hasOuterBlanks(std::string_view text);
 /// Marks a text element whose text begins or ends with a blank, so that the blank is preserved. Returns false
 /// if no mark is needed or there is one already.
 bool keepBlanks(pugi::xml_node textElement);

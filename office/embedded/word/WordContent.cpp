@@ -68,6 +68,8 @@ WordContent::WordContent(opc::Package package, FileStore& files)
 }
 
 EditableStory& WordContent::editable(const Story& story) {
+    // Most edits are in the body.
+    if (&body().story == &story) return body();
     const auto isIt = [&](EditableStory& candidate) { return &candidate.story == &story; };
     return *std::find_if(stories_.begin(), stories_.end(), isIt);
 }
@@ -100,17 +102,17 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
     story.check(start, end);
     const ReplacementContext replaced(story, start, end);
     if (!text.empty()) replaced.checkNotDeleted();
+    EditableStory& target = editable(story);
     // A refused change must not count as an edit.
-    editable(story).eraser.check(start, end);
+    if (start != end) target.eraser.check(start, end);
     beginEdit(story, start, end);
     fallbacks_.noteEdit(story, start);
-    EditableStory& target = editable(story);
     TextSetting setting = replaced.setting();
     if (!setting.formatting && runs == RunUse::Own) {
         setting.formatting = target.editor.formattingAtPlace(start);
     }
     const std::vector<BookmarkRecord*> following = startingAfter(target, start, end);
-    target.eraser.erase(start, end);
+    if (start != end) target.eraser.erase(start, end);
     const CharacterCount inserted = target.editor.insertText(start, text, setting);
     keepAfter(target, following, start, inserted);
     return inserted;
@@ -129,7 +131,6 @@ CharacterPosition WordContent::endOf(Story& story) {
 
 std::vector<BookmarkRecord*> WordContent::startingAfter(EditableStory& target, CharacterPosition start,
                                                         CharacterPosition end) {
-    target.story.check(start, end);
     if (start == end) return {};
     std::vector<BookmarkRecord*> found = target.bookmarks.in(end, end);
     std::erase_if(found, [&](const auto* record) { return startOf(*record) != end; });
@@ -233,10 +234,18 @@ void WordContent::storeParts() {
     for (EditablePart& editable : parts_) {
         if (!editable.part->isDirty()) continue;
         fallbacks_.update(*editable.part);
-        package_.writePart(editable.part->partName(), editable.part->toXml());
+        package_.writePart(editable.part->partName(), editable.part->toXml(expectedSizeOf(*editable.part)));
         editable.part->setDirty(false);
         stored_.push_back(editable.part.get());
     }
+}
+
+std::size_t WordContent::expectedSizeOf(const opc::XmlPart& part) const {
+    std::size_t size = 0;
+    for (const EditableStory& editable : stories_) {
+        if (&editable.story.part() == &part) size += editable.story.expectedXmlSize();
+    }
+    return size;
 }
 
 void WordContent::loadRelated(const std::string& mainPart, const std::string& type, const std::string& kind) {

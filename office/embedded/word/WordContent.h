@@ -92,6 +92,7 @@ class WordContent {
         bool saved;
     };
 
+    [[nodiscard]] std::size_t expectedSizeOf(const opc::XmlPart& part) const;
     void loadPart(const std::string& partName, const std::string& kind);
     void loadRelated(const std::string& mainPart, const std::string& type, const std::string& kind);
     void loadStories(EditablePart& part, const std::string& kind);
