@@ -41,8 +41,8 @@ enum : std::size_t { kSchema = 1, kTable = 2, kColumn = 3, kFrom = 7, kPlace = 8
 
 constexpr std::string_view kMariaDbDriver = "libmaodbc";
 
-/// What makes drivers hand over rows one after the other instead of all together, by the names of their
-/// files.
+/// Options with which drivers, known by the names of their files, hand over rows one after the other instead
+/// of all together.
 struct DriverOptions {
     std::string_view driver;
     std::string_view options;
