@@ -7,9 +7,12 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace mergeloom::describe {
 namespace {
+
+using namespace std::string_view_literals;
 
 /// A pipe whose reader finds its end after the bytes.
 class FullPipe {
@@ -74,10 +77,10 @@ TEST(ReaderPipe, RefusesWhatIsNoMessage) {
         EXPECT_THROW(pipe.reader().message(), AutomationError);
     }
     // A text of which a part is missing, and one of a length that no file has.
-    for (const char* const bytes : {"\x05\0\0\0ab", "\xFF\xFF\xFF\x7F"}) {
+    for (const std::string_view bytes : {"\x05\0\0\0ab"sv, "\xFF\xFF\xFF\x7F"sv}) {
         const FullPipe pipe([bytes](PipeWriter& writer) {
-            for (std::size_t place = 0; place < 6; ++place)
-                writer.message(static_cast<Message>(bytes[place]));
+            for (const char byte : bytes)
+                writer.message(static_cast<Message>(byte));
         });
         EXPECT_THROW(pipe.reader().text(), AutomationError);
     }
