@@ -22,7 +22,7 @@ std::string sentenceOf(const std::string& path, const model::GraftRefusal& refus
 }  // namespace
 
 LibreOfficeSession& GraftingOffice::hidden() {
-    if (!hidden_ || !hidden_->process().isRunning()) {
+    if (!hidden_ || !hidden_->isAlive()) {
         hidden_.reset();
         hidden_ = std::make_unique<LibreOfficeSession>(files_);
     }

@@ -73,8 +73,7 @@ void LibreOfficeConverter::convertAs(const std::string& from, const std::string&
 }
 
 LibreOfficeSession& LibreOfficeConverter::session() {
-    const bool runs = session_ && session_->process().isRunning();
-    if (!runs) {
+    if (!session_ || !session_->isAlive()) {
         session_.reset();
         session_ = source_();
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AutomationError.h"
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/libreoffice/session/LibreOfficeProcess.h"
 #include "office/libreoffice/session/OfficeConnection.h"
@@ -20,6 +21,13 @@ class LibreOfficeSession {
         if (mode == OfficeMode::Hidden) connection_.expect(RequestPattern::Series);
     }
 
+    /// Returns true if the office answers. Its process may run for a moment after the office has ended.
+    [[nodiscard]] bool isAlive() try {
+        if (!process_.isRunning()) return false;
+        return connection_.call([this] { return connection_.desktop()->getFrames().is(); });
+    } catch (const AutomationError&) {
+        return false;
+    }
     [[nodiscard]] LibreOfficeProcess& process() { return process_; }
     [[nodiscard]] OfficeConnection& connection() { return connection_; }
     [[nodiscard]] LibreOfficeFiles& files() { return files_; }
