@@ -227,7 +227,8 @@ void FillCommand::checkNames() const {
         (isWorkbook_ ? "}.xlsx, or choose --record N." : "}.docx, or choose --one-document or --record N."));
 }
 
-/// Refuses two records with the same file. Reads the data again if that is likely.
+/// Raises kNotAvailable if two records have the same file. Reads the data again only if two fingerprints are
+/// equal.
 void FillCommand::checkDistinct() {
     const std::vector<std::size_t> suspects = std::exchange(fingerprints_, {}).suspects();
     if (suspects.empty()) return;

@@ -33,13 +33,13 @@ class LetterNames {
     std::vector<std::string> controls_;
 };
 
-/// Finds the records whose paths may be the same, in 16 bytes for each, so that a hundred thousand letters
-/// need little memory.
+/// Finds records that may have the same path. Stores 16 bytes for each record in place of its path, since a
+/// run may write a hundred thousand letters.
 class PathFingerprints {
   public:
     void note(const std::string& path, std::size_t number);
-    /// Returns the numbers of the records whose fingerprint another record has, in ascending order. All other
-    /// records have paths of their own.
+    /// Returns the numbers of the records that share their fingerprint with another one, in ascending order.
+    /// The paths of all other records are unique.
     [[nodiscard]] std::vector<std::size_t> suspects();
 
   private:

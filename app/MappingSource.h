@@ -11,7 +11,8 @@
 
 namespace mergeloom {
 
-/// A structure document with its tree, which is not shown and so has no kinds of drop below its controls.
+/// A structure document with its tree. The tree is not shown, so it does not contain the kinds of drop below
+/// controls.
 class MappingSource {
   public:
     /// Loads the document and builds the tree. When a document does not load, the tree stays empty, and a

@@ -27,7 +27,7 @@ constexpr char toLowerAscii(char character) {
 /// Returns the first code point of a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
 char32_t firstCodePoint(std::string_view text);
 
-/// Does what takeCodePoint does for a text that does not start with ASCII.
+/// Removes and returns the first code point of a text that does not start with ASCII.
 char32_t takeLongCodePoint(std::string_view& text);
 
 /// Removes and returns the first code point of a non-empty text. A byte that is not UTF-8 reads as U+FFFD.
@@ -89,7 +89,7 @@ std::vector<std::string_view> split(std::string_view text, char separator);
 /// Replaces every occurrence of a non-empty part.
 std::string replaceAll(std::string_view text, std::string_view part, std::string_view replacement);
 
-/// Does what isNameLetter does for a code point that is not ASCII.
+/// Returns true if a code point outside of ASCII is a letter in names.
 bool isLongNameLetter(char32_t codePoint);
 /// Returns true for a letter (a Unicode property) of one UTF-16 code unit, which Word accepts in a bookmark's
 /// name.

@@ -41,7 +41,7 @@ NeededColumns columnsNeededBy(const RowQuery& query) {
     return needed;
 }
 
-/// A database file whose tables are copied into a temporary database when their rows are needed.
+/// A database file of Access. Its tables are copied into a temporary database when their rows are selected.
 class AccessDatabase final : public Database {
   public:
     explicit AccessDatabase(std::string path) : path_(std::move(path)) {
@@ -76,7 +76,7 @@ class AccessDatabase final : public Database {
         std::set<std::string> columns;
     };
 
-    /// Completes the reasons for which the reading failed to sentences.
+    /// Runs a reading and adds the file's name to the errors that it raises.
     template <typename Task>
     void attempt(const Task& task) const {
         try {

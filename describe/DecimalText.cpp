@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-/// The parts of a decimal number, without zeros that do not count.
+/// The parts of a decimal number, without leading and trailing zeros.
 struct Parts {
     explicit Parts(std::string_view text) {
         isNegative = text.starts_with('-');

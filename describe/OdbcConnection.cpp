@@ -22,7 +22,7 @@ constexpr std::size_t kNameSize = 1024;   ///< in characters
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager has texts of UTF-16");
 
-/// A text that a function of ODBC reads; without characters it stands for any text.
+/// A text argument of a function of ODBC. An empty text is passed as a null pointer, which matches any value.
 class WideText {
   public:
     explicit WideText(const std::string& text) : units_(toUtf16(text)) {}
@@ -33,7 +33,7 @@ class WideText {
     std::u16string units_;
 };
 
-/// ODBC passes numbers in place of pointers.
+/// Converts a number to the pointer type in which ODBC takes attribute values.
 SQLPOINTER pointer(std::uintptr_t number) {
     return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
 }
@@ -42,7 +42,8 @@ std::string textOf(const std::array<SQLWCHAR, kNameSize>& units, std::size_t siz
     return fromUtf16({reinterpret_cast<const char16_t*>(units.data()), std::min(size, kNameSize - 1)});
 }
 
-/// Drivers put their own names in brackets before a message, and some write several lines.
+/// Converts a driver's message to one sentence. Drivers write their names in brackets before a message, and
+/// some write several lines.
 std::string sentenceOf(std::string message) {
     while (message.starts_with('[') && message.find(']') != std::string::npos)
         message.erase(0, message.find(']') + 1);

@@ -25,7 +25,8 @@ class OdbcConnection {
     OdbcConnection& operator=(const OdbcConnection&) = delete;
     ~OdbcConnection();
 
-    /// Returns the text of an information or an attribute by its number in ODBC; empty if there is none.
+    /// Returns a property of the driver or an attribute of the connection by its number in ODBC, or an empty
+    /// text if there is none.
     [[nodiscard]] std::string information(unsigned short number) const;
     [[nodiscard]] std::string attribute(int number) const;
     [[nodiscard]] void* handle() const { return connection_; }
@@ -51,9 +52,9 @@ class OdbcStatement {
     /// Raises OdbcError.
     void execute(const std::string& sql);
 
-    /// List parts of the catalog as rows with the columns that ODBC lays down for SQLTables, SQLColumns,
+    /// List parts of the catalog as rows with the columns that ODBC defines for SQLTables, SQLColumns,
     /// SQLPrimaryKeys, SQLStatistics (unique indexes only) and SQLForeignKeys (of the table that has them).
-    /// An empty text is left to the driver; "%" in place of schemas stands for any. Raise OdbcError.
+    /// An empty catalog or schema matches any; "%" matches any schema. Raise OdbcError.
     void listTables(const std::string& catalog);
     void listColumns(const std::string& catalog, const std::string& schemas);
     void listPrimaryKey(const std::string& catalog, const std::string& schema, const std::string& table);

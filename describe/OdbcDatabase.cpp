@@ -22,7 +22,7 @@ namespace {
 constexpr const char* kPasswordVariable = "MERGELOOM_ODBC_PASSWORD";
 constexpr std::string_view kWrongPassword = "28000";
 
-/// The columns of the lists of the catalog, counted from 0.
+/// The columns of the catalog functions' results, counted from 0.
 namespace tables {
 enum : std::size_t { kSchema = 1, kName = 2, kType = 3 };
 }
@@ -41,8 +41,7 @@ enum : std::size_t { kSchema = 1, kTable = 2, kColumn = 3, kFrom = 7, kPlace = 8
 
 constexpr std::string_view kMariaDbDriver = "libmaodbc";
 
-/// Options with which drivers, known by the names of their files, hand over rows one after the other instead
-/// of all together.
+/// The options that make drivers return rows one at a time, by parts of the drivers' file names.
 struct DriverOptions {
     std::string_view driver;
     std::string_view options;
@@ -123,7 +122,8 @@ class OdbcCursor final : public Cursor {
     std::string password_;
 };
 
-/// Runs a task. Raises kFileCouldNotBeRead with the driver's sentence, in which no password is told.
+/// Runs a task and returns its result. Raises kFileCouldNotBeRead with the driver's sentence, in which the
+/// password is replaced.
 template <typename Task>
 auto attempt(const std::string& source, const std::string& password, const Task& task) {
     try {
@@ -156,7 +156,7 @@ class OdbcDatabase final : public Database {
 
     std::unique_ptr<Cursor> select(const RowQuery& query) override {
         return attempt(source_, password_, [&]() -> std::unique_ptr<Cursor> {
-            // A driver that hands over rows one after the other may have one list of them at a time.
+            // A driver that returns rows one at a time may allow only one open statement for each connection.
             auto statement = std::make_unique<OdbcStatement>(streamingConnection());
             if (query.filter) statement->bind(query.filter->value, filteredType(query));
             statement->execute(selectStatement(query, names()));
@@ -217,7 +217,7 @@ class OdbcDatabase final : public Database {
             ++counts[place.name];
         }
         for (const auto& [place, kind] : found) {
-            // Tables of one name in several schemas are told apart by these.
+            // Tables with the same name in several schemas get the schema in their names.
             const std::string name = counts[place.name] > 1 ? place.schema + "." + place.name : place.name;
             places_[name] = place;
             names_[place] = name;
@@ -248,7 +248,8 @@ class OdbcDatabase final : public Database {
         }
     }
 
-    /// MariaDB has small numbers for booleans, of which only their width tells. Its driver does not know it.
+    /// Sets the type of MariaDB's booleans, which are stored as tinyint(1). Its driver reports them as
+    /// integers.
     void readBooleans() {
         if (connection_->information(SQL_DRIVER_NAME).find(kMariaDbDriver) == std::string::npos) return;
         OdbcStatement list(connection_);
@@ -276,7 +277,7 @@ class OdbcDatabase final : public Database {
             names.push_back(std::move(column));
     }
 
-    /// Begins a foreign key with each first column.
+    /// Reads the foreign keys of a table. A row with position 1 begins a new key.
     void readForeignKeys(Table& table) {
         OdbcStatement list(connection_);
         const TablePlace& place = places_.at(table.name);
@@ -294,7 +295,7 @@ class OdbcDatabase final : public Database {
             complete(key);
     }
 
-    /// Adds the columns that a driver leaves out because the foreign key refers to the primary key.
+    /// Adds the referred columns if the driver omits them, as it may for a reference to the primary key.
     void complete(ForeignKey& key) {
         const Table& table = *tableNamed(key.referredTable);
         const bool isWithoutColumns = std::ranges::all_of(key.referredColumns, &std::string::empty);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// What a user writes to name a database of ODBC: "odbc:DSN=shop;UID=clerk".
+/// Sources of ODBC, such as "odbc:DSN=shop;UID=clerk".
 namespace mergeloom::describe {
 
 /// Asks the user for a password. Returns none if there is nobody to ask.
@@ -18,8 +18,7 @@ bool isOdbcSource(std::string_view source);
 /// users of the machine could read.
 std::string odbcConnectionString(std::string_view source);
 
-/// Returns the name by which a person knows the database: its data source, or the last part of its file's
-/// path.
+/// Returns the name of the database for users: its data source, or the last part of its file's path.
 std::string odbcDatabaseName(std::string_view source);
 
 /// Returns a connection string with a password.

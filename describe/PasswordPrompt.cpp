@@ -33,7 +33,7 @@ class SilentTerminal {
     void write(std::string_view text) const {
         if (::write(descriptor_, text.data(), text.size()) < 0) return;
     }
-    /// Returns false at the end of the input and when a signal came.
+    /// Returns false at the end of the input and after a signal.
     bool read(char& letter) const { return ::read(descriptor_, &letter, 1) == 1; }
 
   private:

@@ -13,7 +13,7 @@ namespace mergeloom::describe {
 namespace {
 
 constexpr std::size_t kBufferSize = 65536;
-/// Limits on what a reading process may send, which a damaged file may have misled.
+/// Limits on the messages of a reading process, whose sizes may be wrong because of a damaged file.
 constexpr std::uint32_t kMaxTextSize = 1U << 28U;
 constexpr std::uint32_t kMaxCount = 1U << 16U;
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-/// The messages that a process which reads a database file sends to the one that started it. Both are of the
-/// same build, so numbers are sent as the machine keeps them.
+/// The messages from a process that reads a database file to the process that started it. Both are of the
+/// same build, so numbers are sent in the machine's own representation.
 namespace mergeloom::describe {
 
 /// The file descriptor to which the reading process writes.
@@ -48,7 +48,7 @@ class PipeWriter {
     std::string buffer_;
 };
 
-/// Raises kFileCouldNotBeRead if the messages end too early or are none.
+/// Reads messages. Raises kFileCouldNotBeRead if they are incomplete or invalid.
 class PipeReader {
   public:
     explicit PipeReader(int descriptor) : descriptor_(descriptor) {}
@@ -66,7 +66,7 @@ class PipeReader {
         bytes({reinterpret_cast<char*>(&number), sizeof number});
         return number;
     }
-    /// Returns an enumerator that is not after the last one.
+    /// Returns an enumerator. Raises kFileCouldNotBeRead for a value after the last one.
     template <typename Enumeration>
     Enumeration enumerator(Enumeration last);
     void bytes(std::span<char> bytes);

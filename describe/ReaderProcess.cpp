@@ -59,7 +59,7 @@ void start(const std::string& program, const std::vector<std::string>& arguments
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_RDWR, 0);
 
-    // A signal from the terminal is for this process, which ends the other one.
+    // A signal from the terminal must reach this process only, which ends the other one.
     posix_spawnattr_t attributes{};
     posix_spawnattr_init(&attributes);
     const Attributes ownedAttributes(&attributes, posix_spawnattr_destroy);

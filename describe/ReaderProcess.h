@@ -10,9 +10,9 @@
 
 namespace mergeloom::describe {
 
-/// A program of its own that reads a database file, so that its library may fail without this process.
+/// A separate process that reads a database file, so that a crash of its library does not end this process.
 ///
-/// It writes its messages to kReaderDescriptor and has no other streams. It ends with this object.
+/// Writes its messages to kReaderDescriptor and has no other streams. The destructor ends it.
 class ReaderProcess {
   public:
     /// Raises kNotAvailable if the program is not installed or cannot be started.
@@ -22,7 +22,8 @@ class ReaderProcess {
     ~ReaderProcess();
 
     /// Returns the next message, or none after the last one. Raises kFileCouldNotBeRead with the reason that
-    /// the program sent, or with one of ours if it broke off, and kCommandFailed if this process is to end.
+    /// the process sent or, if it ended early, with a general one. Raises kCommandFailed if this process was
+    /// told to end.
     std::optional<Message> next();
     /// Reads the parts of the message.
     [[nodiscard]] PipeReader& parts() { return parts_; }

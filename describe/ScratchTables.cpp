@@ -20,7 +20,7 @@ int compareDecimalNumbers(void* /*unused*/, int leftSize, const void* left, int 
     return compareDecimals(a, b);
 }
 
-/// Returns the declaration of a column, which determines what its values equal.
+/// Returns the declaration of a column, which determines how its values are compared.
 std::string declarationOf(ColumnType type) {
     switch (type) {
         case ColumnType::Integer:

@@ -11,15 +11,15 @@
 
 namespace mergeloom::describe {
 
-/// Copies of tables in a temporary database, which joins and orders the rows of a source that cannot. The
-/// copies are kept in a file, so that their size is no matter of memory.
+/// Copies of tables in a temporary database, which joins and orders rows for sources that cannot. The copies
+/// are stored in a file to limit the memory that is used.
 class ScratchTables {
   public:
     /// Raises kFileCouldNotBeRead.
     ScratchTables();
 
-    /// Adds an empty table and returns its name, which no other one has. Texts in it are equal regardless of
-    /// the case of ASCII letters, and decimal numbers are compared by their values.
+    /// Adds an empty table and returns its name, which is unique. Texts in it are equal regardless of the
+    /// case of ASCII letters, and decimal numbers are compared by their values.
     std::string add(const std::vector<Column>& columns);
     std::unique_ptr<Cursor> select(const RowQuery& query);
 

@@ -11,11 +11,11 @@ namespace mergeloom::describe {
 /// Returns a name between quotation marks, doubled inside it.
 std::string quotedName(std::string_view name, std::string_view mark = "\"");
 
-/// The names in the statements of a kind of database.
+/// The syntax of names in the statements of a kind of database.
 struct SqlNames {
     std::string mark = "\"";  ///< the quotation mark
-    /// Returns the name of a table as statements write it, such as one with its schema; the name in quotation
-    /// marks if there is no function.
+    /// Returns the name of a table for statements, for example with its schema. Without a function, it is the
+    /// name in quotation marks.
     std::function<std::string(const std::string&)> table{};
 };
 

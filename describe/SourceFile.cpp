@@ -18,7 +18,7 @@ namespace mergeloom::describe {
 namespace {
 
 constexpr std::string_view kSqliteMark("SQLite format 3\0", 16);
-/// What a file of Access has after its first four bytes.
+/// The signatures of files of Access, at offset 4.
 constexpr std::size_t kAccessMarkOffset = 4;
 constexpr std::string_view kAccessMarks[] = {"Standard Jet DB", "Standard ACE DB"};
 constexpr std::size_t kLengthOfMarks = 20;

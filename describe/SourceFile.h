@@ -13,8 +13,7 @@ namespace mergeloom::describe {
 /// empty, or of no known kind.
 std::unique_ptr<Database> openSource(const std::string& source, const PasswordPrompt& askPassword);
 
-/// Returns the name by which a person knows the database of a source: "shop" for "/srv/shop.db" and
-/// "odbc:DSN=shop".
+/// Returns the name of a source's database for users: "shop" for "/srv/shop.db" and "odbc:DSN=shop".
 std::string databaseNameOf(const std::string& source);
 
 }  // namespace mergeloom::describe

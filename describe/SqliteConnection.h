@@ -16,10 +16,10 @@ namespace mergeloom::describe {
 /// An open database of SQLite.
 class SqliteConnection {
   public:
-    /// Opens a file for reading. All statements read the same state of it. Raises kFileCouldNotBeRead with a
+    /// Opens a file for reading. All statements read the same snapshot. Raises kFileCouldNotBeRead with a
     /// sentence that names the file if it is damaged, encrypted or locked.
     static SqliteConnection openForReading(const std::string& path);
-    /// Opens an empty database in a temporary file without a name, whose statements need not be undone.
+    /// Opens an empty database in a temporary file without a name, without support for rollbacks.
     static SqliteConnection openScratch();
 
     /// Executes a statement that returns no rows. Raises kFileCouldNotBeRead.

@@ -118,14 +118,15 @@ void ValueFormat::writeNumber(double number, std::string_view digits, const Colu
     writePoint(text.shown);
 }
 
-/// Shows the digits in groups.
+/// Writes a decimal number with the separators of the locale.
 void ValueFormat::writeDecimal(std::string digits, ValueText& text) const {
     text.shown = std::move(digits);
     const std::size_t point = writePoint(text.shown);
     group(text.shown, point, conventions_.groupSeparator);
 }
 
-/// Replaces the point in a number by that of the conventions. Returns its place, the end if there is none.
+/// Replaces the point in a number with the decimal separator of the locale. Returns its position, or the
+/// length of the number if there is none.
 std::size_t ValueFormat::writePoint(std::string& number) const {
     const std::size_t point = number.find('.');
     if (point == std::string::npos) return number.size();

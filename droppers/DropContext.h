@@ -84,7 +84,7 @@ class DroppedNames {
   private:
     static constexpr char kEnd = '\0';
 
-    // Only tables ask, so a large form of fields costs no more than a list of its names.
+    // Names are folded when a table asks for one, so a form of fields only does not pay for it.
     mutable std::string added_;  // the names since the last question, each with its end
     mutable std::unordered_set<std::string> folded_;
 };

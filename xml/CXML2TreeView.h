@@ -57,8 +57,8 @@ class BoundValueIndex {
     std::vector<Number> named_;         // the controls that have a name, in their order
 };
 
-/// The nodes below a control in the tree: the kinds of drop that it offers to a user, or none for a run
-/// without a user, for which they would be most of the tree.
+/// Determines if the tree has nodes for the kinds of drop below controls. Runs without a user leave them out,
+/// since they would be most of the tree.
 enum class DropKindNodes { Shown, LeftOut };
 
 /// Shows a structure document as a tree: objects, controls and, below a control, the kinds of drop that it

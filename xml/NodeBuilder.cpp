@@ -85,8 +85,8 @@ pugi::xml_node NodeBuilder::appendElement(const char* name) {
     return element;
 }
 
-/// Elements of one kind mostly have the same attributes in the same order, so the attribute that had this
-/// place before is compared first.
+/// Returns the attribute of the vocabulary with the name. Compares the attribute at the same position of the
+/// previous element first, since elements of one kind usually have the same attributes in the same order.
 pugi::xml_attribute NodeBuilder::knownAttribute(const char* name) {
     if (attributeCount_ == lastAttributes_.size()) lastAttributes_.emplace_back();
     pugi::xml_attribute& last = lastAttributes_[attributeCount_++];

@@ -9,7 +9,7 @@ namespace mergeloom::describe::access {
 
 namespace {
 
-/// A definition's page begins with its kind and has the number of the next page at this offset.
+/// The offset of the next page's number in a page of a definition.
 constexpr int kNextPageOffset = 4;
 constexpr std::size_t kPageHeaderSize = 8;
 
@@ -32,7 +32,7 @@ void raiseDamaged() {
 AccessFile::AccessFile(const std::string& path)
     : size_(sizeOf(path)), handle_(mdb_open(path.c_str(), MDB_NOFLAGS), mdb_close) {
     if (handle_ == nullptr) raiseDamaged();
-    // Files of Access 2007 and later are encrypted in a way of their own, of which the library knows nothing.
+    // The library does not support the encryption of Access 2007 and later.
     if (handle_->f->jet_version >= MDB_VER_ACCDB_2007 && handle_->f->db_key != 0) refuse("it is encrypted.");
     GPtrArray* const catalog = mdb_read_catalog(handle_.get(), MDB_ANY);
     if (catalog == nullptr) refuse("it is damaged or encrypted.");

@@ -1,6 +1,6 @@
 #pragma once
 
-// Before the library's header, which includes it as though it were C throughout.
+// Must be included before the library's header, which includes it within extern "C".
 #include <glib.h>
 #include <mdbtools.h>
 
@@ -30,13 +30,13 @@ class AccessFile {
     explicit AccessFile(const std::string& path);
 
     [[nodiscard]] MdbHandle* handle() const { return handle_.get(); }
-    /// Returns the size of the file in bytes, which limits what can be in it.
+    /// Returns the size of the file in bytes, an upper limit for sizes within it.
     [[nodiscard]] std::size_t size() const { return size_; }
     [[nodiscard]] bool isJet3() const { return handle_->f->jet_version == MDB_VER_JET3; }
     /// Returns the catalog's entry of a table, which is valid as long as this object. Raises
     /// kFileCouldNotBeRead if there is none.
     [[nodiscard]] MdbCatalogEntry* tableNamed(const std::string& name) const;
-    /// Returns the pages of a table's definition one after the other, without the headers of the later ones.
+    /// Returns the concatenated pages of a table's definition, without the headers of all but the first one.
     /// Raises kFileCouldNotBeRead.
     [[nodiscard]] std::vector<unsigned char> definitionAt(unsigned long page) const;
 

@@ -27,7 +27,7 @@ std::string remarkOn(const std::string& column, const std::string& table, const 
     return "The column '" + column + "' of '" + table + "' is left out: " + reason;
 }
 
-/// A relation as its rows tell it, a row for each pair of columns.
+/// A relation from the rows of the system table, which has a row for each pair of columns.
 struct Relation {
     std::string from;
     std::string to;
@@ -91,7 +91,7 @@ class SchemaReader {
         }
     }
 
-    /// Leaves out a relation of columns that are not described.
+    /// Omits relations with columns that are not described.
     static void addForeignKey(Table& from, const Table& to, const Relation& relation) {
         ForeignKey key{{}, to.name, {}};
         for (const auto& [place, columns] : relation.columns) {

@@ -20,21 +20,22 @@ constexpr unsigned char kPrimaryKey = 1;
 constexpr int kDecimalsOfMoney = 2;
 constexpr int kMaxDecimals = 28;
 
-/// The place of the digits after the point in the definition of a column of decimal numbers.
+/// The offset of the scale in the definition of a column of decimal numbers.
 constexpr std::size_t kScaleOffset = 12;
 
-/// The place of the flags for calculated columns in the definition of a column, from Access 2010 on.
+/// The offset of the flags for calculated columns in the definition of a column, since Access 2010.
 constexpr std::size_t kFurtherFlagsOffset = 16;
 constexpr unsigned char kIsCalculated = 0xC0;
 
-/// All texts of a table together take fewer bytes than this many times the file, unless it is damaged so that
-/// values share their bytes.
+/// The limit for the total size of a table's texts, as a multiple of the file's size. It is exceeded only if
+/// values of a damaged file share their bytes.
 constexpr std::size_t kMaxTextsPerFile = 4;
 
-/// The place of the table's page in a page with its rows.
+/// The offset of the number of the table's page in a page of rows.
 constexpr int kOwnerOffset = 4;
 
-/// The flags at the offset of a row. A row that was moved leaves a pointer: the row's number and the page.
+/// The flags in the offset of a row. In the place of a moved row is a pointer to it: the row's number and the
+/// page.
 constexpr int kIsDeletedRow = 0x8000;
 constexpr int kIsPointer = 0x4000;
 constexpr int kOffsetMask = 0x1FFF;
@@ -107,7 +108,7 @@ std::string reasonNotRead(int stored) {
 AccessTable::AccessTable(const AccessFile& file, const std::string& name)
     : file_(file), table_(mdb_read_table(file.tableNamed(name)), mdb_free_tabledef) {
     if (table_ == nullptr || mdb_read_columns(table_.get()) == nullptr) raiseDamaged();
-    // Goes on where the columns end in the page that was read last. Returns nothing.
+    // Continues after the columns in the page that was read last, and always returns null.
     mdb_read_indices(table_.get());
     std::map<int, ColumnDetails> details = readDetails();
     const std::span<MdbColumn*> fields = itemsOf<MdbColumn>(table_->columns);
@@ -180,8 +181,8 @@ bool AccessTable::next() {
     return true;
 }
 
-/// Moves to the next page with rows. Returns false after the last one. The library's own routine takes a page
-/// that is missing for the end.
+/// Moves to the next page with rows. Returns false after the last one. The library's own routine treats a
+/// missing page as the end.
 bool AccessTable::nextPage() {
     MdbHandle* const mdb = file_.handle();
     rowOnPage_ = 0;
@@ -200,8 +201,8 @@ bool AccessTable::nextPage() {
     return true;
 }
 
-/// Reads a row of the current page. Returns false for one that was deleted or that a row of another page
-/// leads to. The library's own routine confuses the two.
+/// Reads a row of the current page. Returns false for a deleted row and for one that a pointer on another
+/// page refers to. The library's own routine does not distinguish the two.
 bool AccessTable::readRow(int row) {
     MdbHandle* const mdb = file_.handle();
     long page = page_;
@@ -235,7 +236,7 @@ Value AccessTable::value(std::size_t column, std::string& text) {
     const MdbField& field = fields_[number];
     Value value;
     if (stored == MDB_BOOL) {
-        // The bit that tells whether there is a value is the value here.
+        // The value of a boolean is its bit in the null mask.
         value.kind = Value::Kind::Integer;
         value.integer = field.is_null == 0 ? 1 : 0;
         return value;

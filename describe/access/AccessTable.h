@@ -13,7 +13,7 @@
 
 namespace mergeloom::describe::access {
 
-/// What the library does not tell of a column, or one version of it in another way than the next.
+/// Details of a column that the library does not return, or that differ between its versions.
 struct ColumnDetails {
     bool isCalculated = false;
     int scale = 0;  ///< the digits after the point of a decimal number
@@ -27,20 +27,19 @@ class AccessTable {
 
     /// Returns the readable columns.
     [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
-    /// Returns the names of the others, each with the reason for which it cannot be read.
+    /// Returns the names of the other columns, each with the reason why it cannot be read.
     [[nodiscard]] const std::vector<std::pair<std::string, std::string>>& unreadable() const {
         return unreadable_;
     }
     /// Returns the readable columns of each key, the primary one first.
     [[nodiscard]] std::vector<std::vector<std::string>> keys() const;
-    /// Returns the position of a readable column, without regard to the case of letters. Raises
-    /// kFileCouldNotBeRead.
+    /// Returns the position of a readable column. The case of letters is ignored. Raises kFileCouldNotBeRead.
     [[nodiscard]] std::size_t positionOf(const std::string& column) const;
 
-    /// Moves to the next row, at first to the first one. Returns false after the last one. Raises
+    /// Moves to the next row; the first call moves to the first one. Returns false after the last one. Raises
     /// kFileCouldNotBeRead if pages are missing.
     bool next();
-    /// Returns a value of the current row. The bytes of a text are in the given one.
+    /// Returns a value of the current row. The bytes of texts are stored in the argument.
     Value value(std::size_t column, std::string& text);
 
   private:

@@ -33,7 +33,8 @@ std::string formatted(const char* format, Arguments... arguments) {
     return {text.data(), static_cast<std::size_t>(size)};
 }
 
-/// Returns the number that the digits are if so many of them are after the point, without zeros at its end.
+/// Returns the decimal number with the given digits, of which scale are after the point, without trailing
+/// zeros.
 std::string withPoint(std::string digits, int scale, bool isNegative) {
     const auto decimals = static_cast<std::size_t>(scale);
     if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), '0');
@@ -57,7 +58,7 @@ std::u16string utf16Of(Bytes bytes) {
     return units;
 }
 
-/// A byte of 0 changes between characters of one byte and of two.
+/// Decompresses text. A byte of 0 switches between characters of one byte and of two.
 std::u16string uncompressed(Bytes bytes) {
     std::u16string units;
     bool isCompressed = true;
@@ -121,7 +122,7 @@ std::string decimalOf(Bytes bytes, int scale) {
     std::string digits;
     bool isZero = false;
     while (!isZero) {
-        // Divides the whole number by ten; what remains is its last digit.
+        // Divides the whole number by ten; the remainder is its last digit.
         std::uint64_t remainder = 0;
         isZero = true;
         for (std::uint64_t& group : groups) {
@@ -137,7 +138,7 @@ std::string decimalOf(Bytes bytes, int scale) {
 
 std::string dateOf(double days) {
     if (!(days >= kFirstDay && days < kEndOfDays)) return {};
-    // Before the day 0 the time counts forward from the beginning of the day as well.
+    // For days before day 0, too, the fraction is the time since the beginning of the day.
     double whole = std::trunc(days);
     long second = std::lround(std::fabs(days - whole) * kSecondsOfDay);
     if (second == kSecondsOfDay) {

@@ -9,7 +9,7 @@ namespace mergeloom::describe::access {
 
 using Bytes = std::span<const unsigned char>;
 
-/// Returns an unsigned number of as many bytes as there are.
+/// Returns the unsigned number that all the bytes represent.
 std::uint64_t unsignedOf(Bytes bytes);
 /// Returns a signed number of 2, 4 or 8 bytes.
 std::int64_t signedOf(Bytes bytes);
@@ -22,11 +22,11 @@ std::string moneyOf(Bytes bytes);
 /// group first.
 std::string decimalOf(Bytes bytes, int scale);
 /// Returns a date by ISO 8601, without the time at midnight, or a time for the day 0, which is 1899-12-30.
-/// Empty for a number of days that Access has not.
+/// Returns an empty text for a number of days outside the range of Access.
 std::string dateOf(double days);
 /// Returns a replication id: "{00112233-4455-6677-8899-AABBCCDDEEFF}".
 std::string replicationIdOf(Bytes bytes);
-/// Returns text of Jet 4: UTF-16, or after the bytes FF FE a mixture of it with characters of one byte.
+/// Returns a text of Jet 4: UTF-16 or, after the bytes FF FE, compressed UTF-16.
 std::string textOf(Bytes bytes);
 
 }  // namespace mergeloom::describe::access

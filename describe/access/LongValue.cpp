@@ -11,14 +11,15 @@ namespace {
 constexpr std::size_t kHeadSize = 12;
 constexpr std::size_t kPointerOffset = 4;
 constexpr std::size_t kPiecePointerSize = 4;
-/// The two highest bits of the length tell where the value is; without them it is a chain of pieces.
+/// Bits of the length that determine the location of the value. If none is set, the value is a chain of
+/// pieces.
 constexpr std::uint32_t kInTheRow = 0x80000000;
 constexpr std::uint32_t kInOnePiece = 0x40000000;
 constexpr std::uint32_t kLengthMask = 0x3FFFFFFF;
 constexpr std::size_t kMaxSize = std::size_t{64} << 20U;
 
-/// Returns the bytes to which a pointer leads, which has the page and, in its lowest byte, the row. They are
-/// valid until the next call.
+/// Returns the bytes that a pointer refers to; its lowest byte is the row, the others are the page. The bytes
+/// are valid until the next call.
 Bytes pieceAt(const AccessFile& file, std::uint32_t pointer) {
     void* page = nullptr;
     int offset = 0;
@@ -53,7 +54,7 @@ std::vector<unsigned char> longValueOf(const AccessFile& file, Bytes head) {
     } else {
         while (value.size() < length) {
             const Bytes piece = pieceAt(file, pointer);
-            // A piece without bytes of its own would never end the chain.
+            // A chain of empty pieces would not end.
             if (piece.size() <= kPiecePointerSize) raiseDamaged();
             pointer = static_cast<std::uint32_t>(unsignedOf(piece.first(kPiecePointerSize)));
             append(value, piece.subspan(kPiecePointerSize), length);

@@ -7,8 +7,8 @@
 
 namespace mergeloom::describe::access {
 
-/// Returns the bytes of a memo or an OLE object, of which a row has only the head. Raises
-/// kFileCouldNotBeRead, also for a value that is too large to be kept in memory.
+/// Returns the bytes of a memo or an OLE object; its field contains only the length and a pointer. Raises
+/// kFileCouldNotBeRead, also for a value that is too large for memory.
 std::vector<unsigned char> longValueOf(const AccessFile& file, Bytes head);
 
 }  // namespace mergeloom::describe::access

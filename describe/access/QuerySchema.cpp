@@ -13,7 +13,7 @@ namespace mergeloom::describe::access {
 
 namespace {
 
-/// The kinds of queries by their flags in the catalog. Those between change data.
+/// The kinds of queries by their flags in the catalog. The kinds between these two change data.
 constexpr std::int64_t kKindMask = 0xF0;
 enum QueryKind : std::int64_t { kSelect = 0, kCrosstab = 0x10, kPassThrough = 0x70, kUnion = 0x80 };
 
@@ -32,7 +32,7 @@ struct Definition {
     bool showsAllColumns = false;
 };
 
-/// A column and the source that it comes from.
+/// A column and its source.
 struct Output {
     std::string source;
     Column column;
@@ -60,7 +60,7 @@ std::optional<std::string> takeName(std::string_view& text) {
     return name;
 }
 
-/// An expression that is a column, or with the column "*" all columns, of a source or of any.
+/// An expression that is a column. The column "*" means all columns; an empty source means any source.
 struct ColumnName {
     std::string source;
     std::string column;
@@ -85,7 +85,7 @@ class QueryDescriber {
     QueryDescriber(std::map<std::int64_t, Definition> definitions, AccessSchema& schema)
         : definitions_(std::move(definitions)), schema_(schema) {}
 
-    /// Returns false if the query shows all columns of what is not described, perhaps not yet.
+    /// Returns false if the query shows all columns of a source that is not described, or not yet.
     bool describe(const QueryEntry& query) {
         const Definition& definition = definitions_[query.id];
         outputs_.clear();
@@ -177,7 +177,7 @@ void describeQueries(const AccessFile& file, const std::vector<QueryEntry>& quer
         if (kind == kCrosstab || kind == kPassThrough || kind == kUnion)
             schema.remarks.push_back("The query '" + query.name + "' is left out: it is no select query.");
     }
-    // A query may show the columns of another one that comes after it.
+    // A query may show the columns of another one that is after it in the catalog.
     std::size_t before = pending.size() + 1;
     while (!pending.empty() && pending.size() < before) {
         before = pending.size();

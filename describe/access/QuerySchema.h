@@ -16,7 +16,7 @@ struct QueryEntry {
 };
 
 /// Adds the select queries to the schema, as views with the columns that their definitions name, and
-/// sentences about queries that show rows in another way. Raises kFileCouldNotBeRead.
+/// sentences about queries of other kinds. Raises kFileCouldNotBeRead.
 void describeQueries(const AccessFile& file, const std::vector<QueryEntry>& queries, AccessSchema& schema);
 
 }  // namespace mergeloom::describe::access

@@ -20,8 +20,8 @@ class TableScan {
     }
 
     bool next() { return table_.next(); }
-    /// Returns the value of one of the columns, counted as they were given. Its text is valid until the next
-    /// row.
+    /// Returns the value of one of the columns, by its index in the constructor's list. Its text is valid
+    /// until the next row.
     Value value(std::size_t column) { return table_.value(positions_[column], texts_[column]); }
     std::string text(std::size_t column) { return std::string(value(column).text); }
     std::int64_t number(std::size_t column) { return value(column).integer; }

@@ -19,7 +19,7 @@ namespace {
 
 constexpr rlim_t kMemory = rlim_t{512} << 20U;  ///< in bytes, besides that of the program itself
 constexpr rlim_t kSeconds = 1;                  ///< of the processor
-/// The bytes of a file for which one more second is allowed. Reading is much faster in files that are whole.
+/// The size of a file, in bytes, for which one more second is allowed. Undamaged files are read much faster.
 constexpr std::uintmax_t kBytesPerSecond = std::uintmax_t{1} << 20U;
 
 void limit(decltype(RLIMIT_CPU) resource, rlim_t value) {
@@ -35,7 +35,8 @@ rlim_t mappedSize() {
     return pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
 }
 
-/// The library may run into endless loops and boundless allocations in damaged files.
+/// Limits the time and memory of this process, since the library may loop or allocate without end in damaged
+/// files.
 void setLimits(const std::string& path) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
@@ -64,8 +65,8 @@ void sendRows(TableScan& rows, std::size_t columns, PipeWriter& pipe) {
     }
 }
 
-/// Reads the file that the first argument names: its schema, or of the table of the second argument the
-/// columns of the others.
+/// Reads the file of the first argument. Sends its schema or, with more arguments, the rows of the table of
+/// the second argument with the columns of the others.
 void read(const std::vector<std::string>& arguments, PipeWriter& pipe) {
     const AccessFile file(arguments.at(0));
     if (arguments.size() == 1) {
@@ -104,6 +105,6 @@ int main(int count, char** values) {
         // The other process no longer reads.
         return 1;
     }
-    // The library's own clean-up is no use here.
+    // Skips the library's clean-up, which is not needed at the end of the process.
     ::_exit(0);
 }

@@ -10,7 +10,8 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Visits the cells of two sheets in the order of their places; the one that a sheet lacks is null.
+/// Visits the cells of two sheets in the order of their places. A cell that one of the sheets does not
+/// contain is null.
 template <typename Visit>
 void forEachPair(const ExportedSheet& former, const ExportedSheet& now, const Visit& visit) {
     auto a = former.cells.begin();
@@ -139,13 +140,13 @@ std::vector<std::string> lineKeys(const ExportedSheet& sheet, Axis axis) {
     return keys;
 }
 
-/// Compares the lines at their numbers with the lines aligned. In a sheet with equal lines an edit can look
-/// like a move by one line, so that is no move.
+/// Returns true if rows or columns have moved: more lines differ at equal numbers than after an alignment. A
+/// difference of one line is ignored, since an edit between equal lines can look like a move.
 bool hasMovedLines(const ExportedSheet& former, const ExportedSheet& now, Axis axis) {
     const std::vector<std::string> formerKeys = lineKeys(former, axis);
     const std::vector<std::string> nowKeys = lineKeys(now, axis);
     const auto gaps = gapsBetween(formerKeys, nowKeys);
-    // Nearly all lines differ, as after sorting, and so would the lines that a move left as they were.
+    // Nearly all lines differ, as after sorting, so a move cannot be recognised.
     if (!gaps) return false;
     const std::vector<std::size_t> partners = partnersOf(*gaps, formerKeys.size());
     std::size_t unequal = 0;
@@ -192,7 +193,7 @@ bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now) {
     const bool areHere =
         now.places.size() >= former.places.size() &&
         std::equal(former.places.begin(), former.places.end(), now.places.begin(), isInSamePlace);
-    // The boxes of comments have no place of their own that would not follow the cells.
+    // The boxes of comments move with the cells, so other sizes change their places, too.
     return !areHere || (former.otherPlaces != now.otherPlaces && !haveOtherSizes(former, now));
 }
 

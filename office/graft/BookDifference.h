@@ -37,13 +37,14 @@ struct ColumnsChange {
 /// The differences between two exports of a worksheet for which there are rules.
 struct SheetDifference {
     std::vector<CellChange> cells;
-    std::vector<const ExportedCell*> results;  ///< cells whose formula stayed and has another result now
+    std::vector<const ExportedCell*> results;  ///< cells with the same formula and another result
     std::vector<RowChange> rows;
     std::vector<ColumnsChange> columns;
     std::vector<std::string> removedMerges;
     std::vector<std::string> addedMerges;
 
-    /// Returns true if only results differ, which may be those of the time or of chance.
+    /// Returns true if only results differ. Formulas of the time or of random numbers have a new result in
+    /// each export.
     [[nodiscard]] bool isEmpty() const {
         return cells.empty() && rows.empty() && columns.empty() && removedMerges.empty() &&
                addedMerges.empty();
@@ -57,11 +58,11 @@ SheetDifference differenceBetween(const BookExport& formerBook, const ExportedSh
 std::optional<std::string> differentSection(const std::map<std::string, std::string>& former,
                                             const std::map<std::string, std::string>& now);
 
-/// Returns true if rows or columns of two exports have other sizes, whoever chose them.
+/// Returns true if rows or columns of two exports differ in size, including automatic sizes.
 bool haveOtherSizes(const ExportedSheet& former, const ExportedSheet& now);
 
-/// Returns true if an object of a sheet has another place on the other one, which has the same objects and
-/// perhaps more after them.
+/// Returns true if an object has different places on the two sheets. The second sheet has the same objects,
+/// and possibly more after them.
 bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now);
 
 /// Returns true if rows or columns were inserted before others or removed: cells below or to the right have

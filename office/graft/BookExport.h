@@ -20,8 +20,7 @@ using NameKey = std::pair<std::string, std::string>;
 /// A workbook that an office exported.
 class BookExport {
   public:
-    /// Exports that are compared with each other share the numbers, which must outlive them. Raises
-    /// kFileCouldNotBeRead.
+    /// Exports to be compared share the numbers, which must outlive them. Raises kFileCouldNotBeRead.
     BookExport(const std::string& bytes, const std::string& fileName, FormatNumbers& numbers);
 
     [[nodiscard]] opc::Package& package() { return package_; }

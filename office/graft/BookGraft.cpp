@@ -23,7 +23,7 @@ namespace {
 /// The difference between the heights of a line in the original's program and in the office, in points.
 constexpr double kMeasuredHeight = 3;
 
-/// What changed in a sheet.
+/// The changes of a sheet.
 struct SheetChange {
     const ExportedSheet* former = nullptr;
     const ExportedSheet* now = nullptr;
@@ -76,7 +76,7 @@ class WorkbookGraft {
         if (!hasFormer) throw Refusal("a picture, a chart or a shape was changed", now.name());
         if (hasMovedObjects(former, now))
             throw Refusal("a picture, a chart or a shape was moved or sized", now.name());
-        // Calc measures the default height itself.
+        // Calc computes the default height itself.
         if (std::abs(former.defaultHeight - now.defaultHeight) > kMeasuredHeight)
             throw Refusal("the default height of rows was changed", now.name());
     }

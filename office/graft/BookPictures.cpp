@@ -25,7 +25,7 @@ std::string embeddedId(pugi::xml_node anchor) {
     return {};
 }
 
-/// Replaces an anchor that the engine made by the exported one. Keeps its picture and its id.
+/// Replaces an anchor of the engine with the exported one. Keeps its picture and its id.
 void assignAnchor(pugi::xml_node own, pugi::xml_node exported) {
     const std::string picture = embeddedId(own);
     const std::string id = withLocalName(own, "cNvPr").attribute("id").value();

@@ -45,8 +45,8 @@ class BookProof {
     }
 
   private:
-    /// The result asks for a calculation when it is opened, and where the original has no settings of
-    /// calculations, that brings other default values with it.
+    /// Ignores settings of calculations. The result requests a calculation when it is opened, which adds
+    /// default values where the original has no settings.
     static std::map<std::string, std::string> comparedSections(const BookExport& book) {
         std::map<std::string, std::string> sections = book.sections();
         sections.erase("calcPr");
@@ -79,8 +79,8 @@ class BookProof {
                                 edited.name()};
         return {};
     }
-    /// Sizes may differ by what the office rounds them to when it reads another program's file. Formats of
-    /// empty rows and columns are compared, too.
+    /// Compares rows and columns, including formats of empty ones. Sizes may differ by the office's rounding
+    /// when it reads files of other programs.
     [[nodiscard]] static bool haveSameSizes(const SheetDifference& difference) {
         return std::ranges::all_of(difference.rows, areNearRows) &&
                std::ranges::all_of(difference.columns, areNearColumns);

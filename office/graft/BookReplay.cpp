@@ -22,7 +22,7 @@ std::string placeText(const ExportedSheet& sheet, const excel::CellPosition& pla
     return sheet.name() + "!" + addressOf(place);
 }
 
-/// Returns the formula of a name as unattended runs write it.
+/// Returns the formula of a name in the form that unattended runs write.
 std::string nameFormula(const std::string& exported) {
     const auto reference = excel::parseReference(exported);
     return reference && !reference->sheetName.empty() ? excel::referenceText(*reference) : exported;
@@ -42,7 +42,8 @@ void setOrRemove(embedded::XmlTag& tag, std::string_view name, const std::string
     }
 }
 
-/// Other workbooks have numbers in formulas, "[1]Sheet1!A1", which need not be those of the original.
+/// Raises Refusal for a formula that refers to another workbook. Its number, as in "[1]Sheet1!A1", may be
+/// another one in the original.
 void checkLinks(std::string_view formula, const std::string& place) {
     for (std::size_t at = formula.find('['); at != std::string_view::npos; at = formula.find('[', at + 1)) {
         const std::size_t end = formula.find_first_not_of("0123456789", at + 1);
@@ -63,7 +64,7 @@ void BookReplay::repeat(const ExportedSheet& former, const ExportedSheet& now,
                         const SheetDifference& difference) {
     if (difference.isEmpty() && difference.results.empty()) return;
     const std::size_t sheet = indexOf(former.name());
-    // Formats of rows and columns come last, since cells without a format of their own have those until then.
+    // Formats of rows and columns are set last, since cells without a format inherit them.
     for (const CellChange& change : difference.cells)
         if (change.hasOtherFormat) repeatFormat(sheet, change, former, now);
     for (const CellChange& change : difference.cells) {
@@ -207,7 +208,7 @@ int BookReplay::scopeOf(const std::string& sheetName) const {
     return static_cast<int>(*sheet);
 }
 
-/// Defines a name, or removes it without a formula.
+/// Defines a name. Removes it if there is no formula.
 void BookReplay::changeName(const NameKey& key, const std::string* formula) {
     embedded::DefinedNames& names = original_.workbook().names();
     const int scope = scopeOf(key.first);

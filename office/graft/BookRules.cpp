@@ -11,8 +11,8 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Ids that LibreOffice generates for each export, copies of cells' values in charts, dates, sizes that it
-/// measures, and what it shows beside a link.
+/// Content that is ignored: ids that LibreOffice generates for each export, copies of cells' values in
+/// charts, dates, sizes that it measures, and tips of links.
 constexpr std::array kVolatileNames{
     VolatileName{"c:axId", "val"},
     VolatileName{"c:crossAx", "val"},

@@ -8,17 +8,17 @@
 
 namespace mergeloom::graft {
 
-/// The rules for exports of workbooks. Only the second ones compare the places of objects, which change with
-/// the heights of rows.
+/// The rules for exports of workbooks, without and with the places of objects, which change with the heights
+/// of rows.
 const CanonicalRules& bookRules();
 const CanonicalRules& bookRulesWithPlaces();
 
-/// Returns a function that identifies the targets of a part's relationships by their whole content, with that
-/// of their own targets. Names of parts and ids of relationships differ between exports. The package must
-/// outlive it.
+/// Returns a function that identifies the targets of a part's relationships by their content, including that
+/// of their own targets, since names of parts and ids of relationships differ between exports. The package
+/// must outlive it.
 TargetText contentsOf(opc::Package& package, const std::string& partName, const CanonicalRules& rules);
 
-/// Returns a part's content in a form in which equal content is equal.
+/// Returns the canonical form of a part's content.
 std::string contentOf(opc::Package& package, const std::string& partName, const CanonicalRules& rules);
 
 /// Returns the clause of a refusal for a section of a sheet or of the workbook, a name of an element or of a

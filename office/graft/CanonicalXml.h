@@ -49,7 +49,7 @@ class CanonicalXml {
     TargetText target_;
 };
 
-/// Returns the form in which everything is compared, and ids of relationships as they are.
+/// Returns the canonical form of all content, with unchanged ids of relationships.
 const CanonicalXml& plainXml();
 
 }  // namespace mergeloom::graft

@@ -8,7 +8,7 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Calc writes a truth value as a formula.
+/// Returns true for a boolean constant, which Calc writes as a formula.
 bool isTruthValue(const ExportedCell& cell) {
     return cell.type == "b" && (cell.formula == "TRUE()" || cell.formula == "FALSE()");
 }

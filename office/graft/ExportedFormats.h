@@ -13,11 +13,11 @@
 
 namespace mergeloom::graft {
 
-/// Begins the id of a number format that has no code in the file; no code begins with it.
+/// The prefix for ids of number formats without a code in the file. No code begins with it.
 inline constexpr char kNumberFormatId = '\x01';
 
-/// A cell format of an export, with all that it refers to (CT_Xf, ECMA-376 Part 1, 18.8.45). Nodes that the
-/// format does not have are empty.
+/// A cell format of an export and everything that it refers to (CT_Xf, ECMA-376 Part 1, 18.8.45). Nodes that
+/// the format does not have are empty.
 struct ExportedFormat {
     std::string numberFormat;  ///< its code, or kNumberFormatId and its id
     pugi::xml_node font;

@@ -11,8 +11,8 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Relationships whose targets are read on their own, or that the elements of the sheet refer to by their
-/// ids.
+/// Relationships that are not sections of their own: their targets are read separately, or elements of the
+/// sheet refer to them by id.
 constexpr std::array<std::string_view, 3> kReadElsewhere{"drawing", "vmlDrawing", "hyperlink"};
 
 constexpr std::array<std::string_view, 7> kNoSections{"dimension", "sheetViews",    "sheetData", "cols",
@@ -33,15 +33,15 @@ bool isOn(pugi::xml_node node, const char* name) {
     return node.attribute(name).as_bool();
 }
 
-/// Returns the level of a row or of columns in groups, and a mark of a group that is folded; empty outside of
-/// groups.
+/// Returns the outline level of a row or column, followed by a mark if the group is collapsed, or an empty
+/// text outside of groups.
 std::string outlineOf(pugi::xml_node node) {
     const int level = node.attribute("outlineLevel").as_int();
     return (level == 0 ? "" : std::to_string(level)) + (isOn(node, "collapsed") ? " collapsed" : "");
 }
 
-/// Returns what a sheet shows and which of its rows and columns are frozen. The rest of a view changes while
-/// the user looks around.
+/// Returns the settings of a view that the user changes deliberately, such as frozen rows and columns. The
+/// position and the selection are ignored.
 std::string viewOf(pugi::xml_node sheet) {
     const pugi::xml_node view = sheet.child("sheetViews").child("sheetView");
     std::string text;

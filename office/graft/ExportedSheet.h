@@ -84,7 +84,7 @@ class ExportedSheet {
     ExportedSheet(std::string name, opc::Package& package, const std::string& partName,
                   const ExportedTexts& texts, const ExportedFormats& formats);
 
-    /// Creates a sheet without content, which stands for one that an export does not have.
+    /// Creates an empty sheet, for comparison with a sheet that an export does not contain.
     explicit ExportedSheet(std::string name) : name_(std::move(name)) {}
 
     [[nodiscard]] const std::string& name() const { return name_; }
@@ -106,7 +106,7 @@ class ExportedSheet {
     std::vector<ExportedColumns> columns;
     std::set<std::string> merges;
     std::vector<excel::CellArea> arrays;  ///< of the array formulas of several cells
-    /// All else by the names of elements or of relationships, in a form in which equal content is equal.
+    /// All other content in canonical form, by the names of elements or relationships.
     std::map<std::string, std::string> sections;
     std::vector<std::string> objects;  ///< the drawing's objects, without their places
     std::vector<ObjectPlace> places;   ///< those of the objects

@@ -168,7 +168,7 @@ void FormatTransfer::changeFont(pugi::xml_node format, const ExportedFormat& for
 /// Replaces a property of a font; an empty one removes it.
 void FormatTransfer::setFont(pugi::xml_node font, pugi::xml_node property, const std::string& name) {
     const std::string ownName = own(name);
-    // A font of the theme would win over the name.
+    // A theme font would override the name.
     if (name == "name") font.remove_child(own("scheme").c_str());
     font.remove_child(ownName.c_str());
     if (!property) return;
@@ -181,7 +181,7 @@ void FormatTransfer::setFont(pugi::xml_node font, pugi::xml_node property, const
 }
 
 void FormatTransfer::changeFill(pugi::xml_node format, pugi::xml_node fill) {
-    // Excel has patterns of its own for the first two fills (ECMA-376 Part 1, 18.8.20).
+    // Excel reserves the first two fills (ECMA-376 Part 1, 18.8.20).
     for (const char* pattern : {"none", "gray125"}) {
         if (itemAt("fills", 1)) break;
         const pugi::xml_node reserved = draft("fill");

@@ -14,7 +14,7 @@
 namespace mergeloom::graft {
 
 /// Adds cell formats to the styles of an original (ECMA-376 Part 1, 18.8). A new format is a copy of one of
-/// the original's in which only that differs what differs between two formats of exports.
+/// the original's formats with the difference between two exported formats applied.
 class FormatTransfer {
   public:
     /// The original must outlive this object. Raises kFileCouldNotBeRead.

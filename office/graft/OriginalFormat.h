@@ -14,7 +14,7 @@ model::GraftResult unchanged(const model::EditedPackage& package, DocumentFamily
 model::GraftResult savedOriginal(opc::Package& original, const model::EditedPackage& package,
                                  DocumentFamily family);
 
-/// Returns true if the office itself wrote the original, and loses nothing of it.
+/// Returns true if the office wrote the original itself, so that saving loses nothing.
 bool isExportOfOffice(const model::EditedPackage& package);
 
 }  // namespace mergeloom::graft

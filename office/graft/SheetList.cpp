@@ -168,7 +168,7 @@ void renameSheet(opc::Package& original, const std::string& former, const std::s
     const std::string reference = embedded::escapeXml(excel::writtenSheetName(former) + "!");
     const std::string otherSpelling = replaceAll(reference, "'", "&apos;");
     for (const std::string& part : original.partNames()) {
-        // The properties repeat the names of sheets for those who look at the file alone.
+        // The document's properties contain a copy of the sheets' names.
         if (!isXml(part) || part.starts_with("/docProps/")) continue;
         const std::string xml = original.readPart(part);
         if (xml.find(reference) != std::string::npos || xml.find(otherSpelling) != std::string::npos)

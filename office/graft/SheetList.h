@@ -8,14 +8,14 @@
 
 namespace mergeloom::graft {
 
-/// A sheet of an export and the one that it was in the former export.
+/// A sheet of an export and its counterpart in the former export.
 struct SheetPair {
     const ExportedSheet* former = nullptr;  ///< null for an added sheet
     const ExportedSheet* now = nullptr;
 };
 
-/// Pairs the sheets of two exports: first by their names, then a renamed one with the only other one at its
-/// place. Raises Refusal if a sheet was removed or moved.
+/// Pairs the sheets of two exports by their names, and a renamed sheet with the remaining one at its
+/// position. Raises Refusal if a sheet was removed or moved.
 std::vector<SheetPair> pairSheets(const BookExport& former, const BookExport& now);
 
 /// Adds a worksheet without cells to an original, after the sheet that the export has before it. It has the

@@ -40,8 +40,8 @@ class OfficeDocument : public Object {
 
     /// Undoes the last steps. Returns false when there was nothing to undo.
     virtual bool Undo(int times) = 0;
-    /// Lets the document be changed without a way back, which takes less memory: steps that are recorded from
-    /// now on are none. For a document that is closed unsaved when a change fails. An office may ignore it.
+    /// Stops the recording of steps for Undo, which saves memory. For documents that are closed unsaved after
+    /// a failed change. An office may ignore the call.
     virtual void giveUpUndo() {}
 };
 

@@ -60,8 +60,8 @@ class XmlPart {
     /// Moves a node to the detached nodes.
     void detach(pugi::xml_node node) const { pugi::xml_node(detachedNodes_).append_move(node); }
 
-    /// Returns the part in UTF-8, unchanged except for the edits. Memory for the expected size is reserved,
-    /// since a long text that grows is copied and then takes twice its size for a while.
+    /// Returns the part in UTF-8, unchanged except for the edits. Reserves memory for the expected size,
+    /// since a growing string is copied and needs twice its size meanwhile.
     [[nodiscard]] std::string toXml(std::size_t expectedSize = 0) const;
 
   private:

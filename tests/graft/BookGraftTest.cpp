@@ -112,7 +112,7 @@ TEST(BookGraft, HandsASharedFormulaOverAndDropsTheChainForANewFormula) {
     EXPECT_THAT(triple.part("/[Content_Types].xml"), Not(HasSubstr("calcChain")));
 }
 
-/// What the original's formats are after the format of the cell A1 changed from the first one to another.
+/// The original's formats after the format of the cell A1 was changed from the first one to another.
 struct FormatCase {
     std::string what;
     std::string now;       ///< of the exported format

@@ -56,7 +56,7 @@ TEST_F(OfficeConnectionTest, tellsOfAnOfficeThatWasKilled) {
 TEST_F(OfficeConnectionTest, leavesNoAnswerToAnotherOffice) {
     LibreOfficeSession other{files, {60s, kCallBound}};
     ThreadAnswers answers;
-    // Asking an office that is ending takes up to two.
+    // A call to an office that is ending removes up to two answers.
     for (int number = 0; number < 3; ++number)
         answers.put(nullptr);
     ::kill(-session.process().group(), SIGKILL);

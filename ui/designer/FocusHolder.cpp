@@ -14,7 +14,7 @@ bool isOfGrab(const xcb_focus_in_event_t& event) {
     return event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
 }
 
-/// Returns true if the focus passes the window on its way to one inside it.
+/// Returns true if the focus moves to a window inside the event's window.
 bool isForInnerWindow(const xcb_focus_in_event_t& event) {
     return event.detail == XCB_NOTIFY_DETAIL_VIRTUAL || event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL;
 }

@@ -24,7 +24,7 @@ class FocusHolder final : public QAbstractNativeEventFilter {
     void takeKeyboard() const;
 
     /// Gives the toolkit the keys and the focus of the holder as those of the window. Calls documentEntered
-    /// when the document gets the focus, which the toolkit does not tell.
+    /// when the document gets the focus, which the toolkit does not report.
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
   private:

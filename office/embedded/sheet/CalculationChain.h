@@ -25,7 +25,7 @@ class CalculationChain {
     /// part of a chain that becomes empty is removed from the package. Raises kFileCouldNotBeRead if the
     /// chain is malformed.
     void remove(int sheetId, const excel::CellPosition& cell);
-    /// Removes all cells, so that Excel makes the chain anew. Needed when a cell gets a formula. Raises the
+    /// Removes all cells, so that Excel rebuilds the chain. Needed after a cell got a formula. Raises the
     /// errors of remove.
     void clear();
     /// Writes the edited part into the package.

@@ -31,12 +31,13 @@ std::string inlineTextXml(std::string_view text, const std::string& prefix);
 /// Returns the XML of a cell with a text of its own. It keeps the attributes and extensions of the former
 /// cell except those that describe its content. A new cell is passed as a tag alone.
 std::string withText(std::string_view cell, std::string_view text, std::string_view prefix);
-/// Returns the XML of a cell with other elements as its content, which may be none, and their type, the value
-/// of the attribute t. It keeps the attributes and extensions of the former cell that do not describe its
-/// content.
+/// Returns the XML of a cell with its content replaced. The content is a list of elements, possibly empty,
+/// and their type (the attribute t). Keeps the attributes and extensions of the former cell that do not
+/// describe its content.
 std::string withContent(std::string_view cell, const std::string& type, const std::string& content,
                         std::string_view prefix);
-/// Returns the XML of a cell with another result of its formula: the element of the value, and the type.
+/// Returns the XML of a cell with the stored result of its formula replaced: the element of the value, and
+/// the type.
 std::string withResult(std::string_view cell, const std::string& type, const std::string& value,
                        std::string_view prefix);
 /// Returns the XML of a cell with another index of its format.

@@ -68,15 +68,16 @@ class SheetPart {
     /// that of its row, else that of its column. When a formula is overwritten, the caller updates the
     /// calculation chain; a shared formula with other members is promoted to the first of them.
     void setText(const excel::CellPosition& position, const std::string& text);
-    /// Replaces the cell's content, which the caller writes with the names of elementName. Otherwise as
-    /// setText.
+    /// Replaces the cell's content. The caller writes its elements with the names that elementName returns.
+    /// Otherwise as setText.
     void setContent(const excel::CellPosition& position, const CellContent& content);
     /// Replaces the stored result of the cell's formula, which stays. Does nothing if the cell has no result.
     void setResult(const excel::CellPosition& position, const CellContent& result);
 
     /// Returns true if the part contains the cell, even an empty one.
     [[nodiscard]] bool hasCell(const excel::CellPosition& position) const;
-    /// Returns the index of the cell's format: its own, else that of its row, else that of its column.
+    /// Returns the index of the cell's format: that of the cell, its row or its column, whichever is defined
+    /// first.
     [[nodiscard]] int styleAt(const excel::CellPosition& position) const;
     /// Returns the index of the format of a row's new cells; none if the row has no format of its own.
     [[nodiscard]] std::optional<int> rowStyle(int row) const;

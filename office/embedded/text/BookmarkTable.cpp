@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::size_t kFirstSlots = 64;
 
-/// FNV-1a over the folded characters, without making a folded copy. A last step spreads names that differ in
-/// their last characters alone over all slots.
+/// Returns the FNV-1a hash of the folded characters, without a folded copy. The final multiplication
+/// distributes names that differ only in their last characters over all slots.
 std::uint32_t hashOf(std::string_view name) {
     std::uint64_t hash = 0xCBF29CE484222325;
     while (!name.empty())

@@ -68,7 +68,7 @@ class BookmarkTable {
     [[nodiscard]] std::vector<BookmarkCopy> copiesOf(const BookmarkRecord& record) const;
 
   private:
-    /// A place of the index of names: the number of a record and the hash of its folded name.
+    /// A slot of the index of names: the number of a record and the hash of its folded name.
     struct Slot {
         static constexpr std::uint32_t kEmpty = 0xFFFFFFFF;
         static constexpr std::uint32_t kErased = 0xFFFFFFFE;
@@ -81,13 +81,13 @@ class BookmarkTable {
 
     [[nodiscard]] std::size_t slotAfter(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
     void insertSlot(const Slot& added);
-    /// Makes room for another slot, so that a quarter of them stays empty.
+    /// Grows the index before another name is added, so that at least a quarter of the slots is empty.
     void growSlots();
 
     std::deque<BookmarkRecord> records_;
     std::vector<BookmarkCopy> copies_;
-    // Linear probing in a table whose size is a power of two. A document has as many names as places, and one
-    // reach into memory for each is much cheaper than the three that a node of its own for each takes.
+    // Linear probing in a table whose size is a power of two. A lookup usually reads one cache line, where a
+    // table of nodes needs three.
     std::vector<Slot> slots_;
     std::size_t filledSlots_ = 0;  // used or erased
     std::vector<BookmarkRecord*> ordered_;

@@ -65,7 +65,7 @@ ItemBlock::Found ItemBlock::itemAt(std::uint32_t character) const {
     return {*item, character};
 }
 
-// Text is mostly appended, so the end of the block is mostly nearer than its beginning.
+// Text is usually appended, so positions are counted from the end of the block.
 
 std::uint32_t ItemBlock::lengthBefore(std::uint8_t place) const {
     std::uint32_t length = own.length;

@@ -64,7 +64,7 @@ class Story {
     Item* makeItem(ItemKind kind, pugi::xml_node node, CharacterCount length);
 
     [[nodiscard]] CharacterCount length() const { return items_.length(); }
-    /// Returns about how many bytes the story takes in its part.
+    /// Returns an estimate of the story's size in its part, in bytes.
     [[nodiscard]] std::size_t expectedXmlSize() const;
     /// Raises an AutomationError for a position outside the story or between the halves of a character that
     /// takes two units.
@@ -93,7 +93,7 @@ class Story {
     /// Returns true if a paragraph mark ends a cell.
     [[nodiscard]] bool endsCell(const Item* paragraphMark) const;
 
-    /// Returns true if any of the text may be inside a table.
+    /// Returns true if the story may contain a table.
     [[nodiscard]] bool hasTables() const { return hasTables_; }
     /// Returns true if any of the text may be inside a content control.
     [[nodiscard]] bool hasContentControls() const { return hasContentControls_; }

@@ -62,7 +62,7 @@ class WordContent {
     void startRecord();
     bool stopRecord();
     bool undo();
-    /// Records no step from now on.
+    /// Stops the recording of steps for Undo.
     void giveUpUndo() { keepsUndo_ = false; }
 
     [[nodiscard]] bool isSaved() const { return saved_; }

@@ -27,7 +27,7 @@ void* ThreadAnswers::take() {
     return answer;
 }
 
-/// The type of the answers is UNO's own, so they cannot be freed.
+/// Leaks the answers, since their type is internal to UNO.
 void discardLateAnswers() {
     ThreadAnswers answers;
     char last = 0;

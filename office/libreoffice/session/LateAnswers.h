@@ -20,9 +20,9 @@ class ThreadAnswers {
     uno_ThreadPool pool_;
 };
 
-/// Removes the answers of ended connections from this thread's queue. When an answer and the end of its
-/// connection arrive together, UNO tells the caller only the end and leaves the answer in the queue, where
-/// the next call would take it for its own, whatever office it asks.
+/// Removes the answers of ended connections from this thread's queue. If an answer and the end of its
+/// connection arrive together, UNO reports only the end to the caller and leaves the answer in the queue. The
+/// next call, on any connection, would then receive it as its own answer.
 void discardLateAnswers();
 
 }  // namespace mergeloom::libreoffice

@@ -21,7 +21,7 @@ class LibreOfficeSession {
         if (mode == OfficeMode::Hidden) connection_.expect(RequestPattern::Series);
     }
 
-    /// Returns true if the office answers. Its process may run for a moment after the office has ended.
+    /// Returns true if the office answers calls. Its process may still run for a moment after it has ended.
     [[nodiscard]] bool isAlive() try {
         if (!process_.isRunning()) return false;
         return connection_.call([this] { return connection_.desktop()->getFrames().is(); });
