@@ -277,6 +277,19 @@ TEST(LibreOfficeConverter, startsAnewAfterItsOfficeDied) {
     EXPECT_EQ(kindOf(files.read("/again.ods")).substr(0, 2), "PK");
 }
 
+/// The program that started the office does not end before it runs again.
+TEST(LibreOfficeConverter, startsAnewWhileItsDeadOfficeSeemsToRun) {
+    const OwnTemporaryFolder temporary;
+    MemoryFileStore files;
+    files.files["/in.csv"] = "a,b\n";
+    LibreOfficeConverter office(files);
+    office.convert("/in.csv", "/out.ods", excel::XlFileFormat{60});
+    temporary.signal("oosplash", SIGSTOP);
+    temporary.killWorkers();
+    office.convert("/in.csv", "/again.ods", excel::XlFileFormat{60});
+    EXPECT_EQ(kindOf(files.read("/again.ods")).substr(0, 2), "PK");
+}
+
 TEST(LibreOfficeConverter, writesNothingWithoutAnOffice) {
     const Variable variable("MERGELOOM_SOFFICE", "/nowhere/soffice");
     MemoryFileStore files;

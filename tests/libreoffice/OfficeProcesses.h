@@ -81,12 +81,14 @@ class OwnTemporaryFolder {
     }
     /// The processes of all offices that were started by the test.
     [[nodiscard]] std::vector<pid_t> processes() const { return processesNaming(folder_.path()); }
-    /// Kills their workers, as the system does when it is short of memory.
-    void killWorkers() const {
+    /// Sends a signal to those of them that run the program.
+    void signal(const std::string& program, int number) const {
         for (const pid_t process : processes())
-            if (std::filesystem::path(commandLine(process).c_str()).filename() == "soffice.bin")
-                ::kill(process, SIGKILL);
+            if (std::filesystem::path(commandLine(process).c_str()).filename() == program)
+                ::kill(process, number);
     }
+    /// Kills their workers, as the system does when it is short of memory.
+    void killWorkers() const { signal("soffice.bin", SIGKILL); }
 
   private:
     TemporaryFolder folder_;

@@ -35,7 +35,7 @@ void LandingMark::show(xcb_window_t office, const css::awt::Rectangle& caret) {
         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
         place);
     xcb_map_window(windows_.get(), line_);
-    xcb_flush(windows_.get());
+    windows_.waitForServer();
 }
 
 void LandingMark::hide() {

@@ -16,7 +16,8 @@ class LandingMark {
     LandingMark& operator=(const LandingMark&) = delete;
     ~LandingMark() { hide(); }
 
-    /// Shows the line at the left edge of the rectangle, whose coordinates are those of the office's window.
+    /// Shows the line at the left edge of the rectangle, whose coordinates are those of the office's window;
+    /// returns when other programs see it, too.
     void show(xcb_window_t office, const css::awt::Rectangle& caret);
     void hide();
 

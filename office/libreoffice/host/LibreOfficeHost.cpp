@@ -50,9 +50,9 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(static_cast<xcb_window_t>(window.id), listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {
-        const bool runs = session_->process().isRunning();
-        if (!runs) listener_.officeEnded();
-        return runs;
+        if (session_->process().isRunning()) return true;
+        listener_.officeEnded();
+        return false;
     });
 }
 
@@ -320,8 +320,7 @@ void LibreOfficeHost::handleEvents() {
     handlePendingEvents(session_->connection().context());
 }
 
-/// Waits for a limited time, and only once after each change: a view that is never laid out must not block
-/// the caller.
+/// Waits for a limited time, and once after each change: a view may never be laid out.
 void LibreOfficeHost::waitForLayout(HostFrame& frame) {
     const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
     while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
