@@ -260,17 +260,9 @@ class Designer:
         return wait_for(f"the {role} {name}", lambda: next(iter(find(self.application, role, name)), None))
 
     def choose(self, *names):
-        """Chooses an entry of the menus. A click that comes while the window is still busy is not taken."""
-        *menus, entry = names
-        shown = [*menus[1:], entry]
-        for menu, below in zip(menus, shown):
-            def is_open():
-                items = find(self.application, "menu item", below)
-                if not items:
-                    click(middle(self.element("menu item", menu)))
-                return items
-            wait_for(f"the entry {below}", is_open)
-        click(middle(self.element("menu item", entry)))
+        """Chooses an entry of the menus."""
+        for entry in names:
+            click(middle(self.element("menu item", entry)))
 
     def press(self, name, within=None):
         """Presses a button with the mouse."""
@@ -336,6 +328,16 @@ class Designer:
         rows = [line.split(None, 2) for line in listing.splitlines()[1:]]
         return next(int(pid) for pid, _, args in rows
                     if "soffice.bin" in args and str(self.process.pid) in self.ancestors(pid, rows))
+
+    @contextmanager
+    def stopped_office(self):
+        """The office does nothing in the body, as one that is busy for long."""
+        office = self.office_process()
+        os.kill(office, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(office, signal.SIGCONT)
 
     @staticmethod
     def ancestors(pid, rows):

@@ -72,14 +72,9 @@ class Session(DesignerTest):
         self.designer.node('Form "Big"')
 
     def search(self, text):
-        def has_search():
-            box = self.designer.element("text", "Search:")
-            if not has_focus(box):
-                # A click that comes while the window is still busy with a drop is not taken.
-                click(middle(box))
-                time.sleep(0.3)
-            return has_focus(box)
-        wait_for("the search", has_search)
+        box = self.designer.element("text", "Search:")
+        click(middle(box))
+        wait_for("the search", lambda: has_focus(box))
         key("ctrl+a")
         type_text(text)
 

@@ -43,6 +43,12 @@ class InWord(DesignerTest):
         self.assertCountEqual(self.names(path), ["CustomerID", "OrderDate", "Letterhead"])
         self.assertIn("Order date", " ".join(read_docx.read_paragraphs(path)))
 
+    def mapped_names(self):
+        """The names that an unattended run makes."""
+        mapped = self.folder / "mapped.docx"
+        subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
+        return self.names(mapped)
+
     def test_a_form_is_one_step_and_equals_the_unattended_one(self):
         designer = self.start()
         drag(designer.node('Form "Orders"'), designer.document())
@@ -50,9 +56,7 @@ class InWord(DesignerTest):
         self.wait_for_insertion('Form "Orders"')
         self.picture("form")
         dropped = self.save_as("form.docx")
-        mapped = self.folder / "mapped.docx"
-        subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
-        self.assertEqual(self.names(dropped), self.names(mapped))
+        self.assertEqual(self.names(dropped), self.mapped_names())
 
         # A click is not taken while the window is still busy with the save before it.
         names = (f"empty{number}.docx" for number in itertools.count())
@@ -190,6 +194,27 @@ class InWord(DesignerTest):
         key("ctrl+Return")
         self.wait_for_insertion("Order date")
         self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID", "OrderDate"])
+
+    def test_keys_that_come_during_a_command_follow_it(self):
+        designer = self.start()
+        click(designer.node("Customer"))
+        with designer.stopped_office():
+            key("Insert")
+            wait_for("the busy window", lambda: find(designer.application, "progress bar"))
+            key("Down", "Insert")
+        self.wait_for_insertion("Buyer's contact")
+        self.assertEqual(self.names(self.save_as("ahead.docx")), ["CustomerID", "Contact"])
+
+    def test_keys_that_come_before_a_question_do_not_answer_it(self):
+        designer = self.start()
+        click(designer.node('Form "Orders"'))
+        with designer.stopped_office():
+            key("Insert")
+            wait_for("the busy window", lambda: find(designer.application, "progress bar"))
+            key("ctrl+l", "Return", "Down", "Insert", "Escape", "ctrl+z", "ctrl+n")
+        designer.press("Insert", designer.dialog("Select Fields"))
+        self.wait_for_insertion('Form "Orders"')
+        self.assertEqual(self.names(self.save_as("form.docx")), self.mapped_names())
 
     def wait_for_focus(self, role, name):
         wait_for(f"the focus in {name}", lambda: has_focus(self.designer.element(role, name)))

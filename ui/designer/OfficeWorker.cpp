@@ -11,44 +11,20 @@ namespace mergeloom {
 
 namespace {
 
-/// Keeps keys, clicks and drags from the windows during its life. Modal windows that ask the user something
-/// meanwhile still receive them.
-class InputBlocker final : public QObject {
+/// Refuses drags from elsewhere during its life: unlike keys and clicks they cannot wait.
+class DragRefusal final : public QObject {
   public:
-    InputBlocker();
+    DragRefusal() { QApplication::instance()->installEventFilter(this); }
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 };
 
-bool isInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::Shortcut:
-        case QEvent::ShortcutOverride:
-        case QEvent::ContextMenu:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::Drop:
-            return true;
-        default:
-            return false;
-    }
+bool isDrag(QEvent::Type type) {
+    return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop;
 }
 
-InputBlocker::InputBlocker() {
-    QApplication::instance()->installEventFilter(this);
-}
-
-bool InputBlocker::eventFilter(QObject* /*receiver*/, QEvent* event) {
-    return isInput(event->type()) && QApplication::activeModalWidget() == nullptr;
+bool DragRefusal::eventFilter(QObject* /*receiver*/, QEvent* event) {
+    return isDrag(event->type()) && QApplication::activeModalWidget() == nullptr;
 }
 
 std::exception_ptr errorOf(const OfficeJobs::Job& job) {
@@ -79,7 +55,7 @@ OfficeWorker::~OfficeWorker() {
 }
 
 void OfficeWorker::run(const Job& job) {
-    const InputBlocker block;
+    const DragRefusal refusal;
     QObject listener;
     bool done = false;
     std::exception_ptr error;
@@ -94,9 +70,11 @@ void OfficeWorker::run(const Job& job) {
         Q_EMIT busy();
     });
     ++waiters_;
-    // No event loop of Qt's: one ends with the program, and the job has to be waited for even then.
+    // No event loop of Qt's: one ends with the program, and the job has to be waited for even then. Keys and
+    // clicks stay in their queue; a dialog that the job shows takes its own, and Qt discards those for the
+    // windows below it.
     while (!done)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
     --waiters_;
     if (wasBusy) Q_EMIT idle();
     if (error) std::rethrow_exception(error);

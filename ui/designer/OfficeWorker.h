@@ -42,7 +42,7 @@ class OfficeWorker final : public QObject, public OfficeJobs {
     /// Waits for the running job. Those that did not begin are forgotten.
     ~OfficeWorker() override;
 
-    /// Runs the job and waits, without input to the windows.
+    /// Runs the job and waits. Keys and clicks are kept until the caller has returned to its event loop.
     void run(const Job& job) override;
     /// Adds a job and does not wait.
     void post(Job job, Completion completion);
