@@ -170,7 +170,7 @@ void LibreOfficeHost::endPreview() {
 }
 
 bool LibreOfficeHost::hasChangesToKeep() {
-    return call([this] { return LibreOfficeFiles::hasChangesToKeep(frontDocument()); });
+    return call([this] { return session_->files().hasChangesToKeep(frontDocument()); });
 }
 
 void LibreOfficeHost::keepCopy(const std::string& path) {

@@ -286,23 +286,30 @@ std::string LibreOfficeFiles::exportedBytes(const DocumentReference& document, c
     return password.opened(DiskFileStore().read(copy));
 }
 
-bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) {
+/// The office takes a change for kept also when the copy could not be written to its place.
+bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) const {
     const Reference<css::document::XDocumentRecovery> recovery(document, UNO_QUERY);
-    return recovery.is() && recovery->wasModifiedSinceLastSave();
+    if (!recovery.is()) return false;
+    if (recovery->wasModifiedSinceLastSave()) return true;
+    const Reference<css::util::XModifiable> modifiable(document, UNO_QUERY_THROW);
+    return modifiable->isModified() && undoSteps(document) != keptSteps_;
 }
 
 /// Stores a recovery file, which does not change the document's mark Saved.
 void LibreOfficeFiles::keepCopy(const DocumentReference& document, const std::string& path) try {
     const std::string copy = scratch_.forCopy(path);
     const ScopedTempFile temporary(scratch_, copy);
+    css::uno::Sequence<OUString> steps;
     connection_.call([&] {
         Properties properties = with(passwords_.of(document), {property("Overwrite", true)});
         append(properties, ownFilter(document, path));
+        steps = undoSteps(document);
         Reference<css::document::XDocumentRecovery>(document, UNO_QUERY_THROW)
             ->storeToRecoveryFile(toUno(fileUrl(copy)), sequenceOf(properties));
     });
     const std::string bytes = DiskFileStore().read(copy);
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
+    keptSteps_ = std::move(steps);
 } catch (const AutomationError& error) {
     if (error.number() != kCommandFailed) throw;
     raiseNotSaved(path, error.description());

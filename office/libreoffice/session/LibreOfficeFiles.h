@@ -99,7 +99,7 @@ class LibreOfficeFiles {
     }
     /// Returns true if the document has changes that were neither saved nor kept. Must be called within
     /// OfficeConnection::call.
-    static bool hasChangesToKeep(const DocumentReference& document);
+    [[nodiscard]] bool hasChangesToKeep(const DocumentReference& document) const;
     /// Writes a copy of the document in the office's own format, for a later start. Does not change the
     /// document or its modified flag. Raises kFileCouldNotBeSaved with a sentence that names the file.
     void keepCopy(const DocumentReference& document, const std::string& path);
@@ -155,6 +155,8 @@ class LibreOfficeFiles {
     FileAccess access_ = FileAccess::Edit;
     std::string password_;
     DocumentPasswords passwords_;
+    /// The undo list of the document that was kept last.
+    css::uno::Sequence<rtl::OUString> keptSteps_;
     std::vector<css::beans::PropertyValue> pdfOptions_;
 };
 
