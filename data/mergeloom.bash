@@ -1,4 +1,4 @@
-# Completes the arguments of mergeloom(1) in bash.                                  -*- shell-script -*-
+# Completes the arguments of mergeloom(1) and mergeloom-describe(1) in bash.                                  -*- shell-script -*-
 
 _mergeloom() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
@@ -39,6 +39,36 @@ _mergeloom() {
     esac
 }
 
+_mergeloom_describe() {
+    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
+    COMPREPLY=()
+    case $prev in
+        --output) _mergeloom_files 'xml' ;;
+        --object) _mergeloom_objects ;;
+        --records) mapfile -t COMPREPLY < <(compgen -W 'all' -- "$cur") ;;
+        *)
+            if [[ $cur == -* ]]; then
+                mapfile -t COMPREPLY < <(compgen -W '--object --records --output --list --version --help' -- "$cur")
+            else
+                _mergeloom_files 'db|sqlite|sqlite3|mdb|accdb'
+            fi
+            ;;
+    esac
+}
+
+# The objects of the database file that was typed before. A server's are not asked for, since that may take long.
+_mergeloom_objects() {
+    local word name source=
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        word=${word//\\/}
+        if [[ -f $word ]]; then source=$word; fi
+    done
+    if [[ -z $source ]]; then return; fi
+    while IFS= read -r name; do
+        if [[ $name == "${cur//\\/}"* ]]; then COMPREPLY+=("$(printf %q "$name")"); fi
+    done < <("${COMP_WORDS[0]}" "$source" --list 2>/dev/null)
+}
+
 # Folders, and the files that have one of the extensions, in any letter case.
 _mergeloom_files() {
     local path folders=() extension
@@ -51,3 +81,4 @@ _mergeloom_files() {
 }
 
 complete -F _mergeloom mergeloom
+complete -F _mergeloom_describe mergeloom-describe

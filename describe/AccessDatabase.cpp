@@ -49,6 +49,7 @@ class AccessDatabase final : public Database {
     }
 
     [[nodiscard]] const std::vector<Table>& tables() const override { return tables_; }
+    [[nodiscard]] const std::vector<StoredForm>& forms() const override { return forms_; }
     [[nodiscard]] const std::vector<std::string>& remarks() const override { return remarks_; }
 
     std::unique_ptr<Cursor> select(const RowQuery& query) override {
@@ -92,6 +93,7 @@ class AccessDatabase final : public Database {
         ReaderProcess reader(kReaderProgram, {path_});
         while (const std::optional<Message> message = reader.next()) {
             if (*message == Message::Table) tables_.push_back(reader.parts().table());
+            if (*message == Message::Form) forms_.push_back(reader.parts().form());
             if (*message == Message::Remark) remarks_.push_back(reader.parts().text());
         }
     }
@@ -147,6 +149,7 @@ class AccessDatabase final : public Database {
 
     std::string path_;
     std::vector<Table> tables_;
+    std::vector<StoredForm> forms_;
     std::vector<std::string> remarks_;
     ScratchTables scratch_;
     std::map<std::string, Copy> copies_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "xml/modNamedItems.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -25,11 +27,21 @@ enum class ColumnType : std::uint8_t {
     Bytes
 };
 
+/// The list from which a control takes its values, as the database stores it.
+struct ListSource {
+    std::string rows{};    ///< a table or a statement; empty if there is no list
+    int boundColumn = 1;   ///< the column of the list that is stored, counted from 1
+    std::string widths{};  ///< of the columns, separated by ";"; a column of width 0 is hidden
+};
+
 struct Column {
     std::string name{};
     std::string caption{};  ///< as the database stores it; empty if it stores none
     ColumnType type = ColumnType::Untyped;
     int decimals = 0;  ///< the digits after the decimal point that a Decimal shows
+    /// The type of control in which the database shows the column; Unknown if it stores none.
+    ControlType display = ControlType::Unknown;
+    ListSource list{};
 };
 
 struct ForeignKey {
@@ -48,6 +60,9 @@ struct Table {
     std::vector<std::vector<std::string>> keys{};
     std::vector<ForeignKey> foreignKeys{};
 };
+
+/// The sections of a form, with the numbers that the structure document uses.
+enum class FormSection : std::uint8_t { Detail, Header, Footer, PageHeader, PageFooter };
 
 /// One value of a row. The text of a Text or a Bytes is valid until its cursor moves.
 struct Value {
@@ -111,6 +126,8 @@ class Cursor {
     [[nodiscard]] virtual Value value(std::size_t position) const = 0;
 };
 
+struct StoredForm;
+
 /// A database that was opened for reading.
 class Database {
   public:
@@ -121,6 +138,8 @@ class Database {
 
     /// Returns the tables and views in the order of the database.
     [[nodiscard]] virtual const std::vector<Table>& tables() const = 0;
+    /// Returns the forms that the database stores.
+    [[nodiscard]] virtual const std::vector<StoredForm>& forms() const;
     /// Returns sentences about the parts of the database that cannot be described.
     [[nodiscard]] virtual const std::vector<std::string>& remarks() const = 0;
     /// Raises kFileCouldNotBeRead with a sentence that names the database.

@@ -4,6 +4,7 @@
 #include "base/OptionReader.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "describe/ListLookup.h"
 #include "describe/ObjectDesign.h"
 #include "describe/PictureFolder.h"
 #include "describe/RecordReader.h"
@@ -65,14 +66,10 @@ std::vector<ObjectDesign> chosenObjects(std::vector<ObjectDesign> objects,
 }
 
 /// Replaces the name of the column that a user gave by that of the table.
-RowFilter filterOn(const ObjectDesign& object, const RowFilter& filter) {
-    const auto found = std::ranges::find_if(object.controls, [&](const ControlDesign& control) {
-        return equalsIgnoringAsciiCase(control.column.name, filter.column);
-    });
-    if (found != object.controls.end()) return {found->column.name, filter.value};
+RowFilter filterOn(const ObjectDesign& object, const Table& table, const RowFilter& filter) {
+    if (const Column* const column = columnNamed(table, filter.column)) return {column->name, filter.value};
     refuseOption(object.fullName() + " has no column '" + filter.column + "'. It has " +
-                 listed(object.controls, [](const ControlDesign& control) { return control.column.name; }) +
-                 ".");
+                 listed(table.columns, [](const Column& column) { return column.name; }) + ".");
 }
 
 /// Removes the controls of columns of bytes that are not pictures.
@@ -83,7 +80,8 @@ class PictureColumns {
 
     void prepare(ObjectDesign& object) {
         std::erase_if(object.controls, [&](ControlDesign& control) {
-            if (control.type != ControlType::BoundObjectFrame) return false;
+            const bool isOfTable = !control.column.name.empty();
+            if (control.type != ControlType::BoundObjectFrame || !isOfTable) return false;
             control.image = imageOf(object.table, control.column.name);
             return control.image.empty();
         });
@@ -122,7 +120,7 @@ class PictureColumns {
 class DataWriter {
   public:
     DataWriter(XmlStream& xml, Database& database, const ObjectDesign& object, const RecordChoice& choice)
-        : xml_(xml), object_(object), choice_(choice), reader_(database, object, filter()) {}
+        : xml_(xml), object_(object), choice_(choice), reader_(database, object, filter(database)) {}
 
     /// Returns the number of records.
     std::int64_t write(RecordWriter writer, const DescribeEvents& events) {
@@ -141,8 +139,9 @@ class DataWriter {
     }
 
   private:
-    [[nodiscard]] std::optional<RowFilter> filter() const {
-        return choice_.filter ? std::optional(filterOn(object_, *choice_.filter)) : std::nullopt;
+    [[nodiscard]] std::optional<RowFilter> filter(const Database& database) const {
+        if (!choice_.filter) return std::nullopt;
+        return filterOn(object_, *tableNamed(database.tables(), object_.table), *choice_.filter);
     }
 
     XmlStream& xml_;
@@ -170,8 +169,11 @@ class Description {
         for (const std::string& text : database.remarks())
             events.remark(text);
         PictureColumns columns(database, pictures, events);
-        for (ObjectDesign& object : objects_)
+        for (ObjectDesign& object : objects_) {
+            for (const std::string& text : object.remarks)
+                events.remark(text);
             columns.prepare(object);
+        }
     }
 
     void write(ByteSink& sink, const ValueFormat& format) {
@@ -186,7 +188,14 @@ class Description {
 
   private:
     void writeRecords(XmlStream& xml, const ValueFormat& format) {
-        const ObjectDesign& object = objects_.front();
+        const ObjectDesign& whole = objects_.front();
+        if (!whole.hasTable()) {
+            throw AutomationError(
+                kFileCouldNotBeRead,
+                "The records of '" + whole.fullName() + "' cannot be read: they are not those of a table.");
+        }
+        tellOmissions(whole);
+        const ObjectDesign object = selectablePart(whole);
         DataWriter data(xml, database_, object, options_.records);
         const std::int64_t count = data.write(RecordWriter(xml, format, pictures_, object), events_);
         if (count > 0) return;
@@ -195,6 +204,21 @@ class Description {
         throw AutomationError(kFileCouldNotBeRead, "No record of '" + object.name + "' has the value '" +
                                                        filter + "' in '" + options_.records.filter->column +
                                                        "'.");
+    }
+
+    void tellOmissions(const ObjectDesign& object) {
+        const std::string end = " of '" + object.name + "' is not in the records: ";
+        for (const ControlDesign& control : object.controls) {
+            if (control.column.name.empty() && !control.source.empty())
+                events_.remark("The control '" + control.name + "'" + end + "it shows no column of a table.");
+        }
+        for (const SubformDesign& subform : object.subforms) {
+            if (subform.link.columns.empty()) {
+                events_.remark("The subform '" + subform.name + "'" + end + "no columns link it to a table.");
+            } else {
+                tellOmissions(subform.form);
+            }
+        }
     }
 
     const DescribeOptions& options_;

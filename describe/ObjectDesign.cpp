@@ -1,6 +1,9 @@
 #include "describe/ObjectDesign.h"
 
 #include "base/Text.h"
+#include "describe/ListLookup.h"
+#include "describe/StoredForm.h"
+#include "describe/StoredFormDesigner.h"
 
 #include <algorithm>
 #include <map>
@@ -10,16 +13,9 @@ namespace mergeloom::describe {
 
 namespace {
 
-/// The depth to which tables can be nested in a letter.
-constexpr std::size_t kMaxSubformDepth = 2;
-
 /// Databases join a limited number of tables in one query, SQLite 64. The lookups of further columns are left
 /// out; these show their keys.
 constexpr std::size_t kMaxLookups = 48;
-
-std::string asCaption(const std::string& text) {
-    return replaceAll(text, "&", "&&");
-}
 
 /// A foreign key and the table that has it.
 struct Reference {
@@ -29,7 +25,7 @@ struct Reference {
 
 class ObjectDesigner {
   public:
-    explicit ObjectDesigner(const Database& database) : tables_(database.tables()) {
+    explicit ObjectDesigner(const Database& database) : database_(database), tables_(database.tables()) {
         for (const Table& table : tables_)
             byName_.emplace(table.name, &table);
         for (const Table& table : tables_) {
@@ -41,9 +37,10 @@ class ObjectDesigner {
     }
 
     [[nodiscard]] std::vector<ObjectDesign> design() const {
-        std::vector<ObjectDesign> objects;
+        std::vector<ObjectDesign> objects = storedForms();
         for (const Table& table : tables_) {
-            if (references_.contains(table.name)) objects.push_back(formOf(table, {&table}, {}));
+            if (references_.contains(table.name) && !isStored(table.name))
+                objects.push_back(formOf(table, {&table}, {}));
         }
         for (const TableKind kind : {TableKind::Table, TableKind::View}) {
             for (const Table& table : tables_) {
@@ -54,6 +51,22 @@ class ObjectDesigner {
     }
 
   private:
+    [[nodiscard]] std::vector<ObjectDesign> storedForms() const {
+        std::map<std::string, ObjectDesign> plain;
+        for (const Table& table : tables_)
+            plain.emplace(table.name, plainObject(table));
+        const StoredFormDesigner designer(database_, plain);
+        std::vector<ObjectDesign> objects;
+        for (const StoredForm& form : database_.forms())
+            objects.push_back(designer.design(form));
+        return objects;
+    }
+
+    [[nodiscard]] bool isStored(const std::string& name) const {
+        return std::ranges::any_of(
+            database_.forms(), [&](const StoredForm& form) { return equalsIgnoringCase(form.name, name); });
+    }
+
     /// Returns false for a foreign key whose columns identify no row; its rows would count several times.
     [[nodiscard]] bool refersToKey(const ForeignKey& key) const {
         const auto found = byName_.find(key.referredTable);
@@ -128,9 +141,10 @@ class ObjectDesigner {
         std::size_t lookups = 0;
         for (ControlDesign& control : object.controls) {
             if (lookups == kMaxLookups) return;
-            control.lookup = lookupOf(table, control.column);
+            control.lookup = lookupIn(control.column.list, control.column.name, tables_);
+            if (!control.lookup) control.lookup = lookupOf(table, control.column);
             if (!control.lookup) continue;
-            control.type = ControlType::Combobox;
+            if (control.type != ControlType::Listbox) control.type = ControlType::Combobox;
             ++lookups;
         }
     }
@@ -138,8 +152,12 @@ class ObjectDesigner {
     static ControlDesign control(const Column& column) {
         ControlDesign control{column.name, asCaption(column.caption.empty() ? column.name : column.caption)};
         control.column = column;
+        control.source = column.name;
         if (column.type == ColumnType::Boolean) control.type = ControlType::Checkbox;
+        if (column.display != ControlType::Unknown) control.type = column.display;
         if (column.type == ColumnType::Bytes) control.type = ControlType::BoundObjectFrame;
+        const bool isNumber = column.type == ColumnType::Integer;
+        if (isNumber && control.type == ControlType::Checkbox) control.column.type = ColumnType::Boolean;
         return control;
     }
 
@@ -163,6 +181,7 @@ class ObjectDesigner {
         return {};
     }
 
+    const Database& database_;
     const std::vector<Table>& tables_;
     std::map<std::string, const Table*> byName_;
     std::map<std::string, std::vector<Reference>> references_;
@@ -170,12 +189,30 @@ class ObjectDesigner {
 
 }  // namespace
 
+const std::vector<StoredForm>& Database::forms() const {
+    static const std::vector<StoredForm> kNone;
+    return kNone;
+}
+
+std::string asCaption(const std::string& text) {
+    return replaceAll(text, "&", "&&");
+}
+
 std::string ObjectDesign::fullName() const {
     return StructureElementName(kind) + " " + name;
 }
 
 std::vector<ObjectDesign> designObjects(const Database& database) {
     return ObjectDesigner(database).design();
+}
+
+ObjectDesign selectablePart(const ObjectDesign& object) {
+    ObjectDesign part = object;
+    std::erase_if(part.controls, [](const ControlDesign& control) { return control.column.name.empty(); });
+    std::erase_if(part.subforms, [](const SubformDesign& subform) { return subform.link.columns.empty(); });
+    for (SubformDesign& subform : part.subforms)
+        subform.form = selectablePart(subform.form);
+    return part;
 }
 
 }  // namespace mergeloom::describe

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "describe/Database.h"
-#include "xml/modNamedItems.h"
 
 #include <optional>
 #include <string>
@@ -14,9 +13,11 @@ struct ControlDesign {
     std::string name{};
     std::string caption{};  ///< with "&" doubled
     ControlType type = ControlType::Textbox;
-    Column column{};
-    std::optional<Lookup> lookup{};  ///< of a Combobox
+    Column column{};                 ///< without a name if the control shows no column
+    std::optional<Lookup> lookup{};  ///< of a Combobox or Listbox
     std::string image{};             ///< the path of one of the pictures of the records
+    std::string source{};            ///< a column or an expression
+    FormSection section = FormSection::Detail;
 };
 
 struct SubformDesign;
@@ -30,6 +31,11 @@ struct ObjectDesign {
     std::vector<ControlDesign> controls{};
     /// Has no initializer, since the type SubformDesign is incomplete here.
     std::vector<SubformDesign> subforms;
+    bool hasRecords = true;              ///< false for a form without data
+    std::vector<std::string> remarks{};  ///< sentences about what is left out of it
+
+    /// Returns true if its records can be selected.
+    [[nodiscard]] bool hasTable() const { return !table.empty(); }
 
     /// Returns the name as users write it: "Form Orders".
     [[nodiscard]] std::string fullName() const;
@@ -39,12 +45,22 @@ struct ObjectDesign {
 struct SubformDesign {
     std::string name{};
     std::string caption{};
-    ForeignKey link{};
+    ForeignKey link{};  ///< without columns if its records cannot be selected
     ObjectDesign form{};
+    FormSection section = FormSection::Detail;
 };
 
-/// Designs the objects of a database: a form for each table that others refer to, then the tables and the
-/// queries, each in the order of the database.
+/// Returns the text with "&" doubled.
+std::string asCaption(const std::string& text);
+
+/// The depth to which tables can be nested in a letter.
+inline constexpr std::size_t kMaxSubformDepth = 2;
+
+/// Designs the objects of a database: its stored forms, a form for each other table that tables refer to,
+/// then the tables and the queries, each in the order of the database.
 std::vector<ObjectDesign> designObjects(const Database& database);
+
+/// Returns the object without the controls and subforms whose values cannot be selected.
+ObjectDesign selectablePart(const ObjectDesign& object);
 
 }  // namespace mergeloom::describe

@@ -52,6 +52,8 @@ void PipeWriter::table(const Table& table) {
         text(column.caption);
         number(column.type);
         number(static_cast<std::uint8_t>(column.decimals));
+        number(static_cast<std::int8_t>(column.display));
+        list(column.list);
     }
     number(static_cast<std::uint32_t>(table.keys.size()));
     for (const std::vector<std::string>& key : table.keys)
@@ -62,6 +64,28 @@ void PipeWriter::table(const Table& table) {
         text(key.referredTable);
         texts(key.referredColumns);
     }
+}
+
+void PipeWriter::form(const StoredForm& form) {
+    text(form.name);
+    text(form.source);
+    number(static_cast<std::uint32_t>(form.controls.size()));
+    for (const StoredControl& control : form.controls) {
+        number(static_cast<std::int8_t>(control.type));
+        for (const std::string* const part :
+             {&control.name, &control.caption, &control.source, &control.shownObject})
+            text(*part);
+        number(control.section);
+        list(control.list);
+        texts(control.childFields);
+        texts(control.masterFields);
+    }
+}
+
+void PipeWriter::list(const ListSource& list) {
+    text(list.rows);
+    number(static_cast<std::int32_t>(list.boundColumn));
+    text(list.widths);
 }
 
 void PipeWriter::texts(const std::vector<std::string>& texts) {
@@ -141,6 +165,8 @@ Table PipeReader::table() {
         text(column.caption);
         column.type = enumerator(ColumnType::Bytes);
         column.decimals = number<std::uint8_t>();
+        column.display = controlType();
+        column.list = list();
     }
     for (std::uint32_t left = count(); left > 0; --left)
         table.keys.push_back(texts());
@@ -151,6 +177,40 @@ Table PipeReader::table() {
         key.referredColumns = texts();
     }
     return table;
+}
+
+StoredForm PipeReader::form() {
+    StoredForm form;
+    text(form.name);
+    text(form.source);
+    for (std::uint32_t left = count(); left > 0; --left) {
+        StoredControl& control = form.controls.emplace_back();
+        control.type = controlType();
+        for (std::string* const part :
+             {&control.name, &control.caption, &control.source, &control.shownObject})
+            text(*part);
+        control.section = enumerator(FormSection::PageFooter);
+        control.list = list();
+        control.childFields = texts();
+        control.masterFields = texts();
+    }
+    return form;
+}
+
+ListSource PipeReader::list() {
+    ListSource list;
+    text(list.rows);
+    list.boundColumn = number<std::int32_t>();
+    text(list.widths);
+    return list;
+}
+
+ControlType PipeReader::controlType() {
+    const auto type = static_cast<ControlType>(number<std::int8_t>());
+    const bool isKnown =
+        type == ControlType::Unknown || (type >= ControlType::Textbox && type <= ControlType::Attachment);
+    if (!isKnown) raiseBroken();
+    return type;
 }
 
 std::vector<std::string> PipeReader::texts() {

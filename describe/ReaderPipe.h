@@ -1,6 +1,7 @@
 #pragma once
 
 #include "describe/Database.h"
+#include "describe/StoredForm.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,6 +20,7 @@ inline constexpr int kReaderDescriptor = 3;
 /// The first byte of a message.
 enum class Message : std::uint8_t {
     Table,    ///< followed by a table
+    Form,     ///< followed by a form
     Remark,   ///< followed by a sentence
     Row,      ///< followed by the values of the columns that were asked for
     Failure,  ///< followed by a sentence; the last message
@@ -33,6 +35,7 @@ class PipeWriter {
     void text(std::string_view text);
     void value(const Value& value);
     void table(const Table& table);
+    void form(const StoredForm& form);
     /// Sends what is buffered. Raises kCommandFailed if the other process no longer reads.
     void flush();
 
@@ -43,6 +46,7 @@ class PipeWriter {
     }
     void bytes(std::string_view bytes);
     void texts(const std::vector<std::string>& texts);
+    void list(const ListSource& list);
 
     int descriptor_;
     std::string buffer_;
@@ -58,6 +62,7 @@ class PipeReader {
     /// Returns a value whose bytes are in the given text.
     Value value(std::string& text);
     Table table();
+    StoredForm form();
 
   private:
     template <typename Number>
@@ -69,9 +74,11 @@ class PipeReader {
     /// Returns an enumerator. Raises kFileCouldNotBeRead for a value after the last one.
     template <typename Enumeration>
     Enumeration enumerator(Enumeration last);
+    ControlType controlType();
     void bytes(std::span<char> bytes);
     void text(std::string& text);
     std::vector<std::string> texts();
+    ListSource list();
     std::uint32_t count();
 
     int descriptor_;

@@ -38,8 +38,8 @@ std::string endTag(const std::string& name) {
 }
 
 /// Returns true if the displayed text does not determine the value.
-bool isStoredApart(ControlType type, ColumnType column) {
-    return type == ControlType::Combobox || column == ColumnType::Boolean || column == ColumnType::Decimal ||
+bool isStoredApart(bool isLookedUp, ColumnType column) {
+    return isLookedUp || column == ColumnType::Boolean || column == ColumnType::Decimal ||
            column == ColumnType::Date || column == ColumnType::Time || column == ColumnType::DateAndTime;
 }
 
@@ -49,7 +49,8 @@ RecordWriter::RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFol
                            const ObjectDesign& object)
     : xml_(xml), format_(format), pictures_(pictures) {
     for (const ControlDesign& control : object.controls)
-        controls_.push_back({control.type, control.column, startTag(control.name)});
+        controls_.push_back(
+            {control.type, control.lookup.has_value(), control.column, startTag(control.name)});
     for (const SubformDesign& subform : object.subforms) {
         subformStarts_.push_back(startTag(subform.name));
         subforms_.emplace_back(xml, format, pictures, subform.form);
@@ -75,14 +76,14 @@ void RecordWriter::writeControl(const ControlMarkup& control, const Value& value
     if (control.type == ControlType::BoundObjectFrame) return writePicture(control, value);
     xml_.markup(">");
     format_.write(value, control.column, text_);
-    if (control.type == ControlType::Combobox) {
+    if (control.isLookedUp) {
         format_.write(shown, {}, shownText_);
         // A key that refers to no row shows itself.
         if (shown.kind != Value::Kind::Null) text_.shown = shownText_.shown;
     }
     writeValue(kDisplayValue, text_.shown);
     const bool hasStored =
-        value.kind != Value::Kind::Null && isStoredApart(control.type, control.column.type);
+        value.kind != Value::Kind::Null && isStoredApart(control.isLookedUp, control.column.type);
     if (hasStored || text_.stored != text_.shown) writeValue(kBoundValue, text_.stored);
     xml_.markup(endTag(kControl));
 }

@@ -26,6 +26,7 @@ class RecordWriter {
     /// The parts of a control's XML that are the same in each record.
     struct ControlMarkup {
         ControlType type = ControlType::Textbox;
+        bool isLookedUp = false;
         Column column{};
         std::string start{};  ///< the start tag up to its attributes
     };

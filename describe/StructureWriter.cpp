@@ -2,15 +2,38 @@
 
 #include "xml/modNamedItems.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace mergeloom::describe {
 
 namespace {
 
-constexpr std::string_view kDetailSection = "0";
+/// The names of sections as Access gives them, by FormSection.
+constexpr std::array kSectionNames{"Detail", "FormHeader", "FormFooter", "PageHeader", "PageFooter"};
+
+std::string numberOf(FormSection section) {
+    return std::to_string(static_cast<int>(section));
+}
+
+/// Returns the sections of a form's controls in the order in which they appear.
+std::vector<FormSection> sectionsOf(const ObjectDesign& form) {
+    std::vector<FormSection> sections;
+    const auto add = [&](FormSection section) {
+        if (std::ranges::find(sections, section) == sections.end()) sections.push_back(section);
+    };
+    for (const ControlDesign& control : form.controls)
+        add(control.section);
+    for (const SubformDesign& subform : form.subforms)
+        add(subform.section);
+    if (sections.empty()) add(FormSection::Detail);
+    return sections;
+}
 
 /// Writes the elements of the structure, one per line.
 class StructureWriter {
@@ -72,20 +95,26 @@ class StructureWriter {
         open(StructureElement::Form, form.name);
         numberAttribute(Attribute::CurrentView, view);
         numberAttribute(Attribute::DefaultView, defaultView);
-        numberAttribute(Attribute::HasRecordset, 1);
-        content(StructureElement::Form,
-                [&] { element(StructureElement::Sections, [&] { writeDetail(form); }); });
+        numberAttribute(Attribute::HasRecordset, form.hasRecords ? 1 : 0);
+        content(StructureElement::Form, [&] {
+            element(StructureElement::Sections, [&] {
+                for (const FormSection section : sectionsOf(form))
+                    writeSection(form, section);
+            });
+        });
     }
 
-    void writeDetail(const ObjectDesign& form) {
-        open(StructureElement::Section, "Detail");
-        attribute(Attribute::Number, kDetailSection);
+    void writeSection(const ObjectDesign& form, FormSection section) {
+        open(StructureElement::Section, kSectionNames.at(static_cast<std::size_t>(section)));
+        attribute(Attribute::Number, numberOf(section));
         content(StructureElement::Section, [&] {
             element(StructureElement::Controls, [&] {
-                for (const ControlDesign& control : form.controls)
-                    writeControl(control, kDetailSection);
-                for (const SubformDesign& subform : form.subforms)
-                    writeSubform(subform);
+                for (const ControlDesign& control : form.controls) {
+                    if (control.section == section) writeControl(control, numberOf(section));
+                }
+                for (const SubformDesign& subform : form.subforms) {
+                    if (subform.section == section) writeSubform(subform);
+                }
             });
         });
     }
@@ -94,7 +123,7 @@ class StructureWriter {
         open(StructureElement::Control, control.name);
         attribute(Attribute::Caption, control.caption);
         attribute(Attribute::ControlType, ControlTypeName(control.type));
-        attribute(Attribute::ControlSource, control.column.name);
+        if (!control.source.empty()) attribute(Attribute::ControlSource, control.source);
         if (!section.empty()) attribute(Attribute::Section, section);
         if (!control.image.empty()) attribute(Attribute::Image, control.image);
         xml_.markup("/>\n");
@@ -104,7 +133,7 @@ class StructureWriter {
         open(StructureElement::Control, subform.name);
         attribute(Attribute::Caption, subform.caption);
         attribute(Attribute::ControlType, ControlTypeName(ControlType::Subform));
-        attribute(Attribute::Section, kDetailSection);
+        attribute(Attribute::Section, numberOf(subform.section));
         content(StructureElement::Control,
                 [&] { writeForm(subform.form, View::Datasheet, DefaultView::Datasheet); });
     }

@@ -75,7 +75,7 @@ FLOORS = {
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
-    "describe/access": ["describe", "base"],
+    "describe/access": ["describe", "xml", "base"],
     "describe": ["office/opc", "xml", "base"],
     "ui/services": ["base"],
     "ui/dialogs": ["ui/services", "droppers", "base"],

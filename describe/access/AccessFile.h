@@ -33,6 +33,7 @@ class AccessFile {
     /// Returns the size of the file in bytes, an upper limit for sizes within it.
     [[nodiscard]] std::size_t size() const { return size_; }
     [[nodiscard]] bool isJet3() const { return handle_->f->jet_version == MDB_VER_JET3; }
+    [[nodiscard]] bool hasTable(const std::string& name) const { return tables_.contains(name); }
     /// Returns the catalog's entry of a table, which is valid as long as this object. Raises
     /// kFileCouldNotBeRead if there is none.
     [[nodiscard]] MdbCatalogEntry* tableNamed(const std::string& name) const;

@@ -1,6 +1,7 @@
 #include "describe/access/AccessSchema.h"
 
 #include "base/Text.h"
+#include "describe/access/FormStorage.h"
 #include "describe/access/QuerySchema.h"
 #include "describe/access/TableScan.h"
 
@@ -16,7 +17,13 @@ namespace {
 constexpr std::int64_t kSystemObject = 0x80000002;
 
 /// The kinds of objects in the catalog.
-enum ObjectType : std::int64_t { kTable = 1, kTableOverOdbc = 4, kQuery = 5, kTableElsewhere = 6 };
+enum ObjectType : std::int64_t {
+    kForm = -32768,
+    kTable = 1,
+    kTableOverOdbc = 4,
+    kQuery = 5,
+    kTableElsewhere = 6
+};
 
 /// Returns false for the tables of Access itself, and for objects that were deleted or belong to a form.
 bool isOfUser(const std::string& name, std::int64_t flags) {
@@ -42,12 +49,14 @@ class SchemaReader {
         TableScan catalog(file_, "MSysObjects", {"Name", "Type", "Flags", "Id"});
         std::vector<QueryEntry> queries;
         std::vector<std::string> names;
+        std::vector<std::string> forms;
         while (catalog.next()) {
             const std::string name = catalog.text(0);
             const std::int64_t type = catalog.number(1);
             const std::int64_t flags = catalog.number(2);
             if (!isOfUser(name, flags)) continue;
             if (type == kTable) names.push_back(name);
+            if (type == kForm) forms.push_back(name);
             if (type == kQuery) queries.push_back({catalog.number(3), flags, name});
             if (type == kTableOverOdbc || type == kTableElsewhere)
                 schema_.remarks.push_back("The table '" + name +
@@ -57,6 +66,7 @@ class SchemaReader {
             readTable(name);
         readRelations();
         if (!queries.empty()) describeQueries(file_, queries, schema_);
+        if (!forms.empty()) readForms(file_, forms, schema_);
         return std::move(schema_);
     }
 

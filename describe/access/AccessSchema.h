@@ -1,6 +1,7 @@
 #pragma once
 
 #include "describe/Database.h"
+#include "describe/StoredForm.h"
 #include "describe/access/AccessFile.h"
 
 #include <string>
@@ -8,9 +9,10 @@
 
 namespace mergeloom::describe::access {
 
-/// The tables and select queries of a database file, and sentences about what cannot be described.
+/// The tables, select queries and forms of a database file, and sentences about what cannot be described.
 struct AccessSchema {
     std::vector<Table> tables{};
+    std::vector<StoredForm> forms{};
     std::vector<std::string> remarks{};
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "describe/access/FormControls.h"
 #include "describe/access/LongValue.h"
 
 #include <algorithm>
@@ -75,11 +76,24 @@ std::string propertyOf(const MdbColumn& column, const char* name) {
     return text == nullptr ? std::string() : text;
 }
 
+int numberOf(const MdbColumn& column, const char* name, int otherwise) {
+    const std::string property = propertyOf(column, name);
+    int number = otherwise;
+    std::from_chars(property.data(), property.data() + property.size(), number);
+    return number;
+}
+
+/// Returns the list of a combo box, unless its values are listed one by one.
+ListSource listOf(const MdbColumn& column) {
+    const std::string type = propertyOf(column, "RowSourceType");
+    if (!type.empty() && type != kRowsOfTable) return {};
+    return {propertyOf(column, "RowSource"), numberOf(column, "BoundColumn", 1),
+            propertyOf(column, "ColumnWidths")};
+}
+
 /// Returns the digits after the point that are shown. The user may have set them.
 int decimalsOf(const MdbColumn& column, int scale) {
-    const std::string property = propertyOf(column, "DecimalPlaces");
-    int decimals = -1;
-    std::from_chars(property.data(), property.data() + property.size(), decimals);
+    const int decimals = numberOf(column, "DecimalPlaces", -1);
     if (decimals >= 0 && decimals <= kMaxDecimals) return decimals;
     return column.col_type == MDB_MONEY ? kDecimalsOfMoney : scale;
 }
@@ -87,6 +101,9 @@ int decimalsOf(const MdbColumn& column, int scale) {
 Column columnOf(const MdbColumn& field, ColumnType type, int scale) {
     Column column{field.name, propertyOf(field, "Caption"), type};
     if (type == ColumnType::Decimal) column.decimals = decimalsOf(field, scale);
+    column.display = controlTypeOf(numberOf(field, "DisplayControl", 0));
+    const bool isList = column.display == ControlType::Combobox || column.display == ControlType::Listbox;
+    if (isList) column.list = listOf(field);
     return column;
 }
 

@@ -51,6 +51,10 @@ void sendSchema(const AccessFile& file, PipeWriter& pipe) {
         pipe.message(Message::Table);
         pipe.table(table);
     }
+    for (const StoredForm& form : schema.forms) {
+        pipe.message(Message::Form);
+        pipe.form(form);
+    }
     for (const std::string& remark : schema.remarks) {
         pipe.message(Message::Remark);
         pipe.text(remark);

@@ -67,6 +67,36 @@ TEST(ReaderPipe, BringsTablesAndValues) {
         EXPECT_EQ(reader.value(text), value);
 }
 
+TEST(ReaderPipe, BringsForms) {
+    StoredForm form{"Order", "Orders"};
+    form.controls.push_back({ControlType::Combobox, "Town", "&Town:", "TownId", FormSection::PageFooter,
+                             ListSource{"Towns", 2, "0;1440"}});
+    form.controls.push_back({ControlType::Subform,
+                             "Lines",
+                             {},
+                             {},
+                             FormSection::Detail,
+                             {},
+                             "Form.Lines",
+                             {"a", "b"},
+                             {"c", "d"}});
+    const FullPipe pipe([&](PipeWriter& writer) { writer.form(form); });
+    const StoredForm read = pipe.reader().form();
+    EXPECT_EQ(read.name, "Order");
+    EXPECT_EQ(read.source, "Orders");
+    ASSERT_EQ(read.controls.size(), 2U);
+    EXPECT_EQ(read.controls[0].type, ControlType::Combobox);
+    EXPECT_EQ(read.controls[0].caption, "&Town:");
+    EXPECT_EQ(read.controls[0].source, "TownId");
+    EXPECT_EQ(read.controls[0].section, FormSection::PageFooter);
+    EXPECT_EQ(read.controls[0].list.rows, "Towns");
+    EXPECT_EQ(read.controls[0].list.boundColumn, 2);
+    EXPECT_EQ(read.controls[0].list.widths, "0;1440");
+    EXPECT_EQ(read.controls[1].shownObject, "Form.Lines");
+    EXPECT_EQ(read.controls[1].childFields, form.controls[1].childFields);
+    EXPECT_EQ(read.controls[1].masterFields, form.controls[1].masterFields);
+}
+
 TEST(ReaderPipe, RefusesWhatIsNoMessage) {
     const std::function<void(PipeWriter&)> wrong[] = {
         [](PipeWriter&) {},                                                      // ended

@@ -56,15 +56,20 @@ class AccessFile:
         self.catalog = []
         self.relations = []
         self.definitions = []
+        self.forms = []
         # The catalog's own definition has a place of its own.
         self.pages.append(b"")
 
-    def add_table(self, name, columns, rows, keys=(), flags=0, captions=None):
-        """Each key is a list of numbers of columns; the first one is the primary key."""
+    def add_table(self, name, columns, rows, keys=(), flags=0, captions=None, properties=None):
+        """Each key is a list of numbers of columns; the first one is the primary key. The properties are those of
+        columns, by their names."""
         page = len(self.pages)
         self.pages.append(b"")
         self._fill_table(page, columns, rows, keys)
-        self.catalog.append((page, name, 1, flags, self._properties(captions or {})))
+        stored = {column: {"Caption": caption} for column, caption in (captions or {}).items()}
+        for column, values in (properties or {}).items():
+            stored.setdefault(column, {}).update(values)
+        self.catalog.append((page, name, 1, flags, self._properties(stored)))
         return page
 
     def add_relation(self, name, table, columns, referred, referred_columns):
@@ -77,8 +82,30 @@ class AccessFile:
         self.catalog.append((number, name, 5, flags, None))
         self.definitions += [(number, *row) for row in rows]
 
+    def add_form(self, name, streams):
+        """The streams of its folder in the storage, by their names."""
+        self.catalog.append((-len(self.catalog) - 1, name, -32768, 0, None))
+        self.forms.append((name, streams))
+
+    def _add_storage(self, flags):
+        """The storage of forms: folders of type 1 and streams of type 2, each with its parent."""
+        rows = [(1, 1, "MSysAccessStorage_ROOT", 1, None), (4, 1, "Forms", 1, None)]
+        directory = bytes(4)
+        for number, (name, streams) in enumerate(self.forms):
+            text = name.encode("utf-16-le")
+            directory += bytes([4, len(text) + 4]) + text + struct.pack("<I", number)
+            folder = 10 * (number + 1)
+            rows.append((folder, 4, chr(ord("0") + number), 1, None))
+            rows += [(folder + place + 1, folder, stream, 2, content)
+                     for place, (stream, content) in enumerate(streams.items())]
+        rows.append((5, 4, "\x03DirData", 2, directory))
+        self.add_table("MSysAccessStorage", [Column("Id", LONG), Column("ParentId", LONG), Column("Name", TEXT),
+                                             Column("Type", LONG), Column("Lv", OLE)], rows, flags=flags)
+
     def save(self, path):
         system = -2147483646
+        if self.forms:
+            self._add_storage(system)
         self.add_table("MSysRelationships", [Column("szRelationship", TEXT), Column("szObject", TEXT),
                                              Column("szReferencedObject", TEXT), Column("icolumn", LONG),
                                              Column("szColumn", TEXT), Column("szReferencedColumn", TEXT)],
@@ -106,19 +133,26 @@ class AccessFile:
         text = self._text(name)
         return struct.pack("<B" if self.version == JET3 else "<H", len(text)) + text
 
-    def _properties(self, captions):
-        if not captions:
+    def _properties(self, columns):
+        """The properties of columns, a short number or a text each."""
+        if not columns:
             return None
         def text(value):
             encoded = self._text(value)
             return struct.pack("<H", len(encoded)) + encoded
         def chunk(kind, content):
             return struct.pack("<IH", len(content) + 6, kind) + content
-        content = chunk(0x80, text("Caption"))
-        for column, caption in captions.items():
-            value = struct.pack("<BBH", 0, TEXT, 0) + text(caption)
+        def packed(value):
+            return struct.pack("<Hh", 2, value) if isinstance(value, int) else text(value)
+        names = sorted({name for values in columns.values() for name in values})
+        content = chunk(0x80, b"".join(text(name) for name in names))
+        for column, values in columns.items():
+            block = b""
+            for name, value in values.items():
+                entry = struct.pack("<BBH", 0, SHORT if isinstance(value, int) else TEXT, names.index(name)) + packed(value)
+                block += struct.pack("<H", len(entry) + 2) + entry
             head = text(column)
-            content += chunk(1, struct.pack("<I", len(head) + 4) + head + struct.pack("<H", len(value) + 2) + value)
+            content += chunk(1, struct.pack("<I", len(head) + 4) + head + block)
         return (b"KKD\0" if self.version == JET3 else b"MR2\0") + content
 
     def _fill_table(self, page, columns, rows, keys=()):

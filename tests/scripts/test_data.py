@@ -21,9 +21,12 @@ MIME = "{http://www.freedesktop.org/standards/shared-mime-info}"
 ARGUMENT = re.compile(r"(?<![\w.-])--?[a-z][a-z-]+")
 
 
-def own_arguments():
+DESCRIBE = PROGRAM.with_name("mergeloom-describe")
+
+
+def own_arguments(program=PROGRAM):
     """The switches and options that the program itself lists."""
-    text = subprocess.run([PROGRAM, "--help"], capture_output=True, text=True, check=True).stdout
+    text = subprocess.run([program, "--help"], capture_output=True, text=True, check=True).stdout
     found = set()
     for line in text.splitlines():
         if line.startswith("  -"):
@@ -31,11 +34,12 @@ def own_arguments():
     return found
 
 
-def complete(*words, folder="."):
+def complete(*words, folder=".", program=PROGRAM):
     """What bash offers for the last word."""
+    function = "_" + program.name.replace("-", "_")
     script = ("compopt() { :; }; source " + str(DATA / "mergeloom.bash") + "; COMP_WORDS=(\"$@\"); "
-              "COMP_CWORD=$(($# - 1)); _mergeloom; printf '%s\\n' \"${COMPREPLY[@]}\"")
-    run = subprocess.run(["bash", "-c", script, "bash", "mergeloom", *words], capture_output=True, text=True,
+              "COMP_CWORD=$(($# - 1)); " + function + "; printf '%s\\n' \"${COMPREPLY[@]}\"")
+    run = subprocess.run(["bash", "-c", script, "bash", program, *words], capture_output=True, text=True,
                          check=True, cwd=folder)
     assert not run.stderr, run.stderr
     return set(run.stdout.split("\n")) - {""}
@@ -52,6 +56,18 @@ class Arguments(unittest.TestCase):
         self.assertEqual(set(ARGUMENT.findall(headings.replace('"', " "))) - {"-designer"}, own)
         self.assertEqual(set(ARGUMENT.findall(tables)), own)
         self.assertEqual({word.rstrip("=") for word in complete("")}, own)
+
+    @unittest.skipUnless(DESCRIBE.exists(), "this build has no mergeloom-describe")
+    def test_all_places_list_the_same_of_describing(self):
+        own = own_arguments(DESCRIBE)
+        self.assertGreaterEqual(len(own), 6)
+        manual = (DATA / "mergeloom-describe.1").read_text().replace("\\-", "-")
+        page = (ROOT / "docs/help/describe.html").read_text()
+        headings = "".join(re.findall(r"^\.TP\n(.*)$", manual, re.MULTILINE))
+        tables = "".join(re.findall(r"<tr><td><code>.*?</td>", page, re.DOTALL))
+        self.assertEqual(set(ARGUMENT.findall(headings.replace('"', " "))), own)
+        self.assertEqual(set(ARGUMENT.findall(tables)) | {"--version", "--help"}, own)
+        self.assertEqual(complete("-", program=DESCRIBE), own)
 
 
 class Completion(unittest.TestCase):
@@ -80,6 +96,25 @@ class Completion(unittest.TestCase):
             for words, expected in cases:
                 with self.subTest(words=words):
                     self.assertEqual(complete(*words, folder=folder), expected)
+
+    @unittest.skipUnless(DESCRIBE.exists(), "this build has no mergeloom-describe")
+    def test_values_of_describing(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("a.MDB", "b.accdb", "c.xml", "d.txt"):
+                (Path(folder) / name).touch()
+            shutil.copy(ROOT / "samples/harbour.db", Path(folder) / "my shop.db")
+            cases = [
+                (["", ""], {"a.MDB", "b.accdb", "my shop.db"}),
+                (["my shop.db", "--output", ""], {"c.xml"}),
+                (["my shop.db", "--records", ""], {"all"}),
+                (["my shop.db", "--object", "Form Or"], {"Form\\ Orders"}),
+                (["my\\ shop.db", "--object", "Form\\ Or"], {"Form\\ Orders"}),
+                (["odbc:DSN=shop", "--object", ""], set()),
+                (["d.txt", "--object", ""], set()),
+            ]
+            for words, expected in cases:
+                with self.subTest(words=words):
+                    self.assertEqual(complete(*words, folder=folder, program=DESCRIBE), expected)
 
 
 class Desktop(unittest.TestCase):

@@ -1,0 +1,123 @@
+#include "describe/access/FormControls.h"
+
+#include "base/Text.h"
+#include "describe/access/AccessFile.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace mergeloom::describe::access {
+
+namespace {
+
+/// The kinds of objects in a design: controls by AcControlType, then the sections.
+enum ObjectKind : int { kLabel = 100, kOptionGroup = 107, kDetail = 152 };
+
+/// The sections of a form from kDetail on.
+constexpr std::array kSections{FormSection::Detail, FormSection::Header, FormSection::Footer,
+                               FormSection::PageHeader, FormSection::PageFooter};
+
+enum PropertyCode : int {
+    kBoundColumn = 13,
+    kCaption = 17,
+    kColumnWidths = 18,
+    kName = 20,
+    kControlSource = 27,
+    kLinkChildFields = 49,
+    kLinkMasterFields = 50,
+    kRowSource = 91,
+    kRowSourceType = 93
+};
+
+/// Properties that are known by their slots, the source of a form's records and the object that a subform
+/// shows.
+constexpr std::uint32_t kRecordSourceSlot = 220;
+constexpr std::uint32_t kSourceObjectSlot = 221;
+
+std::vector<std::string> fieldsIn(const std::string& text) {
+    std::vector<std::string> fields;
+    for (const std::string_view field : split(text, ';')) {
+        if (!trimBlanks(field).empty()) fields.emplace_back(trimBlanks(field));
+    }
+    return fields;
+}
+
+ListSource listOf(const DesignObject& object) {
+    const std::string type = object.text(kRowSourceType);
+    if (!type.empty() && type != kRowsOfTable) return {};
+    return {object.text(kRowSource), object.number(kBoundColumn, 1), object.text(kColumnWidths)};
+}
+
+std::string captionOf(const DesignObject& object) {
+    for (const DesignObject& child : object.children) {
+        if (child.kind == kLabel) return child.text(kCaption);
+    }
+    return {};
+}
+
+class ControlCollector {
+  public:
+    explicit ControlCollector(StoredForm& form) : form_(form) {}
+
+    void collect(const DesignObject& parent, FormSection section) {
+        for (const DesignObject& child : parent.children)
+            add(child, section);
+    }
+
+  private:
+    /// The buttons of an option group have no values of their own.
+    void add(const DesignObject& object, FormSection section) {
+        const ControlType type = controlTypeOf(object.kind);
+        const std::string name = object.text(kName);
+        if (type != ControlType::Unknown && !name.empty()) {
+            StoredControl control{type, name, captionOf(object), object.text(kControlSource), section};
+            if (type == ControlType::Combobox || type == ControlType::Listbox) control.list = listOf(object);
+            if (type == ControlType::Subform) readSubform(object, control);
+            form_.controls.push_back(std::move(control));
+        }
+        if (object.kind != kOptionGroup) collect(object, section);
+    }
+
+    static void readSubform(const DesignObject& object, StoredControl& control) {
+        control.shownObject = object.textInSlot(kSourceObjectSlot);
+        control.childFields = fieldsIn(object.text(kLinkChildFields));
+        control.masterFields = fieldsIn(object.text(kLinkMasterFields));
+    }
+
+    StoredForm& form_;
+};
+
+}  // namespace
+
+ControlType controlTypeOf(int kind) {
+    constexpr std::array kTypes{
+        std::pair(105, ControlType::OptionButton),  std::pair(106, ControlType::Checkbox),
+        std::pair(107, ControlType::OptionGroup),   std::pair(108, ControlType::BoundObjectFrame),
+        std::pair(109, ControlType::Textbox),       std::pair(110, ControlType::Listbox),
+        std::pair(111, ControlType::Combobox),      std::pair(112, ControlType::Subform),
+        std::pair(119, ControlType::CustomControl), std::pair(122, ControlType::ToggleButton),
+        std::pair(123, ControlType::TabControl),    std::pair(126, ControlType::Attachment)};
+    const auto* const found = std::ranges::find(kTypes, kind, [](const auto& type) { return type.first; });
+    return found == kTypes.end() ? ControlType::Unknown : found->second;
+}
+
+StoredForm formOf(const std::string& name, const DesignObject& design) {
+    StoredForm form{name, design.textInSlot(kRecordSourceSlot)};
+    ControlCollector collector(form);
+    bool hasDetail = false;
+    for (const DesignObject& object : design.children) {
+        const auto section = static_cast<std::size_t>(object.kind - kDetail);
+        // Before the sections there are objects with the properties of new controls.
+        if (object.kind < kDetail) continue;
+        if (section >= kSections.size()) raiseDamaged();
+        hasDetail = hasDetail || object.kind == kDetail;
+        collector.collect(object, kSections.at(section));
+    }
+    if (!hasDetail) raiseDamaged();
+    return form;
+}
+
+}  // namespace mergeloom::describe::access
