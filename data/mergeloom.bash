@@ -48,7 +48,7 @@ _mergeloom_describe() {
         --records) mapfile -t COMPREPLY < <(compgen -W 'all' -- "$cur") ;;
         *)
             if [[ $cur == -* ]]; then
-                mapfile -t COMPREPLY < <(compgen -W '--object --records --output --list --version --help' -- "$cur")
+                mapfile -t COMPREPLY < <(compgen -W '--object --records --output --progress --list --version --help' -- "$cur")
             else
                 _mergeloom_files 'db|sqlite|sqlite3|mdb|accdb'
             fi

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <ostream>
@@ -29,6 +30,7 @@ enum class Task { Describe, List, ShowHelp, ShowVersion };
 struct CommandLine {
     Task task = Task::Describe;
     DescribeOptions options{};
+    bool writesProgress = false;
 };
 
 constexpr const char* kHelp = R"(Usage: mergeloom-describe SOURCE [OPTION]...
@@ -44,6 +46,8 @@ Describes a database by a structure document, from which mergeloom makes templat
   --records KEY=VALUE add its records with this value in the column KEY
   --output FILE       write the structure document here; pictures become files
                       in a folder beside it
+  --progress          write the number of records to the standard output now and
+                      then, for programs; needs --output
   --list              list the objects that there are and end
   --version, --help   show the version; show this text
 )";
@@ -69,6 +73,8 @@ void readOption(OptionReader& reader, CommandLine& line) {
         line.task = Task::ShowVersion;
     } else if (reader.takeFlag("--list")) {
         line.task = Task::List;
+    } else if (reader.takeFlag("--progress")) {
+        line.writesProgress = true;
     } else if (reader.takeWithValue("--object", "an object's name", value)) {
         line.options.objects.push_back(value);
     } else if (reader.takeWithValue("--records", "'all', a number or 'KEY=VALUE'", value)) {
@@ -92,6 +98,8 @@ CommandLine readCommandLine(std::span<const std::string> arguments) {
         if (line.task == Task::ShowHelp || line.task == Task::ShowVersion) return line;
     }
     if (line.options.source.empty()) reader.refuse("There is no source to describe.");
+    if (line.writesProgress && line.options.output.empty())
+        reader.refuse("Option '--progress' needs '--output FILE'.");
     return line;
 }
 
@@ -119,7 +127,35 @@ class RecordCount final : public ConsoleProgress {
     }
 };
 
-std::unique_ptr<Progress> makeProgress(const Streams& streams) {
+/// Writes the number of records in a line, some times a second and at the end.
+class RecordLines final : public Progress {
+  public:
+    explicit RecordLines(std::ostream& stream) : stream_(stream) {}
+    RecordLines(const RecordLines&) = delete;
+    RecordLines& operator=(const RecordLines&) = delete;
+    ~RecordLines() override { write(); }
+
+    void advance(std::int64_t done, std::int64_t) override {
+        done_ = done;
+        const Clock::time_point now = Clock::now();
+        if (now < next_) return;
+        next_ = now + kPause;
+        write();
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds kPause{200};
+
+    void write() { stream_ << done_ << std::endl; }
+
+    std::ostream& stream_;
+    std::int64_t done_ = 0;
+    Clock::time_point next_ = Clock::now();
+};
+
+std::unique_ptr<Progress> makeProgress(const CommandLine& line, const Streams& streams) {
+    if (line.writesProgress) return std::make_unique<RecordLines>(streams.output);
     if (streams.showsProgress) return std::make_unique<RecordCount>(streams.errors);
     return std::make_unique<NoProgress>();
 }
@@ -134,7 +170,7 @@ std::function<void(const std::string&)> remarksTo(std::ostream& errors) {
 void describe(const CommandLine& line, const Streams& streams) {
     DiskFileStore files;
     const ValueFormat format(conventionsOfLocale());
-    const std::unique_ptr<Progress> progress = makeProgress(streams);
+    const std::unique_ptr<Progress> progress = makeProgress(line, streams);
     const DescribeEvents events{remarksTo(streams.errors), [] { return StopSignal::received() != 0; },
                                 askPasswordOnTerminal, *progress};
     DescribeCommand command(line.options, files, format, events);

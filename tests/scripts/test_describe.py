@@ -118,6 +118,22 @@ class Describe(ProgramTest):
             self.assertTrue(ended.stderr.startswith("mergeloom-describe: "), ended.stderr)
         self.assertGreater(refused, 0)
 
+    def test_progress_is_written_in_lines(self):
+        path = self.folder / "many.db"
+        with sqlite3.connect(path) as connection:
+            connection.execute("CREATE TABLE numbers (id INTEGER PRIMARY KEY)")
+            connection.executemany("INSERT INTO numbers VALUES (?)", [(number,) for number in range(5000)])
+        connection.close()
+        options = ("--records", "all", "--progress")
+        ended = run(DESCRIBE, path, *options, "--output", self.folder / "many.xml")
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+        counts = [int(line) for line in ended.stdout.splitlines()]
+        self.assertEqual((counts, counts[-1]), (sorted(counts), 5000))
+        # Without a file the document would be between the lines.
+        ended = run(DESCRIBE, path, *options)
+        self.assertEqual((ended.returncode, ended.stdout), (1, ""))
+        self.assertIn("needs '--output FILE'", ended.stderr)
+
     def test_an_interruption_leaves_no_document(self):
         path = self.make("CREATE TABLE t (id INTEGER PRIMARY KEY, a TEXT); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
                          "SELECT i + 1 FROM n WHERE i < 400000) INSERT INTO t SELECT i, hex(zeroblob(200)) FROM n;")

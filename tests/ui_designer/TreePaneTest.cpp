@@ -207,9 +207,13 @@ TEST_F(TreePaneTest, ButtonsAskForLoadingAndCancelling) {
     auto* const load = pane_.findChild<QPushButton*>(QStringLiteral("cmdLoadXML"));
     load->click();
     EXPECT_EQ(loads.count(), 1);
+    const QSignalSpy databases(&pane_, &TreePane::databaseRequested);
+    auto* const database = pane_.findChild<QPushButton*>(QStringLiteral("cmdOpenDatabase"));
+    database->click();
+    EXPECT_EQ(databases.count(), 1);
     QPushButton* cancel = nullptr;
     for (auto* const button : pane_.findChildren<QPushButton*>())
-        if (button != load) cancel = button;
+        if (button != load && button != database) cancel = button;
     EXPECT_FALSE(cancel->isVisible());
     pane_.setLoading(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return cancel->isVisible(); }));

@@ -32,6 +32,10 @@ void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
     QMenu& structure = *bar.addMenu(tr("S&tructure"));
     add(structure, tr("&Load XML…"), QKeySequence(tr("Ctrl+L")), &DesignerActions::loadStructure);
     recentStructures_ = structure.addMenu(tr("Load &Recent"));
+    structure.addSeparator();
+    add(structure, tr("Open &Database…"), QKeySequence(tr("Ctrl+Shift+L")), &DesignerActions::openDatabase);
+    readAgain_ = add(structure, tr("Read Database &Anew"), {}, &DesignerActions::readDatabaseAgain);
+    setDatabaseAvailable(false);
     QMenu& fields = *bar.addMenu(tr("&Fields"));
     addForDocument(fields, tr("Insert &Node"), QKeySequence(tr("Ctrl+Return")), &DesignerActions::insertNode);
     forDocument_.back()->setShortcuts({QKeySequence(tr("Ctrl+Return")), QKeySequence(tr("Ctrl+Enter"))});
@@ -84,6 +88,10 @@ bool DesignerActions::showsPlaces() const {
 void DesignerActions::setDocumentAvailable(bool isAvailable) {
     for (QAction* const action : forDocument_)
         action->setEnabled(isAvailable);
+}
+
+void DesignerActions::setDatabaseAvailable(bool isAvailable) {
+    readAgain_->setEnabled(isAvailable);
 }
 
 void DesignerActions::setPreviewing(bool isPreviewing) {

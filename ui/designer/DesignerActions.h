@@ -26,6 +26,8 @@ class DesignerActions final : public QObject {
     void setDocumentAvailable(bool isAvailable);
     /// Enables the commands of a preview while one is shown.
     void setPreviewing(bool isPreviewing);
+    /// Enables the command that reads a database anew.
+    void setDatabaseAvailable(bool isAvailable);
     /// Returns true if the user wants to see the places in the document.
     [[nodiscard]] bool showsPlaces() const;
     /// Return the menus for the files that were used last, which are empty at first.
@@ -39,6 +41,8 @@ class DesignerActions final : public QObject {
     void saveAs();
     void closeWindow();
     void loadStructure();
+    void openDatabase();
+    void readDatabaseAgain();
     void insertNode();
     void convertFields();
     /// Emitted with the state that the user wants.
@@ -64,6 +68,7 @@ class DesignerActions final : public QObject {
     std::vector<QAction*> forDocument_;
     std::vector<QAction*> forPreview_;
     QAction* preview_ = nullptr;
+    QAction* readAgain_ = nullptr;
     QAction* showPlaces_ = nullptr;
     QMenu* recentTemplates_ = nullptr;
     QMenu* recentStructures_ = nullptr;

@@ -105,10 +105,6 @@ TreePane::TreePane(QWidget* parent)
       pages_(new QStackedWidget(this)),
       loadingBar_(makeLoadingBar()),
       name_(new QLabel(this)) {
-    auto* const load = new QPushButton(tr("&Load XML…"), this);
-    load->setObjectName(QStringLiteral("cmdLoadXML"));
-    connect(load, &QPushButton::clicked, this, &TreePane::loadRequested);
-
     // A long name must not make the pane wide.
     name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     name_->setTextFormat(Qt::PlainText);
@@ -124,7 +120,7 @@ TreePane::TreePane(QWidget* parent)
     makeInsertAction();
 
     auto* const rows = new QVBoxLayout(this);
-    rows->addWidget(load);
+    rows->addLayout(makeLoadRow());
     rows->addWidget(name_);
     rows->addWidget(loadingBar_);
     rows->addLayout(makeSearchRow());
@@ -133,11 +129,23 @@ TreePane::TreePane(QWidget* parent)
     pages_->addWidget(startPage_);
     connect(startPage_, &StartPage::chosen, this, &TreePane::documentChosen);
     showPage();
-    setTabOrder(load, searchBox_);
     setTabOrder(searchBox_, tvXML_);
 
     loadingShown_.setSingleShot(true);
     connect(&loadingShown_, &QTimer::timeout, loadingBar_, &QWidget::show);
+}
+
+QLayout* TreePane::makeLoadRow() {
+    auto* const load = new QPushButton(tr("&Load XML…"), this);
+    load->setObjectName(QStringLiteral("cmdLoadXML"));
+    connect(load, &QPushButton::clicked, this, &TreePane::loadRequested);
+    auto* const database = new QPushButton(tr("Open &Database…"), this);
+    database->setObjectName(QStringLiteral("cmdOpenDatabase"));
+    connect(database, &QPushButton::clicked, this, &TreePane::databaseRequested);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(load);
+    row->addWidget(database);
+    return row;
 }
 
 QWidget* TreePane::makeLoadingBar() {

@@ -60,7 +60,7 @@ class TreePaneSearch : public QObject {
     int firstMatch_ = 0;
 };
 
-/// The left pane: the load button, the search box and the tree of the structure document.
+/// The left pane: the buttons that load, the search box and the tree of the structure document.
 class TreePane : public QWidget {
     Q_OBJECT
   public:
@@ -90,6 +90,8 @@ class TreePane : public QWidget {
   Q_SIGNALS:
     /// Emitted when the load button was pressed.
     void loadRequested();
+    /// Emitted when the button that opens databases was pressed.
+    void databaseRequested();
     /// Emitted when a document that was offered is to be loaded.
     void documentChosen(const QString& path);
     /// Emitted when another node was selected.
@@ -108,6 +110,7 @@ class TreePane : public QWidget {
   private:
     void showName();
     void showPage();
+    QLayout* makeLoadRow();
     QWidget* makeLoadingBar();
     QLayout* makeSearchRow();
     void makeInsertAction();

@@ -44,10 +44,6 @@ FieldConversion conversionIn(DocumentKind kind) {
     return kind == DocumentKind::Word ? FieldConversion::Offered : FieldConversion::Missing;
 }
 
-void setHelpTopic(QWidget& widget, const char* topic) {
-    widget.setProperty(kHelpTopicProperty, QString::fromLatin1(topic));
-}
-
 /// Returns the file of a switch; empty when the switch is absent or has no value.
 std::string fileOfSwitch(std::int32_t place) {
     const std::string value = GetCommandLineArgument(place);
@@ -77,6 +73,7 @@ frmMain::frmMain(DocumentKind kind)
       cmdHelp_(new QPushButton(tr("&Help"), this)),
       dropTree_(*tree_),
       structureLoad_(fileDialog_, messages_, errors_),
+      databases_({*this, fileDialog_, messages_, structureLoad_, *actions_, *tree_}),
       helpWindows_(messages_),
       help_(helpWindows_),
       formHelp_(*this, *cmdHelp_, "", GetHelpFilePath(), helpWindows_),
@@ -326,7 +323,7 @@ void frmMain::start() {
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
     session_.setFolders(templates_.folder(), structureLoad_.templatesFolder());
     const std::string xmlFile = fileOfSwitch(kXmlFileSwitch);
-    if (!xmlFile.empty()) structureLoad_.load(xmlFile);
+    if (!xmlFile.empty()) databases_.openFile(xmlFile);
 }
 
 void frmMain::showState() {

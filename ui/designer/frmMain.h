@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/DiskFileStore.h"
+#include "ui/designer/DatabaseFlow.h"
 #include "ui/designer/DesignerSession.h"
 #include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
@@ -115,6 +116,7 @@ class frmMain final : public QMainWindow {
 
     PaneDropTree dropTree_;
     StructureLoad structureLoad_;
+    DatabaseFlow databases_;
     HelpWindows helpWindows_;
     clsHtmlHelp help_;
     clsHtmlHelpForForm formHelp_;

@@ -8,6 +8,10 @@
 
 namespace mergeloom {
 
+void setHelpTopic(QWidget& widget, const char* topic) {
+    widget.setProperty(kHelpTopicProperty, QString::fromLatin1(topic));
+}
+
 clsHtmlHelpForForm::clsHtmlHelpForForm(QWidget& form, QAbstractButton& helpButton,
                                        const std::string& helpFile, const std::string& defaultHelpFile,
                                        HtmlHelpPort& port)

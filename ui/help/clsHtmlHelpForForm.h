@@ -14,6 +14,8 @@ namespace mergeloom {
 /// The property of a control, a form or any widget between them that names the topic about it, by the topic's
 /// path in the help file.
 inline constexpr const char* kHelpTopicProperty = "helpTopic";
+/// Sets the page of the help that is about a widget and what is in it.
+void setHelpTopic(QWidget& widget, const char* topic);
 
 /// Attaches help to a form: its help button and F1, wherever the focus is in it, open the help about the
 /// control that has the focus, or else about the widgets around it, or else the contents. When the form
