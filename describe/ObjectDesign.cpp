@@ -103,8 +103,7 @@ class ObjectDesigner {
     }
 
     /// Returns a name that is unique in the form: a control may have the name of the table, and a table may
-    /// refer
-    /// to the form's table twice.
+    /// refer to the form's table twice.
     static std::string freeName(const ObjectDesign& form, const Reference& reference) {
         const std::string& table = reference.from->name;
         std::string name = table;

@@ -84,8 +84,8 @@ class DroppedNames {
   private:
     static constexpr char kEnd = '\0';
 
-    // Names are folded when a table asks for one, so a form of fields only does not pay for it.
-    mutable std::string added_;  // the names since the last question, each with its end
+    // Names are folded by contains, which only drops with tables call.
+    mutable std::string added_;  // the names that are not folded yet, each followed by kEnd
     mutable std::unordered_set<std::string> folded_;
 };
 

@@ -18,7 +18,7 @@ class BookPictures {
     /// for anything but pictures in the package.
     void add(embedded::WorkbookContent& original, std::size_t sheet, const ExportedSheet& now,
              std::size_t first);
-    /// Gives the pictures, whose parts have been written, the places and forms that they have in the export.
+    /// Sets the places and forms of the pictures to those of the export. Their parts must have been written.
     void finish(opc::Package& original);
 
   private:

@@ -31,7 +31,7 @@ struct ExportedFormat {
 /// The cell formats of an export by their indices.
 class ExportedFormats {
   public:
-    /// Raises kFileCouldNotBeRead for a damaged part. The numbers are not kept.
+    /// Raises kFileCouldNotBeRead for a damaged part. Keeps no reference to the numbers.
     ExportedFormats(opc::Package& package, FormatNumbers& numbers);
 
     /// Returns the format; the first one for an index without a format.

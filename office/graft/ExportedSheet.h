@@ -44,7 +44,7 @@ struct ExportedCell {
     excel::CellPosition place;
     int style = 0;
     std::string_view type;     ///< the attribute t; empty for a cell without content
-    std::string_view value;    ///< as stored; none of the index of a shared text
+    std::string_view value;    ///< as stored; empty for a shared text
     std::string_view formula;  ///< the text of the formula
     pugi::xml_node formulaNode;
     pugi::xml_node text;  ///< the item of the shared texts

@@ -56,7 +56,7 @@ std::string idAttribute(pugi::xml_node sheet) {
     throw Refusal("a sheet was added to a workbook without sheets");
 }
 
-/// Names of sheets and the active sheet are counted from the first sheet on.
+/// Increments the index of a sheet in an attribute if a sheet is inserted before it.
 void countSheet(pugi::xml_node attributeOwner, const char* name, std::size_t index) {
     pugi::xml_attribute number = attributeOwner.attribute(name);
     if (number && number.as_uint() >= index) number.set_value(number.as_uint() + 1);

@@ -117,7 +117,7 @@ struct FormatCase {
     std::string what;
     std::string now;       ///< of the exported format
     std::string element;   ///< of the styles
-    std::string expected;  ///< how its content begins; the format of B1 follows
+    std::string expected;  ///< the beginning of its content, before the format of B1
 };
 
 TEST(BookGraft, AddsOnlyWhatDiffersToFormats) {

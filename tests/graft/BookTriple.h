@@ -65,7 +65,7 @@ struct BookTriple {
             {DocumentKind::Excel, format, "book.xlsx", bytes[0], bytes[1], bytes[2]}, {}, proof.bytes());
         return found ? found->reason : "";
     }
-    /// Returns a part of the result, or why there is none.
+    /// Returns a part of the result, or the reason why there is none.
     [[nodiscard]] std::string part(const std::string& name) const {
         const model::GraftResult result = graft();
         if (std::holds_alternative<model::NothingChanged>(result)) return "nothing changed";
@@ -75,7 +75,7 @@ struct BookTriple {
             opc::Package::read(std::get<model::GraftedPackage>(result).bytes, "book.xlsx");
         return package.hasPart(name) ? package.readPart(name) : "no part";
     }
-    /// Returns the children of an element in a part of the result, or why there is none.
+    /// Returns the children of an element in a part of the result, or the reason why there is none.
     [[nodiscard]] std::string content(const std::string& name, const std::string& element) const {
         const std::string xml = part(name);
         const std::size_t start = xml.find("<" + element);

@@ -43,7 +43,7 @@ def contents(document):
 
 
 class SourceTest:
-    """What holds for every driver; the classes below name the source."""
+    """The tests of every driver; the classes below provide the source."""
 
     source = password = None
 

@@ -22,7 +22,7 @@ class DatabaseWindow final : public QDialog {
     Q_OBJECT
 
   public:
-    /// What the window asks for beyond itself.
+    /// The questions that other parts of the program answer.
     struct Questions {
         std::function<std::string()> askFile;  ///< returns the path of a file, empty if the user cancels
         /// Returns the path of the structure document for a database; empty if there is no folder for it.

@@ -66,7 +66,7 @@ class HostEvents final : public QObject, public HostListener {
 /// Returns true, after a message to the user, if the office shows a modal dialog.
 bool refusesUnderDialog(DocumentHost& host, Messages& messages);
 
-/// Returns true if the document was opened for reading only, and tells the user so.
+/// Returns true if the document was opened for reading only, and then informs the user.
 bool refusesChanges(DocumentHost& host, Messages& messages);
 
 /// Lets the object model work on the hosted document during its life: the user cannot edit it, and the

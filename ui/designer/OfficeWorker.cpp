@@ -11,7 +11,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Refuses drags from elsewhere during its life: unlike keys and clicks they cannot wait.
+/// Refuses drags until it is destroyed, since they cannot wait as keys and clicks do.
 class DragRefusal final : public QObject {
   public:
     DragRefusal() { QApplication::instance()->installEventFilter(this); }

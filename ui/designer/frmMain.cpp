@@ -286,7 +286,7 @@ void frmMain::takeKeyboardFromDocument() {
     if (focusHolder_) focusHolder_->takeKeyboard();
 }
 
-/// Answers a key that was pressed in the document.
+/// Handles a key that was pressed in the document.
 void frmMain::answerKey(HostKey key) {
     if (QApplication::activeModalWidget() != nullptr) return;
     switch (key) {

@@ -71,7 +71,8 @@ class WorkbookContent {
     void storeParts();
 
   private:
-    /// Returns what the cell contains. Raises the errors of checkMayWrite.
+    /// Marks the workbook as changed and returns the former content of the cell. Raises the errors of
+    /// checkMayWrite.
     StoredCell prepareWriting(SheetContent& sheet, const excel::CellPosition& cell);
     void checkMayWrite(SheetContent& sheet, const excel::CellPosition& cell, const StoredCell& stored) const;
 

@@ -27,7 +27,7 @@ struct BookmarkRecord {
     Story* story = nullptr;
     Item* start = nullptr;
     Item* end = nullptr;
-    std::uint32_t number = 0;  ///< in the order in which the table's records were made
+    std::uint32_t number = 0;  ///< the index among the table's records
     bool listed = false;       ///< in the table; false once the bookmark is deleted
 
     /// Returns true if Word leaves the bookmark out of its collections, though it is found by name.

@@ -286,7 +286,8 @@ std::string LibreOfficeFiles::exportedBytes(const DocumentReference& document, c
     return password.opened(DiskFileStore().read(copy));
 }
 
-/// The office takes a change for kept also when the copy could not be written to its place.
+/// Compares the undo lists, too, since the office regards a change as kept even if the copy could not be
+/// written to its place.
 bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) const {
     const Reference<css::document::XDocumentRecovery> recovery(document, UNO_QUERY);
     if (!recovery.is()) return false;
