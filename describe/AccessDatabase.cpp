@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "describe/ReaderProcess.h"
 #include "describe/ScratchTables.h"
+#include "describe/ViewSelection.h"
 
 #include <algorithm>
 #include <map>
@@ -53,7 +54,6 @@ class AccessDatabase final : public Database {
     [[nodiscard]] const std::vector<std::string>& remarks() const override { return remarks_; }
 
     std::unique_ptr<Cursor> select(const RowQuery& query) override {
-        refuseView(query.table);
         for (const auto& [table, columns] : columnsNeededBy(query))
             provide(table, columns);
         RowQuery copied = query;
@@ -98,24 +98,34 @@ class AccessDatabase final : public Database {
         }
     }
 
-    void refuseView(const std::string& name) const {
-        if (tableNamed(name).kind == TableKind::Table) return;
-        throw AutomationError(
-            kFileCouldNotBeRead,
-            "The records of the query '" + name + "' can be read by Access only; choose a table or form.");
-    }
-
-    [[nodiscard]] const Table& tableNamed(const std::string& name) const {
+    [[nodiscard]] const Table& tableOf(const std::string& name) const {
         return *std::ranges::find(tables_, name, &Table::name);
     }
 
     /// Copies a table unless its copy has all the columns.
     void provide(const std::string& table, std::set<std::string> columns) {
+        if (tableOf(table).kind == TableKind::View) return provideView(tableOf(table));
         Copy& copy = copies_[table];
         if (!copy.name.empty() && std::ranges::includes(copy.columns, columns)) return;
         columns.insert(copy.columns.begin(), copy.columns.end());
         copy.columns = std::move(columns);
-        attempt([&] { copy.name = copyOf(tableNamed(table), copy.columns); });
+        attempt([&] { copy.name = copyOf(tableOf(table), copy.columns); });
+    }
+
+    /// Selects the rows of a view from copies of its tables.
+    void provideView(const Table& view) {
+        if (copies_.contains(view.name)) return;
+        const std::optional<ViewSelection> selection =
+            view.definition ? ViewSelection::translate(*view.definition, tables_) : std::nullopt;
+        if (!selection) {
+            throw AutomationError(kFileCouldNotBeRead,
+                                  "The records of the query '" + view.name +
+                                      "' can be read by Access only; choose a table or form.");
+        }
+        for (const auto& [table, columns] : selection->neededColumns())
+            provide(table, columns);
+        const auto nameOf = [this](const std::string& table) { return copies_.at(table).name; };
+        copies_[view.name].name = scratch_.addSelected(view.columns, selection->statement(nameOf));
     }
 
     std::string copyOf(const Table& table, const std::set<std::string>& names) {

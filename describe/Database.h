@@ -1,5 +1,6 @@
 #pragma once
 
+#include "describe/ViewDefinition.h"
 #include "xml/modNamedItems.h"
 
 #include <cstddef>
@@ -59,6 +60,7 @@ struct Table {
     /// The columns of each key, which identify a row; the primary key is the first.
     std::vector<std::vector<std::string>> keys{};
     std::vector<ForeignKey> foreignKeys{};
+    std::optional<ViewDefinition> definition{};  ///< of a view whose rows the database itself does not select
 };
 
 /// The sections of a form, with the numbers that the structure document uses.

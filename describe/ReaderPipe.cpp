@@ -64,6 +64,26 @@ void PipeWriter::table(const Table& table) {
         text(key.referredTable);
         texts(key.referredColumns);
     }
+    number(static_cast<std::uint8_t>(table.definition ? 1 : 0));
+    if (table.definition) definition(*table.definition);
+}
+
+void PipeWriter::definition(const ViewDefinition& view) {
+    number(static_cast<std::uint32_t>(view.sources.size()));
+    for (const ViewDefinition::Source& source : view.sources)
+        texts({source.table, source.name});
+    number(static_cast<std::uint32_t>(view.outputs.size()));
+    for (const ViewDefinition::Output& output : view.outputs)
+        texts({output.source, output.column});
+    number(static_cast<std::uint8_t>(view.joining));
+    texts(view.joins);
+    texts(view.conditions);
+    number(static_cast<std::uint32_t>(view.orders.size()));
+    for (const ViewDefinition::Order& order : view.orders) {
+        text(order.expression);
+        number(static_cast<std::uint8_t>(order.isDescending ? 1 : 0));
+    }
+    number(static_cast<std::uint8_t>(view.isDistinct ? 1 : 0));
 }
 
 void PipeWriter::form(const StoredForm& form) {
@@ -176,7 +196,35 @@ Table PipeReader::table() {
         key.referredTable = text();
         key.referredColumns = texts();
     }
+    if (number<std::uint8_t>() != 0) table.definition = definition();
     return table;
+}
+
+ViewDefinition PipeReader::definition() {
+    ViewDefinition view;
+    const auto pair = [this] {
+        std::vector<std::string> parts = texts();
+        if (parts.size() != 2) raiseBroken();
+        return parts;
+    };
+    for (std::uint32_t left = count(); left > 0; --left) {
+        const std::vector<std::string> source = pair();
+        view.sources.push_back({source[0], source[1]});
+    }
+    for (std::uint32_t left = count(); left > 0; --left) {
+        const std::vector<std::string> output = pair();
+        view.outputs.push_back({output[0], output[1]});
+    }
+    view.joining = enumerator(ViewDefinition::Joining::Left);
+    view.joins = texts();
+    view.conditions = texts();
+    for (std::uint32_t left = count(); left > 0; --left) {
+        ViewDefinition::Order& order = view.orders.emplace_back();
+        text(order.expression);
+        order.isDescending = number<std::uint8_t>() != 0;
+    }
+    view.isDistinct = number<std::uint8_t>() != 0;
+    return view;
 }
 
 StoredForm PipeReader::form() {

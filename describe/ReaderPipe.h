@@ -47,6 +47,7 @@ class PipeWriter {
     void bytes(std::string_view bytes);
     void texts(const std::vector<std::string>& texts);
     void list(const ListSource& list);
+    void definition(const ViewDefinition& view);
 
     int descriptor_;
     std::string buffer_;
@@ -79,6 +80,7 @@ class PipeReader {
     void text(std::string& text);
     std::vector<std::string> texts();
     ListSource list();
+    ViewDefinition definition();
     std::uint32_t count();
 
     int descriptor_;

@@ -64,6 +64,12 @@ std::string ScratchTables::add(const std::vector<Column>& columns) {
     return name;
 }
 
+std::string ScratchTables::addSelected(const std::vector<Column>& columns, const std::string& statement) {
+    std::string name = add(columns);
+    connection_.execute("INSERT INTO " + quotedName(name) + " " + statement);
+    return name;
+}
+
 std::unique_ptr<Cursor> ScratchTables::select(const RowQuery& query) {
     return selectRows(connection_, query);
 }

@@ -21,6 +21,8 @@ class ScratchTables {
     /// Adds an empty table and returns its name, which is unique. Texts in it are equal regardless of the
     /// case of ASCII letters, and decimal numbers are compared by their values.
     std::string add(const std::vector<Column>& columns);
+    /// Adds a table with the rows that a statement selects, in their order, and returns its name.
+    std::string addSelected(const std::vector<Column>& columns, const std::string& statement);
     std::unique_ptr<Cursor> select(const RowQuery& query);
 
     /// Adds rows to one table.

@@ -17,25 +17,67 @@ namespace {
 constexpr std::int64_t kKindMask = 0xF0;
 enum QueryKind : std::int64_t { kSelect = 0, kCrosstab = 0x10, kPassThrough = 0x70, kUnion = 0x80 };
 
-/// The kinds of rows in a query's definition, and a flag of the options.
-enum Attribute : std::int64_t { kOptions = 3, kSource = 5, kOutput = 6 };
+/// The kinds of rows in a query's definition, and flags of the options.
+enum Attribute : std::int64_t {
+    kBeginning = 0,
+    kType = 1,
+    kOptions = 3,
+    kSource = 5,
+    kOutput = 6,
+    kJoin = 7,
+    kWhere = 8,
+    kOrder = 11,
+    kEnd = 255
+};
 constexpr std::int64_t kShowsAllColumns = 1;
+constexpr std::int64_t kIsDistinct = 2;
 
-struct Source {
-    std::string table;
-    std::string name;  ///< in the query
+/// The kinds of joins, and the mark of a descending order.
+enum JoinKind : std::int64_t { kInner = 1, kLeft = 2, kRight = 3 };
+constexpr const char* kDescending = "D";
+
+using Source = ViewDefinition::Source;
+
+struct Join {
+    std::int64_t kind;
+    std::string left;
+    std::string right;
+    std::string condition;
 };
 
 struct Definition {
     std::vector<Source> sources;
     std::vector<std::pair<std::string, std::string>> outputs;  ///< expressions and their names in the query
     bool showsAllColumns = false;
+    std::vector<Join> joins{};
+    std::vector<std::string> conditions{};
+    std::vector<ViewDefinition::Order> orders{};
+    bool isDistinct = false;
+    bool isSimple = true;  ///< false if there are groups, parameters or anything else
 };
 
-/// A column and its source.
+/// Sets how the sources are joined. Returns false for outer joins of more than two sources.
+bool setJoins(const Definition& definition, ViewDefinition& view) {
+    for (const Join& join : definition.joins)
+        view.joins.push_back(join.condition);
+    const auto isInner = [](const Join& join) { return join.kind == kInner; };
+    if (std::ranges::all_of(definition.joins, isInner)) return true;
+    const Join& first = definition.joins.front();
+    const bool areAlike = std::ranges::all_of(definition.joins, [&](const Join& join) {
+        return join.kind == first.kind && join.left == first.left && join.right == first.right;
+    });
+    if (!areAlike || view.sources.size() != 2 || (first.kind != kLeft && first.kind != kRight)) return false;
+    const std::string& whole = first.kind == kLeft ? first.left : first.right;
+    if (!equalsIgnoringCase(view.sources[0].name, whole)) std::swap(view.sources[0], view.sources[1]);
+    view.joining = ViewDefinition::Joining::Left;
+    return equalsIgnoringCase(view.sources[0].name, whole);
+}
+
+/// A column and its source, which is empty for an expression.
 struct Output {
     std::string source;
     Column column;
+    std::string name{};  ///< of the column in the source
 };
 
 class QueryDescriber {
@@ -57,11 +99,26 @@ class QueryDescriber {
             if (isNamedTwice(output.column.name))
                 view.columns.back().name = output.source + "." + output.column.name;
         }
+        view.definition = definitionOf(definition);
         if (!view.columns.empty()) schema_.tables.push_back(std::move(view));
         return true;
     }
 
   private:
+    /// Returns the definition of a query of columns, without groups, functions and parameters.
+    [[nodiscard]] std::optional<ViewDefinition> definitionOf(const Definition& definition) const {
+        if (!definition.isSimple) return std::nullopt;
+        ViewDefinition view{definition.sources};
+        for (const Output& output : outputs_) {
+            if (output.source.empty()) return std::nullopt;
+            view.outputs.push_back({output.source, output.name});
+        }
+        view.conditions = definition.conditions;
+        view.orders = definition.orders;
+        view.isDistinct = definition.isDistinct;
+        return setJoins(definition, view) ? std::optional(std::move(view)) : std::nullopt;
+    }
+
     bool addOutput(const Definition& definition, const std::string& expression, const std::string& name) {
         const std::optional<ColumnName> column = columnNameOf(expression);
         if (column && addColumns(definition, *column)) {
@@ -89,7 +146,7 @@ class QueryDescriber {
             }
             for (const Column& column : table->columns) {
                 if (!isAll && !equalsIgnoringCase(column.name, name.column)) continue;
-                outputs_.push_back({source.name, column});
+                outputs_.push_back({source.name, column, column.name});
                 isFound = true;
             }
         }
@@ -107,19 +164,49 @@ class QueryDescriber {
     std::vector<Output> outputs_;
 };
 
+void readRow(std::int64_t attribute, TableScan& rows, Definition& definition) {
+    switch (attribute) {
+        case kBeginning:
+        case kType:
+        case kEnd:
+            return;
+        case kOptions: {
+            const std::int64_t options = rows.number(5);
+            definition.showsAllColumns = (options & kShowsAllColumns) != 0;
+            definition.isDistinct = (options & kIsDistinct) != 0;
+            if ((options & ~(kShowsAllColumns | kIsDistinct)) != 0) definition.isSimple = false;
+            return;
+        }
+        case kSource: {
+            const std::string table = rows.text(2);
+            const std::string alias = rows.text(3);
+            definition.sources.push_back({table, alias.empty() ? table : alias});
+            return;
+        }
+        case kOutput:
+            definition.outputs.emplace_back(rows.text(4), rows.text(2));
+            return;
+        case kJoin:
+            definition.joins.push_back({rows.number(5), rows.text(2), rows.text(3), rows.text(4)});
+            return;
+        case kWhere:
+            definition.conditions.push_back(rows.text(4));
+            return;
+        case kOrder:
+            definition.orders.push_back({rows.text(4), rows.text(2) == kDescending});
+            return;
+        default:
+            definition.isSimple = false;
+    }
+}
+
 std::map<std::int64_t, Definition> readDefinitions(const AccessFile& file) {
     TableScan rows(file, "MSysQueries", {"ObjectId", "Attribute", "Name1", "Name2", "Expression", "Flag"});
     std::map<std::int64_t, Definition> definitions;
     while (rows.next()) {
         Definition& definition = definitions[rows.number(0)];
         const std::int64_t attribute = rows.number(1);
-        if (attribute == kOptions) definition.showsAllColumns = (rows.number(5) & kShowsAllColumns) != 0;
-        if (attribute == kSource) {
-            const std::string table = rows.text(2);
-            const std::string alias = rows.text(3);
-            definition.sources.push_back({table, alias.empty() ? table : alias});
-        }
-        if (attribute == kOutput) definition.outputs.emplace_back(rows.text(4), rows.text(2));
+        readRow(attribute, rows, definition);
     }
     return definitions;
 }

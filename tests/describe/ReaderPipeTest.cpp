@@ -39,6 +39,13 @@ TEST(ReaderPipe, BringsTablesAndValues) {
     table.columns.push_back({"Total", "Sum & more", ColumnType::Decimal, 2});
     table.keys = {{"a", "b"}, {"c"}};
     table.foreignKeys.push_back({{"x"}, "Towns", {"y"}});
+    table.definition = ViewDefinition{{{"Trips", "t"}},
+                                      {{"t", "Total"}},
+                                      ViewDefinition::Joining::Left,
+                                      {"t.a=b.c"},
+                                      {"t.a>1", "t.b>2"},
+                                      {{"t.a", true}},
+                                      true};
     const Value values[] = {{},
                             {Value::Kind::Integer, -7},
                             {Value::Kind::Real, 0, 0.5},
@@ -60,6 +67,14 @@ TEST(ReaderPipe, BringsTablesAndValues) {
     EXPECT_EQ(read.columns[0].type, ColumnType::Decimal);
     EXPECT_EQ(read.columns[0].decimals, 2);
     EXPECT_EQ(read.keys, table.keys);
+    ASSERT_TRUE(read.definition);
+    EXPECT_EQ(read.definition->sources.at(0).name, "t");
+    EXPECT_EQ(read.definition->outputs.at(0).column, "Total");
+    EXPECT_EQ(read.definition->joining, ViewDefinition::Joining::Left);
+    EXPECT_EQ(read.definition->joins, table.definition->joins);
+    EXPECT_EQ(read.definition->conditions, table.definition->conditions);
+    EXPECT_TRUE(read.definition->orders.at(0).isDescending);
+    EXPECT_TRUE(read.definition->isDistinct);
     ASSERT_EQ(read.foreignKeys.size(), 1U);
     EXPECT_EQ(read.foreignKeys[0].referredColumns, std::vector<std::string>{"y"});
     std::string text;
