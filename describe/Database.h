@@ -39,7 +39,8 @@ struct Column {
     std::string name{};
     std::string caption{};  ///< as the database stores it; empty if it stores none
     ColumnType type = ColumnType::Untyped;
-    int decimals = 0;  ///< the digits after the decimal point that a Decimal shows
+    int decimals = 0;      ///< the digits after the decimal point that a Decimal shows
+    std::string format{};  ///< of dates, numbers and booleans, as Access writes it; empty if it stores none
     /// The type of control in which the database shows the column; Unknown if it stores none.
     ControlType display = ControlType::Unknown;
     ListSource list{};

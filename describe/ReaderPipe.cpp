@@ -52,6 +52,7 @@ void PipeWriter::table(const Table& table) {
         text(column.caption);
         number(column.type);
         number(static_cast<std::uint8_t>(column.decimals));
+        text(column.format);
         number(static_cast<std::int8_t>(column.display));
         list(column.list);
     }
@@ -93,7 +94,7 @@ void PipeWriter::form(const StoredForm& form) {
     for (const StoredControl& control : form.controls) {
         number(static_cast<std::int8_t>(control.type));
         for (const std::string* const part :
-             {&control.name, &control.caption, &control.source, &control.shownObject})
+             {&control.name, &control.caption, &control.source, &control.shownObject, &control.format})
             text(*part);
         number(control.section);
         list(control.list);
@@ -185,6 +186,7 @@ Table PipeReader::table() {
         text(column.caption);
         column.type = enumerator(ColumnType::Bytes);
         column.decimals = number<std::uint8_t>();
+        text(column.format);
         column.display = controlType();
         column.list = list();
     }
@@ -235,7 +237,7 @@ StoredForm PipeReader::form() {
         StoredControl& control = form.controls.emplace_back();
         control.type = controlType();
         for (std::string* const part :
-             {&control.name, &control.caption, &control.source, &control.shownObject})
+             {&control.name, &control.caption, &control.source, &control.shownObject, &control.format})
             text(*part);
         control.section = enumerator(FormSection::PageFooter);
         control.list = list();

@@ -15,6 +15,7 @@ struct StoredControl {
     std::string caption{};  ///< of the label that belongs to it; empty if there is none
     std::string source{};   ///< a column, an expression after "=", or empty
     FormSection section = FormSection::Detail;
+    std::string format{};                     ///< empty if it is that of the column
     ListSource list{};                        ///< of a Combobox or Listbox
     std::string shownObject{};                ///< of a Subform: "Form.Lines", "Table.Lines" or "Query.Lines"
     std::vector<std::string> childFields{};   ///< of a Subform, columns of its own records

@@ -90,6 +90,7 @@ void StoredFormDesigner::addControl(ObjectDesign& object, const StoredControl& s
     const ControlDesign* const shown = table == objects_.end() ? nullptr : controlOf(table->second, column);
     if (shown != nullptr) {
         control.column = shown->column;
+        if (!stored.format.empty()) control.column.format = stored.format;
         if (stored.type == ControlType::Combobox || stored.type == ControlType::Listbox) {
             control.lookup = lookupIn(stored.list, shown->column.name, database_.tables());
             if (stored.list.rows.empty()) control.lookup = shown->lookup;

@@ -1,6 +1,7 @@
 #include "describe/ValueFormat.h"
 
 #include "base/Text.h"
+#include "describe/DateFormat.h"
 #include "describe/DecimalText.h"
 
 #include <langinfo.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <clocale>
 #include <ctime>
 #include <initializer_list>
@@ -61,9 +63,23 @@ std::optional<bool> readBoolean(std::string_view text) {
     return std::nullopt;
 }
 
-void writeBoolean(bool value, ValueText& text) {
+void writeBoolean(bool value, const std::string& format, ValueText& text) {
     text.shown = value ? "Yes" : "No";
+    if (equalsIgnoringAsciiCase(format, "True/False")) text.shown = value ? "True" : "False";
+    if (equalsIgnoringAsciiCase(format, "On/Off")) text.shown = value ? "On" : "Off";
     text.stored = value ? "true" : "false";
+}
+
+/// Returns the date by a format, with the day of the week.
+std::string formattedDate(const IsoDate& date, const std::string& format) {
+    using namespace std::chrono;
+    constexpr int kFirstYear = 1900;
+    std::tm fields = date.fields;
+    const year_month_day day(year(fields.tm_year + kFirstYear),
+                             month(static_cast<unsigned>(fields.tm_mon) + 1),
+                             std::chrono::day(static_cast<unsigned>(fields.tm_mday)));
+    fields.tm_wday = static_cast<int>(weekday(sys_days(day)).c_encoding());
+    return formatted(fields, format);
 }
 
 /// Puts separators between the digits before the decimal point.
@@ -93,7 +109,7 @@ void ValueFormat::write(const Value& value, const Column& column, ValueText& tex
         case Value::Kind::Integer:
             return writeInteger(value.integer, column, text);
         case Value::Kind::Real:
-            if (column.type == ColumnType::Boolean) return writeBoolean(value.real != 0, text);
+            if (column.type == ColumnType::Boolean) return writeBoolean(value.real != 0, column.format, text);
             return writeNumber(value.real, digitsOf(value.real), column, text);
         case Value::Kind::Text:
             return writeText(value.text, column, text);
@@ -103,7 +119,7 @@ void ValueFormat::write(const Value& value, const Column& column, ValueText& tex
 }
 
 void ValueFormat::writeInteger(std::int64_t number, const Column& column, ValueText& text) const {
-    if (column.type == ColumnType::Boolean) return writeBoolean(number != 0, text);
+    if (column.type == ColumnType::Boolean) return writeBoolean(number != 0, column.format, text);
     const std::string digits = std::to_string(number);
     writeNumber(static_cast<double>(number), digits, column, text);
 }
@@ -140,7 +156,8 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
     double number = 0;
     switch (column.type) {
         case ColumnType::Boolean:
-            if (const std::optional<bool> boolean = readBoolean(value)) writeBoolean(*boolean, text);
+            if (const std::optional<bool> boolean = readBoolean(value))
+                writeBoolean(*boolean, column.format, text);
             return;
         case ColumnType::Decimal:
             if (isDecimal(value)) return writeDecimal(roundedDecimal(value, column.decimals), text);
@@ -153,7 +170,7 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
         case ColumnType::DateAndTime:
             if (const std::optional<IsoDate> date = readIsoDate(value)) {
                 text.stored = date->text();
-                text.shown = shownDate(*date);
+                text.shown = shownDate(*date, column.format);
             }
             return;
         default:
@@ -161,11 +178,15 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
     }
 }
 
-std::string ValueFormat::shownDate(const IsoDate& date) const {
+std::string ValueFormat::shownDate(const IsoDate& date, const std::string& format) const {
+    const std::optional<std::string> stored = strftimeFormat(format);
+    // A time alone has no day that a format could show.
+    if (stored && !date.date.empty()) return formattedDate(date, *stored);
+    const bool isDay = equalsIgnoringAsciiCase(format, "Short Date") && !date.date.empty();
     std::string shown = conventions_.date.empty() || date.date.empty()
                             ? date.date
                             : formatted(date.fields, conventions_.date);
-    if (date.time.empty()) return shown;
+    if (date.time.empty() || isDay) return shown;
     if (!shown.empty()) shown += ' ';
     shown += conventions_.time.empty() ? date.time : formatted(date.fields, conventions_.time);
     return date.zone.empty() ? shown : shown + ' ' + date.zone;

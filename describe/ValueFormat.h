@@ -41,7 +41,7 @@ class ValueFormat {
     void writeNumber(double number, std::string_view digits, const Column& column, ValueText& text) const;
     void writeDecimal(std::string digits, ValueText& text) const;
     std::size_t writePoint(std::string& number) const;
-    [[nodiscard]] std::string shownDate(const IsoDate& date) const;
+    [[nodiscard]] std::string shownDate(const IsoDate& date, const std::string& format) const;
 
     Conventions conventions_;
 };

@@ -101,6 +101,7 @@ int decimalsOf(const MdbColumn& column, int scale) {
 Column columnOf(const MdbColumn& field, ColumnType type, int scale) {
     Column column{field.name, propertyOf(field, "Caption"), type};
     if (type == ColumnType::Decimal) column.decimals = decimalsOf(field, scale);
+    column.format = propertyOf(field, "Format");
     column.display = controlTypeOf(numberOf(field, "DisplayControl", 0));
     const bool isList = column.display == ControlType::Combobox || column.display == ControlType::Listbox;
     if (isList) column.list = listOf(field);

@@ -26,6 +26,7 @@ enum PropertyCode : int {
     kColumnWidths = 18,
     kName = 20,
     kControlSource = 27,
+    kFormat = 38,
     kLinkChildFields = 49,
     kLinkMasterFields = 50,
     kRowSource = 91,
@@ -74,6 +75,7 @@ class ControlCollector {
         const std::string name = object.text(kName);
         if (type != ControlType::Unknown && !name.empty()) {
             StoredControl control{type, name, captionOf(object), object.text(kControlSource), section};
+            control.format = object.text(kFormat);
             if (type == ControlType::Combobox || type == ControlType::Listbox) control.list = listOf(object);
             if (type == ControlType::Subform) readSubform(object, control);
             form_.controls.push_back(std::move(control));

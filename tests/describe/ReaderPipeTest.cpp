@@ -84,17 +84,14 @@ TEST(ReaderPipe, BringsTablesAndValues) {
 
 TEST(ReaderPipe, BringsForms) {
     StoredForm form{"Order", "Orders"};
-    form.controls.push_back({ControlType::Combobox, "Town", "&Town:", "TownId", FormSection::PageFooter,
-                             ListSource{"Towns", 2, "0;1440"}});
-    form.controls.push_back({ControlType::Subform,
-                             "Lines",
-                             {},
-                             {},
-                             FormSection::Detail,
-                             {},
-                             "Form.Lines",
-                             {"a", "b"},
-                             {"c", "d"}});
+    StoredControl& town = form.controls.emplace_back();
+    town = {ControlType::Combobox, "Town", "&Town:", "TownId", FormSection::PageFooter, "dd.mm"};
+    town.list = {"Towns", 2, "0;1440"};
+    StoredControl lines{ControlType::Subform, "Lines"};
+    lines.shownObject = "Form.Lines";
+    lines.childFields = {"a", "b"};
+    lines.masterFields = {"c", "d"};
+    form.controls.push_back(lines);
     const FullPipe pipe([&](PipeWriter& writer) { writer.form(form); });
     const StoredForm read = pipe.reader().form();
     EXPECT_EQ(read.name, "Order");
@@ -104,6 +101,7 @@ TEST(ReaderPipe, BringsForms) {
     EXPECT_EQ(read.controls[0].caption, "&Town:");
     EXPECT_EQ(read.controls[0].source, "TownId");
     EXPECT_EQ(read.controls[0].section, FormSection::PageFooter);
+    EXPECT_EQ(read.controls[0].format, "dd.mm");
     EXPECT_EQ(read.controls[0].list.rows, "Towns");
     EXPECT_EQ(read.controls[0].list.boundColumn, 2);
     EXPECT_EQ(read.controls[0].list.widths, "0;1440");

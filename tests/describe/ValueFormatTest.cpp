@@ -27,6 +27,43 @@ Value text(std::string_view text) {
     return value;
 }
 
+TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
+    const ValueFormat british({".", ",", "%d/%m/%Y", "%H:%M"});
+    const struct {
+        std::string_view value;
+        ColumnType type;
+        std::string format, shown;
+    } cases[] = {
+        {"2024-05-04T09:07:03", ColumnType::DateAndTime, "dd.mm.yyyy", "04.05.2024"},
+        {"2024-05-04T09:07:03", ColumnType::DateAndTime, "d/m/yy h:n:s", "4/5/24 9:7:3"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "dddd, D MMMM YYYY", "Saturday, 4 May 2024"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "hh:mm AM/PM", "02:07 PM"},
+        {"2024-05-04", ColumnType::DateAndTime, "yyyy-mm-dd hh:mm:ss", "2024-05-04 00:00:00"},
+        {"2024-05-04", ColumnType::Date, "\"On 100% the \"d\\.", "On 100% the 4."},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Medium Date", "04-May-24"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Short Date", "04/05/2024"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Short Time", "14:07"},
+        {"14:07:03", ColumnType::DateAndTime, "dd.mm.yyyy", "14:07"},
+        // Those that are not understood, or depend on other settings.
+        {"2024-05-04", ColumnType::Date, "ww", "04/05/2024"},
+        {"2024-05-04", ColumnType::Date, "d\"m", "04/05/2024"},
+        {"2024-05-04", ColumnType::Date, "d\\", "04/05/2024"},
+        {"2024-05-04", ColumnType::Date, "Long Date", "04/05/2024"},
+        {"true", ColumnType::Boolean, "True/False", "True"},
+        {"0", ColumnType::Boolean, "on/off", "Off"},
+        {"1", ColumnType::Boolean, ";\"paid\"", "Yes"},
+    };
+    for (const auto& [value, type, format, shown] : cases) {
+        SCOPED_TRACE(format);
+        Column column;
+        column.type = type;
+        column.format = format;
+        ValueText written;
+        british.write(text(value), column, written);
+        EXPECT_EQ(written.shown, shown);
+    }
+}
+
 TEST(ValueFormat, ShowsValuesByTheirTypes) {
     const ValueFormat british({".", ",", "%d/%m/%Y", "%H:%M"});
     const ValueFormat german({",", ".", "%d.%m.%Y", "%H:%M:%S"});

@@ -11,9 +11,9 @@ from pathlib import Path
 
 import docx
 
-from access_file import ACE14, BOOLEAN, JET4, LONG, TEXT, AccessFile, Column
-from access_forms import (BOX, BUTTON, CHECK, COMBO, DETAIL, FOOTER, FRAME, GROUP, HEADER, LIST, OPTION, PAGE, TAB, control,
-                          label, section, streams, subform)
+from access_file import ACE14, BOOLEAN, DATE, JET4, LONG, TEXT, AccessFile, Column
+from access_forms import (BOX, BUTTON, CHECK, COMBO, DETAIL, FOOTER, FRAME, GROUP, HEADER, LIST, NAME, OPTION, PAGE, TAB,
+                          control, label, section, streams, subform, text)
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
@@ -34,7 +34,8 @@ class DescribeForms(ProgramTest):
                        [(1, "B", "Bosham"), (2, "M", "Malmö")], keys=[[0]])
         file.add_table("Orders", [Column("Number", LONG), Column("Town", LONG), Column("Paid", BOOLEAN),
                                   Column("Note & more", TEXT)],
-                       [(7, 2, True, "first"), (8, None, False, None)], keys=[[0]], captions={"Note & more": "Notes & more"})
+                       [(7, 2, True, "first"), (8, None, False, None)], keys=[[0]],
+                       captions={"Note & more": "Notes & more"})
         file.add_table("Lines", [Column("Id", LONG), Column("OrderNumber", LONG), Column("What", TEXT)],
                        [(1, 7, "tea"), (2, 7, "rum"), (3, 8, "salt")], keys=[[0]])
         file.add_form("Order", streams(
@@ -42,8 +43,8 @@ class DescribeForms(ProgramTest):
             section(HEADER, label("Title", "Order"), control(BOX, "Now", "=Date()")),
             section(DETAIL,
                     control(BOX, "No", "Number", "&Number:"),
-                    control(COMBO, "Town", "Town", "Town:", rows="SELECT Towns.Id, Towns.Name FROM Towns ORDER BY [Name];",
-                            widths="0;1440"),
+                    control(COMBO, "Town", "Town", "Town:", widths="0;1440",
+                            rows="SELECT Towns.Id, Towns.Name FROM Towns ORDER BY [Name];"),
                     control(CHECK, "Paid", "Paid"),
                     control(TAB, "Pages", children=(control(PAGE, "Page1", children=(
                         control(BOX, "Note", "[Note & more]"),)),)),
@@ -88,11 +89,12 @@ class DescribeForms(ProgramTest):
     def test_records_of_a_form(self):
         ended = self.describe(self.orders(), "--object", "Form Order", "--records", "all")
         self.assertEqual(ended.returncode, 0)
-        self.assertEqual(ended.stderr, "mergeloom-describe: The control 'Now' of 'Order' is not in the records: it shows no "
-                                       "column of a table.\n")
+        self.assertEqual(ended.stderr, "mergeloom-describe: The control 'Now' of 'Order' is not in the records: it "
+                                       "shows no column of a table.\n")
         records = [[(control.get("Name"), [part.text for part in control if part.tag != "Records"],
                      [[line.findtext("DisplayValue") for line in row] for row in control.findall("Records/Record")])
-                    for control in record] for record in ElementTree.fromstring(ended.stdout).findall("Data/Records/Record")]
+                    for control in record]
+                   for record in ElementTree.fromstring(ended.stdout).findall("Data/Records/Record")]
         self.assertEqual(records, [
             [("No", ["7"], []), ("Town", ["Malmö", "2"], []), ("Paid", ["Yes", "true"], []), ("Note", ["first"], []),
              ("Goods", [], [["1", "tea"], ["2", "rum"]])],
@@ -105,7 +107,8 @@ class DescribeForms(ProgramTest):
     def test_from_a_form_to_letters(self):
         data, template = self.folder / "orders.xml", self.folder / "order.docx"
         self.orders().save(self.folder / "orders.accdb")
-        for command in ((DESCRIBE, self.folder / "orders.accdb", "--object", "Order", "--records", "all", "--output", data),
+        database = self.folder / "orders.accdb"
+        for command in ((DESCRIBE, database, "--object", "Order", "--records", "all", "--output", data),
                         (PROGRAM, "--exit-status", "-xmlfile", data, "-template", template, "-hidden"),
                         (PROGRAM, "--fill", template, "--data", data, "--output", self.folder / "{No}.docx")):
             ended = run(*command)
@@ -113,6 +116,20 @@ class DescribeForms(ProgramTest):
         letter = docx.Document(self.folder / "7.docx")
         self.assertIn("Number: 7", [paragraph.text.rstrip() for paragraph in letter.paragraphs])
         self.assertEqual([cell.text.rstrip() for cell in letter.tables[0].rows[2].cells], ["2", "rum"])
+
+    def test_formats_of_columns_and_controls(self):
+        file = AccessFile(ACE14)
+        file.add_table("Days", [Column("Id", LONG), Column("Day", DATE), Column("Open", BOOLEAN)],
+                       [(1, 36526.5, True)], keys=[[0]],
+                       properties={"Day": {"Format": "dd.mm.yyyy"}, "Open": {"Format": "On/Off"}})
+        shown = control(BOX, "By the form", "Day")
+        shown.properties.append(text(222, 38, "h:nn", NAME))
+        file.add_form("Day", streams("Days", section(DETAIL, control(BOX, "By the table", "Day"), shown,
+                                                     control(CHECK, "Open", "Open"))))
+        ended = self.describe(file, "--object", "Form Day", "--records", "all")
+        record = ElementTree.fromstring(ended.stdout).find("Data/Records/Record")
+        self.assertEqual([[part.text for part in control] for control in record],
+                         [["01.01.2000", "2000-01-01T12:00:00"], ["12:00", "2000-01-01T12:00:00"], ["On", "true"]])
 
     def test_a_form_without_a_table_has_no_records(self):
         file = self.orders()
@@ -149,7 +166,8 @@ class DescribeForms(ProgramTest):
     def test_designs_that_cannot_be_read_are_left_out(self):
         whole = lines_form()
         blob = whole["Blob"]
-        broken = {"cut": blob[:-9], "longer": blob + b"1234", "count": blob.replace(b"\xff\0\0\0\x03", b"\xff\0\0\0\x04", 1),
+        broken = {"cut": blob[:-9], "longer": blob + b"1234",
+                  "count": blob.replace(b"\xff\0\0\0\x03", b"\xff\0\0\0\x04", 1),
                   "empty": b"", "slots": blob.replace(b"\xdd\0\0\0", b"\x01\0\0\0", 1),
                   "without a section": streams("Lines", control(BOX, "a", "Id"))["Blob"],
                   "of a report": streams("Lines", section(DETAIL, control(BOX, "a")), section(157))["Blob"]}
@@ -159,7 +177,8 @@ class DescribeForms(ProgramTest):
                 file.add_form("Broken", {**whole, "Blob": design})
                 ended = self.describe(file)
                 self.assertEqual(ended.returncode, 0)
-                self.assertEqual(ended.stderr, "mergeloom-describe: The form 'Broken' is left out: its design cannot be read.\n")
+                self.assertEqual(ended.stderr, "mergeloom-describe: The form 'Broken' is left out: its design cannot be "
+                                               "read.\n")
                 self.assertIsNotNone(self.form(ended.stdout, "Order"))
         file = self.orders()
         file.add_form("Changed", {**whole, "BlobDelta": b"1"})
@@ -219,11 +238,14 @@ class DescribeLists(ProgramTest):
              "Listbox", names),
             ({"DisplayControl": 111, "RowSource": "select distinct name as n, id from [towns] order by name",
               "BoundColumn": 2}, "Combobox", names),
-            ({"DisplayControl": 111, "RowSource": "SELECT Id, Name FROM Towns", "ColumnWidths": "0.5cm;2cm"}, "Combobox", plain),
-            ({"DisplayControl": 111, "RowSource": "SELECT Id, Name FROM Towns WHERE Id<5", "ColumnWidths": "0"}, "Combobox",
+            ({"DisplayControl": 111, "RowSource": "SELECT Id, Name FROM Towns", "ColumnWidths": "0.5cm;2cm"}, "Combobox",
              plain),
-            ({"DisplayControl": 111, "RowSource": "SELECT Id, Left(Name, 1) FROM Towns", "ColumnWidths": "0"}, "Combobox", plain),
-            ({"DisplayControl": 111, "RowSource": "SELECT Id FROM Towns, Orders", "ColumnWidths": "0"}, "Combobox", plain),
+            ({"DisplayControl": 111, "RowSource": "SELECT Id, Name FROM Towns WHERE Id<5", "ColumnWidths": "0"},
+             "Combobox", plain),
+            ({"DisplayControl": 111, "RowSource": "SELECT Id, Left(Name, 1) FROM Towns", "ColumnWidths": "0"},
+             "Combobox", plain),
+            ({"DisplayControl": 111, "RowSource": "SELECT Id FROM Towns, Orders", "ColumnWidths": "0"}, "Combobox",
+             plain),
             ({"DisplayControl": 111, "RowSourceType": "Value List", "RowSource": "1;2"}, "Combobox", plain),
         )
         for properties, kind, values in cases:

@@ -44,9 +44,11 @@ class DescribeQueries(ProgramTest):
     def run_query(self, *definition):
         file = AccessFile(ACE14)
         file.add_table("Trips", [Column("Id", LONG), Column("Town", LONG), Column("Boat", TEXT), Column("Paid", BOOLEAN),
-                                 Column("Day", DATE), Column("Price", MONEY), Column("Weight", DOUBLE), Column("Max", LONG)],
+                                 Column("Day", DATE), Column("Price", MONEY), Column("Weight", DOUBLE),
+                                 Column("Max", LONG)],
                        [(1, 2, "Ida", True, 36526.0, 25000, 1.5, 1), (2, 1, "Per", False, 36527.25, 100000, 2.0, 9),
-                        (3, None, None, False, None, None, None, 3), (4, 2, "ida", True, 36528.0, 99999, -4.0, 2)], keys=[[0]])
+                        (3, None, None, False, None, None, None, 3), (4, 2, "ida", True, 36528.0, 99999, -4.0, 2)],
+                       keys=[[0]])
         file.add_table("Towns", [Column("Id", LONG), Column("Name", TEXT)], [(1, "Bosham"), (2, "Malmö"), (3, "Ystad")],
                        keys=[[0]])
         file.add_query("Chosen", list(definition))
@@ -63,13 +65,16 @@ class DescribeQueries(ProgramTest):
 
     def test_conditions(self):
         cases = (
-            ("[Trips].[Id]>2", "34"), ("((Trips.Id)<>2)", "134"), ("2>=Id", "12"), ("Id=-1 Or Id=3 And Town Is Null", "3"),
+            ("[Trips].[Id]>2", "34"), ("((Trips.Id)<>2)", "134"), ("2>=Id", "12"),
+            ("Id=-1 Or Id=3 And Town Is Null", "3"),
             ("(Id=1 Or Id=3) And Town Is Null", "3"), ("Not (Id>1)", "1"), ("Town Is Not Null", "124"),
             ("(((Trips.Boat)=\"ida\"))", "14"), ("Boat<>'Per'", "14"), ("Boat In (\"Per\", \"none\")", "2"),
-            ("Not Boat=\"Per\"", "14"), ("Paid", "14"), ("Paid=True", "14"), ("Paid=0", "23"), ("Paid<>-1", "23"), ("Not Paid", "23"),
+            ("Not Boat=\"Per\"", "14"), ("Paid", "14"), ("Paid=True", "14"), ("Paid=0", "23"),
+            ("Paid<>-1", "23"), ("Not Paid", "23"),
             ("Id Between 2 And 3 And Paid=False", "23"), ("Id Not Between 2 And 3", "14"), ("Id Not In (1,2)", "34"),
             ("Day>=#1/2/2000#", "24"), ("Day=#01/01/2000#", "1"), ("[Price]>=10", "2"), ("Price<9.99995", "14"),
-            ("Price=2.5", "1"), ("Weight<0", "4"), ("Weight=2", "2"), ("Id>[Max]", "4"), ("Chosen.Id>Max Or Trips!Id=1", None),
+            ("Price=2.5", "1"), ("Weight<0", "4"), ("Weight=2", "2"), ("Id>[Max]", "4"),
+            ("Chosen.Id>Max Or Trips!Id=1", None),
             ("Trips!Id=1", "1"), ("Id=1 Or\r\nId=2", "12"), ("nOt iD=1 aNd ID<3", "2"),
         )
         for condition, ids in cases:
@@ -83,10 +88,13 @@ class DescribeQueries(ProgramTest):
     def test_what_may_be_selected_otherwise_by_access_is_refused(self):
         simple = source("Trips"), output("Trips.Id")
         cases = [(*simple, where(condition)) for condition in (
-            "Boat>\"A\"", "Boat=\"Malmö\"", "Boat Like \"I*\"", "Id+1=2", "(Id+1)=2", "Left([Boat],1)=\"I\"", "Id=[Which?]",
-            "Weight=1.5", "Id=\"1\"", "Boat=1", "Day=1", "Day=#13/1/2000#", "Day=#2000-01-01#", "Town=1 Xor Id=1", "Id=", "(Id=1",
+            "Boat>\"A\"", "Boat=\"Malmö\"", "Boat Like \"I*\"", "Id+1=2", "(Id+1)=2", "Left([Boat],1)=\"I\"",
+            "Id=[Which?]",
+            "Weight=1.5", "Id=\"1\"", "Boat=1", "Day=1", "Day=#13/1/2000#", "Day=#2000-01-01#", "Town=1 Xor Id=1",
+            "Id=", "(Id=1",
             "Id=1)", "Forms!Main!Id=1", "Boat=Boat", "Id=1 Or", "1=1", "Null=Id", "Id=1E3", "")]
-        cases += [(*simple, TOP), (*simple, PARAMETER), (*simple, GROUP), (*simple, GROUP, HAVING), (*simple, (4, None, "x", None, None)),
+        cases += [(*simple, TOP), (*simple, PARAMETER), (*simple, GROUP), (*simple, GROUP, HAVING),
+                  (*simple, (4, None, "x", None, None)),
                   (source("Trips"), output("Id+1", "Next")), (source("Trips"), output("Count(Id)", "Many")),
                   (*simple, order("Id+1")),
                   (source("Trips"), source("Towns"), source("Trips", "t"), output("Trips.Boat"),
@@ -118,7 +126,8 @@ class DescribeQueries(ProgramTest):
     def test_order_and_distinct_rows(self):
         rows = self.records(source("Trips"), output("Boat"), output("Id"), order("Trips.Boat", True), order("[Id]"))
         self.assertEqual(rows, [("Per", "2"), ("Ida", "1"), ("ida", "4"), ("", "3")])
-        self.assertEqual([row[0] for row in self.records(source("Trips"), output("Id"), order("Price"))], ["3", "1", "4", "2"])
+        rows = self.records(source("Trips"), output("Id"), order("Price"))
+        self.assertEqual([row[0] for row in rows], ["3", "1", "4", "2"])
         self.assertEqual(sorted(self.records(source("Trips"), output("Town"), DISTINCT)), [("",), ("1",), ("2",)])
 
     def test_records_of_a_form_over_a_query(self):

@@ -133,8 +133,8 @@ class DatabaseTest(DesignerTest):
     def test_a_reading_without_end_can_be_cancelled(self):
         self.begin()
         with sqlite3.connect(self.database) as connection:
-            connection.execute("CREATE VIEW Endless AS WITH RECURSIVE count(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM count) "
-                               "SELECT x FROM count")
+            connection.execute("CREATE VIEW Endless AS WITH RECURSIVE count(x) AS "
+                               "(SELECT 1 UNION ALL SELECT x + 1 FROM count) SELECT x FROM count")
         connection.close()
         box = self.read(self.database)
         self.wait_for_objects(box)
