@@ -14,6 +14,13 @@ def is_in_state(element, state):
     return element.get_state_set().contains(state)
 
 
+def has_sqlite_driver():
+    odbcinst = shutil.which("odbcinst")
+    if not odbcinst:
+        return False
+    return subprocess.run([odbcinst, "-q", "-d", "-n", "SQLite3"], capture_output=True, check=False).returncode == 0
+
+
 @unittest.skipUnless(DESCRIBE.exists(), "this build has no mergeloom-describe")
 class DatabaseTest(DesignerTest):
     def begin(self, *switches, structure=None):
@@ -154,6 +161,19 @@ class DatabaseTest(DesignerTest):
         self.designer.press("Open", box)
         wait_for("the end of the dialog", lambda: not self.designer.has_dialog())
         self.designer.node('Query "Endless"')
+
+    @unittest.skipUnless(has_sqlite_driver(), "there is no driver of ODBC for SQLite")
+    def test_a_source_of_odbc_is_read_and_asks_for_a_password(self):
+        self.begin()
+        box = self.open_box()
+        self.assertEqual(find(box, "password text"), [])
+        key("Escape")
+        wait_for("the end of the dialog", lambda: not self.designer.has_dialog())
+        box = self.read(f"odbc:DRIVER=SQLite3;Database={self.database}")
+        self.assertIn("Form Orders", self.wait_for_objects(box))
+        self.assertEqual(len(find(box, "password text")), 1)
+        self.designer.press("Open", box)
+        self.designer.node('Form "Orders"')
 
     def test_a_file_of_the_command_line_that_is_a_database_is_offered(self):
         database = self.folder / "Shop.DB"
