@@ -29,6 +29,9 @@ class OfficeDocument : public Object {
     /// Raises kFileCouldNotBeSaved, with a sentence that gives the reason, and leaves an existing file whole.
     virtual void Save() = 0;
 
+    /// Begins work beside the caller that a later save of a changed document would wait for. An office may
+    /// ignore the call.
+    virtual void prepareSave() {}
     /// Sets the original of a document that was opened from a copy; saves repeat the changes on it. Does
     /// nothing in an office whose saves lose nothing. Raises kFileCouldNotBeRead.
     virtual void useOriginal(const std::string& path) { static_cast<void>(path); }

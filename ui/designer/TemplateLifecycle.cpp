@@ -105,7 +105,9 @@ std::string TemplateLifecycle::newName() const {
 /// Ignores the error of an office that has ended, which is reported elsewhere.
 void TemplateLifecycle::ShowChanges() try {
     model::OfficeDocument* const document = documentOrNone();
-    ports_.view.showChanges(document != nullptr && !document->Saved());
+    const bool hasChanges = document != nullptr && !document->Saved();
+    ports_.view.showChanges(hasChanges);
+    if (hasChanges && access_ != FileAccess::ReadOnly) document->prepareSave();
 } catch (const AutomationError&) {
     ports_.view.showChanges(false);
 }

@@ -8,7 +8,6 @@
 #include "office/libreoffice/excel/CalcNames.h"
 #include "office/libreoffice/excel/CalcView.h"
 #include "office/libreoffice/excel/CalcWorksheet.h"
-#include "office/libreoffice/readback/ReadBack.h"
 
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/sheet/XCellAddressable.hpp>
@@ -118,9 +117,7 @@ void CalcWorkbook::write(const std::string& fileName, excel::XlFileFormat format
     latest()->undo().removeHiddenShapes();
     LibreOfficeSession& session = latest()->session();
     session.files().save(document(), fileName, format, [&](const std::string& bytes) {
-        checkWritten(session, document(), fileName, format, bytes);
-        const bool isKept = original_ && original_->serves(format);
-        return isKept ? original_->save({bytes, bytes}, fileName, format) : bytes;
+        return checkedFile(session, document(), original_.get(), {bytes, bytes}, fileName, format);
     });
     latest()->forgetChanges();
 }
@@ -129,6 +126,10 @@ void CalcWorkbook::keepOriginal(const GraftingOfficePtr& office, const std::stri
     grafting_ = office;
     LibreOfficeFiles& shown = latest()->session().files();
     original_ = libreoffice::keepOriginal(office, shown, document(), path, DocumentKind::Excel);
+}
+
+void CalcWorkbook::prepareSave() {
+    if (original_) original_->prepare();
 }
 
 std::optional<model::KeptEntries> CalcWorkbook::keptEntries() {

@@ -36,6 +36,7 @@ class CalcWorkbook final : public excel::Workbook {
     void SaveAs(const std::string& fileName, excel::XlFileFormat format) override;
     void Close(excel::SaveChanges saveChanges) override;
     bool Undo(int times) override;
+    void prepareSave() override;
     void useOriginal(const std::string& path) override { keepOriginal(grafting_, path); }
     void giveUpOriginal() override { original_.reset(); }
     std::optional<model::KeptEntries> keptEntries() override;

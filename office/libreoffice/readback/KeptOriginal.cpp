@@ -4,7 +4,11 @@
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "office/formats/FormatTable.h"
+#include "office/libreoffice/readback/ReadBack.h"
 #include "office/libreoffice/session/OfficeFilters.h"
+#include "office/libreoffice/session/PollingThread.h"
+
+#include <future>
 
 namespace mergeloom::libreoffice {
 
@@ -21,17 +25,14 @@ std::string sentenceOf(const std::string& path, const model::GraftRefusal& refus
 
 }  // namespace
 
-LibreOfficeSession& GraftingOffice::hidden() {
-    if (!hidden_ || !hidden_->isAlive()) {
-        hidden_.reset();
-        hidden_ = std::make_unique<LibreOfficeSession>(files_);
-    }
-    return *hidden_;
-}
-
 bool KeptOriginal::serves(SaveFormat format) const {
     const FileFormat* const row = findFormat(format);
     return row != nullptr && row->engine && office_->graft().covers(format.kind);
+}
+
+void KeptOriginal::prepare() {
+    if (prepared_.valid() || baselines_.contains(keyOf(file_.path, file_.format))) return;
+    prepared_ = office_->beginExport(exportOf(bytes_, file_.path, file_.format));
 }
 
 std::string KeptOriginal::save(const WrittenDocument& written, const std::string& path, SaveFormat format) {
@@ -41,7 +42,7 @@ std::string KeptOriginal::save(const WrittenDocument& written, const std::string
     try {
         const std::string& former = baseline(path, format);
         const model::EditedPackage package{format.kind, format.number, path,
-                                           bytes_,      former,        written.exported};
+                                           *bytes_,     former,        written.exported};
         losses = office_->graft().lossesOf(package);
         Grafted result = grafted(package, written.mended, format);
         if (auto* const bytes = std::get_if<std::string>(&result)) return std::move(*bytes);
@@ -60,32 +61,64 @@ KeptOriginal::Grafted KeptOriginal::grafted(const model::EditedPackage& package,
         {package.kind, package.format, package.fileName, package.original, package.baseline, mended});
     if (auto* const refusal = std::get_if<model::GraftRefusal>(&result)) return std::move(*refusal);
     auto* const changed = std::get_if<model::GraftedPackage>(&result);
-    std::string bytes = changed == nullptr ? bytes_ : std::move(changed->bytes);
+    std::string bytes = changed == nullptr ? *bytes_ : std::move(changed->bytes);
     if (auto fault = findFault(package, format, bytes)) return std::move(*fault);
-    kept_ = graft.keptEntries(bytes_, bytes);
+    kept_ = graft.keptEntries(*bytes_, bytes);
     return bytes;
 }
 
-const std::string& KeptOriginal::baseline(const std::string& path, SaveFormat format) {
-    const BaselineKey key{parentFolder(path), format.number};
-    const auto found = baselines_.find(key);
-    if (found != baselines_.end()) return found->second;
-    return baselines_.emplace(key, exportOf(bytes_, path, format)).first->second;
+KeptOriginal::BaselineKey KeptOriginal::keyOf(const std::string& path, SaveFormat format) {
+    return {parentFolder(path), format.number};
 }
 
-std::string KeptOriginal::exportOf(const std::string& bytes, const std::string& path, SaveFormat format) {
-    return office_->hidden().files().exportOf(source_, bytes, path, format, password_);
+const std::string& KeptOriginal::baseline(const std::string& path, SaveFormat format) {
+    const BaselineKey key = keyOf(path, format);
+    takePrepared();
+    const auto found = baselines_.find(key);
+    if (found != baselines_.end()) return found->second;
+    return baselines_.emplace(key, office_->exportOf(exportOf(bytes_, path, format))).first->second;
+}
+
+/// Waits for the baseline that was begun before. It is made again on demand if that failed: the hidden office
+/// may have been killed.
+void KeptOriginal::takePrepared() try {
+    const std::shared_future<std::string> prepared = std::exchange(prepared_, {});
+    if (prepared.valid()) baselines_.emplace(keyOf(file_.path, file_.format), prepared.get());
+} catch (const AutomationError&) {
+}
+
+HiddenExport KeptOriginal::exportOf(OriginalBytes bytes, const std::string& path, SaveFormat format) const {
+    return {source_, std::move(bytes), path, format, password_};
 }
 
 /// The proof of the original itself is its baseline, to which the export was equal.
 std::optional<model::GraftRefusal> KeptOriginal::findFault(const model::EditedPackage& package,
                                                            SaveFormat format, const std::string& result) {
-    if (result == bytes_) return {};
+    if (result == *bytes_) return {};
     const model::PackageGraft& graft = office_->graft();
-    const std::string proof = exportOf(result, package.fileName, format);
+    const auto exported = [&](const std::string& bytes) {
+        const auto shared = std::make_shared<const std::string>(bytes);
+        return office_->exportOf(exportOf(shared, package.fileName, format));
+    };
+    const std::string proof = exported(result);
     if (!graft.findFault(package, {}, proof)) return {};
     // Most exports are read as they were written, so this is made on demand.
-    return graft.findFault(package, exportOf(package.edited, package.fileName, format), proof);
+    return graft.findFault(package, exported(package.edited), proof);
+}
+
+std::string checkedFile(LibreOfficeSession& shown, const DocumentReference& document, KeptOriginal* original,
+                        const WrittenDocument& written, const std::string& path, SaveFormat format) {
+    if (original == nullptr || !original->serves(format)) {
+        checkWritten(shown, document, path, format, written.mended);
+        return written.mended;
+    }
+    // The two use different offices.
+    std::future<std::string> kept = [&] {
+        const BlockedSignals blocked;
+        return std::async(std::launch::async, [&] { return original->save(written, path, format); });
+    }();
+    checkWritten(shown, document, path, format, written.mended);
+    return kept.get();
 }
 
 std::unique_ptr<KeptOriginal> keepOriginal(const GraftingOfficePtr& office, LibreOfficeFiles& shown,
@@ -94,8 +127,10 @@ std::unique_ptr<KeptOriginal> keepOriginal(const GraftingOfficePtr& office, Libr
     if (!office || !office->graft().covers(kind)) return {};
     const FileFormat* const row = findFormatToOpen(familyOf(kind), toLowerAscii(extension(path)));
     if (row == nullptr || !row->engine) return {};
-    return std::make_unique<KeptOriginal>(office, shown.sourceOf(document), shown.plainBytes(document, path),
-                                          shown.passwordOf(document));
+    const SaveFormat format = kind == DocumentKind::Excel ? SaveFormat(excel::XlFileFormat{row->number})
+                                                          : SaveFormat(word::WdSaveFormat{row->number});
+    return std::make_unique<KeptOriginal>(office, OriginalFile{path, format}, shown.sourceOf(document),
+                                          shown.plainBytes(document, path), shown.passwordOf(document));
 }
 
 }  // namespace mergeloom::libreoffice

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "office/libreoffice/session/LibreOfficeConverter.h"
-#include "office/libreoffice/session/LibreOfficeSession.h"
+#include "office/libreoffice/readback/GraftingOffice.h"
 #include "office/model/OfficeDocument.h"
 #include "office/model/PackageGraft.h"
 
@@ -14,44 +13,35 @@
 
 namespace mergeloom::libreoffice {
 
-/// Repeats the changes of edited documents on their originals. A second, hidden office makes the exports that
-/// are compared. It is started on demand, and again after it has ended, so that a document that crashes it
-/// does not end the visible one.
-class GraftingOffice {
-  public:
-    /// The arguments must outlive it.
-    GraftingOffice(const model::PackageGraft& graft, FileStore& files) : graft_(graft), files_(files) {}
-
-    [[nodiscard]] const model::PackageGraft& graft() const { return graft_; }
-    [[nodiscard]] FileStore& files() { return files_; }
-    [[nodiscard]] LibreOfficeSession& hidden();
-
-  private:
-    const model::PackageGraft& graft_;
-    FileStore& files_;
-    std::unique_ptr<LibreOfficeSession> hidden_;
-};
-
-using GraftingOfficePtr = std::shared_ptr<GraftingOffice>;
-
 /// The office's export of an open document: as it was written, and with its places mended.
 struct WrittenDocument {
     const std::string& exported;
     const std::string& mended;
 };
 
+/// A file as it can be written again.
+struct OriginalFile {
+    std::string path;
+    SaveFormat format;
+};
+
 /// The file of a document as it was opened. Each save of a session repeats all changes on it, so that faults
 /// of one save do not affect the next.
 class KeptOriginal {
   public:
-    /// The source is the path that the office has for the document, from which its relative links lead. The
-    /// password is the document's, or empty.
-    KeptOriginal(GraftingOfficePtr office, std::string source, std::string bytes, std::string password)
+    /// The file is the original. The source is the path that the office has for the document, from which its
+    /// relative links lead. The password is the document's, or empty.
+    KeptOriginal(GraftingOfficePtr office, OriginalFile file, std::string source, std::string bytes,
+                 std::string password)
         : office_(std::move(office)),
+          file_(std::move(file)),
           source_(std::move(source)),
-          bytes_(std::move(bytes)),
+          bytes_(std::make_shared<const std::string>(std::move(bytes))),
           password_(std::move(password)) {}
 
+    /// Begins the export of the original that a save to its own file needs, beside the caller. Does nothing
+    /// if that was begun, or while another one is made.
+    void prepare();
     /// Returns true if a save in the format can keep the original.
     [[nodiscard]] bool serves(SaveFormat format) const;
     /// Returns the file to write. Raises LossySave, with the mended bytes, when the changes cannot be
@@ -68,18 +58,29 @@ class KeptOriginal {
     using Grafted = std::variant<std::string, model::GraftRefusal>;
 
     Grafted grafted(const model::EditedPackage& package, const std::string& mended, SaveFormat format);
+    static BaselineKey keyOf(const std::string& path, SaveFormat format);
     const std::string& baseline(const std::string& path, SaveFormat format);
-    std::string exportOf(const std::string& bytes, const std::string& path, SaveFormat format);
+    void takePrepared();
+    [[nodiscard]] HiddenExport exportOf(OriginalBytes bytes, const std::string& path,
+                                        SaveFormat format) const;
     std::optional<model::GraftRefusal> findFault(const model::EditedPackage& package, SaveFormat format,
                                                  const std::string& result);
 
     GraftingOfficePtr office_;
+    OriginalFile file_;
     std::string source_;
-    std::string bytes_;                             ///< not encrypted
+    OriginalBytes bytes_;                           ///< not encrypted
     std::string password_;                          ///< for files in between; empty for none
     std::map<BaselineKey, std::string> baselines_;  ///< by the folder, from which links lead, and the format
+    std::shared_future<std::string> prepared_;      ///< the baseline for the original's own file
     std::optional<model::KeptEntries> kept_;
 };
+
+/// Returns the file to write for an export of the open document: the export itself, or what the original
+/// makes of it, if there is one that serves the format; the original may be null. Compares the export with
+/// the document meanwhile. Raises the errors of checkWritten and of KeptOriginal::save.
+std::string checkedFile(LibreOfficeSession& shown, const DocumentReference& document, KeptOriginal* original,
+                        const WrittenDocument& written, const std::string& path, SaveFormat format);
 
 /// Keeps the bytes of a document that was opened from the path. Returns none if its kind cannot be grafted,
 /// or if the file is of another format than Open Packaging. Raises kFileCouldNotBeRead.

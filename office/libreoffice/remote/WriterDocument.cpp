@@ -4,7 +4,6 @@
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "office/formats/FormatTable.h"
-#include "office/libreoffice/readback/ReadBack.h"
 #include "office/libreoffice/remote/StandIns.h"
 #include "office/libreoffice/remote/WholeBookmarks.h"
 #include "office/libreoffice/remote/WriterApplication.h"
@@ -116,10 +115,8 @@ void WriterDocument::write(const std::string& fileName, word::WdSaveFormat forma
     if (!document_.is()) throw AutomationError(kObjectDeleted, "The document is closed.");
     LibreOfficeSession& session = line_->session();
     session.files().save(document_, fileName, format, [&](const std::string& bytes) {
-        std::string mended = isOpenPackaging(format) ? withMendedBookmarks(bytes, fileName) : bytes;
-        checkWritten(session, document_, fileName, format, mended);
-        const bool isKept = original_ && original_->serves(format);
-        return isKept ? original_->save({bytes, mended}, fileName, format) : mended;
+        const std::string mended = isOpenPackaging(format) ? withMendedBookmarks(bytes, fileName) : bytes;
+        return checkedFile(session, document_, original_.get(), {bytes, mended}, fileName, format);
     });
 }
 
@@ -132,6 +129,10 @@ void WriterDocument::keepOriginal(const GraftingOfficePtr& office, const std::st
     grafting_ = office;
     original_ =
         libreoffice::keepOriginal(office, line_->session().files(), document_, path, DocumentKind::Word);
+}
+
+void WriterDocument::prepareSave() {
+    if (original_ && document_.is()) original_->prepare();
 }
 
 std::optional<model::KeptEntries> WriterDocument::keptEntries() {

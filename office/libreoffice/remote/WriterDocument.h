@@ -49,6 +49,7 @@ class WriterDocument final : public word::Document {
     void SaveAs(const std::string& fileName, word::WdSaveFormat format) override;
     void Close(word::WdSaveOptions saveChanges) override;
     bool Undo(int times) override;
+    void prepareSave() override;
     void useOriginal(const std::string& path) override { keepOriginal(grafting_, path); }
     void giveUpOriginal() override { original_.reset(); }
     std::optional<model::KeptEntries> keptEntries() override;

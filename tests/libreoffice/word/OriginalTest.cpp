@@ -147,6 +147,24 @@ TEST_F(OriginalTest, GetsADroppedFieldAndNothingElse) {
         EXPECT_THAT(xml, HasSubstr(kept));
 }
 
+TEST_F(OriginalTest, IsSavedInTheSameWayAfterAPreparation) {
+    const auto savedAfter = [&](int preparations) {
+        write(originalFile());
+        open();
+        for (int number = 0; number < preparations; ++number)
+            document->prepareSave();
+        word->Selection()->EndKey(word::WdUnits::wdStory);
+        EXPECT_TRUE(drop(kCity));
+        std::string file = saved();
+        document->Close(word::WdSaveOptions::wdDoNotSaveChanges);
+        return file;
+    };
+    const std::string file = savedAfter(0);
+    EXPECT_TRUE(savedAfter(1) == file);
+    EXPECT_TRUE(savedAfter(2) == file);
+    EXPECT_EQ(folder.entryCount(), 1);
+}
+
 TEST_F(OriginalTest, GetsAPictureAsAPartOfItsOwn) {
     const std::string original = originalFile();
     write(original);
