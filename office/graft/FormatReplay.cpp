@@ -262,10 +262,7 @@ ValueTranslation FormatReplay::translation(Missing missing) const {
 }
 
 std::optional<std::string> FormatReplay::styleOf(const std::string& id, Missing missing) const {
-    const std::string name = nowStyles_.nameOf(id);
-    const std::optional<std::string> own = ownStyles_.idOf(name);
-    if (!own && missing == Missing::Refused) throw Refusal("the style “" + name + "” is not in the file");
-    return own;
+    return missing == Missing::Refused ? styles_.require(id) : styles_.idOf(id);
 }
 
 /// Finds the list by a paragraph that belongs to it in both documents.

@@ -3,7 +3,7 @@
 #include "office/embedded/word/WordContent.h"
 #include "office/graft/PropertyDelta.h"
 #include "office/graft/StoryDifference.h"
-#include "office/graft/StyleNames.h"
+#include "office/graft/StyleTransfer.h"
 #include "office/graft/WordExport.h"
 
 #include <cstddef>
@@ -18,12 +18,9 @@ namespace mergeloom::graft {
 /// that looks like its neighbour in the export gets the formatting of that neighbour in the original.
 class FormatReplay {
   public:
-    FormatReplay(embedded::WordContent& content, WordExport& baseline, WordExport& edited)
-        : content_(content),
-          canonicalSource_(edited),
-          formerStyles_(baseline.package()),
-          nowStyles_(edited.package()),
-          ownStyles_(content.package()) {}
+    /// All arguments must outlive it.
+    FormatReplay(embedded::WordContent& content, WordExport& edited, StyleTransfer& styles)
+        : content_(content), canonicalSource_(edited), styles_(styles) {}
 
     /// The original's story must have the present text already. Raises Refusal for a change without a rule.
     void repeat(embedded::Story& original, const ReadStory& former, const ReadStory& now,
@@ -70,9 +67,7 @@ class FormatReplay {
 
     embedded::WordContent& content_;
     WordExport& canonicalSource_;
-    StyleNames formerStyles_;
-    StyleNames nowStyles_;
-    StyleNames ownStyles_;
+    StyleTransfer& styles_;
 
     // The story that is being changed.
     embedded::Story* story_ = nullptr;

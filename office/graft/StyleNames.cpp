@@ -16,10 +16,14 @@ StyleNames::StyleNames(opc::Package& package) {
     for (const pugi::xml_node style : part->root().children(element.c_str())) {
         const std::string id = names.value(style, "styleId");
         const std::string name = names.value(style.child(names.element("name").c_str()), "val");
-        names_.emplace(id, name);
-        ids_.emplace(name, id);
-        foldedIds_.emplace(foldCase(name), id);
+        add(id, name);
     }
+}
+
+void StyleNames::add(const std::string& id, const std::string& name) {
+    names_.emplace(id, name);
+    ids_.emplace(name, id);
+    foldedIds_.emplace(foldCase(name), id);
 }
 
 std::string StyleNames::nameOf(const std::string& id) const {

@@ -19,6 +19,7 @@ class StyleNames {
     [[nodiscard]] std::string nameOf(const std::string& id) const;
     /// Returns the id of the style with the name or, if there is none, with the name in other letter case.
     [[nodiscard]] std::optional<std::string> idOf(const std::string& name) const;
+    void add(const std::string& id, const std::string& name);
 
   private:
     std::unordered_map<std::string, std::string> names_;

@@ -2,11 +2,13 @@
 
 #include "base/AutomationError.h"
 #include "office/graft/FormatReplay.h"
+#include "office/graft/LinkReplay.h"
 #include "office/graft/MarkReplay.h"
 #include "office/graft/OriginalFormat.h"
 #include "office/graft/OriginalStories.h"
 #include "office/graft/PictureTransfer.h"
 #include "office/graft/Refusal.h"
+#include "office/graft/StyleTransfer.h"
 #include "office/graft/TextReplay.h"
 #include "office/graft/WordExport.h"
 #include "office/graft/WordRules.h"
@@ -50,12 +52,20 @@ class DocumentGraft {
         const bool isUnchanged = std::ranges::equal(baseline_.stories(), edited_.stories(), areAlike);
         if (isUnchanged) return unchanged(package_, DocumentFamily::Word);
         embedded::WordContent content(opc::Package::read(package_.original, package_.fileName), files_);
-        repeat(content);
+        StyleTransfer styles(content.package(), edited_.package());
+        repeat(content, styles);
         content.storeParts();
+        styles.store();
         return savedOriginal(content.package(), package_, DocumentFamily::Word);
     }
 
   private:
+    struct Replays {
+        MarkReplay& marks;
+        FormatReplay& formats;
+        LinkReplay& links;
+    };
+
     /// Returns true if the edited part has all children of the former one.
     [[nodiscard]] bool hasOnlyGrown(const PartDifference& part) {
         const bool mayGrow = std::ranges::find(kGrowing, part.partName) != std::end(kGrowing);
@@ -75,14 +85,15 @@ class DocumentGraft {
             children.push_back(canonical.of(child));
         return children;
     }
-    void repeat(embedded::WordContent& content) {
+    void repeat(embedded::WordContent& content, StyleTransfer& styles) {
         // Looked up before the first edit, since stories are identified by their texts.
         std::vector<embedded::Story*> originals(edited_.stories().size(), nullptr);
         for (std::size_t story = 0; story < originals.size(); ++story)
             if (!areAlike(baseline_.stories()[story], edited_.stories()[story]))
                 originals[story] = &originalOf(content, baseline_.stories()[story]);
         MarkReplay marks(content, baseline_, edited_);
-        FormatReplay formats(content, baseline_, edited_);
+        FormatReplay formats(content, edited_, styles);
+        LinkReplay links(content, baseline_, edited_);
         std::map<embedded::Story*, std::size_t> done;
         for (std::size_t story = 0; story < originals.size(); ++story) {
             if (originals[story] == nullptr) continue;
@@ -91,7 +102,7 @@ class DocumentGraft {
                 checkSameChange(former->second, story);
                 continue;
             }
-            repeat(content, *originals[story], story, marks, formats);
+            repeat(content, *originals[story], story, {marks, formats, links});
         }
     }
     /// The office writes a header several times, and each edit of it, too.
@@ -106,15 +117,16 @@ class DocumentGraft {
             throw Refusal("two headers that are one in the file were changed");
     }
     void repeat(embedded::WordContent& content, embedded::Story& original, std::size_t story,
-                MarkReplay& marks, FormatReplay& formats) {
+                const Replays& replays) {
         const ReadStory& former = baseline_.stories()[story];
         const ReadStory& now = edited_.stories()[story];
         const auto difference = differenceBetween(former.lines, now.lines);
         if (!difference) throw Refusal("too much was changed to be compared");
-        marks.prepare(original, former);
+        replays.marks.prepare(original, former);
         TextReplay(content, original, former, now, pictures_).repeat(difference->edits);
-        formats.repeat(original, former, now, *difference);
-        marks.repeat(original, former, now, *difference);
+        replays.formats.repeat(original, former, now, *difference);
+        replays.links.repeat(original, former, now, *difference);
+        replays.marks.repeat(original, former, now, *difference);
     }
 
     const model::EditedPackage& package_;

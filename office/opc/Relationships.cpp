@@ -98,6 +98,10 @@ std::string Relationships::addPart(const std::string& type, const std::string& p
     return add({freeId(), type, targetFrom(sourcePart_, partName), TargetMode::Internal});
 }
 
+std::string Relationships::addExternal(const std::string& type, const std::string& target) {
+    return add({freeId(), type, target, TargetMode::External});
+}
+
 void Relationships::restorePart(const std::string& id, const std::string& type, const std::string& partName) {
     add({id, type, targetFrom(sourcePart_, partName), TargetMode::Internal});
 }
@@ -115,6 +119,7 @@ std::string Relationships::add(Relationship relationship) {
     node.append_attribute("Id").set_value(relationship.id.c_str());
     node.append_attribute("Type").set_value(relationship.type.c_str());
     node.append_attribute("Target").set_value(relationship.target.c_str());
+    if (relationship.mode == TargetMode::External) node.append_attribute("TargetMode") = "External";
     indexes_[relationship.id] = all_.size();
     all_.push_back(std::move(relationship));
     changed_ = true;

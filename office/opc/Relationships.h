@@ -60,6 +60,8 @@ class Relationships {
 
     /// Adds a relationship to a part and returns its new id.
     std::string addPart(const std::string& type, const std::string& partName);
+    /// Adds a relationship to an address outside of the package and returns its new id.
+    std::string addExternal(const std::string& type, const std::string& target);
     /// Restores a removed relationship to a part under its former id, which must be free.
     void restorePart(const std::string& id, const std::string& type, const std::string& partName);
     /// Returns false if there is none of that id.

@@ -211,6 +211,66 @@ TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
     EXPECT_EQ(triple.fault(wordFile(again), wordFile(again)), "");
 }
 
+std::string stylesPart(const std::string& styles) {
+    return "<w:styles " + kNamespaces + ">" + styles + "</w:styles>";
+}
+
+std::string style(const std::string& id, const std::string& name, const std::string& rest) {
+    return "<w:style w:type=\"character\" w:styleId=\"" + id + "\"><w:name w:val=\"" + name + "\"/>" + rest +
+           "</w:style>";
+}
+
+/// The body and the styles of the original after a word got a style.
+struct StyleCase {
+    std::string what;
+    std::string own;       ///< the original's styles
+    std::string exported;  ///< the new styles of the export
+    std::string id;        ///< of the style that the word has in the export
+    std::string body;      ///< what the result contains, or the refusal
+    std::string styles;    ///< likewise
+};
+
+TEST(WordGraftTest, AddsStylesThatTheOriginalDoesNotHave) {
+    const std::string emphasis = style("E", "Emphasis", "<w:rPr><w:i/></w:rPr>");
+    const std::vector<StyleCase> cases{
+        {"known by its name", style("Own", "hyperlink", ""), style("I", "Hyperlink", "<w:rPr/>"), "I",
+         "<w:rStyle w:val=\"Own\"/>", stylesPart(style("Own", "hyperlink", ""))},
+        {"new", style("Own", "Other", ""), style("I", "Big Link", "<w:rPr><w:b/></w:rPr>"), "I",
+         "<w:rStyle w:val=\"I\"/>",
+         style("Own", "Other", "") + style("I", "Big Link", "<w:rPr><w:b/></w:rPr>")},
+        {"its id is taken", style("I", "Other", "") + style("I1", "Another", ""), style("I", "Hyperlink", ""),
+         "I", "<w:rStyle w:val=\"I2\"/>", style("I2", "Hyperlink", "")},
+        {"based on a known one", style("Own", "Emphasis", ""),
+         emphasis +
+             style("I", "New", "<w:basedOn w:val=\"E\"/><w:next w:val=\"I\"/><w:link w:val=\"gone\"/>"),
+         "I", "<w:rStyle w:val=\"I\"/>",
+         style("I", "New", "<w:basedOn w:val=\"Own\"/><w:next w:val=\"I\"/>")},
+        {"based on a new one", "", emphasis + style("I", "New", "<w:basedOn w:val=\"E\"/>"), "I",
+         "<w:rStyle w:val=\"I\"/>", style("E", "Emphasis", "<w:rPr><w:i/></w:rPr>")},
+        {"of a list", "", style("I", "New", "<w:pPr><w:numPr><w:numId w:val=\"1\"/></w:numPr></w:pPr>"), "I",
+         "refused: the style “New” is not in the file", ""},
+    };
+    for (const StyleCase& each : cases) {
+        const auto file = [](const std::string& body, const std::string& styles) {
+            return fileWith(body, {{"styles", "/word/styles.xml", stylesPart(styles)}});
+        };
+        const Triple triple{
+            file(paragraph("word"), each.own), file(paragraph("word"), ""),
+            file("<w:p>" + run("word", "<w:rStyle w:val=\"" + each.id + "\"/>") + "</w:p>", each.exported)};
+        const model::GraftResult result = triple.graft();
+        EXPECT_THAT(resultOf(result), HasSubstr(each.body)) << each.what;
+        const auto* const grafted = std::get_if<model::GraftedPackage>(&result);
+        if (grafted == nullptr) continue;
+        EXPECT_THAT(opc::Package::read(grafted->bytes, "result").readPart("/word/styles.xml"),
+                    HasSubstr(each.styles))
+            << each.what;
+    }
+    const Triple none{wordFile(paragraph("word")), fileWith(paragraph("word"), {}),
+                      fileWith("<w:p>" + run("word", "<w:rStyle w:val=\"I\"/>") + "</w:p>",
+                               {{"styles", "/word/styles.xml", stylesPart(style("I", "New", ""))}})};
+    EXPECT_EQ(resultOf(none.graft()), "refused: the style “New” is not in the file");
+}
+
 }  // namespace
 
 }  // namespace mergeloom::graft

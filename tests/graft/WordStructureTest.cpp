@@ -30,6 +30,10 @@ std::string control(const std::string& tag, const std::string& content) {
            "</w:sdtContent></w:sdt>";
 }
 
+std::string link(const std::string& anchor, const std::string& content) {
+    return "<w:hyperlink w:anchor=\"" + anchor + "\">" + content + "</w:hyperlink>";
+}
+
 std::string p(const std::string& content) {
     return "<w:p>" + content + "</w:p>";
 }
@@ -99,6 +103,18 @@ TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
         {"a paragraph before a table", kFirst + kTable + kLast, kFirst + paragraph("x") + kTable + kLast},
         {"two paragraphs in one", kFirst + kLast, paragraph("FirstLast")},
         {"one paragraph in two", paragraph("FirstLast"), kFirst + kLast},
+        {"a link around the same text", p(run("x")), p(link("a", run("x")))},
+        {"a link around a word", p(run("a word more")), p(run("a ") + link("a", run("word")) + run(" more"))},
+        {"a link around two formats", p(run("a") + run("b", "<w:b/>")),
+         p(link("a", run("a") + run("b", "<w:b/>")))},
+        {"a link around a place", p(run("a ") + marked("City", run("b"))),
+         p(run("a ") + link("a", marked("City", run("b"))))},
+        {"a link to something else", p(link("a", run("x")) + run("y")), p(link("b", run("x")) + run("y"))},
+        {"a link gone", p(run("a") + link("a", run("x")) + run("y")), p(run("axy"))},
+        {"a new text with a link", p(run("x")), p(run("x") + link("a", run("new")))},
+        {"a new paragraph with a link", kFirst + kLast, kFirst + p(link("a", run("new"))) + kLast},
+        {"text in a link", p(link("a", run("xy")) + run("z")), p(link("a", run("xny")) + run("z"))},
+        {"two links", p(run("a b")), p(link("a", run("a")) + run(" ") + link("b", run("b")))},
         {"text across paragraphs", kFirst + paragraph("Mid") + kLast, paragraph("Fine") + kLast},
     };
     for (const Edit& edit : edits) {
@@ -133,8 +149,9 @@ TEST(WordStructureTest, RefusesOtherChanges) {
         {"a control around the same text", p(control("a", run("x"))), p(run("x"))},
         {"a control around other text", p(control("a", run("x")) + run("y")),
          p(run("x") + control("a", run("y")))},
-        {"a link around the same text", p(run("x")),
-         p("<w:hyperlink w:anchor=\"a\">" + run("x") + "</w:hyperlink>")},
+        {"a part of a link gone", p(link("a", run("xy"))), p(link("a", run("x")) + run("y"))},
+        {"a link around a control", p(control("a", run("x")) + run("y")),
+         p(link("a", control("a", run("x")) + run("y")))},
         {"a row at the start", kTable + kLast, table(kOtherRow + kRow) + kLast},
         {"the properties of a row", kTable + kLast,
          table(row("<w:trPr><w:tblHeader/></w:trPr>" + kCellA + kCellB)) + kLast},

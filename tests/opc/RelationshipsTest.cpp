@@ -76,9 +76,13 @@ TEST(Relationships, editsKeepWhatIsUnknown) {
     EXPECT_THAT(xml, HasSubstr("<!--kept-->"));
     EXPECT_THAT(xml, HasSubstr("<r:Relationship Id=\"rId2\" Type=\"t\" Target=\"b.xml\"/>"));
     EXPECT_THAT(xml, HasSubstr("<x:unknown/>"));
-    const Relationships again("/word/document.xml", xml, "f");
-    ASSERT_EQ(again.all().size(), 3U);
+    EXPECT_EQ(relationships.addExternal("t", "http://a/?b&c"), "rId5");
+    const Relationships again("/word/document.xml", relationships.toXml(), "f");
+    ASSERT_EQ(again.all().size(), 4U);
     EXPECT_EQ(again.all()[2].target, "a&b.xml");
+    EXPECT_EQ(again.all()[2].mode, TargetMode::Internal);
+    EXPECT_EQ(again.all()[3].target, "http://a/?b&c");
+    EXPECT_EQ(again.all()[3].mode, TargetMode::External);
 }
 
 TEST(ContentTypes, looksUpIgnoringCase) {

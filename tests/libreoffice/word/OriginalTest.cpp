@@ -8,6 +8,7 @@
 #include "office/graft/PackageGraft.h"
 #include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/libreoffice/remote/WriterOffice.h"
+#include "office/libreoffice/session/UnoText.h"
 #include "office/model/OfficeDocument.h"
 #include "office/opc/ZipReader.h"
 
@@ -15,8 +16,10 @@
 #include <gtest/gtest.h>
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/beans/XPropertyState.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <com/sun/star/text/XTextDocument.hpp>
 #include <map>
 
 namespace mergeloom {
@@ -109,6 +112,22 @@ class OriginalTest : public StructureTest {
             page->setPropertyValue("HeaderIsOn", css::uno::Any(true));
         });
     }
+    /// Removes the link for an empty address.
+    void linkTheLastWord(const std::string& address) {
+        sharedOffice(disk)->connection().call([&] {
+            using libreoffice::Reference;
+            const Reference<css::text::XTextDocument> text(libreoffice::componentOf(*document),
+                                                           css::uno::UNO_QUERY_THROW);
+            const Reference<css::text::XTextCursor> cursor = text->getText()->createTextCursor();
+            cursor->gotoEnd(false);
+            cursor->goLeft(5, true);
+            const Reference<css::beans::XPropertySet> last(cursor, css::uno::UNO_QUERY_THROW);
+            const Reference<css::beans::XPropertyState> state(cursor, css::uno::UNO_QUERY_THROW);
+            if (address.empty()) return state->setPropertyToDefault("HyperLinkURL");
+            last->setPropertyValue("HyperLinkURL", css::uno::Any(libreoffice::toUno(address)));
+        });
+        document->SetSaved(false);
+    }
     std::string saved() {
         document->Save();
         return disk.read(path);
@@ -163,6 +182,34 @@ TEST_F(OriginalTest, IsSavedInTheSameWayAfterAPreparation) {
     EXPECT_TRUE(savedAfter(1) == file);
     EXPECT_TRUE(savedAfter(2) == file);
     EXPECT_EQ(folder.entryCount(), 1);
+}
+
+/// Adds the style of links, which the original does not have.
+TEST_F(OriginalTest, GetsALinkWithItsStyle) {
+    opc::Package package = opc::Package::read(originalFile(), "o");
+    package.addPart(
+        "/word/styles.xml", "application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml",
+        "<w:styles xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"><w:style "
+        "w:type=\"paragraph\" w:default=\"1\" w:styleId=\"Normal\"><w:name "
+        "w:val=\"Normal\"/></w:style></w:styles>");
+    package.relationshipsOf(kMainPart).addPart(
+        opc::officeRelationshipType("styles", opc::Conformance::Transitional), "/word/styles.xml");
+    const std::string original = packageBytes(package);
+    write(original);
+    open();
+    linkTheLastWord("https://example.org/x?a=1&b=2");
+    const std::string file = saved();
+    EXPECT_THAT(changedEntries(original, file),
+                ElementsAre("word/_rels/document.xml.rels", "word/document.xml", "word/styles.xml"));
+    const opc::Package now = opc::Package::read(file, "saved");
+    EXPECT_THAT(now.readPart(kMainPart),
+                HasSubstr("<w:rStyle w:val=\"InternetLink\"/></w:rPr><w:t>line.</w:t>"));
+    EXPECT_THAT(now.readPart("/word/_rels/document.xml.rels"),
+                HasSubstr("Target=\"https://example.org/x?a=1&amp;b=2\" TargetMode=\"External\""));
+    EXPECT_THAT(now.readPart("/word/styles.xml"), HasSubstr("<w:name w:val=\"Hyperlink\"/>"));
+    // The link goes again, and with it all that it needed.
+    linkTheLastWord("");
+    EXPECT_TRUE(saved() == original);
 }
 
 TEST_F(OriginalTest, GetsAPictureAsAPartOfItsOwn) {
