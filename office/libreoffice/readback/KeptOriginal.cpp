@@ -61,7 +61,8 @@ KeptOriginal::Grafted KeptOriginal::grafted(const model::EditedPackage& package,
         {package.kind, package.format, package.fileName, package.original, package.baseline, mended});
     if (auto* const refusal = std::get_if<model::GraftRefusal>(&result)) return std::move(*refusal);
     auto* const changed = std::get_if<model::GraftedPackage>(&result);
-    std::string bytes = changed == nullptr ? *bytes_ : std::move(changed->bytes);
+    std::string bytes = *bytes_;
+    if (changed != nullptr) bytes = std::move(changed->bytes);
     if (auto fault = findFault(package, format, bytes)) return std::move(*fault);
     kept_ = graft.keptEntries(*bytes_, bytes);
     return bytes;
