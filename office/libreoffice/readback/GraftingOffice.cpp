@@ -33,7 +33,11 @@ void GraftingOffice::setExporting(LibreOfficeProcess* process) {
 }
 
 std::string GraftingOffice::exportOf(const HiddenExport& wanted) {
-    const std::scoped_lock lock(officeMutex_);
+    if (begun_.valid()) begun_.wait();
+    return makeExport(wanted);
+}
+
+std::string GraftingOffice::makeExport(const HiddenExport& wanted) {
     LibreOfficeSession& office = hidden();
     setExporting(&office.process());
     try {
@@ -54,7 +58,7 @@ bool GraftingOffice::isExporting() const {
 std::shared_future<std::string> GraftingOffice::beginExport(HiddenExport wanted) {
     if (isExporting()) return {};
     if (thread_.joinable()) thread_.join();
-    std::packaged_task<std::string()> task([this, wanted = std::move(wanted)] { return exportOf(wanted); });
+    std::packaged_task<std::string()> task([this, wanted = std::move(wanted)] { return makeExport(wanted); });
     begun_ = task.get_future().share();
     const BlockedSignals blocked;
     thread_ = std::thread(std::move(task));

@@ -24,7 +24,7 @@ struct HiddenExport {
 
 /// Repeats the changes of edited documents on their originals. A second, hidden office makes the exports that
 /// are compared. It is started on demand, and again after it has ended, so that a document that crashes it
-/// does not end the visible one.
+/// does not end the visible one. Its members are called by one thread at a time.
 class GraftingOffice {
   public:
     /// The arguments must outlive it.
@@ -43,13 +43,13 @@ class GraftingOffice {
     std::shared_future<std::string> beginExport(HiddenExport wanted);
 
   private:
+    std::string makeExport(const HiddenExport& wanted);
     [[nodiscard]] LibreOfficeSession& hidden();
     [[nodiscard]] bool isExporting() const;
     void setExporting(LibreOfficeProcess* process);
 
     const model::PackageGraft& graft_;
     FileStore& files_;
-    std::mutex officeMutex_;  ///< held during an export
     std::unique_ptr<LibreOfficeSession> hidden_;
     std::mutex processMutex_;
     LibreOfficeProcess* exporting_ = nullptr;  ///< the office during an export
