@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <set>
+#include <span>
 
 namespace mergeloom::graft {
 
@@ -122,19 +123,16 @@ class Comparison {
     SheetDifference difference_;
 };
 
-enum class Axis { Rows, Columns };
-
-/// Returns a text for the values in each row or column up to the last used one. Formulas are left out, since
-/// their references change when cells move.
+/// Returns a text for the values in each row or column up to the last used one, regardless of their places in
+/// it, since columns may have been inserted as well. Formulas are left out, since their references change
+/// when cells move.
 std::vector<std::string> lineKeys(const ExportedSheet& sheet, Axis axis) {
     std::vector<std::string> keys;
     for (const ExportedCell& cell : sheet.cells) {
         if (cell.isEmpty() || cell.hasFormula()) continue;
         const int line = axis == Axis::Rows ? cell.place.row : cell.place.column;
-        const int offset = axis == Axis::Rows ? cell.place.column : cell.place.row;
         if (keys.size() < static_cast<std::size_t>(line)) keys.resize(static_cast<std::size_t>(line));
         std::string& key = keys[static_cast<std::size_t>(line) - 1];
-        key += std::to_string(offset) + ":";
         key.append(cell.value).append(std::to_string(cell.textNumber)).append(" ");
     }
     return keys;
@@ -157,6 +155,44 @@ bool hasMovedLines(const ExportedSheet& former, const ExportedSheet& now, Axis a
         if (partners[line] == kNoPartner) ++unpaired;
     }
     return unequal > unpaired + 1;
+}
+
+/// Returns true if a line was removed at one place and inserted at another one.
+bool hasLineElsewhere(const std::vector<Gap>& gaps, const std::vector<std::string>& former,
+                      const std::vector<std::string>& now) {
+    std::set<std::string> removed;
+    for (const Gap& gap : gaps)
+        removed.insert(former.begin() + static_cast<std::ptrdiff_t>(gap.formerStart),
+                       former.begin() + static_cast<std::ptrdiff_t>(gap.formerEnd));
+    removed.erase("");
+    return std::ranges::any_of(gaps, [&](const Gap& gap) {
+        const auto inserted = std::span(now).subspan(gap.nowStart, gap.nowEnd - gap.nowStart);
+        return std::ranges::any_of(inserted, [&](const std::string& key) { return removed.contains(key); });
+    });
+}
+
+/// Returns true if lines were only inserted, or only removed.
+bool isClean(const std::vector<Gap>& gaps) {
+    const auto isInsertion = [](const Gap& gap) { return gap.formerStart == gap.formerEnd; };
+    const auto isRemoval = [](const Gap& gap) { return gap.nowStart == gap.nowEnd; };
+    return std::ranges::all_of(gaps, isInsertion) || std::ranges::all_of(gaps, isRemoval);
+}
+
+/// What was appended or removed at the end has moved nothing.
+std::optional<LineShift> shiftAlong(const ExportedSheet& former, const ExportedSheet& now, Axis axis) {
+    const std::vector<std::string> formerKeys = lineKeys(former, axis);
+    const std::vector<std::string> nowKeys = lineKeys(now, axis);
+    const auto gaps = gapsBetween(formerKeys, nowKeys);
+    if (!gaps || hasLineElsewhere(*gaps, formerKeys, nowKeys)) return {};
+    if (!isClean(*gaps) && !hasMovedLines(former, now, axis)) return {};
+    for (const Gap& gap : *gaps) {
+        const auto removed = static_cast<int>(gap.formerEnd - gap.formerStart);
+        const auto inserted = static_cast<int>(gap.nowEnd - gap.nowStart);
+        if (removed == inserted || gap.formerEnd == formerKeys.size()) continue;
+        if (removed > 0 && inserted > 0) return {};
+        return LineShift{axis, static_cast<int>(gap.formerStart) + 1, inserted - removed};
+    }
+    return {};
 }
 
 }  // namespace
@@ -195,6 +231,11 @@ bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now) {
         std::equal(former.places.begin(), former.places.end(), now.places.begin(), isInSamePlace);
     // The boxes of comments move with the cells, so other sizes change their places, too.
     return !areHere || (former.otherPlaces != now.otherPlaces && !haveOtherSizes(former, now));
+}
+
+std::optional<LineShift> findShift(const ExportedSheet& former, const ExportedSheet& now) {
+    const std::optional<LineShift> rows = shiftAlong(former, now, Axis::Rows);
+    return rows ? rows : shiftAlong(former, now, Axis::Columns);
 }
 
 bool hasMovedCells(const ExportedSheet& former, const ExportedSheet& now) {

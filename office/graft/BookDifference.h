@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/graft/BookExport.h"
+#include "office/graft/LineShift.h"
 
 #include <optional>
 #include <string>
@@ -68,5 +69,9 @@ bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now);
 /// Returns true if rows or columns were inserted before others or removed: cells below or to the right have
 /// moved.
 bool hasMovedCells(const ExportedSheet& former, const ExportedSheet& now);
+
+/// Returns the first rows or columns that were inserted or removed, if cells have moved and nothing else
+/// was changed beside them.
+std::optional<LineShift> findShift(const ExportedSheet& former, const ExportedSheet& now);
 
 }  // namespace mergeloom::graft

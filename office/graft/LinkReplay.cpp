@@ -16,8 +16,7 @@ namespace {
 using embedded::Item;
 using opc::WordTag;
 
-constexpr const char* kNamespaceOfIds =
-    "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+constexpr const char* kNamespaceOfIds = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
 
 /// The attributes of a link besides the id of its relationship.
 constexpr std::string_view kAttributes[] = {"anchor", "tooltip", "docLocation", "tgtFrame"};
@@ -164,8 +163,7 @@ void LinkReplay::setTarget(pugi::xml_node link, pugi::xml_node source) {
     const std::string type = opc::officeRelationshipType("hyperlink", opc::Conformance::Transitional);
     opc::Relationships& own = content_.package().relationshipsOf(story_->part().partName());
     if (!link.attribute("xmlns:r") &&
-        std::string_view(story_->root().root().first_child().attribute("xmlns:r").value()) !=
-            kNamespaceOfIds)
+        std::string_view(story_->root().root().first_child().attribute("xmlns:r").value()) != kNamespaceOfIds)
         link.append_attribute("xmlns:r") = kNamespaceOfIds;
     link.append_attribute("r:id").set_value(own.addExternal(type, target->target).c_str());
 }

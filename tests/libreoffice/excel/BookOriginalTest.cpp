@@ -1,5 +1,6 @@
 #include "base/AutomationError.h"
 #include "base/DiskFileStore.h"
+#include "base/Text.h"
 #include "doubles/TemporaryFolder.h"
 #include "droppers/ExcelDropTest.h"
 #include "libreoffice/word/SharedOffice.h"
@@ -16,6 +17,9 @@
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/table/XCellRange.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/table/XTableColumns.hpp>
+#include <com/sun/star/table/XTableRows.hpp>
 #include <functional>
 
 namespace mergeloom {
@@ -80,6 +84,28 @@ std::vector<std::string> changedEntries(const std::string& before, const std::st
     return changed;
 }
 
+/// A sheet with six rows of three columns and a sum, and an element that only the original has.
+std::string longBook() {
+    opc::Package package = opc::Package::read(originalBook(), "book");
+    std::string rows;
+    for (int row = 1; row <= 6; ++row) {
+        const std::string number = std::to_string(row);
+        const auto cell = [&](const std::string& column, const std::string& content) {
+            return "<c r=\"" + column + number + "\"" + content + "</c>";
+        };
+        rows += "<row r=\"" + number + "\">" + cell("A", " s=\"1\"><v>" + number + "</v>") +
+                cell("B", "><v>" + number + "0</v>") + cell("C", "><v>" + number + "00</v>") +
+                cell("D", "><f>A" + number + "*2</f><v>" + std::to_string(2 * row) + "</v>") + "</row>";
+    }
+    rows += "<row r=\"7\"><c r=\"A7\"><f>SUM(A1:A6)</f><v>21</v></c></row>";
+    package.writePart(sheetPart(1), "<worksheet xmlns=\"" + kSpreadsheet +
+                                        "\" xmlns:x=\"urn:ours\"><sheetData>" + rows +
+                                        "</sheetData><x:mine sqref=\"B3\"/></worksheet>");
+    package.removePart("/xl/calcChain.xml");
+    package.writePart(kWorkbookPart, replaceAll(package.readPart(kWorkbookPart), "$A$1", "$A$2"));
+    return packageBytes(package);
+}
+
 /// A workbook that LibreOffice edits as in the window: saves keep its original.
 class BookOriginalTest : public ExcelDropTest {
   protected:
@@ -115,7 +141,7 @@ class BookOriginalTest : public ExcelDropTest {
     TemporaryFolder folder;
     DiskFileStore disk;
     const std::string path = folder / "book.xlsx";
-    const std::string original = originalBook();
+    std::string original = originalBook();
     const std::unique_ptr<model::PackageGraft> graft = graft::makePackageGraft();
     libreoffice::GraftingOfficePtr grafting = std::make_shared<libreoffice::GraftingOffice>(*graft, disk);
 };
@@ -179,6 +205,57 @@ TEST_F(BookOriginalTest, GetsValuesFormatsAndFormulas) {
     EXPECT_THAT(sheetXml, HasSubstr("<ignoredError sqref=\"A1\""));
     EXPECT_THAT(partOf(file, "/xl/styles.xml"),
                 HasSubstr("<color theme=\"4\"/><name val=\"Calibri\"/><scheme"));
+}
+
+/// Inserts and removes rows and columns of a sheet with cells, a name and a sum below.
+TEST_F(BookOriginalTest, GetsInsertedAndRemovedRowsAndColumns) {
+    struct Case {
+        std::string what;
+        std::function<void(css::table::XTableRows&, css::table::XTableColumns&)> change;
+        std::string cells;  ///< which the result contains
+        std::string sum;
+        std::string name;
+        std::string mine;  ///< the cell of the original's own element; empty if it goes
+    };
+    const std::vector<Case> cases{
+        {"a row", [](auto& rows, auto&) { rows.insertByIndex(1, 1); },
+         "<row r=\"3\"><c r=\"A3\" s=\"1\"><v>2</v></c>", "<f>SUM(A1:A7)</f><v>21</v>", "$A$3", "B4"},
+        {"two rows", [](auto& rows, auto&) { rows.insertByIndex(2, 2); },
+         "<row r=\"5\"><c r=\"A5\" s=\"1\"><v>3</v></c>", "<f>SUM(A1:A8)</f><v>21</v>", "$A$2", "B5"},
+        {"a row gone", [](auto& rows, auto&) { rows.removeByIndex(0, 1); },
+         "<row r=\"1\"><c r=\"A1\" s=\"1\"><v>2</v></c>", "<f>SUM(A1:A5)</f><v>20</v>", "$A$1", "B2"},
+        {"a column", [](auto&, auto& columns) { columns.insertByIndex(0, 1); },
+         "<c r=\"B2\" s=\"1\"><v>2</v></c><c r=\"C2\"><v>20</v></c><c r=\"D2\"><v>200</v></c><c "
+         "r=\"E2\"><f>B2*2</f>",
+         "<f>SUM(B1:B6)</f><v>21</v>", "$B$2", "C3"},
+        {"a column gone", [](auto&, auto& columns) { columns.removeByIndex(1, 1); },
+         "<c r=\"A2\" s=\"1\"><v>2</v></c><c r=\"B2\"><v>200</v></c><c r=\"C2\"><f>A2*2</f>",
+         "<f>SUM(A1:A6)</f><v>21</v>", "$A$2", ""},
+        {"rows and a column",
+         [](auto& rows, auto& columns) {
+             rows.removeByIndex(4, 1);
+             rows.insertByIndex(2, 1);
+             columns.insertByIndex(1, 1);
+         },
+         "<row r=\"4\"><c r=\"A4\" s=\"1\"><v>3</v></c>", "<f>SUM(A1:A6)</f><v>16</v>", "$A$2", "C4"},
+    };
+    for (const Case& each : cases) {
+        original = longBook();
+        openOriginal();
+        edit([&](const Reference<css::table::XCellRange>& sheet) {
+            const Reference<css::table::XColumnRowRange> lines(sheet, UNO_QUERY_THROW);
+            each.change(*lines->getRows(), *lines->getColumns());
+        });
+        const std::string file = saved();
+        const std::string sheetXml = partOf(file, sheetPart(1));
+        EXPECT_THAT(sheetXml, HasSubstr(each.cells)) << each.what;
+        EXPECT_THAT(sheetXml, HasSubstr(each.sum)) << each.what;
+        const bool isKept = sheetXml.find("<x:mine sqref=\"" + each.mine + "\"/>") != std::string::npos;
+        EXPECT_EQ(isKept, !each.mine.empty()) << each.what << sheetXml;
+        EXPECT_THAT(partOf(file, kWorkbookPart), HasSubstr("Sheet1!" + each.name + "<")) << each.what;
+        workbook->Close(excel::SaveChanges::No);
+    }
+    workbook = nullptr;
 }
 
 TEST_F(BookOriginalTest, IsNotSpoiltMoreByManySavesThanByOne) {
