@@ -52,6 +52,7 @@ class ObjectDesigner {
 
   private:
     [[nodiscard]] std::vector<ObjectDesign> storedForms() const {
+        if (database_.forms().empty()) return {};
         std::map<std::string, ObjectDesign> plain;
         for (const Table& table : tables_)
             plain.emplace(table.name, plainObject(table));

@@ -7,7 +7,8 @@ namespace mergeloom {
 namespace {
 
 TEST(StatusSentences, TellTheNextStep) {
-    EXPECT_EQ(nextStep(StructureState::Missing), QStringLiteral("Load a structure document first."));
+    EXPECT_EQ(nextStep(StructureState::Missing),
+              QStringLiteral("Load a structure document or open a database first."));
     EXPECT_EQ(nextStep(StructureState::Shown),
               QStringLiteral("Drag a field into the document, or press Insert."));
 }
@@ -47,7 +48,8 @@ TEST(StatusSentences, TellWhyNothingWasInserted) {
     } cases[] = {
         {structure->tree.First(), StructureState::Shown, DropRefusal::None, ""},
         {nullptr, StructureState::Shown, DropRefusal::None, " Select a field in the tree first."},
-        {nullptr, StructureState::Missing, DropRefusal::None, " Load a structure document first."},
+        {nullptr, StructureState::Missing, DropRefusal::None,
+         " Load a structure document or open a database first."},
         {structure->tree.First(), StructureState::Shown, DropRefusal::NoText,
          " There is no text and no cell at that place."},
         {structure->tree.First(), StructureState::Shown, DropRefusal::NotDraggable,

@@ -60,7 +60,7 @@ QString reasonFor(const TreeNode* node, StructureState structure, DropRefusal re
 QString nextStep(StructureState structure) {
     return structure == StructureState::Shown
                ? Sentences::tr("Drag a field into the document, or press Insert.")
-               : Sentences::tr("Load a structure document first.");
+               : Sentences::tr("Load a structure document or open a database first.");
 }
 
 QString previewSentence(const PreviewedRecords& records) {
