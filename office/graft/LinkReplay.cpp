@@ -104,8 +104,8 @@ void LinkReplay::apply(const Stretch& stretch) {
     story_->part().detach(link);
 }
 
-/// Puts a new link around runs that have none.
-void LinkReplay::wrap(const Stretch& stretch) {
+/// Returns the runs with the text of a stretch and nothing else.
+std::vector<pugi::xml_node> LinkReplay::runsOf(const Stretch& stretch) {
     const Line& line = lines_[stretch.line];
     const CharacterPosition start = line.units[stretch.start].start;
     const CharacterPosition end = line.units[stretch.end - 1].end;
@@ -119,12 +119,18 @@ void LinkReplay::wrap(const Stretch& stretch) {
         const pugi::xml_node run = story_->names().ancestor(item->node, WordTag::Run);
         if (run && (runs.empty() || runs.back() != run)) runs.push_back(run);
     }
+    return runs;
+}
+
+/// Puts a new link around runs that have none.
+void LinkReplay::wrap(const Stretch& stretch) {
+    const std::vector<pugi::xml_node> runs = runsOf(stretch);
     const bool areSiblings = !runs.empty() && std::ranges::all_of(runs, [&](pugi::xml_node run) {
         return run.parent() == runs.front().parent();
     });
     const bool isFree = areSiblings && !story_->names().ancestor(runs.front(), WordTag::Hyperlink) &&
                         !story_->names().ancestor(runs.front(), WordTag::SimpleField);
-    if (!isFree) throw Refusal("a link was set across other elements", shownText(line));
+    if (!isFree) throw Refusal("a link was set across other elements", shownText(lines_[stretch.line]));
     pugi::xml_node parent = runs.front().parent();
     pugi::xml_node link =
         parent.insert_child_before(story_->names().element("hyperlink").c_str(), runs.front());
@@ -135,14 +141,13 @@ void LinkReplay::wrap(const Stretch& stretch) {
 }
 
 /// Returns the original's link whose text is that of the stretch. Raises Refusal if it has another form.
-pugi::xml_node LinkReplay::wholeLinkOf(const Stretch& stretch) const {
-    const Line& line = lines_[stretch.line];
-    const pugi::xml_node first = line.units[stretch.start].run;
-    const pugi::xml_node last = line.units[stretch.end - 1].run;
-    pugi::xml_node link = story_->names().ancestor(first, WordTag::Hyperlink);
-    const bool isWhole = link && first.parent() == link && last.parent() == link &&
-                         !hasTextBeside(first, last, story_->names());
-    if (!isWhole) throw Refusal("a part of a link was changed", shownText(line));
+pugi::xml_node LinkReplay::wholeLinkOf(const Stretch& stretch) {
+    const std::vector<pugi::xml_node> runs = runsOf(stretch);
+    pugi::xml_node link;
+    if (!runs.empty()) link = story_->names().ancestor(runs.front(), WordTag::Hyperlink);
+    const bool isWhole = link && runs.front().parent() == link && runs.back().parent() == link &&
+                         !hasTextBeside(runs.front(), runs.back(), story_->names());
+    if (!isWhole) throw Refusal("a part of a link was changed", shownText(lines_[stretch.line]));
     return link;
 }
 

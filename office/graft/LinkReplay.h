@@ -40,7 +40,8 @@ class LinkReplay {
     [[nodiscard]] std::string keyOf(WordExport& exported, const ReadStory& story, pugi::xml_node link) const;
     void apply(const Stretch& stretch);
     void wrap(const Stretch& stretch);
-    [[nodiscard]] pugi::xml_node wholeLinkOf(const Stretch& stretch) const;
+    [[nodiscard]] std::vector<pugi::xml_node> runsOf(const Stretch& stretch);
+    [[nodiscard]] pugi::xml_node wholeLinkOf(const Stretch& stretch);
     void setTarget(pugi::xml_node link, pugi::xml_node source);
 
     embedded::WordContent& content_;

@@ -27,6 +27,10 @@ std::string sectionEnd(const std::string& text) {
 
 const std::vector<GraftCase> kCases = {
     {"nothing", kOld, kOldShown, kOldShown, "nothing changed"},
+    {"a part of a link", "<w:p><w:hyperlink w:anchor=\"a\">" + run("xy", kOwn) + "</w:hyperlink></w:p>",
+     "<w:p><w:hyperlink w:anchor=\"a\">" + run("xy", kShown) + "</w:hyperlink></w:p>",
+     "<w:p><w:hyperlink w:anchor=\"a\">" + run("x", kShown) + "</w:hyperlink>" + run("y", kShown) + "</w:p>",
+     "refused: a part of a link was changed"},
     {"ids and revisions only", kOld, "<w:p w:rsidR=\"1\">" + run("Old text", kShown) + "</w:p>",
      "<w:p w:rsidR=\"2\">" + run("Old text", kShown) + "</w:p>", "nothing changed"},
     {"a word typed", kOld + kLast, kOldShown + kLast,

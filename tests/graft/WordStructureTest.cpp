@@ -114,6 +114,7 @@ TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
         {"a new text with a link", p(run("x")), p(run("x") + link("a", run("new")))},
         {"a new paragraph with a link", kFirst + kLast, kFirst + p(link("a", run("new"))) + kLast},
         {"text in a link", p(link("a", run("xy")) + run("z")), p(link("a", run("xny")) + run("z"))},
+        {"two links side by side", p(run("ab")), p(link("a", run("a")) + link("b", run("b")))},
         {"two links", p(run("a b")), p(link("a", run("a")) + run(" ") + link("b", run("b")))},
         {"text across paragraphs", kFirst + paragraph("Mid") + kLast, paragraph("Fine") + kLast},
     };
