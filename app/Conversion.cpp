@@ -2,12 +2,12 @@
 
 #include "base/AutomationError.h"
 #include "base/Paths.h"
+#include "base/SystemFiles.h"
+#include "base/SystemPath.h"
 #include "base/Text.h"
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cerrno>
+#include <filesystem>
 #include <string>
 #include <system_error>
 
@@ -35,12 +35,7 @@ namespace {
 
 /// Returns the path of a new, empty file; an empty path when the folder cannot be written.
 std::string makeFile(const std::string& folder, const std::string& suffix) {
-    if (folder.empty()) return {};
-    std::string path = joinPath(folder, ".mergeloom-XXXXXX" + suffix);
-    const int file = ::mkstemps(path.data(), static_cast<int>(suffix.size()));
-    if (file < 0) return {};
-    ::close(file);
-    return path;
+    return folder.empty() ? std::string() : makeUniqueFile(folder, suffix);
 }
 
 constexpr const char* temporaryExtension(word::WdSaveFormat) {
@@ -86,7 +81,8 @@ ScopedTempFile::ScopedTempFile(const std::string& userFile, const std::string& e
 }
 
 ScopedTempFile::~ScopedTempFile() {
-    ::unlink(path_.c_str());
+    std::error_code ignored;
+    std::filesystem::remove(systemPath(path_), ignored);
 }
 
 template <typename Format>

@@ -136,16 +136,14 @@ void FillCommand::surveyRecord(const Record& record) {
 
 /// Refuses a target that is a folder, the template or the data, or that cannot be written.
 void FillCommand::checkTarget(const std::string& path) {
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error))
-        refuseFill("The file '" + path + "' cannot be written: a folder has that name.");
+    if (folderExists(path)) refuseFill("The file '" + path + "' cannot be written: a folder has that name.");
     const std::string folder = parentFolder(path);
     if (checkedFolder_ != folder) ports_.files.checkFolder(path);
     checkedFolder_ = folder;
     if (!ports_.files.fileExists(path)) return;
-    if (std::filesystem::equivalent(path, options_.templateFile, error))
+    if (isSameFile(path, options_.templateFile))
         refuseFill("The file '" + path + "' cannot be written: it is the template.");
-    if (std::filesystem::equivalent(path, options_.dataFile, error))
+    if (isSameFile(path, options_.dataFile))
         refuseFill("The file '" + path + "' cannot be written: it holds the data.");
     if (IsFileLocked(path)) {
         throw AutomationError(kFileCouldNotBeSaved,

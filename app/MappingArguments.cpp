@@ -32,7 +32,7 @@ std::string existingFile(std::int32_t commandLineSwitch, ErrorNumber missing) {
 std::string readTarget(bool hasDocument, bool allowExistingTemplate) {
     const std::string value = GetCommandLineArgument(kTemplateSwitch);
     if (value.empty() && hasDocument) return {};
-    if (value.empty() || value == kEmptyValue || value.ends_with('/') || folderExists(value)) {
+    if (value.empty() || value == kEmptyValue || isPathSeparator(value.back()) || folderExists(value)) {
         RaiseMappingError(kTemplateNotDefined);
     }
     std::string target = fullPath(value);

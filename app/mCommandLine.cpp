@@ -87,6 +87,19 @@ std::size_t endOfValue(std::string_view rest) {
     return rest.size();
 }
 
+/// Returns the length of the argument at the beginning of a command line of Windows.
+std::size_t argumentLength(std::string_view line) {
+    bool isQuoted = false;
+    std::size_t backslashes = 0;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const char character = line[at];
+        if (character == '"' && backslashes % 2 == 0) isQuoted = !isQuoted;
+        if (!isQuoted && (character == ' ' || character == '\t')) return at;
+        backslashes = character == '\\' ? backslashes + 1 : 0;
+    }
+    return line.size();
+}
+
 std::string valueIn(std::string_view rest) {
     const std::string_view written = trimBlanks(rest.substr(0, endOfValue(rest)));
     const std::string unquoted = TrimCharacter(written, "\"", TrimMode::Both);
@@ -118,6 +131,19 @@ std::string CommandLineText::restore(std::string_view piece) const {
         restored += piece[next] == kMark ? characterOfLetter(piece[++next]) : piece[next];
     }
     return restored;
+}
+
+std::string_view afterArguments(std::string_view commandLine, std::size_t count) {
+    constexpr std::string_view kBlanks = " \t";
+    const auto skipBlanks = [&] {
+        commandLine.remove_prefix(std::min(commandLine.find_first_not_of(kBlanks), commandLine.size()));
+    };
+    skipBlanks();
+    for (; count > 0 && !commandLine.empty(); --count) {
+        commandLine.remove_prefix(argumentLength(commandLine));
+        skipBlanks();
+    }
+    return commandLine;
 }
 
 std::vector<std::string> gCommandLineArguments;

@@ -57,6 +57,10 @@ class CommandLineText {
     bool hidesCharacters_ = false;
 };
 
+/// Returns the text after the first arguments of a command line, by the rules of Windows for what an argument
+/// is: blanks end it outside of quotes, and a quote after an odd number of backslashes is none.
+std::string_view afterArguments(std::string_view commandLine, std::size_t count);
+
 /// One slot per switch, by the switches' indexes: empty when the switch is absent, `kEmptyValue` when it has
 /// no value, else its value. There are no slots before the command line was parsed.
 extern std::vector<std::string> gCommandLineArguments;

@@ -40,7 +40,7 @@ std::string GetHelpFilePath() {
 
 std::string AddTrailingBackslash(const std::string& vstrFolder) {
     const std::string folder(trimBlanks(vstrFolder));
-    return folder.ends_with('/') ? folder : folder + '/';
+    return !folder.empty() && isPathSeparator(folder.back()) ? folder : folder + pathSeparator();
 }
 
 bool IsFileLocked(const std::string& vstrPath) {

@@ -52,7 +52,8 @@ class Run {
           console_(console),
           startDesigner_(startDesigner),
           office_(options.office, files_),
-          messages_(console.errors),
+          lines_(console.errors),
+          messages_(console.messages != nullptr ? *console.messages : lines_),
           errors_(console.errors) {
         if (console.errorsAreWatched) progress_ = std::make_unique<ConsoleProgress>(console.errors);
     }
@@ -84,7 +85,8 @@ class Run {
     const DesignerStarter& startDesigner_;
     DiskFileStore files_;
     OfficeSelector office_;
-    ConsoleMessages messages_;
+    ConsoleMessages lines_;
+    Messages& messages_;
     ConsoleErrorHandler errors_;
     NoProgress noProgress_;
     std::unique_ptr<Progress> progress_;
@@ -120,8 +122,12 @@ int Run::statusOf(bool mapped) const {
 
 void Run::start(std::span<const std::string> arguments) {
     std::string commandLine;
-    GetCommandLineArguments(CommandLineText::fromArguments(arguments.subspan(options_.firstArgument)),
-                            commandLine);
+    // Where the system has a text, the switches are found in it as the user wrote it.
+    GetCommandLineArguments(
+        console_.commandLine
+            ? CommandLineText(std::string(afterArguments(*console_.commandLine, options_.firstArgument)))
+            : CommandLineText::fromArguments(arguments.subspan(options_.firstArgument)),
+        commandLine);
     gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
 }
 

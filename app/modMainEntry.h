@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/Messages.h"
+
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <span>
 #include <string>
@@ -12,6 +15,9 @@ struct Console {
     std::ostream& output;
     std::ostream& errors;
     bool errorsAreWatched = false;  ///< the errors go to a terminal, where progress can be shown
+    std::optional<std::string>
+        commandLine{};             ///< the text after the program's name, where the system passes one
+    Messages* messages = nullptr;  ///< shows messages; without it they are lines on the errors
 };
 
 /// Shows the designer to a user with the switches of the command line and returns the exit status.

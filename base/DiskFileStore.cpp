@@ -5,8 +5,6 @@
 #include "base/TemporaryFile.h"
 
 #include <fcntl.h>
-#include <limits.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -18,6 +16,8 @@ namespace {
 
 constexpr int kMaxLinks = 40;
 constexpr std::size_t kMinGrowth = 65536;
+/// Every system's longest path is shorter.
+constexpr std::size_t kMaxLinkTarget = 65536;
 constexpr mode_t kPermissionBits = 07777;
 
 /// A file open for reading.
@@ -26,7 +26,7 @@ class OpenFile {
     OpenFile(FileSystemCalls& calls, const std::string& path)
         : calls_(calls),
           path_(path),
-          file_(repeatInterrupted([&] { return calls.open(path.c_str(), O_RDONLY | O_CLOEXEC, 0); })) {
+          file_(repeatInterrupted([&] { return calls.open(path.c_str(), O_RDONLY, 0); })) {
         if (file_ < 0) raiseNotRead(path, errno);
     }
     OpenFile(const OpenFile&) = delete;
@@ -82,10 +82,12 @@ void DiskFileStore::save(const std::string& path, const std::function<void(ByteS
 
 void DiskFileStore::checkFolder(const std::string& path) {
     const std::string folder = parentFolder(path);
-    if (calls_.access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) < 0) raiseNotSaved(path, errno);
+    if (calls_.access(folder.empty() ? "." : folder.c_str(), kMayWrite | kMayEnter) < 0)
+        raiseNotSaved(path, errno);
 }
 
 void DiskFileStore::saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) {
+    if (!calls_.flushesFileSystems()) return save(path, writer);
     const std::string target = followLinks(path);
     TemporaryFile file(calls_, target, modeOf(target));
     writer(file);
@@ -113,13 +115,13 @@ std::string DiskFileStore::followLinks(const std::string& path) {
     for (int links = 0; links < kMaxLinks; ++links) {
         const std::optional<std::string> next = readLink(target);
         if (!next) return target;
-        target = next->starts_with('/') ? *next : joinPath(parentFolder(target), *next);
+        target = isAbsolutePath(*next) ? *next : joinPath(parentFolder(target), *next);
     }
     raiseNotSaved(path, ELOOP);
 }
 
 std::optional<std::string> DiskFileStore::readLink(const std::string& path) {
-    std::array<char, PATH_MAX> target{};
+    std::array<char, kMaxLinkTarget> target;  // not filled before: a save calls this each time
     const ssize_t length = calls_.readlink(path.c_str(), target.data(), target.size());
     if (length >= 0) return std::string(target.data(), static_cast<std::size_t>(length));
     const bool isNoLink = errno == EINVAL || errno == ENOENT;
@@ -137,8 +139,9 @@ std::optional<mode_t> DiskFileStore::modeOf(const std::string& path) {
     if (S_ISDIR(status.st_mode)) raiseNotSaved(path, EISDIR);
     if (!S_ISREG(status.st_mode)) raiseNotSaved(path, "it is a device");
     // A rename needs only the folder's permission, so a write-protected file has to be checked here.
-    if (calls_.access(path.c_str(), W_OK) < 0) raiseNotSaved(path, "it is write-protected");
-    return status.st_mode & kPermissionBits;
+    if (calls_.access(path.c_str(), kMayWrite) == 0) return status.st_mode & kPermissionBits;
+    if (errno == EBUSY) raiseNotSaved(path, EBUSY);
+    raiseNotSaved(path, "it is write-protected");
 }
 
 }  // namespace mergeloom

@@ -2,19 +2,14 @@
 
 #include "base/FileLock.h"
 #include "base/Paths.h"
-#include "base/SystemError.h"
-
-#include <fcntl.h>
-#include <pwd.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "base/SystemFiles.h"
+#include "base/SystemPath.h"
 
 #include <array>
+#include <cstdio>
 #include <ctime>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <memory>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -33,35 +28,27 @@ constexpr std::string_view kOurProfile = "mergeloom:";
 /// Follows links, so that two names of a document have one lock.
 std::string lockFileOf(const std::string& document) {
     std::error_code error;
-    const std::filesystem::path target = std::filesystem::weakly_canonical(document, error);
+    const std::filesystem::path target = std::filesystem::weakly_canonical(systemPath(document), error);
     const std::string path = error ? fullPath(document) : target.string();
     return joinPath(parentFolder(path), ".~lock." + fileNameOnly(path) + "#");
 }
 
-std::string hostName() {
-    std::array<char, 256> name{};
-    return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
-}
-
 std::string timeNow() {
     const std::time_t now = std::time(nullptr);
-    std::tm local{};
+    const std::tm* const local = std::localtime(&now);
     std::array<char, 32> text{};
-    ::localtime_r(&now, &local);
-    return {text.data(), std::strftime(text.data(), text.size(), "%d.%m.%Y %H:%M", &local)};
+    if (local == nullptr) return {};
+    return {text.data(), std::strftime(text.data(), text.size(), "%d.%m.%Y %H:%M", local)};
 }
 
 Line ourLine() {
     Line line(kFields);
-    if (const passwd* const user = ::getpwuid(::getuid())) {
-        line[RealName] = user->pw_gecos == nullptr ? "" : user->pw_gecos;
-        // Room and telephone numbers follow the name.
-        line[RealName] = line[RealName].substr(0, line[RealName].find(','));
-        line[User] = user->pw_name;
-    }
+    const SystemUser user = systemUser();
+    line[RealName] = user.realName;
+    line[User] = user.name;
     line[Host] = hostName();
     line[Since] = timeNow();
-    line[Profile] = std::string(kOurProfile) + std::to_string(::getpid());
+    line[Profile] = std::string(kOurProfile) + std::to_string(processNumber());
     return line;
 }
 
@@ -92,8 +79,11 @@ Line lineOf(std::string_view text) {
 }
 
 Line readLine(const std::string& lockFile) {
-    std::ifstream file(lockFile, std::ios::binary);
-    return lineOf(std::string(std::istreambuf_iterator<char>(file), {}));
+    // A line is shorter; more is no line of a lock.
+    std::array<char, 4096> text{};
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openToRead(lockFile), std::fclose);
+    const std::size_t size = file ? std::fread(text.data(), 1, text.size(), file.get()) : 0;
+    return lineOf({text.data(), size});
 }
 
 bool isOurProgram(const Line& line) {
@@ -106,31 +96,11 @@ bool hinders(const std::string& lockFile, const Line& line) {
     return line[Profile] != ourLine()[Profile] && isLockedByAnother(lockFile);
 }
 
-bool isSameFile(int file, const std::string& path) {
-    struct stat opened {};
-    struct stat named {};
-    return ::fstat(file, &opened) == 0 && ::stat(path.c_str(), &named) == 0 &&
-           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
-/// Opens and locks a new lock file, or one that a dead process of this program left; -1 when there is
-/// another.
-int openLockFile(const std::string& path) {
-    constexpr mode_t kMode = 0644;
-    const bool isLeft = fileExists(path);
-    if (isLeft && !isOurProgram(readLine(path))) return -1;
-    const int flags = O_RDWR | O_CLOEXEC | O_NOFOLLOW | (isLeft ? 0 : O_CREAT | O_EXCL);
-    const int file = ::open(path.c_str(), flags, kMode);
-    if (file < 0) return -1;
-    if (::flock(file, LOCK_EX | LOCK_NB) == 0 && isSameFile(file, path)) return file;
-    ::close(file);
-    return -1;
-}
-
-bool write(int file, const std::string& text) {
-    return ::ftruncate(file, 0) == 0 && repeatInterrupted([&] {
-                                            return ::write(file, text.data(), text.size());
-                                        }) == static_cast<ssize_t>(text.size());
+/// Opens and locks a new lock file, or one that a dead process of this program left; it is not open when
+/// there is another.
+LockFile openLockFile(const std::string& path) {
+    if (!fileExists(path)) return {path, LockFileState::New};
+    return isOurProgram(readLine(path)) ? LockFile(path, LockFileState::LeftBehind) : LockFile();
 }
 
 }  // namespace
@@ -145,14 +115,7 @@ std::optional<LockOwner> otherLockOwner(const std::string& document) {
 
 DocumentLock::DocumentLock(const std::string& document)
     : path_(lockFileOf(document)), file_(openLockFile(path_)) {
-    // A lock without an owner still hinders others.
-    if (file_ >= 0) (void)write(file_, textOf(ourLine()));
-}
-
-DocumentLock::~DocumentLock() {
-    if (file_ < 0) return;
-    if (isSameFile(file_, path_)) ::unlink(path_.c_str());
-    ::close(file_);
+    if (file_.isOpen()) file_.write(textOf(ourLine()));
 }
 
 bool DocumentLock::isOf(const std::string& document) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/LockFile.h"
+
 #include <optional>
 #include <string>
 
@@ -25,13 +27,13 @@ class DocumentLock {
     explicit DocumentLock(const std::string& document);
     DocumentLock(const DocumentLock&) = delete;
     DocumentLock& operator=(const DocumentLock&) = delete;
-    ~DocumentLock();
+    ~DocumentLock() = default;
 
     [[nodiscard]] bool isOf(const std::string& document) const;
 
   private:
     std::string path_;
-    int file_ = -1;  ///< the open file, which is locked itself until the process ends
+    LockFile file_;
 };
 
 }  // namespace mergeloom

@@ -1,5 +1,8 @@
 #include "base/Paths.h"
 
+#include "base/SystemPath.h"
+
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -7,34 +10,33 @@ namespace mergeloom {
 
 namespace {
 
-constexpr char kSeparator = '/';
+/// Returns the path without the separators at its end; for a root it may be shorter than that.
+std::string_view withoutTrailingSeparators(std::string_view path) {
+    while (!path.empty() && isPathSeparator(path.back()))
+        path.remove_suffix(1);
+    return path;
+}
 
-/// Returns the path without the separators at its end; empty for the root.
-std::string withoutTrailingSeparators(const std::string& path) {
-    return path.substr(0, path.find_last_not_of(kSeparator) + 1);
+/// Returns the offset of the last part in a path without separators at its end.
+std::size_t lastPart(std::string_view path) {
+    const auto separator = std::find_if(path.rbegin(), path.rend(), isPathSeparator);
+    const auto afterSeparator = static_cast<std::size_t>(path.rend() - separator);
+    return std::max(afterSeparator, std::min(rootLength(path), path.size()));
 }
 
 }  // namespace
 
-std::string fullPath(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error).lexically_normal();
-    if (error || absolute.has_filename()) return absolute.string();
-    const std::string text = withoutTrailingSeparators(absolute.string());
-    return text.empty() ? absolute.string() : text;
-}
-
 std::string parentFolder(const std::string& path) {
-    const std::string text = withoutTrailingSeparators(path);
-    const std::size_t separator = text.rfind(kSeparator);
-    if (separator == std::string::npos) return {};
-    const std::string parent = withoutTrailingSeparators(text.substr(0, separator));
-    return parent.empty() ? std::string(1, kSeparator) : parent;
+    const std::size_t root = rootLength(path);
+    const std::string_view text = withoutTrailingSeparators(path);
+    if (text.size() <= root) return {};
+    const std::string_view parent = withoutTrailingSeparators(text.substr(0, lastPart(text)));
+    return path.substr(0, std::max(root, parent.size()));
 }
 
 std::string fileNameOnly(const std::string& path) {
-    const std::string text = withoutTrailingSeparators(path);
-    return text.substr(text.rfind(kSeparator) + 1);
+    const std::string_view text = withoutTrailingSeparators(path);
+    return std::string(text.substr(lastPart(text)));
 }
 
 std::string extension(const std::string& path) {
@@ -44,32 +46,32 @@ std::string extension(const std::string& path) {
 }
 
 std::string joinPath(const std::string& folder, const std::string& name) {
-    if (folder.empty() || folder.back() == kSeparator) return folder + name;
-    return folder + kSeparator + name;
+    if (folder.size() == rootLength(folder) || isPathSeparator(folder.back())) return folder + name;
+    return folder + pathSeparator() + name;
 }
 
 bool folderExists(const std::string& path) {
     std::error_code error;
-    return std::filesystem::is_directory(path, error);
+    return std::filesystem::is_directory(systemPath(path), error);
 }
 
 bool fileExists(const std::string& path) {
     std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    const std::filesystem::file_status status = std::filesystem::status(systemPath(path), error);
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+bool isSameFile(const std::string& path, const std::string& other) {
+    std::error_code error;
+    return std::filesystem::equivalent(systemPath(path), systemPath(other), error);
 }
 
 void removeFile(const std::string& path) {
     std::error_code error;
-    std::filesystem::remove(path, error);
+    std::filesystem::remove(systemPath(path), error);
     if (!error) return;
     throw AutomationError(kPermissionDenied,
                           "The file '" + path + "' could not be deleted: " + error.message() + ".");
-}
-
-std::string programPath() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).string();
 }
 
 std::string installedFile(const std::string& name) {
@@ -79,11 +81,6 @@ std::string installedFile(const std::string& name) {
         if (fileExists(path)) return path;
     }
     return {};
-}
-
-std::string temporaryFolder() {
-    std::error_code error;
-    return std::filesystem::temp_directory_path(error).string();
 }
 
 }  // namespace mergeloom

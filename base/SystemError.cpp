@@ -23,6 +23,8 @@ std::string reasonNotRead(int error) {
             return "it is not permitted to read it";
         case EISDIR:
             return "it is a folder";
+        case EBUSY:
+            return "another program has it open";
         default:
             return systemText(error);
     }
@@ -40,10 +42,14 @@ std::string reasonNotSaved(const std::string& path, int error) {
         case EROFS:
             return "the disk is write-protected";
         case ENOSPC:
+#ifdef EDQUOT
         case EDQUOT:
+#endif
             return "the disk is full";
         case EISDIR:
             return "it is a folder";
+        case EBUSY:
+            return "another program has it open";
         default:
             return systemText(error);
     }

@@ -3,9 +3,9 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "base/SystemFiles.h"
 
 #include <fcntl.h>
-#include <unistd.h>
 
 namespace mergeloom {
 
@@ -18,16 +18,14 @@ constexpr mode_t kPrivateMode = 0600;
 
 /// The name does not depend on the target's, which may already have the maximum length.
 std::string temporaryName(int number) {
-    return ".mergeloom-" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
+    return ".mergeloom-" + std::to_string(processNumber()) + "-" + std::to_string(number) + ".tmp";
 }
 
 /// A folder held open so that its entries can be flushed to the disk.
 class OpenFolder {
   public:
     OpenFolder(FileSystemCalls& calls, const std::string& path)
-        : calls_(calls), folder_(repeatInterrupted([&] {
-              return calls.open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
-          })) {}
+        : calls_(calls), folder_(repeatInterrupted([&] { return calls.openFolder(path.c_str()); })) {}
     OpenFolder(const OpenFolder&) = delete;
     OpenFolder& operator=(const OpenFolder&) = delete;
     ~OpenFolder() {
@@ -70,7 +68,7 @@ void TemporaryFile::remove() {
 void TemporaryFile::create(mode_t mode) {
     for (int number = 0; number < kMaxNames; ++number) {
         const std::string path = joinPath(folder_, temporaryName(number));
-        const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        const int flags = O_WRONLY | O_CREAT | O_EXCL;
         file_ = repeatInterrupted([&] { return calls_.open(path.c_str(), flags, mode); });
         if (file_ >= 0) {
             path_ = path;

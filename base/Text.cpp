@@ -1,9 +1,5 @@
 #include "base/Text.h"
 
-#include <unicode/uchar.h>
-#include <unicode/utf16.h>
-#include <unicode/utf8.h>
-
 #include <algorithm>
 #include <cstring>
 
@@ -14,6 +10,49 @@ namespace {
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kLastOfOneUnit = 0xFFFF;
 constexpr char32_t kLastAscii = 0x7F;
+constexpr char32_t kLastOfTwoBytes = 0x7FF;
+constexpr char32_t kLastCodePoint = 0x10FFFF;
+constexpr int kBitsOfNextByte = 6;
+constexpr unsigned kMaskOfNextByte = 0x3F;
+
+constexpr char32_t kFirstLong = 0x10000;
+constexpr char32_t kFirstLead = 0xD800;
+constexpr char32_t kFirstTrail = 0xDC00;
+constexpr char32_t kLastTrail = 0xDFFF;
+
+constexpr bool isLeadSurrogate(char32_t unit) {
+    return unit >= kFirstLead && unit < kFirstTrail;
+}
+constexpr bool isTrailSurrogate(char32_t unit) {
+    return unit >= kFirstTrail && unit <= kLastTrail;
+}
+constexpr char32_t codePointOf(char32_t lead, char32_t trail) {
+    return kFirstLong + ((lead - kFirstLead) << 10) + (trail - kFirstTrail);
+}
+
+/// The bytes that may follow a first byte of UTF-8: how many, and the bounds of the first of them, which keep
+/// out surrogates, numbers beyond Unicode and forms that are too long.
+struct Sequence {
+    std::size_t following;
+    unsigned char lowest;
+    unsigned char highest;
+    unsigned char mask;  ///< the bits of the first byte that count
+};
+
+constexpr Sequence sequenceOf(unsigned char first) {
+    if (first >= 0xC2 && first <= 0xDF) return {1, 0x80, 0xBF, 0x1F};
+    if (first == 0xE0) return {2, 0xA0, 0xBF, 0x0F};
+    if (first == 0xED) return {2, 0x80, 0x9F, 0x0F};
+    if (first >= 0xE1 && first <= 0xEF) return {2, 0x80, 0xBF, 0x0F};
+    if (first == 0xF0) return {3, 0x90, 0xBF, 0x07};
+    if (first >= 0xF1 && first <= 0xF3) return {3, 0x80, 0xBF, 0x07};
+    if (first == 0xF4) return {3, 0x80, 0x8F, 0x07};
+    return {};
+}
+
+constexpr char followingByte(char32_t codePoint, int shift) {
+    return static_cast<char>(0x80 | ((codePoint >> shift) & kMaskOfNextByte));
+}
 constexpr std::uint64_t kHighBitsOfEight = 0x8080808080808080;
 
 std::int64_t unitsOf(char32_t codePoint) {
@@ -31,13 +70,22 @@ bool startsWithEightAscii(std::string_view text) {
 }  // namespace
 
 char32_t takeLongCodePoint(std::string_view& text) {
-    const char* bytes = text.data();
-    std::int32_t next = 0;
-    const auto length = static_cast<std::int32_t>(std::min<std::size_t>(text.size(), 4));
-    UChar32 codePoint = 0;
-    U8_NEXT(bytes, next, length, codePoint);
-    text.remove_prefix(static_cast<std::size_t>(next));
-    return codePoint < 0 ? kReplacement : static_cast<char32_t>(codePoint);
+    const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    const Sequence sequence = sequenceOf(byteAt(0));
+    char32_t codePoint = byteAt(0) & sequence.mask;
+    unsigned lowest = sequence.lowest;
+    unsigned highest = sequence.highest;
+    std::size_t taken = 1;
+    while (taken <= sequence.following && taken < text.size() && byteAt(taken) >= lowest &&
+           byteAt(taken) <= highest) {
+        codePoint = codePoint << kBitsOfNextByte | (byteAt(taken) & kMaskOfNextByte);
+        lowest = 0x80;
+        highest = 0xBF;
+        ++taken;
+    }
+    text.remove_prefix(taken);
+    const bool isWhole = sequence.following > 0 && taken > sequence.following;
+    return isWhole ? codePoint : kReplacement;
 }
 
 char32_t firstCodePoint(std::string_view text) {
@@ -55,21 +103,31 @@ bool isUtf8(std::string_view text) {
 
 void appendCodePoint(std::string& text, char32_t codePoint) {
     if (codePoint <= kLastAscii) return text.push_back(static_cast<char>(codePoint));
-    char bytes[U8_MAX_LENGTH];
-    std::int32_t length = 0;
     const char32_t written =
-        U_IS_UNICODE_CHAR(codePoint) || U_IS_UNICODE_NONCHAR(codePoint) ? codePoint : kReplacement;
-    U8_APPEND_UNSAFE(bytes, length, written);
-    text.append(bytes, static_cast<std::size_t>(length));
+        isLeadSurrogate(codePoint) || isTrailSurrogate(codePoint) || codePoint > kLastCodePoint ? kReplacement
+                                                                                                : codePoint;
+    if (written <= kLastOfTwoBytes) {
+        text += static_cast<char>(0xC0 | written >> 6);
+    } else if (written <= kLastOfOneUnit) {
+        text += static_cast<char>(0xE0 | written >> 12);
+        text += followingByte(written, 6);
+    } else {
+        text += static_cast<char>(0xF0 | written >> 18);
+        text += followingByte(written, 12);
+        text += followingByte(written, 6);
+    }
+    text += followingByte(written, 0);
 }
 
 std::string fromUtf16(std::u16string_view units) {
     std::string text;
     text.reserve(units.size());
-    for (std::size_t next = 0; next < units.size();) {
-        char32_t codePoint = 0;
-        U16_NEXT(units, next, units.size(), codePoint);
-        appendCodePoint(text, codePoint);
+    for (std::size_t next = 0; next < units.size(); ++next) {
+        const char32_t unit = units[next];
+        const bool isPair =
+            isLeadSurrogate(unit) && next + 1 < units.size() && isTrailSurrogate(units[next + 1]);
+        // Half of a pair is written as U+FFFD.
+        appendCodePoint(text, isPair ? codePointOf(unit, units[++next]) : unit);
     }
     return text;
 }
@@ -78,11 +136,11 @@ std::u16string toUtf16(std::string_view text) {
     std::u16string units;
     while (!text.empty()) {
         const char32_t codePoint = takeCodePoint(text);
-        if (U_IS_BMP(codePoint)) {
+        if (codePoint <= kLastOfOneUnit) {
             units += static_cast<char16_t>(codePoint);
         } else {
-            units += static_cast<char16_t>(U16_LEAD(codePoint));
-            units += static_cast<char16_t>(U16_TRAIL(codePoint));
+            units += static_cast<char16_t>(kFirstLead + ((codePoint - kFirstLong) >> 10));
+            units += static_cast<char16_t>(kFirstTrail + ((codePoint - kFirstLong) & 0x3FF));
         }
     }
     return units;
@@ -119,10 +177,6 @@ std::string_view lastCharacters(std::string_view text, CharacterCount units) {
     const CharacterCount length = utf16Length(text);
     if (length <= units) return text;
     return text.substr(byteOffset(text, length - units));
-}
-
-char32_t foldedCodePoint(char32_t codePoint) {
-    return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(codePoint), U_FOLD_CASE_DEFAULT));
 }
 
 std::string foldCase(std::string_view text) {
@@ -186,10 +240,6 @@ std::string replaceAll(std::string_view text, std::string_view part, std::string
         result.append(replacement);
         start = found + part.size();
     }
-}
-
-bool isLongNameLetter(char32_t codePoint) {
-    return codePoint <= kLastOfOneUnit && u_isalpha(static_cast<UChar32>(codePoint)) != 0;
 }
 
 bool isControlCharacter(char32_t letter) {

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "base/SystemPath.h"
 #include "office/opc/PictureFile.h"
 
 #include <array>
@@ -63,8 +64,8 @@ PictureFolder::PictureFolder(FileStore& files, const std::string& document)
 PictureFolder::~PictureFolder() {
     std::error_code ignored;
     for (const std::string& path : added_)
-        std::filesystem::remove(path, ignored);
-    if (isMade_) std::filesystem::remove(joinPath(parent_, folder_), ignored);
+        std::filesystem::remove(systemPath(path), ignored);
+    if (isMade_) std::filesystem::remove(systemPath(joinPath(parent_, folder_)), ignored);
 }
 
 std::string PictureFolder::add(const std::string& column, std::string_view bytes) {
@@ -88,7 +89,7 @@ std::string PictureFolder::add(const std::string& column, std::string_view bytes
 void PictureFolder::makeFolder() {
     std::error_code error;
     const std::string path = joinPath(parent_, folder_);
-    const bool isNew = std::filesystem::create_directory(path, error);
+    const bool isNew = std::filesystem::create_directory(systemPath(path), error);
     if (error) raiseNotSaved(path, error.value());
     isMade_ = isMade_ || isNew;
 }

@@ -3,6 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "base/SystemPath.h"
 #include "describe/AccessDatabase.h"
 #include "describe/OdbcDatabase.h"
 #include "describe/SqliteDatabase.h"
@@ -29,7 +30,7 @@ constexpr std::size_t kLengthOfMarks = 20;
 
 /// Returns the first bytes of a file, fewer if it is shorter.
 std::string firstBytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(systemPath(path), std::ios::binary);
     if (!file) mergeloom::raiseNotRead(path, errno);
     std::array<char, kLengthOfMarks> bytes{};
     file.read(bytes.data(), bytes.size());

@@ -2,6 +2,7 @@
 
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "base/SystemFiles.h"
 
 #include <array>
 #include <cerrno>
@@ -14,7 +15,7 @@ constexpr std::size_t kPieceSize = 65536;
 
 }  // namespace
 
-SpoolFile::SpoolFile() : file_(std::tmpfile(), std::fclose) {
+SpoolFile::SpoolFile() : file_(openScratchFile(), std::fclose) {
     if (file_ == nullptr) raiseNotSaved(temporaryFolder(), errno);
 }
 

@@ -4,13 +4,10 @@
 #include "describe/DateFormat.h"
 #include "describe/DecimalText.h"
 
-#include <langinfo.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <clocale>
 #include <ctime>
 #include <initializer_list>
 #include <optional>
@@ -25,11 +22,6 @@ constexpr std::size_t kLongestNumber = 400;  ///< digits of the largest double w
 std::string formatted(const std::tm& date, const std::string& format) {
     std::array<char, 128> text{};
     return {text.data(), std::strftime(text.data(), text.size(), format.c_str(), &date)};
-}
-
-bool hasOwnConventions() {
-    const std::string locale = std::setlocale(LC_TIME, nullptr);
-    return locale != "C" && locale != "POSIX" && !locale.starts_with("C.");
 }
 
 /// Returns the shortest digits that denote the number.
@@ -92,15 +84,6 @@ void group(std::string& number, std::size_t point, const std::string& separator)
 }
 
 }  // namespace
-
-Conventions conventionsOfLocale() {
-    const std::lconv& numbers = *std::localeconv();
-    Conventions conventions{numbers.decimal_point, numbers.thousands_sep};
-    if (!hasOwnConventions()) return conventions;
-    conventions.date = ::nl_langinfo(D_FMT);
-    conventions.time = ::nl_langinfo(T_FMT);
-    return conventions;
-}
 
 void ValueFormat::write(const Value& value, const Column& column, ValueText& text) const {
     text.shown.clear();

@@ -2,8 +2,8 @@
 """Checks that the sources keep to the floors of the house.
 
 Complains about an include that goes to a floor that the file's own floor may not know, a name of such a floor that is
-used through other headers, a library used outside the floor that hides it (by its headers or by its names), a header
-without "#pragma once" and a circle of includes.
+used through other headers, a library used outside the floor that hides it (by its headers or by its names), a system's header outside of its folder, a
+header without "#pragma once" and a circle of includes.
 Usage: check_floors.py [ROOT]
 """
 import re
@@ -110,6 +110,14 @@ LIBRARIES = {
     ],
 }
 
+# The headers of one system. Where a floor is built for both, they are included only in its folder for that system.
+SYSTEMS = {
+    "posix": re.compile(r"(?:dlfcn|langinfo|netdb|poll|pwd|spawn|termios|unistd)\.h$|sys/(?!stat\.h|types\.h)"),
+    "windows": re.compile(r"(?:aclapi|io|objbase|oleauto|shellapi|windows)\.h$"),
+}
+# What is not built for Windows.
+POSIX_ONLY = ("office/libreoffice/", "describe/access/", "ui/")
+
 # What a library's names look like, for uses that reach its headers through others.
 LIBRARY_NAMES = {
     "unicode/": r"icu::|u_[a-z]\w*\(|UChar32|UErrorCode",
@@ -170,6 +178,16 @@ def check_library(path, floor, included):
     for library, floors in LIBRARIES.items():
         if included.startswith(library) and floor not in floors:
             return f"{path}: <{included}> belongs to {', '.join(floors)}"
+    return None
+
+
+def check_system(path, included):
+    """What is wrong with an include of a system's own header, or None."""
+    if path.startswith(POSIX_ONLY):
+        return None
+    for system, headers in SYSTEMS.items():
+        if headers.match(included) and f"/{system}/" not in path:
+            return f"{path}: <{included}> belongs into a folder '{system}'"
     return None
 
 
@@ -261,7 +279,8 @@ def check_file(path, text, sources, declarations):
             complaints.append(f"{path}: stands on no floor")
         return complaints
     for quoted, angled in INCLUDE.findall(text):
-        found = check_include(path, floor, quoted, sources) if quoted else check_library(path, floor, angled)
+        found = (check_include(path, floor, quoted, sources) if quoted
+                 else check_library(path, floor, angled) or check_system(path, angled))
         if found:
             complaints.append(found)
     if complaints:

@@ -3,6 +3,8 @@
 #include "base/AutomationError.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
+#include "base/SystemFiles.h"
+#include "base/SystemPath.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -18,7 +20,7 @@ namespace {
 
 bool isRegularFile(const std::string& path) {
     std::error_code error;
-    return std::filesystem::is_regular_file(path, error);
+    return std::filesystem::is_regular_file(systemPath(path), error);
 }
 
 constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
@@ -26,7 +28,7 @@ constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
 /// The bytes of a file, read from its start to its end. A folder can be opened, but reading from it fails.
 class FileBytes {
   public:
-    explicit FileBytes(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rb")) {
+    explicit FileBytes(const std::string& path) : path_(path), file_(openToRead(path)) {
         if (file_ == nullptr) raiseNotRead(path_, errno);
         // The parser itself reads large pieces.
         std::setvbuf(file_, nullptr, _IONBF, 0);
@@ -125,7 +127,7 @@ XmlNode StructureDocument::documentElement() const {
 /// A device or a pipe would be read for ever.
 std::string StructureDocument::findPicture(const std::string& image) const {
     if (image.empty()) return {};
-    const bool relative = image.front() != '/';
+    const bool relative = !isAbsolutePath(image);
     std::string beside = joinPath(folder_, image);
     if (relative && !folder_.empty() && isRegularFile(beside)) return beside;
     return isRegularFile(image) ? fullPath(image) : std::string();

@@ -1,6 +1,7 @@
 #include "xml/StructureReader.h"
 
 #include "xml/NodeBuilder.h"
+#include "xml/XmlEncodings.h"
 #include "xml/modNamedItems.h"
 
 #include <libxml/SAX2.h>
@@ -142,6 +143,7 @@ class StructureReader {
                     DataUse use)
         : bytes_(bytes), builder_(document), data_(builder_, records, use), context_(xmlNewParserCtxt()) {
         if (!context_) throw std::bad_alloc();
+        addXmlEncodings();
         context_->_private = this;
         setHandlers(*context_->sax);
     }

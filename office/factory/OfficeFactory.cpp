@@ -7,11 +7,9 @@
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/letters/EmbeddedLetters.h"
 #include "office/embedded/word/EmbeddedOffice.h"
+#include "office/factory/LibreOfficeModule.h"
 #include "office/graft/PackageGraft.h"
-#include "office/libreoffice/entry/OfficeModule.h"
 #include "office/model/FileConverter.h"
-
-#include <dlfcn.h>
 
 #include <functional>
 #include <memory>
@@ -22,45 +20,6 @@
 namespace mergeloom {
 
 namespace {
-
-[[noreturn]] void refuse(const std::string& reason) {
-    throw AutomationError(kNotAvailable, "The office 'libreoffice' is not available: " + reason +
-                                             " Choose 'embedded' otherwise.");
-}
-
-std::string findModule() {
-    std::string path = installedFile(kOfficeModuleFile);
-    if (!path.empty()) return path;
-    refuse(
-        std::string("the module '") + kOfficeModuleFile +
-        "' was not built with this program. Build the program where LibreOffice and its development kit (on "
-        "Debian: libreoffice-dev) are installed.");
-}
-
-/// The library is never closed: objects of the module may live as long as the program.
-OfficeModule& load() {
-    const std::string path = findModule();
-    void* const library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) {
-        const std::string reason = ::dlerror();
-        refuse("the libraries of LibreOffice could not be loaded (" + reason +
-               "). Install it (on Debian: libreoffice-writer and libreoffice-calc).");
-    }
-    const auto function = reinterpret_cast<OfficeModuleFunction>(::dlsym(library, kOfficeModuleFunction));
-    OfficeModule* const module = function == nullptr ? nullptr : function(kOfficeModuleEdition);
-    if (module == nullptr) refuse("the module '" + path + "' belongs to another version. Install both anew.");
-    return *module;
-}
-
-/// Returns the module for LibreOffice, which is loaded at the first call from beside the program or from
-/// ../lib/mergeloom and kept to the program's end. Raises kNotAvailable, with a sentence that says what to
-/// install or choose, when it is missing, LibreOffice's libraries are missing or it belongs to another
-/// version.
-OfficeModule& libreOfficeModule() {
-    // After a failure, the next call tries again.
-    static OfficeModule& module = load();
-    return module;
-}
 
 /// A converter that loads the module for LibreOffice at its first use.
 class LazyFileConverter final : public FileConverter {
@@ -87,8 +46,7 @@ class LazyFileConverter final : public FileConverter {
         return converter().refusal(format);
     } catch (const AutomationError&) {
         // The loader's own sentence addresses users who chose LibreOffice for the whole run.
-        return "The program's module for LibreOffice could not be loaded. Install LibreOffice (on Debian: "
-               "libreoffice-writer and libreoffice-calc) and the module.";
+        return libreOfficeIsMissing();
     }
 
     FileConverter& converter() {

@@ -95,6 +95,28 @@ TEST(mCommandLine, ParsesArguments) {
     }
 }
 
+/// On Windows the switches are searched in the text behind the options.
+TEST(mCommandLine, FindsTheTextAfterArgumentsOfWindows) {
+    struct Case {
+        std::string line;
+        std::size_t count;
+        std::string rest;
+    };
+    const std::vector<Case> cases = {
+        {"-hidden -excel", 0, "-hidden -excel"},
+        {"  --exit-status \t -hidden", 1, "-hidden"},
+        {R"(--object "Form Orders" -xmlfile c:\my folder\a.xml)", 2, R"(-xmlfile c:\my folder\a.xml)"},
+        {R"(--object="Form Orders" -hidden)", 1, "-hidden"},
+        {R"("c:\folder\\" -hidden)", 1, "-hidden"},
+        {R"("a \"quoted\" name" -hidden)", 1, "-hidden"},
+        {"--version", 1, ""},
+        {"--version", 5, ""},
+        {"", 1, ""},
+    };
+    for (const Case& one : cases)
+        EXPECT_EQ(afterArguments(one.line, one.count), one.rest) << one.line;
+}
+
 TEST(mCommandLine, HandsBackTheTextAndForgetsAnEarlierOne) {
     std::string raw;
     GetCommandLineArguments(CommandLineText("-hidden"), raw);

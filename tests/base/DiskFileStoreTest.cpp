@@ -1,12 +1,12 @@
 #include "base/AutomationError.h"
 #include "base/DiskFileStore.h"
+#include "base/Paths.h"
+#include "base/SystemFiles.h"
 #include "doubles/FaultyFileSystemCalls.h"
 #include "doubles/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 
@@ -38,12 +38,6 @@ std::string failureOf(const std::function<void()>& action, ErrorNumber number) {
         return error.description();
     }
     return "no failure";
-}
-
-mode_t modeOf(const std::string& path) {
-    struct stat status {};
-    EXPECT_EQ(::stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777;
 }
 
 TEST(DiskFileStore, ReadsWhatItSaved) {
@@ -140,18 +134,6 @@ TEST(DiskFileStore, LeavesWholeFilesOfABatchWhicheverCallFails) {
     }
 }
 
-TEST(DiskFileStore, BringsABatchToTheDiskAtItsEnd) {
-    const TemporaryFolder folder;
-    FaultyFileSystemCalls calls(kNever, 0);
-    DiskFileStore store(calls);
-    store.saveInBatch(folder / "a.docx", [](ByteSink& sink) { sink.write(std::string_view("new")); });
-    store.finishBatch();
-    EXPECT_THAT(calls.names(), ElementsAre("readlink", "stat", "open", "write", "close", "rename", "open",
-                                           "syncfs", "close"));
-    store.finishBatch();
-    EXPECT_EQ(calls.names().size(), 9U);
-}
-
 TEST(DiskFileStore, TellsOfEveryFailureToRead) {
     const TemporaryFolder folder;
     folder.put("orders.dotx", kOld);
@@ -180,6 +162,8 @@ TEST(DiskFileStore, LetsTheWritersErrorPassAndKeepsTheOldFile) {
 /// A system that is interrupted before every transfer and then moves only a few bytes.
 class HaltingCalls final : public FileSystemCalls {
   public:
+    [[nodiscard]] bool flushesFileSystems() const override { return system_.flushesFileSystems(); }
+    int openFolder(const char* path) override { return halts() ? -1 : system_.openFolder(path); }
     int open(const char* path, int flags, mode_t mode) override {
         return halts() ? -1 : system_.open(path, flags, mode);
     }
@@ -226,41 +210,6 @@ TEST(DiskFileStore, GoesOnAfterInterruptionsAndShortTransfers) {
     EXPECT_TRUE(folder.bytesOf("orders.dotx") == kNew);
 }
 
-TEST(DiskFileStore, FollowsLinksAndKeepsThem) {
-    const TemporaryFolder folder;
-    std::filesystem::create_directory(folder / "real");
-    folder.put("real/orders.dotx", kOld);
-    std::filesystem::create_symlink("real/orders.dotx", folder / "near");
-    std::filesystem::create_symlink(folder / "near", folder / "far");
-    std::filesystem::create_symlink("real/new.dotx", folder / "dangling");
-    std::filesystem::create_symlink("circle", folder / "circle");
-    DiskFileStore store;
-    saveText(store, folder / "far", "new");
-    saveText(store, folder / "dangling", "newer");
-    EXPECT_TRUE(std::filesystem::is_symlink(folder / "far"));
-    EXPECT_TRUE(std::filesystem::is_symlink(folder / "near"));
-    EXPECT_TRUE(std::filesystem::is_symlink(folder / "dangling"));
-    EXPECT_EQ(folder.bytesOf("real/orders.dotx"), "new");
-    EXPECT_EQ(folder.bytesOf("real/new.dotx"), "newer");
-    EXPECT_THAT(failureOf([&] { saveText(store, folder / "circle", "new"); }, kFileCouldNotBeSaved),
-                HasSubstr("circle"));
-}
-
-TEST(DiskFileStore, KeepsTheModeOfAFileAndGivesANewOneWhatTheMaskLeaves) {
-    const TemporaryFolder folder;
-    folder.put("old", kOld);
-    DiskFileStore store;
-    const mode_t mask = ::umask(027);
-    for (const mode_t mode : {0600U, 0664U, 0666U}) {
-        ASSERT_EQ(::chmod((folder / "old").c_str(), mode), 0);
-        saveText(store, folder / "old", "new");
-        EXPECT_EQ(modeOf(folder / "old"), mode);
-    }
-    saveText(store, folder / "new", "new");
-    EXPECT_EQ(modeOf(folder / "new"), 0640U);
-    ::umask(mask);
-}
-
 TEST(DiskFileStore, SavesUnderTheLongestNameOfTheDisk) {
     const TemporaryFolder folder;
     const std::string name(255, 'n');
@@ -271,7 +220,7 @@ TEST(DiskFileStore, SavesUnderTheLongestNameOfTheDisk) {
 
 TEST(DiskFileStore, PassesByTemporaryFilesThatAnEarlierProcessLeft) {
     const TemporaryFolder folder;
-    const std::string left = ".mergeloom-" + std::to_string(::getpid()) + "-0.tmp";
+    const std::string left = ".mergeloom-" + std::to_string(processNumber()) + "-0.tmp";
     folder.put(left, "left");
     DiskFileStore store;
     saveText(store, folder / "orders.dotx", "new");
@@ -293,41 +242,14 @@ TEST(DiskFileStore, SaysWhatIsWrongWithTheFile) {
     const std::string notRead = "' could not be read: ";
     const std::string file = "The file '" + folder.path();
     EXPECT_EQ(saving("no/a"),
-              file + "/no/a" + notSaved + "the folder '" + folder.path() + "/no' does not exist.");
-    EXPECT_EQ(saving("plain/a"),
-              file + "/plain/a" + notSaved + "the folder '" + (folder / "plain") + "' does not exist.");
+              file + "/no/a" + notSaved + "the folder '" + fullPath(folder / "no") + "' does not exist.");
+    EXPECT_EQ(saving("plain/a"), file + "/plain/a" + notSaved + "the folder '" + fullPath(folder / "plain") +
+                                     "' does not exist.");
     EXPECT_EQ(saving("."), file + "/." + notSaved + "it is a folder.");
     EXPECT_EQ(reading("no"), file + "/no" + notRead + "it does not exist.");
     EXPECT_EQ(reading("."), file + "/." + notRead + "it is a folder.");
     EXPECT_FALSE(store.fileExists(folder.path()));
     EXPECT_TRUE(store.fileExists(folder / "plain"));
-}
-
-TEST(DiskFileStore, SaysThatTheFolderOrTheFileIsProtected) {
-    if (::geteuid() == 0) {
-        // Nothing is protected from this user, so the system's results are simulated.
-        const TemporaryFolder folder;
-        folder.put("old", kOld);
-        std::string failures;
-        for (int call = 1; call < 6; ++call) {
-            FaultyFileSystemCalls calls(call, EACCES);
-            DiskFileStore store(calls);
-            failures += failureOf([&] { saveText(store, folder / "old", "new"); }, kFileCouldNotBeSaved);
-        }
-        EXPECT_THAT(failures, HasSubstr("it is write-protected."));
-        EXPECT_THAT(failures, HasSubstr("the folder '" + folder.path() + "' cannot be written."));
-        return;
-    }
-    const TemporaryFolder folder;
-    folder.put("old", kOld);
-    DiskFileStore store;
-    ::chmod((folder / "old").c_str(), 0444);
-    EXPECT_THAT(failureOf([&] { saveText(store, folder / "old", "new"); }, kFileCouldNotBeSaved),
-                HasSubstr("it is write-protected."));
-    ::chmod(folder.path().c_str(), 0555);
-    EXPECT_THAT(failureOf([&] { saveText(store, folder / "new", "new"); }, kFileCouldNotBeSaved),
-                HasSubstr("cannot be written."));
-    ::chmod(folder.path().c_str(), 0755);
 }
 
 }  // namespace

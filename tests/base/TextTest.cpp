@@ -91,6 +91,14 @@ TEST(Text, ComparesWithoutRegardToCase) {
         {"abc", "abcd", false},
         {"", "", true},
         {"I", "ı", false},
+        {"i", "İ", false},
+        {"µm", "μM", true},    // the micro sign and the Greek letter
+        {"ſee", "SEE", true},  // the long s
+        {"Å K", "å k", true},  // the signs of Angstrom and Kelvin
+        {"ẞ", "ß", true},
+        {"ǅ", "ǆ", true},
+        {"Ꭰᏸ", "ꭰᏰ", true},
+        {"Ⅷ", "ⅷ", true},
     };
     for (const Case& one : cases) {
         EXPECT_EQ(equalsIgnoringCase(one.a, one.b), one.equal) << one.a << " " << one.b;
@@ -117,9 +125,9 @@ TEST(Text, SplitsTrimsAndReplaces) {
 }
 
 TEST(Text, TakesLettersOfOneUnitForNames) {
-    for (const char32_t letter : {U'a', U'Ж', U'ß', U'漢'})
+    for (const char32_t letter : {U'a', U'Ж', U'ß', U'漢', U'ª', U'Ꭰ', U'ʰ'})
         EXPECT_TRUE(isNameLetter(letter));
-    for (const char32_t other : {U'1', U'_', U'-', U'€', U'\U00010400', char32_t{0x301}}) {
+    for (const char32_t other : {U'1', U'_', U'-', U'€', U'\U00010400', char32_t{0x301}, U'Ⅷ', U'〇', U'²'}) {
         EXPECT_FALSE(isNameLetter(other));
     }
 }

@@ -18,6 +18,8 @@ class FaultyFileSystemCalls final : public FileSystemCalls {
     /// The names of all calls, in their order.
     [[nodiscard]] const std::vector<std::string>& names() const { return names_; }
 
+    [[nodiscard]] bool flushesFileSystems() const override { return system_.flushesFileSystems(); }
+    int openFolder(const char* path) override { return fails("open") ? -1 : system_.openFolder(path); }
     int open(const char* path, int flags, mode_t mode) override {
         return fails("open") ? -1 : system_.open(path, flags, mode);
     }

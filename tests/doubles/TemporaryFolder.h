@@ -1,11 +1,11 @@
 #pragma once
 
-#include <stdlib.h>
+#include "base/SystemPath.h"
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 
 namespace mergeloom {
@@ -14,23 +14,26 @@ namespace mergeloom {
 class TemporaryFolder {
   public:
     TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "mergeloom-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        path_ = name;
+        const std::filesystem::path parent = std::filesystem::temp_directory_path();
+        std::random_device numbers;
+        do {
+            path_ = (parent / ("mergeloom-test-" + std::to_string(numbers()))).string();
+        } while (!std::filesystem::create_directory(path_));
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+    ~TemporaryFolder() { std::filesystem::remove_all(systemPath(path_)); }
 
     [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] std::string operator/(const std::string& name) const { return path_ + "/" + name; }
 
     void put(const std::string& name, const std::string& bytes) const {
-        std::ofstream(*this / name, std::ios::binary) << bytes;
+        std::ofstream(systemPath(*this / name), std::ios::binary) << bytes;
     }
     [[nodiscard]] std::string bytesOf(const std::string& name) const {
         std::ostringstream bytes;
-        bytes << std::ifstream(*this / name, std::ios::binary).rdbuf();
+        bytes << std::ifstream(systemPath(*this / name), std::ios::binary).rdbuf();
         return bytes.str();
     }
     [[nodiscard]] int entryCount() const {

@@ -23,6 +23,8 @@ class TwoDisks final : public FileSystemCalls {
     }
     int fsync(int file) override { return calls_.fsync(file); }
     int syncfs(int file) override { return calls_.syncfs(file); }
+    int openFolder(const char* path) override { return calls_.openFolder(path); }
+    [[nodiscard]] bool flushesFileSystems() const override { return calls_.flushesFileSystems(); }
     int fchmod(int file, mode_t mode) override { return calls_.fchmod(file, mode); }
     int close(int file) override { return calls_.close(file); }
     int stat(const char* path, struct stat* status) override { return calls_.stat(path, status); }

@@ -155,7 +155,7 @@ TEST_F(Dispatcher, AFormComesWithAllItsControls) {
                   kLines + "\n");
     EXPECT_EQ(messages.texts(),
               "The subform \"Empty\" is left out: it has no control that can be dropped.\n");
-    EXPECT_EQ(progress.last, std::pair(5L, 5L));
+    EXPECT_EQ(progress.last, (std::pair<std::int64_t, std::int64_t>(5, 5)));
 }
 
 TEST_F(Dispatcher, ControlsThatNoPlaceCanBeNamedAfter) {

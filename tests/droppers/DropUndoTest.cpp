@@ -59,7 +59,7 @@ TEST_F(DropUndo, APictureThatIsNoneEndsTheForm) {
     EXPECT_EQ(errors.reports[0].number, kFileCouldNotBeRead);
     EXPECT_NE(errors.reports[0].description.find("/d.png"), std::string::npos);
     EXPECT_EQ(errors.reports[0].procedure, "rWordBookmarkAdd");
-    EXPECT_EQ(progress.last, std::pair(2L, 4L));
+    EXPECT_EQ(progress.last, (std::pair<std::int64_t, std::int64_t>(2, 4)));
 }
 
 TEST_F(DropUndo, ADropIsOneStep) {

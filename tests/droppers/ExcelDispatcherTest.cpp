@@ -92,7 +92,7 @@ TEST_F(ExcelDispatcher, AFormComesWithAllItsControls) {
               "|[LinesPrice]\n");
     EXPECT_EQ(names(), "ammCustomerNo=C2 ammLines=C5:C6 ammLinesPrice=C6 ammLogo=C3 ammShipCity=D4 ");
     EXPECT_EQ(active(), "B7") << "below the form";
-    EXPECT_EQ(progress.last, std::pair(5L, 5L));
+    EXPECT_EQ(progress.last, (std::pair<std::int64_t, std::int64_t>(5, 5)));
     EXPECT_EQ(messages.texts(),
               "The subform \"Empty\" is left out: it has no control that can be dropped.\n");
 }

@@ -14,6 +14,8 @@ CLEAN = {
     "office/model/Range.h": "#pragma once\nnamespace mergeloom::word {\nclass Range {};\nvoid move(Range&);\n}\n",
     "ui/dialogs/Shown.cpp": '#include "droppers/Drop.h"\nnamespace mergeloom::ui {\nclass Range;\n'
                             '// word::Range\nconst char* text = "word::Range";\nRange* range;\n}\n',
+    "base/posix/Files.cpp": "#include <sys/stat.h>\n#include <unistd.h>\n",
+    "ui/dialogs/Quit.cpp": "#include <unistd.h>\n",
     "tests/base/TextTest.cpp": '#include "droppers/Drop.h"\n',
 }
 
@@ -26,6 +28,10 @@ FAULTS = [
     ("a path that does not start at the root", {"base/Text.cpp": '#include "Text.h"\n'}, "is no source"),
     ("a library outside its floor", {"droppers/Drop.cpp": "#include <libxml/tree.h>\n"},
      "<libxml/tree.h> belongs to xml"),
+    ("a header of one system", {"base/Text.cpp": "#include <sys/file.h>\n"},
+     "base/Text.cpp: <sys/file.h> belongs into a folder 'posix'"),
+    ("a header of the other system", {"base/posix/Files.cpp": "#include <windows.h>\n"},
+     "base/posix/Files.cpp: <windows.h> belongs into a folder 'windows'"),
     ("a library through another floor's header",
      {"office/opc/Part.h": "#pragma once\n#include <pugixml.hpp>\n",
       "office/libreoffice/excel/Cells.cpp": '#include "office/opc/Part.h"\npugi::xml_node root();\n'},

@@ -1,3 +1,5 @@
+#include "base/Paths.h"
+#include "base/Text.h"
 #include "xml/StructureDocument.h"
 
 #include <gtest/gtest.h>
@@ -129,10 +131,16 @@ TEST_F(StructureDocumentFile, ReplacesSmallEntitiesOfItsOwn) {
     EXPECT_FALSE(last.nextSibling());
 }
 
+/// Returns the address of a file: "file:///srv/a.xml", "file:///C:/a.xml".
+std::string uriOf(const std::string& path) {
+    const std::string slashed = replaceAll(path, "\\", "/");
+    return (slashed.starts_with('/') ? "file://" : "file:///") + slashed;
+}
+
 TEST_F(StructureDocumentFile, ReadsNoOtherFile) {
     const std::string secret = write("secret.txt", "TOPSECRET");
     write("secret.dtd", "<!ENTITY e 'TOPSECRET'><!ATTLIST a x CDATA 'TOPSECRET'>");
-    const std::string declared = "<!DOCTYPE a [<!ENTITY e SYSTEM 'file://" + secret + "'>]>";
+    const std::string declared = "<!DOCTYPE a [<!ENTITY e SYSTEM '" + uriOf(secret) + "'>]>";
     EXPECT_EQ(refusalOf(declared + "<a>\n&e;</a>"), prefix(2) + "The external entity 'e' is not allowed.");
     EXPECT_NE(refusalOf(declared + "<a x='&e;'/>"), "");
     EXPECT_EQ(refusalOf("<!DOCTYPE a [<!ENTITY % e SYSTEM 'secret.dtd'>\n%e;]><a/>"),
@@ -162,6 +170,10 @@ TEST_F(StructureDocumentFile, ReadsOtherEncodings) {
     const std::string latin = "<?xml version='1.0' encoding='windows-1252'?><a Name='\x80 \xFC'/>";
     ASSERT_TRUE(document_.Load(write("latin.xml", latin))) << document_.parseError().reason;
     EXPECT_EQ(document_.documentElement().namedAttribute("Name"), "\xE2\x82\xAC \xC3\xBC");
+    const std::string japanese = "<?xml version='1.0' encoding='Shift_JIS'?><a Name='\x93\xFA\x96\x7B'/>";
+    ASSERT_TRUE(document_.Load(write("japanese.xml", japanese))) << document_.parseError().reason;
+    EXPECT_EQ(document_.documentElement().namedAttribute("Name"), "日本");
+    EXPECT_NE(refusalOf("<?xml version='1.0' encoding='martian'?><a/>"), "");
 
     std::string wide = "\xFF\xFE";
     for (const char c : std::string_view("<?xml version='1.0' encoding='UTF-16'?><a Name='x'/>")) {
@@ -175,8 +187,8 @@ TEST_F(StructureDocumentFile, ReadsOtherEncodings) {
 TEST_F(StructureDocumentFile, FindsPicturesBesideIt) {
     const std::string picture = write("logo.png", "");
     ASSERT_TRUE(document_.Load(write("a.xml", "<a/>")));
-    EXPECT_EQ(document_.findPicture("logo.png"), picture);
-    EXPECT_EQ(document_.findPicture(picture), picture);
+    EXPECT_EQ(document_.findPicture("logo.png"), joinPath(parentFolder(picture), "logo.png"));
+    EXPECT_EQ(document_.findPicture(picture), fullPath(picture));
     for (const char* none : {"", "none.png", ".", "/none.png"})
         EXPECT_EQ(document_.findPicture(none), "");
 }

@@ -10,7 +10,12 @@ namespace {
 
 class PosixCalls final : public FileSystemCalls {
   public:
-    int open(const char* path, int flags, mode_t mode) override { return ::open(path, flags, mode); }
+    [[nodiscard]] bool flushesFileSystems() const override { return true; }
+
+    int open(const char* path, int flags, mode_t mode) override {
+        return ::open(path, flags | O_CLOEXEC, mode);
+    }
+    int openFolder(const char* path) override { return ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC); }
     ssize_t read(int file, void* bytes, std::size_t count) override { return ::read(file, bytes, count); }
     ssize_t write(int file, const void* bytes, std::size_t count) override {
         return ::write(file, bytes, count);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "base/Messages.h"
+
+#include <streambuf>
+#include <string>
+
+/// Messages where nobody would see a line: the program was started without a console.
+namespace mergeloom::windows {
+
+class MessageBoxes final : public Messages {
+  public:
+    MessageAnswer show(const Message& message) override;
+};
+
+/// Shows each text that is flushed in a message box.
+class MessageBoxBuffer final : public std::streambuf {
+  protected:
+    int_type overflow(int_type character) override;
+    std::streamsize xsputn(const char* text, std::streamsize count) override;
+    int sync() override;
+
+  private:
+    std::string text_;
+};
+
+}  // namespace mergeloom::windows
