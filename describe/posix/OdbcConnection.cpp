@@ -17,8 +17,8 @@ namespace mergeloom::describe {
 namespace {
 
 constexpr std::uintptr_t kSecondsToConnect = 10;
-constexpr std::size_t kPieceSize = 4096;  ///< in bytes, without the end of a text
-constexpr std::size_t kNameSize = 1024;   ///< in characters
+constexpr std::size_t kValuePieceSize = 4096;  ///< in bytes, without the end of a text
+constexpr std::size_t kNameSize = 1024;        ///< in characters
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager has texts of UTF-16");
 
@@ -222,8 +222,8 @@ bool OdbcStatement::next() {
 
 void OdbcStatement::readValue(std::size_t column) {
     const bool isText = kinds_[column] == Value::Kind::Text;
-    std::array<char16_t, kPieceSize / sizeof(char16_t) + 1> piece{};
-    const std::size_t room = isText ? sizeof piece : kPieceSize;
+    std::array<char16_t, kValuePieceSize / sizeof(char16_t) + 1> piece{};
+    const std::size_t room = isText ? sizeof piece : kValuePieceSize;
     std::u16string units;
     std::string& text = texts_[column];
     text.clear();
@@ -237,8 +237,8 @@ void OdbcStatement::readValue(std::size_t column) {
         check(result);
         if (size == SQL_NULL_DATA) return;
         if (result == SQL_NO_DATA) break;
-        const bool isFull = size == SQL_NO_TOTAL || static_cast<std::size_t>(size) > kPieceSize;
-        const std::size_t bytes = isFull ? kPieceSize : static_cast<std::size_t>(size);
+        const bool isFull = size == SQL_NO_TOTAL || static_cast<std::size_t>(size) > kValuePieceSize;
+        const std::size_t bytes = isFull ? kValuePieceSize : static_cast<std::size_t>(size);
         if (isText)
             units.append(piece.data(), bytes / sizeof(char16_t));
         else

@@ -12,7 +12,7 @@ namespace mergeloom::describe {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 65536;
+constexpr std::size_t kPipeBufferSize = 65536;
 /// Limits on the messages of a reading process, whose sizes may be wrong because of a damaged file.
 constexpr std::uint32_t kMaxTextSize = 1U << 28U;
 constexpr std::uint32_t kMaxCount = 1U << 16U;
@@ -117,7 +117,7 @@ void PipeWriter::texts(const std::vector<std::string>& texts) {
 
 void PipeWriter::bytes(std::string_view bytes) {
     buffer_ += bytes;
-    if (buffer_.size() >= kBufferSize) flush();
+    if (buffer_.size() >= kPipeBufferSize) flush();
 }
 
 void PipeWriter::flush() {
@@ -279,7 +279,7 @@ std::uint32_t PipeReader::count() {
 void PipeReader::bytes(std::span<char> bytes) {
     while (!bytes.empty()) {
         if (next_ == end_) {
-            buffer_.resize(kBufferSize);
+            buffer_.resize(kPipeBufferSize);
             const ssize_t size =
                 repeatInterrupted([&] { return ::read(descriptor_, buffer_.data(), buffer_.size()); });
             if (size <= 0) raiseBroken();
