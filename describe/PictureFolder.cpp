@@ -72,7 +72,8 @@ std::string PictureFolder::add(const std::string& column, std::string_view bytes
     const std::optional<std::string> extension = pictureExtension(bytes);
     if (!extension) return {};
     makeFolder();
-    const std::string base = joinPath(folder_, inFileName(column) + "-" + digest(bytes));
+    // The name is written into the document, which is the same on every system.
+    const std::string base = folder_ + "/" + inFileName(column) + "-" + digest(bytes);
     for (int number = 1;; ++number) {
         const std::string end = number == 1 ? "." : "-" + std::to_string(number) + ".";
         std::string name = base + end + *extension;
