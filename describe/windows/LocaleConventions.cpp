@@ -26,7 +26,7 @@ constexpr std::pair<std::wstring_view, std::string_view> kPieces[] = {
     {L"s", "%#S"},   {L"tt", "%p"},   {L"t", "%p"},   {L"gg", ""},     {L"g", ""},
 };
 
-std::string strftimeFormat(std::wstring_view picture) {
+std::string formatOfPicture(std::wstring_view picture) {
     std::string format;
     while (!picture.empty()) {
         bool isPiece = false;
@@ -50,7 +50,7 @@ std::string strftimeFormat(std::wstring_view picture) {
 
 Conventions conventionsOfLocale() {
     return {windows::utf8Text(localeText(LOCALE_SDECIMAL)), windows::utf8Text(localeText(LOCALE_STHOUSAND)),
-            strftimeFormat(localeText(LOCALE_SSHORTDATE)), strftimeFormat(localeText(LOCALE_STIMEFORMAT))};
+            formatOfPicture(localeText(LOCALE_SSHORTDATE)), formatOfPicture(localeText(LOCALE_STIMEFORMAT))};
 }
 
 }  // namespace mergeloom::describe
