@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <set>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace mergeloom {
@@ -25,6 +26,11 @@ using letters::ControlPath;
 
 /// Thrown to end the second reading early.
 struct EnoughRead {};
+
+/// Fewer letters are written before the other threads have read the template.
+constexpr std::size_t kMinLettersOfThreads = 200;
+/// More could not be kept busy by the one that reads the records.
+constexpr std::size_t kMaxThreads = 8;
 
 [[noreturn]] void refuseFill(const std::string& why) {
     throw AutomationError(kNotAvailable, why);
@@ -67,6 +73,10 @@ void FillCommand::noteRemarks() {
     std::vector<std::string> remarks = letters_->remarks();
     if (shared_) {
         const std::vector<std::string> others = shared_->remarks();
+        remarks.insert(remarks.end(), others.begin(), others.end());
+    }
+    if (writers_) {
+        const std::vector<std::string> others = writers_->remarks();
         remarks.insert(remarks.end(), others.begin(), others.end());
     }
     // A record may have been filled twice.
@@ -152,8 +162,7 @@ void FillCommand::checkTarget(const std::string& path) {
 }
 
 void FillCommand::compile() {
-    template_ = isWorkbook_ ? openBookTemplate(ports_.files, options_.templateFile)
-                            : openLetterTemplate(ports_.files, options_.templateFile);
+    template_ = openTemplate();
     const std::vector<std::string> bookmarks = template_->bookmarkNames();
     const auto findPicture = [this](const std::string& image) {
         return source_->document().findPicture(image);
@@ -188,6 +197,27 @@ void FillCommand::compile() {
     const bool hasFiles = names_.dependOnRecord() || (selectedCount() == 1 && !isSheet_);
     const bool isEach = options_.use == letters::LetterUse::OneEach;
     if (isEach && hasFiles && format_->hasPages()) shareFiles(settings);
+    if (isEach && names_.dependOnRecord() && !format_->isConverted()) useThreads(settings);
+}
+
+std::unique_ptr<letters::LetterTemplate> FillCommand::openTemplate() const {
+    return isWorkbook_ ? openBookTemplate(ports_.files, options_.templateFile)
+                       : openLetterTemplate(ports_.files, options_.templateFile);
+}
+
+/// Prepares as many threads as there are processors, if there are letters enough for that to pay.
+void FillCommand::useThreads(const letters::LetterSettings& settings) {
+    const std::size_t processors = std::min<std::size_t>(std::thread::hardware_concurrency(), kMaxThreads);
+    if (processors < 2 || selectedCount() < kMinLettersOfThreads) return;
+    std::vector<LetterWriters::OwnLetters> letters(processors);
+    for (LetterWriters::OwnLetters& own : letters) {
+        own.source = openTemplate();
+        own.letters = own.source->compile(places_, settings);
+    }
+    writers_ = std::make_unique<LetterWriters>(
+        std::move(letters), [this](const std::string& path, const std::function<void(ByteSink&)>& writer) {
+            save(path, writer);
+        });
 }
 
 /// Prepares the conversion of several records at once, unless they cannot share a document.
@@ -233,10 +263,11 @@ void FillCommand::checkDistinct() {
     TakenNames taken;
     std::size_t number = 0;
     StructureDocument document;
-    document.Load(options_.dataFile, [&](const Record& record) {
+    const bool isLoaded = document.Load(options_.dataFile, [&](const Record& record) {
         if (std::ranges::binary_search(suspects, ++number))
             taken.take(names_.pathFor(record, number), number);
     });
+    if (!isLoaded) refuseFill(document.parseError().reason);
 }
 
 void FillCommand::checkTargets() {
@@ -288,7 +319,9 @@ void FillCommand::write() {
     try {
         readRecords();
         if (shared_) shared_->flush();
+        endThreads();
     } catch (const AutomationError& error) {
+        if (writers_) files_ = writers_->wait();
         ports_.files.finishBatch();
         if (files_ == 0) throw;
         throw AutomationError(error.number(), error.description() + " Before that, " +
@@ -296,6 +329,12 @@ void FillCommand::write() {
                                                   " written.");
     }
     finish();
+}
+
+void FillCommand::endThreads() {
+    if (!writers_) return;
+    files_ = writers_->wait();
+    writers_->raiseError();
 }
 
 void FillCommand::readRecords() try {
@@ -323,6 +362,8 @@ void FillCommand::writeRecord(Record& record) {
         listed_.push_back(std::move(record));
     } else if (use_ == letters::LetterUse::OneForAll) {
         letters_->append(record);
+    } else if (writers_) {
+        writers_->add(std::move(record), fullPath(names_.pathFor(record, number)));
     } else {
         writeLetter(names_.pathFor(record, number), {&record, 1});
     }

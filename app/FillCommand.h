@@ -4,6 +4,7 @@
 #include "app/FilledFormat.h"
 #include "app/GnuOptions.h"
 #include "app/LetterNames.h"
+#include "app/LetterWriters.h"
 #include "app/MappingSource.h"
 #include "app/OfficeFormats.h"
 #include "app/SeenControls.h"
@@ -72,11 +73,14 @@ class FillCommand {
     void noteDifferences(const std::vector<std::string>& texts);
     void write();
     void readRecords();
+    void endThreads();
     void writeRecord(Record& record);
     void refuseTemplate() const;
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer);
     void writeLetter(const std::string& path, std::span<const Record> records);
     void shareFiles(const letters::LetterSettings& settings);
+    void useThreads(const letters::LetterSettings& settings);
+    [[nodiscard]] std::unique_ptr<letters::LetterTemplate> openTemplate() const;
     void noteRemarks();
     void advance();
     void finish();
@@ -109,7 +113,8 @@ class FillCommand {
     std::unique_ptr<letters::Letters> letters_;
     std::unique_ptr<letters::LetterTemplate> sharedTemplate_;
     std::unique_ptr<SharedFiles> shared_;  ///< for formats that are converted, if records can share documents
-    std::vector<Record> listed_;           ///< all records, if a table lists them
+    std::unique_ptr<LetterWriters> writers_;  ///< if threads of their own write the letters
+    std::vector<Record> listed_;              ///< all records, if a table lists them
     std::size_t read_ = 0;
     std::size_t written_ = 0;
     std::size_t files_ = 0;

@@ -20,6 +20,7 @@ class FormatOf final : public FilledFormat {
         if (hasExtension_) return formats_.refusalToWrite(format_);
         return std::string("its format is not available. Choose ") + choices_ + ".";
     }
+    [[nodiscard]] bool isConverted() const override { return isConverted_; }
     void applyTo(letters::LetterSettings& settings) const override {
         set(settings, isConverted_ ? temporaryFormat(format_) : format_);
     }

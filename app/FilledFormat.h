@@ -24,6 +24,8 @@ class FilledFormat {
 
     /// Returns why a file of the output's name cannot be written, as a clause; empty if it can.
     [[nodiscard]] virtual std::string refusal() const = 0;
+    /// Returns true if an office converts what the engine writes.
+    [[nodiscard]] virtual bool isConverted() const = 0;
     /// Sets the format in which the engine writes.
     virtual void applyTo(letters::LetterSettings& settings) const = 0;
     /// Saves what the engine writes, and converts it if the engine does not write the format.

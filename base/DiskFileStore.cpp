@@ -92,6 +92,7 @@ void DiskFileStore::saveInBatch(const std::string& path, const std::function<voi
     TemporaryFile file(calls_, target, modeOf(target));
     writer(file);
     file.replaceTargetUnflushed();
+    const std::scoped_lock lock(batchMutex_);
     batch_.emplace(parentFolder(target), target);
 }
 

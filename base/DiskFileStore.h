@@ -4,6 +4,7 @@
 #include "base/FileSystemCalls.h"
 
 #include <map>
+#include <mutex>
 #include <optional>
 
 namespace mergeloom {
@@ -31,6 +32,7 @@ class DiskFileStore final : public FileStore {
     std::optional<mode_t> modeOf(const std::string& path);
 
     FileSystemCalls& calls_;
+    std::mutex batchMutex_;
     std::map<std::string, std::string> batch_;  ///< the folders of the batch, each with one of its files
 };
 

@@ -36,6 +36,7 @@ class FileStore {
     /// folder.
     virtual void checkFolder(const std::string& path) { static_cast<void>(path); }
     /// Writes a file as save does, but leaves it to finishBatch that its bytes are safe from a loss of power.
+    /// Several threads may call it and read at a time.
     virtual void saveInBatch(const std::string& path, const std::function<void(ByteSink&)>& writer) {
         save(path, writer);
     }
