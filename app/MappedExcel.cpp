@@ -127,11 +127,13 @@ bool MappedExcel::isForeign(const std::string& path) const {
 
 void MappedExcel::addDocument(const std::string& templatePath) {
     workbook_ = (*office_)->Workbooks()->Add(templatePath);
+    workbook_->giveUpUndo();
     refuseWithoutCells(**office_, templatePath);
 }
 
 void MappedExcel::openDocument(const std::string& path) {
     workbook_ = (*office_)->Workbooks()->Open(path);
+    workbook_->giveUpUndo();
     refuseWithoutCells(**office_, path);
 }
 

@@ -140,7 +140,7 @@ TEST(Workbook, takesAStepBackAltogether) {
     const excel::UndoRecordPtr record = book.application->UndoRecord();
     record->StartCustomRecord("Drop");
     editEverything(book);
-    record->EndCustomRecord();
+    EXPECT_TRUE(record->EndCustomRecord());
     EXPECT_FALSE(book.workbook->Saved());
     EXPECT_TRUE(book.workbook->Undo(1));
     EXPECT_FALSE(book.workbook->Undo(1));
@@ -157,6 +157,17 @@ TEST(Workbook, takesAStepBackAltogether) {
     const std::string once = book.files.files["/book.xlsx"];
     book.workbook->Save();
     EXPECT_EQ(book.files.files["/book.xlsx"], once);
+}
+
+TEST(Workbook, thatGaveUpUndoKeepsWhatARecordedStepChanged) {
+    OpenWorkbook book;
+    book.workbook->giveUpUndo();
+    const excel::UndoRecordPtr record = book.application->UndoRecord();
+    record->StartCustomRecord("Drop");
+    book.cell(1, 1)->SetValue("x");
+    EXPECT_FALSE(record->EndCustomRecord());
+    EXPECT_FALSE(book.workbook->Undo(1));
+    EXPECT_EQ(book.cell(1, 1)->Value(), "x");
 }
 
 TEST(Workbook, hasItsFormulasCalculatedAgain) {

@@ -3,14 +3,13 @@ import re
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
 from pathlib import Path
 
 import openpyxl
 
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import Atspi, Designer, click, document_has_keyboard, find, key, type_text, wait_for
+from designer_window import Atspi, Designer, document_has_keyboard, find, key, type_text, wait_for
 
 HELPER = Path(__file__).with_name("protected_files.py")
 PASSWORD = "Geheim-1"
@@ -64,26 +63,11 @@ class PasswordTest(DesignerTest):
         wait_for("the document", lambda: self.designer.title() == path.name and not self.designer.has_dialog())
         # The document gets the keyboard at the end of the command.
         wait_for("the keyboard in the document", document_has_keyboard)
-        self.wait_until_free()
-
-    def wait_until_free(self):
-        """Clicks on a node of the tree until it is selected, since the window ignores clicks during a command."""
-        def is_selected():
-            click(self.designer.node("Printed on"))
-            time.sleep(0.6)
-            cells = find(self.designer.application, "table cell", "Printed on")
-            return cells[0].get_state_set().contains(Atspi.StateType.SELECTED)
-        self.designer.wait_until_active()
-        wait_for("the end of the command", is_selected)
 
     def save(self):
-        """Presses Ctrl+S until the template is saved, since the window ignores keys during a command."""
-        def is_saved():
-            key("ctrl+s")
-            time.sleep(0.6)
-            return re.search("^Saved|was saved", self.designer.status())
         self.designer.wait_until_active()
-        wait_for("the saved file", is_saved)
+        key("ctrl+s")
+        wait_for("the saved file", lambda: re.search("^Saved|was saved", self.designer.status()))
 
 
 class InWord(PasswordTest):

@@ -5,9 +5,12 @@
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
+#include <QDragEnterEvent>
 #include <QElapsedTimer>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
+#include <QWidget>
 #include <chrono>
 #include <semaphore>
 #include <string>
@@ -91,13 +94,28 @@ TEST(OfficeWorker, OnlyTheNewestCounts) {
     EXPECT_THAT(ran, ElementsAre(3, 5)) << "a caret of before the drop has no place after it";
 }
 
-TEST(OfficeWorker, WindowsLiveMeanwhile) {
+TEST(OfficeWorker, WindowsLiveMeanwhileAndRefuseDrags) {
+    struct Target final : QWidget {
+        void dragEnterEvent(QDragEnterEvent* event) override { event->accept(); }
+    } target;
+    target.setAcceptDrops(true);
+    const QMimeData data;
+    const auto isTaken = [&] {
+        QDragEnterEvent event(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        event.ignore();
+        QCoreApplication::sendEvent(&target, &event);
+        return event.isAccepted();
+    };
+    EXPECT_TRUE(isTaken());
     OfficeWorker worker;
     std::binary_semaphore isTicking{0};
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { isTicking.release(); });
-    timer.start(5);
+    bool wasTaken = true;
+    QTimer::singleShot(5, &target, [&] {
+        wasTaken = isTaken();
+        isTicking.release();
+    });
     worker.run([&] { isTicking.acquire(); });
+    EXPECT_FALSE(wasTaken);
 }
 
 TEST(OfficeWorker, TellsOnlyOfLongJobs) {

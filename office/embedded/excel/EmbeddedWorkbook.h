@@ -29,6 +29,7 @@ class EmbeddedWorkbook final : public excel::Workbook {
     void SaveAs(const std::string& fileName, excel::XlFileFormat format) override;
     void Close(excel::SaveChanges saveChanges) override;
     bool Undo(int times) override;
+    void giveUpUndo() override { content_->undo().giveUp(); }
 
     [[nodiscard]] const std::shared_ptr<WorkbookContent>& content() const { return content_; }
 

@@ -15,7 +15,12 @@ class UndoLog {
     /// Discards the former step and starts a new one.
     void start() {
         actions_.clear();
-        recording_ = true;
+        recording_ = keepsSteps_;
+    }
+    /// Discards the step, and records none from now on.
+    void giveUp() {
+        actions_.clear();
+        recording_ = keepsSteps_ = false;
     }
     /// Returns true when the step has changes.
     bool stop() {
@@ -39,6 +44,7 @@ class UndoLog {
 
   private:
     model::UndoActions actions_;
+    bool keepsSteps_ = true;
     bool recording_ = false;
 };
 

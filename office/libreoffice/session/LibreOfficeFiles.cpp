@@ -286,31 +286,29 @@ std::string LibreOfficeFiles::exportedBytes(const DocumentReference& document, c
     return password.opened(DiskFileStore().read(copy));
 }
 
-/// Compares the undo lists, too, since the office regards a change as kept even if the copy could not be
-/// written to its place.
+/// The office regards a change as kept even if the copy could not be written to its place.
 bool LibreOfficeFiles::hasChangesToKeep(const DocumentReference& document) const {
     const Reference<css::document::XDocumentRecovery> recovery(document, UNO_QUERY);
     if (!recovery.is()) return false;
     if (recovery->wasModifiedSinceLastSave()) return true;
     const Reference<css::util::XModifiable> modifiable(document, UNO_QUERY_THROW);
-    return modifiable->isModified() && undoSteps(document) != keptSteps_;
+    return modifiable->isModified() && !hasKeptLastCopy_;
 }
 
 /// Stores a recovery file, which does not change the document's mark Saved.
 void LibreOfficeFiles::keepCopy(const DocumentReference& document, const std::string& path) try {
     const std::string copy = scratch_.forCopy(path);
     const ScopedTempFile temporary(scratch_, copy);
-    css::uno::Sequence<OUString> steps;
+    hasKeptLastCopy_ = false;
     connection_.call([&] {
         Properties properties = with(passwords_.of(document), {property("Overwrite", true)});
         append(properties, ownFilter(document, path));
-        steps = undoSteps(document);
         Reference<css::document::XDocumentRecovery>(document, UNO_QUERY_THROW)
             ->storeToRecoveryFile(toUno(fileUrl(copy)), sequenceOf(properties));
     });
     const std::string bytes = DiskFileStore().read(copy);
     files_.save(path, [&](ByteSink& sink) { sink.write(bytes); });
-    keptSteps_ = std::move(steps);
+    hasKeptLastCopy_ = true;
 } catch (const AutomationError& error) {
     if (error.number() != kCommandFailed) throw;
     raiseNotSaved(path, error.description());

@@ -155,8 +155,7 @@ class LibreOfficeFiles {
     FileAccess access_ = FileAccess::Edit;
     std::string password_;
     DocumentPasswords passwords_;
-    /// The undo list of the document that was kept last.
-    css::uno::Sequence<rtl::OUString> keptSteps_;
+    bool hasKeptLastCopy_ = true;
     std::vector<css::beans::PropertyValue> pdfOptions_;
 };
 

@@ -66,20 +66,12 @@ class ModifiedFlag {
     bool wasSet_;
 };
 
-/// Returns the titles of the user's steps in the undo list. The title of typing shows the text, so it changes
-/// with each key.
-inline css::uno::Sequence<OUString> undoSteps(const DocumentReference& document) {
-    const Reference<css::document::XUndoManagerSupplier> list(document, UNO_QUERY);
-    if (!list.is()) return {};
-    return list->getUndoManager()->getAllUndoActionTitles();
-}
-
 /// Locks the modified flag of a document. Export filters would set it, since they change the document's
 /// properties. Sets it at the end if the user changed the document meanwhile, which the undo list shows.
 class ModifiedFlagLock {
   public:
     explicit ModifiedFlagLock(const DocumentReference& document)
-        : document_(document), modifiable_(document, UNO_QUERY_THROW), steps_(undoSteps(document)) {
+        : modifiable_(document, UNO_QUERY_THROW), undoList_(document, UNO_QUERY), steps_(steps()) {
         modifiable_->disableSetModified();
     }
     ModifiedFlagLock(const ModifiedFlagLock&) = delete;
@@ -87,15 +79,22 @@ class ModifiedFlagLock {
     ~ModifiedFlagLock() {
         try {
             modifiable_->enableSetModified();
-            if (undoSteps(document_) != steps_) modifiable_->setModified(true);
+            if (steps() != steps_) modifiable_->setModified(true);
         } catch (const css::uno::Exception&) {
             // The office ended, and with it the document.
         }
     }
 
   private:
-    DocumentReference document_;
+    /// Returns the titles of the user's steps. The title of typing shows the text, so it changes with each
+    /// key.
+    [[nodiscard]] css::uno::Sequence<OUString> steps() const {
+        if (!undoList_.is()) return {};
+        return undoList_->getUndoManager()->getAllUndoActionTitles();
+    }
+
     Reference<css::util::XModifiable2> modifiable_;
+    Reference<css::document::XUndoManagerSupplier> undoList_;
     css::uno::Sequence<OUString> steps_;
 };
 
