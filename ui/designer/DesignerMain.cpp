@@ -44,8 +44,7 @@ GnuOptions readCommandLine(int count, char** values) {
 
 /// Chooses X11, the only window system in which the office can be embedded.
 void choosePlatform() {
-    const QByteArray chosen = qgetenv(kPlatform);
-    if (chosen.isEmpty() || chosen.startsWith("wayland")) qputenv(kPlatform, kXcb);
+    if (!qgetenv(kPlatform).startsWith(kXcb)) qputenv(kPlatform, kXcb);
 }
 
 /// Ends with a sentence for users when the toolkit finds no display; its own message is for developers.
