@@ -2,7 +2,6 @@
 
 #include "base/Text.h"
 #include "office/embedded/sheet/TreeEdit.h"
-#include "office/embedded/sheet/XmlText.h"
 #include "office/graft/ExportDifference.h"
 #include "office/graft/Refusal.h"
 #include "office/model/excel/SheetReference.h"
@@ -10,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <string_view>
 
 namespace mergeloom::graft {
@@ -62,13 +62,30 @@ void countSheet(pugi::xml_node attributeOwner, const char* name, std::size_t ind
     if (number && number.as_uint() >= index) number.set_value(number.as_uint() + 1);
 }
 
+/// Keeps the active sheet active. Without the attribute it is the first one (CT_BookView, ECMA-376 Part 1,
+/// 18.2.30). If another sheet became the active one, Excel would open both as a group.
+void countActiveSheet(pugi::xml_node view, std::size_t index) {
+    if (!view.attribute("activeTab") && index == 0) view.append_attribute("activeTab").set_value(0);
+    countSheet(view, "activeTab", index);
+}
+
+/// Returns the views of a workbook before a sheet is inserted. Adds one if its active sheet has to be noted.
+std::vector<pugi::xml_node> viewsOf(const BookTree& book, std::size_t index) {
+    pugi::xml_node root = book.root();
+    pugi::xml_node views = embedded::childNamed(root, "bookViews");
+    if (!views && index == 0)
+        views = root.insert_child_before(embedded::qualifiedName(root, "bookViews").c_str(), book.list());
+    if (!embedded::childNamed(views, "workbookView") && index == 0)
+        views.prepend_child(embedded::qualifiedName(root, "workbookView").c_str());
+    return embedded::childrenNamed(views, "workbookView");
+}
+
 void countSheets(const BookTree& book, std::size_t index) {
     for (const pugi::xml_node name :
          embedded::childrenNamed(embedded::childNamed(book.root(), "definedNames"), "definedName"))
         countSheet(name, "localSheetId", index);
-    for (const pugi::xml_node view :
-         embedded::childrenNamed(embedded::childNamed(book.root(), "bookViews"), "workbookView")) {
-        countSheet(view, "activeTab", index);
+    for (const pugi::xml_node view : viewsOf(book, index)) {
+        countActiveSheet(view, index);
         countSheet(view, "firstSheet", index);
     }
 }
@@ -98,6 +115,56 @@ void checkIsPlain(const ExportedSheet& sheet) {
     }
     if (!sheet.objects.empty()) throw Refusal("a sheet with more than cells was added", sheet.name());
 }
+
+/// Returns true for a character that shows that no sheet's name begins after it: it is in the middle of a
+/// name, as "DATA" ends like "A", or ends the number of another workbook. All characters outside of ASCII may
+/// be in names.
+bool isInName(char character) {
+    const bool isLetterOrDigit = std::isalnum(static_cast<unsigned char>(character)) != 0;
+    return isLetterOrDigit || static_cast<signed char>(character) < 0 ||
+           std::string_view("_.\\]'").find(character) != std::string_view::npos;
+}
+
+/// Finds references to a sheet outside of the cells' formulas.
+class SheetReferences {
+  public:
+    explicit SheetReferences(const std::string& sheet)
+        : name_(foldCase(sheet)),
+          spellings_{foldCase(excel::writtenSheetName(sheet)) + "!",
+                     "'" + replaceAll(name_, "'", "''") + "'!"} {}
+
+    /// Returns true if a formula or an attribute below the node refers to the sheet. Texts and stored results
+    /// may contain anything.
+    [[nodiscard]] bool areBelow(pugi::xml_node node) const {
+        const std::string_view name = opc::localName(node);
+        if (name == "t" || name == "v") return false;
+        for (const pugi::xml_attribute attribute : node.attributes())
+            if (isReference(attribute)) return true;
+        return std::ranges::any_of(node.children(), [&](pugi::xml_node child) {
+            return child.type() == pugi::node_element ? areBelow(child) : isIn(child.value());
+        });
+    }
+
+  private:
+    /// The sources of pivot tables contain the name alone.
+    [[nodiscard]] bool isReference(pugi::xml_attribute attribute) const {
+        const std::string_view name = attribute.name();
+        return isIn(attribute.value()) || (name == "sheet" && foldCase(attribute.value()) == name_);
+    }
+    [[nodiscard]] bool isIn(std::string_view text) const {
+        if (text.find('!') == std::string_view::npos) return false;
+        const std::string folded = foldCase(text);
+        return std::ranges::any_of(spellings_, [&](const std::string& spelling) {
+            std::size_t at = folded.find(spelling);
+            while (at != std::string::npos && at > 0 && isInName(folded[at - 1]))
+                at = folded.find(spelling, at + 1);
+            return at != std::string::npos;
+        });
+    }
+
+    std::string name_;
+    std::array<std::string, 2> spellings_;
+};
 
 std::string freePart(const opc::Package& package) {
     for (int number = 1;; ++number) {
@@ -165,13 +232,12 @@ void renameSheet(opc::Package& original, const std::string& former, const std::s
         throw Refusal("LibreOffice reads the sheets differently from the file", former);
     pugi::xml_node(sheets[index]).attribute("name").set_value(now.c_str());
     book.store();
-    const std::string reference = embedded::escapeXml(excel::writtenSheetName(former) + "!");
-    const std::string otherSpelling = replaceAll(reference, "'", "&apos;");
+    const SheetReferences references(former);
     for (const std::string& part : original.partNames()) {
         // The document's properties contain a copy of the sheets' names.
         if (!isXml(part) || part.starts_with("/docProps/")) continue;
-        const std::string xml = original.readPart(part);
-        if (xml.find(reference) != std::string::npos || xml.find(otherSpelling) != std::string::npos)
+        if (references.areBelow(
+                opc::XmlPart::parse(original.readPart(part), part, original.fileName())->root()))
             throw Refusal("a sheet was renamed to which charts, rules or pivot tables refer", former);
     }
 }

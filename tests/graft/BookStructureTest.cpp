@@ -47,6 +47,7 @@ TEST(BookStructure, RefusesWhatHasNoRule) {
 std::string twoSheets(const std::vector<std::string>& names, const std::string& cells,
                       const std::string& definedNames = "") {
     std::vector<TestSheet> sheets;
+    sheets.reserve(names.size());
     for (const std::string& name : names)
         sheets.push_back({name, "<sheetData>" + (name == "Data" ? "" : cells) + "</sheetData>"});
     return workbookFile(sheets,
@@ -70,6 +71,7 @@ TEST(BookStructure, RenamesASheetUnlessSomethingElseRefersToIt) {
         "<definedName name=\"Own\" localSheetId=\"1\">'My &amp; own'!$A$1</definedName>";
     const std::string original = twoSheets({"Data", "More"}, former, own);
     const std::string edited = twoSheets({"Data", "My &amp; own"}, now, ownNow);
+    const std::string refused = "refused: a sheet was renamed to which charts, rules or pivot tables refer";
     const std::string book = partAfter(original, original, edited, kWorkbookPart);
     EXPECT_THAT(book, HasSubstr("<sheet name=\"My &amp; own\" sheetId=\"2\""));
     EXPECT_THAT(book, HasSubstr(ownNow));
@@ -79,9 +81,21 @@ TEST(BookStructure, RenamesASheetUnlessSomethingElseRefersToIt) {
     referring.addPart("/docProps/app.xml", "application/xml", "<x>More!Own</x>");
     EXPECT_THAT(partAfter(packageBytes(referring), original, edited, kWorkbookPart),
                 HasSubstr("My &amp; own"));
-    referring.addPart("/xl/other.xml", "application/xml", "<x>More!$A$1</x>");
-    EXPECT_EQ(partAfter(packageBytes(referring), original, edited, kWorkbookPart),
-              "refused: a sheet was renamed to which charts, rules or pivot tables refer");
+    for (const char* other : {"<x>EVENMORE!A1+Ever.More!A1+[1]More!A1</x>", "<x>'Ever''More'!A1</x>",
+                              "<x><t>More!A1</t><y:v xmlns:y=\"z\">More!A1</y:v></x>"}) {
+        opc::Package harmless = opc::Package::read(original, "book");
+        harmless.addPart("/xl/other.xml", "application/xml", other);
+        EXPECT_THAT(partAfter(packageBytes(harmless), original, edited, kWorkbookPart),
+                    HasSubstr("My &amp; own"))
+            << other;
+    }
+    referring.addPart("/xl/other.xml", "application/xml", "<x/>");
+    for (const char* other :
+         {"<x>More!$A$1</x>", "<x>EVENMORE!A1+more!A1</x>", "<x>SUM('More'!Own)</x>", "<x sheet=\"More\"/>",
+          "<x><y location=\"More!A1\"/></x>", "<x>Data:More!A1</x>"}) {
+        referring.writePart("/xl/other.xml", other);
+        EXPECT_EQ(partAfter(packageBytes(referring), original, edited, kWorkbookPart), refused) << other;
+    }
     EXPECT_EQ(partAfter(original, original, twoSheets({"More", "Data"}, former), kWorkbookPart),
               "refused: sheets were moved or removed");
     EXPECT_EQ(partAfter(original, original, twoSheets({"Data"}, former), kWorkbookPart),
@@ -101,6 +115,27 @@ TEST(BookStructure, AddsASheetAtItsPlace) {
     EXPECT_THAT(book, HasSubstr("localSheetId=\"2\""));
     EXPECT_THAT(partAfter(original, shown, edited, sheetPart(3)), HasSubstr("<c r=\"B1\"><v>3</v></c>"));
     EXPECT_THAT(partAfter(original, shown, edited, sheetPart(2)), HasSubstr("<c r=\"A1\"/>"));
+}
+
+/// The active sheet remains the same; otherwise it and the new one would be edited together.
+TEST(BookStructure, KeepsTheActiveSheetWhenASheetIsAddedBeforeIt) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"", "<bookViews><workbookView activeTab=\"1\"/></bookViews><sheets>"},
+        {"<bookViews/>", "<bookViews><workbookView activeTab=\"1\"/></bookViews>"},
+        {"<bookViews><workbookView firstSheet=\"0\"/></bookViews>",
+         "<bookViews><workbookView firstSheet=\"1\" activeTab=\"1\"/></bookViews>"},
+        {"<bookViews><workbookView activeTab=\"1\"/><workbookView/></bookViews>",
+         "<bookViews><workbookView activeTab=\"2\"/><workbookView activeTab=\"1\"/></bookViews>"},
+    };
+    const std::string shown = twoSheets({"Data", "Last"}, "");
+    for (const auto& [views, expected] : cases) {
+        const std::string original = workbookFile({{"Data"}, {"Last"}}, "", views);
+        EXPECT_THAT(partAfter(original, shown, twoSheets({"Added", "Data", "Last"}, ""), kWorkbookPart),
+                    HasSubstr(expected));
+        const std::string after =
+            partAfter(original, shown, twoSheets({"Data", "Last", "Added"}, ""), kWorkbookPart);
+        EXPECT_THAT(after, HasSubstr(views + "<sheets>"));
+    }
 }
 
 /// A sheet with a chart or without a drawing, and an inserted picture after it, as LibreOffice writes it.
