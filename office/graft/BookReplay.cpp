@@ -85,11 +85,13 @@ void BookReplay::repeat(const ExportedSheet& former, const ExportedSheet& now,
 
 void BookReplay::repeatContent(std::size_t sheet, const CellChange& change) {
     const ExportedCell* const now = change.now;
-    const SheetPart& part = original_.sheet(sheet).part();
+    embedded::SheetContent& content = original_.sheet(sheet);
     if (now == nullptr || now->isEmpty()) return original_.setContent(sheet, change.place, {});
-    if (const std::optional<std::string> text = plainText(*now))
+    // setText ignores cells that are covered by merged cells, which have not been repeated yet.
+    const std::optional<std::string> text = plainText(*now);
+    if (text && !content.merged().isCovered(change.place))
         return original_.setText(sheet, change.place, *text);
-    original_.setContent(sheet, change.place, contentOf(*now, part));
+    original_.setContent(sheet, change.place, contentOf(*now, content.part()));
 }
 
 void BookReplay::repeatFormat(std::size_t sheet, const CellChange& change, const ExportedSheet& former,

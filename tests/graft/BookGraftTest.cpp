@@ -105,6 +105,13 @@ TEST(BookGraft, HandsASharedFormulaOverAndDropsTheChainForANewFormula) {
               rowOf("<c r=\"A1\"><v>8</v></c>") +
                   rowOf("<c r=\"A2\"><f t=\"shared\" si=\"0\" ref=\"A2\">B2*2</f><v>4</v></c>", "2"));
     EXPECT_EQ(triple.content("/xl/calcChain.xml", "calcChain"), "<c r=\"A2\" i=\"1\"/>");
+    BookTriple withNewResult = triple;
+    withNewResult.edited.cells = rowOf("<c r=\"A1\" t=\"n\"><v>8</v></c>") +
+                                 rowOf("<c r=\"A2\" t=\"str\"><f>B2*2</f><v>ten</v></c>", "2");
+    EXPECT_EQ(
+        withNewResult.cells(),
+        rowOf("<c r=\"A1\"><v>8</v></c>") +
+            rowOf("<c r=\"A2\" t=\"str\"><f t=\"shared\" si=\"0\" ref=\"A2\">B2*2</f><v>ten</v></c>", "2"));
     triple.edited.cells =
         rowOf("<c r=\"A1\" t=\"n\"><f>B1*2</f><v>2</v></c><c r=\"C1\" t=\"n\"><f>A1</f><v>2</v></c>") +
         rowOf("<c r=\"A2\" t=\"n\"><f>B2*2</f><v>4</v></c>", "2");
@@ -194,6 +201,25 @@ TEST(BookGraft, RepeatsSizesAndMerges) {
               "style=\"3\" "
               "customWidth=\"1\"/><col min=\"3\" max=\"5\" width=\"9\" style=\"3\"/>");
     EXPECT_EQ(triple.content(sheetPart(1), "mergeCells"), "<mergeCell ref=\"E1:F2\"/>");
+}
+
+/// Texts and numbers are typed into cells that merged cells covered before, or cover now.
+TEST(BookGraft, RepeatsWhatIsTypedWhereCellsWereMergedOrDivided) {
+    const std::string number = "<c r=\"A1\" t=\"n\"><v>1</v></c>";
+    const std::string typed = number + "<c r=\"B1\" t=\"s\"><v>1</v></c><c r=\"C1\" t=\"n\"><v>2</v></c>";
+    const std::string merged = "<mergeCells><mergeCell ref=\"A1:C1\"/></mergeCells>";
+    for (const bool isMergedNow : {false, true}) {
+        const std::string before = isMergedNow ? "" : merged;
+        const BookTriple triple{
+            {.cells = rowOf("<c r=\"A1\"><v>1</v></c><c r=\"B1\" s=\"1\"/>"), .afterCells = before},
+            {.cells = rowOf(number), .afterCells = before},
+            {.cells = rowOf(typed), .afterCells = isMergedNow ? merged : "", .texts = kTexts}};
+        EXPECT_EQ(triple.cells(), rowOf("<c r=\"A1\"><v>1</v></c><c r=\"B1\" s=\"1\" "
+                                        "t=\"inlineStr\"><is><t>a &amp; b</t></is></c>"
+                                        "<c r=\"C1\"><v>2</v></c>"));
+        EXPECT_EQ(triple.content(sheetPart(1), "mergeCells").find("ref=\"A1:C1\"") != std::string::npos,
+                  isMergedNow);
+    }
 }
 
 TEST(BookGraft, RepeatsNamesAsUnattendedRunsWriteThem) {

@@ -321,6 +321,17 @@ INSTANTIATE_TEST_SUITE_P(
                     sheetOf("<row r=\"1\"><c r=\"A1\" cm=\"1\"><f ca=\"1\">B1</f><v>2</v></c>"
                             "<c r=\"B1\"><f>1</f></c><c r=\"C1\"><v>1</v></c></row>")},
         WritingCase{
+            "result after another content, and of a new cell",
+            sheetOf("<row r=\"1\" s=\"3\" customFormat=\"1\"><c r=\"A1\"><v>1</v></c></row>"),
+            [](SheetPart& part) {
+                for (const char* cell : {"A1", "B1"}) {
+                    part.setContent(at(cell), {"", "<f>C1</f><v>2</v>"});
+                    part.setResult(at(cell), {"b", "<v>1</v>"});
+                }
+            },
+            sheetOf("<row r=\"1\" s=\"3\" customFormat=\"1\"><c r=\"A1\" t=\"b\"><f>C1</f><v>1</v></c>"
+                    "<c r=\"B1\" s=\"3\" t=\"b\"><f>C1</f><v>1</v></c></row>")},
+        WritingCase{
             "format before and after a text",
             sheetOf("<row r=\"1\"><c r=\"A1\"><v>1</v></c><c r=\"B1\" s=\"1\"/></row>"),
             [](SheetPart& part) {

@@ -236,13 +236,14 @@ void SheetPart::setResult(const excel::CellPosition& position, const CellContent
     const std::string xml = data_->state.cells.current(position);
     const CellXml parts = splitCell(xml, data_->state.index.prefix);
     if (parts.formula.empty() || parts.value.empty()) return;
-    CellEdit edit{CellEdit::Kind::Result, result.xml};
+    const CellEdit* const former = data_->state.edits.find(position);
+    CellEdit edit = former == nullptr ? CellEdit() : *former;
+    // An edit that gave the cell its formula, such as that of a shared formula's new master, has to stay.
+    const bool hasNewFormula = replacesContent(data_->state, position);
+    edit.kind = hasNewFormula ? CellEdit::Kind::Content : CellEdit::Kind::Result;
+    edit.content = (hasNewFormula ? std::string(parts.formula) : "") + result.xml;
     edit.type = result.type;
     data_->change(position, std::move(edit));
-}
-
-bool SheetPart::hasCell(const excel::CellPosition& position) const {
-    return !data_->state.cells.current(position).empty();
 }
 
 int SheetPart::styleAt(const excel::CellPosition& position) const {
@@ -253,10 +254,6 @@ int SheetPart::styleAt(const excel::CellPosition& position) const {
 
 std::optional<int> SheetPart::rowStyle(int row) const {
     return styleOfRow(data_->state, row);
-}
-
-int SheetPart::columnStyle(int column) const {
-    return styleOfColumn(data_->state, column);
 }
 
 void SheetPart::setStyle(const excel::CellPosition& position, int style) {

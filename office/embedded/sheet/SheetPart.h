@@ -74,14 +74,11 @@ class SheetPart {
     /// Replaces the stored result of the cell's formula, which stays. Does nothing if the cell has no result.
     void setResult(const excel::CellPosition& position, const CellContent& result);
 
-    /// Returns true if the part contains the cell, even an empty one.
-    [[nodiscard]] bool hasCell(const excel::CellPosition& position) const;
     /// Returns the index of the cell's format: that of the cell, its row or its column, whichever is defined
     /// first.
     [[nodiscard]] int styleAt(const excel::CellPosition& position) const;
     /// Returns the index of the format of a row's new cells; none if the row has no format of its own.
     [[nodiscard]] std::optional<int> rowStyle(int row) const;
-    [[nodiscard]] int columnStyle(int column) const;
     void setStyle(const excel::CellPosition& position, int style);
 
     /// Returns the smallest area that contains all cells; nothing if the sheet has none.
