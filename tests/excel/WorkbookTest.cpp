@@ -1,5 +1,7 @@
 #include "excel/WorkbookTest.h"
 
+#include "office/embedded/excel/WorkbookContent.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -181,6 +183,24 @@ TEST(Workbook, hasItsFormulasCalculatedAgain) {
     book.cell(1, 1)->SetValue("x");
     EXPECT_THAT(book.savedPart(kWorkbookPart), HasSubstr("</definedNames><calcPr fullCalcOnLoad=\"1\"/>"));
     EXPECT_THAT(OpenWorkbook().savedPart(kWorkbookPart), Not(HasSubstr("fullCalcOnLoad")));
+}
+
+TEST(Workbook, isUnchangedWhenTheHeaderOfATableRefusesANumber) {
+    opc::Package package = workbookPackage({{"One"}});
+    package.addPart("/xl/tables/table1.xml", kSpreadsheetType + "table+xml",
+                    "<table xmlns=\"" + kSpreadsheet +
+                        "\" id=\"1\" name=\"T\" ref=\"A1:A2\"><tableColumns><tableColumn id=\"1\" "
+                        "name=\"Town\"/></tableColumns></table>");
+    package.relationshipsOf(sheetPart(1)).addPart(officeType("table"), "/xl/tables/table1.xml");
+    MemoryFileStore files;
+    embedded::WorkbookContent content(std::move(package), files);
+    EXPECT_EQ(errorOf([&] {
+                  content.setContent(0, {1, 1}, {"", "<v>1</v>"});
+              }),
+              "The cell A1 of the sheet 'One' is in the header of a table, which has to be a text.");
+    EXPECT_TRUE(content.isSaved());
+    content.setContent(0, {2, 1}, {"", "<v>1</v>"});
+    EXPECT_FALSE(content.isSaved());
 }
 
 TEST(Pictures, standWhereTheyArePut) {

@@ -111,11 +111,11 @@ void WorkbookContent::setText(std::size_t sheetIndex, const excel::CellPosition&
 void WorkbookContent::setContent(std::size_t sheetIndex, const excel::CellPosition& cell,
                                  const CellContent& content) {
     SheetContent& sheetContent = sheet(sheetIndex);
-    const StoredCell stored = prepareWriting(sheetContent, cell);
     if (sheetContent.tables().isHeader(cell)) {
         refuse("The cell " + addressOf(cell) + " of the sheet '" + sheetContent.entry().name +
                "' is in the header of a table, which has to be a text.");
     }
+    const StoredCell stored = prepareWriting(sheetContent, cell);
     sheetContent.part().setContent(cell, content);
     const bool hasFormula = !sheetContent.part().cell(cell).formula.empty();
     if (!stored.formula.empty() && !hasFormula) calculationChain_.remove(sheetContent.entry().sheetId, cell);
