@@ -52,7 +52,7 @@ void BookExport::readSections(pugi::xml_node root, const std::string& partName) 
             sections_[child.name()] += canonical.of(child);
     const opc::Relationships& relationships = package_.relationshipsOf(partName);
     for (const opc::Relationship& relationship : std::vector(relationships.all())) {
-        const std::string type(relationship.type.substr(relationship.type.rfind('/') + 1));
+        const std::string type = sectionOfType(relationship.type);
         if (std::ranges::find(kOwnTypes, type) != kOwnTypes.end())
             sections_[type] += contentOf(package_, relationships.targetPart(relationship), bookRules());
     }

@@ -122,6 +122,10 @@ std::string contentOf(opc::Package& package, const std::string& partName, const 
     return CanonicalXml(rules, contentsOf(package, partName, rules)).of(part->root());
 }
 
+std::string sectionOfType(std::string_view relationshipType) {
+    return std::string(relationshipType.substr(relationshipType.rfind('/') + 1));
+}
+
 std::string reasonForSection(std::string_view section) {
     const auto* const found = std::ranges::find(kReasons, section, &SectionReason::section);
     if (found != std::end(kReasons)) return std::string(found->reason);

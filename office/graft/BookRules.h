@@ -21,6 +21,10 @@ TargetText contentsOf(opc::Package& package, const std::string& partName, const 
 /// Returns the canonical form of a part's content.
 std::string contentOf(opc::Package& package, const std::string& partName, const CanonicalRules& rules);
 
+/// Returns the name of the section for the target of a relationship: the last segment of its type. Types of
+/// all makers have one, such as "vbaProject".
+std::string sectionOfType(std::string_view relationshipType);
+
 /// Returns the clause of a refusal for a section of a sheet or of the workbook, a name of an element or of a
 /// relationship.
 std::string reasonForSection(std::string_view section);

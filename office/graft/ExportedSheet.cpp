@@ -138,7 +138,7 @@ void ExportedSheet::readSections(opc::Package& package, const std::string& partN
 void ExportedSheet::readTargets(opc::Package& package, const std::string& partName) {
     const opc::Relationships& relationships = package.relationshipsOf(partName);
     for (const opc::Relationship& relationship : std::vector(relationships.all())) {
-        const std::string type(opc::officeShortName(relationship.type));
+        const std::string type = sectionOfType(relationship.type);
         if (relationship.mode == opc::TargetMode::External) continue;
         const std::string target = relationships.targetPart(relationship);
         if (type == "drawing") readDrawing(package, target);
