@@ -203,9 +203,12 @@ void FormatTransfer::changeBorder(pugi::xml_node format, const ExportedFormat& f
     pugi::xml_node border = draft("border");
     for (const pugi::xml_attribute attribute : (known ? known : now.border).attributes())
         set(border, attribute.name(), attribute.value());
-    for (const char* name : {"diagonalUp", "diagonalDown"})
-        if (std::string_view(former.border.attribute(name).value()) != now.border.attribute(name).value())
-            set(border, name, now.border.attribute(name).value());
+    for (const char* name : {"diagonalUp", "diagonalDown"}) {
+        const std::string_view value = now.border.attribute(name).value();
+        if (value == former.border.attribute(name).value()) continue;
+        if (value.empty()) border.remove_attribute(name);
+        if (!value.empty()) set(border, name, std::string(value));
+    }
     for (const char* side :
          {"start", "left", "end", "right", "top", "bottom", "diagonal", "vertical", "horizontal"}) {
         const pugi::xml_node exported = now.border.child(side);
