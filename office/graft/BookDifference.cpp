@@ -1,5 +1,6 @@
 #include "office/graft/BookDifference.h"
 
+#include "office/embedded/sheet/FormulaReader.h"
 #include "office/graft/SequenceAlignment.h"
 
 #include <algorithm>
@@ -123,26 +124,55 @@ class Comparison {
     SheetDifference difference_;
 };
 
+std::size_t lineNumberOf(const ExportedCell& cell, Axis axis) {
+    return static_cast<std::size_t>(axis == Axis::Rows ? cell.place.row : cell.place.column);
+}
+
+std::string& keyOf(std::vector<std::string>& keys, std::size_t line) {
+    if (keys.size() < line) keys.resize(line);
+    return keys[line - 1];
+}
+
 /// Returns a text for the values in each row or column up to the last used one, regardless of their places in
 /// it, since columns may have been inserted as well. Formulas are left out, since their references change
 /// when cells move.
-std::vector<std::string> lineKeys(const ExportedSheet& sheet, Axis axis) {
+std::vector<std::string> valueKeys(const ExportedSheet& sheet, Axis axis) {
     std::vector<std::string> keys;
     for (const ExportedCell& cell : sheet.cells) {
         if (cell.isEmpty() || cell.hasFormula()) continue;
-        const int line = axis == Axis::Rows ? cell.place.row : cell.place.column;
-        if (keys.size() < static_cast<std::size_t>(line)) keys.resize(static_cast<std::size_t>(line));
-        std::string& key = keys[static_cast<std::size_t>(line) - 1];
-        key.append(cell.value).append(std::to_string(cell.textNumber)).append(" ");
+        keyOf(keys, lineNumberOf(cell, axis))
+            .append(cell.value)
+            .append(std::to_string(cell.textNumber))
+            .append(" ");
     }
     return keys;
 }
 
+/// Appends a formula without its references, which change when cells move.
+void appendPattern(std::string& key, std::string_view formula) {
+    key += '=';
+    for (embedded::FormulaReader reader(formula); reader.next();)
+        key += reader.reference() == nullptr ? reader.text() : "#";
+}
+
+/// Returns the keys of values, and in lines without values, such as that of the totals, the patterns of the
+/// formulas. In other lines the values suffice, and a formula there may be new.
+std::vector<std::string> allKeys(const ExportedSheet& sheet, Axis axis) {
+    const std::vector<std::string> values = valueKeys(sheet, axis);
+    std::vector<std::string> keys = values;
+    for (const ExportedCell& cell : sheet.cells) {
+        const std::size_t line = lineNumberOf(cell, axis);
+        const bool hasValues = line <= values.size() && !values[line - 1].empty();
+        if (cell.hasFormula() && !hasValues) appendPattern(keyOf(keys, line), cell.formula);
+    }
+    return keys;
+}
+
+using LineKeys = std::vector<std::string> (*)(const ExportedSheet& sheet, Axis axis);
+
 /// Returns true if rows or columns have moved: more lines differ at equal numbers than after an alignment. A
 /// difference of one line is ignored, since an edit between equal lines can look like a move.
-bool hasMovedLines(const ExportedSheet& former, const ExportedSheet& now, Axis axis) {
-    const std::vector<std::string> formerKeys = lineKeys(former, axis);
-    const std::vector<std::string> nowKeys = lineKeys(now, axis);
+bool hasMovedLines(const std::vector<std::string>& formerKeys, const std::vector<std::string>& nowKeys) {
     const auto gaps = gapsBetween(formerKeys, nowKeys);
     // Nearly all lines differ, as after sorting, so a move cannot be recognised.
     if (!gaps) return false;
@@ -179,12 +209,13 @@ bool isClean(const std::vector<Gap>& gaps) {
 }
 
 /// What was appended or removed at the end has moved nothing.
-std::optional<LineShift> shiftAlong(const ExportedSheet& former, const ExportedSheet& now, Axis axis) {
-    const std::vector<std::string> formerKeys = lineKeys(former, axis);
-    const std::vector<std::string> nowKeys = lineKeys(now, axis);
+std::optional<LineShift> shiftAlong(const ExportedSheet& former, const ExportedSheet& now, Axis axis,
+                                    LineKeys keysOf) {
+    const std::vector<std::string> formerKeys = keysOf(former, axis);
+    const std::vector<std::string> nowKeys = keysOf(now, axis);
     const auto gaps = gapsBetween(formerKeys, nowKeys);
     if (!gaps || hasLineElsewhere(*gaps, formerKeys, nowKeys)) return {};
-    if (!isClean(*gaps) && !hasMovedLines(former, now, axis)) return {};
+    if (!isClean(*gaps) && !hasMovedLines(formerKeys, nowKeys)) return {};
     for (const Gap& gap : *gaps) {
         const auto removed = static_cast<int>(gap.formerEnd - gap.formerStart);
         const auto inserted = static_cast<int>(gap.nowEnd - gap.nowStart);
@@ -234,12 +265,18 @@ bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now) {
 }
 
 std::optional<LineShift> findShift(const ExportedSheet& former, const ExportedSheet& now) {
-    const std::optional<LineShift> rows = shiftAlong(former, now, Axis::Rows);
-    return rows ? rows : shiftAlong(former, now, Axis::Columns);
+    for (const LineKeys keysOf : {valueKeys, allKeys})
+        for (const Axis axis : {Axis::Rows, Axis::Columns})
+            if (const auto shift = shiftAlong(former, now, axis, keysOf)) return shift;
+    return {};
 }
 
 bool hasMovedCells(const ExportedSheet& former, const ExportedSheet& now) {
-    return hasMovedLines(former, now, Axis::Rows) || hasMovedLines(former, now, Axis::Columns);
+    const auto haveMoved = [&](Axis axis, LineKeys keysOf) {
+        return hasMovedLines(keysOf(former, axis), keysOf(now, axis));
+    };
+    return haveMoved(Axis::Rows, valueKeys) || haveMoved(Axis::Columns, valueKeys) ||
+           haveMoved(Axis::Rows, allKeys) || haveMoved(Axis::Columns, allKeys);
 }
 
 }  // namespace mergeloom::graft

@@ -172,6 +172,61 @@ TEST(BookShiftTest, TellsAnInsertionFromTyping) {
         EXPECT_THAT(sheetAfter(own, typed), HasSubstr("<z ref=\"A6\"/>"));
 }
 
+/// Rows of values, a row of totals without values of its own, and what else is there.
+struct FormulaCase {
+    std::string what;
+    std::string former;  ///< the last rows of the export
+    std::string now;
+    std::string expected;
+};
+
+TEST(BookShiftTest, MovesLinesOfFormulasAlone) {
+    const auto totals = [](int row, const std::string& area) {
+        const std::string at = std::to_string(row);
+        return rowOf(cellOf("A" + at, " t=\"n\"><f>SUM(" + area + ")</f><v>9</v>") +
+                         cellOf("B" + at, " t=\"n\"><f>A" + at + "/2</f><v>9</v>"),
+                     at);
+    };
+    const auto typed = [](int row, const std::string& value) {
+        return rowOf(cellOf("A" + std::to_string(row), " t=\"n\"><v>" + value + "</v>"), std::to_string(row));
+    };
+    const std::string own = "<z ref=\"A7\"/>";
+    const std::string now = "<z ref=\"A8\"/>";
+    const std::vector<FormulaCase> cases{
+        {"an empty row", totals(7, "A1:A6"), totals(8, "A1:A6"), now},
+        {"a row that was filled", totals(7, "A1:A6"), typed(7, "77") + totals(8, "A1:A7"), now},
+        {"a removed row", typed(6, "66") + totals(7, "A1:A6"), totals(6, "A1:A5"), "<z ref=\"A6\"/>"},
+        {"another formula", totals(7, "A1:A6"), totals(7, "A2:A5"), own},
+        {"another row below", totals(7, "A1:A6"), totals(7, "A1:A6") + totals(8, "A1:A6"), own},
+        {"a value", totals(7, "A1:A6"), typed(7, "70"), own},
+        {"several rows", totals(7, "A1:A6") + totals(8, "A1:A5") + totals(9, "A1:A4") + typed(10, "7"),
+         totals(9, "A1:A6") + totals(10, "A1:A5") + totals(11, "A1:A4") + typed(12, "7"), "<z ref=\"A9\"/>"},
+    };
+    const std::vector<int> values{1, 2, 3, 4, 5};
+    for (const FormulaCase& each : cases) {
+        BookTriple triple;
+        triple.original = {.cells = rowsOf(values, "") + each.former, .afterCells = own};
+        triple.baseline = {.cells = rowsOf(values, " t=\"n\"") + each.former};
+        triple.edited = {.cells = rowsOf(values, " t=\"n\"") + each.now};
+        EXPECT_THAT(triple.part(sheetPart(1)), HasSubstr(each.expected)) << each.what;
+    }
+}
+
+TEST(BookShiftTest, MovesColumnsOfFormulasAlone) {
+    const auto rows = [](const std::string& type, char column) {
+        std::string all;
+        for (const char* at : {"1", "2", "3"})
+            all += rowOf(cellOf(std::string("A") + at, type + "><v>" + at + "</v>") +
+                             cellOf(column + std::string(at), type + "><f>A" + at + "*2</f><v>1</v>"),
+                         at);
+        return all;
+    };
+    const BookTriple triple{{.cells = rows("", 'B'), .afterCells = "<z ref=\"B2\"/>"},
+                            {.cells = rows(" t=\"n\"", 'B')},
+                            {.cells = rows(" t=\"n\"", 'C')}};
+    EXPECT_THAT(triple.part(sheetPart(1)), HasSubstr("<z ref=\"C2\"/>"));
+}
+
 TEST(BookShiftTest, RefusesWhatCannotBeTold) {
     struct Case {
         std::string expected;

@@ -100,7 +100,7 @@ std::string longBook() {
     rows += "<row r=\"7\"><c r=\"A7\"><f>SUM(A1:A6)</f><v>21</v></c></row>";
     package.writePart(sheetPart(1), "<worksheet xmlns=\"" + kSpreadsheet +
                                         "\" xmlns:x=\"urn:ours\"><sheetData>" + rows +
-                                        "</sheetData><x:mine sqref=\"B3\"/></worksheet>");
+                                        "</sheetData><x:mine sqref=\"B3 B7\"/></worksheet>");
     package.removePart("/xl/calcChain.xml");
     package.writePart(kWorkbookPart, replaceAll(package.readPart(kWorkbookPart), "$A$1", "$A$2"));
     return packageBytes(package);
@@ -215,19 +215,22 @@ TEST_F(BookOriginalTest, GetsInsertedAndRemovedRowsAndColumns) {
         std::string cells;  ///< which the result contains
         std::string sum;
         std::string name;
-        std::string mine;  ///< the cell of the original's own element; empty if it goes
+        std::string mine;  ///< the cells of the original's own element; empty if they go
     };
     const std::vector<Case> cases{
         {"a row", [](auto& rows, auto&) { rows.insertByIndex(1, 1); },
-         "<row r=\"3\"><c r=\"A3\" s=\"1\"><v>2</v></c>", "<f>SUM(A1:A7)</f><v>21</v>", "$A$3", "B4"},
+         "<row r=\"3\"><c r=\"A3\" s=\"1\"><v>2</v></c>", "<f>SUM(A1:A7)</f><v>21</v>", "$A$3", "B4 B8"},
         {"two rows", [](auto& rows, auto&) { rows.insertByIndex(2, 2); },
-         "<row r=\"5\"><c r=\"A5\" s=\"1\"><v>3</v></c>", "<f>SUM(A1:A8)</f><v>21</v>", "$A$2", "B5"},
+         "<row r=\"5\"><c r=\"A5\" s=\"1\"><v>3</v></c>", "<f>SUM(A1:A8)</f><v>21</v>", "$A$2", "B5 B9"},
+        {"a row before the sum", [](auto& rows, auto&) { rows.insertByIndex(6, 1); },
+         "<row r=\"6\"><c r=\"A6\" s=\"1\"><v>6</v></c>", "<c r=\"A8\"><f>SUM(A1:A6)</f><v>21</v>", "$A$2",
+         "B3 B8"},
         {"a row gone", [](auto& rows, auto&) { rows.removeByIndex(0, 1); },
-         "<row r=\"1\"><c r=\"A1\" s=\"1\"><v>2</v></c>", "<f>SUM(A1:A5)</f><v>20</v>", "$A$1", "B2"},
+         "<row r=\"1\"><c r=\"A1\" s=\"1\"><v>2</v></c>", "<f>SUM(A1:A5)</f><v>20</v>", "$A$1", "B2 B6"},
         {"a column", [](auto&, auto& columns) { columns.insertByIndex(0, 1); },
          "<c r=\"B2\" s=\"1\"><v>2</v></c><c r=\"C2\"><v>20</v></c><c r=\"D2\"><v>200</v></c><c "
          "r=\"E2\"><f>B2*2</f>",
-         "<f>SUM(B1:B6)</f><v>21</v>", "$B$2", "C3"},
+         "<f>SUM(B1:B6)</f><v>21</v>", "$B$2", "C3 C7"},
         {"a column gone", [](auto&, auto& columns) { columns.removeByIndex(1, 1); },
          "<c r=\"A2\" s=\"1\"><v>2</v></c><c r=\"B2\"><v>200</v></c><c r=\"C2\"><f>A2*2</f>",
          "<f>SUM(A1:A6)</f><v>21</v>", "$A$2", ""},
@@ -237,7 +240,7 @@ TEST_F(BookOriginalTest, GetsInsertedAndRemovedRowsAndColumns) {
              rows.insertByIndex(2, 1);
              columns.insertByIndex(1, 1);
          },
-         "<row r=\"4\"><c r=\"A4\" s=\"1\"><v>3</v></c>", "<f>SUM(A1:A6)</f><v>16</v>", "$A$2", "C4"},
+         "<row r=\"4\"><c r=\"A4\" s=\"1\"><v>3</v></c>", "<f>SUM(A1:A6)</f><v>16</v>", "$A$2", "C4 C7"},
     };
     for (const Case& each : cases) {
         original = longBook();
