@@ -20,6 +20,7 @@
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/table/XTableColumns.hpp>
 #include <com/sun/star/table/XTableRows.hpp>
+#include <com/sun/star/util/XMergeable.hpp>
 #include <functional>
 
 namespace mergeloom {
@@ -30,6 +31,7 @@ using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 const std::string kForm =
     "<db><Form Name='F'><Control Name='City' Caption='Town'/><Control Name='Street' Caption='Street'/>"
@@ -91,7 +93,8 @@ std::string longBook() {
     for (int row = 1; row <= 6; ++row) {
         const std::string number = std::to_string(row);
         const auto cell = [&](const std::string& column, const std::string& content) {
-            return "<c r=\"" + column + number + "\"" + content + "</c>";
+            return std::string("<c r=\"").append(column).append(number).append("\"").append(content).append(
+                "</c>");
         };
         rows += "<row r=\"" + number + "\">" + cell("A", " s=\"1\"><v>" + number + "</v>") +
                 cell("B", "><v>" + number + "0</v>") + cell("C", "><v>" + number + "00</v>") +
@@ -259,6 +262,27 @@ TEST_F(BookOriginalTest, GetsInsertedAndRemovedRowsAndColumns) {
         workbook->Close(excel::SaveChanges::No);
     }
     workbook = nullptr;
+}
+
+TEST_F(BookOriginalTest, GetsTextsOfDividedCellsAndASheetBeforeItsFirst) {
+    opc::Package package = opc::Package::read(original, "book");
+    package.writePart(sheetPart(1),
+                      replaceAll(package.readPart(sheetPart(1)), "</sheetData>",
+                                 "</sheetData><mergeCells><mergeCell ref=\"A1:C1\"/></mergeCells>"));
+    original = packageBytes(package);
+    openOriginal();
+    edit([&](const Reference<css::table::XCellRange>& sheet) {
+        Reference<css::util::XMergeable>(sheet->getCellRangeByName("A1:C1"), UNO_QUERY_THROW)->merge(false);
+        sheet->getCellByPosition(2, 0)->setFormula("typed");
+        Reference<css::sheet::XSpreadsheetDocument>(libreoffice::componentOf(*workbook), UNO_QUERY_THROW)
+            ->getSheets()
+            ->insertNewByName("New", 0);
+    });
+    const std::string file = saved();
+    const std::string sheetXml = partOf(file, sheetPart(1));
+    EXPECT_THAT(sheetXml, HasSubstr(">typed</t></is></c>"));
+    EXPECT_THAT(sheetXml, Not(HasSubstr("mergeCell")));
+    EXPECT_THAT(partOf(file, kWorkbookPart), HasSubstr("activeTab=\"1\""));
 }
 
 TEST_F(BookOriginalTest, IsNotSpoiltMoreByManySavesThanByOne) {
