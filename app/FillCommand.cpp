@@ -363,7 +363,8 @@ void FillCommand::writeRecord(Record& record) {
     } else if (use_ == letters::LetterUse::OneForAll) {
         letters_->append(record);
     } else if (writers_) {
-        writers_->add(std::move(record), fullPath(names_.pathFor(record, number)));
+        std::string path = fullPath(names_.pathFor(record, number));
+        writers_->add(std::move(record), std::move(path));
     } else {
         writeLetter(names_.pathFor(record, number), {&record, 1});
     }
