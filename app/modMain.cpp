@@ -1,8 +1,11 @@
 #include "app/modMain.h"
 
 #include "app/mCommandLine.h"
+#include "base/AutomationError.h"
+#include "base/DatabaseFile.h"
 #include "base/DocumentLock.h"
 #include "base/FileLock.h"
+#include "base/OptionReader.h"
 #include "base/Paths.h"
 #include "base/Text.h"
 
@@ -50,7 +53,15 @@ bool IsFileLocked(const std::string& vstrPath) {
 void DeleteXmlFileIfRequested() {
     if (GetCommandLineArgument(kDeleteXmlFileSwitch).empty()) return;
     const std::string xmlFile = GetCommandLineArgument(kXmlFileSwitch);
-    if (fileExists(xmlFile)) removeFile(xmlFile);
+    if (fileExists(xmlFile) && !isDatabaseFile(xmlFile)) removeFile(xmlFile);
+}
+
+void RefuseDeletionOfDatabase() {
+    const std::string xmlFile = GetCommandLineArgument(kXmlFileSwitch);
+    if (GetCommandLineArgument(kDeleteXmlFileSwitch).empty() || !isDatabaseFile(xmlFile)) return;
+    throw AutomationError(kOptionNotUnderstood, "'" + xmlFile +
+                                                    "' is a database, which is never deleted: leave out "
+                                                    "-deletexmlfile.");
 }
 
 bool IsInsideQuotes(std::string_view text, std::size_t position) {

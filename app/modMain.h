@@ -24,9 +24,11 @@ std::string AddTrailingBackslash(const std::string& vstrFolder);
 /// LibreOffice and the designer put beside a document that they have open. A file that cannot be opened
 /// counts as locked.
 bool IsFileLocked(const std::string& vstrPath);
-/// Deletes the structure document when the command line requires it. Raises kPermissionDenied with a sentence
-/// that names the file when it exists and cannot be deleted.
+/// Deletes the structure document when the command line requires it, but never a database. Raises
+/// kPermissionDenied with a sentence that names the file when it exists and cannot be deleted.
 void DeleteXmlFileIfRequested();
+/// Raises kOptionNotUnderstood when the command line requires the deletion of a database.
+void RefuseDeletionOfDatabase();
 
 enum class TrimMode { Left = 0, Both = 1, Right = 2 };
 

@@ -129,6 +129,7 @@ void Run::start(std::span<const std::string> arguments) {
             : CommandLineText::fromArguments(arguments.subspan(options_.firstArgument)),
         commandLine);
     gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
+    RefuseDeletionOfDatabase();
 }
 
 bool Run::mapUnattended() {

@@ -15,7 +15,7 @@ class StopSignal {
     StopSignal& operator=(const StopSignal&) = delete;
     ~StopSignal();
 
-    /// Returns the signal that came; 0 for none.
+    /// Returns the signal that was received; 0 for none.
     [[nodiscard]] static int received();
 };
 

@@ -64,6 +64,11 @@ struct Table {
     std::optional<ViewDefinition> definition{};  ///< of a view whose rows the database itself does not select
 };
 
+/// Returns the table with this name or, if there is none, one with a name that differs only in case, or null.
+const Table* tableNamed(const std::vector<Table>& tables, const std::string& name);
+/// Returns the column of a table by the same rules, or null.
+const Column* columnNamed(const Table& table, const std::string& name);
+
 /// The sections of a form, with the numbers that the structure document uses.
 enum class FormSection : std::uint8_t { Detail, Header, Footer, PageHeader, PageFooter };
 
@@ -144,11 +149,14 @@ class Database {
     /// Returns the forms that the database stores.
     [[nodiscard]] virtual const std::vector<StoredForm>& forms() const;
     /// Returns sentences about the parts of the database that cannot be described.
-    [[nodiscard]] virtual const std::vector<std::string>& remarks() const = 0;
+    [[nodiscard]] virtual const std::vector<std::string>& remarks() const;
+    /// Returns true if the rows of a table or view can be selected.
+    [[nodiscard]] virtual bool canSelect(const std::string& table) const;
     /// Raises kFileCouldNotBeRead with a sentence that names the database.
     virtual std::unique_ptr<Cursor> select(const RowQuery& query) = 0;
-    /// Returns one of the values of a column of Bytes; empty if there is none. Raises kFileCouldNotBeRead.
-    virtual std::string sampleOf(const std::string& table, const std::string& column) = 0;
+    /// Returns one of the values of a column of Bytes, an empty text if there is none, or nothing if the
+    /// column belongs to a view that cannot be selected. Raises kFileCouldNotBeRead.
+    virtual std::optional<std::string> sampleOf(const std::string& table, const std::string& column) = 0;
 };
 
 }  // namespace mergeloom::describe

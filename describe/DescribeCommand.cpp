@@ -98,13 +98,17 @@ class PictureColumns {
     }
 
     std::string readImage(const std::string& table, const std::string& column) {
-        const std::string bytes = database_.sampleOf(table, column);
+        const std::optional<std::string> bytes = database_.sampleOf(table, column);
         const std::string name = "The column '" + column + "' of '" + table + "' is left out: ";
-        if (!isPicture(bytes)) {
-            events_.remark(name + (bytes.empty() ? "it is empty." : "it holds bytes that are no pictures."));
+        if (!bytes) {
+            events_.remark(name + "its query can be run by Access only.");
             return {};
         }
-        if (folder_ != nullptr) return folder_->add(column, bytes);
+        if (!isPicture(*bytes)) {
+            events_.remark(name + (bytes->empty() ? "it is empty." : "it holds bytes that are no pictures."));
+            return {};
+        }
+        if (folder_ != nullptr) return folder_->add(column, *bytes);
         events_.remark(
             name + "its pictures become files beside the structure document, which needs '--output FILE'.");
         return {};
@@ -190,12 +194,12 @@ class Description {
     void writeRecords(XmlStream& xml, const ValueFormat& format) {
         const ObjectDesign& whole = objects_.front();
         if (!whole.hasTable()) {
-            throw AutomationError(
-                kFileCouldNotBeRead,
-                "The records of '" + whole.fullName() + "' cannot be read: they are not those of a table.");
+            throw AutomationError(kFileCouldNotBeRead, "The records of '" + whole.fullName() +
+                                                           "' cannot be read from '" + options_.source +
+                                                           "': they are not those of a table.");
         }
         tellOmissions(whole);
-        const ObjectDesign object = selectablePart(whole);
+        const ObjectDesign object = selectablePart(whole, database_);
         DataWriter data(xml, database_, object, options_.records);
         const std::int64_t count = data.write(RecordWriter(xml, format, pictures_, object), events_);
         if (count > 0) return;
@@ -215,6 +219,9 @@ class Description {
         for (const SubformDesign& subform : object.subforms) {
             if (subform.link.columns.empty()) {
                 events_.remark("The subform '" + subform.name + "'" + end + "no columns link it to a table.");
+            } else if (!database_.canSelect(subform.form.table)) {
+                events_.remark("The subform '" + subform.name + "'" + end + "the query '" +
+                               subform.form.table + "' can be run by Access only.");
             } else {
                 tellOmissions(subform.form);
             }

@@ -132,18 +132,6 @@ bool isKey(const Table& table, const std::string& column) {
 
 }  // namespace
 
-const Table* tableNamed(const std::vector<Table>& tables, const std::string& name) {
-    const auto found = std::ranges::find_if(
-        tables, [&](const Table& table) { return equalsIgnoringCase(table.name, name); });
-    return found == tables.end() ? nullptr : &*found;
-}
-
-const Column* columnNamed(const Table& table, const std::string& name) {
-    const auto found = std::ranges::find_if(
-        table.columns, [&](const Column& column) { return equalsIgnoringCase(column.name, name); });
-    return found == table.columns.end() ? nullptr : &*found;
-}
-
 std::optional<Lookup> lookupIn(const ListSource& list, const std::string& column,
                                const std::vector<Table>& tables) {
     if (list.rows.empty() || list.boundColumn < 1) return std::nullopt;

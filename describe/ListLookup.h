@@ -8,11 +8,6 @@
 
 namespace mergeloom::describe {
 
-/// Returns the table with this name, regardless of case, or null.
-const Table* tableNamed(const std::vector<Table>& tables, const std::string& name);
-/// Returns the column of a table with this name, regardless of case, or null.
-const Column* columnNamed(const Table& table, const std::string& name);
-
 /// Returns the column that a list shows for the values of a column. Returns none for a list that is no table
 /// and no "SELECT columns FROM table", and if the rows of the list are not identified by the values.
 std::optional<Lookup> lookupIn(const ListSource& list, const std::string& column,

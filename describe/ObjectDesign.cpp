@@ -17,6 +17,15 @@ namespace {
 /// out; these show their keys.
 constexpr std::size_t kMaxLookups = 48;
 
+void limitLookups(ObjectDesign& object) {
+    std::size_t lookups = 0;
+    for (ControlDesign& control : object.controls) {
+        if (control.lookup && ++lookups > kMaxLookups) control.lookup.reset();
+    }
+    for (SubformDesign& subform : object.subforms)
+        limitLookups(subform.form);
+}
+
 /// A foreign key and the table that has it.
 struct Reference {
     const Table* from = nullptr;
@@ -138,14 +147,11 @@ class ObjectDesigner {
     }
 
     void lookUp(ObjectDesign& object, const Table& table) const {
-        std::size_t lookups = 0;
         for (ControlDesign& control : object.controls) {
-            if (lookups == kMaxLookups) return;
             control.lookup = lookupIn(control.column.list, control.column.name, tables_);
             if (!control.lookup) control.lookup = lookupOf(table, control.column);
             if (!control.lookup) continue;
             if (control.type != ControlType::Listbox) control.type = ControlType::Combobox;
-            ++lookups;
         }
     }
 
@@ -189,11 +195,6 @@ class ObjectDesigner {
 
 }  // namespace
 
-const std::vector<StoredForm>& Database::forms() const {
-    static const std::vector<StoredForm> kNone;
-    return kNone;
-}
-
 std::string asCaption(const std::string& text) {
     return replaceAll(text, "&", "&&");
 }
@@ -203,15 +204,19 @@ std::string ObjectDesign::fullName() const {
 }
 
 std::vector<ObjectDesign> designObjects(const Database& database) {
-    return ObjectDesigner(database).design();
+    std::vector<ObjectDesign> objects = ObjectDesigner(database).design();
+    std::ranges::for_each(objects, limitLookups);
+    return objects;
 }
 
-ObjectDesign selectablePart(const ObjectDesign& object) {
+ObjectDesign selectablePart(const ObjectDesign& object, const Database& database) {
     ObjectDesign part = object;
     std::erase_if(part.controls, [](const ControlDesign& control) { return control.column.name.empty(); });
-    std::erase_if(part.subforms, [](const SubformDesign& subform) { return subform.link.columns.empty(); });
+    std::erase_if(part.subforms, [&](const SubformDesign& subform) {
+        return subform.link.columns.empty() || !database.canSelect(subform.form.table);
+    });
     for (SubformDesign& subform : part.subforms)
-        subform.form = selectablePart(subform.form);
+        subform.form = selectablePart(subform.form, database);
     return part;
 }
 

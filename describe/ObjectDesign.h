@@ -60,7 +60,7 @@ inline constexpr std::size_t kMaxSubformDepth = 2;
 /// then the tables and the queries, each in the order of the database.
 std::vector<ObjectDesign> designObjects(const Database& database);
 
-/// Returns the object without the controls and subforms whose values cannot be selected.
-ObjectDesign selectablePart(const ObjectDesign& object);
+/// Returns the object without the controls and subforms whose values cannot be selected from the database.
+ObjectDesign selectablePart(const ObjectDesign& object, const Database& database);
 
 }  // namespace mergeloom::describe

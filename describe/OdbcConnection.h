@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,13 @@ namespace mergeloom::describe {
 struct OdbcError {
     std::string state{};     ///< SQLSTATE
     std::string sentence{};  ///< one line
+};
+
+/// The place of a table. An empty catalog or schema matches any.
+struct OdbcTable {
+    std::string catalog{};
+    std::string schema{};
+    std::string name{};
 };
 
 /// A connection to a database of ODBC.
@@ -57,9 +63,9 @@ class OdbcStatement {
     /// An empty catalog or schema matches any; "%" matches any schema. Raise OdbcError.
     void listTables(const std::string& catalog);
     void listColumns(const std::string& catalog, const std::string& schemas);
-    void listPrimaryKey(const std::string& catalog, const std::string& schema, const std::string& table);
-    void listUniqueIndexes(const std::string& catalog, const std::string& schema, const std::string& table);
-    void listForeignKeys(const std::string& catalog, const std::string& schema, const std::string& table);
+    void listPrimaryKey(const OdbcTable& table);
+    void listUniqueIndexes(const OdbcTable& table);
+    void listForeignKeys(const OdbcTable& table);
 
     /// Moves to the next row and reads it. Raises OdbcError.
     bool next();
@@ -69,6 +75,8 @@ class OdbcStatement {
     [[nodiscard]] int number(std::size_t column) const;
 
   private:
+    template <typename Call>
+    void list(const OdbcTable& table, const Call& call);
     void check(short result) const;
     void prepareRows();
     void readValue(std::size_t column);

@@ -1,6 +1,7 @@
 #include "describe/OdbcSource.h"
 
 #include "base/AutomationError.h"
+#include "base/DatabaseFile.h"
 #include "base/OptionReader.h"
 #include "base/Paths.h"
 #include "base/Text.h"
@@ -71,7 +72,11 @@ std::string odbcDatabaseName(std::string_view source) {
     for (const std::string_view key : {"DSN", "DATABASE", "DB"}) {
         const auto found = std::ranges::find_if(
             pairs, [key](const auto& pair) { return equalsIgnoringAsciiCase(pair.first, key); });
-        if (found != pairs.end()) return fileNameOnly(found->second);
+        if (found == pairs.end()) continue;
+        const std::string name = fileNameOnly(found->second);
+        // The point in the name of a data source or of a server's database begins no extension.
+        const bool isFile = key != "DSN" && (name != found->second || isDatabaseFile(name));
+        return isFile ? name.substr(0, name.rfind('.')) : name;
     }
     return "database";
 }

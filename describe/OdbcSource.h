@@ -18,7 +18,8 @@ bool isOdbcSource(std::string_view source);
 /// users of the machine could read.
 std::string odbcConnectionString(std::string_view source);
 
-/// Returns the name of the database for users: its data source, or the last part of its file's path.
+/// Returns the name of the database for users: its data source or, for a path, the file's name without
+/// extension.
 std::string odbcDatabaseName(std::string_view source);
 
 /// Returns a connection string with a password.

@@ -53,7 +53,8 @@ class PipeWriter {
     std::string buffer_;
 };
 
-/// Reads messages. Raises kFileCouldNotBeRead if they are incomplete or invalid.
+/// Reads messages. Raises kFileCouldNotBeRead if they are incomplete or invalid, and kCommandFailed if this
+/// process was told to end.
 class PipeReader {
   public:
     explicit PipeReader(int descriptor) : descriptor_(descriptor) {}

@@ -1,6 +1,5 @@
 #include "describe/SqliteConnection.h"
 
-#include "base/AutomationError.h"
 #include "describe/SelectStatement.h"
 
 #include <sqlite3.h>
@@ -23,6 +22,8 @@ std::string reasonOf(sqlite3* connection, int result) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             return "another program has locked it.";
+        case SQLITE_FULL:
+            return "the disk is full.";
         default:
             return std::string(sqlite3_errmsg(connection)) + ".";
     }
@@ -30,8 +31,8 @@ std::string reasonOf(sqlite3* connection, int result) {
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(std::string path, const char* file, int flags)
-    : path_(std::move(path)), connection_(nullptr, sqlite3_close_v2) {
+SqliteConnection::SqliteConnection(Failure failure, const char* file, int flags)
+    : failure_(std::move(failure)), connection_(nullptr, sqlite3_close_v2) {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(file, &opened, flags, nullptr);
     connection_.reset(opened);
@@ -39,14 +40,16 @@ SqliteConnection::SqliteConnection(std::string path, const char* file, int flags
 }
 
 SqliteConnection SqliteConnection::openForReading(const std::string& path) {
-    SqliteConnection connection(path, path.c_str(), SQLITE_OPEN_READONLY);
+    SqliteConnection connection({kFileCouldNotBeRead, "The database '" + path + "' could not be read: "},
+                                path.c_str(), SQLITE_OPEN_READONLY);
     sqlite3_busy_timeout(connection.get(), kMillisecondsToWaitForLock);
     connection.execute("BEGIN");
     return connection;
 }
 
 SqliteConnection SqliteConnection::openScratch() {
-    SqliteConnection connection("the temporary database", "", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    SqliteConnection connection({kFileCouldNotBeSaved, "The records could not be kept in a temporary file: "},
+                                "", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     connection.execute("PRAGMA journal_mode = OFF");
     connection.execute("BEGIN");
     return connection;
@@ -58,8 +61,7 @@ void SqliteConnection::execute(const std::string& sql) const {
 }
 
 void SqliteConnection::fail(int result) const {
-    throw AutomationError(kFileCouldNotBeRead,
-                          "The database '" + path_ + "' could not be read: " + reasonOf(get(), result));
+    throw AutomationError(failure_.number, failure_.sentence + reasonOf(get(), result));
 }
 
 SqliteStatement::SqliteStatement(const SqliteConnection& connection, const std::string& sql)

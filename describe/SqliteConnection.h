@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AutomationError.h"
 #include "describe/Database.h"
 
 #include <cstddef>
@@ -19,26 +20,34 @@ class SqliteConnection {
     /// Opens a file for reading. All statements read the same snapshot. Raises kFileCouldNotBeRead with a
     /// sentence that names the file if it is damaged, encrypted or locked.
     static SqliteConnection openForReading(const std::string& path);
-    /// Opens an empty database in a temporary file without a name, without support for rollbacks.
+    /// Opens an empty database in a temporary file without a name, without support for rollbacks. Its errors
+    /// are kFileCouldNotBeSaved.
     static SqliteConnection openScratch();
 
-    /// Executes a statement that returns no rows. Raises kFileCouldNotBeRead.
+    /// Executes a statement that returns no rows. Raises the same errors as fail().
     void execute(const std::string& sql) const;
     [[nodiscard]] sqlite3* get() const { return connection_.get(); }
-    /// Raises kFileCouldNotBeRead with a sentence for a result code of the library.
+    /// Raises kFileCouldNotBeRead, for a temporary database kFileCouldNotBeSaved, with a sentence for a
+    /// result code of the library.
     [[noreturn]] void fail(int result) const;
 
   private:
-    SqliteConnection(std::string path, const char* file, int flags);
+    /// The error that a failure raises, and the begin of its sentence.
+    struct Failure {
+        ErrorNumber number;
+        std::string sentence;
+    };
 
-    std::string path_;
+    SqliteConnection(Failure failure, const char* file, int flags);
+
+    Failure failure_;
     std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection_;
 };
 
 /// A statement and, while it is executed, its current row. The connection must outlive it.
 class SqliteStatement {
   public:
-    /// Raises kFileCouldNotBeRead if the statement is wrong.
+    /// Raises the connection's error if the statement is wrong.
     SqliteStatement(const SqliteConnection& connection, const std::string& sql);
 
     /// Replaces a parameter, counted from 1.
@@ -46,7 +55,7 @@ class SqliteStatement {
     /// Replaces a parameter by a value whose text must exist until the statement was executed.
     void bind(int parameter, const Value& value);
 
-    /// Moves to the next row. Returns false after the last one. Raises kFileCouldNotBeRead.
+    /// Moves to the next row. Returns false after the last one. Raises the connection's error.
     bool step();
     /// Makes the statement ready to be executed again.
     void reset();

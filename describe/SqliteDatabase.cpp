@@ -27,7 +27,7 @@ class SqliteDatabase final : public Database {
 
     std::unique_ptr<Cursor> select(const RowQuery& query) override { return selectRows(connection_, query); }
 
-    std::string sampleOf(const std::string& table, const std::string& column) override {
+    std::optional<std::string> sampleOf(const std::string& table, const std::string& column) override {
         const std::string name = quotedName(column);
         SqliteStatement statement(connection_, "SELECT " + name + " FROM " + quotedName(table) + " WHERE " +
                                                    name + " IS NOT NULL LIMIT 1");

@@ -5,7 +5,6 @@
 #include "describe/access/QuerySchema.h"
 #include "describe/access/TableScan.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <utility>
@@ -105,19 +104,13 @@ class SchemaReader {
     static void addForeignKey(Table& from, const Table& to, const Relation& relation) {
         ForeignKey key{{}, to.name, {}};
         for (const auto& [place, columns] : relation.columns) {
-            const std::string* const column = columnNamed(from, columns.first);
-            const std::string* const referred = columnNamed(to, columns.second);
+            const Column* const column = columnNamed(from, columns.first);
+            const Column* const referred = columnNamed(to, columns.second);
             if (column == nullptr || referred == nullptr) return;
-            key.columns.push_back(*column);
-            key.referredColumns.push_back(*referred);
+            key.columns.push_back(column->name);
+            key.referredColumns.push_back(referred->name);
         }
         from.foreignKeys.push_back(std::move(key));
-    }
-
-    static const std::string* columnNamed(const Table& table, const std::string& name) {
-        const auto found = std::ranges::find_if(
-            table.columns, [&](const Column& column) { return equalsIgnoringCase(column.name, name); });
-        return found == table.columns.end() ? nullptr : &found->name;
     }
 
     const AccessFile& file_;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -85,10 +86,9 @@ int numberOf(const MdbColumn& column, const char* name, int otherwise) {
 
 /// Returns the list of a combo box, unless its values are listed one by one.
 ListSource listOf(const MdbColumn& column) {
-    const std::string type = propertyOf(column, "RowSourceType");
-    if (!type.empty() && type != kRowsOfTable) return {};
-    return {propertyOf(column, "RowSource"), numberOf(column, "BoundColumn", 1),
-            propertyOf(column, "ColumnWidths")};
+    return listOfType(propertyOf(column, "RowSourceType"),
+                      {propertyOf(column, "RowSource"), numberOf(column, "BoundColumn", 1),
+                       propertyOf(column, "ColumnWidths")});
 }
 
 /// Returns the digits after the point that are shown. The user may have set them.
@@ -106,6 +106,32 @@ Column columnOf(const MdbColumn& field, ColumnType type, int scale) {
     const bool isList = column.display == ControlType::Combobox || column.display == ControlType::Listbox;
     if (isList) column.list = listOf(field);
     return column;
+}
+
+/// Returns a value that is a binary number, or none for one of another type.
+std::optional<Value> numberOf(int stored, Bytes bytes) {
+    Value value;
+    switch (stored) {
+        case MDB_BYTE:
+            value.kind = Value::Kind::Integer;
+            value.integer = bytes[0];
+            return value;
+        case MDB_INT:
+        case MDB_LONGINT:
+            value.kind = Value::Kind::Integer;
+            value.integer = signedOf(bytes);
+            return value;
+        case MDB_FLOAT:
+            value.kind = Value::Kind::Real;
+            value.real = singleOf(bytes);
+            return value;
+        case MDB_DOUBLE:
+            value.kind = Value::Kind::Real;
+            value.real = doubleOf(bytes);
+            return value;
+        default:
+            return std::nullopt;
+    }
 }
 
 std::string reasonNotRead(int stored) {
@@ -278,57 +304,39 @@ Bytes AccessTable::bytesOf(const MdbField& field) const {
 }
 
 Value AccessTable::valueOf(int stored, int scale, Bytes bytes, std::string& text) {
+    if (const std::optional<Value> number = numberOf(stored, bytes)) return *number;
+    text = textOf(stored, scale, bytes);
     Value value;
-    value.kind = Value::Kind::Text;
-    switch (stored) {
-        case MDB_BYTE:
-            value.kind = Value::Kind::Integer;
-            value.integer = bytes[0];
-            return value;
-        case MDB_INT:
-        case MDB_LONGINT:
-            value.kind = Value::Kind::Integer;
-            value.integer = signedOf(bytes);
-            return value;
-        case MDB_FLOAT:
-            value.kind = Value::Kind::Real;
-            value.real = singleOf(bytes);
-            return value;
-        case MDB_DOUBLE:
-            value.kind = Value::Kind::Real;
-            value.real = doubleOf(bytes);
-            return value;
-        case MDB_MONEY:
-            text = moneyOf(bytes);
-            break;
-        case MDB_NUMERIC:
-            text = decimalOf(bytes, scale);
-            break;
-        case MDB_DATETIME:
-            text = dateOf(doubleOf(bytes));
-            if (text.empty()) raiseDamaged();
-            break;
-        case MDB_REPID:
-            text = replicationIdOf(bytes);
-            break;
-        case MDB_TEXT:
-            text = textOf(bytes);
-            break;
-        case MDB_MEMO:
-            text = textOf(longValueOf(file_, bytes));
-            break;
-        case MDB_OLE: {
-            const std::vector<unsigned char> object = longValueOf(file_, bytes);
-            value.kind = Value::Kind::Bytes;
-            text.assign(object.begin(), object.end());
-            break;
-        }
-        default:
-            value.kind = Value::Kind::Bytes;
-            text.assign(bytes.begin(), bytes.end());
-    }
+    value.kind = fieldType(stored)->type == ColumnType::Bytes ? Value::Kind::Bytes : Value::Kind::Text;
     value.text = text;
     return value;
+}
+
+/// Returns a value as a text, or its bytes.
+std::string AccessTable::textOf(int stored, int scale, Bytes bytes) {
+    switch (stored) {
+        case MDB_MONEY:
+            return moneyOf(bytes);
+        case MDB_NUMERIC:
+            return decimalOf(bytes, scale);
+        case MDB_DATETIME: {
+            std::string date = dateOf(doubleOf(bytes));
+            if (date.empty()) raiseDamaged();
+            return date;
+        }
+        case MDB_REPID:
+            return replicationIdOf(bytes);
+        case MDB_TEXT:
+            return textOf(bytes);
+        case MDB_MEMO:
+            return textOf(longValueOf(file_, bytes));
+        case MDB_OLE: {
+            const std::vector<unsigned char> object = longValueOf(file_, bytes);
+            return {object.begin(), object.end()};
+        }
+        default:
+            return {bytes.begin(), bytes.end()};
+    }
 }
 
 /// Returns a text of the database's code page (Jet 3) or of Unicode as UTF-8.

@@ -55,6 +55,7 @@ class AccessTable {
     void splitRow(int start, std::size_t size);
     [[nodiscard]] Bytes bytesOf(const MdbField& field) const;
     Value valueOf(int stored, int scale, Bytes bytes, std::string& text);
+    std::string textOf(int stored, int scale, Bytes bytes);
     [[nodiscard]] std::string textOf(Bytes bytes) const;
     [[nodiscard]] std::map<int, ColumnDetails> readDetails() const;
 

@@ -47,9 +47,8 @@ std::vector<std::string> fieldsIn(const std::string& text) {
 }
 
 ListSource listOf(const DesignObject& object) {
-    const std::string type = object.text(kRowSourceType);
-    if (!type.empty() && type != kRowsOfTable) return {};
-    return {object.text(kRowSource), object.number(kBoundColumn, 1), object.text(kColumnWidths)};
+    return listOfType(object.text(kRowSourceType),
+                      {object.text(kRowSource), object.number(kBoundColumn, 1), object.text(kColumnWidths)});
 }
 
 std::string captionOf(const DesignObject& object) {
@@ -93,6 +92,11 @@ class ControlCollector {
 };
 
 }  // namespace
+
+ListSource listOfType(const std::string& type, ListSource list) {
+    const bool hasRows = type.empty() || type == "Table/Query";
+    return hasRows ? std::move(list) : ListSource();
+}
 
 ControlType controlTypeOf(int kind) {
     constexpr std::array kTypes{

@@ -8,8 +8,9 @@
 
 namespace mergeloom::describe::access {
 
-/// The kind of a list whose rows are those of a table or a statement.
-inline constexpr std::string_view kRowsOfTable = "Table/Query";
+/// Returns the list unless its type (RowSourceType) is another than "Table/Query", whose rows are those of a
+/// table or a statement; otherwise an empty one.
+ListSource listOfType(const std::string& type, ListSource list);
 
 /// Returns the form with the controls that show data. Raises kFileCouldNotBeRead for a design that is no
 /// form.

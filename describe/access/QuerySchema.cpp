@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace mergeloom::describe::access {
@@ -85,7 +86,16 @@ class QueryDescriber {
     QueryDescriber(std::map<std::int64_t, Definition> definitions, AccessSchema& schema)
         : definitions_(std::move(definitions)), schema_(schema) {}
 
-    /// Returns false if the query shows all columns of a source that is not described, or not yet.
+    /// Returns true if one of the query's sources has one of these names, in folded case.
+    [[nodiscard]] bool shows(const QueryEntry& query, const std::set<std::string>& names) const {
+        const auto definition = definitions_.find(query.id);
+        return definition != definitions_.end() &&
+               std::ranges::any_of(definition->second.sources, [&](const Source& source) {
+                   return names.contains(foldCase(source.table));
+               });
+    }
+
+    /// Returns false if the query shows all columns of a source that is not described.
     bool describe(const QueryEntry& query) {
         const Definition& definition = definitions_[query.id];
         outputs_.clear();
@@ -96,7 +106,8 @@ class QueryDescriber {
         Table view{TableKind::View, query.name};
         for (const Output& output : outputs_) {
             view.columns.push_back(output.column);
-            if (isNamedTwice(output.column.name))
+            // An expression has no source; its own name distinguishes it.
+            if (!output.source.empty() && isNamedTwice(output.column.name))
                 view.columns.back().name = output.source + "." + output.column.name;
         }
         view.definition = definitionOf(definition);
@@ -137,10 +148,8 @@ class QueryDescriber {
         bool isFound = false;
         for (const Source& source : definition.sources) {
             if (!name.source.empty() && !equalsIgnoringCase(source.name, name.source)) continue;
-            const auto table = std::ranges::find_if(schema_.tables, [&](const Table& candidate) {
-                return equalsIgnoringCase(candidate.name, source.table);
-            });
-            if (table == schema_.tables.end()) {
+            const Table* const table = tableNamed(schema_.tables, source.table);
+            if (table == nullptr) {
                 if (isAll) return false;
                 continue;
             }
@@ -211,6 +220,18 @@ std::map<std::int64_t, Definition> readDefinitions(const AccessFile& file) {
     return definitions;
 }
 
+/// Removes and returns the queries that show none of the others.
+std::vector<QueryEntry> takeReady(std::vector<QueryEntry>& queries, const QueryDescriber& describer) {
+    std::set<std::string> names;
+    for (const QueryEntry& query : queries)
+        names.insert(foldCase(query.name));
+    const auto waiting = std::ranges::stable_partition(
+        queries, [&](const QueryEntry& query) { return !describer.shows(query, names); });
+    std::vector<QueryEntry> ready(queries.begin(), waiting.begin());
+    queries.erase(queries.begin(), waiting.begin());
+    return ready;
+}
+
 }  // namespace
 
 void describeQueries(const AccessFile& file, const std::vector<QueryEntry>& queries, AccessSchema& schema) {
@@ -222,15 +243,16 @@ void describeQueries(const AccessFile& file, const std::vector<QueryEntry>& quer
         if (kind == kCrosstab || kind == kPassThrough || kind == kUnion)
             schema.remarks.push_back("The query '" + query.name + "' is left out: it is no select query.");
     }
-    // A query may show the columns of another one that is after it in the catalog.
-    std::size_t before = pending.size() + 1;
-    while (!pending.empty() && pending.size() < before) {
-        before = pending.size();
-        std::erase_if(pending, [&](const QueryEntry& query) { return describer.describe(query); });
-    }
-    for (const QueryEntry& query : pending) {
-        schema.remarks.push_back("The query '" + query.name +
-                                 "' is left out: it shows the columns of a table that is not described.");
+    // A query may show the columns of another one that is after it in the catalog. Those that refer to each
+    // other in a circle cannot wait.
+    while (!pending.empty()) {
+        std::vector<QueryEntry> ready = takeReady(pending, describer);
+        if (ready.empty()) ready = std::exchange(pending, {});
+        for (const QueryEntry& query : ready) {
+            if (describer.describe(query)) continue;
+            schema.remarks.push_back("The query '" + query.name +
+                                     "' is left out: it shows the columns of a table that is not described.");
+        }
     }
 }
 

@@ -87,9 +87,13 @@ void run(const std::vector<std::string>& arguments) {
     PipeWriter pipe(kReaderDescriptor);
     try {
         read(arguments, pipe);
-    } catch (const std::exception& error) {
+    } catch (const AutomationError& error) {
         pipe.message(Message::Failure);
-        pipe.text(error.what());
+        pipe.text(error.description());
+    } catch (const std::exception&) {
+        // Sizes in the file exceed the memory or what a text can hold.
+        pipe.message(Message::Failure);
+        pipe.text("its reading needs too much memory; it may be damaged.");
     }
     pipe.flush();
 }

@@ -1,11 +1,13 @@
 #include "describe/AccessDatabase.h"
 
 #include "base/AutomationError.h"
+#include "base/Text.h"
 #include "describe/ReaderProcess.h"
 #include "describe/ScratchTables.h"
 #include "describe/ViewSelection.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <utility>
@@ -65,13 +67,26 @@ class AccessDatabase final : public Database {
         return scratch_.select(copied);
     }
 
-    std::string sampleOf(const std::string& table, const std::string& column) override {
+    [[nodiscard]] bool canSelect(const std::string& table) const override {
+        const Table& found = tableOf(table);
+        return found.kind == TableKind::Table || selectionOf(found).has_value();
+    }
+
+    /// Reads the sample of a query's column from the table that the query shows.
+    std::optional<std::string> sampleOf(const std::string& table, const std::string& column) override {
+        const std::optional<StoredColumn> stored = storedColumn(table, column);
+        if (!stored) return std::nullopt;
         std::string sample;
-        attempt([&] { sample = readSample(table, column); });
+        attempt([&] { sample = readSample(stored->table, stored->column); });
         return sample;
     }
 
   private:
+    struct StoredColumn {
+        std::string table;
+        std::string column;
+    };
+
     struct Copy {
         std::string name;
         std::set<std::string> columns;
@@ -98,8 +113,25 @@ class AccessDatabase final : public Database {
         }
     }
 
-    [[nodiscard]] const Table& tableOf(const std::string& name) const {
-        return *std::ranges::find(tables_, name, &Table::name);
+    /// Returns a table that is described.
+    [[nodiscard]] const Table& tableOf(const std::string& name) const { return *tableNamed(tables_, name); }
+
+    [[nodiscard]] std::optional<ViewSelection> selectionOf(const Table& view) const {
+        return view.definition ? ViewSelection::translate(*view.definition, tables_) : std::nullopt;
+    }
+
+    /// Returns the column of a table that a column of a table or view shows, or none if the view is unknown.
+    [[nodiscard]] std::optional<StoredColumn> storedColumn(const std::string& name,
+                                                           const std::string& column) const {
+        const Table& table = tableOf(name);
+        if (table.kind == TableKind::Table) return StoredColumn{name, column};
+        const auto place = std::ranges::find(table.columns, column, &Column::name) - table.columns.begin();
+        if (!selectionOf(table) || place == std::ssize(table.columns)) return std::nullopt;
+        const ViewDefinition::Output& output = table.definition->outputs[static_cast<std::size_t>(place)];
+        const auto source = std::ranges::find_if(table.definition->sources, [&](const auto& candidate) {
+            return equalsIgnoringCase(candidate.name, output.source);
+        });
+        return StoredColumn{tableOf(source->table).name, output.column};
     }
 
     /// Copies a table unless its copy has all the columns.
@@ -115,11 +147,10 @@ class AccessDatabase final : public Database {
     /// Selects the rows of a view from copies of its tables.
     void provideView(const Table& view) {
         if (copies_.contains(view.name)) return;
-        const std::optional<ViewSelection> selection =
-            view.definition ? ViewSelection::translate(*view.definition, tables_) : std::nullopt;
+        const std::optional<ViewSelection> selection = selectionOf(view);
         if (!selection) {
             throw AutomationError(kFileCouldNotBeRead,
-                                  "The records of the query '" + view.name +
+                                  "The records of the query '" + view.name + "' in '" + path_ +
                                       "' can be read by Access only; choose a table or form.");
         }
         for (const auto& [table, columns] : selection->neededColumns())

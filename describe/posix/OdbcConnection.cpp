@@ -19,6 +19,7 @@ namespace {
 constexpr std::uintptr_t kSecondsToConnect = 10;
 constexpr std::size_t kValuePieceSize = 4096;  ///< in bytes, without the end of a text
 constexpr std::size_t kNameSize = 1024;        ///< in characters
+constexpr std::size_t kMaxScale = 1000;
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager has texts of UTF-16");
 
@@ -60,9 +61,19 @@ std::string sentenceOf(std::string message) {
     SQLSMALLINT size = 0;
     const SQLRETURN result = SQLGetDiagRecW(kind, handle, 1, state.data(), &native, message.data(),
                                             static_cast<SQLSMALLINT>(message.size()), &size);
-    if (!SQL_SUCCEEDED(result)) throw OdbcError{"HY000", "the driver tells no reason."};
+    if (!SQL_SUCCEEDED(result)) throw OdbcError{"HY000", "the driver gives no reason."};
     throw OdbcError{fromUtf16({reinterpret_cast<const char16_t*>(state.data()), state.size() - 1}),
                     sentenceOf(textOf(message, static_cast<std::size_t>(size)))};
+}
+
+/// Returns the number of digits after the point of a number, a time or a date with a time. A driver may round
+/// a parameter to the scale with which it is bound; types without a scale ignore it.
+SQLSMALLINT scaleOf(std::string_view value) {
+    const std::size_t point = value.rfind('.');
+    if (point == std::string_view::npos) return 0;
+    const std::string_view fraction = value.substr(point + 1);
+    const std::size_t digits = std::min(fraction.find_first_not_of("0123456789"), fraction.size());
+    return static_cast<SQLSMALLINT>(std::min(digits, kMaxScale));
 }
 
 bool isBinary(SQLSMALLINT type) {
@@ -136,7 +147,7 @@ void OdbcStatement::bind(const std::string& value, int type) {
     const auto bytes = static_cast<SQLLEN>(parameter_.size() * sizeof(char16_t));
     const auto size = std::max<SQLULEN>(parameter_.size(), 1);
     check(SQLBindParameter(statement_, 1, SQL_PARAM_INPUT, SQL_C_WCHAR, static_cast<SQLSMALLINT>(type), size,
-                           0, parameter_.data(), bytes, nullptr));
+                           scaleOf(value), parameter_.data(), bytes, nullptr));
 }
 
 void OdbcStatement::execute(const std::string& sql) {
@@ -163,34 +174,35 @@ void OdbcStatement::listColumns(const std::string& catalog, const std::string& s
     prepareRows();
 }
 
-void OdbcStatement::listPrimaryKey(const std::string& catalog, const std::string& schema,
-                                   const std::string& table) {
-    WideText place(catalog);
-    WideText group(schema);
-    WideText name(table);
-    check(SQLPrimaryKeysW(statement_, place.get(), place.size(), group.get(), group.size(), name.get(),
-                          name.size()));
+/// Calls a catalog function of ODBC with the three parts of a table's place.
+template <typename Call>
+void OdbcStatement::list(const OdbcTable& table, const Call& call) {
+    WideText catalog(table.catalog);
+    WideText schema(table.schema);
+    WideText name(table.name);
+    check(call(catalog, schema, name));
     prepareRows();
 }
 
-void OdbcStatement::listUniqueIndexes(const std::string& catalog, const std::string& schema,
-                                      const std::string& table) {
-    WideText place(catalog);
-    WideText group(schema);
-    WideText name(table);
-    check(SQLStatisticsW(statement_, place.get(), place.size(), group.get(), group.size(), name.get(),
-                         name.size(), SQL_INDEX_UNIQUE, SQL_QUICK));
-    prepareRows();
+void OdbcStatement::listPrimaryKey(const OdbcTable& table) {
+    list(table, [this](WideText& catalog, WideText& schema, WideText& name) {
+        return SQLPrimaryKeysW(statement_, catalog.get(), catalog.size(), schema.get(), schema.size(),
+                               name.get(), name.size());
+    });
 }
 
-void OdbcStatement::listForeignKeys(const std::string& catalog, const std::string& schema,
-                                    const std::string& table) {
-    WideText place(catalog);
-    WideText group(schema);
-    WideText name(table);
-    check(SQLForeignKeysW(statement_, nullptr, 0, nullptr, 0, nullptr, 0, place.get(), place.size(),
-                          group.get(), group.size(), name.get(), name.size()));
-    prepareRows();
+void OdbcStatement::listUniqueIndexes(const OdbcTable& table) {
+    list(table, [this](WideText& catalog, WideText& schema, WideText& name) {
+        return SQLStatisticsW(statement_, catalog.get(), catalog.size(), schema.get(), schema.size(),
+                              name.get(), name.size(), SQL_INDEX_UNIQUE, SQL_QUICK);
+    });
+}
+
+void OdbcStatement::listForeignKeys(const OdbcTable& table) {
+    list(table, [this](WideText& catalog, WideText& schema, WideText& name) {
+        return SQLForeignKeysW(statement_, nullptr, 0, nullptr, 0, nullptr, 0, catalog.get(), catalog.size(),
+                               schema.get(), schema.size(), name.get(), name.size());
+    });
 }
 
 void OdbcStatement::prepareRows() {

@@ -1,5 +1,7 @@
 #include "describe/PasswordPrompt.h"
 
+#include "base/posix/InputWait.h"
+
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -34,7 +36,9 @@ class SilentTerminal {
         if (::write(descriptor_, text.data(), text.size()) < 0) return;
     }
     /// Returns false at the end of the input and after a signal.
-    bool read(char& letter) const { return ::read(descriptor_, &letter, 1) == 1; }
+    bool read(char& letter) const {
+        return waitForInput(descriptor_) && ::read(descriptor_, &letter, 1) == 1;
+    }
 
   private:
     int descriptor_;

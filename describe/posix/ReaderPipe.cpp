@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "base/SystemError.h"
+#include "base/posix/InputWait.h"
 
 #include <unistd.h>
 
@@ -280,6 +281,8 @@ void PipeReader::bytes(std::span<char> bytes) {
     while (!bytes.empty()) {
         if (next_ == end_) {
             buffer_.resize(kPipeBufferSize);
+            if (!waitForInput(descriptor_))
+                throw AutomationError(kCommandFailed, "It was stopped; no structure document was written.");
             const ssize_t size =
                 repeatInterrupted([&] { return ::read(descriptor_, buffer_.data(), buffer_.size()); });
             if (size <= 0) raiseBroken();

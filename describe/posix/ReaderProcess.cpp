@@ -2,7 +2,6 @@
 
 #include "base/AutomationError.h"
 #include "base/Paths.h"
-#include "base/StopSignal.h"
 #include "base/SystemError.h"
 
 #include <fcntl.h>
@@ -93,8 +92,6 @@ ReaderProcess::~ReaderProcess() {
 }
 
 std::optional<Message> ReaderProcess::next() {
-    if (StopSignal::received() != 0)
-        throw AutomationError(kCommandFailed, "It was stopped; no structure document was written.");
     const Message message = parts_.message();
     if (message == Message::End) return std::nullopt;
     if (message == Message::Failure) throw AutomationError(kFileCouldNotBeRead, parts_.text());

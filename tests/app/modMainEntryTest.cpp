@@ -91,6 +91,23 @@ TEST_F(EntryRoutine, OnlyASuccessfulRunDeletesTheStructureDocument) {
     EXPECT_FALSE(exists("letter.xml"));
 }
 
+TEST_F(EntryRoutine, NoRunDeletesADatabase) {
+    folder.put("shop.accdb", "");
+    folder.put("shop", std::string("SQLite format 3\0", 16));
+    for (const std::string name : {"shop.accdb", "shop"}) {
+        for (const std::string mode : {"-hidden", "-full"}) {
+            EXPECT_EQ(run({mode, "-deletexmlfile", "-xmlfile", "%/" + name, "-template", "%/new.dotx"}), 1);
+            EXPECT_EQ(errors.str(), "mergeloom: '" + (folder / name) +
+                                        "' is a database, which is never deleted: leave out "
+                                        "-deletexmlfile.\n");
+            EXPECT_TRUE(exists(name));
+        }
+    }
+    EXPECT_TRUE(designed.empty());
+    EXPECT_EQ(run({"-xmlfile", "%/shop.accdb"}), 0);
+    EXPECT_EQ(designed.size(), 1U);
+}
+
 TEST_F(EntryRoutine, WithoutHiddenTheDesignerIsStarted) {
     EXPECT_EQ(run({"--exit-status", "-xmlfile", "%/letter.xml"}), 0);
     EXPECT_THAT(designed, ElementsAre(ElementsAre("--exit-status", "-xmlfile", folder / "letter.xml")));

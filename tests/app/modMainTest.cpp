@@ -55,6 +55,9 @@ TEST(modMain, DeletesTheStructureDocumentOnlyWhenAsked) {
     EXPECT_TRUE(folderExists(folder.path()));
     EXPECT_TRUE(deleteWith({"-xmlfile", folder / "-orders.xml", "-deletexmlfile"}));
     EXPECT_TRUE(deleteWith({"-xmlfile", folder / "-orders.xml", "-deletexmlfile"}));
+
+    folder.put("-orders.xml", std::string("SQLite format 3\0", 16));
+    EXPECT_FALSE(deleteWith({"-xmlfile", folder / "-orders.xml", "-deletexmlfile"})) << "a database";
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ def with_keys(statements):
     """Names the columns that foreign keys refer to, which some servers want."""
     return re.sub(r"REFERENCES (\w+)", lambda found: found[0] + {
         "Customers": "(CustomerID)", "Employees": "(EmployeeID)", "Orders": "(OrderNumber)", "Products": "(ProductID)",
-    }[found[1]], statements)
+    }.get(found[1], ""), statements)
 
 
 class Server:

@@ -5,7 +5,11 @@ MERGELOOM names the program, beside which mergeloom-describe lies; MERGELOOM_ROO
 """
 import os
 import random
+import resource
+import shutil
+import signal
 import subprocess
+import time
 import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
@@ -184,7 +188,37 @@ class DescribeAccess(ProgramTest):
             path.write_bytes(content)
             self.assert_refused(run(DESCRIBE, path), sentence)
         self.assert_refused(self.describe(file, "--object", "Boats", "--records", "all"),
-                            "The records of the query 'Boats' can be read by Access only; choose a table or form.")
+                            f"The records of the query 'Boats' in '{self.folder}/made.mdb' can be read by Access only; "
+                            "choose a table or form.")
+
+    def test_a_disk_that_is_full(self):
+        """The limit for the size of files is that of the disk here. The copies of tables exceed it."""
+        file = AccessFile()
+        file.add_table("Notes", [Column("Id", LONG), Column("Note", MEMO)],
+                       [(number, "n" * 1500) for number in range(3000)], keys=[[0]])
+        file.save(self.folder / "made.mdb")
+        ended = run(DESCRIBE, self.folder / "made.mdb", "--object", "Notes", "--records", "all", restore_signals=False,
+                    preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (65536, 65536)))
+        self.assertEqual((ended.returncode, ended.stdout), (1, ""))
+        self.assertTrue(ended.stderr.startswith("mergeloom-describe: The records could not be kept in a temporary file: "),
+                        ended.stderr)
+
+    def test_a_signal_ends_the_wait_for_the_reader(self):
+        """The program that reads the file is replaced by one that sends nothing."""
+        shutil.copy(DESCRIBE, self.folder)
+        reader = self.folder / "mergeloom-read-access"
+        reader.write_text('#!/bin/sh\necho > "$1.begun"\nexec sleep 1000\n')
+        reader.chmod(0o755)
+        self.harbour().save(self.folder / "made.mdb")
+        with subprocess.Popen([self.folder / DESCRIBE.name, self.folder / "made.mdb"], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True) as process:
+            while not (self.folder / "made.mdb.begun").exists():
+                self.assertIsNone(process.poll())
+                time.sleep(0.01)
+            process.terminate()
+            output, errors = process.communicate()
+        self.assertEqual((process.returncode, output), (128 + signal.SIGTERM, ""))
+        self.assertEqual(errors, "mergeloom-describe: It was stopped; no structure document was written.\n")
 
     def assert_refused(self, ended, sentence):
         self.assertEqual((ended.returncode, ended.stdout), (1, ""))

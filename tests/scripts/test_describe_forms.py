@@ -143,7 +143,18 @@ class DescribeForms(ProgramTest):
         for name in cases:
             ended = self.describe(file, "--object", name, "--records", "all")
             self.assertEqual((ended.returncode, ended.stdout), (1, ""))
-            self.assertIn(f"The records of 'Form {name}' cannot be read", ended.stderr)
+            self.assertIn(f"The records of 'Form {name}' cannot be read from '{self.folder}/made.accdb': ", ended.stderr)
+
+    def test_a_form_with_more_lists_than_tables_can_be_joined(self):
+        file = self.orders()
+        boxes = [control(COMBO, f"Town{number}", "Town", widths="0;1440", rows="SELECT Id, Name FROM Towns")
+                 for number in range(70)]
+        file.add_form("Many", streams("Orders", section(DETAIL, control(BOX, "No", "Number"), *boxes)))
+        ended = self.describe(file, "--object", "Form Many", "--records", "all")
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+        record = ElementTree.fromstring(ended.stdout).find("Data/Records/Record")
+        shown = [control.findtext("DisplayValue") for control in record if control.get("Name").startswith("Town")]
+        self.assertEqual((shown[0], shown[-1], len(shown)), ("Malmö", "2", 70))
 
     def test_subforms_that_show_no_form_or_have_no_link(self):
         file = self.orders()

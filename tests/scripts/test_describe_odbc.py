@@ -22,6 +22,15 @@ HARBOUR = (SAMPLES / "harbour.sql").read_text(encoding="utf-8")
 # A build with sanitizers would complain of what drivers leak.
 os.environ.setdefault("ASAN_OPTIONS", "detect_leaks=0")
 GIF = "47494638396101000100800000000000ffffff21f90401000000002c000000000100010000020144003b"
+# Two keys of two columns refer to one table.
+PIERS = """
+CREATE TABLE Piers (Town VARCHAR(20) NOT NULL, Place VARCHAR(20) NOT NULL, PRIMARY KEY (Town, Place));
+CREATE TABLE Moves (ID INTEGER PRIMARY KEY, Boat VARCHAR(20), FromTown VARCHAR(20), FromPlace VARCHAR(20),
+    ToTown VARCHAR(20), ToPlace VARCHAR(20), FOREIGN KEY (FromTown, FromPlace) REFERENCES Piers (Town, Place),
+    FOREIGN KEY (ToTown, ToPlace) REFERENCES Piers (Town, Place));
+INSERT INTO Piers VALUES ('A', 'x'), ('A', 'y'), ('B', 'x'), ('B', 'y');
+INSERT INTO Moves VALUES (1, 'Ida', 'A', 'x', 'B', 'y'), (2, 'Per', 'A', 'y', 'B', 'x');
+"""
 
 
 def run(*command, password=None, **more):
@@ -62,7 +71,7 @@ class SourceTest:
                 expected = run(DESCRIBE, SAMPLES / "harbour.db", *arguments).stdout
                 self.assertEqual(contents(self.succeed(*arguments)), contents(expected))
         listed = run(DESCRIBE, SAMPLES / "harbour.db", "--list").stdout.splitlines()
-        self.assertEqual(sorted(self.succeed("--list").splitlines()), sorted([*listed, "Table Parts"]))
+        self.assertEqual(sorted(self.succeed("--list").splitlines()), sorted([*listed, "Table Parts", "Form Piers", "Table Piers", "Table Moves"]))
 
     def test_records_are_chosen(self):
         for choice, numbers in (("ordernumber=2024-0188", ["2024-0188"]), ("CustomerID=43", ["2024-0189"]),
@@ -94,6 +103,22 @@ class SourceTest:
         self.assertIn("CustomerID: Måns & Sons Boatyard", [paragraph.text.rstrip() for paragraph in letter.paragraphs])
         self.assertEqual(len(letter.tables[0].rows), 3)
 
+    def test_records_are_chosen_by_a_decimal_number(self):
+        for choice, count in (("UnitPrice=31.95", 1), ("UnitPrice=18.4", 1), ("UnitPrice=31.954", 0),
+                              ("UnitPrice=32", 0)):
+            with self.subTest(choice=choice):
+                ended = self.describe("--object", "Table Products", "--records", choice)
+                found = ElementTree.fromstring(ended.stdout).findall("Data/Records/Record") if ended.stdout else []
+                self.assertEqual(len(found), count, ended.stderr)
+
+    def test_two_keys_of_several_columns_to_one_table(self):
+        root = ElementTree.fromstring(self.succeed("--object", "Form Piers", "--records", "all"))
+        boats = [[[move.findtext("Control[@Name='Boat']/DisplayValue") for move in subform.findall("Records/Record")]
+                  for subform in record if subform.get("Name").startswith("Moves")]
+                 for record in root.findall("Data/Records/Record")]
+        # The driver decides which of the two subforms is the first.
+        self.assertEqual([sorted(both) for both in boats], [[[], ["Ida"]], [[], ["Per"]], [[], ["Per"]], [[], ["Ida"]]])
+
     def refused(self, ended, sentence):
         self.assertEqual((ended.returncode, ended.stdout), (1, ""))
         self.assertTrue(ended.stderr.startswith("mergeloom-describe: "), ended.stderr)
@@ -118,6 +143,7 @@ class ServerTest(SourceTest):
         cls.source, cls.password = cls.server.source, PASSWORD
         cls.server.load(HARBOUR)
         cls.server.load(cls.parts)
+        cls.server.load(PIERS)
 
     def test_no_password_is_told(self):
         for ended in (run(DESCRIBE, self.source), self.describe(password="not this one")):
@@ -158,7 +184,7 @@ class OverSqlite(SourceTest, ProgramTest):
             raise unittest.SkipTest(str(reason)) from reason
         path = cls.shared_folder() / "harbour.db"
         with sqlite3.connect(path) as connection:
-            connection.executescript(HARBOUR)
+            connection.executescript(HARBOUR + PIERS)
             connection.executescript(f"CREATE TABLE Parts (ID INTEGER PRIMARY KEY, Note TEXT, Photo BLOB);"
                                      f"INSERT INTO Parts VALUES (1, '{'é' * 5000}', x'{GIF}'), "
                                      f"(2, 'a\U0001F600b', NULL), (3, NULL, NULL);")

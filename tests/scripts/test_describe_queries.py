@@ -8,8 +8,8 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-from access_file import ACE14, BOOLEAN, DATE, DOUBLE, LONG, MONEY, TEXT, AccessFile, Column
-from access_forms import BOX, DETAIL, control, section, streams
+from access_file import ACE14, BOOLEAN, DATE, DOUBLE, LONG, MONEY, OLE, TEXT, AccessFile, Column
+from access_forms import BOX, DETAIL, control, section, streams, subform
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
@@ -18,6 +18,7 @@ DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
 DISTINCT, TOP = (3, 2, None, None, None), (3, 16, "5", None, None)
 PARAMETER, GROUP, HAVING = (2, 4, "n", None, None), (9, 0, None, None, "Id"), (10, 0, None, None, "Id>1")
 INNER, LEFT, RIGHT = 1, 2, 3
+GIF = bytes.fromhex("47494638396101000100800000000000ffffff21f90401000000002c000000000100010000020144003b")
 
 
 def source(table, alias=None):
@@ -103,7 +104,7 @@ class DescribeQueries(ProgramTest):
             with self.subTest(definition=definition[2:]):
                 ended = self.run_query(*definition)
                 self.assertEqual((ended.returncode, ended.stdout), (1, ""))
-                self.assertIn("The records of the query 'Chosen' can be read by Access only", ended.stderr)
+                self.assertIn(f"The records of the query 'Chosen' in '{self.folder}/made.accdb' can be read ", ended.stderr)
 
     def test_joins(self):
         sources = source("Trips", "t"), source("Towns")
@@ -129,6 +130,74 @@ class DescribeQueries(ProgramTest):
         rows = self.records(source("Trips"), output("Id"), order("Price"))
         self.assertEqual([row[0] for row in rows], ["3", "1", "4", "2"])
         self.assertEqual(sorted(self.records(source("Trips"), output("Town"), DISTINCT)), [("",), ("1",), ("2",)])
+
+    def describe(self, file, *arguments):
+        file.save(self.folder / "made.accdb")
+        return subprocess.run([DESCRIBE, self.folder / "made.accdb", *arguments], capture_output=True, text=True,
+                              check=False)
+
+    def test_queries_that_show_pictures(self):
+        file = AccessFile(ACE14)
+        file.add_table("Boats", [Column("Id", LONG), Column("Photo", OLE)], [(1, None), (2, GIF)], keys=[[0]])
+        file.add_query("Shown", [source("Boats", "b"), output("b.Photo", "Picture"), output("Id")])
+        file.add_query("Grouped", [source("Boats"), output("Photo"), output("Id"), GROUP])
+        target = self.folder / "made.xml"
+        ended = self.describe(file, "--output", target)
+        self.assertEqual((ended.returncode, ended.stderr), (0, "mergeloom-describe: The column 'Photo' of 'Grouped' is "
+                                                               "left out: its query can be run by Access only.\n"))
+        structure = ElementTree.parse(target).find("Structure")
+        self.assertEqual({query.get("Name"): [(control.get("Name"), control.get("ControlType"))
+                                              for control in query.iter("Control")] for query in structure.findall("Query")},
+                         {"Shown": [("Picture", "BoundObjectFrame"), ("Id", "Textbox")], "Grouped": [("Id", "Textbox")]})
+        ended = self.describe(file, "--output", target, "--object", "Shown", "--records", "all")
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+        self.assertEqual(len(ElementTree.parse(target).findall("Data/Records/Record")), 2)
+        pictures = [path.read_bytes() for path in (self.folder / "made-pictures").iterdir()]
+        self.assertEqual(set(pictures), {GIF})
+
+    def test_columns_of_queries_that_are_later_in_the_catalog(self):
+        file = AccessFile(ACE14)
+        file.add_table("Trips", [Column("Id", LONG), Column("Paid", BOOLEAN)], [], keys=[[0]])
+        file.add_query("First", [source("Second"), output("Second.Paid")])
+        file.add_query("Second", [source("Third"), output("Paid")])
+        file.add_query("Third", [source("Trips"), output("Trips.*")])
+        file.add_query("Round", [source("Way"), output("Way.Paid", "Paid"), source("Trips"), output("Trips.Id")])
+        file.add_query("Way", [source("round"), output("Round.Id")])
+        file.add_query("Lost", [source("Nothing"), output("*")])
+        file.add_query("After", [source("Lost"), output("Id")])
+        ended = self.describe(file)
+        self.assertEqual(ended.stderr, "mergeloom-describe: The query 'Lost' is left out: it shows the columns of a table "
+                                       "that is not described.\n")
+        queries = {query.get("Name"): [(control.get("Name"), control.get("ControlType"))
+                                       for control in query.iter("Control")]
+                   for query in ElementTree.fromstring(ended.stdout).findall("Structure/Query")}
+        paid = ("Paid", "Checkbox")
+        self.assertEqual({name: queries[name] for name in ("First", "Second", "Third")},
+                         {"First": [paid], "Second": [paid], "Third": [("Id", "Textbox"), paid]})
+        self.assertEqual([set(queries[name]) for name in ("Round", "Way", "After")],
+                         [{("Paid", "Textbox"), ("Id", "Textbox")}, {("Id", "Textbox")}, {("Id", "Textbox")}])
+
+    def test_names_that_a_column_shares_with_an_expression(self):
+        file = AccessFile(ACE14)
+        file.add_table("Trips", [Column("Id", LONG), Column("Boat", TEXT)], [], keys=[[0]])
+        file.add_query("Shown", [source("Trips"), output("Trips.Boat"), output("[Boat] & [Id]", "Boat")])
+        names = [control.get("Name") for control in
+                 ElementTree.fromstring(self.describe(file).stdout).find("Structure/Query").iter("Control")]
+        self.assertEqual(names, ["Trips.Boat", "Boat"])
+
+    def test_a_subform_over_a_query_that_cannot_be_read(self):
+        file = AccessFile(ACE14)
+        file.add_table("Trips", [Column("Id", LONG), Column("Boat", TEXT)], [(1, "Ida")], keys=[[0]])
+        file.add_query("Many", [source("Trips"), output("Id"), GROUP])
+        file.add_form("Main", streams("Trips", section(DETAIL, control(BOX, "Boat", "Boat"),
+                                                       subform("Grouped", "Query.Many", "Id", "Id"),
+                                                       subform("Whole", "Table.Trips", "Id", "Id"))))
+        ended = self.describe(file, "--object", "Main", "--records", "all")
+        self.assertEqual((ended.returncode, ended.stderr),
+                         (0, "mergeloom-describe: The subform 'Grouped' of 'Main' is not in the records: the query 'Many' "
+                             "can be run by Access only.\n"))
+        record = ElementTree.fromstring(ended.stdout).find("Data/Records/Record")
+        self.assertEqual([control.get("Name") for control in record], ["Boat", "Whole"])
 
     def test_records_of_a_form_over_a_query(self):
         self.run_query(source("Trips"), output("Trips.*"), where("Paid"), order("Id", True))

@@ -1,7 +1,7 @@
 #include "ui/designer/DatabaseFlow.h"
 
+#include "base/DatabaseFile.h"
 #include "base/Paths.h"
-#include "base/Text.h"
 #include "ui/designer/DatabaseWindow.h"
 #include "ui/designer/DesignerActions.h"
 #include "ui/designer/StructureLoad.h"
@@ -13,22 +13,21 @@
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <algorithm>
-#include <array>
+#include <string_view>
 #include <vector>
 
 namespace mergeloom {
 
 namespace {
 
-constexpr std::array kExtensions{"db", "sqlite", "sqlite3", "mdb", "accdb"};
 constexpr int kDigitsOfHash = 8;
 /// The most sentences about what is left out that one message shows.
 constexpr qsizetype kMaxRemarks = 12;
 
 std::string filter() {
     std::string patterns;
-    for (const char* const extension : kExtensions)
-        patterns += std::string(patterns.empty() ? "" : ";") + "*." + extension;
+    for (const std::string_view extension : kDatabaseExtensions)
+        patterns.append(patterns.empty() ? "*." : ";*.").append(extension);
     return "Databases (" + patterns + ")|" + patterns + "|All Files (*.*)|*.*";
 }
 
@@ -51,13 +50,6 @@ std::string textOf(const QStringList& remarks) {
     if (remarks.size() > shown.size())
         shown << DatabaseFlow::tr("%1 more like these").arg(remarks.size() - shown.size());
     return shown.join(QLatin1Char('\n')).toStdString();
-}
-
-/// Returns true for the name of a file that is a database.
-bool isDatabaseFile(const std::string& path) {
-    const std::size_t point = path.rfind('.');
-    if (point == std::string::npos) return false;
-    return std::ranges::find(kExtensions, toLowerAscii(path.substr(point + 1))) != kExtensions.end();
 }
 
 }  // namespace
@@ -93,14 +85,14 @@ std::string DatabaseFlow::askFile() const {
 }
 
 void DatabaseFlow::open(const std::string& path) {
-    DatabaseWindow window(&parts_.window, {[this] { return askFile(); }, documentFor});
+    DatabaseWindow window(&parts_.window, {[this] { return askFile(); }, documentFor}, describeProgram());
     if (!path.empty()) window.open(QString::fromStdString(path));
     show(window);
 }
 
 void DatabaseFlow::readAgain() {
     if (last_.document.isEmpty()) return;
-    DatabaseWindow window(&parts_.window, {[this] { return askFile(); }, documentFor});
+    DatabaseWindow window(&parts_.window, {[this] { return askFile(); }, documentFor}, describeProgram());
     window.repeat(last_);
     show(window);
 }

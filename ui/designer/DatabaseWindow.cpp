@@ -27,9 +27,10 @@ bool isOdbc(const QString& source) {
 
 }  // namespace
 
-DatabaseWindow::DatabaseWindow(QWidget* owner, Questions questions)
+DatabaseWindow::DatabaseWindow(QWidget* owner, Questions questions, const QString& program)
     : QDialog(owner),
       questions_(std::move(questions)),
+      process_(program),
       source_(new QLineEdit(this)),
       browse_(new QPushButton(tr("&Browse…"), this)),
       read_(new QPushButton(tr("Rea&d"), this)),
@@ -158,8 +159,9 @@ void DatabaseWindow::browse() {
 void DatabaseWindow::readObjects() {
     forgetObjects();
     if (source_->text().trimmed().isEmpty()) return;
-    process_.list(source());
+    // The process may fail at once, and its sentence must remain.
     message_->setText(tr("Reading the database…"));
+    process_.list(source());
     updateChoices();
 }
 
@@ -261,8 +263,8 @@ void DatabaseWindow::accept() {
 
 void DatabaseWindow::describe() {
     if (request_.document.isEmpty()) return tell(tr("There is no folder for the structure document."));
-    process_.describe(request_);
     message_->setText(tr("Reading the database…"));
+    process_.describe(request_);
     updateChoices();
 }
 

@@ -29,7 +29,8 @@ class DatabaseWindow final : public QDialog {
         std::function<QString(const QString& source)> documentFor;
     };
 
-    DatabaseWindow(QWidget* owner, Questions questions);
+    /// The program is the path of mergeloom-describe; empty if it is not installed.
+    DatabaseWindow(QWidget* owner, Questions questions, const QString& program);
 
     /// Enters a database and reads its objects.
     void open(const QString& source);

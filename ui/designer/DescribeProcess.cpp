@@ -15,16 +15,6 @@ constexpr const char* kPasswordVariable = "MERGELOOM_ODBC_PASSWORD";
 /// The milliseconds that a program has to end by itself, in which it removes what it wrote.
 constexpr int kEndTime = 3000;
 
-/// Returns the path of the program; empty when it is not installed. The window's program is in
-/// ../lib/mergeloom of the folder of the others.
-QString describeProgram() {
-    const std::string beside = installedFile(kProgram);
-    if (!beside.empty()) return QString::fromStdString(beside);
-    const std::string prefix = parentFolder(parentFolder(parentFolder(programPath())));
-    const std::string installed = joinPath(joinPath(prefix, "bin"), kProgram);
-    return fileExists(installed) ? QString::fromStdString(installed) : QString();
-}
-
 /// Ends a program that is no longer needed and forgets it.
 void end(QProcess* process) {
     process->disconnect();
@@ -36,14 +26,30 @@ void end(QProcess* process) {
 
 }  // namespace
 
-DescribeProcess::DescribeProcess(QObject* parent) : QObject(parent) {}
+QString describeProgram() {
+    const std::string beside = installedFile(kProgram);
+    if (!beside.empty()) return QString::fromStdString(beside);
+    // The window's program is in ../lib/mergeloom of the folder of the others.
+    const std::string prefix = parentFolder(parentFolder(parentFolder(programPath())));
+    const std::string installed = joinPath(joinPath(prefix, "bin"), kProgram);
+    return fileExists(installed) ? QString::fromStdString(installed) : QString();
+}
+
+DescribeProcess::DescribeProcess(QString program, QObject* parent)
+    : QObject(parent), program_(std::move(program)) {}
 
 DescribeProcess::~DescribeProcess() {
-    if (process_ == nullptr) return;
-    process_->disconnect();
-    process_->terminate();
-    if (!process_->waitForFinished(kEndTime)) process_->kill();
-    process_->waitForFinished();
+    // Runs that were cancelled may not have ended yet.
+    const QList<QProcess*> runs = findChildren<QProcess*>();
+    for (QProcess* const run : runs) {
+        run->disconnect();
+        run->terminate();
+    }
+    for (QProcess* const run : runs) {
+        if (run->state() == QProcess::NotRunning || run->waitForFinished(kEndTime)) continue;
+        run->kill();
+        run->waitForFinished();
+    }
 }
 
 void DescribeProcess::list(const DatabaseSource& source) {
@@ -65,8 +71,7 @@ void DescribeProcess::describe(const DatabaseRequest& request) {
 void DescribeProcess::start(const DatabaseSource& source, const QStringList& options) {
     lines_.clear();
     partOfLine_.clear();
-    const QString program = describeProgram();
-    if (program.isEmpty()) {
+    if (program_.isEmpty()) {
         Q_EMIT failed(
             tr("The program %1, which reads databases, is not installed.").arg(QLatin1String(kProgram)));
         return;
@@ -80,7 +85,7 @@ void DescribeProcess::start(const DatabaseSource& source, const QStringList& opt
     connect(process_, &QProcess::readyReadStandardOutput, this, &DescribeProcess::readOutput);
     connect(process_, &QProcess::finished, this, &DescribeProcess::finish);
     connect(process_, &QProcess::errorOccurred, this, &DescribeProcess::fail);
-    process_->start(program, QStringList{source.name} + options);
+    process_->start(program_, QStringList{source.name} + options);
 }
 
 void DescribeProcess::cancel() {

@@ -23,16 +23,20 @@ struct DatabaseRequest {
     QString document{};     ///< the path of the structure document
 };
 
+/// Returns the path of the program that describes databases; empty if it is not installed.
+QString describeProgram();
+
 /// Runs the program that describes databases, which keeps their libraries out of this one. One run at a time;
 /// a new one ends that before it.
 class DescribeProcess final : public QObject {
     Q_OBJECT
 
   public:
-    explicit DescribeProcess(QObject* parent = nullptr);
+    /// The program is the path of mergeloom-describe; empty if it is not installed.
+    explicit DescribeProcess(QString program, QObject* parent = nullptr);
     DescribeProcess(const DescribeProcess&) = delete;
     DescribeProcess& operator=(const DescribeProcess&) = delete;
-    /// Ends a run.
+    /// Ends all runs and waits until they have removed their temporary files.
     ~DescribeProcess() override;
 
     /// Asks for the objects of a database.
@@ -59,6 +63,7 @@ class DescribeProcess final : public QObject {
     void fail(QProcess::ProcessError error);
     [[nodiscard]] QStringList sentences();
 
+    QString program_;
     QProcess* process_ = nullptr;
     bool isListing_ = false;
     QStringList lines_;

@@ -39,6 +39,7 @@ GnuOptions readCommandLine(int count, char** values) {
     GetCommandLineArguments(
         CommandLineText::fromArguments(std::span(arguments).subspan(options.firstArgument)), commandLine);
     gExcelMode = GetCommandLineArgument(kExcelSwitch).empty() ? 0 : 1;
+    RefuseDeletionOfDatabase();
     return options;
 }
 

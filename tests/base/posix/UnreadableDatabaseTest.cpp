@@ -1,0 +1,24 @@
+#include "base/AutomationError.h"
+#include "base/DatabaseFile.h"
+#include "doubles/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace mergeloom {
+namespace {
+
+TEST(UnreadableDatabase, IsNoPipeWhoseBytesWouldBeLost) {
+    const TemporaryFolder folder;
+    // A read would wait for a writer and take bytes away from the reader that follows.
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(isDatabaseFile(folder / "pipe"));
+}
+
+TEST(UnreadableDatabase, IsNotTakenForAnEmptyOne) {
+    // It can be opened, and reading its first bytes fails.
+    EXPECT_THROW(firstBytesOf("/proc/self/mem"), AutomationError);
+}
+
+}  // namespace
+}  // namespace mergeloom
