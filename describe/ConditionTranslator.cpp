@@ -157,7 +157,7 @@ class Translator {
         for (const char* const sign : {"<>", "<=", ">=", "=", "<", ">"}) {
             if (takeSign(sign)) return compared(left, sign, operand());
         }
-        // A column of truth values stands for itself.
+        // A column of truth values is a condition by itself.
         if (left.isColumn && left.kind == ValueClass::Truth) return left.text + " <> 0";
         throw NotTranslated();
     }

@@ -16,7 +16,7 @@ struct TypeWord {
     ColumnType type;
 };
 
-/// The words of declarations. The first one that occurs determines the type, so longer words come first.
+/// The words of declarations. The first one that occurs determines the type, so longer words precede.
 constexpr std::array<TypeWord, 24> kTypeWords{{
     {"BOOL", ColumnType::Boolean},
     {"YESNO", ColumnType::Boolean},

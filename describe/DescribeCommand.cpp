@@ -198,7 +198,7 @@ class Description {
                                                            "' cannot be read from '" + options_.source +
                                                            "': they are not those of a table.");
         }
-        tellOmissions(whole);
+        remarkOmissions(whole);
         const ObjectDesign object = selectablePart(whole, database_);
         DataWriter data(xml, database_, object, options_.records);
         const std::int64_t count = data.write(RecordWriter(xml, format, pictures_, object), events_);
@@ -210,7 +210,7 @@ class Description {
                                                        "'.");
     }
 
-    void tellOmissions(const ObjectDesign& object) {
+    void remarkOmissions(const ObjectDesign& object) {
         const std::string end = " of '" + object.name + "' is not in the records: ";
         for (const ControlDesign& control : object.controls) {
             if (control.column.name.empty() && !control.source.empty())
@@ -223,7 +223,7 @@ class Description {
                 events_.remark("The subform '" + subform.name + "'" + end + "the query '" +
                                subform.form.table + "' can be run by Access only.");
             } else {
-                tellOmissions(subform.form);
+                remarkOmissions(subform.form);
             }
         }
     }

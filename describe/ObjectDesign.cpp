@@ -177,7 +177,8 @@ class ObjectDesigner {
         return std::nullopt;
     }
 
-    /// Returns the first column with text that is no part of the primary key, as a person knows a record.
+    /// Returns the first column with text that is no part of the primary key, since people do not remember
+    /// keys.
     static std::string shownColumn(const Table& table) {
         for (const Column& column : table.columns) {
             const bool isKey = !table.keys.empty() &&

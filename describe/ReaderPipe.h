@@ -54,7 +54,7 @@ class PipeWriter {
 };
 
 /// Reads messages. Raises kFileCouldNotBeRead if they are incomplete or invalid, and kCommandFailed if this
-/// process was told to end.
+/// process was asked to end.
 class PipeReader {
   public:
     explicit PipeReader(int descriptor) : descriptor_(descriptor) {}

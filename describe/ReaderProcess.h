@@ -23,7 +23,7 @@ class ReaderProcess {
 
     /// Returns the next message, or none after the last one. Raises kFileCouldNotBeRead with the reason that
     /// the process sent or, if it ended early, with a general one. Raises kCommandFailed if this process was
-    /// told to end.
+    /// asked to end.
     std::optional<Message> next();
     /// Reads the parts of the message.
     [[nodiscard]] PipeReader& parts() { return parts_; }

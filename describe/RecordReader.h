@@ -10,7 +10,7 @@
 namespace mergeloom::describe {
 
 /// Reads the records of an object, each with those of its subforms, which are read beside it: the rows of all
-/// tables come in the order of the object's records, so that no record is kept.
+/// tables are in the order of the object's records, so that no record is kept.
 class RecordReader {
   public:
     /// The database and the object must outlive it. Raises kFileCouldNotBeRead.

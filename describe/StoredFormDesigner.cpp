@@ -18,7 +18,7 @@ constexpr char kExpressionMark = '=';
 /// Returns the name of the column that a control shows, or an empty text.
 std::string columnOf(const std::string& source) {
     if (source.starts_with(kExpressionMark)) return {};
-    // A name as it stands may have characters that need brackets in an expression.
+    // A name without brackets may have characters that need brackets in an expression.
     const std::optional<ColumnName> name = columnNameOf(source);
     return name && name->source.empty() ? name->column : source;
 }
