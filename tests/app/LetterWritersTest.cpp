@@ -14,7 +14,6 @@ namespace mergeloom {
 
 namespace {
 
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 /// Letters that contain the value of the record's first control.
