@@ -22,8 +22,6 @@ namespace {
 
 constexpr qint64 kMillisecondsBetween = 50;
 
-constexpr const char* kProcedure = "NodeDrop";
-
 /// Unhooks the tree at the end of its life.
 class TreeUnhooking {
   public:
@@ -100,7 +98,7 @@ bool DropFlow::dropSelected(const HostPoint* point) {
         return false;
     }
     bool dropped = false;
-    trap(ports_.errors, kMainForm, kProcedure, [&] {
+    trap(ports_.errors, kMainForm, "NodeDrop", [&] {
         ports_.jobs.run([&] {
             if (refusesUnderDialog(ports_.access.host(), ports_.messages)) return;
             if (point == nullptr || ports_.access.host().placeCaret(*point)) {

@@ -11,8 +11,6 @@ namespace mergeloom {
 
 namespace {
 
-constexpr const char* kProcedure = "PreviewTemplate";
-
 /// Returns true for errors whose description is a sentence for the user.
 bool isForUser(ErrorNumber number) {
     return number == kNotAvailable || number == kFileCouldNotBeRead || number == kFileCouldNotBeSaved;
@@ -71,7 +69,7 @@ void PreviewFlow::end() {
 template <typename Body>
 void PreviewFlow::run(const Body& body) {
     std::optional<PreviewedRecords> shown;
-    trap(ports_.errors, kMainForm, kProcedure, [&] {
+    trap(ports_.errors, kMainForm, "PreviewTemplate", [&] {
         ports_.jobs.run([&] {
             try {
                 body();
