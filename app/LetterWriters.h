@@ -17,8 +17,8 @@
 
 namespace mergeloom {
 
-/// Writes letters to files of their own on several threads. The files are the same as those of one thread;
-/// only the order in which they are written differs.
+/// Threads that write letters, each letter to one file. The files are the same as those of one thread; only
+/// their order of writing differs.
 class LetterWriters {
   public:
     /// Saves what the writer writes to a file. Several threads call it at a time.

@@ -122,7 +122,7 @@ int Run::statusOf(bool mapped) const {
 
 void Run::start(std::span<const std::string> arguments) {
     std::string commandLine;
-    // Where the system has a text, the switches are found in it as the user wrote it.
+    // If the system provides the command line as a text, the switches are read from it as the user typed it.
     GetCommandLineArguments(
         console_.commandLine
             ? CommandLineText(std::string(afterArguments(*console_.commandLine, options_.firstArgument)))

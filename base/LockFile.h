@@ -17,7 +17,7 @@ std::string hostName();
 
 enum class LockFileState { New, LeftBehind };
 
-/// A small file that is locked by this process as long as it is open, so that others know that it lives.
+/// A small file that this process locks as long as it is open, which shows other processes that it runs.
 class LockFile {
   public:
     LockFile() = default;

@@ -17,7 +17,7 @@ inline constexpr ErrorNumber kPermissionDenied = 70;
 bool isPathSeparator(char character);
 /// Returns the separator of paths that the program makes.
 char pathSeparator();
-/// Returns the length of what a path begins with before its first part: "/" and on Windows "C:\", "C:" or
+/// Returns the length of the root of a path, before its first part: "/" and on Windows "C:\", "C:" or
 /// "\\server\share\".
 std::size_t rootLength(std::string_view path);
 /// Returns true for a path that does not depend on the current folder or drive.

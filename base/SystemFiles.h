@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-/// What the program needs of the system's files beside `FileSystemCalls`.
+/// Functions for files of the system that `FileSystemCalls` does not contain.
 namespace mergeloom {
 
 /// Opens a file for reading. Returns null and sets errno on a failure.

@@ -27,7 +27,7 @@ class Terminal {
     [[nodiscard]] bool showsErrors() const;
     [[nodiscard]] std::ostream& output() const;
     [[nodiscard]] std::ostream& errors() const;
-    /// Returns what shows messages where nobody would see the errors; null where they are seen.
+    /// Returns the message boxes to use if nobody sees the errors; null if they are seen.
     [[nodiscard]] Messages* messageBoxes() const;
 
   private:

@@ -14,7 +14,7 @@ namespace mergeloom::describe {
 
 namespace {
 
-/// Raised for what is not translated.
+/// Raised for an expression that cannot be translated.
 struct NotTranslated {};
 
 enum class ValueClass { Number, Real, Decimal, Text, Truth, Date };
@@ -200,7 +200,7 @@ class Translator {
         if (rest_.empty()) throw NotTranslated();
         Operand operand = rest_[0] == '(' ? inBrackets() : plainOperand();
         skipSpace();
-        // An expression goes on.
+        // The operand is part of a longer expression.
         if (!rest_.empty() && std::string_view("+-*/&^\\").find(rest_[0]) != std::string_view::npos)
             throw NotTranslated();
         return operand;

@@ -17,7 +17,7 @@ struct Conventions {
     std::string time{};  ///< likewise
 };
 
-/// Returns the conventions of the process's locale, on Windows of the user. The C locale has none of its own.
+/// Returns the conventions of the process's locale, on Windows of the user. The C locale has none.
 Conventions conventionsOfLocale();
 
 /// A value as text.

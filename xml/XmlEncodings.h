@@ -2,8 +2,8 @@
 
 namespace mergeloom {
 
-/// Lets the parser read documents in the encodings that the system knows, besides those of Unicode and
-/// Latin-1. Does nothing after the first call.
+/// Registers the encodings of the system with the parser, which reads only Unicode and Latin-1 itself. Does
+/// nothing after the first call.
 void addXmlEncodings();
 
 }  // namespace mergeloom

@@ -65,8 +65,8 @@ bool isSymbolicLink(const std::wstring& path) {
            found.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
 }
 
-/// Gives a new file what belongs to the file that it replaces: who may use it, and whether it is hidden. On
-/// disks that know no permissions there is nothing to give.
+/// Copies the permissions and the hidden attribute of a file to the one that replaces it. Does nothing on
+/// disks without permissions.
 void takeOverPermissions(const std::wstring& from, const std::wstring& to) {
     PACL list = nullptr;
     PSECURITY_DESCRIPTOR description = nullptr;

@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-/// Letters and their case as Windows knows them, with what Unicode adds to case folding. Windows's tables
-/// grow with its versions, as those of other libraries do.
+/// Letters and their case from the tables of Windows, with additions of Unicode for case folding. The tables
+/// depend on the version of Windows.
 namespace mergeloom {
 
 namespace {

@@ -12,7 +12,8 @@ namespace mergeloom {
 
 namespace {
 
-/// Returns the offset after the part of a path that begins at the offset, and after the separator behind it.
+/// Returns the offset of the next part of a path, which is after the separator; the path's length if there is
+/// none. The current part begins at the start.
 std::size_t afterPart(std::string_view path, std::size_t start) {
     const auto* const end =
         std::find_if(path.begin() + static_cast<std::ptrdiff_t>(start), path.end(), isPathSeparator);

@@ -11,7 +11,7 @@ namespace {
 
 std::atomic<int> receivedSignal = 0;
 
-/// Called in a thread of its own. The second request, and the end of the session, end the process as usual.
+/// Is called in another thread. The second request, and the end of the session, end the process as usual.
 BOOL WINAPI handle(DWORD request) {
     const bool isOfUser = request == CTRL_C_EVENT || request == CTRL_BREAK_EVENT;
     const int number = isOfUser ? SIGINT : SIGTERM;

@@ -59,8 +59,8 @@ bool isConsole(HANDLE stream) {
     return ::GetConsoleMode(stream, &mode) != 0;
 }
 
-/// Returns true if nobody would read what the program writes there: there is no stream, or it is a console
-/// that was opened for this program alone and closes with it.
+/// Returns true if nobody would read the stream's output: the stream does not exist, or it is a console that
+/// was opened only for this program and closes with it.
 bool isUnseen(HANDLE stream) {
     if (stream == nullptr || stream == INVALID_HANDLE_VALUE) return true;
     DWORD processes[2];

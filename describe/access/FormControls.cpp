@@ -33,8 +33,7 @@ enum PropertyCode : int {
     kRowSourceType = 93
 };
 
-/// Properties that are known by their slots, the source of a form's records and the object that a subform
-/// shows.
+/// The slots of two properties: the source of a form's records, and the object of a subform.
 constexpr std::uint32_t kRecordSourceSlot = 220;
 constexpr std::uint32_t kSourceObjectSlot = 221;
 

@@ -18,7 +18,7 @@ std::wstring localeText(LCTYPE kind) {
     return size > 0 ? std::wstring(text.data()) : std::wstring();
 }
 
-/// The pieces of Windows's pictures of dates and times and what strftime calls them. Longer ones come first.
+/// The pieces of the date and time formats of Windows, and their names in strftime. Longer pieces are first.
 constexpr std::pair<std::wstring_view, std::string_view> kPieces[] = {
     {L"yyyy", "%Y"}, {L"yy", "%y"},   {L"y", "%y"},   {L"MMMM", "%B"}, {L"MMM", "%b"}, {L"MM", "%m"},
     {L"M", "%#m"},   {L"dddd", "%A"}, {L"ddd", "%a"}, {L"dd", "%d"},   {L"d", "%#d"},  {L"HH", "%H"},

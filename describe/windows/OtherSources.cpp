@@ -22,7 +22,7 @@ std::unique_ptr<Database> openOdbc(const std::string& source, const PasswordProm
     refuse("The source '" + source + "' is a database of ODBC.");
 }
 
-/// Only databases of ODBC have passwords.
+/// Returns none: only databases of ODBC have passwords.
 std::optional<std::string> askPasswordOnTerminal() {
     return std::nullopt;
 }

@@ -208,7 +208,7 @@ bool isClean(const std::vector<Gap>& gaps) {
     return std::ranges::all_of(gaps, isInsertion) || std::ranges::all_of(gaps, isRemoval);
 }
 
-/// What was appended or removed at the end has moved nothing.
+/// Returns the lines that were inserted or removed; none if they are at the end, since no line has moved.
 std::optional<LineShift> shiftAlong(const ExportedSheet& former, const ExportedSheet& now, Axis axis,
                                     LineKeys keysOf) {
     const std::vector<std::string> formerKeys = keysOf(former, axis);

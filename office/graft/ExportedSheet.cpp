@@ -11,7 +11,7 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Relationships that are not sections of their own: their targets are read separately, or elements of the
+/// Relationships that are not compared as sections: their targets are read separately, or elements of the
 /// sheet refer to them by id.
 constexpr std::array<std::string_view, 3> kReadElsewhere{"drawing", "vmlDrawing", "hyperlink"};
 

@@ -34,7 +34,7 @@ std::optional<excel::CellPosition> LineShift::cell(const excel::CellPosition& ce
                               : excel::CellPosition{cell.row, *moved};
 }
 
-/// Whole columns and rows stay whole.
+/// Returns whole columns and rows unchanged.
 std::optional<std::pair<int, int>> LineShift::lines(int first, int last) const {
     if (first == 1 && last == lastOfSheet()) return std::pair(first, last);
     const int afterRemoved = at - std::min(count, 0);

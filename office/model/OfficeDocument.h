@@ -29,8 +29,8 @@ class OfficeDocument : public Object {
     /// Raises kFileCouldNotBeSaved, with a sentence that gives the reason, and leaves an existing file whole.
     virtual void Save() = 0;
 
-    /// Begins work beside the caller that a later save of a changed document would wait for. An office may
-    /// ignore the call.
+    /// Begins work for a later save of a changed document and does not wait for its end. An office may ignore
+    /// the call.
     virtual void prepareSave() {}
     /// Sets the original of a document that was opened from a copy; saves repeat the changes on it. Does
     /// nothing in an office whose saves lose nothing. Raises kFileCouldNotBeRead.

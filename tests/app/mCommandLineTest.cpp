@@ -95,7 +95,7 @@ TEST(mCommandLine, ParsesArguments) {
     }
 }
 
-/// On Windows the switches are searched in the text behind the options.
+/// On Windows the switches are searched for in the text after the options.
 TEST(mCommandLine, FindsTheTextAfterArgumentsOfWindows) {
     struct Case {
         std::string line;

@@ -49,8 +49,7 @@ std::string cellOf(const std::string& place, const std::string& content, const s
     return "<c r=\"" + place + "\"" + (style.empty() ? "" : " s=\"" + style + "\"") + content + "</c>";
 }
 
-/// The rows with these numbers, each with three cells of their own values, which the office writes as
-/// numbers.
+/// Returns a row for each value, with three cells whose values occur once; the office writes them as numbers.
 std::string rowsOf(const std::vector<int>& values, const std::string& type, int gap = 0) {
     std::string rows;
     int number = 0;
@@ -70,7 +69,8 @@ const std::vector<int> kValues{1, 2, 3, 4, 5, 6};
 const std::vector<int> kWithGap{1, 2, 0, 3, 4, 5, 6};
 const std::vector<int> kWithoutThird{1, 2, 4, 5, 6};
 
-/// What only the original has beside its cells, after the third row was inserted or removed.
+/// A part of the original that no export contains, and its expected content after the third row was inserted
+/// or removed.
 struct OwnCase {
     std::string what;
     std::string original;
@@ -172,7 +172,7 @@ TEST(BookShiftTest, TellsAnInsertionFromTyping) {
         EXPECT_THAT(sheetAfter(own, typed), HasSubstr("<z ref=\"A6\"/>"));
 }
 
-/// Rows of values, a row of totals without values of its own, and what else is there.
+/// A sheet of rows with values and a row of totals with formulas only.
 struct FormulaCase {
     std::string what;
     std::string former;  ///< the last rows of the export

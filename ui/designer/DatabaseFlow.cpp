@@ -21,7 +21,7 @@ namespace mergeloom {
 namespace {
 
 constexpr int kDigitsOfHash = 8;
-/// The most sentences about what is left out that one message shows.
+/// The maximum number of sentences about omissions in one message.
 constexpr qsizetype kMaxRemarks = 12;
 
 std::string filter() {
@@ -97,7 +97,7 @@ void DatabaseFlow::readAgain() {
     show(window);
 }
 
-/// Shows the window and loads what becomes of it.
+/// Shows the window and loads the structure document that it makes.
 void DatabaseFlow::show(DatabaseWindow& window) {
     setHelpTopic(window, "open-database.html");
     if (window.exec() != QDialog::Accepted) return;

@@ -199,7 +199,7 @@ void DatabaseWindow::tell(const QString& sentence) {
     updateChoices();
 }
 
-/// Enables what can be chosen now. Records are those of one object.
+/// Enables the choices that are possible. Records can be chosen for one object only.
 void DatabaseWindow::updateChoices() {
     const bool isIdle = !process_.isRunning();
     const auto checked = checkedObjects().size();

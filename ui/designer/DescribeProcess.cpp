@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kProgram = "mergeloom-describe";
 constexpr const char* kPasswordVariable = "MERGELOOM_ODBC_PASSWORD";
-/// The milliseconds that a program has to end by itself, in which it removes what it wrote.
+/// The milliseconds after which a program that was asked to end is killed. Until then it removes its files.
 constexpr int kEndTime = 3000;
 
 /// Ends a program that is no longer needed and forgets it.
@@ -77,7 +77,7 @@ void DescribeProcess::start(const DatabaseSource& source, const QStringList& opt
         return;
     }
     process_ = new QProcess(this);
-    // Without a terminal it asks nothing there.
+    // The program asks for passwords only on a terminal.
     process_->setStandardInputFile(QProcess::nullDevice());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (!source.password.isEmpty()) environment.insert(QLatin1String(kPasswordVariable), source.password);

@@ -39,8 +39,8 @@ class KeptOriginal {
           bytes_(std::make_shared<const std::string>(std::move(bytes))),
           password_(std::move(password)) {}
 
-    /// Begins the export of the original that a save to its own file needs, beside the caller. Does nothing
-    /// if that was begun, or while another one is made.
+    /// Begins the export of the original that a save to its own file needs, and does not wait for its end.
+    /// Does nothing if it was begun before, or during another export.
     void prepare();
     /// Returns true if a save in the format can keep the original.
     [[nodiscard]] bool serves(SaveFormat format) const;

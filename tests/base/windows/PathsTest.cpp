@@ -54,7 +54,7 @@ TEST(Paths, MakesFullPathsOfWindows) {
     EXPECT_EQ(fullPath(""), "");
 }
 
-/// Windows takes paths of more than 260 characters in a form of their own only, which no user sees.
+/// Windows accepts paths of more than 260 characters only in a special form, which users never see.
 TEST(Paths, GivesLongPathsTheirForm) {
     const std::string name(100, 'n');
     const std::string longPath = R"(C:\)" + name + "\\" + name + "\\" + name;

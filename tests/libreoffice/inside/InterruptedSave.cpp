@@ -27,7 +27,7 @@ struct Fault {
     std::string effect;
 };
 
-/// The library's own reads would come here again.
+/// True during the library's own reads, which would call it again.
 thread_local bool isReading = false;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 Fault wantedFault() {

@@ -210,7 +210,7 @@ TEST_F(OriginalTest, GetsALinkWithItsStyle) {
     EXPECT_THAT(now.readPart("/word/_rels/document.xml.rels"),
                 HasSubstr("Target=\"https://example.org/x?a=1&amp;b=2\" TargetMode=\"External\""));
     EXPECT_THAT(now.readPart("/word/styles.xml"), HasSubstr("<w:name w:val=\"Hyperlink\"/>"));
-    // The link goes again, and with it all that it needed.
+    // Removing the link also removes its relationship and its style.
     linkTheLastWord("");
     EXPECT_TRUE(saved() == original);
 }
