@@ -57,8 +57,8 @@ class CommandLineText {
     bool hidesCharacters_ = false;
 };
 
-/// Returns the text after the first arguments of a command line, by the rules of Windows for what an argument
-/// is: blanks end it outside of quotes, and a quote after an odd number of backslashes is none.
+/// Returns the text after the first arguments of a command line, by the rules of Windows: an argument ends
+/// with a blank outside of quotes, and a quote after an odd number of backslashes is an ordinary character.
 std::string_view afterArguments(std::string_view commandLine, std::size_t count);
 
 /// One slot per switch, by the switches' indexes: empty when the switch is absent, `kEmptyValue` when it has

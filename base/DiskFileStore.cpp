@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kMaxLinks = 40;
 constexpr std::size_t kMinGrowth = 65536;
-/// Every system's longest path is shorter.
+/// Longer than the longest path of any system.
 constexpr std::size_t kMaxLinkTarget = 65536;
 constexpr mode_t kPermissionBits = 07777;
 

@@ -79,7 +79,7 @@ Line lineOf(std::string_view text) {
 }
 
 Line readLine(const std::string& lockFile) {
-    // A line is shorter; more is no line of a lock.
+    // A longer line is not that of a lock.
     std::array<char, 4096> text{};
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openToRead(lockFile), std::fclose);
     const std::size_t size = file ? std::fread(text.data(), 1, text.size(), file.get()) : 0;

@@ -7,7 +7,7 @@
 
 namespace mergeloom {
 
-/// The questions of access: W_OK and X_OK of POSIX.1.
+/// The modes of access: W_OK and X_OK of POSIX.1.
 inline constexpr int kMayWrite = 2;
 inline constexpr int kMayEnter = 1;
 
@@ -24,7 +24,7 @@ class FileSystemCalls {
     /// Returns true if syncfs flushes a whole file system. Otherwise each file has to be flushed by itself.
     [[nodiscard]] virtual bool flushesFileSystems() const = 0;
 
-    /// Knows O_RDONLY, O_WRONLY, O_CREAT and O_EXCL.
+    /// Opens a file. Supports the flags O_RDONLY, O_WRONLY, O_CREAT and O_EXCL.
     virtual int open(const char* path, int flags, mode_t mode) = 0;
     /// Opens a folder, to flush its entries by fsync or its file system by syncfs.
     virtual int openFolder(const char* path) = 0;

@@ -7,7 +7,7 @@
 namespace mergeloom {
 
 bool isLockedByAnother(const std::string& path) {
-    // Opened for this process alone: that fails as long as any other has it open.
+    // Opening a file without sharing fails while any other process has it open.
     const HANDLE file = ::CreateFileW(windows::widePath(path).c_str(), GENERIC_READ, 0, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return true;

@@ -139,7 +139,7 @@ class WindowsCalls final : public FileSystemCalls {
     }
     int syncfs(int) override { return failWith(ENOSYS); }
 
-    /// Permissions go over when the file is renamed.
+    /// Does nothing: permissions are copied when the file is renamed.
     int fchmod(int, mode_t) override { return 0; }
     int close(int file) override { return ::_close(file); }
 

@@ -17,7 +17,8 @@ HANDLE handleOf(std::intptr_t file) {
     return reinterpret_cast<HANDLE>(file);
 }
 
-/// The file is gone with its handle, also when the process dies. Others may read it meanwhile.
+/// The system deletes the file when its handle is closed, also when the process dies. Others may read it
+/// until then.
 std::intptr_t openLockFile(const std::string& path, LockFileState state) {
     const DWORD disposition = state == LockFileState::New ? CREATE_NEW : OPEN_EXISTING;
     return reinterpret_cast<std::intptr_t>(

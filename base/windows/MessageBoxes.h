@@ -5,7 +5,7 @@
 #include <streambuf>
 #include <string>
 
-/// Messages where nobody would see a line: the program was started without a console.
+/// Message boxes for a program that was started without a console, where lines would not be seen.
 namespace mergeloom::windows {
 
 class MessageBoxes final : public Messages {

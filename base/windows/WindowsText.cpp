@@ -11,7 +11,7 @@ namespace mergeloom::windows {
 
 namespace {
 
-/// A folder's path has to leave room for a short name in it.
+/// The maximum length of a folder's path, to which Windows must be able to append a short name.
 constexpr std::size_t kLongestShortPath = 247;
 constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
 constexpr std::wstring_view kLongShare = L"\\\\?\\UNC\\";

@@ -9,7 +9,8 @@
 
 namespace mergeloom::describe::access {
 
-/// The tables, select queries and forms of a database file, and sentences about what cannot be described.
+/// The tables, select queries and forms of a database file, and sentences about objects that cannot be
+/// described.
 struct AccessSchema {
     std::vector<Table> tables{};
     std::vector<StoredForm> forms{};

@@ -129,7 +129,17 @@ class InterruptedTest(DesignerTest):
         self.assertEqual(self.path.read_bytes(), saved)
 
 
-class InWord(InterruptedTest):
+class KilledProcesses:
+    """The tests that do not depend on the kind of document."""
+
+    def test_a_killed_program_leaves_the_file_whole(self):
+        self.check_killed_program()
+
+    def test_a_killed_office_leaves_the_file_whole(self):
+        self.check_killed_offices()
+
+
+class InWord(KilledProcesses, InterruptedTest):
     FILE = "letter.docx"
 
     def write_original(self):
@@ -137,18 +147,12 @@ class InWord(InterruptedTest):
         document.add_paragraph("Dear customer")
         document.save(self.path)
 
-    def test_a_killed_program_leaves_the_file_whole(self):
-        self.check_killed_program()
-
-    def test_a_killed_office_leaves_the_file_whole(self):
-        self.check_killed_offices()
-
     def test_a_full_disk_leaves_the_file_whole(self):
         self.check_full_disk()
         self.assertIn("CustomerID", [place["name"] for place in read_docx.read_bookmarks(self.path)[0]])
 
 
-class InExcel(InterruptedTest):
+class InExcel(KilledProcesses, InterruptedTest):
     FILE = "book.xlsx"
     SWITCHES = ["-excel"]
 
@@ -156,12 +160,6 @@ class InExcel(InterruptedTest):
         workbook = openpyxl.Workbook()
         workbook.active["D9"] = "kept"
         workbook.save(self.path)
-
-    def test_a_killed_program_leaves_the_file_whole(self):
-        self.check_killed_program()
-
-    def test_a_killed_office_leaves_the_file_whole(self):
-        self.check_killed_offices()
 
     def test_a_full_disk_leaves_the_file_whole(self):
         self.check_full_disk()

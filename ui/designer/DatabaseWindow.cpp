@@ -165,7 +165,7 @@ void DatabaseWindow::readObjects() {
     updateChoices();
 }
 
-/// Another database has other objects.
+/// Removes the objects of the former database.
 void DatabaseWindow::forgetObjects() {
     process_.cancel();
     objects_->clear();

@@ -51,7 +51,7 @@ class DescribeProcess final : public QObject {
     void listed(const QStringList& objects);
     /// Emitted with the number of records that are done.
     void advanced(qint64 records);
-    /// Emitted with sentences about what is left out.
+    /// Emitted with sentences about omissions.
     void described(const QStringList& remarks);
     /// Emitted with the sentence of the program.
     void failed(const QString& sentence);

@@ -14,7 +14,7 @@ namespace mergeloom {
 /// The property of a control, a form or any widget between them that names the topic about it, by the topic's
 /// path in the help file.
 inline constexpr const char* kHelpTopicProperty = "helpTopic";
-/// Sets the page of the help that is about a widget and what is in it.
+/// Sets the page of the help for a widget and its children.
 void setHelpTopic(QWidget& widget, const char* topic);
 
 /// Attaches help to a form: its help button and F1, wherever the focus is in it, open the help about the

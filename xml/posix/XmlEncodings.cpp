@@ -2,7 +2,7 @@
 
 namespace mergeloom {
 
-/// The parser asks the C library itself.
+/// Does nothing, since the parser uses the C library itself.
 void addXmlEncodings() {}
 
 }  // namespace mergeloom
