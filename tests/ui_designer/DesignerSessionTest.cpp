@@ -1,12 +1,14 @@
 #include "base/Paths.h"
 #include "doubles/WordFiles.h"
 #include "ui/designer/DesignerSession.h"
+#include "ui/services/GuiThread.h"
 #include "ui_designer/DropScene.h"
 #include "ui_designer/TemplateScene.h"
 
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <semaphore>
 #include <stdexcept>
@@ -152,12 +154,36 @@ TEST_F(Session, CarriesOutWhatTheOfficesMenusAskFor) {
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(Session, ACommandInsideAnotherIsPassedOver) {
+TEST_F(Session, ACommandOfTheDocumentFollowsTheOneThatRuns) {
+    session.start({});
+    waitFor(OfficeState::Running);
+    std::vector<HostKey> keys;
+    QObject::connect(&session, &DesignerSession::keyPressed, &session,
+                     [&](HostKey key) { keys.push_back(key); });
+    session.worker().run([&] {
+        listener->fileCommand(HostCommand::PrintPreview);
+        listener->keyPressed(HostKey::NextPart);
+        listener->fileCommand(HostCommand::Close);
+        callOnGuiThread([&] { EXPECT_THAT(keys, IsEmpty()); });
+        EXPECT_THAT(messages.messages, IsEmpty());
+    });
+    EXPECT_THAT(messages.messages, IsEmpty());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(messages.takeTexts(), "PrintPreview is disabled.\n");
+    EXPECT_THAT(keys, ElementsAre(HostKey::NextPart));
+    EXPECT_EQ(closings, 1);
+}
+
+TEST_F(Session, ACommandOfTheDocumentBelowAQuestionIsIgnored) {
     session.start({});
     waitFor(OfficeState::Running);
     session.worker().run([&] {
-        listener->fileCommand(HostCommand::PrintPreview);
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        callOnGuiThread([&] {
+            QDialog question;
+            question.open();
+            listener->fileCommand(HostCommand::PrintPreview);
+            QCoreApplication::processEvents();
+        });
     });
     settle();
     EXPECT_THAT(messages.messages, IsEmpty());

@@ -8,7 +8,7 @@
 #include "ui/designer/MainForm.h"
 #include "ui/designer/WordTemplates.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -68,8 +68,10 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                     .files = ports_.files,
                     .errors = ports_.errors,
                     .messages = ports_.messages}) {
-    connect(&events_, &HostEvents::commandGiven, this, &DesignerSession::execute);
-    connect(&events_, &HostEvents::keyGiven, this, &DesignerSession::keyPressed);
+    connect(&events_, &HostEvents::commandGiven, this,
+            [this](HostCommand command) { answer([this, command] { execute(command); }); });
+    connect(&events_, &HostEvents::keyGiven, this,
+            [this](HostKey key) { answer([this, key] { Q_EMIT keyPressed(key); }); });
     connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
     connect(&events_, &HostEvents::changesBegunOrEnded, this, [this] {
         if (state_ == OfficeState::Running) post([this] { lifecycle_.ShowChanges(); });
@@ -178,6 +180,12 @@ void DesignerSession::setState(OfficeState state, const QString& stopReason) {
     state_ = state;
     stopReason_ = stopReason;
     Q_EMIT stateChanged();
+}
+
+/// Answers a command or a key of the document. One that was given while a command runs follows it, as those
+/// of the window do; one that was given below a question is ignored.
+void DesignerSession::answer(std::function<void()> call) {
+    if (QApplication::activeModalWidget() == nullptr) worker_.callWhenFree(std::move(call));
 }
 
 void DesignerSession::execute(HostCommand command) {

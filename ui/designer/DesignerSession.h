@@ -145,6 +145,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void openFirst();
     void keepCopy();
     void onEnded();
+    void answer(std::function<void()> call);
     void post(OfficeJobs::Job job);
     void workOnPlace(const std::function<void(DocumentHost&)>& work);
     bool beginCommand();

@@ -44,6 +44,7 @@ OfficeWorker::OfficeWorker(std::chrono::milliseconds patience)
 }
 
 OfficeWorker::~OfficeWorker() {
+    pendingCalls_.clear();
     {
         const std::scoped_lock lock(mutex_);
         ends_ = true;
@@ -75,9 +76,30 @@ void OfficeWorker::run(const Job& job) {
     // windows below it.
     while (!done)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
-    --waiters_;
+    stopWaiting();
     if (wasBusy) Q_EMIT idle();
     if (error) std::rethrow_exception(error);
+}
+
+void OfficeWorker::stopWaiting() {
+    --waiters_;
+    if (pendingCalls_.empty()) return;
+    QMetaObject::invokeMethod(
+        this, [this] { makePendingCalls(); }, Qt::QueuedConnection);
+}
+
+void OfficeWorker::callWhenFree(std::function<void()> call) {
+    if (!isWaitedFor() && pendingCalls_.empty()) return call();
+    pendingCalls_.push_back(std::move(call));
+}
+
+/// A call may wait for a job itself; the end of that job requests the next calls.
+void OfficeWorker::makePendingCalls() {
+    while (!isWaitedFor() && !pendingCalls_.empty()) {
+        const std::function<void()> call = std::move(pendingCalls_.front());
+        pendingCalls_.pop_front();
+        call();
+    }
 }
 
 void OfficeWorker::post(Job job, Completion completion) {

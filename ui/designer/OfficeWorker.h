@@ -49,6 +49,9 @@ class OfficeWorker final : public QObject, public OfficeJobs {
     /// Adds a job and does not wait. Only the newest of such jobs is run; none is when another job was added
     /// later. Its errors are ignored.
     void postNewest(Job job);
+    /// Calls at once, or, while a job is waited for, after the caller of run has returned to its event loop.
+    /// Calls keep their order.
+    void callWhenFree(std::function<void()> call);
 
     [[nodiscard]] bool isWaitedFor() const { return waiters_ > 0; }
 
@@ -62,9 +65,12 @@ class OfficeWorker final : public QObject, public OfficeJobs {
     void work();
     std::optional<Job> nextJob();
     void add(Job job);
+    void stopWaiting();
+    void makePendingCalls();
 
     std::chrono::milliseconds patience_;
     int waiters_ = 0;
+    std::deque<std::function<void()>> pendingCalls_;
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<Job> jobs_;
