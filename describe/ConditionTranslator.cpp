@@ -102,6 +102,7 @@ class Translator {
     /// A bracket may be that of a condition or that of an operand.
     std::string primary() {
         const std::string_view before = rest_;
+        const int depth = depth_;
         if (takeSign("(")) {
             try {
                 std::string text = "(" + alternatives() + ")";
@@ -110,6 +111,7 @@ class Translator {
                 // It is that of an operand.
             }
             rest_ = before;
+            depth_ = depth;
         }
         return comparison();
     }
@@ -189,9 +191,7 @@ class Translator {
         // Decimal numbers are stored as texts.
         if (column == ValueClass::Decimal && (isWhole || text[0] != '.')) return quotedName(text, "'");
         // Access compares a fraction with the bits of a single number, which are not stored here.
-        if (column == ValueClass::Real && isWhole) return text;
-        if (column == ValueClass::Truth && text == "0") return "0";
-        if (column == ValueClass::Truth && text == "-1") return "1";
+        if ((column == ValueClass::Real || column == ValueClass::Truth) && isWhole) return text;
         throw NotTranslated();
     }
 
@@ -220,7 +220,7 @@ class Translator {
         if (first == '"' || first == '\'') return textValue(first);
         if (first == '#') return dateValue();
         if (isDigit(static_cast<unsigned char>(first)) || first == '-' || first == '.') return number();
-        if (takeWord("TRUE")) return {"1", ValueClass::Truth};
+        if (takeWord("TRUE")) return {"-1", ValueClass::Truth};
         if (takeWord("FALSE")) return {"0", ValueClass::Truth};
         return column();
     }
@@ -301,6 +301,14 @@ class Translator {
 };
 
 }  // namespace
+
+StatementColumn comparedColumn(const StatementColumn& column) {
+    if (column.type == ColumnType::Boolean) return {"-" + column.text, column.type};
+    if (column.type != ColumnType::DateAndTime) return column;
+    // A time alone is stored as "09:30:00".
+    const std::string isTime = "length(" + column.text + ") = 8";
+    return {"iif(" + isTime + ", '1899-12-30T' || " + column.text + ", " + column.text + ")", column.type};
+}
 
 std::optional<std::string> translateCondition(std::string_view condition, const ColumnFinder& find,
                                               TextColumns texts) {

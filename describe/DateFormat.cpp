@@ -86,16 +86,23 @@ class DateTranslator {
     std::string result_;
 };
 
+/// Returns a format in lower case. Letters in quotes and after a backslash keep their case.
+std::string withLowerLetters(std::string_view format) {
+    std::string lower(format);
+    bool isQuoted = false;
+    bool isEscaped = false;
+    for (char& letter : lower) {
+        if (letter == '"' && !isEscaped) isQuoted = !isQuoted;
+        if (!isQuoted && !isEscaped) letter = toLowerAscii(letter);
+        isEscaped = letter == '\\' && !isQuoted && !isEscaped;
+    }
+    return lower;
+}
+
 }  // namespace
 
 std::optional<std::string> strftimeFormat(std::string_view format) {
-    // Letters in quotes keep their case.
-    std::string lower(format);
-    bool isQuoted = false;
-    for (char& letter : lower) {
-        if (letter == '"') isQuoted = !isQuoted;
-        if (!isQuoted) letter = toLowerAscii(letter);
-    }
+    const std::string lower = withLowerLetters(format);
     const auto* const named = std::ranges::find(kNamed, lower, &Token::access);
     if (named != kNamed.end()) return std::string(named->format);
     return lower.empty() ? std::nullopt : DateTranslator(lower).translate();

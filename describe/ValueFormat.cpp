@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <ctime>
 #include <initializer_list>
 #include <optional>
@@ -20,8 +19,14 @@ constexpr std::size_t kDigitsOfGroup = 3;
 constexpr std::size_t kLongestNumber = 400;  ///< digits of the largest double with decimals
 
 std::string formatted(const std::tm& date, const std::string& format) {
-    std::array<char, 128> text{};
-    return {text.data(), std::strftime(text.data(), text.size(), format.c_str(), &date)};
+    // Without an end, an empty text could not be told from one for which there is no room.
+    const std::string withEnd = format + ".";
+    std::string text(64, '\0');
+    std::size_t size = 0;
+    while ((size = std::strftime(text.data(), text.size(), withEnd.c_str(), &date)) == 0)
+        text.resize(text.size() * 2);
+    text.resize(size - 1);
+    return text;
 }
 
 /// Returns the shortest digits that denote the number.
@@ -60,18 +65,6 @@ void writeBoolean(bool value, const std::string& format, ValueText& text) {
     if (equalsIgnoringAsciiCase(format, "True/False")) text.shown = value ? "True" : "False";
     if (equalsIgnoringAsciiCase(format, "On/Off")) text.shown = value ? "On" : "Off";
     text.stored = value ? "true" : "false";
-}
-
-/// Returns the date by a format, with the day of the week.
-std::string formattedDate(const IsoDate& date, const std::string& format) {
-    using namespace std::chrono;
-    constexpr int kFirstYear = 1900;
-    std::tm fields = date.fields;
-    const year_month_day day(year(fields.tm_year + kFirstYear),
-                             month(static_cast<unsigned>(fields.tm_mon) + 1),
-                             std::chrono::day(static_cast<unsigned>(fields.tm_mday)));
-    fields.tm_wday = static_cast<int>(weekday(sys_days(day)).c_encoding());
-    return formatted(fields, format);
 }
 
 /// Puts separators between the digits before the decimal point.
@@ -164,7 +157,7 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
 std::string ValueFormat::shownDate(const IsoDate& date, const std::string& format) const {
     const std::optional<std::string> stored = strftimeFormat(format);
     // A time alone has no day that a format could show.
-    if (stored && !date.date.empty()) return formattedDate(date, *stored);
+    if (stored && !date.date.empty()) return formatted(date.fields, *stored);
     const bool isDay = equalsIgnoringAsciiCase(format, "Short Date") && !date.date.empty();
     std::string shown = conventions_.date.empty() || date.date.empty()
                             ? date.date

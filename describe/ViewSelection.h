@@ -28,6 +28,8 @@ class ViewSelection {
         const std::function<std::string(const std::string& table)>& nameOf) const;
 
   private:
+    class Builder;
+
     ViewSelection() = default;
 
     std::vector<std::string> tables_;  ///< s0, s1 and so on in the texts

@@ -29,6 +29,7 @@ Value text(std::string_view text) {
 
 TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
     const ValueFormat british({".", ",", "%d/%m/%Y", "%H:%M"});
+    const std::string longText = '"' + std::string(200, 'x') + '"';
     const struct {
         std::string_view value;
         ColumnType type;
@@ -40,6 +41,8 @@ TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
         {"2024-05-04T14:07:03", ColumnType::DateAndTime, "hh:mm AM/PM", "02:07 PM"},
         {"2024-05-04", ColumnType::DateAndTime, "yyyy-mm-dd hh:mm:ss", "2024-05-04 00:00:00"},
         {"2024-05-04", ColumnType::Date, "\"On 100% the \"d\\.", "On 100% the 4."},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "yyyy-mm-dd\\Thh:nn", "2024-05-04T14:07"},
+        {"2024-05-04", ColumnType::Date, "yyyy" + longText, "2024" + longText.substr(1, 200)},
         {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Medium Date", "04-May-24"},
         {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Short Date", "04/05/2024"},
         {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Short Time", "14:07"},

@@ -48,7 +48,7 @@ class DescribeQueries(ProgramTest):
                                  Column("Day", DATE), Column("Price", MONEY), Column("Weight", DOUBLE),
                                  Column("Max", LONG)],
                        [(1, 2, "Ida", True, 36526.0, 25000, 1.5, 1), (2, 1, "Per", False, 36527.25, 100000, 2.0, 9),
-                        (3, None, None, False, None, None, None, 3), (4, 2, "ida", True, 36528.0, 99999, -4.0, 2)],
+                        (3, None, None, False, 0.9, None, None, 3), (4, 2, "ida", True, 36528.0, 99999, -4.0, 2)],
                        keys=[[0]])
         file.add_table("Towns", [Column("Id", LONG), Column("Name", TEXT)], [(1, "Bosham"), (2, "Malmö"), (3, "Ystad")],
                        keys=[[0]])
@@ -71,12 +71,13 @@ class DescribeQueries(ProgramTest):
             ("(Id=1 Or Id=3) And Town Is Null", "3"), ("Not (Id>1)", "1"), ("Town Is Not Null", "124"),
             ("(((Trips.Boat)=\"ida\"))", "14"), ("Boat<>'Per'", "14"), ("Boat In (\"Per\", \"none\")", "2"),
             ("Not Boat=\"Per\"", "14"), ("Paid", "14"), ("Paid=True", "14"), ("Paid=0", "23"),
-            ("Paid<>-1", "23"), ("Not Paid", "23"),
+            ("Paid<>-1", "23"), ("Not Paid", "23"), ("Paid<0", "14"), ("Paid>True", "23"), ("Paid<>1", "1234"),
             ("Id Between 2 And 3 And Paid=False", "23"), ("Id Not Between 2 And 3", "14"), ("Id Not In (1,2)", "34"),
-            ("Day>=#1/2/2000#", "24"), ("Day=#01/01/2000#", "1"), ("[Price]>=10", "2"), ("Price<9.99995", "14"),
+            ("Day>=#1/2/2000#", "24"), ("Day=#01/01/2000#", "1"), ("Day<#1/1/2000#", "3"), ("[Price]>=10", "2"), ("Price<9.99995", "14"),
             ("Price=2.5", "1"), ("Weight<0", "4"), ("Weight=2", "2"), ("Id>[Max]", "4"),
             ("Chosen.Id>Max Or Trips!Id=1", None),
             ("Trips!Id=1", "1"), ("Id=1 Or\r\nId=2", "12"), ("nOt iD=1 aNd ID<3", "2"),
+            (" Or ".join(["((Trips.Id)=2)"] * 120), "2"),
         )
         for condition, ids in cases:
             with self.subTest(condition=condition):
@@ -129,6 +130,9 @@ class DescribeQueries(ProgramTest):
         self.assertEqual(rows, [("Per", "2"), ("Ida", "1"), ("ida", "4"), ("", "3")])
         rows = self.records(source("Trips"), output("Id"), order("Price"))
         self.assertEqual([row[0] for row in rows], ["3", "1", "4", "2"])
+        for column, ids in (("Paid", "1423"), ("Day", "3124")):
+            rows = self.records(source("Trips"), output("Id"), order(column), order("Id"))
+            self.assertEqual("".join(row[0] for row in rows), ids, column)
         self.assertEqual(sorted(self.records(source("Trips"), output("Town"), DISTINCT)), [("",), ("1",), ("2",)])
 
     def describe(self, file, *arguments):
