@@ -115,7 +115,7 @@ std::vector<pugi::xml_node> LinkReplay::runsOf(const Stretch& stretch) {
     std::vector<pugi::xml_node> runs;
     for (const Item* item = story_->items().itemAt(start); item != nullptr;
          item = embedded::ItemTree::next(item)) {
-        if (item->takesPlace() && story_->positionOf(item) >= end) break;
+        if (story_->positionOf(item) >= end) break;
         const pugi::xml_node run = story_->names().ancestor(item->node, WordTag::Run);
         if (run && (runs.empty() || runs.back() != run)) runs.push_back(run);
     }

@@ -58,6 +58,8 @@ const std::string kRow = row(kCellA + kCellB);
 const std::string kTable = table(kRow);
 const std::string kOtherRow = row(cell(paragraph("c") + paragraph("d")) + cell(p("")));
 
+const std::string kShape = "<w:r><w:drawing><wp:anchor/></w:drawing></w:r>";
+
 /// An edit of a document that the office exports as it is.
 struct Edit {
     std::string what;
@@ -109,6 +111,10 @@ TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
          p(link("a", run("a") + run("b", "<w:b/>")))},
         {"a link around a place", p(run("a ") + marked("City", run("b"))),
          p(run("a ") + link("a", marked("City", run("b"))))},
+        {"a link before a floating shape", p(run("x") + kShape + run("y")),
+         p(link("a", run("x")) + kShape + run("y"))},
+        {"a link after a floating shape", p(run("y") + kShape + run("x")),
+         p(run("y") + kShape + link("a", run("x")))},
         {"a link to something else", p(link("a", run("x")) + run("y")), p(link("b", run("x")) + run("y"))},
         {"a link gone", p(run("a") + link("a", run("x")) + run("y")), p(run("axy"))},
         {"a new text with a link", p(run("x")), p(run("x") + link("a", run("new")))},
