@@ -84,7 +84,7 @@ class BookShift {
         for (const std::string& name : package_.partNames())
             if (name.starts_with("/xl/pivotCache/pivotCacheDefinition")) checkPivotCache(name);
     }
-    /// A table may get and lose records, and move as a whole.
+    /// A table may get and lose records, but not all of them, and move as a whole.
     void checkTable(const std::string& partName) const {
         const auto part = parse(partName);
         const pugi::xml_node table = part->root();
@@ -98,8 +98,9 @@ class BookShift {
         const int end = shift_.at - std::min(shift_.count, 0);  // after the removed ones
         const bool isOutside = isByRows ? end <= area->first.row || shift_.at > area->last.row
                                         : end <= first || shift_.at > last;
+        const bool areAllRecords = shift_.at == first && end == last + 1;
         const bool isAmongRecords =
-            isByRows && shift_.at >= first && end <= last + (shift_.count > 0 ? 1 : 0);
+            isByRows && shift_.at >= first && end <= last + 1 && (shift_.count > 0 || !areAllRecords);
         if (!isOutside && !isAmongRecords)
             throw Refusal("rows or columns of a table were inserted or removed", sheetName_);
     }
