@@ -17,6 +17,7 @@ namespace mergeloom {
 
 namespace {
 
+using windows::fileNumber;
 using windows::setErrno;
 using windows::widePath;
 
@@ -38,15 +39,6 @@ class Handle {
   private:
     HANDLE handle_;
 };
-
-/// Returns a number of the C library for a file of Windows, which then belongs to it.
-int fileNumber(HANDLE file, int flags) {
-    if (file == INVALID_HANDLE_VALUE) return setErrno();
-    const int number =
-        ::_open_osfhandle(reinterpret_cast<std::intptr_t>(file), flags | O_BINARY | O_NOINHERIT);
-    if (number < 0) ::CloseHandle(file);
-    return number;
-}
 
 HANDLE handleOf(int file) {
     return reinterpret_cast<HANDLE>(::_get_osfhandle(file));
@@ -79,7 +71,8 @@ void takeOverPermissions(const std::wstring& from, const std::wstring& to) {
         ::LocalFree(description);
     }
     const DWORD attributes = ::GetFileAttributesW(from.c_str());
-    if ((attributes & FILE_ATTRIBUTE_HIDDEN) != 0) ::SetFileAttributesW(to.c_str(), attributes);
+    const bool isHidden = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+    if (isHidden) ::SetFileAttributesW(to.c_str(), attributes);
 }
 
 /// A scanner for viruses or an index of the system may have a new file open for a moment.
@@ -93,7 +86,6 @@ bool moveOver(const std::wstring& from, const std::wstring& to) {
         const bool mayPass = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
         if (tried == kTries || !mayPass || isFolder(::GetFileAttributesW(to.c_str()))) return false;
         ::Sleep(kPause);
-        ::SetLastError(error);
     }
 }
 

@@ -32,6 +32,12 @@ HANDLE makeFile(const std::string& folder, const std::string& suffix, DWORD flag
     return INVALID_HANDLE_VALUE;
 }
 
+/// Returns null, with errno, for INVALID_HANDLE_VALUE and when there are too many open files.
+std::FILE* streamOf(HANDLE file, int flags, const char* mode) {
+    const int number = windows::fileNumber(file, flags);
+    return number < 0 ? nullptr : ::_fdopen(number, mode);
+}
+
 }  // namespace
 
 std::FILE* openToRead(const std::string& path) {
@@ -39,24 +45,15 @@ std::FILE* openToRead(const std::string& path) {
     const HANDLE file = ::CreateFileW(windows::widePath(path).c_str(), GENERIC_READ,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
-        windows::setErrno();
-        if (folderExists(path)) errno = EISDIR;
-        return nullptr;
-    }
-    const int number =
-        ::_open_osfhandle(reinterpret_cast<std::intptr_t>(file), O_RDONLY | O_BINARY | O_NOINHERIT);
-    return ::_fdopen(number, "rb");
+    std::FILE* const opened = streamOf(file, O_RDONLY, "rb");
+    if (opened == nullptr && folderExists(path)) errno = EISDIR;
+    return opened;
 }
 
 std::FILE* openScratchFile() {
     std::string path;
     constexpr DWORD kFlags = FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE;
-    const HANDLE file = makeFile(temporaryFolder(), ".tmp", kFlags, path);
-    if (file == INVALID_HANDLE_VALUE) return nullptr;
-    const int number =
-        ::_open_osfhandle(reinterpret_cast<std::intptr_t>(file), O_RDWR | O_BINARY | O_NOINHERIT);
-    return ::_fdopen(number, "w+b");
+    return streamOf(makeFile(temporaryFolder(), ".tmp", kFlags, path), O_RDWR, "w+b");
 }
 
 std::string makeUniqueFile(const std::string& folder, const std::string& suffix) {

@@ -2,10 +2,13 @@
 
 #include "base/Text.h"
 
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 
 namespace mergeloom::windows {
 
@@ -80,6 +83,14 @@ int errnoOf(unsigned long error) {
 int setErrno() {
     errno = errnoOf(::GetLastError());
     return -1;
+}
+
+int fileNumber(void* file, int flags) {
+    if (file == INVALID_HANDLE_VALUE) return setErrno();
+    const int number =
+        ::_open_osfhandle(reinterpret_cast<std::intptr_t>(file), flags | O_BINARY | O_NOINHERIT);
+    if (number < 0) ::CloseHandle(file);
+    return number;
 }
 
 }  // namespace mergeloom::windows

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// Texts and errors between this program and Windows.
+/// Texts, errors and files between this program and Windows.
 namespace mergeloom::windows {
 
 /// Converts a text for a call of Windows.
@@ -21,5 +21,9 @@ std::string pathText(std::wstring_view path);
 int errnoOf(unsigned long error);
 /// Sets errno after a call of Windows that failed, and returns -1.
 int setErrno();
+
+/// Returns a number of the C library for a handle of a file, which then belongs to the number. Returns -1,
+/// with errno, for INVALID_HANDLE_VALUE and when there are too many open files.
+int fileNumber(void* file, int flags);
 
 }  // namespace mergeloom::windows

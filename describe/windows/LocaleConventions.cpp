@@ -3,9 +3,10 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
-#include <utility>
 
 namespace mergeloom::describe {
 
@@ -18,32 +19,47 @@ std::wstring localeText(LCTYPE kind) {
     return size > 0 ? std::wstring(text.data()) : std::wstring();
 }
 
-/// The pieces of the date and time formats of Windows, and their names in strftime. Longer pieces are first.
-constexpr std::pair<std::wstring_view, std::string_view> kPieces[] = {
-    {L"yyyy", "%Y"}, {L"yy", "%y"},   {L"y", "%y"},   {L"MMMM", "%B"}, {L"MMM", "%b"}, {L"MM", "%m"},
-    {L"M", "%#m"},   {L"dddd", "%A"}, {L"ddd", "%a"}, {L"dd", "%d"},   {L"d", "%#d"},  {L"HH", "%H"},
-    {L"H", "%#H"},   {L"hh", "%I"},   {L"h", "%#I"},  {L"mm", "%M"},   {L"m", "%#M"},  {L"ss", "%S"},
-    {L"s", "%#S"},   {L"tt", "%p"},   {L"t", "%p"},   {L"gg", ""},     {L"g", ""},
+struct Piece {
+    std::wstring_view windows;
+    std::wstring_view format;  ///< in strftime
 };
 
-std::string formatOfPicture(std::wstring_view picture) {
-    std::string format;
-    while (!picture.empty()) {
-        bool isPiece = false;
-        for (const auto& [piece, name] : kPieces) {
-            if (!picture.starts_with(piece)) continue;
-            format += name;
-            picture.remove_prefix(piece.size());
-            isPiece = true;
-            break;
-        }
-        if (isPiece) continue;
-        // Text is in single quotes.
-        if (picture.front() == L'%') format += '%';
-        if (picture.front() != L'\'') format += windows::utf8Text(picture.substr(0, 1));
-        picture.remove_prefix(1);
+/// The pieces of the date and time formats of Windows. Longer pieces are first.
+constexpr Piece kPieces[] = {
+    {L"yyyy", L"%Y"}, {L"yy", L"%y"},   {L"y", L"%y"},   {L"MMMM", L"%B"}, {L"MMM", L"%b"}, {L"MM", L"%m"},
+    {L"M", L"%#m"},   {L"dddd", L"%A"}, {L"ddd", L"%a"}, {L"dd", L"%d"},   {L"d", L"%#d"},  {L"HH", L"%H"},
+    {L"H", L"%#H"},   {L"hh", L"%I"},   {L"h", L"%#I"},  {L"mm", L"%M"},   {L"m", L"%#M"},  {L"ss", L"%S"},
+    {L"s", L"%#S"},   {L"tt", L"%p"},   {L"t", L"%p"},   {L"gg", L""},     {L"g", L""},     {L"%", L"%%"},
+};
+
+/// Takes a text in single quotes from the front of a format, in which two quotes are one.
+std::wstring takeQuoted(std::wstring_view& picture) {
+    std::wstring text;
+    std::size_t place = 1;
+    for (; place < picture.size(); ++place) {
+        if (picture[place] == L'\'' && !picture.substr(place + 1).starts_with(L'\'')) break;
+        if (picture[place] == L'\'') ++place;
+        text.append(picture[place] == L'%' ? 2 : 1, picture[place]);
     }
-    return format;
+    picture.remove_prefix(std::min(place + 1, picture.size()));
+    return text;
+}
+
+/// Takes a piece, or a character without a meaning.
+std::wstring takePiece(std::wstring_view& picture) {
+    const auto* const piece =
+        std::ranges::find_if(kPieces, [&](const Piece& known) { return picture.starts_with(known.windows); });
+    const bool isKnown = piece != std::end(kPieces);
+    const std::wstring text(isKnown ? piece->format : picture.substr(0, 1));
+    picture.remove_prefix(isKnown ? piece->windows.size() : 1);
+    return text;
+}
+
+std::string formatOfPicture(std::wstring_view picture) {
+    std::wstring format;
+    while (!picture.empty())
+        format += picture.front() == L'\'' ? takeQuoted(picture) : takePiece(picture);
+    return windows::utf8Text(format);
 }
 
 }  // namespace

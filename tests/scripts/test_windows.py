@@ -3,7 +3,9 @@ byte for byte.
 
 MERGELOOM_WINDOWS and MERGELOOM_LINUX name the folders of the programs, MERGELOOM_ROOT the folder of the sources.
 """
+import contextlib
 import os
+import sqlite3
 import subprocess
 import tempfile
 import unittest
@@ -149,6 +151,23 @@ class Windows(SameResults):
                     "orders.xml"), folder)
         self.assertEqual((status, errors), (0, ""))
         self.assertTrue((folder / "my first letter.docx").is_file())
+
+    def test_dates_are_shown_by_the_users_settings(self):
+        key = r"HKCU\Control Panel\International"
+        query = [WINE, "reg", "query", key, "/v"]
+        folder = self.folder("settings")
+        for name, value in (("sShortDate", "d' de 'MMM yyyy"), ("sTimeFormat", "HH' h 'mm")):
+            former = run([*query, name], folder)[1].split("REG_SZ")[-1].strip()
+            self.addCleanup(run, [WINE, "reg", "add", key, "/v", name, "/d", former, "/f"], folder)
+            run([WINE, "reg", "add", key, "/v", name, "/d", value, "/f"], folder)
+        with contextlib.closing(sqlite3.connect(folder / "days.db")) as database:
+            database.execute("CREATE TABLE Days (Day DATETIME)")
+            database.execute("INSERT INTO Days VALUES ('2024-05-04 09:07:03')")
+            database.commit()
+        status, output, errors = run(windows("mergeloom-describe", "days.db", "--object", "Days", "--records", "all"),
+                                     folder)
+        self.assertEqual((status, errors), (0, ""))
+        self.assertIn("<DisplayValue>4 de May 2024 09 h 07</DisplayValue>", output)
 
     def test_what_there_is_not_is_said(self):
         folder = self.folder("missing")

@@ -13,13 +13,14 @@ namespace {
 constexpr int kCannotConvert = -2;
 constexpr int kLongestUtf8 = 4;
 
-/// Converts one character of a code page to UTF-8. Returns the count of its bytes, and of those that it takes
-/// in the parameter; 0 for one that is cut off, and a negative count for none of the code page.
-int convertCharacter(UINT codePage, const unsigned char* in, int& taken, char* utf8) {
+/// Converts one character of a code page to UTF-8 and returns the count of its bytes there: 0 for a character
+/// that is cut off, and a negative count for bytes that are none. The last parameter is the count of the
+/// available bytes before, and of the character's bytes afterwards.
+int convertCharacter(UINT codePage, const unsigned char* in, char* utf8, int& taken) {
     const int length = ::IsDBCSLeadByteEx(codePage, *in) != 0 ? 2 : 1;
     if (length > taken) return 0;
     taken = length;
-    wchar_t units[2];
+    wchar_t units[2]{};
     const int count = ::MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, reinterpret_cast<const char*>(in),
                                             length, units, 2);
     // Windows makes control characters of the bytes that a code page leaves free.
@@ -36,7 +37,7 @@ int toUtf8(unsigned char* out, int* outSize, const unsigned char* in, int* inSiz
     while (consumed < *inSize) {
         char utf8[kLongestUtf8];
         int taken = *inSize - consumed;
-        const int count = convertCharacter(CodePage, in + consumed, taken, utf8);
+        const int count = convertCharacter(CodePage, in + consumed, utf8, taken);
         if (count < 0 && produced == 0) produced = kCannotConvert;
         if (count <= 0 || produced + count > *outSize) break;
         std::memcpy(out + produced, utf8, static_cast<std::size_t>(count));
