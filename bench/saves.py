@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Measures saves in the designer of documents and workbooks that another program wrote, beside LibreOffice's own save of
-the same file with the same kind of change: the save right after the first drop, and later ones. A document has 50, 500 and
-5,000 paragraphs (about 20 are a page) with a content control and a header, the workbook is that of
+"""Measures saves in the designer of documents and workbooks that another program wrote, beside LibreOffice's own save
+of the same file with the same kind of change: the save right after the first drop, and later ones. A document has 50,
+500 and 5,000 paragraphs (about 20 are a page) with a content control and a header, the workbook is that of
 make_large_workbook.py. Ends when a save asks about losses or changes more parts than a drop does.
 """
 
@@ -39,7 +39,7 @@ CONTROL = """<w:sdt {ns}><w:sdtPr><w:tag w:val="terms"/><w:id w:val="4711"/></w:
 
 
 class OwnOffice:
-    """A LibreOffice that nobody sees, for its own saves."""
+    """A hidden LibreOffice, for its own saves."""
 
     FILTERS = {".docx": "MS Word 2007 XML", ".xlsx": "Calc MS Excel 2007 XML"}
 

@@ -2,8 +2,8 @@
 """Checks that the sources keep to the floors of the house.
 
 Complains about an include that goes to a floor that the file's own floor may not know, a name of such a floor that is
-used through other headers, a library used outside the floor that hides it (by its headers or by its names), a system's header outside of its folder, a
-header without "#pragma once" and a circle of includes.
+used through other headers, a library used outside the floor that hides it (by its headers or by its names), a system's
+header outside of its folder, a header without "#pragma once" and a circle of includes.
 Usage: check_floors.py [ROOT]
 """
 import re
