@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <condition_variable>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -51,14 +52,17 @@ class LetterWritersTest : public testing::Test {
         record.controls.emplace_back().displayValue = std::to_string(number);
         return record;
     }
-    /// Writes a file, unless its path is one of those that fail.
+    /// Writes a file, unless its path is one of those that fail. The held one waits for such a failure.
     void save(const std::string& path, const std::function<void(ByteSink&)>& writer) {
         struct Sink final : ByteSink {
             void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }
             std::string bytes;
         } sink;
         writer(sink);
-        const std::scoped_lock lock(mutex);
+        std::unique_lock lock(mutex);
+        if (path == held) failed.wait(lock, [this] { return hasFailed; });
+        hasFailed = hasFailed || (failing.contains(path) && path != held);
+        failed.notify_all();
         if (failing.contains(path)) throw AutomationError(kFileCouldNotBeSaved, "no " + path);
         files[path] = sink.bytes;
     }
@@ -82,6 +86,9 @@ class LetterWritersTest : public testing::Test {
     }
 
     std::mutex mutex;
+    std::condition_variable failed;
+    std::string held;  ///< a path whose file is written after another one has failed
+    bool hasFailed = false;
     std::map<std::string, std::string> files;
     std::set<std::string> failing;
     std::size_t written = 0;
@@ -104,6 +111,13 @@ TEST_F(LetterWritersTest, TheFirstErrorEndsTheWork) {
         EXPECT_GE(written, 4);
         EXPECT_LT(written, 500);
     }
+}
+
+/// A single thread would have met this error first, though it occurs later.
+TEST_F(LetterWritersTest, RaisesTheErrorOfTheFirstLetter) {
+    failing = {"1", "2"};
+    held = "1";
+    EXPECT_EQ(write(10), "no 1");
 }
 
 }  // namespace

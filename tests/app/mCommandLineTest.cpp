@@ -109,6 +109,7 @@ TEST(mCommandLine, FindsTheTextAfterArgumentsOfWindows) {
         {R"(--object="Form Orders" -hidden)", 1, "-hidden"},
         {R"("c:\folder\\" -hidden)", 1, "-hidden"},
         {R"("a \"quoted\" name" -hidden)", 1, "-hidden"},
+        {R"("12\" wide" -hidden)", 1, "-hidden"},
         {"--version", 1, ""},
         {"--version", 5, ""},
         {"", 1, ""},

@@ -82,6 +82,31 @@ TEST(ShiftedBookTest, MovesThePartsOfTheSheet) {
         EXPECT_THAT(shifted(each), HasSubstr(each.expected)) << each.type << " " << each.xml;
 }
 
+TEST(ShiftedBookTest, MovesTheCellsOfTheSheetAndTheFormulasOfOthers) {
+    const std::string own =
+        "<cols><col min=\"1\" max=\"1\" width=\"20\"/></cols><sheetData><row r=\"1\" spans=\"1:2\"><c "
+        "r=\"A1\" "
+        "s=\"7\"><v>1</v></c><c r=\"B1\"><v>2</v></c></row></sheetData>";
+    const std::string other =
+        "<sheetData><row r=\"1\"><c r=\"A1\"><f t=\"shared\" si=\"0\" ref=\"A1:B1\">Data!A9</f></c>"
+        "<c r=\"B1\"><f t=\"shared\" si=\"0\"/></c></row></sheetData>";
+    const std::string names =
+        "<definedName name=\"All\">Data!$B$1</definedName><definedName name=\"Own\" localSheetId=\"0\">$B$1"
+        "</definedName><definedName name=\"Others\" localSheetId=\"1\">$B$1</definedName>";
+    opc::Package package =
+        workbookPackage({{"Data", own}, {"Other", other}}, "<definedNames>" + names + "</definedNames>");
+    shiftLines(package, "Data", {Axis::Columns, 2, 1});
+    EXPECT_THAT(
+        package.readPart(sheetPart(1)),
+        HasSubstr("<cols><col min=\"1\" max=\"2\" width=\"20\"/></cols><sheetData><row r=\"1\">"
+                  "<c r=\"A1\" s=\"7\"><v>1</v></c><c r=\"B1\" s=\"7\"/><c r=\"C1\"><v>2</v></c></row>"));
+    EXPECT_THAT(package.readPart(sheetPart(2)),
+                HasSubstr("<c r=\"A1\"><f>Data!A9</f></c><c r=\"B1\"><f>Data!C9</f></c>"));
+    const std::string book = package.readPart(kWorkbookPart);
+    for (const char* name : {"\"All\">Data!$C$1<", "localSheetId=\"0\">$C$1<", "localSheetId=\"1\">$B$1<"})
+        EXPECT_THAT(book, HasSubstr(name));
+}
+
 /// A table in A2:C5, with the header in the row 2, or with a row of totals below it, too.
 struct TableCase {
     LineShift shift;

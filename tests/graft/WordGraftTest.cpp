@@ -244,6 +244,9 @@ TEST(WordGraftTest, AddsStylesThatTheOriginalDoesNotHave) {
          style("Own", "Other", "") + style("I", "Big Link", "<w:rPr><w:b/></w:rPr>")},
         {"its id is taken", style("I", "Other", "") + style("I1", "Another", ""), style("I", "Hyperlink", ""),
          "I", "<w:rStyle w:val=\"I2\"/>", style("I2", "Hyperlink", "")},
+        {"a default one", "",
+         "<w:style w:type=\"character\" w:default=\"1\" w:styleId=\"I\"><w:name w:val=\"New\"/></w:style>",
+         "I", "<w:rStyle w:val=\"I\"/>", "w:default=\"0\" w:styleId=\"I\"><w:name w:val=\"New\"/>"},
         {"based on a known one", style("Own", "Emphasis", ""),
          emphasis +
              style("I", "New", "<w:basedOn w:val=\"E\"/><w:next w:val=\"I\"/><w:link w:val=\"gone\"/>"),

@@ -1,6 +1,10 @@
+#include "base/Text.h"
 #include "graft/Triple.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
 
 namespace mergeloom::graft {
 
@@ -68,6 +72,57 @@ struct Edit {
 
     [[nodiscard]] Triple triple() const { return {wordFile(before), wordFile(before), wordFile(after)}; }
 };
+
+/// The attributes of a link in two exports, and those in the result or the refusal.
+struct LinkCase {
+    std::string former;
+    std::string now;
+    std::string expected;
+};
+
+/// A document with a link, whose relationships r1 and r2 lead to an address and to a part.
+std::string linkedFile(const std::string& attributes) {
+    opc::Package package = opc::Package::read(
+        wordFile(p("<w:hyperlink " + attributes + ">" + run("x") + "</w:hyperlink>")), "a.docx");
+    opc::Relationships& relationships = package.relationshipsOf(kMainPart);
+    const std::string type = opc::officeRelationshipType("hyperlink", opc::Conformance::Transitional);
+    const std::string address = relationships.addExternal(type, "http://former/");
+    const std::string other = relationships.addExternal(type, "http://now/");
+    const std::string part = relationships.addPart(type, kMainPart);
+    std::string xml = replaceAll(
+        package.readPart(kMainPart), "<w:document ",
+        "<w:document xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\" ");
+    for (const auto& [name, id] : {std::pair("r1", address), std::pair("r2", other), std::pair("r3", part)})
+        xml = replaceAll(xml, std::string("r:id=\"") + name + "\"", "r:id=\"" + id + "\"");
+    package.writePart(kMainPart, xml);
+    return packageBytes(package);
+}
+
+TEST(WordStructureTest, SetsTheTargetOfLinks) {
+    const LinkCase cases[] = {
+        {"w:anchor=\"a\"", "r:id=\"r2\"", "http://now/"},
+        {"r:id=\"r1\"", "r:id=\"r2\"", "http://now/"},
+        {"r:id=\"r1\"", "w:anchor=\"a\"", "w:anchor=\"a\""},
+        {"r:id=\"r1\" w:anchor=\"a\"", "r:id=\"r2\" w:tooltip=\"tip\"", "w:tooltip=\"tip\" http://now/"},
+        {"r:id=\"r1\"", "r:id=\"r3\"", "refused: a link to a part of the file was set"},
+    };
+    for (const LinkCase& each : cases) {
+        const Triple triple{linkedFile(each.former), linkedFile(each.former), linkedFile(each.now)};
+        const model::GraftResult result = triple.graft();
+        const auto* const grafted = std::get_if<model::GraftedPackage>(&result);
+        if (grafted == nullptr) {
+            EXPECT_EQ(resultOf(result), each.expected);
+            continue;
+        }
+        opc::Package package = opc::Package::read(grafted->bytes, "a.docx");
+        const std::string body = bodyOf(grafted->bytes);
+        const std::size_t start = body.find("<w:hyperlink ") + 13;
+        std::string shown = body.substr(start, body.find('>', start) - start);
+        for (const opc::Relationship& relationship : package.relationshipsOf(kMainPart).all())
+            shown = replaceAll(shown, "r:id=\"" + relationship.id + "\"", relationship.target);
+        EXPECT_EQ(shown, each.expected) << each.former << " to " << each.now;
+    }
+}
 
 TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
     const Edit edits[] = {

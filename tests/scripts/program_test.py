@@ -3,6 +3,7 @@
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
 import os
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -10,6 +11,9 @@ from pathlib import Path
 
 PROGRAM = os.environ["MERGELOOM"]
 SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
+
+# Programs inherit that SIGINT is ignored, as it is for tests that were started in the background.
+signal.signal(signal.SIGINT, signal.default_int_handler)
 
 
 def run(*arguments):

@@ -17,8 +17,8 @@ import docx
 from lxml import etree
 
 import read_docx
+from program_test import PROGRAM
 
-PROGRAM = os.environ["MERGELOOM"]
 VALIDATOR = os.environ.get("MERGELOOM_VALIDATOR")
 ROOT = Path(os.environ["MERGELOOM_ROOT"])
 SCRIPTS = ROOT / "tests" / "scripts"

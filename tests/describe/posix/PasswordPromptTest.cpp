@@ -7,6 +7,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,8 @@ bool showsTypedCharacters() {
 
 /// Asks for a password and ends with the result and with the state of the terminal.
 [[noreturn]] void askAndEnd() {
+    // It is ignored in a process that was started in the background, and StopSignal respects that.
+    std::signal(SIGINT, SIG_DFL);
     const StopSignal stop;
     const std::optional<std::string> password = askPasswordOnTerminal();
     if (!showsTypedCharacters()) ::_exit(kHidesTyping);
