@@ -1,5 +1,6 @@
 #include "app/LetterWriters.h"
 
+#include <system_error>
 #include <utility>
 
 namespace mergeloom {
@@ -13,8 +14,14 @@ constexpr std::size_t kWaitingForEach = 16;
 
 LetterWriters::LetterWriters(std::vector<OwnLetters> letters, Save save)
     : letters_(std::move(letters)), save_(std::move(save)) {
-    for (const OwnLetters& own : letters_)
-        threads_.emplace_back([this, &own] { work(*own.letters); });
+    threads_.reserve(letters_.size());
+    try {
+        for (const OwnLetters& own : letters_)
+            threads_.emplace_back([this, &own] { work(*own.letters); });
+    } catch (const std::system_error&) {
+        // The system may allow fewer threads.
+        if (threads_.empty()) throw;
+    }
 }
 
 LetterWriters::~LetterWriters() {

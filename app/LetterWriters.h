@@ -30,7 +30,8 @@ class LetterWriters {
         std::unique_ptr<letters::Letters> letters;
     };
 
-    /// Starts a thread for each of the letters, which are of the same template.
+    /// Starts a thread for each of the letters, which are of the same template. Raises std::system_error if
+    /// none can be started.
     LetterWriters(std::vector<OwnLetters> letters, Save save);
     LetterWriters(const LetterWriters&) = delete;
     LetterWriters& operator=(const LetterWriters&) = delete;
