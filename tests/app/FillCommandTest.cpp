@@ -6,7 +6,9 @@
 
 #include <gmock/gmock.h>
 
+#include <mutex>
 #include <sstream>
+#include <utility>
 
 namespace mergeloom {
 namespace {
@@ -32,8 +34,8 @@ class FillTest : public testing::Test {
     void writeRecords(int count) {
         std::string xml = "<db><Form Name='F'><Control Name='No'/></Form><Data>";
         for (int number = 1; number <= count; ++number)
-            xml += "<Record><Control Name='No'><DisplayValue>" + std::to_string(number) +
-                   "</DisplayValue></Control></Record>";
+            xml += "<Record><Control Name='No'><DisplayValue>" + std::to_string(number) + "</DisplayValue>" +
+                   (number == brokenText ? "<RichText>&lt;div&gt;</RichText>" : "") + "</Control></Record>";
         folder.put("data.xml", xml + "</Data></db>");
         options.dataFile = folder / "data.xml";
     }
@@ -72,6 +74,10 @@ class FillTest : public testing::Test {
         return count;
     }
 
+    void removeLetters() {
+        std::erase_if(memory.files, [](const auto& file) { return file.first.starts_with("/out/"); });
+    }
+
     /// Returns the number of converted files that begin with a text.
     int filesThatBegin(const std::string& start) const {
         return static_cast<int>(std::ranges::count_if(memory.files, [&](const auto& file) {
@@ -82,6 +88,7 @@ class FillTest : public testing::Test {
     TemporaryFolder folder;
     MemoryFileStore memory;
     FillOptions options;
+    int brokenText = 0;  ///< the number of the record whose rich text is broken
     bool keepsRecordsApart = true;
     bool succeeded = false;
 };
@@ -89,7 +96,7 @@ class FillTest : public testing::Test {
 TEST_F(FillTest, WholeLettersAreLeftWhenTheDiskIsFull) {
     writeRecords(3);
     for (int call = 1;; ++call) {
-        std::erase_if(memory.files, [](const auto& file) { return file.first.starts_with("/out/"); });
+        removeLetters();
         FaultyFileStore faulty(memory, call);
         const std::string told = fill(faulty);
         const int written = letters();
@@ -239,7 +246,7 @@ TEST_F(FillTest, RecordsAreConvertedTogether) {
     const int documents = filesThatBegin("record 0\n");
     EXPECT_GT(documents, 1);
     EXPECT_LT(documents, 10);
-    memory.files.erase(memory.files.lower_bound("/out/"), memory.files.lower_bound("/out0"));
+    removeLetters();
     keepsRecordsApart = false;
     EXPECT_THAT(fill(memory), HasSubstr("100 records filled into 100 files."));
     EXPECT_EQ(filesThatBegin("format 17\n"), 100);
@@ -249,7 +256,7 @@ TEST_F(FillTest, FilesOfSharedDocumentsAreCountedWhenTheDiskIsFull) {
     writeRecords(3);
     options.output = "/out/{No}.pdf";
     for (int call = 1;; ++call) {
-        std::erase_if(memory.files, [](const auto& file) { return file.first.starts_with("/out/"); });
+        removeLetters();
         FaultyFileStore faulty(memory, call);
         const std::string told = fill(faulty);
         if (!faulty.hasFailed()) break;
@@ -270,6 +277,61 @@ TEST_F(FillTest, PartsOfTheRecordsHaveTheNamesOfTheWhole) {
     EXPECT_EQ(letters(), 2);
     EXPECT_TRUE(memory.fileExists("/out/2.docx"));
     EXPECT_TRUE(memory.fileExists("/out/3.docx"));
+}
+
+/// A store for several threads, which fails to save one path.
+class SharedStore final : public FileStore {
+  public:
+    SharedStore(FileStore& store, std::string failing) : store_(store), failing_(std::move(failing)) {}
+
+    bool fileExists(const std::string& path) override {
+        const std::scoped_lock lock(mutex_);
+        return store_.fileExists(path);
+    }
+    std::string read(const std::string& path) override {
+        const std::scoped_lock lock(mutex_);
+        return store_.read(path);
+    }
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override {
+        MemoryFileStore own;
+        own.save(path, writer);
+        const std::scoped_lock lock(mutex_);
+        if (path == failing_)
+            throw AutomationError(kFileCouldNotBeSaved, "'" + path + "': the disk is full.");
+        store_.save(path, [&](ByteSink& sink) { sink.write(own.files.at(path)); });
+    }
+
+  private:
+    std::mutex mutex_;
+    FileStore& store_;
+    std::string failing_;
+};
+
+/// So many records are filled by several threads where there are several processors.
+TEST_F(FillTest, ManyLettersAreFilledAsFewOnes) {
+    constexpr int kMany = 250;
+    brokenText = 7;
+    writeRecords(kMany);
+    SharedStore whole(memory, "");
+    EXPECT_EQ(fill(whole),
+              "mergeloom: The rich text of No is broken; its plain text was taken.\n"
+              "250 records filled into 250 files.\n");
+    EXPECT_EQ(letters(), kMany);
+
+    removeLetters();
+    int asked = 0;
+    EXPECT_THAT(fill(whole, [&] { return ++asked > 210; }),
+                HasSubstr("Stopped before record 211.\n210 records filled into 210 files."));
+    EXPECT_EQ(letters(), 210);
+
+    removeLetters();
+    SharedStore full(memory, "/out/120.docx");
+    const std::string told = fill(full);
+    EXPECT_FALSE(succeeded);
+    EXPECT_GE(letters(), 119);
+    EXPECT_LT(letters(), kMany);
+    EXPECT_EQ(told, "'/out/120.docx': the disk is full. Before that, " + std::to_string(letters()) +
+                        " files were written.");
 }
 
 }  // namespace

@@ -225,6 +225,29 @@ TEST_F(DescribeMain, WritesPicturesBesideTheDocument) {
     EXPECT_THAT(run({path}).errors, HasSubstr("needs '--output FILE'."));
 }
 
+/// SQLite joins at most 64 tables.
+TEST_F(DescribeMain, LooksUpNoMoreColumnsThanAStatementCanJoin) {
+    std::string columns;
+    std::string values;
+    for (int number = 1; number <= 70; ++number) {
+        columns += ", c" + std::to_string(number) + " INTEGER REFERENCES names";
+        values += ", 1";
+    }
+    const std::string path = make(
+        "CREATE TABLE names (id INTEGER PRIMARY KEY, name TEXT); INSERT INTO names VALUES (1, 'Ash');"
+        "CREATE TABLE parents (id INTEGER PRIMARY KEY); INSERT INTO parents VALUES (1);"
+        "CREATE TABLE wide (id INTEGER PRIMARY KEY, parent INTEGER REFERENCES parents" +
+        columns + "); INSERT INTO wide VALUES (1, 1" + values + ");");
+    for (const char* const object : {"Table wide", "Form parents"}) {
+        const Outcome outcome = run({path, "--object", object, "--records", "all"});
+        EXPECT_EQ(outcome.status, 0) << outcome.errors;
+        std::size_t names = 0;
+        for (std::size_t at = 0; (at = outcome.output.find(">Ash<", at)) != std::string::npos; ++at)
+            ++names;
+        EXPECT_EQ(names, 48U) << object;
+    }
+}
+
 TEST_F(DescribeMain, ReplacesWhatXmlCannotHold) {
     const std::string path = make(
         "CREATE TABLE \"<t>\" (\"\"\"q\"\"\" TEXT);"
