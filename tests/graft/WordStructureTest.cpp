@@ -80,7 +80,7 @@ struct LinkCase {
     std::string expected;
 };
 
-/// A document with a link, whose relationships r1 and r2 lead to an address and to a part.
+/// A document with a link, for which r1 and r2 are addresses and r3 is a part.
 std::string linkedFile(const std::string& attributes) {
     opc::Package package = opc::Package::read(
         wordFile(p("<w:hyperlink " + attributes + ">" + run("x") + "</w:hyperlink>")), "a.docx");
@@ -92,8 +92,10 @@ std::string linkedFile(const std::string& attributes) {
     std::string xml = replaceAll(
         package.readPart(kMainPart), "<w:document ",
         "<w:document xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\" ");
-    for (const auto& [name, id] : {std::pair("r1", address), std::pair("r2", other), std::pair("r3", part)})
-        xml = replaceAll(xml, std::string("r:id=\"") + name + "\"", "r:id=\"" + id + "\"");
+    const std::pair<std::string, std::string> ids[] = {
+        {"r:id=\"r1\"", address}, {"r:id=\"r2\"", other}, {"r:id=\"r3\"", part}};
+    for (const auto& [written, id] : ids)
+        xml = replaceAll(xml, written, std::string("r:id=\"").append(id).append("\""));
     package.writePart(kMainPart, xml);
     return packageBytes(package);
 }
