@@ -30,9 +30,15 @@ enum class ColumnType : std::uint8_t {
 
 /// The list from which a control takes its values, as the database stores it.
 struct ListSource {
-    std::string rows{};    ///< a table or a statement; empty if there is no list
+    enum class Kind : std::uint8_t { Rows, Values };
+
+    std::string rows{};    ///< a table, a statement or the values; empty if there is no list
     int boundColumn = 1;   ///< the column of the list that is stored, counted from 1
     std::string widths{};  ///< of the columns, separated by ";"; a column of width 0 is hidden
+    Kind kind = Kind::Rows;
+    int columns = 1;  ///< into which the Values are divided
+
+    friend bool operator==(const ListSource&, const ListSource&) = default;
 };
 
 struct Column {

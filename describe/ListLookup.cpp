@@ -116,29 +116,28 @@ bool isZero(std::string_view width) {
     return !digits.empty() && digits.find_first_of("123456789") == std::string_view::npos;
 }
 
-/// Returns the index of the first column that is not hidden.
-std::size_t firstVisible(const std::string& widths) {
-    std::size_t index = 0;
-    for (const std::string_view width : split(widths, ';')) {
-        if (!isZero(trimBlanks(width))) return index;
-        ++index;
-    }
-    return widths.empty() ? 0 : index;
-}
-
 bool isKey(const Table& table, const std::string& column) {
     return std::ranges::find(table.keys, std::vector{column}) != table.keys.end();
 }
 
 }  // namespace
 
+std::size_t firstVisibleColumn(const ListSource& list) {
+    std::size_t index = 0;
+    for (const std::string_view width : split(list.widths, ';')) {
+        if (!isZero(trimBlanks(width))) return index;
+        ++index;
+    }
+    return list.widths.empty() ? 0 : index;
+}
+
 std::optional<Lookup> lookupIn(const ListSource& list, const std::string& column,
                                const std::vector<Table>& tables) {
-    if (list.rows.empty() || list.boundColumn < 1) return std::nullopt;
+    if (list.kind != ListSource::Kind::Rows || list.rows.empty() || list.boundColumn < 1) return std::nullopt;
     const Table* const whole = tableNamed(tables, list.rows);
     const ListRows rows = whole != nullptr ? rowsOfTable(*whole) : rowsOfStatement(list.rows, tables);
     const auto bound = static_cast<std::size_t>(list.boundColumn - 1);
-    const std::size_t shown = firstVisible(list.widths);
+    const std::size_t shown = firstVisibleColumn(list);
     if (rows.table == nullptr || rows.table->kind != TableKind::Table || bound >= rows.columns.size() ||
         shown >= rows.columns.size() || rows.columns[shown].empty() || shown == bound ||
         !isKey(*rows.table, rows.columns[bound]))

@@ -108,6 +108,7 @@ class ObjectDesigner {
             const std::string name = freeName(form, reference);
             ObjectDesign inner = formOf(*reference.from, path, reference.key->columns);
             if (inner.controls.empty() && inner.subforms.empty()) continue;
+            inner.view = DefaultView::Datasheet;
             form.subforms.push_back({name, asCaption(name), *reference.key, std::move(inner)});
         }
     }
@@ -148,6 +149,8 @@ class ObjectDesigner {
 
     void lookUp(ObjectDesign& object, const Table& table) const {
         for (ControlDesign& control : object.controls) {
+            control.values = ValueList(control.column.list);
+            if (!control.values.isEmpty()) continue;
             control.lookup = lookupIn(control.column.list, control.column.name, tables_);
             if (!control.lookup) control.lookup = lookupOf(table, control.column);
             if (!control.lookup) continue;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "describe/Database.h"
+#include "describe/ValueList.h"
 
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@ struct ControlDesign {
     ControlType type = ControlType::Textbox;
     Column column{};                 ///< without a name if the control shows no column
     std::optional<Lookup> lookup{};  ///< of a Combobox or Listbox
+    ValueList values{};              ///< of a Combobox or Listbox without a lookup
     std::string image{};             ///< the path of one of the pictures of the records
     std::string source{};            ///< a column or an expression
     FormSection section = FormSection::Detail;
@@ -31,8 +33,9 @@ struct ObjectDesign {
     std::vector<ControlDesign> controls{};
     /// Has no initializer, since the type SubformDesign is incomplete here.
     std::vector<SubformDesign> subforms;
-    bool hasRecords = true;              ///< false for a form without data
-    std::vector<std::string> remarks{};  ///< sentences about what is left out of it
+    DefaultView view = DefaultView::SingleForm;  ///< of a form
+    bool hasRecords = true;                      ///< false for a form without data
+    std::vector<std::string> remarks{};          ///< sentences about what is left out of it
 
     /// Returns true if its records can be selected.
     [[nodiscard]] bool hasTable() const { return !table.empty(); }

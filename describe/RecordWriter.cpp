@@ -49,8 +49,8 @@ RecordWriter::RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFol
                            const ObjectDesign& object)
     : xml_(xml), format_(format), pictures_(pictures) {
     for (const ControlDesign& control : object.controls)
-        controls_.push_back(
-            {control.type, control.lookup.has_value(), control.column, startTag(control.name)});
+        controls_.push_back({control.type, control.lookup.has_value(), control.values, control.column,
+                             startTag(control.name)});
     for (const SubformDesign& subform : object.subforms) {
         subformStarts_.push_back(startTag(subform.name));
         subforms_.emplace_back(xml, format, pictures, subform.form);
@@ -80,10 +80,13 @@ void RecordWriter::writeControl(const ControlMarkup& control, const Value& value
         format_.write(shown, {}, shownText_);
         // A key that refers to no row shows itself.
         if (shown.kind != Value::Kind::Null) text_.shown = shownText_.shown;
+    } else if (const std::string* const listed = control.values.shownFor(text_, control.column.type)) {
+        text_.shown = *listed;
     }
     writeValue(kDisplayValue, text_.shown);
     const bool hasStored =
-        value.kind != Value::Kind::Null && isStoredApart(control.isLookedUp, control.column.type);
+        value.kind != Value::Kind::Null &&
+        isStoredApart(control.isLookedUp || !control.values.isEmpty(), control.column.type);
     if (hasStored || text_.stored != text_.shown) writeValue(kBoundValue, text_.stored);
     xml_.markup(endTag(kControl));
 }

@@ -27,6 +27,7 @@ class RecordWriter {
     struct ControlMarkup {
         ControlType type = ControlType::Textbox;
         bool isLookedUp = false;
+        ValueList values{};
         Column column{};
         std::string start{};  ///< the start tag up to its attributes
     };

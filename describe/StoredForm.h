@@ -27,6 +27,7 @@ struct StoredForm {
     std::string name{};
     std::string source{};  ///< a table, a query, a statement, or empty
     std::vector<StoredControl> controls{};
+    DefaultView view = DefaultView::SingleForm;
 };
 
 }  // namespace mergeloom::describe

@@ -62,6 +62,7 @@ ObjectDesign StoredFormDesigner::design(const StoredForm& form, std::vector<std:
     ObjectDesign object;
     object.kind = StructureElement::Form;
     object.name = form.name;
+    object.view = form.view;
     if (const ObjectDesign* const source = sourceOf(form)) {
         object.table = source->table;
         object.key = source->key;
@@ -92,8 +93,10 @@ void StoredFormDesigner::addControl(ObjectDesign& object, const StoredControl& s
         control.column = shown->column;
         if (!stored.format.empty()) control.column.format = stored.format;
         if (stored.type == ControlType::Combobox || stored.type == ControlType::Listbox) {
-            control.lookup = lookupIn(stored.list, shown->column.name, database_.tables());
-            if (stored.list.rows.empty()) control.lookup = shown->lookup;
+            const bool hasList = !stored.list.rows.empty();
+            control.lookup =
+                hasList ? lookupIn(stored.list, shown->column.name, database_.tables()) : shown->lookup;
+            control.values = hasList ? ValueList(stored.list) : shown->values;
         }
         if (control.caption.empty()) control.caption = shown->caption;
     }
@@ -114,7 +117,9 @@ void StoredFormDesigner::addSubform(ObjectDesign& object, const StoredControl& s
         for (const char* const prefix : {"Table.", "Query."}) {
             const std::optional<std::string> table = nameAfter(stored.shownObject, prefix);
             const Table* const found = table ? tableNamed(database_.tables(), *table) : nullptr;
-            if (found != nullptr) inner = objects_.at(found->name);
+            if (found == nullptr) continue;
+            inner = objects_.at(found->name);
+            inner->view = DefaultView::Datasheet;
         }
     }
     if (!inner) {

@@ -42,7 +42,7 @@ class StructureWriter {
 
     void write(const ObjectDesign& object) {
         if (object.kind != StructureElement::Form) return writeTable(object);
-        writeForm(object, View::Form, DefaultView::SingleForm);
+        writeForm(object);
     }
 
     /// Runs the body between the tags of an element.
@@ -91,10 +91,12 @@ class StructureWriter {
         });
     }
 
-    void writeForm(const ObjectDesign& form, View view, DefaultView defaultView) {
+    /// The view in which a form is open is that of a form or a datasheet, since the others cannot be mapped.
+    void writeForm(const ObjectDesign& form) {
         open(StructureElement::Form, form.name);
-        numberAttribute(Attribute::CurrentView, view);
-        numberAttribute(Attribute::DefaultView, defaultView);
+        const bool isDatasheet = form.view == DefaultView::Datasheet;
+        numberAttribute(Attribute::CurrentView, isDatasheet ? View::Datasheet : View::Form);
+        numberAttribute(Attribute::DefaultView, form.view);
         numberAttribute(Attribute::HasRecordset, form.hasRecords ? 1 : 0);
         content(StructureElement::Form, [&] {
             element(StructureElement::Sections, [&] {
@@ -134,8 +136,7 @@ class StructureWriter {
         attribute(Attribute::Caption, subform.caption);
         attribute(Attribute::ControlType, ControlTypeName(ControlType::Subform));
         attribute(Attribute::Section, numberOf(subform.section));
-        content(StructureElement::Control,
-                [&] { writeForm(subform.form, View::Datasheet, DefaultView::Datasheet); });
+        content(StructureElement::Control, [&] { writeForm(subform.form); });
     }
 
     XmlStream& xml_;

@@ -21,7 +21,8 @@ void append(std::string& conditions, const std::string& condition) {
 /// Translates a view part by part. A part that Access might select otherwise ends the translation.
 class ViewSelection::Builder {
   public:
-    Builder(const ViewDefinition& view, const std::vector<Table>& tables) : view_(view), tables_(tables) {}
+    Builder(const ViewDefinition& view, const std::vector<Table>& tables, const SourceTest& canSelect)
+        : view_(view), tables_(tables), canSelect_(canSelect) {}
 
     std::optional<ViewSelection> build() {
         if (!addSources() || !addOutputs() || !addJoins() || !addConditions() || !addOrders())
@@ -35,7 +36,7 @@ class ViewSelection::Builder {
     bool addSources() {
         for (const ViewDefinition::Source& source : view_.sources) {
             const Table* const table = tableNamed(tables_, source.table);
-            if (table == nullptr || table->kind != TableKind::Table) return false;
+            if (table == nullptr || !canSelect_(*table)) return false;
             sources_.push_back(table);
             selection_.tables_.push_back(table->name);
         }
@@ -116,14 +117,16 @@ class ViewSelection::Builder {
 
     const ViewDefinition& view_;
     const std::vector<Table>& tables_;
+    const SourceTest& canSelect_;
     std::vector<const Table*> sources_;
     std::string conditions_;
     ViewSelection selection_;
 };
 
 std::optional<ViewSelection> ViewSelection::translate(const ViewDefinition& view,
-                                                      const std::vector<Table>& tables) {
-    return Builder(view, tables).build();
+                                                      const std::vector<Table>& tables,
+                                                      const SourceTest& canSelect) {
+    return Builder(view, tables, canSelect).build();
 }
 
 std::string ViewSelection::statement(

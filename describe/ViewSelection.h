@@ -12,12 +12,16 @@
 
 namespace mergeloom::describe {
 
-/// A view as a statement of SQLite over copies of its tables.
+/// A view as a statement of SQLite over copies of its tables, which may be views themselves.
 class ViewSelection {
   public:
+    /// Returns true if the rows of a table or view can be selected.
+    using SourceTest = std::function<bool(const Table& source)>;
+
     /// Returns none for a view whose rows may differ from those that Access selects.
     static std::optional<ViewSelection> translate(const ViewDefinition& view,
-                                                  const std::vector<Table>& tables);
+                                                  const std::vector<Table>& tables,
+                                                  const SourceTest& canSelect);
 
     /// Returns the columns of tables that the statement needs.
     [[nodiscard]] const std::map<std::string, std::set<std::string>>& neededColumns() const {

@@ -84,11 +84,11 @@ int numberOf(const MdbColumn& column, const char* name, int otherwise) {
     return number;
 }
 
-/// Returns the list of a combo box, unless its values are listed one by one.
 ListSource listOf(const MdbColumn& column) {
-    return listOfType(propertyOf(column, "RowSourceType"),
-                      {propertyOf(column, "RowSource"), numberOf(column, "BoundColumn", 1),
-                       propertyOf(column, "ColumnWidths")});
+    return listOfType(
+        propertyOf(column, "RowSourceType"),
+        {propertyOf(column, "RowSource"), numberOf(column, "BoundColumn", 1),
+         propertyOf(column, "ColumnWidths"), ListSource::Kind::Rows, numberOf(column, "ColumnCount", 1)});
 }
 
 /// Returns the digits after the point that are shown. The user may have set them.

@@ -30,12 +30,22 @@ enum PropertyCode : int {
     kLinkChildFields = 49,
     kLinkMasterFields = 50,
     kRowSource = 91,
+    kRowSourceKind = 92,
     kRowSourceType = 93
 };
 
-/// The slots of two properties: the source of a form's records, and the object of a subform.
+/// The slots of properties: the source of a form's records, the object of a subform, the view of a form, and
+/// the number of columns of a list. Slots have the order in which SaveAsText of Access writes the properties:
+/// those of one byte begin at 48 and those of two bytes at 96, and these two come first.
 constexpr std::uint32_t kRecordSourceSlot = 220;
 constexpr std::uint32_t kSourceObjectSlot = 221;
+constexpr std::uint32_t kDefaultViewSlot = 48;
+constexpr std::uint32_t kColumnCountSlot = 96;
+
+/// The value of kRowSourceKind for a list of values.
+constexpr int kValueList = 1;
+constexpr const char* kValueListType = "Value List";
+constexpr int kMaxBoundColumn = 1000;
 
 std::vector<std::string> fieldsIn(const std::string& text) {
     std::vector<std::string> fields;
@@ -45,9 +55,25 @@ std::vector<std::string> fieldsIn(const std::string& text) {
     return fields;
 }
 
+/// Returns the column that is stored, counted from 1; 0 if the number of the row is stored instead. Designs
+/// count from 0, tables from 1.
+int boundColumnOf(const DesignObject& object) {
+    const int column = object.number(kBoundColumn, 0);
+    return column < 0 || column > kMaxBoundColumn ? 0 : column + 1;
+}
+
 ListSource listOf(const DesignObject& object) {
-    return listOfType(object.text(kRowSourceType),
-                      {object.text(kRowSource), object.number(kBoundColumn, 1), object.text(kColumnWidths)});
+    const bool hasValues = object.number(kRowSourceKind, 0) == kValueList;
+    return listOfType(hasValues ? kValueListType : object.text(kRowSourceType),
+                      {object.text(kRowSource), boundColumnOf(object), object.text(kColumnWidths),
+                       ListSource::Kind::Rows, object.numberInSlot(kColumnCountSlot, 1)});
+}
+
+/// Access stores the view unless it is that of a continuous form.
+DefaultView viewOf(const DesignObject& form) {
+    const int view = form.numberInSlot(kDefaultViewSlot, static_cast<int>(DefaultView::ContinuousForm));
+    return view > static_cast<int>(DefaultView::SplitForm) ? DefaultView::SingleForm
+                                                           : static_cast<DefaultView>(view);
 }
 
 std::string captionOf(const DesignObject& object) {
@@ -93,8 +119,10 @@ class ControlCollector {
 }  // namespace
 
 ListSource listOfType(const std::string& type, ListSource list) {
-    const bool hasRows = type.empty() || type == "Table/Query";
-    return hasRows ? std::move(list) : ListSource();
+    const bool hasValues = type == kValueListType;
+    if (!hasValues && !type.empty() && type != "Table/Query") return {};
+    if (hasValues) list.kind = ListSource::Kind::Values;
+    return list;
 }
 
 ControlType controlTypeOf(int kind) {
@@ -110,7 +138,7 @@ ControlType controlTypeOf(int kind) {
 }
 
 StoredForm formOf(const std::string& name, const DesignObject& design) {
-    StoredForm form{name, design.textInSlot(kRecordSourceSlot)};
+    StoredForm form{name, design.textInSlot(kRecordSourceSlot), {}, viewOf(design)};
     ControlCollector collector(form);
     bool hasDetail = false;
     for (const DesignObject& object : design.children) {

@@ -8,8 +8,8 @@
 
 namespace mergeloom::describe::access {
 
-/// Returns the list unless its type (RowSourceType) is another than "Table/Query", whose rows are those of a
-/// table or a statement; otherwise an empty one.
+/// Returns the list with its kind by its type (RowSourceType); an empty list for a type other than
+/// "Table/Query", whose rows are those of a table or a statement, and "Value List".
 ListSource listOfType(const std::string& type, ListSource list);
 
 /// Returns the form with the controls that show data. Raises kFileCouldNotBeRead for a design that is no

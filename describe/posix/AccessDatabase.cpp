@@ -2,9 +2,9 @@
 
 #include "base/AutomationError.h"
 #include "base/Text.h"
+#include "describe/NestedViews.h"
 #include "describe/ReaderProcess.h"
 #include "describe/ScratchTables.h"
-#include "describe/ViewSelection.h"
 
 #include <algorithm>
 #include <iterator>
@@ -68,8 +68,7 @@ class AccessDatabase final : public Database {
     }
 
     [[nodiscard]] bool canSelect(const std::string& table) const override {
-        const Table& found = tableOf(table);
-        return found.kind == TableKind::Table || selectionOf(found).has_value();
+        return views_.canSelect(tableOf(table));
     }
 
     /// Reads the sample of a query's column from the table that the query shows.
@@ -116,22 +115,22 @@ class AccessDatabase final : public Database {
     /// Returns a table that is described.
     [[nodiscard]] const Table& tableOf(const std::string& name) const { return *tableNamed(tables_, name); }
 
-    [[nodiscard]] std::optional<ViewSelection> selectionOf(const Table& view) const {
-        return view.definition ? ViewSelection::translate(*view.definition, tables_) : std::nullopt;
-    }
-
     /// Returns the column of a table that a column of a table or view shows, or none if the view is unknown.
     [[nodiscard]] std::optional<StoredColumn> storedColumn(const std::string& name,
                                                            const std::string& column) const {
         const Table& table = tableOf(name);
-        if (table.kind == TableKind::Table) return StoredColumn{name, column};
-        const auto place = std::ranges::find(table.columns, column, &Column::name) - table.columns.begin();
-        if (!selectionOf(table) || place == std::ssize(table.columns)) return std::nullopt;
+        if (table.kind == TableKind::Table) return StoredColumn{table.name, column};
+        const auto place = std::ranges::find_if(table.columns,
+                                                [&](const Column& candidate) {
+                                                    return equalsIgnoringCase(candidate.name, column);
+                                                }) -
+                           table.columns.begin();
+        if (!views_.selectionOf(table) || place == std::ssize(table.columns)) return std::nullopt;
         const ViewDefinition::Output& output = table.definition->outputs[static_cast<std::size_t>(place)];
         const auto source = std::ranges::find_if(table.definition->sources, [&](const auto& candidate) {
             return equalsIgnoringCase(candidate.name, output.source);
         });
-        return StoredColumn{tableOf(source->table).name, output.column};
+        return storedColumn(source->table, output.column);
     }
 
     /// Copies a table unless its copy has all the columns.
@@ -147,7 +146,7 @@ class AccessDatabase final : public Database {
     /// Selects the rows of a view from copies of its tables.
     void provideView(const Table& view) {
         if (copies_.contains(view.name)) return;
-        const std::optional<ViewSelection> selection = selectionOf(view);
+        const std::optional<ViewSelection>& selection = views_.selectionOf(view);
         if (!selection) {
             throw AutomationError(kFileCouldNotBeRead,
                                   "The records of the query '" + view.name + "' in '" + path_ +
@@ -194,6 +193,7 @@ class AccessDatabase final : public Database {
     std::vector<std::string> remarks_;
     ScratchTables scratch_;
     std::map<std::string, Copy> copies_;
+    mutable NestedViews views_{tables_};
 };
 
 }  // namespace

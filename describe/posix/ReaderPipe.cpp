@@ -91,6 +91,7 @@ void PipeWriter::definition(const ViewDefinition& view) {
 void PipeWriter::form(const StoredForm& form) {
     text(form.name);
     text(form.source);
+    number(static_cast<std::uint8_t>(form.view));
     number(static_cast<std::uint32_t>(form.controls.size()));
     for (const StoredControl& control : form.controls) {
         number(static_cast<std::int8_t>(control.type));
@@ -108,6 +109,8 @@ void PipeWriter::list(const ListSource& list) {
     text(list.rows);
     number(static_cast<std::int32_t>(list.boundColumn));
     text(list.widths);
+    number(list.kind);
+    number(static_cast<std::int32_t>(list.columns));
 }
 
 void PipeWriter::texts(const std::vector<std::string>& texts) {
@@ -234,6 +237,7 @@ StoredForm PipeReader::form() {
     StoredForm form;
     text(form.name);
     text(form.source);
+    form.view = enumerator(DefaultView::SplitForm);
     for (std::uint32_t left = count(); left > 0; --left) {
         StoredControl& control = form.controls.emplace_back();
         control.type = controlType();
@@ -253,6 +257,8 @@ ListSource PipeReader::list() {
     text(list.rows);
     list.boundColumn = number<std::int32_t>();
     text(list.widths);
+    list.kind = enumerator(ListSource::Kind::Values);
+    list.columns = number<std::int32_t>();
     return list;
 }
 

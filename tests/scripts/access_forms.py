@@ -8,7 +8,10 @@ LABEL, BUTTON, OPTION, CHECK, GROUP, FRAME, BOX, LIST, COMBO, SUBFORM = 100, 104
 TAB, PAGE = 123, 124
 DETAIL, HEADER, FOOTER, PAGE_HEADER, PAGE_FOOTER = range(152, 157)
 
-NUMBER, NAME, TEXT = 4, 10, 12
+BYTE, SHORT, NUMBER, NAME, TEXT = 2, 3, 4, 10, 12
+
+# The views of a form. Access leaves out the second one.
+SINGLE, CONTINUOUS, DATASHEET, PIVOT_TABLE, PIVOT_CHART, SPLIT = range(6)
 
 
 def text(slot, code, value, kind=TEXT):
@@ -35,9 +38,13 @@ class Item:
         return content
 
 
-def control(kind, name, source=None, caption=None, rows=None, widths=None, bound=None, children=(), values=None):
-    """A control with the label that belongs to it. The values are the kind of its list."""
-    properties = [(96, 54, 3, b"\x10\0"), text(220, 20, name, NAME), (250, 376, 9, bytes(range(16)))]
+def control(kind, name, source=None, caption=None, rows=None, widths=None, bound=None, children=(), values=None,
+            columns=1):
+    """A control with the label that belongs to it. The values are the kind of its list, and its bound column is counted
+    from 0."""
+    properties = [(99, 54, SHORT, b"\x10\0"), text(220, 20, name, NAME), (250, 376, 9, bytes(range(16)))]
+    if columns != 1:
+        properties.append((96, 19, SHORT, struct.pack("<H", columns)))
     if source is not None:
         properties.append(text(221, 27, source))
     if rows is not None:
@@ -66,11 +73,13 @@ def section(kind, *controls):
     return Item(kind, *controls, properties=[text(220, 20, f"Section{kind}", NAME)])
 
 
-def streams(source, *sections):
+def streams(source, *sections, view=SINGLE):
     """The streams of a form. Before its sections are the properties of new controls."""
-    properties = [(61, 309, 2, b"\x02"), (208, 376, 9, bytes(16)), text(221, 17, "A title")]
+    properties = [(61, 309, BYTE, b"\x02"), (208, 376, 9, bytes(16)), text(221, 17, "A title")]
     if source:
         properties.append(text(220, 156, source))
+    if view != CONTINUOUS:
+        properties.append((48, 24, BYTE, bytes([view])))
     new = [Item(kind, properties=[(160, 8, NUMBER, bytes(4))]) for kind in (LABEL, BOX)]
     form = Item(0, *new, *sections, properties=properties)
     return {"Blob": bytes(10) + form.packed() + bytes(4), "BlobDelta": None, "TypeInfo": b"\xf7\xea\xcd\xac"}

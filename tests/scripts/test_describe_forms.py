@@ -12,8 +12,9 @@ from pathlib import Path
 import docx
 
 from access_file import ACE14, BOOLEAN, DATE, JET4, LONG, TEXT, AccessFile, Column
-from access_forms import (BOX, BUTTON, CHECK, COMBO, DETAIL, FOOTER, FRAME, GROUP, HEADER, LIST, NAME, OPTION, PAGE, TAB,
-                          control, label, section, streams, subform, text)
+from access_forms import (BOX, BUTTON, CHECK, COMBO, CONTINUOUS, DATASHEET, DETAIL, FOOTER, FRAME, GROUP, HEADER, LIST,
+                          NAME, OPTION, PAGE, PIVOT_TABLE, SINGLE, SPLIT, TAB, control, label, section, streams, subform,
+                          text)
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
@@ -85,6 +86,54 @@ class DescribeForms(ProgramTest):
                 inner = form.find("Sections/Section/Controls/Control[@Name='Goods']")[0]
                 self.assertEqual((inner.tag, inner.get("Name")), ("Form", "Order lines"))
                 self.assertEqual([control.get("Name") for control in inner.iter("Control")], ["LineNo", "Text"])
+
+    def test_views(self):
+        cases = {SINGLE: ("1", "0"), CONTINUOUS: ("1", "1"), DATASHEET: ("2", "2"), PIVOT_TABLE: ("1", "3"),
+                 SPLIT: ("1", "5"), 77: ("1", "0")}
+        file = self.orders()
+        for view in cases:
+            file.add_form(f"View {view}", streams("Orders", section(DETAIL, control(BOX, "No", "Number"),
+                                                                    subform("Inner", f"Form.Inner {view}"),
+                                                                    subform("Table", "Table.Lines")), view=view))
+            file.add_form(f"Inner {view}", streams("Lines", section(DETAIL, control(BOX, "Id", "Id")), view=view))
+        described = self.describe(file).stdout
+        for view, attributes in cases.items():
+            forms = self.form(described, f"View {view}").iter("Form")
+            self.assertEqual([(form.get("CurrentView"), form.get("DefaultView")) for form in forms],
+                             [attributes, attributes, ("2", "2")])
+
+    def test_a_continuous_form_becomes_a_table(self):
+        file = AccessFile(ACE14)
+        file.add_table("Lines", [Column("Id", LONG), Column("What", TEXT)], [(1, "tea")], keys=[[0]])
+        file.add_form("All lines", streams("Lines", section(DETAIL, control(BOX, "No", "Id"), control(BOX, "Goods", "What")),
+                                           view=CONTINUOUS))
+        data, template = self.folder / "lines.xml", self.folder / "lines.docx"
+        self.assertEqual(self.describe(file, "--object", "All lines", "--output", data).returncode, 0)
+        ended = run(PROGRAM, "--exit-status", "-xmlfile", data, "-template", template, "-hidden")
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        self.assertIn("Present Data in the Table Form?", ended.stderr)
+        self.assertEqual([cell.text for cell in docx.Document(template).tables[0].rows[0].cells], ["Id", "What"])
+
+    def test_lists_of_forms(self):
+        """The stored value of both orders' towns, 2, by the list that a form shows for them."""
+        cases = (
+            ({"rows": "SELECT Name, Id FROM Towns", "bound": 1, "widths": "1440;0"}, "Malmö"),
+            ({"rows": "SELECT Id, Name FROM Towns", "bound": 1, "widths": "0;1440"}, "2"),
+            ({"rows": "SELECT Id, Name FROM Towns", "bound": 0xFFFFFFFF, "widths": "0;1440"}, "2"),
+            ({"rows": '1;"one";2;"two"', "values": "Value List", "columns": 2, "widths": "0;1440"}, "two"),
+            ({"rows": '"one";1;"two";2', "values": "Value List", "columns": 2, "bound": 1}, "two"),
+            ({"rows": '1;"one";2;"two"', "values": "Value List", "columns": 2}, "2"),
+            ({"rows": "Towns", "values": "Field List"}, "2"),
+        )
+        for kind in (COMBO, LIST):
+            for properties, shown in cases:
+                with self.subTest(kind=kind, properties=properties):
+                    file = self.orders()
+                    file.add_form("Listed", streams("Orders", section(DETAIL, control(kind, "Town", "Town", **properties))))
+                    ended = self.describe(file, "--object", "Listed", "--records", "1")
+                    value = ElementTree.fromstring(ended.stdout).find("Data/Records/Record/Control")
+                    self.assertEqual(value.findtext("DisplayValue"), shown)
+                    self.assertEqual(value.findtext("BoundValue", "2"), "2")
 
     def test_records_of_a_form(self):
         ended = self.describe(self.orders(), "--object", "Form Order", "--records", "all")
@@ -241,6 +290,7 @@ class DescribeLists(ProgramTest):
         names = [("Malmö", "2"), ("5", "5")]
         plain = [("2",), ("5",)]
         statement = "SELECT [Towns].[Id], [Towns].[Name] FROM Towns;"
+        values = {"DisplayControl": 111, "RowSourceType": "Value List", "ColumnCount": 2, "ColumnWidths": "0;1440"}
         cases = (
             ({"DisplayControl": 109}, "Textbox", plain),
             ({"DisplayControl": 106}, "Checkbox", [("Yes", "true"), ("Yes", "true")]),
@@ -258,6 +308,15 @@ class DescribeLists(ProgramTest):
             ({"DisplayControl": 111, "RowSource": "SELECT Id FROM Towns, Orders", "ColumnWidths": "0"}, "Combobox",
              plain),
             ({"DisplayControl": 111, "RowSourceType": "Value List", "RowSource": "1;2"}, "Combobox", plain),
+            ({**values, "RowSource": '2;"Malmö";5;"5"'}, "Combobox", names),
+            ({**values, "RowSource": ' 2 ; "a ""b"";c" ;5; \'d\'\'e\' '}, "Combobox", [('a "b";c', "2"), ("d'e", "5")]),
+            ({**values, "RowSource": "2;Malmö;5"}, "Combobox", [("Malmö", "2"), ("5", "5")]),
+            ({**values, "RowSource": "Malmö;2;Lund;3", "BoundColumn": 2, "ColumnWidths": "1440;0"}, "Combobox", names),
+            ({**values, "RowSource": '2;"unclosed'}, "Combobox", [("unclosed", "2"), ("5", "5")]),
+            ({**values, "RowSource": "2;Malmö", "ColumnCount": 1}, "Combobox", plain),
+            ({**values, "RowSource": "2;Malmö", "ColumnWidths": "1;1"}, "Combobox", plain),
+            ({**values, "RowSource": "2;Malmö", "ColumnCount": -3}, "Combobox", plain),
+            ({**values, "RowSource": "2;Malmö", "BoundColumn": 3}, "Combobox", plain),
         )
         for properties, kind, values in cases:
             with self.subTest(properties=properties):

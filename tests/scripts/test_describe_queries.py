@@ -140,6 +140,36 @@ class DescribeQueries(ProgramTest):
         return subprocess.run([DESCRIBE, self.folder / "made.accdb", *arguments], capture_output=True, text=True,
                               check=False)
 
+    def test_queries_over_queries(self):
+        file = AccessFile(ACE14)
+        file.add_table("Trips", [Column("Id", LONG), Column("Town", LONG), Column("Boat", TEXT), Column("Photo", OLE)],
+                       [(1, 2, "Ida", GIF), (2, 1, "Per", None), (3, 2, "Ash", None), (4, 2, "Elm", None)], keys=[[0]])
+        file.add_table("Towns", [Column("Id", LONG), Column("Name", TEXT)], [(1, "Bosham"), (2, "Malmö")], keys=[[0]])
+        # The catalog does not list them in the order in which they need each other.
+        file.add_query("Named", [source("Late", "l"), source("Towns"), output("l.Number"), output("Towns.Name", "Port"),
+                                 output("l.Photo"), join(INNER, "l", "Towns", "l.Town=Towns.Id"), order("Number", True)])
+        file.add_query("Late", [source("Far"), output("Far.Id", "Number"), output("Town"), output("Photo"),
+                                where("Far.Id>1")])
+        file.add_query("Far", [source("Trips"), output("Trips.*"), where("Town=2")])
+        file.add_query("Counted", [source("Far"), output("Count(Id)", "Many")])
+        file.add_query("Over counted", [source("Counted"), output("Many")])
+        file.add_query("Round", [source("Way"), output("Id")])
+        file.add_query("Way", [source("Round"), output("Id")])
+        deep = [f"Deep {number}" for number in range(60)]
+        for number, name in enumerate(deep):
+            file.add_query(name, [source(deep[number - 1] if number else "Far"), output("Id")])
+        ended = self.describe(file, "--object", "Named", "--records", "all", "--output", self.folder / "named.xml")
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+        records = ElementTree.parse(self.folder / "named.xml").findall("Data/Records/Record")
+        self.assertEqual([[control.findtext("DisplayValue") for control in record][:2] for record in records],
+                         [["4", "Malmö"], ["3", "Malmö"]])
+        self.assertTrue(list((self.folder / "named-pictures").iterdir()))
+        for name in ("Over counted", "Round", "Way", "Deep 59"):
+            ended = self.describe(file, "--object", name, "--records", "all")
+            self.assertEqual((ended.returncode, ended.stdout), (1, ""))
+            self.assertIn(f"The records of the query '{name}' in ", ended.stderr)
+        self.assertEqual(self.describe(file, "--object", "Deep 40", "--records", "all").stdout.count("<Record>"), 3)
+
     def test_queries_that_show_pictures(self):
         file = AccessFile(ACE14)
         file.add_table("Boats", [Column("Id", LONG), Column("Photo", OLE)], [(1, None), (2, GIF)], keys=[[0]])
