@@ -139,10 +139,6 @@ class Desktop(unittest.TestCase):
             if shutil.which("desktop-file-validate"):
                 subprocess.run(["desktop-file-validate", path], check=True)
 
-    def test_other_xml_files_keep_their_type(self):
-        globs = [glob.get("pattern") for glob in ElementTree.parse(DATA / "mergeloom.xml").iter(MIME + "glob")]
-        self.assertEqual(globs, ["*.mergeloom.xml"])
-
 
 class InstalledTree(unittest.TestCase):
     @classmethod
