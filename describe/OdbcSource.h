@@ -11,9 +11,6 @@ namespace mergeloom::describe {
 /// Asks the user for a password. Returns none if there is nobody to ask.
 using PasswordPrompt = std::function<std::optional<std::string>()>;
 
-/// Returns true for a source that names a database of ODBC.
-bool isOdbcSource(std::string_view source);
-
 /// Returns the connection string of a source. Raises kOptionNotUnderstood if it has a password, which other
 /// users of the machine could read.
 std::string odbcConnectionString(std::string_view source);

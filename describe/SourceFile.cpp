@@ -1,11 +1,16 @@
 #include "describe/SourceFile.h"
 
 #include "base/AutomationError.h"
+#include "base/ConnectionString.h"
 #include "base/DatabaseFile.h"
 #include "base/Paths.h"
+#include "base/SystemPath.h"
 #include "describe/AccessDatabase.h"
 #include "describe/OdbcDatabase.h"
 #include "describe/SqliteDatabase.h"
+
+#include <filesystem>
+#include <system_error>
 
 namespace mergeloom::describe {
 
@@ -15,6 +20,12 @@ namespace {
     throw AutomationError(kFileCouldNotBeRead, "The file '" + source + "' " + reason);
 }
 
+/// A pipe or a device would be waited for without end.
+bool isRegularFile(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(systemPath(path), error);
+}
+
 }  // namespace
 
 std::unique_ptr<Database> openSource(const std::string& source, const PasswordPrompt& askPassword) {
@@ -22,6 +33,7 @@ std::unique_ptr<Database> openSource(const std::string& source, const PasswordPr
     const std::string path = fullPath(source);
     if (folderExists(path)) refuse(source, "is a folder.");
     if (!fileExists(path)) refuse(source, "does not exist.");
+    if (!isRegularFile(path)) refuse(source, "is a pipe or a device.");
     const std::string bytes = firstBytesOf(path);
     if (bytes.empty()) refuse(source, "is empty.");
     const DatabaseKind kind = databaseKindOf(bytes);

@@ -4,6 +4,7 @@ import sqlite3
 import subprocess
 import unittest
 
+from database_servers import PASSWORD, NotThere, PostgreSql
 from designer_test import PROGRAM, ROOT, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import Atspi, children, click, find, has_focus, key, middle, type_text, wait_for
 
@@ -174,6 +175,46 @@ class DatabaseTest(DesignerTest):
         self.assertEqual(len(find(box, "password text")), 1)
         self.designer.press("Open", box)
         self.designer.node('Form "Orders"')
+
+    def test_a_password_in_the_source_never_becomes_an_argument(self):
+        self.begin()
+        box = self.read("odbc:DSN=shop;Pwd={gull}")
+        wait_for("the sentence", lambda: "Leave the password out" in self.message())
+        field, = find(box, "password text")
+        wait_for("the focus", lambda: has_focus(field))
+        self.assertEqual(self.describing_programs(), [])
+
+    def test_a_server_is_read_after_its_password_was_entered(self):
+        try:
+            server = PostgreSql()
+        except NotThere as reason:
+            self.skipTest(str(reason))
+        self.addCleanup(server.stop)
+        server.load("CREATE TABLE Piers (ID INTEGER PRIMARY KEY, Town VARCHAR(20));"
+                    "INSERT INTO Piers VALUES (1, 'Bosham');")
+        self.begin()
+        box = self.read(server.source)
+        wait_for("the sentence", lambda: "could not be read: " in self.message())
+        field, = find(box, "password text")
+        for word, sentence in (("wrong", "could not be read: "), (PASSWORD, "")):
+            wait_for("the focus", lambda: has_focus(field))
+            key("ctrl+a")
+            type_text(word)
+            key("Return")
+            if sentence:
+                wait_for("the refusal", lambda: sentence in self.message() and has_focus(field))
+                self.assertNotIn(word, self.message())
+        self.wait_for_objects(box)
+        self.check_only(box, "Table Piers")
+        self.choose_records(box, 1)
+        self.designer.press("Open", box)
+        self.designer.node('Table "Piers"')
+        self.designer.wait_until_active()
+        self.designer.choose("Structure", "Read Database Anew")
+        wait_for("the end of the dialog", lambda: not self.designer.has_dialog())
+        for path in self.designer.home.rglob("*"):
+            if path.is_file():
+                self.assertNotIn(PASSWORD.encode(), path.read_bytes(), path)
 
     def test_a_file_of_the_command_line_that_is_a_database_is_offered(self):
         database = self.folder / "Shop.DB"

@@ -1,5 +1,7 @@
 #include "ui/designer/DatabaseWindow.h"
 
+#include "base/ConnectionString.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -22,7 +24,7 @@ namespace {
 constexpr int kColumns = 70;
 
 bool isOdbc(const QString& source) {
-    return source.startsWith(QStringLiteral("odbc:"));
+    return isOdbcSource(source.toStdString());
 }
 
 }  // namespace
@@ -136,7 +138,11 @@ void DatabaseWindow::connectProcess() {
         remarks_ = remarks;
         QDialog::accept();
     });
-    connect(&process_, &DescribeProcess::failed, this, &DatabaseWindow::tell);
+    connect(&process_, &DescribeProcess::failed, this, [this](const QString& sentence) {
+        tell(sentence);
+        // A server may have refused the password or missed it.
+        if (isOdbc(source_->text())) password_->setFocus();
+    });
 }
 
 void DatabaseWindow::open(const QString& source) {

@@ -1,5 +1,6 @@
 #include "ui/designer/DescribeProcess.h"
 
+#include "base/ConnectionString.h"
 #include "base/Paths.h"
 
 #include <QProcessEnvironment>
@@ -74,6 +75,12 @@ void DescribeProcess::start(const DatabaseSource& source, const QStringList& opt
     if (program_.isEmpty()) {
         Q_EMIT failed(
             tr("The program %1, which reads databases, is not installed.").arg(QLatin1String(kProgram)));
+        return;
+    }
+    // Others could read the arguments of the program.
+    const std::string name = source.name.toStdString();
+    if (isOdbcSource(name) && hasPassword(connectionOf(name))) {
+        Q_EMIT failed(tr("Leave the password out of the data source and enter it in the line for it."));
         return;
     }
     process_ = new QProcess(this);
