@@ -54,6 +54,14 @@ ObjectDesign& objectNamed(std::vector<ObjectDesign>& objects, const std::string&
                  listed(objects, [](const ObjectDesign& object) { return object.fullName(); }) + ".");
 }
 
+/// Returns the objects of a database. Raises kFileCouldNotBeRead if there are none.
+std::vector<ObjectDesign> objectsOf(const Database& database, const std::string& source) {
+    std::vector<ObjectDesign> objects = designObjects(database);
+    if (objects.empty())
+        throw AutomationError(kFileCouldNotBeRead, "The database '" + source + "' has no tables.");
+    return objects;
+}
+
 /// Returns the objects with these names, in the order of the names.
 std::vector<ObjectDesign> chosenObjects(std::vector<ObjectDesign> objects,
                                         const std::vector<std::string>& names) {
@@ -138,6 +146,7 @@ class DataWriter {
             writer.write(reader_);
             events.progress.advance(++count, 0);
         }
+        writer.remarkBytes(events.remark);
         xml_.markup("  </" + records + "></" + data + ">\n");
         return count;
     }
@@ -163,11 +172,7 @@ class Description {
           pictures_(pictures),
           events_(events),
           database_(database),
-          objects_(chosenObjects(designObjects(database), options.objects)) {
-        if (objects_.empty()) {
-            throw AutomationError(kFileCouldNotBeRead,
-                                  "The database '" + options.source + "' has no tables.");
-        }
+          objects_(chosenObjects(objectsOf(database, options.source), options.objects)) {
         if (options.records.limit > 0 && objects_.size() != 1)
             refuseOption("Option '--records' needs one '--object NAME' whose records are meant.");
         for (const std::string& text : database.remarks())

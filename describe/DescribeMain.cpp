@@ -13,6 +13,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <new>
 #include <ostream>
 #include <set>
 #include <utility>
@@ -199,6 +200,10 @@ int Main(std::span<const std::string> arguments, const Streams& streams) {
     try {
         runTask(readCommandLine(arguments), streams);
         return kSuccess;
+    } catch (const std::bad_alloc&) {
+        writeConsoleText(streams.errors, "The database has a value for which there is too little memory.",
+                         kProgram);
+        return kFailure;
     } catch (const std::exception& error) {
         writeConsoleText(streams.errors, error.what(), kProgram);
         const int signal = StopSignal::received();

@@ -47,7 +47,7 @@ bool isStoredApart(bool isLookedUp, ColumnType column) {
 
 RecordWriter::RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFolder* pictures,
                            const ObjectDesign& object)
-    : xml_(xml), format_(format), pictures_(pictures) {
+    : xml_(xml), format_(format), pictures_(pictures), objectName_(object.name) {
     for (const ControlDesign& control : object.controls)
         controls_.push_back({control.type, control.lookup.has_value(), control.values, control.column,
                              startTag(control.name)});
@@ -71,10 +71,21 @@ void RecordWriter::write(RecordReader& reader) {
     xml_.markup(endTag(kRecord)).markup("\n");
 }
 
-void RecordWriter::writeControl(const ControlMarkup& control, const Value& value, const Value& shown) {
+void RecordWriter::remarkBytes(const std::function<void(const std::string&)>& remark) const {
+    for (const ControlMarkup& control : controls_) {
+        if (!control.hasBytes) continue;
+        remark("The column '" + control.column.name + "' of '" + objectName_ +
+               "' has values that are left out: they are bytes.");
+    }
+    for (const RecordWriter& subform : subforms_)
+        subform.remarkBytes(remark);
+}
+
+void RecordWriter::writeControl(ControlMarkup& control, const Value& value, const Value& shown) {
     xml_.markup(control.start);
     if (control.type == ControlType::BoundObjectFrame) return writePicture(control, value);
     xml_.markup(">");
+    control.hasBytes = control.hasBytes || value.kind == Value::Kind::Bytes;
     format_.write(value, control.column, text_);
     if (control.isLookedUp) {
         format_.write(shown, {}, shownText_);

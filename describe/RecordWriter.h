@@ -6,6 +6,7 @@
 #include "describe/XmlStream.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -21,6 +22,8 @@ class RecordWriter {
 
     /// Writes the current record of the reader and the records of its subforms.
     void write(RecordReader& reader);
+    /// Passes on a sentence about each control that left out bytes which are no picture.
+    void remarkBytes(const std::function<void(const std::string&)>& remark) const;
 
   private:
     /// The parts of a control's XML that are the same in each record.
@@ -30,15 +33,17 @@ class RecordWriter {
         ValueList values{};
         Column column{};
         std::string start{};  ///< the start tag up to its attributes
+        bool hasBytes = false;
     };
 
-    void writeControl(const ControlMarkup& control, const Value& value, const Value& shown);
+    void writeControl(ControlMarkup& control, const Value& value, const Value& shown);
     void writeValue(const std::string& element, std::string_view text);
     void writePicture(const ControlMarkup& control, const Value& value);
 
     XmlStream& xml_;
     const ValueFormat& format_;
     PictureFolder* pictures_;
+    std::string objectName_;
     std::vector<ControlMarkup> controls_;
     std::vector<std::string> subformStarts_;
     std::vector<RecordWriter> subforms_;

@@ -71,6 +71,11 @@ class SchemaReader {
 
   private:
     void readTable(const std::string& name) {
+        // The library reads names with characters beyond 16 bits wrongly.
+        if (!file_.hasTable(name)) {
+            schema_.remarks.push_back("The table '" + name + "' is left out: its name cannot be read.");
+            return;
+        }
         const AccessTable table(file_, name);
         for (const auto& [column, reason] : table.unreadable())
             schema_.remarks.push_back(remarkOn(column, name, reason));

@@ -1,5 +1,6 @@
 #include "describe/OdbcConnection.h"
 
+#include "base/ConnectionString.h"
 #include "base/Text.h"
 
 #include <sql.h>
@@ -76,6 +77,35 @@ SQLSMALLINT scaleOf(std::string_view value) {
     return static_cast<SQLSMALLINT>(std::min(digits, kMaxScale));
 }
 
+/// Returns the driver of a data source, or an empty text for an unknown one.
+std::string driverOfDataSource(SQLHENV environment, const std::string& dataSource) {
+    std::array<SQLWCHAR, kNameSize> name{};
+    std::array<SQLWCHAR, kNameSize> driver{};
+    SQLSMALLINT nameSize = 0;
+    SQLSMALLINT driverSize = 0;
+    SQLUSMALLINT direction = SQL_FETCH_FIRST;
+    const auto room = static_cast<SQLSMALLINT>(kNameSize);
+    while (SQL_SUCCEEDED(SQLDataSourcesW(environment, direction, name.data(), room, &nameSize, driver.data(),
+                                         room, &driverSize))) {
+        if (equalsIgnoringAsciiCase(textOf(name, static_cast<std::size_t>(nameSize)), dataSource))
+            return textOf(driver, static_cast<std::size_t>(driverSize));
+        direction = SQL_FETCH_NEXT;
+    }
+    return {};
+}
+
+/// Returns the connection string with an option for the driver of SQLite, which otherwise makes a file that
+/// is not there.
+std::string withoutNewFiles(SQLHENV environment, const std::string& connection) {
+    std::string driver;
+    for (const auto& [name, value] : connectionPairs(connection)) {
+        if (equalsIgnoringAsciiCase(name, "DRIVER")) driver = value;
+        if (equalsIgnoringAsciiCase(name, "DSN")) driver = driverOfDataSource(environment, value);
+    }
+    const bool isSqlite = findIgnoringAsciiCase(driver, "sqlite") != std::string_view::npos;
+    return isSqlite ? connection + ";NoCreat=1" : connection;
+}
+
 bool isBinary(SQLSMALLINT type) {
     return type == SQL_BINARY || type == SQL_VARBINARY || type == SQL_LONGVARBINARY;
 }
@@ -88,7 +118,7 @@ OdbcConnection::OdbcConnection(const std::string& connectionString) {
     SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
     SQLSetConnectAttrW(connection_, SQL_ATTR_LOGIN_TIMEOUT, pointer(kSecondsToConnect), SQL_IS_UINTEGER);
     SQLSetConnectAttrW(connection_, SQL_ATTR_ACCESS_MODE, pointer(SQL_MODE_READ_ONLY), SQL_IS_UINTEGER);
-    WideText text(connectionString);
+    WideText text(withoutNewFiles(environment_, connectionString));
     const SQLRETURN result = SQLDriverConnectW(connection_, nullptr, text.get(), text.size(), nullptr, 0,
                                                nullptr, SQL_DRIVER_NOPROMPT);
     if (SQL_SUCCEEDED(result)) return;
@@ -251,6 +281,9 @@ void OdbcStatement::readValue(std::size_t column) {
         if (result == SQL_NO_DATA) break;
         const bool isFull = size == SQL_NO_TOTAL || static_cast<std::size_t>(size) > kValuePieceSize;
         const std::size_t bytes = isFull ? kValuePieceSize : static_cast<std::size_t>(size);
+        // Growing in steps would need twice the memory of a long value.
+        if (isFull && size != SQL_NO_TOTAL && !isText && text.empty())
+            text.reserve(static_cast<std::size_t>(size));
         if (isText)
             units.append(piece.data(), bytes / sizeof(char16_t));
         else

@@ -173,7 +173,16 @@ class AccessFile:
         for number in pages:
             bits[(number - first) // 8] |= 1 << (number - first) % 8
         self.pages.append(self._page_of([(struct.pack("<BI", 0, first) + bits, 0)], 0))
-        self.pages[page] = self._definition(columns, keys, len(rows), map_page)
+        self._add_definition(page, self._definition(columns, keys, len(rows), map_page))
+
+    def _add_definition(self, page, content):
+        """Keeps a definition on a page, and what does not fit on further ones, each after a head."""
+        size = self.page_size - 8
+        pieces = [content[place:place + size] for place in range(8, len(content), size)]
+        numbers = [page, *range(len(self.pages), len(self.pages) + len(pieces) - 1)]
+        self.pages += [b""] * (len(pieces) - 1)
+        for number, following, piece in zip(numbers, [*numbers[1:], 0], pieces):
+            self.pages[number] = struct.pack("<BBHI", 2, 1, 0, following) + piece
 
     def _data_pages(self, owner, rows):
         numbers, rest = [], rows

@@ -105,8 +105,8 @@ class DescribeForms(ProgramTest):
     def test_a_continuous_form_becomes_a_table(self):
         file = AccessFile(ACE14)
         file.add_table("Lines", [Column("Id", LONG), Column("What", TEXT)], [(1, "tea")], keys=[[0]])
-        file.add_form("All lines", streams("Lines", section(DETAIL, control(BOX, "No", "Id"), control(BOX, "Goods", "What")),
-                                           view=CONTINUOUS))
+        shown = section(DETAIL, control(BOX, "No", "Id"), control(BOX, "Goods", "What"))
+        file.add_form("All lines", streams("Lines", shown, view=CONTINUOUS))
         data, template = self.folder / "lines.xml", self.folder / "lines.docx"
         self.assertEqual(self.describe(file, "--object", "All lines", "--output", data).returncode, 0)
         ended = run(PROGRAM, "--exit-status", "-xmlfile", data, "-template", template, "-hidden")
@@ -129,7 +129,8 @@ class DescribeForms(ProgramTest):
             for properties, shown in cases:
                 with self.subTest(kind=kind, properties=properties):
                     file = self.orders()
-                    file.add_form("Listed", streams("Orders", section(DETAIL, control(kind, "Town", "Town", **properties))))
+                    listed = section(DETAIL, control(kind, "Town", "Town", **properties))
+                    file.add_form("Listed", streams("Orders", listed))
                     ended = self.describe(file, "--object", "Listed", "--records", "1")
                     value = ElementTree.fromstring(ended.stdout).find("Data/Records/Record/Control")
                     self.assertEqual(value.findtext("DisplayValue"), shown)
