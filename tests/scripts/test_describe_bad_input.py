@@ -1,20 +1,19 @@
 #!/usr/bin/env python3
 """Describes databases that are damaged, locked or out of reach, and those with odd tables: each as a file of SQLite, as
-a file of Access, and over ODBC.
+a file of Access, and over ODBC, there also with PostgreSQL if it can be started.
 
 MERGELOOM names the program, beside which mergeloom-describe lies; MERGELOOM_ROOT names the folder of the sources.
 """
 import os
 import resource
-import shutil
 import sqlite3
 import subprocess
 import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-from access_file import ACE14, JET4, LONG, TEXT, AccessFile, Column
-from database_servers import NotThere, need_driver
+from access_file import ACE14, LONG, TEXT, AccessFile, Column
+from database_servers import PASSWORD, NotThere, PostgreSql, need_driver
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
@@ -26,8 +25,11 @@ FORBIDDEN_IN_ACCESS = ".!`[]\t\n"
 
 
 def run(*command, **more):
+    environment = {**os.environ, "LC_ALL": "C.UTF-8"}
+    if "DRIVER=PostgreSQL" in str(command[1]):
+        environment["MERGELOOM_ODBC_PASSWORD"] = PASSWORD
     return subprocess.run([*map(str, command)], capture_output=True, text=True, check=False, timeout=120,
-                          env={**os.environ, "LC_ALL": "C.UTF-8"}, **more)
+                          env=environment, **more)
 
 
 def quoted(name):
@@ -56,6 +58,23 @@ def sqlite_file(path, tables):
     return path
 
 
+def statements_of(tables):
+    """For PostgreSQL, which knows a table only after it was made."""
+    def literal(value):
+        return "NULL" if value is None else "'" + str(value).replace("'", "''") + "'"
+    statements = ["DROP SCHEMA public CASCADE", "CREATE SCHEMA public"]
+    for table in tables:
+        columns = [f"{quoted(name)} {kind}" for name, kind in table.columns]
+        columns[0] += " PRIMARY KEY" if table.has_key else ""
+        statements.append(f"CREATE TABLE {quoted(table.name)} ({', '.join(columns)})")
+        rows = ", ".join("(" + ", ".join(map(literal, row)) + ")" for row in table.rows)
+        statements.append(f"INSERT INTO {quoted(table.name)} VALUES {rows}")
+    for table in tables:
+        statements += [f"ALTER TABLE {quoted(table.name)} ADD FOREIGN KEY ({quoted(column)}) REFERENCES {quoted(other)}"
+                       for column, other in table.references]
+    return "".join(statement + ";\n" for statement in statements)
+
+
 def access_file(path, tables):
     file = AccessFile(ACE14)
     keys = {table.name: table.columns[0][0] for table in tables}
@@ -69,12 +88,26 @@ def access_file(path, tables):
 
 
 class BadInput(ProgramTest):
+    server = None
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        try:
+            cls.server = PostgreSql()
+            cls.addClassCleanup(cls.server.stop)
+        except NotThere as reason:
+            print(f"PostgreSQL is left out: {reason}")
+
     def sources(self, tables, access_tables=None):
         """The same tables in each kind of database: the kind and the source."""
         yield "SQLite", sqlite_file(self.folder / "made.db", tables)
         yield "Access", access_file(self.folder / "made.accdb", access_tables or tables)
         if self.has_driver("SQLite3"):
             yield "ODBC", f"odbc:DRIVER=SQLite3;Database={self.folder / 'made.db'}"
+        if self.server:
+            self.server.execute(statements_of(tables))
+            yield "PostgreSQL", self.server.source
 
     @staticmethod
     def has_driver(name):
@@ -176,6 +209,7 @@ class BadInput(ProgramTest):
         cases = {"empty": (b"", "is empty"), "unknown": (b"PK\x03\x04 no database", "is no database"),
                  "encrypted": (os.urandom(8192), "is encrypted"),
                  "damaged": (whole[:100] + bytes(4000) + whole[4100:], "it is damaged"),
+                 "encrypted.accdb": (access[:0x3E] + bytes([access[0x3E] ^ 1]) + access[0x3F:], "it is encrypted."),
                  "damaged.accdb": (access[:4096 * 3] + b"\xff" * (len(access) - 4096 * 3), "damaged")}
         for name, (content, sentence) in cases.items():
             with self.subTest(name=name):
