@@ -253,7 +253,7 @@ class Translator {
         if (!isDate || month < 1 || month > 12 || day < 1 || day > 31 || year < kFirstYear)
             throw NotTranslated();
         rest_.remove_prefix(text.size());
-        std::array<char, 16> iso{};
+        std::array<char, 40> iso{};
         std::snprintf(iso.data(), iso.size(), "'%04d-%02d-%02d'", year, month, day);
         return {iso.data(), ValueClass::Date};
     }

@@ -173,20 +173,20 @@ class ObjectDesigner {
     [[nodiscard]] std::optional<Lookup> lookupOf(const Table& table, const Column& column) const {
         for (const ForeignKey& key : table.foreignKeys) {
             if (key.columns != std::vector{column.name} || !refersToKey(key)) continue;
-            const std::string shown = shownColumn(*byName_.at(key.referredTable));
-            if (!shown.empty())
-                return Lookup{column.name, key.referredTable, key.referredColumns.front(), shown};
+            const std::string& referred = key.referredColumns.front();
+            const std::string shown = shownColumn(*byName_.at(key.referredTable), referred);
+            if (!shown.empty()) return Lookup{column.name, key.referredTable, referred, shown};
         }
         return std::nullopt;
     }
 
-    /// Returns the first column with text that is no part of the primary key, since people do not remember
-    /// keys.
-    static std::string shownColumn(const Table& table) {
+    /// Returns the first column with text that is neither a part of the primary key nor the one that a
+    /// foreign key refers to, since people do not remember keys.
+    static std::string shownColumn(const Table& table, const std::string& referred) {
         for (const Column& column : table.columns) {
             const bool isKey = !table.keys.empty() &&
                                std::ranges::find(table.keys.front(), column.name) != table.keys.front().end();
-            if (column.type == ColumnType::Text && !isKey) return column.name;
+            if (column.type == ColumnType::Text && !isKey && column.name != referred) return column.name;
         }
         return {};
     }

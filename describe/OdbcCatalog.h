@@ -2,18 +2,15 @@
 
 #include "describe/Database.h"
 #include "describe/OdbcConnection.h"
+#include "describe/OdbcKeys.h"
 
 #include <map>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace mergeloom::describe {
-
-/// A part of the name of MariaDB's driver.
-inline constexpr std::string_view kMariaDbDriver = "libmaodbc";
 
 /// The tables and views of a database of ODBC with their columns and keys.
 class OdbcCatalog {
@@ -31,10 +28,15 @@ class OdbcCatalog {
     void readTables();
     void readColumns();
     void readBooleans();
+    void forgetTablesWithoutColumns();
+    void addKeys(const std::vector<OdbcKeyColumn>& columns);
+    void addForeignColumn(Table& table, const OdbcKeyColumn& column, bool begins);
+    void listKeys();
     void readPrimaryKey(Table& table);
     void readForeignKeys(Table& table);
     void complete(ForeignKey& key);
     void addUniqueKeys(const ForeignKey& key);
+    void readUniqueKeys(const Table& table);
     Table& tableOf(const std::string& name);
 
     std::shared_ptr<OdbcConnection> connection_;
@@ -43,6 +45,10 @@ class OdbcCatalog {
     std::map<std::string, OdbcTable> places_;
     std::map<std::pair<std::string, std::string>, std::string> names_;  ///< by schema and name
     std::map<std::pair<std::string, std::string>, int> types_;          ///< by table and column
+    /// By table, those besides the primary one. They are read for a foreign key that needs them, if not for
+    /// all tables at once.
+    std::map<std::string, std::vector<std::vector<std::string>>> uniqueKeys_;
+    bool areUniqueKeysRead_ = false;
 };
 
 }  // namespace mergeloom::describe

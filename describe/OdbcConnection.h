@@ -5,9 +5,13 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mergeloom::describe {
+
+/// A part of the name of MariaDB's driver.
+inline constexpr std::string_view kMariaDbDriver = "libmaodbc";
 
 /// An error of a driver.
 struct OdbcError {

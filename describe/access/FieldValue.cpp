@@ -39,7 +39,7 @@ std::string withPoint(std::string digits, int scale, bool isNegative) {
     const auto decimals = static_cast<std::size_t>(scale);
     if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), '0');
     if (decimals > 0) {
-        digits.insert(digits.size() - decimals, ".");
+        digits.insert(digits.size() - decimals, 1, '.');
         digits.erase(digits.find_last_not_of('0') + 1);
         if (digits.back() == '.') digits.pop_back();
     }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
 
 namespace mergeloom::describe {
 
@@ -107,13 +108,62 @@ OdbcCatalog::OdbcCatalog(std::shared_ptr<OdbcConnection> connection)
     readTables();
     readColumns();
     readBooleans();
-    std::erase_if(tables_, [](const Table& table) { return table.columns.empty(); });
+    forgetTablesWithoutColumns();
+    const std::optional<std::vector<OdbcKeyColumn>> keys = keysOfAllTables(connection_);
+    keys ? addKeys(*keys) : listKeys();
+}
+
+void OdbcCatalog::listKeys() {
     for (Table& table : tables_) {
         if (table.kind == TableKind::Table) readPrimaryKey(table);
     }
     for (Table& table : tables_) {
         if (table.kind == TableKind::Table) readForeignKeys(table);
     }
+}
+
+void OdbcCatalog::forgetTablesWithoutColumns() {
+    std::set<std::string> forgotten;
+    for (const Table& table : tables_) {
+        if (table.columns.empty()) forgotten.insert(table.name);
+    }
+    std::erase_if(tables_, [](const Table& table) { return table.columns.empty(); });
+    std::erase_if(names_, [&](const auto& name) { return forgotten.contains(name.second); });
+}
+
+void OdbcCatalog::addKeys(const std::vector<OdbcKeyColumn>& columns) {
+    std::map<std::string, Table*> tables;
+    for (Table& table : tables_)
+        tables[table.name] = &table;
+    const OdbcKeyColumn* previous = nullptr;
+    for (const OdbcKeyColumn& column : columns) {
+        const bool begins = previous == nullptr || !previous->isOfSameKey(column);
+        previous = &column;
+        const auto name = names_.find({column.table.schema, column.table.name});
+        if (name == names_.end()) continue;
+        if (column.kind == OdbcKeyColumn::Kind::Foreign) {
+            addForeignColumn(*tables[name->second], column, begins);
+            continue;
+        }
+        auto& keys = column.kind == OdbcKeyColumn::Kind::Primary ? tables[name->second]->keys
+                                                                 : uniqueKeys_[name->second];
+        if (begins) keys.emplace_back();
+        keys.back().push_back(column.column);
+    }
+    areUniqueKeysRead_ = true;
+    for (Table& table : tables_) {
+        for (ForeignKey& key : table.foreignKeys)
+            complete(key);
+    }
+}
+
+/// Omits keys that refer to tables that are not described.
+void OdbcCatalog::addForeignColumn(Table& table, const OdbcKeyColumn& column, bool begins) {
+    const auto referred = names_.find({column.referredTable.schema, column.referredTable.name});
+    if (referred == names_.end()) return;
+    if (begins) table.foreignKeys.push_back({{}, referred->second, {}});
+    table.foreignKeys.back().columns.push_back(column.column);
+    table.foreignKeys.back().referredColumns.push_back(column.referredColumn);
 }
 
 int OdbcCatalog::typeOf(const std::string& table, const std::string& column) const {
@@ -213,6 +263,12 @@ void OdbcCatalog::addUniqueKeys(const ForeignKey& key) {
         return std::ranges::is_permutation(known, key.referredColumns);
     });
     if (isKnown) return;
+    if (!areUniqueKeysRead_) readUniqueKeys(table);
+    const std::vector<std::vector<std::string>>& keys = uniqueKeys_[table.name];
+    table.keys.insert(table.keys.end(), keys.begin(), keys.end());
+}
+
+void OdbcCatalog::readUniqueKeys(const Table& table) {
     OdbcStatement list(connection_);
     list.listUniqueIndexes(placeOf(table.name));
     std::map<std::string, std::vector<std::string>> indexes;
@@ -221,8 +277,10 @@ void OdbcCatalog::addUniqueKeys(const ForeignKey& key) {
         if (!list.text(indexes::kColumn).empty() && !isPartial)
             indexes[list.text(indexes::kName)].push_back(list.text(indexes::kColumn));
     }
+    std::vector<std::vector<std::string>>& keys = uniqueKeys_[table.name];
+    keys.clear();
     for (auto& [name, columns] : indexes)
-        table.keys.push_back(std::move(columns));
+        keys.push_back(std::move(columns));
 }
 
 /// Returns a table by its name here. Names that differ only in case are different.

@@ -29,6 +29,10 @@ CREATE TABLE Moves (ID INTEGER PRIMARY KEY, Boat VARCHAR(20), FromTown VARCHAR(2
     ToTown VARCHAR(20), ToPlace VARCHAR(20), FOREIGN KEY (FromTown, FromPlace) REFERENCES Piers (Town, Place),
     FOREIGN KEY (ToTown, ToPlace) REFERENCES Piers (Town, Place));
 INSERT INTO Piers VALUES ('A', 'x'), ('A', 'y'), ('B', 'x'), ('B', 'y');
+CREATE TABLE Flags (ID INTEGER PRIMARY KEY, Code VARCHAR(5) NOT NULL UNIQUE, Label VARCHAR(20));
+CREATE TABLE Boats (ID INTEGER PRIMARY KEY, Flag VARCHAR(5), FOREIGN KEY (Flag) REFERENCES Flags (Code));
+INSERT INTO Flags VALUES (1, 'N', 'Norway'), (2, 'S', 'Sweden');
+INSERT INTO Boats VALUES (7, 'S'), (8, 'S');
 INSERT INTO Moves VALUES (1, 'Ida', 'A', 'x', 'B', 'y'), (2, 'Per', 'A', 'y', 'B', 'x');
 """
 
@@ -71,7 +75,8 @@ class SourceTest:
                 expected = run(DESCRIBE, SAMPLES / "harbour.db", *arguments).stdout
                 self.assertEqual(contents(self.succeed(*arguments)), contents(expected))
         listed = run(DESCRIBE, SAMPLES / "harbour.db", "--list").stdout.splitlines()
-        self.assertEqual(sorted(self.succeed("--list").splitlines()), sorted([*listed, "Table Parts", "Form Piers", "Table Piers", "Table Moves"]))
+        self.assertEqual(sorted(self.succeed("--list").splitlines()), sorted(
+            [*listed, "Table Parts", "Form Piers", "Table Piers", "Table Moves", "Form Flags", "Table Flags", "Table Boats"]))
 
     def test_records_are_chosen(self):
         for choice, numbers in (("ordernumber=2024-0188", ["2024-0188"]), ("CustomerID=43", ["2024-0189"]),
@@ -118,6 +123,14 @@ class SourceTest:
                  for record in root.findall("Data/Records/Record")]
         # The driver decides which of the two subforms is the first.
         self.assertEqual([sorted(both) for both in boats], [[[], ["Ida"]], [[], ["Per"]], [[], ["Per"]], [[], ["Ida"]]])
+
+    def test_a_key_that_is_not_the_primary_one(self):
+        boats = ElementTree.fromstring(self.succeed("--object", "Boats", "--records", "all"))
+        self.assertEqual([record.findtext("Control[@Name='Flag']/DisplayValue")
+                          for record in boats.findall("Data/Records/Record")], ["Sweden", "Sweden"])
+        flags = ElementTree.fromstring(self.succeed("--object", "Form Flags", "--records", "all"))
+        self.assertEqual([len(record.findall("Control/Records/Record")) for record in flags.findall("Data/Records/Record")],
+                         [0, 2])
 
     def refused(self, ended, sentence):
         self.assertEqual((ended.returncode, ended.stdout), (1, ""))
