@@ -10,6 +10,7 @@ namespace mergeloom {
 namespace {
 
 constexpr std::string_view kProgram = "mergeloom";
+constexpr const char* kOffices = "'embedded', 'libreoffice', 'com' or 'installed'";
 
 [[noreturn]] void refuse(const std::string& what) {
     OptionReader(kProgram, {}).refuse(what);
@@ -18,7 +19,9 @@ constexpr std::string_view kProgram = "mergeloom";
 OfficeChoice officeNamed(const std::string& name) {
     if (name == "embedded") return OfficeChoice::Embedded;
     if (name == "libreoffice") return OfficeChoice::LibreOffice;
-    refuse("Unknown office '" + name + "': it is 'embedded' or 'libreoffice'.");
+    if (name == "com") return OfficeChoice::Com;
+    if (name == "installed") return OfficeChoice::Installed;
+    refuse("Unknown office '" + name + "': it is " + kOffices + ".");
 }
 
 std::string optionOf(Task task) {
@@ -149,9 +152,10 @@ void readOption(OptionReader& reader, GnuOptions& options) {
         options.exitStatus = ExitStatus::ShowsFailure;
     } else if (reader.takeFlag("--json")) {
         options.listFormat = ListFormat::Json;
-    } else if (reader.takeWithValue("--office", "'embedded' or 'libreoffice'", value)) {
+    } else if (reader.takeWithValue("--office", kOffices, value)) {
         options.office = officeNamed(value);
-    } else if (!reader.takeWithValue("--output", "a file", options.outputFile)) {
+    } else if (!reader.takeWithValue("--trace-calls", "a file", options.traceFile) &&
+               !reader.takeWithValue("--output", "a file", options.outputFile)) {
         reader.refuseOption();
     }
 }
@@ -204,6 +208,9 @@ void refuseWhatHasNoEffect(const GnuOptions& options, std::span<const std::strin
     const bool writesOutput = options.task == Task::ConvertFields || options.task == Task::Fill;
     if (!writesOutput && !options.outputFile.empty()) {
         refuse("Option '--output' needs '--convert-fields FILE' or '--fill TEMPLATE'.");
+    }
+    if (options.office != OfficeChoice::Com && !options.traceFile.empty()) {
+        refuse("Option '--trace-calls' needs '--office=com'.");
     }
     refuseHalfOfFilling(options);
     refuseWithoutMapping(options);
@@ -271,7 +278,9 @@ Makes a Word template or an Excel workbook from a structure document.
   --drop-empty-tables  remove tables without records, with their captions
   --strict            write nothing when places and data do not match
 
-  --office=NAME       the office that does the work: embedded or libreoffice
+  --office=NAME       the office that does the work: embedded, libreoffice, com
+                      (Word or Excel, on Windows) or installed (what there is)
+  --trace-calls FILE  write each call to Word or Excel to this file
   --exit-status       end with 1 when the mapping failed
   --version, --help   tell the version; show this text
 

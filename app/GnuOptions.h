@@ -45,7 +45,8 @@ struct FillOptions {
 };
 
 enum class Task { Map, MapAll, ListObjects, ListPlaces, ConvertFields, Fill, Check, ShowHelp, ShowVersion };
-enum class OfficeChoice { Embedded, LibreOffice };
+/// The last one is the office that this machine has.
+enum class OfficeChoice { Embedded, LibreOffice, Com, Installed };
 /// The formats of a list.
 enum class ListFormat { Text, Json };
 /// Decides whether the program's exit status shows that a mapping failed; otherwise it stays 0.
@@ -62,6 +63,7 @@ struct GnuOptions {
     std::string placesFile;         ///< the document whose places are listed
     std::string checkedFile;        ///< the template that is compared with an object
     std::string fieldsFile;         ///< the document whose merge fields are converted
+    std::string traceFile;          ///< the file for the calls to an installed Word or Excel
     std::string outputFile;         ///< the file for the converted document; empty: in place
     std::size_t firstArgument = 0;  ///< the index of the first argument that is no such option
     std::size_t argumentCount = 0;  ///< without an option after the switches

@@ -12,7 +12,7 @@ namespace {
 
 void mapOrRaise(const GnuOptions& options, ErrorHandler& errors, Messages& messages, Progress& progress) {
     DiskFileStore files;
-    OfficeSelector office(options.office, files);
+    OfficeSelector office(options, files);
     CAutoMapping mapping = office.makeMapping(errors, messages, progress);
     mapping.SetAllowExistingTemplate(true);
     mapping.SetOptions(options.mapping);

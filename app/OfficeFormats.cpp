@@ -14,12 +14,14 @@ std::string withChoice(const std::string& refusal, const char* extensions) {
 }  // namespace
 
 std::string OfficeFormats::refusalToWrite(word::WdSaveFormat format) const {
+    if (kind_ == OfficeKind::Com) return {};
     if (kind_ == OfficeKind::LibreOffice) return converter_.refusal(format);
     if (makeWordApplication(kind_, files_)->canSaveAs(format)) return {};
     return withChoice(converter_.refusal(format), "docx, docm, dotx or dotm");
 }
 
 std::string OfficeFormats::refusalToWrite(excel::XlFileFormat format) const {
+    if (kind_ == OfficeKind::Com) return {};
     if (kind_ == OfficeKind::LibreOffice) return converter_.refusal(format);
     if (makeExcelApplication(kind_, files_)->canSaveAs(format)) return {};
     return withChoice(converter_.refusal(format), "xlsx, xlsm, xltx or xltm");

@@ -17,7 +17,7 @@ class OfficeFormats {
         : kind_(kind), files_(files), converter_(converter) {}
 
     /// Return why the office does not write the format, as sentences that say what to install or to choose;
-    /// empty when it does.
+    /// empty when it does. Word and Excel write all formats that have a number.
     [[nodiscard]] std::string refusalToWrite(word::WdSaveFormat format) const;
     [[nodiscard]] std::string refusalToWrite(excel::XlFileFormat format) const;
     /// Return true when the embedded office leaves the format to the converter.

@@ -8,6 +8,7 @@
 #include "office/model/FileConverter.h"
 
 #include <memory>
+#include <string>
 
 namespace mergeloom {
 
@@ -16,8 +17,9 @@ namespace mergeloom {
 class OfficeSelector {
   public:
     /// The file store has to outlive it, and it has to outlive the offices that it starts.
-    OfficeSelector(OfficeChoice choice, FileStore& files)
-        : kind_(choice == OfficeChoice::LibreOffice ? OfficeKind::LibreOffice : OfficeKind::Embedded),
+    OfficeSelector(const GnuOptions& options, FileStore& files)
+        : kind_(kindOf(options.office)),
+          traceFile_(options.traceFile),
           files_(files),
           converter_(makeFileConverter(files)),
           formats_(kind_, files, *converter_) {}
@@ -31,7 +33,10 @@ class OfficeSelector {
     CAutoMapping makeMapping(ErrorHandler& errors, Messages& messages, Progress& progress);
 
   private:
+    static OfficeKind kindOf(OfficeChoice choice);
+
     OfficeKind kind_;
+    std::string traceFile_;
     FileStore& files_;
     std::unique_ptr<FileConverter> converter_;
     OfficeFormats formats_;

@@ -51,7 +51,7 @@ class Run {
         : options_(options),
           console_(console),
           startDesigner_(startDesigner),
-          office_(options.office, files_),
+          office_(options, files_),
           lines_(console.errors),
           messages_(console.messages != nullptr ? *console.messages : lines_),
           errors_(console.errors) {

@@ -3,7 +3,7 @@
 _mergeloom() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
     local switches='-xmlfile -template -usedocument -listing -full -label -fields -hidden -deletexmlfile -excel -directory'
-    local options='--object --at --all --format --list-objects --places --check --json --convert-fields --fill --data --output --one-document --record --records --drop-empty-tables --strict --office= --exit-status --version --help'
+    local options='--object --at --all --format --list-objects --places --check --json --convert-fields --fill --data --output --one-document --record --records --drop-empty-tables --strict --office= --trace-calls --exit-status --version --help'
     local documents='docx|docm|doc|dotx|dotm|dot|pdf|htm|html|rtf|txt|odt|ott|fodt'
     local workbooks='xlsx|xlsm|xls|xltx|xltm|xlt|xlsb|ods|htm|html|csv|txt|prn|dif|slk|wk1|ots|fods'
     COMPREPLY=()
@@ -21,8 +21,9 @@ _mergeloom() {
             _mergeloom_files "$documents|$workbooks" ;;
         -label | /label | --convert-fields)
             _mergeloom_files "$documents" ;;
-        --office) mapfile -t COMPREPLY < <(compgen -W 'embedded libreoffice' -- "$cur") ;;
+        --office) mapfile -t COMPREPLY < <(compgen -W 'embedded libreoffice com installed' -- "$cur") ;;
         --all) _mergeloom_files '' ;;
+        --trace-calls) _mergeloom_files 'log|txt' ;;
         --format) mapfile -t COMPREPLY < <(compgen -W 'docx docm dotx dotm xlsx xlsm xltx xltm' -- "$cur") ;;
         --at) mapfile -t COMPREPLY < <(compgen -W 'start end' -- "$cur") ;;
         -fields | /fields | --object | --record | --records) ;;

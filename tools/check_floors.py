@@ -69,9 +69,13 @@ FLOORS = {
         "office/libreoffice/session", "office/libreoffice/readback", "office/libreoffice/remote",
         "office/libreoffice/excel", "office/libreoffice/host", "office/libreoffice/entry", "office/model", "base",
     ],
+    "office/com/automation": ["office/model", "base"],
+    "office/com/word": ["office/com/automation", "office/model", "office/formats", "base"],
+    "office/com/excel": ["office/com/automation", "office/model", "office/formats", "base"],
     "office/factory": [
         "office/embedded/word", "office/embedded/letters", "office/embedded/excel", "office/embedded/books",
-        "office/graft", "office/libreoffice/entry", "office/model", "base",
+        "office/graft", "office/libreoffice/entry", "office/com/word", "office/com/excel",
+        "office/com/automation", "office/model", "base",
     ],
     "droppers": ["office/model", "xml", "base"],
     "app": ["droppers", "office/factory", "office/formats", "office/model", "xml", "base"],
@@ -113,10 +117,10 @@ LIBRARIES = {
 # The headers of one system. Where a floor is built for both, they are included only in its folder for that system.
 SYSTEMS = {
     "posix": re.compile(r"(?:dlfcn|langinfo|netdb|poll|pwd|spawn|termios|unistd)\.h$|sys/(?!stat\.h|types\.h)"),
-    "windows": re.compile(r"(?:aclapi|io|objbase|oleauto|shellapi|windows)\.h$"),
+    "windows": re.compile(r"(?:aclapi|io|oaidl|objbase|oleauto|shellapi|windows)\.h$"),
 }
-# What is not built for Windows.
-POSIX_ONLY = ("office/libreoffice/", "describe/access/", "ui/")
+# What is built for one system only.
+ONE_SYSTEM = ("office/libreoffice/", "describe/access/", "ui/", "office/com/automation/")
 
 # What a library's names look like, for uses that reach its headers through others.
 LIBRARY_NAMES = {
@@ -183,7 +187,7 @@ def check_library(path, floor, included):
 
 def check_system(path, included):
     """What is wrong with an include of a system's own header, or None."""
-    if path.startswith(POSIX_ONLY):
+    if path.startswith(ONE_SYSTEM):
         return None
     for system, headers in SYSTEMS.items():
         if headers.match(included) and f"/{system}/" not in path:

@@ -7,6 +7,7 @@
 #include "office/embedded/excel/EmbeddedExcel.h"
 #include "office/embedded/letters/EmbeddedLetters.h"
 #include "office/embedded/word/EmbeddedOffice.h"
+#include "office/factory/InstalledOffice.h"
 #include "office/factory/LibreOfficeModule.h"
 #include "office/graft/PackageGraft.h"
 #include "office/model/FileConverter.h"
@@ -60,12 +61,14 @@ class LazyFileConverter final : public FileConverter {
 
 }  // namespace
 
-word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files) {
+word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files, const std::string& traceFile) {
+    if (kind == OfficeKind::Com) return startInstalledWord(traceFile);
     if (kind == OfficeKind::Embedded) return embedded::makeWordApplication(files);
     return libreOfficeModule().makeWordApplication(files);
 }
 
-excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files) {
+excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files, const std::string& traceFile) {
+    if (kind == OfficeKind::Com) return startInstalledExcel(traceFile);
     if (kind == OfficeKind::Embedded) return embedded::makeExcelApplication(files);
     return libreOfficeModule().makeExcelApplication(files);
 }

@@ -8,17 +8,29 @@
 #include "office/model/word/Application.h"
 
 #include <memory>
+#include <string>
 
 namespace mergeloom {
 
 /// The offices that implement the object model.
-enum class OfficeKind { Embedded, LibreOffice };
+enum class OfficeKind {
+    Embedded,
+    LibreOffice,
+    Com,  ///< an installed Word or Excel, on Windows
+};
 
-/// Starts an office that implements Word's object model. The file store has to outlive it. Raises
-/// kNotAvailable, with a sentence that says what to choose, for an office that this program does not have.
-word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files);
+/// Returns the office that an office program on this machine is: Word and Excel on Windows, otherwise
+/// LibreOffice.
+OfficeKind installedOffice();
+
+/// Starts an office that implements Word's object model. The file store has to outlive it; an installed Word
+/// reads and writes files itself, and its calls are traced to a file if one is named. Raises kNotAvailable,
+/// with a sentence that says what to choose, for an office that this program does not have.
+word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files,
+                                         const std::string& traceFile = {});
 /// Starts an office that implements Excel's object model. Errors as for Word.
-excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files);
+excel::ApplicationPtr makeExcelApplication(OfficeKind kind, FileStore& files,
+                                           const std::string& traceFile = {});
 
 /// Opens a Word document whose places are to be filled by the embedded office. The file store has to outlive
 /// it. Raises kFileCouldNotBeRead for a file that is no Word document or cannot be edited safely.

@@ -27,6 +27,10 @@ TEST(GnuOptions, StandBeforeTheSwitches) {
     EXPECT_EQ(some.exitStatus, ExitStatus::ShowsFailure);
     EXPECT_EQ(some.firstArgument, 3U);
     EXPECT_EQ(read({"--office=libreoffice", "--office=embedded"}).office, OfficeChoice::Embedded);
+    EXPECT_EQ(read({"--office=installed"}).office, OfficeChoice::Installed);
+    const GnuOptions traced = read({"--office=com", "--trace-calls", "calls.log"});
+    EXPECT_EQ(traced.office, OfficeChoice::Com);
+    EXPECT_EQ(traced.traceFile, "calls.log");
 }
 
 TEST(GnuOptions, ChooseTheTask) {
@@ -99,8 +103,11 @@ TEST(GnuOptions, SayWhatIsWrong) {
         {{"--json=1"}, "Unknown option '--json=1'."},
         {{"--places"}, "Option '--places' needs a file."},
         {{"--places="}, "Option '--places' needs a file."},
-        {{"--office=word"}, "Unknown office 'word': it is 'embedded' or 'libreoffice'."},
-        {{"--office="}, "Option '--office' needs 'embedded' or 'libreoffice'."},
+        {{"--office=word"}, "Unknown office 'word': it is 'embedded', 'libreoffice', 'com' or 'installed'."},
+        {{"--office="}, "Option '--office' needs 'embedded', 'libreoffice', 'com' or 'installed'."},
+        {{"--trace-calls=f", "--office=installed"}, "Option '--trace-calls' needs '--office=com'."},
+        {{"--fill=t", "--data=d", "--output=o", "--office=com"},
+         "Only the embedded office fills templates; leave out '--office'."},
         {{"--json", "-hidden"},
          "Option '--json' needs '--places FILE', '--list-objects' or '--check TEMPLATE'."},
         {{"--json", "--all=a"},
@@ -135,9 +142,10 @@ TEST(GnuOptions, HaveAHelp) {
     for (const std::string_view name : split(kSwitchNames, ';')) {
         EXPECT_THAT(help, HasSubstr("\n  -" + std::string(name) + " "));
     }
-    for (const char* option : {"--object NAME", "--at PLACE", "--all FOLDER", "--format EXT",
-                               "--list-objects", "--places FILE", "--json", "--convert-fields FILE",
-                               "--output FILE", "--office=NAME", "--exit-status", "--version", "--help"}) {
+    for (const char* option :
+         {"--object NAME", "--at PLACE", "--all FOLDER", "--format EXT", "--list-objects", "--places FILE",
+          "--json", "--convert-fields FILE", "--output FILE", "--office=NAME", "--trace-calls FILE",
+          "--exit-status", "--version", "--help"}) {
         EXPECT_THAT(help, HasSubstr(option));
     }
     for (const std::string_view line : split(help, '\n'))

@@ -78,7 +78,7 @@ class Completion(unittest.TestCase):
             (Path(folder) / "sub").mkdir()
             cases = [
                 (["-tem"], {"-template"}),
-                (["--office", ""], {"embedded", "libreoffice"}),
+                (["--office", ""], {"embedded", "libreoffice", "com", "installed"}),
                 (["--office", "=", "lib"], {"libreoffice"}),
                 (["--off"], {"--office="}),
                 (["-hidden", ""], {"formview"}),

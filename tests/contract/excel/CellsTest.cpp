@@ -9,8 +9,7 @@ const std::string kMerged = "<sheetData/><mergeCells count=\"1\"><mergeCell ref=
 
 class OfficeCells : public OfficeTest {};
 
-INSTANTIATE_TEST_SUITE_P(Offices, OfficeCells, testing::Values(OfficeKind::Embedded, OfficeKind::LibreOffice),
-                         nameOfOffice);
+INSTANTIATE_TEST_SUITE_P(Offices, OfficeCells, testing::ValuesIn(kContractOffices), nameOfOffice);
 
 TEST_P(OfficeCells, LeadToOtherCellsOfTheirSheetOnly) {
     add();

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "base/AutomationError.h"
+#include "contract/ContractOffices.h"
 #include "doubles/ExcelFiles.h"
 #include "doubles/MemoryFileStore.h"
-#include "libreoffice/word/SharedOffice.h"
-#include "office/embedded/excel/EmbeddedExcel.h"
-#include "office/factory/OfficeFactory.h"
-#include "office/libreoffice/excel/CalcOffice.h"
 #include "office/model/excel/Names.h"
 #include "office/model/excel/Range.h"
 #include "office/model/excel/Shapes.h"
@@ -39,10 +36,9 @@ class OfficeTest : public testing::TestWithParam<OfficeKind> {
   protected:
     void SetUp() override { application = start(GetParam()); }
 
-    excel::ApplicationPtr start(OfficeKind kind) {
-        return kind == OfficeKind::Embedded ? embedded::makeExcelApplication(files)
-                                            : libreoffice::makeExcelApplication(sharedOffice(files), files);
-    }
+    excel::ApplicationPtr start(OfficeKind kind) { return startContractExcel(kind, files); }
+    /// Excel records no steps for the calls of other programs.
+    static bool hasUndo() { return GetParam() != OfficeKind::Com; }
     void add() { workbook = application->Workbooks()->Add(""); }
     void open(const std::string& bytes) {
         files.files["/book.xlsx"] = bytes;
@@ -73,9 +69,5 @@ class OfficeTest : public testing::TestWithParam<OfficeKind> {
     excel::ApplicationPtr reader;
     excel::WorkbookPtr workbook;
 };
-
-inline std::string nameOfOffice(const testing::TestParamInfo<OfficeKind>& info) {
-    return info.param == OfficeKind::Embedded ? "Embedded" : "LibreOffice";
-}
 
 }  // namespace mergeloom

@@ -8,8 +8,7 @@ constexpr double kNear = 0.1;
 
 class OfficeSheet : public OfficeTest {};
 
-INSTANTIATE_TEST_SUITE_P(Offices, OfficeSheet, testing::Values(OfficeKind::Embedded, OfficeKind::LibreOffice),
-                         nameOfOffice);
+INSTANTIATE_TEST_SUITE_P(Offices, OfficeSheet, testing::ValuesIn(kContractOffices), nameOfOffice);
 
 TEST_P(OfficeSheet, HasTheSizesOfExcelsNewWorkbook) {
     add();

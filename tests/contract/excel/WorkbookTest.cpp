@@ -37,10 +37,10 @@ class OfficeWorkbook : public OfficeTest {
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Offices, OfficeWorkbook,
-                         testing::Values(OfficeKind::Embedded, OfficeKind::LibreOffice), nameOfOffice);
+INSTANTIATE_TEST_SUITE_P(Offices, OfficeWorkbook, testing::ValuesIn(kContractOffices), nameOfOffice);
 
 TEST_P(OfficeWorkbook, TakesAStepBackAltogether) {
+    if (!hasUndo()) GTEST_SKIP() << "the office has no steps";
     open(workbookFile({{"One"}, {"Two"}},
                       "<definedNames><definedName name=\"Old\">1</definedName>"
                       "</definedNames>"));
@@ -104,6 +104,7 @@ TEST_P(OfficeWorkbook, KnowsItsFileAndWhetherItIsSaved) {
 }
 
 TEST_P(OfficeWorkbook, IsWrittenInTheFormatsThatTheOfficeNames) {
+    if (GetParam() == OfficeKind::Com) GTEST_SKIP() << "Excel writes more formats than its double";
     using enum excel::XlFileFormat;
     for (const excel::XlFileFormat format :
          {xlOpenXMLWorkbook, xlOpenXMLWorkbookMacroEnabled, xlOpenXMLTemplate, xlOpenXMLTemplateMacroEnabled,

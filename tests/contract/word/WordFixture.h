@@ -1,12 +1,9 @@
 #pragma once
 
 #include "base/AutomationError.h"
+#include "contract/ContractOffices.h"
 #include "doubles/MemoryFileStore.h"
 #include "doubles/WordFiles.h"
-#include "libreoffice/word/SharedOffice.h"
-#include "office/embedded/word/EmbeddedOffice.h"
-#include "office/factory/OfficeFactory.h"
-#include "office/libreoffice/remote/WriterOffice.h"
 #include "office/model/Undo.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Bookmarks.h"
@@ -108,9 +105,7 @@ class WordOffice : public testing::TestWithParam<OfficeKind> {
         take(start(GetParam())->Documents()->Open("/given.docx"));
     }
     word::ApplicationPtr start(OfficeKind kind) {
-        application = kind == OfficeKind::Embedded
-                          ? embedded::makeWordApplication(files)
-                          : libreoffice::makeWordApplication(sharedOffice(files), files);
+        application = startContractWord(kind, files);
         return application;
     }
 
@@ -164,10 +159,6 @@ class WordOffice : public testing::TestWithParam<OfficeKind> {
     }
 };
 
-inline std::string nameOfOffice(const testing::TestParamInfo<OfficeKind>& info) {
-    return info.param == OfficeKind::Embedded ? "Embedded" : "LibreOffice";
-}
-
-inline const auto kOffices = testing::Values(OfficeKind::Embedded, OfficeKind::LibreOffice);
+inline const auto kOffices = testing::ValuesIn(kContractOffices);
 
 }  // namespace mergeloom

@@ -8,7 +8,7 @@ namespace mergeloom {
 // In this program the factory gives Writer to whoever asks for Word, so that what is tested over our own
 // engine is tested over Writer unchanged.
 
-word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files) {
+word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files, const std::string&) {
     return libreoffice::makeWordApplication(sharedOffice(files), files);
 }
 

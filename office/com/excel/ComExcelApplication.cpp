@@ -1,0 +1,148 @@
+#include "office/com/excel/ComExcelApplication.h"
+
+#include "base/AutomationError.h"
+#include "office/com/automation/ErrorNumbers.h"
+#include "office/com/automation/OfficeErrors.h"
+#include "office/com/excel/ComCellRange.h"
+#include "office/com/excel/ComExcel.h"
+#include "office/formats/FormatTable.h"
+#include "office/model/OpenDocuments.h"
+#include "office/model/Undo.h"
+#include "office/model/excel/Range.h"
+
+namespace mergeloom::com {
+
+namespace {
+
+/// XlWBATemplate: a workbook with one sheet, whatever the user's number of sheets is.
+constexpr int kOneWorksheet = -4167;
+/// The choice of Workbooks.Open that updates no links.
+constexpr int kNoLinks = 0;
+
+class ComSelection final : public excel::Selection {
+  public:
+    explicit ComSelection(AutomationObject selection) : selection_(std::move(selection)) {}
+
+    std::string TypeName() override {
+        try {
+            static_cast<void>(selection_.get("Address"));
+            return "Range";
+        } catch (const AutomationError& error) {
+            if (error.number() != kMemberUnknown) throw;
+            return "Shape";
+        }
+    }
+    void SetValue2(const std::string& text) override { selection_.put("Value2", textValue(text)); }
+
+  private:
+    AutomationObject selection_;
+};
+
+/// Excel records no steps for calls of other programs.
+class NoUndoRecord final : public model::UndoRecord {
+  public:
+    void StartCustomRecord(const std::string& /*name*/) override {}
+    bool EndCustomRecord() override { return false; }
+};
+
+}  // namespace
+
+ComExcelApplication::~ComExcelApplication() {
+    if (hasQuit_) return;
+    workbooks_.closeAll([](ComWorkbook& workbook) { workbook.Close(excel::SaveChanges::No); });
+    ignoringErrors([&] { end(); });
+}
+
+void ComExcelApplication::setUp() {
+    application_.put("DisplayAlerts", false);
+    application_.put("AutomationSecurity", kForceDisable);
+    application_.put("EnableEvents", false);
+}
+
+excel::WorkbooksPtr ComExcelApplication::Workbooks() {
+    return std::make_shared<model::OpenDocuments<excel::Workbooks, excel::Workbook, ComExcelApplication>>(
+        shared_from_this());
+}
+
+DispatchPtr ComExcelApplication::activeCell() {
+    if (documents().empty()) throw AutomationError(kNotAvailable, "No workbook is open.");
+    return application_.get("ActiveCell").object();
+}
+
+excel::RangePtr ComExcelApplication::ActiveCell() {
+    const DispatchPtr cell = activeCell();
+    if (!cell) throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
+    return rangeOf(application_, {application_.session(), cell, "Range"});
+}
+
+excel::SelectionPtr ComExcelApplication::Selection() {
+    if (!activeCell()) return std::make_shared<excel::ChartSelection>();
+    return std::make_shared<ComSelection>(application_.object("Selection", "Selection"));
+}
+
+excel::RangePtr ComExcelApplication::Intersect(excel::Range& first, excel::Range& second) {
+    return excel::intersect(first, second);
+}
+
+excel::UndoRecordPtr ComExcelApplication::UndoRecord() {
+    return std::make_shared<NoUndoRecord>();
+}
+
+bool ComExcelApplication::canSaveAs(excel::XlFileFormat format) {
+    return findFormat(DocumentFamily::Excel, static_cast<int>(format)) != nullptr;
+}
+
+void ComExcelApplication::Quit() {
+    while (!documents().empty()) {
+        const std::shared_ptr<ComWorkbook> last = documents().back();
+        last->Close(excel::SaveChanges::No);
+    }
+    end();
+    hasQuit_ = true;
+}
+
+void ComExcelApplication::end() {
+    if (application_.object("Workbooks", "Workbooks").get("Count").integer() > 0) {
+        application_.put("Visible", true);
+        application_.put("UserControl", true);
+    } else {
+        application_.call("Quit");
+    }
+}
+
+excel::WorkbookPtr ComExcelApplication::add(const std::string& templatePath) {
+    const AutomationObject workbooks = application_.object("Workbooks", "Workbooks");
+    if (templatePath.empty()) return list(workbooks.object("Workbook", "Add", {{"Template", kOneWorksheet}}));
+    excel::WorkbookPtr added;
+    readingFile(*application_.session(), templatePath, [&] {
+        added = list(workbooks.object("Workbook", "Add", {{"Template", templatePath}}));
+    });
+    return added;
+}
+
+excel::WorkbookPtr ComExcelApplication::open(const std::string& fileName) {
+    const AutomationObject workbooks = application_.object("Workbooks", "Workbooks");
+    excel::WorkbookPtr opened;
+    readingFile(*application_.session(), fileName, [&] {
+        opened = list(workbooks.object("Workbook", "Open",
+                                       {{"Filename", fileName},
+                                        {"UpdateLinks", kNoLinks},
+                                        {"Password", kNoPassword},
+                                        {"IgnoreReadOnlyRecommended", true},
+                                        {"Notify", false},
+                                        {"AddToMru", false}}));
+    });
+    return opened;
+}
+
+excel::WorkbookPtr ComExcelApplication::list(const AutomationObject& workbook) {
+    return workbooks_.add(std::make_shared<ComWorkbook>(weak_from_this(), application_, workbook));
+}
+
+excel::ApplicationPtr makeExcelApplication(const OfficeServer& server) {
+    const auto office = std::make_shared<ComExcelApplication>(startApplication("Excel", server));
+    office->setUp();
+    return office;
+}
+
+}  // namespace mergeloom::com

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <windows.h>
+
+#include <set>
+#include <string>
+
+namespace mergeloom::automation {
+
+/// The kinds of faults of an office, by numbers that pass between programs.
+enum class FaultKind { None, Busy, Error, End };
+
+/// Decides which calls of the double's objects fail. There is one in each process.
+class Faults {
+  public:
+    /// From the n-th call on, counted from 1, a number of calls fails.
+    void plan(FaultKind kind, int firstCall, int calls);
+    /// The double does not have members of that name, as an older office.
+    void remove(const std::string& member) { missing_.insert(member); }
+    /// Every document is open for reading only.
+    void setReadOnly(bool isReadOnly) { isReadOnly_ = isReadOnly; }
+    void clear();
+
+    /// Returns the result of a call that is to fail at once; otherwise S_OK. Ends the process where the
+    /// office is to end. Raises an AutomationError for an error.
+    HRESULT beforeCall();
+    [[nodiscard]] bool lacks(const std::string& member) const { return missing_.contains(member); }
+    [[nodiscard]] bool isReadOnly() const { return isReadOnly_; }
+    [[nodiscard]] int calls() const { return calls_; }
+
+  private:
+    FaultKind kind_ = FaultKind::None;
+    int untilFirst_ = 0;
+    int left_ = 0;
+    int calls_ = 0;  ///< since the last plan
+    std::set<std::string> missing_;
+    bool isReadOnly_ = false;
+};
+
+Faults& faults();
+
+}  // namespace mergeloom::automation

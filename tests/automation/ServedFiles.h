@@ -1,0 +1,31 @@
+#pragma once
+
+#include "automation/DoubleObject.h"
+#include "base/FileStore.h"
+#include "office/com/automation/AutomationObject.h"
+
+#include <string>
+
+namespace mergeloom::automation {
+
+/// Offers a test's files to a double in another process.
+DispatchPtr serveFiles(FileStore& files);
+
+/// The files of a test that another process offers, for the double there. Until they are given there are
+/// none.
+class ServedFiles final : public FileStore {
+  public:
+    void use(const DispatchPtr& served);
+
+    bool fileExists(const std::string& path) override;
+    std::string read(const std::string& path) override;
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override;
+
+  private:
+    [[nodiscard]] com::AutomationObject served() const;
+
+    com::SessionPtr session_ = std::make_shared<com::AutomationSession>("The test", com::Patience{}, nullptr);
+    DispatchPtr served_;
+};
+
+}  // namespace mergeloom::automation

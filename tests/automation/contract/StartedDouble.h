@@ -1,0 +1,56 @@
+#pragma once
+
+#include "automation/DoubleClasses.h"
+#include "automation/ServedFiles.h"
+#include "base/FileStore.h"
+#include "office/com/automation/AutomationObject.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace mergeloom::automation {
+
+/// Returns the program of the double where the tests are to use it (MERGELOOM_DOUBLE), otherwise the empty
+/// text: then the double is part of the test's program, which is quicker.
+inline std::string doubleProgram() {
+    const char* const program = std::getenv("MERGELOOM_DOUBLE");
+    return program == nullptr ? "" : program;
+}
+
+/// Starts an office of the double's program over the files of a test. It has to be registered.
+inline DispatchPtr startDouble(const DoubleClass& started, FileStore& files) {
+    const auto session = std::make_shared<com::AutomationSession>("The double", com::Patience{}, nullptr);
+    const DispatchPtr application = session->start(started.programIdentifier);
+    com::AutomationObject(session, application, "Application").put("TestFiles", serveFiles(files));
+    return application;
+}
+
+/// Registers the double, and keeps its program from ending with each of its offices.
+class DoubleEnvironment final : public testing::Environment {
+  public:
+    explicit DoubleEnvironment(const DoubleClass& used) : used_(used) {}
+
+    void SetUp() override {
+        if (doubleProgram().empty()) return;
+        class_ = std::make_unique<RegisteredClass>(used_, used_.programIdentifier, doubleProgram());
+        session_ = std::make_shared<com::AutomationSession>("The double", com::Patience{}, nullptr);
+        keeper_ = session_->start(used_.programIdentifier);
+    }
+    void TearDown() override {
+        if (keeper_) com::AutomationObject(session_, keeper_, "Application").call("Quit");
+        keeper_.reset();
+        session_.reset();
+        class_.reset();
+    }
+
+  private:
+    const DoubleClass& used_;
+    std::unique_ptr<RegisteredClass> class_;
+    com::SessionPtr session_;
+    DispatchPtr keeper_;
+};
+
+}  // namespace mergeloom::automation

@@ -1,0 +1,151 @@
+// The double as a program of its own, which Windows starts when its class is asked for. It ends when the last
+// of its applications has quit.
+#include "automation/DoubleClasses.h"
+#include "automation/ExcelDouble.h"
+#include "automation/Faults.h"
+#include "automation/ServedFiles.h"
+#include "automation/WordDouble.h"
+#include "base/DiskFileStore.h"
+#include "base/windows/WindowsText.h"
+#include "office/embedded/excel/EmbeddedExcel.h"
+#include "office/embedded/word/EmbeddedOffice.h"
+
+#include <objbase.h>
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace mergeloom::automation {
+
+namespace {
+
+int applications = 0;
+
+void applicationHasQuit() {
+    if (--applications == 0) ::PostQuitMessage(0);
+}
+
+/// An office's files: those of a test once it has given them, the disk's before.
+class OfficeFiles final : public FileStore {
+  public:
+    void use(const DispatchPtr& served) {
+        served_.use(served);
+        current_ = &served_;
+    }
+    bool fileExists(const std::string& path) override { return current_->fileExists(path); }
+    std::string read(const std::string& path) override { return current_->read(path); }
+    void save(const std::string& path, const std::function<void(ByteSink&)>& writer) override {
+        current_->save(path, writer);
+    }
+
+  private:
+    DiskFileStore disk_;
+    ServedFiles served_;
+    FileStore* current_ = &disk_;
+};
+
+/// Members with which a test controls the double.
+Members controls(const std::shared_ptr<OfficeFiles>& files) {
+    return {
+        property("TestFiles", nullptr, [files](const Value& served) { files->use(served.object()); }),
+        method("TestFault", "Kind, FirstCall, Calls",
+               [](const Given& given) -> Value {
+                   faults().plan(FaultKind{given[0].integer()}, given[1].integer(), given[2].integer());
+                   return {};
+               }),
+        property("TestProcess", [] { return static_cast<int>(::GetCurrentProcessId()); }),
+    };
+}
+
+DispatchPtr makeWord() {
+    ++applications;
+    const auto files = std::make_shared<OfficeFiles>();
+    return makeWordDouble(embedded::makeWordApplication(*files), controls(files), applicationHasQuit);
+}
+
+DispatchPtr makeExcel() {
+    ++applications;
+    const auto files = std::make_shared<OfficeFiles>();
+    return makeExcelDouble(embedded::makeExcelApplication(*files), controls(files), applicationHasQuit);
+}
+
+/// Makes the applications that other programs ask for.
+class Factory final : public IClassFactory {
+  public:
+    explicit Factory(std::function<DispatchPtr()> make) : make_(std::move(make)) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
+        *result = id == IID_IUnknown || id == IID_IClassFactory ? this : nullptr;
+        return *result == nullptr ? E_NOINTERFACE : S_OK;
+    }
+    // It lives as long as the program.
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
+        *result = nullptr;
+        return outer != nullptr ? CLASS_E_NOAGGREGATION : make_()->QueryInterface(id, result);
+    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL /*lock*/) override { return S_OK; }
+
+  private:
+    std::function<DispatchPtr()> make_;
+};
+
+/// A class that other programs can ask for while this object lives.
+class OfferedClass {
+  public:
+    OfferedClass(const DoubleClass& offered, std::function<DispatchPtr()> make) : factory_(std::move(make)) {
+        result_ = ::CoRegisterClassObject(offered.identifier, &factory_, CLSCTX_LOCAL_SERVER,
+                                          REGCLS_MULTIPLEUSE, &cookie_);
+    }
+    OfferedClass(const OfferedClass&) = delete;
+    OfferedClass& operator=(const OfferedClass&) = delete;
+    ~OfferedClass() { ::CoRevokeClassObject(cookie_); }
+
+    [[nodiscard]] bool isOffered() const { return SUCCEEDED(result_); }
+
+  private:
+    Factory factory_;
+    DWORD cookie_ = 0;
+    HRESULT result_;
+};
+
+/// Returns the further class of Word's double that the command line names after --word, if any.
+std::optional<DoubleClass> furtherWord(int count, char** arguments) {
+    for (int number = 1; number + 1 < count; ++number) {
+        if (std::string_view(arguments[number]) != "--word") continue;
+        DoubleClass found = kWordDouble;
+        ::CLSIDFromString(windows::wideText(arguments[number + 1]).c_str(), &found.identifier);
+        return found;
+    }
+    return {};
+}
+
+/// A program for a further class offers nothing else, since it will be ended by force.
+int serve(const std::optional<DoubleClass>& further) {
+    const OfferedClass word(further.value_or(kWordDouble), makeWord);
+    std::optional<OfferedClass> excel;
+    if (!further) excel.emplace(kExcelDouble, makeExcel);
+    if (!word.isOffered() || (excel && !excel->isOffered())) return 1;
+    MSG message;
+    while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+    return 0;
+}
+
+}  // namespace
+
+}  // namespace mergeloom::automation
+
+int main(int count, char** arguments) {
+    if (FAILED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
+    const int status = mergeloom::automation::serve(mergeloom::automation::furtherWord(count, arguments));
+    ::CoUninitialize();
+    return status;
+}

@@ -1,0 +1,186 @@
+#include "automation/DoubleClasses.h"
+#include "automation/Faults.h"
+#include "automation/WordDouble.h"
+#include "base/AutomationError.h"
+#include "doubles/MemoryFileStore.h"
+#include "doubles/WordFiles.h"
+#include "office/com/automation/AutomationObject.h"
+#include "office/com/automation/ErrorNumbers.h"
+#include "office/com/word/ComWord.h"
+#include "office/embedded/word/EmbeddedOffice.h"
+#include "office/model/word/Application.h"
+#include "office/model/word/Bookmarks.h"
+#include "office/model/word/Document.h"
+#include "office/model/word/Range.h"
+#include "office/model/word/Selection.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace mergeloom {
+namespace {
+
+using automation::FaultKind;
+using automation::faults;
+using testing::HasSubstr;
+
+constexpr auto kDocx = word::WdSaveFormat::wdFormatXMLDocument;
+
+/// A Word behind calls of automation that fail as planned, in this program.
+class Faults : public testing::Test {
+  protected:
+    void SetUp() override { start(); }
+    void TearDown() override { faults().clear(); }
+
+    void start() {
+        faults().clear();
+        ends = 0;
+        files.files = {{"/letter.docx", "the former file"}};
+        inner = embedded::makeWordApplication(files);
+        server = {.patience = {.attempts = 4, .pauseMilliseconds = 0},
+                  .application = automation::makeWordDouble(inner, {}, [this] { ++ends; })};
+    }
+    /// A letter with a place, in an office of its own.
+    void write() {
+        const word::ApplicationPtr office = com::makeWordApplication(server);
+        const word::DocumentPtr document = office->Documents()->Add("");
+        const word::SelectionPtr selection = office->Selection();
+        office->UndoRecord()->StartCustomRecord("Drop");
+        selection->TypeText("Dear ");
+        const word::RangePtr place = selection->Range();
+        place->SetText("Name");
+        document->Bookmarks()->Add("Name", *place);
+        office->UndoRecord()->EndCustomRecord();
+        document->SaveAs("/letter.docx", kDocx);
+        office->Quit(word::WdSaveOptions::wdDoNotSaveChanges);
+    }
+    AutomationError errorOfWriting() {
+        try {
+            write();
+        } catch (const AutomationError& error) {
+            return error;
+        }
+        return {0, "no error"};
+    }
+    std::string letter() { return shownBody(files.files["/letter.docx"]); }
+
+    MemoryFileStore files;
+    word::ApplicationPtr inner;
+    com::OfficeServer server;
+    int ends = 0;
+};
+
+TEST_F(Faults, ABusyOfficeIsAskedAgain) {
+    write();
+    const int calls = faults().calls();
+    ASSERT_GT(calls, 15);
+    for (int call = 1; call <= calls; ++call) {
+        start();
+        faults().plan(FaultKind::Busy, call, 3);
+        EXPECT_EQ(errorOfWriting().number(), 0U) << call;
+        EXPECT_EQ(letter(), "Dear [Name:Name]\n") << call;
+        EXPECT_EQ(ends, 1);
+    }
+}
+
+TEST_F(Faults, AnOfficeThatStaysBusyIsTold) {
+    faults().plan(FaultKind::Busy, 6, 1000);
+    const AutomationError error = errorOfWriting();
+    EXPECT_EQ(error.number(), kNotAvailable);
+    EXPECT_THAT(error.description(), HasSubstr("Word is busy"));
+    EXPECT_EQ(files.files["/letter.docx"], "the former file");
+}
+
+TEST_F(Faults, AnErrorAtAnyCallLeavesTheFileAndEndsTheOffice) {
+    write();
+    const int calls = faults().calls();
+    bool isWritten = false;
+    for (int call = 1; call <= calls; ++call) {
+        start();
+        faults().plan(FaultKind::Error, call, 1);
+        EXPECT_NE(errorOfWriting().number(), 0U) << call;
+        isWritten = files.files["/letter.docx"] != "the former file";
+        EXPECT_EQ(isWritten ? letter() : "Dear [Name:Name]\n", "Dear [Name:Name]\n") << call;
+        EXPECT_EQ(ends, 1) << call;
+        EXPECT_EQ(inner->Documents()->Count(), 0) << call;
+    }
+    EXPECT_TRUE(isWritten) << "calls after the save failed, too";
+}
+
+TEST_F(Faults, AnOlderOfficeNeedsNoUndoRecord) {
+    faults().remove("UndoRecord");
+    EXPECT_EQ(errorOfWriting().number(), 0U);
+    EXPECT_EQ(letter(), "Dear [Name:Name]\n");
+}
+
+TEST_F(Faults, AMissingMemberIsNamed) {
+    faults().remove("Collapse");
+    const AutomationError error = errorOfWriting();
+    EXPECT_EQ(error.number(), com::kMemberUnknown);
+    EXPECT_THAT(error.description(), HasSubstr("Selection.Collapse"));
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(Faults, AFileThatMustNotBeChangedIsNotSaved) {
+    files.files["/given.docx"] = wordFile("<w:p/>");
+    const word::ApplicationPtr office = com::makeWordApplication(server);
+    const word::DocumentPtr document = office->Documents()->Open("/given.docx");
+    faults().setReadOnly(true);
+    try {
+        document->Save();
+        ADD_FAILURE() << "it was saved";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), kFileCouldNotBeSaved);
+        EXPECT_THAT(error.description(), HasSubstr("/given.docx"));
+    }
+}
+
+TEST_F(Faults, DocumentsOfTheUserStay) {
+    word::ApplicationPtr office = com::makeWordApplication(server);
+    const word::DocumentPtr own = office->Documents()->Add("");
+    inner->Documents()->Add("");
+    EXPECT_EQ(office->Documents()->Count(), 1) << "the user's is not counted";
+    office->Quit(word::WdSaveOptions::wdDoNotSaveChanges);
+    office.reset();
+    EXPECT_EQ(ends, 0);
+    EXPECT_EQ(inner->Documents()->Count(), 1);
+    const auto session = std::make_shared<com::AutomationSession>("Word", com::Patience{}, nullptr);
+    EXPECT_TRUE(com::AutomationObject(session, server.application, "Application").get("Visible").truth());
+}
+
+TEST(StartedOffice, IsNamedWhereItIsNotInstalled) {
+    try {
+        com::makeWordApplication({.programIdentifier = "Mergeloom.NoSuchOffice"});
+        ADD_FAILURE() << "it was started";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), kNotAvailable);
+        EXPECT_THAT(error.description(), HasSubstr("Install Microsoft Word"));
+    }
+}
+
+/// The program of the double ends in the middle of a call.
+TEST(StartedOffice, ThatEndsInTheMiddleIsTold) {
+    const std::string identifier = "Mergeloom.EndingDouble";
+    for (const int call : {1, 4, 7}) {
+        const auto registered = automation::RegisteredClass::further(identifier, MERGELOOM_DOUBLE_PROGRAM);
+        const auto session = std::make_shared<com::AutomationSession>("Word", com::Patience{}, nullptr);
+        const com::DispatchPtr application = session->start(identifier);
+        const word::ApplicationPtr office = com::makeWordApplication({.application = application});
+        com::AutomationObject(session, application, "Application")
+            .call("TestFault", {static_cast<int>(FaultKind::End), call, 1});
+        try {
+            const word::DocumentPtr document = office->Documents()->Add("");
+            for (int number = 0; number < 10; ++number)
+                office->Selection()->TypeText("x");
+            ADD_FAILURE() << "it did not end at call " << call;
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.number(), kNotAvailable) << call << error.description();
+            EXPECT_THAT(error.description(), HasSubstr("has ended"));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace mergeloom
