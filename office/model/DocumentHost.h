@@ -49,6 +49,9 @@ class HostListener {
     virtual void keyPressed(HostKey key) = 0;
     /// Called when the document that is shown got its first change since it was saved, or has none any more.
     virtual void changesBeganOrEnded() = 0;
+    /// Called when the office painted something since the last DocumentHost::updateMarks, so that marks of
+    /// places may be in a wrong place. Not called where the office draws the marks itself.
+    virtual void marksMayHaveMoved() = 0;
     /// Called once when the office ended by itself. From then on every call of the host and its documents
     /// raises kNotAvailable.
     virtual void officeEnded() = 0;
@@ -136,7 +139,10 @@ class DocumentHost {
 
     /// Returns true when the view marks bookmarks (Word's View.ShowBookmarks).
     virtual bool showsBookmarks() = 0;
+    /// Marks bookmarks and the cells with names, or no places.
     virtual void setShowsBookmarks(bool shown) = 0;
+    /// Puts the marks of places where the places are now; does nothing where the office draws them itself.
+    virtual void updateMarks() = 0;
     /// Sets the zoom, or less where the window is not as wide as a page of that size.
     virtual void setZoom(int percent) = 0;
     /// Shows or hides a bar by Word's own name for it: "Standard", "Formatting", "Web". Ignores a bar that

@@ -119,6 +119,7 @@ class FakeDocumentHost final : public DocumentHost {
         failWhenEnded();
         bookmarksShown = shown;
     }
+    void updateMarks() override { failWhenEnded(); }
     void setZoom(int percent) override { call("zoom " + std::to_string(percent)); }
     void setCommandBarVisible(const std::string& name, bool visible) override {
         call((visible ? "show " : "hide ") + name);

@@ -1,7 +1,10 @@
 """The list of the document's places beside the document, and their marks in the tree."""
+import itertools
 import unittest
 
+import openpyxl
 import read_xlsx
+import xlsxwriter
 from read_docx import read_paragraphs
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
@@ -55,6 +58,8 @@ class PlacesTest(DesignerTest):
 
 
 BLACK = (0, 0, 0)
+FRAME = (0x5b, 0x9b, 0xea)  # of a place in a workbook
+WHEEL_UP, WHEEL_DOWN = 4, 5
 
 
 class InWord(PlacesTest):
@@ -174,6 +179,103 @@ class InExcel(PlacesTest):
         point_at(designer.document())
         self.wait_for_tip("ammPriority: ")
         self.picture("tip-cells")
+
+    def frames(self):
+        """Returns the left, top, right and bottom of all frames around places that are seen; none without one."""
+        shown = places_of(self.designer.document_box(), FRAME)
+        columns, rows = zip(*shown) if shown else ((), ())
+        return (min(columns), min(rows), max(columns), max(rows)) if shown else None
+
+    def boxes(self, count):
+        """Returns the left, top, width and height of each frame, from the top down; none for another number of them."""
+        left, top, width, height = self.designer.document_box()
+        lines = set(places_of((left, top, width, height), FRAME))
+        corners = sorted(((x, y) for x, y in lines if (x - 1, y) not in lines and (x, y - 1) not in lines
+                          and (x + 8, y) in lines and (x, y + 8) in lines), key=lambda place: place[::-1])
+        return len(corners) == count and [
+            (x, y, self.length(lines, (x, y), (1, 0)), self.length(lines, (x, y), (0, 1))) for x, y in corners]
+
+    @staticmethod
+    def length(lines, place, step):
+        """Returns how far a line goes on from a place."""
+        return next(length for length in itertools.count()
+                    if (place[0] + length * step[0], place[1] + length * step[1]) not in lines)
+
+    def wait_for_frames(self, *expected):
+        wait_for(f"the frames {expected}", lambda: self.frames() == (expected or None))
+
+    def test_the_cells_of_places_are_framed(self):
+        designer = self.start()
+        self.wait_for_frames()
+        place = designer.document()
+        self.drop("Customer", place)
+        left, top, right, bottom = wait_for("the frame", self.frames)
+        self.picture("frames")
+        self.assertTrue(left < place[0] < right and top < place[1] < bottom)
+        self.assertTrue(50 < right - left < 120 and 10 < bottom - top < 30)
+
+        height = bottom - top
+        point_at(place)
+        click(place, WHEEL_DOWN)
+        wait_for("the scrolled frame", lambda: (self.frames() or (0, top))[1] < top - 2 * height)
+        click(place, WHEEL_UP)
+        self.wait_for_frames(left, top, right, bottom)
+
+        # Clicks reach the cell below the frame; "[" is its text.
+        self.enter_document((left, (top + bottom) // 2))
+        key("F2", "End")
+        type_text("x")
+        key("Return")
+        self.assertIn("[CustomerID]x", self.export("book.csv").read_text())
+
+        path = self.save_as("book.xlsx")
+        designer.choose("Fields", "Show Places")
+        self.wait_for_frames()
+        designer.choose("Fields", "Show Places")
+        self.wait_for_frames(left, top, right, bottom)
+        self.assertFalse(designer.full_title().startswith("*"))
+        self.assertEqual(list(read_xlsx.read_names(path)), ["ammCustomerID"])
+        sheet = openpyxl.load_workbook(path).active
+        self.assertFalse(sheet.conditional_formatting)
+        self.assertEqual({(cell.fill.fill_type, cell.border.left.style) for row in sheet for cell in row},
+                         {(None, None)})
+
+        click(self.place("ammCustomerID"))
+        key("Delete")
+        self.wait_for_places()
+        self.wait_for_frames()
+        self.enter_document()
+        key("ctrl+z")
+        self.wait_for_frames(left, top, right, bottom)
+
+    def test_frames_fit_merged_and_frozen_cells_of_the_sheet_that_is_shown(self):
+        path = self.folder / "merged.xlsx"
+        with xlsxwriter.Workbook(path) as book:
+            sheet = book.add_worksheet("Sheet")
+            book.add_worksheet("Other")
+            sheet.freeze_panes(1, 1)
+            sheet.merge_range("C3:D4", "")
+            for name, content in {"Frozen": "Sheet!$A$1", "Merged": "Sheet!$C$3", "Several": "Sheet!$C$6:$E$8",
+                                  "Far": "Sheet!$C$900", "Wide": "Sheet!$B$10:$XFD$10", "There": "Other!$B$2",
+                                  "Number": "2"}.items():
+                book.define_name(name, "=" + content)
+        self.start("-template", path)
+        frozen, merged, several, wide = wait_for("four frames", lambda: self.boxes(4))
+        self.picture("frames-frozen")
+        left, top, width, height = merged
+        width, height = width // 2, height // 2
+        self.assertEqual(frozen[2:], (width, height))
+        self.assertEqual(several, (left, top + 3 * height, 3 * width, 3 * height))
+        self.assertEqual(wide[:2], (left - width, top + 7 * height))
+        self.assertGreater(wide[2], 7 * width)
+        point_at(self.designer.document())
+        click(self.designer.document(), WHEEL_DOWN)
+        scrolled = wait_for("the others scrolled away", lambda: self.boxes(3))
+        self.assertEqual(scrolled[0], frozen)
+        self.enter_document()
+        key("ctrl+Next")
+        wait_for("the frame of the other sheet", lambda: self.boxes(1))
+        self.assertEqual(self.boxes(1)[0][2:], (width, height))
 
     def test_names_of_cells_are_places_too(self):
         designer = self.start()

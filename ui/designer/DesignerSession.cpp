@@ -9,6 +9,7 @@
 #include "ui/designer/WordTemplates.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -17,6 +18,11 @@
 namespace mergeloom {
 
 namespace {
+
+/// The least time between two updates of the marks of places, and the time that the office has for its own
+/// work after an update, as a multiple of what that took.
+constexpr std::chrono::milliseconds kMarksInterval{40};
+constexpr int kMarksRest = 4;
 
 constexpr const char* kOfficeModule = "mergeloom_libreoffice.so";
 
@@ -76,6 +82,10 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
     connect(&events_, &HostEvents::changesBegunOrEnded, this, [this] {
         if (state_ == OfficeState::Running) post([this] { lifecycle_.ShowChanges(); });
     });
+    connect(&events_, &HostEvents::marksMoved, this, &DesignerSession::updateMarks);
+    marksTimer_.setSingleShot(true);
+    marksTimer_.setInterval(kMarksInterval);
+    connect(&marksTimer_, &QTimer::timeout, this, &DesignerSession::updateMarksNow);
     connect(&keepTimer_, &QTimer::timeout, this, &DesignerSession::keepCopy);
     keepTimer_.start(ports_.keepInterval);
 }
@@ -263,6 +273,29 @@ void DesignerSession::setShowsPlaces(bool shown) {
     post([this, shown] {
         if (office_.isRunning()) office_.host().setShowsBookmarks(shown);
     });
+}
+
+void DesignerSession::updateMarks() {
+    if (!marksTimer_.isActive()) marksTimer_.start();
+}
+
+/// Tries again later while the office is busy.
+void DesignerSession::updateMarksNow() {
+    if (state_ == OfficeState::Stopped) return;
+    if (!isFree() || isUpdatingMarks_) return updateMarks();
+    isUpdatingMarks_ = true;
+    const auto duration = std::make_shared<std::chrono::milliseconds>();
+    worker_.post(
+        [this, duration] {
+            const auto begin = std::chrono::steady_clock::now();
+            office_.host().updateMarks();
+            *duration = std::chrono::duration_cast<std::chrono::milliseconds>(
+                std::chrono::steady_clock::now() - begin);
+        },
+        [this, duration](const std::exception_ptr& /*an office that has ended is reported otherwise*/) {
+            isUpdatingMarks_ = false;
+            marksTimer_.setInterval(std::max(kMarksInterval, kMarksRest * *duration));
+        });
 }
 
 bool DesignerSession::findPlacesAt(HostPoint point) {

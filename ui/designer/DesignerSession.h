@@ -82,8 +82,10 @@ class DesignerSession final : public QObject, private LifecycleView {
     bool insertAtCaret();
     /// Returns what became of the last drop.
     [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
-    /// Shows or hides the office's marks of places.
+    /// Shows or hides the marks of places.
     void setShowsPlaces(bool shown);
+    /// Puts the marks of places where the places are, as soon as the office is free. Does not wait.
+    void updateMarks();
     /// Starts the search for the places at a point and returns at once. Emits placesFoundAt at its end.
     /// Returns false, and does nothing, while the office is busy.
     bool findPlacesAt(HostPoint point);
@@ -138,6 +140,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     void showChanges(bool hasChanges) override;
     void noteFile(const std::string& path) override;
     void showStatus(const std::string& text) override;
+    void updateMarksNow();
     void setState(OfficeState state, const QString& stopReason = {});
     void startOffice(const HostWindow& window, const Attempt& attempt);
     void logOffice();
@@ -173,6 +176,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     DropFlow dropFlow_;
     PreviewFlow previewFlow_;
     QTimer keepTimer_;
+    QTimer marksTimer_;
+    bool isUpdatingMarks_ = false;
 };
 
 }  // namespace mergeloom

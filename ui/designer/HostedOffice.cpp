@@ -42,6 +42,11 @@ void HostEvents::changesBeganOrEnded() {
         this, [this] { Q_EMIT changesBegunOrEnded(); }, Qt::QueuedConnection);
 }
 
+void HostEvents::marksMayHaveMoved() {
+    QMetaObject::invokeMethod(
+        this, [this] { Q_EMIT marksMoved(); }, Qt::QueuedConnection);
+}
+
 void HostEvents::officeEnded() {
     QMetaObject::invokeMethod(
         this, [this] { Q_EMIT ended(); }, Qt::QueuedConnection);

@@ -54,12 +54,14 @@ class HostEvents final : public QObject, public HostListener {
     void fileCommand(HostCommand command) override;
     void keyPressed(HostKey key) override;
     void changesBeganOrEnded() override;
+    void marksMayHaveMoved() override;
     void officeEnded() override;
 
   Q_SIGNALS:
     void commandGiven(mergeloom::HostCommand command);
     void keyGiven(mergeloom::HostKey key);
     void changesBegunOrEnded();
+    void marksMoved();
     void ended();
 };
 

@@ -1,15 +1,6 @@
 #include "office/libreoffice/host/FocusForwarder.h"
 
-#include "base/AutomationError.h"
-#include "office/libreoffice/session/PollingThread.h"
-
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
 
 namespace mergeloom::libreoffice {
 
@@ -50,22 +41,13 @@ constexpr std::uint16_t kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MO
 
 FocusForwarder::FocusForwarder(xcb_window_t host, HostListener& listener)
     : host_(host), top_(windows_.topWindow(host)), dialogs_(windows_, host_, top_), listener_(listener) {
-    if (::pipe2(wakeUp_, O_CLOEXEC) != 0)
-        throw AutomationError(kNotAvailable, "LibreOffice could not be started: no channel is left.");
     grabClicks(host_);
     if (top_ != host_) grabClicks(top_);
     findKeys();
     for (const Key& key : keys_)
         if (!key.isForPreview) grab(key);
     xcb_flush(windows_.get());
-    const BlockedSignals blocked;
-    thread_ = std::thread([this] { keep(); });
-}
-
-FocusForwarder::~FocusForwarder() {
-    ::close(wakeUp_[1]);
-    thread_.join();
-    ::close(wakeUp_[0]);
+    events_.emplace(windows_.get(), [this](const xcb_generic_event_t& event) { handle(event); });
 }
 
 /// Makes the X server queue each click, and the keys after it, until follow() releases them. Keys that are
@@ -108,18 +90,6 @@ void FocusForwarder::endPreview() const {
     for (const Key& key : keys_)
         if (key.isForPreview) release(key);
     xcb_flush(windows_.get());
-}
-
-void FocusForwarder::keep() {
-    pollfd sources[] = {{xcb_get_file_descriptor(windows_.get()), POLLIN, 0}, {wakeUp_[0], POLLIN, 0}};
-    while (xcb_connection_has_error(windows_.get()) == 0) {
-        using EventPtr = std::unique_ptr<xcb_generic_event_t, void (*)(void*)>;
-        while (const EventPtr event{xcb_poll_for_event(windows_.get()), std::free}) {
-            handle(*event);
-        }
-        ::poll(sources, 2, -1);
-        if (sources[1].revents != 0) return;
-    }
 }
 
 void FocusForwarder::handle(const xcb_generic_event_t& event) {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "office/libreoffice/host/DialogOwner.h"
+#include "office/libreoffice/host/WindowEvents.h"
 #include "office/libreoffice/host/WindowSystem.h"
 #include "office/model/DocumentHost.h"
 
 #include <atomic>
 #include <cstdint>
-#include <thread>
+#include <optional>
 #include <vector>
 
 namespace mergeloom::libreoffice {
@@ -20,7 +21,7 @@ class FocusForwarder {
     FocusForwarder(xcb_window_t host, HostListener& listener);
     FocusForwarder(const FocusForwarder&) = delete;
     FocusForwarder& operator=(const FocusForwarder&) = delete;
-    ~FocusForwarder();
+    ~FocusForwarder() = default;
 
     /// While disabled, clicks do not give the focus to the office.
     void setEnabled(bool enabled) { isEnabled_ = enabled; }
@@ -40,7 +41,6 @@ class FocusForwarder {
     void findKeys();
     void grab(const Key& key) const;
     void release(const Key& key) const;
-    void keep();
     void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
     void report(const xcb_key_press_event_t& key);
@@ -52,8 +52,7 @@ class FocusForwarder {
     HostListener& listener_;
     std::vector<Key> keys_;  ///< those of the window
     std::atomic<bool> isEnabled_ = true;
-    int wakeUp_[2] = {-1, -1};
-    std::thread thread_;
+    std::optional<WindowEvents> events_;  ///< ends first
 };
 
 }  // namespace mergeloom::libreoffice

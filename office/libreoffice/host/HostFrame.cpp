@@ -31,6 +31,8 @@ using Properties = Reference<css::beans::XPropertySet>;
 constexpr std::chrono::seconds kBoundOfMoves{10};
 constexpr std::chrono::milliseconds kPauseOfMoves{500};
 constexpr std::chrono::milliseconds kPauseOfEvents{5};
+constexpr std::chrono::seconds kBoundOfLayout{10};
+constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr int kMaxRoundsWithoutRoom = 20;
 constexpr const char* kMarks = "ShowNonprintingCharacters";
 constexpr const char* kBookmarks = "ShowBookmarks";
@@ -101,6 +103,7 @@ std::string barOf(const std::string& name, DocumentKind kind) {
 HostFrame::HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
                      CommandSink commands)
     : office_(connection.context()),
+      windows_(windows),
       embedWindow_(windows, window),
       quit_(commandOf(connection.context(), ".uno:Quit")),
       interceptor_(new CommandInterceptor(std::move(commands))) {
@@ -181,9 +184,21 @@ void HostFrame::fillWindow() const {
     embedWindow_.resize(width_, height_);
 }
 
-/// The office lays out by itself some time after a change. If it is slow to handle the events of the window
-/// system, an earlier size may replace the newest one. It lays out nothing if the window has no room for a
-/// document.
+/// Waits for a limited time, and once after each change: a view may never be laid out.
+void HostFrame::waitForLayout() {
+    const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
+    while (!isLaidOut_ && std::chrono::steady_clock::now() < last) {
+        windows_.waitForServer();
+        handlePendingEvents(office_);
+        if (!layOut()) std::this_thread::sleep_for(kPauseOfLayout);
+    }
+    isLaidOut_ = true;
+}
+
+/// Lays out the bars and the document; returns false while the office does not yet have the size of the
+/// window. The office lays out by itself some time after a change. If it is slow to handle the events of the
+/// window system, an earlier size may replace the newest one. It lays out nothing if the window has no room
+/// for a document.
 bool HostFrame::layOut() {
     const css::awt::Rectangle size = container_->getPosSize();
     if (size.Width != width_ || size.Height != height_) {

@@ -22,6 +22,7 @@ namespace mergeloom::libreoffice {
 /// are to be called within a call of the connection.
 class HostFrame {
   public:
+    /// The window system must outlive it.
     HostFrame(OfficeConnection& connection, const WindowSystem& windows, const HostWindow& window,
               CommandSink commands);
 
@@ -36,10 +37,8 @@ class HostFrame {
     void resize(int width, int height);
     /// Returns true if the bars and the document are laid out since their last change.
     [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }
-    /// Lays them out; returns false while the office does not yet have the size of the window.
-    bool layOut();
-    /// Accepts the current layout as final until the next change.
-    void endLayout() { isLaidOut_ = true; }
+    /// Waits until they are laid out after a change of the window or a load.
+    void waitForLayout();
     /// Waits until the office paints in the window.
     void waitUntilNoticed() const;
     void setEnabled(bool enabled) const { container_->setEnable(enabled); }
@@ -55,9 +54,11 @@ class HostFrame {
     [[nodiscard]] Reference<css::beans::XPropertySet> viewSettings() const;
     [[nodiscard]] Reference<css::frame::XLayoutManager> layoutManager() const;
     void beginLayout();
+    bool layOut();
     void fillWindow() const;
 
     Reference<css::uno::XComponentContext> office_;
+    const WindowSystem& windows_;
     EmbedWindow embedWindow_;
     int width_ = 0;
     int height_ = 0;

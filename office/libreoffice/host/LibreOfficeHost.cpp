@@ -19,7 +19,6 @@
 #include <iterator>
 #include <optional>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 namespace mergeloom::libreoffice {
@@ -27,8 +26,6 @@ namespace mergeloom::libreoffice {
 namespace {
 
 constexpr std::chrono::seconds kBoundOfClosing{5};
-constexpr std::chrono::seconds kBoundOfLayout{10};
-constexpr std::chrono::milliseconds kPauseOfLayout{10};
 constexpr std::chrono::milliseconds kPauseOfMonitor{100};
 constexpr std::chrono::milliseconds kPauseOfInterruption{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
@@ -43,6 +40,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       listener_(listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown, window.look)),
       filled_(*session_, windows_, [&listener](HostCommand command) { listener.fileCommand(command); }),
+      marks_(session_->connection(), windows_, window.look, [&listener] { listener.marksMayHaveMoved(); }),
       word_(makeWordApplication(session_, files, grafting)),
       excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
@@ -276,7 +274,7 @@ void LibreOfficeHost::showDropPlace(HostPoint point) {
     call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr || frame->hasOpenDialog()) return;
-        waitForLayout(*frame);
+        frame->waitForLayout();
         CaretTarget target = frame->caret().find(point);
         if (preview_.scroll(innerWindow(), point, frame->caret().documentArea())) {
             handleEvents();
@@ -300,7 +298,7 @@ bool LibreOfficeHost::placeCaret(HostPoint point) {
     const CaretPlacement placement = call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return CaretPlacement::Nowhere;
-        waitForLayout(*frame);
+        frame->waitForLayout();
         const CaretTarget target = frame->caret().find(point);
         enterCells(*frame, target);
         const bool isPlaced = target.placement != CaretPlacement::InText || CaretPlacer::place(target);
@@ -318,16 +316,6 @@ void LibreOfficeHost::click(HostPoint point) {
 void LibreOfficeHost::handleEvents() {
     windows_.waitForServer();
     handlePendingEvents(session_->connection().context());
-}
-
-/// Waits for a limited time, and once after each change: a view may never be laid out.
-void LibreOfficeHost::waitForLayout(HostFrame& frame) {
-    const auto last = std::chrono::steady_clock::now() + kBoundOfLayout;
-    while (!frame.isLaidOut() && std::chrono::steady_clock::now() < last) {
-        handleEvents();
-        if (!frame.layOut()) std::this_thread::sleep_for(kPauseOfLayout);
-    }
-    frame.endLayout();
 }
 
 /// Lets the window take keys and clicks, or not. Word's object model does so itself, together with locking
@@ -373,9 +361,17 @@ bool LibreOfficeHost::showsBookmarks() {
 }
 
 void LibreOfficeHost::setShowsBookmarks(bool shown) {
+    marks_.setShown(shown);
     call([&] {
         if (const HostFrame* const frame = front()) frame->setShowsBookmarks(shown);
     });
+    updateMarks();
+}
+
+/// During a preview they are below it.
+void LibreOfficeHost::updateMarks() {
+    const bool isPreviewing = call([this] { return filled_.frame() != nullptr; });
+    if (!isPreviewing) marks_.update(innerWindow(), call([this] { return frontDocument(); }));
 }
 
 void LibreOfficeHost::setZoom(int percent) {

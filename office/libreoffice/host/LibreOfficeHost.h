@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "office/libreoffice/host/CellMarks.h"
 #include "office/libreoffice/host/ChangeWatch.h"
 #include "office/libreoffice/host/DropPreview.h"
 #include "office/libreoffice/host/FocusForwarder.h"
@@ -58,6 +59,7 @@ class LibreOfficeHost final : public DocumentHost {
     void focus() override;
     bool showsBookmarks() override;
     void setShowsBookmarks(bool shown) override;
+    void updateMarks() override;
     void setZoom(int percent) override;
     void setCommandBarVisible(const std::string& name, bool visible) override;
     /// LibreOffice has no option for it.
@@ -90,9 +92,6 @@ class LibreOfficeHost final : public DocumentHost {
     /// Makes the office handle the events that it was sent. Must be called within call().
     void handleEvents();
     void setEnabled(const HostedDocument& hosted, bool enabled);
-    /// Waits until the document is laid out after a change of the window or a load. To be called within a
-    /// call.
-    void waitForLayout(HostFrame& frame);
 
     HostWindow window_;
     DocumentKind kind_;
@@ -101,6 +100,7 @@ class LibreOfficeHost final : public DocumentHost {
     DropPreview preview_{windows_};
     std::shared_ptr<LibreOfficeSession> session_;
     HostPreview filled_;
+    CellMarks marks_;
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
     rtl::Reference<ChangeWatch> changes_;

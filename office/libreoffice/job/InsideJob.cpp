@@ -2,6 +2,7 @@
 #include "office/libreoffice/calls/CallPipe.h"
 #include "office/libreoffice/calls/CallValues.h"
 #include "office/libreoffice/job/CallHandler.h"
+#include "office/libreoffice/job/NamedCells.h"
 #include "office/libreoffice/job/PackageCipher.h"
 #include "office/libreoffice/session/InsideLine.h"
 #include "office/libreoffice/session/UnoErrors.h"
@@ -99,6 +100,7 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
             return css::uno::Any(sal_Int64{handler_->take(value.get<DocumentReference>())});
         if (command == kInsideDecrypt || command == kInsideEncrypt)
             return cipher(command, value.get<css::uno::Sequence<css::uno::Any>>());
+        if (command == kInsideNamedCells) return namedCells(value.get<css::uno::Sequence<css::uno::Any>>());
         throw css::lang::IllegalArgumentException(toUno("There is no command '" + command + "'."), {}, 0);
     }
 
@@ -109,6 +111,11 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
         if (command == kInsideEncrypt) return css::uno::Any(cipher.encrypted(bytes, password));
         const std::optional<PackageCipher::Bytes> package = cipher.decrypted(bytes, password);
         return package ? css::uno::Any(*package) : css::uno::Any();
+    }
+
+    static css::uno::Any namedCells(const css::uno::Sequence<css::uno::Any>& values) {
+        return css::uno::Any(boundsOfNamedCells(values[0].get<DocumentReference>(),
+                                                values[1].get<css::uno::Sequence<OUString>>()));
     }
 
     /// Returns false if the main thread must return to the office's work.

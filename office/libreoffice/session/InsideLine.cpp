@@ -6,6 +6,7 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <com/sun/star/beans/NamedValue.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/lang/XSingleComponentFactory.hpp>
@@ -97,6 +98,18 @@ std::optional<std::string> InsideLine::decrypted(const std::string& file, const 
 
 std::string InsideLine::encrypted(const std::string& package, const std::string& password) {
     return stringOf(executeCipher(job_, kInsideEncrypt, package, password).get<Bytes>());
+}
+
+std::vector<css::awt::Rectangle> InsideLine::namedCells(const DocumentReference& workbook,
+                                                        const std::vector<std::string>& names) {
+    css::uno::Sequence<OUString> texts(static_cast<sal_Int32>(names.size()));
+    std::ranges::transform(names, texts.getArray(), toUno);
+    css::uno::Sequence<css::uno::Any> values(2);
+    values.getArray()[0] <<= workbook;
+    values.getArray()[1] <<= texts;
+    const auto found = execute(job_, kInsideNamedCells, css::uno::Any(values))
+                           .get<css::uno::Sequence<css::awt::Rectangle>>();
+    return {found.begin(), found.end()};
 }
 
 void InsideLine::rest() {

@@ -3,10 +3,12 @@
 #include "office/libreoffice/calls/CallPipe.h"
 #include "office/libreoffice/session/Uno.h"
 
+#include <com/sun/star/awt/Rectangle.hpp>
 #include <com/sun/star/task/XJob.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -18,6 +20,8 @@ inline constexpr const char* kInsideDocument = "document";  ///< returns the doc
 /// encrypted or the password is wrong.
 inline constexpr const char* kInsideDecrypt = "decrypt";
 inline constexpr const char* kInsideEncrypt = "encrypt";
+/// Takes a workbook and names, and returns rectangles.
+inline constexpr const char* kInsideNamedCells = "namedCells";
 
 /// Returns the path of the library that the office loads for the object model. It is in the folder of the
 /// file that contains this function. Raises kNotAvailable if it is missing.
@@ -42,6 +46,9 @@ class InsideLine {
     std::optional<std::string> decrypted(const std::string& file, const std::string& password);
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
+    /// Returns where the window of a workbook shows the cells of the names, as boundsOfNamedCells does.
+    std::vector<css::awt::Rectangle> namedCells(const DocumentReference& workbook,
+                                                const std::vector<std::string>& names);
     /// Lets the main thread return to its own work.
     void rest();
 

@@ -152,6 +152,11 @@ std::string OfficeConnection::encrypted(const std::string& package, const std::s
     return call([&] { return inside().encrypted(package, password); });
 }
 
+std::vector<css::awt::Rectangle> OfficeConnection::namedCells(const DocumentReference& workbook,
+                                                              const std::vector<std::string>& names) {
+    return call([&] { return inside().namedCells(workbook, names); });
+}
+
 /// Ignores a broken line: the call that follows notices that the office has ended.
 void OfficeConnection::rest() try {
     if (inside_) inside_->rest();

@@ -10,6 +10,7 @@
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mergeloom::libreoffice {
 
@@ -64,6 +65,10 @@ class OfficeConnection {
     std::optional<std::string> decrypted(const std::string& file, const std::string& password);
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
+
+    /// Returns where the window of a workbook shows the cells of the names: rectangles in pixels.
+    std::vector<css::awt::Rectangle> namedCells(const DocumentReference& workbook,
+                                                const std::vector<std::string>& names);
 
     /// Sets the pattern of later requests. The default is Single.
     void expect(RequestPattern pattern) { pattern_ = pattern; }

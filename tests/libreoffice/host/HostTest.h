@@ -27,6 +27,7 @@ class RecordingListener final : public HostListener {
         const std::lock_guard lock(mutex_);
         commands_.push_back(command);
     }
+    void marksMayHaveMoved() override { ++markEvents; }
     void officeEnded() override { ++ends; }
 
     std::vector<HostCommand> takeCommands() {
@@ -41,6 +42,7 @@ class RecordingListener final : public HostListener {
 
     std::atomic<int> ends = 0;
     std::atomic<int> changeEvents = 0;
+    std::atomic<int> markEvents = 0;
 
   private:
     std::mutex mutex_;
