@@ -143,6 +143,9 @@ class DocumentHost {
     virtual void setShowsBookmarks(bool shown) = 0;
     /// Puts the marks of places where the places are now; does nothing where the office draws them itself.
     virtual void updateMarks() = 0;
+    /// Gives the office the colors and the font of the desktop, which have changed. The sizes follow with the
+    /// next start. Returns false, and changes nothing, while a dialog is open that the user has to close.
+    virtual bool setLook(const HostLook& look) = 0;
     /// Sets the zoom, or less where the window is not as wide as a page of that size.
     virtual void setZoom(int percent) = 0;
     /// Shows or hides a bar by Word's own name for it: "Standard", "Formatting", "Web". Ignores a bar that

@@ -119,6 +119,10 @@ class FakeDocumentHost final : public DocumentHost {
         failWhenEnded();
         bookmarksShown = shown;
     }
+    bool setLook(const HostLook&) override {
+        call("setLook");
+        return !isDialogOpen;
+    }
     void updateMarks() override { failWhenEnded(); }
     void setZoom(int percent) override { call("zoom " + std::to_string(percent)); }
     void setCommandBarVisible(const std::string& name, bool visible) override {

@@ -9,7 +9,6 @@
 #include "ui/designer/WordTemplates.h"
 
 #include <QApplication>
-#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -18,11 +17,6 @@
 namespace mergeloom {
 
 namespace {
-
-/// The least time between two updates of the marks of places, and the time that the office has for its own
-/// work after an update, as a multiple of what that took.
-constexpr std::chrono::milliseconds kMarksInterval{40};
-constexpr int kMarksRest = 4;
 
 constexpr const char* kOfficeModule = "mergeloom_libreoffice.so";
 
@@ -73,7 +67,8 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                     .access = office_,
                     .files = ports_.files,
                     .errors = ports_.errors,
-                    .messages = ports_.messages}) {
+                    .messages = ports_.messages}),
+      view_(worker_, office_, [this] { return isFree() && !previewed(); }) {
     connect(&events_, &HostEvents::commandGiven, this,
             [this](HostCommand command) { answer([this, command] { execute(command); }); });
     connect(&events_, &HostEvents::keyGiven, this,
@@ -82,10 +77,7 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
     connect(&events_, &HostEvents::changesBegunOrEnded, this, [this] {
         if (state_ == OfficeState::Running) post([this] { lifecycle_.ShowChanges(); });
     });
-    connect(&events_, &HostEvents::marksMoved, this, &DesignerSession::updateMarks);
-    marksTimer_.setSingleShot(true);
-    marksTimer_.setInterval(kMarksInterval);
-    connect(&marksTimer_, &QTimer::timeout, this, &DesignerSession::updateMarksNow);
+    connect(&events_, &HostEvents::marksMoved, &view_, &ViewUpdates::updateMarks);
     connect(&keepTimer_, &QTimer::timeout, this, &DesignerSession::keepCopy);
     keepTimer_.start(ports_.keepInterval);
 }
@@ -189,6 +181,7 @@ void DesignerSession::onEnded() {
 void DesignerSession::setState(OfficeState state, const QString& stopReason) {
     state_ = state;
     stopReason_ = stopReason;
+    if (state == OfficeState::Stopped) view_.cancel();
     Q_EMIT stateChanged();
 }
 
@@ -273,29 +266,6 @@ void DesignerSession::setShowsPlaces(bool shown) {
     post([this, shown] {
         if (office_.isRunning()) office_.host().setShowsBookmarks(shown);
     });
-}
-
-void DesignerSession::updateMarks() {
-    if (!marksTimer_.isActive()) marksTimer_.start();
-}
-
-/// Tries again later while the office is busy.
-void DesignerSession::updateMarksNow() {
-    if (state_ == OfficeState::Stopped) return;
-    if (!isFree() || isUpdatingMarks_) return updateMarks();
-    isUpdatingMarks_ = true;
-    const auto duration = std::make_shared<std::chrono::milliseconds>();
-    worker_.post(
-        [this, duration] {
-            const auto begin = std::chrono::steady_clock::now();
-            office_.host().updateMarks();
-            *duration = std::chrono::duration_cast<std::chrono::milliseconds>(
-                std::chrono::steady_clock::now() - begin);
-        },
-        [this, duration](const std::exception_ptr& /*an office that has ended is reported otherwise*/) {
-            isUpdatingMarks_ = false;
-            marksTimer_.setInterval(std::max(kMarksInterval, kMarksRest * *duration));
-        });
 }
 
 bool DesignerSession::findPlacesAt(HostPoint point) {

@@ -7,6 +7,7 @@
 #include "ui/designer/PreviewFlow.h"
 #include "ui/designer/TemplateFiles.h"
 #include "ui/designer/TemplateLifecycle.h"
+#include "ui/designer/ViewUpdates.h"
 
 #include <QObject>
 #include <QTimer>
@@ -60,6 +61,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     /// Returns the office's build; empty while none runs. May be called by any thread.
     [[nodiscard]] std::string officeBuild() const;
     [[nodiscard]] OfficeWorker& worker() { return worker_; }
+    [[nodiscard]] ViewUpdates& view() { return view_; }
     [[nodiscard]] DropProgress& progress() { return progress_; }
 
     /// Starts the office, also anew: then the file that was saved last is opened. Does not wait.
@@ -84,8 +86,6 @@ class DesignerSession final : public QObject, private LifecycleView {
     [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
     /// Shows or hides the marks of places.
     void setShowsPlaces(bool shown);
-    /// Puts the marks of places where the places are, as soon as the office is free. Does not wait.
-    void updateMarks();
     /// Starts the search for the places at a point and returns at once. Emits placesFoundAt at its end.
     /// Returns false, and does nothing, while the office is busy.
     bool findPlacesAt(HostPoint point);
@@ -140,7 +140,6 @@ class DesignerSession final : public QObject, private LifecycleView {
     void showChanges(bool hasChanges) override;
     void noteFile(const std::string& path) override;
     void showStatus(const std::string& text) override;
-    void updateMarksNow();
     void setState(OfficeState state, const QString& stopReason = {});
     void startOffice(const HostWindow& window, const Attempt& attempt);
     void logOffice();
@@ -175,9 +174,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     OfficeWorker worker_;
     DropFlow dropFlow_;
     PreviewFlow previewFlow_;
+    ViewUpdates view_;
     QTimer keepTimer_;
-    QTimer marksTimer_;
-    bool isUpdatingMarks_ = false;
 };
 
 }  // namespace mergeloom

@@ -78,6 +78,12 @@ QPoint HostPane::onScreen(HostPoint point) const {
     return mapToGlobal(QPointF(point.x, point.y) / devicePixelRatioF()).toPoint();
 }
 
+void HostPane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    const bool isOfLook = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+    if (isOfLook) Q_EMIT lookChanged(lookOf(*this));
+}
+
 void HostPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (!resizeTimer_.isActive()) resizeTimer_.start();

@@ -33,6 +33,8 @@ class HostPane final : public QWidget {
   Q_SIGNALS:
     /// Emitted with the size in pixels of the screen; of many changes in a short time only for the last.
     void resized(int width, int height);
+    /// Emitted when the desktop's colors or font changed.
+    void lookChanged(const mergeloom::HostLook& look);
     /// Emitted again and again while a drag is over the point, also while it rests.
     void draggedOver(mergeloom::HostPoint point);
     /// Emitted when the mouse rests over a point of the document, and when it moves again.
@@ -44,6 +46,7 @@ class HostPane final : public QWidget {
     void focused();
 
   protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -85,7 +85,7 @@ void PlacesFlow::showAtMouse(const QStringList& names) {
 
 /// Hides the marks again, since the view of a new document shows them.
 void PlacesFlow::showMarksOfNewDocument() {
-    parts_.actions.showsPlaces() ? parts_.session.updateMarks() : parts_.session.setShowsPlaces(false);
+    parts_.actions.showsPlaces() ? parts_.session.view().updateMarks() : parts_.session.setShowsPlaces(false);
 }
 
 }  // namespace mergeloom

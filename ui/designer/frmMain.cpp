@@ -233,6 +233,7 @@ void frmMain::connectStructure() {
 void frmMain::connectOffice() {
     HostPane& pane = area_->pane();
     connect(&pane, &HostPane::resized, &session_, &DesignerSession::resize);
+    connect(&pane, &HostPane::lookChanged, &session_.view(), &ViewUpdates::setLook);
     connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::showDropPlace);
     connect(&pane, &HostPane::dragLeft, &session_, &DesignerSession::hideDropPlace);
     connect(&pane, &HostPane::draggedOver, this, &frmMain::showNextStep);

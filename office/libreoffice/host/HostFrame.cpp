@@ -10,12 +10,15 @@
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XSystemChildFactory.hpp>
+#include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/frame/Frame.hpp>
+#include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XDispatchProviderInterception.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/SystemDependent.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/util/URLTransformer.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/view/DocumentZoomType.hpp>
 #include <com/sun/star/view/XViewSettingsSupplier.hpp>
 #include <cppuhelper/implbase1.hxx>
@@ -152,6 +155,25 @@ DocumentReference HostFrame::document() const try {
 DocumentKind HostFrame::kind() const {
     const Reference<css::sheet::XSpreadsheetView> cells(frame_->getController(), UNO_QUERY);
     return cells.is() ? DocumentKind::Excel : DocumentKind::Word;
+}
+
+/// The loader shows a document that is open already if it gets the document in place of an address. The
+/// document is open as long as one of its frames is.
+void HostFrame::takeDocument(const HostFrame& former) {
+    const Reference<css::frame::XController> view = former.frame_->getController();
+    const Reference<css::frame::XModel> model = view->getModel();
+    const css::uno::Any state = view->getViewData();
+    const bool showsMarks = former.showsBookmarks();
+    css::beans::PropertyValue document;
+    document.Name = "Model";
+    document.Value <<= model;
+    const Reference<css::frame::XComponentLoader> loader(frame_, UNO_QUERY_THROW);
+    loader->loadComponentFromURL("private:object", "_self", 0, {&document, 1});
+    Reference<css::util::XCloseable>(former.frame_, UNO_QUERY_THROW)->close(false);
+    model->setCurrentController(frame_->getController());
+    frame_->getController()->restoreViewData(state);
+    setShowsBookmarks(showsMarks);
+    beginLayout();
 }
 
 /// The command that ends the office is disabled exactly while a modal dialog is open. A new listener receives

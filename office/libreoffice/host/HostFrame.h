@@ -34,6 +34,10 @@ class HostFrame {
     [[nodiscard]] bool hasOpenDialog() const;
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
+    /// Takes the document from another frame, which is closed: with the steps of its undo list and the place
+    /// that the view shows, but without what is selected.
+    void takeDocument(const HostFrame& former);
+
     void resize(int width, int height);
     /// Returns true if the bars and the document are laid out since their last change.
     [[nodiscard]] bool isLaidOut() const { return isLaidOut_; }

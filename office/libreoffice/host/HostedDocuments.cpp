@@ -36,6 +36,15 @@ SaveFormat formatOf(const HostedDocument& hosted, int number) {
     return static_cast<word::WdSaveFormat>(number);
 }
 
+std::vector<HostedDocument> openDocuments(word::Application& word, excel::Application& excel) {
+    std::vector<HostedDocument> all;
+    for (int number = 1; number <= word.Documents()->Count(); ++number)
+        all.emplace_back(word.Documents()->Item(number));
+    for (int number = 1; number <= excel.Workbooks()->Count(); ++number)
+        all.emplace_back(excel.Workbooks()->Item(number));
+    return all;
+}
+
 void beginEditing(const HostedDocument& hosted) {
     if (const auto* const document = std::get_if<word::DocumentPtr>(&hosted))
         libreoffice::beginEditing(**document);

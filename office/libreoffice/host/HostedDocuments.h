@@ -2,8 +2,11 @@
 
 #include "office/libreoffice/session/LibreOfficeFiles.h"
 #include "office/model/DocumentHost.h"
+#include "office/model/excel/Application.h"
+#include "office/model/word/Application.h"
 
 #include <string>
+#include <vector>
 
 /// Questions about hosted documents that depend on their kind.
 namespace mergeloom::libreoffice {
@@ -19,6 +22,9 @@ DocumentReference componentOf(const HostedDocument& hosted);
 
 /// Returns the format of a number, which depends on the kind of the document.
 SaveFormat formatOf(const HostedDocument& hosted, int number);
+
+/// Returns the open documents of both applications.
+std::vector<HostedDocument> openDocuments(word::Application& word, excel::Application& excel);
 
 /// Begin and end changes by the model, during which the user cannot change the document. Do nothing without a
 /// document.

@@ -7,6 +7,7 @@
 #include "office/libreoffice/host/HostedDocuments.h"
 #include "office/libreoffice/host/WindowLook.h"
 #include "office/libreoffice/remote/WriterOffice.h"
+#include "office/libreoffice/session/LookSettings.h"
 #include "office/libreoffice/session/PendingEvents.h"
 #include "office/libreoffice/session/UnoText.h"
 #include "office/model/excel/Workbook.h"
@@ -122,7 +123,7 @@ HostedDocument LibreOfficeHost::ActiveDocument() {
     if (edited_.index() != 0) return edited_;
     const DocumentReference shown = call([this] { return frontDocument(); });
     if (!shown.is()) return {};
-    const std::vector<HostedDocument> all = documents();
+    const std::vector<HostedDocument> all = openDocuments(*word_, *excel_);
     const auto found =
         std::ranges::find(all, shown, [](const HostedDocument& document) { return componentOf(document); });
     return found == all.end() ? HostedDocument() : *found;
@@ -175,17 +176,8 @@ void LibreOfficeHost::keepCopy(const std::string& path) {
     session_->files().keepCopy(call([this] { return frontDocument(); }), path);
 }
 
-std::vector<HostedDocument> LibreOfficeHost::documents() {
-    std::vector<HostedDocument> all;
-    for (int number = 1; number <= word_->Documents()->Count(); ++number)
-        all.emplace_back(word_->Documents()->Item(number));
-    for (int number = 1; number <= excel_->Workbooks()->Count(); ++number)
-        all.emplace_back(excel_->Workbooks()->Item(number));
-    return all;
-}
-
 void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
-    for (const HostedDocument& document : documents())
+    for (const HostedDocument& document : openDocuments(*word_, *excel_))
         if (document != kept) close(document);
     if (kept.index() == 0) return;
     call([&] {
@@ -221,9 +213,8 @@ std::vector<std::string> LibreOfficeHost::placesAt(HostPoint point) {
 
 void LibreOfficeHost::showPlace(const std::string& name) {
     endInput();
-    call([&] {
-        if (const HostFrame* const frame = front())
-            HostPlaces(frame->document()).select(name, frame->uno()->getController());
+    withFront([&](const HostFrame& frame) {
+        HostPlaces(frame.document()).select(name, frame.uno()->getController());
     });
     focus();
 }
@@ -341,6 +332,25 @@ void LibreOfficeHost::resize(int width, int height) {
     });
 }
 
+/// The windows of the office keep the colors with which they were made, so the document gets new ones.
+bool LibreOfficeHost::setLook(const HostLook& look) {
+    if (look == window_.look) return true;
+    if (hasOpenDialog()) return false;
+    endInput();
+    const bool hadKeyboard = windows_.hasKeyboard(innerWindow());
+    window_.look = look;
+    call([&] {
+        changeLookSettings(session_->connection().context(), look);
+        handleEvents();
+    });
+    withFront([&](const HostFrame& former) {
+        (void)makeFrame();
+        frames_.back().takeDocument(former);
+    });
+    if (hadKeyboard) focus();
+    return true;
+}
+
 /// Waits for the window's focus first: an office that takes the focus earlier gives it away again.
 void LibreOfficeHost::focus() {
     const xcb_window_t inner = innerWindow();
@@ -362,9 +372,7 @@ bool LibreOfficeHost::showsBookmarks() {
 
 void LibreOfficeHost::setShowsBookmarks(bool shown) {
     marks_.setShown(shown);
-    call([&] {
-        if (const HostFrame* const frame = front()) frame->setShowsBookmarks(shown);
-    });
+    withFront([&](const HostFrame& frame) { frame.setShowsBookmarks(shown); });
     updateMarks();
 }
 
@@ -375,15 +383,11 @@ void LibreOfficeHost::updateMarks() {
 }
 
 void LibreOfficeHost::setZoom(int percent) {
-    call([&] {
-        if (HostFrame* const frame = front()) frame->setZoom(percent);
-    });
+    withFront([&](HostFrame& frame) { frame.setZoom(percent); });
 }
 
 void LibreOfficeHost::setCommandBarVisible(const std::string& name, bool visible) {
-    call([&] {
-        if (HostFrame* const frame = front()) frame->setBarVisible(name, visible);
-    });
+    withFront([&](HostFrame& frame) { frame.setBarVisible(name, visible); });
 }
 
 std::string LibreOfficeHost::build() {

@@ -58,6 +58,7 @@ class LibreOfficeHost final : public DocumentHost {
     void resize(int width, int height) override;
     void focus() override;
     bool showsBookmarks() override;
+    bool setLook(const HostLook& look) override;
     void setShowsBookmarks(bool shown) override;
     void updateMarks() override;
     void setZoom(int percent) override;
@@ -72,6 +73,13 @@ class LibreOfficeHost final : public DocumentHost {
         checkIsAlive();
         return session_->connection().call(body);
     }
+    /// Calls the body with the frame that the user sees; does nothing without a document.
+    template <typename Body>
+    void withFront(const Body& body) {
+        call([&] {
+            if (HostFrame* const frame = front()) body(*frame);
+        });
+    }
     /// Raises kNotAvailable when the office has ended; a closed frame shows only the end of its document.
     void checkIsAlive() const;
     [[nodiscard]] Reference<css::frame::XFrame> makeFrame();
@@ -79,7 +87,6 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] HostFrame* front();
     /// Returns the document of that frame; null without one.
     [[nodiscard]] DocumentReference frontDocument();
-    [[nodiscard]] std::vector<HostedDocument> documents();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     [[nodiscard]] xcb_window_t innerWindow() const;

@@ -97,6 +97,14 @@ xcb_window_t WindowSystem::topWindow(xcb_window_t window) const {
     return top;
 }
 
+bool WindowSystem::hasKeyboard(xcb_window_t window) const {
+    const auto reply = owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+    xcb_window_t focus = reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+    while (focus != XCB_WINDOW_NONE && focus != window)
+        focus = parentOf(focus);
+    return focus != XCB_WINDOW_NONE;
+}
+
 bool WindowSystem::isMouseOver(xcb_window_t window) const {
     const auto mouse = owned(xcb_query_pointer_reply(get(), xcb_query_pointer(get(), window), nullptr));
     const auto size = owned(xcb_get_geometry_reply(get(), xcb_get_geometry(get(), window), nullptr));

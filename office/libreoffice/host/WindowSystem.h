@@ -33,6 +33,8 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t topWindow(xcb_window_t window) const;
     /// Returns the window that contains the window; none for a top-level window.
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
+    /// Returns true if keys go to the window or to one inside it.
+    [[nodiscard]] bool hasKeyboard(xcb_window_t window) const;
     /// Returns true if the mouse is over the window.
     [[nodiscard]] bool isMouseOver(xcb_window_t window) const;
 

@@ -1,6 +1,7 @@
 #include "office/libreoffice/session/OfficeProfile.h"
 
 #include "base/Paths.h"
+#include "office/libreoffice/session/LookSettings.h"
 #include "office/libreoffice/session/ProcessGroup.h"
 
 #include <stdlib.h>
@@ -12,6 +13,7 @@
 #include <span>
 #include <string_view>
 #include <system_error>
+#include <variant>
 #include <vector>
 
 namespace mergeloom::libreoffice {
@@ -92,41 +94,26 @@ void disableCommands(std::ostream& file) {
     }
 }
 
-constexpr const char* kLookGroup = "Office.Common/Misc";
-constexpr const char* kIcons = "SymbolStyle";
-constexpr const char* kSchemes =
-    "/org.openoffice.Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme";
-constexpr const char* kSurroundings = "/AppBackground";
+/// Returns the value of a setting as the office's files contain it.
+std::string textOf(const LookSetting& setting) {
+    if (const auto* const text = std::get_if<std::string>(&setting.value)) return *text;
+    return std::to_string(std::get<std::int32_t>(setting.value));
+}
 
-/// A color of the office's own scheme, which has another name since LibreOffice 25.2. Each version ignores
-/// the other name.
-struct SchemeColor {
-    const char* scheme;
-    const char* name;
-};
-
-constexpr SchemeColor kSchemeColors[] = {
-    {"LibreOffice", "Color"},
-    {"COLOR_SCHEME_LIBREOFFICE_AUTOMATIC", "Light"},
-    {"COLOR_SCHEME_LIBREOFFICE_AUTOMATIC", "Dark"},
-};
-
-/// Writes the settings that follow the desktop's colors: the icons, and the color around a page.
 void writeLook(std::ostream& file, const HostLook& look) {
-    if (!look.colors) return;
-    const Setting icons[] = {{kLookGroup, kIcons, isDark(look) ? "colibre_dark" : "colibre"}};
-    write(file, icons);
-    for (const SchemeColor& color : kSchemeColors) {
-        file << R"(<item oor:path=")" << kSchemes << "['" << color.scheme << "']" << kSurroundings
-             << R"("><prop oor:name=")" << color.name << R"(" oor:op="fuse"><value>)"
-             << static_cast<std::uint32_t>(look.colors->window) << "</value></prop></item>\n";
+    for (const LookSetting& setting : lookSettings(look)) {
+        file << R"(<item oor:path=")" << setting.node << R"("><prop oor:name=")" << setting.name
+             << R"(" oor:op="fuse"><value>)" << textOf(setting) << "</value></prop></item>\n";
     }
 }
 
 bool isOfLook(std::string_view item) {
-    const bool isOfScheme = item.find(kSchemes) != std::string_view::npos;
-    return (isOfScheme && item.find(std::string(kSurroundings) + '"') != std::string_view::npos) ||
-           item.find(std::string("oor:name=\"") + kIcons + '"') != std::string_view::npos;
+    HostLook anyColors;
+    anyColors.colors.emplace();
+    return std::ranges::any_of(lookSettings(anyColors), [&](const LookSetting& setting) {
+        return item.find('"' + setting.node + '"') != std::string_view::npos &&
+               item.find("oor:name=\"" + setting.name + '"') != std::string_view::npos;
+    });
 }
 
 bool isSetBy(std::span<const Setting> settings, std::string_view item) {

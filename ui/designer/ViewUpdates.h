@@ -1,0 +1,43 @@
+#pragma once
+
+#include "office/model/HostLook.h"
+#include "ui/designer/HostedOffice.h"
+#include "ui/designer/OfficeWorker.h"
+
+#include <QObject>
+#include <QTimer>
+#include <functional>
+
+namespace mergeloom {
+
+/// Keeps up to date what the office shows besides its document: the marks of places, and the colors of the
+/// desktop. Belongs to the windows' thread and does not wait.
+class ViewUpdates final : public QObject {
+    Q_OBJECT
+
+  public:
+    /// The function returns true if the office runs, no command does, and the document is what it shows. The
+    /// arguments must outlive this object.
+    ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> isFree);
+
+    /// Puts the marks of places where the places are, as soon as the office is free.
+    void updateMarks();
+    /// Gives the office another look, as soon as it is free and shows no dialog.
+    void setLook(const HostLook& look);
+    /// Forgets what was to be done, since the office has ended.
+    void cancel();
+
+  private:
+    void updateMarksNow();
+    void setLookNow();
+
+    OfficeWorker& worker_;
+    HostedOffice& office_;
+    const std::function<bool()> isFree_;
+    QTimer marksTimer_;
+    bool isUpdatingMarks_ = false;
+    QTimer lookTimer_;
+    HostLook look_;
+};
+
+}  // namespace mergeloom
