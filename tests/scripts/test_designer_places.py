@@ -22,6 +22,9 @@ class PlacesTest(DesignerTest):
     def place(self, name):
         return middle(self.designer.element("list item", name))
 
+    def source(self, name):
+        return self.designer.element("list item", name).get_description()
+
     def is_marked(self, node):
         cells = find(self.designer.application, "table cell", node)
         return bool(cells) and "place in the document" in cells[0].get_description()
@@ -108,6 +111,22 @@ class InWord(PlacesTest):
         self.picture("values")
         self.assertTrue(self.picture_of("list item", "CustomerID") != self.picture_of("list item", "CustomerID_bv"))
         self.assertIn("Bound Value", designer.element("list item", "CustomerID_bv").get_description())
+
+    def test_the_source_of_a_place_is_told_if_it_is_certain(self):
+        designer = self.start()
+        self.drop("Customer")  # of the first object; its table and others have the field, too
+        self.wait_for_places("CustomerID")
+        self.assertEqual(self.source("CustomerID"), 'Form "Orders" › Customer › Value')
+        path = self.save_as("letter.docx")
+        self.assertEqual(self.source("CustomerID"), 'Form "Orders" › Customer › Value')
+        designer.end()
+        self.start("-template", path)
+        self.look_back()
+        self.wait_for_places("CustomerID")
+        self.assertEqual(self.source("CustomerID"), "")
+        self.drop("Printed on")  # no other object has that
+        self.wait_for_places("CustomerID", "PrintedOn")
+        self.assertEqual(self.source("CustomerID"), 'Form "Orders" › Customer › Value')
 
     def test_what_is_placed_is_marked_and_listed(self):
         designer = self.start()

@@ -10,20 +10,26 @@
 
 namespace mergeloom {
 
-/// The structure of one form with two fields.
-inline std::shared_ptr<LoadedStructure> letterStructure() {
+/// A structure document with its tree, without the names of places.
+inline std::shared_ptr<LoadedStructure> structureOf(const std::string& xml) {
     auto structure = std::make_shared<LoadedStructure>();
-    structure->document.loadXML(
-        "<Form Name=\"Letter\" CurrentView=\"1\" DefaultView=\"0\">"
-        "<Control Name=\"Customer\" Caption=\"&amp;Customer\" ControlType=\"Textbox\"/>"
-        "<Control Name=\"Order Date\" Caption=\"Order date:\" ControlType=\"Textbox\"/>"
-        "</Form>");
+    structure->document.loadXML(xml);
     RecordingErrors errors;
     CXML2TreeView display(structure->tree, structure->document, errors);
     display.DisplayXMLNode(0, structure->document.documentElement(), true);
     structure->xmlNodes = std::move(display.XMLNodes());
-    structure->objects = {structure->tree.First()};
+    for (const TreeNode* object = structure->tree.First(); object != nullptr; object = object->Next())
+        structure->objects.push_back(object);
     return structure;
+}
+
+/// The structure of one form with two fields.
+inline std::shared_ptr<LoadedStructure> letterStructure() {
+    return structureOf(
+        "<Form Name=\"Letter\" CurrentView=\"1\" DefaultView=\"0\">"
+        "<Control Name=\"Customer\" Caption=\"&amp;Customer\" ControlType=\"Textbox\"/>"
+        "<Control Name=\"Order Date\" Caption=\"Order date:\" ControlType=\"Textbox\"/>"
+        "</Form>");
 }
 
 /// A tree with its first field selected.

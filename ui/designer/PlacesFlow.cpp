@@ -9,25 +9,14 @@
 
 #include <QEvent>
 #include <QToolTip>
+#include <algorithm>
 #include <memory>
 #include <span>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace mergeloom {
-
-namespace {
-
-/// Returns a place with the node that it comes from.
-PlacesPane::Entry entryOf(LoadedStructure* structure, const QString& name) {
-    if (structure == nullptr) return {.name = name};
-    const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
-    if (nodes.empty()) return {.name = name};
-    const TreeNode& node = *structure->tree.Item(nodes.back());
-    return {.name = name, .source = sourceSentence(node), .iconKey = iconKeyOf(node)};
-}
-
-}  // namespace
 
 PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
     DesignerSession& session = parts_.session;
@@ -38,7 +27,7 @@ PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
     connect(&session, &DesignerSession::placesFound, this, &PlacesFlow::show);
     connect(&session, &DesignerSession::changesShown, &session, &DesignerSession::findPlaces);
     connect(&session, &DesignerSession::placesFoundAt, this, &PlacesFlow::showAtMouse);
-    connect(&session, &DesignerSession::captionChanged, this, &PlacesFlow::showMarksOfNewDocument);
+    connect(&session, &DesignerSession::captionChanged, this, &PlacesFlow::showNewDocument);
     connect(&parts_.document, &HostPane::rested, this, &PlacesFlow::findAtMouse);
     connect(&parts_.document, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
     // The places are searched again after the user's work in the document, when the mouse or the keyboard
@@ -52,13 +41,32 @@ bool PlacesFlow::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// Lists the places with the nodes that they come from, and marks these in the tree.
+/// Returns a place with the node that it comes from. One that may come from several has the picture that all
+/// of them have.
+PlacesPane::Entry PlacesFlow::entryOf(const QString& name) const {
+    const std::string place = name.toStdString();
+    if (const TreeNode* const node = origins_.nodeOf(place))
+        return {.name = name, .source = sourceSentence(*node), .iconKey = iconKeyOf(*node)};
+    const std::vector<const TreeNode*> nodes = origins_.candidates(place);
+    const auto hasOtherIcon = [&](const TreeNode* node) {
+        return iconKeyOf(*node) != iconKeyOf(*nodes.front());
+    };
+    if (nodes.empty() || std::ranges::any_of(nodes, hasOtherIcon)) return {.name = name};
+    return {.name = name, .iconKey = iconKeyOf(*nodes.front())};
+}
+
+/// Lists the places with the nodes that they come from, and marks all nodes of their names in the tree.
 void PlacesFlow::show(const QStringList& names) {
     const std::shared_ptr<LoadedStructure>& structure = parts_.tree.structure();
+    std::vector<std::string> places;
+    for (const QString& name : names)
+        places.push_back(name.toStdString());
+    origins_.setStructure(structure);
+    origins_.setPlaces(places);
     std::unordered_set<int> placed;
     QList<PlacesPane::Entry> entries;
     for (const QString& name : names) {
-        entries.append(entryOf(structure.get(), name));
+        entries.append(entryOf(name));
         if (!structure) continue;
         const std::span<const int> nodes = nodesOfPlace(structure->nodesByPlace, name.toStdString());
         placed.insert(nodes.begin(), nodes.end());
@@ -77,15 +85,22 @@ void PlacesFlow::showAtMouse(const QStringList& names) {
     if (!parts_.document.isResting() || names.isEmpty()) return;
     QStringList lines;
     for (const QString& name : names) {
-        const QString source = entryOf(parts_.tree.structure().get(), name).source;
+        const QString source = entryOf(name).source;
         lines += source.isEmpty() ? name : name + QStringLiteral(": ") + source;
     }
     QToolTip::showText(QCursor::pos(), lines.join(u'\n'), &parts_.document);
 }
 
 /// Hides the marks again, since the view of a new document shows them.
-void PlacesFlow::showMarksOfNewDocument() {
+void PlacesFlow::showNewDocument() {
+    origins_.noteNewDocument();
     parts_.actions.showsPlaces() ? parts_.session.view().updateMarks() : parts_.session.setShowsPlaces(false);
+}
+
+void PlacesFlow::noteDrop(const TreeNode& node) {
+    origins_.setStructure(parts_.tree.structure());
+    origins_.noteDrop(node);
+    parts_.session.findPlaces();
 }
 
 }  // namespace mergeloom

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "office/model/DocumentHost.h"
+#include "ui/designer/PlaceOrigins.h"
 #include "ui/designer/PlacesPane.h"
 
 #include <QObject>
@@ -31,6 +32,9 @@ class PlacesFlow final : public QObject {
 
     explicit PlacesFlow(const Parts& parts);
 
+    /// Notes that the node was dropped, and lists the places.
+    void noteDrop(const TreeNode& node);
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -38,9 +42,11 @@ class PlacesFlow final : public QObject {
     void show(const QStringList& names);
     void findAtMouse(HostPoint point);
     void showAtMouse(const QStringList& names);
-    void showMarksOfNewDocument();
+    void showNewDocument();
+    [[nodiscard]] PlacesPane::Entry entryOf(const QString& name) const;
 
     Parts parts_;
+    PlaceOrigins origins_;
 };
 
 }  // namespace mergeloom

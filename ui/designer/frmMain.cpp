@@ -364,7 +364,7 @@ void frmMain::endDrag() {
 void frmMain::reportDrop(bool isDropped) {
     const TreeNode* const node = tree_->selectedNode();
     const DropReport& report = session_.dropReport();
-    if (isDropped) session_.findPlaces();
+    if (isDropped && node != nullptr) placesFlow_.noteDrop(*node);
     status_->setText(isDropped && node != nullptr ? insertedSentence(*node, report.place)
                                                   : nothingInserted(node, structureState(), report.refusal));
 }
