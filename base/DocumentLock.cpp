@@ -1,6 +1,7 @@
 #include "base/DocumentLock.h"
 
 #include "base/FileLock.h"
+#include "base/LocalTime.h"
 #include "base/Paths.h"
 #include "base/SystemFiles.h"
 #include "base/SystemPath.h"
@@ -34,11 +35,10 @@ std::string lockFileOf(const std::string& document) {
 }
 
 std::string timeNow() {
-    const std::time_t now = std::time(nullptr);
-    const std::tm* const local = std::localtime(&now);
+    const std::optional<std::tm> local = localTime(std::time(nullptr));
     std::array<char, 32> text{};
-    if (local == nullptr) return {};
-    return {text.data(), std::strftime(text.data(), text.size(), "%d.%m.%Y %H:%M", local)};
+    if (!local) return {};
+    return {text.data(), std::strftime(text.data(), text.size(), "%d.%m.%Y %H:%M", &*local)};
 }
 
 Line ourLine() {

@@ -1,5 +1,6 @@
 #include "ui/services/KeptCopies.h"
 
+#include "base/LocalTime.h"
 #include "base/Paths.h"
 #include "base/SystemError.h"
 #include "ui/services/StateFolder.h"
@@ -13,6 +14,7 @@
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -31,10 +33,10 @@ std::time_t timeOf(const std::string& path) {
 }
 
 std::string shownTime(std::time_t time) {
-    std::tm local{};
+    const std::optional<std::tm> local = localTime(time);
     std::array<char, 32> text{};
-    ::localtime_r(&time, &local);
-    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local)};
+    if (!local) return {};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &*local)};
 }
 
 /// Returns false for the file of a copy that was begun and never written.

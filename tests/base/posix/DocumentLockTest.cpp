@@ -1,16 +1,20 @@
 #include "base/DocumentLock.h"
 #include "doubles/TemporaryFolder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <ctime>
 #include <filesystem>
 #include <string>
 
 namespace mergeloom {
 namespace {
+
+using testing::ContainsRegex;
 
 constexpr const char* kLockFile = ".~lock.letter.docx#";
 
@@ -92,6 +96,19 @@ TEST(DocumentLock, FollowsLinks) {
     const DocumentLock lock(folder / "link.docx");
     EXPECT_TRUE(std::filesystem::exists(folder / kLockFile));
     EXPECT_TRUE(lock.isOf(folder / "letter.docx"));
+}
+
+/// The C library's shared time belongs to whoever asked for it last, in any thread.
+TEST(DocumentLock, LeavesTheSharedTimeAlone) {
+    const std::time_t start = 0;
+    const std::tm* const shared = std::localtime(&start);
+    ASSERT_NE(shared, nullptr);
+    const int year = shared->tm_year;
+    const TemporaryFolder folder;
+    const DocumentLock lock(folder / "letter.docx");
+    EXPECT_EQ(shared->tm_year, year);
+    EXPECT_THAT(folder.bytesOf(kLockFile),
+                ContainsRegex(",[0-9][0-9]\\.[0-9][0-9]\\.20[0-9][0-9] [0-9][0-9]:"));
 }
 
 TEST(DocumentLock, AFolderThatCannotBeWrittenHasNone) {
