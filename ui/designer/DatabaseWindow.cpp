@@ -106,7 +106,7 @@ void DatabaseWindow::layOut() {
     recordsRow->addWidget(records_);
     recordsRow->addWidget(value_, 1);
     auto* const form = new QFormLayout;
-    auto* const sourceLabel = new QLabel(tr("Data&base:"), this);
+    auto* const sourceLabel = new QLabel(tr("Da&tabase:"), this);
     sourceLabel->setBuddy(source_);
     form->addRow(sourceLabel, sourceRow);
     form->addRow(passwordLabel_, password_);

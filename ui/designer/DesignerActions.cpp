@@ -39,7 +39,7 @@ void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
     QMenu& fields = *bar.addMenu(tr("&Fields"));
     addForDocument(fields, tr("Insert &Node"), QKeySequence(tr("Ctrl+Return")), &DesignerActions::insertNode);
     forDocument_.back()->setShortcuts({QKeySequence(tr("Ctrl+Return")), QKeySequence(tr("Ctrl+Enter"))});
-    showPlaces_ = fields.addAction(tr("Show &Places"));
+    showPlaces_ = fields.addAction(tr("&Show Places"));
     showPlaces_->setCheckable(true);
     showPlaces_->setChecked(true);
     connect(showPlaces_, &QAction::toggled, this, &DesignerActions::placesToggled);
@@ -50,14 +50,14 @@ void DesignerActions::addWorkMenus(QMenuBar& bar, FieldConversion conversion) {
 
 void DesignerActions::addPreviewMenu(QMenuBar& bar) {
     QMenu& records = *bar.addMenu(tr("&Records"));
-    preview_ = records.addAction(tr("&Preview"));
+    preview_ = records.addAction(tr("Pre&view"));
     preview_->setShortcut(QKeySequence(tr("F5")));
     preview_->setCheckable(true);
     connect(preview_, &QAction::triggered, this, &DesignerActions::preview);
     forDocument_.push_back(preview_);
     forPreview_ = {
         add(records, tr("&Next Record"), QKeySequence(tr("Alt+Right")), &DesignerActions::nextRecord),
-        add(records, tr("Previous &Record"), QKeySequence(tr("Alt+Left")), &DesignerActions::previousRecord)};
+        add(records, tr("Pr&evious Record"), QKeySequence(tr("Alt+Left")), &DesignerActions::previousRecord)};
 }
 
 void DesignerActions::addProgramMenu(QMenuBar& bar) {

@@ -153,7 +153,7 @@ QWidget* TreePane::makeLoadingBar() {
     auto* const busy = new QProgressBar(bar);
     busy->setRange(0, 0);
     busy->setAccessibleName(tr("Loading"));
-    auto* const cancel = new QPushButton(tr("&Cancel"), bar);
+    auto* const cancel = new QPushButton(tr("Ca&ncel"), bar);
     connect(cancel, &QPushButton::clicked, this, &TreePane::cancelRequested);
     auto* const row = new QHBoxLayout(bar);
     row->setContentsMargins({});
