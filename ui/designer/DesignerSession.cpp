@@ -262,12 +262,6 @@ void DesignerSession::findPlaces() {
     (void)askForPlaces(ask, isFindingPlaces_, &DesignerSession::placesFound);
 }
 
-void DesignerSession::setShowsPlaces(bool shown) {
-    post([this, shown] {
-        if (office_.isRunning()) office_.host().setShowsBookmarks(shown);
-    });
-}
-
 bool DesignerSession::findPlacesAt(HostPoint point) {
     const auto ask = [point](DocumentHost& host) { return host.placesAt(point); };
     return askForPlaces(ask, isFindingPlacesAt_, &DesignerSession::placesFoundAt);

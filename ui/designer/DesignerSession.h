@@ -84,8 +84,6 @@ class DesignerSession final : public QObject, private LifecycleView {
     bool insertAtCaret();
     /// Returns what became of the last drop.
     [[nodiscard]] const DropReport& dropReport() const { return dropFlow_.report(); }
-    /// Shows or hides the marks of places.
-    void setShowsPlaces(bool shown);
     /// Starts the search for the places at a point and returns at once. Emits placesFoundAt at its end.
     /// Returns false, and does nothing, while the office is busy.
     bool findPlacesAt(HostPoint point);

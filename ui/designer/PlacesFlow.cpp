@@ -23,7 +23,7 @@ PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
     connect(&parts_.list, &PlacesPane::goToRequested, &session, &DesignerSession::goToPlace);
     connect(&parts_.list, &PlacesPane::renameRequested, &session, &DesignerSession::renamePlace);
     connect(&parts_.list, &PlacesPane::removeRequested, &session, &DesignerSession::removePlace);
-    connect(&parts_.actions, &DesignerActions::placesToggled, &session, &DesignerSession::setShowsPlaces);
+    connect(&parts_.actions, &DesignerActions::placesToggled, &session.view(), &ViewUpdates::setShowsPlaces);
     connect(&session, &DesignerSession::placesFound, this, &PlacesFlow::show);
     connect(&session, &DesignerSession::changesShown, &session, &DesignerSession::findPlaces);
     connect(&session, &DesignerSession::placesFoundAt, this, &PlacesFlow::showAtMouse);
@@ -94,7 +94,8 @@ void PlacesFlow::showAtMouse(const QStringList& names) {
 /// Hides the marks again, since the view of a new document shows them.
 void PlacesFlow::showNewDocument() {
     origins_.noteNewDocument();
-    parts_.actions.showsPlaces() ? parts_.session.view().updateMarks() : parts_.session.setShowsPlaces(false);
+    ViewUpdates& view = parts_.session.view();
+    parts_.actions.showsPlaces() ? view.updateMarks() : view.setShowsPlaces(false);
 }
 
 void PlacesFlow::noteDrop(const TreeNode& node) {

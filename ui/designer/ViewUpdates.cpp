@@ -38,6 +38,14 @@ ViewUpdates::ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::functi
     connect(&lookTimer_, &QTimer::timeout, this, &ViewUpdates::setLookNow);
 }
 
+void ViewUpdates::setShowsPlaces(bool shown) {
+    worker_.post(
+        [this, shown] {
+            if (office_.isRunning()) office_.host().setShowsBookmarks(shown);
+        },
+        [](const std::exception_ptr& /*error*/) {});
+}
+
 void ViewUpdates::updateMarks() {
     if (!marksTimer_.isActive()) marksTimer_.start();
 }

@@ -20,6 +20,8 @@ class ViewUpdates final : public QObject {
     /// arguments must outlive this object.
     ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> isFree);
 
+    /// Shows or hides the marks of places.
+    void setShowsPlaces(bool shown);
     /// Puts the marks of places where the places are, as soon as the office is free.
     void updateMarks();
     /// Gives the office another look, as soon as it is free and shows no dialog.
