@@ -200,10 +200,7 @@ void AutomationSession::raise(long result, const std::string& called) {
                                                  "it, or end " +
                                                  officeName_ + ", and try again.");
     }
-    if (isGone(result)) {
-        alive_ = false;
-        throw AutomationError(kNotAvailable, officeName_ + " has ended while it was used.");
-    }
+    if (isGone(result)) throw AutomationError(kNotAvailable, officeName_ + " has ended while it was used.");
     throw AutomationError(
         numberOf(static_cast<HRESULT>(result)),
         officeName_ + " refused '" + called + "': " + meaningOf(static_cast<HRESULT>(result)) + ".");

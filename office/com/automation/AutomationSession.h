@@ -62,8 +62,6 @@ class AutomationSession {
     std::vector<DispatchPtr> enumerate(IDispatch& collection, const char* className);
 
     [[nodiscard]] const std::string& officeName() const { return officeName_; }
-    /// Returns false once a call found that the office has ended.
-    [[nodiscard]] bool isAlive() const { return alive_; }
 
   private:
     using Ids = std::vector<long>;
@@ -83,7 +81,6 @@ class AutomationSession {
     Patience patience_;
     CallTracePtr trace_;
     std::map<std::string, Ids> ids_;  ///< by the class, the member and the names of arguments
-    bool alive_ = true;
 };
 
 using SessionPtr = std::shared_ptr<AutomationSession>;

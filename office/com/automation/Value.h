@@ -37,7 +37,6 @@ class Value {
     [[nodiscard]] bool isEmpty() const { return std::holds_alternative<std::monostate>(content_); }
     [[nodiscard]] bool isMixed() const { return std::holds_alternative<Mixed>(content_); }
     [[nodiscard]] bool isText() const { return std::holds_alternative<std::string>(content_); }
-    [[nodiscard]] bool isObject() const { return std::holds_alternative<DispatchPtr>(content_); }
 
     /// Return the value as a value of that type. Numbers and truth values become one another as in Visual
     /// Basic, whose True is -1. Raise kTypeMismatch for any other type.

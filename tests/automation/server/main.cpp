@@ -57,7 +57,6 @@ Members controls(const std::shared_ptr<OfficeFiles>& files) {
                    faults().plan(FaultKind{given[0].integer()}, given[1].integer(), given[2].integer());
                    return {};
                }),
-        property("TestProcess", [] { return static_cast<int>(::GetCurrentProcessId()); }),
     };
 }
 
