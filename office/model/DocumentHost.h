@@ -20,6 +20,8 @@ struct HostWindow {
     int width = 0;
     int height = 0;
     HostLook look;
+    /// The window that gets the keyboard with a click beside the document.
+    std::uint64_t keyboardId = 0;
 };
 
 /// A place in the host's window, in pixels from its upper left corner.

@@ -100,14 +100,19 @@ def dragging(start, end):
     button is released."""
     xdotool("mousemove", *start)
     xdotool("mousedown", 1)
+    move_in_steps(start, end)
+    yield
+    xdotool("mouseup", 1)
+
+
+def move_in_steps(start, end):
+    """Moves the mouse with its button held, and lets it rest at the end."""
     steps = 8
     for step in range(1, steps + 1):
         place = [a + (b - a) * step // steps for a, b in zip(start, end)]
         xdotool("mousemove", *place)
         time.sleep(0.04)
     time.sleep(0.15)
-    yield
-    xdotool("mouseup", 1)
 
 
 def active_window():
@@ -116,14 +121,23 @@ def active_window():
     return answer.stdout.strip()
 
 
+def number_of(*question):
+    """The number of the window that xdotool names; 0 while there is none."""
+    answer = subprocess.run(["xdotool", *question], capture_output=True, text=True).stdout.strip()
+    return int(answer or 0)
+
+
+def window_with_focus():
+    return number_of("getwindowfocus", "-f")
+
+
 def document_has_keyboard():
     """Returns true if the keys go to a window inside the active one that another process has made.
 
     The number of a window begins with that of the connection that made it."""
-    def maker(question):
-        answer = subprocess.run(["xdotool", *question], capture_output=True, text=True).stdout.strip()
-        return int(answer or 0) & ~0x1FFFFF
-    return maker(["getwindowfocus", "-f"]) != maker(["getactivewindow"])
+    def maker(window):
+        return window & ~0x1FFFFF
+    return maker(window_with_focus()) != maker(number_of("getactivewindow"))
 
 
 def has_focus(element):
@@ -234,9 +248,12 @@ class Designer:
         return wait_for("the window", lambda: next(iter(find(self.application, "frame")), None))
 
     def wait_until_active(self):
-        """Waits until keys go to the main window, which a dialog before it had."""
+        """Waits until keys go to the main window, which a dialog before it had. The window passes the focus on to the
+        one that holds it, inside it."""
         def is_active():
-            return self.process.poll() is not None or active_window() == self.full_title()
+            if self.process.poll() is not None:
+                return True
+            return active_window() == self.full_title() and window_with_focus() != number_of("getactivewindow")
         wait_for("the keyboard", is_active)
 
     def full_title(self):

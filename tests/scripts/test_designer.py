@@ -19,8 +19,8 @@ import read_xlsx
 from designer_test import DESIGNER, PROGRAM, ROOT, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
     BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, active_window, click, document_has_keyboard,
-    double_click, drag, dragging, find, has_focus, key, middle, pixels, places_of, point_at, resize_active_window, size_of,
-    type_text, wait_for, xdotool,
+    double_click, drag, dragging, find, has_focus, key, middle, move_in_steps, pixels, places_of, point_at,
+    resize_active_window, size_of, type_text, wait_for, window_with_focus, xdotool,
 )
 
 # Of the line that shows where a node would land.
@@ -195,6 +195,21 @@ class InWord(DesignerTest):
         key("ctrl+Return")
         self.wait_for_insertion("Order date")
         self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID", "OrderDate"])
+
+    def test_a_drag_counts_though_the_office_took_the_keyboard(self):
+        """The office may be so slow that it takes the keyboard after the click that begins the drag."""
+        designer = self.start()
+        self.enter_document()
+        document = window_with_focus()
+        start, end = designer.node("Customer"), designer.document()
+        click(start)
+        wait_for("the keyboard in the tree", lambda: window_with_focus() != document)
+        xdotool("mousedown", 1)
+        xdotool("windowfocus", document)
+        wait_for("the keyboard in the document", document_has_keyboard)
+        move_in_steps(start, end)
+        xdotool("mouseup", 1)
+        self.wait_for_insertion("Customer")
 
     def test_keys_that_come_during_a_command_follow_it(self):
         designer = self.start()

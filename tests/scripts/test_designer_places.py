@@ -32,6 +32,7 @@ class PlacesTest(DesignerTest):
     def rename(self, place, name):
         """The mouse is over the document, which must not get the keys."""
         click(self.place(place))
+        self.designer.wait_until_active()
         point_at(self.designer.document())
         key("F2")
         type_text(name)

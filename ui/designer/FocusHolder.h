@@ -20,6 +20,8 @@ class FocusHolder final : public QAbstractNativeEventFilter {
     FocusHolder& operator=(const FocusHolder&) = delete;
     ~FocusHolder() override;
 
+    /// Returns the window that holds the focus; 0 for window systems other than X11.
+    [[nodiscard]] std::uint32_t id() const { return holder_; }
     /// Takes the keyboard from a window inside the held one.
     void takeKeyboard() const;
 

@@ -240,8 +240,7 @@ void frmMain::connectOffice() {
     connect(&pane, &HostPane::focused, &session_, &DesignerSession::focusDocument);
     OfficePanel& panel = area_->panel();
     connect(&panel, &OfficePanel::cancelRequested, &session_, &DesignerSession::cancelStart);
-    connect(&panel, &OfficePanel::startRequested, this,
-            [this] { session_.start(area_->pane().hostWindow()); });
+    connect(&panel, &OfficePanel::startRequested, this, &frmMain::startOffice);
     connect(&session_, &DesignerSession::stateChanged, this, &frmMain::showState);
     connect(&session_, &DesignerSession::captionChanged, this, [this](const QString& caption) {
         caption_ = caption;
@@ -319,12 +318,18 @@ void frmMain::start() {
     focusHolder_.emplace(static_cast<std::uint32_t>(winId()),
                          static_cast<std::uint32_t>(area_->pane().winId()),
                          [this] { parts_->leaveFor(area_->pane()); });
-    session_.start(area_->pane().hostWindow());
+    startOffice();
     const std::string templatePath = fileOfSwitch(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
     session_.setFolders(templates_.folder(), structureLoad_.templatesFolder());
     const std::string xmlFile = fileOfSwitch(kXmlFileSwitch);
     if (!xmlFile.empty()) databases_.openFile(xmlFile);
+}
+
+void frmMain::startOffice() {
+    HostWindow window = area_->pane().hostWindow();
+    window.keyboardId = focusHolder_->id();
+    session_.start(window);
 }
 
 void frmMain::showState() {

@@ -39,7 +39,9 @@ class PaneDropTree final : public DropTree {
   public:
     explicit PaneDropTree(TreePane& pane) : pane_(pane) {}
 
-    bool hasLostFocus() override { return gTreeLostFocus; }
+    /// A busy office may have taken the keyboard between the click and the drag, and then the tree has none
+    /// to lose.
+    bool hasLostFocus() override { return gTreeLostFocus || !pane_.tvXML().hasFocus(); }
     const TreeNode* selectedNode() override { return pane_.selectedNode(); }
     std::shared_ptr<LoadedStructure> structure() override { return pane_.structure(); }
     void unhook() override { UnhookTreeView(pane_.tvXML()); }
@@ -76,6 +78,7 @@ class frmMain final : public QMainWindow {
     void takeKeyboardFromDocument();
     void answerKey(HostKey key);
     void openDocumentHelp();
+    void startOffice();
     void showState();
     void endDrag();
     void reportDrop(bool isDropped);

@@ -39,8 +39,12 @@ constexpr std::uint16_t kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MO
 
 }  // namespace
 
-FocusForwarder::FocusForwarder(xcb_window_t host, HostListener& listener)
-    : host_(host), top_(windows_.topWindow(host)), dialogs_(windows_, host_, top_), listener_(listener) {
+FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
+    : host_(static_cast<xcb_window_t>(host.id)),
+      top_(windows_.topWindow(host_)),
+      keyboard_(static_cast<xcb_window_t>(host.keyboardId)),
+      dialogs_(windows_, host_, top_),
+      listener_(listener) {
     grabClicks(host_);
     if (top_ != host_) grabClicks(top_);
     findKeys();
@@ -111,13 +115,14 @@ void FocusForwarder::report(const xcb_key_press_event_t& key) {
 }
 
 /// The click counts more than what gave the keyboard to another window in the meantime, which the server
-/// would prefer to the time of the click.
+/// would prefer to the time of the click. The window around the document never has the keyboard itself: keys
+/// would go to the document as soon as the mouse is over it.
 void FocusForwarder::follow(const xcb_button_press_event_t& click) {
     if (click.event == host_) {
         const xcb_window_t inner = windows_.innerWindow(host_);
         if (isEnabled_ && inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     } else if (!windows_.isMouseOver(host_)) {
-        windows_.giveKeyboardTo(top_, click.time);
+        windows_.giveKeyboardTo(keyboard_, click.time);
     }
     xcb_allow_events(windows_.get(), XCB_ALLOW_REPLAY_POINTER, click.time);
     xcb_flush(windows_.get());

@@ -18,7 +18,7 @@ namespace mergeloom::libreoffice {
 class FocusForwarder {
   public:
     /// Raises kNotAvailable when there is no X server.
-    FocusForwarder(xcb_window_t host, HostListener& listener);
+    FocusForwarder(const HostWindow& host, HostListener& listener);
     FocusForwarder(const FocusForwarder&) = delete;
     FocusForwarder& operator=(const FocusForwarder&) = delete;
     ~FocusForwarder() = default;
@@ -48,6 +48,7 @@ class FocusForwarder {
     WindowSystem windows_;
     const xcb_window_t host_;
     const xcb_window_t top_;
+    const xcb_window_t keyboard_;  ///< has the keyboard while the office does not
     const DialogOwner dialogs_;
     HostListener& listener_;
     std::vector<Key> keys_;  ///< those of the window

@@ -47,7 +47,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
     session_->connection().call([this] { makeFirstBars(session_->connection().context()); });
     session_->files().showIn([this] { return makeFrame(); });
-    focus_.emplace(static_cast<xcb_window_t>(window.id), listener_);
+    focus_.emplace(window, listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {
         if (session_->process().isRunning()) return true;
         listener_.officeEnded();

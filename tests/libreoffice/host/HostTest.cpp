@@ -39,9 +39,8 @@ HostTest::Stage& HostTest::stage() {
 }
 
 void HostTest::startOffice() {
-    const HostWindow pane{window().pane(), TestWindow::kPaneWidth, TestWindow::kPaneHeight, {}};
-    stage().host = std::make_unique<libreoffice::LibreOfficeHost>(stage().files, pane, DocumentKind::Word,
-                                                                  stage().listener);
+    stage().host = std::make_unique<libreoffice::LibreOfficeHost>(stage().files, window().host(),
+                                                                  DocumentKind::Word, stage().listener);
 }
 
 void HostTest::endOffice() {

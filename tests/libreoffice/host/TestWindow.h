@@ -1,5 +1,7 @@
 #pragma once
 
+#include "office/model/DocumentHost.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdlib>
@@ -31,7 +33,9 @@ class TestWindow {
     TestWindow& operator=(const TestWindow&) = delete;
     ~TestWindow() { xcb_disconnect(connection_); }
 
-    [[nodiscard]] xcb_window_t pane() const { return pane_; }
+    [[nodiscard]] HostWindow host() const {
+        return {.id = pane_, .width = kPaneWidth, .height = kPaneHeight, .look = {}, .keyboardId = top_};
+    }
     void resizePane(std::uint32_t width, std::uint32_t height) const { resize(pane_, width, height); }
     /// The width of the office's window inside the pane: of the one in front, in its EmbedWindow.
     [[nodiscard]] int widthInside() const {
