@@ -143,7 +143,7 @@ class DocumentHost {
     virtual bool showsBookmarks() = 0;
     /// Marks bookmarks and the cells with names, or no places.
     virtual void setShowsBookmarks(bool shown) = 0;
-    /// Puts the marks of places where the places are now; does nothing where the office draws them itself.
+    /// Moves the marks of places to the present places; does nothing if the office draws them itself.
     virtual void updateMarks() = 0;
     /// Gives the office the colors and the font of the desktop, which have changed. The sizes follow with the
     /// next start. Returns false, and changes nothing, while a dialog is open that the user has to close.

@@ -36,9 +36,9 @@ Member property(std::string name, std::function<Value()> get,
                 std::function<void(const Value&)> put = nullptr);
 Member method(std::string name, std::string parameters, std::function<Value(const Given&)> call);
 
-/// Returns an object whose members are called by their names, as an office's are: it knows no other names,
-/// refuses a wrong number of arguments, and raises AutomationErrors with an EXCEPINFO. The model's object, if
-/// any, is what modelOf returns for it. An object with items has an enumerator.
+/// Returns an object whose members are called by their names, as an office's are: it refuses other names and
+/// a wrong number of arguments, and raises AutomationErrors with an EXCEPINFO. modelOf returns the model's
+/// object for it, if any. An object with items has an enumerator.
 DispatchPtr makeObject(Members members, std::shared_ptr<model::Object> object = nullptr,
                        Items items = nullptr);
 

@@ -14,8 +14,8 @@ DispatchPtr excelSheets(const excel::WorksheetsPtr& sheets);
 /// Returns the selection of an application, on which Excel has the members of a range.
 DispatchPtr excelSelection(const excel::ApplicationPtr& office);
 
-/// Returns what Excel makes of a text that is written into a cell. Raises an error for one without an
-/// apostrophe: the double does not guess the numbers and dates that Excel would take it for.
+/// Returns the text of a cell after a value was written into it. Raises an error for a text without an
+/// apostrophe, since the double does not recognise numbers and dates as Excel does.
 std::string writtenText(const Value& value);
 
 }  // namespace mergeloom::automation

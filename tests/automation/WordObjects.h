@@ -3,7 +3,7 @@
 #include "automation/DoubleObject.h"
 #include "office/model/word/Forward.h"
 
-/// The objects of a document under Word's own names. Each knows its document.
+/// The objects of a document under Word's own names. Each has a reference to its document.
 namespace mergeloom::automation {
 
 DispatchPtr wordBookmarks(const word::BookmarksPtr& bookmarks, const word::DocumentPtr& document);

@@ -11,9 +11,9 @@ namespace mergeloom {
 
 struct LoadedStructure;
 
-/// Knows from which node of the tree each place of the document comes. Names alone do not tell that where
-/// several nodes become places of one name, such as the same field of a form and of its table. Then it is
-/// known from the drop, or since one object alone has all places of the document.
+/// The nodes of the tree from which the places of the document were made. A name alone is not enough if
+/// several nodes become places of that name, such as the same field of a form and of its table. Then the drop
+/// decides, or the only object that has all places of the document.
 class PlaceOrigins {
   public:
     /// Forgets the drops from the former structure document; null for none.

@@ -22,7 +22,7 @@ class ViewUpdates final : public QObject {
 
     /// Shows or hides the marks of places.
     void setShowsPlaces(bool shown);
-    /// Puts the marks of places where the places are, as soon as the office is free.
+    /// Moves the marks of places to the present places as soon as the office is free.
     void updateMarks();
     /// Gives the office another look, as soon as it is free and shows no dialog.
     void setLook(const HostLook& look);

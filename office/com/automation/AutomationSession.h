@@ -35,9 +35,9 @@ struct Patience {
     int pauseMilliseconds = 100;
 };
 
-/// The calls to one office of another program: how it is started, what each member's id is, what its errors
-/// mean. It is used by the thread that made it. References to the office's objects have to be released before
-/// it; each AutomationObject keeps it alive.
+/// The calls to one office of another program: its start, the ids of its members, the meaning of its errors.
+/// Used by the thread that made it. References to the office's objects have to be released before it; each
+/// AutomationObject keeps it alive.
 class AutomationSession {
   public:
     /// Takes the office's name for sentences, such as "Word". The trace may be null.

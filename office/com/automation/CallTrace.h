@@ -7,7 +7,7 @@
 
 namespace mergeloom::com {
 
-/// Receives a line for each call that goes to an office.
+/// Receives a line for each call to an office.
 class CallTrace {
   public:
     CallTrace() = default;

@@ -17,9 +17,9 @@ bool isBusy(HRESULT result);
 bool isGone(HRESULT result);
 /// Returns the number of the error that an office raised.
 ErrorNumber numberOf(const EXCEPINFO& error);
-/// Returns the number under which Visual Basic raises a result; the result itself where it has none.
+/// Returns the number under which Visual Basic raises a result, or the result itself if there is none.
 ErrorNumber numberOf(HRESULT result);
-/// Returns what a result means, as the end of a sentence.
+/// Returns the meaning of a result as the end of a sentence.
 std::string meaningOf(HRESULT result);
 
 /// The text of an EXCEPINFO, whose texts are freed with it.
@@ -33,7 +33,7 @@ class RaisedError {
     [[nodiscard]] EXCEPINFO* get() { return &error_; }
     /// Returns the error's own result.
     [[nodiscard]] HRESULT result() const;
-    /// Fills in what the office left to be filled in later, and returns the error to be raised. The first
+    /// Lets the office complete the record (pfnDeferredFillIn) and returns the error to be raised. The given
     /// text is used for an error without a description.
     [[nodiscard]] AutomationError error(const std::string& called);
 

@@ -8,9 +8,9 @@
 
 namespace mergeloom::com {
 
-/// Call an office with a file. What it refuses becomes kFileCouldNotBeRead (a wrong password
-/// model::PasswordRequired) or kFileCouldNotBeSaved, with a sentence that names the file. Errors of an office
-/// that is busy, has ended or lacks a member pass through.
+/// Make a call that reads or saves a file. A refusal is raised as kFileCouldNotBeRead (for a wrong password
+/// as model::PasswordRequired) or kFileCouldNotBeSaved, with a sentence that names the file. Errors of an
+/// office that is busy, has ended or lacks a member are passed on.
 void readingFile(const AutomationSession& session, const std::string& path,
                  const std::function<void()>& call);
 void savingFile(const AutomationSession& session, const std::string& path, const std::function<void()>& call);
@@ -19,7 +19,7 @@ void savingFile(const AutomationSession& session, const std::string& path, const
 /// file yet, or one that must not be changed.
 void checkSavable(const AutomationObject& document);
 
-/// Calls an office at its end, where nothing else can be done about an error: it has ended before or takes no
+/// Makes a call at the end of an office and ignores its errors: the office has ended before or takes no
 /// calls.
 template <typename Call>
 void ignoringErrors(const Call& call) {

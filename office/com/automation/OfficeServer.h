@@ -6,7 +6,7 @@
 
 namespace mergeloom::com {
 
-/// Says which program plays an office, and how patiently it is called.
+/// The program that is used as an office, and the patience of the calls to it.
 struct OfficeServer {
     std::string programIdentifier{};  ///< of a class that is registered, such as "Word.Application"
     Patience patience{};

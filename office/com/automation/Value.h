@@ -49,7 +49,7 @@ class Value {
     /// Returns null for no object (Nothing).
     [[nodiscard]] DispatchPtr object() const;
 
-    /// Calls a visitor with what the value holds.
+    /// Calls a visitor with the content of the value.
     template <typename Visitor>
     decltype(auto) visit(Visitor&& visitor) const {
         return std::visit(std::forward<Visitor>(visitor), content_);

@@ -9,8 +9,8 @@
 
 namespace mergeloom::com {
 
-/// What the objects of one running Word share: its application, and which of Word's ranges is behind a range
-/// of the model.
+/// The state that the objects of one running Word share: its application, and Word's range for each range of
+/// the model.
 class ComWordModel {
   public:
     explicit ComWordModel(AutomationObject application) : application_(std::move(application)) {}

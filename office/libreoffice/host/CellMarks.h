@@ -8,9 +8,9 @@
 
 namespace mergeloom::libreoffice {
 
-/// The frames around the cells of a workbook that have names. Calc itself has no marks for names, and what is
-/// changed in the document to show them would be saved, or undone by the user. The members must not be called
-/// within a call of the connection.
+/// The frames around the cells of a workbook that have names. Calc itself has no marks for names, and a
+/// change of the document that shows them would be saved, or undone by the user. The members must not be
+/// called within a call of the connection.
 class CellMarks {
   public:
     /// The sink is called by another thread when the office painted something after an update, so that the
@@ -20,7 +20,8 @@ class CellMarks {
               std::function<void()> painted);
 
     void setShown(bool shown) { isShown_ = shown; }
-    /// Shows the marks where the cells are now, in the office's window; none for no document and for texts.
+    /// Moves the marks to the present places of the cells in the office's window; shows none for no document
+    /// and for texts.
     void update(xcb_window_t office, const DocumentReference& document);
 
   private:

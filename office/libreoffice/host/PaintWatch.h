@@ -20,8 +20,8 @@ class PaintWatch {
     PaintWatch& operator=(const PaintWatch&) = delete;
     ~PaintWatch() = default;
 
-    /// Watches the window, in place of the former one, for what is painted from now on. Returns false if the
-    /// server cannot do that.
+    /// Reports from now on each time that the window is painted, and no longer the former one. Returns false
+    /// if the server cannot do that.
     bool watch(xcb_window_t window);
 
   private:
