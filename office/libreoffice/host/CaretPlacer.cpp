@@ -15,7 +15,16 @@ ParagraphReference paragraphOf(const AccessibleSpot& spot) {
     return {spot.object, UNO_QUERY_THROW};
 }
 
+constexpr int kMaxClicks = 3;
+
 }  // namespace
+
+void clickUntilMoved(const NearestCaret& before, const std::function<NearestCaret()>& click) {
+    for (int clicks = 0; clicks < kMaxClicks; ++clicks) {
+        const NearestCaret after = click();
+        if (after.present != before.present || after.present == after.nearest) return;
+    }
+}
 
 void CaretPlacer::forget() {
     document_ = {};
@@ -78,6 +87,13 @@ bool CaretPlacer::place(const CaretTarget& target) {
     if (target.placement == CaretPlacement::InCells) target.spot.area->grabFocus();
     if (target.placement != CaretPlacement::InText) return true;
     return paragraphOf(target.spot)->setCaretPosition(target.character);
+}
+
+NearestCaret CaretPlacer::nearestCaret(const CaretTarget& target) {
+    AccessibleSpot spot = target.spot;
+    if (!goToNearestParagraph(spot)) return {};
+    const ParagraphReference paragraph = paragraphOf(spot);
+    return {paragraph->getCaretPosition(), characterNear(paragraph, spot.point)};
 }
 
 css::awt::Rectangle CaretPlacer::caretAt(const CaretTarget& target) {

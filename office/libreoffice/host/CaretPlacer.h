@@ -6,6 +6,7 @@
 
 #include <com/sun/star/awt/Rectangle.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
+#include <functional>
 
 namespace mergeloom::libreoffice {
 
@@ -26,6 +27,18 @@ struct CaretTarget {
     sal_Int32 character = 0;  ///< the one at the point, in a text
 };
 
+/// The caret of the paragraph that is nearest to a point. Both are the index of the character after it.
+struct NearestCaret {
+    sal_Int32 present = -1;  ///< -1 while it is in another paragraph
+    sal_Int32 nearest = -1;  ///< the one that would be nearest to the point; -1 without a paragraph
+};
+
+/// Clicks in a blank part of a page. The click returns the caret after it. A busy office may not have
+/// received it yet when it is asked to handle its events. So it is repeated if the caret neither moved nor is
+/// the nearest one, but not for ever: in some parts, such as the margins, the office leaves the caret at its
+/// place.
+void clickUntilMoved(const NearestCaret& before, const std::function<NearestCaret()>& click);
+
 /// Finds the place for a caret or the cell cursor at a point of a window, and puts it there, by the objects
 /// that the office offers to assistive technology. A click would do more: open what is under it, or begin a
 /// selection. All members are to be called within a call of the connection.
@@ -40,6 +53,9 @@ class CaretPlacer {
     /// Returns the caret that a click at the target would make, in the window's coordinates; an empty
     /// rectangle when there is no text.
     static css::awt::Rectangle caretAt(const CaretTarget& target);
+
+    /// Returns the caret of the text that is nearest to the target.
+    static NearestCaret nearestCaret(const CaretTarget& target);
 
     /// Returns the area of the window in which the document was found last; empty before.
     [[nodiscard]] const css::awt::Rectangle& documentArea() const { return documentArea_; }

@@ -17,8 +17,6 @@
 #include <chrono>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
-#include <iterator>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -255,10 +253,6 @@ void LibreOfficeHost::endEditing() {
     setEnabled(edited, true);
 }
 
-xcb_window_t LibreOfficeHost::innerWindow() const {
-    return windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
-}
-
 /// Does not move the caret, which would lose the selection.
 void LibreOfficeHost::showDropPlace(HostPoint point) {
     const PollingThread interruption = interruptedIdleTasks();
@@ -295,13 +289,19 @@ bool LibreOfficeHost::placeCaret(HostPoint point) {
         const bool isPlaced = target.placement != CaretPlacement::InText || CaretPlacer::place(target);
         return isPlaced ? target.placement : CaretPlacement::Blank;
     });
-    if (placement == CaretPlacement::Blank) click(point);
+    if (placement == CaretPlacement::Blank) clickBlank(point);
     return placement != CaretPlacement::Nowhere && placement != CaretPlacement::OnSheetTab;
 }
 
-void LibreOfficeHost::click(HostPoint point) {
-    windows_.click(innerWindow(), point);
-    call([this] { handleEvents(); });
+void LibreOfficeHost::clickBlank(HostPoint point) {
+    const auto caret = [&] {
+        handleEvents();
+        return CaretPlacer::nearestCaret(front()->caret().find(point));
+    };
+    clickUntilMoved(call(caret), [&] {
+        windows_.click(innerWindow(), point);
+        return call(caret);
+    });
 }
 
 void LibreOfficeHost::handleEvents() {

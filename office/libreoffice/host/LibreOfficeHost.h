@@ -89,10 +89,12 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] DocumentReference frontDocument();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
-    [[nodiscard]] xcb_window_t innerWindow() const;
+    [[nodiscard]] xcb_window_t innerWindow() const {
+        return windows_.innerWindow(static_cast<xcb_window_t>(window_.id));
+    }
     /// Puts the cell cursor there; does nothing for a target in a text.
     void enterCells(const HostFrame& frame, const CaretTarget& target);
-    void click(HostPoint point);
+    void clickBlank(HostPoint point);
     /// Interrupts the office's idle tasks as long as the result lives. The layout of the later pages of a
     /// long document is one of them, for which calls would wait for seconds; it pauses for input.
     [[nodiscard]] PollingThread interruptedIdleTasks();

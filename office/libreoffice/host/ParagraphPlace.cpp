@@ -27,12 +27,16 @@ Rectangle caretBefore(const ParagraphReference& paragraph, sal_Int32 character) 
     return {bounds.X, bounds.Y, 0, bounds.Height};
 }
 
-/// The end of a line and the start of the next one are the same place; the line of the point counts.
-Rectangle caretNear(const ParagraphReference& paragraph, Point point) {
+sal_Int32 characterNear(const ParagraphReference& paragraph, Point point) {
     const auto characters = std::views::iota(sal_Int32{0}, paragraph->getCharacterCount());
     const auto next = std::ranges::partition_point(
         characters, [&](sal_Int32 index) { return isBefore(paragraph->getCharacterBounds(index), point); });
-    const auto index = static_cast<sal_Int32>(next - characters.begin());
+    return static_cast<sal_Int32>(next - characters.begin());
+}
+
+/// The end of a line and the start of the next one are the same place; the line of the point counts.
+Rectangle caretNear(const ParagraphReference& paragraph, Point point) {
+    const sal_Int32 index = characterNear(paragraph, point);
     const Rectangle following = caretBefore(paragraph, index);
     if (index == 0 || isInLine(following, point)) return following;
     const Rectangle last = paragraph->getCharacterBounds(index - 1);
