@@ -38,7 +38,7 @@ void EmbedWindow::moveIntoHost() const {
 
 void EmbedWindow::resize(int width, int height) const {
     const std::uint32_t size[] = {extent(width), extent(height)};
-    for (const xcb_window_t window : {window_, windows_.topChild(window_)}) {
+    for (const xcb_window_t window : {window_, windows_.officeWindowIn(window_)}) {
         xcb_configure_window(windows_.get(), window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
                              size);
     }

@@ -36,13 +36,15 @@ bool areEqual(const css::awt::Rectangle& one, const css::awt::Rectangle& other) 
 
 }  // namespace
 
+/// The window stands beside the office's, in front of it: Calc paints its cells over windows inside its own.
 void PlaceFrames::make(xcb_window_t office) {
     if (office_ == office) return;
     hide();
     office_ = office;
     lines_ = xcb_generate_id(windows_.get());
-    xcb_create_window(windows_.get(), XCB_COPY_FROM_PARENT, lines_, office_, 0, 0, kLargest, kLargest, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL, &kFrameColor);
+    xcb_create_window(windows_.get(), XCB_COPY_FROM_PARENT, lines_, windows_.parentOf(office_), 0, 0,
+                      kLargest, kLargest, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_BACK_PIXEL, &kFrameColor);
     // Clicks go to the window below.
     xcb_shape_rectangles(windows_.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
                          lines_, 0, 0, 0, nullptr);

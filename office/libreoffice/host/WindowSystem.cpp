@@ -54,16 +54,24 @@ WindowSystem::WindowSystem() : connection_(xcb_connect(nullptr, nullptr), xcb_di
 }
 
 xcb_window_t WindowSystem::innerWindow(xcb_window_t host) const {
-    const xcb_window_t embedWindow = topChild(host);
-    return embedWindow == XCB_WINDOW_NONE ? embedWindow : topChild(embedWindow);
+    const xcb_window_t embedWindow = topChild(host, [](xcb_window_t /*child*/) { return true; });
+    return embedWindow == XCB_WINDOW_NONE ? embedWindow : officeWindowIn(embedWindow);
 }
 
-xcb_window_t WindowSystem::topChild(xcb_window_t window) const {
+/// The server gives each client a range of identifiers of its own.
+xcb_window_t WindowSystem::officeWindowIn(xcb_window_t embedWindow) const {
+    const std::uint32_t client = ~xcb_get_setup(get())->resource_id_mask;
+    return topChild(embedWindow, [=](xcb_window_t child) { return ((child ^ embedWindow) & client) != 0; });
+}
+
+xcb_window_t WindowSystem::topChild(xcb_window_t window,
+                                    const std::function<bool(xcb_window_t)>& counts) const {
     const auto reply = owned(xcb_query_tree_reply(get(), xcb_query_tree(get(), window), nullptr));
     if (!reply) return XCB_WINDOW_NONE;
     const xcb_window_t* const children = xcb_query_tree_children(reply.get());
     for (int index = xcb_query_tree_children_length(reply.get()); index > 0; --index) {
-        if (isVisible(get(), children[index - 1])) return children[index - 1];
+        const xcb_window_t child = children[index - 1];
+        if (counts(child) && isVisible(get(), child)) return child;
     }
     return XCB_WINDOW_NONE;
 }

@@ -5,6 +5,7 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,8 +26,9 @@ class WindowSystem {
     /// Returns the office's window that covers the others in a window of ours, inside its EmbedWindow; none
     /// when there is none.
     [[nodiscard]] xcb_window_t innerWindow(xcb_window_t host) const;
-    /// Returns the child in front of the others; none when no child is visible.
-    [[nodiscard]] xcb_window_t topChild(xcb_window_t window) const;
+    /// Returns the office's window in front of its others in an EmbedWindow, which may contain windows of
+    /// ours; none when there is none.
+    [[nodiscard]] xcb_window_t officeWindowIn(xcb_window_t embedWindow) const;
     /// Returns the root window of the screen that shows the window.
     [[nodiscard]] xcb_window_t screenOf(xcb_window_t window) const;
     /// Returns the top-level window that contains the window.
@@ -52,6 +54,9 @@ class WindowSystem {
 
   private:
     void sendPressAndRelease(xcb_button_press_event_t event, std::uint16_t stateOfRelease) const;
+    /// Returns the child in front of the others that count; none when none of them is visible.
+    [[nodiscard]] xcb_window_t topChild(xcb_window_t window,
+                                        const std::function<bool(xcb_window_t)>& counts) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
