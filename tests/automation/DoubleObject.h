@@ -42,8 +42,8 @@ Member method(std::string name, std::string parameters, std::function<Value(cons
 DispatchPtr makeObject(Members members, std::shared_ptr<model::Object> object = nullptr,
                        Items items = nullptr);
 
-/// Returns the object of the model behind an argument that is an object of this process. Raises a type
-/// mismatch for any other one.
+/// Returns the object of the model for an argument that is an object of this process. Raises a type mismatch
+/// for any other argument.
 std::shared_ptr<model::Object> modelOf(const Value& argument);
 
 }  // namespace mergeloom::automation

@@ -78,7 +78,7 @@ DispatchPtr excelSheet(const excel::WorksheetPtr& sheet) {
         property("ListObjects",
                  [] { return makeObject({}, nullptr, [] { return std::vector<DispatchPtr>(); }); }),
         property("Name", [sheet] { return sheet->Name(); }),
-        // It refuses a change before it changes anything, so that a try tells.
+        // A protected sheet refuses the insertion before it changes anything.
         property("ProtectDrawingObjects",
                  [sheet] {
                      try {
@@ -152,7 +152,7 @@ DispatchPtr excelRange(const excel::RangePtr& range) {
 DispatchPtr excelSelection(const excel::ApplicationPtr& office) {
     const excel::SelectionPtr selection = office->Selection();
     if (selection->TypeName() != "Range") return makeObject({});
-    // Several areas are written at once, but the model tells no address of them.
+    // A value is written into all areas at once; the model has the address of the active cell only.
     return makeObject({
         method("Address", "RowAbsolute?, ColumnAbsolute?, ReferenceStyle?, External?, RelativeTo?",
                [office](const Given&) { return office->ActiveCell()->AddressLocal(); }),

@@ -56,7 +56,8 @@ Items itemsOf(const std::shared_ptr<Collection>& collection, const Make& make) {
     };
 }
 
-/// Returns the model's object of a class behind an argument.
+/// Returns an argument's object of the model as one of a class. Raises kCommandFailed for an object of
+/// another class.
 template <class Model>
 Model& modelAs(const Value& argument) {
     auto* const found = dynamic_cast<Model*>(modelOf(argument).get());

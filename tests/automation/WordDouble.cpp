@@ -28,7 +28,7 @@ word::WdSaveOptions saveChoice(const Value& given) {
 }
 
 DispatchPtr wordDocument(const word::DocumentPtr& document) {
-    // Word tells by its path whether a document has a file.
+    // A document without a file has an empty path in Word.
     const auto path = [document] {
         const std::string full = document->FullName();
         return full == document->Name() ? std::string() : parentFolder(full) + "/";

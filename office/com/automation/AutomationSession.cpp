@@ -56,7 +56,7 @@ class PassedArguments {
 };
 
 WORD flagsOf(CallKind kind) {
-    // Whether a member is a property or a method is the office's matter.
+    // The office decides if a member is a property or a method.
     return kind == CallKind::Put ? DISPATCH_PROPERTYPUT : DISPATCH_PROPERTYGET | DISPATCH_METHOD;
 }
 

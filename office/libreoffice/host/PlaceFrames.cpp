@@ -36,7 +36,8 @@ bool areEqual(const css::awt::Rectangle& one, const css::awt::Rectangle& other) 
 
 }  // namespace
 
-/// The window stands beside the office's, in front of it: Calc paints its cells over windows inside its own.
+/// Makes the window a sibling of the office's, in front of it: Calc paints its cells over windows inside its
+/// own.
 void PlaceFrames::make(xcb_window_t office) {
     if (office_ == office) return;
     hide();

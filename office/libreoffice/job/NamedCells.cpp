@@ -172,7 +172,7 @@ Rectangle boundsIn(const Pane& pane, const Area& area) {
     return movedBy(common(whole, {0, 0, pane.bounds.Width, pane.bounds.Height}), pane.bounds);
 }
 
-/// Returns the area of a name; one without cells if it stands for none, or for some of several sheets.
+/// Returns the area of a name, or an empty area if the name has no cells or cells of several sheets.
 Area cellsOf(const Reference<css::container::XNameAccess>& names, const rtl::OUString& name) {
     const Area none(0, 0, 0, -1, -1);
     if (!names->hasByName(name)) return none;
