@@ -11,13 +11,13 @@ namespace mergeloom {
 /// Returns true for a source that names a database of ODBC.
 bool isOdbcSource(std::string_view source);
 
-/// Returns what is after "odbc:" in a source of ODBC.
+/// Returns the part of a source of ODBC after "odbc:".
 std::string_view connectionOf(std::string_view odbcSource);
 
 /// Returns the names and values of a connection string. Values in braces may contain any sign.
 std::vector<std::pair<std::string, std::string>> connectionPairs(std::string_view connection);
 
-/// Returns true if a connection string contains a password. Other users can read it where the string is an
+/// Returns true if a connection string contains a password. Other users can read it if the string is an
 /// argument of a program.
 bool hasPassword(std::string_view connection);
 

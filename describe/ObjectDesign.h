@@ -35,7 +35,7 @@ struct ObjectDesign {
     std::vector<SubformDesign> subforms;
     DefaultView view = DefaultView::SingleForm;  ///< of a form
     bool hasRecords = true;                      ///< false for a form without data
-    std::vector<std::string> remarks{};          ///< sentences about what is left out of it
+    std::vector<std::string> remarks{};          ///< sentences about its parts that are left out
 
     /// Returns true if its records can be selected.
     [[nodiscard]] bool hasTable() const { return !table.empty(); }

@@ -19,7 +19,7 @@ constexpr std::size_t kDigitsOfGroup = 3;
 constexpr std::size_t kLongestNumber = 400;  ///< digits of the largest double with decimals
 
 std::string formatted(const std::tm& date, const std::string& format) {
-    // Without an end, an empty text could not be told from one for which there is no room.
+    // strftime returns 0 for an empty text and for one without room; the end distinguishes them.
     const std::string withEnd = format + ".";
     std::string text(64, '\0');
     std::size_t size = 0;

@@ -8,11 +8,11 @@
 
 namespace mergeloom::describe {
 
-/// The texts that a list of values shows in place of the values that are stored.
+/// The texts that a list of values shows in place of the stored values.
 class ValueList {
   public:
     ValueList() = default;
-    /// Has no texts for a list of rows, and for one that shows what is stored.
+    /// Has no texts for a list of rows, and for one that shows the stored values.
     explicit ValueList(const ListSource& list);
 
     [[nodiscard]] bool isEmpty() const { return texts_.empty(); }

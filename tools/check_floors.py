@@ -119,7 +119,7 @@ SYSTEMS = {
     "posix": re.compile(r"(?:dlfcn|langinfo|netdb|poll|pwd|spawn|termios|unistd)\.h$|sys/(?!stat\.h|types\.h)"),
     "windows": re.compile(r"(?:aclapi|io|oaidl|objbase|oleauto|shellapi|windows)\.h$"),
 }
-# What is built for one system only.
+# The folders that are built for one system only.
 ONE_SYSTEM = ("office/libreoffice/", "describe/access/", "ui/", "office/com/automation/")
 
 # What a library's names look like, for uses that reach its headers through others.

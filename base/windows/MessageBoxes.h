@@ -5,7 +5,7 @@
 #include <streambuf>
 #include <string>
 
-/// Message boxes for a program that was started without a console, where lines would not be seen.
+/// Message boxes for a program that was started without a console, so that lines would not be seen.
 namespace mergeloom::windows {
 
 class MessageBoxes final : public Messages {

@@ -36,7 +36,7 @@ enum PropertyCode : int {
 
 /// The slots of properties: the source of a form's records, the object of a subform, the view of a form, and
 /// the number of columns of a list. Slots have the order in which SaveAsText of Access writes the properties:
-/// those of one byte begin at 48 and those of two bytes at 96, and these two come first.
+/// those of one byte begin at 48 and those of two bytes at 96, and these two are the first.
 constexpr std::uint32_t kRecordSourceSlot = 220;
 constexpr std::uint32_t kSourceObjectSlot = 221;
 constexpr std::uint32_t kDefaultViewSlot = 48;

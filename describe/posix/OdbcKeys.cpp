@@ -78,7 +78,7 @@ std::optional<std::vector<OdbcKeyColumn>> keysOfAllTables(const std::shared_ptr<
         try {
             return select(connection, known.statement);
         } catch (const OdbcError&) {
-            // A server of another version; its driver knows how to ask it.
+            // A server of another version has no such catalog; its driver reads the keys then.
             return std::nullopt;
         }
     }

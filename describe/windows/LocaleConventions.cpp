@@ -32,7 +32,7 @@ constexpr Piece kPieces[] = {
     {L"s", L"%#S"},   {L"tt", L"%p"},   {L"t", L"%p"},   {L"gg", L""},     {L"g", L""},     {L"%", L"%%"},
 };
 
-/// Takes a text in single quotes from the front of a format, in which two quotes are one.
+/// Removes and returns a text in single quotes at the start of a format. In it two quotes are one.
 std::wstring takeQuoted(std::wstring_view& picture) {
     std::wstring text;
     std::size_t place = 1;
@@ -45,7 +45,7 @@ std::wstring takeQuoted(std::wstring_view& picture) {
     return text;
 }
 
-/// Takes a piece, or a character without a meaning.
+/// Removes a piece, or a character without a meaning, and returns its format.
 std::wstring takePiece(std::wstring_view& picture) {
     const auto* const piece =
         std::ranges::find_if(kPieces, [&](const Piece& known) { return picture.starts_with(known.windows); });

@@ -8,7 +8,7 @@
 namespace mergeloom {
 
 /// Start the installed Word or Excel. The calls are traced to a file if one is named. Raise kNotAvailable
-/// with a sentence that says what to install or choose.
+/// with a sentence that advises the user.
 word::ApplicationPtr startInstalledWord(const std::string& traceFile);
 excel::ApplicationPtr startInstalledExcel(const std::string& traceFile);
 

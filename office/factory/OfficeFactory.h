@@ -19,13 +19,12 @@ enum class OfficeKind {
     Com,  ///< an installed Word or Excel, on Windows
 };
 
-/// Returns the office that an office program on this machine is: Word and Excel on Windows, otherwise
-/// LibreOffice.
+/// Returns the kind of an installed office on this system: Com on Windows, otherwise LibreOffice.
 OfficeKind installedOffice();
 
 /// Starts an office that implements Word's object model. The file store has to outlive it; an installed Word
 /// reads and writes files itself, and its calls are traced to a file if one is named. Raises kNotAvailable,
-/// with a sentence that says what to choose, for an office that this program does not have.
+/// with a sentence that names the choices, for an office that this program does not have.
 word::ApplicationPtr makeWordApplication(OfficeKind kind, FileStore& files,
                                          const std::string& traceFile = {});
 /// Starts an office that implements Excel's object model. Errors as for Word.

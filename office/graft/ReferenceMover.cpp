@@ -29,7 +29,7 @@ constexpr std::array<std::string_view, 11> kFormulas{"f",
 constexpr std::array<std::string_view, 6> kFormulaAttributes{"textlink", "fmlaLink",   "fmlaRange",
                                                              "fmlaTxbx", "linkedCell", "listFillRange"};
 
-/// Elements that are moved by other rules, or that contain the place where the user is.
+/// Elements that are moved by other rules, or that contain the user's place.
 constexpr std::array<std::string_view, 3> kMovedApart{"sheetViews", "sheetData", "definedNames"};
 
 /// Elements with one cell in the attribute r.
@@ -88,7 +88,7 @@ void ReferenceMover::moveFormula(pugi::xml_node node, bool isOfSheet) {
     setText(node, shift_.formula(node.text().get(), sheet_, isOfSheet));
 }
 
-/// Returns false if nothing is left of what the element refers to.
+/// Returns false if the element refers to no cell any more.
 bool ReferenceMover::move(pugi::xml_node node, bool isOfSheet) {
     const std::string_view name = opc::localName(node);
     if (contains(kMovedApart, name)) return true;
@@ -121,7 +121,7 @@ bool ReferenceMover::moveChildren(pugi::xml_node node, bool isOfSheet) {
     return !hasLost || std::ranges::any_of(node.children(), isElementNode);
 }
 
-/// Returns false if nothing is left of what the element refers to.
+/// Returns false if the element refers to no cell any more.
 bool ReferenceMover::moveReferences(pugi::xml_node node, std::string_view name) {
     if (!moveAreas(node, name)) return false;
     if (contains(kWithCell, name)) return moveCell(node);

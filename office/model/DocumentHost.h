@@ -20,7 +20,7 @@ struct HostWindow {
     int width = 0;
     int height = 0;
     HostLook look;
-    /// The window that gets the keyboard with a click beside the document.
+    /// The window that receives the keyboard with a click outside the document.
     std::uint64_t keyboardId = 0;
 };
 
@@ -51,8 +51,8 @@ class HostListener {
     virtual void keyPressed(HostKey key) = 0;
     /// Called when the document that is shown got its first change since it was saved, or has none any more.
     virtual void changesBeganOrEnded() = 0;
-    /// Called when the office painted something since the last DocumentHost::updateMarks, so that marks of
-    /// places may be in a wrong place. Not called where the office draws the marks itself.
+    /// Called after the first painting since DocumentHost::updateMarks, since the marks of places may be in a
+    /// wrong place then. Not called if the office draws the marks itself.
     virtual void marksMayHaveMoved() = 0;
     /// Called once when the office ended by itself. From then on every call of the host and its documents
     /// raises kNotAvailable.

@@ -307,7 +307,7 @@ class SharedStore final : public FileStore {
     std::string failing_;
 };
 
-/// So many records are filled by several threads where there are several processors.
+/// A number of records that several threads fill if there are several processors.
 TEST_F(FillTest, ManyLettersAreFilledAsFewOnes) {
     constexpr int kMany = 250;
     brokenText = 7;

@@ -179,7 +179,7 @@ HRESULT DoubleObject::call(const Member& member, const DISPPARAMS& parameters, V
     const std::vector<Parameter> known = parametersOf(member.parameters);
     if (parameters.cArgs > known.size()) return DISP_E_BADPARAMCOUNT;
     Given given(known.size());
-    // Arguments come in reverse order, those with names first.
+    // Arguments are in reverse order, those with names first.
     for (UINT number = 0; number < parameters.cArgs; ++number) {
         const bool isNamed = number < parameters.cNamedArgs;
         const auto place = isNamed ? static_cast<std::size_t>(parameters.rgdispidNamedArgs[number])
@@ -193,7 +193,7 @@ HRESULT DoubleObject::call(const Member& member, const DISPPARAMS& parameters, V
     const Value value = member.get(given);
     if (result == nullptr) return S_OK;
     *result = com::Variant(value).release();
-    // No result is no argument that was left out.
+    // A missing result is no argument that was left out.
     if (value.isEmpty()) ::VariantInit(result);
     return S_OK;
 }

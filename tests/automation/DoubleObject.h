@@ -20,8 +20,8 @@ using com::Value;
 /// The arguments of a call in the order of the parameters; an argument that was left out is empty.
 using Given = std::vector<Value>;
 
-/// A member under the name that the office gives it. The parameters are in one text, "Name, Range?", where
-/// "?" marks the optional ones.
+/// A member under the name of the office. The parameters are in one text, "Name, Range?", in which "?" marks
+/// the optional ones.
 struct Member {
     std::string name;
     std::string parameters;

@@ -66,7 +66,7 @@ DispatchPtr excelWorkbooks(const excel::ApplicationPtr& office) {
     });
 }
 
-/// Nothing where there is no active cell.
+/// No object (Nothing) without an active cell.
 DispatchPtr activeCell(excel::Application& office) {
     if (office.Workbooks()->Count() == 0) return {};
     try {

@@ -7,9 +7,9 @@
 
 namespace mergeloom::automation {
 
-/// Returns an office's Application object under Excel's own member names, parameters and error numbers; what
-/// the members do is done by another office, such as the embedded one. Further members can be given. The
-/// function is called when the application quits.
+/// Returns an Application object with Excel's own member names, parameters and error numbers. Its members
+/// call another office, such as the embedded one. Further members can be given. The function is called when
+/// the application quits.
 DispatchPtr makeExcelDouble(const excel::ApplicationPtr& office, Members furtherMembers,
                             std::function<void()> quit);
 

@@ -20,7 +20,7 @@ std::string writtenName(const std::string& name) {
     return excel::writtenSheetName(name.substr(0, mark)) + name.substr(mark);
 }
 
-/// Returns the name that is asked for, without the apostrophes that it has to have.
+/// Returns the name of an argument without the apostrophes that Excel requires.
 std::string askedName(const std::string& name) {
     const std::size_t mark = name.rfind('!');
     if (mark == std::string::npos) return name;
@@ -44,7 +44,7 @@ excel::DefinedNamePtr findName(excel::Names& names, const Value& index) {
     return index.isText() ? names.Item(askedName(index.text())) : names.Item(index.integer());
 }
 
-/// Of cells that are merged only in part, Excel says neither.
+/// Null for cells that are merged only in part, as in Excel.
 Value mergedOf(excel::Range& range) {
     if (!range.MergeCells()) return false;
     const excel::RangePtr first = range.Cells(1, 1)->MergeArea();
@@ -74,7 +74,7 @@ DispatchPtr excelSheet(const excel::WorksheetPtr& sheet) {
     };
     return makeObject({
         action("Activate", [sheet] { sheet->Activate(); }),
-        // The embedded office does not tell its tables.
+        // The object model has no collection of tables.
         property("ListObjects",
                  [] { return makeObject({}, nullptr, [] { return std::vector<DispatchPtr>(); }); }),
         property("Name", [sheet] { return sheet->Name(); }),

@@ -21,8 +21,8 @@ class Faults {
     void setReadOnly(bool isReadOnly) { isReadOnly_ = isReadOnly; }
     void clear();
 
-    /// Returns the result of a call that is to fail at once; otherwise S_OK. Ends the process where the
-    /// office is to end. Raises an AutomationError for an error.
+    /// Returns the result of a call that is to fail at once; otherwise S_OK. Ends the process if the plan is
+    /// an office that ends. Raises an AutomationError for an error.
     HRESULT beforeCall();
     [[nodiscard]] bool lacks(const std::string& member) const { return missing_.contains(member); }
     [[nodiscard]] bool isReadOnly() const { return isReadOnly_; }

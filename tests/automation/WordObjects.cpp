@@ -75,7 +75,7 @@ word::BookmarkPtr findBookmark(word::Bookmarks& bookmarks, const Value& index) {
     return index.isText() ? bookmarks.Item(index.text()) : bookmarks.Item(index.integer());
 }
 
-/// The double changes no range: it only accepts what the range is already.
+/// The double changes no range: it accepts only the present bounds.
 template <class Owner>
 Member setRange(const std::shared_ptr<Owner>& owner) {
     return method("SetRange", "Start, End", [owner](const Given& given) -> Value {

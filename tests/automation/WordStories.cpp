@@ -59,7 +59,7 @@ class StoryFields final : public word::Fields {
     std::vector<word::FieldPtr> fields_;
 };
 
-/// A whole story, as far as it is asked for its name and its fields.
+/// A whole story, with the members for its name and its fields only.
 class StoryRange final : public word::Range {
   public:
     StoryRange(std::string name, word::DocumentPtr document)

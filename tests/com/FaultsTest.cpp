@@ -28,7 +28,7 @@ using testing::HasSubstr;
 
 constexpr auto kDocx = word::WdSaveFormat::wdFormatXMLDocument;
 
-/// A Word behind calls of automation that fail as planned, in this program.
+/// A Word over calls of automation that fail as planned, in this program.
 class Faults : public testing::Test {
   protected:
     void SetUp() override { start(); }

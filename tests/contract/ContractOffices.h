@@ -11,7 +11,8 @@
 
 namespace mergeloom {
 
-/// The offices of which a system's contract is asked: the embedded one, which may skip nothing, and another.
+/// The offices that a contract is tested with on a system: the embedded one, which may skip nothing, and
+/// another.
 #ifdef _WIN32
 inline constexpr OfficeKind kContractOffices[] = {OfficeKind::Embedded, OfficeKind::Com};
 #else

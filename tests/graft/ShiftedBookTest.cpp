@@ -17,12 +17,12 @@ using ::testing::HasSubstr;
 constexpr LineShift kRowInserted{Axis::Rows, 3, 1};
 constexpr LineShift kRowRemoved{Axis::Rows, 3, -1};
 
-/// A part beside the sheet "Data", and its content after a shift.
+/// A part that is related to the sheet "Data", and its content after a shift.
 struct PartCase {
     std::string type;  ///< the short name of the relationship
     std::string xml;
     LineShift shift;
-    std::string expected;  ///< what the part contains, or the refusal
+    std::string expected;  ///< the content of the part, or the refusal
     std::string owner = sheetPart(1);
 };
 

@@ -17,7 +17,7 @@ from database_servers import PASSWORD, NotThere, PostgreSql, need_driver
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
-# A build with sanitizers would complain of what drivers leak.
+# A build with sanitizers would report the leaks of drivers.
 os.environ.setdefault("ASAN_OPTIONS", "detect_leaks=0")
 # Access allows no full stop, exclamation mark, grave accent and brackets in names.
 SIGNS = " !\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~\t\né漢"
@@ -279,7 +279,7 @@ class BadInput(ProgramTest):
             connection.execute("CREATE TABLE T (id INTEGER PRIMARY KEY, made BLOB AS (zeroblob(50000000)))")
             connection.executemany("INSERT INTO T VALUES (?)", [(number,) for number in range(40)])
             connection.execute("CREATE VIEW Attached AS SELECT id, made AS Attachment FROM T")
-            # This column has no type, so that only its values show what it holds.
+            # This column has no type, so that only its values have one.
             connection.execute("CREATE VIEW Untyped AS SELECT id, zeroblob(50000000) AS Attachment FROM T")
         connection.close()
 
@@ -295,7 +295,7 @@ class BadInput(ProgramTest):
                 self.assertEqual((ended.returncode, ended.stderr),
                                  (0, f"mergeloom-describe: The column 'Attachment' of '{name}' {sentence}\n"))
                 self.assertEqual(len(self.records(ElementTree.fromstring(ended.stdout))), 40)
-        # Too little for one of the values; a driver has its own words for it.
+        # Too little for one of the values; the sentence differs by the driver.
         for (source, name, _), size in zip(sources[1:], (40_000_000, 120_000_000)):
             with self.subTest(source=source, size=size):
                 ended = run(DESCRIBE, source, "--object", name, "--records", "all", preexec_fn=limit(size))

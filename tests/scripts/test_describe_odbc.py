@@ -19,7 +19,7 @@ from program_test import PROGRAM, SAMPLE, ProgramTest
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
 SAMPLES = SAMPLE.parent
 HARBOUR = (SAMPLES / "harbour.sql").read_text(encoding="utf-8")
-# A build with sanitizers would complain of what drivers leak.
+# A build with sanitizers would report the leaks of drivers.
 os.environ.setdefault("ASAN_OPTIONS", "detect_leaks=0")
 GIF = "47494638396101000100800000000000ffffff21f90401000000002c000000000100010000020144003b"
 # Two keys of two columns refer to one table.

@@ -100,7 +100,7 @@ class LookTest(DesignerTest):
         return tuple(pixels(x - 6, y + height // 2, 1, 1))
 
     def test_colors_change_with_the_desktop_while_the_document_is_edited(self):
-        # What is still typed into a cell is in the cell afterwards.
+        # An unfinished entry is in the cell afterwards.
         for switches, between, result in (((), "space", "Typed on"), (("-excel",), "Return", "Typed,,,\non,,,\n")):
             with self.subTest(switches=switches):
                 self.start_on_desktop(*switches, color=LIGHT)

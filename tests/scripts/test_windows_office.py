@@ -18,7 +18,7 @@ WORD = ("Word.Application", "{2F6B6C0A-5D0E-4D1B-8E77-419A602B3C11}")
 EXCEL = ("Excel.Application", "{2F6B6C0A-5D0E-4D1B-8E77-419A602B3C12}")
 LONGEST = 60  # seconds, after which a test has failed
 
-# Each row: what it is about, and the calls made one after the other in a folder of their own.
+# Each row: a title, and the calls that are made one after the other in a folder of their own.
 RUNS = [
     ("a document", [["-xmlfile", "orders.xml", "-template", "order.docx", "-hidden"]]),
     ("a form as a template", [["-xmlfile", "orders.xml", "-template", "form.dotx", "-hidden", "formview"]]),

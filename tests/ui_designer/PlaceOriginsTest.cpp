@@ -56,7 +56,7 @@ TEST_F(PlaceOriginsTest, AreTheNodesThatWereDropped) {
         origins_.setPlaces({"City"});
         EXPECT_EQ(sourceOf("City"), kCityOfCities) << drop->Text();
     }
-    // A further place of the name may come from another object, whose place does not change the first one.
+    // A further place of the name may be made from another object; the first one keeps its node.
     origins_.noteDrop(object(0));
     origins_.setPlaces({"City", "City_ref1", "Date"});
     EXPECT_EQ(sourceOf("City"), kCityOfCities);

@@ -34,7 +34,7 @@ class DatabaseFlow final : public QObject {
 
     explicit DatabaseFlow(const Parts& parts);
 
-    /// Loads a structure document, or asks for the objects of a file that is a database. Returns at once.
+    /// Loads a structure document, or shows the window for a file that is a database. Returns at once.
     void openFile(const std::string& path);
 
   private:

@@ -13,7 +13,8 @@ namespace {
 
 constexpr const char* kProgram = "mergeloom-describe";
 constexpr const char* kPasswordVariable = "MERGELOOM_ODBC_PASSWORD";
-/// The milliseconds after which a program that was asked to end is killed. Until then it removes its files.
+/// The milliseconds between the request to end and the kill of the program, which removes its files in this
+/// time.
 constexpr int kEndTime = 3000;
 
 /// Ends a program that is no longer needed and forgets it.

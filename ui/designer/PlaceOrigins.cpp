@@ -36,7 +36,7 @@ const TreeNode* onlyOneWithin(const std::vector<const TreeNode*>& nodes, const T
 }
 
 /// Returns the one of the nodes that a drop of the other node makes a place of. A node such as "Label and
-/// Value" makes a place of the value beside it.
+/// Value" makes a place of its sibling for the value.
 const TreeNode* madeBy(const TreeNode& drop, const std::vector<const TreeNode*>& nodes) {
     const TreeNode* const made = onlyOneWithin(nodes, drop);
     if (made != nullptr || drop.Parent() == nullptr || drop.Child() != nullptr) return made;

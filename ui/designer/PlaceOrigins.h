@@ -20,12 +20,12 @@ class PlaceOrigins {
     void setStructure(std::shared_ptr<LoadedStructure> structure);
     /// Notes a drop of the node, which made those places that are new among the next ones.
     void noteDrop(const TreeNode& node);
-    /// Notes that the document may be another one. It is if its places are others.
+    /// Notes that the document may be another one, which the next places show.
     void noteNewDocument() { isOtherDocument_ = true; }
     /// Sets the names of the document's places.
     void setPlaces(const std::vector<std::string>& names);
 
-    /// Returns the node that a place comes from; null if none or more than one can be meant.
+    /// Returns the node from which a place was made; null if there is none or it is uncertain.
     [[nodiscard]] const TreeNode* nodeOf(const std::string& place) const;
     /// Returns all nodes that become places of the name and have no such nodes below them.
     [[nodiscard]] std::vector<const TreeNode*> candidates(const std::string& place) const;

@@ -41,8 +41,8 @@ bool PlacesFlow::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// Returns a place with the node that it comes from. One that may come from several has the picture that all
-/// of them have.
+/// Returns a place with its node. If the node is uncertain, the place has the picture that all possible nodes
+/// share.
 PlacesPane::Entry PlacesFlow::entryOf(const QString& name) const {
     const std::string place = name.toStdString();
     if (const TreeNode* const node = origins_.nodeOf(place))
@@ -55,7 +55,7 @@ PlacesPane::Entry PlacesFlow::entryOf(const QString& name) const {
     return {.name = name, .iconKey = iconKeyOf(*nodes.front())};
 }
 
-/// Lists the places with the nodes that they come from, and marks all nodes of their names in the tree.
+/// Lists the places with their nodes, and marks all nodes of their names in the tree.
 void PlacesFlow::show(const QStringList& names) {
     const std::shared_ptr<LoadedStructure>& structure = parts_.tree.structure();
     std::vector<std::string> places;

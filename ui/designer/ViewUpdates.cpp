@@ -12,8 +12,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// The least time between two updates of the marks, and the time that the office has for its own work after
-/// an update, as a multiple of what that took.
+/// The least time between two updates of the marks, and the time for the office's own work after an update,
+/// as a multiple of the update's duration.
 constexpr milliseconds kMarksInterval{40};
 constexpr int kMarksRest = 4;
 

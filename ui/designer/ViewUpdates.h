@@ -10,14 +10,14 @@
 
 namespace mergeloom {
 
-/// Keeps up to date what the office shows besides its document: the marks of places, and the colors of the
+/// Updates the parts of the view that are not the document: the marks of places, and the colors of the
 /// desktop. Belongs to the windows' thread and does not wait.
 class ViewUpdates final : public QObject {
     Q_OBJECT
 
   public:
-    /// The function returns true if the office runs, no command does, and the document is what it shows. The
-    /// arguments must outlive this object.
+    /// The function returns true if the office runs without a command and shows the document. The arguments
+    /// must outlive this object.
     ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> isFree);
 
     /// Shows or hides the marks of places.
@@ -26,7 +26,7 @@ class ViewUpdates final : public QObject {
     void updateMarks();
     /// Gives the office another look, as soon as it is free and shows no dialog.
     void setLook(const HostLook& look);
-    /// Forgets what was to be done, since the office has ended.
+    /// Removes the pending updates, since the office has ended.
     void cancel();
 
   private:

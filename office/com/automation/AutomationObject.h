@@ -27,7 +27,7 @@ class AutomationObject {
     /// returns none.
     AutomationObject object(const char* className, const char* member, const Arguments& arguments = {}) const;
 
-    /// Returns the items of this collection, which are asked for many at a time.
+    /// Returns the items of this collection, many with each call.
     [[nodiscard]] std::vector<AutomationObject> items(const char* itemClass) const;
 
     [[nodiscard]] const SessionPtr& session() const { return session_; }

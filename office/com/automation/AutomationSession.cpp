@@ -16,7 +16,7 @@ namespace {
 
 /// The language of names and of numbers in texts: the one that an office has in any case.
 constexpr LCID kEnglish = 0x0409;
-/// The number of items that an enumerator is asked for at a time.
+/// The number of items that an enumerator returns with each call.
 constexpr ULONG kBatch = 64;
 
 std::string shownCall(const std::string& called, CallKind kind, const Arguments& arguments) {
@@ -207,7 +207,7 @@ void AutomationSession::raise(long result, const std::string& called) {
 }
 
 void AutomationSession::pause() const {
-    // Calls that come back from the office meanwhile are messages of this thread.
+    // Calls of the office to this process arrive as messages of this thread.
     ::MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(patience_.pauseMilliseconds),
                                 QS_ALLINPUT);
     MSG message;

@@ -23,13 +23,13 @@ struct Argument {
     Value value;
 };
 
-/// The arguments of a call; those with names come last.
+/// The arguments of a call; those with names are last.
 using Arguments = std::vector<Argument>;
 
 /// The kinds of calls of a member.
 enum class CallKind { Get, Put };
 
-/// The bounds of waiting for an office that is busy: it is asked that often, with that pause between.
+/// The bounds of waiting for an office that is busy: the number of calls, and the pause between two.
 struct Patience {
     int attempts = 150;
     int pauseMilliseconds = 100;
@@ -47,10 +47,11 @@ class AutomationSession {
     ~AutomationSession();
 
     /// Starts a program by the identifier of its class, such as "Word.Application". Raises kNotAvailable with
-    /// a sentence that says what to install or choose.
+    /// a sentence that advises the user.
     DispatchPtr start(const std::string& programIdentifier);
 
-    /// Calls a member of an object of a class. A busy office is asked again until the patience ends. Raises
+    /// Calls a member of an object of a class. Repeats the call of a busy office until the patience ends.
+    /// Raises
     /// - the office's own number and description for an error of the office,
     /// - kMemberUnknown for a member that this version of the office does not have,
     /// - kObjectDeleted for an object that is gone,
@@ -58,7 +59,7 @@ class AutomationSession {
     Value invoke(IDispatch& object, const char* className, const char* member, CallKind kind,
                  const Arguments& arguments);
 
-    /// Returns the objects that an enumerator of the collection goes through. Errors as for invoke.
+    /// Returns the objects of a collection by its enumerator. Errors as for invoke.
     std::vector<DispatchPtr> enumerate(IDispatch& collection, const char* className);
 
     [[nodiscard]] const std::string& officeName() const { return officeName_; }

@@ -8,9 +8,9 @@
 
 namespace mergeloom::com {
 
-/// The names that a document had when it was first asked for one, and those added since. Nobody else adds
-/// names to a document of a hidden office, so a name that is not here does not exist, and no call is needed
-/// to know it. Names that went are still here.
+/// The names of a document at the first use, and those added since. Nobody else adds names to a document of a
+/// hidden office, so a name that is not here does not exist, and no call is needed to find that out. Removed
+/// names are still here.
 class KnownNames {
   public:
     /// Takes the collection whose items have a property Name.
@@ -20,7 +20,7 @@ class KnownNames {
     /// Returns false for a name that does not exist. Letter case does not count.
     bool mayHave(const std::string& name);
     void add(const std::string& name);
-    /// To be called after names may have come back (Undo).
+    /// Must be called after names may have been restored (Undo).
     void forget() { isRead_ = false; }
 
   private:

@@ -15,7 +15,7 @@ struct OfficeServer {
 };
 
 /// Starts an office, whose name is for sentences, and returns its application. Raises kNotAvailable with a
-/// sentence that says what to install or choose.
+/// sentence that advises the user.
 AutomationObject startApplication(const std::string& officeName, const OfficeServer& server);
 
 /// MsoAutomationSecurity: the macros of opened documents are off.

@@ -32,7 +32,7 @@ class Variant {
 /// that no call here has.
 Value valueOf(const VARIANT& variant);
 
-/// Takes over a counted reference, which is released with the result.
+/// Owns a counted reference from now on and releases it with the result.
 DispatchPtr adopt(IDispatch* object);
 /// Adds a reference of its own.
 DispatchPtr share(IDispatch* object);

@@ -8,8 +8,8 @@
 
 namespace mergeloom::com {
 
-/// An area of cells of an installed Excel. Its place is known here; Excel's own range is asked for when its
-/// cells are.
+/// An area of cells of an installed Excel. It has its place itself, and Excel's own range from the first use
+/// of its cells on.
 class ComCellRange final : public excel::AreaRange {
   public:
     ComCellRange(AutomationObject application, AutomationObject sheet, const excel::CellArea& area)
@@ -47,8 +47,8 @@ class ComCellRange final : public excel::AreaRange {
 /// Returns the area of one of Excel's ranges. Raises kApplicationDefined for several areas.
 excel::RangePtr rangeOf(const AutomationObject& application, const AutomationObject& range);
 
-/// Returns a text as Excel takes it for a text whatever it looks like. Raises kApplicationDefined for one
-/// that is too long for a cell.
+/// Returns a text in a form that Excel reads as a text and never as a number or a formula. Raises
+/// kApplicationDefined for one that is too long for a cell.
 Value textValue(const std::string& text);
 
 }  // namespace mergeloom::com

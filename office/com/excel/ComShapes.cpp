@@ -15,12 +15,12 @@ namespace {
 constexpr ErrorNumber kObjectRequired = 424;
 constexpr ErrorNumber kInvalidArgument = 0x80070057;
 
-/// A size that Excel takes from the picture.
+/// The size that makes Excel use that of the picture.
 constexpr double kNaturalSize = -1;
 /// XlPlacement: an object moves with its cells and keeps its size.
 constexpr int kMove = 2;
 
-/// Returns true if Excel reports so that an object or an item is not there.
+/// Returns true for the errors with which Excel reports a missing object or item.
 bool isMissing(const AutomationError& error) {
     return error.number() == kObjectRequired || error.number() == kInvalidArgument;
 }
@@ -151,7 +151,7 @@ class ComPictures final : public excel::Pictures {
         try {
             add();
         } catch (const AutomationError& error) {
-            // Excel has one number for a file that is no picture and for a sheet that takes none.
+            // Excel has one number for a file that is no picture and for a sheet that accepts none.
             if (error.number() == kApplicationDefined && sheet_.get("ProtectDrawingObjects").truth()) throw;
             readingFile(*sheet_.session(), fileName, [&] { throw error; });
         }

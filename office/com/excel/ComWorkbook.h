@@ -36,7 +36,7 @@ class ComWorkbook final : public excel::Workbook {
     std::weak_ptr<ComExcelApplication> owner_;
     AutomationObject application_;
     AutomationObject workbook_;
-    excel::NamesPtr names_;  ///< once they were asked for
+    excel::NamesPtr names_;  ///< since their first use
     bool isClosed_ = false;
 };
 

@@ -10,8 +10,8 @@ namespace mergeloom::com {
 
 class ComWordApplication;
 
-/// The step that is recorded for Undo. Word does not tell whether a record holds changes, so its mark Saved
-/// is set for the time of the record.
+/// The step that is recorded for Undo. Word has no member for the changes of a record, so the mark Saved is
+/// set for the time of the record.
 struct RecordedStep {
     bool isOpen = false;
     bool wasSaved = false;  ///< before the record
@@ -50,7 +50,7 @@ class ComDocument final : public word::Document {
     ComWordModelPtr model_;
     AutomationObject document_;
     KnownNamesPtr known_;           ///< as the next one
-    word::BookmarksPtr bookmarks_;  ///< once they were asked for
+    word::BookmarksPtr bookmarks_;  ///< since their first use
     RecordedStep step_;
     bool isClosed_ = false;
 };

@@ -28,7 +28,7 @@ class ComField final : public word::Field {
     bool isInCode_;
 };
 
-/// Finds out which of a story's fields are part of the code of another one: an outer field comes before those
+/// Finds the fields of a story that are part of the code of another one: an outer field is before those
 /// inside it.
 class CodeRanges {
   public:

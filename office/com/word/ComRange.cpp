@@ -12,7 +12,7 @@ namespace mergeloom::com {
 
 namespace {
 
-/// Word takes CR alone for the end of a paragraph everywhere; LF is a character of its own in places.
+/// CR alone ends a paragraph in all of Word; LF is a character of its own in some places.
 std::string withParagraphMarks(const std::string& text) {
     return replaceAll(replaceAll(text, "\r\n", "\r"), "\n", "\r");
 }

@@ -7,7 +7,7 @@ namespace mergeloom::com {
 
 /// Starts the installed Word, or the program that the server names, without a window. It ends with the last
 /// reference to the application, unless it then shows documents of the user's. Raises kNotAvailable with a
-/// sentence that says what to install or choose.
+/// sentence that advises the user.
 word::ApplicationPtr makeWordApplication(const OfficeServer& server);
 
 }  // namespace mergeloom::com

@@ -15,7 +15,7 @@ namespace mergeloom::com {
 
 namespace {
 
-/// WdAlertLevel: no message boxes; each takes its first button.
+/// WdAlertLevel: no message boxes; the first button of each is chosen.
 constexpr int kAlertsNone = 0;
 /// Word's error for a command that needs a document.
 constexpr ErrorNumber kNoDocument = 4248;

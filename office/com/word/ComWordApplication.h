@@ -46,7 +46,7 @@ class ComWordApplication final : public word::Application,
 
     ComWordModelPtr model_;
     OwnDocuments<ComDocument> documents_;
-    word::SelectionPtr selection_;  ///< of the active document, once it was asked for
+    word::SelectionPtr selection_;  ///< of the active document, since its first use
     bool hasQuit_ = false;
 };
 

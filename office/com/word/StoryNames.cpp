@@ -18,7 +18,7 @@ const std::vector<StoryKind> kKinds{{"footnote", {2}}, {"endnote", {3}},       {
                                     {"text box", {5}}, {"header", {7, 6, 10}}, {"footer", {9, 8, 11}}};
 constexpr int kMainText = 1;
 
-/// Adds the stories of one type, each of which leads to the next one.
+/// Adds the stories of one type, each of which refers to the next one.
 void addChain(AutomationObject story, std::vector<AutomationObject>& stories) {
     for (;;) {
         stories.push_back(story);

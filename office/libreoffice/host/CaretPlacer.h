@@ -33,10 +33,9 @@ struct NearestCaret {
     sal_Int32 nearest = -1;  ///< the one that would be nearest to the point; -1 without a paragraph
 };
 
-/// Clicks in a blank part of a page. The click returns the caret after it. A busy office may not have
-/// received it yet when it is asked to handle its events. So it is repeated if the caret neither moved nor is
-/// the nearest one, but not for ever: in some parts, such as the margins, the office leaves the caret at its
-/// place.
+/// Clicks in a blank part of a page. The click returns the caret after it. A busy office may handle its
+/// events before it receives the click. So the click is repeated if the caret neither moved nor is the
+/// nearest one, up to a maximum: in some parts, such as the margins, the office does not move the caret.
 void clickUntilMoved(const NearestCaret& before, const std::function<NearestCaret()>& click);
 
 /// Finds the place for a caret or the cell cursor at a point of a window, and puts it there, by the objects

@@ -27,7 +27,7 @@ CellMarks::CellMarks(OfficeConnection& connection, const WindowSystem& windows, 
                      std::function<void()> painted)
     : connection_(connection), frames_(windows, lineWidthFor(look)), paint_(std::move(painted)) {}
 
-/// Watches before it looks, so that nothing is missed that is painted meanwhile.
+/// Watches the window before it finds the cells, so that no painting in between is missed.
 void CellMarks::update(xcb_window_t office, const DocumentReference& document) {
     const bool hasCells = isShown_ && connection_.call([&] { return isWorkbook(document); });
     if (!hasCells || office == XCB_WINDOW_NONE || !paint_.watch(office)) return frames_.hide();

@@ -157,8 +157,8 @@ DocumentKind HostFrame::kind() const {
     return cells.is() ? DocumentKind::Excel : DocumentKind::Word;
 }
 
-/// The loader shows a document that is open already if it gets the document in place of an address. The
-/// document is open as long as one of its frames is.
+/// The loader shows a document that is open already if it is called with the document instead of an address.
+/// The document is open as long as one of its frames is.
 void HostFrame::takeDocument(const HostFrame& former) {
     const Reference<css::frame::XController> view = former.frame_->getController();
     const Reference<css::frame::XModel> model = view->getModel();

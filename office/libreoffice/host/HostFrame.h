@@ -34,8 +34,8 @@ class HostFrame {
     [[nodiscard]] bool hasOpenDialog() const;
     [[nodiscard]] CaretPlacer& caret() { return *caret_; }
 
-    /// Takes the document from another frame, which is closed: with the steps of its undo list and the place
-    /// that the view shows, but without what is selected.
+    /// Moves the document from another frame, which is closed, to this one. The undo list and the position of
+    /// the view are kept, the selection is not.
     void takeDocument(const HostFrame& former);
 
     void resize(int width, int height);

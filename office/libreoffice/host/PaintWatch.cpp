@@ -8,8 +8,8 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Returns the number of the extension's first event; 0 if the server does not have it. The server takes no
-/// other request of the extension before it was asked for the version.
+/// Returns the number of the extension's first event; 0 if the server does not have it. The server refuses
+/// other requests of the extension before a request for the version.
 std::uint8_t firstDamageEvent(xcb_connection_t* connection) {
     const xcb_query_extension_reply_t* const extension = xcb_get_extension_data(connection, &xcb_damage_id);
     if (extension == nullptr || extension->present == 0) return 0;

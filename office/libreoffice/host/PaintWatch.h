@@ -10,8 +10,7 @@
 
 namespace mergeloom::libreoffice {
 
-/// Watches a window of the office for the first thing that is painted in it after each look at it, by X's
-/// extension DAMAGE.
+/// Reports the first painting of a window of the office after each update, by X's extension DAMAGE.
 class PaintWatch {
   public:
     /// The sink is called by a thread of this object. Raises kNotAvailable if there is no X server.

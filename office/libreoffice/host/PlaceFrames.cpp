@@ -13,7 +13,7 @@ namespace {
 /// An opaque light blue that is seen on white cells and on dark ones.
 constexpr std::uint32_t kFrameColor = 0xff5b9bea;
 
-/// The size of the window, whose shape alone counts.
+/// The size of the window, which is larger than any screen: its shape decides.
 constexpr std::uint16_t kLargest = std::numeric_limits<std::int16_t>::max();
 
 void addLine(std::vector<xcb_rectangle_t>& lines, int x, int y, int width, int height) {
@@ -46,7 +46,7 @@ void PlaceFrames::make(xcb_window_t office) {
     xcb_create_window(windows_.get(), XCB_COPY_FROM_PARENT, lines_, windows_.parentOf(office_), 0, 0,
                       kLargest, kLargest, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                       XCB_CW_BACK_PIXEL, &kFrameColor);
-    // Clicks go to the window below.
+    // The window below receives the clicks.
     xcb_shape_rectangles(windows_.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
                          lines_, 0, 0, 0, nullptr);
 }

@@ -8,7 +8,7 @@
 namespace mergeloom::libreoffice {
 
 /// Frames over the office's window, in a window of ours that consists of their lines alone: the office paints
-/// the area between the lines and gets the clicks on them. They are part of no document.
+/// the area between the lines and receives the clicks on them. They are part of no document.
 class PlaceFrames {
   public:
     /// The lines are that many pixels wide. The window system must outlive it.

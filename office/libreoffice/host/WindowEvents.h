@@ -12,8 +12,8 @@ class WindowEvents {
   public:
     using Handler = std::function<void(const xcb_generic_event_t& event)>;
 
-    /// The connection must outlive it. Other threads may send requests on it, but must not wait for replies:
-    /// that would take events away from here. Raises kNotAvailable if the system has no channel left.
+    /// The connection must outlive it. Other threads may send requests on it, but must not wait for replies,
+    /// since that would remove events from the queue. Raises kNotAvailable if the system has no channel left.
     WindowEvents(xcb_connection_t* connection, Handler handler);
     WindowEvents(const WindowEvents&) = delete;
     WindowEvents& operator=(const WindowEvents&) = delete;

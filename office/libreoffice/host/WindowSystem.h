@@ -54,7 +54,7 @@ class WindowSystem {
 
   private:
     void sendPressAndRelease(xcb_button_press_event_t event, std::uint16_t stateOfRelease) const;
-    /// Returns the child in front of the others that count; none when none of them is visible.
+    /// Returns the visible child in front among those that match; none if there is none.
     [[nodiscard]] xcb_window_t topChild(xcb_window_t window,
                                         const std::function<bool(xcb_window_t)>& counts) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;

@@ -8,10 +8,10 @@
 
 namespace mergeloom::libreoffice {
 
-/// Returns where the window of a workbook shows the cells of the names: rectangles in pixels from the
-/// window's upper left corner. Names of other sheets, and those that stand for no cells, have none; split or
-/// frozen views may show parts of one name. Must run inside the office, since it makes a dozen calls for each
-/// name. Raises UNO's exceptions.
+/// Returns the rectangles of the cells of the names in the window of a workbook, in pixels from the upper
+/// left corner. Names of other sheets, and those without cells, have no rectangle; split or frozen views may
+/// have several for one name. Must run inside the office, since it makes a dozen calls for each name. Raises
+/// UNO's exceptions.
 css::uno::Sequence<css::awt::Rectangle> boundsOfNamedCells(const DocumentReference& workbook,
                                                            const css::uno::Sequence<rtl::OUString>& names);
 

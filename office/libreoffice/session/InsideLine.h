@@ -20,7 +20,7 @@ inline constexpr const char* kInsideDocument = "document";  ///< returns the doc
 /// encrypted or the password is wrong.
 inline constexpr const char* kInsideDecrypt = "decrypt";
 inline constexpr const char* kInsideEncrypt = "encrypt";
-/// Takes a workbook and names, and returns rectangles.
+/// A request with a workbook and names, whose result is the rectangles of the cells.
 inline constexpr const char* kInsideNamedCells = "namedCells";
 
 /// Returns the path of the library that the office loads for the object model. It is in the folder of the
@@ -46,7 +46,7 @@ class InsideLine {
     std::optional<std::string> decrypted(const std::string& file, const std::string& password);
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
-    /// Returns where the window of a workbook shows the cells of the names, as boundsOfNamedCells does.
+    /// Returns the rectangles of the cells of the names, as boundsOfNamedCells does.
     std::vector<css::awt::Rectangle> namedCells(const DocumentReference& workbook,
                                                 const std::vector<std::string>& names);
     /// Lets the main thread return to its own work.

@@ -66,7 +66,7 @@ class OfficeConnection {
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
 
-    /// Returns where the window of a workbook shows the cells of the names: rectangles in pixels.
+    /// Returns the rectangles of the cells of the names in the window of a workbook, in pixels.
     std::vector<css::awt::Rectangle> namedCells(const DocumentReference& workbook,
                                                 const std::vector<std::string>& names);
 

@@ -24,7 +24,7 @@ excel::ApplicationPtr startContractExcel(OfficeKind kind, FileStore& files) {
     return com::makeExcelApplication({.application = startDouble(files)});
 }
 
-// In this program the factory gives an Excel behind calls of automation to whoever asks for an office.
+// In this program the factory returns an Excel over calls of automation for every kind of office.
 
 word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files, const std::string&) {
     return embedded::makeWordApplication(files);

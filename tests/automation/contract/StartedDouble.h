@@ -13,8 +13,8 @@
 
 namespace mergeloom::automation {
 
-/// Returns the program of the double where the tests are to use it (MERGELOOM_DOUBLE), otherwise the empty
-/// text: then the double is part of the test's program, which is quicker.
+/// Returns the program of the double if the tests use it (MERGELOOM_DOUBLE). Returns the empty text if the
+/// double is part of the test's program, which is quicker.
 inline std::string doubleProgram() {
     const char* const program = std::getenv("MERGELOOM_DOUBLE");
     return program == nullptr ? "" : program;

@@ -23,8 +23,8 @@ word::ApplicationPtr startContractWord(OfficeKind kind, FileStore& files) {
     return com::makeWordApplication({.application = startDouble(files)});
 }
 
-// In this program the factory gives a Word behind calls of automation to whoever asks for an office, so that
-// what is tested over the embedded one is tested over those calls unchanged.
+// In this program the factory returns a Word over calls of automation for every kind of office, so that the
+// tests of the embedded office test these calls unchanged.
 
 word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files, const std::string&) {
     return startContractWord(OfficeKind::Com, files);

@@ -1,4 +1,4 @@
-// The double as a program of its own, which Windows starts when its class is asked for. It ends when the last
+// The double as a program of its own, which Windows starts for an object of its class. It ends when the last
 // of its applications has quit.
 #include "automation/DoubleClasses.h"
 #include "automation/ExcelDouble.h"
@@ -29,7 +29,7 @@ void applicationHasQuit() {
     if (--applications == 0) ::PostQuitMessage(0);
 }
 
-/// An office's files: those of a test once it has given them, the disk's before.
+/// An office's files: the disk's until a test has set its own.
 class OfficeFiles final : public FileStore {
   public:
     void use(const DispatchPtr& served) {
@@ -72,7 +72,7 @@ DispatchPtr makeExcel() {
     return makeExcelDouble(embedded::makeExcelApplication(*files), controls(files), applicationHasQuit);
 }
 
-/// Makes the applications that other programs ask for.
+/// Makes applications for other programs.
 class Factory final : public IClassFactory {
   public:
     explicit Factory(std::function<DispatchPtr()> make) : make_(std::move(make)) {}
@@ -94,7 +94,7 @@ class Factory final : public IClassFactory {
     std::function<DispatchPtr()> make_;
 };
 
-/// A class that other programs can ask for while this object lives.
+/// A class of which other programs can make objects while this object lives.
 class OfferedClass {
   public:
     OfferedClass(const DoubleClass& offered, std::function<DispatchPtr()> make) : factory_(std::move(make)) {

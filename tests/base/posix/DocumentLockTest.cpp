@@ -98,7 +98,7 @@ TEST(DocumentLock, FollowsLinks) {
     EXPECT_TRUE(lock.isOf(folder / "letter.docx"));
 }
 
-/// The C library's shared time belongs to whoever asked for it last, in any thread.
+/// The C library has one time for all threads, which the last call has set.
 TEST(DocumentLock, LeavesTheSharedTimeAlone) {
     const std::time_t start = 0;
     const std::tm* const shared = std::localtime(&start);
