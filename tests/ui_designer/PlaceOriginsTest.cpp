@@ -22,7 +22,7 @@ class PlaceOriginsTest : public testing::Test {
     [[nodiscard]] std::string sourceOf(const std::string& place) const {
         std::string source;
         for (const TreeNode* node = origins_.nodeOf(place); node != nullptr; node = node->Parent())
-            source = "/" + node->Text() + source;
+            source.insert(0, "/" + node->Text());
         return source;
     }
 
