@@ -2,7 +2,7 @@
 
 #include "app/DatabaseObjects.h"
 #include "app/FileFormats.h"
-#include "app/ListFormatting.h"
+#include "app/FillDifferences.h"
 #include "app/MergeloomErrorCodes.h"
 #include "app/modMain.h"
 #include "base/AutomationError.h"
@@ -36,13 +36,6 @@ constexpr std::size_t kMaxThreads = 8;
     throw AutomationError(kNotAvailable, why);
 }
 
-std::string nameOf(const ControlPath& path) {
-    std::string name;
-    for (const std::string& part : path)
-        name += (name.empty() ? "" : ".") + part;
-    return name;
-}
-
 std::string counted(std::size_t number, const std::string& thing) {
     return std::to_string(number) + " " + thing + (number == 1 ? "" : "s");
 }
@@ -56,7 +49,8 @@ bool FillCommand::run(std::ostream& report) {
     checkNames();
     checkDistinct();
     checkTargets();
-    const std::vector<std::string> texts = differences();
+    const std::vector<std::string> texts =
+        fillDifferences(*letters_, seen_, {object_->Text(), unknownFields_, places_.ambiguous});
     noteDifferences(texts);
     if (options_.strictness == Strictness::RefusesDifferences && !texts.empty()) return false;
     write();
@@ -101,8 +95,7 @@ void FillCommand::refuseTemplate() const {
     if (options_.use == letters::LetterUse::OneForAll) {
         refuseFill(
             "Option '--one-document' is for documents. A workbook lists all records in a table of the "
-            "object; "
-            "name a control in '--output' to write one for each record.");
+            "object; name a control in '--output' to write one for each record.");
     }
 }
 
@@ -169,11 +162,7 @@ void FillCommand::compile() {
     };
     places_ = placeSources(source_->xmlNodes(), *object_, bookmarks, findPicture,
                            isWorkbook_ ? PlaceScheme::RangeNames : PlaceScheme::Bookmarks);
-    for (const std::string& field : template_->fieldNames()) {
-        const std::string folded = foldCase(field);
-        if (!places_.places.contains(folded) && !places_.tables.contains(folded))
-            unknownFields_.push_back(field);
-    }
+    noteUnknownFields();
     const bool isOne = options_.use == letters::LetterUse::OneForAll;
     if (isOne && names_.dependOnRecord()) {
         refuseFill("Option '--one-document' needs a file name without braces.");
@@ -188,16 +177,26 @@ void FillCommand::compile() {
                                      .fileName = options_.output};
     format_->applyTo(settings);
     letters_ = template_->compile(places_, settings);
-    if (letters_->filledPlaces().empty() && !letters_->refusals().empty())
-        refuseFill(letters_->refusals().front());
-    if (letters_->filledPlaces().empty()) {
-        refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
-                   object_->Text() + " fills.");
-    }
+    refuseWithoutPlaces();
     const bool hasFiles = names_.dependOnRecord() || (selectedCount() == 1 && !isSheet_);
     const bool isEach = options_.use == letters::LetterUse::OneEach;
     if (isEach && hasFiles && format_->hasPages()) shareFiles(settings);
     if (isEach && names_.dependOnRecord() && !format_->isConverted()) useThreads(settings);
+}
+
+void FillCommand::noteUnknownFields() {
+    for (const std::string& field : template_->fieldNames()) {
+        const std::string folded = foldCase(field);
+        if (!places_.places.contains(folded) && !places_.tables.contains(folded))
+            unknownFields_.push_back(field);
+    }
+}
+
+void FillCommand::refuseWithoutPlaces() const {
+    if (!letters_->filledPlaces().empty()) return;
+    if (!letters_->refusals().empty()) refuseFill(letters_->refusals().front());
+    refuseFill("The template '" + options_.templateFile + "' has no place that a control of " +
+               object_->Text() + " fills.");
 }
 
 std::unique_ptr<letters::LetterTemplate> FillCommand::openTemplate() const {
@@ -273,38 +272,6 @@ void FillCommand::checkDistinct() {
 void FillCommand::checkTargets() {
     if (names_.dependOnRecord()) return;
     checkTarget(fullPath(options_.output));
-}
-
-std::vector<std::string> FillCommand::differences() const {
-    std::vector<std::string> texts = letters_->refusals();
-    std::vector<std::string> unfilled;
-    std::set<ControlPath> placed;
-    for (const letters::PlaceSource& place : letters_->filledPlaces()) {
-        const bool isKnown = seen_.has(place.path) || !place.image.empty();
-        if (placed.insert(place.path).second && !isKnown) unfilled.push_back(nameOf(place.path));
-    }
-    std::vector<std::string> unplaced;
-    for (const ControlPath& path : seen_.values()) {
-        if (!placed.contains(path)) unplaced.push_back(nameOf(path));
-    }
-    const auto add = [&texts](const std::string& start, const std::vector<std::string>& names) {
-        if (!names.empty()) texts.push_back(start + joinedNames(names) + ".");
-    };
-    add("Places without data: ", unfilled);
-    add("Places that no control of " + object_->Text() + " makes: ", unknownFields_);
-    add("Data without a place: ", unplaced);
-    add("Names that several controls make: ", places_.ambiguous);
-    std::vector<std::string> firsts;
-    for (const ControlPath& path : letters_->firstRecordsOnly()) {
-        if (seen_.mostRecords(path) > 1) firsts.push_back(nameOf(path));
-    }
-    std::vector<std::string> rowless;
-    for (const ControlPath& path : letters_->tablesWithoutRows()) {
-        if (seen_.mostRecords(path) > 0) rowless.push_back(nameOf(path));
-    }
-    add("Only the first record is shown, since a place is in no row that repeats: ", firsts);
-    add("Tables without a row that repeats: ", rowless);
-    return texts;
 }
 
 void FillCommand::noteDifferences(const std::vector<std::string>& texts) {

@@ -64,12 +64,12 @@ class FillCommand {
     void survey();
     void surveyRecord(const Record& record);
     void compile();
+    void noteUnknownFields();
+    void refuseWithoutPlaces() const;
     void checkTarget(const std::string& path);
     void checkNames() const;
     void checkDistinct();
     void checkTargets();
-    /// Returns the differences between places and data, as sentences.
-    [[nodiscard]] std::vector<std::string> differences() const;
     void noteDifferences(const std::vector<std::string>& texts);
     void write();
     void readRecords();
