@@ -103,13 +103,6 @@ void addMark(const Story& story, const Item* mark, CharacterPosition at, Line& l
 
 }  // namespace
 
-std::u32string Line::text() const {
-    std::u32string all;
-    for (const Unit& unit : units)
-        all += unit.code;
-    return all;
-}
-
 std::string textKeyOf(const Line& line) {
     std::string key = std::to_string(line.depth) + std::to_string(static_cast<int>(line.end)) + ":";
     for (const Unit& unit : line.units)

@@ -36,8 +36,6 @@ struct Line {
     int depth = 0;        ///< of tables around it; a row's end is inside its table
     pugi::xml_node node;  ///< the paragraph or the row
     std::string key;      ///< equal for lines that look the same in two exports; only set for exports
-
-    [[nodiscard]] std::u32string text() const;
 };
 
 /// Returns a text by which lines of different writers are compared: characters, the mark and the depth.

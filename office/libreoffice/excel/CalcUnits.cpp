@@ -42,10 +42,6 @@ sal_Int32 lengthOfPixels(int pixels) {
     return rounded<sal_Int32>(pixels * kPerPixel);
 }
 
-int pixelsOf(sal_Int32 length) {
-    return rounded<int>(length / kPerPixel);
-}
-
 int pixelsOf(Points points) {
     return rounded<int>(points.value / kPointsPerPixel);
 }

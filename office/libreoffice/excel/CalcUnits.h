@@ -17,7 +17,6 @@ namespace mergeloom::libreoffice {
 [[nodiscard]] Points pointsOf(sal_Int32 length);
 [[nodiscard]] sal_Int32 lengthOf(Points points);
 [[nodiscard]] sal_Int32 lengthOfPixels(int pixels);
-[[nodiscard]] int pixelsOf(sal_Int32 length);
 [[nodiscard]] int pixelsOf(Points points);
 
 /// Converts between the horizontal measures of a sheet: pixels, the column width that Excel shows, and UNO's
