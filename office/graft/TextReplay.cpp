@@ -200,18 +200,27 @@ void TextReplay::insertLines(const InsertedLines& lines) {
         while (start > lines.start && tableOf(now[start - 1], depth, names) == table)
             --start;
         if (!table) {
-            insertParagraphs({lines.before, start, end});
+            insertParagraphs({lines.before, start, end}, start == lines.start);
         } else if (start > 0 && tableOf(now[start - 1], depth, names) == table) {
             appendRows({lines.before, start, end});
         } else {
-            if (!hasPartner(lines.before)) refuse("there is no line after the new table", start);
-            insertTable(partner(lines.before).start, start, end);
+            insertTable(placeOfTable({lines.before, start, end}, end < lines.end), start, end);
         }
         end = start;
     }
 }
 
-void TextReplay::insertParagraphs(const InsertedLines& lines) {
+/// Returns the start of the line after a new table. At the end of a story this is a new line, which has been
+/// inserted after the last former one.
+CharacterPosition TextReplay::placeOfTable(const InsertedLines& lines, bool hasNewLineAfter) const {
+    if (hasPartner(lines.before)) return partner(lines.before).start;
+    const bool isAtEnd = lines.before == baseline_.lines.size() && hasNewLineAfter && lines.before > 0;
+    if (!isAtEnd) refuse("there is no line after the new table", lines.start);
+    return {partner(lines.before - 1).mark.value + 1};
+}
+
+/// Paragraphs after a new table are not inserted after the former line, except at the end of a story.
+void TextReplay::insertParagraphs(const InsertedLines& lines, bool isFirst) {
     const auto& now = edited_.lines;
     const int depth = now[lines.start].depth;
     for (std::size_t line = lines.start; line < lines.end; ++line)
@@ -223,7 +232,7 @@ void TextReplay::insertParagraphs(const InsertedLines& lines) {
                            !endsSection(partner(lines.before - 1));
     const bool hasNext = lines.before < baseline_.lines.size() && hasPartner(lines.before) &&
                          baseline_.lines[lines.before].depth == depth;
-    const bool followsFormer = hasFormer && lines.start > 0 && looksAlike(lines.start, lines.start - 1);
+    const bool followsFormer = hasFormer && isFirst && lines.start > 0 && looksAlike(lines.start, lines.start - 1);
     if (hasFormer && (followsFormer || !hasNext)) {
         const CharacterPosition position = partner(lines.before - 1).mark;
         text.text.insert(0, "\r");

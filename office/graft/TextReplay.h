@@ -45,7 +45,8 @@ class TextReplay {
     [[nodiscard]] bool hasStructure(const TextEdit& edit) const;
     [[nodiscard]] std::optional<InsertedLines> wholeLinesOf(const TextEdit& edit) const;
     void insertLines(const InsertedLines& lines);
-    void insertParagraphs(const InsertedLines& lines);
+    void insertParagraphs(const InsertedLines& lines, bool isFirst);
+    [[nodiscard]] CharacterPosition placeOfTable(const InsertedLines& lines, bool hasNewLineAfter) const;
     void insertTable(CharacterPosition position, std::size_t start, std::size_t end);
     void appendRows(const InsertedLines& lines);
     void fillCells(const embedded::Item* firstItem, std::size_t start, std::size_t end);

@@ -2,6 +2,7 @@
 
 #include "base/AutomationError.h"
 #include "office/graft/LinePlace.h"
+#include "office/graft/WholeMarks.h"
 #include "office/graft/WordRules.h"
 
 #include <algorithm>
@@ -41,7 +42,7 @@ void NoFiles::save(const std::string& path, const std::function<void(ByteSink&)>
 }
 
 WordExport::WordExport(const std::string& bytes, const std::string& fileName, FormatNumbers& formats)
-    : content_(opc::Package::read(bytes, fileName), files_) {
+    : content_(packageWithWholeMarks(bytes, fileName), files_) {
     for (embedded::Story* story : content_.stories()) {
         const CanonicalXml canonical = canonicalOf(*story);
         stories_.push_back(
@@ -53,11 +54,18 @@ CanonicalXml WordExport::canonicalOf(const embedded::Story& story) {
     return {wordRules().xml, targetsOf(content_.package(), story.part().partName())};
 }
 
-std::string movedMark(const ReadStory& a, const ReadStory& b) {
+std::string movedMark(const ReadStory& a, const ReadStory& b, const ReadStory* again) {
     const std::map<std::string, Place> marks = marksOf(a);
     const std::map<std::string, Place> others = marksOf(b);
-    for (const auto& [name, place] : marks)
-        if (!others.contains(name) || others.at(name) != place) return name;
+    const std::map<std::string, Place> readAgain =
+        again == nullptr ? std::map<std::string, Place>() : marksOf(*again);
+    for (const auto& [name, place] : marks) {
+        const auto other = others.find(name);
+        if (other == others.end()) return name;
+        const auto asRead = readAgain.find(name);
+        const bool isAsRead = asRead != readAgain.end() && asRead->second == other->second;
+        if (other->second != place && !isAsRead) return name;
+    }
     for (const auto& [name, place] : others)
         if (!marks.contains(name)) return name;
     return {};

@@ -50,7 +50,7 @@ class WordExport {
 bool areAlike(const ReadStory& a, const ReadStory& b);
 
 /// Returns the name of a bookmark that has different places in two stories, or an empty text if there is
-/// none.
-std::string movedMark(const ReadStory& a, const ReadStory& b);
+/// none. The second story may also have those of the first one after it was read and written again.
+std::string movedMark(const ReadStory& a, const ReadStory& b, const ReadStory* again = nullptr);
 
 }  // namespace mergeloom::graft

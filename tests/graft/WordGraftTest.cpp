@@ -215,6 +215,26 @@ TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
     EXPECT_EQ(triple.fault(wordFile(again), wordFile(again)), "");
 }
 
+/// The office does not read blanks at the ends of cells, nor places as it wrote them.
+TEST(WordProofTest, TakesTextsAndPlacesAsTheOfficeReadsThemAgain) {
+    const auto cell = [](const std::string& text) {
+        return "<w:tbl><w:tr><w:tc><w:p>" + text + "</w:p></w:tc></w:tr></w:tbl>" + kLast;
+    };
+    const auto fault = [&](const std::string& edited, const std::string& again, const std::string& proof) {
+        const std::string opened = wordFile(cell(run("Old")));
+        return Triple{opened, opened, wordFile(cell(edited))}.fault(wordFile(cell(proof)),
+                                                                    wordFile(cell(again)));
+    };
+    const std::string place = marked("City", run("New"));
+    EXPECT_EQ(fault(run("New "), run("New"), run("New")), "");
+    EXPECT_EQ(fault(run("New "), run("New "), run("New")), "the text of the result would differ");
+    EXPECT_EQ(fault(run("New"), run("Ne"), run("Ne")), "the text of the result would differ");
+    EXPECT_EQ(fault(place + run("x"), marked("City", run("Newx")), marked("City", run("Newx"))), "");
+    EXPECT_EQ(fault(place + run("x"), place + run("x"), marked("City", run("Newx"))),
+              "a place would be elsewhere in the result");
+    EXPECT_EQ(fault(place, run("New"), run("New")), "a place would be elsewhere in the result");
+}
+
 std::string stylesPart(const std::string& styles) {
     return "<w:styles " + kNamespaces + ">" + styles + "</w:styles>";
 }

@@ -62,6 +62,13 @@ const std::string kRow = row(kCellA + kCellB);
 const std::string kTable = table(kRow);
 const std::string kOtherRow = row(cell(paragraph("c") + paragraph("d")) + cell(p("")));
 
+std::string start(const std::string& id, const std::string& name) {
+    return "<w:bookmarkStart w:id=\"" + id + "\" w:name=\"" + name + "\"/>";
+}
+std::string end(const std::string& id) {
+    return "<w:bookmarkEnd w:id=\"" + id + "\"/>";
+}
+
 const std::string kShape = "<w:r><w:drawing><wp:anchor/></w:drawing></w:r>";
 
 /// An edit of a document that the office exports as it is.
@@ -150,6 +157,11 @@ TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
         {"text in a place", p(marked("City", run("ab")) + run("c")),
          p(marked("City", run("axb")) + run("c"))},
         {"a table", kFirst + kLast, kFirst + table(kOtherRow + kRow) + kLast},
+        {"a table at the end", kFirst, kFirst + kTable + p("")},
+        {"a table at the end after a new paragraph", kFirst, kFirst + kLast + kTable + p("")},
+        {"a paragraph after a new table", kFirst + kLast, kFirst + kTable + paragraph("x") + kLast},
+        {"a table over which a place reaches", kFirst,
+         kFirst + table(row(cell(p(start("1", "T") + run("a"))) + kCellB)) + end("1") + p("")},
         {"a row at the end", kFirst + kTable + kLast, kFirst + table(kRow + kOtherRow) + kLast},
         {"two rows at the end", kTable + kLast, table(kRow + kOtherRow + kRow) + kLast},
         {"a table gone", kFirst + kTable + kLast, kFirst + kLast},
@@ -198,6 +210,13 @@ TEST(WordStructureTest, IgnoresWhatNoUserChanged) {
         {"a page number of one element", p(simpleField("PAGE", "1")), p(simpleField("PAGE", "2"))},
         {"a number in a code", p(nestedField("1", "x")), p(nestedField("2", "y"))},
         {"a comment", p(run("x")), p("<!-- y -->" + run("x"))},
+        {"a place written as one for each paragraph",
+         p(start("1", "A") + run("x")) + p(start("2", "A") + run("y") + end("2")),
+         p(start("1", "A") + run("x")) + p(run("y") + end("1"))},
+        {"a place over a table written as one to its last cell",
+         table(row(cell(p(start("1", "T") + run("a"))) +
+                   cell(p(start("2", "T") + run("b") + end("2"))))) + kLast,
+         table(row(cell(p(start("1", "T") + run("a"))) + kCellB)) + end("1") + kLast},
     };
     for (const Edit& edit : edits)
         EXPECT_EQ(resultOf(edit.triple().graft()), "nothing changed") << edit.what;

@@ -1,0 +1,155 @@
+#!/usr/bin/env python3
+"""Measures how much of documents and workbooks of other programs a save in the designer keeps: made files with every
+feature alone and with mixtures are opened, saved, given a word, eight fields and a table, and saved again, by the
+designer's own code in a hidden LibreOffice. Prints the rates, and the files that would be asked about.
+
+It needs build/dev/save_files and the packages of the group test.
+"""
+
+import argparse
+import collections
+import json
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import zipfile
+
+from lxml import etree
+
+from inputs import ROOT
+from measuring import print_table
+
+sys.path.insert(0, str(ROOT / "tests" / "scripts"))
+import varied_documents  # noqa: E402
+import varied_workbooks  # noqa: E402
+
+PICTURE = ROOT / "samples" / "pictures" / "letterhead.png"
+W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
+STRICT = "{http://purl.oclc.org/ooxml/wordprocessingml/main}"
+STRUCTURE = "<db><Form Name='Letter' CurrentView='1'>" + "".join(
+    f"<Control Name='Field {number}' Caption='Caption {number}'/>" for number in range(8)) + """</Form>
+<Table Name='List' CurrentView='2'><Control Name='A' Caption='First'/><Control Name='B'/></Table></db>"""
+
+
+def paragraphs_of(path):
+    """The paragraphs of all parts, as they are written."""
+    found = collections.Counter()
+    with zipfile.ZipFile(path) as archive:
+        for name in archive.namelist():
+            if name.startswith("word/") and name.endswith(".xml"):
+                root = etree.fromstring(archive.read(name))
+                found.update(etree.tostring(each, method="c14n", with_tail=False)
+                             for tag in (W, STRICT) for each in root.iter(tag + "p"))
+    return found
+
+
+def copies_of(files, folder):
+    """Copies of given files, with True for documents with content controls, tracked changes or form fields."""
+    for number, path in enumerate(files):
+        copy = folder / f"{number:04}-{path.name}"
+        shutil.copyfile(path, copy)
+        hard = False
+        if path.suffix.startswith(".doc") or path.suffix.startswith(".dot"):
+            with zipfile.ZipFile(copy) as archive:
+                text = b"".join(archive.read(name) for name in archive.namelist() if name.startswith("word/"))
+            hard = any(tag in text for tag in (b"<w:sdt>", b"<w:ins ", b"<w:del ", b"<w:ffData"))
+        yield copy, hard
+
+
+def save_all(arguments, folder, files):
+    """Yields what the program says about each file; starts it again after a file that ended it."""
+    structure = folder / "structure.xml"
+    structure.write_text(STRUCTURE, encoding="utf-8")
+    left = list(files)
+    while left:
+        with subprocess.Popen([arguments.program, structure, str(arguments.faults), *left], stdout=subprocess.PIPE,
+                              text=True) as process:
+            for line in process.stdout:
+                left.pop(0)
+                try:
+                    yield json.loads(line)
+                except ValueError:
+                    yield {"file": line, "outcome": "error", "reason": "the program ended"}
+        if left and process.returncode:
+            print("the program ended at", left[0], file=sys.stderr)
+            yield {"file": pathlib.Path(left.pop(0)).name, "outcome": "error", "reason": "the program ended"}
+
+
+def rate(part, whole):
+    return f"{part} of {whole} ({100 * part / whole:.1f} %)" if whole else "none"
+
+
+def report(title, results):
+    proved = [each for each in results if each.get("outcome") == "proved"]
+    rows = [["opened and saved: the same bytes", rate(sum(each.get("same", False) for each in results), len(results))],
+            ["proved", rate(len(proved), len(results))]]
+    if any("hard" in each for each in results):
+        easy = [each for each in results if not each["hard"]]
+        rows.append(["proved without controls, changes, form fields",
+                     rate(sum(each in proved for each in easy), len(easy))])
+        rows.append(["paragraphs unchanged where proved",
+                     rate(sum(each["same paragraphs"] for each in proved), sum(each["paragraphs"] for each in proved))])
+    rows.append(["entries unchanged where proved",
+                 rate(sum(each["kept"] for each in proved), sum(each["entries"] for each in proved))])
+    planted = sum(each.get("planted", 0) for each in proved)
+    missed = [(each["file"], fault) for each in proved for fault in each.get("missed", ())]
+    if planted:
+        rows.append(["planted faults seen", rate(planted - len(missed), planted)])
+    print_table(title, ["", "files"], rows)
+    for each in results:
+        if each.get("outcome") != "proved" or not each.get("same"):
+            print(f"  {each['file']}: {each.get('outcome')} {each.get('why', '')} {each.get('reason', '')}")
+    for file, fault in missed:
+        print(f"  {file}: missed: {fault}")
+
+
+def measure(arguments, folder, files):
+    former = {path.name: paragraphs_of(path) for path, hard in files if hard is not None}
+    results = []
+    for result in save_all(arguments, folder, [path for path, _ in files]):
+        print(result["file"], result.get("outcome"), result.get("reason", "")[:300], file=sys.stderr, flush=True)
+        if result["file"] in former:
+            result["hard"] = dict((path.name, hard) for path, hard in files)[result["file"]]
+            paragraphs = former[result["file"]]
+            result["paragraphs"] = paragraphs.total()
+            now = paragraphs_of(folder / result["file"])
+            result["same paragraphs"] = sum(min(count, now[each]) for each, count in paragraphs.items())
+        results.append(result)
+    return results
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("files", nargs="*", type=pathlib.Path, help="files instead of made ones; copies are saved")
+    parser.add_argument("--kinds", nargs="+", default=["documents", "workbooks"])
+    parser.add_argument("--mixtures", type=int, default=60, help="files with several features, of each kind (60)")
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--faults", type=int, default=0, help="faults of each kind that are planted into a result")
+    parser.add_argument("--only", default="", help="files with this in their name")
+    parser.add_argument("--keep", type=pathlib.Path, help="a folder that keeps the files, with those as they were")
+    parser.add_argument("--program", default=str(ROOT / "build" / "dev" / "save_files"))
+    arguments = parser.parse_args()
+    with tempfile.TemporaryDirectory() as name:
+        for kind in arguments.kinds:
+            folder = (arguments.keep or pathlib.Path(name)) / kind
+            folder.mkdir(parents=True)
+            made = varied_documents if kind == "documents" else varied_workbooks
+            if arguments.files:
+                wanted = [path for path in arguments.files if path.suffix.startswith(".x") == (kind == "workbooks")]
+                files = list(copies_of(wanted, folder))
+            else:
+                files = list(made.make_all(folder, PICTURE, arguments.mixtures, arguments.seed, not arguments.only))
+            if kind == "workbooks":
+                files = [(each[0] if isinstance(each, tuple) else each, None) for each in files]
+            files = [(path, hard) for path, hard in files if arguments.only in path.name]
+            if arguments.keep:
+                (folder / "before").mkdir()
+                for path, _ in files:
+                    shutil.copyfile(path, folder / "before" / path.name)
+            report(kind, measure(arguments, folder, files))
+
+
+if __name__ == "__main__":
+    main()

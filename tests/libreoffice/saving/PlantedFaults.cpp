@@ -1,0 +1,230 @@
+#include "libreoffice/saving/PlantedFaults.h"
+
+#include "doubles/PackageBytes.h"
+#include "office/opc/Package.h"
+#include "office/opc/XmlPart.h"
+
+#include <algorithm>
+#include <functional>
+#include <pugixml.hpp>
+
+namespace mergeloom {
+
+namespace {
+
+using Node = pugi::xml_node;
+using Nodes = std::vector<Node>;
+
+/// Content that no office shows, or that it computes anew.
+bool isHidden(Node node) {
+    static const std::vector<std::string> kHidden{"mc:Fallback", "w:del", "w:moveFrom", "w:fldSimple", "w:sdtPr",
+                                                  "w:sdt"};
+    for (; node; node = node.parent())
+        if (std::ranges::find(kHidden, node.name()) != kHidden.end()) return true;
+    return false;
+}
+
+/// The elements of a name that are shown.
+Nodes shown(Node root, const std::string& name, const std::function<bool(Node)>& is = [](Node) { return true; }) {
+    Nodes found;
+    struct Walker final : pugi::xml_tree_walker {
+        std::function<bool(Node&)> visit;
+        bool for_each(Node& node) override { return visit(node); }
+    } walker;
+    walker.visit = [&](Node& node) {
+        if (node.name() == name && !isHidden(node) && is(node)) found.push_back(node);
+        return true;
+    };
+    root.traverse(walker);
+    return found;
+}
+
+Node any(const Nodes& nodes, std::mt19937& chance) {
+    if (nodes.empty()) return {};
+    return nodes[std::uniform_int_distribution<std::size_t>(0, nodes.size() - 1)(chance)];
+}
+
+bool isLetter(char byte) {
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+
+/// Changes the first letter. Returns false if there is none.
+bool changeLetter(Node text) {
+    std::string value = text.text().get();
+    const auto letter = std::ranges::find_if(value, isLetter);
+    if (letter == value.end()) return false;
+    *letter = *letter == 'q' ? 'x' : 'q';
+    text.text().set(value.c_str());
+    return true;
+}
+
+/// Runs in the result of a field are made anew by the office.
+bool isInField(Node run) {
+    for (Node each = run.previous_sibling(); each; each = each.previous_sibling()) {
+        const std::string type = each.child("w:fldChar").attribute("w:fldCharType").value();
+        if (!type.empty()) return type != "end";
+    }
+    return false;
+}
+
+Node ancestor(Node node, const std::string& name) {
+    while (node && node.name() != name)
+        node = node.parent();
+    return node;
+}
+
+bool hasLetters(Node node) {
+    return std::ranges::any_of(std::string(node.text().get()), isLetter);
+}
+
+bool isShownText(Node text) {
+    const Node run = text.parent();
+    return hasLetters(text) && !isInField(run) && !run.child("w:rPr").child("w:vanish") &&
+           !ancestor(run, "w:txbxContent");
+}
+
+Node endOf(Node root, Node start) {
+    const std::string id = start.attribute("w:id").value();
+    const Nodes ends =
+        shown(root, "w:bookmarkEnd", [&](Node end) { return end.attribute("w:id").value() == id; });
+    return ends.empty() ? Node() : ends.front();
+}
+
+Nodes places(Node root) {
+    return shown(root, "w:bookmarkStart",
+                 [](Node start) { return start.attribute("w:name").value()[0] != '_'; });
+}
+
+bool losePlace(Node root, std::mt19937& chance) {
+    const Node start = any(places(root), chance);
+    const Node end = endOf(root, start);
+    if (!start || !end) return false;
+    end.parent().remove_child(end);
+    return start.parent().remove_child(start);
+}
+
+/// Moves the start of a place behind the first run in it, or in front of the run before it.
+bool shiftPlace(Node root, std::mt19937& chance) {
+    Nodes starts = places(root);
+    std::ranges::shuffle(starts, chance);
+    for (Node start : starts) {
+        const Node next = start.next_sibling();
+        if (next.name() != std::string("w:r") || !hasLetters(next.child("w:t")) || isInField(next)) continue;
+        next.parent().insert_move_after(start, next);
+        return true;
+    }
+    return false;
+}
+
+/// Takes the bold face from a run, or gives it to one where none has it.
+bool changeBold(Node root, std::mt19937& chance) {
+    const Nodes texts = shown(root, "w:t", isShownText);
+    Nodes bold;
+    std::ranges::copy_if(texts, std::back_inserter(bold),
+                         [](Node text) { return text.parent().child("w:rPr").child("w:b"); });
+    if (const Node text = any(bold, chance)) return text.parent().child("w:rPr").remove_child("w:b");
+    Node run = any(texts, chance).parent();
+    if (!run) return false;
+    Node properties = run.child("w:rPr");
+    if (!properties) properties = run.prepend_child("w:rPr");
+    const Node style = properties.child("w:rStyle");
+    const Node fonts = properties.child("w:rFonts");
+    const Node before = fonts ? fonts : style;
+    return before ? properties.insert_child_after("w:b", before) : properties.prepend_child("w:b");
+}
+
+bool loseParagraph(Node root, std::mt19937& chance) {
+    const Nodes paragraphs = shown(root, "w:p", [](Node each) {
+        const std::string around = each.parent().name();
+        return around == "w:body" && !each.child("w:pPr").child("w:sectPr") && each.next_sibling("w:p");
+    });
+    const Node lost = any(paragraphs, chance);
+    return lost && lost.parent().remove_child(lost);
+}
+
+bool plantInDocument(Node root, const std::string& fault, std::mt19937& chance) {
+    if (fault == "letter") {
+        const Node text = any(shown(root, "w:t", isShownText), chance);
+        return text && changeLetter(text);
+    }
+    if (fault == "place lost") return losePlace(root, chance);
+    if (fault == "place shifted") return shiftPlace(root, chance);
+    if (fault == "bold") return changeBold(root, chance);
+    return loseParagraph(root, chance);
+}
+
+/// Adds a line to what the reference of a name begins with: "Data!$B$2" becomes "Data!$B$12".
+bool shiftName(Node name) {
+    std::string formula = name.text().get();
+    const std::size_t at = formula.find('$', formula.find('$') + 1);
+    if (formula.find('(') != std::string::npos || at == std::string::npos) return false;
+    formula.insert(at + 1, "1");
+    return name.text().set(formula.c_str());
+}
+
+Nodes names(Node root) {
+    return shown(root, "definedName", [](Node each) {
+        return std::string(each.attribute("name").value()).starts_with("amm");
+    });
+}
+
+bool plantInSheet(Node root, const std::string& fault, std::mt19937& chance) {
+    const Nodes cells = shown(root, "c", [](Node cell) { return cell.child("v") && !cell.child("f"); });
+    if (fault == "letter") {
+        Nodes numbers;
+        std::ranges::copy_if(cells, std::back_inserter(numbers),
+                             [](Node cell) { return cell.attribute("t").value() == std::string(); });
+        const Node number = any(numbers, chance).child("v");
+        return number && number.text().set((std::string(number.text().get()) + "1").c_str());
+    }
+    if (fault == "bold") {
+        Nodes styled;
+        std::ranges::copy_if(cells, std::back_inserter(styled),
+                             [](Node cell) { return cell.attribute("s").as_int() != 0; });
+        return any(styled, chance).remove_attribute("s");
+    }
+    const Node lost = any(cells, chance);
+    return lost && lost.parent().remove_child(lost);
+}
+
+bool plantInNames(Node root, const std::string& fault, std::mt19937& chance) {
+    const Node name = any(names(root), chance);
+    if (!name) return false;
+    return fault == "place lost" ? name.parent().remove_child(name) : shiftName(name);
+}
+
+/// The parts in which a fault can be planted.
+std::vector<std::string> partsFor(const opc::Package& package, DocumentKind kind, const std::string& fault) {
+    if (kind == DocumentKind::Word || fault.starts_with("place")) return {package.mainPart()};
+    std::vector<std::string> sheets;
+    for (const std::string& name : package.partNames())
+        if (name.starts_with("/xl/worksheets/") && name.ends_with(".xml")) sheets.push_back(name);
+    return sheets;
+}
+
+}  // namespace
+
+const std::vector<std::string>& faultNames() {
+    static const std::vector<std::string> kNames{"letter", "place lost", "place shifted", "bold", "paragraph lost"};
+    return kNames;
+}
+
+std::optional<std::string> withFault(const std::string& bytes, DocumentKind kind, const std::string& fault,
+                                     std::mt19937& chance) {
+    opc::Package package = opc::Package::read(bytes, "saved");
+    std::vector<std::string> parts = partsFor(package, kind, fault);
+    std::ranges::shuffle(parts, chance);
+    for (const std::string& name : parts) {
+        const auto part = opc::XmlPart::parse(package.readPart(name), name, "saved");
+        const Node root = part->root();
+        const bool isPlanted = kind == DocumentKind::Word     ? plantInDocument(root, fault, chance)
+                               : fault.starts_with("place") ? plantInNames(root, fault, chance)
+                                                            : plantInSheet(root, fault, chance);
+        if (!isPlanted) continue;
+        package.writePart(name, part->toXml());
+        return packageBytes(package);
+    }
+    return {};
+}
+
+}  // namespace mergeloom
