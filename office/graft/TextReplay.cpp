@@ -76,6 +76,7 @@ void TextReplay::repeat(const TextEdit& edit) {
     const bool inserts = edit.nowStart != edit.nowEnd;
     if (hasStructure(edit)) {
         const std::optional<InsertedLines> lines = wholeLinesOf(edit);
+        if (!lines && repeatApart(edit)) return;
         if (!lines) refuse("text around a table was changed together with it", edit.nowStart.line);
         if (erases) erase(edit);
         return insertLines(*lines);
@@ -83,6 +84,19 @@ void TextReplay::repeat(const TextEdit& edit) {
     if (!erases) return insert(edit);
     if (!inserts) return void(erase(edit));
     insertInLine(edit);
+}
+
+/// Repeats new text at the end of a line and new lines after it one after the other. Returns false for other
+/// edits.
+bool TextReplay::repeatApart(const TextEdit& edit) {
+    const bool isInOneLine = edit.formerStart.line == edit.formerEnd.line;
+    if (!isInOneLine || edit.nowStart.line >= edited_.lines.size()) return false;
+    const LinePlace end{edit.nowStart.line, edited_.lines[edit.nowStart.line].units.size()};
+    const TextEdit lines{edit.formerEnd, edit.formerEnd, end, edit.nowEnd};
+    if (end == edit.nowStart || !wholeLinesOf(lines)) return false;
+    repeat(lines);
+    repeat(TextEdit{edit.formerStart, edit.formerEnd, edit.nowStart, end});
+    return true;
 }
 
 bool TextReplay::hasStructure(const TextEdit& edit) const {

@@ -36,6 +36,7 @@ class TextReplay {
     };
 
     void repeat(const TextEdit& edit);
+    bool repeatApart(const TextEdit& edit);
     /// Returns the position of the erased text.
     CharacterPosition erase(const TextEdit& edit);
     void insert(const TextEdit& edit);

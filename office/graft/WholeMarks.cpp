@@ -20,12 +20,20 @@ struct Marks {
     std::vector<pugi::xml_node> ends;
 };
 
+/// Returns true if a node repeats a text box for programs that cannot show it, with the names of its bookmarks.
+bool isCopy(pugi::xml_node node) {
+    while (node && node.name() != std::string_view("mc:Fallback"))
+        node = node.parent();
+    return static_cast<bool>(node);
+}
+
 /// Collects the bookmarks of a part by their names.
 class MarkCollector final : public pugi::xml_tree_walker {
   public:
     bool for_each(pugi::xml_node& node) override {
         const std::string_view name = node.name();
         const std::string id = node.attribute("w:id").value();
+        if ((name == kStart || name == kEnd) && isCopy(node)) return true;
         if (name == kStart) {
             marks[node.attribute("w:name").value()].starts.push_back(node);
             names_[id] = node.attribute("w:name").value();

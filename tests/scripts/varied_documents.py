@@ -203,8 +203,10 @@ def add_footnote(document, chance):
 
 
 def make_document(path, features, chance, picture):
-    """A document with the features between paragraphs."""
+    """A document with the features between paragraphs, as long as a letter of some pages."""
     document = docx.Document()
+    for _ in range(chance.randint(10, 30)):
+        document.add_paragraph(words(chance, 30))
     blocks = [name for name in features if name in BLOCKS]
     for name in features:
         document.add_paragraph(words(chance))
@@ -215,7 +217,8 @@ def make_document(path, features, chance, picture):
             document.element.body.insert(len(document.element.body) - 1, each)
         if chance.random() < 0.5:
             document.add_paragraph().add_run(words(chance)).bold = True
-    document.add_paragraph(words(chance))
+    for _ in range(chance.randint(5, 30)):
+        document.add_paragraph(words(chance, 30))
     document.save(path)
     if "macros" in features:
         retype(path, "document.main+xml", "application/vnd.ms-word.document.macroEnabled.main+xml")

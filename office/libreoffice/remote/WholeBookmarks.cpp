@@ -2,6 +2,7 @@
 
 #include "office/libreoffice/session/MarkTags.h"
 
+#include <iterator>
 #include <map>
 #include <string_view>
 #include <vector>
@@ -18,15 +19,38 @@ struct Marks {
 
 constexpr std::string_view kTableEnd = "</w:tbl>";
 
+/// The parts of the XML that repeat a text box for programs that cannot show it (ECMA-376 Part 3, 10.2.3). Their
+/// bookmarks have the names of those that they repeat.
+class CopiedText {
+  public:
+    explicit CopiedText(std::string_view xml) {
+        for (std::size_t at = xml.find(kStart); at != std::string_view::npos; at = xml.find(kStart, at + 1))
+            ends_[at] = xml.find(kEnd, at);
+    }
+
+    [[nodiscard]] bool contains(const MarkTag& tag) const {
+        const auto after = ends_.upper_bound(tag.at);
+        return after != ends_.begin() && tag.at < std::prev(after)->second;
+    }
+
+  private:
+    static constexpr std::string_view kStart = "<mc:Fallback>";
+    static constexpr std::string_view kEnd = "</mc:Fallback>";
+
+    std::map<std::size_t, std::size_t> ends_;  ///< by the starts
+};
+
 std::map<std::string, Marks> marksByName(std::string_view xml) {
     std::map<std::string, Marks> marks;
     std::map<std::string, std::string> names;
+    const CopiedText copies(xml);
     for (const MarkTag& start : startTags(xml)) {
+        if (copies.contains(start)) continue;
         marks[start.name].starts.push_back(start);
         names[start.id] = start.name;
     }
     for (const MarkTag& end : endTags(xml))
-        marks[names[end.id]].ends.push_back(end);
+        if (!copies.contains(end)) marks[names[end.id]].ends.push_back(end);
     return marks;
 }
 

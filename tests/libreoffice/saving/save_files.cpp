@@ -205,10 +205,12 @@ class Saver {
     void editText(word::Application& word, const word::DocumentPtr& document) {
         for (int field = 0; field <= kFields; ++field) {
             office_->connection().call([&] { goTo(*document, field); });
+            libreoffice::beginEditing(*document);
             if (field == 0)
                 word.Selection()->TypeText(" added");
             else
                 structure_.drop(std::to_string(field + 1) + "k", document);
+            libreoffice::endEditing(*document);
         }
         word.Selection()->EndKey(word::WdUnits::wdStory);
         word.Selection()->TypeParagraph();
