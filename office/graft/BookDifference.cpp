@@ -56,6 +56,7 @@ class Comparison {
         std::ranges::set_difference(former_.merges, now_.merges,
                                     std::back_inserter(difference_.removedMerges));
         std::ranges::set_difference(now_.merges, former_.merges, std::back_inserter(difference_.addedMerges));
+        difference_.hasOtherLinks = former_.links != now_.links;
         return std::move(difference_);
     }
 

@@ -43,12 +43,13 @@ struct SheetDifference {
     std::vector<ColumnsChange> columns;
     std::vector<std::string> removedMerges;
     std::vector<std::string> addedMerges;
+    bool hasOtherLinks = false;
 
     /// Returns true if only results differ. Formulas of the time or of random numbers have a new result in
     /// each export.
     [[nodiscard]] bool isEmpty() const {
         return cells.empty() && rows.empty() && columns.empty() && removedMerges.empty() &&
-               addedMerges.empty();
+               addedMerges.empty() && !hasOtherLinks;
     }
 };
 

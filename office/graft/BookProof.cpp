@@ -67,6 +67,8 @@ class BookProof {
         if (auto fault = cellFault(difference, edited, again, proof)) return fault;
         if (!difference.removedMerges.empty() || !difference.addedMerges.empty())
             return GraftRefusal{"other cells would be merged in the result", edited.name()};
+        if (difference.hasOtherLinks && (again == nullptr || again->links != proof.links))
+            return GraftRefusal{"in the result a link would differ", edited.name()};
         if (!haveSameSizes(difference))
             return GraftRefusal{"rows or columns would differ in the result", edited.name()};
         const auto section = differentSection(edited.sections, proof.sections);

@@ -81,6 +81,7 @@ void BookReplay::repeat(const ExportedSheet& former, const ExportedSheet& now,
         repeatRow(sheet, change);
     repeatColumns(sheet, now, difference);
     repeatMerges(sheet, difference);
+    if (difference.hasOtherLinks) repeatLinks(original_, sheet, former.links, now.links);
 }
 
 void BookReplay::repeatContent(std::size_t sheet, const CellChange& change) {

@@ -12,7 +12,7 @@ namespace mergeloom::graft {
 namespace {
 
 /// Content that is ignored: ids that LibreOffice generates for each export, copies of cells' values in
-/// charts, dates, sizes that it measures, and tips of links.
+/// charts, dates, and sizes that it measures.
 constexpr std::array kVolatileNames{
     VolatileName{"c:axId", "val"},
     VolatileName{"c:crossAx", "val"},
@@ -27,7 +27,6 @@ constexpr std::array kVolatileNames{
     VolatileName{"v:*", "id"},
     VolatileName{"v:*", "type"},
     VolatileName{"*", "o:spid"},
-    VolatileName{"hyperlink", "display"},
     VolatileName{"tableColumn", "name"},
     VolatileName{"sheetFormatPr", "defaultRowHeight"},
     VolatileName{"sheetFormatPr", "defaultColWidth"},
@@ -69,7 +68,6 @@ constexpr SectionReason kReasons[] = {
     {"autoFilter", "a filter was changed"},
     {"conditionalFormatting", "a conditional format was changed"},
     {"dataValidations", "a validity rule was changed"},
-    {"hyperlinks", "a link was changed"},
     {"printOptions", "the page's settings were changed"},
     {"pageMargins", "the page's margins were changed"},
     {"pageSetup", "the page's settings were changed"},

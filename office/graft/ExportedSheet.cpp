@@ -15,8 +15,8 @@ namespace {
 /// sheet refer to them by id.
 constexpr std::array<std::string_view, 3> kReadElsewhere{"drawing", "vmlDrawing", "hyperlink"};
 
-constexpr std::array<std::string_view, 7> kNoSections{"dimension", "sheetViews",    "sheetData", "cols",
-                                                      "drawing",   "legacyDrawing", "mergeCells"};
+constexpr std::array<std::string_view, 8> kNoSections{
+    "dimension", "sheetViews", "sheetData", "cols", "drawing", "legacyDrawing", "mergeCells", "hyperlinks"};
 
 /// The order of these elements' children differs between exports.
 bool hasSortedContent(std::string_view section) {
@@ -117,6 +117,7 @@ ExportedSheet::ExportedSheet(std::string name, opc::Package& package, const std:
         merges.insert(merge.attribute("ref").value());
     defaultHeight = root.child("sheetFormatPr").attribute("defaultRowHeight").as_double();
     readSections(package, partName, formats);
+    readLinks(package.relationshipsOf(partName));
     readTargets(package, partName);
 }
 
@@ -132,6 +133,14 @@ void ExportedSheet::readSections(opc::Package& package, const std::string& partN
         const std::string area = child.attribute("sqref").value();
         sections[child.name()] +=
             area + (hasSortedContent(name) ? sortedChildren(child, canonical) : canonical.of(child));
+    }
+}
+
+void ExportedSheet::readLinks(const opc::Relationships& relationships) {
+    for (const pugi::xml_node node : part_->root().child("hyperlinks").children("hyperlink")) {
+        const opc::Relationship* const target = relationships.find(node.attribute("r:id").value());
+        links[node.attribute("ref").value()] = {target == nullptr ? "" : target->target,
+                                                node.attribute("location").value()};
     }
 }
 

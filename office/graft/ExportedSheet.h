@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/graft/CellLinks.h"
 #include "office/graft/ExportedFormats.h"
 #include "office/graft/FormatNumbers.h"
 #include "office/graft/ObjectPlace.h"
@@ -111,7 +112,8 @@ class ExportedSheet {
     std::vector<std::string> objects;  ///< the drawing's objects, without their places
     std::vector<ObjectPlace> places;   ///< those of the objects
     std::string otherPlaces;           ///< the boxes of comments and controls
-    double defaultHeight = 0;          ///< of rows, in points
+    CellLinks links;
+    double defaultHeight = 0;  ///< of rows, in points
 
   private:
     void readSections(opc::Package& package, const std::string& partName, const ExportedFormats& formats);
@@ -119,6 +121,7 @@ class ExportedSheet {
     void readRow(pugi::xml_node node, const ExportedTexts& texts);
     void readColumns(pugi::xml_node list);
     void readDrawing(opc::Package& package, const std::string& partName);
+    void readLinks(const opc::Relationships& relationships);
     void readTargets(opc::Package& package, const std::string& partName);
 
     std::string name_;

@@ -246,7 +246,8 @@ void TextReplay::insertParagraphs(const InsertedLines& lines, bool isFirst) {
                            !endsSection(partner(lines.before - 1));
     const bool hasNext = lines.before < baseline_.lines.size() && hasPartner(lines.before) &&
                          baseline_.lines[lines.before].depth == depth;
-    const bool followsFormer = hasFormer && isFirst && lines.start > 0 && looksAlike(lines.start, lines.start - 1);
+    const bool followsFormer =
+        hasFormer && isFirst && lines.start > 0 && looksAlike(lines.start, lines.start - 1);
     if (hasFormer && (followsFormer || !hasNext)) {
         const CharacterPosition position = partner(lines.before - 1).mark;
         text.text.insert(0, "\r");

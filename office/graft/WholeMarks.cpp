@@ -20,7 +20,8 @@ struct Marks {
     std::vector<pugi::xml_node> ends;
 };
 
-/// Returns true if a node repeats a text box for programs that cannot show it, with the names of its bookmarks.
+/// Returns true if a node repeats a text box for programs that cannot show it, with the names of its
+/// bookmarks.
 bool isCopy(pugi::xml_node node) {
     while (node && node.name() != std::string_view("mc:Fallback"))
         node = node.parent();

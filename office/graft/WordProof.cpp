@@ -20,8 +20,8 @@ std::string withoutBlanksAtEnd(std::string key) {
     return key;
 }
 
-/// Returns true if a line of the proof has the text of the edited document. LibreOffice does not read blanks at
-/// the ends of cells in documents of the modes before Word 2013, not even from its own export.
+/// Returns true if a line of the proof has the text of the edited document. LibreOffice does not read blanks
+/// at the ends of cells in documents of the modes before Word 2013, not even from its own export.
 bool haveSameText(const Line& edited, const Line* again, const Line& proof) {
     const std::string wanted = textKeyOf(edited);
     const std::string found = textKeyOf(proof);
@@ -95,8 +95,8 @@ class Proof {
         const std::string moved = movedMark(edited, proof, again.whole());
         if (!moved.empty()) return GraftRefusal{"a place would be elsewhere in the result", moved};
         if (auto fault = compareForms(number, edited, proof, again)) return fault;
-        const bool isSameSection =
-            edited.section == proof.section || (again.story() != nullptr && again.story()->section == proof.section);
+        const bool isSameSection = edited.section == proof.section ||
+                                   (again.story() != nullptr && again.story()->section == proof.section);
         if (!isSameSection) return GraftRefusal{"the page would differ in the result", {}};
         return {};
     }

@@ -72,11 +72,11 @@ std::string end(const std::string& id) {
 const std::string kShape = "<w:r><w:drawing><wp:anchor/></w:drawing></w:r>";
 
 const std::string kBoxes =
-    "<w:r><mc:AlternateContent xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\"><mc:Choice "
+    "<w:r><mc:AlternateContent "
+    "xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\"><mc:Choice "
     "Requires=\"wps\"><w:txbxContent>" +
     p(start("1", "A") + run("a") + end("1")) + "</w:txbxContent></mc:Choice><mc:Fallback><w:txbxContent>" +
-    p(start("2", "A") + run("a") + end("2")) +
-    "</w:txbxContent></mc:Fallback></mc:AlternateContent></w:r>";
+    p(start("2", "A") + run("a") + end("2")) + "</w:txbxContent></mc:Fallback></mc:AlternateContent></w:r>";
 
 /// An edit of a document that the office exports as it is.
 struct Edit {
@@ -166,7 +166,8 @@ TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
         {"a table", kFirst + kLast, kFirst + table(kOtherRow + kRow) + kLast},
         {"a table at the end", kFirst, kFirst + kTable + p("")},
         {"text and a table at the end", kFirst, paragraph("First too") + kTable + p("")},
-        {"another end of a text and a table", kFirst + paragraph("ab"), kFirst + paragraph("ac") + kTable + p("")},
+        {"another end of a text and a table", kFirst + paragraph("ab"),
+         kFirst + paragraph("ac") + kTable + p("")},
         {"a table at the end after a new paragraph", kFirst, kFirst + kLast + kTable + p("")},
         {"a paragraph after a new table", kFirst + kLast, kFirst + kTable + paragraph("x") + kLast},
         {"a table over which a place reaches", kFirst,
@@ -225,8 +226,8 @@ TEST(WordStructureTest, IgnoresWhatNoUserChanged) {
         {"a place in a text box that is written twice", p(kBoxes) + p(start("7", "B") + run("x") + end("7")),
          p(kBoxes) + p(run("") + start("7", "B") + run("x") + end("7"))},
         {"a place over a table written as one to its last cell",
-         table(row(cell(p(start("1", "T") + run("a"))) +
-                   cell(p(start("2", "T") + run("b") + end("2"))))) + kLast,
+         table(row(cell(p(start("1", "T") + run("a"))) + cell(p(start("2", "T") + run("b") + end("2"))))) +
+             kLast,
          table(row(cell(p(start("1", "T") + run("a"))) + kCellB)) + end("1") + kLast},
     };
     for (const Edit& edit : edits)

@@ -19,8 +19,8 @@ struct Marks {
 
 constexpr std::string_view kTableEnd = "</w:tbl>";
 
-/// The parts of the XML that repeat a text box for programs that cannot show it (ECMA-376 Part 3, 10.2.3). Their
-/// bookmarks have the names of those that they repeat.
+/// The parts of the XML that repeat a text box for programs that cannot show it (ECMA-376 Part 3, 10.2.3).
+/// Their bookmarks have the names of those that they repeat.
 class CopiedText {
   public:
     explicit CopiedText(std::string_view xml) {

@@ -8,6 +8,7 @@
 #include "office/graft/PackageGraft.h"
 #include "office/libreoffice/excel/CalcHosting.h"
 #include "office/libreoffice/excel/CalcOffice.h"
+#include "office/libreoffice/session/UnoText.h"
 #include "office/model/OfficeDocument.h"
 #include "office/opc/ZipReader.h"
 
@@ -15,11 +16,15 @@
 #include <gtest/gtest.h>
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/table/XCellRange.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/table/XTableColumns.hpp>
 #include <com/sun/star/table/XTableRows.hpp>
+#include <com/sun/star/text/XText.hpp>
+#include <com/sun/star/text/XTextContent.hpp>
+#include <com/sun/star/text/XTextCursor.hpp>
 #include <com/sun/star/util/XMergeable.hpp>
 #include <functional>
 
@@ -208,6 +213,39 @@ TEST_F(BookOriginalTest, GetsValuesFormatsAndFormulas) {
     EXPECT_THAT(sheetXml, HasSubstr("<ignoredError sqref=\"A1\""));
     EXPECT_THAT(partOf(file, "/xl/styles.xml"),
                 HasSubstr("<color theme=\"4\"/><name val=\"Calibri\"/><scheme"));
+}
+
+/// Links of cells, one after the other, and back to the original.
+TEST_F(BookOriginalTest, GetsLinksOfCells) {
+    openOriginal();
+    const auto link = [&](const std::string& address) {
+        edit([&](const Reference<css::table::XCellRange>& sheet) {
+            const Reference<css::text::XText> cell(sheet->getCellByPosition(2, 3), UNO_QUERY_THROW);
+            cell->setString("");
+            if (address.empty()) return;
+            const Reference<css::sheet::XSpreadsheetDocument> book(libreoffice::componentOf(*workbook),
+                                                                   UNO_QUERY_THROW);
+            const Reference<css::lang::XMultiServiceFactory> factory(book, UNO_QUERY_THROW);
+            const Reference<css::text::XTextContent> field(
+                factory->createInstance("com.sun.star.text.TextField.URL"), UNO_QUERY_THROW);
+            const Reference<css::beans::XPropertySet> set(field, UNO_QUERY_THROW);
+            set->setPropertyValue("URL", css::uno::Any(libreoffice::toUno(address)));
+            set->setPropertyValue("Representation", css::uno::Any(rtl::OUString("site")));
+            const Reference<css::text::XTextRange> start(cell->createTextCursor(), UNO_QUERY_THROW);
+            cell->insertTextContent(start, field, false);
+        });
+        return saved();
+    };
+    for (const char* address : {"https://example.org/x?a=1&b=2", "mailto:x@example.org"}) {
+        const std::string file = link(address);
+        EXPECT_THAT(partOf(file, sheetPart(1)), HasSubstr("<hyperlink ref=\"C4\" r:id=\"rId1\"/>"));
+        opc::Package package = opc::Package::read(file, "saved");
+        ASSERT_EQ(package.relationshipsOf(sheetPart(1)).all().size(), 1U);
+        EXPECT_EQ(package.relationshipsOf(sheetPart(1)).all()[0].target, address);
+    }
+    EXPECT_THAT(partOf(link("#Sheet1.A1"), sheetPart(1)),
+                HasSubstr("<hyperlink ref=\"C4\" location=\"Sheet1!A1\"/>"));
+    EXPECT_THAT(partOf(link(""), sheetPart(1)), Not(HasSubstr("hyperlink")));
 }
 
 /// Inserts and removes rows and columns of a sheet with cells, a name and a sum below.

@@ -17,15 +17,16 @@ using Nodes = std::vector<Node>;
 
 /// Content that no office shows, or that it computes anew.
 bool isHidden(Node node) {
-    static const std::vector<std::string> kHidden{"mc:Fallback", "w:del", "w:moveFrom", "w:fldSimple", "w:sdtPr",
-                                                  "w:sdt"};
+    static const std::vector<std::string> kHidden{"mc:Fallback", "w:del",   "w:moveFrom",
+                                                  "w:fldSimple", "w:sdtPr", "w:sdt"};
     for (; node; node = node.parent())
         if (std::ranges::find(kHidden, node.name()) != kHidden.end()) return true;
     return false;
 }
 
 /// The elements of a name that are shown.
-Nodes shown(Node root, const std::string& name, const std::function<bool(Node)>& is = [](Node) { return true; }) {
+Nodes shown(
+    Node root, const std::string& name, const std::function<bool(Node)>& is = [](Node) { return true; }) {
     Nodes found;
     struct Walker final : pugi::xml_tree_walker {
         std::function<bool(Node&)> visit;
@@ -163,9 +164,8 @@ bool shiftName(Node name) {
 }
 
 Nodes names(Node root) {
-    return shown(root, "definedName", [](Node each) {
-        return std::string(each.attribute("name").value()).starts_with("amm");
-    });
+    return shown(root, "definedName",
+                 [](Node each) { return std::string(each.attribute("name").value()).starts_with("amm"); });
 }
 
 bool plantInSheet(Node root, const std::string& fault, std::mt19937& chance) {
@@ -205,7 +205,8 @@ std::vector<std::string> partsFor(const opc::Package& package, DocumentKind kind
 }  // namespace
 
 const std::vector<std::string>& faultNames() {
-    static const std::vector<std::string> kNames{"letter", "place lost", "place shifted", "bold", "paragraph lost"};
+    static const std::vector<std::string> kNames{"letter", "place lost", "place shifted", "bold",
+                                                 "paragraph lost"};
     return kNames;
 }
 
@@ -217,7 +218,7 @@ std::optional<std::string> withFault(const std::string& bytes, DocumentKind kind
     for (const std::string& name : parts) {
         const auto part = opc::XmlPart::parse(package.readPart(name), name, "saved");
         const Node root = part->root();
-        const bool isPlanted = kind == DocumentKind::Word     ? plantInDocument(root, fault, chance)
+        const bool isPlanted = kind == DocumentKind::Word   ? plantInDocument(root, fault, chance)
                                : fault.starts_with("place") ? plantInNames(root, fault, chance)
                                                             : plantInSheet(root, fault, chance);
         if (!isPlanted) continue;

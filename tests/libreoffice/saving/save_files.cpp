@@ -1,10 +1,12 @@
-/// Edits files of other programs in LibreOffice as the window does, saves them, and prints a line of JSON for each.
+/// Edits files of other programs in LibreOffice as the window does, saves them, and prints a line of JSON for
+/// each.
 ///
 ///     save_files STRUCTURE FAULTS FILE...
 ///
-/// Each file is saved once without a change and once after a word, eight fields and a table were put into it; the
-/// result stays in the file. STRUCTURE has the fields with the keys 2 to 9 and a table with the key 10. FAULTS is the
-/// number of faults of each kind that are planted into each result, to see whether the proof notices them.
+/// Each file is saved once without a change and once after a word, eight fields and a table were put into it;
+/// the result stays in the file. STRUCTURE has the fields with the keys 2 to 9 and a table with the key 10.
+/// FAULTS is the number of faults of each kind that are planted into each result, to see whether the proof
+/// notices them.
 
 #include "base/AutomationError.h"
 #include "base/DiskFileStore.h"
@@ -232,7 +234,8 @@ class Saver {
         const std::size_t at = paragraphs.size() * static_cast<std::size_t>(field) / (kFields + 1);
         view->getViewCursor()->gotoRange(paragraphs[at]->getEnd(), false);
     }
-    /// Puts the word, the fields and the table below what the active sheet has, a field also into the used area.
+    /// Puts the word, the fields and the table below what the active sheet has, a field also into the used
+    /// area.
     void editBook(excel::Application& application, const excel::WorkbookPtr& book) {
         const excel::WorksheetPtr sheet = application.ActiveCell()->Worksheet();
         const int end = office_->connection().call([&] { return usedRows(*book, sheet->Name()); });
@@ -248,11 +251,13 @@ class Saver {
         const Reference<css::sheet::XSpreadsheetDocument> document(libreoffice::componentOf(book),
                                                                    UNO_QUERY_THROW);
         const Reference<css::container::XNameAccess> sheets(document->getSheets(), UNO_QUERY_THROW);
-        const Reference<css::sheet::XSpreadsheet> sheet(
-            sheets->getByName(libreoffice::toUno(sheetName)), UNO_QUERY_THROW);
+        const Reference<css::sheet::XSpreadsheet> sheet(sheets->getByName(libreoffice::toUno(sheetName)),
+                                                        UNO_QUERY_THROW);
         const Reference<css::sheet::XSheetCellCursor> cursor = sheet->createCursor();
         Reference<css::sheet::XUsedAreaCursor>(cursor, UNO_QUERY_THROW)->gotoEndOfUsedArea(false);
-        return Reference<css::sheet::XCellRangeAddressable>(cursor, UNO_QUERY_THROW)->getRangeAddress().EndRow +
+        return Reference<css::sheet::XCellRangeAddressable>(cursor, UNO_QUERY_THROW)
+                   ->getRangeAddress()
+                   .EndRow +
                1;
     }
     void saveEdited(model::OfficeDocument& document) {

@@ -30,7 +30,8 @@ TEST(WholeBookmarks, OneStartAndOneEnd) {
         EXPECT_EQ(withWholeBookmarks(c.written).value_or("untouched"), c.expected) << c.written;
     EXPECT_FALSE(withWholeBookmarks(start("0", "A") + "a" + end("0") + start("1", "B") + end("1")));
     const std::string box = start("0", "A") + "a" + end("0");
-    EXPECT_FALSE(withWholeBookmarks(box + "<mc:Fallback>" + start("1", "A") + "a" + end("1") + "</mc:Fallback>"));
+    EXPECT_FALSE(
+        withWholeBookmarks(box + "<mc:Fallback>" + start("1", "A") + "a" + end("1") + "</mc:Fallback>"));
 }
 
 TEST(WholeBookmarks, OverTheWholeOfATable) {
