@@ -23,7 +23,7 @@ STRUCTURE = ROOT / "tests" / "scripts" / "saved_fields.xml"
 DOCUMENTS = {
     "marks.docx": ("marks", "field", "link", "looks", "list", "header"),
     "boxes.docx": ("alternate", "grid table", "footnote", "bidi", "columns"),
-    "hard.docx": ("block control", "text control", "changes", "picture"),
+    "hard.docx": ("check control", "text control", "changes", "picture"),
 }
 WORKBOOKS = {
     "tables.xlsx": ("rich", "table", "chart", "comment", "rule", "names"),
