@@ -3,8 +3,11 @@
 belong to, beside sqlite3 -json and mdb-json with a script that nests them.
 
 Usage: describe.py PROGRAM [--tables N] [--records N] [--runs N]. It needs the Debian packages sqlite3, mdbtools and time.
+PostgreSQL and MariaDB are measured where they and their drivers are installed; the time of their processors stands
+beside that of the program.
 """
 import argparse
+import os
 import pathlib
 import sqlite3
 import statistics
@@ -14,6 +17,7 @@ import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "tests" / "scripts"))
 from access_file import BOOLEAN, DATE, DOUBLE, LONG, MONEY, TEXT, AccessFile, Column  # noqa: E402
+from database_servers import PASSWORD, MariaDb, NotThere, PostgreSql  # noqa: E402
 
 NESTING = """
 import json, subprocess, sys
@@ -49,6 +53,14 @@ def make_access_tables(path, count):
                                       Column("d", TEXT), Column("e", DOUBLE), Column("before", LONG)], [], keys=[[0]])
         file.add_relation(f"r{number}", f"t{number}", ["before"], f"t{max(0, number - 1)}", ["id"])
     file.save(path)
+
+
+def make_server_tables(server, count):
+    """The same in a server."""
+    server.execute("\n".join(
+        f"CREATE TABLE t{number} (id INTEGER PRIMARY KEY, a VARCHAR(50), b INTEGER, c DATE, d VARCHAR(50), "
+        f"e DOUBLE PRECISION, before_it INTEGER, FOREIGN KEY (before_it) REFERENCES t{max(0, number - 1)} (id));"
+        for number in range(count)))
 
 
 def make_records(path, count):
@@ -96,6 +108,27 @@ def show(title, figures):
     print(f"{title:54} {figures[0]:6.2f} s {figures[1]:6.2f} s of the processor {figures[2]:5.0f} MB")
 
 
+def measure_server(kind, options, target):
+    """The structure of the tables of a server; a connection before warms up the server."""
+    try:
+        server = kind()
+    except NotThere as reason:
+        print(f"{kind.__name__} is left out: {reason}")
+        return
+    try:
+        make_server_tables(server, options.tables)
+        os.environ["MERGELOOM_ODBC_PASSWORD"] = PASSWORD
+        command = [options.program, server.source, "--output", target]
+        measure(command, 1)
+        before = server.processor_seconds()
+        figures = measure(command, options.runs)
+        share = (server.processor_seconds() - before) / options.runs
+        show(f"{kind.__name__}: the structure of {options.tables} tables", figures)
+        print(f"{'':54} {'':8} {share:6.2f} s of the processor in the server")
+    finally:
+        server.stop()
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program")
@@ -109,6 +142,8 @@ def main():
             make(folder / name, options.tables)
             show(f"{name}: the structure of {options.tables} tables",
                  measure([options.program, folder / name, "--output", folder / "tables.xml"], options.runs))
+        for kind in (PostgreSql, MariaDb):
+            measure_server(kind, options, folder / "tables.xml")
         for make, name, peer in ((make_records, "records.db", "sqlite3"), (make_access_records, "records.mdb", "mdb")):
             make(folder / name, options.records)
             ours = measure([options.program, folder / name, "--object", "orders", "--records", "all", "--output",
@@ -116,7 +151,7 @@ def main():
             theirs = measure([sys.executable, "-c", NESTING, folder / name, folder / "records.json"], options.runs)
             show(f"{name}: {options.records} records with two others each", ours)
             show(f"{peer}-json and a script that nests them", theirs)
-            print(f"times as fast: {theirs[0] / ours[0]:.2f}, by processor time {theirs[1] / ours[1]:.2f}")
+            print(f"times as fast: {theirs[0] / ours[0]:.2f}, by processor time {theirs[1] / max(ours[1], 0.01):.2f}")
 
 
 if __name__ == "__main__":

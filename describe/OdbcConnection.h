@@ -71,6 +71,9 @@ class OdbcStatement {
     void listUniqueIndexes(const OdbcTable& table);
     void listForeignKeys(const OdbcTable& table);
 
+    /// Limits the values that next() reads to those of these columns. The others are Null.
+    void readOnly(const std::vector<std::size_t>& columns);
+
     /// Moves to the next row and reads it. Raises OdbcError.
     bool next();
     /// Returns a value of the current row, whose text is valid until the next one.
@@ -88,9 +91,10 @@ class OdbcStatement {
     std::shared_ptr<OdbcConnection> connection_;
     void* statement_ = nullptr;
     std::u16string parameter_;
-    std::vector<Value::Kind> kinds_;
+    std::vector<Value::Kind> kinds_;  ///< Null for a column that is not read
     std::vector<std::string> texts_;
     std::vector<Value> values_;
+    std::vector<char16_t> piece_;  ///< of a value that is being read
 };
 
 }  // namespace mergeloom::describe

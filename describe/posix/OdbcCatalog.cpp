@@ -174,6 +174,7 @@ int OdbcCatalog::typeOf(const std::string& table, const std::string& column) con
 void OdbcCatalog::readTables() {
     OdbcStatement list(connection_);
     list.listTables(catalog_);
+    list.readOnly({tables::kSchema, tables::kName, tables::kType});
     std::vector<std::pair<OdbcTable, TableKind>> found;
     std::map<std::string, int> counts;
     while (list.next()) {
@@ -195,12 +196,18 @@ void OdbcCatalog::readColumns() {
     const bool hasSchemas =
         std::ranges::any_of(places_, [](const auto& entry) { return !entry.second.schema.empty(); });
     list.listColumns(catalog_, hasSchemas ? "%" : "");
+    list.readOnly({columns::kSchema, columns::kTable, columns::kName, columns::kType, columns::kTypeName,
+                   columns::kDecimals});
+    Table* table = nullptr;
     while (list.next()) {
         const auto name = names_.find({list.text(columns::kSchema), list.text(columns::kTable)});
         if (name == names_.end()) continue;
-        const Column column = columnOf(list);
+        // The columns of a table follow each other; searching the table for each takes longer than reading
+        // it.
+        if (table == nullptr || table->name != name->second) table = &tableOf(name->second);
+        Column column = columnOf(list);
         types_[{name->second, column.name}] = list.number(columns::kType);
-        tableOf(name->second).columns.push_back(column);
+        table->columns.push_back(std::move(column));
     }
 }
 

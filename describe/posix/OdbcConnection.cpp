@@ -251,21 +251,28 @@ void OdbcStatement::prepareRows() {
     }
     texts_.resize(kinds_.size());
     values_.resize(kinds_.size());
+    piece_.resize(kValuePieceSize / sizeof(char16_t) + 1);
+}
+
+void OdbcStatement::readOnly(const std::vector<std::size_t>& columns) {
+    for (std::size_t column = 0; column < kinds_.size(); ++column) {
+        if (std::ranges::find(columns, column) == columns.end()) kinds_[column] = Value::Kind::Null;
+    }
 }
 
 bool OdbcStatement::next() {
     const SQLRETURN result = SQLFetch(statement_);
     check(result);
     if (result == SQL_NO_DATA) return false;
-    for (std::size_t column = 0; column < values_.size(); ++column)
-        readValue(column);
+    for (std::size_t column = 0; column < values_.size(); ++column) {
+        if (kinds_[column] != Value::Kind::Null) readValue(column);
+    }
     return true;
 }
 
 void OdbcStatement::readValue(std::size_t column) {
     const bool isText = kinds_[column] == Value::Kind::Text;
-    std::array<char16_t, kValuePieceSize / sizeof(char16_t) + 1> piece{};
-    const std::size_t room = isText ? sizeof piece : kValuePieceSize;
+    const std::size_t room = isText ? kValuePieceSize + sizeof(char16_t) : kValuePieceSize;
     std::u16string units;
     std::string& text = texts_[column];
     text.clear();
@@ -275,7 +282,7 @@ void OdbcStatement::readValue(std::size_t column) {
         SQLLEN size = 0;
         result =
             SQLGetData(statement_, static_cast<SQLUSMALLINT>(column + 1), isText ? SQL_C_WCHAR : SQL_C_BINARY,
-                       piece.data(), static_cast<SQLLEN>(room), &size);
+                       piece_.data(), static_cast<SQLLEN>(room), &size);
         check(result);
         if (size == SQL_NULL_DATA) return;
         if (result == SQL_NO_DATA) break;
@@ -285,9 +292,9 @@ void OdbcStatement::readValue(std::size_t column) {
         if (isFull && size != SQL_NO_TOTAL && !isText && text.empty())
             text.reserve(static_cast<std::size_t>(size));
         if (isText)
-            units.append(piece.data(), bytes / sizeof(char16_t));
+            units.append(piece_.data(), bytes / sizeof(char16_t));
         else
-            text.append(reinterpret_cast<const char*>(piece.data()), bytes);
+            text.append(reinterpret_cast<const char*>(piece_.data()), bytes);
         if (!isFull) break;
     }
     if (isText) text = fromUtf16(units);

@@ -40,6 +40,15 @@ def with_keys(statements):
     }.get(found[1], ""), statements)
 
 
+def ticks_of(process):
+    """The processor time of a process and of its children that have ended."""
+    try:
+        fields = Path(f"/proc/{process}/stat").read_text(encoding="ascii").rpartition(")")[2].split()
+    except FileNotFoundError:
+        return 0
+    return sum(map(int, fields[11:15]))
+
+
 class Server:
     """A server that runs until it is stopped. Its files are the user's who may run it."""
 
@@ -57,6 +66,16 @@ class Server:
         if done.returncode != 0:
             raise NotThere(f"{Path(arguments[0]).name}: {done.stderr.strip()}")
         return done.stdout
+
+    def process_number(self):
+        """The number of the process that the others of the server come from."""
+        raise NotImplementedError
+
+    def processor_seconds(self):
+        """The time for which the processes of the server ran until now, without those that end just then."""
+        number = self.process_number()
+        children = Path(f"/proc/{number}/task/{number}/children").read_text(encoding="ascii").split()
+        return sum(ticks_of(process) for process in [number, *children]) / os.sysconf("SC_CLK_TCK")
 
     def clean(self):
         shutil.rmtree(self.folder, ignore_errors=True)
@@ -90,6 +109,9 @@ class PostgreSql(Server):
     def execute(self, statements):
         self.run(self.home / "psql", "-h", self.folder, "-U", "clerk", "-v", "ON_ERROR_STOP=1", "-q", "postgres",
                  input=statements, env={**os.environ, "PGPASSWORD": PASSWORD})
+
+    def process_number(self):
+        return int((self.folder / "data" / "postmaster.pid").read_text(encoding="ascii").splitlines()[0])
 
     def load(self, statements):
         """Keeps the letters of names, and lets numbers be booleans."""
@@ -137,6 +159,9 @@ class MariaDb(Server):
     def execute(self, statements, database="shop"):
         self.run("mariadb", "--no-defaults", f"--socket={self.socket}", "-u", "root", "--default-character-set=utf8mb4",
                  database, input=statements)
+
+    def process_number(self):
+        return self.process.pid
 
     def load(self, statements):
         self.execute(with_keys(statements))

@@ -10,6 +10,7 @@ import subprocess
 import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
+from unittest import mock
 
 import docx
 
@@ -144,6 +145,7 @@ class ServerTest(SourceTest):
     """A server with a password. It is started once for all tests."""
 
     server_type = None
+    listed = ()  # the arguments for the objects whose keys the driver lists, too
 
     @classmethod
     def setUpClass(cls):
@@ -157,6 +159,20 @@ class ServerTest(SourceTest):
         cls.server.load(HARBOUR)
         cls.server.load(cls.parts)
         cls.server.load(PIERS)
+
+    @unittest.skipIf(os.environ.get("MERGELOOM_SANITIZE") == "1", "sanitizers have to be loaded first")
+    def test_keys_of_single_tables_are_those_of_all(self):
+        """The driver lists the keys of a table; the database's own catalog has those of all."""
+        refusing = Path(PROGRAM).with_name("test_refused_keys.so")
+        self.assertTrue(refusing.exists())
+        expected = self.describe(*self.listed)
+        # Without the keys there would be no form.
+        self.assertIn('<Form Name="Piers"', expected.stdout)
+        for refused in ("all", "each"):
+            with self.subTest(refused=refused), mock.patch.dict(os.environ, LD_PRELOAD=str(refusing),
+                                                                MERGELOOM_REFUSED_KEYS=refused):
+                ended = self.describe(*self.listed)
+                self.assertEqual((ended.returncode, ended.stdout), (0, expected.stdout))
 
     def test_no_password_is_told(self):
         for ended in (run(DESCRIBE, self.source), self.describe(password="not this one")):
@@ -240,6 +256,8 @@ class OverPostgreSql(ServerTest, ProgramTest):
 
 class OverMariaDb(ServerTest, ProgramTest):
     server_type = MariaDb
+    # The driver leaves out the key of the boats, since it does not refer to a primary key.
+    listed = ("--object", "Form Orders", "--object", "Form Customers", "--object", "Form Piers")
     parts = (f"CREATE TABLE Parts (ID INTEGER PRIMARY KEY, Note TEXT, Photo BLOB);"
              f"INSERT INTO Parts VALUES (1, '{'é' * 5000}', x'{GIF}'), (2, 'a\U0001F600b', NULL), (3, NULL, NULL);")
 
