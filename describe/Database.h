@@ -46,7 +46,9 @@ struct Column {
     std::string caption{};  ///< as the database stores it; empty if it stores none
     ColumnType type = ColumnType::Untyped;
     int decimals = 0;      ///< the digits after the decimal point that a Decimal shows
-    std::string format{};  ///< of dates, numbers and booleans, as Access writes it; empty if it stores none
+    std::string format{};  ///< as Access writes it; empty if the database stores none
+    /// The digits after the decimal point that a named format shows, if they are not its own.
+    std::optional<int> formatDecimals{};
     /// The type of control in which the database shows the column; Unknown if it stores none.
     ControlType display = ControlType::Unknown;
     ListSource list{};

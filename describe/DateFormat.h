@@ -1,13 +1,22 @@
 #pragma once
 
+#include "describe/Conventions.h"
+#include "describe/IsoDate.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace mergeloom::describe {
 
-/// Returns the format of strftime for a format of dates and times of Access: "dd/mm/yyyy", "Medium Date" or
-/// "Short Time". Returns none for any other, also for those whose look depends on the settings of Windows.
-std::optional<std::string> strftimeFormat(std::string_view format);
+/// Returns a date or time by a format of Access: "dd/mm/yyyy", "Medium Date" or "Short Time". Those whose
+/// look depends on the settings of Windows follow the conventions. Returns nothing for a format that is not
+/// understood, for "General Date", and for a time alone whose format shows the day.
+std::optional<std::string> formattedDate(const IsoDate& date, std::string_view format,
+                                         const Conventions& conventions);
+
+/// Return the day and the time by the conventions.
+std::string shownDay(const IsoDate& date, const Conventions& conventions);
+std::string shownTime(const IsoDate& date, const Conventions& conventions);
 
 }  // namespace mergeloom::describe

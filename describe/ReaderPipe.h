@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -47,6 +48,7 @@ class PipeWriter {
     void bytes(std::string_view bytes);
     void texts(const std::vector<std::string>& texts);
     void list(const ListSource& list);
+    void decimals(const std::optional<int>& decimals);
     void definition(const ViewDefinition& view);
 
     int descriptor_;
@@ -81,6 +83,7 @@ class PipeReader {
     void text(std::string& text);
     std::vector<std::string> texts();
     ListSource list();
+    std::optional<int> decimals();
     ViewDefinition definition();
     std::uint32_t count();
 

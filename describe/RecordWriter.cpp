@@ -38,9 +38,10 @@ std::string endTag(const std::string& name) {
 }
 
 /// Returns true if the displayed text does not determine the value.
-bool isStoredApart(bool isLookedUp, ColumnType column) {
-    return isLookedUp || column == ColumnType::Boolean || column == ColumnType::Decimal ||
-           column == ColumnType::Date || column == ColumnType::Time || column == ColumnType::DateAndTime;
+bool isStoredApart(bool isLookedUp, const Column& column) {
+    return isLookedUp || !column.format.empty() || column.type == ColumnType::Boolean ||
+           column.type == ColumnType::Decimal || column.type == ColumnType::Date ||
+           column.type == ColumnType::Time || column.type == ColumnType::DateAndTime;
 }
 
 }  // namespace
@@ -95,9 +96,8 @@ void RecordWriter::writeControl(ControlMarkup& control, const Value& value, cons
         text_.shown = *listed;
     }
     writeValue(kDisplayValue, text_.shown);
-    const bool hasStored =
-        value.kind != Value::Kind::Null &&
-        isStoredApart(control.isLookedUp || !control.values.isEmpty(), control.column.type);
+    const bool hasStored = value.kind != Value::Kind::Null &&
+                           isStoredApart(control.isLookedUp || !control.values.isEmpty(), control.column);
     if (hasStored || text_.stored != text_.shown) writeValue(kBoundValue, text_.stored);
     xml_.markup(endTag(kControl));
 }

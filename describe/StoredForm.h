@@ -3,6 +3,7 @@
 #include "describe/Database.h"
 #include "xml/modNamedItems.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,8 @@ struct StoredControl {
     std::string source{};   ///< a column, an expression after "=", or empty
     FormSection section = FormSection::Detail;
     std::string format{};                     ///< empty if it is that of the column
-    ListSource list{};                        ///< of a Combobox or Listbox
+    std::optional<int> formatDecimals{};      ///< that a named format shows, if they are not its own
+    ListSource list{};                        ///< of a Combobox or Listbox; the options of an OptionGroup
     std::string shownObject{};                ///< of a Subform: "Form.Lines", "Table.Lines" or "Query.Lines"
     std::vector<std::string> childFields{};   ///< of a Subform, columns of its own records
     std::vector<std::string> masterFields{};  ///< of a Subform, columns or controls of the form around it

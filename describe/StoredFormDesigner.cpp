@@ -47,6 +47,17 @@ const Column* masterColumn(const ObjectDesign& object, const Table& table, const
     return columnNamed(table, name);
 }
 
+/// The decimals of a control belong to its own format if it has one, otherwise to that of the column.
+void takeFormat(Column& column, const StoredControl& control) {
+    if (!control.format.empty()) {
+        column.format = control.format;
+        column.formatDecimals.reset();
+    }
+    if (!control.formatDecimals) return;
+    column.formatDecimals = control.formatDecimals;
+    if (column.type == ColumnType::Decimal) column.decimals = *control.formatDecimals;
+}
+
 }  // namespace
 
 StoredFormDesigner::StoredFormDesigner(const Database& database,
@@ -91,13 +102,14 @@ void StoredFormDesigner::addControl(ObjectDesign& object, const StoredControl& s
     const ControlDesign* const shown = table == objects_.end() ? nullptr : controlOf(table->second, column);
     if (shown != nullptr) {
         control.column = shown->column;
-        if (!stored.format.empty()) control.column.format = stored.format;
+        takeFormat(control.column, stored);
         if (stored.type == ControlType::Combobox || stored.type == ControlType::Listbox) {
             const bool hasList = !stored.list.rows.empty();
             control.lookup =
                 hasList ? lookupIn(stored.list, shown->column.name, database_.tables()) : shown->lookup;
             control.values = hasList ? ValueList(stored.list) : shown->values;
         }
+        if (stored.type == ControlType::OptionGroup) control.values = ValueList(stored.list);
         if (control.caption.empty()) control.caption = shown->caption;
     }
     if (control.caption.empty()) control.caption = asCaption(stored.name);

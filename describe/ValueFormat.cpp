@@ -3,11 +3,13 @@
 #include "base/Text.h"
 #include "describe/DateFormat.h"
 #include "describe/DecimalText.h"
+#include "describe/FormatSections.h"
+#include "describe/NumberFormat.h"
+#include "describe/TextFormat.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <ctime>
 #include <initializer_list>
 #include <optional>
 
@@ -17,17 +19,6 @@ namespace {
 
 constexpr std::size_t kDigitsOfGroup = 3;
 constexpr std::size_t kLongestNumber = 400;  ///< digits of the largest double with decimals
-
-std::string formatted(const std::tm& date, const std::string& format) {
-    // strftime returns 0 for an empty text and for one without room; the end distinguishes them.
-    const std::string withEnd = format + ".";
-    std::string text(64, '\0');
-    std::size_t size = 0;
-    while ((size = std::strftime(text.data(), text.size(), withEnd.c_str(), &date)) == 0)
-        text.resize(text.size() * 2);
-    text.resize(size - 1);
-    return text;
-}
 
 /// Returns the shortest digits that denote the number.
 std::string digitsOf(double number) {
@@ -60,11 +51,28 @@ std::optional<bool> readBoolean(std::string_view text) {
     return std::nullopt;
 }
 
+/// A format of signs has the texts for true and false in its second and third section.
 void writeBoolean(bool value, const std::string& format, ValueText& text) {
     text.shown = value ? "Yes" : "No";
+    const std::vector<std::string_view> sections = formatSections(format);
+    const std::size_t section = value ? 1 : 2;
+    if (section < sections.size()) {
+        if (const std::optional<std::string> own = literalOf(sections[section])) text.shown = *own;
+    }
     if (equalsIgnoringAsciiCase(format, "True/False")) text.shown = value ? "True" : "False";
     if (equalsIgnoringAsciiCase(format, "On/Off")) text.shown = value ? "On" : "Off";
     text.stored = value ? "true" : "false";
+}
+
+bool isNumber(ColumnType type) {
+    return type == ColumnType::Integer || type == ColumnType::Decimal || type == ColumnType::Real;
+}
+
+/// Returns the text that a format has for no value.
+std::string textOfNull(const Column& column) {
+    if (column.format.empty()) return {};
+    if (column.type == ColumnType::Text) return formattedText({}, column.format).value_or(std::string());
+    return isNumber(column.type) ? formattedNoNumber(column.format) : std::string();
 }
 
 /// Puts separators between the digits before the decimal point.
@@ -89,6 +97,9 @@ void ValueFormat::write(const Value& value, const Column& column, ValueText& tex
             return writeNumber(value.real, digitsOf(value.real), column, text);
         case Value::Kind::Text:
             return writeText(value.text, column, text);
+        case Value::Kind::Null:
+            text.shown = textOfNull(column);
+            return;
         default:
             return;
     }
@@ -105,9 +116,19 @@ void ValueFormat::writeInteger(std::int64_t number, const Column& column, ValueT
 void ValueFormat::writeNumber(double number, std::string_view digits, const Column& column,
                               ValueText& text) const {
     text.stored = digits;
+    if (writeByFormat(isDecimal(digits) ? std::string(digits) : digitsOf(number), column, text)) return;
     if (column.type == ColumnType::Decimal) return writeDecimal(digitsOf(number, column.decimals), text);
     text.shown = text.stored;
     writePoint(text.shown);
+}
+
+/// Returns false if the column has no format that is understood.
+bool ValueFormat::writeByFormat(std::string_view digits, const Column& column, ValueText& text) const {
+    if (column.format.empty() || !isNumber(column.type)) return false;
+    std::optional<std::string> shown =
+        formattedNumber(digits, column.format, column.formatDecimals, conventions_);
+    if (shown) text.shown = std::move(*shown);
+    return shown.has_value();
 }
 
 /// Writes a decimal number with the separators of the locale.
@@ -136,6 +157,7 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
                 writeBoolean(*boolean, column.format, text);
             return;
         case ColumnType::Decimal:
+            if (isDecimal(value) && writeByFormat(value, column, text)) return;
             if (isDecimal(value)) return writeDecimal(roundedDecimal(value, column.decimals), text);
             [[fallthrough]];
         case ColumnType::Real:
@@ -149,22 +171,23 @@ void ValueFormat::writeText(std::string_view value, const Column& column, ValueT
                 text.shown = shownDate(*date, column.format);
             }
             return;
+        case ColumnType::Text:
+            if (column.format.empty()) return;
+            if (std::optional<std::string> shown = formattedText(value, column.format))
+                text.shown = std::move(*shown);
+            return;
         default:
             return;
     }
 }
 
 std::string ValueFormat::shownDate(const IsoDate& date, const std::string& format) const {
-    const std::optional<std::string> stored = strftimeFormat(format);
-    // A time alone has no day that a format could show.
-    if (stored && !date.date.empty()) return formatted(date.fields, *stored);
-    const bool isDay = equalsIgnoringAsciiCase(format, "Short Date") && !date.date.empty();
-    std::string shown = conventions_.date.empty() || date.date.empty()
-                            ? date.date
-                            : formatted(date.fields, conventions_.date);
-    if (date.time.empty() || isDay) return shown;
+    if (std::optional<std::string> shown = formattedDate(date, format, conventions_))
+        return std::move(*shown);
+    std::string shown = date.date.empty() ? std::string() : shownDay(date, conventions_);
+    if (date.time.empty()) return shown;
     if (!shown.empty()) shown += ' ';
-    shown += conventions_.time.empty() ? date.time : formatted(date.fields, conventions_.time);
+    shown += shownTime(date, conventions_);
     return date.zone.empty() ? shown : shown + ' ' + date.zone;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "describe/Conventions.h"
 #include "describe/Database.h"
 #include "describe/IsoDate.h"
 
@@ -8,17 +9,6 @@
 #include <utility>
 
 namespace mergeloom::describe {
-
-/// The conventions by which numbers and dates are shown.
-struct Conventions {
-    std::string decimalPoint = ".";
-    std::string groupSeparator{};
-    std::string date{};  ///< a format of strftime; ISO 8601 if empty
-    std::string time{};  ///< likewise
-};
-
-/// Returns the conventions of the process's locale, on Windows of the user. The C locale has none.
-Conventions conventionsOfLocale();
 
 /// A value as text.
 struct ValueText {
@@ -32,7 +22,7 @@ class ValueFormat {
     explicit ValueFormat(Conventions conventions) : conventions_(std::move(conventions)) {}
 
     /// Replaces the texts. A text in the column of a number or a date that is none stays as it is. Both are
-    /// empty for Null and for Bytes.
+    /// empty for Bytes and, unless the format of the column has a text for it, for Null.
     void write(const Value& value, const Column& column, ValueText& text) const;
 
   private:
@@ -40,6 +30,7 @@ class ValueFormat {
     void writeText(std::string_view value, const Column& column, ValueText& text) const;
     void writeNumber(double number, std::string_view digits, const Column& column, ValueText& text) const;
     void writeDecimal(std::string digits, ValueText& text) const;
+    [[nodiscard]] bool writeByFormat(std::string_view digits, const Column& column, ValueText& text) const;
     std::size_t writePoint(std::string& number) const;
     [[nodiscard]] std::string shownDate(const IsoDate& date, const std::string& format) const;
 

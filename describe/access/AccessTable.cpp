@@ -91,17 +91,21 @@ ListSource listOf(const MdbColumn& column) {
          propertyOf(column, "ColumnWidths"), ListSource::Kind::Rows, numberOf(column, "ColumnCount", 1)});
 }
 
-/// Returns the digits after the point that are shown. The user may have set them.
-int decimalsOf(const MdbColumn& column, int scale) {
+/// Returns the digits after the point that the user has set.
+std::optional<int> chosenDecimals(const MdbColumn& column) {
     const int decimals = numberOf(column, "DecimalPlaces", -1);
-    if (decimals >= 0 && decimals <= kMaxDecimals) return decimals;
-    return column.col_type == MDB_MONEY ? kDecimalsOfMoney : scale;
+    return decimals >= 0 && decimals <= kMaxDecimals ? std::optional(decimals) : std::nullopt;
 }
 
 Column columnOf(const MdbColumn& field, ColumnType type, int scale) {
     Column column{field.name, propertyOf(field, "Caption"), type};
-    if (type == ColumnType::Decimal) column.decimals = decimalsOf(field, scale);
     column.format = propertyOf(field, "Format");
+    // This format, which Access sets itself, shows a text as it is.
+    if (type == ColumnType::Text && column.format == "@") column.format.clear();
+    column.formatDecimals = chosenDecimals(field);
+    if (type == ColumnType::Decimal)
+        column.decimals =
+            column.formatDecimals.value_or(field.col_type == MDB_MONEY ? kDecimalsOfMoney : scale);
     column.display = controlTypeOf(numberOf(field, "DisplayControl", 0));
     const bool isList = column.display == ControlType::Combobox || column.display == ControlType::Listbox;
     if (isList) column.list = listOf(field);

@@ -21,7 +21,7 @@ constexpr std::size_t kNumberSize = 4;
 constexpr std::uint32_t kMaxType = 0xFFFF;
 constexpr int kMaxDepth = 32;
 
-enum ValueType : std::uint32_t { kByte = 2, kShort = 3, kText = 10, kLongText = 12 };
+enum ValueType : std::uint32_t { kText = 10, kLongText = 12 };
 
 class DesignReader {
   public:
@@ -114,16 +114,6 @@ int DesignObject::number(int code, int otherwise) const {
     if (found == properties.end()) return otherwise;
     if (found->second.value.size() > kNumberSize) raiseDamaged();
     return static_cast<int>(unsignedOf(found->second.value));
-}
-
-int DesignObject::numberInSlot(std::uint32_t slot, int otherwise) const {
-    for (const auto& [code, property] : properties) {
-        if (property.slot != slot) continue;
-        const bool isNumber = property.type == kByte || property.type == kShort;
-        if (isNumber && property.value.size() <= kWordSize)
-            return static_cast<int>(unsignedOf(property.value));
-    }
-    return otherwise;
 }
 
 DesignObject readDesign(Bytes blob) {

@@ -29,8 +29,6 @@ struct DesignObject {
     [[nodiscard]] std::string textInSlot(std::uint32_t slot) const;
     /// Returns a whole number, or the given one if there is none.
     [[nodiscard]] int number(int code, int otherwise) const;
-    /// Returns the whole number of one or two bytes in a slot, or the given one if there is none.
-    [[nodiscard]] int numberInSlot(std::uint32_t slot, int otherwise) const;
 };
 
 /// Reads the stream "Blob" of a form, to its end. Raises kFileCouldNotBeRead for bytes that are no design.

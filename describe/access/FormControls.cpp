@@ -14,12 +14,21 @@ namespace mergeloom::describe::access {
 namespace {
 
 /// The kinds of objects in a design: controls by AcControlType, then the sections.
-enum ObjectKind : int { kLabel = 100, kOptionGroup = 107, kDetail = 152 };
+enum ObjectKind : int {
+    kLabel = 100,
+    kOptionButton = 105,
+    kCheckbox = 106,
+    kOptionGroup = 107,
+    kToggleButton = 122,
+    kDetail = 152
+};
 
 /// The sections of a form from kDetail on.
 constexpr std::array kSections{FormSection::Detail, FormSection::Header, FormSection::Footer,
                                FormSection::PageHeader, FormSection::PageFooter};
 
+/// The properties by the numbers that their members have in the object model of Access (dispatch
+/// identifiers).
 enum PropertyCode : int {
     kBoundColumn = 13,
     kCaption = 17,
@@ -29,23 +38,24 @@ enum PropertyCode : int {
     kFormat = 38,
     kLinkChildFields = 49,
     kLinkMasterFields = 50,
+    kOptionValue = 58,
+    kColumnCount = 70,
+    kDecimalPlaces = 71,
     kRowSource = 91,
     kRowSourceKind = 92,
-    kRowSourceType = 93
+    kRowSourceType = 93,
+    kDefaultView = 147
 };
 
-/// The slots of properties: the source of a form's records, the object of a subform, the view of a form, and
-/// the number of columns of a list. Slots have the order in which SaveAsText of Access writes the properties:
-/// those of one byte begin at 48 and those of two bytes at 96, and these two are the first.
+/// The slots of properties: the source of a form's records, and the object of a subform.
 constexpr std::uint32_t kRecordSourceSlot = 220;
 constexpr std::uint32_t kSourceObjectSlot = 221;
-constexpr std::uint32_t kDefaultViewSlot = 48;
-constexpr std::uint32_t kColumnCountSlot = 96;
 
 /// The value of kRowSourceKind for a list of values.
 constexpr int kValueList = 1;
 constexpr const char* kValueListType = "Value List";
 constexpr int kMaxBoundColumn = 1000;
+constexpr int kMaxFormatDecimals = 15;  ///< a larger number means that the format decides
 
 std::vector<std::string> fieldsIn(const std::string& text) {
     std::vector<std::string> fields;
@@ -66,12 +76,12 @@ ListSource listOf(const DesignObject& object) {
     const bool hasValues = object.number(kRowSourceKind, 0) == kValueList;
     return listOfType(hasValues ? kValueListType : object.text(kRowSourceType),
                       {object.text(kRowSource), boundColumnOf(object), object.text(kColumnWidths),
-                       ListSource::Kind::Rows, object.numberInSlot(kColumnCountSlot, 1)});
+                       ListSource::Kind::Rows, object.number(kColumnCount, 1)});
 }
 
 /// Access stores the view unless it is that of a continuous form.
 DefaultView viewOf(const DesignObject& form) {
-    const int view = form.numberInSlot(kDefaultViewSlot, static_cast<int>(DefaultView::ContinuousForm));
+    const int view = form.number(kDefaultView, static_cast<int>(DefaultView::ContinuousForm));
     return view > static_cast<int>(DefaultView::SplitForm) ? DefaultView::SingleForm
                                                            : static_cast<DefaultView>(view);
 }
@@ -81,6 +91,36 @@ std::string captionOf(const DesignObject& object) {
         if (child.kind == kLabel) return child.text(kCaption);
     }
     return {};
+}
+
+std::optional<int> decimalsOf(const DesignObject& object) {
+    const int decimals = object.number(kDecimalPlaces, kMaxFormatDecimals + 1);
+    return decimals < 0 || decimals > kMaxFormatDecimals ? std::nullopt : std::optional(decimals);
+}
+
+/// Returns a text without the marks of its accelerator.
+std::string withoutAccelerator(const std::string& caption) {
+    std::string text;
+    for (std::size_t place = 0; place < caption.size(); ++place) {
+        if (caption[place] == '&' && ++place == caption.size()) break;
+        text += caption[place];
+    }
+    return text;
+}
+
+/// Returns the values of the buttons in an option group with the texts beside or on them.
+ListSource optionsOf(const DesignObject& group) {
+    constexpr std::array kButtons{kOptionButton, kCheckbox, kToggleButton};
+    ListSource options{{}, 1, "0", ListSource::Kind::Values, 2};
+    for (const DesignObject& button : group.children) {
+        if (std::ranges::find(kButtons, button.kind) == kButtons.end()) continue;
+        const std::string label = captionOf(button);
+        const std::string text = withoutAccelerator(label.empty() ? button.text(kCaption) : label);
+        const int value = button.number(kOptionValue, 0);
+        if (!text.empty())
+            options.rows += std::to_string(value) + ";\"" + replaceAll(text, "\"", "\"\"") + "\";";
+    }
+    return options;
 }
 
 class ControlCollector {
@@ -100,6 +140,8 @@ class ControlCollector {
         if (type != ControlType::Unknown && !name.empty()) {
             StoredControl control{type, name, captionOf(object), object.text(kControlSource), section};
             control.format = object.text(kFormat);
+            control.formatDecimals = decimalsOf(object);
+            if (type == ControlType::OptionGroup) control.list = optionsOf(object);
             if (type == ControlType::Combobox || type == ControlType::Listbox) control.list = listOf(object);
             if (type == ControlType::Subform) readSubform(object, control);
             form_.controls.push_back(std::move(control));

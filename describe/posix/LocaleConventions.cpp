@@ -1,4 +1,4 @@
-#include "describe/ValueFormat.h"
+#include "describe/Conventions.h"
 
 #include <langinfo.h>
 
@@ -17,7 +17,13 @@ bool hasOwnConventions() {
 
 Conventions conventionsOfLocale() {
     const std::lconv& numbers = *std::localeconv();
-    Conventions conventions{numbers.decimal_point, numbers.thousands_sep};
+    Conventions conventions;
+    conventions.decimalPoint = numbers.decimal_point;
+    conventions.groupSeparator = numbers.thousands_sep;
+    conventions.currency = numbers.currency_symbol;
+    // The C locale says neither.
+    conventions.isCurrencyFirst = numbers.p_cs_precedes != 0;
+    conventions.isCurrencySpaced = numbers.p_sep_by_space == 1;
     if (!hasOwnConventions()) return conventions;
     conventions.date = ::nl_langinfo(D_FMT);
     conventions.time = ::nl_langinfo(T_FMT);

@@ -54,6 +54,7 @@ void PipeWriter::table(const Table& table) {
         number(column.type);
         number(static_cast<std::uint8_t>(column.decimals));
         text(column.format);
+        decimals(column.formatDecimals);
         number(static_cast<std::int8_t>(column.display));
         list(column.list);
     }
@@ -98,11 +99,16 @@ void PipeWriter::form(const StoredForm& form) {
         for (const std::string* const part :
              {&control.name, &control.caption, &control.source, &control.shownObject, &control.format})
             text(*part);
+        decimals(control.formatDecimals);
         number(control.section);
         list(control.list);
         texts(control.childFields);
         texts(control.masterFields);
     }
+}
+
+void PipeWriter::decimals(const std::optional<int>& decimals) {
+    number(static_cast<std::int8_t>(decimals.value_or(-1)));
 }
 
 void PipeWriter::list(const ListSource& list) {
@@ -191,6 +197,7 @@ Table PipeReader::table() {
         column.type = enumerator(ColumnType::Bytes);
         column.decimals = number<std::uint8_t>();
         text(column.format);
+        column.formatDecimals = decimals();
         column.display = controlType();
         column.list = list();
     }
@@ -204,6 +211,11 @@ Table PipeReader::table() {
     }
     if (number<std::uint8_t>() != 0) table.definition = definition();
     return table;
+}
+
+std::optional<int> PipeReader::decimals() {
+    const auto decimals = number<std::int8_t>();
+    return decimals < 0 ? std::nullopt : std::optional<int>(decimals);
 }
 
 ViewDefinition PipeReader::definition() {
@@ -244,6 +256,7 @@ StoredForm PipeReader::form() {
         for (std::string* const part :
              {&control.name, &control.caption, &control.source, &control.shownObject, &control.format})
             text(*part);
+        control.formatDecimals = decimals();
         control.section = enumerator(FormSection::PageFooter);
         control.list = list();
         control.childFields = texts();

@@ -1,5 +1,5 @@
 #include "base/windows/WindowsText.h"
-#include "describe/ValueFormat.h"
+#include "describe/Conventions.h"
 
 #include <windows.h>
 
@@ -65,8 +65,16 @@ std::string formatOfPicture(std::wstring_view picture) {
 }  // namespace
 
 Conventions conventionsOfLocale() {
-    return {windows::utf8Text(localeText(LOCALE_SDECIMAL)), windows::utf8Text(localeText(LOCALE_STHOUSAND)),
-            formatOfPicture(localeText(LOCALE_SSHORTDATE)), formatOfPicture(localeText(LOCALE_STIMEFORMAT))};
+    // The number of the look of an amount of money: the sign before or after it, without and with a blank.
+    const std::wstring look = localeText(LOCALE_ICURRENCY);
+    return {windows::utf8Text(localeText(LOCALE_SDECIMAL)),
+            windows::utf8Text(localeText(LOCALE_STHOUSAND)),
+            formatOfPicture(localeText(LOCALE_SSHORTDATE)),
+            formatOfPicture(localeText(LOCALE_STIMEFORMAT)),
+            formatOfPicture(localeText(LOCALE_SLONGDATE)),
+            windows::utf8Text(localeText(LOCALE_SCURRENCY)),
+            look == L"0" || look == L"2",
+            look == L"2" || look == L"3"};
 }
 
 }  // namespace mergeloom::describe

@@ -47,14 +47,25 @@ TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
         {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Short Date", "04/05/2024"},
         {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Short Time", "14:07"},
         {"14:07:03", ColumnType::DateAndTime, "dd.mm.yyyy", "14:07"},
-        // Those that are not understood, or depend on other settings.
-        {"2024-05-04", ColumnType::Date, "ww", "04/05/2024"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Long Date", "Saturday, 4 May 2024"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "Long Time", "14:07"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "General Date", "04/05/2024 14:07"},
+        {"2024-05-04T14:07:03", ColumnType::DateAndTime, "ddddd ttttt", "04/05/2024 14:07"},
+        {"2024-05-04", ColumnType::Date, "q/yyyy", "2/2024"},
+        {"2024-05-04", ColumnType::Date, "w ww y", "7 18 125"},
+        {"2023-01-01", ColumnType::Date, "ww", "1"},
+        {"2023-12-31", ColumnType::Date, "ww y", "53 365"},
+        {"14:07:03", ColumnType::DateAndTime, "h:nn:ss", "14:07:03"},
+        {"14:07:03", ColumnType::DateAndTime, "Short Time", "14:07"},
+        // Those that are not understood.
+        {"2024-05-04", ColumnType::Date, "www", "04/05/2024"},
         {"2024-05-04", ColumnType::Date, "d\"m", "04/05/2024"},
         {"2024-05-04", ColumnType::Date, "d\\", "04/05/2024"},
-        {"2024-05-04", ColumnType::Date, "Long Date", "04/05/2024"},
         {"true", ColumnType::Boolean, "True/False", "True"},
         {"0", ColumnType::Boolean, "on/off", "Off"},
-        {"1", ColumnType::Boolean, ";\"paid\"", "Yes"},
+        {"1", ColumnType::Boolean, ";\"paid\"", "paid"},
+        {"0", ColumnType::Boolean, ";\"paid\"", "No"},
+        {"0", ColumnType::Boolean, ";\"paid\";\"open; due\"[Red]", "open; due"},
     };
     for (const auto& [value, type, format, shown] : cases) {
         SCOPED_TRACE(format);
@@ -64,6 +75,127 @@ TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
         ValueText written;
         british.write(text(value), column, written);
         EXPECT_EQ(written.shown, shown);
+    }
+}
+
+TEST(ValueFormat, ShowsNumbersByTheirFormats) {
+    Conventions american{".", ",", "%m/%d/%Y", "%r"};
+    american.currency = "$";
+    Conventions german{",", ".", "%d.%m.%Y", "%H:%M:%S"};
+    german.currency = "€";
+    german.isCurrencyFirst = false;
+    german.isCurrencySpaced = true;
+    const Conventions plain;
+    const struct {
+        const Conventions& conventions;
+        std::string_view number;
+        std::string format;
+        std::optional<int> decimals;
+        std::string shown;
+    } cases[] = {
+        {american, "1234.5", "Currency", {}, "$1,234.50"},
+        {american, "-1234.5", "Currency", 0, "-$1,235"},
+        {american, "1234.5", "Euro", {}, "€1,234.50"},
+        {german, "-1234.5", "Currency", {}, "-1.234,50 €"},
+        {german, "1234.5", "currency", 3, "1.234,500 €"},
+        {plain, "1234.5", "Currency", {}, "1,234.50"},
+        {german, "1234.5", "Fixed", {}, "1234,50"},
+        {german, "0.5", "Fixed", 0, "1"},
+        {german, "1234567.891", "Standard", {}, "1.234.567,89"},
+        {plain, "999.995", "Standard", {}, "1,000.00"},
+        {german, "0.19", "Percent", {}, "19,00%"},
+        {american, "0.195", "Percent", 0, "20%"},
+        {american, "12345678", "Scientific", {}, "1.23E+07"},
+        {german, "-0.00012345", "Scientific", 3, "-1,235E-04"},
+        {american, "9.999", "Scientific", {}, "1.00E+01"},
+        {american, "0", "Scientific", {}, "0.00E+00"},
+        {german, "1234.5000", "General Number", {}, "1234,5"},
+        {german, "100", "General Number", {}, "100"},
+        {american, "1234.5", "#,##0.00;[Red]-#,##0.00", {}, "1,234.50"},
+        {german, "-1234.5", "#,##0.00;[Red]-#,##0.00", {}, "-1.234,50"},
+        {american, "-1234.5", "$#,##0.00;($#,##0.00)", {}, "($1,234.50)"},
+        {german, "-1234.5", "#,##0.00 €;;\"nothing\"", {}, "-1.234,50 €"},
+        {german, "0", "#,##0.00 €;;\"nothing\"", {}, "nothing"},
+        {german, "0.00", "0.00", {}, "0,00"},
+        {german, "-0.004", "0.00", {}, "0,00"},
+        {american, "0.5", "#.##", {}, ".5"},
+        {american, "12.345", "#.##", {}, "12.35"},
+        {american, "7", "000", {}, "007"},
+        {american, "12345", "000", {}, "12345"},
+        {american, "123456789", "000-00-0000", {}, "123-45-6789"},
+        {american, "1234567", "#,##0,\"K\"", {}, "1,235K"},
+        {american, "1234567", "0,,.0\\M", {}, "1.2M"},
+        {american, "5", "\"no. \"0", {}, "no. 5"},
+        {american, "12345678901234567890.125", "#,##0.00", {}, "12,345,678,901,234,567,890.13"},
+        {american, "1e3", "0.0", {}, "1000.0"},
+        // Those that are not understood.
+        {german, "1234.5", "yyyy", {}, "1234,5"},
+        {german, "1234.5", "0\"", {}, "1234,5"},
+        {german, "1234.5", "[Pale]0", {}, "1234,5"},
+    };
+    for (const auto& [conventions, number, format, decimals, shown] : cases) {
+        SCOPED_TRACE(testing::Message() << format << " of " << number);
+        Column column;
+        column.type = ColumnType::Real;
+        column.format = format;
+        column.formatDecimals = decimals;
+        ValueText written;
+        ValueFormat(conventions).write(text(number), column, written);
+        EXPECT_EQ(written.shown, shown);
+        EXPECT_EQ(written.stored, number);
+    }
+}
+
+TEST(ValueFormat, ShowsTextsByTheirFormats) {
+    const ValueFormat plain(Conventions{});
+    const struct {
+        std::string_view text;
+        std::string format, shown;
+    } cases[] = {
+        {"Gull", ">", "GULL"},
+        {"Gull", "<", "gull"},
+        {"123456789", "@@@-@@@@", "12345-6789"},
+        {"123456789", "!@@@-@@@@", "123-456789"},
+        {"12", "@@@@", "  12"},
+        {"12", "&&&&", "12"},
+        {"12", "!@@@@", "12  "},
+        {"ab12", ">@@\" no. \"@@", "AB no. 12"},
+        {"", "@;\"unknown\"", "unknown"},
+        {"Gull", "@;\"unknown\"", "Gull"},
+        {"Gull", "wild", "Gull"},
+    };
+    for (const auto& [value, format, shown] : cases) {
+        SCOPED_TRACE(format);
+        Column column;
+        column.type = ColumnType::Text;
+        column.format = format;
+        ValueText written;
+        plain.write(text(value), column, written);
+        EXPECT_EQ(written.shown, shown);
+        EXPECT_EQ(written.stored, value);
+    }
+}
+
+TEST(ValueFormat, ShowsMissingValuesByTheirFormats) {
+    const ValueFormat plain(Conventions{});
+    const struct {
+        ColumnType type;
+        std::string format, shown;
+    } cases[] = {
+        {ColumnType::Decimal, "0.00;;;\"none\"", "none"},
+        {ColumnType::Decimal, "0.00", ""},
+        {ColumnType::Text, "@;\"unknown\"", "unknown"},
+        {ColumnType::Date, "yyyy;\"never\"", ""},
+    };
+    for (const auto& [type, format, shown] : cases) {
+        SCOPED_TRACE(format);
+        Column column;
+        column.type = type;
+        column.format = format;
+        ValueText written{"before", "before"};
+        plain.write({}, column, written);
+        EXPECT_EQ(written.shown, shown);
+        EXPECT_EQ(written.stored, "");
     }
 }
 

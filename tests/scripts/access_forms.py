@@ -5,7 +5,7 @@ An object of a design is a list of properties, each with its slot, its code and 
 import struct
 
 LABEL, BUTTON, OPTION, CHECK, GROUP, FRAME, BOX, LIST, COMBO, SUBFORM = 100, 104, 105, 106, 107, 108, 109, 110, 111, 112
-TAB, PAGE = 123, 124
+TOGGLE, TAB, PAGE = 122, 123, 124
 DETAIL, HEADER, FOOTER, PAGE_HEADER, PAGE_FOOTER = range(152, 157)
 
 BYTE, SHORT, NUMBER, NAME, TEXT = 2, 3, 4, 10, 12
@@ -44,7 +44,7 @@ def control(kind, name, source=None, caption=None, rows=None, widths=None, bound
     from 0."""
     properties = [(99, 54, SHORT, b"\x10\0"), text(220, 20, name, NAME), (250, 376, 9, bytes(range(16)))]
     if columns != 1:
-        properties.append((96, 19, SHORT, struct.pack("<H", columns)))
+        properties.append((96, 70, SHORT, struct.pack("<H", columns)))
     if source is not None:
         properties.append(text(221, 27, source))
     if rows is not None:
@@ -55,6 +55,15 @@ def control(kind, name, source=None, caption=None, rows=None, widths=None, bound
         properties.append((156, 13, NUMBER, struct.pack("<I", bound)))
     labels = () if caption is None else (label(name + "_Label", caption),)
     return Item(kind, *labels, *children, properties=properties)
+
+
+def option(kind, name, value, caption=None, own_caption=None):
+    """A button of an option group with a label beside it or a caption on it."""
+    button = control(kind, name, caption=caption)
+    button.properties.append((154, 58, NUMBER, struct.pack("<i", value)))
+    if own_caption is not None:
+        button.properties.append(text(221, 17, own_caption))
+    return button
 
 
 def label(name, caption):
@@ -79,7 +88,7 @@ def streams(source, *sections, view=SINGLE):
     if source:
         properties.append(text(220, 156, source))
     if view != CONTINUOUS:
-        properties.append((48, 24, BYTE, bytes([view])))
+        properties.append((48, 147, BYTE, bytes([view])))
     new = [Item(kind, properties=[(160, 8, NUMBER, bytes(4))]) for kind in (LABEL, BOX)]
     form = Item(0, *new, *sections, properties=properties)
     return {"Blob": bytes(10) + form.packed() + bytes(4), "BlobDelta": None, "TypeInfo": b"\xf7\xea\xcd\xac"}

@@ -11,10 +11,10 @@ from pathlib import Path
 
 import docx
 
-from access_file import ACE14, BOOLEAN, DATE, JET4, LONG, TEXT, AccessFile, Column
-from access_forms import (BOX, BUTTON, CHECK, COMBO, CONTINUOUS, DATASHEET, DETAIL, FOOTER, FRAME, GROUP, HEADER, LIST,
-                          NAME, OPTION, PAGE, PIVOT_TABLE, SINGLE, SPLIT, TAB, control, label, section, streams, subform,
-                          text)
+from access_file import ACE14, BOOLEAN, DATE, DOUBLE, JET4, LONG, MONEY, TEXT, AccessFile, Column
+from access_forms import (BOX, BUTTON, BYTE, CHECK, COMBO, CONTINUOUS, DATASHEET, DETAIL, FOOTER, FRAME, GROUP, HEADER,
+                          LIST, NAME, OPTION, PAGE, PIVOT_TABLE, SINGLE, SPLIT, TAB, TOGGLE, control, label, option,
+                          section, streams, subform, text)
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
@@ -180,6 +180,39 @@ class DescribeForms(ProgramTest):
         record = ElementTree.fromstring(ended.stdout).find("Data/Records/Record")
         self.assertEqual([[part.text for part in control] for control in record],
                          [["01.01.2000", "2000-01-01T12:00:00"], ["12:00", "2000-01-01T12:00:00"], ["On", "true"]])
+
+    def test_numbers_by_the_formats_of_columns_and_controls(self):
+        file = AccessFile(ACE14)
+        file.add_table("Sums", [Column("Id", LONG), Column("Price", MONEY), Column("Rate", DOUBLE),
+                                Column("Code", TEXT)],
+                       [(1, -12345000, 0.195, "ab12")], keys=[[0]],
+                       properties={"Price": {"Format": "$#,##0.00;($#,##0.00)"}, "Code": {"Format": ">@@-@@"},
+                                   "Rate": {"Format": "Percent", "DecimalPlaces": 1}})
+        rounded = control(BOX, "Rounded", "Rate")
+        rounded.properties.append((50, 71, BYTE, b"\0"))
+        fixed = control(BOX, "Fixed", "Rate")
+        fixed.properties.append(text(222, 38, "Fixed", NAME))
+        automatic = control(BOX, "Automatic", "Rate")
+        automatic.properties.append((50, 71, BYTE, b"\xff"))
+        file.add_form("Sum", streams("Sums", section(
+            DETAIL, control(BOX, "Price", "Price"), control(BOX, "Code", "Code"), rounded, fixed, automatic)))
+        ended = self.describe(file, "--object", "Form Sum", "--records", "all")
+        record = ElementTree.fromstring(ended.stdout).find("Data/Records/Record")
+        self.assertEqual([[part.text for part in control] for control in record],
+                         [["($1,234.50)", "-1234.5"], ["AB-12", "ab12"], ["20%", "0.195"], ["0.20", "0.195"],
+                          ["19.5%", "0.195"]])
+
+    def test_an_option_group_shows_the_label_of_its_option(self):
+        file = self.orders()
+        file.add_form("Kinds", streams("Orders", section(DETAIL, control(
+            GROUP, "Kind", "Town", "&Kind:", children=(
+                option(OPTION, "One", 1, "by &rail"), option(OPTION, "Two", 2, 'by "sea"; R&&D'),
+                option(TOGGLE, "Three", 3, own_caption="by air"))), control(BOX, "No", "Number"))))
+        root = ElementTree.fromstring(self.describe(file, "--object", "Kinds", "--records", "all").stdout)
+        group = root.find("Structure/Form/Sections/Section/Controls/Control")
+        self.assertEqual((group.get("ControlType"), group.get("Caption")), ("OptionGroup", "&Kind:"))
+        shown = [[part.text for part in record.find("Control[@Name='Kind']")] for record in root.iter("Record")]
+        self.assertEqual(shown, [['by "sea"; R&D', "2"], [None]])
 
     def test_a_form_without_a_table_has_no_records(self):
         file = self.orders()

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace mergeloom::describe {
+
+/// The conventions by which numbers and dates are shown.
+struct Conventions {
+    std::string decimalPoint = ".";
+    std::string groupSeparator{};
+    std::string date{};      ///< a format of strftime; ISO 8601 if empty
+    std::string time{};      ///< likewise
+    std::string longDate{};  ///< likewise; with the names of the day and the month in English order if empty
+    std::string currency{};  ///< the sign of the currency
+    bool isCurrencyFirst = true;
+    bool isCurrencySpaced = false;  ///< a blank separates the sign and the number
+};
+
+/// Returns the conventions of the process's locale, on Windows of the user. The C locale has none.
+Conventions conventionsOfLocale();
+
+}  // namespace mergeloom::describe

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace mergeloom::describe {
+
+/// Returns a text by a format of Access for texts: ">" for capital letters, "@@@-@@@" for characters, and a
+/// second section for an empty text. Returns nothing for a format that is not understood.
+std::optional<std::string> formattedText(std::string_view text, std::string_view format);
+
+}  // namespace mergeloom::describe
