@@ -21,7 +21,7 @@ from access_file import (ACE14, BIG, BINARY, BOOLEAN, BYTE, COMPLEX, DATE, DOUBL
 from program_test import PROGRAM, ProgramTest
 
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
-FOLDER = Path(os.environ.get("MERGELOOM_ACCESS_FILES") or "/")
+FOLDER = Path(os.environ["MERGELOOM_ACCESS_FILES"]) if os.environ.get("MERGELOOM_ACCESS_FILES") else None
 VERSIONS = (JET3, JET4, ACE14)
 GIF = bytes.fromhex("47494638396101000100800000000000ffffff21f90401000000002c000000000100010000020144003b")
 
@@ -261,9 +261,14 @@ class DescribeAccess(ProgramTest):
         self.assertGreater(refused, 20)
 
 
-@unittest.skipUnless(list(FOLDER.glob("*.accdb")), "MERGELOOM_ACCESS_FILES names no folder with files of Access")
+@unittest.skipUnless(FOLDER, "MERGELOOM_ACCESS_FILES names no folder with files of Access")
 class FilesOfAccess(ProgramTest):
     """Files that Access itself has made."""
+
+    def test_the_folder_has_files(self):
+        """Otherwise a wrong name of the folder would pass."""
+        self.assertNotEqual(list(FOLDER.glob("*.accdb")), [])
+        self.assertNotEqual(list(FOLDER.glob("*.mdb")), [])
 
     def test_every_file_is_described_or_refused(self):
         for path in sorted(FOLDER.glob("*.*db")):
@@ -279,13 +284,13 @@ class FilesOfAccess(ProgramTest):
     def test_known_records(self):
         cases = (
             ("testV2010.accdb", "Table1",
-             [["a", "b", "0", "0", "0", "0", "1981-12-12", "0.00", "No"],
-              ["abcdefg", "hijklmnop", "2", "222", "333333333", "444.555", "1974-09-21", "3.50", "Yes"]]),
+             [["a", "b", "0", "0", "0", "0", "1981-12-12", "$0.00", "No"],
+              ["abcdefg", "hijklmnop", "2", "222", "333333333", "444.555", "1974-09-21", "$3.50", "Yes"]]),
             ("calcFieldTestV2010.accdb", "Table1",
-             [["1", "Bruce", "Wayne", "Gotham", "1000000.00", "50.325000"],
-              ["2", "Bart", "Simpson", "Springfield", "-1.00", "-36.222200"],
-              ["3", "John", "Doe", "Nowhere", "0.00", "0.012300"],
-              ["4", "Test", "User", "Hockessin", "100.00", "102030405060.654321"]]),
+             [["1", "Bruce", "Wayne", "Gotham", "$1,000,000.00", "50.325000"],
+              ["2", "Bart", "Simpson", "Springfield", "($1.00)", "-36.222200"],
+              ["3", "John", "Doe", "Nowhere", "$0.00", "0.012300"],
+              ["4", "Test", "User", "Hockessin", "$100.00", "102030405060.654321"]]),
             ("attachments2016.accdb", "Table1",
              [["1", "0 Attachments"], ["2", "1 Attachment"], ["3", "3 Attachments"]]),
         )
