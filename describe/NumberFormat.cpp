@@ -217,7 +217,7 @@ std::string withCurrency(const std::string& number, const std::string& sign, con
 std::string numberSigns(std::string_view name, std::optional<int> decimals, const Conventions& conventions) {
     const auto places = static_cast<std::size_t>(std::max(decimals.value_or(kUsualDecimals), 0));
     const std::string fraction = places == 0 ? "" : "." + std::string(places, '0');
-    const std::string grouped = "#,##0" + fraction;
+    std::string grouped = "#,##0" + fraction;
     const std::string lower = toLowerAscii(name);
     if (lower == "fixed") return "0" + fraction;
     if (lower == "standard") return grouped;

@@ -17,13 +17,27 @@ namespace {
 /// out; these show their keys.
 constexpr std::size_t kMaxLookups = 48;
 
-void limitLookups(ObjectDesign& object) {
+using TablesByName = std::map<std::string, const Table*>;
+
+TablesByName tablesByName(const std::vector<Table>& tables) {
+    TablesByName byName;
+    for (const Table& table : tables)
+        byName.emplace(table.name, &table);
+    return byName;
+}
+
+/// Limits the lookups, and keeps the columns that they show, whose formats their values have.
+void completeLookups(ObjectDesign& object, const TablesByName& tables) {
     std::size_t lookups = 0;
     for (ControlDesign& control : object.controls) {
         if (control.lookup && ++lookups > kMaxLookups) control.lookup.reset();
+        if (!control.lookup) continue;
+        const Column* const shown =
+            columnNamed(*tables.at(control.lookup->table), control.lookup->shownColumn);
+        if (shown != nullptr) control.lookedUp = *shown;
     }
     for (SubformDesign& subform : object.subforms)
-        limitLookups(subform.form);
+        completeLookups(subform.form, tables);
 }
 
 /// A foreign key and the table that has it.
@@ -34,9 +48,8 @@ struct Reference {
 
 class ObjectDesigner {
   public:
-    explicit ObjectDesigner(const Database& database) : database_(database), tables_(database.tables()) {
-        for (const Table& table : tables_)
-            byName_.emplace(table.name, &table);
+    explicit ObjectDesigner(const Database& database)
+        : database_(database), tables_(database.tables()), byName_(tablesByName(tables_)) {
         for (const Table& table : tables_) {
             for (const ForeignKey& key : table.foreignKeys) {
                 if (key.referredTable != table.name && refersToKey(key))
@@ -193,7 +206,7 @@ class ObjectDesigner {
 
     const Database& database_;
     const std::vector<Table>& tables_;
-    std::map<std::string, const Table*> byName_;
+    TablesByName byName_;
     std::map<std::string, std::vector<Reference>> references_;
 };
 
@@ -209,7 +222,9 @@ std::string ObjectDesign::fullName() const {
 
 std::vector<ObjectDesign> designObjects(const Database& database) {
     std::vector<ObjectDesign> objects = ObjectDesigner(database).design();
-    std::ranges::for_each(objects, limitLookups);
+    const TablesByName tables = tablesByName(database.tables());
+    for (ObjectDesign& object : objects)
+        completeLookups(object, tables);
     return objects;
 }
 

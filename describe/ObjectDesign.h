@@ -16,6 +16,7 @@ struct ControlDesign {
     ControlType type = ControlType::Textbox;
     Column column{};                 ///< without a name if the control shows no column
     std::optional<Lookup> lookup{};  ///< of a Combobox or Listbox
+    Column lookedUp{};               ///< the column that the lookup shows
     ValueList values{};              ///< of a Combobox or Listbox without a lookup, or an OptionGroup
     std::string image{};             ///< the path of one of the pictures of the records
     std::string source{};            ///< a column or an expression

@@ -50,8 +50,8 @@ RecordWriter::RecordWriter(XmlStream& xml, const ValueFormat& format, PictureFol
                            const ObjectDesign& object)
     : xml_(xml), format_(format), pictures_(pictures), objectName_(object.name) {
     for (const ControlDesign& control : object.controls)
-        controls_.push_back({control.type, control.lookup.has_value(), control.values, control.column,
-                             startTag(control.name)});
+        controls_.push_back({control.type, control.lookup.has_value(), control.lookedUp, control.values,
+                             control.column, startTag(control.name)});
     for (const SubformDesign& subform : object.subforms) {
         subformStarts_.push_back(startTag(subform.name));
         subforms_.emplace_back(xml, format, pictures, subform.form);
@@ -89,7 +89,7 @@ void RecordWriter::writeControl(ControlMarkup& control, const Value& value, cons
     control.hasBytes = control.hasBytes || value.kind == Value::Kind::Bytes;
     format_.write(value, control.column, text_);
     if (control.isLookedUp) {
-        format_.write(shown, {}, shownText_);
+        format_.write(shown, control.lookedUp, shownText_);
         // A key that refers to no row shows itself.
         if (shown.kind != Value::Kind::Null) text_.shown = shownText_.shown;
     } else if (const std::string* const listed = control.values.shownFor(text_, control.column.type)) {

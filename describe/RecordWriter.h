@@ -30,6 +30,7 @@ class RecordWriter {
     struct ControlMarkup {
         ControlType type = ControlType::Textbox;
         bool isLookedUp = false;
+        Column lookedUp{};
         ValueList values{};
         Column column{};
         std::string start{};  ///< the start tag up to its attributes

@@ -356,6 +356,20 @@ class DescribeLists(ProgramTest):
             with self.subTest(properties=properties):
                 self.assertEqual(self.shown(properties), (kind, values))
 
+    def test_a_list_shows_its_column_by_the_format_of_that(self):
+        file = AccessFile(ACE14)
+        file.add_table("Fares", [Column("Id", LONG), Column("Price", MONEY), Column("Since", DATE)],
+                       [(1, 12345000, 36526.0)], keys=[[0]],
+                       properties={"Price": {"Format": "$#,##0.00"}, "Since": {"Format": "dd.mm.yyyy"}})
+        listed = {"DisplayControl": 111, "RowSource": "Fares"}
+        file.add_table("Trips", [Column("Id", LONG), Column("Fare", LONG), Column("Time", LONG)], [(1, 1, 1)], keys=[[0]],
+                       properties={"Fare": {**listed, "ColumnWidths": "0;1"}, "Time": {**listed, "ColumnWidths": "0;0;1"}})
+        file.save(self.folder / "fares.accdb")
+        ended = run(DESCRIBE, self.folder / "fares.accdb", "--object", "Table Trips", "--records", "all")
+        record = ElementTree.fromstring(ended.stdout).find("Data/Records/Record")
+        self.assertEqual([[part.text for part in control] for control in record][1:],
+                         [["$1,234.50", "1"], ["01.01.2000", "1"]])
+
     def test_a_list_whose_rows_are_not_identified_is_none(self):
         statement = {"DisplayControl": 111, "RowSource": "SELECT Id, Name FROM Towns", "ColumnWidths": "0"}
         self.assertEqual(self.shown(statement, keys=((2,),)), ("Combobox", [("2",), ("5",)]))
