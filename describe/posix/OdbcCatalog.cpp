@@ -249,6 +249,8 @@ void OdbcCatalog::readForeignKeys(Table& table) {
         KeyRows& key = keyOfRow(rows, list.text(references::kName), referred->second, place);
         key.columns[place] = {list.text(references::kFrom), list.text(references::kColumn)};
     }
+    // Drivers leave open in which order the keys to one table come.
+    std::ranges::stable_sort(rows, {}, &KeyRows::name);
     for (const KeyRows& key : rows) {
         table.foreignKeys.push_back(foreignKeyOf(key));
         complete(table.foreignKeys.back());
