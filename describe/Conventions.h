@@ -10,7 +10,7 @@ struct Conventions {
     std::string groupSeparator{};
     std::string date{};      ///< a format of strftime; ISO 8601 if empty
     std::string time{};      ///< likewise
-    std::string longDate{};  ///< likewise; with the names of the day and the month in English order if empty
+    std::string longDate{};  ///< likewise; one like the date, with names, if empty
     std::string currency{};  ///< the sign of the currency
     bool isCurrencyFirst = true;
     bool isCurrencySpaced = false;  ///< a blank separates the sign and the number

@@ -16,7 +16,8 @@ constexpr int kFirstYearOfTm = 1900;
 constexpr int kDaysOfWeek = 7;
 constexpr int kMonthsOfQuarter = 3;
 constexpr const char* kLongDate = "%A, %-d %B %Y";
-constexpr const char* kMonthFirst = "%A, %B %-d, %Y";
+constexpr const char* kLongDateWithPoint = "%A, %-d. %B %Y";
+constexpr const char* kLongDateMonthFirst = "%A, %B %-d, %Y";
 
 struct Token {
     std::string_view access;
@@ -61,10 +62,16 @@ int weekOfYear(const std::tm& date) {
     return (day + weekdayOfFirst) / kDaysOfWeek + 1;
 }
 
+/// Returns the format of a long date, which the locale does not have, with the order and the point of its
+/// date.
+const char* longDateLike(const std::string& date) {
+    if (date.starts_with("%m") || date.starts_with("%D")) return kLongDateMonthFirst;
+    return date.starts_with("%d.") ? kLongDateWithPoint : kLongDate;
+}
+
 std::string longDate(const IsoDate& date, const Conventions& conventions) {
-    if (!conventions.longDate.empty()) return formattedTm(date.fields, conventions.longDate);
-    const bool isMonthFirst = conventions.date.starts_with("%m") || conventions.date.starts_with("%D");
-    return formattedTm(date.fields, isMonthFirst ? kMonthFirst : kLongDate);
+    return formattedTm(date.fields,
+                       conventions.longDate.empty() ? longDateLike(conventions.date) : conventions.longDate);
 }
 
 /// Writes a date by a format in lower case.

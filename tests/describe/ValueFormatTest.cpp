@@ -78,6 +78,27 @@ TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
     }
 }
 
+TEST(ValueFormat, WritesLongDatesInTheOrderOfTheLocale) {
+    Column column;
+    column.type = ColumnType::Date;
+    column.format = "Long Date";
+    const struct {
+        std::string date, longDate, shown;
+    } cases[] = {
+        {"%d/%m/%Y", "", "Saturday, 4 May 2024"},  {"%m/%d/%Y", "", "Saturday, May 4, 2024"},
+        {"%d.%m.%Y", "", "Saturday, 4. May 2024"}, {"", "", "Saturday, 4 May 2024"},
+        {"%d.%m.%Y", "%B %d", "May 04"},
+    };
+    for (const auto& [date, longDate, shown] : cases) {
+        Conventions conventions;
+        conventions.date = date;
+        conventions.longDate = longDate;
+        ValueText written;
+        ValueFormat(conventions).write(text("2024-05-04"), column, written);
+        EXPECT_EQ(written.shown, shown);
+    }
+}
+
 TEST(ValueFormat, ShowsNumbersByTheirFormats) {
     Conventions american{".", ",", "%m/%d/%Y", "%r"};
     american.currency = "$";
