@@ -36,9 +36,9 @@ class AgainStory {
     /// The second story may be null.
     AgainStory(const ReadStory& edited, const ReadStory* again) : story_(again) {
         if (story_ == nullptr) return;
-        const auto gaps = gapsBetween(keysOf(edited.lines), keysOf(again->lines));
+        const auto gaps = gapsBetween(keysOf(edited.lines), keysOf(story_->lines));
         if (gaps) partners_ = partnersOf(*gaps, edited.lines.size());
-        isWhole_ = edited.lines.size() == again->lines.size();
+        isWhole_ = edited.lines.size() == story_->lines.size();
     }
 
     /// Null if there is none.
@@ -55,6 +55,7 @@ class AgainStory {
   private:
     static std::vector<std::string> keysOf(const std::vector<Line>& lines) {
         std::vector<std::string> keys;
+        keys.reserve(lines.size());
         for (const Line& line : lines)
             keys.push_back(withoutBlanksAtEnd(textKeyOf(line)));
         return keys;

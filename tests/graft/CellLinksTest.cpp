@@ -22,7 +22,7 @@ std::string linkedBook(const std::string& links) {
         if (xml.find(quoted) == std::string::npos) continue;
         const std::string added =
             relationships.addExternal(officeType("hyperlink"), std::string("http://").append(id));
-        xml = replaceAll(xml, quoted, "\"" + added + "\"");
+        xml = replaceAll(xml, quoted, std::string("\"").append(added).append("\""));
     }
     const std::string ids = officeType("");
     package.writePart(
