@@ -1,8 +1,8 @@
 #include "office/graft/FormatReplay.h"
 
+#include "office/graft/LinePartners.h"
 #include "office/graft/Refusal.h"
 #include "office/graft/SequenceAlignment.h"
-#include "office/graft/TextReplay.h"
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>

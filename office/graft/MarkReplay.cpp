@@ -1,8 +1,8 @@
 #include "office/graft/MarkReplay.h"
 
+#include "office/graft/LinePartners.h"
 #include "office/graft/Refusal.h"
 #include "office/graft/SequenceAlignment.h"
-#include "office/graft/TextReplay.h"
 
 #include <algorithm>
 #include <optional>
@@ -73,7 +73,7 @@ MarkReplay::MarkReplay(embedded::WordContent& content, WordExport& baseline, Wor
 }
 
 void MarkReplay::prepare(embedded::Story& original, const ReadStory& former) {
-    const std::vector<Line> lines = LineReader().read(original);
+    std::vector<Line> lines = LineReader().read(original);
     const std::vector<std::size_t> partners = partnersByText(former.lines, lines);
     for (const BookmarkRecord* mark : marksOf(former)) {
         const BookmarkRecord* const own = content_.bookmarks().find(mark->name);
@@ -106,7 +106,7 @@ bool MarkReplay::isUntouched(const BookmarkRecord& mark, const ReadStory& former
 void MarkReplay::repeat(embedded::Story& original, const ReadStory& former, const ReadStory& now,
                         const StoryDifference& difference) {
     removeMissing(former);
-    const std::vector<Line> lines = LineReader().read(original);
+    std::vector<Line> lines = LineReader().read(original);
     const std::vector<std::size_t> partners = partnersByText(now.lines, lines);
     for (const BookmarkRecord* mark : marksOf(now)) {
         const BookmarkRecord* const own = content_.bookmarks().find(mark->name);

@@ -1,6 +1,7 @@
 #include "office/graft/TextReplay.h"
 
 #include "base/Text.h"
+#include "office/graft/LinePartners.h"
 #include "office/graft/Refusal.h"
 #include "office/graft/SequenceAlignment.h"
 
@@ -14,14 +15,6 @@ namespace {
 using embedded::Item;
 using embedded::ItemKind;
 using embedded::ItemTree;
-
-std::vector<std::string> textKeysOf(const std::vector<Line>& lines) {
-    std::vector<std::string> keys;
-    keys.reserve(lines.size());
-    for (const Line& line : lines)
-        keys.push_back(textKeyOf(line));
-    return keys;
-}
 
 /// Returns the outermost table around a line that is deeper than the given depth.
 pugi::xml_node tableOf(const Line& line, int depth, const opc::WordNames& names) {
@@ -49,12 +42,6 @@ bool isTypedCharacter(char32_t code) {
 }
 
 }  // namespace
-
-std::vector<std::size_t> partnersByText(const std::vector<Line>& lines, const std::vector<Line>& others) {
-    const auto gaps = gapsBetween(textKeysOf(lines), textKeysOf(others));
-    if (!gaps) throw Refusal("LibreOffice reads the text of the document differently from the file");
-    return partnersOf(*gaps, lines.size());
-}
 
 TextReplay::TextReplay(embedded::WordContent& content, embedded::Story& original, const ReadStory& baseline,
                        const ReadStory& edited, PictureTransfer& pictures)

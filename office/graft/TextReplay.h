@@ -69,8 +69,4 @@ class TextReplay {
     std::vector<std::size_t> partners_;  ///< for each line of the baseline, its index in the original
 };
 
-/// Returns for each line of the first list the index of the line with the same text in the second, or
-/// kNoPartner. Raises Refusal if the lists differ too much.
-std::vector<std::size_t> partnersByText(const std::vector<Line>& lines, const std::vector<Line>& others);
-
 }  // namespace mergeloom::graft

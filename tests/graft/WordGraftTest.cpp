@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "graft/Triple.h"
 
 #include <gmock/gmock.h>
@@ -173,6 +174,27 @@ TEST(WordGraftTest, ChangesAHeaderOnceThatIsExportedTwice) {
     EXPECT_EQ(made.readPart(kMainPart), opc::Package::read(original, "test.docx").readPart(kMainPart));
     const Triple differing{original, twice("Head", "Head"), twice("Heads", "Header")};
     EXPECT_EQ(resultOf(differing.graft()), "refused: two headers that are one in the file were changed");
+}
+
+/// Where the office reads a page break or an object at another place than the file has it.
+TEST(WordGraftTest, EditsBesideBreaksAndObjectsThatAreReadDifferently) {
+    const std::string page = "<w:r><w:br w:type=\"page\"/></w:r>";
+    const std::string picture = "<w:r><w:drawing><wp:inline/></w:drawing></w:r>";
+    const auto p = [](const std::string& content) { return "<w:p>" + content + "</w:p>"; };
+    const std::string former = p(run("a") + page) + p(run("b"));
+    const GraftCase cases[] = {
+        {"after the break", p(run("a")) + p(page + run("b")), former, p(run("a") + page) + p(run("bx")),
+         p(run("a")) + p(page + run("bx"))},
+        {"at the paragraph's start", p(run("a")) + p(page + run("b")), former,
+         p(run("a") + page) + p(run("xb")), p(run("a")) + p(page + run("x") + run("b"))},
+        {"before the break", p(run("a")) + p(page + run("b")), former, p(run("ax") + page) + p(run("b")),
+         p(run("ax")) + p(page + run("b"))},
+        {"an object that is lost", p(picture + run("a")), p(run("a")), p(run("ax")), p(picture + run("ax"))},
+        {"a place", p(picture + run("a")), p(run("a")), p(marked("City", run("a"))),
+         p(picture + replaceAll(marked("City", run("a")), "\"1\"", "\"0\""))},
+    };
+    for (const GraftCase& each : cases)
+        EXPECT_EQ(each.result(), each.expected) << each.what;
 }
 
 /// Faults that are planted in a result.
