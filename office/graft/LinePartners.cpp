@@ -13,8 +13,16 @@ namespace mergeloom::graft {
 
 namespace {
 
+/// Returns the character by which two writers are compared. The office writes a symbol of a font, which is an
+/// object for LineReader (CT_Sym, ECMA-376 Part 1, 17.3.3.30), as a character of the area that symbol fonts
+/// use.
+char32_t letterOf(const Unit& unit) {
+    const bool isSymbol = unit.code >= 0xF020 && unit.code <= 0xF0FF;
+    return isSymbol ? kObject : unit.code;
+}
+
 bool mayDiffer(const Unit& unit) {
-    return unit.code == U'\f' || unit.code == kObject;
+    return unit.code == U'\f' || letterOf(unit) == kObject;
 }
 
 /// Returns the key of a line without the units that may differ.
@@ -44,9 +52,9 @@ void takeUnits(const Line& exported, Line& original) {
     std::size_t own = 0;
     const auto& owns = original.units;
     for (const Unit& wanted : exported.units) {
-        while (own < owns.size() && mayDiffer(owns[own]) && owns[own].code != wanted.code)
+        while (own < owns.size() && mayDiffer(owns[own]) && letterOf(owns[own]) != letterOf(wanted))
             ++own;
-        const bool isThere = own < owns.size() && owns[own].code == wanted.code;
+        const bool isThere = own < owns.size() && letterOf(owns[own]) == letterOf(wanted);
         const CharacterPosition next = own < owns.size() ? owns[own].start : original.mark;
         units.push_back(isThere ? owns[own++] : Unit{wanted.code, next, next, 0, {}});
     }

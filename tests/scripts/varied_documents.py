@@ -113,8 +113,8 @@ BLOCKS = {
 <w:sz w:val="28"/></w:rPr><w:t xml:space="preserve">{text} </w:t></w:r><w:r><w:rPr><w:i/><w:smallCaps/><w:spacing
  w:val="20"/></w:rPr><w:t>slanted</w:t></w:r><w:r><w:rPr><w:vertAlign w:val="superscript"/></w:rPr><w:t>2</w:t></w:r>
 <w:r><w:rPr><w:strike/><w:highlight w:val="yellow"/></w:rPr><w:t>struck</w:t></w:r></w:p>""",
-    "special": """<w:p><w:pPr><w:tabs><w:tab w:val="right" w:leader="dot" w:pos="8000"/></w:tabs></w:pPr><w:r><w:t>{text}
-</w:t><w:tab/><w:t>1</w:t><w:br/><w:t>soft</w:t><w:softHyphen/><w:t>hyphen</w:t><w:noBreakHyphen/><w:t>x</w:t><w:sym
+    "special": """<w:p><w:pPr><w:tabs><w:tab w:val="right" w:leader="dot" w:pos="8000"/></w:tabs></w:pPr><w:r><w:t>{text}</w:t>
+<w:tab/><w:t>1</w:t><w:br/><w:t>soft</w:t><w:softHyphen/><w:t>hyphen</w:t><w:noBreakHyphen/><w:t>x</w:t><w:sym
  w:font="Wingdings" w:char="F04A"/></w:r></w:p><w:p><w:r><w:br w:type="page"/></w:r><w:r><w:t>next page</w:t></w:r></w:p>""",
     "hidden": """<w:p><w:r><w:rPr><w:vanish/></w:rPr><w:t xml:space="preserve">hidden </w:t></w:r><w:r><w:t>{text}</w:t>
 </w:r></w:p>""",
