@@ -78,6 +78,11 @@ class Session(DesignerTest):
         key("ctrl+a")
         type_text(text)
 
+    def wait_for_only_match(self, node):
+        """Waits for the end of a search that finds one node. The nodes move with each letter that is typed."""
+        wait_for(f"{node} as the only match", lambda: find(self.designer.application, "label", "1 found")
+                 and find(self.designer.application, "table cell", node))
+
     def places(self):
         """Returns the document's places in the order of the list, including those that are scrolled out of view."""
         def names():
@@ -107,6 +112,7 @@ class Session(DesignerTest):
         for number in numbers:
             caption = f"{prefix} {number:02}"
             self.search(caption)
+            self.wait_for_only_match(caption)
             if part:
                 self.designer.expand(caption)
             before = self.places()
