@@ -85,7 +85,7 @@ bool isOutsideItsTable(const FieldDropArguments& arguments, const word::Document
 
 /// Moves the caret after a new place, where the next drop does not touch it.
 void leavePlace(word::Bookmark& bookmark, word::Selection& selection, bool endParagraph) {
-    bookmark.Range()->Select();
+    bookmark.Select();
     selection.Collapse(word::WdCollapseDirection::wdCollapseEnd);
     if (endParagraph) {
         selection.TypeParagraph();

@@ -46,7 +46,7 @@ int cellCount(word::Range& range) {
 }
 
 bool coversSeveralCells(word::Range& range) {
-    return range.Tables()->Count() > 0 && cellCount(range) > 1;
+    return !range.isEmpty() && range.Tables()->Count() > 0 && cellCount(range) > 1;
 }
 
 }  // namespace mergeloom

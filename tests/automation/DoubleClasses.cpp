@@ -46,9 +46,13 @@ RegisteredClass::RegisteredClass(const DoubleClass& registered, const std::strin
                                  const std::string& program)
     : RegisteredClass(textOf(registered.identifier), programIdentifier, quoted(program)) {}
 
-RegisteredClass RegisteredClass::further(const std::string& programIdentifier, const std::string& program) {
+RegisteredClass RegisteredClass::further(const DoubleClass& offered, const std::string& programIdentifier,
+                                         const std::string& program, const std::string& options) {
     const std::wstring identifier = newIdentifier();
-    return {identifier, programIdentifier, quoted(program) + L" --word " + identifier};
+    const bool isWord = ::IsEqualCLSID(offered.identifier, kWordDouble.identifier) != 0;
+    return {identifier, programIdentifier,
+            quoted(program) + (isWord ? L" --word " : L" --excel ") + identifier + L" " +
+                windows::wideText(options)};
 }
 
 RegisteredClass::~RegisteredClass() {

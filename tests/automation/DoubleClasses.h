@@ -24,9 +24,10 @@ class RegisteredClass {
   public:
     RegisteredClass(const DoubleClass& registered, const std::string& programIdentifier,
                     const std::string& program);
-    /// Registers a further class of Word's double, which the program offers when it is started for it. Wine
-    /// does not start a class again whose program was ended by force.
-    static RegisteredClass further(const std::string& programIdentifier, const std::string& program);
+    /// Registers a further class of one of the doubles, which the program offers when it is started for it,
+    /// with options for the program. Wine does not start a class again whose program was ended by force.
+    static RegisteredClass further(const DoubleClass& offered, const std::string& programIdentifier,
+                                   const std::string& program, const std::string& options = "");
     RegisteredClass(const RegisteredClass&) = delete;
     RegisteredClass& operator=(const RegisteredClass&) = delete;
     ~RegisteredClass();

@@ -4,6 +4,19 @@
 
 namespace mergeloom::automation {
 
+namespace {
+
+/// Waits as an office does behind a dialog that nobody answers: it goes on to take messages.
+[[noreturn]] void waitForever() {
+    for (;;) {
+        MSG message;
+        ::GetMessageW(&message, nullptr, 0, 0);
+        ::DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
 void Faults::plan(FaultKind kind, int firstCall, int calls) {
     kind_ = kind;
     untilFirst_ = firstCall;
@@ -15,10 +28,20 @@ void Faults::clear() {
     *this = {};
 }
 
-HRESULT Faults::beforeCall() {
+bool Faults::isPlanned() {
     ++calls_;
-    if (kind_ == FaultKind::None || calls_ < untilFirst_ || left_ == 0) return S_OK;
+    if (kind_ == FaultKind::None || calls_ < untilFirst_ || left_ == 0) return false;
     --left_;
+    return true;
+}
+
+bool Faults::rejectsCall() {
+    return kind_ == FaultKind::Rejected && isPlanned();
+}
+
+HRESULT Faults::beforeCall() {
+    if (kind_ == FaultKind::Rejected || !isPlanned()) return S_OK;
+    if (kind_ == FaultKind::Wait) waitForever();
     if (kind_ == FaultKind::Busy) return RPC_E_CALL_REJECTED;
     if (kind_ == FaultKind::End) ::TerminateProcess(::GetCurrentProcess(), 1);
     throw AutomationError(kCommandFailed, "The command failed.");

@@ -7,8 +7,10 @@
 
 namespace mergeloom::automation {
 
-/// The kinds of faults of an office, by numbers that pass between programs.
-enum class FaultKind { None, Busy, Error, End };
+/// The kinds of faults of an office, by numbers that pass between programs: its calls return that it is busy,
+/// raise an error, end the program, or wait without end as behind a dialog. Rejected are calls that do not
+/// even reach an object; those are counted by themselves.
+enum class FaultKind { None, Busy, Error, End, Wait, Rejected };
 
 /// Decides which calls of the double's objects fail. There is one in each process.
 class Faults {
@@ -21,14 +23,20 @@ class Faults {
     void setReadOnly(bool isReadOnly) { isReadOnly_ = isReadOnly; }
     void clear();
 
+    /// Returns true for a call between programs that is to be rejected.
+    bool rejectsCall();
     /// Returns the result of a call that is to fail at once; otherwise S_OK. Ends the process if the plan is
-    /// an office that ends. Raises an AutomationError for an error.
+    /// an office that ends, and does not return if it is one that waits. Raises an AutomationError for an
+    /// error.
     HRESULT beforeCall();
     [[nodiscard]] bool lacks(const std::string& member) const { return missing_.contains(member); }
     [[nodiscard]] bool isReadOnly() const { return isReadOnly_; }
     [[nodiscard]] int calls() const { return calls_; }
 
   private:
+    /// Counts a call; returns true if it is one of the plan.
+    bool isPlanned();
+
     FaultKind kind_ = FaultKind::None;
     int untilFirst_ = 0;
     int left_ = 0;

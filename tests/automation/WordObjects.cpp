@@ -102,6 +102,16 @@ Value previousOf(word::Range& range, const Given& given, const word::DocumentPtr
     return found ? wordRange(found, document) : DispatchPtr();
 }
 
+/// The selection is the only one of which the model returns further ranges.
+DispatchPtr duplicateOf(const word::RangePtr& range, const word::DocumentPtr& document) {
+    const word::SelectionPtr selection = document->Application()->Selection();
+    const word::RangePtr selected = selection->Range();
+    range->Select();
+    const word::RangePtr duplicate = selection->Range();
+    selected->Select();
+    return wordRange(duplicate, document);
+}
+
 DispatchPtr wordFont(const word::SelectionPtr& selection) {
     return makeObject({property(
         "Size", nullptr, [selection](const Value& points) { selection->Font()->SetSize(points.real()); })});
@@ -166,6 +176,7 @@ DispatchPtr wordRange(const word::RangePtr& range, const word::DocumentPtr& docu
                          return makeObject(
                              {property("StoryRanges", [=] { return wordStoryRanges(document); })});
                      }),
+            property("Duplicate", [=] { return duplicateOf(range, document); }),
             property("End", [range] { return range->End().value; }),
             property("Fields", [=] { return wordFields(range->Fields(), document); }),
             property("InlineShapes", [range] { return wordInlineShapes(range->InlineShapes()); }),

@@ -4,10 +4,10 @@
 
 namespace mergeloom::com {
 
-AutomationObject AutomationObject::object(const char* className, const char* member,
-                                          const Arguments& arguments) const {
-    DispatchPtr found = get(member, arguments).object();
-    if (found) return {session_, std::move(found), className};
+AutomationObject AutomationObject::madeOf(const char* className, const char* member,
+                                          const Value& found) const {
+    const DispatchPtr object = found.object();
+    if (object) return {session_, object, className};
     throw AutomationError(
         kObjectDeleted, session_->officeName() + " has nothing for '" + member + "' of " + className_ + ".");
 }

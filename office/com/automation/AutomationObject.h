@@ -15,17 +15,27 @@ class AutomationObject {
     AutomationObject(SessionPtr session, DispatchPtr object, const char* className)
         : session_(std::move(session)), object_(std::move(object)), className_(className) {}
 
-    /// Get a property or call a method; errors as for AutomationSession::invoke.
+    /// Gets a property, or calls a method that changes nothing. Without arguments, what was read since the
+    /// last change is returned without a call. Errors as for AutomationSession::invoke, here as below.
     Value get(const char* member, const Arguments& arguments = {}) const {
-        return session_->invoke(*object_, className_, member, CallKind::Get, arguments);
+        return session_->invoke(object_, className_, member, CallKind::Read, arguments);
     }
-    Value call(const char* member, const Arguments& arguments = {}) const { return get(member, arguments); }
+    /// Calls a method that may change something.
+    Value call(const char* member, const Arguments& arguments = {}) const {
+        return session_->invoke(object_, className_, member, CallKind::Call, arguments);
+    }
     void put(const char* member, const Value& value) const {
-        session_->invoke(*object_, className_, member, CallKind::Put, {value});
+        session_->invoke(object_, className_, member, CallKind::Put, {value});
     }
-    /// Gets a property or calls a method that returns an object of a class. Raises kObjectDeleted when it
-    /// returns none.
-    AutomationObject object(const char* className, const char* member, const Arguments& arguments = {}) const;
+    /// Do the same for members that return an object of a class. Raise kObjectDeleted when there is none.
+    AutomationObject object(const char* className, const char* member,
+                            const Arguments& arguments = {}) const {
+        return madeOf(className, member, get(member, arguments));
+    }
+    AutomationObject callForObject(const char* className, const char* member,
+                                   const Arguments& arguments = {}) const {
+        return madeOf(className, member, call(member, arguments));
+    }
 
     /// Returns the items of this collection, many with each call.
     [[nodiscard]] std::vector<AutomationObject> items(const char* itemClass) const;
@@ -34,6 +44,8 @@ class AutomationObject {
     [[nodiscard]] const DispatchPtr& reference() const { return object_; }
 
   private:
+    AutomationObject madeOf(const char* className, const char* member, const Value& found) const;
+
     SessionPtr session_;
     DispatchPtr object_;
     const char* className_;

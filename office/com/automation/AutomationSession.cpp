@@ -2,12 +2,18 @@
 
 #include "base/AutomationError.h"
 #include "base/windows/WindowsText.h"
+#include "office/com/automation/CallCancellation.h"
+#include "office/com/automation/CallLimit.h"
 #include "office/com/automation/Failures.h"
+#include "office/com/automation/OfficeProcess.h"
 #include "office/com/automation/Variant.h"
 
 #include <objbase.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <deque>
+#include <optional>
 #include <utility>
 
 namespace mergeloom::com {
@@ -65,12 +71,17 @@ WORD flagsOf(CallKind kind) {
 AutomationSession::AutomationSession(std::string officeName, Patience patience, CallTracePtr trace)
     : officeName_(std::move(officeName)), patience_(patience), trace_(std::move(trace)) {
     const HRESULT result = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    if (SUCCEEDED(result)) return;
-    throw AutomationError(kNotAvailable,
-                          officeName_ + " cannot be called by this program: " + meaningOf(result) + ".");
+    if (FAILED(result)) {
+        throw AutomationError(kNotAvailable,
+                              officeName_ + " cannot be called by this program: " + meaningOf(result) + ".");
+    }
+    cancellation_ = allowCancellation();
 }
 
 AutomationSession::~AutomationSession() {
+    limit_.reset();
+    known_.clear();
+    cancellation_.reset();
     ::CoUninitialize();
 }
 
@@ -79,10 +90,19 @@ DispatchPtr AutomationSession::start(const std::string& programIdentifier) {
     HRESULT result = ::CLSIDFromProgID(windows::wideText(programIdentifier).c_str(), &identifier);
     void* application = nullptr;
     if (SUCCEEDED(result)) {
-        result = ::CoCreateInstance(identifier, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch, &application);
+        process_ = std::make_unique<OfficeProcess>(identifier);
+        limit_ = std::make_unique<CallLimit>(
+            CallLimit::Duration(patience_.callMilliseconds),
+            CallLimit::Steps{[process = process_.get()] { process->end(); }, [this] { endRun(); }});
+        result = ask([&] {
+            return ::CoCreateInstance(identifier, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch, &application);
+        });
     }
     note("start " + programIdentifier);
-    if (SUCCEEDED(result)) return adopt(static_cast<IDispatch*>(application));
+    if (SUCCEEDED(result)) {
+        process_->find();
+        return adopt(static_cast<IDispatch*>(application));
+    }
     const bool isMissing = result == REGDB_E_CLASSNOTREG || result == CO_E_CLASSSTRING;
     throw AutomationError(kNotAvailable, isMissing
                                              ? "The office 'com' is not available: no " + officeName_ +
@@ -93,11 +113,54 @@ DispatchPtr AutomationSession::start(const std::string& programIdentifier) {
                                                    ". Choose the office 'embedded' otherwise.");
 }
 
+std::string AutomationSession::silence() const {
+    const std::string seconds = std::to_string(limit_->longest() / std::chrono::seconds(1));
+    const std::string program = process_->program().empty() ? officeName_ : process_->program();
+    return officeName_ + " has not answered for " + seconds + " seconds; a dialog may be open in it. " +
+           (process_->wasEnded() ? "It was ended."
+                                 : "End " + program + " in the task manager if it still runs.");
+}
+
+void AutomationSession::endRun() const {
+    std::fputs((silence() + "\n").c_str(), stderr);
+    std::fflush(stderr);
+    ::TerminateProcess(::GetCurrentProcess(), EXIT_FAILURE);
+    std::abort();
+}
+
+void AutomationSession::releaseOffice() {
+    if (process_) process_->release();
+}
+
+void AutomationSession::endByForce() {
+    if (process_) process_->end();
+}
+
 void AutomationSession::note(const std::string& line) {
     if (trace_ != nullptr) trace_->write(line);
 }
 
-Value AutomationSession::invoke(IDispatch& object, const char* className, const char* member, CallKind kind,
+void AutomationSession::noteChange() {
+    ++changes_;
+    known_.clear();
+}
+
+Value AutomationSession::invoke(const DispatchPtr& object, const char* className, const char* member,
+                                CallKind kind, const Arguments& arguments) {
+    if (kind != CallKind::Read) {
+        // A call that fails may have changed something, too.
+        noteChange();
+        return traced(*object, className, member, kind, arguments);
+    }
+    if (!arguments.empty()) return traced(*object, className, member, kind, arguments);
+    const std::pair key(object.get(), std::string(member));
+    if (const auto known = known_.find(key); known != known_.end()) return known->second.value;
+    Value read = traced(*object, className, member, kind, arguments);
+    known_.emplace(key, KnownResult{object, read});
+    return read;
+}
+
+Value AutomationSession::traced(IDispatch& object, const char* className, const char* member, CallKind kind,
                                 const Arguments& arguments) {
     const std::string called = std::string(className) + "." + member;
     const auto shown = [&] { return trace_ == nullptr ? "" : shownCall(called, kind, arguments) + " -> "; };
@@ -114,9 +177,30 @@ Value AutomationSession::invoke(IDispatch& object, const char* className, const 
 
 Value AutomationSession::invokeIds(IDispatch& object, const std::string& called, const Ids& ids,
                                    CallKind kind, const Arguments& arguments) {
+    Variant answer;
+    std::optional<RaisedError> raised;
+    const HRESULT result = ask([&] {
+        PassedArguments passed(arguments, ids, kind);
+        UINT wrongArgument = 0;
+        raised.emplace();
+        const HRESULT returned = object.Invoke(ids.front(), IID_NULL, kEnglish, flagsOf(kind), passed.get(),
+                                               answer.get(), raised->get(), &wrongArgument);
+        const bool isBusyError = returned == DISP_E_EXCEPTION && isBusy(raised->result());
+        return isBusyError ? raised->result() : returned;
+    });
+    if (result == DISP_E_EXCEPTION) throw raised->error(called);
+    if (FAILED(result)) raise(result, called);
+    return valueOf(*answer.get());
+}
+
+AutomationSession::Result AutomationSession::ask(const std::function<Result()>& call) {
     for (int attempt = 1;; ++attempt) {
-        if (std::optional<Value> result = invokeOnce(object, called, ids, kind, arguments)) return *result;
-        if (attempt >= patience_.attempts) raise(RPC_E_CALL_REJECTED, called);
+        if (limit_ && limit_->isExceeded()) return RPC_E_CALL_CANCELED;
+        const Result result = [&] {
+            const CallLimit::Call timed(limit_.get());
+            return call();
+        }();
+        if (!isBusy(result) || attempt >= patience_.attempts) return result;
         pause();
     }
 }
@@ -125,12 +209,15 @@ std::vector<DispatchPtr> AutomationSession::enumerate(IDispatch& collection, con
     const std::string called = std::string(className) + "._NewEnum";
     Variant answer;
     DISPPARAMS none{};
-    HRESULT result = collection.Invoke(DISPID_NEWENUM, IID_NULL, kEnglish, flagsOf(CallKind::Get), &none,
-                                       answer.get(), nullptr, nullptr);
+    HRESULT result = ask([&] {
+        return collection.Invoke(DISPID_NEWENUM, IID_NULL, kEnglish, flagsOf(CallKind::Read), &none,
+                                 answer.get(), nullptr, nullptr);
+    });
     if (FAILED(result)) raise(result, called);
     void* found = nullptr;
     const bool isObject = answer.get()->vt == VT_UNKNOWN || answer.get()->vt == VT_DISPATCH;
-    result = isObject ? answer.get()->punkVal->QueryInterface(IID_IEnumVARIANT, &found) : E_NOINTERFACE;
+    if (!isObject) raise(E_NOINTERFACE, called);
+    result = ask([&] { return answer.get()->punkVal->QueryInterface(IID_IEnumVARIANT, &found); });
     if (FAILED(result)) raise(result, called);
     const std::unique_ptr<IEnumVARIANT, void (*)(IEnumVARIANT*)> items(
         static_cast<IEnumVARIANT*>(found), [](IEnumVARIANT* held) { held->Release(); });
@@ -139,7 +226,7 @@ std::vector<DispatchPtr> AutomationSession::enumerate(IDispatch& collection, con
     for (;;) {
         VARIANT batch[kBatch]{};
         ULONG count = 0;
-        result = items->Next(kBatch, batch, &count);
+        result = ask([&] { return items->Next(kBatch, batch, &count); });
         if (FAILED(result)) raise(result, called);
         for (ULONG item = 0; item < count; ++item) {
             objects.push_back(valueOf(batch[item]).object());
@@ -169,31 +256,16 @@ const AutomationSession::Ids& AutomationSession::idsOf(IDispatch& object, const 
     for (std::wstring& name : wide)
         pointers.push_back(name.data());
     Ids ids(names.size());
-    for (int attempt = 1;; ++attempt) {
-        const HRESULT result = object.GetIDsOfNames(IID_NULL, pointers.data(),
-                                                    static_cast<UINT>(pointers.size()), kEnglish, ids.data());
-        if (SUCCEEDED(result)) return ids_.emplace(std::move(key), std::move(ids)).first->second;
-        if (!isBusy(result) || attempt >= patience_.attempts) raise(result, key);
-        pause();
-    }
+    const HRESULT result = ask([&] {
+        return object.GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()), kEnglish,
+                                    ids.data());
+    });
+    if (FAILED(result)) raise(result, key);
+    return ids_.emplace(std::move(key), std::move(ids)).first->second;
 }
 
-std::optional<Value> AutomationSession::invokeOnce(IDispatch& object, const std::string& called,
-                                                   const Ids& ids, CallKind kind,
-                                                   const Arguments& arguments) {
-    PassedArguments passed(arguments, ids, kind);
-    Variant answer;
-    RaisedError raised;
-    UINT wrongArgument = 0;
-    const HRESULT result = object.Invoke(ids.front(), IID_NULL, kEnglish, flagsOf(kind), passed.get(),
-                                         answer.get(), raised.get(), &wrongArgument);
-    if (isBusy(result) || (result == DISP_E_EXCEPTION && isBusy(raised.result()))) return {};
-    if (result == DISP_E_EXCEPTION) throw raised.error(called);
-    if (FAILED(result)) raise(result, called);
-    return valueOf(*answer.get());
-}
-
-void AutomationSession::raise(long result, const std::string& called) {
+void AutomationSession::raise(Result result, const std::string& called) {
+    if (limit_ && limit_->isExceeded()) throw AutomationError(kNotAvailable, silence());
     if (isBusy(result)) {
         throw AutomationError(kNotAvailable, officeName_ +
                                                  " is busy and takes no calls. It may show a dialog: answer "
@@ -201,9 +273,8 @@ void AutomationSession::raise(long result, const std::string& called) {
                                                  officeName_ + ", and try again.");
     }
     if (isGone(result)) throw AutomationError(kNotAvailable, officeName_ + " has ended while it was used.");
-    throw AutomationError(
-        numberOf(static_cast<HRESULT>(result)),
-        officeName_ + " refused '" + called + "': " + meaningOf(static_cast<HRESULT>(result)) + ".");
+    throw AutomationError(numberOf(result),
+                          officeName_ + " refused '" + called + "': " + meaningOf(result) + ".");
 }
 
 void AutomationSession::pause() const {

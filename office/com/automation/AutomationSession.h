@@ -4,10 +4,11 @@
 #include "office/com/automation/Value.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mergeloom::com {
@@ -26,14 +27,19 @@ struct Argument {
 /// The arguments of a call; those with names are last.
 using Arguments = std::vector<Argument>;
 
-/// The kinds of calls of a member.
-enum class CallKind { Get, Put };
+/// The kinds of calls of a member. What is read without arguments is known until the next call that is not a
+/// Read.
+enum class CallKind { Read, Call, Put };
 
-/// The bounds of waiting for an office that is busy: the number of calls, and the pause between two.
+/// The bounds of waiting for an office.
 struct Patience {
-    int attempts = 150;
-    int pauseMilliseconds = 100;
+    int attempts = 150;              ///< of a call that a busy office refuses
+    int pauseMilliseconds = 100;     ///< between two of them
+    int callMilliseconds = 180'000;  ///< for one call of an office that was started here
 };
+
+class CallLimit;
+class OfficeProcess;
 
 /// The calls to one office of another program: its start, the ids of its members, the meaning of its errors.
 /// Used by the thread that made it. References to the office's objects have to be released before it; each
@@ -51,30 +57,51 @@ class AutomationSession {
     DispatchPtr start(const std::string& programIdentifier);
 
     /// Calls a member of an object of a class. Repeats the call of a busy office until the patience ends.
-    /// Raises
+    /// What an earlier call read is returned without a call (CallKind::Read). Raises
     /// - the office's own number and description for an error of the office,
     /// - kMemberUnknown for a member that this version of the office does not have,
     /// - kObjectDeleted for an object that is gone,
-    /// - kNotAvailable when the office stays busy or has ended.
-    Value invoke(IDispatch& object, const char* className, const char* member, CallKind kind,
+    /// - kNotAvailable when the office stays busy, has ended or does not answer in time.
+    Value invoke(const DispatchPtr& object, const char* className, const char* member, CallKind kind,
                  const Arguments& arguments);
 
     /// Returns the objects of a collection by its enumerator. Errors as for invoke.
     std::vector<DispatchPtr> enumerate(IDispatch& collection, const char* className);
 
+    /// Leaves the office that was started here alone: it is ending, or the user's now.
+    void releaseOffice();
+    /// Ends the office that was started here by force, when it did not end as it was asked to. One in which
+    /// the user works stays.
+    void endByForce();
+
     [[nodiscard]] const std::string& officeName() const { return officeName_; }
+    /// Returns the number of calls that may have changed anything in the office.
+    [[nodiscard]] std::int64_t changes() const { return changes_; }
 
   private:
     using Ids = std::vector<long>;
+    using Result = long;
 
+    /// What was read of an object, which is held so that its address stays its own.
+    struct KnownResult {
+        DispatchPtr object;
+        Value value;
+    };
+
+    Value traced(IDispatch& object, const char* className, const char* member, CallKind kind,
+                 const Arguments& arguments);
     Value invokeIds(IDispatch& object, const std::string& called, const Ids& ids, CallKind kind,
                     const Arguments& arguments);
+    /// Makes a call, again and again while the office is busy. Returns the result of the last time.
+    Result ask(const std::function<Result()>& call);
     const Ids& idsOf(IDispatch& object, const char* className, const char* member,
                      const Arguments& arguments);
-    /// Calls once; returns none when the office is busy.
-    std::optional<Value> invokeOnce(IDispatch& object, const std::string& called, const Ids& ids,
-                                    CallKind kind, const Arguments& arguments);
-    [[noreturn]] void raise(long result, const std::string& called);
+    void noteChange();
+    /// Returns the sentence on an office that does not answer.
+    [[nodiscard]] std::string silence() const;
+    /// Tells that the office does not answer, and ends this program.
+    [[noreturn]] void endRun() const;
+    [[noreturn]] void raise(Result result, const std::string& called);
     void pause() const;
     void note(const std::string& line);
 
@@ -82,6 +109,12 @@ class AutomationSession {
     Patience patience_;
     CallTracePtr trace_;
     std::map<std::string, Ids> ids_;  ///< by the class, the member and the names of arguments
+    std::map<std::pair<IDispatch*, std::string>, KnownResult>
+        known_;  ///< since the last change, by the member
+    std::int64_t changes_ = 0;
+    std::shared_ptr<void> cancellation_;
+    std::unique_ptr<OfficeProcess> process_;  ///< of the office that was started here
+    std::unique_ptr<CallLimit> limit_;        ///< of the calls to it
 };
 
 using SessionPtr = std::shared_ptr<AutomationSession>;

@@ -23,16 +23,10 @@ class ComColumns final : public excel::Columns {
     int count_;
 };
 
-excel::CellArea areaOf(const AutomationObject& range) {
-    const std::string address = range.get("Address").text();
-    if (const std::optional<excel::CellArea> area = excel::parseArea(address)) return *area;
-    throw AutomationError(kApplicationDefined, "'" + address + "' is no single area of cells.");
-}
-
 }  // namespace
 
 excel::WorksheetPtr ComCellRange::Worksheet() {
-    return std::make_shared<ComWorksheet>(application_, sheet_);
+    return std::make_shared<ComWorksheet>(model_, sheet_);
 }
 
 excel::ColumnsPtr ComCellRange::Columns() {
@@ -40,7 +34,7 @@ excel::ColumnsPtr ComCellRange::Columns() {
 }
 
 excel::RangePtr ComCellRange::MergeArea() {
-    return rangeAt(areaOf(first().object("Range", "MergeArea")));
+    return rangeAt(model_->mergeAreaOf(sheet_, area().first));
 }
 
 bool ComCellRange::MergeCells() {
@@ -65,32 +59,33 @@ void ComCellRange::SetValue(const std::string& text) {
 }
 
 void ComCellRange::Select() {
-    sheet_.call("Activate");
+    model_->activate(sheet_);
+    model_->forgetActiveCell();
     cells().call("Select");
+    model_->setActive({sheet_, area()});
 }
 
 void ComCellRange::Activate() {
-    sheet_.call("Activate");
+    model_->activate(sheet_);
+    model_->forgetActiveCell();
     first().call("Activate");
+    model_->setActive({sheet_, area()});
 }
 
 excel::RangePtr ComCellRange::rangeAt(const excel::CellArea& area) const {
-    return std::make_shared<ComCellRange>(application_, sheet_, area);
+    return std::make_shared<ComCellRange>(model_, sheet_, area);
 }
 
-const AutomationObject& ComCellRange::cells() {
-    if (!cells_) cells_ = sheet_.object("Range", "Range", {{"Cell1", absoluteAddressOf(area())}});
-    return *cells_;
+AutomationObject ComCellRange::cells() const {
+    return model_->rangeOf({sheet_, area()});
 }
 
-AutomationObject ComCellRange::first() {
-    const excel::CellArea cell{area().first, area().first};
-    if (area() == cell) return cells();
-    return sheet_.object("Range", "Range", {{"Cell1", absoluteAddressOf(cell)}});
+AutomationObject ComCellRange::first() const {
+    return model_->rangeOf({sheet_, {area().first, area().first}});
 }
 
-excel::RangePtr rangeOf(const AutomationObject& application, const AutomationObject& range) {
-    return std::make_shared<ComCellRange>(application, range.object("Worksheet", "Worksheet"), areaOf(range));
+excel::RangePtr rangeOf(const ComExcelModelPtr& model, const AutomationObject& range) {
+    return std::make_shared<ComCellRange>(model, range.object("Worksheet", "Worksheet"), areaOf(range));
 }
 
 Value textValue(const std::string& text) {

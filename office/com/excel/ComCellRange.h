@@ -1,19 +1,17 @@
 #pragma once
 
-#include "office/com/automation/AutomationObject.h"
+#include "office/com/excel/ComExcelModel.h"
 #include "office/model/excel/AreaRange.h"
 
-#include <optional>
 #include <string>
 
 namespace mergeloom::com {
 
-/// An area of cells of an installed Excel. It has its place itself, and Excel's own range from the first use
-/// of its cells on.
+/// An area of cells of an installed Excel, which is known by its place.
 class ComCellRange final : public excel::AreaRange {
   public:
-    ComCellRange(AutomationObject application, AutomationObject sheet, const excel::CellArea& area)
-        : AreaRange(area), application_(std::move(application)), sheet_(std::move(sheet)) {}
+    ComCellRange(ComExcelModelPtr model, AutomationObject sheet, const excel::CellArea& area)
+        : AreaRange(area), model_(std::move(model)), sheet_(std::move(sheet)) {}
 
     excel::WorksheetPtr Worksheet() override;
     excel::ColumnsPtr Columns() override;
@@ -34,18 +32,17 @@ class ComCellRange final : public excel::AreaRange {
 
   private:
     [[nodiscard]] excel::RangePtr rangeAt(const excel::CellArea& area) const override;
-    [[nodiscard]] const AutomationObject& cells();
+    [[nodiscard]] AutomationObject cells() const;
     /// Returns Excel's range of the first cell: properties of several cells have a value only if it is the
     /// same for all.
-    [[nodiscard]] AutomationObject first();
+    [[nodiscard]] AutomationObject first() const;
 
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject sheet_;
-    std::optional<AutomationObject> cells_;
 };
 
 /// Returns the area of one of Excel's ranges. Raises kApplicationDefined for several areas.
-excel::RangePtr rangeOf(const AutomationObject& application, const AutomationObject& range);
+excel::RangePtr rangeOf(const ComExcelModelPtr& model, const AutomationObject& range);
 
 /// Returns a text in a form that Excel reads as a text and never as a number or a formula. Raises
 /// kApplicationDefined for one that is too long for a cell.

@@ -50,13 +50,17 @@ class NoUndoRecord final : public model::UndoRecord {
 ComExcelApplication::~ComExcelApplication() {
     if (hasQuit_) return;
     workbooks_.closeAll([](ComWorkbook& workbook) { workbook.Close(excel::SaveChanges::No); });
-    ignoringErrors([&] { end(); });
+    try {
+        end();
+    } catch (const std::exception&) {
+        model_->session()->endByForce();
+    }
 }
 
 void ComExcelApplication::setUp() {
-    application_.put("DisplayAlerts", false);
-    application_.put("AutomationSecurity", kForceDisable);
-    application_.put("EnableEvents", false);
+    app().put("DisplayAlerts", false);
+    app().put("AutomationSecurity", kForceDisable);
+    app().put("EnableEvents", false);
 }
 
 excel::WorkbooksPtr ComExcelApplication::Workbooks() {
@@ -64,20 +68,25 @@ excel::WorkbooksPtr ComExcelApplication::Workbooks() {
         shared_from_this());
 }
 
-DispatchPtr ComExcelApplication::activeCell() {
+std::optional<SheetArea> ComExcelApplication::activeCell() {
     if (documents().empty()) throw AutomationError(kNotAvailable, "No workbook is open.");
-    return application_.get("ActiveCell").object();
+    if (std::optional<SheetArea> known = model_->activeCell()) return known;
+    const DispatchPtr found = app().get("ActiveCell").object();
+    if (!found) return {};
+    const AutomationObject cell(model_->session(), found, "Range");
+    model_->setActive({cell.object("Worksheet", "Worksheet"), areaOf(cell)});
+    return model_->activeCell();
 }
 
 excel::RangePtr ComExcelApplication::ActiveCell() {
-    const DispatchPtr cell = activeCell();
+    const std::optional<SheetArea> cell = activeCell();
     if (!cell) throw AutomationError(kApplicationDefined, "The active sheet has no cells.");
-    return rangeOf(application_, {application_.session(), cell, "Range"});
+    return std::make_shared<ComCellRange>(model_, cell->sheet, cell->area);
 }
 
 excel::SelectionPtr ComExcelApplication::Selection() {
     if (!activeCell()) return std::make_shared<excel::ChartSelection>();
-    return std::make_shared<ComSelection>(application_.object("Selection", "Selection"));
+    return std::make_shared<ComSelection>(app().object("Selection", "Selection"));
 }
 
 excel::RangePtr ComExcelApplication::Intersect(excel::Range& first, excel::Range& second) {
@@ -102,45 +111,54 @@ void ComExcelApplication::Quit() {
 }
 
 void ComExcelApplication::end() {
-    if (application_.object("Workbooks", "Workbooks").get("Count").integer() > 0) {
-        application_.put("Visible", true);
-        application_.put("UserControl", true);
+    if (app().object("Workbooks", "Workbooks").get("Count").integer() > 0) {
+        app().put("Visible", true);
+        app().put("UserControl", true);
     } else {
-        application_.call("Quit");
+        app().call("Quit");
     }
+    model_->session()->releaseOffice();
 }
 
 excel::WorkbookPtr ComExcelApplication::add(const std::string& templatePath) {
-    const AutomationObject workbooks = application_.object("Workbooks", "Workbooks");
-    if (templatePath.empty()) return list(workbooks.object("Workbook", "Add", {{"Template", kOneWorksheet}}));
+    const AutomationObject workbooks = app().object("Workbooks", "Workbooks");
+    if (templatePath.empty())
+        return list(workbooks.callForObject("Workbook", "Add", {{"Template", kOneWorksheet}}));
     excel::WorkbookPtr added;
-    readingFile(*application_.session(), templatePath, [&] {
-        added = list(workbooks.object("Workbook", "Add", {{"Template", templatePath}}));
+    readingFile(*model_->session(), templatePath, [&] {
+        added = list(workbooks.callForObject("Workbook", "Add", {{"Template", templatePath}}));
     });
     return added;
 }
 
 excel::WorkbookPtr ComExcelApplication::open(const std::string& fileName) {
-    const AutomationObject workbooks = application_.object("Workbooks", "Workbooks");
+    const AutomationObject workbooks = app().object("Workbooks", "Workbooks");
     excel::WorkbookPtr opened;
-    readingFile(*application_.session(), fileName, [&] {
-        opened = list(workbooks.object("Workbook", "Open",
-                                       {{"Filename", fileName},
-                                        {"UpdateLinks", kNoLinks},
-                                        {"Password", kNoPassword},
-                                        {"IgnoreReadOnlyRecommended", true},
-                                        {"Notify", false},
-                                        {"AddToMru", false}}));
+    readingFile(*model_->session(), fileName, [&] {
+        opened = list(workbooks.callForObject("Workbook", "Open",
+                                              {{"Filename", fileName},
+                                               {"UpdateLinks", kNoLinks},
+                                               {"Password", kNoPassword},
+                                               {"IgnoreReadOnlyRecommended", true},
+                                               {"Notify", false},
+                                               {"AddToMru", false}}));
     });
     return opened;
 }
 
 excel::WorkbookPtr ComExcelApplication::list(const AutomationObject& workbook) {
-    return workbooks_.add(std::make_shared<ComWorkbook>(weak_from_this(), application_, workbook));
+    model_->forget();
+    return workbooks_.add(std::make_shared<ComWorkbook>(weak_from_this(), model_, workbook));
+}
+
+void ComExcelApplication::remove(const ComWorkbook& workbook) {
+    model_->forget();
+    workbooks_.remove(workbook);
 }
 
 excel::ApplicationPtr makeExcelApplication(const OfficeServer& server) {
-    const auto office = std::make_shared<ComExcelApplication>(startApplication("Excel", server));
+    const auto office = std::make_shared<ComExcelApplication>(
+        std::make_shared<ComExcelModel>(startApplication("Excel", server)));
     office->setUp();
     return office;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "office/com/automation/AutomationObject.h"
 #include "office/com/automation/OwnDocuments.h"
+#include "office/com/excel/ComExcelModel.h"
 #include "office/com/excel/ComWorkbook.h"
 #include "office/model/excel/Application.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,12 +18,12 @@ namespace mergeloom::com {
 class ComExcelApplication final : public excel::Application,
                                   public std::enable_shared_from_this<ComExcelApplication> {
   public:
-    explicit ComExcelApplication(AutomationObject application) : application_(std::move(application)) {}
+    explicit ComExcelApplication(ComExcelModelPtr model) : model_(std::move(model)) {}
     /// Ends Excel, unsaved, if Quit was not called.
     ~ComExcelApplication() override;
 
-    std::string Name() override { return application_.get("Name").text(); }
-    std::string Version() override { return application_.get("Version").text(); }
+    std::string Name() override { return app().get("Name").text(); }
+    std::string Version() override { return app().get("Version").text(); }
     excel::WorkbooksPtr Workbooks() override;
     excel::RangePtr ActiveCell() override;
     excel::SelectionPtr Selection() override;
@@ -38,17 +39,18 @@ class ComExcelApplication final : public excel::Application,
     }
     excel::WorkbookPtr add(const std::string& templatePath);
     excel::WorkbookPtr open(const std::string& fileName);
-    void remove(const ComWorkbook& workbook) { workbooks_.remove(workbook); }
+    void remove(const ComWorkbook& workbook);
 
   private:
-    /// Returns Excel's active cell; null if the active sheet has none. Raises kNotAvailable without a
+    [[nodiscard]] const AutomationObject& app() const { return model_->application(); }
+    /// Returns the active cell; none if the active sheet has no cells. Raises kNotAvailable without a
     /// workbook.
-    DispatchPtr activeCell();
+    std::optional<SheetArea> activeCell();
     excel::WorkbookPtr list(const AutomationObject& workbook);
     /// Ends Excel, or leaves it to the user if it has workbooks of theirs.
     void end();
 
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     OwnDocuments<ComWorkbook> workbooks_;
     bool hasQuit_ = false;
 };

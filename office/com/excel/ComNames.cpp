@@ -37,27 +37,27 @@ std::string plainName(const std::string& name) {
 
 class ComName final : public excel::DefinedName {
   public:
-    ComName(AutomationObject application, AutomationObject name)
-        : application_(std::move(application)), name_(std::move(name)) {}
+    ComName(ComExcelModelPtr model, AutomationObject name)
+        : model_(std::move(model)), name_(std::move(name)) {}
 
     std::string Name() override { return plainName(name_.get("Name").text()); }
     bool Visible() override { return name_.get("Visible").truth(); }
     std::string RefersToLocal() override { return name_.get("RefersToLocal").text(); }
     void SetRefersToLocal(const std::string& formula) override { name_.put("RefersToLocal", formula); }
     excel::RangePtr RefersToRange() override {
-        return rangeOf(application_, name_.object("Range", "RefersToRange"));
+        return rangeOf(model_, name_.object("Range", "RefersToRange"));
     }
     void Delete() override { name_.call("Delete"); }
 
   private:
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject name_;
 };
 
 class ComNames final : public excel::Names {
   public:
-    ComNames(AutomationObject application, AutomationObject workbook, AutomationObject names)
-        : application_(std::move(application)),
+    ComNames(ComExcelModelPtr model, AutomationObject workbook, AutomationObject names)
+        : model_(std::move(model)),
           workbook_(std::move(workbook)),
           names_(std::move(names)),
           known_(names_, "Name") {}
@@ -80,10 +80,10 @@ class ComNames final : public excel::Names {
     std::optional<AutomationObject> find(const std::string& name);
     const std::set<std::string>& tableNames();
     excel::DefinedNamePtr make(const AutomationObject& name) {
-        return std::make_shared<ComName>(application_, name);
+        return std::make_shared<ComName>(model_, name);
     }
 
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject workbook_;
     AutomationObject names_;
     KnownNames known_;
@@ -97,7 +97,7 @@ excel::DefinedNamePtr ComNames::Add(const std::string& name, const std::string& 
     // Excel would take any other text for a constant.
     const bool isFormula = refersToLocal.size() > 1 && refersToLocal.front() == '=';
     if (!isFormula) throw AutomationError(kApplicationDefined, "'" + refersToLocal + "' is no formula.");
-    return make(names_.object("Name", "Add", {{"Name", name}, {"RefersToLocal", refersToLocal}}));
+    return make(names_.callForObject("Name", "Add", {{"Name", name}, {"RefersToLocal", refersToLocal}}));
 }
 
 std::optional<AutomationObject> ComNames::find(const std::string& name) {
@@ -124,8 +124,8 @@ const std::set<std::string>& ComNames::tableNames() {
 
 }  // namespace
 
-excel::NamesPtr makeNames(const AutomationObject& application, const AutomationObject& workbook) {
-    return std::make_shared<ComNames>(application, workbook, workbook.object("Names", "Names"));
+excel::NamesPtr makeNames(const ComExcelModelPtr& model, const AutomationObject& workbook) {
+    return std::make_shared<ComNames>(model, workbook, workbook.object("Names", "Names"));
 }
 
 }  // namespace mergeloom::com

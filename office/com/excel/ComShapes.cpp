@@ -61,12 +61,12 @@ class ComDrawnObject {
 
 class ComShape final : public excel::Shape {
   public:
-    ComShape(AutomationObject application, AutomationObject shape)
-        : application_(std::move(application)), object_(std::move(shape)) {}
+    ComShape(ComExcelModelPtr model, AutomationObject shape)
+        : model_(std::move(model)), object_(std::move(shape)) {}
 
     std::string Name() override { return object_.get("Name").text(); }
     excel::MsoShapeType Type() override { return excel::MsoShapeType{object_.get("Type").integer()}; }
-    excel::RangePtr TopLeftCell() override { return rangeOf(application_, object_.range("TopLeftCell")); }
+    excel::RangePtr TopLeftCell() override { return rangeOf(model_, object_.range("TopLeftCell")); }
     Points Left() override { return object_.points("Left"); }
     Points Top() override { return object_.points("Top"); }
     Points Width() override { return object_.points("Width"); }
@@ -74,14 +74,14 @@ class ComShape final : public excel::Shape {
     void Delete() override { object_.remove(); }
 
   private:
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     ComDrawnObject object_;
 };
 
 class ComShapes final : public excel::Shapes {
   public:
-    ComShapes(AutomationObject application, AutomationObject shapes)
-        : application_(std::move(application)), shapes_(std::move(shapes)) {}
+    ComShapes(ComExcelModelPtr model, AutomationObject shapes)
+        : model_(std::move(model)), shapes_(std::move(shapes)) {}
 
     int Count() override { return shapes_.get("Count").integer(); }
     excel::ShapePtr Item(int number) override { return item(static_cast<int>(indexOf(number)) + 1); }
@@ -90,14 +90,14 @@ class ComShapes final : public excel::Shapes {
   private:
     excel::ShapePtr item(const Value& index) {
         try {
-            return std::make_shared<ComShape>(application_, shapes_.object("Shape", "Item", {index}));
+            return std::make_shared<ComShape>(model_, shapes_.object("Shape", "Item", {index}));
         } catch (const AutomationError& error) {
             if (!isMissing(error)) throw;
             throw AutomationError(kApplicationDefined, "There is no object " + shownValue(index) + ".");
         }
     }
 
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject shapes_;
 };
 
@@ -123,11 +123,11 @@ class ComPicture final : public excel::Picture {
 /// Excel's own Pictures.Insert would only link the file.
 class ComPictures final : public excel::Pictures {
   public:
-    ComPictures(AutomationObject application, AutomationObject sheet)
-        : application_(std::move(application)), sheet_(std::move(sheet)) {}
+    ComPictures(ComExcelModelPtr model, AutomationObject sheet)
+        : model_(std::move(model)), sheet_(std::move(sheet)) {}
 
     excel::PicturePtr Insert(const std::string& fileName) override {
-        const AutomationObject cell = application_.object("Range", "ActiveCell");
+        const AutomationObject cell = model_->application().object("Range", "ActiveCell");
         const AutomationObject shape = added(fileName, cell);
         shape.put("LockAspectRatio", false);
         shape.put("Placement", kMove);
@@ -139,14 +139,14 @@ class ComPictures final : public excel::Pictures {
         std::optional<AutomationObject> shape;
         const auto add = [&] {
             shape = sheet_.object("Shapes", "Shapes")
-                        .object("Shape", "AddPicture",
-                                {{"Filename", fileName},
-                                 {"LinkToFile", false},
-                                 {"SaveWithDocument", true},
-                                 {"Left", cell.get("Left")},
-                                 {"Top", cell.get("Top")},
-                                 {"Width", kNaturalSize},
-                                 {"Height", kNaturalSize}});
+                        .callForObject("Shape", "AddPicture",
+                                       {{"Filename", fileName},
+                                        {"LinkToFile", false},
+                                        {"SaveWithDocument", true},
+                                        {"Left", cell.get("Left")},
+                                        {"Top", cell.get("Top")},
+                                        {"Width", kNaturalSize},
+                                        {"Height", kNaturalSize}});
         };
         try {
             add();
@@ -158,18 +158,18 @@ class ComPictures final : public excel::Pictures {
         return *shape;
     }
 
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject sheet_;
 };
 
 }  // namespace
 
-excel::ShapesPtr makeShapes(const AutomationObject& application, const AutomationObject& sheet) {
-    return std::make_shared<ComShapes>(application, sheet.object("Shapes", "Shapes"));
+excel::ShapesPtr makeShapes(const ComExcelModelPtr& model, const AutomationObject& sheet) {
+    return std::make_shared<ComShapes>(model, sheet.object("Shapes", "Shapes"));
 }
 
-excel::PicturesPtr makePictures(const AutomationObject& application, const AutomationObject& sheet) {
-    return std::make_shared<ComPictures>(application, sheet);
+excel::PicturesPtr makePictures(const ComExcelModelPtr& model, const AutomationObject& sheet) {
+    return std::make_shared<ComPictures>(model, sheet);
 }
 
 }  // namespace mergeloom::com

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "office/com/automation/AutomationObject.h"
+#include "office/com/excel/ComExcelModel.h"
 #include "office/model/excel/Forward.h"
 
 namespace mergeloom::com {
 
 /// Return the objects and the pictures of a sheet's drawing layer.
-excel::ShapesPtr makeShapes(const AutomationObject& application, const AutomationObject& sheet);
-excel::PicturesPtr makePictures(const AutomationObject& application, const AutomationObject& sheet);
+excel::ShapesPtr makeShapes(const ComExcelModelPtr& model, const AutomationObject& sheet);
+excel::PicturesPtr makePictures(const ComExcelModelPtr& model, const AutomationObject& sheet);
 
 }  // namespace mergeloom::com

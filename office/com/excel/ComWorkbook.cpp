@@ -13,12 +13,12 @@ excel::ApplicationPtr ComWorkbook::Application() {
 }
 
 excel::NamesPtr ComWorkbook::Names() {
-    if (!names_) names_ = makeNames(application_, workbook_);
+    if (!names_) names_ = makeNames(model_, workbook_);
     return names_;
 }
 
 excel::WorksheetsPtr ComWorkbook::Worksheets() {
-    return makeWorksheets(application_, workbook_);
+    return makeWorksheets(model_, workbook_);
 }
 
 void ComWorkbook::Save() {

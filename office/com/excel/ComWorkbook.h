@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/com/automation/AutomationObject.h"
+#include "office/com/excel/ComExcelModel.h"
 #include "office/model/excel/Workbook.h"
 
 #include <memory>
@@ -15,9 +15,8 @@ class ComExcelApplication;
 /// programs.
 class ComWorkbook final : public excel::Workbook {
   public:
-    ComWorkbook(std::weak_ptr<ComExcelApplication> owner, AutomationObject application,
-                AutomationObject workbook)
-        : owner_(std::move(owner)), application_(std::move(application)), workbook_(std::move(workbook)) {}
+    ComWorkbook(std::weak_ptr<ComExcelApplication> owner, ComExcelModelPtr model, AutomationObject workbook)
+        : owner_(std::move(owner)), model_(std::move(model)), workbook_(std::move(workbook)) {}
 
     excel::ApplicationPtr Application() override;
     excel::NamesPtr Names() override;
@@ -34,7 +33,7 @@ class ComWorkbook final : public excel::Workbook {
 
   private:
     std::weak_ptr<ComExcelApplication> owner_;
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject workbook_;
     excel::NamesPtr names_;  ///< since their first use
     bool isClosed_ = false;

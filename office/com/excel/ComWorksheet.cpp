@@ -10,8 +10,8 @@ namespace {
 
 class ComWorksheets final : public excel::Worksheets {
   public:
-    ComWorksheets(AutomationObject application, AutomationObject sheets)
-        : application_(std::move(application)), sheets_(std::move(sheets)) {}
+    ComWorksheets(ComExcelModelPtr model, AutomationObject sheets)
+        : model_(std::move(model)), sheets_(std::move(sheets)) {}
 
     int Count() override { return sheets_.get("Count").integer(); }
     excel::WorksheetPtr Item(int number) override { return item(number); }
@@ -19,10 +19,10 @@ class ComWorksheets final : public excel::Worksheets {
 
   private:
     excel::WorksheetPtr item(const Value& index) {
-        return std::make_shared<ComWorksheet>(application_, sheets_.object("Worksheet", "Item", {index}));
+        return std::make_shared<ComWorksheet>(model_, sheets_.object("Worksheet", "Item", {index}));
     }
 
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject sheets_;
 };
 
@@ -30,7 +30,7 @@ class ComWorksheets final : public excel::Worksheets {
 
 excel::RangePtr ComWorksheet::Cells(int row, int column) {
     const excel::CellPosition cell{row, column};
-    return std::make_shared<ComCellRange>(application_, sheet_, excel::CellArea{cell, cell});
+    return std::make_shared<ComCellRange>(model_, sheet_, excel::CellArea{cell, cell});
 }
 
 excel::RangePtr ComWorksheet::Range(const std::string& address) {
@@ -40,19 +40,19 @@ excel::RangePtr ComWorksheet::Range(const std::string& address) {
 }
 
 excel::RangePtr ComWorksheet::UsedRange() {
-    return rangeOf(application_, sheet_.object("Range", "UsedRange"));
+    return rangeOf(model_, sheet_.object("Range", "UsedRange"));
 }
 
 excel::ShapesPtr ComWorksheet::Shapes() {
-    return makeShapes(application_, sheet_);
+    return makeShapes(model_, sheet_);
 }
 
 excel::PicturesPtr ComWorksheet::Pictures() {
-    return makePictures(application_, sheet_);
+    return makePictures(model_, sheet_);
 }
 
-excel::WorksheetsPtr makeWorksheets(const AutomationObject& application, const AutomationObject& workbook) {
-    return std::make_shared<ComWorksheets>(application, workbook.object("Sheets", "Worksheets"));
+excel::WorksheetsPtr makeWorksheets(const ComExcelModelPtr& model, const AutomationObject& workbook) {
+    return std::make_shared<ComWorksheets>(model, workbook.object("Sheets", "Worksheets"));
 }
 
 }  // namespace mergeloom::com

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/com/automation/AutomationObject.h"
+#include "office/com/excel/ComExcelModel.h"
 #include "office/model/excel/Worksheet.h"
 
 #include <string>
@@ -11,8 +11,8 @@ namespace mergeloom::com {
 /// A sheet of an installed Excel.
 class ComWorksheet final : public excel::Worksheet {
   public:
-    ComWorksheet(AutomationObject application, AutomationObject sheet)
-        : application_(std::move(application)), sheet_(std::move(sheet)) {}
+    ComWorksheet(ComExcelModelPtr model, AutomationObject sheet)
+        : model_(std::move(model)), sheet_(std::move(sheet)) {}
 
     std::string Name() override { return sheet_.get("Name").text(); }
     excel::RangePtr Cells(int row, int column) override;
@@ -20,14 +20,14 @@ class ComWorksheet final : public excel::Worksheet {
     excel::RangePtr UsedRange() override;
     excel::ShapesPtr Shapes() override;
     excel::PicturesPtr Pictures() override;
-    void Activate() override { sheet_.call("Activate"); }
+    void Activate() override { model_->activate(sheet_); }
 
   private:
-    AutomationObject application_;
+    ComExcelModelPtr model_;
     AutomationObject sheet_;
 };
 
 /// Returns the sheets with cells of a workbook.
-excel::WorksheetsPtr makeWorksheets(const AutomationObject& application, const AutomationObject& workbook);
+excel::WorksheetsPtr makeWorksheets(const ComExcelModelPtr& model, const AutomationObject& workbook);
 
 }  // namespace mergeloom::com

@@ -9,10 +9,11 @@ namespace {
 
 class ComBookmark final : public word::Bookmark {
   public:
-    ComBookmark(ComWordModelPtr model, AutomationObject bookmark)
-        : model_(std::move(model)), bookmark_(std::move(bookmark)) {}
+    /// The name is empty where Word has to be asked for it.
+    ComBookmark(ComWordModelPtr model, AutomationObject bookmark, std::string name)
+        : model_(std::move(model)), bookmark_(std::move(bookmark)), name_(std::move(name)) {}
 
-    std::string Name() override { return bookmark_.get("Name").text(); }
+    std::string Name() override { return name_.empty() ? bookmark_.get("Name").text() : name_; }
     word::RangePtr Range() override { return makeRange(model_, bookmark_.object("Range", "Range")); }
     CharacterPosition Start() override { return {bookmark_.get("Start").number()}; }
     void SetStart(CharacterPosition start) override { bookmark_.put("Start", start.value); }
@@ -23,6 +24,7 @@ class ComBookmark final : public word::Bookmark {
   private:
     ComWordModelPtr model_;
     AutomationObject bookmark_;
+    std::string name_;
 };
 
 class ComBookmarks final : public word::Bookmarks {
@@ -36,20 +38,23 @@ class ComBookmarks final : public word::Bookmarks {
     bool Exists(const std::string& name) override {
         // Word's collection leaves out the hidden ones.
         const bool isKnown = !known_ || word::isHiddenBookmark(name) || known_->mayHave(name);
-        return isKnown && bookmarks_.call("Exists", {name}).truth();
+        return isKnown && bookmarks_.get("Exists", {name}).truth();
     }
     word::BookmarkPtr Add(const std::string& name, word::Range& range) override {
+        // Word may keep the letters of a name that exists.
+        const bool isNew = known_ && !known_->mayHave(name);
         if (known_) known_->add(name);
-        return make(
-            bookmarks_.object("Bookmark", "Add", {{"Name", name}, {"Range", model_->referenceOf(range)}}));
+        const AutomationObject added = bookmarks_.callForObject(
+            "Bookmark", "Add", {{"Name", name}, {"Range", model_->referenceOf(range)}});
+        return make(added, isNew ? name : "");
     }
 
   private:
     word::BookmarkPtr item(const Value& index) {
-        return make(bookmarks_.object("Bookmark", "Item", {index}));
+        return make(bookmarks_.object("Bookmark", "Item", {index}), "");
     }
-    word::BookmarkPtr make(const AutomationObject& bookmark) {
-        return std::make_shared<ComBookmark>(model_, bookmark);
+    word::BookmarkPtr make(const AutomationObject& bookmark, const std::string& name) {
+        return std::make_shared<ComBookmark>(model_, bookmark, name);
     }
 
     ComWordModelPtr model_;

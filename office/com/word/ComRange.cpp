@@ -47,35 +47,49 @@ class ComInlineShapes final : public word::InlineShapes {
 
 class ComRange final : public word::Range {
   public:
-    ComRange(ComWordModelPtr model, AutomationObject range)
+    ComRange(ComWordModelPtr model, AutomationObject range, RangeKind kind)
         : model_(std::move(model)), range_(std::move(range)) {
-        model_->add(*this, range_.reference());
+        model_->set(*this, range_.reference());
+        if (kind == RangeKind::Caret) emptySince_ = model_->session().changes();
     }
     ~ComRange() override { model_->remove(*this); }
 
     CharacterPosition Start() override { return {range_.get("Start").number()}; }
     CharacterPosition End() override { return {range_.get("End").number()}; }
+    bool isEmpty() override { return emptySince_ == model_->session().changes() || word::Range::isEmpty(); }
     std::string storyName() override { return storyNameOf(range_); }
     std::string Text() override { return range_.get("Text").text(); }
-    void SetText(const std::string& text) override { range_.put("Text", withParagraphMarks(text)); }
+    void SetText(const std::string& text) override {
+        detach();
+        range_.put("Text", withParagraphMarks(text));
+    }
     word::BookmarksPtr Bookmarks() override {
         return makeBookmarks(model_, range_.object("Bookmarks", "Bookmarks"));
     }
     word::CellsPtr Cells() override { return makeCells(model_, range_.object("Cells", "Cells")); }
     word::FieldsPtr Fields() override { return makeFields(model_, range_); }
     word::InlineShapesPtr InlineShapes() override {
+        detach();
         return std::make_shared<ComInlineShapes>(range_, ComInlineShapes::Owner::Range);
     }
     word::TablesPtr Tables() override { return makeTables(model_, range_.object("Tables", "Tables")); }
     word::RangePtr Previous(word::WdUnits unit, int count) override {
-        const DispatchPtr found = range_.call("Previous", {{"Unit", unit}, {"Count", count}}).object();
+        const DispatchPtr found = range_.get("Previous", {{"Unit", unit}, {"Count", count}}).object();
         return found ? makeRange(model_, {range_.session(), found, "Range"}) : nullptr;
     }
     void Select() override { range_.call("Select"); }
 
   private:
+    /// Gives this range one of Word's of its own, since a change moves it.
+    void detach() {
+        if (!model_->isShared(range_.reference())) return;
+        range_ = range_.object("Range", "Duplicate");
+        model_->set(*this, range_.reference());
+    }
+
     ComWordModelPtr model_;
     AutomationObject range_;
+    std::int64_t emptySince_ = -1;  ///< the number of changes before, -1 if it may have a text
 };
 
 class ComFont final : public word::Font {
@@ -92,7 +106,11 @@ class ComSelection final : public word::Selection {
     ComSelection(ComWordModelPtr model, AutomationObject selection)
         : model_(std::move(model)), selection_(std::move(selection)) {}
 
-    word::RangePtr Range() override { return makeRange(model_, selection_.object("Range", "Range")); }
+    word::RangePtr Range() override {
+        const bool isCaret = caretSince_ == model_->session().changes();
+        return makeRange(model_, selection_.object("Range", "Range"),
+                         isCaret ? RangeKind::Caret : RangeKind::Any);
+    }
     void SetText(const std::string& text) override { selection_.put("Text", withParagraphMarks(text)); }
     /// Word's own TypeText would heed the user's options for typing, such as typographic quotes.
     void TypeText(const std::string& text) override {
@@ -102,6 +120,7 @@ class ComSelection final : public word::Selection {
     void TypeParagraph() override { selection_.call("TypeParagraph"); }
     void Collapse(word::WdCollapseDirection direction) override {
         selection_.call("Collapse", {{"Direction", direction}});
+        caretSince_ = model_->session().changes();
     }
     void EndKey(word::WdUnits unit) override { selection_.call("EndKey", {{"Unit", unit}}); }
     word::FontPtr Font() override { return std::make_shared<ComFont>(selection_.object("Font", "Font")); }
@@ -121,12 +140,13 @@ class ComSelection final : public word::Selection {
   private:
     ComWordModelPtr model_;
     AutomationObject selection_;
+    std::int64_t caretSince_ = -1;  ///< the number of changes before, -1 if something may be selected
 };
 
 }  // namespace
 
-word::RangePtr makeRange(const ComWordModelPtr& model, const AutomationObject& range) {
-    return std::make_shared<ComRange>(model, range);
+word::RangePtr makeRange(const ComWordModelPtr& model, const AutomationObject& range, RangeKind kind) {
+    return std::make_shared<ComRange>(model, range, kind);
 }
 
 word::SelectionPtr makeSelection(const ComWordModelPtr& model, const AutomationObject& selection) {

@@ -58,7 +58,7 @@ class ComRows final : public word::Rows {
 
     int Count() override { return rows_.get("Count").integer(); }
     word::RowPtr Item(int number) override { return make(rows_.object("Row", "Item", {number})); }
-    word::RowPtr Add() override { return make(rows_.object("Row", "Add")); }
+    word::RowPtr Add() override { return make(rows_.callForObject("Row", "Add")); }
 
   private:
     word::RowPtr make(const AutomationObject& row) { return std::make_shared<ComRow>(model_, row); }
@@ -96,12 +96,12 @@ class ComTables final : public word::Tables {
     word::TablePtr Item(int number) override { return make(tables_.object("Table", "Item", {number})); }
     word::TablePtr Add(word::Range& range, int rows, int columns) override {
         checkSize(rows, columns);
-        return make(tables_.object("Table", "Add",
-                                   {{"Range", model_->referenceOf(range)},
-                                    {"NumRows", rows},
-                                    {"NumColumns", columns},
-                                    {"DefaultTableBehavior", kWord9TableBehavior},
-                                    {"AutoFitBehavior", kAutoFitFixed}}));
+        return make(tables_.callForObject("Table", "Add",
+                                          {{"Range", model_->referenceOf(range)},
+                                           {"NumRows", rows},
+                                           {"NumColumns", columns},
+                                           {"DefaultTableBehavior", kWord9TableBehavior},
+                                           {"AutoFitBehavior", kAutoFitFixed}}));
     }
 
   private:

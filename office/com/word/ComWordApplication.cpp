@@ -60,7 +60,11 @@ ComWordApplication::~ComWordApplication() {
     if (hasQuit_) return;
     documents_.closeAll(
         [](ComDocument& document) { document.Close(word::WdSaveOptions::wdDoNotSaveChanges); });
-    ignoringErrors([&] { end(); });
+    try {
+        end();
+    } catch (const std::exception&) {
+        model_->session().endByForce();
+    }
 }
 
 word::DocumentsPtr ComWordApplication::Documents() {
@@ -103,14 +107,15 @@ void ComWordApplication::end() {
     } else {
         app().call("Quit", {{"SaveChanges", word::WdSaveOptions::wdDoNotSaveChanges}});
     }
+    model_->session().releaseOffice();
 }
 
 word::DocumentPtr ComWordApplication::add(const std::string& templatePath) {
     word::DocumentPtr added;
     const AutomationObject documents = app().object("Documents", "Documents");
-    if (templatePath.empty()) return list(documents.object("Document", "Add"));
+    if (templatePath.empty()) return list(documents.callForObject("Document", "Add"));
     readingFile(model_->session(), templatePath, [&] {
-        added = list(documents.object("Document", "Add", {{"Template", templatePath}}));
+        added = list(documents.callForObject("Document", "Add", {{"Template", templatePath}}));
     });
     return added;
 }
@@ -119,12 +124,12 @@ word::DocumentPtr ComWordApplication::open(const std::string& fileName) {
     word::DocumentPtr opened;
     const AutomationObject documents = app().object("Documents", "Documents");
     readingFile(model_->session(), fileName, [&] {
-        opened = list(documents.object("Document", "Open",
-                                       {{"FileName", fileName},
-                                        {"ConfirmConversions", false},
-                                        {"AddToRecentFiles", false},
-                                        {"PasswordDocument", kNoPassword},
-                                        {"NoEncodingDialog", true}}));
+        opened = list(documents.callForObject("Document", "Open",
+                                              {{"FileName", fileName},
+                                               {"ConfirmConversions", false},
+                                               {"AddToRecentFiles", false},
+                                               {"PasswordDocument", kNoPassword},
+                                               {"NoEncodingDialog", true}}));
     });
     return opened;
 }

@@ -20,14 +20,18 @@ class ComWordModel {
     [[nodiscard]] const AutomationObject& application() const { return application_; }
     [[nodiscard]] AutomationSession& session() const { return *application_.session(); }
 
-    void add(const word::Range& range, const DispatchPtr& reference) { ranges_.emplace(&range, reference); }
-    void remove(const word::Range& range) { ranges_.erase(&range); }
+    void set(const word::Range& range, const DispatchPtr& reference);
+    void remove(const word::Range& range);
+    /// Returns true if several ranges of the model have this one of Word's, as when it was read once for
+    /// them.
+    [[nodiscard]] bool isShared(const DispatchPtr& reference) const;
     /// Raises kCommandFailed for a range of another office.
     [[nodiscard]] DispatchPtr referenceOf(const word::Range& range) const;
 
   private:
     AutomationObject application_;
     std::unordered_map<const word::Range*, DispatchPtr> ranges_;
+    std::unordered_map<const IDispatch*, int> owners_;  ///< the number of ranges of the model
 };
 
 using ComWordModelPtr = std::shared_ptr<ComWordModel>;
@@ -37,7 +41,10 @@ using ComWordModelPtr = std::shared_ptr<ComWordModel>;
 word::BookmarksPtr makeBookmarks(const ComWordModelPtr& model, const AutomationObject& bookmarks,
                                  const KnownNamesPtr& known = nullptr);
 word::CellsPtr makeCells(const ComWordModelPtr& model, const AutomationObject& cells);
-word::RangePtr makeRange(const ComWordModelPtr& model, const AutomationObject& range);
+/// A range at a caret is empty until the next change.
+enum class RangeKind { Any, Caret };
+word::RangePtr makeRange(const ComWordModelPtr& model, const AutomationObject& range,
+                         RangeKind kind = RangeKind::Any);
 word::SelectionPtr makeSelection(const ComWordModelPtr& model, const AutomationObject& selection);
 word::TablesPtr makeTables(const ComWordModelPtr& model, const AutomationObject& tables);
 

@@ -50,7 +50,7 @@ std::string storyNameOf(const AutomationObject& range) {
         for (const AutomationObject& story : stories) {
             if (story.get("StoryType").integer() != wanted) continue;
             ++number;
-            if (wanted == type && range.call("InRange", {{"Range", story.reference()}}).truth())
+            if (wanted == type && range.get("InRange", {{"Range", story.reference()}}).truth())
                 return kind->name + (" " + std::to_string(number));
         }
     }

@@ -13,9 +13,9 @@
 #include <objbase.h>
 #include <windows.h>
 
+#include <cstdlib>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -55,6 +55,15 @@ Members controls(const std::shared_ptr<OfficeFiles>& files) {
         method("TestFault", "Kind, FirstCall, Calls",
                [](const Given& given) -> Value {
                    faults().plan(FaultKind{given[0].integer()}, given[1].integer(), given[2].integer());
+                   return {};
+               }),
+        // The call returns when the test has set its event.
+        method("TestWait", "Event",
+               [](const Given& given) -> Value {
+                   const HANDLE event =
+                       ::OpenEventW(SYNCHRONIZE, FALSE, windows::wideText(given[0].text()).c_str());
+                   ::WaitForSingleObject(event, INFINITE);
+                   ::CloseHandle(event);
                    return {};
                }),
     };
@@ -113,28 +122,81 @@ class OfferedClass {
     HRESULT result_;
 };
 
-/// Returns the further class of Word's double that the command line names after --word, if any.
-std::optional<DoubleClass> furtherWord(int count, char** arguments) {
-    for (int number = 1; number + 1 < count; ++number) {
-        if (std::string_view(arguments[number]) != "--word") continue;
-        DoubleClass found = kWordDouble;
-        ::CLSIDFromString(windows::wideText(arguments[number + 1]).c_str(), &found.identifier);
-        return found;
+/// Rejects calls as planned, before they reach an object.
+class Rejections final : public IMessageFilter {
+  public:
+    // It lives as long as the program.
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
+        *result = id == IID_IUnknown || id == IID_IMessageFilter ? this : nullptr;
+        return *result == nullptr ? E_NOINTERFACE : S_OK;
     }
-    return {};
+    DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD /*kind*/, HTASK /*caller*/, DWORD /*ticks*/,
+                                               LPINTERFACEINFO /*called*/) override {
+        return faults().rejectsCall() ? SERVERCALL_REJECTED : SERVERCALL_ISHANDLED;
+    }
+    DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK /*callee*/, DWORD /*ticks*/, DWORD /*kind*/) override {
+        return static_cast<DWORD>(-1);
+    }
+    DWORD STDMETHODCALLTYPE MessagePending(HTASK /*callee*/, DWORD /*ticks*/, DWORD /*kind*/) override {
+        return PENDINGMSG_WAITDEFPROCESS;
+    }
+};
+
+/// The command line: [--word CLASS | --excel CLASS] [--fault KIND FIRST COUNT] [--shown]. A program for a
+/// further class offers nothing else, since it will be ended by force.
+struct Options {
+    DoubleClass word = kWordDouble;
+    DoubleClass excel = kExcelDouble;
+    bool offersWord = true;
+    bool offersExcel = true;
+    bool isShown = false;
+};
+
+Options optionsOf(int count, char** arguments) {
+    Options options;
+    const auto classAfter = [&](int number, DoubleClass& offered) {
+        ::CLSIDFromString(windows::wideText(arguments[number + 1]).c_str(), &offered.identifier);
+    };
+    for (int number = 1; number < count; ++number) {
+        const std::string_view option = arguments[number];
+        if (option == "--word") {
+            classAfter(number, options.word);
+            options.offersExcel = false;
+        } else if (option == "--excel") {
+            classAfter(number, options.excel);
+            options.offersWord = false;
+        } else if (option == "--fault") {
+            faults().plan(FaultKind{std::atoi(arguments[number + 1])}, std::atoi(arguments[number + 2]),
+                          std::atoi(arguments[number + 3]));
+        }
+        options.isShown = options.isShown || option == "--shown";
+    }
+    return options;
 }
 
-/// A program for a further class offers nothing else, since it will be ended by force.
-int serve(const std::optional<DoubleClass>& further) {
-    const OfferedClass word(further.value_or(kWordDouble), makeWord);
-    std::optional<OfferedClass> excel;
-    if (!further) excel.emplace(kExcelDouble, makeExcel);
-    if (!word.isOffered() || (excel && !excel->isOffered())) return 1;
+/// A window with documents of the user's.
+void showWindow() {
+    ::CreateWindowExW(0, L"STATIC", L"Documents", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100, nullptr,
+                      nullptr, nullptr, nullptr);
+}
+
+int serve(const Options& options) {
+    Rejections rejections;
+    ::CoRegisterMessageFilter(&rejections, nullptr);
+    if (options.isShown) showWindow();
+    const std::unique_ptr<OfferedClass> word(options.offersWord ? new OfferedClass(options.word, makeWord)
+                                                                : nullptr);
+    const std::unique_ptr<OfferedClass> excel(options.offersExcel ? new OfferedClass(options.excel, makeExcel)
+                                                                  : nullptr);
+    if ((word && !word->isOffered()) || (excel && !excel->isOffered())) return 1;
     MSG message;
     while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
+    ::CoRegisterMessageFilter(nullptr, nullptr);
     return 0;
 }
 
@@ -144,7 +206,7 @@ int serve(const std::optional<DoubleClass>& further) {
 
 int main(int count, char** arguments) {
     if (FAILED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
-    const int status = mergeloom::automation::serve(mergeloom::automation::furtherWord(count, arguments));
+    const int status = mergeloom::automation::serve(mergeloom::automation::optionsOf(count, arguments));
     ::CoUninitialize();
     return status;
 }

@@ -1,4 +1,3 @@
-#include "automation/DoubleClasses.h"
 #include "automation/Faults.h"
 #include "automation/WordDouble.h"
 #include "base/AutomationError.h"
@@ -29,7 +28,7 @@ using testing::HasSubstr;
 constexpr auto kDocx = word::WdSaveFormat::wdFormatXMLDocument;
 
 /// A Word over calls of automation that fail as planned, in this program.
-class Faults : public testing::Test {
+class WordFaults : public testing::Test {
   protected:
     void SetUp() override { start(); }
     void TearDown() override { faults().clear(); }
@@ -72,7 +71,7 @@ class Faults : public testing::Test {
     int ends = 0;
 };
 
-TEST_F(Faults, ABusyOfficeIsAskedAgain) {
+TEST_F(WordFaults, ABusyOfficeIsAskedAgain) {
     write();
     const int calls = faults().calls();
     ASSERT_GT(calls, 15);
@@ -85,7 +84,7 @@ TEST_F(Faults, ABusyOfficeIsAskedAgain) {
     }
 }
 
-TEST_F(Faults, AnOfficeThatStaysBusyIsTold) {
+TEST_F(WordFaults, AnOfficeThatStaysBusyIsTold) {
     faults().plan(FaultKind::Busy, 6, 1000);
     const AutomationError error = errorOfWriting();
     EXPECT_EQ(error.number(), kNotAvailable);
@@ -93,7 +92,7 @@ TEST_F(Faults, AnOfficeThatStaysBusyIsTold) {
     EXPECT_EQ(files.files["/letter.docx"], "the former file");
 }
 
-TEST_F(Faults, AnErrorAtAnyCallLeavesTheFileAndEndsTheOffice) {
+TEST_F(WordFaults, AnErrorAtAnyCallLeavesTheFileAndEndsTheOffice) {
     write();
     const int calls = faults().calls();
     bool isWritten = false;
@@ -109,13 +108,13 @@ TEST_F(Faults, AnErrorAtAnyCallLeavesTheFileAndEndsTheOffice) {
     EXPECT_TRUE(isWritten) << "calls after the save failed, too";
 }
 
-TEST_F(Faults, AnOlderOfficeNeedsNoUndoRecord) {
+TEST_F(WordFaults, AnOlderOfficeNeedsNoUndoRecord) {
     faults().remove("UndoRecord");
     EXPECT_EQ(errorOfWriting().number(), 0U);
     EXPECT_EQ(letter(), "Dear [Name:Name]\n");
 }
 
-TEST_F(Faults, AMissingMemberIsNamed) {
+TEST_F(WordFaults, AMissingMemberIsNamed) {
     faults().remove("Collapse");
     const AutomationError error = errorOfWriting();
     EXPECT_EQ(error.number(), com::kMemberUnknown);
@@ -123,7 +122,7 @@ TEST_F(Faults, AMissingMemberIsNamed) {
     EXPECT_EQ(ends, 1);
 }
 
-TEST_F(Faults, AFileThatMustNotBeChangedIsNotSaved) {
+TEST_F(WordFaults, AFileThatMustNotBeChangedIsNotSaved) {
     files.files["/given.docx"] = wordFile("<w:p/>");
     const word::ApplicationPtr office = com::makeWordApplication(server);
     const word::DocumentPtr document = office->Documents()->Open("/given.docx");
@@ -137,7 +136,7 @@ TEST_F(Faults, AFileThatMustNotBeChangedIsNotSaved) {
     }
 }
 
-TEST_F(Faults, DocumentsOfTheUserStay) {
+TEST_F(WordFaults, DocumentsOfTheUserStay) {
     word::ApplicationPtr office = com::makeWordApplication(server);
     const word::DocumentPtr own = office->Documents()->Add("");
     inner->Documents()->Add("");
@@ -148,38 +147,6 @@ TEST_F(Faults, DocumentsOfTheUserStay) {
     EXPECT_EQ(inner->Documents()->Count(), 1);
     const auto session = std::make_shared<com::AutomationSession>("Word", com::Patience{}, nullptr);
     EXPECT_TRUE(com::AutomationObject(session, server.application, "Application").get("Visible").truth());
-}
-
-TEST(StartedOffice, IsNamedWhereItIsNotInstalled) {
-    try {
-        com::makeWordApplication({.programIdentifier = "Mergeloom.NoSuchOffice"});
-        ADD_FAILURE() << "it was started";
-    } catch (const AutomationError& error) {
-        EXPECT_EQ(error.number(), kNotAvailable);
-        EXPECT_THAT(error.description(), HasSubstr("Install Microsoft Word"));
-    }
-}
-
-/// The program of the double ends in the middle of a call.
-TEST(StartedOffice, ThatEndsInTheMiddleIsTold) {
-    const std::string identifier = "Mergeloom.EndingDouble";
-    for (const int call : {1, 4, 7}) {
-        const auto registered = automation::RegisteredClass::further(identifier, MERGELOOM_DOUBLE_PROGRAM);
-        const auto session = std::make_shared<com::AutomationSession>("Word", com::Patience{}, nullptr);
-        const com::DispatchPtr application = session->start(identifier);
-        const word::ApplicationPtr office = com::makeWordApplication({.application = application});
-        com::AutomationObject(session, application, "Application")
-            .call("TestFault", {static_cast<int>(FaultKind::End), call, 1});
-        try {
-            const word::DocumentPtr document = office->Documents()->Add("");
-            for (int number = 0; number < 10; ++number)
-                office->Selection()->TypeText("x");
-            ADD_FAILURE() << "it did not end at call " << call;
-        } catch (const AutomationError& error) {
-            EXPECT_EQ(error.number(), kNotAvailable) << call << error.description();
-            EXPECT_THAT(error.description(), HasSubstr("has ended"));
-        }
-    }
 }
 
 }  // namespace

@@ -1,0 +1,75 @@
+#include "office/com/automation/CallCancellation.h"
+
+#include <objbase.h>
+#include <objidl.h>
+#include <windows.h>
+
+namespace mergeloom::com {
+
+namespace {
+
+/// The message that asks a thread to give up its call. Its number is for messages without a window.
+constexpr UINT kCancel = WM_APP + 0x4D1;
+
+/// Decides what happens while a call of this thread waits. Calls that come from the office are taken. A call
+/// that the office rejects fails at once: AutomationSession repeats it, as it does for an office that takes a
+/// call and then says that it is busy, which no filter sees.
+class WaitingCalls final : public IMessageFilter {
+  public:
+    // It lives as long as the thread.
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
+        *result = id == IID_IUnknown || id == IID_IMessageFilter ? this : nullptr;
+        return *result == nullptr ? E_NOINTERFACE : S_OK;
+    }
+
+    DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD /*kind*/, HTASK /*caller*/, DWORD /*ticks*/,
+                                               LPINTERFACEINFO /*called*/) override {
+        return SERVERCALL_ISHANDLED;
+    }
+    DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK /*callee*/, DWORD /*ticks*/, DWORD /*kind*/) override {
+        return static_cast<DWORD>(-1);
+    }
+    DWORD STDMETHODCALLTYPE MessagePending(HTASK /*callee*/, DWORD /*ticks*/, DWORD /*kind*/) override {
+        MSG message;
+        const auto thread = reinterpret_cast<HWND>(-1);
+        const bool isCancelled = ::PeekMessageW(&message, thread, kCancel, kCancel, PM_REMOVE) != 0;
+        return isCancelled ? PENDINGMSG_CANCELCALL : PENDINGMSG_WAITDEFPROCESS;
+    }
+};
+
+/// The registration of the filter for the calls of this thread.
+class Registration {
+  public:
+    Registration() { ::CoRegisterMessageFilter(&filter_, &former_); }
+    Registration(const Registration&) = delete;
+    Registration& operator=(const Registration&) = delete;
+    ~Registration() {
+        ::CoRegisterMessageFilter(former_, nullptr);
+        if (former_ != nullptr) former_->Release();
+    }
+
+  private:
+    WaitingCalls filter_;
+    LPMESSAGEFILTER former_ = nullptr;
+};
+
+}  // namespace
+
+std::shared_ptr<void> allowCancellation() {
+    // Offices may be used at the same time, and end in any order.
+    thread_local std::weak_ptr<Registration> ofThread;
+    std::shared_ptr<Registration> registration = ofThread.lock();
+    if (!registration) {
+        registration = std::make_shared<Registration>();
+        ofThread = registration;
+    }
+    return registration;
+}
+
+void cancelCalls(unsigned long thread) {
+    ::PostThreadMessageW(thread, kCancel, 0, 0);
+}
+
+}  // namespace mergeloom::com
