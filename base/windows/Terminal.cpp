@@ -1,11 +1,11 @@
 #include "base/Terminal.h"
 
+#include "base/windows/CommandLine.h"
 #include "base/windows/MessageBoxes.h"
 #include "base/windows/WindowsText.h"
 
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
 #include <windows.h>
 
 #include <iostream>
@@ -67,32 +67,12 @@ bool isUnseen(HANDLE stream) {
     return isConsole(stream) && ::GetConsoleProcessList(processes, 2) == 1;
 }
 
-std::vector<std::string> argumentsOf(const wchar_t* line) {
-    int count = 0;
-    wchar_t** const values = ::CommandLineToArgvW(line, &count);
-    std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i)
-        arguments.push_back(windows::utf8Text(values[i]));
-    ::LocalFree(values);
-    return arguments;
-}
-
-/// Returns a command line without the program's name, which may be in quotes.
-std::string withoutProgram(std::wstring_view line) {
-    const bool isQuoted = line.starts_with(L'"');
-    const std::size_t end = isQuoted ? line.find(L'"', 1) : line.find_first_of(L" \t");
-    if (end == std::wstring_view::npos) return {};
-    line.remove_prefix(isQuoted ? end + 1 : end);
-    line.remove_prefix(std::min(line.find_first_not_of(L" \t"), line.size()));
-    return windows::utf8Text(line);
-}
-
 }  // namespace
 
 struct Terminal::Parts {
     Parts()
-        : arguments(argumentsOf(::GetCommandLineW())),
-          commandLine(withoutProgram(::GetCommandLineW())),
+        : arguments(windows::argumentsOf(::GetCommandLineW())),
+          commandLine(windows::withoutProgram(::GetCommandLineW())),
           areErrorsUnseen(isUnseen(::GetStdHandle(STD_ERROR_HANDLE))),
           outputBuffer(bufferOf(STD_OUTPUT_HANDLE)),
           errorBuffer(areErrorsUnseen ? std::make_unique<windows::MessageBoxBuffer>()
