@@ -52,6 +52,7 @@ class Enumerator final : public CountedReferences<IEnumVARIANT> {
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Next(ULONG wanted, VARIANT* result, ULONG* count) override {
+        if (faults().rejectsCall()) return RPC_E_CALL_REJECTED;
         ULONG given = 0;
         for (; given < wanted && at_ < items_.size(); ++given, ++at_)
             result[given] = com::Variant(Value(items_[at_])).release();
@@ -130,6 +131,7 @@ class DoubleObject final : public CountedReferences<IDispatch> {
 
 HRESULT DoubleObject::GetIDsOfNames(REFIID /*unused*/, OLECHAR** names, UINT count, LCID /*language*/,
                                     DISPID* ids) {
+    if (faults().rejectsCall()) return RPC_E_CALL_REJECTED;
     const auto nameAt = [&](UINT number) { return windows::utf8Text(names[number]); };
     const auto member = std::ranges::find_if(
         members_, [&](const Member& known) { return equalsIgnoringAsciiCase(known.name, nameAt(0)); });
@@ -150,6 +152,7 @@ HRESULT DoubleObject::Invoke(DISPID id, REFIID /*unused*/, LCID /*language*/, WO
                              DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* info,
                              UINT* /*wrongArgument*/) {
     try {
+        if (faults().rejectsCall()) return RPC_E_CALL_REJECTED;
         const HRESULT fault = faults().beforeCall();
         if (FAILED(fault)) return fault;
         if (id == DISPID_NEWENUM) return enumerate(result);

@@ -8,8 +8,8 @@
 namespace mergeloom::automation {
 
 /// The kinds of faults of an office, by numbers that pass between programs: its calls return that it is busy,
-/// raise an error, end the program, or wait without end as behind a dialog. Rejected are calls that do not
-/// even reach an object; those are counted by themselves.
+/// raise an error, end the program, or wait without end as behind a dialog. Rejected are all kinds of
+/// calls, also those for names, for items and for the start; they are counted by themselves.
 enum class FaultKind { None, Busy, Error, End, Wait, Rejected };
 
 /// Decides which calls of the double's objects fail. There is one in each process.
@@ -23,7 +23,7 @@ class Faults {
     void setReadOnly(bool isReadOnly) { isReadOnly_ = isReadOnly; }
     void clear();
 
-    /// Returns true for a call between programs that is to be rejected.
+    /// Returns true for a call that is to be rejected.
     bool rejectsCall();
     /// Returns the result of a call that is to fail at once; otherwise S_OK. Ends the process if the plan is
     /// an office that ends, and does not return if it is one that waits. Raises an AutomationError for an

@@ -95,6 +95,7 @@ class Factory final : public IClassFactory {
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
         *result = nullptr;
+        if (faults().rejectsCall()) return RPC_E_CALL_REJECTED;
         return outer != nullptr ? CLASS_E_NOAGGREGATION : make_()->QueryInterface(id, result);
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL /*lock*/) override { return S_OK; }
@@ -120,28 +121,6 @@ class OfferedClass {
     Factory factory_;
     DWORD cookie_ = 0;
     HRESULT result_;
-};
-
-/// Rejects calls as planned, before they reach an object.
-class Rejections final : public IMessageFilter {
-  public:
-    // It lives as long as the program.
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        *result = id == IID_IUnknown || id == IID_IMessageFilter ? this : nullptr;
-        return *result == nullptr ? E_NOINTERFACE : S_OK;
-    }
-    DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD /*kind*/, HTASK /*caller*/, DWORD /*ticks*/,
-                                               LPINTERFACEINFO /*called*/) override {
-        return faults().rejectsCall() ? SERVERCALL_REJECTED : SERVERCALL_ISHANDLED;
-    }
-    DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK /*callee*/, DWORD /*ticks*/, DWORD /*kind*/) override {
-        return static_cast<DWORD>(-1);
-    }
-    DWORD STDMETHODCALLTYPE MessagePending(HTASK /*callee*/, DWORD /*ticks*/, DWORD /*kind*/) override {
-        return PENDINGMSG_WAITDEFPROCESS;
-    }
 };
 
 /// The command line: [--word CLASS | --excel CLASS] [--fault KIND FIRST COUNT] [--shown]. A program for a
@@ -183,8 +162,6 @@ void showWindow() {
 }
 
 int serve(const Options& options) {
-    Rejections rejections;
-    ::CoRegisterMessageFilter(&rejections, nullptr);
     if (options.isShown) showWindow();
     const std::unique_ptr<OfferedClass> word(options.offersWord ? new OfferedClass(options.word, makeWord)
                                                                 : nullptr);
@@ -196,7 +173,6 @@ int serve(const Options& options) {
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
-    ::CoRegisterMessageFilter(nullptr, nullptr);
     return 0;
 }
 
