@@ -1,7 +1,5 @@
 #include "office/libreoffice/host/CellMarks.h"
 
-#include "office/libreoffice/host/HostPlaces.h"
-
 #include <algorithm>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <utility>
@@ -24,19 +22,19 @@ bool isWorkbook(const DocumentReference& document) {
 }  // namespace
 
 CellMarks::CellMarks(OfficeConnection& connection, const WindowSystem& windows, const HostLook& look,
-                     std::function<void()> painted)
-    : connection_(connection), frames_(windows, lineWidthFor(look)), paint_(std::move(painted)) {}
+                     std::function<void()> haveMoved)
+    : connection_(connection),
+      frames_(windows, lineWidthFor(look)),
+      haveMoved_(std::move(haveMoved)),
+      paint_(haveMoved_) {}
 
 /// Watches the window before it finds the cells, so that no painting in between is missed.
 void CellMarks::update(xcb_window_t office, const DocumentReference& document) {
     const bool hasCells = isShown_ && connection_.call([&] { return isWorkbook(document); });
     if (!hasCells || office == XCB_WINDOW_NONE || !paint_.watch(office)) return frames_.hide();
-    frames_.show(office, find(document));
-}
-
-std::vector<css::awt::Rectangle> CellMarks::find(const DocumentReference& document) {
-    const std::vector<std::string> names = connection_.call([&] { return HostPlaces(document).names(); });
-    return names.empty() ? std::vector<css::awt::Rectangle>() : connection_.namedCells(document, names);
+    NamedCells cells = connection_.namedCells(document);
+    frames_.show(office, std::move(cells.bounds));
+    if (!cells.isComplete) haveMoved_();
 }
 
 }  // namespace mergeloom::libreoffice

@@ -13,11 +13,11 @@ namespace mergeloom::libreoffice {
 /// called within a call of the connection.
 class CellMarks {
   public:
-    /// The sink is called by another thread when the office painted something after an update, so that the
-    /// cells may be elsewhere. The look is that of the desktop. The window system and the connection must
-    /// outlive it.
+    /// The sink is called, by another thread, too, when the cells may have moved after an update: the office
+    /// painted something, or did not find all of them in the time of an update. The look is that of the
+    /// desktop. The window system and the connection must outlive it.
     CellMarks(OfficeConnection& connection, const WindowSystem& windows, const HostLook& look,
-              std::function<void()> painted);
+              std::function<void()> haveMoved);
 
     void setShown(bool shown) { isShown_ = shown; }
     /// Moves the marks to the present places of the cells in the office's window; shows none for no document
@@ -25,11 +25,10 @@ class CellMarks {
     void update(xcb_window_t office, const DocumentReference& document);
 
   private:
-    [[nodiscard]] std::vector<css::awt::Rectangle> find(const DocumentReference& document);
-
     OfficeConnection& connection_;
     bool isShown_ = true;
     PlaceFrames frames_;
+    std::function<void()> haveMoved_;
     PaintWatch paint_;
 };
 

@@ -100,7 +100,7 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
             return css::uno::Any(sal_Int64{handler_->take(value.get<DocumentReference>())});
         if (command == kInsideDecrypt || command == kInsideEncrypt)
             return cipher(command, value.get<css::uno::Sequence<css::uno::Any>>());
-        if (command == kInsideNamedCells) return namedCells(value.get<css::uno::Sequence<css::uno::Any>>());
+        if (command == kInsideNamedCells) return namedCells(value.get<DocumentReference>());
         throw css::lang::IllegalArgumentException(toUno("There is no command '" + command + "'."), {}, 0);
     }
 
@@ -113,9 +113,11 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
         return package ? css::uno::Any(*package) : css::uno::Any();
     }
 
-    static css::uno::Any namedCells(const css::uno::Sequence<css::uno::Any>& values) {
-        return css::uno::Any(boundsOfNamedCells(values[0].get<DocumentReference>(),
-                                                values[1].get<css::uno::Sequence<OUString>>()));
+    css::uno::Any namedCells(const DocumentReference& workbook) {
+        css::uno::Sequence<css::uno::Any> answer(2);
+        answer.getArray()[1] <<= names_.read(workbook);
+        answer.getArray()[0] <<= boundsInWindow(workbook, names_);
+        return css::uno::Any(answer);
     }
 
     /// Returns false if the main thread must return to the office's work.
@@ -130,6 +132,7 @@ class InsideJob final : public cppu::WeakImplHelper2<css::task::XJob, css::awt::
     Context office_;
     std::unique_ptr<CallHandler> handler_;
     std::optional<CallPipe> pipe_;
+    NamedAreas names_;
 };
 
 Reference<css::uno::XInterface> makeJob(const Context& office) {

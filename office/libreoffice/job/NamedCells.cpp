@@ -6,12 +6,9 @@
 #include <com/sun/star/accessibility/XAccessibleComponent.hpp>
 #include <com/sun/star/accessibility/XAccessibleTable.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
-#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
-#include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
-#include <com/sun/star/sheet/XCellRangeReferrer.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/sheet/XViewPane.hpp>
 #include <utility>
@@ -172,29 +169,15 @@ Rectangle boundsIn(const Pane& pane, const Area& area) {
     return movedBy(common(whole, {0, 0, pane.bounds.Width, pane.bounds.Height}), pane.bounds);
 }
 
-/// Returns the area of a name, or an empty area if the name has no cells or cells of several sheets.
-Area cellsOf(const Reference<css::container::XNameAccess>& names, const rtl::OUString& name) {
-    const Area none(0, 0, 0, -1, -1);
-    if (!names->hasByName(name)) return none;
-    const Reference<css::sheet::XCellRangeReferrer> referrer(names->getByName(name), UNO_QUERY_THROW);
-    const Reference<css::sheet::XCellRangeAddressable> cells(referrer->getReferredCells(), UNO_QUERY);
-    return cells.is() ? cells->getRangeAddress() : none;
-}
-
 }  // namespace
 
-css::uno::Sequence<Rectangle> boundsOfNamedCells(const DocumentReference& workbook,
-                                                 const css::uno::Sequence<rtl::OUString>& names) {
+css::uno::Sequence<Rectangle> boundsInWindow(const DocumentReference& workbook, const NamedAreas& names) {
     const ViewReference view =
         Reference<css::frame::XModel>(workbook, UNO_QUERY_THROW)->getCurrentController();
-    const Reference<css::container::XNameAccess> known(
-        Reference<css::beans::XPropertySet>(workbook, UNO_QUERY_THROW)->getPropertyValue("NamedRanges"),
-        UNO_QUERY_THROW);
     const std::vector<Area> shown = shownAreas(view);
     const std::vector<Pane> panes = panesOf(view);
     std::vector<Rectangle> found;
-    for (const rtl::OUString& name : names) {
-        const Area area = cellsOf(known, name);
+    for (const auto& [name, area] : names.areas()) {
         for (const Area& part : shown) {
             const Area seen = common(area, part);
             if (area.Sheet != part.Sheet || isEmpty(seen)) continue;

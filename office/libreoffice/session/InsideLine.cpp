@@ -6,7 +6,6 @@
 
 #include <dlfcn.h>
 
-#include <algorithm>
 #include <com/sun/star/beans/NamedValue.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/lang/XSingleComponentFactory.hpp>
@@ -100,16 +99,11 @@ std::string InsideLine::encrypted(const std::string& package, const std::string&
     return stringOf(executeCipher(job_, kInsideEncrypt, package, password).get<Bytes>());
 }
 
-std::vector<css::awt::Rectangle> InsideLine::namedCells(const DocumentReference& workbook,
-                                                        const std::vector<std::string>& names) {
-    css::uno::Sequence<OUString> texts(static_cast<sal_Int32>(names.size()));
-    std::ranges::transform(names, texts.getArray(), toUno);
-    css::uno::Sequence<css::uno::Any> values(2);
-    values.getArray()[0] <<= workbook;
-    values.getArray()[1] <<= texts;
-    const auto found = execute(job_, kInsideNamedCells, css::uno::Any(values))
-                           .get<css::uno::Sequence<css::awt::Rectangle>>();
-    return {found.begin(), found.end()};
+NamedCells InsideLine::namedCells(const DocumentReference& workbook) {
+    const auto answer =
+        execute(job_, kInsideNamedCells, css::uno::Any(workbook)).get<css::uno::Sequence<css::uno::Any>>();
+    const auto bounds = answer[0].get<css::uno::Sequence<css::awt::Rectangle>>();
+    return {{bounds.begin(), bounds.end()}, answer[1].get<bool>()};
 }
 
 void InsideLine::rest() {

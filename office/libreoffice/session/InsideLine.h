@@ -20,8 +20,14 @@ inline constexpr const char* kInsideDocument = "document";  ///< returns the doc
 /// encrypted or the password is wrong.
 inline constexpr const char* kInsideDecrypt = "decrypt";
 inline constexpr const char* kInsideEncrypt = "encrypt";
-/// A request with a workbook and names, whose result is the rectangles of the cells.
+/// A request with a workbook, whose result is what NamedCells holds: the rectangles, and a truth value.
 inline constexpr const char* kInsideNamedCells = "namedCells";
+
+/// The frames of the named cells of a workbook.
+struct NamedCells {
+    std::vector<css::awt::Rectangle> bounds;  ///< in the window of the workbook, in pixels
+    bool isComplete;  ///< false if the places after the last change are not all known yet
+};
 
 /// Returns the path of the library that the office loads for the object model. It is in the folder of the
 /// file that contains this function. Raises kNotAvailable if it is missing.
@@ -46,9 +52,9 @@ class InsideLine {
     std::optional<std::string> decrypted(const std::string& file, const std::string& password);
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
-    /// Returns the rectangles of the cells of the names, as boundsOfNamedCells does.
-    std::vector<css::awt::Rectangle> namedCells(const DocumentReference& workbook,
-                                                const std::vector<std::string>& names);
+    /// Returns the rectangles of the named cells that the workbook's window shows. Takes some milliseconds; a
+    /// result that is not complete is continued by the next call.
+    NamedCells namedCells(const DocumentReference& workbook);
     /// Lets the main thread return to its own work.
     void rest();
 

@@ -152,9 +152,8 @@ std::string OfficeConnection::encrypted(const std::string& package, const std::s
     return call([&] { return inside().encrypted(package, password); });
 }
 
-std::vector<css::awt::Rectangle> OfficeConnection::namedCells(const DocumentReference& workbook,
-                                                              const std::vector<std::string>& names) {
-    return call([&] { return inside().namedCells(workbook, names); });
+NamedCells OfficeConnection::namedCells(const DocumentReference& workbook) {
+    return call([&] { return inside().namedCells(workbook); });
 }
 
 /// Ignores a broken line: the call that follows notices that the office has ended.

@@ -66,9 +66,8 @@ class OfficeConnection {
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
 
-    /// Returns the rectangles of the cells of the names in the window of a workbook, in pixels.
-    std::vector<css::awt::Rectangle> namedCells(const DocumentReference& workbook,
-                                                const std::vector<std::string>& names);
+    /// Returns the rectangles of the named cells that the workbook's window shows; see InsideLine.
+    NamedCells namedCells(const DocumentReference& workbook);
 
     /// Sets the pattern of later requests. The default is Single.
     void expect(RequestPattern pattern) { pattern_ = pattern; }
