@@ -122,12 +122,28 @@ class InWord(PlacesTest):
         self.assertEqual(self.source("CustomerID"), 'Form "Orders" › Customer › Value')
         designer.end()
         self.start("-template", path)
-        self.look_back()
         self.wait_for_places("CustomerID")
         self.assertEqual(self.source("CustomerID"), "")
         self.drop("Printed on")  # no other object has that
         self.wait_for_places("CustomerID", "PrintedOn")
         self.assertEqual(self.source("CustomerID"), 'Form "Orders" › Customer › Value')
+
+    def test_places_of_an_opened_document_are_listed_by_themselves(self):
+        designer = self.start()
+        self.drop("Priority")
+        path = self.save_as("letter.docx")
+        point_at(designer.document())
+        key("ctrl+n")
+        self.wait_for_places()
+        key("ctrl+o")
+        designer.answer_file_dialog(path)
+        self.wait_for_places("Priority")
+        wait_for("the mark", lambda: self.is_marked("Priority"))
+        place = designer.document()
+        designer.end()
+        point_at(place)
+        self.start("-template", path)
+        self.wait_for_places("Priority")
 
     def test_what_is_placed_is_marked_and_listed(self):
         designer = self.start()

@@ -10,6 +10,8 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QTimer>
+#include <algorithm>
 #include <semaphore>
 #include <stdexcept>
 #include <utility>
@@ -17,8 +19,11 @@
 namespace mergeloom {
 namespace {
 
+using testing::AnyOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 struct NoFieldDialog final : FieldDialog {
     void Show(FieldSelection&) override {}
@@ -47,6 +52,23 @@ class Session : public TemplateScene {
     void settle() {
         session.worker().run([] {});
         QCoreApplication::processEvents();
+    }
+    bool waitForCall(const std::string& name) {
+        QElapsedTimer waiting;
+        waiting.start();
+        bool isMade = false;
+        while (!isMade && waiting.elapsed() < 5000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+            session.worker().run([&] { isMade = std::ranges::count(running->calls, name) > 0; });
+        }
+        return isMade;
+    }
+    /// Waits until the timers of the view, which are due first, have ended.
+    static void waitForEarlierTimers() {
+        bool isOver = false;
+        QTimer::singleShot(std::chrono::milliseconds(400), [&] { isOver = true; });
+        while (!isOver)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     std::unique_ptr<DocumentHost> startHost(HostListener& heard) {
         ++starts;
@@ -255,6 +277,21 @@ TEST_F(Preview, EndsBeforeOtherCommands) {
         EXPECT_EQ(shown(), "");
     }
     EXPECT_EQ(closings, 0) << "a preview that is closed is not the window";
+}
+
+TEST_F(Preview, TheViewOfTheTemplateIsUpdatedAfterIt) {
+    startPreview();
+    session.worker().run([this] { running->calls.clear(); });
+    HostLook dark;
+    dark.dotsPerInch = 192;
+    session.view().setLook(dark);
+    listener->marksMayHaveMoved();
+    waitForEarlierTimers();
+    session.worker().run(
+        [this] { EXPECT_THAT(running->calls, Not(Contains(AnyOf("updateMarks", "setLook")))); });
+    session.endPreview();
+    EXPECT_TRUE(waitForCall("updateMarks"));
+    EXPECT_TRUE(waitForCall("setLook"));
 }
 
 TEST_F(Preview, ALetterThatCannotBeShownEndsIt) {

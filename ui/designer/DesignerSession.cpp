@@ -2,30 +2,18 @@
 
 #include "base/AutomationError.h"
 #include "base/ErrorHandler.h"
-#include "base/Paths.h"
 #include "office/factory/OfficeFactory.h"
 #include "ui/designer/ExcelTemplates.h"
 #include "ui/designer/MainForm.h"
 #include "ui/designer/WordTemplates.h"
+#include "ui/services/DiagnosticsLog.h"
 
 #include <QApplication>
-#include <cstdint>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace mergeloom {
 
 namespace {
-
-constexpr const char* kOfficeModule = "mergeloom_libreoffice.so";
-
-/// Returns the size in bytes of the module that connects to LibreOffice; 0 when it is missing.
-std::uintmax_t officeModuleSize() {
-    std::error_code missing;
-    const std::uintmax_t size = std::filesystem::file_size(installedFile(kOfficeModule), missing);
-    return missing ? 0 : size;
-}
 
 QString sentenceOf(const std::exception_ptr& error) {
     try {
@@ -68,7 +56,7 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                     .files = ports_.files,
                     .errors = ports_.errors,
                     .messages = ports_.messages}),
-      view_(worker_, office_, [this] { return isFree() && !previewed(); }) {
+      view_(worker_, office_, [this] { return state_ == OfficeState::Running && !previewed(); }) {
     connect(&events_, &HostEvents::commandGiven, this,
             [this](HostCommand command) { answer([this, command] { execute(command); }); });
     connect(&events_, &HostEvents::keyGiven, this,
@@ -78,6 +66,10 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
         if (state_ == OfficeState::Running) post([this] { lifecycle_.ShowChanges(); });
     });
     connect(&events_, &HostEvents::marksMoved, &view_, &ViewUpdates::updateMarks);
+    connect(this, &DesignerSession::previewChanged, &view_, &ViewUpdates::resume);
+    connect(this, &DesignerSession::placesFound, this, [this] {
+        if (std::exchange(findsPlacesAgain_, false)) findPlaces();
+    });
     connect(&keepTimer_, &QTimer::timeout, this, &DesignerSession::keepCopy);
     keepTimer_.start(ports_.keepInterval);
 }
@@ -125,7 +117,7 @@ void DesignerSession::startOffice(const HostWindow& window, const Attempt& attem
 
 void DesignerSession::logOffice() {
     const std::string build = office_.host().build();
-    ports_.log("Size of " + std::string(kOfficeModule) + ": " + std::to_string(officeModuleSize()));
+    ports_.log(sizeLineOf("mergeloom_libreoffice.so"));
     ports_.log("LibreOffice Build: " + build);
     const std::scoped_lock lock(buildMutex_);
     build_ = build;
@@ -182,6 +174,7 @@ void DesignerSession::setState(OfficeState state, const QString& stopReason) {
     state_ = state;
     stopReason_ = stopReason;
     if (state == OfficeState::Stopped) view_.cancel();
+    if (state == OfficeState::Running) view_.resume();
     Q_EMIT stateChanged();
 }
 
@@ -257,9 +250,15 @@ bool DesignerSession::insertAtCaret() {
     return !refusesDrop() && isFree() && dropFlow_.insertAtCaret();
 }
 
+/// A search that is in progress may miss what the last command changed.
 void DesignerSession::findPlaces() {
-    const auto ask = [](DocumentHost& host) { return host.placeNames(); };
-    (void)askForPlaces(ask, isFindingPlaces_, &DesignerSession::placesFound);
+    findsPlacesAgain_ = isFindingPlaces_;
+    if (isFindingPlaces_ || std::exchange(isToFindPlaces_, true)) return;
+    worker_.callWhenFree([this] {
+        isToFindPlaces_ = false;
+        const auto ask = [](DocumentHost& host) { return host.placeNames(); };
+        (void)askForPlaces(ask, isFindingPlaces_, &DesignerSession::placesFound);
+    });
 }
 
 bool DesignerSession::findPlacesAt(HostPoint point) {

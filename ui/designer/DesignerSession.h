@@ -87,7 +87,8 @@ class DesignerSession final : public QObject, private LifecycleView {
     /// Starts the search for the places at a point and returns at once. Emits placesFoundAt at its end.
     /// Returns false, and does nothing, while the office is busy.
     bool findPlacesAt(HostPoint point);
-    /// Starts the search for the places of the document and returns at once. Emits placesFound at its end.
+    /// Starts the search for the places of the document, after a command that is in progress, and returns at
+    /// once. Emits placesFound at its end. Does nothing while no document is shown.
     void findPlaces();
     /// Select, rename or remove a place. Show errors to the user.
     void goToPlace(const QString& name);
@@ -163,7 +164,9 @@ class DesignerSession final : public QObject, private LifecycleView {
     OfficeState state_ = OfficeState::Stopped;
     QString stopReason_;
     bool hasOpened_ = false;
-    bool isFindingPlaces_ = false;
+    bool isToFindPlaces_ = false;    ///< as soon as no command runs
+    bool isFindingPlaces_ = false;   ///< at present
+    bool findsPlacesAgain_ = false;  ///< since the present search may miss the last change
     bool isFindingPlacesAt_ = false;
     std::shared_ptr<Attempt> attempt_;
     mutable std::mutex buildMutex_;

@@ -30,8 +30,9 @@ PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
     connect(&session, &DesignerSession::captionChanged, this, &PlacesFlow::showNewDocument);
     connect(&parts_.document, &HostPane::rested, this, &PlacesFlow::findAtMouse);
     connect(&parts_.document, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
-    // The places are searched again after the user's work in the document, when the mouse or the keyboard
-    // returns to the window.
+    connect(&session, &DesignerSession::stateChanged, this, &PlacesFlow::showState);
+    // The places are searched again after the user's work in the document, too, when the mouse or the
+    // keyboard returns to the window.
     for (QWidget* const widget : {&parts_.side, &parts_.tree.tvXML(), &parts_.list.list()})
         widget->installEventFilter(this);
 }
@@ -43,7 +44,7 @@ bool PlacesFlow::eventFilter(QObject* watched, QEvent* event) {
 
 /// Returns a place with its node. If the node is uncertain, the place has the picture that all possible nodes
 /// share.
-PlacesPane::Entry PlacesFlow::entryOf(const QString& name) const {
+PlaceEntry PlacesFlow::entryOf(const QString& name) const {
     const std::string place = name.toStdString();
     if (const TreeNode* const node = origins_.nodeOf(place))
         return {.name = name, .source = sourceSentence(*node), .iconKey = iconKeyOf(*node)};
@@ -58,13 +59,16 @@ PlacesPane::Entry PlacesFlow::entryOf(const QString& name) const {
 /// Lists the places with their nodes, and marks all nodes of their names in the tree.
 void PlacesFlow::show(const QStringList& names) {
     const std::shared_ptr<LoadedStructure>& structure = parts_.tree.structure();
+    if (std::exchange(isUpToDate_, true) && names == names_ && structure == structure_) return;
+    names_ = names;
+    structure_ = structure;
     std::vector<std::string> places;
     for (const QString& name : names)
         places.push_back(name.toStdString());
     origins_.setStructure(structure);
     origins_.setPlaces(places);
     std::unordered_set<int> placed;
-    QList<PlacesPane::Entry> entries;
+    QList<PlaceEntry> entries;
     for (const QString& name : names) {
         entries.append(entryOf(name));
         if (!structure) continue;
@@ -91,9 +95,16 @@ void PlacesFlow::showAtMouse(const QStringList& names) {
     QToolTip::showText(QCursor::pos(), lines.join(u'\n'), &parts_.document);
 }
 
+/// Lists the places when the office shows its first document.
+void PlacesFlow::showState() {
+    if (parts_.session.state() == OfficeState::Running) parts_.session.findPlaces();
+}
+
 /// Hides the marks again, since the view of a new document shows them.
 void PlacesFlow::showNewDocument() {
     origins_.noteNewDocument();
+    isUpToDate_ = false;
+    parts_.session.findPlaces();
     ViewUpdates& view = parts_.session.view();
     parts_.actions.showsPlaces() ? view.updateMarks() : view.setShowsPlaces(false);
 }
@@ -101,6 +112,7 @@ void PlacesFlow::showNewDocument() {
 void PlacesFlow::noteDrop(const TreeNode& node) {
     origins_.setStructure(parts_.tree.structure());
     origins_.noteDrop(node);
+    isUpToDate_ = false;
     parts_.session.findPlaces();
 }
 

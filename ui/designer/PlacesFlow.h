@@ -6,12 +6,14 @@
 
 #include <QObject>
 #include <QStringList>
+#include <memory>
 
 namespace mergeloom {
 
 class DesignerActions;
 class DesignerSession;
 class HostPane;
+struct LoadedStructure;
 class TreePane;
 
 /// The places of the document in the window: lists them with the nodes that they come from, marks these in
@@ -43,10 +45,14 @@ class PlacesFlow final : public QObject {
     void findAtMouse(HostPoint point);
     void showAtMouse(const QStringList& names);
     void showNewDocument();
-    [[nodiscard]] PlacesPane::Entry entryOf(const QString& name) const;
+    void showState();
+    [[nodiscard]] PlaceEntry entryOf(const QString& name) const;
 
     Parts parts_;
     PlaceOrigins origins_;
+    QStringList names_;  ///< those that are shown
+    std::shared_ptr<LoadedStructure> structure_;
+    bool isUpToDate_ = false;  ///< false after a drop and for a new document
 };
 
 }  // namespace mergeloom

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "ui/designer/TreeIcons.h"
+#include "ui/designer/PlacesModel.h"
 
-#include <QStringList>
 #include <QWidget>
 
 class QLabel;
-class QListWidget;
-class QListWidgetItem;
+class QListView;
 
 namespace mergeloom {
 
@@ -18,18 +16,8 @@ class PlacesPane final : public QWidget {
   public:
     explicit PlacesPane(QWidget* parent);
 
-    /// A place, the name of its source and the key of the source's picture. They are empty if the source is
-    /// unknown.
-    struct Entry {
-        QString name;
-        QString source{};
-        QString iconKey{};
-
-        friend bool operator==(const Entry&, const Entry&) = default;
-    };
-
     /// Shows the places in the order of their names; the current one stays current.
-    void show(QList<Entry> places);
+    void show(QList<PlaceEntry> places);
     using QWidget::show;
     [[nodiscard]] QWidget& list();
 
@@ -43,17 +31,15 @@ class PlacesPane final : public QWidget {
 
   private:
     void addAction(const QString& text, const QKeySequence& key, void (PlacesPane::*action)());
-    void showIcon(QListWidgetItem& item, const QString& key);
+    void setCurrentRow(int row);
     void goToCurrent();
     void editCurrent();
     void removeCurrent();
-    void takeEdit(QListWidgetItem& item);
     [[nodiscard]] QString currentName() const;
 
     QLabel* heading_;
-    QListWidget* list_;
-    QList<Entry> places_;
-    TreeIcons icons_;
+    PlacesModel* places_;
+    QListView* list_;
 };
 
 }  // namespace mergeloom

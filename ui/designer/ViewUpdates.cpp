@@ -28,8 +28,8 @@ milliseconds durationOf(const std::function<void()>& body) {
 
 }  // namespace
 
-ViewUpdates::ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> isFree)
-    : worker_(worker), office_(office), isFree_(std::move(isFree)) {
+ViewUpdates::ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> showsDocument)
+    : worker_(worker), office_(office), showsDocument_(std::move(showsDocument)) {
     marksTimer_.setSingleShot(true);
     marksTimer_.setInterval(kMarksInterval);
     connect(&marksTimer_, &QTimer::timeout, this, &ViewUpdates::updateMarksNow);
@@ -50,31 +50,49 @@ void ViewUpdates::updateMarks() {
     if (!marksTimer_.isActive()) marksTimer_.start();
 }
 
-/// Tries again later while the office is busy. Its errors are those of an office that has ended, which is
-/// reported in another way.
+/// Starts the timer when no command runs any more.
+void ViewUpdates::startAfterCommand(QTimer& timer) {
+    worker_.callWhenFree([&timer] {
+        if (!timer.isActive()) timer.start();
+    });
+}
+
+/// Its errors are those of an office that has ended, which is reported in another way.
 void ViewUpdates::updateMarksNow() {
-    if (!isFree_() || isUpdatingMarks_) return marksTimer_.start();
+    haveMarksMoved_ = isUpdatingMarks_;
+    if (isUpdatingMarks_ || !showsDocument_()) return;
+    if (worker_.isWaitedFor()) return startAfterCommand(marksTimer_);
     isUpdatingMarks_ = true;
     const auto duration = std::make_shared<milliseconds>();
     worker_.post([this, duration] { *duration = durationOf([this] { office_.host().updateMarks(); }); },
                  [this, duration](const std::exception_ptr& /*error*/) {
                      isUpdatingMarks_ = false;
                      marksTimer_.setInterval(std::max(kMarksInterval, kMarksRest * *duration));
+                     if (std::exchange(haveMarksMoved_, false)) updateMarks();
                  });
 }
 
 void ViewUpdates::setLook(const HostLook& look) {
     look_ = look;
+    isLookPending_ = true;
     lookTimer_.start();
+}
+
+void ViewUpdates::resume() {
+    updateMarks();
+    if (isLookPending_) lookTimer_.start();
 }
 
 void ViewUpdates::cancel() {
     marksTimer_.stop();
     lookTimer_.stop();
+    isLookPending_ = false;
 }
 
 void ViewUpdates::setLookNow() {
-    if (!isFree_()) return lookTimer_.start();
+    if (!showsDocument_()) return;
+    if (worker_.isWaitedFor()) return startAfterCommand(lookTimer_);
+    isLookPending_ = false;
     const auto isSet = std::make_shared<bool>(true);
     worker_.post([this, look = look_, isSet] { *isSet = office_.host().setLook(look); },
                  [this, isSet](const std::exception_ptr& /*error*/) {

@@ -16,9 +16,9 @@ class ViewUpdates final : public QObject {
     Q_OBJECT
 
   public:
-    /// The function returns true if the office runs without a command and shows the document. The arguments
-    /// must outlive this object.
-    ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> isFree);
+    /// The function returns true if the office shows the document; resume() has to be called when it begins
+    /// to. The arguments must outlive this object.
+    ViewUpdates(OfficeWorker& worker, HostedOffice& office, std::function<bool()> showsDocument);
 
     /// Shows or hides the marks of places.
     void setShowsPlaces(bool shown);
@@ -26,19 +26,24 @@ class ViewUpdates final : public QObject {
     void updateMarks();
     /// Gives the office another look, as soon as it is free and shows no dialog.
     void setLook(const HostLook& look);
+    /// Makes the updates that were requested while another document was shown.
+    void resume();
     /// Removes the pending updates, since the office has ended.
     void cancel();
 
   private:
     void updateMarksNow();
     void setLookNow();
+    void startAfterCommand(QTimer& timer);
 
     OfficeWorker& worker_;
     HostedOffice& office_;
-    const std::function<bool()> isFree_;
+    const std::function<bool()> showsDocument_;
     QTimer marksTimer_;
     bool isUpdatingMarks_ = false;
+    bool haveMarksMoved_ = false;  ///< since the present update began
     QTimer lookTimer_;
+    bool isLookPending_ = false;
     HostLook look_;
 };
 

@@ -9,6 +9,9 @@
 #include <QDateTime>
 #include <QFile>
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 
 namespace mergeloom {
 
@@ -50,6 +53,12 @@ void DiagnosticsLog::append(const std::string& text) {
     const std::string line = lineOf(text);
     if (static_cast<std::size_t>(file.size()) + line.size() > limit_) removeOldestLines(file, limit_);
     file.write(QByteArray::fromStdString(line));
+}
+
+std::string sizeLineOf(const std::string& fileName) {
+    std::error_code missing;
+    const std::uintmax_t size = std::filesystem::file_size(installedFile(fileName), missing);
+    return "Size of " + fileName + ": " + std::to_string(missing ? 0 : size);
 }
 
 }  // namespace mergeloom

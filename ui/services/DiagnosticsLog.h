@@ -29,4 +29,8 @@ class DiagnosticsLog {
     std::size_t limit_;
 };
 
+/// Returns the line of the log with the size in bytes of an installed file of the program; 0 if it is
+/// missing.
+std::string sizeLineOf(const std::string& fileName);
+
 }  // namespace mergeloom
