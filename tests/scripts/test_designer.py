@@ -173,6 +173,18 @@ class InWord(DesignerTest):
             wait_for("the line's end", lambda: not places_of(box, LINE_COLOR))
         self.assertEqual(self.names(self.save_as("unchanged.docx")), [])
 
+    def test_below_the_text_a_node_lands_at_its_end(self):
+        designer = self.start("-usedocument", self.write_letter(1))
+        left, top, width, height = designer.document_box()
+        text = wait_for("the text", lambda: places_of((left + 50, top + 120, width - 100, height // 2), (0, 0, 0)))
+        start, end, below = min(x for x, _ in text), max(x for x, _ in text), max(y for _, y in text) + 80
+        with dragging(designer.node("Customer"), (start + 5, below)):
+            line = wait_for("the line", lambda: places_of((left, top, width, below - top), LINE_COLOR))
+            self.assertGreater(min(x for x, _ in line), end - 5)
+        self.wait_for_insertion("Customer")
+        places, _ = read_docx.read_bookmarks(self.save_as("below.docx"))
+        self.assertEqual([place["text"] for place in places], ["CustomerID"])
+
     def test_special_places_and_refused_drags(self):
         designer = self.start()
         drag(designer.node("Special"), designer.document())

@@ -31,9 +31,11 @@ struct Candidate {
     std::pair<sal_Int32, sal_Int32> distance;
 };
 
+/// Below a paragraph, the end of its last line is nearest, as for a click in Writer.
 Candidate candidateOf(AccessibleSpot child) {
     const css::awt::Size size = child.area->getSize();
     const std::pair away(distance(child.point.Y, 0, size.Height), distance(child.point.X, 0, size.Width));
+    if (isParagraph(child.role()) && child.point.Y >= size.Height) child.point.X = size.Width;
     child.point.X = std::clamp(child.point.X, sal_Int32{0}, std::max(size.Width - 1, sal_Int32{0}));
     child.point.Y = std::clamp(child.point.Y, sal_Int32{0}, std::max(size.Height - 1, sal_Int32{0}));
     return {std::move(child), away};
