@@ -8,8 +8,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The size of a picture and the room around it and the text.
-constexpr int kPicture = 16;
+/// The room on each side of a picture and of a text.
 constexpr int kMargin = 3;
 
 bool isBefore(const PlaceEntry& one, const PlaceEntry& other) {
@@ -46,7 +45,7 @@ void PlacesModel::measure() {
         longest = place.name.size();
         width = std::max(width, metrics.horizontalAdvance(place.name));
     }
-    rowSize_ = {kPicture + width + 4 * kMargin, std::max(kPicture, metrics.height()) + 1};
+    rowSize_ = {kIconSide + width + 4 * kMargin, std::max(kIconSide, metrics.height()) + 1};
 }
 
 int PlacesModel::rowOf(const QString& name) const {

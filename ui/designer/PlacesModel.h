@@ -33,6 +33,8 @@ class PlacesModel final : public QAbstractListModel {
     /// Sets the colors of pictures and the font in which the width of the rows is measured.
     void setLook(const QPalette& palette, const QFont& font);
 
+    /// Returns the size of the pictures.
+    [[nodiscard]] static QSize iconSize() { return {kIconSide, kIconSide}; }
     /// Returns the name in a row; empty for no row.
     [[nodiscard]] QString nameAt(int row) const { return places_.value(row).name; }
     /// Returns the row of a name; -1 for none.
@@ -49,6 +51,8 @@ class PlacesModel final : public QAbstractListModel {
     void renameRequested(const QString& name, const QString& newName);
 
   private:
+    static constexpr int kIconSide = 16;
+
     void measure();
 
     QList<PlaceEntry> places_;

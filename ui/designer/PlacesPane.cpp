@@ -17,6 +17,7 @@ PlacesPane::PlacesPane(QWidget* parent)
       list_(new QListView(this)) {
     list_->setModel(places_);
     list_->setUniformItemSizes(true);
+    list_->setIconSize(PlacesModel::iconSize());
     list_->setObjectName(QStringLiteral("lstPlaces"));
     list_->setAccessibleName(tr("Places of the document"));
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
