@@ -43,6 +43,14 @@ UINT buttonsOf(const Message& message) {
 
 }  // namespace
 
+bool areErrorsUnseen() {
+    const HANDLE errors = ::GetStdHandle(STD_ERROR_HANDLE);
+    if (errors == nullptr || errors == INVALID_HANDLE_VALUE) return true;
+    DWORD mode = 0;
+    DWORD processes[2];
+    return ::GetConsoleMode(errors, &mode) != 0 && ::GetConsoleProcessList(processes, 2) == 1;
+}
+
 MessageAnswer MessageBoxes::show(const Message& message) {
     const UINT style = iconOf(message.icon) | buttonsOf(message) | MB_SETFOREGROUND;
     switch (::MessageBoxW(nullptr, wideText(message.text).c_str(), kTitle, style)) {

@@ -8,6 +8,10 @@
 /// Message boxes for a program that was started without a console, so that lines would not be seen.
 namespace mergeloom::windows {
 
+/// Returns true if nobody would read the error output: it does not exist, or it is a console that was opened
+/// only for this program and closes with it.
+bool areErrorsUnseen();
+
 class MessageBoxes final : public Messages {
   public:
     MessageAnswer show(const Message& message) override;

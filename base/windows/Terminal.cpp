@@ -59,21 +59,13 @@ bool isConsole(HANDLE stream) {
     return ::GetConsoleMode(stream, &mode) != 0;
 }
 
-/// Returns true if nobody would read the stream's output: the stream does not exist, or it is a console that
-/// was opened only for this program and closes with it.
-bool isUnseen(HANDLE stream) {
-    if (stream == nullptr || stream == INVALID_HANDLE_VALUE) return true;
-    DWORD processes[2];
-    return isConsole(stream) && ::GetConsoleProcessList(processes, 2) == 1;
-}
-
 }  // namespace
 
 struct Terminal::Parts {
     Parts()
         : arguments(windows::argumentsOf(::GetCommandLineW())),
           commandLine(windows::withoutProgram(::GetCommandLineW())),
-          areErrorsUnseen(isUnseen(::GetStdHandle(STD_ERROR_HANDLE))),
+          areErrorsUnseen(windows::areErrorsUnseen()),
           outputBuffer(bufferOf(STD_OUTPUT_HANDLE)),
           errorBuffer(areErrorsUnseen ? std::make_unique<windows::MessageBoxBuffer>()
                                       : bufferOf(STD_ERROR_HANDLE)),

@@ -1,6 +1,7 @@
 #include "office/com/automation/AutomationSession.h"
 
 #include "base/AutomationError.h"
+#include "base/windows/MessageBoxes.h"
 #include "base/windows/WindowsText.h"
 #include "office/com/automation/CallCancellation.h"
 #include "office/com/automation/CallLimit.h"
@@ -122,8 +123,12 @@ std::string AutomationSession::silence() const {
 }
 
 void AutomationSession::endRun() const {
-    std::fputs((silence() + "\n").c_str(), stderr);
-    std::fflush(stderr);
+    if (windows::areErrorsUnseen()) {
+        windows::MessageBoxes().show({silence(), MessageIcon::Critical, MessageButtons::Ok});
+    } else {
+        std::fputs((silence() + "\n").c_str(), stderr);
+        std::fflush(stderr);
+    }
     ::TerminateProcess(::GetCurrentProcess(), EXIT_FAILURE);
     std::abort();
 }
