@@ -1,6 +1,7 @@
 #include "app/mCommandLine.h"
 
 #include "app/modMain.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -162,6 +163,11 @@ std::string GetCommandLineArgument(std::int32_t vlngIndex) {
     if (vlngIndex < 0) return {};
     const auto index = static_cast<std::size_t>(vlngIndex);
     return index < gCommandLineArguments.size() ? gCommandLineArguments[index] : std::string();
+}
+
+std::string commandLineFile(std::int32_t index) {
+    const std::string file = GetCommandLineArgument(index);
+    return file.empty() || file == kEmptyValue ? std::string() : fullPath(file);
 }
 
 }  // namespace mergeloom

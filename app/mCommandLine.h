@@ -72,4 +72,7 @@ void GetCommandLineArguments(const CommandLineText& commandLine, std::string& rs
 /// Returns the slot of a switch; an empty text when there is no such slot.
 std::string GetCommandLineArgument(std::int32_t vlngIndex);
 
+/// Returns the full path of the file that a switch names; empty when the switch is absent or has no value.
+std::string commandLineFile(std::int32_t index);
+
 }  // namespace mergeloom

@@ -17,12 +17,9 @@ namespace mergeloom {
 namespace {
 
 /// Returns the file that the command line opens at first; empty when it names none.
-std::string commandLineFile() {
-    for (const std::int32_t place : {kTemplateSwitch, kUseDocumentSwitch}) {
-        const std::string file = GetCommandLineArgument(place);
-        if (!file.empty() && file != kEmptyValue) return fullPath(file);
-    }
-    return {};
+std::string firstFile() {
+    const std::string file = commandLineFile(kTemplateSwitch);
+    return file.empty() ? commandLineFile(kUseDocumentSwitch) : file;
 }
 
 /// Returns the file's name as the status line shows it.
@@ -53,7 +50,7 @@ bool isFileOf(model::OfficeDocument& document, const std::string& path) {
 bool TemplateLifecycle::Start() {
     bool isHosted = false;
     trapped("Form_Load", [&] { isHosted = createNew(); });
-    const std::string file = commandLineFile();
+    const std::string file = firstFile();
     if (isHosted && !restoreKept(file) && !file.empty()) OpenTemplate(file);
     return isHosted;
 }

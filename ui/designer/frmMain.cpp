@@ -44,12 +44,6 @@ FieldConversion conversionIn(DocumentKind kind) {
     return kind == DocumentKind::Word ? FieldConversion::Offered : FieldConversion::Missing;
 }
 
-/// Returns the file of a switch; empty when the switch is absent or has no value.
-std::string fileOfSwitch(std::int32_t place) {
-    const std::string value = GetCommandLineArgument(place);
-    return value.empty() || value == kEmptyValue ? std::string() : fullPath(value);
-}
-
 }  // namespace
 
 frmMain::frmMain(DocumentKind kind)
@@ -319,10 +313,10 @@ void frmMain::start() {
                          static_cast<std::uint32_t>(area_->pane().winId()),
                          [this] { parts_->leaveFor(area_->pane()); });
     startOffice();
-    const std::string templatePath = fileOfSwitch(kTemplateSwitch);
+    const std::string templatePath = commandLineFile(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
     session_.setFolders(templates_.folder(), structureLoad_.templatesFolder());
-    const std::string xmlFile = fileOfSwitch(kXmlFileSwitch);
+    const std::string xmlFile = commandLineFile(kXmlFileSwitch);
     if (!xmlFile.empty()) databases_.openFile(xmlFile);
 }
 
