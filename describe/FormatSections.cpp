@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array<std::string_view, 8> kColours{"black", "blue",    "green",  "cyan",
                                                    "red",   "magenta", "yellow", "white"};
-/// Characters that stand for themselves.
+/// Characters that are shown as they are.
 constexpr std::string_view kPlainSigns = " -+$()/:'=~{}^";
 
 /// Takes tokens from the front of a section.

@@ -37,8 +37,8 @@ class Reader {
     }
 
   private:
-    /// Backslashes stand for themselves unless a quote follows: then two are one, and one makes the quote a
-    /// letter. Two quotes in a quoted part are one letter and end the part.
+    /// Backslashes are ordinary characters unless a quote follows: then two are one, and one makes the quote
+    /// an ordinary character. Two quotes in a quoted part are one character and end the part.
     void add(std::wstring& argument, bool& isQuoted) {
         const std::size_t slashes = std::min(rest_.find_first_not_of(L'\\'), rest_.size());
         const bool isQuote = slashes < rest_.size() && rest_[slashes] == L'"';

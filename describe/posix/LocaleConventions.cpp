@@ -21,7 +21,7 @@ Conventions conventionsOfLocale() {
     conventions.decimalPoint = numbers.decimal_point;
     conventions.groupSeparator = numbers.thousands_sep;
     conventions.currency = numbers.currency_symbol;
-    // The C locale says neither.
+    // The C locale defines neither.
     conventions.isCurrencyFirst = numbers.p_cs_precedes != 0;
     conventions.isCurrencySpaced = numbers.p_sep_by_space == 1;
     if (!hasOwnConventions()) return conventions;

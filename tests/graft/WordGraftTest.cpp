@@ -176,7 +176,7 @@ TEST(WordGraftTest, ChangesAHeaderOnceThatIsExportedTwice) {
     EXPECT_EQ(resultOf(differing.graft()), "refused: two headers that are one in the file were changed");
 }
 
-/// Where the office reads a page break or an object at another place than the file has it.
+/// Page breaks and objects that the office reads at another place than that in the file.
 TEST(WordGraftTest, EditsBesideBreaksAndObjectsThatAreReadDifferently) {
     const std::string page = "<w:r><w:br w:type=\"page\"/></w:r>";
     const std::string picture = "<w:r><w:drawing><wp:inline/></w:drawing></w:r>";

@@ -215,7 +215,8 @@ class ByOpenpyxl:
         sheet["G4"], sheet["G5"] = "=1/0", "=VLOOKUP(1,A1:B2,2,FALSE)"
 
 
-# Changes of a part's text, for what neither of them writes: the part, what is found in it, and what takes its place.
+# Replacements in the text of a part, for content that neither of them writes: the part, the former text and the new
+# one.
 PATCHES = {
     "inline": ("xl/worksheets/sheet1.xml", "</sheetData>", '<row r="40"><c r="A40" t="inlineStr"><is><t>inline</t></is>'
                '</c><c r="B40" t="inlineStr"><is><r><rPr><b/></rPr><t>bold</t></r><r><t> text</t></r></is></c></row>'

@@ -8,7 +8,7 @@ namespace mergeloom {
 
 namespace {
 
-/// The room on each side of a picture and of a text.
+/// The margin on each side of a picture and of a text.
 constexpr int kMargin = 3;
 
 bool isBefore(const PlaceEntry& one, const PlaceEntry& other) {

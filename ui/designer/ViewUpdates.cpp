@@ -57,7 +57,7 @@ void ViewUpdates::startAfterCommand(QTimer& timer) {
     });
 }
 
-/// Its errors are those of an office that has ended, which is reported in another way.
+/// Ignores errors: they are those of an office that has ended, which is reported in another way.
 void ViewUpdates::updateMarksNow() {
     haveMarksMoved_ = isUpdatingMarks_;
     if (isUpdatingMarks_ || !showsDocument_()) return;

@@ -68,7 +68,7 @@ class AutomationSession {
     /// Returns the objects of a collection by its enumerator. Errors as for invoke.
     std::vector<DispatchPtr> enumerate(IDispatch& collection, const char* className);
 
-    /// Leaves the office that was started here alone: it is ending, or the user's now.
+    /// Stops watching the office that was started here: it is ending, or belongs to the user now.
     void releaseOffice();
     /// Ends the office that was started here by force, when it did not end as it was asked to. One in which
     /// the user works stays.
@@ -82,7 +82,7 @@ class AutomationSession {
     using Ids = std::vector<long>;
     using Result = long;
 
-    /// What was read of an object, which is held so that its address stays its own.
+    /// The values that were read from an object. The object is held so that no other one gets its address.
     struct KnownResult {
         DispatchPtr object;
         Value value;

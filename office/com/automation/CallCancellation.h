@@ -4,8 +4,8 @@
 
 namespace mergeloom::com {
 
-/// Returns what lets other threads give up the calls that this thread makes, which keeps it possible while it
-/// is held: a message filter (IMessageFilter) of this thread.
+/// Registers a message filter (IMessageFilter) of this thread, through which other threads can cancel its
+/// calls. It stays registered while the result is held.
 std::shared_ptr<void> allowCancellation();
 
 /// Makes the waiting call of a thread return RPC_E_CALL_CANCELED. Has to be repeated until it returns.

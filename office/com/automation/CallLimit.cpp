@@ -10,7 +10,8 @@ namespace mergeloom::com {
 
 namespace {
 
-/// The watching thread looks that often during the longest call. Waking it for each call would cost more.
+/// The number of checks by the watching thread during the longest call. Waking it for each call would cost
+/// more.
 constexpr int kLooks = 20;
 
 }  // namespace

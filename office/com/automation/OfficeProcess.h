@@ -22,7 +22,7 @@ class OfficeProcess {
 
     /// Ends the process by force, unless it is unknown or the user works in it.
     void end();
-    /// Leaves the process alone from now on: it is ending, or the user's.
+    /// Stops watching the process: it is ending, or belongs to the user.
     void release();
 
     /// Returns true if it was ended by force.

@@ -80,7 +80,7 @@ class ComRange final : public word::Range {
     void Select() override { range_.call("Select"); }
 
   private:
-    /// Gives this range one of Word's of its own, since a change moves it.
+    /// Copies Word's range for this one alone, since a change moves it.
     void detach() {
         if (!model_->isShared(range_.reference())) return;
         range_ = range_.object("Range", "Duplicate");
