@@ -1,8 +1,6 @@
 #include "automation/ExcelDouble.h"
-#include "automation/Faults.h"
-#include "base/AutomationError.h"
+#include "com/OfficeFaults.h"
 #include "doubles/ExcelFiles.h"
-#include "doubles/MemoryFileStore.h"
 #include "office/com/automation/AutomationObject.h"
 #include "office/com/automation/ErrorNumbers.h"
 #include "office/com/excel/ComExcel.h"
@@ -26,22 +24,15 @@ using testing::HasSubstr;
 
 constexpr auto kXlsx = excel::XlFileFormat::xlOpenXMLWorkbook;
 
-/// An Excel over calls of automation that fail as planned, in this program.
-class ExcelFaults : public testing::Test {
+class ExcelFaults : public OfficeFaults<excel::ApplicationPtr> {
   protected:
-    void SetUp() override { start(); }
-    void TearDown() override { faults().clear(); }
+    ExcelFaults() : OfficeFaults("/book.xlsx", "Town: [Town] $B$1") {}
 
-    void start() {
-        faults().clear();
-        ends = 0;
-        files.files = {{"/book.xlsx", "the former file"}};
-        inner = embedded::makeExcelApplication(files);
-        server = {.patience = {.attempts = 4, .pauseMilliseconds = 0},
-                  .application = automation::makeExcelDouble(inner, {}, [this] { ++ends; })};
+    excel::ApplicationPtr makeInner() override { return embedded::makeExcelApplication(files); }
+    com::DispatchPtr makeDouble(std::function<void()> quit) override {
+        return automation::makeExcelDouble(inner, {}, std::move(quit));
     }
-    /// A workbook with a label and a place, in an office of its own.
-    void write() {
+    void write() override {
         const excel::ApplicationPtr office = com::makeExcelApplication(server);
         const excel::WorkbookPtr workbook = office->Workbooks()->Add("");
         const excel::RangePtr cell = office->ActiveCell();
@@ -54,68 +45,27 @@ class ExcelFaults : public testing::Test {
         workbook->SaveAs("/book.xlsx", kXlsx);
         office->Quit();
     }
-    AutomationError errorOfWriting() {
-        try {
-            write();
-        } catch (const AutomationError& error) {
-            return error;
-        }
-        return {0, "no error"};
-    }
-    /// The texts of the first two cells, and the cells of the name.
-    std::string book() {
+    /// Returns the texts of the first two cells, and the cells of the name.
+    std::string content() override {
         const excel::ApplicationPtr office = embedded::makeExcelApplication(files);
         const excel::WorkbookPtr workbook = office->Workbooks()->Open("/book.xlsx");
         const excel::RangePtr cell = workbook->Worksheets()->Item(1)->Range("A1");
         return cell->Value() + " " + cell->Offset(0, 1)->Value() + " " +
                workbook->Names()->Item("Town")->RefersToRange()->AddressLocal();
     }
-
-    MemoryFileStore files;
-    excel::ApplicationPtr inner;
-    com::OfficeServer server;
-    int ends = 0;
+    int openDocuments() override { return inner->Workbooks()->Count(); }
 };
 
-constexpr const char* kWritten = "Town: [Town] $B$1";
-
 TEST_F(ExcelFaults, ABusyOfficeIsAskedAgain) {
-    for (const FaultKind kind : {FaultKind::Busy, FaultKind::Rejected}) {
-        int call = 1;
-        for (int made = call; made >= call; ++call) {
-            start();
-            faults().plan(kind, call, 3);
-            EXPECT_EQ(errorOfWriting().number(), 0U) << call;
-            EXPECT_EQ(book(), kWritten) << call;
-            EXPECT_EQ(ends, 1);
-            made = faults().calls();
-        }
-        EXPECT_GT(call, 15) << "the last call was not reached";
-    }
+    expectThatBusyCallsAreRepeated();
 }
 
 TEST_F(ExcelFaults, AnOfficeThatStaysBusyIsTold) {
-    faults().plan(FaultKind::Rejected, 8, 1000);
-    const AutomationError error = errorOfWriting();
-    EXPECT_EQ(error.number(), kNotAvailable);
-    EXPECT_THAT(error.description(), HasSubstr("Excel is busy"));
-    EXPECT_EQ(files.files["/book.xlsx"], "the former file");
+    expectThatAnOfficeThatStaysBusyIsTold(FaultKind::Rejected, 8, "Excel is busy");
 }
 
 TEST_F(ExcelFaults, AnErrorAtAnyCallLeavesTheFileAndEndsTheOffice) {
-    write();
-    const int calls = faults().calls();
-    int untold = 0;
-    for (int call = 1; call <= calls; ++call) {
-        start();
-        faults().plan(FaultKind::Error, call, 1);
-        if (errorOfWriting().number() == 0U) ++untold;
-        const bool isWritten = files.files["/book.xlsx"] != "the former file";
-        EXPECT_EQ(isWritten ? book() : kWritten, kWritten) << call;
-        EXPECT_EQ(ends, 1) << call;
-        EXPECT_EQ(inner->Workbooks()->Count(), 0) << call;
-    }
-    EXPECT_EQ(untold, 0);
+    expectThatAnErrorLeavesAFileAndEndsTheOffice();
 }
 
 TEST_F(ExcelFaults, AMissingMemberIsNamed) {

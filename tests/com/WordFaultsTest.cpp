@@ -1,7 +1,5 @@
-#include "automation/Faults.h"
 #include "automation/WordDouble.h"
-#include "base/AutomationError.h"
-#include "doubles/MemoryFileStore.h"
+#include "com/OfficeFaults.h"
 #include "doubles/WordFiles.h"
 #include "office/com/automation/AutomationObject.h"
 #include "office/com/automation/ErrorNumbers.h"
@@ -27,22 +25,15 @@ using testing::HasSubstr;
 
 constexpr auto kDocx = word::WdSaveFormat::wdFormatXMLDocument;
 
-/// A Word over calls of automation that fail as planned, in this program.
-class WordFaults : public testing::Test {
+class WordFaults : public OfficeFaults<word::ApplicationPtr> {
   protected:
-    void SetUp() override { start(); }
-    void TearDown() override { faults().clear(); }
+    WordFaults() : OfficeFaults("/letter.docx", "Dear [Name:Name]\n") {}
 
-    void start() {
-        faults().clear();
-        ends = 0;
-        files.files = {{"/letter.docx", "the former file"}};
-        inner = embedded::makeWordApplication(files);
-        server = {.patience = {.attempts = 4, .pauseMilliseconds = 0},
-                  .application = automation::makeWordDouble(inner, {}, [this] { ++ends; })};
+    word::ApplicationPtr makeInner() override { return embedded::makeWordApplication(files); }
+    com::DispatchPtr makeDouble(std::function<void()> quit) override {
+        return automation::makeWordDouble(inner, {}, std::move(quit));
     }
-    /// A letter with a place, in an office of its own.
-    void write() {
+    void write() override {
         const word::ApplicationPtr office = com::makeWordApplication(server);
         const word::DocumentPtr document = office->Documents()->Add("");
         const word::SelectionPtr selection = office->Selection();
@@ -55,65 +46,26 @@ class WordFaults : public testing::Test {
         document->SaveAs("/letter.docx", kDocx);
         office->Quit(word::WdSaveOptions::wdDoNotSaveChanges);
     }
-    AutomationError errorOfWriting() {
-        try {
-            write();
-        } catch (const AutomationError& error) {
-            return error;
-        }
-        return {0, "no error"};
-    }
-    std::string letter() { return shownBody(files.files["/letter.docx"]); }
-
-    MemoryFileStore files;
-    word::ApplicationPtr inner;
-    com::OfficeServer server;
-    int ends = 0;
+    std::string content() override { return shownBody(files.files["/letter.docx"]); }
+    int openDocuments() override { return inner->Documents()->Count(); }
 };
 
 TEST_F(WordFaults, ABusyOfficeIsAskedAgain) {
-    for (const FaultKind kind : {FaultKind::Busy, FaultKind::Rejected}) {
-        int call = 1;
-        for (int made = call; made >= call; ++call) {
-            start();
-            faults().plan(kind, call, 3);
-            EXPECT_EQ(errorOfWriting().number(), 0U) << call;
-            EXPECT_EQ(letter(), "Dear [Name:Name]\n") << call;
-            EXPECT_EQ(ends, 1);
-            made = faults().calls();
-        }
-        EXPECT_GT(call, 15) << "the last call was not reached";
-    }
+    expectThatBusyCallsAreRepeated();
 }
 
 TEST_F(WordFaults, AnOfficeThatStaysBusyIsTold) {
-    faults().plan(FaultKind::Busy, 6, 1000);
-    const AutomationError error = errorOfWriting();
-    EXPECT_EQ(error.number(), kNotAvailable);
-    EXPECT_THAT(error.description(), HasSubstr("Word is busy"));
-    EXPECT_EQ(files.files["/letter.docx"], "the former file");
+    expectThatAnOfficeThatStaysBusyIsTold(FaultKind::Busy, 6, "Word is busy");
 }
 
 TEST_F(WordFaults, AnErrorAtAnyCallLeavesTheFileAndEndsTheOffice) {
-    write();
-    const int calls = faults().calls();
-    bool isWritten = false;
-    for (int call = 1; call <= calls; ++call) {
-        start();
-        faults().plan(FaultKind::Error, call, 1);
-        EXPECT_NE(errorOfWriting().number(), 0U) << call;
-        isWritten = files.files["/letter.docx"] != "the former file";
-        EXPECT_EQ(isWritten ? letter() : "Dear [Name:Name]\n", "Dear [Name:Name]\n") << call;
-        EXPECT_EQ(ends, 1) << call;
-        EXPECT_EQ(inner->Documents()->Count(), 0) << call;
-    }
-    EXPECT_TRUE(isWritten) << "calls after the save failed, too";
+    expectThatAnErrorLeavesAFileAndEndsTheOffice();
 }
 
 TEST_F(WordFaults, AnOlderOfficeNeedsNoUndoRecord) {
     faults().remove("UndoRecord");
     EXPECT_EQ(errorOfWriting().number(), 0U);
-    EXPECT_EQ(letter(), "Dear [Name:Name]\n");
+    EXPECT_EQ(content(), "Dear [Name:Name]\n");
 }
 
 TEST_F(WordFaults, AMissingMemberIsNamed) {
