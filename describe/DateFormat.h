@@ -9,9 +9,9 @@
 
 namespace mergeloom::describe {
 
-/// Returns a date or time by a format of Access: "dd/mm/yyyy", "Medium Date" or "Short Time". Those whose
-/// look depends on the settings of Windows follow the conventions. Returns nothing for a format that is not
-/// understood, for "General Date", and for a time alone whose format shows the day.
+/// Returns a date or time by a format of Access: "dd/mm/yyyy", "Medium Date" or "Short Time". Formats that
+/// depend on the settings of Windows use the conventions. Returns none for an unknown format, for "General
+/// Date", and for a time without a date if the format shows the day.
 std::optional<std::string> formattedDate(const IsoDate& date, std::string_view format,
                                          const Conventions& conventions);
 

@@ -18,15 +18,14 @@ struct FormatToken {
     }
 };
 
-/// Divides a format at its semicolons. Those in quotation marks and after a backslash do not count.
+/// Divides a format at its semicolons, except those in quotation marks and after a backslash.
 std::vector<std::string_view> formatSections(std::string_view format);
 
-/// Returns the tokens of a section. Those in signs have a meaning, other letters and digits none that is
-/// known. Colours and characters that fill a column are left out. Returns nothing for a section that cannot
-/// be read.
+/// Returns the tokens of a section. The given signs have a meaning. Colors and fill characters are omitted.
+/// Returns none for a section that is incomplete or has other letters or digits.
 std::optional<std::vector<FormatToken>> tokensOf(std::string_view section, std::string_view signs);
 
-/// Returns the text of a section that has only literals, or nothing.
+/// Returns the text of a section that has only literals; otherwise none.
 std::optional<std::string> literalOf(std::string_view section);
 
 }  // namespace mergeloom::describe

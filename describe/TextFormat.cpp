@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kTextSigns = "@&<>!";
 
-/// Removes the first character and returns it in the case that the sign stands for.
+/// Removes the first character and returns it, in capital letters for '>' and in small ones for '<'.
 std::string takeCharacter(std::string_view& text, char letterCase) {
     std::string_view after = text;
     takeCodePoint(after);
@@ -30,7 +30,7 @@ std::string takeCharacter(std::string_view& text, char letterCase) {
                : fromUtf16(std::u16string(1, static_cast<char16_t>(changed)));
 }
 
-/// The signs of a section that concern all of it.
+/// The signs that apply to a whole section.
 struct TextSection {
     explicit TextSection(const std::vector<FormatToken>& tokens) {
         for (const FormatToken& token : tokens) {
@@ -54,8 +54,8 @@ std::vector<std::string> charactersOf(std::string_view text, char letterCase) {
     return characters;
 }
 
-/// Writes the characters into the places, from the last one on unless the section says otherwise. The
-/// outermost place has the characters that are left over.
+/// Writes the characters into the places, from the last one on, or from the first one on if the section has
+/// '!'. The outermost place gets the characters that remain.
 std::string writtenText(const std::vector<FormatToken>& tokens, const std::vector<std::string>& characters,
                         const TextSection& section) {
     std::string text;

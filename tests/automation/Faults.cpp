@@ -6,7 +6,7 @@ namespace mergeloom::automation {
 
 namespace {
 
-/// Waits as an office does behind a dialog that nobody answers: it goes on to take messages.
+/// Waits and handles messages, like an office that shows a dialog.
 [[noreturn]] void waitForever() {
     for (;;) {
         MSG message;

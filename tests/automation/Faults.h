@@ -7,27 +7,26 @@
 
 namespace mergeloom::automation {
 
-/// The kinds of faults of an office, by numbers that pass between programs: its calls return that it is busy,
-/// raise an error, end the program, or wait without end as behind a dialog. Rejected are all kinds of
-/// calls, also those for names, for items and for the start; they are counted by themselves.
+/// The kinds of faults of an office. The values are passed between programs. A call reports that the office
+/// is busy, raises an error, ends the program, never returns, or is rejected. Rejected calls include those
+/// for names, for items and for the start, which are counted separately.
 enum class FaultKind { None, Busy, Error, End, Wait, Rejected };
 
 /// Decides which calls of the double's objects fail. There is one in each process.
 class Faults {
   public:
-    /// From the n-th call on, counted from 1, a number of calls fails.
+    /// Makes a number of calls fail, from the n-th one on, counted from 1.
     void plan(FaultKind kind, int firstCall, int calls);
-    /// The double does not have members of that name, as an older office.
+    /// Removes the members of that name from the double, which an older office does not have.
     void remove(const std::string& member) { missing_.insert(member); }
-    /// Every document is open for reading only.
+    /// Makes every document read-only.
     void setReadOnly(bool isReadOnly) { isReadOnly_ = isReadOnly; }
     void clear();
 
     /// Returns true for a call that is to be rejected.
     bool rejectsCall();
-    /// Returns the result of a call that is to fail at once; otherwise S_OK. Ends the process if the plan is
-    /// an office that ends, and does not return if it is one that waits. Raises an AutomationError for an
-    /// error.
+    /// Returns the result of a call that fails at once, otherwise S_OK. Ends the process for FaultKind::End,
+    /// does not return for FaultKind::Wait, and raises an AutomationError for FaultKind::Error.
     HRESULT beforeCall();
     [[nodiscard]] bool lacks(const std::string& member) const { return missing_.contains(member); }
     [[nodiscard]] bool isReadOnly() const { return isReadOnly_; }

@@ -27,8 +27,8 @@ struct Argument {
 /// The arguments of a call; those with names are last.
 using Arguments = std::vector<Argument>;
 
-/// The kinds of calls of a member. What is read without arguments is known until the next call that is not a
-/// Read.
+/// The kinds of calls of a member. The result of a Read without arguments is valid until the next call of
+/// another kind.
 enum class CallKind { Read, Call, Put };
 
 /// The bounds of waiting for an office.
@@ -57,7 +57,7 @@ class AutomationSession {
     DispatchPtr start(const std::string& programIdentifier);
 
     /// Calls a member of an object of a class. Repeats the call of a busy office until the patience ends.
-    /// What an earlier call read is returned without a call (CallKind::Read). Raises
+    /// Returns the result of an earlier call for a CallKind::Read that is still valid. Raises
     /// - the office's own number and description for an error of the office,
     /// - kMemberUnknown for a member that this version of the office does not have,
     /// - kObjectDeleted for an object that is gone,
@@ -70,8 +70,8 @@ class AutomationSession {
 
     /// Stops watching the office that was started here: it is ending, or belongs to the user now.
     void releaseOffice();
-    /// Ends the office that was started here by force, when it did not end as it was asked to. One in which
-    /// the user works stays.
+    /// Ends the office that was started here by force, after a request to quit that failed. Does nothing if
+    /// the user works in it.
     void endByForce();
 
     [[nodiscard]] const std::string& officeName() const { return officeName_; }
@@ -92,14 +92,14 @@ class AutomationSession {
                  const Arguments& arguments);
     Value invokeIds(IDispatch& object, const std::string& called, const Ids& ids, CallKind kind,
                     const Arguments& arguments);
-    /// Makes a call, again and again while the office is busy. Returns the result of the last time.
+    /// Repeats a call while the office is busy. Returns the result of the last one.
     Result ask(const std::function<Result()>& call);
     const Ids& idsOf(IDispatch& object, const char* className, const char* member,
                      const Arguments& arguments);
     void noteChange();
-    /// Returns the sentence on an office that does not answer.
+    /// Returns the message about an office that does not answer.
     [[nodiscard]] std::string silence() const;
-    /// Tells that the office does not answer, and ends this program.
+    /// Reports that the office does not answer, and ends this program.
     [[noreturn]] void endRun() const;
     [[noreturn]] void raise(Result result, const std::string& called);
     void pause() const;

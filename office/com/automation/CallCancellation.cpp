@@ -8,15 +8,15 @@ namespace mergeloom::com {
 
 namespace {
 
-/// The message that asks a thread to give up its call. Its number is for messages without a window.
+/// The message that makes a thread cancel its call. Messages without a window need a number above WM_APP.
 constexpr UINT kCancel = WM_APP + 0x4D1;
 
-/// Decides what happens while a call of this thread waits. Calls that come from the office are taken. A call
-/// that the office rejects fails at once: AutomationSession repeats it, as it does for an office that takes a
-/// call and then says that it is busy, which no filter sees.
+/// Handles the events during a call of this thread. Calls from the office are accepted. A call that the
+/// office rejects fails at once, since AutomationSession repeats it. It also repeats calls that fail because
+/// the office is busy, which a filter does not see.
 class WaitingCalls final : public IMessageFilter {
   public:
-    // It lives as long as the thread.
+    // The registration owns it.
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
@@ -58,7 +58,7 @@ class Registration {
 }  // namespace
 
 std::shared_ptr<void> allowCancellation() {
-    // Offices may be used at the same time, and end in any order.
+    // Several offices may be in use, and may end in any order.
     thread_local std::weak_ptr<Registration> ofThread;
     std::shared_ptr<Registration> registration = ofThread.lock();
     if (!registration) {

@@ -8,7 +8,8 @@ namespace mergeloom::com {
 /// calls. It stays registered while the result is held.
 std::shared_ptr<void> allowCancellation();
 
-/// Makes the waiting call of a thread return RPC_E_CALL_CANCELED. Has to be repeated until it returns.
+/// Makes the waiting call of a thread return RPC_E_CALL_CANCELED. Must be repeated until the call has
+/// returned.
 void cancelCalls(unsigned long thread);
 
 }  // namespace mergeloom::com

@@ -42,8 +42,7 @@ void CallLimit::check() {
     const Clock::duration waited = Clock::now().time_since_epoch() - Clock::duration(since);
     if (waited < longest_) return;
     if (!isExceeded_.exchange(true)) steps_.endOffice();
-    // The call of an office that has ended fails by itself. Any other one has to be given up by its own
-    // thread.
+    // A call fails if the office has ended. Any other call has to be cancelled by its own thread.
     cancelCalls(caller_);
     if (waited >= 2 * longest_) steps_.endRun();
 }

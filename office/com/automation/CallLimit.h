@@ -9,14 +9,13 @@
 
 namespace mergeloom::com {
 
-/// The time that calls to an office may take. One that takes longer, as while the office shows a dialog that
-/// nobody sees, is ended: by ending the office, or else by giving up the call (CallCancellation).
-/// Where that has no effect either, the run is ended.
+/// Limits the duration of calls to an office, which may show a dialog that nobody sees. After the limit the
+/// office is ended and the call is cancelled (CallCancellation). If neither has an effect, the run is ended.
 class CallLimit {
   public:
     using Duration = std::chrono::milliseconds;
 
-    /// What is done when a call has taken longer, in another thread.
+    /// The actions after a call has exceeded the limit. Another thread calls them.
     struct Steps {
         std::function<void()> endOffice;  ///< if it may be ended
         std::function<void()> endRun;     ///< when the call waits for as long again
@@ -28,10 +27,10 @@ class CallLimit {
     ~CallLimit();
 
     [[nodiscard]] Duration longest() const { return longest_; }
-    /// Returns true after a call has taken longer. The office takes no further calls then.
+    /// Returns true after a call has exceeded the limit. No further calls are made to the office.
     [[nodiscard]] bool isExceeded() const { return isExceeded_; }
 
-    /// The time of one call. The limit may be null.
+    /// Measures the duration of one call. The limit may be null.
     class Call {
       public:
         explicit Call(CallLimit* limit);

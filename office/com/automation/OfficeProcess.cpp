@@ -15,8 +15,8 @@ namespace mergeloom::com {
 
 namespace {
 
-/// Returns the command that starts the office's program, from the registry's part for programs of 64 or of 32
-/// bits; empty if there is none.
+/// Returns the command that starts the office's program, from the part of the registry for programs of 64 or
+/// 32 bits; empty if there is none.
 std::wstring startCommand(const CLSID& office, REGSAM bits) {
     std::array<wchar_t, 64> identifier{};
     ::StringFromGUID2(office, identifier.data(), static_cast<int>(identifier.size()));
@@ -111,11 +111,18 @@ void OfficeProcess::tieToThisProcess() {
 }
 
 void OfficeProcess::end() {
+    const std::lock_guard guard(mutex_);
     if (process_ && !showsDocuments(number_)) wasEnded_ = ::TerminateProcess(process_.get(), 1) != 0;
-    release();
+    closeJob();
 }
 
 void OfficeProcess::release() {
+    const std::lock_guard guard(mutex_);
+    closeJob();
+}
+
+/// Removes the limit of the job before it is closed, so that the office is not ended with it.
+void OfficeProcess::closeJob() {
     if (!job_) return;
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION none{};
     ::SetInformationJobObject(job_.get(), JobObjectExtendedLimitInformation, &none, sizeof none);

@@ -4,20 +4,21 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string>
 
 namespace mergeloom::com {
 
-/// The process of an office that is started here. Until it is released, it ends with this process, however
-/// that ends.
+/// The process of an office that is started here. It ends together with this process, also if that is killed,
+/// unless release() is called before.
 class OfficeProcess {
   public:
-    /// Takes the class of the office before it is started.
+    /// Must be called before the office of the class is started.
     explicit OfficeProcess(const CLSID& office);
 
-    /// Finds the process after the start. It stays unknown when several have started, as when the user starts
-    /// the same office in the same second, and when the office belongs to a process that was there before.
+    /// Finds the process after the start. It remains unknown if several have started, for example one by the
+    /// user, or if a process that existed before provides the office.
     void find();
 
     /// Ends the process by force, unless it is unknown or the user works in it.
@@ -37,12 +38,14 @@ class OfficeProcess {
     using Handle = std::unique_ptr<void, CloseHandle>;
 
     void tieToThisProcess();
+    void closeJob();
 
     std::string program_;
     std::set<DWORD> before_;
     DWORD number_ = 0;
     Handle process_;
-    Handle job_;
+    std::mutex mutex_;  ///< end() and release() may be called by two threads at a time
+    Handle job_;        ///< guarded by the mutex
     std::atomic<bool> wasEnded_ = false;
 };
 

@@ -16,9 +16,9 @@ struct SheetArea {
     excel::CellArea area;
 };
 
-/// The state that the objects of one running Excel share: its application, and what is known without a call.
-/// Nobody else works in a hidden Excel: its active cell is the one that was set here last, and no cells are
-/// merged meanwhile.
+/// The shared state of the objects of one running Excel: its application, and values that need no further
+/// call. They remain valid because only this program uses a hidden Excel: the active cell is the last one
+/// that was set here, and no other cells are merged.
 class ComExcelModel {
   public:
     explicit ComExcelModel(AutomationObject application) : application_(std::move(application)) {}
@@ -28,7 +28,7 @@ class ComExcelModel {
     [[nodiscard]] const AutomationObject& application() const { return application_; }
     [[nodiscard]] const SessionPtr& session() const { return application_.session(); }
 
-    /// Returns Excel's range of an area, which is kept for the areas that were used last.
+    /// Returns Excel's range of an area. The ranges of the most recent areas are kept.
     AutomationObject rangeOf(const SheetArea& area);
     /// Returns the merged cells that a cell belongs to, or the cell. Raises kApplicationDefined for a cell
     /// outside of the sheet.

@@ -15,7 +15,7 @@ namespace {
 using Node = pugi::xml_node;
 using Nodes = std::vector<Node>;
 
-/// Content that no office shows, or that it computes anew.
+/// Returns true for content that an office does not show, or computes again.
 bool isHidden(Node node) {
     static const std::vector<std::string> kHidden{"mc:Fallback", "w:del",   "w:moveFrom",
                                                   "w:fldSimple", "w:sdtPr", "w:sdt"};
@@ -24,7 +24,7 @@ bool isHidden(Node node) {
     return false;
 }
 
-/// The elements of a name that are shown.
+/// Returns the elements of a name that are shown.
 Nodes shown(
     Node root, const std::string& name, const std::function<bool(Node)>& is = [](Node) { return true; }) {
     Nodes found;
@@ -59,7 +59,7 @@ bool changeLetter(Node text) {
     return true;
 }
 
-/// Runs in the result of a field are made anew by the office.
+/// Returns true for a run in the result of a field, which the office computes again.
 bool isInField(Node run) {
     for (Node each = run.previous_sibling(); each; each = each.previous_sibling()) {
         const std::string type = each.child("w:fldChar").attribute("w:fldCharType").value();
@@ -104,7 +104,7 @@ bool losePlace(Node root, std::mt19937& chance) {
     return start.parent().remove_child(start);
 }
 
-/// Moves the start of a place behind the first run in it, or in front of the run before it.
+/// Moves the start of a place after the first run in it, or before the run that precedes it.
 bool shiftPlace(Node root, std::mt19937& chance) {
     Nodes starts = places(root);
     std::ranges::shuffle(starts, chance);
@@ -117,7 +117,7 @@ bool shiftPlace(Node root, std::mt19937& chance) {
     return false;
 }
 
-/// Takes the bold face from a run, or gives it to one where none has it.
+/// Removes bold from a run, or makes one bold if none is.
 bool changeBold(Node root, std::mt19937& chance) {
     const Nodes texts = shown(root, "w:t", isShownText);
     Nodes bold;
@@ -154,7 +154,7 @@ bool plantInDocument(Node root, const std::string& fault, std::mt19937& chance) 
     return loseParagraph(root, chance);
 }
 
-/// Adds a line to what the reference of a name begins with: "Data!$B$2" becomes "Data!$B$12".
+/// Changes the row of the first cell of a name: "Data!$B$2" becomes "Data!$B$12".
 bool shiftName(Node name) {
     std::string formula = name.text().get();
     const std::size_t at = formula.find('$', formula.find('$') + 1);
@@ -193,7 +193,7 @@ bool plantInNames(Node root, const std::string& fault, std::mt19937& chance) {
     return fault == "place lost" ? name.parent().remove_child(name) : shiftName(name);
 }
 
-/// The parts in which a fault can be planted.
+/// Returns the parts in which a fault can be planted.
 std::vector<std::string> partsFor(const opc::Package& package, DocumentKind kind, const std::string& fault) {
     if (kind == DocumentKind::Word || fault.starts_with("place")) return {package.mainPart()};
     std::vector<std::string> sheets;

@@ -65,7 +65,7 @@ std::string quoted(const std::string& text) {
     return result + "\"";
 }
 
-/// The graft of the window, which keeps what it was given last.
+/// The graft of the window, with access to its last arguments.
 class RecordingGraft final : public model::PackageGraft {
   public:
     [[nodiscard]] bool covers(DocumentKind kind) const override { return graft_->covers(kind); }
@@ -108,7 +108,7 @@ class NoProgress final : public Progress {
     void advance(std::int64_t, std::int64_t) override {}
 };
 
-/// The structure document of which fields are dropped.
+/// The structure document with the dropped fields.
 class Structure {
   public:
     explicit Structure(const std::string& xml) {
@@ -203,7 +203,7 @@ class Saver {
             std::cout << ", \"same\": false, \"why\": " << quoted(error.description());
         }
     }
-    /// Puts the fields at the ends of paragraphs all over the text, the word into the first one.
+    /// Drops the fields at the ends of paragraphs in all of the text, and types the word in the first one.
     void editText(word::Application& word, const word::DocumentPtr& document) {
         for (int field = 0; field <= kFields; ++field) {
             office_->connection().call([&] { goTo(*document, field); });
@@ -234,8 +234,8 @@ class Saver {
         const std::size_t at = paragraphs.size() * static_cast<std::size_t>(field) / (kFields + 1);
         view->getViewCursor()->gotoRange(paragraphs[at]->getEnd(), false);
     }
-    /// Puts the word, the fields and the table below what the active sheet has, a field also into the used
-    /// area.
+    /// Inserts the word, the fields and the table below the used area of the active sheet, and one field in
+    /// it.
     void editBook(excel::Application& application, const excel::WorkbookPtr& book) {
         const excel::WorksheetPtr sheet = application.ActiveCell()->Worksheet();
         const int end = office_->connection().call([&] { return usedRows(*book, sheet->Name()); });
@@ -273,7 +273,7 @@ class Saver {
                   << ", \"entries\": " << (kept ? kept->all : 0);
         if (faults_ > 0) plant(disk_.read(path_));
     }
-    /// Leaves the exports of a save that was refused beside its file.
+    /// Writes the exports of a refused save to the folder of its file.
     void keepCase(const std::string& edited) {
         keep("baseline", graft_.baseline);
         keep("grafted", graft_.repeated);
