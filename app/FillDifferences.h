@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// The names that a template is compared by, apart from the records.
+/// The names for the comparison of a template with its data.
 struct TemplateNaming {
     const std::string& object;                  ///< the text of the object whose records fill the template
     const std::vector<std::string>& unknown;    ///< places that no control of the object makes

@@ -16,7 +16,8 @@ struct Conventions {
     bool isCurrencySpaced = false;  ///< a blank separates the sign and the number
 };
 
-/// Returns the conventions of the process's locale, on Windows of the user. The C locale has none.
+/// Returns the conventions of the process's locale, on Windows those of the user; no formats for the C
+/// locale.
 Conventions conventionsOfLocale();
 
 }  // namespace mergeloom::describe

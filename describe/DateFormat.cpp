@@ -62,7 +62,7 @@ int weekOfYear(const std::tm& date) {
     return (day + weekdayOfFirst) / kDaysOfWeek + 1;
 }
 
-/// Returns the format of a long date, which the locale does not have, with the order and the point of its
+/// Returns a format of long dates for a locale without one, with the order and the point of the locale's
 /// date.
 const char* longDateLike(const std::string& date) {
     if (date.starts_with("%m") || date.starts_with("%D")) return kLongDateMonthFirst;
@@ -172,7 +172,7 @@ std::string withLowerLetters(std::string_view format) {
     return lower;
 }
 
-/// Returns the format in letters for one of the names.
+/// Returns the format in letters for a named format.
 std::string dateLetters(std::string_view name) {
     constexpr std::array kNamed{Token{"short date", "ddddd"},        Token{"medium date", "dd-mmm-yy"},
                                 Token{"long date", "dddddd"},        Token{"short time", "hh:nn"},
@@ -194,7 +194,7 @@ std::string shownDay(const IsoDate& date, const Conventions& conventions) {
     return conventions.date.empty() ? date.date : formattedTm(date.fields, conventions.date);
 }
 
-/// A date without a time is at midnight.
+/// Returns the time of a date, which is midnight if it has none.
 std::string shownTime(const IsoDate& date, const Conventions& conventions) {
     if (!conventions.time.empty()) return formattedTm(date.fields, conventions.time);
     return date.time.empty() ? formattedTm(date.fields, "%H:%M:%S") : date.time;

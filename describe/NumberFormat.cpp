@@ -20,7 +20,7 @@ constexpr int kUsualDecimals = 2;
 
 enum NumberSection : std::size_t { kPositive, kNegative, kZero, kNull };
 
-/// A number with an optional sign as its digits, without leading zeros, and the place of its decimal point.
+/// The digits of a number without leading zeros, the position of its decimal point, and its sign.
 struct Digits {
     explicit Digits(std::string_view number) {
         isNegative = number.starts_with('-');
@@ -152,8 +152,7 @@ class SectionWriter {
         if (token.isOneOf("0#")) isAfterPoint_ ? writeDecimal() : writeWhole();
     }
 
-    /// Writes the digit of a placeholder before the point; that of the first one has all that are before it,
-    /// too.
+    /// Writes the digit of a placeholder before the point; for the first one also all digits before it.
     void writeWhole() {
         const std::size_t right = places_.whole - ++writtenWhole_;
         const std::size_t end = whole_.size() - std::min(right, whole_.size());
@@ -213,7 +212,7 @@ std::string withCurrency(const std::string& number, const std::string& sign, con
                                        : number + quotedLiteral(blank + sign);
 }
 
-/// Returns the format in signs for one of the names.
+/// Returns the format in signs for a named format.
 std::string numberSigns(std::string_view name, std::optional<int> decimals, const Conventions& conventions) {
     const auto places = static_cast<std::size_t>(std::max(decimals.value_or(kUsualDecimals), 0));
     const std::string fraction = places == 0 ? "" : "." + std::string(places, '0');
@@ -228,7 +227,7 @@ std::string numberSigns(std::string_view name, std::optional<int> decimals, cons
     return std::string(name);
 }
 
-/// Returns the digits as they are, without zeros at the end.
+/// Returns the digits without zeros at the end.
 std::string generalNumber(std::string_view number, const Conventions& conventions) {
     std::string text(number);
     const std::size_t point = text.find('.');

@@ -26,7 +26,7 @@ TablesByName tablesByName(const std::vector<Table>& tables) {
     return byName;
 }
 
-/// Limits the lookups, and keeps the columns that they show, whose formats their values have.
+/// Limits the lookups, and stores the shown columns, whose formats apply to the values.
 void completeLookups(ObjectDesign& object, const TablesByName& tables) {
     std::size_t lookups = 0;
     for (ControlDesign& control : object.controls) {

@@ -51,7 +51,7 @@ std::optional<bool> readBoolean(std::string_view text) {
     return std::nullopt;
 }
 
-/// A format of signs has the texts for true and false in its second and third section.
+/// Writes a truth value. The second and third section of the format have the texts for true and false.
 void writeBoolean(bool value, const std::string& format, ValueText& text) {
     text.shown = value ? "Yes" : "No";
     const std::vector<std::string_view> sections = formatSections(format);
@@ -68,7 +68,7 @@ bool isNumber(ColumnType type) {
     return type == ColumnType::Integer || type == ColumnType::Decimal || type == ColumnType::Real;
 }
 
-/// Returns the text that a format has for no value.
+/// Returns the text of a format for a missing value.
 std::string textOfNull(const Column& column) {
     if (column.format.empty()) return {};
     if (column.type == ColumnType::Text) return formattedText({}, column.format).value_or(std::string());
@@ -122,7 +122,7 @@ void ValueFormat::writeNumber(double number, std::string_view digits, const Colu
     writePoint(text.shown);
 }
 
-/// Returns false if the column has no format that is understood.
+/// Returns false if the format of the column is missing or unknown.
 bool ValueFormat::writeByFormat(std::string_view digits, const Column& column, ValueText& text) const {
     if (column.format.empty() || !isNumber(column.type)) return false;
     std::optional<std::string> shown =

@@ -19,7 +19,7 @@ std::wstring_view afterProgram(std::wstring_view line) {
     return line;
 }
 
-/// Reads one argument after the other.
+/// Reads the arguments of a command line in their order.
 class Reader {
   public:
     explicit Reader(std::wstring_view line) : rest_(line) {}

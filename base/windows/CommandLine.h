@@ -6,8 +6,8 @@
 
 namespace mergeloom::windows {
 
-/// Returns the arguments in a command line after the program's name, as CommandLineToArgvW does. That one
-/// would load the libraries of the desktop, which take a third of the time of a start.
+/// Returns the arguments in a command line after the program's name, like CommandLineToArgvW. This function
+/// would load the libraries of the desktop, which takes a third of the time of a start.
 std::vector<std::string> argumentsOf(std::wstring_view line);
 
 /// Returns a command line without the program's name, which may be in quotes.

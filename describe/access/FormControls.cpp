@@ -27,8 +27,7 @@ enum ObjectKind : int {
 constexpr std::array kSections{FormSection::Detail, FormSection::Header, FormSection::Footer,
                                FormSection::PageHeader, FormSection::PageFooter};
 
-/// The properties by the numbers that their members have in the object model of Access (dispatch
-/// identifiers).
+/// The properties by the dispatch identifiers of their members in the object model of Access.
 enum PropertyCode : int {
     kBoundColumn = 13,
     kCaption = 17,

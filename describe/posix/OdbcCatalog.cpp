@@ -202,8 +202,7 @@ void OdbcCatalog::readColumns() {
     while (list.next()) {
         const auto name = names_.find({list.text(columns::kSchema), list.text(columns::kTable)});
         if (name == names_.end()) continue;
-        // The columns of a table follow each other; searching the table for each takes longer than reading
-        // it.
+        // The columns of a table are consecutive, so the table is searched only once for them.
         if (table == nullptr || table->name != name->second) table = &tableOf(name->second);
         Column column = columnOf(list);
         types_[{name->second, column.name}] = list.number(columns::kType);
@@ -249,7 +248,7 @@ void OdbcCatalog::readForeignKeys(Table& table) {
         KeyRows& key = keyOfRow(rows, list.text(references::kName), referred->second, place);
         key.columns[place] = {list.text(references::kFrom), list.text(references::kColumn)};
     }
-    // Drivers leave open in which order the keys to one table come.
+    // The order of several keys to one table depends on the driver.
     std::ranges::stable_sort(rows, {}, &KeyRows::name);
     for (const KeyRows& key : rows) {
         table.foreignKeys.push_back(foreignKeyOf(key));

@@ -12,8 +12,8 @@ namespace {
 
 /// A statement for the keys of all tables in the current database, by a part of the driver's file name. Its
 /// columns are the schema, the table, the key, its kind (P, U or F), the column, and the schema, table and
-/// column that it refers to. PostgreSQL finds the names of columns fastest one by one, and compiling the
-/// statement would take it longer than running it.
+/// column that it refers to. PostgreSQL finds the names of columns fastest by subqueries, and would compile
+/// the statement for longer than it runs.
 struct KeyStatement {
     std::string_view driver;
     const char* setting;  ///< a statement before it; null if there is none
@@ -61,7 +61,7 @@ void set(const std::shared_ptr<OdbcConnection>& connection, const char* setting)
     try {
         OdbcStatement(connection).execute(setting);
     } catch (const OdbcError&) {
-        // A server that does not know the setting does not need it.
+        // A server without the setting does not need it.
     }
 }
 

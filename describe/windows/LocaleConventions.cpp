@@ -65,7 +65,7 @@ std::string formatOfPicture(std::wstring_view picture) {
 }  // namespace
 
 Conventions conventionsOfLocale() {
-    // The number of the look of an amount of money: the sign before or after it, without and with a blank.
+    // The number of the currency format: the sign before or after the amount, without or with a blank.
     const std::wstring look = localeText(LOCALE_ICURRENCY);
     return {windows::utf8Text(localeText(LOCALE_SDECIMAL)),
             windows::utf8Text(localeText(LOCALE_STHOUSAND)),

@@ -73,7 +73,7 @@ class OwnLinks {
         const std::string type = opc::officeRelationshipType("hyperlink", conformance_);
         return type.substr(0, type.rfind('/'));
     }
-    /// Takes the id of its relationship from a link, and the relationship away unless another link has it.
+    /// Removes the id of its relationship from a link, and the relationship unless another link uses it.
     void releaseTarget(pugi::xml_node node) {
         for (const pugi::xml_attribute attribute : node.attributes()) {
             if (!std::string_view(attribute.name()).ends_with(":id")) continue;

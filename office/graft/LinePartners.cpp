@@ -46,7 +46,7 @@ std::optional<std::vector<Gap>> gapsOf(std::span<const Line> lines, std::span<co
     return gapsBetween(keysOf(lines, keyOf), keysOf(others, keyOf));
 }
 
-/// Gives a line of the original the units of the export's line with the same letters.
+/// Replaces the units of a line of the original by those of the export's line with the same letters.
 void takeUnits(const Line& exported, Line& original) {
     std::vector<Unit> units;
     std::size_t own = 0;

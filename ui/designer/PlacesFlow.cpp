@@ -31,8 +31,8 @@ PlacesFlow::PlacesFlow(const Parts& parts) : parts_(parts) {
     connect(&parts_.document, &HostPane::rested, this, &PlacesFlow::findAtMouse);
     connect(&parts_.document, &HostPane::restEnded, this, [] { QToolTip::hideText(); });
     connect(&session, &DesignerSession::stateChanged, this, &PlacesFlow::showState);
-    // The places are searched again after the user's work in the document, too, when the mouse or the
-    // keyboard returns to the window.
+    // Also searches the places again when the mouse or the keyboard returns to the window after work in the
+    // document.
     for (QWidget* const widget : {&parts_.side, &parts_.tree.tvXML(), &parts_.list.list()})
         widget->installEventFilter(this);
 }

@@ -20,8 +20,8 @@ struct PlaceEntry {
     friend bool operator==(const PlaceEntry&, const PlaceEntry&) = default;
 };
 
-/// The places of the document as rows. An item for each of them would take a tenth of a second for 20,000
-/// places, after each drop.
+/// The places of the document as rows. Items would take a tenth of a second for 20,000 places after each
+/// drop.
 class PlacesModel final : public QAbstractListModel {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ class PlacesModel final : public QAbstractListModel {
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    /// Emits renameRequested for another name. The row keeps the former one until the document has the new
+    /// Emits renameRequested for another name. The row has the former name until the document has the new
     /// one.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;

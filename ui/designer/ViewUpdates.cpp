@@ -50,7 +50,7 @@ void ViewUpdates::updateMarks() {
     if (!marksTimer_.isActive()) marksTimer_.start();
 }
 
-/// Starts the timer when no command runs any more.
+/// Starts the timer as soon as no command is running.
 void ViewUpdates::startAfterCommand(QTimer& timer) {
     worker_.callWhenFree([&timer] {
         if (!timer.isActive()) timer.start();

@@ -15,8 +15,8 @@ class AutomationObject {
     AutomationObject(SessionPtr session, DispatchPtr object, const char* className)
         : session_(std::move(session)), object_(std::move(object)), className_(className) {}
 
-    /// Gets a property, or calls a method that changes nothing. Without arguments, what was read since the
-    /// last change is returned without a call. Errors as for AutomationSession::invoke, here as below.
+    /// Gets a property, or calls a method that changes nothing. Makes no call if the value was read without
+    /// arguments since the last change. All members raise the errors of AutomationSession::invoke.
     Value get(const char* member, const Arguments& arguments = {}) const {
         return session_->invoke(object_, className_, member, CallKind::Read, arguments);
     }

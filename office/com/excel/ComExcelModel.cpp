@@ -8,7 +8,7 @@ namespace mergeloom::com {
 
 namespace {
 
-/// A drop uses a cell, the ones beside and below it, and their areas.
+/// The number of areas that a drop uses: a cell, its neighbors and their merged areas.
 constexpr std::size_t kUsedAreas = 8;
 
 bool isSame(const AutomationObject& a, const AutomationObject& b) {

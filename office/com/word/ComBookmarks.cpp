@@ -9,7 +9,7 @@ namespace {
 
 class ComBookmark final : public word::Bookmark {
   public:
-    /// The name is empty where Word has to be asked for it.
+    /// The name is empty if it has to be read from Word.
     ComBookmark(ComWordModelPtr model, AutomationObject bookmark, std::string name)
         : model_(std::move(model)), bookmark_(std::move(bookmark)), name_(std::move(name)) {}
 

@@ -80,7 +80,7 @@ class ComRange final : public word::Range {
     void Select() override { range_.call("Select"); }
 
   private:
-    /// Copies Word's range for this one alone, since a change moves it.
+    /// Copies a range of Word that is shared, before a change moves it.
     void detach() {
         if (!model_->isShared(range_.reference())) return;
         range_ = range_.object("Range", "Duplicate");

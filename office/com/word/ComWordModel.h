@@ -22,8 +22,7 @@ class ComWordModel {
 
     void set(const word::Range& range, const DispatchPtr& reference);
     void remove(const word::Range& range);
-    /// Returns true if several ranges of the model have this one of Word's, as when it was read once for
-    /// them.
+    /// Returns true if several ranges of the model share this range of Word.
     [[nodiscard]] bool isShared(const DispatchPtr& reference) const;
     /// Raises kCommandFailed for a range of another office.
     [[nodiscard]] DispatchPtr referenceOf(const word::Range& range) const;

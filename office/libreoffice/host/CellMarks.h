@@ -13,9 +13,9 @@ namespace mergeloom::libreoffice {
 /// called within a call of the connection.
 class CellMarks {
   public:
-    /// The sink is called, by another thread, too, when the cells may have moved after an update: the office
-    /// painted something, or did not find all of them in the time of an update. The look is that of the
-    /// desktop. The window system and the connection must outlive it.
+    /// The sink is called, also by another thread, if the cells may have moved after an update or if the
+    /// update did not find all of them. The look is that of the desktop. The window system and the connection
+    /// must outlive it.
     CellMarks(OfficeConnection& connection, const WindowSystem& windows, const HostLook& look,
               std::function<void()> haveMoved);
 

@@ -19,7 +19,7 @@ namespace {
 using Area = css::table::CellRangeAddress;
 using rtl::OUString;
 
-/// The time of a call, for which a command of the user may have to wait.
+/// The maximum duration of a call, since commands of the user may have to wait for it.
 constexpr std::chrono::milliseconds kTimeOfCall{15};
 
 const Area kNoCells(0, 0, 0, -1, -1);
@@ -93,7 +93,7 @@ void NamedAreas::watch(const DocumentReference& workbook) {
     workbook_ = workbook;
 }
 
-/// Forgets the names that are gone. Puts the new ones to the end of the list, from which names are read.
+/// Removes the names that no longer exist. Appends the new ones to the list, whose end is read first.
 void NamedAreas::listNames() {
     Areas former = std::exchange(areas_, {});
     std::vector<OUString> added;

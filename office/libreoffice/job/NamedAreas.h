@@ -15,8 +15,8 @@ namespace mergeloom::libreoffice {
 
 class DocumentChanges;
 
-/// The areas of the named cells of a workbook. They are read anew only after the workbook was changed: each
-/// name takes Calc some microseconds. Must run inside the office. Members raise UNO's exceptions.
+/// The areas of the named cells of a workbook. They are read again only after a change of the workbook, since
+/// Calc takes some microseconds for each name. Must run inside the office. Members raise UNO's exceptions.
 class NamedAreas {
   public:
     NamedAreas();

@@ -20,7 +20,7 @@ inline constexpr const char* kInsideDocument = "document";  ///< returns the doc
 /// encrypted or the password is wrong.
 inline constexpr const char* kInsideDecrypt = "decrypt";
 inline constexpr const char* kInsideEncrypt = "encrypt";
-/// A request with a workbook, whose result is what NamedCells holds: the rectangles, and a truth value.
+/// A request with a workbook. Its result has the rectangles of NamedCells and a truth value.
 inline constexpr const char* kInsideNamedCells = "namedCells";
 
 /// The frames of the named cells of a workbook.
@@ -52,8 +52,8 @@ class InsideLine {
     std::optional<std::string> decrypted(const std::string& file, const std::string& password);
     /// Returns the encrypted file of a package.
     std::string encrypted(const std::string& package, const std::string& password);
-    /// Returns the rectangles of the named cells that the workbook's window shows. Takes some milliseconds; a
-    /// result that is not complete is continued by the next call.
+    /// Returns the rectangles of the named cells that the workbook's window shows. Takes some milliseconds;
+    /// the next call continues a result that is not complete.
     NamedCells namedCells(const DocumentReference& workbook);
     /// Lets the main thread return to its own work.
     void rest();
