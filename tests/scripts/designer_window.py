@@ -49,7 +49,7 @@ class Screen:
         os.environ["DISPLAY"] = ":" + first_line(display)
         bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = first_line(bus)
-        self.start(["openbox"])
+        self.window_manager = self.start(["openbox"]).pid
 
     def start(self, command):
         self.processes.append(
@@ -61,6 +61,16 @@ class Screen:
         for process in reversed(self.processes):
             process.terminate()
             process.wait()
+
+
+@contextmanager
+def stopped(process):
+    """Lets a process do nothing in the body, like one that is busy for a long time."""
+    os.kill(process, signal.SIGSTOP)
+    try:
+        yield
+    finally:
+        os.kill(process, signal.SIGCONT)
 
 
 def xdotool(*arguments):
@@ -305,8 +315,18 @@ class Designer:
         box = cells[0].get_extents(Atspi.CoordType.SCREEN)
         return box.x + min(40, box.width // 2), box.y + box.height // 2
 
-    def expand(self, text):
+    def select(self, text):
+        """Clicks a node and waits until it is selected and the tree has the focus. Keys that follow at once would
+        overtake the click, which goes through the window manager."""
+        def is_selected():
+            return any(cell.get_state_set().contains(Atspi.StateType.SELECTED) and has_focus(cell.get_parent())
+                       for cell in find(self.application, "table cell", text))
         click(self.node(text))
+        wait_for(f"{text} as the selected node", is_selected)
+        self.wait_until_active()
+
+    def expand(self, text):
+        self.select(text)
         key("Right")
 
     def document_box(self):
@@ -346,15 +366,8 @@ class Designer:
         return next(int(pid) for pid, _, args in rows
                     if "soffice.bin" in args and str(self.process.pid) in self.ancestors(pid, rows))
 
-    @contextmanager
     def stopped_office(self):
-        """The office does nothing in the body, as one that is busy for long."""
-        office = self.office_process()
-        os.kill(office, signal.SIGSTOP)
-        try:
-            yield
-        finally:
-            os.kill(office, signal.SIGCONT)
+        return stopped(self.office_process())
 
     @staticmethod
     def ancestors(pid, rows):

@@ -95,11 +95,10 @@ class Session(DesignerTest):
 
     def drop_found(self, node, by_mouse, chooses_fields=False):
         """Drops a node that the tree shows once."""
-        place = self.designer.node(node)
         if by_mouse:
-            drag(place, self.next_place())
+            drag(self.designer.node(node), self.next_place())
         else:
-            click(place)
+            self.designer.select(node)
             key("Insert")
         if chooses_fields:
             self.designer.press("Insert", self.designer.dialog("Select Fields"))
@@ -251,8 +250,7 @@ class InWord(Session):
         self.drop_fields("Entry", range(1, SHORT_FORM + 1), "Value")
         self.save_as("again.docx")
         self.search("Optional")
-        click(self.designer.node("Special"))
-        key("Right")
+        self.designer.expand("Special")
         for number in range(SPACES):
             self.drop_found("Optional Space", by_mouse=number % 2)
         self.drop_objects(['Form "Short"', *(f'Table "Table{number}"' for number in range(1, TABLES + 1))])

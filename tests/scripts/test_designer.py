@@ -13,6 +13,7 @@ import unittest
 import docx
 from gi.repository import GLib
 
+import designer_test
 import merge_fields
 import read_docx
 import read_xlsx
@@ -20,7 +21,7 @@ from designer_test import DESIGNER, PROGRAM, ROOT, SAMPLE, DesignerTest, setUpMo
 from designer_window import (
     BUTTON, PATIENCE, SCREEN_HEIGHT, SCREEN_WIDTH, Designer, active_window, click, document_has_keyboard,
     double_click, drag, dragging, find, has_focus, key, middle, move_in_steps, pixels, places_of, point_at,
-    resize_active_window, size_of, type_text, wait_for, window_with_focus, xdotool,
+    resize_active_window, size_of, stopped, type_text, wait_for, window_with_focus, xdotool,
 )
 
 # Of the line that shows where a node would land.
@@ -207,6 +208,18 @@ class InWord(DesignerTest):
         key("ctrl+Return")
         self.wait_for_insertion("Order date")
         self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID", "OrderDate"])
+
+    def test_keys_after_a_click_beside_the_document_do_not_go_there(self):
+        """The window manager, which is told of a click first, may be slower than the keys that follow it."""
+        designer = self.start()
+        self.enter_document()
+        with stopped(designer_test.SCREEN.window_manager):
+            xdotool("mousemove", *designer.node("Customer"), "click", 1, "key", "x", "x", "x")
+            wait_for("the keyboard in the tree", lambda: not document_has_keyboard(), 10)
+        designer.select("Customer")
+        key("Insert")
+        self.wait_for_insertion("Customer")
+        self.assertEqual("".join(read_docx.read_paragraphs(self.save_as("clicked.docx"))).rstrip(), "CustomerID")
 
     def test_a_drag_counts_though_the_office_took_the_keyboard(self):
         """The office may be so slow that it takes the keyboard after the click that begins the drag."""

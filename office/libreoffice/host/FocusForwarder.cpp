@@ -34,6 +34,8 @@ constexpr WindowKey kWindowKeys[] = {
 /// The modifiers that change the meaning of a key; 1 is Alt.
 constexpr std::uint16_t kModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
 
+constexpr std::uint16_t kEveryModifier[] = {XCB_MOD_MASK_ANY};
+
 /// Caps Lock and Num Lock, which do not change it.
 constexpr std::uint16_t kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2};
 
@@ -45,8 +47,8 @@ FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
       keyboard_(static_cast<xcb_window_t>(host.keyboardId)),
       dialogs_(windows_, host_, top_),
       listener_(listener) {
-    grabClicks(host_);
-    if (top_ != host_) grabClicks(top_);
+    grabClicks(host_, kEveryModifier);
+    grabClicksAround();
     findKeys();
     for (const Key& key : keys_)
         if (!key.isForPreview) grab(key);
@@ -56,11 +58,26 @@ FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
 
 /// Makes the X server queue each click, and the keys after it, until follow() releases them. Keys that are
 /// typed right after a click are thus sent to the clicked window, even if this process is slow.
-void FocusForwarder::grabClicks(xcb_window_t window) const {
+void FocusForwarder::grabClicks(xcb_window_t window, std::span<const std::uint16_t> modifiers) const {
     for (const std::uint8_t button : kButtons) {
-        xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,
-                        XCB_GRAB_MODE_SYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, button, XCB_MOD_MASK_ANY);
+        for (const std::uint16_t modifier : modifiers) {
+            xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,
+                            XCB_GRAB_MODE_SYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, button, modifier);
+        }
     }
+}
+
+/// Grabs the clicks beside the document on the window manager's frame. A window manager grabs those on the
+/// window itself, and only one program can do so; it also handles them later than the keys that follow them.
+/// Clicks with Alt on the frame belong to window managers.
+void FocusForwarder::grabClicksAround() {
+    const xcb_window_t frame = windows_.outermostWindow(top_);
+    if (frame == frame_ || frame == host_) return;
+    if (frame_ != XCB_WINDOW_NONE)
+        xcb_ungrab_button(windows_.get(), XCB_BUTTON_INDEX_ANY, frame_, XCB_MOD_MASK_ANY);
+    frame_ = frame;
+    grabClicks(frame_, kLocks);
+    xcb_flush(windows_.get());
 }
 
 void FocusForwarder::findKeys() {
@@ -101,6 +118,10 @@ void FocusForwarder::handle(const xcb_generic_event_t& event) {
     const int kind = event.response_type & kKind;
     if (kind == XCB_BUTTON_PRESS) follow(reinterpret_cast<const xcb_button_press_event_t&>(event));
     dialogs_.handle(event);
+    // DialogOwner requests these events. A window manager makes the frame, also anew after its own restart.
+    if (kind == XCB_REPARENT_NOTIFY &&
+        reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == top_)
+        grabClicksAround();
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
 }
 

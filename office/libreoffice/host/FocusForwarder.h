@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace mergeloom::libreoffice {
@@ -37,7 +38,8 @@ class FocusForwarder {
         bool isForPreview;
     };
 
-    void grabClicks(xcb_window_t window) const;
+    void grabClicks(xcb_window_t window, std::span<const std::uint16_t> modifiers) const;
+    void grabClicksAround();
     void findKeys();
     void grab(const Key& key) const;
     void release(const Key& key) const;
@@ -48,7 +50,8 @@ class FocusForwarder {
     WindowSystem windows_;
     const xcb_window_t host_;
     const xcb_window_t top_;
-    const xcb_window_t keyboard_;  ///< has the keyboard while the office does not
+    xcb_window_t frame_ = XCB_WINDOW_NONE;  ///< of the window manager around top_, or top_ without one
+    const xcb_window_t keyboard_;           ///< has the keyboard while the office does not
     const DialogOwner dialogs_;
     HostListener& listener_;
     std::vector<Key> keys_;  ///< those of the window

@@ -105,6 +105,12 @@ xcb_window_t WindowSystem::topWindow(xcb_window_t window) const {
     return top;
 }
 
+xcb_window_t WindowSystem::outermostWindow(xcb_window_t window) const {
+    for (xcb_window_t parent = window; parent != XCB_WINDOW_NONE; parent = parentOf(window))
+        window = parent;
+    return window;
+}
+
 bool WindowSystem::hasKeyboard(xcb_window_t window) const {
     const auto reply = owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
     xcb_window_t focus = reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};

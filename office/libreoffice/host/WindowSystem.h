@@ -33,6 +33,8 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t screenOf(xcb_window_t window) const;
     /// Returns the top-level window that contains the window.
     [[nodiscard]] xcb_window_t topWindow(xcb_window_t window) const;
+    /// Returns the frame that a window manager has put around the window; without one the window itself.
+    [[nodiscard]] xcb_window_t outermostWindow(xcb_window_t window) const;
     /// Returns the window that contains the window; none for a top-level window.
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
     /// Returns true if keys go to the window or to one inside it.
