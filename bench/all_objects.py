@@ -27,7 +27,7 @@ def write_structure(path, objects):
 
 
 class Database:
-    """A structure document of many forms, the documents of each of them, and a folder for the templates."""
+    """Returns a structure document of many forms, the documents of each of them, and a folder for the templates."""
 
     def __init__(self, program, folder, objects, fields):
         self.program = program
@@ -39,7 +39,7 @@ class Database:
         self.templates.mkdir()
 
     def seconds(self, commands):
-        """The time that the commands take together; they must make a template of each object."""
+        """Returns the total time of the commands. Ends the benchmark unless they make a template of each object."""
         for template in self.templates.iterdir():
             template.unlink()
         begin = time.perf_counter()

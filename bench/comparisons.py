@@ -1,11 +1,12 @@
-"""The tables that benchmarks have in common."""
+"""Prints the tables that several benchmarks share."""
 
 import measuring
 from measuring import milliseconds, with_range
 
 
 def beside(name, rows, runs, memory_runs=3):
-    """Tables of Mergeloom beside another program: by number of fields ours and theirs, which stand ready."""
+    """Prints the times of Mergeloom beside those of another program, and their ratio. The contenders of both are given
+    by number of fields."""
     times, memory = [], []
     for size, ours, theirs in rows:
         our_timings, their_timings = measuring.take_turns([ours, theirs], runs)
@@ -20,7 +21,7 @@ def beside(name, rows, runs, memory_runs=3):
 
 
 def growth(title, rows, runs):
-    """A table of how the time grows with the job: by name a contender and one that does the double."""
+    """Prints the growth of the time with the job. Each name has two contenders, the second with twice the work."""
     cells = []
     for name, single, double in rows:
         once, twice = measuring.take_turns([single, double], runs)
@@ -31,7 +32,7 @@ def growth(title, rows, runs):
 
 
 def small_runs(rows, runs):
-    """A table of runs that are mostly the program's start: by name a contender."""
+    """Prints the times of runs that consist mostly of the program's start. Each name has one contender."""
     names, contenders = zip(*rows)
     timings = measuring.take_turns(contenders, 10 * runs)
     cells = [[name, milliseconds(own), milliseconds(own, "processor"), f"{contender.peak_memory():.1f}"]
@@ -40,7 +41,7 @@ def small_runs(rows, runs):
 
 
 def within(title, name, ours, least, runs):
-    """A table of Mergeloom beside a program that does only what no program can do without."""
+    """Prints the times of Mergeloom beside those of a program that does only the work that no program can avoid."""
     our_timings, its_timings = measuring.take_turns([ours, least], runs)
     cells = [milliseconds(our_timings), milliseconds(its_timings),
              with_range(measuring.ratios(our_timings, its_timings), 2),

@@ -38,7 +38,7 @@ with open(sys.argv[2], "w", encoding="utf-8") as file:
 
 
 def make_tables(path, count):
-    """Tables of seven columns, each of which refers to the one before it."""
+    """Writes tables of seven columns, each of which refers to the table before it, to a database of SQLite."""
     with sqlite3.connect(path) as connection:
         for number in range(count):
             connection.execute(f"CREATE TABLE t{number} (id INTEGER PRIMARY KEY, a TEXT, b INTEGER, c DATE, d TEXT, "
@@ -46,7 +46,7 @@ def make_tables(path, count):
 
 
 def make_access_tables(path, count):
-    """The same in a file of Access."""
+    """Writes the same tables to a file of Access."""
     file = AccessFile()
     for number in range(count):
         file.add_table(f"t{number}", [Column("id", LONG), Column("a", TEXT), Column("b", LONG), Column("c", DATE),
@@ -56,7 +56,7 @@ def make_access_tables(path, count):
 
 
 def make_server_tables(server, count):
-    """The same in a server."""
+    """Makes the same tables in a database of a server."""
     server.execute("\n".join(
         f"CREATE TABLE t{number} (id INTEGER PRIMARY KEY, a VARCHAR(50), b INTEGER, c DATE, d VARCHAR(50), "
         f"e DOUBLE PRECISION, before_it INTEGER, FOREIGN KEY (before_it) REFERENCES t{max(0, number - 1)} (id));"
@@ -64,7 +64,7 @@ def make_server_tables(server, count):
 
 
 def make_records(path, count):
-    """Orders of ten columns with two lines each."""
+    """Writes orders of ten columns with two lines each to a database of SQLite."""
     with sqlite3.connect(path) as connection:
         connection.execute("CREATE TABLE orders (number INTEGER PRIMARY KEY, customer TEXT, ordered DATE, paid BOOLEAN, "
                            "freight DECIMAL(8, 2), a TEXT, b TEXT, c TEXT, d INTEGER, e REAL)")
@@ -78,7 +78,7 @@ def make_records(path, count):
 
 
 def make_access_records(path, count):
-    """The same in a file of Access."""
+    """Writes the same orders to a file of Access."""
     file = AccessFile()
     file.add_table("orders", [Column("number", LONG), Column("customer", TEXT), Column("ordered", DATE),
                               Column("paid", BOOLEAN), Column("freight", MONEY), Column("a", TEXT), Column("b", TEXT),
@@ -94,7 +94,7 @@ def make_access_records(path, count):
 
 
 def measure(command, runs):
-    """The seconds of wall time and of the processor, and the peak memory in MB: the medians of the runs."""
+    """Returns the medians of the wall time and the processor time in seconds and of the peak memory in MB."""
     rounds = []
     for _ in range(runs):
         told = subprocess.run(["/usr/bin/time", "-f", "%e %U %S %M", *map(str, command)], capture_output=True, text=True,
@@ -109,7 +109,7 @@ def show(title, figures):
 
 
 def measure_server(kind, options, target):
-    """The structure of the tables of a server; a connection before warms up the server."""
+    """Measures the structure of the tables of a server. A connection before the measurement warms up the server."""
     try:
         server = kind()
     except NotThere as reason:

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Measures what a user of the designer waits for, on a screen of its own: the window, the hosted document beside
-LibreOffice's own start to the same document, the drop of a field and that of a form of 30 controls, and the preview of
-the letter with them. About 200 paragraphs are a letter of ten pages.
+"""Measures the times for which a user of the designer waits, on a screen of its own: the start of the window, the
+hosted document beside LibreOffice's own start with the same document, the drop of a field and that of a form of 30
+controls, and the preview of the letter with them.
 
-Without a size the document is a new one; with one it is a template of so many paragraphs and up to 1,000 bookmarks, and the
-drops go to its middle.
+About 200 paragraphs are a letter of ten pages. Without a size the document is a new one; with one it is a template of
+so many paragraphs and up to 1,000 bookmarks, and the nodes are dropped in its middle.
 """
 
 import argparse
@@ -45,19 +45,19 @@ def is_seen(*search):
 
 
 def wait_for_window(*search):
-    """xdotool's own waiting looks twice a second only."""
+    """Waits for a window that xdotool finds. xdotool itself would check only twice a second."""
     while not is_seen(*search):
         time.sleep(0.005)
 
 
 def fresh_copy(opened, folder):
-    """A copy for one run: an office that is killed leaves a lock beside its file, and the designer makes a document
-    of a template."""
+    """Returns a copy for one run: a killed office leaves a lock beside its file, and the designer makes a new document
+    from a template."""
     return shutil.copy(opened, tempfile.mkdtemp(dir=folder)) if opened else None
 
 
 def office_start(folder, opened):
-    """LibreOffice's own start with a fresh profile to a document in a window."""
+    """Returns the seconds in which LibreOffice starts with a new profile and shows a document in a window."""
     title = f"^{opened.stem}" if opened else "^Untitled 1"
     while is_seen("--name", title):
         time.sleep(0.1)  # the one before is not gone yet
@@ -76,13 +76,13 @@ def office_start(folder, opened):
 
 
 def processor_time(pid):
-    """The user's and the system's part, in ticks."""
+    """Returns the processor time of a process in ticks."""
     fields = pathlib.Path(f"/proc/{pid}/stat").read_text(encoding="ascii").rsplit(")", 1)[1].split()
     return int(fields[11]) + int(fields[12])
 
 
 def wait_until_idle(pid):
-    """Returns after a second in which the process did next to nothing."""
+    """Returns after a second in which the process used almost no processor time."""
     before, now = -1000, processor_time(pid)
     while now - before > 5:
         time.sleep(1)
@@ -90,7 +90,7 @@ def wait_until_idle(pid):
 
 
 def go_to_middle(designer):
-    """Puts the caret after the text in the middle, by the search of the office, when all pages are laid out."""
+    """Moves the caret after the text in the middle by the search of the office, after the layout of all pages."""
     office = designer.office_process()
     wait_until_idle(office)
     click(designer.document())
@@ -104,8 +104,9 @@ def go_to_middle(designer):
 
 
 def insertion(designer, node):
-    """The seconds from the key that inserts the selected node until the window says so; the key takes its own 30
-    milliseconds. Looking for the line that says it would take as long as the drop, so it is found before."""
+    """Returns the seconds from the key that inserts the selected node until the status line names the node. The key
+    itself takes 30 milliseconds of them. The status line is found before, since the search for it takes as long as a
+    drop."""
     click(designer.node(node))
     time.sleep(0.5)
     bar = find(designer.application, "status bar")[0]
@@ -131,7 +132,8 @@ def preview_step(designer, keys, status):
 
 
 def document_with_options(folder):
-    """Returns a structure document with two records. It names folders, since the window warns of one without."""
+    """Returns a structure document with two records. It names folders, since the window shows a warning without
+    them."""
     path = pathlib.Path(structure(folder, CONTROLS))
     options = '<Options><FileLocations DocumentsFolder="" TemplatesFolder=""/></Options>'
     text = path.read_text(encoding="utf-8").replace("<Structure>", options + "<Structure>")
@@ -143,7 +145,7 @@ def document_with_options(folder):
 
 
 def designer_run(program, document, opened):
-    """The seconds until the window and the document are there, and those that two drops take."""
+    """Returns the seconds until the window and the document are shown, and those of two drops."""
     begin = time.perf_counter()
     switches = ["-template", opened] if opened else []
     designer = Designer(program, ["-xmlfile", document, *switches], wait=False)

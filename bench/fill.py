@@ -67,7 +67,7 @@ for number in range(count):
 
 
 def write_records(folder, count, lines):
-    """A structure document with so many orders of so many lines."""
+    """Writes a structure document with the given numbers of orders and of lines in each order."""
     text = SAMPLE.read_text(encoding="utf-8")
     record = ElementTree.parse(SAMPLE).getroot().find("Data/Records/Record")
     rows = record.find("Control[@Name='OrderLines']/Records")
@@ -86,7 +86,7 @@ def write_records(folder, count, lines):
 
 
 def measure(command, runs, folder):
-    """The processor seconds of a command and its peak memory in MB: the medians of its runs."""
+    """Returns the medians of the processor time of a command in seconds and of its peak memory in MB."""
     seconds, memory = [], []
     for _ in range(runs):
         shutil.rmtree(folder, ignore_errors=True)
@@ -146,7 +146,7 @@ class TaggedTemplate:
 
 
 class Benchmark:
-    """The runs of one call: the program, a folder for all that they write, and the number of records."""
+    """Runs of one call, with the program, a folder for all files that they write, and the number of records."""
 
     def __init__(self, options, folder):
         self.program = str(pathlib.Path(options.program).resolve())

@@ -1,4 +1,4 @@
-"""What the benchmarks feed the programs with. The same call makes the same input."""
+"""Makes the input of the benchmarks. The same call makes the same input."""
 
 import pathlib
 import random
@@ -16,7 +16,7 @@ WORDS = ("order", "customer", "delivery", "invoice", "address", "amount", "harbo
 
 
 def structure(folder, count, *options):
-    """The path of a structure document with so many fields; it is made once in a folder."""
+    """Returns the path of a structure document with a number of fields. It is made once per folder."""
     path = pathlib.Path(folder) / ("fields" + str(count) + "".join(options) + ".xml")
     if not path.exists():
         make("tools/make_structure_document.py", str(count), path, *options)
@@ -44,7 +44,7 @@ WORDPROCESSING = "http://schemas.openxmlformats.org/wordprocessingml/2006/main"
 
 
 def marked_paragraph(chance, numbers):
-    """A paragraph of 20 words and of a bookmark for each number, over a word of its own."""
+    """Returns a paragraph of 20 words after a word with a bookmark for each number."""
     marked = "".join(f'<w:bookmarkStart w:id="{number}" w:name="place{number}"/><w:r><w:t>place{number}</w:t></w:r>'
                      f'<w:bookmarkEnd w:id="{number}"/><w:r><w:t xml:space="preserve"> </w:t></w:r>'
                      for number in numbers)
@@ -52,7 +52,8 @@ def marked_paragraph(chance, numbers):
 
 
 def template(folder, paragraphs, bookmarks, middle):
-    """The path of a template with so many paragraphs and bookmarks; the text "middle" is a paragraph halfway."""
+    """Returns the path of a template with these numbers of paragraphs and bookmarks. The paragraph in the middle is
+    "middle"."""
     chance = random.Random(1)
     body = [marked_paragraph(chance, range(index * bookmarks // paragraphs, (index + 1) * bookmarks // paragraphs))
             for index in range(paragraphs)]
@@ -71,7 +72,7 @@ def png_chunk(kind, data):
 
 
 def noise_picture(chance):
-    """A picture of random pixels as PNG, which does not compress."""
+    """Returns a picture of random pixels as PNG, which cannot be compressed."""
     rows = b"".join(b"\0" + chance.randbytes(3 * PICTURE_SIDE) for _ in range(PICTURE_SIDE))
     header = struct.pack(">IIBBBBB", PICTURE_SIDE, PICTURE_SIDE, 8, 2, 0, 0, 0)
     return (b"\x89PNG\r\n\x1a\n" + png_chunk(b"IHDR", header) + png_chunk(b"IDAT", zlib.compress(rows, 1)) +

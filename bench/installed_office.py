@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
-"""Measures mappings by an installed LibreOffice: by whole runs, its start and end among them.
-
-Parts: word, excel (forms of one to 2,000 labelled fields).
+"""Measures mappings by an installed LibreOffice as whole runs, including its start and end. Parts: word, excel (forms
+of one to 2,000 labelled fields).
 """
 
 import argparse
@@ -37,7 +36,7 @@ class Mappings:
 
 
 def measure(program, part, runs):
-    """Fields beyond the first over the time beyond that of one field: what a field costs."""
+    """Prints the times, and the number of further fields per second, which is the cost of a field without the start."""
     with tempfile.TemporaryDirectory() as folder:
         mappings = Mappings(program, folder, part)
         sizes = (1, *SIZES)

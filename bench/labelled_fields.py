@@ -4,7 +4,7 @@ import xml.etree.ElementTree as ElementTree
 
 
 def labelled_fields(structure_file):
-    """Caption and name of each control of the first form."""
+    """Returns the caption and the name of each control of the first form."""
     form = ElementTree.parse(structure_file).getroot().find("Structure/Form")
     for control in form.iter("Control"):
         name = control.get("Name")

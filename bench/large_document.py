@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Measures putting 1,000 fields into a document of about 10 MB with pictures, beside the work that no editing of
-it can do without (rewrite_body.cpp, built with -DMERGELOOM_BENCH=ON)."""
+"""Measures the insertion of 1,000 fields into a document of about 10 MB with pictures. The comparison is a program that
+does only the work that no editing of the document can avoid (rewrite_body.cpp, built with -DMERGELOOM_BENCH=ON)."""
 
 import argparse
 import pathlib

@@ -23,7 +23,7 @@ WORKBOOK_PART = "xl/workbook.xml"
 
 
 class LargeWorkbook:
-    """A workbook that one of the scripts beside this one writes, and the contenders that put names into it."""
+    """A workbook that another script of this folder writes, and the contenders that add names to it."""
 
     def __init__(self, build, folder, script, fields):
         self.build = build
@@ -46,7 +46,7 @@ class LargeWorkbook:
                             self.fields)
 
     def rewrite_parts(self):
-        """Copies the workbook and packs its main part and the active sheet's anew."""
+        """Copies the workbook and compresses its main part and the part of the active sheet again."""
         target = self.folder / "copied.xlsx"
         parts = ["/" + name for name in (WORKBOOK_PART, self.active_sheet())]
         return self.checked([f"{self.build}/rewrite_parts", str(self.path), str(target), *parts], target, 0)
@@ -58,7 +58,7 @@ class LargeWorkbook:
         return contender
 
     def active_sheet(self):
-        """The entry of the active sheet; xlsxwriter numbers the entries as the sheets stand."""
+        """Returns the entry of the active sheet. xlsxwriter numbers the entries in the order of the sheets."""
         with zipfile.ZipFile(self.path) as archive:
             active = re.search(rb'activeTab="(\d+)"', archive.read(WORKBOOK_PART))
         return f"xl/worksheets/sheet{int(active[1]) + 1 if active else 1}.xml"
@@ -69,7 +69,7 @@ class LargeWorkbook:
         return f"archive {self.path.stat().st_size / 1e6:.1f} MB, active sheet {sheet / 1e6:.1f} MB of XML"
 
     def differing_entries(self, contender):
-        """The entries that a contender wrote otherwise than they were, or anew."""
+        """Returns the entries that a contender changed or added."""
         with zipfile.ZipFile(self.path) as before, zipfile.ZipFile(contender.target) as after:
             checksums = {entry.filename: entry.CRC for entry in before.infolist()}
             return [entry.filename for entry in after.infolist() if checksums.get(entry.filename) != entry.CRC]
@@ -87,7 +87,7 @@ def measure_million(build, folder, runs):
     workbook = LargeWorkbook(build, folder, "make_million_cells.py", 10)
     ours, theirs = workbook.mergeloom(), workbook.openpyxl()
     our_timings = [ours.run() for _ in range(runs)]
-    # One round is enough beside what takes a fraction of it.
+    # One round is enough, since the other program takes many times as long.
     their_timings = [theirs.run()]
     our_memory, their_memory = ours.peak_memory(), theirs.peak_memory(1)
     rows = [["mergeloom", milliseconds(our_timings), milliseconds(our_timings, "processor"), f"{our_memory:.1f}"],

@@ -24,8 +24,8 @@ FIRST_DAY = datetime.date(2020, 1, 1).toordinal() - datetime.date(1899, 12, 30).
 
 
 def new_workbook(path):
-    """A workbook with shared strings, which xlsxwriter's mode of constant memory does not write. In memory its
-    entries bear a fixed date."""
+    """Returns a workbook with shared strings. xlsxwriter's mode of constant memory does not write these. In memory, the
+    entries get a fixed date."""
     workbook = xlsxwriter.Workbook(path, {"in_memory": True})
     workbook.set_properties({"created": datetime.datetime(2020, 1, 1)})
     return workbook

@@ -1,4 +1,4 @@
-"""Runs programs and tells how long they took and how much memory they held."""
+"""Runs programs and measures their time and memory."""
 
 import os
 import pathlib
@@ -10,19 +10,19 @@ import time
 import zipfile
 from dataclasses import dataclass
 
-# What a program prints is no part of the tables.
+# Discards the output of programs, which is not part of the tables.
 SILENT = [(os.POSIX_SPAWN_OPEN, 1, os.devnull, os.O_WRONLY, 0)]
 
 
 @dataclass
 class Contender:
-    """A program that is measured: what it is called with, and the file that it writes."""
+    """A measured program, with its command and the file that it writes."""
 
     command: list
     target: pathlib.Path
 
     def run(self):
-        """The timing of one run from a start without the target; a failure ends the benchmark."""
+        """Returns the times of one run that starts without the target. Ends the benchmark if the run fails."""
         self.target.unlink(missing_ok=True)
         begin = time.perf_counter()
         process = os.posix_spawn(self.command[0], self.command, os.environ, file_actions=SILENT)
@@ -33,9 +33,9 @@ class Contender:
         return Timing(wall, usage.ru_utime + usage.ru_stime)
 
     def peak_memory(self, runs=3):
-        """The peak resident memory of a run in MB, the median of several runs.
+        """Returns the median of the peak resident memory of several runs in MB.
 
-        A process inherits the peak of the one that starts it, so a small program has to start it, not this one.
+        A process inherits the peak of its parent, so a small program starts it instead of this one.
         """
         def run():
             self.target.unlink(missing_ok=True)
@@ -50,7 +50,7 @@ class Contender:
         self.require(expected, "bookmarks", "word/document.xml", b"<w:bookmarkStart")
 
     def require_names(self, expected):
-        """The same for named cells: counts the names, and the texts in brackets that stand in the cells."""
+        """Does the same for named cells. Counts the names, and the texts in brackets in the cells."""
         self.run()
         self.require(expected, "names", "xl/workbook.xml", b"<definedName ")
         self.require(expected, "texts in brackets", "xl/(sharedStrings|worksheets/.*).xml", b">[Field")
@@ -69,19 +69,19 @@ class Timing:
 
 
 def take_turns(contenders, runs):
-    """The timings of each contender, which ran once before. They take turns, so that whatever else the machine
-    does falls on all of them alike."""
+    """Returns the times of each contender, all of which have run once before. The contenders take turns, so that other
+    load of the machine affects all of them."""
     rounds = [[contender.run() for contender in contenders] for _ in range(runs)]
     return [list(timings) for timings in zip(*rounds)]
 
 
 def ratios(timings, others, kind="wall"):
-    """How many times as long the one took as the other, round by round."""
+    """Returns the ratio of the first contender's time to that of the second one in each round."""
     return [getattr(a, kind) / getattr(b, kind) for a, b in zip(timings, others)]
 
 
 def with_range(values, digits=1):
-    """The median, the lowest and the highest."""
+    """Returns the median, the lowest and the highest value."""
     return f"{statistics.median(values):.{digits}f} ({min(values):.{digits}f}–{max(values):.{digits}f})"
 
 

@@ -32,7 +32,7 @@ STRUCTURE = ROOT / "tests" / "scripts" / "saved_fields.xml"
 
 
 def paragraphs_of(path):
-    """The paragraphs of all parts, as they are written."""
+    """Counts the paragraphs of all parts by their XML."""
     found = collections.Counter()
     with zipfile.ZipFile(path) as archive:
         for name in archive.namelist():
@@ -44,7 +44,8 @@ def paragraphs_of(path):
 
 
 def copies_of(files, folder):
-    """Copies of given files, with True for documents with content controls, tracked changes or form fields."""
+    """Yields copies of the given files, with True for documents with content controls, tracked changes or form
+    fields."""
     for number, path in enumerate(files):
         copy = folder / f"{number:04}-{path.name}"
         shutil.copyfile(path, copy)
@@ -57,7 +58,7 @@ def copies_of(files, folder):
 
 
 def save_all(arguments, files):
-    """Yields what the program says about each file; starts it again after a file that ended it."""
+    """Yields the program's result for each file. Starts the program again after a file at which it ended."""
     left = list(files)
     while left:
         with subprocess.Popen([arguments.program, STRUCTURE, str(arguments.faults), *left], stdout=subprocess.PIPE,

@@ -64,7 +64,7 @@ class OwnOffice:
                 return context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
 
     def save(self, path):
-        """The seconds of a save after a change of the text, and those of the processor."""
+        """Returns the wall time and the processor time in seconds of a save after a change of the text."""
         copy = uno.systemPathToFileUrl(str(shutil.copy(path, self.folder / f"own{path.suffix}")))
         document = self.desktop.loadComponentFromURL(copy, "_blank", 0, (PropertyValue("Hidden", 0, True, 0),))
         if path.suffix == ".docx":
@@ -84,7 +84,7 @@ class OwnOffice:
 
 
 def document_of(folder, paragraphs):
-    """A letter by python3-docx, in which LibreOffice's own save would change nearly everything."""
+    """Writes a letter by python3-docx. LibreOffice's own save changes nearly all of it."""
     document = docx.Document()
     document.sections[0].header.paragraphs[0].text = "Harbour Traders"
     chance = inputs.random.Random(1)
@@ -107,7 +107,7 @@ def workbook_of(folder):
 
 
 def offices_of(pid):
-    """The numbers of a process and of the offices below it."""
+    """Returns the numbers of a process and of the offices that it has started."""
     listing = subprocess.run(["ps", "-eo", "pid,ppid,comm"], capture_output=True, text=True, check=True).stdout
     rows = [line.split(None, 2) for line in listing.splitlines()[1:]]
     below = {str(pid)}
@@ -118,7 +118,7 @@ def offices_of(pid):
 
 
 def processor_seconds(pid):
-    """The seconds of the processor that a process and the offices below it have taken so far."""
+    """Returns the processor time in seconds of a process and of the offices that it has started."""
     ticks = 0
     for process in offices_of(pid):
         try:
@@ -129,7 +129,7 @@ def processor_seconds(pid):
 
 
 class Run:
-    """One window with a file of another program."""
+    """A window with a file of another program."""
 
     def __init__(self, program, structure, opened):
         switches = ["-excel"] if str(opened).endswith(".xlsx") else []
@@ -142,7 +142,8 @@ class Run:
         self.fields = iter(range(1, FIELDS + 1))
 
     def wait_for(self, text):
-        """Looking for a question would take the time of the window, so it is done once."""
+        """Waits for a text in the status line. Looks for a question only after the patience, since each look takes
+        processor time of the window."""
         patience = time.monotonic() + PATIENCE
         while text not in self.line.get_name():
             time.sleep(0.005)
@@ -157,7 +158,7 @@ class Run:
         self.wait_for(f"“{name}” was inserted")
 
     def save(self):
-        """The seconds until the window says that it is saved, and those of the processor."""
+        """Returns the seconds until the window reports the save, and the processor time in seconds."""
         def press():
             key("ctrl+s")
             self.wait_for(SAVED)
@@ -166,7 +167,7 @@ class Run:
         return wall, processor_seconds(self.designer.process.pid) - before
 
     def rest(self):
-        """Waits until all that works beside the user is done."""
+        """Waits for the end of all work in the background."""
         before, now = -1.0, processor_seconds(self.designer.process.pid)
         while now - before > IDLE:
             time.sleep(1)

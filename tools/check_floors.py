@@ -10,7 +10,7 @@ import re
 import sys
 from pathlib import Path
 
-# What each floor may include besides itself. The links of the CMake files say the same.
+# The floors that each floor may include besides itself. The links of the CMake files are the same.
 FLOORS = {
     "base": [],
     "xml": ["base"],
@@ -90,7 +90,7 @@ FLOORS = {
     ],
 }
 
-# Where a library may be seen.
+# The floors that may use a library.
 LIBRARIES = {
     "unicode/": ["base"],
     "libxml/": ["xml"],
@@ -106,7 +106,7 @@ LIBRARIES = {
         "session", "readback", "word", "job", "inside", "remote", "excel", "host",
         "module")]
        for library in ("com/sun/star/", "cppu/", "cppuhelper/", "osl/", "rtl/", "sal/", "uno/")},
-    # The XML of one part is a tree of pugixml's, so whoever reads parts sees it.
+    # The XML of one part is a tree of pugixml's, so every reader of parts uses it.
     "pugixml.hpp": [
         "xml", "office/opc", "office/embedded/parts", "office/embedded/text", "office/embedded/word",
         "office/embedded/letters", "office/embedded/sheet", "office/embedded/excel", "office/embedded/books",
@@ -122,7 +122,7 @@ SYSTEMS = {
 # The folders that are built for one system only.
 ONE_SYSTEM = ("office/libreoffice/", "describe/access/", "ui/", "office/com/automation/")
 
-# What a library's names look like, for uses that reach its headers through others.
+# The patterns of the names of a library, for uses that include its headers through other headers.
 LIBRARY_NAMES = {
     "unicode/": r"icu::|u_[a-z]\w*\(|UChar32|UErrorCode",
     "libxml/": r"xml(?:Doc|Node|Attr|Ns)(?:Ptr)?\b|xml(?:Parser|XPath|Free|Read|Error)[A-Z]?\w*",
@@ -143,22 +143,23 @@ LIBRARY_NAMES = {
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
-# What holds no name that is used: comments, preprocessor lines, literals.
+# The texts that contain no used name: comments, preprocessor lines and literals.
 IGNORED = re.compile(
     r'//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|R"(?P<mark>[^(\s]*)\(.*?\)(?P=mark)"|"(?:[^"\\\n]|\\.)*"'
     r"|(?<!\w)'(?:[^'\\\n]|\\.)+'", re.MULTILINE | re.DOTALL)
 
-# A name with its qualifiers that no object stands before; a name in small letters only where it is called or qualified.
+# A name with its qualifiers, unless it is a member of an object. Names in small letters count only if they are called
+# or qualified.
 USE = re.compile(r"(?<![\w.:])(?<!->)(?:\w+(?:::\w+)+|[A-Z]\w*|k[A-Z]\w*|\w+\s*(?=\())")
 
 
 def floor_of(path):
-    """The floor that holds the path (relative to the root), or None."""
+    """Returns the floor of the path, which is relative to the root, or None."""
     return next((floor for floor in FLOORS if path.startswith(floor + "/")), None)
 
 
 def read_sources(root):
-    """Maps each source's path to its text; the tests stand outside the floors but keep to the other rules."""
+    """Maps each source's path to its text. Tests belong to no floor, but the other rules apply to them."""
     folders = {floor.split("/")[0] for floor in FLOORS} | {"tests"}
     files = [file for folder in sorted(folders) for file in sorted((root / folder).rglob("*"))]
     return {
@@ -168,7 +169,7 @@ def read_sources(root):
 
 
 def check_include(path, floor, included, sources):
-    """What is wrong with an include in quotes, or None."""
+    """Returns a complaint about an include in quotes, or None."""
     if included not in sources:
         return f"{path}: \"{included}\" is no source; paths start at the root"
     target = floor_of(included)
@@ -178,7 +179,7 @@ def check_include(path, floor, included, sources):
 
 
 def check_library(path, floor, included):
-    """What is wrong with an include in angle brackets, or None."""
+    """Returns a complaint about an include in angle brackets, or None."""
     for library, floors in LIBRARIES.items():
         if included.startswith(library) and floor not in floors:
             return f"{path}: <{included}> belongs to {', '.join(floors)}"
@@ -186,7 +187,7 @@ def check_library(path, floor, included):
 
 
 def check_system(path, included):
-    """What is wrong with an include of a system's own header, or None."""
+    """Returns a complaint about an include of a system's own header, or None."""
     if path.startswith(ONE_SYSTEM):
         return None
     for system, headers in SYSTEMS.items():
@@ -196,12 +197,12 @@ def check_system(path, included):
 
 
 def code_of(text):
-    """The source without comments, the contents of its literals and its preprocessor lines."""
+    """Returns the source without comments, the contents of its literals and its preprocessor lines."""
     return IGNORED.sub(lambda ignored: "" if ignored[0][0] in "/#" else '""', text)
 
 
 class Declarations:
-    """The names that a source declares in namespaces, each with the namespaces before it, and those namespaces."""
+    """Returns the names that a source declares in namespaces, each with its namespaces, and those namespaces."""
 
     TOKEN = re.compile(
         r"namespace(?:\s+(?P<namespace>[\w:]+))?\s*(?P<opens>\{)|(?P<brace>[{}])"
@@ -225,7 +226,7 @@ class Declarations:
 
 
 def scopes_of(namespaces):
-    """The scopes in which a name is looked up: those namespaces and all around them."""
+    """Returns the scopes in which a name is looked up: the given namespaces and all that contain them."""
     return {""} | {"::".join(parts[:length]) for parts in (name.split("::") for name in namespaces)
                    for length in range(len(parts) + 1)}
 
@@ -240,7 +241,7 @@ def reached_from(path, sources, reached):
 
 
 def check_names(path, floor, sources, declarations):
-    """The complaints about names that the source uses and that its floor may not know."""
+    """Returns the complaints about names that the source uses and that its floor may not know."""
     complaints = []
     known, foreign = set(), {}
     for header in [path, *reached_from(path, sources, set())]:
@@ -264,7 +265,7 @@ def check_names(path, floor, sources, declarations):
 
 
 def check_library_names(path, floor, text):
-    """The complaints about libraries that the source uses and that its floor may not see."""
+    """Returns the complaints about libraries that the source uses and that its floor may not use."""
     code = code_of(text)
     uses = ((library, re.search(r"(?<![\w:])(?:" + names + ")", code)) for library, names in LIBRARY_NAMES.items()
             if floor not in LIBRARIES[library])
@@ -273,7 +274,7 @@ def check_library_names(path, floor, text):
 
 
 def check_file(path, text, sources, declarations):
-    """The complaints about one source."""
+    """Returns the complaints about one source."""
     complaints = []
     if path.endswith(".h") and not re.search(r"^#pragma once$", text, re.MULTILINE):
         complaints.append(f"{path}: has no #pragma once")
@@ -293,7 +294,7 @@ def check_file(path, text, sources, declarations):
 
 
 def find_circle(sources):
-    """The files of one circle of includes in order, or an empty list."""
+    """Returns the files of one circle of includes in their order; an empty list without a circle."""
     includes = {
         path: [quoted for quoted, _ in INCLUDE.findall(text) if quoted in sources]
         for path, text in sources.items()

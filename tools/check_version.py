@@ -2,7 +2,8 @@
 """Checks that the newest heading of CHANGELOG.md and a release's tag on HEAD name the version in CMakeLists.txt.
 
 Usage: check_version.py [ROOT]
-A tag is a release's when it is a "v" and a number. Other tags, and a folder that is no git repository, are passed over.
+
+The tag of a release is "v" followed by a number. Other tags, and a folder that is no git repository, are ignored.
 """
 import re
 import subprocess
@@ -16,7 +17,7 @@ RELEASE_TAG = re.compile(r"v\d.*")
 
 
 def release_tags(root):
-    """Returns the tags of releases on HEAD; none where there is no repository of ROOT's own."""
+    """Returns the tags of releases on HEAD; none if ROOT is not a repository itself."""
     if not (root / ".git").exists():
         return []
     done = subprocess.run(["git", "-C", root, "tag", "--points-at", "HEAD"], capture_output=True, text=True, check=True)

@@ -24,7 +24,7 @@ INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 
 
 class NoBase(Exception):
-    """There is no commit to compare with; the text says why."""
+    """There is no commit for the comparison. The text is the reason."""
 
 
 def run(*command):
@@ -121,7 +121,7 @@ def narrow_to_changes(sources, includes):
 
 
 def fingerprint(files):
-    """Changes when one of the files or the configuration does."""
+    """Returns a hash that changes with any of the files or the configuration."""
     digest = hashlib.sha256()
     for file in [ROOT / ".clang-tidy", *sorted(files)]:
         digest.update(file.read_bytes())
@@ -129,7 +129,7 @@ def fingerprint(files):
 
 
 def lint(source, files):
-    """Returns the complaints about one source; notes a clean one."""
+    """Returns the complaints about one source. Records a source without any."""
     stamp = STAMPS / source.relative_to(ROOT)
     current = fingerprint(files)
     if stamp.exists() and stamp.read_text() == current:
