@@ -7,14 +7,14 @@ import struct
 
 JET3, JET4, ACE14 = 0, 1, 3
 
-# The types of columns, and for those of a fixed size their bytes.
+# The types of columns, and the sizes in bytes of those with a fixed size.
 BOOLEAN, BYTE, SHORT, LONG, MONEY, SINGLE, DOUBLE, DATE, BINARY, TEXT, OLE, MEMO = range(1, 13)
 REPLICATION_ID, NUMERIC, COMPLEX, BIG = 15, 16, 18, 19
 FIXED = {BOOLEAN: 0, BYTE: 1, SHORT: 2, LONG: 4, MONEY: 8, SINGLE: 4, DOUBLE: 8, DATE: 8, REPLICATION_ID: 16, NUMERIC: 17,
          COMPLEX: 4, BIG: 8}
 PACKED = {BYTE: "<B", SHORT: "<h", LONG: "<i", COMPLEX: "<i", BIG: "<q", SINGLE: "<f", DOUBLE: "<d", DATE: "<d"}
 
-# The head of a file is hidden with RC4 and this key.
+# The head of a file is encrypted by RC4 with this key.
 KEY = bytes.fromhex("c7da396b")
 
 
@@ -38,11 +38,11 @@ class Column:
 
 
 class Deleted(tuple):
-    """A row that was deleted, whose bytes are still there."""
+    """A deleted row, whose bytes are still in the file."""
 
 
 class Moved(tuple):
-    """A row that grew and is on another page now, to which its old place leads."""
+    """A row that has grown and is on another page now. Its old place refers to the new one."""
 
 
 IS_DELETED, IS_POINTER = 0x8000, 0x4000
@@ -57,12 +57,12 @@ class AccessFile:
         self.relations = []
         self.definitions = []
         self.forms = []
-        # The catalog's own definition has a place of its own.
+        # The catalog's own definition is on a fixed page.
         self.pages.append(b"")
 
     def add_table(self, name, columns, rows, keys=(), flags=0, captions=None, properties=None):
-        """Each key is a list of numbers of columns; the first one is the primary key. The properties are those of
-        columns, by their names."""
+        """Adds a table. Each key is a list of numbers of columns, and the first key is the primary one. The properties
+        are those of the columns, by their names."""
         page = len(self.pages)
         self.pages.append(b"")
         self._fill_table(page, columns, rows, keys)
@@ -77,18 +77,18 @@ class AccessFile:
             self.relations.append((name, table, referred, number, column, other))
 
     def add_query(self, name, rows, flags=0):
-        """The rows are of attribute, flag, two names and an expression."""
+        """Adds a query. Its rows consist of attribute, flag, two names and an expression."""
         number = -len(self.catalog) - 1
         self.catalog.append((number, name, 5, flags, None))
         self.definitions += [(number, *row) for row in rows]
 
     def add_form(self, name, streams):
-        """The streams of its folder in the storage, by their names."""
+        """Adds a form with the streams of its folder in the storage, by their names."""
         self.catalog.append((-len(self.catalog) - 1, name, -32768, 0, None))
         self.forms.append((name, streams))
 
     def _add_storage(self, flags):
-        """The storage of forms: folders of type 1 and streams of type 2, each with its parent."""
+        """Writes the storage of forms: folders of type 1 and streams of type 2, each with its parent."""
         rows = [(1, 1, "MSysAccessStorage_ROOT", 1, None), (4, 1, "Forms", 1, None)]
         directory = bytes(4)
         for number, (name, streams) in enumerate(self.forms):
@@ -134,7 +134,7 @@ class AccessFile:
         return struct.pack("<B" if self.version == JET3 else "<H", len(text)) + text
 
     def _properties(self, columns):
-        """The properties of columns, a short number or a text each."""
+        """Returns the properties of columns, which are a short number or a text each."""
         if not columns:
             return None
         def text(value):
@@ -176,7 +176,7 @@ class AccessFile:
         self._add_definition(page, self._definition(columns, keys, len(rows), map_page))
 
     def _add_definition(self, page, content):
-        """Keeps a definition on a page, and what does not fit on further ones, each after a head."""
+        """Stores a definition on a page, and the rest of it on further pages, each after a head."""
         size = self.page_size - 8
         pieces = [content[place:place + size] for place in range(8, len(content), size)]
         numbers = [page, *range(len(self.pages), len(self.pages) + len(pieces) - 1)]
@@ -197,7 +197,7 @@ class AccessFile:
         return numbers
 
     def _page_of(self, rows, owner):
-        """A page of rows with their flags."""
+        """Returns a page of rows with their flags."""
         head = struct.pack("<BBHI", 1, 1, 0, owner) + (b"" if self.version == JET3 else bytes(4))
         offsets, place, content = b"", self.page_size, b""
         for row, flags in rows:
@@ -249,7 +249,7 @@ class AccessFile:
         return physical + logical + names
 
     def _row(self, columns, values):
-        """The row's bytes. A value may be packed already."""
+        """Returns the bytes of a row. A value may be packed already."""
         fixed, variable, present = b"", [], 0
         for number, (column, value) in enumerate(zip(columns, values)):
             if value is not None and value is not False:

@@ -10,7 +10,7 @@ DETAIL, HEADER, FOOTER, PAGE_HEADER, PAGE_FOOTER = range(152, 157)
 
 BYTE, SHORT, NUMBER, NAME, TEXT = 2, 3, 4, 10, 12
 
-# The views of a form. Access leaves out the second one.
+# The views of a form, of which Access omits the second one.
 SINGLE, CONTINUOUS, DATASHEET, PIVOT_TABLE, PIVOT_CHART, SPLIT = range(6)
 
 
@@ -40,8 +40,7 @@ class Item:
 
 def control(kind, name, source=None, caption=None, rows=None, widths=None, bound=None, children=(), values=None,
             columns=1):
-    """A control with the label that belongs to it. The values are the kind of its list, and its bound column is counted
-    from 0."""
+    """Returns a control with its label. The values are the kind of its list, and its bound column is counted from 0."""
     properties = [(99, 54, SHORT, b"\x10\0"), text(220, 20, name, NAME), (250, 376, 9, bytes(range(16)))]
     if columns != 1:
         properties.append((96, 70, SHORT, struct.pack("<H", columns)))
@@ -58,7 +57,7 @@ def control(kind, name, source=None, caption=None, rows=None, widths=None, bound
 
 
 def option(kind, name, value, caption=None, own_caption=None):
-    """A button of an option group with a label beside it or a caption on it."""
+    """Returns a button of an option group with a label beside it or a caption on it."""
     button = control(kind, name, caption=caption)
     button.properties.append((154, 58, NUMBER, struct.pack("<i", value)))
     if own_caption is not None:
@@ -83,7 +82,7 @@ def section(kind, *controls):
 
 
 def streams(source, *sections, view=SINGLE):
-    """The streams of a form. Before its sections are the properties of new controls."""
+    """Returns the streams of a form. The properties of new controls are before its sections."""
     properties = [(61, 309, BYTE, b"\x02"), (208, 376, 9, bytes(16)), text(221, 17, "A title")]
     if source:
         properties.append(text(220, 156, source))

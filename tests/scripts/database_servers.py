@@ -13,7 +13,7 @@ PASSWORD = "gull; {wing}"
 
 
 class NotThere(Exception):
-    """The server is not installed or does not start; the text says which."""
+    """The server is not installed or does not start. The text is the reason."""
 
 
 def drivers():
@@ -28,20 +28,20 @@ def need_driver(name):
 
 
 def outside_texts(change, statements):
-    """Changes what is not between quotation marks."""
+    """Changes the text outside of quotation marks."""
     parts = statements.split("'")
     return "'".join(part if number % 2 else change(part) for number, part in enumerate(parts))
 
 
 def with_keys(statements):
-    """Names the columns that foreign keys refer to, which some servers want."""
+    """Adds the names of the columns to which foreign keys refer, since some servers require them."""
     return re.sub(r"REFERENCES (\w+)", lambda found: found[0] + {
         "Customers": "(CustomerID)", "Employees": "(EmployeeID)", "Orders": "(OrderNumber)", "Products": "(ProductID)",
     }.get(found[1], ""), statements)
 
 
 def ticks_of(process):
-    """The processor time of a process and of its children that have ended."""
+    """Returns the processor time of a process and of its children that have ended."""
     try:
         fields = Path(f"/proc/{process}/stat").read_text(encoding="ascii").rpartition(")")[2].split()
     except FileNotFoundError:
@@ -50,7 +50,7 @@ def ticks_of(process):
 
 
 class Server:
-    """A server that runs until it is stopped. Its files are the user's who may run it."""
+    """A server that runs until it is stopped. Its files belong to the user who may run it."""
 
     def __init__(self, user=None):
         self.user = user
@@ -68,11 +68,11 @@ class Server:
         return done.stdout
 
     def process_number(self):
-        """The number of the process that the others of the server come from."""
+        """Returns the number of the process that has started the others of the server."""
         raise NotImplementedError
 
     def processor_seconds(self):
-        """The time for which the processes of the server ran until now, without those that end just then."""
+        """Returns the processor time of the server's processes until now, without those that are just ending."""
         number = self.process_number()
         children = Path(f"/proc/{number}/task/{number}/children").read_text(encoding="ascii").split()
         return sum(ticks_of(process) for process in [number, *children]) / os.sysconf("SC_CLK_TCK")
@@ -114,7 +114,7 @@ class PostgreSql(Server):
         return int((self.folder / "data" / "postmaster.pid").read_text(encoding="ascii").splitlines()[0])
 
     def load(self, statements):
-        """Keeps the letters of names, and lets numbers be booleans."""
+        """Keeps upper and lower case in names, and accepts numbers as booleans."""
         names = outside_texts(lambda part: re.sub(r"\b[A-Z][a-z]\w*", r'"\g<0>"', part), with_keys(statements))
         self.execute("UPDATE pg_cast SET castcontext = 'a' WHERE castsource = 'int'::regtype AND casttarget = "
                      "'bool'::regtype;\n" + names)

@@ -1,7 +1,7 @@
-"""What the tests of the designer's window have in common: a screen for the test program, and a window for each test.
+"""Shares a screen per test program and a window per test between the tests of the designer.
 
-MERGELOOM names the unattended program, beside which the designer lies; MERGELOOM_ROOT the folder of the sources.
-With MERGELOOM_PICTURES a picture of each scene is kept in that folder.
+MERGELOOM names the unattended program, in whose folder the designer is; MERGELOOM_ROOT the folder of the sources. With
+MERGELOOM_PICTURES, that folder gets a picture of each scene.
 """
 import os
 import shutil
@@ -33,7 +33,7 @@ def tearDownModule():
 
 
 class DesignerTest(unittest.TestCase):
-    """One window; what it saves lies in a folder of its own."""
+    """A test with one window and a folder of its own for saved files."""
 
     SWITCHES = []
 
@@ -49,7 +49,7 @@ class DesignerTest(unittest.TestCase):
         return self.designer
 
     def start_another(self, *switches, structure=SAMPLE, home=None):
-        """A window that may begin with a question, also beside another one."""
+        """Starts a further window, which may begin with a question."""
         other = Designer(DESIGNER, [*(["-xmlfile", structure] if structure else []), *switches], home=home)
         self.addCleanup(other.close)
         return other
@@ -120,7 +120,7 @@ class DesignerTest(unittest.TestCase):
         self.designer.press("Cancel", box)
 
     def names(self, path):
-        """The bookmarks of a Word document, which has to be sound."""
+        """Returns the bookmarks of a Word document. Fails for a document with errors."""
         found, problems = read_docx.read_bookmarks(path)
         self.assertEqual(problems, [])
         return [place["name"] for place in found]

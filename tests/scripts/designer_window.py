@@ -1,5 +1,5 @@
-"""The designer's real window on a screen of its own: found through what it tells assistive programs, driven
-with real keys and mouse moves.
+"""Drives the designer's real window on a screen of its own with keys and mouse moves, and reads it as assistive
+programs do.
 """
 import os
 import shutil
@@ -16,14 +16,14 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402  (the version comes first)
 
 SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 960
-# AT-SPI's own word for a button, which is another one since its release 2.56.
+# The name of the role of buttons, which AT-SPI has changed in release 2.56.
 BUTTON = Atspi.role_get_name(Atspi.Role.PUSH_BUTTON)
 MINIMIZED = []  # the windows' numbers
 PATIENCE = 60  # seconds; only a program that hangs takes so long
 
 
 def wait_for(what, condition, patience=PATIENCE):
-    """The first answer of the condition that is true. A program that is too busy to be asked has none yet."""
+    """Returns the first result of the condition that is true. A program that is too busy to answer has none yet."""
     end = time.monotonic() + patience
     while time.monotonic() < end:
         try:
@@ -106,8 +106,8 @@ def drag(start, end):
 
 @contextmanager
 def dragging(start, end):
-    """As a hand does it: a small move that starts the drag, then a way of several steps. The body runs before the
-    button is released."""
+    """Drags as a hand does: starts with a small move and goes on in several steps. The body runs before the release of
+    the button."""
     xdotool("mousemove", *start)
     xdotool("mousedown", 1)
     move_in_steps(start, end)
@@ -116,7 +116,7 @@ def dragging(start, end):
 
 
 def move_in_steps(start, end):
-    """Moves the mouse with its button held, and lets it rest at the end."""
+    """Moves the mouse in steps with its button held, and pauses at the end."""
     steps = 8
     for step in range(1, steps + 1):
         place = [a + (b - a) * step // steps for a, b in zip(start, end)]
@@ -126,13 +126,13 @@ def move_in_steps(start, end):
 
 
 def active_window():
-    """The title of the window that gets the keys; none while they go from one to another."""
+    """Returns the title of the active window; empty while the focus changes."""
     answer = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], capture_output=True, text=True)
     return answer.stdout.strip()
 
 
 def number_of(*question):
-    """The number of the window that xdotool names; 0 while there is none."""
+    """Returns the number of the window that xdotool finds; 0 for none."""
     answer = subprocess.run(["xdotool", *question], capture_output=True, text=True).stdout.strip()
     return int(answer or 0)
 
@@ -142,7 +142,7 @@ def window_with_focus():
 
 
 def document_has_keyboard():
-    """Returns true if the keys go to a window inside the active one that another process has made.
+    """Returns true if the window with the focus is inside the active one and another process has made it.
 
     The number of a window begins with that of the connection that made it."""
     def maker(window):
@@ -155,7 +155,7 @@ def has_focus(element):
 
 
 def minimize():
-    """Minimizes the active window and waits until it is gone from the screen."""
+    """Minimizes the active window and waits until it has left the screen."""
     window = xdotool("getactivewindow").strip()
     xdotool("windowminimize", "--sync", window)
     MINIMIZED.append(window)
@@ -175,7 +175,7 @@ def screenshot(path):
 
 
 def pixels(left, top, width, height):
-    """The pixels of a part of the screen."""
+    """Returns the pixels of a part of the screen."""
     part = f"{width}x{height}+{left}+{top}"
     command = ["import", "-window", "root", "-crop", part, "-depth", "8", "rgb:-"]
     return subprocess.run(command, check=True, capture_output=True).stdout
@@ -189,7 +189,7 @@ def share_of_color(box, color):
 
 
 def places_of(box, color):
-    """The places on the screen, inside a box of left, top, width and height, that have a color."""
+    """Returns the points on the screen that have a color, inside a box of left, top, width and height."""
     left, top, width, height = box
     taken = pixels(*box)
     return [(left + index % width, top + index // width)
@@ -205,7 +205,7 @@ def is_showing(element):
 
 
 def find(element, role, name=None):
-    """The showing elements of a role below another, of a name if one is given."""
+    """Returns the visible elements of a role below another element, and only those of a name if one is given."""
     found = []
     for child in children(element):
         if child is None or not is_showing(child):
@@ -227,7 +227,7 @@ def size_of(element):
 
 
 class Designer:
-    """A run of the program with a home of its own, or with that of an earlier run."""
+    """A run of the program with a home of its own, or with the home of an earlier run."""
 
     def __init__(self, program, arguments, wait=True, home=None):
         self.home = home or Path(tempfile.mkdtemp(prefix="designer-"))
@@ -242,7 +242,7 @@ class Designer:
             self.attach()
 
     def attach(self):
-        """Waits until the program can be asked what it shows."""
+        """Waits until the program answers as an accessible application."""
         self.application = wait_for("the program", self.find_application)
 
     def find_application(self):
@@ -254,12 +254,12 @@ class Designer:
         return None
 
     def window(self):
-        """The main window."""
+        """Returns the main window."""
         return wait_for("the window", lambda: next(iter(find(self.application, "frame")), None))
 
     def wait_until_active(self):
-        """Waits until keys go to the main window, which a dialog before it had. The window passes the focus on to the
-        one that holds it, inside it."""
+        """Waits until keys go to the main window, for example after a dialog. The window gives the focus to a small
+        window inside it."""
         def is_active():
             if self.process.poll() is not None:
                 return True
@@ -270,11 +270,11 @@ class Designer:
         return self.window().get_name()
 
     def title(self):
-        """The document in the title, without the star of changes and the program."""
+        """Returns the name of the document in the title, without the star of changes and the program."""
         return self.full_title().removesuffix(" - Mergeloom").removeprefix("*")
 
     def dialog(self, name=""):
-        """The dialog or message box that is shown, whose title begins so."""
+        """Returns the dialog or message box whose title begins with the name."""
         def shown():
             boxes = find(self.application, "dialog") + find(self.application, "alert")
             return next((box for box in boxes if box.get_name().startswith(name)), None)
@@ -300,7 +300,7 @@ class Designer:
         return " ".join(label.get_name() for label in find(box, "label"))
 
     def status(self):
-        """What the status line says."""
+        """Returns the text of the status line."""
         bar = next(iter(find(self.application, "status bar")), None)
         return self.texts_of(bar) if bar else ""
 
@@ -310,7 +310,7 @@ class Designer:
         wait_for("the hosted document", lambda: self.status().startswith(("Drag a field", "Load a structure")))
 
     def node(self, text):
-        """Where a node of the tree can be taken hold of."""
+        """Returns a point at which a node of the tree can be clicked and dragged."""
         cells = wait_for(f"the node {text}", lambda: find(self.application, "table cell", text))
         box = cells[0].get_extents(Atspi.CoordType.SCREEN)
         return box.x + min(40, box.width // 2), box.y + box.height // 2
@@ -335,17 +335,17 @@ class Designer:
         return box.x, box.y, box.width, box.height
 
     def document(self):
-        """A place on the first lines of the hosted document."""
+        """Returns a point on the first lines of the hosted document."""
         left, top, width, height = self.document_box()
         return left + width // 3, top + height // 3
 
     def corner(self):
-        """A place in the hosted document at its lower right, which dialogs do not cover."""
+        """Returns a point at the lower right of the hosted document, which dialogs do not cover."""
         left, top, width, height = self.document_box()
         return left + width - 150, top + height - 120
 
     def help_topic(self):
-        """The entry of the contents that the help window shows; none without a window."""
+        """Returns the selected entry of the contents in the help window; none without such a window."""
         for window in find(self.application, "frame", "Mergeloom Help"):
             for entry in find(window, "tree item") + find(window, "table cell"):
                 if entry.get_state_set().contains(Atspi.StateType.SELECTED):
@@ -360,7 +360,7 @@ class Designer:
         key("Return")
 
     def office_process(self):
-        """The number of the office's own process."""
+        """Returns the number of the office's own process."""
         listing = subprocess.run(["ps", "-eo", "pid,ppid,args"], capture_output=True, text=True, check=True).stdout
         rows = [line.split(None, 2) for line in listing.splitlines()[1:]]
         return next(int(pid) for pid, _, args in rows

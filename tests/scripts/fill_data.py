@@ -4,8 +4,7 @@ import xml.etree.ElementTree as ElementTree
 
 
 def write_orders(sample, path, count, lines=2, change=lambda number, record: None):
-    """Writes so many orders of so many lines, made of the sample's one order; gives the path.
-
+    """Writes the given numbers of orders and of lines, which are copies of the sample's one order. Returns the path.
     Each order can be changed before it is written."""
     tree = ElementTree.parse(sample)
     records = tree.getroot().find("Data/Records")

@@ -83,12 +83,12 @@ BLOCKS = """<w:body {ns}>
 
 
 def flat_text(picture):
-    """A text in the flat format of OpenDocument with all that a letter may hold."""
+    """Returns a text in the flat format of OpenDocument with all features of a letter."""
     return FLAT_TEXT.replace("PICTURE", base64.b64encode(picture.read_bytes()).decode())
 
 
 def convert(source, target, export_filter="docx:MS Word 2007 XML"):
-    """Lets LibreOffice, with a profile of its own, write a source in another format to the target's folder."""
+    """Makes LibreOffice, with a profile of its own, write a source in another format to the target's folder."""
     profile = source.parent / "profile"
     subprocess.run(
         ["soffice", f"-env:UserInstallation={profile.as_uri()}", "--headless", "--norestore", "--convert-to",
@@ -128,7 +128,7 @@ def make_all(folder: Path, picture: Path):
     yield "flat", by_libreoffice(folder, "flat.fodt", flat_text(picture))
     yield "html", by_libreoffice(folder, "page.html", HTML)
     yield "python", by_python_docx(folder, picture)
-    # What LibreOffice writes again after it read a document of another maker.
+    # A document that LibreOffice has read from another program and written again.
     again = folder / "again" / "python.docx"
     again.parent.mkdir()
     convert(folder / "python.docx", again)

@@ -16,7 +16,7 @@ from openpyxl.worksheet.table import Table
 import foreign_documents
 import read_xlsx
 
-# In each workbook the active cell is H3 of the second sheet, with nothing below it or right of it.
+# In each workbook the active cell is H3 of the second sheet. The cells below it and to its right are empty.
 ACTIVE_SHEET = "Year '26"
 MACROS = os.urandom(5000)
 
@@ -46,7 +46,7 @@ FLAT_SHEET = """<?xml version="1.0" encoding="UTF-8"?>
 
 
 def fill(sheet):
-    """Cells of every kind in a block from A1 to E9."""
+    """Writes cells of every kind into the block from A1 to E9."""
     sheet.append(["Town", "Sum", "Share", "Note", "Day"])
     for row in range(2, 9):
         sheet.append([f"Town {row}", row * 1.5, f"=B{row}/SUM($B$2:$B$8)", row % 2 == 0, None])
@@ -127,7 +127,7 @@ def by_xlsxwriter(folder, picture):
 
 
 def by_libreoffice(folder):
-    """A workbook with a pivot table, and what LibreOffice makes of the one that openpyxl wrote."""
+    """Returns a workbook with a pivot table, and LibreOffice's version of the one that openpyxl wrote."""
     flat = folder / "flat.fods"
     flat.write_text(FLAT_SHEET, encoding="utf-8")
     pivot = folder / "flat.xlsx"

@@ -1,4 +1,4 @@
-"""Paragraphs with every kind of merge field, and the expected results of their conversion."""
+"""Provides paragraphs with every kind of merge field, and the expected results of their conversion."""
 import docx
 from docx.oxml import parse_xml
 from docx.oxml.ns import nsdecls, qn
@@ -13,7 +13,7 @@ def code(content):
 
 
 def complex_field(code_runs, result):
-    """A field of runs with its code that shows a result; without one it has no separator either."""
+    """Returns a field of runs with its code and its result. Without a result it has no separator either."""
     mark = '<w:r><w:fldChar w:fldCharType="{}"/></w:r>'.format
     return mark("begin") + code_runs + (mark("separate") + result if result else "") + mark("end")
 
@@ -29,7 +29,7 @@ def simple(content):
 NESTED = complex_field(code(" QUOTE ") + field(" MERGEFIELD X# ", text("inner")) + code(" "), text("both"))
 SPLIT = complex_field(code(" MERGE") + '<w:proofErr w:type="spellStart"/>' + code("FIELD  ") + code("Split# ")
                       + '<w:proofErr w:type="spellEnd"/>' + code("\\* MERGEFORMAT "), text("shown"))
-# The fields by their runs, in which a # is the paragraph's number.
+# The runs of the fields, in which "#" is the paragraph's number.
 PLACES = {runs: f"[{name}:{name}]" for runs, name in (
     (field(" MERGEFIELD Town# "), "Town#"), (field(" MERGEFIELD  Name#  \\* MERGEFORMAT "), "Name#"),
     (field(' MERGEFIELD "First Name#" '), "FirstName#"), (field("MERGEFIELD\tStreet#"), "Street#"),
@@ -57,13 +57,13 @@ def write(path, paragraphs):
 
 
 def write_every_kind(path):
-    """Each field stands before another one, so that a shift of positions shows."""
+    """Writes each field before another one, so that the test finds a shift of positions."""
     write(path, [f"{text('a ')}{runs}{text(' b ')}{field(' MERGEFIELD Last# ', text('last name'))}{text(' c')}"
                  .replace("#", str(number)) for number, runs in enumerate(CASES)])
 
 
 def shown_fields(paragraph):
-    """The text of a paragraph: a bookmark as [name:text], a field as {code|result}."""
+    """Returns the text of a paragraph with bookmarks as [name:text] and fields as {code|result}."""
     marks = {"begin": "{", "separate": "|", "end": "}"}
     shown = ""
     for element in paragraph.iter():
@@ -83,7 +83,7 @@ def read(path):
 
 
 def wrong_paragraphs(path):
-    """The paragraphs of a converted document of every kind that are not as they must be."""
+    """Returns the paragraphs of a converted document of every kind that differ from the expected ones."""
     wrong = []
     for number, (expected, found) in enumerate(zip(CASES.values(), read(path), strict=True)):
         start, end = f"a {expected}".replace("#", str(number)), f" b [Last{number}:Last{number}] c"

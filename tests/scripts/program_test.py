@@ -1,4 +1,4 @@
-"""Shared by the tests that run the finished program over the sample: the program, folders, runs that fill.
+"""Shares the program, folders and runs between the tests that use the finished program with the sample.
 
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
@@ -12,12 +12,12 @@ from pathlib import Path
 PROGRAM = os.environ["MERGELOOM"]
 SAMPLE = Path(os.environ["MERGELOOM_ROOT"]) / "samples" / "orders.xml"
 
-# Programs inherit that SIGINT is ignored, as it is for tests that were started in the background.
+# Programs inherit an ignored SIGINT, for example from tests that were started in the background.
 signal.signal(signal.SIGINT, signal.default_int_handler)
 
 
 def run(*arguments):
-    """Runs the program; gives the finished process with its output as text."""
+    """Runs the program. Returns the finished process with its output as text."""
     return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300, check=False)
 
 
@@ -28,13 +28,13 @@ def map_sample(template, *switches):
 
 
 class ProgramTest(unittest.TestCase):
-    """Tests with a folder of their own. Those of filling set the template in which they fill."""
+    """Tests with a folder of their own. Tests of filling set the template."""
 
     template = None
 
     @classmethod
     def shared_folder(cls):
-        """A folder for all tests of the class."""
+        """Makes a folder for all tests of the class."""
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         return Path(folder.name)
@@ -45,13 +45,13 @@ class ProgramTest(unittest.TestCase):
         self.folder = Path(folder.name)
 
     def fill(self, *options, template=None, data=SAMPLE):
-        """Fills, fails the test unless that succeeds, and returns the report."""
+        """Fills and returns the report. Fails the test if the run fails."""
         done = run("--fill", template or self.template, "--data", data, *options)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
         return done.stderr
 
     def refused(self, *options, template=None, data=SAMPLE):
-        """Fails the test if the filling succeeds, and returns the reason why it does not."""
+        """Returns the reason why a run fails. Fails the test if the run succeeds."""
         done = run("--fill", template or self.template, "--data", data, *options)
         self.assertNotEqual(done.returncode, 0)
         return done.stderr

@@ -16,7 +16,7 @@ from docx.parts.document import DocumentPart
 from docx.text.paragraph import Paragraph
 from lxml import etree
 
-# python-docx opens nothing but .docx by itself; the main parts of the other kinds are built alike.
+# python-docx opens only .docx by itself, but the main parts of the other kinds have the same structure.
 for kind in (
     "application/vnd.openxmlformats-officedocument.wordprocessingml.template.main+xml",
     "application/vnd.ms-word.document.macroEnabled.main+xml",
@@ -29,7 +29,7 @@ CHARACTERS = {qn("w:tab"): "\t", qn("w:br"): "\n", qn("w:cr"): "\n", qn("w:noBre
 
 
 def open_package(path):
-    """The package of a document or template of Word."""
+    """Returns the package of a Word document or template."""
     return docx.package.Package.open(str(path))
 
 
@@ -46,7 +46,7 @@ def stories(package):
 
 
 def text_of(element):
-    """The characters that an element itself puts into its paragraph."""
+    """Returns the characters that an element itself adds to its paragraph."""
     if element.tag == qn("w:t"):
         return element.text or ""
     inside_run = element.getparent() is not None and element.getparent().tag == qn("w:r")
@@ -54,13 +54,13 @@ def text_of(element):
 
 
 def pictures_of(element, part):
-    """The name of the part with the picture that an element shows, as a list of one or none."""
+    """Returns a list of the name of the part with an element's picture; an empty list without one."""
     embedded = element.get(qn("r:embed")) if element.tag == qn("a:blip") else None
     return [part.related_parts[embedded].partname] if embedded else []
 
 
 def read_story(part, root, problems):
-    """The bookmarks of one story in the order of their starts."""
+    """Returns the bookmarks of one story in the order of their starts."""
     name, found, open_by_id = str(part.partname), [], {}
     paragraph = -1
     for event, element in etree.iterwalk(root, events=("start", "end")):
@@ -92,7 +92,7 @@ def read_story(part, root, problems):
 
 
 def read_bookmarks(path):
-    """The bookmarks of all stories, and what is not sound about them as a list of sentences."""
+    """Returns the bookmarks of all stories, and sentences about the errors in them."""
     problems = []
     found = [
         bookmark for part, root in stories(open_package(path)) for bookmark in read_story(part, root, problems)
@@ -104,13 +104,13 @@ def read_bookmarks(path):
 
 
 def read_paragraphs(path):
-    """The texts of the body's paragraphs, those in tables too, as python3-docx gives them."""
+    """Returns the texts of the body's paragraphs, including those in tables, as read by python3-docx."""
     body = open_package(path).main_document_part.document.element.body
     return [Paragraph(paragraph, None).text for paragraph in body.iter(qn("w:p"))]
 
 
 def read_tables(path):
-    """The texts of the cells of the body's tables, row by row, as python3-docx gives them."""
+    """Returns the texts of the cells of the body's tables row by row, as read by python3-docx."""
     tables = open_package(path).main_document_part.document.tables
     return [[[cell.text.strip() for cell in row.cells] for row in table.rows] for table in tables]
 

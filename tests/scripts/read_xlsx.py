@@ -11,7 +11,7 @@ def read_workbook(path):
 
 
 def define_name(workbook, defined):
-    """Adds a name to an openpyxl workbook, whose names are a list up to openpyxl 3.0 and a dictionary after it."""
+    """Adds a name to an openpyxl workbook. Names are a list up to openpyxl 3.0 and a dictionary in later versions."""
     names = workbook.defined_names
     if isinstance(names, dict):
         names[defined.name] = defined
@@ -20,7 +20,7 @@ def define_name(workbook, defined):
 
 
 def read_names(path):
-    """Maps each name of the workbook to what it refers to, those of sheets, hidden and built-in ones aside."""
+    """Maps each name of the workbook to its reference, except names of sheets, hidden ones and built-in ones."""
     names = read_workbook(path).defined_names
     return {defined.name: defined.attr_text
             for defined in (names.values() if isinstance(names, dict) else names.definedName)
@@ -28,7 +28,7 @@ def read_names(path):
 
 
 def cells_of(workbook, reference):
-    """The texts of the cells that a name refers to, row by row."""
+    """Returns the texts of the cells to which a name refers, row by row."""
     sheet, area = reference.rsplit("!", 1)
     block = workbook[sheet.strip("'").replace("''", "'")][area.replace("$", "")]
     rows = block if isinstance(block, tuple) else ((block,),)
@@ -36,7 +36,7 @@ def cells_of(workbook, reference):
 
 
 def read_places(path):
-    """Each name with the texts of its cells, in the order of the sheet."""
+    """Returns each name with the texts of its cells, in the order of the sheet."""
     workbook = read_workbook(path)
     places = [(name, reference, cells_of(workbook, reference)) for name, reference in read_names(path).items()
               if "!$" in reference]
@@ -44,7 +44,7 @@ def read_places(path):
 
 
 def read_texts(path, sheet=None):
-    """The texts of a sheet's rows, the active one's if none is named."""
+    """Returns the texts of a sheet's rows; without a name those of the active sheet."""
     workbook = read_workbook(path)
     worksheet = workbook[sheet] if sheet else workbook.active
     return [[cell.value for cell in row] for row in worksheet.iter_rows()]

@@ -1,4 +1,4 @@
-"""The work of a long session in the designer's window, which tools/designer_session.py runs."""
+"""Provides the work of a long session in the designer's window, which tools/designer_session.py runs."""
 import subprocess
 import tempfile
 import time
@@ -79,7 +79,7 @@ class Session(DesignerTest):
         type_text(text)
 
     def wait_for_only_match(self, node):
-        """Waits for the end of a search that finds one node. The nodes move with each letter that is typed."""
+        """Waits until a search has found one node only. The nodes move with each typed letter."""
         wait_for(f"{node} as the only match", lambda: find(self.designer.application, "label", "1 found")
                  and find(self.designer.application, "table cell", node))
 
@@ -94,7 +94,7 @@ class Session(DesignerTest):
         wait_for("the window without a dialog", lambda: not self.designer.has_dialog(), 5)
 
     def drop_found(self, node, by_mouse, chooses_fields=False):
-        """Drops a node that the tree shows once."""
+        """Drops the only node in the tree that has this text."""
         if by_mouse:
             drag(self.designer.node(node), self.next_place())
         else:
