@@ -1,7 +1,7 @@
-"""Maps into documents that no one should have to read, and to places where nothing can be written.
+"""Maps into damaged, malicious and unknown documents, and to places that cannot be written. Each run has to end with a
+sentence about the reason, and to write and lose nothing.
 
-Each has to end with a sentence that says what is wrong, and with nothing written or lost. MERGELOOM names the
-program.
+MERGELOOM names the program.
 """
 import io
 import os
@@ -24,7 +24,7 @@ FORM = """<Database><Form Name="F" CurrentView="1" DefaultView="0" HasRecordset=
 
 
 def good():
-    """The entries of a sound document."""
+    """Returns the entries of a sound document."""
     file = io.BytesIO()
     docx.Document().save(file)
     with zipfile.ZipFile(file) as archive:
@@ -32,7 +32,7 @@ def good():
 
 
 def pack(entries):
-    """An archive of entries; pairs, so that names may repeat."""
+    """Returns an archive of entries, which are pairs so that names may repeat."""
     file = io.BytesIO()
     with zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED) as archive:
         for name, content in entries.items() if isinstance(entries, dict) else entries:
@@ -45,7 +45,7 @@ def body(xml):
 
 
 def flagged_as_encrypted():
-    """An archive whose entries say that they are encrypted (APPNOTE 4.4.4, bit 0)."""
+    """Returns an archive whose entries are marked as encrypted (APPNOTE 4.4.4, bit 0)."""
     data = bytearray(pack(good()))
     for signature, offset in ((b"PK\x03\x04", 6), (b"PK\x01\x02", 8)):
         at = data.find(signature)
@@ -56,14 +56,14 @@ def flagged_as_encrypted():
 
 
 def compound_file(stream):
-    """The head of a file of streams and the directory entry of one of them ([MS-CFB] 2.6.1)."""
+    """Returns the head of a file of streams and the directory entry of one of them ([MS-CFB] 2.6.1)."""
     name = (stream + "\0").encode("utf-16-le")
     entry = name.ljust(64, b"\0") + len(name).to_bytes(2, "little") + b"\x02"
     return bytes.fromhex("d0cf11e0a1b11ae1").ljust(512, b"\0") + entry.ljust(128, b"\0")
 
 
 def of_type(entries, content_type):
-    """A document whose main part has another content type."""
+    """Returns a document whose main part has another content type."""
     word_type = b"application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml"
     return entries | {TYPES: entries[TYPES].replace(word_type, content_type.encode())}
 
@@ -85,7 +85,7 @@ def without(entries, name):
 
 
 def cases():
-    """What is wrong, the file, and words of the sentence that has to say so."""
+    """Returns rows of a fault, the file, and words of the expected sentence."""
     sound = good()
     bomb = b" " * (40 << 20)
     entities = b'<!DOCTYPE w:document [<!ENTITY e SYSTEM "file:///etc/hostname">]>' + body("<w:p/>&e;")
@@ -124,7 +124,7 @@ class BadInput(unittest.TestCase):
         (self.folder / "form.xml").write_text(FORM, encoding="utf-8")
 
     def map(self, document, target, **how):
-        """Maps the form into a document; gives the status and what was said."""
+        """Maps the form into a document. Returns the status and the messages."""
         done = subprocess.run(
             [PROGRAM, "--exit-status", "-hidden", "-usedocument", document, "-xmlfile", self.folder / "form.xml",
              "-template", target], capture_output=True, text=True, timeout=60, check=False, **how)
@@ -161,9 +161,9 @@ class BadInput(unittest.TestCase):
     def test_what_cannot_be_written(self):
         document = self.folder / "good.docx"
         document.write_bytes(pack(good()))
-        # Files can be made in this folder by nobody, the superuser included.
+        # Nobody can create files in this folder, not even the superuser.
         self.assert_refused(document, Path("/proc/out.docx"), "/proc/out.docx")
-        # No file may grow beyond this size, as if the disk were full.
+        # No file may exceed this size, which has the effect of a full disk.
         small = {"restore_signals": False,
                  "preexec_fn": lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))}
         target = self.folder / "large.docx"

@@ -1,7 +1,7 @@
-"""Maps into workbooks that no one should have to read and onto cells that cannot be written.
+"""Maps into damaged, malicious and unknown workbooks, and onto cells that cannot be written. Each run has to end with a
+sentence about the reason, and to write and lose nothing.
 
-Each has to end with a sentence that says what is wrong, and with nothing written or lost. MERGELOOM names the
-program.
+MERGELOOM names the program.
 """
 import io
 import os
@@ -47,7 +47,7 @@ def pack(entries):
 
 
 def book(change=lambda sheet: None, active="A1"):
-    """The entries of a workbook with texts, after a change of its sheet."""
+    """Returns the entries of a workbook with texts, after a change of its sheet."""
     workbook = openpyxl.Workbook()
     sheet = workbook.active
     sheet["C5"] = "kept"
@@ -82,7 +82,7 @@ def chart_sheet():
 
 
 def unreadable():
-    """What is wrong, the file, and words of the sentence that has to say so."""
+    """Returns rows of a fault, the file, and words of the expected sentence."""
     sound = book()
     binary = replaced(sound, TYPES, r"application/vnd\.openxmlformats-officedocument\.spreadsheetml\.sheet\.main\+xml",
                       "application/vnd.ms-excel.sheet.binary.macroEnabled.main")
@@ -103,7 +103,7 @@ def unreadable():
 
 
 def unwritable():
-    """What hinders the drop, the workbook, the structure, and words of what is said."""
+    """Returns rows of an obstacle to the drop, the workbook, the structure, and words of the expected sentence."""
     def formula(sheet):
         sheet["A1"] = "=C5:C7"
 

@@ -1,4 +1,4 @@
-"""Plants each fault that tools/check_floors.py is there to find."""
+"""Plants each fault that tools/check_floors.py has to find."""
 import subprocess
 import sys
 import tempfile
@@ -54,7 +54,7 @@ FAULTS = [
 
 
 def check(files):
-    """Runs the check over a tree of those files; gives its status and what it printed."""
+    """Runs the check over a tree of the files. Returns its status and its output."""
     with tempfile.TemporaryDirectory() as root:
         for name, text in files.items():
             file = Path(root) / name

@@ -1,4 +1,4 @@
-"""Converts merge fields that other makers' programs wrote and reads the places with those programs.
+"""Converts merge fields in documents of other programs, and reads the places with these programs.
 
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
@@ -55,7 +55,7 @@ FLAT_NAMES = ["Company", "FirstName", "LastName", "Town", "Remark", "Street"]
 
 
 def flat_text():
-    """The document with LibreOffice's own mail-merge fields."""
+    """Returns a document with LibreOffice's own mail-merge fields."""
     text = FLAT_TEXT
     for name in FLAT_NAMES:
         field = (
@@ -67,7 +67,7 @@ def flat_text():
 
 
 def field_runs(code, result):
-    """The runs of a field, its code in two pieces and its result in bold."""
+    """Returns the runs of a field with its code in two runs and its result in bold."""
     half = len(code) // 2
     pieces = "".join(
         f'<w:r><w:instrText xml:space="preserve">{part}</w:instrText></w:r>' for part in (code[:half], code[half:])
@@ -85,7 +85,7 @@ def add_field(paragraph, code, result="\u00abold\u00bb"):
 
 
 def texts_of(package_file):
-    """The text of each part that holds text, fields without their codes."""
+    """Returns the text of each part with text, without the codes of fields."""
     return {
         str(part.partname): "".join(element.text or "" for element in root.iter(qn("w:t")))
         for part, root in read_docx.stories(read_docx.open_package(package_file))
@@ -99,7 +99,7 @@ class ConvertingFields(unittest.TestCase):
         self.folder = Path(folder.name)
 
     def convert(self, *arguments, status=0):
-        """Runs the conversion and gives what it reported, or what it complained of."""
+        """Runs the conversion and returns its report or its complaint."""
         done = subprocess.run(
             [PROGRAM, "--convert-fields", *map(str, arguments)], capture_output=True, text=True, timeout=60, check=False
         )
@@ -107,7 +107,7 @@ class ConvertingFields(unittest.TestCase):
         return done.stderr if status else done.stdout
 
     def office(self, wanted, source):
-        """LibreOffice's copy of a document in another format."""
+        """Returns LibreOffice's copy of a document in another format."""
         subprocess.run([SCRIPTS / "convert.sh", wanted, source, self.folder / "office"], check=True, timeout=120)
         return self.folder / "office" / f"{source.stem}.{wanted}"
 
@@ -172,7 +172,7 @@ class ConvertingFields(unittest.TestCase):
         self.check_untouched(source, target)
 
     def check_untouched(self, source, target):
-        """Parts without fields are the same, byte for byte."""
+        """Parts without fields keep their bytes."""
         with zipfile.ZipFile(source) as before, zipfile.ZipFile(target) as after:
             self.assertEqual(after.namelist(), before.namelist())
             changed = [name for name in before.namelist() if before.read(name) != after.read(name)]

@@ -1,4 +1,4 @@
-"""Looks at what a desktop and a shell are told of the program, and at the installed tree.
+"""Checks the files that describe the program to a desktop and a shell, and the installed tree.
 
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
@@ -17,7 +17,7 @@ PROGRAM = Path(os.environ["MERGELOOM"])
 ROOT = Path(os.environ["MERGELOOM_ROOT"])
 DATA = ROOT / "data"
 MIME = "{http://www.freedesktop.org/standards/shared-mime-info}"
-# As a word of its own, with or without a value behind it.
+# Matches an argument as a whole word, with or without a value after it.
 ARGUMENT = re.compile(r"(?<![\w.-])--?[a-z][a-z-]+")
 
 
@@ -25,7 +25,7 @@ DESCRIBE = PROGRAM.with_name("mergeloom-describe")
 
 
 def own_arguments(program=PROGRAM):
-    """The switches and options that the program itself lists."""
+    """Returns the switches and options in the program's own list."""
     text = subprocess.run([program, "--help"], capture_output=True, text=True, check=True).stdout
     found = set()
     for line in text.splitlines():
@@ -35,7 +35,7 @@ def own_arguments(program=PROGRAM):
 
 
 def complete(*words, folder=".", program=PROGRAM):
-    """What bash offers for the last word."""
+    """Returns bash's completions of the last word."""
     function = "_" + program.name.replace("-", "_")
     script = ("compopt() { :; }; source " + str(DATA / "mergeloom.bash") + "; COMP_WORDS=(\"$@\"); "
               "COMP_CWORD=$(($# - 1)); " + function + "; printf '%s\\n' \"${COMPREPLY[@]}\"")
@@ -120,7 +120,7 @@ class Completion(unittest.TestCase):
 class Desktop(unittest.TestCase):
     def test_entries_name_what_is_there(self):
         types = {kind.get("type") for kind in ElementTree.parse(DATA / "mergeloom.xml").iter(MIME + "mime-type")}
-        # Those of databases are known to every desktop.
+        # Every desktop knows the types of databases.
         types |= {"application/vnd.ms-access", "application/vnd.sqlite3"}
         entries = sorted(DATA.glob("*.desktop"))
         self.assertEqual(len(entries), 3)

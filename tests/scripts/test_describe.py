@@ -61,7 +61,7 @@ class Describe(ProgramTest):
             self.assertEqual(list(sample.iterdump()), list(made.iterdump()))
 
     def test_twenty_tables(self):
-        """Each table refers to the one before it, so each but the last is a form with its successor in it."""
+        """Each table refers to the table before it, so each one except the last is a form with its successor in it."""
         tables = [f"CREATE TABLE t{number} (id INTEGER PRIMARY KEY, name TEXT, before INTEGER "
                   f"REFERENCES t{max(0, number - 1)});" for number in range(20)]
         rows = [f"INSERT INTO t{number} VALUES ({row}, 'row {row}', {row});" for number in range(20)
@@ -77,7 +77,7 @@ class Describe(ProgramTest):
         listed = run(PROGRAM, "--list-objects", "-xmlfile", document).stdout.splitlines()
         self.assertEqual(len(listed), 1 + 19 + 20)
         (self.folder / "templates").mkdir()
-        # A form and a table of one name get templates of different names, which is told.
+        # A form and a table of the same name get templates of different names, which the program reports.
         mapped = run(PROGRAM, "--exit-status", "--all", self.folder / "templates", "-xmlfile", document)
         self.assertEqual(mapped.returncode, 0, mapped.stderr)
         self.assertEqual(len(list((self.folder / "templates").iterdir())), 39)
@@ -129,7 +129,7 @@ class Describe(ProgramTest):
         self.assertEqual((ended.returncode, ended.stderr), (0, ""))
         counts = [int(line) for line in ended.stdout.splitlines()]
         self.assertEqual((counts, counts[-1]), (sorted(counts), 5000))
-        # Without a file the document would be between the lines.
+        # Without a file, the document would be printed between the lines.
         ended = run(DESCRIBE, path, *options)
         self.assertEqual((ended.returncode, ended.stdout), (1, ""))
         self.assertIn("needs '--output FILE'", ended.stderr)

@@ -31,7 +31,7 @@ def run(*command, **more):
 
 
 def records_of(document):
-    """The texts of each record's controls: what is shown, and with another stored value both."""
+    """Returns the texts of each record's controls: the shown one, and also the stored value if it differs."""
     return [[tuple(part.text or "" for part in control) for control in record]
             for record in ElementTree.fromstring(document).findall("Data/Records/Record")]
 
@@ -192,7 +192,7 @@ class DescribeAccess(ProgramTest):
                             "choose a table or form.")
 
     def test_a_disk_that_is_full(self):
-        """The limit for the size of files is that of the disk here. The copies of tables exceed it."""
+        """The limit for the size of files has the effect of a full disk. The copies of tables exceed it."""
         file = AccessFile()
         file.add_table("Notes", [Column("Id", LONG), Column("Note", MEMO)],
                        [(number, "n" * 1500) for number in range(3000)], keys=[[0]])
@@ -204,7 +204,7 @@ class DescribeAccess(ProgramTest):
                         ended.stderr)
 
     def test_a_signal_ends_the_wait_for_the_reader(self):
-        """The program that reads the file is replaced by one that sends nothing."""
+        """A program that sends nothing replaces the one that reads the file."""
         shutil.copy(DESCRIBE, self.folder)
         reader = self.folder / "mergeloom-read-access"
         reader.write_text('#!/bin/sh\necho > "$1.begun"\nexec sleep 1000\n')
@@ -226,7 +226,7 @@ class DescribeAccess(ProgramTest):
         self.assertIn(sentence, ended.stderr)
 
     def damage(self, whole, chance):
-        """A copy that is cut off, or some bytes or pages of which are others."""
+        """Returns a shortened copy, or one with other bytes or pages."""
         damaged = bytearray(whole)
         way = chance.randrange(3)
         if way == 0:
@@ -263,10 +263,10 @@ class DescribeAccess(ProgramTest):
 
 @unittest.skipUnless(os.environ.get("MERGELOOM_ACCESS_FILES"), "MERGELOOM_ACCESS_FILES names no folder")
 class FilesOfAccess(ProgramTest):
-    """Files that Access itself has made."""
+    """Tests with files that Access itself has written."""
 
     def test_the_folder_has_files(self):
-        """Otherwise a wrong name of the folder would pass."""
+        """A wrong name of the folder would let the other tests pass without any file."""
         self.assertNotEqual(list(FOLDER.glob("*.accdb")), [])
         self.assertNotEqual(list(FOLDER.glob("*.mdb")), [])
 

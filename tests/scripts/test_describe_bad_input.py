@@ -19,7 +19,7 @@ from program_test import PROGRAM, ProgramTest
 DESCRIBE = Path(PROGRAM).with_name("mergeloom-describe")
 # A build with sanitizers would report the leaks of drivers.
 os.environ.setdefault("ASAN_OPTIONS", "detect_leaks=0")
-# Access allows no full stop, exclamation mark, grave accent and brackets in names.
+# Access allows no full stop, exclamation mark, grave accent or brackets in names.
 SIGNS = " !\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~\t\né漢"
 FORBIDDEN_IN_ACCESS = ".!`[]\t\n"
 
@@ -37,7 +37,7 @@ def quoted(name):
 
 
 class Table:
-    """Columns of whole numbers and of texts; the key is the first column, if there is one."""
+    """A table of whole numbers and texts. The first column is the key, if there is one."""
 
     def __init__(self, name, columns, rows, references=(), has_key=True):
         self.name, self.columns, self.rows, self.references, self.has_key = name, columns, rows, references, has_key
@@ -59,7 +59,7 @@ def sqlite_file(path, tables):
 
 
 def statements_of(tables):
-    """For PostgreSQL, which knows a table only after it was made."""
+    """Returns statements for PostgreSQL, which knows a table only after it has been created."""
     def literal(value):
         return "NULL" if value is None else "'" + str(value).replace("'", "''") + "'"
     statements = ["DROP SCHEMA public CASCADE", "CREATE SCHEMA public"]
@@ -100,7 +100,7 @@ class BadInput(ProgramTest):
             print(f"PostgreSQL is left out: {reason}")
 
     def sources(self, tables, access_tables=None):
-        """The same tables in each kind of database: the kind and the source."""
+        """Yields each kind of database with a source that has the tables."""
         yield "SQLite", sqlite_file(self.folder / "made.db", tables)
         yield "Access", access_file(self.folder / "made.accdb", access_tables or tables)
         if self.has_driver("SQLite3"):
@@ -251,7 +251,7 @@ class BadInput(ProgramTest):
         connection.close()
 
     def test_a_file_that_may_not_be_read(self):
-        """Root may read everything, so that the file is behind a folder that is a file."""
+        """Root may read every file, so the path leads through a file instead of a folder."""
         blocked = self.folder / "file"
         blocked.write_text("")
         self.assert_refused(blocked / "shop.db", "does not exist")
@@ -273,13 +273,13 @@ class BadInput(ProgramTest):
 
     @unittest.skipIf(os.environ.get("MERGELOOM_SANITIZE") == "1", "sanitizers reserve more than any limit allows")
     def test_two_gigabytes_of_attachments(self):
-        """A generated column makes them when it is read: forty rows of fifty megabytes."""
+        """A generated column returns forty rows of fifty megabytes."""
         path = self.folder / "made.db"
         with sqlite3.connect(path) as connection:
             connection.execute("CREATE TABLE T (id INTEGER PRIMARY KEY, made BLOB AS (zeroblob(50000000)))")
             connection.executemany("INSERT INTO T VALUES (?)", [(number,) for number in range(40)])
             connection.execute("CREATE VIEW Attached AS SELECT id, made AS Attachment FROM T")
-            # This column has no type, so that only its values have one.
+            # This column has no type, so only its values have types.
             connection.execute("CREATE VIEW Untyped AS SELECT id, zeroblob(50000000) AS Attachment FROM T")
         connection.close()
 
@@ -295,7 +295,7 @@ class BadInput(ProgramTest):
                 self.assertEqual((ended.returncode, ended.stderr),
                                  (0, f"mergeloom-describe: The column 'Attachment' of '{name}' {sentence}\n"))
                 self.assertEqual(len(self.records(ElementTree.fromstring(ended.stdout))), 40)
-        # Too little for one of the values; the sentence differs by the driver.
+        # The limit is too low for one of the values. The sentence depends on the driver.
         for (source, name, _), size in zip(sources[1:], (40_000_000, 120_000_000)):
             with self.subTest(source=source, size=size):
                 ended = run(DESCRIBE, source, "--object", name, "--records", "all", preexec_fn=limit(size))

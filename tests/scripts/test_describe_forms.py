@@ -115,7 +115,7 @@ class DescribeForms(ProgramTest):
         self.assertEqual([cell.text for cell in docx.Document(template).tables[0].rows[0].cells], ["Id", "What"])
 
     def test_lists_of_forms(self):
-        """The stored value of both orders' towns, 2, by the list that a form shows for them."""
+        """Looks up the stored value of both orders' towns, 2, in the list that a form shows for them."""
         cases = (
             ({"rows": "SELECT Name, Id FROM Towns", "bound": 1, "widths": "1440;0"}, "Malmö"),
             ({"rows": "SELECT Id, Name FROM Towns", "bound": 1, "widths": "0;1440"}, "2"),
@@ -150,7 +150,7 @@ class DescribeForms(ProgramTest):
              ("Goods", [], [["1", "tea"], ["2", "rum"]])],
             [("No", ["8"], []), ("Town", [None], []), ("Paid", ["No", "false"], []), ("Note", [None], []),
              ("Goods", [], [["3", "salt"]])]])
-        # The key is a column of the table, which the form shows by another name.
+        # The key is a column of the table that the form shows under another name.
         filtered = self.describe(self.orders(), "--object", "Order", "--records", "Number=8")
         self.assertEqual(len(ElementTree.fromstring(filtered.stdout).findall("Data/Records/Record")), 1)
 
@@ -287,7 +287,7 @@ class DescribeForms(ProgramTest):
                       self.describe(file).stderr)
 
     def test_damaged_designs_end_with_a_document(self):
-        """Bytes of the designs are changed, so that all that they say may be wrong."""
+        """Changed bytes make any part of a design wrong."""
         chance = random.Random(16)
         left_out = 0
         for _ in range(60):
@@ -306,7 +306,7 @@ class DescribeForms(ProgramTest):
 
 class DescribeLists(ProgramTest):
     def shown(self, properties, keys=((0,),)):
-        """The control of the column Town, and what it shows for 2 and for a town that there is not."""
+        """Returns the control of the column Town, and its texts for 2 and for a missing town."""
         file = AccessFile(ACE14)
         file.add_table("Towns", [Column("Id", LONG), Column("Code", TEXT), Column("Name", TEXT)],
                        [(1, "B", "Bosham"), (2, "M", "Malmö")], keys=[list(key) for key in keys])

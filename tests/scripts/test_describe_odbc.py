@@ -46,7 +46,7 @@ def run(*command, password=None, **more):
 
 
 def contents(document):
-    """The structure and the records without the spelling of stored numbers."""
+    """Returns the structure and the records with equal spelling of stored numbers."""
     root = ElementTree.fromstring(document)
     for value in root.iter("BoundValue"):
         try:
@@ -57,7 +57,7 @@ def contents(document):
 
 
 class SourceTest:
-    """The tests of every driver; the classes below provide the source."""
+    """The tests of every driver. The derived classes provide the source."""
 
     source = password = None
 
@@ -142,7 +142,7 @@ class SourceTest:
 
 
 class ServerTest(SourceTest):
-    """A server with a password. It is started once for all tests."""
+    """Tests with a server that requires a password. It is started once for all tests."""
 
     server_type = None
     listed = ()  # the arguments for the objects whose keys the driver lists, too
@@ -162,7 +162,7 @@ class ServerTest(SourceTest):
 
     @unittest.skipIf(os.environ.get("MERGELOOM_SANITIZE") == "1", "sanitizers have to be loaded first")
     def test_keys_of_single_tables_are_those_of_all(self):
-        """The driver lists the keys of a table; the database's own catalog has those of all."""
+        """Compares the keys of the driver's list with those of the database's own catalog."""
         refusing = Path(PROGRAM).with_name("test_refused_keys.so")
         self.assertTrue(refusing.exists())
         expected = self.describe(*self.listed)

@@ -145,7 +145,7 @@ class DescribeQueries(ProgramTest):
         file.add_table("Trips", [Column("Id", LONG), Column("Town", LONG), Column("Boat", TEXT), Column("Photo", OLE)],
                        [(1, 2, "Ida", GIF), (2, 1, "Per", None), (3, 2, "Ash", None), (4, 2, "Elm", None)], keys=[[0]])
         file.add_table("Towns", [Column("Id", LONG), Column("Name", TEXT)], [(1, "Bosham"), (2, "Malmö")], keys=[[0]])
-        # The catalog does not list them in the order in which they need each other.
+        # The catalog does not list them in the order of their dependencies.
         file.add_query("Named", [source("Late", "l"), source("Towns"), output("l.Number"), output("Towns.Name", "Port"),
                                  output("l.Photo"), join(INNER, "l", "Towns", "l.Town=Towns.Id"), order("Number", True)])
         file.add_query("Late", [source("Far"), output("Far.Id", "Number"), output("Town"), output("Photo"),

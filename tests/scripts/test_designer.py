@@ -24,7 +24,7 @@ from designer_window import (
     resize_active_window, size_of, stopped, type_text, wait_for, window_with_focus, xdotool,
 )
 
-# Of the line that shows where a node would land.
+# The color of the line that shows the place of a drop.
 LINE_COLOR = (0x2f, 0x7d, 0xe1)
 WHITE = (255, 255, 255)
 
@@ -45,7 +45,7 @@ class InWord(DesignerTest):
         self.assertIn("Order date", " ".join(read_docx.read_paragraphs(path)))
 
     def mapped_names(self):
-        """The names that an unattended run makes."""
+        """Returns the bookmarks of an unattended run."""
         mapped = self.folder / "mapped.docx"
         subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
         return self.names(mapped)
@@ -59,7 +59,7 @@ class InWord(DesignerTest):
         dropped = self.save_as("form.docx")
         self.assertEqual(self.names(dropped), self.mapped_names())
 
-        # The document takes no click while the office is still busy with the save before it.
+        # The document ignores clicks while the office is still busy with the last save.
         names = (f"empty{number}.docx" for number in itertools.count())
 
         def is_undone():
@@ -128,7 +128,7 @@ class InWord(DesignerTest):
         self.assertEqual(designer.status(), "“Customer” was inserted in the text, from Form \"Orders\".")
 
     def write_letter(self, lines, size=24):
-        """A letter whose words are under each point of its upper half."""
+        """Writes a letter with words under each point of its upper half."""
         path = self.folder / "letter.docx"
         letter = docx.Document()
         for _ in range(lines):
@@ -142,7 +142,7 @@ class InWord(DesignerTest):
         left, top = designer.document()
 
         def is_selected():
-            """Moves down until the point is inside of a line and not between two paragraphs."""
+            """Moves down until the point is inside a line instead of between two paragraphs."""
             nonlocal top
             top += 8
             double_click((left, top))
@@ -160,7 +160,7 @@ class InWord(DesignerTest):
         left, top = designer.document()
 
         def line_near(place):
-            # A line of text may end before the place.
+            # A line of text may end to the left of the place.
             found = places_of((place[0] - 250, place[1] - 40, 290, 80), LINE_COLOR)
             return len({y for _, y in found}) > 8 and found
         with dragging(designer.node("Customer"), (left, top)):
@@ -197,7 +197,7 @@ class InWord(DesignerTest):
         self.assertEqual(self.names(self.save_as("special.docx")), ["OptionalSpace0"])
 
     def test_without_a_mouse(self):
-        """Keys go where the focus is, wherever the mouse rests."""
+        """Keys go to the widget with the focus, wherever the mouse rests."""
         designer = self.start()
         click(designer.node("Customer"))
         point_at(designer.document())
@@ -210,7 +210,7 @@ class InWord(DesignerTest):
         self.assertEqual(self.names(self.save_as("keys.docx")), ["CustomerID", "OrderDate"])
 
     def test_keys_after_a_click_beside_the_document_do_not_go_there(self):
-        """The window manager, which is told of a click first, may be slower than the keys that follow it."""
+        """The window manager handles a click first, and may be slower than the keys that follow."""
         designer = self.start()
         self.enter_document()
         with stopped(designer_test.SCREEN.window_manager):
@@ -345,7 +345,7 @@ class InWord(DesignerTest):
         enter_search()
         designer.process.send_signal(signal.SIGSTOP)
         try:
-            # The focus moves to the window and on to the document before the program notices either.
+            # The focus moves to the window and on to the document before the program notices either step.
             xdotool("windowfocus", top)
             xdotool("windowfocus", document)
         finally:
@@ -481,7 +481,7 @@ class InWord(DesignerTest):
         self.assertEqual(merge_fields.wrong_paragraphs(saved), [])
 
     def test_a_conversion_is_one_step(self):
-        """A field whose text is the page's number does not end it."""
+        """A field with the page's number as its text does not end the conversion."""
         old = self.folder / "old.docx"
         number = merge_fields.complex_field(merge_fields.code(" QUOTE ") + merge_fields.field(" PAGE "),
                                             merge_fields.text("1"))
@@ -576,7 +576,7 @@ class InExcel(DesignerTest):
         place = designer.document()
 
         def has_input():
-            # Letters are black, or nearly so where their edges are smoothed.
+            # Letters are black, or nearly black at their smooth edges.
             return min(pixels(box.x + 250, box.y + 82, 400, 16)) < 32
         self.drop("Customer", place)
         click(place)
@@ -586,7 +586,7 @@ class InExcel(DesignerTest):
         self.picture("undone-cell")
 
     def test_a_list_of_cells_is_an_export(self):
-        """The list contains input that a cell is still taking."""
+        """The exported list contains the input of a cell that is still being edited."""
         self.start()
         self.drop("Customer")
         book = self.save_as("book.xlsx")
@@ -610,7 +610,7 @@ class MappingFirst(DesignerTest):
         return self.designer
 
     def shows(self, sentence):
-        """The button of the message, which may be about to go with its program."""
+        """Returns the button of the message, which may disappear together with its program."""
         try:
             if not self.designer.has_dialog():
                 return None
@@ -620,7 +620,7 @@ class MappingFirst(DesignerTest):
             return None
 
     def closes(self, sentence):
-        """A click that comes before the window is in its place is lost, so there may have to be another one."""
+        """Clicks until the message is closed, since a click before the window is in its place is lost."""
         button = self.shows(sentence)
         if button:
             click(middle(button))
@@ -628,7 +628,7 @@ class MappingFirst(DesignerTest):
         return not button
 
     def test_what_it_tells_comes_in_a_window(self):
-        """The status of one that failed is asked for or stays 0, and no designer follows."""
+        """The status of a failed mapping is 0 unless it is requested, and no designer is opened."""
         for options, status in (([], 0), (["--exit-status"], 1)):
             with self.subTest(options=options):
                 designer = self.start_mapping(*options, "-fields", "Nothing")

@@ -1,4 +1,4 @@
-"""Databases in the window: the choice of objects and records, progress, cancelling, and reading anew."""
+"""Tests databases in the window: the choice of objects and records, progress, cancelling, and reading again."""
 import shutil
 import sqlite3
 import subprocess
@@ -25,7 +25,7 @@ def has_sqlite_driver():
 @unittest.skipUnless(DESCRIBE.exists(), "this build has no mergeloom-describe")
 class DatabaseTest(DesignerTest):
     def begin(self, *switches, structure=None):
-        """A window without a structure document."""
+        """Opens a window, by default without a structure document."""
         self.designer = self.start_another(*switches, structure=structure)
         self.database = self.folder / "harbour.db"
         if not structure:
@@ -43,7 +43,7 @@ class DatabaseTest(DesignerTest):
         return self.box()
 
     def read(self, source):
-        """Enters a source in the dialog and has it read."""
+        """Enters a source in the dialog and starts reading it."""
         box = self.open_box()
         field = wait_for("the line of the source", lambda: find(box, "text"))[0]
         wait_for("the focus", lambda: has_focus(field))
@@ -53,7 +53,7 @@ class DatabaseTest(DesignerTest):
         return box
 
     def objects(self, box):
-        """The objects that are offered, and whether each of them is checked."""
+        """Returns the offered objects, and for each one if it is checked."""
         lists = find(box, "list")
         items = [item for each in lists if each.get_name() == "Objects of the database" for item in children(each)]
         return {item.get_name(): is_in_state(item, Atspi.StateType.CHECKED) for item in items if item is not None}
@@ -156,7 +156,7 @@ class DatabaseTest(DesignerTest):
         wait_for("the sentence", lambda: "The reading was cancelled." in self.message())
         wait_for("the end of the program", lambda: not self.describing_programs())
         self.assertEqual(list((self.designer.home / "state/mergeloom/databases").iterdir()), [])
-        # The choices are still there.
+        # The choices have been kept.
         self.assertTrue(self.objects(box)["Query Endless"])
         self.choose_records(box, 1, "3")
         self.designer.press("Open", box)

@@ -1,4 +1,4 @@
-"""What the window remembers of the user's files, and what it shows of them."""
+"""Tests the files that the window remembers, and the data that it shows about them."""
 import io
 import tempfile
 import unittest
@@ -25,7 +25,7 @@ CONTROL = """<w:sdt {ns}><w:sdtPr><w:tag w:val="terms"/><w:id w:val="4711"/></w:
 
 
 def entries_of(archive):
-    """The contents of an archive's entries by their names."""
+    """Returns the contents of an archive's entries by their names."""
     with zipfile.ZipFile(io.BytesIO(archive)) as package:
         return {name: package.read(name) for name in package.namelist()}
 
@@ -41,7 +41,7 @@ class FilesTest(DesignerTest):
         wait_for(f"the title {title}", lambda: self.designer.full_title() == title)
 
     def proposed_name(self):
-        """The name in the dialog that is open."""
+        """Returns the name in the open dialog."""
         box = self.designer.dialog()
         field = wait_for("the name", lambda: next(iter(find(box, "text")), None))
         return Atspi.Text.get_text(field, 0, -1)

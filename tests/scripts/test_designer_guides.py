@@ -1,4 +1,4 @@
-"""What the window tells a user: at the first start, in the line at the bottom, and in the list of fields."""
+"""Tests the window's guidance: at the first start, in the status line, and in the list of fields."""
 import unittest
 
 import read_xlsx

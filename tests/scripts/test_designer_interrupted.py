@@ -1,7 +1,7 @@
-"""Saves of the window that are interrupted: whatever ends or fails, the file is the former one or the new one, whole.
+"""Interrupts saves of the window. Afterwards the file must be the former one or the new one, and complete.
 
-A library that is preloaded into the program and its offices kills a process before one of its file operations, or
-lets the operation fail as on a full disk.
+A library that is preloaded into the program and its offices kills a process before one of its file operations, or makes
+the operation fail as a full disk does.
 """
 import io
 import os
@@ -65,7 +65,7 @@ class InterruptedTest(DesignerTest):
         wait_for("the end of the save", lambda: self.designer.status().startswith(SAVED))
 
     def saved_bytes(self):
-        """The file after a save that nothing interrupts."""
+        """Returns the bytes of the file after a save without an interruption."""
         self.open_and_change()
         self.press_save()
         self.wait_until_saved()
@@ -73,7 +73,7 @@ class InterruptedTest(DesignerTest):
         return self.path.read_bytes()
 
     def check_saved(self, saved):
-        """Compares the entries first, since they tell what differs."""
+        """Compares the entries first, since their difference is easier to read."""
         self.assertEqual(entries(self.path.read_bytes()), entries(saved))
         self.assertEqual(self.path.read_bytes(), saved)
 
@@ -93,7 +93,7 @@ class InterruptedTest(DesignerTest):
             self.check_opens_again(saved)
 
     def check_opens_again(self, saved):
-        """What a killed program leaves behind keeps nobody from opening and saving the file."""
+        """Opens and saves the file again, which the remains of a killed program must not prevent."""
         self.open_and_change()
         self.press_save()
         self.wait_until_saved()
@@ -143,7 +143,7 @@ class InterruptedTest(DesignerTest):
 
 
 class KilledProcesses:
-    """The tests that do not depend on the kind of document."""
+    """Tests that do not depend on the kind of document."""
 
     def test_a_killed_program_leaves_the_file_whole(self):
         self.check_killed_program()

@@ -1,4 +1,4 @@
-"""The designer's own menus, which are beside the office's."""
+"""Tests the designer's own menus, which are separate from the office's."""
 import unittest
 
 from designer_test import DesignerTest, setUpModule, tearDownModule  # noqa: F401

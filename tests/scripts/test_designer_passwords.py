@@ -1,4 +1,4 @@
-"""Files with a password in the window: the dialog, what is saved, and what is kept."""
+"""Tests files with a password in the window: the dialog, saved files, and copies."""
 import re
 import subprocess
 import sys
@@ -120,7 +120,7 @@ class InExcel(PasswordTest):
 
 class Kept(PasswordTest):
     def test_no_file_beside_the_letter_shows_its_content(self):
-        """A kept copy of a protected letter is protected, and asks when it is opened again."""
+        """A copy of a protected letter is protected, and its password is requested when it is opened again."""
         home = Path(tempfile.mkdtemp(prefix="designer-"))
         settings = home / "config" / "mergeloom" / "designer.ini"
         settings.parent.mkdir(parents=True)

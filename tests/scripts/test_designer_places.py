@@ -1,4 +1,4 @@
-"""The list of the document's places beside the document, and their marks in the tree."""
+"""Tests the list of places beside the document, and the marks of places in the tree."""
 import itertools
 import unittest
 
@@ -30,7 +30,7 @@ class PlacesTest(DesignerTest):
         return bool(cells) and "place in the document" in cells[0].get_description()
 
     def rename(self, place, name):
-        """The mouse is over the document, which must not get the keys."""
+        """Renames a place. The mouse is over the document, which must not get the keys."""
         click(self.place(place))
         self.designer.wait_until_active()
         point_at(self.designer.document())
@@ -44,13 +44,13 @@ class PlacesTest(DesignerTest):
         self.designer.wait_until_active()
 
     def look_back(self):
-        """Moves the mouse from the document to the tree, as a user does who wants to see what changed."""
+        """Moves the mouse from the document to the tree, as a user does to look at the changes."""
         point_at(self.designer.document())
         point_at(self.designer.node("Letterhead"))
 
 
     def wait_for_tip(self, name):
-        """Lets the mouse rest over the document. The first point may be beside the place."""
+        """Waits for the tip of a place under the resting mouse."""
         wait_for(f"the tip {name}", lambda: any(
             tip.get_name().startswith(name) for tip in find(self.designer.application, "tool tip")))
 
@@ -217,13 +217,14 @@ class InExcel(PlacesTest):
         self.picture("tip-cells")
 
     def frames(self):
-        """Returns the left, top, right and bottom of all frames around places that are seen; none without one."""
+        """Returns the left, top, right and bottom of all visible frames around places; none without a frame."""
         shown = places_of(self.designer.document_box(), FRAME)
         columns, rows = zip(*shown) if shown else ((), ())
         return (min(columns), min(rows), max(columns), max(rows)) if shown else None
 
     def boxes(self, count):
-        """Returns the left, top, width and height of each frame, from the top down; none for another number of them."""
+        """Returns the left, top, width and height of each frame, from the top down; none for another number of
+        frames."""
         left, top, width, height = self.designer.document_box()
         lines = set(places_of((left, top, width, height), FRAME))
         corners = sorted(((x, y) for x, y in lines if (x - 1, y) not in lines and (x, y - 1) not in lines
@@ -233,7 +234,7 @@ class InExcel(PlacesTest):
 
     @staticmethod
     def length(lines, place, step):
-        """Returns how far a line goes on from a place."""
+        """Returns the length of a line from a place."""
         return next(length for length in itertools.count()
                     if (place[0] + length * step[0], place[1] + length * step[1]) not in lines)
 

@@ -1,4 +1,4 @@
-"""The preview of the finished letter: the template filled with the records of the structure document."""
+"""Tests the preview of the finished letter, which is the template filled with the structure document's records."""
 import unittest
 
 import read_docx
@@ -25,7 +25,7 @@ class PreviewTest(DesignerTest):
         wait_for(f"the status {text}", lambda: self.designer.status().startswith(text))
 
     def press(self, name, status):
-        """Presses a key in the document and waits until the status line begins so."""
+        """Presses a key in the document and waits until the status line begins with the text."""
         wait_for("the keyboard in the document", document_has_keyboard)
         key(name)
         self.wait_for_status(status)
@@ -44,7 +44,7 @@ class PreviewTest(DesignerTest):
         return text.strip()
 
     def texts_of_records(self, *keys):
-        """Returns the text of each of the records that the keys show."""
+        """Goes to records by the keys, and returns the text of each."""
         texts = []
         for name, status in keys:
             self.press(name, status)
@@ -53,7 +53,7 @@ class PreviewTest(DesignerTest):
         return texts
 
     def undo_until(self, condition):
-        """Undoes steps until the window is as expected. Its lists are updated when the mouse comes back."""
+        """Undoes steps until the window is as expected. The lists are updated when the mouse returns."""
         def is_undone():
             wait_for("the keyboard in the document", document_has_keyboard)
             key("ctrl+z")

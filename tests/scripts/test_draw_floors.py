@@ -1,4 +1,4 @@
-"""Draws the floors of small trees, and plants each difference that tools/draw_floors.py --check is there to find."""
+"""Draws the floors of small trees, and plants each difference that tools/draw_floors.py --check has to find."""
 import subprocess
 import sys
 import tempfile
@@ -46,7 +46,7 @@ DIFFERENCES = [
 
 
 def draw(root, *options):
-    """Runs the script; returns its status and what it printed."""
+    """Runs the script. Returns its status and its output."""
     done = subprocess.run([sys.executable, DRAW, *options, root], capture_output=True, text=True, check=False)
     return done.returncode, done.stdout + done.stderr
 

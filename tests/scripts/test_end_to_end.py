@@ -1,7 +1,7 @@
-"""Runs the program as its users do and reads what it wrote with programs of other makers.
+"""Runs the program as its users do, and reads the results with other programs.
 
-MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Where MERGELOOM_VALIDATOR names a
-validator of Office Open XML, it judges every document, too.
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. If MERGELOOM_VALIDATOR names a validator of
+Office Open XML, it checks every document, too.
 """
 import json
 import os
@@ -93,12 +93,12 @@ SAMPLE_PICTURES = {"Letterhead": "pictures/letterhead.png", "Sketch": "pictures/
 
 
 def run(*arguments):
-    """Runs the program; gives the finished process with its output as text."""
+    """Runs the program. Returns the finished process with its output as text."""
     return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=60, check=False)
 
 
 def packed_entries(document):
-    """Maps each entry of an archive, in its order, to its bytes as they are packed."""
+    """Maps each entry of an archive, in its order, to its compressed bytes."""
     entries = {}
     with zipfile.ZipFile(document) as package, open(document, "rb") as archive:
         for entry in package.infolist():
@@ -116,14 +116,14 @@ class Mapping(unittest.TestCase):
         self.folder = Path(folder.name)
 
     def map(self, structure, target, *more):
-        """Maps without a user and fails the test unless the template came to be."""
+        """Maps unattended. Fails the test if there is no template."""
         done = run("--exit-status", "-xmlfile", structure, "-template", target, "-hidden", *more)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
         self.assertTrue(target.exists(), done.stdout + done.stderr)
         self.validate(target)
 
     def validate(self, document):
-        """The document keeps to the schemas of the standard."""
+        """Checks the document by the schemas of the standard."""
         if VALIDATOR:
             judged = subprocess.run([VALIDATOR, document], capture_output=True, text=True, check=False)
             self.assertEqual(json.loads(judged.stdout)["errors"], [])
@@ -134,13 +134,13 @@ class Mapping(unittest.TestCase):
         return structure
 
     def places(self, document):
-        """The bookmarks of a document that is sound."""
+        """Returns the bookmarks of a document. Fails for a document with errors."""
         found, problems = read_docx.read_bookmarks(document)
         self.assertEqual(problems, [])
         return found
 
     def places_in_lines(self, document):
-        """Each bookmark's line, name and text."""
+        """Returns each bookmark's line, name and text."""
         paragraphs = read_docx.read_paragraphs(document)
         return [
             (paragraphs[place["paragraph"]].strip(), place["name"], place["text"])
@@ -159,7 +159,7 @@ class Mapping(unittest.TestCase):
                     self.assertIn(main_type, package.read("[Content_Types].xml").decode())
 
     def foreign_documents(self):
-        """Documents that python3-docx and LibreOffice wrote, with a header, a table, a picture and styles."""
+        """Returns documents by python3-docx and LibreOffice, with a header, a table, a picture and styles."""
         document = docx.Document()
         document.sections[0].header.paragraphs[0].text = "Harbour & Pine"
         document.add_heading("Old heading", 1)
@@ -185,7 +185,7 @@ class Mapping(unittest.TestCase):
                 self.check_old_body(source, target)
 
     def check_old_body(self, source, target):
-        """What stood in the body stands behind the new lines, element by element as it was."""
+        """The former content of the body follows the new lines, with the same elements."""
         def children(document):
             body = read_docx.open_package(document).main_document_part.document.element.body
             return [etree.tostring(child, method="c14n") for child in body]
@@ -210,7 +210,7 @@ class Mapping(unittest.TestCase):
         self.assertEqual(target.read_text(), "precious")
 
     def test_all_objects(self):
-        """Each template of a database is the one that the object gets alone."""
+        """Each template of a database equals that of a run for its object alone."""
         structure = self.folder / "database.xml"
         structure.write_text(FORM.replace("</Database>", FORM_OF_ITS_OWN + "</Database>"), encoding="utf-8")
         done = run("--list-objects", "--json", "-xmlfile", structure)
@@ -254,7 +254,7 @@ class Mapping(unittest.TestCase):
         self.check_shown(target)
 
     def check_pictures(self, target):
-        """The places of pictures hold the sample's own, byte for byte, and no other place holds one."""
+        """Places of pictures have the sample's pictures byte for byte, and other places have none."""
         held = {place["name"]: place["pictures"] for place in self.places(target) if place["pictures"]}
         self.assertEqual(held.keys(), SAMPLE_PICTURES.keys())
         with zipfile.ZipFile(target) as package:

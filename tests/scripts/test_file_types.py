@@ -17,7 +17,7 @@ from access_file import ACE14, JET4, AccessFile
 
 DATA = Path(os.environ["MERGELOOM_ROOT"]) / "data"
 SYSTEM = Path("/usr/share/mime/packages/freedesktop.org.xml")
-# The desktop's own library finds the type of a file; its folders are read when it is loaded.
+# The desktop's own library finds the type of a file. It reads its folders when it is loaded.
 ASK = """
 import sys
 from gi.repository import Gio

@@ -62,7 +62,7 @@ def rows_of(table):
 
 
 def place(name, number, properties=""):
-    """The elements of a place that shows its own name."""
+    """Returns the elements of a place that shows its own name."""
     space = nsdecls("w")
     return [parse_xml(xml) for xml in (
         f'<w:bookmarkStart {space} w:id="{number}" w:name="{name}"/>',
@@ -98,16 +98,17 @@ class Filling(ProgramTest):
         return docx.Document(document)
 
     def orders(self, count, lines=2, change=lambda number, record: None):
-        """Writes a structure document with so many orders of so many lines; gives its path."""
+        """Writes a structure document with the given numbers of orders and of lines. Returns its path."""
         return fill_data.write_orders(SAMPLE, self.folder / "data.xml", count, lines, change)
 
     @staticmethod
     def joined(path):
-        """The text of a document without the white space between its elements."""
+        """Returns the text of a document without the white space between its elements."""
         return re.sub(r">\s+<", "><", path.read_text(encoding="utf-8"))
 
     def designed(self):
-        """The template after its user changed it: a place in the header, a totals row, bold text in the pattern."""
+        """Returns the template after changes by its user: a place in the header, a row of totals, bold text in the
+        pattern."""
         document = docx.Document(self.template)
         header = document.sections[0].header.paragraphs[0]
         header.text = "Order "
@@ -165,7 +166,7 @@ class Filling(ProgramTest):
         whole.mkdir()
         parts.mkdir()
         self.fill("--output", whole / "{OrderNumber}.docx", data=data)
-        # Several runs at the same time write the same files as one run.
+        # Several simultaneous runs write the same files as one run.
         runs = [subprocess.Popen([PROGRAM, "--fill", self.template, "--data", data, "--output",
                                   parts / "{OrderNumber}.docx", "--records", numbers],
                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -210,7 +211,7 @@ class Filling(ProgramTest):
         self.assertIn((pictures / "letterhead.png").read_bytes(), parts_of(letter).values())
 
     def test_pictures_at_places_of_text(self):
-        """A wide picture is scaled down to its cell, and leaves nothing for the next record."""
+        """A wide picture is reduced to the width of its cell, and does not affect the next record."""
         document = docx.Document()
         cell = document.add_table(1, 2).rows[0].cells[0]
         for element in place("Sketch", 900):
@@ -266,7 +267,7 @@ class Filling(ProgramTest):
                 self.assertIsNone(package.testzip())
 
     def test_names_of_places(self):
-        """Bookmarks hold 40 characters of a name; a place may be repeated more often than nine times."""
+        """Bookmarks have 40 characters of a name, and a place may be repeated more than nine times."""
         name = "AVeryLongNameOfAControlThatHas45CharactersIn1"
         data, template, letter = (self.folder / file for file in ("data.xml", "long.docx", "letter.docx"))
         value = "x" * 1_000_000

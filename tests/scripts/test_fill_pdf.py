@@ -14,12 +14,12 @@ from docx.oxml.ns import nsdecls
 import fill_data
 from program_test import SAMPLE, ProgramTest, map_sample
 
-# The parts that differ between two conversions of one document.
+# The parts in which two conversions of one document differ.
 TIMES = re.compile(rb"/CreationDate\(D:[^)]*\)|/DocChecksum /[0-9A-F]{32}|<[0-9A-F]{32}>")
 
 
 def pages_of(file):
-    """The text of each page."""
+    """Returns the text of each page."""
     done = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True)
     return done.stdout.split("\f")[:-1]
 
@@ -33,7 +33,7 @@ def output_of(*command):
 
 
 def seen_in(file):
-    """Returns what a reader gets of a file: its properties, fonts, drawn pages, and its text in reading order.
+    """Returns the properties, the fonts, the drawn pages and the text in reading order of a file.
 
     LibreOffice 25.2 has one element for a whole document in the order of reading, and one for each page when the file
     has other pages than the first ones; they are equal for a reader.
@@ -83,7 +83,7 @@ class FillingPdf(ProgramTest):
         return target
 
     def fill_both_ways(self, template):
-        """Fills all records at once and one of them alone; returns the folder of all and the file of the one."""
+        """Fills all records at once and one of them alone. Returns the folder of all and the file of the one."""
         data = self.orders()
         together, alone = self.folder / "together", self.folder / "alone.pdf"
         together.mkdir()
@@ -105,7 +105,7 @@ class FillingPdf(ProgramTest):
             self.assertEqual(ours, theirs)
 
     def test_records_that_depend_on_their_document(self):
-        """The number of pages is that of the record, not of all converted records."""
+        """The number of pages is that of the record instead of all converted records."""
         def add_total(document):
             footer = document.sections[0].footer.paragraphs[0]
             footer.add_run("Pages: ")
@@ -130,13 +130,13 @@ class FillingPdf(ProgramTest):
         return template
 
     def test_lists_begin_again(self):
-        """Paragraphs may be numbered by their styles."""
+        """Styles may number paragraphs."""
         template = self.listed("List Number")
         together, alone = self.fill_both_ways(template)
         for file in together.iterdir():
             self.assertEqual(re.findall(r"(\d+)\. +item", "".join(pages_of(file))), ["1"])
         self.assertEqual(without_times(together / "N-00002.pdf"), without_times(alone))
-        # In one document for all, too.
+        # The same holds for one document of all records.
         book = self.folder / "book.pdf"
         self.fill("--one-document", "--output", book, template=template, data=self.orders())
         self.assertEqual(re.findall(r"(\d+)\. +item", "".join(pages_of(book))), ["1"] * len(self.LINES))

@@ -1,9 +1,7 @@
-"""Maps into every format and out of every one, and reads the results with LibreOffice, pdftotext and as texts.
+"""Maps to and from every format, and reads the results with LibreOffice, with pdftotext and as texts.
 
-The runs are chained: each builds on the file of the former one and writes the next format, so one run tells of the
-reading of one format and of the writing of another.
-
-MERGELOOM names the program.
+The runs are chained: each one maps into the file of the former run and writes the next format, so one run tests the
+reading of one format and the writing of another. MERGELOOM names the program.
 """
 import os
 import re
@@ -27,7 +25,7 @@ FORM = """<db><Form Name="Letter" CurrentView="1"><Control Name="Customer" Capti
 LINES = ["Client: Customer", "Size: Größe"]
 CELLS = [["Client", "[Customer]"], ["Size", "[Größe]"]]
 
-# How the texts among the formats are written.
+# The encodings and separators of text formats.
 TEXTS = {".csv": ("utf-8", ","), ".txt": ("utf-16", "\t"), ".prn": ("utf-8", None)}
 
 NOT_WRITTEN = {
@@ -43,13 +41,13 @@ SPREADSHEET_2003 = """<?xml version="1.0"?><?mso-application progid="Excel.Sheet
 
 
 def lotus_worksheet(text):
-    """A worksheet of Lotus 1-2-3 (WK1) with a text in its fifth row: the records begin, label and end."""
+    """Returns a worksheet of Lotus 1-2-3 (WK1) with a text in its fifth row: the records begin, label and end."""
     label = struct.pack("<BHH", 0xFF, 0, 4) + b"'" + text.encode("ascii") + b"\0"
     return struct.pack("<HHH", 0, 2, 0x0406) + struct.pack("<HH", 15, len(label)) + label + struct.pack("<HH", 1, 0)
 
 
 def without_office():
-    """The environment of a run that finds no LibreOffice."""
+    """Returns the environment of a run that finds no LibreOffice."""
     return {**os.environ, "MERGELOOM_SOFFICE": "/nowhere/soffice"}
 
 
@@ -72,7 +70,7 @@ class Formats(unittest.TestCase):
         return self.run_program("-hidden", "-xmlfile", "form.xml", *arguments, **options)
 
     def chain(self, excel, extensions, source):
-        """Maps into a file of each extension, building on the one before, and gives the files."""
+        """Maps into a file of each extension, each time from the former one, and returns the files."""
         made = []
         for number, extension in enumerate(extensions):
             target = source.with_name(f"{source.stem}{number}{extension}")
@@ -82,7 +80,7 @@ class Formats(unittest.TestCase):
         return made
 
     def by_libreoffice(self, paths, extension):
-        """What LibreOffice writes of the files, all in one run; a dictionary by the extensions of the files."""
+        """Converts the files by LibreOffice in one run. Returns the results by the extensions of the files."""
         written = self.folder / "office"
         profile = f"-env:UserInstallation={(self.folder / 'profile').as_uri()}"
         command = ["soffice", profile, "--headless", "--norestore", "--convert-to", extension, "--outdir", written]
@@ -90,7 +88,7 @@ class Formats(unittest.TestCase):
         return {path.suffix: written / f"{path.stem}.{extension}" for path in paths}
 
     def names_in(self, document):
-        """The bookmarks of a document without their counters."""
+        """Returns the bookmarks of a document without their counters."""
         found, problems = read_docx.read_bookmarks(document)
         self.assertEqual(problems, [])
         return sorted(re.sub(r"_ref\d+$", "", bookmark["name"]) for bookmark in found)
@@ -102,7 +100,7 @@ class Formats(unittest.TestCase):
         (self.folder / "page.htm").write_text("<html><body><p>Dear</p></body></html>", encoding="utf-8")
         holding = [".doc", ".dot", ".rtf", ".odt", ".xml"]
         made = self.chain([], [*holding, ".docx", ".htm"], self.folder / "given.docx")
-        # Its first place is where the caret comes up, so nothing more goes into the page.
+        # The caret of this page is at its first place, so nothing more is inserted into it.
         pages = self.chain([], [".txt", ".pdf"], self.folder / "page.htm")
         pages += self.chain([], [".html"], pages[0])
         documents = self.by_libreoffice(made[:len(holding)], "docx")
@@ -123,7 +121,7 @@ class Formats(unittest.TestCase):
 
     @staticmethod
     def text_of(path):
-        """The text of a document, read by other programs than ours."""
+        """Returns the text of a document, as read by other programs."""
         if path.suffix == ".txt":
             return path.read_text(encoding="utf-8-sig")
         if path.suffix == ".docx":
@@ -152,7 +150,7 @@ class Formats(unittest.TestCase):
             self.assertEqual((names["ammCustomer"], names["ammGröße"]), ("Data!$B$1", "Data!$B$2"))
 
     def rows_of(self, path):
-        """The texts of the cells, read by other programs than ours."""
+        """Returns the texts of the cells, as read by other programs."""
         if path.suffix == ".xlsx":
             return [row[:2] for row in read_xlsx.read_texts(path)]
         if path.suffix.startswith(".htm"):
