@@ -37,7 +37,7 @@ def form(count):
 
 @dataclass
 class Kind:
-    """One of the two kinds of document: its switches and extensions, the one with macros too, and a file of it."""
+    """A kind of document with its switches, its extensions with and without macros, and a file of it."""
     name: str
     switches: list
     extension: str
@@ -112,7 +112,7 @@ BODIES = {
 
 
 def make_with_trace(path, trace):
-    """An open document whose macro writes a file when it is opened."""
+    """Writes an OpenDocument file with a macro that writes a file when it is opened."""
     short_type, body = BODIES[path.suffix[1:]]
     media_type = "application/vnd.oasis.opendocument." + short_type
     entries = {
@@ -126,7 +126,7 @@ def make_with_trace(path, trace):
 
 
 def put_macros(source, path, kind):
-    """Makes of a document one of the kind with macros, as other programs write it."""
+    """Writes a document with macros, made from one without them, as other programs write it."""
     main = {"docx": "word/document.xml", "xlsx": "xl/workbook.xml"}[kind.extension]
     folder, part = main.split("/")
     types = {"docx": ("application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml",
@@ -149,7 +149,7 @@ def put_macros(source, path, kind):
 
 
 def processes_naming(text):
-    """The numbers and command lines of the processes whose command lines hold a text."""
+    """Returns the numbers and command lines of the processes whose command lines contain a text."""
     found = {}
     for entry in Path("/proc").iterdir():
         try:
@@ -212,7 +212,7 @@ class LibreOffice(unittest.TestCase):
         self.assert_nothing_left(documents)
 
     def program(self, script):
-        """A program that stands for the office."""
+        """Writes a program that replaces the office."""
         path = self.folder / "soffice"
         path.write_text(f"#!/bin/sh\n{script}\n")
         path.chmod(0o755)
@@ -258,7 +258,7 @@ class LibreOffice(unittest.TestCase):
                 if Path(line.split("\0")[0]).name == "soffice.bin"]
 
     def has_worked(self, seconds):
-        """Whether the office has used that much of a processor's time."""
+        """Returns true if the office has used that much processor time."""
         ticks = 0
         for number in self.workers():
             try:
@@ -269,7 +269,7 @@ class LibreOffice(unittest.TestCase):
         return ticks >= seconds * os.sysconf("SC_CLK_TCK")
 
     def run_and_kill(self, kind, victim, moment, *switches):
-        """Kills the office or the program when the office has worked for a while. Gives the run's status."""
+        """Kills the office or the program after the office has worked for a while. Returns the status of the run."""
         run = self.start(kind, *switches, structure="many.xml")
         self.addCleanup(run.kill)
         self.assertTrue(until(lambda: run.poll() is not None or self.has_worked(moment), RUN_BOUND))
@@ -295,7 +295,7 @@ class LibreOffice(unittest.TestCase):
                         before = existing.read_bytes()
                         status = self.run_and_kill(kind, victim, moment, "-usedocument", existing)
                         self.assert_nothing_left([existing.name])
-                        # It may be killed after the file was replaced.
+                        # The run may have been killed after the file was replaced.
                         if status == 0 or existing.read_bytes() != before:
                             self.assertEqual(kind.count_places(existing), MANY)
                         failures += status != 0

@@ -1,4 +1,4 @@
-"""Tests which sources tools/lint.py --changed looks at, in small repositories; clang-tidy itself is not started."""
+"""Tests the choice of sources by tools/lint.py --changed in small repositories. clang-tidy itself is not started."""
 import contextlib
 import importlib.util
 import io
@@ -20,7 +20,7 @@ SOURCES = {
     "tests/app/MainTest.cpp": '#include "doubles/Disk.h"\n',
 }
 
-# The change, the sources that are needed for it, and those that only include something that changed.
+# The change, the sources that are needed for it, and those that only include a changed file.
 CHANGES = [
     ("a source", {"app/Main.cpp": "// New\n"}, ["app/Main.cpp"], []),
     ("a header with a source of its own", {"base/Text.h": "// New\n"}, ["base/Text.cpp"], ["app/Main.cpp"]),
@@ -35,7 +35,7 @@ CHANGES = [
 
 
 def load(root):
-    """Loads the tool as if it lay in the folder."""
+    """Loads the tool as if it were in the folder."""
     spec = importlib.util.spec_from_file_location("lint", TOOL)
     tool = importlib.util.module_from_spec(spec)
     spec.loader.exec_module(tool)
@@ -44,7 +44,7 @@ def load(root):
 
 
 def setUpModule():
-    # Whoever runs the tests may have set them for the sources of the project itself.
+    # These variables may be set for the sources of the project itself.
     for name in ("MERGELOOM_LINT_BASE", "MERGELOOM_LINT_MOST"):
         os.environ.pop(name, None)
 
@@ -73,7 +73,7 @@ class ChangedSources(unittest.TestCase):
         self.git("commit", "-q", "-m", "Change")
 
     def narrow(self, **environment):
-        """Returns the chosen sources and what the tool said."""
+        """Returns the chosen sources and the output of the tool."""
         sources = sorted(self.root.rglob("*.cpp"))
         includes = {source: self.tool.included_files(source, {}) for source in sources}
         said = io.StringIO()

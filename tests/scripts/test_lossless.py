@@ -1,4 +1,4 @@
-"""Maps into documents that other programs wrote: all that the mapping did not touch has to stay as it was.
+"""Maps into documents of other programs. Content outside of the mapping must not change.
 
 MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources.
 """
@@ -29,7 +29,7 @@ FORM = """<Database><Form Name="Letter" CurrentView="1" DefaultView="0" HasRecor
 
 
 def raw_entries(path):
-    """The entries of an archive in their order, each with its local header and packed bytes."""
+    """Returns the entries of an archive in their order, each with its local header and compressed bytes."""
     data = path.read_bytes()
     entries = {}
     with zipfile.ZipFile(path) as archive:
@@ -41,7 +41,8 @@ def raw_entries(path):
 
 
 def events_of(path):
-    """The main part as a flat list of what begins, what ends and what stands between."""
+    """Returns the main part as a flat list of starts and ends of elements and of comments, each with the text after
+    it."""
     with zipfile.ZipFile(path) as archive:
         root = etree.fromstring(archive.read(MAIN))
     events = []
@@ -56,7 +57,7 @@ def events_of(path):
 
 
 def added_to(before, after):
-    """What has to go from one list so that it is the other; fails when anything of that is missing."""
+    """Returns the events that have been added to a list. Fails if an event is missing."""
     added, rest = [], iter(before)
     wanted = next(rest, None)
     for event in after:
@@ -69,7 +70,7 @@ def added_to(before, after):
 
 
 def words_shown(document, folder):
-    """The words of a document as LibreOffice prints them."""
+    """Returns the words of a document as LibreOffice prints them."""
     copy = folder / f"shown-{document.name}"
     copy.write_bytes(document.read_bytes())
     pdf = copy.with_suffix(".pdf")
@@ -100,7 +101,7 @@ class Lossless(unittest.TestCase):
         return target
 
     def test_the_documents_hold_what_is_hard(self):
-        """LibreOffice did write what the sources ask for; else the rest of the test would show little."""
+        """LibreOffice has written the features of the sources, without which the other tests would prove little."""
         tags = {event[0] for event in events_of(self.documents["flat"])}
         for name in ("tbl", "ins", "del", "fldChar", "hyperlink", "commentRangeStart", "footnoteReference",
                      "bookmarkStart", "sectPr", "drawing", "txbxContent", "sdt"):
@@ -121,7 +122,7 @@ class Lossless(unittest.TestCase):
 
     @staticmethod
     def properties_in(document):
-        """The elements that a new paragraph may take over from the first one's formatting."""
+        """Returns the elements that a new paragraph may take over from the first one's formatting."""
         with zipfile.ZipFile(document) as archive:
             root = etree.fromstring(archive.read(MAIN))
         paragraph = next(root.iter(W + "p"))

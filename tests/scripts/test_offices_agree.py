@@ -1,7 +1,7 @@
-"""Maps with the embedded office and with LibreOffice and compares what python3-docx and openpyxl read.
+"""Maps with the embedded office and with LibreOffice, and compares the results as read by python3-docx and openpyxl.
 
-MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Without the module for LibreOffice there is
-nothing to compare.
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Without the module for LibreOffice the tests are
+skipped.
 """
 import os
 import subprocess
@@ -41,7 +41,7 @@ PRODUCTS = """<Database><Table Name="Products" CurrentView="2"><Controls>
 
 
 def shape_of_word(path):
-    """Everything that the two offices have to agree on in a document."""
+    """Returns the parts of a document that must be equal for the two offices."""
     found, problems = read_docx.read_bookmarks(path)
     return {
         "places": sorted((place["name"], place["text"].rstrip("\r"), len(place["pictures"])) for place in found),
@@ -106,7 +106,7 @@ class OfficesAgree(unittest.TestCase):
                 self.assertTrue(shape["places"])
 
     def test_documents_that_hold_tables(self):
-        """The caret stands before the tables; what is dropped must leave them and their bookmarks as they are."""
+        """The caret is before the tables, and a drop must leave them and their bookmarks unchanged."""
         given = self.folder / "given.docx"
         document = docx.Document()
         document.add_paragraph("first")
@@ -123,7 +123,7 @@ class OfficesAgree(unittest.TestCase):
                 self.assertIn("between", shape["paragraphs"])
 
     def test_mapped_twice(self):
-        """A table takes the place of the earlier one, whichever office wrote that."""
+        """A table replaces the former one of either office."""
         shapes = []
         for first, second in (OFFICES, OFFICES[::-1]):
             target = self.folder / f"{first}.docx"
@@ -135,7 +135,7 @@ class OfficesAgree(unittest.TestCase):
         self.assertEqual(len(shapes[0]["tables"]), 1)
 
     def convert(self, office, source, status=0):
-        """The converted document, if any, and the program's report or complaint."""
+        """Returns the converted document, if there is one, and the program's report or complaint."""
         target = self.folder / f"{office}.docx"
         done = subprocess.run([PROGRAM, "--office=" + office, "--convert-fields", source, "--output", target],
                               capture_output=True, text=True, timeout=120, check=False)
@@ -155,7 +155,7 @@ class OfficesAgree(unittest.TestCase):
                 self.assertEqual(report, merge_fields.REPORT)
 
     def test_converted_conditions(self):
-        """LibreOffice reads no IF field with its code, so it must not write one without."""
+        """LibreOffice does not read the code of IF fields, so it must not write one without it."""
         source = self.folder / "conditions.docx"
         nested = complex_field(code(" IF ") + field(" MERGEFIELD X ") + code(' = "M" "Mr" "Ms" '), text("Ms"))
         merge_fields.write(source, [text("a ") + runs + text(" b")

@@ -1,4 +1,4 @@
-"""Saves files of other programs from LibreOffice after drops: nothing is asked, and what was not edited stays.
+"""Saves files of other programs from LibreOffice after drops, which must ask nothing and must not change other content.
 
 MERGELOOM_ROOT names the folder of the sources and MERGELOOM the program, beside which save_files is.
 bench/saved_rates.py does the same with many more files.
@@ -19,7 +19,7 @@ PICTURE = ROOT / "samples" / "pictures" / "letterhead.png"
 SAVER = Path(os.environ["MERGELOOM"]).parent / "save_files"
 STRUCTURE = ROOT / "tests" / "scripts" / "saved_fields.xml"
 
-# With many features in one file, so that the test takes seconds.
+# Each file has many features, so the test takes seconds.
 DOCUMENTS = {
     "marks.docx": ("marks", "field", "link", "looks", "list", "header"),
     "boxes.docx": ("alternate", "grid table", "footnote", "bidi", "columns"),

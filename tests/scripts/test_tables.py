@@ -36,7 +36,7 @@ ORDER = """<Database><Form Name="Order" CurrentView="1"><Controls>
 
 
 def wide(columns):
-    """A table of so many fields."""
+    """Returns a table with a number of fields."""
     controls = "".join(f'<Control Name="F{i}" ControlType="Textbox"/>' for i in range(columns))
     return f'<Database><Table Name="Wide" CurrentView="2">{controls}</Table></Database>'
 
@@ -54,7 +54,7 @@ class Tables(unittest.TestCase):
             [PROGRAM, "--exit-status", *map(str, arguments)], capture_output=True, text=True, timeout=60, check=False)
 
     def map(self, structure, *more):
-        """Maps to a new document and reads its bookmarks, which must be sound."""
+        """Maps to a new document and returns its bookmarks. Fails for a document with errors."""
         target = self.folder / f"mapped{len(list(self.folder.iterdir()))}.docx"
         done = self.run_mapping(structure, target, "-hidden", *more)
         self.assertEqual(done.returncode, 0, done.stderr)
@@ -70,7 +70,7 @@ class Tables(unittest.TestCase):
         self.assertFalse(target.exists())
 
     def tables_in_office(self, document):
-        """The document's tables after LibreOffice has read and written it."""
+        """Returns the document's tables after LibreOffice has read and written it."""
         written = self.folder / "office"
         subprocess.run([SCRIPTS / "convert.sh", "docx", document, written], check=True, timeout=120)
         return read_docx.read_tables(written / document.name)

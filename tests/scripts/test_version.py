@@ -1,5 +1,5 @@
 """Compares the version of the program, the manual page and the package, and plants each mismatch that
-tools/check_version.py is there to find.
+tools/check_version.py has to find.
 
 MERGELOOM names the program in its build folder, MERGELOOM_ROOT the folder of the sources.
 """
@@ -37,7 +37,7 @@ def git(root, *arguments):
 
 
 def check(heading, tags):
-    """Runs the check over a repository of version 1.2.3; returns its status and what it printed."""
+    """Runs the check in a repository of version 1.2.3. Returns its status and its output."""
     with tempfile.TemporaryDirectory() as folder:
         root = Path(folder)
         (root / "CMakeLists.txt").write_text("project(Mergeloom VERSION 1.2.3 LANGUAGES CXX)\n")

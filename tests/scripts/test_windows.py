@@ -1,5 +1,5 @@
-"""Runs the programs for Windows under Wine and those for Linux with the same arguments: what they write is the same,
-byte for byte.
+"""Runs the programs for Windows under Wine and those for Linux with the same arguments, and compares the bytes of their
+files.
 
 MERGELOOM_WINDOWS and MERGELOOM_LINUX name the folders of the programs, MERGELOOM_ROOT the folder of the sources.
 """
@@ -32,7 +32,7 @@ BOOK = ["-excel", "-xmlfile", "orders.xml", "-template", "order.xlsx", "-hidden"
 RECORDS = ["harbour.db", "--object", "Orders", "--records", "all", "--output", "records.xml"]
 OF_RECORDS = ["-xmlfile", "records.xml", "-template", "letter.docx", "-hidden"]
 
-# Each row: what it is about, and the calls made one after the other in a folder of their own.
+# Each row has a title and the calls that are made one after the other in a folder of their own.
 RUNS = [
     ("a document", [("mergeloom", MAPPED)]),
     ("a form as a template",
@@ -61,7 +61,7 @@ RUNS = [
     ("records and their workbooks",
      [("mergeloom", ["-excel", "-xmlfile", "records.xml", "-template", "book.xlsx", "-hidden"]),
       ("mergeloom", ["--fill", "book.xlsx", "--data", "records.xml", "--output", "{OrderNumber}.xlsx"])]),
-    # Without records, since those show dates and numbers as each system's user writes them.
+    # There are no records, since dates and numbers in them depend on the conventions of each system.
     ("a database", [("mergeloom-describe", ["harbour.db", "--output", "harbour.xml"]),
                     ("mergeloom-describe", ["harbour.db"]), ("mergeloom-describe", ["harbour.db", "--list"])]),
     ("errors", [("mergeloom", ["--exit-status", "-xmlfile", "none.xml", "-template", "a.docx", "-hidden"]),
@@ -71,7 +71,7 @@ RUNS = [
 
 
 def run(command, folder, **more):
-    """Runs the command in the folder; returns its status, its output and its errors."""
+    """Runs the command in the folder. Returns its status, its output and its errors."""
     environment = dict(os.environ, LC_ALL="C.UTF-8", WINEDEBUG="-all")
     done = subprocess.run([str(word) for word in command], cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
                           env=environment, timeout=300, check=False, **more)
@@ -106,7 +106,7 @@ class SameResults(unittest.TestCase):
                     native = run([LINUX / program, *arguments], here)
                     foreign = run(windows(program, *arguments), there)
                     self.assertEqual(native[:2], foreign[:2], (arguments, native[2], foreign[2]))
-                    # Sentences name files as each system writes them.
+                    # Sentences contain the names of files in the notation of each system.
                     self.assertEqual(len(native[2].splitlines()), len(foreign[2].splitlines()),
                                      (native[2], foreign[2]))
                 ours = {file.relative_to(here): file.read_bytes() for file in here.rglob("*") if file.is_file()}
@@ -118,7 +118,7 @@ class SameResults(unittest.TestCase):
 
 
 class Windows(SameResults):
-    """What only Windows has."""
+    """Tests of features that only Windows has."""
 
     test_of_both_systems = None
 

@@ -1,5 +1,5 @@
-"""Runs the program for Windows with `--office=com` under Wine, where a double is registered in place of Word and Excel: what
-it writes is what the embedded office writes, byte for byte.
+"""Runs the program for Windows with `--office=com` under Wine, where a double is registered in place of Word and Excel,
+and compares the bytes of its files with those of the embedded office.
 
 MERGELOOM_WINDOWS and MERGELOOM_LINUX name the folders of the programs, MERGELOOM_ROOT the folder of the sources.
 """
@@ -19,7 +19,7 @@ WORD = ("Word.Application", "{2F6B6C0A-5D0E-4D1B-8E77-419A602B3C11}")
 EXCEL = ("Excel.Application", "{2F6B6C0A-5D0E-4D1B-8E77-419A602B3C12}")
 LONGEST = 60  # seconds, after which a test has failed
 
-# Each row: a title, and the calls that are made one after the other in a folder of their own.
+# Each row has a title and the calls that are made one after the other in a folder of their own.
 RUNS = [
     ("a document", [["-xmlfile", "orders.xml", "-template", "order.docx", "-hidden"]]),
     ("a form as a template", [["-xmlfile", "orders.xml", "-template", "form.dotx", "-hidden", "formview"]]),
@@ -61,7 +61,7 @@ def unregister(class_):
 
 
 def servers():
-    """The processes of the double."""
+    """Returns the processes of the double."""
     found = []
     for entry in Path("/proc").glob("[0-9]*/cmdline"):
         try:
@@ -137,7 +137,7 @@ class InstalledOffice(test_windows.SameResults):
 
     def test_an_office_ends_with_a_run_that_is_ended_by_force(self):
         folder = self.folder("killed")
-        # Its twelfth call does not return. Wine does not start a class again whose program was ended by force.
+        # The twelfth call of the double never returns. Wine does not start a class again after its program was killed.
         identifier = "{" + str(uuid.uuid4()).upper() + "}"
         register((WORD[0], identifier), f"--word {identifier} --fault 4 12 1")
         self.addCleanup(register, WORD)

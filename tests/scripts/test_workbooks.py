@@ -1,8 +1,8 @@
-"""Maps into workbooks, from empty ones and into those that other programs wrote, and reads them back with
-python3-openpyxl and LibreOffice. All that a mapping did not touch has to stay as it was.
+"""Maps into new workbooks and into those of other programs, and reads the results with python3-openpyxl and
+LibreOffice. Content outside of the mapping must not change.
 
-MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. Where MERGELOOM_VALIDATOR names a
-validator of Office Open XML, it judges the workbooks, too.
+MERGELOOM names the program, MERGELOOM_ROOT the folder of the sources. If MERGELOOM_VALIDATOR names a validator of
+Office Open XML, it checks the workbooks, too.
 """
 import json
 import os
@@ -79,7 +79,7 @@ def root_of(path, entry):
 
 
 def canonical(element):
-    """An element as bytes that only its content decides, without the namespaces of those around it."""
+    """Returns an element as bytes that depend on its content alone, without the namespaces of elements around it."""
     return etree.tostring(element, method="c14n", exclusive=True)
 
 
@@ -112,14 +112,15 @@ class Workbooks(unittest.TestCase):
 
     @staticmethod
     def faults(workbook):
-        """What breaks the schemas of the standard; the programs that make the tests' workbooks do here and there."""
+        """Returns the violations of the standard's schemas. The programs that make the tests' workbooks have some,
+        too."""
         if not VALIDATOR:
             return []
         judged = subprocess.run([VALIDATOR, workbook], capture_output=True, text=True, check=False)
         return [(error["path"], error["description"]) for error in json.loads(judged.stdout)["errors"]]
 
     def by_libreoffice(self, workbook, extension="xlsx"):
-        """The workbook after LibreOffice has read and written it."""
+        """Returns the workbook after LibreOffice has read and written it."""
         written = self.folder / "office" / f"{workbook.stem}.{extension}"
         command = ROOT / "tests" / "scripts" / "convert.sh"
         subprocess.run([command, extension, workbook, written.parent], check=True, timeout=120)
@@ -174,7 +175,7 @@ class Workbooks(unittest.TestCase):
                 drawing = {entry for entry in before if "drawings/" in entry and entry.endswith(("g1.xml", "g1.xml.rels"))}
                 allowed = {sheet, "xl/workbook.xml", "[Content_Types].xml", *drawing,
                            sheet.replace("sheets/", "sheets/_rels/") + ".rels"}
-                # LibreOffice forgets the active cell behind frozen panes, so the header of a table is written over.
+                # LibreOffice forgets the active cell behind frozen panes, so the header of a table is overwritten.
                 overwrites = name in ("pivot", "again")
                 allowed |= {"xl/tables/table1.xml"} if name == "again" else set()
                 self.assertLessEqual(changed, allowed)
@@ -184,7 +185,7 @@ class Workbooks(unittest.TestCase):
                 self.by_libreoffice(target)
 
     def check_sheet(self, before, after, overwrites):
-        """All but the new cells is what it was, element by element."""
+        """All elements except the new cells are unchanged."""
         edited = {S + tag for tag in ("sheetData", "dimension", "sheetViews", "cols", "drawing")}
         rest = [canonical(child) for child in before if child.tag not in edited]
         self.assertEqual([canonical(child) for child in after if child.tag not in edited], rest)

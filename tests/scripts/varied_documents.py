@@ -1,4 +1,4 @@
-"""Makes Word documents of every feature alone and of mixtures, by chance but from a seed, with python3-docx and with
+"""Makes Word documents of every feature alone and of random mixtures with a fixed seed, by python3-docx and
 LibreOffice."""
 import random
 import subprocess
@@ -27,7 +27,7 @@ NAMESPACES = " ".join(f'xmlns:{prefix}="{uri}"' for prefix, uri in {
 }.items())
 WORDS = "harbour order letter invoice total customer street between delivery quantity price remark thanks".split()
 
-# Blocks of the body, a feature each. {n} is a number that is new in the document, {text} some words.
+# Blocks of the body with one feature each. {n} is a number that is new in the document, {text} some words.
 BLOCKS = {
     "field": """<w:p><w:r><w:t xml:space="preserve">{text} </w:t></w:r><w:r><w:fldChar w:fldCharType="begin"/></w:r>
 <w:r><w:instrText xml:space="preserve"> DATE \\@ "d.M.yyyy" </w:instrText></w:r><w:r><w:fldChar
@@ -203,7 +203,7 @@ def add_footnote(document, chance):
 
 
 def make_document(path, features, chance, picture):
-    """A document with the features between paragraphs, as long as a letter of some pages."""
+    """Writes a document of some pages with the features between paragraphs."""
     document = docx.Document()
     for _ in range(chance.randint(10, 30)):
         document.add_paragraph(words(chance, 30))
@@ -263,7 +263,7 @@ def move_targets(source, target):
 
 
 def by_libreoffice(folder, picture):
-    """Documents that LibreOffice converts, from its own formats and from old ones of Word."""
+    """Yields documents that LibreOffice converts, from its own formats and from old ones of Word."""
     flat = folder / "flat.fodt"
     flat.write_text(foreign_documents.flat_text(picture), encoding="utf-8")
     for extension, name in (("odt", "writer8"), ("doc", "MS Word 97"), ("rtf", "Rich Text Format")):
@@ -285,7 +285,7 @@ def make_all(folder: Path, picture: Path, mixtures: int, seed: int = 1, converte
         yield path, make_document(path, [name], random.Random(f"{seed}{name}"), picture)
     for number in range(mixtures):
         chance = random.Random(f"{seed}-{number}")
-        # A half of them has none of the features that are known as hard.
+        # Half of them have none of the features that are known to be difficult.
         pool = features if number % 2 else [name for name in features if name not in WITH_CONTROLS]
         chosen = chance.sample([name for name in pool if name != "macros"], chance.randint(2, 7))
         path = folder / f"mixture{number:03}.docx"

@@ -1,4 +1,4 @@
-"""Makes workbooks of every feature alone and of mixtures, by chance but from a seed, with python3-xlsxwriter,
+"""Makes workbooks of every feature alone and of random mixtures with a fixed seed, by python3-xlsxwriter,
 python3-openpyxl and LibreOffice."""
 import datetime
 import random
@@ -25,7 +25,7 @@ def words(chance):
 
 
 def fill(sheet, chance, book):
-    """Cells of most kinds, with the formats that each needs."""
+    """Writes cells of most kinds with the formats that each needs."""
     bold = book.add_format({"bold": True, "bg_color": "#DDEEFF"})
     money = book.add_format({"num_format": "#,##0.00 [$€-407]"})
     day = book.add_format({"num_format": "dd.mm.yyyy"})
@@ -43,7 +43,7 @@ class ByXlsxwriter:
 
     @staticmethod
     def plain(_book, _sheet, _picture):
-        """Cells alone."""
+        """Adds no feature, for a workbook with cells alone."""
 
     @staticmethod
     def rich(book, sheet, _picture):
@@ -173,7 +173,7 @@ class ByXlsxwriter:
 
 
 class ByOpenpyxl:
-    """The features that openpyxl adds to a workbook."""
+    """The features that openpyxl adds to a workbook, each as a method."""
 
     @staticmethod
     def table(_book, sheet, _picture):
@@ -215,7 +215,7 @@ class ByOpenpyxl:
         sheet["G4"], sheet["G5"] = "=1/0", "=VLOOKUP(1,A1:B2,2,FALSE)"
 
 
-# Replacements in the text of a part, for content that neither of them writes: the part, the former text and the new
+# Replacements in the text of a part, for content that neither library writes: the part, the former text and the new
 # one.
 PATCHES = {
     "inline": ("xl/worksheets/sheet1.xml", "</sheetData>", '<row r="40"><c r="A40" t="inlineStr"><is><t>inline</t></is>'
