@@ -20,7 +20,7 @@ std::string mergeField(const std::string& name) {
     return "<w:p><w:fldSimple w:instr=\"MERGEFIELD " + name + "\"/></w:p>";
 }
 
-/// Converts in place; an error's description where one is raised, else what was reported.
+/// Converts in place. Returns the description of an error, otherwise the report.
 std::string convert(const std::string& file, FileStore& files, const std::string& output = "") {
     std::ostringstream errors, report;
     ConsoleErrorHandler errorHandler{errors};
@@ -73,7 +73,7 @@ TEST(ConvertFieldsCommand, TellsWhatBecameOfTheFields) {
               "Stayed: MERGEFIELD \"\"\n"
               "The bookmark 'TOWN' stands around the last place of that name; the others are plain text.\n" +
                   kept);
-    // What is kept already is not kept twice.
+    // A second conversion keeps no further copy of the original.
     const std::string original = folder.bytesOf("letter.docx.bak");
     folder.put("letter.docx", original);
     EXPECT_THAT(convert(folder / "letter.docx", files), testing::EndsWith(kept));

@@ -48,7 +48,7 @@ std::string simple(const std::string& codeText, const std::string& result = text
            "</w:fldSimple>";
 }
 
-/// An IF field whose condition looks at something, with its texts.
+/// Returns an IF field with a condition and its two texts.
 std::string ifOf(const std::string& looksAt, const std::string& then = code("\"Mr\""),
                  const std::string& otherwise = code("\"Ms\"")) {
     return kBegin + code(" IF ") + looksAt + code(" = \"M\" ") + then + code(" ") + otherwise + kSeparate +
@@ -61,7 +61,7 @@ class Conversion : public testing::Test {
         files.files["/letter.docx"] = wordFile(body);
         return office->Documents()->Open("/letter.docx");
     }
-    /// The body after both passes, as `shownBody` shows it.
+    /// Returns the body after both passes in the notation of `shownBody`.
     std::string converted(const std::string& body) {
         errors.reports.clear();
         const word::DocumentPtr document = open(body);
@@ -71,7 +71,7 @@ class Conversion : public testing::Test {
         result = conversion.result();
         return shown(*document, files);
     }
-    /// The XML of the body after both passes.
+    /// Returns the XML of the body after both passes.
     std::string convertedXml(const std::string& body) {
         (void)converted(body);
         const std::string xml =
@@ -190,7 +190,7 @@ TEST_F(Conversion, PlacesOfFields) {
         {paragraph("<w:del w:id=\"1\">" + text("a") + "</w:del>" + town + "<w:del w:id=\"2\">" + text("b") +
                    "</w:del>"),
          "a[Town:Town]b\n"},
-        // a field that was deleted does not come back as a place
+        // a deleted field does not become a place
         {paragraph(text("a") + "<w:del w:id=\"1\">" + town + "</w:del>" + text("b")), "ab\n"},
         {paragraph("<w:del w:id=\"1\">" + text("a") + town + text("b") + "</w:del>"), "ab\n"},
     };
@@ -213,9 +213,9 @@ TEST_F(Conversion, TheTextTakesTheFormattingOfTheResult) {
         {mark("begin", italic) + code("MERGEFIELD Town", italic) + kSeparate + text("old") +
              mark("end", italic),
          ""},
-        // without a result the code is what there is
+        // a field without a result has only its code
         {kBegin + code("MERGEFIELD Town", bold) + kEnd, bold},
-        // the result of a field in the code is not the field's own
+        // the result of a field in the code is not that of the outer field
         {kBegin + code("QUOTE Town ") + field("QUOTE", text("x", italic)) + kSeparate + text("old", bold) +
              kEnd,
          bold},
@@ -263,7 +263,7 @@ TEST_F(Conversion, TellsEachFieldThatWentOrStayed) {
     EXPECT_EQ(conversionReport(result), "2 fields became 3 places, 0 were removed.\n");
 }
 
-/// Also where the field was about to be replaced when the office refused.
+/// Also tests a field that the office refuses to replace.
 TEST_F(Conversion, WhatCannotBeConvertedStaysAsItWas) {
     const std::string split =
         "<w:tbl><w:tr><w:tc>" + paragraph(text("a") + kBegin + code("QUOTE Town") + kSeparate) +
@@ -293,7 +293,7 @@ TEST_F(Conversion, TextInTheCodeOfAFieldIsCode) {
                 testing::HasSubstr("<w:instrText>Path</w:instrText>"));
 }
 
-/// A text box that is repeated, as another program would show it.
+/// Returns a text box with its copy for older programs, as another program writes it.
 std::string textBox(const std::string& content, const std::string& copy) {
     return run("<mc:AlternateContent xmlns:mc=\"m\"><mc:Choice><w:drawing><w:txbxContent>" + content +
                "</w:txbxContent></w:drawing></mc:Choice><mc:Fallback>" + copy +
@@ -319,7 +319,7 @@ TEST_F(Conversion, TheOtherBranchesOfTextBoxesFollow) {
         {textBox(paragraph(inner), picture(paragraph(inner))),
          textBox(paragraph(textBox(place, picture(placeCopy))),
                  picture(paragraph(textBox(placeCopy, picture(placeCopy)))))},
-        // copies that cannot be told apart go
+        // copies that cannot be distinguished are removed
         {textBox(inside, picture(inside) + picture(inside)),
          replaceAll(textBox(place, ""), "<mc:Fallback></mc:Fallback>", "")},
         {replaceAll(textBox(inside, inside), "w:txbxContent", "w:other"),
@@ -362,7 +362,7 @@ TEST_F(Conversion, APagesNumberInTheCodeEndsNoPass) {
     EXPECT_THAT(errors.reports, testing::IsEmpty());
 }
 
-/// Also when a field among them could not be replaced.
+/// Also tests a field between them that could not be replaced.
 TEST_F(Conversion, IsOneStep) {
     const word::DocumentPtr document = open(paragraph(field("QUOTE A") + field("MERGEFIELD ***") + text(",") +
                                                       field("MERGEFIELD B") + field("NEXT")));

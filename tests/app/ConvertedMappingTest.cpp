@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 constexpr const char* kPlaced = "Customer: [Customer:Customer]\nDear \n";
 
-/// Mappings in and out of formats that the embedded office leaves to a converter.
+/// Mappings from and to formats that the embedded office leaves to a converter.
 class ConvertedMapping : public AutoMappingTest {
   protected:
     void putDocuments() override {
@@ -25,13 +25,13 @@ class ConvertedMapping : public AutoMappingTest {
         folder.put("bad.odt", "bad");
     }
 
-    /// The text of a file in a format of Word.
+    /// Returns the text of a file in a format of Word.
     [[nodiscard]] std::string shownIn(const std::string& name, int format) const {
         const std::string bytes = folder.bytesOf(name);
         const std::string label = LabellingConverter::labelled(format, "");
         return bytes.starts_with(label) ? shownBody(bytes.substr(label.size())) : "no format " + bytes;
     }
-    /// The part of a file of a format of Excel's in which names stand.
+    /// Returns the part with the names of a file in a format of Excel.
     [[nodiscard]] std::string namesIn(const std::string& name, int format) const {
         const std::string bytes = folder.bytesOf(name);
         const std::string label = LabellingConverter::labelled(format, "");

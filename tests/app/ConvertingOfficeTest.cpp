@@ -37,7 +37,7 @@ class ConvertingOffice : public testing::Test {
     excel::ApplicationPtr excel() {
         return std::make_shared<ConvertingExcel>(makeExcelApplication(OfficeKind::Embedded, disk), converter);
     }
-    /// An error's number; 0 where none is raised.
+    /// Returns the number of the raised error; 0 for none.
     template <typename Body>
     static ErrorNumber errorOf(const Body& body) {
         try {
@@ -86,7 +86,7 @@ TEST_F(ConvertingOffice, ASaveThatFailsChangesNothingOfTheDocument) {
     EXPECT_FALSE(document->Saved());
     EXPECT_EQ(document->FullName(), folder / "letter.docx");
     EXPECT_EQ(folder.entryCount(), 3);
-    // The other office knows the temporary file now; the document still goes to its own.
+    // The other office has the temporary file now, but the document is still saved to its own file.
     document->Save();
     EXPECT_EQ(shownBody(folder.bytesOf("letter.docx")), "Hello Dear\n");
 

@@ -9,7 +9,7 @@
 namespace mergeloom {
 namespace {
 
-/// Mappings that find nothing to drop, or not all of it.
+/// Mappings that find no node, or only some of the nodes.
 class EmptyMapping : public AutoMappingTest {
   protected:
     void putDocuments() override { folder.put("labels.docx", wordFile("<w:p/>")); }

@@ -40,7 +40,7 @@ class FillTest : public testing::Test {
         options.dataFile = folder / "data.xml";
     }
 
-    /// Returns what is told, and the sentence of an error.
+    /// Returns the messages, and the sentence of an error.
     std::string fill(
         FileStore& store, const std::function<bool()>& shouldStop = [] { return false; }) {
         FileStore* converted = &store;
@@ -62,7 +62,7 @@ class FillTest : public testing::Test {
         return told.str() + report.str();
     }
 
-    /// The letters that are there; each must be whole.
+    /// Returns the existing letters, each of which must be complete.
     int letters() const {
         int count = 0;
         for (const auto& [path, bytes] : memory.files) {
@@ -129,7 +129,7 @@ TEST_F(FillTest, EndsAfterALetterWhenItIsStopped) {
     EXPECT_FALSE(memory.fileExists("/one.docx"));
 }
 
-/// Records of a subform never go missing in silence.
+/// Missing records of a subform are always reported.
 TEST_F(FillTest, RecordsWithoutARowAreTold) {
     const std::string line = "<Record><Control Name='L'><DisplayValue>x</DisplayValue></Control></Record>";
     const std::string place = placeOf("SL", 1);
@@ -236,7 +236,7 @@ TEST_F(FillTest, OtherFormatsAreConverted) {
     EXPECT_TRUE(memory.files["/letter.pdf"].starts_with("format 17\n"));
 }
 
-/// Several records share a document that is converted, unless their pages cannot be told apart.
+/// Several records share a document for the conversion, unless their pages cannot be distinguished.
 TEST_F(FillTest, RecordsAreConvertedTogether) {
     writeRecords(100);
     options.output = "/out/{No}.pdf";
@@ -260,7 +260,7 @@ TEST_F(FillTest, FilesOfSharedDocumentsAreCountedWhenTheDiskIsFull) {
         FaultyFileStore faulty(memory, call);
         const std::string told = fill(faulty);
         if (!faulty.hasFailed()) break;
-        // A template that cannot be read once more only takes longer.
+        // A template that cannot be read a second time only makes the run slower.
         if (succeeded) continue;
         const int written = filesThatBegin("record ") + filesThatBegin("format ");
         const std::string count = written == 1 ? "1 file was" : std::to_string(written) + " files were";

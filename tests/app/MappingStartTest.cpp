@@ -11,7 +11,7 @@ class MappingStart : public AutoMappingTest {
   protected:
     void putDocuments() override {}
 
-    /// Maps into a document of that body; returns its body, or what was told.
+    /// Maps into a document with the body. Returns its new body, or the messages.
     std::string mapInto(const std::string& body, const std::string& structure, const std::string& place) {
         folder.put("given.docx", wordFile(body));
         messages.messages.clear();

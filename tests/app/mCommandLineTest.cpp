@@ -9,7 +9,7 @@
 namespace mergeloom {
 namespace {
 
-/// The slots that are not empty after parsing.
+/// Returns the slots that are not empty after parsing.
 using Slots = std::map<int, std::string>;
 
 Slots slotsOf(const CommandLineText& commandLine) {
@@ -37,11 +37,12 @@ TEST(mCommandLine, ParsesTexts) {
         {"-hidden", {{7, "{empty}"}}},
         {"-hidden formview", {{7, "formview"}}},
         {R"(-template c:\my folder\t.dot -excel)", {{1, R"(c:\my folder\t.dot)"}, {9, "{empty}"}}},
-        // The first " -" lies inside quotes, so the value runs to the end, and the outer quotes alone go.
+        // The first " -" is inside quotes, so the value extends to the end, and only the outer quotes are
+        // removed.
         {R"(-template "c:\a -b\t.dot" -xmlfile x.xml)",
          {{1, R"(c:\a -b\t.dot" -xmlfile x.xml)"}, {0, "x.xml"}}},
         {R"(-template "c:\a -b\t.dot" /excel)", {{1, R"(c:\a -b\t.dot)"}, {9, "{empty}"}}},
-        // Quotes do not protect from the last prefix.
+        // Quotes do not protect the last prefix.
         {R"(-template "c:\a /b\t.dot")", {{1, R"(c:\a)"}}},
         {"-template 'c:\\a -b' -hidden", {{1, "'c:\\a -b' -hidden"}, {7, "{empty}"}}},
         {"/xmlfile a.xml -xmlfile b.xml", {{0, "b.xml"}}},
@@ -81,7 +82,7 @@ TEST(mCommandLine, ParsesArguments) {
         {{"-xmlfile", "", "-hidden", ""}, {{0, "{empty}"}, {7, "{empty}"}}},
         {{"-xmlfile", "my", "orders.xml", "-excel"}, {{0, "my orders.xml"}, {9, "{empty}"}}},
         {{"-xmlfile", "\x1Ah\x1A\xFFü.xml"}, {{0, "\x1Ah\x1A\xFFü.xml"}}},
-        // Values end where the next switch begins, whichever prefixes the two have.
+        // A value ends at the next switch, whichever prefixes the two have.
         {{"-xmlfile", "a.xml", "/hidden", "-template", "/t.dotx"},
          {{0, "a.xml"}, {7, "{empty}"}, {1, "/t.dotx"}}},
         {{"/hidden", "/xmlfile", "a.xml", "-template", "t.dotx"},

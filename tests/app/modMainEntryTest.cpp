@@ -112,7 +112,7 @@ TEST_F(EntryRoutine, WithoutHiddenTheDesignerIsStarted) {
     EXPECT_EQ(run({"--exit-status", "-xmlfile", "%/letter.xml"}), 0);
     EXPECT_THAT(designed, ElementsAre(ElementsAre("--exit-status", "-xmlfile", folder / "letter.xml")));
 
-    // The designer makes the mapping before it, for that is where the user is.
+    // The designer makes the mapping before its window opens, since the user is there.
     run({"--object=Letter", "-fields", "-xmlfile", "%/design.xml", "-template", "%/design.dotx"});
     EXPECT_EQ(designed.size(), 2U);
     EXPECT_EQ(errors.str(), "");
@@ -258,7 +258,7 @@ TEST_F(EntryRoutine, ListsThePlacesOfAWorkbook) {
     EXPECT_EQ(run({"--places", "%/none.xlsx"}), 1);
     EXPECT_THAT(errors.str(), HasSubstr("none.xlsx"));
 
-    // Both offices have files of this extension; it is Word's that would have it converted.
+    // Both offices have files with this extension, and only Word's would be converted.
     const Variable withoutConverter("MERGELOOM_SOFFICE", "/nowhere/soffice");
     folder.put("book.xml", workbookFile({{"Data"}}));
     EXPECT_EQ(run({"--places", "%/book.xml"}), 1);

@@ -15,11 +15,11 @@ namespace mergeloom::automation {
 
 namespace {
 
-/// Only objects of this process have it.
+/// The interface that only objects of this process have.
 constexpr IID kOwnInterface{0x7d0c5a1e, 0x3b42, 0x4f0e, {0x9a, 0x51, 0x2e, 0x6c, 0x1d, 0x84, 0xb7, 0x03}};
 constexpr unsigned kControlFacility = 0x800A0000;
 
-/// The count of references of an object of automation.
+/// An object of automation with a reference count.
 template <class Interface>
 class CountedReferences : public Interface {
   public:
@@ -182,7 +182,7 @@ HRESULT DoubleObject::call(const Member& member, const DISPPARAMS& parameters, V
     const std::vector<Parameter> known = parametersOf(member.parameters);
     if (parameters.cArgs > known.size()) return DISP_E_BADPARAMCOUNT;
     Given given(known.size());
-    // Arguments are in reverse order, those with names first.
+    // Arguments are in reverse order, and those with names are first.
     for (UINT number = 0; number < parameters.cArgs; ++number) {
         const bool isNamed = number < parameters.cNamedArgs;
         const auto place = isNamed ? static_cast<std::size_t>(parameters.rgdispidNamedArgs[number])
@@ -196,7 +196,7 @@ HRESULT DoubleObject::call(const Member& member, const DISPPARAMS& parameters, V
     const Value value = member.get(given);
     if (result == nullptr) return S_OK;
     *result = com::Variant(value).release();
-    // A missing result is no argument that was left out.
+    // A missing result differs from an omitted argument.
     if (value.isEmpty()) ::VariantInit(result);
     return S_OK;
 }

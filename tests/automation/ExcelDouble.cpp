@@ -44,7 +44,7 @@ DispatchPtr excelWorkbook(const excel::WorkbookPtr& workbook) {
     });
 }
 
-/// A template's file, or a kind of sheet for a new workbook.
+/// Returns the file of a template, or the kind of sheet for a new workbook.
 excel::WorkbookPtr added(excel::Workbooks& workbooks, const Value& given) {
     return workbooks.Add(given.isText() ? given.text() : "");
 }
@@ -66,7 +66,7 @@ DispatchPtr excelWorkbooks(const excel::ApplicationPtr& office) {
     });
 }
 
-/// No object (Nothing) without an active cell.
+/// Returns no object (Nothing) without an active cell.
 DispatchPtr activeCell(excel::Application& office) {
     if (office.Workbooks()->Count() == 0) return {};
     try {

@@ -13,7 +13,7 @@ namespace mergeloom::automation {
 
 namespace {
 
-/// Excel writes the sheet of a name in apostrophes where they are required.
+/// Returns the name of a sheet as Excel writes it, with apostrophes if they are required.
 std::string writtenName(const std::string& name) {
     const std::size_t mark = name.rfind('!');
     if (mark == std::string::npos) return name;
@@ -44,7 +44,7 @@ excel::DefinedNamePtr findName(excel::Names& names, const Value& index) {
     return index.isText() ? names.Item(askedName(index.text())) : names.Item(index.integer());
 }
 
-/// Null for cells that are merged only in part, as in Excel.
+/// Returns Null if only some of the cells are merged, as Excel does.
 Value mergedOf(excel::Range& range) {
     if (!range.MergeCells()) return false;
     const excel::RangePtr first = range.Cells(1, 1)->MergeArea();
@@ -152,7 +152,7 @@ DispatchPtr excelRange(const excel::RangePtr& range) {
 DispatchPtr excelSelection(const excel::ApplicationPtr& office) {
     const excel::SelectionPtr selection = office->Selection();
     if (selection->TypeName() != "Range") return makeObject({});
-    // A value is written into all areas at once; the model has the address of the active cell only.
+    // The value is written into all areas at once, but the model has only the address of the active cell.
     return makeObject({
         method("Address", "RowAbsolute?, ColumnAbsolute?, ReferenceStyle?, External?, RelativeTo?",
                [office](const Given&) { return office->ActiveCell()->AddressLocal(); }),

@@ -9,12 +9,12 @@ namespace mergeloom::automation {
 
 namespace {
 
-/// Positions are given in points as Excel returned them.
+/// The tolerance in points for positions that Excel has returned.
 constexpr double kNearly = 0.01;
 
 using SetPoints = void (excel::Picture::*)(Points);
 
-/// Returns a shape; of one that is known as a picture, the place, size and name can be set.
+/// The members of a shape. The place, size and name of pictures can be set.
 class ShapeMembers {
   public:
     ShapeMembers(excel::ShapePtr shape, excel::PicturePtr picture)
@@ -55,7 +55,7 @@ class ShapeMembers {
     excel::PicturePtr picture_;
 };
 
-/// The embedded office puts a picture at the active cell, in its natural size. Any other place is refused.
+/// The embedded office inserts a picture at the active cell in its natural size. Any other place is refused.
 DispatchPtr addPicture(excel::Worksheet& sheet, const Given& given) {
     const excel::PicturePtr picture = sheet.Pictures()->Insert(given[0].text());
     const excel::ShapesPtr shapes = sheet.Shapes();

@@ -7,7 +7,7 @@ namespace mergeloom::automation {
 
 namespace {
 
-/// Bytes as a text of automation: a character for each.
+/// Returns bytes as a text of automation with a character for each.
 std::string textOfBytes(const std::string& bytes) {
     std::string text;
     for (const char byte : bytes)

@@ -91,7 +91,7 @@ DispatchPtr wordDocuments(const word::ApplicationPtr& office) {
     });
 }
 
-/// The active document is the one that was opened last.
+/// Returns the document that was opened last as the active one.
 word::DocumentPtr activeDocument(word::Application& office) {
     const word::DocumentsPtr documents = office.Documents();
     if (documents->Count() > 0) return documents->Item(documents->Count());

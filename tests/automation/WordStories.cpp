@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kBody = "body";
 
-/// Names of stories in the order of their numbers.
+/// Sorts names of stories by their numbers.
 struct InOrder {
     bool operator()(const std::string& a, const std::string& b) const { return key(a) < key(b); }
 

@@ -19,7 +19,7 @@ using testing::HasSubstr;
 
 constexpr int kNever = 1'000'000;
 const std::string kOld = "the old file";
-/// Longer than the buffer, so that a save writes before its end.
+/// A text that is longer than the buffer, so that a save writes before its end.
 const std::string kNew(200 * 1024 + 1, 'n');
 
 void saveText(FileStore& store, const std::string& path, const std::string& text) {
@@ -73,7 +73,7 @@ TEST(DiskFileStore, LeavesTheOldFileWholeWhicheverCallFails) {
             EXPECT_TRUE(folder.bytesOf("orders.dotx") == kNew);
             break;
         }
-        // Only what comes after the rename may find the new file there, and the message says so.
+        // Only calls after the rename may find the new file, and the message must report it.
         const bool isReplaced = failure.find("was written") != std::string::npos;
         EXPECT_TRUE(folder.bytesOf("orders.dotx") == (isReplaced || failure == "no failure" ? kNew : kOld))
             << call;
@@ -105,7 +105,7 @@ TEST(DiskFileStore, BringsTheBytesToTheDiskBeforeTheNameAndThenTheName) {
                                            "rename", "fsync", "close"));
 }
 
-/// A batch that fails at any system call leaves whole files and reports the failure.
+/// A batch that fails at any system call leaves complete files and reports the failure.
 TEST(DiskFileStore, LeavesWholeFilesOfABatchWhicheverCallFails) {
     const std::vector<std::string> names{"a.docx", "b.docx"};
     for (int call = 1;; ++call) {
@@ -159,7 +159,7 @@ TEST(DiskFileStore, LetsTheWritersErrorPassAndKeepsTheOldFile) {
     EXPECT_EQ(folder.entryCount(), 1);
 }
 
-/// A system that is interrupted before every transfer and then moves only a few bytes.
+/// The calls of a system that interrupts every transfer and then moves only a few bytes.
 class HaltingCalls final : public FileSystemCalls {
   public:
     [[nodiscard]] bool flushesFileSystems() const override { return system_.flushesFileSystems(); }

@@ -27,7 +27,7 @@ class BookPictures : public BookTest {
         names("ammPicture", "$B$2");
         takes("ammPicture", {{"Picture"}});
         settings.findPicture = [this](const std::string& path) { return files.fileExists(path) ? path : ""; };
-        // Twice as high as wide.
+        // The picture is twice as high as wide.
         files.files["/tall.bmp"] = bitmap(10, 20);
         files.files["/wide.bmp"] = bitmap(20, 10);
     }
@@ -123,7 +123,7 @@ TEST_F(BookPictures, AreRepeatedWithTheRowsOfATable) {
               "<1><A1>X\n<2 ht=\"20\" customHeight=\"1\"><A2>a\n"
               "<3 ht=\"15\" customHeight=\"1\"><A3>b\n"
               "<4 ht=\"5\" customHeight=\"1\"><A4>c\n<5><A5>foot");
-    // Filled again, the repetitions of the picture go.
+    // A second filling removes the repetitions of the picture.
     const std::string again = partOf(filled(once, {{{subform("Lines", {{{shown("X", "d")}}})}}}), kDrawing);
     EXPECT_THAT(again, Not(HasSubstr("_MergeloomPicture")));
 }

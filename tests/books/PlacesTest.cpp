@@ -212,7 +212,7 @@ TEST_F(BookTest, TextsTooLongForACellAreCutAndTold) {
     files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&record, 1}, sink); });
     EXPECT_EQ(shownRows(files.files["/book.xlsx"]), "<1><A1>" + std::string(32767, 'x'));
     EXPECT_THAT(letters->remarks(), ElementsAre(HasSubstr("A value of A is longer")));
-    // The text is not cut inside of a character, and is not too long.
+    // The text is not cut inside a character, and is not too long.
     const Record wide{{shown("A", std::string(32766, 'x') + "\U0001F600")}};
     files.save("/book.xlsx", [&](ByteSink& sink) { letters->write({&wide, 1}, sink); });
     EXPECT_EQ(shownRows(files.files["/book.xlsx"]), "<1><A1>" + std::string(32766, 'x'));

@@ -8,7 +8,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-/// A workbook with captions in row 1, the fields X and Y of lines in row 2, and what a test adds below.
+/// A workbook with captions in row 1, the fields X and Y of lines in row 2, and the test's rows below.
 class BookRows : public BookTest {
   protected:
     BookRows() {
@@ -191,7 +191,7 @@ TEST_F(BookRows, AreRefusedWhereSomethingIsInTheWay) {
     }
 }
 
-/// A table of a subform inside of another one cannot be repeated, nor can tables that share cells.
+/// Tables of nested subforms cannot be repeated, nor can tables that share cells.
 TEST_F(BookRows, AreRefusedWhereTablesOverlap) {
     takes("ammInnerP", {{"Lines", "Parts", "P"}});
     names("ammInner", "$B$2:$C$2");

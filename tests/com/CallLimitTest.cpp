@@ -10,7 +10,7 @@
 namespace mergeloom::com {
 namespace {
 
-/// A call that never returns: the office is ended, then the run.
+/// After a call that never returns, the office is ended, and then the run.
 TEST(CallLimit, EndsTheOfficeThenTheRun) {
     std::vector<std::string> steps;
     std::promise<void> isOver;
@@ -29,7 +29,7 @@ TEST(CallLimit, EndsTheOfficeThenTheRun) {
     EXPECT_EQ(steps[1], "run");
 }
 
-/// The time between calls does not count: each of them is followed until the limit has looked several times.
+/// The time between calls does not count. Each call takes several checks of the limit.
 TEST(CallLimit, CountsOneCallOnly) {
     CallLimit limit(CallLimit::Duration(60'000), {[] { FAIL(); }, [] { FAIL(); }});
     for (int number = 0; number < 1000; ++number)
@@ -37,7 +37,7 @@ TEST(CallLimit, CountsOneCallOnly) {
     EXPECT_FALSE(limit.isExceeded());
 }
 
-/// Wine asks the filter, but goes on to wait, so the filter itself is asked here.
+/// Wine calls the filter but continues to wait, so the test calls the filter itself.
 TEST(CallCancellation, IsForTheWaitingCall) {
     ASSERT_TRUE(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
     {

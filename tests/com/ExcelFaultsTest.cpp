@@ -113,7 +113,7 @@ TEST_F(ExcelFaults, WorkbooksOfTheUserStay) {
     EXPECT_TRUE(application.get("UserControl").truth());
 }
 
-/// Macros of opened files are off, and no dialog or event of theirs is waited for.
+/// Macros, dialogs and events of opened files are off.
 TEST_F(ExcelFaults, MacrosAndDialogsAreOff) {
     const excel::ApplicationPtr office = com::makeExcelApplication(server);
     const auto session = std::make_shared<com::AutomationSession>("Excel", com::Patience{}, nullptr);

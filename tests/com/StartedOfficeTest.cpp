@@ -21,7 +21,7 @@
 #include <functional>
 #include <thread>
 
-/// Offices that are programs of their own.
+/// Tests of offices that run as separate programs.
 namespace mergeloom {
 namespace {
 
@@ -31,7 +31,7 @@ using automation::kWordDouble;
 using automation::RegisteredClass;
 using testing::HasSubstr;
 
-/// A program that has not ended by then has failed, in milliseconds.
+/// The time in milliseconds after which a program that has not ended has failed.
 constexpr DWORD kLongest = 60'000;
 constexpr const char* kIdentifier = "Mergeloom.FaultyDouble";
 
@@ -94,7 +94,7 @@ void useExcel(const com::OfficeServer& server) {
     office->Quit();
 }
 
-/// An office and what is done with it.
+/// A use of one kind of office.
 struct UsedOffice {
     const char* name;
     const automation::DoubleClass& offered;
@@ -145,8 +145,8 @@ TEST_P(StartedOffice, ThatEndsInTheMiddleIsTold) {
     }
 }
 
-/// The office rejects calls before they reach an object, also those for its start, for names of members and
-/// for enumerators.
+/// The office rejects calls before they reach an object, including those for its start, for names of members
+/// and for enumerators.
 TEST_P(StartedOffice, ThatRejectsCallsIsAskedAgain) {
     for (const int call : {1, 2, 6}) {
         const RegisteredClass registered = with(fault(FaultKind::Rejected, call, 2));
@@ -167,7 +167,7 @@ TEST_P(StartedOffice, ThatNeverAnswersIsToldAndEnded) {
     }
 }
 
-/// The user may have opened documents in it, which must not be lost.
+/// The user may have opened documents in the office, which must not be lost.
 TEST_P(StartedOffice, ThatTheUserSeesIsNotEnded) {
     for (const bool isShown : {false, true}) {
         const RegisteredClass registered = with(isShown ? "--shown" : "");
@@ -195,7 +195,7 @@ TEST_P(StartedOffice, ThatStaysBusyIsToldAndEnded) {
     }
 }
 
-/// While a call waits, other programs that send messages to this one's windows are answered.
+/// During a call, messages of other programs to this program's windows are handled.
 TEST(WaitingCall, AnswersMessages) {
     const RegisteredClass registered =
         RegisteredClass::further(kWordDouble, kIdentifier, MERGELOOM_DOUBLE_PROGRAM);

@@ -29,7 +29,7 @@ void applicationHasQuit() {
     if (--applications == 0) ::PostQuitMessage(0);
 }
 
-/// An office's files: the disk's until a test has set its own.
+/// The files of an office. They are the disk's until a test has set its own.
 class OfficeFiles final : public FileStore {
   public:
     void use(const DispatchPtr& served) {
@@ -48,7 +48,7 @@ class OfficeFiles final : public FileStore {
     FileStore* current_ = &disk_;
 };
 
-/// Members with which a test controls the double.
+/// Returns the members with which a test controls the double.
 Members controls(const std::shared_ptr<OfficeFiles>& files) {
     return {
         property("TestFiles", nullptr, [files](const Value& served) { files->use(served.object()); }),
@@ -155,7 +155,7 @@ Options optionsOf(int count, char** arguments) {
     return options;
 }
 
-/// A window with documents of the user's.
+/// Makes a window with documents of the user.
 void showWindow() {
     ::CreateWindowExW(0, L"STATIC", L"Documents", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100, nullptr,
                       nullptr, nullptr, nullptr);

@@ -86,7 +86,7 @@ TEST(DiskFileStore, KeepsTheModeOfAFileAndGivesANewOneWhatTheMaskLeaves) {
 
 TEST(DiskFileStore, SaysThatTheFolderOrTheFileIsProtected) {
     if (::geteuid() == 0) {
-        // Nothing is protected from this user, so the system's results are simulated.
+        // This user may write everywhere, so the system's results are simulated.
         const TemporaryFolder folder;
         folder.put("old", "old");
         std::string failures;

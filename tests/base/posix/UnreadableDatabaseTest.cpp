@@ -10,13 +10,13 @@ namespace {
 
 TEST(UnreadableDatabase, IsNoPipeWhoseBytesWouldBeLost) {
     const TemporaryFolder folder;
-    // A read would wait for a writer and take bytes away from the reader that follows.
+    // A read would wait for a writer and remove bytes before the next reader gets them.
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(isDatabaseFile(folder / "pipe"));
 }
 
 TEST(UnreadableDatabase, IsNotTakenForAnEmptyOne) {
-    // It can be opened, and reading its first bytes fails.
+    // The file can be opened, but its first bytes cannot be read.
     EXPECT_THROW(firstBytesOf("/proc/self/mem"), AutomationError);
 }
 

@@ -14,7 +14,7 @@ const std::string kNames =
 class OfficeNames : public OfficeTest {
   protected:
     void openNamed() { open(workbookFile({{"Plain"}, {"Year '26"}}, kNames)); }
-    /// The formula of a name in the file that is saved.
+    /// Returns the formula of a name in the saved file.
     std::string saved(const std::string& name) { return reopened()->Names()->Item(name)->RefersToLocal(); }
 };
 
@@ -95,7 +95,7 @@ TEST_P(OfficeNames, CountOnFromTheFirstFreeOne) {
     EXPECT_EQ(names->firstFreeCounter("ammB_ref"), 1);
 }
 
-/// Many places side by side and below one another, in any order and with any cells beside them.
+/// Drops many places beside and below each other, in any order and with any content around them.
 TEST_P(OfficeNames, ReachTheFileWhateverStandsBesideTheirCells) {
     open(workbookFile({{"One",
                         "<sheetData><row r=\"8\"><c r=\"A8\" t=\"inlineStr\"><is><t>kept</t></is></c></row>"
@@ -163,8 +163,8 @@ TEST_P(OfficeNames, AreDeletedAndComeBackWithTheStep) {
     EXPECT_EQ(reopened()->Names()->Count(), 0);
 }
 
-/// Undoing a step removes what it wrote, even if the document has it already, and restores the former
-/// contents.
+/// Undoing a step removes its changes, even if the document has the same content before, and restores the
+/// former contents.
 TEST_P(OfficeNames, GoWithTheStepThatMadeThem) {
     if (!hasUndo()) GTEST_SKIP() << "the office has no steps";
     add();

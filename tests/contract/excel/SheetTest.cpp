@@ -3,7 +3,7 @@
 namespace mergeloom {
 namespace {
 
-/// Calc keeps twips and hundredths of a millimetre.
+/// The tolerance in points. Calc stores twips and hundredths of a millimetre.
 constexpr double kNear = 0.1;
 
 class OfficeSheet : public OfficeTest {};
@@ -100,7 +100,7 @@ TEST_P(OfficeSheet, PicturesStandWhereTheyArePut) {
     EXPECT_EQ(sheet()->Shapes()->Item("AMMLOGO")->TopLeftCell()->AddressLocal(), "$C$3");
     cell(1, 1)->SetColumnWidth({20});
     const excel::WorkbookPtr copy = reopened();
-    // Calc writes the end of a picture in its own lengths, and its rows are as high as its fonts.
+    // Calc stores the end of a picture in its own units, and the height of its rows depends on its fonts.
     constexpr double kInFile = 2;
     for (const excel::WorksheetPtr& found : {sheet(), copy->Worksheets()->Item(1)}) {
         ASSERT_EQ(found->Shapes()->Count(), 2);

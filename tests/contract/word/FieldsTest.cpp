@@ -68,7 +68,7 @@ TEST_P(OfficeFields, AreSelectedAndGo) {
     EXPECT_EQ(body(), "Dear you,\nx[Behind:y]\n");
 }
 
-/// Whether the office has a field of its own for it or keeps it with its code, and with or without a result.
+/// Tests fields that the office knows and fields that it keeps with their code, with and without a result.
 TEST_P(OfficeFields, BecomePlaces) {
     const auto withoutResult = [](const std::string& code) {
         return "<w:r><w:fldChar w:fldCharType='begin'/></w:r><w:r><w:instrText xml:space='preserve'>" + code +

@@ -81,7 +81,7 @@ TEST_P(OfficeTables, AreUniformWhereRowsAreAlike) {
     }
 }
 
-/// Bookmarks and text land where they belong before, in, between and behind tables.
+/// Inserts bookmarks and text before, in, between and after tables.
 TEST_P(OfficeTables, LieAroundTheCaret) {
     const auto marker = [](int id) {
         return "<w:p>" + run("t") + marked(id, "P" + std::to_string(id), run("m")) + run("u") + "</w:p>";
