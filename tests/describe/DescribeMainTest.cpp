@@ -112,7 +112,7 @@ TEST_F(DescribeMain, ShowsTheNameOfAReferredRow) {
         return HasSubstr("<Control Name=\"customer\"><DisplayValue>" + shown + "</DisplayValue><BoundValue>" +
                          bound + "</BoundValue>");
     };
-    // A name that is missing and a row that is missing leave the key.
+    // The key is shown for a missing name and for a missing row.
     EXPECT_THAT(outcome.output,
                 AllOf(customer("Måns &amp; Sons", "1"), customer("3", "3"), customer("9", "9")));
     EXPECT_THAT(outcome.output,
@@ -140,7 +140,8 @@ TEST_F(DescribeMain, ChoosesRecords) {
     }
 }
 
-/// Tables that refer to themselves, to each other, twice, by several columns, and to what is no key.
+/// Tables with relations to themselves, to each other, twice, by several columns, and to columns that are no
+/// key.
 TEST_F(DescribeMain, FollowsRelationsOfAllShapes) {
     const std::string path = make(R"(
 CREATE TABLE staff (id INTEGER PRIMARY KEY, name TEXT, chief INTEGER REFERENCES staff);
@@ -200,7 +201,7 @@ TEST_F(DescribeMain, WritesWhatTheMappingReads) {
 }
 
 TEST_F(DescribeMain, WritesPicturesBesideTheDocument) {
-    // A picture of one pixel, twice, and bytes that are none.
+    // There are two pictures of one pixel and bytes that are no picture.
     const std::string gif =
         "x'47494638396101000100800000000000ffffff21f90401000000002c000000000100010000020144003b'";
     const std::string path = make(

@@ -57,7 +57,7 @@ TEST(ValueFormat, ShowsDatesAndBooleansByTheirFormats) {
         {"2023-12-31", ColumnType::Date, "ww y", "53 365"},
         {"14:07:03", ColumnType::DateAndTime, "h:nn:ss", "14:07:03"},
         {"14:07:03", ColumnType::DateAndTime, "Short Time", "14:07"},
-        // Those that are not understood.
+        // The program does not know these formats and uses the default one.
         {"2024-05-04", ColumnType::Date, "www", "04/05/2024"},
         {"2024-05-04", ColumnType::Date, "d\"m", "04/05/2024"},
         {"2024-05-04", ColumnType::Date, "d\\", "04/05/2024"},
@@ -149,7 +149,7 @@ TEST(ValueFormat, ShowsNumbersByTheirFormats) {
         {american, "5", "\"no. \"0", {}, "no. 5"},
         {american, "12345678901234567890.125", "#,##0.00", {}, "12,345,678,901,234,567,890.13"},
         {american, "1e3", "0.0", {}, "1000.0"},
-        // Those that are not understood.
+        // The program does not know these formats and uses the default one.
         {german, "1234.5", "yyyy", {}, "1234,5"},
         {german, "1234.5", "0\"", {}, "1234,5"},
         {german, "1234.5", "[Pale]0", {}, "1234,5"},

@@ -29,7 +29,7 @@ constexpr const char* kStructure = R"(<db>
 </db>)";
 
 const std::string kNoTable = "The tablefield may only be dropped on a table.\n";
-/// The table of the one field in the subform's detail section.
+/// The table of the only field in the detail section of the subform.
 const std::string kLines = "[Lines:Price\n|[LinesPrice:Price] \n|]";
 
 class Dispatcher : public DropTest {
@@ -49,7 +49,7 @@ TEST_F(Dispatcher, EveryKindOfNode) {
         {"2k", "Bound Value", "[CustomerNo_bv:CustomerNo] \n", ""},
         {"2k", "Label and Value", "Customer: [CustomerNo:CustomerNo]\n\n", ""},
         {"2k", "", "[CustomerNo:CustomerNo] \n", ""},
-        // Without its file an image control has the kinds of any other.
+        // An image control without its file has the drop kinds of any other control.
         {"3k", "Value", "[Logo:Logo] \n", ""},
         {"4k", "", "City: [ShipCity:City]\n\n", ""},
         {"5k", "Value", "[ShipCity:City] \n", ""},
@@ -106,7 +106,7 @@ TEST_F(Dispatcher, TheDocumentTypeGoesBeforeTheView) {
     }
 }
 
-/// The tree reads the same values, from which it knows what a field of a datasheet is.
+/// The tree uses the same values to recognise the fields of a datasheet.
 TEST_F(Dispatcher, NumbersMayHaveBlanksAroundAndLeadingZeros) {
     load(R"(<db><Form Name="F" CurrentView=" 1 " DefaultView="01"><Control Name="Lines" ControlType="Subform">
         <Form HasRecordset="01"><Control Name="P"/></Form></Control></Form>

@@ -22,7 +22,7 @@ class DropUndo : public DropTest {
     }
 };
 
-/// Whichever step fails, the document is as it was, and an earlier step is not taken back instead.
+/// After a failure of any step, the document is unchanged, and no earlier step of the user is undone.
 TEST_F(DropUndo, AFailureAtAnyStepChangesNothing) {
     const std::string before = body();
     int failingCall = 1;
@@ -48,7 +48,7 @@ TEST_F(DropUndo, AFailureAtAnyStepChangesNothing) {
     EXPECT_EQ(body(), "[Before:kept]\nA: [A:A]\nB: \nSee: [BC:C]\nD: [D:D]\nE: [E:E]\n\n");
 }
 
-/// An error in the middle of a form undoes what was dropped before it, and nothing is tried after it.
+/// An error in the middle of a form undoes the earlier fields, and the later ones are not tried.
 TEST_F(DropUndo, APictureThatIsNoneEndsTheForm) {
     pictures["d.png"] = "/d.png";
     files.files["/d.png"] = "no picture";

@@ -29,7 +29,7 @@ class ExcelDropUndo : public ExcelDropTest {
     }
 };
 
-/// Whichever step fails, the workbook is as it was, and an earlier step is not taken back instead.
+/// After a failure of any step, the workbook is unchanged, and no earlier step of the user is undone.
 TEST_F(ExcelDropUndo, AFailureAtAnyStepChangesNothing) {
     const std::string before = state();
     int failingCall = 1;

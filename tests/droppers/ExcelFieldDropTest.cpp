@@ -62,7 +62,7 @@ TEST_F(ExcelFieldDrop, AnImageControlShowsItsPicture) {
     EXPECT_TRUE(errors.reports.empty());
 }
 
-/// A cell has one place: the last one that was dropped. Undoing brings the former one back.
+/// A cell has one place, which is the last one. Undoing restores the former place.
 TEST_F(ExcelFieldDrop, APlaceReplacesTheFormerOneOfItsCell) {
     load(
         R"(<db><Form Name='F'><Control Name='A'/><Control Name='B' Caption='Bee'/><Control Name='P' Image='p.gif'/>

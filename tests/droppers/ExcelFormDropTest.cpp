@@ -153,7 +153,7 @@ TEST_F(ExcelFormDrop, ASheetWithoutCells) {
     }
 }
 
-/// The rows of a form within a form are counted from its first row to its last.
+/// The rows of a form in a form are counted from its first row to its last one.
 TEST_F(ExcelFormDrop, MergedCellsWithinASubform) {
     open(
         "<sheetData/><mergeCells count=\"2\"><mergeCell ref=\"C1:C3\"/><mergeCell ref=\"B3:B4\"/>"

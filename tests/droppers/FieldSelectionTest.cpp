@@ -5,7 +5,7 @@
 namespace mergeloom {
 namespace {
 
-/// A letter for each item: a capital when it is selected, in brackets when it is the current one.
+/// Returns a letter for each item, in upper case if it is selected and in brackets if it is the current one.
 std::string shownList(const FieldSelection& list) {
     std::string shown;
     for (int index = 0; index < list.ListCount(); ++index) {

@@ -220,7 +220,7 @@ TEST_F(TableDrop, APictureOfTheSameDropKeepsItsName) {
     EXPECT_TRUE(errors.reports.empty());
 }
 
-/// They bear no prefix, as the places of an object do.
+/// The separate fields have no prefix, like the places of an object.
 TEST_F(TableDrop, SeparateFieldsOfAnObjectGo) {
     load(R"(<db><Table Name="Order" CurrentView="2"><Control Name="Date"/></Table>
         <Table Name="Bill" CurrentView="2"><Control Name="Date"/></Table></db>)");
@@ -299,7 +299,7 @@ TEST_F(TableDrop, LinkedFieldsStandUnderTheFieldTheyServe) {
     }
 }
 
-/// Plays the user.
+/// A dialog in which a function acts as the user.
 class PlayedDialog final : public FieldDialog {
   public:
     explicit PlayedDialog(std::function<void(FieldSelection&)> user) : user_(std::move(user)) {}
@@ -348,7 +348,7 @@ TEST_F(TableDrop, TheUserChoosesTheColumns) {
     }
 }
 
-/// Whichever step fails, the document is as it was, with its earlier table and its separate fields.
+/// After a failure of any step, the document is unchanged, with its former table and its separate fields.
 TEST_F(TableDrop, AFailureAtAnyStepChangesNothing) {
     open();
     ASSERT_TRUE(drop(node("9k")));

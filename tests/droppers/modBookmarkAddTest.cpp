@@ -89,7 +89,7 @@ TEST_F(BookmarkAdd, NoPlaceTakesTheNameOfAnother) {
     }
 }
 
-/// Longer counters push out more of the name, which leads to new names.
+/// A longer counter replaces more characters of the name, which leads to new names.
 TEST_F(BookmarkAdd, ManyPlacesOfALongName) {
     constexpr int kPlaces = 112;
     for (const std::size_t length : {33U, 34U, 40U, 60U}) {
@@ -181,7 +181,7 @@ TEST_F(BookmarkAdd, RefusesADropOnAField) {
     EXPECT_FALSE(reports.failed());
 }
 
-/// A field that starts where the drop goes is pushed along instead.
+/// A field that starts at the place of the drop is moved behind the new place.
 TEST_F(BookmarkAdd, PassesAFieldThatStartsThere) {
     open();
     placeAtCaret("Customer", "Customer");
@@ -190,7 +190,7 @@ TEST_F(BookmarkAdd, PassesAFieldThatStartsThere) {
     EXPECT_EQ(body(), "[New:New]^[Customer:Customer]\n");
 }
 
-/// Neither a picture nor the fields in the cells matter then.
+/// If a place has several cells, pictures and fields in them have no effect.
 TEST_F(BookmarkAdd, SeveralCellsKeepTheirText) {
     const std::string cell = "<w:tc><w:tcPr/><w:p><w:r><w:t>";
     open("<w:tbl><w:tblPr/><w:tblGrid><w:gridCol/><w:gridCol/></w:tblGrid><w:tr>" + cell +

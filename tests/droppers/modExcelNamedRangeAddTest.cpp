@@ -95,9 +95,9 @@ class PictureOnCell : public NamedRangeAdd {
         InsertPictureFromFile(reports, *cell(row, column), "p", "/p.gif", fit);
         return GetShapeByName(*sheet(), "p");
     }
-    /// Widths and heights of cells come in whole pixels.
+    /// The tolerance for widths and heights of cells, which are whole pixels.
     static constexpr double kPixel = 0.76;
-    /// An office may keep lengths in hundredths of a millimetre.
+    /// The tolerance for lengths that an office stores in hundredths of a millimetre.
     static constexpr double kLength = 0.03;
 };
 

@@ -35,7 +35,7 @@ TEST(WordNormalizeName, MakesBookmarkNames) {
         {"a5", "a5"},
         {"Smile\U0001F600y", "Smiley"},
         {"broken\xFFname", "brokenname"},
-        // 40 characters are kept whole; of more, the end.
+        // 40 characters are kept, and the last 40 of longer names.
         {times(40, "é"), times(40, "é")},
         {"Begin" + times(40, "é"), times(40, "é")},
         {"1" + times(38, "a"), "x1" + times(38, "a")},
@@ -43,7 +43,7 @@ TEST(WordNormalizeName, MakesBookmarkNames) {
         {"1" + times(40, "a"), times(40, "a")},
         {"abcd7" + times(39, "z"), "x" + times(39, "z")},
         {times(41, "a"), times(39, "a") + "T", true},
-        // Only what a byte can count is scanned.
+        // The scan is limited to the number of characters that a byte can count.
         {times(255, "a"), times(40, "a")},
         {times(256, "a"), ""},
         {times(255, "a"), "", true},
@@ -64,7 +64,7 @@ TEST(SimplifyName, TakesOutPointsAndBlanksOnly) {
 TEST(RemoveChars, KeepsTheOrderAndMindsTheCase) {
     EXPECT_EQ(RemoveChars("Aabéß,a", "aß"), "Abé,");
     EXPECT_EQ(RemoveChars("unchanged", ""), "unchanged");
-    // Characters that share bytes with an unwanted one stay.
+    // Characters that share bytes with an unwanted one are kept.
     EXPECT_EQ(RemoveChars("éè", "é"), "è");
 }
 
@@ -99,7 +99,7 @@ TEST(IsBookmarkOfName, KnowsEveryPlaceOfAName) {
     }
 }
 
-/// The names that the name rule gives further places are recognised as such.
+/// The names that the name rule gives to further places are recognised.
 TEST(IsBookmarkOfName, AgreesWithTheNameRule) {
     for (int length = 1; length <= 40; ++length) {
         const std::string base = times(length, "n");

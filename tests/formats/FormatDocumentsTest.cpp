@@ -10,8 +10,7 @@
 #include <string>
 #include <vector>
 
-// What is written about formats outside the code: derived from the table here, so that it cannot differ from
-// it.
+// Compares the texts about formats outside of the code with the table of formats.
 namespace mergeloom {
 namespace {
 

@@ -203,7 +203,7 @@ TEST(BookGraft, RepeatsSizesAndMerges) {
     EXPECT_EQ(triple.content(sheetPart(1), "mergeCells"), "<mergeCell ref=\"E1:F2\"/>");
 }
 
-/// Texts and numbers are typed into cells that merged cells covered before, or cover now.
+/// Types texts and numbers into cells that were part of merged cells, or are now.
 TEST(BookGraft, RepeatsWhatIsTypedWhereCellsWereMergedOrDivided) {
     const std::string number = "<c r=\"A1\" t=\"n\"><v>1</v></c>";
     const std::string typed = number + "<c r=\"B1\" t=\"s\"><v>1</v></c><c r=\"C1\" t=\"n\"><v>2</v></c>";

@@ -25,7 +25,7 @@ std::string reasonOf(const RefusalCase& each) {
     return refusal == nullptr ? "not refused" : refusal->reason;
 }
 
-/// A workbook of the strict kind.
+/// Returns a workbook of the strict kind.
 std::string strictFile(const std::vector<TestSheet>& sheets) {
     opc::Package package = workbookPackage(sheets);
     const std::string id = package.relationshipsOf("/").all().front().id;
@@ -35,7 +35,7 @@ std::string strictFile(const std::vector<TestSheet>& sheets) {
     return packageBytes(package);
 }
 
-/// A workbook with a drawing of one anchor.
+/// Returns a workbook with a drawing of one anchor.
 std::string drawnFile(const std::string& anchor) {
     opc::Package package = workbookPackage({{"Data"}});
     package.addPart(

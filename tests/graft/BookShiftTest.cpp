@@ -188,7 +188,7 @@ TEST(BookShiftTest, MovesCellsWithTheirFormulasAndFormats) {
     EXPECT_EQ(triple.part("/xl/calcChain.xml"), "no part");
 }
 
-/// The last line moves, too; text that is typed there moves nothing.
+/// An insertion also moves the last line; a text that is typed there moves nothing.
 TEST(BookShiftTest, TellsAnInsertionFromTyping) {
     const std::string own = "<z ref=\"A6\"/>";
     EXPECT_THAT(sheetAfter(own, {1, 2, 3, 4, 5, 0, 6}), HasSubstr("<z ref=\"A7\"/>"));

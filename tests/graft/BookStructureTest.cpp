@@ -34,14 +34,14 @@ TEST(BookStructure, RefusesWhatHasNoRule) {
         const BookTriple triple{{.cells = rows}, {.cells = rows}, each.edited};
         EXPECT_EQ(triple.cells(), "refused: " + each.expected);
     }
-    // Where the user has scrolled to and which cell is selected is no change.
+    // A scrolled view and another selection are no change.
     const TestBook looked{
         .cells = rows,
         .beforeCells = "<sheetViews><sheetView topLeftCell=\"C3\" zoomScale=\"80\"/></sheetViews>"};
     EXPECT_EQ((BookTriple{{.cells = rows}, {.cells = rows}, looked}.cells()), "nothing changed");
 }
 
-/// The workbook part with the sheets "Data" and "More", and what the second one contains.
+/// Returns the workbook part with the sheets "Data" and "More", and the cells of "More".
 std::string twoSheets(const std::vector<std::string>& names, const std::string& cells,
                       const std::string& definedNames = "") {
     std::vector<TestSheet> sheets;

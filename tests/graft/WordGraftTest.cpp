@@ -200,7 +200,7 @@ TEST(WordGraftTest, EditsBesideBreaksAndObjectsThatAreReadDifferently) {
         EXPECT_EQ(each.result(), each.expected) << each.what;
 }
 
-/// Faults that are planted in a result.
+/// Plants faults in a result.
 TEST(WordProofTest, SeesWhatIsNotAsTheUserMadeIt) {
     const std::string place = marked("City", run("[City]"));
     const std::string edited = "<w:p>" + run("Old ") + place + run(" text", "<w:b/>") + "</w:p>" + kLast;
@@ -231,7 +231,7 @@ TEST(WordProofTest, SeesWhatIsNotAsTheUserMadeIt) {
         EXPECT_EQ(triple.fault(wordFile(row.proof)), row.found) << row.proof;
 }
 
-/// The office does not read all properties that it writes.
+/// The office does not read all properties that it writes itself.
 TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
     const std::string again = "<w:p>" + run("Old new text", "<w:i/>") + "</w:p>";
     const Triple triple{wordFile(kOld), wordFile(kOldShown),
@@ -240,7 +240,8 @@ TEST(WordProofTest, TakesABlockAsTheOfficeReadsItAgain) {
     EXPECT_EQ(triple.fault(wordFile(again), wordFile(again)), "");
 }
 
-/// The office does not read blanks at the ends of cells, nor places as it wrote them.
+/// The office does not read blanks at the ends of cells, and reads places in another form than it has written
+/// them.
 TEST(WordProofTest, TakesTextsAndPlacesAsTheOfficeReadsThemAgain) {
     const auto cell = [](const std::string& text) {
         return "<w:tbl><w:tr><w:tc><w:p>" + text + "</w:p></w:tc></w:tr></w:tbl>" + kLast;

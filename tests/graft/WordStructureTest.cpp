@@ -19,7 +19,7 @@ std::string field(const std::string& code, const std::string& result) {
            run(result) + mark("end");
 }
 
-/// A field whose code contains a page number.
+/// Returns a field whose code contains a page number.
 std::string nestedField(const std::string& page, const std::string& result) {
     return mark("begin") + "<w:r><w:instrText>IF </w:instrText></w:r>" + field("PAGE", page) +
            mark("separate") + run(result) + mark("end");
@@ -78,7 +78,7 @@ const std::string kBoxes =
     p(start("1", "A") + run("a") + end("1")) + "</w:txbxContent></mc:Choice><mc:Fallback><w:txbxContent>" +
     p(start("2", "A") + run("a") + end("2")) + "</w:txbxContent></mc:Fallback></mc:AlternateContent></w:r>";
 
-/// An edit of a document that the office exports as it is.
+/// An edit of a document whose export has the same XML.
 struct Edit {
     std::string what;
     std::string before;

@@ -15,7 +15,7 @@ class LetterPictures : public LetterTest {
     }
 };
 
-/// The frame of a rotated picture is rotated, too, so that the shown width stays the same.
+/// The frame of a rotated picture is also rotated, so the shown width is unchanged.
 TEST_F(LetterPictures, TurnAsTheirFilesSay) {
     takes("A", {{"A"}});
     struct Case {

@@ -41,7 +41,7 @@ TEST_F(LetterPlaces, KeepTheirFormattingAndTheirSurroundings) {
         << xml;
 }
 
-/// A text box is stored twice: for Word, and for older programs.
+/// A file contains a text box twice, once for Word and once for older programs.
 TEST_F(LetterPlaces, AreFilledInBothFormsOfATextBox) {
     const std::string box = "<w:txbxContent>" + paragraph(place("A")) + "</w:txbxContent>";
     const std::string body = paragraph(
@@ -102,7 +102,7 @@ TEST_F(LetterPlaces, OptionalTextGoesWithAnEmptyValueBesideIt) {
     for (const Case& c : cases) {
         const Record record{{shownControl("A", "Ann"), shownControl("B", c.b), shownControl("C", "Lee")}};
         EXPECT_EQ(filled(body, record), c.expected);
-        // A letter can be filled again, with more than it held.
+        // A letter can be filled again, with a value that was empty before.
         const Record full{{shownControl("A", "Ann"), shownControl("B", "Sue"), shownControl("C", "Lee")}};
         const std::string again = letterOf(*compiled(files.files["/letter.docx"]), {full});
         EXPECT_EQ(shownBody(again), "[A:Ann][OptionalSpace0: ]^[B:Sue] [C:Lee]\n");

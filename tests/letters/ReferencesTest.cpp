@@ -3,7 +3,7 @@
 namespace mergeloom {
 namespace {
 
-/// Fields that repeat a place.
+/// Letters with fields that repeat a place.
 class LetterReferences : public LetterTest {
   protected:
     LetterReferences() { takes("A", {{"A"}}); }
@@ -24,7 +24,7 @@ class LetterReferences : public LetterTest {
     std::string letter(const std::string& file, const std::string& text) {
         return letterOf(*compiled(file), {Record{{shownControl("A", text)}}});
     }
-    /// The content of the second paragraph, after one with the place.
+    /// Returns the content of the second paragraph, which follows one with the place.
     std::string filledAfterPlace(const std::string& content) {
         const std::string xml = bodyXml(letter(wordFile(paragraph(place("A")) + paragraph(content)), "x"));
         const std::size_t start = xml.find("<w:p>", xml.find("</w:p>")) + 5;

@@ -53,8 +53,8 @@ TEST_F(LetterRichText, FormattingJoinsThatOfThePlace) {
         << xml;
 }
 
-/// Only one of the paragraphs keeps a page break before or a section's end, also when the letter is filled
-/// again.
+/// Only one of the paragraphs keeps a page break before it or the end of a section, also when the letter is
+/// filled again.
 TEST_F(LetterRichText, ParagraphsThatAreAddedDoNotRepeatSectionsAndPageBreaks) {
     const std::string list = "<w:numPr><w:numId w:val=\"1\"/></w:numPr>";
     const std::string section = "<w:sectPr><w:pgSz w:w=\"5\"/></w:sectPr>";

@@ -5,7 +5,7 @@
 namespace mergeloom {
 namespace {
 
-/// Numbering, and unique ids, in one document for all records.
+/// Numbering and unique ids in one document of all records.
 class LetterSections : public ListTest {
   protected:
     LetterSections() {
@@ -67,8 +67,8 @@ TEST_F(LetterSections, ListsBeginAgain) {
               opc::Package::read(file, "lists.docx").readPart("/word/numbering.xml"));
 }
 
-/// A list of a style becomes one of the paragraph, with the level that names the style and the style's
-/// indents.
+/// The list of a style becomes a list of the paragraph, with the level that refers to the style and with the
+/// indents of the style.
 TEST_F(LetterSections, ListsOfStylesBeginAgain) {
     const std::string levels =
         "<w:lvl w:ilvl=\"0\"><w:numFmt w:val=\"decimal\"/></w:lvl>"

@@ -4,7 +4,7 @@
 namespace mergeloom {
 namespace {
 
-/// Templates whose records share one document, or need documents of their own.
+/// Templates whose records can share one document, and templates whose records cannot.
 class SharedLayout : public ListTest {
   protected:
     SharedLayout() {
@@ -27,7 +27,7 @@ TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
         const auto character = [](const std::string& type) {
             return inRun("<w:fldChar w:fldCharType=\"" + type + "\"/>");
         };
-        // Word may split codes at any character.
+        // Word may divide codes at any character.
         return character("begin") + inRun("<w:instrText>" + code.substr(0, 3) + "</w:instrText>") +
                inRun("<w:instrText>" + code.substr(3) + "</w:instrText>") + character("separate") + run("1") +
                character("end");
@@ -65,7 +65,7 @@ TEST_F(SharedLayout, OnlyIndependentContentIsShared) {
         EXPECT_EQ(compiled(wordFile(c.body))->canShareLayout(), c.isShared) << c.body;
 }
 
-/// Lists that count continue through a document, also those of a style that is based on a numbered one.
+/// Numbered lists continue through a document, also those of a style that is based on a numbered one.
 TEST_F(SharedLayout, ListsThatCountAreNotShared) {
     const std::string styles = numberedStyle("Numbers", "1") + numberedStyle("Bullets", "2") +
                                basedStyle("Item", "Numbers", "") + basedStyle("Dot", "Bullets", "") +

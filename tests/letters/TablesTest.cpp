@@ -39,7 +39,7 @@ class LetterTables : public LetterTest {
         return {{subform("S", records("L", values)), subform("T", records("M", {"m", "n"})),
                  shownControl("A", "a")}};
     }
-    /// The text of a filled letter without its marks.
+    /// Returns the text of a filled letter without its marks.
     std::string text(const std::string& body, const std::vector<std::string>& values) {
         return withoutMarks(filled(body, record(values)));
     }
@@ -104,7 +104,7 @@ TEST_F(LetterTables, WithoutRecordsStayValid) {
     };
     for (const Case& c : cases) {
         EXPECT_EQ(filled(c.body, record({})), c.expected) << c.what;
-        // The rows return with records.
+        // The rows are restored together with records.
         const std::string letter = files.files["/letter.docx"];
         EXPECT_EQ(shownBody(letterOf(*compiled(letter), {record({})})), c.expected) << c.what;
         const std::string direct = text(c.body, {"1", "2"});
@@ -125,7 +125,7 @@ TEST_F(LetterTables, ReturnAfterALetterWithoutRecords) {
         const std::string empty = letterOf(*compiled(file), {record({})});
         const std::string direct = letterOf(*compiled(file), {record({"1", "2"})});
         EXPECT_EQ(bodyXml(letterOf(*compiled(empty), {record({"1", "2"})})), bodyXml(direct));
-        // Word moves marks into the paragraph after them, and numbers bookmarks anew.
+        // Word moves marks into the paragraph after them, and renumbers bookmarks.
         opc::Package package = opc::Package::read(empty, "letter.docx");
         std::string xml = package.readPart(kMainPart);
         const std::size_t mark = xml.find("<w:bookmarkStart w:id=\"91\" w:name=\"_MergeloomOmitted1\"/>");

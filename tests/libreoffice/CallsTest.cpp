@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Returns what arrives when the value is sent.
+/// Returns the value that is received after sending it.
 template <typename T>
 T passed(const T& value) {
     CallWriter out;
@@ -61,10 +61,10 @@ TEST(CallValues, ARequestThatEndsEarlyIsRefused) {
     }
 }
 
-/// The other end of a pipe whose first end is in a thread of its own.
+/// A test at one end of a pipe whose other end is in a thread of its own.
 class PipeTest : public ::testing::Test {
   protected:
-    /// A socket's address has room for 108 characters.
+    /// The path in the address of a socket is limited to 108 characters.
     PipeTest() { std::filesystem::create_directories(folder_); }
 
     /// Runs the body with one end of a pipe and returns the other one.

@@ -65,8 +65,7 @@ class FilePasswords : public testing::Test {
         const OpenDocument made(session.files(), session.files().create(kind));
         session.connection().call([&] { textOf(made.get())->setString(toUno(kSecret)); });
         session.files().save(made.get(), path, formatOf(path), [](std::string bytes) { return bytes; });
-        // A password that is given for a file without one encrypts all files that are written of the
-        // document.
+        // A password for a file without one encrypts all files that are written of the document.
         return open(path, kind, kPassword);
     }
 

@@ -66,7 +66,7 @@ TEST(InsideLine, SaysThatTheOfficeDiedInACall) {
     EXPECT_TRUE(becomesTrue([&] { return !session.process().isRunning(); }));
 }
 
-/// The first three values of a request.
+/// Returns the first three values of a request.
 CallWriter request(std::size_t method, std::int64_t object) {
     CallWriter writer;
     writer.number(static_cast<std::int64_t>(method));
@@ -115,7 +115,7 @@ TEST(InsideLine, RefusesRequestsThatAreNone) {
     line.rest();
 }
 
-/// The main thread goes on with its own work by itself when requests stay away.
+/// The main thread continues its own work by itself after the last request.
 TEST(InsideLine, ServesAgainAfterTheOfficeWasLeftAlone) {
     MemoryFileStore files;
     LibreOfficeSession session(files);

@@ -44,8 +44,8 @@ std::string utf16(const std::string& ascii) {
     return units;
 }
 
-/// What tells the kind of a file: of Open Packaging its list of types, of other archives the type that stands
-/// first in them, else the file.
+/// Returns a text that depends on the kind of a file: the types in Open Packaging, the type at the start of
+/// other archives, otherwise the file.
 std::string kindOf(const std::string& bytes) {
     if (!bytes.starts_with("PK") || bytes.find("mimetypeapplication") != std::string::npos) return bytes;
     std::string kinds;
@@ -60,7 +60,7 @@ struct Expected {
     std::string hint;
 };
 
-/// One office serves all tests of conversions.
+/// All tests of conversions share one office.
 class LibreOfficeConverterTest : public ::testing::Test {
   protected:
     static void SetUpTestSuite() { office = std::make_unique<LibreOfficeConverter>(files); }
@@ -277,7 +277,7 @@ TEST(LibreOfficeConverter, startsAnewAfterItsOfficeDied) {
     EXPECT_EQ(kindOf(files.read("/again.ods")).substr(0, 2), "PK");
 }
 
-/// The program that started the office does not end before it runs again.
+/// The program that has started the office continues to run.
 TEST(LibreOfficeConverter, startsAnewWhileItsDeadOfficeSeemsToRun) {
     const OwnTemporaryFolder temporary;
     MemoryFileStore files;
@@ -308,7 +308,7 @@ TEST(LibreOfficeFiles, locksNothingThatItOpens) {
     EXPECT_EQ(folder.entryCount(), 1);
 }
 
-/// The text that a bookmark covers.
+/// Returns the text inside a bookmark.
 std::string markedText(const DocumentReference& document, const char* name) {
     const Reference<css::text::XBookmarksSupplier> supplier(document, UNO_QUERY_THROW);
     const Reference<css::text::XTextContent> mark(supplier->getBookmarks()->getByName(toUno(name)),
@@ -334,8 +334,8 @@ TEST(LibreOfficeFiles, opensAMarkedTableForEditingWhereItLies) {
     EXPECT_EQ(folder.entryCount(), 1);
 }
 
-/// Documents with secrets can only be made by an office: the archive of Open Packaging takes one way of
-/// telling it the password, the others another.
+/// Returns a document with a password. Only an office can make one, and each of the two kinds of archives
+/// requires the password in another form.
 std::string secretDocument(LibreOfficeSession& session, const std::string& name, const std::string& filter) {
     const std::string path = session.process().workFolder() + "/" + name;
     css::uno::Sequence<css::beans::NamedValue> secret(2);

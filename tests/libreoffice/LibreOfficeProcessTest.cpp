@@ -28,7 +28,7 @@ using ::testing::StartsWith;
 using ::testing::UnorderedElementsAre;
 using namespace std::chrono_literals;
 
-/// Those of an office's socket files that are there.
+/// Returns the existing socket files of an office.
 std::vector<std::string> socketsOf(const std::string& pipeName, const std::string& officeFolder) {
     std::vector<std::string> sockets = socketFiles(pipeName, fileUrl(officeFolder + "/profile"));
     std::erase_if(sockets, [](const std::string& socket) { return !std::filesystem::exists(socket); });
@@ -46,7 +46,7 @@ std::string errorOfStart(TimeBounds bounds = {}) {
     return "no error";
 }
 
-/// A program that plays an office.
+/// A program that replaces an office.
 class Impostor {
   public:
     explicit Impostor(const std::string& script) {
@@ -109,7 +109,7 @@ TEST_F(LibreOfficeProcessTest, tellsWhatHindersTheStart) {
         EXPECT_THAT(errorOfStart(), HasSubstr("missing' does not exist"));
     }
     {
-        // No user, however mighty, makes folders here.
+        // No user can create folders here, not even the superuser.
         const Variable variable("TMPDIR", "/proc");
         EXPECT_THAT(errorOfStart(), HasSubstr("'/proc' cannot be written"));
     }
@@ -130,8 +130,8 @@ TEST_F(LibreOfficeProcessTest, doesNotWaitForeverForAnOfficeThatDoesNotListen) {
     EXPECT_THAT(temporary.entries(), Not(Contains(StartsWith("mergeloom-office"))));
 }
 
-/// Runs the body while an office writes into a folder in which files of the user's begin like the office's
-/// own.
+/// Runs the body while an office writes into a folder. The names of the user's files in it begin like those
+/// of the office.
 template <typename Body>
 void runWhileWriting(const LibreOfficeProcess& office, const std::string& folder, const Body& body) {
     const std::string beginning = "lu" + std::to_string(office.members().front());
@@ -165,7 +165,7 @@ TEST_F(LibreOfficeProcessTest, aFailedSaveTakesNoFileOfTheUserAlong) {
     EXPECT_TRUE(holdsOnlyTheUsersFiles(folder.path()));
 }
 
-/// Not a test: what the test below starts and ends.
+/// This is the program that the next test starts and ends.
 TEST(LibreOfficeOwner, DISABLED_holdsAnOffice) {
     MemoryFileStore files;
     LibreOfficeSession session(files);

@@ -19,11 +19,11 @@ using namespace std::chrono_literals;
 
 class OfficeConnectionTest : public ::testing::Test {
   protected:
-    /// The bound of a call leaves a busy machine time to make a document; the test of an office that hangs
-    /// waits that long.
+    /// The limit of a call. It is long enough for making a document on a busy machine, and the test of an
+    /// office that hangs takes that long.
     static constexpr std::chrono::seconds kCallBound = 10s;
 
-    /// Asks the document for its text.
+    /// Requests the text of the document.
     void ask() {
         session.connection().call([this] {
             return Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText()->getString();

@@ -36,7 +36,7 @@ TEST(OfficeFactory, convertsThroughTheModule) {
     EXPECT_THAT(files.read("/out.rtf"), HasSubstr("text"));
 }
 
-/// How many offices run: their worker is one process each.
+/// Returns the number of running offices by their worker processes.
 std::ptrdiff_t officesIn(const OwnTemporaryFolder& temporary) {
     return std::ranges::count_if(temporary.processes(), [](pid_t process) {
         return std::filesystem::path(commandLine(process).c_str()).filename() == "soffice.bin";
@@ -56,7 +56,7 @@ TEST(OfficeFactory, allPartsShareOneOfficeAndTheNextOneWhenItDied) {
     EXPECT_EQ(excel->Version(), "16.0");
 
     temporary.killWorkers();
-    // Only the cleanup process goes on.
+    // Only the cleanup process continues.
     EXPECT_TRUE(becomesTrue([&] { return temporary.processes().size() <= 1; }));
     word.reset();
     excel = makeExcelApplication(OfficeKind::LibreOffice, files);

@@ -19,7 +19,7 @@ TEST(RecordPagesTest, RecordsFollowOneAnotherOnPagesOfTheirOwn) {
         {{{0, 1}, {2, 3}, {3, 4}}, 6, 6, {{1, 2}, {3, 3}, {4, 6}}},
         // Blank pages are counted, but not exported.
         {{{0, 1}, {1, 3}, {3, 5}}, 5, 3, {{1, 1}, {2, 2}, {3, 3}}},
-        // A blank page inside of a record could be in any of them.
+        // A blank page inside a record could be in any of the records.
         {{{0, 1}, {4, 5}}, 6, 5, {}},
         {{{0, 1}, {1, 3}}, 4, 4, {}},
         // Two records share a page, or something unknown is between them or before the first.

@@ -8,7 +8,7 @@
 namespace mergeloom::model {
 namespace {
 
-/// Names as an office keeps them, without regard to letter case.
+/// The names of an office, which ignores letter case.
 class Names {
   public:
     void add(const std::string& name) { taken_.insert(foldCase(name)); }

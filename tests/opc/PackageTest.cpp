@@ -92,7 +92,7 @@ TEST(Package, canBeWrittenReadAndChangedAgain) {
     EXPECT_EQ(again.readPart("/word/document.xml"), "<other/>");
 }
 
-/// Fails at the n-th write.
+/// A sink whose n-th write fails.
 class FailingSink : public ByteSink {
   public:
     explicit FailingSink(int writes) : writes_(writes) {}

@@ -49,7 +49,7 @@ std::string jfif(char unit, std::uint64_t density) {
     return segment(0xE0, "JFIF\0\1\2"s + unit + big(density, 2) + big(density, 2) + "\0\0"s);
 }
 
-/// A resolution of 300.6 in the unit, and an orientation.
+/// Returns the data of a resolution of 300.6 per unit and of an orientation.
 std::string exif(bool isLittle, std::uint64_t unit, std::uint64_t orientation) {
     const auto number = isLittle ? little : big;
     const auto entry = [&](std::uint64_t tag, std::uint64_t type, const std::string& value) {

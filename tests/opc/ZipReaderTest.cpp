@@ -21,7 +21,7 @@ std::string readAll(const std::string& bytes, const ZipLimits& limits = {}) {
     });
 }
 
-/// A compound file with one directory entry.
+/// Returns a compound file with one directory entry.
 std::string compoundFile(const std::string& streamName) {
     std::string entry;
     for (const char character : streamName)
@@ -33,7 +33,7 @@ std::string compoundFile(const std::string& streamName) {
     return "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1" + std::string(1016, '\0') + entry;
 }
 
-// What real writers produce, and what must come back byte for byte when nothing is touched.
+// Archives as programs write them. A copy must have the same bytes.
 TEST(ZipReader, readsAndCopiesLegalArchives) {
     struct Case {
         const char* what;
@@ -160,7 +160,7 @@ TEST(ZipReader, namesAreDecoded) {
     }
 }
 
-// One entry's data named by two records: the way to a bomb that is larger than its parts.
+// Two records refer to the same data, which archives use to become much larger when they are unpacked.
 TEST(ZipReader, refusesOverlappingEntries) {
     const BuiltEntry a{.name = "a", .content = kDocumentXml};
     const BuiltEntry b{.name = "b", .content = kDocumentXml};
@@ -187,13 +187,13 @@ TEST(ZipReader, boundsWhatInflatingYields) {
     EXPECT_THAT(readAll(bomb, {.inflatedSize = zeros.size() + 1}), HasSubstr("too large when unpacked"));
     EXPECT_THAT(readAll(bomb, {.ratioFreeSize = zeros.size() - 1}), HasSubstr("too large when unpacked"));
     EXPECT_EQ(readAll(bomb, {.ratioFreeSize = zeros.size()}), "");
-    // A size that only claims to be huge is refused before memory for it is taken.
+    // A false huge size is refused before its memory is allocated.
     const std::string liar = buildZip({{.name = "a", .content = kDocumentXml, .sizeLie = 500 << 20}});
     EXPECT_THAT(readAll(liar), HasSubstr("too large when unpacked"));
     EXPECT_THAT(readAll(liar, {.maxRatio = 1U << 30U}), HasSubstr("does not have the size"));
 }
 
-// Flipped and missing bytes anywhere: an error or an archive, never a crash.
+// After changed or missing bytes there is an error or an archive, but no crash.
 TEST(ZipReader, survivesDamage) {
     std::vector<BuiltEntry> entries = documentEntries();
     entries[1].descriptor = Descriptor::Signed;

@@ -7,7 +7,7 @@
 namespace mergeloom::opc {
 namespace {
 
-/// Drops all but the last bytes, so that archives of gigabytes cost nothing.
+/// A sink that keeps only the last bytes, so that the test of gigabytes needs no memory.
 class TailSink : public ByteSink {
   public:
     void write(std::span<const char> bytes) override {
@@ -46,8 +46,8 @@ TEST(ZipWriter, writesWhatTheReaderReads) {
     }
 }
 
-// 65 entries of 64 MB pass 4 GB: the last records need 64-bit offsets. Three kinds of records have to take
-// them: one without extra fields, one whose ZIP64 field lacks the offset, and one whose field has it.
+// 65 entries of 64 MB are more than 4 GB, so the last records need offsets of 64 bits. There are three kinds
+// of records: one without extra fields, one whose ZIP64 field lacks the offset, and one whose field has it.
 TEST(ZipWriter, usesZip64WhenOffsetsNeedIt) {
     const std::string large(std::size_t{64} << 20U, 'x');
     const std::string bytes = buildZip({{.name = "large", .content = large, .deflated = false}});
@@ -73,7 +73,7 @@ TEST(ZipWriter, usesZip64WhenOffsetsNeedIt) {
     writer.add("new", pack("new", Packing::Deflate));
     writer.finish("");
 
-    // The tail holds the small entries, the directory and the end records.
+    // The tail consists of the small entries, the directory and the end records.
     const std::size_t directory = sink.tail.find("PK\x01\x02");
     const std::string records = sink.tail.substr(directory);
     const std::string end = records.substr(records.find("PK\x06\x06"));

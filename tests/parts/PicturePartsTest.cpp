@@ -128,7 +128,7 @@ TEST(PictureParts, doesNotTakeAnothersRelationshipForItsOwn) {
     opc::Package again = opc::Package::read(sink.text, "orders.docx");
     PictureParts pictures(again);
     (void)pictures.release(kDocument, addTo(pictures, kDocument, gif("a")));
-    // The id is free again and goes to the next picture.
+    // The id is free again, and the next picture gets it.
     EXPECT_EQ(addTo(pictures, kDocument, gif("b")), id);
     EXPECT_NE(addTo(pictures, kDocument, gif("a")), id);
 }

@@ -31,7 +31,7 @@ class DefinedNamesTest : public testing::Test {
         book_.emplace(*package_, undo_);
     }
     DefinedNames& names() { return book_->names(); }
-    /// The XML after the list of sheets.
+    /// Returns the XML after the list of sheets.
     std::string written() {
         const std::string xml = book_->toXml();
         const std::size_t start = xml.find("</sheets>") + 9;

@@ -13,7 +13,7 @@ CellFont bold(const std::string& name, double size) {
     return {name, size, true, false};
 }
 
-// The widths that Excel uses at 96 dots per inch: they follow from the column widths that it writes.
+// The widths that Excel uses at 96 dots per inch, which result from the column widths that it writes.
 TEST(FontMetrics, knowsTheDigitsOfDefaultFonts) {
     EXPECT_EQ(digitWidth(regular("Calibri", 11)), 7);
     EXPECT_EQ(digitWidth(regular("CALIBRI", 11)), 7);
@@ -63,13 +63,14 @@ TEST(FontMetrics, measuresALineOfText) {
 }
 
 TEST(FontMetrics, scalesTheLettersOfAFontThatIsOnlyAlike) {
-    // Tahoma's digits have 0.546 em, its likeness has 0.636: a bold one grows with its likeness.
+    // Tahoma's digits have 0.546 em, those of the similar font 0.636. A bold one becomes wider by the same
+    // factor as in that font.
     const CellFont tahoma = regular("Tahoma", 75);
     EXPECT_NEAR(textWidth("0", tahoma), 54.6, 0.01);
     EXPECT_NEAR(textWidth("0", bold("Tahoma", 75)), 69.6 * 54.6 / 63.6, 0.01);
 }
 
-// The rows of new workbooks with these default fonts.
+// Compares the rows of new workbooks with these default fonts.
 TEST(FontMetrics, knowsTheHeightOfARow) {
     EXPECT_DOUBLE_EQ(lineHeight(regular("Calibri", 11)), 15);
     EXPECT_DOUBLE_EQ(lineHeight(regular("Arial", 10)), 12.75);

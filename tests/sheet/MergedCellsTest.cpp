@@ -43,7 +43,7 @@ TEST(MergedCells, OfTwoThatOverlapTheFirstCounts) {
     EXPECT_EQ(addressOf(merged.areaAt(at("E9"))), "E2:E9");
 }
 
-/// Areas of all shapes, laid into cells of a grid so that they do not overlap.
+/// Returns areas of all shapes in the cells of a grid, so that they do not overlap.
 std::vector<std::string> randomAreas(std::mt19937& random) {
     std::vector<std::string> areas;
     for (int row = 1; row < 400; row += 20) {

@@ -9,8 +9,8 @@ using embedded::FormulaPlace;
 using embedded::MovableFormula;
 using embedded::RowMap;
 
-/// The rows 5 and 6 of the first of two sheets, columns B to D, are there three times; an earlier filling had
-/// left two more rows. The second sheet, 'It''s', stays as it is.
+/// Formulas of a book in which rows 5 and 6 of the first of two sheets, columns B to D, exist three times.
+/// Two more rows were there before. The second sheet, 'It''s', is unchanged.
 class MovedFormula : public testing::Test {
   protected:
     MovedFormula() {

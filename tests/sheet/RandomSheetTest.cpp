@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-/// Random edits of random sheets, compared with a model that knows cells and heights but no XML.
+/// Compares random edits of random sheets with a model that has cells and heights but no XML.
 namespace mergeloom::embedded {
 namespace {
 
@@ -46,7 +46,7 @@ class SheetMaker {
     }
 
     int upTo(int last) { return std::uniform_int_distribution<int>(1, last)(random_); }
-    /// Returns true except for one time out of so many.
+    /// Returns false once in the given number of times on average.
     bool chance(int times) { return upTo(times) > 1; }
 
   private:
@@ -80,7 +80,7 @@ class SheetMaker {
         return tag + ">" + makeFormula(cell, made) + "<v>" + made.value + "</v></c>";
     }
 
-    /// Every third cell has a formula that is shared down and across from the first of them.
+    /// Returns a shared formula for a third of the cells. The first of these cells defines it for the others.
     std::string makeFormula(const excel::CellPosition& cell, ModelCell& made) {
         if (chance(3)) return {};
         made.formula = addressOf(excel::CellPosition{cell.row + 20, cell.column + 20}) + "+$A$1";

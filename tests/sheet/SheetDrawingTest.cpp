@@ -20,16 +20,16 @@ std::vector<double> numbers(const ShapeFrame& frame) {
     return {frame.left.value, frame.top.value, frame.width.value, frame.height.value};
 }
 
-/// A sheet made by another program: a picture of 100 by 50 pixels, 10 right and 5 down from the corner of B3
-/// of a sheet whose column B has 75 pixels, and a chart of 480 by 288 pixels at B10. The program wrote the
-/// picture's frame into a:xfrm as well.
+/// A sheet of another program: a picture of 100 by 50 pixels, 10 pixels to the right of and 5 below the
+/// corner of B3, in a sheet whose column B has 75 pixels, and a chart of 480 by 288 pixels at B10. The
+/// program has also written the frame of the picture into a:xfrm.
 const std::string kForeignColumns =
     R"(<cols><col min="2" max="2" width="10.7109375" customWidth="1"/></cols>)";
 const std::string kForeignDrawing =
     R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <xdr:wsDr xmlns:xdr="http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing" xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main"><xdr:twoCellAnchor editAs="oneCell"><xdr:from><xdr:col>1</xdr:col><xdr:colOff>95250</xdr:colOff><xdr:row>2</xdr:row><xdr:rowOff>47625</xdr:rowOff></xdr:from><xdr:to><xdr:col>2</xdr:col><xdr:colOff>333375</xdr:colOff><xdr:row>4</xdr:row><xdr:rowOff>142875</xdr:rowOff></xdr:to><xdr:pic><xdr:nvPicPr><xdr:cNvPr id="2" name="Picture 1" descr="logo.png"/><xdr:cNvPicPr><a:picLocks noChangeAspect="1"/></xdr:cNvPicPr></xdr:nvPicPr><xdr:blipFill><a:blip xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships" r:embed="rId1"/><a:stretch><a:fillRect/></a:stretch></xdr:blipFill><xdr:spPr><a:xfrm><a:off x="704850" y="428625"/><a:ext cx="952500" cy="476250"/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom></xdr:spPr></xdr:pic><xdr:clientData/></xdr:twoCellAnchor><xdr:twoCellAnchor><xdr:from><xdr:col>1</xdr:col><xdr:colOff>0</xdr:colOff><xdr:row>9</xdr:row><xdr:rowOff>0</xdr:rowOff></xdr:from><xdr:to><xdr:col>8</xdr:col><xdr:colOff>200025</xdr:colOff><xdr:row>23</xdr:row><xdr:rowOff>76200</xdr:rowOff></xdr:to><xdr:graphicFrame macro=""><xdr:nvGraphicFramePr><xdr:cNvPr id="5" name="Chart 4"/><xdr:cNvGraphicFramePr/></xdr:nvGraphicFramePr><xdr:xfrm><a:off x="0" y="0"/><a:ext cx="0" cy="0"/></xdr:xfrm><a:graphic><a:graphicData uri="http://schemas.openxmlformats.org/drawingml/2006/chart"><c:chart xmlns:c="http://schemas.openxmlformats.org/drawingml/2006/chart" xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships" r:id="rId2"/></a:graphicData></a:graphic></xdr:graphicFrame><xdr:clientData/></xdr:twoCellAnchor></xdr:wsDr>)";
 
-/// Without a prefix, as another program writes it.
+/// A drawing without a prefix, as another program writes it.
 const std::string kPlainDrawing =
     R"(<wsDr xmlns="http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing"><oneCellAnchor><from><col>2</col><colOff>0</colOff><row>3</row><rowOff>0</rowOff></from><ext cx="952500" cy="476250"/><pic><nvPicPr><cNvPr id="11" name="Image 1" descr="Picture"/><cNvPicPr/></nvPicPr><blipFill><a:blip xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main" xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships" cstate="print" r:embed="rId1"/></blipFill><spPr/></pic><clientData/></oneCellAnchor></wsDr>)";
 
@@ -172,7 +172,7 @@ TEST(SheetDrawing, givesManyPicturesNamesAndIdsOfTheirOwn) {
     EXPECT_EQ(names.size(), 301U);
     EXPECT_EQ(sheet.relationships().all().size(), 4U);
     const std::string xml = sheet.stored();
-    // The picture that was there has 7.
+    // The former picture has the id 7.
     for (const char* id : {" id=\"8\"", " id=\"9\"", " id=\"307\""}) {
         EXPECT_NE(xml.find(id), std::string::npos);
         EXPECT_EQ(xml.find(id), xml.rfind(id));

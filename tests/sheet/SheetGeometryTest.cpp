@@ -27,7 +27,7 @@ struct MeasuredSheet : LoggedSheet {
     SheetGeometry geometry{part, styles, undo};
 };
 
-// Known from Excel: a new sheet's columns are 64 pixels wide and show 8.43, its rows have 15 points.
+// Excel's defaults: the columns of a new sheet are 64 pixels wide and show 8.43, and its rows have 15 points.
 TEST(SheetGeometry, hasDefaults) {
     const MeasuredSheet sheet;
     EXPECT_EQ(sheet.width(1), 8.43);
@@ -57,8 +57,8 @@ TEST(SheetGeometry, readsTheSheetsDefaults) {
     }
 }
 
-// By the formula of the clause on columns, worked out by hand: (256 * 10.7109375 + 18) / 256 * 7 = 75.5 and
-// (256 * 0.5 + 18) / 256 * 7 = 3.99, without their fractions.
+// The results of the standard's formula for columns: (256 * 10.7109375 + 18) / 256 * 7 = 75.5 and (256 * 0.5
+// + 18) / 256 * 7 = 3.99, without their fractions.
 TEST(SheetGeometry, readsColumnsAndRows) {
     const MeasuredSheet sheet(
         R"(<cols><col min="2" max="4" width="10.7109375" customWidth="1"/><col min="5" max="5" hidden="1" )"

@@ -59,7 +59,7 @@ Edit placing(const char* section, const char* xml) {
     return [=](SheetPart& part) { part.setSection(section, xml); };
 }
 
-/// A cell with a text of its own.
+/// Returns a cell with an inline text.
 std::string textCell(const std::string& attributes, const std::string& text = "x") {
     return "<c " + attributes + " t=\"inlineStr\"><is><t>" + text + "</t></is></c>";
 }
@@ -237,7 +237,7 @@ std::string successor(const std::string& address) {
     return "<c r=\"" + address + "\"><f t=\"shared\" si=\"0\"/><v>1</v></c>";
 }
 
-/// The formula of a successor, whose attributes keep their order.
+/// Returns the cell that defines the formula now. Its attributes keep their order.
 std::string newMaster(const std::string& address, const std::string& area, const std::string& formula) {
     return "<c r=\"" + address + "\"><f t=\"shared\" si=\"0\" ref=\"" + area + "\">" + formula +
            "</f><v>1</v></c>";

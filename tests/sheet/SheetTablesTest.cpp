@@ -22,7 +22,7 @@ std::string tableXml(const std::string& attributes, const std::vector<std::strin
     return xml + "</tableColumns></table>";
 }
 
-/// A sheet with one table, its header in B2:D2 unless a test says otherwise.
+/// A sheet with one table, whose header is in B2:D2 by default.
 class SheetTablesTest : public testing::Test {
   protected:
     void read(const std::string& xml) {

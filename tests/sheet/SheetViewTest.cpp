@@ -12,7 +12,7 @@ excel::CellSelection selected(const char* active, const char* areas) {
     return {at(active), excel::parseAreas(areas)};
 }
 
-/// A sheet with one view, the given XML in it.
+/// Returns a sheet with one view that contains the XML.
 std::string viewed(const std::string& children) {
     return worksheet("<sheetViews><sheetView workbookViewId=\"0\">" + children +
                      "</sheetView></sheetViews><sheetData/>");

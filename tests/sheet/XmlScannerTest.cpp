@@ -15,7 +15,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-/// The tags of a text: "a1" for a start tag in depth 1, "/a1" for an end tag, "a1/" for an empty element.
+/// Returns the tags of a text: "a1" for a start tag in depth 1, "/a1" for an end tag, "a1/" for an empty
+/// element.
 std::vector<std::string> tagsOf(const std::string& xml) {
     std::vector<std::string> tags;
     for (XmlScanner scanner(xml); scanner.next();) {

@@ -26,8 +26,7 @@ string cell(const string& text) {
 const string kTable = "<w:tbl><w:tr>" + cell("1") + cell("2") + cell("3") + "</w:tr><w:tr>" + cell("4") +
                       cell("5") + cell("6") + "</w:tr></w:tbl>" + paragraph("");
 
-/// Adds the bookmark N with the id 101 over a stretch; gives the body then, with the marks short: "[" and
-/// "]".
+/// Adds the bookmark N with the id 101 to a range. Returns the new body with short marks, "[" and "]".
 string marked(const string& body, int from, int to) {
     OpenBody part(body);
     part.add("N", from, to);
@@ -48,7 +47,8 @@ TEST(BookmarkEditor, putsMarksWhereWordDoes) {
     EXPECT_EQ(
         marked(paragraph("<w:del><w:r><w:delText>ab</w:delText></w:r></w:del>"), 1, 1),
         paragraph("<w:del><w:r><w:delText>a</w:delText></w:r>[]<w:r><w:delText>b</w:delText></w:r></w:del>"));
-    // Text put in goes behind every mark: into what starts there, not into what ends there.
+    // Inserted text is behind every mark: inside a bookmark that starts there, but outside of one that ends
+    // there.
     const string touching = paragraph(start(1, "A") + run("a") + end(1) + start(2, "B") + run("b") + end(2));
     EXPECT_EQ(marked(touching, 1, 1),
               paragraph(start(1, "A") + run("a") + end(1) + start(2, "B") + "[]" + run("b") + end(2)));
@@ -125,7 +125,7 @@ TEST(BookmarkTable, findsManyNamesWhileOthersGoAndComeBack) {
     for (int round = 0; round < 3; ++round) {
         for (int number = 0; number < kNames; ++number)
             part.add(nameOf(number), 0, 0);
-        // Every third name stays absent until the next round.
+        // Every third name is absent until the next round.
         for (int number = 0; number < kNames; number += 3)
             part.body().bookmarks.remove(*part.table.find("FIELD" + std::to_string(number)));
         for (int number = 0; number < kNames; ++number) {

@@ -17,8 +17,8 @@ Edit erase(int start, int end) {
     return [=](OpenStory& story) { story.eraser.erase({start}, {end}); };
 }
 
-/// One line of XML in, an edit, one line out; the elements carry no prefix. An edit that is refused says why
-/// and leaves the line as it is.
+/// A line of XML before and after an edit, without the prefixes of elements. A refused edit has a reason and
+/// leaves the line unchanged.
 struct Case {
     const char* what;
     string body;

@@ -8,7 +8,7 @@
 namespace mergeloom::embedded {
 namespace {
 
-/// Every answer of the tree, compared with what the items in a row give.
+/// Compares every result of the tree with that of a simple row of items.
 void compare(const ItemTree& tree, const std::vector<Item*>& row) {
     std::int64_t position = 0;
     int open = 0;

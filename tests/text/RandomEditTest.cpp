@@ -53,7 +53,7 @@ string textBox(const string& content, const string& copy) {
            inside("txbxContent", copy) + "</v:textbox></w:pict></mc:Fallback></mc:AlternateContent></w:r>";
 }
 
-/// Bodies with all that a story is made of, at the places where edits are hardest.
+/// Returns bodies with all parts of a story, arranged so that edits are most difficult.
 std::vector<string> bodies() {
     const string picture = "<w:r><w:drawing><wp:inline/></w:drawing></w:r>";
     const string nested = table(
@@ -97,7 +97,7 @@ std::vector<string> bodies() {
     };
 }
 
-/// The characters of a story: its text in UTF-16, and for every other item as many units of its kind.
+/// Returns the characters of a story: its text in UTF-16, and for every other item as many units of its kind.
 std::u16string charactersOf(const Story& story) {
     std::u16string units;
     for (const Item* item = story.items().first(); item; item = ItemTree::next(item)) {
@@ -127,7 +127,7 @@ Places placesOf(const Story& story) {
     return places;
 }
 
-/// What is wrong with the elements below a node, by the standard's rules of what stands where.
+/// Returns the violations of the standard's structure below a node.
 string faultsIn(const opc::WordNames& names, pugi::xml_node node, std::set<string>& openIds) {
     string faults;
     const opc::WordTag tag = names.tagOf(node);
@@ -135,7 +135,7 @@ string faultsIn(const opc::WordNames& names, pugi::xml_node node, std::set<strin
     for (const pugi::xml_node child : node.children()) {
         const opc::WordTag inner = names.tagOf(child);
         const string id = names.value(child, "id");
-        // A fallback repeats the ids of what it stands for.
+        // A fallback repeats the ids of the content that it replaces.
         if (std::string_view(child.name()) == "mc:Fallback") continue;
         if (inner == opc::WordTag::BookmarkStart && !openIds.insert(id).second) faults += " id twice";
         if (inner == opc::WordTag::BookmarkEnd && openIds.count(id) == 0) faults += " end without start";
@@ -170,12 +170,12 @@ string faultsIn(const opc::WordNames& names, pugi::xml_node node, std::set<strin
     return faults;
 }
 
-/// Edits a part at random, and knows what has to come of each edit.
+/// Makes random edits of a part, and computes the expected result of each.
 class RandomEdits {
   public:
     RandomEdits(const string& body, unsigned seed) : part_(documentXml(body)), random_(seed) {}
 
-    /// One edit; what is wrong after it, or nothing.
+    /// Makes one edit. Returns the faults after it; empty for none.
     string step() {
         OpenStory& chosen = part_.stories[number(part_.stories.size())];
         OpenStory& story = isInPart(chosen) ? chosen : part_.body();
@@ -208,7 +208,7 @@ class RandomEdits {
         return {static_cast<std::int64_t>(number(static_cast<std::size_t>(story.length().value) + 1))};
     }
 
-    /// False for a text box that was erased.
+    /// Returns false for an erased text box.
     bool isInPart(OpenStory& story) { return isInside(story.story.root(), part_.part->root()); }
 
     void edit(OpenStory& story) {
@@ -269,7 +269,7 @@ class RandomEdits {
         Item* row =
             story.tables.insertTable(at, {.rows = 1, .columns = 2, .width = 100, .hasGridStyle = true});
         story.tables.appendRow(row);
-        // Where it stands is for the tests of tables to say.
+        // The tests of tables check its position.
         characters_ = charactersOf(story.story);
         places_ = placesOf(story.story);
     }
@@ -278,7 +278,7 @@ class RandomEdits {
         edit_ = "erase " + std::to_string(start.value) + "-" + std::to_string(end.value);
         const auto length = story.story.length().value;
         story.eraser.erase(start, end);
-        // The mark of the story or the cell may stay.
+        // The mark of the story or of the cell may remain.
         const std::int64_t count = length - story.story.length().value;
         const std::int64_t kept = (end - start).value - count;
         EXPECT_TRUE(kept == 0 || kept == 1) << edit_;
@@ -311,7 +311,7 @@ class RandomEdits {
         }
     }
 
-    /// The live items are those that a reader finds in the XML, and the XML is sound.
+    /// Compares the items with those that a reader finds in the XML, and checks the XML.
     string check() {
         OpenPart again(part_.part->toXml());
         std::set<string> openIds;
@@ -338,7 +338,8 @@ class RandomEdits {
         return fault;
     }
 
-    /// The bookmarks of a range are those that overlap it, or touch it where one of both is empty.
+    /// Compares the bookmarks of a range with those that overlap it, or that touch it if one of both is
+    /// empty.
     string checkFinder(OpenStory& story) {
         CharacterPosition start = place(story.story);
         CharacterPosition end = number(2) == 0 ? start : place(story.story);

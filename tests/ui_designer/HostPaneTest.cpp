@@ -36,7 +36,7 @@ TEST(HostPane, TellsItsSizeBeforeADrop) {
     EXPECT_EQ(sizes[0][0].toInt(), 300);
 }
 
-/// A drag whose source is no widget of this program.
+/// The source of this drag is no widget of this program.
 TEST(HostPane, TakesNoDragOfAnotherProgram) {
     QWidget window;
     HostPane pane(&window);

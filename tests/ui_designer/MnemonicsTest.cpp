@@ -20,7 +20,7 @@ namespace {
 
 using testing::IsEmpty;
 
-/// Texts in one window or menu, by the letters that are underlined in them.
+/// The texts of one window or menu by their underlined letters.
 class Letters {
   public:
     void add(const QString& text) {
@@ -77,7 +77,7 @@ TEST(Mnemonics, OfTheWindowAndItsMenusAreDistinct) {
     const ChangedVariable configuration("XDG_CONFIG_HOME", folder.path());
     for (const DocumentKind kind : {DocumentKind::Word, DocumentKind::Excel}) {
         const frmMain window(kind);
-        // The list of places has its letter when there is one.
+        // The list of places has a letter while there are places.
         window.findChild<PlacesPane*>()->show({{.name = QStringLiteral("Customer")}});
         const Letters letters = lettersOf(window);
         EXPECT_GE(letters.count(), 12U);

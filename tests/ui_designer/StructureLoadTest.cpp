@@ -19,7 +19,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// A document with one control and the folders in its options.
+/// Returns a document with one control and the folders in its options.
 std::string document(const std::string& form, const std::string& folders) {
     return "<db><Form Name='" + form + "' CurrentView='1'><Control Name='c' ControlType='Textbox'/></Form>" +
            (folders.empty() ? "" : "<Options><FileLocations " + folders + "/></Options>") + "</db>";
@@ -60,7 +60,7 @@ class StructureLoading : public testing::Test {
         load_.cmdLoadXML_Click();
         finish();
     }
-    /// The top level of the tree that was shown last.
+    /// Returns the top level of the tree that was shown last.
     [[nodiscard]] std::vector<std::string> topLevel() const {
         std::vector<std::string> texts;
         for (const TreeNode* node = structure_->tree.First(); node != nullptr; node = node->Next())

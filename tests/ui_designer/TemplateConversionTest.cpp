@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 class ConvertingTemplates : public TemplateScene {
   protected:
-    /// A template with a sentence in it.
+    /// Makes a template with a sentence in it.
     std::string makeLetter(const std::string& name, const std::string& sentence) {
         std::string path = folder / name;
         const word::DocumentPtr document = startWord()->Documents()->Add("");

@@ -230,7 +230,7 @@ TEST_F(TreePaneTest, ANodeThatCannotBeDraggedIsNot) {
     EXPECT_EQ(finished.count(), 1);
     EXPECT_EQ(pane_.findChild<QDrag*>(), nullptr);
     EXPECT_EQ(pane_.selectedNode()->Text(), "Special");
-    // It was hooked all the same.
+    // The tree was hooked nevertheless.
     QFocusEvent lost(QEvent::FocusOut);
     QApplication::sendEvent(&pane_.tvXML(), &lost);
     EXPECT_TRUE(gTreeLostFocus);

@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Writes into a buffer as a common dialog does: the text with its NUL; the bytes after them stay.
+/// Writes the text and its NUL into a buffer as a common dialog does. The bytes after them remain.
 void overwrite(std::string& buffer, std::string_view text) {
     buffer.resize(std::max(buffer.size(), text.size() + 2));
     buffer.replace(0, text.size() + 1, std::string(text) + '\0');

@@ -25,7 +25,7 @@ QPushButton& namedButton(QWidget& window, const char* name) {
     return *window.findChild<QPushButton*>(QLatin1String(name));
 }
 
-/// Presses a button by its letter, which takes as long as the button is seen to go down.
+/// Presses a button by its letter and waits until it is released.
 void press(QWidget& window, const char* name, Qt::Key letter) {
     QSignalSpy clicked(&namedButton(window, name), &QPushButton::clicked);
     QTest::keyClick(&window, letter, Qt::AltModifier);
@@ -52,7 +52,7 @@ class frmFieldsTest : public testing::Test {
         });
     }
 
-    /// A letter for each field, a small one for one that is not selected.
+    /// Returns a letter for each field, in lower case if it is not selected.
     [[nodiscard]] std::string shown() const {
         std::string text;
         for (const FieldSelection::Item& item : fields.items())

@@ -43,8 +43,8 @@ QStringList matches(const QString& html, const QString& pattern) {
     return found;
 }
 
-/// Calls everything that a user can ask of a help file; a damaged one either works or raises an error that
-/// names it.
+/// Makes all calls that a user can cause in a help file. A damaged file works or raises an error that names
+/// it.
 void readAll(const std::string& path) {
     HelpFile file(path);
     for (const QString& topic : file.topics()) {
@@ -139,7 +139,7 @@ TEST(HelpFile, WhatIsNoHelpFileIsNamed) {
     }
 }
 
-/// Every part of the file, overwritten in turn.
+/// Overwrites every part of the file in turn.
 TEST(HelpFile, DamageIsToldOrDoesNoHarm) {
     const TemporaryFolder folder;
     const std::string bytes = builtBytes();

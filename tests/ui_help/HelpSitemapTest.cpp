@@ -7,7 +7,7 @@
 namespace mergeloom {
 namespace {
 
-/// "title>topic" of each entry with its children in brackets.
+/// Returns "title>topic" of each entry with its children in brackets.
 std::string outline(const std::vector<HelpEntry>& entries) {
     std::string text;
     for (const HelpEntry& entry : entries) {

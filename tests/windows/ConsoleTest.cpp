@@ -5,7 +5,7 @@
 namespace mergeloom::windows {
 namespace {
 
-/// A console of this process's own, on which the programs that it starts write.
+/// A console of this process, to which the programs that it starts write.
 class OwnConsole {
   public:
     OwnConsole() {

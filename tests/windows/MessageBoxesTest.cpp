@@ -16,7 +16,7 @@ std::string textOf(HWND window) {
     return utf8Text(text.data());
 }
 
-/// A message box of a program: its title and its text.
+/// A message box of a program with its title and its text.
 struct Box {
     HWND window = nullptr;
     std::string title{};
@@ -43,8 +43,8 @@ Box findBox(DWORD process) {
     return search.box;
 }
 
-/// Waits for a message box of the program, presses its first button, and returns it. There is none if the
-/// program ends without.
+/// Waits for a message box of the program, presses its first button, and returns it; an empty box if the
+/// program ends without one.
 Box answerBox(const StartedProgram& program) {
     for (DWORD waited = 0; waited < kLongest; waited += kLook) {
         const Box box = findBox(program.number());

@@ -31,7 +31,7 @@ string storyPart(const string& element, const string& inside) {
            inside + "</w:" + element + ">";
 }
 
-/// A document file with a header, a footnote and a comment beside its body.
+/// Returns a document file with a header, a footnote and a comment in addition to its body.
 string richFile(const string& body) {
     opc::Package package = opc::Package::read(wordFile(body), "rich.docx");
     const auto add = [&](const string& type, const string& name, const string& xml) {
@@ -61,7 +61,7 @@ class EmbeddedDocumentTest : public testing::Test {
         document = application->Documents()->Open("/a.docx");
         selection = application->Selection();
     }
-    /// A range of the body; the bookmark that makes it stands empty at the start again.
+    /// Returns a range of the body. The bookmark from which it is made becomes empty at the start again.
     word::RangePtr range(int start, int end) {
         const word::BookmarkPtr place = bookmark("Place");
         place->SetEnd({end});
@@ -102,7 +102,7 @@ TEST_F(EmbeddedDocumentTest, rangesLiveOnThroughEdits) {
         string text;
         int liveStart, liveEnd;
     };
-    // What becomes of the range from 4 to 6.
+    // The expected bounds are those of the range from 4 to 6 after an edit.
     for (const Case& c : std::vector<Case>{{2, 2, "xy", 6, 8},
                                            {4, 4, "xy", 4, 8},
                                            {5, 5, "xy", 4, 8},
@@ -182,7 +182,7 @@ TEST_F(EmbeddedDocumentTest, addMovesABookmarkFromAnywhere) {
     EXPECT_NE(body.find("w:id=\"41\" w:name=\"boxed\""), string::npos) << body;
     EXPECT_EQ(saved("/word/header1.xml").find("bookmark"), string::npos);
     EXPECT_EQ(bookmark("head")->Range()->storyName(), "body");
-    // Back into the header.
+    // The new bookmark is in the story of the other one.
     document->Bookmarks()->Add("x", *bookmark("High")->Range());
     EXPECT_EQ(bookmark("x")->Range()->storyName(), "comment 1");
 }

@@ -45,10 +45,10 @@ string withMarks(string body) {
     return body;
 }
 
-/// A document into which texts, tables and bookmarks are to go.
+/// Edits of a protected document: texts, tables and bookmarks.
 class Protection : public testing::Test {
   protected:
-    /// Braces stand around the stretch that the range "here" covers.
+    /// Braces mark the content of the range "here".
     void open(const string& body, const string& settings = "") {
         files.files["/given.docx"] = fileWithSettings(withMarks(body), settings);
         application = embedded::makeWordApplication(files);
@@ -56,7 +56,7 @@ class Protection : public testing::Test {
         here = document->Bookmarks()->Item("Here")->Range();
     }
 
-    /// The text with which an edit is refused; empty when it is made.
+    /// Returns the sentence that refuses an edit; empty if it is made.
     static string refusal(const std::function<void()>& edit) {
         try {
             edit();

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-// The tree looks up bound values in an index; here its results are compared with the searches that define
-// them.
+// The tree looks up bound values in an index, and these tests compare its results with the searches that
+// define them.
 
 namespace mergeloom {
 namespace {

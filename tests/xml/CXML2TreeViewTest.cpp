@@ -8,8 +8,8 @@
 namespace mergeloom {
 namespace {
 
-/// A tree as text: a line for each node, indented by its level: key, text, tag and image, without the parts
-/// that are empty. Drop kinds, whose tag is their text, are shown by their text alone.
+/// Returns a tree as text: a line for each node, indented by its level, with key, text, tag and image unless
+/// they are empty. Drop kinds, whose tag is their text, have their text only.
 std::string dump(const TreeNode* node, int level = 0) {
     std::string text;
     for (; node != nullptr; node = node->Next()) {

@@ -10,7 +10,7 @@
 namespace mergeloom {
 namespace {
 
-/// A control and what can be dropped of it, "Customer: Label, Value"; controls below it in brackets.
+/// Returns a control and its drop kinds, "Customer: Label, Value", with controls below it in brackets.
 std::string line(const TreeNode& node) {
     std::string text = node.Text();
     for (TreeNode* child = node.Child(); child != nullptr; child = child->Next()) {

@@ -197,7 +197,7 @@ TEST_F(StructureDocumentFile, FindsPicturesBesideIt) {
         EXPECT_EQ(document_.findPicture(none), "");
 }
 
-// Children as text: names of elements, "#text" and the like, each followed by a blank.
+// Returns the children as text: names of elements, "#text" and others, each followed by a blank.
 std::string childrenOf(const char* xml) {
     StructureDocument document;
     EXPECT_TRUE(document.loadXML(xml)) << document.parseError().reason;

@@ -52,7 +52,7 @@ TEST(SearchNodeNotCaseSensitive, NoneIsFoundBelowNone) {
     EXPECT_TRUE(errors.reports.empty());
 }
 
-// A name with an apostrophe cannot be written into the expression; that is told, not passed over.
+// A name with an apostrophe cannot be part of the expression, which is reported.
 TEST(SearchNodeNotCaseSensitive, ReportsAnExpressionThatDoesNotParse) {
     StructureDocument document;
     ASSERT_TRUE(document.loadXML("<r><a/></r>"));

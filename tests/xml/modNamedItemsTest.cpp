@@ -47,7 +47,7 @@ TEST(NamedItems, IndexByName) {
     }
 }
 
-// The lists' ends: -1 and one past the last item are empty, beyond them there is nothing.
+// The items at -1 and one past the last item are empty, and there are no others beyond them.
 TEST(NamedItems, ItemByIndex) {
     struct {
         std::string (*name)(std::int32_t);

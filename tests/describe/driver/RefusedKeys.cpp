@@ -1,7 +1,7 @@
-// A library that is loaded before the driver manager of ODBC and refuses one of the two ways to read the keys
-// of tables: with MERGELOOM_REFUSED_KEYS=all the statements that read those of all tables, as a server
-// without these tables of its catalog does, with MERGELOOM_REFUSED_KEYS=each the functions that list those of
-// one table.
+// This library is loaded before the driver manager of ODBC, and makes one of the two ways to read the keys of
+// tables fail. MERGELOOM_REFUSED_KEYS=all is for the statements that read the keys of all tables, as on a
+// server without these tables of its catalog. MERGELOOM_REFUSED_KEYS=each is for the functions that list the
+// keys of one table.
 
 #include <dlfcn.h>
 #include <sql.h>

@@ -26,7 +26,7 @@ bool showsTypedCharacters() {
 
 /// Asks for a password and ends with the result and with the state of the terminal.
 [[noreturn]] void askAndEnd() {
-    // It is ignored in a process that was started in the background, and StopSignal respects that.
+    // A process that was started in the background ignores the signal, which StopSignal respects.
     std::signal(SIGINT, SIG_DFL);
     const StopSignal stop;
     const std::optional<std::string> password = askPasswordOnTerminal();
@@ -34,8 +34,8 @@ bool showsTypedCharacters() {
     ::_exit(password == "gull" ? kHasPassword : kHasNone);
 }
 
-/// Returns the exit status of a process on whose terminal the keys are typed at its question, or the negative
-/// number of the signal that ended it.
+/// Types the keys on the terminal of a process at its question. Returns the exit status of the process, or
+/// the negative number of the signal that ended it.
 int statusAfter(std::string_view keys) {
     int terminal = -1;
     const pid_t process = ::forkpty(&terminal, nullptr, nullptr, nullptr);

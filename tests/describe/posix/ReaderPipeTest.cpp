@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// A pipe whose reader finds its end after the bytes.
+/// A pipe with the written bytes and no writer, so its reader finds an end after them.
 class FullPipe {
   public:
     explicit FullPipe(const std::function<void(PipeWriter&)>& write) {
@@ -119,7 +119,7 @@ TEST(ReaderPipe, RefusesWhatIsNoMessage) {
         const FullPipe pipe(write);
         EXPECT_THROW(pipe.reader().message(), AutomationError);
     }
-    // A text of which a part is missing, and one of a length that no file has.
+    // The first text is incomplete, and the second one is longer than any file.
     for (const std::string_view bytes : {"\x05\0\0\0ab"sv, "\xFF\xFF\xFF\x7F"sv}) {
         const FullPipe pipe([bytes](PipeWriter& writer) {
             for (const char byte : bytes)

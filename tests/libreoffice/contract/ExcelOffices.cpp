@@ -11,8 +11,8 @@ excel::ApplicationPtr startContractExcel(OfficeKind kind, FileStore& files) {
     return libreoffice::makeExcelApplication(sharedOffice(files), files);
 }
 
-// In this program the factory creates Calc instead of Excel, so that the same tests run over Calc as over our
-// own engine.
+// In this program the factory creates Calc instead of Excel, so the tests of the embedded office also test
+// Calc.
 
 word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files, const std::string&) {
     return embedded::makeWordApplication(files);

@@ -42,8 +42,8 @@ const std::string kForm =
     "<db><Form Name='F'><Control Name='City' Caption='Town'/><Control Name='Street' Caption='Street'/>"
     "</Form></db>";
 
-/// The parts that LibreOffice would lose or change: a theme's colours, attributes of its own, a chain, data
-/// of the user's own.
+/// Returns a workbook with parts that LibreOffice would remove or change: colours of a theme, its attributes,
+/// a calculation chain, and custom data.
 std::string originalBook() {
     opc::Package package = workbookPackage(
         {{.name = "Sheet1",
@@ -127,7 +127,7 @@ class BookOriginalTest : public ExcelDropTest {
     void TearDown() override {
         if (workbook) workbook->Close(excel::SaveChanges::No);
     }
-    /// Lets the user do something in the first sheet that the object model has no member for.
+    /// Edits the first sheet as the user does, by calls that the object model does not have.
     void edit(const std::function<void(const Reference<css::table::XCellRange>&)>& change) {
         sharedOffice(disk)->connection().call([&] {
             const Reference<css::sheet::XSpreadsheetDocument> book(libreoffice::componentOf(*workbook),
@@ -215,7 +215,7 @@ TEST_F(BookOriginalTest, GetsValuesFormatsAndFormulas) {
                 HasSubstr("<color theme=\"4\"/><name val=\"Calibri\"/><scheme"));
 }
 
-/// Links of cells, one after the other, and back to the original.
+/// Sets several links of a cell, one after the other, and removes the last one.
 TEST_F(BookOriginalTest, GetsLinksOfCells) {
     openOriginal();
     const auto link = [&](const std::string& address) {

@@ -12,7 +12,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// Throws what a request names.
+/// A handler that throws the error named in a request.
 class FaultyCalls final : public CallHandler {
   public:
     std::string answer(const std::string& request) override {

@@ -44,7 +44,7 @@ class GraftingOfficeTest : public ::testing::Test {
 TEST_F(GraftingOfficeTest, MakesTheSameExportBesideTheCaller) {
     const std::shared_future<std::string> begun = office->beginExport(letter("Dear customer"));
     ASSERT_TRUE(begun.valid());
-    // Its office has to start first, so it is still made.
+    // The export is not finished yet, since its office has to start first.
     EXPECT_FALSE(office->beginExport(letter("another")).valid());
     const std::string own = mainPartOf(office->exportOf(letter("Dear customer")));
     EXPECT_EQ(begun.wait_for(std::chrono::seconds(0)), std::future_status::ready);
@@ -58,7 +58,7 @@ TEST_F(GraftingOfficeTest, MakesTheSameExportBesideTheCaller) {
     EXPECT_TRUE(office->beginExport(letter("after it")).valid());
 }
 
-/// The document would take its office for a long time.
+/// The export of this document would take a long time.
 TEST_F(GraftingOfficeTest, EndsTheExportThatWasBegun) {
     std::string text = "Dear";
     for (int word = 0; word < 2'000'000; ++word)

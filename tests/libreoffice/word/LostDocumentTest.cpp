@@ -19,7 +19,7 @@ namespace mergeloom::libreoffice {
 
 namespace {
 
-/// A user may close a document that a program edits.
+/// The user may close a document while a program edits it.
 TEST(LostDocument, EveryCallSaysThatItIsGoneAndTheOfficeLivesOn) {
     MemoryFileStore files;
     const auto session = sharedOffice(files);

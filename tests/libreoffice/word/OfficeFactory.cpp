@@ -5,8 +5,8 @@
 
 namespace mergeloom {
 
-// In this program the factory gives Writer to whoever asks for Word, so that what is tested over our own
-// engine is tested over Writer unchanged.
+// In this program the factory creates Writer instead of Word, so the tests of the embedded office also test
+// Writer.
 
 word::ApplicationPtr makeWordApplication(OfficeKind, FileStore& files, const std::string&) {
     return libreoffice::makeWordApplication(sharedOffice(files), files);

@@ -39,7 +39,7 @@ const std::string kForm =
 constexpr const char* kCity = "2k";
 constexpr const char* kStreet = "3k";
 
-/// The parts that LibreOffice would lose or change: controls, themes, compatibility, data of the user's own.
+/// Content that LibreOffice would remove or change: controls, themes and attributes.
 const std::string kBody =
     "<w:p><w:r><w:rPr><w:rFonts w:asciiTheme=\"majorHAnsi\"/><w:color w:val=\"4F81BD\" "
     "w:themeColor=\"accent1\"/></w:rPr><w:t>Dear customer</w:t></w:r></w:p>"
@@ -60,7 +60,7 @@ std::string originalFile() {
     return packageBytes(package);
 }
 
-/// The entries of an archive as they are packed.
+/// Returns the entries of an archive as they are stored.
 std::map<std::string, std::string> entriesOf(const std::string& bytes) {
     const opc::ZipReader archive(bytes, "archive");
     std::map<std::string, std::string> entries;

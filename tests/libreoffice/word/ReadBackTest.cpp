@@ -36,7 +36,7 @@ void markFourthLetter(const DocumentReference& document) {
                                         true);
 }
 
-/// LibreOffice 7.4 writes the text of such a control once more for the bookmark.
+/// LibreOffice 7.4 writes the text of such a control a second time for the bookmark.
 TEST(ReadBack, keepsTheFileWhenAContentControlWouldBeRepeated) {
     MemoryFileStore files;
     const auto session = sharedOffice(files);

@@ -6,7 +6,7 @@ namespace mergeloom {
 
 namespace {
 
-/// Stands for the store of the test that runs.
+/// The store of the running test.
 class CurrentStore final : public FileStore {
   public:
     bool fileExists(const std::string& path) override { return files->fileExists(path); }
@@ -21,8 +21,8 @@ class CurrentStore final : public FileStore {
 CurrentStore currentStore;
 std::shared_ptr<libreoffice::LibreOfficeSession> office;
 
-/// Ends the office before the program's end, where nothing that it needs is left. Whoever still held it there
-/// would call an office through libraries that are being unloaded.
+/// Ends the office while its libraries are still loaded. Objects that still hold it at the end of the program
+/// would call it through libraries that are being unloaded.
 class OfficeEnd final : public testing::Environment {
   public:
     void TearDown() override {
