@@ -1,6 +1,7 @@
 #include "libreoffice/saving/PlantedFaults.h"
 
 #include "doubles/PackageBytes.h"
+#include "office/model/excel/CellAddress.h"
 #include "office/opc/Package.h"
 #include "office/opc/XmlPart.h"
 
@@ -168,8 +169,20 @@ Nodes names(Node root) {
                  [](Node each) { return std::string(each.attribute("name").value()).starts_with("amm"); });
 }
 
+/// Returns the cells with values that no formula computes, not even the array formula of another cell.
+Nodes cellsWithoutFormulas(Node root) {
+    std::vector<excel::CellArea> arrays;
+    for (const Node formula : shown(root, "f"))
+        if (const auto area = excel::parseArea(formula.attribute("ref").value())) arrays.push_back(*area);
+    return shown(root, "c", [&](Node cell) {
+        const auto position = excel::parseCell(cell.attribute("r").value());
+        const auto isComputed = [&](const excel::CellArea& area) { return area.contains(*position); };
+        return cell.child("v") && !cell.child("f") && position && std::ranges::none_of(arrays, isComputed);
+    });
+}
+
 bool plantInSheet(Node root, const std::string& fault, std::mt19937& chance) {
-    const Nodes cells = shown(root, "c", [](Node cell) { return cell.child("v") && !cell.child("f"); });
+    const Nodes cells = cellsWithoutFormulas(root);
     if (fault == "letter") {
         Nodes numbers;
         std::ranges::copy_if(cells, std::back_inserter(numbers),
