@@ -198,8 +198,9 @@ void FormatReplay::repeatParagraph(const TouchedLine& touched, const Line& own) 
     if (delta.isEmpty()) return;
     content_.beginEdit(*story_, own.mark, own.mark);
     pugi::xml_node paragraph = own.node;
-    delta.applyTo(requireProperties(paragraph, story_->names().element("pPr")), story_->names(),
-                  translation(Missing::Refused));
+    const pugi::xml_node properties = requireProperties(paragraph, story_->names().element("pPr"));
+    delta.applyTo(properties, story_->names(), translation(Missing::Refused));
+    if (!properties.first_child()) paragraph.remove_child(properties);
     story_->part().setDirty(true);
 }
 

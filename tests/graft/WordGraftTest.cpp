@@ -68,6 +68,8 @@ const std::vector<GraftCase> kCases = {
          "</w:p>",
      "<w:p><w:pPr><w:keepNext/><w:spacing w:after=\"1\"/><w:jc w:val=\"center\"/></w:pPr>" + run("a") +
          "</w:p>"},
+    {"a property gone that only the export had", kOld,
+     "<w:p><w:pPr><w:spacing w:before=\"0\"/></w:pPr>" + run("Old text", kShown) + "</w:p>", kOldShown, kOld},
     {"margins", paragraph("a") + "<w:sectPr w:rsidR=\"1\"><w:pgMar w:left=\"10\" w:right=\"20\"/></w:sectPr>",
      paragraph("a") + "<w:sectPr><w:pgMar w:left=\"10\" w:right=\"20\" w:gutter=\"0\"/></w:sectPr>",
      paragraph("a") + "<w:sectPr><w:pgMar w:left=\"99\" w:right=\"20\" w:gutter=\"0\"/></w:sectPr>",
