@@ -38,6 +38,11 @@ pugi::xml_node requireProperties(pugi::xml_node element, const std::string& name
     return element.prepend_child(name.c_str());
 }
 
+/// Returns true for a unit whose formatting others can take over. A symbol has its font as content.
+bool isFormatted(const Unit& unit) {
+    return unit.code != kField && !isSymbol(unit);
+}
+
 }  // namespace
 
 void FormatReplay::repeat(embedded::Story& original, const ReadStory& former, const ReadStory& now,
@@ -117,7 +122,7 @@ std::optional<FormatReplay::Neighbour> FormatReplay::neighbourOf(const TouchedLi
     const Line& now = now_->lines[touched.line];
     const auto wasThere = [&](std::size_t candidate) {
         const std::optional<LinePlace>& place = touched.units[candidate];
-        return place && now.units[candidate].code != kField &&
+        return place && isFormatted(now.units[candidate]) &&
                former_->lines[place->line].units[place->unit].format == now.units[candidate].format;
     };
     std::optional<std::size_t> any;
@@ -143,7 +148,7 @@ std::optional<FormatReplay::Neighbour> FormatReplay::neighbourAround(std::size_t
             const Line& now = now_->lines[line];
             for (std::size_t unit = 0; unit < now.units.size(); ++unit) {
                 const bool looksTheSame = now.units[unit].format == format;
-                if (now.units[unit].code == kField || (any && !looksTheSame)) continue;
+                if (!isFormatted(now.units[unit]) || (any && !looksTheSame)) continue;
                 any = {runPropertiesOf(now, unit, *now_->story),
                        runPropertiesOf(lines_[partners_[line]], unit, *story_)};
                 if (looksTheSame) return any;

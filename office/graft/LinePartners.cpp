@@ -13,12 +13,9 @@ namespace mergeloom::graft {
 
 namespace {
 
-/// Returns the character that is compared between two writers. The office writes a symbol of a font, which is
-/// an object for LineReader (CT_Sym, ECMA-376 Part 1, 17.3.3.30), as a character of the area that symbol
-/// fonts use.
+/// Returns the character that is compared between two writers.
 char32_t letterOf(const Unit& unit) {
-    const bool isSymbol = unit.code >= 0xF020 && unit.code <= 0xF0FF;
-    return isSymbol ? kObject : unit.code;
+    return isSymbol(unit) ? kObject : unit.code;
 }
 
 bool mayDiffer(const Unit& unit) {

@@ -182,6 +182,8 @@ TEST(WordGraftTest, ChangesAHeaderOnceThatIsExportedTwice) {
 TEST(WordGraftTest, EditsBesideBreaksAndObjectsThatAreReadDifferently) {
     const std::string page = "<w:r><w:br w:type=\"page\"/></w:r>";
     const std::string picture = "<w:r><w:drawing><wp:inline/></w:drawing></w:r>";
+    const std::string symbol = "<w:r><w:sym w:font=\"Wingdings\" w:char=\"F04A\"/></w:r>";
+    const std::string font = "<w:rFonts w:ascii=\"Wingdings\"/>";
     const auto p = [](const std::string& content) { return "<w:p>" + content + "</w:p>"; };
     const std::string former = p(run("a") + page) + p(run("b"));
     const GraftCase cases[] = {
@@ -191,9 +193,10 @@ TEST(WordGraftTest, EditsBesideBreaksAndObjectsThatAreReadDifferently) {
          p(run("a") + page) + p(run("xb")), p(run("a")) + p(page + run("x") + run("b"))},
         {"before the break", p(run("a")) + p(page + run("b")), former, p(run("ax") + page) + p(run("b")),
          p(run("ax")) + p(page + run("b"))},
-        {"a symbol", p("<w:r><w:sym w:font=\"Wingdings\" w:char=\"F04A\"/></w:r>" + run("a")),
-         p(run("\xEF\x81\x8A") + run("a")), p(run("\xEF\x81\x8A") + run("ax")),
-         p("<w:r><w:sym w:font=\"Wingdings\" w:char=\"F04A\"/></w:r>" + run("ax"))},
+        {"a symbol", p(symbol + run("a")), p(run("\xEF\x81\x8A") + run("a")),
+         p(run("\xEF\x81\x8A") + run("ax")), p(symbol + run("ax"))},
+        {"text in the font of a symbol", p(symbol + run("a")), p(run("\xEF\x81\x8A", font) + run("a")),
+         p(run("\xEF\x81\x8Ax", font) + run("a")), p(symbol + run("x", font) + run("a"))},
         {"an object that is lost", p(picture + run("a")), p(run("a")), p(run("ax")), p(picture + run("ax"))},
         {"a place", p(picture + run("a")), p(run("a")), p(marked("City", run("a"))),
          p(picture + replaceAll(marked("City", run("a")), "\"1\"", "\"0\""))},
