@@ -23,16 +23,18 @@ class HeldFiles final : public FileStore {
     std::map<std::string, std::string> files_;
 };
 
-/// Copies inline pictures of an export into an original.
+/// Copies pictures of an export into an original.
 class PictureTransfer {
   public:
     /// The original's content must read its pictures from these files.
     PictureTransfer(WordExport& edited, HeldFiles& files) : edited_(edited), files_(files) {}
 
-    /// Inserts a copy of the picture in a run of an exported story. Raises Refusal for other objects and for
-    /// pictures that are not in the package.
+    /// Inserts a copy of the picture in an exported story, whose form is its element of DrawingML
+    /// (CT_Inline, CT_Anchor, ECMA-376 Part 1, 20.4.2.8, 20.4.2.3). Raises Refusal for other objects and for
+    /// pictures that are not in the package. The original's story lists a floating picture as one in the
+    /// text, so its lines must not be read after this.
     void insert(embedded::WordContent& content, embedded::Story& original, CharacterPosition position,
-                const embedded::Story& exported, pugi::xml_node run);
+                const embedded::Story& exported, pugi::xml_node form);
 
   private:
     WordExport& edited_;

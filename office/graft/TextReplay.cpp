@@ -339,7 +339,8 @@ void TextReplay::replace(CharacterPosition start, CharacterPosition end, const N
     for (std::size_t picture = text.pictures.size(); picture-- > 0;) {
         const std::size_t at = rest.rfind(mark);
         content_.replace(story_, start, start, std::string(rest.substr(at + mark.size())));
-        pictures_.insert(content_, story_, start, *edited_.story, text.pictures[picture]);
+        pictures_.insert(content_, story_, start, *edited_.story,
+                         text.pictures[picture].child("w:drawing").child("wp:inline"));
         rest = rest.substr(0, at);
     }
     content_.replace(story_, start, start, std::string(rest));

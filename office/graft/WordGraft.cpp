@@ -1,6 +1,7 @@
 #include "office/graft/WordGraft.h"
 
 #include "base/AutomationError.h"
+#include "office/graft/FloatingPictures.h"
 #include "office/graft/FormatReplay.h"
 #include "office/graft/LinkReplay.h"
 #include "office/graft/MarkReplay.h"
@@ -127,6 +128,7 @@ class DocumentGraft {
         replays.formats.repeat(original, former, now, *difference);
         replays.links.repeat(original, former, now, *difference);
         replays.marks.repeat(original, former, now, *difference);
+        floating_.repeat(content, original, former, now);
     }
 
     const model::EditedPackage& package_;
@@ -135,6 +137,7 @@ class DocumentGraft {
     WordExport edited_;
     HeldFiles files_;
     PictureTransfer pictures_{edited_, files_};
+    FloatingPictures floating_{baseline_, edited_, pictures_};
 };
 
 }  // namespace

@@ -214,6 +214,52 @@ TEST(WordStructureTest, RepeatsChangesOfFieldsPlacesAndTables) {
 }
 
 /// Texts that the office computes, and comments in its XML.
+std::string floating(const std::string& name, const std::string& content) {
+    return "<w:r><w:drawing><wp:anchor behindDoc=\"0\" wp14:anchorId=\"7\"><wp14:sizeRelH/><wp:docPr "
+           "id=\"3\" name=\"" +
+           name + "\"/><a:graphic><a:graphicData>" + content +
+           "</a:graphicData></a:graphic></wp:anchor></w:drawing></w:r>";
+}
+
+/// A document with a picture as a part, which the body may show.
+std::string illustratedFile(const std::string& body) {
+    const std::string gif = std::string("GIF89a\x10\0\x10\0\0\0\0;", 14);
+    opc::Package package = opc::Package::read(wordFile(body), "a.docx");
+    package.addPart("/word/media/image9.gif", "image/gif", gif);
+    const std::string id = package.relationshipsOf(kMainPart).addPart(
+        opc::officeRelationshipType("image", opc::Conformance::Transitional), "/word/media/image9.gif");
+    package.writePart(kMainPart, replaceAll(package.readPart(kMainPart), "PICTURE", id));
+    return packageBytes(package);
+}
+
+TEST(WordStructureTest, InsertsFloatingPictures) {
+    const std::string picture =
+        floating("New", "<pic:pic><pic:cNvPr id=\"3\"/><a:blip r:embed=\"PICTURE\"/></pic:pic>");
+    const std::string shape = floating("Old", "<wps:wsp/>");
+    const std::string changed = floating("Old", "<wps:wsp><wps:spPr/></wps:wsp>");
+    const auto graft = [](const std::string& former, const std::string& now) {
+        return resultOf(Triple{wordFile(former), wordFile(former), illustratedFile(now)}.graft());
+    };
+    const auto bodyBeside = [&](const std::string& other) {
+        return graft(p(other + run("ab")) + kLast, p(other + run("a") + picture + run("bc")) + kLast);
+    };
+    for (const std::string& body : {bodyBeside(""), bodyBeside(shape)}) {
+        const std::size_t start = body.find("<wp:anchor", body.find("<w:t>a</w:t>"));
+        ASSERT_NE(start, std::string::npos) << body;
+        const std::string form = body.substr(start, body.find("</wp:anchor>") - start);
+        EXPECT_NE(form.find("behindDoc=\"0\""), std::string::npos) << form;
+        EXPECT_NE(form.find("name=\"New\""), std::string::npos) << form;
+        EXPECT_EQ(form.find("wp14:"), std::string::npos) << form;
+        EXPECT_LT(start, body.find("<w:t>bc</w:t>")) << body;
+    }
+    // Its object is in another paragraph after a split.
+    EXPECT_EQ(graft(p(run("a") + shape + run("b")), p(run("a") + shape) + p(run("b"))),
+              p(run("a") + shape) + p(run("b")));
+    EXPECT_EQ(graft(p(shape + run("a")), p(changed + run("a") + picture)),
+              "refused: an object was inserted and another one changed");
+    EXPECT_EQ(graft(p(run("a")), p(run("a") + shape)), "refused: an object was inserted");
+}
+
 TEST(WordStructureTest, IgnoresWhatNoUserChanged) {
     const Edit edits[] = {
         {"a page number", p(field("PAGE", "1")), p(field("PAGE", "2"))},

@@ -18,6 +18,9 @@
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/beans/XPropertyState.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/frame/DispatchHelper.hpp>
+#include <com/sun/star/frame/XDispatchProvider.hpp>
+#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 #include <map>
@@ -111,6 +114,23 @@ class OriginalTest : public StructureTest {
             const Reference<css::beans::XPropertySet> page(pages->getByName(pages->getElementNames()[0]),
                                                            css::uno::UNO_QUERY_THROW);
             page->setPropertyValue("HeaderIsOn", css::uno::Any(true));
+        });
+    }
+    /// Inserts a picture by the command of the office's menu, which lets it float.
+    void insertFloatingPicture(const std::string& file) {
+        libreoffice::OfficeConnection& office = sharedOffice(disk)->connection();
+        office.call([&] {
+            using libreoffice::Reference;
+            const Reference<css::frame::XModel> model(libreoffice::componentOf(*document),
+                                                      css::uno::UNO_QUERY_THROW);
+            const Reference<css::frame::XDispatchProvider> commands(model->getCurrentController()->getFrame(),
+                                                                    css::uno::UNO_QUERY_THROW);
+            css::beans::PropertyValue name;
+            name.Name = "FileName";
+            name.Value <<= libreoffice::toUno(libreoffice::fileUrl(file));
+            css::frame::DispatchHelper::create(office.context())
+                ->executeDispatch(commands, ".uno:InsertGraphic", {}, 0,
+                                  css::uno::Sequence<css::beans::PropertyValue>(&name, 1));
         });
     }
     /// Removes the link for an empty address.
@@ -227,6 +247,23 @@ TEST_F(OriginalTest, GetsAPictureAsAPartOfItsOwn) {
                             "word/media/image1.png"));
     EXPECT_EQ(opc::Package::read(file, "saved").readPart("/word/media/image1.png"),
               disk.read(MERGELOOM_SAMPLES "/pictures/letterhead.png"));
+}
+
+TEST_F(OriginalTest, GetsAFloatingPicture) {
+    const std::string original = originalFile();
+    write(original);
+    open();
+    word->Selection()->EndKey(word::WdUnits::wdStory);
+    insertFloatingPicture(MERGELOOM_SAMPLES "/pictures/letterhead.png");
+    const std::string file = saved();
+    EXPECT_THAT(changedEntries(original, file),
+                ElementsAre("[Content_Types].xml", "word/_rels/document.xml.rels", "word/document.xml",
+                            "word/media/image1.png"));
+    EXPECT_THAT(opc::Package::read(file, "saved").readPart(kMainPart), HasSubstr("<wp:anchor"));
+    // Its paragraph can still be edited.
+    word->Selection()->EndKey(word::WdUnits::wdStory);
+    word->Selection()->TypeText(" more");
+    EXPECT_EQ(changedEntries(file, saved()), std::vector<std::string>{"word/document.xml"});
 }
 
 /// Reads the places with the engine of unattended runs, for both documents.
