@@ -41,7 +41,7 @@ class AutoMappingTest : public testing::Test {
     }
     void TearDown() override { gExcelMode = 0; }
 
-    /// Puts the documents into the folder on which mappings are to build.
+    /// Puts the documents that the mappings use into the folder.
     virtual void putDocuments() = 0;
 
     /// Runs a mapping; "%" in an argument is replaced by the test's folder. Returns the mapping error that it
@@ -87,8 +87,8 @@ class AutoMappingTest : public testing::Test {
         return std::make_shared<ConvertingExcel>(lastExcel, converter);
     }
 
-    /// Maps into a document of the folder, and each time another call of the run's reading and writing fails:
-    /// nothing new stays and nothing old is changed. Gives how many calls there were.
+    /// Maps into a document of the folder, and each time another call of the run's reading and writing fails.
+    /// No new file may remain, and no former file may change. Returns the number of calls.
     int failAtEachCall(
         const std::string& document, const std::function<void()>& whenFailed = [] {}) {
         const std::string given = folder.bytesOf(document);

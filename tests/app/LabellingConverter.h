@@ -10,8 +10,8 @@
 
 namespace mergeloom {
 
-/// A converter whose files of other formats are those of Open Packaging after a line with the format's
-/// number. Any other file counts as damaged.
+/// A converter whose files of other formats are Open Packaging after a line with the number of the format.
+/// Any other file counts as damaged.
 class LabellingConverter final : public FileConverter {
   public:
     explicit LabellingConverter(FileStore*& files) : files_(files) {}

@@ -24,8 +24,8 @@ class RegisteredClass {
   public:
     RegisteredClass(const DoubleClass& registered, const std::string& programIdentifier,
                     const std::string& program);
-    /// Registers a further class of one of the doubles, which the program offers when it is started for it,
-    /// with options for the program. Wine does not start a class again whose program was ended by force.
+    /// Registers a further class of one of the doubles, which the program offers when it is started for this
+    /// class, with options for the program. Wine does not start a class again after its program was killed.
     static RegisteredClass further(const DoubleClass& offered, const std::string& programIdentifier,
                                    const std::string& program, const std::string& options = "");
     RegisteredClass(const RegisteredClass&) = delete;

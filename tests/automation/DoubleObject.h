@@ -17,11 +17,11 @@ namespace mergeloom::automation {
 using com::DispatchPtr;
 using com::Value;
 
-/// The arguments of a call in the order of the parameters; an argument that was left out is empty.
+/// The arguments of a call in the order of the parameters. An omitted argument is empty.
 using Given = std::vector<Value>;
 
-/// A member under the name of the office. The parameters are in one text, "Name, Range?", in which "?" marks
-/// the optional ones.
+/// A member of an object, with the office's name for it. The parameters are in one text, "Name, Range?", in
+/// which "?" marks the optional ones.
 struct Member {
     std::string name;
     std::string parameters;

@@ -33,7 +33,7 @@ class Faults {
     [[nodiscard]] int calls() const { return calls_; }
 
   private:
-    /// Counts a call; returns true if it is one of the plan.
+    /// Counts a call. Returns true if the plan contains it.
     bool isPlanned();
 
     FaultKind kind_ = FaultKind::None;

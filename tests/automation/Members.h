@@ -12,7 +12,7 @@
 /// Members that many objects of an office have.
 namespace mergeloom::automation {
 
-/// A method without parameters and result.
+/// Returns a method without parameters and result.
 inline Member action(std::string name, const std::function<void()>& act) {
     return method(std::move(name), "", [act](const Given&) -> Value {
         act();
@@ -20,7 +20,7 @@ inline Member action(std::string name, const std::function<void()>& act) {
     });
 }
 
-/// A method without a result.
+/// Returns a method without a result.
 inline Member procedure(std::string name, std::string parameters,
                         const std::function<void(const Given&)>& act) {
     return method(std::move(name), std::move(parameters), [act](const Given& given) -> Value {
@@ -29,7 +29,7 @@ inline Member procedure(std::string name, std::string parameters,
     });
 }
 
-/// An option of an application, which is kept as it is set.
+/// Returns an option of an application, which has the value that was set last.
 inline Member option(std::string name, const Value& initial) {
     const auto value = std::make_shared<Value>(initial);
     return property(

@@ -8,11 +8,10 @@
 
 namespace mergeloom::automation {
 
-/// Offers a test's files to a double in another process.
+/// Returns an object that offers the files of a test to a double in another process.
 DispatchPtr serveFiles(FileStore& files);
 
-/// The files of a test that another process offers, for the double there. Until they are given there are
-/// none.
+/// The files of a test in another process, for the double. There are none before they are given.
 class ServedFiles final : public FileStore {
   public:
     void use(const DispatchPtr& served);

@@ -25,7 +25,7 @@ inline RecordControl subform(const std::string& name, std::vector<Record> record
     return {.name = name, .records = std::move(records)};
 }
 
-/// A cell with a text of its own.
+/// Returns a cell with an inline text.
 inline std::string textCell(const std::string& address, const std::string& text,
                             const std::string& more = "") {
     return "<c r=\"" + address + "\"" + more + " t=\"inlineStr\"><is><t>" + text + "</t></is></c>";
@@ -37,7 +37,7 @@ inline std::string sheetRow(int number, const std::string& cells, const std::str
     return "<row r=\"" + std::to_string(number) + "\"" + more + ">" + cells + "</row>";
 }
 
-/// A workbook in memory that is filled.
+/// Tests that fill a workbook in memory.
 class BookTest : public testing::Test {
   protected:
     void takes(const std::string& name, const letters::PlaceSource& source) {

@@ -78,8 +78,8 @@ class OfficeFaults : public testing::Test {
         EXPECT_EQ(files.files[file_], kFormer);
     }
 
-    /// Each call fails in one run: the error is told, the file is the former or the new one, and the office
-    /// ends without documents.
+    /// Lets each call fail in one run. The error must be reported, the file must be the former or the new
+    /// one, and the office must end without documents.
     void expectThatAnErrorLeavesAFileAndEndsTheOffice() {
         write();
         const int calls = automation::faults().calls();

@@ -11,15 +11,16 @@
 
 namespace mergeloom {
 
-/// The offices that a contract is tested with on a system: the embedded one, which may skip nothing, and
-/// another.
+/// The offices that a contract tests on a system: the embedded one, which must not skip any test, and another
+/// one.
 #ifdef _WIN32
 inline constexpr OfficeKind kContractOffices[] = {OfficeKind::Embedded, OfficeKind::Com};
 #else
 inline constexpr OfficeKind kContractOffices[] = {OfficeKind::Embedded, OfficeKind::LibreOffice};
 #endif
 
-/// Start an office over the files of a test. Each program that runs the contract defines the ones it needs.
+/// Start an office with the files of a test. Each program with the contract defines the functions that it
+/// needs.
 word::ApplicationPtr startContractWord(OfficeKind kind, FileStore& files);
 excel::ApplicationPtr startContractExcel(OfficeKind kind, FileStore& files);
 

@@ -7,7 +7,7 @@
 
 namespace mergeloom {
 
-/// A variable of the environment that has another value, or none, for a while.
+/// A variable of the environment that has another value, or none, during the life of this object.
 class ChangedVariable {
   public:
     ChangedVariable(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {

@@ -30,7 +30,7 @@ inline std::string sheetPart(std::size_t number) {
     return "/xl/worksheets/sheet" + std::to_string(number) + ".xml";
 }
 
-/// A package that holds a workbook. Behind the sheets stands what the test adds to the workbook's part.
+/// Returns a package with a workbook. The test's XML follows the list of sheets in the workbook part.
 inline opc::Package workbookPackage(const std::vector<TestSheet>& sheets,
                                     const std::string& behindSheets = "",
                                     const std::string& beforeSheets = "") {

@@ -18,8 +18,8 @@
 
 namespace mergeloom {
 
-/// A host without a window: its documents are those of the embedded office, and what else it is asked for is
-/// kept as a list of calls.
+/// A host without a window. Its documents are those of the embedded office, and it records all other calls in
+/// a list.
 class FakeDocumentHost final : public DocumentHost {
   public:
     explicit FakeDocumentHost(FileStore& files)
@@ -131,7 +131,7 @@ class FakeDocumentHost final : public DocumentHost {
     bool allowsDragAndDrop() override { return dragAllowed; }
     std::string build() override { return "4711"; }
 
-    /// The hosted document of either office; none when nothing is hosted.
+    /// Returns the hosted document of either office; none if there is none.
     [[nodiscard]] model::OfficeDocument* hosted() const {
         if (const auto* const document = std::get_if<word::DocumentPtr>(&document_)) return document->get();
         if (const auto* const workbook = std::get_if<excel::WorkbookPtr>(&document_)) return workbook->get();

@@ -10,7 +10,7 @@
 
 namespace mergeloom {
 
-/// An office over another one that fails when it is asked for the active cell or the selection the n-th time.
+/// An office over another one, in which the n-th call for the active cell or the selection fails.
 class FaultyExcel final : public excel::Application {
   public:
     FaultyExcel(excel::ApplicationPtr office, CallCounter& counter)
@@ -39,8 +39,8 @@ class FaultyExcel final : public excel::Application {
     CallCounter& counter_;
 };
 
-/// A workbook over another one that fails when it is asked for its names, or its application for the active
-/// cell or the selection, the n-th time.
+/// A workbook over another one, in which the n-th call fails. Calls for its names count, and those of its
+/// application for the active cell or the selection.
 class FaultyWorkbook final : public excel::Workbook {
   public:
     FaultyWorkbook(excel::WorkbookPtr workbook, CallCounter& counter)

@@ -5,8 +5,8 @@
 
 namespace mergeloom {
 
-/// A store over another one that fails in one of its calls: the n-th read, save or write into a save's sink,
-/// counted from 1. A test runs n upward until a run ends without a failure.
+/// A store over another one in which one call fails: the n-th read, save or write to the sink of a save,
+/// counted from 1. A test increases n until a run has no failure.
 class FaultyFileStore final : public FileStore {
   public:
     FaultyFileStore(FileStore& store, int failingCall) : store_(store), callsLeft_(failingCall) {}

@@ -8,8 +8,8 @@
 
 namespace mergeloom {
 
-/// The system's calls, of which the n-th (counted from 1) fails with the given error number. The call that
-/// fails is not passed on, but a file that fails to close is closed all the same, as the system does it.
+/// The system's calls, of which the n-th (counted from 1) fails with the given error number. The failing call
+/// is not passed on, except that a file is closed, as the system does it.
 class FaultyFileSystemCalls final : public FileSystemCalls {
   public:
     FaultyFileSystemCalls(int failingCall, int error) : callsLeft_(failingCall), error_(error) {}

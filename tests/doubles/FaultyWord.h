@@ -23,7 +23,7 @@ class CallCounter {
     int callsLeft_;
 };
 
-/// An office over another one that fails when it is asked for the selection the n-th time.
+/// An office over another one, in which the n-th call for the selection fails.
 class FaultyApplication final : public word::Application {
   public:
     FaultyApplication(word::ApplicationPtr office, CallCounter& counter)
@@ -45,8 +45,8 @@ class FaultyApplication final : public word::Application {
     CallCounter& counter_;
 };
 
-/// A document over another one that fails when it is asked for its bookmarks, or its application for the
-/// selection, the n-th time.
+/// A document over another one, in which the n-th call fails. Calls for its bookmarks count, and those of its
+/// application for the selection.
 class FaultyDocument final : public word::Document {
   public:
     FaultyDocument(word::DocumentPtr document, CallCounter& counter)

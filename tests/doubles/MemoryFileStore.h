@@ -8,7 +8,7 @@
 
 namespace mergeloom {
 
-/// Files in memory, by their paths as they are given.
+/// Files in memory, by their given paths.
 class MemoryFileStore final : public FileStore {
   public:
     MemoryFileStore() = default;

@@ -13,8 +13,8 @@
 
 namespace mergeloom {
 
-/// A user who waits in front of modal windows: each step is what is done in the next window that opens or
-/// comes back. Whoever waits too long closes what is open, and the test has failed.
+/// A user in front of modal windows. Each step is made in the next window that opens or comes back. After a
+/// limit of time the open windows are closed, and the test has failed.
 class ModalUser {
   public:
     using Step = std::function<void(QWidget& window)>;
@@ -31,7 +31,7 @@ class ModalUser {
     static constexpr int kInterval = 5;
     static constexpr qint64 kPatience = 10000;
 
-    /// A new timer each time: one that runs a step, which may open the next window, does not come again
+    /// Starts a new timer each time, since a timer whose step opens the next window would not repeat
     /// meanwhile.
     void lookLater() {
         QTimer::singleShot(kInterval, &context_, [this] { look(); });
@@ -41,7 +41,7 @@ class ModalUser {
         lookLater();
         QWidget* window = QApplication::activeModalWidget();
         const bool isNext = window != nullptr && window != last_ && done_ < steps_.size();
-        // A window that comes back has to be clicked first.
+        // A window that comes back must be clicked first.
         if (isNext && !window->isActiveWindow()) window->activateWindow();
         if (isNext && window->isActiveWindow()) {
             last_ = window;

@@ -6,7 +6,7 @@
 
 namespace mergeloom {
 
-/// A package as the bytes of its file.
+/// Returns a package as the bytes of its file.
 inline std::string packageBytes(opc::Package& package) {
     struct Sink final : ByteSink {
         void write(std::span<const char> part) override { bytes.append(part.data(), part.size()); }

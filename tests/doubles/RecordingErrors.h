@@ -7,7 +7,7 @@
 
 namespace mergeloom {
 
-/// Keeps the reports as "module.procedure: description".
+/// Records the reports as "module.procedure: description".
 class RecordingErrors final : public ErrorHandler {
   public:
     void report(const ErrorReport& report) override {

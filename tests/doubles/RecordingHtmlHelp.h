@@ -9,7 +9,7 @@
 
 namespace mergeloom {
 
-/// A help control without windows: it answers as it is told and writes down what it is asked, a line each.
+/// A help control without windows. It returns the given results and records its calls, one per line.
 class RecordingHtmlHelp final : public HtmlHelpPort {
   public:
     WindowHandle HtmlHelp(WindowHandle owner, const std::string& file, HtmlHelpCommand command,
@@ -28,7 +28,7 @@ class RecordingHtmlHelp final : public HtmlHelpPort {
     }
     void runPendingEvents() override { calls.emplace_back("events"); }
 
-    /// The lines since the last call of this.
+    /// Returns the lines since the last call of this function.
     std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 
     WindowHandle cookie = 77;

@@ -7,7 +7,7 @@
 
 namespace mergeloom {
 
-/// Keeps what is shown and answers every question as it is told.
+/// Records the messages and answers every question with the given answer.
 class RecordingMessages final : public Messages {
   public:
     MessageAnswer show(const Message& message) override {
@@ -16,7 +16,7 @@ class RecordingMessages final : public Messages {
         return message.buttons == MessageButtons::OkCancel ? okCancelAnswer : defaultAnswer(message.buttons);
     }
 
-    /// The texts of the messages, a line each.
+    /// Returns the texts of the messages, one per line.
     [[nodiscard]] std::string texts() const {
         std::string result;
         for (const Message& message : messages)

@@ -7,11 +7,11 @@
 
 namespace mergeloom {
 
-/// Answers each question with the next of the answers that a test gives, and with Cancel when there are no
-/// more. What was asked is kept.
+/// Answers each question with the next one of the test's answers, and with Cancel after the last one. Records
+/// the questions.
 class ScriptedFileDialog final : public FileDialog {
   public:
-    /// Fills in a result; false is the Cancel button.
+    /// Fills in a result. Returns false for the Cancel button.
     using Answer = std::function<bool(OpenFileName&, OpenFileTexts&)>;
     struct Question {
         FileDialogKind kind;

@@ -9,8 +9,8 @@
 
 namespace mergeloom {
 
-/// Keeps what is shown and answers the questions with the answers that a test gives, one after the other,
-/// then with Cancel.
+/// Records the messages and answers the questions with the test's answers, one after the other, and with
+/// Cancel after the last one.
 class ScriptedMessages final : public Messages {
   public:
     MessageAnswer show(const Message& message) override {
@@ -20,7 +20,7 @@ class ScriptedMessages final : public Messages {
         return next_ < answers.size() ? answers[next_++] : MessageAnswer::Cancel;
     }
 
-    /// The texts of the messages so far, a line each, which are forgotten then.
+    /// Returns the texts of the messages since the last call, one per line.
     std::string takeTexts() {
         std::string texts;
         for (const Message& message : std::exchange(messages, {}))

@@ -10,7 +10,7 @@
 
 namespace mergeloom {
 
-/// Enters passwords that were set before; cancels when none is left.
+/// Enters the given passwords. Cancels after the last one.
 class ScriptedPasswords final : public PasswordDialog {
   public:
     std::optional<std::string> ask(const std::string& path, PasswordAttempt attempt) override {

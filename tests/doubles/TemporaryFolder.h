@@ -10,7 +10,7 @@
 
 namespace mergeloom {
 
-/// A folder of a test's own on the disk, removed with all that is in it.
+/// A folder on the disk for one test. It is removed with its contents.
 class TemporaryFolder {
   public:
     TemporaryFolder() {

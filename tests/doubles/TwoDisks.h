@@ -7,8 +7,8 @@
 
 namespace mergeloom {
 
-/// The system's calls as they are when two folders lie on different disks: nothing can be renamed from one
-/// into the other. A file that is guarded cannot be removed.
+/// The system's calls as if two folders were on different disks: nothing can be moved from one to the other
+/// by renaming. A guarded file cannot be removed.
 class TwoDisks final : public FileSystemCalls {
   public:
     explicit TwoDisks(FileSystemCalls& calls, std::string guardedFile = {})

@@ -7,12 +7,12 @@
 
 #include <string>
 
-/// Word files in memory, made of and shown as plain texts.
+/// Word files in memory, made from plain texts and shown as such.
 namespace mergeloom {
 
 inline const std::string kMainPart = "/word/document.xml";
 
-/// A document file with the given XML in its body.
+/// Returns a document file with the XML in its body.
 inline std::string wordFile(const std::string& bodyXml) {
     const std::string type =
         "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml";
@@ -27,7 +27,7 @@ inline std::string wordFile(const std::string& bodyXml) {
     return packageBytes(package);
 }
 
-/// A document file whose settings hold this.
+/// Returns a document file with the XML in its settings.
 inline std::string fileWithSettings(const std::string& body, const std::string& settings) {
     opc::Package package = opc::Package::read(wordFile(body), "settings.docx");
     package.addPart("/word/settings.xml",
@@ -46,7 +46,7 @@ inline std::string attributeOf(const std::string& tag, const std::string& name) 
     return tag.substr(value, tag.find('"', value) - value);
 }
 
-/// What one tag of a document shows: the ends of places, paragraphs and cells, and pictures.
+/// Returns the text that shows one tag of a document: the ends of places, paragraphs and cells, and pictures.
 inline std::string shownTag(const std::string& tag) {
     if (tag.starts_with("w:bookmarkStart")) return "[" + attributeOf(tag, "w:name") + ":";
     if (tag.starts_with("w:bookmarkEnd")) return "]";
@@ -55,8 +55,8 @@ inline std::string shownTag(const std::string& tag) {
     return tag == "/w:drawing" ? "<picture>" : "";
 }
 
-/// The body of a document file as a text: places stand in brackets behind their names, a line is a paragraph,
-/// and the guard character reads as "^".
+/// Returns the body of a document file as a text. Places are in brackets after their names, a line is a
+/// paragraph, and the guard character is "^".
 inline std::string shownBody(const std::string& bytes) {
     const std::string xml = opc::Package::read(bytes, "test.docx").readPart(kMainPart);
     std::string shown;
@@ -75,7 +75,7 @@ inline std::string shownBody(const std::string& bytes) {
     return shown;
 }
 
-/// An open document as `shownBody` shows its file.
+/// Returns an open document in the notation of `shownBody`.
 inline std::string shown(word::Document& document, MemoryFileStore& files) {
     document.SaveAs("/shown.docx", word::WdSaveFormat::wdFormatXMLDocument);
     return shownBody(files.files["/shown.docx"]);

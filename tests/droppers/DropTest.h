@@ -15,7 +15,7 @@
 
 namespace mergeloom {
 
-/// An open document, and a structure document with its tree.
+/// Tests with an open document, and a structure document with its tree.
 class DropTest : public StructureTest {
   protected:
     /// Opens an empty document, or one with this body.
@@ -40,13 +40,13 @@ class DropTest : public StructureTest {
     word::BookmarkPtr bookmark(const std::string& name) { return document->Bookmarks()->Item(name); }
     std::string body() { return shown(*document, files); }
 
-    /// Puts the caret where a bookmark starts or ends.
+    /// Places the caret at the start or the end of a bookmark.
     void goTo(const std::string& name, word::WdCollapseDirection side) {
         bookmark(name)->Select();
         selection()->Collapse(side);
     }
 
-    /// Puts the caret into a cell of a table of the body.
+    /// Places the caret in a cell of a table of the body.
     void goToCell(int table, int row, int column) {
         document->Tables()->Item(table)->Rows()->Item(row)->Cells()->Item(column)->Select();
         selection()->Collapse(word::WdCollapseDirection::wdCollapseStart);

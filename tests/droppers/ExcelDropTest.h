@@ -19,7 +19,7 @@ namespace mergeloom {
 inline constexpr int kLastRow = 1048576;
 inline constexpr int kLastColumn = 16384;
 
-/// A picture file of that many pixels (GIF), three quarters of a point each.
+/// Returns a picture file of that many pixels (GIF), three quarters of a point each.
 inline std::string pictureFile(int width, int height) {
     const auto number = [](int value) {
         return std::string{static_cast<char>(value & 0xFF), static_cast<char>(value >> 8)};
@@ -27,7 +27,7 @@ inline std::string pictureFile(int width, int height) {
     return "GIF89a" + number(width) + number(height) + std::string(3, '\0') + ";";
 }
 
-/// An open workbook, and a structure document with its tree.
+/// Tests with an open workbook, and a structure document with its tree.
 class ExcelDropTest : public StructureTest {
   protected:
     /// Opens an empty workbook, or one whose sheet holds this XML.
@@ -59,11 +59,11 @@ class ExcelDropTest : public StructureTest {
     excel::WorksheetPtr sheet() { return workbook->Worksheets()->Item(1); }
     excel::RangePtr cell(int row, int column) { return sheet()->Cells(row, column); }
     void goTo(int row, int column) { cell(row, column)->Select(); }
-    /// The active cell's address, such as "B3".
+    /// Returns the address of the active cell, such as "B3".
     std::string active() { return replaceAll(application->ActiveCell()->AddressLocal(), "$", ""); }
 
-    /// The texts of ten rows and six columns: a line for each row up to the last one with a text, "|" between
-    /// the cells up to the last one with a text.
+    /// Returns the texts of ten rows and six columns: a line for each row up to the last one with a text, "|"
+    /// between the cells up to the last one with a text.
     std::string cells(int firstRow = 1, int firstColumn = 1) {
         std::string shown;
         std::string emptyRows;
@@ -76,7 +76,7 @@ class ExcelDropTest : public StructureTest {
         }
         return shown;
     }
-    /// The names of the workbook and their cells, such as "ammPrice=B3 ", in the alphabet's order.
+    /// Returns the names of the workbook and their cells, such as "ammPrice=B3 ", in alphabetical order.
     std::string names() {
         std::set<std::string> sorted;
         const excel::NamesPtr all = workbook->Names();
@@ -90,7 +90,7 @@ class ExcelDropTest : public StructureTest {
             shown += name + " ";
         return shown;
     }
-    /// The pictures and the cells on which they stand, such as "ammLogo:B3 ", from back to front.
+    /// Returns the pictures and their cells, such as "ammLogo:B3 ", from back to front.
     std::string shapes() {
         std::string shown;
         const excel::ShapesPtr all = sheet()->Shapes();

@@ -20,7 +20,7 @@ class SilentProgress final : public Progress {
     std::pair<std::int64_t, std::int64_t> last;
 };
 
-/// A structure document with its tree, and what a drop from it needs besides a document.
+/// Tests with a structure document and its tree, and with the other arguments of a drop except the document.
 class StructureTest : public testing::Test {
   protected:
     void load(const std::string& xml) {
@@ -31,7 +31,7 @@ class StructureTest : public testing::Test {
         xmlNodes = std::move(view.XMLNodes());
     }
 
-    /// The tree node of a key, or the drop kind of that name below it.
+    /// Returns the tree node of a key, or its drop kind of a name.
     TreeNode& node(const std::string& key, const std::string& kind = "") {
         for (int index = 1; index <= tree.Count(); ++index) {
             TreeNode& found = *tree.Item(index);

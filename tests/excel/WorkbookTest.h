@@ -16,7 +16,7 @@
 
 namespace mergeloom {
 
-/// A workbook that is open in the engine.
+/// Tests with an open workbook of the engine.
 struct OpenWorkbook {
     explicit OpenWorkbook(const std::string& bytes = "") : files{{{"/book.xlsx", bytes}}} {
         workbook =

@@ -28,7 +28,7 @@ inline std::string row(const std::string& cells) {
     return "<w:tr>" + cells + "</w:tr>";
 }
 
-/// A control of a record with nothing but a display value.
+/// Returns a control of a record with only a display value.
 inline RecordControl shownControl(const std::string& name, const std::string& value) {
     return {.name = name, .displayValue = value, .records = {}};
 }
@@ -36,16 +36,16 @@ inline RecordControl subform(const std::string& name, std::vector<Record> record
     return {.name = name, .records = std::move(records)};
 }
 
-/// A template in memory that is filled.
+/// Tests that fill a template in memory.
 class LetterTest : public testing::Test {
   protected:
-    /// Marks content as a bookmark; the ids are those of the order in which bookmarks are made.
+    /// Marks content as a bookmark. The ids are in the order in which bookmarks are made.
     std::string marked(const std::string& name, const std::string& content) {
         const std::string id = "w:id=\"" + std::to_string(++bookmarks_) + "\"";
         return "<w:bookmarkStart " + id + " w:name=\"" + name + "\"/>" + content + "<w:bookmarkEnd " + id +
                "/>";
     }
-    /// A place that shows its own name.
+    /// Returns a place that shows its own name.
     std::string place(const std::string& name, const std::string& properties = "") {
         return marked(name, run(name, properties));
     }
@@ -69,7 +69,7 @@ class LetterTest : public testing::Test {
         files.save("/letter.docx", [&](ByteSink& sink) { letters.write(records, sink); });
         return files.files["/letter.docx"];
     }
-    /// The letter of a record as `shownBody` shows it.
+    /// Returns the letter of a record in the notation of `shownBody`.
     std::string filled(const std::string& body, const Record& record) {
         return shownBody(letterOf(*compiled(wordFile(body)), {record}));
     }

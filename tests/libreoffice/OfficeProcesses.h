@@ -14,10 +14,10 @@
 #include <thread>
 #include <vector>
 
-/// What tests see and do of the processes of an office, past the code that is tested.
+/// Reads and changes the processes of an office without the code under test.
 namespace mergeloom {
 
-/// An environment variable that has a value for as long as this object lives.
+/// An environment variable that has a value during the life of this object.
 class Variable {
   public:
     Variable(std::string name, const std::string& value) : name_(std::move(name)) {
@@ -39,14 +39,14 @@ class Variable {
     std::optional<std::string> before_;
 };
 
-/// Arguments end with a zero. Empty for a process that has ended.
+/// Returns the arguments of a process, each with a zero after it; empty if it has ended.
 inline std::string commandLine(pid_t process) {
     std::ostringstream text;
     text << std::ifstream("/proc/" + std::to_string(process) + "/cmdline").rdbuf();
     return text.str();
 }
 
-/// The processes whose command lines hold the text; those that ended have none.
+/// Returns the processes whose command lines contain the text. Those of processes that have ended are empty.
 inline std::vector<pid_t> processesNaming(const std::string& text) {
     std::vector<pid_t> found;
     for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
@@ -68,18 +68,19 @@ bool becomesTrue(const Condition& condition, std::chrono::milliseconds bound = s
     return true;
 }
 
-/// The system's folder for temporary files is one of the test's own: what an office leaves behind shows.
+/// A folder of the test as the system's folder for temporary files. It shows the files that an office leaves
+/// behind.
 class OwnTemporaryFolder {
   public:
     [[nodiscard]] std::string operator/(const std::string& name) const { return folder_ / name; }
-    /// What stands in the folder.
+    /// Returns the entries of the folder.
     [[nodiscard]] std::vector<std::string> entries() const {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
             names.push_back(entry.path().filename());
         return names;
     }
-    /// The processes of all offices that were started by the test.
+    /// Returns the processes of all offices that the test has started.
     [[nodiscard]] std::vector<pid_t> processes() const { return processesNaming(folder_.path()); }
     /// Sends a signal to those of them that run the program.
     void signal(const std::string& program, int number) const {
@@ -87,7 +88,7 @@ class OwnTemporaryFolder {
             if (std::filesystem::path(commandLine(process).c_str()).filename() == program)
                 ::kill(process, number);
     }
-    /// Kills their workers, as the system does when it is short of memory.
+    /// Kills their workers, as the system does if it lacks memory.
     void killWorkers() const { signal("soffice.bin", SIGKILL); }
 
   private:

@@ -9,14 +9,14 @@
 
 namespace mergeloom::opc {
 
-/// Bytes of a number, lowest first.
+/// Returns the bytes of a number, lowest first.
 std::string le16(std::uint64_t number);
 std::string le32(std::uint64_t number);
 std::string le64(std::uint64_t number);
 
 enum class Descriptor { None, Plain, Signed, Plain64, Signed64, Omitted };
 
-/// One entry to build, with switches for what real writers and attackers do.
+/// An entry to build, with options for the entries of other programs and of attackers.
 struct BuiltEntry {
     std::string name{};
     std::string content{};
@@ -44,10 +44,10 @@ struct BuiltArchive {
 
 std::string buildZip(const std::vector<BuiltEntry>& entries, const BuiltArchive& archive = {});
 
-/// A small document's entries: content types, relationships, main part.
+/// Returns the entries of a small document: content types, relationships, main part.
 std::vector<BuiltEntry> documentEntries();
 
-/// Keeps what is written.
+/// A sink that keeps the bytes.
 class StringSink : public ByteSink {
   public:
     void write(std::span<const char> bytes) override { text.append(bytes.data(), bytes.size()); }
@@ -55,7 +55,7 @@ class StringSink : public ByteSink {
     std::string text;
 };
 
-/// What a call's AutomationError says; empty when it raises none.
+/// Returns the sentence of the AutomationError that a call raises; empty for none.
 template <typename Call>
 std::string errorOf(Call&& call);
 

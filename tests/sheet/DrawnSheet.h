@@ -41,20 +41,20 @@ inline std::string markerXml(const std::string& name, int column, int right, int
            element("rowOff", down) + "</xdr:" + name + ">";
 }
 
-/// From B3, 20 pixels and 10 pixels inside of it, to D5.
+/// Returns an anchor from B3, 20 and 10 pixels inside it, to D5.
 inline std::string twoCells(const std::string& object, const std::string& attributes = "") {
     return "<xdr:twoCellAnchor" + attributes + ">" + markerXml("from", 1, 190500, 2, 95250) +
            markerXml("to", 3, 0, 4, 0) + object + "<xdr:clientData/></xdr:twoCellAnchor>";
 }
 
-/// At B3, with 100 by 50 pixels.
+/// Returns an anchor at B3 with 100 by 50 pixels.
 inline std::string oneCell(const std::string& object) {
     return "<xdr:oneCellAnchor>" + markerXml("from", 1, 0, 2, 0) + R"(<xdr:ext cx="952500" cy="476250"/>)" +
            object + "<xdr:clientData/></xdr:oneCellAnchor>";
 }
 
 struct DrawnSheet {
-    /// The package comes with a sheet's part; a drawing is put beside it unless it is empty.
+    /// Makes a package with the part of a sheet, and with the drawing unless it is empty.
     explicit DrawnSheet(const std::string& drawingPart = "", const std::string& columns = "")
         : DrawnSheet(oneSheetPackage(), drawingPart, columns) {}
     DrawnSheet(opc::Package made, const std::string& drawingPart, const std::string& columns)
@@ -62,7 +62,7 @@ struct DrawnSheet {
           part(worksheet(columns + "<sheetData/>" + addDrawing(drawingPart)), kSheetPart, "Orders.xlsx",
                undo) {}
 
-    /// The relationships that the drawing has.
+    /// Returns the relationships of the drawing.
     opc::Relationships& relationships() { return package.relationshipsOf(kDrawingPart); }
     std::string stored() {
         drawing.store();

@@ -8,7 +8,7 @@ namespace mergeloom::embedded {
 
 inline constexpr const char* kMainNamespace = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
 
-/// A worksheet around its children.
+/// Returns a worksheet with the children.
 inline std::string worksheet(const std::string& children) {
     return "<worksheet xmlns=\"" + std::string(kMainNamespace) + "\">" + children + "</worksheet>";
 }

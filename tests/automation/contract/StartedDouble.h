@@ -20,7 +20,7 @@ inline std::string doubleProgram() {
     return program == nullptr ? "" : program;
 }
 
-/// Starts an office of the double's program over the files of a test. It has to be registered.
+/// Starts an office of the double's program with the files of a test. It must be registered.
 inline DispatchPtr startDouble(const DoubleClass& started, FileStore& files) {
     const auto session = std::make_shared<com::AutomationSession>("The double", com::Patience{}, nullptr);
     const DispatchPtr application = session->start(started.programIdentifier);
@@ -28,7 +28,8 @@ inline DispatchPtr startDouble(const DoubleClass& started, FileStore& files) {
     return application;
 }
 
-/// Registers the double, and keeps its program from ending with each of its offices.
+/// The registration of the double. It also prevents its program from ending together with each of its
+/// offices.
 class DoubleEnvironment final : public testing::Environment {
   public:
     explicit DoubleEnvironment(const DoubleClass& used) : used_(used) {}

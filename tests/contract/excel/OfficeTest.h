@@ -31,13 +31,13 @@ inline AutomationError errorOf(const std::function<void()>& call) {
     return {0, "no error"};
 }
 
-/// Tests the contract of Excel's object model over each office in the role of Excel.
+/// Tests the contract of Excel's object model for each office.
 class OfficeTest : public testing::TestWithParam<OfficeKind> {
   protected:
     void SetUp() override { application = start(GetParam()); }
 
     excel::ApplicationPtr start(OfficeKind kind) { return startContractExcel(kind, files); }
-    /// Excel records no steps for the calls of other programs.
+    /// Returns true if the office records steps. Excel does not record them for the calls of other programs.
     static bool hasUndo() { return GetParam() != OfficeKind::Com; }
     void add() { workbook = application->Workbooks()->Add(""); }
     void open(const std::string& bytes) {

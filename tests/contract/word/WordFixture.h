@@ -22,12 +22,12 @@
 
 namespace mergeloom {
 
-/// A paragraph of plain text.
+/// Returns a paragraph of plain text.
 inline std::string para(const std::string& text) {
     return "<w:p><w:r><w:t xml:space='preserve'>" + text + "</w:t></w:r></w:p>";
 }
 
-/// A stretch of a paragraph, and one between the marks of a bookmark.
+/// Return a run of text, and content between the marks of a bookmark.
 inline std::string run(const std::string& text) {
     return "<w:r><w:t xml:space='preserve'>" + text + "</w:t></w:r>";
 }
@@ -51,7 +51,7 @@ inline std::string tableXml(const std::vector<std::string>& rows, int columns = 
     return xml + "</w:tbl>";
 }
 
-/// A field with its code and its result.
+/// Returns a field with its code and its result.
 inline std::string fieldXml(const std::string& code, const std::string& result) {
     const auto mark = [](const std::string& type) {
         return "<w:r><w:fldChar w:fldCharType='" + type + "'/></w:r>";
@@ -60,7 +60,7 @@ inline std::string fieldXml(const std::string& code, const std::string& result) 
            mark("separate") + run(result) + mark("end");
 }
 
-/// A document file with a header and a footnote, whose bodies are given, beside its own.
+/// Returns a document file with a header and a footnote, whose bodies are given, in addition to its own.
 inline std::string fileWithStories(const std::string& body, const std::string& header,
                                    const std::string& footnote) {
     const std::string space = " xmlns:w='http://schemas.openxmlformats.org/wordprocessingml/2006/main'";
@@ -85,7 +85,7 @@ inline std::string fileWithStories(const std::string& body, const std::string& h
 
 inline const std::string kFootnoteReference = "<w:r><w:footnoteReference w:id='1'/></w:r>";
 
-/// The number of the error that a call raises; 0 when there is none.
+/// Returns the number of the error that a call raises; 0 for none.
 inline ErrorNumber errorOf(const std::function<void()>& call) {
     try {
         call();
@@ -95,7 +95,7 @@ inline ErrorNumber errorOf(const std::function<void()>& call) {
     return 0;
 }
 
-/// What Word's object model promises, asked of each office that plays Word's part.
+/// Tests the contract of Word's object model for each office.
 class WordOffice : public testing::TestWithParam<OfficeKind> {
   protected:
     void add() { take(start(GetParam())->Documents()->Add("")); }
@@ -116,7 +116,7 @@ class WordOffice : public testing::TestWithParam<OfficeKind> {
         made->SetStart({start});
         return made;
     }
-    /// Puts the caret where a bookmark starts, or the selection over it.
+    /// Places the caret at the start of a bookmark, or selects the bookmark.
     void goTo(const std::string& name) {
         bookmark(name)->Select();
         selection->Collapse(word::WdCollapseDirection::wdCollapseStart);

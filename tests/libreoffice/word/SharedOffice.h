@@ -6,8 +6,8 @@
 
 namespace mergeloom {
 
-/// The one office of a test program, started with the first call. Its files are those of the store given
-/// last.
+/// Returns the only office of a test program, which the first call starts. Its files are those of the last
+/// given store.
 std::shared_ptr<libreoffice::LibreOfficeSession> sharedOffice(FileStore& files);
 
 }  // namespace mergeloom
