@@ -190,8 +190,7 @@ class InWord(DesignerTest):
         designer = self.start()
         drag(designer.node("Special"), designer.document())
         drag(designer.node("Customer"), designer.node("Priority"))
-        click(designer.node("Special"))
-        key("Right")
+        designer.expand("Special")
         self.drop("Optional Space")
         self.picture("special")
         self.assertEqual(self.names(self.save_as("special.docx")), ["OptionalSpace0"])
@@ -199,11 +198,11 @@ class InWord(DesignerTest):
     def test_without_a_mouse(self):
         """Keys go to the widget with the focus, wherever the mouse rests."""
         designer = self.start()
-        click(designer.node("Customer"))
+        designer.select("Customer")
         point_at(designer.document())
         key("Insert")
         self.wait_for_insertion("Customer")
-        click(designer.node("Order date"))
+        designer.select("Order date")
         point_at(designer.document())
         key("ctrl+Return")
         self.wait_for_insertion("Order date")
@@ -238,7 +237,7 @@ class InWord(DesignerTest):
 
     def test_keys_that_come_during_a_command_follow_it(self):
         designer = self.start()
-        click(designer.node("Customer"))
+        designer.select("Customer")
         with designer.stopped_office():
             key("Insert")
             wait_for("the busy window", lambda: find(designer.application, "progress bar"))
@@ -248,7 +247,7 @@ class InWord(DesignerTest):
 
     def test_keys_that_come_before_a_question_do_not_answer_it(self):
         designer = self.start()
-        click(designer.node('Form "Orders"'))
+        designer.select('Form "Orders"')
         with designer.stopped_office():
             key("Insert")
             wait_for("the busy window", lambda: find(designer.application, "progress bar"))

@@ -35,7 +35,7 @@ class InWord(GuidesTest):
 
     def test_the_line_tells_why_nothing_was_inserted_until_the_next_action(self):
         designer = self.start()
-        click(designer.node("Special"))
+        designer.select("Special")
         point_at(designer.document())
         key("ctrl+Return")
         self.wait_for_status("Nothing was inserted. “Special” only holds other nodes; insert one of them.")

@@ -95,7 +95,7 @@ class InWord(PlacesTest):
         designer = self.start()
         self.drop("Customer")
         self.wait_for_places("CustomerID")
-        click(designer.node("Customer"))
+        designer.select("Customer")
         key("alt+p")
         wait_for("the list with the focus", lambda: has_focus(designer.element("list", "Places of the document")))
         key("alt+r")

@@ -87,7 +87,7 @@ class InWord(PreviewTest):
 
         drag(designer.node("Priority"), designer.document())
         self.wait_for_status(REFUSED)
-        click(designer.node("Priority"))
+        designer.select("Priority")
         key("Insert")
         self.wait_for_status(REFUSED)
         self.enter_document()
