@@ -18,6 +18,7 @@ import tempfile
 import xml.etree.ElementTree as ElementTree
 
 import docx
+import npm_libraries
 from docx.oxml.ns import qn
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -103,11 +104,7 @@ def measure(command, runs, folder):
 
 def fetch_peers(folder):
     """Fetches the libraries of npm; returns the script that fills with them, or none if they cannot be fetched."""
-    if shutil.which("npm") is None:
-        return None
-    wanted = [f"{name}@{version}" for name, version in NPM_LIBRARIES.items()]
-    fetched = subprocess.run(["npm", "install", "--silent", "--prefix", folder, *wanted], capture_output=True, check=False)
-    if fetched.returncode != 0:
+    if not npm_libraries.fetch(NPM_LIBRARIES, folder):
         return None
     return shutil.copy(ROOT / "bench" / "fill_peers.mjs", folder)
 

@@ -18,6 +18,7 @@ import zipfile
 
 from lxml import etree
 
+import npm_libraries
 from inputs import ROOT
 from measuring import print_table
 
@@ -30,6 +31,7 @@ W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
 STRICT = "{http://purl.oclc.org/ooxml/wordprocessingml/main}"
 STRUCTURE = ROOT / "tests" / "scripts" / "saved_fields.xml"
 WORD = "added"
+NPM_LIBRARIES = {"docx": "9.5.1"}
 
 
 def paragraph_elements(path):
@@ -64,6 +66,35 @@ def copies_of(files, folder):
                 text = b"".join(archive.read(name) for name in archive.namelist() if name.startswith("word/"))
             hard = any(tag in text for tag in (b"<w:sdt>", b"<w:ins ", b"<w:del ", b"<w:ffData"))
         yield copy, hard
+
+
+def made_by_npm(folder):
+    """Makes the documents of a library of npm, with True for those with content controls or tracked changes."""
+    with tempfile.TemporaryDirectory() as name:
+        libraries = pathlib.Path(name)
+        if not npm_libraries.fetch(NPM_LIBRARIES, libraries):
+            sys.exit("npm cannot fetch the library docx.")
+        script = shutil.copy(ROOT / "bench" / "varied_documents.mjs", libraries)
+        made = subprocess.run(["node", script, folder, PICTURE], capture_output=True, text=True, check=True).stdout
+    for line in made.splitlines():
+        hard, file = line.split(" ", 1)
+        yield folder / file, hard == "1"
+
+
+def files_of(kind, arguments, folder):
+    """Yields the files of a kind, with True for documents with content controls, tracked changes or form fields."""
+    if arguments.files:
+        wanted = [path for path in arguments.files if path.suffix.startswith(".x") == (kind == "workbooks")]
+        files = copies_of(wanted, folder)
+    elif kind == "npm":
+        files = made_by_npm(folder)
+    else:
+        made = varied_documents if kind == "documents" else varied_workbooks
+        files = made.make_all(folder, PICTURE, arguments.mixtures, arguments.seed, not arguments.only)
+    for each in files:
+        path, hard = each if isinstance(each, tuple) else (each, None)
+        if arguments.only in path.name:
+            yield path, None if kind == "workbooks" else hard
 
 
 def save_all(arguments, files):
@@ -131,7 +162,8 @@ def measure(arguments, folder, files):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("files", nargs="*", type=pathlib.Path, help="files instead of made ones; copies are saved")
-    parser.add_argument("--kinds", nargs="+", default=["documents", "workbooks"])
+    parser.add_argument("--kinds", nargs="+", choices=["documents", "workbooks", "npm"],
+                        default=["documents", "workbooks"], help="npm: documents of a library that npm fetches")
     parser.add_argument("--mixtures", type=int, default=60, help="files with several features, of each kind (60)")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--faults", type=int, default=0, help="faults of each kind that are planted into a result")
@@ -143,15 +175,7 @@ def main():
         for kind in arguments.kinds:
             folder = (arguments.keep or pathlib.Path(name)) / kind
             folder.mkdir(parents=True)
-            made = varied_documents if kind == "documents" else varied_workbooks
-            if arguments.files:
-                wanted = [path for path in arguments.files if path.suffix.startswith(".x") == (kind == "workbooks")]
-                files = list(copies_of(wanted, folder))
-            else:
-                files = list(made.make_all(folder, PICTURE, arguments.mixtures, arguments.seed, not arguments.only))
-            if kind == "workbooks":
-                files = [(each[0] if isinstance(each, tuple) else each, None) for each in files]
-            files = [(path, hard) for path, hard in files if arguments.only in path.name]
+            files = list(files_of(kind, arguments, folder))
             if arguments.keep:
                 (folder / "before").mkdir()
                 for path, _ in files:
