@@ -9,25 +9,7 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-/// The parts of a decimal number, without leading and trailing zeros.
-struct Parts {
-    explicit Parts(std::string_view text) {
-        isNegative = text.starts_with('-');
-        if (isNegative || text.starts_with('+')) text.remove_prefix(1);
-        const std::size_t point = std::min(text.find('.'), text.size());
-        whole = text.substr(0, point);
-        whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
-        fraction = text.substr(std::min(point + 1, text.size()));
-        fraction = fraction.substr(0, fraction.find_last_not_of('0') + 1);
-        if (whole.empty() && fraction.empty()) isNegative = false;
-    }
-
-    bool isNegative = false;
-    std::string_view whole;
-    std::string_view fraction;
-};
-
-int compareAmounts(const Parts& a, const Parts& b) {
+int compareAmounts(const DecimalParts& a, const DecimalParts& b) {
     if (a.whole.size() != b.whole.size()) return a.whole.size() < b.whole.size() ? -1 : 1;
     const int whole = a.whole.compare(b.whole);
     return whole != 0 ? whole : a.fraction.compare(b.fraction);
@@ -44,6 +26,17 @@ void increment(std::string& digits) {
 
 }  // namespace
 
+DecimalParts::DecimalParts(std::string_view number) {
+    isNegative = number.starts_with('-');
+    if (isNegative || number.starts_with('+')) number.remove_prefix(1);
+    const std::size_t point = std::min(number.find('.'), number.size());
+    whole = number.substr(0, point);
+    whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
+    fraction = number.substr(std::min(point + 1, number.size()));
+    fraction = fraction.substr(0, fraction.find_last_not_of('0') + 1);
+    if (whole.empty() && fraction.empty()) isNegative = false;
+}
+
 bool isDecimal(std::string_view text) {
     if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
     const std::size_t point = std::min(text.find('.'), text.size());
@@ -57,15 +50,15 @@ int compareDecimals(std::string_view a, std::string_view b) {
         const int kinds = static_cast<int>(isDecimal(b)) - static_cast<int>(isDecimal(a));
         return kinds != 0 ? kinds : a.compare(b);
     }
-    const Parts left(a);
-    const Parts right(b);
+    const DecimalParts left(a);
+    const DecimalParts right(b);
     if (left.isNegative != right.isNegative) return left.isNegative ? -1 : 1;
     const int amounts = compareAmounts(left, right);
     return left.isNegative ? -amounts : amounts;
 }
 
 std::string roundedDecimal(std::string_view number, int decimals) {
-    const Parts parts(number);
+    const DecimalParts parts(number);
     const auto kept = static_cast<std::size_t>(std::max(decimals, 0));
     std::string fraction(parts.fraction.substr(0, kept));
     fraction.resize(kept, '0');

@@ -6,6 +6,16 @@
 /// Decimal numbers as texts such as "-12.50", since binary numbers cannot represent all decimal fractions.
 namespace mergeloom::describe {
 
+/// The parts of a decimal number, without leading and trailing zeros. Zero is not negative.
+struct DecimalParts {
+    /// The number must outlive it.
+    explicit DecimalParts(std::string_view number);
+
+    bool isNegative = false;
+    std::string_view whole;
+    std::string_view fraction;
+};
+
 /// Returns true for digits with an optional sign and decimal point.
 bool isDecimal(std::string_view text);
 

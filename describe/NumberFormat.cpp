@@ -22,17 +22,13 @@ enum NumberSection : std::size_t { kPositive, kNegative, kZero, kNull };
 
 /// The digits of a number without leading zeros, the position of its decimal point, and its sign.
 struct Digits {
-    explicit Digits(std::string_view number) {
-        isNegative = number.starts_with('-');
-        if (isNegative || number.starts_with('+')) number.remove_prefix(1);
-        const std::size_t end = std::min(number.find('.'), number.size());
-        text = number.substr(0, end);
-        if (end < number.size()) text += number.substr(end + 1);
-        point = static_cast<int>(end);
+    explicit Digits(const DecimalParts& number)
+        : isNegative(number.isNegative),
+          text(std::string(number.whole).append(number.fraction)),
+          point(static_cast<int>(number.whole.size())) {
         const std::size_t zeros = std::min(text.find_first_not_of('0'), text.size());
         text.erase(0, zeros);
         point -= static_cast<int>(zeros);
-        if (text.empty()) point = 0;
     }
 
     [[nodiscard]] bool isZero() const { return text.find_first_not_of('0') == std::string::npos; }
@@ -247,7 +243,7 @@ std::optional<std::string> formattedNumber(std::string_view number, std::string_
     if (equalsIgnoringAsciiCase(format, "General Number")) return generalNumber(number, conventions);
     const std::string signs = numberSigns(format, decimals, conventions);
     const std::vector<std::string_view> sections = formatSections(signs);
-    const Digits digits(number);
+    const Digits digits{DecimalParts(number)};
     const NumberSection wanted = digits.isZero() ? kZero : digits.isNegative ? kNegative : kPositive;
     const bool isOwn = wanted < sections.size() && !sections[wanted].empty();
     const std::optional<std::vector<FormatToken>> tokens =
