@@ -30,6 +30,10 @@ WORKBOOKS = {
     "links.xlsx": ("links", "array", "sparkline", "validation", "merged", "hidden"),
 }
 
+# A drop changes the cells of a sheet and the workbook's names, or a document's body, and its styles, lists and settings
+# if need be.
+CHANGED_ENTRIES = {".xlsx": 2, ".docx": 4}
+
 # LibreOffice 25.2 exports the chart and the comment at other places after a drop. The save asks there, since it cannot
 # tell that from shapes that the user moved.
 MAY_ASK = {"tables.xlsx": "a picture, a chart or a shape was moved or sized"}
@@ -58,7 +62,7 @@ class SavedFiles(unittest.TestCase):
                     self.assertIn(reason, result["reason"])
                     continue
                 self.assertEqual(result["outcome"], "proved", result.get("reason"))
-                self.assertLessEqual(result["entries"] - result["kept"], 4)
+                self.assertLessEqual(result["entries"] - result["kept"], CHANGED_ENTRIES[Path(result["file"]).suffix])
                 self.assertGreaterEqual(result["planted"], 4)
                 self.assertEqual(result["missed"], [])
 

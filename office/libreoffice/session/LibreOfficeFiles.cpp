@@ -13,6 +13,7 @@
 #include "office/libreoffice/session/NewFrame.h"
 #include "office/libreoffice/session/OfficeFilters.h"
 #include "office/libreoffice/session/OfficePackage.h"
+#include "office/libreoffice/session/PendingFormulas.h"
 #include "office/libreoffice/session/RefusingInteractionHandler.h"
 #include "office/libreoffice/session/ScratchPaths.h"
 #include "office/libreoffice/session/UnoProperty.h"
@@ -349,6 +350,7 @@ void LibreOfficeFiles::storeCopy(const DocumentReference& document, const std::s
                                  std::vector<css::beans::PropertyValue> properties) {
     properties.push_back(property("Overwrite", true));
     const ModifiedFlagLock lock(document);
+    computePendingFormulas(document);
     Reference<css::frame::XStorable>(document, UNO_QUERY_THROW)
         ->storeToURL(toUno(fileUrl(path)), sequenceOf(properties));
 }

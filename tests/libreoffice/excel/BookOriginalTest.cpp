@@ -114,6 +114,27 @@ std::string longBook() {
     return packageBytes(package);
 }
 
+/// Two sheets of dates with formulas that have no results, as libraries write them.
+std::string bookWithPendingFormulas() {
+    opc::Package package = opc::Package::read(originalBook(), "book");
+    const std::string sheet = "<worksheet xmlns=\"" + kSpreadsheet +
+                              "\"><sheetFormatPr defaultRowHeight=\"15\"/><sheetData><row r=\"1\"><c "
+                              "r=\"A1\" s=\"1\"><v>1</v></c><c r=\"B1\"><f>A1+1</f><v/></c></row>"
+                              "<row r=\"2\"><c r=\"A2\" s=\"1\"><v>2</v></c><c "
+                              "r=\"B2\"><f>MAX(A1:A2)</f><v/></c></row></sheetData></worksheet>";
+    package.writePart(sheetPart(1), sheet);
+    package.addPart(sheetPart(2), kSpreadsheetType + "worksheet+xml", sheet);
+    const std::string id =
+        package.relationshipsOf(kWorkbookPart).addPart(officeType("worksheet"), sheetPart(2));
+    package.writePart(kWorkbookPart,
+                      replaceAll(package.readPart(kWorkbookPart), "</sheets>",
+                                 "<sheet name=\"Sheet2\" sheetId=\"2\" r:id=\"" + id + "\"/></sheets>"));
+    package.writePart("/xl/styles.xml",
+                      replaceAll(package.readPart("/xl/styles.xml"), "numFmtId=\"2\"", "numFmtId=\"14\""));
+    package.removePart("/xl/calcChain.xml");
+    return packageBytes(package);
+}
+
 /// A workbook that LibreOffice edits as in the window: saves keep its original.
 class BookOriginalTest : public ExcelDropTest {
   protected:
@@ -192,6 +213,19 @@ TEST_F(BookOriginalTest, GetsThePlacesOfAnUnattendedRunAndNothingElse) {
     };
     EXPECT_EQ(namesOf(file), namesOf(wanted));
     EXPECT_EQ(cellsOf(file), cellsOf(wanted));
+}
+
+/// Calc computes these formulas in the first export and gives them the formats of the cells they refer to,
+/// which then are in the second one.
+TEST_F(BookOriginalTest, KeepsTheFormatsOfFormulasWithoutResults) {
+    original = bookWithPendingFormulas();
+    openOriginal();
+    workbook->SetSaved(false);
+    EXPECT_TRUE(saved() == original);
+    goTo(4, 4);
+    ASSERT_TRUE(drop(node("2k")));
+    EXPECT_THAT(changedEntries(original, saved()),
+                ElementsAre("xl/workbook.xml", "xl/worksheets/sheet1.xml"));
 }
 
 TEST_F(BookOriginalTest, GetsValuesFormatsAndFormulas) {
