@@ -245,26 +245,6 @@ std::optional<std::string> differentSection(const std::map<std::string, std::str
     return {};
 }
 
-bool haveOtherSizes(const ExportedSheet& former, const ExportedSheet& now) {
-    const auto isSameRow = [](const auto& a, const auto& b) {
-        return a.first == b.first && a.second.anyHeight == b.second.anyHeight &&
-               a.second.hidden == b.second.hidden;
-    };
-    const auto isSameColumn = [](const ExportedColumns& a, const ExportedColumns& b) {
-        return a.first == b.first && a.last == b.last && a.width == b.width && a.hidden == b.hidden;
-    };
-    return !std::ranges::equal(former.rows, now.rows, isSameRow) ||
-           !std::ranges::equal(former.columns, now.columns, isSameColumn);
-}
-
-bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now) {
-    const bool areHere =
-        now.places.size() >= former.places.size() &&
-        std::equal(former.places.begin(), former.places.end(), now.places.begin(), isInSamePlace);
-    // The boxes of comments move with the cells, so other sizes change their places, too.
-    return !areHere || (former.otherPlaces != now.otherPlaces && !haveOtherSizes(former, now));
-}
-
 std::optional<LineShift> findShift(const ExportedSheet& former, const ExportedSheet& now) {
     for (const LineKeys keysOf : {valueKeys, allKeys})
         for (const Axis axis : {Axis::Rows, Axis::Columns})

@@ -60,13 +60,6 @@ SheetDifference differenceBetween(const BookExport& formerBook, const ExportedSh
 std::optional<std::string> differentSection(const std::map<std::string, std::string>& former,
                                             const std::map<std::string, std::string>& now);
 
-/// Returns true if rows or columns of two exports differ in size, including automatic sizes.
-bool haveOtherSizes(const ExportedSheet& former, const ExportedSheet& now);
-
-/// Returns true if an object has different places on the two sheets. The second sheet has the same objects,
-/// and possibly more after them.
-bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now);
-
 /// Returns true if rows or columns were inserted before others or removed: cells below or to the right have
 /// moved.
 bool hasMovedCells(const ExportedSheet& former, const ExportedSheet& now);

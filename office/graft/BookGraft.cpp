@@ -5,6 +5,7 @@
 #include "office/graft/BookPictures.h"
 #include "office/graft/BookReplay.h"
 #include "office/graft/BookRules.h"
+#include "office/graft/MovedObjects.h"
 #include "office/graft/OriginalFormat.h"
 #include "office/graft/Refusal.h"
 #include "office/graft/SheetList.h"
@@ -100,7 +101,7 @@ class WorkbookGraft {
             throw Refusal("rows or columns were inserted, removed or sorted", change.now->name());
         changes_.push_back(std::move(change));
     }
-    static void check(const SheetChange& change) {
+    void check(const SheetChange& change) const {
         const ExportedSheet& former = *change.former;
         const ExportedSheet& now = *change.now;
         if (const auto section = differentSection(former.sections, now.sections))
@@ -108,7 +109,9 @@ class WorkbookGraft {
         const bool hasFormer = now.objects.size() >= former.objects.size() &&
                                std::equal(former.objects.begin(), former.objects.end(), now.objects.begin());
         if (!hasFormer) throw Refusal("a picture, a chart or a shape was changed", now.name());
-        if (hasMovedObjects(former, now))
+        if (hasMovedObjects(former, now, {}) &&
+            hasMovedObjects(former, now,
+                            placesInOriginal(package_.original, package_.fileName, former.name())))
             throw Refusal("a picture, a chart or a shape was moved or sized", now.name());
         // Calc computes the default height itself.
         if (std::abs(former.defaultHeight - now.defaultHeight) > kMeasuredHeight)

@@ -1,6 +1,7 @@
 #include "office/graft/BookDifference.h"
 #include "office/graft/BookGraft.h"
 #include "office/graft/BookRules.h"
+#include "office/graft/MovedObjects.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,10 +24,14 @@ bool isNear(const std::string& a, const std::string& b, double tolerance) {
 /// Compares the proof with the edited workbook sheet by sheet.
 class BookProof {
   public:
-    BookProof(const BookExport& edited, const BookExport* again, const BookExport& proof)
-        : edited_(edited), again_(again), proof_(proof) {}
+    BookProof(const model::EditedPackage& package, const std::string& editedAgain, const std::string& proof)
+        : package_(package),
+          edited_(package.edited, package.fileName, numbers_),
+          proof_(proof, package.fileName, numbers_) {
+        if (!editedAgain.empty()) again_.emplace(editedAgain, package.fileName, numbers_);
+    }
 
-    [[nodiscard]] std::optional<GraftRefusal> findFault() const {
+    [[nodiscard]] std::optional<GraftRefusal> findFault() {
         if (edited_.sheets().size() != proof_.sheets().size())
             return GraftRefusal{"the result would have other sheets", {}};
         for (const auto& [key, formula] : edited_.names()) {
@@ -39,7 +44,7 @@ class BookProof {
         for (std::size_t sheet = 0; sheet < edited_.sheets().size(); ++sheet)
             if (auto fault = compare(sheet)) return fault;
         const auto section = differentSection(comparedSections(edited_), comparedSections(proof_));
-        if (section && (again_ == nullptr || comparedSections(*again_) != comparedSections(proof_)))
+        if (section && (!again_ || comparedSections(*again_) != comparedSections(proof_)))
             return GraftRefusal{"in the result " + reasonForSection(*section), {}};
         return {};
     }
@@ -54,10 +59,21 @@ class BookProof {
     }
     /// Returns the sheet of the edited workbook's export after it was read and written again.
     [[nodiscard]] const ExportedSheet* againAt(std::size_t number) const {
-        const bool hasSheet = again_ != nullptr && number < again_->sheets().size();
+        const bool hasSheet = again_ && number < again_->sheets().size();
         return hasSheet ? &again_->sheets()[number] : nullptr;
     }
-    [[nodiscard]] std::optional<GraftRefusal> compare(std::size_t number) const {
+    /// Returns the sheet before the changes. Returns null for a new or renamed sheet, and if cells have
+    /// moved.
+    [[nodiscard]] const ExportedSheet* formerOf(const ExportedSheet& edited) {
+        if (!former_) former_.emplace(package_.baseline, package_.fileName, numbers_);
+        const auto former = std::ranges::find(former_->sheets(), edited.name(), &ExportedSheet::name);
+        return former == former_->sheets().end() || findShift(*former, edited) ? nullptr : &*former;
+    }
+    [[nodiscard]] bool areObjectsInPlaces(const ExportedSheet& edited, const ExportedSheet* again,
+                                          const ExportedSheet& proof) {
+        return areInPlaces(proof, {edited, again}) || areInPlaces(proof, {edited, again, formerOf(edited)});
+    }
+    [[nodiscard]] std::optional<GraftRefusal> compare(std::size_t number) {
         const ExportedSheet& edited = edited_.sheets()[number];
         const ExportedSheet& proof = proof_.sheets()[number];
         const ExportedSheet* const again = againAt(number);
@@ -76,7 +92,7 @@ class BookProof {
             return GraftRefusal{"in the result " + reasonForSection(*section), edited.name()};
         if (edited.objects != proof.objects && (again == nullptr || again->objects != proof.objects))
             return GraftRefusal{"a picture, a chart or a shape would differ in the result", edited.name()};
-        if (hasMovedObjects(edited, proof) && (again == nullptr || hasMovedObjects(*again, proof)))
+        if (!areObjectsInPlaces(edited, again, proof))
             return GraftRefusal{"a picture, a chart or a shape would be elsewhere in the result",
                                 edited.name()};
         return {};
@@ -115,21 +131,19 @@ class BookProof {
         return {};
     }
 
-    const BookExport& edited_;
-    const BookExport* again_;
-    const BookExport& proof_;
+    const model::EditedPackage& package_;
+    FormatNumbers numbers_;
+    BookExport edited_;
+    BookExport proof_;
+    std::optional<BookExport> again_;   ///< the edited workbook's export, read and written once more
+    std::optional<BookExport> former_;  ///< read when an object is elsewhere
 };
 
 }  // namespace
 
 std::optional<model::GraftRefusal> findFaultInBook(const model::EditedPackage& package,
                                                    const std::string& editedAgain, const std::string& proof) {
-    FormatNumbers numbers;
-    const BookExport edited(package.edited, package.fileName, numbers);
-    const BookExport made(proof, package.fileName, numbers);
-    std::optional<BookExport> again;
-    if (!editedAgain.empty()) again.emplace(editedAgain, package.fileName, numbers);
-    return BookProof(edited, again ? &*again : nullptr, made).findFault();
+    return BookProof(package, editedAgain, proof).findFault();
 }
 
 }  // namespace mergeloom::graft

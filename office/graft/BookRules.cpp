@@ -12,7 +12,7 @@ namespace mergeloom::graft {
 namespace {
 
 /// Content that is ignored: ids that LibreOffice generates for each export, copies of cells' values in
-/// charts, dates, and sizes that it measures.
+/// charts, dates, and sizes that it measures. Places are compared with a tolerance (ObjectPlace.h).
 constexpr std::array kVolatileNames{
     VolatileName{"c:axId", "val"},
     VolatileName{"c:crossAx", "val"},
@@ -38,22 +38,17 @@ constexpr std::array kVolatileNames{
     VolatileName{"cp:lastModifiedBy", ""},
     VolatileName{"cp:revision", ""},
     VolatileName{"cp:lastPrinted", ""},
-};
-
-constexpr std::array kPlaces{
-    VolatileName{"xdr:from", ""}, VolatileName{"xdr:to", ""},  VolatileName{"from", ""},
-    VolatileName{"to", ""},       VolatileName{"a:off", ""},   VolatileName{"a:ext", "cx"},
-    VolatileName{"a:ext", "cy"},  VolatileName{"xdr:ext", ""}, VolatileName{"v:shape", "style"},
+    VolatileName{"xdr:from", ""},
+    VolatileName{"xdr:to", ""},
+    VolatileName{"from", ""},
+    VolatileName{"to", ""},
+    VolatileName{"a:off", ""},
+    VolatileName{"a:ext", "cx"},
+    VolatileName{"a:ext", "cy"},
+    VolatileName{"xdr:ext", ""},
+    VolatileName{"v:shape", "style"},
     VolatileName{"x:Anchor", ""},
 };
-
-constexpr auto withPlaces() {
-    std::array<VolatileName, kVolatileNames.size() + kPlaces.size()> all{};
-    std::ranges::copy(kPlaces, std::ranges::copy(kVolatileNames, all.begin()).out);
-    return all;
-}
-
-constexpr auto kAllNames = withPlaces();
 
 struct SectionReason {
     std::string_view section;
@@ -75,6 +70,7 @@ constexpr SectionReason kReasons[] = {
     {"rowBreaks", "a page break was changed"},
     {"colBreaks", "a page break was changed"},
     {"comments", "a comment was changed"},
+    {"vmlDrawing", "a comment's box or a control was changed"},
     {"table", "a table was changed"},
     {"pivotTable", "a pivot table was changed"},
     {"pivotCaches", "a pivot table was changed"},
@@ -93,11 +89,6 @@ std::string digestText(opc::Package& package, const std::string& partName) {
 }  // namespace
 
 const CanonicalRules& bookRules() {
-    static constexpr CanonicalRules kRules{kAllNames, {}};
-    return kRules;
-}
-
-const CanonicalRules& bookRulesWithPlaces() {
     static constexpr CanonicalRules kRules{kVolatileNames, {}};
     return kRules;
 }

@@ -8,10 +8,9 @@
 
 namespace mergeloom::graft {
 
-/// The rules for exports of workbooks, without and with the places of objects, which change with the heights
-/// of rows.
+/// The rules for exports of workbooks. They leave out the places of objects, which change with the heights of
+/// rows.
 const CanonicalRules& bookRules();
-const CanonicalRules& bookRulesWithPlaces();
 
 /// Returns a function that identifies the targets of a part's relationships by their content, including that
 /// of their own targets, since names of parts and ids of relationships differ between exports. The package

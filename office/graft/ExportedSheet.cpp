@@ -151,7 +151,7 @@ void ExportedSheet::readTargets(opc::Package& package, const std::string& partNa
         if (relationship.mode == opc::TargetMode::External) continue;
         const std::string target = relationships.targetPart(relationship);
         if (type == "drawing") readDrawing(package, target);
-        if (type == "vmlDrawing") otherPlaces += contentOf(package, target, bookRulesWithPlaces());
+        if (type == "vmlDrawing") readBoxes(package, target);
         if (std::ranges::find(kReadElsewhere, type) == kReadElsewhere.end())
             sections[type] += contentOf(package, target, bookRules());
     }
@@ -164,6 +164,17 @@ void ExportedSheet::readDrawing(opc::Package& package, const std::string& partNa
         anchors_.push_back(anchor);
         objects.push_back(canonical.of(anchor));
         places.push_back(placeOf(anchor));
+    }
+}
+
+void ExportedSheet::readBoxes(opc::Package& package, const std::string& partName) {
+    std::string& section = sections["vmlDrawing"];
+    section += contentOf(package, partName, bookRules());
+    const auto part = opc::XmlPart::parse(package.readPart(partName), partName, package.fileName());
+    for (const pugi::xml_node shape : part->root().children("v:shape")) {
+        boxes.push_back(placeOfBox(shape));
+        const std::string_view style = shape.attribute("style").value();
+        section += style.find("visibility:hidden") == std::string_view::npos ? " shown" : " hidden";
     }
 }
 

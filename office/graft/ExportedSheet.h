@@ -111,7 +111,7 @@ class ExportedSheet {
     std::map<std::string, std::string> sections;
     std::vector<std::string> objects;  ///< the drawing's objects, without their places
     std::vector<ObjectPlace> places;   ///< those of the objects
-    std::string otherPlaces;           ///< the boxes of comments and controls
+    std::vector<ObjectPlace> boxes;    ///< those of comments' boxes and controls
     CellLinks links;
     double defaultHeight = 0;  ///< of rows, in points
 
@@ -121,6 +121,7 @@ class ExportedSheet {
     void readRow(pugi::xml_node node, const ExportedTexts& texts);
     void readColumns(pugi::xml_node list);
     void readDrawing(opc::Package& package, const std::string& partName);
+    void readBoxes(opc::Package& package, const std::string& partName);
     void readLinks(const opc::Relationships& relationships);
     void readTargets(opc::Package& package, const std::string& partName);
 
