@@ -5,6 +5,7 @@
 #include "office/opc/XmlPart.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <ranges>
 
@@ -64,21 +65,19 @@ bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now,
 }
 
 bool areInPlaces(const ExportedSheet& proof, const KnownPlaces& known) {
-    const ExportedSheet& edited = known.edited;
-    if (proof.places.size() != edited.places.size() || proof.boxes.size() != edited.boxes.size())
-        return false;
+    const Places& edited = known.edited.places;
     const auto isObjectInPlace = [&](std::size_t object) {
         const ObjectPlace& place = proof.places[object];
-        if (isInSamePlace(edited.places[object], place)) return true;
+        if (isInPlace(edited, object, place)) return true;
         if (known.again != nullptr && isInPlace(known.again->places, object, place)) return true;
-        return known.former != nullptr && startAtSameCell(edited.places[object], place) &&
-               isInPlace(known.former->places, object, place);
+        return known.former != nullptr && isInPlace(known.former->places, object, place) &&
+               object < edited.size() && startAtSameCell(edited[object], place);
     };
     const auto isBoxInPlace = [&](std::size_t box) {
-        const ObjectPlace& place = proof.boxes[box];
-        if (isInSamePlace(edited.boxes[box], place)) return true;
-        if (known.again != nullptr && isInPlace(known.again->boxes, box, place)) return true;
-        return known.former != nullptr && isInPlace(known.former->boxes, box, place);
+        return std::ranges::any_of(
+            std::array{&known.edited, known.again, known.former}, [&](const ExportedSheet* sheet) {
+                return sheet != nullptr && isInPlace(sheet->boxes, box, proof.boxes[box]);
+            });
     };
     return std::ranges::all_of(std::views::iota(std::size_t{0}, proof.places.size()), isObjectInPlace) &&
            std::ranges::all_of(std::views::iota(std::size_t{0}, proof.boxes.size()), isBoxInPlace);

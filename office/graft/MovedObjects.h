@@ -20,15 +20,16 @@ std::vector<ObjectPlace> placesInOriginal(const std::string& bytes, const std::s
 bool hasMovedObjects(const ExportedSheet& former, const ExportedSheet& now,
                      const std::vector<ObjectPlace>& original);
 
-/// The exports of a sheet of which each object of the proof must be in the place of one.
+/// The exports of a sheet in which the places of its objects are known.
 struct KnownPlaces {
     const ExportedSheet& edited;
     const ExportedSheet* again = nullptr;   ///< the edited one, read and written once more; may be null
     const ExportedSheet* former = nullptr;  ///< the one before the changes; null if cells have moved since
 };
 
-/// Returns true if the proof's objects, which are the same, are in their places. An object of the original
-/// is where the former export has it: the office shows it elsewhere if it measures it anew.
+/// Returns true if each object of the proof is where one of the other exports has it. The objects themselves
+/// must be the same. They are where the former export has them if the office has measured them anew since,
+/// but those of a drawing start where the edited one has them.
 bool areInPlaces(const ExportedSheet& proof, const KnownPlaces& known);
 
 }  // namespace mergeloom::graft

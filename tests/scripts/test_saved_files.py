@@ -11,6 +11,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
+import extended_workbooks
 import varied_documents
 import varied_workbooks
 
@@ -48,6 +49,8 @@ class SavedFiles(unittest.TestCase):
                 varied_documents.make_document(folder / document, features, random.Random(document), PICTURE)
             for workbook, features in WORKBOOKS.items():
                 varied_workbooks.make_by_xlsxwriter(folder / workbook, features, random.Random(workbook), PICTURE)
+            for name in extended_workbooks.EXTENSIONS:
+                extended_workbooks.extend(folder / "tables.xlsx", name)
             results = self.save(sorted(folder.glob("*.???x")), 1)
         self.assertEqual(len(results), len(DOCUMENTS) + len(WORKBOOKS))
         for result in results:

@@ -13,6 +13,7 @@ from openpyxl.styles import Alignment, Border, Font, NamedStyle, PatternFill, Pr
 from openpyxl.worksheet.datavalidation import DataValidation
 from openpyxl.worksheet.table import Table, TableStyleInfo
 
+import extended_workbooks
 import foreign_documents
 import foreign_workbooks
 
@@ -300,6 +301,11 @@ def make_all(folder: Path, picture: Path, mixtures: int, seed: int = 1, converte
         path = folder / f"p-{name.replace(' ', '-')}.xlsx"
         make_by_xlsxwriter(path, ["plain"], random.Random(f"{seed}{name}"), picture)
         patch(path, name)
+        yield path
+    for name, (features, _) in extended_workbooks.EXTENSIONS.items():
+        path = folder / f"e-{name.replace(' ', '-')}.xlsx"
+        make_by_xlsxwriter(path, features, random.Random(f"{seed}{name}"), picture)
+        extended_workbooks.extend(path, name)
         yield path
     for number in range(mixtures):
         chance = random.Random(f"{seed}-{number}")
