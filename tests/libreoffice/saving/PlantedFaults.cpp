@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <functional>
 #include <pugixml.hpp>
+#include <sstream>
 
 namespace mergeloom {
 
@@ -206,20 +207,44 @@ bool plantInNames(Node root, const std::string& fault, std::mt19937& chance) {
     return fault == "place lost" ? name.parent().remove_child(name) : shiftName(name);
 }
 
+/// Moves an object of a drawing two rows down, or the box of a comment or a control five columns to the
+/// right.
+bool moveObject(Node root, std::mt19937& chance) {
+    if (const Node row = any(
+            shown(root, "xdr:row", [](Node each) { return each.parent().name() == std::string("xdr:from"); }),
+            chance))
+        return row.text().set(row.text().as_int() + 2);
+    const Node anchor = any(shown(root, "x:Anchor"), chance);
+    if (!anchor) return false;
+    std::istringstream cells(anchor.text().get());
+    std::string moved;
+    std::string number;
+    for (int index = 0; std::getline(cells, number, ','); ++index)
+        moved += (index == 0 ? "" : ", ") + std::to_string(std::stoi(number) + (index % 4 == 0 ? 5 : 0));
+    return anchor.text().set(moved.c_str());
+}
+
+/// Returns the folder of the parts in which a fault can be planted into a workbook.
+std::string folderFor(const std::string& fault) {
+    return fault == "object moved" ? "/xl/drawings/" : "/xl/worksheets/";
+}
+
 /// Returns the parts in which a fault can be planted.
 std::vector<std::string> partsFor(const opc::Package& package, DocumentKind kind, const std::string& fault) {
+    if (kind == DocumentKind::Word && fault == "object moved") return {};
     if (kind == DocumentKind::Word || fault.starts_with("place")) return {package.mainPart()};
-    std::vector<std::string> sheets;
+    std::vector<std::string> parts;
     for (const std::string& name : package.partNames())
-        if (name.starts_with("/xl/worksheets/") && name.ends_with(".xml")) sheets.push_back(name);
-    return sheets;
+        if (name.starts_with(folderFor(fault)) && (name.ends_with(".xml") || name.ends_with(".vml")))
+            parts.push_back(name);
+    return parts;
 }
 
 }  // namespace
 
 const std::vector<std::string>& faultNames() {
-    static const std::vector<std::string> kNames{"letter", "place lost", "place shifted", "bold",
-                                                 "paragraph lost"};
+    static const std::vector<std::string> kNames{"letter", "place lost",     "place shifted",
+                                                 "bold",   "paragraph lost", "object moved"};
     return kNames;
 }
 
@@ -232,6 +257,7 @@ std::optional<std::string> withFault(const std::string& bytes, DocumentKind kind
         const auto part = opc::XmlPart::parse(package.readPart(name), name, "saved");
         const Node root = part->root();
         const bool isPlanted = kind == DocumentKind::Word   ? plantInDocument(root, fault, chance)
+                               : fault == "object moved"    ? moveObject(root, chance)
                                : fault.starts_with("place") ? plantInNames(root, fault, chance)
                                                             : plantInSheet(root, fault, chance);
         if (!isPlanted) continue;
