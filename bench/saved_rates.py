@@ -30,7 +30,7 @@ PICTURE = ROOT / "samples" / "pictures" / "letterhead.png"
 W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
 STRICT = "{http://purl.oclc.org/ooxml/wordprocessingml/main}"
 # The entries that hold what is edited: the body of a document; the cells of a sheet and the workbook's names.
-EDITED_ENTRIES = {"documents": 1, "workbooks": 2}
+EDITED_ENTRIES = {"documents": 1, "workbooks": 2, "npm": 1}
 STRUCTURE = ROOT / "tests" / "scripts" / "saved_fields.xml"
 WORD = "added"
 NPM_LIBRARIES = {"docx": "9.5.1"}
