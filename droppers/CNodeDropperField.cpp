@@ -145,16 +145,14 @@ bool CNodeDropperField::drop(const FieldDropArguments& arguments, const word::Do
     const bool isTaken = becomesSubform ? arguments.treeNode && takesSubform(context_, arguments)
                                         : takesName(context_, arguments);
     if (!isTaken) return false;
-    if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments, document);
-    if (!typeLabel(arguments, document)) return false;
+    if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments, document, *selection);
+    if (!typeLabel(arguments, *selection)) return false;
     return becomesSubform ? dropForm(arguments, document, *selection)
                           : dropPlace(arguments, document, *selection);
 }
 
-bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
-    if (arguments.labelRequired) {
-        CNodeDropperLabel(context_.reports).LabelDrop(arguments.node, document, true);
-    }
+bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments, word::Selection& selection) {
+    if (arguments.labelRequired) CNodeDropperLabel(context_.reports).typeLabel(arguments.node, selection);
     return !context_.reports.failed();
 }
 
@@ -182,12 +180,13 @@ bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const wor
     return true;
 }
 
-bool CNodeDropperField::dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
+bool CNodeDropperField::dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                  word::Selection& selection) {
     CNodeDropperTable table{context_};
     // When nothing is chosen, no caption is written. A choice among the outer form's controls does not apply
     // to the subform's own.
     const FieldKeys columns = table.chooseFields(*arguments.treeNode);
-    if (columns.empty() || !typeLabel(arguments, document)) return false;
+    if (columns.empty() || !typeLabel(arguments, selection)) return false;
     return table.TableDrop(*arguments.treeNode, document, GetAttributeValue(arguments.node, Attribute::Name),
                            &columns);
 }

@@ -56,12 +56,13 @@ class CNodeDropperField {
                    word::Selection& selection);
     bool dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                    word::Selection& selection);
-    bool dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document);
+    bool dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                   word::Selection& selection);
     bool dropIntoTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                        word::Table& table);
     bool typeCaptionAbove(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                           word::Table& table);
-    bool typeLabel(const FieldDropArguments& arguments, const word::DocumentPtr& document);
+    bool typeLabel(const FieldDropArguments& arguments, word::Selection& selection);
     bool dropForm(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                   word::Selection& selection);
 

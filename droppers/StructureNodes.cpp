@@ -18,7 +18,7 @@ constexpr const char* kDatasheetTag = "2";
 }  // namespace
 
 XmlNode elementOf(const XmlNodeCollection& xmlNodes, const TreeNode* node) {
-    return node ? xmlNodes.Item(node->Key()) : XmlNode{};
+    return node ? xmlNodes.numbered(node->keyNumber()) : XmlNode{};
 }
 
 bool isSubform(const XmlNode& element) {

@@ -13,6 +13,7 @@ namespace mergeloom {
 namespace {
 
 constexpr const char* kBookmarkModule = "modBookmarkAdd";
+constexpr std::size_t kRoomOfComment = 64;
 
 /// The guard characters at the two sides of a new place, empty where no other bookmark touches it.
 struct Guards {
@@ -128,7 +129,9 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
     if (!ValidateBookmark(reports, robjRange, touching)) return {};
 
     word::BookmarkPtr added;
-    std::string comment = "Bookmark Name = ''";
+    std::string comment;
+    comment.reserve(kRoomOfComment);
+    comment = "Bookmark Name = ''";
     const auto add = [&] {
         const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
         rstrName = placeName(content.vstrPrefix, rstrName, valueOf(content));

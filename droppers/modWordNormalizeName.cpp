@@ -79,6 +79,8 @@ std::string normalizedName(std::string_view name, CharacterCount maxLength) {
 }
 
 std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
+    // Most names of controls need no change.
+    if (!vfAppendT && word::isBookmarkName(rstrName)) return std::string(rstrName);
     const std::string name = nameToNormalize(rstrName, vfAppendT);
     return utf16Length(name) > kMaxScannedName ? "" : normalizedName(name, word::kMaxBookmarkName);
 }

@@ -217,8 +217,9 @@ std::string CXML2TreeView::controlText(XmlNode control, std::string& typeName, i
     const auto type = control.namedAttribute(AttributeName(Attribute::ControlType).c_str());
     if (!type) return text;
     typeName = *type;
-    if (controlTypeOf(typeName) == ControlType::TabControl) return {};
-    if (controlTypeOf(typeName) != ControlType::Subform) return text;
+    const ControlType knownType = controlTypeOf(typeName);
+    if (knownType == ControlType::TabControl) return {};
+    if (knownType != ControlType::Subform) return text;
 
     const XmlNode form = control.firstChild();
     if (form.namedAttribute(AttributeName(Attribute::HasRecordset).c_str())) {

@@ -17,6 +17,8 @@ class TreeNode {
     [[nodiscard]] const std::string& Text() const;
     /// Returns the node's key ("12k"), or an empty text for a node without one.
     [[nodiscard]] std::string Key() const;
+    /// Returns the number in the key; 0 for a node without one.
+    [[nodiscard]] int keyNumber() const { return keyNumber_; }
     [[nodiscard]] const std::string& Tag() const;
     void SetTag(std::string_view tag);
     /// Returns the key of the node's icon, or an empty text.

@@ -101,6 +101,11 @@ int XmlNodeCollection::Add(XmlNode element) {
     return Count();
 }
 
+XmlNode XmlNodeCollection::numbered(int number) const {
+    const bool held = number > 0 && number <= Count();
+    return held ? elements_[static_cast<std::size_t>(number) - 1] : XmlNode();
+}
+
 XmlNode XmlNodeCollection::Item(std::string_view key) const {
     if (key.empty() || key.front() == '0') return XmlNode();
     const char* const last = key.data() + key.size() - 1;

@@ -60,6 +60,8 @@ class XmlNodeCollection {
     int Add(XmlNode element);
     /// Returns the element of a key, regardless of letter case; null for an unknown key.
     [[nodiscard]] XmlNode Item(std::string_view key) const;
+    /// Returns the element of the key with a number; null for an unknown number.
+    [[nodiscard]] XmlNode numbered(int number) const;
     [[nodiscard]] int Count() const { return static_cast<int>(elements_.size()); }
 
   private:

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace mergeloom {
 
@@ -54,13 +55,15 @@ constexpr std::array kLists = {
     NamedItems(kStructureElements), NamedItems(kAttributes), NamedItems(kControlTypes),
     NamedItems(kDropKinds),         NamedItems(kViews),      NamedItems(kDefaultViews)};
 
+[[noreturn]] void raiseNotInList() {
+    throw AutomationError(kSubscriptOutOfRange, "Subscript out of range");
+}
+
 std::string itemName(NamedItemList list, std::int32_t index) {
     const NamedItems& items = kLists[static_cast<std::size_t>(list)];
     // The largest index of 32 bits plus one still fits into 64 bits.
     const std::int64_t piece = std::int64_t{index} + 1;
-    if (piece < 0 || piece >= static_cast<std::int64_t>(items.count)) {
-        throw AutomationError(kSubscriptOutOfRange, "Subscript out of range");
-    }
+    if (piece < 0 || piece >= static_cast<std::int64_t>(items.count)) raiseNotInList();
     return std::string(items.pieces[static_cast<std::size_t>(piece)]);
 }
 
@@ -72,6 +75,18 @@ std::string StructureElementName(std::int32_t index) {
 
 std::string AttributeName(std::int32_t index) {
     return itemName(NamedItemList::Attributes, index);
+}
+
+const std::string& AttributeName(Attribute attribute) {
+    // Several attributes of each of a hundred thousand controls are read, so their names are made once.
+    static const std::vector<std::string> names = [] {
+        const NamedItems& items = kLists[static_cast<std::size_t>(NamedItemList::Attributes)];
+        return std::vector<std::string>(items.pieces.begin() + 1,
+                                        items.pieces.begin() + static_cast<std::ptrdiff_t>(items.count) - 1);
+    }();
+    const auto index = static_cast<std::size_t>(attribute);
+    if (index >= names.size()) raiseNotInList();
+    return names[index];
 }
 
 std::string ControlTypeName(std::int32_t index) {

@@ -128,9 +128,7 @@ std::string ZeroWidthJoiner();
 inline std::string StructureElementName(StructureElement element) {
     return StructureElementName(static_cast<std::int32_t>(element));
 }
-inline std::string AttributeName(Attribute attribute) {
-    return AttributeName(static_cast<std::int32_t>(attribute));
-}
+const std::string& AttributeName(Attribute attribute);
 inline std::string ControlTypeName(ControlType type) {
     return ControlTypeName(static_cast<std::int32_t>(type));
 }

@@ -166,6 +166,7 @@ const char* WordNames::value(pugi::xml_node node, std::string_view localName) co
 }
 
 pugi::xml_node WordNames::child(pugi::xml_node node, WordTag tag) const {
+    if (!node.first_child()) return {};
     // The properties of paragraphs and runs are their first child, so a long paragraph without properties is
     // not searched. Other elements, such as styles, may have them at any position.
     const WordTag owner = tag == WordTag::ParagraphProperties ? WordTag::Paragraph : WordTag::Run;

@@ -370,7 +370,7 @@ TEST_F(TableDrop, AFailureAtAnyStepChangesNothing) {
             EXPECT_EQ(body(), before) << failingCall;
         }
     }
-    EXPECT_GT(failingCall, 20);
+    EXPECT_GT(failingCall, 15);
     EXPECT_EQ(body(), "\nend Town: [Town:Town]\nItems: \n" + kLinesTable + "\n");
 }
 

@@ -230,6 +230,7 @@ class RandomEdits {
                 edit_ = "add " + name + " " + places;
                 if (part_.table.find(name)) return;
                 places_[name] = {start.value, end.value};
+                story.bookmarks.check(start, end);
                 story.bookmarks.add(name, ++part_.lastId, start, end);
                 return;
             }

@@ -42,6 +42,7 @@ struct OpenPart : EditablePart {
 
     OpenStory& body() { return stories.front(); }
     BookmarkRecord& add(const std::string& name, int start, int end) {
+        body().bookmarks.check({start}, {end});
         return body().bookmarks.add(name, ++lastId, {start}, {end});
     }
 

@@ -50,20 +50,34 @@ void BookmarkEditor::check(CharacterPosition start, CharacterPosition end) const
 
 BookmarkRecord& BookmarkEditor::add(const std::string& name, std::int64_t id, CharacterPosition start,
                                     CharacterPosition end) {
-    check(start, end);
     editor_.splitRun(start);
     if (end != start) editor_.splitRun(end);
     BookmarkRecord& record = table_.create(name, id, story_);
-    const std::string number = std::to_string(id);
-    const pugi::xml_node startMark = elementFactory_.makeBookmarkStart(number, name);
-    setColumns(startMark, start, end);
-    record.start = story_.makeItem(ItemKind::BookmarkStart, startMark, {0});
-    record.end = story_.makeItem(ItemKind::BookmarkEnd, elementFactory_.makeBookmarkEnd(number), {0});
-    record.start->bookmark = record.end->bookmark = &record;
-    insertStart(record.start, start);
-    insertEnd(record.end, end, record.start);
+    addStartMark(record, start, end);
+    addEndMark(record, end);
     journal_.listBookmark(table_, record);
     return record;
+}
+
+void BookmarkEditor::addStartMark(BookmarkRecord& record, CharacterPosition start, CharacterPosition end) {
+    const MarkPlace place = startPlace(start);
+    const pugi::xml_node mark =
+        elementFactory_.addBookmarkStart(place.inPart, std::to_string(record.id), record.name);
+    setColumns(mark, start, end);
+    record.start = addMark(ItemKind::BookmarkStart, record, mark, place.next);
+}
+
+void BookmarkEditor::addEndMark(BookmarkRecord& record, CharacterPosition end) {
+    const MarkPlace place = endPlace(end, record.start);
+    const pugi::xml_node mark = elementFactory_.addBookmarkEnd(place.inPart, std::to_string(record.id));
+    record.end = addMark(ItemKind::BookmarkEnd, record, mark, place.next);
+}
+
+Item* BookmarkEditor::addMark(ItemKind kind, BookmarkRecord& record, pugi::xml_node mark, Item* next) {
+    Item* const item = story_.makeItem(kind, mark, {0});
+    item->bookmark = &record;
+    journal_.insertItemOf(story_, mark, next, item);
+    return item;
 }
 
 void BookmarkEditor::remove(BookmarkRecord& record) {
@@ -91,8 +105,8 @@ void BookmarkEditor::moveStart(BookmarkRecord& record, CharacterPosition start) 
     const bool isEmpty = start >= endOf(record);
     removeMark(record.start);
     if (isEmpty) removeMark(record.end);
-    insertStart(record.start, start);
-    if (isEmpty) insertAfter(record.end, record.start);
+    insertMark(record.start, startPlace(start));
+    if (isEmpty) insertMark(record.end, placeAfter(record.start));
     updateColumns(record);
 }
 
@@ -102,28 +116,28 @@ void BookmarkEditor::moveEnd(BookmarkRecord& record, CharacterPosition end) {
     if (end == endOf(record)) return;
     editor_.splitRun(end);
     removeMark(record.end);
-    insertEnd(record.end, end, record.start);
+    insertMark(record.end, endPlace(end, record.start));
     updateColumns(record);
 }
 
-void BookmarkEditor::insertStart(Item* mark, CharacterPosition start) {
+BookmarkEditor::MarkPlace BookmarkEditor::startPlace(CharacterPosition start) const {
     Item* next = story_.items().itemAt(start);
-    insertMark(mark, DomPlaces(story_).forStartMark(ItemTree::previous(next), next), next);
+    return {DomPlaces(story_).forStartMark(ItemTree::previous(next), next), next};
 }
 
-void BookmarkEditor::insertEnd(Item* mark, CharacterPosition end, Item* start) {
-    if (story_.positionOf(start) == end) return insertAfter(mark, start);
-    Item* previous = story_.items().itemAt(end - CharacterCount{1});
+BookmarkEditor::MarkPlace BookmarkEditor::endPlace(CharacterPosition end, const Item* start) const {
+    if (story_.positionOf(start) == end) return placeAfter(start);
+    const Item* previous = story_.items().itemAt(end - CharacterCount{1});
     Item* next = ItemTree::next(previous);
-    insertMark(mark, DomPlaces(story_).forEndMark(previous, next), next);
+    return {DomPlaces(story_).forEndMark(previous, next), next};
 }
 
-void BookmarkEditor::insertAfter(Item* mark, Item* start) {
-    insertMark(mark, {start->node.parent(), start->node}, ItemTree::next(start));
+BookmarkEditor::MarkPlace BookmarkEditor::placeAfter(const Item* mark) {
+    return {{mark->node.parent(), mark->node}, ItemTree::next(mark)};
 }
 
-void BookmarkEditor::insertMark(Item* item, DomPlace place, Item* next) {
-    journal_.insert(story_, item->node, place, next, item);
+void BookmarkEditor::insertMark(Item* item, const MarkPlace& place) {
+    journal_.insert(story_, item->node, place.inPart, place.next, item);
 }
 
 void BookmarkEditor::removeMark(Item* item) {

@@ -16,12 +16,11 @@ class BookmarkEditor {
                    EditJournal& journal, BookmarkTable& table)
         : story_(story), editor_(editor), elementFactory_(elementFactory), journal_(journal), table_(table) {}
 
-    /// Marks a range of the story; the name must be free. A range of some but not all columns of a table is
-    /// marked by its columns (ECMA-376 Part 1, 17.13.6.2).
-    /// Raises an AutomationError, and changes nothing, if no bookmark can start or end there.
+    /// Marks a range of the story that check() accepts; the name must be free. A range of some but not all
+    /// columns of a table is marked by its columns (ECMA-376 Part 1, 17.13.6.2).
     BookmarkRecord& add(const std::string& name, std::int64_t id, CharacterPosition start,
                         CharacterPosition end);
-    /// Raises the errors of add.
+    /// Raises an AutomationError if no bookmark can start or end there.
     void check(CharacterPosition start, CharacterPosition end) const;
     /// Returns the bookmarks that a range overlaps, or that a caret is in or touches, in the order of their
     /// places. The rest of the story is not searched.
@@ -30,15 +29,23 @@ class BookmarkEditor {
     void remove(BookmarkRecord& record);
     /// Removes the bookmarks in text boxes inside an element that is about to be removed.
     void unlistTextBoxes(pugi::xml_node element);
-    /// Moves one end; the other end is moved along when it would be passed. Errors as for add.
+    /// Moves one end; the other end is moved along when it would be passed. Raise the errors of check().
     void moveStart(BookmarkRecord& record, CharacterPosition start);
     void moveEnd(BookmarkRecord& record, CharacterPosition end);
 
   private:
-    void insertStart(Item* mark, CharacterPosition start);
-    void insertEnd(Item* mark, CharacterPosition end, Item* start);
-    void insertAfter(Item* mark, Item* start);
-    void insertMark(Item* item, DomPlace place, Item* next);
+    /// The place of a mark: in the part, and before an item of the story.
+    struct MarkPlace {
+        DomPlace inPart;
+        Item* next;
+    };
+    [[nodiscard]] MarkPlace startPlace(CharacterPosition start) const;
+    [[nodiscard]] MarkPlace endPlace(CharacterPosition end, const Item* start) const;
+    static MarkPlace placeAfter(const Item* mark);
+    void addStartMark(BookmarkRecord& record, CharacterPosition start, CharacterPosition end);
+    void addEndMark(BookmarkRecord& record, CharacterPosition end);
+    Item* addMark(ItemKind kind, BookmarkRecord& record, pugi::xml_node mark, Item* next);
+    void insertMark(Item* item, const MarkPlace& place);
     void removeMark(Item* item);
     /// Returns true if a range covers several cells of a table but no whole row.
     [[nodiscard]] bool isRangeOfColumns(CharacterPosition start, CharacterPosition end) const;

@@ -19,9 +19,16 @@ DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_nod
 
 DomPlace DomPlaces::forStartMark(const Item* previous, const Item* next) const {
     const pugi::xml_node paragraph = paragraphAt(next);
-    const bool sameParagraph =
-        previous && story_.paragraphOf(previous) == paragraph && previous->kind != ItemKind::ParagraphMark;
+    if (!previous || previous->kind == ItemKind::ParagraphMark) return firstInParagraph(next, paragraph);
+    if (const DomPlace place = directlyIn(paragraph, previous); place.parent) return place;
+    const bool sameParagraph = story_.paragraphOf(previous) == paragraph;
     return sameParagraph ? inParagraph(previous, next) : firstInParagraph(next, paragraph);
+}
+
+DomPlace DomPlaces::directlyIn(pugi::xml_node paragraph, const Item* item) const {
+    if (item->kind == ItemKind::FieldBegin) return {};
+    const pugi::xml_node element = inlineElementOf(item);
+    return element.parent() == paragraph ? DomPlace{paragraph, element} : DomPlace{};
 }
 
 pugi::xml_node DomPlaces::paragraphAt(const Item* next) const {
@@ -31,8 +38,11 @@ pugi::xml_node DomPlaces::paragraphAt(const Item* next) const {
 }
 
 DomPlace DomPlaces::forEndMark(const Item* previous, const Item* next) const {
-    const pugi::xml_node paragraph = story_.paragraphOf(previous);
     const bool endsBlock = previous->kind == ItemKind::ParagraphMark || previous->kind == ItemKind::RowMark;
+    if (!endsBlock && next && next->kind == ItemKind::ParagraphMark) {
+        if (const DomPlace place = directlyIn(next->node, previous); place.parent) return place;
+    }
+    const pugi::xml_node paragraph = story_.paragraphOf(previous);
     if (!endsBlock && next && story_.paragraphOf(next) == paragraph) return inParagraph(previous, next);
     if (previous->kind != ItemKind::RowMark) return after(previous);
     const pugi::xml_node table = story_.tableOf(previous);

@@ -39,6 +39,9 @@ class DomPlaces {
   private:
     [[nodiscard]] DomPlace after(const Item* item) const;
     [[nodiscard]] DomPlace before(const Item* item) const;
+    /// Returns the place after an item with no other element of the paragraph around it, as in most
+    /// paragraphs; one without a parent for any other item.
+    [[nodiscard]] DomPlace directlyIn(pugi::xml_node paragraph, const Item* item) const;
     /// Returns the place right after the previous item and outside of all elements that end there.
     [[nodiscard]] DomPlace inParagraph(const Item* previous, const Item* next) const;
     /// Returns the place before the paragraph's first item and outside of all elements that begin there.

@@ -47,17 +47,26 @@ void EditJournal::clear() {
 
 void EditJournal::insert(Story& story, pugi::xml_node element, const DomPlace& place, Item* next,
                          Item* item) {
+    moveNode(element, place.parent, place.after);
+    insertItemOf(story, element, next, item);
+}
+
+void EditJournal::insertItemOf(Story& story, pugi::xml_node element, Item* next, Item* item) {
     touch(story.part());
     record({element == item->node ? Step::ElementInserted : Step::ChildInserted, 0, &story, item});
-    moveNode(element, place.parent, place.after);
     story.items().insertBefore(next, item);
 }
 
-void EditJournal::move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) {
+void EditJournal::noteAdded(opc::XmlPart& part, pugi::xml_node node) {
     touch(part);
+    record({Step::NodeAdded, 0, node.internal_object(), &part});
+}
+
+void EditJournal::move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after) {
     if (node.parent() == part.detachedNodes()) {
-        record({Step::NodeAdded, 0, node.internal_object(), &part});
+        noteAdded(part, node);
     } else {
+        touch(part);
         const DomPlace place{node.parent(), node.previous_sibling()};
         record({Step::NodeMoved, keep(oldPlaces_, place), node.internal_object()});
     }

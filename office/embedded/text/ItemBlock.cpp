@@ -74,6 +74,14 @@ std::uint32_t ItemBlock::lengthBefore(std::uint8_t place) const {
     return length;
 }
 
+CharacterCount ItemBlock::lengthBetween(std::uint8_t from, std::uint8_t to) const {
+    if (from > to) return {-lengthBetween(to, from).value};
+    std::int64_t length = 0;
+    for (std::uint8_t i = from; i < to; ++i)
+        length += items[i]->length;
+    return {length};
+}
+
 std::int32_t ItemBlock::openMarksBefore(std::uint8_t place) const {
     std::int32_t open = own.openMarks;
     for (std::uint8_t i = place; i < count; ++i)

@@ -86,6 +86,8 @@ struct ItemBlock {
     /// Returns the item with a character, which is counted from the block's start and must be in the block.
     [[nodiscard]] Found itemAt(std::uint32_t character) const;
     [[nodiscard]] std::uint32_t lengthBefore(std::uint8_t place) const;
+    /// Returns the count of characters from the item at one place to that at another; negative backwards.
+    [[nodiscard]] CharacterCount lengthBetween(std::uint8_t from, std::uint8_t to) const;
     [[nodiscard]] std::int32_t openMarksBefore(std::uint8_t place) const;
     /// Returns the last mark before a place, or none.
     [[nodiscard]] Item* lastMarkBefore(std::uint8_t place) const;

@@ -186,6 +186,9 @@ CharacterCount ItemTree::length() const {
 
 CharacterPosition ItemTree::positionOf(const Item* item) const {
     if (item == lastFound_) return lastPosition_;
+    if (lastFound_ && lastFound_->block == item->block) {
+        return lastPosition_ + item->block->lengthBetween(lastFound_->place, item->place);
+    }
     return {std::int64_t{totalsBefore(item->block).length} + item->block->lengthBefore(item->place)};
 }
 

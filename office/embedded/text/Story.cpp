@@ -149,8 +149,9 @@ bool Story::splitsCharacter(CharacterPosition position) const {
     const Item* item = items_.itemAt(position);
     if (!item || (item->kind != ItemKind::Text && item->kind != ItemKind::FieldCode)) return false;
     const CharacterCount before = position - positionOf(item);
+    if (before.value == 0) return false;
     const std::string_view text = item->node.child_value();
-    return before.value > 0 && utf16Length(text.substr(0, byteOffset(text, before))) != before;
+    return utf16Length(text.substr(0, byteOffset(text, before))) != before;
 }
 
 Item* Story::firstItemAt(CharacterPosition position) const {

@@ -98,6 +98,10 @@ class Story {
     /// Returns true if any of the text may be inside a content control.
     [[nodiscard]] bool hasContentControls() const { return hasContentControls_; }
 
+    /// Returns true if the story or the elements around it may have alternative branches (ECMA-376 Part 3,
+    /// 10.2).
+    [[nodiscard]] bool hasAlternatives() const { return hasAlternatives_; }
+
     /// Updates the tracked ranges after a change at a position, where `removed` characters were removed and
     /// `inserted` inserted. Text that is inserted at an end of a range leaves that end at its position.
     void shift(CharacterPosition position, CharacterCount removed, CharacterCount inserted);
@@ -128,6 +132,7 @@ class Story {
     std::vector<TrackedRange*> trackedRanges_;
     std::vector<pugi::xml_node> textBoxes_;
     bool hasContentControls_ = false;
+    bool hasAlternatives_ = false;
     bool hasTables_ = false;
 };
 

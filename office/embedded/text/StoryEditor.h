@@ -64,10 +64,13 @@ class StoryEditor {
 
     [[nodiscard]] pugi::xml_node formattingAt(const Item* previous, const Item* next) const;
     pugi::xml_node makeRun(pugi::xml_node formatting);
+    /// Gives a new run the properties of others, or none. Returns the run.
+    pugi::xml_node fillRun(pugi::xml_node run, pugi::xml_node formatting);
     void splitText(Item* item, CharacterCount before);
     pugi::xml_node splitRunAfter(pugi::xml_node run, pugi::xml_node child);
     DomPlace splitContainers(DomPlace place, pugi::xml_node paragraph);
-    pugi::xml_node makeParagraphLike(pugi::xml_node paragraph);
+    /// Adds an empty paragraph with the same properties after a paragraph.
+    pugi::xml_node addParagraphLike(pugi::xml_node paragraph);
 
     Story& story_;
     WordElementFactory& elementFactory_;

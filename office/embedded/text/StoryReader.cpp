@@ -84,6 +84,7 @@ void Story::read(BookmarkTable& bookmarks) {
 void StoryReader::read() {
     story_.hasContentControls_ =
         static_cast<bool>(names_.ancestor(story_.root_, opc::WordTag::ContentControl));
+    story_.hasAlternatives_ = static_cast<bool>(names_.ancestor(story_.root_, opc::WordTag::Choice));
     readChildren(story_.root_);
     endWithParagraph();
     pairMarks();
@@ -145,6 +146,7 @@ void StoryReader::readElement(pugi::xml_node node) {
             readChildren(node);
             return add(ItemKind::RowMark, node);
         case opc::WordTag::AlternateContent:
+            story_.hasAlternatives_ = true;
             return readChildren(names_.child(node, opc::WordTag::Choice));
         case opc::WordTag::ContentControl:
             story_.hasContentControls_ = true;

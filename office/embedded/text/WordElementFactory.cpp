@@ -40,15 +40,25 @@ pugi::xml_node WordElementFactory::appendText(pugi::xml_node run, const std::str
     return element;
 }
 
+pugi::xml_node WordElementFactory::copyTo(const DomPlace& place, pugi::xml_node prototype) {
+    pugi::xml_node parent = place.parent;
+    return place.after ? parent.insert_copy_after(prototype, place.after) : parent.prepend_copy(prototype);
+}
+
 pugi::xml_node WordElementFactory::makeBookmarkStart(const std::string& id, const std::string& name) {
-    pugi::xml_node element = copy(bookmarkStart_);
+    return addBookmarkStart({part_.detachedNodes(), {}}, id, name);
+}
+
+pugi::xml_node WordElementFactory::addBookmarkStart(const DomPlace& place, const std::string& id,
+                                                    const std::string& name) {
+    const pugi::xml_node element = copyTo(place, bookmarkStart_);
     element.first_attribute().set_value(id.c_str());
     element.last_attribute().set_value(name.c_str());
     return element;
 }
 
-pugi::xml_node WordElementFactory::makeBookmarkEnd(const std::string& id) {
-    pugi::xml_node element = copy(bookmarkEnd_);
+pugi::xml_node WordElementFactory::addBookmarkEnd(const DomPlace& place, const std::string& id) {
+    const pugi::xml_node element = copyTo(place, bookmarkEnd_);
     element.first_attribute().set_value(id.c_str());
     return element;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/embedded/text/DomPlace.h"
 #include "office/opc/WordNames.h"
 #include "office/opc/XmlPart.h"
 
@@ -9,9 +10,9 @@
 
 namespace mergeloom::embedded {
 
-/// Creates the elements that edits insert into a part. They are created among the part's detached nodes as
-/// copies of prototypes, with which they share their names, since the same few elements are created a hundred
-/// thousand times.
+/// Creates the elements that edits insert into a part: at their place or among the part's detached nodes.
+/// They are copies of prototypes, with which they share their names, since the same few elements are created
+/// a hundred thousand times.
 class WordElementFactory {
   public:
     WordElementFactory(opc::XmlPart& part, const opc::WordNames& names);
@@ -19,11 +20,14 @@ class WordElementFactory {
     WordElementFactory& operator=(const WordElementFactory&) = delete;
 
     pugi::xml_node makeParagraph() { return copy(paragraph_); }
+    pugi::xml_node addParagraph(const DomPlace& place) { return copyTo(place, paragraph_); }
     pugi::xml_node makeRun() { return copy(run_); }
+    pugi::xml_node addRun(const DomPlace& place) { return copyTo(place, run_); }
     /// Appends a text element with its text to a new run; blanks at its ends are preserved.
     [[nodiscard]] pugi::xml_node appendText(pugi::xml_node run, const std::string& text) const;
     pugi::xml_node makeBookmarkStart(const std::string& id, const std::string& name);
-    pugi::xml_node makeBookmarkEnd(const std::string& id);
+    pugi::xml_node addBookmarkStart(const DomPlace& place, const std::string& id, const std::string& name);
+    pugi::xml_node addBookmarkEnd(const DomPlace& place, const std::string& id);
     /// Creates any other element of WordprocessingML, without content.
     pugi::xml_node makeElement(std::string_view localName);
     /// Creates an element from its XML.
@@ -33,6 +37,8 @@ class WordElementFactory {
     pugi::xml_node copy(pugi::xml_node node) { return part_.detachedNodes().append_copy(node); }
 
   private:
+    static pugi::xml_node copyTo(const DomPlace& place, pugi::xml_node prototype);
+
     opc::XmlPart& part_;
     const opc::WordNames& names_;
     pugi::xml_node paragraph_;

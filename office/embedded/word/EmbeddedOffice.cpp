@@ -58,11 +58,15 @@ class EmbeddedDocument final : public word::Document {
   public:
     EmbeddedDocument(std::weak_ptr<EmbeddedApplication> application, std::shared_ptr<WordContent> content,
                      DocumentFile file)
-        : application_(std::move(application)), content_(std::move(content)), file_(std::move(file)) {}
+        : application_(std::move(application)),
+          content_(std::move(content)),
+          bookmarks_(bookmarksOf(content_)),
+          selection_(std::make_shared<EmbeddedSelection>(content_)),
+          file_(std::move(file)) {}
 
     word::ApplicationPtr Application() override;
     word::WindowPtr ActiveWindow() override { return std::make_shared<EmbeddedWindow>(content_); }
-    word::BookmarksPtr Bookmarks() override { return bookmarksOf(content_); }
+    word::BookmarksPtr Bookmarks() override { return bookmarks_; }
     word::FieldsPtr Fields() override { return fieldsOf(content_); }
     word::MailMergePtr MailMerge() override { return std::make_shared<EmbeddedMailMerge>(content_); }
     word::TablesPtr Tables() override {
@@ -90,10 +94,14 @@ class EmbeddedDocument final : public word::Document {
     void giveUpUndo() override { content_->giveUpUndo(); }
 
     [[nodiscard]] const std::shared_ptr<WordContent>& content() const { return content_; }
+    [[nodiscard]] const word::SelectionPtr& selection() const { return selection_; }
 
   private:
     std::weak_ptr<EmbeddedApplication> application_;
     std::shared_ptr<WordContent> content_;
+    // These hold nothing but the content; a drop asks for them several times for each field.
+    word::BookmarksPtr bookmarks_;
+    word::SelectionPtr selection_;
     DocumentFile file_;
 };
 
@@ -111,9 +119,9 @@ class EmbeddedApplication final : public word::Application,
         return std::make_shared<model::OpenDocuments<word::Documents, word::Document, EmbeddedApplication>>(
             shared_from_this());
     }
-    word::SelectionPtr Selection() override { return std::make_shared<EmbeddedSelection>(activeContent()); }
+    word::SelectionPtr Selection() override { return activeDocument().selection(); }
     word::UndoRecordPtr UndoRecord() override {
-        return std::make_shared<EmbeddedUndoRecord>(activeContent());
+        return std::make_shared<EmbeddedUndoRecord>(activeDocument().content());
     }
     bool canSaveAs(word::WdSaveFormat format) override {
         return canWrite(DocumentFamily::Word, static_cast<int>(format));
@@ -150,9 +158,9 @@ class EmbeddedApplication final : public word::Application,
                                                                 DocumentFile(files_, fullName, wasOpened)));
         return documents_.back();
     }
-    [[nodiscard]] const std::shared_ptr<WordContent>& activeContent() const {
+    [[nodiscard]] const EmbeddedDocument& activeDocument() const {
         if (documents_.empty()) throw AutomationError(kNotAvailable, "No document is open.");
-        return documents_.back()->content();
+        return *documents_.back();
     }
 
     FileStore& files_;

@@ -68,6 +68,7 @@ void updateBeside(const Story& story, pugi::xml_node textBox) {
 
 void Fallbacks::noteEdit(Story& story, CharacterPosition place) {
     const opc::WordNames& names = story.names();
+    if (!story.hasAlternatives()) return;
     if (names.tagOf(story.root()) == opc::WordTag::TextBoxContent) editedTextBoxes_.insert(&story);
     const Item* item = story.items().itemAt(place);
     for (pugi::xml_node node = item ? item->node.parent() : pugi::xml_node(); node && node != story.root();
