@@ -222,6 +222,24 @@ TEST_F(Session, DropsAndUnhooks) {
     EXPECT_EQ(messages.takeTexts(), "0 fields became places, 0 were removed.\n");
 }
 
+TEST_F(Session, ShowsChangesOnceForManyEventsOfACommand) {
+    session.start({});
+    waitFor(OfficeState::Running);
+    int shown = 0;
+    QObject::connect(&session, &DesignerSession::changesShown, &session, [&] { ++shown; });
+    const auto fireEvents = [&] {
+        for (int event = 0; event < 3; ++event) {
+            listener->changesBeganOrEnded();
+            callOnGuiThread([] { QCoreApplication::processEvents(); });
+        }
+    };
+    for (const int expected : {1, 2}) {
+        session.worker().run(fireEvents);
+        settle();
+        EXPECT_EQ(shown, expected);
+    }
+}
+
 class Preview : public Session {
   protected:
     /// Starts an office with a template of one place, and a preview of two letters.

@@ -63,7 +63,11 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
             [this](HostKey key) { answer([this, key] { Q_EMIT keyPressed(key); }); });
     connect(&events_, &HostEvents::ended, this, &DesignerSession::onEnded);
     connect(&events_, &HostEvents::changesBegunOrEnded, this, [this] {
-        if (state_ == OfficeState::Running) post([this] { lifecycle_.ShowChanges(); });
+        if (state_ != OfficeState::Running || willShowChanges_.exchange(true)) return;
+        post([this] {
+            willShowChanges_ = false;
+            lifecycle_.ShowChanges();
+        });
     });
     connect(&events_, &HostEvents::marksMoved, &view_, &ViewUpdates::updateMarks);
     connect(this, &DesignerSession::previewChanged, &view_, &ViewUpdates::resume);
@@ -352,8 +356,7 @@ void DesignerSession::focusDocument() {
     post([this] { office_.host().focus(); });
 }
 
-/// Runs a job whose errors are ignored: they come from an office that has ended, which is reported in another
-/// way.
+/// Ignores the errors of the job: they come from an office that has ended, which is reported in another way.
 void DesignerSession::post(OfficeJobs::Job job) {
     worker_.post(std::move(job), [](const std::exception_ptr& /*error*/) {});
 }

@@ -164,9 +164,10 @@ class DesignerSession final : public QObject, private LifecycleView {
     OfficeState state_ = OfficeState::Stopped;
     QString stopReason_;
     bool hasOpened_ = false;
-    bool isToFindPlaces_ = false;    ///< as soon as no command runs
-    bool isFindingPlaces_ = false;   ///< at present
-    bool findsPlacesAgain_ = false;  ///< since the present search may miss the last change
+    bool isToFindPlaces_ = false;                ///< as soon as no command runs
+    std::atomic<bool> willShowChanges_ = false;  ///< by a job that has not begun
+    bool isFindingPlaces_ = false;               ///< at present
+    bool findsPlacesAgain_ = false;              ///< since the present search may miss the last change
     bool isFindingPlacesAt_ = false;
     std::shared_ptr<Attempt> attempt_;
     mutable std::mutex buildMutex_;

@@ -54,6 +54,9 @@ void addPages(const DocumentReference& document, StoryList& list) {
                                         UNO_QUERY_THROW);
     for (sal_Int32 index = 0; index < pages->getCount(); ++index) {
         const Properties page(pages->getByIndex(index), UNO_QUERY_THROW);
+        // Writer's own styles are made when they are used first or asked for more than that, which changes
+        // the document's mark Modified and back again.
+        if (!isTrue(page, "IsPhysical")) continue;
         for (const Marginal& marginal : kMarginals) {
             if (!isTrue(page, marginal.isOn)) continue;
             if (marginal.isShared != nullptr && isTrue(page, marginal.isShared)) continue;
