@@ -26,7 +26,6 @@ namespace {
 
 constexpr std::chrono::seconds kBoundOfClosing{5};
 constexpr std::chrono::milliseconds kPauseOfMonitor{100};
-constexpr std::chrono::milliseconds kPauseOfInterruption{10};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
@@ -44,6 +43,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
     session_->connection().call([this] { makeFirstBars(session_->connection().context()); });
+    session_->connection().interruptIdleTasks([this] { windows_.sendEmptyDamage(innerWindow()); });
     session_->files().showIn([this] { return makeFrame(); });
     focus_.emplace(window, listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {
@@ -65,6 +65,7 @@ LibreOfficeHost::~LibreOfficeHost() {
     edited_ = {};
     word_.reset();
     excel_.reset();
+    session_->connection().interruptIdleTasks({});
     // A document that is still referred to keeps the session, but must not keep the office.
     if (session_.use_count() > 1) process.kill();
 }
@@ -184,20 +185,11 @@ void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
     });
 }
 
-PollingThread LibreOfficeHost::interruptedIdleTasks() {
-    const xcb_window_t inner = innerWindow();
-    return {kPauseOfInterruption, [this, inner] {
-                windows_.sendMouseLeft(inner);
-                return true;
-            }};
-}
-
 void LibreOfficeHost::endInput() {
     libreoffice::endInput(ActiveDocument());
 }
 
 std::vector<std::string> LibreOfficeHost::placeNames() {
-    const PollingThread interruption = interruptedIdleTasks();
     return call([this] { return HostPlaces(frontDocument()).names(); });
 }
 
@@ -228,7 +220,6 @@ void LibreOfficeHost::removePlace(const std::string& name) {
 }
 
 void LibreOfficeHost::beginEditing() {
-    const PollingThread interruption = interruptedIdleTasks();
     const HostedDocument shown = ActiveDocument();
     windows_.waitForServer();
     setEnabled(shown, false);
@@ -255,7 +246,6 @@ void LibreOfficeHost::endEditing() {
 
 /// Does not move the caret, which would lose the selection.
 void LibreOfficeHost::showDropPlace(HostPoint point) {
-    const PollingThread interruption = interruptedIdleTasks();
     call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr || frame->hasOpenDialog()) return;
@@ -279,7 +269,6 @@ void LibreOfficeHost::enterCells(const HostFrame& frame, const CaretTarget& targ
 
 bool LibreOfficeHost::placeCaret(HostPoint point) {
     preview_.hide();
-    const PollingThread interruption = interruptedIdleTasks();
     const CaretPlacement placement = call([&] {
         HostFrame* const frame = front();
         if (frame == nullptr) return CaretPlacement::Nowhere;

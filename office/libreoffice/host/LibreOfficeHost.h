@@ -95,9 +95,6 @@ class LibreOfficeHost final : public DocumentHost {
     /// Puts the cell cursor there; does nothing for a target in a text.
     void enterCells(const HostFrame& frame, const CaretTarget& target);
     void clickBlank(HostPoint point);
-    /// Interrupts the office's idle tasks as long as the result lives. The layout of the later pages of a
-    /// long document is one of them, for which calls would wait for seconds; it pauses for input.
-    [[nodiscard]] PollingThread interruptedIdleTasks();
     /// Makes the office handle the events that it was sent. Must be called within call().
     void handleEvents();
     void setEnabled(const HostedDocument& hosted, bool enabled);

@@ -167,13 +167,12 @@ void WindowSystem::sendPressAndRelease(xcb_button_press_event_t event, std::uint
     waitForServer();
 }
 
-void WindowSystem::sendMouseLeft(xcb_window_t window) const {
-    xcb_leave_notify_event_t event{};
-    event.response_type = XCB_LEAVE_NOTIFY;
-    event.event = window;
-    event.mode = XCB_NOTIFY_MODE_NORMAL;
-    event.same_screen_focus = 1;
-    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_LEAVE_WINDOW, reinterpret_cast<const char*>(&event));
+void WindowSystem::sendEmptyDamage(xcb_window_t window) const {
+    if (window == XCB_WINDOW_NONE) return;  // It would mean the window under the mouse.
+    xcb_expose_event_t event{};
+    event.response_type = XCB_EXPOSE;
+    event.window = window;
+    xcb_send_event(get(), 0, window, XCB_EVENT_MASK_EXPOSURE, reinterpret_cast<const char*>(&event));
     xcb_flush(get());
 }
 

@@ -49,8 +49,9 @@ class WindowSystem {
     void click(xcb_window_t window, HostPoint point);
     /// Sends a turn of the mouse's wheel at the point by one notch, or of the wheel across it.
     void turnWheel(xcb_window_t window, HostPoint point, WheelTurn turn) const;
-    /// Sends the window's owner that the mouse has left the window: input that changes nothing.
-    void sendMouseLeft(xcb_window_t window) const;
+    /// Sends the window's owner that none of its pixels has to be painted again: an event that changes
+    /// nothing.
+    void sendEmptyDamage(xcb_window_t window) const;
     /// Waits until the server has processed all earlier requests.
     void waitForServer() const;
 

@@ -14,6 +14,7 @@
 #include <rtl/bootstrap.hxx>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -39,6 +40,7 @@ const Reference<css::uno::XComponentContext>& localContext() {
 }
 
 constexpr std::chrono::milliseconds kRetryPause{20};
+constexpr std::chrono::milliseconds kPauseOfInterruption{10};
 constexpr std::chrono::seconds kQuitCallTimeout{10};
 
 [[noreturn]] void raiseNotConnected(const LibreOfficeProcess& process, const std::string& reason) {
@@ -128,7 +130,7 @@ InsideLine& OfficeConnection::inside() {
 
 /// Treats a broken line like a UNO call to an office that has ended.
 std::string OfficeConnection::askInside(const std::string& request) {
-    const Watchdog::Watch watch(watchdog_);
+    const OpenCall open(*this);
     try {
         std::string answer = inside().ask(request);
         if (pattern_ == RequestPattern::Single) inside().rest();
@@ -154,6 +156,11 @@ std::string OfficeConnection::encrypted(const std::string& package, const std::s
 
 NamedCells OfficeConnection::namedCells(const DocumentReference& workbook) {
     return call([&] { return inside().namedCells(workbook); });
+}
+
+void OfficeConnection::interruptIdleTasks(std::function<void()> interrupt) {
+    interruption_.reset();
+    if (interrupt) interruption_.emplace(kPauseOfInterruption, std::move(interrupt));
 }
 
 /// Ignores a broken line: the call that follows notices that the office has ended.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "office/libreoffice/session/IdleInterruption.h"
 #include "office/libreoffice/session/InsideLine.h"
 #include "office/libreoffice/session/LibreOfficeProcess.h"
 #include "office/libreoffice/session/Uno.h"
@@ -8,6 +9,7 @@
 #include <chrono>
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,7 +47,7 @@ class OfficeConnection {
     /// AutomationErrors pass through.
     template <typename Call>
     auto call(const Call& body) -> decltype(body()) {
-        const Watchdog::Watch watch(watchdog_);
+        const OpenCall open(*this);
         try {
             rest();
             return body();
@@ -72,7 +74,30 @@ class OfficeConnection {
     /// Sets the pattern of later requests. The default is Single.
     void expect(RequestPattern pattern) { pattern_ = pattern; }
 
+    /// Makes all later calls that wait interrupt the office's idle tasks by the function, which another
+    /// thread calls; by none if it is empty. Must not be called within a call.
+    void interruptIdleTasks(std::function<void()> interrupt);
+
   private:
+    /// Bounds the time of a call, and lets it interrupt the office's idle tasks.
+    class OpenCall {
+      public:
+        explicit OpenCall(OfficeConnection& connection)
+            : watch_(connection.watchdog_),
+              interruption_(connection.interruption_ ? &*connection.interruption_ : nullptr) {
+            if (interruption_ != nullptr) interruption_->begin();
+        }
+        OpenCall(const OpenCall&) = delete;
+        OpenCall& operator=(const OpenCall&) = delete;
+        ~OpenCall() {
+            if (interruption_ != nullptr) interruption_->end();
+        }
+
+      private:
+        Watchdog::Watch watch_;
+        IdleInterruption* interruption_;
+    };
+
     [[nodiscard]] InsideLine& inside();
     void rest();
     void connect(std::chrono::milliseconds bound);
@@ -84,6 +109,7 @@ class OfficeConnection {
 
     LibreOfficeProcess& process_;
     Watchdog watchdog_;
+    std::optional<IdleInterruption> interruption_;
     Reference<css::uno::XComponentContext> context_;
     Reference<css::frame::XDesktop2> desktop_;
     std::optional<InsideLine> inside_;

@@ -2,8 +2,14 @@
 #include "libreoffice/host/HostTest.h"
 #include "office/model/word/Application.h"
 #include "office/model/word/Document.h"
+#include "office/model/word/Range.h"
+#include "office/model/word/Selection.h"
 
 #include <gmock/gmock.h>
+#include <signal.h>
+
+#include <functional>
+#include <thread>
 
 namespace mergeloom {
 
@@ -13,6 +19,12 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 using namespace std::chrono_literals;
+
+void signalOffice(int number) {
+    for (const pid_t process : processesNaming("mergeloom-office-"))
+        if (commandLine(process).find("-" + std::to_string(::getpid()) + ";") != std::string::npos)
+            ::kill(process, number);
+}
 
 ErrorNumber errorOf(const std::function<void()>& call) {
     try {
@@ -164,6 +176,39 @@ TEST_F(HostedText, KnowsDialogsThatKeepTheUserFromTheDocument) {
     EXPECT_TRUE(bodyBecomes("\n"));
 }
 
+/// Stops the office, which gives calls that interrupt nothing no chance to return.
+TEST_F(HostedText, CallsThatWaitInterruptIdleTasks) {
+    const word::DocumentPtr shown = document();
+    struct Case {
+        const char* name;
+        std::function<void()> call;
+    };
+    const Case cases[] = {
+        {"hasOpenDialog", [] { host().hasOpenDialog(); }}, {"isReadOnly", [] { host().isReadOnly(); }},
+        {"placeNames", [] { host().placeNames(); }},       {"Saved", [&] { (void)shown->Saved(); }},
+        {"beginEditing", [] { host().beginEditing(); }},   {"endEditing", [] { host().endEditing(); }},
+    };
+    window().watchPaintingInside();
+    for (const Case& c : cases) {
+        signalOffice(SIGSTOP);
+        std::thread caller(c.call);
+        const bool interrupts = becomesTrue([] { return window().wasSentPainting(); });
+        signalOffice(SIGCONT);
+        caller.join();
+        ASSERT_TRUE(interrupts) << c.name;
+    }
+}
+
+TEST_F(HostedText, ReadingTheStoryAtTheCaretChangesNothing) {
+    openBody("<w:p><w:r><w:t>given</w:t></w:r></w:p>");
+    EXPECT_FALSE(host().isReadOnly());
+    const int before = stage().listener.changeEvents;
+    EXPECT_EQ(document()->ActiveWindow()->Selection()->Range()->storyName(), "body");
+    EXPECT_FALSE(host().isReadOnly());
+    EXPECT_EQ(stage().listener.changeEvents, before);
+    EXPECT_TRUE(document()->Saved());
+}
+
 TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     TestWindow::type("Kept");
     ASSERT_TRUE(bodyBecomes("Kept\n"));
@@ -193,10 +238,7 @@ class EndOfOffice : public HostedText {};
 
 /// The last one: it takes the office away.
 TEST_F(EndOfOffice, IsToldOnce) {
-    const std::vector<pid_t> processes = processesNaming("mergeloom-office-");
-    for (const pid_t process : processes)
-        if (commandLine(process).find("-" + std::to_string(::getpid()) + ";") != std::string::npos)
-            ::kill(process, SIGKILL);
+    signalOffice(SIGKILL);
     EXPECT_TRUE(becomesTrue([&] { return stage().listener.ends == 1; }));
     EXPECT_EQ(errorOf([] { host().CreateNew("Word.Template"); }), kNotAvailable);
     EXPECT_EQ(errorOf([] { host().placeCaret(kBelowText); }), kNotAvailable);

@@ -59,6 +59,20 @@ class TestWindow {
     }
     /// Gives the office's window another size than it was given, as a late event of the window system does.
     void resizeInside(std::uint32_t width, std::uint32_t height) const { resize(inside(), width, height); }
+    /// Makes this object receive what the owner of the office's window is told to paint.
+    void watchPaintingInside() const {
+        const std::uint32_t events[] = {XCB_EVENT_MASK_EXPOSURE};
+        xcb_change_window_attributes(connection_, inside(), XCB_CW_EVENT_MASK, events);
+        xcb_flush(connection_);
+    }
+    /// Returns true if another program, and not the server, has told it so since the last question.
+    [[nodiscard]] bool wasSentPainting() const {
+        constexpr std::uint8_t kSent = 0x80;
+        bool wasSent = false;
+        while (const auto event = owned(xcb_poll_for_event(connection_)))
+            wasSent = wasSent || event->response_type == (XCB_EXPOSE | kSent);
+        return wasSent;
+    }
     /// How many keys the window itself got since the last question.
     int keysTaken() const {
         int keys = 0;
