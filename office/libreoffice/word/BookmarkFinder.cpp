@@ -42,14 +42,14 @@ void BookmarkFinder::forget() {
     gap_.reset();
 }
 
-/// Those of other stories come before those of the body, so only they have one of another story after them.
+/// Returns the reach of a bookmark of the body.
 BookmarkFinder::Reach BookmarkFinder::reachOf(const RangeReference& anchor,
                                               const RangeReference& next) const {
-    if (!order::holds(model_.body, anchor)) return Reach::OtherStory;
     const bool endsBefore = !next.is() || order::compareStarts(model_.body, anchor->getEnd(), next) <= 0;
     return endsBefore ? Reach::Itself : Reach::Others;
 }
 
+/// Those of other stories come before those of the body, so none is looked for after the first of the body.
 void BookmarkFinder::learn() {
     if (isLearnt_) return;
     std::vector<std::string> names;
@@ -57,6 +57,7 @@ void BookmarkFinder::learn() {
         names.push_back(fromUno(name));
     names.emplace_back();
     RangeReference next;
+    bool isInBody = false;
     for (std::size_t index = 0; index + 1 < names.size(); ++index) {
         RangeReference anchor = std::exchange(next, RangeReference());
         const auto known = apart_.find(names[index]);
@@ -64,7 +65,8 @@ void BookmarkFinder::learn() {
         const auto number = static_cast<sal_Int32>(index);
         if (!anchor.is()) anchor = anchorOf(model_.bookmarksByPlace->getByIndex(number));
         if (index + 2 < names.size()) next = anchorOf(model_.bookmarksByPlace->getByIndex(number + 1));
-        const Reach reach = reachOf(anchor, next);
+        isInBody = isInBody || order::holds(model_.body, anchor);
+        const Reach reach = isInBody ? reachOf(anchor, next) : Reach::OtherStory;
         if (reach == Reach::Itself) apart_[names[index]] = names[index + 1];
         if (reach == Reach::Others) wide_.insert(names[index]);
         if (reach == Reach::OtherStory) elsewhere_.insert(names[index]);
