@@ -27,6 +27,8 @@ CONTROLS = 30
 BOOKMARKS = 1000
 PARAGRAPHS_PER_BOOKMARK = 5
 MIDDLE = "halfway"
+# LibreOffice begins to lay out the later pages as much as five seconds after it has shown a document.
+SECONDS_UNTIL_LAYOUT = 7
 
 
 def bookmarks_in(size):
@@ -81,18 +83,19 @@ def processor_time(pid):
     return int(fields[11]) + int(fields[12])
 
 
-def wait_until_idle(pid):
-    """Returns after a second in which the process used almost no processor time."""
-    before, now = -1000, processor_time(pid)
-    while now - before > 5:
+def wait_until_idle(pid, seconds=1):
+    """Returns after so many seconds in each of which the process used almost no processor time."""
+    quiet = 0
+    while quiet < seconds:
+        before = processor_time(pid)
         time.sleep(1)
-        before, now = now, processor_time(pid)
+        quiet = 0 if processor_time(pid) - before > 5 else quiet + 1
 
 
 def go_to_middle(designer):
     """Moves the caret after the text in the middle by the search of the office, after the layout of all pages."""
     office = designer.office_process()
-    wait_until_idle(office)
+    wait_until_idle(office, SECONDS_UNTIL_LAYOUT)
     click(designer.document())
     key("ctrl+f")
     time.sleep(1)
