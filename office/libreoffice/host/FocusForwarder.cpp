@@ -47,6 +47,8 @@ FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
       keyboard_(static_cast<xcb_window_t>(host.keyboardId)),
       dialogs_(windows_, host_, top_),
       listener_(listener) {
+    constexpr std::uint32_t kCrossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
+    xcb_change_window_attributes(windows_.get(), host_, XCB_CW_EVENT_MASK, &kCrossings);
     grabClicks(host_, kEveryModifier);
     grabClicksAround();
     findKeys();
@@ -67,16 +69,19 @@ void FocusForwarder::grabClicks(xcb_window_t window, std::span<const std::uint16
     }
 }
 
-/// Grabs the clicks beside the document on the window manager's frame. A window manager grabs those on the
-/// window itself, and only one program can do so; it also handles them later than the keys that follow them.
-/// Clicks with Alt on the frame belong to window managers.
+/// Grabs the clicks on the window manager's frame while the mouse is beside the document. A window manager
+/// grabs those on the window itself, and only one program can do so; it also handles them later than the keys
+/// that follow them. Clicks on the document are not grabbed there: the window manager's own grab, which comes
+/// next, would let those keys pass before the click. Clicks with Alt on the frame belong to window managers.
 void FocusForwarder::grabClicksAround() {
     const xcb_window_t frame = windows_.outermostWindow(top_);
-    if (frame == frame_ || frame == host_) return;
+    const bool isWanted = frame != host_ && !windows_.isMouseOver(host_);
+    const xcb_window_t wanted = isWanted ? frame : xcb_window_t{XCB_WINDOW_NONE};
+    if (wanted == frame_) return;
     if (frame_ != XCB_WINDOW_NONE)
         xcb_ungrab_button(windows_.get(), XCB_BUTTON_INDEX_ANY, frame_, XCB_MOD_MASK_ANY);
-    frame_ = frame;
-    grabClicks(frame_, kLocks);
+    frame_ = wanted;
+    if (isWanted) grabClicks(frame_, kLocks);
     xcb_flush(windows_.get());
 }
 
@@ -118,10 +123,11 @@ void FocusForwarder::handle(const xcb_generic_event_t& event) {
     const int kind = event.response_type & kKind;
     if (kind == XCB_BUTTON_PRESS) follow(reinterpret_cast<const xcb_button_press_event_t&>(event));
     dialogs_.handle(event);
-    // DialogOwner requests these events. A window manager makes the frame, also anew after its own restart.
-    if (kind == XCB_REPARENT_NOTIFY &&
-        reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == top_)
-        grabClicksAround();
+    // DialogOwner requests the first of these events. A window manager makes the frame, also anew after its
+    // own restart.
+    const bool hasNewFrame = kind == XCB_REPARENT_NOTIFY &&
+                             reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == top_;
+    if (hasNewFrame || kind == XCB_ENTER_NOTIFY || kind == XCB_LEAVE_NOTIFY) grabClicksAround();
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
 }
 
@@ -145,7 +151,8 @@ void FocusForwarder::follow(const xcb_button_press_event_t& click) {
     } else if (!windows_.isMouseOver(host_)) {
         windows_.giveKeyboardTo(keyboard_, click.time);
     }
-    xcb_allow_events(windows_.get(), XCB_ALLOW_REPLAY_POINTER, click.time);
+    // By the time of the click the server would not release a second grab of it, since keys may have passed.
+    xcb_allow_events(windows_.get(), XCB_ALLOW_REPLAY_POINTER, XCB_CURRENT_TIME);
     xcb_flush(windows_.get());
 }
 

@@ -50,7 +50,7 @@ class FocusForwarder {
     WindowSystem windows_;
     const xcb_window_t host_;
     const xcb_window_t top_;
-    xcb_window_t frame_ = XCB_WINDOW_NONE;  ///< of the window manager around top_, or top_ without one
+    xcb_window_t frame_ = XCB_WINDOW_NONE;  ///< around top_, or top_ itself, while its clicks are grabbed
     const xcb_window_t keyboard_;           ///< has the keyboard while the office does not
     const DialogOwner dialogs_;
     HostListener& listener_;
