@@ -16,7 +16,7 @@ from openpyxl.styles import Font
 import read_xlsx
 from designer_test import DESIGNER, SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
 from designer_window import (
-    PATIENCE, Atspi, Designer, click, find, key, middle, pixels, type_text, wait_for,
+    PATIENCE, Atspi, Designer, click, document_has_keyboard, find, key, middle, pixels, type_text, wait_for,
 )
 
 
@@ -125,6 +125,8 @@ class InWord(FilesTest):
         second = self.begin(home=home)
         second.choose("Template", "Open Recent", f"1 letter.docx ({letter.parent})")
         self.wait_for_title("letter.docx - Mergeloom")
+        # An opened document gets the keyboard at the end, which would be after the click on the menu.
+        wait_for("the keyboard in the document", document_has_keyboard)
         second.wait_until_active()
         second.choose("Structure", "Load Recent", f"1 orders.xml ({SAMPLE.parent})")
         second.node("Customer")
