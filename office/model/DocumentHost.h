@@ -138,6 +138,9 @@ class DocumentHost {
     virtual void resize(int width, int height) = 0;
     /// Gives the keyboard to the document.
     virtual void focus() = 0;
+    /// Gives the keyboard to the document after it was opened, unless the user has clicked beside it
+    /// meanwhile. The start of an office belongs to the opening of its first document.
+    virtual void focusOpened() = 0;
 
     /// Returns true when the view marks bookmarks (Word's View.ShowBookmarks).
     virtual bool showsBookmarks() = 0;

@@ -114,6 +114,7 @@ class FakeDocumentHost final : public DocumentHost {
         call("resize " + std::to_string(width) + "x" + std::to_string(height));
     }
     void focus() override { call("focus"); }
+    void focusOpened() override { call("focusOpened"); }
     bool showsBookmarks() override { return bookmarksShown; }
     void setShowsBookmarks(bool shown) override {
         failWhenEnded();

@@ -171,7 +171,7 @@ TEST_F(TemplateOpening, AWorkbookComesUpAtItsFirstCell) {
     lifecycle->Start();
     host().calls.clear();
     EXPECT_TRUE(lifecycle->OpenTemplate(path));
-    EXPECT_THAT(host().calls, ElementsAre("Open", "beginEditing", "endEditing", "focus"));
+    EXPECT_THAT(host().calls, ElementsAre("Open", "beginEditing", "endEditing", "focusOpened"));
     EXPECT_TRUE(disk.fileExists(path)) << "Excel's templates are not converted";
 }
 

@@ -14,7 +14,7 @@ using TemplateStart = TemplateScene;
 TEST_F(TemplateStart, WordsViewIsSetUp) {
     EXPECT_TRUE(lifecycle->Start());
     EXPECT_THAT(host().calls, ElementsAre("CreateNew Word.Template.8", "show Standard", "show Formatting",
-                                          "hide Web", "zoom 100", "focus"));
+                                          "hide Web", "zoom 100", "focusOpened"));
     EXPECT_EQ(caption.text, "New Template");
     EXPECT_TRUE(host().bookmarksShown);
     EXPECT_THAT(messages.messages, IsEmpty());

@@ -36,7 +36,7 @@ bool ExcelTemplates::createNew() {
 
 void ExcelTemplates::setUpView() {
     selectFirstCell();
-    access_.host().focus();
+    access_.host().focusOpened();
 }
 
 void ExcelTemplates::selectFirstCell() {

@@ -108,7 +108,7 @@ void WordTemplates::setUpView() {
     host.setZoom(kZoomPercent);
     if (!earlierShowBookmarks_) earlierShowBookmarks_ = host.showsBookmarks();
     host.setShowsBookmarks(true);
-    host.focus();
+    host.focusOpened();
     if (host.allowsDragAndDrop()) return;
     messages_.show(
         {"For the Mergeloom to work it is necessary that in Microsoft Word \r\n"

@@ -48,7 +48,9 @@ FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
       dialogs_(windows_, host_, top_),
       listener_(listener) {
     constexpr std::uint32_t kCrossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
+    constexpr std::uint32_t kFocus = XCB_EVENT_MASK_FOCUS_CHANGE;
     xcb_change_window_attributes(windows_.get(), host_, XCB_CW_EVENT_MASK, &kCrossings);
+    if (top_ != host_) xcb_change_window_attributes(windows_.get(), top_, XCB_CW_EVENT_MASK, &kFocus);
     grabClicks(host_, kEveryModifier);
     grabClicksAround();
     findKeys();
@@ -71,7 +73,7 @@ void FocusForwarder::grabClicks(xcb_window_t window, std::span<const std::uint16
 
 /// Grabs the clicks on the window manager's frame while the mouse is beside the document. A window manager
 /// grabs those on the window itself, and only one program can do so; it also handles them later than the keys
-/// that follow them. Clicks on the document are not grabbed there: the window manager's own grab, which comes
+/// that follow them. Clicks on the document are not grabbed there: the window manager's own grab, which is
 /// next, would let those keys pass before the click. Clicks with Alt on the frame belong to window managers.
 void FocusForwarder::grabClicksAround() {
     const xcb_window_t frame = windows_.outermostWindow(top_);
@@ -128,7 +130,16 @@ void FocusForwarder::handle(const xcb_generic_event_t& event) {
     const bool hasNewFrame = kind == XCB_REPARENT_NOTIFY &&
                              reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == top_;
     if (hasNewFrame || kind == XCB_ENTER_NOTIFY || kind == XCB_LEAVE_NOTIFY) grabClicksAround();
+    if (kind == XCB_FOCUS_IN) passOn(reinterpret_cast<const xcb_focus_in_event_t&>(event));
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
+}
+
+/// A window manager gives the keyboard to the window itself, where keys would go to the document while the
+/// mouse is over it. The window also passes it on, but only when it is not busy.
+void FocusForwarder::passOn(const xcb_focus_in_event_t& event) const {
+    const bool isGiven = event.event == top_ && (event.mode == XCB_NOTIFY_MODE_NORMAL ||
+                                                 event.mode == XCB_NOTIFY_MODE_WHILE_GRABBED);
+    if (isGiven && keyboard_ != top_) windows_.moveKeyboard(top_, keyboard_);
 }
 
 /// While it is disabled, the window has a question or works on the document.
@@ -149,6 +160,7 @@ void FocusForwarder::follow(const xcb_button_press_event_t& click) {
         const xcb_window_t inner = windows_.innerWindow(host_);
         if (isEnabled_ && inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     } else if (!windows_.isMouseOver(host_)) {
+        ++clicksBeside_;
         windows_.giveKeyboardTo(keyboard_, click.time);
     }
     // By the time of the click the server would not release a second grab of it, since keys may have passed.

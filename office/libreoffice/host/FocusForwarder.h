@@ -24,6 +24,8 @@ class FocusForwarder {
     FocusForwarder& operator=(const FocusForwarder&) = delete;
     ~FocusForwarder() = default;
 
+    /// Returns the number of clicks beside the office until now.
+    [[nodiscard]] std::uint32_t clicksBeside() const { return clicksBeside_; }
     /// While disabled, clicks do not give the focus to the office.
     void setEnabled(bool enabled) { isEnabled_ = enabled; }
     /// During a preview the keys that show another record are the window's, too.
@@ -45,6 +47,7 @@ class FocusForwarder {
     void release(const Key& key) const;
     void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
+    void passOn(const xcb_focus_in_event_t& event) const;
     void report(const xcb_key_press_event_t& key);
 
     WindowSystem windows_;
@@ -56,6 +59,7 @@ class FocusForwarder {
     HostListener& listener_;
     std::vector<Key> keys_;  ///< those of the window
     std::atomic<bool> isEnabled_ = true;
+    std::atomic<std::uint32_t> clicksBeside_ = 0;
     std::optional<WindowEvents> events_;  ///< ends first
 };
 

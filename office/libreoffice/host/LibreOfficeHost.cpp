@@ -36,6 +36,7 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
     : window_(window),
       kind_(kind),
       listener_(listener),
+      focus_(std::in_place, window, listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown, window.look)),
       filled_(*session_, windows_, [&listener](HostCommand command) { listener.fileCommand(command); }),
       marks_(session_->connection(), windows_, window.look, [&listener] { listener.marksMayHaveMoved(); }),
@@ -45,7 +46,6 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
     session_->connection().call([this] { makeFirstBars(session_->connection().context()); });
     session_->connection().interruptIdleTasks([this] { windows_.sendEmptyDamage(innerWindow()); });
     session_->files().showIn([this] { return makeFrame(); });
-    focus_.emplace(window, listener_);
     monitor_.emplace(kPauseOfMonitor, [this] {
         if (session_->process().isRunning()) return true;
         listener_.officeEnded();
@@ -99,7 +99,13 @@ DocumentReference LibreOfficeHost::frontDocument() {
     return frame == nullptr ? DocumentReference() : frame->document();
 }
 
+/// The clicks since the start of the office belong to the opening of the first document.
+void LibreOfficeHost::beginOpening() {
+    if (call([this] { return front() != nullptr; })) clicksBeforeOpening_ = focus_->clicksBeside();
+}
+
 void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
+    beginOpening();
     if (programIdentifier == kExcelIdentifier) return closeAllBut(excel_->Workbooks()->Add({}));
     if (std::ranges::find(kWordIdentifiers, programIdentifier) != std::end(kWordIdentifiers))
         return closeAllBut(word_->Documents()->Add({}));
@@ -108,6 +114,7 @@ void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
 }
 
 void LibreOfficeHost::Open(const std::string& path, FileAccess access, const std::string& password) try {
+    beginOpening();
     session_->files().setAccess(access);
     session_->files().setPassword(password);
     if (kindOf(path, kind_) == DocumentKind::Excel) return closeAllBut(excel_->Workbooks()->Open(path));
@@ -350,6 +357,10 @@ void LibreOfficeHost::focus() {
         const HostFrame* const preview = filled_.frame();
         if (const HostFrame* const frame = preview != nullptr ? preview : front()) frame->focus();
     });
+}
+
+void LibreOfficeHost::focusOpened() {
+    if (focus_->clicksBeside() == clicksBeforeOpening_) focus();
 }
 
 bool LibreOfficeHost::showsBookmarks() {

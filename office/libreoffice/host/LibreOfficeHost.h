@@ -57,6 +57,7 @@ class LibreOfficeHost final : public DocumentHost {
     bool placeCaret(HostPoint point) override;
     void resize(int width, int height) override;
     void focus() override;
+    void focusOpened() override;
     bool showsBookmarks() override;
     bool setLook(const HostLook& look) override;
     void setShowsBookmarks(bool shown) override;
@@ -87,6 +88,7 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] HostFrame* front();
     /// Returns the document of that frame; null without one.
     [[nodiscard]] DocumentReference frontDocument();
+    void beginOpening();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     [[nodiscard]] xcb_window_t innerWindow() const {
@@ -104,6 +106,8 @@ class LibreOfficeHost final : public DocumentHost {
     HostListener& listener_;
     WindowSystem windows_;
     DropPreview preview_{windows_};
+    std::optional<FocusForwarder> focus_;
+    std::uint32_t clicksBeforeOpening_ = 0;  ///< beside the document
     std::shared_ptr<LibreOfficeSession> session_;
     HostPreview filled_;
     CellMarks marks_;
@@ -112,7 +116,6 @@ class LibreOfficeHost final : public DocumentHost {
     rtl::Reference<ChangeWatch> changes_;
     std::list<HostFrame> frames_;  ///< the last one is in front
     HostedDocument edited_;        ///< by the object model now
-    std::optional<FocusForwarder> focus_;
     std::optional<PollingThread> monitor_;
 };
 

@@ -147,6 +147,15 @@ void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) con
     waitForServer();
 }
 
+void WindowSystem::moveKeyboard(xcb_window_t from, xcb_window_t to) const {
+    xcb_grab_server(get());
+    const auto current = owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+    if (current && current->focus == from)
+        xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, to, XCB_CURRENT_TIME);
+    xcb_ungrab_server(get());
+    xcb_flush(get());
+}
+
 void WindowSystem::click(xcb_window_t window, HostPoint point) {
     clicks_ += kBetweenClicks;
     xcb_button_press_event_t event = buttonAt(window, point, kLeftButton);

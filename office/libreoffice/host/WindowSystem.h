@@ -45,12 +45,14 @@ class WindowSystem {
     /// Returns the code of the key that produces the symbol without Shift; 0 when there is none.
     [[nodiscard]] xcb_keycode_t keyCodeOf(xcb_keysym_t symbol) const;
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
+    /// Gives the keyboard of one window to another one, unless a third one has it. The server does nothing
+    /// else in between.
+    void moveKeyboard(xcb_window_t from, xcb_window_t to) const;
     /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);
     /// Sends a turn of the mouse's wheel at the point by one notch, or of the wheel across it.
     void turnWheel(xcb_window_t window, HostPoint point, WheelTurn turn) const;
-    /// Sends the window's owner that none of its pixels has to be painted again: an event that changes
-    /// nothing.
+    /// Sends the window's owner a request to paint no pixels, which changes nothing.
     void sendEmptyDamage(xcb_window_t window) const;
     /// Waits until the server has processed all earlier requests.
     void waitForServer() const;

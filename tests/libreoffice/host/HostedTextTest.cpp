@@ -46,6 +46,47 @@ TEST_F(HostedText, LeavesTheKeyboardToTheWindowAroundIt) {
     EXPECT_TRUE(bodyBecomes("ac\n"));
 }
 
+TEST_F(HostedText, TheKeyboardOfTheWindowItselfIsPassedOn) {
+    ASSERT_FALSE(window().hasKeyboard());
+    window().giveKeyboard();
+    EXPECT_TRUE(becomesTrue([&] { return window().hasKeyboard(); }));
+    window().keysTaken();
+    TestWindow::press("b");
+    EXPECT_TRUE(becomesTrue([&] { return window().keysTaken() == 1; }));
+}
+
+TEST_F(HostedText, AnOpenedDocumentLeavesTheKeyboardToALaterClick) {
+    const auto isTypedBesideAfterAClick = [&] {
+        window().keysTaken();
+        window().click(TestWindow::kPaneX / 2, 400);
+        TestWindow::press("b");
+        return becomesTrue([&] { return window().keysTaken() == 1; });
+    };
+    ASSERT_TRUE(isTypedBesideAfterAClick());
+    openBody("<w:p/>");
+    ASSERT_TRUE(isTypedBesideAfterAClick());
+    host().focusOpened();
+    TestWindow::press("b");
+    EXPECT_TRUE(becomesTrue([&] { return window().keysTaken() == 1; }));
+    openBody("<w:p/>");
+    host().focusOpened();
+    TestWindow::press("c");
+    EXPECT_TRUE(bodyBecomes("c\n"));
+}
+
+/// The click on the document comes before the mouse is known to be there, so it is grabbed twice.
+TEST_F(HostedText, AClickAtOnceAfterTheMouseCameFreezesNothing) {
+    window().click(TestWindow::kPaneX / 2, 400);
+    TestWindow::press("b");
+    ASSERT_TRUE(becomesTrue([&] { return window().keysTaken() > 0; }));
+    window().clickInPaneAndTypeAtOnce(kBelowText.x, kBelowText.y, "typed");
+    ASSERT_TRUE(becomesTrue([] {
+        host().focus();
+        TestWindow::press("c");
+        return body().find('c') != std::string::npos;
+    }));
+}
+
 TEST_F(HostedText, TakesNeitherKeysNorClicksWhileEdited) {
     host().beginEditing();
     window().clickInPane(kBelowText.x, kBelowText.y);
@@ -110,7 +151,7 @@ TEST_F(HostedText, DropsWhereThePointIs) {
         "</w:tcPr><w:p><w:r><w:t>in</w:t></w:r></w:p></w:tc></w:tr></w:tbl><w:p/>");
     std::set<std::string> missing{"one*\ntwo\nin\n|\n", "one\ntwo*\nin\n|\n", "one\ntwo\nin*\n|\n"};
     std::set<std::int64_t> seen;
-    // The points go down over all lines.
+    // The points are from top to bottom over all lines.
     for (int y = topOfDocument(); y < TestWindow::kPaneHeight / 2 && !missing.empty(); y += 6) {
         ASSERT_TRUE(host().placeCaret({250, y}));
         host().beginEditing();

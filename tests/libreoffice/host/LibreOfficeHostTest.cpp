@@ -56,7 +56,7 @@ TEST_F(HostedText, TellsTheWindowWhatItAnswers) {
     EXPECT_TRUE(document() != nullptr) << "the office did nothing by itself";
 }
 
-/// A drop may come right after it.
+/// A drop may follow at once.
 TEST_F(HostedText, FollowsTheSizeOfItsWindow) {
     struct Size {
         int width, height;
@@ -176,7 +176,7 @@ TEST_F(HostedText, KnowsDialogsThatKeepTheUserFromTheDocument) {
     EXPECT_TRUE(bodyBecomes("\n"));
 }
 
-/// Stops the office, which gives calls that interrupt nothing no chance to return.
+/// Stops the office until it is interrupted, so that calls without an interruption do not return.
 TEST_F(HostedText, CallsThatWaitInterruptIdleTasks) {
     const word::DocumentPtr shown = document();
     struct Case {
@@ -216,6 +216,7 @@ TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     EXPECT_EQ(errorOf([] { host().Open("/damaged.docx", FileAccess::Edit, {}); }), kFileCouldNotBeRead);
     EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx", FileAccess::Edit, {}); }), kFileCouldNotBeRead);
     EXPECT_EQ(errorOf([] { host().CreateNew("Paint.Picture"); }), kCommandFailed);
+    host().focus();
     TestWindow::type("!");
     EXPECT_TRUE(bodyBecomes("Kept!\n"));
 }
@@ -236,7 +237,7 @@ TEST_F(HostedText, ShowsTheDocumentThatCameLast) {
 
 class EndOfOffice : public HostedText {};
 
-/// The last one: it takes the office away.
+/// Must be the last test, since it ends the office.
 TEST_F(EndOfOffice, IsToldOnce) {
     signalOffice(SIGKILL);
     EXPECT_TRUE(becomesTrue([&] { return stage().listener.ends == 1; }));
@@ -249,7 +250,7 @@ TEST_F(EndOfOffice, IsToldOnce) {
     EXPECT_EQ(stage().listener.ends, 1);
 }
 
-/// All tests share one office, for one takes a second to start.
+/// All tests share one office, since its start takes a second.
 class Office final : public testing::Environment {
   public:
     void SetUp() override { HostTest::startOffice(); }

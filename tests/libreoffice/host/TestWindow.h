@@ -11,7 +11,7 @@
 
 namespace mergeloom {
 
-/// A window of the test with a pane in it, in which an office comes up.
+/// A window of the test with a pane for an office.
 class TestWindow {
   public:
     static constexpr int kWidth = 1000;
@@ -24,6 +24,10 @@ class TestWindow {
         const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
         top_ = make(screen.root, 0, kWidth, kHeight);
         pane_ = make(top_, kPaneX, kPaneWidth, kPaneHeight);
+        keyboard_ = make(top_, -1, 1, 1);
+        const std::uint32_t events[] = {XCB_EVENT_MASK_KEY_PRESS};
+        xcb_change_window_attributes(connection_, keyboard_, XCB_CW_EVENT_MASK, events);
+        xcb_map_window(connection_, keyboard_);
         xcb_map_window(connection_, pane_);
         xcb_map_window(connection_, top_);
         while (!isVisible(pane_)) {
@@ -34,10 +38,10 @@ class TestWindow {
     ~TestWindow() { xcb_disconnect(connection_); }
 
     [[nodiscard]] HostWindow host() const {
-        return {.id = pane_, .width = kPaneWidth, .height = kPaneHeight, .look = {}, .keyboardId = top_};
+        return {.id = pane_, .width = kPaneWidth, .height = kPaneHeight, .look = {}, .keyboardId = keyboard_};
     }
     void resizePane(std::uint32_t width, std::uint32_t height) const { resize(pane_, width, height); }
-    /// The width of the office's window inside the pane: of the one in front, in its EmbedWindow.
+    /// Returns the width of the office's window inside the pane, which is the front one in its EmbedWindow.
     [[nodiscard]] int widthInside() const {
         const auto size =
             owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, inside()), nullptr));
@@ -59,13 +63,13 @@ class TestWindow {
     }
     /// Gives the office's window another size than it was given, as a late event of the window system does.
     void resizeInside(std::uint32_t width, std::uint32_t height) const { resize(inside(), width, height); }
-    /// Makes this object receive what the owner of the office's window is told to paint.
+    /// Makes this object also receive the requests to paint the office's window.
     void watchPaintingInside() const {
         const std::uint32_t events[] = {XCB_EVENT_MASK_EXPOSURE};
         xcb_change_window_attributes(connection_, inside(), XCB_CW_EVENT_MASK, events);
         xcb_flush(connection_);
     }
-    /// Returns true if another program, and not the server, has told it so since the last question.
+    /// Returns true if a program instead of the server has sent such a request since the last call.
     [[nodiscard]] bool wasSentPainting() const {
         constexpr std::uint8_t kSent = 0x80;
         bool wasSent = false;
@@ -73,7 +77,18 @@ class TestWindow {
             wasSent = wasSent || event->response_type == (XCB_EXPOSE | kSent);
         return wasSent;
     }
-    /// How many keys the window itself got since the last question.
+    /// Gives the keyboard to the window itself, as a window manager does.
+    void giveKeyboard() const {
+        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, top_, XCB_CURRENT_TIME);
+        xcb_flush(connection_);
+    }
+    /// Returns true if the part of the window that receives keys instead of the document has the keyboard.
+    [[nodiscard]] bool hasKeyboard() const {
+        const auto current =
+            owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+        return current && current->focus == keyboard_;
+    }
+    /// Returns the number of keys that this part has received since the last call.
     int keysTaken() const {
         int keys = 0;
         while (const auto event = owned(xcb_poll_for_event(connection_)))
@@ -87,7 +102,7 @@ class TestWindow {
     void doubleClickInPane(int x, int y) const {
         play(moveTo(kPaneX + x, y) + " click --repeat 2 --delay 50 1");
     }
-    /// Does both before this process gets to run again, as on a busy machine.
+    /// Does both while this process is stopped, as on a busy machine.
     void clickInPaneAndTypeAtOnce(int x, int y, const std::string& text) const {
         run("kill -STOP $PPID; xdotool " + moveTo(kPaneX + x, y) + " click 1 type '" + text +
             "'; kill -CONT $PPID");
@@ -106,7 +121,7 @@ class TestWindow {
         xcb_flush(connection_);
     }
     [[nodiscard]] xcb_window_t inside() const { return frontChild(frontChild(pane_)); }
-    /// Children stand from the one behind to the one in front.
+    /// The server lists children from back to front.
     [[nodiscard]] xcb_window_t frontChild(xcb_window_t window) const {
         const auto tree =
             owned(xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));
@@ -124,11 +139,9 @@ class TestWindow {
 
     xcb_window_t make(xcb_window_t parent, int x, int width, int height) const {
         const xcb_window_t window = xcb_generate_id(connection_);
-        const std::uint32_t events[] = {XCB_EVENT_MASK_KEY_PRESS};
         xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, parent, static_cast<std::int16_t>(x), 0,
                           static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height), 0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
-                          parent == top_ ? 0 : XCB_CW_EVENT_MASK, events);
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
         return window;
     }
     [[nodiscard]] bool isVisible(xcb_window_t window) const {
@@ -140,6 +153,7 @@ class TestWindow {
     xcb_connection_t* connection_;
     xcb_window_t top_ = 0;
     xcb_window_t pane_ = 0;
+    xcb_window_t keyboard_ = 0;
 };
 
 }  // namespace mergeloom
