@@ -29,7 +29,7 @@ import varied_workbooks  # noqa: E402
 PICTURE = ROOT / "samples" / "pictures" / "letterhead.png"
 W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
 STRICT = "{http://purl.oclc.org/ooxml/wordprocessingml/main}"
-# The entries that hold what is edited: the body of a document; the cells of a sheet and the workbook's names.
+# The entries with edited content: the body of a document; the cells of a sheet and the workbook's names.
 EDITED_ENTRIES = {"documents": 1, "workbooks": 2, "npm": 1}
 STRUCTURE = ROOT / "tests" / "scripts" / "saved_fields.xml"
 WORD = "added"

@@ -30,7 +30,7 @@ const table = (rows) => new docx.Table({
 const date = "2024-05-06T07:08:09Z";
 const change = { author: "A", date, id: 1 };
 
-/// The content of the section, or what else of the document a feature needs.
+/// Return the content of the section, and other parts of the document, for each feature.
 const features = {
     headings: () => ({ body: [1, 2, 3].flatMap((level) => [
         new Paragraph({ text: text(), heading: docx.HeadingLevel[`HEADING_${level}`] }), plain()]) }),

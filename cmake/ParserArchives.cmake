@@ -25,8 +25,8 @@ int main() { return xmlReadMemory(\"\", 0, \"\", nullptr, 0) ? u_foldCase(65, 0)
 unset(CMAKE_REQUIRED_INCLUDES)
 unset(CMAKE_REQUIRED_LIBRARIES)
 
-# What links to these names gets the archives in a program of mergeloom_link_archives and the shared libraries in all
-# others. Modules need the latter, since archives hold code for programs only.
+# Targets that link to these names get the archives in a program of mergeloom_link_archives and the shared
+# libraries in all others. Modules need the latter, since archives hold code for programs only.
 function(mergeloom_link_archives program)
   set_target_properties(${program} PROPERTIES MERGELOOM_LINKS_ARCHIVES "${MERGELOOM_ARCHIVES_LINK}")
 endfunction()

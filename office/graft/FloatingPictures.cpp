@@ -40,7 +40,7 @@ std::vector<FloatingObject> floatingOf(const Line& line) {
     return collector.found;
 }
 
-/// The floating objects of a story in canonical form, as often as they are there.
+/// The floating objects of a story in canonical form, each as often as it occurs.
 class KnownObjects {
   public:
     KnownObjects(const ReadStory& story, const CanonicalXml& canonical) {
@@ -77,13 +77,14 @@ void FloatingPictures::repeat(embedded::WordContent& content, embedded::Story& o
             if (!known.take(canonical.of(each.anchor))) added.push_back({line, each});
         }
     }
-    // An object that is only different may be written differently after an edit of its paragraph.
+    // A different form alone is no change by the user: the office may write an object differently after an
+    // edit of its paragraph.
     if (count <= formerCount) return;
     if (known.count() > 0) throw Refusal("an object was inserted and another one changed");
     insert(content, original, now, added);
 }
 
-/// Inserts from the last to the first, which leaves the places before them as they are.
+/// Inserts from the last to the first, so that the places of the earlier ones remain valid.
 void FloatingPictures::insert(embedded::WordContent& content, embedded::Story& original, const ReadStory& now,
                               const std::vector<Added>& added) {
     std::vector<Line> lines = LineReader().read(original);

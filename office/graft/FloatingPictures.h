@@ -15,8 +15,8 @@ struct FloatingObject {
     std::size_t unit = 0;  ///< the number of units in front of it
 };
 
-/// Inserts the floating pictures that the user added into a story of the original. They take no place in the
-/// text, so the difference of texts does not have them.
+/// Inserts the floating pictures that the user added into a story of the original. They are no characters of
+/// the text, so the difference of texts does not contain them.
 class FloatingPictures {
   public:
     /// All arguments must outlive it.

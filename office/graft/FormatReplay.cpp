@@ -38,7 +38,7 @@ pugi::xml_node requireProperties(pugi::xml_node element, const std::string& name
     return element.prepend_child(name.c_str());
 }
 
-/// Returns true for a unit whose formatting others can take over. A symbol has its font as content.
+/// Returns true for a unit whose formatting can be copied to others. The font of a symbol is its content.
 bool isFormatted(const Unit& unit) {
     return unit.code != kField && !isSymbol(unit);
 }

@@ -27,8 +27,8 @@ struct Unit {
 inline constexpr char32_t kObject = U'\xFFFC';
 inline constexpr char32_t kField = U'\xFFFB';
 
-/// Returns true for a symbol of a font. The file has it as an object with its font (CT_Sym, ECMA-376 Part 1,
-/// 17.3.3.30), LibreOffice as a character of the area that symbol fonts use, with the font as formatting.
+/// Returns true for a symbol of a font. In the file it is an object with its font (CT_Sym, ECMA-376 Part 1,
+/// 17.3.3.30), in exports a character of the area that symbol fonts use, and the font is its formatting.
 inline bool isSymbol(const Unit& unit) {
     return unit.code >= 0xF020 && unit.code <= 0xF0FF;
 }

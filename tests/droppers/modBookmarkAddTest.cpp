@@ -181,7 +181,7 @@ TEST_F(BookmarkAdd, RefusesADropOnAField) {
     EXPECT_FALSE(reports.failed());
 }
 
-/// A field that starts at the place of the drop is moved behind the new place.
+/// A field that starts at the place of the drop is moved after the new place.
 TEST_F(BookmarkAdd, PassesAFieldThatStartsThere) {
     open();
     placeAtCaret("Customer", "Customer");

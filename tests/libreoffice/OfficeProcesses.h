@@ -68,8 +68,8 @@ bool becomesTrue(const Condition& condition, std::chrono::milliseconds bound = s
     return true;
 }
 
-/// A folder of the test as the system's folder for temporary files. It shows the files that an office leaves
-/// behind.
+/// A folder of the test that replaces the system's folder for temporary files. It shows the files that an
+/// office has not removed.
 class OwnTemporaryFolder {
   public:
     [[nodiscard]] std::string operator/(const std::string& name) const { return folder_ / name; }

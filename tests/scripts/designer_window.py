@@ -316,8 +316,8 @@ class Designer:
         return box.x + min(40, box.width // 2), box.y + box.height // 2
 
     def select(self, text):
-        """Clicks a node and waits until it is selected and the tree has the focus. Keys that follow at once would
-        overtake the click, which goes through the window manager."""
+        """Clicks a node and waits until it is selected and the tree has the focus. Keys that follow at once
+        would arrive before the click, which the window manager handles first."""
         def is_selected():
             return any(cell.get_state_set().contains(Atspi.StateType.SELECTED) and has_focus(cell.get_parent())
                        for cell in find(self.application, "table cell", text))

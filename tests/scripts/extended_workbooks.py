@@ -1,5 +1,5 @@
-"""Adds to workbooks what no library for Python writes: threads of comments, slicers, and what Excel writes beside the
-cells. The parts are those of Microsoft's extensions of Office Open XML ([MS-XLSX])."""
+"""Adds content to workbooks that no library for Python writes: threads of comments, slicers, and further
+parts of Excel. The parts are those of Microsoft's extensions of Office Open XML ([MS-XLSX])."""
 import zipfile
 
 MAIN = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
@@ -50,7 +50,7 @@ class Package:
 
 
 def thread(package):
-    """A thread of two comments instead of the comment, which stays for older programs."""
+    """Adds a thread of two comments to the comment, which remains for older programs."""
     namespace = "http://schemas.microsoft.com/office/spreadsheetml/2018/threadedcomments"
     package.replace("xl/comments1.xml", "<author>Ann</author>", f"<author>tc={THREAD}</author>")
     package.replace("xl/comments1.xml", 'ref="B2"', f'ref="B2" xr:uid="{THREAD}" xmlns:xr='
@@ -69,7 +69,7 @@ def thread(package):
 
 
 def slicer(package):
-    """A slicer for the first column of the table, beside a picture of it for older programs."""
+    """Adds a slicer for the first column of the table, and a picture of it for older programs."""
     package.add("xl/slicerCaches/slicerCache1.xml", "vnd.ms-excel.slicerCache+xml",
                 f'<slicerCacheDefinition xmlns="{X14}" name="Slicer_One" sourceName="One"><extLst>'
                 f'<x:ext xmlns:x="{MAIN}" uri="{{2F2917AC-EB37-4324-AD4E-5DD8C200BD13}}" xmlns:x15="{X15}">'
@@ -108,7 +108,7 @@ def slicer(package):
 
 
 def beside_cells(package):
-    """A chain of calculations, a printer's settings, properties of the user's own and data of theirs."""
+    """Adds a chain of calculations, the settings of a printer, and properties and data of the user."""
     cells = "".join(f'<c r="C{row}" i="{sheet}"/>' for sheet in (1, 2) for row in range(2, 10))
     package.add("xl/calcChain.xml", "vnd.openxmlformats-officedocument.spreadsheetml.calcChain+xml",
                 f'<calcChain xmlns="{MAIN}">{cells}</calcChain>')

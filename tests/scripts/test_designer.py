@@ -215,7 +215,7 @@ class InWord(DesignerTest):
         designer.select("Order No.")
         key("F6")
         wait_for("the keyboard in the document", document_has_keyboard)
-        # The thread that takes this key knows where the mouse is by then.
+        # The thread that handles this key has handled the movement of the mouse before.
         key("shift+F6")
         wait_for("the keyboard in the tree", lambda: not document_has_keyboard())
         key("F6")

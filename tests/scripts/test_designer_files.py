@@ -125,7 +125,7 @@ class InWord(FilesTest):
         second = self.begin(home=home)
         second.choose("Template", "Open Recent", f"1 letter.docx ({letter.parent})")
         self.wait_for_title("letter.docx - Mergeloom")
-        # An opened document gets the keyboard at the end, which would be after the click on the menu.
+        # An opened document gets the keyboard at the end, which may be after a click on the menu.
         wait_for("the keyboard in the document", document_has_keyboard)
         second.wait_until_active()
         second.choose("Structure", "Load Recent", f"1 orders.xml ({SAMPLE.parent})")

@@ -32,7 +32,7 @@ WORKBOOKS = {
 }
 
 # A drop changes the cells of a sheet and the workbook's names, or a document's body, and its styles, lists and settings
-# if need be.
+# if necessary.
 CHANGED_ENTRIES = {".xlsx": 2, ".docx": 4}
 
 

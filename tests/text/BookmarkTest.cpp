@@ -47,7 +47,7 @@ TEST(BookmarkEditor, putsMarksWhereWordDoes) {
     EXPECT_EQ(
         marked(paragraph("<w:del><w:r><w:delText>ab</w:delText></w:r></w:del>"), 1, 1),
         paragraph("<w:del><w:r><w:delText>a</w:delText></w:r>[]<w:r><w:delText>b</w:delText></w:r></w:del>"));
-    // Inserted text is behind every mark: inside a bookmark that starts there, but outside of one that ends
+    // Inserted text is after every mark: inside a bookmark that starts there, but outside of one that ends
     // there.
     const string touching = paragraph(start(1, "A") + run("a") + end(1) + start(2, "B") + run("b") + end(2));
     EXPECT_EQ(marked(touching, 1, 1),

@@ -26,9 +26,9 @@ class EditJournal {
     /// Inserts a new, detached element at a place of the story and its item before another one. The
     /// item's node is the element itself or a child of it.
     void insert(Story& story, pugi::xml_node element, const DomPlace& place, Item* next, Item* item);
-    /// Does the same for an element that was created at its place.
+    /// Inserts only the item, for an element that was created at its place.
     void insertItemOf(Story& story, pugi::xml_node element, Item* next, Item* item);
-    /// Takes note of a node that was created at its place.
+    /// Records a node that was created at its place.
     void noteAdded(opc::XmlPart& part, pugi::xml_node node);
     /// Moves a node of the part after a sibling, or to the first place when `after` is none.
     void move(opc::XmlPart& part, pugi::xml_node node, pugi::xml_node parent, pugi::xml_node after);

@@ -99,7 +99,7 @@ class EmbeddedDocument final : public word::Document {
   private:
     std::weak_ptr<EmbeddedApplication> application_;
     std::shared_ptr<WordContent> content_;
-    // These hold nothing but the content; a drop asks for them several times for each field.
+    // These have no state except the content, and a drop requests them several times for each field.
     word::BookmarksPtr bookmarks_;
     word::SelectionPtr selection_;
     DocumentFile file_;

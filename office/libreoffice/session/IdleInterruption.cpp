@@ -19,7 +19,7 @@ IdleInterruption::~IdleInterruption() {
     thread_.join();
 }
 
-/// Wakes the thread only where it sleeps: during a series of short calls it looks after each pause.
+/// Wakes the thread only where it sleeps: during a series of short calls it checks after each pause.
 void IdleInterruption::begin() {
     const std::lock_guard lock(mutex_);
     if (depth_++ != 0) return;

@@ -49,7 +49,8 @@ BookmarkFinder::Reach BookmarkFinder::reachOf(const RangeReference& anchor,
     return endsBefore ? Reach::Itself : Reach::Others;
 }
 
-/// Those of other stories come before those of the body, so none is looked for after the first of the body.
+/// Bookmarks of other stories are listed before those of the body, so the search for them ends at the first
+/// one of the body.
 void BookmarkFinder::learn() {
     if (isLearnt_) return;
     std::vector<std::string> names;

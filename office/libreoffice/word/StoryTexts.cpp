@@ -54,8 +54,8 @@ void addPages(const DocumentReference& document, StoryList& list) {
                                         UNO_QUERY_THROW);
     for (sal_Int32 index = 0; index < pages->getCount(); ++index) {
         const Properties page(pages->getByIndex(index), UNO_QUERY_THROW);
-        // Writer's own styles are made when they are used first or asked for more than that, which changes
-        // the document's mark Modified and back again.
+        // Writer creates its own styles at their first use, or when any other property is read. That sets the
+        // document's mark Modified and resets it.
         if (!isTrue(page, "IsPhysical")) continue;
         for (const Marginal& marginal : kMarginals) {
             if (!isTrue(page, marginal.isOn)) continue;

@@ -20,7 +20,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-/// On the second line of the documents of these tests.
+/// A point on the second line of the documents of these tests.
 constexpr HostPoint kOnWord{240, 262};
 constexpr HostPoint kOtherCell{500, 400};
 
@@ -55,7 +55,7 @@ class DragOverText : public HostTest {
 
 class DragOverCells : public HostTest {
   protected:
-    /// The active cell's value, and its row.
+    /// Returns the value of the active cell and its row.
     static std::pair<std::string, int> activeCell() {
         host().beginEditing();
         const excel::RangePtr cell = workbook()->Application()->ActiveCell();

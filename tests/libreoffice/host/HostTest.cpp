@@ -12,7 +12,7 @@ namespace mergeloom {
 namespace {
 
 constexpr auto kSaveFormat = word::WdSaveFormat::wdFormatXMLDocument;
-/// Longer than every timeout of the office and its window.
+/// A limit that is longer than every timeout of the office and its window.
 constexpr unsigned kSecondsOfHang = 240;
 
 void reportHang(int) {

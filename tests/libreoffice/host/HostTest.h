@@ -15,7 +15,7 @@
 
 namespace mergeloom {
 
-/// Remembers what an office told.
+/// Records the reports of an office.
 class RecordingListener final : public HostListener {
   public:
     void changesBeganOrEnded() override { ++changeEvents; }
@@ -80,9 +80,9 @@ class HostTest : public StructureTest {
     static TestWindow& window() { return stage().window; }
     static word::DocumentPtr document();
     static excel::WorkbookPtr workbook();
-    /// The body of the Word document as it is saved.
+    /// Returns the body of the Word document as it is saved.
     static std::string body();
-    /// Whether the body becomes this one within the time that an office may take.
+    /// Returns true if the body becomes this one within the time limit of an office.
     static bool bodyBecomes(const std::string& expected);
     /// Opens a Word document with this body.
     static void openBody(const std::string& bodyXml);

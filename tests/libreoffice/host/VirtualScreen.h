@@ -16,7 +16,7 @@ namespace mergeloom {
 class RunningProgram {
   public:
     RunningProgram() = default;
-    /// The descriptor is open in the program, too.
+    /// The descriptor is also open in the program.
     explicit RunningProgram(std::vector<std::string> command, int kept = -1) {
         command.insert(command.begin(), {"setpriv", "--pdeathsig", "TERM"});
         std::vector<char*> arguments;
@@ -43,14 +43,14 @@ class RunningProgram {
     pid_t process_ = 0;
 };
 
-/// A screen of the test's own, with a window manager where one is installed.
+/// A separate screen for the test, with a window manager where one is installed.
 class VirtualScreen {
   public:
     static constexpr int kWidth = 1280;
     static constexpr int kHeight = 1024;
 
   private:
-    /// The server finds a free number and tells it.
+    /// The server chooses a free number and writes it.
     struct Channel {
         Channel() {
             if (::pipe(ends) != 0) throw std::runtime_error("no channel");
