@@ -167,8 +167,8 @@ bool CNodeDropper::dropLaidOut(const Drop& drop, const XmlNode& element, ObjectL
 }
 
 bool CNodeDropper::dropControl(const Drop& drop, const XmlNode& element) {
-    if (!isSubform(element)) return dropField(drop, drop.node, {});
-    const ObjectLayout layout = isBoundSubform(element) ? ObjectLayout::Table : ObjectLayout::Form;
+    const ObjectLayout layout = layoutOfSubform(element);
+    if (layout == ObjectLayout::None) return dropField(drop, drop.node, {});
     const bool dropped = element.firstChild() && dropLaidOut(drop, element, layout);
     if (!dropped) noteWhatIsMissing(drop.context, drop.node, layout);
     return dropped;

@@ -3,6 +3,7 @@
 #include "droppers/CNodeDropperForm.h"
 #include "droppers/CNodeDropperLabel.h"
 #include "droppers/CNodeDropperTable.h"
+#include "droppers/ObjectLayout.h"
 #include "droppers/PlaceNames.h"
 #include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
@@ -56,8 +57,9 @@ std::vector<FieldDropArguments> controlsOf(const DropContext& context, const Fie
     const TreeNode& node = *subform.treeNode;
     const std::string prefix = nameOf(subform);
     std::vector<FieldDropArguments> controls;
-    for (const TreeNode* control :
-         isBoundSubform(subform.node) ? fieldsOf(context.xmlNodes, node) : allControls(node)) {
+    for (const TreeNode* control : layoutOfSubform(subform.node) == ObjectLayout::Table
+                                       ? fieldsOf(context.xmlNodes, node)
+                                       : allControls(node)) {
         const XmlNode element = elementOf(context.xmlNodes, control);
         // A control without a form below it has the kinds of a drop there.
         if (element) controls.push_back({.node = element, .parentName = prefix, .treeNode = control});
@@ -110,14 +112,6 @@ word::CellPtr emptyCellAbove(word::Table& table, word::Range& place) {
     return above->Range()->Text() == kEmptyCell ? above : nullptr;
 }
 
-}  // namespace
-
-bool takesName(DropContext& context, const FieldDropArguments& control) {
-    const std::string reason = reasonWithoutName(context, control);
-    if (reason.empty()) return true;
-    return context.reports.refuse(subjectOf(context.reports, control) + " is left out: " + reason + ".");
-}
-
 bool takesSubform(DropContext& context, const FieldDropArguments& subform) {
     if (leavesAnything(context, subform)) return true;
     const std::vector<FieldDropArguments> controls = controlsOf(context, subform);
@@ -127,9 +121,22 @@ bool takesSubform(DropContext& context, const FieldDropArguments& subform) {
         return false;
     }
     for (const FieldDropArguments& control : controls)
-        isSubform(control.node) ? takesSubform(context, control) : takesName(context, control);
+        takesControl(context, control);
     return context.reports.refuse("The subform " + quoted(nameOf(subform)) +
                                   " is left out: none of its controls can be dropped.");
+}
+
+}  // namespace
+
+bool takesName(DropContext& context, const FieldDropArguments& control) {
+    const std::string reason = reasonWithoutName(context, control);
+    if (reason.empty()) return true;
+    return context.reports.refuse(subjectOf(context.reports, control) + " is left out: " + reason + ".");
+}
+
+bool takesControl(DropContext& context, const FieldDropArguments& control) {
+    if (!isSubform(control.node)) return takesName(context, control);
+    return control.treeNode && takesSubform(context, control);
 }
 
 bool CNodeDropperField::FieldDrop(const FieldDropArguments& arguments, const word::DocumentPtr& document) {
@@ -141,14 +148,12 @@ bool CNodeDropperField::drop(const FieldDropArguments& arguments, const word::Do
     const word::SelectionPtr selection = document->Application()->Selection();
     if (!mayDropAt(arguments, document, *selection)) return false;
 
-    const bool becomesSubform = isSubform(arguments.node);
-    const bool isTaken = becomesSubform ? arguments.treeNode && takesSubform(context_, arguments)
-                                        : takesName(context_, arguments);
-    if (!isTaken) return false;
-    if (becomesSubform && isBoundSubform(arguments.node)) return dropTable(arguments, document, *selection);
+    const ObjectLayout layout = layoutOfSubform(arguments.node);
+    if (!takesControl(context_, arguments)) return false;
+    if (layout == ObjectLayout::Table) return dropTable(arguments, document, *selection);
     if (!typeLabel(arguments, *selection)) return false;
-    return becomesSubform ? dropForm(arguments, document, *selection)
-                          : dropPlace(arguments, document, *selection);
+    return layout == ObjectLayout::Form ? dropForm(arguments, document, *selection)
+                                        : dropPlace(arguments, document, *selection);
 }
 
 bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments, word::Selection& selection) {

@@ -82,8 +82,8 @@ class CNodeDropperField {
 /// Returns true if a place can be named after a control. If not, informs the user why the control is omitted.
 bool takesName(DropContext& context, const FieldDropArguments& control);
 
-/// Returns true if any control of a subform can be dropped. If not, informs the user which controls are
-/// omitted, and that the subform is. A subform without controls is not omitted.
-bool takesSubform(DropContext& context, const FieldDropArguments& subform);
+/// Returns true if a control can be dropped, or any control of a subform. If not, informs the user why it is
+/// omitted. A subform needs its tree node.
+bool takesControl(DropContext& context, const FieldDropArguments& control);
 
 }  // namespace mergeloom

@@ -4,6 +4,7 @@
 #include "droppers/CNodeDropperTable.h"
 #include "droppers/CellNavigation.h"
 #include "droppers/FormerPlaces.h"
+#include "droppers/ObjectLayout.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 #include "droppers/modExcelNormalizeName.h"
@@ -45,13 +46,13 @@ int CNodeDropperField::xlDrop(const FieldDropArguments& arguments, const excel::
     const excel::RangePtr cell = workbook->Application()->ActiveCell();
     if (isOutsideItsTable(arguments, *workbook, *cell)) return context_.reports.refuse(kOutsideItsTable);
 
-    const bool becomesSubform = isSubform(arguments.node);
-    if (becomesSubform && !arguments.treeNode) return 0;
-    if (becomesSubform ? !takesSubform(context_, arguments) : !takesName(context_, arguments)) return 0;
-    if (becomesSubform && isBoundSubform(arguments.node)) return xlDropTable(arguments, workbook, *cell);
+    const ObjectLayout layout = layoutOfSubform(arguments.node);
+    if (!takesControl(context_, arguments)) return 0;
+    if (layout == ObjectLayout::Table) return xlDropTable(arguments, workbook, *cell);
     const int labelRows = xlTypeLabel(arguments, workbook, *cell);
     if (context_.reports.failed()) return 0;
-    const int rows = becomesSubform ? xlDropForm(arguments, workbook) : xlDropPlace(arguments, workbook);
+    const int rows =
+        layout == ObjectLayout::Form ? xlDropForm(arguments, workbook) : xlDropPlace(arguments, workbook);
     return std::max(labelRows, rows);
 }
 

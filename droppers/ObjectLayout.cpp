@@ -104,6 +104,11 @@ ObjectLayout layoutOf(DropContext& context, const XmlNode& object) {
     }
 }
 
+ObjectLayout layoutOfSubform(const XmlNode& control) {
+    if (!isSubform(control)) return ObjectLayout::None;
+    return isBoundSubform(control) ? ObjectLayout::Table : ObjectLayout::Form;
+}
+
 std::string viewNameOf(const XmlNode& object) {
     if (GetAttributeValue(object, Attribute::CurrentView).empty()) return {};
     return viewName(numberOf(object, Attribute::CurrentView));

@@ -15,6 +15,9 @@ enum class ObjectLayout { None, Table, Form };
 /// form the user is asked; a view that cannot be laid out is refused with a message and has no layout.
 ObjectLayout layoutOf(DropContext& context, const XmlNode& object);
 
+/// Returns the layout of a subform: a table if its form is bound to records. Other controls have none.
+ObjectLayout layoutOfSubform(const XmlNode& control);
+
 /// Returns the name of the view in which an object is shown: "Form", "Datasheet". Returns an unknown number
 /// unchanged, and an empty text for an object without a view.
 std::string viewNameOf(const XmlNode& object);
