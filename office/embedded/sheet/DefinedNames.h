@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/sheet/UndoLog.h"
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 #include "office/opc/XmlPart.h"
 
 #include <cstdint>
@@ -59,7 +59,7 @@ class DefinedNames {
     PartState& state_;
     std::vector<pugi::xml_node> nodes_;
     std::unordered_map<std::string, std::size_t> indexes_;  ///< by folded name and scope
-    model::NameCounters counters_;
+    model::FreeNumbers counters_;
 };
 
 }  // namespace mergeloom::embedded

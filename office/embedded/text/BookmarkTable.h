@@ -1,7 +1,7 @@
 #pragma once
 
 #include "office/embedded/text/ItemBlock.h"
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 #include "office/model/word/BookmarkName.h"
 
 #include <cstdint>
@@ -92,7 +92,7 @@ class BookmarkTable {
     std::size_t filledSlots_ = 0;  // used or erased
     std::vector<BookmarkRecord*> ordered_;
     bool orderIsStale_ = false;
-    model::NameCounters counters_;
+    model::FreeNumbers counters_;
 };
 
 }  // namespace mergeloom::embedded

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,7 +40,7 @@ class CalcNameIndex {
     std::vector<Entry> entries_;
     std::unordered_map<std::string, std::size_t> indexes_;
     std::unordered_set<std::string> tables_;
-    model::NameCounters counters_;
+    model::FreeNumbers counters_;
 };
 
 }  // namespace mergeloom::libreoffice

@@ -3,8 +3,8 @@
 #include "base/FileStore.h"
 #include "office/libreoffice/host/CellMarks.h"
 #include "office/libreoffice/host/ChangeWatch.h"
+#include "office/libreoffice/host/ClickFocus.h"
 #include "office/libreoffice/host/DropPreview.h"
-#include "office/libreoffice/host/FocusForwarder.h"
 #include "office/libreoffice/host/HostFrame.h"
 #include "office/libreoffice/host/HostPreview.h"
 #include "office/libreoffice/readback/KeptOriginal.h"
@@ -106,7 +106,7 @@ class LibreOfficeHost final : public DocumentHost {
     HostListener& listener_;
     WindowSystem windows_;
     DropPreview preview_{windows_};
-    std::optional<FocusForwarder> focus_;
+    std::optional<ClickFocus> focus_;
     std::uint32_t clicksBeforeOpening_ = 0;  ///< beside the document
     std::shared_ptr<LibreOfficeSession> session_;
     HostPreview filled_;

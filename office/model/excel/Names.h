@@ -1,6 +1,6 @@
 #pragma once
 
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 #include "office/model/excel/Forward.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Units.h"
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 #include "office/model/word/Forward.h"
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 #include "base/Text.h"
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -27,10 +27,10 @@ class Names {
 
   private:
     std::set<std::string> taken_;
-    NameCounters counters_;
+    FreeNumbers counters_;
 };
 
-TEST(NameCounters, CountOnFromTheFirstFreeName) {
+TEST(FreeNumbers, CountOnFromTheFirstFreeName) {
     Names names;
     for (int number = 1; number <= 112; ++number)
         names.add("A_ref" + std::to_string(number));
@@ -41,7 +41,7 @@ TEST(NameCounters, CountOnFromTheFirstFreeName) {
     EXPECT_EQ(names.questions, 1);
 }
 
-TEST(NameCounters, KnowEachNameThatIsFreeAgain) {
+TEST(FreeNumbers, KnowEachNameThatIsFreeAgain) {
     Names names;
     for (const char* name : {"A1", "A2", "A3", "A11", "A12", "A9223372036854775808"})
         names.add(name);

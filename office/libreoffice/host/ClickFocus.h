@@ -16,13 +16,13 @@ namespace mergeloom::libreoffice {
 /// Gives the input focus to the window that the user clicks, of the office and the window around it, which
 /// belong to different programs: neither a window manager nor LibreOffice does so for a window inside another
 /// one. The clicks are passed on. Keys of the window that are pressed in the office's are reported instead.
-class FocusForwarder {
+class ClickFocus {
   public:
     /// Raises kNotAvailable when there is no X server.
-    FocusForwarder(const HostWindow& host, HostListener& listener);
-    FocusForwarder(const FocusForwarder&) = delete;
-    FocusForwarder& operator=(const FocusForwarder&) = delete;
-    ~FocusForwarder() = default;
+    ClickFocus(const HostWindow& host, HostListener& listener);
+    ClickFocus(const ClickFocus&) = delete;
+    ClickFocus& operator=(const ClickFocus&) = delete;
+    ~ClickFocus() = default;
 
     /// Returns the number of clicks beside the office until now.
     [[nodiscard]] std::uint32_t clicksBeside() const { return clicksBeside_; }

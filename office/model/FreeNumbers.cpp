@@ -1,4 +1,4 @@
-#include "office/model/NameCounters.h"
+#include "office/model/FreeNumbers.h"
 
 #include "base/Text.h"
 
@@ -7,11 +7,11 @@
 
 namespace mergeloom::model {
 
-std::int64_t& NameCounters::takenBelow(const std::string& stem) {
+std::int64_t& FreeNumbers::takenBelow(const std::string& stem) {
     return takenBelow_.try_emplace(foldCase(stem), 1).first->second;
 }
 
-void NameCounters::release(const std::string& name) {
+void FreeNumbers::release(const std::string& name) {
     const std::string folded = foldCase(name);
     // "A12" is counter 12 of the stem "A" and counter 2 of "A1".
     for (std::size_t digits = folded.find_last_not_of("0123456789") + 1; digits < folded.size(); ++digits) {

@@ -16,7 +16,7 @@ std::int64_t firstFreeCounter(const std::string& stem, const IsTaken& isTaken, s
 
 /// Remembers for each stem up to which number its names are taken, so that the thousandth call does not try a
 /// thousand names. Stems are compared regardless of letter case.
-class NameCounters {
+class FreeNumbers {
   public:
     /// Returns the smallest number n from 1 for which the name stem followed by n is not taken.
     template <typename IsTaken>

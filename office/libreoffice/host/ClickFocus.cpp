@@ -1,4 +1,4 @@
-#include "office/libreoffice/host/FocusForwarder.h"
+#include "office/libreoffice/host/ClickFocus.h"
 
 #include <algorithm>
 
@@ -41,7 +41,7 @@ constexpr std::uint16_t kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MO
 
 }  // namespace
 
-FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
+ClickFocus::ClickFocus(const HostWindow& host, HostListener& listener)
     : host_(static_cast<xcb_window_t>(host.id)),
       top_(windows_.topWindow(host_)),
       keyboard_(static_cast<xcb_window_t>(host.keyboardId)),
@@ -62,7 +62,7 @@ FocusForwarder::FocusForwarder(const HostWindow& host, HostListener& listener)
 
 /// Makes the X server queue each click, and the keys after it, until follow() releases them. Keys that are
 /// typed right after a click are thus sent to the clicked window, even if this process is slow.
-void FocusForwarder::grabClicks(xcb_window_t window, std::span<const std::uint16_t> modifiers) const {
+void ClickFocus::grabClicks(xcb_window_t window, std::span<const std::uint16_t> modifiers) const {
     for (const std::uint8_t button : kButtons) {
         for (const std::uint16_t modifier : modifiers) {
             xcb_grab_button(windows_.get(), 1, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC,
@@ -75,7 +75,7 @@ void FocusForwarder::grabClicks(xcb_window_t window, std::span<const std::uint16
 /// grabs those on the window itself, and only one program can do so; it also handles them later than the keys
 /// that follow them. Clicks on the document are not grabbed there: the window manager's own grab, which is
 /// next, would let those keys pass before the click. Clicks with Alt on the frame belong to window managers.
-void FocusForwarder::grabClicksAround() {
+void ClickFocus::grabClicksAround() {
     const xcb_window_t frame = windows_.outermostWindow(top_);
     const bool isWanted = frame != host_ && !windows_.isMouseOver(host_);
     const xcb_window_t wanted = isWanted ? frame : xcb_window_t{XCB_WINDOW_NONE};
@@ -87,7 +87,7 @@ void FocusForwarder::grabClicksAround() {
     xcb_flush(windows_.get());
 }
 
-void FocusForwarder::findKeys() {
+void ClickFocus::findKeys() {
     for (const WindowKey& key : kWindowKeys) {
         const xcb_keycode_t code = windows_.keyCodeOf(key.symbol);
         if (code != 0) keys_.push_back({code, key.modifiers, key.key, key.isForPreview});
@@ -95,32 +95,32 @@ void FocusForwarder::findKeys() {
 }
 
 /// The server reports a grabbed key that is pressed while the focus is in a window of the office's.
-void FocusForwarder::grab(const Key& key) const {
+void ClickFocus::grab(const Key& key) const {
     for (const std::uint16_t locks : kLocks) {
         xcb_grab_key(windows_.get(), 0, host_, static_cast<std::uint16_t>(key.modifiers | locks), key.code,
                      XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     }
 }
 
-void FocusForwarder::release(const Key& key) const {
+void ClickFocus::release(const Key& key) const {
     for (const std::uint16_t locks : kLocks) {
         xcb_ungrab_key(windows_.get(), key.code, host_, static_cast<std::uint16_t>(key.modifiers | locks));
     }
 }
 
-void FocusForwarder::beginPreview() const {
+void ClickFocus::beginPreview() const {
     for (const Key& key : keys_)
         if (key.isForPreview) grab(key);
     xcb_flush(windows_.get());
 }
 
-void FocusForwarder::endPreview() const {
+void ClickFocus::endPreview() const {
     for (const Key& key : keys_)
         if (key.isForPreview) release(key);
     xcb_flush(windows_.get());
 }
 
-void FocusForwarder::handle(const xcb_generic_event_t& event) {
+void ClickFocus::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t kKind = 0x7f;
     const int kind = event.response_type & kKind;
     if (kind == XCB_BUTTON_PRESS) follow(reinterpret_cast<const xcb_button_press_event_t&>(event));
@@ -136,14 +136,14 @@ void FocusForwarder::handle(const xcb_generic_event_t& event) {
 
 /// A window manager gives the keyboard to the window itself, where keys would go to the document while the
 /// mouse is over it. The window also passes it on, but only when it is not busy.
-void FocusForwarder::passOn(const xcb_focus_in_event_t& event) const {
+void ClickFocus::passOn(const xcb_focus_in_event_t& event) const {
     const bool isGiven = event.event == top_ && (event.mode == XCB_NOTIFY_MODE_NORMAL ||
                                                  event.mode == XCB_NOTIFY_MODE_WHILE_GRABBED);
     if (isGiven && keyboard_ != top_) windows_.moveKeyboard(top_, keyboard_);
 }
 
 /// While it is disabled, the window has a question or works on the document.
-void FocusForwarder::report(const xcb_key_press_event_t& key) {
+void ClickFocus::report(const xcb_key_press_event_t& key) {
     if (!isEnabled_) return;
     const auto isPressed = [&](const Key& known) {
         return known.code == key.detail && known.modifiers == (key.state & kModifiers);
@@ -155,7 +155,7 @@ void FocusForwarder::report(const xcb_key_press_event_t& key) {
 /// The click counts more than what gave the keyboard to another window in the meantime, which the server
 /// would prefer to the time of the click. The window around the document never has the keyboard itself: keys
 /// would go to the document as soon as the mouse is over it.
-void FocusForwarder::follow(const xcb_button_press_event_t& click) {
+void ClickFocus::follow(const xcb_button_press_event_t& click) {
     if (click.event == host_) {
         const xcb_window_t inner = windows_.innerWindow(host_);
         if (isEnabled_ && inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
