@@ -41,20 +41,24 @@ inline std::string shownPlace(const std::source_location& place) {
     return place.file_name() + (":" + std::to_string(place.line()));
 }
 
+inline std::string noComment() {
+    return {};
+}
+
 /// Runs the body of a procedure under its trap: an error ends the body and is passed to the error handler
-/// with the procedure's name and the comment's text at that time. An AutomationError has its own place; for
-/// other errors the place is that of the trap.
-template <typename Body>
+/// with the procedure's name and the comment, a function that returns the text at that time. An
+/// AutomationError has its own place; for other errors the place is that of the trap.
+template <typename Body, typename Comment = decltype(&noComment)>
 void trap(ErrorHandler& errors, const char* module, const char* procedure, const Body& body,
-          const std::string& comment = {},
+          const Comment& comment = noComment,
           const std::source_location& place = std::source_location::current()) {
     try {
         body();
     } catch (const AutomationError& error) {
         errors.report(
-            {error.number(), error.description(), comment, module, procedure, shownPlace(error.place())});
+            {error.number(), error.description(), comment(), module, procedure, shownPlace(error.place())});
     } catch (const std::exception& error) {
-        errors.report({0, error.what(), comment, module, procedure, shownPlace(place)});
+        errors.report({0, error.what(), comment(), module, procedure, shownPlace(place)});
     }
 }
 

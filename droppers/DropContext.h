@@ -46,9 +46,9 @@ class DropReports : public ErrorHandler {
     void cancel() { failed_ = true; }
 
     /// Runs a procedure's body under its trap and returns the body's result. An error is passed to the error
-    /// handler with the comment's text at that time, and the result is false.
-    template <typename Body>
-    bool trap(const Procedure& procedure, const Body& body, const std::string& comment = {},
+    /// handler with the comment, a function that returns the text at that time, and the result is false.
+    template <typename Body, typename Comment = decltype(&noComment)>
+    bool trap(const Procedure& procedure, const Body& body, const Comment& comment = noComment,
               const std::source_location& place = std::source_location::current()) {
         bool result = false;
         mergeloom::trap(

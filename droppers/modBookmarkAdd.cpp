@@ -13,7 +13,6 @@ namespace mergeloom {
 namespace {
 
 constexpr const char* kBookmarkModule = "modBookmarkAdd";
-constexpr std::size_t kRoomOfComment = 64;
 
 /// The guard characters at the two sides of a new place, empty where no other bookmark touches it.
 struct Guards {
@@ -129,15 +128,13 @@ word::BookmarkPtr rWordBookmarkAdd(DropReports& reports, word::Document& robjDoc
     if (!ValidateBookmark(reports, robjRange, touching)) return {};
 
     word::BookmarkPtr added;
-    std::string comment;
-    comment.reserve(kRoomOfComment);
-    comment = "Bookmark Name = ''";
+    std::string candidate;
+    const auto comment = [&] { return "Bookmark Name = '" + candidate + "'"; };
     const auto add = [&] {
         const Guards guards = fillRange(robjDocument, robjRange, touching, rstrName, content);
         rstrName = placeName(content.vstrPrefix, rstrName, valueOf(content));
         const word::BookmarksPtr bookmarks = robjDocument.Bookmarks();
-        const std::string candidate = freeName(*bookmarks, rstrName);
-        comment.insert(comment.size() - 1, candidate);
+        candidate = freeName(*bookmarks, rstrName);
         added = bookmarks->Add(candidate, robjRange);
         leaveOut(*added, guards);
         return true;

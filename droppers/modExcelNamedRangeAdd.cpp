@@ -135,15 +135,15 @@ void InsertPictureFromFile(DropReports& reports, excel::Range& cell, const std::
 excel::DefinedNamePtr ExcelNamedRangeAdd(DropReports& reports, excel::Workbook& workbook,
                                          const std::string& name, const NamedRangeContent& content) {
     excel::DefinedNamePtr added;
-    std::string comment = "Bookmark Name = ''";
+    std::string candidate;
+    const auto comment = [&] { return "Bookmark Name = '" + candidate + "'"; };
     const auto add = [&] {
         std::string shownName = content.vstrPrefix + name;
         if (content.vfBoundValueUse) shownName += kBoundValueSuffix;
         const excel::NamesPtr names = workbook.Names();
         const RangeNames rangeNames{*names, std::string(kRangeNamePrefix) + shownName, ExcelNormalizeName};
         const std::int64_t counter = rangeNames.firstFreeCounter();
-        const std::string candidate = rangeNames.usable(counter);
-        comment = "Bookmark Name = '" + candidate + "'";
+        candidate = rangeNames.usable(counter);
 
         const excel::RangePtr cell = workbook.Application()->ActiveCell();
         if (!content.vstrPictureFile.empty()) deleteFormerPictures(*cell, earlierNames(rangeNames, counter));
