@@ -37,19 +37,31 @@ std::string subjectOf(DropReports& reports, const FieldDropArguments& control) {
     return "The control with the caption " + quoted(GetControlCaption(reports, control.node));
 }
 
-/// Returns the reason why no place can be named after a control; empty when one can.
-std::string reasonWithoutName(const DropContext& context, const FieldDropArguments& control) {
-    const std::string name = nameOf(control);
-    const std::string place = SimplifyName(name);
-    if (name.empty()) return "it has no name";
-    if (!hasUsableCharacter(place)) return "its name holds no letter, no digit and no underscore";
-    const std::string suffix(control.boundValueUse ? kBoundValueSuffix : "");
-    const bool isUsable = !context.normalizeName(control.parentName + place + suffix, false).empty();
-    return isUsable ? "" : "its name is too long";
+/// Returns the reason why no place can be named after a control, whose name was simplified; empty when one
+/// can.
+std::string reasonWithoutName(const DropContext& context, const FieldDropArguments& control,
+                              const std::string& simplifiedName) {
+    if (!hasUsableCharacter(simplifiedName)) {
+        return nameOf(control).empty() ? "it has no name"
+                                       : "its name holds no letter, no digit and no underscore";
+    }
+    const auto value = control.boundValueUse ? letters::ValueKind::Bound : letters::ValueKind::Display;
+    const std::string name = placeName(control.parentName, simplifiedName, value);
+    return context.normalizeName(name, false).empty() ? "its name is too long" : "";
 }
 
 bool isNameable(const DropContext& context, const FieldDropArguments& control) {
-    return reasonWithoutName(context, control).empty();
+    return reasonWithoutName(context, control, SimplifyName(nameOf(control))).empty();
+}
+
+/// Returns the simplified name of a control, after which a place is named. If none can be, informs the user
+/// why the control is omitted and returns an empty text.
+std::string takenName(DropContext& context, const FieldDropArguments& control) {
+    std::string name = SimplifyName(nameOf(control));
+    const std::string reason = reasonWithoutName(context, control, name);
+    if (reason.empty()) return name;
+    context.reports.refuse(subjectOf(context.reports, control) + " is left out: " + reason + ".");
+    return {};
 }
 
 /// Returns the controls of a subform that are dropped: those of a table, or those of a form.
@@ -129,9 +141,7 @@ bool takesSubform(DropContext& context, const FieldDropArguments& subform) {
 }  // namespace
 
 bool takesName(DropContext& context, const FieldDropArguments& control) {
-    const std::string reason = reasonWithoutName(context, control);
-    if (reason.empty()) return true;
-    return context.reports.refuse(subjectOf(context.reports, control) + " is left out: " + reason + ".");
+    return !takenName(context, control).empty();
 }
 
 bool takesControl(DropContext& context, const FieldDropArguments& control) {
@@ -148,12 +158,19 @@ bool CNodeDropperField::drop(const FieldDropArguments& arguments, const word::Do
     const word::SelectionPtr selection = document->Application()->Selection();
     if (!mayDropAt(arguments, document, *selection)) return false;
 
-    const ObjectLayout layout = layoutOfSubform(arguments.node);
+    if (isSubform(arguments.node)) return dropSubform(arguments, document, *selection);
+    const std::string name = takenName(context_, arguments);
+    return !name.empty() && typeLabel(arguments, *selection) &&
+           dropPlace(arguments, name, document, *selection);
+}
+
+bool CNodeDropperField::dropSubform(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                                    word::Selection& selection) {
     if (!takesControl(context_, arguments)) return false;
-    if (layout == ObjectLayout::Table) return dropTable(arguments, document, *selection);
-    if (!typeLabel(arguments, *selection)) return false;
-    return layout == ObjectLayout::Form ? dropForm(arguments, document, *selection)
-                                        : dropPlace(arguments, document, *selection);
+    if (layoutOfSubform(arguments.node) == ObjectLayout::Table) {
+        return dropTable(arguments, document, selection);
+    }
+    return typeLabel(arguments, selection) && dropForm(arguments, document, selection);
 }
 
 bool CNodeDropperField::typeLabel(const FieldDropArguments& arguments, word::Selection& selection) {
@@ -170,9 +187,8 @@ bool CNodeDropperField::mayDropAt(const FieldDropArguments& arguments, const wor
     return ValidateBookmark(context_.reports, *selection.Range(), unused);
 }
 
-bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
-                                  word::Selection& selection) {
-    std::string name = SimplifyName(GetAttributeValue(arguments.node, Attribute::Name));
+bool CNodeDropperField::dropPlace(const FieldDropArguments& arguments, std::string name,
+                                  const word::DocumentPtr& document, word::Selection& selection) {
     const PlaceContent content{.vfBoundValueUse = arguments.boundValueUse,
                                .vstrPrefix = arguments.parentName,
                                .vstrPictureFile = pictureOf(arguments.node)};

@@ -54,7 +54,10 @@ class CNodeDropperField {
     bool drop(const FieldDropArguments& arguments, const word::DocumentPtr& document);
     bool mayDropAt(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                    word::Selection& selection);
-    bool dropPlace(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+    bool dropSubform(const FieldDropArguments& arguments, const word::DocumentPtr& document,
+                     word::Selection& selection);
+    /// The name is the control's, simplified.
+    bool dropPlace(const FieldDropArguments& arguments, std::string name, const word::DocumentPtr& document,
                    word::Selection& selection);
     bool dropTable(const FieldDropArguments& arguments, const word::DocumentPtr& document,
                    word::Selection& selection);

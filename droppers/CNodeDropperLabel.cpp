@@ -17,7 +17,8 @@ constexpr Procedure kLabelDrop{"CNodeDropperLabel", "LabelDrop"};
 
 std::string asLabel(std::string caption) {
     if (!caption.ends_with(':')) caption += ':';
-    return caption + " ";
+    caption += ' ';
+    return caption;
 }
 
 }  // namespace

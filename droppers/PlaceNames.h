@@ -26,8 +26,10 @@ using NameRule = std::string (*)(std::string_view name, bool appendT);
 /// around the control; the name is simplified.
 inline std::string placeName(std::string_view prefix, std::string_view simplifiedName,
                              letters::ValueKind value) {
-    return std::string(prefix) + std::string(simplifiedName) +
-           std::string(value == letters::ValueKind::Bound ? kBoundValueSuffix : "");
+    std::string name(prefix);
+    name += simplifiedName;
+    if (value == letters::ValueKind::Bound) name += kBoundValueSuffix;
+    return name;
 }
 
 /// Returns the usable name of a further place with that counter, or the name's own for 0; empty when nothing
@@ -77,9 +79,7 @@ class PlaceNames {
     /// Returns true when the name with that counter is taken. Different names may have the same usable
     /// characters, so both spellings count.
     [[nodiscard]] bool isTaken(std::int64_t counter) const {
-        const std::string written = counted(name_, counter);
-        const std::string name = usable(counter);
-        return taken_.Exists(name) || (written != name && taken_.Exists(written));
+        return counter == 0 ? isTaken(name_, usable_) : isTaken(counted(name_, counter), usable(counter));
     }
 
     /// Returns the name with that counter; empty when nothing usable is left of it.
@@ -88,6 +88,9 @@ class PlaceNames {
     }
 
   private:
+    [[nodiscard]] bool isTaken(const std::string& written, const std::string& usable) const {
+        return taken_.Exists(usable) || (written != usable && taken_.Exists(written));
+    }
     static std::string counted(const std::string& name, std::int64_t counter) {
         return counter == 0 ? name : name + std::string(kFurtherPlaceSuffix) + std::to_string(counter);
     }

@@ -86,8 +86,9 @@ std::string WordNormalizeName(std::string_view rstrName, bool vfAppendT) {
 }
 
 std::string SimplifyName(std::string_view vstrName) {
-    const std::string name = (beginsWithDigit(vstrName) ? "x" : "") + std::string(vstrName);
-    return RemoveChars(name, ". ");
+    std::string name = RemoveChars(vstrName, ". ");
+    if (beginsWithDigit(vstrName)) name.insert(0, "x");
+    return name;
 }
 
 std::string RemoveChars(std::string_view vstrText, std::string_view vstrChars) {
