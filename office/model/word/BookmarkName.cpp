@@ -11,11 +11,12 @@ constexpr ErrorNumber kBadBookmarkName = 5828;
 }  // namespace
 
 bool isBookmarkName(std::string_view name) {
-    if (name.empty() || utf16Length(name) > kMaxBookmarkName || isDigit(firstCodePoint(name))) return false;
-    while (!name.empty()) {
+    if (name.empty() || isDigit(firstCodePoint(name))) return false;
+    CharacterCount length;
+    for (; !name.empty(); ++length.value) {  // each of these characters takes one unit
         if (!isBookmarkCharacter(takeCodePoint(name))) return false;
     }
-    return true;
+    return length <= kMaxBookmarkName;
 }
 
 void checkBookmarkName(const std::string& name) {
