@@ -67,7 +67,6 @@ bool isFollowedByCode(const Story& story, const Item* item) {
 
 CharacterCount StoryEditor::insertText(CharacterPosition position, const std::string& text,
                                        TextSetting setting) {
-    story_.check(position, position);
     const CharacterPosition start = position;
     for (std::string_view rest = text; !rest.empty();) {
         if (endsParagraph(rest.front())) {
@@ -76,8 +75,9 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
             takeParagraphEnd(rest);
             position = position + CharacterCount{1};
         } else if (const std::size_t plain = plainLength(rest); plain > 0) {
-            insertPlain(position, rest.substr(0, plain), setting);
-            position = position + utf16Length(rest.substr(0, plain));
+            const CharacterCount length = utf16Length(rest.substr(0, plain));
+            insertPlain(position, rest.substr(0, plain), length, setting);
+            position = position + length;
             rest.remove_prefix(plain);
         } else {
             const bool known = rest.front() == '\t' || rest.front() == '\v' || rest.front() == '\f';
@@ -89,33 +89,34 @@ CharacterCount StoryEditor::insertText(CharacterPosition position, const std::st
     return position - start;
 }
 
-void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, const TextSetting& setting) {
+void StoryEditor::insertPlain(CharacterPosition position, std::string_view text, CharacterCount length,
+                              const TextSetting& setting) {
     if (setting.formatting) splitRun(position);
     Item* next = itemAfter(position);
-    if (story_.positionOf(next) != position) return insertIntoItem(next, position, text);
+    if (story_.positionOf(next) != position) return insertIntoItem(next, position, text, length);
     Item* const previous = ItemTree::previous(next);
     if (!setting.formatting) {
-        if (appendToPrevious(previous, position, text)) return;
+        if (appendToPrevious(previous, position, text, length)) return;
         splitRun(position);
     }
     const bool isCode = isFollowedByCode(story_, previous);
     const pugi::xml_node formatting = setting.formatting ? *setting.formatting : formattingAt(previous, next);
     // The run is created at its place: of a large form, moving it there would take a tenth of the drop.
-    const pugi::xml_node run =
-        fillRun(elementFactory_.addRun(places_.forRun(previous, next, setting.container)), formatting);
-    const pugi::xml_node element =
-        isCode ? appendCode(run, text) : elementFactory_.appendText(run, std::string(text));
+    const DomPlace place = places_.forRun(previous, next, setting.container);
+    const pugi::xml_node run = isCode ? addCodeRun(place, text) : elementFactory_.addTextRun(place, text);
+    const pugi::xml_node element = run.first_child();
+    format(run, formatting);
     const ItemKind kind = isCode ? ItemKind::FieldCode : ItemKind::Text;
-    const CharacterCount length = utf16Length(text);
     journal_.insertItemOf(story_, run, next, story_.makeItem(kind, element, length));
     story_.shift(position, {}, length);
 }
 
-pugi::xml_node StoryEditor::appendCode(pugi::xml_node run, std::string_view text) {
+pugi::xml_node StoryEditor::addCodeRun(const DomPlace& place, std::string_view text) {
+    pugi::xml_node run = elementFactory_.addRun(place);
     const pugi::xml_node element = run.append_child(story_.names().element("instrText").c_str());
-    element.text().set(std::string(text).c_str());
+    element.text().set(text.data(), text.size());
     keepBlanks(element);
-    return element;
+    return run;
 }
 
 void StoryEditor::insertBreak(CharacterPosition position, char character, const TextSetting& setting) {
@@ -134,7 +135,9 @@ void StoryEditor::insertObject(CharacterPosition position, pugi::xml_node run, p
     insertRun(position, run, story_.makeItem(ItemKind::InlineObject, child, {1}), {});
 }
 
-void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::string_view text) {
+void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::string_view text,
+                                 CharacterCount length) {
+    story_.check(position, position);
     const opc::WordTag tag = story_.names().tagOf(item->node);
     if (tag != opc::WordTag::TextElement && tag != opc::WordTag::InstructionText) {
         throw AutomationError(kCommandFailed, "No text can stand at this place.");
@@ -143,11 +146,12 @@ void StoryEditor::insertIntoItem(Item* item, CharacterPosition position, std::st
     whole.insert(byteOffset(whole, position - story_.positionOf(item)), text);
     journal_.setText(story_.part(), item->node, whole);
     journal_.keepBlanks(item->node);
-    journal_.setLength(story_.items(), item, CharacterCount{item->length} + utf16Length(text));
-    story_.shift(position, {}, utf16Length(text));
+    journal_.setLength(story_.items(), item, CharacterCount{item->length} + length);
+    story_.shift(position, {}, length);
 }
 
-bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, std::string_view text) {
+bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, std::string_view text,
+                                   CharacterCount length) {
     if (!previous || previous->kind != ItemKind::Text) return false;
     const pugi::xml_node run = previous->node.parent();
     const bool plain = story_.names().tagOf(previous->node) == opc::WordTag::TextElement &&
@@ -155,8 +159,8 @@ bool StoryEditor::appendToPrevious(Item* previous, CharacterPosition position, s
     if (!plain) return false;
     journal_.appendText(story_.part(), previous->node, std::string(text));
     journal_.keepBlanks(previous->node);
-    journal_.setLength(story_.items(), previous, CharacterCount{previous->length} + utf16Length(text));
-    story_.shift(position, {}, utf16Length(text));
+    journal_.setLength(story_.items(), previous, CharacterCount{previous->length} + length);
+    story_.shift(position, {}, length);
     return true;
 }
 
@@ -303,7 +307,7 @@ pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next)
     const opc::WordNames& names = story_.names();
     if (previous && !previous->takesPlace()) previous = ItemTree::previousInText(previous);
     const pugi::xml_node paragraph = story_.paragraphOf(next);
-    if (previous && previous->kind != ItemKind::ParagraphMark && story_.paragraphOf(previous) == paragraph) {
+    if (previous && previous->kind != ItemKind::ParagraphMark && isInside(previous->node, paragraph)) {
         return names.child(places_.inlineElementOf(previous), opc::WordTag::RunProperties);
     }
     if (next->kind != ItemKind::ParagraphMark) {
@@ -314,15 +318,16 @@ pugi::xml_node StoryEditor::formattingAt(const Item* previous, const Item* next)
 }
 
 pugi::xml_node StoryEditor::makeRun(pugi::xml_node formatting) {
-    return fillRun(elementFactory_.makeRun(), formatting);
+    const pugi::xml_node run = elementFactory_.makeRun();
+    format(run, formatting);
+    return run;
 }
 
-pugi::xml_node StoryEditor::fillRun(pugi::xml_node run, pugi::xml_node formatting) {
-    if (!formatting) return run;
+void StoryEditor::format(pugi::xml_node run, pugi::xml_node formatting) {
+    if (!formatting) return;
     const pugi::xml_node copy = elementFactory_.copy(formatting);
     dropFormattingChanges(copy);
     moveNode(copy, run, {});
-    return run;
 }
 
 Item* StoryEditor::itemAfter(CharacterPosition position) const {

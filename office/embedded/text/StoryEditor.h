@@ -54,18 +54,20 @@ class StoryEditor {
     void checkSplit(CharacterPosition position) const;
 
   private:
-    void insertPlain(CharacterPosition position, std::string_view text, const TextSetting& setting);
+    void insertPlain(CharacterPosition position, std::string_view text, CharacterCount length,
+                     const TextSetting& setting);
     void insertBreak(CharacterPosition position, char character, const TextSetting& setting);
-    void insertIntoItem(Item* item, CharacterPosition position, std::string_view text);
-    bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text);
+    void insertIntoItem(Item* item, CharacterPosition position, std::string_view text, CharacterCount length);
+    bool appendToPrevious(Item* previous, CharacterPosition position, std::string_view text,
+                          CharacterCount length);
     void insertRun(CharacterPosition position, pugi::xml_node run, Item* item, pugi::xml_node container);
-    pugi::xml_node appendCode(pugi::xml_node run, std::string_view text);
+    pugi::xml_node addCodeRun(const DomPlace& place, std::string_view text);
     Item* itemAfter(CharacterPosition position) const;
 
     [[nodiscard]] pugi::xml_node formattingAt(const Item* previous, const Item* next) const;
     pugi::xml_node makeRun(pugi::xml_node formatting);
-    /// Gives a new run the properties of others, or none. Returns the run.
-    pugi::xml_node fillRun(pugi::xml_node run, pugi::xml_node formatting);
+    /// Gives a new run the properties of others, or none.
+    void format(pugi::xml_node run, pugi::xml_node formatting);
     void splitText(Item* item, CharacterCount before);
     pugi::xml_node splitRunAfter(pugi::xml_node run, pugi::xml_node child);
     DomPlace splitContainers(DomPlace place, pugi::xml_node paragraph);

@@ -20,24 +20,25 @@ WordElementFactory::WordElementFactory(opc::XmlPart& part, const opc::WordNames&
     const std::string id = " " + names.attribute("id") + "=\"0\"";
     const std::string name = " " + names.attribute("name") + "=\"n\"";
     const std::string blanks = " " + std::string(kSpaceAttribute) + "=\"preserve\"";
-    const std::string source = "<prototypes>" + element("p", ">") + element("r", ">") + element("t", ">x") +
-                               element("t", blanks + ">x") + element("bookmarkStart", id + name + ">") +
-                               element("bookmarkEnd", id + ">") + "</prototypes>";
+    const std::string source =
+        "<prototypes>" + element("p", ">") + element("r", ">") + element("r", ">" + element("t", ">x")) +
+        element("r", ">" + element("t", blanks + ">x")) + element("bookmarkStart", id + name + ">") +
+        element("bookmarkEnd", id + ">") + "</prototypes>";
     // A new text is the value of its element, which saves a node for each.
     part.detachedNodes().append_buffer(source.data(), source.size(),
                                        pugi::parse_default | pugi::parse_embed_pcdata);
     paragraph_ = part.detachedNodes().last_child().first_child();
     run_ = paragraph_.next_sibling();
-    text_ = run_.next_sibling();
-    textWithBlanks_ = text_.next_sibling();
-    bookmarkStart_ = textWithBlanks_.next_sibling();
+    textRun_ = run_.next_sibling();
+    textRunWithBlanks_ = textRun_.next_sibling();
+    bookmarkStart_ = textRunWithBlanks_.next_sibling();
     bookmarkEnd_ = bookmarkStart_.next_sibling();
 }
 
-pugi::xml_node WordElementFactory::appendText(pugi::xml_node run, const std::string& text) const {
-    const pugi::xml_node element = run.append_copy(hasOuterBlanks(text) ? textWithBlanks_ : text_);
-    element.text().set(text.c_str());
-    return element;
+pugi::xml_node WordElementFactory::addTextRun(const DomPlace& place, std::string_view text) {
+    const pugi::xml_node run = copyTo(place, hasOuterBlanks(text) ? textRunWithBlanks_ : textRun_);
+    run.first_child().text().set(text.data(), text.size());
+    return run;
 }
 
 pugi::xml_node WordElementFactory::copyTo(const DomPlace& place, pugi::xml_node prototype) {
@@ -52,14 +53,15 @@ pugi::xml_node WordElementFactory::makeBookmarkStart(const std::string& id, cons
 pugi::xml_node WordElementFactory::addBookmarkStart(const DomPlace& place, const std::string& id,
                                                     const std::string& name) {
     const pugi::xml_node element = copyTo(place, bookmarkStart_);
-    element.first_attribute().set_value(id.c_str());
-    element.last_attribute().set_value(name.c_str());
+    pugi::xml_attribute attribute = element.first_attribute();
+    attribute.set_value(id.data(), id.size());
+    attribute.next_attribute().set_value(name.data(), name.size());
     return element;
 }
 
 pugi::xml_node WordElementFactory::addBookmarkEnd(const DomPlace& place, const std::string& id) {
     const pugi::xml_node element = copyTo(place, bookmarkEnd_);
-    element.first_attribute().set_value(id.c_str());
+    element.first_attribute().set_value(id.data(), id.size());
     return element;
 }
 

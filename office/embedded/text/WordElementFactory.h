@@ -23,8 +23,8 @@ class WordElementFactory {
     pugi::xml_node addParagraph(const DomPlace& place) { return copyTo(place, paragraph_); }
     pugi::xml_node makeRun() { return copy(run_); }
     pugi::xml_node addRun(const DomPlace& place) { return copyTo(place, run_); }
-    /// Appends a text element with its text to a new run; blanks at its ends are preserved.
-    [[nodiscard]] pugi::xml_node appendText(pugi::xml_node run, const std::string& text) const;
+    /// Adds a run with one text element; blanks at the ends of the text are preserved.
+    pugi::xml_node addTextRun(const DomPlace& place, std::string_view text);
     pugi::xml_node makeBookmarkStart(const std::string& id, const std::string& name);
     pugi::xml_node addBookmarkStart(const DomPlace& place, const std::string& id, const std::string& name);
     pugi::xml_node addBookmarkEnd(const DomPlace& place, const std::string& id);
@@ -43,8 +43,8 @@ class WordElementFactory {
     const opc::WordNames& names_;
     pugi::xml_node paragraph_;
     pugi::xml_node run_;
-    pugi::xml_node text_;
-    pugi::xml_node textWithBlanks_;
+    pugi::xml_node textRun_;
+    pugi::xml_node textRunWithBlanks_;
     pugi::xml_node bookmarkStart_;
     pugi::xml_node bookmarkEnd_;
 };
