@@ -166,17 +166,17 @@ const char* WordNames::value(pugi::xml_node node, std::string_view localName) co
 }
 
 pugi::xml_node WordNames::child(pugi::xml_node node, WordTag tag) const {
-    if (!node.first_child()) return {};
-    // The properties of paragraphs and runs are their first child, so a long paragraph without properties is
-    // not searched. Other elements, such as styles, may have them at any position.
-    const WordTag owner = tag == WordTag::ParagraphProperties ? WordTag::Paragraph : WordTag::Run;
-    const bool isProperties = tag == WordTag::ParagraphProperties || tag == WordTag::RunProperties;
-    const bool isFirst = isProperties && tagOf(node) == owner;
-    for (const pugi::xml_node child : node.children()) {
-        if (tagOf(child) == tag) return child;
-        if (isFirst && child.type() == pugi::node_element) break;
+    pugi::xml_node child = node.first_child();
+    while (child && tagOf(child) != tag) {
+        if (child.type() == pugi::node_element && isOnlyFirst(tag, node)) return {};
+        child = child.next_sibling();
     }
-    return {};
+    return child;
+}
+
+bool WordNames::isOnlyFirst(WordTag properties, pugi::xml_node owner) const {
+    if (properties == WordTag::ParagraphProperties) return tagOf(owner) == WordTag::Paragraph;
+    return properties == WordTag::RunProperties && tagOf(owner) == WordTag::Run;
 }
 
 pugi::xml_node WordNames::ancestor(pugi::xml_node node, WordTag tag) const {

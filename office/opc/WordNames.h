@@ -79,6 +79,10 @@ class WordNames {
     [[nodiscard]] pugi::xml_node ancestor(pugi::xml_node node, WordTag tag) const;
 
   private:
+    /// Returns true for the properties of paragraphs and runs, which are the first child of their element: a
+    /// long paragraph without properties is not searched. Other elements, such as styles, may have them at
+    /// any position.
+    [[nodiscard]] bool isOnlyFirst(WordTag properties, pugi::xml_node owner) const;
     static std::string join(const std::string& prefix, std::string_view localName);
 
     std::string elementPrefix_;    // with the colon, or empty

@@ -6,7 +6,11 @@ namespace mergeloom::embedded {
 
 DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_node container) const {
     DomPlace place = container ? inContainer(previous, next, container) : DomPlace{};
-    if (!place.parent) place = forStartMark(previous, next);
+    if (!place.parent) {
+        const pugi::xml_node paragraph = paragraphAt(next);
+        place = outermost(previous, next, paragraph);
+        if (place.parent == paragraph) return place;
+    }
     for (pugi::xml_node node = place.parent; names_.tagOf(node) != opc::WordTag::Paragraph;
          node = node.parent()) {
         const opc::WordTag tag = names_.tagOf(node);
@@ -18,16 +22,19 @@ DomPlace DomPlaces::forRun(const Item* previous, const Item* next, pugi::xml_nod
 }
 
 DomPlace DomPlaces::forStartMark(const Item* previous, const Item* next) const {
-    const pugi::xml_node paragraph = paragraphAt(next);
+    return outermost(previous, next, paragraphAt(next));
+}
+
+DomPlace DomPlaces::outermost(const Item* previous, const Item* next, pugi::xml_node paragraph) const {
     if (!previous || previous->kind == ItemKind::ParagraphMark) return firstInParagraph(next, paragraph);
     if (const DomPlace place = directlyIn(paragraph, previous); place.parent) return place;
-    const bool sameParagraph = story_.paragraphOf(previous) == paragraph;
-    return sameParagraph ? inParagraph(previous, next) : firstInParagraph(next, paragraph);
+    return isInside(previous->node, paragraph) ? inParagraph(previous, next)
+                                               : firstInParagraph(next, paragraph);
 }
 
 DomPlace DomPlaces::directlyIn(pugi::xml_node paragraph, const Item* item) const {
     if (item->kind == ItemKind::FieldBegin) return {};
-    const pugi::xml_node element = inlineElementOf(item);
+    const pugi::xml_node element = item->isMark() ? item->node : inlineElementOf(item);
     return element.parent() == paragraph ? DomPlace{paragraph, element} : DomPlace{};
 }
 

@@ -37,6 +37,8 @@ class DomPlaces {
     [[nodiscard]] pugi::xml_node inlineElementOf(const Item* item) const;
 
   private:
+    /// Returns the outermost place between two items of which the second one is in a paragraph or ends it.
+    [[nodiscard]] DomPlace outermost(const Item* previous, const Item* next, pugi::xml_node paragraph) const;
     [[nodiscard]] DomPlace after(const Item* item) const;
     [[nodiscard]] DomPlace before(const Item* item) const;
     /// Returns the place after an item with no other element of the paragraph around it, as in most
