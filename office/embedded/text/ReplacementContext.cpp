@@ -47,18 +47,17 @@ bool keepsText(opc::WordTag tag) {
 }  // namespace
 
 ReplacementContext::ReplacementContext(const Story& story, CharacterPosition start, CharacterPosition end)
-    : story_(story), end_(end) {
-    if (start == end) return;
-    first_ = story.items().itemAt(start);
-    last_ = story.items().itemAt(end - CharacterCount{1});
-}
+    : story_(story),
+      end_(end),
+      first_(story.items().itemAt(start)),
+      last_(story.items().itemAt(end - CharacterCount{1})) {}
 
 TextSetting ReplacementContext::setting() const {
-    return first_ ? TextSetting{formatting(), container()} : TextSetting{};
+    return {formatting(), container()};
 }
 
 void ReplacementContext::checkNotDeleted() const {
-    if (!first_ || !isDeleted(first_) || !isDeleted(last_)) return;
+    if (!isDeleted(first_) || !isDeleted(last_)) return;
     throw AutomationError(kCommandFailed, "The text at this place is marked as deleted.");
 }
 

@@ -9,7 +9,7 @@ namespace mergeloom::embedded {
 /// A range of a story whose text is about to be replaced.
 class ReplacementContext {
   public:
-    /// The range must be in the story.
+    /// The range must be in the story and must not be empty.
     ReplacementContext(const Story& story, CharacterPosition start, CharacterPosition end);
 
     /// Returns the setting of the new text: the formatting of the first visible character or, if there are
@@ -25,8 +25,8 @@ class ReplacementContext {
 
     const Story& story_;
     CharacterPosition end_;
-    Item* first_ = nullptr;  // none for an empty range
-    Item* last_ = nullptr;
+    Item* first_;
+    Item* last_;
 };
 
 }  // namespace mergeloom::embedded

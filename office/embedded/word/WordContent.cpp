@@ -100,11 +100,12 @@ bool WordContent::hasStyle(const std::string& styleId) {
 CharacterCount WordContent::replace(Story& story, CharacterPosition start, CharacterPosition end,
                                     const std::string& text, RunUse runs) {
     story.check(start, end);
+    if (start == end) return insert(story, start, text, runs);
     const ReplacementContext replaced(story, start, end);
     if (!text.empty()) replaced.checkNotDeleted();
     EditableStory& target = editable(story);
     // A refused change must not count as an edit.
-    if (start != end) target.eraser.check(start, end);
+    target.eraser.check(start, end);
     beginEdit(story, start, end);
     fallbacks_.noteEdit(story, start);
     TextSetting setting = replaced.setting();
@@ -112,10 +113,20 @@ CharacterCount WordContent::replace(Story& story, CharacterPosition start, Chara
         setting.formatting = target.editor.formattingAtPlace(start);
     }
     const std::vector<BookmarkRecord*> following = startingAfter(target, start, end);
-    if (start != end) target.eraser.erase(start, end);
+    target.eraser.erase(start, end);
     const CharacterCount inserted = target.editor.insertText(start, text, setting);
     keepAfter(target, following, start, inserted);
     return inserted;
+}
+
+CharacterCount WordContent::insert(Story& story, CharacterPosition position, const std::string& text,
+                                   RunUse runs) {
+    beginEdit(story, position, position);
+    fallbacks_.noteEdit(story, position);
+    StoryEditor& editor = editable(story).editor;
+    TextSetting setting;
+    if (runs == RunUse::Own) setting.formatting = editor.formattingAtPlace(position);
+    return editor.insertText(position, text, setting);
 }
 
 CharacterPosition WordContent::endOf(Story& story) {

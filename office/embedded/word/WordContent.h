@@ -98,6 +98,8 @@ class WordContent {
     void loadStories(EditablePart& part, const std::string& kind);
     void addStory(EditablePart& part, pugi::xml_node root, const std::string& name);
     void readIds(const EditablePart& part);
+    /// Inserts text with the formatting at the position. Returns how many characters were inserted.
+    CharacterCount insert(Story& story, CharacterPosition position, const std::string& text, RunUse runs);
     /// Returns the bookmarks that start at the end of a range that is about to be replaced. They must not
     /// include the text that replaces it.
     static std::vector<BookmarkRecord*> startingAfter(EditableStory& target, CharacterPosition start,
