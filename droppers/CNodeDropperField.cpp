@@ -260,9 +260,9 @@ bool CNodeDropperField::typeCaptionAbove(const FieldDropArguments& arguments,
 }
 
 std::string CNodeDropperField::pictureOf(const XmlNode& control) const {
-    const std::string image = GetAttributeValue(control, Attribute::Image);
+    std::string image = GetAttributeValue(control, Attribute::Image);
     // Without its file, an image control becomes a place with a text, which is how the tree offers it then.
-    return image.empty() ? "" : context_.findPicture(image);
+    return image.empty() ? image : context_.findPicture(image);
 }
 
 }  // namespace mergeloom

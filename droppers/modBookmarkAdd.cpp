@@ -58,7 +58,10 @@ letters::ValueKind valueOf(const PlaceContent& content) {
 }
 
 Guards guardsAgainst(const TouchingBookmarks& touching) {
-    return {touching.before ? ZeroWidthJoiner() : "", touching.atStart ? ZeroWidthJoiner() : ""};
+    Guards guards;
+    if (touching.before) guards.leading = ZeroWidthJoiner();
+    if (touching.atStart) guards.trailing = ZeroWidthJoiner();
+    return guards;
 }
 
 void writePicture(word::Range& range, const std::string& pictureFile) {
