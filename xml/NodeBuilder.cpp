@@ -1,16 +1,22 @@
 #include "xml/NodeBuilder.h"
 
-#include "xml/modNamedItems.h"
-
-#include <cstring>
+#include <algorithm>
+#include <functional>
 #include <new>
+#include <sstream>
 
 namespace mergeloom {
 
 namespace {
 
-/// White space as XML 1.0 defines it (production 3).
-constexpr const char* kWhiteSpace = " \t\r\n";
+/// More than any real document needs. Without a bound, elements of ever new names would all be kept twice.
+constexpr std::size_t kMaxPrototypes = 1000;
+
+/// Returns true for a text of nothing but white space as XML 1.0 defines it (production 3).
+bool isWhiteSpace(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
+}
 
 /// The length of "<a/>".
 constexpr std::size_t kSmallestNode = 4;
@@ -20,41 +26,27 @@ void require(bool done) {
     if (!done) throw std::bad_alloc();
 }
 
-/// A name as the document writes it. Most have no prefix, so that no text is made for them.
-class QualifiedName {
-  public:
-    QualifiedName(const char* prefix, const char* localName) : localName_(localName) {
-        if (prefix != nullptr) prefixed_ = std::string(prefix) + ":" + localName;
-    }
-    [[nodiscard]] const char* text() const { return prefixed_.empty() ? localName_ : prefixed_.c_str(); }
-
-  private:
-    const char* localName_;
-    std::string prefixed_;
-};
-
-/// Returns an element with all attributes of the vocabulary and one with all its elements.
-std::string vocabulary() {
-    std::string name;
-    std::string attributes;
-    for (std::int32_t i = 0; !(name = AttributeName(i)).empty(); ++i)
-        attributes += " " + name + "=''";
-    std::string elements;
-    for (std::int32_t i = 0; !(name = StructureElementName(i)).empty(); ++i)
-        elements += "<" + name + "/>";
-    return "<attributes" + attributes + "/><elements>" + elements + "</elements>";
+std::string nameOf(const char* prefix, const char* localName) {
+    return prefix == nullptr ? localName : std::string(prefix) + ":" + localName;
 }
 
 }  // namespace
 
+std::size_t NodeBuilder::NamesHash::operator()(const Names& names) const {
+    constexpr std::size_t kFactor = 31;
+    std::size_t hash = 0;
+    for (const char* const name : names)
+        hash = hash * kFactor + std::hash<const char*>()(name);
+    return hash;
+}
+
 NodeBuilder::NodeBuilder(pugi::xml_document& document)
-    : vocabulary_(document.append_child("vocabulary")), current_(document) {
-    const std::string xml = vocabulary();
-    require(vocabulary_.append_buffer(xml.data(), xml.size()));
+    : prototypes_(document.append_child("prototypes")), current_(document) {
+    require(!prototypes_.empty());
 }
 
 NodeBuilder::~NodeBuilder() {
-    vocabulary_.parent().remove_child(vocabulary_);
+    prototypes_.parent().remove_child(prototypes_);
 }
 
 void NodeBuilder::checkNesting(int elementsAround) {
@@ -62,44 +54,53 @@ void NodeBuilder::checkNesting(int elementsAround) {
     throw DocumentRefused("Elements are nested more than " + std::to_string(kMaxNesting) + " levels deep");
 }
 
-void NodeBuilder::startElement(const char* prefix, const char* localName) {
+void NodeBuilder::startElement(const StartTag& tag) {
     checkNesting(depth_);
     ++depth_;
     finishText();
-    current_ = appendElement(QualifiedName(prefix, localName).text());
-    attributeCount_ = 0;
+    current_ = current_.append_copy(prototypeOf(tag));
+    require(!current_.empty());
     size_ += kSmallestNode;
+    pugi::xml_attribute attribute = current_.first_attribute();
+    for (const auto& [prefix, localName, value] : tag.attributes) {
+        const bool isShared = !attribute.empty() && attribute.value() == value;
+        require(isShared || attribute.set_value(value.data(), value.size()));
+        size_ += value.size();
+        attribute = attribute.next_attribute();
+    }
 }
 
-void NodeBuilder::addAttribute(const char* prefix, const char* localName, std::string_view value) {
-    pugi::xml_attribute attribute = appendAttribute(QualifiedName(prefix, localName).text());
-    require(attribute.set_value(value.data(), value.size()));
-    size_ += value.size();
+/// Compares the names with those of the previous element first, since elements of one kind follow each other
+/// and usually have the same attributes in the same order.
+pugi::xml_node NodeBuilder::prototypeOf(const StartTag& tag) {
+    namesToFind_.assign({tag.prefix, tag.localName});
+    for (const StartTag::Attribute& attribute : tag.attributes) {
+        namesToFind_.push_back(attribute.prefix);
+        namesToFind_.push_back(attribute.localName);
+    }
+    if (namesToFind_ == names_) return lastPrototype_;
+    names_.swap(namesToFind_);
+    const auto known = prototypesByNames_.find(names_);
+    lastPrototype_ = known != prototypesByNames_.end() ? known->second : addPrototype(tag);
+    return lastPrototype_;
 }
 
-pugi::xml_node NodeBuilder::appendElement(const char* name) {
-    if (std::strcmp(lastElement_.name(), name) != 0) lastElement_ = vocabulary_.last_child().child(name);
-    const pugi::xml_node element =
-        lastElement_ ? current_.append_copy(lastElement_) : current_.append_child(name);
-    require(!element.empty());
-    return element;
-}
-
-/// Returns the attribute of the vocabulary with the name. Compares the attribute at the same position of the
-/// previous element first, since elements of one kind usually have the same attributes in the same order.
-pugi::xml_attribute NodeBuilder::knownAttribute(const char* name) {
-    if (attributeCount_ == lastAttributes_.size()) lastAttributes_.emplace_back();
-    pugi::xml_attribute& last = lastAttributes_[attributeCount_++];
-    if (std::strcmp(last.name(), name) != 0) last = vocabulary_.first_child().attribute(name);
-    return last;
-}
-
-pugi::xml_attribute NodeBuilder::appendAttribute(const char* name) {
-    const pugi::xml_attribute known = knownAttribute(name);
-    const pugi::xml_attribute attribute =
-        known ? current_.append_copy(known) : current_.append_attribute(name);
-    require(!attribute.empty());
-    return attribute;
+pugi::xml_node NodeBuilder::addPrototype(const StartTag& tag) {
+    if (prototypesByNames_.size() == kMaxPrototypes) {
+        prototypesByNames_.clear();
+        prototypes_.remove_children();
+    }
+    pugi::xml_document written;
+    pugi::xml_node element = written.append_child(nameOf(tag.prefix, tag.localName).c_str());
+    for (const auto& [prefix, localName, value] : tag.attributes) {
+        pugi::xml_attribute attribute = element.append_attribute(nameOf(prefix, localName).c_str());
+        require(attribute.set_value(value.data(), value.size()));
+    }
+    std::ostringstream xml;
+    written.print(xml, "", pugi::format_raw);
+    const std::string bytes = xml.str();
+    require(prototypes_.append_buffer(bytes.data(), bytes.size(), pugi::parse_escapes, pugi::encoding_utf8));
+    return prototypesByNames_[names_] = prototypes_.last_child();
 }
 
 void NodeBuilder::endElement() {
@@ -139,7 +140,7 @@ pugi::xml_node NodeBuilder::appendChild(pugi::xml_node_type type) {
 }
 
 void NodeBuilder::finishText() {
-    if (text_.find_first_not_of(kWhiteSpace) != std::string::npos) {
+    if (!isWhiteSpace(text_)) {
         pugi::xml_node text = current_.append_child(pugi::node_pcdata);
         require(!text.empty() && text.set_value(text_.data(), text_.size()));
     }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <pugixml.hpp>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace mergeloom {
@@ -12,6 +15,20 @@ namespace mergeloom {
 /// full stop.
 class DocumentRefused : public std::runtime_error {
     using std::runtime_error::runtime_error;
+};
+
+/// The start tag of an element as a parser reports it. Names are those of the parser's dictionary: while a
+/// document is parsed, equal names have one address. A prefix may be null.
+struct StartTag {
+    struct Attribute {
+        const char* prefix;
+        const char* localName;
+        std::string_view value;
+    };
+
+    const char* prefix;
+    const char* localName;
+    std::span<const Attribute> attributes;
 };
 
 /// Builds the document's tree from a parser's events. Text between two other nodes becomes one node, or
@@ -31,9 +48,7 @@ class NodeBuilder {
     static void checkNesting(int elementsAround);
 
     /// Raises DocumentRefused for an element that is nested too deeply.
-    void startElement(const char* prefix, const char* localName);
-    /// Adds an attribute to the element that was started last.
-    void addAttribute(const char* prefix, const char* localName, std::string_view value);
+    void startElement(const StartTag& tag);
     void endElement();
     void addText(std::string_view text);
     void addCData(std::string_view text);
@@ -44,18 +59,25 @@ class NodeBuilder {
     [[nodiscard]] std::size_t size() const { return size_; }
 
   private:
-    pugi::xml_node appendElement(const char* name);
-    pugi::xml_attribute knownAttribute(const char* name);
-    pugi::xml_attribute appendAttribute(const char* name);
+    /// The prefixes and local names of an element and of its attributes in their order.
+    using Names = std::vector<const char*>;
+    struct NamesHash {
+        std::size_t operator()(const Names& names) const;
+    };
+
+    pugi::xml_node prototypeOf(const StartTag& tag);
+    pugi::xml_node addPrototype(const StartTag& tag);
     pugi::xml_node appendChild(pugi::xml_node_type type);
     void finishText();
 
-    // The elements and attributes of the vocabulary. They were parsed, and a copy of a parsed node shares its
-    // name; a name of its own for every node would make the tree a quarter larger.
-    pugi::xml_node vocabulary_;
-    pugi::xml_node lastElement_;                       // of the vocabulary
-    std::vector<pugi::xml_attribute> lastAttributes_;  // of the vocabulary, by their number in their element
-    std::size_t attributeCount_ = 0;                   // of the current element
+    // Elements without content, one for all elements of the same names, with the values of the first of them.
+    // They were parsed, and a copy of a parsed node shares its texts. Texts of its own for every node would
+    // make the tree a third larger: besides the names, values such as types and sections are often the same.
+    pugi::xml_node prototypes_;
+    std::unordered_map<Names, pugi::xml_node, NamesHash> prototypesByNames_;
+    Names names_;                   // of the element that was started last
+    pugi::xml_node lastPrototype_;  // of that element
+    Names namesToFind_;
     pugi::xml_node current_;
     int depth_ = 0;
     std::size_t size_ = 0;

@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace mergeloom {
 
@@ -73,21 +74,20 @@ class DataRoute {
         if (records != nullptr) records_.emplace(*records);
     }
 
-    void startElement(const char* prefix, const char* localName) {
+    void startElement(const StartTag& tag) {
         if (dataDepth_ == 0) {
-            tree_.startElement(prefix, localName);
+            tree_.startElement(tag);
             ++depth_;
-            if (records_ && structureElementOf(localName) == StructureElement::Data) dataDepth_ = 1;
+            if (records_ && structureElementOf(tag.localName) == StructureElement::Data) dataDepth_ = 1;
             return;
         }
         NodeBuilder::checkNesting(depth_ + dataDepth_);
         ++dataDepth_;
-        if (keepsData_) tree_.startElement(prefix, localName);
-        if (!isLaterData_) records_->startElement(localName);
-    }
-    void addAttribute(const char* prefix, const char* localName, std::string_view value) {
-        if (isForTree() || dataDepth_ == 1) tree_.addAttribute(prefix, localName, value);
-        if (dataDepth_ > 1 && !isLaterData_) records_->addAttribute(localName, value);
+        if (keepsData_) tree_.startElement(tag);
+        if (isLaterData_) return;
+        records_->startElement(tag.localName);
+        for (const StartTag::Attribute& attribute : tag.attributes)
+            records_->addAttribute(attribute.localName, attribute.value);
     }
     void endElement() {
         if (dataDepth_ > 1) {
@@ -224,12 +224,13 @@ class StructureReader {
     static void startElement(void* context, const xmlChar* localName, const xmlChar* prefix, const xmlChar*,
                              int, const xmlChar**, int attributeCount, int, const xmlChar** attributes) {
         handle(context, [&](StructureReader& reader) {
-            reader.data_.startElement(chars(prefix), chars(localName));
+            reader.attributes_.clear();
             for (int i = 0; i < attributeCount; ++i, attributes += kAttributeFields) {
                 const auto length = static_cast<int>(attributes[4] - attributes[3]);
-                reader.data_.addAttribute(chars(attributes[1]), chars(attributes[0]),
-                                          textOf(attributes[3], length));
+                reader.attributes_.push_back(
+                    {chars(attributes[1]), chars(attributes[0]), textOf(attributes[3], length)});
             }
+            reader.data_.startElement({chars(prefix), chars(localName), reader.attributes_});
         });
     }
 
@@ -251,8 +252,9 @@ class StructureReader {
     NodeBuilder builder_;
     DataRoute data_;
     std::unique_ptr<xmlParserCtxt, ContextDeleter> context_;
-    std::size_t size_ = 0;        // the bytes read so far
-    std::size_t referenced_ = 0;  // the lengths of the entities that were used
+    std::vector<StartTag::Attribute> attributes_;  // of the element that is started
+    std::size_t size_ = 0;                         // the bytes read so far
+    std::size_t referenced_ = 0;                   // the lengths of the entities that were used
     ParseError error_;
     std::exception_ptr unexpected_;
 };

@@ -6,6 +6,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <vector>
 
 namespace mergeloom {
 namespace {
@@ -220,6 +222,49 @@ TEST(StructureDocument, DropsTextOfNothingButWhiteSpace) {
     EXPECT_EQ(childrenOf("<a>x&amp;y</a>"), "#text ");
     EXPECT_EQ(childrenOf("<a>\xC2\xA0</a>"), "#text ");
     EXPECT_EQ(childrenOf("<!--x--><?y?><a><p:b xmlns:p='u'/></a><!--z-->"), "p:b ");
+}
+
+/// Returns an element and its attributes, each of which has a value of its own.
+std::string elementOf(const std::vector<std::string>& attributes, const std::string& name, int number) {
+    std::string element = "<" + name;
+    for (std::size_t i = 0; i < attributes.size(); ++i)
+        element += " " + attributes[i] + "='" + std::to_string(number) + "." + std::to_string(i) + "'";
+    return element + "/>";
+}
+
+std::string written(XmlNode node) {
+    std::string element = "<" + std::string(node.nodeName());
+    for (std::size_t i = 0; i < node.attributeCount(); ++i) {
+        element.append(" ").append(node.attributeName(i)).append("='").append(node.attributeValue(i));
+        element += "'";
+    }
+    return element + "/>";
+}
+
+// Elements of the same names are copies of the first one; not all of these are kept.
+TEST(StructureDocument, KeepsNamesAndValuesOfEveryElement) {
+    std::vector<std::string> elements;
+    for (int i = 0; i < 1500; ++i) {
+        const std::string own = "own" + std::to_string(i);
+        elements.push_back(elementOf({"x", "y"}, "a", i));
+        elements.push_back(elementOf({"y", "x"}, "a", i));
+        elements.push_back(elementOf({"p:x", "y"}, "a", i));
+        elements.push_back(elementOf({"x", "y"}, "p:a", i));
+        elements.push_back(elementOf({"x", own}, "a", i));
+        elements.push_back(elementOf({}, own, i));
+        elements.push_back(elementOf({"x", "y", "\xC3\xA9"}, "a", i));
+    }
+    std::string xml = "<r xmlns:p='u'>";
+    for (const std::string& element : elements)
+        xml += element;
+    StructureDocument document;
+    ASSERT_TRUE(document.loadXML(xml + "</r>")) << document.parseError().reason;
+    XmlNode child = document.documentElement().firstChild();
+    for (const std::string& element : elements) {
+        ASSERT_EQ(written(child), element);
+        child = child.nextSibling();
+    }
+    EXPECT_FALSE(child);
 }
 
 }  // namespace
