@@ -35,23 +35,27 @@ constexpr const char* kDatasheetImage = "Datasheet";
 /// The tag of a control without a section: the number of the detail section.
 constexpr const char* kDetailSection = "0";
 
+StructureElement kindOf(XmlNode node) {
+    const bool isElement = node.nodeType() == XmlNode::Type::Element;
+    return isElement ? structureElementOf(node.nodeName()) : StructureElement::Unknown;
+}
+
 bool isControl(XmlNode node) {
-    return node.nodeType() == XmlNode::Type::Element &&
-           structureElementOf(node.nodeName()) == StructureElement::Control;
+    return kindOf(node) == StructureElement::Control;
 }
 
 std::string objectText(XmlNode object) {
     const auto name = object.namedAttribute(AttributeName(Attribute::Name).c_str());
     const std::string element(object.nodeName());
-    return name ? element + " \"" + *name + '"' : element;
+    return name ? element + " \"" + std::string(*name) + '"' : element;
 }
 
 int objectView(XmlNode object) {
     if (const std::optional<int> number = GetWholeNumber(object, Attribute::CurrentView)) return *number;
     const auto view = object.namedAttribute(AttributeName(Attribute::CurrentView).c_str());
     if (!view) return 0;
-    throw AutomationError(
-        kTypeMismatch, "The CurrentView '" + *view + "' of " + objectText(object) + " is no whole number.");
+    throw AutomationError(kTypeMismatch, "The CurrentView '" + std::string(*view) + "' of " +
+                                             objectText(object) + " is no whole number.");
 }
 
 /// Returns the icon of a node without a view: that of its control type, or that of a custom control when it
@@ -139,21 +143,22 @@ void CXML2TreeView::DisplayXMLNode(int parentIndex, XmlNode node, bool showIcons
 void CXML2TreeView::displayNode(int parentIndex, XmlNode node, bool showIcons) {
     std::string typeName;
     int viewState = 0;
-    const std::string text = FormatNodeString(node, typeName, viewState);
+    const StructureElement kind = kindOf(node);
+    const std::string text = textOf(node, kind, typeName, viewState);
     TreeNode* shown = nullptr;
     if (!text.empty()) {
         shown = &addNode(parentIndex, node, text);
         markView(*shown, typeName, viewState, showIcons);
-    } else if (isControl(node) && controlTypeOf(typeName) != ControlType::TabControl) {
+    } else if (kind == StructureElement::Control && controlTypeOf(typeName) != ControlType::TabControl) {
         leftOut_.push_back(node);
     }
     if (!node.firstChild()) {
-        if (shown == nullptr || !isControl(node)) return;
+        if (shown == nullptr || kind != StructureElement::Control) return;
         markSection(*shown, node);
         if (dropKinds_ == DropKindNodes::Shown) addDropKinds(*shown, node);
         return;
     }
-    if (structureElementOf(node.nodeName()) == StructureElement::Data) return;
+    if (kind == StructureElement::Data) return;
     const int childrenParent = shown != nullptr ? shown->Index() : parentIndex;
     for (XmlNode child = node.firstChild(); child; child = child.nextSibling()) {
         DisplayXMLNode(childrenParent, child, showIcons);
@@ -186,10 +191,14 @@ void CXML2TreeView::addDropKind(TreeNode& controlNode, DropKind kind) {
 }
 
 std::string CXML2TreeView::FormatNodeString(XmlNode node, std::string& typeName, int& viewState) {
+    return textOf(node, kindOf(node), typeName, viewState);
+}
+
+std::string CXML2TreeView::textOf(XmlNode node, StructureElement kind, std::string& typeName,
+                                  int& viewState) {
     std::string text;
     trap(errors_, kClass, "FormatNodeString", [&] {
-        if (node.nodeType() != XmlNode::Type::Element) return;
-        switch (structureElementOf(node.nodeName())) {
+        switch (kind) {
             case StructureElement::Table:
             case StructureElement::Query:
             case StructureElement::Form:

@@ -94,6 +94,7 @@ class CXML2TreeView {
     static void markSection(TreeNode& controlNode, XmlNode control);
     void addDropKinds(TreeNode& controlNode, XmlNode control);
     void addDropKind(TreeNode& controlNode, DropKind kind);
+    std::string textOf(XmlNode node, StructureElement kind, std::string& typeName, int& viewState);
     std::string controlText(XmlNode control, std::string& typeName, int& viewState);
 
     TreeView& tree_;

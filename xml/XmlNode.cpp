@@ -64,7 +64,7 @@ XmlNode XmlNode::nextSibling() const {
     return XmlNode(pugi::xml_node(node_).next_sibling().internal_object());
 }
 
-std::optional<std::string> XmlNode::namedAttribute(const char* name) const {
+std::optional<std::string_view> XmlNode::namedAttribute(const char* name) const {
     const pugi::xml_attribute attribute = pugi::xml_node(node_).attribute(name);
     if (!attribute) return std::nullopt;
     return attribute.value();

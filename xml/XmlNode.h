@@ -33,8 +33,8 @@ class XmlNode {
     [[nodiscard]] XmlNode firstChild() const;
     [[nodiscard]] XmlNode nextSibling() const;
 
-    /// Attributes.GetNamedItem(name).nodeValue: the name is matched exactly.
-    [[nodiscard]] std::optional<std::string> namedAttribute(const char* name) const;
+    /// Attributes.GetNamedItem(name).nodeValue: the name is matched exactly. The text is the document's.
+    [[nodiscard]] std::optional<std::string_view> namedAttribute(const char* name) const;
     /// Returns the value of an attribute in the same way; empty when there is no such attribute.
     [[nodiscard]] std::string_view attributeText(const char* name) const;
     [[nodiscard]] std::size_t attributeCount() const;
