@@ -6,8 +6,14 @@
 
 namespace mergeloom {
 
+namespace {
+
+constexpr const char* kOptionsElement = "Options";
+
+}  // namespace
+
 void COptions::init(XmlNode documentElement) {
-    const XmlNode options = SearchNodeNotCaseSensitive(errors_, documentElement, "Options");
+    const XmlNode options = SearchNodeNotCaseSensitive(errors_, documentElement, kOptionsElement);
     const XmlNode locations = SearchNodeNotCaseSensitive(errors_, options, "FileLocations");
     if (!locations) {
         throw AutomationError(kApplicationError,
@@ -25,6 +31,7 @@ void COptions::init(XmlNode documentElement) {
 }
 
 bool COptions::initIfThere(XmlNode documentElement) {
+    if (!documentElement.mayHaveBelow(kOptionsElement)) return false;
     try {
         init(documentElement);
         return true;

@@ -13,10 +13,6 @@ namespace mergeloom {
 
 namespace {
 
-std::string_view localName(std::string_view qualifiedName) {
-    return qualifiedName.substr(qualifiedName.find(':') + 1);
-}
-
 /// Returns the name as a search for it would write it into its expression.
 std::string searchedName(std::string_view name) {
     const bool bothQuotes =

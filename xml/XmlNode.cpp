@@ -1,6 +1,7 @@
 #include "xml/XmlNode.h"
 
 #include "base/AutomationError.h"
+#include "base/Text.h"
 
 #include <charconv>
 #include <iterator>
@@ -94,6 +95,13 @@ XmlNode XmlNode::selectSingleNode(const std::string& expression) const {
         throw AutomationError(kInvalidArgument,
                               "The search expression " + expression + " is wrong: " + error.what() + ".");
     }
+}
+
+bool XmlNode::mayHaveBelow(std::string_view name) const {
+    const auto isNamed = [&](const pugi::xml_node& node) {
+        return equalsIgnoringAsciiCase(localName(node.name()), name);
+    };
+    return !pugi::xml_node(node_).find_node(isNamed).empty();
 }
 
 int XmlNodeCollection::Add(XmlNode element) {

@@ -12,6 +12,11 @@ struct xml_node_struct;
 
 namespace mergeloom {
 
+/// Returns a name without its namespace prefix.
+inline std::string_view localName(std::string_view qualifiedName) {
+    return qualifiedName.substr(qualifiedName.find(':') + 1);
+}
+
 /// A node of the structure document, or null. A light handle that stays valid as long as its document lives.
 /// The members are those of the DOM that the program uses, under the DOM's names.
 class XmlNode {
@@ -45,6 +50,10 @@ class XmlNode {
     /// Returns the first node in document order that an XPath 1.0 expression selects from here, or null.
     /// Raises an AutomationError for an expression that does not parse.
     [[nodiscard]] XmlNode selectSingleNode(const std::string& expression) const;
+
+    /// Returns false if no element below has a local name, regardless of ASCII case: then a search for it,
+    /// which costs several times as much, finds none.
+    [[nodiscard]] bool mayHaveBelow(std::string_view name) const;
 
     [[nodiscard]] pugi::xml_node_struct* handle() const { return node_; }
 

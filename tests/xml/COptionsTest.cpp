@@ -26,7 +26,7 @@ TEST(Options, ReadsTheFolders) {
         ASSERT_TRUE(document.loadXML(c.xml));
         RecordingErrorHandler errors;
         COptions options(errors);
-        options.init(document.documentElement());
+        EXPECT_TRUE(options.initIfThere(document.documentElement())) << c.xml;
         EXPECT_EQ(options.DocumentsFolder(), c.documents) << c.xml;
         EXPECT_EQ(options.TemplatesFolder(), c.templates) << c.xml;
     }
@@ -47,6 +47,7 @@ TEST(Options, MissingOptionsAreAnErrorAndChangeNothing) {
         } catch (const AutomationError& error) {
             EXPECT_EQ(error.number(), 0x80040201U);
         }
+        EXPECT_FALSE(options.initIfThere(document.documentElement())) << xml;
         EXPECT_EQ(options.DocumentsFolder(), "/d");
     }
     EXPECT_TRUE(errors.reports.empty());
