@@ -28,7 +28,8 @@ class ScopedCopy {
     ScopedCopy& operator=(const ScopedCopy&) = delete;
     ~ScopedCopy() {
         trap(
-            errors_, kMainForm, "ConvertTemplate", [this] { files_.remove(path_); }, path_);
+            errors_, kMainForm, "ConvertTemplate", [this] { files_.remove(path_); },
+            [this] { return path_; });
     }
 
     [[nodiscard]] const std::string& path() const { return path_; }
@@ -100,7 +101,7 @@ bool TemplateConversion::succeeds(const std::string& path, const Body& body) {
             body();
             done = true;
         },
-        path);
+        [&] { return path; });
     return done;
 }
 
