@@ -18,20 +18,10 @@ namespace {
 
 using Kind = TemplatePlace::Kind;
 
-/// Returns the name without the counter of a further place.
-std::string_view withoutCounter(std::string_view name) {
-    const std::size_t suffix = name.rfind(kFurtherPlaceSuffix);
-    if (suffix == std::string_view::npos) return name;
-    const std::string_view digits = name.substr(suffix + kFurtherPlaceSuffix.size());
-    const bool isCounter =
-        !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
-    return isCounter ? name.substr(0, suffix) : name;
-}
-
 /// Returns true if a text is the end of a name, as the text of a place is: the name of its control.
-bool showsName(std::string_view name, const std::string& text) {
+bool showsName(const std::string& name, const std::string& text) {
     const std::string shown = foldCase(WordNormalizeName(text, false));
-    return !shown.empty() && foldCase(std::string(withoutCounter(name))).ends_with(shown);
+    return !shown.empty() && foldCase(withoutPlaceCounter(name)).ends_with(shown);
 }
 
 Kind kindOf(const std::string& name, word::Range& range) {

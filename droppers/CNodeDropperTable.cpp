@@ -214,10 +214,8 @@ bool CNodeDropperTable::areColumns(const ControlNodes& chosen) {
 }
 
 bool CNodeDropperTable::insertTable(const Drop& drop, const ControlNodes& columns) {
-    if (columns.size() > word::kMostTableColumns) {
-        return context_.reports.refuse("A Word table has at most " + std::to_string(word::kMostTableColumns) +
-                                       " columns; " + std::to_string(columns.size()) + " were asked for.");
-    }
+    if (columns.size() > word::kMaxTableColumns)
+        return context_.reports.refuse(word::tooManyColumns(columns.size()));
     const word::SelectionPtr selection = drop.document->Application()->Selection();
     const std::string ownName = tableBookmarkName(drop.node, drop.name);
     const std::string bookmarkName = tableNameInDrop(context_, ownName);

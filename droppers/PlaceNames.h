@@ -32,12 +32,18 @@ inline std::string placeName(std::string_view prefix, std::string_view simplifie
     return name;
 }
 
+/// Returns the name of a further place with that counter, before normalisation.
+inline std::string furtherPlaceName(std::string_view name, std::int64_t counter) {
+    std::string further(name);
+    return further.append(kFurtherPlaceSuffix).append(std::to_string(counter));
+}
+
 /// Returns the usable name of a further place with that counter, or the name's own for 0; empty when nothing
 /// usable is left of it.
 inline std::string usablePlaceName(const std::string& name, std::int64_t counter, NameRule normalize) {
     std::string usable = normalize(name, false);
     if (counter == 0) return usable;
-    return normalize(usable + std::string(kFurtherPlaceSuffix) + std::to_string(counter), false);
+    return normalize(furtherPlaceName(usable, counter), false);
 }
 
 /// Returns the digits of the counter in the name of a further place; empty when it is no such name.
@@ -92,7 +98,7 @@ class PlaceNames {
         return taken_.Exists(usable) || (written != usable && taken_.Exists(written));
     }
     static std::string counted(const std::string& name, std::int64_t counter) {
-        return counter == 0 ? name : name + std::string(kFurtherPlaceSuffix) + std::to_string(counter);
+        return counter == 0 ? name : furtherPlaceName(name, counter);
     }
     /// Returns the end of the taken counters by binary search: trying each would make a thousand drops of a
     /// name slow.

@@ -84,8 +84,7 @@ std::string tableNameOf(const XmlNodeCollection& xmlNodes, const TreeNode& contr
 std::string tableNameInDrop(DropContext& context, const std::string& tableName) {
     std::string name = tableName;
     for (std::int64_t counter = 1; context.tables.contains(name); ++counter) {
-        name = context.normalizeName(tableName + std::string(kFurtherPlaceSuffix) + std::to_string(counter),
-                                     false);
+        name = context.normalizeName(furtherPlaceName(tableName, counter), false);
     }
     if (!name.empty()) context.tables.add(name);
     return name;

@@ -70,7 +70,13 @@ class Table : public Object {
 };
 
 /// The number of columns that Word allows in a table.
-inline constexpr std::size_t kMostTableColumns = 63;
+inline constexpr std::size_t kMaxTableColumns = 63;
+
+/// Returns the sentence that refuses a table with more columns.
+inline std::string tooManyColumns(std::size_t columns) {
+    return "A Word table has at most " + std::to_string(kMaxTableColumns) + " columns; " +
+           std::to_string(columns) + " were asked for.";
+}
 
 /// The tables that a range touches (inside a table, that table) or those of a document's body, in order.
 class Tables : public Counted {
@@ -79,7 +85,7 @@ class Tables : public Counted {
     virtual TablePtr Item(int number) = 0;
     /// Tables.Add: inserts a table with a visible grid and columns of equal width across the text area,
     /// before the paragraph in which the range begins; a paragraph with text before the range is split there.
-    /// Raises kCommandFailed for more than kMostTableColumns.
+    /// Raises kCommandFailed for more than kMaxTableColumns.
     virtual TablePtr Add(Range& range, int rows, int columns) = 0;
 
   protected:
@@ -88,11 +94,8 @@ class Tables : public Counted {
     }
     /// Raises kCommandFailed for a size that no new table can have.
     static void checkSize(int rows, int columns) {
-        if (columns > static_cast<int>(kMostTableColumns)) {
-            throw AutomationError(kCommandFailed, "A Word table has at most " +
-                                                      std::to_string(kMostTableColumns) + " columns; " +
-                                                      std::to_string(columns) + " were asked for.");
-        }
+        if (columns > static_cast<int>(kMaxTableColumns))
+            throw AutomationError(kCommandFailed, tooManyColumns(static_cast<std::size_t>(columns)));
         if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
     }
 };
