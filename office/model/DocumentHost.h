@@ -5,6 +5,7 @@
 #include "office/model/word/Forward.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -136,10 +137,16 @@ class DocumentHost {
     /// in selected text. Returns false, and moves nothing, when no text and no cell is there.
     virtual bool placeCaret(HostPoint point) = 0;
     virtual void resize(int width, int height) = 0;
-    /// Gives the keyboard to the document.
-    virtual void focus() = 0;
-    /// Gives the keyboard to the document after it was opened, unless the user has clicked beside it
-    /// meanwhile. The start of an office belongs to the opening of its first document.
+    /// Gives the keyboard to the document, unless the user has left it again. An office may need long for
+    /// it, so isWanted is called several times, on the caller's thread.
+    virtual void focus(const std::function<bool()>& isWanted) = 0;
+    /// Does the same after another window had the keyboard, unless the last click in the window around the
+    /// document was beside it.
+    virtual void focusAgain(const std::function<bool()>& isWanted) = 0;
+    /// Begins the opening of a document or of a preview, which ends with focusOpened. CreateNew and Open also
+    /// begin one; the start of an office belongs to that of its first document.
+    virtual void beginOpening() = 0;
+    /// Gives the keyboard to what was opened, unless the user has clicked beside it meanwhile.
     virtual void focusOpened() = 0;
 
     /// Returns true when the view marks bookmarks (Word's View.ShowBookmarks).

@@ -113,7 +113,13 @@ class FakeDocumentHost final : public DocumentHost {
     void resize(int width, int height) override {
         call("resize " + std::to_string(width) + "x" + std::to_string(height));
     }
-    void focus() override { call("focus"); }
+    void focus(const std::function<bool()>& isWanted) override {
+        if (isWanted()) call("focus");
+    }
+    void focusAgain(const std::function<bool()>& isWanted) override {
+        if (isWanted()) call("focusAgain");
+    }
+    void beginOpening() override { call("beginOpening"); }
     void focusOpened() override { call("focusOpened"); }
     bool showsBookmarks() override { return bookmarksShown; }
     void setShowsBookmarks(bool shown) override {

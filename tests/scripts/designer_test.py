@@ -5,14 +5,16 @@ MERGELOOM_PICTURES, that folder gets a picture of each scene.
 """
 import os
 import shutil
+import subprocess
 import tempfile
 import time
 import unittest
 from pathlib import Path
 
 import read_docx
-from designer_window import (Designer, Screen, click, document_has_keyboard, drag, find, key, screenshot,
-                             wait_for)
+from designer_window import (
+    Designer, Screen, click, document_has_keyboard, drag, find, has_focus, key, screenshot, wait_for,
+)
 
 PROGRAM = Path(os.environ["MERGELOOM"])
 DESIGNER = str(PROGRAM.parent / "mergeloom-designer")
@@ -112,6 +114,9 @@ class DesignerTest(unittest.TestCase):
         self.designer.wait_until_active()
         return path
 
+    def wait_for_focus(self, role, name):
+        wait_for(f"the focus in {name}", lambda: has_focus(self.designer.element(role, name)))
+
     def cancel_closing(self):
         """Asks the window to close, which has unsaved changes."""
         key("ctrl+q")
@@ -124,3 +129,9 @@ class DesignerTest(unittest.TestCase):
         found, problems = read_docx.read_bookmarks(path)
         self.assertEqual(problems, [])
         return [place["name"] for place in found]
+
+    def mapped_names(self):
+        """Returns the bookmarks of an unattended run."""
+        mapped = self.folder / "mapped.docx"
+        subprocess.run([PROGRAM, "-hidden", "-xmlfile", SAMPLE, "-template", mapped], check=True)
+        return self.names(mapped)

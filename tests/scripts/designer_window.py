@@ -19,7 +19,7 @@ SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 960
 # The name of the role of buttons, which AT-SPI has changed in release 2.56.
 BUTTON = Atspi.role_get_name(Atspi.Role.PUSH_BUTTON)
 MINIMIZED = []  # the windows' numbers
-PATIENCE = 60  # seconds; only a program that hangs takes so long
+PATIENCE = 180  # seconds; only a program that hangs takes so long
 
 
 def wait_for(what, condition, patience=PATIENCE):

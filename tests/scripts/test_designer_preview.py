@@ -4,9 +4,12 @@ import unittest
 import read_docx
 import read_xlsx
 from designer_test import SAMPLE, DesignerTest, setUpModule, tearDownModule  # noqa: F401
-from designer_window import Atspi, click, document_has_keyboard, drag, find, key, middle, point_at, type_text, wait_for
+from designer_window import (
+    Atspi, click, document_has_keyboard, drag, find, has_focus, key, middle, point_at, type_text, wait_for,
+)
 
 ORDER = '<Record><Control Name="CustomerID"><DisplayValue>{}</DisplayValue></Control></Record>'
+COPIED = "copied"
 REFUSED = "Nothing was inserted. Press F5 to return from the preview to the template first."
 
 
@@ -32,13 +35,20 @@ class PreviewTest(DesignerTest):
 
     def shown_text(self):
         """Returns the text that is selected in the document, which it copies into the search box. A blank follows
-        a place at the end."""
+        a place at the end. Leaves a mark in the clipboard, since a busy office copies late."""
         key("ctrl+c")
         box = find(self.designer.application, "text")[0]
         click(middle(box))
-        key("ctrl+v")
-        text = wait_for("the text", lambda: Atspi.Text.get_text(box, 0, -1))
-        key("ctrl+a", "Delete")
+        wait_for("the focus in the search", lambda: has_focus(box) and not document_has_keyboard())
+
+        def pasted():
+            key("ctrl+a", "ctrl+v")
+            text = Atspi.Text.get_text(box, 0, -1)
+            return text if text != COPIED else None
+        text = wait_for("the text", pasted)
+        key("ctrl+a")
+        type_text(COPIED)
+        key("ctrl+a", "ctrl+x")
         wait_for("the empty box", lambda: not Atspi.Text.get_text(box, 0, -1))
         self.enter_document()
         return text.strip()

@@ -56,7 +56,8 @@ DesignerSession::DesignerSession(DocumentKind kind, Ports ports)
                     .files = ports_.files,
                     .errors = ports_.errors,
                     .messages = ports_.messages}),
-      view_(worker_, office_, [this] { return state_ == OfficeState::Running && !previewed(); }) {
+      view_(worker_, office_, [this] { return state_ == OfficeState::Running && !previewed(); }),
+      focus_(worker_, office_, [this] { return isFree(); }) {
     connect(&events_, &HostEvents::commandGiven, this,
             [this](HostCommand command) { answer([this, command] { execute(command); }); });
     connect(&events_, &HostEvents::keyGiven, this,
@@ -349,11 +350,6 @@ void DesignerSession::resize(int width, int height) {
     post([this, width, height] {
         if (office_.isRunning()) office_.host().resize(width, height);
     });
-}
-
-void DesignerSession::focusDocument() {
-    if (!isFree()) return;
-    post([this] { office_.host().focus(); });
 }
 
 /// Ignores the errors of the job: they come from an office that has ended, which is reported in another way.

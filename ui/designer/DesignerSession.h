@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStore.h"
+#include "ui/designer/DocumentFocus.h"
 #include "ui/designer/DropFlow.h"
 #include "ui/designer/HostedOffice.h"
 #include "ui/designer/OfficeWorker.h"
@@ -62,6 +63,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     [[nodiscard]] std::string officeBuild() const;
     [[nodiscard]] OfficeWorker& worker() { return worker_; }
     [[nodiscard]] ViewUpdates& view() { return view_; }
+    [[nodiscard]] DocumentFocus& focus() { return focus_; }
     [[nodiscard]] DropProgress& progress() { return progress_; }
 
     /// Starts the office, also anew: then the file that was saved last is opened. Does not wait.
@@ -100,7 +102,6 @@ class DesignerSession final : public QObject, private LifecycleView {
     void showDropPlace(HostPoint point);
     void hideDropPlace();
     void resize(int width, int height);
-    void focusDocument();
 
     /// Prepares the closing of the window; returns false when it has to stay.
     bool unload();
@@ -177,6 +178,7 @@ class DesignerSession final : public QObject, private LifecycleView {
     DropFlow dropFlow_;
     PreviewFlow previewFlow_;
     ViewUpdates view_;
+    DocumentFocus focus_;
     QTimer keepTimer_;
 };
 

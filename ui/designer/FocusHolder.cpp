@@ -21,8 +21,8 @@ bool isForInnerWindow(const xcb_focus_in_event_t& event) {
 
 }  // namespace
 
-FocusHolder::FocusHolder(std::uint32_t window, std::uint32_t pane, std::function<void()> documentEntered)
-    : window_(window), pane_(pane), documentEntered_(std::move(documentEntered)) {
+FocusHolder::FocusHolder(std::uint32_t window, std::uint32_t pane, Events events)
+    : window_(window), pane_(pane), events_(std::move(events)) {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr) return;
     connection_ = x11->connection();
@@ -67,16 +67,24 @@ void FocusHolder::takeKeyboard() const {
     xcb_flush(connection_);
 }
 
-bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) const {
+bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) {
     if (isOfGrab(event)) return true;
-    if (event.event == pane_ && isForInnerWindow(event)) documentEntered_();
+    if (event.event == pane_ && isForInnerWindow(event)) events_.documentEntered();
     if (event.event == holder_) {
+        reportHolder(event);
         event.event = window_;
         return false;
     }
     if (event.event != window_ || event.detail == XCB_NOTIFY_DETAIL_POINTER) return false;
+    isFromOutside_ = event.detail != XCB_NOTIFY_DETAIL_INFERIOR;
     takeFocus();
     return true;
+}
+
+/// A window manager also gives the focus to the window when the user clicks in it while the document has it.
+void FocusHolder::reportHolder(const xcb_focus_in_event_t& event) {
+    const bool isActivated = event.detail == XCB_NOTIFY_DETAIL_ANCESTOR && isFromOutside_;
+    isActivated ? events_.activated() : events_.documentLeft();
 }
 
 /// Between the window and the holder the focus moves for a moment only.

@@ -13,9 +13,17 @@ namespace mergeloom {
 /// itself, the document inside it would receive every key while the mouse is over it.
 class FocusHolder final : public QAbstractNativeEventFilter {
   public:
+    /// What the toolkit does not report, or not in this detail. Each is called before the toolkit has the
+    /// event.
+    struct Events {
+        std::function<void()> documentEntered;  ///< the document got the focus
+        std::function<void()> documentLeft;     ///< the holder got it from the document
+        std::function<void()> activated;        ///< the holder got it after another window
+    };
+
     /// The document is in the pane, a window inside the held one. Does nothing for window systems other than
     /// X11.
-    FocusHolder(std::uint32_t window, std::uint32_t pane, std::function<void()> documentEntered);
+    FocusHolder(std::uint32_t window, std::uint32_t pane, Events events);
     FocusHolder(const FocusHolder&) = delete;
     FocusHolder& operator=(const FocusHolder&) = delete;
     ~FocusHolder() override;
@@ -25,20 +33,21 @@ class FocusHolder final : public QAbstractNativeEventFilter {
     /// Takes the keyboard from a window inside the held one.
     void takeKeyboard() const;
 
-    /// Gives the toolkit the keys and the focus of the holder as those of the window. Calls documentEntered
-    /// when the document gets the focus, which the toolkit does not report.
+    /// Gives the toolkit the keys and the focus of the holder as those of the window.
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
   private:
     void makeHolder();
     void takeFocus() const;
-    bool handleFocusIn(xcb_focus_in_event_t& event) const;
+    bool handleFocusIn(xcb_focus_in_event_t& event);
+    void reportHolder(const xcb_focus_in_event_t& event);
     bool handleFocusOut(xcb_focus_out_event_t& event) const;
 
     const std::uint32_t window_;
     const std::uint32_t pane_;
-    const std::function<void()> documentEntered_;
+    const Events events_;
     std::uint32_t holder_ = 0;
+    bool isFromOutside_ = false;  ///< the window's own focus, which the holder gets
     xcb_connection_t* connection_ = nullptr;
 };
 

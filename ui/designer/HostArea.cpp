@@ -91,7 +91,16 @@ void HostPane::resizeEvent(QResizeEvent* event) {
 
 void HostPane::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    Q_EMIT focused();
+    event->reason() == Qt::ActiveWindowFocusReason ? Q_EMIT returned() : Q_EMIT focused();
+}
+
+/// The document has its focus without the pane, whose window is inactive then.
+void HostPane::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    const bool isKept = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                        reason == Qt::MenuBarFocusReason;
+    if (!isKept) Q_EMIT left();
 }
 
 void HostPane::dragEnterEvent(QDragEnterEvent* event) {

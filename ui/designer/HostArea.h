@@ -44,11 +44,16 @@ class HostPane final : public QWidget {
     void dragLeft();
     /// Emitted when the pane got the focus, which belongs to the document.
     void focused();
+    /// Emitted when the pane has the focus again after another window had it.
+    void returned();
+    /// Emitted when another widget of the window got the focus after the pane.
+    void left();
 
   protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;

@@ -43,7 +43,7 @@ void PreviewFlow::compile(const LoadedStructure& structure) {
 
 void PreviewFlow::show(std::size_t letter) {
     ports_.access.host().showPreview(kind_, letters_->write(letter));
-    ports_.access.host().focus();
+    ports_.access.host().focusOpened();
     letter_ = letter;
 }
 
@@ -61,7 +61,7 @@ void PreviewFlow::end() {
     run([this] {
         letters_.reset();
         ports_.access.host().endPreview();
-        ports_.access.host().focus();
+        ports_.access.host().focusOpened();
     });
 }
 
@@ -72,6 +72,7 @@ void PreviewFlow::run(const Body& body) {
     trap(ports_.errors, kMainForm, "PreviewTemplate", [&] {
         ports_.jobs.run([&] {
             try {
+                ports_.access.host().beginOpening();
                 body();
                 if (letters_) shown = letters_->recordsOf(letter_);
             } catch (const AutomationError& error) {

@@ -19,7 +19,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -231,7 +230,6 @@ void frmMain::connectOffice() {
     connect(&pane, &HostPane::draggedOver, &session_, &DesignerSession::showDropPlace);
     connect(&pane, &HostPane::dragLeft, &session_, &DesignerSession::hideDropPlace);
     connect(&pane, &HostPane::draggedOver, this, &frmMain::showNextStep);
-    connect(&pane, &HostPane::focused, &session_, &DesignerSession::focusDocument);
     OfficePanel& panel = area_->panel();
     connect(&panel, &OfficePanel::cancelRequested, &session_, &DesignerSession::cancelStart);
     connect(&panel, &OfficePanel::startRequested, this, &frmMain::startOffice);
@@ -252,32 +250,12 @@ void frmMain::connectOffice() {
 void frmMain::connectKeyboard() {
     connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, menus_,
             [this] { menus_->setActiveAction(menus_->actions().constFirst()); });
-    const auto enters = [this](QWidget& widget) {
-        return [this, &widget] {
-            // First, since the window gives the keyboard to the widget that had it last.
-            widget.setFocus(Qt::ShortcutFocusReason);
-            takeKeyboardFromDocument();
-        };
-    };
-    const auto entersDocument = [this] {
-        // The pane passes the keyboard on when it gets it.
-        const bool hasIt = area_->pane().hasFocus();
-        area_->pane().setFocus(Qt::ShortcutFocusReason);
-        if (hasIt) session_.focusDocument();
-    };
-    const auto hasDocument = [this] { return session_.state() == OfficeState::Running; };
-    parts_ = new WindowParts(*this,
-                             {{.widget = &tree_->searchBox(), .enter = enters(tree_->searchBox())},
-                              {.widget = &tree_->tvXML(),
-                               .enter = enters(tree_->tvXML()),
-                               .isAvailable = [this] { return tree_->structure() != nullptr; }},
-                              {.widget = &area_->pane(), .enter = entersDocument, .isAvailable = hasDocument},
-                              {.widget = cmdHelp_, .enter = enters(*cmdHelp_)}});
+    const auto hasStructure = [this] { return tree_->structure() != nullptr; };
+    keyboard_.emplace(
+        *this, area_->pane(), session_,
+        std::vector<WindowKeyboard::Part>{
+            {&tree_->searchBox()}, {&tree_->tvXML(), hasStructure}, {&area_->pane()}, {cmdHelp_}});
     connect(&session_, &DesignerSession::keyPressed, this, &frmMain::answerKey);
-}
-
-void frmMain::takeKeyboardFromDocument() {
-    if (focusHolder_) focusHolder_->takeKeyboard();
 }
 
 /// Handles a key that was pressed in the document.
@@ -285,11 +263,11 @@ void frmMain::answerKey(HostKey key) {
     if (QApplication::activeModalWidget() != nullptr) return;
     switch (key) {
         case HostKey::Help:
-            return openDocumentHelp();
+            return help_.OpenTopic(handle(), kDocumentTopic);
         case HostKey::NextPart:
-            return parts_->goFrom(&area_->pane(), WindowParts::Direction::Forward);
+            return keyboard_->goFromDocument(WindowKeyboard::Direction::Forward);
         case HostKey::PreviousPart:
-            return parts_->goFrom(&area_->pane(), WindowParts::Direction::Back);
+            return keyboard_->goFromDocument(WindowKeyboard::Direction::Back);
         case HostKey::Preview:
             return showPreview(!session_.previewed());
         case HostKey::NextRecord:
@@ -299,19 +277,8 @@ void frmMain::answerKey(HostKey key) {
     }
 }
 
-void frmMain::openDocumentHelp() {
-    {
-        // The document has the keyboard again after the help, and not before.
-        const QSignalBlocker quiet(area_->pane());
-        area_->pane().setFocus(Qt::OtherFocusReason);
-    }
-    help_.OpenTopic(handle(), kDocumentTopic);
-}
-
 void frmMain::start() {
-    focusHolder_.emplace(static_cast<std::uint32_t>(winId()),
-                         static_cast<std::uint32_t>(area_->pane().winId()),
-                         [this] { parts_->leaveFor(area_->pane()); });
+    keyboard_->begin();
     startOffice();
     const std::string templatePath = commandLineFile(kTemplateSwitch);
     if (!templatePath.empty()) structureLoad_.setTemplatesFolder(parentFolder(templatePath));
@@ -322,7 +289,7 @@ void frmMain::start() {
 
 void frmMain::startOffice() {
     HostWindow window = area_->pane().hostWindow();
-    window.keyboardId = focusHolder_->id();
+    window.keyboardId = keyboard_->holder();
     session_.start(window);
 }
 

@@ -5,14 +5,13 @@
 #include "ui/designer/DesignerSession.h"
 #include "ui/designer/DialogHelp.h"
 #include "ui/designer/DropFlow.h"
-#include "ui/designer/FocusHolder.h"
 #include "ui/designer/PlacesFlow.h"
 #include "ui/designer/PlacesPane.h"
 #include "ui/designer/RecentFiles.h"
 #include "ui/designer/StatusSentences.h"
 #include "ui/designer/StructureLoad.h"
 #include "ui/designer/TreePane.h"
-#include "ui/designer/WindowParts.h"
+#include "ui/designer/WindowKeyboard.h"
 #include "ui/designer/WindowSettings.h"
 #include "ui/designer/mTVHook.h"
 #include "ui/dialogs/ErrorDialog.h"
@@ -75,9 +74,7 @@ class frmMain final : public QMainWindow {
     void connectStructure();
     void connectOffice();
     void connectKeyboard();
-    void takeKeyboardFromDocument();
     void answerKey(HostKey key);
-    void openDocumentHelp();
     void startOffice();
     void showState();
     void endDrag();
@@ -113,7 +110,6 @@ class frmMain final : public QMainWindow {
     QLabel* status_;
     BusyBar* busy_;
     QPushButton* cmdHelp_;
-    WindowParts* parts_ = nullptr;
     QString caption_;
     bool hasChanges_ = false;
 
@@ -126,7 +122,7 @@ class frmMain final : public QMainWindow {
     DialogHelp dialogHelp_;
     DesignerSession session_;
     PlacesFlow placesFlow_;
-    std::optional<FocusHolder> focusHolder_;
+    std::optional<WindowKeyboard> keyboard_;
 };
 
 }  // namespace mergeloom

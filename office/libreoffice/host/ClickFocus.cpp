@@ -47,9 +47,10 @@ ClickFocus::ClickFocus(const HostWindow& host, HostListener& listener)
       keyboard_(static_cast<xcb_window_t>(host.keyboardId)),
       dialogs_(windows_, host_, top_),
       listener_(listener) {
-    constexpr std::uint32_t kCrossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
     constexpr std::uint32_t kFocus = XCB_EVENT_MASK_FOCUS_CHANGE;
-    xcb_change_window_attributes(windows_.get(), host_, XCB_CW_EVENT_MASK, &kCrossings);
+    constexpr std::uint32_t kFocusAndMouse =
+        kFocus | XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
+    xcb_change_window_attributes(windows_.get(), host_, XCB_CW_EVENT_MASK, &kFocusAndMouse);
     if (top_ != host_) xcb_change_window_attributes(windows_.get(), top_, XCB_CW_EVENT_MASK, &kFocus);
     grabClicks(host_, kEveryModifier);
     grabClicksAround();
@@ -130,7 +131,11 @@ void ClickFocus::handle(const xcb_generic_event_t& event) {
     const bool hasNewFrame = kind == XCB_REPARENT_NOTIFY &&
                              reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == top_;
     if (hasNewFrame || kind == XCB_ENTER_NOTIFY || kind == XCB_LEAVE_NOTIFY) grabClicksAround();
-    if (kind == XCB_FOCUS_IN) passOn(reinterpret_cast<const xcb_focus_in_event_t&>(event));
+    if (kind == XCB_FOCUS_IN) {
+        const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
+        passOn(focus);
+        takeBack(focus);
+    }
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
 }
 
@@ -140,6 +145,28 @@ void ClickFocus::passOn(const xcb_focus_in_event_t& event) const {
     const bool isGiven = event.event == top_ && (event.mode == XCB_NOTIFY_MODE_NORMAL ||
                                                  event.mode == XCB_NOTIFY_MODE_WHILE_GRABBED);
     if (isGiven && keyboard_ != top_) windows_.moveKeyboard(top_, keyboard_);
+}
+
+/// A busy office takes the keyboard long after it was asked to, or when it has opened a document. A later
+/// click counts more.
+void ClickFocus::takeBack(const xcb_focus_in_event_t& event) const {
+    const bool isForOffice = event.event == host_ && (event.detail == XCB_NOTIFY_DETAIL_VIRTUAL ||
+                                                      event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL);
+    if (!isForOffice) return;
+    const std::lock_guard lock(mutex_);
+    if (!mayOfficeTakeKeyboard_) windows_.takeKeyboard(host_, keyboard_);
+}
+
+void ClickFocus::giveKeyboard(xcb_window_t inner) {
+    const std::lock_guard lock(mutex_);
+    mayOfficeTakeKeyboard_ = true;
+    windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
+}
+
+void ClickFocus::takeKeyboard() {
+    const std::lock_guard lock(mutex_);
+    mayOfficeTakeKeyboard_ = false;
+    windows_.takeKeyboard(host_, keyboard_);
 }
 
 /// While it is disabled, the window has a question or works on the document.
@@ -156,11 +183,15 @@ void ClickFocus::report(const xcb_key_press_event_t& key) {
 /// would prefer to the time of the click. The window around the document never has the keyboard itself: keys
 /// would go to the document as soon as the mouse is over it.
 void ClickFocus::follow(const xcb_button_press_event_t& click) {
+    const std::lock_guard lock(mutex_);
     if (click.event == host_) {
+        ++clicksOnOffice_;
+        mayOfficeTakeKeyboard_ = true;
         const xcb_window_t inner = windows_.innerWindow(host_);
         if (isEnabled_ && inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     } else if (!windows_.isMouseOver(host_)) {
         ++clicksBeside_;
+        mayOfficeTakeKeyboard_ = false;
         windows_.giveKeyboardTo(keyboard_, click.time);
     }
     // By the time of the click the server would not release a second grab of it, since keys may have passed.

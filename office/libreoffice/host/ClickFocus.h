@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <vector>
@@ -24,8 +25,18 @@ class ClickFocus {
     ClickFocus& operator=(const ClickFocus&) = delete;
     ~ClickFocus() = default;
 
-    /// Returns the number of clicks beside the office until now.
+    /// Return the numbers of clicks on the office and beside it until now.
+    [[nodiscard]] std::uint32_t clicksOnOffice() const { return clicksOnOffice_; }
     [[nodiscard]] std::uint32_t clicksBeside() const { return clicksBeside_; }
+    /// Returns false after a click beside the office, until it is given the keyboard.
+    [[nodiscard]] bool mayOfficeTakeKeyboard() const {
+        const std::lock_guard lock(mutex_);
+        return mayOfficeTakeKeyboard_;
+    }
+    /// Gives the keyboard to the office's window.
+    void giveKeyboard(xcb_window_t inner);
+    /// Takes the keyboard from the office, also when it takes it later.
+    void takeKeyboard();
     /// While disabled, clicks do not give the focus to the office.
     void setEnabled(bool enabled) { isEnabled_ = enabled; }
     /// During a preview the keys that show another record are the window's, too.
@@ -48,6 +59,7 @@ class ClickFocus {
     void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
     void passOn(const xcb_focus_in_event_t& event) const;
+    void takeBack(const xcb_focus_in_event_t& event) const;
     void report(const xcb_key_press_event_t& key);
 
     WindowSystem windows_;
@@ -59,6 +71,9 @@ class ClickFocus {
     HostListener& listener_;
     std::vector<Key> keys_;  ///< those of the window
     std::atomic<bool> isEnabled_ = true;
+    mutable std::mutex mutex_;
+    bool mayOfficeTakeKeyboard_ = true;  ///< by itself; guarded by mutex_
+    std::atomic<std::uint32_t> clicksOnOffice_ = 0;
     std::atomic<std::uint32_t> clicksBeside_ = 0;
     std::optional<WindowEvents> events_;  ///< ends first
 };

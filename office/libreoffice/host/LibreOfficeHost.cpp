@@ -29,6 +29,10 @@ constexpr std::chrono::milliseconds kPauseOfMonitor{100};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
+bool always() {
+    return true;
+}
+
 }  // namespace
 
 LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind,
@@ -213,7 +217,7 @@ void LibreOfficeHost::showPlace(const std::string& name) {
     withFront([&](const HostFrame& frame) {
         HostPlaces(frame.document()).select(name, frame.uno()->getController());
     });
-    focus();
+    focus(always);
 }
 
 void LibreOfficeHost::renamePlace(const std::string& name, const std::string& newName) {
@@ -343,24 +347,36 @@ bool LibreOfficeHost::setLook(const HostLook& look) {
         (void)makeFrame();
         frames_.back().takeDocument(former);
     });
-    if (hadKeyboard) focus();
+    if (hadKeyboard) focus(always);
     return true;
 }
 
-/// Waits for the window's focus first: an office that takes the focus earlier gives it away again.
-void LibreOfficeHost::focus() {
-    const xcb_window_t inner = innerWindow();
-    if (inner == XCB_WINDOW_NONE) return;
-    windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
-    call([this] {
-        handleEvents();
-        const HostFrame* const preview = filled_.frame();
-        if (const HostFrame* const frame = preview != nullptr ? preview : front()) frame->focus();
-    });
+void LibreOfficeHost::focus(const std::function<bool()>& isWanted) {
+    const std::uint32_t clicks = focus_->clicksBeside();
+    giveKeyboard([&] { return focus_->clicksBeside() == clicks && isWanted(); });
+}
+
+void LibreOfficeHost::focusAgain(const std::function<bool()>& isWanted) {
+    if (focus_->mayOfficeTakeKeyboard()) focus(isWanted);
 }
 
 void LibreOfficeHost::focusOpened() {
-    if (focus_->clicksBeside() == clicksBeforeOpening_) focus();
+    giveKeyboard([this] { return focus_->clicksBeside() == clicksBeforeOpening_; });
+}
+
+/// Waits for the window's focus first: an office that takes the focus earlier gives it away again.
+void LibreOfficeHost::giveKeyboard(const std::function<bool()>& isWanted) {
+    const xcb_window_t inner = innerWindow();
+    if (inner == XCB_WINDOW_NONE || !isWanted()) return;
+    const std::uint32_t clicks = focus_->clicksOnOffice();
+    focus_->giveKeyboard(inner);
+    call([&] {
+        handleEvents();
+        const HostFrame* const preview = filled_.frame();
+        const HostFrame* const frame = preview != nullptr ? preview : front();
+        if (frame != nullptr && isWanted()) frame->focus();
+    });
+    if (!isWanted() && focus_->clicksOnOffice() == clicks) focus_->takeKeyboard();
 }
 
 bool LibreOfficeHost::showsBookmarks() {

@@ -56,7 +56,9 @@ class LibreOfficeHost final : public DocumentHost {
     void hideDropPlace() override { preview_.hide(); }
     bool placeCaret(HostPoint point) override;
     void resize(int width, int height) override;
-    void focus() override;
+    void focus(const std::function<bool()>& isWanted) override;
+    void focusAgain(const std::function<bool()>& isWanted) override;
+    void beginOpening() override;
     void focusOpened() override;
     bool showsBookmarks() override;
     bool setLook(const HostLook& look) override;
@@ -88,7 +90,6 @@ class LibreOfficeHost final : public DocumentHost {
     [[nodiscard]] HostFrame* front();
     /// Returns the document of that frame; null without one.
     [[nodiscard]] DocumentReference frontDocument();
-    void beginOpening();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     [[nodiscard]] xcb_window_t innerWindow() const {
@@ -99,6 +100,7 @@ class LibreOfficeHost final : public DocumentHost {
     void clickBlank(HostPoint point);
     /// Makes the office handle the events that it was sent. Must be called within call().
     void handleEvents();
+    void giveKeyboard(const std::function<bool()>& isWanted);
     void setEnabled(const HostedDocument& hosted, bool enabled);
 
     HostWindow window_;

@@ -111,9 +111,13 @@ xcb_window_t WindowSystem::outermostWindow(xcb_window_t window) const {
     return window;
 }
 
-bool WindowSystem::hasKeyboard(xcb_window_t window) const {
+xcb_window_t WindowSystem::windowWithKeyboard() const {
     const auto reply = owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
-    xcb_window_t focus = reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+    return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+bool WindowSystem::hasKeyboard(xcb_window_t window) const {
+    xcb_window_t focus = windowWithKeyboard();
     while (focus != XCB_WINDOW_NONE && focus != window)
         focus = parentOf(focus);
     return focus != XCB_WINDOW_NONE;
@@ -148,10 +152,17 @@ void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) con
 }
 
 void WindowSystem::moveKeyboard(xcb_window_t from, xcb_window_t to) const {
+    giveKeyboardIf([&] { return windowWithKeyboard() == from; }, to);
+}
+
+void WindowSystem::takeKeyboard(xcb_window_t from, xcb_window_t to) const {
+    giveKeyboardIf([&] { return hasKeyboard(from); }, to);
+}
+
+template <typename Condition>
+void WindowSystem::giveKeyboardIf(const Condition& condition, xcb_window_t to) const {
     xcb_grab_server(get());
-    const auto current = owned(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
-    if (current && current->focus == from)
-        xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, to, XCB_CURRENT_TIME);
+    if (condition()) xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, to, XCB_CURRENT_TIME);
     xcb_ungrab_server(get());
     xcb_flush(get());
 }

@@ -45,9 +45,10 @@ class WindowSystem {
     /// Returns the code of the key that produces the symbol without Shift; 0 when there is none.
     [[nodiscard]] xcb_keycode_t keyCodeOf(xcb_keysym_t symbol) const;
     void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
-    /// Gives the keyboard of one window to another one, unless a third one has it. The server does nothing
-    /// else in between.
+    /// Gives the keyboard of one window to another one, unless a third one has it.
     void moveKeyboard(xcb_window_t from, xcb_window_t to) const;
+    /// Does the same, also if a window inside the first one has the keyboard.
+    void takeKeyboard(xcb_window_t from, xcb_window_t to) const;
     /// Sends a click of the left button; the window's owner has it when this returns.
     void click(xcb_window_t window, HostPoint point);
     /// Sends a turn of the mouse's wheel at the point by one notch, or of the wheel across it.
@@ -63,6 +64,10 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t topChild(xcb_window_t window,
                                         const std::function<bool(xcb_window_t)>& counts) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
+    [[nodiscard]] xcb_window_t windowWithKeyboard() const;
+    /// The server does nothing else between the condition and the change.
+    template <typename Condition>
+    void giveKeyboardIf(const Condition& condition, xcb_window_t to) const;
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
     xcb_timestamp_t clicks_ = 0;  ///< the time of the last one, in a time of its own

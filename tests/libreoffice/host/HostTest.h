@@ -84,6 +84,10 @@ class HostTest : public StructureTest {
     static std::string body();
     /// Returns true if the body becomes this one within the time limit of an office.
     static bool bodyBecomes(const std::string& expected);
+    /// Gives the keyboard to the document.
+    static void giveKeyboard() {
+        host().focus([] { return true; });
+    }
     /// Opens a Word document with this body.
     static void openBody(const std::string& bodyXml);
 

@@ -41,7 +41,7 @@ TEST_F(HostedText, LeavesTheKeyboardToTheWindowAroundIt) {
     window().click(TestWindow::kPaneX / 2, 400);
     TestWindow::press("b");
     EXPECT_TRUE(becomesTrue([&] { return window().keysTaken() == 1; }));
-    host().focus();
+    giveKeyboard();
     TestWindow::press("c");
     EXPECT_TRUE(bodyBecomes("ac\n"));
 }
@@ -74,6 +74,27 @@ TEST_F(HostedText, AnOpenedDocumentLeavesTheKeyboardToALaterClick) {
     EXPECT_TRUE(bodyBecomes("c\n"));
 }
 
+/// The office handles a request for the keyboard in steps, which may take long. The user leaves the document
+/// during one of them, by a click or by a key.
+TEST_F(HostedText, ARequestForTheKeyboardIsGivenUpWhenTheDocumentIsLeft) {
+    const auto clickBeside = [] { window().click(TestWindow::kPaneX / 2, 400); };
+    for (const bool isLeftByClick : {true, false}) {
+        for (const int step : {1, 2, 3}) {
+            clickBeside();
+            ASSERT_TRUE(becomesTrue([] { return window().hasKeyboard(); }));
+            int steps = 0;
+            host().focus([&] {
+                if (++steps == step && isLeftByClick) clickBeside();
+                return isLeftByClick || steps < step;
+            });
+            EXPECT_GE(steps, step);
+            EXPECT_TRUE(becomesTrue([] { return window().hasKeyboard(); })) << isLeftByClick << step;
+            giveKeyboard();
+            EXPECT_FALSE(window().hasKeyboard());
+        }
+    }
+}
+
 /// The click on the document comes before the mouse is known to be there, so it is grabbed twice.
 TEST_F(HostedText, AClickAtOnceAfterTheMouseCameFreezesNothing) {
     window().click(TestWindow::kPaneX / 2, 400);
@@ -81,7 +102,7 @@ TEST_F(HostedText, AClickAtOnceAfterTheMouseCameFreezesNothing) {
     ASSERT_TRUE(becomesTrue([&] { return window().keysTaken() > 0; }));
     window().clickInPaneAndTypeAtOnce(kBelowText.x, kBelowText.y, "typed");
     ASSERT_TRUE(becomesTrue([] {
-        host().focus();
+        giveKeyboard();
         TestWindow::press("c");
         return body().find('c') != std::string::npos;
     }));
@@ -171,12 +192,12 @@ TEST_F(HostedText, DropsThatAreUndoneAndRedoneAreUnsavedChanges) {
     load(kField);
     for (const bool isTypedBefore : {true, false}) {
         openBody("<w:p><w:r><w:t>given</w:t></w:r></w:p>");
-        host().focus();
+        giveKeyboard();
         if (isTypedBefore) TestWindow::type("typed");
         ASSERT_TRUE(becomesTrue([&] { return document()->Saved() != isTypedBefore; }));
         ASSERT_TRUE(drop(node("2k")));
         EXPECT_FALSE(document()->Saved());
-        host().focus();
+        giveKeyboard();
         // Polls without beginEditing(), during which keys are not taken.
         TestWindow::press("ctrl+z");
         ASSERT_TRUE(becomesTrue([] { return host().placeNames().empty(); }));

@@ -113,7 +113,7 @@ TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
                                                     {"F5", HostKey::Preview},
                                                     {"F6", HostKey::NextPart},
                                                     {"shift+F6", HostKey::PreviousPart}};
-    host().focus();
+    giveKeyboard();
     for (const auto& [key, meaning] : keys) {
         std::vector<HostKey> reported;
         TestWindow::press(key);
@@ -130,7 +130,7 @@ TEST_F(HostedText, LeavesTheKeysOfTheWindowToTheWindow) {
 TEST_F(HostedText, APreviewLeavesTheDocumentAsItIs) {
     openBody("<w:p><w:r><w:t>Dear</w:t></w:r></w:p>");
     host().setShowsBookmarks(true);
-    host().focus();
+    giveKeyboard();
     TestWindow::press("End");
     TestWindow::type(" all");
     ASSERT_TRUE(becomesTrue([] { return shownBody(host().exportedPackage()) == "Dear all\n"; }));
@@ -140,7 +140,7 @@ TEST_F(HostedText, APreviewLeavesTheDocumentAsItIs) {
                                                     {"alt+Left", HostKey::PreviousRecord}};
     for (const auto& [key, meaning] : keys) {
         host().showPreview(DocumentKind::Word, filled);
-        host().focus();
+        giveKeyboard();
         TestWindow::type("not taken");
         TestWindow::press(key);
         std::vector<HostKey> reported;
@@ -155,7 +155,7 @@ TEST_F(HostedText, APreviewLeavesTheDocumentAsItIs) {
     EXPECT_FALSE(document()->Saved());
     EXPECT_EQ(body(), "Dear all\n");
     EXPECT_TRUE(host().showsBookmarks());
-    host().focus();
+    giveKeyboard();
     TestWindow::press("End");
     TestWindow::type("!");
     EXPECT_TRUE(bodyBecomes("Dear all!\n"));
@@ -216,7 +216,7 @@ TEST_F(HostedText, KeepsTheFormerDocumentWhenAFileCannotBeRead) {
     EXPECT_EQ(errorOf([] { host().Open("/damaged.docx", FileAccess::Edit, {}); }), kFileCouldNotBeRead);
     EXPECT_EQ(errorOf([] { host().Open("/missing.xlsx", FileAccess::Edit, {}); }), kFileCouldNotBeRead);
     EXPECT_EQ(errorOf([] { host().CreateNew("Paint.Picture"); }), kCommandFailed);
-    host().focus();
+    giveKeyboard();
     TestWindow::type("!");
     EXPECT_TRUE(bodyBecomes("Kept!\n"));
 }
