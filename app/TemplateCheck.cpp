@@ -2,7 +2,7 @@
 
 #include "app/ListFormatting.h"
 #include "base/Text.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 
 #include <algorithm>
 #include <set>

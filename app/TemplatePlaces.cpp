@@ -1,7 +1,7 @@
 #include "app/TemplateCheck.h"
 #include "base/Text.h"
 #include "droppers/CellNavigation.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/SelectionCheck.h"
 #include "droppers/SpecialPlaces.h"
 #include "droppers/modWordNormalizeName.h"

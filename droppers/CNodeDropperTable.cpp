@@ -14,6 +14,7 @@
 #include "office/model/word/Range.h"
 #include "office/model/word/Selection.h"
 #include "office/model/word/Table.h"
+#include "office/model/word/TableSize.h"
 #include "xml/TreeView.h"
 #include "xml/modMSXMLHelper.h"
 

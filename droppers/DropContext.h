@@ -4,7 +4,7 @@
 #include "base/Messages.h"
 #include "base/Progress.h"
 #include "base/Text.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/modWordNormalizeName.h"
 #include "xml/XmlNode.h"
 

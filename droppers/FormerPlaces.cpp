@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "droppers/CellNavigation.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/modExcelNamedRangeAdd.h"
 #include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Names.h"

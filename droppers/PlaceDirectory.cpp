@@ -1,7 +1,7 @@
 #include "droppers/PlaceDirectory.h"
 
 #include "base/Text.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/TableBookmark.h"
 #include "droppers/modExcelNormalizeName.h"

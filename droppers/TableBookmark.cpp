@@ -3,7 +3,7 @@
 #include "base/AutomationError.h"
 #include "base/Text.h"
 #include "droppers/CellNavigation.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/SelectionCheck.h"
 #include "droppers/StructureNodes.h"
 #include "droppers/modBookmarkAdd.h"
@@ -122,7 +122,7 @@ excel::DefinedNamePtr nameTable(DropContext& context, excel::Workbook& workbook,
                                 const std::string& refersTo) {
     const excel::NamesPtr names = workbook.Names();
     const bool isFree = !names->Exists(rangeName) || mayMove(*names, rangeName);
-    const PlaceNames further{*names, rangeName, ExcelNormalizeName};
+    const FurtherPlaceNames further{*names, rangeName, ExcelNormalizeName};
     excel::DefinedNamePtr added =
         names->Add(isFree ? rangeName : further.usable(further.firstFreeCounter()), refersTo);
     context.tables.add(added->Name());

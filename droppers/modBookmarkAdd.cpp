@@ -1,7 +1,7 @@
 #include "droppers/modBookmarkAdd.h"
 
 #include "base/Text.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/SelectionCheck.h"
 #include "droppers/modWordNormalizeName.h"
 #include "office/model/word/Bookmarks.h"
@@ -103,7 +103,7 @@ Guards fillRange(word::Document& document, word::Range& range, const TouchingBoo
 /// Returns the bookmark's name for a name, or the first of its further names that no bookmark of the document
 /// has.
 std::string freeName(word::Bookmarks& bookmarks, const std::string& name) {
-    const PlaceNames names{bookmarks, name, WordNormalizeName};
+    const FurtherPlaceNames names{bookmarks, name, WordNormalizeName};
     return names.usable(names.firstFreeCounter());
 }
 

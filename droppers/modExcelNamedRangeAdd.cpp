@@ -1,7 +1,7 @@
 #include "droppers/modExcelNamedRangeAdd.h"
 
 #include "base/AutomationError.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "droppers/modExcelNormalizeName.h"
 #include "office/model/excel/Application.h"
 #include "office/model/excel/Names.h"
@@ -80,7 +80,7 @@ void place(excel::Picture& picture, excel::Range& cell, CellFit fit) {
     fitRow(cell, picture);
 }
 
-using RangeNames = PlaceNames<excel::Names>;
+using RangeNames = FurtherPlaceNames<excel::Names>;
 
 /// Returns the names of a field's places other than the one with that counter. A name that became free may
 /// have taken ones after it.

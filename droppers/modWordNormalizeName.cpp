@@ -1,7 +1,7 @@
 #include "droppers/modWordNormalizeName.h"
 
 #include "base/Text.h"
-#include "droppers/PlaceNames.h"
+#include "droppers/FurtherPlaceNames.h"
 #include "office/model/word/BookmarkName.h"
 
 #include <algorithm>

@@ -116,8 +116,7 @@ bool StructureDocument::read(const ByteReader& bytes, const std::string& name, c
                                      : readStructure(bytes, *document_);
     if (parseError_.reason.empty()) return true;
     document_->reset();
-    parseError_.reason = name + " could not be read, line " + std::to_string(parseError_.line) + ": " +
-                         parseError_.reason + ".";
+    parseError_ = withSentence(parseError_, name);
     return false;
 }
 

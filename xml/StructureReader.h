@@ -1,22 +1,16 @@
 #pragma once
 
+#include "xml/ParseError.h"
 #include "xml/RecordBuilder.h"
 
 #include <cstddef>
 #include <functional>
-#include <string>
 
 namespace pugi {
 class xml_document;
 }
 
 namespace mergeloom {
-
-/// The error in a document. The reason is empty for a document without errors.
-struct ParseError {
-    std::string reason;  ///< from readStructure the parser's words; from a document a whole sentence
-    int line = 0;        ///< from 1; 0 when the document could not be read at all
-};
 
 /// Reads the next bytes of a document into a buffer and returns their number, 0 at the end. May raise an
 /// AutomationError.

@@ -28,11 +28,10 @@ WindowKeyboard::WindowKeyboard(QWidget& window, HostPane& document, DesignerSess
 }
 
 void WindowKeyboard::begin() {
-    holder_.emplace(static_cast<std::uint32_t>(window_.winId()),
-                    static_cast<std::uint32_t>(document_.winId()),
-                    FocusHolder::Events{.documentEntered = [this] { onDocumentEntered(); },
-                                        .documentLeft = [this] { onDocumentLeft(); },
-                                        .activated = [this] { onActivated(); }});
+    input_.emplace(static_cast<std::uint32_t>(window_.winId()), static_cast<std::uint32_t>(document_.winId()),
+                   InputOnlyWindow::Events{.documentEntered = [this] { onDocumentEntered(); },
+                                           .documentLeft = [this] { onDocumentLeft(); },
+                                           .activated = [this] { onActivated(); }});
 }
 
 void WindowKeyboard::goFromDocument(Direction direction) {
@@ -66,7 +65,7 @@ void WindowKeyboard::enter(QWidget& widget) {
     if (&widget == &document_) return enterDocument();
     // First, since the window gives the keyboard to the widget that had it last.
     widget.setFocus(Qt::ShortcutFocusReason);
-    holder_->takeKeyboard();
+    input_->takeKeyboard();
 }
 
 /// The pane passes the keyboard on when it gets it.
@@ -79,7 +78,7 @@ void WindowKeyboard::enterDocument() {
 /// A busy office may have got the keyboard in the meantime.
 void WindowKeyboard::leaveDocument() {
     session_.focus().leave();
-    if (holder_) holder_->takeKeyboard();
+    if (input_) input_->takeKeyboard();
 }
 
 /// Hides the caret of the widget that had the keyboard. The pane does not get the focus: it would pass the

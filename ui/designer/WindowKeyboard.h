@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/designer/FocusHolder.h"
+#include "ui/designer/InputOnlyWindow.h"
 
 #include <QObject>
 #include <QPointer>
@@ -38,7 +38,7 @@ class WindowKeyboard final : public QObject {
     void begin();
     /// Returns the window that has the keyboard while the document does not; 0 for window systems other than
     /// X11.
-    [[nodiscard]] std::uint32_t holder() const { return holder_->id(); }
+    [[nodiscard]] std::uint32_t inputWindow() const { return input_->id(); }
     /// Enters the part next to the document.
     void goFromDocument(Direction direction);
 
@@ -58,7 +58,7 @@ class WindowKeyboard final : public QObject {
     DesignerSession& session_;
     std::vector<Part> parts_;
     QPointer<QWidget> former_;  ///< had the keyboard before the document
-    std::optional<FocusHolder> holder_;
+    std::optional<InputOnlyWindow> input_;
 };
 
 }  // namespace mergeloom

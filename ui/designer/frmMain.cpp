@@ -289,7 +289,7 @@ void frmMain::start() {
 
 void frmMain::startOffice() {
     HostWindow window = area_->pane().hostWindow();
-    window.keyboardId = keyboard_->holder();
+    window.keyboardId = keyboard_->inputWindow();
     session_.start(window);
 }
 

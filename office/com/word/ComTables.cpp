@@ -1,6 +1,7 @@
 #include "office/com/word/ComWordModel.h"
 #include "office/model/word/Range.h"
 #include "office/model/word/Table.h"
+#include "office/model/word/TableSize.h"
 
 namespace mergeloom::com {
 
@@ -95,7 +96,7 @@ class ComTables final : public word::Tables {
     int Count() override { return tables_.get("Count").integer(); }
     word::TablePtr Item(int number) override { return make(tables_.object("Table", "Item", {number})); }
     word::TablePtr Add(word::Range& range, int rows, int columns) override {
-        checkSize(rows, columns);
+        word::checkTableSize(rows, columns);
         return make(tables_.callForObject("Table", "Add",
                                           {{"Range", model_->referenceOf(range)},
                                            {"NumRows", rows},

@@ -4,6 +4,7 @@
 #include "office/embedded/text/RangeContents.h"
 #include "office/embedded/word/EmbeddedRange.h"
 #include "office/embedded/word/TextArea.h"
+#include "office/model/word/TableSize.h"
 
 #include <algorithm>
 #include <optional>
@@ -191,7 +192,7 @@ const std::vector<TablePtr>& EmbeddedTables::tables() {
 }
 
 word::TablePtr EmbeddedTables::Add(word::Range& range, int rows, int columns) {
-    checkSize(rows, columns);
+    word::checkTableSize(rows, columns);
     Story& story = place_.content->storyNamed(range.storyName());
     place_.content->beginEdit(story, range.Start(), range.Start());
     const TableShape shape{rows, columns, textAreaWidth(story, range.Start()).value / kEmuPerTwip,

@@ -7,6 +7,7 @@
 #include "office/libreoffice/word/TextPortions.h"
 #include "office/libreoffice/word/WriterCells.h"
 #include "office/libreoffice/word/WriterRange.h"
+#include "office/model/word/TableSize.h"
 
 #include <algorithm>
 #include <com/sun/star/text/XParagraphCursor.hpp>
@@ -118,7 +119,7 @@ class WriterTables final : public word::Tables {
         return made(range_ ? range_->story : content_->model().body, tables()[index]);
     }
     word::TablePtr Add(word::Range& range, int rows, int columns) override {
-        checkSize(rows, columns);
+        word::checkTableSize(rows, columns);
         return content_->call([&] {
             const RangePtr place = content_->linkedTo(range);
             return made(place->story, insertTable(*content_, *place, rows, columns));

@@ -4,7 +4,6 @@
 #include "office/model/word/Forward.h"
 
 #include <cstddef>
-#include <string>
 
 namespace mergeloom::word {
 
@@ -69,15 +68,6 @@ class Table : public Object {
     virtual void Delete() = 0;
 };
 
-/// The number of columns that Word allows in a table.
-inline constexpr std::size_t kMaxTableColumns = 63;
-
-/// Returns the sentence that refuses a table with more columns.
-inline std::string tooManyColumns(std::size_t columns) {
-    return "A Word table has at most " + std::to_string(kMaxTableColumns) + " columns; " +
-           std::to_string(columns) + " were asked for.";
-}
-
 /// The tables that a range touches (inside a table, that table) or those of a document's body, in order.
 class Tables : public Counted {
   public:
@@ -91,12 +81,6 @@ class Tables : public Counted {
   protected:
     std::size_t indexOf(int number) {
         return Counted::indexOf(number, kMemberNotFound, "There is no such table.");
-    }
-    /// Raises kCommandFailed for a size that no new table can have.
-    static void checkSize(int rows, int columns) {
-        if (columns > static_cast<int>(kMaxTableColumns))
-            throw AutomationError(kCommandFailed, tooManyColumns(static_cast<std::size_t>(columns)));
-        if (rows < 1 || columns < 1) throw AutomationError(kCommandFailed, "A table needs rows and columns.");
     }
 };
 

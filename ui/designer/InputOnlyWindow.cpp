@@ -1,4 +1,4 @@
-#include "ui/designer/FocusHolder.h"
+#include "ui/designer/InputOnlyWindow.h"
 
 #include <QGuiApplication>
 #include <cstdlib>
@@ -21,57 +21,57 @@ bool isForInnerWindow(const xcb_focus_in_event_t& event) {
 
 }  // namespace
 
-FocusHolder::FocusHolder(std::uint32_t window, std::uint32_t pane, Events events)
+InputOnlyWindow::InputOnlyWindow(std::uint32_t window, std::uint32_t pane, Events events)
     : window_(window), pane_(pane), events_(std::move(events)) {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr) return;
     connection_ = x11->connection();
-    makeHolder();
+    makeWindow();
     qApp->installNativeEventFilter(this);
     takeFocus();
 }
 
-FocusHolder::~FocusHolder() {
+InputOnlyWindow::~InputOnlyWindow() {
     if (connection_ == nullptr) return;
     qApp->removeNativeEventFilter(this);
-    xcb_destroy_window(connection_, holder_);
+    xcb_destroy_window(connection_, id_);
     xcb_flush(connection_);
 }
 
-void FocusHolder::makeHolder() {
+void InputOnlyWindow::makeWindow() {
     constexpr std::int16_t kOutOfSight = -1;
     constexpr std::uint32_t kEvents =
         XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_FOCUS_CHANGE;
-    holder_ = xcb_generate_id(connection_);
-    xcb_create_window(connection_, 0, holder_, window_, kOutOfSight, kOutOfSight, 1, 1, 0,
+    id_ = xcb_generate_id(connection_);
+    xcb_create_window(connection_, 0, id_, window_, kOutOfSight, kOutOfSight, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &kEvents);
-    xcb_map_window(connection_, holder_);
+    xcb_map_window(connection_, id_);
     xcb_flush(connection_);
 }
 
-/// Moves the focus from the window to the holder, unless another window has it by now. Grabs the server, so
-/// that no click gives the focus to the document between the question and the move.
-void FocusHolder::takeFocus() const {
+/// Moves the focus from the held window to this one, unless another window has it by now. Grabs the server,
+/// so that no click gives the focus to the document between the question and the move.
+void InputOnlyWindow::takeFocus() const {
     xcb_grab_server(connection_);
     const std::unique_ptr<xcb_get_input_focus_reply_t, void (*)(void*)> current(
         xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr), std::free);
     if (current && current->focus == window_)
-        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, holder_, XCB_CURRENT_TIME);
+        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, id_, XCB_CURRENT_TIME);
     xcb_ungrab_server(connection_);
     xcb_flush(connection_);
 }
 
-void FocusHolder::takeKeyboard() const {
+void InputOnlyWindow::takeKeyboard() const {
     if (connection_ == nullptr) return;
-    xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, holder_, XCB_CURRENT_TIME);
+    xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, id_, XCB_CURRENT_TIME);
     xcb_flush(connection_);
 }
 
-bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) {
+bool InputOnlyWindow::handleFocusIn(xcb_focus_in_event_t& event) {
     if (isOfGrab(event)) return true;
     if (event.event == pane_ && isForInnerWindow(event)) events_.documentEntered();
-    if (event.event == holder_) {
-        reportHolder(event);
+    if (event.event == id_) {
+        reportFocus(event);
         event.event = window_;
         return false;
     }
@@ -82,28 +82,28 @@ bool FocusHolder::handleFocusIn(xcb_focus_in_event_t& event) {
 }
 
 /// A window manager also gives the focus to the window when the user clicks in it while the document has it.
-void FocusHolder::reportHolder(const xcb_focus_in_event_t& event) {
+void InputOnlyWindow::reportFocus(const xcb_focus_in_event_t& event) {
     const bool isActivated = event.detail == XCB_NOTIFY_DETAIL_ANCESTOR && isFromOutside_;
     isActivated ? events_.activated() : events_.documentLeft();
 }
 
-/// Between the window and the holder the focus moves for a moment only.
-bool FocusHolder::handleFocusOut(xcb_focus_out_event_t& event) const {
+/// Between the held window and this one the focus moves for a moment only.
+bool InputOnlyWindow::handleFocusOut(xcb_focus_out_event_t& event) const {
     if (isOfGrab(event)) return true;
     if (event.event == window_) return event.detail == XCB_NOTIFY_DETAIL_INFERIOR;
-    if (event.event != holder_) return false;
+    if (event.event != id_) return false;
     event.event = window_;
     return event.detail == XCB_NOTIFY_DETAIL_ANCESTOR;
 }
 
-bool FocusHolder::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
+bool InputOnlyWindow::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
     constexpr std::uint8_t kKind = 0x7f;
     auto* const event = static_cast<xcb_generic_event_t*>(message);
     switch (event->response_type & kKind) {
         case XCB_KEY_PRESS:
         case XCB_KEY_RELEASE: {
             auto* const key = static_cast<xcb_key_press_event_t*>(message);
-            if (key->event == holder_) key->event = window_;
+            if (key->event == id_) key->event = window_;
             return false;
         }
         case XCB_FOCUS_IN:

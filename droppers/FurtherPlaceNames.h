@@ -65,9 +65,9 @@ inline std::string withoutPlaceCounter(const std::string& name) {
 /// The names that a place may have: its own and, while that is taken, further ones that end in a counter
 /// from 1. The collection holds the bookmarks of a document or the names of a workbook.
 template <class Collection>
-class PlaceNames {
+class FurtherPlaceNames {
   public:
-    PlaceNames(Collection& taken, std::string name, NameRule normalize)
+    FurtherPlaceNames(Collection& taken, std::string name, NameRule normalize)
         : taken_(taken), name_(std::move(name)), usable_(normalize(name_, false)), normalize_(normalize) {}
 
     /// Returns the counter of the first free name; 0 for the name itself.
