@@ -140,8 +140,8 @@ class DocumentHost {
     /// Gives the keyboard to the document, unless the user has left it again. An office may need long for
     /// it, so isWanted is called several times, on the caller's thread.
     virtual void focus(const std::function<bool()>& isWanted) = 0;
-    /// Does the same after another window had the keyboard, unless the last click in the window around the
-    /// document was beside it.
+    /// Does the same after another window had the keyboard, unless the user had left the document before or a
+    /// dialog of the office is open.
     virtual void focusAgain(const std::function<bool()>& isWanted) = 0;
     /// Begins the opening of a document or of a preview, which ends with focusOpened. CreateNew and Open also
     /// begin one; the start of an office belongs to that of its first document.

@@ -184,16 +184,13 @@ class InWord(DesignerTest):
         self.click_search()
         self.enter_document()
         wait_for("the search without the focus", is_left)
-        top, document = xdotool("getactivewindow").strip(), xdotool("getwindowfocus", "-f").strip()
-        key("F6")
-        self.wait_for_focus(BUTTON, "Help")
-        key("F6")
-        self.wait_for_focus("text", "Search:")
+        top, place = xdotool("getactivewindow").strip(), designer.document()
+        self.click_search()
         designer.process.send_signal(signal.SIGSTOP)
         try:
             # The focus moves to the window and on to the document before the program notices either step.
             xdotool("windowfocus", top)
-            xdotool("windowfocus", document)
+            click(place)
         finally:
             designer.process.send_signal(signal.SIGCONT)
         wait_for("the search without the focus again", is_left)
@@ -223,6 +220,18 @@ class InWord(DesignerTest):
         self.assertFalse(document_has_keyboard())
         type_text("contact")
         wait_for("the result", lambda: not find(designer.application, "table cell", "Priority"))
+
+    def test_a_click_while_a_preview_is_made_counts(self):
+        designer = self.start()
+        self.drop("Customer")
+        designer.select("Priority")
+        with designer.stopped_office():
+            key("F5")
+            wait_for("the busy window", lambda: find(designer.application, "progress bar"))
+            click(middle(designer.element("text", "Search:")))
+        wait_for("the preview", lambda: designer.status().startswith("Record 1"))
+        self.wait_for_focus("text", "Search:")
+        self.assertFalse(document_has_keyboard())
 
     def has_office(self):
         try:

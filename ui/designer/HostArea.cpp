@@ -94,7 +94,7 @@ void HostPane::focusInEvent(QFocusEvent* event) {
     event->reason() == Qt::ActiveWindowFocusReason ? Q_EMIT returned() : Q_EMIT focused();
 }
 
-/// The document has its focus without the pane, whose window is inactive then.
+/// A menu and another window give the focus back to the pane.
 void HostPane::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     const Qt::FocusReason reason = event->reason();

@@ -103,7 +103,8 @@ void WindowKeyboard::onDocumentLeft() {
 /// it to the first widget.
 void WindowKeyboard::onActivated() {
     const QWidget* const present = window_.focusWidget();
-    if (present == nullptr || present == &document_) session_.focus().enterAgain();
+    if (present == nullptr) return document_.setFocus(Qt::ActiveWindowFocusReason);
+    if (present == &document_) session_.focus().enterAgain();
 }
 
 }  // namespace mergeloom

@@ -52,6 +52,8 @@ ClickFocus::ClickFocus(const HostWindow& host, HostListener& listener)
         kFocus | XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
     xcb_change_window_attributes(windows_.get(), host_, XCB_CW_EVENT_MASK, &kFocusAndMouse);
     if (top_ != host_) xcb_change_window_attributes(windows_.get(), top_, XCB_CW_EVENT_MASK, &kFocus);
+    if (keyboard_ != top_)
+        xcb_change_window_attributes(windows_.get(), keyboard_, XCB_CW_EVENT_MASK, &kFocus);
     grabClicks(host_, kEveryModifier);
     grabClicksAround();
     findKeys();
@@ -134,6 +136,7 @@ void ClickFocus::handle(const xcb_generic_event_t& event) {
     if (kind == XCB_FOCUS_IN) {
         const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
         passOn(focus);
+        noteLeaving(focus);
         takeBack(focus);
     }
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
@@ -147,19 +150,29 @@ void ClickFocus::passOn(const xcb_focus_in_event_t& event) const {
     if (isGiven && keyboard_ != top_) windows_.moveKeyboard(top_, keyboard_);
 }
 
+/// The window takes the keyboard from the office when the user leaves it by a key. The event may be older
+/// than the last time that the office was given it.
+void ClickFocus::noteLeaving(const xcb_focus_in_event_t& event) {
+    if (event.event != keyboard_ || event.detail != XCB_NOTIFY_DETAIL_NONLINEAR) return;
+    const std::lock_guard lock(mutex_);
+    if (!isGiving_) mayOfficeTakeKeyboard_ = false;
+}
+
 /// A busy office takes the keyboard long after it was asked to, or when it has opened a document. A later
 /// click counts more.
-void ClickFocus::takeBack(const xcb_focus_in_event_t& event) const {
+void ClickFocus::takeBack(const xcb_focus_in_event_t& event) {
     const bool isForOffice = event.event == host_ && (event.detail == XCB_NOTIFY_DETAIL_VIRTUAL ||
                                                       event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL);
     if (!isForOffice) return;
     const std::lock_guard lock(mutex_);
+    isGiving_ = false;
     if (!mayOfficeTakeKeyboard_) windows_.takeKeyboard(host_, keyboard_);
 }
 
 void ClickFocus::giveKeyboard(xcb_window_t inner) {
     const std::lock_guard lock(mutex_);
     mayOfficeTakeKeyboard_ = true;
+    isGiving_ = !windows_.hasKeyboard(host_);
     windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
 }
 

@@ -28,7 +28,7 @@ class ClickFocus {
     /// Return the numbers of clicks on the office and beside it until now.
     [[nodiscard]] std::uint32_t clicksOnOffice() const { return clicksOnOffice_; }
     [[nodiscard]] std::uint32_t clicksBeside() const { return clicksBeside_; }
-    /// Returns false after a click beside the office, until it is given the keyboard.
+    /// Returns false after the user has left the office, until it is given the keyboard.
     [[nodiscard]] bool mayOfficeTakeKeyboard() const {
         const std::lock_guard lock(mutex_);
         return mayOfficeTakeKeyboard_;
@@ -59,7 +59,8 @@ class ClickFocus {
     void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
     void passOn(const xcb_focus_in_event_t& event) const;
-    void takeBack(const xcb_focus_in_event_t& event) const;
+    void noteLeaving(const xcb_focus_in_event_t& event);
+    void takeBack(const xcb_focus_in_event_t& event);
     void report(const xcb_key_press_event_t& key);
 
     WindowSystem windows_;
@@ -72,7 +73,9 @@ class ClickFocus {
     std::vector<Key> keys_;  ///< those of the window
     std::atomic<bool> isEnabled_ = true;
     mutable std::mutex mutex_;
-    bool mayOfficeTakeKeyboard_ = true;  ///< by itself; guarded by mutex_
+    // The mutex guards these.
+    bool mayOfficeTakeKeyboard_ = true;  ///< by itself
+    bool isGiving_ = false;              ///< the event of its keyboard has not come yet
     std::atomic<std::uint32_t> clicksOnOffice_ = 0;
     std::atomic<std::uint32_t> clicksBeside_ = 0;
     std::optional<WindowEvents> events_;  ///< ends first

@@ -105,7 +105,8 @@ DocumentReference LibreOfficeHost::frontDocument() {
 
 /// The clicks since the start of the office belong to the opening of the first document.
 void LibreOfficeHost::beginOpening() {
-    if (call([this] { return front() != nullptr; })) clicksBeforeOpening_ = focus_->clicksBeside();
+    const std::uint32_t clicks = focus_->clicksBeside();
+    if (call([this] { return front() != nullptr; })) clicksBeforeOpening_ = clicks;
 }
 
 void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
@@ -357,7 +358,7 @@ void LibreOfficeHost::focus(const std::function<bool()>& isWanted) {
 }
 
 void LibreOfficeHost::focusAgain(const std::function<bool()>& isWanted) {
-    if (focus_->mayOfficeTakeKeyboard()) focus(isWanted);
+    if (focus_->mayOfficeTakeKeyboard() && !hasOpenDialog()) focus(isWanted);
 }
 
 void LibreOfficeHost::focusOpened() {
