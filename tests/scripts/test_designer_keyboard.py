@@ -81,6 +81,27 @@ class InWord(DesignerTest):
         key("Insert")
         self.wait_for_insertion("Customer")
 
+    def test_a_click_counts_before_the_document_has_its_keyboard_again(self):
+        """The window manager gives the window the focus at each click. A busy window notices that after the document
+        was given it."""
+        designer = self.start()
+        self.drop("Customer")
+        place = designer.document()
+        for typed in "12345":
+            wait_for("the keyboard in the document", document_has_keyboard)
+            type_text(typed)
+            key("F1")
+            wait_for("the help", lambda: designer.help_topic() == "Drag a field")
+            with designer.stopped_office():
+                self.close_help()
+                designer.wait_until_active()
+                with stopped(designer.process.pid):
+                    xdotool("key", "--delay", 0, *["a"] * 1000)
+                    click(place)
+        wait_for("the keyboard in the document", document_has_keyboard)
+        text = "".join(read_docx.read_paragraphs(self.save_as("clicked.docx")))
+        self.assertEqual(sorted(text.replace("CustomerID", "").strip()), list("12345"))
+
     def click_search(self):
         search = self.designer.element("text", "Search:")
         click(middle(search))

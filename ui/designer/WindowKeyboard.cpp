@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeySequence>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <utility>
 
 namespace mergeloom {
@@ -91,10 +92,12 @@ void WindowKeyboard::onDocumentEntered() {
 }
 
 /// After a click on something without a focus, and after an office that was too late, the widget before has
-/// the keyboard again. A click on another widget follows this.
+/// the keyboard again. A click on another widget follows this. The pane does not take the keyboard: the
+/// window has it already, or the document has got it again by a click in the meantime.
 void WindowKeyboard::onDocumentLeft() {
     QWidget* const present = window_.focusWidget();
     if (present != nullptr && present != &document_) return;
+    const QSignalBlocker withoutTaking(document_);
     if (former_) return former_->setFocus(Qt::OtherFocusReason);
     if (present != nullptr) present->clearFocus();
 }
