@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 
@@ -66,8 +67,9 @@ TEST_F(OfficeConnectionTest, leavesNoAnswerToAnotherOffice) {
 
 TEST_F(OfficeConnectionTest, endsAnOfficeThatHangs) {
     EXPECT_EQ(errorOfAsking().number(), 0U);
-    const auto start = std::chrono::steady_clock::now();
     ::kill(-session.process().group(), SIGSTOP);
+    ASSERT_TRUE(becomesTrue([this] { return std::ranges::all_of(temporary.processes(), isStopped); }));
+    const auto start = std::chrono::steady_clock::now();
     const AutomationError error = errorOfAsking();
     EXPECT_EQ(error.number(), kNotAvailable);
     EXPECT_THAT(error.description(), HasSubstr("did not answer within 10 seconds and was ended"));

@@ -5,6 +5,7 @@
 #include <signal.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -56,6 +57,18 @@ inline std::vector<pid_t> processesNaming(const std::string& text) {
         if (commandLine(process).find(text) != std::string::npos) found.push_back(process);
     }
     return found;
+}
+
+/// Returns true if all threads of a process are stopped. A signal that stops it does so a little later.
+inline bool isStopped(pid_t process) {
+    for (const auto& thread :
+         std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+        std::ostringstream text;
+        text << std::ifstream(thread.path() / "stat").rdbuf();
+        // The state is the field after the name, which is in parentheses.
+        if (!text.view().substr(text.view().rfind(')') + 1).starts_with(" T")) return false;
+    }
+    return true;
 }
 
 template <typename Condition>

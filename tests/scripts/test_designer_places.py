@@ -81,15 +81,16 @@ class InWord(PlacesTest):
         self.assertEqual(designer.full_title(), title)
         point_at(designer.corner())
         wait_for("the tip's end", lambda: not find(designer.application, "tool tip"))
-        marked = pixels(*self.around(place))
+        marked = pixels(*self.before(place))
         designer.choose("Fields", "Show Places")
-        wait_for("the text without marks", lambda: pixels(*self.around(place)) != marked)
+        wait_for("the text without marks", lambda: pixels(*self.before(place)) != marked)
         designer.choose("Fields", "Show Places")
-        wait_for("the marks", lambda: pixels(*self.around(place)) == marked)
+        wait_for("the marks", lambda: pixels(*self.before(place)) == marked)
 
     @staticmethod
-    def around(place):
-        return place[0] - 120, place[1] - 12, 200, 24
+    def before(place):
+        """Returns a box around the beginning of the text that ends at the place. The caret after the text blinks."""
+        return place[0] - 120, place[1] - 12, 120, 24
 
     def test_keys_lead_to_the_list_and_to_the_menu(self):
         designer = self.start()

@@ -136,7 +136,7 @@ void ClickFocus::handle(const xcb_generic_event_t& event) {
     if (kind == XCB_FOCUS_IN) {
         const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
         passOn(focus);
-        noteLeaving(focus);
+        noteLeaving(focus, event.full_sequence);
         takeBack(focus);
     }
     if (kind == XCB_KEY_PRESS) report(reinterpret_cast<const xcb_key_press_event_t&>(event));
@@ -152,10 +152,10 @@ void ClickFocus::passOn(const xcb_focus_in_event_t& event) const {
 
 /// The window takes the keyboard from the office when the user leaves it by a key. The event may be older
 /// than the last time that the office was given it.
-void ClickFocus::noteLeaving(const xcb_focus_in_event_t& event) {
+void ClickFocus::noteLeaving(const xcb_focus_in_event_t& event, std::uint32_t request) {
     if (event.event != keyboard_ || event.detail != XCB_NOTIFY_DETAIL_NONLINEAR) return;
     const std::lock_guard lock(mutex_);
-    if (!isGiving_) mayOfficeTakeKeyboard_ = false;
+    if (request >= given_) mayOfficeTakeKeyboard_ = false;
 }
 
 /// A busy office takes the keyboard long after it was asked to, or when it has opened a document. A later
@@ -165,15 +165,14 @@ void ClickFocus::takeBack(const xcb_focus_in_event_t& event) {
                                                       event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL);
     if (!isForOffice) return;
     const std::lock_guard lock(mutex_);
-    isGiving_ = false;
     if (!mayOfficeTakeKeyboard_) windows_.takeKeyboard(host_, keyboard_);
 }
 
 void ClickFocus::giveKeyboard(xcb_window_t inner) {
     const std::lock_guard lock(mutex_);
     mayOfficeTakeKeyboard_ = true;
-    isGiving_ = !windows_.hasKeyboard(host_);
-    windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
+    if (isKeyboardBeside()) return;
+    given_ = windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
 }
 
 void ClickFocus::takeKeyboard() {
@@ -201,7 +200,7 @@ void ClickFocus::follow(const xcb_button_press_event_t& click) {
         ++clicksOnOffice_;
         mayOfficeTakeKeyboard_ = true;
         const xcb_window_t inner = windows_.innerWindow(host_);
-        if (isEnabled_ && inner != XCB_WINDOW_NONE) windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
+        if (isEnabled_ && inner != XCB_WINDOW_NONE) given_ = windows_.giveKeyboardTo(inner, XCB_CURRENT_TIME);
     } else if (!windows_.isMouseOver(host_)) {
         ++clicksBeside_;
         mayOfficeTakeKeyboard_ = false;

@@ -33,7 +33,9 @@ class ClickFocus {
         const std::lock_guard lock(mutex_);
         return mayOfficeTakeKeyboard_;
     }
-    /// Gives the keyboard to the office's window.
+    /// Returns true if another window of the program that shows the office has the keyboard.
+    [[nodiscard]] bool isKeyboardBeside() const { return windows_.isKeyboardBeside(top_); }
+    /// Gives the keyboard to the office's window, unless another window of the program has it.
     void giveKeyboard(xcb_window_t inner);
     /// Takes the keyboard from the office, also when it takes it later.
     void takeKeyboard();
@@ -59,7 +61,7 @@ class ClickFocus {
     void handle(const xcb_generic_event_t& event);
     void follow(const xcb_button_press_event_t& click);
     void passOn(const xcb_focus_in_event_t& event) const;
-    void noteLeaving(const xcb_focus_in_event_t& event);
+    void noteLeaving(const xcb_focus_in_event_t& event, std::uint32_t request);
     void takeBack(const xcb_focus_in_event_t& event);
     void report(const xcb_key_press_event_t& key);
 
@@ -75,7 +77,7 @@ class ClickFocus {
     mutable std::mutex mutex_;
     // The mutex guards these.
     bool mayOfficeTakeKeyboard_ = true;  ///< by itself
-    bool isGiving_ = false;              ///< the event of its keyboard has not come yet
+    std::uint32_t given_ = 0;            ///< the last request that gave it the keyboard
     std::atomic<std::uint32_t> clicksOnOffice_ = 0;
     std::atomic<std::uint32_t> clicksBeside_ = 0;
     std::optional<WindowEvents> events_;  ///< ends first

@@ -365,7 +365,8 @@ void LibreOfficeHost::focusOpened() {
     giveKeyboard([this] { return focus_->clicksBeside() == clicksBeforeOpening_; });
 }
 
-/// Waits for the window's focus first: an office that takes the focus earlier gives it away again.
+/// Waits for the window's focus first: an office that takes the focus earlier gives it away again. A busy
+/// office may be so late that another window of ours has been opened.
 void LibreOfficeHost::giveKeyboard(const std::function<bool()>& isWanted) {
     const xcb_window_t inner = innerWindow();
     if (inner == XCB_WINDOW_NONE || !isWanted()) return;
@@ -375,7 +376,7 @@ void LibreOfficeHost::giveKeyboard(const std::function<bool()>& isWanted) {
         handleEvents();
         const HostFrame* const preview = filled_.frame();
         const HostFrame* const frame = preview != nullptr ? preview : front();
-        if (frame != nullptr && isWanted()) frame->focus();
+        if (frame != nullptr && isWanted() && !focus_->isKeyboardBeside()) frame->focus();
     });
     if (!isWanted() && focus_->clicksOnOffice() == clicks) focus_->takeKeyboard();
 }

@@ -58,10 +58,14 @@ xcb_window_t WindowSystem::innerWindow(xcb_window_t host) const {
     return embedWindow == XCB_WINDOW_NONE ? embedWindow : officeWindowIn(embedWindow);
 }
 
-/// The server gives each client a range of identifiers of its own.
 xcb_window_t WindowSystem::officeWindowIn(xcb_window_t embedWindow) const {
+    return topChild(embedWindow, [&](xcb_window_t child) { return !areOfOneProgram(child, embedWindow); });
+}
+
+/// The server gives each client a range of identifiers of its own.
+bool WindowSystem::areOfOneProgram(xcb_window_t one, xcb_window_t other) const {
     const std::uint32_t client = ~xcb_get_setup(get())->resource_id_mask;
-    return topChild(embedWindow, [=](xcb_window_t child) { return ((child ^ embedWindow) & client) != 0; });
+    return ((one ^ other) & client) == 0;
 }
 
 xcb_window_t WindowSystem::topChild(xcb_window_t window,
@@ -116,11 +120,19 @@ xcb_window_t WindowSystem::windowWithKeyboard() const {
     return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
+bool WindowSystem::isIn(xcb_window_t window, xcb_window_t outer) const {
+    while (window != XCB_WINDOW_NONE && window != outer)
+        window = parentOf(window);
+    return window != XCB_WINDOW_NONE;
+}
+
 bool WindowSystem::hasKeyboard(xcb_window_t window) const {
-    xcb_window_t focus = windowWithKeyboard();
-    while (focus != XCB_WINDOW_NONE && focus != window)
-        focus = parentOf(focus);
-    return focus != XCB_WINDOW_NONE;
+    return isIn(windowWithKeyboard(), window);
+}
+
+bool WindowSystem::isKeyboardBeside(xcb_window_t topWindow) const {
+    const xcb_window_t focus = windowWithKeyboard();
+    return areOfOneProgram(focus, topWindow) && !isIn(focus, topWindow);
 }
 
 bool WindowSystem::isMouseOver(xcb_window_t window) const {
@@ -146,9 +158,10 @@ xcb_keycode_t WindowSystem::keyCodeOf(xcb_keysym_t symbol) const {
     return 0;
 }
 
-void WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const {
-    xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, window, time);
+std::uint32_t WindowSystem::giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const {
+    const xcb_void_cookie_t request = xcb_set_input_focus(get(), XCB_INPUT_FOCUS_PARENT, window, time);
     waitForServer();
+    return request.sequence;
 }
 
 void WindowSystem::moveKeyboard(xcb_window_t from, xcb_window_t to) const {

@@ -39,12 +39,15 @@ class WindowSystem {
     [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
     /// Returns true if keys go to the window or to one inside it.
     [[nodiscard]] bool hasKeyboard(xcb_window_t window) const;
+    /// Returns true if keys go to another top-level window of the program that has made this one.
+    [[nodiscard]] bool isKeyboardBeside(xcb_window_t topWindow) const;
     /// Returns true if the mouse is over the window.
     [[nodiscard]] bool isMouseOver(xcb_window_t window) const;
 
     /// Returns the code of the key that produces the symbol without Shift; 0 when there is none.
     [[nodiscard]] xcb_keycode_t keyCodeOf(xcb_keysym_t symbol) const;
-    void giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
+    /// Returns the number of the request. Events that the server sent before have lower ones.
+    std::uint32_t giveKeyboardTo(xcb_window_t window, xcb_timestamp_t time) const;
     /// Gives the keyboard of one window to another one, unless a third one has it.
     void moveKeyboard(xcb_window_t from, xcb_window_t to) const;
     /// Does the same, also if a window inside the first one has the keyboard.
@@ -65,6 +68,10 @@ class WindowSystem {
                                         const std::function<bool(xcb_window_t)>& counts) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
     [[nodiscard]] xcb_window_t windowWithKeyboard() const;
+    /// Returns true if one program has made both windows.
+    [[nodiscard]] bool areOfOneProgram(xcb_window_t one, xcb_window_t other) const;
+    /// Returns true if the windows are the same, or if the first one is inside the second.
+    [[nodiscard]] bool isIn(xcb_window_t window, xcb_window_t outer) const;
     /// The server does nothing else between the condition and the change.
     template <typename Condition>
     void giveKeyboardIf(const Condition& condition, xcb_window_t to) const;

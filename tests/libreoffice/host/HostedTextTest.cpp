@@ -95,6 +95,27 @@ TEST_F(HostedText, ARequestForTheKeyboardIsGivenUpWhenTheDocumentIsLeft) {
     }
 }
 
+/// A dialog may be opened during each of the steps.
+TEST_F(HostedText, ADocumentDoesNotTakeTheKeyboardOfADialog) {
+    for (const int step : {1, 2}) {
+        giveKeyboard();
+        int steps = 0;
+        host().focus([&] {
+            if (++steps == step) window().giveKeyboardToDialog();
+            return true;
+        });
+        ASSERT_GE(steps, step);
+        EXPECT_TRUE(window().hasDialogKeyboard()) << step;
+        host().focusOpened();
+        EXPECT_TRUE(window().hasDialogKeyboard()) << step;
+        window().giveKeyboard();
+        host().focusAgain([] { return true; });
+        EXPECT_FALSE(window().hasDialogKeyboard());
+        TestWindow::press("c");
+        EXPECT_TRUE(bodyBecomes(std::string(static_cast<std::size_t>(step), 'c') + "\n"));
+    }
+}
+
 /// The click on the document comes before the mouse is known to be there, so it is grabbed twice.
 TEST_F(HostedText, AClickAtOnceAfterTheMouseCameFreezesNothing) {
     window().click(TestWindow::kPaneX / 2, 400);

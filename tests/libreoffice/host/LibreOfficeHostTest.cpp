@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <functional>
 #include <thread>
 
@@ -20,10 +21,22 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using namespace std::chrono_literals;
 
+std::vector<pid_t> officeProcesses() {
+    std::vector<pid_t> processes = processesNaming("mergeloom-office-");
+    std::erase_if(processes, [](pid_t process) {
+        return commandLine(process).find("-" + std::to_string(::getpid()) + ";") == std::string::npos;
+    });
+    return processes;
+}
+
 void signalOffice(int number) {
-    for (const pid_t process : processesNaming("mergeloom-office-"))
-        if (commandLine(process).find("-" + std::to_string(::getpid()) + ";") != std::string::npos)
-            ::kill(process, number);
+    for (const pid_t process : officeProcesses())
+        ::kill(process, number);
+}
+
+bool stopOffice() {
+    signalOffice(SIGSTOP);
+    return becomesTrue([] { return std::ranges::all_of(officeProcesses(), isStopped); });
 }
 
 ErrorNumber errorOf(const std::function<void()>& call) {
@@ -190,7 +203,7 @@ TEST_F(HostedText, CallsThatWaitInterruptIdleTasks) {
     };
     window().watchPaintingInside();
     for (const Case& c : cases) {
-        signalOffice(SIGSTOP);
+        ASSERT_TRUE(stopOffice());
         std::thread caller(c.call);
         const bool interrupts = becomesTrue([] { return window().wasSentPainting(); });
         signalOffice(SIGCONT);

@@ -25,6 +25,10 @@ class TestWindow {
         top_ = make(screen.root, 0, kWidth, kHeight);
         pane_ = make(top_, kPaneX, kPaneWidth, kPaneHeight);
         keyboard_ = make(top_, -1, 1, 1);
+        dialog_ = make(screen.root, -1, 1, 1);
+        const std::uint32_t withoutManager[] = {1};
+        xcb_change_window_attributes(connection_, dialog_, XCB_CW_OVERRIDE_REDIRECT, withoutManager);
+        xcb_map_window(connection_, dialog_);
         const std::uint32_t events[] = {XCB_EVENT_MASK_KEY_PRESS};
         xcb_change_window_attributes(connection_, keyboard_, XCB_CW_EVENT_MASK, events);
         xcb_map_window(connection_, keyboard_);
@@ -78,16 +82,12 @@ class TestWindow {
         return wasSent;
     }
     /// Gives the keyboard to the window itself, as a window manager does.
-    void giveKeyboard() const {
-        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, top_, XCB_CURRENT_TIME);
-        xcb_flush(connection_);
-    }
+    void giveKeyboard() const { giveKeyboardTo(top_); }
+    /// Gives it to another window of this program.
+    void giveKeyboardToDialog() const { giveKeyboardTo(dialog_); }
     /// Returns true if the part of the window that receives keys instead of the document has the keyboard.
-    [[nodiscard]] bool hasKeyboard() const {
-        const auto current =
-            owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
-        return current && current->focus == keyboard_;
-    }
+    [[nodiscard]] bool hasKeyboard() const { return windowWithKeyboard() == keyboard_; }
+    [[nodiscard]] bool hasDialogKeyboard() const { return windowWithKeyboard() == dialog_; }
     /// Returns the number of keys that this part has received since the last call.
     int keysTaken() const {
         int keys = 0;
@@ -114,6 +114,16 @@ class TestWindow {
     template <typename Reply>
     static std::unique_ptr<Reply, void (*)(void*)> owned(Reply* reply) {
         return {reply, std::free};
+    }
+    /// The window has the keyboard when this returns.
+    void giveKeyboardTo(xcb_window_t window) const {
+        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+        (void)windowWithKeyboard();
+    }
+    [[nodiscard]] xcb_window_t windowWithKeyboard() const {
+        const auto current =
+            owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+        return current ? current->focus : xcb_window_t{XCB_WINDOW_NONE};
     }
     void resize(xcb_window_t window, std::uint32_t width, std::uint32_t height) const {
         const std::uint32_t size[] = {width, height};
@@ -154,6 +164,7 @@ class TestWindow {
     xcb_window_t top_ = 0;
     xcb_window_t pane_ = 0;
     xcb_window_t keyboard_ = 0;
+    xcb_window_t dialog_ = 0;
 };
 
 }  // namespace mergeloom
