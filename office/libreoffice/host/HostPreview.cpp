@@ -22,9 +22,7 @@ std::string HostPreview::packageOf(const DocumentReference& document, DocumentKi
 }
 
 void HostPreview::show(const HostWindow& window, const std::string& bytes, DocumentKind kind) {
-    const auto makeFrame = [&] {
-        return frames_.emplace_back(session_.connection(), windows_, window, commands_).uno();
-    };
+    const auto makeFrame = [&] { return frames_.make(window); };
     const DocumentReference shown = session_.files().showCopy(nameOf(kind), bytes, kind, makeFrame);
     closeAllBut(shown);
     session_.connection().call([this] {
@@ -33,23 +31,13 @@ void HostPreview::show(const HostWindow& window, const std::string& bytes, Docum
 }
 
 void HostPreview::end() {
-    if (!frames_.empty()) closeAllBut({});
-}
-
-HostFrame* HostPreview::frame() {
-    std::erase_if(frames_, [](const HostFrame& frame) { return !frame.document().is(); });
-    return frames_.empty() ? nullptr : &frames_.back();
+    if (!frames_.areEmpty()) closeAllBut({});
 }
 
 void HostPreview::closeAllBut(const DocumentReference& kept) {
-    const std::vector<DocumentReference> shown = session_.connection().call([this] {
-        std::vector<DocumentReference> documents;
-        for (const HostFrame& frame : frames_)
-            documents.push_back(frame.document());
-        return documents;
-    });
-    for (const DocumentReference& document : shown)
-        if (document.is() && document != kept) session_.files().close(document);
+    for (const DocumentReference& document :
+         session_.connection().call([this] { return frames_.documents(); }))
+        if (document != kept) session_.files().close(document);
     session_.connection().call([this] { (void)frame(); });
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "office/libreoffice/host/CommandInterceptor.h"
-#include "office/libreoffice/host/HostFrame.h"
+#include "office/libreoffice/host/HostFrames.h"
 #include "office/libreoffice/host/WindowSystem.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
 #include "office/model/DocumentHost.h"
 
-#include <list>
 #include <string>
+#include <utility>
 
 namespace mergeloom::libreoffice {
 
@@ -16,7 +16,7 @@ class HostPreview {
   public:
     /// The arguments must outlive it. The sink receives the commands of the frame.
     HostPreview(LibreOfficeSession& session, const WindowSystem& windows, CommandSink commands)
-        : session_(session), windows_(windows), commands_(std::move(commands)) {}
+        : session_(session), frames_(session.connection(), windows, std::move(commands)) {}
 
     /// Returns the document as it is now, as a docx or xlsx. Errors as for LibreOfficeFiles::exportedBytes.
     std::string packageOf(const DocumentReference& document, DocumentKind kind);
@@ -26,15 +26,13 @@ class HostPreview {
     /// Closes the preview; does nothing without one.
     void end();
     /// Returns the frame of the preview; null without one. Must be called within OfficeConnection::call.
-    HostFrame* frame();
+    HostFrame* frame() { return frames_.front(); }
 
   private:
     void closeAllBut(const DocumentReference& kept);
 
     LibreOfficeSession& session_;
-    const WindowSystem& windows_;
-    CommandSink commands_;
-    std::list<HostFrame> frames_;  ///< the last one is in front
+    HostFrames frames_;
 };
 
 }  // namespace mergeloom::libreoffice

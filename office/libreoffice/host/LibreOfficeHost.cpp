@@ -17,6 +17,7 @@
 #include <chrono>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/theMacroExpander.hpp>
+#include <functional>
 #include <string_view>
 #include <utility>
 
@@ -29,10 +30,6 @@ constexpr std::chrono::milliseconds kPauseOfMonitor{100};
 constexpr std::string_view kWordIdentifiers[] = {"Word.Template.8", "Word.Template", "Word.Template.12"};
 constexpr std::string_view kExcelIdentifier = "Excel.Template";
 
-bool always() {
-    return true;
-}
-
 }  // namespace
 
 LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, DocumentKind kind,
@@ -42,14 +39,15 @@ LibreOfficeHost::LibreOfficeHost(FileStore& files, const HostWindow& window, Doc
       listener_(listener),
       focus_(std::in_place, window, listener),
       session_(std::make_shared<LibreOfficeSession>(files, TimeBounds{}, OfficeMode::Shown, window.look)),
-      filled_(*session_, windows_, [&listener](HostCommand command) { listener.fileCommand(command); }),
+      frames_(session_->connection(), windows_, std::bind_front(&HostListener::fileCommand, &listener)),
+      filled_(*session_, windows_, std::bind_front(&HostListener::fileCommand, &listener)),
       marks_(session_->connection(), windows_, window.look, [&listener] { listener.marksMayHaveMoved(); }),
       word_(makeWordApplication(session_, files, grafting)),
       excel_(makeExcelApplication(session_, files, grafting)),
       changes_(new ChangeWatch([&listener] { listener.changesBeganOrEnded(); })) {
     session_->connection().call([this] { makeFirstBars(session_->connection().context()); });
     session_->connection().interruptIdleTasks([this] { windows_.sendEmptyDamage(innerWindow()); });
-    session_->files().showIn([this] { return makeFrame(); });
+    session_->files().showIn([this] { return frames_.make(window_); });
     monitor_.emplace(kPauseOfMonitor, [this] {
         if (session_->process().isRunning()) return true;
         listener_.officeEnded();
@@ -88,25 +86,10 @@ void LibreOfficeHost::checkIsAlive() const {
                           "LibreOffice ended unexpectedly. Changes that were not saved are lost.");
 }
 
-Reference<css::frame::XFrame> LibreOfficeHost::makeFrame() {
-    const auto forward = [this](HostCommand command) { listener_.fileCommand(command); };
-    return frames_.emplace_back(session_->connection(), windows_, window_, forward).uno();
-}
-
-HostFrame* LibreOfficeHost::front() {
-    std::erase_if(frames_, [](const HostFrame& frame) { return !frame.document().is(); });
-    return frames_.empty() ? nullptr : &frames_.back();
-}
-
-DocumentReference LibreOfficeHost::frontDocument() {
-    const HostFrame* const frame = front();
-    return frame == nullptr ? DocumentReference() : frame->document();
-}
-
 /// The clicks since the start of the office belong to the opening of the first document.
 void LibreOfficeHost::beginOpening() {
     const std::uint32_t clicks = focus_->clicksBeside();
-    if (call([this] { return front() != nullptr; })) clicksBeforeOpening_ = clicks;
+    if (call([this] { return frames_.front() != nullptr; })) clicksBeforeOpening_ = clicks;
 }
 
 void LibreOfficeHost::CreateNew(const std::string& programIdentifier) {
@@ -126,13 +109,13 @@ void LibreOfficeHost::Open(const std::string& path, FileAccess access, const std
     closeAllBut(word_->Documents()->Open(path));
 } catch (const AutomationError&) {
     // The frame that was made for the file must not cover the former document.
-    (void)front();
+    (void)frames_.front();
     throw;
 }
 
 HostedDocument LibreOfficeHost::ActiveDocument() {
     if (edited_.index() != 0) return edited_;
-    const DocumentReference shown = call([this] { return frontDocument(); });
+    const DocumentReference shown = call([this] { return frames_.frontDocument(); });
     if (!shown.is()) return {};
     const std::vector<HostedDocument> all = openDocuments(*word_, *excel_);
     const auto found =
@@ -142,14 +125,14 @@ HostedDocument LibreOfficeHost::ActiveDocument() {
 
 bool LibreOfficeHost::hasOpenDialog() {
     return call([this] {
-        const HostFrame* const frame = front();
+        const HostFrame* const frame = frames_.front();
         return frame != nullptr && frame->hasOpenDialog();
     });
 }
 
 bool LibreOfficeHost::isReadOnly() {
     return call([this] {
-        const Reference<css::frame::XStorable> document(frontDocument(), UNO_QUERY);
+        const Reference<css::frame::XStorable> document(frames_.frontDocument(), UNO_QUERY);
         return document.is() && document->isReadonly();
     });
 }
@@ -180,11 +163,11 @@ void LibreOfficeHost::endPreview() {
 }
 
 bool LibreOfficeHost::hasChangesToKeep() {
-    return call([this] { return session_->files().hasChangesToKeep(frontDocument()); });
+    return call([this] { return session_->files().hasChangesToKeep(frames_.frontDocument()); });
 }
 
 void LibreOfficeHost::keepCopy(const std::string& path) {
-    session_->files().keepCopy(call([this] { return frontDocument(); }), path);
+    session_->files().keepCopy(call([this] { return frames_.frontDocument(); }), path);
 }
 
 void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
@@ -193,7 +176,7 @@ void LibreOfficeHost::closeAllBut(const HostedDocument& kept) {
     if (kept.index() == 0) return;
     call([&] {
         changes_->watch(componentOf(kept));
-        if (const HostFrame* const frame = front()) frame->waitUntilNoticed();
+        if (const HostFrame* const frame = frames_.front()) frame->waitUntilNoticed();
     });
 }
 
@@ -202,12 +185,12 @@ void LibreOfficeHost::endInput() {
 }
 
 std::vector<std::string> LibreOfficeHost::placeNames() {
-    return call([this] { return HostPlaces(frontDocument()).names(); });
+    return call([this] { return HostPlaces(frames_.frontDocument()).names(); });
 }
 
 std::vector<std::string> LibreOfficeHost::placesAt(HostPoint point) {
     return call([&]() -> std::vector<std::string> {
-        HostFrame* const frame = front();
+        HostFrame* const frame = frames_.front();
         if (frame == nullptr || !frame->isLaidOut() || frame->hasOpenDialog()) return {};
         return HostPlaces(frame->document()).at(frame->caret().find(point), frame->uno()->getController());
     });
@@ -218,17 +201,17 @@ void LibreOfficeHost::showPlace(const std::string& name) {
     withFront([&](const HostFrame& frame) {
         HostPlaces(frame.document()).select(name, frame.uno()->getController());
     });
-    focus(always);
+    focus([] { return true; });
 }
 
 void LibreOfficeHost::renamePlace(const std::string& name, const std::string& newName) {
     endInput();
-    call([&] { HostPlaces(frontDocument()).rename(name, newName); });
+    call([&] { HostPlaces(frames_.frontDocument()).rename(name, newName); });
 }
 
 void LibreOfficeHost::removePlace(const std::string& name) {
     endInput();
-    call([&] { HostPlaces(frontDocument()).remove(name); });
+    call([&] { HostPlaces(frames_.frontDocument()).remove(name); });
 }
 
 void LibreOfficeHost::beginEditing() {
@@ -259,7 +242,7 @@ void LibreOfficeHost::endEditing() {
 /// Does not move the caret, which would lose the selection.
 void LibreOfficeHost::showDropPlace(HostPoint point) {
     call([&] {
-        HostFrame* const frame = front();
+        HostFrame* const frame = frames_.front();
         if (frame == nullptr || frame->hasOpenDialog()) return;
         frame->waitForLayout();
         CaretTarget target = frame->caret().find(point);
@@ -282,7 +265,7 @@ void LibreOfficeHost::enterCells(const HostFrame& frame, const CaretTarget& targ
 bool LibreOfficeHost::placeCaret(HostPoint point) {
     preview_.hide();
     const CaretPlacement placement = call([&] {
-        HostFrame* const frame = front();
+        HostFrame* const frame = frames_.front();
         if (frame == nullptr) return CaretPlacement::Nowhere;
         frame->waitForLayout();
         const CaretTarget target = frame->caret().find(point);
@@ -297,7 +280,7 @@ bool LibreOfficeHost::placeCaret(HostPoint point) {
 void LibreOfficeHost::clickBlank(HostPoint point) {
     const auto caret = [&] {
         handleEvents();
-        return CaretPlacer::nearestCaret(front()->caret().find(point));
+        return CaretPlacer::nearestCaret(frames_.front()->caret().find(point));
     };
     clickUntilMoved(call(caret), [&] {
         windows_.click(innerWindow(), point);
@@ -318,8 +301,7 @@ void LibreOfficeHost::setEnabled(const HostedDocument& hosted, bool enabled) {
     call([&] {
         // Input belongs to the state in which the user gave it.
         handleEvents();
-        for (const HostFrame& frame : frames_)
-            frame.setEnabled(enabled);
+        frames_.setEnabled(enabled);
     });
 }
 
@@ -327,8 +309,7 @@ void LibreOfficeHost::resize(int width, int height) {
     window_.width = width;
     window_.height = height;
     call([&] {
-        for (HostFrame& frame : frames_)
-            frame.resize(width, height);
+        frames_.resize(width, height);
         if (HostFrame* const frame = filled_.frame()) frame->resize(width, height);
     });
 }
@@ -344,11 +325,8 @@ bool LibreOfficeHost::setLook(const HostLook& look) {
         changeLookSettings(session_->connection().context(), look);
         handleEvents();
     });
-    withFront([&](const HostFrame& former) {
-        (void)makeFrame();
-        frames_.back().takeDocument(former);
-    });
-    if (hadKeyboard) focus(always);
+    call([this] { frames_.renewFront(window_); });
+    if (hadKeyboard) focus([] { return true; });
     return true;
 }
 
@@ -375,7 +353,7 @@ void LibreOfficeHost::giveKeyboard(const std::function<bool()>& isWanted) {
     call([&] {
         handleEvents();
         const HostFrame* const preview = filled_.frame();
-        const HostFrame* const frame = preview != nullptr ? preview : front();
+        const HostFrame* const frame = preview != nullptr ? preview : frames_.front();
         if (frame != nullptr && isWanted() && !focus_->isKeyboardBeside()) frame->focus();
     });
     if (!isWanted() && focus_->clicksOnOffice() == clicks) focus_->takeKeyboard();
@@ -383,7 +361,7 @@ void LibreOfficeHost::giveKeyboard(const std::function<bool()>& isWanted) {
 
 bool LibreOfficeHost::showsBookmarks() {
     return call([this] {
-        const HostFrame* const frame = front();
+        const HostFrame* const frame = frames_.front();
         return frame != nullptr && frame->showsBookmarks();
     });
 }
@@ -397,7 +375,7 @@ void LibreOfficeHost::setShowsBookmarks(bool shown) {
 /// During a preview they are below it.
 void LibreOfficeHost::updateMarks() {
     const bool isPreviewing = call([this] { return filled_.frame() != nullptr; });
-    if (!isPreviewing) marks_.update(innerWindow(), call([this] { return frontDocument(); }));
+    if (!isPreviewing) marks_.update(innerWindow(), call([this] { return frames_.frontDocument(); }));
 }
 
 void LibreOfficeHost::setZoom(int percent) {

@@ -5,7 +5,7 @@
 #include "office/libreoffice/host/ChangeWatch.h"
 #include "office/libreoffice/host/ClickFocus.h"
 #include "office/libreoffice/host/DropPreview.h"
-#include "office/libreoffice/host/HostFrame.h"
+#include "office/libreoffice/host/HostFrames.h"
 #include "office/libreoffice/host/HostPreview.h"
 #include "office/libreoffice/readback/KeptOriginal.h"
 #include "office/libreoffice/session/LibreOfficeSession.h"
@@ -14,7 +14,6 @@
 #include "office/model/excel/Application.h"
 #include "office/model/word/Application.h"
 
-#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -80,16 +79,11 @@ class LibreOfficeHost final : public DocumentHost {
     template <typename Body>
     void withFront(const Body& body) {
         call([&] {
-            if (HostFrame* const frame = front()) body(*frame);
+            if (HostFrame* const frame = frames_.front()) body(*frame);
         });
     }
     /// Raises kNotAvailable when the office has ended; a closed frame shows only the end of its document.
     void checkIsAlive() const;
-    [[nodiscard]] Reference<css::frame::XFrame> makeFrame();
-    /// Returns the frame that the user sees; null without a document.
-    [[nodiscard]] HostFrame* front();
-    /// Returns the document of that frame; null without one.
-    [[nodiscard]] DocumentReference frontDocument();
     void closeAllBut(const HostedDocument& kept);
     void closeDocuments();
     [[nodiscard]] xcb_window_t innerWindow() const {
@@ -111,13 +105,13 @@ class LibreOfficeHost final : public DocumentHost {
     std::optional<ClickFocus> focus_;
     std::uint32_t clicksBeforeOpening_ = 0;  ///< beside the document
     std::shared_ptr<LibreOfficeSession> session_;
+    HostFrames frames_;
     HostPreview filled_;
     CellMarks marks_;
     word::ApplicationPtr word_;
     excel::ApplicationPtr excel_;
     rtl::Reference<ChangeWatch> changes_;
-    std::list<HostFrame> frames_;  ///< the last one is in front
-    HostedDocument edited_;        ///< by the object model now
+    HostedDocument edited_;  ///< by the object model now
     std::optional<PollingThread> monitor_;
 };
 
