@@ -147,7 +147,8 @@ def document_has_keyboard():
     The number of a window begins with that of the connection that made it."""
     def maker(window):
         return window & ~0x1FFFFF
-    return maker(window_with_focus()) != maker(number_of("getactivewindow"))
+    active = number_of("getactivewindow")  # none while another window is closed
+    return active != 0 and maker(window_with_focus()) != maker(active)
 
 
 def has_focus(element):

@@ -170,6 +170,7 @@ class InWord(DesignerTest):
         self.picture("help-document")
         self.close_help()
         designer.wait_until_active()
+        wait_for("the keyboard in the document", document_has_keyboard)
         type_text("typed")
         key("ctrl+shift+s")
         box = designer.dialog()
