@@ -59,15 +59,24 @@ inline std::vector<pid_t> processesNaming(const std::string& text) {
     return found;
 }
 
-/// Returns true if all threads of a process are stopped. A signal that stops it does so a little later.
+/// Returns the state of a thread as proc(5) names it; 0 if it has ended.
+inline char stateOf(const std::filesystem::path& thread) {
+    std::ostringstream text;
+    text << std::ifstream(thread / "stat").rdbuf();
+    // The state is the field after the name, which is in parentheses.
+    const std::size_t name = text.view().rfind(')');
+    return name == std::string_view::npos ? '\0' : text.view().at(name + 2);
+}
+
+/// Returns true if no thread of a process runs on after a signal that stops it, which takes effect a little
+/// later. A thread that starts a program, as an office does to ask for printers, waits uninterruptibly ('D')
+/// for a child that was stopped before its first instruction, and is stopped itself only after that.
 inline bool isStopped(pid_t process) {
+    std::error_code hasEnded;
     for (const auto& thread :
-         std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
-        std::ostringstream text;
-        text << std::ifstream(thread.path() / "stat").rdbuf();
-        // The state is the field after the name, which is in parentheses.
-        if (!text.view().substr(text.view().rfind(')') + 1).starts_with(" T")) return false;
-    }
+         std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task", hasEnded))
+        if (const char state = stateOf(thread.path()); state != 'T' && state != 'D' && state != '\0')
+            return false;
     return true;
 }
 
