@@ -98,8 +98,9 @@ class InWord(DesignerTest):
                     xdotool("key", "--delay", 0, *["a"] * 300)
                     click(place)
         wait_for("the keyboard in the document", document_has_keyboard)
-        text = "".join(read_docx.read_paragraphs(self.save_as("clicked.docx")))
-        self.assertEqual(sorted(text.replace("CustomerID", "").strip()), list("12345"))
+        text = "".join(read_docx.read_paragraphs(self.save_as("clicked.docx"))).replace("CustomerID", "")
+        # A document that was given the keyboard before the window was stopped has its share of these keys.
+        self.assertEqual(sorted(text.replace("a", "").strip()), list("12345"))
 
     def click_search(self):
         search = self.designer.element("text", "Search:")
